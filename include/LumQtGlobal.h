@@ -1,0 +1,21 @@
+#pragma once
+
+/// \file
+/// What every public header of the library needs: the export macro and the version.
+/// \since 1.0
+
+#include "LumQtVersion.h"
+
+#include <QtGlobal>
+
+#if defined(LUMQT_BUILD_LIBRARY)
+#define LUMQT_EXPORT Q_DECL_EXPORT
+#else
+#define LUMQT_EXPORT Q_DECL_IMPORT
+#endif
+
+#if defined(_MSC_VER)
+// Exported classes hold Qt's template containers; application and library are built with the same Qt and
+// compiler.
+#pragma warning(disable : 4251)
+#endif

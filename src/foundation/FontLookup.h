@@ -1,0 +1,25 @@
+#pragma once
+
+#include "foundation/Internals.h"
+
+#include <QFont>
+#include <QString>
+
+// Name of the interface language, such as "English". Asked of the system until the answer is not empty, then
+// kept.
+LUMQT_TESTED QString GetUILanguage();
+
+// Font family of the interface language for a weight: 0 light, 1 normal, 2 semibold, 3 bold. "Segoe UI" where
+// the table has none. The table is "../res/Common/langind.ini" of the current directory at the first call.
+LUMQT_TESTED QString GetFontFamily(int weightIndex);
+
+namespace lumqt {
+
+enum FontWeight { LightWeight = 0, NormalWeight = 1, SemiboldWeight = 2, BoldWeight = 3 };
+constexpr int kTextPixelSize = 14;
+
+// The font of a widget. Equal requests share one QFont, so that comparing two of them is comparing two
+// pointers.
+LUMQT_TESTED QFont uiFont(int weightIndex = NormalWeight, int pixelSize = kTextPixelSize);
+
+} // namespace lumqt

@@ -1,0 +1,3 @@
+#include "foundation/Log.h"
+
+Q_LOGGING_CATEGORY(lcLumQt, "lumqtlib")

@@ -1,0 +1,200 @@
+#include "foundation/Painting.h"
+
+#include <QCache>
+#include <QCoreApplication>
+#include <QFontMetrics>
+#include <QPaintDevice>
+#include <QPainter>
+#include <QPixmap>
+#include <QTextOption>
+
+namespace lumqt {
+
+namespace {
+
+constexpr int kBodyCacheKiB = 16 * 1024;
+// Beyond this a body costs more memory than rendering it anew costs time (logical pixels).
+constexpr int kLargestCachedSide = 2048;
+const QColor kDotColor(0xe0, 0x20, 0x20);
+constexpr qreal kDotRadius = 4.0;
+
+struct BodyKey
+{
+    QSize size;
+    QRgb fill;
+    QRgb frame;
+    int frameWidth;
+    int radiusX;
+    int radiusY;
+    int ratio; // thousandths
+
+    bool operator==(const BodyKey &other) const
+    {
+        return size == other.size && fill == other.fill && frame == other.frame &&
+               frameWidth == other.frameWidth && radiusX == other.radiusX && radiusY == other.radiusY &&
+               ratio == other.ratio;
+    }
+};
+
+uint qHash(const BodyKey &key, uint seed = 0)
+{
+    uint hash = seed;
+    for (const uint part : {uint(key.size.width()), uint(key.size.height()), key.fill, key.frame,
+                            uint(key.frameWidth), uint(key.radiusX), uint(key.radiusY), uint(key.ratio)})
+        hash = (hash ^ part) * 0x01000193u; // FNV-1a, a word at a time
+    return hash;
+}
+
+QCache<BodyKey, QPixmap> &bodies()
+{
+    static QCache<BodyKey, QPixmap> *cache = [] {
+        // Pixmaps must be gone before the application is.
+        qAddPostRoutine([] { bodies().clear(); });
+        return new QCache<BodyKey, QPixmap>(kBodyCacheKiB);
+    }();
+    return *cache;
+}
+
+// A logical width in whole device pixels, so that frames are as sharp at 150 per cent as at 100.
+qreal wholePixels(int width, qreal ratio)
+{
+    return width > 0 ? qMax(1, qRound(width * ratio)) / ratio : 0.0;
+}
+
+void renderBody(QPainter &painter, const QRectF &rect, const Body &body, qreal ratio)
+{
+    const bool framed = body.frame.isValid() && body.frameWidth > 0;
+    const qreal width = wholePixels(body.frameWidth, ratio);
+    const qreal inset = framed ? width / 2 : 0.0; // the line lies within the rectangle, on pixel centres
+    painter.setPen(framed ? QPen(body.frame, width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin)
+                          : QPen(Qt::NoPen));
+    painter.setBrush(body.fill.isValid() ? QBrush(body.fill) : QBrush(Qt::NoBrush));
+    const QRectF line = rect.adjusted(inset, inset, -inset, -inset);
+    if (body.radiusX > 0)
+        painter.drawRoundedRect(line, body.radiusX, body.radiusY);
+    else
+        painter.drawRect(line);
+}
+
+QPixmap bodyPixmap(const QSize &size, const Body &body, qreal ratio)
+{
+    const BodyKey key{size,
+                      body.fill.isValid() ? body.fill.rgba() : 0u,
+                      body.frame.isValid() ? body.frame.rgba() : 0u,
+                      body.frame.isValid() ? body.frameWidth : 0,
+                      body.radiusX,
+                      body.radiusY,
+                      qRound(ratio * 1000)};
+    if (const QPixmap *known = bodies().object(key))
+        return *known;
+    QPixmap pixmap(qMax(1, qRound(size.width() * ratio)), qMax(1, qRound(size.height() * ratio)));
+    pixmap.setDevicePixelRatio(ratio);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    // The pixmap holds whole device pixels: at 150 per cent that is not quite the logical size.
+    renderBody(painter, QRectF(0, 0, pixmap.width() / ratio, pixmap.height() / ratio), body, ratio);
+    painter.end();
+    bodies().insert(key, new QPixmap(pixmap), 1 + pixmap.width() * pixmap.height() / 256);
+    return pixmap;
+}
+
+qreal ratioOf(const QPainter &painter)
+{
+    return painter.device() ? painter.device()->devicePixelRatioF() : 1.0;
+}
+
+} // namespace
+
+void drawBody(QPainter &painter, const QRect &rect, const Body &body)
+{
+    if (rect.isEmpty())
+        return;
+    const qreal ratio = ratioOf(painter);
+    const bool cached = body.radiusX > 0 && qMax(rect.width(), rect.height()) <= kLargestCachedSide;
+    if (cached) {
+        painter.drawPixmap(rect.topLeft(), bodyPixmap(rect.size(), body, ratio));
+        return;
+    }
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    renderBody(painter, QRectF(rect), body, ratio);
+    painter.restore();
+}
+
+void drawDropTriangle(QPainter &painter, const QPointF &topLeft, int width, int height, const QColor &color)
+{
+    const QPointF corners[] = {topLeft, topLeft + QPointF(width, 0), topLeft + QPointF(width / 2, height)};
+    painter.save();
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(color);
+    painter.drawPolygon(corners, 3);
+    painter.restore();
+}
+
+void drawDotBadge(QPainter &painter, const QPoint &topLeft)
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(kDotColor);
+    painter.drawRoundedRect(QRect(topLeft, QSize(kDotBadgeSize, kDotBadgeSize)), kDotRadius, kDotRadius);
+    painter.restore();
+}
+
+void CachedText::layOut(const QString &text, const QFont &font, qreal ratio)
+{
+    if (ratio == m_ratio && text == m_text && font == m_font)
+        return;
+    m_text = text;
+    m_font = font;
+    m_ratio = ratio;
+    // Line breaks and tabs need the general layout, which knows them.
+    m_oneLine = !text.contains(QLatin1Char('\n')) && !text.contains(QLatin1Char('\t')) &&
+                !text.contains(QChar::LineSeparator) && !text.contains(QChar::ParagraphSeparator);
+    if (m_oneLine) {
+        m_layout.setTextFormat(Qt::PlainText);
+        m_layout.setText(text);
+        m_layout.prepare(QTransform(), font);
+        m_size = m_layout.size().toSize();
+    } else {
+        m_size = QFontMetrics(font).size(Qt::TextExpandTabs, text);
+    }
+}
+
+void CachedText::drawCentred(QPainter &painter, const QRect &rect, const QString &text, const QFont &font)
+{
+    if (text.isEmpty())
+        return;
+    layOut(text, font, ratioOf(painter));
+    painter.setFont(font);
+    if (m_oneLine && m_size.width() <= rect.width()) {
+        painter.drawStaticText(rect.x() + (rect.width() - m_size.width()) / 2,
+                               rect.y() + (rect.height() - m_size.height()) / 2, m_layout);
+        return;
+    }
+    QTextOption option(Qt::AlignCenter);
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    painter.drawText(QRectF(rect), text, option);
+}
+
+void CachedText::drawLeft(QPainter &painter, const QRect &rect, const QString &text, const QFont &font)
+{
+    if (text.isEmpty())
+        return;
+    layOut(text, font, ratioOf(painter));
+    painter.setFont(font);
+    if (m_oneLine)
+        painter.drawStaticText(rect.x(), rect.y() + (rect.height() - m_size.height()) / 2, m_layout);
+    else
+        painter.drawText(rect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextExpandTabs, text);
+}
+
+QSize CachedText::lineSize(const QString &text, const QFont &font)
+{
+    layOut(text, font, m_ratio > 0 ? m_ratio : 1.0);
+    return m_size;
+}
+
+} // namespace lumqt

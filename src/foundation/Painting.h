@@ -1,0 +1,65 @@
+#pragma once
+
+#include "foundation/Internals.h"
+
+#include <QColor>
+#include <QFont>
+#include <QMargins>
+#include <QRect>
+#include <QStaticText>
+#include <QString>
+
+class QPainter;
+
+// What the painters of several widgets share. GUI thread only.
+namespace lumqt {
+
+// A filled rectangle with a frame, square or with round corners. Sizes are logical pixels.
+struct Body
+{
+    QColor fill;        // invalid: not filled
+    QColor frame;       // invalid: no frame
+    int frameWidth = 1; // drawn inside the rectangle, so that its outermost pixel has the frame's colour
+    int radiusX = 0;    // 0: square corners
+    int radiusY = 0;
+};
+
+// Draws `body` into `rect`. A rounded body is rendered once per size, look and device pixel ratio, and
+// blitted after.
+LUMQT_TESTED void drawBody(QPainter &painter, const QRect &rect, const Body &body);
+
+// A triangle that points down, its box at `topLeft`.
+LUMQT_TESTED void drawDropTriangle(QPainter &painter, const QPointF &topLeft, int width, int height,
+                                   const QColor &color);
+
+// The red dot that marks an item or button: 8 x 8 pixels at `topLeft`.
+LUMQT_TESTED void drawDotBadge(QPainter &painter, const QPoint &topLeft);
+constexpr int kDotBadgeSize = 8;
+
+// A text that a widget draws again and again. It is laid out only when text, font or device pixel ratio
+// change.
+class LUMQT_TESTED CachedText
+{
+public:
+    // Draws `text` in the painter's pen, centred in `rect`; what does not fit on one line is wrapped at
+    // words, or anywhere. The text is plain: no markup, and "&" is an ampersand.
+    void drawCentred(QPainter &painter, const QRect &rect, const QString &text, const QFont &font);
+
+    // Draws `text` on one line at the left of `rect`, centred vertically.
+    void drawLeft(QPainter &painter, const QRect &rect, const QString &text, const QFont &font);
+
+    // Size of `text` on one line, in logical pixels.
+    QSize lineSize(const QString &text, const QFont &font);
+
+private:
+    void layOut(const QString &text, const QFont &font, qreal ratio);
+
+    QStaticText m_layout;
+    QString m_text;
+    QFont m_font;
+    QSize m_size;
+    qreal m_ratio = 0.0;
+    bool m_oneLine = false;
+};
+
+} // namespace lumqt

@@ -1,0 +1,116 @@
+#include "Util.h"
+
+#include "foundation/Log.h"
+#include "foundation/ResourcePath.h"
+#include "platform/Platform.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QRegExp>
+#include <QSettings>
+
+namespace {
+
+const char kConfigFile[] = "../res/UIConfig.ini";
+const char kWindowGroup[] = "window";
+
+// Without an application QCoreApplication has no folder to tell, and warns when asked.
+QString programFolder()
+{
+    return QCoreApplication::instance() ? QCoreApplication::applicationDirPath() : QString();
+}
+
+QColor configuredColor(const char *key, bool &found)
+{
+    QVariant value;
+    found = Util::readIni(QLatin1String(kWindowGroup), QLatin1String(key), value,
+                          Util::getResFullPath(QLatin1String(kConfigFile)));
+    return found ? QColor(value.toString()) : QColor();
+}
+
+} // namespace
+
+QString Util::getResFullPath(const QString &rel)
+{
+    return lumqt::resourcePath(programFolder(), rel, lumqt::platform::pathSeparator());
+}
+
+QString Util::getLumResFullPath(const QString &name)
+{
+    return getResFullPath(QLatin1String("../res/Common/") + name);
+}
+
+QString Util::getcurappPath(const QString &name)
+{
+    if (name.isEmpty())
+        return QString();
+    const QString separator = lumqt::platform::pathSeparator();
+    return programFolder().replace(QLatin1Char('/'), separator) + separator + name;
+}
+
+QString Util::chopTailChar(const QString &s, char c, bool alsoBackslash)
+{
+    if (s.isEmpty() || s.back() != QLatin1Char(c))
+        return s;
+    const QString rest = s.left(s.size() - 1);
+    return alsoBackslash ? chopDirSplitor(rest) : rest;
+}
+
+QString Util::chopDirSplitor(const QString &s)
+{
+    return chopTailChar(s, '\\', false);
+}
+
+bool Util::readIni(QString group, QString key, QVariant &value, QString file)
+{
+    if (file.isEmpty() || key.isEmpty() || group.isEmpty())
+        return false;
+    const QSettings settings(file, QSettings::IniFormat);
+    value = settings.value(group + QLatin1Char('/') + key, QVariant());
+    return value.isValid();
+}
+
+void Util::writeIni(QString group, QString key, QVariant value, QString file)
+{
+    if (file.isEmpty() || key.isEmpty() || group.isEmpty())
+        return;
+    QSettings settings(file, QSettings::IniFormat);
+    settings.beginGroup(group);
+    settings.setValue(key, value);
+    settings.endGroup();
+    settings.sync();
+    if (settings.status() != QSettings::NoError)
+        qCWarning(lcLumQt, "The settings file %s cannot be written", qUtf8Printable(file));
+}
+
+QColor Util::GetWindowTitleBgColor()
+{
+    bool found = false;
+    return configuredColor("title_bgcolor", found);
+}
+
+QColor Util::GetWindowTitleTextColor()
+{
+    bool found = false;
+    return configuredColor("title_textcolor", found);
+}
+
+QColor Util::GetWindowTitleBottomLineClr(bool &found)
+{
+    // The key is spelled as every shipped file spells it.
+    return configuredColor("title_bottonline", found);
+}
+
+bool Util::IsMail(const QString &s)
+{
+    const QRegExp pattern(QStringLiteral("^[\\w.%+-]+@[A-Z0-9.-]+\\.[A-Z]{2,4}$"), Qt::CaseInsensitive);
+    return pattern.exactMatch(s);
+}
+
+bool Util::IsIPAddress(const QString &s)
+{
+    const QRegExp pattern(
+        QStringLiteral("^(([1]?\\d\\d?|2[0-4]\\d|25[0-5])\\.){3}([1]?\\d\\d?|2[0-4]\\d|25[0-5])$"),
+        Qt::CaseSensitive);
+    return pattern.exactMatch(s);
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "foundation/Internals.h"
+
+#include <QRect>
+#include <QString>
+
+#include <functional>
+
+class QWidget;
+
+// Everything the library asks of the operating system. `windows/` answers with Win32, `generic/` with Qt.
+namespace lumqt::platform {
+
+// The answers of the system. All sizes are logical pixels of the widget's screen; a null widget means the
+// primary screen.
+struct Answers
+{
+    // Width of a sizing border (SM_CXSIZEFRAME, the same metric as SM_CXFRAME).
+    std::function<int(const QWidget *)> frameWidth;
+    // Height of a native caption (SM_CYCAPTION).
+    std::function<int(const QWidget *)> captionHeight;
+    // What the task bar leaves free of the primary screen.
+    std::function<QRect()> workArea;
+    // Name of the interface language that the application's installer has stored; "English" when none is.
+    std::function<QString()> interfaceLanguage;
+};
+
+// The answers in force: the system's own, until a test replaces one. GUI thread only.
+LUMQT_TESTED Answers &answers();
+
+// The separator that resource paths are built with.
+QString pathSeparator();
+
+// The system's own answers, from the platform folder.
+Answers systemAnswers();
+
+} // namespace lumqt::platform
