@@ -1,0 +1,281 @@
+"""Renders the pictures of the library from the drawings in glyphs/.
+
+A drawing is one glyph on a grid of 24 units, in "currentColor". The tables below say which files are made of it:
+the colour of the glyph, the tile behind it and the size of the canvas. No state is drawn twice.
+
+Called by render.sh, which installs the tools. Usage: render.py FOLDER
+"""
+
+import math
+import pathlib
+import re
+import subprocess
+import sys
+import tempfile
+from dataclasses import dataclass
+
+GLYPHS = pathlib.Path(__file__).resolve().parent / "glyphs"
+GRID = 24
+STROKE = 2
+CORNER = 4  # of the tile behind a caption glyph
+
+# The two accents of the library, and the darker shade of the first that still reads on a pale one.
+BLUE = "#49a7f5"
+TEAL = "#4baeb2"
+DEEP_BLUE = "#2f86d6"
+WHITE = "#ffffff"
+DARK_BAR = "#222a3e"
+
+# A mid tone: 3.7:1 on white and 3.8:1 on the dark title bar, for buttons that are shown on both.
+CAPTION_INK = "#76869b"
+FIELD_INK = "#5c6672"  # icons inside white fields
+AMBER = "#e3951f"
+RED = "#e04848"
+DARK_RED = "#b93535"
+
+
+@dataclass(frozen=True)
+class Look:
+    """How a glyph looks in one state: its ink and the tile behind it (none when tile is empty)."""
+
+    ink: str
+    tile: str = ""
+    tile_opacity: float = 1
+    opacity: float = 1
+
+
+def caption_looks(hover_ink, disabled):
+    """The four states of a caption button: a mid tone, a tinted tile, a solid tile, a pale glyph."""
+    return {
+        "normal": Look(CAPTION_INK),
+        "hover": Look(hover_ink, BLUE, 0.12),
+        "press": Look(WHITE, DEEP_BLUE),
+        "disable": disabled,
+    }
+
+
+def close_looks(looks):
+    return {**looks, "hover": Look(WHITE, RED), "press": Look(WHITE, DARK_RED)}
+
+
+CAPTION = caption_looks(DEEP_BLUE, Look(CAPTION_INK, opacity=0.4))
+# The title bar is always dark, and Qt applies the opacity of a group to each of its shapes, which shows where they
+# overlap: here the pale glyph is an opaque colour.
+TITLE_BAR = caption_looks(BLUE, Look("#465166"))
+# The back button paints its own capsule, so its pictures have no tile.
+BACK = {
+    "normal": Look(CAPTION_INK),
+    "hover": Look(BLUE),
+    "press": Look(WHITE),
+    "disable": Look("#465166"),
+}
+GIFT = {"normal": Look(TEAL), "hover": Look("#7fd0d3", TEAL, 0.2)}
+FIELD = {
+    "normal": Look(FIELD_INK),
+    "hover": Look(DEEP_BLUE),
+    "press": Look("#1c5f9f"),
+    "disable": Look(FIELD_INK, opacity=0.4),
+}
+CLEAR = {"normal": Look("#9aa4af"), "hover": Look(RED), "press": Look(DARK_RED)}
+
+# Canvas sizes in pixels (width, height) at 100 per cent.
+STRIP_BUTTON = (28, 28)
+BAR_BUTTON = (32, 32)
+FIELD_ICON = (16, 16)
+LEAD_ICON = (20, 20)  # in a tool button of its own size that pads it by two pixels
+MESSAGE_ICON = (48, 48)
+LOADING = (20, 20)
+WAITING = (64, 64)
+
+
+@dataclass(frozen=True)
+class Picture:
+    """One file of res/: a glyph whose grid is placed at `at` (pixels, None: centred), `scale` pixels a unit."""
+
+    file: str
+    glyph: str
+    size: tuple
+    look: Look
+    at: tuple = None
+    scale: int = 1
+
+
+def states(pattern, glyph, size, looks, **placement):
+    """One picture for each state; "{}" in the file name stands for the state."""
+    return [Picture(pattern.format(state), glyph, size, look, **placement) for state, look in looks.items()]
+
+
+def pictures():
+    table = []
+    # White strips; maximise and restore are shown on the dark title bar too.
+    for name, glyph in (("list", "list"), ("minimize", "minimize"), ("maximize", "maximize")):
+        table += states(name + "_{}.png", glyph, STRIP_BUTTON, CAPTION)
+    table += states("maximize_restore_{}.png", "restore", STRIP_BUTTON, CAPTION)
+    table += states("close_{}.png", "close", STRIP_BUTTON, close_looks(CAPTION))
+    table.append(Picture("line.png", "separator", (9, 28), Look("#c8ced6"), at=(-8, 2)))
+    table.append(Picture("title_logo.png", "logo", (24, 24), Look(WHITE)))
+
+    # The dark title bar.
+    table += states("Common/minimize_{}.png", "minimize", BAR_BUTTON, TITLE_BAR)
+    table += states("Common/ico_more_{}.svg", "more", BAR_BUTTON, TITLE_BAR)
+    table += states("Common/ico_onlinesupport_{}.svg", "support", BAR_BUTTON, TITLE_BAR)
+    table += states("Common/gift_{}.svg", "gift", BAR_BUTTON, GIFT)
+    for state, look in close_looks(TITLE_BAR).items():
+        spelled = "noemal" if state == "normal" else state  # the name the title bar asks for
+        table.append(Picture(f"Common/ico_guanbi_{spelled}.svg", "close", BAR_BUTTON, look))
+    # A round button draws its picture half its height in from the left: the arrow lies left on the canvas, so that
+    # it comes to rest in the middle of a capsule of 48 x 32.
+    table += states("Common/back_{}.png", "back", (48, 32), BACK, at=(-4, 4))
+
+    # Message boxes.
+    for name, glyph, ink in (
+        ("info", "info", BLUE),
+        ("quest", "question", TEAL),
+        ("alert", "alert", AMBER),
+        ("wrong", "error", RED),
+    ):
+        table.append(Picture(f"icon_{name}.png", glyph, MESSAGE_ICON, Look(ink), scale=2))
+
+    # Fields and lists.
+    for name, glyph in (("icon_user", "user"), ("icon_lock", "lock")):
+        table.append(Picture(name + ".png", glyph, LEAD_ICON, FIELD["normal"]))
+    for name, glyph in (("search_icon", "search"), ("icon_arrowdown", "chevron-down"), ("icon_arrowup", "chevron-up")):
+        table.append(Picture(name + ".png", glyph, FIELD_ICON, FIELD["normal"]))
+    table += states("icon_delete_{}.png", "clear", FIELD_ICON, CLEAR)
+    for direction, glyph in (("prev", "page-left"), ("next", "page-right")):
+        # On the highlight colour of a calendar's bar, whatever it is: the disc brings its own ground.
+        table.append(Picture(f"calendar_{direction}.png", glyph, FIELD_ICON, Look(DARK_BAR)))
+    # An image button with a border draws its picture five pixels in from the left: the glyph lies left on the canvas.
+    for state, look in FIELD.items():
+        suffix = "" if state == "normal" else "_" + state
+        table.append(Picture(f"icon_log_calendar{suffix}.png", "calendar", (24, 20), look, at=(-4, -2)))
+    for state in ("normal", "hover", "press"):
+        suffix = "" if state == "normal" else "_" + state
+        look = {"normal": FIELD["normal"], "hover": Look(RED), "press": Look(DARK_RED)}[state]
+        table.append(Picture(f"delete{suffix}.png", "cross", (20, 20), look, at=(-7, -2)))
+
+    # The two halves of the mark, which a waiter draws apart.
+    table.append(Picture("log_l.png", "logo", (12, 24), Look(WHITE), at=(0, 0)))
+    table.append(Picture("log_r.png", "logo", (12, 24), Look(WHITE), at=(-12, 0)))
+    return table
+
+
+def drawing(glyph, ink):
+    """The inside of a glyph's file in one colour."""
+    text = (GLYPHS / (glyph + ".svg")).read_text(encoding="utf-8")
+    inside = re.search(r"<svg[^>]*>\n(.*)</svg>", text, re.S).group(1)
+    return inside.replace("currentColor", ink)
+
+
+def number(value):
+    return f"{value:.3f}".rstrip("0").rstrip(".")
+
+
+def document(size, body):
+    """An SVG of a size in pixels: presentation attributes only, as the Tiny profile wants them."""
+    w, h = size
+    return (
+        f'<svg xmlns="http://www.w3.org/2000/svg" version="1.2" baseProfile="tiny"'
+        f' width="{w}" height="{h}" viewBox="0 0 {w} {h}">\n{body}</svg>\n'
+    )
+
+
+def compose(picture):
+    w, h = picture.size
+    look = picture.look
+    body = ""
+    if look.tile:
+        opacity = "" if look.tile_opacity == 1 else f' fill-opacity="{number(look.tile_opacity)}"'
+        body += f'  <rect width="{w}" height="{h}" rx="{CORNER}" fill="{look.tile}"{opacity}/>\n'
+    span = GRID * picture.scale
+    x, y = picture.at or ((w - span) // 2, (h - span) // 2)
+    transform = f"translate({x} {y})" + (f" scale({picture.scale})" if picture.scale != 1 else "")
+    opacity = "" if look.opacity == 1 else f' opacity="{number(look.opacity)}"'
+    body += f'  <g transform="{transform}"{opacity}>\n{drawing(picture.glyph, look.ink)}  </g>\n'
+    return document(picture.size, body)
+
+
+def point(centre, radius, degrees):
+    """A point on a circle; 0 degrees is at the top, clockwise."""
+    a = math.radians(degrees)
+    return number(centre + radius * math.sin(a)), number(centre - radius * math.cos(a))
+
+
+def spinner(centre, radius, stroke, head, span):
+    """A pale ring and on it an arc of `span` degrees that ends at `head`, running from teal to the deep blue."""
+    x0, y0 = point(centre, radius, head - span)
+    x1, y1 = point(centre, radius, head)
+    large = 1 if span > 180 else 0
+    return f"""  <defs>
+    <linearGradient id="arc" gradientUnits="userSpaceOnUse" x1="{x0}" y1="{y0}" x2="{x1}" y2="{y1}">
+      <stop offset="0" stop-color="{TEAL}"/>
+      <stop offset="1" stop-color="{DEEP_BLUE}"/>
+    </linearGradient>
+  </defs>
+  <g fill="none" stroke-width="{stroke}" stroke-linecap="round">
+    <circle cx="{centre}" cy="{centre}" r="{radius}" stroke="{DEEP_BLUE}" stroke-opacity="0.2"/>
+    <path d="M{x0} {y0}A{radius} {radius} 0 {large} 1 {x1} {y1}" stroke="url(#arc)"/>
+  </g>
+"""
+
+
+def breathing_span(frame, frames):
+    """The arc grows and shrinks once in the cycle, from a quarter to two thirds of the ring."""
+    return 165 - 75 * math.cos(2 * math.pi * frame / frames)
+
+
+def loading_frame(frame):
+    """24 frames at 80 ms hold two turns, so that a turn takes about a second."""
+    w, h = LOADING
+    return document(LOADING, spinner(w // 2, w // 2 - 2, STROKE, frame * 30, breathing_span(frame, 24)))
+
+
+def waiting_frame(frame, frames):
+    """The spinner on a white tile: a GIF has no half transparent pixels, so the ground comes with it."""
+    w, h = WAITING
+    body = f'  <rect x="0.5" y="0.5" width="{w - 1}" height="{h - 1}" rx="8" fill="{WHITE}" stroke="#d5dbe2"/>\n'
+    return document(WAITING, body + spinner(w // 2, 16, 2 * STROKE, frame * 720 / frames, breathing_span(frame, frames)))
+
+
+def rasterize(svg, target, zoom):
+    target.parent.mkdir(parents=True, exist_ok=True)
+    subprocess.run(["rsvg-convert", f"--zoom={zoom}", "-f", "png", "-o", str(target)], input=svg.encode(), check=True)
+
+
+def write_png(svg, target):
+    """The picture at 100 per cent, and beside it the one at 200."""
+    rasterize(svg, target, 1)
+    rasterize(svg, target.with_name(target.stem + "@2x.png"), 2)
+
+
+def write_waiting(target, frames=48):
+    with tempfile.TemporaryDirectory() as folder:
+        names = []
+        for frame in range(frames):
+            name = pathlib.Path(folder) / f"{frame:02}.png"
+            rasterize(waiting_frame(frame, frames), name, 1)
+            names.append(str(name))
+        # One palette for all frames and no dithering: the tile stays clean and the file small.
+        command = ["convert", "-delay", "4", "-dispose", "none", *names, "-channel", "A", "-threshold", "50%", "+channel"]
+        command += ["+dither", "-colors", "63", "+map", "-layers", "optimize", "-strip", "-loop", "0", str(target)]
+        subprocess.run(command, check=True)
+
+
+def main():
+    if len(sys.argv) != 2:
+        sys.exit("usage: render.py FOLDER")
+    out = pathlib.Path(sys.argv[1])
+    for picture in pictures():
+        target = out / picture.file
+        target.parent.mkdir(parents=True, exist_ok=True)
+        if target.suffix == ".svg":
+            target.write_text(compose(picture), encoding="utf-8", newline="\n")
+        else:
+            write_png(compose(picture), target)
+    for frame in range(24):
+        write_png(loading_frame(frame), out / "loading" / f"loading{frame:02}.png")
+    write_waiting(out / "waiting.gif")
+
+
+if __name__ == "__main__":
+    main()
