@@ -19,15 +19,23 @@ constexpr int kMaxSide = 8192;       // pixels; larger files are no pictures of 
 constexpr int kCacheKiB = 48 * 1024; // decoded pictures
 constexpr int kParsedDrawings = 256; // SVG files kept parsed
 const char kHighDensityMark[] = "@2x";
+// File systems tell times in steps of some milliseconds: a file that was read sooner after its change than
+// this may have changed once more at the same time.
+constexpr qint64 kSettlingMs = 50;
 
 // What tells one content of a file from the next.
 struct FileStamp
 {
     qint64 modified = -1; // milliseconds since 1970; -1: no such file
     qint64 size = -1;     // bytes
+    bool settled = true;  // looked at long enough after the change
 
     bool exists() const { return modified != -1; }
-    bool operator==(const FileStamp &other) const { return modified == other.modified && size == other.size; }
+    // Whether a content read at this stamp is still the file's, which now has the stamp `now`.
+    bool holdsFor(const FileStamp &now) const
+    {
+        return settled && modified == now.modified && size == now.size;
+    }
 };
 
 struct Picture
@@ -77,6 +85,7 @@ FileStamp stampOf(const QString &file)
     if (info.isFile()) {
         stamp.modified = qMax<qint64>(0, info.lastModified().toMSecsSinceEpoch());
         stamp.size = info.size();
+        stamp.settled = qAbs(QDateTime::currentMSecsSinceEpoch() - stamp.modified) > kSettlingMs;
     }
     return stamp;
 }
@@ -98,7 +107,7 @@ bool isReasonable(const QSize &size, const QString &file)
 QSharedPointer<QSvgRenderer> parsedDrawing(const QString &file, const FileStamp &stamp)
 {
     if (const Drawing *known = drawings().object(file)) {
-        if (known->stamp == stamp)
+        if (known->stamp.holdsFor(stamp))
             return known->renderer;
     }
     auto renderer = QSharedPointer<QSvgRenderer>::create(file);
@@ -188,8 +197,9 @@ QPixmap loadPixmap(const QString &path, qreal ratio)
     const PictureKey key(path, qRound(ratio * 1000));
     const Picture *known = pictures().object(key);
     const FileStamp stamp = stampOf(path);
-    if (known && known->stamp == stamp &&
-        (known->highDensityFile.isEmpty() || known->highDensityStamp == stampOf(known->highDensityFile)))
+    if (known && known->stamp.holdsFor(stamp) &&
+        (known->highDensityFile.isEmpty() ||
+         known->highDensityStamp.holdsFor(stampOf(known->highDensityFile))))
         return known->pixmap;
 
     auto *picture = new Picture;

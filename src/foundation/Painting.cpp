@@ -13,8 +13,8 @@ namespace lumqt {
 namespace {
 
 constexpr int kBodyCacheKiB = 16 * 1024;
-// Beyond this a body costs more memory than rendering it anew costs time (logical pixels).
-constexpr int kLargestCachedSide = 2048;
+// Beyond this a picture of a body costs more memory than rendering it anew costs time (logical pixels).
+constexpr int kLargestCachedArea = 512 * 512;
 const QColor kDotColor(0xe0, 0x20, 0x20);
 constexpr qreal kDotRadius = 4.0;
 
@@ -61,19 +61,36 @@ qreal wholePixels(int width, qreal ratio)
     return width > 0 ? qMax(1, qRound(width * ratio)) / ratio : 0.0;
 }
 
+void renderRounded(QPainter &painter, const QRectF &rect, const Body &body, qreal frameWidth)
+{
+    const qreal inset = frameWidth / 2; // the line lies within the rectangle, on pixel centres
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(frameWidth > 0 ? QPen(body.frame, frameWidth) : QPen(Qt::NoPen));
+    painter.setBrush(body.fill.isValid() ? QBrush(body.fill) : QBrush(Qt::NoBrush));
+    painter.drawRoundedRect(rect.adjusted(inset, inset, -inset, -inset), body.radiusX, body.radiusY);
+}
+
+// Five plain fills: whole pixels, which antialiased lines would miss at the corners.
+void renderSquare(QPainter &painter, const QRectF &rect, const Body &body, qreal frameWidth)
+{
+    const QRectF inner = rect.adjusted(frameWidth, frameWidth, -frameWidth, -frameWidth);
+    if (body.fill.isValid() && inner.isValid())
+        painter.fillRect(inner, body.fill);
+    if (frameWidth <= 0)
+        return;
+    painter.fillRect(QRectF(rect.left(), rect.top(), rect.width(), frameWidth), body.frame);
+    painter.fillRect(QRectF(rect.left(), inner.bottom(), rect.width(), frameWidth), body.frame);
+    painter.fillRect(QRectF(rect.left(), inner.top(), frameWidth, inner.height()), body.frame);
+    painter.fillRect(QRectF(inner.right(), inner.top(), frameWidth, inner.height()), body.frame);
+}
+
 void renderBody(QPainter &painter, const QRectF &rect, const Body &body, qreal ratio)
 {
-    const bool framed = body.frame.isValid() && body.frameWidth > 0;
-    const qreal width = wholePixels(body.frameWidth, ratio);
-    const qreal inset = framed ? width / 2 : 0.0; // the line lies within the rectangle, on pixel centres
-    painter.setPen(framed ? QPen(body.frame, width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin)
-                          : QPen(Qt::NoPen));
-    painter.setBrush(body.fill.isValid() ? QBrush(body.fill) : QBrush(Qt::NoBrush));
-    const QRectF line = rect.adjusted(inset, inset, -inset, -inset);
-    if (body.radiusX > 0)
-        painter.drawRoundedRect(line, body.radiusX, body.radiusY);
+    const qreal frameWidth = body.frame.isValid() ? wholePixels(body.frameWidth, ratio) : 0.0;
+    if (body.radiusX > 0 && body.radiusY > 0)
+        renderRounded(painter, rect, body, frameWidth);
     else
-        painter.drawRect(line);
+        renderSquare(painter, rect, body, frameWidth);
 }
 
 QPixmap bodyPixmap(const QSize &size, const Body &body, qreal ratio)
@@ -91,7 +108,6 @@ QPixmap bodyPixmap(const QSize &size, const Body &body, qreal ratio)
     pixmap.setDevicePixelRatio(ratio);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
-    painter.setRenderHint(QPainter::Antialiasing);
     // The pixmap holds whole device pixels: at 150 per cent that is not quite the logical size.
     renderBody(painter, QRectF(0, 0, pixmap.width() / ratio, pixmap.height() / ratio), body, ratio);
     painter.end();
@@ -111,13 +127,11 @@ void drawBody(QPainter &painter, const QRect &rect, const Body &body)
     if (rect.isEmpty())
         return;
     const qreal ratio = ratioOf(painter);
-    const bool cached = body.radiusX > 0 && qMax(rect.width(), rect.height()) <= kLargestCachedSide;
-    if (cached) {
+    if (qint64(rect.width()) * rect.height() <= kLargestCachedArea) {
         painter.drawPixmap(rect.topLeft(), bodyPixmap(rect.size(), body, ratio));
         return;
     }
     painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
     renderBody(painter, QRectF(rect), body, ratio);
     painter.restore();
 }
@@ -143,35 +157,49 @@ void drawDotBadge(QPainter &painter, const QPoint &topLeft)
     painter.restore();
 }
 
-void CachedText::layOut(const QString &text, const QFont &font, qreal ratio)
+void CachedText::measure(const QString &text, const QFont &font, qreal ratio)
 {
     if (ratio == m_ratio && text == m_text && font == m_font)
         return;
     m_text = text;
     m_font = font;
     m_ratio = ratio;
+    m_painted = false;
+    m_laidOut = false;
+    const QFontMetrics metrics(font);
+    m_ascent = metrics.ascent();
     // Line breaks and tabs need the general layout, which knows them.
     m_oneLine = !text.contains(QLatin1Char('\n')) && !text.contains(QLatin1Char('\t')) &&
                 !text.contains(QChar::LineSeparator) && !text.contains(QChar::ParagraphSeparator);
-    if (m_oneLine) {
-        m_layout.setTextFormat(Qt::PlainText);
-        m_layout.setText(text);
-        m_layout.prepare(QTransform(), font);
-        m_size = m_layout.size().toSize();
-    } else {
-        m_size = QFontMetrics(font).size(Qt::TextExpandTabs, text);
+    m_size = m_oneLine ? QSize(metrics.horizontalAdvance(text), metrics.height())
+                       : metrics.size(Qt::TextExpandTabs, text);
+}
+
+// Lays nothing out for a text that is painted once: many a window is shown and closed.
+void CachedText::drawLine(QPainter &painter, const QPoint &topLeft)
+{
+    if (!m_painted) {
+        m_painted = true;
+        painter.drawText(topLeft + QPoint(0, m_ascent), m_text);
+        return;
     }
+    if (!m_laidOut) {
+        m_laidOut = true;
+        m_layout = QStaticText(m_text);
+        m_layout.setTextFormat(Qt::PlainText);
+    }
+    painter.drawStaticText(topLeft, m_layout);
 }
 
 void CachedText::drawCentred(QPainter &painter, const QRect &rect, const QString &text, const QFont &font)
 {
     if (text.isEmpty())
         return;
-    layOut(text, font, ratioOf(painter));
+    measure(text, font, ratioOf(painter));
     painter.setFont(font);
     if (m_oneLine && m_size.width() <= rect.width()) {
-        painter.drawStaticText(rect.x() + (rect.width() - m_size.width()) / 2,
-                               rect.y() + (rect.height() - m_size.height()) / 2, m_layout);
+        drawLine(painter, rect.topLeft() + QPoint((rect.width() - m_size.width()) / 2,
+                                                  (rect.height() - m_size.height()) / 2));
         return;
     }
     QTextOption option(Qt::AlignCenter);
@@ -183,17 +211,17 @@ void CachedText::drawLeft(QPainter &painter, const QRect &rect, const QString &t
 {
     if (text.isEmpty())
         return;
-    layOut(text, font, ratioOf(painter));
+    measure(text, font, ratioOf(painter));
     painter.setFont(font);
     if (m_oneLine)
-        painter.drawStaticText(rect.x(), rect.y() + (rect.height() - m_size.height()) / 2, m_layout);
+        drawLine(painter, rect.topLeft() + QPoint(0, (rect.height() - m_size.height()) / 2));
     else
         painter.drawText(rect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextExpandTabs, text);
 }
 
 QSize CachedText::lineSize(const QString &text, const QFont &font)
 {
-    layOut(text, font, m_ratio > 0 ? m_ratio : 1.0);
+    measure(text, font, m_ratio > 0 ? m_ratio : 1.0);
     return m_size;
 }
 

@@ -24,7 +24,7 @@ struct Body
     int radiusY = 0;
 };
 
-// Draws `body` into `rect`. A rounded body is rendered once per size, look and device pixel ratio, and
+// Draws `body` into `rect`. A body is rendered once per size, look and device pixel ratio, and
 // blitted after.
 LUMQT_TESTED void drawBody(QPainter &painter, const QRect &rect, const Body &body);
 
@@ -52,14 +52,18 @@ public:
     QSize lineSize(const QString &text, const QFont &font);
 
 private:
-    void layOut(const QString &text, const QFont &font, qreal ratio);
+    void measure(const QString &text, const QFont &font, qreal ratio);
+    void drawLine(QPainter &painter, const QPoint &topLeft);
 
     QStaticText m_layout;
     QString m_text;
     QFont m_font;
     QSize m_size;
     qreal m_ratio = 0.0;
+    int m_ascent = 0;
     bool m_oneLine = false;
+    bool m_painted = false;
+    bool m_laidOut = false;
 };
 
 } // namespace lumqt

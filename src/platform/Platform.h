@@ -24,13 +24,16 @@ struct Answers
     std::function<QRect()> workArea;
     // Name of the interface language that the application's installer has stored; "English" when none is.
     std::function<QString()> interfaceLanguage;
+    // Whether translucent windows are blended with what lies behind them. Where they are not, what a window
+    // leaves transparent is black.
+    std::function<bool()> composited;
 };
 
 // The answers in force: the system's own, until a test replaces one. GUI thread only.
 LUMQT_TESTED Answers &answers();
 
 // The separator that resource paths are built with.
-QString pathSeparator();
+LUMQT_TESTED QString pathSeparator();
 
 // The system's own answers, from the platform folder.
 Answers systemAnswers();

@@ -9,6 +9,8 @@
 
 #include <windows.h>
 
+#include <dwmapi.h>
+
 namespace lumqt::platform {
 
 namespace {
@@ -51,6 +53,10 @@ Answers systemAnswers()
     system.frameWidth = [](const QWidget *widget) { return metric(SM_CXSIZEFRAME, widget); };
     system.captionHeight = [](const QWidget *widget) { return metric(SM_CYCAPTION, widget); };
     system.workArea = primaryWorkArea;
+    system.composited = [] {
+        BOOL enabled = FALSE;
+        return SUCCEEDED(DwmIsCompositionEnabled(&enabled)) && enabled;
+    };
     system.interfaceLanguage = [] {
         const QSettings settings(QStringLiteral("HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVEX\\Lumora"),
                                  QSettings::NativeFormat);

@@ -1,0 +1,48 @@
+#include "EventLog.h"
+
+#include "Theme.h"
+
+#include <QPainter>
+
+namespace {
+
+constexpr int kLineHeight = 22;
+constexpr int kPadding = 12;
+constexpr int kRadius = 4;
+
+} // namespace
+
+EventLog::EventLog(const QString &hint, int lines, QWidget *parent)
+    : QWidget(parent), m_hint(hint), m_capacity(lines)
+{
+    setFixedHeight(lines * kLineHeight + 2 * kPadding);
+    setMinimumWidth(theme::kPageWidth / 2);
+    setFont(theme::font(theme::Normal, 13));
+    setAccessibleName(tr("Log of signals"));
+}
+
+void EventLog::add(const QString &line)
+{
+    m_lines.prepend(QStringLiteral("%1   %2").arg(++m_count).arg(line));
+    while (m_lines.size() > m_capacity)
+        m_lines.removeLast();
+    update();
+}
+
+void EventLog::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(theme::kLine);
+    painter.setBrush(theme::kPanel);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);
+    QRect line(kPadding + 4, kPadding, width() - 2 * kPadding - 8, kLineHeight);
+    painter.setPen(theme::kCaption);
+    if (m_lines.isEmpty())
+        painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter, m_hint);
+    for (const QString &text : qAsConst(m_lines)) {
+        painter.setPen(text == m_lines.first() ? theme::kInk : theme::kCaption);
+        painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter, text);
+        line.translate(0, kLineHeight);
+    }
+}

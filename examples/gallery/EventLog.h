@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QWidget>
+
+// The last few signals that live samples sent, the newest on top.
+class EventLog : public QWidget
+{
+public:
+    // Shows `lines` lines; `hint` stands there until the first comes.
+    EventLog(const QString &hint, int lines, QWidget *parent = nullptr);
+
+    void add(const QString &line);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QString m_hint;
+    QStringList m_lines;
+    int m_capacity;
+    int m_count = 0;
+};

@@ -1,0 +1,152 @@
+#include "GalleryWindow.h"
+
+#include "Page.h"
+#include "PageList.h"
+#include "PageRegistry.h"
+#include "Theme.h"
+
+#include "CBPMenu.h"
+#include "CBPMenuItem.h"
+#include "LumQtVersion.h"
+
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int kListButton = 1;
+constexpr int kTickWidth = 16;
+constexpr QSize kFirstSize(1208, 800);
+constexpr QSize kLeastSize(760, 480);
+
+// A thin bar without buttons, as long as the library's own is not there.
+const char kScrollBarStyle[] =
+    "QScrollBar:vertical{background:#ffffff;width:12px;margin:0;}"
+    "QScrollBar:horizontal{background:#ffffff;height:12px;margin:0;}"
+    "QScrollBar::handle{background:#c9d2dc;border-radius:4px;margin:2px;min-height:32px;min-width:32px;}"
+    "QScrollBar::handle:hover{background:#a9b6c4;}"
+    "QScrollBar::handle:pressed{background:#4baeb2;}"
+    "QScrollBar::add-line,QScrollBar::sub-line{width:0;height:0;}"
+    "QScrollBar::add-page,QScrollBar::sub-page{background:transparent;}";
+
+} // namespace
+
+GalleryWindow::GalleryWindow() : m_list(nullptr), m_stack(new QStackedWidget)
+{
+    setCaption(tr("LumQtLib gallery"));
+    setWindowTitle(tr("LumQtLib gallery"));
+
+    auto *content = new QWidget;
+    auto *layout = new QHBoxLayout(content);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(makeSideBar());
+    layout->addWidget(m_stack, 1);
+    setCentralWidget(content);
+    setMinimumSize(kLeastSize);
+    resize(kFirstSize);
+
+    connect(m_list, &PageList::pageSelected, this, &GalleryWindow::openPage);
+    m_list->setFocus();
+}
+
+QWidget *GalleryWindow::makeSideBar()
+{
+    auto *bar = new QWidget;
+    bar->setFixedWidth(theme::kSideBarWidth);
+    bar->setAutoFillBackground(true);
+    QPalette dark = bar->palette();
+    dark.setColor(QPalette::Window, theme::kInk);
+    bar->setPalette(dark);
+
+    auto *layout = new QVBoxLayout(bar);
+    layout->setContentsMargins(0, theme::kUnit, 0, 0);
+    layout->setSpacing(0);
+    m_list = new PageList;
+    layout->addWidget(m_list, 1);
+    QLabel *version =
+        theme::label(QStringLiteral("LumQtLib " LUMQT_VERSION_STR), theme::Normal, 12, theme::kSideHeading);
+    version->setContentsMargins(3 * theme::kUnit, 2 * theme::kUnit, 0, 2 * theme::kUnit);
+    layout->addWidget(version);
+    return bar;
+}
+
+bool GalleryWindow::showPage(const QString &pageId)
+{
+    return m_list->select(pageId);
+}
+
+QScrollArea *GalleryWindow::scrollArea() const
+{
+    return qobject_cast<QScrollArea *>(m_stack->currentWidget());
+}
+
+Page *GalleryWindow::page() const
+{
+    return static_cast<Page *>(scrollArea()->widget());
+}
+
+QRect GalleryWindow::windowRect()
+{
+    // The frame either lies in the contents margins or, as a native one, outside of the widget.
+    const QPoint inside = contentsRect().topLeft();
+    if (!inside.isNull())
+        return QRect(mapToGlobal(QPoint(0, 0)), size());
+    return QRect(mapToGlobal(QPoint(0, 0)), size())
+        .adjusted(-frameWidth(), -titleHight(), frameWidth(), frameWidth());
+}
+
+void GalleryWindow::openPage(const QString &pageId)
+{
+    QScrollArea *&area = m_areas[pageId];
+    if (!area) {
+        for (const PageInfo &info : pages()) {
+            if (info.id != pageId)
+                continue;
+            area = new QScrollArea;
+            area->setFrameShape(QFrame::NoFrame);
+            area->setWidgetResizable(true);
+            area->setFocusPolicy(Qt::NoFocus);
+            area->setAccessibleName(info.title);
+            area->verticalScrollBar()->setStyleSheet(QLatin1String(kScrollBarStyle));
+            area->horizontalScrollBar()->setStyleSheet(QLatin1String(kScrollBarStyle));
+            area->setWidget(info.make());
+            m_stack->addWidget(area);
+        }
+    }
+    if (area)
+        m_stack->setCurrentWidget(area);
+}
+
+bool GalleryWindow::titleBtnClicked(int id)
+{
+    if (id != kListButton)
+        return CBaseWin::titleBtnClicked(id);
+    openPageMenu();
+    return true;
+}
+
+void GalleryWindow::openPageMenu()
+{
+    const QVector<PageInfo> &all = pages();
+    if (!m_pageMenu) {
+        m_pageMenu = new CBPMenu(this);
+        m_pageMenu->SetDefIconWidth(kTickWidth);
+        for (int i = 0; i < all.size(); ++i)
+            m_pageMenu->AddAction(all[i].title, i);
+        connect(m_pageMenu, &QMenu::triggered, this,
+                [this](QAction *action) { showPage(pages().value(action->data().toInt()).id); });
+    }
+    for (int i = 0; i < all.size(); ++i) {
+        if (all[i].id == m_list->selected())
+            m_pageMenu->SetShowCheckIcon(i, QIcon(":/gallery/tick.svg"));
+    }
+    // Its right edge lies below the button's, so that it stays within the window.
+    const QPoint below = windowRect().topLeft() + btnRect(kListButton).bottomRight() + QPoint(1, 1);
+    m_pageMenu->popup(below - QPoint(m_pageMenu->sizeHint().width(), 0));
+}

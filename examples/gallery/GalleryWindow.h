@@ -1,0 +1,44 @@
+#pragma once
+
+#include "CBaseWin.h"
+
+#include <QHash>
+
+class CBPMenu;
+class Page;
+class PageList;
+class QScrollArea;
+class QStackedWidget;
+
+// The gallery's window: the list of pages at the left, the page at the right. Pages are made when first
+// shown.
+class GalleryWindow : public CBaseWin
+{
+    Q_OBJECT
+
+public:
+    GalleryWindow();
+
+    // False when there is no such page.
+    bool showPage(const QString &pageId);
+
+    // The scroll area of the page on show, and the page.
+    QScrollArea *scrollArea() const;
+    Page *page() const;
+
+    // The window with its frame, in global coordinates; on every platform, wherever the frame lies.
+    QRect windowRect();
+
+protected:
+    bool titleBtnClicked(int id) override;
+
+private:
+    QWidget *makeSideBar();
+    void openPage(const QString &pageId);
+    void openPageMenu();
+
+    PageList *m_list;
+    QStackedWidget *m_stack;
+    QHash<QString, QScrollArea *> m_areas;
+    CBPMenu *m_pageMenu = nullptr;
+};

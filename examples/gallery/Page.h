@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QVector>
+#include <QWidget>
+
+class QGridLayout;
+class QVBoxLayout;
+
+// A sample and the words under it; a null widget leaves the place free.
+struct Sample
+{
+    QString caption;
+    QWidget *widget;
+};
+
+// A row of a table of samples: what it shows, and a sample per column.
+struct SampleRow
+{
+    QString caption;
+    QVector<QWidget *> widgets;
+};
+
+// Widgets side by side on a ground of their own, as wide as the page.
+QWidget *onGround(const QColor &ground, const QVector<QWidget *> &widgets);
+
+// A titled part of a page. Samples become its children; they keep their own size.
+class Section : public QWidget
+{
+public:
+    Section(const QString &title, const QString &explanation, QWidget *parent);
+
+    // Samples side by side, each with its caption below.
+    void addSamples(const QVector<Sample> &samples);
+
+    // The same in columns of equal width.
+    void addColumns(int columnWidth, const QVector<Sample> &samples);
+
+    // A table: column captions on top, one row of samples each below.
+    void addTable(const QStringList &columns, const QVector<SampleRow> &rows);
+
+    // Anything that takes the whole width.
+    void addWide(QWidget *widget);
+
+private:
+    QVBoxLayout *m_layout;
+};
+
+// A page of the gallery: a title, a few words, sections.
+class Page : public QWidget
+{
+public:
+    Page(const QString &title, const QString &introduction);
+
+    Section *addSection(const QString &title, const QString &explanation);
+
+    // Height at which nothing of the page is cut off when it is `width` pixels wide.
+    int fullHeight(int width) const;
+
+private:
+    QVBoxLayout *m_column;
+};

@@ -1,0 +1,150 @@
+#include "PageList.h"
+
+#include "PageRegistry.h"
+#include "Theme.h"
+
+#include <QFocusEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+
+namespace {
+
+constexpr int kPageIdRole = Qt::UserRole;
+constexpr int kEntryHeight = 36;
+constexpr int kHeadingHeight = 40;
+constexpr int kTextLeft = 3 * theme::kUnit;
+constexpr int kMarkWidth = 3;
+constexpr int kHoverAlpha = 14;
+constexpr int kCurrentAlpha = 26;
+
+class PageListDelegate : public QStyledItemDelegate
+{
+public:
+    explicit PageListDelegate(PageList *list) : QStyledItemDelegate(list), m_list(list) {}
+
+    QSize sizeHint(const QStyleOptionViewItem &, const QModelIndex &index) const override
+    {
+        return QSize(0, isHeading(index) ? kHeadingHeight : kEntryHeight);
+    }
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        painter->save();
+        if (isHeading(index))
+            paintHeading(*painter, option.rect, index.data().toString());
+        else
+            paintEntry(*painter, option, index);
+        painter->restore();
+    }
+
+private:
+    static bool isHeading(const QModelIndex &index) { return index.data(kPageIdRole).toString().isEmpty(); }
+
+    void paintHeading(QPainter &painter, const QRect &rect, const QString &text) const
+    {
+        painter.setFont(m_headingFont);
+        painter.setPen(theme::kSideHeading);
+        painter.drawText(rect.adjusted(kTextLeft, 0, 0, -theme::kUnit), Qt::AlignLeft | Qt::AlignBottom,
+                         text);
+    }
+
+    void paintEntry(QPainter &painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
+    {
+        const QRect &rect = option.rect;
+        const bool current = option.state & QStyle::State_Selected;
+        const bool hovered = option.state & QStyle::State_MouseOver;
+        if (current || hovered)
+            painter.fillRect(rect, QColor(255, 255, 255, current ? kCurrentAlpha : kHoverAlpha));
+        if (current)
+            painter.fillRect(QRect(rect.left(), rect.top(), kMarkWidth, rect.height()), theme::kAccent);
+        if (current && m_list->showsFocus()) {
+            painter.setPen(QPen(theme::kAccentBlue, 2));
+            painter.drawRect(QRectF(rect).adjusted(kMarkWidth + 1, 1, -1, -1));
+        }
+        painter.setFont(current ? m_currentFont : m_font);
+        painter.setPen(current ? QColor(Qt::white) : theme::kSideText);
+        painter.drawText(rect.adjusted(kTextLeft, 0, -theme::kUnit, 0), Qt::AlignLeft | Qt::AlignVCenter,
+                         index.data().toString());
+    }
+
+    PageList *m_list;
+    QFont m_font = theme::font(theme::Normal, 14);
+    QFont m_currentFont = theme::font(theme::Semibold, 14);
+    QFont m_headingFont = theme::font(theme::Normal, 12);
+};
+
+} // namespace
+
+PageList::PageList(QWidget *parent) : QListWidget(parent)
+{
+    setFrameShape(QFrame::NoFrame);
+    setItemDelegate(new PageListDelegate(this));
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    setMouseTracking(true);
+    setAccessibleName(tr("Pages"));
+    QPalette dark = palette();
+    dark.setColor(QPalette::Base, theme::kInk);
+    dark.setColor(QPalette::Text, theme::kSideText);
+    setPalette(dark);
+    fill();
+    connect(this, &QListWidget::currentItemChanged, this, [this](QListWidgetItem *item) {
+        if (item)
+            emit pageSelected(item->data(kPageIdRole).toString());
+    });
+}
+
+void PageList::fill()
+{
+    bool first = true;
+    PageGroup group{};
+    for (const PageInfo &page : pages()) {
+        if (first || page.group != group) {
+            auto *heading = new QListWidgetItem(groupTitle(page.group), this);
+            heading->setFlags(Qt::NoItemFlags);
+        }
+        first = false;
+        group = page.group;
+        auto *entry = new QListWidgetItem(page.title, this);
+        entry->setData(kPageIdRole, page.id);
+    }
+}
+
+bool PageList::select(const QString &pageId)
+{
+    for (int row = 0; row < count(); ++row) {
+        if (item(row)->data(kPageIdRole).toString() == pageId) {
+            setCurrentRow(row);
+            return true;
+        }
+    }
+    return false;
+}
+
+QString PageList::selected() const
+{
+    return currentItem() ? currentItem()->data(kPageIdRole).toString() : QString();
+}
+
+void PageList::focusInEvent(QFocusEvent *event)
+{
+    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
+        m_keyboardUsed = true;
+    QListWidget::focusInEvent(event);
+    viewport()->update();
+}
+
+void PageList::keyPressEvent(QKeyEvent *event)
+{
+    m_keyboardUsed = true;
+    QListWidget::keyPressEvent(event);
+    viewport()->update();
+}
+
+void PageList::mousePressEvent(QMouseEvent *event)
+{
+    m_keyboardUsed = false;
+    QListWidget::mousePressEvent(event);
+    viewport()->update();
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QListWidget>
+
+// The list of pages in the side bar: group headings, entries, and a mark at the current one. Up, Down, Home,
+// End and typing a title go through it by keyboard; the ring of the focus shows once the keyboard is used.
+class PageList : public QListWidget
+{
+    Q_OBJECT
+
+public:
+    explicit PageList(QWidget *parent = nullptr);
+
+    // False when there is no such page.
+    bool select(const QString &pageId);
+    QString selected() const;
+
+    bool showsFocus() const { return hasFocus() && m_keyboardUsed; }
+
+Q_SIGNALS:
+    void pageSelected(const QString &pageId);
+
+protected:
+    void focusInEvent(QFocusEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+
+private:
+    void fill();
+
+    bool m_keyboardUsed = false;
+};

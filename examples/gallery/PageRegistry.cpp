@@ -1,0 +1,56 @@
+#include "PageRegistry.h"
+
+#include <algorithm>
+
+namespace {
+
+// Filled while the statics of the pages are made, in no order; sorted at the first look.
+QVector<PageInfo> &registered()
+{
+    static QVector<PageInfo> list;
+    return list;
+}
+
+} // namespace
+
+void registerPage(const PageInfo &page)
+{
+    registered().append(page);
+}
+
+const QVector<PageInfo> &pages()
+{
+    static const QVector<PageInfo> sorted = [] {
+        QVector<PageInfo> list = registered();
+        std::sort(list.begin(), list.end(), [](const PageInfo &a, const PageInfo &b) {
+            return a.group != b.group ? a.group < b.group : a.title < b.title;
+        });
+        return list;
+    }();
+    return sorted;
+}
+
+QString groupTitle(PageGroup group)
+{
+    switch (group) {
+    case PageGroup::Foundation:
+        return QStringLiteral("Foundation");
+    case PageGroup::Windows:
+        return QStringLiteral("Windows and dialogs");
+    case PageGroup::Buttons:
+        return QStringLiteral("Buttons");
+    case PageGroup::Menus:
+        return QStringLiteral("Menus and lists");
+    case PageGroup::Waiting:
+        return QStringLiteral("Waiting");
+    case PageGroup::DateAndTime:
+        return QStringLiteral("Date and time");
+    case PageGroup::Containers:
+        return QStringLiteral("Containers");
+    case PageGroup::Input:
+        return QStringLiteral("Input");
+    case PageGroup::Display:
+        return QStringLiteral("Display");
+    }
+    return QString();
+}

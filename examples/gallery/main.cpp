@@ -1,0 +1,125 @@
+#include "FontSetup.h"
+#include "GalleryWindow.h"
+#include "PageRegistry.h"
+#include "Screenshots.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QStyleFactory>
+#include <QTextStream>
+
+namespace {
+
+struct Options
+{
+    QString page;
+    QString screenshots; // absolute; empty: none are taken
+    bool list = false;
+    bool help = false;
+};
+
+void describe(QCommandLineParser &parser)
+{
+    parser.setApplicationDescription(QStringLiteral("Every widget of LumQtLib on a page."));
+    parser.addOption({QStringLiteral("page"), QStringLiteral("Open at this page."), QStringLiteral("name")});
+    parser.addOption(
+        {QStringLiteral("screenshots"),
+         QStringLiteral("Write a picture of every page (or of the one given by --page) and quit."),
+         QStringLiteral("folder")});
+    parser.addOption({QStringLiteral("list"), QStringLiteral("List the pages and quit.")});
+    parser.addOption(
+        {{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help and quit.")});
+}
+
+bool isPage(const QString &id)
+{
+    for (const PageInfo &page : pages()) {
+        if (page.id == id)
+            return true;
+    }
+    return false;
+}
+
+// An error as text; empty when all is well. The parser's own way on Windows, a message box, suits no script.
+QString read(QCommandLineParser &parser, Options &options)
+{
+    describe(parser);
+    if (!parser.parse(QCoreApplication::arguments()))
+        return parser.errorText();
+    if (!parser.positionalArguments().isEmpty())
+        return QStringLiteral("what is %1?").arg(parser.positionalArguments().constFirst());
+    options.page = parser.value(QStringLiteral("page"));
+    if (parser.isSet(QStringLiteral("page")) && !isPage(options.page))
+        return QStringLiteral("there is no page %1; see --list").arg(options.page);
+    if (parser.isSet(QStringLiteral("screenshots"))) {
+        const QString folder = parser.value(QStringLiteral("screenshots"));
+        if (folder.isEmpty())
+            return QStringLiteral("--screenshots needs a folder");
+        options.screenshots = QDir(folder).absolutePath();
+    }
+    options.list = parser.isSet(QStringLiteral("list"));
+    options.help = parser.isSet(QStringLiteral("help"));
+    return QString();
+}
+
+QStringList allPageIds()
+{
+    QStringList ids;
+    for (const PageInfo &page : pages())
+        ids << page.id;
+    return ids;
+}
+
+// Pictures have the density that QT_SCALE_FACTOR says, not that of the screen they are taken on. Qt reads the
+// setting when the application is made, which is before the command line is parsed.
+void fixDensityOfPictures(int argc, char *argv[])
+{
+    for (int i = 1; i < argc; ++i) {
+        if (qstrncmp(argv[i], "--screenshots", 13) == 0 && !qEnvironmentVariableIsSet("QT_FONT_DPI"))
+            qputenv("QT_FONT_DPI", "96");
+    }
+}
+
+int run(const Options &options)
+{
+    setUpFonts();
+    GalleryWindow window;
+    window.showPage(options.page.isEmpty() ? pages().first().id : options.page);
+    window.show();
+    if (options.screenshots.isEmpty())
+        return QApplication::exec();
+    return takeScreenshots(window, options.page.isEmpty() ? allPageIds() : QStringList(options.page),
+                           options.screenshots);
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    fixDensityOfPictures(argc, argv);
+    QGuiApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QGuiApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+    QApplication application(argc, argv);
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+
+    QCommandLineParser parser;
+    Options options;
+    const QString error = read(parser, options); // before the current directory changes
+    // The library looks for some of its files from the folder that lies beside res/.
+    QDir::setCurrent(QCoreApplication::applicationDirPath());
+    if (!error.isEmpty()) {
+        QTextStream(stderr) << error << Qt::endl;
+        return 2;
+    }
+    if (options.help) {
+        QTextStream(stdout) << parser.helpText();
+        return 0;
+    }
+    if (options.list) {
+        QTextStream(stdout) << allPageIds().join(QLatin1Char('\n')) << Qt::endl;
+        return 0;
+    }
+    return run(options);
+}

@@ -1,0 +1,173 @@
+#include "EventLog.h"
+#include "Page.h"
+#include "PageRegistry.h"
+#include "Theme.h"
+
+#include "CBaseWin.h"
+#include "CBPPushBtn.h"
+
+#include <QGuiApplication>
+#include <QHoverEvent>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int kStep = 9 * theme::kUnit; // from the gallery to a second window
+enum { MinimizeButton = 3, MaximizeButton = 4, CloseButton = 5 };
+
+// A second window: unlike the main one it ends by itself and not the application.
+class SecondWindow : public CBaseWin
+{
+public:
+    SecondWindow(const QString &caption, const QString &text, EventLog *log) : CBaseWin(nullptr), m_log(log)
+    {
+        setCaption(caption);
+        setWindowTitle(caption);
+        setAttribute(Qt::WA_DeleteOnClose, false);
+        auto *content = new QWidget;
+        auto *layout = new QVBoxLayout(content);
+        layout->setContentsMargins(3 * theme::kUnit, 3 * theme::kUnit, 3 * theme::kUnit, 3 * theme::kUnit);
+        layout->addWidget(theme::label(text, theme::Normal, 14, theme::kText, true));
+        layout->addStretch();
+        setCentralWidget(content);
+        resize(460, 260);
+    }
+
+    // The close button then only reports.
+    void setKeptOpen(bool keptOpen) { m_keptOpen = keptOpen; }
+
+protected:
+    bool titleBtnClicked(int id) override
+    {
+        const bool kept = m_keptOpen && id == CloseButton;
+        if (m_log)
+            m_log->add(QString("titleBtnClicked(%1)%2").arg(id).arg(kept ? ", kept open" : ""));
+        return kept;
+    }
+
+    void onExit() override
+    {
+        if (m_log)
+            m_log->add("onExit()");
+        hide();
+        emit sigQuit(static_cast<QObject *>(this));
+        deleteLater();
+    }
+
+private:
+    QPointer<EventLog> m_log;
+    bool m_keptOpen = false;
+};
+
+CBPPushBtn *opener(const QString &text, bool keptOpen, EventLog *log)
+{
+    auto *button = new CBPPushBtn(text, nullptr);
+    button->setFixedWidth(184);
+    QObject::connect(button, &CBPPushBtn::sigBtnClicked, log, [keptOpen, log] {
+        auto *window = new SecondWindow(
+            keptOpen ? "Cannot be closed by its button" : "A second window",
+            keptOpen
+                ? "titleBtnClicked() answers true for the close button, which keeps the built-in action from "
+                  "happening. Alt+F4 still closes."
+                : "Drag the title strip, double-click it, pull the borders, press the buttons.",
+            log);
+        window->setKeptOpen(keptOpen);
+        QObject::connect(log, &QObject::destroyed, window, &QObject::deleteLater);
+        window->move(log->window()->mapToGlobal(QPoint(kStep, kStep)));
+        window->show();
+        window->activateWindow();
+    });
+    return button;
+}
+
+// A small window that is only photographed. With a native frame there would be nothing to photograph.
+class PosedWindow : public CBaseWin
+{
+public:
+    explicit PosedWindow(const QString &caption) : CBaseWin(nullptr)
+    {
+        setCaption(caption);
+        setAttribute(Qt::WA_DontShowOnScreen);
+        resize(412, 120);
+        grab(); // lays the frame out
+    }
+
+    QWidget *portrait()
+    {
+        auto *label = new QLabel;
+        label->setPixmap(grab());
+        return label;
+    }
+
+    void pointAt(int id, bool pressed)
+    {
+        QRect target = btnRect(id);
+        target.setLeft(target.left() + frameWidth());
+        const QPointF pos = target.center();
+        QHoverEvent hover(QEvent::HoverMove, pos, QPointF(0, 0));
+        QCoreApplication::sendEvent(this, &hover);
+        if (!pressed)
+            return;
+        QMouseEvent press(QEvent::MouseButtonPress, pos, mapToGlobal(pos.toPoint()), Qt::LeftButton,
+                          Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(this, &press);
+    }
+};
+
+QWidget *windowAtRest(const QString &caption, const QString &icon)
+{
+    PosedWindow window(caption);
+    window.setIcon(icon);
+    return window.portrait();
+}
+
+QWidget *windowWithPointer(int id, bool pressed)
+{
+    PosedWindow window(pressed ? "Pressed" : "Under the pointer");
+    window.pointAt(id, pressed);
+    return window.portrait();
+}
+
+void addFrames(Page *page)
+{
+    if (QGuiApplication::platformName() == QLatin1String("windows"))
+        return;
+    const QString logo = theme::picturePath("title_logo.png");
+    page->addSection(
+            "Frame",
+            "The strip at the top holds icon, caption and buttons. It is painted by the library, and "
+            "moved and resized by the system.")
+        ->addColumns(432, {{"At rest", windowAtRest("Caption", logo)},
+                           {"Without an icon", windowAtRest("Caption", QString())},
+                           {"Minimise, under the pointer", windowWithPointer(MinimizeButton, false)},
+                           {"Close, under the pointer", windowWithPointer(CloseButton, false)},
+                           {"Maximise, pressed", windowWithPointer(MaximizeButton, true)},
+                           {"Close, pressed", windowWithPointer(CloseButton, true)}});
+}
+
+Page *makePage()
+{
+    auto *page =
+        new Page("Frameless window", "CBaseWin: a main window that draws its own title strip and border. The "
+                                     "gallery's own window is one.");
+    Section *section = page->addSection(
+        "Try it", "Each window reports the ids of its caption buttons: 1 list, 3 minimise, 4 maximise, "
+                  "5 close, and -1 for a click beside them.");
+    auto *log = new EventLog("No click yet: open a window and use its caption buttons.", 6);
+    section->addSamples({{"Buttons do what they show", opener("Open a window", false, log)},
+                         {"Its close button only reports", opener("Open a stubborn one", true, log)}});
+    section->addWide(log);
+    addFrames(page);
+    return page;
+}
+
+void registerThis()
+{
+    registerPage({"frameless-window", "Frameless window", PageGroup::Windows, makePage});
+}
+Q_CONSTRUCTOR_FUNCTION(registerThis)
+
+} // namespace

@@ -1,0 +1,297 @@
+#include "EventLog.h"
+#include "Page.h"
+#include "PageRegistry.h"
+#include "Theme.h"
+
+#include "CBPMenu.h"
+#include "CBPMenuItem.h"
+#include "CBPPushBtn.h"
+
+#include <QIcon>
+#include <QLabel>
+#include <QScopedPointer>
+
+namespace {
+
+constexpr int kColumnWidth = 288;
+constexpr int kTickWidth = 16;
+constexpr int kPictureWidth = 32; // of the pictures for dark grounds
+
+QString supportFile()
+{
+    return theme::picturePath("Common/ico_onlinesupport_normal.svg");
+}
+
+QString giftFile()
+{
+    return theme::picturePath("Common/gift_normal.svg");
+}
+
+QString nestedFile()
+{
+    return ":/gallery/nested.svg";
+}
+
+QVector<QString> removeImages()
+{
+    QVector<QString> images;
+    for (const char *state : {"normal", "hover", "press", "normal"})
+        images << theme::picturePath(QString("icon_delete_%1.png").arg(state));
+    return images;
+}
+
+// The picture of a menu as it pops up, with one item highlighted. It takes the menu.
+QWidget *portrait(CBPMenu *menu, QAction *highlighted = nullptr)
+{
+    const QScopedPointer<CBPMenu> owner(menu);
+    menu->resize(menu->sizeHint());
+    menu->setActiveAction(highlighted);
+    auto *label = new QLabel;
+    label->setPixmap(menu->grab());
+    return label;
+}
+
+QWidget *texts()
+{
+    auto *menu = new CBPMenu;
+    menu->AddAction("Open", 1);
+    QAction *second = menu->AddAction("Rename", 2);
+    menu->AddAction("Delete", 3)->setEnabled(false);
+    return portrait(menu, second);
+}
+
+QWidget *pictures()
+{
+    auto *menu = new CBPMenu;
+    menu->SetDefIconWidth(kPictureWidth); // aligns the texts
+    menu->AddAction(supportFile(), "Online support", 1);
+    menu->AddAction(giftFile(), "Offers", 2);
+    menu->AddAction(QString(), "No picture", 3);
+    return portrait(menu);
+}
+
+QWidget *stateImages()
+{
+    auto *menu = new CBPMenu;
+    menu->AddAction(removeImages(), "At rest", 1);
+    menu->AddAction(removeImages(), "At rest", 2);
+    return portrait(menu, menu->AddAction(removeImages(), "Highlighted, the last", 3));
+}
+
+QWidget *badges()
+{
+    auto *menu = new CBPMenu;
+    menu->AddAction("New messages", 1);
+    menu->AddAction("A present", 2);
+    menu->AddAction("Nothing new", 3);
+    menu->SetActionSpecialFlag(1, true, QString());
+    menu->SetActionSpecialFlag(2, true, giftFile());
+    return portrait(menu);
+}
+
+QWidget *chosen()
+{
+    auto *menu = new CBPMenu;
+    menu->SetDefIconWidth(kTickWidth);
+    for (const char *language : {"Deutsch", "English", "Français"})
+        menu->AddAction(QString::fromUtf8(language), menu->actions().size() + 1);
+    menu->SetShowCheckIcon(2, QIcon(":/gallery/tick.svg"));
+    return portrait(menu);
+}
+
+QWidget *separators()
+{
+    auto *menu = new CBPMenu;
+    menu->setSeparatorRectHeight(17);
+    menu->setSeparatorHeight(1);
+    menu->setBg({QColor(233, 238, 243), QColor(), theme::kAccent, QColor()});
+    menu->setTextColor(theme::kInk);
+    menu->AddAction("Cut", 1);
+    menu->AddAction("Copy", 2);
+    menu->addSeparator();
+    menu->AddAction("Select all", 3);
+    return portrait(menu);
+}
+
+QWidget *bordered()
+{
+    auto *menu = new CBPMenu;
+    menu->SetBorderInfo(1, QColor(75, 174, 178));
+    menu->AddAction("First", 1);
+    menu->AddAction("Second", 2);
+    return portrait(menu, menu->AddAction("Third", 3));
+}
+
+QWidget *nested()
+{
+    auto *menu = new CBPMenu;
+    menu->SetSubLeveMennu();
+    QAction *first = menu->AddAction("First", 1);
+    menu->AddAction("Second", 2);
+    menu->AddAction("Third", 3);
+    return portrait(menu, first);
+}
+
+QWidget *single()
+{
+    auto *menu = new CBPMenu;
+    menu->SetSubLeveMennu();
+    return portrait(menu, menu->AddAction("The only one", 1));
+}
+
+QWidget *light()
+{
+    auto *menu = new CBPMenu;
+    menu->setBg({Qt::white, QColor(), QColor(226, 242, 243), Qt::white});
+    menu->setTextColor(theme::kText);
+    menu->SetBorderInfo(1, theme::kLine);
+    menu->AddAction("Open", 1);
+    QAction *second = menu->AddAction("Rename", 2);
+    menu->AddAction("Delete", 3)->setEnabled(false);
+    return portrait(menu, second);
+}
+
+QWidget *compact()
+{
+    auto *menu = new CBPMenu;
+    menu->SetMenuItemHeiht(28);
+    menu->SetBorder(16, 0, 0, 0);
+    menu->SetDefIconWidth(0);
+    menu->SetSpacing(0);
+    menu->SetFont(theme::font(theme::Normal, 12).family(), 12);
+    for (const char *text : {"28 pixels high", "12 pixel font", "No image column", "16 pixels from the left"})
+        menu->AddAction(QString(text), 1);
+    return portrait(menu);
+}
+
+QWidget *wide()
+{
+    auto *menu = new CBPMenu;
+    menu->SetBordRadios(10);
+    menu->SetMenuBottomHeight(10);
+    menu->AddAction("As wide as the widest text of all", 1);
+    menu->AddAction("Short", 2);
+    return portrait(menu, menu->AddAction("Radius 10", 3));
+}
+
+QWidget *square()
+{
+    auto *menu = new CBPMenu;
+    menu->SetBordRadios(0);
+    menu->AddAction("Radius 0", 1);
+    QAction *second = menu->AddAction("Square corners", 2);
+    menu->AddAction("At the bottom, too", 3);
+    return portrait(menu, second);
+}
+
+QWidget *elided()
+{
+    auto *menu = new CBPMenu;
+    menu->AddAction("Measured at 14 pixels", 1);
+    menu->AddAction("A long text in a large font is cut", 2);
+    menu->AddAction("Short", 3);
+    menu->SetFont(theme::font(theme::Normal, 18).family(), 18);
+    return portrait(menu);
+}
+
+CBPMenu *subMenu(const QString &title, QWidget *owner)
+{
+    auto *menu = new CBPMenu(title, owner);
+    menu->SetSubLeveMennu();
+    menu->AddAction("Mail", 11);
+    menu->AddAction("Calendar", 12);
+    menu->AddAction("Printer", 13);
+    return menu;
+}
+
+// Everything at once, to try by mouse and keyboard.
+CBPMenu *fullMenu(QWidget *owner)
+{
+    auto *menu = new CBPMenu(owner);
+    menu->setSeparatorRectHeight(17);
+    menu->setSeparatorHeight(1);
+    menu->SetSubMenuRightIcon(nestedFile());
+    menu->SetDefIconWidth(kTickWidth);
+    menu->AddAction(removeImages(), "State images", 1);
+    menu->AddAction("With a badge", 2);
+    menu->SetActionSpecialFlag(2, true, QString());
+    menu->addSeparator();
+    menu->AddMenu(subMenu("Send to", menu));
+    menu->AddAction("Disabled", 3)->setEnabled(false);
+    menu->AddAction("Without a picture", 4);
+    menu->ResetMenuWidth();
+    return menu;
+}
+
+CBPPushBtn *opener(const QString &text, CBPMenu *menu, EventLog *log)
+{
+    auto *button = new CBPPushBtn(text, nullptr, true);
+    button->SetMininzerWidth(136);
+    menu->setParent(button, menu->windowFlags());
+    QObject::connect(menu, &QMenu::triggered, log, [log](QAction *action) {
+        log->add(QString("triggered: \"%1\", %2").arg(action->text(), action->data().toString()));
+    });
+    QObject::connect(button, &CBPPushBtn::sigBtnClicked, menu,
+                     [button, menu] { menu->popup(button->mapToGlobal(QPoint(0, button->height() + 1))); });
+    return button;
+}
+
+void addLiveSamples(Page *page)
+{
+    Section *section =
+        page->addSection("Try it", "Mouse, arrow keys, Enter and Escape work as in any menu. Chosen "
+                                   "items appear below.");
+    auto *log = new EventLog("Nothing chosen yet: open a menu.", 3);
+    auto *longMenu = new CBPMenu;
+    for (int i = 1; i <= 60; ++i)
+        longMenu->AddAction(QString("Item %1 of 60").arg(i), i);
+    section->addSamples({{"A bit of everything", opener("Open a menu", fullMenu(nullptr), log)},
+                         {"Longer than the screen", opener("Open a long menu", longMenu, log)}});
+    section->addWide(log);
+}
+
+QWidget *parentOfNested()
+{
+    auto *menu = new CBPMenu;
+    menu->SetSubMenuRightIcon(nestedFile());
+    menu->AddAction("Open", 1);
+    menu->AddMenu(subMenu("Send to", menu));
+    menu->AddMenu(subMenu("Move to", menu));
+    menu->ResetMenuWidth();
+    return portrait(menu);
+}
+
+Page *makePage()
+{
+    auto *page =
+        new Page("Menu", "CBPMenu: a pop-up menu whose items all have one size, with pictures, badges, "
+                         "separators and nested menus.");
+    addLiveSamples(page);
+    page->addSection("Items",
+                     "An item has a text and, if wanted, a picture, four pictures by state, or a badge.")
+        ->addColumns(kColumnWidth, {{"Texts; one highlighted, one disabled", texts()},
+                                    {"Picture files, column of 32 pixels", pictures()},
+                                    {"Pictures by state", stateImages()},
+                                    {"Badges: a dot, a picture", badges()},
+                                    {"One chosen item", chosen()},
+                                    {"Separator, 17 pixels with a line of 1", separators()}});
+    page->addSection("Looks", "The highlight follows the corners of the menu it is in.")
+        ->addColumns(kColumnWidth, {{"With nested menus", parentOfNested()},
+                                    {"Nested", nested()},
+                                    {"Nested, one item", single()},
+                                    {"With a border", bordered()},
+                                    {"Own colours", light()},
+                                    {"Low items", compact()},
+                                    {"Wide text, large radius", wide()},
+                                    {"Square", square()},
+                                    {"Painted in 18 pixels", elided()}});
+    return page;
+}
+
+void registerThis()
+{
+    registerPage({"menu", "Menu", PageGroup::Menus, makePage});
+}
+Q_CONSTRUCTOR_FUNCTION(registerThis)
+
+} // namespace

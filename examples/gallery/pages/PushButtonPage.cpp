@@ -1,0 +1,323 @@
+#include "EventLog.h"
+#include "Page.h"
+#include "PageRegistry.h"
+#include "Pose.h"
+#include "Theme.h"
+
+#include "CBPMenu.h"
+#include "CBPMenuItem.h"
+#include "CBPPushBtn.h"
+
+#include <QIcon>
+
+namespace {
+
+constexpr int kWidth = 112;
+constexpr int kIconSpacing = 32; // leaves 8 pixels between a 16 pixel icon and a text
+
+QIcon iconOf(const char *name)
+{
+    return QIcon(theme::picturePath(QLatin1String(name)));
+}
+
+CBPPushBtn *button(const QString &text, int width = kWidth)
+{
+    auto *result = new CBPPushBtn(text, nullptr);
+    result->setFixedWidth(width);
+    return result;
+}
+
+CBPPushBtn *filled(const QString &text)
+{
+    CBPPushBtn *result = button(text);
+    const QVector<QColor> colors{QColor(75, 174, 178), QColor(95, 188, 192), QColor(61, 151, 155),
+                                 QColor(207, 230, 231)};
+    result->setBgColor(colors);
+    result->setFrmColor(colors);
+    result->setTextColor(QVector<QColor>(4, QColor(Qt::white)));
+    result->setRoundRadius({4, 4});
+    return result;
+}
+
+void addMenu(CBPPushBtn *menuButton)
+{
+    menuButton->AppendMenuItem(theme::picturePath("Common/ico_onlinesupport_normal.svg"), "Support", 21);
+    menuButton->AppendMenuItem(theme::picturePath("Common/gift_normal.svg"), "Offers", 22);
+    menuButton->AppendMenuItem(QString(), "No picture", 23);
+    menuButton->GetMenu()->SetDefIconWidth(32); // as wide as the pictures: aligns the texts
+}
+
+// Live samples are the only ones that answer the mouse and keyboard.
+CBPPushBtn *live(EventLog *log, const QString &text, int id)
+{
+    auto *result = new CBPPushBtn(text, id, CBPPushBtn::ALIGN_CENTER);
+    result->setFixedWidth(kWidth);
+    QObject::connect(result, &QAbstractButton::clicked, log, [log] { log->add("clicked()"); });
+    QObject::connect(result, &CBPPushBtn::doubleClicked, log, [log] { log->add("doubleClicked()"); });
+    QObject::connect(result, &CBPPushBtn::sigBtnClicked, log,
+                     [log](int clicked) { log->add(QString("sigBtnClicked(%1)").arg(clicked)); });
+    QObject::connect(result, &CBPPushBtn::sigActionTriggered, log, [log](CBPMenuItem *item) {
+        log->add(QString("sigActionTriggered(\"%1\", %2)").arg(item->text(), item->data().toString()));
+    });
+    return result;
+}
+
+void addLiveSamples(Page *page)
+{
+    Section *section =
+        page->addSection("Try it", "Mouse, Tab and Space work here. Every signal appears below.");
+    auto *log = new EventLog("No signal yet: press a button.", 4);
+    CBPPushBtn *checkable = live(log, "Checkable", 3);
+    checkable->setCheckable(true);
+    checkable->setCheckedBgColor(QColor(226, 242, 243));
+    checkable->setCheckedFrmColor(QColor(75, 174, 178));
+    CBPPushBtn *withMenu = live(log, QString(), 4);
+    withMenu->setIcon(iconOf("icon_user.png"));
+    withMenu->setAccessibleName("Menu");
+    addMenu(withMenu);
+    CBPPushBtn *disabled = live(log, "Disabled", 5);
+    disabled->setEnabled(false);
+    CBPPushBtn *accent = filled("Accent");
+    QObject::connect(accent, &CBPPushBtn::sigBtnClicked, log, [log](int id) {
+        log->add(QString("sigBtnClicked(%1), from a button made without an id").arg(id));
+    });
+    section->addSamples({{"Id 1", live(log, "Plain", 1)},
+                         {"Rounded, no id", accent},
+                         {"Checkable, id 3", checkable},
+                         {"Opens a menu", withMenu},
+                         {"Disabled, id 5", disabled}});
+    section->addWide(log);
+}
+
+using Maker = CBPPushBtn *(*)();
+
+SampleRow statesOf(const QString &caption, Maker make)
+{
+    return {caption,
+            {pose::in(pose::Normal, make()), pose::in(pose::Hovered, make()), pose::in(pose::Pressed, make()),
+             pose::in(pose::Focused, make()), pose::in(pose::Disabled, make())}};
+}
+
+CBPPushBtn *rounded()
+{
+    CBPPushBtn *result = button("Save");
+    result->setRoundRadius({4, 4});
+    return result;
+}
+
+CBPPushBtn *pill()
+{
+    CBPPushBtn *result = button("Save");
+    result->setRoundRadius({14, 14});
+    return result;
+}
+
+CBPPushBtn *selected()
+{
+    CBPPushBtn *result = button("Save");
+    result->setSelected(true);
+    return result;
+}
+
+CBPPushBtn *checked()
+{
+    CBPPushBtn *result = button("Save");
+    result->setCheckable(true);
+    result->setChecked(true);
+    result->setCheckedBgColor(QColor(75, 174, 178));
+    result->setCheckedFrmColor(QColor(61, 151, 155));
+    result->setTextColor({Qt::white, Qt::white, Qt::white, Qt::white});
+    return result;
+}
+
+CBPPushBtn *frameless()
+{
+    CBPPushBtn *result = button("Save");
+    result->setFrmTrancent(true);
+    return result;
+}
+
+CBPPushBtn *withIcon()
+{
+    CBPPushBtn *result = button("Save");
+    result->setSpacing(kIconSpacing);
+    result->setIcon(iconOf("icon_user.png"));
+    return result;
+}
+
+CBPPushBtn *withTriangle()
+{
+    CBPPushBtn *result = button(QString());
+    result->setIcon(iconOf("icon_user.png"));
+    result->setHasMenu(true);
+    return result;
+}
+
+void addStates(Page *page)
+{
+    Section *section = page->addSection(
+        "States", "One button at rest, under the mouse, held down, with the keyboard focus, and "
+                  "disabled. The focus ring shows at rest only.");
+    section->addTable({"Normal", "Hovered", "Pressed", "Focused", "Disabled"},
+                      {statesOf("Square", [] { return button("Save"); }), statesOf("Rounded", rounded),
+                       statesOf("Half round", pill), statesOf("Own colours", [] { return filled("Save"); }),
+                       statesOf("Selected", selected), statesOf("Checked", checked),
+                       statesOf("Without a frame", frameless), statesOf("With an icon", withIcon),
+                       statesOf("With a menu", withTriangle)});
+}
+
+CBPPushBtn *iconSample(const QString &text, CBPPushBtn::__ALIGN_TYPE align, bool after,
+                       int spacing = kIconSpacing)
+{
+    auto *result = new CBPPushBtn(text, 0, align, false, after);
+    result->setFixedWidth(168);
+    result->setSpacing(spacing);
+    result->setIcon(iconOf("icon_user.png"));
+    return result;
+}
+
+void addIcons(Page *page)
+{
+    Section *section = page->addSection(
+        "Icon and text",
+        "The text is centred in the button wherever the icon stands, and the icon as if both were one "
+        "centred block. What lies between them is half of the spacing less half of the icon's width: "
+        "8 pixels here, with a spacing of 32.");
+    CBPPushBtn *lowered = iconSample("Account", CBPPushBtn::ALIGN_CENTER, true);
+    lowered->SetIconVoffSet(4);
+    section->addColumns(
+        216, {{"Before the text", iconSample("Account", CBPPushBtn::ALIGN_CENTER, false)},
+              {"Behind the text", iconSample("Account", CBPPushBtn::ALIGN_CENTER, true)},
+              {"At the left edge", iconSample("Account", CBPPushBtn::ALIGN_LEFT, false)},
+              {"Alone", iconSample(QString(), CBPPushBtn::ALIGN_CENTER, false)},
+              {"Spacing 10, the default", iconSample("Account", CBPPushBtn::ALIGN_CENTER, false, 10)},
+              {"Spacing 56", iconSample("Account", CBPPushBtn::ALIGN_CENTER, false, 56)},
+              {"Behind, 4 pixels lower", lowered},
+              {"Left edge, behind", iconSample("Account", CBPPushBtn::ALIGN_LEFT, true, 64)}});
+}
+
+void addWidths(Page *page)
+{
+    Section *section = page->addSection(
+        "Width",
+        "A button that sizes itself counts icon, menu and least width, never its text: a row of dialog "
+        "buttons keeps one width in every language. Give long texts a width of their own.");
+    auto *menuButton = new CBPPushBtn(QString(), nullptr, true);
+    menuButton->setHasMenu(true);
+    auto *wide = new CBPPushBtn("Least 140", nullptr, true);
+    wide->SetMininzerWidth(140);
+    auto *withPicture = new CBPPushBtn("Me", nullptr, true);
+    withPicture->setSpacing(kIconSpacing);
+    withPicture->setIcon(iconOf("icon_user.png"));
+    section->addSamples({{"85, the least", new CBPPushBtn("OK", nullptr, true)},
+                         {"85, with an icon", withPicture},
+                         {"95, with a menu", menuButton},
+                         {"140", wide},
+                         {"85, text too long", new CBPPushBtn("Repeat every week", nullptr, true)}});
+
+    CBPPushBtn *twoLines = button("A long text wraps at its words", 144);
+    twoLines->setFixedHeight(48);
+    CBPPushBtn *anywhere = button("Donaudampfschifffahrtsgesellschaft", 144);
+    anywhere->setFixedHeight(48);
+    CBPPushBtn *plain = button("R&D <b>plain</b>", 144);
+    plain->setFixedHeight(48);
+    CBPPushBtn *large = button("Larger font", 144);
+    large->setFixedHeight(48);
+    large->SetFont(theme::font(theme::Semibold, 20));
+    section->addSamples({{"Two lines, 48 high", twoLines},
+                         {"Breaks anywhere", anywhere},
+                         {"Texts are plain", plain},
+                         {"Own font", large}});
+}
+
+CBPPushBtn *withColors(int count)
+{
+    CBPPushBtn *result = button(QString("%1 colours").arg(count));
+    QVector<QColor> colors;
+    for (int i = 0; i < count; ++i)
+        colors << QColor::fromHsv(i * 40 % 360, 70, 250);
+    result->setBgColor(colors);
+    return result;
+}
+
+void addColors(Page *page)
+{
+    Section *section = page->addSection(
+        "Colours",
+        "One colour per state for background, frame and text. A list without exactly four entries is "
+        "put aside.");
+    section->addSamples({{"Four are used", withColors(4)},
+                         {"Built-in colours", withColors(0)},
+                         {"Built-in colours", withColors(3)},
+                         {"Built-in colours", withColors(9)}});
+
+    CBPPushBtn *ring = button("Red ring");
+    ring->setFocusFrameColor(QColor(224, 72, 72));
+    CBPPushBtn *standard = button("Default");
+    standard->setAsDefaultBtn();
+    CBPPushBtn *half = checked();
+    CBPPushBtn *ellipse = button("20 by 8");
+    ellipse->setRoundRadius({20, 8});
+    CBPPushBtn *cut = button("Cut off");
+    cut->setRemoveMargin(QMargins(16, 3, 16, 3));
+    section->addSamples({{"Own focus ring", pose::in(pose::Focused, ring)},
+                         {"Default button", pose::in(pose::Normal, standard)},
+                         {"Checked, disabled", pose::in(pose::Disabled, half)},
+                         {"Two radii", ellipse},
+                         {"Margins removed", cut}});
+}
+
+CBPPushBtn *seeThrough(const QString &text, int radius)
+{
+    CBPPushBtn *result = button(text);
+    result->setBgTrancent(true);
+    result->setRoundRadius({radius, radius});
+    const QVector<QColor> light{QColor(199, 208, 221), Qt::white, QColor(75, 174, 178), QColor(93, 104, 128)};
+    result->setTextColor(light);
+    result->setFrmColor(light);
+    return result;
+}
+
+CBPPushBtn *clear(const QString &text, int radius)
+{
+    CBPPushBtn *result = button(text);
+    result->setBgTrancent(true);
+    result->setRoundRadius({radius, radius});
+    return result;
+}
+
+void addGrounds(Page *page)
+{
+    Section *section =
+        page->addSection("On a ground of its own",
+                         "With a transparent background the button shows what lies below it in every state.");
+    section->addWide(onGround(theme::kInk, {pose::in(pose::Normal, seeThrough("Normal", 4)),
+                                            pose::in(pose::Hovered, seeThrough("Hovered", 4)),
+                                            pose::in(pose::Pressed, seeThrough("Pressed", 4)),
+                                            pose::in(pose::Focused, seeThrough("Focused", 4)),
+                                            pose::in(pose::Disabled, seeThrough("Disabled", 4))}));
+    section->addWide(
+        onGround(QColor(238, 244, 248), {button("Opaque"), clear("See-through", 0), clear("And round", 4)}));
+}
+
+Page *makePage()
+{
+    auto *page =
+        new Page("Push button", "CBPPushBtn: text, an icon before or behind it, a colour per state, an id, "
+                                "and a drop-down menu if wanted.");
+    addLiveSamples(page);
+    addStates(page);
+    addIcons(page);
+    addWidths(page);
+    addColors(page);
+    addGrounds(page);
+    return page;
+}
+
+void registerThis()
+{
+    registerPage({"push-button", "Push button", PageGroup::Buttons, makePage});
+}
+Q_CONSTRUCTOR_FUNCTION(registerThis)
+
+} // namespace

@@ -1,0 +1,257 @@
+#include "Page.h"
+#include "PageRegistry.h"
+#include "Theme.h"
+
+#include "Util.h"
+
+#include <QDir>
+#include <QFormLayout>
+#include <QLabel>
+#include <QMap>
+#include <QPainter>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int kTile = 56; // of a picture
+constexpr int kTileRadius = 4;
+
+// Pictures side by side, each in the middle of a tile, on one ground.
+class PictureStrip : public QWidget
+{
+public:
+    PictureStrip(const QStringList &names, const QColor &ground, int tile = kTile)
+        : m_ground(ground), m_tile(tile)
+    {
+        for (const QString &name : names)
+            m_pictures << (name.isEmpty() ? QPixmap() : theme::picture(name));
+        setFixedSize(tile * m_pictures.size(), tile);
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+        painter.setPen(m_ground.lightness() > 128 ? theme::kLine : m_ground);
+        painter.setBrush(m_ground);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kTileRadius, kTileRadius);
+        QRect tile(0, 0, m_tile, m_tile);
+        for (const QPixmap &picture : qAsConst(m_pictures)) {
+            const QSize size = picture.size() / picture.devicePixelRatio();
+            painter.drawPixmap(tile.x() + (m_tile - size.width()) / 2,
+                               tile.y() + (m_tile - size.height()) / 2, picture);
+            tile.translate(m_tile, 0);
+        }
+    }
+
+private:
+    QVector<QPixmap> m_pictures;
+    QColor m_ground;
+    int m_tile;
+};
+
+QStringList states()
+{
+    return {"normal", "hover", "press", "disable"};
+}
+
+class Swatch : public QWidget
+{
+public:
+    explicit Swatch(const QColor &color) : m_color(color)
+    {
+        setFixedSize(12 * theme::kUnit, 6 * theme::kUnit);
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(m_color.isValid() ? QPen(m_color) : QPen(theme::kLine, 1, Qt::DashLine));
+        painter.setBrush(m_color.isValid() ? QBrush(m_color) : Qt::NoBrush);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kTileRadius, kTileRadius);
+    }
+
+private:
+    QColor m_color;
+};
+
+QWidget *facts(const QVector<QPair<QString, QString>> &lines)
+{
+    auto *box = new QWidget;
+    auto *form = new QFormLayout(box);
+    form->setContentsMargins(0, 0, 0, 0);
+    form->setHorizontalSpacing(3 * theme::kUnit);
+    form->setVerticalSpacing(theme::kUnit);
+    for (const auto &line : lines) {
+        QLabel *value = theme::label(line.second, theme::Normal, 14, theme::kText, true);
+        value->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        form->addRow(theme::label(line.first, theme::Normal, 14, theme::kCaption), value);
+    }
+    return box;
+}
+
+void addPaths(Page *page)
+{
+    page->addSection("Paths", "The folder res lies beside the program's own folder.")
+        ->addWide(
+            facts({{"getResFullPath(\"../res/UIConfig.ini\")", Util::getResFullPath("../res/UIConfig.ini")},
+                   {"getLumResFullPath(\"langind.ini\")", Util::getLumResFullPath("langind.ini")},
+                   {"getcurappPath(\"settings.ini\")", Util::getcurappPath("settings.ini")}}));
+}
+
+void addFonts(Page *page)
+{
+    Section *section =
+        page->addSection("Fonts", "One family per weight and interface language, from the font table. "
+                                  "Widgets are set in the normal weight at 14 pixels.");
+    const QVector<QPair<QString, theme::Weight>> weights{{"Light", theme::Light},
+                                                         {"Normal", theme::Normal},
+                                                         {"Semibold", theme::Semibold},
+                                                         {"Bold", theme::Bold}};
+    QVector<Sample> specimens;
+    for (const auto &weight : weights) {
+        QLabel *specimen = theme::label("Ag 0123", weight.second, 34, theme::kInk);
+        specimens << Sample{weight.first + ": " + theme::font(weight.second, 14).family(), specimen};
+    }
+    section->addColumns(216, specimens);
+    auto *lines = new QWidget;
+    auto *layout = new QVBoxLayout(lines);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(theme::kUnit);
+    for (const auto &weight : weights) {
+        layout->addWidget(theme::label("Sphinx of black quartz, judge my vow. Größe, façade, señor, 1 234,50",
+                                       weight.second, 14, theme::kText));
+    }
+    section->addWide(lines);
+}
+
+QString named(const QColor &color)
+{
+    return color.isValid() ? color.name() : QString("built-in");
+}
+
+void addColors(Page *page)
+{
+    bool found = false;
+    const QColor ground = Util::GetWindowTitleBgColor();
+    const QColor text = Util::GetWindowTitleTextColor();
+    const QColor line = Util::GetWindowTitleBottomLineClr(found);
+    page->addSection("Colours",
+                     "Title bars take theirs from UIConfig.ini; a missing one leaves the built-in colour. "
+                     "The accents are the library's own.")
+        ->addColumns(216 - 2 * theme::kUnit - theme::kUnit * 4,
+                     {{"title_bgcolor " + named(ground), new Swatch(ground)},
+                      {"title_textcolor " + named(text), new Swatch(text)},
+                      {"title_bottonline " + named(line), new Swatch(line)},
+                      {"Accent #4baeb2", new Swatch(theme::kAccent)},
+                      {"Accent #49a7f5", new Swatch(theme::kAccentBlue)}});
+}
+
+// A picture in its states: "list" of list_normal.png, list_hover.png and so on.
+using States = QMap<QString, QString>; // state to file name
+
+QString stateOf(const QString &baseName)
+{
+    const QString last = baseName.section('_', -1);
+    if (last == "noemal") // as the library reads it
+        return "normal";
+    return states().contains(last) ? last : QString();
+}
+
+// Sorts the pictures of a folder of res/ into those that come in states, by name, and single ones.
+void collect(const QString &folder, QMap<QString, States> &inStates, QStringList &single)
+{
+    const QDir dir(theme::picturePath(folder.isEmpty() ? QString(".") : folder));
+    const QString prefix = folder.isEmpty() ? QString() : folder + '/';
+    QStringList others;
+    const QStringList files = dir.entryList({"*.png", "*.svg"}, QDir::Files, QDir::Name);
+    for (const QString &file : files) {
+        const QString base = file.section('.', 0, -2);
+        if (base.endsWith("@2x"))
+            continue;
+        const QString state = stateOf(base);
+        if (state.isEmpty())
+            others << file;
+        else
+            inStates[prefix + base.section('_', 0, -2)][state] = prefix + file;
+    }
+    for (const QString &file : qAsConst(others)) {
+        const QString family = prefix + file.section('.', 0, -2);
+        if (inStates.contains(family))
+            inStates[family]["normal"] = prefix + file; // its normal state has no suffix
+        else
+            single << prefix + file;
+    }
+}
+
+void addPicturesInStates(Page *page, const QMap<QString, States> &inStates)
+{
+    Section *section =
+        page->addSection("Pictures by state", "Normal, hovered, pressed, disabled; on the white strip of "
+                                              "the frameless window and on the dark title bar.");
+    const QStringList order = states();
+    QVector<SampleRow> rows;
+    for (auto it = inStates.begin(); it != inStates.end(); ++it) {
+        QStringList files;
+        for (const QString &state : order)
+            files << it->value(state);
+        rows << SampleRow{it.key(),
+                          {new PictureStrip(files, Qt::white), new PictureStrip(files, theme::kInk)}};
+    }
+    section->addTable({"On white", "On the dark title bar"}, rows);
+}
+
+void addSinglePictures(Page *page, const QStringList &single)
+{
+    QVector<Sample> samples;
+    for (const QString &file : single) {
+        auto *both = new QWidget;
+        auto *layout = new QHBoxLayout(both);
+        layout->setContentsMargins(0, 0, 0, 0);
+        layout->setSpacing(theme::kUnit);
+        const int tile = 9 * theme::kUnit;
+        layout->addWidget(new PictureStrip({file}, Qt::white, tile));
+        layout->addWidget(new PictureStrip({file}, theme::kInk, tile));
+        samples << Sample{file, both};
+    }
+    page->addSection("Single pictures", QString())->addColumns(216, samples);
+}
+
+void addLoading(Page *page)
+{
+    QStringList frames;
+    for (int i = 0; i < 24; ++i)
+        frames << QString("loading/loading%1.png").arg(i, 2, 10, QChar('0'));
+    Section *section = page->addSection("Spinner", "The frames of the waiting animation, in their order.");
+    section->addWide(new PictureStrip(frames.mid(0, 12), Qt::white, 72));
+    section->addWide(new PictureStrip(frames.mid(12), Qt::white, 72));
+}
+
+Page *makePage()
+{
+    auto *page =
+        new Page("Resources", "Util: where the library finds its pictures, fonts and colours, and what is "
+                              "there.");
+    addPaths(page);
+    addFonts(page);
+    addColors(page);
+    QMap<QString, States> inStates;
+    QStringList single;
+    collect(QString(), inStates, single);
+    collect("Common", inStates, single);
+    addPicturesInStates(page, inStates);
+    addSinglePictures(page, single);
+    addLoading(page);
+    return page;
+}
+
+void registerThis()
+{
+    registerPage({"resources", "Resources", PageGroup::Foundation, makePage});
+}
+Q_CONSTRUCTOR_FUNCTION(registerThis)
+
+} // namespace

@@ -1,0 +1,261 @@
+#pragma once
+
+#include "CBPMenuItem.h"
+#include "ENState.h"
+#include "LumQtGlobal.h"
+
+#include <QColor>
+#include <QFont>
+#include <QMenu>
+#include <QPair>
+#include <QPointer>
+#include <QVector>
+
+#include <memory>
+
+class CBPMenuItemSizeStyle;
+
+namespace lumqt {
+class MenuTexts;
+}
+
+/// The library's pop-up menu: a frameless, translucent QMenu that paints its own rounded body, items,
+/// separators and highlight.
+///
+/// Its items are CBPMenuItem actions that carry the caller's id in their data. All items share one size: as
+/// wide as the widest text the menu has seen, at least 249 pixels (260 with a sub-menu), and 40 pixels high.
+/// Shown with QMenu::popup() or QMenu::exec(); mouse, keyboard, mnemonics and screen readers work as in any
+/// QMenu, and the item chosen last by mouse or keyboard is the one highlighted. Shortcuts and check marks of
+/// actions are not painted, and a disabled item is dimmed.
+///
+/// Setters take effect at the next repaint; those that concern sizes at the next AddAction(), AddMenu() or
+/// ResetMenuWidth(). All sizes are logical pixels, all lists and images are copied. GUI thread only.
+/// \since 1.0
+class LUMQT_EXPORT CBPMenu : public QMenu
+{
+    Q_OBJECT
+
+public:
+    /// An empty menu.
+    /// \since 1.0
+    explicit CBPMenu(QWidget *parent = nullptr);
+
+    /// An empty menu with a title, which is its text where it is added to another menu.
+    /// \since 1.0
+    explicit CBPMenu(const QString &title, QWidget *parent = nullptr);
+    ~CBPMenu() override;
+
+    /// Adds an item without an image. Like the other forms it returns the new CBPMenuItem, whose parent is
+    /// the menu, and widens all items when \a text is the widest so far. \since 1.0
+    QAction *AddAction(QString text, QVariant itemData);
+
+    /// Adds an item with the image file \a iconPath before its text; a file that is missing leaves the place
+    /// empty. \since 1.0
+    QAction *AddAction(QString iconPath, QString text, QVariant itemData);
+
+    /// Adds an item with one image per state and registers them under \a itemData, as SetActionRes() does. Of
+    /// the four the menu shows the first, and the second while the item is highlighted. Another number of
+    /// images than four is registered but not shown. \since 1.0
+    QAction *AddAction(QVector<QString> images, QString text, QVariant itemData);
+
+    /// As the form before. \a itemSize becomes the size of the menu's items only when \a text is empty: any
+    /// other text sizes the items anew at once. \since 1.0
+    QAction *AddAction(QVector<QString> images, QString text, QVariant itemData, QSize itemSize);
+
+    /// Adds \a menu as a sub-menu under its title and returns the action that opens it. Null, and the menu
+    /// itself, are ignored and give null. The sub-menu keeps its owner; when it is destroyed its item goes
+    /// with it. Items sized before get the room for the arrow at the next sizing, see ResetMenuWidth().
+    /// \since 1.0
+    QAction *AddMenu(QMenu *menu);
+
+    /// Adds a separator. It is as high as an item, and its line invisible, until setSeparatorRectHeight() and
+    /// setSeparatorHeight() are called. Hides QMenu::addSeparator(). \since 1.0
+    void addSeparator();
+
+    /// Shows or hides every action whose data is \a id as an integer. Separators, sub-menus and items whose
+    /// data is no number count as 0. \since 1.0
+    void ShowHideMenuItem(int id, bool show);
+
+    /// Marks one chosen item: the actions whose data is \a id as an integer get \a icon, all others lose
+    /// theirs, also when no action has that id. State images stay and win over the icon. \since 1.0
+    void SetShowCheckIcon(int id, QIcon icon);
+
+    /// Puts a badge behind the text of the items with \a itemData, or takes it away. \a res is the badge's
+    /// image file; an empty one gives a red dot. \since 1.0
+    void SetActionSpecialFlag(QVariant itemData, bool on, const QString &res);
+
+    /// Whether items with \a itemData have a badge; \a res is then set to its image file, and untouched
+    /// otherwise. \since 1.0
+    bool IsActionSpecial(const QVariant &itemData, QString &res);
+
+    /// Sets the four state images of the items with \a itemData.
+    /// \since 1.0
+    void SetActionRes(const QVariant &itemData, const QVector<QString> &images);
+
+    /// Forgets the state images of all items, then sets those of the items with \a itemData.
+    /// \since 1.0
+    void ResetActionRes(const QVariant &itemData, const QVector<QString> &images);
+
+    /// Colour of the texts; white by default.
+    /// \since 1.0
+    void setTextColor(QColor color);
+
+    /// Background colours: entry 0 fills the menu, entry 2 the highlighted item; the others are not used. A
+    /// colour that is missing or invalid is replaced by the built-in one when painting. \since 1.0
+    void setBg(QVector<QColor> colors);
+
+    /// Stored, not painted: see SetBorderInfo() for the menu's border.
+    /// \since 1.0
+    void setFrameClr(QVector<QColor> colors);
+
+    /// Sets the room left of the images; 6 by default. The other three values are not used.
+    /// \since 1.0
+    void SetBorder(int left, int top, int right, int bottom);
+
+    /// Room between images and texts; 6 by default.
+    /// \since 1.0
+    void SetSpacing(int spacing);
+
+    /// Least width of the image column, also of an item without an image; 14 by default.
+    /// \since 1.0
+    void SetDefIconWidth(int width);
+
+    /// Pixel size at which texts are measured; 14 by default. See SetFont() for the size they are painted in.
+    /// \since 1.0
+    void SetMenuFontSize(int pixelSize);
+
+    /// Radius of the menu's round corners; 4 by default. Below 1 they are square.
+    /// \since 1.0
+    void SetBordRadios(const int &radius);
+
+    /// Gives the menu the look of a nested one: all four corners round, two pixels narrower on either side.
+    /// \since 1.0
+    void SetSubLeveMennu();
+
+    /// Image file of the arrow at the right of items that open a sub-menu; there is none by default.
+    /// \since 1.0
+    void SetSubMenuRightIcon(const QString &path);
+
+    /// Makes separators 17 pixels high, whatever \a height is: \a height only decides whether their line is
+    /// painted, see setSeparatorHeight(). \since 1.0
+    void setSeparatorRectHeight(int height);
+
+    /// Thickness of the separators' line; 0 by default. It is painted when it is at least 1 and not larger
+    /// than the value given to setSeparatorRectHeight(). \since 1.0
+    void setSeparatorHeight(int width);
+
+    /// Border around the menu; none by default. A nested menu has none.
+    /// \since 1.0
+    void SetBorderInfo(int width, const QColor &color);
+
+    /// Height of the items; 40 by default. With 0 or less the items are not shown.
+    /// \since 1.0
+    void SetMenuItemHeiht(int height);
+
+    /// Height of the strip at the bottom in which the menu's lower corners are round; 6 by default.
+    /// \since 1.0
+    void SetMenuBottomHeight(int height);
+
+    /// Font of the texts. Texts wider than their item are elided. Sizes below 1 count as 1.
+    /// \since 1.0
+    void SetFont(const QString &family, int pixelSize);
+
+    /// The least width of an item: 153.
+    /// \since 1.0
+    int GetMenuWidth();
+
+    /// Measures all texts of this menu, and of those of its sub-menus that are a CBPMenu, each by its own
+    /// resetMenuSize(). The menu only grows: removing long items does not make it narrower. \since 1.0
+    void ResetMenuWidth();
+
+    /// Makes room for \a text in all items of the menu. An empty text changes nothing.
+    /// \since 1.0
+    virtual void resetMenuSize(QString text);
+
+protected:
+    /// Width of \a text, as it stands, in the library's font at \a pixelSize.
+    /// \since 1.0
+    int menuItemLen(QString text, int pixelSize);
+
+    /// Paints the highlight of item \a index of \a count shown ones into \a rect, round where the menu is.
+    /// \since 1.0
+    void PaintAction(QPainter *painter, const QRect &rect, int index, int count);
+
+    /// Paints the line of a separator into \a rect.
+    /// \since 1.0
+    void paintSeparator(QPainter *painter, const QRect &rect);
+
+    /// Paints the badge of the items with \a itemData, if they have one, at the left of \a rect.
+    /// \since 1.0
+    void paintSpecialFlag(QPainter *painter, const QVariant &itemData, const QRect &rect);
+
+    /// \since 1.0
+    void paintEvent(QPaintEvent *event) override;
+    /// \since 1.0
+    void showEvent(QShowEvent *event) override;
+    /// \since 1.0
+    void resizeEvent(QResizeEvent *event) override;
+    /// \since 1.0
+    void keyPressEvent(QKeyEvent *event) override;
+    /// \since 1.0
+    void mouseMoveEvent(QMouseEvent *event) override;
+    /// \since 1.0
+    void enterEvent(QEvent *event) override;
+    /// \since 1.0
+    void leaveEvent(QEvent *event) override;
+    /// \since 1.0
+    void actionEvent(QActionEvent *event) override;
+
+private:
+    struct ScrollAreas;
+    struct ItemView;
+
+    void Init();
+    bool GetActionRes(const QVariant &itemData, const ENState &state, QString &path);
+    QAction *addItem(CBPMenuItem *item, const QString &text);
+    void useItemSize(const QSize &size);
+    bool opensSubMenu(const QAction *action) const;
+
+    QColor background(int index) const;
+    QColor bodyColor() const;
+    QColor edgeColor() const;
+    QRect bodyRect() const;
+    QRect innerRect() const;
+    void updateMask();
+    void paintBody(QPainter *painter);
+    void paintItem(QPainter *painter, const ItemView &item);
+    QPixmap itemPixmap(QAction *action, bool hovered);
+    ScrollAreas scrollAreas() const;
+    QAction *hoveredAction() const;
+    void followHover(QAction *hovered, const QRegion &painted);
+
+    QVector<QPointer<QMenu>> m_subMenus;
+    QVector<QColor> m_bg;
+    QVector<QColor> m_frameClr;
+    CBPMenuItemSizeStyle *m_sizeStyle = nullptr; // owned; the one in use
+    QSize m_itemSize;
+    QColor m_textColor;
+    int m_widestText = 0;
+    int m_itemHeight = 0;
+    int m_minWidth = 0;
+    int m_leftMargin = 0;
+    int m_spacing = 0;
+    int m_defIconWidth = 0;
+    int m_fontSize = 0;
+    int m_radius = 0;
+    bool m_subLevel = false;
+    QString m_arrowFile;
+    int m_separatorRectHeight = 0;
+    int m_separatorHeight = 0;
+    QColor m_borderColor;
+    int m_borderWidth = 0;
+    int m_bottomHeight = 0;
+    QFont m_font;
+    // Pairs and no map: QVariant has no order that holds between numbers and texts.
+    QVector<QPair<QVariant, QVector<QString>>> m_actionRes;
+    QVector<QPair<QVariant, QString>> m_specialFlags;
+
+    std::unique_ptr<lumqt::MenuTexts> m_texts;
+    QPointer<QAction> m_shownHover; // painted as hovered at the last paint
+    bool m_opaque = false;          // shown where nothing composes windows
+};

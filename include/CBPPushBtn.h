@@ -1,0 +1,193 @@
+#pragma once
+
+#include "CBtnObj.h"
+
+#include <QFont>
+#include <QPointer>
+#include <QPushButton>
+
+#include <memory>
+
+class CBPMenu;
+class CBPMenuItem;
+class QAction;
+class QPainter;
+class QPen;
+
+namespace lumqt {
+class CachedText;
+}
+
+/// The library's push button: text, an icon before or behind it, a colour per state, an id, and a drop-down
+/// menu if wanted.
+///
+/// The button is 28 pixels high. Its colours come from the CBtnObj it carries. A click reports
+/// sigBtnClicked() with the button's id; a button with a menu opens the menu instead. The text is plain: an
+/// "&" in it is shown. For keyboard users Space, and Enter on a default button, do what the mouse does. GUI
+/// thread only. \since 1.0
+class LUMQT_EXPORT CBPPushBtn : public QPushButton, public CBtnObj
+{
+    Q_OBJECT
+
+public:
+    /// Where the icon starts. The text itself is always centred in the button.
+    /// \since 1.0
+    enum __ALIGN_TYPE {
+        ALIGN_LEFT = 0,   ///< 16 pixels from the left edge
+        ALIGN_CENTER = 1, ///< icon and text as one centred block
+    };
+
+    /// A button without text; the id is 0.
+    ///
+    /// With \a autoResize the button fixes its own width: icon, menu and minimum width count, the text does
+    /// not. With \a iconAfterText the icon stands to the right of the text. \since 1.0
+    explicit CBPPushBtn(QWidget *parent = nullptr, bool autoResize = false, bool iconAfterText = false);
+
+    /// A button with \a text; the id is 0. See the first constructor.
+    /// \since 1.0
+    CBPPushBtn(QString text, QWidget *parent, bool autoResize = false, bool iconAfterText = false);
+
+    /// A button with \a text and an \a id, without a parent: put it into a layout, or delete it.
+    /// An \a align that is none of the enumeration starts the icon at the left edge.
+    /// \since 1.0
+    CBPPushBtn(QString text, int id, __ALIGN_TYPE align, bool autoResize = false, bool iconAfterText = false);
+
+    /// Deletes the menu that the button made, too, once control is back in the event loop.
+    ~CBPPushBtn() override;
+
+    // Both the keyboard focus and the record's focus flag go by this name.
+    using CBtnObj::setFocus;
+    using QPushButton::setFocus;
+
+    /// Sets the text; then the button sizes itself, if it does.
+    /// \since 1.0
+    void setText(const QString &text);
+
+    /// Sets the icon, drawn at iconSize(); then the button sizes itself, if it does.
+    /// \since 1.0
+    void setIcon(const QIcon &icon);
+
+    /// Sets the font that the text is drawn in (QWidget::setFont() has no effect on it).
+    /// \since 1.0
+    void SetFont(const QFont &font);
+
+    /// Sets the lower bound of a self-sized button's width, in pixels; 85 at first.
+    /// \since 1.0
+    void SetMininzerWidth(int width);
+
+    /// Sets the gap between icon and text in pixels; 10 at first. Takes effect at the next resize or paint.
+    /// \since 1.0
+    void setSpacing(int spacing);
+
+    /// Moves an icon behind the text down by \a offset pixels; 0 at first.
+    /// \since 1.0
+    void SetIconVoffSet(const int &offset);
+
+    /// With true the button draws a triangle and opens its menu instead of clicking. Without a menu a click
+    /// then does nothing. \since 1.0
+    void setHasMenu(bool hasMenu);
+
+    /// Adds an item to the button's menu, which the first call makes. \a id becomes the item's data.
+    /// An empty or missing icon file gives an item without an icon.
+    /// \since 1.0
+    void AppendMenuItem(QString iconPath, QString text, int id);
+
+    /// The menu, or null. It belongs to the button; an application may delete it before.
+    /// \since 1.0
+    CBPMenu *GetMenu();
+
+    /// The id that sigBtnClicked() reports.
+    /// \since 1.0
+    int bindId() const;
+
+    /// Paints the button as pressed as long as it is enabled, or no longer.
+    /// \since 1.0
+    void setSelected(bool selected);
+
+    /// Enables or disables the button. Calls through QWidget do the same.
+    /// \since 1.0
+    void setEnabled(bool enabled);
+
+    /// The opposite of setEnabled().
+    /// \since 1.0
+    void setDisabled(bool disabled);
+
+    /// Makes the button its dialog's default button and shows it as focused.
+    /// \since 1.0
+    void setAsDefaultBtn();
+
+    /// Sets the colour of the focus ring, two pixels wide; #4ba7f5 at first. Shown at the next paint.
+    /// \since 1.0
+    void setFocusFrameColor(QColor color);
+
+    /// Makes the background see-through in every state, or opaque again.
+    /// \since 1.0
+    void setBgTrancent(bool transparent);
+
+Q_SIGNALS:
+    /// The second press of a double-click with the left mouse button.
+    /// \since 1.0
+    void doubleClicked();
+
+    /// The button without a menu was clicked: the left mouse button was released after a press on it,
+    /// wherever, or the keyboard or an assistive tool pressed it. After a mouse click it follows clicked().
+    /// \since 1.0
+    void sigBtnClicked(int iBtnId);
+
+    /// An item of the button's menu was chosen. The item belongs to the menu.
+    /// \since 1.0
+    void sigActionTriggered(CBPMenuItem *pItem);
+
+protected:
+    /// Draws the drop-down triangle, if the button has a menu.
+    /// \since 1.0
+    void drawArrow(QPainter *painter);
+
+    /// Draws icon and text into \a rect in the colours of the state \a index; \a pen is the painter's own and
+    /// is changed to the text colour. Replace it to draw another content. \since 1.0
+    virtual void drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, int index);
+
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void enterEvent(QEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+
+private Q_SLOTS:
+    void OnActionTriggered(QAction *pAct);
+
+private:
+    void init();
+    void autoResizeBtn();
+    int iconWidth() const;
+    int textWidth() const;
+    QPixmap iconPixmap() const;
+    void openMenu();
+    void reportActivation();
+    void followKey(bool wasDown);
+    void drawCheckedLook(QPainter &painter, const QRect &rect) const;
+
+    QColor m_focusFrameColor;
+    int m_bindId = 0;
+    bool m_autoResize = false;
+    bool m_selected = false;
+    int m_align = ALIGN_CENTER;
+    int m_minimumWidth;
+    int m_spacing;
+    QPointer<CBPMenu> m_menu;
+    bool m_hasMenu = false;
+    int m_arrowWidth;
+    int m_arrowHeight;
+    QFont m_font;
+    bool m_iconAfterText = false;
+    int m_iconVerticalOffset = 0;
+    bool m_reportsItself = false; // an event handler will emit sigBtnClicked when the base is done
+    bool m_wasClicked = false;    // clicked() came while the handler was at work
+    std::unique_ptr<lumqt::CachedText> m_textLayout;
+};

@@ -1,0 +1,103 @@
+#pragma once
+
+#include "LumQtGlobal.h"
+
+#include <QMainWindow>
+#include <QMap>
+#include <QRect>
+#include <QStringList>
+
+#include <memory>
+
+struct tagNCCALCSIZE_PARAMS;
+
+/// A top-level main window that draws its own title strip, border and caption buttons.
+///
+/// The strip holds an icon, a caption and five parts with ids: 1 list, 2 separator, 3 minimise, 4 maximise or
+/// restore, 5 close. 3, 4 and 5 act by themselves; what the list button does is told by a derived class in
+/// titleBtnClicked(). However the window is closed, it ends in onExit(): by its button, by the system, by
+/// QWidget::close().
+///
+/// On Windows the frame is the native one, repainted, and the widget covers the client area only. A colour of
+/// the frame is made transparent there, so neither a window opacity nor Qt::WA_TranslucentBackground goes
+/// with this class. Elsewhere the frame lies in the widget's contents margins, which the class sets. Sizes
+/// are logical pixels. GUI thread only. \since 1.0
+class LUMQT_EXPORT CBaseWin : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    /// A window with the icon "../res/title_logo.png", no caption and an empty window title.
+    ///
+    /// With a \a parent that owns it, it stays a window of its own.
+    /// \since 1.0
+    explicit CBaseWin(QWidget *parent = nullptr);
+    ~CBaseWin() override;
+
+    /// Takes the image file \a path for the title's icon, from the next time the frame is painted. Empty: no
+    /// icon, and the caption begins at the left. A file that cannot be read is said in the log. \since 1.0
+    void setIcon(QString path);
+
+    /// Shows \a text in the title strip, on one line and not shortened. It is also the window's accessible
+    /// name; the window title stays what it is. \since 1.0
+    void setCaption(QString text);
+
+    /// Where button \a id was last painted, in coordinates of the window with its frame, the left edge moved
+    /// left by frameWidth(). Empty for an \a id outside of 0 to 5 and before the frame was first painted.
+    /// \since 1.0
+    QRect btnRect(int id);
+
+    /// Width of the border, asked of the system at each call.
+    /// \since 1.0
+    int frameWidth();
+
+    /// Height of the title strip with the border above it: 38 more than frameWidth().
+    /// \since 1.0
+    int titleHight();
+
+Q_SIGNALS:
+    /// The window ends; \a sender is this window as a QObject pointer. Sent by onExit() once the window is
+    /// hidden. A slot may delete the window. \since 1.0
+    void sigQuit(void *sender);
+
+protected:
+    bool event(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    bool nativeEvent(const QByteArray &eventType, void *message, long *result) override;
+
+    /// Ends the application: hides the window, sends sigQuit() and makes the event loop return 0.
+    ///
+    /// A derived class that leaves the window visible refuses the close. It is not called again while it
+    /// runs. \since 1.0
+    virtual void onExit();
+
+    /// Called before the button \a id acts; true keeps it from acting. -1: the mouse button was let go on the
+    /// frame beside every button. The window may be deleted here. The base answers false. \since 1.0
+    virtual bool titleBtnClicked(int id);
+
+    /// Whether the window is maximised, as the system sees it.
+    /// \since 1.0
+    bool isMaxState();
+
+private:
+    void init();
+    void resetBtnState();
+    void drawTitleBtns(QPainter &painter, int x, int y, int id);
+    void paintFrame();
+    void paintCaption(QPainter &painter);
+    void onNCCalSize(tagNCCALCSIZE_PARAMS *params);
+    bool isCursorInTitleBar();
+    int cursorOnToolButtons();
+    void onTitleBtnClicked(int id);
+
+    QMap<int, QStringList> m_btnImages; // normal, hover, press, disable
+    QMap<int, int> m_btnStates;         // index into them
+    QStringList m_restoreImages;        // of the maximise button while the window is maximised
+    QString m_iconPath;
+    QString m_caption;
+    QMap<int, QRect> m_btnRects; // as last painted
+    QRect m_iconRect;
+
+    class Frame;
+    std::unique_ptr<Frame> m_frame;
+};

@@ -1,0 +1,147 @@
+#pragma once
+
+#include "LumQtGlobal.h"
+
+#include <QColor>
+#include <QIcon>
+#include <QMargins>
+#include <QVector>
+
+/// Appearance and state of a button: what every custom-drawn button carries beside its Qt base.
+///
+/// A plain value without signals: setters store and never repaint, the button shows a change at its next
+/// paint. Every list of colours holds one entry per state in the order normal, hover, pressed, disabled. A
+/// list of another length is stored, but buttons paint with the built-in colours until it is replaced by one
+/// of four. GUI thread only. \since 1.0
+class LUMQT_EXPORT CBtnObj
+{
+public:
+    /// State normal, no focus, the library's own colours, square corners, a frame of one pixel.
+    /// \since 1.0
+    CBtnObj();
+    ~CBtnObj() = default;
+    CBtnObj(const CBtnObj &other) = default;
+    CBtnObj(CBtnObj &&other) = default;
+    CBtnObj &operator=(const CBtnObj &other) = default;
+    CBtnObj &operator=(CBtnObj &&other) = default;
+
+    /// The state: 0 normal, 1 hover, 2 pressed, 3 disabled.
+    /// \since 1.0
+    int state() const { return m_state; }
+
+    /// Stores the state; values outside 0..3 are ignored.
+    /// \since 1.0
+    void setState(int state);
+
+    /// Whether the button shows itself as focused.
+    /// \since 1.0
+    bool IsFocus() const { return m_focus; }
+
+    /// Sets the focus flag. It moves no keyboard focus.
+    /// \since 1.0
+    void setFocus(bool focus) { m_focus = focus; }
+
+    /// Background for a state; an invalid colour for an index outside the list.
+    /// \since 1.0
+    QColor bgColor(int index) const { return m_bgColor.value(index); }
+    /// Replaces the backgrounds.
+    /// \since 1.0
+    void setBgColor(QVector<QColor> colors) { m_bgColor = colors; }
+
+    /// Frame colour for a state; an invalid colour for an index outside the list.
+    /// \since 1.0
+    QColor frmColor(int index) const { return m_frmColor.value(index); }
+    /// Replaces the frame colours.
+    /// \since 1.0
+    void setFrmColor(QVector<QColor> colors) { m_frmColor = colors; }
+
+    /// Text colour for a state; an invalid colour for an index outside the list.
+    /// \since 1.0
+    QColor textColor(int index) const { return m_textColor.value(index); }
+    /// Replaces the text colours.
+    /// \since 1.0
+    void setTextColor(QVector<QColor> colors) { m_textColor = colors; }
+
+    /// Focus colour for a state, at first the background; for buttons that choose to use it.
+    /// \since 1.0
+    QColor focusColor(int index) const { return m_focusColor.value(index); }
+    /// Replaces the focus colours.
+    /// \since 1.0
+    void setFocusColor(QVector<QColor> colors) { m_focusColor = colors; }
+
+    /// Colour of the drop-down triangle for a state; for buttons that choose to use it.
+    /// \since 1.0
+    QColor triangleColor(int index) const { return m_triangleColor.value(index); }
+    /// Replaces the triangle colours.
+    /// \since 1.0
+    void setTriangleColor(QVector<QColor> colors) { m_triangleColor = colors; }
+
+    /// Corner radius in pixels: 0 the horizontal one, 1 the vertical one; 0 for an index outside the list.
+    /// \since 1.0
+    int roundRadius(int index) const { return m_roundRadius.value(index); }
+    /// Replaces the radii: horizontal, vertical, in pixels. A horizontal radius of 0 means square corners.
+    /// \since 1.0
+    void setRoundRadius(QVector<int> radii) { m_roundRadius = radii; }
+
+    /// Background of the checked look; invalid at first, which paints none.
+    /// \since 1.0
+    QColor checkedBgColor() const { return m_checkedBgColor; }
+    /// Sets the background of the checked look.
+    /// \since 1.0
+    void setCheckedBgColor(const QColor &color) { m_checkedBgColor = color; }
+
+    /// Frame of the checked look; invalid at first, which paints none.
+    /// \since 1.0
+    QColor checkedFrmColor() const { return m_checkedFrmColor; }
+    /// Sets the frame of the checked look.
+    /// \since 1.0
+    void setCheckedFrmColor(const QColor &color) { m_checkedFrmColor = color; }
+
+    /// Frame width in pixels; for buttons that choose to use it.
+    /// \since 1.0
+    int frmWidth() const { return m_frmWidth; }
+    /// Sets the frame width in pixels.
+    /// \since 1.0
+    void setFrmWidth(int width) { m_frmWidth = width; }
+
+    /// With true a square button draws no frame: its background reaches the edges.
+    /// \since 1.0
+    void setFrmTrancent(bool transparent) { m_frmTrancent = transparent; }
+
+    /// Makes every background fully transparent, or fully opaque. It rewrites the present list only: colours
+    /// set later keep their own alpha. \since 1.0
+    void setBgTrancent(bool transparent);
+
+    /// Margins, in pixels, that are cut off the widget before background and frame are painted.
+    /// \since 1.0
+    void setRemoveMargin(QMargins margins) { m_removeMargin = margins; }
+
+    /// The mode in which a button in this state fetches its icon.
+    /// \since 1.0
+    QIcon::Mode iconMode() const;
+
+protected:
+    /// The background to paint for a state: from the list if it has four entries, else the built-in colour.
+    /// \since 1.0
+    QColor paintedBgColor(int index) const;
+    /// The frame colour to paint for a state; see paintedBgColor().
+    /// \since 1.0
+    QColor paintedFrmColor(int index) const;
+    /// The text colour to paint for a state; see paintedBgColor().
+    /// \since 1.0
+    QColor paintedTextColor(int index) const;
+
+    int m_state = 0;
+    bool m_focus = false;
+    QVector<QColor> m_bgColor;
+    QVector<QColor> m_frmColor;
+    QVector<QColor> m_textColor;
+    QVector<QColor> m_focusColor;
+    QVector<QColor> m_triangleColor;
+    QVector<int> m_roundRadius;
+    QColor m_checkedBgColor;
+    QColor m_checkedFrmColor;
+    int m_frmWidth = 1;
+    bool m_frmTrancent = false;
+    QMargins m_removeMargin;
+};

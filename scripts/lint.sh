@@ -1,0 +1,33 @@
+#!/usr/bin/env bash
+# Looks at the sources with clang-format, clang-tidy and clazy; prints what they say and fails when they say anything.
+#   lint.sh            everything
+#   lint.sh --format   clang-format only
+set -euo pipefail
+here=$(cd "$(dirname "$0")" && pwd)
+# shellcheck source=scripts/common.sh
+. "$here/common.sh"
+cd "$here/.."
+
+mapfile -t sources < <(git ls-files 'src/*.cpp' 'src/*.h' 'include/*.h' 'examples/*.cpp' 'examples/*.h' 'tests/*.cpp' \
+  'tests/*.h' 'benchmarks/*.cpp')
+ensure_packages clang-format
+say "clang-format (${#sources[@]} files)"
+clang-format --dry-run --Werror "${sources[@]}"
+[ "${1:-}" != --format ] || exit 0
+
+ensure_packages clang-tidy clazy cmake ninja-build g++ qtbase5-dev qtbase5-private-dev libqt5svg5-dev python3
+cmake --preset linux -Wno-dev >/dev/null
+cmake --build --preset linux >/dev/null # the meta-object files that the sources include
+mapfile -t units < <(git ls-files 'src/*.cpp' 'examples/gallery/*.cpp' | grep -v /windows/)
+status=0
+say "clang-tidy (${#units[@]} files)"
+printf '%s\n' "${units[@]}" | xargs -P "$(nproc)" -n 4 clang-tidy -p build/linux --quiet 2>/dev/null || status=1
+say "clazy (${#units[@]} files)"
+findings=$(printf '%s\n' "${units[@]}" | xargs -P "$(nproc)" -n 4 clazy-standalone -p build/linux -checks=level1 \
+  -header-filter='(include|src)/.*' 2>&1 | grep -E 'warning:|error:' | sort -u || true)
+if [ -n "$findings" ]; then
+  printf '%s\n' "$findings"
+  status=1
+fi
+[ "$status" -eq 0 ] && say "Nothing found"
+exit "$status"

@@ -1,0 +1,43 @@
+#!/usr/bin/env bash
+# Runs a Windows program of this project under Wine: wine-run.sh PROGRAM [ARG ...]
+#
+# Finds the DLLs of Qt (LUMQT_QT_WINDOWS) and of the compiler, and further ones in LUMQT_DLL_PATH. A Qt Test program's
+# standard output is lost there, so it writes into a file, which is printed when it is done.
+set -uo pipefail
+here=$(cd "$(dirname "$0")" && pwd)
+qt=${LUMQT_QT_WINDOWS:-}
+if [ -z "$qt" ]; then
+  qt=$("$here/build-qt-windows.sh")
+fi
+
+windows_path() { printf 'Z:%s' "${1//\//\\}"; }
+
+dll_path=$(windows_path "$qt/bin")
+for folder in /usr/lib/gcc/x86_64-w64-mingw32/*-posix /usr/x86_64-w64-mingw32/lib ${LUMQT_DLL_PATH:-}; do
+  dll_path="$dll_path;$(windows_path "$folder")"
+done
+export WINEPATH=$dll_path
+export QT_PLUGIN_PATH
+QT_PLUGIN_PATH=$(windows_path "$qt/plugins")
+export WINEDEBUG=${WINEDEBUG:--all}
+export WINEPREFIX=${WINEPREFIX:-${XDG_CACHE_HOME:-$HOME/.cache}/lumqtlib/wine}
+# No dialogs that offer to download something.
+export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml=}
+unset QT_QPA_PLATFORM
+mkdir -p "$WINEPREFIX"
+
+program=$1
+shift
+case ${program##*/} in
+  tst_*)
+    results=$(mktemp -d)
+    trap 'rm -rf "$results"' EXIT
+    wine "$program" -o "$(windows_path "$results/results.txt"),txt" "$@"
+    status=$?
+    cat "$results/results.txt" 2>/dev/null
+    exit "$status"
+    ;;
+  *)
+    wine "$program" "$@"
+    ;;
+esac

@@ -1,0 +1,318 @@
+#include "CBaseWin.h"
+
+#include "ENState.h"
+#include "foundation/FontLookup.h"
+#include "foundation/ImageLoader.h"
+#include "foundation/Painting.h"
+#include "frames/FrameGeometry.h"
+#include "frames/FramePainter.h"
+#include "platform/Platform.h"
+#include "platform/WindowFrame.h"
+#include "Util.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QPainter>
+#include <QPaintEvent>
+#include <QPointer>
+
+using namespace lumqt;
+
+namespace {
+
+const QColor kClientFill(255, 255, 255);
+const QColor kCaptionText(0, 0, 0);
+const char kTitleIcon[] = "../res/title_logo.png";
+
+QStringList stateImages(const QString &name)
+{
+    QStringList images;
+    for (const char *state : {"normal", "hover", "press", "disable"})
+        images += Util::getResFullPath(QStringLiteral("../res/%1_%2.png").arg(name, QLatin1String(state)));
+    return images;
+}
+
+} // namespace
+
+// What the platform's frame tells and asks, and what the interface of the window does not show.
+class CBaseWin::Frame : public platform::WindowFrameClient
+{
+public:
+    explicit Frame(CBaseWin *owner) : window(owner), system(platform::WindowFrame::create(owner, this)) {}
+
+    QMargins margins() const override
+    {
+        const int fw = window->frameWidth();
+        return QMargins(fw, frame::titleHeight(fw), fw, fw);
+    }
+
+    bool pointer(platform::PointerAction action) override;
+
+    void pointerLeft() override
+    {
+        if (!window->m_btnStates.keys(ENStateHover).isEmpty() ||
+            !window->m_btnStates.keys(ENStatePress).isEmpty()) {
+            window->m_btnStates.remove(frame::TitleIcon);
+            window->resetBtnState();
+            window->paintFrame();
+        }
+    }
+
+    bool isPointerInTitleBar() override { return window->isCursorInTitleBar(); }
+    Qt::Edges edgesAt(const QPoint &position, const QSize &size) const override
+    {
+        return frame::edgesAt(position, size, window->frameWidth());
+    }
+    void closeRequested() override;
+    void sizeClient(tagNCCALCSIZE_PARAMS *params) override { window->onNCCalSize(params); }
+    void paintFrame(QPainter &painter, const QSizeF &size, const QColor &outside, bool withTitle) override;
+
+    int windowWidth() const { return system->clientSize().width() + 2 * window->frameWidth(); }
+
+    // Sizes of the normal images for a surface with `ratio` device pixels to a logical one.
+    frame::ButtonSizes buttonSizes(qreal ratio) const
+    {
+        frame::ButtonSizes sizes;
+        for (int id = 0; id < frame::kButtonCount; ++id)
+            sizes[id] = logicalSize(loadPixmap(window->m_btnImages.value(id).value(ENStateNormal), ratio));
+        return sizes;
+    }
+
+    CBaseWin *const window;
+    const std::unique_ptr<platform::WindowFrame> system;
+    CachedText caption;
+    QFont captionFont;
+    bool captionFontValid = false;
+    bool closing = false;  // onExit() runs
+    bool quitting = false; // and has come to the base's
+};
+
+// Every message resets all buttons first, so a button lights up only while the pointer is on it.
+bool CBaseWin::Frame::pointer(platform::PointerAction action)
+{
+    const QPointer<CBaseWin> guard(window);
+    CBaseWin *const w = window;
+    const bool released = action == platform::PointerAction::Release;
+    const int id = w->cursorOnToolButtons();
+    w->resetBtnState();
+    if (id != frame::Nothing)
+        w->m_btnStates[id] = action == platform::PointerAction::Move ? ENStateHover : ENStatePress;
+    if (released && id < frame::kButtonCount) {
+        w->onTitleBtnClicked(id);
+        if (!guard)
+            return true;
+    }
+    if (released)
+        w->m_btnStates[id] = ENStateNormal;
+    w->paintFrame();
+    return id != frame::Nothing;
+}
+
+void CBaseWin::Frame::closeRequested()
+{
+    if (closing)
+        return;
+    const QPointer<CBaseWin> guard(window);
+    closing = true;
+    window->onExit();
+    if (guard)
+        closing = false;
+}
+
+void CBaseWin::Frame::paintFrame(QPainter &painter, const QSizeF &size, const QColor &outside, bool withTitle)
+{
+    const int fw = window->frameWidth();
+    frame::paintFrame(painter, size, fw, outside);
+    if (!withTitle)
+        return;
+    window->paintCaption(painter);
+    const auto rects =
+        frame::paintedRects(qRound(size.width()), fw, buttonSizes(painter.device()->devicePixelRatioF()));
+    for (int id = frame::kButtonCount - 1; id >= 0; --id)
+        window->drawTitleBtns(painter, rects[id].x(), rects[id].y(), id);
+}
+
+CBaseWin::CBaseWin(QWidget *parent)
+    : QMainWindow(parent), m_iconPath(Util::getResFullPath(QLatin1String(kTitleIcon)))
+{
+    setWindowTitle(QString());
+    init();
+    m_frame = std::make_unique<Frame>(this);
+}
+
+CBaseWin::~CBaseWin() = default;
+
+void CBaseWin::init()
+{
+    const QString line = Util::getResFullPath(QStringLiteral("../res/line.png"));
+    m_btnImages[frame::ListButton] = stateImages(QStringLiteral("list"));
+    m_btnImages[frame::Separator] = QStringList{line, line, line, line};
+    m_btnImages[frame::MinimizeButton] = stateImages(QStringLiteral("minimize"));
+    m_btnImages[frame::MaximizeButton] = stateImages(QStringLiteral("maximize"));
+    m_btnImages[frame::CloseButton] = stateImages(QStringLiteral("close"));
+    m_restoreImages = stateImages(QStringLiteral("maximize_restore"));
+    resetBtnState();
+}
+
+void CBaseWin::resetBtnState()
+{
+    for (int id = 0; id < frame::kButtonCount; ++id)
+        m_btnStates[id] = ENStateNormal;
+}
+
+void CBaseWin::setIcon(QString path)
+{
+    m_iconPath = path;
+}
+
+void CBaseWin::setCaption(QString text)
+{
+    m_caption = text;
+    setAccessibleName(text);
+    update();
+    if (isVisible())
+        paintFrame();
+}
+
+QRect CBaseWin::btnRect(int id)
+{
+    if (id < 0 || id >= frame::kButtonCount || !m_btnRects.contains(id))
+        return QRect();
+    return m_btnRects.value(id).adjusted(-frameWidth(), 0, 0, 0);
+}
+
+int CBaseWin::frameWidth()
+{
+    return platform::answers().frameWidth(this);
+}
+
+int CBaseWin::titleHight()
+{
+    return frame::titleHeight(frameWidth());
+}
+
+bool CBaseWin::isMaxState()
+{
+    return m_frame->system->isMaximized();
+}
+
+bool CBaseWin::event(QEvent *event)
+{
+    if (!m_frame) // still under construction
+        return QMainWindow::event(event);
+    if (event->type() == QEvent::FontChange)
+        m_frame->captionFontValid = false;
+    if (event->type() == QEvent::Close) {
+        // close() ends the window as its button does; a derived closeEvent() may refuse before.
+        const QPointer<CBaseWin> guard(this);
+        QMainWindow::event(event);
+        if (guard && event->isAccepted()) {
+            m_frame->closeRequested();
+            event->setAccepted(!guard || !isVisible());
+        }
+        return true;
+    }
+    return m_frame->system->event(event) || QMainWindow::event(event);
+}
+
+void CBaseWin::paintEvent(QPaintEvent *event)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), kClientFill);
+    m_frame->system->paintInside(painter, event);
+}
+
+bool CBaseWin::nativeEvent(const QByteArray &eventType, void *message, long *result)
+{
+    return (m_frame && m_frame->system->nativeEvent(message, result)) ||
+           QMainWindow::nativeEvent(eventType, message, result);
+}
+
+void CBaseWin::onExit()
+{
+    if (m_frame->quitting)
+        return;
+    const QPointer<CBaseWin> guard(this);
+    m_frame->quitting = true;
+    hide();
+    if (guard)
+        Q_EMIT sigQuit(static_cast<QObject *>(this));
+    if (guard)
+        m_frame->quitting = false;
+    QCoreApplication::exit(0);
+}
+
+bool CBaseWin::titleBtnClicked(int)
+{
+    return false;
+}
+
+void CBaseWin::onTitleBtnClicked(int id)
+{
+    const QPointer<CBaseWin> guard(this);
+    if (titleBtnClicked(id) || !guard)
+        return;
+    if (id == frame::MinimizeButton)
+        showMinimized();
+    else if (id == frame::MaximizeButton)
+        isMaxState() ? showNormal() : showMaximized();
+    else if (id == frame::CloseButton)
+        m_frame->closeRequested();
+}
+
+void CBaseWin::drawTitleBtns(QPainter &painter, int x, int y, int id)
+{
+    if (id < 0 || id >= frame::kButtonCount)
+        return;
+    const QStringList images =
+        id == frame::MaximizeButton && isMaxState() ? m_restoreImages : m_btnImages.value(id);
+    const QPixmap pixmap =
+        loadPixmap(images.value(m_btnStates.value(id)), painter.device()->devicePixelRatioF());
+    painter.drawPixmap(x, y, pixmap);
+    m_btnRects[id] = QRect(QPoint(x, y), logicalSize(pixmap));
+}
+
+void CBaseWin::paintFrame()
+{
+    m_frame->system->repaint();
+}
+
+void CBaseWin::paintCaption(QPainter &painter)
+{
+    const int fw = frameWidth();
+    painter.save();
+    m_iconRect = QRect();
+    const bool hasIcon = !m_iconPath.isEmpty();
+    if (hasIcon) {
+        const QPixmap icon = loadPixmap(m_iconPath, painter.device()->devicePixelRatioF());
+        m_iconRect = frame::iconRect(fw, logicalSize(icon));
+        painter.drawPixmap(m_iconRect.topLeft(), icon);
+    }
+    if (!m_frame->captionFontValid) {
+        m_frame->captionFont = font();
+        m_frame->captionFont.setFamily(GetFontFamily(NormalWeight));
+        m_frame->captionFontValid = true;
+    }
+    painter.setPen(kCaptionText);
+    m_frame->caption.drawLeft(painter, frame::captionRect(fw, hasIcon, m_iconRect.width()), m_caption,
+                              m_frame->captionFont);
+    painter.restore();
+}
+
+void CBaseWin::onNCCalSize(tagNCCALCSIZE_PARAMS *params)
+{
+    m_frame->system->shrinkToClient(params);
+}
+
+bool CBaseWin::isCursorInTitleBar()
+{
+    const QRect bar = frame::titleBarRect(m_frame->system->clientSize().width(), frameWidth(), isMaxState());
+    return bar.contains(m_frame->system->pointer() + QPoint(0, titleHight()));
+}
+
+int CBaseWin::cursorOnToolButtons()
+{
+    const QPoint position = m_frame->system->pointer() + QPoint(frameWidth(), titleHight());
+    return frame::partAt(position, m_frame->windowWidth(), frameWidth(),
+                         m_frame->buttonSizes(devicePixelRatioF()), m_iconRect);
+}

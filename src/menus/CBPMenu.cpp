@@ -1,0 +1,393 @@
+#include "CBPMenu.h"
+
+#include "CBPMenuItemSizeStyle.h"
+#include "foundation/FontLookup.h"
+#include "foundation/Log.h"
+#include "menus/MenuTexts.h"
+
+#include <QActionEvent>
+#include <QFontMetrics>
+#include <QKeyEvent>
+
+#include <iterator>
+
+namespace {
+
+const QColor kBackgrounds[] = {QColor(60, 67, 75, 240), QColor(75, 174, 178, 255), QColor(75, 174, 178, 255),
+                               QColor(255, 255, 255, 255)};
+constexpr int kWidestText = 200; // to begin with: shorter texts do not make a narrower menu
+constexpr int kItemHeight = 40;
+constexpr int kMinWidth = 153;
+constexpr int kMargin = 6;
+constexpr int kIconWidth = 14;
+constexpr int kRadius = 4;
+constexpr int kBottomHeight = 6;
+constexpr int kRoomBesideText = 49;
+constexpr int kRoomBesideTextWithArrow = 60;
+constexpr int kStateImages = 4;
+const char kSeparatorSheet[] = "QMenu:separator{height: 17px;}";
+
+template <class Value> int entryOf(const QVector<QPair<QVariant, Value>> &entries, const QVariant &itemData)
+{
+    for (int i = 0; i < entries.size(); ++i)
+        if (entries.at(i).first == itemData)
+            return i;
+    return -1;
+}
+
+template <class Value>
+void setEntry(QVector<QPair<QVariant, Value>> &entries, const QVariant &itemData, const Value &value)
+{
+    const int index = entryOf(entries, itemData);
+    if (index >= 0)
+        entries[index].second = value;
+    else
+        entries.append(qMakePair(itemData, value));
+}
+
+} // namespace
+
+CBPMenu::CBPMenu(QWidget *parent) : QMenu(parent)
+{
+    Init();
+}
+
+CBPMenu::CBPMenu(const QString &title, QWidget *parent) : QMenu(title, parent)
+{
+    Init();
+}
+
+CBPMenu::~CBPMenu()
+{
+    // A widget forgets a style that is deleted; the one that Qt puts in between for a style sheet does not.
+    if (m_sizeStyle && style() != m_sizeStyle)
+        setStyle(nullptr);
+    delete m_sizeStyle;
+}
+
+void CBPMenu::Init()
+{
+    m_texts = std::make_unique<lumqt::MenuTexts>();
+    m_leftMargin = kMargin;
+    m_spacing = kMargin;
+    m_defIconWidth = kIconWidth;
+    m_textColor = QColor(255, 255, 255, 255);
+    m_bg = QVector<QColor>(std::begin(kBackgrounds), std::end(kBackgrounds));
+    m_widestText = kWidestText;
+    m_itemHeight = kItemHeight;
+    m_fontSize = lumqt::kTextPixelSize;
+    m_minWidth = kMinWidth;
+    m_radius = kRadius;
+    m_bottomHeight = kBottomHeight;
+    m_font = lumqt::uiFont(lumqt::NormalWeight, lumqt::kTextPixelSize);
+    setObjectName(QStringLiteral("id_PopupMenu"));
+    setWindowFlags(windowFlags() | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
+    setAttribute(Qt::WA_TranslucentBackground);
+}
+
+QAction *CBPMenu::addItem(CBPMenuItem *item, const QString &text)
+{
+    addAction(item);
+    resetMenuSize(text);
+    return item;
+}
+
+QAction *CBPMenu::AddAction(QString text, QVariant itemData)
+{
+    return addItem(new CBPMenuItem(text, itemData, this), text);
+}
+
+QAction *CBPMenu::AddAction(QString iconPath, QString text, QVariant itemData)
+{
+    auto *item = new CBPMenuItem(text, itemData, this);
+    item->setIconFile(iconPath);
+    return addItem(item, text);
+}
+
+QAction *CBPMenu::AddAction(QVector<QString> images, QString text, QVariant itemData)
+{
+    SetActionRes(itemData, images);
+    return addItem(new CBPMenuItem(images, text, itemData, this), text);
+}
+
+QAction *CBPMenu::AddAction(QVector<QString> images, QString text, QVariant itemData, QSize itemSize)
+{
+    SetActionRes(itemData, images);
+    useItemSize(itemSize);
+    return addItem(new CBPMenuItem(images, text, itemData, this), text);
+}
+
+QAction *CBPMenu::AddMenu(QMenu *menu)
+{
+    if (!menu)
+        return nullptr;
+    if (menu == this) {
+        qCWarning(lcLumQt, "CBPMenu::AddMenu: a menu cannot be its own sub-menu");
+        return nullptr;
+    }
+    m_subMenus.removeAll(QPointer<QMenu>()); // those destroyed since
+    if (!m_subMenus.contains(menu))
+        m_subMenus.append(menu);
+    QAction *action = addMenu(menu);
+    resetMenuSize(menu->title());
+    return action;
+}
+
+void CBPMenu::addSeparator()
+{
+    QMenu::addSeparator();
+}
+
+void CBPMenu::ShowHideMenuItem(int id, bool show)
+{
+    const auto all = actions();
+    for (QAction *action : all)
+        if (action->data().toInt() == id)
+            action->setVisible(show);
+}
+
+void CBPMenu::SetShowCheckIcon(int id, QIcon icon)
+{
+    const auto all = actions();
+    for (QAction *action : all) {
+        const bool chosen = action->data().toInt() == id;
+        // Each change measures all items of a menu that is open.
+        if (chosen)
+            action->setIcon(icon);
+        else if (!action->icon().isNull())
+            action->setIcon(QIcon());
+    }
+}
+
+void CBPMenu::SetActionSpecialFlag(QVariant itemData, bool on, const QString &res)
+{
+    if (on) {
+        setEntry(m_specialFlags, itemData, res);
+    } else {
+        const int index = entryOf(m_specialFlags, itemData);
+        if (index >= 0)
+            m_specialFlags.remove(index);
+    }
+    update();
+}
+
+bool CBPMenu::IsActionSpecial(const QVariant &itemData, QString &res)
+{
+    const int index = entryOf(m_specialFlags, itemData);
+    if (index < 0)
+        return false;
+    res = m_specialFlags.at(index).second;
+    return true;
+}
+
+void CBPMenu::SetActionRes(const QVariant &itemData, const QVector<QString> &images)
+{
+    setEntry(m_actionRes, itemData, images);
+    update();
+}
+
+void CBPMenu::ResetActionRes(const QVariant &itemData, const QVector<QString> &images)
+{
+    m_actionRes.clear();
+    SetActionRes(itemData, images);
+}
+
+bool CBPMenu::GetActionRes(const QVariant &itemData, const ENState &state, QString &path)
+{
+    const int index = entryOf(m_actionRes, itemData);
+    if (index < 0 || m_actionRes.at(index).second.size() != kStateImages)
+        return false;
+    path = m_actionRes.at(index).second.value(state);
+    return true;
+}
+
+void CBPMenu::setTextColor(QColor color)
+{
+    m_textColor = color;
+    update();
+}
+
+void CBPMenu::setBg(QVector<QColor> colors)
+{
+    m_bg = colors;
+    update();
+}
+
+QColor CBPMenu::background(int index) const
+{
+    const QColor color = m_bg.value(index);
+    return color.isValid() ? color : kBackgrounds[index];
+}
+
+void CBPMenu::setFrameClr(QVector<QColor> colors)
+{
+    m_frameClr = colors;
+}
+
+void CBPMenu::SetBorder(int left, int, int, int)
+{
+    m_leftMargin = left;
+    update();
+}
+
+void CBPMenu::SetSpacing(int spacing)
+{
+    m_spacing = spacing;
+    update();
+}
+
+void CBPMenu::SetDefIconWidth(int width)
+{
+    m_defIconWidth = width;
+    update();
+}
+
+void CBPMenu::SetMenuFontSize(int pixelSize)
+{
+    m_fontSize = pixelSize;
+}
+
+void CBPMenu::SetBordRadios(const int &radius)
+{
+    m_radius = qMax(0, radius);
+    updateMask();
+    update();
+}
+
+void CBPMenu::SetSubLeveMennu()
+{
+    m_subLevel = true;
+    updateMask();
+    update();
+}
+
+void CBPMenu::SetSubMenuRightIcon(const QString &path)
+{
+    m_arrowFile = path;
+    update();
+}
+
+void CBPMenu::setSeparatorRectHeight(int height)
+{
+    m_separatorRectHeight = height;
+    const QString sheet = QLatin1String(kSeparatorSheet);
+    if (styleSheet() != sheet)
+        setStyleSheet(sheet);
+    update();
+}
+
+void CBPMenu::setSeparatorHeight(int width)
+{
+    m_separatorHeight = width;
+    update();
+}
+
+void CBPMenu::SetBorderInfo(int width, const QColor &color)
+{
+    m_borderWidth = qMax(0, width);
+    m_borderColor = color;
+    updateMask();
+    update();
+}
+
+void CBPMenu::SetMenuItemHeiht(int height)
+{
+    m_itemHeight = height;
+}
+
+void CBPMenu::SetMenuBottomHeight(int height)
+{
+    m_bottomHeight = height;
+    updateMask();
+    update();
+}
+
+void CBPMenu::SetFont(const QString &family, int pixelSize)
+{
+    QFont font;
+    font.setFamily(family);
+    font.setPixelSize(qMax(1, pixelSize));
+    m_font = font;
+    m_texts->forgetAll();
+    update();
+}
+
+int CBPMenu::GetMenuWidth()
+{
+    return m_minWidth;
+}
+
+void CBPMenu::ResetMenuWidth()
+{
+    const auto own = actions();
+    for (const QAction *action : own)
+        resetMenuSize(action->text());
+    const auto subMenus = m_subMenus;
+    for (const QPointer<QMenu> &subMenu : subMenus) {
+        auto *menu = qobject_cast<CBPMenu *>(subMenu);
+        if (!menu)
+            continue;
+        const auto theirs = menu->actions();
+        for (const QAction *action : theirs)
+            menu->resetMenuSize(action->text());
+    }
+}
+
+// The text is measured as it stands, with the "&" of its mnemonic: items have always been that wide.
+int CBPMenu::menuItemLen(QString text, int pixelSize)
+{
+    return QFontMetrics(lumqt::uiFont(lumqt::NormalWeight, pixelSize)).horizontalAdvance(text);
+}
+
+void CBPMenu::resetMenuSize(QString text)
+{
+    if (text.isEmpty())
+        return;
+    m_widestText = qMax(m_widestText, menuItemLen(text, m_fontSize));
+    m_subMenus.removeAll(QPointer<QMenu>());
+    const int room = m_subMenus.isEmpty() ? kRoomBesideText : kRoomBesideTextWithArrow;
+    useItemSize(QSize(qMax(m_minWidth, m_widestText + room), m_itemHeight));
+}
+
+void CBPMenu::useItemSize(const QSize &size)
+{
+    // Each style brings a whole style of the application's kind with it: one per size, and only the last is
+    // kept.
+    if (m_sizeStyle && m_itemSize == size)
+        return;
+    CBPMenuItemSizeStyle *previous = m_sizeStyle;
+    m_itemSize = size;
+    m_sizeStyle = new CBPMenuItemSizeStyle(size);
+    setStyle(m_sizeStyle);
+    delete previous;
+}
+
+bool CBPMenu::opensSubMenu(const QAction *action) const
+{
+    for (const QPointer<QMenu> &menu : m_subMenus)
+        if (menu && menu->menuAction() == action)
+            return true;
+    return false;
+}
+
+// Some styles let the keyboard stop at disabled items. Those are not highlighted here, so it passes over
+// them.
+void CBPMenu::keyPressEvent(QKeyEvent *event)
+{
+    const bool steps = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down ||
+                       event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
+    const QPointer<CBPMenu> alive(this); // what the key triggers may delete the menu
+    const QAction *const start = activeAction();
+    int left = steps ? actions().size() : 1;
+    do {
+        QMenu::keyPressEvent(event);
+    } while (--left > 0 && alive && activeAction() && activeAction() != start &&
+             !activeAction()->isEnabled());
+}
+
+void CBPMenu::actionEvent(QActionEvent *event)
+{
+    if (event->type() == QEvent::ActionRemoved)
+        m_texts->forget(event->action());
+    QMenu::actionEvent(event);
+}

@@ -1,0 +1,23 @@
+#include "CBPMenuItemSizeStyle.h"
+
+// The default constructor of the base makes a style of its own. Handing it the application's style would take
+// that away from the application and destroy it with the first menu.
+CBPMenuItemSizeStyle::CBPMenuItemSizeStyle(const QSize &size) : m_size(size) {}
+
+int CBPMenuItemSizeStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
+                                      const QWidget *widget) const
+{
+    return metric == PM_MenuPanelWidth ? 0 : QProxyStyle::pixelMetric(metric, option, widget);
+}
+
+QSize CBPMenuItemSizeStyle::sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &size,
+                                             const QWidget *widget) const
+{
+    return type == CT_MenuItem ? m_size : QProxyStyle::sizeFromContents(type, option, size, widget);
+}
+
+int CBPMenuItemSizeStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                                    QStyleHintReturn *returnData) const
+{
+    return hint == SH_Menu_Scrollable ? 1 : QProxyStyle::styleHint(hint, option, widget, returnData);
+}

@@ -1,0 +1,393 @@
+#include "CBPMenu.h"
+
+#include "foundation/IconPixmap.h"
+#include "foundation/ImageLoader.h"
+#include "foundation/Painting.h"
+#include "menus/MenuTexts.h"
+#include "platform/Platform.h"
+
+#include <QBitmap>
+#include <QCursor>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPaintEvent>
+#include <QStyle>
+#include <QWidgetAction>
+
+using lumqt::loadPixmap;
+using lumqt::logicalSize;
+
+namespace {
+
+constexpr int kBodyIndex = 0;  // of the background colours
+constexpr int kHoverIndex = 2; // of the background colours
+constexpr int kSubLevelInset = 2;
+constexpr int kCornerRoom =
+    2; // what the plain part of a highlight keeps from round corners, beside the radius
+constexpr int kLargestIcon = 255; // side
+constexpr int kArrowMargin = 8;   // between the arrow and the right edge
+constexpr int kGapBehindText = 6; // to the badge or the arrow
+constexpr int kSeparatorIndent = 10;
+const QColor kSeparatorColor(46, 66, 93);
+constexpr qreal kDisabledOpacity = 0.4;
+constexpr int kScrollArrowWidth = 10;
+constexpr int kScrollArrowHeight = 5;
+
+int centred(const QRect &rect, int height)
+{
+    return rect.y() + (rect.height() - height) / 2;
+}
+
+// Size of an icon that came without a file name. Beside an ordinary picture an icon holds, for screens of
+// high density, the same one with two or three times the pixels; the size on the screen is that of the
+// ordinary one.
+QSize iconSize(const QIcon &icon, const QWidget *menu)
+{
+    const QSize largest(kLargestIcon, kLargestIcon);
+    const QSize size = icon.actualSize(largest);
+    const QList<QSize> pictures = icon.availableSizes();
+    if (pictures.isEmpty() && (size.width() == kLargestIcon || size.height() == kLargestIcon)) {
+        // A drawing without a size of its own would fill several items.
+        const int side = menu->style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, menu);
+        return icon.actualSize(QSize(side, side));
+    }
+    if (menu->devicePixelRatioF() > 1.0) {
+        for (const int times : {3, 2})
+            if (size.width() % times == 0 && pictures.contains(size / times))
+                return size / times;
+    }
+    return size;
+}
+
+void drawScrollArrow(QPainter *painter, const QRect &area, bool down, const QColor &color)
+{
+    if (area.isEmpty())
+        return;
+    painter->save();
+    painter->translate(area.x() + (area.width() - kScrollArrowWidth) / 2.0,
+                       area.y() + (area.height() - kScrollArrowHeight) / 2.0 +
+                           (down ? 0 : kScrollArrowHeight));
+    painter->scale(1.0, down ? 1.0 : -1.0);
+    lumqt::drawDropTriangle(*painter, QPointF(), kScrollArrowWidth, kScrollArrowHeight, color);
+    painter->restore();
+}
+
+} // namespace
+
+// Where a menu taller than the screen scrolls; empty where nothing more follows.
+struct CBPMenu::ScrollAreas
+{
+    QRect up;
+    QRect down;
+
+    bool contain(const QPoint &pos) const { return up.contains(pos) || down.contains(pos); }
+};
+
+struct CBPMenu::ItemView
+{
+    QAction *action;
+    QRect rect;
+    bool hovered;
+};
+
+QColor CBPMenu::bodyColor() const
+{
+    QColor color = background(kBodyIndex);
+    if (m_opaque)
+        color.setAlpha(255);
+    return color;
+}
+
+// What antialiased corners blend into where the mask cuts them.
+QColor CBPMenu::edgeColor() const
+{
+    QColor color = m_borderColor;
+    color.setAlpha(255);
+    return !m_subLevel && m_borderWidth > 0 && m_borderColor.isValid() ? color : bodyColor();
+}
+
+QRect CBPMenu::bodyRect() const
+{
+    return m_subLevel ? rect().adjusted(kSubLevelInset, 0, -kSubLevelInset, 0) : rect();
+}
+
+// The square part of a menu's body: it hides the upper round corners, the bottom strip keeps the lower ones.
+QRect CBPMenu::innerRect() const
+{
+    return m_subLevel ? QRect()
+                      : rect().adjusted(m_borderWidth, m_borderWidth, -m_borderWidth, -m_bottomHeight);
+}
+
+// Without a compositor what is transparent shows black: the window itself then gets the menu's shape.
+void CBPMenu::updateMask()
+{
+    if (!m_opaque || size().isEmpty()) {
+        clearMask();
+        return;
+    }
+    QBitmap shape(size());
+    shape.clear();
+    QPainter painter(&shape);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::color1);
+    painter.drawRoundedRect(bodyRect(), m_radius, m_radius);
+    painter.end();
+    setMask(QRegion(shape) + innerRect());
+}
+
+void CBPMenu::showEvent(QShowEvent *event)
+{
+    QMenu::showEvent(event);
+    const bool opaque = !lumqt::platform::answers().composited();
+    if (opaque == m_opaque)
+        return;
+    m_opaque = opaque;
+    updateMask();
+}
+
+void CBPMenu::resizeEvent(QResizeEvent *event)
+{
+    QMenu::resizeEvent(event);
+    if (m_opaque)
+        updateMask();
+}
+
+CBPMenu::ScrollAreas CBPMenu::scrollAreas() const
+{
+    QRect first;
+    QRect last;
+    const auto all = actions();
+    for (auto it = all.begin(); it != all.end() && first.isNull(); ++it)
+        first = actionGeometry(*it);
+    for (auto it = all.rbegin(); it != all.rend() && last.isNull(); ++it)
+        last = actionGeometry(*it);
+    ScrollAreas areas;
+    const int height = style()->pixelMetric(QStyle::PM_MenuScrollerHeight, nullptr, this);
+    if (first.top() < 0)
+        areas.up = QRect(0, 0, width(), height);
+    if (last.bottom() > rect().bottom())
+        areas.down = QRect(0, rect().bottom() + 1 - height, width(), height);
+    return areas;
+}
+
+// The item to highlight: QMenu's active action, else the one under the cursor. QMenu keeps its active action
+// in step with the mouse, so the two differ only where the highlight must not follow the cursor: the keyboard
+// moved it last, or the cursor is on its way into an open sub-menu. There is no active action before the
+// mouse moves over a menu that opened under it.
+QAction *CBPMenu::hoveredAction() const
+{
+    QAction *action = activeAction();
+    if (!action) {
+        const QPoint cursor = mapFromGlobal(QCursor::pos());
+        if (rect().contains(cursor) && !scrollAreas().contain(cursor))
+            action = actionAt(cursor);
+    }
+    return action && action->isEnabled() && !action->isSeparator() ? action : nullptr;
+}
+
+// Repaints what gained and lost the highlight since the last paint, except `painted`. QMenu repaints its old
+// and new active action, but knows nothing of an item that is highlighted because the cursor lies on it.
+void CBPMenu::followHover(QAction *hovered, const QRegion &painted)
+{
+    if (hovered == m_shownHover)
+        return;
+    QRegion dirty;
+    for (QAction *action : {m_shownHover.data(), hovered})
+        if (action)
+            dirty += actionGeometry(action);
+    m_shownHover = hovered;
+    dirty = dirty.intersected(rect()).subtracted(painted);
+    if (!dirty.isEmpty())
+        update(dirty);
+}
+
+void CBPMenu::mouseMoveEvent(QMouseEvent *event)
+{
+    QMenu::mouseMoveEvent(event);
+    followHover(hoveredAction(), QRegion());
+}
+
+void CBPMenu::enterEvent(QEvent *event)
+{
+    QMenu::enterEvent(event);
+    followHover(hoveredAction(), QRegion());
+}
+
+void CBPMenu::leaveEvent(QEvent *event)
+{
+    QMenu::leaveEvent(event);
+    followHover(hoveredAction(), QRegion());
+}
+
+void CBPMenu::paintEvent(QPaintEvent *event)
+{
+    QPainter painter(this);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.fillRect(event->rect(), m_opaque ? edgeColor() : QColor(Qt::transparent));
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(bodyColor());
+    paintBody(&painter);
+
+    const ScrollAreas areas = scrollAreas();
+    if (!areas.up.isEmpty() || !areas.down.isEmpty())
+        painter.setClipRegion(QRegion(rect()) - areas.up - areas.down);
+
+    QVector<ItemView> items;
+    QAction *const hovered = hoveredAction();
+    const auto all = actions();
+    items.reserve(all.size());
+    for (QAction *action : all) {
+        const QRect geometry = actionGeometry(action); // null for one that is hidden
+        if (!geometry.isNull())
+            items.append({action, geometry, action == hovered});
+    }
+    for (int i = 0; i < items.size(); ++i) {
+        const ItemView &item = items.at(i);
+        if (!event->region().intersects(item.rect))
+            continue;
+        if (item.action->isSeparator()) {
+            paintSeparator(&painter, item.rect);
+            continue;
+        }
+        if (item.hovered)
+            PaintAction(&painter, item.rect, i, items.size());
+        if (!qobject_cast<QWidgetAction *>(item.action)) // those bring their own widget
+            paintItem(&painter, item);
+    }
+    painter.setClipping(false);
+    drawScrollArrow(&painter, areas.up, false, m_textColor);
+    drawScrollArrow(&painter, areas.down, true, m_textColor);
+    followHover(hovered, event->region());
+}
+
+void CBPMenu::paintBody(QPainter *painter)
+{
+    lumqt::Body body;
+    body.fill = bodyColor();
+    body.radiusX = body.radiusY = m_radius;
+    if (!m_subLevel && m_borderWidth > 0) {
+        body.frame = m_borderColor;
+        body.frameWidth = m_borderWidth;
+    }
+    lumqt::drawBody(*painter, bodyRect(), body);
+    const QRect inner = innerRect();
+    if (!inner.isEmpty())
+        painter->fillRect(inner, bodyColor());
+}
+
+QPixmap CBPMenu::itemPixmap(QAction *action, bool hovered)
+{
+    const qreal ratio = devicePixelRatioF();
+    QString file;
+    if (GetActionRes(action->data(), hovered ? ENStateHover : ENStateNormal, file)) {
+        const QPixmap pixmap = loadPixmap(file, ratio);
+        if (!pixmap.isNull())
+            return pixmap;
+    }
+    if (const auto *item = qobject_cast<CBPMenuItem *>(action)) {
+        const QPixmap pixmap = loadPixmap(item->iconFile(), ratio);
+        const QSize size = logicalSize(pixmap);
+        if (!pixmap.isNull() && size.width() <= kLargestIcon && size.height() <= kLargestIcon)
+            return pixmap;
+    }
+    const QIcon icon = action->icon();
+    return icon.isNull() ? QPixmap() : lumqt::iconPixmap(icon, iconSize(icon, this), QIcon::Normal, this);
+}
+
+void CBPMenu::paintItem(QPainter *painter, const ItemView &item)
+{
+    const QRect &rect = item.rect;
+    if (!item.action->isEnabled())
+        painter->setOpacity(kDisabledOpacity);
+
+    int x = rect.x() + m_leftMargin;
+    const QPixmap image = itemPixmap(item.action, item.hovered);
+    const QSize imageSize = logicalSize(image);
+    if (!image.isNull())
+        painter->drawPixmap(x, centred(rect, imageSize.height()), image);
+    x += qMax(imageSize.width(), m_defIconWidth) + m_spacing;
+
+    int end = rect.x() + rect.width();
+    const bool subMenu = opensSubMenu(item.action);
+    if (subMenu) {
+        const QPixmap arrow = loadPixmap(m_arrowFile, devicePixelRatioF());
+        const QSize arrowSize = logicalSize(arrow);
+        if (!arrow.isNull()) {
+            end -= kArrowMargin + arrowSize.width();
+            painter->drawPixmap(end, centred(rect, arrowSize.height()), arrow);
+            end -= kGapBehindText;
+        }
+    }
+
+    lumqt::MenuTexts::Text &text = m_texts->text(item.action, m_font, end - x);
+    const QRect textRect(QPoint(x, centred(rect, text.size.height())), text.size);
+    painter->setPen(m_textColor);
+    text.layout.drawLeft(*painter, textRect, text.shown, m_font);
+    if (text.underlineWidth > 0 && style()->styleHint(QStyle::SH_UnderlineShortcut, nullptr, this)) {
+        const QFontMetrics metrics(m_font);
+        painter->fillRect(QRect(x + text.underlineX, textRect.y() + metrics.ascent() + metrics.underlinePos(),
+                                text.underlineWidth, qMax(1, metrics.lineWidth())),
+                          m_textColor);
+    }
+    if (!subMenu) {
+        QRect behind = rect;
+        behind.setLeft(x + text.size.width() + kGapBehindText);
+        paintSpecialFlag(painter, item.action->data(), behind);
+    }
+    painter->setOpacity(1.0);
+}
+
+void CBPMenu::PaintAction(QPainter *painter, const QRect &rect, int index, int count)
+{
+    const QColor color = background(kHoverIndex);
+    const QRect fill = m_subLevel ? rect.adjusted(kSubLevelInset, 0, -kSubLevelInset, 0) : rect;
+    if (m_opaque && (index == 0 || index == count - 1)) {
+        // The window itself is round there. It may be larger by a part of a pixel.
+        painter->fillRect(fill.adjusted(0, 0, 0, index == count - 1 ? 1 : 0), color);
+        return;
+    }
+    if (!m_subLevel && (m_borderWidth > 0 || index != count - 1)) {
+        painter->fillRect(fill, color);
+        return;
+    }
+    const int cut = m_radius + kCornerRoom;
+    // One path for both parts: a translucent colour must not lie twice where they overlap.
+    QPainterPath path;
+    path.setFillRule(Qt::WindingFill);
+    path.addRoundedRect(fill, m_radius, m_radius);
+    QRect plain; // none on a nested menu with one item
+    if (!m_subLevel || index > 0)
+        plain = fill.adjusted(0, 0, 0, -cut);
+    else if (count > 1)
+        plain = fill.adjusted(0, cut, 0, 0);
+    if (!plain.isEmpty())
+        path.addRect(plain);
+    painter->fillPath(path, color);
+}
+
+void CBPMenu::paintSeparator(QPainter *painter, const QRect &rect)
+{
+    if (m_separatorHeight < 1 || m_separatorRectHeight < m_separatorHeight)
+        return;
+    const int left = rect.x() + kSeparatorIndent;
+    const int right = rect.right() - kSeparatorIndent;
+    painter->fillRect(QRect(QPoint(left, centred(rect, m_separatorHeight)),
+                            QSize(qMax(0, right - left + 1), m_separatorHeight)),
+                      kSeparatorColor);
+}
+
+void CBPMenu::paintSpecialFlag(QPainter *painter, const QVariant &itemData, const QRect &rect)
+{
+    QString file;
+    if (!IsActionSpecial(itemData, file))
+        return;
+    if (file.isEmpty()) {
+        lumqt::drawDotBadge(*painter, QPoint(rect.left(), centred(rect, lumqt::kDotBadgeSize)));
+        return;
+    }
+    const QPixmap image = loadPixmap(file, devicePixelRatioF());
+    if (!image.isNull())
+        painter->drawPixmap(rect.left(), centred(rect, logicalSize(image).height()), image);
+}

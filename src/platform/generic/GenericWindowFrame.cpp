@@ -1,0 +1,278 @@
+#include "platform/WindowFrame.h"
+
+#include <QApplication>
+#include <QHoverEvent>
+#include <QLayout>
+#include <QPainter>
+#include <QPaintEvent>
+#include <QPointer>
+#include <QWidget>
+#include <QWindow>
+
+namespace lumqt::platform {
+
+namespace {
+
+// What is transparent on Windows. A band that shows through needs a compositor here, and a window of a shape
+// would leave a border of one pixel to take hold of.
+const QColor kOutside(214, 232, 247);
+
+Qt::CursorShape cursorFor(Qt::Edges edges)
+{
+    if (edges == (Qt::LeftEdge | Qt::TopEdge) || edges == (Qt::RightEdge | Qt::BottomEdge))
+        return Qt::SizeFDiagCursor;
+    if (edges == (Qt::RightEdge | Qt::TopEdge) || edges == (Qt::LeftEdge | Qt::BottomEdge))
+        return Qt::SizeBDiagCursor;
+    return edges & (Qt::LeftEdge | Qt::RightEdge) ? Qt::SizeHorCursor : Qt::SizeVerCursor;
+}
+
+// A frameless window whose frame lies in its contents margins. While maximised the border hangs over the
+// edges of the screen, as on Windows.
+class GenericWindowFrame final : public WindowFrame
+{
+public:
+    GenericWindowFrame(QWidget *window, WindowFrameClient *client) : m_window(window), m_client(client)
+    {
+        window->setWindowFlag(Qt::FramelessWindowHint);
+        window->setAttribute(Qt::WA_Hover);
+        window->setMouseTracking(true);
+        layOut();
+    }
+
+    bool event(QEvent *event) override;
+    bool nativeEvent(void *, long *) override { return false; }
+    void shrinkToClient(tagNCCALCSIZE_PARAMS *) override {}
+    bool isMaximized() const override { return m_window->isMaximized(); }
+    QSize clientSize() const override { return m_window->contentsRect().size(); }
+    QPoint pointer() const override { return m_position - m_window->contentsRect().topLeft(); }
+    void repaint() override { m_window->update(titleStrip()); }
+    void paintInside(QPainter &painter, const QPaintEvent *event) override;
+
+private:
+    enum class Grip {
+        None,    // no button is down, or it went down elsewhere
+        Button,  // it went down on a caption button
+        Caption, // and may begin to drag the window
+        Move,    // the window follows the pointer, as the system did not take over
+        Resize,
+    };
+
+    QRect titleStrip() const { return QRect(0, 0, m_window->width(), m_window->contentsRect().top()); }
+    bool isOverFrame() const
+    {
+        return m_window->rect().contains(m_position) && !m_window->contentsRect().contains(m_position);
+    }
+    Qt::Edges edgesUnderPointer() const;
+    void layOut();
+    void hover();
+    void leave();
+    void showCursor(Qt::Edges edges);
+    bool mouse(const QMouseEvent *event);
+    bool press(const QMouseEvent *event);
+    bool release();
+    void drag(const QPoint &global);
+
+    QWidget *const m_window;
+    WindowFrameClient *const m_client;
+    QPoint m_position; // of the pointer, in the window
+    bool m_hovered = false;
+    Grip m_grip = Grip::None;
+    Qt::Edges m_edges;       // that the drag moves
+    QPoint m_pressedAt;      // on the screen
+    QRect m_pressedGeometry; // of the window
+    Qt::Edges m_cursorEdges; // that the cursor shows
+    QCursor m_ownCursor;     // the window's own, while another is shown
+    bool m_hasOwnCursor = false;
+};
+
+void GenericWindowFrame::layOut()
+{
+    QMargins margins = m_client->margins();
+    if (m_window->isFullScreen())
+        margins = QMargins();
+    else if (m_window->isMaximized())
+        margins = QMargins(0, margins.top() - margins.left(), 0, 0);
+    m_window->setContentsMargins(margins);
+}
+
+bool GenericWindowFrame::event(QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseMove:
+        return mouse(static_cast<QMouseEvent *>(event));
+    case QEvent::HoverMove:
+        // Comes for moves over the widgets of the client area, too, which is how leaving the frame is seen.
+        m_position = static_cast<QHoverEvent *>(event)->pos();
+        hover();
+        return false;
+    case QEvent::HoverLeave:
+        leave();
+        return false;
+    case QEvent::Show:
+    case QEvent::WindowStateChange:
+        layOut();
+        return false;
+    case QEvent::ParentChange: // also sent when the window's flags are set anew
+        if (m_window->isWindow() && !m_window->windowFlags().testFlag(Qt::FramelessWindowHint))
+            m_window->setWindowFlag(Qt::FramelessWindowHint);
+        return false;
+    default:
+        return false;
+    }
+}
+
+Qt::Edges GenericWindowFrame::edgesUnderPointer() const
+{
+    if (m_window->isMaximized() || m_window->isFullScreen())
+        return {};
+    Qt::Edges edges = m_client->edgesAt(m_position, m_window->size());
+    if (m_window->minimumWidth() == m_window->maximumWidth())
+        edges &= Qt::TopEdge | Qt::BottomEdge;
+    if (m_window->minimumHeight() == m_window->maximumHeight())
+        edges &= Qt::LeftEdge | Qt::RightEdge;
+    return edges;
+}
+
+void GenericWindowFrame::hover()
+{
+    if (m_grip == Grip::Move || m_grip == Grip::Resize)
+        return;
+    if (!isOverFrame()) {
+        leave();
+        return;
+    }
+    showCursor(edgesUnderPointer());
+    m_hovered = true;
+    m_client->pointer(PointerAction::Move);
+}
+
+void GenericWindowFrame::leave()
+{
+    showCursor({});
+    if (m_hovered)
+        m_client->pointerLeft();
+    m_hovered = false;
+}
+
+void GenericWindowFrame::showCursor(Qt::Edges edges)
+{
+    if (edges == m_cursorEdges)
+        return;
+    if (!m_cursorEdges) {
+        m_hasOwnCursor = m_window->testAttribute(Qt::WA_SetCursor);
+        m_ownCursor = m_window->cursor();
+    }
+    m_cursorEdges = edges;
+    if (edges)
+        m_window->setCursor(cursorFor(edges));
+    else if (m_hasOwnCursor)
+        m_window->setCursor(m_ownCursor);
+    else
+        m_window->unsetCursor();
+}
+
+bool GenericWindowFrame::mouse(const QMouseEvent *event)
+{
+    m_position = event->pos();
+    if (event->type() == QEvent::MouseMove) {
+        if (m_grip == Grip::None || !(event->buttons() & Qt::LeftButton))
+            return false;
+        drag(event->globalPos());
+        return true;
+    }
+    if (event->button() != Qt::LeftButton)
+        return isOverFrame();
+    if (event->type() == QEvent::MouseButtonRelease)
+        return release();
+    return isOverFrame() && press(event);
+}
+
+bool GenericWindowFrame::press(const QMouseEvent *event)
+{
+    m_pressedAt = event->globalPos();
+    m_pressedGeometry = m_window->geometry();
+    m_edges = edgesUnderPointer();
+    if (m_edges) {
+        const bool taken = m_window->windowHandle() && m_window->windowHandle()->startSystemResize(m_edges);
+        m_grip = taken ? Grip::None : Grip::Resize;
+        return true;
+    }
+    const QPointer<QWidget> alive(m_window);
+    m_hovered = true;
+    const bool onButton = m_client->pointer(PointerAction::Press);
+    if (!alive)
+        return true;
+    m_grip = !onButton && m_client->isPointerInTitleBar() ? Grip::Caption : Grip::Button;
+    if (m_grip == Grip::Caption && event->type() == QEvent::MouseButtonDblClick) {
+        // Another part of the frame may lie under the pointer when the button comes up.
+        m_grip = Grip::None;
+        m_window->isMaximized() ? m_window->showNormal() : m_window->showMaximized();
+    }
+    return true;
+}
+
+bool GenericWindowFrame::release()
+{
+    const Grip grip = m_grip;
+    m_grip = Grip::None;
+    if (grip == Grip::None)
+        return isOverFrame();
+    if (grip == Grip::Move || grip == Grip::Resize)
+        return true;
+    if (isOverFrame())
+        m_client->pointer(PointerAction::Release);
+    else
+        leave();
+    return true;
+}
+
+void GenericWindowFrame::drag(const QPoint &global)
+{
+    const QPoint way = global - m_pressedAt;
+    if (m_grip == Grip::Caption && way.manhattanLength() >= QApplication::startDragDistance()) {
+        if (m_window->windowHandle() && m_window->windowHandle()->startSystemMove())
+            m_grip = Grip::None; // the system keeps the pointer until the button comes up
+        else if (!m_window->isMaximized() && !m_window->isFullScreen())
+            m_grip = Grip::Move;
+    }
+    if (m_grip == Grip::Move) {
+        m_window->move(m_pressedGeometry.topLeft() + way);
+    } else if (m_grip == Grip::Resize) {
+        const int dx = m_edges & Qt::LeftEdge ? -way.x() : m_edges & Qt::RightEdge ? way.x() : 0;
+        const int dy = m_edges & Qt::TopEdge ? -way.y() : m_edges & Qt::BottomEdge ? way.y() : 0;
+        QRect geometry(m_pressedGeometry.topLeft(),
+                       QLayout::closestAcceptableSize(m_window, m_pressedGeometry.size() + QSize(dx, dy)));
+        if (m_edges & Qt::LeftEdge)
+            geometry.moveRight(m_pressedGeometry.right());
+        if (m_edges & Qt::TopEdge)
+            geometry.moveBottom(m_pressedGeometry.bottom());
+        m_window->setGeometry(geometry);
+    }
+}
+
+void GenericWindowFrame::paintInside(QPainter &painter, const QPaintEvent *event)
+{
+    const QRect client = m_window->contentsRect();
+    const QRegion strips = QRegion(m_window->rect()) - client;
+    if (m_window->isFullScreen() || !strips.intersects(event->region()))
+        return;
+    const QMargins margins = m_client->margins();
+    const QRect outer = client.marginsAdded(margins);
+    painter.save();
+    painter.setClipRegion(strips);
+    painter.translate(outer.topLeft());
+    m_client->paintFrame(painter, outer.size(), kOutside, event->region().intersects(titleStrip()));
+    painter.restore();
+}
+
+} // namespace
+
+std::unique_ptr<WindowFrame> WindowFrame::create(QWidget *window, WindowFrameClient *client)
+{
+    return std::make_unique<GenericWindowFrame>(window, client);
+}
+
+} // namespace lumqt::platform

@@ -1,0 +1,293 @@
+#include "foundation/ImageLoader.h"
+#include "foundation/Painting.h"
+#include "TestMain.h"
+
+#include <QPainter>
+#include <QTemporaryDir>
+
+using lumqt::loadPixmap;
+using lumqt::logicalSize;
+
+namespace {
+
+QColor middle(const QPixmap &pixmap)
+{
+    const QImage image = pixmap.toImage();
+    return image.pixelColor(image.width() / 2, image.height() / 2);
+}
+
+void savePng(const QString &file, int side, const QColor &color)
+{
+    QImage image(side, side, QImage::Format_ARGB32);
+    image.fill(color);
+    QVERIFY(image.save(file, "PNG"));
+}
+
+void write(const QString &file, const QByteArray &content)
+{
+    QFile out(file);
+    QVERIFY(out.open(QIODevice::WriteOnly));
+    out.write(content);
+}
+
+QByteArray drawing(const char *color, int side = 10)
+{
+    return QStringLiteral("<svg xmlns='http://www.w3.org/2000/svg' width='%1' height='%1'>"
+                          "<rect width='%1' height='%1' fill='%2'/></svg>")
+        .arg(side)
+        .arg(QLatin1String(color))
+        .toLatin1();
+}
+
+QImage canvas(int width, int height, qreal ratio = 1.0)
+{
+    QImage image(qRound(width * ratio), qRound(height * ratio), QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(ratio);
+    image.fill(Qt::white);
+    return image;
+}
+
+} // namespace
+
+class TestImages : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        m_folder.reset(new QTemporaryDir);
+        QVERIFY(m_folder->isValid());
+    }
+
+    void densities_data()
+    {
+        QTest::addColumn<qreal>("ratio");
+        QTest::addColumn<QColor>("shown");
+        QTest::newRow("100 %") << 1.0 << QColor(Qt::red);
+        QTest::newRow("150 %") << 1.5 << QColor(Qt::blue);
+        QTest::newRow("200 %") << 2.0 << QColor(Qt::blue);
+    }
+
+    // The picture of the right density, and the logical size of the ordinary one at every ratio.
+    void densities()
+    {
+        QFETCH(qreal, ratio);
+        const QString file = path("a.png");
+        savePng(file, 10, Qt::red);
+        savePng(path("a@2x.png"), 20, Qt::blue);
+        const QPixmap pixmap = loadPixmap(file, ratio);
+        QCOMPARE(logicalSize(pixmap), QSize(10, 10));
+        QCOMPARE(pixmap.width(), qRound(10 * ratio));
+        QTEST(middle(pixmap), "shown");
+
+        write(path("b.svg"), drawing("#00ff00"));
+        const QPixmap sharp = loadPixmap(path("b.svg"), ratio);
+        QCOMPARE(sharp.width(), qRound(10 * ratio));
+        QCOMPARE(logicalSize(sharp), QSize(10, 10));
+        QCOMPARE(middle(sharp), QColor(0, 255, 0));
+    }
+
+    void replacedFileShows_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("png") << "a.png";
+        QTest::newRow("svg") << "a.svg";
+    }
+
+    void replacedFileShows()
+    {
+        QFETCH(QString, name);
+        const bool svg = name.endsWith(QLatin1String("svg"));
+        const QString file = m_folder->filePath(name);
+        const auto save = [&](const char *color, int side) {
+            if (svg)
+                write(file, drawing(color, side));
+            else
+                savePng(file, side, QColor(QLatin1String(color)));
+        };
+        save("#ff0000", 10);
+        QCOMPARE(middle(loadPixmap(file, 1.0)), QColor(255, 0, 0));
+        save("#0000ff", 40);
+        QCOMPARE(middle(loadPixmap(file, 1.0)), QColor(0, 0, 255));
+        QVERIFY(QFile::remove(file));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("is missing")));
+        QVERIFY(loadPixmap(file, 1.0).isNull());
+        QVERIFY(loadPixmap(file, 1.0).isNull()); // and is told of once
+        save("#00ff00", 10);
+        QCOMPARE(middle(loadPixmap(file, 1.0)), QColor(0, 255, 0));
+    }
+
+    void highDensityFileComesLater()
+    {
+        savePng(path("a.png"), 10, Qt::red);
+        QCOMPARE(middle(loadPixmap(path("a.png"), 2.0)), QColor(Qt::red));
+        savePng(path("a@2x.png"), 20, Qt::blue);
+        QCOMPARE(middle(loadPixmap(path("a.png"), 2.0)), QColor(Qt::blue));
+    }
+
+    void badFiles_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<QString>("warning");
+        QByteArray png;
+        QBuffer buffer(&png);
+        QImage image(64, 64, QImage::Format_RGB32);
+        image.fill(Qt::red);
+        image.save(&buffer, "PNG");
+        QByteArray huge = png;
+        // The size a PNG announces: 100,000 x 100,000 pixels, with a right checksum.
+        huge.replace(16, 8, QByteArray::fromHex("000186a0000186a0"));
+        QTest::newRow("empty png") << "a.png" << QByteArray() << "cannot be read";
+        QTest::newRow("truncated png") << "a.png" << png.left(40) << "cannot be read";
+        QTest::newRow("text png") << "a.png" << QByteArray("hello") << "cannot be read";
+        QTest::newRow("huge png") << "a.png" << huge << "(too large|cannot be read)";
+        QTest::newRow("empty svg") << "a.svg" << QByteArray() << "cannot be read";
+        QTest::newRow("broken svg") << "a.svg" << QByteArray("<svg><rect") << "cannot be read";
+        QTest::newRow("huge svg") << "a.svg" << drawing("#f00", 100000) << "too large";
+        QTest::newRow("missing") << "none.png" << QByteArray() << "is missing";
+    }
+
+    void badFiles()
+    {
+        QFETCH(QString, name);
+        QFETCH(QByteArray, content);
+        QFETCH(QString, warning);
+        if (!name.startsWith(QLatin1String("none")))
+            write(m_folder->filePath(name), content);
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(warning));
+        QVERIFY(loadPixmap(m_folder->filePath(name), 1.0).isNull());
+        QCOMPARE(logicalSize(loadPixmap(QString(), 1.0)), QSize(0, 0));
+    }
+
+    void aFolderIsNoImage()
+    {
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("is missing")));
+        QVERIFY(loadPixmap(m_folder->path(), 1.0).isNull());
+    }
+
+    // Every shipped picture is there at both densities.
+    void shippedPictures()
+    {
+        int count = 0;
+        QDirIterator files(QStringLiteral("../res"), {QStringLiteral("*.png"), QStringLiteral("*.svg")},
+                           QDir::Files, QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            const QString file = files.next();
+            if (file.contains(QLatin1String("@2x")))
+                continue;
+            ++count;
+            const QPixmap simple = loadPixmap(file, 1.0);
+            const QPixmap dense = loadPixmap(file, 2.0);
+            QVERIFY2(!simple.isNull() && dense.size() == simple.size() * 2, qPrintable(file));
+            QVERIFY2(
+                file.endsWith(QLatin1String("svg")) ||
+                    QFile::exists(QString(file).replace(QLatin1String(".png"), QLatin1String("@2x.png"))),
+                qPrintable(file));
+        }
+        QVERIFY(count > 80);
+    }
+
+    void bodyFrame_data()
+    {
+        QTest::addColumn<qreal>("ratio");
+        QTest::addColumn<int>("radius");
+        for (const qreal ratio : {1.0, 1.5, 2.0}) {
+            for (const int radius : {0, 6})
+                QTest::addRow("%g, radius %d", ratio, radius) << ratio << radius;
+        }
+    }
+
+    // The outermost device pixel has the frame's own colour at every scaling: nothing is smeared over two.
+    void bodyFrame()
+    {
+        QFETCH(qreal, ratio);
+        QFETCH(int, radius);
+        QImage image = canvas(80, 28, ratio);
+        lumqt::Body body;
+        body.fill = QColor(200, 220, 240);
+        body.frame = QColor(10, 20, 30);
+        body.radiusX = body.radiusY = radius;
+        QPainter painter(&image);
+        lumqt::drawBody(painter, QRect(0, 0, 80, 28), body);
+        painter.end();
+        const int midX = image.width() / 2;
+        const int midY = image.height() / 2;
+        QCOMPARE(image.pixelColor(0, midY), body.frame);
+        QCOMPARE(image.pixelColor(image.width() - 1, midY), body.frame);
+        QCOMPARE(image.pixelColor(midX, 0), body.frame);
+        QCOMPARE(image.pixelColor(midX, image.height() - 1), body.frame);
+        QCOMPARE(image.pixelColor(3, midY), body.fill);
+        QCOMPARE(image.pixelColor(0, 0) == body.frame, radius == 0);
+    }
+
+    void oddBodies()
+    {
+        QImage image = canvas(40, 40);
+        QPainter painter(&image);
+        lumqt::Body body;
+        body.fill = Qt::red;
+        lumqt::drawBody(painter, QRect(5, 5, -3, 10), body);
+        lumqt::drawBody(painter, QRect(), body);
+        QCOMPARE(image.pixelColor(6, 6), QColor(Qt::white));
+        body.radiusX = body.radiusY = 1000;
+        body.frameWidth = -4;
+        lumqt::drawBody(painter, QRect(0, 0, 40, 40), body);
+        QCOMPARE(image.pixelColor(20, 20), QColor(Qt::red));
+        QCOMPARE(image.pixelColor(0, 0), QColor(Qt::white));
+    }
+
+    // A text lies where a text painted in full lies, whether it is painted the first time or a later one, and
+    // follows every change.
+    void cachedText()
+    {
+        const QFont font = QApplication::font();
+        lumqt::CachedText cached;
+        QImage last;
+        for (const QString &text :
+             {QStringLiteral("Restart"), QStringLiteral("Later & now"), QStringLiteral("a\nb"),
+              QStringLiteral("Words that do not fit on one line")}) {
+            QImage ours;
+            for (int time = 0; time < 3; ++time) {
+                QImage image = canvas(120, 60);
+                QPainter painter(&image);
+                cached.drawCentred(painter, image.rect(), text, font);
+                painter.end();
+                QVERIFY2(ours.isNull() || ours == image, qPrintable(text));
+                ours = image;
+            }
+            QImage full = canvas(120, 60);
+            QPainter reference(&full);
+            reference.setFont(font);
+            QTextOption option(Qt::AlignCenter);
+            option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+            reference.drawText(QRectF(full.rect()), text, option);
+            reference.end();
+            QVERIFY(ours != last);
+            QVERIFY2(inkBox(ours).adjusted(-1, -1, 1, 1).contains(inkBox(full)), qPrintable(text));
+            last = ours;
+        }
+        QVERIFY(!inkBox(last).isEmpty());
+    }
+
+private:
+    static QRect inkBox(const QImage &image)
+    {
+        QRect box;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                if (image.pixelColor(x, y).lightness() < 160)
+                    box |= QRect(x, y, 1, 1);
+            }
+        }
+        return box;
+    }
+
+    QString path(const char *name) const { return m_folder->filePath(QLatin1String(name)); }
+
+    QScopedPointer<QTemporaryDir> m_folder;
+};
+
+LUMQT_TEST_MAIN(TestImages)
+#include "tst_images.moc"

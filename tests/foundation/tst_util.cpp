@@ -1,0 +1,307 @@
+#include "CCMCLogEntry.h"
+#include "CTWObject.h"
+#include "foundation/FontLookup.h"
+#include "foundation/ResourcePath.h"
+#include "LumQtVersion.h"
+#include "platform/Platform.h"
+#include "TestMain.h"
+#include "Util.h"
+
+#include <QTemporaryDir>
+
+#include <thread>
+
+namespace {
+
+struct Counted : CTWObject<ITWObject>
+{
+    explicit Counted(int *deaths) : m_deaths(deaths) {}
+    Counted(const Counted &other) = default;
+    Counted &operator=(const Counted &other) = default;
+    ~Counted() override { ++*m_deaths; }
+    int *m_deaths;
+};
+
+bool writeFile(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
+}
+
+} // namespace
+
+class TestUtil : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    // First, for the language is asked once in the life of a process.
+    void language()
+    {
+        const auto system = lumqt::platform::answers().interfaceLanguage;
+        int asked = 0;
+        QString answer;
+        lumqt::platform::answers().interfaceLanguage = [&] {
+            ++asked;
+            return answer;
+        };
+        QCOMPARE(GetUILanguage(), QString());
+        QCOMPARE(asked, 1);
+        // No language: two looks, then the key of no group and the default family.
+        QCOMPARE(GetFontFamily(1), QStringLiteral("Segoe UI"));
+        QCOMPARE(asked, 3);
+        answer = QStringLiteral("English");
+        QCOMPARE(GetUILanguage(), QStringLiteral("English"));
+        answer = QStringLiteral("German");
+        QCOMPARE(GetUILanguage(), QStringLiteral("English"));
+        QCOMPARE(asked, 4);
+        lumqt::platform::answers().interfaceLanguage = system;
+    }
+
+    void fontFamilies()
+    {
+        QSettings table(QStringLiteral("../res/Common/langind.ini"), QSettings::IniFormat);
+        const char *keys[] = {"font_light", "font_normal", "font_semibold", "font_bold"};
+        for (int weight = 0; weight < 4; ++weight) {
+            const QString family =
+                table.value(QLatin1String("English/") + QLatin1String(keys[weight])).toString();
+            QVERIFY(!family.isEmpty());
+            QCOMPARE(GetFontFamily(weight), family);
+        }
+        QCOMPARE(GetFontFamily(7), QStringLiteral("Segoe UI"));
+        QCOMPARE(GetFontFamily(-1), QStringLiteral("Segoe UI"));
+        QCOMPARE(lumqt::uiFont(1, 14).family(), GetFontFamily(1));
+        QCOMPARE(lumqt::uiFont(1, 20).pixelSize(), 20);
+        QVERIFY(lumqt::uiFont(1, -3).pixelSize() > 0);
+    }
+
+    void resourcePath_data()
+    {
+        QTest::addColumn<QString>("folder");
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("windows");
+        QTest::addColumn<QString>("other");
+        const auto row = [](const char *tag, const char *folder, const char *name, const char *win,
+                            const char *other) {
+            QTest::newRow(tag) << QString::fromLatin1(folder) << QString::fromLatin1(name)
+                               << QString::fromLatin1(win) << QString::fromLatin1(other);
+        };
+        row("plain", "C:/App/bin", "../res/UIConfig.ini", "C:\\App\\res\\UIConfig.ini",
+            "C:/App/res/UIConfig.ini");
+        row("no dots", "C:/App/bin", "res/a.png", "C:\\App\\res\\a.png", "C:/App/res/a.png");
+        row("two dots", "C:/App/bin", "../../res/a/b.png", "C:\\App\\res\\a\\b.png", "C:/App/res/a/b.png");
+        row("dots inside", "C:/App/bin", "res/a/../b.png", "C:\\App\\res\\a\\b.png", "C:/App/res/a/b.png");
+        row("everywhere", "C:/binaries/bin", "../res/x", "C:\\aries\\res\\x", "C:/aries/res/x");
+        row("case", "C:/BIN/bin", "../res/x", "C:\\BIN\\res\\x", "C:/BIN/res/x");
+        row("trailing", "C:/App/bin/", "../res/x", "C:\\App\\res\\x", "C:/App/res/x");
+        row("root", "C:/", "../res/x", "res\\x", "res/x");
+        row("no application", "", "../res/x", "res\\x", "res/x");
+        row("empty", "C:/App/bin", "", "", "");
+    }
+
+    void resourcePath()
+    {
+        QFETCH(QString, folder);
+        QFETCH(QString, name);
+        QTEST(lumqt::resourcePath(folder, name, QStringLiteral("\\")), "windows");
+        QTEST(lumqt::resourcePath(folder, name, QStringLiteral("/")), "other");
+    }
+
+    void programPaths()
+    {
+        // The program of this test lies beside res/, so that the shipped file is found.
+        QVERIFY(QFile::exists(Util::getResFullPath(QStringLiteral("../res/UIConfig.ini"))));
+        QCOMPARE(Util::getLumResFullPath(QStringLiteral("langind.ini")),
+                 Util::getResFullPath(QStringLiteral("../res/Common/langind.ini")));
+        const QString separator = lumqt::platform::pathSeparator();
+        QCOMPARE(Util::getcurappPath(QStringLiteral("a/b")),
+                 QCoreApplication::applicationDirPath().replace(QLatin1Char('/'), separator) + separator +
+                     QStringLiteral("a/b"));
+        QCOMPARE(Util::getcurappPath(QString()), QString());
+    }
+
+    void chopTailChar_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<char>("tail");
+        QTest::addColumn<bool>("also");
+        QTest::addColumn<QString>("chopped");
+        QTest::newRow("empty") << "" << '\\' << true << "";
+        QTest::newRow("other end") << "ab" << '\\' << true << "ab";
+        QTest::newRow("one of one") << "a\\" << '\\' << true << "a";
+        QTest::newRow("two of three") << "a\\\\\\" << '\\' << true << "a\\";
+        QTest::newRow("flag off") << "a\\\\" << '\\' << false << "a\\";
+        QTest::newRow("two slashes") << "a//" << '/' << true << "a/";
+        QTest::newRow("slash, then backslash") << "a\\/" << '/' << true << "a";
+        QTest::newRow("only it") << "\\" << '\\' << true << "";
+    }
+
+    void chopTailChar()
+    {
+        QFETCH(QString, text);
+        QFETCH(char, tail);
+        QFETCH(bool, also);
+        QTEST(Util::chopTailChar(text, tail, also), "chopped");
+    }
+
+    void iniFiles()
+    {
+        QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("a.ini"));
+        QVariant value(42);
+        QVERIFY(!Util::readIni(QString(), QStringLiteral("k"), value, file));
+        QVERIFY(!Util::readIni(QStringLiteral("g"), QString(), value, file));
+        QVERIFY(!Util::readIni(QStringLiteral("g"), QStringLiteral("k"), value, QString()));
+        QCOMPARE(value, QVariant(42));
+        QVERIFY(!Util::readIni(QStringLiteral("g"), QStringLiteral("k"), value, file));
+        QVERIFY(!value.isValid());
+
+        Util::writeIni(QString(), QStringLiteral("k"), 1, file);
+        Util::writeIni(QStringLiteral("g"), QString(), 1, file);
+        QVERIFY(!QFile::exists(file));
+        Util::writeIni(QStringLiteral("g"), QStringLiteral("k"), QStringLiteral("v"), file);
+        QVERIFY(Util::readIni(QStringLiteral("g"), QStringLiteral("k"), value, file));
+        QCOMPARE(value.toString(), QStringLiteral("v"));
+        QVERIFY(!Util::readIni(QStringLiteral("other"), QStringLiteral("k"), value, file));
+    }
+
+    void brokenIniFiles()
+    {
+        QTemporaryDir folder;
+        QVariant value;
+        QVERIFY(!Util::readIni(QStringLiteral("g"), QStringLiteral("k"), value, folder.path()));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("cannot be written")));
+        Util::writeIni(QStringLiteral("g"), QStringLiteral("k"), 1, folder.path());
+        QByteArray garbage;
+        for (int i = 0; i < 20000; ++i)
+            garbage.append(char(i * 7919 >> 3));
+        const QString file = folder.filePath(QStringLiteral("garbage.ini"));
+        QVERIFY(writeFile(file, garbage));
+        QVERIFY(!Util::readIni(QStringLiteral("g"), QStringLiteral("k"), value, file));
+    }
+
+    void titleColors()
+    {
+        const QString file = Util::getResFullPath(QStringLiteral("../res/UIConfig.ini"));
+        QFile shipped(file);
+        QVERIFY(shipped.open(QIODevice::ReadOnly));
+        const QByteArray content = shipped.readAll();
+        shipped.close();
+
+        bool found = false;
+        QCOMPARE(Util::GetWindowTitleBgColor(), QColor(34, 42, 62));
+        QVERIFY(Util::GetWindowTitleTextColor().isValid());
+        QVERIFY(Util::GetWindowTitleBottomLineClr(found).isValid());
+        QVERIFY(found);
+
+        // Nothing is kept: the next call reads the file as it is then.
+        QVERIFY(writeFile(file, "[window]\ntitle_bgcolor=no colour\ntitle_textcolor=#010203\n"));
+        QVERIFY(!Util::GetWindowTitleBgColor().isValid());
+        QCOMPARE(Util::GetWindowTitleTextColor(), QColor(1, 2, 3));
+        QVERIFY(!Util::GetWindowTitleBottomLineClr(found).isValid());
+        QVERIFY(!found);
+        QVERIFY(writeFile(file, content));
+    }
+
+    void mailAddresses_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<bool>("valid");
+        QTest::newRow("plain") << "a.b+c%d@ex-ample.org" << true;
+        QTest::newRow("capitals") << "A@EXAMPLE.COM" << true;
+        QTest::newRow("four letters") << "a@b.info" << true;
+        QTest::newRow("five letters") << "a@b.house" << false;
+        QTest::newRow("one letter") << "a@b.c" << false;
+        QTest::newRow("no domain") << "a@" << false;
+        QTest::newRow("no name") << "@b.org" << false;
+        QTest::newRow("inside") << "x a@b.org" << false;
+        QTest::newRow("empty") << "" << false;
+    }
+
+    void mailAddresses()
+    {
+        QFETCH(QString, text);
+        QTEST(Util::IsMail(text), "valid");
+    }
+
+    void ipAddresses_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<bool>("valid");
+        for (const char *good : {"0.0.0.0", "255.255.255.255", "1.2.3.4", "01.02.03.04", "199.249.250.100"})
+            QTest::newRow(good) << good << true;
+        for (const char *bad :
+             {"256.1.1.1", "1.2.3", "1.2.3.4.5", "001.2.3.4", "099.2.3.4", "1.2.3.4 ", "-1.2.3.4", ""})
+            QTest::newRow(bad) << bad << false;
+    }
+
+    void ipAddresses()
+    {
+        QFETCH(QString, text);
+        QTEST(Util::IsIPAddress(text), "valid");
+    }
+
+    void countedObject()
+    {
+        int deaths = 0;
+        auto *object = new Counted(&deaths);
+        QCOMPARE(object->AddRef(), 2L);
+        QCOMPARE(object->AddRef(), 3L);
+        auto *copy = new Counted(*object); // a copy has the owners of its source
+        QCOMPARE(copy->Release(), 2L);
+        *copy = *object;
+        QCOMPARE(copy->Release(), 2L);
+        QCOMPARE(copy->Release(), 1L);
+        QCOMPARE(deaths, 0);
+        QCOMPARE(copy->Release(), 0L);
+        QCOMPARE(deaths, 1);
+        while (object->Release() > 0) {
+        }
+        QCOMPARE(deaths, 2);
+    }
+
+    void countedObjectBetweenThreads()
+    {
+        int deaths = 0;
+        auto *object = new Counted(&deaths);
+        const auto own = [object] {
+            for (int i = 0; i < 20000; ++i) {
+                object->AddRef();
+                object->Release();
+            }
+        };
+        std::thread first(own);
+        std::thread second(own);
+        first.join();
+        second.join();
+        QCOMPARE(deaths, 0);
+        QCOMPARE(object->Release(), 0L);
+        QCOMPARE(deaths, 1);
+    }
+
+    void logEntry()
+    {
+        int context = 0;
+        const CCMCLogEntry fits(QByteArray(199, 'x').constData(), &context);
+        QCOMPARE(qstrlen(fits.name()), 199u);
+        QCOMPARE(fits.context(), static_cast<void *>(&context));
+        const CCMCLogEntry cut(QByteArray(5000, 'y').constData(), nullptr);
+        QCOMPARE(qstrlen(cut.name()), 199u);
+        CCMCLogEntry copy(nullptr, nullptr);
+        QCOMPARE(qstrlen(copy.name()), 0u);
+        copy = fits;
+        QCOMPARE(qstrcmp(copy.name(), fits.name()), 0);
+        QCOMPARE(copy.context(), fits.context());
+    }
+
+    void version()
+    {
+        QCOMPARE(QStringLiteral(LUMQT_VERSION_STR), QStringLiteral("%1.%2.%3")
+                                                        .arg(LUMQT_VERSION >> 16)
+                                                        .arg(LUMQT_VERSION >> 8 & 0xff)
+                                                        .arg(LUMQT_VERSION & 0xff));
+    }
+};
+
+LUMQT_TEST_MAIN(TestUtil)
+#include "tst_util.moc"

@@ -1,0 +1,448 @@
+#include "CBaseWin.h"
+
+#include "frames/FrameGeometry.h"
+#include "frames/FramePainter.h"
+#include "platform/Platform.h"
+#include "TestMain.h"
+#include "Util.h"
+
+#include <QCloseEvent>
+#include <QPainter>
+#include <QPointer>
+#include <QScreen>
+#include <QSignalSpy>
+
+#ifdef Q_OS_WIN
+#include <windows.h>
+#endif
+
+using namespace lumqt::frame;
+
+namespace {
+
+const QColor kBorder(34, 133, 212);
+const QColor kTitleLine(221, 221, 221);
+
+class TestWin : public CBaseWin
+{
+public:
+    using CBaseWin::isMaxState;
+
+    QString refusal; // which hook keeps the window open: "hook", "exit" or "event"
+    bool dieOnClick = false;
+    QList<int> clicked;
+    int exits = 0;
+
+protected:
+    bool titleBtnClicked(int id) override
+    {
+        clicked += id;
+        if (!dieOnClick)
+            return refusal == QLatin1String("hook");
+        delete this;
+        return false;
+    }
+    void onExit() override
+    {
+        ++exits;
+        if (refusal != QLatin1String("exit"))
+            CBaseWin::onExit();
+    }
+    void closeEvent(QCloseEvent *event) override { event->setAccepted(refusal != QLatin1String("event")); }
+};
+
+QSize windowSize(CBaseWin &w)
+{
+    return w.contentsRect().size() + QSize(2 * w.frameWidth(), w.frameWidth() + w.titleHight());
+}
+
+// Where the window coordinates begin in those of the widget.
+QPoint origin(CBaseWin &w)
+{
+    return w.contentsRect().topLeft() - QPoint(w.frameWidth(), w.titleHight());
+}
+
+// The pointer over the frame, in window coordinates: with the events of a window here, native messages there.
+enum Action { Move, Press, Release };
+void point(CBaseWin &w, Action action, const QPoint &at)
+{
+    const QPoint inWidget = at + origin(w);
+#ifdef Q_OS_WIN
+    const QPoint screen = w.mapToGlobal(inWidget);
+    SetCursorPos(screen.x(), screen.y());
+    const UINT messages[] = {WM_NCMOUSEMOVE, WM_NCLBUTTONDOWN, WM_NCLBUTTONUP};
+    SendMessageW(HWND(w.winId()), messages[action], HTCAPTION, MAKELPARAM(screen.x(), screen.y()));
+#else
+    if (action == Move)
+        QTest::mouseMove(w.windowHandle(), inWidget);
+    else if (action == Press)
+        QTest::mousePress(w.windowHandle(), Qt::LeftButton, {}, inWidget);
+    else
+        QTest::mouseRelease(w.windowHandle(), Qt::LeftButton, {}, inWidget);
+#endif
+}
+
+void click(CBaseWin &w, const QPoint &at)
+{
+    point(w, Press, at);
+    point(w, Release, at);
+}
+
+// What a part of the frame shows.
+QImage frameImage(CBaseWin &w, const QRect &part)
+{
+#ifdef Q_OS_WIN
+    QImage image(part.size(), QImage::Format_RGB32);
+    const HDC dc = GetWindowDC(HWND(w.winId()));
+    for (int y = 0; y < part.height(); ++y) {
+        for (int x = 0; x < part.width(); ++x) {
+            const COLORREF color = GetPixel(dc, part.x() + x, part.y() + y);
+            image.setPixel(x, y, qRgb(GetRValue(color), GetGValue(color), GetBValue(color)));
+        }
+    }
+    ReleaseDC(HWND(w.winId()), dc);
+    return image;
+#else
+    return w.grab(part.translated(origin(w))).toImage().convertToFormat(QImage::Format_RGB32);
+#endif
+}
+
+QImage resImage(const char *name)
+{
+    return QImage(Util::getResFullPath(QStringLiteral("../res/%1.png").arg(QLatin1String(name))));
+}
+
+ButtonSizes imageSizes()
+{
+    const QSize glyph = resImage("close_normal").size();
+    return ButtonSizes{QSize(0, 0), glyph, resImage("line").size(), glyph, glyph, glyph};
+}
+
+QRect painted(CBaseWin &w, int id)
+{
+    return paintedRects(windowSize(w).width(), w.frameWidth(), imageSizes())[id];
+}
+
+QPoint on(CBaseWin &w, int id)
+{
+    return hitRects(windowSize(w).width(), w.frameWidth(), imageSizes())[id].center();
+}
+
+// Whether button `id` is painted with the image `name` on white.
+bool shows(CBaseWin &w, int id, const char *name)
+{
+    const QImage image = resImage(name);
+    QImage expected(image.size(), QImage::Format_RGB32);
+    expected.fill(Qt::white);
+    QPainter(&expected).drawImage(0, 0, image);
+    return !image.isNull() && frameImage(w, painted(w, id)) == expected;
+}
+
+void show(CBaseWin &w)
+{
+    w.resize(600, 300);
+    w.move(60, 60);
+    w.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    QTRY_VERIFY(!w.btnRect(CloseButton).isEmpty());
+}
+
+} // namespace
+
+class TestBaseWin : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { lumqt::platform::answers() = m_answers; }
+
+    void geometry_data()
+    {
+        QTest::addColumn<int>("fw");
+        QTest::addColumn<int>("right"); // of the close button, as it is pressed
+        QTest::addColumn<int>("top");
+        QTest::addColumn<int>("paintedTop");
+        QTest::newRow("4") << 4 << 634 << 7 << 11;
+        QTest::newRow("8") << 8 << 630 << 9 << 15;
+    }
+    void geometry()
+    {
+        QFETCH(int, fw);
+        QFETCH(int, right);
+        QFETCH(int, top);
+        QFETCH(int, paintedTop);
+        const QSize glyph(28, 28);
+        const ButtonSizes sizes{QSize(0, 0), glyph, QSize(9, 28), glyph, glyph, glyph};
+        const int lefts[] = {146, 141, 108, 94, 61, 28};
+        for (int id = 0; id < kButtonCount; ++id) {
+            const QPoint at(right - lefts[id], id == 0 ? 14 : 0); // there is no image 0
+            QCOMPARE(hitRects(640, fw, sizes)[id], QRect(at + QPoint(0, top), sizes[id]));
+            QCOMPARE(paintedRects(640, fw, sizes)[id], QRect(at + QPoint(-6, paintedTop), sizes[id]));
+        }
+        const QRect icon = iconRect(fw, QSize(24, 24));
+        QCOMPARE(icon.topLeft(), QPoint(fw + 8, fw / 2 + (38 + fw - 24) / 2));
+        QCOMPARE(captionRect(fw, true, 24), QRect(fw + 37, fw / 2, 65535, 38 + fw));
+        QCOMPARE(captionRect(fw, false, 0).left(), fw + 8);
+        QCOMPARE(titleBarRect(600, fw, false), QRect(0, fw, 600, 38));
+        QCOMPARE(titleBarRect(600, fw, true), QRect(0, 0, 600, 38 + fw));
+
+        const auto at = [&](int x, int y) { return int(partAt(QPoint(x, y), 640, fw, sizes, icon)); };
+        QCOMPARE(at(right - 1, top), 5);
+        QCOMPARE(at(right - 28, top + 27), 5);
+        QCOMPARE(at(right, top), -1);
+        QCOMPARE(at(right - 29, top), -1); // between two buttons
+        QCOMPARE(at(right - 61, top), 4);
+        QCOMPARE(at(right - 100, top), 2);
+        QCOMPARE(at(right - 141, top), 1);
+        QCOMPARE(at(right - 146, top + 14), -1);
+        QCOMPARE(at(icon.left(), icon.top()), 7);
+        QCOMPARE(at(-3, -3), -1);
+        QCOMPARE(int(partAt(QPoint(10, 10), -50, fw, ButtonSizes(), QRect())), -1);
+        QCOMPARE(int(partAt(QPoint(right - 1, top), 640, fw, sizes, QRect(0, 0, 640, 60))), 5);
+    }
+
+    void edges()
+    {
+        const auto at = [](int x, int y) { return int(edgesAt(QPoint(x, y), QSize(200, 100), 4)); };
+        QCOMPARE(at(3, 50), int(Qt::LeftEdge));
+        QCOMPARE(at(196, 50), int(Qt::RightEdge));
+        QCOMPARE(at(100, 99), int(Qt::BottomEdge));
+        QCOMPARE(at(16, 0), int(Qt::TopEdge));
+        QCOMPARE(at(15, 0), int(Qt::TopEdge | Qt::LeftEdge)); // a corner reaches along its edges
+        QCOMPARE(at(199, 84), int(Qt::BottomEdge | Qt::RightEdge));
+        for (const QPoint &none : {QPoint(4, 50), QPoint(4, 4), QPoint(-1, 50)})
+            QCOMPARE(at(none.x(), none.y()), 0);
+    }
+
+    void picture_data()
+    {
+        QTest::addColumn<int>("fw");
+        QTest::addColumn<qreal>("ratio");
+        for (int fw : {4, 8}) {
+            for (qreal ratio : {1.0, 1.5, 2.0})
+                QTest::addRow("%d at %g", fw, ratio) << fw << ratio;
+        }
+    }
+    void picture()
+    {
+        QFETCH(int, fw);
+        QFETCH(qreal, ratio);
+        const QColor outside(1, 2, 3);
+        QImage image(QSize(240, 160) * ratio, QImage::Format_RGB32);
+        image.setDevicePixelRatio(ratio);
+        QPainter painter(&image);
+        paintFrame(painter, QSizeF(-3, 0), fw, outside); // paints nothing
+        paintFrame(painter, QSizeF(240, 160), fw, outside);
+        painter.end();
+        const auto at = [&](qreal x, qreal y) { return image.pixelColor(int(x * ratio), int(y * ratio)); };
+        QCOMPARE(at(fw - 1.5, 80), outside);
+        QCOMPARE(at(240 - fw + 1.5, 80), outside);
+        for (const QColor &line : {at(fw - 0.3, 80), at(240 - fw + 0.4, 80), at(120, fw - 0.3),
+                                   at(120, 160 - fw + 0.4), at(fw - 0.3, fw - 0.3)})
+            QCOMPARE(line, kBorder);
+        QCOMPARE(at(fw, fw), QColor(Qt::white)); // no gap behind the line
+        QCOMPARE(at(120, titleHeight(fw) - 0.4), kTitleLine);
+        QCOMPARE(at(240 - fw + 0.4, titleHeight(fw) - 0.4), kTitleLine);
+    }
+
+    void frameOnScreen()
+    {
+        TestWin w;
+        QCOMPARE(w.btnRect(CloseButton), QRect());
+        QCOMPARE(w.windowTitle(), QString());
+        show(w);
+        QCOMPARE(w.size(), QSize(600, 300));
+        QCOMPARE(w.pos(), QPoint(60, 60));
+#ifdef Q_OS_WIN
+        RECT client;
+        GetClientRect(HWND(w.winId()), &client);
+        QCOMPARE(QSize(client.right, client.bottom), w.size());
+        QCOMPARE(GetWindowLongW(HWND(w.winId()), GWL_STYLE), LONG(0x06C70000 | WS_VISIBLE));
+#endif
+        const QSize size = windowSize(w);
+        const int fw = w.frameWidth();
+        const auto at = [&w](int x, int y) { return frameImage(w, QRect(x, y, 1, 1)).pixelColor(0, 0); };
+        QCOMPARE(at(fw - 1, 150), kBorder);
+        QCOMPARE(at(size.width() - fw, 150), kBorder);
+        QCOMPARE(at(100, fw - 1), kBorder);
+        QCOMPARE(at(100, size.height() - fw), kBorder);
+        QCOMPARE(at(300, fw), QColor(Qt::white));
+        QCOMPARE(at(300, w.titleHight() - 1), kTitleLine);
+        QCOMPARE(w.grab().toImage().pixelColor(w.contentsRect().center()), QColor(Qt::white));
+        for (int id : {-1, 6, 7})
+            QCOMPARE(w.btnRect(id), QRect());
+        QCOMPARE(w.btnRect(MaximizeButton), painted(w, MaximizeButton).adjusted(-fw, 0, 0, 0));
+    }
+
+    void buttonStates()
+    {
+        TestWin w;
+        w.refusal = QStringLiteral("hook");
+        show(w);
+        QVERIFY(shows(w, CloseButton, "close_normal"));
+        point(w, Move, on(w, CloseButton));
+        QVERIFY(shows(w, CloseButton, "close_hover"));
+        point(w, Press, on(w, CloseButton));
+        QVERIFY(shows(w, CloseButton, "close_press"));
+        point(w, Move, on(w, MinimizeButton));
+        QVERIFY(shows(w, CloseButton, "close_normal"));
+        QVERIFY(shows(w, MinimizeButton, "minimize_hover"));
+        point(w, Release, on(w, ListButton)); // what counts is where the button comes up
+        QVERIFY(shows(w, MinimizeButton, "minimize_normal"));
+        QVERIFY(shows(w, ListButton, "list_normal"));
+        // The caption, the icon, which swallows the click, and a button's image below where it is pressed.
+        for (const QPoint &at :
+             {QPoint(200, 20), QPoint(16, 20), painted(w, CloseButton).bottomLeft() + QPoint(8, 0)}) {
+#ifndef Q_OS_WIN // the system would begin to drag the window
+            point(w, Press, at);
+#endif
+            point(w, Release, at);
+        }
+        QCOMPARE(w.clicked, (QList<int>{ListButton, -1, -1}));
+#ifndef Q_OS_WIN // where a state lasts until the next message of the frame, and the system has the border
+        for (const QPoint &away : {QPoint(100, 200), QPoint(-20, -20)}) {
+            point(w, Move, on(w, CloseButton));
+            QVERIFY(shows(w, CloseButton, "close_hover"));
+            point(w, Move, away);
+            QVERIFY(shows(w, CloseButton, "close_normal"));
+        }
+        w.setCursor(Qt::CrossCursor);
+        point(w, Move, QPoint(1, 150));
+        QCOMPARE(w.cursor().shape(), Qt::SizeHorCursor);
+        point(w, Move, QPoint(100, 200));
+        QCOMPARE(w.cursor().shape(), Qt::CrossCursor);
+#endif
+    }
+
+    void minimiseAndMaximise()
+    {
+        TestWin w;
+        show(w);
+        click(w, on(w, MaximizeButton));
+        QTRY_VERIFY(w.isMaxState());
+        QTRY_VERIFY(shows(w, MaximizeButton, "maximize_restore_normal"));
+        // All of the strip and of the client area lies on the screen.
+        const QRect client = w.screen()->availableGeometry().adjusted(0, 38, 0, 0);
+        QTRY_COMPARE(w.mapToGlobal(w.contentsRect().topLeft()), client.topLeft());
+        QTRY_COMPARE(w.contentsRect().size(), client.size());
+        click(w, on(w, MaximizeButton));
+        QTRY_VERIFY(!w.isMaxState());
+        QTRY_COMPARE(w.size(), QSize(600, 300));
+        QTRY_VERIFY(shows(w, MaximizeButton, "maximize_normal"));
+        click(w, on(w, MinimizeButton));
+        QTRY_VERIFY(w.isMinimized());
+        QCOMPARE(w.clicked, (QList<int>{4, 4, 3}));
+    }
+
+    void dragging()
+    {
+        if (QGuiApplication::platformName() != QLatin1String("offscreen"))
+            QSKIP("The window system moves the window, with the real pointer");
+        TestWin w;
+        w.setMinimumSize(300, 200);
+        show(w);
+        const QRect before = w.geometry();
+        const auto drag = [&w](const QPoint &from, const QPoint &way) {
+            const QPoint start = w.pos();
+            point(w, Press, from);
+            point(w, Move, from + way);
+            point(w, Release, from + way - (w.pos() - start));
+        };
+        drag(QPoint(200, 20), QPoint(30, 40));
+        QCOMPARE(w.geometry(), before.translated(30, 40));
+        drag(QPoint(1, 150), QPoint(-25, 0));
+        QCOMPARE(w.geometry(), before.translated(30, 40).adjusted(-25, 0, 0, 0));
+        drag(QPoint(1, 1), QPoint(600, 280)); // the other corner stays where it is
+        QCOMPARE(w.size(), QSize(300, 200));
+        QCOMPARE(w.geometry().bottomRight(), before.bottomRight() + QPoint(30, 40));
+        QVERIFY(w.clicked.isEmpty());
+        QTest::mouseDClick(w.windowHandle(), Qt::LeftButton, {}, QPoint(100, 20));
+        QVERIFY(w.isMaxState());
+    }
+
+    void closing_data()
+    {
+        QTest::addColumn<bool>("byButton");
+        QTest::addColumn<QString>("refusal");
+        QTest::addColumn<int>("exits");
+        QTest::newRow("button") << true << "" << 1;
+        QTest::newRow("close()") << false << "" << 1;
+        QTest::newRow("button, hook answers true") << true << "hook" << 0;
+        QTest::newRow("button, onExit() refuses") << true << "exit" << 1;
+        QTest::newRow("close(), onExit() refuses") << false << "exit" << 1;
+        QTest::newRow("close(), closeEvent() refuses") << false << "event" << 0;
+    }
+    void closing()
+    {
+        QFETCH(bool, byButton);
+        TestWin w;
+        w.refusal = *static_cast<QString *>(QTest::qData("refusal", QMetaType::QString));
+        show(w);
+        QSignalSpy spy(&w, &CBaseWin::sigQuit);
+        bool hidden = false;
+        connect(&w, &CBaseWin::sigQuit, [&] {
+            hidden = w.isHidden();
+            w.close(); // closing again from inside changes nothing
+        });
+        QTimer::singleShot(0, [&] {
+            if (byButton)
+                click(w, on(w, CloseButton));
+            else
+                QCOMPARE(w.close(), w.refusal.isEmpty());
+            QTimer::singleShot(0, [] { QCoreApplication::exit(9); });
+        });
+        const bool ends = w.refusal.isEmpty();
+        QCOMPARE(QCoreApplication::exec(), ends ? 0 : 9);
+        QTEST(w.exits, "exits");
+        QCOMPARE(spy.count(), ends ? 1 : 0);
+        QCOMPARE(w.isVisible(), !ends);
+        QCOMPARE(hidden, ends);
+        if (ends)
+            QCOMPARE(spy.first().first().value<void *>(), static_cast<void *>(static_cast<QObject *>(&w)));
+    }
+
+    void deletedByItsOwnHooks()
+    {
+        for (const QString way : {"hook", "button", "close", "system"}) {
+            const QPointer<TestWin> w(new TestWin);
+            show(*w);
+            w->dieOnClick = way == QLatin1String("hook");
+            connect(w, &CBaseWin::sigQuit, [w] { delete w; });
+            if (way == QLatin1String("close"))
+                w->close();
+            else if (way == QLatin1String("system"))
+#ifdef Q_OS_WIN
+                SendMessageW(HWND(w->winId()), WM_CLOSE, 0, 0);
+#else
+                w->windowHandle()->close();
+#endif
+            else
+                click(*w, on(*w, CloseButton));
+            QVERIFY2(!w, qPrintable(way));
+        }
+    }
+
+    void captionAndIcon()
+    {
+        lumqt::platform::answers().frameWidth = [](const QWidget *) { return 8; };
+        TestWin w;
+        show(w);
+        QCOMPARE(w.titleHight(), 46);
+        const QRect strip(0, 0, 200, 46);
+        QImage before = frameImage(w, strip);
+        for (const QString icon : {"keep", "", "../res/no such.png"}) {
+            if (icon != QLatin1String("keep"))
+                w.setIcon(icon);
+            w.setCaption(QStringLiteral("A & B ") + icon);
+            QCOMPARE(w.accessibleName(), QStringLiteral("A & B ") + icon);
+            QTRY_VERIFY(frameImage(w, strip) != before);
+            before = frameImage(w, strip);
+        }
+    }
+
+private:
+    const lumqt::platform::Answers m_answers = lumqt::platform::answers();
+};
+
+LUMQT_TEST_MAIN(TestBaseWin)
+#include "tst_basewin.moc"
