@@ -115,9 +115,9 @@ install_in() { cd "$1" && make install; }
 configure_svg() { mkdir -p "$1/build-svg" && cd "$1/build-svg" && "$2/bin/qmake" ../qtsvg; }
 
 build() {
-  local cache=$1 prefix=$2 work
+  local cache=$1 prefix=$2
   mkdir -p "$cache"
-  work=$(mktemp -d "$cache/qt-build.XXXXXX")
+  work=$(mktemp -d "$cache/qt-build.XXXXXX") # not local: the trap runs when this function is done
   trap 'rm -rf "$work"' EXIT
   rm -rf "$prefix"
   say "Qt for Windows is built once on this machine (about 12 minutes on two cores)" >&2

@@ -91,14 +91,19 @@ bool open(QMenu &menu)
     return QTest::qWaitForWindowExposed(&menu);
 }
 
-// Moves the pointer about in the item until the menu has noticed: it takes no notice of the first move.
-void moveTo(QMenu &menu, int index, const QAction *active)
+// Moves the pointer about in the item until the menu has noticed: it takes no notice of the first move. Some
+// styles make a disabled item the active one, others none.
+void moveTo(QMenu &menu, int index)
 {
-    for (int i = 0; i < 100 && (i < 3 || menu.activeAction() != active); ++i) {
+    QAction *const item = menu.actions().at(index);
+    const auto noticed = [&] {
+        return menu.activeAction() == item || (!item->isEnabled() && !menu.activeAction());
+    };
+    for (int i = 0; i < 100 && (i < 3 || !noticed()); ++i) {
         QTest::mouseMove(&menu, itemRect(menu, index).center() + QPoint(i % 5, 0));
         QTest::qWait(1);
     }
-    QCOMPARE(menu.activeAction(), active);
+    QVERIFY(noticed());
 }
 
 } // namespace
@@ -114,6 +119,11 @@ private slots:
         m_red = picture("red.png", Qt::red);
         m_green = picture("green.png", Qt::green);
         m_blue = picture("blue.png", Qt::blue);
+        // Menus of an application without an active window are closed by the system at once.
+        m_host.setGeometry(700, 300, 100, 100);
+        m_host.show();
+        m_host.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&m_host));
     }
 
     void init() { QCursor::setPos(600, 560); }
@@ -201,11 +211,11 @@ private slots:
         QVERIFY(open(menu));
         QCOMPARE(itemColor(menu, 0), kBody);
         for (const int index : {1, 0}) {
-            moveTo(menu, index, menu.actions().at(index));
+            moveTo(menu, index);
             QTRY_COMPARE(itemColor(menu, index), kHover);
             QCOMPARE(itemColor(menu, 1 - index), kBody);
         }
-        moveTo(menu, 2, nullptr);
+        moveTo(menu, 2);
         QTRY_COMPARE(itemColor(menu, 0), kBody);
         QCOMPARE(itemColor(menu, 2), kBody);
     }
@@ -217,7 +227,7 @@ private slots:
         QList<QAction *> triggered;
         connect(&menu, &QMenu::triggered, this, [&triggered](QAction *action) { triggered.append(action); });
         QVERIFY(open(menu));
-        moveTo(menu, 0, menu.actions().at(0));
+        moveTo(menu, 0);
         QTest::keyClick(&menu, Qt::Key_Down);
         // The cursor still rests on the first item.
         QCOMPARE(itemColor(menu, 1), kHover);
@@ -494,6 +504,7 @@ private slots:
     }
 
 private:
+    QWidget m_host;
     QString picture(const char *name, const QColor &color)
     {
         QPixmap pixmap(10, 10);
