@@ -69,7 +69,8 @@ void fitToPage(GalleryWindow &window)
     if (frameIsNative()) {
         const QRect available = window.screen()->availableGeometry();
         height = qMin(height, available.height() - window.titleHight() - window.frameWidth());
-        window.move(available.topLeft() + QPoint(window.frameWidth(), window.titleHight()));
+        // By where it is, as Qt reckons with a native frame of another size.
+        window.move(window.pos() + available.topLeft() - window.windowRect().topLeft());
     }
     window.resize(window.width(), height);
 }

@@ -13,7 +13,12 @@ int CBPMenuItemSizeStyle::pixelMetric(PixelMetric metric, const QStyleOption *op
 QSize CBPMenuItemSizeStyle::sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &size,
                                              const QWidget *widget) const
 {
-    return type == CT_MenuItem ? m_size : QProxyStyle::sizeFromContents(type, option, size, widget);
+    if (type == CT_MenuItem)
+        return m_size;
+    // A style of Windows makes the menu one pixel wider than its items: a stripe that no highlight reaches.
+    if (type == CT_Menu)
+        return size;
+    return QProxyStyle::sizeFromContents(type, option, size, widget);
 }
 
 int CBPMenuItemSizeStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,

@@ -15,7 +15,6 @@
 QT_BEGIN_NAMESPACE
 Q_GUI_EXPORT HBITMAP qt_pixmapToWinHBITMAP(const QPixmap &pixmap, int format = 0);
 QT_END_NAMESPACE
-Q_DECLARE_METATYPE(QMargins)
 
 namespace lumqt::platform {
 
@@ -30,11 +29,28 @@ const QColor kTransparent(31, 92, 232);
 // Left free for a task bar that hides itself: over a window that fills the screen it would not come out.
 constexpr int kTaskBarGap = 2; // physical pixels
 
-RECT windowRect(HWND hwnd)
+constexpr UINT kQuietly = SWP_NOZORDER | SWP_NOACTIVATE;
+
+// RECT's right and bottom are exclusive.
+QRect toQRect(const RECT &rect)
+{
+    return QRect(rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top);
+}
+
+// On the screen, as is the next.
+QRect windowRect(HWND hwnd)
 {
     RECT rect = {0, 0, 0, 0};
     GetWindowRect(hwnd, &rect);
-    return rect;
+    return toQRect(rect);
+}
+
+QRect clientRect(HWND hwnd)
+{
+    RECT rect = {0, 0, 0, 0};
+    GetClientRect(hwnd, &rect);
+    MapWindowPoints(hwnd, nullptr, reinterpret_cast<POINT *>(&rect), 2);
+    return toQRect(rect);
 }
 
 // Margins that leave a self-hiding task bar of the monitor room to be called.
@@ -55,10 +71,7 @@ QMargins taskBarGap(const RECT &monitor)
 class WindowsWindowFrame final : public WindowFrame
 {
 public:
-    WindowsWindowFrame(QWidget *window, WindowFrameClient *client) : m_window(window), m_client(client)
-    {
-        tellQtMargins();
-    }
+    WindowsWindowFrame(QWidget *window, WindowFrameClient *client) : m_window(window), m_client(client) {}
 
     bool event(QEvent *event) override;
     bool nativeEvent(void *message, long *result) override;
@@ -74,27 +87,15 @@ private:
     HWND handle() const { return reinterpret_cast<HWND>(m_window->internalWinId()); }
     qreal ratio() const { return m_window->devicePixelRatioF(); }
     QMargins margins() const { return (QMarginsF(m_client->margins()) * ratio()).toMargins(); }
-    void tellQtMargins();
     void applyStyle();
     void copyStrip(HDC target, const QRect &strip, const QRect &frame, bool withTitle);
 
     QWidget *const m_window;
     WindowFrameClient *const m_client;
+    HWND m_native = nullptr;     // whose first message has come
+    QRect m_asked;               // its client area as Qt made it, on the screen
+    bool m_clientPlaced = false; // and as the widget's geometry was set, rather than moved with its frame
 };
-
-// Qt makes the native window before there is a frame of ours, with margins from its style. With the
-// difference the client area gets the size and place that were asked for, and saved geometries do not drift.
-// Later Qt learns the margins from WM_NCCALCSIZE.
-void WindowsWindowFrame::tellQtMargins()
-{
-    QWindow *window = m_window->windowHandle();
-    if (!window)
-        return;
-    RECT native = {0, 0, 0, 0};
-    AdjustWindowRectEx(&native, kWindowStyle, FALSE, 0);
-    const QMargins beyond = margins() - QMargins(-native.left, -native.top, native.right, native.bottom);
-    window->setProperty("_q_windowsCustomMargins", QVariant::fromValue(beyond));
-}
 
 bool WindowsWindowFrame::event(QEvent *event)
 {
@@ -102,8 +103,9 @@ bool WindowsWindowFrame::event(QEvent *event)
         applyStyle();
         return true;
     }
-    if (event->type() == QEvent::ParentChange)
-        tellQtMargins(); // another native window will follow
+    // Qt has just gone back to the margins of the style; it learns the frame's own from WM_NCCALCSIZE.
+    if (event->type() == QEvent::ScreenChangeInternal && handle())
+        SetWindowPos(handle(), nullptr, 0, 0, 0, 0, SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | kQuietly);
     return false;
 }
 
@@ -111,18 +113,40 @@ bool WindowsWindowFrame::event(QEvent *event)
 void WindowsWindowFrame::applyStyle()
 {
     const HWND hwnd = handle();
-    if (!hwnd)
+    if (!hwnd) {
+        m_native = nullptr; // another may come at the same address
         return;
-    const RECT rect = windowRect(hwnd);
+    }
+    const QRect frame = windowRect(hwnd);
     // The client area is asked for before the style changes.
-    SetWindowPos(hwnd, nullptr, rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top,
-                 SWP_FRAMECHANGED | SWP_NOZORDER | SWP_NOACTIVATE);
-    SetWindowLongW(hwnd, GWL_STYLE, kWindowStyle | (GetWindowLongW(hwnd, GWL_STYLE) & kStateStyles));
+    SetWindowPos(hwnd, nullptr, frame.x(), frame.y(), frame.width(), frame.height(),
+                 SWP_FRAMECHANGED | kQuietly);
+    const LONG style = GetWindowLongW(hwnd, GWL_STYLE);
+    SetWindowLongW(hwnd, GWL_STYLE, kWindowStyle | (style & kStateStyles));
+    if (style & kStateStyles)
+        return;
+    // Qt made the window with the margins of its own style. The client area gets the size back that was asked
+    // for, and its place if that was asked for: a geometry that is saved and restored does not drift.
+    const QRect client = clientRect(hwnd);
+    QRect target =
+        m_asked.marginsAdded(QMargins(client.left() - frame.left(), client.top() - frame.top(),
+                                      frame.right() - client.right(), frame.bottom() - client.bottom()));
+    if (!m_clientPlaced)
+        target.moveTopLeft(frame.topLeft());
+    SetWindowPos(hwnd, nullptr, target.x(), target.y(), target.width(), target.height(), kQuietly);
 }
 
 bool WindowsWindowFrame::nativeEvent(void *message, long *result)
 {
     const MSG *msg = static_cast<MSG *>(message);
+    if (msg->hwnd != m_native) {
+        // The first message comes before the client area shrinks and before the widget is told of it.
+        m_native = msg->hwnd;
+        m_asked = clientRect(m_native);
+        const QPointF place = m_window->geometry().topLeft();
+        m_clientPlaced =
+            m_window->testAttribute(Qt::WA_Moved) && m_asked.topLeft() == (place * ratio()).toPoint();
+    }
     const auto answer = [result](long value) {
         if (result)
             *result = value;
@@ -176,9 +200,7 @@ void WindowsWindowFrame::shrinkToClient(NCCALCSIZE_PARAMS *params)
 
 QSize WindowsWindowFrame::clientSize() const
 {
-    RECT client = {0, 0, 0, 0};
-    GetClientRect(handle(), &client);
-    return (QSizeF(client.right, client.bottom) / ratio()).toSize();
+    return (QSizeF(clientRect(handle()).size()) / ratio()).toSize();
 }
 
 QPoint WindowsWindowFrame::pointer() const
@@ -205,13 +227,9 @@ void WindowsWindowFrame::repaint()
     const HDC target = GetWindowDC(hwnd);
     if (!target)
         return;
-    const RECT window = windowRect(hwnd);
-    RECT inside = {0, 0, 0, 0};
-    GetClientRect(hwnd, &inside);
-    MapWindowPoints(hwnd, nullptr, reinterpret_cast<POINT *>(&inside), 2);
-    const QSize size(window.right - window.left, window.bottom - window.top);
-    const QRect client(inside.left - window.left, inside.top - window.top, inside.right - inside.left,
-                       inside.bottom - inside.top);
+    const QRect window = windowRect(hwnd);
+    const QSize size = window.size();
+    const QRect client = clientRect(hwnd).translated(-window.topLeft());
     const QRect frame = client.marginsAdded(margins());
     const int below = size.height() - client.top();
     copyStrip(target, QRect(0, 0, size.width(), client.top()), frame, true);
