@@ -17,13 +17,16 @@ for folder in /usr/lib/gcc/x86_64-w64-mingw32/*-posix /usr/x86_64-w64-mingw32/li
   dll_path="$dll_path;$(windows_path "$folder")"
 done
 export WINEPATH=$dll_path
-export QT_PLUGIN_PATH
-QT_PLUGIN_PATH=$(windows_path "$qt/plugins")
+# Wine hands on no variable whose name begins with QT_, but takes this prefix off.
+export WINEQT_PLUGIN_PATH
+WINEQT_PLUGIN_PATH=$(windows_path "$qt/plugins")
+for name in QT_SCALE_FACTOR QT_FONT_DPI; do
+  [ -z "${!name:-}" ] || export "WINE$name=${!name}"
+done
 export WINEDEBUG=${WINEDEBUG:--all}
 export WINEPREFIX=${WINEPREFIX:-${XDG_CACHE_HOME:-$HOME/.cache}/lumqtlib/wine}
 # No dialogs that offer to download something.
 export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml=}
-unset QT_QPA_PLATFORM
 mkdir -p "$WINEPREFIX"
 
 program=$1

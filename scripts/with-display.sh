@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
 # Runs a command on a virtual X screen of its own, with a window manager: with-display.sh COMMAND [ARG ...]
+# LUMQT_SCREEN is the size of the screen in pixels, WIDTHxHEIGHT.
 set -uo pipefail
 work=$(mktemp -d)
 cleanup() {
@@ -11,7 +12,7 @@ cleanup() {
 trap cleanup EXIT
 
 # The server chooses a free number and says which.
-Xvfb -displayfd 3 -screen 0 1600x1200x24 -nolisten tcp +extension Composite 3>"$work/display" >"$work/log" 2>&1 &
+Xvfb -displayfd 3 -screen 0 "${LUMQT_SCREEN:-1600x1200}x24" -dpi 96 -nolisten tcp 3>"$work/display" >"$work/log" 2>&1 &
 server=$!
 for _ in $(seq 100); do
   [ -s "$work/display" ] && break

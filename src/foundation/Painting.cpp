@@ -56,18 +56,19 @@ QCache<BodyKey, QPixmap> &bodies()
 }
 
 // A logical width in whole device pixels, so that frames are as sharp at 150 per cent as at 100.
-qreal wholePixels(int width, qreal ratio)
+int wholePixels(int width, qreal ratio)
 {
-    return width > 0 ? qMax(1, qRound(width * ratio)) / ratio : 0.0;
+    return width > 0 ? qMax(1, qRound(width * ratio)) : 0;
 }
 
-void renderRounded(QPainter &painter, const QRectF &rect, const Body &body, qreal frameWidth)
+void renderRounded(QPainter &painter, const QRectF &rect, const Body &body, qreal frameWidth, qreal ratio)
 {
     const qreal inset = frameWidth / 2; // the line lies within the rectangle, on pixel centres
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(frameWidth > 0 ? QPen(body.frame, frameWidth) : QPen(Qt::NoPen));
     painter.setBrush(body.fill.isValid() ? QBrush(body.fill) : QBrush(Qt::NoBrush));
-    painter.drawRoundedRect(rect.adjusted(inset, inset, -inset, -inset), body.radiusX, body.radiusY);
+    painter.drawRoundedRect(rect.adjusted(inset, inset, -inset, -inset), body.radiusX * ratio,
+                            body.radiusY * ratio);
 }
 
 // Five plain fills: whole pixels, which antialiased lines would miss at the corners.
@@ -84,32 +85,33 @@ void renderSquare(QPainter &painter, const QRectF &rect, const Body &body, qreal
     painter.fillRect(QRectF(inner.right(), inner.top(), frameWidth, inner.height()), body.frame);
 }
 
-void renderBody(QPainter &painter, const QRectF &rect, const Body &body, qreal ratio)
+// Renders into `rect` of a painter with `ratio` of its units to a logical pixel; the frame is `frameWidth`
+// units wide.
+void renderBody(QPainter &painter, const QRectF &rect, const Body &body, qreal frameWidth, qreal ratio)
 {
-    const qreal frameWidth = body.frame.isValid() ? wholePixels(body.frameWidth, ratio) : 0.0;
     if (body.radiusX > 0 && body.radiusY > 0)
-        renderRounded(painter, rect, body, frameWidth);
+        renderRounded(painter, rect, body, frameWidth, ratio);
     else
         renderSquare(painter, rect, body, frameWidth);
 }
 
+// The picture of a body of `size` device pixels. Its own ratio is 1: whoever draws it says where it goes.
 QPixmap bodyPixmap(const QSize &size, const Body &body, qreal ratio)
 {
+    const bool framed = body.frame.isValid();
     const BodyKey key{size,
                       body.fill.isValid() ? body.fill.rgba() : 0u,
-                      body.frame.isValid() ? body.frame.rgba() : 0u,
-                      body.frame.isValid() ? body.frameWidth : 0,
+                      framed ? body.frame.rgba() : 0u,
+                      framed ? body.frameWidth : 0,
                       body.radiusX,
                       body.radiusY,
                       qRound(ratio * 1000)};
     if (const QPixmap *known = bodies().object(key))
         return *known;
-    QPixmap pixmap(qMax(1, qRound(size.width() * ratio)), qMax(1, qRound(size.height() * ratio)));
-    pixmap.setDevicePixelRatio(ratio);
+    QPixmap pixmap(size);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
-    // The pixmap holds whole device pixels: at 150 per cent that is not quite the logical size.
-    renderBody(painter, QRectF(0, 0, pixmap.width() / ratio, pixmap.height() / ratio), body, ratio);
+    renderBody(painter, QRectF(pixmap.rect()), body, framed ? wholePixels(body.frameWidth, ratio) : 0, ratio);
     painter.end();
     bodies().insert(key, new QPixmap(pixmap), 1 + pixmap.width() * pixmap.height() / 256);
     return pixmap;
@@ -122,17 +124,40 @@ qreal ratioOf(const QPainter &painter)
 
 } // namespace
 
+QRectF wholeDevicePixels(const QPainter &painter, const QRectF &rect)
+{
+    const QTransform toDevice = painter.deviceTransform();
+    if (toDevice.type() > QTransform::TxScale)
+        return rect;
+    const QRectF device = toDevice.mapRect(rect);
+    // Both edges are rounded as the widget's clip rounds them, not one edge and the size.
+    const QPointF topLeft(qRound(device.left()), qRound(device.top()));
+    const QPointF bottomRight(qRound(device.right()), qRound(device.bottom()));
+    return toDevice.inverted().mapRect(QRectF(topLeft, bottomRight));
+}
+
 void drawBody(QPainter &painter, const QRect &rect, const Body &body)
 {
     if (rect.isEmpty())
         return;
     const qreal ratio = ratioOf(painter);
-    if (qint64(rect.width()) * rect.height() <= kLargestCachedArea) {
+    const bool small = qint64(rect.width()) * rect.height() <= kLargestCachedArea;
+    if (small && ratio == 1.0) { // whole pixels as they are
         painter.drawPixmap(rect.topLeft(), bodyPixmap(rect.size(), body, ratio));
         return;
     }
+    const QRectF target = wholeDevicePixels(painter, QRectF(rect));
+    const QSize pixels(qRound(target.width() * ratio), qRound(target.height() * ratio));
+    if (pixels.isEmpty())
+        return;
+    if (small) {
+        const QPixmap pixmap = bodyPixmap(pixels, body, ratio);
+        painter.drawPixmap(target, pixmap, QRectF(pixmap.rect()));
+        return;
+    }
     painter.save();
-    renderBody(painter, QRectF(rect), body, ratio);
+    renderBody(painter, target, body,
+               body.frame.isValid() ? wholePixels(body.frameWidth, ratio) / ratio : 0.0, 1.0);
     painter.restore();
 }
 

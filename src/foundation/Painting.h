@@ -28,6 +28,9 @@ struct Body
 // blitted after.
 LUMQT_TESTED void drawBody(QPainter &painter, const QRect &rect, const Body &body);
 
+// `rect` with its edges on device pixels, where antialiased or scaled painting leaves no half-covered ones.
+LUMQT_TESTED QRectF wholeDevicePixels(const QPainter &painter, const QRectF &rect);
+
 // A triangle that points down, its box at `topLeft`.
 LUMQT_TESTED void drawDropTriangle(QPainter &painter, const QPointF &topLeft, int width, int height,
                                    const QColor &color);

@@ -274,7 +274,7 @@ void CBPMenu::paintBody(QPainter *painter)
     lumqt::drawBody(*painter, bodyRect(), body);
     const QRect inner = innerRect();
     if (!inner.isEmpty())
-        painter->fillRect(inner, bodyColor());
+        painter->fillRect(lumqt::wholeDevicePixels(*painter, QRectF(inner)), bodyColor());
 }
 
 QPixmap CBPMenu::itemPixmap(QAction *action, bool hovered)
@@ -342,7 +342,8 @@ void CBPMenu::paintItem(QPainter *painter, const ItemView &item)
 void CBPMenu::PaintAction(QPainter *painter, const QRect &rect, int index, int count)
 {
     const QColor color = background(kHoverIndex);
-    const QRect fill = m_subLevel ? rect.adjusted(kSubLevelInset, 0, -kSubLevelInset, 0) : rect;
+    const QRectF fill = lumqt::wholeDevicePixels(
+        *painter, QRectF(m_subLevel ? rect.adjusted(kSubLevelInset, 0, -kSubLevelInset, 0) : rect));
     if (m_opaque && (index == 0 || index == count - 1)) {
         // The window itself is round there. It may be larger by a part of a pixel.
         painter->fillRect(fill.adjusted(0, 0, 0, index == count - 1 ? 1 : 0), color);
@@ -357,7 +358,7 @@ void CBPMenu::PaintAction(QPainter *painter, const QRect &rect, int index, int c
     QPainterPath path;
     path.setFillRule(Qt::WindingFill);
     path.addRoundedRect(fill, m_radius, m_radius);
-    QRect plain; // none on a nested menu with one item
+    QRectF plain; // none on a nested menu with one item
     if (!m_subLevel || index > 0)
         plain = fill.adjusted(0, 0, 0, -cut);
     else if (count > 1)

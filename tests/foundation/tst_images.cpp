@@ -193,33 +193,49 @@ private slots:
     {
         QTest::addColumn<qreal>("ratio");
         QTest::addColumn<int>("radius");
-        for (const qreal ratio : {1.0, 1.5, 2.0}) {
-            for (const int radius : {0, 6})
-                QTest::addRow("%g, radius %d", ratio, radius) << ratio << radius;
+        QTest::addColumn<QRect>("rect");
+        for (const qreal ratio : {1.0, 1.25, 1.5, 2.0}) {
+            for (const int radius : {0, 6}) {
+                for (const QRect &rect : {QRect(0, 0, 80, 28), QRect(3, 5, 85, 27), QRect(1, 1, 600, 601)})
+                    QTest::addRow("%g, radius %d, %d wide", ratio, radius, rect.width())
+                        << ratio << radius << rect;
+            }
         }
     }
 
-    // The outermost device pixel has the frame's own colour at every scaling: nothing is smeared over two.
+    // The outermost device pixel has the frame's own colour at every scaling and place: nothing is smeared
+    // over two, and the frame is as wide on one side as on the other.
     void bodyFrame()
     {
         QFETCH(qreal, ratio);
         QFETCH(int, radius);
-        QImage image = canvas(80, 28, ratio);
+        QFETCH(QRect, rect);
+        QImage image = canvas(640, 640, ratio);
         lumqt::Body body;
         body.fill = QColor(200, 220, 240);
         body.frame = QColor(10, 20, 30);
         body.radiusX = body.radiusY = radius;
         QPainter painter(&image);
-        lumqt::drawBody(painter, QRect(0, 0, 80, 28), body);
+        lumqt::drawBody(painter, rect, body);
         painter.end();
-        const int midX = image.width() / 2;
-        const int midY = image.height() / 2;
-        QCOMPARE(image.pixelColor(0, midY), body.frame);
-        QCOMPARE(image.pixelColor(image.width() - 1, midY), body.frame);
-        QCOMPARE(image.pixelColor(midX, 0), body.frame);
-        QCOMPARE(image.pixelColor(midX, image.height() - 1), body.frame);
-        QCOMPARE(image.pixelColor(3, midY), body.fill);
-        QCOMPARE(image.pixelColor(0, 0) == body.frame, radius == 0);
+        const int left = qRound(rect.x() * ratio);
+        const int top = qRound(rect.y() * ratio);
+        const int right = qRound((rect.x() + rect.width()) * ratio) - 1;
+        const int bottom = qRound((rect.y() + rect.height()) * ratio) - 1;
+        const int midX = (left + right) / 2;
+        const int midY = (top + bottom) / 2;
+        const int width = qMax(1, qRound(ratio));
+        for (int i = 0; i < width; ++i) {
+            QCOMPARE(image.pixelColor(left + i, midY), body.frame);
+            QCOMPARE(image.pixelColor(right - i, midY), body.frame);
+            QCOMPARE(image.pixelColor(midX, top + i), body.frame);
+            QCOMPARE(image.pixelColor(midX, bottom - i), body.frame);
+        }
+        QCOMPARE(image.pixelColor(left + width, midY), body.fill);
+        QCOMPARE(image.pixelColor(right - width, midY), body.fill);
+        QCOMPARE(image.pixelColor(midX, bottom - width), body.fill);
+        QCOMPARE(image.pixelColor(right + 1, midY), QColor(Qt::white));
+        QCOMPARE(image.pixelColor(left, top) == body.frame, radius == 0);
     }
 
     void oddBodies()

@@ -7,6 +7,7 @@
 #include "CBPMenuItem.h"
 #include "CBPPushBtn.h"
 
+#include <QCursor>
 #include <QIcon>
 #include <QLabel>
 #include <QScopedPointer>
@@ -45,6 +46,7 @@ QWidget *portrait(CBPMenu *menu, QAction *highlighted = nullptr)
 {
     const QScopedPointer<CBPMenu> owner(menu);
     menu->resize(menu->sizeHint());
+    menu->move(QCursor::pos() + QPoint(1, 1)); // an item under the pointer would be highlighted
     menu->setActiveAction(highlighted);
     auto *label = new QLabel;
     label->setPixmap(menu->grab());
