@@ -46,3 +46,4 @@ private:
 };
 
 void benchPushButtons(Bench &bench);
+void benchFrame(Bench &bench);

@@ -27,5 +27,6 @@ int main(int argc, char *argv[])
     if (parser.isSet(rounds))
         bench.rounds = qMax(5, parser.value(rounds).toInt());
     benchPushButtons(bench);
+    benchFrame(bench);
     return bench.report(parser.value(json)) ? 0 : 1;
 }

@@ -53,6 +53,7 @@ public:
     CBPPushBtn(QString text, int id, __ALIGN_TYPE align, bool autoResize = false, bool iconAfterText = false);
 
     /// Deletes the menu that the button made, too, once control is back in the event loop.
+    /// \since 1.0
     ~CBPPushBtn() override;
 
     // Both the keyboard focus and the record's focus flag go by this name.
@@ -163,6 +164,9 @@ private Q_SLOTS:
     void OnActionTriggered(QAction *pAct);
 
 private:
+    class ClickWatch;
+    friend class ClickWatch;
+
     void init();
     void autoResizeBtn();
     int iconWidth() const;
@@ -170,7 +174,7 @@ private:
     QPixmap iconPixmap() const;
     void openMenu();
     void reportActivation();
-    void followKey(bool wasDown);
+    void followKey(bool wasDown, bool clicked);
     void drawCheckedLook(QPainter &painter, const QRect &rect) const;
 
     QColor m_focusFrameColor;

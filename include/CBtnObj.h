@@ -19,10 +19,19 @@ public:
     /// State normal, no focus, the library's own colours, square corners, a frame of one pixel.
     /// \since 1.0
     CBtnObj();
+    /// \since 1.0
     ~CBtnObj() = default;
+    /// Copies state, colours and measures.
+    /// \since 1.0
     CBtnObj(const CBtnObj &other) = default;
+    /// Takes them over; \a other may only be assigned to or destroyed after that.
+    /// \since 1.0
     CBtnObj(CBtnObj &&other) = default;
+    /// Copies state, colours and measures.
+    /// \since 1.0
     CBtnObj &operator=(const CBtnObj &other) = default;
+    /// Takes them over; \a other may only be assigned to or destroyed after that.
+    /// \since 1.0
     CBtnObj &operator=(CBtnObj &&other) = default;
 
     /// The state: 0 normal, 1 hover, 2 pressed, 3 disabled.
@@ -46,35 +55,35 @@ public:
     QColor bgColor(int index) const { return m_bgColor.value(index); }
     /// Replaces the backgrounds.
     /// \since 1.0
-    void setBgColor(QVector<QColor> colors) { m_bgColor = colors; }
+    void setBgColor(QVector<QColor> colors);
 
     /// Frame colour for a state; an invalid colour for an index outside the list.
     /// \since 1.0
     QColor frmColor(int index) const { return m_frmColor.value(index); }
     /// Replaces the frame colours.
     /// \since 1.0
-    void setFrmColor(QVector<QColor> colors) { m_frmColor = colors; }
+    void setFrmColor(QVector<QColor> colors);
 
     /// Text colour for a state; an invalid colour for an index outside the list.
     /// \since 1.0
     QColor textColor(int index) const { return m_textColor.value(index); }
     /// Replaces the text colours.
     /// \since 1.0
-    void setTextColor(QVector<QColor> colors) { m_textColor = colors; }
+    void setTextColor(QVector<QColor> colors);
 
     /// Focus colour for a state, at first the background; for buttons that choose to use it.
     /// \since 1.0
     QColor focusColor(int index) const { return m_focusColor.value(index); }
     /// Replaces the focus colours.
     /// \since 1.0
-    void setFocusColor(QVector<QColor> colors) { m_focusColor = colors; }
+    void setFocusColor(QVector<QColor> colors);
 
     /// Colour of the drop-down triangle for a state; for buttons that choose to use it.
     /// \since 1.0
     QColor triangleColor(int index) const { return m_triangleColor.value(index); }
     /// Replaces the triangle colours.
     /// \since 1.0
-    void setTriangleColor(QVector<QColor> colors) { m_triangleColor = colors; }
+    void setTriangleColor(QVector<QColor> colors);
 
     /// Corner radius in pixels: 0 the horizontal one, 1 the vertical one; 0 for an index outside the list.
     /// \since 1.0

@@ -53,7 +53,14 @@ fi
 say "Writing screenshots at scale $scale into $target"
 folder=$target
 [ "$preset" = linux ] || folder="Z:${target//\//\\}"
-rm -f "$target"/*.png "$target"/screenshots.txt # those of an earlier run
+# Those of an earlier run go, and nothing else.
+if [ -f "$target/screenshots.txt" ]; then
+  while read -r name; do
+    name=${name##*/}
+    rm -f "$target/${name##*\\}"
+  done < <(tr -d '\r' <"$target/screenshots.txt")
+' <"$target/screenshots.txt")
+fi
 # A page is as tall as it needs, and on Windows it is photographed from the screen.
 LUMQT_SCREEN=2560x6400 QT_SCALE_FACTOR=$scale "$here/with-display.sh" "${run[@]}" "$program" --screenshots "$folder"
 find "$target" -maxdepth 1 -name '*.png' | sort

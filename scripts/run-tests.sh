@@ -25,7 +25,7 @@ run_preset() {
     fail "configuring failed"
   }
   say "Building: $preset"
-  cmake --build --preset "$preset"
+  cmake --build --preset "$preset" || fail "building failed"
   say "Testing: $preset"
   "$here/with-display.sh" ctest --preset "$preset" --verbose "${selection[@]}" 2>&1 | tee -a "$log" | python3 "$here/test-report.py" --follow ||
     status=$?

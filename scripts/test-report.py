@@ -25,9 +25,10 @@ def follow(stream):
         if not outcome:
             continue
         ran += 1
-        good = outcome.group(2) == 'Passed'
-        failed = failed or not good
         totals = [match for match in map(TOTALS.search, pending) if match]
+        # A program that ends well and tells no total ran no test.
+        good = outcome.group(2) == 'Passed' and bool(totals)
+        failed = failed or not good
         counts = ', '.join('%s passed, %s failed, %s skipped' % match.groups() for match in totals) or '-'
         print('%-6s %-24s %6s s  %s' % ('ok' if good else 'FAILED', outcome.group(1), outcome.group(3), counts))
         for text in map(text_of, pending):
@@ -42,20 +43,25 @@ def follow(stream):
 
 def total(name):
     passed = failed = skipped = told = 0
+    counted = False
     for line in open(name, errors='replace'):
         match = TOTALS.search(line)
         if match:
-            told += int(match.group(2))
+            told, counted = told + int(match.group(2)), True
             passed, skipped = passed + int(match.group(1)), skipped + int(match.group(3))
         outcome = OUTCOME.match(line)
         if outcome:
-            # A program that fails without a failed test function crashed, hung or was caught by a sanitizer.
-            failed += told if outcome.group(2) == 'Passed' else max(told, 1)
-            told = 0
+            # A program that fails without a failed test function crashed, hung or was caught by a sanitizer; one that
+            # tells no total ran no test.
+            good = outcome.group(2) == 'Passed' and counted
+            failed += told if good else max(told, 1)
+            told, counted = 0, False
     print('%d passed, %d failed, %d skipped' % (passed, failed, skipped))
     sys.exit(1 if failed or not passed else 0)
 
 
+sys.stdin.reconfigure(errors='replace')
+sys.stdout.reconfigure(errors='replace')
 if sys.argv[1] == '--follow':
     follow(sys.stdin)
 else:

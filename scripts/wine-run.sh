@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Runs a Windows program of this project under Wine: wine-run.sh PROGRAM [ARG ...]
 #
-# Finds the DLLs of Qt (LUMQT_QT_WINDOWS) and of the compiler, and further ones in LUMQT_DLL_PATH. A Qt Test program's
+# Finds the DLLs of Qt (LUMQT_QT_WINDOWS) and of the compiler, and further ones in the folder LUMQT_DLL_PATH. A Qt Test program's
 # standard output is lost there, so it writes into a file, which is printed when it is done.
 set -uo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
@@ -13,7 +13,8 @@ fi
 windows_path() { printf 'Z:%s' "${1//\//\\}"; }
 
 dll_path=$(windows_path "$qt/bin")
-for folder in /usr/lib/gcc/x86_64-w64-mingw32/*-posix /usr/x86_64-w64-mingw32/lib ${LUMQT_DLL_PATH:-}; do
+for folder in /usr/lib/gcc/x86_64-w64-mingw32/*-posix /usr/x86_64-w64-mingw32/lib \
+  ${LUMQT_DLL_PATH:+"$LUMQT_DLL_PATH"}; do
   dll_path="$dll_path;$(windows_path "$folder")"
 done
 export WINEPATH=$dll_path
@@ -35,7 +36,8 @@ case ${program##*/} in
   tst_*)
     results=$(mktemp -d)
     trap 'rm -rf "$results"' EXIT
-    wine "$program" -o "$(windows_path "$results/results.txt"),txt" "$@"
+    # CTest would end this script before it could print what a hanging program wrote.
+    timeout 280 wine "$program" -o "$(windows_path "$results/results.txt"),txt" "$@"
     status=$?
     cat "$results/results.txt" 2>/dev/null
     exit "$status"

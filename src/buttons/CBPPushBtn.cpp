@@ -33,6 +33,18 @@ constexpr int kMenuOffset = 46;
 
 enum State { Normal = 0, Hover = 1, Pressed = 2, Disabled = 3 };
 
+// Numbers of a caller, in the range that widgets can have: sums of a few cannot overflow.
+int bounded(int pixels)
+{
+    return qBound(-QWIDGETSIZE_MAX, pixels, QWIDGETSIZE_MAX);
+}
+
+QMargins bounded(const QMargins &margins)
+{
+    return QMargins(bounded(margins.left()), bounded(margins.top()), bounded(margins.right()),
+                    bounded(margins.bottom()));
+}
+
 QColor withAlpha(QColor color, int alpha)
 {
     if (color.isValid())
@@ -41,6 +53,42 @@ QColor withAlpha(QColor color, int alpha)
 }
 
 } // namespace
+
+// While a handler of an event runs the base's, it is the handler that reports a click, after the base's own
+// signals. Slots may run further handlers of the same button, so each keeps what it found.
+class CBPPushBtn::ClickWatch
+{
+public:
+    explicit ClickWatch(CBPPushBtn *button)
+        : m_button(button), m_outerReports(button->m_reportsItself), m_outerClicked(button->m_wasClicked)
+    {
+        button->m_reportsItself = true;
+        button->m_wasClicked = false;
+    }
+    ~ClickWatch() { end(); }
+    ClickWatch(const ClickWatch &) = delete;
+    ClickWatch &operator=(const ClickWatch &) = delete;
+
+    // To be called when the base is done. False: the button is gone.
+    bool end()
+    {
+        if (m_button && !m_ended) {
+            m_clicked = m_button->m_wasClicked;
+            m_button->m_reportsItself = m_outerReports;
+            m_button->m_wasClicked = m_outerClicked;
+        }
+        m_ended = true;
+        return m_button;
+    }
+    bool clicked() const { return m_clicked; }
+
+private:
+    const QPointer<CBPPushBtn> m_button;
+    const bool m_outerReports;
+    const bool m_outerClicked;
+    bool m_clicked = false;
+    bool m_ended = false;
+};
 
 CBPPushBtn::CBPPushBtn(QWidget *parent, bool autoResize, bool iconAfterText)
     : QPushButton(parent), m_autoResize(autoResize), m_iconAfterText(iconAfterText)
@@ -224,8 +272,9 @@ void CBPPushBtn::autoResizeBtn()
     if (!m_autoResize)
         return;
     const int icon = iconWidth();
-    const int content = icon + (icon != 0 ? m_spacing : 0) + textWidth() + kSidePadding;
-    setFixedWidth(qMax(qMax(content, m_minimumWidth) + (m_hasMenu ? kMenuPadding : 0), 0));
+    const int content = icon + (icon != 0 ? bounded(m_spacing) : 0) + textWidth() + kSidePadding;
+    const int width = qMax(content, bounded(m_minimumWidth)) + (m_hasMenu ? kMenuPadding : 0);
+    setFixedWidth(qBound(0, width, QWIDGETSIZE_MAX));
 }
 
 // ----------------------------------------------------------------------------------------------------------
@@ -259,13 +308,10 @@ void CBPPushBtn::mouseReleaseEvent(QMouseEvent *event)
         return;
     }
     setState(Hover);
-    const QPointer<CBPPushBtn> alive(this);
-    m_reportsItself = true;
+    ClickWatch watch(this);
     QPushButton::mouseReleaseEvent(event);
-    if (!alive)
+    if (!watch.end())
         return;
-    m_reportsItself = false;
-    m_wasClicked = false;
     update();
     // Also for a release outside the button, where clicked() does not come.
     emit sigBtnClicked(m_bindId);
@@ -329,12 +375,11 @@ void CBPPushBtn::keyPressEvent(QKeyEvent *event)
         openMenu();
         return;
     }
-    const QPointer<CBPPushBtn> alive(this);
     const bool wasDown = isDown();
-    m_reportsItself = true;
+    ClickWatch watch(this);
     QPushButton::keyPressEvent(event);
-    if (alive)
-        followKey(wasDown);
+    if (watch.end())
+        followKey(wasDown, watch.clicked());
 }
 
 void CBPPushBtn::keyReleaseEvent(QKeyEvent *event)
@@ -348,39 +393,37 @@ void CBPPushBtn::keyReleaseEvent(QKeyEvent *event)
         }
         return;
     }
-    const QPointer<CBPPushBtn> alive(this);
     const bool wasDown = isDown();
-    m_reportsItself = true;
+    ClickWatch watch(this);
     QPushButton::keyReleaseEvent(event);
-    if (alive)
-        followKey(wasDown);
+    if (watch.end())
+        followKey(wasDown, watch.clicked());
 }
 
 // The look follows the button going down and up by a key, and a click is reported after the base's own
 // signals.
-void CBPPushBtn::followKey(bool wasDown)
+void CBPPushBtn::followKey(bool wasDown, bool clicked)
 {
-    m_reportsItself = false;
-    if (isDown() != wasDown) {
+    if (isDown() != wasDown && isEnabled()) {
         setState(isDown() ? Pressed : underMouse() ? Hover : Normal);
         update();
     }
-    if (m_wasClicked) {
-        m_wasClicked = false;
+    if (clicked)
         emit sigBtnClicked(m_bindId);
-    }
 }
 
+// A click that no handler of ours is behind: click() was called, by a dialog for its default button or by an
+// assistive tool.
 void CBPPushBtn::reportActivation()
 {
     if (m_reportsItself) {
+        m_reportsItself = false; // one click belongs to the handler, further ones come from slots
         m_wasClicked = true;
-        return;
-    }
-    if (m_hasMenu)
+    } else if (m_hasMenu) {
         openMenu();
-    else
+    } else {
         emit sigBtnClicked(m_bindId);
+    }
 }
 
 void CBPPushBtn::openMenu()
@@ -420,10 +463,14 @@ void CBPPushBtn::paintEvent(QPaintEvent *)
 
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    QRect content = rect().marginsRemoved(m_removeMargin);
+    QRect content = rect().marginsRemoved(bounded(m_removeMargin));
     lumqt::drawBody(painter, content, body);
     if (isCheckable() && isChecked())
         drawCheckedLook(painter, content);
+    if (showsFocus)
+        content.adjust(1, 1, -1, -1);
+    painter.setPen(pen); // a derived class may draw with what it finds
+    painter.setBrush(body.fill);
     drawPixmapAndText(&painter, pen, content, index);
     drawArrow(&painter);
 }
@@ -443,7 +490,8 @@ void CBPPushBtn::drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, in
         const QSize size = lumqt::logicalSize(pixmap);
         const QString label = text();
         const int textSize = label.isEmpty() ? 0 : m_textLayout->lineSize(label, m_font).width();
-        const int blockWidth = pixmap.isNull() ? textSize : size.width() + m_spacing + textSize;
+        const int spacing = bounded(m_spacing);
+        const int blockWidth = pixmap.isNull() ? textSize : size.width() + spacing + textSize;
         int x = 0;
         if (m_align == ALIGN_LEFT)
             x = kLeftStart;
@@ -469,7 +517,8 @@ void CBPPushBtn::drawArrow(QPainter *painter)
     if (!m_hasMenu)
         return;
     const int icon = iconWidth();
-    const int x = (width() - icon - textWidth() - m_spacing) / 2 + icon + m_spacing + textWidth();
+    const int spacing = bounded(m_spacing);
+    const int x = (width() - icon - textWidth() - spacing) / 2 + icon + spacing + textWidth();
     const int y = (height() - m_arrowHeight) / 2;
     lumqt::drawDropTriangle(*painter, QPointF(x, y), m_arrowWidth, m_arrowHeight, kArrowColor);
 }

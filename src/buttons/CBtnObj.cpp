@@ -1,5 +1,7 @@
 #include "CBtnObj.h"
 
+#include "foundation/Log.h"
+
 namespace {
 
 constexpr int kStateCount = 4; // normal, hover, pressed, disabled
@@ -26,6 +28,14 @@ const BuiltIn &builtIn()
     return values;
 }
 
+void store(Colors &target, const Colors &colors, const char *what)
+{
+    if (colors.size() != kStateCount)
+        qCWarning(lcLumQt, "%d %s colours for %d states: the built-in ones are painted", colors.size(), what,
+                  kStateCount);
+    target = colors;
+}
+
 QColor painted(const Colors &colors, const Colors &fallback, int index)
 {
     return (colors.size() == kStateCount ? colors : fallback).value(index);
@@ -47,6 +57,31 @@ void CBtnObj::setState(int state)
 {
     if (state >= 0 && state < kStateCount)
         m_state = state;
+}
+
+void CBtnObj::setBgColor(QVector<QColor> colors)
+{
+    store(m_bgColor, colors, "background");
+}
+
+void CBtnObj::setFrmColor(QVector<QColor> colors)
+{
+    store(m_frmColor, colors, "frame");
+}
+
+void CBtnObj::setTextColor(QVector<QColor> colors)
+{
+    store(m_textColor, colors, "text");
+}
+
+void CBtnObj::setFocusColor(QVector<QColor> colors)
+{
+    store(m_focusColor, colors, "focus");
+}
+
+void CBtnObj::setTriangleColor(QVector<QColor> colors)
+{
+    store(m_triangleColor, colors, "triangle");
 }
 
 void CBtnObj::setBgTrancent(bool transparent)

@@ -5,6 +5,7 @@
 
 #include <QFileInfo>
 #include <QHash>
+#include <QSet>
 #include <QSettings>
 
 namespace {
@@ -21,7 +22,19 @@ QSettings *openFontTable()
         qCWarning(lcLumQt, "The font table %s is missing: texts are set in %s", kFontTable, kDefaultFamily);
     auto *table = new QSettings(file, QSettings::IniFormat);
     table->setIniCodec("UTF-8"); // families of CJK languages have names of their own
+    if (table->status() != QSettings::NoError)
+        qCWarning(lcLumQt, "The font table %s cannot be read", kFontTable);
     return table;
+}
+
+void warnOfMissingFamily(const QString &key)
+{
+    static QSet<QString> told;
+    if (told.contains(key))
+        return;
+    told.insert(key);
+    qCWarning(lcLumQt, "The font table %s has no %s: texts are set in %s", kFontTable, qUtf8Printable(key),
+              kDefaultFamily);
 }
 
 } // namespace
@@ -46,7 +59,10 @@ QString GetFontFamily(int weightIndex)
     if (weightIndex >= lumqt::LightWeight && weightIndex <= lumqt::BoldWeight)
         key += QLatin1String(kWeightKeys[weightIndex]);
     const QString family = table->value(key, QVariant()).toString();
-    return family.isEmpty() ? QString::fromLatin1(kDefaultFamily) : family;
+    if (!family.isEmpty())
+        return family;
+    warnOfMissingFamily(key);
+    return QString::fromLatin1(kDefaultFamily);
 }
 
 namespace lumqt {

@@ -123,7 +123,11 @@ QPixmap renderDrawing(const QString &file, const FileStamp &stamp, qreal ratio)
         return QPixmap();
     }
     const QSize size = renderer->defaultSize();
-    if (size.isEmpty() || !isReasonable(size * ratio, file))
+    if (size.isEmpty()) {
+        qCWarning(lcLumQt, "The image %s has no size", qUtf8Printable(file));
+        return QPixmap();
+    }
+    if (!isReasonable(size, file) || !isReasonable(size * ratio, file))
         return QPixmap();
     QPixmap pixmap(size * ratio);
     pixmap.fill(Qt::transparent);
@@ -142,7 +146,7 @@ QImage decode(const QString &file)
     const QSize announced = reader.size();
     if (announced.isValid() && !isReasonable(announced, file))
         return QImage();
-    const QImage image = reader.read();
+    QImage image = reader.read();
     if (image.isNull())
         qCWarning(lcLumQt, "The image %s cannot be read: %s", qUtf8Printable(file),
                   qUtf8Printable(reader.errorString()));

@@ -126,7 +126,7 @@ qreal ratioOf(const QPainter &painter)
 
 QRectF wholeDevicePixels(const QPainter &painter, const QRectF &rect)
 {
-    const QTransform toDevice = painter.deviceTransform();
+    const QTransform &toDevice = painter.deviceTransform();
     if (toDevice.type() > QTransform::TxScale)
         return rect;
     const QRectF device = toDevice.mapRect(rect);
@@ -163,7 +163,7 @@ void drawBody(QPainter &painter, const QRect &rect, const Body &body)
 
 void drawDropTriangle(QPainter &painter, const QPointF &topLeft, int width, int height, const QColor &color)
 {
-    const QPointF corners[] = {topLeft, topLeft + QPointF(width, 0), topLeft + QPointF(width / 2, height)};
+    const QPointF corners[] = {topLeft, topLeft + QPointF(width, 0), topLeft + QPointF(width / 2.0, height)};
     painter.save();
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
     painter.setPen(Qt::NoPen);

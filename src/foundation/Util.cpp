@@ -25,7 +25,10 @@ QColor configuredColor(const char *key, bool &found)
     QVariant value;
     found = Util::readIni(QLatin1String(kWindowGroup), QLatin1String(key), value,
                           Util::getResFullPath(QLatin1String(kConfigFile)));
-    return found ? QColor(value.toString()) : QColor();
+    const QColor color = found ? QColor(value.toString()) : QColor();
+    if (found && !color.isValid())
+        qCWarning(lcLumQt, "%s of %s is no colour", key, kConfigFile);
+    return color;
 }
 
 } // namespace
@@ -67,6 +70,9 @@ bool Util::readIni(QString group, QString key, QVariant &value, QString file)
         return false;
     const QSettings settings(file, QSettings::IniFormat);
     value = settings.value(group + QLatin1Char('/') + key, QVariant());
+    // A file that is not there is an ordinary thing to ask.
+    if (settings.status() != QSettings::NoError || QFileInfo(file).isDir())
+        qCWarning(lcLumQt, "The settings file %s cannot be read", qUtf8Printable(file));
     return value.isValid();
 }
 
@@ -79,7 +85,8 @@ void Util::writeIni(QString group, QString key, QVariant value, QString file)
     settings.setValue(key, value);
     settings.endGroup();
     settings.sync();
-    if (settings.status() != QSettings::NoError)
+    // A format error is one of reading: what could not be read has been replaced.
+    if (settings.status() == QSettings::AccessError)
         qCWarning(lcLumQt, "The settings file %s cannot be written", qUtf8Printable(file));
 }
 

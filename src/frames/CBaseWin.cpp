@@ -16,6 +16,9 @@
 #include <QPaintEvent>
 #include <QPointer>
 
+#include <algorithm>
+#include <climits>
+
 using namespace lumqt;
 
 namespace {
@@ -50,11 +53,13 @@ public:
 
     void pointerLeft() override
     {
-        if (!window->m_btnStates.keys(ENStateHover).isEmpty() ||
-            !window->m_btnStates.keys(ENStatePress).isEmpty()) {
+        const auto &states = window->m_btnStates;
+        const bool lit =
+            std::any_of(states.begin(), states.end(), [](int state) { return state != ENStateNormal; });
+        if (lit) {
             window->m_btnStates.remove(frame::TitleIcon);
             window->resetBtnState();
-            window->paintFrame();
+            paintStates();
         }
     }
 
@@ -66,6 +71,19 @@ public:
     void closeRequested() override;
     void sizeClient(tagNCCALCSIZE_PARAMS *params) override { window->onNCCalSize(params); }
     void paintFrame(QPainter &painter, const QSizeF &size, const QColor &outside, bool withTitle) override;
+
+    // Paints what the states change, so that a moving pointer costs the same over a window of any size.
+    void paintStates()
+    {
+        int left = INT_MAX;
+        for (const QRect &rect : qAsConst(window->m_btnRects))
+            left = qMin(left, rect.left());
+        const int width = windowWidth();
+        if (iconChanged || left >= width)
+            window->paintFrame();
+        else
+            system->repaint(QRect(left, 0, width - left, frame::titleHeight(window->frameWidth())));
+    }
 
     int windowWidth() const { return system->clientSize().width() + 2 * window->frameWidth(); }
 
@@ -83,8 +101,9 @@ public:
     CachedText caption;
     QFont captionFont;
     bool captionFontValid = false;
-    bool closing = false;  // onExit() runs
-    bool quitting = false; // and has come to the base's
+    bool iconChanged = false; // since the whole frame was painted
+    bool closing = false;     // onExit() runs
+    bool quitting = false;    // and has come to the base's
 };
 
 // Every message resets all buttons first, so a button lights up only while the pointer is on it.
@@ -104,7 +123,7 @@ bool CBaseWin::Frame::pointer(platform::PointerAction action)
     }
     if (released)
         w->m_btnStates[id] = ENStateNormal;
-    w->paintFrame();
+    paintStates();
     return id != frame::Nothing;
 }
 
@@ -125,6 +144,8 @@ void CBaseWin::Frame::paintFrame(QPainter &painter, const QSizeF &size, const QC
     frame::paintFrame(painter, size, fw, outside);
     if (!withTitle)
         return;
+    // The caption is as wide as it is, and pictures may be higher than the strip.
+    painter.setClipRect(QRectF(0, 0, size.width(), frame::titleHeight(fw)), Qt::IntersectClip);
     window->paintCaption(painter);
     const auto rects =
         frame::paintedRects(qRound(size.width()), fw, buttonSizes(painter.device()->devicePixelRatioF()));
@@ -163,6 +184,7 @@ void CBaseWin::resetBtnState()
 void CBaseWin::setIcon(QString path)
 {
     m_iconPath = path;
+    m_frame->iconChanged = true;
 }
 
 void CBaseWin::setCaption(QString text)
@@ -218,7 +240,7 @@ bool CBaseWin::event(QEvent *event)
 void CBaseWin::paintEvent(QPaintEvent *event)
 {
     QPainter painter(this);
-    painter.fillRect(rect(), kClientFill);
+    painter.fillRect(contentsRect(), kClientFill); // all there is where the frame is no part of the widget
     m_frame->system->paintInside(painter, event);
 }
 
@@ -274,7 +296,8 @@ void CBaseWin::drawTitleBtns(QPainter &painter, int x, int y, int id)
 
 void CBaseWin::paintFrame()
 {
-    m_frame->system->repaint();
+    m_frame->system->repaint(QRect());
+    m_frame->iconChanged = false;
 }
 
 void CBaseWin::paintCaption(QPainter &painter)

@@ -1,5 +1,6 @@
 #include "frames/FramePainter.h"
 
+#include "foundation/Painting.h"
 #include "frames/FrameGeometry.h"
 
 #include <QPainter>
@@ -10,28 +11,40 @@ namespace {
 const QColor kBorder(34, 133, 212);
 const QColor kTitleFill(255, 255, 255);
 const QColor kTitleLine(221, 221, 221);
+
+// What lies in `outer` and not in `inner`.
+void fillRing(QPainter &painter, const QRectF &outer, const QRectF &inner, const QColor &color)
+{
+    painter.fillRect(QRectF(outer.topLeft(), QPointF(outer.right(), inner.top())), color);
+    painter.fillRect(QRectF(QPointF(outer.left(), inner.bottom()), outer.bottomRight()), color);
+    painter.fillRect(QRectF(QPointF(outer.left(), inner.top()), inner.bottomLeft()), color);
+    painter.fillRect(QRectF(inner.topRight(), QPointF(outer.right(), inner.bottom())), color);
+}
+
 } // namespace
 
-// Lines are filled rectangles: with a pen a line lies half a pixel beside what it borders on at 150 and 200
-// per cent, and the gap would show `outside`.
+// Filled rectangles whose edges lie on device pixels: with a pen, lines would be of two widths at 150 per
+// cent, and half a pixel would be left between what should touch, for `outside` to show. The client area is
+// left alone, so that the cost follows the length of the border, not the area of the window.
 void paintFrame(QPainter &painter, const QSizeF &size, int fw, const QColor &outside)
 {
-    const qreal w = size.width();
-    const qreal h = size.height();
-    const int title = titleHeight(fw);
-    const auto fill = [&painter](const QRectF &rect, const QColor &color) {
-        if (rect.isValid())
-            painter.fillRect(rect, color);
-    };
+    const QRectF window(QPointF(0, 0), size);
+    const QRectF inside = wholeDevicePixels(painter, window.adjusted(fw, fw, -fw, -fw));
+    if (!inside.isValid())
+        return;
+    const qreal ratio = painter.device()->devicePixelRatioF();
+    const qreal line = qMax(1, qRound(ratio)) / ratio;
+    const QRectF border = inside.adjusted(-line, -line, line, line);
     painter.save();
     // A pixel mixed with a colour that is made transparent would stay visible.
     painter.setRenderHint(QPainter::Antialiasing, false);
-    fill(QRectF(QPointF(0, 0), size), outside);
-    fill(QRectF(fw - 1, fw - 1, w - 2 * fw + 2, h - 2 * fw + 2), kBorder);
-    fill(QRectF(fw, fw, w - 2 * fw, h - 2 * fw), outside);
-    fill(QRectF(fw, fw, w - 2 * fw, title), kTitleFill);
+    fillRing(painter, wholeDevicePixels(painter, window), border, outside);
+    fillRing(painter, border, inside, kBorder);
+    const QRectF strip =
+        wholeDevicePixels(painter, QRectF(fw, fw, size.width() - 2 * fw, titleHeight(fw) - fw));
+    painter.fillRect(strip, kTitleFill);
     // Covers a pixel of the right border.
-    fill(QRectF(fw, title - 1, w - 2 * fw + 1, 1), kTitleLine);
+    painter.fillRect(QRectF(strip.left(), strip.bottom() - line, strip.width() + line, line), kTitleLine);
     painter.restore();
 }
 

@@ -2,8 +2,7 @@
 
 #include <QColor>
 #include <QMargins>
-#include <QPoint>
-#include <QSize>
+#include <QRect>
 
 #include <memory>
 
@@ -64,8 +63,8 @@ public:
     // The pointer in coordinates of the client area, which has the frame at negative ones.
     virtual QPoint pointer() const = 0;
 
-    // Shows the frame anew.
-    virtual void repaint() = 0;
+    // Shows `part` of the title strip anew, in window coordinates; all of the frame when that is empty.
+    virtual void repaint(const QRect &part) = 0;
     // Paints the frame where it is part of the widget.
     virtual void paintInside(QPainter &painter, const QPaintEvent *event) = 0;
 };

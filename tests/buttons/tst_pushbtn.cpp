@@ -11,6 +11,8 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include <climits>
+
 namespace {
 
 const QColor kNormal(255, 255, 255);
@@ -55,13 +57,32 @@ class TestPushBtn : public QObject
     Q_OBJECT
 
 private slots:
+    void recordDefaults()
+    {
+        const char *table[][4] = {{"#ffffff", "#edf7f8", "#e2f2f3", "#ffffff"},
+                                  {"#3c434b", "#bce0e2", "#87c8cc", "#bbbbbb"},
+                                  {"#666666", "#666666", "#666666", "#bbbbbb"},
+                                  {"#ffffff", "#edf7f8", "#e2f2f3", "#ffffff"},
+                                  {"#228fc2", "#228fc2", "#228fc2", "#a0a0a0"}};
+        const CBtnObj record;
+        QColor (CBtnObj::*const getters[])(int)
+            const = {&CBtnObj::bgColor, &CBtnObj::frmColor, &CBtnObj::textColor, &CBtnObj::focusColor,
+                     &CBtnObj::triangleColor};
+        for (int row = 0; row < 5; ++row) {
+            for (int state = 0; state < 4; ++state)
+                QCOMPARE((record.*getters[row])(state), QColor(QLatin1String(table[row][state])));
+        }
+        QCOMPARE(record.frmWidth(), 1);
+        QCOMPARE(record.roundRadius(0), 0);
+        QCOMPARE(record.roundRadius(1), 0);
+        QVERIFY(!record.IsFocus());
+    }
+
     void record()
     {
         CBtnObj record;
         QCOMPARE(record.state(), 0);
         QVERIFY(!record.checkedBgColor().isValid() && !record.checkedFrmColor().isValid());
-        for (int i = 0; i < 4; ++i)
-            QCOMPARE(record.focusColor(i), record.bgColor(i));
         record.setState(2);
         for (const int bad : {4, -1, 1000})
             record.setState(bad);
@@ -161,6 +182,15 @@ private slots:
 
         send(button, QEvent::Leave);
         QCOMPARE(button.state(), 0);
+        button.setState(2);
+        QFocusEvent away(QEvent::FocusOut);
+        QCoreApplication::sendEvent(&button, &away);
+        QCOMPARE(button.state(), 0);
+        QVERIFY(!button.IsFocus());
+        button.setState(3); // a record that says disabled takes no press
+        QTest::mousePress(&button, Qt::LeftButton);
+        QCOMPARE(button.state(), 3);
+        button.setState(0);
         order.clear();
         QTest::mouseClick(&button, Qt::RightButton);
         QTest::mouseClick(&button, Qt::MiddleButton);
@@ -227,6 +257,108 @@ private slots:
         QCOMPARE(two.count(), 1);
     }
 
+    // Waits and dialogs that run inside clicked() are the rule in an application.
+    void clicksInsideClicks()
+    {
+        CBPPushBtn button(QStringLiteral("OK"), 6, CBPPushBtn::ALIGN_CENTER, false, false);
+        show(button);
+        int depth = 0;
+        int clicked = 0;
+        connect(&button, &QPushButton::clicked, this, [&] {
+            ++clicked;
+            if (depth++ == 0) {
+                QTest::mouseClick(&button, Qt::LeftButton);
+                QTest::keyClick(&button, Qt::Key_Space);
+                button.click();
+            }
+        });
+        QSignalSpy reported(&button, &CBPPushBtn::sigBtnClicked);
+        QTest::keyClick(&button, Qt::Key_Space);
+        QCOMPARE(clicked, 4);
+        QCOMPARE(reported.count(), 4);
+        depth = 0;
+        QTest::mouseClick(&button, Qt::LeftButton);
+        QCOMPARE(reported.count(), 8);
+        QTest::keyClick(&button, Qt::Key_Space);
+        QCOMPARE(reported.count(), 9);
+    }
+
+    void disabledByItsOwnClick()
+    {
+        CBPPushBtn button(QStringLiteral("OK"), nullptr, false, false);
+        show(button);
+        connect(&button, &QPushButton::clicked, this, [&] { button.setEnabled(false); });
+        QTest::keyClick(&button, Qt::Key_Space);
+        QCOMPARE(button.state(), 3);
+    }
+
+    void texts()
+    {
+        const QVector<QColor> colors{QColor(200, 0, 0), QColor(0, 160, 0), QColor(0, 0, 200),
+                                     QColor(160, 0, 160)};
+        CBPPushBtn button(QStringLiteral("MMM"), nullptr, false, false);
+        button.resize(160, 28);
+        button.setBgColor(QVector<QColor>(4, Qt::white));
+        button.setTextColor(colors);
+        QFont font(QApplication::font());
+        font.setPixelSize(22);
+        font.setBold(true);
+        button.SetFont(font);
+        for (int state = 0; state < 4; ++state) {
+            button.setState(state);
+            const QRect ink =
+                boxOf(button.grab().toImage().convertToFormat(QImage::Format_RGB32), colors[state]);
+            QVERIFY2(ink.height() >= 12, qPrintable(QString::number(state)));
+            QVERIFY(qAbs(ink.center().x() - 80) <= 2);
+        }
+        font.setPixelSize(11);
+        button.SetFont(font);
+        button.setState(0);
+        const QRect smaller = boxOf(button.grab().toImage().convertToFormat(QImage::Format_RGB32), colors[0]);
+        QVERIFY(smaller.height() < 12);
+    }
+
+    void iconFollowsTheState()
+    {
+        const QColor colors[] = {Qt::red, Qt::green, Qt::blue, Qt::magenta};
+        const QIcon::Mode modes[] = {QIcon::Normal, QIcon::Active, QIcon::Selected, QIcon::Disabled};
+        QIcon icon;
+        for (int i = 0; i < 4; ++i) {
+            QPixmap pixmap(12, 12);
+            pixmap.fill(colors[i]);
+            icon.addPixmap(pixmap, modes[i]);
+        }
+        CBPPushBtn button(QString(), nullptr, false, false);
+        button.resize(100, 28);
+        button.setIconSize(QSize(12, 12));
+        button.setIcon(icon);
+        for (int i = 0; i < 4; ++i) {
+            button.setEnabled(i != 3);
+            button.setState(i);
+            QCOMPARE(pixel(button, 50, 14), colors[i]);
+        }
+    }
+
+    // Numbers that no widget has end in a button, not in an overflow.
+    void extremeNumbers()
+    {
+        for (const int number : {INT_MAX, INT_MIN}) {
+            CBPPushBtn button(QStringLiteral("x"), nullptr, true, true);
+            button.setIconSize(QSize(12, 12));
+            button.setIcon(plainIcon(QSize(12, 12), Qt::red));
+            button.setSpacing(number);
+            button.SetIconVoffSet(number);
+            button.SetMininzerWidth(number);
+            button.setHasMenu(true);
+            button.setMaximumWidth(100);
+            button.resize(100, 28);
+            button.setRoundRadius({number, number});
+            QVERIFY(!button.grab().isNull());
+            button.setRemoveMargin(QMargins(number, number, number, number));
+            QVERIFY(!button.grab().isNull());
+        }
+    }
+
     void disabled()
     {
         CBPPushBtn button(QStringLiteral("OK"), nullptr, false, false);
@@ -281,6 +413,18 @@ private slots:
         button->setRemoveMargin(QMargins());
         button->setRoundRadius({8, 8});
         QCOMPARE(pixel(ground, 0, 0), QColor(255, 0, 255));
+        button->setFrmTrancent(true); // a round body keeps its frame
+        QCOMPARE(pixel(ground, 60, 0), QColor(0x3c, 0x43, 0x4b));
+        button->setCheckable(true);
+        button->setChecked(true);
+        button->setCheckedBgColor(QColor(200, 0, 0));
+        QCOMPARE(pixel(ground, 0, 0), QColor(200, 0, 0)); // and the checked look has square corners
+        button->setChecked(false);
+        button->setFrmTrancent(false);
+        button->setRoundRadius({20, 2});
+        QCOMPARE(pixel(ground, 0, 13),
+                 QColor(0x3c, 0x43, 0x4b)); // flat corners: straight from the second pixel on
+        QCOMPARE(pixel(ground, 0, 5), QColor(0x3c, 0x43, 0x4b));
         button->setRoundRadius({});
         QCOMPARE(pixel(ground, 0, 0), QColor(0x3c, 0x43, 0x4b));
     }
@@ -318,6 +462,8 @@ private slots:
         CBPPushBtn button(QStringLiteral("OK"), nullptr, false, false);
         button.resize(100, 28);
         const QVector<QColor> colors(count, QColor(1, 2, 3));
+        for (int i = 0; i < (used ? 0 : 5); ++i)
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("colours for 4 states")));
         button.setBgColor(colors);
         button.setFrmColor(colors);
         button.setTextColor(colors);
@@ -386,8 +532,13 @@ private slots:
         button.AppendMenuItem(QStringLiteral("none.png"), QStringLiteral("Two"), 12);
         QVERIFY(button.GetMenu());
         QCOMPARE(button.minimumWidth(), 95);
-        const QColor arrow(127, 134, 143);
-        QVERIFY(!boxOf(button.grab().toImage().convertToFormat(QImage::Format_RGB32), arrow).isEmpty());
+        QCOMPARE(button.GetMenu()->actions().first()->text(), QStringLiteral("One"));
+        // The triangle stands where it does for a button without a text: half of the spacing right of the
+        // middle.
+        const QImage image = button.grab().toImage().convertToFormat(QImage::Format_RGB32);
+        const QRect arrow = boxOf(image, QColor(127, 134, 143));
+        const int left = (95 - 10) / 2 + 10;
+        QVERIFY(QRect(left, 12, 8, 4).contains(arrow) && arrow.width() >= 4 && arrow.height() >= 2);
 
         QPoint where;
         whileMenuIsOpen(button, [&](CBPMenu *menu) {
@@ -418,6 +569,11 @@ private slots:
             QCOMPARE(opened, 1);
         }
         QVERIFY(clicked.isEmpty() && reported.isEmpty());
+        int opened = 0;
+        whileMenuIsOpen(button, [&](CBPMenu *) { ++opened; });
+        button.click(); // as a dialog presses its default button
+        QCOMPARE(opened, 1);
+        QVERIFY(reported.isEmpty());
         QCOMPARE(chosen.count(), 1);
     }
 

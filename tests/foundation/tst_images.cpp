@@ -126,6 +126,31 @@ private slots:
         QCOMPARE(middle(loadPixmap(path("a.png"), 2.0)), QColor(Qt::blue));
     }
 
+    void keptWhileUnchanged()
+    {
+        const QString file = path("a.png");
+        const auto save = [&](const QColor &color, int hoursAgo) {
+            savePng(file, 10, color); // of one size whatever the colour
+            QFile out(file);
+            QVERIFY(out.open(QIODevice::ReadWrite));
+            QVERIFY(out.setFileTime(QDateTime::currentDateTime().addSecs(-3600 * hoursAgo),
+                                    QFileDevice::FileModificationTime));
+        };
+        save(Qt::red, 2);
+        const QPixmap first = loadPixmap(file, 1.0);
+        QCOMPARE(loadPixmap(file, 1.0).cacheKey(), first.cacheKey());
+        save(Qt::blue, 1);
+        QCOMPARE(middle(loadPixmap(file, 1.0)), QColor(Qt::blue));
+    }
+
+    void brokenHighDensityFile()
+    {
+        savePng(path("a.png"), 10, Qt::red);
+        write(path("a@2x.png"), "nothing");
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("cannot be read")));
+        QCOMPARE(middle(loadPixmap(path("a.png"), 2.0)), QColor(Qt::red));
+    }
+
     void badFiles_data()
     {
         QTest::addColumn<QString>("name");
@@ -136,16 +161,21 @@ private slots:
         QImage image(64, 64, QImage::Format_RGB32);
         image.fill(Qt::red);
         image.save(&buffer, "PNG");
-        QByteArray huge = png;
-        // The size a PNG announces: 100,000 x 100,000 pixels, with a right checksum.
-        huge.replace(16, 8, QByteArray::fromHex("000186a0000186a0"));
+        // A bitmap announces its size without a checksum: 20,000 x 20,000 pixels.
+        QByteArray huge;
+        QBuffer bitmap(&huge);
+        image.save(&bitmap, "BMP");
+        huge.replace(18, 8, QByteArray::fromHex("204e0000204e0000"));
         QTest::newRow("empty png") << "a.png" << QByteArray() << "cannot be read";
         QTest::newRow("truncated png") << "a.png" << png.left(40) << "cannot be read";
         QTest::newRow("text png") << "a.png" << QByteArray("hello") << "cannot be read";
-        QTest::newRow("huge png") << "a.png" << huge << "(too large|cannot be read)";
+        QTest::newRow("huge png") << "a.png" << huge << "too large";
         QTest::newRow("empty svg") << "a.svg" << QByteArray() << "cannot be read";
         QTest::newRow("broken svg") << "a.svg" << QByteArray("<svg><rect") << "cannot be read";
         QTest::newRow("huge svg") << "a.svg" << drawing("#f00", 100000) << "too large";
+        QTest::newRow("enormous svg") << "a.svg" << drawing("#f00", 1500000000) << "too large";
+        QTest::newRow("svg without a size")
+            << "a.svg" << QByteArray("<svg xmlns='http://www.w3.org/2000/svg'/>") << "has no size";
         QTest::newRow("missing") << "none.png" << QByteArray() << "is missing";
     }
 
@@ -238,6 +268,40 @@ private slots:
         QCOMPARE(image.pixelColor(left, top) == body.frame, radius == 0);
     }
 
+    // Bodies that differ in one thing only are different pictures.
+    void bodiesAreToldApart()
+    {
+        lumqt::Body body;
+        body.fill = QColor(200, 220, 240);
+        body.frame = QColor(10, 20, 30);
+        body.radiusX = body.radiusY = 12;
+        const auto paint = [](const lumqt::Body &look, qreal ratio) {
+            QImage image(80, 60, QImage::Format_ARGB32_Premultiplied);
+            image.setDevicePixelRatio(ratio);
+            image.fill(Qt::white);
+            QPainter painter(&image);
+            lumqt::drawBody(painter, QRect(QPoint(0, 0), image.size() / ratio), look);
+            return image.convertToFormat(QImage::Format_RGB32);
+        };
+        QVector<QImage> seen{paint(body, 1.0), paint(body, 2.0)};
+        const auto add = [&](void (*change)(lumqt::Body &)) {
+            lumqt::Body other = body;
+            change(other);
+            seen.append(paint(other, 1.0));
+        };
+        add([](lumqt::Body &look) { look.radiusX = 6; });
+        add([](lumqt::Body &look) { look.radiusY = 6; });
+        add([](lumqt::Body &look) { look.frameWidth = 2; });
+        add([](lumqt::Body &look) { look.frame = Qt::red; });
+        add([](lumqt::Body &look) { look.fill = Qt::red; });
+        add([](lumqt::Body &look) { look.frame = QColor(); });
+        for (int i = 0; i < seen.size(); ++i) {
+            seen[i].setDevicePixelRatio(1.0);
+            for (int j = 0; j < i; ++j)
+                QVERIFY2(seen[i] != seen[j], qPrintable(QStringLiteral("%1 and %2").arg(i).arg(j)));
+        }
+    }
+
     void oddBodies()
     {
         QImage image = canvas(40, 40);
@@ -285,6 +349,11 @@ private slots:
             last = ours;
         }
         QVERIFY(!inkBox(last).isEmpty());
+
+        QFont larger = font;
+        larger.setPixelSize(30);
+        const QSize small = cached.lineSize(QStringLiteral("Restart"), font);
+        QVERIFY(cached.lineSize(QStringLiteral("Restart"), larger).height() > small.height());
     }
 
 private:

@@ -321,10 +321,15 @@ private Q_SLOTS:
         click(w, on(w, MaximizeButton));
         QTRY_VERIFY(w.isMaxState());
         QTRY_VERIFY(shows(w, MaximizeButton, "maximize_restore_normal"));
-        // All of the strip and of the client area lies on the screen.
-        const QRect client = w.screen()->availableGeometry().adjusted(0, 38, 0, 0);
-        QTRY_COMPARE(w.mapToGlobal(w.contentsRect().topLeft()), client.topLeft());
-        QTRY_COMPARE(w.contentsRect().size(), client.size());
+        // All of the strip and of the client area lies on the screen, and nearly fills it: some window
+        // managers move a maximised window whose border hangs over.
+        const QRect screen = w.screen()->availableGeometry();
+        const auto fills = [&w, &screen] {
+            const QRect client(w.mapToGlobal(w.contentsRect().topLeft()), w.contentsRect().size());
+            return screen.contains(client.adjusted(0, -38, 0, 0)) &&
+                   client.width() >= screen.width() - 2 * w.frameWidth();
+        };
+        QTRY_VERIFY(fills());
         click(w, on(w, MaximizeButton));
         QTRY_VERIFY(!w.isMaxState());
         QTRY_COMPARE(w.size(), QSize(600, 300));

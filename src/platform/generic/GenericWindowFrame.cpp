@@ -45,7 +45,10 @@ public:
     bool isMaximized() const override { return m_window->isMaximized(); }
     QSize clientSize() const override { return m_window->contentsRect().size(); }
     QPoint pointer() const override { return m_position - m_window->contentsRect().topLeft(); }
-    void repaint() override { m_window->update(titleStrip()); }
+    void repaint(const QRect &part) override
+    {
+        m_window->update(part.isEmpty() ? m_window->rect() : part.translated(outer().topLeft()));
+    }
     void paintInside(QPainter &painter, const QPaintEvent *event) override;
 
 private:
@@ -57,6 +60,8 @@ private:
         Resize,
     };
 
+    // The window with its border, in coordinates of the widget.
+    QRect outer() const { return m_window->contentsRect().marginsAdded(m_client->margins()); }
     QRect titleStrip() const { return QRect(0, 0, m_window->width(), m_window->contentsRect().top()); }
     bool isOverFrame() const
     {
@@ -255,16 +260,12 @@ void GenericWindowFrame::drag(const QPoint &global)
 
 void GenericWindowFrame::paintInside(QPainter &painter, const QPaintEvent *event)
 {
-    const QRect client = m_window->contentsRect();
-    const QRegion strips = QRegion(m_window->rect()) - client;
+    const QRegion strips = QRegion(m_window->rect()) - m_window->contentsRect();
     if (m_window->isFullScreen() || !strips.intersects(event->region()))
         return;
-    const QMargins margins = m_client->margins();
-    const QRect outer = client.marginsAdded(margins);
     painter.save();
-    painter.setClipRegion(strips);
-    painter.translate(outer.topLeft());
-    m_client->paintFrame(painter, outer.size(), kOutside, event->region().intersects(titleStrip()));
+    painter.translate(outer().topLeft());
+    m_client->paintFrame(painter, outer().size(), kOutside, event->region().intersects(titleStrip()));
     painter.restore();
 }
 

@@ -11,6 +11,7 @@
 #include <windows.h>
 
 #include <shellapi.h>
+#include <windowsx.h>
 
 QT_BEGIN_NAMESPACE
 Q_GUI_EXPORT HBITMAP qt_pixmapToWinHBITMAP(const QPixmap &pixmap, int format = 0);
@@ -53,6 +54,15 @@ QRect clientRect(HWND hwnd)
     return toQRect(rect);
 }
 
+void makeKeyTransparent(HWND hwnd)
+{
+    const LONG_PTR style = GetWindowLongPtrW(hwnd, GWL_EXSTYLE);
+    if (!(style & WS_EX_LAYERED))
+        SetWindowLongPtrW(hwnd, GWL_EXSTYLE, style | WS_EX_LAYERED);
+    SetLayeredWindowAttributes(hwnd, RGB(kTransparent.red(), kTransparent.green(), kTransparent.blue()), 0,
+                               LWA_COLORKEY);
+}
+
 // Margins that leave a self-hiding task bar of the monitor room to be called.
 QMargins taskBarGap(const RECT &monitor)
 {
@@ -79,7 +89,7 @@ public:
     bool isMaximized() const override { return IsZoomed(handle()) != FALSE; }
     QSize clientSize() const override;
     QPoint pointer() const override;
-    void repaint() override;
+    void repaint(const QRect &part) override;
     void paintInside(QPainter &, const QPaintEvent *) override {}
 
 private:
@@ -88,13 +98,14 @@ private:
     qreal ratio() const { return m_window->devicePixelRatioF(); }
     QMargins margins() const { return (QMarginsF(m_client->margins()) * ratio()).toMargins(); }
     void applyStyle();
+    bool isBelowCaption(const MSG *hitTest) const;
     void copyStrip(HDC target, const QRect &strip, const QRect &frame, bool withTitle);
 
     QWidget *const m_window;
     WindowFrameClient *const m_client;
     HWND m_native = nullptr;     // whose first message has come
-    QRect m_asked;               // its client area as Qt made it, on the screen
-    bool m_clientPlaced = false; // and as the widget's geometry was set, rather than moved with its frame
+    QRect m_asked;               // the widget's geometry then
+    bool m_clientPlaced = false; // which is that of the client area, not of the frame
 };
 
 bool WindowsWindowFrame::event(QEvent *event)
@@ -127,13 +138,10 @@ void WindowsWindowFrame::applyStyle()
         return;
     // Qt made the window with the margins of its own style. The client area gets the size back that was asked
     // for, and its place if that was asked for: a geometry that is saved and restored does not drift.
-    const QRect client = clientRect(hwnd);
-    QRect target =
-        m_asked.marginsAdded(QMargins(client.left() - frame.left(), client.top() - frame.top(),
-                                      frame.right() - client.right(), frame.bottom() - client.bottom()));
-    if (!m_clientPlaced)
-        target.moveTopLeft(frame.topLeft());
-    SetWindowPos(hwnd, nullptr, target.x(), target.y(), target.width(), target.height(), kQuietly);
+    if (m_clientPlaced)
+        m_window->setGeometry(m_asked);
+    else if (m_window->testAttribute(Qt::WA_Resized))
+        m_window->resize(m_asked.size());
 }
 
 bool WindowsWindowFrame::nativeEvent(void *message, long *result)
@@ -142,10 +150,9 @@ bool WindowsWindowFrame::nativeEvent(void *message, long *result)
     if (msg->hwnd != m_native) {
         // The first message comes before the client area shrinks and before the widget is told of it.
         m_native = msg->hwnd;
-        m_asked = clientRect(m_native);
-        const QPointF place = m_window->geometry().topLeft();
-        m_clientPlaced =
-            m_window->testAttribute(Qt::WA_Moved) && m_asked.topLeft() == (place * ratio()).toPoint();
+        m_asked = m_window->geometry();
+        m_clientPlaced = m_window->testAttribute(Qt::WA_Moved) &&
+                         clientRect(m_native).topLeft() == (QPointF(m_asked.topLeft()) * ratio()).toPoint();
     }
     const auto answer = [result](long value) {
         if (result)
@@ -168,11 +175,22 @@ bool WindowsWindowFrame::nativeEvent(void *message, long *result)
         return m_client->pointer(PointerAction::Release) && answer(1);
     case WM_NCPAINT:
     case WM_NCACTIVATE:
-        repaint();
+        repaint(QRect());
         return answer(1);
+    case WM_NCHITTEST:
+        // Hit testing is the system's, but a default that knows a caption of its own height only finds
+        // nothing in the lower part of the strip: no button there would answer.
+        return isBelowCaption(msg) && answer(HTCAPTION);
     default:
         return false;
     }
+}
+
+bool WindowsWindowFrame::isBelowCaption(const MSG *hitTest) const
+{
+    const QPoint at(GET_X_LPARAM(hitTest->lParam), GET_Y_LPARAM(hitTest->lParam));
+    return windowRect(hitTest->hwnd).contains(at) && at.y() < clientRect(hitTest->hwnd).top() &&
+           DefWindowProcW(hitTest->hwnd, WM_NCHITTEST, hitTest->wParam, hitTest->lParam) == HTNOWHERE;
 }
 
 void WindowsWindowFrame::shrinkToClient(NCCALCSIZE_PARAMS *params)
@@ -214,16 +232,12 @@ QPoint WindowsWindowFrame::pointer() const
 // Only the strips along the edges are painted and converted, as nothing else is shown: the cost follows the
 // length of the border, not the area of the window. The strips at the sides begin below the title's, which
 // covers the whole width.
-void WindowsWindowFrame::repaint()
+void WindowsWindowFrame::repaint(const QRect &part)
 {
     const HWND hwnd = handle();
     if (!hwnd)
         return;
-    const LONG_PTR style = GetWindowLongPtrW(hwnd, GWL_EXSTYLE);
-    if (!(style & WS_EX_LAYERED))
-        SetWindowLongPtrW(hwnd, GWL_EXSTYLE, style | WS_EX_LAYERED);
-    SetLayeredWindowAttributes(hwnd, RGB(kTransparent.red(), kTransparent.green(), kTransparent.blue()), 0,
-                               LWA_COLORKEY);
+    makeKeyTransparent(hwnd);
     const HDC target = GetWindowDC(hwnd);
     if (!target)
         return;
@@ -231,13 +245,19 @@ void WindowsWindowFrame::repaint()
     const QSize size = window.size();
     const QRect client = clientRect(hwnd).translated(-window.topLeft());
     const QRect frame = client.marginsAdded(margins());
-    const int below = size.height() - client.top();
-    copyStrip(target, QRect(0, 0, size.width(), client.top()), frame, true);
-    copyStrip(target, QRect(0, client.top(), client.left(), below), frame, false);
-    copyStrip(target, QRect(0, client.bottom() + 1, size.width(), size.height() - client.bottom() - 1), frame,
-              false);
-    copyStrip(target, QRect(client.right() + 1, client.top(), size.width() - client.right() - 1, below),
-              frame, false);
+    const QRect title(0, 0, size.width(), client.top());
+    if (!part.isEmpty()) {
+        const QRectF scaled(QPointF(part.topLeft()) * ratio(), QSizeF(part.size()) * ratio());
+        copyStrip(target, scaled.toAlignedRect().translated(frame.topLeft()) & title, frame, true);
+    } else {
+        const int right = client.right() + 1;
+        const int bottom = client.bottom() + 1;
+        const int below = size.height() - client.top();
+        copyStrip(target, title, frame, true);
+        copyStrip(target, QRect(0, client.top(), client.left(), below), frame, false);
+        copyStrip(target, QRect(0, bottom, size.width(), size.height() - bottom), frame, false);
+        copyStrip(target, QRect(right, client.top(), size.width() - right, below), frame, false);
+    }
     ReleaseDC(hwnd, target);
 }
 
