@@ -176,7 +176,7 @@ private slots:
         QVERIFY(!Util::readIni(QStringLiteral("g"), QStringLiteral("k"), value, folder.path()));
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("cannot be written")));
         Util::writeIni(QStringLiteral("g"), QStringLiteral("k"), 1, folder.path());
-        QByteArray garbage;
+        QByteArray garbage("[g]\nno line of an ini file\n");
         for (int i = 0; i < 20000; ++i)
             garbage.append(char(i * 7919 >> 3));
         const QString file = folder.filePath(QStringLiteral("garbage.ini"));
