@@ -59,7 +59,6 @@ if [ -f "$target/screenshots.txt" ]; then
     name=${name##*/}
     rm -f "$target/${name##*\\}"
   done < <(tr -d '\r' <"$target/screenshots.txt")
-' <"$target/screenshots.txt")
 fi
 # A page is as tall as it needs, and on Windows it is photographed from the screen.
 LUMQT_SCREEN=2560x6400 QT_SCALE_FACTOR=$scale "$here/with-display.sh" "${run[@]}" "$program" --screenshots "$folder"
