@@ -46,4 +46,6 @@ private:
 };
 
 void benchPushButtons(Bench &bench);
+void benchImageButtons(Bench &bench);
 void benchFrame(Bench &bench);
+void benchDialogs(Bench &bench);

@@ -27,6 +27,8 @@ int main(int argc, char *argv[])
     if (parser.isSet(rounds))
         bench.rounds = qMax(5, parser.value(rounds).toInt());
     benchPushButtons(bench);
+    benchImageButtons(bench);
     benchFrame(bench);
+    benchDialogs(bench);
     return bench.report(parser.value(json)) ? 0 : 1;
 }

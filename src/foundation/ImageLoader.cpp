@@ -1,6 +1,7 @@
 #include "foundation/ImageLoader.h"
 
 #include "foundation/Log.h"
+#include "platform/Platform.h"
 
 #include <QCache>
 #include <QCoreApplication>
@@ -23,45 +24,49 @@ const char kHighDensityMark[] = "@2x";
 // this may have changed once more at the same time.
 constexpr qint64 kSettlingMs = 50;
 
-// What tells one content of a file from the next.
-struct FileStamp
+// A file's stamp, and what it is worth.
+struct FileLook
 {
-    qint64 modified = -1; // milliseconds since 1970; -1: no such file
-    qint64 size = -1;     // bytes
-    bool settled = true;  // looked at long enough after the change
+    platform::FileStamp stamp;
+    bool settled = true; // looked at long enough after the change
 
-    bool exists() const { return modified != -1; }
-    // Whether a content read at this stamp is still the file's, which now has the stamp `now`.
-    bool holdsFor(const FileStamp &now) const
-    {
-        return settled && modified == now.modified && size == now.size;
-    }
+    // Whether a content read at this look is still the file's, which now has the stamp `now`.
+    bool holdsFor(const platform::FileStamp &now) const { return settled && stamp == now; }
 };
+
+} // namespace
 
 struct Picture
 {
     QPixmap pixmap;
     QString highDensityFile; // empty where none can apply
-    FileStamp stamp;
-    FileStamp highDensityStamp;
+    FileLook look;
+    FileLook highDensityLook;
+    quint32 pass = 0; // of the last look
+
+    bool settled() const { return look.settled && highDensityLook.settled; }
 };
+
+namespace {
 
 struct Drawing
 {
     QSharedPointer<QSvgRenderer> renderer;
-    FileStamp stamp;
+    FileLook look;
 };
 
 using PictureKey = QPair<QString, int>; // path, ratio in thousandths
 
 void forgetAll();
 
-QCache<PictureKey, Picture> &pictures()
+using PicturePointer = std::shared_ptr<Picture>; // painters keep what the cache may drop
+
+QCache<PictureKey, PicturePointer> &pictures()
 {
-    static QCache<PictureKey, Picture> *cache = [] {
+    static QCache<PictureKey, PicturePointer> *cache = [] {
         // Pixmaps must be gone before the application is.
         qAddPostRoutine(forgetAll);
-        return new QCache<PictureKey, Picture>(kCacheKiB);
+        return new QCache<PictureKey, PicturePointer>(kCacheKiB);
     }();
     return *cache;
 }
@@ -78,16 +83,33 @@ void forgetAll()
     drawings().clear();
 }
 
-FileStamp stampOf(const QString &file)
+// Names that only Qt can look up: resources (":/name") and search paths ("icons:name"), but no drive letter.
+bool isQtName(const QString &file)
 {
-    FileStamp stamp;
-    const QFileInfo info(file);
-    if (info.isFile()) {
-        stamp.modified = qMax<qint64>(0, info.lastModified().toMSecsSinceEpoch());
-        stamp.size = info.size();
-        stamp.settled = qAbs(QDateTime::currentMSecsSinceEpoch() - stamp.modified) > kSettlingMs;
+    const int colon = file.indexOf(QLatin1Char(':'));
+    return colon == 0 || colon > 1;
+}
+
+platform::FileStamp stampOf(const QString &file)
+{
+    platform::FileStamp stamp = platform::fileStamp(file);
+    if (!stamp.exists() && isQtName(file)) {
+        const QFileInfo info(file);
+        if (info.isFile()) {
+            stamp.modified = info.lastModified().toMSecsSinceEpoch();
+            stamp.size = info.size();
+        }
     }
     return stamp;
+}
+
+FileLook lookAt(const QString &file)
+{
+    FileLook look;
+    look.stamp = stampOf(file);
+    look.settled =
+        !look.stamp.exists() || qAbs(QDateTime::currentMSecsSinceEpoch() - look.stamp.modified) > kSettlingMs;
+    return look;
 }
 
 bool isDrawing(const QString &file)
@@ -104,20 +126,20 @@ bool isReasonable(const QSize &size, const QString &file)
     return false;
 }
 
-QSharedPointer<QSvgRenderer> parsedDrawing(const QString &file, const FileStamp &stamp)
+QSharedPointer<QSvgRenderer> parsedDrawing(const QString &file, const FileLook &look)
 {
     if (const Drawing *known = drawings().object(file)) {
-        if (known->stamp.holdsFor(stamp))
+        if (known->look.holdsFor(look.stamp))
             return known->renderer;
     }
     auto renderer = QSharedPointer<QSvgRenderer>::create(file);
-    drawings().insert(file, new Drawing{renderer, stamp});
+    drawings().insert(file, new Drawing{renderer, look});
     return renderer;
 }
 
-QPixmap renderDrawing(const QString &file, const FileStamp &stamp, qreal ratio)
+QPixmap renderDrawing(const QString &file, const FileLook &look, qreal ratio)
 {
-    const auto renderer = parsedDrawing(file, stamp);
+    const auto renderer = parsedDrawing(file, look);
     if (!renderer->isValid()) {
         qCWarning(lcLumQt, "The image %s cannot be read", qUtf8Printable(file));
         return QPixmap();
@@ -167,16 +189,17 @@ QPixmap fitRatio(QImage image, qreal ownRatio, qreal ratio)
     return QPixmap::fromImage(image);
 }
 
-QPixmap read(const QString &path, const Picture &stamps, qreal ratio)
+QPixmap read(const QString &path, const Picture &looks, qreal ratio)
 {
+    const bool exists = looks.look.stamp.exists();
     if (isDrawing(path))
-        return stamps.stamp.exists() ? renderDrawing(path, stamps.stamp, ratio) : QPixmap();
-    if (stamps.highDensityStamp.exists()) {
-        const QImage image = decode(stamps.highDensityFile);
+        return exists ? renderDrawing(path, looks.look, ratio) : QPixmap();
+    if (looks.highDensityLook.stamp.exists()) {
+        const QImage image = decode(looks.highDensityFile);
         if (!image.isNull())
             return fitRatio(image, 2.0, ratio);
     }
-    return stamps.stamp.exists() ? fitRatio(decode(path), 1.0, ratio) : QPixmap();
+    return exists ? fitRatio(decode(path), 1.0, ratio) : QPixmap();
 }
 
 QString highDensityName(const QString &path)
@@ -192,33 +215,64 @@ int costOf(const QPixmap &pixmap)
     return 1 + pixmap.width() * pixmap.height() / 256; // KiB at four bytes a pixel
 }
 
+PicturePointer lookAndLoad(const QString &path, qreal ratio)
+{
+    const PictureKey key(path, qRound(ratio * 1000));
+    if (const PicturePointer *known = pictures().object(key)) {
+        const Picture &old = **known;
+        if (old.look.holdsFor(stampOf(path)) &&
+            (old.highDensityFile.isEmpty() || old.highDensityLook.holdsFor(stampOf(old.highDensityFile))))
+            return *known;
+    }
+    const auto picture = std::make_shared<Picture>();
+    picture->look = lookAt(path);
+    if (ratio > 1.0 && !isDrawing(path)) {
+        picture->highDensityFile = highDensityName(path);
+        picture->highDensityLook = lookAt(picture->highDensityFile);
+    }
+    if (!picture->look.stamp.exists() && !picture->highDensityLook.stamp.exists())
+        qCWarning(lcLumQt, "The image %s is missing", qUtf8Printable(path));
+    picture->pixmap = read(path, *picture, ratio);
+    pictures().insert(key, new PicturePointer(picture), costOf(picture->pixmap));
+    return picture;
+}
+
+// The pass over a window that is under way, for a widget that last painted in `last`.
+quint32 currentPass(quint32 last)
+{
+    static quint32 pass = 0; // never 0 once there is one
+    static qint64 began = -1;
+    const qint64 now = platform::coarseClock();
+    if (last == pass || now != began) {
+        pass = pass == UINT_MAX ? 1 : pass + 1;
+        began = now;
+    }
+    return pass;
+}
+
 } // namespace
 
 QPixmap loadPixmap(const QString &path, qreal ratio)
 {
-    if (path.isEmpty())
-        return QPixmap();
-    const PictureKey key(path, qRound(ratio * 1000));
-    const Picture *known = pictures().object(key);
-    const FileStamp stamp = stampOf(path);
-    if (known && known->stamp.holdsFor(stamp) &&
-        (known->highDensityFile.isEmpty() ||
-         known->highDensityStamp.holdsFor(stampOf(known->highDensityFile))))
-        return known->pixmap;
+    return path.isEmpty() ? QPixmap() : lookAndLoad(path, ratio)->pixmap;
+}
 
-    auto *picture = new Picture;
-    picture->stamp = stamp;
-    if (ratio > 1.0 && !isDrawing(path)) {
-        picture->highDensityFile = highDensityName(path);
-        picture->highDensityStamp = stampOf(picture->highDensityFile);
-    }
-    if (!stamp.exists() && !picture->highDensityStamp.exists())
-        qCWarning(lcLumQt, "The image %s is missing", qUtf8Printable(path));
-    picture->pixmap = read(path, *picture, ratio);
-    const QPixmap result = picture->pixmap;
-    // What does not fit into the cache is deleted by the insertion.
-    pictures().insert(key, picture, costOf(result));
-    return result;
+const QPixmap &PaintedImage::pixmap(const QVector<QString> &paths, int index, qreal ratio)
+{
+    m_pass = currentPass(m_pass);
+    if (index != m_index || ratio != m_ratio || m_picture->pass != m_pass || !m_picture->settled())
+        look(paths.at(index), index, ratio);
+    return m_picture->pixmap;
+}
+
+void PaintedImage::look(const QString &path, int index, qreal ratio)
+{
+    static const auto none = std::make_shared<Picture>();
+    m_picture = path.isEmpty() ? none : lookAndLoad(path, ratio);
+    m_picture->pass = m_pass;
+    m_size = logicalSize(m_picture->pixmap);
+    m_index = index;
+    m_ratio = ratio;
 }
 
 QSize logicalSize(const QPixmap &pixmap)

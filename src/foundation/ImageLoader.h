@@ -4,6 +4,9 @@
 
 #include <QPixmap>
 #include <QString>
+#include <QVector>
+
+#include <memory>
 
 namespace lumqt {
 
@@ -19,5 +22,34 @@ LUMQT_TESTED QPixmap loadPixmap(const QString &path, qreal ratio);
 
 // Size of the pixmap in logical pixels, which are what widgets lay out with; 0 x 0 when null.
 LUMQT_TESTED QSize logicalSize(const QPixmap &pixmap);
+
+struct Picture;
+
+// The image files of a widget that may stand in a window by the hundred, for its paint event.
+//
+// A look at the file costs more than drawing the picture. Widgets that paint in one pass over their window
+// (between two ticks of the coarse clock) share it. A widget that paints again starts another pass, and one
+// that shows another of its files looks by itself, so none shows twice what it saw once.
+class LUMQT_TESTED PaintedImage
+{
+public:
+    // The file number `index` of `paths`, which is there, as loadPixmap() loads it. Good until the next call.
+    const QPixmap &pixmap(const QVector<QString> &paths, int index, qreal ratio);
+
+    // Logical size of the last picture.
+    QSize size() const { return m_size; }
+
+    // The paths are others now.
+    void forget() { m_index = -1; }
+
+private:
+    void look(const QString &path, int index, qreal ratio);
+
+    int m_index = -1;
+    quint32 m_pass = 0; // of the last paint
+    qreal m_ratio = 0.0;
+    QSize m_size;
+    std::shared_ptr<Picture> m_picture;
+};
 
 } // namespace lumqt

@@ -174,10 +174,15 @@ void drawDropTriangle(QPainter &painter, const QPointF &topLeft, int width, int 
 
 void drawDotBadge(QPainter &painter, const QPoint &topLeft)
 {
+    drawDotBadge(painter, topLeft, kDotColor);
+}
+
+void drawDotBadge(QPainter &painter, const QPoint &topLeft, const QColor &color)
+{
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(kDotColor);
+    painter.setBrush(color);
     painter.drawRoundedRect(QRect(topLeft, QSize(kDotBadgeSize, kDotBadgeSize)), kDotRadius, kDotRadius);
     painter.restore();
 }
@@ -203,7 +208,8 @@ void CachedText::measure(const QString &text, const QFont &font, qreal ratio)
 // Lays nothing out for a text that is painted once: many a window is shown and closed.
 void CachedText::drawLine(QPainter &painter, const QPoint &topLeft)
 {
-    if (!m_painted) {
+    // Under a scaling painter Qt leaves the lines of a static text out.
+    if (!m_painted || m_font.underline() || m_font.strikeOut()) {
         m_painted = true;
         painter.drawText(topLeft + QPoint(0, m_ascent), m_text);
         return;

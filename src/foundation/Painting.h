@@ -35,8 +35,9 @@ LUMQT_TESTED QRectF wholeDevicePixels(const QPainter &painter, const QRectF &rec
 LUMQT_TESTED void drawDropTriangle(QPainter &painter, const QPointF &topLeft, int width, int height,
                                    const QColor &color);
 
-// The red dot that marks an item or button: 8 x 8 pixels at `topLeft`.
+// The dot that marks an item or button, red unless told otherwise: 8 x 8 pixels at `topLeft`.
 LUMQT_TESTED void drawDotBadge(QPainter &painter, const QPoint &topLeft);
+LUMQT_TESTED void drawDotBadge(QPainter &painter, const QPoint &topLeft, const QColor &color);
 constexpr int kDotBadgeSize = 8;
 
 // A text that a widget draws again and again. It is laid out only when text, font or device pixel ratio

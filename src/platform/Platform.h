@@ -35,6 +35,23 @@ LUMQT_TESTED Answers &answers();
 // The separator that resource paths are built with.
 LUMQT_TESTED QString pathSeparator();
 
+// What tells one content of a file from the next.
+struct FileStamp
+{
+    qint64 modified = -1; // milliseconds since 1970; -1: no such file, or no regular one
+    qint64 size = -1;     // bytes
+
+    bool exists() const { return size != -1; }
+    bool operator==(const FileStamp &other) const { return modified == other.modified && size == other.size; }
+};
+
+// Asked at every paint of an image, so it is one question to the system. Paths that only Qt knows (resources,
+// search paths) do not exist here. Any thread.
+FileStamp fileStamp(const QString &path);
+
+// A time that is next to free to ask for and changes every few milliseconds. Any thread.
+qint64 coarseClock();
+
 // The system's own answers, from the platform folder.
 Answers systemAnswers();
 

@@ -1,9 +1,13 @@
 #include "platform/Platform.h"
 
+#include <QFile>
 #include <QGuiApplication>
 #include <QLibrary>
 #include <QScreen>
 #include <QSettings>
+
+#include <sys/stat.h>
+#include <time.h>
 
 namespace lumqt::platform {
 
@@ -38,6 +42,29 @@ bool xComposited()
 QString pathSeparator()
 {
     return QStringLiteral("/");
+}
+
+FileStamp fileStamp(const QString &path)
+{
+    FileStamp stamp;
+    struct stat found = {};
+    if (stat(QFile::encodeName(path).constData(), &found) == 0 && S_ISREG(found.st_mode)) {
+        stamp.modified = qint64(found.st_mtim.tv_sec) * 1000 + found.st_mtim.tv_nsec / 1000000;
+        stamp.size = found.st_size;
+    }
+    return stamp;
+}
+
+qint64 coarseClock()
+{
+#if defined(CLOCK_MONOTONIC_COARSE)
+    constexpr clockid_t clock = CLOCK_MONOTONIC_COARSE;
+#else
+    constexpr clockid_t clock = CLOCK_MONOTONIC;
+#endif
+    timespec now = {};
+    clock_gettime(clock, &now);
+    return qint64(now.tv_sec) * 1000 + now.tv_nsec / 1000000;
 }
 
 Answers systemAnswers()

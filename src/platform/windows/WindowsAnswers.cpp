@@ -1,6 +1,8 @@
 #include "platform/Platform.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QSettings>
@@ -29,6 +31,26 @@ int metric(int index, const QWidget *widget)
     return qRound(GetSystemMetrics(index) / ratioOf(widget));
 }
 
+constexpr int kLongestPlainPath = 240; // characters; longer ones need a prefix that Qt knows to set
+constexpr qint64 kFileTimeOf1970 = 116444736000000000; // in steps of 100 ns since 1601
+constexpr qint64 kFileTimeSteps = 10000;               // in a millisecond
+
+qint64 joined(DWORD high, DWORD low)
+{
+    return qint64((quint64(high) << 32) | low);
+}
+
+FileStamp longWay(const QString &path)
+{
+    FileStamp stamp;
+    const QFileInfo info(path);
+    if (info.isFile()) {
+        stamp.modified = info.lastModified().toMSecsSinceEpoch();
+        stamp.size = info.size();
+    }
+    return stamp;
+}
+
 QRect primaryWorkArea()
 {
     RECT area = {0, 0, 0, 0};
@@ -45,6 +67,29 @@ QRect primaryWorkArea()
 QString pathSeparator()
 {
     return QCoreApplication::translate("QObject", "\\");
+}
+
+FileStamp fileStamp(const QString &path)
+{
+    FileStamp stamp;
+    WIN32_FILE_ATTRIBUTE_DATA found = {};
+    if (path.size() > kLongestPlainPath)
+        return longWay(path);
+    if (!GetFileAttributesExW(reinterpret_cast<const wchar_t *>(path.utf16()), GetFileExInfoStandard, &found))
+        return stamp;
+    if (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT)
+        return longWay(path); // time and size asked for are those of what the link leads to
+    if (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)
+        return stamp;
+    const qint64 time = joined(found.ftLastWriteTime.dwHighDateTime, found.ftLastWriteTime.dwLowDateTime);
+    stamp.modified = (time - kFileTimeOf1970) / kFileTimeSteps;
+    stamp.size = joined(found.nFileSizeHigh, found.nFileSizeLow);
+    return stamp;
+}
+
+qint64 coarseClock()
+{
+    return qint64(GetTickCount64());
 }
 
 Answers systemAnswers()

@@ -1,0 +1,211 @@
+#include "EventLog.h"
+#include "Page.h"
+#include "PageRegistry.h"
+#include "Pose.h"
+#include "Theme.h"
+
+#include "CBPImageButton.h"
+
+#include <QLinearGradient>
+
+namespace {
+
+constexpr int kHeight = 40;
+const QVector<QColor> kGrounds{QColor(237, 247, 248), QColor(226, 242, 243), QColor(205, 231, 233),
+                               QColor(242, 244, 246)};
+const QVector<QColor> kFrames{QColor(190, 224, 226), QColor(75, 174, 178), QColor(61, 151, 155),
+                              QColor(221, 226, 231)};
+const QVector<QColor> kTexts{QColor(34, 42, 62), QColor(34, 42, 62), QColor(34, 42, 62),
+                             QColor(150, 158, 168)};
+
+// "list_%1.png": one file for each of the four states.
+QVector<QString> images(const char *pattern)
+{
+    QVector<QString> files;
+    for (const char *state : {"normal", "hover", "press", "disable"})
+        files << theme::picturePath(QString(pattern).arg(state));
+    return files;
+}
+
+// An icon alone, in a square of its own.
+CBPImageButton *icon(const char *pattern, int id = 0)
+{
+    auto *button = new CBPImageButton(images(pattern), false, id);
+    const QSize image = button->GetSize();
+    button->SetBorder((kHeight - image.width()) / 2, false);
+    button->setFixedSize(kHeight, kHeight);
+    return button;
+}
+
+CBPImageButton *labelled(const QString &text, bool round = false)
+{
+    auto *button = new CBPImageButton(images("list_%1.png"), round, 0);
+    button->SetText(text, theme::font(theme::Normal, 14), kTexts, true, 8, 8);
+    button->setFixedSize(button->GetSize().width() + 8, kHeight);
+    return button;
+}
+
+CBPImageButton *filled(const QString &text, bool round = false)
+{
+    CBPImageButton *button = labelled(text, round);
+    button->SetBkgColors(kGrounds);
+    return button;
+}
+
+using Maker = CBPImageButton *(*)();
+
+CBPImageButton *selected(CBPImageButton *button)
+{
+    button->SetSelect(true);
+    return button;
+}
+
+SampleRow statesOf(const QString &caption, Maker make)
+{
+    return {caption,
+            {pose::in(pose::Normal, make()), pose::in(pose::Hovered, make()), pose::in(pose::Pressed, make()),
+             pose::in(pose::Focused, make()), pose::in(pose::Disabled, make()),
+             pose::in(pose::Normal, selected(make()))}};
+}
+
+CBPImageButton *rounded()
+{
+    CBPImageButton *button = filled("List");
+    button->SetBorderRadius(4);
+    return button;
+}
+
+CBPImageButton *framed()
+{
+    CBPImageButton *button = rounded();
+    button->SetBorderColor(kFrames);
+    return button;
+}
+
+void addStates(Page *page)
+{
+    Section *section = page->addSection(
+        "States",
+        "An image file per state, and a colour per state for text, ground and frame. The ring shows "
+        "for people at the keyboard; a click brings the focus without it.");
+    section->addTable({"Normal", "Hovered", "Pressed", "Focused", "Disabled", "Selected"},
+                      {statesOf("Image alone", [] { return icon("list_%1.png"); }),
+                       statesOf("With a text", [] { return labelled("List"); }),
+                       statesOf("On a ground", [] { return filled("List"); }),
+                       statesOf("Corner radius 4", rounded), statesOf("And a frame", framed),
+                       statesOf("Round", [] { return filled("List", true); })});
+}
+
+CBPImageButton *live(EventLog *log, CBPImageButton *button, const QString &tip)
+{
+    button->SetTipsTxt(tip);
+    QObject::connect(button, &CBPImageButton::btn_released, log,
+                     [log](int id) { log->add(QString("btn_released(%1)").arg(id)); });
+    QObject::connect(button, &QAbstractButton::clicked, log, [log] { log->add("clicked(), by keyboard"); });
+    return button;
+}
+
+void addLiveSamples(Page *page)
+{
+    Section *section = page->addSection(
+        "Try it", "Rest the mouse on a button for its tip. A click reports btn_released() and its id, and no "
+                  "clicked(); Space on the focused button reports both.");
+    auto *log = new EventLog("No signal yet: press a button.", 4);
+    CBPImageButton *off = live(log, icon("close_%1.png", 4), "Never shown");
+    off->setEnabled(false);
+    section->addSamples({{"Id 1", live(log, icon("list_%1.png", 1), "Show as a list")},
+                         {"Id 2", live(log, icon("minimize_%1.png", 2), "Minimize")},
+                         {"Id 3", live(log, icon("maximize_%1.png", 3), "<b>Maximize</b>, in rich text")},
+                         {"Disabled, id 4", off}});
+    section->addWide(log);
+}
+
+CBPImageButton *below(int spacing)
+{
+    auto *button = new CBPImageButton(images("list_%1.png"), false, 0);
+    button->SetBorder(0, false);
+    button->SetText("List", theme::font(theme::Normal, 14), kTexts, false, spacing, 0);
+    // The image stays centred in the whole height: lifted by half of what the text takes.
+    button->SetIconVoffset(-(button->GetSize().height() - 28) / 2);
+    return button;
+}
+
+void addTexts(Page *page)
+{
+    Section *section = page->addSection(
+        "Image and text", "The button is as large as image and text, with the border at both sides. Spacing "
+                          "lies between the two, the margin before the image.");
+    const auto font = theme::font(theme::Normal, 14);
+    const auto sample = [&](int spacing, int margin, int border) {
+        auto *button = new CBPImageButton(images("list_%1.png"), false, 0);
+        button->SetBkgColors(kGrounds);
+        button->SetBorder(border, false);
+        button->SetText("List", font, kTexts, true, spacing, margin);
+        return button;
+    };
+    CBPImageButton *tall = sample(8, 0, 8);
+    tall->SetHight(kHeight);
+    CBPImageButton *lowered = sample(8, 0, 8);
+    lowered->SetHight(kHeight);
+    lowered->SetIconVoffset(4);
+    section->addColumns(208, {{"Beside, as made", sample(0, 0, 5)},
+                              {"Spacing 8", sample(8, 0, 5)},
+                              {"Margin 16", sample(8, 16, 5)},
+                              {"Border 16", sample(8, 0, 16)},
+                              {"Text height 40", tall},
+                              {"Image 4 pixels lower", lowered},
+                              {"Below, image lifted", below(4)},
+                              {"Below, spacing 12", below(12)}});
+}
+
+void addExtras(Page *page)
+{
+    Section *section =
+        page->addSection("Grounds and marks", "Brushes go before colours. The dot marks what is new.");
+    QLinearGradient gradient(0, 0, 0, kHeight);
+    gradient.setColorAt(0, QColor(248, 252, 252));
+    gradient.setColorAt(1, QColor(205, 231, 233));
+    CBPImageButton *brushed = labelled("Gradient");
+    brushed->SetBkgBrush(QVector<QBrush>(4, QBrush(gradient)));
+    brushed->SetBorderRadius(4);
+    brushed->SetBorderColor(kFrames);
+    CBPImageButton *capsule = filled("Capsule", true);
+    capsule->SetBorderColor(kFrames);
+    CBPImageButton *red = icon("list_%1.png");
+    red->SetSpecialIcon(true, QColor(224, 72, 72));
+    CBPImageButton *green = rounded();
+    green->SetSpecialIcon(true, theme::kAccent);
+    CBPImageButton *three = filled("Three images");
+    QVector<QString> tooFew = images("list_%1.png").mid(0, 3);
+    three->SetImgButtonRes(tooFew);
+    section->addSamples({{"Brushes and a frame", brushed},
+                         {"Round, framed", capsule},
+                         {"A red dot", red},
+                         {"A dot of your colour", green},
+                         {"Three images: ground only", three}});
+    section->addWide(onGround(theme::kInk, {pose::in(pose::Normal, icon("Common/ico_more_%1.svg")),
+                                            pose::in(pose::Hovered, icon("Common/ico_more_%1.svg")),
+                                            pose::in(pose::Pressed, icon("Common/ico_more_%1.svg")),
+                                            pose::in(pose::Focused, icon("Common/ico_more_%1.svg")),
+                                            pose::in(pose::Disabled, icon("Common/ico_more_%1.svg")),
+                                            pose::in(pose::Normal, icon("Common/back_%1.png"))}));
+}
+
+Page *makePage()
+{
+    auto *page = new Page("Image button", "CBPImageButton: an image for each state, with a text, a ground, a "
+                                          "frame, a dot and a tip if wanted.");
+    addLiveSamples(page);
+    addStates(page);
+    addTexts(page);
+    addExtras(page);
+    return page;
+}
+
+void registerThis()
+{
+    registerPage({"image-button", "Image button", PageGroup::Buttons, makePage});
+}
+Q_CONSTRUCTOR_FUNCTION(registerThis)
+
+} // namespace

@@ -1,0 +1,169 @@
+#include "EventLog.h"
+#include "Page.h"
+#include "PageRegistry.h"
+#include "Pose.h"
+#include "Theme.h"
+
+#include "CBPCheckBox.h"
+#include "CBPLinkerButton.h"
+
+namespace {
+
+const char kText[] = "Learn more";
+const char kLongText[] = "What happens to my files when I cancel?";
+
+CBPLinkerButton *link(ENLinkerType type, const QString &text = QLatin1String(kText))
+{
+    return new CBPLinkerButton(text, type);
+}
+
+CBPLinkerButton *live(EventLog *log, const QString &text, ENLinkerType type, int id)
+{
+    auto *result = new CBPLinkerButton(text, type, id);
+    QObject::connect(result, &CBPLinkerButton::sigLinkerClick, log,
+                     [log](int clicked) { log->add(QString("sigLinkerClick(%1)").arg(clicked)); });
+    return result;
+}
+
+CBPCheckBox *checkBox(const QString &text, Qt::CheckState state = Qt::Unchecked)
+{
+    auto *result = new CBPCheckBox(text, nullptr);
+    result->setFont(theme::font(theme::Normal, 14));
+    result->setTristate(state == Qt::PartiallyChecked);
+    result->setCheckState(state);
+    return result;
+}
+
+void addLiveSamples(Page *page)
+{
+    Section *section =
+        page->addSection("Try it", "Mouse, Tab, Space and Enter work here. Every signal appears below.");
+    auto *log = new EventLog("No signal yet: click a link.", 3);
+    CBPLinkerButton *disabled = live(log, "Disabled", ENLinkerTypeAlways, 4);
+    disabled->setEnabled(false);
+    CBPCheckBox *box = checkBox("Remember me");
+    QObject::connect(box, &QCheckBox::toggled, log,
+                     [log](bool on) { log->add(QString("toggled(%1)").arg(on ? "true" : "false")); });
+    section->addSamples({{"Type 0, id 1", live(log, "Always underlined", ENLinkerTypeAlways, 1)},
+                         {"Type 1, id 2", live(log, "Underlined under the mouse", ENLinkerTypeHover, 2)},
+                         {"Type 2, id 3", live(log, "Never underlined", ENLinkerTypeNever, 3)},
+                         {"Id 4", disabled},
+                         {"Check box", box}});
+    section->addWide(log);
+}
+
+SampleRow statesOf(const QString &caption, ENLinkerType type, bool selected = false,
+                   const QVector<QColor> &colors = {})
+{
+    SampleRow row{caption, {}};
+    for (const pose::State state :
+         {pose::Normal, pose::Hovered, pose::Pressed, pose::Focused, pose::Disabled}) {
+        CBPLinkerButton *sample = link(type);
+        sample->SetSelected(selected);
+        if (!colors.isEmpty())
+            sample->SetTextColor(colors);
+        row.widgets << pose::in(state, sample);
+    }
+    return row;
+}
+
+void addStates(Page *page)
+{
+    page->addSection(
+            "States",
+            "The keyboard focus shows the colour of a hovered link and a ring, but never underlines.")
+        ->addTable({"Normal", "Hovered", "Pressed", "Focused", "Disabled"},
+                   {statesOf("Always", ENLinkerTypeAlways), statesOf("Under the mouse", ENLinkerTypeHover),
+                    statesOf("Never", ENLinkerTypeNever), statesOf("Selected", ENLinkerTypeHover, true),
+                    statesOf("Own colours", ENLinkerTypeHover, false,
+                             {QColor(0, 122, 126), QColor(75, 174, 178), QColor(34, 42, 62),
+                              QColor(180, 190, 200)})});
+}
+
+CBPLinkerButton *sized(int px)
+{
+    CBPLinkerButton *result = link(ENLinkerTypeAlways);
+    result->SetFontPixel(px);
+    return result;
+}
+
+CBPLinkerButton *narrow(int width)
+{
+    CBPLinkerButton *result = link(ENLinkerTypeAlways, QLatin1String(kLongText));
+    result->setFixedWidth(width);
+    return result;
+}
+
+void addTexts(Page *page)
+{
+    Section *section =
+        page->addSection("Text", "Plain, on one line. A text that is cut off is the link's tool tip.");
+    section->addSamples(
+        {{"12 pixels", sized(12)}, {"14, the default", sized(14)}, {"20", sized(20)}, {"28", sized(28)}});
+    section->addSamples({{"Whole", link(ENLinkerTypeAlways, QLatin1String(kLongText))},
+                         {"160 wide", narrow(160)},
+                         {"64 wide", narrow(64)},
+                         {"No markup", link(ENLinkerTypeAlways, "R&D <b>plain</b>")}});
+}
+
+// What an application does with the class name.
+const char kCheckSheet[] =
+    "CBPCheckBox { spacing: 8px; color: #444e5c; }"
+    "CBPCheckBox:disabled { color: #bdbdbd; }"
+    "CBPCheckBox::indicator { width: 16px; height: 16px; border: 1px solid #a9b4c2;"
+    " border-radius: 3px; background: white; }"
+    "CBPCheckBox::indicator:hover { border-color: #4baeb2; }"
+    "CBPCheckBox::indicator:checked { background: #4baeb2; border-color: #3d979b;"
+    " image: url(%1); }"
+    "CBPCheckBox::indicator:indeterminate { background: #cfe6e7; border-color: #4baeb2; }"
+    "CBPCheckBox::indicator:disabled { background: #eef1f4; border-color: #d5dbe2; }";
+
+CBPCheckBox *styled(Qt::CheckState state)
+{
+    CBPCheckBox *result = checkBox("Remember me", state);
+    result->setStyleSheet(QString::fromLatin1(kCheckSheet).arg(":/gallery/tick.svg"));
+    return result;
+}
+
+CBPCheckBox *unstyled(Qt::CheckState state)
+{
+    return checkBox("Remember me", state);
+}
+
+SampleRow checkRow(const QString &caption, CBPCheckBox *(*make)(Qt::CheckState), pose::State state)
+{
+    return {caption,
+            {pose::in(state, make(Qt::Unchecked)), pose::in(state, make(Qt::Checked)),
+             pose::in(state, make(Qt::PartiallyChecked))}};
+}
+
+void addCheckBoxes(Page *page)
+{
+    page->addSection(
+            "Check box",
+            "CBPCheckBox is a QCheckBox that the style sheet of an application can address by its class.")
+        ->addTable({"Off", "On", "Partly"}, {checkRow("Without a sheet", unstyled, pose::Normal),
+                                             checkRow("Disabled", unstyled, pose::Disabled),
+                                             checkRow("By style sheet", styled, pose::Normal),
+                                             checkRow("Disabled", styled, pose::Disabled)});
+}
+
+Page *makePage()
+{
+    auto *page = new Page("Link and check box",
+                          "CBPLinkerButton: a text that is clicked like a hyperlink and reports a number. "
+                          "CBPCheckBox: the library's check box.");
+    addLiveSamples(page);
+    addStates(page);
+    addTexts(page);
+    addCheckBoxes(page);
+    return page;
+}
+
+void registerThis()
+{
+    registerPage({"link", "Link and check box", PageGroup::Buttons, makePage});
+}
+Q_CONSTRUCTOR_FUNCTION(registerThis)
+
+} // namespace

@@ -1,0 +1,147 @@
+#include "Page.h"
+#include "PageRegistry.h"
+#include "Theme.h"
+
+#include "CBPPushBtn.h"
+#include "CBPTipWnd.h"
+#include "CTextTips.h"
+
+#include <QLabel>
+#include <QScopedPointer>
+
+namespace {
+
+constexpr int kColumnWidth = 208;
+constexpr int kTextWidth = 144;
+
+QLabel *words(const QString &text, int width = kTextWidth)
+{
+    QLabel *label = theme::label(text, theme::Normal, 14, theme::kText, true);
+    label->setFixedWidth(width);
+    return label;
+}
+
+// The picture of a tip as it stands on the screen, below what it explains if it has an arrow. It takes the
+// tip.
+QWidget *portrait(QWidget *tip)
+{
+    const QScopedPointer<QWidget> owner(tip);
+    tip->adjustSize();
+    auto *label = new QLabel;
+    label->setPixmap(tip->grab());
+    return label;
+}
+
+QWidget *bubble(ENOrientation orientation, const QString &text, int radius = 3)
+{
+    auto *tip = new CBPTipWnd(orientation, nullptr);
+    tip->SetRoundRadius(radius, radius);
+    tip->AppendWidget(words(text));
+    return portrait(tip);
+}
+
+QWidget *darkTip(const QString &text, int width, const QColor &ground = QColor())
+{
+    auto *tip = new CTextTips(width, nullptr);
+    tip->SetBkgColor(ground);
+    tip->SetShowText(text);
+    return portrait(tip);
+}
+
+CBPPushBtn *anchor(const QString &text)
+{
+    auto *button = new CBPPushBtn(text, nullptr);
+    button->setFixedWidth(168);
+    return button;
+}
+
+// Comes with the mouse, or with a click, and stays under its button while the page is scrolled.
+CBPPushBtn *live(const QString &text, ENOrientation orientation, bool follow)
+{
+    CBPPushBtn *button = anchor(text);
+    auto *tip = new CBPTipWnd(orientation, button);
+    tip->AppendWidget(words("This explains the button above. Escape closes it."));
+    tip->ShowClickBindWidget(follow);
+    if (!follow) {
+        QObject::connect(button, &CBPPushBtn::sigBtnClicked, tip, [tip] {
+            tip->show();
+            tip->activateWindow();
+        });
+    }
+    return button;
+}
+
+void addLiveSamples(Page *page)
+{
+    Section *section =
+        page->addSection("Try it", "Three that follow the mouse, and one that a click opens and that goes on "
+                                   "Escape or a click elsewhere. Scroll while it shows: it stays in place.");
+    section->addColumns(kColumnWidth,
+                        {{"Arrow at the left", live("Rest here", ENOrientationLeft, true)},
+                         {"Arrow in the middle", live("Rest here", ENOrientationCenter, true)},
+                         {"Arrow at the right", live("Rest here", ENOrientationRight, true)},
+                         {"On a click, no arrow", live("Click here", ENOrientationNone, false)}});
+}
+
+void addBubbles(Page *page)
+{
+    Section *section = page->addSection(
+        "Orientations",
+        "The arrow stands 45 pixels from the left or right, or in the middle. Without one the "
+        "bubble starts one pixel left of its widget.");
+    const QString text = "A bubble explains the widget it points at.";
+    section->addColumns(kColumnWidth, {{"Left", bubble(ENOrientationLeft, text)},
+                                       {"Center", bubble(ENOrientationCenter, text)},
+                                       {"Right", bubble(ENOrientationRight, text)},
+                                       {"None", bubble(ENOrientationNone, text)}});
+}
+
+void addContents(Page *page)
+{
+    Section *section =
+        page->addSection("Corners and contents", "Any corner radius, and any widgets, one below the other.");
+    auto *mixed = new CBPTipWnd(ENOrientationLeft, nullptr);
+    mixed->AppendWidget(theme::label("Sign in", theme::Semibold, 14, theme::kInk));
+    mixed->AppendWidget(words("Your settings come with you."));
+    auto *button = new CBPPushBtn("Continue", nullptr);
+    button->setFixedWidth(kTextWidth);
+    mixed->AppendWidget(button);
+    section->addColumns(kColumnWidth,
+                        {{"Radius 0", bubble(ENOrientationCenter, "Square corners.", 0)},
+                         {"Radius 12", bubble(ENOrientationCenter, "Softer corners.", 12)},
+                         {"Radius 12, no arrow", bubble(ENOrientationNone, "Softer corners.", 12)},
+                         {"Several widgets", portrait(mixed)}});
+}
+
+void addTexts(Page *page)
+{
+    Section *section = page->addSection(
+        "Text tips",
+        "CTextTips: a dark box with a text, as image buttons show it. It is as wide as its text, "
+        "or wraps at a fixed width.");
+    section->addColumns(kColumnWidth,
+                        {{"One line", darkTip("Minimize", 0)},
+                         {"160 wide", darkTip("A longer text wraps at its words where a width is set.", 160)},
+                         {"Rich text", darkTip("<b>Ctrl+N</b> opens a new one", 0)},
+                         {"Own background", darkTip("Dark on light", 0, QColor(255, 243, 205))}});
+}
+
+Page *makePage()
+{
+    auto *page =
+        new Page("Tips", "CBPTipWnd, a bubble right under another widget, and CTextTips, a plain box "
+                         "with a text.");
+    addLiveSamples(page);
+    addBubbles(page);
+    addContents(page);
+    addTexts(page);
+    return page;
+}
+
+void registerThis()
+{
+    registerPage({"tips", "Tips", PageGroup::Windows, makePage});
+}
+Q_CONSTRUCTOR_FUNCTION(registerThis)
+
+} // namespace

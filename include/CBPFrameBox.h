@@ -1,0 +1,49 @@
+#pragma once
+
+#include "LumQtGlobal.h"
+
+#include <QWidget>
+
+class QHBoxLayout;
+class QVBoxLayout;
+
+/// Three areas on top of each other: a title row, a column of content, and a row at the bottom.
+///
+/// Bands of light grey are painted behind the rows, and a grey line along the left and the top edge. The
+/// bottom band reaches from the title band to where the bottom row begins; only in a box lower than both
+/// bands together does it lie behind the bottom row. The band heights are the painting's: they do not size
+/// the rows. Sizes are logical pixels. GUI thread only. \since 1.0
+class LUMQT_EXPORT CBPFrameBox : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// An empty box. It has no parent, whatever \a parent says: place it in a layout, or delete it.
+    /// \since 1.0
+    CBPFrameBox(int iTitleHeight, int iBottomHeight, QWidget *parent = nullptr);
+    ~CBPFrameBox() override;
+
+    /// Adds a widget at the right end of the title row and \a iSpacing pixels of space behind it. A null
+    /// widget is left out. \since 1.0
+    void AddTitleWidget(QWidget *pWidget, int iSpacing = 0);
+
+    /// The same at the bottom end of the content.
+    /// \since 1.0
+    void AddContentWidget(QWidget *pWidget, int iSpacing = 0);
+
+    /// The same at the right end of the bottom row.
+    /// \since 1.0
+    void AddBottomWidget(QWidget *pWidget, int iSpacing = 0);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    void Init();
+
+    QHBoxLayout *m_pTitleLayout = nullptr;
+    QVBoxLayout *m_pContentLayout = nullptr;
+    QHBoxLayout *m_pBottomLayout = nullptr;
+    int m_iTitleHeight;
+    int m_iBottomHeight;
+};

@@ -1,0 +1,104 @@
+#pragma once
+
+#include "ENLinkerType.h"
+#include "LumQtGlobal.h"
+
+#include <QColor>
+#include <QFont>
+#include <QLabel>
+#include <QVector>
+
+#include <memory>
+
+namespace lumqt {
+class CachedText;
+}
+
+/// A text link: a label that looks like a hyperlink and reports clicks with the number it was bound to.
+///
+/// The text is plain: no markup, and an "&" is an ampersand. On one line, at the left; what does not fit is
+/// cut off, and the whole text is the tool tip then (a tool tip of the caller's own does not last). The Tab
+/// key reaches the link; Space and Enter click it. Screen readers find a link named by its text. GUI thread
+/// only. \since 1.0
+class LUMQT_EXPORT CBPLinkerButton : public QLabel
+{
+    Q_OBJECT
+
+public:
+    /// A link with \a text, underlined as \a type says (of another number, as it was), that reports \a
+    /// bindId. \since 1.0
+    explicit CBPLinkerButton(const QString &text, ENLinkerType type = ENLinkerTypeHover, int bindId = 0,
+                             QWidget *parent = nullptr);
+    ~CBPLinkerButton() override;
+
+    /// Sets the font size in pixels, 14 at first; less than 1 is left out with a warning.
+    ///
+    /// The text keeps the library's family, while the label's own style sheet is replaced by one that names
+    /// the size only. \since 1.0
+    void SetFontPixel(int px);
+
+    /// Sets the text colour of all states, disabled too.
+    /// \since 1.0
+    void SetTextColor(QColor &c);
+
+    /// Sets the text colours: normal, hovered or focused, pressed or selected, disabled. A state that the
+    /// list has no valid colour for takes the built-in one. \since 1.0
+    void SetTextColor(const QVector<QColor> &colors);
+
+    /// Shows the pressed colour until further notice, or no longer.
+    /// \since 1.0
+    void SetSelected(bool selected);
+
+    /// Whether the link was selected by SetSelected().
+    /// \since 1.0
+    bool IsSelected() const;
+
+    /// Sets when the link is underlined.
+    /// \since 1.0
+    void SetLinkerType(ENLinkerType type);
+
+    /// The number that sigLinkerClick() reports.
+    /// \since 1.0
+    int bindData() const;
+
+    /// Room for the whole text.
+    /// \since 1.0
+    QSize sizeHint() const override;
+
+Q_SIGNALS:
+    /// The left mouse button was released, or Space or Enter pressed, on the enabled link.
+    /// \since 1.0
+    void sigLinkerClick(int bindId);
+
+protected:
+    void enterEvent(QEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    void setLook(int mouseState);
+    void followMouse(bool over);
+    void clickByKey();
+    QString shownText();
+
+    int m_type;
+    int m_mouseState = 0;
+    QFont m_font;
+    QVector<QColor> m_textColors;
+    int m_bindId;
+    bool m_selected = false;
+    bool m_hoverUnderline = false; // of the type that is underlined under the mouse
+    bool m_spaceDown = false;
+    bool m_showsFocus = false;
+    QString m_elidedOf; // what m_elided was made of, with the width below
+    int m_elidedWidth = -1;
+    QString m_elided;
+    std::unique_ptr<lumqt::CachedText> m_layout;
+};

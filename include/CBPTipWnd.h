@@ -1,0 +1,73 @@
+#pragma once
+
+#include "ENOrientation.h"
+#include "LumQtGlobal.h"
+
+#include <QPointer>
+#include <QWidget>
+
+#include <memory>
+
+class CBPBox;
+class QPainter;
+class QRect;
+
+/// A white bubble right under another widget, with an arrow that points up at it.
+///
+/// Show it with show() (and activateWindow(), so that it goes when the user clicks elsewhere), or let it
+/// follow the mouse over its widget. It hides on Escape, when it stops being the active window, and together
+/// with its widget. While it shows it stays under the widget, also where that is scrolled or its window
+/// moved; a widget that is scrolled out of sight takes the bubble with it. All sizes are logical pixels. GUI
+/// thread only. \since 1.0
+class LUMQT_EXPORT CBPTipWnd : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// A tip for the widget \a bound, which becomes its parent and deletes it. Without one the tip stays
+    /// where it is put, and is the caller's. An \a orientation that is none of the enumeration counts as
+    /// ENOrientationNone. \since 1.0
+    CBPTipWnd(ENOrientation orientation, QWidget *bound);
+    ~CBPTipWnd() override;
+
+    /// Sets the corner radii in pixels; 3 at first. They are limited to half the bubble; negative ones are 0.
+    /// \since 1.0
+    void SetRoundRadius(int x, int y);
+
+    /// With true the tip follows the mouse: it shows while the pointer is over the bound widget. It does not
+    /// at first. \since 1.0
+    void ShowClickBindWidget(bool follow);
+
+    /// Adds a widget below what the tip holds already. The tip owns it, and follows the mouse from now on:
+    /// call ShowClickBindWidget(false) after this, not before, if it should not. A null widget is ignored,
+    /// and once an application has given the tip a layout of its own nothing is added. \since 1.0
+    void AppendWidget(QWidget *widget);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    bool eventFilter(QObject *object, QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    class Follower;
+
+    void Init();
+    void MoveRect(ENOrientation orientation);
+    void DrawTips(QPainter *painter, int x, int y, QRect &rect);
+    int arrowX(const QRect &rect) const;
+    void followBound(QEvent *event);
+    void updateMask();
+
+    QPointer<QWidget> m_bound;
+    ENOrientation m_orientation;
+    double m_radiusX;
+    double m_radiusY;
+    bool m_follow = false;
+    QPointer<CBPBox> m_box; // gone when an application replaces the layout
+    std::unique_ptr<Follower> m_follower;
+    bool m_masked = false;
+};

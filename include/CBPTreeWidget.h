@@ -1,0 +1,37 @@
+#pragma once
+
+#include "LumQtGlobal.h"
+
+#include <QTreeWidget>
+
+/// The library's tree: whole rows are selected, top-level items have no branch mark, a click on the selected
+/// item or the edit key (F2) edits.
+///
+/// Sorting is on. A context menu is the application's: connect customContextMenuRequested(). GUI thread only.
+/// \since 1.0
+class LUMQT_EXPORT CBPTreeWidget : public QTreeWidget
+{
+    Q_OBJECT
+
+public:
+    /// An empty tree without a parent: place it in a layout, or delete it.
+    /// \since 1.0
+    CBPTreeWidget();
+    ~CBPTreeWidget() override;
+
+    /// Remembers whether points are to be offset, false at first. The tree itself does nothing with it.
+    /// \since 1.0
+    void setPtOffsetSwitchOn(bool on);
+
+    /// Remembers whether the point is offset, false at first. The tree itself does nothing with it.
+    /// \since 1.0
+    void setOffsetPt(bool offset);
+
+protected:
+    void mousePressEvent(QMouseEvent *event) override;
+    bool event(QEvent *event) override;
+
+private:
+    bool m_ptOffsetSwitchOn = false;
+    bool m_offsetPt = false;
+};

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "LumQtGlobal.h"
+
+#include <QBrush>
+#include <QPen>
+#include <QWidget>
+
+/// A plain widget that paints its rectangle with a brush and a pen: the ground of the library's containers.
+///
+/// GUI thread only. \since 1.0
+class LUMQT_EXPORT CBPWidget : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// A widget filled in solid white, without an outline.
+    /// \since 1.0
+    explicit CBPWidget(QWidget *parent = nullptr);
+    ~CBPWidget() override;
+
+    /// Sets what the widget is filled with, and repaints. Qt::NoBrush leaves what lies below to be seen.
+    /// \since 1.0
+    void setBrush(QBrush brush);
+
+    /// Sets the pen of the outline, and repaints; no pen at first. The outline runs along rect(): of a line
+    /// one pixel wide the left and top edges are inside the widget. \since 1.0
+    void setPen(QPen pen);
+
+    /// The same as show().
+    /// \since 1.0
+    void Show();
+
+    /// The same as hide().
+    /// \since 1.0
+    void Hide();
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QBrush m_brush;
+    QPen m_pen;
+};

@@ -1,0 +1,228 @@
+#pragma once
+
+#include "LumQtGlobal.h"
+
+#include <QColor>
+#include <QDialog>
+
+#include <memory>
+
+class CBPImageButton;
+class CBPWinFrmTitle;
+class QVBoxLayout;
+
+namespace lumqt {
+class FrameBehaviour;
+}
+
+/// The library's frameless dialog: a CBPWinFrmTitle on top, a column of content below and, if a derived class
+/// wants it, a bottom area for buttons.
+///
+/// A derived class, or whoever makes one, calls Init() once; until then the operations on title bar, content
+/// and bottom area do nothing. The title buttons call virtual hooks, and so do these keys: F1 OnHelp(),
+/// Escape OnClose(). Return clicks the first visible default button, if that is enabled and has the focus.
+/// The dialog paints nothing itself and its background is see-through: derived classes paint body, shadow and
+/// bottom line.
+///
+/// A close request of the system, such as Alt+F4, calls OnClose() and then closes the dialog; a derived class
+/// refuses it in QWidget::closeEvent(). A modal dialog closes itself when its parent is hidden. Any hook may
+/// delete the dialog. All sizes are logical pixels. GUI thread only. \since 1.0
+class LUMQT_EXPORT CBPWinFrm : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// A dialog that belongs to the nearest visible one among \a parent and its ancestors, or else to
+    /// \a parent. It is \a parent, though, whose hiding closes it. \since 1.0
+    explicit CBPWinFrm(QWidget *parent = nullptr);
+    ~CBPWinFrm() override;
+
+    /// Shows \a text, or with \a isImage the image file of that path, as the title. A text is the dialog's
+    /// accessible name, too. \since 1.0
+    void SetWindowTitle(QString text, bool isImage = false);
+
+    /// Shows the image file \a path as the title bar's icon.
+    /// \since 1.0
+    void SetWindowLog(QString path);
+
+    /// Shows or hides the parts of the title bar whose bits are set in \a id; see
+    /// CBPWinFrmTitle::ShowTitleBtn(). \since 1.0
+    void ShowTitleBtn(int id, bool show);
+
+    /// Enables or disables the title buttons whose bits are set in \a id.
+    /// \since 1.0
+    void EnableTitleBtn(int id, bool enable);
+
+    /// Has the title bar look and act as that of a maximised window, or a restored one.
+    /// \since 1.0
+    void ResetMaxBtn(bool maximised);
+
+    /// Fills the title bar with \a color.
+    /// \since 1.0
+    void SetTitleBg(QColor color);
+
+    /// The title bar's button of that id, or null; see CBPWinFrmTitle::titleBtn().
+    /// \since 1.0
+    CBPImageButton *titleBtn(int id);
+
+    /// Enables or disables the title bar's back, menu, close and minimise button.
+    /// \since 1.0
+    void SetTitleBarEnabled(bool enable);
+
+    /// Rounds the upper corners of the title bar, or not.
+    /// \since 1.0
+    void EnabledTitleRoundRc(bool enable);
+
+    /// Sets the height of the title bar in pixels; 60 at first.
+    /// \since 1.0
+    void SetTitleHeight(int height);
+
+    /// Marks the menu button with a dot, or no longer.
+    /// \since 1.0
+    void SetHasNewVersion(bool hasNewVersion);
+
+    /// Shows or hides the title bar.
+    /// \since 1.0
+    void showWindowTitle(bool visible);
+
+    /// Adds \a widget below the content there is, and \a spacing pixels below it. With \a expand it takes
+    /// what room there is in both directions. The second flag is ignored. Null does nothing. The dialog
+    /// becomes the owner. \since 1.0
+    void AppendContent(QWidget *widget, bool expand, bool, unsigned int spacing);
+
+    /// Sets the margins around the content; 12, 16, 12, 12 at first.
+    /// \since 1.0
+    void SetMainBoxBorder(int left, int top, int right, int bottom);
+
+    /// Sets the margins inside the bottom area; 12, 12, 12, 16 at first.
+    /// \since 1.0
+    void SetStatusBoxBorder(int left, int top, int right, int bottom);
+
+    /// Sets the height of the bottom area in pixels; 70 at first. 0 also takes the line above it away, for
+    /// good. \since 1.0
+    void SetBottomHeight(int height);
+
+    /// Whether derived classes draw a line above the bottom area; true at first.
+    /// \since 1.0
+    void SetDrawBottomHLine(bool draw);
+
+    /// Sets the room that is left for a shadow on all four sides, in pixels; 10 at first. Takes effect at
+    /// Init() and when the dialog is restored. \since 1.0
+    void SetShadowBorder(int border);
+
+    /// Whether the program runs in a pre-installation environment, where a maximised dialog keeps 5 pixels
+    /// away from every edge; false at first. \since 1.0
+    void setIsWinPE(bool isWinPE);
+
+    /// With true neither Escape nor Alt+F4 nor reject() close the dialog; the close button does.
+    /// \since 1.0
+    void SetDisableEscAndF4Flag(bool disable);
+
+    /// Whether OnMax() has maximised the dialog. QWidget::isMaximized(), which this hides, knows nothing of
+    /// it. \since 1.0
+    bool isMaximized() const;
+
+    /// Runs the dialog modally, centred over its parent or in the work area of the primary screen, which it
+    /// does not leave. It may be destroyed meanwhile, the answer is then 0. \since 1.0
+    int exec() override;
+
+    /// Closes the dialog with the result QDialog::Rejected, unless SetDisableEscAndF4Flag() forbids it.
+    /// \since 1.0
+    void reject() override;
+
+    /// The maximise button was clicked. The base lets the dialog fill the work area of the primary screen, or
+    /// gives it back its former place and size. Both sizes are fixed ones. \since 1.0
+    virtual void OnMax();
+
+    /// The dialog is to be closed, by button, key or system. The base calls QWidget::close(), and a derived
+    /// class does so, too, or leaves the dialog open. It is called once for a closing, not again for the
+    /// close() in it. \since 1.0
+    virtual void OnClose();
+
+    /// The minimise button was clicked. The base minimises the dialog.
+    /// \since 1.0
+    virtual void OnMin();
+
+    /// The settings button was clicked.
+    /// \since 1.0
+    virtual void OnSetting();
+
+    /// F1 was pressed.
+    /// \since 1.0
+    virtual void OnHelp();
+
+    /// The back button was clicked.
+    /// \since 1.0
+    virtual void PreBtnClick();
+
+    /// The contact button was clicked.
+    /// \since 1.0
+    virtual void QQBtnClick();
+
+    /// The online-support button was clicked.
+    /// \since 1.0
+    virtual void OnlineSupportClick();
+
+    /// The limited-time-offer button was clicked.
+    /// \since 1.0
+    virtual void DiscountBtnSlot();
+
+    /// The menu button was clicked; a menu belongs at \a globalPos, below the title bar and at the left edge
+    /// of the button. \since 1.0
+    virtual void ShowMenu(const QPoint &globalPos);
+
+    /// For the application, to refresh its main window's title after a dialog has changed it. The library
+    /// does not call it. \since 1.0
+    virtual void UpdateMainWndTitle();
+
+protected:
+    /// Builds title bar, content column and, where there is one, the bottom area. Call it once.
+    /// \since 1.0
+    void Init();
+
+    /// Calls ShowMenu() with the place for the menu; does nothing without a menu button.
+    /// \since 1.0
+    void OnMenuClick();
+
+    /// Makes \a box the bottom area. To be called before Init(), with which the dialog becomes the owner.
+    /// \since 1.0
+    void setStatusBox(QWidget *box);
+
+    /// The bottom area, or null.
+    /// \since 1.0
+    QWidget *statusBox() const;
+
+    /// The title bar; null before Init().
+    /// \since 1.0
+    CBPWinFrmTitle *titleBar() const;
+
+    /// The column that AppendContent() adds to; null before Init().
+    /// \since 1.0
+    QVBoxLayout *contentBox() const;
+
+    /// The room for a shadow, for painters. A maximised dialog has none; see isMaximized().
+    /// \since 1.0
+    int shadowBorder() const;
+
+    /// The height of the bottom area, for painters.
+    /// \since 1.0
+    int bottomHeight() const;
+
+    /// Whether a line is to be painted above the bottom area.
+    /// \since 1.0
+    bool drawsBottomLine() const;
+
+    void closeEvent(QCloseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private Q_SLOTS:
+    void on_dbl_clickedSlot(bool bDelete);
+
+private:
+    static void on_btn_clicked(void *self, int id);
+    void OnTitleBtnClicked(int id);
+
+    std::unique_ptr<lumqt::FrameBehaviour> m_frame;
+};

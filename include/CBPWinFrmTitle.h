@@ -1,0 +1,168 @@
+#pragma once
+
+#include "CRoundedRectBase.h"
+
+#include <QColor>
+#include <QPoint>
+#include <QPointer>
+#include <QVector>
+
+class CBPImageButton;
+class QHBoxLayout;
+class QLabel;
+class QLinearGradient;
+
+/// The title bar of the library's framed windows: an icon, a title and a back button at the left; offer,
+/// support, menu, minimise and close buttons at the right. It is 60 pixels high and drags its window.
+///
+/// All buttons are hidden until ShowTitleBtn() shows them. They have ids of one bit each: 2 minimise, 4
+/// maximise, 8 close, 16 settings, 32 free, 64 menu, 128 back, 1024 contact, 2048 online support, 4096
+/// limited-time offer. What a click does is up to the callback of SetBtnCallbackFunc(). The bar itself makes
+/// no maximise, settings, contact or free button; see InsertWidget(). The buttons take no keyboard focus:
+/// give the window other ways to what they do. A double-click on the bar does nothing.
+///
+/// Colours come from "../res/UIConfig.ini" where it names valid ones. A title that finds no room is shown
+/// with an ellipsis. All sizes are logical pixels. GUI thread only. \since 1.0
+class LUMQT_EXPORT CBPWinFrmTitle : public CRoundedRectBase
+{
+    Q_OBJECT
+
+public:
+    /// A bar that drags \a parent. Without a parent it drags nothing.
+    /// \since 1.0
+    explicit CBPWinFrmTitle(QWidget *parent);
+
+    /// Shows \a s as the title or, with \a isImage, the image file of that path. The label appears unless
+    /// ShowTitleBtn() switched it off, and goes when there is nothing to show. Texts are plain. \since 1.0
+    void SetTitle(QString s, bool isImage);
+
+    /// Shows the image file \a path as the icon. The label appears and goes as the title does.
+    /// \since 1.0
+    void SetLog(QString &path);
+
+    /// Fills the bar with \a c. An invalid colour is ignored.
+    /// \since 1.0
+    void SetBgColor(QColor &c);
+
+    /// Fills the bar with \a gradient, which is in pixels of the bar unless its coordinate mode says else.
+    /// \since 1.0
+    void setLinerBrush(const QLinearGradient &gradient);
+
+    /// Sets the colour of the title. An invalid colour is ignored.
+    /// \since 1.0
+    void SetTitleClr(QColor color);
+
+    /// Sets the style sheet of the title's label. A title that is cut takes colour and font from it only.
+    /// \since 1.0
+    void SetTitleTextStyle(const QString &css);
+
+    /// Shows or hides the parts whose bits are set in \a ids: the buttons, where they exist, 256 the icon and
+    /// 512 the title. The offer button obeys only while there is an online-support button. Bits without a
+    /// meaning are ignored. \since 1.0
+    void ShowTitleBtn(int ids, bool show);
+
+    /// Enables or disables the buttons whose bits are set in \a ids.
+    /// \since 1.0
+    void EnableTitleBtn(int ids, bool enable);
+
+    /// Enables or disables back, menu, close and minimise button together.
+    /// \since 1.0
+    void SetTitleBtnEnable(bool enable);
+
+    /// Tells the bar whether its window is maximised: the maximise button, where there is one, shows the
+    /// image that fits, and a maximised window is not dragged. \since 1.0
+    void ResetMaxBtn(bool maximised);
+
+    /// The button of the highest bit set in \a id; null where there is none. Only the bits 2 to 128 are
+    /// looked at. The button belongs to the bar. \since 1.0
+    CBPImageButton *titleBtn(int id);
+
+    /// Puts \a widget into the row of the right-hand buttons, whose items are the buttons from the offer to
+    /// the close button with a gap of 8 pixels between each two. Another \a index than 0 to their number
+    /// appends. Null is ignored. The bar becomes the owner.
+    ///
+    /// A CBPImageButton with the id 4, 16, 32 or 1024 becomes the bar's button of that id, if it has none.
+    /// Connect its btn_released(int) to on_btn_clicekedSlot(int) to have its clicks reported. \since 1.0
+    void InsertWidget(int index, QWidget *widget, int stretch, Qt::Alignment alignment);
+
+    /// Marks the menu button with a red dot, or no longer.
+    /// \since 1.0
+    void SetHasNewVersion(bool hasNewVersion);
+
+    /// Gives menu and support button their tool tips in the language in force. The bar does so by itself for
+    /// all its buttons when the language changes. \since 1.0
+    void SetIconTips();
+
+    /// Has \a callback called with \a context and the button's id at every click; null ends it. The window
+    /// may be deleted in the callback. \a context must live as long as it is registered. \since 1.0
+    void SetBtnCallbackFunc(void (*callback)(void *, int), void *context);
+
+Q_SIGNALS:
+    /// For an application that wants the frame to close (true) or to toggle maximise (false): the frame
+    /// obeys it; the bar never sends it by itself. \since 1.0
+    void on_dbl_clickedSignal(bool bDelete);
+
+public Q_SLOTS:
+    /// Reports a click on button \a id to the callback.
+    /// \since 1.0
+    void on_btn_clicekedSlot(int id);
+
+    /// Reports a click on the back button to the callback.
+    /// \since 1.0
+    void on_back_btnSlot();
+
+protected:
+    /// Makes a hidden button of four image files as the bar's own are, its clicks reported. \a round gives it
+    /// a capsule for a background. It is a child of the bar, in no layout yet. \since 1.0
+    CBPImageButton *CreateImgButton(const QVector<QString> &images, int id, bool round);
+
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
+private:
+    // A label shows its content unless it was switched off.
+    struct Label
+    {
+        QLabel *widget = nullptr;
+        QString image;       // path, when it shows an image
+        bool allowed = true; // not switched off
+        qreal ratio = 0.0;   // of the image shown
+    };
+
+    void Init();
+    void createLabels();
+    void createButtons();
+    void createLayout();
+    void retranslate();
+    CBPImageButton *button(int id) const;
+    QPointer<CBPImageButton> *slot(int id);
+    void showImage(Label &label, const QString &path);
+    void refreshImages();
+    static void showContent(const Label &label);
+
+    QPointer<QWidget> m_parentWindow;
+    QHBoxLayout *m_rightRow = nullptr;
+    QPointer<CBPImageButton> m_offerBtn;
+    QPointer<CBPImageButton> m_minBtn;
+    QPointer<CBPImageButton> m_maxBtn;
+    QPointer<CBPImageButton> m_closeBtn;
+    QPointer<CBPImageButton> m_settingsBtn;
+    QPointer<CBPImageButton> m_freeBtn;
+    QPointer<CBPImageButton> m_menuBtn;
+    QPointer<CBPImageButton> m_backBtn;
+    QPointer<CBPImageButton> m_contactBtn;
+    QPointer<CBPImageButton> m_supportBtn;
+    Label m_icon;
+    Label m_title;
+    QColor m_bgColor;
+    QColor m_titleColor;
+    void (*m_callback)(void *, int) = nullptr;
+    void *m_callbackContext = nullptr;
+    QPoint m_dragOffset; // from the parent's position to the pointer
+    bool m_pressed = false;
+    bool m_maximised = false;
+};

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "LumQtGlobal.h"
+
+#include <QBrush>
+#include <QPen>
+#include <QWidget>
+
+class QPainterPath;
+
+/// A widget that fills itself with a brush, some of its corners rounded: the ground of the title bar.
+///
+/// What lies outside the round corners is see-through. Derived classes set m_brush and m_pen, and call
+/// QWidget::update() after. All sizes are logical pixels. GUI thread only. \since 1.0
+class LUMQT_EXPORT CRoundedRectBase : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// A widget with corners of \a radius pixels where the flags say so, black and without an outline.
+    /// A radius beyond half of the widget's width or height counts as that half. \since 1.0
+    CRoundedRectBase(unsigned int radius, QWidget *parent, bool topLeft, bool topRight, bool bottomRight,
+                     bool bottomLeft);
+
+    /// With false all corners become square, with true those that the constructor was given are round again.
+    /// \since 1.0
+    void SetRoundRectEnabled(bool enabled);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+    QBrush m_brush; ///< what the widget is filled with
+    QPen m_pen;     ///< of the outline, which lies inside the widget; none at first
+
+private:
+    QPainterPath shape(const QRectF &rect) const;
+
+    unsigned int m_radius;
+    bool m_topLeft;
+    bool m_topRight;
+    bool m_bottomRight;
+    bool m_bottomLeft;
+    bool m_rounded = true;
+};

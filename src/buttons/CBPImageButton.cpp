@@ -1,0 +1,559 @@
+#include "CBPImageButton.h"
+
+#include "CTextTips.h"
+#include "foundation/Accessible.h"
+#include "foundation/FontLookup.h"
+#include "foundation/ImageLoader.h"
+#include "foundation/Painting.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QWindow>
+
+namespace {
+
+// Look and metrics, in logical pixels.
+const QColor kTextColor(0, 0, 0);
+const QColor kSpecialIconColor(255, 0, 0);
+const QColor kFocusRingColor(75, 167, 245);
+constexpr int kBorder = 5;
+constexpr int kTextReserve = 2; // a text counts for so much more than its width
+constexpr int kFocusRingWidth = 2;
+constexpr int kFocusRingRadius = 3; // of a button with square corners
+constexpr int kFrameWidth = 1;
+const QPoint kDotOffset(-12, 4); // from the top right pixel
+const QPoint kTipsOffset(5, 5);  // from the pointer
+const char kTipsPixelSize[] = "14";
+const char kTipsColor[] = "#ffffff";
+
+enum State { Normal = 0, Hover = 1, Pressed = 2, Disabled = 3 };
+constexpr int kStates = 4;
+
+bool isActivationKey(int key)
+{
+    return key == Qt::Key_Space || key == Qt::Key_Select || key == Qt::Key_Enter || key == Qt::Key_Return;
+}
+
+int clampedSize(qint64 size)
+{
+    return int(qBound<qint64>(0, size, QWIDGETSIZE_MAX));
+}
+
+} // namespace
+
+CBPImageButton::CBPImageButton(const QVector<QString> &images, bool round, int id, QWidget *parent)
+    : QPushButton(parent),
+      m_images(images),
+      m_textColors(kStates, kTextColor),
+      m_round(round),
+      m_id(id),
+      m_border(kBorder),
+      m_specialIconColor(kSpecialIconColor),
+      m_image(std::make_unique<lumqt::PaintedImage>())
+{
+    lumqt::installAccessible("CBPImageButton", makeAccessible);
+    m_font.setFamily(GetFontFamily(lumqt::NormalWeight));
+    setAttribute(Qt::WA_TranslucentBackground);
+    // In a dialog Return belongs to the button that says so.
+    setAutoDefault(false);
+    // Keys, dialogs and assistive tools press a button through click(), which no event handler sees.
+    connect(this, &QAbstractButton::clicked, this, &CBPImageButton::reportActivation);
+    if (m_images.size() == kStates) {
+        m_size = imageSize(Normal);
+        setFixedSize(m_size);
+    }
+}
+
+CBPImageButton::~CBPImageButton()
+{
+    delete m_tips;
+}
+
+void CBPImageButton::SetImgButtonRes(QVector<QString> &images)
+{
+    m_images = images;
+    m_image->forget();
+    update();
+}
+
+QSize CBPImageButton::GetSize() const
+{
+    return m_size;
+}
+
+int CBPImageButton::GetID() const
+{
+    return m_id;
+}
+
+void CBPImageButton::SetText(const QString &text, const QFont &font)
+{
+    m_text = text;
+    m_font = font;
+    textChanged();
+}
+
+void CBPImageButton::SetText(const QString &text, bool besideImage, int spacing)
+{
+    m_text = text;
+    m_besideImage = besideImage;
+    m_spacing = spacing;
+    textChanged();
+}
+
+void CBPImageButton::SetText(const QString &text, const QFont &font, QVector<QColor> colors, bool besideImage,
+                             int spacing, int leftMargin)
+{
+    m_text = text;
+    m_font = font;
+    m_textColors = colors;
+    m_besideImage = besideImage;
+    m_spacing = spacing;
+    m_leftMargin = leftMargin;
+    textChanged();
+}
+
+void CBPImageButton::SetBorder(int border, bool resize)
+{
+    m_border = border;
+    if (resize)
+        ReSetSize();
+    update();
+}
+
+void CBPImageButton::SetBorderRadius(int radius)
+{
+    m_borderRadius = radius;
+}
+
+void CBPImageButton::SetBkgColors(const QVector<QColor> &colors)
+{
+    if (colors.size() == kStates)
+        m_bkgColors = colors;
+}
+
+void CBPImageButton::SetBkgBrush(const QVector<QBrush> &brushes)
+{
+    if (brushes.size() == kStates)
+        m_bkgBrushes = brushes;
+}
+
+void CBPImageButton::SetBorderColor(const QVector<QColor> &colors)
+{
+    m_borderColors = colors;
+}
+
+void CBPImageButton::SetSelect(bool selected)
+{
+    m_selected = selected;
+    m_index = selected ? Pressed : Normal;
+    // A selected button hears no release.
+    setDown(false);
+    update();
+}
+
+void CBPImageButton::SetBtnShow(bool show)
+{
+    m_shown = show;
+}
+
+void CBPImageButton::SetHight(int height)
+{
+    m_textHeight = height;
+    ReSetSize();
+}
+
+void CBPImageButton::SetIconVoffset(int offset)
+{
+    m_iconVoffset = offset;
+}
+
+void CBPImageButton::SetSpecialIcon(bool show, const QColor &color)
+{
+    m_specialIconShown = show;
+    m_specialIconColor = color;
+}
+
+void CBPImageButton::SetTipsTxt(const QString &text)
+{
+    m_tipsText = text;
+    nameChanged();
+    if (!m_tips)
+        return;
+    if (text.isEmpty())
+        m_tips->hide();
+    else
+        m_tips->SetShowText(tipsMarkup());
+}
+
+// ----------------------------------------------------------------------------------------------------------
+// sizes
+
+QSize CBPImageButton::imageSize(int index) const
+{
+    return lumqt::logicalSize(lumqt::loadPixmap(m_images.value(index), devicePixelRatioF()));
+}
+
+void CBPImageButton::textChanged()
+{
+    ReSetSize();
+    update();
+    nameChanged();
+}
+
+void CBPImageButton::ReSetSize()
+{
+    // With fewer than four images the text is not drawn either, so it takes no room.
+    if (m_text.isEmpty() || m_images.size() < kStates)
+        return;
+    const QSize image = imageSize(m_index);
+    const QFontMetrics metrics(m_font);
+    const qint64 textWidth = metrics.horizontalAdvance(m_text) + kTextReserve;
+    const qint64 textHeight = m_textHeight != 0 ? m_textHeight : metrics.height();
+    qint64 width = qMax<qint64>(textWidth, image.width());
+    qint64 height = image.height() + textHeight + m_spacing;
+    if (m_besideImage) {
+        width = image.width() + textWidth + m_spacing + m_leftMargin + 2 * qint64(m_border);
+        if (m_round)
+            width += textHeight;
+        height = qMax<qint64>(textHeight, image.height());
+    }
+    // A capsule gets the image's height, too, beside the text's: its two ends are meant to stay free.
+    if (m_round && m_textHeight == 0)
+        width += image.height();
+    m_size = QSize(clampedSize(width), clampedSize(height));
+    setFixedSize(m_size);
+}
+
+// ----------------------------------------------------------------------------------------------------------
+// mouse
+
+void CBPImageButton::enterEvent(QEvent *event)
+{
+    if (m_selected)
+        return;
+    showTips();
+    m_index = Hover;
+    update();
+    QPushButton::enterEvent(event);
+}
+
+void CBPImageButton::leaveEvent(QEvent *event)
+{
+    hideTips();
+    if (m_selected)
+        return;
+    m_index = Normal;
+    update();
+    QPushButton::leaveEvent(event);
+}
+
+void CBPImageButton::mousePressEvent(QMouseEvent *event)
+{
+    if (m_selected)
+        return;
+    hideTips();
+    m_index = Pressed;
+    // At once: what is connected to pressed() may take its time.
+    repaint();
+    QPushButton::mousePressEvent(event);
+}
+
+void CBPImageButton::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (m_selected)
+        return;
+    if (event->button() != Qt::LeftButton || !rect().contains(event->pos())) {
+        QPushButton::mouseReleaseEvent(event);
+        return;
+    }
+    // The base class never sees this release, so clicked() is not emitted. The look stays pressed until the
+    // mouse leaves, but for the base the button is up again: later it would take Space or a disabling for its
+    // end.
+    setDown(false);
+    emit btn_released(m_id); // the button may be gone after
+}
+
+// ----------------------------------------------------------------------------------------------------------
+// keyboard
+
+void CBPImageButton::reportActivation()
+{
+    if (!m_selected)
+        emit btn_released(m_id);
+}
+
+void CBPImageButton::keyPressEvent(QKeyEvent *event)
+{
+    if (m_selected && isActivationKey(event->key())) {
+        event->ignore();
+        return;
+    }
+    if (isActivationKey(event->key()) && !m_keyboardFocus && hasFocus()) {
+        m_keyboardFocus = true;
+        update();
+    }
+    const QPointer<CBPImageButton> alive(this);
+    const bool wasDown = isDown();
+    QPushButton::keyPressEvent(event);
+    if (alive)
+        followKey(wasDown);
+}
+
+void CBPImageButton::keyReleaseEvent(QKeyEvent *event)
+{
+    const QPointer<CBPImageButton> alive(this);
+    const bool wasDown = isDown();
+    QPushButton::keyReleaseEvent(event);
+    if (alive)
+        followKey(wasDown);
+}
+
+// The look follows the button going down and up by a key.
+void CBPImageButton::followKey(bool wasDown)
+{
+    if (isDown() == wasDown || m_selected)
+        return;
+    m_downByKey = isDown();
+    hideTips();
+    m_index = isDown() ? Pressed : underMouse() ? Hover : Normal;
+    update();
+}
+
+// Focus changes are nothing to the button, and the base class does not hear of them: no default button moves
+// in a dialog and no released() is emitted because a window took the focus away. What a person at the
+// keyboard needs to see and to be kept from is done in event().
+void CBPImageButton::focusInEvent(QFocusEvent *) {}
+
+void CBPImageButton::focusOutEvent(QFocusEvent *) {}
+
+bool CBPImageButton::event(QEvent *event)
+{
+    if (event->type() == QEvent::FocusIn)
+        focusGained(static_cast<QFocusEvent *>(event)->reason());
+    else if (event->type() == QEvent::FocusOut)
+        focusLost();
+    return QPushButton::event(event);
+}
+
+void CBPImageButton::focusGained(Qt::FocusReason reason)
+{
+    switch (reason) {
+    case Qt::TabFocusReason:
+    case Qt::BacktabFocusReason:
+    case Qt::ShortcutFocusReason:
+        m_keyboardFocus = true;
+        break;
+    case Qt::MouseFocusReason:
+        m_keyboardFocus = false;
+        break;
+    default: // the window became active, or a program moved the focus
+        m_keyboardFocus = window()->testAttribute(Qt::WA_KeyboardFocusChange);
+        break;
+    }
+    if (m_keyboardFocus)
+        update();
+}
+
+void CBPImageButton::focusLost()
+{
+    if (m_downByKey) {
+        // The release of the key will go elsewhere.
+        m_downByKey = false;
+        setDown(false);
+        if (!m_selected)
+            m_index = underMouse() ? Hover : Normal;
+        update();
+    }
+    if (m_keyboardFocus)
+        update();
+    m_keyboardFocus = false;
+}
+
+// ----------------------------------------------------------------------------------------------------------
+// tips
+
+QString CBPImageButton::tipsMarkup() const
+{
+    // All at once: a text may hold "%1" itself.
+    return QStringLiteral("<font style=\"font-family:%1; font-size: %2px; color:%3;\">%4</font>")
+        .arg(GetFontFamily(lumqt::NormalWeight), QLatin1String(kTipsPixelSize), QLatin1String(kTipsColor),
+             m_tipsText);
+}
+
+void CBPImageButton::showTips()
+{
+    if (m_tipsText.isEmpty())
+        return;
+    if (!m_tips) {
+        // Made when first needed: most buttons of a window never show theirs.
+        m_tips = new CTextTips(0, nullptr);
+        // Where it comes to lie under the pointer it must not take the mouse from the button.
+        m_tips->setWindowFlag(Qt::WindowTransparentForInput);
+        m_tips->SetShowText(tipsMarkup());
+    }
+    m_tips->move(QCursor::pos() + kTipsOffset);
+    // Without a parent, but above the window that it belongs to.
+    m_tips->winId();
+    if (m_tips->windowHandle() && window()->windowHandle())
+        m_tips->windowHandle()->setTransientParent(window()->windowHandle());
+    m_tips->show();
+}
+
+void CBPImageButton::hideTips()
+{
+    if (m_tips)
+        m_tips->hide();
+}
+
+// The tip is a window of its own: nobody else hides it when the mouse cannot leave the button any more.
+void CBPImageButton::changeEvent(QEvent *event)
+{
+    if (!isEnabled() || (event->type() == QEvent::ActivationChange && !isActiveWindow()))
+        hideTips();
+    QPushButton::changeEvent(event);
+}
+
+void CBPImageButton::hideEvent(QHideEvent *event)
+{
+    hideTips();
+    QPushButton::hideEvent(event);
+}
+
+// ----------------------------------------------------------------------------------------------------------
+// screen readers
+
+QAccessibleInterface *CBPImageButton::makeAccessible(QWidget *widget)
+{
+    auto *button = qobject_cast<CBPImageButton *>(widget);
+    return button ? new lumqt::AccessibleButton(button, [button] { return button->spokenName(); }) : nullptr;
+}
+
+QString CBPImageButton::spokenName() const
+{
+    if (!m_text.isEmpty())
+        return m_text;
+    return toolTip().isEmpty() ? m_tipsText : toolTip();
+}
+
+void CBPImageButton::nameChanged()
+{
+    if (!QAccessible::isActive())
+        return;
+    QAccessibleEvent event(this, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&event);
+}
+
+// ----------------------------------------------------------------------------------------------------------
+// painting
+
+void CBPImageButton::paintEvent(QPaintEvent *event)
+{
+    if (!m_shown) {
+        QWidget::paintEvent(event);
+        return;
+    }
+    // A button that is enabled again looks normal, also a selected one or one under the mouse.
+    if (!isEnabled())
+        m_index = Disabled;
+    else if (m_index == Disabled)
+        m_index = Normal;
+    QPainter painter(this);
+    PaintBkg(&painter);
+    if (m_images.size() == kStates)
+        drawImage(painter);
+    DrawTextW(&painter);
+    PaintSpecialIcon(&painter);
+    if (m_keyboardFocus)
+        drawFocusRing(painter);
+    m_paintedImage = QSize();
+}
+
+void CBPImageButton::drawImage(QPainter &painter)
+{
+    const qreal ratio = devicePixelRatioF();
+    const QPixmap &pixmap = m_image->pixmap(m_images, m_index, ratio);
+    m_paintedImage = m_image->size();
+    if (m_paintedImage.isEmpty())
+        return;
+    const int x = (m_round ? height() / 2 : m_leftMargin) + m_border;
+    const int y = (height() - m_paintedImage.height()) / 2 + m_iconVoffset;
+    if (ratio == int(ratio)) {
+        painter.drawPixmap(x, y, pixmap);
+        return;
+    }
+    // Pixel for pixel also where a logical pixel is no whole number of the device's.
+    const QPointF place = lumqt::wholeDevicePixels(painter, QRectF(x, y, 1, 1)).topLeft();
+    painter.drawPixmap(place, pixmap);
+}
+
+void CBPImageButton::PaintBkg(QPainter *painter)
+{
+    if (!painter)
+        return;
+    if (m_bkgBrushes.size() == kStates)
+        drawBackground(*painter, m_bkgBrushes.at(m_index));
+    else if (m_bkgColors.size() == kStates)
+        drawBackground(*painter, m_bkgColors.at(m_index));
+}
+
+int CBPImageButton::cornerRadius() const
+{
+    return m_round ? height() / 2 : qMax(0, m_borderRadius);
+}
+
+void CBPImageButton::drawBackground(QPainter &painter, const QBrush &brush)
+{
+    lumqt::Body body;
+    if (m_borderColors.size() == kStates)
+        body.frame = m_borderColors.at(m_index);
+    else if (!m_borderColors.isEmpty() && painter.pen().style() != Qt::NoPen)
+        body.frame = painter.pen().color();
+    body.frameWidth = kFrameWidth;
+    body.radiusX = body.radiusY = cornerRadius();
+    if (brush.style() == Qt::SolidPattern) {
+        body.fill = brush.color();
+        lumqt::drawBody(painter, rect(), body);
+        return;
+    }
+    if (brush.style() != Qt::NoBrush) {
+        painter.save();
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(brush);
+        painter.drawRoundedRect(rect(), body.radiusX, body.radiusY);
+        painter.restore();
+    }
+    lumqt::drawBody(painter, rect(), body); // the frame
+}
+
+void CBPImageButton::DrawTextW(QPainter *painter)
+{
+    if (!painter || m_text.isEmpty() || m_images.size() != kStates || m_textColors.size() != kStates)
+        return;
+    const QSize image = m_paintedImage.isValid() ? m_paintedImage : imageSize(m_index);
+    QPoint start(0, image.height() + m_spacing);
+    if (m_besideImage) {
+        start = QPoint(image.width() + (m_round ? height() / 2 : 0) + m_spacing + m_leftMargin + m_border, 0);
+    }
+    if (!m_textLayout)
+        m_textLayout = std::make_unique<lumqt::CachedText>();
+    painter->setPen(m_textColors.at(m_index));
+    m_textLayout->drawLeft(*painter, QRect(start, rect().bottomRight()), m_text, m_font);
+}
+
+void CBPImageButton::PaintSpecialIcon(QPainter *painter)
+{
+    if (painter && m_specialIconShown)
+        lumqt::drawDotBadge(*painter, rect().topRight() + kDotOffset, m_specialIconColor);
+}
+
+void CBPImageButton::drawFocusRing(QPainter &painter) const
+{
+    lumqt::Body ring;
+    ring.frame = kFocusRingColor;
+    ring.frameWidth = kFocusRingWidth;
+    ring.radiusX = ring.radiusY = cornerRadius() > 0 ? cornerRadius() : kFocusRingRadius;
+    lumqt::drawBody(painter, rect(), ring);
+}

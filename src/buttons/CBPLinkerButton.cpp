@@ -1,0 +1,316 @@
+#include "CBPLinkerButton.h"
+
+#include "foundation/Accessible.h"
+#include "foundation/FontLookup.h"
+#include "foundation/Log.h"
+#include "foundation/Painting.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPointer>
+
+namespace {
+
+const QColor kTextColors[] = {QColor(0, 140, 255), QColor(0, 140, 255), QColor(83, 178, 255),
+                              QColor(189, 189, 189)};
+constexpr int kColorCount = 4;
+const QColor kFocusRingColor(75, 167, 245);
+constexpr int kFocusRingRadius = 2;
+const char kFontSheet[] = "QLabel{font-family:\"%1\"; font-size:14px;}";
+const char kFontSizeSheet[] = "QLabel{font-size:%1px;}";
+
+enum State { Normal = 0, Hover = 1, Pressed = 2, Disabled = 3 };
+
+bool isEnter(const QKeyEvent *event)
+{
+    return event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+}
+
+// What screen readers see: a link, where a label would be a piece of text.
+class AccessibleLink : public QAccessibleWidget
+{
+public:
+    explicit AccessibleLink(CBPLinkerButton *link) : QAccessibleWidget(link, QAccessible::Link) {}
+
+    QString text(QAccessible::Text kind) const override
+    {
+        if (kind == QAccessible::Name && link() && link()->accessibleName().isEmpty())
+            return link()->text();
+        return QAccessibleWidget::text(kind);
+    }
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State result = QAccessibleWidget::state();
+        result.linked = true;
+        result.selected = link() && link()->IsSelected();
+        return result;
+    }
+
+    QStringList actionNames() const override
+    {
+        QStringList names = QAccessibleWidget::actionNames();
+        if (link() && link()->isEnabled())
+            names.prepend(pressAction());
+        return names;
+    }
+
+    void doAction(const QString &name) override
+    {
+        if (name != pressAction())
+            QAccessibleWidget::doAction(name);
+        else if (link() && link()->isEnabled())
+            emit link()->sigLinkerClick(link()->bindData());
+    }
+
+private:
+    CBPLinkerButton *link() const { return qobject_cast<CBPLinkerButton *>(object()); }
+};
+
+QAccessibleInterface *makeAccessible(QWidget *widget)
+{
+    auto *link = qobject_cast<CBPLinkerButton *>(widget);
+    return link ? new AccessibleLink(link) : nullptr;
+}
+
+} // namespace
+
+CBPLinkerButton::CBPLinkerButton(const QString &text, ENLinkerType type, int bindId, QWidget *parent)
+    : QLabel(parent),
+      m_type(type),
+      m_font(lumqt::uiFont()),
+      m_bindId(bindId),
+      m_layout(std::make_unique<lumqt::CachedText>())
+{
+    lumqt::installAccessible(staticMetaObject.className(), makeAccessible);
+    setTextFormat(Qt::PlainText); // the text is painted as it is, and is to be measured so
+    setText(text); // not by the base's constructor: Qt would take the label for a plain one from then on
+    setStyleSheet(QString::fromLatin1(kFontSheet).arg(m_font.family()));
+    for (const QColor &color : kTextColors)
+        m_textColors.append(color);
+    setCursor(Qt::PointingHandCursor);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setFocusPolicy(Qt::TabFocus); // a click leaves the focus where the user works
+}
+
+CBPLinkerButton::~CBPLinkerButton() = default;
+
+void CBPLinkerButton::SetFontPixel(int px)
+{
+    if (px < 1) {
+        qCWarning(lcLumQt, "CBPLinkerButton: %d is no font size", px);
+        return;
+    }
+    m_font.setPixelSize(px);
+    m_elidedWidth = -1;
+    setStyleSheet(QString::fromLatin1(kFontSizeSheet).arg(px));
+    updateGeometry();
+    update();
+}
+
+void CBPLinkerButton::SetTextColor(QColor &c)
+{
+    m_textColors.fill(c, kColorCount);
+    update();
+}
+
+void CBPLinkerButton::SetTextColor(const QVector<QColor> &colors)
+{
+    m_textColors = colors;
+    update();
+}
+
+void CBPLinkerButton::SetSelected(bool selected)
+{
+    if (m_selected == selected)
+        return;
+    m_selected = selected;
+    update();
+}
+
+bool CBPLinkerButton::IsSelected() const
+{
+    return m_selected;
+}
+
+void CBPLinkerButton::SetLinkerType(ENLinkerType type)
+{
+    m_type = type;
+    m_hoverUnderline = type == ENLinkerTypeHover && isEnabled() && underMouse();
+    update();
+}
+
+int CBPLinkerButton::bindData() const
+{
+    return m_bindId;
+}
+
+QSize CBPLinkerButton::sizeHint() const
+{
+    const QSize label = QLabel::sizeHint();
+    // The label measures in the style sheet's font, which after SetFontPixel() is not the one painted with.
+    return label.expandedTo(m_layout->lineSize(text(), m_font));
+}
+
+// ------------------------------------------------------------------------------------------------------------
+// events
+
+void CBPLinkerButton::setLook(int mouseState)
+{
+    m_mouseState = mouseState;
+    update();
+}
+
+void CBPLinkerButton::followMouse(bool over)
+{
+    if (m_type == ENLinkerTypeHover)
+        m_hoverUnderline = over;
+    setLook(over ? Hover : Normal);
+}
+
+void CBPLinkerButton::enterEvent(QEvent *event)
+{
+    if (isEnabled())
+        followMouse(true);
+    QLabel::enterEvent(event);
+}
+
+void CBPLinkerButton::leaveEvent(QEvent *event)
+{
+    if (isEnabled())
+        followMouse(false);
+    QLabel::leaveEvent(event);
+}
+
+void CBPLinkerButton::focusInEvent(QFocusEvent *event)
+{
+    if (isEnabled()) {
+        m_showsFocus = true;
+        setLook(Hover);
+    }
+    QLabel::focusInEvent(event);
+}
+
+void CBPLinkerButton::focusOutEvent(QFocusEvent *event)
+{
+    m_spaceDown = false;
+    m_showsFocus = false;
+    if (isEnabled())
+        setLook(Normal);
+    QLabel::focusOutEvent(event);
+}
+
+void CBPLinkerButton::mousePressEvent(QMouseEvent *event)
+{
+    if (isEnabled() && event->button() == Qt::LeftButton)
+        setLook(Pressed);
+    QLabel::mousePressEvent(event);
+}
+
+void CBPLinkerButton::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (isEnabled() && event->button() == Qt::LeftButton) {
+        const QPointer<CBPLinkerButton> alive(this);
+        emit sigLinkerClick(m_bindId);
+        if (!alive)
+            return;
+        setLook(Normal);
+    }
+    QLabel::mouseReleaseEvent(event);
+}
+
+// A key counts as a press and a release of the mouse; the look of the focus stays.
+void CBPLinkerButton::clickByKey()
+{
+    const QPointer<CBPLinkerButton> alive(this);
+    emit sigLinkerClick(m_bindId);
+    if (alive)
+        setLook(isEnabled() && hasFocus() ? Hover : Normal);
+}
+
+void CBPLinkerButton::keyPressEvent(QKeyEvent *event)
+{
+    const bool space = event->key() == Qt::Key_Space;
+    if (!isEnabled() || (!space && !isEnter(event))) {
+        QLabel::keyPressEvent(event);
+        return;
+    }
+    if (event->isAutoRepeat())
+        return;
+    if (space) {
+        m_spaceDown = true;
+        setLook(Pressed);
+    } else {
+        clickByKey();
+    }
+}
+
+void CBPLinkerButton::keyReleaseEvent(QKeyEvent *event)
+{
+    if (event->key() != Qt::Key_Space || !m_spaceDown) {
+        QLabel::keyReleaseEvent(event);
+        return;
+    }
+    if (event->isAutoRepeat())
+        return;
+    m_spaceDown = false;
+    if (isEnabled())
+        clickByKey();
+}
+
+void CBPLinkerButton::changeEvent(QEvent *event)
+{
+    // The mouse and the focus may have come or gone while the link took no notice.
+    if (event->type() == QEvent::EnabledChange) {
+        m_spaceDown = false;
+        followMouse(isEnabled() && underMouse());
+        m_showsFocus = isEnabled() && hasFocus();
+        if (m_showsFocus)
+            setLook(Hover);
+    }
+    QLabel::changeEvent(event);
+}
+
+// ------------------------------------------------------------------------------------------------------------
+// painting
+
+QString CBPLinkerButton::shownText()
+{
+    const QString whole = text();
+    if (m_elidedWidth != width() || m_elidedOf != whole) {
+        m_elidedWidth = width();
+        m_elidedOf = whole;
+        m_elided = QFontMetrics(m_font).elidedText(whole, Qt::ElideRight, width());
+    }
+    return m_elided;
+}
+
+void CBPLinkerButton::paintEvent(QPaintEvent *)
+{
+    const int index = !isEnabled() ? int(Disabled) : m_selected ? int(Pressed) : m_mouseState;
+    bool underlined = m_font.underline();
+    if (m_type == ENLinkerTypeHover)
+        underlined = m_hoverUnderline;
+    else if (m_type == ENLinkerTypeAlways || m_type == ENLinkerTypeNever)
+        underlined = m_type == ENLinkerTypeAlways;
+    underlined = underlined && isEnabled();
+    if (m_font.underline() != underlined)
+        m_font.setUnderline(underlined);
+
+    const QString shown = shownText();
+    const QString tip = shown == text() ? QString() : text();
+    if (toolTip() != tip)
+        setToolTip(tip);
+
+    QPainter painter(this);
+    if (m_showsFocus) {
+        lumqt::Body ring;
+        ring.frame = kFocusRingColor;
+        ring.radiusX = ring.radiusY = kFocusRingRadius;
+        lumqt::drawBody(painter, rect(), ring);
+    }
+    const QColor own = m_textColors.value(index);
+    painter.setPen(own.isValid() ? own : kTextColors[index]);
+    m_layout->drawLeft(painter, rect(), shown, m_font);
+}

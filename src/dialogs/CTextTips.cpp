@@ -1,0 +1,77 @@
+#include "CTextTips.h"
+
+#include "foundation/Accessible.h"
+#include "foundation/FontLookup.h"
+
+#include <QLabel>
+#include <QPainter>
+#include <QVBoxLayout>
+
+namespace {
+
+// Look and metrics, in logical pixels.
+const QColor kBackground(0x10, 0x1c, 0x2d);
+const QColor kLightText(255, 255, 255);
+const QColor kDarkText(0x10, 0x1c, 0x2d);
+constexpr int kLightBackground = 150; // grey value from which on a text is dark
+const QMargins kMargins(12, 3, 12, 6);
+
+QAccessibleInterface *makeAccessible(QWidget *widget)
+{
+    return new QAccessibleWidget(widget, QAccessible::ToolTip);
+}
+
+} // namespace
+
+CTextTips::CTextTips(int width, QWidget *parent) : QWidget(parent), m_bkgColor(kBackground), m_width(width)
+{
+    lumqt::installAccessible("CTextTips", makeAccessible);
+    setWindowFlags(windowFlags() | Qt::FramelessWindowHint | Qt::ToolTip);
+    InitLayout();
+}
+
+void CTextTips::InitLayout()
+{
+    m_label = new QLabel;
+    m_label->setFont(lumqt::uiFont());
+    auto *layout = new QVBoxLayout;
+    layout->setSpacing(0);
+    if (m_width > 0) {
+        m_label->setFixedWidth(m_width);
+        m_label->setWordWrap(true);
+    }
+    layout->addWidget(m_label);
+    layout->setContentsMargins(kMargins);
+    setLayout(layout);
+    followBackground();
+}
+
+void CTextTips::SetShowText(const QString &text)
+{
+    m_label->setText(text);
+    // A window grows with its content by itself, but does not shrink.
+    adjustSize();
+}
+
+void CTextTips::SetBkgColor(const QColor &color)
+{
+    if (!color.isValid())
+        return;
+    m_bkgColor = color;
+    followBackground();
+    update();
+}
+
+void CTextTips::followBackground()
+{
+    QPalette palette = m_label->palette();
+    palette.setColor(QPalette::WindowText,
+                     qGray(m_bkgColor.rgb()) < kLightBackground ? kLightText : kDarkText);
+    m_label->setPalette(palette);
+}
+
+void CTextTips::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), m_bkgColor);
+}

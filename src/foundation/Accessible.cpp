@@ -1,0 +1,86 @@
+#include "foundation/Accessible.h"
+
+#include <QAbstractButton>
+#include <QHash>
+#include <QPushButton>
+
+namespace lumqt {
+
+namespace {
+
+using Maker = QAccessibleInterface *(*)(QWidget *);
+
+QHash<QString, Maker> &makers()
+{
+    static QHash<QString, Maker> known;
+    return known;
+}
+
+// Qt asks for the class of an object first, then for each of its base classes.
+QAccessibleInterface *makeInterface(const QString &className, QObject *object)
+{
+    const Maker make = makers().value(className);
+    return make && object && object->isWidgetType() ? make(static_cast<QWidget *>(object)) : nullptr;
+}
+
+} // namespace
+
+void installAccessible(const char *className, Maker make)
+{
+    const auto name = QString::fromLatin1(className);
+    if (makers().contains(name))
+        return;
+    makers().insert(name, make);
+    QAccessible::installFactory(makeInterface);
+}
+
+AccessibleButton::AccessibleButton(QAbstractButton *button, std::function<QString()> ownName)
+    : QAccessibleWidget(button, QAccessible::PushButton), m_ownName(std::move(ownName))
+{
+}
+
+QAbstractButton *AccessibleButton::button() const
+{
+    return qobject_cast<QAbstractButton *>(object());
+}
+
+QString AccessibleButton::text(QAccessible::Text kind) const
+{
+    if (kind == QAccessible::Name && button() && button()->accessibleName().isEmpty())
+        return m_ownName();
+    return QAccessibleWidget::text(kind);
+}
+
+QAccessible::State AccessibleButton::state() const
+{
+    QAccessible::State state = QAccessibleWidget::state();
+    const QAbstractButton *source = button();
+    if (!source)
+        return state;
+    state.checkable = source->isCheckable();
+    state.checked = source->isChecked();
+    state.pressed = source->isDown();
+    const auto *push = qobject_cast<const QPushButton *>(source);
+    state.defaultButton = push && push->isDefault();
+    return state;
+}
+
+QStringList AccessibleButton::actionNames() const
+{
+    QStringList names;
+    if (button() && button()->isEnabled())
+        names << pressAction();
+    return names << QAccessibleWidget::actionNames();
+}
+
+void AccessibleButton::doAction(const QString &action)
+{
+    if (!button() || !button()->isEnabled())
+        return;
+    if (action == pressAction())
+        button()->click(); // the button, and this with it, may be gone after
+    else
+        QAccessibleWidget::doAction(action);
+}
+
+} // namespace lumqt

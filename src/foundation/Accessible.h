@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QAccessibleWidget>
+
+#include <functional>
+
+class QAbstractButton;
+
+// What screen readers are told of widgets that Qt knows too little about. GUI thread only.
+namespace lumqt {
+
+// Makes `make` the source of the accessible interface of the class `className` and of those derived from it.
+// A second source for a class is ignored, so a constructor may call this each time.
+void installAccessible(const char *className, QAccessibleInterface *(*make)(QWidget *widget));
+
+// A push button whose name, where the application set none, its class knows.
+class AccessibleButton : public QAccessibleWidget
+{
+public:
+    AccessibleButton(QAbstractButton *button, std::function<QString()> ownName);
+
+    QString text(QAccessible::Text kind) const override;
+    QAccessible::State state() const override;
+    QStringList actionNames() const override;
+    void doAction(const QString &action) override;
+
+private:
+    QAbstractButton *button() const;
+
+    std::function<QString()> m_ownName;
+};
+
+} // namespace lumqt

@@ -1,0 +1,270 @@
+#include "CBPWinFrm.h"
+
+#include "frames/FrameBehaviour.h"
+
+namespace {
+
+constexpr int kOfferId = 4096; // of the title button that only this class reports
+
+}
+
+CBPWinFrm::CBPWinFrm(QWidget *parent)
+    : QDialog(parent),
+      m_frame(std::make_unique<lumqt::FrameBehaviour>(this, std::make_unique<lumqt::HooksOf<CBPWinFrm>>(this),
+                                                      parent))
+{
+}
+
+CBPWinFrm::~CBPWinFrm() = default;
+
+void CBPWinFrm::Init()
+{
+    m_frame->init(&CBPWinFrm::on_btn_clicked, this);
+    if (m_frame->title)
+        connect(m_frame->title, SIGNAL(on_dbl_clickedSignal(bool)), this, SLOT(on_dbl_clickedSlot(bool)),
+                Qt::UniqueConnection);
+}
+
+// ----------------------------------------------------------------------------------------------------------
+// operations
+
+void CBPWinFrm::SetWindowTitle(QString text, bool isImage)
+{
+    m_frame->setWindowTitle(text, isImage);
+}
+
+void CBPWinFrm::SetWindowLog(QString path)
+{
+    m_frame->onTitle(&CBPWinFrmTitle::SetLog, path);
+}
+
+void CBPWinFrm::ShowTitleBtn(int id, bool show)
+{
+    m_frame->onTitle(&CBPWinFrmTitle::ShowTitleBtn, id, show);
+}
+
+void CBPWinFrm::EnableTitleBtn(int id, bool enable)
+{
+    m_frame->onTitle(&CBPWinFrmTitle::EnableTitleBtn, id, enable);
+}
+
+void CBPWinFrm::ResetMaxBtn(bool maximised)
+{
+    m_frame->onTitle(&CBPWinFrmTitle::ResetMaxBtn, maximised);
+}
+
+void CBPWinFrm::SetTitleBg(QColor color)
+{
+    m_frame->onTitle(&CBPWinFrmTitle::SetBgColor, color);
+}
+
+CBPImageButton *CBPWinFrm::titleBtn(int id)
+{
+    return m_frame->titleButton(id);
+}
+
+void CBPWinFrm::SetTitleBarEnabled(bool enable)
+{
+    m_frame->onTitle(&CBPWinFrmTitle::SetTitleBtnEnable, enable);
+}
+
+void CBPWinFrm::EnabledTitleRoundRc(bool enable)
+{
+    m_frame->onTitle(&CBPWinFrmTitle::SetRoundRectEnabled, enable);
+}
+
+void CBPWinFrm::SetTitleHeight(int height)
+{
+    m_frame->onTitle(&CBPWinFrmTitle::setFixedHeight, height);
+}
+
+void CBPWinFrm::SetHasNewVersion(bool hasNewVersion)
+{
+    m_frame->onTitle(&CBPWinFrmTitle::SetHasNewVersion, hasNewVersion);
+}
+
+void CBPWinFrm::showWindowTitle(bool visible)
+{
+    m_frame->onTitle(&CBPWinFrmTitle::setVisible, visible);
+}
+
+void CBPWinFrm::AppendContent(QWidget *widget, bool expand, bool, unsigned int spacing)
+{
+    m_frame->appendContent(widget, expand, spacing);
+}
+
+void CBPWinFrm::SetMainBoxBorder(int left, int top, int right, int bottom)
+{
+    m_frame->setMainBoxBorder(QMargins(left, top, right, bottom));
+}
+
+void CBPWinFrm::SetStatusBoxBorder(int left, int top, int right, int bottom)
+{
+    m_frame->setStatusBoxBorder(QMargins(left, top, right, bottom));
+}
+
+void CBPWinFrm::SetBottomHeight(int height)
+{
+    m_frame->setBottomHeight(height);
+}
+
+void CBPWinFrm::SetDrawBottomHLine(bool draw)
+{
+    m_frame->setDrawBottomLine(draw);
+}
+
+void CBPWinFrm::SetShadowBorder(int border)
+{
+    m_frame->shadowBorder = border;
+}
+
+void CBPWinFrm::setIsWinPE(bool isWinPE)
+{
+    m_frame->isWinPE = isWinPE;
+}
+
+void CBPWinFrm::SetDisableEscAndF4Flag(bool disable)
+{
+    m_frame->escAndF4Disabled = disable;
+}
+
+bool CBPWinFrm::isMaximized() const
+{
+    return m_frame->maximised;
+}
+
+void CBPWinFrm::setStatusBox(QWidget *box)
+{
+    m_frame->setStatusBox(box);
+}
+
+QWidget *CBPWinFrm::statusBox() const
+{
+    return m_frame->statusBox;
+}
+
+CBPWinFrmTitle *CBPWinFrm::titleBar() const
+{
+    return m_frame->title;
+}
+
+QVBoxLayout *CBPWinFrm::contentBox() const
+{
+    return m_frame->contentBox;
+}
+
+int CBPWinFrm::shadowBorder() const
+{
+    return m_frame->shadowBorder;
+}
+
+int CBPWinFrm::bottomHeight() const
+{
+    return m_frame->bottomHeight;
+}
+
+bool CBPWinFrm::drawsBottomLine() const
+{
+    return m_frame->drawBottomLine;
+}
+
+// ----------------------------------------------------------------------------------------------------------
+// modal
+
+int CBPWinFrm::exec()
+{
+    m_frame->centre();
+    return QDialog::exec(); // the dialog may be gone when this returns
+}
+
+void CBPWinFrm::reject()
+{
+    if (!m_frame->escAndF4Disabled)
+        QDialog::reject();
+}
+
+// ----------------------------------------------------------------------------------------------------------
+// hooks
+
+void CBPWinFrm::OnMax()
+{
+    m_frame->toggleMaximised();
+}
+
+void CBPWinFrm::OnClose()
+{
+    m_frame->closeWindow();
+}
+
+void CBPWinFrm::OnMin()
+{
+    showMinimized();
+}
+
+void CBPWinFrm::OnSetting() {}
+
+void CBPWinFrm::OnHelp() {}
+
+void CBPWinFrm::PreBtnClick() {}
+
+void CBPWinFrm::QQBtnClick() {}
+
+void CBPWinFrm::OnlineSupportClick() {}
+
+void CBPWinFrm::DiscountBtnSlot() {}
+
+void CBPWinFrm::ShowMenu(const QPoint &) {}
+
+void CBPWinFrm::UpdateMainWndTitle() {}
+
+// ----------------------------------------------------------------------------------------------------------
+// what calls the hooks
+
+void CBPWinFrm::on_btn_clicked(void *self, int id)
+{
+    if (self)
+        static_cast<CBPWinFrm *>(self)->OnTitleBtnClicked(id);
+}
+
+void CBPWinFrm::OnTitleBtnClicked(int id)
+{
+    if (id == kOfferId) {
+        DiscountBtnSlot();
+        return;
+    }
+    m_frame->titleButtonClicked(id);
+}
+
+void CBPWinFrm::on_dbl_clickedSlot(bool bDelete)
+{
+    if (bDelete)
+        m_frame->callCloseHook();
+    else
+        OnMax();
+}
+
+void CBPWinFrm::OnMenuClick()
+{
+    m_frame->openMenu();
+}
+
+void CBPWinFrm::closeEvent(QCloseEvent *event)
+{
+    m_frame->closeEvent(event);
+}
+
+void CBPWinFrm::keyPressEvent(QKeyEvent *event)
+{
+    m_frame->keyPressEvent(event);
+}
+
+void CBPWinFrm::paintEvent(QPaintEvent *)
+{
+    // Body and shadow are the derived classes'.
+}
+
+bool CBPWinFrm::eventFilter(QObject *watched, QEvent *event)
+{
+    m_frame->watch(watched, event);
+    return false; // nothing is kept from the parent
+}

@@ -1,0 +1,465 @@
+#include "CBPWinFrmTitle.h"
+
+#include "CBPImageButton.h"
+#include "foundation/FontLookup.h"
+#include "foundation/ImageLoader.h"
+#include "foundation/Log.h"
+#include "Util.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLinearGradient>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyle>
+
+namespace {
+
+// Look and metrics, in logical pixels.
+const QColor kBgColor(34, 42, 62);
+const QColor kTitleColor(127, 143, 164);
+const QColor kNewVersionColor(0xe0, 0x20, 0x20);
+constexpr unsigned int kRadius = 12;
+constexpr int kHeight = 60;
+constexpr int kLeftMargin = 16;
+constexpr int kRightMargin = 12;
+constexpr int kSpacing = 5;
+constexpr int kRightRowMargin = 6;
+constexpr int kRightRowSpacing = 8;
+constexpr int kRightRowGap = 8; // between two buttons, beside the spacing
+constexpr int kBackHeight = 32;
+
+QVector<QColor> backColors()
+{
+    return {QColor(0x1a, 0x27, 0x3b), QColor(0x28, 0x37, 0x4e), QColor(0x16, 0x20, 0x30),
+            QColor(0x1a, 0x27, 0x3b)};
+}
+
+enum Id {
+    MinimizeId = 2,
+    MaximizeId = 4,
+    CloseId = 8,
+    SettingsId = 16,
+    FreeId = 32,
+    MenuId = 64,
+    BackId = 128,
+    IconId = 256,
+    TitleId = 512,
+    ContactId = 1024,
+    SupportId = 2048,
+    OfferId = 4096,
+};
+// Those that titleBtn() knows, in the order it looks at them.
+constexpr Id kFoundIds[] = {MinimizeId, MaximizeId, CloseId, SettingsId, FreeId, MenuId, BackId};
+constexpr Id kButtonIds[] = {MinimizeId, MaximizeId, CloseId,   SettingsId, FreeId,
+                             MenuId,     BackId,     ContactId, SupportId,  OfferId};
+// Those that the bar does not make itself.
+constexpr int kInsertedIds = MaximizeId | SettingsId | FreeId | ContactId;
+
+// The images "<stem>normal<suffix>" and so on, in the order of the button's states.
+QVector<QString> stateImages(QString (*path)(const QString &), const QString &stem, const QString &suffix)
+{
+    QVector<QString> images;
+    for (const char *state : {"normal", "hover", "press", "disable"})
+        images << path(stem + QLatin1String(state) + suffix);
+    return images;
+}
+
+QVector<QString> commonImages(const char *stem, const char *suffix)
+{
+    return stateImages(&Util::getLumResFullPath, QLatin1String(stem), QLatin1String(suffix));
+}
+
+// There are two drawings for four states.
+QVector<QString> giftImages()
+{
+    const QString normal = Util::getLumResFullPath(QStringLiteral("gift_normal.svg"));
+    const QString hover = Util::getLumResFullPath(QStringLiteral("gift_hover.svg"));
+    return {normal, hover, hover, normal};
+}
+
+QVector<QString> closeImages()
+{
+    QVector<QString> images = commonImages("ico_guanbi_", ".svg");
+    images[0] = Util::getLumResFullPath(QStringLiteral("ico_guanbi_noemal.svg")); // named so as shipped
+    return images;
+}
+
+// A text that finds no room is cut with an ellipsis, so that a long title neither widens the window nor
+// pushes the buttons out of it.
+class TitleLabel : public QLabel
+{
+public:
+    explicit TitleLabel(QWidget *parent) : QLabel(parent)
+    {
+        setTextFormat(Qt::PlainText);
+        setMinimumWidth(1);
+    }
+
+protected:
+    void paintEvent(QPaintEvent *event) override
+    {
+        const QRect area = contentsRect();
+        if (text().isEmpty() || fontMetrics().horizontalAdvance(text()) <= area.width()) {
+            QLabel::paintEvent(event);
+            return;
+        }
+        QPainter painter(this);
+        style()->drawItemText(&painter, area, int(alignment()), palette(), isEnabled(),
+                              fontMetrics().elidedText(text(), Qt::ElideRight, area.width()),
+                              foregroundRole());
+    }
+};
+
+} // namespace
+
+CBPWinFrmTitle::CBPWinFrmTitle(QWidget *parent)
+    : CRoundedRectBase(kRadius, parent, true, true, false, false),
+      m_parentWindow(parent),
+      m_bgColor(kBgColor),
+      m_titleColor(kTitleColor)
+{
+    m_brush = m_bgColor;
+    Init();
+}
+
+// ----------------------------------------------------------------------------------------------------------
+// construction
+
+void CBPWinFrmTitle::Init()
+{
+    createLabels();
+    createButtons();
+    createLayout();
+    retranslate();
+    QColor configured = Util::GetWindowTitleBgColor();
+    SetBgColor(configured);
+    SetTitleClr(m_titleColor);
+    SetTitleClr(Util::GetWindowTitleTextColor());
+}
+
+void CBPWinFrmTitle::createLabels()
+{
+    m_icon.widget = new QLabel(this);
+    m_title.widget = new TitleLabel(this);
+    m_title.widget->setObjectName(QStringLiteral("CBPWinFrmTitle_WindTitle"));
+    m_title.widget->setFont(lumqt::uiFont());
+    m_icon.widget->hide();
+    m_title.widget->hide();
+}
+
+void CBPWinFrmTitle::createButtons()
+{
+    m_offerBtn = CreateImgButton(giftImages(), OfferId, false);
+    m_supportBtn = CreateImgButton(commonImages("ico_onlinesupport_", ".svg"), SupportId, false);
+    m_minBtn = CreateImgButton(commonImages("minimize_", ".png"), MinimizeId, false);
+    m_closeBtn = CreateImgButton(closeImages(), CloseId, false);
+    m_menuBtn = CreateImgButton(commonImages("ico_more_", ".svg"), MenuId, false);
+    m_backBtn = CreateImgButton(commonImages("back_", ".png"), BackId, true);
+    m_backBtn->SetBkgColors(backColors());
+    m_backBtn->SetHight(kBackHeight);
+    m_backBtn->setFixedHeight(kBackHeight);
+}
+
+CBPImageButton *CBPWinFrmTitle::CreateImgButton(const QVector<QString> &images, int id, bool round)
+{
+    auto *button = new CBPImageButton(images, round, id, this);
+    button->SetBorder(0, true);
+    button->setFocusPolicy(Qt::NoFocus);
+    button->hide();
+    connect(button, SIGNAL(btn_released(int)), this, SLOT(on_btn_clicekedSlot(int)));
+    return button;
+}
+
+void CBPWinFrmTitle::createLayout()
+{
+    m_rightRow = new QHBoxLayout;
+    m_rightRow->setContentsMargins(0, 0, kRightRowMargin, 0);
+    m_rightRow->setSpacing(kRightRowSpacing);
+    m_rightRow->addWidget(m_offerBtn, 0, Qt::AlignCenter);
+    for (CBPImageButton *next : {m_supportBtn.data(), m_menuBtn.data(), m_minBtn.data(), m_closeBtn.data()}) {
+        m_rightRow->addSpacing(kRightRowGap);
+        m_rightRow->addWidget(next, 0, Qt::AlignCenter);
+    }
+
+    auto *row = new QHBoxLayout;
+    row->setContentsMargins(kLeftMargin, 0, kRightMargin, 0);
+    row->setSpacing(kSpacing);
+    row->addWidget(m_icon.widget, 0, Qt::AlignVCenter);
+    row->addWidget(m_title.widget, 0, Qt::AlignVCenter);
+    row->addWidget(m_backBtn, 0, Qt::AlignCenter);
+    row->addItem(new QSpacerItem(0, 0, QSizePolicy::Expanding, QSizePolicy::Minimum));
+    row->addLayout(m_rightRow);
+    setLayout(row);
+    setFixedHeight(kHeight);
+}
+
+void CBPWinFrmTitle::retranslate()
+{
+    SetIconTips();
+    if (m_offerBtn)
+        m_offerBtn->setToolTip(tr("Limited-time Offer"));
+    if (m_backBtn)
+        m_backBtn->setToolTip(tr("Back"));
+    // These two have no tool tip to be named by.
+    if (m_minBtn)
+        m_minBtn->setAccessibleName(tr("Minimize"));
+    if (m_closeBtn)
+        m_closeBtn->setAccessibleName(tr("Close"));
+}
+
+void CBPWinFrmTitle::SetIconTips()
+{
+    if (m_menuBtn)
+        m_menuBtn->setToolTip(tr("Menu"));
+    if (m_supportBtn)
+        m_supportBtn->setToolTip(tr("Online Support"));
+}
+
+// ----------------------------------------------------------------------------------------------------------
+// labels and colours
+
+void CBPWinFrmTitle::showContent(const Label &label)
+{
+    const bool empty = label.widget->text().isEmpty() && label.widget->pixmap(Qt::ReturnByValue).isNull();
+    label.widget->setVisible(label.allowed && !empty);
+}
+
+void CBPWinFrmTitle::showImage(Label &label, const QString &path)
+{
+    label.image = path;
+    label.ratio = devicePixelRatioF();
+    label.widget->setPixmap(lumqt::loadPixmap(path, label.ratio));
+    showContent(label);
+}
+
+// Takes the images anew when the bar has come to a screen of another density.
+void CBPWinFrmTitle::refreshImages()
+{
+    for (Label *label : {&m_icon, &m_title}) {
+        if (!label->image.isEmpty() && label->ratio != devicePixelRatioF())
+            showImage(*label, label->image);
+    }
+}
+
+void CBPWinFrmTitle::SetTitle(QString s, bool isImage)
+{
+    if (isImage) {
+        showImage(m_title, s);
+        return;
+    }
+    m_title.image.clear();
+    m_title.widget->setText(s);
+    showContent(m_title);
+}
+
+void CBPWinFrmTitle::SetLog(QString &path)
+{
+    showImage(m_icon, path);
+}
+
+void CBPWinFrmTitle::SetBgColor(QColor &c)
+{
+    if (!c.isValid())
+        return;
+    m_bgColor = c;
+    m_brush = m_bgColor;
+    update();
+}
+
+void CBPWinFrmTitle::setLinerBrush(const QLinearGradient &gradient)
+{
+    m_brush = gradient;
+    update();
+}
+
+void CBPWinFrmTitle::SetTitleClr(QColor color)
+{
+    if (!color.isValid())
+        return;
+    m_titleColor = color;
+    QPalette palette = m_title.widget->palette();
+    palette.setColor(QPalette::WindowText, color);
+    m_title.widget->setPalette(palette);
+}
+
+void CBPWinFrmTitle::SetTitleTextStyle(const QString &css)
+{
+    m_title.widget->setStyleSheet(css);
+}
+
+// ----------------------------------------------------------------------------------------------------------
+// buttons
+
+QPointer<CBPImageButton> *CBPWinFrmTitle::slot(int id)
+{
+    switch (id) {
+    case MinimizeId:
+        return &m_minBtn;
+    case MaximizeId:
+        return &m_maxBtn;
+    case CloseId:
+        return &m_closeBtn;
+    case SettingsId:
+        return &m_settingsBtn;
+    case FreeId:
+        return &m_freeBtn;
+    case MenuId:
+        return &m_menuBtn;
+    case BackId:
+        return &m_backBtn;
+    case ContactId:
+        return &m_contactBtn;
+    case SupportId:
+        return &m_supportBtn;
+    case OfferId:
+        return &m_offerBtn;
+    default:
+        return nullptr;
+    }
+}
+
+CBPImageButton *CBPWinFrmTitle::button(int id) const
+{
+    const auto *found = const_cast<CBPWinFrmTitle *>(this)->slot(id);
+    return found ? found->data() : nullptr;
+}
+
+void CBPWinFrmTitle::ShowTitleBtn(int ids, bool show)
+{
+    for (const Id id : kButtonIds) {
+        if (!(ids & id) || (id == OfferId && !m_supportBtn))
+            continue;
+        if (CBPImageButton *known = button(id))
+            known->setVisible(show);
+    }
+    if (ids & IconId) {
+        m_icon.allowed = show;
+        showContent(m_icon);
+    }
+    if (ids & TitleId) {
+        m_title.allowed = show;
+        showContent(m_title);
+    }
+}
+
+void CBPWinFrmTitle::EnableTitleBtn(int ids, bool enable)
+{
+    for (const Id id : kButtonIds) {
+        CBPImageButton *known = ids & id ? button(id) : nullptr;
+        if (known)
+            known->setEnabled(enable);
+    }
+}
+
+void CBPWinFrmTitle::SetTitleBtnEnable(bool enable)
+{
+    EnableTitleBtn(BackId | MenuId | CloseId | MinimizeId, enable);
+}
+
+void CBPWinFrmTitle::ResetMaxBtn(bool maximised)
+{
+    // Also without a button: a maximised window is not dragged.
+    m_maximised = maximised;
+    if (!m_maxBtn)
+        return;
+    QVector<QString> images = stateImages(&Util::getResFullPath,
+                                          maximised ? QStringLiteral("../res/maximize_restore_")
+                                                    : QStringLiteral("../res/maximize_"),
+                                          QStringLiteral(".png"));
+    m_maxBtn->SetImgButtonRes(images);
+}
+
+CBPImageButton *CBPWinFrmTitle::titleBtn(int id)
+{
+    CBPImageButton *found = nullptr;
+    for (const Id known : kFoundIds) {
+        if (id & known)
+            found = button(known);
+    }
+    return found;
+}
+
+void CBPWinFrmTitle::InsertWidget(int index, QWidget *widget, int stretch, Qt::Alignment alignment)
+{
+    if (!widget) {
+        qCWarning(lcLumQt, "CBPWinFrmTitle::InsertWidget: there is no widget");
+        return;
+    }
+    const bool inside = index >= 0 && index <= m_rightRow->count();
+    m_rightRow->insertWidget(inside ? index : -1, widget, stretch, alignment);
+    auto *inserted = qobject_cast<CBPImageButton *>(widget);
+    if (!inserted || !(inserted->GetID() & kInsertedIds))
+        return;
+    QPointer<CBPImageButton> *place = slot(inserted->GetID());
+    if (place && !*place)
+        *place = inserted;
+}
+
+void CBPWinFrmTitle::SetHasNewVersion(bool hasNewVersion)
+{
+    if (!m_menuBtn)
+        return;
+    m_menuBtn->SetSpecialIcon(hasNewVersion, kNewVersionColor);
+    m_menuBtn->update();
+}
+
+void CBPWinFrmTitle::SetBtnCallbackFunc(void (*callback)(void *, int), void *context)
+{
+    m_callback = callback;
+    m_callbackContext = context;
+}
+
+void CBPWinFrmTitle::on_btn_clicekedSlot(int id)
+{
+    // Nothing of the bar is touched after this: the callback may have deleted the window.
+    if (m_callback)
+        m_callback(m_callbackContext, id);
+}
+
+void CBPWinFrmTitle::on_back_btnSlot()
+{
+    on_btn_clicekedSlot(BackId);
+}
+
+// ----------------------------------------------------------------------------------------------------------
+// events
+
+void CBPWinFrmTitle::mousePressEvent(QMouseEvent *event)
+{
+    // Any button of the mouse drags, also one that a child did not want. A double-click comes here as well.
+    if (!m_parentWindow)
+        return;
+    m_pressed = true;
+    m_dragOffset = event->globalPos() - m_parentWindow->pos();
+}
+
+void CBPWinFrmTitle::mouseMoveEvent(QMouseEvent *event)
+{
+    if (m_pressed && !m_maximised && m_parentWindow)
+        m_parentWindow->move(event->globalPos() - m_dragOffset);
+}
+
+void CBPWinFrmTitle::mouseReleaseEvent(QMouseEvent *)
+{
+    m_pressed = false;
+}
+
+void CBPWinFrmTitle::hideEvent(QHideEvent *event)
+{
+    m_pressed = false; // the release would go elsewhere
+    CRoundedRectBase::hideEvent(event);
+}
+
+void CBPWinFrmTitle::showEvent(QShowEvent *event)
+{
+    refreshImages();
+    CRoundedRectBase::showEvent(event);
+}
+
+void CBPWinFrmTitle::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    CRoundedRectBase::changeEvent(event);
+}

@@ -1,0 +1,243 @@
+#include "CBPWinWidget.h"
+
+#include "frames/FrameBehaviour.h"
+
+CBPWinWidget::CBPWinWidget(QWidget *parent)
+    : QWidget(parent),
+      m_frame(std::make_unique<lumqt::FrameBehaviour>(
+          this, std::make_unique<lumqt::HooksOf<CBPWinWidget>>(this), parent))
+{
+}
+
+CBPWinWidget::~CBPWinWidget() = default;
+
+void CBPWinWidget::Init()
+{
+    m_frame->init(&CBPWinWidget::on_btn_clicked, this);
+    if (m_frame->title)
+        connect(m_frame->title, SIGNAL(on_dbl_clickedSignal(bool)), this, SLOT(on_dbl_clickedSlot(bool)),
+                Qt::UniqueConnection);
+}
+
+// ----------------------------------------------------------------------------------------------------------
+// operations
+
+void CBPWinWidget::SetWindowTitle(QString text, bool isImage)
+{
+    m_frame->setWindowTitle(text, isImage);
+}
+
+void CBPWinWidget::SetWindowLog(QString path)
+{
+    m_frame->onTitle(&CBPWinFrmTitle::SetLog, path);
+}
+
+void CBPWinWidget::ShowTitleBtn(int id, bool show)
+{
+    m_frame->onTitle(&CBPWinFrmTitle::ShowTitleBtn, id, show);
+}
+
+void CBPWinWidget::EnableTitleBtn(int id, bool enable)
+{
+    m_frame->onTitle(&CBPWinFrmTitle::EnableTitleBtn, id, enable);
+}
+
+void CBPWinWidget::ResetMaxBtn(bool maximised)
+{
+    m_frame->onTitle(&CBPWinFrmTitle::ResetMaxBtn, maximised);
+}
+
+void CBPWinWidget::SetTitleBg(QColor color)
+{
+    m_frame->onTitle(&CBPWinFrmTitle::SetBgColor, color);
+}
+
+CBPImageButton *CBPWinWidget::titleBtn(int id)
+{
+    return m_frame->titleButton(id);
+}
+
+void CBPWinWidget::SetTitleBarEnabled(bool enable)
+{
+    m_frame->onTitle(&CBPWinFrmTitle::SetTitleBtnEnable, enable);
+}
+
+void CBPWinWidget::EnabledTitleRoundRc(bool enable)
+{
+    m_frame->onTitle(&CBPWinFrmTitle::SetRoundRectEnabled, enable);
+}
+
+void CBPWinWidget::SetTitleHeight(int height)
+{
+    m_frame->onTitle(&CBPWinFrmTitle::setFixedHeight, height);
+}
+
+void CBPWinWidget::SetHasNewVersion(bool hasNewVersion)
+{
+    m_frame->onTitle(&CBPWinFrmTitle::SetHasNewVersion, hasNewVersion);
+}
+
+void CBPWinWidget::showWindowTitle(bool visible)
+{
+    m_frame->onTitle(&CBPWinFrmTitle::setVisible, visible);
+}
+
+void CBPWinWidget::AppendContent(QWidget *widget, bool expand, bool, unsigned int spacing)
+{
+    m_frame->appendContent(widget, expand, spacing);
+}
+
+void CBPWinWidget::SetMainBoxBorder(int left, int top, int right, int bottom)
+{
+    m_frame->setMainBoxBorder(QMargins(left, top, right, bottom));
+}
+
+void CBPWinWidget::SetStatusBoxBorder(int left, int top, int right, int bottom)
+{
+    m_frame->setStatusBoxBorder(QMargins(left, top, right, bottom));
+}
+
+void CBPWinWidget::SetBottomHeight(int height)
+{
+    m_frame->setBottomHeight(height);
+}
+
+void CBPWinWidget::SetDrawBottomHLine(bool draw)
+{
+    m_frame->setDrawBottomLine(draw);
+}
+
+void CBPWinWidget::SetShadowBorder(int border)
+{
+    m_frame->shadowBorder = border;
+}
+
+void CBPWinWidget::setIsWinPE(bool isWinPE)
+{
+    m_frame->isWinPE = isWinPE;
+}
+
+void CBPWinWidget::SetDisableEscAndF4Flag(bool disable)
+{
+    m_frame->escAndF4Disabled = disable;
+}
+
+bool CBPWinWidget::isMaximized() const
+{
+    return m_frame->maximised;
+}
+
+void CBPWinWidget::setStatusBox(QWidget *box)
+{
+    m_frame->setStatusBox(box);
+}
+
+QWidget *CBPWinWidget::statusBox() const
+{
+    return m_frame->statusBox;
+}
+
+CBPWinFrmTitle *CBPWinWidget::titleBar() const
+{
+    return m_frame->title;
+}
+
+QVBoxLayout *CBPWinWidget::contentBox() const
+{
+    return m_frame->contentBox;
+}
+
+int CBPWinWidget::shadowBorder() const
+{
+    return m_frame->shadowBorder;
+}
+
+int CBPWinWidget::bottomHeight() const
+{
+    return m_frame->bottomHeight;
+}
+
+bool CBPWinWidget::drawsBottomLine() const
+{
+    return m_frame->drawBottomLine;
+}
+
+// ----------------------------------------------------------------------------------------------------------
+// hooks
+
+void CBPWinWidget::OnMax()
+{
+    m_frame->toggleMaximised();
+}
+
+void CBPWinWidget::OnClose()
+{
+    m_frame->closeWindow();
+}
+
+void CBPWinWidget::OnMin()
+{
+    showMinimized();
+}
+
+void CBPWinWidget::OnSetting() {}
+
+void CBPWinWidget::OnHelp() {}
+
+void CBPWinWidget::PreBtnClick() {}
+
+void CBPWinWidget::QQBtnClick() {}
+
+void CBPWinWidget::OnlineSupportClick() {}
+
+void CBPWinWidget::ShowMenu(const QPoint &) {}
+
+void CBPWinWidget::UpdateMainWndTitle() {}
+
+// ----------------------------------------------------------------------------------------------------------
+// what calls the hooks
+
+void CBPWinWidget::on_btn_clicked(void *self, int id)
+{
+    if (self)
+        static_cast<CBPWinWidget *>(self)->OnTitleBtnClicked(id);
+}
+
+void CBPWinWidget::OnTitleBtnClicked(int id)
+{
+    m_frame->titleButtonClicked(id);
+}
+
+void CBPWinWidget::on_dbl_clickedSlot(bool bDelete)
+{
+    if (bDelete)
+        m_frame->callCloseHook();
+    else
+        OnMax();
+}
+
+void CBPWinWidget::OnMenuClick()
+{
+    m_frame->openMenu();
+}
+
+void CBPWinWidget::closeEvent(QCloseEvent *event)
+{
+    m_frame->closeEvent(event);
+}
+
+void CBPWinWidget::keyPressEvent(QKeyEvent *event)
+{
+    m_frame->keyPressEvent(event);
+}
+
+void CBPWinWidget::paintEvent(QPaintEvent *)
+{
+    // Body and shadow are the derived classes'.
+}
+
+bool CBPWinWidget::eventFilter(QObject *watched, QEvent *event)
+{
+    m_frame->watch(watched, event);
+    return false; // nothing is kept from the parent
+}

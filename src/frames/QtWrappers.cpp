@@ -1,0 +1,109 @@
+// The classes that fix a few defaults of a Qt widget, so that all views of an application look and behave
+// alike.
+
+#include "CBPQtGroupBox.h"
+#include "CBPQtLine.h"
+#include "CBPQtMainWindow.h"
+#include "CBPQtTableView.h"
+#include "CBPTableWidget.h"
+#include "CBPTreeView.h"
+#include "CBPTreeWidget.h"
+
+#include "foundation/Painting.h"
+
+#include <QHeaderView>
+#include <QLinearGradient>
+#include <QPainter>
+
+namespace {
+
+const QColor kLineTop(214, 231, 249);
+const QColor kLineMiddle(189, 201, 211);
+const QColor kLineBottom(237, 244, 251);
+constexpr int kLineWidth = 1;
+constexpr int kRowHeight = 41;
+constexpr QAbstractItemView::EditTriggers kEditTriggers =
+    QAbstractItemView::EditTriggers(QAbstractItemView::SelectedClicked) | QAbstractItemView::EditKeyPressed;
+
+} // namespace
+
+CBPQtMainWindow::CBPQtMainWindow(QWidget *parent, Qt::WindowFlags flags) : QMainWindow(parent, flags) {}
+
+CBPQtMainWindow::~CBPQtMainWindow() = default;
+
+CBPQtGroupBox::CBPQtGroupBox(QWidget *parent) : QGroupBox(parent) {}
+
+CBPQtGroupBox::~CBPQtGroupBox() = default;
+
+void CBPQtGroupBox::paintEvent(QPaintEvent *) {}
+
+CBPQtLine::CBPQtLine(QWidget *parent) : QFrame(parent) {}
+
+CBPQtLine::~CBPQtLine() = default;
+
+void CBPQtLine::paintEvent(QPaintEvent *)
+{
+    QLinearGradient gradient(0, 0, 0, height());
+    gradient.setColorAt(0.0, kLineTop);
+    gradient.setColorAt(0.5, kLineMiddle);
+    gradient.setColorAt(1.0, kLineBottom);
+    QPainter painter(this);
+    painter.fillRect(lumqt::wholeDevicePixels(painter, QRectF(0, 0, kLineWidth, height())), gradient);
+}
+
+CBPQtTableView::CBPQtTableView(QWidget *parent) : QTableView(parent) {}
+
+CBPQtTableView::~CBPQtTableView() = default;
+
+CBPTableWidget::CBPTableWidget(QWidget *) : QTableWidget(nullptr)
+{
+    setFrameShape(QFrame::NoFrame);
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setEditTriggers(kEditTriggers);
+    setShowGrid(false);
+    setMouseTracking(true);
+    verticalHeader()->setVisible(false);
+    verticalHeader()->setDefaultSectionSize(kRowHeight);
+    horizontalHeader()->setHighlightSections(false);
+    setTextElideMode(Qt::ElideRight);
+    setSortingEnabled(true);
+}
+
+CBPTableWidget::~CBPTableWidget() = default;
+
+CBPTreeView::CBPTreeView(QWidget *) : QTreeView(nullptr) {}
+
+CBPTreeView::~CBPTreeView() = default;
+
+CBPTreeWidget::CBPTreeWidget() : QTreeWidget(nullptr)
+{
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setEditTriggers(kEditTriggers);
+    setMouseTracking(true);
+    setContextMenuPolicy(Qt::CustomContextMenu);
+    setSortingEnabled(true);
+    setRootIsDecorated(false);
+}
+
+CBPTreeWidget::~CBPTreeWidget() = default;
+
+void CBPTreeWidget::setPtOffsetSwitchOn(bool on)
+{
+    m_ptOffsetSwitchOn = on;
+}
+
+void CBPTreeWidget::setOffsetPt(bool offset)
+{
+    m_offsetPt = offset;
+}
+
+void CBPTreeWidget::mousePressEvent(QMouseEvent *event)
+{
+    QTreeWidget::mousePressEvent(event);
+}
+
+bool CBPTreeWidget::event(QEvent *event)
+{
+    return QTreeWidget::event(event);
+}

@@ -1,0 +1,247 @@
+#include "CBPBox.h"
+
+#include "foundation/Log.h"
+#include "layout/BoxPainting.h"
+#include "layout/Packing.h"
+
+#include <QBoxLayout>
+#include <QPainter>
+#include <QPointer>
+#include <QPropertyAnimation>
+
+namespace {
+
+// Callers set their own; these show where one forgot.
+const QColor kFrameColor(Qt::red);
+const QColor kGroundColor(Qt::white);
+
+// How far `now` lies on the way from `from` to `to`: 0 to 1, or less than 0 when it is not on that way.
+qreal progress(int from, int to, int now)
+{
+    if (from == to || now < qMin(from, to) || now > qMax(from, to))
+        return -1.0;
+    return qreal(now - from) / (to - from);
+}
+
+qreal progressOf(const QVariant &from, const QVariant &to, const QVariant &now)
+{
+    if (from.type() == QVariant::Int)
+        return progress(from.toInt(), to.toInt(), now.toInt());
+    const QSize start = from.toSize();
+    const QSize end = to.toSize();
+    const QSize size = now.toSize();
+    // The side with the longer way says it more exactly.
+    if (qAbs(end.width() - start.width()) >= qAbs(end.height() - start.height()))
+        return progress(start.width(), end.width(), size.width());
+    return progress(start.height(), end.height(), size.height());
+}
+
+void run(QPropertyAnimation *animation, const QVariant &from, const QVariant &to, int duration)
+{
+    if (!animation)
+        return;
+    QVariant start = from;
+    qreal done = 0.0;
+    if (animation->state() == QAbstractAnimation::Running) {
+        const QVariant now = animation->currentValue();
+        const qreal known = progressOf(from, to, now);
+        if (known >= 0.0) {
+            start = now;
+            done = known;
+        }
+        animation->stop(); // a running animation takes no notice of start()
+    }
+    animation->setDuration(qRound(qMax(0, duration) * (1.0 - done)));
+    animation->setStartValue(start);
+    animation->setEndValue(to);
+    animation->start(QAbstractAnimation::KeepWhenStopped);
+}
+
+} // namespace
+
+CBPBox::CBPBox(bool bVertical, bool bOption, int iSpacing)
+    : CBPWidget(nullptr),
+      m_bVertical(bVertical),
+      m_bOption(bOption),
+      m_iSpacing(iSpacing),
+      m_clrFrame(kFrameColor),
+      m_clrBg(kGroundColor)
+{
+    Init();
+}
+
+CBPBox::~CBPBox()
+{
+    delete m_pHeightAnimation;
+    m_pHeightAnimation = nullptr;
+    delete m_pSizeAnimation;
+    m_pSizeAnimation = nullptr;
+}
+
+void CBPBox::Init()
+{
+    if (m_bVertical)
+        m_pLayout = new QVBoxLayout;
+    else
+        m_pLayout = new QHBoxLayout;
+    m_pLayout->setContentsMargins(0, 0, 0, 0);
+    m_pLayout->setSpacing(m_iSpacing);
+    setLayout(m_pLayout);
+    m_pHeightAnimation = new QPropertyAnimation(this, "maximumHeight");
+    m_pSizeAnimation = new QPropertyAnimation(this, "size");
+}
+
+// ------------------------------------------------------------------------------------------------------------
+// packing
+
+void CBPBox::PackStart(QWidget *pWidget, bool bExpand, bool, int iPadding, Qt::Alignment align)
+{
+    if (!m_pLayout || !lumqt::canPack(this, pWidget))
+        return;
+    if (bExpand)
+        pWidget->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    m_pLayout->addWidget(pWidget, 0, align);
+    m_pLayout->addSpacing(iPadding);
+}
+
+void CBPBox::PackStart(QLayout *pLayout, int iPadding, int iStretch)
+{
+    if (!pLayout || !m_pLayout)
+        return;
+    const int before = m_pLayout->count();
+    m_pLayout->addLayout(pLayout, iStretch);
+    if (m_pLayout->count() > before) // not when it belongs to another already
+        m_pLayout->addSpacing(iPadding);
+}
+
+void CBPBox::InsertWidget(int index, QWidget *pWidget, int iStretch, Qt::Alignment align)
+{
+    if (!m_pLayout || !lumqt::canPack(this, pWidget))
+        return;
+    m_pLayout->insertWidget(index <= m_pLayout->count() ? index : -1, pWidget, iStretch, align);
+}
+
+void CBPBox::AddSpacerItem(QSpacerItem *pItem)
+{
+    if (!pItem || !m_pLayout || m_pLayout->indexOf(pItem) >= 0)
+        return;
+    m_pLayout->addSpacerItem(pItem);
+    m_givenSpacers.append(pItem);
+}
+
+void CBPBox::AddSpacing(int iSpacing)
+{
+    if (m_pLayout)
+        m_pLayout->addSpacing(iSpacing);
+}
+
+void CBPBox::RemoveChildren(bool bHide)
+{
+    const QPointer<CBPBox> alive(this);
+    while (alive && m_pLayout) {
+        QLayoutItem *item = m_pLayout->takeAt(0);
+        if (!item)
+            break;
+        const QPointer<QWidget> widget = item->widget();
+        const bool given = item->layout() || m_givenSpacers.contains(item->spacerItem());
+        if (bHide || !given)
+            delete item;
+        if (bHide && widget)
+            widget->hide(); // last: whoever watches it may delete the box
+    }
+    if (alive)
+        m_givenSpacers.clear();
+}
+
+void CBPBox::RemoveChild(QWidget *pWidget, bool bDelete)
+{
+    if (!pWidget || !m_pLayout)
+        return;
+    const int count = m_pLayout->count();
+    for (int i = 0; i < count; ++i) {
+        QLayoutItem *item = m_pLayout->itemAt(i);
+        if (!item || item->widget() != pWidget)
+            continue;
+        m_pLayout->removeWidget(pWidget);
+        if (bDelete)
+            pWidget->deleteLater();
+    }
+}
+
+// ------------------------------------------------------------------------------------------------------------
+// settings
+
+void CBPBox::SetBorderWidth(int left, int top, int right, int bottom)
+{
+    setContentsMargins(left, top, right, bottom);
+}
+
+void CBPBox::SetSpacing(int iSpacing)
+{
+    m_iSpacing = iSpacing;
+    if (m_pLayout)
+        m_pLayout->setSpacing(iSpacing);
+}
+
+void CBPBox::SetSizeConstraint(int iConstraint)
+{
+    if (iConstraint < QLayout::SetDefaultConstraint || iConstraint > QLayout::SetMinAndMaxSize) {
+        qCWarning(lcLumQt, "CBPBox: %d is no size constraint", iConstraint);
+        return;
+    }
+    if (m_pLayout)
+        m_pLayout->setSizeConstraint(static_cast<QLayout::SizeConstraint>(iConstraint));
+}
+
+void CBPBox::SetDrawFrame(bool bDrawFrame)
+{
+    m_bDrawFrame = bDrawFrame;
+}
+
+QColor CBPBox::frameColor() const
+{
+    return m_clrFrame;
+}
+
+void CBPBox::SetFrameClr(QColor clrFrame)
+{
+    m_clrFrame = clrFrame;
+    update();
+}
+
+void CBPBox::SetBgClr(QColor clrBg)
+{
+    m_clrBg = clrBg;
+    update();
+}
+
+// ------------------------------------------------------------------------------------------------------------
+// animations
+
+void CBPBox::AnimatedExpanding(int iStart, int iEnd, int iDuration)
+{
+    run(m_pHeightAnimation, qMax(0, iStart), qMax(0, iEnd), iDuration);
+}
+
+void CBPBox::AnimatedCollapse(int iStart, int iEnd, int iDuration)
+{
+    if (maximumHeight() != 0)
+        run(m_pHeightAnimation, qMax(0, iStart), qMax(0, iEnd), iDuration);
+    else if (m_pHeightAnimation)
+        m_pHeightAnimation->stop(); // folded is what was asked for
+}
+
+void CBPBox::AnimatedHorizontal(QSize start, QSize end, int iDuration)
+{
+    run(m_pSizeAnimation, start.expandedTo(QSize(0, 0)), end.expandedTo(QSize(0, 0)), iDuration);
+}
+
+void CBPBox::paintEvent(QPaintEvent *event)
+{
+    if (!m_bDrawFrame) {
+        QWidget::paintEvent(event); // not CBPWidget's: what lies below the box shows
+        return;
+    }
+    QPainter painter(this);
+    lumqt::fillFramed(painter, QRectF(rect()), m_clrBg, m_clrFrame);
+}

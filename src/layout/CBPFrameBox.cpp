@@ -1,0 +1,82 @@
+#include "CBPFrameBox.h"
+
+#include "layout/BoxPainting.h"
+#include "layout/Packing.h"
+
+#include <QPainter>
+#include <QVBoxLayout>
+
+namespace {
+
+const QColor kBandColor(250, 250, 250);
+const QColor kOutlineColor(179, 179, 179);
+constexpr int kOutlineWidth = 1;
+
+template <class Layout> Layout *emptyLayout()
+{
+    auto *layout = new Layout;
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    return layout;
+}
+
+void append(QBoxLayout *layout, QWidget *widget, int spacing)
+{
+    layout->addWidget(widget);
+    layout->addSpacing(spacing);
+}
+
+} // namespace
+
+CBPFrameBox::CBPFrameBox(int iTitleHeight, int iBottomHeight, QWidget *)
+    : QWidget(nullptr), m_iTitleHeight(iTitleHeight), m_iBottomHeight(iBottomHeight)
+{
+    Init();
+}
+
+CBPFrameBox::~CBPFrameBox() = default;
+
+void CBPFrameBox::Init()
+{
+    auto *column = emptyLayout<QVBoxLayout>();
+    setLayout(column);
+    m_pTitleLayout = emptyLayout<QHBoxLayout>();
+    m_pContentLayout = emptyLayout<QVBoxLayout>();
+    m_pBottomLayout = emptyLayout<QHBoxLayout>();
+    column->addLayout(m_pTitleLayout);
+    column->addLayout(m_pContentLayout);
+    column->addLayout(m_pBottomLayout);
+}
+
+void CBPFrameBox::AddTitleWidget(QWidget *pWidget, int iSpacing)
+{
+    if (lumqt::canPack(this, pWidget))
+        append(m_pTitleLayout, pWidget, iSpacing);
+}
+
+void CBPFrameBox::AddContentWidget(QWidget *pWidget, int iSpacing)
+{
+    if (lumqt::canPack(this, pWidget))
+        append(m_pContentLayout, pWidget, iSpacing);
+}
+
+void CBPFrameBox::AddBottomWidget(QWidget *pWidget, int iSpacing)
+{
+    if (lumqt::canPack(this, pWidget))
+        append(m_pBottomLayout, pWidget, iSpacing);
+}
+
+void CBPFrameBox::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    QRect band = rect();
+    band.setHeight(m_iTitleHeight);
+    lumqt::fillPixels(painter, QRectF(band).normalized(), kBandColor);
+    // Only the top edge moves: in a box higher than both bands together the rectangle is upside down and
+    // covers what lies between them. Meant so; windows were drawn for it.
+    band.setTop(rect().height() - m_iBottomHeight);
+    lumqt::fillPixels(painter, QRectF(band).normalized(), kBandColor);
+    // An outline of the whole rectangle: its right and bottom lines are outside the widget.
+    lumqt::fillPixels(painter, QRectF(0, 0, width(), kOutlineWidth), kOutlineColor);
+    lumqt::fillPixels(painter, QRectF(0, 0, kOutlineWidth, height()), kOutlineColor);
+}

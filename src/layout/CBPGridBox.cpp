@@ -1,0 +1,46 @@
+#include "CBPGridBox.h"
+
+#include "layout/BoxPainting.h"
+
+#include <QLayout>
+#include <QPainter>
+
+namespace {
+
+const QColor kLineColor(215, 215, 215);
+constexpr int kLineWidth = 1;
+
+} // namespace
+
+CBPGridBox::CBPGridBox(bool bVertical, bool bOption, int iSpacing) : CBPBox(bVertical, bOption, iSpacing)
+{
+    SetFrameClr(kLineColor);
+    SetDrawFrame(true);
+    SetBorderWidth(kLineWidth, kLineWidth, kLineWidth, kLineWidth);
+    SetSpacing(kLineWidth);
+}
+
+CBPGridBox::~CBPGridBox() = default;
+
+void CBPGridBox::PackStart(QWidget *pWidget, bool bExpand, bool bOption, int iPadding, Qt::Alignment align)
+{
+    CBPBox::PackStart(pWidget, bExpand, bOption, iPadding, align);
+    if (pWidget && layout() && layout()->indexOf(pWidget) >= 0)
+        m_listWidgets.append(pWidget);
+}
+
+void CBPGridBox::paintEvent(QPaintEvent *event)
+{
+    CBPBox::paintEvent(event);
+    QPainter painter(this);
+    int x = 0;
+    for (int i = 0; i + 1 < m_listWidgets.size(); ++i) {
+        const QWidget *cell = m_listWidgets.at(i);
+        if (!cell)
+            continue;
+        x += kLineWidth + cell->width();
+        // Cells run from right to left where the language does.
+        const int left = layoutDirection() == Qt::RightToLeft ? width() - kLineWidth - x : x;
+        lumqt::fillPixels(painter, QRectF(left, 1, kLineWidth, height() - 1), frameColor());
+    }
+}

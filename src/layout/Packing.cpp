@@ -1,0 +1,23 @@
+#include "layout/Packing.h"
+
+#include "foundation/Log.h"
+
+#include <QWidget>
+
+namespace lumqt {
+
+bool canPack(const QWidget *container, const QWidget *widget)
+{
+    if (!widget)
+        return false;
+    for (const QWidget *around = container; around; around = around->parentWidget()) {
+        if (around == widget) {
+            qCWarning(lcLumQt, "A %s cannot hold itself or a widget that it lies in",
+                      container->metaObject()->className());
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace lumqt

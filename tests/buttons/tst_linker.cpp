@@ -1,0 +1,402 @@
+#include "CBPCheckBox.h"
+#include "CBPLinkerButton.h"
+#include "TestMain.h"
+
+#include <QAccessible>
+#include <QPointer>
+#include <QSignalSpy>
+#include <QVBoxLayout>
+
+namespace {
+
+const QColor kNormal(0, 140, 255);
+const QColor kPressed(83, 178, 255);
+const QColor kDisabled(189, 189, 189);
+const QColor kOwn[] = {Qt::red, Qt::green, Qt::blue, Qt::magenta};
+const QVector<QColor> kOwnColors{kOwn[0], kOwn[1], kOwn[2], kOwn[3]};
+const QString kText = QStringLiteral("WWWWWWWW");
+
+QImage picture(QWidget &widget, int ratio = 1)
+{
+    QImage image(widget.size() * ratio, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(ratio);
+    image.fill(Qt::white);
+    widget.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+    return image;
+}
+
+// The colour that the text of the link is painted in: of a run of pixels that is a stroke or an underline.
+bool paintedIn(QWidget &link, const QColor &color)
+{
+    const QImage image = picture(link);
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (image.pixelColor(x, y) == color)
+                return true;
+        }
+    }
+    return false;
+}
+
+// A line below the text, as long as the text (and not the ring of the focus, at the very bottom).
+bool underlinedAt(QWidget &link, int ratio)
+{
+    picture(link, ratio); // the text is painted another way from the second time on
+    const QImage image = picture(link, ratio);
+    for (int y = image.height() / 2; y < image.height() - ratio; ++y) {
+        int run = 0;
+        for (int x = 2; x < image.width() - 2; ++x)
+            run += image.pixelColor(x, y) != QColor(Qt::white);
+        if (run > image.width() * 9 / 10)
+            return true;
+    }
+    return false;
+}
+
+bool underlined(QWidget &link)
+{
+    const bool plain = underlinedAt(link, 1);
+    if (underlinedAt(link, 2) != plain)
+        QTest::qFail("underlined at one density only", __FILE__, __LINE__);
+    return plain;
+}
+
+void send(QWidget &widget, QEvent::Type type)
+{
+    if (type == QEvent::Enter) {
+        QEnterEvent event(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
+        QCoreApplication::sendEvent(&widget, &event);
+    } else if (type == QEvent::FocusIn || type == QEvent::FocusOut) {
+        QFocusEvent event(type, Qt::TabFocusReason);
+        QCoreApplication::sendEvent(&widget, &event);
+    } else {
+        QEvent event(type);
+        QCoreApplication::sendEvent(&widget, &event);
+    }
+}
+
+void mouse(QWidget &widget, QEvent::Type type, Qt::MouseButton button = Qt::LeftButton)
+{
+    QMouseEvent event(type, QPointF(2, 2), button, button, Qt::NoModifier);
+    QCoreApplication::sendEvent(&widget, &event);
+}
+
+QAccessibleInterface *accessible(QWidget *widget)
+{
+    return QAccessible::queryAccessibleInterface(widget);
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(QEvent::Type)
+
+class TestLinker : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void defaults()
+    {
+        QWidget parent;
+        CBPLinkerButton link("R&D <b>x</b>", ENLinkerTypeHover, -7, &parent);
+        QCOMPARE(link.parentWidget(), &parent);
+        QCOMPARE(link.text(), QString("R&D <b>x</b>"));
+        QCOMPARE(link.bindData(), -7);
+        QVERIFY(!link.IsSelected());
+        QCOMPARE(link.cursor().shape(), Qt::PointingHandCursor);
+        QCOMPARE(link.sizePolicy(), QSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed));
+        QVERIFY(link.styleSheet().startsWith("QLabel{font-family:\""));
+        QVERIFY(link.styleSheet().endsWith("\"; font-size:14px;}"));
+        link.resize(link.sizeHint());
+        QVERIFY(paintedIn(link, kNormal));
+    }
+
+    void fontSize()
+    {
+        CBPLinkerButton link(kText);
+        const int small = link.sizeHint().width();
+        link.SetFontPixel(28);
+        QCOMPARE(link.styleSheet(), QString("QLabel{font-size:28px;}"));
+        QVERIFY(link.sizeHint().width() > small * 3 / 2);
+        link.resize(link.sizeHint());
+        picture(link);
+        QCOMPARE(link.toolTip(), QString()); // its own size is always enough
+        for (const int bad : {0, -3}) {
+            QTest::ignoreMessage(QtWarningMsg,
+                                 qPrintable(QString("CBPLinkerButton: %1 is no font size").arg(bad)));
+            link.SetFontPixel(bad);
+        }
+        QCOMPARE(link.styleSheet(), QString("QLabel{font-size:28px;}"));
+    }
+
+    void looks_data()
+    {
+        using Events = QVector<QEvent::Type>;
+        QTest::addColumn<int>("type");
+        QTest::addColumn<Events>("events");
+        QTest::addColumn<int>("color");
+        QTest::addColumn<bool>("line");
+        const Events none;
+        const Events enter{QEvent::Enter};
+        const Events left{QEvent::Enter, QEvent::Leave};
+        const Events focus{QEvent::FocusIn};
+        const Events press{QEvent::Enter, QEvent::MouseButtonPress};
+        const Events click{QEvent::Enter, QEvent::MouseButtonPress, QEvent::MouseButtonRelease};
+        QTest::newRow("always, at rest") << 0 << none << 0 << true;
+        QTest::newRow("always, hovered") << 0 << enter << 1 << true;
+        QTest::newRow("always, left") << 0 << left << 0 << true;
+        QTest::newRow("hover, at rest") << 1 << none << 0 << false;
+        QTest::newRow("hover, hovered") << 1 << enter << 1 << true;
+        QTest::newRow("hover, left") << 1 << left << 0 << false;
+        QTest::newRow("hover, focused") << 1 << focus << 1 << false;
+        QTest::newRow("hover, focus gone") << 1 << Events{QEvent::FocusIn, QEvent::FocusOut} << 0 << false;
+        QTest::newRow("hover, pressed") << 1 << press << 2 << true;
+        QTest::newRow("hover, clicked: at rest until the next enter") << 1 << click << 0 << true;
+        QTest::newRow("never, hovered") << 2 << enter << 1 << false;
+        QTest::newRow("never, pressed") << 2 << press << 2 << false;
+        QTest::newRow("unknown type") << 9 << press << 2 << false;
+    }
+
+    void looks()
+    {
+        QFETCH(int, type);
+        QFETCH(QVector<QEvent::Type>, events);
+        QFETCH(int, color);
+        QFETCH(bool, line);
+        CBPLinkerButton link(kText, ENLinkerType(type));
+        link.SetTextColor(kOwnColors);
+        link.resize(link.sizeHint());
+        for (const QEvent::Type event : events) {
+            if (event == QEvent::MouseButtonPress || event == QEvent::MouseButtonRelease)
+                mouse(link, event);
+            else
+                send(link, event);
+        }
+        for (int i = 0; i < 4; ++i)
+            QCOMPARE(paintedIn(link, kOwn[i]), i == color);
+        QCOMPARE(underlined(link), line);
+
+        link.SetSelected(true);
+        QVERIFY(link.IsSelected());
+        QVERIFY(paintedIn(link, kOwn[2]));
+        link.setEnabled(false);
+        QVERIFY(paintedIn(link, kOwn[3]) && !paintedIn(link, kOwn[2]));
+        QVERIFY(!underlined(link));
+    }
+
+    void colours()
+    {
+        CBPLinkerButton link(kText, ENLinkerTypeAlways);
+        link.resize(link.sizeHint());
+        link.SetSelected(true);
+        QVERIFY(paintedIn(link, kPressed));
+        link.SetTextColor(QVector<QColor>{Qt::red}); // what is missing is built in
+        QVERIFY(paintedIn(link, kPressed));
+        link.setEnabled(false);
+        QVERIFY(paintedIn(link, kDisabled));
+        QColor one(Qt::darkGreen);
+        link.SetTextColor(one);
+        QVERIFY(paintedIn(link, one));
+        link.setEnabled(true);
+        QVERIFY(paintedIn(link, one));
+        link.SetSelected(false);
+        QVERIFY(paintedIn(link, one));
+    }
+
+    void changesOfTheType()
+    {
+        CBPLinkerButton link(kText, ENLinkerTypeAlways);
+        link.resize(link.sizeHint());
+        QVERIFY(underlined(link));
+        link.SetLinkerType(ENLinkerTypeHover);
+        QVERIFY(!underlined(link));
+        link.SetLinkerType(ENLinkerTypeNever);
+        QVERIFY(!underlined(link));
+        link.SetLinkerType(ENLinkerTypeAlways);
+        QVERIFY(underlined(link));
+    }
+
+    void mouseClicks_data()
+    {
+        QTest::addColumn<int>("button");
+        QTest::addColumn<bool>("enabled");
+        QTest::addColumn<int>("signalCount");
+        QTest::newRow("left") << int(Qt::LeftButton) << true << 1;
+        QTest::newRow("right") << int(Qt::RightButton) << true << 0;
+        QTest::newRow("disabled") << int(Qt::LeftButton) << false << 0;
+    }
+
+    void mouseClicks()
+    {
+        QFETCH(int, button);
+        QFETCH(bool, enabled);
+        QFETCH(int, signalCount);
+        CBPLinkerButton link(kText, ENLinkerTypeNever, 42);
+        link.SetTextColor(kOwnColors);
+        link.resize(link.sizeHint());
+        link.setEnabled(enabled);
+        QSignalSpy spy(&link, &CBPLinkerButton::sigLinkerClick);
+        mouse(link, QEvent::MouseButtonPress, Qt::MouseButton(button));
+        QCOMPARE(paintedIn(link, kOwn[2]), signalCount == 1);
+        QCOMPARE(spy.count(), 0);
+        mouse(link, QEvent::MouseButtonRelease, Qt::MouseButton(button));
+        QCOMPARE(spy.count(), signalCount);
+        if (signalCount)
+            QCOMPARE(spy.at(0).at(0).toInt(), 42);
+    }
+
+    void disabledLinkKeepsItsLook()
+    {
+        CBPLinkerButton link(kText, ENLinkerTypeHover, 1);
+        link.SetTextColor(kOwnColors);
+        link.resize(link.sizeHint());
+        send(link, QEvent::Enter);
+        link.setEnabled(false);
+        for (const QEvent::Type type : {QEvent::Enter, QEvent::FocusIn, QEvent::Leave})
+            send(link, type);
+        QVERIFY(paintedIn(link, kOwn[3]));
+        link.setEnabled(true); // the mouse has gone meanwhile
+        QVERIFY(paintedIn(link, kOwn[0]));
+        QVERIFY(!underlined(link));
+    }
+
+    void keyboard()
+    {
+        QWidget window;
+        auto *layout = new QVBoxLayout(&window);
+        auto *other = new QCheckBox;
+        auto *link = new CBPLinkerButton(kText, ENLinkerTypeNever, 5);
+        link->SetTextColor(kOwnColors);
+        layout->addWidget(other);
+        layout->addWidget(link);
+        window.show();
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QSignalSpy spy(link, &CBPLinkerButton::sigLinkerClick);
+        other->setFocus();
+        const QImage before = picture(*link);
+        QTest::keyClick(other, Qt::Key_Tab);
+        QVERIFY(link->hasFocus());
+        QVERIFY(paintedIn(*link, kOwn[1]));
+        QVERIFY(picture(*link).pixelColor(link->width() / 2, 0) != before.pixelColor(link->width() / 2, 0));
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+            spy.clear();
+            QTest::keyPress(link, key);
+            QCOMPARE(spy.count(), key == Qt::Key_Space ? 0 : 1);
+            QCOMPARE(paintedIn(*link, kOwn[2]), key == Qt::Key_Space);
+            QTest::keyRelease(link, key);
+            QCOMPARE(spy.count(), 1);
+            QCOMPARE(spy.at(0).at(0).toInt(), 5);
+            QVERIFY(paintedIn(*link, kOwn[1]));
+        }
+        spy.clear();
+        QTest::keyPress(link, Qt::Key_Space);
+        other->setFocus(); // let go elsewhere
+        QTest::keyRelease(link, Qt::Key_Space);
+        QTest::keyClick(link, Qt::Key_A);
+        QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), true);
+        QCoreApplication::sendEvent(link, &repeated);
+        QCOMPARE(spy.count(), 0);
+        QTest::mouseClick(link, Qt::LeftButton); // leaves the focus alone
+        QCOMPARE(spy.count(), 1);
+        QVERIFY(other->hasFocus());
+    }
+
+    void diesInItsSignal_data()
+    {
+        QTest::addColumn<int>("key"); // 0: the mouse
+        QTest::newRow("mouse") << 0;
+        QTest::newRow("Enter") << int(Qt::Key_Return);
+        QTest::newRow("Space") << int(Qt::Key_Space);
+    }
+
+    void diesInItsSignal()
+    {
+        QFETCH(int, key);
+        QPointer<CBPLinkerButton> link = new CBPLinkerButton(kText);
+        connect(link.data(), &CBPLinkerButton::sigLinkerClick, this, [&link] { delete link; });
+        if (!key) {
+            mouse(*link, QEvent::MouseButtonRelease);
+        } else {
+            for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+                QKeyEvent event(type, key, Qt::NoModifier);
+                if (link)
+                    QCoreApplication::sendEvent(link, &event);
+            }
+        }
+        QVERIFY(!link);
+    }
+
+    void tipOfAnElidedText()
+    {
+        CBPLinkerButton link("A text that does not always fit");
+        link.resize(link.sizeHint());
+        const int whole = link.width();
+        picture(link);
+        QCOMPARE(link.toolTip(), QString());
+        link.resize(whole / 2, link.height());
+        QCOMPARE(link.toolTip(), QString()); // at the next paint
+        picture(link);
+        QCOMPARE(link.toolTip(), link.text());
+        link.setText("Another text that does not fit");
+        picture(link);
+        QCOMPARE(link.toolTip(), link.text());
+        link.resize(1, link.height());
+        picture(link);
+        link.resize(whole * 2, link.height());
+        picture(link);
+        QCOMPARE(link.toolTip(), QString());
+        link.SetFontPixel(60); // the same width, another font
+        picture(link);
+        QCOMPARE(link.toolTip(), link.text());
+    }
+
+    void screenReader()
+    {
+        QWidget parent;
+        CBPLinkerButton link("Learn more", ENLinkerTypeHover, 3, &parent);
+        QSignalSpy spy(&link, &CBPLinkerButton::sigLinkerClick);
+        QAccessibleInterface *reader = accessible(&link);
+        QVERIFY(reader);
+        QCOMPARE(reader->role(), QAccessible::Link);
+        QCOMPARE(reader->text(QAccessible::Name), QString("Learn more"));
+        QVERIFY(reader->state().focusable);
+        QVERIFY(reader->actionInterface()->actionNames().contains(QAccessibleActionInterface::pressAction()));
+        reader->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        QCOMPARE(spy.count(), 1);
+        QCOMPARE(spy.at(0).at(0).toInt(), 3);
+        link.setAccessibleName("About links");
+        QCOMPARE(reader->text(QAccessible::Name), QString("About links"));
+        link.setEnabled(false);
+        reader->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        QCOMPARE(spy.count(), 1);
+
+        QLabel label("A label");
+        QCOMPARE(accessible(&label)->role(), QAccessible::StaticText);
+    }
+
+    void checkBox()
+    {
+        QWidget parent;
+        auto *plain = new CBPCheckBox(&parent);
+        CBPCheckBox box(QString("Remember me"), &parent);
+        QCOMPARE(plain->text(), QString());
+        QCOMPARE(plain->parentWidget(), &parent);
+        QCOMPARE(box.text(), QString("Remember me"));
+        QCOMPARE(accessible(&box)->role(), QAccessible::CheckBox);
+
+        // Addressed by its class, and painted as any check box.
+        box.setStyleSheet(
+            "CBPCheckBox { color: #ff0000; } CBPCheckBox::indicator { width: 20px; height: 20px; "
+            "background: #0000ff; }");
+        box.resize(box.sizeHint());
+        QVERIFY(paintedIn(box, Qt::blue));
+        QSignalSpy spy(&box, &QCheckBox::toggled);
+        QTest::keyClick(&box, Qt::Key_Space);
+        QCOMPARE(spy.count(), 1);
+        QVERIFY(box.isChecked());
+    }
+};
+
+LUMQT_TEST_MAIN(TestLinker)
+#include "tst_linker.moc"

@@ -1,0 +1,123 @@
+#pragma once
+
+#include "CBPWinFrm.h"
+#include "CBPWinFrmTitle.h"
+#include "CBPWinWidget.h"
+
+#include <QtTest>
+
+// What the tests of the two framed windows share: each runs for both classes.
+
+enum Closing { ByBase, Directly, NotAtAll };
+
+// Either framed window. It notes its hooks, and may be deleted in one of them.
+template <class Base> class Probe : public Base
+{
+public:
+    using Base::Base;
+    using Base::bottomHeight;
+    using Base::contentBox;
+    using Base::drawsBottomLine;
+    using Base::Init;
+    using Base::OnMenuClick;
+    using Base::setStatusBox;
+    using Base::shadowBorder;
+    using Base::statusBox;
+    using Base::titleBar;
+
+    QStringList calls;
+    QString deadly; // the hook that deletes the window
+    int closing = ByBase;
+    QPoint menuAt;
+
+    void OnMax() override
+    {
+        if (survives("max"))
+            Base::OnMax();
+    }
+    void OnClose() override
+    {
+        if (!survives("close") || closing == NotAtAll)
+            return;
+        if (closing == Directly)
+            this->close();
+        else
+            Base::OnClose();
+    }
+    void OnMin() override
+    {
+        if (survives("min"))
+            Base::OnMin();
+    }
+    void OnSetting() override { survives("setting"); }
+    void OnHelp() override { survives("help"); }
+    void PreBtnClick() override { survives("previous"); }
+    void QQBtnClick() override { survives("contact"); }
+    void OnlineSupportClick() override { survives("support"); }
+    virtual void DiscountBtnSlot() { survives("offer"); } // a hook of the dialog only
+    void ShowMenu(const QPoint &globalPos) override
+    {
+        menuAt = globalPos;
+        survives("menu");
+    }
+
+private:
+    bool survives(const char *hook)
+    {
+        calls << QLatin1String(hook);
+        if (deadly != QLatin1String(hook))
+            return true;
+        delete this;
+        return false;
+    }
+};
+
+using Dialog = Probe<CBPWinFrm>;
+using Widget = Probe<CBPWinWidget>;
+
+template <class Window> struct ClassOf
+{
+    using type = Window;
+};
+
+inline void classes()
+{
+    QTest::addColumn<bool>("isDialog");
+    QTest::newRow("CBPWinFrm") << true;
+    QTest::newRow("CBPWinWidget") << false;
+}
+
+// A row for each class with the columns of the row; `add` gets the name of the class.
+template <class Add> void forClasses(Add add)
+{
+    for (const bool isDialog : {true, false})
+        add(isDialog, isDialog ? "CBPWinFrm" : "CBPWinWidget");
+}
+
+// Runs a test for the class of the data row.
+template <class Body> void inClass(Body body)
+{
+    QFETCH(bool, isDialog);
+    if (isDialog)
+        body(ClassOf<Dialog>());
+    else
+        body(ClassOf<Widget>());
+}
+
+template <class Window> void showActive(Window &window)
+{
+    window.show();
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+}
+
+template <class Window> void clickTitle(Window &window, int id)
+{
+    window.titleBar()->on_btn_clicekedSlot(id);
+}
+
+// What Alt+F4 and the task bar do.
+template <class Window> void closeBySystem(Window &window)
+{
+    window.windowHandle()->close();
+}

@@ -1,0 +1,457 @@
+#include "CBPWinFrmTitle.h"
+
+#include "CBPImageButton.h"
+#include "TestMain.h"
+#include "Util.h"
+
+#include <QAccessible>
+#include <QLabel>
+#include <QLayout>
+#include <QLinearGradient>
+#include <QSignalSpy>
+
+namespace {
+
+const QColor kGround(34, 42, 62);
+constexpr int kIds[] = {2, 8, 64, 128, 2048, 4096};
+
+QString common(const char *name)
+{
+    return Util::getLumResFullPath(QLatin1String(name));
+}
+
+QVector<QString> maximiseImages()
+{
+    QVector<QString> images;
+    for (const char *state : {"normal", "hover", "press", "disable"})
+        images << Util::getResFullPath(QStringLiteral("../res/maximize_%1.png").arg(QLatin1String(state)));
+    return images;
+}
+
+CBPImageButton *button(QWidget &bar, int id)
+{
+    const auto all = bar.findChildren<CBPImageButton *>();
+    for (CBPImageButton *one : all) {
+        if (one->GetID() == id)
+            return one;
+    }
+    return nullptr;
+}
+
+QLabel *titleLabel(QWidget &bar)
+{
+    return bar.findChild<QLabel *>(QStringLiteral("CBPWinFrmTitle_WindTitle"));
+}
+
+QLabel *iconLabel(QWidget &bar)
+{
+    const auto all = bar.findChildren<QLabel *>(QString(), Qt::FindDirectChildrenOnly);
+    for (QLabel *one : all) {
+        if (one->objectName().isEmpty())
+            return one;
+    }
+    return nullptr;
+}
+
+QImage shot(QWidget &widget)
+{
+    QImage image(widget.size(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    widget.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+    return image;
+}
+
+void send(QWidget &bar, QEvent::Type type, const QPoint &at, const QPoint &global,
+          Qt::MouseButton mouseButton = Qt::LeftButton)
+{
+    QMouseEvent event(type, at, global, mouseButton, mouseButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&bar, &event);
+}
+
+void recordId(void *context, int id)
+{
+    static_cast<QVector<int> *>(context)->append(id);
+}
+
+// A window with a bar in it, as wide as it.
+struct Window : QWidget
+{
+    CBPWinFrmTitle bar{this};
+    explicit Window(int width = 600)
+    {
+        resize(width, 200);
+        bar.resize(width, bar.height());
+    }
+};
+
+} // namespace
+
+class TestTitle : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void atFirst()
+    {
+        Window w;
+        w.show();
+        QCOMPARE(w.bar.height(), 60);
+        QCOMPARE(w.bar.findChildren<CBPImageButton *>().size(), 6);
+        for (int id : kIds) {
+            QVERIFY2(button(w.bar, id), QByteArray::number(id));
+            QVERIFY(button(w.bar, id)->isHidden());
+            QCOMPARE(button(w.bar, id)->focusPolicy(), Qt::NoFocus);
+            QVERIFY(!button(w.bar, id)->size().isEmpty()); // its images are there
+        }
+        QVERIFY(titleLabel(w.bar)->isHidden());
+        QVERIFY(iconLabel(w.bar)->isHidden());
+        QCOMPARE(titleLabel(w.bar)->palette().color(QPalette::WindowText), QColor(127, 143, 164));
+        QCOMPARE(button(w.bar, 128)->size(), QSize(48, 32));
+    }
+
+    void names_data()
+    {
+        QTest::addColumn<int>("id");
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("toolTip");
+        QTest::newRow("minimise") << 2 << "Minimize"
+                                  << "";
+        QTest::newRow("close") << 8 << "Close"
+                               << "";
+        QTest::newRow("menu") << 64 << "Menu"
+                              << "Menu";
+        QTest::newRow("back") << 128 << "Back"
+                              << "Back";
+        QTest::newRow("support") << 2048 << "Online Support"
+                                 << "Online Support";
+        QTest::newRow("offer") << 4096 << "Limited-time Offer"
+                               << "Limited-time Offer";
+    }
+    void names()
+    {
+        QFETCH(int, id);
+        Window w;
+        CBPImageButton *tested = button(w.bar, id);
+        QTEST(tested->toolTip(), "toolTip");
+        const QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(tested);
+        QTEST(spoken->text(QAccessible::Name), "name");
+        tested->setToolTip(QStringLiteral("other"));
+        QEvent language(QEvent::LanguageChange);
+        QCoreApplication::sendEvent(&w.bar, &language);
+        QFETCH(QString, toolTip);
+        QCOMPARE(tested->toolTip(), toolTip.isEmpty() ? QStringLiteral("other") : toolTip);
+    }
+
+    // From left to right; the gap between two buttons is the spacing with what is added to it.
+    void places()
+    {
+        Window w(800);
+        QString icon = common("gift_normal.svg");
+        w.bar.SetLog(icon);
+        w.bar.SetTitle(QStringLiteral("T"), false);
+        w.bar.ShowTitleBtn(~0, true);
+        w.show();
+        const auto left = [&w](int id) { return button(w.bar, id)->x(); };
+        const auto width = [&w](int id) { return button(w.bar, id)->width(); };
+        QCOMPARE(iconLabel(w.bar)->x(), 16);
+        QCOMPARE(titleLabel(w.bar)->x(), 16 + iconLabel(w.bar)->width() + 5);
+        QCOMPARE(left(128), titleLabel(w.bar)->geometry().right() + 1 + 5);
+        QCOMPARE(left(8) + width(8), 800 - 12 - 6);
+        const int row[] = {4096, 2048, 64, 2, 8};
+        for (int i = 1; i < 5; ++i)
+            QCOMPARE(left(row[i]) - left(row[i - 1]) - width(row[i - 1]), 16);
+        for (int id : kIds)
+            QCOMPARE(button(w.bar, id)->geometry().center().y(), 29);
+    }
+
+    void bits()
+    {
+        Window w;
+        w.show();
+        w.bar.SetTitle(QStringLiteral("T"), false);
+        QString icon = common("gift_normal.svg");
+        w.bar.SetLog(icon);
+        for (int id : kIds) {
+            w.bar.ShowTitleBtn(id | 4 | 16 | 32 | 1024 | 1 | 8192, true);
+            for (int other : kIds)
+                QCOMPARE(button(w.bar, other)->isVisible(), other == id);
+            w.bar.ShowTitleBtn(id, false);
+            w.bar.EnableTitleBtn(~id, false);
+            for (int other : kIds)
+                QCOMPARE(button(w.bar, other)->isEnabled(), other == id);
+            w.bar.EnableTitleBtn(~0, true);
+        }
+        w.bar.ShowTitleBtn(256, false);
+        QVERIFY(iconLabel(w.bar)->isHidden() && titleLabel(w.bar)->isVisible());
+        w.bar.ShowTitleBtn(256 | 512, true);
+        QVERIFY(iconLabel(w.bar)->isVisible() && titleLabel(w.bar)->isVisible());
+        w.bar.SetTitleBtnEnable(false);
+        for (int id : kIds)
+            QCOMPARE(button(w.bar, id)->isEnabled(), id >= 2048);
+        delete button(w.bar, 2048);
+        w.bar.ShowTitleBtn(4096 | 2048, true); // the one not without the other
+        QVERIFY(button(w.bar, 4096)->isHidden());
+        for (int id : {2, 8, 64, 128})
+            delete button(w.bar, id);
+        w.bar.ShowTitleBtn(~0, true);
+        w.bar.SetTitleBtnEnable(true);
+        w.bar.SetHasNewVersion(true);
+        w.bar.SetIconTips();
+        QVERIFY(!w.bar.titleBtn(255));
+    }
+
+    void labels()
+    {
+        Window w;
+        w.show();
+        w.bar.ShowTitleBtn(512, false); // switched off before there is anything
+        w.bar.SetTitle(QStringLiteral("A <b>&title</b>"), false);
+        QVERIFY(titleLabel(w.bar)->isHidden());
+        w.bar.ShowTitleBtn(512, true);
+        QVERIFY(titleLabel(w.bar)->isVisible());
+        QCOMPARE(titleLabel(w.bar)->text(), QStringLiteral("A <b>&title</b>"));
+        QCOMPARE(titleLabel(w.bar)->textFormat(), Qt::PlainText);
+        w.bar.SetTitle(common("back_normal.png"), true);
+        QCOMPARE(titleLabel(w.bar)->pixmap(Qt::ReturnByValue).size(), QSize(48, 32) * w.devicePixelRatioF());
+        w.bar.layout()->activate();
+        QCOMPARE(titleLabel(w.bar)->size(), QSize(48, 32));
+        for (bool image : {true, false}) {
+            w.bar.SetTitle(image ? QStringLiteral("no such.png") : QString(), image);
+            QVERIFY(titleLabel(w.bar)->isHidden());
+        }
+        QString missing;
+        w.bar.SetLog(missing);
+        QVERIFY(iconLabel(w.bar)->isHidden());
+        w.bar.SetTitleTextStyle(QStringLiteral("QLabel { font-size: 30px; }"));
+        QCOMPARE(titleLabel(w.bar)->styleSheet(), QStringLiteral("QLabel { font-size: 30px; }"));
+    }
+
+    void longTitle()
+    {
+        Window w(300);
+        w.bar.ShowTitleBtn(8, true);
+        w.bar.SetTitle(QString(200, QLatin1Char('M')), false);
+        w.show();
+        QCOMPARE(w.bar.width(), 300);
+        QVERIFY(w.bar.minimumSizeHint().width() < 300);
+        QVERIFY(titleLabel(w.bar)->geometry().right() < button(w.bar, 8)->x());
+        // Less is drawn at the end of the line than of a row of the letter: an ellipsis.
+        const QImage cut = shot(w.bar);
+        const int right = titleLabel(w.bar)->geometry().right();
+        int inked = 0;
+        for (int x = right - 4; x <= right; ++x)
+            inked += cut.pixelColor(x, 26) != kGround;
+        QCOMPARE(inked, 0);
+    }
+
+    void colours()
+    {
+        Window w;
+        const QPoint inside(300, 30);
+        const auto ground = [&] { return shot(w.bar).pixelColor(inside); };
+        QCOMPARE(ground(), kGround);
+        QColor red(Qt::red);
+        w.bar.SetBgColor(red);
+        QCOMPARE(ground(), red);
+        QColor none;
+        w.bar.SetBgColor(none);
+        QCOMPARE(ground(), red);
+        QLinearGradient gradient(0, 0, 0, 1);
+        gradient.setColorAt(0, Qt::blue);
+        gradient.setColorAt(1, Qt::blue);
+        w.bar.setLinerBrush(gradient);
+        QCOMPARE(ground(), QColor(Qt::blue));
+        w.bar.SetTitleClr(Qt::green);
+        w.bar.SetTitleClr(none);
+        QCOMPARE(titleLabel(w.bar)->palette().color(QPalette::WindowText), QColor(Qt::green));
+    }
+
+    void configuredColours()
+    {
+        const QString file = Util::getResFullPath(QStringLiteral("../res/UIConfig.ini"));
+        const auto read = [&file](const char *key) {
+            QVariant value;
+            Util::readIni(QStringLiteral("window"), QLatin1String(key), value, file);
+            return value;
+        };
+        const auto write = [&file](const char *key, const QVariant &value) {
+            Util::writeIni(QStringLiteral("window"), QLatin1String(key), value, file);
+        };
+        const QVariant oldGround = read("title_bgcolor");
+        const QVariant oldText = read("title_textcolor");
+        QFile::copy(file, file + QStringLiteral(".kept"));
+        write("title_bgcolor", QStringLiteral("#102030"));
+        write("title_textcolor", QStringLiteral("no colour"));
+        QTest::ignoreMessage(QtWarningMsg,
+                             QRegularExpression(QStringLiteral("title_textcolor .* is no colour")));
+        const auto w = std::make_unique<Window>();
+        QFile::remove(file);
+        QFile::rename(file + QStringLiteral(".kept"), file);
+        QCOMPARE(shot(w->bar).pixelColor(300, 30), QColor(0x10, 0x20, 0x30));
+        QCOMPARE(titleLabel(w->bar)->palette().color(QPalette::WindowText), QColor(127, 143, 164));
+        QCOMPARE(read("title_bgcolor"), oldGround);
+        QCOMPARE(read("title_textcolor"), oldText);
+    }
+
+    void corners_data()
+    {
+        QTest::addColumn<int>("radius");
+        QTest::addColumn<int>("flags"); // top left, top right, bottom right, bottom left
+        for (int flags = 0; flags < 16; ++flags)
+            QTest::addRow("radius 12, %d", flags) << 12 << flags;
+        QTest::newRow("no radius") << 0 << 15;
+        QTest::newRow("too large") << 100000 << 15;
+    }
+    void corners()
+    {
+        QFETCH(int, radius);
+        QFETCH(int, flags);
+        CRoundedRectBase plate(unsigned(radius), nullptr, flags & 1, flags & 2, flags & 4, flags & 8);
+        plate.resize(60, 40);
+        const QPoint at[] = {{0, 0}, {59, 0}, {59, 39}, {0, 39}};
+        for (bool enabled : {true, false, true}) {
+            plate.SetRoundRectEnabled(enabled);
+            const QImage image = shot(plate);
+            for (int i = 0; i < 4; ++i) {
+                const bool round = enabled && radius > 0 && flags & (1 << i);
+                QCOMPARE(image.pixelColor(at[i]).alpha(), round ? 0 : 255);
+            }
+            // The edges are covered to the last pixel.
+            for (const QPoint &edge : {QPoint(30, 0), QPoint(30, 39), QPoint(0, 20), QPoint(59, 20)})
+                QVERIFY2(image.pixelColor(edge).alpha() >= (radius > 20 ? 200 : 255), "edge");
+        }
+    }
+
+    void clicks()
+    {
+        Window w;
+        w.bar.ShowTitleBtn(~0, true);
+        w.show();
+        QVector<int> ids;
+        w.bar.on_btn_clicekedSlot(8); // nobody listens
+        w.bar.SetBtnCallbackFunc(&recordId, &ids);
+        for (int id : kIds)
+            QTest::mouseClick(button(w.bar, id), Qt::LeftButton);
+        w.bar.on_back_btnSlot();
+        QCOMPARE(ids, (QVector<int>{2, 8, 64, 128, 2048, 4096, 128}));
+        w.bar.SetBtnCallbackFunc(nullptr, nullptr);
+        QTest::mouseClick(button(w.bar, 8), Qt::LeftButton);
+        QCOMPARE(ids.size(), 7);
+    }
+
+    void found_data()
+    {
+        QTest::addColumn<int>("asked");
+        QTest::addColumn<int>("found"); // 0: none
+        QTest::newRow("none") << 0 << 0;
+        QTest::newRow("one") << 8 << 8;
+        QTest::newRow("last wins") << (2 | 8 | 64) << 64;
+        QTest::newRow("last one missing wins too") << (2 | 4) << 0;
+        QTest::newRow("all") << 255 << 128;
+        for (int id : {4, 16, 32, 256, 512, 1024, 2048, 4096, 1})
+            QTest::addRow("%d", id) << id << 0;
+    }
+    void found()
+    {
+        QFETCH(int, asked);
+        Window w;
+        const CBPImageButton *found = w.bar.titleBtn(asked);
+        QTEST(found ? found->GetID() : 0, "found");
+    }
+
+    void insertedMaximiseButton()
+    {
+        Window w;
+        QVector<int> ids;
+        w.bar.SetBtnCallbackFunc(&recordId, &ids);
+        auto *maximise = new CBPImageButton(maximiseImages(), false, 4, nullptr);
+        connect(maximise, SIGNAL(btn_released(int)), &w.bar, SLOT(on_btn_clicekedSlot(int)));
+        w.bar.InsertWidget(8, maximise, 0, Qt::AlignCenter);
+        w.bar.InsertWidget(1000, new QWidget, 0, Qt::AlignCenter);
+        w.bar.InsertWidget(-7, new CBPImageButton({}, false, 4), 0, Qt::AlignCenter); // not the first
+        QTest::ignoreMessage(QtWarningMsg, "CBPWinFrmTitle::InsertWidget: there is no widget");
+        w.bar.InsertWidget(0, nullptr, 0, Qt::AlignCenter);
+        w.bar.ShowTitleBtn(2 | 4 | 8, true);
+        w.show();
+        QCOMPARE(w.bar.titleBtn(4), maximise);
+        QVERIFY(maximise->x() > button(w.bar, 2)->x() && maximise->x() < button(w.bar, 8)->x());
+        const QImage plain = shot(*maximise);
+        w.bar.ResetMaxBtn(true);
+        QVERIFY(shot(*maximise) != plain);
+        w.bar.ResetMaxBtn(false);
+        QCOMPARE(shot(*maximise), plain);
+        QTest::mouseClick(maximise, Qt::LeftButton);
+        QCOMPARE(ids, QVector<int>{4});
+        w.bar.EnableTitleBtn(4, false);
+        QVERIFY(!maximise->isEnabled());
+        delete maximise;
+        w.bar.ResetMaxBtn(true);
+        QVERIFY(!w.bar.titleBtn(4));
+    }
+
+    void newVersionDot()
+    {
+        Window w;
+        w.bar.ShowTitleBtn(64, true);
+        w.show();
+        CBPImageButton *menu = button(w.bar, 64);
+        const QPoint dot(menu->width() - 12 + 3, 8);
+        w.bar.SetHasNewVersion(true);
+        QCOMPARE(shot(*menu).pixelColor(dot), QColor(0xe0, 0x20, 0x20));
+        w.bar.SetHasNewVersion(false);
+        QVERIFY(shot(*menu).pixelColor(dot) != QColor(0xe0, 0x20, 0x20));
+    }
+
+    void dragging_data()
+    {
+        QTest::addColumn<int>("mouseButton");
+        QTest::addColumn<bool>("maximised");
+        QTest::newRow("left") << int(Qt::LeftButton) << false;
+        QTest::newRow("right") << int(Qt::RightButton) << false;
+        QTest::newRow("maximised") << int(Qt::LeftButton) << true;
+    }
+    void dragging()
+    {
+        QFETCH(int, mouseButton);
+        QFETCH(bool, maximised);
+        const auto pressed = Qt::MouseButton(mouseButton);
+        Window w;
+        w.move(50, 60);
+        w.show();
+        w.bar.ResetMaxBtn(maximised);
+        const QPoint start = w.pos();
+        const QPoint way = maximised ? QPoint() : QPoint(20, -10);
+        send(w.bar, QEvent::MouseMove, QPoint(5, 5), QPoint(500, 500), pressed); // nothing is pressed yet
+        QCOMPARE(w.pos(), start);
+        send(w.bar, QEvent::MouseButtonPress, QPoint(5, 5), QPoint(200, 200), pressed);
+        send(w.bar, QEvent::MouseMove, QPoint(5, 5), QPoint(220, 190), pressed);
+        QTRY_COMPARE(w.pos(), start + way);
+        send(w.bar, QEvent::MouseButtonRelease, QPoint(5, 5), QPoint(220, 190), pressed);
+        send(w.bar, QEvent::MouseMove, QPoint(5, 5), QPoint(400, 400), pressed);
+        QCOMPARE(w.pos(), start + way);
+        send(w.bar, QEvent::MouseButtonPress, QPoint(5, 5), QPoint(200, 200), pressed);
+        w.hide(); // whoever shows it again has not pressed
+        w.show();
+        send(w.bar, QEvent::MouseMove, QPoint(5, 5), QPoint(300, 300), pressed);
+        QCOMPARE(w.pos(), start + way);
+    }
+
+    void doubleClickAndNoParent()
+    {
+        Window w;
+        w.show();
+        QSignalSpy spy(&w.bar, &CBPWinFrmTitle::on_dbl_clickedSignal);
+        const QRect before = w.geometry();
+        for (const QPoint &at : {QPoint(20, 30), QPoint(300, 30)})
+            QTest::mouseDClick(&w.bar, Qt::LeftButton, {}, at);
+        QVERIFY(spy.isEmpty());
+        QCOMPARE(w.geometry(), before);
+        CBPWinFrmTitle alone(nullptr);
+        send(alone, QEvent::MouseButtonPress, QPoint(5, 5), QPoint(200, 200));
+        send(alone, QEvent::MouseMove, QPoint(5, 5), QPoint(220, 190));
+        QCOMPARE(alone.pos(), QPoint(0, 0));
+    }
+};
+
+LUMQT_TEST_MAIN(TestTitle)
+#include "tst_title.moc"

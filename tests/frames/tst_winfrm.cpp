@@ -1,0 +1,280 @@
+#include "FrameProbe.h"
+
+#include "CBPImageButton.h"
+#include "platform/Platform.h"
+#include "TestMain.h"
+
+#include <QAccessible>
+#include <QPointer>
+#include <QVBoxLayout>
+#include <QWindow>
+
+class TestWinFrm : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { lumqt::platform::answers() = m_answers; }
+
+    void beforeInit_data() { classes(); }
+    void beforeInit()
+    {
+        inClass([](auto of) {
+            typename decltype(of)::type w;
+            QWidget content;
+            w.SetWindowTitle(QStringLiteral("T"));
+            w.SetWindowLog(QStringLiteral("x.png"));
+            w.ShowTitleBtn(~0, true);
+            w.EnableTitleBtn(~0, false);
+            w.ResetMaxBtn(true);
+            w.SetTitleBg(Qt::red);
+            w.SetTitleBarEnabled(true);
+            w.EnabledTitleRoundRc(false);
+            w.SetTitleHeight(20);
+            w.SetHasNewVersion(true);
+            w.showWindowTitle(false);
+            w.AppendContent(&content, true, false, 3);
+            w.SetMainBoxBorder(1, 2, 3, 4);
+            w.SetStatusBoxBorder(1, 2, 3, 4);
+            w.SetBottomHeight(30);
+            w.OnMenuClick();
+            QVERIFY(!w.titleBtn(8) && !w.titleBar() && !w.contentBox() && !w.statusBox() && !w.layout());
+            QVERIFY(!content.parent() && w.children().isEmpty() && w.accessibleName().isEmpty());
+            w.OnMax();
+            w.OnMax();
+            w.show();
+            closeBySystem(w);
+            QVERIFY(!w.isVisible());
+            QCOMPARE(w.calls, (QStringList{"max", "max", "close"}));
+        });
+    }
+
+    void builtUp_data() { classes(); }
+    void builtUp()
+    {
+        inClass([](auto of) {
+            typename decltype(of)::type w;
+            QCOMPARE(w.windowFlags() & ~Qt::WindowFlags(Qt::WindowSystemMenuHint),
+                     Qt::Dialog | Qt::FramelessWindowHint | Qt::WindowMinimizeButtonHint);
+            QVERIFY(w.testAttribute(Qt::WA_TranslucentBackground));
+            auto *bottom = new QWidget;
+            w.setStatusBox(bottom);
+            w.SetMainBoxBorder(5, 6, 7, 8);
+            w.Init();
+            auto *content = new QWidget;
+            w.AppendContent(nullptr, true, true, 9);
+            w.AppendContent(&w, true, true, 9);
+            w.AppendContent(content, true, true, 9);
+            w.SetWindowTitle(QStringLiteral("Title"));
+            w.resize(400, 300);
+            w.show();
+            QCOMPARE(w.titleBar()->geometry(), QRect(10, 10, 380, 60));
+            QCOMPARE(content->geometry(), QRect(15, 76, 368, 127));
+            QCOMPARE(bottom->geometry(), QRect(10, 220, 380, 70));
+            QCOMPARE(bottom->contentsMargins(), QMargins(12, 12, 12, 16));
+            QCOMPARE(w.contentBox()->count(), 2);
+            QCOMPARE(QAccessible::queryAccessibleInterface(&w)->text(QAccessible::Name),
+                     QStringLiteral("Title"));
+            w.SetWindowTitle(QStringLiteral("a.png"), true);
+            QCOMPARE(w.accessibleName(), QStringLiteral("Title"));
+
+            w.SetMainBoxBorder(1, 2, 3, 4);
+            w.SetStatusBoxBorder(5, 6, 7, 8);
+            w.SetShadowBorder(30); // from the next maximising and restoring on
+            QCOMPARE(w.contentBox()->contentsMargins(), QMargins(1, 2, 3, 4));
+            QCOMPARE(bottom->contentsMargins(), QMargins(5, 6, 7, 8));
+            QCOMPARE(w.layout()->contentsMargins(), QMargins(10, 10, 10, 10));
+            const QByteArray name = w.metaObject()->className();
+            QTest::ignoreMessage(QtWarningMsg,
+                                 name + ": Init() was called twice, or after another layout was set");
+            w.Init();
+            QTest::ignoreMessage(QtWarningMsg, name + ": the bottom area comes too late, after Init()");
+            w.setStatusBox(content);
+            QCOMPARE(w.statusBox(), bottom);
+            QCOMPARE(w.template findChildren<CBPWinFrmTitle *>().size(), 1);
+            delete w.titleBar();
+            w.SetWindowTitle(QStringLiteral("T"));
+            w.OnMax();
+        });
+    }
+
+    void defaults_data() { classes(); }
+    void defaults()
+    {
+        inClass([](auto of) {
+            typename decltype(of)::type w;
+            w.Init();
+            QCOMPARE(w.contentBox()->contentsMargins(), QMargins(12, 16, 12, 12));
+            QCOMPARE(w.layout()->spacing(), 0);
+            QVERIFY(!w.statusBox());
+            QVERIFY(w.drawsBottomLine());
+            QCOMPARE(w.bottomHeight(), 70);
+            w.SetBottomHeight(0);
+            QVERIFY(!w.drawsBottomLine());
+            w.SetBottomHeight(50);
+            QCOMPARE(w.bottomHeight(), 50);
+            QVERIFY(!w.drawsBottomLine()); // once gone, gone
+            w.SetDrawBottomHLine(true);
+            QVERIFY(w.drawsBottomLine());
+            w.SetTitleHeight(40);
+            QCOMPARE(w.titleBar()->height(), 40);
+            w.showWindowTitle(false);
+            QVERIFY(w.titleBar()->isHidden());
+            const QImage empty = w.grab().toImage();
+            QCOMPARE(empty.pixelColor(empty.width() / 2, empty.height() - 2).alpha(), 0);
+        });
+    }
+
+    void titleIds_data()
+    {
+        QTest::addColumn<bool>("isDialog");
+        QTest::addColumn<int>("id");
+        QTest::addColumn<QString>("hook");
+        forClasses([](bool isDialog, const char *name) {
+            const auto row = [=](int id, const char *hook) {
+                QTest::addRow("%s %d", name, id) << isDialog << id << QString(hook);
+            };
+            row(2, "min");
+            row(4, "max");
+            row(8, "close");
+            row(16, "setting");
+            row(64, "menu");
+            row(128, "previous");
+            row(1024, "contact");
+            row(2048, "support");
+            row(4096, isDialog ? "offer" : "");
+            for (int id : {0, -1, 1, 32, 256, 512, 8192, 12})
+                row(id, "");
+        });
+    }
+    void titleIds()
+    {
+        inClass([](auto of) {
+            QFETCH(int, id);
+            QFETCH(QString, hook);
+            typename decltype(of)::type w;
+            w.Init();
+            w.show();
+            clickTitle(w, id);
+            QCOMPARE(w.calls.join(QLatin1Char(' ')), hook);
+            QCOMPARE(w.isVisible(), id != 8);
+
+            QPointer<typename decltype(of)::type> dying(new typename decltype(of)::type);
+            dying->Init();
+            dying->ShowTitleBtn(~0, true);
+            dying->show();
+            dying->deadly = hook;
+            if (CBPImageButton *button = dying->titleBtn(id))
+                QTest::mouseClick(button, Qt::LeftButton); // the whole way, from the button's own events
+            else
+                clickTitle(*dying, id);
+            QCOMPARE(dying.isNull(), !hook.isEmpty());
+            delete dying;
+        });
+    }
+
+    void menuPlace_data() { classes(); }
+    void menuPlace()
+    {
+        inClass([](auto of) {
+            typename decltype(of)::type w;
+            w.Init();
+            w.ShowTitleBtn(64, true);
+            w.SetTitleHeight(81);
+            w.resize(400, 200);
+            w.show();
+            const CBPImageButton *button = w.titleBtn(64);
+            clickTitle(w, 64);
+            const int h = button->height();
+            QCOMPARE(w.menuAt, button->mapToGlobal(QPoint(0, 0)) + QPoint(0, h + (81 - h) / 2));
+            delete button;
+            w.OnMenuClick();
+            QCOMPARE(w.calls, QStringList{"menu"});
+        });
+    }
+
+    void maximising_data()
+    {
+        QTest::addColumn<bool>("isDialog");
+        QTest::addColumn<bool>("isWinPE");
+        QTest::addColumn<QRect>("filled");
+        forClasses([](bool isDialog, const char *name) {
+            QTest::addRow("%s", name) << isDialog << false << QRect(40, 30, 700, 501);
+            QTest::addRow("%s WinPE", name) << isDialog << true << QRect(45, 35, 690, 491);
+        });
+    }
+    void maximising()
+    {
+        lumqt::platform::answers().workArea = [] { return QRect(40, 30, 700, 501); };
+        inClass([](auto of) {
+            QFETCH(bool, isWinPE);
+            QFETCH(QRect, filled);
+            typename decltype(of)::type w;
+            w.Init();
+            w.setIsWinPE(isWinPE);
+            w.setGeometry(120, 110, 300, 200);
+            w.show();
+            QVERIFY(QTest::qWaitForWindowExposed(&w));
+            QTRY_COMPARE(w.geometry(), QRect(120, 110, 300, 200));
+            clickTitle(w, 4);
+            QVERIFY(w.isMaximized());
+            QTRY_COMPARE(w.geometry(), filled);
+            QCOMPARE(w.minimumSize(), w.maximumSize());
+            QCOMPARE(w.layout()->contentsMargins(), QMargins(1, 1, 1, 1));
+            for (const auto type :
+                 {QEvent::MouseButtonPress, QEvent::MouseMove, QEvent::MouseButtonRelease}) {
+                const QPoint at(50, type == QEvent::MouseButtonPress ? 20 : 60);
+                QMouseEvent drag(type, at, w.mapToGlobal(at), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+                QCoreApplication::sendEvent(w.titleBar(), &drag); // it stays where it is
+            }
+            QCOMPARE(w.geometry(), filled);
+            w.SetShadowBorder(14);
+            emit w.titleBar()->on_dbl_clickedSignal(false);
+            QVERIFY(!w.isMaximized());
+            QTRY_COMPARE(w.geometry(), QRect(120, 110, 300, 200));
+            QCOMPARE(w.maximumSize(), QSize(300, 200)); // fixed from now on
+            QCOMPARE(w.layout()->contentsMargins(), QMargins(14, 14, 14, 14));
+            QCOMPARE(w.calls, (QStringList{"max", "max"}));
+        });
+    }
+
+    void minimising_data() { classes(); }
+    void minimising()
+    {
+        inClass([](auto of) {
+            typename decltype(of)::type w;
+            w.Init();
+            showActive(w);
+            clickTitle(w, 2);
+            QTRY_VERIFY(w.isMinimized());
+            w.showNormal();
+            QTRY_VERIFY(!w.isMinimized() && w.isVisible());
+            QCOMPARE(w.calls, QStringList{"min"});
+        });
+    }
+
+    void visibleAncestor_data() { classes(); }
+    void visibleAncestor()
+    {
+        inClass([](auto of) {
+            using Window = typename decltype(of)::type;
+            QWidget top;
+            auto *middle = new QWidget(&top);
+            auto *inner = new QWidget(middle);
+            QCOMPARE(Window(inner).parentWidget(), inner); // nothing is visible
+            top.show();
+            QCOMPARE(Window(inner).parentWidget(), inner);
+            middle->hide();
+            Window w(inner);
+            QCOMPARE(w.parentWidget(), &top);
+            QVERIFY(w.isWindow());
+            QVERIFY(w.testAttribute(Qt::WA_TranslucentBackground));
+        });
+    }
+
+private:
+    const lumqt::platform::Answers m_answers = lumqt::platform::answers();
+};
+
+LUMQT_TEST_MAIN(TestWinFrm)
+#include "tst_winfrm.moc"

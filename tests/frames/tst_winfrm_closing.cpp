@@ -1,0 +1,445 @@
+#include "FrameProbe.h"
+
+#include "platform/Platform.h"
+#include "TestMain.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QWindow>
+
+namespace {
+
+template <class Window> void closeBy(Window &window, const QString &way)
+{
+    if (way == QLatin1String("button"))
+        clickTitle(window, 8);
+    else if (way == QLatin1String("Escape"))
+        QTest::keyClick(&window, Qt::Key_Escape);
+    else if (way == QLatin1String("system"))
+        closeBySystem(window);
+    else if (way == QLatin1String("signal"))
+        emit window.titleBar()->on_dbl_clickedSignal(true);
+    else if (way == QLatin1String("hook"))
+        window.OnClose();
+    else
+        window.close();
+}
+
+} // namespace
+
+class TestWinFrmClosing : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { lumqt::platform::answers() = m_answers; }
+
+    void closing_data()
+    {
+        QTest::addColumn<bool>("isDialog");
+        QTest::addColumn<QString>("way");
+        QTest::addColumn<int>("hook");
+        QTest::addColumn<bool>("disabled"); // Escape and Alt+F4
+        QTest::addColumn<int>("calls");
+        QTest::addColumn<bool>("closes");
+        forClasses([](bool isDialog, const char *name) {
+            for (const int hook : {ByBase, Directly, NotAtAll}) {
+                const auto row = [=](const QString &way, bool disabled, int calls, bool closes) {
+                    QTest::addRow("%s %s, hook %d%s", name, qPrintable(way), hook,
+                                  disabled ? ", disabled" : "")
+                        << isDialog << way << hook << disabled << calls << closes;
+                };
+                for (const bool disabled : {false, true}) {
+                    row("button", disabled, 1, hook != NotAtAll);
+                    row("signal", disabled, 1, hook != NotAtAll);
+                    row("Escape", disabled, !disabled, hook != NotAtAll && !disabled);
+                    row("system", disabled, !disabled, !disabled);
+                    row("close()", disabled, !disabled, !disabled);
+                }
+            }
+            QTest::addRow("%s hook called by the application", name)
+                << isDialog << "hook" << int(ByBase) << true << 1 << true;
+        });
+    }
+    void closing()
+    {
+        inClass([](auto of) {
+            QFETCH(QString, way);
+            QFETCH(int, hook);
+            QFETCH(bool, disabled);
+            QFETCH(bool, closes);
+            typename decltype(of)::type w;
+            w.Init();
+            w.closing = hook;
+            w.SetDisableEscAndF4Flag(disabled);
+            for (int time = 1; time <= 2; ++time) { // and once more when shown again
+                w.calls.clear();
+                w.show();
+                QVERIFY(QTest::qWaitForWindowExposed(&w));
+                closeBy(w, way);
+                QTEST(w.calls.size(), "calls");
+                QCOMPARE(w.isVisible(), !closes);
+            }
+
+            QPointer<typename decltype(of)::type> dying(new typename decltype(of)::type);
+            dying->Init();
+            dying->deadly = QStringLiteral("close");
+            dying->SetDisableEscAndF4Flag(disabled);
+            dying->show();
+            closeBy(*dying, way);
+            QTEST(int(dying.isNull()), "calls");
+            delete dying;
+        });
+    }
+
+    void hookThatAsks_data() { classes(); }
+    void hookThatAsks()
+    {
+        // A second request while the first one is asked about: the hook is not entered again.
+        inClass([](auto of) {
+            using Window = typename decltype(of)::type;
+            class Asking : public Window
+            {
+            public:
+                void OnClose() override
+                {
+                    ++asked;
+                    clickTitle(*this, 8);
+                    QTest::keyClick(this, Qt::Key_Escape);
+                }
+                int asked = 0;
+            } w;
+            w.Init();
+            w.show();
+            clickTitle(w, 8);
+            QCOMPARE(w.asked, 1);
+            QVERIFY(w.isVisible());
+            clickTitle(w, 8);
+            QCOMPARE(w.asked, 2);
+        });
+    }
+
+    void keys_data()
+    {
+        QTest::addColumn<bool>("isDialog");
+        QTest::addColumn<int>("key");
+        QTest::addColumn<int>("modifiers");
+        QTest::addColumn<QString>("calls");
+        QTest::addColumn<bool>("accepted");
+        forClasses([](bool isDialog, const char *name) {
+            const auto row = [=](const char *what, int key, int modifiers, const char *calls, bool accepted) {
+                QTest::addRow("%s %s", name, what)
+                    << isDialog << key << modifiers << QString(calls) << accepted;
+            };
+            row("F1", Qt::Key_F1, 0, "help", false);
+            row("Shift+F1", Qt::Key_F1, Qt::ShiftModifier, "help", false);
+            row("Escape", Qt::Key_Escape, 0, "close", true);
+            row("Ctrl+Escape", Qt::Key_Escape, Qt::ControlModifier, "", false);
+            row("Keypad+Escape", Qt::Key_Escape, Qt::KeypadModifier, "", false);
+            row("Alt+F4", Qt::Key_F4, Qt::AltModifier, "", false);
+            row("letter", Qt::Key_A, 0, "", false);
+            row("Return", Qt::Key_Return, 0, "", true);
+            row("Enter", Qt::Key_Enter, Qt::KeypadModifier, "", true);
+            row("Shift+Enter", Qt::Key_Enter, Qt::KeypadModifier | Qt::ShiftModifier, "", true);
+            row("Keypad+Return", Qt::Key_Return, Qt::KeypadModifier, "", false);
+            row("Ctrl+Return", Qt::Key_Return, Qt::ControlModifier, "", false);
+        });
+    }
+    void keys()
+    {
+        inClass([](auto of) {
+            using Window = typename decltype(of)::type;
+            QFETCH(int, key);
+            QFETCH(int, modifiers);
+            QFETCH(QString, calls);
+            Window w;
+            w.Init();
+            w.show();
+            QKeyEvent event(QEvent::KeyPress, key, Qt::KeyboardModifiers(modifiers));
+            QCoreApplication::sendEvent(&w, &event);
+            QCOMPARE(w.calls.join(QLatin1Char(' ')), calls);
+            QTEST(event.isAccepted(), "accepted");
+
+            QPointer<Window> dying(new Window);
+            dying->Init();
+            dying->show();
+            dying->deadly = calls;
+            QKeyEvent deadly(QEvent::KeyPress, key, Qt::KeyboardModifiers(modifiers));
+            QCoreApplication::sendEvent(dying, &deadly);
+            QCOMPARE(dying.isNull(), !calls.isEmpty());
+            delete dying;
+        });
+    }
+
+    void returnKey_data()
+    {
+        QTest::addColumn<bool>("isDialog");
+        QTest::addColumn<QString>("state"); // of the first button, as words
+        QTest::addColumn<QString>("clicked");
+        forClasses([](bool isDialog, const char *name) {
+            const auto row = [=](const char *state, const char *clicked) {
+                QTest::addRow("%s %s", name, state) << isDialog << QString(state) << QString(clicked);
+            };
+            row("default focused", "first");
+            row("default", "");
+            row("default disabled", "");
+            row("default hidden", "");
+            row("focused", "");
+            row("default, second focused", "");
+            if (isDialog) // which has one default button at most
+                return;
+            row("default, second default focused", "");
+            row("default hidden, second default focused", "second");
+        });
+    }
+    void returnKey()
+    {
+        inClass([](auto of) {
+            QFETCH(QString, state);
+            typename decltype(of)::type w;
+            w.Init();
+            auto *edit = new QLineEdit;
+            auto *box = new QWidget; // the buttons are no children of the window
+            auto *first = new QPushButton(QStringLiteral("first"), box);
+            auto *second = new QPushButton(QStringLiteral("second"), box);
+            second->move(0, 40);
+            box->setMinimumSize(100, 80);
+            w.AppendContent(edit, false, false, 0);
+            w.AppendContent(box, false, false, 0);
+            QStringList clicked;
+            QPushButton *focused = nullptr;
+            for (QPushButton *button : {first, second}) {
+                const QString part =
+                    state.section(QStringLiteral(", second"), button == second, button == second);
+                button->setAutoDefault(false);
+                button->setDefault(part.contains(QLatin1String("default")));
+                button->setEnabled(!part.contains(QLatin1String("disabled")));
+                button->setHidden(part.contains(QLatin1String("hidden")));
+                if (part.contains(QLatin1String("focused")))
+                    focused = button;
+                connect(button, &QPushButton::clicked, [&clicked, button] { clicked << button->text(); });
+            }
+            showActive(w);
+            QWidget *target = focused ? static_cast<QWidget *>(focused) : edit;
+            target->setFocus();
+            QTRY_COMPARE(QApplication::focusWidget(), target);
+            QKeyEvent event(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier); // as it climbs from below
+            QCoreApplication::sendEvent(&w, &event);
+            QTEST(clicked.join(QLatin1Char(' ')), "clicked");
+            QVERIFY(event.isAccepted());
+        });
+    }
+
+    void parentHides_data()
+    {
+        QTest::addColumn<bool>("isDialog");
+        QTest::addColumn<bool>("modal");
+        QTest::addColumn<QString>("way");
+        QTest::addColumn<int>("closes");
+        forClasses([](bool isDialog, const char *name) {
+            const auto row = [=](const char *way, bool modal, int closes) {
+                QTest::addRow("%s %s%s", name, way, modal ? ", modal" : "")
+                    << isDialog << modal << QString(way) << closes;
+            };
+            row("hidden", true, 1);
+            row("ancestor hidden", true, 1);
+            row("hidden", false, 0);
+            row("minimised", true, 0);
+            row("window closed before", true, 0);
+            row("deadly", true, 1);
+        });
+    }
+    void parentHides()
+    {
+        inClass([](auto of) {
+            using Window = typename decltype(of)::type;
+            QFETCH(bool, modal);
+            QFETCH(QString, way);
+            QWidget top;
+            auto *parent = new QWidget(&top);
+            top.show();
+            QPointer<Window> w(new Window(parent));
+            w->Init();
+            w->setWindowModality(modal ? Qt::WindowModal : Qt::NonModal);
+            w->show();
+            if (way == QLatin1String("window closed before"))
+                w->hide();
+            if (way == QLatin1String("deadly"))
+                w->deadly = QStringLiteral("close");
+            if (way == QLatin1String("minimised")) {
+                QHideEvent minimised;
+                QSpontaneKeyEvent::setSpontaneous(&minimised);
+                QSpontaneKeyEvent::setSpontaneous(&minimised);
+                qApp->notify(parent, &minimised); // sendEvent() would not let it be spontaneous
+            } else {
+                (way == QLatin1String("ancestor hidden") ? &top : parent)->hide();
+            }
+            QFETCH(int, closes);
+            QCOMPARE(w.isNull(), way == QLatin1String("deadly"));
+            if (w)
+                QCOMPARE(w->calls.size(), closes);
+            delete w;
+        });
+    }
+
+    void centring_data()
+    {
+        QTest::addColumn<QRect>("area");
+        QTest::addColumn<QRect>("parent"); // null: none
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<QPoint>("place");
+        QTest::newRow("no parent") << QRect(0, 0, 1000, 800) << QRect() << QSize(300, 201)
+                                   << QPoint(350, 299);
+        // The origin is not added, only kept to.
+        QTest::newRow("offset area") << QRect(400, 300, 600, 500) << QRect() << QSize(300, 200)
+                                     << QPoint(400, 300);
+        QTest::newRow("slightly offset")
+            << QRect(20, 10, 600, 500) << QRect() << QSize(300, 200) << QPoint(150, 150);
+        QTest::newRow("over the parent")
+            << QRect(0, 0, 1000, 800) << QRect(200, 150, 500, 400) << QSize(300, 200) << QPoint(300, 250);
+        QTest::newRow("right, bottom")
+            << QRect(0, 0, 700, 500) << QRect(600, 400, 200, 200) << QSize(300, 200) << QPoint(400, 300);
+        QTest::newRow("left, top") << QRect(60, 50, 700, 500) << QRect(30, 20, 100, 100) << QSize(300, 200)
+                                   << QPoint(60, 50);
+        QTest::newRow("too large") << QRect(60, 50, 200, 100) << QRect() << QSize(300, 200) << QPoint(60, 50);
+        QTest::newRow("no answer") << QRect() << QRect() << QSize(300, 200) << QPoint(7, 8);
+    }
+    void centring()
+    {
+        QFETCH(QRect, area);
+        QFETCH(QRect, parent);
+        QFETCH(QSize, size);
+        QFETCH(QPoint, place);
+        lumqt::platform::answers().workArea = [area] { return area; };
+        QWidget window(nullptr, Qt::FramelessWindowHint);
+        window.setGeometry(parent);
+        if (!parent.isNull()) {
+            window.show();
+            QVERIFY(QTest::qWaitForWindowExposed(&window));
+            QTRY_COMPARE(window.geometry(), parent);
+        }
+        Dialog w(parent.isNull() ? nullptr : &window);
+        w.Init();
+        w.move(7, 8);
+        w.resize(size);
+        QPoint at;
+        QTimer::singleShot(0, &w, [&] {
+            at = w.pos();
+            clickTitle(w, 8);
+        });
+        QCOMPARE(w.exec(), 0);
+        QCOMPARE(at, place);
+        QVERIFY(!w.isVisible());
+    }
+
+    // Measured as it is going to be shown.
+    void firstCentring()
+    {
+        lumqt::platform::answers().workArea = [] { return QRect(0, 0, 1200, 1000); };
+        Dialog w;
+        w.Init();
+        auto *text = new QLabel(QStringLiteral("text"));
+        w.AppendContent(text, false, false, 0);
+        w.setFixedWidth(500);
+        w.setMinimumHeight(200);
+        for (const int height : {200, 360}) {
+            if (height > 200)
+                text->setMinimumHeight(height - 2 * 10 - 60 - 16 - 12); // grown since it was shown last
+            QRect at;
+            QTimer::singleShot(0, &w, [&] {
+                at = w.geometry();
+                clickTitle(w, 8);
+            });
+            w.exec();
+            QCOMPARE(at, QRect(350, (1000 - height) / 2, 500, height));
+        }
+    }
+
+    void destroyedWhileModal_data()
+    {
+        QTest::addColumn<QString>("victim");
+        for (const char *victim : {"dialog", "parent", "ancestor", "dialog in its hook", "delete on close"})
+            QTest::newRow(victim) << QString(victim);
+    }
+    void destroyedWhileModal()
+    {
+        QFETCH(QString, victim);
+        QPointer<QWidget> top(new QWidget);
+        QPointer<QWidget> parent(new QWidget(top));
+        top->show();
+        QPointer<Dialog> w(new Dialog(parent));
+        w->Init();
+        w->setAttribute(Qt::WA_DeleteOnClose, victim == QLatin1String("delete on close"));
+        if (victim == QLatin1String("dialog in its hook"))
+            w->deadly = QStringLiteral("close");
+        QTimer::singleShot(0, [&] {
+            if (victim == QLatin1String("dialog"))
+                delete w;
+            else if (victim == QLatin1String("parent"))
+                delete parent;
+            else if (victim == QLatin1String("ancestor"))
+                delete top;
+            else
+                clickTitle(*w, 8);
+        });
+        QCOMPARE(w->exec(), 0);
+        QVERIFY(!w);
+        delete top;
+    }
+
+    void rejecting()
+    {
+        Dialog w;
+        w.Init();
+        w.SetDisableEscAndF4Flag(true);
+        QSignalSpy rejected(&w, &QDialog::rejected);
+        w.show();
+        w.reject();
+        QVERIFY(w.isVisible());
+        QVERIFY(rejected.isEmpty());
+        w.SetDisableEscAndF4Flag(false);
+        w.reject();
+        QVERIFY(!w.isVisible());
+        QCOMPARE(rejected.size(), 1);
+    }
+
+    // From opening to closing by the keyboard alone.
+    void keyboardOnly()
+    {
+        Dialog w;
+        w.Init();
+        w.ShowTitleBtn(~0, true);
+        auto *edit = new QLineEdit;
+        auto *ok = new QPushButton(QStringLiteral("OK"));
+        ok->setDefault(true);
+        w.AppendContent(edit, false, false, 8);
+        w.AppendContent(ok, false, false, 0);
+        connect(ok, &QPushButton::clicked, &w, &QDialog::accept);
+        for (const bool accepts : {true, false}) {
+            QTimer::singleShot(0, &w, [&] {
+                QVERIFY(QTest::qWaitForWindowActive(&w));
+                edit->clear();
+                edit->setFocus();
+                QTest::keyClicks(w.focusWidget(), QStringLiteral("abc"));
+                QTest::keyClick(w.focusWidget(), Qt::Key_Return); // the button has no focus yet
+                QVERIFY(w.isVisible());
+                QTest::keyClick(w.focusWidget(), Qt::Key_Tab);
+                QCOMPARE(w.focusWidget(), ok); // the title buttons take no part
+                QTest::keyClick(w.focusWidget(), accepts ? Qt::Key_Return : Qt::Key_Escape);
+                if (w.isVisible())
+                    w.done(77);
+            });
+            QCOMPARE(w.exec(), int(accepts ? QDialog::Accepted : QDialog::Rejected));
+            QCOMPARE(edit->text(), QStringLiteral("abc"));
+        }
+    }
+
+private:
+    const lumqt::platform::Answers m_answers = lumqt::platform::answers();
+};
+
+LUMQT_TEST_MAIN(TestWinFrmClosing)
+#include "tst_winfrm_closing.moc"
