@@ -28,6 +28,9 @@ class MenuTexts;
 /// QMenu, and the item chosen last by mouse or keyboard is the one highlighted. Shortcuts and check marks of
 /// actions are not painted, and a disabled item is dimmed.
 ///
+/// It may be deleted while it is open. Slots of triggered() and hovered() use deleteLater() for it: QMenu is
+/// still at work then.
+///
 /// Setters take effect at the next repaint; those that concern sizes at the next AddAction(), AddMenu() or
 /// ResetMenuWidth(). All sizes are logical pixels, all lists and images are copied. GUI thread only.
 /// \since 1.0
@@ -205,6 +208,8 @@ protected:
     void leaveEvent(QEvent *event) override;
     /// \since 1.0
     void actionEvent(QActionEvent *event) override;
+    /// \since 1.0
+    void changeEvent(QEvent *event) override;
 
 private:
     struct ScrollAreas;
@@ -221,6 +226,7 @@ private:
     QColor edgeColor() const;
     QRect bodyRect() const;
     QRect innerRect() const;
+    QRegion bodyShape() const;
     void updateMask();
     void paintBody(QPainter *painter);
     void paintItem(QPainter *painter, const ItemView &item);
@@ -234,6 +240,7 @@ private:
     QVector<QColor> m_frameClr;
     CBPMenuItemSizeStyle *m_sizeStyle = nullptr; // owned; the one in use
     QSize m_itemSize;
+    bool m_otherStyle = false; // perhaps: the menu's style has changed since
     QColor m_textColor;
     int m_widestText = 0;
     int m_itemHeight = 0;

@@ -25,8 +25,8 @@ public:
     int pixelMetric(PixelMetric metric, const QStyleOption *option = nullptr,
                     const QWidget *widget = nullptr) const override;
 
-    /// The fixed size for QStyle::CT_MenuItem, the underlying style's answer for all other contents.
-    /// \since 1.0
+    /// The fixed size for QStyle::CT_MenuItem; for QStyle::CT_Menu \a size as it is, so that the menu is no
+    /// larger than its items; the underlying style's answer for all other contents. \since 1.0
     QSize sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &size,
                            const QWidget *widget) const override;
 

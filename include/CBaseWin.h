@@ -35,11 +35,15 @@ public:
     ~CBaseWin() override;
 
     /// Takes the image file \a path for the title's icon, from the next time the frame is painted. Empty: no
-    /// icon, and the caption begins at the left. A file that cannot be read is said in the log. \since 1.0
+    /// icon, and the caption begins at the left. A file that cannot be read is said in the log.
+    ///
+    /// A pointer that moves over the frame repaints the buttons' part only: a file that is replaced under the
+    /// same name, or another font of the window, may show only when all of the frame is painted, as after a
+    /// resize or an activation. \since 1.0
     void setIcon(QString path);
 
-    /// Shows \a text in the title strip, on one line and not shortened. It is also the window's accessible
-    /// name; the window title stays what it is. \since 1.0
+    /// Shows \a text in the title strip, on one line, line breaks as spaces, and not shortened. As given it
+    /// is also the window's accessible name; the window title stays what it is. \since 1.0
     void setCaption(QString text);
 
     /// Where button \a id was last painted, in coordinates of the window with its frame, the left edge moved
@@ -67,8 +71,9 @@ protected:
 
     /// Ends the application: hides the window, sends sigQuit() and makes the event loop return 0.
     ///
-    /// A derived class that leaves the window visible refuses the close. It is not called again while it
-    /// runs. \since 1.0
+    /// A derived class that leaves the window visible refuses the close. Closing the window again, say in a
+    /// slot of sigQuit(), calls it neither while a call by the window itself runs nor while the base does its
+    /// work. \since 1.0
     virtual void onExit();
 
     /// Called before the button \a id acts; true keeps it from acting. -1: the mouse button was let go on the

@@ -33,16 +33,10 @@ constexpr int kMenuOffset = 46;
 
 enum State { Normal = 0, Hover = 1, Pressed = 2, Disabled = 3 };
 
-// Numbers of a caller, in the range that widgets can have: sums of a few cannot overflow.
-int bounded(int pixels)
-{
-    return qBound(-QWIDGETSIZE_MAX, pixels, QWIDGETSIZE_MAX);
-}
-
 QMargins bounded(const QMargins &margins)
 {
-    return QMargins(bounded(margins.left()), bounded(margins.top()), bounded(margins.right()),
-                    bounded(margins.bottom()));
+    return QMargins(lumqt::boundedPixels(margins.left()), lumqt::boundedPixels(margins.top()),
+                    lumqt::boundedPixels(margins.right()), lumqt::boundedPixels(margins.bottom()));
 }
 
 QColor withAlpha(QColor color, int alpha)
@@ -272,8 +266,8 @@ void CBPPushBtn::autoResizeBtn()
     if (!m_autoResize)
         return;
     const int icon = iconWidth();
-    const int content = icon + (icon != 0 ? bounded(m_spacing) : 0) + textWidth() + kSidePadding;
-    const int width = qMax(content, bounded(m_minimumWidth)) + (m_hasMenu ? kMenuPadding : 0);
+    const int content = icon + (icon != 0 ? lumqt::boundedPixels(m_spacing) : 0) + textWidth() + kSidePadding;
+    const int width = qMax(content, lumqt::boundedPixels(m_minimumWidth)) + (m_hasMenu ? kMenuPadding : 0);
     setFixedWidth(qBound(0, width, QWIDGETSIZE_MAX));
 }
 
@@ -490,7 +484,7 @@ void CBPPushBtn::drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, in
         const QSize size = lumqt::logicalSize(pixmap);
         const QString label = text();
         const int textSize = label.isEmpty() ? 0 : m_textLayout->lineSize(label, m_font).width();
-        const int spacing = bounded(m_spacing);
+        const int spacing = lumqt::boundedPixels(m_spacing);
         const int blockWidth = pixmap.isNull() ? textSize : size.width() + spacing + textSize;
         int x = 0;
         if (m_align == ALIGN_LEFT)
@@ -517,7 +511,7 @@ void CBPPushBtn::drawArrow(QPainter *painter)
     if (!m_hasMenu)
         return;
     const int icon = iconWidth();
-    const int spacing = bounded(m_spacing);
+    const int spacing = lumqt::boundedPixels(m_spacing);
     const int x = (width() - icon - textWidth() - spacing) / 2 + icon + spacing + textWidth();
     const int y = (height() - m_arrowHeight) / 2;
     lumqt::drawDropTriangle(*painter, QPointF(x, y), m_arrowWidth, m_arrowHeight, kArrowColor);

@@ -8,11 +8,18 @@
 #include <QRect>
 #include <QStaticText>
 #include <QString>
+#include <QWidget>
 
 class QPainter;
 
 // What the painters of several widgets share. GUI thread only.
 namespace lumqt {
+
+// A number of a caller, in the range that widgets can have: sums of a few cannot overflow.
+inline int boundedPixels(int pixels)
+{
+    return qBound(-QWIDGETSIZE_MAX, pixels, QWIDGETSIZE_MAX);
+}
 
 // A filled rectangle with a frame, square or with round corners. Sizes are logical pixels.
 struct Body

@@ -16,7 +16,6 @@
 #include <QPaintEvent>
 #include <QPointer>
 
-#include <algorithm>
 #include <climits>
 
 using namespace lumqt;
@@ -33,6 +32,16 @@ QStringList stateImages(const QString &name)
     for (const char *state : {"normal", "hover", "press", "disable"})
         images += Util::getResFullPath(QStringLiteral("../res/%1_%2.png").arg(name, QLatin1String(state)));
     return images;
+}
+
+// Line breaks become spaces.
+QString onOneLine(QString text)
+{
+    text.replace(QLatin1String("\r\n"), QLatin1String(" "));
+    for (const QChar lineBreak : {QChar('\n'), QChar('\r'), QChar('\v'), QChar('\f'),
+                                  QChar(QChar::LineSeparator), QChar(QChar::ParagraphSeparator)})
+        text.replace(lineBreak, QLatin1Char(' '));
+    return text;
 }
 
 } // namespace
@@ -53,11 +62,10 @@ public:
 
     void pointerLeft() override
     {
-        const auto &states = window->m_btnStates;
-        const bool lit =
-            std::any_of(states.begin(), states.end(), [](int state) { return state != ENStateNormal; });
+        bool lit = false;
+        for (int id = 0; id < frame::kButtonCount; ++id) // the icon has no looks
+            lit |= window->m_btnStates.value(id) != ENStateNormal;
         if (lit) {
-            window->m_btnStates.remove(frame::TitleIcon);
             window->resetBtnState();
             paintStates();
         }
@@ -70,7 +78,8 @@ public:
     }
     void closeRequested() override;
     void sizeClient(tagNCCALCSIZE_PARAMS *params) override { window->onNCCalSize(params); }
-    void paintFrame(QPainter &painter, const QSizeF &size, const QColor &outside, bool withTitle) override;
+    void paintFrame(QPainter &painter, const QSizeF &size, const QRectF &client, const QColor &outside,
+                    bool withTitle) override;
 
     // Paints what the states change, so that a moving pointer costs the same over a window of any size.
     void paintStates()
@@ -99,6 +108,7 @@ public:
     CBaseWin *const window;
     const std::unique_ptr<platform::WindowFrame> system;
     CachedText caption;
+    QString captionLine; // the caption as it is painted
     QFont captionFont;
     bool captionFontValid = false;
     bool iconChanged = false; // since the whole frame was painted
@@ -129,7 +139,7 @@ bool CBaseWin::Frame::pointer(platform::PointerAction action)
 
 void CBaseWin::Frame::closeRequested()
 {
-    if (closing)
+    if (closing || quitting)
         return;
     const QPointer<CBaseWin> guard(window);
     closing = true;
@@ -138,17 +148,18 @@ void CBaseWin::Frame::closeRequested()
         closing = false;
 }
 
-void CBaseWin::Frame::paintFrame(QPainter &painter, const QSizeF &size, const QColor &outside, bool withTitle)
+void CBaseWin::Frame::paintFrame(QPainter &painter, const QSizeF &size, const QRectF &client,
+                                 const QColor &outside, bool withTitle)
 {
     const int fw = window->frameWidth();
-    frame::paintFrame(painter, size, fw, outside);
+    frame::paintFrame(painter, size, client, fw, outside);
     if (!withTitle)
         return;
     // The caption is as wide as it is, and pictures may be higher than the strip.
-    painter.setClipRect(QRectF(0, 0, size.width(), frame::titleHeight(fw)), Qt::IntersectClip);
+    painter.setClipRect(QRectF(0, 0, size.width(), client.top()), Qt::IntersectClip);
     window->paintCaption(painter);
     const auto rects =
-        frame::paintedRects(qRound(size.width()), fw, buttonSizes(painter.device()->devicePixelRatioF()));
+        frame::paintedRects(windowWidth(), fw, buttonSizes(painter.device()->devicePixelRatioF()));
     for (int id = frame::kButtonCount - 1; id >= 0; --id)
         window->drawTitleBtns(painter, rects[id].x(), rects[id].y(), id);
 }
@@ -190,6 +201,7 @@ void CBaseWin::setIcon(QString path)
 void CBaseWin::setCaption(QString text)
 {
     m_caption = text;
+    m_frame->captionLine = onOneLine(text);
     setAccessibleName(text);
     update();
     if (isVisible())
@@ -317,8 +329,8 @@ void CBaseWin::paintCaption(QPainter &painter)
         m_frame->captionFontValid = true;
     }
     painter.setPen(kCaptionText);
-    m_frame->caption.drawLeft(painter, frame::captionRect(fw, hasIcon, m_iconRect.width()), m_caption,
-                              m_frame->captionFont);
+    m_frame->caption.drawLeft(painter, frame::captionRect(fw, hasIcon, m_iconRect.width()),
+                              m_frame->captionLine, m_frame->captionFont);
     painter.restore();
 }
 

@@ -1,8 +1,6 @@
 #include "frames/FramePainter.h"
 
 #include "foundation/Painting.h"
-#include "frames/FrameGeometry.h"
-
 #include <QPainter>
 
 namespace lumqt::frame {
@@ -26,10 +24,13 @@ void fillRing(QPainter &painter, const QRectF &outer, const QRectF &inner, const
 // Filled rectangles whose edges lie on device pixels: with a pen, lines would be of two widths at 150 per
 // cent, and half a pixel would be left between what should touch, for `outside` to show. The client area is
 // left alone, so that the cost follows the length of the border, not the area of the window.
-void paintFrame(QPainter &painter, const QSizeF &size, int fw, const QColor &outside)
+void paintFrame(QPainter &painter, const QSizeF &size, const QRectF &client, int fw, const QColor &outside)
 {
     const QRectF window(QPointF(0, 0), size);
-    const QRectF inside = wholeDevicePixels(painter, window.adjusted(fw, fw, -fw, -fw));
+    const QRectF body = wholeDevicePixels(painter, client);
+    const QRectF strip =
+        wholeDevicePixels(painter, QRectF(QPointF(client.left(), fw), QPointF(client.right(), client.top())));
+    const QRectF inside(strip.topLeft(), body.bottomRight());
     if (!inside.isValid())
         return;
     const qreal ratio = painter.device()->devicePixelRatioF();
@@ -40,8 +41,6 @@ void paintFrame(QPainter &painter, const QSizeF &size, int fw, const QColor &out
     painter.setRenderHint(QPainter::Antialiasing, false);
     fillRing(painter, wholeDevicePixels(painter, window), border, outside);
     fillRing(painter, border, inside, kBorder);
-    const QRectF strip =
-        wholeDevicePixels(painter, QRectF(fw, fw, size.width() - 2 * fw, titleHeight(fw) - fw));
     painter.fillRect(strip, kTitleFill);
     // Covers a pixel of the right border.
     painter.fillRect(QRectF(strip.left(), strip.bottom() - line, strip.width() + line, line), kTitleLine);

@@ -3,6 +3,7 @@
 #include "CBPMenuItemSizeStyle.h"
 #include "foundation/FontLookup.h"
 #include "foundation/Log.h"
+#include "foundation/Painting.h"
 #include "menus/MenuTexts.h"
 
 #include <QActionEvent>
@@ -346,20 +347,31 @@ void CBPMenu::resetMenuSize(QString text)
     m_widestText = qMax(m_widestText, menuItemLen(text, m_fontSize));
     m_subMenus.removeAll(QPointer<QMenu>());
     const int room = m_subMenus.isEmpty() ? kRoomBesideText : kRoomBesideTextWithArrow;
-    useItemSize(QSize(qMax(m_minWidth, m_widestText + room), m_itemHeight));
+    useItemSize(QSize(qMax(m_minWidth, lumqt::boundedPixels(m_widestText) + room), m_itemHeight));
 }
 
 void CBPMenu::useItemSize(const QSize &size)
 {
     // Each style brings a whole style of the application's kind with it: one per size, and only the last is
     // kept.
-    if (m_sizeStyle && m_itemSize == size)
+    if (m_sizeStyle && m_itemSize == size && !m_otherStyle)
         return;
     CBPMenuItemSizeStyle *previous = m_sizeStyle;
     m_itemSize = size;
-    m_sizeStyle = new CBPMenuItemSizeStyle(size);
+    m_sizeStyle = new CBPMenuItemSizeStyle(
+        QSize(lumqt::boundedPixels(size.width()), lumqt::boundedPixels(size.height())));
     setStyle(m_sizeStyle);
     delete previous;
+    m_otherStyle = false;
+}
+
+// A style sheet hides which style lies below it, so every change counts as one to another style; that of the
+// menu itself is taken back in useItemSize().
+void CBPMenu::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::StyleChange)
+        m_otherStyle = true;
+    QMenu::changeEvent(event);
 }
 
 bool CBPMenu::opensSubMenu(const QAction *action) const

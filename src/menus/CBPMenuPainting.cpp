@@ -11,9 +11,11 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QPaintEvent>
+#include <QPointer>
 #include <QStyle>
 #include <QWidgetAction>
 
+using lumqt::boundedPixels;
 using lumqt::loadPixmap;
 using lumqt::logicalSize;
 
@@ -114,25 +116,50 @@ QRect CBPMenu::bodyRect() const
 // The square part of a menu's body: it hides the upper round corners, the bottom strip keeps the lower ones.
 QRect CBPMenu::innerRect() const
 {
-    return m_subLevel ? QRect()
-                      : rect().adjusted(m_borderWidth, m_borderWidth, -m_borderWidth, -m_bottomHeight);
+    const int border = boundedPixels(m_borderWidth);
+    return m_subLevel ? QRect() : rect().adjusted(border, border, -border, -boundedPixels(m_bottomHeight));
+}
+
+// The body with its round corners. Only these are drawn: a menu with hundreds of items is far higher than the
+// screen, and a bitmap of all of it would be made for each item that is added while it is open.
+QRegion CBPMenu::bodyShape() const
+{
+    const QRect body = bodyRect();
+    const int radius = boundedPixels(m_radius);
+    const QSize size = body.size().boundedTo(QSize(2 * radius, 2 * radius));
+    if (size.isEmpty())
+        return body;
+    QBitmap bitmap(size);
+    bitmap.clear();
+    QPainter painter(&bitmap);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::color1);
+    painter.drawRoundedRect(QRect(QPoint(), size), radius, radius);
+    painter.end();
+
+    const QRegion round(bitmap);
+    const QSize quarter((size.width() + 1) / 2, (size.height() + 1) / 2);
+    const QPoint opposite(body.width() - size.width(), body.height() - size.height());
+    QRegion shape(body);
+    for (const bool right : {false, true}) {
+        for (const bool low : {false, true}) {
+            const QRect corner(QPoint(right ? size.width() - quarter.width() : 0,
+                                      low ? size.height() - quarter.height() : 0),
+                               quarter);
+            const QPoint way = body.topLeft() + QPoint(right ? opposite.x() : 0, low ? opposite.y() : 0);
+            shape -= (QRegion(corner) - round).translated(way);
+        }
+    }
+    return shape;
 }
 
 // Without a compositor what is transparent shows black: the window itself then gets the menu's shape.
 void CBPMenu::updateMask()
 {
-    if (!m_opaque || size().isEmpty()) {
+    if (!m_opaque || size().isEmpty())
         clearMask();
-        return;
-    }
-    QBitmap shape(size());
-    shape.clear();
-    QPainter painter(&shape);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(Qt::color1);
-    painter.drawRoundedRect(bodyRect(), m_radius, m_radius);
-    painter.end();
-    setMask(QRegion(shape) + innerRect());
+    else
+        setMask(bodyShape() + innerRect());
 }
 
 void CBPMenu::showEvent(QShowEvent *event)
@@ -148,7 +175,7 @@ void CBPMenu::showEvent(QShowEvent *event)
 void CBPMenu::resizeEvent(QResizeEvent *event)
 {
     QMenu::resizeEvent(event);
-    if (m_opaque)
+    if (m_opaque && event->size() != event->oldSize())
         updateMask();
 }
 
@@ -203,20 +230,26 @@ void CBPMenu::followHover(QAction *hovered, const QRegion &painted)
 
 void CBPMenu::mouseMoveEvent(QMouseEvent *event)
 {
+    const QPointer<CBPMenu> alive(this); // slots of hovered() run any code
     QMenu::mouseMoveEvent(event);
-    followHover(hoveredAction(), QRegion());
+    if (alive)
+        followHover(hoveredAction(), QRegion());
 }
 
 void CBPMenu::enterEvent(QEvent *event)
 {
+    const QPointer<CBPMenu> alive(this);
     QMenu::enterEvent(event);
-    followHover(hoveredAction(), QRegion());
+    if (alive)
+        followHover(hoveredAction(), QRegion());
 }
 
 void CBPMenu::leaveEvent(QEvent *event)
 {
+    const QPointer<CBPMenu> alive(this);
     QMenu::leaveEvent(event);
-    followHover(hoveredAction(), QRegion());
+    if (alive)
+        followHover(hoveredAction(), QRegion());
 }
 
 void CBPMenu::paintEvent(QPaintEvent *event)
@@ -266,10 +299,10 @@ void CBPMenu::paintBody(QPainter *painter)
 {
     lumqt::Body body;
     body.fill = bodyColor();
-    body.radiusX = body.radiusY = m_radius;
+    body.radiusX = body.radiusY = boundedPixels(m_radius);
     if (!m_subLevel && m_borderWidth > 0) {
         body.frame = m_borderColor;
-        body.frameWidth = m_borderWidth;
+        body.frameWidth = boundedPixels(m_borderWidth);
     }
     lumqt::drawBody(*painter, bodyRect(), body);
     const QRect inner = innerRect();
@@ -302,12 +335,12 @@ void CBPMenu::paintItem(QPainter *painter, const ItemView &item)
     if (!item.action->isEnabled())
         painter->setOpacity(kDisabledOpacity);
 
-    int x = rect.x() + m_leftMargin;
+    int x = rect.x() + boundedPixels(m_leftMargin);
     const QPixmap image = itemPixmap(item.action, item.hovered);
     const QSize imageSize = logicalSize(image);
     if (!image.isNull())
         painter->drawPixmap(x, centred(rect, imageSize.height()), image);
-    x += qMax(imageSize.width(), m_defIconWidth) + m_spacing;
+    x += qMax(imageSize.width(), boundedPixels(m_defIconWidth)) + boundedPixels(m_spacing);
 
     int end = rect.x() + rect.width();
     const bool subMenu = opensSubMenu(item.action);
@@ -353,7 +386,7 @@ void CBPMenu::PaintAction(QPainter *painter, const QRect &rect, int index, int c
         painter->fillRect(fill, color);
         return;
     }
-    const int cut = m_radius + kCornerRoom;
+    const int cut = boundedPixels(m_radius) + kCornerRoom;
     // One path for both parts: a translucent colour must not lie twice where they overlap.
     QPainterPath path;
     path.setFillRule(Qt::WindingFill);
@@ -374,9 +407,12 @@ void CBPMenu::paintSeparator(QPainter *painter, const QRect &rect)
         return;
     const int left = rect.x() + kSeparatorIndent;
     const int right = rect.right() - kSeparatorIndent;
-    painter->fillRect(QRect(QPoint(left, centred(rect, m_separatorHeight)),
-                            QSize(qMax(0, right - left + 1), m_separatorHeight)),
-                      kSeparatorColor);
+    const int thickness = boundedPixels(m_separatorHeight);
+    // The rows that a pen of this width covers whose middle is where a line of it would begin: thick lines
+    // lie higher than centred.
+    const int top = centred(rect, thickness) - thickness / 2;
+    const QRectF line(left, top, qMax(0, right - left + 1), thickness);
+    painter->fillRect(lumqt::wholeDevicePixels(*painter, line), kSeparatorColor);
 }
 
 void CBPMenu::paintSpecialFlag(QPainter *painter, const QVariant &itemData, const QRect &rect)

@@ -37,9 +37,10 @@ public:
     virtual void closeRequested() = 0;
     // Windows asks for the client area.
     virtual void sizeClient(tagNCCALCSIZE_PARAMS *params) = 0;
-    // Paints the frame of a window of `size`. Without `withTitle`, caption and buttons are left out: the part
-    // that is shown does not hold them.
-    virtual void paintFrame(QPainter &painter, const QSizeF &size, const QColor &outside, bool withTitle) = 0;
+    // Paints the frame of a window of `size` around `client`. Without `withTitle`, caption and buttons are
+    // left out: the part that is shown does not hold them.
+    virtual void paintFrame(QPainter &painter, const QSizeF &size, const QRectF &client,
+                            const QColor &outside, bool withTitle) = 0;
 };
 
 // The frame of one top-level window, as the platform makes it. GUI thread only.

@@ -11,6 +11,7 @@
 #include <QPointer>
 #include <QScreen>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 
 #ifdef Q_OS_WIN
 #include <windows.h>
@@ -27,6 +28,9 @@ class TestWin : public CBaseWin
 {
 public:
     using CBaseWin::isMaxState;
+
+    void exit() { onExit(); }
+    void exitAgain() { CBaseWin::onExit(); }
 
     QString refusal; // which hook keeps the window open: "hook", "exit" or "event"
     bool dieOnClick = false;
@@ -88,7 +92,30 @@ void click(CBaseWin &w, const QPoint &at)
     point(w, Release, at);
 }
 
-// What a part of the frame shows.
+void doubleClick(CBaseWin &w, const QPoint &at)
+{
+#ifdef Q_OS_WIN
+    click(w, at);
+    const QPoint screen = w.mapToGlobal(at + origin(w));
+    SendMessageW(HWND(w.winId()), WM_NCLBUTTONDBLCLK, HTCAPTION, MAKELPARAM(screen.x(), screen.y()));
+    point(w, Release, at);
+#else
+    QTest::mouseDClick(w.windowHandle(), Qt::LeftButton, {}, at + origin(w));
+#endif
+}
+
+bool filled(const QImage &image, const QRect &part, const QColor &color)
+{
+    for (int y = part.top(); y <= part.bottom(); ++y) {
+        for (int x = part.left(); x <= part.right(); ++x) {
+            if (image.pixelColor(x, y) != color)
+                return false;
+        }
+    }
+    return image.rect().contains(part);
+}
+
+// What a part of the frame shows. The part is physical pixels on Windows.
 QImage frameImage(CBaseWin &w, const QRect &part)
 {
 #ifdef Q_OS_WIN
@@ -218,31 +245,54 @@ private Q_SLOTS:
     {
         QTest::addColumn<int>("fw");
         QTest::addColumn<qreal>("ratio");
-        for (int fw : {4, 8}) {
-            for (qreal ratio : {1.0, 1.5, 2.0})
-                QTest::addRow("%d at %g", fw, ratio) << fw << ratio;
+        QTest::addColumn<QSize>("size"); // of the client area
+        for (int fw : {3, 4, 8}) {
+            for (qreal ratio : {1.0, 1.25, 1.5, 2.0}) {
+                QTest::addRow("%d at %g", fw, ratio) << fw << ratio << QSize(240, 160);
+                QTest::addRow("%d at %g, odd", fw, ratio) << fw << ratio << QSize(241, 163);
+            }
         }
     }
     void picture()
     {
         QFETCH(int, fw);
         QFETCH(qreal, ratio);
+        QFETCH(QSize, size);
         const QColor outside(1, 2, 3);
-        QImage image(QSize(240, 160) * ratio, QImage::Format_RGB32);
+        const QColor untouched(4, 5, 6);
+        // The system makes a frame of whole pixels.
+        const QMargins margins = (QMarginsF(fw, titleHeight(fw), fw, fw) * ratio).toMargins();
+        const QRect client(QPoint(margins.left(), margins.top()), (QSizeF(size) * ratio).toSize());
+        const QSize all = client.marginsAdded(margins).size();
+        QImage image(all, QImage::Format_RGB32);
         image.setDevicePixelRatio(ratio);
+        image.fill(untouched);
         QPainter painter(&image);
-        paintFrame(painter, QSizeF(-3, 0), fw, outside); // paints nothing
-        paintFrame(painter, QSizeF(240, 160), fw, outside);
+        paintFrame(painter, QSizeF(-3, 0), QRectF(fw, fw, -3, -3), fw, outside); // paints nothing
+        const QRectF area(QPointF(client.topLeft()) / ratio, QSizeF(client.size()) / ratio);
+        paintFrame(painter, QSizeF(all) / ratio, area, fw, outside);
         painter.end();
-        const auto at = [&](qreal x, qreal y) { return image.pixelColor(int(x * ratio), int(y * ratio)); };
-        QCOMPARE(at(fw - 1.5, 80), outside);
-        QCOMPARE(at(240 - fw + 1.5, 80), outside);
-        for (const QColor &line : {at(fw - 0.3, 80), at(240 - fw + 0.4, 80), at(120, fw - 0.3),
-                                   at(120, 160 - fw + 0.4), at(fw - 0.3, fw - 0.3)})
-            QCOMPARE(line, kBorder);
-        QCOMPARE(at(fw, fw), QColor(Qt::white)); // no gap behind the line
-        QCOMPARE(at(120, titleHeight(fw) - 0.4), kTitleLine);
-        QCOMPARE(at(240 - fw + 0.4, titleHeight(fw) - 0.4), kTitleLine);
+
+        const auto has = [&image](int left, int top, int right, int bottom, const QColor &color) {
+            return filled(image, QRect(QPoint(left, top), QPoint(right - 1, bottom - 1)), color);
+        };
+        const int line = qMax(1, qRound(ratio));
+        const int left = client.left();
+        const int top = qRound(fw * ratio);
+        const int right = client.right() + 1;
+        const int bottom = client.bottom() + 1;
+        QVERIFY(filled(image, client, untouched));
+        QVERIFY(has(left, top, right, client.top() - line, Qt::white));
+        QVERIFY(has(left, client.top() - line, right + line, client.top(), kTitleLine));
+        QVERIFY(has(left - line, top - line, left, bottom + line, kBorder));
+        QVERIFY(has(right, top - line, right + line, client.top() - line, kBorder));
+        QVERIFY(has(right, client.top(), right + line, bottom + line, kBorder));
+        QVERIFY(has(left - line, top - line, right + line, top, kBorder));
+        QVERIFY(has(left - line, bottom, right + line, bottom + line, kBorder));
+        QVERIFY(has(0, 0, all.width(), top - line, outside));
+        QVERIFY(has(0, 0, left - line, all.height(), outside));
+        QVERIFY(has(right + line, 0, all.width(), all.height(), outside));
+        QVERIFY(has(0, bottom + line, all.width(), all.height(), outside));
     }
 
     void frameOnScreen()
@@ -272,6 +322,57 @@ private Q_SLOTS:
         for (int id : {-1, 6, 7})
             QCOMPARE(w.btnRect(id), QRect());
         QCOMPARE(w.btnRect(MaximizeButton), painted(w, MaximizeButton).adjusted(-fw, 0, 0, 0));
+    }
+
+    // At every scaling: nothing shows through between the client area and its border.
+    void borderTouchesClient()
+    {
+        TestWin w;
+        show(w);
+#ifdef Q_OS_WIN
+        const auto clientOnScreen = [&w] {
+            RECT rect;
+            GetClientRect(HWND(w.winId()), &rect);
+            MapWindowPoints(HWND(w.winId()), nullptr, reinterpret_cast<POINT *>(&rect), 2);
+            return QRect(QPoint(rect.left, rect.top), QPoint(rect.right - 1, rect.bottom - 1));
+        };
+        RECT window;
+        GetWindowRect(HWND(w.winId()), &window);
+        const QRect client = clientOnScreen().translated(-window.left, -window.top);
+        const QImage image =
+            frameImage(w, QRect(0, 0, window.right - window.left, window.bottom - window.top));
+#else
+        const qreal ratio = w.devicePixelRatioF();
+        const QRect contents = w.contentsRect();
+        const QRect client(
+            QPoint(qRound(contents.left() * ratio), qRound(contents.top() * ratio)),
+            QPoint(qRound((contents.right() + 1) * ratio) - 1, qRound((contents.bottom() + 1) * ratio) - 1));
+        const QImage image = w.grab().toImage().convertToFormat(QImage::Format_RGB32);
+#endif
+        const int below = client.height() + 1;
+        QVERIFY(filled(image, QRect(client.left() - 1, client.top(), 1, below), kBorder));
+        QVERIFY(filled(image, QRect(client.right() + 1, client.top(), 1, below), kBorder));
+        QVERIFY(filled(image, QRect(client.left() - 1, client.bottom() + 1, client.width() + 2, 1), kBorder));
+        QCOMPARE(image.pixelColor(client.right() + 1, client.top() - 8), kBorder);
+        QCOMPARE(image.pixelColor(client.right(), client.top() - 8), QColor(Qt::white));
+        QCOMPARE(image.pixelColor(client.right(), client.top() - 1), kTitleLine);
+#ifdef Q_OS_WIN
+        // Maximised there is no border beside it, and in full screen no frame at all.
+        w.showMaximized();
+        MONITORINFO monitor = {};
+        monitor.cbSize = sizeof monitor;
+        GetMonitorInfoW(MonitorFromWindow(HWND(w.winId()), MONITOR_DEFAULTTONEAREST), &monitor);
+        const RECT &work = monitor.rcWork;
+        QTRY_COMPARE(clientOnScreen().left(), int(work.left));
+        QCOMPARE(clientOnScreen().right() + 1, int(work.right));
+        QCOMPARE(clientOnScreen().bottom() + 1, int(work.bottom));
+        w.showFullScreen();
+        const RECT &screen = monitor.rcMonitor;
+        const QRect whole(QPoint(screen.left, screen.top), QPoint(screen.right - 1, screen.bottom - 1));
+        QTRY_COMPARE(clientOnScreen(), whole);
+        w.showNormal();
+        QTRY_COMPARE(w.size(), QSize(600, 300));
+#endif
     }
 
     void buttonStates()
@@ -312,6 +413,31 @@ private Q_SLOTS:
         point(w, Move, QPoint(100, 200));
         QCOMPARE(w.cursor().shape(), Qt::CrossCursor);
 #endif
+    }
+
+#ifdef Q_OS_WIN
+    void hitTest()
+    {
+        TestWin w;
+        show(w);
+        for (int id = ListButton; id <= CloseButton; ++id) {
+            const QPoint at = w.mapToGlobal(painted(w, id).center() + origin(w));
+            QCOMPARE(int(SendMessageW(HWND(w.winId()), WM_NCHITTEST, 0, MAKELPARAM(at.x(), at.y()))),
+                     HTCAPTION);
+        }
+    }
+#endif
+
+    // A quick second click on a button or the icon is a click, and does not maximise.
+    void doubleClicks()
+    {
+        TestWin w;
+        show(w);
+        doubleClick(w, on(w, ListButton));
+        doubleClick(w, QPoint(16, 20)); // the icon
+        QCoreApplication::processEvents();
+        QVERIFY(!w.isMaxState());
+        QCOMPARE(w.clicked, (QList<int>{ListButton, ListButton}));
     }
 
     void minimiseAndMaximise()
@@ -361,37 +487,57 @@ private Q_SLOTS:
         QCOMPARE(w.size(), QSize(300, 200));
         QCOMPARE(w.geometry().bottomRight(), before.bottomRight() + QPoint(30, 40));
         QVERIFY(w.clicked.isEmpty());
+        for (const bool wide : {true, false}) { // a side of fixed length cannot be dragged, the other can
+            w.setFixedSize(QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
+            w.setMinimumSize(0, 0);
+            w.resize(300, 200);
+            wide ? w.setFixedHeight(200) : w.setFixedWidth(300);
+            drag(QPoint(299, 199), QPoint(20, 20));
+            QCOMPARE(w.size(), wide ? QSize(320, 200) : QSize(300, 220));
+        }
         QTest::mouseDClick(w.windowHandle(), Qt::LeftButton, {}, QPoint(100, 20));
         QVERIFY(w.isMaxState());
     }
 
     void closing_data()
     {
-        QTest::addColumn<bool>("byButton");
+        QTest::addColumn<QString>("way");
         QTest::addColumn<QString>("refusal");
         QTest::addColumn<int>("exits");
-        QTest::newRow("button") << true << "" << 1;
-        QTest::newRow("close()") << false << "" << 1;
-        QTest::newRow("button, hook answers true") << true << "hook" << 0;
-        QTest::newRow("button, onExit() refuses") << true << "exit" << 1;
-        QTest::newRow("close(), onExit() refuses") << false << "exit" << 1;
-        QTest::newRow("close(), closeEvent() refuses") << false << "event" << 0;
+        QTest::newRow("button") << "button"
+                                << "" << 1;
+        QTest::newRow("close()") << "close"
+                                 << "" << 1;
+        QTest::newRow("onExit()") << "exit"
+                                  << "" << 1;
+        QTest::newRow("button, hook answers true") << "button"
+                                                   << "hook" << 0;
+        QTest::newRow("button, onExit() refuses") << "button"
+                                                  << "exit" << 1;
+        QTest::newRow("close(), onExit() refuses") << "close"
+                                                   << "exit" << 1;
+        QTest::newRow("close(), closeEvent() refuses") << "close"
+                                                       << "event" << 0;
     }
     void closing()
     {
-        QFETCH(bool, byButton);
+        QFETCH(QString, way);
+        QFETCH(QString, refusal);
         TestWin w;
-        w.refusal = *static_cast<QString *>(QTest::qData("refusal", QMetaType::QString));
+        w.refusal = refusal;
         show(w);
         QSignalSpy spy(&w, &CBaseWin::sigQuit);
         bool hidden = false;
         connect(&w, &CBaseWin::sigQuit, [&] {
             hidden = w.isHidden();
             w.close(); // closing again from inside changes nothing
+            w.exitAgain();
         });
         QTimer::singleShot(0, [&] {
-            if (byButton)
+            if (way == QLatin1String("button"))
                 click(w, on(w, CloseButton));
+            else if (way == QLatin1String("exit"))
+                w.exit();
             else
                 QCOMPARE(w.close(), w.refusal.isEmpty());
             QTimer::singleShot(0, [] { QCoreApplication::exit(9); });
@@ -443,6 +589,29 @@ private Q_SLOTS:
             QTRY_VERIFY(frameImage(w, strip) != before);
             before = frameImage(w, strip);
         }
+        const auto darkest = [&before] {
+            int value = 255;
+            for (int i = 0; i < before.width() * before.height(); ++i)
+                value = qMin(value, before.pixelColor(i % before.width(), i / before.width()).value());
+            return value;
+        };
+        QVERIFY(darkest() < 120); // text in black
+        w.setCaption(QStringLiteral("two lines"));
+        before = frameImage(w, strip);
+        w.setCaption(QStringLiteral("two\nlines"));
+        QCOMPARE(w.accessibleName(), QStringLiteral("two\nlines"));
+        QCOMPARE(frameImage(w, strip), before);
+
+        // Shown with the next painting, which the pointer brings here.
+        QTemporaryDir folder;
+        QPixmap red(16, 16);
+        red.fill(Qt::red);
+        QVERIFY(red.save(folder.filePath(QStringLiteral("red.png"))));
+        w.setIcon(folder.filePath(QStringLiteral("red.png")));
+        point(w, Move, QPoint(100, 20));
+        const QRect place = iconRect(8, red.size());
+        QTRY_VERIFY(filled(frameImage(w, strip), place, Qt::red));
+        QVERIFY(!filled(frameImage(w, strip), place.adjusted(0, 0, 1, 0), Qt::red));
     }
 
 private:

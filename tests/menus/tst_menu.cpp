@@ -5,12 +5,16 @@
 #include "TestMain.h"
 
 #include <QAccessible>
+#include <QBitmap>
 #include <QFontMetrics>
 #include <QIconEngine>
 #include <QPainter>
 #include <QStyle>
 #include <QStyleFactory>
 #include <QTemporaryDir>
+
+#include <climits>
+#include <functional>
 
 namespace {
 
@@ -79,6 +83,25 @@ bool rowHas(QMenu &menu, int index, const QColor &color)
     return false;
 }
 
+// Leftmost pixel column of the item, from `from` on, that has a pixel for which `is` holds; -1 for none.
+int findColumn(QMenu &menu, int index, int from, const std::function<bool(const QColor &)> &is)
+{
+    const QImage image = shot(menu);
+    const QRect rect = itemRect(menu, index);
+    for (int x = from; x <= rect.right(); ++x) {
+        for (int y = rect.top(); y <= rect.bottom(); ++y) {
+            if (is(image.pixelColor(x, y)))
+                return x;
+        }
+    }
+    return -1;
+}
+
+bool isInk(const QColor &color)
+{
+    return color.lightness() > 90;
+}
+
 void fill(CBPMenu &menu, int count)
 {
     for (int i = 0; i < count; ++i)
@@ -107,6 +130,8 @@ void moveTo(QMenu &menu, int index)
 }
 
 } // namespace
+
+Q_DECLARE_METATYPE(std::function<void(CBPMenu &)>)
 
 class TestMenu : public QObject
 {
@@ -283,6 +308,9 @@ private slots:
 
     void shownText()
     {
+        CBPMenu marked;
+        marked.AddAction(QStringLiteral("&Cut"), 1);
+        const bool underlines = marked.style()->styleHint(QStyle::SH_UnderlineShortcut, nullptr, &marked);
         const auto look = [](const char *text) {
             CBPMenu menu;
             menu.AddAction(QLatin1String(text), 1);
@@ -291,6 +319,61 @@ private slots:
         QCOMPARE(look("Cut && paste"), look("Cut & paste"));
         QCOMPARE(look("Cut\tCtrl+X"), look("Cut"));
         QVERIFY(look("Cut & paste") != look("Cut  paste"));
+        QCOMPARE(look("&Cut") != look("Cut"), underlines);
+    }
+
+    void textPlace_data()
+    {
+        QTest::addColumn<std::function<void(CBPMenu &)>>("set");
+        QTest::addColumn<int>("shift"); // of the text
+        using Set = std::function<void(CBPMenu &)>;
+        QTest::newRow("spacing") << Set([](CBPMenu &menu) { menu.SetSpacing(20); }) << 14;
+        QTest::newRow("wide icon column") << Set([](CBPMenu &menu) { menu.SetDefIconWidth(30); }) << 16;
+        QTest::newRow("no icon column") << Set([](CBPMenu &menu) { menu.SetDefIconWidth(0); }) << -14;
+        QTest::newRow("margin") << Set([](CBPMenu &menu) { menu.SetBorder(10, 90, 90, 90); }) << 4;
+    }
+
+    void textPlace()
+    {
+        CBPMenu menu;
+        menu.AddAction(QStringLiteral("Item"), 1);
+        const int before = findColumn(menu, 0, 0, isInk);
+        QVERIFY(before >= 26 && before <= 29); // behind margin, icon column and spacing
+        QFETCH(std::function<void(CBPMenu &)>, set);
+        set(menu);
+        QTEST(findColumn(menu, 0, 0, isInk) - before, "shift");
+    }
+
+    void textLook()
+    {
+        CBPMenu menu;
+        fill(menu, 2);
+        menu.actions().at(1)->setEnabled(false);
+        const auto bright = [](const QColor &color) { return color.lightness() > 170; };
+        QVERIFY(findColumn(menu, 0, 0, bright) > 0);
+        QVERIFY(findColumn(menu, 1, 0, bright) < 0); // disabled: dimmed
+        QVERIFY(findColumn(menu, 1, 0, isInk) > 0);
+        const auto red = [](const QColor &color) { return color.red() > 150 && color.green() < 60; };
+        QVERIFY(findColumn(menu, 0, 0, red) < 0);
+        menu.setTextColor(Qt::red);
+        QVERIFY(findColumn(menu, 0, 0, red) > 0);
+        const int width = QFontMetrics(lumqt::uiFont()).horizontalAdvance(QStringLiteral("Item 0"));
+        QVERIFY(findColumn(menu, 0, 26 + width, red) < 0);
+        menu.SetFont(lumqt::uiFont().family(), 28);
+        QVERIFY(findColumn(menu, 0, 26 + width + 4, red) > 0);
+    }
+
+    // Measured at one size and painted at another, a text does not fit.
+    void elided()
+    {
+        CBPMenu sub(QString(30, QLatin1Char('W')));
+        CBPMenu menu;
+        menu.AddMenu(&sub);
+        menu.SetSubMenuRightIcon(m_green); // 10 x 10, 8 from the edge and 6 from the text
+        const int arrow = itemRect(menu, 0).right() - 17;
+        menu.SetFont(lumqt::uiFont().family(), 28);
+        QVERIFY(findColumn(menu, 0, arrow - 80, isInk) < arrow - 6);
+        QCOMPARE(findColumn(menu, 0, arrow - 6, isInk), arrow);
     }
 
     void images_data()
@@ -335,6 +418,9 @@ private slots:
         menu.SetActionSpecialFlag(2, true, QString());
         QVERIFY(rowHas(menu, 1, kDot));
         QVERIFY(!rowHas(menu, 0, kDot));
+        const int width = QFontMetrics(lumqt::uiFont()).horizontalAdvance(QStringLiteral("Item 1"));
+        const auto red = [](const QColor &color) { return color.red() > 150 && color.green() < 60; };
+        QCOMPARE(findColumn(menu, 1, 0, red), 26 + width + 6);
         menu.SetActionSpecialFlag(2, true, m_green);
         QVERIFY(rowHas(menu, 1, Qt::green) && !rowHas(menu, 1, kDot));
         QString file = QStringLiteral("untouched");
@@ -367,6 +453,116 @@ private slots:
         QVERIFY(painted(3, 3)); // the height of the place is always the same
         QVERIFY(!painted(2, 3));
         QVERIFY(!painted(17, 0));
+        for (const int line : {1, 2, 3, 4, 7}) {
+            QVERIFY(painted(17, line));
+            QImage pen(20, 17, QImage::Format_RGB32);
+            pen.fill(Qt::white);
+            QPainter painter(&pen);
+            painter.setPen(QPen(Qt::black, line, Qt::SolidLine, Qt::FlatCap));
+            painter.drawLine(0, (17 - line) / 2, 19, (17 - line) / 2);
+            painter.end();
+            for (int y = 0; y < 17; ++y) {
+                const QPoint at = itemRect(menu, 1).topLeft() + QPoint(20, y);
+                QCOMPARE(colorAt(menu, at) == QColor(46, 66, 93), pen.pixelColor(10, y) == QColor(Qt::black));
+            }
+        }
+    }
+
+    void body()
+    {
+        CBPMenu menu;
+        fill(menu, 2);
+        QCOMPARE(menu.objectName(), QStringLiteral("id_PopupMenu"));
+        QVERIFY(menu.windowFlags().testFlag(Qt::FramelessWindowHint));
+        QVERIFY(menu.windowFlags().testFlag(Qt::NoDropShadowWindowHint));
+        QVERIFY(menu.testAttribute(Qt::WA_TranslucentBackground));
+        // The fill is translucent, and lies twice where the inner part is.
+        const auto bottom = [&menu](int above) {
+            const QImage image = shot(menu);
+            return image.pixelColor(200, image.height() - above).alpha();
+        };
+        QCOMPARE(bottom(6), 240);
+        QVERIFY(bottom(7) > 250);
+        menu.SetMenuBottomHeight(12);
+        QCOMPARE(bottom(12), 240);
+        QVERIFY(bottom(13) > 250);
+        menu.SetBorderInfo(2, Qt::red);
+        const QImage image = shot(menu);
+        for (const QPoint &at : {QPoint(200, 1), QPoint(1, 40), QPoint(248, 40), QPoint(200, 78)})
+            QCOMPARE(image.pixelColor(at), QColor(Qt::red));
+        for (const QPoint &at : {QPoint(200, 2), QPoint(2, 40), QPoint(246, 40), QPoint(200, 77)})
+            QVERIFY(image.pixelColor(at) != QColor(Qt::red));
+    }
+
+    void ownStyleComesBack()
+    {
+        const QScopedPointer<QStyle> other(QStyleFactory::create(QStringLiteral("windows")));
+        for (const bool sheet : {false, true}) {
+            CBPMenu menu;
+            fill(menu, 1);
+            if (sheet)
+                menu.setSeparatorRectHeight(17);
+            menu.setStyle(other.data());
+            QVERIFY(itemRect(menu, 0).size() != QSize(249, 40));
+            menu.ResetMenuWidth();
+            QCOMPARE(itemRect(menu, 0).size(), QSize(249, 40));
+        }
+    }
+
+    void numbersOutOfRange()
+    {
+        for (const int number : {INT_MAX, INT_MIN}) {
+            for (const bool nested : {false, true}) {
+                Menu menu;
+                fill(menu, 2);
+                if (nested)
+                    menu.SetSubLeveMennu();
+                menu.SetActionSpecialFlag(1, true, QString());
+                for (const auto set : {&CBPMenu::SetSpacing, &CBPMenu::SetDefIconWidth,
+                                       &CBPMenu::SetMenuFontSize, &CBPMenu::setSeparatorRectHeight,
+                                       &CBPMenu::setSeparatorHeight, &CBPMenu::SetMenuBottomHeight})
+                    (menu.*set)(number);
+                menu.SetBorder(number, number, number, number);
+                menu.SetBordRadios(number);
+                menu.SetBorderInfo(number, Qt::red);
+                menu.addSeparator();
+                QVERIFY(!shot(menu).isNull());
+                QImage image(60, 40, QImage::Format_ARGB32_Premultiplied);
+                QPainter painter(&image);
+                menu.PaintAction(&painter, image.rect(), 1, 2);
+                painter.end();
+                menu.SetMenuItemHeiht(number);
+                menu.ResetMenuWidth();
+                QCOMPARE(itemRect(menu, 0).isEmpty(), number < 0);
+            }
+        }
+    }
+
+    void deletedWhileOpen_data()
+    {
+        QTest::addColumn<QString>("by");
+        for (const char *by : {"slot of hovered()", "slot of triggered()", "timer", "timer in exec()"})
+            QTest::newRow(by) << by;
+    }
+
+    void deletedWhileOpen()
+    {
+        QFETCH(QString, by);
+        const QPointer<CBPMenu> menu(new CBPMenu);
+        fill(*menu, 3);
+        if (by.startsWith(QLatin1String("timer")))
+            QTimer::singleShot(50, this, [menu] { delete menu; });
+        if (by == QLatin1String("timer in exec()"))
+            QVERIFY(!menu->exec(QPoint(20, 20)));
+        else
+            QVERIFY(open(*menu));
+        if (by.startsWith(QLatin1String("slot"))) {
+            connect(menu, by.contains(QLatin1String("hovered")) ? &QMenu::hovered : &QMenu::triggered, menu,
+                    &QObject::deleteLater);
+            QTest::keyClick(menu, Qt::Key_Down);
+            QTest::keyClick(menu, Qt::Key_Return);
+        }
+        QTRY_VERIFY(!menu);
     }
 
     void subMenuAndArrow()
@@ -463,6 +659,24 @@ private slots:
         QVERIFY(open(menu));
         QVERIFY(menu.mask().isEmpty());
         QCOMPARE(shot(menu).pixelColor(2, 0).alpha(), 0);
+        menu.hide();
+
+        // The shape is put together from corners; it is that of the whole.
+        system.composited = [] { return false; };
+        QVERIFY(open(menu));
+        for (const int radius : {0, 1, 4, 15, 60, 1000}) {
+            menu.SetBordRadios(radius);
+            QBitmap whole(menu.size());
+            whole.clear();
+            QPainter painter(&whole);
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(Qt::color1);
+            painter.drawRoundedRect(menu.rect().adjusted(2, 0, -2, 0), radius, radius);
+            painter.end();
+            QCOMPARE(menu.mask(), QRegion(whole));
+        }
+        menu.AddAction(QStringLiteral("One more"), 3); // the shape grows with the menu
+        QTRY_VERIFY(menu.mask().contains(QPoint(menu.width() / 2, menu.height() - 1)));
         system.composited = before;
     }
 

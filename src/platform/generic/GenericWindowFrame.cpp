@@ -264,8 +264,10 @@ void GenericWindowFrame::paintInside(QPainter &painter, const QPaintEvent *event
     if (m_window->isFullScreen() || !strips.intersects(event->region()))
         return;
     painter.save();
-    painter.translate(outer().topLeft());
-    m_client->paintFrame(painter, outer().size(), kOutside, event->region().intersects(titleStrip()));
+    const QPoint origin = outer().topLeft();
+    painter.translate(origin);
+    m_client->paintFrame(painter, outer().size(), m_window->contentsRect().translated(-origin), kOutside,
+                         event->region().intersects(titleStrip()));
     painter.restore();
 }
 

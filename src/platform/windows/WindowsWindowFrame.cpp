@@ -54,13 +54,19 @@ QRect clientRect(HWND hwnd)
     return toQRect(rect);
 }
 
+// Setting the key again would redraw the whole window, at a cost that grows with its area.
 void makeKeyTransparent(HWND hwnd)
 {
+    const COLORREF wanted = RGB(kTransparent.red(), kTransparent.green(), kTransparent.blue());
     const LONG_PTR style = GetWindowLongPtrW(hwnd, GWL_EXSTYLE);
+    COLORREF key = 0;
+    DWORD flags = 0;
+    if ((style & WS_EX_LAYERED) && GetLayeredWindowAttributes(hwnd, &key, nullptr, &flags) &&
+        flags == LWA_COLORKEY && key == wanted)
+        return;
     if (!(style & WS_EX_LAYERED))
         SetWindowLongPtrW(hwnd, GWL_EXSTYLE, style | WS_EX_LAYERED);
-    SetLayeredWindowAttributes(hwnd, RGB(kTransparent.red(), kTransparent.green(), kTransparent.blue()), 0,
-                               LWA_COLORKEY);
+    SetLayeredWindowAttributes(hwnd, wanted, 0, LWA_COLORKEY);
 }
 
 // Margins that leave a self-hiding task bar of the monitor room to be called.
@@ -97,13 +103,15 @@ private:
     HWND handle() const { return reinterpret_cast<HWND>(m_window->internalWinId()); }
     qreal ratio() const { return m_window->devicePixelRatioF(); }
     QMargins margins() const { return (QMarginsF(m_client->margins()) * ratio()).toMargins(); }
+    bool isFullScreen() const;
     void applyStyle();
     bool isBelowCaption(const MSG *hitTest) const;
-    void copyStrip(HDC target, const QRect &strip, const QRect &frame, bool withTitle);
+    void copyStrip(HDC target, const QRect &strip, const QRect &client, bool withTitle);
 
     QWidget *const m_window;
     WindowFrameClient *const m_client;
     HWND m_native = nullptr;     // whose first message has come
+    HWND m_styled = nullptr;     // that has had the style of the frame
     QRect m_asked;               // the widget's geometry then
     bool m_clientPlaced = false; // which is that of the client area, not of the frame
 };
@@ -120,12 +128,21 @@ bool WindowsWindowFrame::event(QEvent *event)
     return false;
 }
 
+// On the way from maximised to full screen Qt takes the window for a normal one and asks for the client area;
+// that of a normal window would not fill the screen, and Qt would stay with its mistake. The style it gives
+// the window for full screen is there by then, and not the frame's.
+bool WindowsWindowFrame::isFullScreen() const
+{
+    return m_window->isFullScreen() ||
+           (m_styled && m_styled == handle() && (GetWindowLongW(m_styled, GWL_STYLE) & WS_POPUP));
+}
+
 // Comes each time the native window is made anew.
 void WindowsWindowFrame::applyStyle()
 {
     const HWND hwnd = handle();
     if (!hwnd) {
-        m_native = nullptr; // another may come at the same address
+        m_native = m_styled = nullptr; // another may come at the same address
         return;
     }
     const QRect frame = windowRect(hwnd);
@@ -134,6 +151,7 @@ void WindowsWindowFrame::applyStyle()
                  SWP_FRAMECHANGED | kQuietly);
     const LONG style = GetWindowLongW(hwnd, GWL_STYLE);
     SetWindowLongW(hwnd, GWL_STYLE, kWindowStyle | (style & kStateStyles));
+    m_styled = hwnd;
     if (style & kStateStyles)
         return;
     // Qt made the window with the margins of its own style. The client area gets the size back that was asked
@@ -170,6 +188,7 @@ bool WindowsWindowFrame::nativeEvent(void *message, long *result)
     case WM_NCMOUSEMOVE:
         return m_client->pointer(PointerAction::Move) && answer(1);
     case WM_NCLBUTTONDOWN:
+    case WM_NCLBUTTONDBLCLK: // of a button it is a second click; that of the caption is the system's
         return m_client->pointer(PointerAction::Press) && answer(1);
     case WM_NCLBUTTONUP:
         return m_client->pointer(PointerAction::Release) && answer(1);
@@ -178,8 +197,7 @@ bool WindowsWindowFrame::nativeEvent(void *message, long *result)
         repaint(QRect());
         return answer(1);
     case WM_NCHITTEST:
-        // Hit testing is the system's, but a default that knows a caption of its own height only finds
-        // nothing in the lower part of the strip: no button there would answer.
+        // The system's test finds only a caption of its own height: the buttons' lower half would be dead.
         return isBelowCaption(msg) && answer(HTCAPTION);
     default:
         return false;
@@ -195,20 +213,25 @@ bool WindowsWindowFrame::isBelowCaption(const MSG *hitTest) const
 
 void WindowsWindowFrame::shrinkToClient(NCCALCSIZE_PARAMS *params)
 {
+    if (isFullScreen())
+        return;
     RECT &rect = params->rgrc[0];
     QMargins frame = margins();
     MONITORINFO monitor = {};
     monitor.cbSize = sizeof monitor;
     if (isMaximized() && GetMonitorInfoW(MonitorFromRect(&rect, MONITOR_DEFAULTTONEAREST), &monitor)) {
-        // A maximised window hangs over the edges of the screen, by more than the border of this frame where
-        // the system pads its own. Looked at each time: screens, task bar and density change.
+        // A maximised window hangs over the edges of the screen, by more or less than the border of this
+        // frame: the system pads its own, and rounds it otherwise. Its client area begins where the screen
+        // does. Looked at each time: screens, task bar and density change.
         const RECT &work = monitor.rcWork;
         const QMargins over = QMargins(work.left - rect.left, work.top - rect.top, rect.right - work.right,
                                        rect.bottom - work.bottom) +
                               taskBarGap(monitor.rcMonitor);
         const int border = frame.left();
-        frame += QMargins(qMax(0, over.left() - border), qMax(0, over.top() - border),
-                          qMax(0, over.right() - border), qMax(0, over.bottom() - border));
+        // Below zero: a window of limited size ends on the screen.
+        const auto cut = [border](int hanging) { return hanging < 0 ? border : hanging; };
+        frame = QMargins(cut(over.left()), frame.top() - border + cut(over.top()), cut(over.right()),
+                         cut(over.bottom()));
     }
     rect.left += frame.left();
     rect.top += frame.top();
@@ -235,7 +258,7 @@ QPoint WindowsWindowFrame::pointer() const
 void WindowsWindowFrame::repaint(const QRect &part)
 {
     const HWND hwnd = handle();
-    if (!hwnd)
+    if (!hwnd || isFullScreen())
         return;
     makeKeyTransparent(hwnd);
     const HDC target = GetWindowDC(hwnd);
@@ -244,25 +267,25 @@ void WindowsWindowFrame::repaint(const QRect &part)
     const QRect window = windowRect(hwnd);
     const QSize size = window.size();
     const QRect client = clientRect(hwnd).translated(-window.topLeft());
-    const QRect frame = client.marginsAdded(margins());
     const QRect title(0, 0, size.width(), client.top());
     if (!part.isEmpty()) {
         const QRectF scaled(QPointF(part.topLeft()) * ratio(), QSizeF(part.size()) * ratio());
-        copyStrip(target, scaled.toAlignedRect().translated(frame.topLeft()) & title, frame, true);
+        const QPoint origin = client.marginsAdded(margins()).topLeft();
+        copyStrip(target, scaled.toAlignedRect().translated(origin) & title, client, true);
     } else {
         const int right = client.right() + 1;
         const int bottom = client.bottom() + 1;
         const int below = size.height() - client.top();
-        copyStrip(target, title, frame, true);
-        copyStrip(target, QRect(0, client.top(), client.left(), below), frame, false);
-        copyStrip(target, QRect(0, bottom, size.width(), size.height() - bottom), frame, false);
-        copyStrip(target, QRect(right, client.top(), size.width() - right, below), frame, false);
+        copyStrip(target, title, client, true);
+        copyStrip(target, QRect(0, client.top(), client.left(), below), client, false);
+        copyStrip(target, QRect(0, bottom, size.width(), size.height() - bottom), client, false);
+        copyStrip(target, QRect(right, client.top(), size.width() - right, below), client, false);
     }
     ReleaseDC(hwnd, target);
 }
 
-// All in physical pixels of the window. `frame` is the rectangle whose frame is painted.
-void WindowsWindowFrame::copyStrip(HDC target, const QRect &strip, const QRect &frame, bool withTitle)
+// All in physical pixels of the window. The frame around `client` is painted.
+void WindowsWindowFrame::copyStrip(HDC target, const QRect &strip, const QRect &client, bool withTitle)
 {
     if (strip.isEmpty())
         return;
@@ -270,8 +293,11 @@ void WindowsWindowFrame::copyStrip(HDC target, const QRect &strip, const QRect &
     pixmap.setDevicePixelRatio(ratio());
     pixmap.fill(kTransparent);
     QPainter painter(&pixmap);
+    const QRect frame = client.marginsAdded(margins());
     painter.translate(QPointF(frame.topLeft() - strip.topLeft()) / ratio());
-    m_client->paintFrame(painter, QSizeF(frame.size()) / ratio(), kTransparent, withTitle);
+    const QRectF inFrame(QPointF(client.topLeft() - frame.topLeft()) / ratio(),
+                         QSizeF(client.size()) / ratio());
+    m_client->paintFrame(painter, QSizeF(frame.size()) / ratio(), inFrame, kTransparent, withTitle);
     painter.end();
 
     const HBITMAP bitmap = qt_pixmapToWinHBITMAP(pixmap);
