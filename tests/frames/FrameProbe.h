@@ -10,6 +10,13 @@
 
 enum Closing { ByBase, Directly, NotAtAll };
 
+// Out of line: most probes live on the stack and are never deleted so, which a compiler that sees both cannot
+// know.
+Q_NEVER_INLINE inline void destroy(QObject *object)
+{
+    delete object;
+}
+
 // Either framed window. It notes its hooks, and may be deleted in one of them.
 template <class Base> class Probe : public Base
 {
@@ -67,7 +74,7 @@ private:
         calls << QLatin1String(hook);
         if (deadly != QLatin1String(hook))
             return true;
-        delete this;
+        destroy(this);
         return false;
     }
 };
