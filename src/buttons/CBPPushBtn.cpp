@@ -496,7 +496,8 @@ void CBPPushBtn::drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, in
             painter->drawPixmap(rect.x() + (rect.width() - size.width()) / 2, y, pixmap);
         else if (m_iconAfterText)
             painter->drawPixmap(textSize + m_spacing + x,
-                                (height() - size.height()) / 2 + m_iconVerticalOffset, pixmap);
+                                (height() - size.height()) / 2 + lumqt::boundedPixels(m_iconVerticalOffset),
+                                pixmap);
         else
             painter->drawPixmap(x, y, pixmap);
     }
