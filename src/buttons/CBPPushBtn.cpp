@@ -495,7 +495,7 @@ void CBPPushBtn::drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, in
         if (label.isEmpty())
             painter->drawPixmap(rect.x() + (rect.width() - size.width()) / 2, y, pixmap);
         else if (m_iconAfterText)
-            painter->drawPixmap(textSize + m_spacing + x,
+            painter->drawPixmap(textSize + spacing + x,
                                 (height() - size.height()) / 2 + lumqt::boundedPixels(m_iconVerticalOffset),
                                 pixmap);
         else

@@ -99,9 +99,8 @@ public:
 
     bool eventFilter(QObject *, QEvent *event) override
     {
-        if (event->type() == QEvent::ParentChange)
-            start();
-        else if (event->type() != QEvent::Move && event->type() != QEvent::Resize)
+        // A new parent needs no look: it hides the widget, and the tip with it.
+        if (event->type() != QEvent::Move && event->type() != QEvent::Resize)
             return false;
         const QWidget *bound = m_tip->m_bound;
         if (bound && bound->isVisible() && bound->visibleRegion().isEmpty())
@@ -204,10 +203,6 @@ void CBPTipWnd::followBound(QEvent *event)
     case QEvent::Hide:
         hide();
         break;
-    case QEvent::ParentChange:
-        if (isVisible())
-            m_follower->start();
-        Q_FALLTHROUGH();
     case QEvent::Move:
     case QEvent::Resize:
         if (isVisible())

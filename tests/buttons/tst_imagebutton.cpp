@@ -1,6 +1,7 @@
 #include "CBPImageButton.h"
 #include "CTextTips.h"
 #include "foundation/FontLookup.h"
+#include "foundation/ImageLoader.h"
 #include "TestMain.h"
 
 #include <QAccessible>
@@ -350,9 +351,65 @@ private slots:
         }
     }
 
+    // Not a pixel of a picture is lost, doubled or mixed with its neighbour.
+    void pixelForPixel()
+    {
+        const QString file = m_folder.filePath(QStringLiteral("pattern.png"));
+        for (const int scale : {1, 2}) {
+            QImage image(20 * scale, 16 * scale, QImage::Format_ARGB32);
+            for (int y = 0; y < image.height(); ++y) {
+                for (int x = 0; x < image.width(); ++x)
+                    image.setPixelColor(x, y, (x + y) % 2 ? QColor(12 * x / scale, 90, 0) : QColor(Qt::cyan));
+            }
+            const QString dense = m_folder.filePath(QStringLiteral("pattern@2x.png"));
+            QVERIFY(image.save(scale == 1 ? file : dense, "PNG"));
+        }
+        for (const int border : {0, 1, 5}) {
+            CBPImageButton button(QVector<QString>(4, file), false, kId);
+            button.SetBorder(border, false);
+            button.setFixedSize(60, 30);
+            const qreal ratio = button.devicePixelRatioF();
+            const QImage expected =
+                lumqt::loadPixmap(file, ratio).toImage().convertToFormat(QImage::Format_ARGB32);
+            const QPoint place = onDevice(QRect(border, 7, 20, 16), ratio).topLeft();
+            QCOMPARE(shot(button).copy(QRect(place, expected.size())).convertToFormat(QImage::Format_RGB32),
+                     expected.convertToFormat(QImage::Format_RGB32));
+        }
+    }
+
+    // Buttons that share files share the looks at them, and miss nothing.
+    void sharedFiles()
+    {
+        QVector<QString> images = files(QStringLiteral("png"), QSize(10, 10), QStringLiteral("shared"));
+        QWidget window;
+        window.resize(100, 40);
+        CBPImageButton first(images, false, 1, &window);
+        CBPImageButton second(images, false, 2, &window);
+        second.move(40, 0);
+        for (CBPImageButton *button : {&first, &second})
+            button->SetBorder(0, false);
+        const auto colors = [&] {
+            const QImage image = window.grab().toImage();
+            const qreal ratio = image.devicePixelRatio();
+            return QVector<QColor>{image.pixelColor(qRound(3 * ratio), 3),
+                                   image.pixelColor(qRound(43 * ratio), 3)};
+        };
+        makeOld(images[0]);
+        for (int pass = 0; pass < 3; ++pass)
+            QCOMPARE(colors(), QVector<QColor>(2, kStateColors[0]));
+        savePng(images[0], QSize(10, 10), Qt::yellow);
+        savePng(dense(images[0]), QSize(20, 20), Qt::yellow);
+        QCOMPARE(colors(), QVector<QColor>(2, QColor(Qt::yellow)));
+        makeOld(images[0]);
+        QCOMPARE(colors(), QVector<QColor>(2, QColor(Qt::yellow)));
+        second.SetImgButtonRes(m_png);
+        QCOMPARE(colors(), (QVector<QColor>{Qt::yellow, kStateColors[0]}));
+    }
+
     void imagesSwappedOnDisk()
     {
         QVector<QString> images = files(QStringLiteral("svg"), QSize(10, 10), QStringLiteral("swap"));
+        makeOld(images[0]);
         CBPImageButton button(images, false, kId);
         button.SetBorder(0, false);
         QCOMPARE(shot(button).pixelColor(3, 3), kStateColors[0]);
@@ -696,6 +753,19 @@ private:
             result << file;
         }
         return result;
+    }
+
+    static QString dense(const QString &file) { return QString(file).insert(file.size() - 4, "@2x"); }
+
+    // Files that changed just now are read again at each look; one at rest for a while is not.
+    static void makeOld(const QString &path)
+    {
+        const QDateTime past = QDateTime::currentDateTime().addSecs(-3600);
+        for (const QString &name : {path, dense(path)}) {
+            QFile file(name);
+            if (file.exists() && file.open(QIODevice::ReadWrite))
+                QVERIFY(file.setFileTime(past, QFileDevice::FileModificationTime));
+        }
     }
 
     // Of texts in magenta.

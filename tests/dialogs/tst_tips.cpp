@@ -108,25 +108,36 @@ private slots:
         class Watched : public CBPTipWnd
         {
         public:
-            using CBPTipWnd::CBPTipWnd;
-            QVector<QPoint> shownAt;
+            Watched(int orientation, QWidget *widget)
+                : CBPTipWnd(ENOrientation(orientation), widget), place(orientation), bound(widget)
+            {
+            }
+
+            int place;
+            QWidget *bound;
+            int shown = 0;
+            int painted = 0;
+            int misplaced = 0;
             bool event(QEvent *event) override
             {
                 const bool result = CBPTipWnd::event(event);
+                shown += event->type() == QEvent::Show;
+                painted += event->type() == QEvent::Paint;
                 if (event->type() == QEvent::Show || event->type() == QEvent::Paint)
-                    shownAt << pos();
+                    misplaced += pos() != placeOf(*this, *bound, place);
                 return result;
             }
         };
         Scene scene;
-        Watched tip(ENOrientation(orientation), &scene.bound);
+        Watched tip(orientation, &scene.bound);
         tip.AppendWidget(content(QSize(contentWidth, 40)));
         showTip(tip);
-        QTRY_VERIFY(tip.shownAt.size() > 1);
-        QCOMPARE(tip.size(), QSize(contentWidth + 32, 64));
-        for (const QPoint &place : qAsConst(tip.shownAt))
-            QCOMPARE(place, placeOf(tip, scene.bound, orientation));
-        QCOMPARE(tip.geometry().topLeft(), tip.shownAt.last());
+        QTRY_VERIFY(tip.painted > 0);
+        QCOMPARE(tip.shown, 1);
+        QCOMPARE(tip.misplaced, 0);
+        // Some window managers report a first size and place of their own.
+        QTRY_COMPARE(tip.size(), QSize(contentWidth + 32, 64));
+        QTRY_COMPARE(tip.pos(), placeOf(tip, scene.bound, orientation));
     }
 
     void followsWhatMoves_data()
@@ -247,9 +258,13 @@ private slots:
         CBPTipWnd tip(ENOrientationRight, nullptr);
         tip.AppendWidget(content(QSize(100, 20)));
         tip.move(500, 300);
+        tip.show();
+        QCOMPARE(tip.pos(), QPoint(500, 300));
         showTip(tip);
+        // It does not move itself: a place that the window system reported is left as it is.
+        const QPoint reported = tip.pos();
         tip.repaint();
-        QTRY_COMPARE(tip.pos(), QPoint(500, 300)); // the window manager may place it twice
+        QCOMPARE(tip.pos(), reported);
         CBPTipWnd odd(ENOrientation(77), nullptr);
         odd.resize(80, 40);
         QCOMPARE(shot(odd).pixelColor(0, 20), kFrame); // as if without an arrow
@@ -278,6 +293,7 @@ private slots:
             tip.ShowClickBindWidget(follow);
         if (append)
             tip.AppendWidget(content(QSize(100, 20)));
+        tip.setAttribute(Qt::WA_ShowWithoutActivating); // it is the tip that asks for it
         enter(scene.bound);
         QCOMPARE(tip.isVisible(), follows);
         if (follows)

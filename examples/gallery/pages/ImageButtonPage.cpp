@@ -82,6 +82,13 @@ CBPImageButton *framed()
     return button;
 }
 
+CBPImageButton *round()
+{
+    CBPImageButton *button = filled("List", true);
+    button->setFixedSize(112, kHeight);
+    return button;
+}
+
 void addStates(Page *page)
 {
     Section *section = page->addSection(
@@ -93,7 +100,7 @@ void addStates(Page *page)
                        statesOf("With a text", [] { return labelled("List"); }),
                        statesOf("On a ground", [] { return filled("List"); }),
                        statesOf("Corner radius 4", rounded), statesOf("And a frame", framed),
-                       statesOf("Round", [] { return filled("List", true); })});
+                       statesOf("Round", round)});
 }
 
 CBPImageButton *live(EventLog *log, CBPImageButton *button, const QString &tip)

@@ -102,7 +102,9 @@ void addContents(Page *page)
         page->addSection("Corners and contents", "Any corner radius, and any widgets, one below the other.");
     auto *mixed = new CBPTipWnd(ENOrientationLeft, nullptr);
     mixed->AppendWidget(theme::label("Sign in", theme::Semibold, 14, theme::kInk));
-    mixed->AppendWidget(words("Your settings come with you."));
+    QLabel *explanation = words("Your settings come with you.");
+    explanation->setContentsMargins(0, 4, 0, 12); // the tip sets nothing between its widgets
+    mixed->AppendWidget(explanation);
     auto *button = new CBPPushBtn("Continue", nullptr);
     button->setFixedWidth(kTextWidth);
     mixed->AppendWidget(button);
