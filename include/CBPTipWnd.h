@@ -43,6 +43,8 @@ public:
     /// and once an application has given the tip a layout of its own nothing is added. \since 1.0
     void AppendWidget(QWidget *widget);
 
+    void setVisible(bool visible) override;
+
 protected:
     void paintEvent(QPaintEvent *event) override;
     bool eventFilter(QObject *object, QEvent *event) override;

@@ -220,6 +220,20 @@ void CBPTipWnd::keyPressEvent(QKeyEvent *event)
     QWidget::keyPressEvent(event);
 }
 
+// The native window is made with the size and place that the tip is to have. Qt makes it with the size of an
+// empty widget first, and a window manager may answer with that one last.
+void CBPTipWnd::setVisible(bool visible)
+{
+    if (visible && !isVisible()) {
+        if (!testAttribute(Qt::WA_Resized)) {
+            adjustSize();
+            setAttribute(Qt::WA_Resized, false); // the content still decides, next time too
+        }
+        MoveRect(m_orientation);
+    }
+    QWidget::setVisible(visible);
+}
+
 void CBPTipWnd::showEvent(QShowEvent *event)
 {
     // Before the window is on the screen, which it would cross otherwise.
