@@ -58,7 +58,7 @@ QString GetFontFamily(int weightIndex)
     QString key = language + QLatin1Char('/');
     if (weightIndex >= lumqt::LightWeight && weightIndex <= lumqt::BoldWeight)
         key += QLatin1String(kWeightKeys[weightIndex]);
-    const QString family = table->value(key, QVariant()).toString();
+    QString family = table->value(key, QVariant()).toString();
     if (!family.isEmpty())
         return family;
     warnOfMissingFamily(key);

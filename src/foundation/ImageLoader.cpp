@@ -224,7 +224,7 @@ PicturePointer lookAndLoad(const QString &path, qreal ratio)
             (old.highDensityFile.isEmpty() || old.highDensityLook.holdsFor(stampOf(old.highDensityFile))))
             return *known;
     }
-    const auto picture = std::make_shared<Picture>();
+    auto picture = std::make_shared<Picture>();
     picture->look = lookAt(path);
     if (ratio > 1.0 && !isDrawing(path)) {
         picture->highDensityFile = highDensityName(path);

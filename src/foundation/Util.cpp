@@ -25,7 +25,7 @@ QColor configuredColor(const char *key, bool &found)
     QVariant value;
     found = Util::readIni(QLatin1String(kWindowGroup), QLatin1String(key), value,
                           Util::getResFullPath(QLatin1String(kConfigFile)));
-    const QColor color = found ? QColor(value.toString()) : QColor();
+    QColor color = found ? QColor(value.toString()) : QColor();
     if (found && !color.isValid())
         qCWarning(lcLumQt, "%s of %s is no colour", key, kConfigFile);
     return color;

@@ -281,6 +281,7 @@ void FrameBehaviour::keyPressEvent(QKeyEvent *event)
             return;
     }
     const bool onKeypad = event->modifiers() & Qt::KeypadModifier;
+    // In the order of the rules, two of which end alike. NOLINTNEXTLINE(bugprone-branch-clone)
     if (event->modifiers() != Qt::NoModifier && !(onKeypad && key == Qt::Key_Enter))
         event->ignore();
     else if (key == Qt::Key_Escape && !escAndF4Disabled)

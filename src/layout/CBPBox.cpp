@@ -239,7 +239,8 @@ void CBPBox::AnimatedHorizontal(QSize start, QSize end, int iDuration)
 void CBPBox::paintEvent(QPaintEvent *event)
 {
     if (!m_bDrawFrame) {
-        QWidget::paintEvent(event); // not CBPWidget's: what lies below the box shows
+        // Not CBPWidget's: what lies below the box shows.
+        QWidget::paintEvent(event); // NOLINT(bugprone-parent-virtual-call)
         return;
     }
     QPainter painter(this);
