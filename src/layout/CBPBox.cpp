@@ -12,8 +12,8 @@
 namespace {
 
 // Callers set their own; these show where one forgot.
-const QColor kFrameColor(Qt::red);
-const QColor kGroundColor(Qt::white);
+const QColor kFrameColor(255, 0, 0);
+const QColor kGroundColor(255, 255, 255);
 
 // How far `now` lies on the way from `from` to `to`: 0 to 1, or less than 0 when it is not on that way.
 qreal progress(int from, int to, int now)
