@@ -157,6 +157,8 @@ protected:
     void hideEvent(QHideEvent *event) override;
 
 private:
+    static constexpr int kStates = 4;
+
     static QAccessibleInterface *makeAccessible(QWidget *widget);
     QString spokenName() const;
     void nameChanged();

@@ -1,6 +1,7 @@
 #include "CBPImageButton.h"
 
 #include "CTextTips.h"
+#include "ENState.h"
 #include "foundation/Accessible.h"
 #include "foundation/FontLookup.h"
 #include "foundation/ImageLoader.h"
@@ -8,7 +9,6 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QPainter>
 #include <QWindow>
 
 namespace {
@@ -16,19 +16,11 @@ namespace {
 // Look and metrics, in logical pixels.
 const QColor kTextColor(0, 0, 0);
 const QColor kSpecialIconColor(255, 0, 0);
-const QColor kFocusRingColor(75, 167, 245);
 constexpr int kBorder = 5;
 constexpr int kTextReserve = 2; // a text counts for so much more than its width
-constexpr int kFocusRingWidth = 2;
-constexpr int kFocusRingRadius = 3; // of a button with square corners
-constexpr int kFrameWidth = 1;
-const QPoint kDotOffset(-12, 4); // from the top right pixel
-const QPoint kTipsOffset(5, 5);  // from the pointer
+const QPoint kTipsOffset(5, 5); // from the pointer
 const char kTipsPixelSize[] = "14";
 const char kTipsColor[] = "#ffffff";
-
-enum State { Normal = 0, Hover = 1, Pressed = 2, Disabled = 3 };
-constexpr int kStates = 4;
 
 bool isActivationKey(int key)
 {
@@ -60,7 +52,7 @@ CBPImageButton::CBPImageButton(const QVector<QString> &images, bool round, int i
     // Keys, dialogs and assistive tools press a button through click(), which no event handler sees.
     connect(this, &QAbstractButton::clicked, this, &CBPImageButton::reportActivation);
     if (m_images.size() == kStates) {
-        m_size = imageSize(Normal);
+        m_size = imageSize(ENStateNormal);
         setFixedSize(m_size);
     }
 }
@@ -147,7 +139,7 @@ void CBPImageButton::SetBorderColor(const QVector<QColor> &colors)
 void CBPImageButton::SetSelect(bool selected)
 {
     m_selected = selected;
-    m_index = selected ? Pressed : Normal;
+    m_index = selected ? ENStatePress : ENStateNormal;
     // A selected button hears no release.
     setDown(false);
     update();
@@ -234,7 +226,7 @@ void CBPImageButton::enterEvent(QEvent *event)
     if (m_selected)
         return;
     showTips();
-    m_index = Hover;
+    m_index = ENStateHover;
     update();
     QPushButton::enterEvent(event);
 }
@@ -244,7 +236,7 @@ void CBPImageButton::leaveEvent(QEvent *event)
     hideTips();
     if (m_selected)
         return;
-    m_index = Normal;
+    m_index = ENStateNormal;
     update();
     QPushButton::leaveEvent(event);
 }
@@ -254,7 +246,7 @@ void CBPImageButton::mousePressEvent(QMouseEvent *event)
     if (m_selected)
         return;
     hideTips();
-    m_index = Pressed;
+    m_index = ENStatePress;
     // At once: what is connected to pressed() may take its time.
     repaint();
     QPushButton::mousePressEvent(event);
@@ -317,7 +309,7 @@ void CBPImageButton::followKey(bool wasDown)
         return;
     m_downByKey = isDown();
     hideTips();
-    m_index = isDown() ? Pressed : underMouse() ? Hover : Normal;
+    m_index = isDown() ? ENStatePress : underMouse() ? ENStateHover : ENStateNormal;
     update();
 }
 
@@ -363,7 +355,7 @@ void CBPImageButton::focusLost()
         m_downByKey = false;
         setDown(false);
         if (!m_selected)
-            m_index = underMouse() ? Hover : Normal;
+            m_index = underMouse() ? ENStateHover : ENStateNormal;
         update();
     }
     if (m_keyboardFocus)
@@ -443,117 +435,4 @@ void CBPImageButton::nameChanged()
         return;
     QAccessibleEvent event(this, QAccessible::NameChanged);
     QAccessible::updateAccessibility(&event);
-}
-
-// ----------------------------------------------------------------------------------------------------------
-// painting
-
-void CBPImageButton::paintEvent(QPaintEvent *event)
-{
-    if (!m_shown) {
-        QWidget::paintEvent(event);
-        return;
-    }
-    // A button that is enabled again looks normal, also a selected one or one under the mouse.
-    if (!isEnabled())
-        m_index = Disabled;
-    else if (m_index == Disabled)
-        m_index = Normal;
-    QPainter painter(this);
-    PaintBkg(&painter);
-    if (m_images.size() == kStates)
-        drawImage(painter);
-    DrawTextW(&painter);
-    PaintSpecialIcon(&painter);
-    if (m_keyboardFocus)
-        drawFocusRing(painter);
-    m_paintedImage = QSize();
-}
-
-void CBPImageButton::drawImage(QPainter &painter)
-{
-    const qreal ratio = devicePixelRatioF();
-    const QPixmap &pixmap = m_image->pixmap(m_images, m_index, ratio);
-    m_paintedImage = m_image->size();
-    if (m_paintedImage.isEmpty())
-        return;
-    const int x = (m_round ? height() / 2 : m_leftMargin) + m_border;
-    const int y = (height() - m_paintedImage.height()) / 2 + m_iconVoffset;
-    if (ratio == int(ratio)) {
-        painter.drawPixmap(x, y, pixmap);
-        return;
-    }
-    // Pixel for pixel also where a logical pixel is no whole number of the device's.
-    const QPointF place = lumqt::wholeDevicePixels(painter, QRectF(x, y, 1, 1)).topLeft();
-    painter.drawPixmap(place, pixmap);
-}
-
-void CBPImageButton::PaintBkg(QPainter *painter)
-{
-    if (!painter)
-        return;
-    if (m_bkgBrushes.size() == kStates)
-        drawBackground(*painter, m_bkgBrushes.at(m_index));
-    else if (m_bkgColors.size() == kStates)
-        drawBackground(*painter, m_bkgColors.at(m_index));
-}
-
-int CBPImageButton::cornerRadius() const
-{
-    return m_round ? height() / 2 : qMax(0, m_borderRadius);
-}
-
-void CBPImageButton::drawBackground(QPainter &painter, const QBrush &brush)
-{
-    lumqt::Body body;
-    if (m_borderColors.size() == kStates)
-        body.frame = m_borderColors.at(m_index);
-    else if (!m_borderColors.isEmpty() && painter.pen().style() != Qt::NoPen)
-        body.frame = painter.pen().color();
-    body.frameWidth = kFrameWidth;
-    body.radiusX = body.radiusY = cornerRadius();
-    if (brush.style() == Qt::SolidPattern) {
-        body.fill = brush.color();
-        lumqt::drawBody(painter, rect(), body);
-        return;
-    }
-    if (brush.style() != Qt::NoBrush) {
-        painter.save();
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(brush);
-        painter.drawRoundedRect(rect(), body.radiusX, body.radiusY);
-        painter.restore();
-    }
-    lumqt::drawBody(painter, rect(), body); // the frame
-}
-
-void CBPImageButton::DrawTextW(QPainter *painter)
-{
-    if (!painter || m_text.isEmpty() || m_images.size() != kStates || m_textColors.size() != kStates)
-        return;
-    const QSize image = m_paintedImage.isValid() ? m_paintedImage : imageSize(m_index);
-    QPoint start(0, image.height() + m_spacing);
-    if (m_besideImage) {
-        start = QPoint(image.width() + (m_round ? height() / 2 : 0) + m_spacing + m_leftMargin + m_border, 0);
-    }
-    if (!m_textLayout)
-        m_textLayout = std::make_unique<lumqt::CachedText>();
-    painter->setPen(m_textColors.at(m_index));
-    m_textLayout->drawLeft(*painter, QRect(start, rect().bottomRight()), m_text, m_font);
-}
-
-void CBPImageButton::PaintSpecialIcon(QPainter *painter)
-{
-    if (painter && m_specialIconShown)
-        lumqt::drawDotBadge(*painter, rect().topRight() + kDotOffset, m_specialIconColor);
-}
-
-void CBPImageButton::drawFocusRing(QPainter &painter) const
-{
-    lumqt::Body ring;
-    ring.frame = kFocusRingColor;
-    ring.frameWidth = kFocusRingWidth;
-    ring.radiusX = ring.radiusY = cornerRadius() > 0 ? cornerRadius() : kFocusRingRadius;
-    lumqt::drawBody(painter, rect(), ring);
 }

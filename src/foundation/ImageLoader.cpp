@@ -42,7 +42,10 @@ struct Picture
     QString highDensityFile; // empty where none can apply
     FileLook look;
     FileLook highDensityLook;
-    quint32 pass = 0; // of the last look
+    // The last look: the pass it served, and the tick of the coarse clock. A pass has no end that anybody
+    // tells, so the tick is what keeps an old look from a widget that paints much later.
+    quint32 pass = 0;
+    qint64 tick = -1;
 
     bool settled() const { return look.settled && highDensityLook.settled; }
 };
@@ -241,12 +244,8 @@ PicturePointer lookAndLoad(const QString &path, qreal ratio)
 quint32 currentPass(quint32 last)
 {
     static quint32 pass = 0; // never 0 once there is one
-    static qint64 began = -1;
-    const qint64 now = platform::coarseClock();
-    if (last == pass || now != began) {
+    if (last == pass)
         pass = pass == UINT_MAX ? 1 : pass + 1;
-        began = now;
-    }
     return pass;
 }
 
@@ -260,7 +259,8 @@ QPixmap loadPixmap(const QString &path, qreal ratio)
 const QPixmap &PaintedImage::pixmap(const QVector<QString> &paths, int index, qreal ratio)
 {
     m_pass = currentPass(m_pass);
-    if (index != m_index || ratio != m_ratio || m_picture->pass != m_pass || !m_picture->settled())
+    if (index != m_index || ratio != m_ratio || m_picture->pass != m_pass ||
+        m_picture->tick != platform::coarseClock() || !m_picture->settled())
         look(paths.at(index), index, ratio);
     return m_picture->pixmap;
 }
@@ -270,6 +270,7 @@ void PaintedImage::look(const QString &path, int index, qreal ratio)
     static const auto none = std::make_shared<Picture>();
     m_picture = path.isEmpty() ? none : lookAndLoad(path, ratio);
     m_picture->pass = m_pass;
+    m_picture->tick = platform::coarseClock();
     m_size = logicalSize(m_picture->pixmap);
     m_index = index;
     m_ratio = ratio;

@@ -27,9 +27,9 @@ struct Picture;
 
 // The image files of a widget that may stand in a window by the hundred, for its paint event.
 //
-// A look at the file costs more than drawing the picture. Widgets that paint in one pass over their window
-// (between two ticks of the coarse clock) share it. A widget that paints again starts another pass, and one
-// that shows another of its files looks by itself, so none shows twice what it saw once.
+// A look at the file costs more than drawing the picture. Widgets that paint in one pass over their window,
+// within one tick of the coarse clock, share it. A widget that paints again starts another pass, and one that
+// shows another of its files looks by itself, so none shows twice what it saw once.
 class LUMQT_TESTED PaintedImage
 {
 public:
