@@ -2,6 +2,7 @@
 #include "CTextTips.h"
 #include "foundation/FontLookup.h"
 #include "foundation/ImageLoader.h"
+#include "Pixels.h"
 #include "TestMain.h"
 
 #include <QAccessible>
@@ -57,18 +58,6 @@ QColor pixel(QWidget &widget, int x, int y)
 {
     const qreal ratio = widget.devicePixelRatioF();
     return shot(widget).pixelColor(qRound(x * ratio), qRound(y * ratio));
-}
-
-QRect boxOf(const QImage &image, const QColor &color)
-{
-    QRect box;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if (image.pixelColor(x, y) == color)
-                box |= QRect(x, y, 1, 1);
-        }
-    }
-    return box;
 }
 
 // In device pixels, as the edges of a logical rectangle are rounded.

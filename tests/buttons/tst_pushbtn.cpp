@@ -1,6 +1,7 @@
 #include "CBPMenu.h"
 #include "CBPMenuItem.h"
 #include "CBPPushBtn.h"
+#include "Pixels.h"
 #include "platform/Platform.h"
 #include "TestMain.h"
 
@@ -36,18 +37,6 @@ QIcon plainIcon(const QSize &size, const QColor &color)
     QPixmap pixmap(size);
     pixmap.fill(color);
     return QIcon(pixmap);
-}
-
-QRect boxOf(const QImage &image, const QColor &color)
-{
-    QRect box;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if (image.pixelColor(x, y) == color)
-                box |= QRect(x, y, 1, 1);
-        }
-    }
-    return box;
 }
 
 } // namespace
