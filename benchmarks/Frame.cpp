@@ -8,8 +8,10 @@
 #include <memory>
 
 // The frame of a small and of a very large window. A pointer that moves over it repaints the buttons' part
-// each time, which must not depend on the window's size; all of it is painted after a resize, and grows with
-// its length. Measured through QWidget::render(), which sees no frame that is native: for the Linux build.
+// each time, a new caption or icon the title strip: neither may depend on the window's size. All of it is
+// only painted after a resize, beside the whole client area; it grows with the sides, which touch every line
+// of the window's memory. Measured through QWidget::render(), which sees no frame that is native: for the
+// Linux build.
 namespace {
 
 constexpr int kRepaints = 50; // a round
@@ -25,6 +27,7 @@ struct Framed
         window.show();
         QApplication::processEvents();
         whole = QRegion(window.rect()) - window.contentsRect();
+        strip = QRect(0, 0, window.width(), window.contentsRect().top());
         buttons =
             QRect(QPoint(window.btnRect(1).left(), 0), QPoint(window.width() - 1, window.titleHight() - 1));
     }
@@ -41,6 +44,7 @@ struct Framed
     CBaseWin window;
     QImage target;
     QRegion whole;
+    QRegion strip;
     QRegion buttons;
 };
 
@@ -53,6 +57,10 @@ void benchFrame(Bench &bench)
     bench.compare(QStringLiteral("frame: pointer moves"), QStringLiteral("us a repaint"),
                   {{QStringLiteral("3840 x 2160"), [large] { return large->paintTime(large->buttons); }},
                    {QStringLiteral("800 x 600"), [small] { return small->paintTime(small->buttons); }}},
+                  {1.3});
+    bench.compare(QStringLiteral("frame: title strip"), QStringLiteral("us a repaint"),
+                  {{QStringLiteral("3840 x 2160"), [large] { return large->paintTime(large->strip); }},
+                   {QStringLiteral("800 x 600"), [small] { return small->paintTime(small->strip); }}},
                   {1.3});
     bench.compare(QStringLiteral("frame: all of it"), QStringLiteral("us a repaint"),
                   {{QStringLiteral("3840 x 2160"), [large] { return large->paintTime(large->whole); }},

@@ -252,7 +252,10 @@ bool CBaseWin::event(QEvent *event)
 void CBaseWin::paintEvent(QPaintEvent *event)
 {
     QPainter painter(this);
-    painter.fillRect(contentsRect(), kClientFill); // all there is where the frame is no part of the widget
+    // All there is where the frame is no part of the widget.
+    const QRegion client = event->region() & contentsRect();
+    if (!client.isEmpty())
+        painter.fillRect(client.boundingRect(), kClientFill);
     m_frame->system->paintInside(painter, event);
 }
 

@@ -260,15 +260,29 @@ void GenericWindowFrame::drag(const QPoint &global)
 
 void GenericWindowFrame::paintInside(QPainter &painter, const QPaintEvent *event)
 {
-    const QRegion strips = QRegion(m_window->rect()) - m_window->contentsRect();
-    if (m_window->isFullScreen() || !strips.intersects(event->region()))
+    if (m_window->isFullScreen())
         return;
-    painter.save();
+    const QRect all = m_window->rect();
+    const QRect client = m_window->contentsRect();
+    const QRect strips[] = {
+        QRect(all.left(), all.top(), all.width(), client.top() - all.top()),
+        QRect(all.left(), client.top(), client.left() - all.left(), client.height()),
+        QRect(client.right() + 1, client.top(), all.right() - client.right(), client.height()),
+        QRect(all.left(), client.bottom() + 1, all.width(), all.bottom() - client.bottom())};
     const QPoint origin = outer().topLeft();
     painter.translate(origin);
-    m_client->paintFrame(painter, outer().size(), m_window->contentsRect().translated(-origin), kOutside,
-                         event->region().intersects(titleStrip()));
-    painter.restore();
+    // One by one: a rectangle within a clip of one rectangle is filled as it is, one within a region line by
+    // line.
+    for (const QRect &strip : strips) {
+        if (!event->region().intersects(strip))
+            continue;
+        painter.save();
+        painter.setClipRect(strip.translated(-origin), Qt::IntersectClip);
+        m_client->paintFrame(painter, outer().size(), client.translated(-origin), kOutside,
+                             strip.bottom() < client.top() && event->region().intersects(titleStrip()));
+        painter.restore();
+    }
+    painter.translate(-origin);
 }
 
 } // namespace
