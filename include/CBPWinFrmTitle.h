@@ -116,6 +116,7 @@ protected:
     /// a capsule for a background. It is a child of the bar, in no layout yet. \since 1.0
     CBPImageButton *CreateImgButton(const QVector<QString> &images, int id, bool round);
 
+    void paintEvent(QPaintEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;

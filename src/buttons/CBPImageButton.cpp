@@ -184,7 +184,7 @@ void CBPImageButton::SetTipsTxt(const QString &text)
 
 QSize CBPImageButton::imageSize(int index) const
 {
-    return lumqt::logicalSize(lumqt::loadPixmap(m_images.value(index), devicePixelRatioF()));
+    return lumqt::pictureSize(m_images.value(index), devicePixelRatioF());
 }
 
 void CBPImageButton::textChanged()

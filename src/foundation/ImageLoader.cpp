@@ -1,12 +1,10 @@
 #include "foundation/ImageLoader.h"
 
+#include "foundation/FileLook.h"
 #include "foundation/Log.h"
-#include "platform/Platform.h"
 
 #include <QCache>
 #include <QCoreApplication>
-#include <QDateTime>
-#include <QFileInfo>
 #include <QImageReader>
 #include <QPainter>
 #include <QSharedPointer>
@@ -20,19 +18,6 @@ constexpr int kMaxSide = 8192;       // pixels; larger files are no pictures of 
 constexpr int kCacheKiB = 48 * 1024; // decoded pictures
 constexpr int kParsedDrawings = 256; // SVG files kept parsed
 const char kHighDensityMark[] = "@2x";
-// File systems tell times in steps of some milliseconds: a file that was read sooner after its change than
-// this may have changed once more at the same time.
-constexpr qint64 kSettlingMs = 50;
-
-// A file's stamp, and what it is worth.
-struct FileLook
-{
-    platform::FileStamp stamp;
-    bool settled = true; // looked at long enough after the change
-
-    // Whether a content read at this look is still the file's, which now has the stamp `now`.
-    bool holdsFor(const platform::FileStamp &now) const { return settled && stamp == now; }
-};
 
 } // namespace
 
@@ -84,35 +69,6 @@ void forgetAll()
 {
     pictures().clear();
     drawings().clear();
-}
-
-// Names that only Qt can look up: resources (":/name") and search paths ("icons:name"), but no drive letter.
-bool isQtName(const QString &file)
-{
-    const int colon = file.indexOf(QLatin1Char(':'));
-    return colon == 0 || colon > 1;
-}
-
-platform::FileStamp stampOf(const QString &file)
-{
-    platform::FileStamp stamp = platform::fileStamp(file);
-    if (!stamp.exists() && isQtName(file)) {
-        const QFileInfo info(file);
-        if (info.isFile()) {
-            stamp.modified = info.lastModified().toMSecsSinceEpoch();
-            stamp.size = info.size();
-        }
-    }
-    return stamp;
-}
-
-FileLook lookAt(const QString &file)
-{
-    FileLook look;
-    look.stamp = stampOf(file);
-    look.settled =
-        !look.stamp.exists() || qAbs(QDateTime::currentMSecsSinceEpoch() - look.stamp.modified) > kSettlingMs;
-    return look;
 }
 
 bool isDrawing(const QString &file)
@@ -222,7 +178,8 @@ PicturePointer lookAndLoad(const QString &path, qreal ratio)
 {
     const PictureKey key(path, qRound(ratio * 1000));
     if (const PicturePointer *known = pictures().object(key)) {
-        const Picture &old = **known;
+        Picture &old = **known;
+        old.tick = platform::coarseClock();
         if (old.look.holdsFor(stampOf(path)) &&
             (old.highDensityFile.isEmpty() || old.highDensityLook.holdsFor(stampOf(old.highDensityFile))))
             return *known;
@@ -236,6 +193,7 @@ PicturePointer lookAndLoad(const QString &path, qreal ratio)
     if (!picture->look.stamp.exists() && !picture->highDensityLook.stamp.exists())
         qCWarning(lcLumQt, "The image %s is missing", qUtf8Printable(path));
     picture->pixmap = read(path, *picture, ratio);
+    picture->tick = platform::coarseClock();
     pictures().insert(key, new PicturePointer(picture), costOf(picture->pixmap));
     return picture;
 }
@@ -256,6 +214,14 @@ QPixmap loadPixmap(const QString &path, qreal ratio)
     return path.isEmpty() ? QPixmap() : lookAndLoad(path, ratio)->pixmap;
 }
 
+QSize pictureSize(const QString &path, qreal ratio)
+{
+    const PicturePointer *known = pictures().object(PictureKey(path, qRound(ratio * 1000)));
+    if (known && (*known)->tick == platform::coarseClock() && (*known)->settled())
+        return logicalSize((*known)->pixmap);
+    return logicalSize(loadPixmap(path, ratio));
+}
+
 const QPixmap &PaintedImage::pixmap(const QVector<QString> &paths, int index, qreal ratio)
 {
     m_pass = currentPass(m_pass);
@@ -270,7 +236,6 @@ void PaintedImage::look(const QString &path, int index, qreal ratio)
     static const auto none = std::make_shared<Picture>();
     m_picture = path.isEmpty() ? none : lookAndLoad(path, ratio);
     m_picture->pass = m_pass;
-    m_picture->tick = platform::coarseClock();
     m_size = logicalSize(m_picture->pixmap);
     m_index = index;
     m_ratio = ratio;

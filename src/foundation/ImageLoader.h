@@ -20,6 +20,10 @@ namespace lumqt {
 // only.
 LUMQT_TESTED QPixmap loadPixmap(const QString &path, qreal ratio);
 
+// Logical size of the image file at `path`, for laying out, as it was within the last tick of the coarse
+// clock: a widget asks for it several times while it is made.
+QSize pictureSize(const QString &path, qreal ratio);
+
 // Size of the pixmap in logical pixels, which are what widgets lay out with; 0 x 0 when null.
 LUMQT_TESTED QSize logicalSize(const QPixmap &pixmap);
 

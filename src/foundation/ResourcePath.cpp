@@ -4,11 +4,8 @@
 
 namespace lumqt {
 
-QString resourcePath(const QString &programFolder, const QString &name, const QString &separator)
+QString resourceBase(const QString &programFolder, const QString &separator)
 {
-    if (name.isEmpty())
-        return QString();
-
     QString base = programFolder;
     base.replace(QLatin1Char('/'), separator);
     if (base.endsWith(separator))
@@ -20,11 +17,21 @@ QString resourcePath(const QString &programFolder, const QString &name, const QS
     const QString last = parts.isEmpty() ? QString() : parts.last();
     if (!last.isEmpty())
         base.remove(last, Qt::CaseSensitive);
+    return base;
+}
 
-    QString relative = name;
-    relative.remove(QLatin1String("../"));
-    relative.replace(QLatin1Char('/'), separator);
-    return base + relative;
+QString resourceTail(const QString &name, const QString &separator)
+{
+    QString tail = name;
+    tail.remove(QLatin1String("../"));
+    tail.replace(QLatin1Char('/'), separator);
+    return tail;
+}
+
+QString resourcePath(const QString &programFolder, const QString &name, const QString &separator)
+{
+    return name.isEmpty() ? QString()
+                          : resourceBase(programFolder, separator) + resourceTail(name, separator);
 }
 
 } // namespace lumqt

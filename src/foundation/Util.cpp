@@ -1,11 +1,14 @@
 #include "Util.h"
 
+#include "foundation/FileLook.h"
 #include "foundation/Log.h"
 #include "foundation/ResourcePath.h"
 #include "platform/Platform.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QHash>
+#include <QMutex>
 #include <QRegExp>
 #include <QSettings>
 
@@ -20,22 +23,60 @@ QString programFolder()
     return QCoreApplication::instance() ? QCoreApplication::applicationDirPath() : QString();
 }
 
+// Paths are asked for by the dozen whenever a window is made. Any thread may ask.
+QString resourceBase()
+{
+    static QMutex mutex;
+    static QString knownFolder;
+    static QString base;
+    const QString folder = programFolder();
+    const QMutexLocker lock(&mutex);
+    if (folder != knownFolder) {
+        knownFolder = folder;
+        base = lumqt::resourceBase(folder, lumqt::platform::pathSeparator());
+    }
+    return base;
+}
+
+struct ConfiguredColor
+{
+    QString file;
+    lumqt::FileLook look;
+    QColor color;
+    bool found = false;
+};
+
+ConfiguredColor readColor(const char *key, const QString &file)
+{
+    ConfiguredColor read{file, lumqt::lookAt(file), QColor(), false};
+    QVariant value;
+    read.found = Util::readIni(QLatin1String(kWindowGroup), QLatin1String(key), value, file);
+    read.color = read.found ? QColor(value.toString()) : QColor();
+    if (read.found && !read.color.isValid())
+        qCWarning(lcLumQt, "%s of %s is no colour", key, kConfigFile);
+    return read;
+}
+
+// Each title bar asks when it is made; the file is read again when it has changed.
 QColor configuredColor(const char *key, bool &found)
 {
-    QVariant value;
-    found = Util::readIni(QLatin1String(kWindowGroup), QLatin1String(key), value,
-                          Util::getResFullPath(QLatin1String(kConfigFile)));
-    QColor color = found ? QColor(value.toString()) : QColor();
-    if (found && !color.isValid())
-        qCWarning(lcLumQt, "%s of %s is no colour", key, kConfigFile);
-    return color;
+    static QMutex mutex;
+    static QHash<QByteArray, ConfiguredColor> colors;
+    const QString file = Util::getResFullPath(QLatin1String(kConfigFile));
+    const QMutexLocker lock(&mutex);
+    ConfiguredColor &known = colors[key];
+    if (known.file != file || !known.look.holdsFor(lumqt::stampOf(file)))
+        known = readColor(key, file);
+    found = known.found;
+    return known.color;
 }
 
 } // namespace
 
 QString Util::getResFullPath(const QString &rel)
 {
-    return lumqt::resourcePath(programFolder(), rel, lumqt::platform::pathSeparator());
+    return rel.isEmpty() ? QString()
+                         : resourceBase() + lumqt::resourceTail(rel, lumqt::platform::pathSeparator());
 }
 
 QString Util::getLumResFullPath(const QString &name)

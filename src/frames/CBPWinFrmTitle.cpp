@@ -85,6 +85,24 @@ QVector<QString> closeImages()
     return images;
 }
 
+// The same lists for every bar: a program's folder does not change.
+struct TitleImages
+{
+    const QVector<QString> gift = giftImages();
+    const QVector<QString> support = commonImages("ico_onlinesupport_", ".svg");
+    const QVector<QString> minimize = commonImages("minimize_", ".png");
+    const QVector<QString> close = closeImages();
+    const QVector<QString> menu = commonImages("ico_more_", ".svg");
+    const QVector<QString> back = commonImages("back_", ".png");
+    const QVector<QColor> backColors = ::backColors();
+};
+
+const TitleImages &titleImages()
+{
+    static const TitleImages images;
+    return images;
+}
+
 // A text that finds no room is cut with an ellipsis, so that a long title neither widens the window nor
 // pushes the buttons out of it.
 class TitleLabel : public QLabel
@@ -150,13 +168,14 @@ void CBPWinFrmTitle::createLabels()
 
 void CBPWinFrmTitle::createButtons()
 {
-    m_offerBtn = CreateImgButton(giftImages(), OfferId, false);
-    m_supportBtn = CreateImgButton(commonImages("ico_onlinesupport_", ".svg"), SupportId, false);
-    m_minBtn = CreateImgButton(commonImages("minimize_", ".png"), MinimizeId, false);
-    m_closeBtn = CreateImgButton(closeImages(), CloseId, false);
-    m_menuBtn = CreateImgButton(commonImages("ico_more_", ".svg"), MenuId, false);
-    m_backBtn = CreateImgButton(commonImages("back_", ".png"), BackId, true);
-    m_backBtn->SetBkgColors(backColors());
+    const TitleImages &images = titleImages();
+    m_offerBtn = CreateImgButton(images.gift, OfferId, false);
+    m_supportBtn = CreateImgButton(images.support, SupportId, false);
+    m_minBtn = CreateImgButton(images.minimize, MinimizeId, false);
+    m_closeBtn = CreateImgButton(images.close, CloseId, false);
+    m_menuBtn = CreateImgButton(images.menu, MenuId, false);
+    m_backBtn = CreateImgButton(images.back, BackId, true);
+    m_backBtn->SetBkgColors(images.backColors);
     m_backBtn->SetHight(kBackHeight);
     m_backBtn->setFixedHeight(kBackHeight);
 }
@@ -424,6 +443,13 @@ void CBPWinFrmTitle::on_back_btnSlot()
 
 // ----------------------------------------------------------------------------------------------------------
 // events
+
+void CBPWinFrmTitle::paintEvent(QPaintEvent *event)
+{
+    // Not only when shown: the window is moved to another screen, or the screen's scaling changed under it.
+    refreshImages();
+    CRoundedRectBase::paintEvent(event);
+}
 
 void CBPWinFrmTitle::mousePressEvent(QMouseEvent *event)
 {

@@ -1,0 +1,138 @@
+#include "CBPWinFrm.h"
+
+#include "CBPImageButton.h"
+#include "CBPWinFrmTitle.h"
+#include "TestMain.h"
+#include "Util.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <private/qhighdpiscaling_p.h>
+
+#ifdef Q_OS_WIN
+#include <windows.h>
+
+#include <psapi.h>
+#elif defined(__GLIBC__)
+#include <malloc.h>
+#endif
+
+// A dialog from its making to its end, many times, and on a screen whose scaling changes.
+namespace {
+
+constexpr int kOpenings = 500;
+constexpr qint64 kTolerance = 256 * 1024; // bytes: the smallest leak of an opening is some hundred
+
+// Bytes that the process has in use, -1 where that cannot be asked.
+qint64 memoryInUse()
+{
+#ifdef Q_OS_WIN
+    PROCESS_MEMORY_COUNTERS_EX counters = {};
+    counters.cb = sizeof(counters);
+    if (!GetProcessMemoryInfo(GetCurrentProcess(), reinterpret_cast<PROCESS_MEMORY_COUNTERS *>(&counters),
+                              sizeof(counters)))
+        return -1;
+    return qint64(counters.PrivateUsage);
+#elif defined(__GLIBC__)
+    return qint64(mallinfo2().uordblks);
+#else
+    return -1;
+#endif
+}
+
+class Dialog : public CBPWinFrm
+{
+public:
+    Dialog() : CBPWinFrm(nullptr)
+    {
+        Init();
+        auto *content = new QWidget;
+        auto *layout = new QVBoxLayout(content);
+        layout->addWidget(new QLabel(QStringLiteral("A label")));
+        layout->addWidget(new QLineEdit);
+        layout->addWidget(new QPushButton(QStringLiteral("A button")));
+        SetWindowTitle(QStringLiteral("A title"), false);
+        SetWindowLog(Util::getResFullPath(QStringLiteral("../res/title_logo.png")));
+        ShowTitleBtn(2 | 8 | 64 | 128, true);
+        AppendContent(content, true, false, 0);
+    }
+
+    using CBPWinFrm::titleBar;
+};
+
+// One screen whose scaling changes under its windows: what a window meets that is moved to another one.
+class Scaling
+{
+public:
+    ~Scaling() { set(1.0); }
+    void set(qreal factor) { QHighDpiScaling::setScreenFactor(QGuiApplication::primaryScreen(), factor); }
+};
+
+QVector<QSize> logicalSizes(const QWidget &window)
+{
+    QVector<QSize> sizes{window.size()};
+    const auto all = window.findChildren<QWidget *>();
+    for (const QWidget *one : all)
+        sizes << one->size();
+    return sizes;
+}
+
+} // namespace
+
+class TestDialogLife : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void anotherScaling()
+    {
+        Scaling scaling;
+        Dialog dialog;
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        const auto *bar = dialog.titleBar();
+        const QLabel *icon = nullptr;
+        const auto labels = bar->findChildren<QLabel *>();
+        for (const QLabel *label : labels) {
+            if (!label->pixmap(Qt::ReturnByValue).isNull())
+                icon = label;
+        }
+        QVERIFY(icon);
+        const QSize iconSize = icon->size();
+        const QVector<QSize> before = logicalSizes(dialog);
+        for (const qreal factor : {2.0, 1.5, 1.0}) {
+            scaling.set(factor);
+            QCOMPARE(dialog.devicePixelRatioF(), factor);
+            dialog.grab();
+            const QPixmap image = icon->pixmap(Qt::ReturnByValue);
+            QCOMPARE(image.devicePixelRatioF(), factor);
+            QCOMPARE(icon->size(), iconSize);
+            QCOMPARE(logicalSizes(dialog), before);
+        }
+    }
+
+    void memory()
+    {
+        if (memoryInUse() < 0)
+            QSKIP("the memory in use is not known here");
+        const auto open = [] {
+            Dialog dialog;
+            dialog.show();
+            QCoreApplication::processEvents();
+            dialog.close();
+        };
+        for (int i = 0; i < kOpenings / 25; ++i)
+            open(); // fills what is cached
+        const qint64 before = memoryInUse();
+        for (int i = 0; i < kOpenings; ++i)
+            open();
+        const qint64 growth = memoryInUse() - before;
+        QVERIFY2(growth < kTolerance, qPrintable(QStringLiteral("%1 bytes more").arg(growth)));
+    }
+};
+
+LUMQT_TEST_MAIN(TestDialogLife)
+#include "tst_dialog_life.moc"
