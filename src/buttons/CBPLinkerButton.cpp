@@ -281,7 +281,9 @@ QString CBPLinkerButton::shownText()
     if (m_elidedWidth != width() || m_elidedOf != whole) {
         m_elidedWidth = width();
         m_elidedOf = whole;
-        m_elided = QFontMetrics(m_font).elidedText(whole, Qt::ElideRight, width());
+        // Several lines would be measured as one.
+        const bool oneLine = !whole.contains(QLatin1Char('\n'));
+        m_elided = oneLine ? QFontMetrics(m_font).elidedText(whole, Qt::ElideRight, width()) : whole;
     }
     return m_elided;
 }
