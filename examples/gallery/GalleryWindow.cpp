@@ -91,6 +91,14 @@ Page *GalleryWindow::page() const
     return static_cast<Page *>(scrollArea()->widget());
 }
 
+int GalleryWindow::fullHeight() const
+{
+    const QWidget *viewport = scrollArea()->viewport();
+    const int missing = qMax(page()->fullHeight(viewport->width()) - viewport->height(),
+                             m_list->fullHeight() - m_list->viewport()->height());
+    return height() + missing;
+}
+
 QRect GalleryWindow::windowRect()
 {
     // The frame either lies in the contents margins or, as a native one, outside of the widget.

@@ -4,6 +4,7 @@
 
 #include "Util.h"
 
+#include <QBitmap>
 #include <QDir>
 #include <QFormLayout>
 #include <QLabel>
@@ -25,6 +26,8 @@ public:
     {
         for (const QString &name : names)
             m_pictures << (name.isEmpty() ? QPixmap() : theme::picture(name));
+        for (const QPixmap &picture : qAsConst(m_pictures))
+            m_visible |= visiblePart(picture);
         setFixedSize(tile * m_pictures.size(), tile);
     }
 
@@ -38,15 +41,37 @@ protected:
         painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kTileRadius, kTileRadius);
         QRect tile(0, 0, m_tile, m_tile);
         for (const QPixmap &picture : qAsConst(m_pictures)) {
-            const QSize size = picture.size() / picture.devicePixelRatio();
-            painter.drawPixmap(tile.x() + (m_tile - size.width()) / 2,
-                               tile.y() + (m_tile - size.height()) / 2, picture);
+            if (picture.isNull()) { // there is none for this state
+                QRectF dash(0, 0, theme::kUnit, 1);
+                dash.moveCenter(QRectF(tile).center());
+                painter.fillRect(dash, theme::kSideHeading);
+            } else {
+                painter.drawPixmap(tile.topLeft() + inTile() - m_visible.topLeft(), picture);
+            }
             tile.translate(m_tile, 0);
         }
     }
 
 private:
+    // Logical pixels of `picture` that are not all transparent.
+    static QRect visiblePart(const QPixmap &picture)
+    {
+        const QRect pixels = QRegion(picture.mask()).boundingRect();
+        if (picture.isNull() || pixels.isEmpty())
+            return QRect(QPoint(0, 0), picture.size() / picture.devicePixelRatio());
+        const qreal ratio = picture.devicePixelRatio();
+        return QRectF(pixels.x() / ratio, pixels.y() / ratio, pixels.width() / ratio, pixels.height() / ratio)
+            .toAlignedRect();
+    }
+
+    // Puts the middle of what is visible in all states into the middle of a tile.
+    QPoint inTile() const
+    {
+        return QPoint((m_tile - m_visible.width()) / 2, (m_tile - m_visible.height()) / 2);
+    }
+
     QVector<QPixmap> m_pictures;
+    QRect m_visible; // of all of them, were they laid on each other
     QColor m_ground;
     int m_tile;
 };
@@ -88,7 +113,7 @@ QWidget *facts(const QVector<QPair<QString, QString>> &lines)
     for (const auto &line : lines) {
         QLabel *value = theme::label(line.second, theme::Normal, 14, theme::kText, true);
         value->setTextInteractionFlags(Qt::TextSelectableByMouse);
-        form->addRow(theme::label(line.first, theme::Normal, 14, theme::kCaption), value);
+        form->addRow(theme::label(line.first, theme::Normal, 14, theme::kText), value);
     }
     return box;
 }
@@ -116,7 +141,7 @@ void addFonts(Page *page)
         QLabel *specimen = theme::label("Ag 0123", weight.second, 34, theme::kInk);
         specimens << Sample{weight.first + ": " + theme::font(weight.second, 14).family(), specimen};
     }
-    section->addColumns(216, specimens);
+    section->addColumns(4, specimens);
     auto *lines = new QWidget;
     auto *layout = new QVBoxLayout(lines);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -142,12 +167,11 @@ void addColors(Page *page)
     page->addSection("Colours",
                      "Title bars take theirs from UIConfig.ini; a missing one leaves the built-in colour. "
                      "The accents are the library's own.")
-        ->addColumns(216 - 2 * theme::kUnit - theme::kUnit * 4,
-                     {{"title_bgcolor " + named(ground), new Swatch(ground)},
-                      {"title_textcolor " + named(text), new Swatch(text)},
-                      {"title_bottonline " + named(line), new Swatch(line)},
-                      {"Accent #4baeb2", new Swatch(theme::kAccent)},
-                      {"Accent #49a7f5", new Swatch(theme::kAccentBlue)}});
+        ->addColumns(5, {{"title_bgcolor " + named(ground), new Swatch(ground)},
+                         {"title_textcolor " + named(text), new Swatch(text)},
+                         {"title_bottonline " + named(line), new Swatch(line)},
+                         {"Accent #4baeb2", new Swatch(theme::kAccent)},
+                         {"Accent #49a7f5", new Swatch(theme::kAccentBlue)}});
 }
 
 // A picture in its states: "list" of list_normal.png, list_hover.png and so on.
@@ -198,8 +222,9 @@ void addPicturesInStates(Page *page, const QMap<QString, States> &inStates)
         QStringList files;
         for (const QString &state : order)
             files << it->value(state);
-        rows << SampleRow{it.key(),
-                          {new PictureStrip(files, Qt::white), new PictureStrip(files, theme::kInk)}};
+        // Those of the title bar are for dark grounds only.
+        QWidget *onWhite = it.key().startsWith("Common/") ? nullptr : new PictureStrip(files, Qt::white);
+        rows << SampleRow{it.key(), {onWhite, new PictureStrip(files, theme::kInk)}};
     }
     section->addTable({"On white", "On the dark title bar"}, rows);
 }
@@ -217,7 +242,7 @@ void addSinglePictures(Page *page, const QStringList &single)
         layout->addWidget(new PictureStrip({file}, theme::kInk, tile));
         samples << Sample{file, both};
     }
-    page->addSection("Single pictures", QString())->addColumns(216, samples);
+    page->addSection("Single pictures", QString())->addColumns(4, samples);
 }
 
 void addLoading(Page *page)

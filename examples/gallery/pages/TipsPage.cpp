@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int kColumnWidth = 208;
+constexpr int kColumns = 4;
 constexpr int kTextWidth = 144;
 
 QLabel *words(const QString &text, int width = kTextWidth)
@@ -76,11 +76,10 @@ void addLiveSamples(Page *page)
     Section *section =
         page->addSection("Try it", "Three that follow the mouse, and one that a click opens and that goes on "
                                    "Escape or a click elsewhere. Scroll while it shows: it stays in place.");
-    section->addColumns(kColumnWidth,
-                        {{"Arrow at the left", live("Rest here", ENOrientationLeft, true)},
-                         {"Arrow in the middle", live("Rest here", ENOrientationCenter, true)},
-                         {"Arrow at the right", live("Rest here", ENOrientationRight, true)},
-                         {"On a click, no arrow", live("Click here", ENOrientationNone, false)}});
+    section->addColumns(kColumns, {{"Arrow at the left", live("Rest here", ENOrientationLeft, true)},
+                                   {"Arrow in the middle", live("Rest here", ENOrientationCenter, true)},
+                                   {"Arrow at the right", live("Rest here", ENOrientationRight, true)},
+                                   {"On a click, no arrow", live("Click here", ENOrientationNone, false)}});
 }
 
 void addBubbles(Page *page)
@@ -90,10 +89,10 @@ void addBubbles(Page *page)
         "The arrow stands 45 pixels from the left or right, or in the middle. Without one the "
         "bubble starts one pixel left of its widget.");
     const QString text = "A bubble explains the widget it points at.";
-    section->addColumns(kColumnWidth, {{"Left", bubble(ENOrientationLeft, text)},
-                                       {"Center", bubble(ENOrientationCenter, text)},
-                                       {"Right", bubble(ENOrientationRight, text)},
-                                       {"None", bubble(ENOrientationNone, text)}});
+    section->addColumns(kColumns, {{"Left", bubble(ENOrientationLeft, text)},
+                                   {"Center", bubble(ENOrientationCenter, text)},
+                                   {"Right", bubble(ENOrientationRight, text)},
+                                   {"None", bubble(ENOrientationNone, text)}});
 }
 
 void addContents(Page *page)
@@ -108,11 +107,10 @@ void addContents(Page *page)
     auto *button = new CBPPushBtn("Continue", nullptr);
     button->setFixedWidth(kTextWidth);
     mixed->AppendWidget(button);
-    section->addColumns(kColumnWidth,
-                        {{"Radius 0", bubble(ENOrientationCenter, "Square corners.", 0)},
-                         {"Radius 12", bubble(ENOrientationCenter, "Softer corners.", 12)},
-                         {"Radius 12, no arrow", bubble(ENOrientationNone, "Softer corners.", 12)},
-                         {"Several widgets", portrait(mixed)}});
+    section->addColumns(kColumns, {{"Radius 0", bubble(ENOrientationCenter, "Square corners.", 0)},
+                                   {"Radius 12", bubble(ENOrientationCenter, "Softer corners.", 12)},
+                                   {"Radius 12, no arrow", bubble(ENOrientationNone, "Softer corners.", 12)},
+                                   {"Several widgets", portrait(mixed)}});
 }
 
 void addTexts(Page *page)
@@ -121,7 +119,7 @@ void addTexts(Page *page)
         "Text tips",
         "CTextTips: a dark box with a text, as image buttons show it. It is as wide as its text, "
         "or wraps at a fixed width.");
-    section->addColumns(kColumnWidth,
+    section->addColumns(kColumns,
                         {{"One line", darkTip("Minimize", 0)},
                          {"160 wide", darkTip("A longer text wraps at its words where a width is set.", 160)},
                          {"Rich text", darkTip("<b>Ctrl+N</b> opens a new one", 0)},
