@@ -144,13 +144,17 @@ void Section::addSamples(const QVector<Sample> &samples)
     m_layout->addLayout(rowOfSamples(samples, theme::kCaption));
 }
 
-void Section::addColumns(int columns, const QVector<Sample> &samples)
+void Section::addColumns(int columns, const QVector<Sample> &samples, int width)
 {
-    const int width = (theme::kPageWidth - (columns - 1) * kSampleGap) / columns;
+    const int gaps = columns - 1;
+    if (width <= 0)
+        width = (theme::kPageWidth - gaps * kSampleGap) / columns;
+    // From column to column; the samples themselves may be somewhat wider.
+    const int step = gaps > 0 ? (theme::kPageWidth - width) / gaps : width;
     for (int first = 0; first < samples.size(); first += columns) {
         QGridLayout *row = rowOfSamples(samples.mid(first, columns), theme::kCaption);
         for (int column = 0; column < columns; ++column)
-            row->setColumnMinimumWidth(column, width);
+            row->setColumnMinimumWidth(column, column < gaps ? step - kSampleGap : width);
         m_layout->addLayout(row);
     }
 }

@@ -33,8 +33,9 @@ public:
     // Samples side by side, each with its caption below.
     void addSamples(const QVector<Sample> &samples);
 
-    // The same in `columns` columns of equal width that fill the page.
-    void addColumns(int columns, const QVector<Sample> &samples);
+    // The same in `columns` columns of equal width that fill the page. Where all samples are `width` pixels
+    // wide, the last column of them ends at the page's right edge.
+    void addColumns(int columns, const QVector<Sample> &samples, int width = 0);
 
     // A table: column captions on top, one row of samples each below. A table wider than the page is told
     // of in a warning: it would be squeezed.

@@ -156,12 +156,14 @@ void addPacking(Page *page)
 {
     Section *section = page->addSection("Packing", "Each widget is followed by a space of its padding; the "
                                                    "spacing comes between all items, spaces too.");
-    section->addColumns(3, {{"Spacing 0, padding 0", rowOf(0, 0)},
-                            {"Spacing 0, padding 8", rowOf(0, 8)},
-                            {"The middle one expands", expanding()},
-                            {"Column, spacing 4", columnOf(4)},
-                            {"Alignments", aligned()},
-                            {"A layout between widgets", nestedLayout()}});
+    section->addColumns(3,
+                        {{"Spacing 0, padding 0", rowOf(0, 0)},
+                         {"Spacing 0, padding 8", rowOf(0, 8)},
+                         {"The middle one expands", expanding()},
+                         {"Column, spacing 4", columnOf(4)},
+                         {"Alignments", aligned()},
+                         {"A layout between widgets", nestedLayout()}},
+                        kBoxWidth);
     section->addSamples({{"Inserted, and a space of 32", inserted()}});
 }
 
@@ -247,8 +249,8 @@ void addFrameBoxes(Page *page)
 {
     page->addSection(
             "Title, content, bottom",
-            "CBPFrameBox: the grey band at the bottom ends where the bottom row begins, and its line runs "
-            "along the left and the top edge.")
+            "CBPFrameBox: the grey band at the bottom ends where the bottom row begins; its line runs "
+            "along left and top.")
         ->addSamples({{"Bands of 32 and 40", frameBox(32, 40, 176)},
                       {"A title band only", frameBox(32, 144, 176)},
                       {"No bands", frameBox(0, 176, 176)},

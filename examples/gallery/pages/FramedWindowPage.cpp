@@ -317,9 +317,10 @@ QWidget *lowTitlePortrait()
 
 void addPortraits(Page *page)
 {
-    page->addSection("Windows",
-                     "The frame lays title bar, content and bottom area out. Body, shadow and "
-                     "line are painted by the derived class, here as in every dialog of this page.")
+    page->addSection(
+            "Windows",
+            "The frame lays title bar, content and bottom area out; body, shadow and line are painted by "
+            "derived classes.")
         ->addColumns(kColumns, {{"Title bar and content", plainPortrait()},
                                 {"Low title bar", lowTitlePortrait()},
                                 {"Bottom area", bottomPortrait(true)},

@@ -96,8 +96,8 @@ void addStates(Page *page)
 {
     Section *section = page->addSection(
         "States",
-        "An image file per state, and a colour per state for text, ground and frame. The ring shows at "
-        "the keyboard; a click brings the focus without it.");
+        "An image file per state, and a colour per state for text, ground and frame. Only the keyboard "
+        "brings the ring.");
     section->addTable({"Normal", "Hovered", "Pressed", "Focused", "Disabled", "Selected"},
                       {statesOf("Image alone", [] { return icon("list_%1.png"); }),
                        statesOf("With a text", [] { return labelled("List"); }),
@@ -144,8 +144,9 @@ CBPImageButton *below(int spacing)
 void addTexts(Page *page)
 {
     Section *section = page->addSection(
-        "Image and text", "The button is as large as image and text, with the border at both sides. Spacing "
-                          "lies between the two, the margin before the image.");
+        "Image and text",
+        "As large as both with the border at either side. Spacing lies between them, the margin "
+        "before the image.");
     const auto font = theme::font(theme::Normal, 14);
     const auto sample = [&](int spacing, int margin, int border) {
         auto *button = new CBPImageButton(images("list_%1.png"), false, 0);

@@ -15,6 +15,7 @@
 namespace {
 
 constexpr int kColumns = 3;
+constexpr int kLeastWidth = 249; // of a menu
 constexpr int kTickWidth = 16;
 constexpr int kPictureWidth = 32; // of the pictures for dark grounds
 
@@ -272,22 +273,26 @@ Page *makePage()
     addLiveSamples(page);
     page->addSection("Items",
                      "An item has a text and, if wanted, a picture, four pictures by state, or a badge.")
-        ->addColumns(kColumns, {{"Texts; one highlighted, one disabled", texts()},
-                                {"Picture files, column of 32 pixels", pictures()},
-                                {"Pictures by state", stateImages()},
-                                {"Badges: a dot, a picture", badges()},
-                                {"One chosen item", chosen()},
-                                {"Separator, 17 pixels with a line of 1", separators()}});
+        ->addColumns(kColumns,
+                     {{"Texts; one highlighted, one disabled", texts()},
+                      {"Picture files, column of 32 pixels", pictures()},
+                      {"Pictures by state", stateImages()},
+                      {"Badges: a dot, a picture", badges()},
+                      {"One chosen item", chosen()},
+                      {"Separator, 17 pixels with a line of 1", separators()}},
+                     kLeastWidth);
     page->addSection("Looks", "The highlight follows the corners of a menu without a border.")
-        ->addColumns(kColumns, {{"With nested menus", parentOfNested()},
-                                {"Nested", nested()},
-                                {"Nested, one item", single()},
-                                {"With a border", bordered()},
-                                {"Own colours", light()},
-                                {"Low items", compact()},
-                                {"Wide text, large radius", wide()},
-                                {"Square", square()},
-                                {"Painted in 18 pixels", elided()}});
+        ->addColumns(kColumns,
+                     {{"With nested menus", parentOfNested()},
+                      {"Nested", nested()},
+                      {"Nested, one item", single()},
+                      {"With a border", bordered()},
+                      {"Own colours", light()},
+                      {"Low items", compact()},
+                      {"Wide text, large radius", wide()},
+                      {"Square", square()},
+                      {"Painted in 18 pixels", elided()}},
+                     kLeastWidth);
     return page;
 }
 

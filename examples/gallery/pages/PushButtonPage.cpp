@@ -14,11 +14,24 @@
 namespace {
 
 constexpr int kWidth = 112;
+constexpr int kIconSampleWidth = 168;
 constexpr int kIconSpacing = 32; // leaves 8 pixels between a 16 pixel icon and a text
 
 QIcon iconOf(const char *name)
 {
     return QIcon(theme::picturePath(QLatin1String(name)));
+}
+
+int widthOf(const QString &text)
+{
+    return QFontMetrics(theme::font(theme::Normal, 14)).horizontalAdvance(text);
+}
+
+// The triangle of a menu stands half of the spacing right of the middle, whatever the text: 6 pixels behind
+// this one.
+int triangleSpacing(const QString &text)
+{
+    return widthOf(text) + 2 * 6;
 }
 
 CBPPushBtn *button(const QString &text, int width = kWidth)
@@ -74,6 +87,7 @@ void addLiveSamples(Page *page)
     checkable->setCheckedBgColor(QColor(226, 242, 243));
     checkable->setCheckedFrmColor(QColor(75, 174, 178));
     CBPPushBtn *withMenu = live(log, "Contact", 4);
+    withMenu->setSpacing(triangleSpacing(withMenu->text()));
     addMenu(withMenu);
     CBPPushBtn *disabled = live(log, "Disabled", 5);
     disabled->setEnabled(false);
@@ -149,6 +163,7 @@ CBPPushBtn *withTriangle()
 {
     CBPPushBtn *result = button("Sort");
     result->setHasMenu(true);
+    result->setSpacing(triangleSpacing(result->text()));
     return result;
 }
 
@@ -171,7 +186,7 @@ CBPPushBtn *iconSample(const QString &text, CBPPushBtn::__ALIGN_TYPE align, bool
                        int spacing = kIconSpacing)
 {
     auto *result = new CBPPushBtn(text, 0, align, false, after);
-    result->setFixedWidth(168);
+    result->setFixedWidth(kIconSampleWidth);
     result->setSpacing(spacing);
     result->setIcon(iconOf("icon_user.png"));
     return result;
@@ -187,14 +202,16 @@ void addIcons(Page *page)
     CBPPushBtn *lowered = iconSample("Account", CBPPushBtn::ALIGN_CENTER, true);
     lowered->SetIconVoffSet(4);
     section->addColumns(
-        4, {{"Before the text", iconSample("Account", CBPPushBtn::ALIGN_CENTER, false)},
-            {"Behind the text", iconSample("Account", CBPPushBtn::ALIGN_CENTER, true)},
-            {"At the left edge", iconSample("Account", CBPPushBtn::ALIGN_LEFT, false)},
-            {"Alone", iconSample(QString(), CBPPushBtn::ALIGN_CENTER, false)},
-            {"Spacing 10, the default", iconSample("Account", CBPPushBtn::ALIGN_CENTER, false, 10)},
-            {"Spacing 56", iconSample("Account", CBPPushBtn::ALIGN_CENTER, false, 56)},
-            {"Behind, 4 pixels lower", lowered},
-            {"Left edge, behind", iconSample("Account", CBPPushBtn::ALIGN_LEFT, true, 64)}});
+        4,
+        {{"Before the text", iconSample("Account", CBPPushBtn::ALIGN_CENTER, false)},
+         {"Behind the text", iconSample("Account", CBPPushBtn::ALIGN_CENTER, true)},
+         {"At the left edge", iconSample("Account", CBPPushBtn::ALIGN_LEFT, false)},
+         {"Alone", iconSample(QString(), CBPPushBtn::ALIGN_CENTER, false)},
+         {"Spacing 10, the default", iconSample("Account", CBPPushBtn::ALIGN_CENTER, false, 10)},
+         {"Spacing 56", iconSample("Account", CBPPushBtn::ALIGN_CENTER, false, 56)},
+         {"Behind, 4 pixels lower", lowered},
+         {"Left edge, behind", iconSample("Account", CBPPushBtn::ALIGN_LEFT, true, 64)}},
+        kIconSampleWidth);
 }
 
 void addWidths(Page *page)
@@ -204,6 +221,7 @@ void addWidths(Page *page)
         "A button that sizes itself counts icon, menu and least width, never its text: a row of dialog "
         "buttons keeps one width in every language. Give long texts a width of their own.");
     auto *menuButton = new CBPPushBtn("Sort", nullptr, true);
+    menuButton->setSpacing(triangleSpacing(menuButton->text()));
     menuButton->setHasMenu(true);
     auto *wide = new CBPPushBtn("Least 140", nullptr, true);
     wide->SetMininzerWidth(140);
@@ -218,7 +236,8 @@ void addWidths(Page *page)
 
     CBPPushBtn *twoLines = button("A long text wraps at its words", 168);
     twoLines->setFixedHeight(48);
-    CBPPushBtn *anywhere = button("Donaudampfschifffahrtsgesellschaft", 168);
+    // As wide as the first line, and half of the wide letter that the second one begins with.
+    CBPPushBtn *anywhere = button("Straßenbahnhaltestellenmast", widthOf("Straßenbahnhaltestellen") + 12);
     anywhere->setFixedHeight(48);
     CBPPushBtn *plain = button("R&D <b>plain</b>", 144);
     plain->setFixedHeight(48);

@@ -14,7 +14,8 @@
 
 namespace {
 
-constexpr int kTile = 56; // of a picture
+constexpr int kTile = 56;         // of a picture
+constexpr int kSingleWidth = 152; // of a picture on both grounds
 constexpr int kTileRadius = 4;
 
 // Pictures side by side, each in the middle of a tile, on one ground.
@@ -42,7 +43,7 @@ protected:
         QRect tile(0, 0, m_tile, m_tile);
         for (const QPixmap &picture : qAsConst(m_pictures)) {
             if (picture.isNull()) { // there is none for this state
-                QRectF dash(0, 0, theme::kUnit, 1);
+                QRectF dash(0, 0, theme::kUnit / 2, 1);
                 dash.moveCenter(QRectF(tile).center());
                 painter.fillRect(dash, theme::kSideHeading);
             } else {
@@ -213,9 +214,10 @@ void collect(const QString &folder, QMap<QString, States> &inStates, QStringList
 
 void addPicturesInStates(Page *page, const QMap<QString, States> &inStates)
 {
-    Section *section =
-        page->addSection("Pictures by state", "Normal, hovered, pressed, disabled; on the white strip of "
-                                              "the frameless window and on the dark title bar.");
+    Section *section = page->addSection(
+        "Pictures by state",
+        "Normal, hovered, pressed, disabled. Those of Common are for the dark title bar alone; a short "
+        "dash stands for no file.");
     const QStringList order = states();
     QVector<SampleRow> rows;
     for (auto it = inStates.begin(); it != inStates.end(); ++it) {
@@ -237,12 +239,12 @@ void addSinglePictures(Page *page, const QStringList &single)
         auto *layout = new QHBoxLayout(both);
         layout->setContentsMargins(0, 0, 0, 0);
         layout->setSpacing(theme::kUnit);
-        const int tile = 9 * theme::kUnit;
+        const int tile = (kSingleWidth - theme::kUnit) / 2;
         layout->addWidget(new PictureStrip({file}, Qt::white, tile));
         layout->addWidget(new PictureStrip({file}, theme::kInk, tile));
         samples << Sample{file, both};
     }
-    page->addSection("Single pictures", QString())->addColumns(4, samples);
+    page->addSection("Single pictures", QString())->addColumns(4, samples, kSingleWidth);
 }
 
 void addLoading(Page *page)
