@@ -59,30 +59,6 @@ QPixmap photograph(GalleryWindow &window)
     return screen->grabWindow(0, onScreen.x(), onScreen.y(), rect.width(), rect.height());
 }
 
-// What the bands of a native frame show that let the desktop through.
-class LightBackdrop
-{
-public:
-    LightBackdrop() : m_window(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus)
-    {
-        m_window.setAttribute(Qt::WA_ShowWithoutActivating);
-        QPalette palette;
-        palette.setColor(QPalette::Window, theme::kLine);
-        m_window.setPalette(palette);
-    }
-
-    void putBehind(GalleryWindow &window)
-    {
-        m_window.setGeometry(window.windowRect());
-        m_window.show();
-        window.raise();
-        window.activateWindow();
-    }
-
-private:
-    QWidget m_window;
-};
-
 // Makes the window as high as the page, as far as it can be photographed.
 void fitToPage(GalleryWindow &window)
 {
@@ -143,13 +119,11 @@ private:
     bool m_failed = false;
 };
 
-void photographPage(GalleryWindow &window, const QString &pageId, LightBackdrop &backdrop, Album &album)
+void photographPage(GalleryWindow &window, const QString &pageId, Album &album)
 {
     window.showPage(pageId);
     settle(kSettleTime);
     fitToPage(window);
-    if (frameIsNative())
-        backdrop.putBehind(window);
     settle(kSettleTime);
     QScrollBar *bar = window.scrollArea()->verticalScrollBar();
     int part = 1;
@@ -177,8 +151,7 @@ int takeScreenshots(GalleryWindow &window, const QStringList &pageIds, const QSt
     // Above the list of pages nothing answers the pointer.
     QCursor::setPos(
         window.mapToGlobal(window.contentsRect().topLeft() + QPoint(kPointerInset, kPointerInset)));
-    LightBackdrop backdrop;
     for (const QString &pageId : pageIds)
-        photographPage(window, pageId, backdrop, album);
+        photographPage(window, pageId, album);
     return album.close();
 }

@@ -135,8 +135,9 @@ QWidget *windowWithPointer(int id, bool pressed)
 void addFrames(Page *page)
 {
     if (QGuiApplication::platformName() == QLatin1String("windows")) {
-        page->addSection("Frame", "Strip and border lie outside of the widget here, where no sample can be "
-                                  "posed: see the gallery's own, and those of the windows above.");
+        page->addSection(
+            "Frame", "Strip and border lie outside of the widget here, where no sample can be posed: try the "
+                     "windows above.");
         return;
     }
     const QString logo = theme::picturePath("title_logo.png");

@@ -145,7 +145,7 @@ void addTexts(Page *page)
 {
     Section *section = page->addSection(
         "Image and text",
-        "As large as both with the border at either side. Spacing lies between them, the margin "
+        "A button holds both, with the border at either side. Spacing lies between them, the margin "
         "before the image.");
     const auto font = theme::font(theme::Normal, 14);
     const auto sample = [&](int spacing, int margin, int border) {

@@ -192,7 +192,7 @@ QWidget *elided()
 {
     auto *menu = new CBPMenu;
     menu->AddAction("Measured at 14 pixels", 1);
-    menu->AddAction("A long text in a large font is cut", 2);
+    menu->AddAction("A long text that must be cut", 2);
     menu->AddAction("Short", 3);
     menu->SetFont(theme::font(theme::Normal, 18).family(), 18);
     return portrait(menu);

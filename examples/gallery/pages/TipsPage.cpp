@@ -91,7 +91,7 @@ void addBubbles(Page *page)
         "Orientations",
         "The arrow stands 45 pixels from the left or right, or in the middle. Without one the "
         "bubble starts one pixel left of its widget.");
-    const QString text = "A bubble explains the widget it points at.";
+    const QString text = "A bubble explains what it points at.";
     section->addColumns(kColumns,
                         {{"Left", bubble(ENOrientationLeft, text)},
                          {"Center", bubble(ENOrientationCenter, text)},
