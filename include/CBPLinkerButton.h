@@ -87,7 +87,6 @@ private:
     void followMouse(bool over);
     void clickByKey();
     QString shownText();
-    QRect textRect(const QString &shown);
 
     int m_type;
     int m_mouseState = 0;

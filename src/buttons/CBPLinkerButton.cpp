@@ -15,10 +15,9 @@ namespace {
 const QColor kTextColors[] = {QColor(0, 140, 255), QColor(0, 140, 255), QColor(83, 178, 255),
                               QColor(189, 189, 189)};
 constexpr int kColorCount = 4;
-const QColor kFocusRingColor(75, 167, 245);
-constexpr int kFocusRingRadius = 2;
-constexpr int kRingRoomX = 3; // between the widget's edge and the text, for the ring of the focus
-constexpr int kRingRoomY = 2;
+const QColor kFocusRing(75, 167, 245);
+constexpr int kFocusRadius = 2;
+const QSize kFocusRoom(3, 4); // beside the text, and above and below it
 const char kFontSheet[] = "QLabel{font-family:\"%1\"; font-size:14px;}";
 const char kFontSizeSheet[] = "QLabel{font-size:%1px;}";
 
@@ -152,7 +151,7 @@ QSize CBPLinkerButton::sizeHint() const
 {
     const QSize label = QLabel::sizeHint();
     // The label measures in the style sheet's font, which after SetFontPixel() is not the one painted with.
-    return label.expandedTo(m_layout->lineSize(text(), m_font)) + QSize(2 * kRingRoomX, 2 * kRingRoomY);
+    return label.expandedTo(m_layout->lineSize(text(), m_font)) + kFocusRoom;
 }
 
 // ------------------------------------------------------------------------------------------------------------
@@ -277,13 +276,6 @@ void CBPLinkerButton::changeEvent(QEvent *event)
 // ------------------------------------------------------------------------------------------------------------
 // painting
 
-// The ring keeps off the text where there is room; a narrow link shows as much of its text as its width can.
-QRect CBPLinkerButton::textRect(const QString &shown)
-{
-    const int spare = width() - m_layout->lineSize(shown, m_font).width();
-    return rect().adjusted(qBound(0, spare / 2, kRingRoomX), 0, 0, 0);
-}
-
 QString CBPLinkerButton::shownText()
 {
     const QString whole = text();
@@ -317,11 +309,11 @@ void CBPLinkerButton::paintEvent(QPaintEvent *)
     QPainter painter(this);
     if (m_showsFocus) {
         lumqt::Body ring;
-        ring.frame = kFocusRingColor;
-        ring.radiusX = ring.radiusY = kFocusRingRadius;
+        ring.frame = kFocusRing;
+        ring.radiusX = ring.radiusY = kFocusRadius;
         lumqt::drawBody(painter, rect(), ring);
     }
     const QColor own = m_textColors.value(index);
     painter.setPen(own.isValid() ? own : kTextColors[index]);
-    m_layout->drawLeft(painter, textRect(shown), shown, m_font);
+    m_layout->drawLeft(painter, rect(), shown, m_font);
 }

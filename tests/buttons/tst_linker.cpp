@@ -327,33 +327,6 @@ private slots:
         QVERIFY(!link);
     }
 
-    void ringKeepsOffTheText()
-    {
-        CBPLinkerButton link("LLLL", ENLinkerTypeAlways);
-        link.resize(link.sizeHint());
-        const int whole = link.width();
-        send(link, QEvent::FocusIn);
-        QImage image = picture(link);
-        const QColor white(Qt::white);
-        for (int y = 4; y < image.height() - 4; ++y) {
-            QVERIFY(image.pixelColor(0, y) != white);
-            QVERIFY(image.pixelColor(whole - 1, y) != white);
-            QCOMPARE(image.pixelColor(1, y), white);
-            QCOMPARE(image.pixelColor(whole - 2, y), white);
-        }
-        for (int x = 4; x < whole - 4; ++x) {
-            QCOMPARE(image.pixelColor(x, 1), white);
-            QCOMPARE(image.pixelColor(x, image.height() - 2), white);
-        }
-        // As narrow as the text alone, the link still shows all of it.
-        link.resize(whole - 6, link.height());
-        picture(link);
-        QCOMPARE(link.toolTip(), QString());
-        link.resize(whole - 8, link.height());
-        picture(link);
-        QCOMPARE(link.toolTip(), link.text());
-    }
-
     void tipOfAnElidedText()
     {
         CBPLinkerButton link("A text that does not always fit");
