@@ -415,10 +415,13 @@ private slots:
                 tips += event->type() == QEvent::ToolTipChange;
                 return CBPLinkerButton::event(event);
             }
-        } link(kText, ENLinkerTypeNever);
+        };
+        QWidget window; // a window may not be as narrow as the link is to be
+        window.resize(200, 100);
+        Painted link(kText, ENLinkerTypeNever, 0, &window);
         link.resize(20, 20);
-        link.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&link));
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
         QTRY_VERIFY(link.paints > 0);
         QCoreApplication::processEvents();
         const QVector<std::function<void()>> changes{
