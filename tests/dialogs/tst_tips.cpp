@@ -455,7 +455,8 @@ private slots:
         QCOMPARE(around, QMargins(16, 12, 16, 12));
         QVERIFY(tip.windowFlags() & Qt::FramelessWindowHint);
         label->setText(QStringLiteral("x"));
-        QTRY_COMPARE(tip.size(), tip.sizeHint());
+        QTRY_VERIFY(tip.width() < 100);
+        QCOMPARE(tip.size(), tip.sizeHint());
         tip.resize(300, 200); // from now on the application's size
         label->setText(QStringLiteral("xx"));
         QCoreApplication::processEvents();
