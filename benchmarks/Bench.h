@@ -49,3 +49,4 @@ void benchPushButtons(Bench &bench);
 void benchImageButtons(Bench &bench);
 void benchFrame(Bench &bench);
 void benchDialogs(Bench &bench);
+void benchExecuter(Bench &bench);

@@ -30,5 +30,6 @@ int main(int argc, char *argv[])
     benchImageButtons(bench);
     benchFrame(bench);
     benchDialogs(bench);
+    benchExecuter(bench);
     return bench.report(parser.value(json)) ? 0 : 1;
 }

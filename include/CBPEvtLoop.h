@@ -4,6 +4,8 @@
 
 #include <QEventLoop>
 
+#include <memory>
+
 /// An event loop that counts: it is left once exit() was called as often as exec().
 ///
 /// Used in the thread that made it. quit(), QEventLoop::exit() through a pointer to the base and
@@ -36,4 +38,6 @@ public:
 
 private:
     int m_runCount = 0;
+    bool m_inExec = false;
+    std::unique_ptr<QObject> m_nudge;
 };

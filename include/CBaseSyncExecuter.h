@@ -112,4 +112,5 @@ private:
     bool m_needDelete = true;
     Wait *m_wait = nullptr; // execute() while it waits
     bool m_endedInWait = false;
+    std::unique_ptr<QObject> m_nudge; // while a wait that was ended has not been left
 };

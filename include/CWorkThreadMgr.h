@@ -25,6 +25,10 @@ public:
     /// \since 1.0
     ~CWorkThreadMgr() override;
 
+    /// Takes an owner away; returns the new count. Calling it more often than instance() added owners destroys
+    /// the manager, and the next instance() makes another. \since 1.0
+    long Release() override;
+
     /// Lists `exec` under `window`, which is used as a key only. Neither is owned. Null for `exec` is
     /// ignored. \since 1.0
     void addData(void *window, CBaseSyncExecuter *exec);

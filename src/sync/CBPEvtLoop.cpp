@@ -1,5 +1,7 @@
 #include "CBPEvtLoop.h"
 
+#include "sync/LoopNudge.h"
+
 #include <QPointer>
 
 CBPEvtLoop::CBPEvtLoop() = default;
@@ -11,15 +13,22 @@ CBPEvtLoop::~CBPEvtLoop()
 
 int CBPEvtLoop::exec(QFlags<QEventLoop::ProcessEventsFlag> flags)
 {
-    ++m_runCount;
-    // The base would say so in the log, and return the same.
-    if (m_runCount > 1 && QEventLoop::isRunning())
+    if (m_inExec) {
+        // The base would say so in the log, and return the same.
+        if (QEventLoop::isRunning())
+            ++m_runCount;
         return -1;
+    }
+    ++m_runCount;
     const QPointer<CBPEvtLoop> alive(this);
+    m_inExec = true;
     const int code = QEventLoop::exec(flags);
+    if (!alive)
+        return code;
+    m_inExec = false;
+    m_nudge.reset();
     // Also left by what does not count, such as the application's end: no exit() will come for it.
-    if (alive && !QEventLoop::isRunning())
-        m_runCount = 0;
+    m_runCount = 0;
     return code;
 }
 
@@ -28,6 +37,7 @@ void CBPEvtLoop::exit(int code)
     if (m_runCount == 0 || --m_runCount > 0)
         return;
     QEventLoop::exit(code);
+    m_nudge = std::make_unique<lumqt::LoopNudge>();
 }
 
 bool CBPEvtLoop::isRunning() const

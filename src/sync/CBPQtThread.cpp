@@ -1,5 +1,7 @@
 #include "CBPQtThread.h"
 
+#include "sync/ThreadEnd.h"
+
 namespace {
 
 constexpr unsigned long kPollMicroseconds = 200;
@@ -9,6 +11,7 @@ constexpr unsigned long kPollMicroseconds = 200;
 CBPQtThread::CBPQtThread(QObject *parent) : QThread(parent)
 {
     connect(this, SIGNAL(finished()), this, SLOT(quit()));
+    lumqt::announceThreadEnd(this);
 }
 
 CBPQtThread::~CBPQtThread()
@@ -17,6 +20,7 @@ CBPQtThread::~CBPQtThread()
     m_stop = true;
     while (!wait(1) && QThread::currentThread() != this)
         quit();
+    lumqt::afterThreadEnd(this);
 }
 
 void CBPQtThread::setCB(void (*cb)(void *), void *context)
@@ -52,6 +56,7 @@ void CBPQtThread::WaitExit()
         quit(); // without a function it is an event loop that runs, perhaps only from now on
         usleep(kPollMicroseconds);
     }
+    lumqt::afterThreadEnd(this);
 }
 
 void CBPQtThread::run()

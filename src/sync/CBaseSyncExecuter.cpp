@@ -5,6 +5,8 @@
 #include "CUIBaseThread.h"
 #include "CWorkThreadMgr.h"
 #include "foundation/Log.h"
+#include "sync/LoopNudge.h"
+#include "sync/ThreadEnd.h"
 
 #if __has_include("CBPUISyncWaiter.h")
 #include "CBPUISyncWaiter.h"
@@ -63,6 +65,7 @@ CBaseSyncExecuter::CBaseSyncExecuter(CBPSyncObj *syncObj, QString text, QObject 
         m_syncLife = syncObj->m_life;
     // Queued, since the signal comes from the worker thread: it arrives once the caller waits.
     connect(this, SIGNAL(finished()), this, SLOT(onFinished()));
+    lumqt::announceThreadEnd(this);
     packetData(window);
 }
 
@@ -75,6 +78,7 @@ CBaseSyncExecuter::~CBaseSyncExecuter()
     // A thread that had not come to the derived run() runs the base's, which is an event loop.
     while (!wait(kQuitStepMs) && QThread::currentThread() != this)
         quit();
+    lumqt::afterThreadEnd(this);
     if (m_wait) {
         m_wait->alive = false;
         m_wait->result = m_result;
@@ -131,6 +135,7 @@ unsigned long long CBaseSyncExecuter::execute()
     if (!wait.alive)
         return wait.result;
     m_wait = nullptr;
+    m_nudge.reset();
     settle();
     return m_result;
 }
@@ -160,6 +165,7 @@ void CBaseSyncExecuter::waitForJob(const Wait &wait)
 // The object may be gone afterwards.
 void CBaseSyncExecuter::endWait()
 {
+    m_nudge = std::make_unique<lumqt::LoopNudge>();
     const std::shared_ptr<CBPEvtLoop> loop = m_loop;
     if (CBPSyncObj *sync = syncObj())
         sync->exit(loop.get(), isGlobal());
@@ -176,8 +182,10 @@ void CBaseSyncExecuter::settle()
         return;
     }
     m_quit = true;
-    if (!isRunning())
+    if (!isRunning()) {
+        lumqt::afterThreadEnd(this);
         return;
+    }
     m_needDelete = false;
     // Another wait may be going on in what is not ours by the time the job ends.
     if (!m_ownsSyncUI)
@@ -188,6 +196,7 @@ void CBaseSyncExecuter::onFinished()
 {
     if (isRunning()) // late word of an earlier run
         return;
+    lumqt::afterThreadEnd(this);
     if (m_quit) {
         if (m_needDelete)
             return;

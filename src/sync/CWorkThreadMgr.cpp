@@ -2,6 +2,7 @@
 
 #include "CBaseSyncExecuter.h"
 #include "foundation/Log.h"
+#include "sync/ThreadEnd.h"
 
 #include <QCoreApplication>
 #include <QPointer>
@@ -33,6 +34,12 @@ CWorkThreadMgr::CWorkThreadMgr() = default;
 CWorkThreadMgr::~CWorkThreadMgr()
 {
     m_pInstance = nullptr; // an application may have released what it never got
+}
+
+// Out of line: a compiler that sees the base's deletion from here takes it for one within the object.
+long CWorkThreadMgr::Release()
+{
+    return CTWObject::Release();
 }
 
 void CWorkThreadMgr::addData(void *window, CBaseSyncExecuter *exec)
@@ -98,10 +105,12 @@ bool CWorkThreadMgr::reap()
     for (const auto &exec : qAsConst(all)) {
         if (!exec)
             continue;
-        if (exec->isRunning())
+        if (exec->isRunning()) {
             busy = true;
-        else if (exec->isOrphan())
+        } else if (exec->isOrphan()) {
+            lumqt::afterThreadEnd(exec);
             delete exec.data();
+        }
     }
     return busy;
 }

@@ -1,0 +1,100 @@
+#pragma once
+
+#include "CBaseSyncExecuter.h"
+#include "CBPEvtLoop.h"
+#include "CBPSyncObj.h"
+
+#include <QSemaphore>
+
+#include <atomic>
+#include <memory>
+#include <vector>
+
+// What the tests of waiting share.
+
+// A window as the manager knows it: something that says when it goes away.
+class QuitWindow : public QObject
+{
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+    void quit() { emit sigQuit(static_cast<QObject *>(this)); }
+
+Q_SIGNALS:
+    void sigQuit(void *window);
+};
+
+// What a job does, apart from the executer, which may be gone while it runs.
+struct Task
+{
+    QSemaphore gate; // the job waits for it, if `gated`
+    bool gated = false;
+    unsigned long milliseconds = 0;
+    unsigned long long result = 0; // 0: none is set
+    std::atomic<bool> began{false};
+    std::atomic<bool> ended{false};
+};
+using TaskPointer = std::shared_ptr<Task>;
+
+class Job : public CBaseSyncExecuter
+{
+public:
+    Job(CBPSyncObj *sync, QObject *window, TaskPointer task, QObject *attached = nullptr,
+        const QString &text = QString())
+        : CBaseSyncExecuter(sync, text, window, attached), m_task(task.get())
+    {
+        tasks().push_back(std::move(task));
+        ++alive();
+    }
+    ~Job() override { --alive(); }
+
+    // How many there are.
+    static int &alive()
+    {
+        static int count = 0;
+        return count;
+    }
+
+    Task &task() { return *m_task; }
+
+protected:
+    void run() override
+    {
+        Task *task = m_task;
+        task->began = true;
+        if (task->gated)
+            task->gate.acquire();
+        if (task->milliseconds)
+            msleep(task->milliseconds);
+        if (task->result && !isInterruptionRequested())
+            m_result = task->result;
+        task->ended = true;
+    }
+
+private:
+    // They outlive every job: one that is deleted while it runs has no members to be destroyed meanwhile.
+    static std::vector<TaskPointer> &tasks()
+    {
+        static std::vector<TaskPointer> all;
+        return all;
+    }
+
+    Task *m_task;
+};
+
+inline TaskPointer gatedTask(unsigned long long result = 0)
+{
+    auto task = std::make_shared<Task>();
+    task->gated = true;
+    task->result = result;
+    return task;
+}
+
+inline TaskPointer timedTask(unsigned long milliseconds, unsigned long long result = 0)
+{
+    auto task = std::make_shared<Task>();
+    task->milliseconds = milliseconds;
+    task->result = result;
+    return task;
+}
