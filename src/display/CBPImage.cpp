@@ -11,9 +11,6 @@
 
 namespace {
 
-const QColor kFocusRingColor(75, 167, 245);
-constexpr int kFocusRingRadius = 2;
-
 // A picture, or a button while it can be clicked: only then it takes the focus.
 class AccessibleImage : public QAccessibleWidget
 {
@@ -159,8 +156,5 @@ void CBPImage::paintEvent(QPaintEvent *event)
     if (!m_clickable || !m_showsFocus)
         return;
     QPainter painter(this);
-    lumqt::Body ring;
-    ring.frame = kFocusRingColor;
-    ring.radiusX = ring.radiusY = kFocusRingRadius;
-    lumqt::drawBody(painter, rect(), ring);
+    lumqt::drawFocusRing(painter, rect());
 }
