@@ -34,9 +34,19 @@ const char kSheet[] = "QToolButton{"
                       "\t\t\t\t  image: url(../res/search_icon.png);"
                       "\t\t\t\t  }";
 
+// Room around a button's picture: on dense screens the style sheet stretches pictures to the room they have.
+const char kButtonSheet[] = "QToolButton{padding:2px;}";
+constexpr int kPadding = 2;
+
 // A button inside the edit. It is a QToolButton to the style sheet.
 class InnerButton : public QToolButton
 {
+public:
+    InnerButton() { setStyleSheet(QLatin1String(kButtonSheet)); }
+
+    QSize sizeHint() const override { return iconSize() + QSize(2 * kPadding, 2 * kPadding); }
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
 protected:
     void keyPressEvent(QKeyEvent *event) override
     {

@@ -8,6 +8,7 @@
 #include "CBPTextEdit.h"
 
 #include <QCompleter>
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QStringListModel>
 #include <QToolButton>
@@ -21,16 +22,21 @@ constexpr int kTextHeight = 96;
 constexpr int kMaxLength = 100;
 
 // What an application does with the class names; the library brings no look for edits of its own.
-const char kSheet[] = "QLineEdit, QTextEdit { border: 1px solid #c3ccd6; border-radius: 3px; color: #222a3e;"
+const char kSheet[] = "QLineEdit, QTextEdit { border: 1px solid #c3ccd6; border-radius: 3px;"
                       " background: white; selection-background-color: #4baeb2; }"
                       "QLineEdit { padding: 0 4px; }"
                       "QLineEdit:focus, QTextEdit:focus { border-color: #4ba7f5; }"
-                      "QLineEdit:disabled { color: #8a94a3; background: #f3f5f7; }";
+                      "QLineEdit:disabled { background: #f3f5f7; }";
 
 template <class Edit> Edit *framed(Edit *edit)
 {
     // A search field has a sheet of its own, which stays.
     edit->setStyleSheet(edit->styleSheet() + QLatin1String(kSheet));
+    QPalette palette = edit->palette();
+    palette.setColor(QPalette::Text, theme::kInk);
+    palette.setColor(QPalette::Disabled, QPalette::Text, theme::kCaption);
+    palette.setColor(QPalette::PlaceholderText, theme::kCaption);
+    edit->setPalette(palette);
     edit->setFont(theme::font(theme::Normal, 14));
     edit->setFixedSize(kEditWidth, kEditHeight);
     return edit;
