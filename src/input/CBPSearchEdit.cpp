@@ -207,9 +207,5 @@ bool CBPSearchEdit::focusNextPrevChild(bool next)
         button->setFocus(Qt::TabFocusReason);
         return true;
     }
-    if (!next && button->hasFocus()) {
-        setFocus(Qt::BacktabFocusReason);
-        return true;
-    }
     return CBPLineEdit::focusNextPrevChild(next);
 }

@@ -150,6 +150,7 @@ private Q_SLOTS:
                 QVERIFY(qAbs(end.green() - edge.green()) < 32 && end.red() == 255);
             }
             QCOMPARE(image.pixelColor(0, 0), QColor(Qt::white));
+            QCOMPARE(image.pixelColor(image.height() / 4, 0), QColor(Qt::white)); // of half the height
             QCOMPARE(image.pixelColor(image.height() / 2, image.height() / 4), QColor(Qt::white)); // no fill
         }
     }

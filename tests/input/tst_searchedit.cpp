@@ -166,7 +166,11 @@ private Q_SLOTS:
         QVERIFY(searches.heard.isEmpty());
         QTRY_VERIFY_WITH_TIMEOUT(!searches.heard.isEmpty(), 4 * kPause);
         QVERIFY2(clock.elapsed() >= kPause - 100, qPrintable(QString::number(clock.elapsed())));
-        QCOMPARE(searches.heard, QStringList("+abc"));
+        CBPSearchEdit other(nullptr);
+        const Searches later(&other);
+        QTest::keyClicks(&other, "x");
+        QTRY_COMPARE_WITH_TIMEOUT(later.heard, QStringList("+x"), 4 * kPause);
+        QCOMPARE(searches.heard, QStringList("+abc")); // another pause long
         QTest::keyClick(&edit, Qt::Key_Backspace);
         edit.clear();
         QCOMPARE(searches.heard, QStringList({"+abc", "-"})); // at once
