@@ -10,8 +10,9 @@ class QVBoxLayout;
 /// Three areas on top of each other: a title row, a column of content, and a row at the bottom.
 ///
 /// Bands of light grey are painted behind the rows, and a grey line along the left and the top edge. The
-/// bottom band reaches from the title band to where the bottom row begins; only in a box lower than both
-/// bands together does it lie behind the bottom row. The band heights are the painting's: they do not size
+/// bottom band reaches from the title band to one bottom height above the lower edge, that is behind the
+/// content, not behind the bottom row; in a box lower than both bands together it covers what they share. The
+/// band heights are the painting's: they do not size
 /// the rows. Sizes are logical pixels. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPFrameBox : public QWidget
 {

@@ -26,8 +26,8 @@ class PaintedImage;
 ///
 /// It reports a click by btn_released() and its id. By mouse it emits no clicked(): the base class never sees
 /// the release that clicks. Space, Enter on a default button, click() and assistive tools report
-/// btn_released() too, after clicked(). The button is no auto-default button: in a dialog Return is not its
-/// own unless it is made the default.
+/// btn_released() too, just before clicked() reaches others. The button is no auto-default button: in a
+/// dialog Return is not its own unless it is made the default.
 ///
 /// Per-state lists hold the entries normal, hover, pressed (or selected), disabled, in this order. Images
 /// whose names end in ".svg", in lower case, are drawn as vectors, all others as pixmaps; "name@2x.png"
@@ -126,8 +126,8 @@ Q_SIGNALS:
     void btn_released(int id);
 
 protected:
-    /// Gives the button the size of its current image and text, as its fixed size. Does nothing without a
-    /// text or an image. \since 1.0
+    /// Gives the button the size of its current image and text, as its fixed size. Does nothing with
+    /// fewer than four images. \since 1.0
     void ReSetSize();
 
     /// Draws background and frame.

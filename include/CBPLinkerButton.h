@@ -61,7 +61,7 @@ public:
     /// \since 1.0
     int bindData() const;
 
-    /// Room for the whole text.
+    /// Room for the whole text, and around it for the ring that shows the keyboard focus.
     /// \since 1.0
     QSize sizeHint() const override;
 

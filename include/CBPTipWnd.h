@@ -43,6 +43,8 @@ public:
     /// and once an application has given the tip a layout of its own nothing is added. \since 1.0
     void AppendWidget(QWidget *widget);
 
+    /// Shows the tip at its place and as large as its content, unless it was given a size.
+    /// \since 1.0
     void setVisible(bool visible) override;
 
 protected:
@@ -58,6 +60,7 @@ private:
     class Follower;
 
     void Init();
+    void fitContent();
     void MoveRect(ENOrientation orientation);
     void DrawTips(QPainter *painter, int x, int y, QRect &rect);
     int arrowX(const QRect &rect) const;

@@ -135,8 +135,8 @@ public:
     virtual void OnMax();
 
     /// The dialog is to be closed, by button, key or system. The base calls QWidget::close(), and a derived
-    /// class does so, too, or leaves the dialog open. It is called once for a closing, not again for the
-    /// close() in it. \since 1.0
+    /// class does so, too, or leaves the dialog open. Whichever of these it comes by, it is called once,
+    /// not again for the close() in it. To close from code call close(), not this. \since 1.0
     virtual void OnClose();
 
     /// The minimise button was clicked. The base minimises the dialog.

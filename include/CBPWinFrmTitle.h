@@ -116,7 +116,7 @@ protected:
     /// a capsule for a background. It is a child of the bar, in no layout yet. \since 1.0
     CBPImageButton *CreateImgButton(const QVector<QString> &images, int id, bool round);
 
-    void paintEvent(QPaintEvent *event) override;
+    bool event(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
@@ -137,6 +137,7 @@ private:
     void Init();
     void createLabels();
     void createButtons();
+    static void nameButton(CBPImageButton *button, QString &ownName, const QString &name);
     void createLayout();
     void retranslate();
     CBPImageButton *button(int id) const;
@@ -148,6 +149,8 @@ private:
     QPointer<QWidget> m_parentWindow;
     QHBoxLayout *m_rightRow = nullptr;
     QPointer<CBPImageButton> m_offerBtn;
+    QString m_minName; // what this bar named these two, which have no tool tip to be named by
+    QString m_closeName;
     QPointer<CBPImageButton> m_minBtn;
     QPointer<CBPImageButton> m_maxBtn;
     QPointer<CBPImageButton> m_closeBtn;

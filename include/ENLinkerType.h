@@ -5,7 +5,7 @@
 
 /// When a link is underlined.
 /// \since 1.0
-enum ENLinkerType {
+enum ENLinkerType : int {
     ENLinkerTypeAlways = 0, ///< always
     ENLinkerTypeHover = 1,  ///< while the mouse is over it
     ENLinkerTypeNever = 2,  ///< never

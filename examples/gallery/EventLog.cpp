@@ -6,16 +6,16 @@
 
 namespace {
 
+constexpr int kLines = 3;
 constexpr int kLineHeight = 22;
 constexpr int kPadding = 12;
 constexpr int kRadius = 4;
 
 } // namespace
 
-EventLog::EventLog(const QString &hint, int lines, QWidget *parent)
-    : QWidget(parent), m_hint(hint), m_capacity(lines)
+EventLog::EventLog(const QString &hint, QWidget *parent) : QWidget(parent), m_hint(hint)
 {
-    setFixedHeight(lines * kLineHeight + 2 * kPadding);
+    setFixedHeight(kLines * kLineHeight + 2 * kPadding);
     setMinimumWidth(theme::kPageWidth / 2);
     setFont(theme::font(theme::Normal, 13));
     setAccessibleName(tr("Log of signals"));
@@ -24,7 +24,7 @@ EventLog::EventLog(const QString &hint, int lines, QWidget *parent)
 void EventLog::add(const QString &line)
 {
     m_lines.prepend(QStringLiteral("%1   %2").arg(++m_count).arg(line));
-    while (m_lines.size() > m_capacity)
+    while (m_lines.size() > kLines)
         m_lines.removeLast();
     update();
 }

@@ -6,8 +6,8 @@
 class EventLog : public QWidget
 {
 public:
-    // Shows `lines` lines; `hint` stands there until the first comes.
-    EventLog(const QString &hint, int lines, QWidget *parent = nullptr);
+    // `hint` stands there until the first signal comes.
+    explicit EventLog(const QString &hint, QWidget *parent = nullptr);
 
     void add(const QString &line);
 
@@ -17,6 +17,5 @@ protected:
 private:
     QString m_hint;
     QStringList m_lines;
-    int m_capacity;
     int m_count = 0;
 };

@@ -34,6 +34,17 @@ const char kScrollBarStyle[] =
     "QScrollBar::add-line,QScrollBar::sub-line{width:0;height:0;}"
     "QScrollBar::add-page,QScrollBar::sub-page{background:transparent;}";
 
+// Where both scroll bars meet, as white as they are.
+QWidget *plainCorner()
+{
+    auto *corner = new QWidget;
+    corner->setAutoFillBackground(true);
+    QPalette white = corner->palette();
+    white.setColor(QPalette::Window, Qt::white);
+    corner->setPalette(white);
+    return corner;
+}
+
 } // namespace
 
 GalleryWindow::GalleryWindow() : m_list(nullptr), m_stack(new QStackedWidget)
@@ -91,6 +102,14 @@ Page *GalleryWindow::page() const
     return static_cast<Page *>(scrollArea()->widget());
 }
 
+int GalleryWindow::fullHeight() const
+{
+    const QWidget *viewport = scrollArea()->viewport();
+    const int missing = qMax(page()->fullHeight(viewport->width()) - viewport->height(),
+                             m_list->fullHeight() - m_list->viewport()->height());
+    return height() + missing;
+}
+
 QRect GalleryWindow::windowRect()
 {
     // The frame either lies in the contents margins or, as a native one, outside of the widget.
@@ -115,6 +134,7 @@ void GalleryWindow::openPage(const QString &pageId)
             area->setAccessibleName(info.title);
             area->verticalScrollBar()->setStyleSheet(QLatin1String(kScrollBarStyle));
             area->horizontalScrollBar()->setStyleSheet(QLatin1String(kScrollBarStyle));
+            area->setCornerWidget(plainCorner());
             area->setWidget(info.make());
             m_stack->addWidget(area);
         }

@@ -26,6 +26,9 @@ public:
     QScrollArea *scrollArea() const;
     Page *page() const;
 
+    // Height at which neither the page on show nor the list of pages is cut off.
+    int fullHeight() const;
+
     // The window with its frame, in global coordinates; on every platform, wherever the frame lies.
     QRect windowRect();
 

@@ -15,28 +15,78 @@ constexpr int kSampleGap = 3 * theme::kUnit;
 constexpr int kCaptionGap = theme::kUnit;
 constexpr int kRowCaptionWidth = 17 * theme::kUnit;
 constexpr int kCaptionSize = 12;
+constexpr int kLowSample = 8 * theme::kUnit;    // samples no higher are centred in their row
+constexpr int kCaptionReach = 4 * theme::kUnit; // the farthest that a caption stands below its sample
 
 QLabel *captionLabel(const QString &text)
 {
     return theme::label(text, theme::Normal, kCaptionSize, theme::kCaption);
 }
 
-// A sample with its caption below; both start at the left.
-QWidget *captioned(const Sample &sample)
+int heightOf(const Sample &sample)
 {
-    auto *box = new QWidget;
-    auto *layout = new QVBoxLayout(box);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(kCaptionGap);
-    if (sample.widget)
-        layout->addWidget(sample.widget, 0, Qt::AlignLeft);
-    if (!sample.caption.isEmpty()) {
-        QLabel *caption = captionLabel(sample.caption);
-        caption->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-        layout->addWidget(caption);
+    return sample.widget ? sample.widget->sizeHint()
+                               .boundedTo(sample.widget->maximumSize())
+                               .expandedTo(sample.widget->minimumSize())
+                               .height()
+                         : 0;
+}
+
+// A sample and its caption right below.
+QVBoxLayout *stacked(const Sample &sample, QLabel *caption)
+{
+    auto *column = new QVBoxLayout;
+    column->setSpacing(kCaptionGap);
+    column->addWidget(sample.widget, 0, Qt::AlignLeft);
+    column->addWidget(caption);
+    column->addStretch();
+    return column;
+}
+
+// Samples side by side, their captions on one line below. Low samples share their middle, high ones their
+// upper edge; the caption of one that is much lower than its neighbours stays with it.
+QGridLayout *rowOfSamples(const QVector<Sample> &samples, const QColor &captionColor)
+{
+    auto *grid = new QGridLayout;
+    grid->setHorizontalSpacing(kSampleGap);
+    grid->setVerticalSpacing(kCaptionGap);
+    int height = 0;
+    for (const Sample &sample : samples)
+        height = qMax(height, heightOf(sample));
+    const bool low = height <= kLowSample;
+    for (int column = 0; column < samples.size(); ++column) {
+        const Sample &sample = samples[column];
+        QLabel *caption = nullptr;
+        if (!sample.caption.isEmpty())
+            caption = theme::label(sample.caption, theme::Normal, kCaptionSize, captionColor);
+        if (sample.widget && caption && !low && height - heightOf(sample) > kCaptionReach) {
+            grid->addLayout(stacked(sample, caption), 0, column, 2, 1);
+            continue;
+        }
+        if (sample.widget)
+            grid->addWidget(sample.widget, 0, column,
+                            Qt::AlignLeft | (low ? Qt::AlignVCenter : Qt::AlignTop));
+        if (caption)
+            grid->addWidget(caption, 1, column, Qt::AlignLeft | Qt::AlignTop);
     }
-    layout->addStretch();
-    return box;
+    grid->setColumnStretch(samples.size(), 1);
+    return grid;
+}
+
+void warnOfWideTable(const QStringList &columns, const QVector<SampleRow> &rows)
+{
+    int width = kRowCaptionWidth + columns.size() * kSampleGap;
+    for (int column = 0; column < columns.size(); ++column) {
+        int widest = 0;
+        for (const SampleRow &row : rows) {
+            if (const QWidget *sample = row.widgets.value(column))
+                widest = qMax(widest, qMax(sample->minimumWidth(), sample->minimumSizeHint().width()));
+        }
+        width += widest;
+    }
+    if (width > theme::kPageWidth)
+        qWarning("A table under \"%s\" is %d pixels wide, the page %d", qPrintable(columns.join(", ")), width,
+                 theme::kPageWidth);
 }
 
 QFrame *rule()
@@ -54,17 +104,22 @@ QFrame *rule()
 
 QWidget *onGround(const QColor &ground, const QVector<QWidget *> &widgets)
 {
+    QVector<Sample> samples;
+    for (QWidget *widget : widgets)
+        samples << Sample{QString(), widget};
+    return onGround(ground, samples);
+}
+
+QWidget *onGround(const QColor &ground, const QVector<Sample> &samples)
+{
     auto *box = new QWidget;
     box->setAutoFillBackground(true);
     QPalette palette = box->palette();
     palette.setColor(QPalette::Window, ground);
     box->setPalette(palette);
-    auto *layout = new QHBoxLayout(box);
+    auto *layout = new QVBoxLayout(box);
     layout->setContentsMargins(kSampleGap, kSampleGap, kSampleGap, kSampleGap);
-    layout->setSpacing(kSampleGap);
-    for (QWidget *widget : widgets)
-        layout->addWidget(widget);
-    layout->addStretch();
+    layout->addLayout(rowOfSamples(samples, theme::kSideText));
     return box;
 }
 
@@ -86,30 +141,27 @@ Section::Section(const QString &title, const QString &explanation, QWidget *pare
 
 void Section::addSamples(const QVector<Sample> &samples)
 {
-    auto *row = new QHBoxLayout;
-    row->setSpacing(kSampleGap);
-    for (const Sample &sample : samples)
-        row->addWidget(captioned(sample), 0, Qt::AlignTop);
-    row->addStretch();
-    m_layout->addLayout(row);
+    m_layout->addLayout(rowOfSamples(samples, theme::kCaption));
 }
 
-void Section::addColumns(int columnWidth, const QVector<Sample> &samples)
+void Section::addColumns(int columns, const QVector<Sample> &samples, int width)
 {
-    auto *grid = new QGridLayout;
-    grid->setHorizontalSpacing(0);
-    grid->setVerticalSpacing(kRowGap);
-    const int columns = qMax(1, theme::kPageWidth / qMax(1, columnWidth));
-    for (int i = 0; i < samples.size(); ++i)
-        grid->addWidget(captioned(samples[i]), i / columns, i % columns, Qt::AlignTop);
-    for (int column = 0; column < columns; ++column)
-        grid->setColumnMinimumWidth(column, columnWidth);
-    grid->setColumnStretch(columns, 1);
-    m_layout->addLayout(grid);
+    const int gaps = columns - 1;
+    if (width <= 0)
+        width = (theme::kPageWidth - gaps * kSampleGap) / columns;
+    // From column to column; the samples themselves may be somewhat wider.
+    const int step = gaps > 0 ? (theme::kPageWidth - width) / gaps : width;
+    for (int first = 0; first < samples.size(); first += columns) {
+        QGridLayout *row = rowOfSamples(samples.mid(first, columns), theme::kCaption);
+        for (int column = 0; column < columns; ++column)
+            row->setColumnMinimumWidth(column, column < gaps ? step - kSampleGap : width);
+        m_layout->addLayout(row);
+    }
 }
 
 void Section::addTable(const QStringList &columns, const QVector<SampleRow> &rows)
 {
+    warnOfWideTable(columns, rows);
     auto *grid = new QGridLayout;
     grid->setHorizontalSpacing(kSampleGap);
     grid->setVerticalSpacing(2 * theme::kUnit);

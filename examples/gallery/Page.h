@@ -20,8 +20,9 @@ struct SampleRow
     QVector<QWidget *> widgets;
 };
 
-// Widgets side by side on a ground of their own, as wide as the page.
+// Widgets side by side on a ground of their own, as wide as the page; captions suit a dark one.
 QWidget *onGround(const QColor &ground, const QVector<QWidget *> &widgets);
+QWidget *onGround(const QColor &ground, const QVector<Sample> &samples);
 
 // A titled part of a page. Samples become its children; they keep their own size.
 class Section : public QWidget
@@ -32,10 +33,12 @@ public:
     // Samples side by side, each with its caption below.
     void addSamples(const QVector<Sample> &samples);
 
-    // The same in columns of equal width.
-    void addColumns(int columnWidth, const QVector<Sample> &samples);
+    // The same in `columns` columns of equal width that fill the page. Where all samples are `width` pixels
+    // wide, the last column of them ends at the page's right edge.
+    void addColumns(int columns, const QVector<Sample> &samples, int width = 0);
 
-    // A table: column captions on top, one row of samples each below.
+    // A table: column captions on top, one row of samples each below. A table wider than the page is told
+    // of in a warning: it would be squeezed.
     void addTable(const QStringList &columns, const QVector<SampleRow> &rows);
 
     // Anything that takes the whole width.

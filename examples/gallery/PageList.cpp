@@ -18,6 +18,15 @@ constexpr int kMarkWidth = 3;
 constexpr int kHoverAlpha = 14;
 constexpr int kCurrentAlpha = 26;
 
+// As thin as it can be taken hold of, without buttons, and in the colours of the side bar.
+const char kScrollBarStyle[] =
+    "QScrollBar:vertical{background:#222a3e;width:8px;margin:0;border:none;}"
+    "QScrollBar::handle{background:#4a566c;border-radius:3px;margin:1px;min-height:32px;}"
+    "QScrollBar::handle:hover{background:#62708a;}"
+    "QScrollBar::handle:pressed{background:#4baeb2;}"
+    "QScrollBar::add-line,QScrollBar::sub-line{width:0;height:0;}"
+    "QScrollBar::add-page,QScrollBar::sub-page{background:transparent;}";
+
 class PageListDelegate : public QStyledItemDelegate
 {
 public:
@@ -82,6 +91,7 @@ PageList::PageList(QWidget *parent) : QListWidget(parent)
     setItemDelegate(new PageListDelegate(this));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    verticalScrollBar()->setStyleSheet(QLatin1String(kScrollBarStyle));
     setMouseTracking(true);
     setAccessibleName(tr("Pages"));
     QPalette dark = palette();
@@ -125,6 +135,14 @@ bool PageList::select(const QString &pageId)
 QString PageList::selected() const
 {
     return currentItem() ? currentItem()->data(kPageIdRole).toString() : QString();
+}
+
+int PageList::fullHeight() const
+{
+    int height = 0;
+    for (int row = 0; row < count(); ++row)
+        height += sizeHintForRow(row);
+    return height;
 }
 
 void PageList::focusInEvent(QFocusEvent *event)

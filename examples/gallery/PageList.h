@@ -15,6 +15,9 @@ public:
     bool select(const QString &pageId);
     QString selected() const;
 
+    // Height at which no entry is cut off.
+    int fullHeight() const;
+
     bool showsFocus() const { return hasFocus() && m_keyboardUsed; }
 
 Q_SIGNALS:

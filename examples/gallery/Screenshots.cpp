@@ -1,7 +1,6 @@
 #include "Screenshots.h"
 
 #include "GalleryWindow.h"
-#include "Page.h"
 #include "Theme.h"
 
 #include <QCursor>
@@ -63,8 +62,7 @@ QPixmap photograph(GalleryWindow &window)
 // Makes the window as high as the page, as far as it can be photographed.
 void fitToPage(GalleryWindow &window)
 {
-    const int around = window.height() - window.scrollArea()->viewport()->height();
-    int height = around + window.page()->fullHeight(window.scrollArea()->viewport()->width());
+    int height = window.fullHeight();
     height += (theme::kUnit - height % theme::kUnit) % theme::kUnit; // whole device pixels at every scale
     if (frameIsNative()) {
         const QRect available = window.screen()->availableGeometry();

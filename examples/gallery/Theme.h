@@ -10,12 +10,13 @@ class QPixmap;
 // Colours, type and spacing of the gallery. Everything lies on a grid of 8 pixels.
 namespace theme {
 
-const QColor kInk(34, 42, 62);        // titles, and the ground of the side bar
-const QColor kText(68, 78, 92);       // explanations
-const QColor kCaption(103, 114, 128); // captions: 4.9:1 on white
-const QColor kLine(227, 232, 238);    // rules and outlines of panels
-const QColor kPanel(247, 249, 251);   // ground of panels
-const QColor kAccent(75, 174, 178);   // the library's two accents
+const QColor kInk(34, 42, 62);          // titles, and the ground of the side bar
+const QColor kText(68, 78, 92);         // explanations
+const QColor kCaption(103, 114, 128);   // captions: 4.9:1 on white
+const QColor kLine(227, 232, 238);      // rules and outlines of panels
+const QColor kPanel(247, 249, 251);     // ground of panels
+const QColor kAccent(75, 174, 178);     // the library's two accents
+const QColor kAccentDeep(42, 128, 132); // for fills with a white text: 4.7:1
 const QColor kAccentBlue(73, 167, 245);
 const QColor kSideText(199, 208, 221);    // entries of the side bar: 9:1
 const QColor kSideHeading(137, 151, 172); // its group headings: 4.8:1

@@ -2,10 +2,13 @@
 #include "GalleryWindow.h"
 #include "PageRegistry.h"
 #include "Screenshots.h"
+#include "Theme.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
+#include <QPalette>
+#include <QStyle>
 #include <QStyleFactory>
 #include <QTextStream>
 
@@ -81,9 +84,26 @@ void fixDensityOfPictures(int argc, char *argv[])
     }
 }
 
+// One palette on every system, with a selection that stays visible while another window is in front.
+void setUpColors()
+{
+    QPalette palette = QApplication::style()->standardPalette();
+    const QColor faint(150, 158, 168);
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(role, theme::kInk);
+        palette.setColor(QPalette::Disabled, role, faint);
+    }
+    palette.setColor(QPalette::Highlight, theme::kAccentDeep);
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Inactive, QPalette::Highlight, QColor(213, 236, 238));
+    palette.setColor(QPalette::Inactive, QPalette::HighlightedText, theme::kInk);
+    QApplication::setPalette(palette);
+}
+
 int run(const Options &options)
 {
     setUpFonts();
+    setUpColors();
     GalleryWindow window;
     window.showPage(options.page.isEmpty() ? pages().first().id : options.page);
     window.show();

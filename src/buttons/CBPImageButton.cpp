@@ -90,7 +90,7 @@ void CBPImageButton::SetText(const QString &text, bool besideImage, int spacing)
 {
     m_text = text;
     m_besideImage = besideImage;
-    m_spacing = spacing;
+    m_spacing = lumqt::boundedPixels(spacing);
     textChanged();
 }
 
@@ -101,14 +101,14 @@ void CBPImageButton::SetText(const QString &text, const QFont &font, QVector<QCo
     m_font = font;
     m_textColors = colors;
     m_besideImage = besideImage;
-    m_spacing = spacing;
-    m_leftMargin = leftMargin;
+    m_spacing = lumqt::boundedPixels(spacing);
+    m_leftMargin = lumqt::boundedPixels(leftMargin);
     textChanged();
 }
 
 void CBPImageButton::SetBorder(int border, bool resize)
 {
-    m_border = border;
+    m_border = lumqt::boundedPixels(border);
     if (resize)
         ReSetSize();
     update();
@@ -158,7 +158,7 @@ void CBPImageButton::SetHight(int height)
 
 void CBPImageButton::SetIconVoffset(int offset)
 {
-    m_iconVoffset = offset;
+    m_iconVoffset = lumqt::boundedPixels(offset);
 }
 
 void CBPImageButton::SetSpecialIcon(bool show, const QColor &color)
@@ -320,6 +320,8 @@ void CBPImageButton::focusInEvent(QFocusEvent *) {}
 
 void CBPImageButton::focusOutEvent(QFocusEvent *) {}
 
+// The focus changes no look of the button's states; only the ring, which shows who got it by keyboard, is
+// painted and taken away.
 bool CBPImageButton::event(QEvent *event)
 {
     if (event->type() == QEvent::FocusIn)

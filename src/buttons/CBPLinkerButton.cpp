@@ -15,6 +15,7 @@ namespace {
 const QColor kTextColors[] = {QColor(0, 140, 255), QColor(0, 140, 255), QColor(83, 178, 255),
                               QColor(189, 189, 189)};
 constexpr int kColorCount = 4;
+const QSize kFocusRoom(3, 4); // beside the text, and above and below it
 const char kFontSheet[] = "QLabel{font-family:\"%1\"; font-size:14px;}";
 const char kFontSizeSheet[] = "QLabel{font-size:%1px;}";
 
@@ -148,7 +149,7 @@ QSize CBPLinkerButton::sizeHint() const
 {
     const QSize label = QLabel::sizeHint();
     // The label measures in the style sheet's font, which after SetFontPixel() is not the one painted with.
-    return label.expandedTo(m_layout->lineSize(text(), m_font));
+    return label.expandedTo(m_layout->lineSize(text(), m_font)) + kFocusRoom;
 }
 
 // ------------------------------------------------------------------------------------------------------------
@@ -279,7 +280,9 @@ QString CBPLinkerButton::shownText()
     if (m_elidedWidth != width() || m_elidedOf != whole) {
         m_elidedWidth = width();
         m_elidedOf = whole;
-        m_elided = QFontMetrics(m_font).elidedText(whole, Qt::ElideRight, width());
+        // Several lines would be measured as one.
+        const bool oneLine = !whole.contains(QLatin1Char('\n'));
+        m_elided = oneLine ? QFontMetrics(m_font).elidedText(whole, Qt::ElideRight, width()) : whole;
     }
     return m_elided;
 }

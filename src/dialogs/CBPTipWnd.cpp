@@ -103,14 +103,24 @@ public:
         if (event->type() != QEvent::Move && event->type() != QEvent::Resize)
             return false;
         const QWidget *bound = m_tip->m_bound;
-        if (bound && bound->isVisible() && bound->visibleRegion().isEmpty())
-            m_tip->hide(); // scrolled out of sight
+        if (bound && bound->isVisible() && isOutOfSight(bound))
+            m_tip->hide();
         else
             m_tip->MoveRect(m_tip->m_orientation);
         return false;
     }
 
 private:
+    // Scrolled or cut away by what it lies in. What lies on it, such as its own children, does not count.
+    static bool isOutOfSight(const QWidget *widget)
+    {
+        QRect seen = widget->rect();
+        for (; !seen.isEmpty() && !widget->isWindow() && widget->parentWidget();
+             widget = widget->parentWidget())
+            seen = seen.translated(widget->pos()) & widget->parentWidget()->rect();
+        return seen.isEmpty();
+    }
+
     CBPTipWnd *m_tip;
     QVector<QPointer<QWidget>> m_watched;
 };
@@ -178,6 +188,8 @@ void CBPTipWnd::AppendWidget(QWidget *widget)
 
 bool CBPTipWnd::eventFilter(QObject *object, QEvent *event)
 {
+    if (object == this && event->type() == QEvent::LayoutRequest && isVisible())
+        fitContent();
     if (object == m_bound) {
         followBound(event);
     } else if (event->type() == QEvent::WindowDeactivate) {
@@ -225,13 +237,19 @@ void CBPTipWnd::keyPressEvent(QKeyEvent *event)
 void CBPTipWnd::setVisible(bool visible)
 {
     if (visible && !isVisible()) {
-        if (!testAttribute(Qt::WA_Resized)) {
-            adjustSize();
-            setAttribute(Qt::WA_Resized, false); // the content still decides, next time too
-        }
+        fitContent();
         MoveRect(m_orientation);
     }
     QWidget::setVisible(visible);
+}
+
+// Unless the application gave the tip a size.
+void CBPTipWnd::fitContent()
+{
+    if (testAttribute(Qt::WA_Resized))
+        return;
+    adjustSize();
+    setAttribute(Qt::WA_Resized, false); // the content still decides, next time too
 }
 
 void CBPTipWnd::showEvent(QShowEvent *event)

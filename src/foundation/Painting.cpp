@@ -254,9 +254,10 @@ void CachedText::drawLeft(QPainter &painter, const QRect &rect, const QString &t
         return;
     measure(text, font, ratioOf(painter));
     painter.setFont(font);
-    if (m_oneLine)
+    const bool higher = m_oneLine && m_size.height() > rect.height();
+    if (m_oneLine && !higher)
         drawLine(painter, rect.topLeft() + QPoint(0, (rect.height() - m_size.height()) / 2));
-    else
+    else // which is cut at the rectangle's edges
         painter.drawText(rect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextExpandTabs, text);
 }
 

@@ -1,6 +1,7 @@
 #include "CBPWinFrmTitle.h"
 
 #include "CBPImageButton.h"
+#include "foundation/Accessible.h"
 #include "foundation/FontLookup.h"
 #include "foundation/ImageLoader.h"
 #include "foundation/Log.h"
@@ -138,6 +139,9 @@ CBPWinFrmTitle::CBPWinFrmTitle(QWidget *parent)
       m_titleColor(kTitleColor)
 {
     m_brush = m_bgColor;
+    lumqt::installAccessible("CBPWinFrmTitle", [](QWidget *widget) -> QAccessibleInterface * {
+        return new QAccessibleWidget(widget, QAccessible::TitleBar);
+    });
     Init();
 }
 
@@ -220,11 +224,17 @@ void CBPWinFrmTitle::retranslate()
         m_offerBtn->setToolTip(tr("Limited-time Offer"));
     if (m_backBtn)
         m_backBtn->setToolTip(tr("Back"));
-    // These two have no tool tip to be named by.
-    if (m_minBtn)
-        m_minBtn->setAccessibleName(tr("Minimize"));
-    if (m_closeBtn)
-        m_closeBtn->setAccessibleName(tr("Close"));
+    nameButton(m_minBtn, m_minName, tr("Minimize"));
+    nameButton(m_closeBtn, m_closeName, tr("Close"));
+}
+
+// A name that the application gave stays.
+void CBPWinFrmTitle::nameButton(CBPImageButton *button, QString &ownName, const QString &name)
+{
+    if (!button || button->accessibleName() != ownName)
+        return;
+    ownName = name;
+    button->setAccessibleName(name);
 }
 
 void CBPWinFrmTitle::SetIconTips()
@@ -444,11 +454,11 @@ void CBPWinFrmTitle::on_back_btnSlot()
 // ----------------------------------------------------------------------------------------------------------
 // events
 
-void CBPWinFrmTitle::paintEvent(QPaintEvent *event)
+bool CBPWinFrmTitle::event(QEvent *event)
 {
-    // Not only when shown: the window is moved to another screen, or the screen's scaling changed under it.
-    refreshImages();
-    CRoundedRectBase::paintEvent(event);
+    if (event->type() == QEvent::ScreenChangeInternal) // the window was moved to another one
+        refreshImages();
+    return CRoundedRectBase::event(event);
 }
 
 void CBPWinFrmTitle::mousePressEvent(QMouseEvent *event)

@@ -1,5 +1,6 @@
 #include "CBPWinWidget.h"
 
+#include "foundation/Accessible.h"
 #include "frames/FrameBehaviour.h"
 
 CBPWinWidget::CBPWinWidget(QWidget *parent)
@@ -7,6 +8,9 @@ CBPWinWidget::CBPWinWidget(QWidget *parent)
       m_frame(std::make_unique<lumqt::FrameBehaviour>(
           this, std::make_unique<lumqt::HooksOf<CBPWinWidget>>(this), parent))
 {
+    lumqt::installAccessible("CBPWinWidget", [](QWidget *widget) -> QAccessibleInterface * {
+        return new QAccessibleWidget(widget, QAccessible::Dialog);
+    });
 }
 
 CBPWinWidget::~CBPWinWidget() = default;

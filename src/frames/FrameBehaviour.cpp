@@ -89,8 +89,8 @@ void FrameBehaviour::setWindowTitle(const QString &text, bool isImage)
     if (!title)
         return;
     title->SetTitle(text, isImage);
-    if (!isImage) // the bar is no native caption that a screen reader would find
-        m_window->setAccessibleName(text);
+    if (!isImage) // for the task bar and for screen readers: there is no native caption that would show it
+        m_window->setWindowTitle(text);
 }
 
 void FrameBehaviour::setStatusBox(QWidget *box)
@@ -101,6 +101,8 @@ void FrameBehaviour::setStatusBox(QWidget *box)
         return;
     }
     statusBox = box;
+    if (box)
+        box->setParent(m_window);
 }
 
 void FrameBehaviour::appendContent(QWidget *widget, bool expand, unsigned int spacing)
@@ -178,7 +180,8 @@ void FrameBehaviour::toggleMaximised()
 //
 // The hook runs exactly once per closing, however that begins. Its default, and many an override, call
 // QWidget::close(), whose event comes back here while the hook runs: it is then accepted at once, with no
-// second call, and although Escape and Alt+F4 may be disabled.
+// second call, and although Escape and Alt+F4 may be disabled. A request of the system that comes meanwhile
+// is another one; the hook has yet to answer the first, so this one is refused.
 
 void FrameBehaviour::callCloseHook()
 {
@@ -204,7 +207,7 @@ void FrameBehaviour::closeWindow()
 void FrameBehaviour::closeEvent(QCloseEvent *event)
 {
     if (m_closing) {
-        event->accept();
+        event->setAccepted(!event->spontaneous());
         return;
     }
     if (escAndF4Disabled) {

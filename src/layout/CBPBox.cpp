@@ -106,7 +106,7 @@ void CBPBox::PackStart(QWidget *pWidget, bool bExpand, bool, int iPadding, Qt::A
 
 void CBPBox::PackStart(QLayout *pLayout, int iPadding, int iStretch)
 {
-    if (!pLayout || !m_pLayout)
+    if (!m_pLayout || !lumqt::canPack(this, pLayout))
         return;
     const int before = m_pLayout->count();
     m_pLayout->addLayout(pLayout, iStretch);

@@ -1,5 +1,6 @@
 #include "CBPFrameBox.h"
 
+#include "foundation/Painting.h"
 #include "layout/BoxPainting.h"
 #include "layout/Packing.h"
 
@@ -29,7 +30,9 @@ void append(QBoxLayout *layout, QWidget *widget, int spacing)
 } // namespace
 
 CBPFrameBox::CBPFrameBox(int iTitleHeight, int iBottomHeight, QWidget *)
-    : QWidget(nullptr), m_iTitleHeight(iTitleHeight), m_iBottomHeight(iBottomHeight)
+    : QWidget(nullptr),
+      m_iTitleHeight(lumqt::boundedPixels(iTitleHeight)),
+      m_iBottomHeight(lumqt::boundedPixels(iBottomHeight))
 {
     Init();
 }

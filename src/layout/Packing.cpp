@@ -2,6 +2,7 @@
 
 #include "foundation/Log.h"
 
+#include <QLayout>
 #include <QWidget>
 
 namespace lumqt {
@@ -16,6 +17,19 @@ bool canPack(const QWidget *container, const QWidget *widget)
                       container->metaObject()->className());
             return false;
         }
+    }
+    return true;
+}
+
+bool canPack(const QWidget *container, const QLayout *layout)
+{
+    if (!layout)
+        return false;
+    for (int i = 0; i < layout->count(); ++i) {
+        QLayoutItem *item = layout->itemAt(i);
+        if ((item->widget() && !canPack(container, item->widget())) ||
+            (item->layout() && !canPack(container, item->layout())))
+            return false;
     }
     return true;
 }

@@ -97,6 +97,18 @@ void send(QWidget &widget, QEvent::Type type)
     }
 }
 
+class Painted : public CBPImageButton
+{
+public:
+    using CBPImageButton::CBPImageButton;
+    int paints = 0;
+    void paintEvent(QPaintEvent *event) override
+    {
+        ++paints;
+        CBPImageButton::paintEvent(event);
+    }
+};
+
 } // namespace
 
 class TestImageButton : public QObject
@@ -199,6 +211,8 @@ private slots:
             button.SetHight(wild);
             button.SetText(QStringLiteral("x"), lumqt::uiFont(), {}, false, wild, wild / 2);
             button.SetText(QStringLiteral("x"), true, wild);
+            button.SetIconVoffset(wild);
+            button.grab(QRect(0, 0, 20, 20));
             QVERIFY(button.GetSize().width() >= 0 && button.GetSize().height() >= 0);
             QVERIFY(button.GetSize().width() <= QWIDGETSIZE_MAX);
         }
@@ -259,19 +273,30 @@ private slots:
     }
 
     // The pressed look is on the screen before the events that wait in line.
+    void repaints_data()
+    {
+        QTest::addColumn<QString>("events");
+        for (const char *events : {"enter", "enter leave", "press", "select", "space", "tab", "tab focusout",
+                                   "images", "text", "border"})
+            QTest::newRow(events) << events;
+    }
+    void repaints()
+    {
+        QFETCH(QString, events);
+        Painted button(m_png, false, kId);
+        show(button);
+        const QStringList all = events.split(QLatin1Char(' '));
+        for (const QString &event : all) {
+            QTRY_VERIFY(button.paints > 0);
+            QTest::qWait(0);
+            button.paints = 0;
+            perform(button, event);
+        }
+        QTRY_VERIFY(button.paints > 0);
+    }
+
     void pressRepaintsAtOnce()
     {
-        class Painted : public CBPImageButton
-        {
-        public:
-            using CBPImageButton::CBPImageButton;
-            int paints = 0;
-            void paintEvent(QPaintEvent *event) override
-            {
-                ++paints;
-                CBPImageButton::paintEvent(event);
-            }
-        };
         Painted button(m_png, false, kId);
         show(button);
         QTRY_VERIFY(button.paints > 0);
@@ -797,6 +822,18 @@ private:
             {"hide", [&] { button.hide(); }},
             {"parenthide", [&] { button.window()->hide(); }},
             {"notip", [&] { button.SetTipsTxt(QString()); }},
+            {"images",
+             [&] {
+                 QVector<QString> others(4);
+                 button.SetImgButtonRes(others);
+             }},
+            {"text", [&] { button.SetText(QStringLiteral("x"), QFont()); }},
+            {"border", [&] { button.SetBorder(1, false); }},
+            {"tab",
+             [&] {
+                 QFocusEvent gained(QEvent::FocusIn, Qt::TabFocusReason);
+                 QCoreApplication::sendEvent(&button, &gained);
+             }},
             {"focusout",
              [&] {
                  QFocusEvent away(QEvent::FocusOut, Qt::TabFocusReason);

@@ -375,6 +375,66 @@ private slots:
         QCOMPARE(accessible(&label)->role(), QAccessible::StaticText);
     }
 
+    // Along the left edge, in the middle of the height, and cut at the end; a text of lines is not cut.
+    void placedText()
+    {
+        CBPLinkerButton link(kText, ENLinkerTypeNever);
+        link.SetTextColor(QVector<QColor>(4, Qt::black));
+        link.resize(link.sizeHint() + QSize(100, 60));
+        picture(link);
+        const QImage image = picture(link);
+        QRect ink;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                if (image.pixelColor(x, y).lightness() < 100)
+                    ink |= QRect(x, y, 1, 1);
+            }
+        }
+        QVERIFY(ink.left() <= 2);
+        QVERIFY(qAbs(ink.center().y() - link.rect().center().y()) <= 4);
+        link.resize(link.sizeHint().width() - 10, 20);
+        picture(link);
+        QCOMPARE(link.toolTip(), QString(kText));
+        link.setText("One line\nand a second one that is longer");
+        link.resize(link.sizeHint());
+        picture(link);
+        QCOMPARE(link.toolTip(), QString());
+    }
+
+    void repaints()
+    {
+        class Painted : public CBPLinkerButton
+        {
+        public:
+            using CBPLinkerButton::CBPLinkerButton;
+            int paints = 0;
+            int tips = 0;
+            bool event(QEvent *event) override
+            {
+                paints += event->type() == QEvent::Paint;
+                tips += event->type() == QEvent::ToolTipChange;
+                return CBPLinkerButton::event(event);
+            }
+        };
+        QWidget window; // a window may not be as narrow as the link is to be
+        window.resize(200, 100);
+        Painted link(kText, ENLinkerTypeNever, 0, &window);
+        link.resize(20, 20);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QTRY_VERIFY(link.paints > 0);
+        QCoreApplication::processEvents();
+        const QVector<std::function<void()>> changes{
+            [&] { send(link, QEvent::Enter); }, [&] { send(link, QEvent::Leave); },
+            [&] { send(link, QEvent::FocusIn); }, [&] { link.SetSelected(true); }};
+        for (const auto &change : changes) {
+            link.paints = 0;
+            change();
+            QTRY_VERIFY(link.paints > 0);
+        }
+        QCOMPARE(link.tips, 1); // told once that the text is cut, not at each paint
+    }
+
     void checkBox()
     {
         QWidget parent;

@@ -84,6 +84,17 @@ struct Window : QWidget
     }
 };
 
+class PaintCounter : public QObject
+{
+public:
+    int paints = 0;
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        paints += event->type() == QEvent::Paint;
+        return false;
+    }
+};
+
 } // namespace
 
 class TestTitle : public QObject
@@ -400,6 +411,48 @@ private Q_SLOTS:
         QCOMPARE(shot(*menu).pixelColor(dot), QColor(0xe0, 0x20, 0x20));
         w.bar.SetHasNewVersion(false);
         QVERIFY(shot(*menu).pixelColor(dot) != QColor(0xe0, 0x20, 0x20));
+    }
+
+    void repaints_data()
+    {
+        QTest::addColumn<QString>("change");
+        for (const char *change : {"colour", "gradient", "corners", "dot"})
+            QTest::newRow(change) << change;
+    }
+    void repaints()
+    {
+        QFETCH(QString, change);
+        Window w;
+        w.bar.ShowTitleBtn(64, true);
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        QCoreApplication::processEvents();
+        PaintCounter counter;
+        QWidget *painted = &w.bar;
+        if (change == QLatin1String("dot"))
+            painted = button(w.bar, 64);
+        painted->installEventFilter(&counter);
+        QColor red(Qt::red);
+        if (change == QLatin1String("colour"))
+            w.bar.SetBgColor(red);
+        else if (change == QLatin1String("gradient"))
+            w.bar.setLinerBrush(QLinearGradient(0, 0, 10, 10));
+        else if (change == QLatin1String("corners"))
+            w.bar.SetRoundRectEnabled(false);
+        else
+            w.bar.SetHasNewVersion(true);
+        QTRY_VERIFY(counter.paints > 0);
+    }
+
+    void keptNames()
+    {
+        Window w;
+        button(w.bar, 8)->setAccessibleName(QStringLiteral("Own"));
+        QEvent change(QEvent::LanguageChange);
+        QCoreApplication::sendEvent(&w.bar, &change);
+        QCOMPARE(button(w.bar, 8)->accessibleName(), QStringLiteral("Own"));
+        QCOMPARE(button(w.bar, 2)->accessibleName(), QStringLiteral("Minimize"));
+        QCOMPARE(QAccessible::queryAccessibleInterface(&w.bar)->role(), QAccessible::TitleBar);
     }
 
     void dragging_data()

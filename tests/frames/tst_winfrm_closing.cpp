@@ -83,6 +83,10 @@ private Q_SLOTS:
                 QTEST(w.calls.size(), "calls");
                 QCOMPARE(w.isVisible(), !closes);
             }
+            w.calls.clear();
+            w.show();
+            clickTitle(w, 8); // whatever came before, this button closes
+            QCOMPARE(w.calls, QStringList{"close"});
 
             QPointer<typename decltype(of)::type> dying(new typename decltype(of)::type);
             dying->Init();
@@ -98,7 +102,7 @@ private Q_SLOTS:
     void hookThatAsks_data() { classes(); }
     void hookThatAsks()
     {
-        // A second request while the first one is asked about: the hook is not entered again.
+        // Other requests while the first one is asked about: the hook is not entered again, nor passed over.
         inClass([](auto of) {
             using Window = typename decltype(of)::type;
             class Asking : public Window
@@ -109,6 +113,7 @@ private Q_SLOTS:
                     ++asked;
                     clickTitle(*this, 8);
                     QTest::keyClick(this, Qt::Key_Escape);
+                    closeBySystem(*this);
                 }
                 int asked = 0;
             } w;
@@ -300,6 +305,8 @@ private Q_SLOTS:
             << QRect(20, 10, 600, 500) << QRect() << QSize(300, 200) << QPoint(150, 150);
         QTest::newRow("over the parent")
             << QRect(0, 0, 1000, 800) << QRect(200, 150, 500, 400) << QSize(300, 200) << QPoint(300, 250);
+        QTest::newRow("over a child")
+            << QRect(0, 0, 1000, 800) << QRect(-200, -150, 500, 400) << QSize(300, 200) << QPoint(340, 270);
         QTest::newRow("right, bottom")
             << QRect(0, 0, 700, 500) << QRect(600, 400, 200, 200) << QSize(300, 200) << QPoint(400, 300);
         QTest::newRow("left, top") << QRect(60, 50, 700, 500) << QRect(30, 20, 100, 100) << QSize(300, 200)
@@ -315,13 +322,18 @@ private Q_SLOTS:
         QFETCH(QPoint, place);
         lumqt::platform::answers().workArea = [area] { return area; };
         QWidget window(nullptr, Qt::FramelessWindowHint);
+        const bool isChild = parent.x() < 0; // then the window is somewhat larger
+        auto *child = new QWidget(&window);
+        child->setGeometry(QRect(QPoint(40, 20), parent.size()));
+        if (isChild)
+            parent = QRect(-parent.topLeft(), parent.size() + QSize(60, 60));
         window.setGeometry(parent);
         if (!parent.isNull()) {
             window.show();
             QVERIFY(QTest::qWaitForWindowExposed(&window));
             QTRY_COMPARE(window.geometry(), parent);
         }
-        Dialog w(parent.isNull() ? nullptr : &window);
+        Dialog w(parent.isNull() ? nullptr : isChild ? child : &window);
         w.Init();
         w.move(7, 8);
         w.resize(size);

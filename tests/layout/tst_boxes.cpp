@@ -88,6 +88,10 @@ private slots:
         widget.setPen(QPen(Qt::blue));
         QCoreApplication::processEvents();
         QVERIFY(repaints.count > 0);
+        repaints.count = 0;
+        widget.setBrush(Qt::red);
+        QCoreApplication::processEvents();
+        QVERIFY(repaints.count > 0);
         widget.Hide();
         QVERIFY(!widget.isVisible());
     }
@@ -250,7 +254,11 @@ private slots:
         box->AddSpacerItem(nullptr);
         box->RemoveChild(nullptr, true);
         box->RemoveChild(&window, true);
-        for (const char *name : {"CBPGridBox", "CBPGridBox", "CBPGridBox", "CBPFrameBox"})
+        auto *around = new QHBoxLayout;
+        auto *nested = new QHBoxLayout;
+        around->addLayout(nested);
+        nested->addWidget(&window);
+        for (const char *name : {"CBPGridBox", "CBPGridBox", "CBPGridBox", "CBPFrameBox", "CBPGridBox"})
             QTest::ignoreMessage(QtWarningMsg,
                                  qPrintable(QString("A %1 cannot hold itself or a widget that it "
                                                     "lies in")
@@ -259,6 +267,8 @@ private slots:
         base.PackStart(box);
         box->InsertWidget(0, &window);
         frameBox->AddContentWidget(&window, 3);
+        base.PackStart(around, 0, 0);
+        delete around;
         frameBox->AddTitleWidget(nullptr, 3);
         frameBox->AddBottomWidget(nullptr, 3);
         QCOMPARE(box->layout()->count(), 0);
@@ -466,6 +476,11 @@ private slots:
                 QCOMPARE(image.pixelColor(image.width() - 1, y), row == 0 ? kOutline : expected);
                 QCOMPARE(image.pixelColor(0, y), kOutline);
             }
+        }
+        for (const int wild : {INT_MIN, INT_MAX}) {
+            CBPFrameBox box(wild, wild);
+            box.resize(60, height);
+            QVERIFY(!picture(box).isNull());
         }
     }
 

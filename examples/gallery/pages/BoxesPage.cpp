@@ -15,7 +15,6 @@ namespace {
 
 constexpr int kCellHeight = 32;
 constexpr int kCellWidth = 64;
-constexpr int kColumnWidth = 288;
 constexpr int kBoxWidth = 256;
 constexpr int kFoldHeight = 136;
 constexpr int kFoldTime = 400; // milliseconds
@@ -70,7 +69,7 @@ void addAnimations(Page *page)
     auto *row = new QWidget;
     row->setFixedHeight(kFoldHeight);
     grower->setParent(row);
-    grower->setGeometry(kBoxWidth + 24 + 96 + 48, 0, 64, 64);
+    grower->setGeometry(kBoxWidth + 24 + 96 + 24, 0, 64, 64);
     auto *layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(24);
@@ -155,17 +154,17 @@ QWidget *inserted()
 
 void addPacking(Page *page)
 {
-    page->addSection(
-            "Packing",
-            "Each widget is followed by a space of its padding; the spacing comes between all items, "
-            "spaces too.")
-        ->addColumns(kColumnWidth, {{"Spacing 0, padding 0", rowOf(0, 0)},
-                                    {"Spacing 0, padding 8", rowOf(0, 8)},
-                                    {"The middle one expands", expanding()},
-                                    {"Column, spacing 4", columnOf(4)},
-                                    {"Alignments", aligned()},
-                                    {"A layout between widgets", nestedLayout()},
-                                    {"Inserted, and a space of 32", inserted()}});
+    Section *section = page->addSection("Packing", "Each widget is followed by a space of its padding; the "
+                                                   "spacing comes between all items, spaces too.");
+    section->addColumns(3,
+                        {{"Spacing 0, padding 0", rowOf(0, 0)},
+                         {"Spacing 0, padding 8", rowOf(0, 8)},
+                         {"The middle one expands", expanding()},
+                         {"Column, spacing 4", columnOf(4)},
+                         {"Alignments", aligned()},
+                         {"A layout between widgets", nestedLayout()}},
+                        kBoxWidth);
+    section->addSamples({{"Inserted, and a space of 32", inserted()}});
 }
 
 QWidget *frameSample(bool drawn, const QColor &frame, const QColor &ground)
@@ -206,7 +205,7 @@ void addFrames(Page *page)
     page->addSection("Plain widget",
                      "CBPWidget, which the boxes are made from: a brush and a pen along its rectangle.")
         ->addSamples({{"Brush", plainWidget(kCellColor, Qt::NoPen)},
-                      {"Brush and a pen of 1", plainWidget(theme::kPanel, QPen(theme::kAccentBlue))},
+                      {"Pen of 1, half inside", plainWidget(theme::kPanel, QPen(theme::kAccentBlue))},
                       {"Pen of 4, half inside", plainWidget(Qt::NoBrush, wide)},
                       {"Pattern", plainWidget(QBrush(theme::kAccent, Qt::BDiagPattern), Qt::NoPen)}});
 }
@@ -250,8 +249,8 @@ void addFrameBoxes(Page *page)
 {
     page->addSection(
             "Title, content, bottom",
-            "CBPFrameBox: the grey band at the bottom ends where the bottom row begins, and its line runs "
-            "along the left and the top edge.")
+            "CBPFrameBox: the grey band at the bottom ends where the bottom row begins; its line runs "
+            "along left and top.")
         ->addSamples({{"Bands of 32 and 40", frameBox(32, 40, 176)},
                       {"A title band only", frameBox(32, 144, 176)},
                       {"No bands", frameBox(0, 176, 176)},

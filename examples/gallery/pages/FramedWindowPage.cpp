@@ -19,9 +19,10 @@
 
 namespace {
 
-constexpr int kColumnWidth = 432;
-constexpr int kSampleWidth = 408;
+constexpr int kColumns = 2;
+constexpr int kSampleWidth = 420;
 constexpr int kRadius = 12;
+const QColor kTealBar(31, 61, 85);      // as light as the grey pictures of the buttons allow: 3:1
 constexpr int kStep = 9 * theme::kUnit; // from the gallery to a window of its own
 
 enum TitleId {
@@ -104,8 +105,8 @@ public:
     void build(const QString &title, int parts)
     {
         this->Init();
-        this->SetMainBoxBorder(24, 20, 24, 16);
-        this->SetStatusBoxBorder(24, 12, 24, 16);
+        this->SetMainBoxBorder(16, 20, 16, 16);
+        this->SetStatusBoxBorder(16, 12, 16, 16);
         this->SetWindowTitle(title);
         this->ShowTitleBtn(parts, true);
     }
@@ -237,7 +238,7 @@ CBPWinFrmTitle *gradientBar()
     CBPWinFrmTitle *filled = bar(Minimize | Close, "Gradient, text colour");
     QLinearGradient gradient(0, 0, kSampleWidth, 0);
     gradient.setColorAt(0, theme::kInk);
-    gradient.setColorAt(1, QColor("#2a6f8f"));
+    gradient.setColorAt(1, kTealBar);
     filled->setLinerBrush(gradient);
     filled->SetTitleClr(Qt::white);
     return filled;
@@ -252,19 +253,22 @@ CBPWinFrmTitle *squareBar()
 
 void addTitleBars(Page *page)
 {
-    page->addSection("Title bar", "CBPWinFrmTitle: from the left icon, title and back; from the right close, "
-                                  "minimise, menu, support, offer. Each part is shown on request.")
-        ->addColumns(kColumnWidth, {{"At rest", posedBar(pose::Normal)},
-                                    {"Under the pointer", posedBar(pose::Hovered)},
-                                    {"Pressed", posedBar(pose::Pressed)},
-                                    {"Disabled", posedBar(pose::Disabled)},
-                                    {"Icon and title", iconBar()},
-                                    {"Dot of a new version", versionBar()},
-                                    {"Another ground and text colour", gradientBar()},
-                                    {"Corners not rounded", squareBar()},
-                                    {"A title that finds no room",
-                                     bar(Menu | Minimize | Close, "A title that is much too long for a bar")},
-                                    {"Back and title", bar(Back | Close, "One step further")}});
+    page->addSection(
+            "Title bar",
+            "CBPWinFrmTitle: from the left icon, title and back; from the right close, "
+            "minimise, menu, support, offer. Each part is shown on request. The offer has two pictures, "
+            "which stand in for the two that it lacks.")
+        ->addColumns(kColumns, {{"At rest", posedBar(pose::Normal)},
+                                {"Under the pointer", posedBar(pose::Hovered)},
+                                {"Pressed", posedBar(pose::Pressed)},
+                                {"Disabled", posedBar(pose::Disabled)},
+                                {"Icon and title", iconBar()},
+                                {"Dot of a new version", versionBar()},
+                                {"Another ground and text colour", gradientBar()},
+                                {"Corners not rounded", squareBar()},
+                                {"A title that finds no room",
+                                 bar(Menu | Minimize | Close, "A title that is much too long for a bar")},
+                                {"Back and title", bar(Back | Close, "One step further")}});
 }
 
 // ----------------------------------------------------------------------------------------------------------
@@ -305,7 +309,7 @@ QWidget *lowTitlePortrait()
     Dialog dialog(nullptr);
     dialog.build("Title of 40 pixels", Menu | Close);
     dialog.SetTitleHeight(40);
-    dialog.SetTitleBg(QColor("#2a6f8f"));
+    dialog.SetTitleBg(kTealBar);
     dialog.paintTitle(Qt::white);
     dialog.addText("Height and ground of the title bar can be changed.");
     return portrait(dialog, 200);
@@ -313,13 +317,14 @@ QWidget *lowTitlePortrait()
 
 void addPortraits(Page *page)
 {
-    page->addSection("Windows",
-                     "The frame lays title bar, content and bottom area out. Body, shadow and "
-                     "line are painted by the derived class, here as in every dialog of this page.")
-        ->addColumns(kColumnWidth, {{"Title bar and content", plainPortrait()},
-                                    {"Low title bar", lowTitlePortrait()},
-                                    {"Bottom area", bottomPortrait(true)},
-                                    {"Bottom area without a line", bottomPortrait(false)}});
+    page->addSection(
+            "Windows",
+            "The frame lays title bar, content and bottom area out; body, shadow and line are painted by "
+            "derived classes.")
+        ->addColumns(kColumns, {{"Title bar and content", plainPortrait()},
+                                {"Low title bar", lowTitlePortrait()},
+                                {"Bottom area", bottomPortrait(true)},
+                                {"Bottom area without a line", bottomPortrait(false)}});
 }
 
 // Modal: a field and two buttons, to be used by keyboard from opening to closing.
@@ -392,7 +397,7 @@ Page *makePage()
                                    "with the library's title bar, CBPWinFrmTitle.");
     Section *section =
         page->addSection("Try it", "Each window reports the hooks that its buttons and keys call.");
-    auto *log = new EventLog("No hook yet: open a window and use its title bar.", 6);
+    auto *log = new EventLog("No hook yet: open a window and use its title bar.");
     section->addSamples({{"exec(), centred", opener("Run a dialog", log, &runModal)},
                          {"CBPWinFrm, not modal", opener("Open a dialog", log,
                                                          [](QWidget *parent, EventLog *to) {

@@ -16,6 +16,7 @@
 namespace {
 
 constexpr int kStep = 9 * theme::kUnit; // from the gallery to a second window
+constexpr int kPortraitWidth = 420;
 enum { MinimizeButton = 3, MaximizeButton = 4, CloseButton = 5 };
 
 // A second window: unlike the main one it ends by itself and not the application.
@@ -91,7 +92,7 @@ public:
     {
         setCaption(caption);
         setAttribute(Qt::WA_DontShowOnScreen);
-        resize(412, 120);
+        resize(kPortraitWidth, 120);
         grab(); // lays the frame out
     }
 
@@ -133,19 +134,23 @@ QWidget *windowWithPointer(int id, bool pressed)
 
 void addFrames(Page *page)
 {
-    if (QGuiApplication::platformName() == QLatin1String("windows"))
+    if (QGuiApplication::platformName() == QLatin1String("windows")) {
+        page->addSection(
+            "Frame", "Strip and border lie outside of the widget here, where no sample can be posed: try the "
+                     "windows above.");
         return;
+    }
     const QString logo = theme::picturePath("title_logo.png");
     page->addSection(
             "Frame",
             "The strip at the top holds icon, caption and buttons. It is painted by the library, and "
             "moved and resized by the system.")
-        ->addColumns(432, {{"At rest", windowAtRest("Caption", logo)},
-                           {"Without an icon", windowAtRest("Caption", QString())},
-                           {"Minimise, under the pointer", windowWithPointer(MinimizeButton, false)},
-                           {"Close, under the pointer", windowWithPointer(CloseButton, false)},
-                           {"Maximise, pressed", windowWithPointer(MaximizeButton, true)},
-                           {"Close, pressed", windowWithPointer(CloseButton, true)}});
+        ->addColumns(2, {{"At rest", windowAtRest("Caption", logo)},
+                         {"Without an icon", windowAtRest("Caption", QString())},
+                         {"Minimise, under the pointer", windowWithPointer(MinimizeButton, false)},
+                         {"Close, under the pointer", windowWithPointer(CloseButton, false)},
+                         {"Maximise, pressed", windowWithPointer(MaximizeButton, true)},
+                         {"Close, pressed", windowWithPointer(CloseButton, true)}});
 }
 
 Page *makePage()
@@ -156,7 +161,7 @@ Page *makePage()
     Section *section = page->addSection(
         "Try it", "Each window reports the ids of its caption buttons: 1 list, 3 minimise, 4 maximise, "
                   "5 close, and -1 for a click beside them.");
-    auto *log = new EventLog("No click yet: open a window and use its caption buttons.", 6);
+    auto *log = new EventLog("No click yet: open a window and use its caption buttons.");
     section->addSamples({{"Buttons do what they show", opener("Open a window", false, log)},
                          {"Its close button only reports", opener("Open a stubborn one", true, log)}});
     section->addWide(log);

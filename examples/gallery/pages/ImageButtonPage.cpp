@@ -31,16 +31,17 @@ QVector<QString> images(const char *pattern)
 CBPImageButton *icon(const char *pattern, int id = 0)
 {
     auto *button = new CBPImageButton(images(pattern), false, id);
-    const QSize image = button->GetSize();
-    button->SetBorder((kHeight - image.width()) / 2, false);
-    button->setFixedSize(kHeight, kHeight);
+    const int image = button->GetSize().width(); // some are wider than the square
+    const int width = qMax(kHeight, image);
+    button->SetBorder((width - image) / 2, false);
+    button->setFixedSize(width, kHeight);
     return button;
 }
 
-CBPImageButton *labelled(const QString &text, bool round = false)
+CBPImageButton *labelled(const QString &text, bool round = false, int spacing = 8, int margin = 8)
 {
     auto *button = new CBPImageButton(images("list_%1.png"), round, 0);
-    button->SetText(text, theme::font(theme::Normal, 14), kTexts, true, 8, 8);
+    button->SetText(text, theme::font(theme::Normal, 14), kTexts, true, spacing, margin);
     button->setFixedSize(button->GetSize().width() + 8, kHeight);
     return button;
 }
@@ -84,8 +85,10 @@ CBPImageButton *framed()
 
 CBPImageButton *round()
 {
-    CBPImageButton *button = filled("List", true);
-    button->setFixedSize(112, kHeight);
+    // Round ends add to the width: the table has room for less between image and text.
+    CBPImageButton *button = labelled("List", true, 4, 0);
+    button->SetBkgColors(kGrounds);
+    button->setFixedSize(92, kHeight);
     return button;
 }
 
@@ -93,8 +96,8 @@ void addStates(Page *page)
 {
     Section *section = page->addSection(
         "States",
-        "An image file per state, and a colour per state for text, ground and frame. The ring shows "
-        "for people at the keyboard; a click brings the focus without it.");
+        "An image file per state, and a colour per state for text, ground and frame. Only the keyboard "
+        "brings the ring.");
     section->addTable({"Normal", "Hovered", "Pressed", "Focused", "Disabled", "Selected"},
                       {statesOf("Image alone", [] { return icon("list_%1.png"); }),
                        statesOf("With a text", [] { return labelled("List"); }),
@@ -115,9 +118,9 @@ CBPImageButton *live(EventLog *log, CBPImageButton *button, const QString &tip)
 void addLiveSamples(Page *page)
 {
     Section *section = page->addSection(
-        "Try it", "Rest the mouse on a button for its tip. A click reports btn_released() and its id, and no "
-                  "clicked(); Space on the focused button reports both.");
-    auto *log = new EventLog("No signal yet: press a button.", 4);
+        "Try it", "Rest the mouse on a button for its tip. A click reports btn_released() and no clicked(), "
+                  "Space both.");
+    auto *log = new EventLog("No signal yet: press a button.");
     CBPImageButton *off = live(log, icon("close_%1.png", 4), "Never shown");
     off->setEnabled(false);
     section->addSamples({{"Id 1", live(log, icon("list_%1.png", 1), "Show as a list")},
@@ -130,6 +133,7 @@ void addLiveSamples(Page *page)
 CBPImageButton *below(int spacing)
 {
     auto *button = new CBPImageButton(images("list_%1.png"), false, 0);
+    button->SetBkgColors(kGrounds);
     button->SetBorder(0, false);
     button->SetText("List", theme::font(theme::Normal, 14), kTexts, false, spacing, 0);
     // The image stays centred in the whole height: lifted by half of what the text takes.
@@ -140,8 +144,9 @@ CBPImageButton *below(int spacing)
 void addTexts(Page *page)
 {
     Section *section = page->addSection(
-        "Image and text", "The button is as large as image and text, with the border at both sides. Spacing "
-                          "lies between the two, the margin before the image.");
+        "Image and text",
+        "A button holds both, with the border at either side. Spacing lies between them, the margin "
+        "before the image.");
     const auto font = theme::font(theme::Normal, 14);
     const auto sample = [&](int spacing, int margin, int border) {
         auto *button = new CBPImageButton(images("list_%1.png"), false, 0);
@@ -155,14 +160,14 @@ void addTexts(Page *page)
     CBPImageButton *lowered = sample(8, 0, 8);
     lowered->SetHight(kHeight);
     lowered->SetIconVoffset(4);
-    section->addColumns(208, {{"Beside, as made", sample(0, 0, 5)},
-                              {"Spacing 8", sample(8, 0, 5)},
-                              {"Margin 16", sample(8, 16, 5)},
-                              {"Border 16", sample(8, 0, 16)},
-                              {"Text height 40", tall},
-                              {"Image 4 pixels lower", lowered},
-                              {"Below, image lifted", below(4)},
-                              {"Below, spacing 12", below(12)}});
+    section->addColumns(4, {{"Beside, as made", sample(0, 0, 5)},
+                            {"Spacing 8", sample(8, 0, 5)},
+                            {"Margin 16", sample(8, 16, 5)},
+                            {"Border 16", sample(8, 0, 16)},
+                            {"Text height 40", tall},
+                            {"Image 4 pixels lower", lowered},
+                            {"Below, image lifted", below(4)},
+                            {"Below, spacing 12", below(12)}});
 }
 
 void addExtras(Page *page)
@@ -190,12 +195,15 @@ void addExtras(Page *page)
                          {"A red dot", red},
                          {"A dot of your colour", green},
                          {"Three images: ground only", three}});
-    section->addWide(onGround(theme::kInk, {pose::in(pose::Normal, icon("Common/ico_more_%1.svg")),
-                                            pose::in(pose::Hovered, icon("Common/ico_more_%1.svg")),
-                                            pose::in(pose::Pressed, icon("Common/ico_more_%1.svg")),
-                                            pose::in(pose::Focused, icon("Common/ico_more_%1.svg")),
-                                            pose::in(pose::Disabled, icon("Common/ico_more_%1.svg")),
-                                            pose::in(pose::Normal, icon("Common/back_%1.png"))}));
+    const auto more = [](pose::State state) { return pose::in(state, icon("Common/ico_more_%1.svg")); };
+    section->addWide(onGround(
+        theme::kInk,
+        QVector<Sample>{{"At rest", more(pose::Normal)},
+                        {"Hovered", more(pose::Hovered)},
+                        {"Pressed", more(pose::Pressed)},
+                        {"Focused", more(pose::Focused)},
+                        {"Disabled", more(pose::Disabled)},
+                        {"A picture of 48 by 32", pose::in(pose::Normal, icon("Common/back_%1.png"))}}));
 }
 
 Page *makePage()

@@ -38,7 +38,7 @@ void addLiveSamples(Page *page)
 {
     Section *section =
         page->addSection("Try it", "Mouse, Tab, Space and Enter work here. Every signal appears below.");
-    auto *log = new EventLog("No signal yet: click a link.", 3);
+    auto *log = new EventLog("No signal yet: click a link.");
     CBPLinkerButton *disabled = live(log, "Disabled", ENLinkerTypeAlways, 4);
     disabled->setEnabled(false);
     CBPCheckBox *box = checkBox("Remember me");
@@ -76,7 +76,7 @@ void addStates(Page *page)
                    {statesOf("Always", ENLinkerTypeAlways), statesOf("Under the mouse", ENLinkerTypeHover),
                     statesOf("Never", ENLinkerTypeNever), statesOf("Selected", ENLinkerTypeHover, true),
                     statesOf("Own colours", ENLinkerTypeHover, false,
-                             {QColor(0, 122, 126), QColor(75, 174, 178), QColor(34, 42, 62),
+                             {QColor(0, 122, 126), QColor(0, 101, 106), QColor(34, 42, 62),
                               QColor(180, 190, 200)})});
 }
 
@@ -113,15 +113,18 @@ const char kCheckSheet[] =
     "CBPCheckBox::indicator { width: 16px; height: 16px; border: 1px solid #a9b4c2;"
     " border-radius: 3px; background: white; }"
     "CBPCheckBox::indicator:hover { border-color: #4baeb2; }"
-    "CBPCheckBox::indicator:checked { background: #4baeb2; border-color: #3d979b;"
-    " image: url(%1); }"
-    "CBPCheckBox::indicator:indeterminate { background: #cfe6e7; border-color: #4baeb2; }"
-    "CBPCheckBox::indicator:disabled { background: #eef1f4; border-color: #d5dbe2; }";
+    "CBPCheckBox::indicator:checked, CBPCheckBox::indicator:indeterminate"
+    " { background: #2a8084; border-color: #2a8084; }"
+    "CBPCheckBox::indicator:checked { image: url(:/gallery/tick.svg); }"
+    "CBPCheckBox::indicator:indeterminate { image: url(:/gallery/dash.svg); }"
+    "CBPCheckBox::indicator:disabled { background: #eef1f4; border-color: #d5dbe2; }"
+    "CBPCheckBox::indicator:checked:disabled, CBPCheckBox::indicator:indeterminate:disabled"
+    " { background: #a3bfc1; border-color: #a3bfc1; }";
 
 CBPCheckBox *styled(Qt::CheckState state)
 {
     CBPCheckBox *result = checkBox("Remember me", state);
-    result->setStyleSheet(QString::fromLatin1(kCheckSheet).arg(":/gallery/tick.svg"));
+    result->setStyleSheet(QLatin1String(kCheckSheet));
     return result;
 }
 

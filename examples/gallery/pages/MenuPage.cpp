@@ -14,7 +14,8 @@
 
 namespace {
 
-constexpr int kColumnWidth = 288;
+constexpr int kColumns = 3;
+constexpr int kLeastWidth = 249; // of a menu
 constexpr int kTickWidth = 16;
 constexpr int kPictureWidth = 32; // of the pictures for dark grounds
 
@@ -120,8 +121,9 @@ QWidget *bordered()
     auto *menu = new CBPMenu;
     menu->SetBorderInfo(1, QColor(75, 174, 178));
     menu->AddAction("First", 1);
-    menu->AddAction("Second", 2);
-    return portrait(menu, menu->AddAction("Third", 3));
+    QAction *second = menu->AddAction("Second", 2);
+    menu->AddAction("Third", 3);
+    return portrait(menu, second);
 }
 
 QWidget *nested()
@@ -190,7 +192,7 @@ QWidget *elided()
 {
     auto *menu = new CBPMenu;
     menu->AddAction("Measured at 14 pixels", 1);
-    menu->AddAction("A long text in a large font is cut", 2);
+    menu->AddAction("A long text that must be cut", 2);
     menu->AddAction("Short", 3);
     menu->SetFont(theme::font(theme::Normal, 18).family(), 18);
     return portrait(menu);
@@ -227,8 +229,8 @@ CBPMenu *fullMenu(QWidget *owner)
 
 CBPPushBtn *opener(const QString &text, CBPMenu *menu, EventLog *log)
 {
-    auto *button = new CBPPushBtn(text, nullptr, true);
-    button->SetMininzerWidth(136);
+    auto *button = new CBPPushBtn(text, nullptr);
+    button->setFixedWidth(168);
     menu->setParent(button, menu->windowFlags());
     QObject::connect(menu, &QMenu::triggered, log, [log](QAction *action) {
         log->add(QString("triggered: \"%1\", %2").arg(action->text(), action->data().toString()));
@@ -243,7 +245,7 @@ void addLiveSamples(Page *page)
     Section *section =
         page->addSection("Try it", "Mouse, arrow keys, Enter and Escape work as in any menu. Chosen "
                                    "items appear below.");
-    auto *log = new EventLog("Nothing chosen yet: open a menu.", 3);
+    auto *log = new EventLog("Nothing chosen yet: open a menu.");
     auto *longMenu = new CBPMenu;
     for (int i = 1; i <= 60; ++i)
         longMenu->AddAction(QString("Item %1 of 60").arg(i), i);
@@ -271,22 +273,26 @@ Page *makePage()
     addLiveSamples(page);
     page->addSection("Items",
                      "An item has a text and, if wanted, a picture, four pictures by state, or a badge.")
-        ->addColumns(kColumnWidth, {{"Texts; one highlighted, one disabled", texts()},
-                                    {"Picture files, column of 32 pixels", pictures()},
-                                    {"Pictures by state", stateImages()},
-                                    {"Badges: a dot, a picture", badges()},
-                                    {"One chosen item", chosen()},
-                                    {"Separator, 17 pixels with a line of 1", separators()}});
-    page->addSection("Looks", "The highlight follows the corners of the menu it is in.")
-        ->addColumns(kColumnWidth, {{"With nested menus", parentOfNested()},
-                                    {"Nested", nested()},
-                                    {"Nested, one item", single()},
-                                    {"With a border", bordered()},
-                                    {"Own colours", light()},
-                                    {"Low items", compact()},
-                                    {"Wide text, large radius", wide()},
-                                    {"Square", square()},
-                                    {"Painted in 18 pixels", elided()}});
+        ->addColumns(kColumns,
+                     {{"Texts; one highlighted, one disabled", texts()},
+                      {"Picture files, column of 32 pixels", pictures()},
+                      {"Pictures by state", stateImages()},
+                      {"Badges: a dot, a picture", badges()},
+                      {"One chosen item", chosen()},
+                      {"Separator, 17 pixels with a line of 1", separators()}},
+                     kLeastWidth);
+    page->addSection("Looks", "The highlight follows the corners of a menu without a border.")
+        ->addColumns(kColumns,
+                     {{"With nested menus", parentOfNested()},
+                      {"Nested", nested()},
+                      {"Nested, one item", single()},
+                      {"With a border", bordered()},
+                      {"Own colours", light()},
+                      {"Low items", compact()},
+                      {"Wide text, large radius", wide()},
+                      {"Square", square()},
+                      {"Painted in 18 pixels", elided()}},
+                     kLeastWidth);
     return page;
 }
 

@@ -9,15 +9,29 @@
 #include "CBPPushBtn.h"
 
 #include <QIcon>
+#include <QVBoxLayout>
 
 namespace {
 
 constexpr int kWidth = 112;
+constexpr int kIconSampleWidth = 168;
 constexpr int kIconSpacing = 32; // leaves 8 pixels between a 16 pixel icon and a text
 
 QIcon iconOf(const char *name)
 {
     return QIcon(theme::picturePath(QLatin1String(name)));
+}
+
+int widthOf(const QString &text)
+{
+    return QFontMetrics(theme::font(theme::Normal, 14)).horizontalAdvance(text);
+}
+
+// The triangle of a menu stands half of the spacing right of the middle, whatever the text: 6 pixels behind
+// this one.
+int triangleSpacing(const QString &text)
+{
+    return widthOf(text) + 2 * 6;
 }
 
 CBPPushBtn *button(const QString &text, int width = kWidth)
@@ -30,12 +44,13 @@ CBPPushBtn *button(const QString &text, int width = kWidth)
 CBPPushBtn *filled(const QString &text)
 {
     CBPPushBtn *result = button(text);
-    const QVector<QColor> colors{QColor(75, 174, 178), QColor(95, 188, 192), QColor(61, 151, 155),
+    const QVector<QColor> colors{theme::kAccentDeep, QColor(36, 117, 122), QColor(29, 100, 104),
                                  QColor(207, 230, 231)};
     result->setBgColor(colors);
     result->setFrmColor(colors);
-    result->setTextColor(QVector<QColor>(4, QColor(Qt::white)));
+    result->setTextColor({Qt::white, Qt::white, Qt::white, QColor(94, 143, 145)});
     result->setRoundRadius({4, 4});
+    result->setFocusFrameColor(theme::kInk); // the built-in blue is as light as the ground
     return result;
 }
 
@@ -66,14 +81,13 @@ void addLiveSamples(Page *page)
 {
     Section *section =
         page->addSection("Try it", "Mouse, Tab and Space work here. Every signal appears below.");
-    auto *log = new EventLog("No signal yet: press a button.", 4);
+    auto *log = new EventLog("No signal yet: press a button.");
     CBPPushBtn *checkable = live(log, "Checkable", 3);
     checkable->setCheckable(true);
     checkable->setCheckedBgColor(QColor(226, 242, 243));
     checkable->setCheckedFrmColor(QColor(75, 174, 178));
-    CBPPushBtn *withMenu = live(log, QString(), 4);
-    withMenu->setIcon(iconOf("icon_user.png"));
-    withMenu->setAccessibleName("Menu");
+    CBPPushBtn *withMenu = live(log, "Contact", 4);
+    withMenu->setSpacing(triangleSpacing(withMenu->text()));
     addMenu(withMenu);
     CBPPushBtn *disabled = live(log, "Disabled", 5);
     disabled->setEnabled(false);
@@ -124,8 +138,8 @@ CBPPushBtn *checked()
     CBPPushBtn *result = button("Save");
     result->setCheckable(true);
     result->setChecked(true);
-    result->setCheckedBgColor(QColor(75, 174, 178));
-    result->setCheckedFrmColor(QColor(61, 151, 155));
+    result->setCheckedBgColor(theme::kAccentDeep);
+    result->setCheckedFrmColor(QColor(29, 100, 104));
     result->setTextColor({Qt::white, Qt::white, Qt::white, Qt::white});
     return result;
 }
@@ -147,17 +161,19 @@ CBPPushBtn *withIcon()
 
 CBPPushBtn *withTriangle()
 {
-    CBPPushBtn *result = button(QString());
-    result->setIcon(iconOf("icon_user.png"));
+    CBPPushBtn *result = button("Sort");
     result->setHasMenu(true);
+    result->setSpacing(triangleSpacing(result->text()));
     return result;
 }
 
 void addStates(Page *page)
 {
     Section *section = page->addSection(
-        "States", "One button at rest, under the mouse, held down, with the keyboard focus, and "
-                  "disabled. The focus ring shows at rest only.");
+        "States",
+        "One button at rest, under the mouse, held down, with the keyboard focus, and disabled. The "
+        "focus ring shows at rest only and needs a frame; selected and checked buttons show "
+        "none, and checked ones look alike whatever the mouse does.");
     section->addTable({"Normal", "Hovered", "Pressed", "Focused", "Disabled"},
                       {statesOf("Square", [] { return button("Save"); }), statesOf("Rounded", rounded),
                        statesOf("Half round", pill), statesOf("Own colours", [] { return filled("Save"); }),
@@ -170,7 +186,7 @@ CBPPushBtn *iconSample(const QString &text, CBPPushBtn::__ALIGN_TYPE align, bool
                        int spacing = kIconSpacing)
 {
     auto *result = new CBPPushBtn(text, 0, align, false, after);
-    result->setFixedWidth(168);
+    result->setFixedWidth(kIconSampleWidth);
     result->setSpacing(spacing);
     result->setIcon(iconOf("icon_user.png"));
     return result;
@@ -186,14 +202,16 @@ void addIcons(Page *page)
     CBPPushBtn *lowered = iconSample("Account", CBPPushBtn::ALIGN_CENTER, true);
     lowered->SetIconVoffSet(4);
     section->addColumns(
-        216, {{"Before the text", iconSample("Account", CBPPushBtn::ALIGN_CENTER, false)},
-              {"Behind the text", iconSample("Account", CBPPushBtn::ALIGN_CENTER, true)},
-              {"At the left edge", iconSample("Account", CBPPushBtn::ALIGN_LEFT, false)},
-              {"Alone", iconSample(QString(), CBPPushBtn::ALIGN_CENTER, false)},
-              {"Spacing 10, the default", iconSample("Account", CBPPushBtn::ALIGN_CENTER, false, 10)},
-              {"Spacing 56", iconSample("Account", CBPPushBtn::ALIGN_CENTER, false, 56)},
-              {"Behind, 4 pixels lower", lowered},
-              {"Left edge, behind", iconSample("Account", CBPPushBtn::ALIGN_LEFT, true, 64)}});
+        4,
+        {{"Before the text", iconSample("Account", CBPPushBtn::ALIGN_CENTER, false)},
+         {"Behind the text", iconSample("Account", CBPPushBtn::ALIGN_CENTER, true)},
+         {"At the left edge", iconSample("Account", CBPPushBtn::ALIGN_LEFT, false)},
+         {"Alone", iconSample(QString(), CBPPushBtn::ALIGN_CENTER, false)},
+         {"Spacing 10, the default", iconSample("Account", CBPPushBtn::ALIGN_CENTER, false, 10)},
+         {"Spacing 56", iconSample("Account", CBPPushBtn::ALIGN_CENTER, false, 56)},
+         {"Behind, 4 pixels lower", lowered},
+         {"Left edge, behind", iconSample("Account", CBPPushBtn::ALIGN_LEFT, true, 64)}},
+        kIconSampleWidth);
 }
 
 void addWidths(Page *page)
@@ -202,7 +220,8 @@ void addWidths(Page *page)
         "Width",
         "A button that sizes itself counts icon, menu and least width, never its text: a row of dialog "
         "buttons keeps one width in every language. Give long texts a width of their own.");
-    auto *menuButton = new CBPPushBtn(QString(), nullptr, true);
+    auto *menuButton = new CBPPushBtn("Sort", nullptr, true);
+    menuButton->setSpacing(triangleSpacing(menuButton->text()));
     menuButton->setHasMenu(true);
     auto *wide = new CBPPushBtn("Least 140", nullptr, true);
     wide->SetMininzerWidth(140);
@@ -215,9 +234,10 @@ void addWidths(Page *page)
                          {"140", wide},
                          {"85, text too long", new CBPPushBtn("Repeat every week", nullptr, true)}});
 
-    CBPPushBtn *twoLines = button("A long text wraps at its words", 144);
+    CBPPushBtn *twoLines = button("A long text wraps at its words", 168);
     twoLines->setFixedHeight(48);
-    CBPPushBtn *anywhere = button("Donaudampfschifffahrtsgesellschaft", 144);
+    // As wide as the first line, and half of the wide letter that the second one begins with.
+    CBPPushBtn *anywhere = button("Straßenbahnhaltestellenmast", widthOf("Straßenbahnhaltestellen") + 12);
     anywhere->setFixedHeight(48);
     CBPPushBtn *plain = button("R&D <b>plain</b>", 144);
     plain->setFixedHeight(48);
@@ -235,9 +255,25 @@ CBPPushBtn *withColors(int count)
     CBPPushBtn *result = button(QString("%1 colours").arg(count));
     QVector<QColor> colors;
     for (int i = 0; i < count; ++i)
-        colors << QColor::fromHsv(i * 40 % 360, 70, 250);
+        colors << QColor::fromHsv(i * 40 % 360, 26, 253);
     result->setBgColor(colors);
     return result;
+}
+
+// On a ground that shows what the button leaves of its own rectangle.
+QWidget *withoutMargins()
+{
+    auto *whole = new QWidget;
+    whole->setAutoFillBackground(true);
+    QPalette palette = whole->palette();
+    palette.setColor(QPalette::Window, theme::kLine);
+    whole->setPalette(palette);
+    CBPPushBtn *cut = button("Cut off");
+    cut->setRemoveMargin(QMargins(16, 3, 16, 3));
+    auto *layout = new QVBoxLayout(whole);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(cut);
+    return whole;
 }
 
 void addColors(Page *page)
@@ -258,13 +294,11 @@ void addColors(Page *page)
     CBPPushBtn *half = checked();
     CBPPushBtn *ellipse = button("20 by 8");
     ellipse->setRoundRadius({20, 8});
-    CBPPushBtn *cut = button("Cut off");
-    cut->setRemoveMargin(QMargins(16, 3, 16, 3));
     section->addSamples({{"Own focus ring", pose::in(pose::Focused, ring)},
                          {"Default button", pose::in(pose::Normal, standard)},
                          {"Checked, disabled", pose::in(pose::Disabled, half)},
                          {"Two radii", ellipse},
-                         {"Margins removed", cut}});
+                         {"Margins removed", withoutMargins()}});
 }
 
 CBPPushBtn *seeThrough(const QString &text, int radius)

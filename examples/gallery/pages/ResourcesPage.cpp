@@ -4,6 +4,7 @@
 
 #include "Util.h"
 
+#include <QBitmap>
 #include <QDir>
 #include <QFormLayout>
 #include <QLabel>
@@ -13,7 +14,8 @@
 
 namespace {
 
-constexpr int kTile = 56; // of a picture
+constexpr int kTile = 56;         // of a picture
+constexpr int kSingleWidth = 152; // of a picture on both grounds
 constexpr int kTileRadius = 4;
 
 // Pictures side by side, each in the middle of a tile, on one ground.
@@ -25,6 +27,8 @@ public:
     {
         for (const QString &name : names)
             m_pictures << (name.isEmpty() ? QPixmap() : theme::picture(name));
+        for (const QPixmap &picture : qAsConst(m_pictures))
+            m_visible |= visiblePart(picture);
         setFixedSize(tile * m_pictures.size(), tile);
     }
 
@@ -38,15 +42,37 @@ protected:
         painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kTileRadius, kTileRadius);
         QRect tile(0, 0, m_tile, m_tile);
         for (const QPixmap &picture : qAsConst(m_pictures)) {
-            const QSize size = picture.size() / picture.devicePixelRatio();
-            painter.drawPixmap(tile.x() + (m_tile - size.width()) / 2,
-                               tile.y() + (m_tile - size.height()) / 2, picture);
+            if (picture.isNull()) { // there is none for this state
+                QRectF dash(0, 0, theme::kUnit / 2, 1);
+                dash.moveCenter(QRectF(tile).center());
+                painter.fillRect(dash, theme::kSideHeading);
+            } else {
+                painter.drawPixmap(tile.topLeft() + inTile() - m_visible.topLeft(), picture);
+            }
             tile.translate(m_tile, 0);
         }
     }
 
 private:
+    // Logical pixels of `picture` that are not all transparent.
+    static QRect visiblePart(const QPixmap &picture)
+    {
+        const QRect pixels = QRegion(picture.mask()).boundingRect();
+        if (picture.isNull() || pixels.isEmpty())
+            return QRect(QPoint(0, 0), picture.size() / picture.devicePixelRatio());
+        const qreal ratio = picture.devicePixelRatio();
+        return QRectF(pixels.x() / ratio, pixels.y() / ratio, pixels.width() / ratio, pixels.height() / ratio)
+            .toAlignedRect();
+    }
+
+    // Puts the middle of what is visible in all states into the middle of a tile.
+    QPoint inTile() const
+    {
+        return QPoint((m_tile - m_visible.width()) / 2, (m_tile - m_visible.height()) / 2);
+    }
+
     QVector<QPixmap> m_pictures;
+    QRect m_visible; // of all of them, were they laid on each other
     QColor m_ground;
     int m_tile;
 };
@@ -88,7 +114,7 @@ QWidget *facts(const QVector<QPair<QString, QString>> &lines)
     for (const auto &line : lines) {
         QLabel *value = theme::label(line.second, theme::Normal, 14, theme::kText, true);
         value->setTextInteractionFlags(Qt::TextSelectableByMouse);
-        form->addRow(theme::label(line.first, theme::Normal, 14, theme::kCaption), value);
+        form->addRow(theme::label(line.first, theme::Normal, 14, theme::kText), value);
     }
     return box;
 }
@@ -116,7 +142,7 @@ void addFonts(Page *page)
         QLabel *specimen = theme::label("Ag 0123", weight.second, 34, theme::kInk);
         specimens << Sample{weight.first + ": " + theme::font(weight.second, 14).family(), specimen};
     }
-    section->addColumns(216, specimens);
+    section->addColumns(4, specimens);
     auto *lines = new QWidget;
     auto *layout = new QVBoxLayout(lines);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -142,12 +168,11 @@ void addColors(Page *page)
     page->addSection("Colours",
                      "Title bars take theirs from UIConfig.ini; a missing one leaves the built-in colour. "
                      "The accents are the library's own.")
-        ->addColumns(216 - 2 * theme::kUnit - theme::kUnit * 4,
-                     {{"title_bgcolor " + named(ground), new Swatch(ground)},
-                      {"title_textcolor " + named(text), new Swatch(text)},
-                      {"title_bottonline " + named(line), new Swatch(line)},
-                      {"Accent #4baeb2", new Swatch(theme::kAccent)},
-                      {"Accent #49a7f5", new Swatch(theme::kAccentBlue)}});
+        ->addColumns(5, {{"title_bgcolor " + named(ground), new Swatch(ground)},
+                         {"title_textcolor " + named(text), new Swatch(text)},
+                         {"title_bottonline " + named(line), new Swatch(line)},
+                         {"Accent #4baeb2", new Swatch(theme::kAccent)},
+                         {"Accent #49a7f5", new Swatch(theme::kAccentBlue)}});
 }
 
 // A picture in its states: "list" of list_normal.png, list_hover.png and so on.
@@ -189,17 +214,19 @@ void collect(const QString &folder, QMap<QString, States> &inStates, QStringList
 
 void addPicturesInStates(Page *page, const QMap<QString, States> &inStates)
 {
-    Section *section =
-        page->addSection("Pictures by state", "Normal, hovered, pressed, disabled; on the white strip of "
-                                              "the frameless window and on the dark title bar.");
+    Section *section = page->addSection(
+        "Pictures by state",
+        "Normal, hovered, pressed, disabled. Those of Common are for the dark title bar alone; a short "
+        "dash stands for no file.");
     const QStringList order = states();
     QVector<SampleRow> rows;
     for (auto it = inStates.begin(); it != inStates.end(); ++it) {
         QStringList files;
         for (const QString &state : order)
             files << it->value(state);
-        rows << SampleRow{it.key(),
-                          {new PictureStrip(files, Qt::white), new PictureStrip(files, theme::kInk)}};
+        // Those of the title bar are for dark grounds only.
+        QWidget *onWhite = it.key().startsWith("Common/") ? nullptr : new PictureStrip(files, Qt::white);
+        rows << SampleRow{it.key(), {onWhite, new PictureStrip(files, theme::kInk)}};
     }
     section->addTable({"On white", "On the dark title bar"}, rows);
 }
@@ -212,12 +239,12 @@ void addSinglePictures(Page *page, const QStringList &single)
         auto *layout = new QHBoxLayout(both);
         layout->setContentsMargins(0, 0, 0, 0);
         layout->setSpacing(theme::kUnit);
-        const int tile = 9 * theme::kUnit;
+        const int tile = (kSingleWidth - theme::kUnit) / 2;
         layout->addWidget(new PictureStrip({file}, Qt::white, tile));
         layout->addWidget(new PictureStrip({file}, theme::kInk, tile));
         samples << Sample{file, both};
     }
-    page->addSection("Single pictures", QString())->addColumns(216, samples);
+    page->addSection("Single pictures", QString())->addColumns(4, samples, kSingleWidth);
 }
 
 void addLoading(Page *page)

@@ -11,8 +11,9 @@
 
 namespace {
 
-constexpr int kColumnWidth = 208;
+constexpr int kColumns = 4;
 constexpr int kTextWidth = 144;
+constexpr int kBubbleWidth = 176; // with a text of that width
 
 QLabel *words(const QString &text, int width = kTextWidth)
 {
@@ -51,7 +52,7 @@ QWidget *darkTip(const QString &text, int width, const QColor &ground = QColor()
 CBPPushBtn *anchor(const QString &text)
 {
     auto *button = new CBPPushBtn(text, nullptr);
-    button->setFixedWidth(168);
+    button->setFixedWidth(kBubbleWidth);
     return button;
 }
 
@@ -73,14 +74,15 @@ CBPPushBtn *live(const QString &text, ENOrientation orientation, bool follow)
 
 void addLiveSamples(Page *page)
 {
-    Section *section =
-        page->addSection("Try it", "Three that follow the mouse, and one that a click opens and that goes on "
-                                   "Escape or a click elsewhere. Scroll while it shows: it stays in place.");
-    section->addColumns(kColumnWidth,
+    Section *section = page->addSection(
+        "Try it", "Three follow the mouse, a click opens the fourth. Escape or a click elsewhere closes "
+                  "it, scrolling does not.");
+    section->addColumns(kColumns,
                         {{"Arrow at the left", live("Rest here", ENOrientationLeft, true)},
                          {"Arrow in the middle", live("Rest here", ENOrientationCenter, true)},
                          {"Arrow at the right", live("Rest here", ENOrientationRight, true)},
-                         {"On a click, no arrow", live("Click here", ENOrientationNone, false)}});
+                         {"On a click, no arrow", live("Click here", ENOrientationNone, false)}},
+                        kBubbleWidth);
 }
 
 void addBubbles(Page *page)
@@ -89,11 +91,13 @@ void addBubbles(Page *page)
         "Orientations",
         "The arrow stands 45 pixels from the left or right, or in the middle. Without one the "
         "bubble starts one pixel left of its widget.");
-    const QString text = "A bubble explains the widget it points at.";
-    section->addColumns(kColumnWidth, {{"Left", bubble(ENOrientationLeft, text)},
-                                       {"Center", bubble(ENOrientationCenter, text)},
-                                       {"Right", bubble(ENOrientationRight, text)},
-                                       {"None", bubble(ENOrientationNone, text)}});
+    const QString text = "A bubble explains what it points at.";
+    section->addColumns(kColumns,
+                        {{"Left", bubble(ENOrientationLeft, text)},
+                         {"Center", bubble(ENOrientationCenter, text)},
+                         {"Right", bubble(ENOrientationRight, text)},
+                         {"None", bubble(ENOrientationNone, text)}},
+                        kBubbleWidth);
 }
 
 void addContents(Page *page)
@@ -108,11 +112,12 @@ void addContents(Page *page)
     auto *button = new CBPPushBtn("Continue", nullptr);
     button->setFixedWidth(kTextWidth);
     mixed->AppendWidget(button);
-    section->addColumns(kColumnWidth,
+    section->addColumns(kColumns,
                         {{"Radius 0", bubble(ENOrientationCenter, "Square corners.", 0)},
                          {"Radius 12", bubble(ENOrientationCenter, "Softer corners.", 12)},
                          {"Radius 12, no arrow", bubble(ENOrientationNone, "Softer corners.", 12)},
-                         {"Several widgets", portrait(mixed)}});
+                         {"Several widgets", portrait(mixed)}},
+                        kBubbleWidth);
 }
 
 void addTexts(Page *page)
@@ -121,11 +126,12 @@ void addTexts(Page *page)
         "Text tips",
         "CTextTips: a dark box with a text, as image buttons show it. It is as wide as its text, "
         "or wraps at a fixed width.");
-    section->addColumns(kColumnWidth,
+    section->addColumns(kColumns,
                         {{"One line", darkTip("Minimize", 0)},
                          {"160 wide", darkTip("A longer text wraps at its words where a width is set.", 160)},
                          {"Rich text", darkTip("<b>Ctrl+N</b> opens a new one", 0)},
-                         {"Own background", darkTip("Dark on light", 0, QColor(255, 243, 205))}});
+                         {"Own background", darkTip("Dark on light", 0, QColor(255, 243, 205))}},
+                        kBubbleWidth);
 }
 
 Page *makePage()

@@ -18,10 +18,12 @@
 #include <QRadioButton>
 #include <QStandardItemModel>
 #include <QStatusBar>
+#include <QVBoxLayout>
 
 namespace {
 
-constexpr int kViewWidth = 408;
+constexpr int kRowHeight = 56; // of dividers and groups
+constexpr int kViewWidth = 420;
 
 void outline(QWidget *view, int height)
 {
@@ -95,7 +97,7 @@ QWidget *tableView()
     auto *view = new CBPQtTableView(nullptr);
     view->setModel(model(view));
     view->horizontalHeader()->setStretchLastSection(true);
-    outline(view, 120);
+    outline(view, 136);
     return view;
 }
 
@@ -119,7 +121,7 @@ QWidget *divided()
     for (const char *text : {"Today", "This week", "Ever"}) {
         if (!first) {
             auto *line = new CBPQtLine(nullptr);
-            line->setFixedSize(1, 56);
+            line->setFixedSize(1, kRowHeight);
             layout->addWidget(line);
         }
         first = false;
@@ -131,7 +133,8 @@ QWidget *divided()
 QWidget *group()
 {
     auto *box = new CBPQtGroupBox(nullptr);
-    box->setTitle("Repeat");
+    box->setAccessibleName("Repeat"); // a title takes room even though it is hidden
+    box->setFixedHeight(kRowHeight);
     auto *layout = new QHBoxLayout(box);
     layout->setContentsMargins(0, 0, 0, 0);
     for (const char *text : {"Daily", "Weekly", "Never"}) {
@@ -154,17 +157,29 @@ QWidget *mainWindow()
     content->setAlignment(Qt::AlignCenter);
     window->setCentralWidget(content);
     window->statusBar()->showMessage("Ready");
-    window->setFixedSize(kViewWidth, 136);
-    return window;
+    window->statusBar()->setSizeGripEnabled(false);
+
+    // A thin line round the window, which has no frame of its own here.
+    auto *outlined = new QWidget;
+    outlined->setAutoFillBackground(true);
+    QPalette palette = outlined->palette();
+    palette.setColor(QPalette::Window, theme::kLine);
+    outlined->setPalette(palette);
+    palette.setColor(QPalette::Window, Qt::white);
+    window->setAutoFillBackground(true);
+    window->setPalette(palette);
+    auto *layout = new QVBoxLayout(outlined);
+    layout->setContentsMargins(1, 1, 1, 1);
+    layout->addWidget(window);
+    outlined->setFixedSize(kViewWidth, 136);
+    return outlined;
 }
 
 Page *makePage()
 {
-    auto *page = new Page(
-        "Views and wrappers",
-        "Qt's own widgets with the library's defaults, each with a class name that a style sheet can "
-        "address.");
-    auto *log = new EventLog("Nothing yet: edit a cell of the table, or ask for the tree's context menu.", 3);
+    auto *page = new Page("Views and wrappers",
+                          "Qt's own widgets with the library's defaults and class names for style sheets.");
+    auto *log = new EventLog("Nothing yet: edit a cell of the table, or ask for the tree's context menu.");
     Section *views = page->addSection(
         "Table and tree",
         "Whole rows are selected, a second click or F2 edits, a click on a column's title sorts.");
@@ -173,14 +188,12 @@ Page *makePage()
     views->addWide(log);
     page->addSection("Views", "As Qt makes them.")
         ->addSamples({{"CBPQtTableView", tableView()}, {"CBPTreeView", treeView()}});
-    page->addSection(
-            "Dividers and groups",
-            "CBPQtLine is one pixel wide and fades towards its ends. CBPQtGroupBox shows neither frame nor "
-            "title; screen readers still read it.")
+    page->addSection("Dividers and groups", "CBPQtLine is one pixel wide and fades at its ends. "
+                                            "CBPQtGroupBox shows neither frame nor title.")
         ->addSamples({{"CBPQtLine, twice", divided()}, {"CBPQtGroupBox", group()}});
     page->addSection("Main window",
                      "CBPQtMainWindow takes menu bar, central widget and status bar as any main window.")
-        ->addWide(onGround(theme::kPanel, {mainWindow()}));
+        ->addSamples({{"CBPQtMainWindow", mainWindow()}});
     return page;
 }
 

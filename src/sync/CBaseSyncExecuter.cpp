@@ -1,0 +1,234 @@
+#include "CBaseSyncExecuter.h"
+
+#include "CBPEvtLoop.h"
+#include "CBPSyncObj.h"
+#include "CUIBaseThread.h"
+#include "CWorkThreadMgr.h"
+#include "foundation/Log.h"
+
+#if __has_include("CBPUISyncWaiter.h")
+#include "CBPUISyncWaiter.h"
+#define HAS_WAITER
+#endif
+
+#include <QWidget>
+
+namespace {
+
+constexpr unsigned long long kNoResult = 0x1001; // not 0, which a job may well report
+constexpr unsigned long kQuitStepMs = 1;
+const char kGlobalText[] = "STR_GLOBAL_UNIQUE";
+
+} // namespace
+
+// Who deletes an executer, from its making to its end:
+//
+//  state              m_quit  m_needDelete  deleted by
+//  not started        false   true          its caller. Also when the window goes then: m_quit becomes true,
+//                                           and execute() only returns the result
+//  waiting            false   true          nobody: execute() is on the stack. Who does it nevertheless takes
+//  the
+//                                           wait with it
+//  ended              true    true          its caller: the job was over before the wait was
+//  orphan, in wait    true    false         nobody yet: the window went, and execute() unwinds. If the job
+//  ends
+//                                           meanwhile, settle() deletes it later, so that the caller can
+//                                           still ask
+//  orphan             true    false         onFinished(), when the job ends; or the manager, at the end of
+//  the
+//                                           application
+//
+// settle() is what decides when a wait is over, and the only place that makes an orphan of an executer whose
+// window is still there: the wait was broken off (Escape, the waiting window or button gone, the application
+// quits) while the job runs.
+
+// Lies on the stack of execute(), and outlives the executer if need be.
+struct CBaseSyncExecuter::Wait
+{
+    bool alive = true;
+    unsigned long long result = 0; // of an executer that is gone
+};
+
+CBaseSyncExecuter::CBaseSyncExecuter(CBPSyncObj *syncObj, QString text, QObject *window, QObject *attached)
+    : m_result(kNoResult),
+      m_syncObj(syncObj),
+      m_text(text),
+      m_loop(std::make_shared<CBPEvtLoop>()),
+      m_manager(CWorkThreadMgr::instance()),
+      m_attached(attached),
+      m_window(window),
+      m_windowKey(window)
+{
+    if (syncObj)
+        m_syncLife = syncObj->m_life;
+    // Queued, since the signal comes from the worker thread: it arrives once the caller waits.
+    connect(this, SIGNAL(finished()), this, SLOT(onFinished()));
+    packetData(window);
+}
+
+CBaseSyncExecuter::~CBaseSyncExecuter()
+{
+    if (isRunning()) {
+        qCWarning(lcLumQt, "An executer is deleted while its job runs");
+        requestInterruption();
+    }
+    // A thread that had not come to the derived run() runs the base's, which is an event loop.
+    while (!wait(kQuitStepMs) && QThread::currentThread() != this)
+        quit();
+    if (m_wait) {
+        m_wait->alive = false;
+        m_wait->result = m_result;
+        endWait();
+    }
+    release();
+}
+
+void CBaseSyncExecuter::packetData(QObject *window)
+{
+    if (!window || !m_manager)
+        return;
+    m_manager->watch(window);
+    m_manager->addData(window, this);
+}
+
+bool CBaseSyncExecuter::isGlobal() const
+{
+    return m_text == QLatin1String(kGlobalText);
+}
+
+bool CBaseSyncExecuter::isNeedDelete() const
+{
+    return m_needDelete;
+}
+
+bool CBaseSyncExecuter::isOrphan() const
+{
+    return m_quit && !m_needDelete && !m_wait;
+}
+
+CBPSyncObj *CBaseSyncExecuter::syncObj() const
+{
+    return m_syncLife.expired() ? nullptr : m_syncObj;
+}
+
+unsigned long long CBaseSyncExecuter::execute()
+{
+    if (m_wait || isRunning() || !m_needDelete) {
+        qCWarning(lcLumQt,
+                  "An executer was executed while its job runs, or when it is not the caller's any more");
+        return m_result;
+    }
+    if (m_quit && !isFinished()) // the window went before the job could start
+        return m_result;
+    Wait wait;
+    m_wait = &wait;
+    m_quit = false;
+    if (!syncObj())
+        makeWaiter();
+    start(QThread::InheritPriority);
+    if (isRunning() || isFinished()) // else it could not be started, and nothing would end the wait
+        waitForJob(wait);
+    if (!wait.alive)
+        return wait.result;
+    m_wait = nullptr;
+    settle();
+    return m_result;
+}
+
+void CBaseSyncExecuter::makeWaiter()
+{
+#ifdef HAS_WAITER
+    auto *waiter = new CBPUISyncWaiter(m_text, qobject_cast<QWidget *>(m_window.data()));
+    m_syncObj = waiter;
+    m_syncLife = m_syncObj->m_life;
+    m_ownsSyncUI = true;
+    connect(waiter, SIGNAL(destroyed()), this, SLOT(onSyncUIDestroyed()));
+#endif
+}
+
+void CBaseSyncExecuter::waitForJob(const Wait &wait)
+{
+    const std::shared_ptr<CBPEvtLoop> loop = m_loop;
+    if (CBPSyncObj *sync = syncObj())
+        sync->setText(m_text);
+    // Events may have been handled in there.
+    CBPSyncObj *sync = wait.alive && !m_quit ? syncObj() : nullptr;
+    if (sync)
+        sync->run(loop.get(), isGlobal());
+}
+
+// The object may be gone afterwards.
+void CBaseSyncExecuter::endWait()
+{
+    const std::shared_ptr<CBPEvtLoop> loop = m_loop;
+    if (CBPSyncObj *sync = syncObj())
+        sync->exit(loop.get(), isGlobal());
+    else
+        loop->exit(0); // a wait that outlived what it was seen in
+}
+
+// The wait is over, whoever ended it.
+void CBaseSyncExecuter::settle()
+{
+    if (m_quit) {
+        if (m_endedInWait)
+            deleteLater();
+        return;
+    }
+    m_quit = true;
+    if (!isRunning())
+        return;
+    m_needDelete = false;
+    // Another wait may be going on in what is not ours by the time the job ends.
+    if (!m_ownsSyncUI)
+        m_syncObj = nullptr;
+}
+
+void CBaseSyncExecuter::onFinished()
+{
+    if (isRunning()) // late word of an earlier run
+        return;
+    if (m_quit) {
+        if (m_needDelete)
+            return;
+        m_endedInWait = m_wait;
+        if (!m_wait)
+            delete this;
+        return;
+    }
+    m_quit = true;
+    endWait();
+}
+
+void CBaseSyncExecuter::notifyQuit()
+{
+    if (m_quit)
+        return;
+    m_quit = true;
+    const QPointer<QObject> attached = m_attached;
+    if (m_wait) {
+        m_needDelete = false;
+        endWait();
+    }
+    if (auto *thread = qobject_cast<CUIBaseThread *>(attached.data()))
+        thread->requestQuit();
+}
+
+void CBaseSyncExecuter::onSyncUIDestroyed()
+{
+    m_ownsSyncUI = false;
+    m_syncObj = nullptr;
+    if (m_wait && !m_quit)
+        m_loop->exit(0);
+}
+
+void CBaseSyncExecuter::release()
+{
+    CBPSyncObj *sync = m_ownsSyncUI ? syncObj() : nullptr;
+    m_ownsSyncUI = false;
+    m_syncObj = nullptr;
+    delete sync;
+    delete m_attached.data();
+    if (m_manager)
+        m_manager->removeData(m_windowKey, this);
+}

@@ -1,0 +1,5 @@
+#include "CUIBaseThread.h"
+
+CUIBaseThread::CUIBaseThread(QObject *parent) : QObject(parent) {}
+
+CUIBaseThread::~CUIBaseThread() = default;
