@@ -15,8 +15,6 @@ namespace {
 const QColor kTextColors[] = {QColor(0, 140, 255), QColor(0, 140, 255), QColor(83, 178, 255),
                               QColor(189, 189, 189)};
 constexpr int kColorCount = 4;
-const QColor kFocusRing(75, 167, 245);
-constexpr int kFocusRadius = 2;
 const QSize kFocusRoom(3, 4); // beside the text, and above and below it
 const char kFontSheet[] = "QLabel{font-family:\"%1\"; font-size:14px;}";
 const char kFontSizeSheet[] = "QLabel{font-size:%1px;}";
@@ -307,12 +305,8 @@ void CBPLinkerButton::paintEvent(QPaintEvent *)
         setToolTip(tip);
 
     QPainter painter(this);
-    if (m_showsFocus) {
-        lumqt::Body ring;
-        ring.frame = kFocusRing;
-        ring.radiusX = ring.radiusY = kFocusRadius;
-        lumqt::drawBody(painter, rect(), ring);
-    }
+    if (m_showsFocus)
+        lumqt::drawFocusRing(painter, rect());
     const QColor own = m_textColors.value(index);
     painter.setPen(own.isValid() ? own : kTextColors[index]);
     m_layout->drawLeft(painter, rect(), shown, m_font);

@@ -35,6 +35,9 @@ struct Body
 // blitted after.
 LUMQT_TESTED void drawBody(QPainter &painter, const QRect &rect, const Body &body);
 
+// The ring around a widget of the keyboard focus that has no frame of its own.
+LUMQT_TESTED void drawFocusRing(QPainter &painter, const QRect &rect);
+
 // `rect` with its edges on device pixels, where antialiased or scaled painting leaves no half-covered ones.
 LUMQT_TESTED QRectF wholeDevicePixels(const QPainter &painter, const QRectF &rect);
 

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "LumQtGlobal.h"
+
+#include <QLineEdit>
+#include <QPoint>
+
+class QToolButton;
+
+/// A line edit with room for an icon at its left end, whose text is selected by the first click into it.
+///
+/// The first click with the mouse while it holds a text and is not read-only selects the whole text, ready to
+/// be replaced; any later one sets the cursor. GUI thread only. \since 1.0
+class LUMQT_EXPORT CBPLineEdit : public QLineEdit
+{
+    Q_OBJECT
+
+public:
+    /// A line edit with the picture \a iconPath in front of the text (the path as it is given), or without
+    /// one for an empty path. A missing file leaves an empty icon and a warning.
+    ///
+    /// \a bBlockCopyPaste: the keys for select all, copy and paste do nothing. Cutting stays, as do the
+    /// context menu and the mouse. \since 1.0
+    explicit CBPLineEdit(QString iconPath = QString(), bool bBlockCopyPaste = false,
+                         QWidget *parent = nullptr);
+
+    /// A line edit without an icon. \since 1.0
+    CBPLineEdit(QWidget *parent, bool bBlockCopyPaste);
+
+    ~CBPLineEdit() override;
+
+Q_SIGNALS:
+    /// A key goes down, and the edit is about to act on it. Not sent for keys that are blocked. The event is
+    /// good during the signal only. \since 1.0
+    void KeyPressed(QKeyEvent *pEvent);
+
+    /// A key was let go. The event is good during the signal only. \since 1.0
+    void KeyReleased(QKeyEvent *pEvent);
+
+    /// The edit is about to lose the keyboard focus. \since 1.0
+    void sigLoseFocus();
+
+protected:
+    /// Called for each mouse button that is let go, before the edit acts on it; does nothing here.
+    /// \since 1.0
+    virtual void onMouseReleased(QMouseEvent *event);
+
+    void focusOutEvent(QFocusEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    void createIcon(const QString &path);
+    bool isBlocked(const QKeyEvent *event) const;
+
+    QToolButton *m_pIconBtn = nullptr;
+    bool m_bFirstClick = true;
+    bool m_bBlockCopyPaste;
+    bool m_selecting = false; // from the press that selected all to its release
+    QPoint m_pressedAt;
+};

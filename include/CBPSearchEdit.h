@@ -1,0 +1,53 @@
+#pragma once
+
+#include "CBPLineEdit.h"
+
+#include <QPointer>
+#include <QTimer>
+
+class QCompleter;
+
+/// A search field: a line edit with a magnifier at its right end, which a clear button takes the place of
+/// while there is a text.
+///
+/// It searches 1.5 seconds after the last change of the text, and at once on Return or a click on the
+/// magnifier. Up to 50 characters. The Tab key goes from the text on to the button inside, which Space and
+/// Enter press; a click on it leaves the focus where it is. Screen readers find the buttons named. Its
+/// pictures are looked up relative to the current directory. Suggestions come from the model that the
+/// application gives to completer(). GUI thread only. \since 1.0
+class LUMQT_EXPORT CBPSearchEdit : public CBPLineEdit
+{
+    Q_OBJECT
+
+public:
+    /// A search field without a parent, whatever \a parent is: put it into a layout, or delete it. With a
+    /// parent the keys for select all, copy and paste are blocked, without one they work. \since 1.0
+    explicit CBPSearchEdit(QWidget *parent);
+
+    /// Deletes the completer that the field made for itself, also where another one is in use.
+    /// \since 1.0
+    ~CBPSearchEdit() override;
+
+Q_SIGNALS:
+    /// \a bSearch: look for \a text, which is not empty. Otherwise the search is over, and \a text is empty;
+    /// the clear button says that twice. \since 1.0
+    void DoSearch(bool bSearch, const QString &text);
+
+protected:
+    void showEvent(QShowEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
+
+private Q_SLOTS:
+    void OnSearch();
+    void OnTimeout();
+    void OnTextChanged(const QString &text);
+
+private:
+    QToolButton *createButton(const char *objectName, const QString &accessibleName);
+    void Changed(bool bEmpty);
+
+    QToolButton *m_pBtnClose = nullptr; // clears the text
+    QToolButton *m_pBtnSearch = nullptr;
+    QPointer<QCompleter> m_pCompleter;
+    QTimer m_timer;
+};

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "LumQtGlobal.h"
+
+#include <QTextEdit>
+
+/// A text edit of several lines with a greatest length.
+///
+/// GUI thread only. \since 1.0
+class LUMQT_EXPORT CBPTextEdit : public QTextEdit
+{
+    Q_OBJECT
+
+public:
+    /// An empty edit without a limit. \since 1.0
+    explicit CBPTextEdit(QWidget *parent = nullptr);
+    ~CBPTextEdit() override;
+
+    /// Sets how many characters (UTF-16 code units, a line break is one) the text may have; 0 or less is no
+    /// limit.
+    ///
+    /// A text that is too long already stays until its next change. Then, or when more is typed or pasted,
+    /// the text is cut (never in the middle of a character), loses its formats and its undo steps, and the
+    /// cursor goes to its end. \since 1.0
+    void setMaxLength(int maxLength);
+
+    /// Sets the space between the frame and the text in pixels; less than 0 is 0. \since 1.0
+    void setTextMargin(int left, int top, int right, int bottom);
+
+private Q_SLOTS:
+    void on_text_changed();
+
+private:
+    int m_iMaxLength = 0;
+};

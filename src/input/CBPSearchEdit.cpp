@@ -1,0 +1,211 @@
+#include "CBPSearchEdit.h"
+
+#include "foundation/Painting.h"
+
+#include <QCompleter>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QToolButton>
+
+namespace {
+
+constexpr int kSearchPause = 1500; // ms
+constexpr int kMaxLength = 50;
+
+// Tabs and all: applications compare it, and replace parts of it.
+const char kSheet[] = "QToolButton{"
+                      "\t\t\t\t  border:0px;"
+                      "\t\t\t\t  }"
+                      "\t\t\t\t  QToolButton#btnClose{"
+                      "\t\t\t\t  image: url(../res/icon_delete_normal.png);"
+                      "\t\t\t\t  }"
+                      "\t\t\t\t  QToolButton#btnClose:hover{"
+                      "\t\t\t\t  background-color: qradialgradient(spread:pad, cx:0.5, cy:0.5, radius:0.5, "
+                      "fx:0.499636, fy:0.495, stop:0 rgba(255, 235, 235, 206), stop:0.0909091 rgba(255, 188, "
+                      "188, 80), stop:0.267045 rgba(255, 162, 162, 80), stop:0.44 rgba(252, 128, 128, 80), "
+                      "stop:0.676136 rgba(127, 150, 114, 114), stop:1 rgba(255, 255, 255, 0));"
+                      "\t\t\t\t  image: url(../res/icon_delete_hover.png);"
+                      "\t\t\t\t  }"
+                      "\t\t\t\t  QToolButton#btnClose:pressed{"
+                      "\t\t\t\t  image: url(../res/icon_delete_press.png);"
+                      "\t\t\t\t  }"
+                      "\t\t\t\t  QToolButton#btnSearch{"
+                      "\t\t\t\t  image: url(../res/search_icon.png);"
+                      "\t\t\t\t  }";
+
+// Room around a button's picture: on dense screens the style sheet stretches pictures to the room they have.
+const char kButtonSheet[] = "QToolButton{padding:2px;}";
+constexpr int kPadding = 2;
+
+// A button inside the edit. It is a QToolButton to the style sheet.
+class InnerButton : public QToolButton
+{
+public:
+    InnerButton() { setStyleSheet(QLatin1String(kButtonSheet)); }
+
+    QSize sizeHint() const override { return iconSize() + QSize(2 * kPadding, 2 * kPadding); }
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+        if (!enter)
+            QToolButton::keyPressEvent(event);
+        else if (!event->isAutoRepeat())
+            click(); // Enter is the edit's otherwise, and searches
+    }
+
+    void focusInEvent(QFocusEvent *event) override { followFocus(event); }
+    void focusOutEvent(QFocusEvent *event) override { followFocus(event); }
+
+    void paintEvent(QPaintEvent *event) override
+    {
+        QToolButton::paintEvent(event);
+        if (!m_showsFocus)
+            return;
+        QPainter painter(this);
+        lumqt::drawFocusRing(painter, rect());
+    }
+
+private:
+    void followFocus(QFocusEvent *event)
+    {
+        m_showsFocus = event->gotFocus();
+        if (m_showsFocus)
+            QToolButton::focusInEvent(event);
+        else
+            QToolButton::focusOutEvent(event);
+        update();
+    }
+
+    bool m_showsFocus = false;
+};
+
+} // namespace
+
+// The parent decides about the blocked keys and nothing else, which is meant.
+CBPSearchEdit::CBPSearchEdit(QWidget *parent) : CBPLineEdit(QString(), parent != nullptr, nullptr)
+{
+    setObjectName(QStringLiteral("edtSearch"));
+    m_pCompleter = new QCompleter;
+    setCompleter(m_pCompleter);
+    setMaxLength(kMaxLength);
+    setStyleSheet(QLatin1String(kSheet));
+    m_pBtnClose = createButton("btnClose", tr("Clear"));
+    setFocusPolicy(Qt::StrongFocus);
+    m_pBtnSearch = createButton("btnSearch", tr("Search"));
+
+    auto *layout = new QHBoxLayout;
+    layout->addStretch();
+    layout->addWidget(m_pBtnClose);
+    layout->addWidget(m_pBtnSearch);
+    layout->setSpacing(0);
+    layout->setContentsMargins(0, 0, 0, 0);
+    setLayout(layout);
+    m_pBtnClose->hide();
+
+    m_timer.setSingleShot(true);
+    m_timer.setInterval(kSearchPause);
+    connect(&m_timer, &QTimer::timeout, this, &CBPSearchEdit::OnTimeout);
+    connect(this, &QLineEdit::returnPressed, this, &CBPSearchEdit::OnSearch);
+    connect(this, &QLineEdit::textChanged, this, &CBPSearchEdit::OnTextChanged);
+}
+
+CBPSearchEdit::~CBPSearchEdit()
+{
+    delete m_pCompleter;
+}
+
+QToolButton *CBPSearchEdit::createButton(const char *objectName, const QString &accessibleName)
+{
+    auto *button = new InnerButton;
+    button->setObjectName(QLatin1String(objectName));
+    button->setAccessibleName(accessibleName);
+    button->setAutoRaise(true);
+    button->setCursor(Qt::ArrowCursor);
+    button->setFocusPolicy(Qt::NoFocus); // of the mouse: see focusNextPrevChild()
+    connect(button, &QToolButton::clicked, this, &CBPSearchEdit::OnSearch);
+    return button;
+}
+
+void CBPSearchEdit::Changed(bool bEmpty)
+{
+    const QToolButton *leaving = bEmpty ? m_pBtnClose : m_pBtnSearch;
+    if (leaving->hasFocus())
+        setFocus(Qt::OtherFocusReason); // or it would leave the edit
+    m_pBtnSearch->setVisible(bEmpty);
+    m_pBtnClose->setVisible(!bEmpty);
+}
+
+// ------------------------------------------------------------------------------------------------------------
+// searching
+
+void CBPSearchEdit::OnSearch()
+{
+    const QPointer<CBPSearchEdit> alive(this);
+    if (sender() == m_pBtnClose) {
+        clear(); // which says once that the search is over
+        if (!alive)
+            return;
+        m_timer.stop();
+        Changed(true);
+        emit DoSearch(false, QString());
+        if (!alive)
+            return;
+    }
+    if (text().isEmpty()) {
+        setFocus();
+        if (alive && completer())
+            completer()->complete();
+        return;
+    }
+    m_timer.stop();
+    emit DoSearch(true, text());
+}
+
+void CBPSearchEdit::OnTimeout()
+{
+    Changed(text().isEmpty());
+    if (text().isEmpty()) {
+        m_timer.stop();
+        emit DoSearch(false, QString());
+    } else {
+        emit DoSearch(true, text());
+    }
+}
+
+void CBPSearchEdit::OnTextChanged(const QString &text)
+{
+    Changed(text.isEmpty());
+    m_timer.stop();
+    if (text.isEmpty())
+        emit DoSearch(false, QString());
+    else
+        m_timer.start();
+}
+
+// ------------------------------------------------------------------------------------------------------------
+// events
+
+void CBPSearchEdit::showEvent(QShowEvent *event)
+{
+    // While it is hidden it has no width that a layout gave it.
+    const bool hidden = m_pBtnSearch->isHidden();
+    const int reserve = hidden ? m_pBtnSearch->sizeHint().width() : m_pBtnSearch->width();
+    const bool mirrored = isRightToLeft();
+    setTextMargins(mirrored ? reserve : 0, 0, mirrored ? 0 : reserve, 0);
+    CBPLineEdit::showEvent(event);
+}
+
+// The Tab key reaches the button that is to be seen, although a click must not move the focus there.
+bool CBPSearchEdit::focusNextPrevChild(bool next)
+{
+    QToolButton *button = m_pBtnClose->isVisible() ? m_pBtnClose : m_pBtnSearch;
+    if (next && hasFocus() && button->isVisible() && button->isEnabled()) {
+        button->setFocus(Qt::TabFocusReason);
+        return true;
+    }
+    return CBPLineEdit::focusNextPrevChild(next);
+}
