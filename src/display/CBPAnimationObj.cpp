@@ -1,0 +1,159 @@
+#include "CBPAnimationObj.h"
+
+#include "foundation/ImageLoader.h"
+#include "foundation/Log.h"
+
+#include <QGuiApplication>
+
+#include <climits>
+
+namespace {
+
+constexpr int kInterval = 80; // ms
+constexpr int kDelayTicks = 10;
+constexpr int kNothingShown = 255;
+constexpr int kMostStripFrames = 4096;
+
+// Of the densest screen: the pictures are for whatever widget shows them.
+QPixmap load(const QString &path)
+{
+    return lumqt::loadPixmap(path, qGuiApp ? qGuiApp->devicePixelRatio() : 1.0);
+}
+
+QPixmap cut(const QPixmap &strip, const QRect &logical)
+{
+    // Of an empty rectangle QPixmap would copy the whole.
+    if (logical.isEmpty())
+        return QPixmap();
+    const qreal ratio = strip.devicePixelRatio();
+    return strip.copy(
+        QRectF(QPointF(logical.topLeft()) * ratio, QSizeF(logical.size()) * ratio).toAlignedRect());
+}
+
+} // namespace
+
+CBPAnimationObj::CBPAnimationObj(QStringList paths)
+{
+    load(paths);
+    init();
+}
+
+CBPAnimationObj::CBPAnimationObj(QVector<QPixmap> frames) : m_frames(frames)
+{
+    init();
+}
+
+CBPAnimationObj::CBPAnimationObj(QString file, int count, bool horizontal)
+{
+    if (count > kMostStripFrames)
+        qCWarning(lcLumQt, "CBPAnimationObj: a strip has no more than %d frames", kMostStripFrames);
+    const QPixmap strip = ::load(file);
+    QSize size = lumqt::logicalSize(strip);
+    for (int i = 0; i < qMin(count, kMostStripFrames); ++i) {
+        // Divided anew on every pass, which is meant: whoever cuts strips relies on it.
+        if (horizontal)
+            size.setWidth(size.width() / count);
+        else
+            size.setHeight(size.height() / count);
+        const QPoint at = horizontal ? QPoint(i * size.width(), 0) : QPoint(0, i * size.height());
+        m_frames.append(cut(strip, QRect(at, size)));
+    }
+    init();
+}
+
+CBPAnimationObj::~CBPAnimationObj() = default;
+
+void CBPAnimationObj::init()
+{
+    m_index = kNothingShown;
+    m_timer.setInterval(kInterval);
+    m_startDelay = kDelayTicks * kInterval;
+    connect(&m_timer, &QTimer::timeout, this, &CBPAnimationObj::onTimeout);
+}
+
+void CBPAnimationObj::load(const QStringList &paths)
+{
+    m_frames.clear();
+    m_frames.reserve(paths.size());
+    for (const QString &path : paths)
+        m_frames.append(::load(path));
+}
+
+void CBPAnimationObj::start()
+{
+    ++m_runs;
+    m_timer.start();
+}
+
+void CBPAnimationObj::stop()
+{
+    m_runs = qMax(0, m_runs - 1);
+    if (m_runs < 1)
+        m_timer.stop();
+    // Ten times an interval of days is more than an int holds.
+    m_startDelay = int(qMin<qint64>(qint64(kDelayTicks) * m_timer.interval(), INT_MAX));
+}
+
+bool CBPAnimationObj::isRunning() const
+{
+    return m_timer.isActive();
+}
+
+void CBPAnimationObj::setInterval(int ms)
+{
+    if (ms < 1) {
+        qCWarning(lcLumQt, "CBPAnimationObj: %d ms is no interval", ms);
+        return;
+    }
+    m_timer.setInterval(ms);
+}
+
+void CBPAnimationObj::setDelayInterval(int ms)
+{
+    m_startDelay = ms;
+}
+
+void CBPAnimationObj::setRes(QStringList paths)
+{
+    const bool wasRunning = isRunning();
+    if (wasRunning)
+        stop();
+    load(paths);
+    if (wasRunning)
+        start();
+}
+
+int CBPAnimationObj::curentIndex() const
+{
+    return m_index;
+}
+
+QPixmap CBPAnimationObj::currentPixmap() const
+{
+    return pixmapAt(m_index);
+}
+
+QPixmap CBPAnimationObj::pixmapAt(int i) const
+{
+    // The current index counts, not the one asked for: nothing is to be seen before the first change.
+    return m_index == kNothingShown ? QPixmap() : m_frames.value(i);
+}
+
+void CBPAnimationObj::onFrameChanged(int index)
+{
+    emit frameChanged(index);
+}
+
+void CBPAnimationObj::onTimeout()
+{
+    if (m_startDelay >= 0)
+        m_startDelay -= m_timer.interval();
+    if (m_startDelay >= 0)
+        return;
+    if (m_frames.isEmpty()) {
+        stop();
+        return;
+    }
+    m_index = (m_index + 1) % m_frames.size();
+    onFrameChanged(m_index);
+}
