@@ -1,0 +1,790 @@
+#include "CBPPopWnd.h"
+
+#include "CBPBox.h"
+#include "CBPWaitBtn.h"
+#include "CBPWinFrmTitle.h"
+#include "Pixels.h"
+#include "platform/Platform.h"
+#include "TestMain.h"
+#include "Util.h"
+
+#include <QLineEdit>
+#include <QPropertyAnimation>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QVBoxLayout>
+#include <QWindow>
+
+#include <functional>
+
+namespace {
+
+constexpr int kOk = 0x4;
+constexpr int kCancel = 0x100;
+constexpr int kNo = 0x1000;
+constexpr int kYes = 0x800;
+
+// A pop-up that notes what it is asked.
+class PopUp : public CBPPopWnd
+{
+public:
+    explicit PopUp(QWidget *parent = nullptr, int flags = 0, bool bottomArea = true)
+        : CBPPopWnd(false, parent)
+    {
+        Init(bottomArea);
+        AppendBtn(flags);
+    }
+
+    using CBPPopWnd::statusBox;
+    using CBPPopWnd::titleBar;
+
+    QVector<int> asked;
+    std::function<bool(int)> answer; // of proceedBtnClicked()
+    std::function<void()> onShow;
+
+protected:
+    bool proceedBtnClicked(int flag) override
+    {
+        asked << flag;
+        return answer ? answer(flag) : CBPPopWnd::proceedBtnClicked(flag);
+    }
+    void showEvent(QShowEvent *event) override
+    {
+        CBPPopWnd::showEvent(event);
+        if (onShow)
+            onShow();
+    }
+};
+
+// What a callback of SetBtnClickCB() is to answer, and what it was told.
+struct Callback
+{
+    int verdict = 0;
+    QVector<int> results;
+    std::function<void()> act;
+
+    static int call(int result, void *self)
+    {
+        auto *callback = static_cast<Callback *>(self);
+        callback->results << result;
+        const int verdict = callback->verdict;
+        if (callback->act)
+            callback->act();
+        return verdict;
+    }
+};
+
+// Out of line, as compilers see through the deletion of what lives on the stack.
+Q_NEVER_INLINE void destroy(QObject *object)
+{
+    delete object;
+}
+
+void later(QObject *context, const std::function<void()> &act)
+{
+    QTimer::singleShot(0, context, act);
+}
+
+QImage shot(QWidget &widget)
+{
+    return widget.grab().toImage().convertToFormat(QImage::Format_ARGB32);
+}
+
+QStringList tabOrder(QWidget &window)
+{
+    QStringList names;
+    for (QWidget *next = window.nextInFocusChain(); next != &window; next = next->nextInFocusChain()) {
+        if (next->focusPolicy() & Qt::TabFocus)
+            names << next->objectName();
+    }
+    return names;
+}
+
+} // namespace
+
+class TestPopWnd : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { lumqt::platform::answers() = m_answers; }
+    void cleanup() { lumqt::platform::answers() = m_answers; }
+
+    // ------------------------------------------------------------------------------------------------------
+    // buttons
+
+    void standardButtons_data()
+    {
+        QTest::addColumn<int>("flag");
+        QTest::addColumn<QString>("caption");
+        QTest::addColumn<bool>("secondary");
+        const auto row = [](const char *id, int flag, const char *caption, bool secondary = false) {
+            QTest::newRow(id) << flag << QString(caption) << secondary;
+        };
+        row("id_BtnAdd", 0x2, "Add");
+        row("id_BtnOk", 0x4, "OK");
+        row("id_BtnRetry", 0x8, "Retry");
+        row("id_BtnContinue", 0x10, "Continue");
+        row("id_BtnSkip", 0x20, "Skip");
+        row("id_BtnExport", 0x80, "Export");
+        row("id_BtnYes", 0x800, "Yes");
+        row("id_BtnOther", 0x8000, "", true);
+        row("id_BtnBrowse", 0x40000, "Browse");
+        row("id_BtnReboot", 0x4000, "Reboot");
+        row("id_BtnSkipAll", 0x40, "SkipAll");
+        row("id_BtnErase", 0x10000, "Erase");
+        row("id_BtnChange", 0x20000, "Change");
+        row("id_BtnQuit", 0x2000, "Quit");
+        row("id_BtnNo", 0x1000, "No", true);
+        row("id_BtnCancel", 0x100, "Cancel", true);
+        row("id_BtnBack", 0x80000, "Back");
+        row("id_BtnClose", 0x100000, "Close");
+        row("id_BtnRestartNow", 0x200000, "Restart now");
+        row("id_BtnRestartLater", 0x400000, "Restart later", true);
+    }
+    void standardButtons()
+    {
+        QFETCH(int, flag);
+        QFETCH(bool, secondary);
+        PopUp w(nullptr, flag);
+        CBPPushBtn *button = w.GetBtn(flag);
+        QVERIFY(button && w.isAncestorOf(button));
+        QCOMPARE(button->objectName(), QString(QTest::currentDataTag()));
+        QTEST(button->text(), "caption");
+        QCOMPARE(button->height(), 36);
+        QVERIFY(button->width() >= 85);
+        QVERIFY(QFontMetrics(button->font()).horizontalAdvance(button->text()) < button->width());
+        QCOMPARE(qobject_cast<CBPWaitBtn *>(button) != nullptr, flag != kNo);
+        QCOMPARE(button->isDefault(), flag != kCancel);
+
+        const QColor white(Qt::white);
+        const QStringList ground{"#49a7f5", "#5baff6", "#4195dc", "#c9e5fc"};
+        const QStringList frame{"#9b9b9b", "#a5a5a5", "#6f6f6f", "#e1e1e1"};
+        const QStringList text{"#333333", "#474747", "#242424", "#c2c2c2"};
+        for (int state = 0; state < 4; ++state) {
+            QCOMPARE(button->bgColor(state), secondary ? white : QColor(ground[state]));
+            QCOMPARE(button->textColor(state), secondary ? QColor(text[state]) : white);
+            if (secondary)
+                QCOMPARE(button->frmColor(state), QColor(frame[state]));
+        }
+        // A primary button has no frame: its corner is its ground.
+        button->setFocusPolicy(Qt::NoFocus);
+        QCOMPARE(shot(*button).pixelColor(0, 0), QColor(secondary ? frame[0] : ground[0]));
+    }
+
+    void rowOrder_data()
+    {
+        QTest::addColumn<int>("appended");
+        QTest::addColumn<int>("prepended");
+        QTest::addColumn<QString>("row");
+        QTest::newRow("no buttons") << 0x601 << (1 << 23 | 1 << 30) << "";
+        QTest::newRow("OK and No") << (kNo | kOk) << 0 << "Ok No";
+        QTest::newRow("parts") << (kCancel | kOk) << 0x80000 << "Back Ok Cancel";
+        QTest::newRow("all") << 0x7fffff << 0
+                             << "Add Ok Retry Continue Skip Export Yes Other Browse Reboot SkipAll Erase "
+                                "Change Quit No Cancel Back Close RestartNow RestartLater";
+    }
+    void rowOrder()
+    {
+        QFETCH(int, appended);
+        QFETCH(int, prepended);
+        PopUp w(nullptr, appended);
+        w.PrependBtn(prepended);
+        w.AppendContent(new QWidget, true, false, 0);
+        w.resize(w.sizeHint().expandedTo(QSize(900, 300)));
+        w.grab();
+        QMap<int, QString> byPlace; // what stands where
+        const auto buttons = w.findChildren<CBPPushBtn *>();
+        for (CBPPushBtn *button : buttons)
+            byPlace[button->mapTo(&w, QPoint(0, 0)).x()] = button->objectName().mid(6);
+        QTEST(QStringList(byPlace.values()).join(' '), "row");
+        if (buttons.isEmpty())
+            return;
+        // The groups stand at the edges of the row, 12 pixels between two buttons of one.
+        const QRect bottom = w.statusBox()->geometry().marginsRemoved(w.statusBox()->contentsMargins());
+        const auto placed = [&w](int flag) {
+            return QRect(w.GetBtn(flag)->mapTo(&w, QPoint(0, 0)), w.GetBtn(flag)->size());
+        };
+        if (prepended == 0x80000) {
+            QCOMPARE(placed(0x80000).left(), bottom.left());
+            QCOMPARE(placed(kCancel).right(), bottom.right());
+            QCOMPARE(placed(kCancel).left() - placed(kOk).right() - 1, 12);
+        }
+    }
+
+    void withoutButton()
+    {
+        PopUp w(nullptr, kCancel);
+        QVERIFY(!w.GetBtn(kOk));
+        QVERIFY(!w.GetBtn(kOk | kCancel));
+        QVERIFY(!w.ButtonIsEnable(kOk));
+        w.EnableButton(kOk, true);
+        w.ResetBtnText(kOk, "text");
+        QVERIFY(!w.GetBtn(kOk));
+
+        w.EnableButton(kCancel, false);
+        QVERIFY(!w.ButtonIsEnable(kCancel) && !w.GetBtn(kCancel)->isEnabled());
+        w.EnableButton(kCancel, true);
+        QVERIFY(w.ButtonIsEnable(kCancel));
+        delete w.GetBtn(kCancel);
+        QVERIFY(!w.GetBtn(kCancel) && !w.ButtonIsEnable(kCancel));
+    }
+
+    void buttonTexts()
+    {
+        PopUp w(nullptr, kOk | kNo);
+        const int width = w.GetBtn(kOk)->width();
+        for (const int flag : {kOk, kNo}) {
+            w.ResetBtnText(flag, "A text that needs more room than that");
+            QVERIFY(w.GetBtn(flag)->width() > width);
+            w.ResetBtnText(flag, "A & B");
+            QCOMPARE(w.GetBtn(flag)->text(), QString("A & B"));
+        }
+        // A wait gives back what the application has set.
+        auto *button = qobject_cast<CBPWaitBtn *>(w.GetBtn(kOk));
+        button->Show(true);
+        button->exit(nullptr, false);
+        QCOMPARE(button->text(), QString("A & B"));
+    }
+
+    void widgetsInRow()
+    {
+        PopUp w;
+        auto *left = new QWidget;
+        auto *right = new QWidget;
+        w.PrependWidget(left, true, false, 7, Qt::AlignBottom);
+        w.AppendWidget(right, false, false, 0xffffffffu, {});
+        w.PrependWidget(nullptr, false, false, 0, {});
+        QCOMPARE(left->parentWidget(), static_cast<QWidget *>(w.GetPreBox()));
+        QCOMPARE(left->sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
+        QVERIFY(w.isAncestorOf(right) && !w.GetPreBox()->isAncestorOf(right));
+        QCOMPARE(w.GetPreBox()->layout()->count(), 2);
+        QCOMPARE(w.GetPreBox()->layout()->itemAt(1)->sizeHint().width(), 7);
+        QCOMPARE(int(w.GetPreBox()->layout()->itemAt(0)->alignment()), int(Qt::AlignBottom));
+    }
+
+    void withoutInit()
+    {
+        CBPPopWnd w(false, nullptr);
+        QWidget widget;
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("Init"));
+        w.AppendBtn(kOk);
+        w.PrependWidget(&widget, false, false, 0, {});
+        QVERIFY(!w.GetPreBox() && !w.GetBtn(kOk) && !widget.parent());
+        w.grab();
+        w.Init(true);
+        w.AppendBtn(kOk);
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("Init"));
+        w.Init(true);
+        QVERIFY(w.isAncestorOf(w.GetBtn(kOk)));
+    }
+
+    void withoutBottomArea()
+    {
+        QPointer<CBPPushBtn> button;
+        {
+            PopUp w(nullptr, kOk, false);
+            button = w.GetBtn(kOk);
+            QVERIFY(button && !w.isAncestorOf(button) && !w.statusBox());
+            w.grab();
+            emit button->released();
+            QCOMPARE(w.GetResult(), kOk);
+        }
+        QVERIFY(!button);
+    }
+
+    // ------------------------------------------------------------------------------------------------------
+    // clicks
+
+    void clicks_data()
+    {
+        QTest::addColumn<bool>("accepts");
+        QTest::addColumn<QString>("callback"); // what it answers, if there is one
+        QTest::addColumn<int>("result");
+        QTest::addColumn<bool>("closes");
+        QTest::newRow("accepted") << true << "" << kOk << true;
+        QTest::newRow("refused") << false << "" << -1 << false;
+        QTest::newRow("accepted, kept open by the callback") << true << "-1" << kOk << false;
+        QTest::newRow("accepted, the callback agrees") << true << "0" << kOk << true;
+        QTest::newRow("accepted, another verdict") << true << "-2" << kOk << true;
+        QTest::newRow("refused, the callback closes") << false << "0" << -1 << true;
+        QTest::newRow("refused twice") << false << "-1" << -1 << false;
+    }
+    void clicks()
+    {
+        QFETCH(bool, accepts);
+        QFETCH(QString, callback);
+        QFETCH(int, result);
+        QFETCH(bool, closes);
+        PopUp w(nullptr, kOk | kNo);
+        w.answer = [accepts](int) { return accepts; };
+        Callback asked;
+        asked.verdict = callback.toInt();
+        if (!callback.isEmpty())
+            w.SetBtnClickCB(&Callback::call, &asked);
+        QSignalSpy quits(&w, &CBPPopWnd::sigQuit);
+        w.GetBtn(kCancel); // leaves an entry without a button
+        w.show();
+        QTest::mouseClick(w.GetBtn(kOk), Qt::LeftButton);
+        QCOMPARE(w.asked, QVector<int>{kOk});
+        QCOMPARE(asked.results, callback.isEmpty() ? QVector<int>() : QVector<int>{result});
+        QCOMPARE(w.GetResult(), result);
+        QCOMPARE(w.isVisible(), !closes);
+        QCOMPARE(quits.size(), int(closes));
+        if (closes)
+            QCOMPARE(quits[0][0].value<void *>(), static_cast<void *>(static_cast<QObject *>(&w)));
+
+        // Of two buttons with one flag only the second is one.
+        w.show();
+        CBPPushBtn *first = w.GetBtn(kOk);
+        w.AppendBtn(kOk);
+        QVERIFY(w.GetBtn(kOk) != first);
+        w.asked.clear();
+        quits.clear();
+        emit first->released();
+        QVERIFY(w.asked.isEmpty());
+        QCOMPARE(quits.size(), int(!callback.isEmpty() && asked.verdict != -1));
+    }
+
+    void endedWhileAsked_data()
+    {
+        QTest::addColumn<QString>("who"); // ends the dialog
+        QTest::addColumn<QString>("how");
+        for (const char *who : {"button", "callback"}) {
+            for (const char *how : {"close", "other button", "delete", "parent"})
+                QTest::addRow("%s, %s", who, how) << QString(who) << QString(how);
+        }
+    }
+    void endedWhileAsked()
+    {
+        QFETCH(QString, who);
+        QFETCH(QString, how);
+        auto *parent = new QWidget;
+        parent->show();
+        QPointer<PopUp> w(new PopUp(parent, kOk | kYes));
+        QSignalSpy quits(w, &CBPPopWnd::sigQuit);
+        QSignalSpy finished(w, &QDialog::finished);
+        const auto end = [&] {
+            if (how == "delete")
+                destroy(w);
+            else if (how == "parent")
+                destroy(parent);
+            else if (how == "close")
+                w->OnClose();
+            else
+                emit w->GetBtn(kYes)->released();
+        };
+        Callback callback;
+        bool ended = false;
+        const auto once = [&] {
+            if (!std::exchange(ended, true))
+                end();
+        };
+        if (who == "button") {
+            w->answer = [&](int flag) {
+                if (flag == kOk)
+                    once();
+                return true;
+            };
+        } else {
+            w->SetBtnClickCB(&Callback::call, &callback);
+            callback.act = once;
+        }
+        w->show();
+        QTest::mouseClick(w->GetBtn(kOk), Qt::LeftButton);
+        QVERIFY(ended);
+        const bool deleted = how == "delete" || how == "parent";
+        QCOMPARE(w.isNull(), deleted);
+        if (!deleted) { // the first end holds, and happens once
+            QCOMPARE(w->GetResult(), how == "close" ? kCancel : kYes);
+            QVERIFY(!w->isVisible());
+            QCOMPARE(quits.size(), 1);
+            QCOMPARE(finished.size(), 1);
+        }
+        if (how != "parent")
+            delete parent;
+    }
+
+    void brokenPresses_data()
+    {
+        QTest::addColumn<QString>("by");
+        QTest::addColumn<int>("result");
+        QTest::newRow("disabled") << "disable" << -1;
+        QTest::newRow("another focus") << "focus" << -1;
+        QTest::newRow("not at all") << "" << kOk;
+        QTest::newRow("disabled when accepted") << "accept" << kOk;
+    }
+    // Qt lets a button that is held down come up in these cases, and says so as of a click.
+    void brokenPresses()
+    {
+        QFETCH(QString, by);
+        PopUp w(nullptr, kOk | kNo);
+        if (by == "accept") {
+            w.answer = [&w](int flag) {
+                w.EnableButton(flag, false);
+                return true;
+            };
+        }
+        w.show();
+        w.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&w));
+        CBPPushBtn *button = w.GetBtn(kOk);
+        button->QWidget::setFocus();
+        QTest::mousePress(button, Qt::LeftButton);
+        QVERIFY(button->isDown());
+        if (by == "disable")
+            w.EnableButton(kOk, false);
+        else if (by == "focus")
+            w.GetBtn(kNo)->QWidget::setFocus();
+        QVERIFY(w.isVisible());
+        if (by.isEmpty() || by == "accept")
+            QTest::mouseRelease(button, Qt::LeftButton);
+        QTEST(w.GetResult(), "result");
+        QVERIFY(!button->isDown());
+    }
+
+    // ------------------------------------------------------------------------------------------------------
+    // running and ending
+
+    void running()
+    {
+        PopUp w(nullptr, kOk | kNo);
+        QCOMPARE(w.GetResult(), -1);
+        for (const int flag : {kOk, kNo}) { // and once more
+            later(&w, [&] {
+                QVERIFY(w.isModal());
+                QTest::mouseClick(w.GetBtn(flag), Qt::LeftButton);
+            });
+            w.Run();
+            QVERIFY(!w.isVisible() && !w.isModal());
+            QCOMPARE(w.GetResult(), flag);
+        }
+        w.SetResult(77);
+        later(&w, [&] { w.UnRun(); });
+        QCOMPARE(w.exec(), 0);
+        QCOMPARE(w.GetResult(), 77);
+        later(&w, [&] { w.accept(); });
+        QCOMPARE(w.exec(), int(QDialog::Accepted));
+    }
+
+    // Before its loop runs, too.
+    void endedWhileShown_data()
+    {
+        QTest::addColumn<QString>("how");
+        for (const char *how : {"UnRun", "OnClose", "close", "hide"})
+            QTest::newRow(how) << QString(how);
+    }
+    void endedWhileShown()
+    {
+        QFETCH(QString, how);
+        QPointer<PopUp> w(new PopUp(nullptr, kOk));
+        w->onShow = [&] {
+            if (how == "UnRun")
+                w->UnRun();
+            else if (how == "OnClose")
+                w->OnClose();
+            else if (how == "close")
+                w->close();
+            else
+                w->hide();
+        };
+        bool hangs = false;
+        QTimer guard;
+        connect(&guard, &QTimer::timeout, [&] {
+            hangs = true;
+            QCoreApplication::exit();
+        });
+        guard.start(3000);
+        w->Run();
+        QVERIFY(!hangs);
+        QVERIFY(w && !w->isVisible());
+        delete w;
+    }
+
+    void destroyedWhileRunning_data()
+    {
+        QTest::addColumn<QString>("how");
+        for (const char *how : {"dialog", "parent", "by sigQuit", "by finished"})
+            QTest::newRow(how) << QString(how);
+    }
+    void destroyedWhileRunning()
+    {
+        QFETCH(QString, how);
+        auto *parent = new QWidget;
+        parent->show();
+        QPointer<PopUp> w(new PopUp(parent, kOk));
+        if (how == "by sigQuit")
+            connect(w, &CBPPopWnd::sigQuit, [&] { destroy(w); });
+        else if (how == "by finished")
+            connect(w, &QDialog::finished, [&] { destroy(w); });
+        later(w, [&] {
+            if (how == "dialog")
+                destroy(w);
+            else if (how == "parent")
+                destroy(parent);
+            else
+                QTest::mouseClick(w->GetBtn(kOk), Qt::LeftButton);
+        });
+        w->Run();
+        QVERIFY(!w);
+        if (how != "parent")
+            delete parent;
+    }
+
+    void deletedOnClose()
+    {
+        QPointer<PopUp> w(new PopUp(nullptr, kOk));
+        w->setAttribute(Qt::WA_DeleteOnClose);
+        later(w, [&] { QTest::mouseClick(w->GetBtn(kOk), Qt::LeftButton); });
+        w->Run();
+        QVERIFY(w); // to be asked
+        QCOMPARE(w->GetResult(), kOk);
+        QTRY_VERIFY(!w);
+    }
+
+    void endsOnce()
+    {
+        PopUp w(nullptr, kOk);
+        QSignalSpy quits(&w, &CBPPopWnd::sigQuit);
+        QSignalSpy finished(&w, &QDialog::finished);
+        int shown = 0;
+        connect(&w, &CBPPopWnd::sigQuit, [&] { w.UnRun(); });
+        connect(&w, &QDialog::finished, [&] {
+            w.UnRun();
+            w.close();
+            if (shown++ == 0) { // again, out of its own end: that can be ended, too
+                later(&w, [&] { w.UnRun(); });
+                w.Run();
+            }
+        });
+        w.show();
+        w.UnRun();
+        QCOMPARE(shown, 2);
+        QCOMPARE(quits.size(), 2);
+        QCOMPARE(finished.size(), 2);
+    }
+
+    void closing_data()
+    {
+        QTest::addColumn<QString>("how");
+        QTest::addColumn<bool>("closes");
+        QTest::newRow("title bar") << "title" << true;
+        QTest::newRow("system") << "system" << true;
+        QTest::newRow("parent hidden") << "parent" << true;
+        QTest::newRow("Escape") << "Escape" << false;
+        QTest::newRow("Shift+Escape") << "Shift" << false;
+        QTest::newRow("F1") << "F1" << false;
+    }
+    void closing()
+    {
+        QFETCH(QString, how);
+        QFETCH(bool, closes);
+        QWidget parent;
+        parent.show();
+        PopUp w(&parent, kOk);
+        QSignalSpy quits(&w, &CBPPopWnd::sigQuit);
+        w.setModal(true);
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        if (how == "title")
+            w.titleBar()->on_btn_clicekedSlot(8);
+        else if (how == "system")
+            w.windowHandle()->close();
+        else if (how == "parent")
+            parent.hide();
+        else if (how == "F1")
+            QTest::keyClick(&w, Qt::Key_F1);
+        else
+            QTest::keyClick(&w, Qt::Key_Escape, how == "Shift" ? Qt::ShiftModifier : Qt::NoModifier);
+        QCOMPARE(w.isVisible(), !closes);
+        QCOMPARE(w.GetResult(), closes ? kCancel : -1);
+        QCOMPARE(quits.size(), int(closes));
+    }
+
+    // ------------------------------------------------------------------------------------------------------
+    // keyboard
+
+    void tabs_data()
+    {
+        QTest::addColumn<bool>("contentLast");
+        QTest::addColumn<bool>("mixed");
+        QTest::addColumn<QString>("order");
+        QTest::newRow("content first") << false << false << "edit id_BtnBack id_BtnOk id_BtnCancel";
+        QTest::newRow("content last") << true << false << "edit id_BtnBack id_BtnOk id_BtnCancel";
+        QTest::newRow("the application's") << true << true << "id_BtnOk edit id_BtnCancel id_BtnBack";
+    }
+    void tabs()
+    {
+        QFETCH(bool, contentLast);
+        QFETCH(bool, mixed);
+        PopUp w;
+        auto *edit = new QLineEdit;
+        edit->setObjectName("edit");
+        if (!contentLast)
+            w.AppendContent(edit, false, false, 0);
+        w.AppendBtn(kOk | kCancel);
+        w.PrependBtn(0x80000);
+        if (contentLast)
+            w.AppendContent(edit, false, false, 0);
+        if (mixed) {
+            QWidget::setTabOrder(w.GetBtn(kOk), edit);
+            QWidget::setTabOrder(edit, w.GetBtn(kCancel));
+        }
+        w.show();
+        QTEST(tabOrder(w).join(' '), "order");
+    }
+
+    void keyboardUse()
+    {
+        PopUp w(nullptr, kOk | kCancel);
+        auto *edit = new QLineEdit; // comes after the buttons, and is the first all the same
+        w.AppendContent(edit, false, false, 0);
+        w.show();
+        w.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&w));
+        QTRY_VERIFY(edit->hasFocus());
+        CBPPushBtn *ok = w.GetBtn(kOk);
+        QTest::keyClick(edit, Qt::Key_Return); // no button has the focus
+        QVERIFY(w.isVisible());
+
+        // A primary button has no frame to mark the focus with: a ring around it does.
+        const QPoint at = ok->mapTo(&w, QPoint(-2, ok->height() / 2));
+        QCOMPARE(shot(w).pixelColor(at), QColor(Qt::white));
+        QTest::keyClick(edit, Qt::Key_Tab);
+        QVERIFY(ok->hasFocus() && ok->isDefault());
+        QCOMPARE(shot(w).pixelColor(at), QColor("#4ba7f5"));
+        QTest::keyClick(ok, Qt::Key_Tab);
+        QVERIFY(w.GetBtn(kCancel)->hasFocus());
+        QCOMPARE(shot(w).pixelColor(at), QColor(Qt::white));
+        QTest::keyClick(w.GetBtn(kCancel), Qt::Key_Return);
+        QCOMPARE(w.GetResult(), kCancel);
+        QVERIFY(!w.isVisible());
+    }
+
+    // ------------------------------------------------------------------------------------------------------
+    // size and look
+
+    void sizes_data()
+    {
+        QTest::addColumn<QSize>("wanted");
+        QTest::addColumn<QSize>("size");
+        QTest::newRow("fits") << QSize(400, 300) << QSize(400, 300);
+        QTest::newRow("just") << QSize(1920, 1040) << QSize(1920, 1040);
+        QTest::newRow("too wide") << QSize(5000, 100) << QSize(1920, 1040);
+        QTest::newRow("too high") << QSize(100, 1041) << QSize(1920, 1040);
+        QTest::newRow("none") << QSize(-5, 100) << QSize(0, 100);
+    }
+    void sizes()
+    {
+        QFETCH(QSize, wanted);
+        QFETCH(QSize, size);
+        lumqt::platform::answers().workArea = [] { return QRect(0, 0, 1920, 1040); };
+        CBPPopWnd w(false, nullptr);
+        w.setFixedSize(wanted);
+        QCOMPARE(w.maximumSize(), size);
+        QCOMPARE(w.minimumSize(), size);
+        w.setFixedSize(10, 10);
+        w.setFixedSize(wanted.width(), wanted.height());
+        QCOMPARE(w.maximumSize(), size);
+
+        // The same size from a file; without an entry the given one.
+        QTemporaryDir dir;
+        const QString file = dir.filePath("sizes.ini");
+        Util::writeIni("dialogs", "name", wanted, file);
+        w.SetWndFixedSize("name", QSize(30, 20), "dialogs", file);
+        QCOMPARE(w.maximumSize(), wanted.isValid() ? size : QSize(30, 20));
+        w.SetWndFixedSize("other", QSize(40, 20), "dialogs", file);
+        QCOMPARE(w.maximumSize(), QSize(40, 20));
+        Util::writeIni("dialogs", "name", "no size", file);
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("no size"));
+        w.SetWndFixedSize("name", QSize(50, 20), "dialogs", file);
+        QCOMPARE(w.maximumSize(), QSize(50, 20));
+    }
+
+    void fadeIn()
+    {
+        CBPPopWnd fading(static_cast<QWidget *>(nullptr));
+        const auto *animation = fading.findChild<QPropertyAnimation *>();
+        QVERIFY(animation);
+        QCOMPARE(animation->duration(), 200);
+        QCOMPARE(animation->propertyName(), QByteArray("windowOpacity"));
+        QVERIFY(fading.windowOpacity() < 0.5);
+        QTRY_COMPARE(fading.windowOpacity(), 1.0);
+        QVERIFY(fading.findChild<QPropertyAnimation *>());
+        CBPPopWnd plain(false, nullptr);
+        QCOMPARE(plain.windowOpacity(), 1.0);
+        QVERIFY(!plain.findChild<QPropertyAnimation *>());
+    }
+
+    void painting()
+    {
+        lumqt::platform::answers().composited = [] { return true; };
+        PopUp w(nullptr, kOk);
+        w.AppendContent(new QWidget, true, false, 0);
+        w.resize(400, 300);
+        QImage image = shot(w);
+        const int bottom = w.statusBox()->y();
+        QCOMPARE(bottom, 300 - 10 - 70);
+        // Outside in: nothing, a shadow that grows, the body.
+        QCOMPARE(image.pixelColor(0, 0).alpha(), 0);
+        int last = 0;
+        for (int x = 0; x < 10; ++x) {
+            const int alpha = image.pixelColor(x, 150).alpha();
+            QVERIFY(alpha >= last && alpha < 100);
+            last = alpha;
+            QCOMPARE(image.pixelColor(399 - x, 150).alpha(), alpha);
+            QCOMPARE(image.pixelColor(200, 299 - x).alpha(), alpha);
+            QCOMPARE(image.pixelColor(200, x).alpha(), alpha);
+        }
+        QVERIFY(last > 30);
+        QCOMPARE(image.pixelColor(10, 150), QColor(Qt::white));
+        QCOMPARE(image.pixelColor(389, 289 - 12), QColor(Qt::white));
+        QVERIFY(image.pixelColor(389, 289) != QColor(Qt::white)); // a round corner
+        const QColor line("#e3e8ee");
+        QCOMPARE(boxOf(image, line), QRect(10, bottom, 380, 1));
+        w.SetDrawBottomHLine(false);
+        QVERIFY(boxOf(shot(w), line).isEmpty());
+        w.SetDrawBottomHLine(true);
+
+        // Without a title bar the body is round at the top, too.
+        w.showWindowTitle(false);
+        image = shot(w);
+        QVERIFY(image.pixelColor(10, 10) != QColor(Qt::white));
+        QCOMPARE(image.pixelColor(200, 10), QColor(Qt::white));
+        w.showWindowTitle(true);
+
+        lumqt::platform::answers().workArea = [] { return QRect(0, 0, 600, 500); };
+        w.OnMax();
+        image = shot(w);
+        QCOMPARE(image.size(), QSize(600, 500));
+        QCOMPARE(image.pixelColor(0, 250).alpha(), 0);
+        QCOMPARE(image.pixelColor(1, 250), QColor(Qt::white));
+        w.OnMax();
+        QVERIFY(shot(w).pixelColor(9, 150).alpha() > 30);
+    }
+
+    void withoutCompositor()
+    {
+        bool composited = false;
+        lumqt::platform::answers().composited = [&] { return composited; };
+        PopUp w(nullptr, kOk);
+        w.resize(400, 300);
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        const QRect body = w.rect().adjusted(10, 10, -10, -10);
+        QCOMPARE(w.mask().boundingRect(), body);
+        QVERIFY(!w.mask().contains(body.topLeft()));
+        w.resize(420, 300);
+        QCOMPARE(w.mask().boundingRect().right(), 409);
+        w.hide();
+        composited = true;
+        w.show();
+        QVERIFY(w.mask().isEmpty());
+    }
+
+private:
+    const lumqt::platform::Answers m_answers = lumqt::platform::answers();
+};
+
+LUMQT_TEST_MAIN(TestPopWnd)
+#include "tst_popwnd.moc"

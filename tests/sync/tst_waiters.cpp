@@ -1,0 +1,386 @@
+#include "CBPUISyncWaiter.h"
+#include "CBPWaitBtn.h"
+
+#include "CBPEvtLoop.h"
+#include "TestMain.h"
+#include "Util.h"
+
+#include <QAccessible>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMovie>
+#include <QSignalSpy>
+#include <QVBoxLayout>
+
+#include <functional>
+
+namespace {
+
+constexpr int kFirstFrame = 880; // ms, the start delay and a tick
+
+QStringList frames()
+{
+    QStringList paths;
+    for (int i = 0; i < 24; ++i)
+        paths << Util::getResFullPath(
+            QString("../res/loading/loading%1.png").arg(i, 2, 10, QLatin1Char('0')));
+    return paths;
+}
+
+Q_NEVER_INLINE void destroy(QObject *object)
+{
+    delete object;
+}
+
+void later(QObject *context, const std::function<void()> &act)
+{
+    QTimer::singleShot(0, context, act);
+}
+
+// A waiter that may be told to act while it is being shown, and has a label.
+class Waiter : public CBPUISyncWaiter
+{
+public:
+    using CBPUISyncWaiter::CBPUISyncWaiter;
+    using CBPUISyncWaiter::setWaitingLabel;
+
+    std::function<void()> onShow;
+
+protected:
+    void showEvent(QShowEvent *event) override
+    {
+        CBPUISyncWaiter::showEvent(event);
+        if (onShow)
+            onShow();
+    }
+};
+
+// Ends what would wait for ever.
+class Watchdog
+{
+public:
+    Watchdog()
+    {
+        QObject::connect(&m_timer, &QTimer::timeout, [this] {
+            m_bit = true;
+            QCoreApplication::exit();
+        });
+        m_timer.start(5000);
+    }
+    bool bit() const { return m_bit; }
+
+private:
+    QTimer m_timer;
+    bool m_bit = false;
+};
+
+} // namespace
+
+class TestWaiters : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void buttonWaits_data()
+    {
+        QTest::addColumn<bool>("ownLoop");
+        QTest::newRow("the caller's loop") << false;
+        QTest::newRow("its own loop") << true;
+    }
+    void buttonWaits()
+    {
+        QFETCH(bool, ownLoop);
+        QWidget window;
+        CBPWaitBtn button(frames(), "Go", "Wait", &window);
+        auto *other = new QLineEdit(&window);
+        other->move(0, 40);
+        window.show();
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        other->setFocus();
+        CBPEvtLoop own;
+        CBPEvtLoop *loop = ownLoop ? nullptr : &own;
+        CBPSyncObj &sync = button;
+        sync.setText("text of the wait");
+        QVERIFY(!button.isWaitting() && button.isEnabled());
+        bool looked = false;
+        later(&button, [&] {
+            looked = true;
+            QVERIFY(button.isWaitting() && !button.isEnabled());
+            QCOMPARE(button.text(), QString("Go")); // until there is a frame
+            QCOMPARE(sync.run(loop, false), 0);     // waits already
+            sync.exit(loop, true);
+            QVERIFY(!button.isWaitting() && button.isEnabled());
+        });
+        QCOMPARE(sync.run(loop, true), 0);
+        QVERIFY(looked);
+        QVERIFY(button.hasFocus());
+        QCOMPARE(button.text(), QString("Go"));
+        QCOMPARE(sync.text(), QString("text of the wait"));
+    }
+
+    void spinner()
+    {
+        CBPWaitBtn button(frames(), "Go", QString());
+        button.resize(100, 36);
+        button.show();
+        button.Show(true);
+        button.Show(true); // one stop is enough all the same
+        QVERIFY(button.currentPixmap().isNull() && button.icon().isNull());
+        QElapsedTimer clock;
+        clock.start();
+        QTRY_VERIFY(!button.icon().isNull());
+        QVERIFY(clock.elapsed() >= kFirstFrame / 2);
+        QCOMPARE(button.text(), QString()); // the waiting text
+        QCOMPARE(button.iconSize(), QSize(20, 20));
+        QCOMPARE(button.currentPixmap().size() / button.currentPixmap().devicePixelRatio(), QSize(20, 20));
+        // The button is disabled, the spinner is not.
+        const qreal ratio = button.currentPixmap().devicePixelRatio();
+        QCOMPARE(button.icon().pixmap(QSize(20, 20) * ratio, QIcon::Disabled).toImage(),
+                 button.currentPixmap().toImage());
+        button.Show(false);
+        QVERIFY(button.isEnabled() && !button.isWaitting());
+        QVERIFY(!button.icon().isNull()); // it and the text stay, other than after exit()
+        QCOMPARE(button.text(), QString());
+        button.exit(nullptr, false);
+        QVERIFY(button.icon().isNull());
+        QCOMPARE(button.text(), QString("Go"));
+    }
+
+    void withoutFrames()
+    {
+        CBPWaitBtn button(QStringList(), "Go", "Wait");
+        button.setReslist(QStringList());
+        button.show();
+        button.Show(true);
+        QVERIFY(button.isWaitting() && !button.isEnabled());
+        QTest::qWait(kFirstFrame + 200);
+        QVERIFY(button.isWaitting() && button.icon().isNull());
+        QCOMPARE(button.text(), QString("Go"));
+        button.Show(false);
+        QVERIFY(button.isEnabled());
+
+        QString text("Stop"), waiting("Stopping");
+        button.setWaitingText(text, waiting);
+        QCOMPARE(button.text(), text);
+        button.setReslist(frames());
+        button.Show(true);
+        QTRY_COMPARE(button.text(), waiting);
+        button.exit(nullptr, false);
+        QCOMPARE(button.text(), text);
+    }
+
+    // Nobody sees it, so nothing moves.
+    void spinnerRests()
+    {
+        QWidget window;
+        CBPWaitBtn button(frames(), "Go", QString(), &window);
+        window.show();
+        button.Show(true);
+        QTRY_VERIFY(!button.icon().isNull());
+        window.hide();
+        const qint64 key = button.icon().cacheKey();
+        QTest::qWait(250);
+        QCOMPARE(button.icon().cacheKey(), key);
+        QVERIFY(button.isWaitting() && !button.isEnabled());
+        window.show();
+        QElapsedTimer clock;
+        clock.start();
+        QTRY_VERIFY(button.icon().cacheKey() != key);
+        QVERIFY(clock.elapsed() < kFirstFrame); // no new start delay
+        window.hide();
+        button.exit(nullptr, false);
+        button.Show(true); // begun while hidden
+        window.show();
+        QTRY_VERIFY(!button.icon().isNull());
+    }
+
+    void buttonWaitsEnd_data()
+    {
+        QTest::addColumn<QString>("how");
+        for (const char *how : {"deleted", "window deleted", "loop left"})
+            QTest::newRow(how) << QString(how);
+    }
+    void buttonWaitsEnd()
+    {
+        QFETCH(QString, how);
+        Watchdog dog;
+        auto *window = new QWidget;
+        QPointer<CBPWaitBtn> button(new CBPWaitBtn(frames(), "Go", QString(), window));
+        window->show();
+        auto loop = std::make_shared<CBPEvtLoop>();
+        later(button, [&] {
+            if (how == "deleted")
+                destroy(button);
+            else if (how == "window deleted")
+                destroy(window);
+            else
+                loop->quit();
+        });
+        button->run(loop.get(), false);
+        QVERIFY(!dog.bit());
+        QCOMPARE(button.isNull(), how != "loop left");
+        if (button) // nobody else would give it its look back
+            QVERIFY(button->isEnabled() && !button->isWaitting());
+        if (how != "window deleted")
+            delete window;
+    }
+
+    void buttonIsNamed()
+    {
+        CBPWaitBtn button(frames(), "Go", QString());
+        auto *accessible = QAccessible::queryAccessibleInterface(&button);
+        QVERIFY(accessible);
+        QCOMPARE(accessible->role(), QAccessible::PushButton);
+        QVERIFY(!accessible->state().busy);
+        button.Show(true);
+        button.setText(QString());
+        QCOMPARE(accessible->text(QAccessible::Name), QString("Go"));
+        QVERIFY(accessible->state().busy);
+        button.setAccessibleName("Own");
+        QCOMPARE(accessible->text(QAccessible::Name), QString("Own"));
+    }
+
+    // ------------------------------------------------------------------------------------------------------
+    // the window
+
+    void waiter()
+    {
+        Watchdog dog;
+        Waiter w("Please wait");
+        QCOMPARE(w.objectName(), QString("id_WaiterWnd"));
+        QCOMPARE(w.minimumSize(), QSize(100, 100));
+        QCOMPARE(w.maximumSize(), QSize(100, 100));
+        QCOMPARE(w.accessibleName(), QString("Please wait"));
+        QVERIFY(!w.testAttribute(Qt::WA_QuitOnClose));
+        QCOMPARE(w.GetResult(), 1);
+        QLabel label;
+        w.setWaitingText("nowhere");
+        w.setWaitingLabel(&label);
+        w.setWaitingText("shown");
+        QCOMPARE(label.text(), QString("shown"));
+
+        QSignalSpy quits(&w, &CBPPopWnd::sigQuit);
+        CBPEvtLoop loop;
+        CBPSyncObj &sync = w;
+        bool looked = false;
+        later(&w, [&] {
+            looked = w.isVisible() && w.isModal() && !loop.isRunning();
+            QVERIFY(!w.close()); // it ends with the job
+            QVERIFY(w.isVisible());
+            QCOMPARE(sync.exit(&loop, false), 0);
+        });
+        QCOMPARE(sync.run(&loop, false), 0);
+        QVERIFY(looked && !dog.bit());
+        QVERIFY(!w.isVisible());
+        QCOMPARE(quits.size(), 1);
+    }
+
+    void globalWait()
+    {
+        Watchdog dog;
+        Waiter w("STR_GLOBAL_UNIQUE");
+        w.onShow = [] { QFAIL("it is not to be seen"); };
+        CBPEvtLoop loop;
+        for (CBPEvtLoop *in : {&loop, static_cast<CBPEvtLoop *>(nullptr)}) {
+            later(&w, [&] {
+                QCOMPARE(loop.isRunning(), in != nullptr);
+                w.exit(in, true);
+            });
+            QCOMPARE(w.run(in, true), 0);
+        }
+        QVERIFY(!dog.bit());
+    }
+
+    void escape_data()
+    {
+        QTest::addColumn<bool>("responds");
+        QTest::newRow("off") << false;
+        QTest::newRow("on") << true;
+    }
+    void escape()
+    {
+        QFETCH(bool, responds);
+        Watchdog dog;
+        Waiter w("Wait");
+        w.SetRespondEsc(responds);
+        QSignalSpy escapes(&w, &CBPUISyncWaiter::sigPressEscape);
+        later(&w, [&] {
+            QTest::keyClick(&w, Qt::Key_Escape);
+            QCOMPARE(w.isVisible(), !responds);
+            QCOMPARE(w.GetResult(), int(!responds));
+            QTest::keyClick(&w, Qt::Key_A);
+            if (!responds)
+                w.exit(nullptr, false);
+        });
+        w.run(nullptr, false);
+        QVERIFY(!dog.bit());
+        QCOMPARE(escapes.size(), int(responds));
+        QCOMPARE(w.GetResult(), int(!responds));
+        w.exit(nullptr, false); // the job is over
+        QCOMPARE(w.GetResult(), 1);
+    }
+
+    void waiterEnds_data()
+    {
+        QTest::addColumn<QString>("how");
+        for (const char *how : {"deleted", "parent deleted", "parent hidden", "deleted by Escape",
+                                "deleted by its end", "while it is being shown"})
+            QTest::newRow(how) << QString(how);
+    }
+    void waiterEnds()
+    {
+        QFETCH(QString, how);
+        Watchdog dog;
+        auto *parent = new QWidget;
+        parent->show();
+        QPointer<Waiter> w(new Waiter("Wait", parent));
+        w->SetRespondEsc(true);
+        if (how == "deleted by Escape")
+            connect(w, &CBPUISyncWaiter::sigPressEscape, [&] { destroy(w); });
+        else if (how == "deleted by its end")
+            connect(w, &CBPPopWnd::sigQuit, [&] { destroy(w); });
+        if (how == "while it is being shown")
+            w->onShow = [&] { w->exit(nullptr, false); };
+        later(w, [&] {
+            if (how == "deleted")
+                destroy(w);
+            else if (how == "parent deleted")
+                destroy(parent);
+            else if (how == "parent hidden")
+                parent->hide();
+            else if (how == "deleted by Escape")
+                QTest::keyClick(w, Qt::Key_Escape);
+            else
+                w->exit(nullptr, false);
+        });
+        QCOMPARE(w->run(nullptr, false), 0);
+        QVERIFY(!dog.bit());
+        QCOMPARE(!w, how.contains("deleted"));
+        if (how != "parent deleted")
+            delete parent;
+    }
+
+    void movie()
+    {
+        Waiter w("Wait");
+        auto *label = w.findChild<QLabel *>();
+        QVERIFY(label && label->movie());
+        QCOMPARE(QFileInfo(label->movie()->fileName()).canonicalFilePath(),
+                 QFileInfo(Util::getResFullPath("../res/waiting.gif")).canonicalFilePath());
+        QCOMPARE(label->movie()->state(), QMovie::NotRunning); // nothing is decoded for nobody
+        w.show();
+        QCOMPARE(label->movie()->state(), QMovie::Running);
+        QCOMPARE(label->geometry().center(), QRect(0, 0, 100, 100).center());
+        QSignalSpy pictures(label->movie(), &QMovie::frameChanged);
+        QTRY_VERIFY(pictures.size() > 2);
+        const QImage image = w.grab().toImage();
+        QCOMPARE(image.pixelColor(5, 50).alpha(), 0); // only the spinner
+        QCOMPARE(image.pixelColor(50, 24).alpha(), 255);
+        w.hide();
+        QCOMPARE(label->movie()->state(), QMovie::NotRunning);
+    }
+};
+
+LUMQT_TEST_MAIN(TestWaiters)
+#include "tst_waiters.moc"
