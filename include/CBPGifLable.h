@@ -1,0 +1,55 @@
+#pragma once
+
+#include "LumQtGlobal.h"
+
+#include <QLabel>
+#include <QString>
+
+/// A label that plays the image files "0.png", "1.png", ... of a folder, ten a second, over and over.
+///
+/// It is as large as the first picture. While it is hidden (by hand, with its window, minimised) the
+/// animation rests; it goes on when the label is shown again. A missing file is an empty picture. GUI thread
+/// only. \since 1.0
+class LUMQT_EXPORT CBPGifLable : public QLabel
+{
+    Q_OBJECT
+
+public:
+    /// A label for the files 0 to \a count of the folder \a dir: one more than \a count says. \since 1.0
+    CBPGifLable(const QString &dir, const int &count, QWidget *parent = nullptr);
+
+    /// A label without a folder, of any size. \since 1.0
+    explicit CBPGifLable(QWidget *parent = nullptr);
+
+    ~CBPGifLable() override;
+
+    /// Sets folder and count as the constructor does, and the size; 0 x 0 where there is no first picture. A
+    /// running animation goes on with the new files. \since 1.0
+    void SetResInfo(const QString &dir, const int &count);
+
+    /// Starts with the first picture, which shows after a tenth of a second. Returns whether the animation
+    /// runs: not so for a count below 1. \since 1.0
+    bool StartGif();
+
+    /// Stops the animation and takes the picture away. \since 1.0
+    void StopGif();
+
+    /// Whether the animation was started and not stopped; also while it rests hidden. \since 1.0
+    bool IsRunning() const;
+
+protected:
+    void timerEvent(QTimerEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+
+private:
+    void RestSize();
+    void SetResPic(int number);
+    void killFrameTimer();
+
+    int m_timerId = 0; // 0 also while the animation rests
+    QString m_dir;
+    int m_count = 0;
+    int m_frame = 0;
+    bool m_running = false;
+};

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "LumQtGlobal.h"
+
+#include <QLabel>
+#include <QString>
+
+/// A picture that is as large as its file, and that can be clicked.
+///
+/// The file is loaded from the path as it is given; "name@2x.png" beside "name.png" is taken on dense
+/// screens. A missing or broken file leaves an empty label of 0 x 0 pixels and a warning. While it can be
+/// clicked the Tab key reaches it, Space and Enter click it, and screen readers find a button named by the
+/// label's accessible name or else its tool tip. GUI thread only. \since 1.0
+class LUMQT_EXPORT CBPImage : public QLabel
+{
+    Q_OBJECT
+
+public:
+    /// A label without a picture and without a parent. \since 1.0
+    CBPImage();
+
+    /// A label that shows the image file \a path. \since 1.0
+    explicit CBPImage(QString path);
+
+    /// The same for a path in UTF-8; null is an empty one. \since 1.0
+    explicit CBPImage(const char *path);
+
+    ~CBPImage() override;
+
+    /// Shows the image file \a path and takes its size, in logical pixels, as fixed size. \since 1.0
+    void SetImageRes(QString path);
+
+    /// Whether the picture can be clicked: it has the pointing-hand cursor then, the arrow otherwise. Not so
+    /// at first. \since 1.0
+    void SetChgCursor(bool change);
+
+Q_SIGNALS:
+    /// A mouse button that was pressed here was released (wherever the pointer was then), or Space or Enter
+    /// pressed, while the picture could be clicked. \since 1.0
+    void sigImgClick();
+
+protected:
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    void load();
+
+    QString m_path;
+    qreal m_ratio = 0.0; // that the picture was loaded for
+    bool m_clickable = false;
+    bool m_spaceDown = false;
+    bool m_showsFocus = false;
+};

@@ -1,0 +1,111 @@
+#include "CBPGifLable.h"
+
+#include "foundation/ImageLoader.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QTimerEvent>
+
+namespace {
+
+constexpr int kFrameInterval = 100; // ms
+constexpr int kNoFrame = -1;
+
+} // namespace
+
+CBPGifLable::CBPGifLable(const QString &dir, const int &count, QWidget *parent) : QLabel(parent)
+{
+    SetResInfo(dir, count);
+}
+
+CBPGifLable::CBPGifLable(QWidget *parent) : QLabel(parent) {}
+
+CBPGifLable::~CBPGifLable()
+{
+    killFrameTimer();
+}
+
+void CBPGifLable::SetResInfo(const QString &dir, const int &count)
+{
+    m_dir = dir;
+    m_count = count;
+    RestSize();
+}
+
+bool CBPGifLable::StartGif()
+{
+    killFrameTimer();
+    m_running = false;
+    if (m_count < 1)
+        return false;
+    m_frame = 0;
+    // Also where the label is not shown yet: from then on it is hiding that makes the animation rest.
+    m_timerId = startTimer(kFrameInterval, Qt::CoarseTimer);
+    m_running = m_timerId != 0;
+    return m_running;
+}
+
+void CBPGifLable::StopGif()
+{
+    if (!m_running)
+        return;
+    m_frame = kNoFrame;
+    killFrameTimer();
+    SetResPic(kNoFrame);
+    m_running = false;
+}
+
+bool CBPGifLable::IsRunning() const
+{
+    return m_running;
+}
+
+void CBPGifLable::RestSize()
+{
+    const QString file = m_dir.isEmpty() ? QString() : m_dir + QLatin1String("//0.png");
+    setFixedSize(lumqt::logicalSize(lumqt::loadPixmap(file, devicePixelRatioF())));
+}
+
+void CBPGifLable::SetResPic(int number)
+{
+    const QString file = m_dir + QDir::separator() + QString::number(number) + QLatin1String(".png");
+    // Of the picture that stands for none a folder has a file or, as a rule, not.
+    const bool wanted = !m_dir.isEmpty() && (number != kNoFrame || QFileInfo::exists(file));
+    setPixmap(wanted ? lumqt::loadPixmap(file, devicePixelRatioF()) : QPixmap());
+}
+
+void CBPGifLable::killFrameTimer()
+{
+    if (m_timerId)
+        killTimer(m_timerId);
+    m_timerId = 0;
+}
+
+// ------------------------------------------------------------------------------------------------------------
+// events
+
+void CBPGifLable::timerEvent(QTimerEvent *event)
+{
+    if (!event->isAccepted() || event->timerId() != m_timerId) {
+        QLabel::timerEvent(event);
+        return;
+    }
+    // Greater, not equal: the folder has one picture more than the count says.
+    if (m_frame > m_count)
+        m_frame = 0;
+    SetResPic(m_frame);
+    ++m_frame;
+}
+
+void CBPGifLable::showEvent(QShowEvent *event)
+{
+    if (m_running && !m_timerId)
+        m_timerId = startTimer(kFrameInterval, Qt::CoarseTimer);
+    QLabel::showEvent(event);
+}
+
+void CBPGifLable::hideEvent(QHideEvent *event)
+{
+    killFrameTimer();
+    QLabel::hideEvent(event);
+}

@@ -1,0 +1,166 @@
+#include "CBPImage.h"
+
+#include "foundation/Accessible.h"
+#include "foundation/ImageLoader.h"
+#include "foundation/Painting.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPointer>
+
+namespace {
+
+const QColor kFocusRingColor(75, 167, 245);
+constexpr int kFocusRingRadius = 2;
+
+// A picture, or a button while it can be clicked: only then it takes the focus.
+class AccessibleImage : public QAccessibleWidget
+{
+public:
+    explicit AccessibleImage(QWidget *image) : QAccessibleWidget(image) {}
+
+    QAccessible::Role role() const override
+    {
+        return clickable() ? QAccessible::PushButton : QAccessible::Graphic;
+    }
+
+    QString text(QAccessible::Text kind) const override
+    {
+        if (kind == QAccessible::Name && widget() && widget()->accessibleName().isEmpty())
+            return widget()->toolTip();
+        return QAccessibleWidget::text(kind);
+    }
+
+    QStringList actionNames() const override
+    {
+        QStringList names = QAccessibleWidget::actionNames();
+        if (clickable() && widget()->isEnabled())
+            names.prepend(pressAction());
+        return names;
+    }
+
+    void doAction(const QString &name) override
+    {
+        if (name != pressAction())
+            QAccessibleWidget::doAction(name);
+        else if (clickable() && widget()->isEnabled())
+            emit static_cast<CBPImage *>(widget())->sigImgClick();
+    }
+
+private:
+    bool clickable() const { return widget() && widget()->focusPolicy() != Qt::NoFocus; }
+};
+
+QAccessibleInterface *makeAccessible(QWidget *widget)
+{
+    return qobject_cast<CBPImage *>(widget) ? new AccessibleImage(widget) : nullptr;
+}
+
+} // namespace
+
+CBPImage::CBPImage()
+{
+    lumqt::installAccessible(staticMetaObject.className(), makeAccessible);
+}
+
+CBPImage::CBPImage(QString path) : CBPImage()
+{
+    SetImageRes(path);
+}
+
+CBPImage::CBPImage(const char *path) : CBPImage(QString::fromUtf8(path)) {}
+
+CBPImage::~CBPImage() = default;
+
+void CBPImage::SetImageRes(QString path)
+{
+    m_path = path;
+    load();
+}
+
+void CBPImage::SetChgCursor(bool change)
+{
+    m_clickable = change;
+    m_spaceDown = false;
+    setCursor(change ? Qt::PointingHandCursor : Qt::ArrowCursor);
+    setFocusPolicy(change ? Qt::TabFocus : Qt::NoFocus);
+}
+
+void CBPImage::load()
+{
+    m_ratio = devicePixelRatioF();
+    const QPixmap picture = lumqt::loadPixmap(m_path, m_ratio);
+    setPixmap(picture);
+    setFixedSize(lumqt::logicalSize(picture));
+}
+
+// ------------------------------------------------------------------------------------------------------------
+// events
+
+void CBPImage::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (m_clickable) {
+        const QPointer<CBPImage> alive(this);
+        emit sigImgClick();
+        if (!alive)
+            return;
+    }
+    QLabel::mouseReleaseEvent(event);
+}
+
+// A key counts as a click: Enter when it goes down, Space when it is let go.
+void CBPImage::keyPressEvent(QKeyEvent *event)
+{
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const bool space = event->key() == Qt::Key_Space;
+    if (!m_clickable || (!enter && !space)) {
+        QLabel::keyPressEvent(event);
+        return;
+    }
+    if (event->isAutoRepeat())
+        return;
+    m_spaceDown = space;
+    if (enter)
+        emit sigImgClick();
+}
+
+void CBPImage::keyReleaseEvent(QKeyEvent *event)
+{
+    if (event->key() != Qt::Key_Space || !m_spaceDown) {
+        QLabel::keyReleaseEvent(event);
+        return;
+    }
+    if (event->isAutoRepeat())
+        return;
+    m_spaceDown = false;
+    emit sigImgClick();
+}
+
+void CBPImage::focusInEvent(QFocusEvent *event)
+{
+    m_showsFocus = true;
+    QLabel::focusInEvent(event);
+}
+
+void CBPImage::focusOutEvent(QFocusEvent *event)
+{
+    m_showsFocus = false;
+    m_spaceDown = false;
+    QLabel::focusOutEvent(event);
+}
+
+void CBPImage::paintEvent(QPaintEvent *event)
+{
+    // The label may stand on another screen than the one it was made on.
+    if (!m_path.isEmpty() && m_ratio != devicePixelRatioF())
+        load();
+    QLabel::paintEvent(event);
+    if (!m_clickable || !m_showsFocus)
+        return;
+    QPainter painter(this);
+    lumqt::Body ring;
+    ring.frame = kFocusRingColor;
+    ring.radiusX = ring.radiusY = kFocusRingRadius;
+    lumqt::drawBody(painter, rect(), ring);
+}
