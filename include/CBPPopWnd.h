@@ -5,6 +5,7 @@
 #include <QMap>
 #include <QPair>
 #include <QPointer>
+#include <QRegion>
 #include <QSize>
 
 class CBPBox;
@@ -144,6 +145,10 @@ protected:
     /// A standard button was pressed: false keeps the dialog open and its result as it is. The base answers
     /// true. The dialog may be ended or deleted meanwhile. \since 1.0
     virtual bool proceedBtnClicked(int flag);
+
+    /// What of the window is to be seen where the system does not blend windows with what lies behind them;
+    /// the rest would be black. The base answers the body without its shadow. \since 1.0
+    virtual QRegion visibleShape() const;
 
     void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;

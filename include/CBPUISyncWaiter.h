@@ -49,6 +49,10 @@ protected:
     /// \since 1.0
     void setWaitingLabel(QLabel *label);
 
+    /// The tile that the spinner turns on.
+    /// \since 1.0
+    QRegion visibleShape() const override;
+
     void keyPressEvent(QKeyEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
@@ -56,6 +60,7 @@ protected:
 private:
     void Layout();
 
+    QPointer<QLabel> m_spinner;
     QPointer<QLabel> m_waitingLabel;
     bool m_respondEsc = false;
     int m_waiterResult = 1;

@@ -58,6 +58,13 @@ public:
     void Show(bool show);
 
 protected:
+    /// Replaces the text that a wait ends with, and shows it.
+    /// \since 1.0
+    void setNormalText(const QString &text);
+
+    /// The text; while none is shown that which a wait ends with. For screen readers. \since 1.0
+    QString shownName() const;
+
     void showEvent(QShowEvent *event) override;
     void hideEvent(QHideEvent *event) override;
 
@@ -69,11 +76,9 @@ private:
     class Accessible;
     friend class CBPPopWnd;
 
-    void resetText(const QString &text);
     void startWaiting();
     void stopWaiting();
     void restore();
-    QString shownName() const;
 
     QString m_text;
     QString m_waitingText;

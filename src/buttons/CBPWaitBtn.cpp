@@ -1,7 +1,7 @@
 #include "CBPWaitBtn.h"
 
+#include "buttons/AccessibleWaitBtn.h"
 #include "CBPEvtLoop.h"
-#include "foundation/Accessible.h"
 #include "foundation/ImageLoader.h"
 
 #include <QShowEvent>
@@ -9,15 +9,15 @@
 namespace {
 
 constexpr int kNoFrameYet = 255;
+constexpr int kSpinnerGap = 6; // pixels between spinner and waiting text
 
 } // namespace
 
-// A button without a text is not without a name while it waits.
-class CBPWaitBtn::Accessible : public lumqt::AccessibleButton
+class CBPWaitBtn::Accessible : public lumqt::AccessibleWaitBtn
 {
 public:
     explicit Accessible(CBPWaitBtn *button)
-        : AccessibleButton(button, [button] { return button->shownName(); }), m_button(button)
+        : AccessibleWaitBtn(button, [button] { return button->shownName(); })
     {
     }
 
@@ -26,16 +26,6 @@ public:
         auto *button = qobject_cast<CBPWaitBtn *>(widget);
         return button ? new Accessible(button) : nullptr;
     }
-
-    QAccessible::State state() const override
-    {
-        QAccessible::State state = AccessibleButton::state();
-        state.busy = m_button && m_button->isWaitting();
-        return state;
-    }
-
-private:
-    QPointer<CBPWaitBtn> m_button;
 };
 
 CBPWaitBtn::CBPWaitBtn(const QStringList &frames, const QString &text, const QString &waitingText,
@@ -46,9 +36,10 @@ CBPWaitBtn::CBPWaitBtn(const QStringList &frames, const QString &text, const QSt
       m_animation(QStringList())
 {
     lumqt::installAccessible("CBPWaitBtn", &Accessible::make);
-    // Not by the base: Qt tells of the new text, and makes the accessible interface of what the object is
-    // then.
-    setText(text);
+    // The text not by the base: Qt tells of it, and makes the accessible interface of what the object is
+    // then. Of a class derived from this one that is this class, so with an empty text nothing is told.
+    if (!text.isEmpty())
+        setText(text);
     setReslist(frames);
     connect(this, SIGNAL(clicked()), this, SLOT(onBtnClicked()));
 }
@@ -70,7 +61,7 @@ void CBPWaitBtn::setWaitingText(QString &text, QString &waitingText)
     setText(text);
 }
 
-void CBPWaitBtn::resetText(const QString &text)
+void CBPWaitBtn::setNormalText(const QString &text)
 {
     m_text = text;
     setText(text);
@@ -185,7 +176,11 @@ void CBPWaitBtn::iconChanged(int)
     const QPixmap frame = m_animation.currentPixmap();
     QIcon icon(frame);
     icon.addPixmap(frame, QIcon::Disabled); // the button is disabled, the spinner is not to be grey
-    setIconSize(lumqt::logicalSize(frame));
+    const QSize size = lumqt::logicalSize(frame);
+    // The base centres the text, and before it makes room for half an icon only.
+    if (!m_waitingText.isEmpty())
+        setSpacing(size.width() + 2 * kSpinnerGap);
+    setIconSize(size);
     setIcon(icon);
     setText(m_waitingText);
 }

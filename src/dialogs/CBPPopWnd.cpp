@@ -298,6 +298,12 @@ void CBPPopWnd::updateMask()
         m_masked = false;
         return;
     }
+    setMask(visibleShape());
+    m_masked = true;
+}
+
+QRegion CBPPopWnd::visibleShape() const
+{
     QBitmap shape(size());
     shape.fill(Qt::color0);
     QPainter painter(&shape);
@@ -305,6 +311,5 @@ void CBPPopWnd::updateMask()
     painter.setBrush(Qt::color1);
     painter.drawRoundedRect(bodyRect(), lumqt::kDialogRadius, lumqt::kDialogRadius);
     painter.end();
-    setMask(shape);
-    m_masked = true;
+    return shape;
 }

@@ -201,7 +201,7 @@ void CBPPopWnd::ResetBtnText(int flag, QString text)
     if (!button)
         return;
     if (auto *waiting = qobject_cast<CBPWaitBtn *>(button))
-        waiting->resetText(text);
+        waiting->setNormalText(text);
     else
         button->setText(text);
     makeRoomFor(text, button);

@@ -5,9 +5,11 @@
 #include "sync/MovieLabel.h"
 #include "Util.h"
 
+#include <QBitmap>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMovie>
 #include <QPainter>
 #include <QVBoxLayout>
 
@@ -37,8 +39,8 @@ void CBPUISyncWaiter::Layout()
     setFixedSize(kSide, kSide);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
-    auto *spinner = new lumqt::MovieLabel(Util::getResFullPath(QStringLiteral("../res/waiting.gif")), this);
-    column->addWidget(spinner, 0, Qt::AlignCenter);
+    m_spinner = new lumqt::MovieLabel(Util::getResFullPath(QStringLiteral("../res/waiting.gif")), this);
+    column->addWidget(m_spinner.data(), 0, Qt::AlignCenter);
 }
 
 // ----------------------------------------------------------------------------------------------------------
@@ -117,4 +119,15 @@ void CBPUISyncWaiter::paintEvent(QPaintEvent *)
     QPainter painter(this);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
     painter.fillRect(rect(), Qt::transparent);
+}
+
+QRegion CBPUISyncWaiter::visibleShape() const
+{
+    const QMovie *movie = m_spinner ? m_spinner->movie() : nullptr;
+    if (!movie)
+        return rect();
+    const QPixmap tile = movie->currentPixmap().scaled(m_spinner->size());
+    // Of a picture without see-through parts there is no mask.
+    const QRegion shape = tile.mask().isNull() ? QRegion(tile.rect()) : QRegion(tile.mask());
+    return shape.translated(m_spinner->pos());
 }

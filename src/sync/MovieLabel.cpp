@@ -6,7 +6,7 @@
 
 namespace lumqt {
 
-MovieLabel::MovieLabel(const QString &path, QWidget *parent) : QLabel(parent), m_path(path)
+MovieLabel::MovieLabel(const QString &path, QWidget *parent) : CBPLabel(parent), m_path(path)
 {
     load();
 }
@@ -50,14 +50,14 @@ void MovieLabel::showEvent(QShowEvent *event)
     load();
     if (movie())
         movie()->start();
-    QLabel::showEvent(event);
+    CBPLabel::showEvent(event);
 }
 
 void MovieLabel::hideEvent(QHideEvent *event)
 {
     if (movie())
         movie()->stop();
-    QLabel::hideEvent(event);
+    CBPLabel::hideEvent(event);
 }
 
 } // namespace lumqt

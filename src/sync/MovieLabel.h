@@ -1,12 +1,12 @@
 #pragma once
 
-#include <QLabel>
+#include "CBPLabel.h"
 
 namespace lumqt {
 
 // A label with a movie that plays while it shows and rests otherwise, so that nothing is decoded for nobody.
 // On dense screens "name@2x.gif" beside "name.gif" is taken, and drawn in the same size.
-class MovieLabel : public QLabel
+class MovieLabel : public CBPLabel
 {
 public:
     MovieLabel(const QString &path, QWidget *parent);

@@ -1,7 +1,12 @@
 #include "CBPUISyncWaiter.h"
 #include "CBPWaitBtn.h"
+#include "CBPWaiter.h"
+#include "CExpandBtn.h"
 
 #include "CBPEvtLoop.h"
+#include "foundation/FontLookup.h"
+#include "Pixels.h"
+#include "platform/Platform.h"
 #include "TestMain.h"
 #include "Util.h"
 
@@ -163,9 +168,17 @@ private Q_SLOTS:
         QString text("Stop"), waiting("Stopping");
         button.setWaitingText(text, waiting);
         QCOMPARE(button.text(), text);
+        button.resize(160, 36);
         button.setReslist(frames());
         button.Show(true);
         QTRY_COMPARE(button.text(), waiting);
+        // The text stands in the middle, as ever, and the spinner beside it.
+        button.setTextColor(QVector<QColor>(4, Qt::red));
+        button.setBgColor(QVector<QColor>(4, Qt::white));
+        const QRect inked = boxOf(button.grab().toImage(), Qt::red);
+        QVERIFY(inked.isValid());
+        button.setIcon(QIcon());
+        QCOMPARE(boxOf(button.grab().toImage(), Qt::red), inked);
         button.exit(nullptr, false);
         QCOMPARE(button.text(), text);
     }
@@ -292,6 +305,19 @@ private Q_SLOTS:
         QVERIFY(!dog.bit());
     }
 
+    void withoutCompositor()
+    {
+        auto &composited = lumqt::platform::answers().composited;
+        const auto before = composited;
+        composited = [] { return false; };
+        Waiter w("Wait");
+        w.show();
+        const QRect tile = w.findChild<QLabel *>()->geometry();
+        QCOMPARE(w.mask().boundingRect(), tile);
+        QVERIFY(!w.mask().contains(tile.topLeft())); // round corners
+        composited = before;
+    }
+
     void escape_data()
     {
         QTest::addColumn<bool>("responds");
@@ -379,6 +405,196 @@ private Q_SLOTS:
         QCOMPARE(image.pixelColor(50, 24).alpha(), 255);
         w.hide();
         QCOMPARE(label->movie()->state(), QMovie::NotRunning);
+    }
+
+    // ------------------------------------------------------------------------------------------------------
+    // the dialog that ends by itself
+
+    void timeLimit_data()
+    {
+        QTest::addColumn<int>("limit");
+        QTest::addColumn<bool>("minimised");
+        QTest::newRow("none") << 0 << false;
+        QTest::newRow("some") << 250 << false;
+        QTest::newRow("minimised") << 800 << true;
+    }
+    void timeLimit()
+    {
+        QFETCH(int, limit);
+        QFETCH(bool, minimised);
+        Watchdog dog;
+        CBPWaiter w(nullptr, "Loading", unsigned(limit), false);
+        QCOMPARE(w.minimumSize(), QSize(130, 38));
+        QCOMPARE(w.maximumSize(), QSize(130, 38));
+        QSignalSpy finished(&w, &QDialog::finished);
+        for (int run = 1; run <= 2; ++run) {
+            QElapsedTimer clock;
+            clock.start();
+            QImage before;
+            if (minimised) {
+                QTimer::singleShot(0, &w, [&] {
+                    QVERIFY(QTest::qWaitForWindowExposed(&w));
+                    QHideEvent event;
+                    QSpontaneKeyEvent::setSpontaneous(&event);
+                    qApp->notify(&w, &event); // sendEvent() makes it one of the program
+                    before = w.grab().toImage();
+                });
+                QTimer::singleShot(700, &w, [&] { QCOMPARE(w.grab().toImage(), before); });
+            }
+            w.Run();
+            QVERIFY(clock.elapsed() >= limit && clock.elapsed() < limit + 1000);
+            QCOMPARE(w.result(), 1);
+            QCOMPARE(finished.size(), run);
+        }
+        QTest::qWait(100);
+        QCOMPARE(finished.size(), 2); // no timer goes on
+        QVERIFY(!dog.bit());
+    }
+
+    void waiterKeys_data()
+    {
+        QTest::addColumn<QString>("how");
+        QTest::addColumn<bool>("responds");
+        QTest::addColumn<int>("result"); // -1: goes on
+        QTest::addColumn<int>("rejections");
+        QTest::newRow("Escape") << "Escape" << true << 0 << 1;
+        QTest::newRow("Escape, off") << "Escape" << false << -1 << 0;
+        QTest::newRow("close") << "close" << true << 0 << 1;
+        QTest::newRow("close, off") << "close" << false << -1 << 0;
+        QTest::newRow("UnRun") << "UnRun" << false << 1 << 0;
+        QTest::newRow("five minutes") << "on_TimeoutQuit" << true << 1 << 1;
+    }
+    void waiterKeys()
+    {
+        QFETCH(QString, how);
+        QFETCH(bool, responds);
+        QFETCH(int, result);
+        Watchdog dog;
+        CBPWaiter w(nullptr, "Loading", 100000, false);
+        w.SetRespondEsc(responds);
+        QSignalSpy rejections(&w, &QDialog::rejected);
+        bool ended = false;
+        later(&w, [&] {
+            if (how == "Escape")
+                QTest::keyClick(&w, Qt::Key_Escape);
+            else if (how == "close")
+                w.close();
+            else if (how == "UnRun")
+                w.UnRun();
+            else
+                QMetaObject::invokeMethod(&w, how.toLatin1().constData());
+            ended = !w.isVisible();
+            if (!ended)
+                w.UnRun();
+        });
+        w.Run();
+        QVERIFY(!dog.bit());
+        QCOMPARE(ended, result != -1);
+        if (ended)
+            QCOMPARE(w.result(), result);
+        QTEST(rejections.size(), "rejections");
+    }
+
+    void waiterDeleted_data()
+    {
+        QTest::addColumn<QString>("how");
+        for (const char *how : {"itself", "parent", "when finished", "on close"})
+            QTest::newRow(how) << QString(how);
+    }
+    void waiterDeleted()
+    {
+        QFETCH(QString, how);
+        Watchdog dog;
+        auto *parent = new QWidget;
+        parent->show();
+        QPointer<CBPWaiter> w(new CBPWaiter(parent, "Loading", 100, false));
+        w->setAttribute(Qt::WA_DeleteOnClose, how == "on close");
+        if (how == "when finished")
+            connect(w, &QDialog::finished, [&] { destroy(w); });
+        later(w, [&] {
+            if (how == "itself")
+                destroy(w);
+            else if (how == "parent")
+                destroy(parent);
+        });
+        w->Run();
+        QVERIFY(!w && !dog.bit());
+        if (how != "parent")
+            delete parent;
+    }
+
+    void waiterLook()
+    {
+        Watchdog dog;
+        CBPWaiter w(nullptr, "Loading", 4000, false);
+        QImage image = w.grab().toImage();
+        const QColor ground(232, 244, 253);
+        for (const QPoint &corner : {QPoint(0, 0), QPoint(129, 0), QPoint(0, 37), QPoint(129, 37)})
+            QCOMPARE(image.pixelColor(corner), QColor(0, 163, 210));
+        QCOMPARE(image.pixelColor(1, 1), ground);
+        // The halves of the picture move apart until the text is open; then only its dots change.
+        const auto left = [&] {
+            image = w.grab().toImage();
+            for (int x = 2; x < 65; ++x) {
+                if (image.pixelColor(x, 19) != ground)
+                    return x;
+            }
+            return -1;
+        };
+        int start = 0, open = 0, last = 0;
+        QTimer::singleShot(0, &w, [&] { start = left(); });
+        QTimer::singleShot(2500, &w, [&] { open = left(); });
+        QTimer::singleShot(2850, &w, [&] {
+            const QImage before = image;
+            last = left();
+            QVERIFY(image != before);
+            w.UnRun();
+        });
+        w.Run();
+        QVERIFY(!dog.bit());
+        const QFontMetrics metrics(QFont(GetFontFamily(1), 12));
+        const int width = metrics.size(Qt::TextExpandTabs, "Loading...").width();
+        QVERIFY(start > 48 && start <= 64);
+        QVERIFY2(qAbs(open - (64 - width / 2 - 3 - 12)) <= 2, qPrintable(QString::number(open)));
+        QCOMPARE(last, open);
+    }
+
+    // ------------------------------------------------------------------------------------------------------
+    // the button that expands
+
+    void expandButton()
+    {
+        CExpandBtn button(frames(), "Details", "Loading");
+        QCOMPARE(button.height(), 44);
+        QCOMPARE(button.text(), QString("Details"));
+        button.resize(200, 44);
+        button.show();
+        QSignalSpy changes(&button, &CExpandBtn::sigExpandChanged);
+        auto *accessible = QAccessible::queryAccessibleInterface(&button);
+        QVERIFY(!button.isExpand() && accessible->state().collapsed && accessible->state().expandable);
+        const QRect arrow(200 - 16 - 16, 14, 16, 16);
+        const QImage down = button.grab(arrow).toImage();
+        QTest::mouseClick(&button, Qt::LeftButton);
+        QVERIFY(button.isExpand() && accessible->state().expanded && !accessible->state().collapsed);
+        QVERIFY(button.grab(arrow).toImage() != down);
+        button.setExpand(true);
+        QCOMPARE(changes.size(), 1);
+        QTest::keyClick(&button, Qt::Key_Space);
+        QVERIFY(!button.isExpand());
+        QCOMPARE(changes.size(), 2);
+
+        button.setExpand(true);
+        button.setExpandable(false);
+        QVERIFY(!button.isExpand() && !accessible->state().expandable);
+        button.onExpand();
+        button.setExpand(true);
+        QVERIFY(!button.isExpand());
+        QCOMPARE(changes.size(), 4);
+        QCOMPARE(accessible->text(QAccessible::Name), QString("Details"));
+        button.Show(true);
+        QVERIFY(accessible->state().busy);
+        button.exit(nullptr, false);
+        QCOMPARE(button.text(), QString("Details"));
     }
 };
 
