@@ -20,6 +20,7 @@ namespace {
 // Look, metrics in logical pixels, and times in milliseconds.
 const QColor kBody(255, 255, 255);
 const QColor kBottomLine(227, 232, 238);
+const QColor kOutline(213, 219, 226); // in place of a shadow
 const QColor kFocusRing(75, 167, 245);
 constexpr int kFocusRingWidth = 2;
 constexpr int kFocusRingGap = 1;
@@ -243,6 +244,8 @@ void CBPPopWnd::paintEvent(QPaintEvent *)
         shown.setTop(title->geometry().bottom() + 1);
     lumqt::Body body;
     body.fill = kBody;
+    if (!lumqt::platform::answers().composited())
+        body.frame = kOutline; // nothing of the shadow is seen
     body.radiusX = lumqt::kDialogRadius;
     body.radiusY = lumqt::kDialogRadius;
     painter.setClipRect(shown);
