@@ -248,12 +248,12 @@ def write_png(svg, target):
     rasterize(svg, target.with_name(target.stem + "@2x.png"), 2)
 
 
-def write_waiting(target, frames=48):
+def write_waiting(target, zoom, frames=48):
     with tempfile.TemporaryDirectory() as folder:
         names = []
         for frame in range(frames):
             name = pathlib.Path(folder) / f"{frame:02}.png"
-            rasterize(waiting_frame(frame, frames), name, 1)
+            rasterize(waiting_frame(frame, frames), name, zoom)
             names.append(str(name))
         # One palette for all frames and no dithering: the tile stays clean and the file small.
         command = ["convert", "-delay", "4", "-dispose", "none", *names, "-channel", "A", "-threshold", "50%", "+channel"]
@@ -274,7 +274,8 @@ def main():
             write_png(compose(picture), target)
     for frame in range(24):
         write_png(loading_frame(frame), out / "loading" / f"loading{frame:02}.png")
-    write_waiting(out / "waiting.gif")
+    write_waiting(out / "waiting.gif", 1)
+    write_waiting(out / "waiting@2x.gif", 2)
 
 
 if __name__ == "__main__":

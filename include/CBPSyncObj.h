@@ -38,12 +38,26 @@ public:
     /// does not run. Returns 0. \since 1.0
     virtual int exit(CBPEvtLoop *loop, bool global);
 
+    // Of a widget that is waited in, these names mean the widget's own text: they are hidden there on
+    // purpose. The compiler reports that here, not there.
+#if defined(__GNUC__)
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Woverloaded-virtual"
+#endif
     /// The text for whoever waits. Stored only.
     /// \since 1.0
     virtual void setText(QString text);
 
     /// \since 1.0
     virtual QString text();
+#if defined(__GNUC__)
+#pragma GCC diagnostic pop
+#endif
+
+protected:
+    /// Whether run() with this `loop`, or with null, would return at once because that loop runs already.
+    /// \since 1.0
+    bool isInLoop(const CBPEvtLoop *loop) const;
 
 private:
     friend class CBaseSyncExecuter;

@@ -180,6 +180,10 @@ protected:
     /// \since 1.0
     void Init();
 
+    /// Places the dialog where exec() shows it, in the size that it will have.
+    /// \since 1.0
+    void centre();
+
     /// Calls ShowMenu() with the place for the menu; does nothing without a menu button.
     /// \since 1.0
     void OnMenuClick();

@@ -171,9 +171,14 @@ bool CBPWinFrm::drawsBottomLine() const
 // ----------------------------------------------------------------------------------------------------------
 // modal
 
-int CBPWinFrm::exec()
+void CBPWinFrm::centre()
 {
     m_frame->centre();
+}
+
+int CBPWinFrm::exec()
+{
+    centre();
     return QDialog::exec(); // the dialog may be gone when this returns
 }
 

@@ -36,6 +36,11 @@ int CBPSyncObj::exit(CBPEvtLoop *loop, bool)
     return 0;
 }
 
+bool CBPSyncObj::isInLoop(const CBPEvtLoop *loop) const
+{
+    return loop ? loop->isRunning() : m_ownLoop->isRunning();
+}
+
 void CBPSyncObj::setText(QString text)
 {
     m_text = text;

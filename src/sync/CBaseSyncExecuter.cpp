@@ -2,16 +2,12 @@
 
 #include "CBPEvtLoop.h"
 #include "CBPSyncObj.h"
+#include "CBPUISyncWaiter.h"
 #include "CUIBaseThread.h"
 #include "CWorkThreadMgr.h"
 #include "foundation/Log.h"
 #include "sync/LoopNudge.h"
 #include "sync/ThreadEnd.h"
-
-#if __has_include("CBPUISyncWaiter.h")
-#include "CBPUISyncWaiter.h"
-#define HAS_WAITER
-#endif
 
 #include <QWidget>
 
@@ -142,13 +138,11 @@ unsigned long long CBaseSyncExecuter::execute()
 
 void CBaseSyncExecuter::makeWaiter()
 {
-#ifdef HAS_WAITER
     auto *waiter = new CBPUISyncWaiter(m_text, qobject_cast<QWidget *>(m_window.data()));
     m_syncObj = waiter;
     m_syncLife = m_syncObj->m_life;
     m_ownsSyncUI = true;
     connect(waiter, SIGNAL(destroyed()), this, SLOT(onSyncUIDestroyed()));
-#endif
 }
 
 void CBaseSyncExecuter::waitForJob(const Wait &wait)

@@ -64,7 +64,7 @@ void addImages(Page *page)
     Section *section = page->addSection("CBPImage", "As large as its file. A picture that can be clicked "
                                                     "takes part in the Tab order, and Space and "
                                                     "Enter click it.");
-    auto *log = new EventLog("No signal yet: click the second picture.", 2);
+    auto *log = new EventLog("No signal yet: click the second picture.");
     CBPImage *live = image("icon_info.png", true, "Details");
     QObject::connect(live, &CBPImage::sigImgClick, log, [log] { log->add("sigImgClick()"); });
     section->addColumns(kColumnWidth,

@@ -107,7 +107,7 @@ void addLiveSamples(Page *page)
     Section *section =
         page->addSection("Try it", "The search starts 1.5 seconds after the last key, or with Return. Tab "
                                    "goes on to the button inside.");
-    auto *log = new EventLog("No signal yet: type something.", 4);
+    auto *log = new EventLog("No signal yet: type something.");
     section->addColumns(kColumnWidth, {{"CBPLineEdit", liveLine(log)}, {"CBPSearchEdit", liveSearch(log)}});
     section->addWide(log);
 }

@@ -1,0 +1,220 @@
+#include "EventLog.h"
+#include "Page.h"
+#include "PageRegistry.h"
+#include "Pose.h"
+#include "Theme.h"
+
+#include "CBPUISyncWaiter.h"
+#include "CBPWaitBtn.h"
+#include "CBPWaiter.h"
+#include "CExpandBtn.h"
+
+#include <QLabel>
+#include <QPointer>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int kColumnWidth = 216;
+constexpr int kWait = 4000; // ms, of the live samples
+constexpr int kFrameCount = 24;
+
+QStringList frames()
+{
+    QStringList paths;
+    for (int i = 0; i < kFrameCount; ++i)
+        paths << theme::picturePath(QString("loading/loading%1.png").arg(i, 2, 10, QLatin1Char('0')));
+    return paths;
+}
+
+// ----------------------------------------------------------------------------------------------------------
+// live
+
+// A button of a pop-up: its colours are those of the row.
+CBPWaitBtn *primary(const QString &text, const QString &waitingText)
+{
+    auto *button = new CBPWaitBtn(frames(), text, waitingText);
+    button->setBgColor({QColor("#49a7f5"), QColor("#5baff6"), QColor("#4195dc"), QColor("#c9e5fc")});
+    button->setTextColor({Qt::white, Qt::white, Qt::white, QColor("#2f6fa8")});
+    button->setFrmTrancent(true);
+    button->setFixedSize(168, 36);
+    return button;
+}
+
+CBPWaitBtn *waitingButton(EventLog *log)
+{
+    CBPWaitBtn *button = primary("Wait in the button", "Waiting");
+    QObject::connect(button, &CBPPushBtn::sigBtnClicked, log, [button, log] {
+        const QPointer<EventLog> alive(log);
+        QTimer::singleShot(kWait, button, [button] { button->exit(nullptr, false); });
+        button->run(nullptr, false);
+        if (alive)
+            alive->add("CBPWaitBtn::run() returned");
+    });
+    return button;
+}
+
+CBPPushBtn *opener(const QString &text, EventLog *log, void (*open)(EventLog *))
+{
+    auto *button = new CBPPushBtn(text, nullptr);
+    button->setFixedSize(184, 36);
+    QObject::connect(button, &CBPPushBtn::sigBtnClicked, log, [log, open] { open(log); });
+    return button;
+}
+
+void runWaiter(EventLog *log)
+{
+    const QPointer<EventLog> to(log);
+    QPointer<CBPUISyncWaiter> waiter(new CBPUISyncWaiter("Please wait", log->window()));
+    waiter->SetRespondEsc(true);
+    QTimer::singleShot(kWait, waiter, [waiter] { waiter->exit(nullptr, false); });
+    waiter->run(nullptr, false);
+    if (waiter && to)
+        to->add(QString("CBPUISyncWaiter::GetResult() is %1").arg(waiter->GetResult()));
+    delete waiter;
+}
+
+void runDialog(EventLog *log)
+{
+    const QPointer<EventLog> to(log);
+    QPointer<CBPWaiter> waiter(new CBPWaiter(log->window(), "Loading", kWait, false));
+    waiter->Run();
+    if (waiter && to)
+        to->add(QString("CBPWaiter ended with %1").arg(waiter->result()));
+    delete waiter;
+}
+
+void addLive(Page *page)
+{
+    Section *section =
+        page->addSection("Try it", "Each waits for four seconds. Escape ends both windows; the "
+                                   "button waits to the end.");
+    auto *log = new EventLog("Nothing has waited yet.");
+    section->addSamples({{"CBPWaitBtn", waitingButton(log)},
+                         {"CBPUISyncWaiter", opener("Open a waiter", log, &runWaiter)},
+                         {"CBPWaiter", opener("Open a busy dialog", log, &runDialog)}});
+    section->addWide(log);
+}
+
+// ----------------------------------------------------------------------------------------------------------
+// at one moment
+
+// A button that somebody waits in, with its frame number `index`.
+QWidget *spinning(const QString &waitingText, int index)
+{
+    CBPWaitBtn *button = primary("Start", waitingText);
+    button->setText(waitingText);
+    button->setSpacing(32); // as the button sets it for a waiting text
+    QIcon icon;
+    const QPixmap frame =
+        theme::picture(QString("loading/loading%1.png").arg(index, 2, 10, QLatin1Char('0')));
+    icon.addPixmap(frame, QIcon::Disabled);
+    button->setIconSize(QSize(20, 20));
+    button->setIcon(icon);
+    return pose::in(pose::Disabled, button);
+}
+
+void addButtons(Page *page)
+{
+    page->addSection("Waiting button",
+                     "The spinner comes after 880 milliseconds, so that a short wait shows none.")
+        ->addColumns(kColumnWidth,
+                     {{"Idle", pose::in(pose::Normal, primary("Start", "Waiting"))},
+                      {"Waiting, before the spinner", pose::in(pose::Disabled, primary("Start", ""))},
+                      {"With a waiting text", spinning("Waiting", 4)},
+                      {"Without one", spinning(QString(), 10)}});
+}
+
+// The window as it lies over the window of an application.
+QWidget *waiterPortrait()
+{
+    CBPUISyncWaiter waiter("Please wait");
+    waiter.setAttribute(Qt::WA_DontShowOnScreen);
+    waiter.show();
+    auto *label = new QLabel;
+    label->setPixmap(waiter.grab());
+    return label;
+}
+
+QWidget *dialogPortrait(int after)
+{
+    CBPWaiter waiter(nullptr, "Loading", unsigned(after), false);
+    waiter.setAttribute(Qt::WA_DontShowOnScreen);
+    waiter.Run();
+    auto *label = new QLabel;
+    label->setPixmap(waiter.grab());
+    return label;
+}
+
+void addWindows(Page *page)
+{
+    page->addSection("Windows", "The modal waiter is a spinner on a tile, and nothing else. The busy dialog "
+                                "opens its picture over the text.")
+        ->addColumns(kColumnWidth, {{"CBPUISyncWaiter", waiterPortrait()},
+                                    {"CBPWaiter, at first", dialogPortrait(0)},
+                                    {"Opening", dialogPortrait(600)},
+                                    {"Open", dialogPortrait(2200)}});
+}
+
+// ----------------------------------------------------------------------------------------------------------
+// expanding
+
+CExpandBtn *expander(const QString &text)
+{
+    auto *button = new CExpandBtn(frames(), text, QString());
+    button->setFixedWidth(200);
+    return button;
+}
+
+QWidget *expanding()
+{
+    auto *holder = new QWidget;
+    auto *column = new QVBoxLayout(holder);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(theme::kUnit);
+    CExpandBtn *button = expander("Details");
+    QLabel *details = theme::label("What the button opens.", theme::Normal, 14, theme::kText);
+    column->addWidget(button);
+    column->addWidget(details);
+    details->hide();
+    QObject::connect(button, &CExpandBtn::sigExpandChanged, details, &QWidget::setVisible);
+    return holder;
+}
+
+void addExpanders(Page *page)
+{
+    CExpandBtn *open = expander("Expanded");
+    open->setExpand(true);
+    CExpandBtn *selected = expander("Selected");
+    selected->setSelected(true);
+    CExpandBtn *plain = expander("Not expandable");
+    plain->setExpandable(false);
+    page->addSection("Expand button", "CExpandBtn: a waiting button that opens what lies below it.")
+        ->addColumns(kColumnWidth, {{"Try it", expanding()},
+                                    {"Expanded", pose::in(pose::Normal, open)},
+                                    {"Selected", pose::in(pose::Normal, selected)},
+                                    {"Not expandable", pose::in(pose::Normal, plain)},
+                                    {"Under the pointer", pose::in(pose::Hovered, expander("Details"))},
+                                    {"Pressed", pose::in(pose::Pressed, expander("Details"))},
+                                    {"Disabled", pose::in(pose::Disabled, expander("Details"))}});
+}
+
+Page *makePage()
+{
+    auto *page = new Page("Waiters", "What the user sees while a job runs: CBPWaitBtn, CBPUISyncWaiter and "
+                                     "CBPWaiter. Each keeps the application alive meanwhile.");
+    addLive(page);
+    addButtons(page);
+    addWindows(page);
+    addExpanders(page);
+    return page;
+}
+
+void registerThis()
+{
+    registerPage({"waiters", "Waiters", PageGroup::Waiting, makePage});
+}
+Q_CONSTRUCTOR_FUNCTION(registerThis)
+
+} // namespace

@@ -1,0 +1,191 @@
+#pragma once
+
+#include "CBPWinFrm.h"
+
+#include <QMap>
+#include <QPair>
+#include <QPointer>
+#include <QRegion>
+#include <QSize>
+
+class CBPBox;
+class CBPPushBtn;
+class QPainter;
+
+/// The library's modal dialog: a CBPWinFrm with a row of standard buttons along its bottom. The button that
+/// ended it is its result.
+///
+/// Make it, call Init(), add buttons and content, and Run() it; GetResult() then tells the flag of the
+/// button. A derived class refuses a button in proceedBtnClicked(). Escape does nothing; the title bar's
+/// close button and Alt+F4 end the dialog with the result 0x100, that of Cancel. It paints a white body with
+/// a soft shadow and fades in during the first 200 milliseconds of its life.
+///
+/// The standard buttons, by flag and in the order in which a row holds them: 0x2 Add, 0x4 OK, 0x8 Retry,
+/// 0x10 Continue, 0x20 Skip, 0x80 Export, 0x800 Yes, 0x8000 one without a text for ResetBtnText(),
+/// 0x40000 Browse, 0x4000 Reboot, 0x40 SkipAll, 0x10000 Erase, 0x20000 Change, 0x2000 Quit, 0x1000 No,
+/// 0x100 Cancel, 0x80000 Back, 0x100000 Close, 0x200000 Restart now, 0x400000 Restart later. All are 36
+/// pixels high, and all but No are CBPWaitBtn. Other bits make no button.
+///
+/// Whatever is called while it runs may delete the dialog or its parent. All sizes are logical pixels. GUI
+/// thread only. \since 1.0
+class LUMQT_EXPORT CBPPopWnd : public CBPWinFrm
+{
+    Q_OBJECT
+
+public:
+    /// A dialog that fades in from now on; see CBPWinFrm about \a parent.
+    /// \since 1.0
+    explicit CBPPopWnd(QWidget *parent = nullptr);
+
+    /// The same, which fades in only if \a fadeIn is true.
+    /// \since 1.0
+    CBPPopWnd(bool fadeIn, QWidget *parent);
+    ~CBPPopWnd() override;
+
+    /// Builds the frame and the button row. With \a bottomArea the row is shown in a bottom area, without it
+    /// nowhere: buttons can be made and asked for, but are not seen. Call it once, before buttons or content
+    /// are added. \since 1.0
+    void Init(bool bottomArea);
+
+    /// Makes a button for every flag in \a flags, at the right of the row. A flag whose button exists gets a
+    /// second one, which takes the place of the first in all operations here. Does nothing before Init().
+    /// \since 1.0
+    void AppendBtn(int flags);
+
+    /// The same at the left of the row.
+    /// \since 1.0
+    void PrependBtn(int flags);
+
+    /// Adds \a widget at the left of the row; see CBPBox::PackStart() for the other arguments. Null, and a
+    /// call before Init(), do nothing. \since 1.0
+    void PrependWidget(QWidget *widget, bool expand = false, bool option = false, unsigned int padding = 0,
+                       Qt::Alignment align = {});
+
+    /// The same at the right of the row.
+    /// \since 1.0
+    void AppendWidget(QWidget *widget, bool expand = false, bool option = false, unsigned int padding = 0,
+                      Qt::Alignment align = {});
+
+    /// The left part of the row; null before Init().
+    /// \since 1.0
+    CBPBox *GetPreBox();
+
+    /// The button of exactly this \a flag, or null. It belongs to the dialog.
+    /// \since 1.0
+    CBPPushBtn *GetBtn(int flag);
+
+    /// Enables or disables the button of \a flag, if there is one.
+    /// \since 1.0
+    void EnableButton(int flag, bool enable);
+
+    /// Whether the button of \a flag is enabled; false without such a button.
+    /// \since 1.0
+    bool ButtonIsEnable(int flag);
+
+    /// Sets the text of the button of \a flag, if there is one. A wait in the button ends with this text. A
+    /// button becomes wider for its text, never narrower. \since 1.0
+    void ResetBtnText(int flag, QString text);
+
+    /// Has \a callback asked after each press of a standard button: it gets the result code and \a context,
+    /// and keeps the dialog open by returning -1. It is also asked when proceedBtnClicked() has refused the
+    /// button, with the result as it was. Without one, null, every accepted button ends the dialog.
+    /// \since 1.0
+    void SetBtnClickCB(int (*callback)(int, void *), void *context);
+
+    /// The flag of the last accepted button, 0x100 after the close button, or what SetResult() stored; -1 at
+    /// first. \since 1.0
+    int GetResult() const;
+
+    /// Stores a result code.
+    /// \since 1.0
+    void SetResult(int result);
+
+    /// Runs the dialog modally until it is ended. It may be destroyed meanwhile, and only then may it be gone
+    /// when this returns: with Qt::WA_DeleteOnClose it lives until control is back in the event loop.
+    /// \since 1.0
+    void Run();
+
+    /// Ends the dialog: emits sigQuit() and closes it. The result code stays as it is. Calls from what this
+    /// itself brings about do nothing. \since 1.0
+    virtual void UnRun();
+
+    /// The dialog is to be closed by its title bar, the system or its parent's hiding: the result becomes
+    /// 0x100, and UnRun() is called. \since 1.0
+    void OnClose() override;
+
+    /// Opens the help of the dialog's class. No class has any, so nothing happens.
+    /// \since 1.0
+    void OnHelp() override;
+
+    /// Fixes the size to the one that the ini file \a file holds at \a group / \a key, or to \a size when
+    /// there is none; see Util::readIni(). \since 1.0
+    void SetWndFixedSize(QString key, QSize size, QString group, QString file);
+
+    /// Fixes the size. Where it exceeds the work area of the primary screen in either direction, both the
+    /// width and the height become those of the work area. Hides QWidget's function. \since 1.0
+    void setFixedSize(int width, int height);
+
+    /// The same.
+    /// \since 1.0
+    void setFixedSize(QSize size);
+
+    /// Runs the dialog modally, as Run() does, and returns QDialog's result, which is 0 for a dialog ended by
+    /// button, UnRun() or destruction. One that is closed while it is being shown ends, too. \since 1.0
+    int exec() override;
+
+    void done(int result) override;
+    void setVisible(bool visible) override;
+
+Q_SIGNALS:
+    /// The dialog is about to be closed by UnRun(). \a wnd is its QObject. A slot may delete the dialog.
+    /// \since 1.0
+    void sigQuit(void *wnd);
+
+protected:
+    /// A standard button was pressed: false keeps the dialog open and its result as it is. The base answers
+    /// true. The dialog may be ended or deleted meanwhile. \since 1.0
+    virtual bool proceedBtnClicked(int flag);
+
+    /// What of the window is to be seen where the system does not blend windows with what lies behind them;
+    /// the rest would be black. The base answers the body without its shadow. \since 1.0
+    virtual QRegion visibleShape() const;
+
+    void keyPressEvent(QKeyEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private Q_SLOTS:
+    void on_btn_clicked();
+
+private:
+    void startFadeIn();
+    void PackBtn(int flags, bool prepend);
+    CBPPushBtn *CreateAndPackBtn(QString caption, QStringList &frames, int flag, bool prepend,
+                                 QString buttonId);
+    void pack(CBPBox *box, QWidget *widget, bool expand, bool option, unsigned int padding,
+              Qt::Alignment align);
+    int flagOf(const CBPPushBtn *button) const;
+    QPair<int, int> placeInRow(const QWidget *widget) const;
+    void arrangeTabOrder();
+    QRect bodyRect() const;
+    const QWidget *framelessFocus() const;
+    QRect ringAround(const QWidget *button) const;
+    void drawFocusRing(QPainter &painter);
+    void updateMask();
+
+    int m_result = -1;
+    bool m_quit = false; // UnRun() ran once
+    QPointer<CBPBox> m_preBox;
+    QPointer<CBPBox> m_postBox;
+    QPointer<CBPBox> m_rowBox;
+    QMap<int, QPointer<CBPPushBtn>> m_buttons;
+    int (*m_callback)(int, void *) = nullptr;
+    void *m_callbackContext = nullptr;
+    bool m_running = false;      // exec() runs
+    bool m_ending = false;       // UnRun() runs
+    unsigned int m_endings = 0;  // how often the dialog was ended
+    bool m_tabsArranged = false; // at the first show
+    bool m_masked = false;
+};

@@ -1,0 +1,89 @@
+#pragma once
+
+#include "CBPAnimationObj.h"
+#include "CBPPushBtn.h"
+#include "CBPSyncObj.h"
+
+#include <QStringList>
+
+/// A push button that turns into its own spinner while somebody waits in it.
+///
+/// While it waits the button is disabled, shows the frames of an animation and its waiting text instead of
+/// the text; after that it is as before and has the keyboard focus. The spinner rests while the button is
+/// hidden or its window minimised. GUI thread only. \since 1.0
+class LUMQT_EXPORT CBPWaitBtn : public CBPPushBtn, public CBPSyncObj
+{
+    Q_OBJECT
+
+public:
+    /// A button with \a text, which waits with \a waitingText and the pictures of the files \a frames.
+    /// Without frames it has no spinner, and keeps its text. \a autoResize is CBPPushBtn's. \since 1.0
+    CBPWaitBtn(const QStringList &frames, const QString &text, const QString &waitingText,
+               QWidget *parent = nullptr, bool autoResize = false);
+    ~CBPWaitBtn() override;
+
+    // Both a button and what is waited in have a text. The button's is meant here, the other one is
+    // CBPSyncObj::setText() and not shown.
+    using CBPPushBtn::setText;
+    using CBPPushBtn::text;
+
+    /// Shows the spinner and waits until exit() is called with the same \a loop, or with null as well for the
+    /// button's own one. Returns the loop's code, or 0 at once when the loop runs already. \a global makes no
+    /// difference. A wait that ends otherwise gives the button its look back, too. The button may be gone
+    /// when this returns. \since 1.0
+    int run(CBPEvtLoop *loop, bool global) override;
+
+    /// Gives the button its text back, takes spinner and icon away, enables and focuses it, and ends the wait
+    /// in \a loop. Returns 0. \since 1.0
+    int exit(CBPEvtLoop *loop, bool global) override;
+
+    /// Replaces both texts and shows \a text.
+    /// \since 1.0
+    void setWaitingText(QString &text, QString &waitingText);
+
+    /// Replaces the frames, unless \a frames is empty. Each call connects the animation once more.
+    /// \since 1.0
+    void setReslist(const QStringList &frames);
+
+    /// Whether the button shows that somebody waits. A spinner that rests because nobody can see it counts.
+    /// \since 1.0
+    bool isWaitting();
+
+    /// The frame that shows; null before the first one.
+    /// \since 1.0
+    QPixmap currentPixmap();
+
+    /// With true starts the spinner and disables the button, with false stops and enables it. The texts stay
+    /// as they are. \since 1.0
+    void Show(bool show);
+
+protected:
+    /// Replaces the text that a wait ends with, and shows it.
+    /// \since 1.0
+    void setNormalText(const QString &text);
+
+    /// The text; while none is shown that which a wait ends with. For screen readers. \since 1.0
+    QString shownName() const;
+
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+
+private Q_SLOTS:
+    void iconChanged(int iFrameNumber);
+    void onBtnClicked();
+
+private:
+    class Accessible;
+    friend class CBPPopWnd;
+
+    void startWaiting();
+    void stopWaiting();
+    void restore();
+
+    QString m_text;
+    QString m_waitingText;
+    CBPAnimationObj m_animation;
+    bool m_waiting = false;
+    bool m_hidden = false; // was seen, and is not now
+    int m_waits = 0;       // run() calls under way
+};

@@ -1,0 +1,82 @@
+#pragma once
+
+#include "LumQtGlobal.h"
+
+#include <QDialog>
+#include <QElapsedTimer>
+#include <QFont>
+#include <QPointer>
+#include <QSize>
+#include <QStringList>
+#include <QTimer>
+
+class QPainter;
+
+/// A small modal dialog that says that something is going on: two halves of a picture open and uncover a
+/// text, whose dots then come and go.
+///
+/// It is 130 x 38 pixels and ends by itself: after the time limit, and after five minutes in any case. While
+/// its window is minimised it only waits for these. GUI thread only. \since 1.0
+class LUMQT_EXPORT CBPWaiter : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// A waiter over \a parent that shows \a text for \a timeLimit milliseconds at most; with 0 it ends with
+    /// its first picture. A text that is wider than the dialog is cut off. The flag has no effect. \since 1.0
+    CBPWaiter(QWidget *parent, QString text, unsigned int timeLimit, bool);
+    ~CBPWaiter() override;
+
+    /// Runs the dialog until it is ended. It may be gone when this returns. The result() is 1 after the time
+    /// limit or UnRun(), 0 after Escape or closing. \since 1.0
+    void Run();
+
+    /// Ends the dialog with the result 1.
+    /// \since 1.0
+    void UnRun();
+
+    /// Whether Escape and close requests end the dialog; they do at first.
+    /// \since 1.0
+    void SetRespondEsc(bool respond);
+
+    void done(int result) override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+
+private Q_SLOTS:
+    void on_timeout();
+    void on_TimeoutQuit();
+
+private:
+    void Init();
+    void DrawAnimated(QPainter *painter, QRect &rect);
+    void DrawTextW(QPainter *painter, QRect &rect);
+    void drawHalves(QPainter *painter, const QRect &rect);
+    QRect textBox(const QRect &rect) const;
+    bool isOver() const;
+    void advance();
+    void restartTimer();
+    void stopTimers();
+
+    QString m_text;
+    unsigned int m_timeLimit; // ms
+    QStringList m_textFrames;
+    QPointer<QTimer> m_animationTimer;
+    QElapsedTimer m_runClock;
+    QTimer m_quitTimer;
+    QString m_leftImage; // paths
+    QString m_rightImage;
+    QFont m_font;
+    QSize m_textSize;
+    bool m_respondEsc = true;
+    bool m_textPhase = false;
+    quint8 m_step = 0; // half the width that is uncovered, in pixels
+    int m_dots = 0;    // number of the text frame
+    bool m_running = false;
+    bool m_resting = false; // minimised
+};

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "CBPWaitBtn.h"
+
+/// A waiting button that opens and closes something below it, with an arrow at its right end that says which
+/// of the two it will do.
+///
+/// It is 44 pixels high and has no frame. A click turns it over; what it opens is up to whoever listens.
+/// setSelected() paints it as pressed. While somebody waits in it the arrow is away. GUI thread only.
+/// \since 1.0
+class LUMQT_EXPORT CExpandBtn : public CBPWaitBtn
+{
+    Q_OBJECT
+
+public:
+    /// A button that is not expanded; see CBPWaitBtn about the arguments.
+    /// \since 1.0
+    CExpandBtn(const QStringList &frames, const QString &text, const QString &waitingText,
+               QWidget *parent = nullptr, bool autoResize = false);
+    ~CExpandBtn() override;
+
+    /// Expands or collapses it. A button that is not expandable stays collapsed.
+    /// \since 1.0
+    void setExpand(bool expand);
+
+    /// Whether there is something to expand; true at first. With false it collapses and shows no arrow.
+    /// \since 1.0
+    void setExpandable(bool expandable);
+
+    /// \since 1.0
+    bool isExpand() const;
+
+public Q_SLOTS:
+    /// Expands a collapsed button and the other way round, as a click does.
+    /// \since 1.0
+    void onExpand();
+
+Q_SIGNALS:
+    /// The button is expanded now, or collapsed.
+    /// \since 1.0
+    void sigExpandChanged(bool expanded);
+
+protected:
+    void drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, int index) override;
+
+private:
+    class Accessible;
+
+    bool m_expanded = false;
+    bool m_expandable = true;
+};

@@ -1,0 +1,188 @@
+#include "CBPWaitBtn.h"
+
+#include "buttons/AccessibleWaitBtn.h"
+#include "CBPEvtLoop.h"
+#include "foundation/ImageLoader.h"
+
+#include <QShowEvent>
+
+namespace {
+
+constexpr int kNoFrameYet = 255;
+constexpr int kSpinnerGap = 6; // pixels between spinner and waiting text
+
+} // namespace
+
+class CBPWaitBtn::Accessible : public lumqt::AccessibleWaitBtn
+{
+public:
+    explicit Accessible(CBPWaitBtn *button)
+        : AccessibleWaitBtn(button, [button] { return button->shownName(); })
+    {
+    }
+
+    static QAccessibleInterface *make(QWidget *widget)
+    {
+        auto *button = qobject_cast<CBPWaitBtn *>(widget);
+        return button ? new Accessible(button) : nullptr;
+    }
+};
+
+CBPWaitBtn::CBPWaitBtn(const QStringList &frames, const QString &text, const QString &waitingText,
+                       QWidget *parent, bool autoResize)
+    : CBPPushBtn(parent, autoResize, false),
+      m_text(text),
+      m_waitingText(waitingText),
+      m_animation(QStringList())
+{
+    lumqt::installAccessible("CBPWaitBtn", &Accessible::make);
+    // The text not by the base: Qt tells of it, and makes the accessible interface of what the object is
+    // then. Of a class derived from this one that is this class, so with an empty text nothing is told.
+    if (!text.isEmpty())
+        setText(text);
+    setReslist(frames);
+    connect(this, SIGNAL(clicked()), this, SLOT(onBtnClicked()));
+}
+
+CBPWaitBtn::~CBPWaitBtn() = default;
+
+void CBPWaitBtn::setReslist(const QStringList &frames)
+{
+    if (frames.isEmpty())
+        return;
+    m_animation.setRes(frames);
+    connect(&m_animation, SIGNAL(frameChanged(int)), this, SLOT(iconChanged(int)));
+}
+
+void CBPWaitBtn::setWaitingText(QString &text, QString &waitingText)
+{
+    m_text = text;
+    m_waitingText = waitingText;
+    setText(text);
+}
+
+void CBPWaitBtn::setNormalText(const QString &text)
+{
+    m_text = text;
+    setText(text);
+}
+
+QString CBPWaitBtn::shownName() const
+{
+    const QString shown = text();
+    return shown.isEmpty() ? m_text : shown;
+}
+
+bool CBPWaitBtn::isWaitting()
+{
+    return m_waiting;
+}
+
+QPixmap CBPWaitBtn::currentPixmap()
+{
+    return m_animation.currentPixmap();
+}
+
+// ----------------------------------------------------------------------------------------------------------
+// waiting
+
+int CBPWaitBtn::run(CBPEvtLoop *loop, bool)
+{
+    if (isInLoop(loop))
+        return 0; // the button belongs to the wait under way
+    const QPointer<CBPWaitBtn> alive(this);
+    startWaiting();
+    setEnabled(false);
+    if (!alive) // the focus left it, and somebody minded
+        return 0;
+    ++m_waits;
+    const int code = CBPSyncObj::run(loop, false);
+    if (!alive)
+        return code;
+    // The loop may have been left by other means than exit().
+    if (--m_waits == 0 && m_waiting)
+        restore();
+    return code;
+}
+
+int CBPWaitBtn::exit(CBPEvtLoop *loop, bool)
+{
+    const QPointer<CBPWaitBtn> alive(this);
+    restore();
+    if (alive)
+        QWidget::setFocus();
+    // A button that is gone by now has ended its waits itself.
+    return alive ? CBPSyncObj::exit(loop, false) : 0;
+}
+
+void CBPWaitBtn::Show(bool show)
+{
+    if (show) {
+        startWaiting();
+        setEnabled(false);
+    } else {
+        stopWaiting();
+        repaint();
+        setEnabled(true);
+    }
+}
+
+void CBPWaitBtn::restore()
+{
+    setText(m_text);
+    setIcon(QIcon(QString()));
+    stopWaiting();
+    repaint();
+    setEnabled(true);
+}
+
+// Once, however often it is asked for: the animation counts its starts, and one stop is to be enough.
+void CBPWaitBtn::startWaiting()
+{
+    if (m_waiting)
+        return;
+    m_waiting = true;
+    if (!m_hidden)
+        m_animation.start();
+}
+
+void CBPWaitBtn::stopWaiting()
+{
+    m_waiting = false;
+    m_animation.stop();
+}
+
+void CBPWaitBtn::showEvent(QShowEvent *event)
+{
+    m_hidden = false;
+    if (m_waiting && !m_animation.isRunning()) {
+        if (m_animation.curentIndex() != kNoFrameYet)
+            m_animation.setDelayInterval(0); // it goes on where it was
+        m_animation.start();
+    }
+    CBPPushBtn::showEvent(event);
+}
+
+void CBPWaitBtn::hideEvent(QHideEvent *event)
+{
+    m_hidden = true;
+    if (m_animation.isRunning())
+        m_animation.stop();
+    CBPPushBtn::hideEvent(event);
+}
+
+void CBPWaitBtn::iconChanged(int)
+{
+    const QPixmap frame = m_animation.currentPixmap();
+    QIcon icon(frame);
+    icon.addPixmap(frame, QIcon::Disabled); // the button is disabled, the spinner is not to be grey
+    const QSize size = lumqt::logicalSize(frame);
+    // The base centres the text, and before it makes room for half an icon only.
+    if (!m_waitingText.isEmpty())
+        setSpacing(size.width() + 2 * kSpinnerGap);
+    setIconSize(size);
+    setIcon(icon);
+    setText(m_waitingText);
+}
+
+void CBPWaitBtn::onBtnClicked() {}

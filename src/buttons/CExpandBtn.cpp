@@ -1,0 +1,113 @@
+#include "CExpandBtn.h"
+
+#include "buttons/AccessibleWaitBtn.h"
+#include "foundation/ImageLoader.h"
+#include "foundation/Painting.h"
+#include "Util.h"
+
+#include <QPainter>
+
+namespace {
+
+// Look and metrics, in logical pixels.
+const QColor kFocusFrame(75, 167, 245);
+constexpr int kFocusFrameWidth = 2;
+constexpr int kHeight = 44;
+constexpr int kArrowInset = 16; // from the right edge
+constexpr qreal kDisabledOpacity = 0.4;
+constexpr int kDisabled = 3; // state
+
+} // namespace
+
+class CExpandBtn::Accessible : public lumqt::AccessibleWaitBtn
+{
+public:
+    explicit Accessible(CExpandBtn *button)
+        : AccessibleWaitBtn(button, [button] { return button->shownName(); }), m_button(button)
+    {
+    }
+
+    static QAccessibleInterface *make(QWidget *widget)
+    {
+        auto *button = qobject_cast<CExpandBtn *>(widget);
+        return button ? new Accessible(button) : nullptr;
+    }
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = AccessibleWaitBtn::state();
+        state.expandable = m_button && m_button->m_expandable;
+        state.expanded = m_button && m_button->m_expanded;
+        state.collapsed = state.expandable && !state.expanded;
+        return state;
+    }
+
+private:
+    QPointer<CExpandBtn> m_button;
+};
+
+CExpandBtn::CExpandBtn(const QStringList &frames, const QString &text, const QString &waitingText,
+                       QWidget *parent, bool autoResize)
+    : CBPWaitBtn(frames, QString(), waitingText, parent, autoResize)
+{
+    lumqt::installAccessible("CExpandBtn", &Accessible::make);
+    setNormalText(text);
+    setFixedHeight(kHeight);
+    setFrmTrancent(true);
+    connect(this, SIGNAL(clicked()), this, SLOT(onExpand()));
+}
+
+CExpandBtn::~CExpandBtn() = default;
+
+void CExpandBtn::setExpand(bool expand)
+{
+    const bool expanded = expand && m_expandable;
+    if (expanded == m_expanded)
+        return;
+    m_expanded = expanded;
+    update();
+    QAccessible::State changed;
+    changed.expanded = true;
+    QAccessibleStateChangeEvent event(this, changed);
+    QAccessible::updateAccessibility(&event);
+    emit sigExpandChanged(expanded); // the button may be gone after this
+}
+
+void CExpandBtn::setExpandable(bool expandable)
+{
+    m_expandable = expandable;
+    update();
+    if (!expandable)
+        setExpand(false);
+}
+
+bool CExpandBtn::isExpand() const
+{
+    return m_expanded;
+}
+
+void CExpandBtn::onExpand()
+{
+    setExpand(!m_expanded);
+}
+
+void CExpandBtn::drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, int index)
+{
+    CBPWaitBtn::drawPixmapAndText(painter, pen, rect, index);
+    if (hasFocus()) { // without a frame the base has none to mark
+        lumqt::Body ring;
+        ring.frame = kFocusFrame;
+        ring.frameWidth = kFocusFrameWidth;
+        lumqt::drawBody(*painter, rect, ring);
+    }
+    if (!m_expandable || isWaitting())
+        return;
+    const char *name = m_expanded ? "../res/icon_arrowup.png" : "../res/icon_arrowdown.png";
+    const QPixmap arrow =
+        lumqt::loadPixmap(Util::getResFullPath(QString::fromLatin1(name)), devicePixelRatioF());
+    const QSize size = lumqt::logicalSize(arrow);
+    painter->setOpacity(index == kDisabled ? kDisabledOpacity : 1.0);
+    painter->drawPixmap(rect.right() + 1 - kArrowInset - size.width(),
+                        rect.top() + (rect.height() - size.height()) / 2, arrow);
+    painter->setOpacity(1.0);
+}

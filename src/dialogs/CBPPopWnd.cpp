@@ -1,0 +1,318 @@
+#include "CBPPopWnd.h"
+
+#include "CBPBox.h"
+#include "CBPPushBtn.h"
+#include "CBPWinFrmTitle.h"
+#include "dialogs/Backdrop.h"
+#include "foundation/Log.h"
+#include "foundation/Painting.h"
+#include "platform/Platform.h"
+#include "Util.h"
+
+#include <QBitmap>
+#include <QKeyEvent>
+#include <QLayout>
+#include <QPainter>
+#include <QPropertyAnimation>
+
+namespace {
+
+// Look, metrics in logical pixels, and times in milliseconds.
+const QColor kBody(255, 255, 255);
+const QColor kBottomLine(227, 232, 238);
+const QColor kOutline(213, 219, 226); // in place of a shadow
+const QColor kFocusRing(75, 167, 245);
+constexpr int kFocusRingWidth = 2;
+constexpr int kFocusRingGap = 1;
+constexpr int kFadeTime = 200;
+constexpr int kRowSpacing = 12;
+
+constexpr int kClosedResult = 0x100;
+
+// A box that shows what lies below it, so that the body's round corners and the line reach the eye.
+CBPBox *clearBox(int spacing)
+{
+    auto *box = new CBPBox;
+    box->setBrush(Qt::NoBrush);
+    box->SetSpacing(spacing);
+    return box;
+}
+
+} // namespace
+
+CBPPopWnd::CBPPopWnd(QWidget *parent) : CBPPopWnd(true, parent) {}
+
+CBPPopWnd::CBPPopWnd(bool fadeIn, QWidget *parent) : CBPWinFrm(parent)
+{
+    if (fadeIn)
+        startFadeIn();
+}
+
+CBPPopWnd::~CBPPopWnd()
+{
+    if (m_rowBox && !m_rowBox->parent())
+        delete m_rowBox;
+}
+
+// From now on, not from when the dialog shows: one that is prepared for longer than this does not fade.
+void CBPPopWnd::startFadeIn()
+{
+    auto *animation = new QPropertyAnimation(this, "windowOpacity", this);
+    animation->setDuration(kFadeTime);
+    animation->setStartValue(0.0);
+    animation->setEndValue(1.0);
+    animation->start(QAbstractAnimation::KeepWhenStopped);
+}
+
+void CBPPopWnd::Init(bool bottomArea)
+{
+    if (m_rowBox || layout()) {
+        qCWarning(lcLumQt, "%s: Init() was called twice, or after another layout was set",
+                  metaObject()->className());
+        return;
+    }
+    CBPBox *bottom = nullptr;
+    if (bottomArea) {
+        // Before the frame lays itself out: it takes no bottom area after that.
+        bottom = clearBox(0);
+        setStatusBox(bottom);
+    }
+    CBPWinFrm::Init();
+    m_rowBox = clearBox(0);
+    m_rowBox->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    m_preBox = clearBox(kRowSpacing);
+    m_postBox = clearBox(kRowSpacing);
+    m_rowBox->PackStart(m_preBox.data());
+    m_rowBox->AddSpacerItem(new QSpacerItem(0, 0, QSizePolicy::Expanding, QSizePolicy::Preferred));
+    m_rowBox->PackStart(m_postBox.data());
+    if (bottom)
+        bottom->PackStart(m_rowBox.data());
+}
+
+// ----------------------------------------------------------------------------------------------------------
+// running and ending
+
+int CBPPopWnd::GetResult() const
+{
+    return m_result;
+}
+
+void CBPPopWnd::SetResult(int result)
+{
+    m_result = result;
+}
+
+void CBPPopWnd::Run()
+{
+    // The caller asks for the result next, so the dialog is not deleted until that is over.
+    const QPointer<CBPPopWnd> alive(this);
+    const bool deleteOnClose = testAttribute(Qt::WA_DeleteOnClose);
+    setAttribute(Qt::WA_DeleteOnClose, false);
+    exec();
+    if (!alive || !deleteOnClose)
+        return;
+    setAttribute(Qt::WA_DeleteOnClose);
+    deleteLater();
+}
+
+int CBPPopWnd::exec()
+{
+    if (m_running)
+        return QDialog::exec(); // which says that it cannot run twice
+    // Shown here and not by the base: what is ended while it is being shown would leave the base in a loop
+    // that nobody ends.
+    const QPointer<CBPPopWnd> alive(this);
+    const bool wasModal = testAttribute(Qt::WA_ShowModal);
+    m_running = true;
+    centre();
+    setAttribute(Qt::WA_ShowModal);
+    setResult(QDialog::Rejected);
+    show();
+    int code = QDialog::Rejected;
+    if (alive && isVisible())
+        code = QDialog::exec();
+    else if (alive)
+        code = result();
+    if (alive) {
+        setAttribute(Qt::WA_ShowModal, wasModal);
+        m_running = false;
+    }
+    return code;
+}
+
+void CBPPopWnd::setVisible(bool visible)
+{
+    if (visible && !isVisible())
+        m_ending = false; // a slot shows it again while UnRun() is not over: it can be ended again, too
+    CBPWinFrm::setVisible(visible);
+}
+
+void CBPPopWnd::UnRun()
+{
+    if (m_ending) // what follows may come back here
+        return;
+    const QPointer<CBPPopWnd> alive(this);
+    m_ending = true;
+    m_quit = true;
+    emit sigQuit(static_cast<QObject *>(this));
+    if (!alive)
+        return;
+    done(QDialog::Rejected);
+    if (alive)
+        m_ending = false;
+}
+
+void CBPPopWnd::done(int result)
+{
+    ++m_endings;
+    CBPWinFrm::done(result); // the dialog may be gone after this
+}
+
+void CBPPopWnd::OnClose()
+{
+    m_result = kClosedResult;
+    UnRun();
+}
+
+void CBPPopWnd::OnHelp() {}
+
+void CBPPopWnd::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape)
+        event->accept(); // a pop-up is answered, not dismissed
+    else
+        CBPWinFrm::keyPressEvent(event);
+}
+
+// ----------------------------------------------------------------------------------------------------------
+// size
+
+void CBPPopWnd::SetWndFixedSize(QString key, QSize size, QString group, QString file)
+{
+    QVariant stored;
+    if (Util::readIni(group, key, stored, file)) {
+        if (stored.toSize().isValid())
+            size = stored.toSize();
+        else
+            qCWarning(lcLumQt, "%s/%s in %s is no size", qPrintable(group), qPrintable(key),
+                      qPrintable(file));
+    }
+    setFixedSize(size);
+}
+
+void CBPPopWnd::setFixedSize(int width, int height)
+{
+    const QRect area = lumqt::platform::answers().workArea();
+    QSize size(qMax(0, width), qMax(0, height));
+    // Both, although one may fit: a dialog too large in one direction takes all the room there is.
+    if (area.isValid() && (size.width() > area.width() || size.height() > area.height()))
+        size = area.size();
+    CBPWinFrm::setFixedSize(size);
+}
+
+void CBPPopWnd::setFixedSize(QSize size)
+{
+    setFixedSize(size.width(), size.height());
+}
+
+// ----------------------------------------------------------------------------------------------------------
+// painting
+
+// The frame's margins are the room for the shadow; a maximised dialog has but a pixel of it.
+QRect CBPPopWnd::bodyRect() const
+{
+    if (layout())
+        return rect().marginsRemoved(layout()->contentsMargins());
+    const int border = qMax(0, shadowBorder());
+    return rect().adjusted(border, border, -border, -border);
+}
+
+void CBPPopWnd::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.fillRect(rect(), Qt::transparent);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    const QRect whole = bodyRect();
+    if (!isMaximized())
+        lumqt::drawShadow(painter, rect(), whole.left());
+
+    // Below the title bar only: white would shine through at the bar's own round corners.
+    const CBPWinFrmTitle *title = titleBar();
+    QRect shown = whole;
+    if (title && title->isVisibleTo(this))
+        shown.setTop(title->geometry().bottom() + 1);
+    lumqt::Body body;
+    body.fill = kBody;
+    if (!lumqt::platform::answers().composited())
+        body.frame = kOutline; // nothing of the shadow is seen
+    body.radiusX = lumqt::kDialogRadius;
+    body.radiusY = lumqt::kDialogRadius;
+    painter.setClipRect(shown);
+    lumqt::drawBody(painter, whole, body);
+    painter.setClipping(false);
+
+    if (statusBox() && statusBox()->isVisibleTo(this) && drawsBottomLine()) {
+        const QRect line(whole.left(), statusBox()->y(), whole.width(), 1);
+        painter.fillRect(lumqt::wholeDevicePixels(painter, line), kBottomLine);
+    }
+    drawFocusRing(painter);
+}
+
+// A button without a frame has no place of its own for the mark of the keyboard focus.
+void CBPPopWnd::drawFocusRing(QPainter &painter)
+{
+    const QWidget *button = framelessFocus();
+    if (!button)
+        return;
+    lumqt::Body ring;
+    ring.frame = kFocusRing;
+    ring.frameWidth = kFocusRingWidth;
+    lumqt::drawBody(painter, ringAround(button), ring);
+}
+
+QRect CBPPopWnd::ringAround(const QWidget *button) const
+{
+    constexpr int reach = kFocusRingGap + kFocusRingWidth;
+    return QRect(button->mapTo(this, QPoint(0, 0)), button->size()).adjusted(-reach, -reach, reach, reach);
+}
+
+void CBPPopWnd::showEvent(QShowEvent *event)
+{
+    if (!event->spontaneous())
+        arrangeTabOrder();
+    updateMask();
+    CBPWinFrm::showEvent(event);
+}
+
+void CBPPopWnd::resizeEvent(QResizeEvent *event)
+{
+    CBPWinFrm::resizeEvent(event);
+    if (isVisible())
+        updateMask();
+}
+
+// Where windows are not blended with what lies behind them, the room for the shadow would be black.
+void CBPPopWnd::updateMask()
+{
+    if (lumqt::platform::answers().composited()) {
+        if (m_masked)
+            clearMask();
+        m_masked = false;
+        return;
+    }
+    setMask(visibleShape());
+    m_masked = true;
+}
+
+QRegion CBPPopWnd::visibleShape() const
+{
+    QBitmap shape(size());
+    shape.fill(Qt::color0);
+    QPainter painter(&shape);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::color1);
+    painter.drawRoundedRect(bodyRect(), lumqt::kDialogRadius, lumqt::kDialogRadius);
+    painter.end();
+    return shape;
+}

@@ -1,0 +1,262 @@
+#include "CBPWaiter.h"
+
+#include "foundation/FontLookup.h"
+#include "foundation/ImageLoader.h"
+#include "foundation/Log.h"
+#include "foundation/Painting.h"
+
+#include <QCloseEvent>
+#include <QDir>
+#include <QFontMetrics>
+#include <QKeyEvent>
+#include <QPainter>
+
+#include <climits>
+
+namespace {
+
+// Look, metrics in logical pixels, and times in milliseconds.
+const QColor kFrame(0, 163, 210);
+const QColor kGround(232, 244, 253);
+const QColor kText(0, 163, 210);
+constexpr int kWidth = 130;
+constexpr int kHeight = 38;
+constexpr int kPointSize = 12;
+constexpr int kTextMargin = 6; // both sides of the text together
+constexpr int kAnimationTick = 30;
+constexpr int kTextTick = 300;
+constexpr int kLongestRun = 300000;
+constexpr int kFrameCount = 3;
+
+constexpr int kEnded = 1;
+
+// Relative to the current directory as it is now.
+QString pathOf(const char *image)
+{
+    return QDir::current().absoluteFilePath(QString::fromLatin1(image));
+}
+
+} // namespace
+
+CBPWaiter::CBPWaiter(QWidget *parent, QString text, unsigned int timeLimit, bool)
+    : QDialog(parent, Qt::FramelessWindowHint | Qt::Dialog),
+      m_text(text),
+      m_timeLimit(timeLimit),
+      m_leftImage(pathOf("../res/log_l.png")),
+      m_rightImage(pathOf("../res/log_r.png"))
+{
+    Init();
+}
+
+CBPWaiter::~CBPWaiter() = default;
+
+void CBPWaiter::Init()
+{
+    for (int dots = 1; dots <= kFrameCount; ++dots)
+        m_textFrames << m_text + QString(dots, QLatin1Char('.'));
+    m_font = QFont(GetFontFamily(lumqt::NormalWeight), kPointSize);
+    m_textSize = QFontMetrics(m_font).size(Qt::TextExpandTabs, m_textFrames.last());
+    setFixedSize(kWidth, kHeight);
+    setAttribute(Qt::WA_TranslucentBackground);
+    setAccessibleName(m_text);
+    m_quitTimer.setSingleShot(true);
+    m_quitTimer.setInterval(kLongestRun);
+    connect(&m_quitTimer, SIGNAL(timeout()), this, SLOT(on_TimeoutQuit()));
+}
+
+void CBPWaiter::SetRespondEsc(bool respond)
+{
+    m_respondEsc = respond;
+}
+
+// ----------------------------------------------------------------------------------------------------------
+// running
+
+void CBPWaiter::Run()
+{
+    if (m_running) {
+        qCWarning(lcLumQt, "CBPWaiter runs already");
+        return;
+    }
+    m_running = true;
+    m_textPhase = false;
+    m_step = 0;
+    m_dots = 0;
+    m_animationTimer = new QTimer(this);
+    connect(m_animationTimer.data(), SIGNAL(timeout()), this, SLOT(on_timeout()));
+    m_runClock.start();
+    restartTimer();
+    m_quitTimer.start();
+    const QPointer<CBPWaiter> alive(this);
+    exec();
+    if (!alive)
+        return;
+    stopTimers();
+    m_running = false;
+}
+
+void CBPWaiter::UnRun()
+{
+    stopTimers();
+    done(kEnded);
+}
+
+// However it ends: a timer that goes on would end it again, or the next run.
+void CBPWaiter::done(int result)
+{
+    stopTimers();
+    QDialog::done(result);
+}
+
+void CBPWaiter::stopTimers()
+{
+    m_quitTimer.stop();
+    if (!m_animationTimer)
+        return;
+    m_animationTimer->disconnect(this);
+    m_animationTimer->stop();
+    m_animationTimer->deleteLater(); // it may be what we are called by
+    m_animationTimer.clear();
+}
+
+void CBPWaiter::restartTimer()
+{
+    if (!m_animationTimer)
+        return;
+    int interval = m_textPhase ? kTextTick : kAnimationTick;
+    if (m_resting) // nothing to see; one tick when the time is over
+        interval = int(qBound<qint64>(interval, qint64(m_timeLimit) - m_runClock.elapsed(), INT_MAX));
+    m_animationTimer->start(interval);
+}
+
+bool CBPWaiter::isOver() const
+{
+    return m_runClock.isValid() && m_runClock.elapsed() >= qint64(m_timeLimit);
+}
+
+void CBPWaiter::advance()
+{
+    if (m_textPhase) {
+        m_dots = (m_dots + 1) % kFrameCount;
+        return;
+    }
+    ++m_step;
+    if (2 * int(m_step) < m_textSize.width() + kTextMargin)
+        return;
+    --m_step;
+    m_textPhase = true;
+    restartTimer();
+}
+
+void CBPWaiter::on_timeout()
+{
+    if (!m_resting)
+        advance();
+    if (isOver()) {
+        done(kEnded); // the dialog may be gone after this
+        return;
+    }
+    update();
+}
+
+void CBPWaiter::on_TimeoutQuit()
+{
+    const QPointer<CBPWaiter> alive(this);
+    UnRun();
+    if (alive)
+        emit rejected();
+}
+
+// ----------------------------------------------------------------------------------------------------------
+// events
+
+void CBPWaiter::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape && !m_respondEsc)
+        event->accept();
+    else
+        QDialog::keyPressEvent(event);
+}
+
+void CBPWaiter::closeEvent(QCloseEvent *event)
+{
+    // The base would hide the dialog whatever becomes of the event.
+    if (m_respondEsc)
+        QDialog::closeEvent(event);
+    else
+        event->ignore();
+}
+
+void CBPWaiter::showEvent(QShowEvent *event)
+{
+    QDialog::showEvent(event);
+    if (m_resting) {
+        m_resting = false;
+        restartTimer();
+    }
+}
+
+void CBPWaiter::hideEvent(QHideEvent *event)
+{
+    QDialog::hideEvent(event);
+    if (event->spontaneous()) {
+        m_resting = true;
+        restartTimer();
+    }
+}
+
+// ----------------------------------------------------------------------------------------------------------
+// painting
+
+void CBPWaiter::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    lumqt::Body body;
+    body.fill = kGround;
+    body.frame = kFrame;
+    lumqt::drawBody(painter, rect(), body);
+    painter.setFont(m_font);
+    painter.setPen(kText);
+    QRect area = rect().adjusted(0, 0, -1, -1);
+    if (m_textPhase)
+        DrawTextW(&painter, area);
+    else
+        DrawAnimated(&painter, area);
+}
+
+QRect CBPWaiter::textBox(const QRect &rect) const
+{
+    return QRect(QPoint((rect.width() - m_textSize.width()) / 2, (rect.height() - m_textSize.height()) / 2),
+                 m_textSize);
+}
+
+// What lies between the two halves of the picture of the longest text.
+void CBPWaiter::DrawAnimated(QPainter *painter, QRect &rect)
+{
+    const int middle = rect.width() / 2;
+    painter->save();
+    painter->setClipRect(QRect(middle - m_step, rect.top(), 2 * m_step, rect.height()));
+    painter->drawText(textBox(rect), Qt::AlignHCenter | Qt::TextExpandTabs, m_textFrames.last());
+    painter->restore();
+    drawHalves(painter, rect);
+}
+
+// The text begins where the longest one does, so that it stands still while the dots change.
+void CBPWaiter::DrawTextW(QPainter *painter, QRect &rect)
+{
+    painter->drawText(textBox(rect), Qt::AlignLeft | Qt::TextExpandTabs, m_textFrames.value(m_dots));
+    drawHalves(painter, rect);
+}
+
+void CBPWaiter::drawHalves(QPainter *painter, const QRect &rect)
+{
+    const qreal ratio = devicePixelRatioF();
+    const QPixmap left = lumqt::loadPixmap(m_leftImage, ratio);
+    const QPixmap right = lumqt::loadPixmap(m_rightImage, ratio);
+    const QSize leftSize = lumqt::logicalSize(left);
+    const QSize rightSize = lumqt::logicalSize(right);
+    const int middle = rect.width() / 2;
+    painter->drawPixmap(middle - m_step - leftSize.width(), (rect.height() + 1 - leftSize.height()) / 2,
+                        left);
+    painter->drawPixmap(middle + m_step, (rect.height() + 1 - rightSize.height()) / 2, right);
+}

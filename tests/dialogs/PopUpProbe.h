@@ -1,0 +1,64 @@
+#pragma once
+
+#include "CBPPopWnd.h"
+
+#include <QImage>
+#include <QTimer>
+
+#include <functional>
+
+// What the tests of pop-ups share.
+
+constexpr int kOk = 0x4;
+constexpr int kCancel = 0x100;
+constexpr int kNo = 0x1000;
+constexpr int kYes = 0x800;
+
+// A pop-up that notes what it is asked.
+class PopUp : public CBPPopWnd
+{
+public:
+    explicit PopUp(QWidget *parent = nullptr, int flags = 0, bool bottomArea = true)
+        : CBPPopWnd(false, parent)
+    {
+        Init(bottomArea);
+        AppendBtn(flags);
+    }
+
+    using CBPPopWnd::statusBox;
+    using CBPPopWnd::titleBar;
+
+    QVector<int> asked;
+    std::function<bool(int)> answer; // of proceedBtnClicked()
+    std::function<void()> onShow;
+
+protected:
+    bool proceedBtnClicked(int flag) override
+    {
+        asked << flag;
+        return answer ? answer(flag) : CBPPopWnd::proceedBtnClicked(flag);
+    }
+    void showEvent(QShowEvent *event) override
+    {
+        CBPPopWnd::showEvent(event);
+        if (onShow)
+            onShow();
+    }
+};
+
+// Out of line, as compilers see through the deletion of what lives on the stack.
+Q_NEVER_INLINE inline void destroy(QObject *object)
+{
+    delete object;
+}
+
+// Once control is back in the event loop.
+inline void later(QObject *context, const std::function<void()> &act)
+{
+    QTimer::singleShot(0, context, act);
+}
+
+inline QImage shot(QWidget &widget)
+{
+    return widget.grab().toImage().convertToFormat(QImage::Format_ARGB32);
+}

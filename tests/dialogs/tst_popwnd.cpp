@@ -1,0 +1,376 @@
+#include "CBPPopWnd.h"
+
+#include "CBPBox.h"
+#include "CBPWaitBtn.h"
+#include "PopUpProbe.h"
+#include "TestMain.h"
+
+#include <QSignalSpy>
+#include <QVBoxLayout>
+
+namespace {
+
+// What a callback of SetBtnClickCB() is to answer, and what it was told.
+struct Callback
+{
+    int verdict = 0;
+    QVector<int> results;
+    std::function<void()> act;
+
+    static int call(int result, void *self)
+    {
+        auto *callback = static_cast<Callback *>(self);
+        callback->results << result;
+        const int verdict = callback->verdict;
+        if (callback->act)
+            callback->act();
+        return verdict;
+    }
+};
+
+} // namespace
+
+class TestPopWnd : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    // ------------------------------------------------------------------------------------------------------
+    // buttons
+
+    void standardButtons_data()
+    {
+        QTest::addColumn<int>("flag");
+        QTest::addColumn<QString>("caption");
+        QTest::addColumn<bool>("secondary");
+        const auto row = [](const char *id, int flag, const char *caption, bool secondary = false) {
+            QTest::newRow(id) << flag << QString(caption) << secondary;
+        };
+        row("id_BtnAdd", 0x2, "Add");
+        row("id_BtnOk", 0x4, "OK");
+        row("id_BtnRetry", 0x8, "Retry");
+        row("id_BtnContinue", 0x10, "Continue");
+        row("id_BtnSkip", 0x20, "Skip");
+        row("id_BtnExport", 0x80, "Export");
+        row("id_BtnYes", 0x800, "Yes");
+        row("id_BtnOther", 0x8000, "", true);
+        row("id_BtnBrowse", 0x40000, "Browse");
+        row("id_BtnReboot", 0x4000, "Reboot");
+        row("id_BtnSkipAll", 0x40, "SkipAll");
+        row("id_BtnErase", 0x10000, "Erase");
+        row("id_BtnChange", 0x20000, "Change");
+        row("id_BtnQuit", 0x2000, "Quit");
+        row("id_BtnNo", 0x1000, "No", true);
+        row("id_BtnCancel", 0x100, "Cancel", true);
+        row("id_BtnBack", 0x80000, "Back");
+        row("id_BtnClose", 0x100000, "Close");
+        row("id_BtnRestartNow", 0x200000, "Restart now");
+        row("id_BtnRestartLater", 0x400000, "Restart later", true);
+    }
+    void standardButtons()
+    {
+        QFETCH(int, flag);
+        QFETCH(bool, secondary);
+        PopUp w(nullptr, flag);
+        CBPPushBtn *button = w.GetBtn(flag);
+        QVERIFY(button && w.isAncestorOf(button));
+        QCOMPARE(button->objectName(), QString(QTest::currentDataTag()));
+        QTEST(button->text(), "caption");
+        QCOMPARE(button->height(), 36);
+        QVERIFY(button->width() >= 85);
+        QVERIFY(QFontMetrics(button->font()).horizontalAdvance(button->text()) < button->width());
+        QCOMPARE(qobject_cast<CBPWaitBtn *>(button) != nullptr, flag != kNo);
+        QCOMPARE(button->isDefault(), flag != kCancel);
+
+        const QColor white(Qt::white);
+        const QStringList ground{"#49a7f5", "#5baff6", "#4195dc", "#c9e5fc"};
+        const QStringList frame{"#9b9b9b", "#a5a5a5", "#6f6f6f", "#e1e1e1"};
+        const QStringList text{"#333333", "#474747", "#242424", "#c2c2c2"};
+        for (int state = 0; state < 4; ++state) {
+            QCOMPARE(button->bgColor(state), secondary ? white : QColor(ground[state]));
+            QCOMPARE(button->textColor(state), secondary ? QColor(text[state]) : white);
+            if (secondary)
+                QCOMPARE(button->frmColor(state), QColor(frame[state]));
+        }
+        // A primary button has no frame: its corner is its ground.
+        button->setFocusPolicy(Qt::NoFocus);
+        QCOMPARE(shot(*button).pixelColor(0, 0), QColor(secondary ? frame[0] : ground[0]));
+    }
+
+    void rowOrder_data()
+    {
+        QTest::addColumn<int>("appended");
+        QTest::addColumn<int>("prepended");
+        QTest::addColumn<QString>("row");
+        QTest::newRow("no buttons") << 0x601 << (1 << 23 | 1 << 30) << "";
+        QTest::newRow("OK and No") << (kNo | kOk) << 0 << "Ok No";
+        QTest::newRow("parts") << (kCancel | kOk) << 0x80000 << "Back Ok Cancel";
+        QTest::newRow("all") << 0x7fffff << 0
+                             << "Add Ok Retry Continue Skip Export Yes Other Browse Reboot SkipAll Erase "
+                                "Change Quit No Cancel Back Close RestartNow RestartLater";
+    }
+    void rowOrder()
+    {
+        QFETCH(int, appended);
+        QFETCH(int, prepended);
+        PopUp w(nullptr, appended);
+        w.PrependBtn(prepended);
+        w.AppendContent(new QWidget, true, false, 0);
+        w.resize(w.sizeHint().expandedTo(QSize(900, 300)));
+        w.grab();
+        QMap<int, QString> byPlace; // what stands where
+        const auto buttons = w.findChildren<CBPPushBtn *>();
+        for (CBPPushBtn *button : buttons)
+            byPlace[button->mapTo(&w, QPoint(0, 0)).x()] = button->objectName().mid(6);
+        QTEST(QStringList(byPlace.values()).join(' '), "row");
+        if (buttons.isEmpty())
+            return;
+        // The groups stand at the edges of the row, 12 pixels between two buttons of one.
+        const QRect bottom = w.statusBox()->geometry().marginsRemoved(w.statusBox()->contentsMargins());
+        const auto placed = [&w](int flag) {
+            return QRect(w.GetBtn(flag)->mapTo(&w, QPoint(0, 0)), w.GetBtn(flag)->size());
+        };
+        if (prepended == 0x80000) {
+            QCOMPARE(placed(0x80000).left(), bottom.left());
+            QCOMPARE(placed(kCancel).right(), bottom.right());
+            QCOMPARE(placed(kCancel).left() - placed(kOk).right() - 1, 12);
+        }
+    }
+
+    void withoutButton()
+    {
+        PopUp w(nullptr, kCancel);
+        QVERIFY(!w.GetBtn(kOk));
+        QVERIFY(!w.GetBtn(kOk | kCancel));
+        QVERIFY(!w.ButtonIsEnable(kOk));
+        w.EnableButton(kOk, true);
+        w.ResetBtnText(kOk, "text");
+        QVERIFY(!w.GetBtn(kOk));
+
+        w.EnableButton(kCancel, false);
+        QVERIFY(!w.ButtonIsEnable(kCancel) && !w.GetBtn(kCancel)->isEnabled());
+        w.EnableButton(kCancel, true);
+        QVERIFY(w.ButtonIsEnable(kCancel));
+        delete w.GetBtn(kCancel);
+        QVERIFY(!w.GetBtn(kCancel) && !w.ButtonIsEnable(kCancel));
+    }
+
+    void buttonTexts()
+    {
+        PopUp w(nullptr, kOk | kNo);
+        const int width = w.GetBtn(kOk)->width();
+        for (const int flag : {kOk, kNo}) {
+            w.ResetBtnText(flag, "A text that needs more room than that");
+            QVERIFY(w.GetBtn(flag)->width() > width);
+            w.ResetBtnText(flag, "A & B");
+            QCOMPARE(w.GetBtn(flag)->text(), QString("A & B"));
+        }
+        // A wait gives back what the application has set.
+        auto *button = qobject_cast<CBPWaitBtn *>(w.GetBtn(kOk));
+        button->Show(true);
+        button->exit(nullptr, false);
+        QCOMPARE(button->text(), QString("A & B"));
+    }
+
+    void widgetsInRow()
+    {
+        PopUp w;
+        auto *left = new QWidget;
+        auto *right = new QWidget;
+        w.PrependWidget(left, true, false, 7, Qt::AlignBottom);
+        w.AppendWidget(right, false, false, 0xffffffffu, {});
+        w.PrependWidget(nullptr, false, false, 0, {});
+        QCOMPARE(left->parentWidget(), static_cast<QWidget *>(w.GetPreBox()));
+        QCOMPARE(left->sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
+        QVERIFY(w.isAncestorOf(right) && !w.GetPreBox()->isAncestorOf(right));
+        QCOMPARE(w.GetPreBox()->layout()->count(), 2);
+        QCOMPARE(w.GetPreBox()->layout()->itemAt(1)->sizeHint().width(), 7);
+        QCOMPARE(int(w.GetPreBox()->layout()->itemAt(0)->alignment()), int(Qt::AlignBottom));
+    }
+
+    void withoutInit()
+    {
+        CBPPopWnd w(false, nullptr);
+        QWidget widget;
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("Init"));
+        w.AppendBtn(kOk);
+        w.PrependWidget(&widget, false, false, 0, {});
+        QVERIFY(!w.GetPreBox() && !w.GetBtn(kOk) && !widget.parent());
+        w.grab();
+        w.Init(true);
+        w.AppendBtn(kOk);
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("Init"));
+        w.Init(true);
+        QVERIFY(w.isAncestorOf(w.GetBtn(kOk)));
+    }
+
+    void withoutBottomArea()
+    {
+        QPointer<CBPPushBtn> button;
+        {
+            PopUp w(nullptr, kOk, false);
+            button = w.GetBtn(kOk);
+            QVERIFY(button && !w.isAncestorOf(button) && !w.statusBox());
+            w.grab();
+            emit button->released();
+            QCOMPARE(w.GetResult(), kOk);
+        }
+        QVERIFY(!button);
+    }
+
+    // ------------------------------------------------------------------------------------------------------
+    // clicks
+
+    void clicks_data()
+    {
+        QTest::addColumn<bool>("accepts");
+        QTest::addColumn<QString>("callback"); // what it answers, if there is one
+        QTest::addColumn<int>("result");
+        QTest::addColumn<bool>("closes");
+        QTest::newRow("accepted") << true << "" << kOk << true;
+        QTest::newRow("refused") << false << "" << -1 << false;
+        QTest::newRow("accepted, kept open by the callback") << true << "-1" << kOk << false;
+        QTest::newRow("accepted, the callback agrees") << true << "0" << kOk << true;
+        QTest::newRow("accepted, another verdict") << true << "-2" << kOk << true;
+        QTest::newRow("refused, the callback closes") << false << "0" << -1 << true;
+        QTest::newRow("refused twice") << false << "-1" << -1 << false;
+    }
+    void clicks()
+    {
+        QFETCH(bool, accepts);
+        QFETCH(QString, callback);
+        QFETCH(int, result);
+        QFETCH(bool, closes);
+        PopUp w(nullptr, kOk | kNo);
+        w.answer = [accepts](int) { return accepts; };
+        Callback asked;
+        asked.verdict = callback.toInt();
+        if (!callback.isEmpty())
+            w.SetBtnClickCB(&Callback::call, &asked);
+        QSignalSpy quits(&w, &CBPPopWnd::sigQuit);
+        w.GetBtn(kCancel); // leaves an entry without a button
+        w.show();
+        QTest::mouseClick(w.GetBtn(kOk), Qt::LeftButton);
+        QCOMPARE(w.asked, QVector<int>{kOk});
+        QCOMPARE(asked.results, callback.isEmpty() ? QVector<int>() : QVector<int>{result});
+        QCOMPARE(w.GetResult(), result);
+        QCOMPARE(w.isVisible(), !closes);
+        QCOMPARE(quits.size(), int(closes));
+        if (closes)
+            QCOMPARE(quits[0][0].value<void *>(), static_cast<void *>(static_cast<QObject *>(&w)));
+
+        // Of two buttons with one flag only the second is one.
+        w.show();
+        CBPPushBtn *first = w.GetBtn(kOk);
+        w.AppendBtn(kOk);
+        QVERIFY(w.GetBtn(kOk) != first);
+        w.asked.clear();
+        quits.clear();
+        emit first->released();
+        QVERIFY(w.asked.isEmpty());
+        QCOMPARE(quits.size(), int(!callback.isEmpty() && asked.verdict != -1));
+    }
+
+    void endedWhileAsked_data()
+    {
+        QTest::addColumn<QString>("who"); // ends the dialog
+        QTest::addColumn<QString>("how");
+        for (const char *who : {"button", "callback"}) {
+            for (const char *how : {"close", "other button", "delete", "parent"})
+                QTest::addRow("%s, %s", who, how) << QString(who) << QString(how);
+        }
+    }
+    void endedWhileAsked()
+    {
+        QFETCH(QString, who);
+        QFETCH(QString, how);
+        auto *parent = new QWidget;
+        parent->show();
+        QPointer<PopUp> w(new PopUp(parent, kOk | kYes));
+        QSignalSpy quits(w, &CBPPopWnd::sigQuit);
+        QSignalSpy finished(w, &QDialog::finished);
+        const auto end = [&] {
+            if (how == "delete")
+                destroy(w);
+            else if (how == "parent")
+                destroy(parent);
+            else if (how == "close")
+                w->OnClose();
+            else
+                emit w->GetBtn(kYes)->released();
+        };
+        Callback callback;
+        bool ended = false;
+        const auto once = [&] {
+            if (!std::exchange(ended, true))
+                end();
+        };
+        if (who == "button") {
+            w->answer = [&](int flag) {
+                if (flag == kOk)
+                    once();
+                return true;
+            };
+        } else {
+            w->SetBtnClickCB(&Callback::call, &callback);
+            callback.act = once;
+        }
+        w->show();
+        QTest::mouseClick(w->GetBtn(kOk), Qt::LeftButton);
+        QVERIFY(ended);
+        const bool deleted = how == "delete" || how == "parent";
+        QCOMPARE(w.isNull(), deleted);
+        if (!deleted) { // the first end holds, and happens once
+            QCOMPARE(w->GetResult(), how == "close" ? kCancel : kYes);
+            QVERIFY(!w->isVisible());
+            QCOMPARE(quits.size(), 1);
+            QCOMPARE(finished.size(), 1);
+        }
+        if (how != "parent")
+            delete parent;
+    }
+
+    void brokenPresses_data()
+    {
+        QTest::addColumn<QString>("by");
+        QTest::addColumn<int>("result");
+        QTest::newRow("disabled") << "disable" << -1;
+        QTest::newRow("another focus") << "focus" << -1;
+        QTest::newRow("not at all") << "" << kOk;
+        QTest::newRow("disabled when accepted") << "accept" << kOk;
+    }
+    // Qt lets a button that is held down come up in these cases, and says so as of a click.
+    void brokenPresses()
+    {
+        QFETCH(QString, by);
+        PopUp w(nullptr, kOk | kNo);
+        if (by == "accept") {
+            w.answer = [&w](int flag) {
+                w.EnableButton(flag, false);
+                return true;
+            };
+        }
+        w.show();
+        w.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&w));
+        CBPPushBtn *button = w.GetBtn(kOk);
+        if (by == "disable")
+            button->setFocusPolicy(Qt::NoFocus); // or it would be the focus that leaves
+        else
+            button->QWidget::setFocus();
+        QTest::mousePress(button, Qt::LeftButton);
+        QVERIFY(button->isDown());
+        if (by == "disable")
+            w.EnableButton(kOk, false);
+        else if (by == "focus")
+            w.GetBtn(kNo)->QWidget::setFocus();
+        QVERIFY(w.isVisible());
+        if (by.isEmpty() || by == "accept")
+            QTest::mouseRelease(button, Qt::LeftButton);
+        QTEST(w.GetResult(), "result");
+        QVERIFY(!button->isDown());
+    }
+};
+
+LUMQT_TEST_MAIN(TestPopWnd)
+#include "tst_popwnd.moc"

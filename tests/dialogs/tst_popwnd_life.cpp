@@ -1,0 +1,385 @@
+#include "CBPPopWnd.h"
+
+#include "CBPPushBtn.h"
+#include "CBPWinFrmTitle.h"
+#include "Pixels.h"
+#include "platform/Platform.h"
+#include "PopUpProbe.h"
+#include "TestMain.h"
+#include "Util.h"
+
+#include <QLineEdit>
+#include <QPropertyAnimation>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QWindow>
+
+namespace {
+
+QStringList tabOrder(QWidget &window)
+{
+    QStringList names;
+    for (QWidget *next = window.nextInFocusChain(); next != &window; next = next->nextInFocusChain()) {
+        if (next->focusPolicy() & Qt::TabFocus)
+            names << next->objectName();
+    }
+    return names;
+}
+
+} // namespace
+
+class TestPopWndLife : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { lumqt::platform::answers() = m_answers; }
+
+    // ------------------------------------------------------------------------------------------------------
+    // running and ending
+
+    void running()
+    {
+        PopUp w(nullptr, kOk | kNo);
+        QCOMPARE(w.GetResult(), -1);
+        for (const int flag : {kOk, kNo}) { // and once more
+            later(&w, [&] {
+                QVERIFY(w.isModal());
+                QTest::mouseClick(w.GetBtn(flag), Qt::LeftButton);
+            });
+            w.Run();
+            QVERIFY(!w.isVisible() && !w.isModal());
+            QCOMPARE(w.GetResult(), flag);
+        }
+        w.SetResult(77);
+        later(&w, [&] { w.UnRun(); });
+        QCOMPARE(w.exec(), 0);
+        QCOMPARE(w.GetResult(), 77);
+        later(&w, [&] { w.accept(); });
+        QCOMPARE(w.exec(), int(QDialog::Accepted));
+    }
+
+    // Before its loop runs, too.
+    void endedWhileShown_data()
+    {
+        QTest::addColumn<QString>("how");
+        for (const char *how : {"UnRun", "OnClose", "close", "hide"})
+            QTest::newRow(how) << QString(how);
+    }
+    void endedWhileShown()
+    {
+        QFETCH(QString, how);
+        QPointer<PopUp> w(new PopUp(nullptr, kOk));
+        w->onShow = [&] {
+            if (how == "UnRun")
+                w->UnRun();
+            else if (how == "OnClose")
+                w->OnClose();
+            else if (how == "close")
+                w->close();
+            else
+                w->hide();
+        };
+        bool hangs = false;
+        QTimer guard;
+        connect(&guard, &QTimer::timeout, [&] {
+            hangs = true;
+            QCoreApplication::exit();
+        });
+        guard.start(3000);
+        w->Run();
+        QVERIFY(!hangs);
+        QVERIFY(w && !w->isVisible());
+        delete w;
+    }
+
+    void destroyedWhileRunning_data()
+    {
+        QTest::addColumn<QString>("how");
+        for (const char *how : {"dialog", "parent", "by sigQuit", "by finished"})
+            QTest::newRow(how) << QString(how);
+    }
+    void destroyedWhileRunning()
+    {
+        QFETCH(QString, how);
+        auto *parent = new QWidget;
+        parent->show();
+        QPointer<PopUp> w(new PopUp(parent, kOk));
+        if (how == "by sigQuit")
+            connect(w, &CBPPopWnd::sigQuit, [&] { destroy(w); });
+        else if (how == "by finished")
+            connect(w, &QDialog::finished, [&] { destroy(w); });
+        later(w, [&] {
+            if (how == "dialog")
+                destroy(w);
+            else if (how == "parent")
+                destroy(parent);
+            else
+                QTest::mouseClick(w->GetBtn(kOk), Qt::LeftButton);
+        });
+        w->Run();
+        QVERIFY(!w);
+        if (how != "parent")
+            delete parent;
+    }
+
+    void deletedOnClose()
+    {
+        QPointer<PopUp> w(new PopUp(nullptr, kOk));
+        w->setAttribute(Qt::WA_DeleteOnClose);
+        later(w, [&] { QTest::mouseClick(w->GetBtn(kOk), Qt::LeftButton); });
+        w->Run();
+        QVERIFY(w); // to be asked
+        QCOMPARE(w->GetResult(), kOk);
+        QTRY_VERIFY(!w);
+    }
+
+    void endsOnce()
+    {
+        PopUp w(nullptr, kOk);
+        QSignalSpy quits(&w, &CBPPopWnd::sigQuit);
+        QSignalSpy finished(&w, &QDialog::finished);
+        int shown = 0;
+        connect(&w, &CBPPopWnd::sigQuit, [&] { w.UnRun(); });
+        connect(&w, &QDialog::finished, [&] {
+            w.UnRun();
+            w.close();
+            if (shown++ == 0) { // again, out of its own end: that can be ended, too
+                later(&w, [&] { w.UnRun(); });
+                w.Run();
+            }
+        });
+        w.show();
+        w.UnRun();
+        QCOMPARE(shown, 2);
+        QCOMPARE(quits.size(), 2);
+        QCOMPARE(finished.size(), 2);
+    }
+
+    void closing_data()
+    {
+        QTest::addColumn<QString>("how");
+        QTest::addColumn<bool>("closes");
+        QTest::newRow("title bar") << "title" << true;
+        QTest::newRow("system") << "system" << true;
+        QTest::newRow("parent hidden") << "parent" << true;
+        QTest::newRow("Escape") << "Escape" << false;
+        QTest::newRow("Shift+Escape") << "Shift" << false;
+        QTest::newRow("F1") << "F1" << false;
+    }
+    void closing()
+    {
+        QFETCH(QString, how);
+        QFETCH(bool, closes);
+        QWidget parent;
+        parent.show();
+        PopUp w(&parent, kOk);
+        QSignalSpy quits(&w, &CBPPopWnd::sigQuit);
+        w.setModal(true);
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        if (how == "title")
+            w.titleBar()->on_btn_clicekedSlot(8);
+        else if (how == "system")
+            w.windowHandle()->close();
+        else if (how == "parent")
+            parent.hide();
+        else if (how == "F1")
+            QTest::keyClick(&w, Qt::Key_F1);
+        else
+            QTest::keyClick(&w, Qt::Key_Escape, how == "Shift" ? Qt::ShiftModifier : Qt::NoModifier);
+        QCOMPARE(w.isVisible(), !closes);
+        QCOMPARE(w.GetResult(), closes ? kCancel : -1);
+        QCOMPARE(quits.size(), int(closes));
+    }
+
+    // ------------------------------------------------------------------------------------------------------
+    // keyboard
+
+    void tabs_data()
+    {
+        QTest::addColumn<bool>("contentLast");
+        QTest::addColumn<bool>("mixed");
+        QTest::addColumn<QString>("order");
+        QTest::newRow("content first") << false << false << "edit id_BtnBack id_BtnOk id_BtnCancel";
+        QTest::newRow("content last") << true << false << "edit id_BtnBack id_BtnOk id_BtnCancel";
+        QTest::newRow("the application's") << true << true << "id_BtnOk edit id_BtnCancel id_BtnBack";
+    }
+    void tabs()
+    {
+        QFETCH(bool, contentLast);
+        QFETCH(bool, mixed);
+        PopUp w;
+        auto *edit = new QLineEdit;
+        edit->setObjectName("edit");
+        if (!contentLast)
+            w.AppendContent(edit, false, false, 0);
+        w.AppendBtn(kOk | kCancel);
+        w.PrependBtn(0x80000);
+        if (contentLast)
+            w.AppendContent(edit, false, false, 0);
+        if (mixed) {
+            QWidget::setTabOrder(w.GetBtn(kOk), edit);
+            QWidget::setTabOrder(edit, w.GetBtn(kCancel));
+        }
+        w.show();
+        QTEST(tabOrder(w).join(' '), "order");
+    }
+
+    void keyboardUse()
+    {
+        PopUp w(nullptr, kOk | kCancel);
+        auto *edit = new QLineEdit; // comes after the buttons, and is the first all the same
+        w.AppendContent(edit, false, false, 0);
+        w.show();
+        w.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&w));
+        QTRY_VERIFY(edit->hasFocus());
+        CBPPushBtn *ok = w.GetBtn(kOk);
+        QTest::keyClick(edit, Qt::Key_Return); // no button has the focus
+        QVERIFY(w.isVisible());
+
+        // A primary button has no frame to mark the focus with: a ring around it does.
+        const QPoint at = ok->mapTo(&w, QPoint(-2, ok->height() / 2));
+        QCOMPARE(shot(w).pixelColor(at), QColor(Qt::white));
+        QTest::keyClick(edit, Qt::Key_Tab);
+        QVERIFY(ok->hasFocus() && ok->isDefault());
+        QCOMPARE(shot(w).pixelColor(at), QColor("#4ba7f5"));
+        QTest::keyClick(ok, Qt::Key_Tab);
+        QVERIFY(w.GetBtn(kCancel)->hasFocus());
+        QCOMPARE(shot(w).pixelColor(at), QColor(Qt::white));
+        QTest::keyClick(w.GetBtn(kCancel), Qt::Key_Return);
+        QCOMPARE(w.GetResult(), kCancel);
+        QVERIFY(!w.isVisible());
+    }
+
+    // ------------------------------------------------------------------------------------------------------
+    // size and look
+
+    void sizes_data()
+    {
+        QTest::addColumn<QSize>("wanted");
+        QTest::addColumn<QSize>("size");
+        QTest::newRow("fits") << QSize(400, 300) << QSize(400, 300);
+        QTest::newRow("just") << QSize(1920, 1040) << QSize(1920, 1040);
+        QTest::newRow("too wide") << QSize(5000, 100) << QSize(1920, 1040);
+        QTest::newRow("too high") << QSize(100, 1041) << QSize(1920, 1040);
+        QTest::newRow("none") << QSize(-5, 100) << QSize(0, 100);
+    }
+    void sizes()
+    {
+        QFETCH(QSize, wanted);
+        QFETCH(QSize, size);
+        lumqt::platform::answers().workArea = [] { return QRect(0, 0, 1920, 1040); };
+        CBPPopWnd w(false, nullptr);
+        w.setFixedSize(wanted);
+        QCOMPARE(w.maximumSize(), size);
+        QCOMPARE(w.minimumSize(), size);
+        w.setFixedSize(10, 10);
+        w.setFixedSize(wanted.width(), wanted.height());
+        QCOMPARE(w.maximumSize(), size);
+
+        // The same size from a file; without an entry the given one.
+        QTemporaryDir dir;
+        const QString file = dir.filePath("sizes.ini");
+        Util::writeIni("dialogs", "name", wanted, file);
+        w.SetWndFixedSize("name", QSize(30, 20), "dialogs", file);
+        QCOMPARE(w.maximumSize(), wanted.isValid() ? size : QSize(30, 20));
+        w.SetWndFixedSize("other", QSize(40, 20), "dialogs", file);
+        QCOMPARE(w.maximumSize(), QSize(40, 20));
+        Util::writeIni("dialogs", "name", "no size", file);
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("no size"));
+        w.SetWndFixedSize("name", QSize(50, 20), "dialogs", file);
+        QCOMPARE(w.maximumSize(), QSize(50, 20));
+    }
+
+    void fadeIn()
+    {
+        CBPPopWnd fading(static_cast<QWidget *>(nullptr));
+        const auto *animation = fading.findChild<QPropertyAnimation *>();
+        QVERIFY(animation);
+        QCOMPARE(animation->duration(), 200);
+        QCOMPARE(animation->propertyName(), QByteArray("windowOpacity"));
+        QVERIFY(fading.windowOpacity() < 0.5);
+        QTRY_COMPARE(fading.windowOpacity(), 1.0);
+        QVERIFY(fading.findChild<QPropertyAnimation *>());
+        CBPPopWnd plain(false, nullptr);
+        QCOMPARE(plain.windowOpacity(), 1.0);
+        QVERIFY(!plain.findChild<QPropertyAnimation *>());
+    }
+
+    void painting()
+    {
+        lumqt::platform::answers().composited = [] { return true; };
+        PopUp w(nullptr, kOk);
+        w.AppendContent(new QWidget, true, false, 0);
+        w.resize(400, 300);
+        QImage image = shot(w);
+        const int bottom = w.statusBox()->y();
+        QCOMPARE(bottom, 300 - 10 - 70);
+        // Outside in: nothing, a shadow that grows, the body.
+        QCOMPARE(image.pixelColor(0, 0).alpha(), 0);
+        int last = 0;
+        for (int x = 0; x < 10; ++x) {
+            const int alpha = image.pixelColor(x, 150).alpha();
+            QVERIFY(alpha >= last && alpha < 100);
+            last = alpha;
+            QCOMPARE(image.pixelColor(399 - x, 150).alpha(), alpha);
+            QCOMPARE(image.pixelColor(200, 299 - x).alpha(), alpha);
+            QCOMPARE(image.pixelColor(200, x).alpha(), alpha);
+        }
+        QVERIFY(last > 30);
+        QCOMPARE(image.pixelColor(10, 150), QColor(Qt::white));
+        QCOMPARE(image.pixelColor(389, 289 - 12), QColor(Qt::white));
+        QVERIFY(image.pixelColor(389, 289) != QColor(Qt::white)); // a round corner
+        const QColor line("#e3e8ee");
+        QCOMPARE(boxOf(image, line), QRect(10, bottom, 380, 1));
+        w.SetDrawBottomHLine(false);
+        QVERIFY(boxOf(shot(w), line).isEmpty());
+        w.SetDrawBottomHLine(true);
+
+        // Without a title bar the body is round at the top, too.
+        w.showWindowTitle(false);
+        image = shot(w);
+        QVERIFY(image.pixelColor(10, 10) != QColor(Qt::white));
+        QCOMPARE(image.pixelColor(200, 10), QColor(Qt::white));
+        w.showWindowTitle(true);
+
+        lumqt::platform::answers().workArea = [] { return QRect(0, 0, 600, 500); };
+        w.OnMax();
+        image = shot(w);
+        QCOMPARE(image.size(), QSize(600, 500));
+        QCOMPARE(image.pixelColor(0, 250).alpha(), 0);
+        QCOMPARE(image.pixelColor(1, 250), QColor(Qt::white));
+        w.OnMax();
+        QVERIFY(shot(w).pixelColor(9, 150).alpha() > 30);
+    }
+
+    void withoutCompositor()
+    {
+        bool composited = false;
+        lumqt::platform::answers().composited = [&] { return composited; };
+        PopUp w(nullptr, kOk);
+        w.resize(400, 300);
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        const QRect body = w.rect().adjusted(10, 10, -10, -10);
+        QCOMPARE(w.mask().boundingRect(), body);
+        QVERIFY(!w.mask().contains(body.topLeft()));
+        const QColor outline("#d5dbe2"); // what keeps a white body from a white ground
+        QCOMPARE(shot(w).pixelColor(10, 150), outline);
+        QCOMPARE(shot(w).pixelColor(389, 150), outline);
+        w.resize(420, 300);
+        QCOMPARE(w.mask().boundingRect().right(), 409);
+        w.hide();
+        composited = true;
+        w.show();
+        QVERIFY(w.mask().isEmpty());
+    }
+
+private:
+    const lumqt::platform::Answers m_answers = lumqt::platform::answers();
+};
+
+LUMQT_TEST_MAIN(TestPopWndLife)
+#include "tst_popwnd_life.moc"

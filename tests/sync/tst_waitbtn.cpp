@@ -1,0 +1,239 @@
+#include "CBPWaitBtn.h"
+#include "CExpandBtn.h"
+
+#include "CBPEvtLoop.h"
+#include "Pixels.h"
+#include "TestMain.h"
+#include "Util.h"
+#include "Waiting.h"
+
+#include <QAccessible>
+#include <QLineEdit>
+#include <QSignalSpy>
+
+namespace {
+
+constexpr int kFirstFrame = 880; // ms, the start delay and a tick
+
+QStringList frames()
+{
+    QStringList paths;
+    for (int i = 0; i < 24; ++i)
+        paths << Util::getResFullPath(
+            QString("../res/loading/loading%1.png").arg(i, 2, 10, QLatin1Char('0')));
+    return paths;
+}
+
+} // namespace
+
+class TestWaitBtn : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void buttonWaits_data()
+    {
+        QTest::addColumn<bool>("ownLoop");
+        QTest::newRow("the caller's loop") << false;
+        QTest::newRow("its own loop") << true;
+    }
+    void buttonWaits()
+    {
+        QFETCH(bool, ownLoop);
+        QWidget window;
+        CBPWaitBtn button(frames(), "Go", "Wait", &window);
+        auto *other = new QLineEdit(&window);
+        other->move(0, 40);
+        window.show();
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        other->setFocus();
+        CBPEvtLoop own;
+        CBPEvtLoop *loop = ownLoop ? nullptr : &own;
+        CBPSyncObj &sync = button;
+        sync.setText("text of the wait");
+        QVERIFY(!button.isWaitting() && button.isEnabled());
+        bool looked = false;
+        later(&button, [&] {
+            looked = true;
+            QVERIFY(button.isWaitting() && !button.isEnabled());
+            QCOMPARE(button.text(), QString("Go")); // until there is a frame
+            QCOMPARE(sync.run(loop, false), 0);     // waits already
+            sync.exit(loop, true);
+            QVERIFY(!button.isWaitting() && button.isEnabled());
+        });
+        QCOMPARE(sync.run(loop, true), 0);
+        QVERIFY(looked);
+        QVERIFY(button.hasFocus());
+        QCOMPARE(button.text(), QString("Go"));
+        QCOMPARE(sync.text(), QString("text of the wait"));
+    }
+
+    void spinner()
+    {
+        CBPWaitBtn button(frames(), "Go", QString());
+        button.resize(100, 36);
+        button.show();
+        button.Show(true);
+        button.Show(true); // one stop is enough all the same
+        QVERIFY(button.currentPixmap().isNull() && button.icon().isNull());
+        QElapsedTimer clock;
+        clock.start();
+        QTRY_VERIFY(!button.icon().isNull());
+        QVERIFY(clock.elapsed() >= kFirstFrame / 2);
+        QCOMPARE(button.text(), QString()); // the waiting text
+        QCOMPARE(button.iconSize(), QSize(20, 20));
+        QCOMPARE(button.currentPixmap().size() / button.currentPixmap().devicePixelRatio(), QSize(20, 20));
+        // The button is disabled, the spinner is not.
+        const qreal ratio = button.currentPixmap().devicePixelRatio();
+        QCOMPARE(button.icon().pixmap(QSize(20, 20) * ratio, QIcon::Disabled).toImage(),
+                 button.currentPixmap().toImage());
+        button.Show(false);
+        QVERIFY(button.isEnabled() && !button.isWaitting());
+        QVERIFY(!button.icon().isNull()); // it and the text stay, other than after exit()
+        QCOMPARE(button.text(), QString());
+        button.exit(nullptr, false);
+        QVERIFY(button.icon().isNull());
+        QCOMPARE(button.text(), QString("Go"));
+    }
+
+    void withoutFrames()
+    {
+        CBPWaitBtn button(QStringList(), "Go", "Wait");
+        button.setReslist(QStringList());
+        button.show();
+        button.Show(true);
+        QVERIFY(button.isWaitting() && !button.isEnabled());
+        QTest::qWait(kFirstFrame + 200);
+        QVERIFY(button.isWaitting() && button.icon().isNull());
+        QCOMPARE(button.text(), QString("Go"));
+        button.Show(false);
+        QVERIFY(button.isEnabled());
+
+        QString text("Stop"), waiting("Stopping");
+        button.setWaitingText(text, waiting);
+        QCOMPARE(button.text(), text);
+        button.resize(160, 36);
+        button.setReslist(frames());
+        button.Show(true);
+        QTRY_COMPARE(button.text(), waiting);
+        // The text stands in the middle, as ever, and the spinner beside it.
+        button.setTextColor(QVector<QColor>(4, Qt::red));
+        button.setBgColor(QVector<QColor>(4, Qt::white));
+        const QRect inked = boxOf(button.grab().toImage(), Qt::red);
+        QVERIFY(inked.isValid());
+        button.setIcon(QIcon());
+        QCOMPARE(boxOf(button.grab().toImage(), Qt::red), inked);
+        button.exit(nullptr, false);
+        QCOMPARE(button.text(), text);
+    }
+
+    // Nobody sees it, so nothing moves.
+    void spinnerRests()
+    {
+        QWidget window;
+        CBPWaitBtn button(frames(), "Go", QString(), &window);
+        window.show();
+        button.Show(true);
+        QTRY_VERIFY(!button.icon().isNull());
+        window.hide();
+        const qint64 key = button.icon().cacheKey();
+        QTest::qWait(250);
+        QCOMPARE(button.icon().cacheKey(), key);
+        QVERIFY(button.isWaitting() && !button.isEnabled());
+        window.show();
+        QElapsedTimer clock;
+        clock.start();
+        QTRY_VERIFY(button.icon().cacheKey() != key);
+        QVERIFY(clock.elapsed() < kFirstFrame); // no new start delay
+        window.hide();
+        button.exit(nullptr, false);
+        button.Show(true); // begun while hidden
+        window.show();
+        QTRY_VERIFY(!button.icon().isNull());
+    }
+
+    void buttonWaitsEnd_data()
+    {
+        QTest::addColumn<QString>("how");
+        for (const char *how : {"deleted", "window deleted", "loop left"})
+            QTest::newRow(how) << QString(how);
+    }
+    void buttonWaitsEnd()
+    {
+        QFETCH(QString, how);
+        Watchdog dog;
+        auto *window = new QWidget;
+        QPointer<CBPWaitBtn> button(new CBPWaitBtn(frames(), "Go", QString(), window));
+        window->show();
+        auto loop = std::make_shared<CBPEvtLoop>();
+        later(button, [&] {
+            if (how == "deleted")
+                destroy(button);
+            else if (how == "window deleted")
+                destroy(window);
+            else
+                loop->quit();
+        });
+        button->run(loop.get(), false);
+        QVERIFY(!dog.bit());
+        QCOMPARE(button.isNull(), how != "loop left");
+        if (button) // nobody else would give it its look back
+            QVERIFY(button->isEnabled() && !button->isWaitting());
+        if (how != "window deleted")
+            delete window;
+    }
+
+    void buttonIsNamed()
+    {
+        CBPWaitBtn button(frames(), "Go", QString());
+        auto *accessible = QAccessible::queryAccessibleInterface(&button);
+        QVERIFY(accessible);
+        QCOMPARE(accessible->role(), QAccessible::PushButton);
+        QVERIFY(!accessible->state().busy);
+        button.Show(true);
+        button.setText(QString());
+        QCOMPARE(accessible->text(QAccessible::Name), QString("Go"));
+        QVERIFY(accessible->state().busy);
+        button.setAccessibleName("Own");
+        QCOMPARE(accessible->text(QAccessible::Name), QString("Own"));
+    }
+
+    void expandButton()
+    {
+        CExpandBtn button(frames(), "Details", "Loading");
+        QCOMPARE(button.height(), 44);
+        QCOMPARE(button.text(), QString("Details"));
+        button.resize(200, 44);
+        button.show();
+        QSignalSpy changes(&button, &CExpandBtn::sigExpandChanged);
+        auto *accessible = QAccessible::queryAccessibleInterface(&button);
+        QVERIFY(!button.isExpand() && accessible->state().collapsed && accessible->state().expandable);
+        const QRect arrow(200 - 16 - 16, 14, 16, 16);
+        const QImage down = button.grab(arrow).toImage();
+        QTest::mouseClick(&button, Qt::LeftButton);
+        QVERIFY(button.isExpand() && accessible->state().expanded && !accessible->state().collapsed);
+        QVERIFY(button.grab(arrow).toImage() != down);
+        button.setExpand(true);
+        QCOMPARE(changes.size(), 1);
+        QTest::keyClick(&button, Qt::Key_Space);
+        QVERIFY(!button.isExpand());
+        QCOMPARE(changes.size(), 2);
+
+        button.setExpand(true);
+        button.setExpandable(false);
+        QVERIFY(!button.isExpand() && !accessible->state().expandable);
+        button.onExpand();
+        button.setExpand(true);
+        QVERIFY(!button.isExpand());
+        QCOMPARE(changes.size(), 4);
+        QCOMPARE(accessible->text(QAccessible::Name), QString("Details"));
+        button.Show(true);
+        QVERIFY(accessible->state().busy);
+        button.exit(nullptr, false);
+        QCOMPARE(button.text(), QString("Details"));
+    }
+};
+
+LUMQT_TEST_MAIN(TestWaitBtn)
+#include "tst_waitbtn.moc"
