@@ -35,7 +35,6 @@ class TestPopWnd : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { lumqt::platform::answers() = m_answers; }
     // ------------------------------------------------------------------------------------------------------
     // buttons
 
