@@ -150,8 +150,7 @@ void CBPWaiter::advance()
 
 void CBPWaiter::on_timeout()
 {
-    if (!m_resting)
-        advance();
+    advance();
     if (isOver()) {
         done(kEnded); // the dialog may be gone after this
         return;

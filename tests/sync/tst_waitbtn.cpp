@@ -69,6 +69,25 @@ private Q_SLOTS:
         QCOMPARE(sync.text(), QString("text of the wait"));
     }
 
+    // Somebody else's loop: nothing is begun that nobody would end, and the focus stays.
+    void foreignLoop()
+    {
+        QWidget window;
+        CBPWaitBtn button(frames(), "Go", QString(), &window);
+        QLineEdit other(&window);
+        window.show();
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        button.QWidget::setFocus();
+        CBPEvtLoop loop;
+        later(&button, [&] {
+            QCOMPARE(button.run(&loop, false), 0);
+            QVERIFY(button.hasFocus() && button.isEnabled() && !button.isWaitting());
+            loop.exit(0);
+        });
+        loop.exec();
+    }
+
     void spinner()
     {
         CBPWaitBtn button(frames(), "Go", QString());
