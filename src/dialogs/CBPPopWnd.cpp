@@ -61,6 +61,8 @@ void CBPPopWnd::startFadeIn()
     animation->setDuration(kFadeTime);
     animation->setStartValue(0.0);
     animation->setEndValue(1.0);
+    // Some systems blend with the opacity at which something was painted, and not with the one it has now.
+    connect(animation, &QPropertyAnimation::valueChanged, this, [this] { update(); });
     animation->start(QAbstractAnimation::KeepWhenStopped);
 }
 
@@ -234,7 +236,9 @@ void CBPPopWnd::paintEvent(QPaintEvent *)
     painter.fillRect(rect(), Qt::transparent);
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     const QRect whole = bodyRect();
-    if (!isMaximized())
+    // Not blended it would be black, and of a mask some systems take no more than its bounding rectangle.
+    const bool blended = lumqt::platform::answers().composited();
+    if (blended && !isMaximized())
         lumqt::drawShadow(painter, rect(), whole.left());
 
     // Below the title bar only: white would shine through at the bar's own round corners.
@@ -244,8 +248,8 @@ void CBPPopWnd::paintEvent(QPaintEvent *)
         shown.setTop(title->geometry().bottom() + 1);
     lumqt::Body body;
     body.fill = kBody;
-    if (!lumqt::platform::answers().composited())
-        body.frame = kOutline; // nothing of the shadow is seen
+    if (!blended)
+        body.frame = kOutline;
     body.radiusX = lumqt::kDialogRadius;
     body.radiusY = lumqt::kDialogRadius;
     painter.setClipRect(shown);

@@ -369,6 +369,7 @@ private Q_SLOTS:
         const QColor outline("#d5dbe2"); // what keeps a white body from a white ground
         QCOMPARE(shot(w).pixelColor(10, 150), outline);
         QCOMPARE(shot(w).pixelColor(389, 150), outline);
+        QCOMPARE(shot(w).pixelColor(9, 150).alpha(), 0); // no shadow
         w.resize(420, 300);
         QCOMPARE(w.mask().boundingRect().right(), 409);
         w.hide();
