@@ -9,7 +9,6 @@
 #include <atomic>
 #include <memory>
 
-class CBPEvtLoop;
 class CBPSyncObj;
 class CWorkThreadMgr;
 
@@ -41,24 +40,25 @@ class LUMQT_EXPORT CBaseSyncExecuter : public QThread
 public:
     /// A job that has not started.
     ///
-    /// \param syncObj  what the caller waits in; not owned. It may die at any time. Null: execute() makes a
-    /// small
-    ///                 modal window with a spinner, a child of `window`.
-    /// \param text     handed to the sync object. "STR_GLOBAL_UNIQUE" makes it a global wait, which shows no
-    ///                 window.
-    /// \param window   the job is waited for on behalf of this window: the wait ends when it emits
-    ///                 `sigQuit(void *)` or is destroyed. Null: nothing ends the wait but the job.
-    /// \param attached owned: deleted with the executer. A CUIBaseThread is asked to stop when the window
-    /// goes. \since 1.0
+    /// The caller waits in \a syncObj, which is not owned and may die at any time. If it is null, execute()
+    /// makes a small modal window with a spinner, a child of \a window. \a text is handed to the sync object;
+    /// "STR_GLOBAL_UNIQUE" makes it a global wait, which shows no window.
+    ///
+    /// The job is waited for on behalf of \a window: the wait ends when that emits `sigQuit(void *)` or is
+    /// destroyed. If it is null, nothing ends the wait but the job.
+    ///
+    /// \a attached is owned: it is deleted with the executer. A CUIBaseThread is asked to stop when the
+    /// window goes. \since 1.0
     CBaseSyncExecuter(CBPSyncObj *syncObj, QString text, QObject *window, QObject *attached);
 
-    /// Starts the job, waits for it while events are handled, and returns its result; 0x1001 where the job
-    /// set none. Returns sooner, with the result as it then stands, when the window goes away, the wait is
-    /// broken off or the application quits; the job then runs on, and the executer deletes itself after it.
+    /// Starts the job, waits for it while events are handled, and returns its result; 0x1001 where no run of
+    /// it set one. Returns sooner, with the result as it then stands, when the window goes away, the wait is
+    /// broken off or the application quits. The job then runs on, and the executer deletes itself after it,
+    /// or in CWorkThreadMgr::WaitForAllExist() when events are not handled any more.
     ///
     /// May be called again once the job has ended. Does nothing but return the result while the job runs, and
-    /// after the window went away before the start. Waits nest: an outer one returns after the inner ones.
-    /// \since 1.0
+    /// after the window went away before the first start. Waits nest: an outer one returns after the inner
+    /// ones. \since 1.0
     unsigned long long execute();
 
     /// Ends the wait because the window goes away. Called by the manager; harmless at any time.
@@ -88,6 +88,7 @@ private Q_SLOTS:
 
 private:
     friend class CWorkThreadMgr;
+    struct Loop;
     struct Wait;
 
     void packetData(QObject *window);
@@ -95,6 +96,7 @@ private:
     void waitForJob(const Wait &wait);
     void endWait();
     void settle();
+    void dropWaiter();
     bool isGlobal() const;
     bool isOrphan() const;
     CBPSyncObj *syncObj() const;
@@ -104,7 +106,7 @@ private:
     bool m_ownsSyncUI = false;
     QString m_text;
     bool m_quit = false;
-    std::shared_ptr<CBPEvtLoop> m_loop; // shared with execute(), which may outlive the executer
+    std::shared_ptr<Loop> m_loop;
     QPointer<CWorkThreadMgr> m_manager;
     QPointer<QObject> m_attached;
     QPointer<QObject> m_window;
@@ -112,5 +114,4 @@ private:
     bool m_needDelete = true;
     Wait *m_wait = nullptr; // execute() while it waits
     bool m_endedInWait = false;
-    std::unique_ptr<QObject> m_nudge; // while a wait that was ended has not been left
 };

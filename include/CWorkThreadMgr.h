@@ -25,8 +25,8 @@ public:
     /// \since 1.0
     ~CWorkThreadMgr() override;
 
-    /// Takes an owner away; returns the new count. Calling it more often than instance() added owners destroys
-    /// the manager, and the next instance() makes another. \since 1.0
+    /// Takes an owner away; returns the new count. Calling it more often than instance() added owners
+    /// destroys the manager, and the next instance() makes another. \since 1.0
     long Release() override;
 
     /// Lists `exec` under `window`, which is used as a key only. Neither is owned. Null for `exec` is
@@ -41,9 +41,10 @@ public:
     /// \since 1.0
     bool isWndObjExist(void *window);
 
-    /// For the end of an application: sleeps, without handling events, until every job has ended, and deletes
-    /// the executers that would have deleted themselves. Those that their callers still have to delete are
-    /// left alone, and said in the log. Returns 0. \since 1.0
+    /// For the end of an application, while its application object still exists: sleeps, without handling
+    /// events, until every job that was waited for on behalf of a window has ended, and deletes the executers
+    /// that would have deleted themselves. Those that their callers still have to delete are left alone, and
+    /// said in the log. Returns 0. \since 1.0
     static int WaitForAllExist();
 
 private Q_SLOTS:

@@ -3,6 +3,16 @@
 #include <QColor>
 #include <QImage>
 #include <QRect>
+#include <QtTest>
+
+// The scalings that every picture has to hold at, as rows of a column "ratio".
+inline void scalings()
+{
+    QTest::addColumn<qreal>("ratio");
+    QTest::newRow("100 per cent") << 1.0;
+    QTest::newRow("150 per cent") << 1.5;
+    QTest::newRow("200 per cent") << 2.0;
+}
 
 // The smallest rectangle around all pixels of `color`; empty when there is none.
 inline QRect boxOf(const QImage &image, const QColor &color)

@@ -41,6 +41,15 @@ QString picturePath(const QString &name)
     return Util::getResFullPath(QStringLiteral("../res/") + name);
 }
 
+QStringList spinnerFrames()
+{
+    constexpr int kFrames = 24;
+    QStringList files;
+    for (int i = 0; i < kFrames; ++i)
+        files << picturePath(QStringLiteral("loading/loading%1.png").arg(i, 2, 10, QLatin1Char('0')));
+    return files;
+}
+
 QPixmap picture(const QString &name)
 {
     const qreal ratio = qApp->devicePixelRatio();

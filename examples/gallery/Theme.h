@@ -37,6 +37,9 @@ QLabel *label(const QString &text, Weight weight, int pixelSize, const QColor &c
 // The path of a picture of res/ ("icon_user.png", "Common/gift_normal.svg").
 QString picturePath(const QString &name);
 
+// The frames of the library's spinner.
+QStringList spinnerFrames();
+
 // The picture itself, at the density that the screen needs.
 QPixmap picture(const QString &name);
 

@@ -27,10 +27,10 @@ bool isEnter(const QKeyEvent *event)
 }
 
 // What screen readers see: a link, where a label would be a piece of text.
-class AccessibleLink : public QAccessibleWidget
+class AccessibleLink : public lumqt::AccessiblePressable
 {
 public:
-    explicit AccessibleLink(CBPLinkerButton *link) : QAccessibleWidget(link, QAccessible::Link) {}
+    explicit AccessibleLink(CBPLinkerButton *link) : AccessiblePressable(link, QAccessible::Link) {}
 
     QString text(QAccessible::Text kind) const override
     {
@@ -47,21 +47,8 @@ public:
         return result;
     }
 
-    QStringList actionNames() const override
-    {
-        QStringList names = QAccessibleWidget::actionNames();
-        if (link() && link()->isEnabled())
-            names.prepend(pressAction());
-        return names;
-    }
-
-    void doAction(const QString &name) override
-    {
-        if (name != pressAction())
-            QAccessibleWidget::doAction(name);
-        else if (link() && link()->isEnabled())
-            emit link()->sigLinkerClick(link()->bindData());
-    }
+protected:
+    void press() override { emit link()->sigLinkerClick(link()->bindData()); }
 
 private:
     CBPLinkerButton *link() const { return qobject_cast<CBPLinkerButton *>(object()); }

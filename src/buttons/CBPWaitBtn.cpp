@@ -107,6 +107,8 @@ int CBPWaitBtn::run(CBPEvtLoop *loop, bool)
 
 int CBPWaitBtn::exit(CBPEvtLoop *loop, bool)
 {
+    if (m_waits > 1) // the button stays the other wait's
+        return CBPSyncObj::exit(loop, false);
     const QPointer<CBPWaitBtn> alive(this);
     restore();
     if (alive)

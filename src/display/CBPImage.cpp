@@ -12,10 +12,10 @@
 namespace {
 
 // A picture, or a button while it can be clicked: only then it takes the focus.
-class AccessibleImage : public QAccessibleWidget
+class AccessibleImage : public lumqt::AccessiblePressable
 {
 public:
-    explicit AccessibleImage(QWidget *image) : QAccessibleWidget(image) {}
+    explicit AccessibleImage(QWidget *image) : AccessiblePressable(image, QAccessible::Graphic) {}
 
     QAccessible::Role role() const override
     {
@@ -29,21 +29,9 @@ public:
         return QAccessibleWidget::text(kind);
     }
 
-    QStringList actionNames() const override
-    {
-        QStringList names = QAccessibleWidget::actionNames();
-        if (clickable() && widget()->isEnabled())
-            names.prepend(pressAction());
-        return names;
-    }
-
-    void doAction(const QString &name) override
-    {
-        if (name != pressAction())
-            QAccessibleWidget::doAction(name);
-        else if (clickable() && widget()->isEnabled())
-            emit static_cast<CBPImage *>(widget())->sigImgClick();
-    }
+protected:
+    bool isPressable() const override { return clickable(); }
+    void press() override { emit static_cast<CBPImage *>(widget())->sigImgClick(); }
 
 private:
     bool clickable() const { return widget() && widget()->focusPolicy() != Qt::NoFocus; }

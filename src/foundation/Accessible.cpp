@@ -83,4 +83,25 @@ void AccessibleButton::doAction(const QString &action)
         QAccessibleWidget::doAction(action);
 }
 
+bool AccessiblePressable::canPress() const
+{
+    return widget() && widget()->isEnabled() && isPressable();
+}
+
+QStringList AccessiblePressable::actionNames() const
+{
+    QStringList names = QAccessibleWidget::actionNames();
+    if (canPress())
+        names.prepend(pressAction());
+    return names;
+}
+
+void AccessiblePressable::doAction(const QString &action)
+{
+    if (action != pressAction())
+        QAccessibleWidget::doAction(action);
+    else if (canPress())
+        press();
+}
+
 } // namespace lumqt

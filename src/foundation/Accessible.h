@@ -30,4 +30,22 @@ private:
     std::function<QString()> m_ownName;
 };
 
+// A widget that is no button, and that assistive tools press all the same.
+class AccessiblePressable : public QAccessibleWidget
+{
+public:
+    AccessiblePressable(QWidget *widget, QAccessible::Role role) : QAccessibleWidget(widget, role) {}
+
+    QStringList actionNames() const override;
+    void doAction(const QString &action) override;
+
+protected:
+    // Whether it can be pressed at all; a disabled widget never can.
+    virtual bool isPressable() const { return true; }
+    virtual void press() = 0;
+
+private:
+    bool canPress() const;
+};
+
 } // namespace lumqt

@@ -49,10 +49,14 @@ void CBPUISyncWaiter::Layout()
 int CBPUISyncWaiter::run(CBPEvtLoop *loop, bool global)
 {
     // The waiter may be gone after either.
+    const QPointer<CBPUISyncWaiter> alive(this);
     if (global)
         CBPSyncObj::run(loop, false);
     else
         Run();
+    // The end of the application leaves the wait, and the window as it is: in the way of any other.
+    if (alive)
+        hide();
     return 0;
 }
 

@@ -21,20 +21,13 @@ const char kGlobalText[] = "STR_GLOBAL_UNIQUE";
 
 // Who deletes an executer, from its making to its end:
 //
-//  state              m_quit  m_needDelete  deleted by
-//  not started        false   true          its caller. Also when the window goes then: m_quit becomes true,
-//                                           and execute() only returns the result
-//  waiting            false   true          nobody: execute() is on the stack. Who does it nevertheless takes
-//  the
-//                                           wait with it
-//  ended              true    true          its caller: the job was over before the wait was
-//  orphan, in wait    true    false         nobody yet: the window went, and execute() unwinds. If the job
-//  ends
-//                                           meanwhile, settle() deletes it later, so that the caller can
-//                                           still ask
-//  orphan             true    false         onFinished(), when the job ends; or the manager, at the end of
-//  the
-//                                           application
+// - not started (m_quit false, m_needDelete true): its caller. The same when the window goes before the
+//   start; m_quit is true then, and execute() only returns the result.
+// - waiting (false, true): nobody; execute() is on the stack. Who does it all the same takes the wait along.
+// - ended (true, true): its caller; the job was over before the wait was.
+// - orphan in its wait (true, false): nobody yet; the window went, and execute() unwinds. If the job ends
+//   meanwhile, settle() has it deleted later, so that the caller can still ask.
+// - orphan (true, false): onFinished(), when the job ends; or the manager, at the end of the application.
 //
 // settle() is what decides when a wait is over, and the only place that makes an orphan of an executer whose
 // window is still there: the wait was broken off (Escape, the waiting window or button gone, the application
@@ -47,11 +40,26 @@ struct CBaseSyncExecuter::Wait
     unsigned long long result = 0; // of an executer that is gone
 };
 
+// Shared with execute(), which may outlive the executer.
+struct CBaseSyncExecuter::Loop
+{
+    CBPEvtLoop events;
+    std::unique_ptr<lumqt::LoopNudge> nudge;
+
+    // Ends it. What is to be waited in may handle events before its loop begins; nothing would be there to be
+    // ended yet, so it is ended again until the wait has been left.
+    void end()
+    {
+        events.exit(0);
+        nudge = std::make_unique<lumqt::LoopNudge>([this] { events.exit(0); });
+    }
+};
+
 CBaseSyncExecuter::CBaseSyncExecuter(CBPSyncObj *syncObj, QString text, QObject *window, QObject *attached)
     : m_result(kNoResult),
       m_syncObj(syncObj),
       m_text(text),
-      m_loop(std::make_shared<CBPEvtLoop>()),
+      m_loop(std::make_shared<Loop>()),
       m_manager(CWorkThreadMgr::instance()),
       m_attached(attached),
       m_window(window),
@@ -131,7 +139,6 @@ unsigned long long CBaseSyncExecuter::execute()
     if (!wait.alive)
         return wait.result;
     m_wait = nullptr;
-    m_nudge.reset();
     settle();
     return m_result;
 }
@@ -147,30 +154,33 @@ void CBaseSyncExecuter::makeWaiter()
 
 void CBaseSyncExecuter::waitForJob(const Wait &wait)
 {
-    const std::shared_ptr<CBPEvtLoop> loop = m_loop;
+    const std::shared_ptr<Loop> loop = m_loop;
     if (CBPSyncObj *sync = syncObj())
         sync->setText(m_text);
     // Events may have been handled in there.
     CBPSyncObj *sync = wait.alive && !m_quit ? syncObj() : nullptr;
     if (sync)
-        sync->run(loop.get(), isGlobal());
+        sync->run(&loop->events, isGlobal());
+    loop->nudge.reset();
 }
 
 // The object may be gone afterwards.
 void CBaseSyncExecuter::endWait()
 {
-    m_nudge = std::make_unique<lumqt::LoopNudge>();
-    const std::shared_ptr<CBPEvtLoop> loop = m_loop;
+    const std::shared_ptr<Loop> loop = m_loop;
+    const bool waits = m_wait; // not so after a start() by hand
     if (CBPSyncObj *sync = syncObj())
-        sync->exit(loop.get(), isGlobal());
-    else
-        loop->exit(0); // a wait that outlived what it was seen in
+        sync->exit(&loop->events, isGlobal());
+    if (waits)
+        loop->end(); // also a wait that outlived what it was seen in
 }
 
 // The wait is over, whoever ended it.
 void CBaseSyncExecuter::settle()
 {
     if (m_quit) {
+        if (!m_needDelete)
+            dropWaiter();
         if (m_endedInWait)
             deleteLater();
         return;
@@ -181,9 +191,17 @@ void CBaseSyncExecuter::settle()
         return;
     }
     m_needDelete = false;
-    // Another wait may be going on in what is not ours by the time the job ends.
-    if (!m_ownsSyncUI)
-        m_syncObj = nullptr;
+    dropWaiter();
+}
+
+// An orphan waits in nothing any more. In what is not ours another wait may be going on by the time the job
+// ends; and what is ours is a window, which could not be deleted after the application.
+void CBaseSyncExecuter::dropWaiter()
+{
+    CBPSyncObj *sync = m_ownsSyncUI ? syncObj() : nullptr;
+    m_ownsSyncUI = false;
+    m_syncObj = nullptr;
+    delete sync;
 }
 
 void CBaseSyncExecuter::onFinished()
@@ -222,15 +240,12 @@ void CBaseSyncExecuter::onSyncUIDestroyed()
     m_ownsSyncUI = false;
     m_syncObj = nullptr;
     if (m_wait && !m_quit)
-        m_loop->exit(0);
+        m_loop->end();
 }
 
 void CBaseSyncExecuter::release()
 {
-    CBPSyncObj *sync = m_ownsSyncUI ? syncObj() : nullptr;
-    m_ownsSyncUI = false;
-    m_syncObj = nullptr;
-    delete sync;
+    dropWaiter();
     delete m_attached.data();
     if (m_manager)
         m_manager->removeData(m_windowKey, this);

@@ -5,6 +5,7 @@
 #include "CBPTableWidget.h"
 #include "CBPTreeView.h"
 #include "CBPTreeWidget.h"
+#include "Pixels.h"
 #include "TestMain.h"
 
 #include <QHeaderView>
@@ -96,13 +97,7 @@ private slots:
         }
     }
 
-    void lineIsOnePixelWide_data()
-    {
-        QTest::addColumn<qreal>("ratio");
-        QTest::newRow("100 per cent") << 1.0;
-        QTest::newRow("150 per cent") << 1.5;
-        QTest::newRow("200 per cent") << 2.0;
-    }
+    void lineIsOnePixelWide_data() { scalings(); }
 
     void lineIsOnePixelWide()
     {

@@ -2,6 +2,7 @@
 #include "CBPFrameBox.h"
 #include "CBPGridBox.h"
 #include "CBPWidget.h"
+#include "Pixels.h"
 #include "TestMain.h"
 
 #include <QBoxLayout>
@@ -125,13 +126,7 @@ private slots:
         QCOMPARE(layout->sizeConstraint(), QLayout::SetFixedSize);
     }
 
-    void frame_data()
-    {
-        QTest::addColumn<qreal>("ratio");
-        QTest::newRow("100 per cent") << 1.0;
-        QTest::newRow("150 per cent") << 1.5;
-        QTest::newRow("200 per cent") << 2.0;
-    }
+    void frame_data() { scalings(); }
 
     void frame()
     {

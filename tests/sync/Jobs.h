@@ -25,6 +25,21 @@ Q_SIGNALS:
     void sigQuit(void *window);
 };
 
+// Can be given up on, as a waiting window is that the user closes.
+class Breakable : public CBPSyncObj
+{
+public:
+    int run(CBPEvtLoop *loop, bool global) override
+    {
+        m_loop = loop;
+        return CBPSyncObj::run(loop, global);
+    }
+    void breakOff() { m_loop->exit(0); }
+
+private:
+    CBPEvtLoop *m_loop = nullptr;
+};
+
 // What a job does, apart from the executer, which may be gone while it runs.
 struct Task
 {

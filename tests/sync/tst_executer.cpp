@@ -66,21 +66,6 @@ public:
     }
 };
 
-// Can be given up on, as a waiting window is that the user closes.
-class Breakable : public CBPSyncObj
-{
-public:
-    int run(CBPEvtLoop *loop, bool global) override
-    {
-        m_loop = loop;
-        return CBPSyncObj::run(loop, global);
-    }
-    void breakOff() { m_loop->exit(0); }
-
-private:
-    CBPEvtLoop *m_loop = nullptr;
-};
-
 } // namespace
 
 class TestExecuter : public QObject
@@ -269,6 +254,59 @@ private Q_SLOTS:
         QVERIFY(job.isNeedDelete());
     }
 
+    // Nor when it ends before the sync object has come to its loop, which is there to be ended from then on.
+    void endsWithinRun_data()
+    {
+        QTest::addColumn<QString>("end");
+        for (const char *end : {"job", "window quits", "window dies"})
+            QTest::newRow(end) << end;
+    }
+    void endsWithinRun()
+    {
+        QFETCH(QString, end);
+        class Slow : public CBPSyncObj
+        {
+        public:
+            std::function<void()> before;
+            int run(CBPEvtLoop *loop, bool global) override
+            {
+                before();
+                return CBPSyncObj::run(loop, global);
+            }
+        } slow;
+        const TaskPointer task = gatedTask(31);
+        QPointer<Job> job = new Job(&slow, m_window, task);
+        slow.before = [&] {
+            if (end == QLatin1String("job")) {
+                task->gate.release();
+                spinUntilEnded(*task);
+            } else if (end == QLatin1String("window quits")) {
+                m_window->quit();
+            } else {
+                delete m_window.data();
+            }
+        };
+        QCOMPARE(job->execute(), end == QLatin1String("job") ? 31ULL : kNone);
+        if (job->isNeedDelete())
+            delete job.data();
+        task->gate.release();
+        QTRY_VERIFY(job.isNull());
+    }
+
+    // An orphan leaves the sync object to those who wait in it by the time its job ends.
+    void orphanLeavesTheSyncObject()
+    {
+        Recorder recorder;
+        const TaskPointer task = gatedTask();
+        QPointer<Job> job = new Job(&recorder, m_window, task);
+        inTheWait(job, [&] { m_window->quit(); });
+        job->execute();
+        recorder.calls.clear();
+        task->gate.release();
+        QTRY_VERIFY(job.isNull());
+        QCOMPARE(recorder.calls, QStringList());
+    }
+
     void busySyncObject()
     {
         // One that does not wait at all: the caller gets the result as it stands.
@@ -427,8 +465,8 @@ private Q_SLOTS:
         QVERIFY(!manager()->isWndObjExist(m_window));
     }
 
-    // The signal is connected once, however often the window comes and goes in the table.
-    void heardOnce()
+    // The window may come and go in the table.
+    void heardAfterComingBack()
     {
         for (int i = 0; i < 3; ++i)
             delete new Job(m_sync, m_window, timedTask(0));

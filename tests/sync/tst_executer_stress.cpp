@@ -15,20 +15,6 @@ constexpr int kLongestMs = 20; // of a job, and of what ends its wait
 
 enum Ending { ByJob, WindowQuits, WindowDies, SyncDies, BrokenOff, Deleted, EndingCount };
 
-class Breakable : public CBPSyncObj
-{
-public:
-    int run(CBPEvtLoop *loop, bool global) override
-    {
-        m_loop = loop;
-        return CBPSyncObj::run(loop, global);
-    }
-    void breakOff() { m_loop->exit(0); }
-
-private:
-    CBPEvtLoop *m_loop = nullptr;
-};
-
 } // namespace
 
 class TestExecuterStress : public QObject
@@ -66,7 +52,7 @@ private Q_SLOTS:
         QVERIFY(m_deepest > 3);
         for (int i = 0; i < EndingCount; ++i)
             QVERIFY2(m_endings[i] > kExecuters / 20, qPrintable(QString::number(i)));
-        QTRY_COMPARE(ProcessCounts::now().threads, before.threads);
+        QTRY_VERIFY(ProcessCounts::now().threads <= before.threads);
         QVERIFY2(ProcessCounts::now().handles <= before.handles + 8,
                  qPrintable(QStringLiteral("%1 handles, %2 before")
                                 .arg(ProcessCounts::now().handles)

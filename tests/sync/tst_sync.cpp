@@ -204,7 +204,7 @@ private Q_SLOTS:
         QCOMPARE(timer.interval(), 80);
         QCOMPARE(timer.timerCnt(), 0);
         timer.start();
-        QTRY_COMPARE(timer.timerCnt(), 1);
+        QTRY_VERIFY(timer.timerCnt() >= 1);
         timer.start(1);
         QCOMPARE(timer.timerCnt(), 0);
         QTRY_VERIFY(timer.timerCnt() >= 3);

@@ -17,25 +17,16 @@
 
 namespace {
 
-constexpr int kSpinnerFrames = 24;
 constexpr int kColumnWidth = 264;
 constexpr int kBars = 4;
 constexpr int kBarFrames = 12;
 constexpr int kBarsSize = 32;
 
-QStringList spinnerFiles()
-{
-    QStringList files;
-    for (int i = 0; i < kSpinnerFrames; ++i)
-        files << theme::picturePath(QString("loading/loading%1.png").arg(i, 2, 10, QLatin1Char('0')));
-    return files;
-}
-
 // What a widget does with an animation: it shows each picture, and stops the clock while it is hidden.
 class Spinner : public QLabel
 {
 public:
-    Spinner() : m_animation(spinnerFiles())
+    Spinner() : m_animation(theme::spinnerFrames())
     {
         connect(&m_animation, &CBPAnimationObj::frameChanged, this,
                 [this] { setPixmap(m_animation.currentPixmap()); });
@@ -144,17 +135,18 @@ void addLiveSamples(Page *page)
 void addFrames(Page *page)
 {
     Section *section = page->addSection("The spinner's pictures", "res/loading, in their order.");
-    CBPAnimationObj animation(spinnerFiles());
+    const QStringList files = theme::spinnerFrames();
+    CBPAnimationObj animation(files);
     animation.setDelayInterval(0);
     QMetaObject::invokeMethod(&animation, "onTimeout"); // none is to be had before the first one is shown
     QVector<Sample> samples;
-    for (int i = 0; i < kSpinnerFrames; ++i) {
+    for (int i = 0; i < files.size(); ++i) {
         auto *label = new QLabel;
         label->setPixmap(animation.pixmapAt(i));
         samples.append({QString::number(i), label});
     }
-    section->addColumns(8 * theme::kUnit, samples.mid(0, kSpinnerFrames / 2));
-    section->addColumns(8 * theme::kUnit, samples.mid(kSpinnerFrames / 2));
+    section->addColumns(8 * theme::kUnit, samples.mid(0, samples.size() / 2));
+    section->addColumns(8 * theme::kUnit, samples.mid(samples.size() / 2));
 }
 
 void addSteps(Page *page)

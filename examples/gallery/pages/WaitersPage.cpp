@@ -18,15 +18,6 @@ namespace {
 
 constexpr int kColumnWidth = 216;
 constexpr int kWait = 4000; // ms, of the live samples
-constexpr int kFrameCount = 24;
-
-QStringList frames()
-{
-    QStringList paths;
-    for (int i = 0; i < kFrameCount; ++i)
-        paths << theme::picturePath(QString("loading/loading%1.png").arg(i, 2, 10, QLatin1Char('0')));
-    return paths;
-}
 
 // ----------------------------------------------------------------------------------------------------------
 // live
@@ -34,7 +25,7 @@ QStringList frames()
 // A button of a pop-up: its colours are those of the row.
 CBPWaitBtn *primary(const QString &text, const QString &waitingText)
 {
-    auto *button = new CBPWaitBtn(frames(), text, waitingText);
+    auto *button = new CBPWaitBtn(theme::spinnerFrames(), text, waitingText);
     button->setBgColor({QColor("#49a7f5"), QColor("#5baff6"), QColor("#4195dc"), QColor("#c9e5fc")});
     button->setTextColor({Qt::white, Qt::white, Qt::white, QColor("#2f6fa8")});
     button->setFrmTrancent(true);
@@ -162,7 +153,7 @@ void addWindows(Page *page)
 
 CExpandBtn *expander(const QString &text)
 {
-    auto *button = new CExpandBtn(frames(), text, QString());
+    auto *button = new CExpandBtn(theme::spinnerFrames(), text, QString());
     button->setFixedWidth(200);
     return button;
 }

@@ -18,18 +18,9 @@
 
 namespace {
 
-constexpr int kFrameCount = 24;
 constexpr int kTickMs = 100;
 constexpr int kSteps = 30; // of a job
 constexpr unsigned long kStepMs = 100;
-
-QStringList frames()
-{
-    QStringList paths;
-    for (int i = 0; i < kFrameCount; ++i)
-        paths << theme::picturePath(QString("loading/loading%1.png").arg(i, 2, 10, QLatin1Char('0')));
-    return paths;
-}
 
 // Counts to a hundred, slowly, on its own thread.
 class CountJob : public CBaseSyncExecuter
@@ -74,7 +65,7 @@ CBPPushBtn *opener(const QString &text, EventLog *log, const std::function<void(
 
 CBPWaitBtn *waitingButton(EventLog *log)
 {
-    auto *button = new CBPWaitBtn(frames(), "Count in the button", "Counting");
+    auto *button = new CBPWaitBtn(theme::spinnerFrames(), "Count in the button", "Counting");
     button->setBgColor({QColor("#49a7f5"), QColor("#5baff6"), QColor("#4195dc"), QColor("#c9e5fc")});
     button->setTextColor({Qt::white, Qt::white, Qt::white, QColor("#2f6fa8")});
     button->setFrmTrancent(true);
