@@ -550,12 +550,13 @@ private slots:
         QFETCH(QString, by);
         const QPointer<CBPMenu> menu(new CBPMenu);
         fill(*menu, 3);
+        const bool inExec = by == QLatin1String("timer in exec()");
+        if (!inExec)
+            QVERIFY(open(*menu));
         if (by.startsWith(QLatin1String("timer")))
             QTimer::singleShot(50, this, [menu] { delete menu; });
-        if (by == QLatin1String("timer in exec()"))
+        if (inExec)
             QVERIFY(!menu->exec(QPoint(20, 20)));
-        else
-            QVERIFY(open(*menu));
         if (by.startsWith(QLatin1String("slot"))) {
             connect(menu, by.contains(QLatin1String("hovered")) ? &QMenu::hovered : &QMenu::triggered, menu,
                     &QObject::deleteLater);
