@@ -1,3 +1,5 @@
+#include "CBPUISyncWaiter.h"
+#include "CBPWaitBtn.h"
 #include "CWorkThreadMgr.h"
 #include "Jobs.h"
 #include "ProcessCounts.h"
@@ -30,10 +32,11 @@ private Q_SLOTS:
             seed = 20261125;
         m_random.seed(seed);
         qInfo("LUMQT_SEED=%u", seed);
-        // Of those that are deleted while their job runs.
+        // Of those that are deleted or executed while their job runs, and of windows where there is no
+        // screen.
         m_before = qInstallMessageHandler(
             [](QtMsgType type, const QMessageLogContext &context, const QString &text) {
-                if (type != QtWarningMsg || !text.startsWith(QLatin1String("An executer is deleted")))
+                if (type != QtWarningMsg || !isExpected(text))
                     m_before(type, context, text);
             });
     }
@@ -60,52 +63,116 @@ private Q_SLOTS:
     }
 
 private:
+    static bool isExpected(const QString &warning)
+    {
+        return warning.startsWith(QLatin1String("An executer ")) ||
+               warning.startsWith(QLatin1String("This plugin does not support"));
+    }
+
     int upTo(int highest) { return int(m_random.bounded(highest + 1)); }
 
-    // Makes an executer with a window and a sync object of its own, and waits for it.
-    void waitOnce(int depth)
+    // What one wait is made of. What may die in it is watched.
+    struct Scene
+    {
+        QPointer<QuitWindow> window;
+        bool ownsWindow = true;
+        Breakable *plain = nullptr;
+        QPointer<CBPWaitBtn> button;
+        QPointer<Job> job;
+        bool waiting = true;
+
+        CBPSyncObj *sync() const
+        {
+            return plain ? static_cast<CBPSyncObj *>(plain) : static_cast<CBPSyncObj *>(button.data());
+        }
+    };
+
+    // Most wait in what shows nothing, some in a button, some in the window that the executer makes.
+    void furnish(Scene &scene)
+    {
+        const int kind = upTo(19);
+        if (kind == 0)
+            return;
+        if (kind == 1)
+            scene.button = new CBPWaitBtn({}, QStringLiteral("Start"), QString(), &m_page, true);
+        else
+            scene.plain = new Breakable;
+    }
+
+    void end(Scene &scene, Ending ending)
+    {
+        if (!scene.waiting)
+            return;
+        if (ending == WindowQuits && scene.window) {
+            scene.window->quit();
+        } else if (ending == WindowDies) {
+            delete scene.window.data();
+        } else if (ending == SyncDies) {
+            delete scene.plain;
+            scene.plain = nullptr;
+            delete scene.button.data();
+        } else if (ending == BrokenOff) {
+            if (scene.plain)
+                scene.plain->breakOff();
+            else if (scene.button)
+                scene.button->exit(nullptr, false);
+            else
+                closeNewestWaiter();
+        } else if (ending == Deleted && scene.job) {
+            if (upTo(1) == 0)
+                scene.job->deleteLater();
+            else
+                delete scene.job.data();
+        }
+    }
+
+    static void closeNewestWaiter()
+    {
+        const auto windows = QApplication::topLevelWidgets();
+        for (QWidget *window : windows) {
+            auto *waiter = qobject_cast<CBPUISyncWaiter *>(window);
+            if (!waiter || !waiter->isVisible())
+                continue;
+            waiter->SetRespondEsc(true);
+            QTest::keyClick(waiter, Qt::Key_Escape);
+            return;
+        }
+    }
+
+    // Makes an executer, under a window of its own or one that others wait under, and waits for it.
+    void waitOnce(int depth, QuitWindow *shared = nullptr)
     {
         ++m_made;
         m_deepest = qMax(m_deepest, depth);
-        auto *window = new QuitWindow;
-        auto *sync = new Breakable;
-        const QPointer<QObject> windowAlive(window);
-        bool syncAlive = true;
-        bool waiting = true;
+        Scene scene;
+        scene.ownsWindow = !shared;
+        scene.window = shared ? shared : new QuitWindow;
+        furnish(scene);
         const auto ending = Ending(upTo(EndingCount - 1));
         ++m_endings[ending];
-        QPointer<Job> job = new Job(sync, window, timedTask(upTo(kLongestMs), 7));
+        scene.job = new Job(scene.sync(), scene.window, timedTask(upTo(kLongestMs), 7));
         QObject context; // what is meant for this wait goes with it
-        QTimer::singleShot(upTo(kLongestMs), &context, [&, ending] {
-            if (!waiting)
-                return;
-            if (ending == WindowQuits)
-                window->quit();
-            else if (ending == WindowDies)
-                delete window;
-            else if (ending == SyncDies) {
-                syncAlive = false;
-                delete sync;
-            } else if (ending == BrokenOff)
-                sync->breakOff();
-            else if (ending == Deleted)
-                delete job.data();
-        });
+        QTimer::singleShot(upTo(kLongestMs), &context, [&, ending] { end(scene, ending); });
         const int nested = depth < kDeepest ? upTo(2) : 0;
-        for (int i = 0; i < nested && m_made < kExecuters; ++i)
-            QTimer::singleShot(upTo(kLongestMs), &context, [&, depth] {
+        for (int i = 0; i < nested && m_made < kExecuters; ++i) {
+            const bool sameWindow = upTo(2) == 0;
+            QTimer::singleShot(upTo(kLongestMs), &context, [&, depth, sameWindow] {
                 if (m_made < kExecuters)
-                    waitOnce(depth + 1);
+                    waitOnce(depth + 1, sameWindow ? scene.window.data() : nullptr);
             });
-        const unsigned long long result = job->execute();
-        waiting = false;
+        }
+        const unsigned long long result = scene.job->execute();
+        scene.waiting = false;
         ++m_returned;
         QVERIFY(result == 7 || result == 0x1001);
-        if (job && job->isNeedDelete())
-            delete job.data();
-        if (syncAlive)
-            delete sync;
-        delete windowAlive.data();
+        if (scene.job && scene.job->isNeedDelete() && upTo(9) == 0)
+            scene.job->execute(); // and once more
+        if (scene.job && scene.job->isNeedDelete())
+            delete scene.job.data();
+        delete scene.plain;
+        delete scene.button.data();
+        if (scene.ownsWindow)
+            delete scene.window.data();
     }
 
     // The jobs that nobody waits for end, and their executers go.
@@ -116,6 +183,7 @@ private:
     }
 
     static QtMessageHandler m_before;
+    QWidget m_page;
     QRandomGenerator m_random;
     int m_made = 0;
     int m_returned = 0;
