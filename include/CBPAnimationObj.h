@@ -14,7 +14,8 @@
 /// It knows no widget, so it runs until it is stopped: stop it while what shows it is hidden. After start()
 /// the first picture waits for the start delay, so that short waits show no animation at all. Files are
 /// loaded from the paths as they are given ("name@2x.png" beside "name.png" is taken on dense screens); a
-/// missing one counts as an empty picture. GUI thread only. \since 1.0
+/// missing one, and one of more than 8192 pixels a side, counts as an empty picture. GUI thread only.
+/// \since 1.0
 class LUMQT_EXPORT CBPAnimationObj : public QObject
 {
     Q_OBJECT
@@ -30,7 +31,7 @@ public:
     ///
     /// The side of the strip is divided by \a count again for each picture: picture i is as wide (high) as
     /// the strip divided by count to the power of i + 1. So this is of use for a single picture. A negative
-    /// count gives no pictures. \since 1.0
+    /// count gives no pictures, one above 4096 that many with a warning. \since 1.0
     CBPAnimationObj(QString file, int count, bool horizontal);
 
     ~CBPAnimationObj() override;
@@ -39,7 +40,8 @@ public:
     void start();
 
     /// Takes back one start(); the last one stops the timer. The next start() has its delay again, ten times
-    /// the interval. One call too many does nothing. \since 1.0
+    /// the interval as it is now; so has an animation that runs on. One call too many only sets the delay.
+    /// \since 1.0
     void stop();
 
     /// Whether the timer runs. \since 1.0

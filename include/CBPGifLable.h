@@ -27,14 +27,19 @@ public:
     /// running animation goes on with the new files. \since 1.0
     void SetResInfo(const QString &dir, const int &count);
 
-    /// Starts with the first picture, which shows after a tenth of a second. Returns whether the animation
-    /// runs: not so for a count below 1. \since 1.0
+    /// Starts with the first picture, which shows after a tenth of a second, or a tenth of a second after the
+    /// label is shown. Returns whether the animation runs now.
+    ///
+    /// Not so for a count below 1. That stops nothing: what was started before plays on until StopGif(), but
+    /// IsRunning() says no. \since 1.0
     bool StartGif();
 
-    /// Stops the animation and takes the picture away. \since 1.0
+    /// Stops the animation, also a resting one, and takes the picture away (a file "-1.png" would be shown
+    /// in its place). Does nothing where none was started. \since 1.0
     void StopGif();
 
-    /// Whether the animation was started and not stopped; also while it rests hidden. \since 1.0
+    /// Whether the last StartGif() succeeded and StopGif() did not follow; also while the animation rests
+    /// hidden. \since 1.0
     bool IsRunning() const;
 
 protected:
@@ -52,4 +57,5 @@ private:
     int m_count = 0;
     int m_frame = 0;
     bool m_running = false;
+    bool m_playing = false; // a timer runs, or rests with the hidden label
 };

@@ -8,9 +8,10 @@
 /// A picture that is as large as its file, and that can be clicked.
 ///
 /// The file is loaded from the path as it is given; "name@2x.png" beside "name.png" is taken on dense
-/// screens. A missing or broken file leaves an empty label of 0 x 0 pixels and a warning. While it can be
-/// clicked the Tab key reaches it, Space and Enter click it, and screen readers find a button named by the
-/// label's accessible name or else its tool tip. GUI thread only. \since 1.0
+/// screens. A missing or broken file, or one of more than 8192 pixels a side, leaves an empty label of 0 x 0
+/// pixels and a warning. While it can be clicked the Tab key reaches it, Space and Enter click it, and screen
+/// readers find a button named by the label's accessible name or else its tool tip. GUI thread only.
+/// \since 1.0
 class LUMQT_EXPORT CBPImage : public QLabel
 {
     Q_OBJECT
@@ -31,7 +32,7 @@ public:
     void SetImageRes(QString path);
 
     /// Whether the picture can be clicked: it has the pointing-hand cursor then, the arrow otherwise. Not so
-    /// at first. \since 1.0
+    /// at first. When it no longer can be, it gives up the keyboard focus. \since 1.0
     void SetChgCursor(bool change);
 
 Q_SIGNALS:

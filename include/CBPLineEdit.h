@@ -10,7 +10,8 @@ class QToolButton;
 /// A line edit with room for an icon at its left end, whose text is selected by the first click into it.
 ///
 /// The first click with the mouse while it holds a text and is not read-only selects the whole text, ready to
-/// be replaced; any later one sets the cursor. GUI thread only. \since 1.0
+/// be replaced; any later one sets the cursor. A drag selects from where it began, the first one too. GUI
+/// thread only. \since 1.0
 class LUMQT_EXPORT CBPLineEdit : public QLineEdit
 {
     Q_OBJECT
@@ -49,6 +50,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
@@ -59,6 +61,7 @@ private:
     QToolButton *m_pIconBtn = nullptr;
     bool m_bFirstClick = true;
     bool m_bBlockCopyPaste;
-    bool m_selecting = false; // from the press that selected all to its release
+    bool m_selecting = false; // from the press that selected all to its release, or to a drag
     QPoint m_pressedAt;
+    int m_pressedCursor = 0; // the character there
 };

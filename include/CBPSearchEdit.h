@@ -10,11 +10,12 @@ class QCompleter;
 /// A search field: a line edit with a magnifier at its right end, which a clear button takes the place of
 /// while there is a text.
 ///
-/// It searches 1.5 seconds after the last change of the text, and at once on Return or a click on the
-/// magnifier. Up to 50 characters. The Tab key goes from the text on to the button inside, which Space and
-/// Enter press; a click on it leaves the focus where it is. Screen readers find the buttons named. Its
-/// pictures are looked up relative to the current directory. Suggestions come from the model that the
-/// application gives to completer(). GUI thread only. \since 1.0
+/// It searches 1.5 seconds after the last change of the text, and at once on Return. Without a text there is
+/// nothing to search: Return and the magnifier open all suggestions then, and so does the clear button. They
+/// come from the model that the application gives to completer(). Up to 50 characters. The Tab key goes from
+/// the text on to the button inside, which Space and Enter press; a click on it gives the text the focus. As
+/// long as the focus stays within the field sigLoseFocus() is not sent. Screen readers find the buttons
+/// named. Its pictures are looked up relative to the current directory. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPSearchEdit : public CBPLineEdit
 {
     Q_OBJECT
@@ -30,11 +31,13 @@ public:
 
 Q_SIGNALS:
     /// \a bSearch: look for \a text, which is not empty. Otherwise the search is over, and \a text is empty;
-    /// the clear button says that twice. \since 1.0
+    /// the clear button says that twice. The field is in the middle of a key press or a change of its text:
+    /// a slot must not delete it, but may call its deleteLater(). \since 1.0
     void DoSearch(bool bSearch, const QString &text);
 
 protected:
     void showEvent(QShowEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
     bool focusNextPrevChild(bool next) override;
 
 private Q_SLOTS:

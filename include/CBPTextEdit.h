@@ -21,7 +21,8 @@ public:
     ///
     /// A text that is too long already stays until its next change. Then, or when more is typed or pasted,
     /// the text is cut (never in the middle of a character), loses its formats and its undo steps, and the
-    /// cursor goes to its end. \since 1.0
+    /// cursor goes to its end (when undoing brought back too much, with the next turn of the event loop).
+    /// \since 1.0
     void setMaxLength(int maxLength);
 
     /// Sets the space between the frame and the text in pixels; less than 0 is 0. \since 1.0
@@ -32,4 +33,5 @@ private Q_SLOTS:
 
 private:
     int m_iMaxLength = 0;
+    bool m_couldRedo = false; // before the last change
 };

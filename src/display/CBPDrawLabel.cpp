@@ -12,6 +12,12 @@ namespace {
 constexpr int kPixelSize = 14;
 constexpr int kPillPadding = 2; // above and below the text
 
+// What a pen makes of an invalid colour, for the outline too.
+QColor penColor(const QColor &color)
+{
+    return color.isValid() ? color : QColor(Qt::black);
+}
+
 QAccessibleInterface *makeAccessible(QWidget *widget)
 {
     return new QAccessibleWidget(widget, QAccessible::StaticText);
@@ -21,7 +27,7 @@ QAccessibleInterface *makeAccessible(QWidget *widget)
 
 CBPDrawLabel::CBPDrawLabel(QString &text, QColor color, bool rounded)
     : m_text(text),
-      m_color(color),
+      m_color(penColor(color)),
       m_font(lumqt::uiFont(lumqt::NormalWeight, kPixelSize)),
       m_rounded(rounded),
       m_layout(std::make_unique<lumqt::CachedText>())
@@ -45,7 +51,7 @@ void CBPDrawLabel::SetTextFont(QString &family, int pixelSize)
 
 void CBPDrawLabel::SetTextShowColor(QColor color)
 {
-    m_color = color;
+    m_color = penColor(color);
     update();
 }
 

@@ -34,21 +34,24 @@ void CBPGifLable::SetResInfo(const QString &dir, const int &count)
 
 bool CBPGifLable::StartGif()
 {
-    killFrameTimer();
+    // A start that fails stops nothing: what plays goes on, and StopGif() has a picture to take away.
     m_running = false;
     if (m_count < 1)
         return false;
+    killFrameTimer();
     m_frame = 0;
-    // Also where the label is not shown yet: from then on it is hiding that makes the animation rest.
     m_timerId = startTimer(kFrameInterval, Qt::CoarseTimer);
-    m_running = m_timerId != 0;
+    m_playing = m_running = m_timerId != 0;
+    if (!isVisible())
+        killFrameTimer(); // showEvent() makes another
     return m_running;
 }
 
 void CBPGifLable::StopGif()
 {
-    if (!m_running)
+    if (!m_playing)
         return;
+    m_playing = false;
     m_frame = kNoFrame;
     killFrameTimer();
     SetResPic(kNoFrame);
@@ -99,7 +102,7 @@ void CBPGifLable::timerEvent(QTimerEvent *event)
 
 void CBPGifLable::showEvent(QShowEvent *event)
 {
-    if (m_running && !m_timerId)
+    if (m_playing && !m_timerId)
         m_timerId = startTimer(kFrameInterval, Qt::CoarseTimer);
     QLabel::showEvent(event);
 }

@@ -70,6 +70,9 @@ void CBPImage::SetChgCursor(bool change)
     m_spaceDown = false;
     setCursor(change ? Qt::PointingHandCursor : Qt::ArrowCursor);
     setFocusPolicy(change ? Qt::TabFocus : Qt::NoFocus);
+    if (!change)
+        clearFocus();
+    update(); // the ring comes and goes
 }
 
 void CBPImage::load()

@@ -6,6 +6,8 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QStyleOptionToolButton>
+#include <QStylePainter>
 #include <QToolButton>
 
 #include <algorithm>
@@ -16,6 +18,37 @@ namespace {
 const char kIconSheet[] = "QToolButton{border:none; padding:2px;}";
 constexpr int kIconX = 2;
 constexpr int kIconReserve = 5; // the text begins so far behind an icon's width
+
+// A button without room around its picture: the padding of its sheet would have the style shrink it.
+class IconButton : public QToolButton
+{
+public:
+    IconButton(const QPixmap &picture, QWidget *parent) : QToolButton(parent), m_picture(picture)
+    {
+        setIcon(picture);
+        m_key = icon().cacheKey();
+    }
+
+protected:
+    void paintEvent(QPaintEvent *event) override
+    {
+        if (icon().cacheKey() != m_key) { // of the application
+            QToolButton::paintEvent(event);
+            return;
+        }
+        QStyleOptionToolButton option;
+        initStyleOption(&option);
+        option.icon = QIcon();
+        QStylePainter painter(this);
+        painter.drawComplexControl(QStyle::CC_ToolButton, option);
+        const QIcon::Mode mode = isEnabled() ? QIcon::Normal : QIcon::Disabled;
+        painter.drawPixmap(0, 0, style()->generatedIconPixmap(mode, m_picture, &option));
+    }
+
+private:
+    QPixmap m_picture;
+    qint64 m_key;
+};
 
 constexpr QKeySequence::StandardKey kBlockedKeys[] = {QKeySequence::SelectAll, QKeySequence::Copy,
                                                       QKeySequence::Paste};
@@ -40,9 +73,8 @@ void CBPLineEdit::createIcon(const QString &path)
 {
     const QPixmap picture = lumqt::loadPixmap(path, devicePixelRatioF());
     const QSize size = lumqt::logicalSize(picture);
-    m_pIconBtn = new QToolButton(this);
-    m_pIconBtn->setIcon(picture);
-    m_pIconBtn->setIconSize(size); // or the style would shrink it
+    m_pIconBtn = new IconButton(picture, this);
+    m_pIconBtn->setIconSize(size);
     m_pIconBtn->setStyleSheet(QLatin1String(kIconSheet));
     m_pIconBtn->setFixedSize(size);
     m_pIconBtn->setFocusPolicy(Qt::NoFocus);
@@ -96,7 +128,20 @@ void CBPLineEdit::mousePressEvent(QMouseEvent *event)
         return;
     m_bFirstClick = false;
     m_pressedAt = event->pos();
+    m_pressedCursor = cursorPosition();
     selectAll();
+}
+
+void CBPLineEdit::mouseMoveEvent(QMouseEvent *event)
+{
+    if (m_selecting && event->buttons() & Qt::LeftButton) {
+        // A hand that trembles does not drag.
+        if ((event->pos() - m_pressedAt).manhattanLength() < QApplication::startDragDistance())
+            return;
+        m_selecting = false;
+        setCursorPosition(m_pressedCursor); // or the drag would begin where the whole selection does
+    }
+    QLineEdit::mouseMoveEvent(event);
 }
 
 void CBPLineEdit::mouseReleaseEvent(QMouseEvent *event)
@@ -105,12 +150,8 @@ void CBPLineEdit::mouseReleaseEvent(QMouseEvent *event)
     onMouseReleased(event);
     if (!alive)
         return;
-    QLineEdit::mouseReleaseEvent(event);
-    // A hand that trembles has not dragged: what it shrank is selected again.
-    const bool clicked = (event->pos() - m_pressedAt).manhattanLength() < QApplication::startDragDistance();
-    if (m_selecting && clicked)
-        selectAll();
     m_selecting = false;
+    QLineEdit::mouseReleaseEvent(event);
 }
 
 void CBPLineEdit::resizeEvent(QResizeEvent *event)

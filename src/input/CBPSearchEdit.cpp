@@ -2,6 +2,7 @@
 
 #include "foundation/Painting.h"
 
+#include <QApplication>
 #include <QCompleter>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -38,6 +39,13 @@ const char kSheet[] = "QToolButton{"
 const char kButtonSheet[] = "QToolButton{padding:2px;}";
 constexpr int kPadding = 2;
 
+// Whether the focus is, or is about to be, in the edit or one of its buttons.
+bool holdsFocus(const QWidget *edit)
+{
+    const QWidget *holder = QApplication::focusWidget();
+    return holder && (holder == edit || edit->isAncestorOf(holder));
+}
+
 // A button inside the edit. It is a QToolButton to the style sheet.
 class InnerButton : public QToolButton
 {
@@ -57,8 +65,20 @@ protected:
             click(); // Enter is the edit's otherwise, and searches
     }
 
+    // The tool button's own would look at itself when clicked() has deleted it.
+    void mouseReleaseEvent(QMouseEvent *event) override { QAbstractButton::mouseReleaseEvent(event); }
+
     void focusInEvent(QFocusEvent *event) override { followFocus(event); }
-    void focusOutEvent(QFocusEvent *event) override { followFocus(event); }
+
+    void focusOutEvent(QFocusEvent *event) override
+    {
+        auto *edit = qobject_cast<CBPSearchEdit *>(parentWidget());
+        const QPointer<InnerButton> alive(this);
+        if (edit && !holdsFocus(edit))
+            emit edit->sigLoseFocus(); // which it did not say when the focus came here
+        if (alive)
+            followFocus(event);
+    }
 
     void paintEvent(QPaintEvent *event) override
     {
@@ -157,8 +177,11 @@ void CBPSearchEdit::OnSearch()
     }
     if (text().isEmpty()) {
         setFocus();
-        if (alive && completer())
+        if (alive && completer()) {
+            // The edit leaves it at what was typed last.
+            completer()->setCompletionPrefix(QString());
             completer()->complete();
+        }
         return;
     }
     m_timer.stop();
@@ -197,6 +220,15 @@ void CBPSearchEdit::showEvent(QShowEvent *event)
     const bool mirrored = isRightToLeft();
     setTextMargins(mirrored ? reserve : 0, 0, mirrored ? 0 : reserve, 0);
     CBPLineEdit::showEvent(event);
+}
+
+void CBPSearchEdit::focusOutEvent(QFocusEvent *event)
+{
+    const QWidget *holder = QApplication::focusWidget();
+    if (holder && isAncestorOf(holder))
+        QLineEdit::focusOutEvent(event); // the field keeps it
+    else
+        CBPLineEdit::focusOutEvent(event);
 }
 
 // The Tab key reaches the button that is to be seen, although a click must not move the focus there.

@@ -1,5 +1,7 @@
 #include "CBPTextEdit.h"
 
+#include <QTimer>
+
 CBPTextEdit::CBPTextEdit(QWidget *parent) : QTextEdit(parent)
 {
     connect(this, &QTextEdit::textChanged, this, &CBPTextEdit::on_text_changed);
@@ -20,6 +22,10 @@ void CBPTextEdit::setTextMargin(int left, int top, int right, int bottom)
 
 void CBPTextEdit::on_text_changed()
 {
+    // Undoing and redoing set the cursor after this, to a place that cutting takes away.
+    const bool canRedo = document()->isRedoAvailable();
+    const bool stepping = canRedo || m_couldRedo;
+    m_couldRedo = canRedo;
     // The document counts without making a copy; it has one character more than its text.
     if (m_iMaxLength <= 0 || document()->characterCount() - 1 <= m_iMaxLength)
         return;
@@ -28,4 +34,6 @@ void CBPTextEdit::on_text_changed()
         kept.chop(1);
     setPlainText(kept);
     moveCursor(QTextCursor::End);
+    if (stepping)
+        QTimer::singleShot(0, this, [this] { moveCursor(QTextCursor::End); });
 }

@@ -152,14 +152,16 @@ private Q_SLOTS:
     void countsItsRuns()
     {
         CBPAnimationObj animation(pictures(3));
-        animation.stop(); // one too many is none
+        animation.setDelayInterval(-1);
+        animation.stop(); // one too many is none, and sets the delay
         animation.start();
         animation.start();
-        QVERIFY(animation.isRunning());
-        tick(animation, 10);
-        animation.stop();
         QVERIFY(animation.isRunning());
         QSignalSpy spy(&animation, &CBPAnimationObj::frameChanged);
+        tick(animation, 10);
+        QCOMPARE(spy.count(), 0);
+        animation.stop();
+        QVERIFY(animation.isRunning());
         tick(animation, 10); // the delay began anew
         QCOMPARE(spy.count(), 0);
         tick(animation);
@@ -368,6 +370,7 @@ private Q_SLOTS:
         QVERIFY(!label.StartGif());
         label.SetResInfo(folder ? this->folder(1) : QString(), count);
         QCOMPARE(label.size(), folder ? QSize(20, 10) : QSize(0, 0));
+        label.show();
         QCOMPARE(label.StartGif(), starts);
         QCOMPARE(label.IsRunning(), starts);
         QCOMPARE(timersOf(&label).size(), starts ? 1 : 0);
@@ -376,11 +379,39 @@ private Q_SLOTS:
         QVERIFY(!shownBy(label).isValid());
     }
 
+    void gifPlaysOnAfterAStartThatFailed_data()
+    {
+        QTest::addColumn<bool>("rests");
+        QTest::newRow("shown") << false;
+        QTest::newRow("hidden") << true;
+    }
+
+    void gifPlaysOnAfterAStartThatFailed()
+    {
+        QFETCH(bool, rests);
+        CBPGifLable label(folder(3), 2);
+        label.show();
+        label.StartGif();
+        tick(label);
+        label.SetResInfo(folder(3), 0);
+        label.setVisible(!rests);
+        QVERIFY(!label.StartGif());
+        QVERIFY(!label.IsRunning());
+        QCOMPARE(timersOf(&label).size(), rests ? 0 : 1);
+        QCOMPARE(shownBy(label), kColors[0]);
+        label.StopGif();
+        QVERIFY(!shownBy(label).isValid());
+        label.show();
+        QVERIFY(timersOf(&label).isEmpty());
+    }
+
     void gifRestsWhileHidden()
     {
         QWidget window;
         CBPGifLable label(folder(3), 2, &window);
-        label.StartGif();
+        QVERIFY(label.StartGif());
+        QVERIFY(label.IsRunning());
+        QVERIFY(timersOf(&label).isEmpty()); // nobody sees it
         window.show();
         tick(label);
         window.hide();

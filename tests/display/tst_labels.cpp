@@ -39,6 +39,20 @@ void key(QWidget &widget, QEvent::Type type, int code, bool repeated = false)
     QCoreApplication::sendEvent(&widget, &event);
 }
 
+class PaintCounter : public QObject
+{
+public:
+    explicit PaintCounter(QWidget *widget) { widget->installEventFilter(this); }
+    int paints = 0;
+
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        paints += event->type() == QEvent::Paint;
+        return false;
+    }
+};
+
 void release(QWidget &widget, Qt::MouseButton button = Qt::LeftButton, const QPoint &at = QPoint(1, 1))
 {
     QMouseEvent event(QEvent::MouseButtonRelease, at, button, Qt::NoButton, Qt::NoModifier);
@@ -160,6 +174,11 @@ private Q_SLOTS:
         QString text("HHHH");
         CBPDrawLabel label(text, Qt::red, true);
         const QSize small = label.sizeHint();
+        QFont font(GetFontFamily(1));
+        font.setPixelSize(14);
+        const QFontMetrics metrics(font);
+        QCOMPARE(CBPDrawLabel(text, Qt::red, false).sizeHint(),
+                 QSize(metrics.horizontalAdvance(text), metrics.height()));
         label.resize(300, 100);
         const QImage before = picture(label);
         QString family = GetFontFamily(1);
@@ -176,6 +195,12 @@ private Q_SLOTS:
         label.SetTextShowColor(Qt::blue);
         QVERIFY(boxOf(picture(label), Qt::red).isEmpty());
         QCOMPARE(boxOf(picture(label), Qt::blue).height(), label.height());
+        label.SetTextShowColor(QColor()); // as a pen has it
+        QCOMPARE(boxOf(picture(label), Qt::black).height(), label.height());
+        CBPDrawLabel black(text, QColor(), true);
+        black.SetTextFont(family, 60);
+        black.resize(label.size());
+        QCOMPARE(picture(black), picture(label));
         label.resize(20, 20); // the text runs out at both sides, on one line
         QCOMPARE(picture(label).size(), QSize(20, 20));
     }
@@ -308,8 +333,12 @@ private Q_SLOTS:
         QTest::keyClick(&window, Qt::Key_Tab);
         QVERIFY(image->hasFocus());
         QVERIFY(picture(*image) != before); // the ring
+        QCoreApplication::processEvents();
+        const PaintCounter counter(image);
         image->SetChgCursor(false);
+        QTRY_VERIFY(counter.paints > 0); // the ring goes from the screen
         QCOMPARE(picture(*image), before);
+        QVERIFY(!image->hasFocus());
     }
 
     void imageIsRead()

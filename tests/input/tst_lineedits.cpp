@@ -1,5 +1,6 @@
 #include "CBPLineEdit.h"
 #include "CBPTextEdit.h"
+#include "Pixels.h"
 #include "TestMain.h"
 
 #include <QClipboard>
@@ -76,7 +77,6 @@ private Q_SLOTS:
         QTest::addColumn<bool>("selectsAll");
         QTest::newRow("text") << "some words" << false << 0 << true;
         QTest::newRow("trembling hand") << "some words" << false << 2 << true;
-        QTest::newRow("dragged: the mouse selects") << "some words" << false << 60 << false;
         QTest::newRow("read-only") << "some words" << true << 0 << false;
         QTest::newRow("empty") << "" << false << 0 << false;
         QTest::newRow("4000 characters") << QString(4000, 'x') << false << 0 << true;
@@ -94,12 +94,12 @@ private Q_SLOTS:
         edit.setReadOnly(readOnly);
         const QPoint at(8, 15);
         mouse(edit, QEvent::MouseButtonPress, at);
-        QCOMPARE(edit.selectedText(), selectsAll || moved ? text : QString());
+        QCOMPARE(edit.selectedText(), selectsAll ? text : QString());
         if (moved)
             mouse(edit, QEvent::MouseMove, at + QPoint(moved, 0));
         mouse(edit, QEvent::MouseButtonRelease, at + QPoint(moved, 0), Qt::NoButton);
-        QCOMPARE(edit.selectedText() == text && !text.isEmpty(), selectsAll);
-        if (selectsAll || moved) {
+        QCOMPARE(edit.selectedText(), selectsAll ? text : QString());
+        if (selectsAll) {
             mouse(edit, QEvent::MouseButtonPress, at);
             mouse(edit, QEvent::MouseButtonRelease, at, Qt::NoButton);
             QCOMPARE(edit.selectedText(), QString());
@@ -111,6 +111,37 @@ private Q_SLOTS:
         edit.setText("other words");
         mouse(edit, QEvent::MouseButtonPress, at);
         QCOMPARE(edit.selectedText(), QString("other words"));
+    }
+
+    void firstDrag_data()
+    {
+        QTest::addColumn<int>("from"); // pixels
+        QTest::addColumn<int>("to");
+        QTest::newRow("from the middle on") << 120 << 220;
+        QTest::newRow("and back") << 220 << 120;
+        QTest::newRow("from the start") << 4 << 120;
+    }
+
+    void firstDrag()
+    {
+        QFETCH(int, from);
+        QFETCH(int, to);
+        QString selected[2];
+        CBPLineEdit edit;
+        edit.resize(400, 30);
+        edit.setText(QString("some words ").repeated(5));
+        for (QString &text : selected) { // a first and a second time
+            mouse(edit, QEvent::MouseButtonPress, QPoint(from, 15));
+            for (int step = 1; step <= 10; ++step)
+                mouse(edit, QEvent::MouseMove, QPoint(from + step * (to - from) / 10, 15));
+            mouse(edit, QEvent::MouseButtonRelease, QPoint(to, 15), Qt::NoButton);
+            text = edit.selectedText();
+            QCOMPARE(edit.selectionStart(), edit.cursorPositionAt(QPoint(qMin(from, to), 15)));
+            QCOMPARE(edit.selectionEnd(), edit.cursorPositionAt(QPoint(qMax(from, to), 15)));
+            edit.deselect();
+        }
+        QVERIFY(selected[0].size() > 5);
+        QCOMPARE(selected[0], selected[1]);
     }
 
     void longPassword()
@@ -131,16 +162,19 @@ private Q_SLOTS:
     {
         QTest::addColumn<bool>("blocks");
         QTest::addColumn<int>("key");
+        QTest::addColumn<QString>("does");
         QTest::addColumn<bool>("works");
         for (const bool blocks : {false, true}) {
             const auto row = [blocks](const char *name) -> QTestData & {
                 return QTest::newRow(qPrintable(QString(blocks ? "blocked: %1" : "free: %1").arg(name)))
                        << blocks;
             };
-            row("select all") << int(Qt::Key_A) << !blocks;
-            row("copy") << int(Qt::Key_C) << !blocks;
-            row("paste") << int(Qt::Key_V) << !blocks;
-            row("cut") << int(Qt::Key_X) << true;
+            row("select all") << int(Qt::CTRL + Qt::Key_A) << "select" << !blocks;
+            row("copy") << int(Qt::CTRL + Qt::Key_C) << "copy" << !blocks;
+            row("copy, the other key") << int(Qt::CTRL + Qt::Key_Insert) << "copy" << !blocks;
+            row("paste") << int(Qt::CTRL + Qt::Key_V) << "paste" << !blocks;
+            row("paste, the other key") << int(Qt::SHIFT + Qt::Key_Insert) << "paste" << !blocks;
+            row("cut") << int(Qt::CTRL + Qt::Key_X) << "cut" << true;
         }
     }
 
@@ -148,6 +182,7 @@ private Q_SLOTS:
     {
         QFETCH(bool, blocks);
         QFETCH(int, key);
+        QFETCH(QString, does);
         QFETCH(bool, works);
         QWidget window;
         CBPLineEdit edit(&window, blocks);
@@ -156,15 +191,16 @@ private Q_SLOTS:
         QApplication::clipboard()->setText("clip");
         int pressed = 0;
         connect(&edit, &CBPLineEdit::KeyPressed, this, [&pressed] { ++pressed; });
-        QKeyEvent event(QEvent::KeyPress, key, Qt::ControlModifier);
+        const Qt::KeyboardModifiers modifiers(key & int(Qt::KeyboardModifierMask));
+        QKeyEvent event(QEvent::KeyPress, key & ~int(Qt::KeyboardModifierMask), modifiers);
         QCoreApplication::sendEvent(&edit, &event);
         QVERIFY(event.isAccepted()); // also a key that does nothing goes no further
         QCOMPARE(pressed, works ? 1 : 0);
         const QString clip = QApplication::clipboard()->text();
-        const bool happened = key == Qt::Key_A   ? edit.selectedText() == "words"
-                              : key == Qt::Key_C ? clip == "wo"
-                              : key == Qt::Key_V ? edit.text() == "cliprds"
-                                                 : edit.text() == "rds" && clip == "wo";
+        const bool happened = does == "select"  ? edit.selectedText() == "words"
+                              : does == "copy"  ? clip == "wo"
+                              : does == "paste" ? edit.text() == "cliprds"
+                                                : edit.text() == "rds" && clip == "wo";
         QCOMPARE(happened, works);
         if (!works) {
             QCOMPARE(edit.text(), QString("words"));
@@ -256,6 +292,8 @@ private Q_SLOTS:
         auto *button = edit.findChild<QToolButton *>();
         QVERIFY(button);
         QCOMPARE(button->size(), picture);
+        QCOMPARE(button->iconSize(), picture);
+        QCOMPARE(button->styleSheet(), QString("QToolButton{border:none; padding:2px;}"));
         QCOMPARE(button->focusPolicy(), Qt::NoFocus);
         QCOMPARE(edit.textMargins(), QMargins(picture.width() + 5, 0, 0, 0));
         for (const int height : {31, 40}) {
@@ -263,10 +301,19 @@ private Q_SLOTS:
             edit.grab(); // resizes what has not been shown
             QCOMPARE(button->pos(), QPoint(2, (height - picture.height()) / 2));
         }
-        const QImage image = edit.grab().toImage();
-        const qreal ratio = image.devicePixelRatio();
-        const QPoint middle = QPoint(2 + picture.width() / 2, 20) * ratio;
-        QCOMPARE(image.pixelColor(middle) == QColor(Qt::red), !picture.isEmpty());
+        if (picture.isEmpty())
+            return;
+        // The whole button is the picture, which is not shrunk.
+        QImage image = button->grab().toImage();
+        QCOMPARE(boxOf(image, Qt::red), image.rect());
+        button->setEnabled(false);
+        QVERIFY(boxOf(button->grab().toImage(), Qt::red).isEmpty());
+        button->setEnabled(true);
+        QPixmap other(picture);
+        other.fill(Qt::blue);
+        button->setIcon(other);
+        image = button->grab().toImage();
+        QCOMPARE(image.pixelColor(image.rect().center()), QColor(Qt::blue));
     }
 
     void textLimit_data()
@@ -303,7 +350,7 @@ private Q_SLOTS:
         edit.moveCursor(QTextCursor::Start);
         edit.insertPlainText("y");
         const bool full = limit > 0 && kept.size() == limit;
-        QCOMPARE(edit.toPlainText(), full ? "y" + kept.left(limit - 1) : edit.toPlainText());
+        QCOMPARE(edit.toPlainText(), "y" + (full ? kept.left(limit - 1) : kept));
         if (full)
             QCOMPARE(edit.textCursor().position(), limit);
     }
@@ -317,6 +364,39 @@ private Q_SLOTS:
         edit.append("more");
         QCOMPARE(edit.toPlainText(), QString("Twel"));
         QCOMPARE(edit.textCursor().charFormat().fontWeight(), int(QFont::Normal));
+    }
+
+    void textLimitWhileUndoing_data()
+    {
+        QTest::addColumn<bool>("redo");
+        QTest::newRow("undo") << false;
+        QTest::newRow("redo") << true;
+    }
+
+    void textLimitWhileUndoing()
+    {
+        QFETCH(bool, redo);
+        CBPTextEdit edit;
+        edit.insertPlainText(QString(100, 'x'));
+        if (redo) {
+            edit.undo();
+        } else {
+            edit.selectAll();
+            edit.textCursor().removeSelectedText(); // which the limit then does not concern
+        }
+        edit.setMaxLength(60);
+        QTest::ignoreMessage(QtWarningMsg, "QTextCursor::setPosition: Position '100' out of range");
+        if (redo)
+            edit.redo();
+        else
+            edit.undo();
+        QCOMPARE(edit.toPlainText(), QString(60, 'x'));
+        QTRY_COMPARE(edit.textCursor().position(), 60);
+        // Otherwise the application may set the cursor where it likes.
+        edit.setPlainText(QString(100, 'x'));
+        edit.moveCursor(QTextCursor::Start);
+        QCoreApplication::processEvents();
+        QCOMPARE(edit.textCursor().position(), 0);
     }
 
     void textMargins()
