@@ -132,6 +132,7 @@ private:
 
     void fitToContent();
     void fitCheckBox(int room);
+    int neededHeight() const;
     void fitHeight(const QSize &room);
     void growToContent();
     void makeScrollable();

@@ -30,6 +30,8 @@ const char kAlertHeadColor[] = "#4baeb3"; // the same on purpose: the icon tells
 constexpr int kWidth = 500;
 constexpr int kMinimumHeight = 200;
 constexpr int kIconSpacing = 20;
+constexpr int kBreath = 14; // above and below the texts: the frame leaves a message no room of its own
+constexpr int kCheckGap = 12; // between the check box and the buttons
 constexpr int kHeadPixelSize = 16;
 
 constexpr int kCloseButton = 8; // of the title bar
@@ -104,6 +106,7 @@ void CMsgBox::initMsgBox()
 
     auto *column = new QVBoxLayout;
     column->setSpacing(0);
+    column->setContentsMargins(0, kBreath, 0, kBreath);
     row->addLayout(column, 1);
     column->addItem(new QSpacerItem(0, 0, QSizePolicy::Preferred, QSizePolicy::Expanding));
     column->addWidget(m_heading);
@@ -145,7 +148,7 @@ int CMsgBox::messageWithCheckbox(int type, QString text, QString checkText, QStr
     check->setAccessibleName(checkText); // also when the shown text is broken into lines
     m_checkBox = check;
     m_checkText = checkText;
-    PrependWidget(check, false, false, 0, Qt::AlignLeft | Qt::AlignVCenter);
+    PrependWidget(check, false, false, kCheckGap, Qt::AlignLeft | Qt::AlignVCenter);
     const int result = message(type, text, head, buttons, caption); // the box may be gone after this
     return result | (check && check->isChecked() ? kChecked : kUnchecked);
 }

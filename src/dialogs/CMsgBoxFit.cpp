@@ -46,6 +46,16 @@ QString inLines(const QString &text, const QFont &font, int width)
     return lines.join(QLatin1Char('\n'));
 }
 
+// A layout that is not shown hears of changes in the widgets of its widgets only as these lay themselves out.
+void layOutUpTo(const QWidget *window, QWidget *from)
+{
+    for (QWidget *widget = from; widget && widget != window; widget = widget->parentWidget()) {
+        if (widget->layout())
+            widget->layout()->activate();
+    }
+    window->layout()->activate();
+}
+
 QScrollArea *scrollAreaOf(QWidget *page)
 {
     auto *area = new QScrollArea;
@@ -66,9 +76,9 @@ void CMsgBox::fitToContent()
         return;
     const QRect area = lumqt::platform::answers().workArea();
     const QSize room = area.isValid() ? area.size() : QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
-    fitCheckBox(kWidth);
-    layout()->activate();
     const bool ownWidth = minimumWidth() == kWidth && maximumWidth() == kWidth;
+    layOutUpTo(this, m_content);
+    fitCheckBox(qBound(minimumWidth(), width(), maximumWidth()));
     const int needed = layout()->totalMinimumSize().width();
     if (ownWidth && needed > kWidth)
         setFixedWidth(qMin(needed, qMax(kWidth, room.width())));
@@ -80,7 +90,7 @@ void CMsgBox::fitCheckBox(int room)
     auto *check = qobject_cast<QAbstractButton *>(m_checkBox);
     if (!check)
         return;
-    layout()->activate();
+    layOutUpTo(this, check->parentWidget());
     const int excess = layout()->totalMinimumSize().width() - room;
     if (excess <= 0)
         return;
@@ -96,20 +106,24 @@ void CMsgBox::fitCheckBox(int room)
     if (shown.endsWith(QChar(0x2026)))
         check->setToolTip(m_checkText);
     SetBottomHeight(qMax(bottomHeight(), check->sizeHint().height() + kCheckPadding));
+    layOutUpTo(this, check->parentWidget());
+}
+
+// What the layout needs in the width there is, and some room around it.
+int CMsgBox::neededHeight() const
+{
+    layout()->activate();
+    const int wrapped = layout()->hasHeightForWidth() ? layout()->totalHeightForWidth(width()) : 0;
+    return qMax(minimumHeight(), qMax(wrapped, layout()->totalMinimumSize().height()));
 }
 
 void CMsgBox::fitHeight(const QSize &room)
 {
-    const auto wanted = [this] {
-        layout()->activate();
-        const int forWidth = layout()->hasHeightForWidth() ? layout()->totalHeightForWidth(width()) : 0;
-        return qMax(minimumHeight(), qMax(forWidth, layout()->totalMinimumSize().height()));
-    };
     resize(qBound(minimumWidth(), width(), maximumWidth()), height());
-    int height = wanted();
+    int height = neededHeight();
     if (height > room.height()) {
         makeScrollable();
-        layout()->activate();
+        layOutUpTo(this, m_content);
         height = room.height();
     }
     resize(width(), qMax(height, minimumHeight()));
@@ -145,8 +159,7 @@ void CMsgBox::growToContent()
     if (!isVisible() || m_ended || !layout())
         return;
     const int before = height();
-    const int needed = layout()->hasHeightForWidth() ? layout()->totalHeightForWidth(width()) : 0;
-    if (needed <= before)
+    if (m_scrollArea || neededHeight() <= before)
         return;
     const QRect area = lumqt::platform::answers().workArea();
     fitHeight(area.isValid() ? area.size() : QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
