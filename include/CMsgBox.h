@@ -137,7 +137,9 @@ private:
     void growToContent();
     void makeScrollable();
     QStringList shownTexts() const;
+    QVector<CBPPushBtn *> buttonsInRow() const;
     void copyTexts() const;
+    void giveFirstFocus();
 
     QPointer<QLabel> m_icon;
     QPointer<QLabel> m_heading;

@@ -30,7 +30,7 @@ const char kAlertHeadColor[] = "#4baeb3"; // the same on purpose: the icon tells
 constexpr int kWidth = 500;
 constexpr int kMinimumHeight = 200;
 constexpr int kIconSpacing = 20;
-constexpr int kBreath = 14; // above and below the texts: the frame leaves a message no room of its own
+constexpr int kBreath = 14;   // above and below the texts: the frame leaves a message no room of its own
 constexpr int kCheckGap = 12; // between the check box and the buttons
 constexpr int kHeadPixelSize = 16;
 
@@ -231,17 +231,27 @@ void CMsgBox::showEvent(QShowEvent *event)
     if (event->spontaneous())
         return;
     m_ended = false;
-    if (!focusWidget()) {
-        QWidget *first = m_firstEdit ? m_firstEdit.data() : m_passwordEdit.data();
-        if (!first)
-            first = GetBtn(kOk);
-        if (first)
-            first->setFocus(Qt::TabFocusReason);
-    }
+    if (!focusWidget())
+        giveFirstFocus();
     const QStringList texts = shownTexts();
     setAccessibleDescription(texts.mid(1).join(QLatin1Char('\n')));
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
+}
+
+// To where the answer is given; a link or a text that scrolls would come first otherwise.
+void CMsgBox::giveFirstFocus()
+{
+    QVector<QWidget *> wanted{m_firstEdit, m_passwordEdit, GetBtn(kOk)};
+    const QVector<CBPPushBtn *> buttons = buttonsInRow();
+    for (CBPPushBtn *button : buttons)
+        wanted << button;
+    for (QWidget *widget : qAsConst(wanted)) {
+        if (widget && widget->isEnabled() && widget->isVisibleTo(this)) {
+            widget->setFocus(Qt::TabFocusReason);
+            return;
+        }
+    }
 }
 
 void CMsgBox::keyPressEvent(QKeyEvent *event)
@@ -302,25 +312,32 @@ QStringList CMsgBox::shownTexts() const
     return texts;
 }
 
-void CMsgBox::copyTexts() const
+// The buttons that are shown, from left to right.
+QVector<CBPPushBtn *> CMsgBox::buttonsInRow() const
 {
-    QVector<const CBPPushBtn *> buttons;
-    if (statusBox()) {
-        const auto all = statusBox()->findChildren<CBPPushBtn *>();
-        for (const CBPPushBtn *button : all) {
-            if (button->isVisibleTo(this))
-                buttons << button;
-        }
+    QVector<CBPPushBtn *> buttons;
+    if (!statusBox())
+        return buttons;
+    const auto all = statusBox()->findChildren<CBPPushBtn *>();
+    for (CBPPushBtn *button : all) {
+        if (button->isVisibleTo(this))
+            buttons << button;
     }
     std::sort(buttons.begin(), buttons.end(), [this](const CBPPushBtn *left, const CBPPushBtn *right) {
         return left->mapTo(this, QPoint(0, 0)).x() < right->mapTo(this, QPoint(0, 0)).x();
     });
+    return buttons;
+}
+
+void CMsgBox::copyTexts() const
+{
     QString copied = kRule;
     const QStringList texts = shownTexts();
     for (const QString &text : texts)
         copied += text + QLatin1Char('\n') + kRule;
     QStringList captions;
-    for (const CBPPushBtn *button : qAsConst(buttons))
+    const QVector<CBPPushBtn *> buttons = buttonsInRow();
+    for (const CBPPushBtn *button : buttons)
         captions << button->text();
     copied += captions.join(QLatin1String("   ")) + QLatin1Char('\n') + kRule;
     QApplication::clipboard()->setText(copied);

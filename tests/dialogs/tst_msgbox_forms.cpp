@@ -379,6 +379,7 @@ private Q_SLOTS:
         QTest::addColumn<int>("focused");
         QTest::newRow("OK") << (kOk | kCancel) << kOk;
         QTest::newRow("OK among others") << (kOk | kNo | 0x80000) << kOk;
+        QTest::newRow("the first") << (kNo | kYes) << kYes;
         QTest::newRow("only Cancel") << kCancel << kCancel;
     }
     void firstFocus()
