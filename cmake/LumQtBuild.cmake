@@ -33,7 +33,33 @@ function(lumqt_set_warnings target)
                                                  QT_NO_URL_CAST_FROM_STRING)
 endfunction()
 
-# Copies res/ to where the programs of this build look for it. The font table is the platform's own.
+# Compiles the catalogue translations/<name>.ts as the target lumqt_translations, and says where to in LUMQT_CATALOGUES.
+# The compiler is the host's also when the library is built for another system.
+function(lumqt_compile_translations)
+    get_target_property(qmake Qt5::qmake IMPORTED_LOCATION)
+    get_filename_component(qt_tools "${qmake}" DIRECTORY)
+    find_program(LUMQT_LRELEASE NAMES lrelease lrelease-qt5 HINTS /usr/lib/qt5/bin "${qt_tools}")
+    if(NOT LUMQT_LRELEASE)
+        message(FATAL_ERROR "Qt's lrelease is missing; Debian's package qttools5-dev-tools has it")
+    endif()
+    set(catalogues)
+    foreach(name ${ARGN})
+        set(source "${PROJECT_SOURCE_DIR}/translations/${name}.ts")
+        set(compiled "${PROJECT_BINARY_DIR}/translations/${name}.qm")
+        file(MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/translations")
+        add_custom_command(
+            OUTPUT "${compiled}"
+            COMMAND "${LUMQT_LRELEASE}" -silent "${source}" -qm "${compiled}"
+            DEPENDS "${source}"
+            COMMENT "Compiling ${name}.ts"
+            VERBATIM)
+        list(APPEND catalogues "${compiled}")
+    endforeach()
+    add_custom_target(lumqt_translations ALL DEPENDS ${catalogues})
+    set(LUMQT_CATALOGUES "${catalogues}" PARENT_SCOPE)
+endfunction()
+
+# Copies res/ and the catalogues to where the programs of this build look for it. The font table is the platform's own.
 function(lumqt_stage_resources folder)
     set(table langind.ini)
     if(NOT WIN32)
@@ -44,7 +70,9 @@ function(lumqt_stage_resources folder)
         COMMAND ${CMAKE_COMMAND} -E copy_directory "${PROJECT_SOURCE_DIR}/res" "${folder}"
         COMMAND ${CMAKE_COMMAND} -E copy "${PROJECT_SOURCE_DIR}/res/Common/${table}" "${folder}/Common/langind.ini"
         COMMAND ${CMAKE_COMMAND} -E rm -f "${folder}/Common/langind.generic.ini"
+        COMMAND ${CMAKE_COMMAND} -E copy ${LUMQT_CATALOGUES} "${folder}"
         COMMENT "Staging res/")
+    add_dependencies(lumqt_resources lumqt_translations)
 endfunction()
 
 # A program of this build: gallery, benchmark, test.

@@ -17,6 +17,7 @@ install(DIRECTORY "${PROJECT_SOURCE_DIR}/include/" "${PROJECT_BINARY_DIR}/includ
 # An application ships the font table of its platform under one name.
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/res/" DESTINATION "${LUMQT_INSTALL_RES_DIR}"
         PATTERN "langind*.ini" EXCLUDE)
+install(FILES ${LUMQT_CATALOGUES} DESTINATION "${LUMQT_INSTALL_RES_DIR}")
 if(WIN32)
     install(FILES "${PROJECT_SOURCE_DIR}/res/Common/langind.ini" DESTINATION "${LUMQT_INSTALL_RES_DIR}/Common")
 else()

@@ -154,6 +154,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
     void showEvent(QShowEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void changeEvent(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private Q_SLOTS:
@@ -169,6 +170,7 @@ private:
     int flagOf(const CBPPushBtn *button) const;
     QPair<int, int> placeInRow(const QWidget *widget) const;
     void arrangeTabOrder();
+    void retranslateButtons();
     QRect bodyRect() const;
     const QWidget *framelessFocus() const;
     QRect ringAround(const QWidget *button) const;
@@ -181,6 +183,7 @@ private:
     QPointer<CBPBox> m_postBox;
     QPointer<CBPBox> m_rowBox;
     QMap<int, QPointer<CBPPushBtn>> m_buttons;
+    QMap<int, QString> m_captions; // of those buttons that have the standard one
     int (*m_callback)(int, void *) = nullptr;
     void *m_callbackContext = nullptr;
     bool m_running = false;      // exec() runs

@@ -6,7 +6,8 @@ here=$(cd "$(dirname "$0")" && pwd)
 # shellcheck source=scripts/common.sh
 . "$here/common.sh"
 cd "$here/.."
-ensure_packages cmake ninja-build ccache g++ qtbase5-dev qtbase5-private-dev libqt5svg5-dev fonts-open-sans fonts-noto-core
+ensure_packages cmake ninja-build ccache g++ qtbase5-dev qtbase5-private-dev libqt5svg5-dev \
+  qttools5-dev-tools fonts-open-sans fonts-noto-core
 say "Building the benchmarks"
 cmake --preset linux -Wno-dev >/dev/null
 cmake --build --preset linux --target lumqt-benchmarks

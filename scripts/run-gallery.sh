@@ -31,8 +31,8 @@ if [ -n "$target" ]; then
 fi
 
 cd "$here/.."
-ensure_packages cmake ninja-build ccache g++ qtbase5-dev qtbase5-private-dev libqt5svg5-dev xvfb openbox x11-utils \
-  fonts-open-sans fonts-noto-core python3
+ensure_packages cmake ninja-build ccache g++ qtbase5-dev qtbase5-private-dev libqt5svg5-dev qttools5-dev-tools \
+  xvfb openbox x11-utils fonts-open-sans fonts-noto-core python3
 program=build/$preset/lqprograms/lumqt-gallery
 run=()
 if [ "$preset" = windows ]; then

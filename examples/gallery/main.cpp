@@ -4,6 +4,8 @@
 #include "Screenshots.h"
 #include "Theme.h"
 
+#include "Util.h"
+
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
@@ -11,6 +13,7 @@
 #include <QStyle>
 #include <QStyleFactory>
 #include <QTextStream>
+#include <QTranslator>
 
 namespace {
 
@@ -104,6 +107,9 @@ int run(const Options &options)
 {
     setUpFonts();
     setUpColors();
+    QTranslator catalogue; // the library's own English texts, such as the titles of message boxes
+    if (catalogue.load(Util::getResFullPath(QStringLiteral("../res/lumqtlib_en.qm"))))
+        QCoreApplication::installTranslator(&catalogue);
     GalleryWindow window;
     window.showPage(options.page.isEmpty() ? pages().first().id : options.page);
     window.show();

@@ -157,6 +157,7 @@ CBPPushBtn *CBPPopWnd::CreateAndPackBtn(QString caption, QStringList &frames, in
         button->setDefault(true);
     color(button, isSecondary(flag));
     m_buttons[flag] = button;
+    m_captions[flag] = caption;
     button->setObjectName(QLatin1String("id_") + buttonId);
     button->setFixedHeight(kButtonHeight);
     button->SetFont(lumqt::uiFont());
@@ -200,11 +201,35 @@ void CBPPopWnd::ResetBtnText(int flag, QString text)
     CBPPushBtn *button = GetBtn(flag);
     if (!button)
         return;
+    m_captions.remove(flag);
     if (auto *waiting = qobject_cast<CBPWaitBtn *>(button))
         waiting->setNormalText(text);
     else
         button->setText(text);
     makeRoomFor(text, button);
+}
+
+// The captions follow the language, but for those that the application has set.
+void CBPPopWnd::retranslateButtons()
+{
+    for (const StandardButton &standard : kStandardButtons) {
+        const int flag = standard.flag;
+        const CBPPushBtn *button = m_buttons.value(flag);
+        if (!button || !*standard.caption || !m_captions.contains(flag))
+            continue;
+        if (button->text() != m_captions.value(flag))
+            continue;
+        const QString caption = tr(standard.caption);
+        ResetBtnText(flag, caption);
+        m_captions[flag] = caption;
+    }
+}
+
+void CBPPopWnd::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        retranslateButtons();
+    CBPWinFrm::changeEvent(event);
 }
 
 void CBPPopWnd::SetBtnClickCB(int (*callback)(int, void *), void *context)

@@ -16,7 +16,6 @@
 
 namespace {
 
-constexpr int kColumnWidth = 432;
 constexpr int kSampleWidth = 420;
 
 enum TitleId { Minimize = 2, Close = 8 };
@@ -156,12 +155,12 @@ void addPortraits(Page *page)
 {
     page->addSection("Windows", "The pop-up paints a white body, a soft shadow around it and a line above "
                                 "the row of buttons.")
-        ->addColumns(kColumnWidth, {{"AppendBtn(0x1900)", plainPortrait()},
-                                    {"PrependBtn(0x80000), AppendBtn(0x104)", groupsPortrait()},
-                                    {"PrependWidget()", widgetPortrait()},
-                                    {"EnableButton(flag, false)", disabledPortrait()},
-                                    {"ResetBtnText()", textPortrait()},
-                                    {"SetDrawBottomHLine(false)", plainFramePortrait()}});
+        ->addColumns(2, {{"AppendBtn(0x1900)", plainPortrait()},
+                         {"PrependBtn(0x80000), AppendBtn(0x104)", groupsPortrait()},
+                         {"PrependWidget()", widgetPortrait()},
+                         {"EnableButton(flag, false)", disabledPortrait()},
+                         {"ResetBtnText()", textPortrait()},
+                         {"SetDrawBottomHLine(false)", plainFramePortrait()}});
 }
 
 // The buttons of a pop-up, out of it: the captions and kinds of all flags.
@@ -183,7 +182,7 @@ void addButtons(Page *page)
             button->removeEventFilter(keeper);
             samples << Sample{"0x" + QString::number(flag, 16), button};
         }
-        section->addColumns(kColumnWidth / 2, samples);
+        section->addColumns(4, samples);
     }
     QVector<SampleRow> rows;
     for (const int flag : {Ok, Cancel}) {

@@ -1,0 +1,178 @@
+#include "CBPBox.h"
+#include "CMsgBox.h"
+#include "dialogs/WrappedLabel.h"
+#include "platform/Platform.h"
+
+#include <QAbstractButton>
+#include <QBoxLayout>
+#include <QEvent>
+#include <QScrollArea>
+#include <QTextLayout>
+
+// The size of the box: all of its texts are to be seen.
+
+namespace {
+
+// Metrics, in logical pixels.
+constexpr int kWidth = 500;
+constexpr int kCheckWidth = 140; // that a check box keeps beside any number of buttons
+constexpr int kCheckLines = 6;
+constexpr int kCheckPadding = 34; // of the bottom area, above and below the row
+const char kScrollSheet[] = "QScrollArea { background: transparent; border: 1px solid transparent; }"
+                            "QScrollArea:focus { border-color: #4ba7f5; }";
+
+// `text` in lines of at most `width`; the last of too many ends in an ellipsis.
+QString inLines(const QString &text, const QFont &font, int width)
+{
+    QString source = text;
+    source.replace(QLatin1Char('\n'), QChar::LineSeparator);
+    QTextLayout layout(source, font);
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    QStringList lines;
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        if (lines.size() == kCheckLines) {
+            lines.last() = QFontMetrics(font).elidedText(lines.constLast() + QStringLiteral(" ") +
+                                                             source.mid(line.textStart(), line.textLength()),
+                                                         Qt::ElideRight, width);
+            break;
+        }
+        lines << source.mid(line.textStart(), line.textLength()).remove(QChar::LineSeparator).trimmed();
+    }
+    layout.endLayout();
+    return lines.join(QLatin1Char('\n'));
+}
+
+// A layout that is not shown hears of changes in the widgets of its widgets only as these lay themselves out.
+void layOutUpTo(const QWidget *window, QWidget *from)
+{
+    for (QWidget *widget = from; widget && widget != window; widget = widget->parentWidget()) {
+        if (widget->layout())
+            widget->layout()->activate();
+    }
+    window->layout()->activate();
+}
+
+QScrollArea *scrollAreaOf(QWidget *page)
+{
+    auto *area = new QScrollArea;
+    area->setWidgetResizable(true);
+    area->setStyleSheet(QLatin1String(kScrollSheet));
+    area->setWidget(page);
+    page->setAutoFillBackground(false);
+    area->viewport()->setAutoFillBackground(false);
+    return area;
+}
+
+} // namespace
+
+// Before it is shown, so that it is placed in the size it has.
+void CMsgBox::fitToContent()
+{
+    if (!layout())
+        return;
+    const QRect area = lumqt::platform::answers().workArea();
+    const QSize room = area.isValid() ? area.size() : QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    const bool ownWidth = minimumWidth() == kWidth && maximumWidth() == kWidth;
+    layOutUpTo(this, m_content);
+    fitCheckBox(qBound(minimumWidth(), width(), maximumWidth()));
+    const int needed = layout()->totalMinimumSize().width();
+    if (ownWidth && needed > kWidth)
+        setFixedWidth(qMin(needed, qMax(kWidth, room.width())));
+    fitHeight(room);
+}
+
+void CMsgBox::fitCheckBox(int room)
+{
+    auto *check = qobject_cast<QAbstractButton *>(m_checkBox);
+    if (!check)
+        return;
+    layOutUpTo(this, check->parentWidget());
+    const int excess = layout()->totalMinimumSize().width() - room;
+    if (excess <= 0)
+        return;
+    // All of the excess is taken for the check box's: what else is too wide leaves it the least width.
+    const int whole = check->sizeHint().width();
+    const QFontMetrics metrics = check->fontMetrics();
+    const int mark = qMax(0, whole - metrics.size(Qt::TextShowMnemonic, m_checkText).width());
+    const int width = qMax(kCheckWidth, whole - excess);
+    if (width >= whole)
+        return;
+    const QString shown = inLines(m_checkText, check->font(), width - mark);
+    check->setText(shown);
+    if (shown.endsWith(QChar(0x2026)))
+        check->setToolTip(m_checkText);
+    SetBottomHeight(qMax(bottomHeight(), check->sizeHint().height() + kCheckPadding));
+    layOutUpTo(this, check->parentWidget());
+}
+
+// What the layout needs in the width there is, and some room around it.
+int CMsgBox::neededHeight() const
+{
+    layout()->activate();
+    const int wrapped = layout()->hasHeightForWidth() ? layout()->totalHeightForWidth(width()) : 0;
+    return qMax(minimumHeight(), qMax(wrapped, layout()->totalMinimumSize().height()));
+}
+
+void CMsgBox::fitHeight(const QSize &room)
+{
+    resize(qBound(minimumWidth(), width(), maximumWidth()), height());
+    int height = neededHeight();
+    if (height > room.height()) {
+        makeScrollable();
+        layOutUpTo(this, m_content);
+        height = room.height();
+    }
+    resize(width(), qMax(height, minimumHeight()));
+}
+
+// The text of a message scrolls beside its icon, a form as a whole.
+void CMsgBox::makeScrollable()
+{
+    if (!m_content || m_scrollArea)
+        return;
+    if (auto *row = qobject_cast<QHBoxLayout *>(m_content->layout())) {
+        QLayout *column = m_message && row->count() == 2 ? row->itemAt(1)->layout() : nullptr;
+        if (!column)
+            return;
+        row->removeItem(column);
+        column->setParent(nullptr);
+        auto *page = new QWidget;
+        page->setLayout(column);
+        m_scrollArea = scrollAreaOf(page);
+        row->addWidget(m_scrollArea, 1);
+        return;
+    }
+    auto *place = new QWidget;
+    delete contentBox()->replaceWidget(m_content, place);
+    m_scrollArea = scrollAreaOf(m_content);
+    delete contentBox()->replaceWidget(place, m_scrollArea);
+    delete place;
+}
+
+// A text that was changed meanwhile may need more room.
+void CMsgBox::growToContent()
+{
+    if (!isVisible() || m_ended || !layout())
+        return;
+    const int before = height();
+    if (m_scrollArea || neededHeight() <= before)
+        return;
+    const QRect area = lumqt::platform::answers().workArea();
+    fitHeight(area.isValid() ? area.size() : QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
+    // It grows downwards, and up where it would leave the screen.
+    const int over = y() + height() - (area.top() + area.height());
+    if (area.isValid() && over > 0 && y() + before <= area.top() + area.height())
+        move(x(), qMax(area.top(), y() - over));
+}
+
+bool CMsgBox::event(QEvent *event)
+{
+    const bool handled = CBPPopWnd::event(event);
+    if (event->type() == QEvent::LayoutRequest)
+        growToContent();
+    return handled;
+}

@@ -1,0 +1,402 @@
+#include "CMsgBox.h"
+
+#include "MsgBoxProbe.h"
+#include "platform/Platform.h"
+#include "TestMain.h"
+
+#include <QAccessible>
+#include <QClipboard>
+#include <QRegExpValidator>
+#include <QScrollArea>
+#include <QSignalSpy>
+
+namespace {
+
+constexpr int kUser = 0x1;
+constexpr int kPassword = 0x2;
+constexpr int kHint = 0x4;
+
+// The window in front, once it is: with the keyboard focus where it belongs.
+bool isInFront(QWidget &box)
+{
+    box.activateWindow();
+    return QTest::qWaitForWindowActive(&box);
+}
+
+// A key goes to what has the focus, as from the keyboard.
+void type(QWidget &box, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+{
+    QTest::keyClick(box.focusWidget() ? box.focusWidget() : &box, key, modifiers);
+}
+
+} // namespace
+
+class TestMsgBoxForms : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { lumqt::platform::answers() = m_answers; }
+
+    // ------------------------------------------------------------------------------------------------------
+    // a folder's name
+
+    void dirNames_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<bool>("ok");
+        QTest::addColumn<int>("result"); // after Return
+        QTest::newRow("nothing") << ""
+                                 << "" << false << -1;
+        QTest::newRow("spaces") << "   "
+                                << "   " << false << -1;
+        QTest::newRow("a name") << "abc"
+                                << "abc" << true << kOk;
+        QTest::newRow("acceptable") << "abc]"
+                                    << "abc]" << true << -1;
+        QTest::newRow("two") << "a b]c]"
+                             << "a b]c]" << true << -1;
+        QTest::newRow("a tab") << "\t"
+                               << "\t" << true << kOk;
+        QTest::newRow("refused") << "a/b:c\\d*e?f\"g<h>i|j"
+                                 << "abcdefghij" << true << kOk;
+        QTest::newRow("256") << QString(300, 'x') << QString(256, 'x') << true << kOk;
+    }
+    void dirNames()
+    {
+        QFETCH(QString, typed);
+        MsgBox box;
+        QSignalSpy quits(&box, &CMsgBox::sigQuit);
+        QSignalSpy finished(&box, &QDialog::finished);
+        int endings = 0;
+        box.whileRunning([&] {
+            QVERIFY(isInFront(box));
+            QCOMPARE(box.edits().size(), 1);
+            CBPLineEdit *edit = box.edits().constFirst();
+            QCOMPARE(box.focusWidget(), edit);
+            QVERIFY(!box.ButtonIsEnable(kOk));
+            for (const QChar &key : typed) // a paste is refused or taken as a whole
+                edit->insert(key);
+            QTEST(edit->text(), "name");
+            QCOMPARE(box.GetUser(), edit->text());
+            QTEST(box.ButtonIsEnable(kOk), "ok");
+            type(box, Qt::Key_Return);
+            endings = finished.size();
+            QCOMPARE(box.isVisible(), endings == 0);
+        });
+        QTEST(box.showCreateDirBox(1, "Name", kOk | kCancel), "result");
+        QTEST(box.GetUser(), "name");
+        QTEST(endings == 1, "ok");
+        QCOMPARE(quits.size(), 1);
+        QCOMPARE(finished.size(), 1);
+        QVERIFY(box.GetPassword().isEmpty());
+    }
+
+    void dirBox()
+    {
+        MsgBox box;
+        box.whileRunning([&] {
+            CBPLineEdit *edit = box.edits().constFirst();
+            QCOMPARE(edit->objectName(), QString("DefaultLineEdit"));
+            const auto *validator = qobject_cast<const QRegExpValidator *>(edit->validator());
+            QVERIFY(validator);
+            QCOMPARE(validator->regExp().pattern(), QString("(?:[^\\\\/:*?\"<>|\r\n]+\\])*"));
+            QCOMPARE(validator->regExp().pattern().size(), 23);
+            QVERIFY(!box.label("Please enter the dir name:")); // replaced, though by nothing
+            QCOMPARE(box.windowTitle(), QString("{caption}Question"));
+            edit->setText("a");
+            edit->setText(" ");
+            QVERIFY(!box.ButtonIsEnable(kOk));
+            QTest::mouseClick(box.GetBtn(kCancel), Qt::LeftButton);
+        });
+        QCOMPARE(box.showCreateDirBox(1, "", kOk | kCancel), kCancel);
+    }
+
+    void dirBoxWithoutOk()
+    {
+        MsgBox box;
+        box.whileRunning([&] {
+            box.edits().constFirst()->setText("abc]");
+            type(box, Qt::Key_Return);
+            QVERIFY(!box.isVisible());
+        });
+        QCOMPARE(box.showCreateDirBox(1, "Name", 0x601), -1);
+        QCOMPARE(box.GetUser(), QString("abc]"));
+    }
+
+    // ------------------------------------------------------------------------------------------------------
+    // user name and password
+
+    void initialOk_data()
+    {
+        QTest::addColumn<int>("fields");
+        QTest::addColumn<QString>("user");
+        QTest::addColumn<QString>("password");
+        QTest::addColumn<bool>("allowEmpty");
+        QTest::addColumn<bool>("ok");
+        QTest::newRow("nothing") << 3 << ""
+                                 << "" << true << false;
+        QTest::newRow("both") << 3 << "user"
+                              << "secret" << false << true;
+        QTest::newRow("no user") << 3 << ""
+                                 << "secret" << true << false;
+        QTest::newRow("no password") << 3 << "user"
+                                     << "" << false << false;
+        QTest::newRow("empty allowed") << 3 << "user"
+                                       << "" << true << true;
+        QTest::newRow("no user edit, no user") << 2 << ""
+                                               << "secret" << false << false;
+        QTest::newRow("no edits") << 0 << "user"
+                                  << "secret" << false << true;
+    }
+    void initialOk()
+    {
+        QFETCH(int, fields);
+        QFETCH(QString, user);
+        QFETCH(QString, password);
+        QFETCH(bool, allowEmpty);
+        MsgBox box;
+        box.whileRunning([&] {
+            QTEST(box.ButtonIsEnable(kOk), "ok");
+            QCOMPARE(box.GetBtn(kOk)->text(), QString("Proceed"));
+            QCOMPARE(box.GetUser(), fields & kUser ? user : QString());
+            QCOMPARE(box.GetPassword(), fields & kPassword ? password : QString());
+        });
+        box.showUserAndPasswordBox(0, "", fields, 64, kOk, "", user, password, "", allowEmpty);
+    }
+
+    void changes_data()
+    {
+        QTest::addColumn<int>("fields");
+        QTest::addColumn<bool>("allowEmpty");
+        QTest::addColumn<QString>("user");
+        QTest::addColumn<QString>("password");
+        QTest::addColumn<bool>("ok");
+        QTest::newRow("user") << 3 << false << "user"
+                              << "" << true; // the password does not matter then
+        QTest::newRow("user alone") << 1 << false << "user"
+                                    << "" << true;
+        QTest::newRow("password, no user") << 3 << true << ""
+                                           << "secret" << false;
+        QTest::newRow("password") << 2 << false << ""
+                                  << "secret" << true;
+        QTest::newRow("no password") << 2 << false << ""
+                                     << "" << false;
+        QTest::newRow("no password, allowed") << 2 << true << ""
+                                              << "" << true;
+    }
+    void changes()
+    {
+        QFETCH(int, fields);
+        QFETCH(bool, allowEmpty);
+        QFETCH(QString, user);
+        QFETCH(QString, password);
+        MsgBox box;
+        box.whileRunning([&] {
+            const auto edits = box.edits();
+            for (CBPLineEdit *edit : edits) // first something else, so that each of them changes
+                edit->setText("x");
+            for (CBPLineEdit *edit : edits)
+                edit->setText(edit->echoMode() == QLineEdit::Password ? password : user);
+            QTEST(box.ButtonIsEnable(kOk), "ok");
+            QCOMPARE(box.GetUser(), user);
+            QCOMPARE(box.GetPassword(), password);
+        });
+        box.showUserAndPasswordBox(0, "", fields, 64, kOk, "", "", "", "", allowEmpty);
+    }
+
+    void fields_data()
+    {
+        QTest::addColumn<int>("fields");
+        for (int fields = -1; fields < 9; ++fields)
+            QTest::addRow("%d", fields) << fields;
+    }
+    void fields()
+    {
+        QFETCH(int, fields);
+        for (const QString &hint : {QString(), QString("Wrong")}) {
+            MsgBox box;
+            box.whileRunning([&] {
+                const auto edits = box.edits();
+                QCOMPARE(edits.size(), bool(fields & kUser) + bool(fields & kPassword));
+                for (CBPLineEdit *edit : edits) {
+                    const bool secret = edit->echoMode() == QLineEdit::Password;
+                    QCOMPARE(secret, edit != edits[0] || !(fields & kUser));
+                    QCOMPARE(edit->maxLength(), secret ? 9 : 128);
+                    QCOMPARE(edit->placeholderText(), QString(secret ? "Password" : "User name"));
+                    QCOMPARE(edit->objectName(), QString("DefaultLineEdit"));
+                    QVERIFY(edit->width() <= 300 && edit->textMargins().left() > 0); // which is the icon's
+                }
+                QLabel *shown = box.label("Wrong");
+                QCOMPARE(shown != nullptr, (fields & kHint) && !hint.isEmpty());
+                if (shown) {
+                    QVERIFY(shown->isVisible() && shown->wordWrap());
+                    QCOMPARE(shown->palette().color(QPalette::WindowText), QColor(255, 0, 0));
+                }
+                QVERIFY(box.label("Please enter the password.")->isVisible());
+                if (!edits.isEmpty())
+                    QCOMPARE(box.focusWidget(), edits[0]);
+            });
+            box.showUserAndPasswordBox(0, "", fields, 9, kOk | kCancel, "", "", "", hint);
+        }
+    }
+
+    void badLength()
+    {
+        MsgBox box;
+        box.whileRunning([&] {
+            box.edits().constFirst()->setText("secret");
+            QCOMPARE(box.GetPassword(), QString("secret"));
+        });
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("-3"));
+        box.showUserAndPasswordBox(0, "", kPassword, -3, kOk);
+    }
+
+    void longPrompts_data()
+    {
+        QTest::addColumn<int>("length");
+        QTest::addColumn<bool>("scrolls");
+        QTest::newRow("400") << 400 << false;
+        QTest::newRow("20000") << 20000 << true;
+    }
+    void longPrompts()
+    {
+        QFETCH(int, length);
+        QFETCH(bool, scrolls);
+        lumqt::platform::answers().workArea = [] { return QRect(0, 0, 1024, 600); };
+        const QString text(length, 'm');
+        for (const bool folder : {true, false}) {
+            MsgBox box;
+            box.whileRunning([&] {
+                box.grab();
+                auto *area = box.findChild<QScrollArea *>();
+                QCOMPARE(area != nullptr, scrolls);
+                QLabel *label = box.label(text);
+                QVERIFY(label->height() >= label->heightForWidth(label->width()));
+                QVERIFY(isWholeIn(label, scrolls ? area->widget() : &box));
+                QVERIFY(isWholeIn(box.GetBtn(kOk), &box));
+                QCOMPARE(box.width(), 500);
+                QVERIFY(box.height() <= 600);
+            });
+            if (folder)
+                box.showCreateDirBox(0, text, kOk);
+            else
+                box.showUserAndPasswordBox(0, text, kUser, 9, kOk);
+        }
+    }
+
+    void names()
+    {
+        MsgBox box;
+        box.whileRunning([&] {
+            QStringList found;
+            const auto edits = box.edits();
+            for (CBPLineEdit *edit : edits) {
+                edit->setText("secret");
+                found << QAccessible::queryAccessibleInterface(edit)->text(QAccessible::Name);
+            }
+            QCOMPARE(found, QStringList({"User name", "Password"}));
+            QCOMPARE(QAccessible::queryAccessibleInterface(&box)->text(QAccessible::Description),
+                     QString("Prompt\nHint"));
+            QTest::keyClick(&box, Qt::Key_C, Qt::ControlModifier);
+            QVERIFY(QApplication::clipboard()->text().contains("Prompt"));
+            QVERIFY(!QApplication::clipboard()->text().contains("secret"));
+        });
+        box.showUserAndPasswordBox(0, "Prompt", 7, 9, kOk, "", "", "", "Hint");
+    }
+
+    // ------------------------------------------------------------------------------------------------------
+    // keyboard
+
+    void keys_data()
+    {
+        QTest::addColumn<int>("buttons");
+        QTest::addColumn<int>("disabled");
+        QTest::addColumn<int>("key");
+        QTest::addColumn<int>("result");
+        const int both = kOk | kCancel;
+        QTest::newRow("Return") << both << 0 << int(Qt::Key_Return) << kOk;
+        QTest::newRow("Enter") << both << 0 << int(Qt::Key_Enter) << kOk;
+        QTest::newRow("Return, disabled") << both << kOk << int(Qt::Key_Return) << -1;
+        QTest::newRow("Return, no OK") << kYes << 0 << int(Qt::Key_Return) << -1;
+        QTest::newRow("Escape") << both << 0 << int(Qt::Key_Escape) << kCancel;
+        QTest::newRow("Escape, disabled") << both << kCancel << int(Qt::Key_Escape) << -1;
+        QTest::newRow("Escape, no Cancel") << kOk << 0 << int(Qt::Key_Escape) << -1;
+        QTest::newRow("another") << both << 0 << int(Qt::Key_F5) << -1;
+    }
+    void keys()
+    {
+        QFETCH(int, buttons);
+        QFETCH(int, disabled);
+        QFETCH(int, key);
+        MsgBox box;
+        QSignalSpy quits(&box, &CMsgBox::sigQuit);
+        box.whileRunning([&] {
+            box.EnableButton(disabled, false);
+            QTest::keyClick(&box, Qt::Key(key));
+            QTest::keyClick(&box, Qt::Key(key)); // no answer to a box that has one
+        });
+        QTEST(box.message(0, "Text", "", buttons), "result");
+        QCOMPARE(quits.size(), 1);
+    }
+
+    void fromOpenToClose_data()
+    {
+        QTest::addColumn<int>("buttons");
+        QTest::addColumn<QVector<int>>("tabs"); // by flag, from what has the focus at first
+        QTest::newRow("OK") << (kOk | kCancel) << QVector<int>{kOk, kCancel};
+        QTest::newRow("questions") << (kYes | kNo | kCancel) << QVector<int>{kYes, kNo, kCancel};
+    }
+    void fromOpenToClose()
+    {
+        QFETCH(int, buttons);
+        QFETCH(QVector<int>, tabs);
+        MsgBox box;
+        box.whileRunning([&] {
+            QVERIFY(isInFront(box));
+            QTRY_VERIFY(box.focusWidget());
+            // From the first button, wherever the focus begins: forth through the row, then check box.
+            box.GetBtn(tabs.constFirst())->QWidget::setFocus();
+            for (const int flag : qAsConst(tabs)) {
+                QCOMPARE(box.focusWidget(), box.GetBtn(flag));
+                type(box, Qt::Key_Tab);
+            }
+            auto *check = box.findChild<QCheckBox *>();
+            QCOMPARE(box.focusWidget(), check);
+            type(box, Qt::Key_Space);
+            QVERIFY(check->isChecked());
+            type(box, Qt::Key_Tab, Qt::ShiftModifier);
+            QCOMPARE(box.focusWidget(), box.GetBtn(kCancel));
+            type(box, Qt::Key_Space);
+        });
+        QCOMPARE(box.messageWithCheckbox(1, "Text", "Check", "", buttons), kCancel | 0x200);
+    }
+
+    void firstFocus_data()
+    {
+        QTest::addColumn<int>("buttons");
+        QTest::addColumn<int>("focused");
+        QTest::newRow("OK") << (kOk | kCancel) << kOk;
+        QTest::newRow("OK among others") << (kOk | kNo | 0x80000) << kOk;
+        QTest::newRow("the first") << (kNo | kYes) << kYes;
+        QTest::newRow("only Cancel") << kCancel << kCancel;
+    }
+    void firstFocus()
+    {
+        QFETCH(int, buttons);
+        QFETCH(int, focused);
+        MsgBox box;
+        box.whileRunning([&] {
+            QVERIFY(isInFront(box));
+            QTRY_COMPARE(box.focusWidget(), box.GetBtn(focused));
+        });
+        box.messageWithLink(0, "Text", "Link", "", "", buttons);
+    }
+
+private:
+    const lumqt::platform::Answers m_answers = lumqt::platform::answers();
+};
+
+LUMQT_TEST_MAIN(TestMsgBoxForms)
+#include "tst_msgbox_forms.moc"
