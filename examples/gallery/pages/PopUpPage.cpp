@@ -9,6 +9,7 @@
 #include "CBPPopWnd.h"
 #include "CBPPushBtn.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
@@ -143,6 +144,40 @@ QWidget *textPortrait()
     return portrait(dialog, 232);
 }
 
+// The ring around a primary button is the pop-up's to paint: it has to have the focus in earnest.
+QWidget *focusPortrait(int flag)
+{
+    const QPointer<QWidget> before = QApplication::activeWindow();
+    PopUp dialog("Keyboard focus", nullptr);
+    dialog.addText("A ring marks the button that the keyboard presses.");
+    dialog.AppendBtn(Ok | Cancel);
+    dialog.setAttribute(Qt::WA_DontShowOnScreen);
+    dialog.setAttribute(Qt::WA_QuitOnClose, false);
+    dialog.show();
+    QApplication::setActiveWindow(&dialog);
+    dialog.GetBtn(flag)->QWidget::setFocus();
+    QWidget *shown = portrait(dialog, 232);
+    QApplication::setActiveWindow(before);
+    return shown;
+}
+
+QWidget *waitingPortrait()
+{
+    PopUp dialog("A button waits", nullptr);
+    dialog.addText("Its spinner stands in place of the caption until the job is done.");
+    dialog.AppendBtn(Yes | No | Cancel);
+    for (const int flag : {Yes, Cancel}) {
+        CBPPushBtn *button = dialog.GetBtn(flag);
+        QIcon icon;
+        icon.addPixmap(theme::picture("loading/loading04.png"), QIcon::Disabled);
+        button->setIconSize(QSize(20, 20));
+        button->setIcon(icon);
+        button->setText(QString());
+        button->setEnabled(false);
+    }
+    return portrait(dialog, 232);
+}
+
 QWidget *plainFramePortrait()
 {
     PopUp dialog("Without a line", nullptr);
@@ -161,6 +196,9 @@ void addPortraits(Page *page)
                                     {"PrependWidget()", widgetPortrait()},
                                     {"EnableButton(flag, false)", disabledPortrait()},
                                     {"ResetBtnText()", textPortrait()},
+                                    {"Keyboard focus, primary", focusPortrait(Ok)},
+                                    {"Keyboard focus, secondary", focusPortrait(Cancel)},
+                                    {"CBPWaitBtn::run()", waitingPortrait()},
                                     {"SetDrawBottomHLine(false)", plainFramePortrait()}});
 }
 

@@ -92,11 +92,10 @@ void addLive(Page *page)
 // at one moment
 
 // A button that somebody waits in, with its frame number `index`.
-QWidget *spinning(const QString &waitingText, int index)
+QWidget *spinning(CBPWaitBtn *button, const QString &waitingText, int index)
 {
-    CBPWaitBtn *button = primary("Start", waitingText);
     button->setText(waitingText);
-    button->setSpacing(32); // as the button sets it for a waiting text
+    button->setSpacing(32); // so that the spinner stands where the button itself draws it
     QIcon icon;
     const QPixmap frame =
         theme::picture(QString("loading/loading%1.png").arg(index, 2, 10, QLatin1Char('0')));
@@ -113,8 +112,8 @@ void addButtons(Page *page)
         ->addColumns(kColumnWidth,
                      {{"Idle", pose::in(pose::Normal, primary("Start", "Waiting"))},
                       {"Waiting, before the spinner", pose::in(pose::Disabled, primary("Start", ""))},
-                      {"With a waiting text", spinning("Waiting", 4)},
-                      {"Without one", spinning(QString(), 10)}});
+                      {"With a waiting text", spinning(primary("Start", "Waiting"), "Waiting", 4)},
+                      {"Without one", spinning(primary("Start", QString()), QString(), 10)}});
 }
 
 // The window as it lies over the window of an application.
@@ -181,14 +180,22 @@ void addExpanders(Page *page)
     selected->setSelected(true);
     CExpandBtn *plain = expander("Not expandable");
     plain->setExpandable(false);
+    auto *waiting = new CExpandBtn(QStringList(), "Details", "Loading"); // without frames it stands still
+    waiting->setFixedWidth(200);
+    waiting->Show(true);
     page->addSection("Expand button", "CExpandBtn: a waiting button that opens what lies below it.")
-        ->addColumns(kColumnWidth, {{"Try it", expanding()},
-                                    {"Expanded", pose::in(pose::Normal, open)},
-                                    {"Selected", pose::in(pose::Normal, selected)},
-                                    {"Not expandable", pose::in(pose::Normal, plain)},
-                                    {"Under the pointer", pose::in(pose::Hovered, expander("Details"))},
-                                    {"Pressed", pose::in(pose::Pressed, expander("Details"))},
-                                    {"Disabled", pose::in(pose::Disabled, expander("Details"))}});
+        ->addColumns(
+            kColumnWidth,
+            {{"Try it", expanding()},
+             {"Expanded", pose::in(pose::Normal, open)},
+             {"Selected", pose::in(pose::Normal, selected)},
+             {"Not expandable", pose::in(pose::Normal, plain)},
+             {"Under the pointer", pose::in(pose::Hovered, expander("Details"))},
+             {"Pressed", pose::in(pose::Pressed, expander("Details"))},
+             {"Focused", pose::in(pose::Focused, expander("Details"))},
+             {"Waiting", spinning(waiting, "Loading", 4)},
+             {"A text too long", pose::in(pose::Normal, expander("A caption that is longer than the row"))},
+             {"Disabled", pose::in(pose::Disabled, expander("Details"))}});
 }
 
 Page *makePage()
