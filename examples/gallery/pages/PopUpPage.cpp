@@ -17,7 +17,7 @@
 
 namespace {
 
-constexpr int kColumnWidth = 432;
+constexpr int kColumns = 2;
 constexpr int kSampleWidth = 420;
 
 enum TitleId { Minimize = 2, Close = 8 };
@@ -191,15 +191,15 @@ void addPortraits(Page *page)
 {
     page->addSection("Windows", "The pop-up paints a white body, a soft shadow around it and a line above "
                                 "the row of buttons.")
-        ->addColumns(kColumnWidth, {{"AppendBtn(0x1900)", plainPortrait()},
-                                    {"PrependBtn(0x80000), AppendBtn(0x104)", groupsPortrait()},
-                                    {"PrependWidget()", widgetPortrait()},
-                                    {"EnableButton(flag, false)", disabledPortrait()},
-                                    {"ResetBtnText()", textPortrait()},
-                                    {"Keyboard focus, primary", focusPortrait(Ok)},
-                                    {"Keyboard focus, secondary", focusPortrait(Cancel)},
-                                    {"CBPWaitBtn::run()", waitingPortrait()},
-                                    {"SetDrawBottomHLine(false)", plainFramePortrait()}});
+        ->addColumns(kColumns, {{"AppendBtn(0x1900)", plainPortrait()},
+                                {"PrependBtn(0x80000), AppendBtn(0x104)", groupsPortrait()},
+                                {"PrependWidget()", widgetPortrait()},
+                                {"EnableButton(flag, false)", disabledPortrait()},
+                                {"ResetBtnText()", textPortrait()},
+                                {"Keyboard focus, primary", focusPortrait(Ok)},
+                                {"Keyboard focus, secondary", focusPortrait(Cancel)},
+                                {"CBPWaitBtn::run()", waitingPortrait()},
+                                {"SetDrawBottomHLine(false)", plainFramePortrait()}});
 }
 
 // The buttons of a pop-up, out of it: the captions and kinds of all flags.
@@ -221,7 +221,7 @@ void addButtons(Page *page)
             button->removeEventFilter(keeper);
             samples << Sample{"0x" + QString::number(flag, 16), button};
         }
-        section->addColumns(kColumnWidth / 2, samples);
+        section->addColumns(2 * kColumns, samples);
     }
     QVector<SampleRow> rows;
     for (const int flag : {Ok, Cancel}) {

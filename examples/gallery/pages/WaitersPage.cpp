@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr int kColumnWidth = 216;
+constexpr int kColumns = 4;
 constexpr int kWait = 4000; // ms, of the live samples
 
 // ----------------------------------------------------------------------------------------------------------
@@ -109,7 +109,7 @@ void addButtons(Page *page)
 {
     page->addSection("Waiting button",
                      "The spinner comes after 880 milliseconds, so that a short wait shows none.")
-        ->addColumns(kColumnWidth,
+        ->addColumns(kColumns,
                      {{"Idle", pose::in(pose::Normal, primary("Start", "Waiting"))},
                       {"Waiting, before the spinner", pose::in(pose::Disabled, primary("Start", ""))},
                       {"With a waiting text", spinning(primary("Start", "Waiting"), "Waiting", 4)},
@@ -141,10 +141,10 @@ void addWindows(Page *page)
 {
     page->addSection("Windows", "The modal waiter is a spinner on a tile, and nothing else. The busy dialog "
                                 "opens its picture over the text.")
-        ->addColumns(kColumnWidth, {{"CBPUISyncWaiter", waiterPortrait()},
-                                    {"CBPWaiter, at first", dialogPortrait(0)},
-                                    {"Opening", dialogPortrait(600)},
-                                    {"Open", dialogPortrait(2200)}});
+        ->addColumns(kColumns, {{"CBPUISyncWaiter", waiterPortrait()},
+                                {"CBPWaiter, at first", dialogPortrait(0)},
+                                {"Opening", dialogPortrait(600)},
+                                {"Open", dialogPortrait(2200)}});
 }
 
 // ----------------------------------------------------------------------------------------------------------
@@ -184,18 +184,17 @@ void addExpanders(Page *page)
     waiting->setFixedWidth(200);
     waiting->Show(true);
     page->addSection("Expand button", "CExpandBtn: a waiting button that opens what lies below it.")
-        ->addColumns(
-            kColumnWidth,
-            {{"Try it", expanding()},
-             {"Expanded", pose::in(pose::Normal, open)},
-             {"Selected", pose::in(pose::Normal, selected)},
-             {"Not expandable", pose::in(pose::Normal, plain)},
-             {"Under the pointer", pose::in(pose::Hovered, expander("Details"))},
-             {"Pressed", pose::in(pose::Pressed, expander("Details"))},
-             {"Focused", pose::in(pose::Focused, expander("Details"))},
-             {"Waiting", spinning(waiting, "Loading", 4)},
-             {"A text too long", pose::in(pose::Normal, expander("A caption that is longer than the row"))},
-             {"Disabled", pose::in(pose::Disabled, expander("Details"))}});
+        ->addColumns(kColumns, {{"Try it", expanding()},
+                                {"Expanded", pose::in(pose::Normal, open)},
+                                {"Selected", pose::in(pose::Normal, selected)},
+                                {"Not expandable", pose::in(pose::Normal, plain)},
+                                {"Under the pointer", pose::in(pose::Hovered, expander("Details"))},
+                                {"Pressed", pose::in(pose::Pressed, expander("Details"))},
+                                {"Focused", pose::in(pose::Focused, expander("Details"))},
+                                {"Waiting", spinning(waiting, "Loading", 4)},
+                                {"A text too long",
+                                 pose::in(pose::Normal, expander("A caption that is longer than the row"))},
+                                {"Disabled", pose::in(pose::Disabled, expander("Details"))}});
 }
 
 Page *makePage()
