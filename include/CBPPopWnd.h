@@ -83,7 +83,8 @@ public:
     bool ButtonIsEnable(int flag);
 
     /// Sets the text of the button of \a flag, if there is one. A wait in the button ends with this text. A
-    /// button becomes wider for its text, never narrower. \since 1.0
+    /// button becomes wider for its text, up to 480 pixels, and never narrower; a longer text ends in an
+    /// ellipsis. \since 1.0
     void ResetBtnText(int flag, QString text);
 
     /// Has \a callback asked after each press of a standard button: it gets the result code and \a context,
@@ -130,7 +131,8 @@ public:
     void setFixedSize(QSize size);
 
     /// Runs the dialog modally, as Run() does, and returns QDialog's result, which is 0 for a dialog ended by
-    /// button, UnRun() or destruction. One that is closed while it is being shown ends, too. \since 1.0
+    /// button, UnRun() or destruction. One that is closed while it is being shown ends, too. Returns -1 at
+    /// once, with a warning of Qt, while it runs already. \since 1.0
     int exec() override;
 
     void done(int result) override;

@@ -148,6 +148,18 @@ protected:
     /// is changed to the text colour. Replace it to draw another content. \since 1.0
     virtual void drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, int index);
 
+    /// With true a text that is wider than the button is drawn on one line and ends in an ellipsis; at first
+    /// it is wrapped. \since 1.0
+    void setTextElided(bool elided);
+
+    /// The font of SetFont().
+    /// \since 1.0
+    QFont textFont() const;
+
+    /// What of \a text is drawn on one line in \a width pixels: all of it, or as much as fits and an
+    /// ellipsis. A line break counts as a space. \since 1.0
+    QString elided(const QString &text, int width) const;
+
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
@@ -166,6 +178,7 @@ private Q_SLOTS:
 private:
     class ClickWatch;
     friend class ClickWatch;
+    friend class CBPPopWnd;
 
     void init();
     void autoResizeBtn();
@@ -190,6 +203,7 @@ private:
     int m_arrowHeight;
     QFont m_font;
     bool m_iconAfterText = false;
+    bool m_elided = false;
     int m_iconVerticalOffset = 0;
     bool m_reportsItself = false; // an event handler will emit sigBtnClicked when the base is done
     bool m_wasClicked = false;    // clicked() came while the handler was at work

@@ -48,6 +48,7 @@ public:
     /// \since 1.0
     virtual void setText(QString text);
 
+    /// The text of setText(), or of the executer that waits; empty at first.
     /// \since 1.0
     virtual QString text();
 #if defined(__GNUC__)

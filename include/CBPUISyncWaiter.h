@@ -31,7 +31,7 @@ public:
     /// \since 1.0
     void setWaitingText(QString text);
 
-    /// Whether Escape ends the wait; it does not at first.
+    /// Whether Escape ends the wait; it does not at first. Together with Shift, Ctrl or Alt it never does.
     /// \since 1.0
     void SetRespondEsc(bool respond);
 
@@ -40,7 +40,7 @@ public:
     int GetResult();
 
 Q_SIGNALS:
-    /// The user has pressed Escape, which is allowed; the window closes after this.
+    /// The user has pressed Escape, which is allowed; the window closes after this, unless a slot did that.
     /// \since 1.0
     void sigPressEscape();
 

@@ -9,15 +9,17 @@
 /// A push button that turns into its own spinner while somebody waits in it.
 ///
 /// While it waits the button is disabled, shows the frames of an animation and its waiting text instead of
-/// the text; after that it is as before and has the keyboard focus. The spinner rests while the button is
-/// hidden or its window minimised. GUI thread only. \since 1.0
+/// the text; after that it is as before and has the keyboard focus. The waiting text stands in the middle and
+/// the spinner before it; of a text too long for that as much is shown as there is room for. The spinner
+/// rests while the button is not shown or its window minimised. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPWaitBtn : public CBPPushBtn, public CBPSyncObj
 {
     Q_OBJECT
 
 public:
     /// A button with \a text, which waits with \a waitingText and the pictures of the files \a frames.
-    /// Without frames it has no spinner, and keeps its text. \a autoResize is CBPPushBtn's. \since 1.0
+    /// Without frames it has no spinner, and keeps its text, also as long as their files are missing. \a
+    /// autoResize is CBPPushBtn's. \since 1.0
     CBPWaitBtn(const QStringList &frames, const QString &text, const QString &waitingText,
                QWidget *parent = nullptr, bool autoResize = false);
     ~CBPWaitBtn() override;
@@ -65,6 +67,7 @@ protected:
     /// The text; while none is shown that which a wait ends with. For screen readers. \since 1.0
     QString shownName() const;
 
+    void drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, int index) override;
     void showEvent(QShowEvent *event) override;
     void hideEvent(QHideEvent *event) override;
 
@@ -79,11 +82,14 @@ private:
     void startWaiting();
     void stopWaiting();
     void restore();
+    void drawSpinnerAndText(QPainter *painter, QPen &pen, const QRect &rect, int index);
 
     QString m_text;
     QString m_waitingText;
     CBPAnimationObj m_animation;
     bool m_waiting = false;
-    bool m_hidden = false; // was seen, and is not now
-    int m_waits = 0;       // run() calls under way
+    bool m_hidden = true;    // nobody can see it
+    bool m_restored = false; // exit() has ended the wait under way
+    int m_waits = 0;         // run() calls under way
+    qint64 m_spinner = 0;    // cache key of the icon that is the frame
 };

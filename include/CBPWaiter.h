@@ -27,8 +27,10 @@ public:
     CBPWaiter(QWidget *parent, QString text, unsigned int timeLimit, bool);
     ~CBPWaiter() override;
 
-    /// Runs the dialog until it is ended. It may be gone when this returns. The result() is 1 after the time
-    /// limit or UnRun(), 0 after Escape or closing. \since 1.0
+    /// Runs the dialog until it is ended, which may be while it is being shown. It may be gone when this
+    /// returns. The result() is 1 after the time limit or UnRun(), 0 after Escape, closing or hiding. As long
+    /// as this has not returned, as in slots of the dialog's own signals, a further call does nothing.
+    /// \since 1.0
     void Run();
 
     /// Ends the dialog with the result 1.

@@ -5,9 +5,9 @@
 /// A waiting button that opens and closes something below it, with an arrow at its right end that says which
 /// of the two it will do.
 ///
-/// It is 44 pixels high and has no frame. A click turns it over; what it opens is up to whoever listens.
-/// setSelected() paints it as pressed. While somebody waits in it the arrow is away. GUI thread only.
-/// \since 1.0
+/// It is 44 pixels high and has no frame; a text that does not fit beside the arrow ends in an ellipsis. A
+/// click turns it over; what it opens is up to whoever listens. setSelected() paints it as pressed. While
+/// somebody waits in it the arrow is away. GUI thread only. \since 1.0
 class LUMQT_EXPORT CExpandBtn : public CBPWaitBtn
 {
     Q_OBJECT
@@ -27,8 +27,13 @@ public:
     /// \since 1.0
     void setExpandable(bool expandable);
 
+    /// Whether it is expanded; false at first.
     /// \since 1.0
     bool isExpand() const;
+
+    /// With room for the text and, at both ends, the arrow.
+    /// \since 1.0
+    QSize sizeHint() const override;
 
 public Q_SLOTS:
     /// Expands a collapsed button and the other way round, as a click does.

@@ -26,6 +26,7 @@ constexpr int kArrowWidth = 8;
 constexpr int kArrowHeight = 4;
 constexpr int kFocusRingWidth = 2;
 constexpr int kFrameWidth = 1;
+constexpr int kElidedInset = 4; // of a text that ends in an ellipsis, at each side
 constexpr int kDisabledCheckedAlpha = 128;
 // From the button's top to the menu, less the native frame and caption and the button's height. The number
 // grew with the Windows themes; applications place their buttons for it.
@@ -155,6 +156,25 @@ void CBPPushBtn::SetMininzerWidth(int width)
 {
     m_minimumWidth = width;
     autoResizeBtn();
+}
+
+void CBPPushBtn::setTextElided(bool elided)
+{
+    m_elided = elided;
+    update();
+}
+
+QFont CBPPushBtn::textFont() const
+{
+    return m_font;
+}
+
+QString CBPPushBtn::elided(const QString &text, int width) const
+{
+    const int room = qMax(0, width);
+    QString line = text.left(room + 1); // more cannot fit, and need not be measured at each paint
+    line.replace(QLatin1Char('\n'), QLatin1Char(' '));
+    return QFontMetrics(m_font).elidedText(line, Qt::ElideRight, room);
 }
 
 void CBPPushBtn::setSpacing(int spacing)
@@ -479,10 +499,10 @@ void CBPPushBtn::drawCheckedLook(QPainter &painter, const QRect &rect) const
 
 void CBPPushBtn::drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, int index)
 {
+    const QString label = m_elided ? elided(text(), rect.width() - 2 * kElidedInset) : text();
     if (!icon().isNull()) {
         const QPixmap pixmap = iconPixmap();
         const QSize size = lumqt::logicalSize(pixmap);
-        const QString label = text();
         const int textSize = label.isEmpty() ? 0 : m_textLayout->lineSize(label, m_font).width();
         const int spacing = lumqt::boundedPixels(m_spacing);
         const int blockWidth = pixmap.isNull() ? textSize : size.width() + spacing + textSize;
@@ -504,7 +524,7 @@ void CBPPushBtn::drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, in
     pen.setColor(paintedTextColor(index));
     painter->setPen(pen);
     // The text is centred in the whole rectangle, wherever the icon is.
-    m_textLayout->drawCentred(*painter, rect, text(), m_font);
+    m_textLayout->drawCentred(*painter, rect, label, m_font);
 }
 
 void CBPPushBtn::drawArrow(QPainter *painter)

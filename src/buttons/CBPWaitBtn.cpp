@@ -2,14 +2,17 @@
 
 #include "buttons/AccessibleWaitBtn.h"
 #include "CBPEvtLoop.h"
+#include "foundation/IconPixmap.h"
 #include "foundation/ImageLoader.h"
 
+#include <QPainter>
 #include <QShowEvent>
 
 namespace {
 
 constexpr int kNoFrameYet = 255;
 constexpr int kSpinnerGap = 6; // pixels between spinner and waiting text
+constexpr int kInset = 4;      // of both from the button's ends, where there is no more room
 
 } // namespace
 
@@ -96,11 +99,13 @@ int CBPWaitBtn::run(CBPEvtLoop *loop, bool)
     if (!alive) // the focus left it, and somebody minded
         return 0;
     ++m_waits;
+    m_restored = false;
     const int code = CBPSyncObj::run(loop, false);
     if (!alive)
         return code;
-    // The loop may have been left by other means than exit().
-    if (--m_waits == 0 && m_waiting)
+    // The loop may have been left by other means than exit(), and the spinner stopped by Show(false), which
+    // leaves the text away.
+    if (--m_waits == 0 && !m_restored)
         restore();
     return code;
 }
@@ -110,6 +115,7 @@ int CBPWaitBtn::exit(CBPEvtLoop *loop, bool)
     if (m_waits > 1) // the button stays the other wait's
         return CBPSyncObj::exit(loop, false);
     const QPointer<CBPWaitBtn> alive(this);
+    m_restored = true;
     restore();
     if (alive)
         QWidget::setFocus();
@@ -176,15 +182,47 @@ void CBPWaitBtn::hideEvent(QHideEvent *event)
 void CBPWaitBtn::iconChanged(int)
 {
     const QPixmap frame = m_animation.currentPixmap();
+    if (frame.isNull())
+        return; // a file that is missing: an empty button would tell nobody what it waits for
     QIcon icon(frame);
     icon.addPixmap(frame, QIcon::Disabled); // the button is disabled, the spinner is not to be grey
-    const QSize size = lumqt::logicalSize(frame);
-    // The base centres the text, and before it makes room for half an icon only.
-    if (!m_waitingText.isEmpty())
-        setSpacing(size.width() + 2 * kSpinnerGap);
-    setIconSize(size);
+    m_spinner = icon.cacheKey();
+    setIconSize(lumqt::logicalSize(frame));
     setIcon(icon);
     setText(m_waitingText);
 }
 
 void CBPWaitBtn::onBtnClicked() {}
+
+// ----------------------------------------------------------------------------------------------------------
+// painting
+
+void CBPWaitBtn::drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, int index)
+{
+    const bool spins = !icon().isNull() && icon().cacheKey() == m_spinner;
+    if (spins && !text().isEmpty())
+        drawSpinnerAndText(painter, pen, rect, index);
+    else
+        CBPPushBtn::drawPixmapAndText(painter, pen, rect, index);
+}
+
+// The base centres the text, and before it makes room for half an icon only.
+void CBPWaitBtn::drawSpinnerAndText(QPainter *painter, QPen &pen, const QRect &rect, int index)
+{
+    const QPixmap spinner = lumqt::iconPixmap(icon(), iconSize(), iconMode(), this);
+    const QSize size = lumqt::logicalSize(spinner);
+    const int before = size.width() + kSpinnerGap;
+    const QRect room = rect.adjusted(kInset, 0, -kInset, 0);
+    const QString label = elided(text(), room.width() - before);
+    const QFontMetrics metrics(textFont());
+    const int width = metrics.horizontalAdvance(label);
+    int left = (room.width() - width) / 2;
+    if (left < before) // not in the middle, then, but together with the spinner
+        left = before + (room.width() - before - width) / 2;
+    left += room.x();
+    painter->drawPixmap(left - before, rect.y() + (rect.height() - size.height()) / 2, spinner);
+    pen.setColor(paintedTextColor(index));
+    painter->setPen(pen);
+    painter->setFont(textFont());
+    painter->drawText(left, rect.y() + (rect.height() - metrics.height()) / 2 + metrics.ascent(), label);
+}

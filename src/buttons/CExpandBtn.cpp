@@ -5,6 +5,7 @@
 #include "foundation/Painting.h"
 #include "Util.h"
 
+#include <QFontMetrics>
 #include <QPainter>
 
 namespace {
@@ -14,6 +15,8 @@ const QColor kFocusFrame(75, 167, 245);
 constexpr int kFocusFrameWidth = 2;
 constexpr int kHeight = 44;
 constexpr int kArrowInset = 16; // from the right edge
+constexpr int kArrowRoom = 36;  // inset, arrow and a gap; at both ends, so that the text stays in the middle
+constexpr int kTextInset = 4;   // the base keeps it beside a text that may end in an ellipsis
 constexpr qreal kDisabledOpacity = 0.4;
 constexpr int kDisabled = 3; // state
 
@@ -54,6 +57,7 @@ CExpandBtn::CExpandBtn(const QStringList &frames, const QString &text, const QSt
     setNormalText(text);
     setFixedHeight(kHeight);
     setFrmTrancent(true);
+    setTextElided(true);
     connect(this, SIGNAL(clicked()), this, SLOT(onExpand()));
 }
 
@@ -91,16 +95,26 @@ void CExpandBtn::onExpand()
     setExpand(!m_expanded);
 }
 
+QSize CExpandBtn::sizeHint() const
+{
+    const QSize hint = CBPWaitBtn::sizeHint();
+    const int needed = QFontMetrics(textFont()).horizontalAdvance(text()) + 2 * (kArrowRoom + kTextInset);
+    return QSize(qMax(hint.width(), qMin(needed, QWIDGETSIZE_MAX)), kHeight);
+}
+
 void CExpandBtn::drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, int index)
 {
-    CBPWaitBtn::drawPixmapAndText(painter, pen, rect, index);
-    if (hasFocus()) { // without a frame the base has none to mark
+    const bool showsArrow = m_expandable && !isWaitting();
+    const int room = showsArrow ? qMin(kArrowRoom, rect.width() / 2) : 0;
+    QRect content = rect.adjusted(room, 0, -room, 0);
+    CBPWaitBtn::drawPixmapAndText(painter, pen, content, index);
+    if (IsFocus()) { // without a frame the base has none to mark
         lumqt::Body ring;
         ring.frame = kFocusFrame;
         ring.frameWidth = kFocusFrameWidth;
         lumqt::drawBody(*painter, rect, ring);
     }
-    if (!m_expandable || isWaitting())
+    if (!showsArrow)
         return;
     const char *name = m_expanded ? "../res/icon_arrowup.png" : "../res/icon_arrowdown.png";
     const QPixmap arrow =

@@ -17,7 +17,8 @@
 namespace {
 
 constexpr int kButtonHeight = 36;
-constexpr int kTextPadding = 10; // between the text and each side of a button that is wider for it
+constexpr int kTextPadding = 10;    // between the text and each side of a button that is wider for it
+constexpr int kWidestForText = 480; // a text may be of any length, a window may not
 constexpr int kFrameCount = 24;
 const char kFramePath[] = "../res/loading/loading%1.png";
 
@@ -82,8 +83,9 @@ void color(CBPPushBtn *button, bool secondary)
 void makeRoomFor(const QString &text, CBPPushBtn *button)
 {
     const int needed = QFontMetrics(lumqt::uiFont()).horizontalAdvance(text) + 2 * kTextPadding;
-    if (needed > button->width())
-        button->SetMininzerWidth(needed);
+    const int width = qMin(needed, kWidestForText);
+    if (width > button->width())
+        button->SetMininzerWidth(width);
 }
 
 QStringList loadingFrames()
@@ -161,6 +163,7 @@ CBPPushBtn *CBPPopWnd::CreateAndPackBtn(QString caption, QStringList &frames, in
     button->setObjectName(QLatin1String("id_") + buttonId);
     button->setFixedHeight(kButtonHeight);
     button->SetFont(lumqt::uiFont());
+    button->setTextElided(true);
     makeRoomFor(caption, button);
     connect(button, SIGNAL(released()), this, SLOT(on_btn_clicked()));
     button->installEventFilter(this);

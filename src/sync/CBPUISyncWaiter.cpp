@@ -100,14 +100,15 @@ int CBPUISyncWaiter::GetResult()
 void CBPUISyncWaiter::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape) {
-        if (!m_respondEsc) {
+        // What the base does not take for Escape would leave the window, and say it was closed.
+        if (!m_respondEsc || !event->matches(QKeySequence::Cancel)) {
             event->accept();
             return;
         }
         const QPointer<CBPUISyncWaiter> alive(this);
         m_waiterResult = kEscaped;
         emit sigPressEscape();
-        if (!alive)
+        if (!alive || !isVisible()) // a slot has ended the wait, and that once is enough
             return;
     }
     QDialog::keyPressEvent(event);

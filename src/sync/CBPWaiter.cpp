@@ -42,6 +42,7 @@ CBPWaiter::CBPWaiter(QWidget *parent, QString text, unsigned int timeLimit, bool
     : QDialog(parent, Qt::FramelessWindowHint | Qt::Dialog),
       m_text(text),
       m_timeLimit(timeLimit),
+      m_quitTimer(this),
       m_leftImage(pathOf("../res/log_l.png")),
       m_rightImage(pathOf("../res/log_r.png"))
 {
@@ -87,10 +88,18 @@ void CBPWaiter::Run()
     m_runClock.start();
     restartTimer();
     m_quitTimer.start();
+    // Shown here and not by exec(): what is ended while it is being shown would leave that in a loop that
+    // nobody ends.
     const QPointer<CBPWaiter> alive(this);
-    exec();
+    const bool wasModal = testAttribute(Qt::WA_ShowModal);
+    setAttribute(Qt::WA_ShowModal);
+    setResult(Rejected);
+    show();
+    if (alive && isVisible())
+        exec();
     if (!alive)
         return;
+    setAttribute(Qt::WA_ShowModal, wasModal);
     stopTimers();
     m_running = false;
 }

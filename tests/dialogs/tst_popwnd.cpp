@@ -2,8 +2,10 @@
 
 #include "CBPBox.h"
 #include "CBPWaitBtn.h"
+#include "foundation/ImageLoader.h"
 #include "PopUpProbe.h"
 #include "TestMain.h"
+#include "Util.h"
 
 #include <QSignalSpy>
 #include <QVBoxLayout>
@@ -125,6 +127,12 @@ private Q_SLOTS:
         QTEST(QStringList(byPlace.values()).join(' '), "row");
         if (buttons.isEmpty())
             return;
+        for (CBPPushBtn *button : buttons) { // at its group's own end, as high as the row's bottom
+            const QLayout *group = button->parentWidget()->layout();
+            const bool left = button->parentWidget() == w.GetPreBox();
+            QCOMPARE(int(group->itemAt(group->indexOf(button))->alignment()),
+                     int((left ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignBottom));
+        }
         // The groups stand at the edges of the row, 12 pixels between two buttons of one.
         const QRect bottom = w.statusBox()->geometry().marginsRemoved(w.statusBox()->contentsMargins());
         const auto placed = [&w](int flag) {
@@ -170,6 +178,61 @@ private Q_SLOTS:
         button->Show(true);
         button->exit(nullptr, false);
         QCOMPARE(button->text(), QString("A & B"));
+    }
+
+    void endlessText()
+    {
+        PopUp w(nullptr, kOk | kNo);
+        const QString text(20000, 'w');
+        for (const int flag : {kOk, kNo}) {
+            CBPPushBtn *button = w.GetBtn(flag);
+            button->setFocusPolicy(Qt::NoFocus);
+            button->setBgColor(QVector<QColor>(4, Qt::white));
+            button->setFrmTrancent(true);
+            w.ResetBtnText(flag, text);
+            QCOMPARE(button->width(), 480);
+            QCOMPARE(button->text(), text);
+            button->setTextColor(QVector<QColor>(4, Qt::black));
+            const QImage image = shot(*button);
+            int lines = 0; // of pixels
+            for (int y = 0; y < image.height(); ++y) {
+                bool inked = false;
+                for (int x = 0; x < image.width() && !inked; ++x)
+                    inked = image.pixelColor(x, y) != QColor(Qt::white);
+                lines += inked;
+            }
+            QVERIFY2(lines > 4 && lines < image.height() / 2, qPrintable(QString::number(lines)));
+        }
+        w.show();
+        QVERIFY(w.width() < 1100);
+    }
+
+    // A standard button waits without a text: its spinner stands for it.
+    void waitingButtons_data()
+    {
+        QTest::addColumn<int>("flag");
+        QTest::newRow("primary") << kOk;
+        QTest::newRow("secondary") << kCancel;
+    }
+    void waitingButtons()
+    {
+        QFETCH(int, flag);
+        PopUp w(nullptr, flag);
+        w.show();
+        auto *button = qobject_cast<CBPWaitBtn *>(w.GetBtn(flag));
+        const QString caption = button->text();
+        button->Show(true);
+        for (const char *frame : {"00", "23", "00"}) { // all of them, and again
+            const QString path =
+                Util::getResFullPath(QString("../res/loading/loading%1.png").arg(QLatin1String(frame)));
+            const QImage picture = lumqt::loadPixmap(path, qApp->devicePixelRatio()).toImage();
+            QVERIFY(!picture.isNull());
+            QVERIFY(QTest::qWaitFor([&] { return button->currentPixmap().toImage() == picture; }, 8000));
+            QCOMPARE(button->text(), QString());
+            QVERIFY(!button->icon().isNull() && !button->isEnabled());
+        }
+        button->exit(nullptr, false);
+        QCOMPARE(button->text(), caption);
     }
 
     void widgetsInRow()

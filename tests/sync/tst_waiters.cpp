@@ -12,6 +12,8 @@
 #include <QMovie>
 #include <QSignalSpy>
 
+#include <algorithm>
+
 namespace {
 
 // A waiter that may be told to act while it is being shown, and has a label.
@@ -27,6 +29,22 @@ protected:
     void showEvent(QShowEvent *event) override
     {
         CBPUISyncWaiter::showEvent(event);
+        if (onShow)
+            onShow();
+    }
+};
+
+class Dialog : public CBPWaiter
+{
+public:
+    using CBPWaiter::CBPWaiter;
+
+    std::function<void()> onShow;
+
+protected:
+    void showEvent(QShowEvent *event) override
+    {
+        CBPWaiter::showEvent(event);
         if (onShow)
             onShow();
     }
@@ -129,6 +147,43 @@ private Q_SLOTS:
         QCOMPARE(w.GetResult(), 1);
     }
 
+    void escapeEndsOnce_data()
+    {
+        QTest::addColumn<bool>("exits"); // a slot ends the wait itself
+        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+        QTest::addColumn<int>("ends");
+        QTest::newRow("a slot ends it") << true << Qt::KeyboardModifiers() << 1;
+        QTest::newRow("no slot does") << false << Qt::KeyboardModifiers() << 1;
+        QTest::newRow("Shift") << false << Qt::KeyboardModifiers(Qt::ShiftModifier) << 0;
+        QTest::newRow("Ctrl") << false << Qt::KeyboardModifiers(Qt::ControlModifier) << 0;
+    }
+    void escapeEndsOnce()
+    {
+        QFETCH(bool, exits);
+        QFETCH(Qt::KeyboardModifiers, modifiers);
+        QFETCH(int, ends);
+        Watchdog dog;
+        Waiter w("Wait");
+        w.SetRespondEsc(true);
+        QSignalSpy escapes(&w, &CBPUISyncWaiter::sigPressEscape);
+        QSignalSpy finished(&w, &QDialog::finished);
+        QSignalSpy rejected(&w, &QDialog::rejected);
+        if (exits)
+            connect(&w, &CBPUISyncWaiter::sigPressEscape, [&] { w.exit(nullptr, false); });
+        later(&w, [&] {
+            QTest::keyClick(&w, Qt::Key_Escape, modifiers);
+            QCOMPARE(w.isVisible(), ends == 0);
+            QCOMPARE(escapes.size(), ends);
+            QCOMPARE(finished.size(), ends);
+            QCOMPARE(rejected.size(), ends);
+            QCOMPARE(w.GetResult(), exits || ends == 0 ? 1 : 0);
+            if (w.isVisible())
+                w.exit(nullptr, false);
+        });
+        w.run(nullptr, false);
+        QVERIFY(!dog.bit());
+    }
+
     void waiterEnds_data()
     {
         QTest::addColumn<QString>("how");
@@ -174,8 +229,9 @@ private Q_SLOTS:
         Waiter w("Wait");
         auto *label = w.findChild<QLabel *>();
         QVERIFY(label && label->movie());
+        const char *file = label->devicePixelRatioF() > 1 ? "../res/waiting@2x.gif" : "../res/waiting.gif";
         QCOMPARE(QFileInfo(label->movie()->fileName()).canonicalFilePath(),
-                 QFileInfo(Util::getResFullPath("../res/waiting.gif")).canonicalFilePath());
+                 QFileInfo(Util::getResFullPath(file)).canonicalFilePath());
         QCOMPARE(label->movie()->state(), QMovie::NotRunning); // nothing is decoded for nobody
         w.show();
         QCOMPARE(label->movie()->state(), QMovie::Running);
@@ -183,8 +239,11 @@ private Q_SLOTS:
         QSignalSpy pictures(label->movie(), &QMovie::frameChanged);
         QTRY_VERIFY(pictures.size() > 2);
         const QImage image = w.grab().toImage();
-        QCOMPARE(image.pixelColor(5, 50).alpha(), 0); // only the spinner
-        QCOMPARE(image.pixelColor(50, 24).alpha(), 255);
+        const auto at = [&image](int x, int y) {
+            return image.pixelColor(QPoint(x, y) * image.width() / 100);
+        };
+        QCOMPARE(at(5, 50).alpha(), 0); // only the spinner
+        QCOMPARE(at(50, 24).alpha(), 255);
         w.hide();
         QCOMPARE(label->movie()->state(), QMovie::NotRunning);
     }
@@ -277,6 +336,90 @@ private Q_SLOTS:
         QTEST(rejections.size(), "rejections");
     }
 
+    void endedWhileShown_data()
+    {
+        QTest::addColumn<QString>("how");
+        QTest::addColumn<int>("result");
+        QTest::newRow("UnRun") << "UnRun" << 1;
+        QTest::newRow("close") << "close" << 0;
+        QTest::newRow("reject") << "reject" << 0;
+        QTest::newRow("hide") << "hide" << 0;
+        QTest::newRow("deleted on close") << "delete" << 1;
+    }
+    // Before its loop runs, too.
+    void endedWhileShown()
+    {
+        QFETCH(QString, how);
+        Watchdog dog;
+        QPointer<Dialog> w(new Dialog(nullptr, "Loading", 300, false));
+        w->setAttribute(Qt::WA_DeleteOnClose, how == "delete");
+        bool acted = false;
+        w->onShow = [&] {
+            acted = true;
+            if (how == "UnRun" || how == "delete")
+                w->UnRun();
+            else if (how == "close")
+                w->close();
+            else if (how == "reject")
+                w->reject();
+            else
+                w->hide();
+        };
+        w->Run();
+        QVERIFY(acted && !dog.bit());
+        if (how == "delete") {
+            QTRY_VERIFY(!w);
+            return;
+        }
+        QVERIFY(w && !w->isVisible() && !w->isModal());
+        QTEST(w->result(), "result");
+        w->onShow = nullptr; // and it can be run again
+        w->Run();
+        QVERIFY(!dog.bit());
+        QCOMPARE(w->result(), 1);
+        delete w;
+    }
+
+    void runsOnce()
+    {
+        Watchdog dog;
+        CBPWaiter w(nullptr, "Loading", 100, false);
+        int ends = 0;
+        connect(&w, &QDialog::finished, [&] {
+            ++ends;
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression("runs already"));
+            w.Run();
+        });
+        w.Run();
+        QVERIFY(!dog.bit());
+        QCOMPARE(ends, 1);
+        QVERIFY(!w.isVisible());
+    }
+
+    // Not waited for: the timer that ends what nobody has ended.
+    void longestRun()
+    {
+        CBPWaiter w(nullptr, "Loading", 300000000, false);
+        const auto longest = [&w] {
+            const auto timers = w.findChildren<QTimer *>();
+            const auto found = std::find_if(timers.begin(), timers.end(),
+                                            [](const QTimer *timer) { return timer->interval() == 300000; });
+            return found == timers.end() ? nullptr : *found;
+        };
+        QTimer *timer = longest();
+        QVERIFY(timer && timer->isSingleShot() && !timer->isActive());
+        Watchdog dog;
+        later(&w, [&] {
+            QVERIFY(timer->isActive());
+            timer->setInterval(20); // the five minutes are over
+        });
+        QSignalSpy rejections(&w, &QDialog::rejected);
+        w.Run();
+        QVERIFY(!dog.bit());
+        QCOMPARE(rejections.size(), 1);
+        QCOMPARE(w.result(), 1);
+    }
+
     void waiterDeleted_data()
     {
         QTest::addColumn<QString>("how");
@@ -310,33 +453,43 @@ private Q_SLOTS:
         Watchdog dog;
         CBPWaiter w(nullptr, "Loading", 4000, false);
         QImage image = w.grab().toImage();
+        const qreal ratio = image.devicePixelRatio();
         const QColor ground(232, 244, 253);
-        for (const QPoint &corner : {QPoint(0, 0), QPoint(129, 0), QPoint(0, 37), QPoint(129, 37)})
+        const int right = image.width() - 1, bottom = image.height() - 1;
+        for (const QPoint &corner :
+             {QPoint(0, 0), QPoint(right, 0), QPoint(0, bottom), QPoint(right, bottom)})
             QCOMPARE(image.pixelColor(corner), QColor(0, 163, 210));
-        QCOMPARE(image.pixelColor(1, 1), ground);
+        QCOMPARE(image.pixelColor(int(2 * ratio), int(2 * ratio)), ground);
         // The halves of the picture move apart until the text is open; then only its dots change.
         const auto left = [&] {
             image = w.grab().toImage();
-            for (int x = 2; x < 65; ++x) {
-                if (image.pixelColor(x, 19) != ground)
-                    return x;
+            for (int x = int(3 * ratio); x < 65 * ratio; ++x) {
+                if (image.pixelColor(x, int(19 * ratio)) != ground)
+                    return int(x / ratio);
             }
             return -1;
         };
-        int start = 0, open = 0, last = 0;
+        const QFontMetrics metrics(QFont(GetFontFamily(1), 12));
+        const int width = metrics.size(Qt::TextExpandTabs, "Loading...").width();
+        const int opened = 30 * (width / 2 + 3) * 4 / 3; // ms; a third more than it takes
+        int start = 0, open = 0, last = 0, again = 0;
         QTimer::singleShot(0, &w, [&] { start = left(); });
-        QTimer::singleShot(2500, &w, [&] { open = left(); });
-        QTimer::singleShot(2850, &w, [&] {
+        QTimer::singleShot(opened, &w, [&] { open = left(); });
+        QTimer::singleShot(opened + 350, &w, [&] {
             const QImage before = image;
             last = left();
             QVERIFY(image != before);
             w.UnRun();
         });
         w.Run();
+        QTimer::singleShot(0, &w, [&] {
+            again = left();
+            w.UnRun();
+        });
+        w.Run(); // from the beginning
         QVERIFY(!dog.bit());
-        const QFontMetrics metrics(QFont(GetFontFamily(1), 12));
-        const int width = metrics.size(Qt::TextExpandTabs, "Loading...").width();
         QVERIFY(start > 48 && start <= 64);
+        QVERIFY2(qAbs(again - start) <= 3, qPrintable(QString::number(again)));
         QVERIFY2(qAbs(open - (64 - width / 2 - 3 - 12)) <= 2, qPrintable(QString::number(open)));
         QCOMPARE(last, open);
     }

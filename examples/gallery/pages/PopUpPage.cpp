@@ -9,6 +9,7 @@
 #include "CBPPopWnd.h"
 #include "CBPPushBtn.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
@@ -16,6 +17,7 @@
 
 namespace {
 
+constexpr int kColumns = 2;
 constexpr int kSampleWidth = 420;
 
 enum TitleId { Minimize = 2, Close = 8 };
@@ -142,6 +144,40 @@ QWidget *textPortrait()
     return portrait(dialog, 232);
 }
 
+// The ring around a primary button is the pop-up's to paint: it has to have the focus in earnest.
+QWidget *focusPortrait(int flag)
+{
+    const QPointer<QWidget> before = QApplication::activeWindow();
+    PopUp dialog("Keyboard focus", nullptr);
+    dialog.addText("A ring marks the button that the keyboard presses.");
+    dialog.AppendBtn(Ok | Cancel);
+    dialog.setAttribute(Qt::WA_DontShowOnScreen);
+    dialog.setAttribute(Qt::WA_QuitOnClose, false);
+    dialog.show();
+    QApplication::setActiveWindow(&dialog);
+    dialog.GetBtn(flag)->QWidget::setFocus();
+    QWidget *shown = portrait(dialog, 232);
+    QApplication::setActiveWindow(before);
+    return shown;
+}
+
+QWidget *waitingPortrait()
+{
+    PopUp dialog("A button waits", nullptr);
+    dialog.addText("Its spinner stands in place of the caption until the job is done.");
+    dialog.AppendBtn(Yes | No | Cancel);
+    for (const int flag : {Yes, Cancel}) {
+        CBPPushBtn *button = dialog.GetBtn(flag);
+        QIcon icon;
+        icon.addPixmap(theme::picture("loading/loading04.png"), QIcon::Disabled);
+        button->setIconSize(QSize(20, 20));
+        button->setIcon(icon);
+        button->setText(QString());
+        button->setEnabled(false);
+    }
+    return portrait(dialog, 232);
+}
+
 QWidget *plainFramePortrait()
 {
     PopUp dialog("Without a line", nullptr);
@@ -155,12 +191,15 @@ void addPortraits(Page *page)
 {
     page->addSection("Windows", "The pop-up paints a white body, a soft shadow around it and a line above "
                                 "the row of buttons.")
-        ->addColumns(2, {{"AppendBtn(0x1900)", plainPortrait()},
-                         {"PrependBtn(0x80000), AppendBtn(0x104)", groupsPortrait()},
-                         {"PrependWidget()", widgetPortrait()},
-                         {"EnableButton(flag, false)", disabledPortrait()},
-                         {"ResetBtnText()", textPortrait()},
-                         {"SetDrawBottomHLine(false)", plainFramePortrait()}});
+        ->addColumns(kColumns, {{"AppendBtn(0x1900)", plainPortrait()},
+                                {"PrependBtn(0x80000), AppendBtn(0x104)", groupsPortrait()},
+                                {"PrependWidget()", widgetPortrait()},
+                                {"EnableButton(flag, false)", disabledPortrait()},
+                                {"ResetBtnText()", textPortrait()},
+                                {"Keyboard focus, primary", focusPortrait(Ok)},
+                                {"Keyboard focus, secondary", focusPortrait(Cancel)},
+                                {"CBPWaitBtn::run()", waitingPortrait()},
+                                {"SetDrawBottomHLine(false)", plainFramePortrait()}});
 }
 
 // The buttons of a pop-up, out of it: the captions and kinds of all flags.
@@ -182,7 +221,7 @@ void addButtons(Page *page)
             button->removeEventFilter(keeper);
             samples << Sample{"0x" + QString::number(flag, 16), button};
         }
-        section->addColumns(4, samples);
+        section->addColumns(2 * kColumns, samples);
     }
     QVector<SampleRow> rows;
     for (const int flag : {Ok, Cancel}) {

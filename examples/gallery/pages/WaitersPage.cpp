@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr int kColumnWidth = 216;
+constexpr int kColumns = 4;
 constexpr int kWait = 4000; // ms, of the live samples
 
 // ----------------------------------------------------------------------------------------------------------
@@ -92,11 +92,10 @@ void addLive(Page *page)
 // at one moment
 
 // A button that somebody waits in, with its frame number `index`.
-QWidget *spinning(const QString &waitingText, int index)
+QWidget *spinning(CBPWaitBtn *button, const QString &waitingText, int index)
 {
-    CBPWaitBtn *button = primary("Start", waitingText);
     button->setText(waitingText);
-    button->setSpacing(32); // as the button sets it for a waiting text
+    button->setSpacing(32); // so that the spinner stands where the button itself draws it
     QIcon icon;
     const QPixmap frame =
         theme::picture(QString("loading/loading%1.png").arg(index, 2, 10, QLatin1Char('0')));
@@ -110,11 +109,11 @@ void addButtons(Page *page)
 {
     page->addSection("Waiting button",
                      "The spinner comes after 880 milliseconds, so that a short wait shows none.")
-        ->addColumns(kColumnWidth,
+        ->addColumns(kColumns,
                      {{"Idle", pose::in(pose::Normal, primary("Start", "Waiting"))},
                       {"Waiting, before the spinner", pose::in(pose::Disabled, primary("Start", ""))},
-                      {"With a waiting text", spinning("Waiting", 4)},
-                      {"Without one", spinning(QString(), 10)}});
+                      {"With a waiting text", spinning(primary("Start", "Waiting"), "Waiting", 4)},
+                      {"Without one", spinning(primary("Start", QString()), QString(), 10)}});
 }
 
 // The window as it lies over the window of an application.
@@ -142,10 +141,10 @@ void addWindows(Page *page)
 {
     page->addSection("Windows", "The modal waiter is a spinner on a tile, and nothing else. The busy dialog "
                                 "opens its picture over the text.")
-        ->addColumns(kColumnWidth, {{"CBPUISyncWaiter", waiterPortrait()},
-                                    {"CBPWaiter, at first", dialogPortrait(0)},
-                                    {"Opening", dialogPortrait(600)},
-                                    {"Open", dialogPortrait(2200)}});
+        ->addColumns(kColumns, {{"CBPUISyncWaiter", waiterPortrait()},
+                                {"CBPWaiter, at first", dialogPortrait(0)},
+                                {"Opening", dialogPortrait(600)},
+                                {"Open", dialogPortrait(2200)}});
 }
 
 // ----------------------------------------------------------------------------------------------------------
@@ -181,14 +180,21 @@ void addExpanders(Page *page)
     selected->setSelected(true);
     CExpandBtn *plain = expander("Not expandable");
     plain->setExpandable(false);
+    auto *waiting = new CExpandBtn(QStringList(), "Details", "Loading"); // without frames it stands still
+    waiting->setFixedWidth(200);
+    waiting->Show(true);
     page->addSection("Expand button", "CExpandBtn: a waiting button that opens what lies below it.")
-        ->addColumns(kColumnWidth, {{"Try it", expanding()},
-                                    {"Expanded", pose::in(pose::Normal, open)},
-                                    {"Selected", pose::in(pose::Normal, selected)},
-                                    {"Not expandable", pose::in(pose::Normal, plain)},
-                                    {"Under the pointer", pose::in(pose::Hovered, expander("Details"))},
-                                    {"Pressed", pose::in(pose::Pressed, expander("Details"))},
-                                    {"Disabled", pose::in(pose::Disabled, expander("Details"))}});
+        ->addColumns(kColumns, {{"Try it", expanding()},
+                                {"Expanded", pose::in(pose::Normal, open)},
+                                {"Selected", pose::in(pose::Normal, selected)},
+                                {"Not expandable", pose::in(pose::Normal, plain)},
+                                {"Under the pointer", pose::in(pose::Hovered, expander("Details"))},
+                                {"Pressed", pose::in(pose::Pressed, expander("Details"))},
+                                {"Focused", pose::in(pose::Focused, expander("Details"))},
+                                {"Waiting", spinning(waiting, "Loading", 4)},
+                                {"A text too long",
+                                 pose::in(pose::Normal, expander("A caption that is longer than the row"))},
+                                {"Disabled", pose::in(pose::Disabled, expander("Details"))}});
 }
 
 Page *makePage()
