@@ -29,7 +29,8 @@ class QScrollArea;
 /// text, unbalanced markup included; a heading always is, so its line ends are spaces. Text from outside
 /// belongs through QString::toHtmlEscaped() first. Link, caption and check box show plain text. Long texts
 /// wrap, also without a space to wrap at, and the box becomes as tall as they need; what is taller than the
-/// work area scrolls. The box is 500 pixels wide, and wider only for buttons that need it.
+/// work area scrolls. The box is 500 pixels wide, and wider only for what cannot be narrower: buttons, a
+/// table, a picture. Of what is wider than the screen the right part is cut off.
 ///
 /// Enter presses OK (0x4) and Escape presses Cancel (0x100), if they are there and enabled; the copy key
 /// copies caption, texts and button captions, never what was typed. Screen readers find a dialog named by its
@@ -136,6 +137,7 @@ private:
     void fitHeight(const QSize &room);
     void growToContent();
     void makeScrollable();
+    void moveIntoScrollArea();
     QStringList shownTexts() const;
     QVector<CBPPushBtn *> buttonsInRow() const;
     void copyTexts() const;
@@ -160,5 +162,6 @@ private:
     QString m_checkText; // before it was broken into lines
     QPointer<QScrollArea> m_scrollArea;
     QVector<std::function<void()>> m_retranslate; // of the texts that are the box's own
+    bool m_finishing = false;                     // by Return in the directory edit
     bool m_ended = false;                         // no key answers it any more
 };

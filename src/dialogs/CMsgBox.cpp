@@ -69,7 +69,14 @@ CMsgBox::CMsgBox(QWidget *parent) : CBPPopWnd(true, parent)
     initContent();
 }
 
-CMsgBox::~CMsgBox() = default;
+CMsgBox::~CMsgBox()
+{
+    // The edit whose Return ended the box is still in its key event, and outlives who deletes the box there.
+    if (m_finishing && m_firstEdit) {
+        m_firstEdit->setParent(nullptr);
+        m_firstEdit->deleteLater();
+    }
+}
 
 void CMsgBox::initContent()
 {

@@ -134,6 +134,15 @@ void CMsgBox::makeScrollable()
 {
     if (!m_content || m_scrollArea)
         return;
+    // What is moved into another parent loses the focus: what is being typed would go to a button.
+    const QPointer<QWidget> focused = focusWidget();
+    moveIntoScrollArea();
+    if (focused && focused != focusWidget())
+        focused->setFocus();
+}
+
+void CMsgBox::moveIntoScrollArea()
+{
     if (auto *row = qobject_cast<QHBoxLayout *>(m_content->layout())) {
         QLayout *column = m_message && row->count() == 2 ? row->itemAt(1)->layout() : nullptr;
         if (!column)

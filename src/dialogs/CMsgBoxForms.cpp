@@ -118,8 +118,13 @@ void CMsgBox::onTextChanged(const QString &text)
 void CMsgBox::onDirInputFinish()
 {
     const auto *edit = qobject_cast<const QLineEdit *>(sender());
-    if (edit && !edit->text().isEmpty())
-        UnRun();
+    if (!edit || edit->text().isEmpty())
+        return;
+    const QPointer<CMsgBox> alive(this);
+    m_finishing = true;
+    UnRun();
+    if (alive)
+        m_finishing = false;
 }
 
 // ------------------------------------------------------------------------------------------------------------

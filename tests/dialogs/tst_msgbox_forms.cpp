@@ -93,6 +93,30 @@ private Q_SLOTS:
         QVERIFY(box.GetPassword().isEmpty());
     }
 
+    // The edit is in the middle of its key when the box goes.
+    void deletedByReturn_data()
+    {
+        QTest::addColumn<bool>("parentToo");
+        QTest::newRow("box") << false;
+        QTest::newRow("parent") << true;
+    }
+    void deletedByReturn()
+    {
+        QFETCH(bool, parentToo);
+        QPointer<QWidget> parent(new QWidget);
+        parent->show();
+        QPointer<MsgBox> box(new MsgBox(parent));
+        connect(box, &CMsgBox::sigQuit, [&] { destroy(parentToo ? parent.data() : box.data()); });
+        later(box, [&] {
+            CBPLineEdit *edit = box->edits().constFirst();
+            edit->setText("abc]");
+            QTest::keyClick(edit, Qt::Key_Return);
+        });
+        QCOMPARE(box->showCreateDirBox(0, "Name", kOk), -1);
+        QVERIFY(!box);
+        delete parent;
+    }
+
     void dirBox()
     {
         MsgBox box;
