@@ -120,7 +120,8 @@ void CBPPopWnd::Run()
 int CBPPopWnd::exec()
 {
     if (m_running)
-        return QDialog::exec(); // which says that it cannot run twice
+        // The frame's own would move the dialog. It says that it cannot run twice.
+        return QDialog::exec(); // NOLINT(bugprone-parent-virtual-call)
     // Shown here and not by the base: what is ended while it is being shown would leave the base in a loop
     // that nobody ends.
     const QPointer<CBPPopWnd> alive(this);
@@ -132,7 +133,7 @@ int CBPPopWnd::exec()
     show();
     int code = QDialog::Rejected;
     if (alive && isVisible())
-        code = QDialog::exec();
+        code = QDialog::exec(); // NOLINT(bugprone-parent-virtual-call): it is shown and centred already
     else if (alive)
         code = result();
     if (alive) {

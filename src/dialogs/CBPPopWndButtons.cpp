@@ -70,10 +70,13 @@ void color(CBPPushBtn *button, bool secondary)
     const QVector<QColor> white(4, QColor(Qt::white));
     if (secondary) {
         button->setBgColor(white);
-        button->setFrmColor({QColor("#9b9b9b"), QColor("#a5a5a5"), QColor("#6f6f6f"), QColor("#e1e1e1")});
-        button->setTextColor({QColor("#333333"), QColor("#474747"), QColor("#242424"), QColor("#c2c2c2")});
+        button->setFrmColor({QColor(0x9b, 0x9b, 0x9b), QColor(0xa5, 0xa5, 0xa5), QColor(0x6f, 0x6f, 0x6f),
+                             QColor(0xe1, 0xe1, 0xe1)});
+        button->setTextColor({QColor(0x33, 0x33, 0x33), QColor(0x47, 0x47, 0x47), QColor(0x24, 0x24, 0x24),
+                              QColor(0xc2, 0xc2, 0xc2)});
     } else {
-        button->setBgColor({QColor("#49a7f5"), QColor("#5baff6"), QColor("#4195dc"), QColor("#c9e5fc")});
+        button->setBgColor({QColor(0x49, 0xa7, 0xf5), QColor(0x5b, 0xaf, 0xf6), QColor(0x41, 0x95, 0xdc),
+                            QColor(0xc9, 0xe5, 0xfc)});
         button->setTextColor(white);
     }
     button->setFrmTrancent(!secondary);

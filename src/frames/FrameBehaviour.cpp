@@ -284,9 +284,9 @@ void FrameBehaviour::keyPressEvent(QKeyEvent *event)
             return;
     }
     const bool onKeypad = event->modifiers() & Qt::KeypadModifier;
-    // In the order of the rules, two of which end alike. NOLINTNEXTLINE(bugprone-branch-clone)
+    // In the order of the rules, two of which end alike.
     if (event->modifiers() != Qt::NoModifier && !(onKeypad && key == Qt::Key_Enter))
-        event->ignore();
+        event->ignore(); // NOLINT(bugprone-branch-clone)
     else if (key == Qt::Key_Escape && !escAndF4Disabled)
         callCloseHook();
     else if (key == Qt::Key_Return || key == Qt::Key_Enter)

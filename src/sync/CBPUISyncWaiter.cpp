@@ -111,7 +111,7 @@ void CBPUISyncWaiter::keyPressEvent(QKeyEvent *event)
         if (!alive || !isVisible()) // a slot has ended the wait, and that once is enough
             return;
     }
-    QDialog::keyPressEvent(event);
+    QDialog::keyPressEvent(event); // NOLINT(bugprone-parent-virtual-call): other keys are the dialog's alone
 }
 
 void CBPUISyncWaiter::closeEvent(QCloseEvent *event)

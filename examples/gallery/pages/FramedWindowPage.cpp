@@ -152,7 +152,14 @@ public:
     void OnHelp() override { log("OnHelp()"); }
     void PreBtnClick() override { log("PreBtnClick()"); }
     void OnlineSupportClick() override { log("OnlineSupportClick()"); }
-    virtual void DiscountBtnSlot() { log("DiscountBtnSlot()"); } // a hook of the dialog only
+    // Not marked: the template is also made of the class that has no such hook.
+#if defined(__clang__)
+#pragma clang diagnostic ignored "-Winconsistent-missing-override"
+#endif
+    virtual void DiscountBtnSlot()
+    {
+        log("DiscountBtnSlot()");
+    } // a hook of the dialog only
     void ShowMenu(const QPoint &globalPos) override
     {
         log("ShowMenu()");
@@ -191,7 +198,8 @@ using Dialog = Framed<CBPWinFrm>;
 CBPPushBtn *primary(const QString &text)
 {
     auto *button = new CBPPushBtn(text, nullptr);
-    button->setBgColor({QColor("#49a7f5"), QColor("#5baff6"), QColor("#4195dc"), QColor("#c9e5fc")});
+    button->setBgColor({QColor(0x49, 0xa7, 0xf5), QColor(0x5b, 0xaf, 0xf6), QColor(0x41, 0x95, 0xdc),
+                        QColor(0xc9, 0xe5, 0xfc)});
     button->setTextColor(QVector<QColor>(4, QColor(Qt::white)));
     button->setFrmTrancent(true);
     return button;
@@ -213,7 +221,8 @@ CBPWinFrmTitle *bar(int parts, const QString &title = "Title")
 CBPWinFrmTitle *posedBar(pose::State state)
 {
     CBPWinFrmTitle *posed = bar(kAllButtons, QString());
-    for (auto *button : posed->findChildren<CBPImageButton *>())
+    const auto buttons = posed->findChildren<CBPImageButton *>();
+    for (auto *button : buttons)
         pose::put(button, state);
     return posed;
 }

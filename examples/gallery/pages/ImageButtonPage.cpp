@@ -11,12 +11,20 @@
 namespace {
 
 constexpr int kHeight = 40;
-const QVector<QColor> kGrounds{QColor(237, 247, 248), QColor(226, 242, 243), QColor(205, 231, 233),
-                               QColor(242, 244, 246)};
-const QVector<QColor> kFrames{QColor(190, 224, 226), QColor(75, 174, 178), QColor(61, 151, 155),
-                              QColor(221, 226, 231)};
-const QVector<QColor> kTexts{QColor(34, 42, 62), QColor(34, 42, 62), QColor(34, 42, 62),
-                             QColor(150, 158, 168)};
+QVector<QColor> grounds()
+{
+    return {QColor(237, 247, 248), QColor(226, 242, 243), QColor(205, 231, 233), QColor(242, 244, 246)};
+}
+
+QVector<QColor> frames()
+{
+    return {QColor(190, 224, 226), QColor(75, 174, 178), QColor(61, 151, 155), QColor(221, 226, 231)};
+}
+
+QVector<QColor> texts()
+{
+    return {QColor(34, 42, 62), QColor(34, 42, 62), QColor(34, 42, 62), QColor(150, 158, 168)};
+}
 
 // "list_%1.png": one file for each of the four states.
 QVector<QString> images(const char *pattern)
@@ -41,7 +49,7 @@ CBPImageButton *icon(const char *pattern, int id = 0)
 CBPImageButton *labelled(const QString &text, bool round = false, int spacing = 8, int margin = 8)
 {
     auto *button = new CBPImageButton(images("list_%1.png"), round, 0);
-    button->SetText(text, theme::font(theme::Normal, 14), kTexts, true, spacing, margin);
+    button->SetText(text, theme::font(theme::Normal, 14), texts(), true, spacing, margin);
     button->setFixedSize(button->GetSize().width() + 8, kHeight);
     return button;
 }
@@ -49,7 +57,7 @@ CBPImageButton *labelled(const QString &text, bool round = false, int spacing = 
 CBPImageButton *filled(const QString &text, bool round = false)
 {
     CBPImageButton *button = labelled(text, round);
-    button->SetBkgColors(kGrounds);
+    button->SetBkgColors(grounds());
     return button;
 }
 
@@ -79,7 +87,7 @@ CBPImageButton *rounded()
 CBPImageButton *framed()
 {
     CBPImageButton *button = rounded();
-    button->SetBorderColor(kFrames);
+    button->SetBorderColor(frames());
     return button;
 }
 
@@ -87,7 +95,7 @@ CBPImageButton *round()
 {
     // Round ends add to the width: the table has room for less between image and text.
     CBPImageButton *button = labelled("List", true, 4, 0);
-    button->SetBkgColors(kGrounds);
+    button->SetBkgColors(grounds());
     button->setFixedSize(92, kHeight);
     return button;
 }
@@ -133,9 +141,9 @@ void addLiveSamples(Page *page)
 CBPImageButton *below(int spacing)
 {
     auto *button = new CBPImageButton(images("list_%1.png"), false, 0);
-    button->SetBkgColors(kGrounds);
+    button->SetBkgColors(grounds());
     button->SetBorder(0, false);
-    button->SetText("List", theme::font(theme::Normal, 14), kTexts, false, spacing, 0);
+    button->SetText("List", theme::font(theme::Normal, 14), texts(), false, spacing, 0);
     // The image stays centred in the whole height: lifted by half of what the text takes.
     button->SetIconVoffset(-(button->GetSize().height() - 28) / 2);
     return button;
@@ -150,9 +158,9 @@ void addTexts(Page *page)
     const auto font = theme::font(theme::Normal, 14);
     const auto sample = [&](int spacing, int margin, int border) {
         auto *button = new CBPImageButton(images("list_%1.png"), false, 0);
-        button->SetBkgColors(kGrounds);
+        button->SetBkgColors(grounds());
         button->SetBorder(border, false);
-        button->SetText("List", font, kTexts, true, spacing, margin);
+        button->SetText("List", font, texts(), true, spacing, margin);
         return button;
     };
     CBPImageButton *tall = sample(8, 0, 8);
@@ -180,9 +188,9 @@ void addExtras(Page *page)
     CBPImageButton *brushed = labelled("Gradient");
     brushed->SetBkgBrush(QVector<QBrush>(4, QBrush(gradient)));
     brushed->SetBorderRadius(4);
-    brushed->SetBorderColor(kFrames);
+    brushed->SetBorderColor(frames());
     CBPImageButton *capsule = filled("Capsule", true);
-    capsule->SetBorderColor(kFrames);
+    capsule->SetBorderColor(frames());
     CBPImageButton *red = icon("list_%1.png");
     red->SetSpecialIcon(true, QColor(224, 72, 72));
     CBPImageButton *green = rounded();

@@ -43,7 +43,7 @@ protected:
         QRect tile(0, 0, m_tile, m_tile);
         for (const QPixmap &picture : qAsConst(m_pictures)) {
             if (picture.isNull()) { // there is none for this state
-                QRectF dash(0, 0, theme::kUnit / 2, 1);
+                QRectF dash(0, 0, theme::kUnit / 2.0, 1);
                 dash.moveCenter(QRectF(tile).center());
                 painter.fillRect(dash, theme::kSideHeading);
             } else {

@@ -26,8 +26,9 @@ constexpr int kWait = 4000; // ms, of the live samples
 CBPWaitBtn *primary(const QString &text, const QString &waitingText)
 {
     auto *button = new CBPWaitBtn(theme::spinnerFrames(), text, waitingText);
-    button->setBgColor({QColor("#49a7f5"), QColor("#5baff6"), QColor("#4195dc"), QColor("#c9e5fc")});
-    button->setTextColor({Qt::white, Qt::white, Qt::white, QColor("#2f6fa8")});
+    button->setBgColor({QColor(0x49, 0xa7, 0xf5), QColor(0x5b, 0xaf, 0xf6), QColor(0x41, 0x95, 0xdc),
+                        QColor(0xc9, 0xe5, 0xfc)});
+    button->setTextColor({Qt::white, Qt::white, Qt::white, QColor(0x2f, 0x6f, 0xa8)});
     button->setFrmTrancent(true);
     button->setFixedSize(168, 36);
     return button;

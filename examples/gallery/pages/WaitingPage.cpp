@@ -66,8 +66,9 @@ CBPPushBtn *opener(const QString &text, EventLog *log, const std::function<void(
 CBPWaitBtn *waitingButton(EventLog *log)
 {
     auto *button = new CBPWaitBtn(theme::spinnerFrames(), "Count in the button", "Counting");
-    button->setBgColor({QColor("#49a7f5"), QColor("#5baff6"), QColor("#4195dc"), QColor("#c9e5fc")});
-    button->setTextColor({Qt::white, Qt::white, Qt::white, QColor("#2f6fa8")});
+    button->setBgColor({QColor(0x49, 0xa7, 0xf5), QColor(0x5b, 0xaf, 0xf6), QColor(0x41, 0x95, 0xdc),
+                        QColor(0xc9, 0xe5, 0xfc)});
+    button->setTextColor({Qt::white, Qt::white, Qt::white, QColor(0x2f, 0x6f, 0xa8)});
     button->setFrmTrancent(true);
     button->setFixedSize(184, 36);
     QObject::connect(button, &CBPPushBtn::sigBtnClicked, log,
@@ -138,7 +139,7 @@ protected:
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
         for (int i = 0; i < kDots; ++i) {
-            painter.setBrush(i == m_beats % kDots ? QColor("#4baeb2") : QColor("#d7dce4"));
+            painter.setBrush(i == m_beats % kDots ? QColor(0x4b, 0xae, 0xb2) : QColor(0xd7, 0xdc, 0xe4));
             painter.drawEllipse(QPointF(8 + i * 15, height() / 2.0), 4, 4);
         }
     }
