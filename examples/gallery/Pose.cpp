@@ -1,7 +1,10 @@
 #include "Pose.h"
 
+#include "CBPWinFrm.h"
+
 #include <QCoreApplication>
 #include <QFocusEvent>
+#include <QLabel>
 #include <QMouseEvent>
 #include <QWidget>
 
@@ -49,6 +52,16 @@ void put(QWidget *sample, State state)
         sample->setEnabled(false);
         break;
     }
+}
+
+QWidget *portrait(CBPWinFrm &dialog, int width, int height)
+{
+    dialog.setAttribute(Qt::WA_DontShowOnScreen);
+    dialog.AppendContent(new QWidget, true, false, 0); // or the title bar shares the room with the text
+    dialog.resize(width, height);
+    auto *label = new QLabel;
+    label->setPixmap(dialog.grab());
+    return label;
 }
 
 } // namespace pose

@@ -1,5 +1,6 @@
 #pragma once
 
+class CBPWinFrm;
 class QWidget;
 
 // Puts samples into a state by the events that a mouse or keyboard would cause, and keeps them there: a posed
@@ -16,5 +17,8 @@ template <class Widget> Widget *in(State state, Widget *sample)
     put(sample, state);
     return sample;
 }
+
+// The picture of a dialog that is never shown, in logical pixels.
+QWidget *portrait(CBPWinFrm &dialog, int width, int height);
 
 } // namespace pose

@@ -283,23 +283,12 @@ void addTitleBars(Page *page)
 // ----------------------------------------------------------------------------------------------------------
 // windows
 
-// The picture of a window that is never shown.
-QWidget *portrait(Dialog &dialog, int height)
-{
-    dialog.setAttribute(Qt::WA_DontShowOnScreen);
-    dialog.AppendContent(new QWidget, true, false, 0); // or the title bar shares the room with the text
-    dialog.resize(kSampleWidth, height);
-    auto *label = new QLabel;
-    label->setPixmap(dialog.grab());
-    return label;
-}
-
 QWidget *plainPortrait()
 {
     Dialog dialog(nullptr);
     dialog.build("Title", Close);
     dialog.addText("Content below the title bar, and room for a shadow on all four sides.");
-    return portrait(dialog, 200);
+    return pose::portrait(dialog, kSampleWidth, 200);
 }
 
 QWidget *bottomPortrait(bool line)
@@ -310,7 +299,7 @@ QWidget *bottomPortrait(bool line)
     dialog.SetDrawBottomHLine(line);
     dialog.addText(line ? "A bottom area for buttons, with a line above it."
                         : "A bottom area without the line.");
-    return portrait(dialog, 224);
+    return pose::portrait(dialog, kSampleWidth, 224);
 }
 
 QWidget *lowTitlePortrait()
@@ -321,7 +310,7 @@ QWidget *lowTitlePortrait()
     dialog.SetTitleBg(kTealBar);
     dialog.paintTitle(Qt::white);
     dialog.addText("Height and ground of the title bar can be changed.");
-    return portrait(dialog, 200);
+    return pose::portrait(dialog, kSampleWidth, 200);
 }
 
 void addPortraits(Page *page)

@@ -85,23 +85,12 @@ private:
     QLineEdit *m_field = nullptr;
 };
 
-// The picture of a dialog that is never shown.
-QWidget *portrait(PopUp &dialog, int height)
-{
-    dialog.setAttribute(Qt::WA_DontShowOnScreen);
-    dialog.AppendContent(new QWidget, true, false, 0); // or the title bar shares the room with the text
-    dialog.resize(kSampleWidth, height);
-    auto *label = new QLabel;
-    label->setPixmap(dialog.grab());
-    return label;
-}
-
 QWidget *plainPortrait()
 {
     PopUp dialog("Replace the file?", nullptr);
     dialog.addText("A file of this name is there already. It is kept under another name.");
     dialog.AppendBtn(Yes | No | Cancel);
-    return portrait(dialog, 232);
+    return pose::portrait(dialog, kSampleWidth, 232);
 }
 
 QWidget *groupsPortrait()
@@ -110,7 +99,7 @@ QWidget *groupsPortrait()
     dialog.addText("Buttons are appended at the right and prepended at the left.");
     dialog.PrependBtn(Back);
     dialog.AppendBtn(Ok | Cancel);
-    return portrait(dialog, 232);
+    return pose::portrait(dialog, kSampleWidth, 232);
 }
 
 QWidget *widgetPortrait()
@@ -120,7 +109,7 @@ QWidget *widgetPortrait()
     auto *box = new CBPCheckBox("Do not ask again", nullptr);
     dialog.PrependWidget(box, false, false, 0, Qt::AlignLeft | Qt::AlignVCenter);
     dialog.AppendBtn(Ok | Cancel);
-    return portrait(dialog, 232);
+    return pose::portrait(dialog, kSampleWidth, 232);
 }
 
 QWidget *disabledPortrait()
@@ -130,7 +119,7 @@ QWidget *disabledPortrait()
     dialog.AppendBtn(Ok | Retry | Cancel);
     dialog.EnableButton(Ok, false);
     dialog.EnableButton(Cancel, false);
-    return portrait(dialog, 232);
+    return pose::portrait(dialog, kSampleWidth, 232);
 }
 
 QWidget *textPortrait()
@@ -141,7 +130,7 @@ QWidget *textPortrait()
     dialog.AppendBtn(Ok | RestartLater);
     dialog.ResetBtnText(Other, "Details");
     dialog.ResetBtnText(Ok, "Save the changes");
-    return portrait(dialog, 232);
+    return pose::portrait(dialog, kSampleWidth, 232);
 }
 
 // The ring around a primary button is the pop-up's to paint: it has to have the focus in earnest.
@@ -156,7 +145,7 @@ QWidget *focusPortrait(int flag)
     dialog.show();
     QApplication::setActiveWindow(&dialog);
     dialog.GetBtn(flag)->QWidget::setFocus();
-    QWidget *shown = portrait(dialog, 232);
+    QWidget *shown = pose::portrait(dialog, kSampleWidth, 232);
     QApplication::setActiveWindow(before);
     return shown;
 }
@@ -175,7 +164,7 @@ QWidget *waitingPortrait()
         button->setText(QString());
         button->setEnabled(false);
     }
-    return portrait(dialog, 232);
+    return pose::portrait(dialog, kSampleWidth, 232);
 }
 
 QWidget *plainFramePortrait()
@@ -184,7 +173,7 @@ QWidget *plainFramePortrait()
     dialog.SetDrawBottomHLine(false);
     dialog.addText("The line above the buttons can be left out.");
     dialog.AppendBtn(Ok);
-    return portrait(dialog, 232);
+    return pose::portrait(dialog, kSampleWidth, 232);
 }
 
 void addPortraits(Page *page)
