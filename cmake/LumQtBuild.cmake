@@ -10,7 +10,9 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 if(NOT CMAKE_CXX_COMPILER_LAUNCHER)
     find_program(LUMQT_CCACHE ccache)
     if(LUMQT_CCACHE)
-        set(CMAKE_CXX_COMPILER_LAUNCHER "${LUMQT_CCACHE}")
+        # One cache for every checkout of the project, wherever it lies: paths are hashed relative to it.
+        set(CMAKE_CXX_COMPILER_LAUNCHER "${CMAKE_COMMAND}" -E env "CCACHE_BASEDIR=${CMAKE_CURRENT_SOURCE_DIR}"
+            CCACHE_NOHASHDIR=1 "${LUMQT_CCACHE}")
     endif()
 endif()
 

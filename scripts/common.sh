@@ -1,9 +1,5 @@
 # Shared by the scripts of this folder; sourced, not run.
 
-# The compiler cache holds for every clone of the project, wherever it lies.
-CCACHE_BASEDIR=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
-export CCACHE_BASEDIR CCACHE_NOHASHDIR=1
-
 say() { printf '\033[1m==>\033[0m %s\n' "$*"; }
 
 fail() {
