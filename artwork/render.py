@@ -76,7 +76,7 @@ FIELD = {
     "press": Look("#1c5f9f"),
     "disable": Look(FIELD_INK, opacity=0.4),
 }
-CLEAR = {"normal": Look("#9aa4af"), "hover": Look(RED), "press": Look(DARK_RED)}
+CLEAR = {"normal": Look("#7a8794"), "hover": Look(RED), "press": Look(DARK_RED)}
 
 # Canvas sizes in pixels (width, height) at 100 per cent.
 STRIP_BUTTON = (28, 28)

@@ -28,9 +28,9 @@ class QScrollArea;
 /// Heading, message and prompts are shown as a QLabel shows them: a text that looks like rich text is rich
 /// text, unbalanced markup included; a heading always is, so its line ends are spaces. Text from outside
 /// belongs through QString::toHtmlEscaped() first. Link, caption and check box show plain text. Long texts
-/// wrap, also without a space to wrap at, and the box becomes as tall as they need; what is taller than the
-/// work area scrolls. The box is 500 pixels wide, and wider only for what cannot be narrower: buttons, a
-/// table, a picture. Of what is wider than the screen the right part is cut off.
+/// wrap, also without a space to wrap at, and the box becomes as tall as they need, also for a text that is
+/// changed while it is shown. The box is 500 pixels wide, and wider only for what cannot be narrower:
+/// buttons, a table, a picture. What is taller or wider than the work area scrolls.
 ///
 /// Enter presses OK (0x4) and Escape presses Cancel (0x100), if they are there and enabled; the copy key
 /// copies caption, texts and button captions, never what was typed. Screen readers find a dialog named by its
@@ -108,6 +108,7 @@ protected:
     void showEvent(QShowEvent *event) override;
     void changeEvent(QEvent *event) override;
     bool event(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private Q_SLOTS:
     void onLinkActivated();
@@ -116,6 +117,8 @@ private Q_SLOTS:
     void OnUserPasswordChanged(const QString &text);
 
 private:
+    enum Mode { OtherMode = 0, DirMode = 1 };
+
     void initContent();
     void initMsgBox();
     void initCreateDirBox();
@@ -133,8 +136,11 @@ private:
 
     void fitToContent();
     void fitCheckBox(int room);
-    int neededHeight() const;
-    void fitHeight(const QSize &room);
+    int neededHeight(int width) const;
+    void fitToRoom(const QSize &room);
+    int neededScrolling() const;
+    void contentChanged();
+    void describe();
     void growToContent();
     void makeScrollable();
     void moveIntoScrollArea();
@@ -152,7 +158,7 @@ private:
     QPointer<CBPLineEdit> m_passwordEdit;
     QPointer<CBPLabel> m_hint;
     QString m_linkTarget;
-    int m_mode = 0;
+    int m_mode = OtherMode;
     QString m_user;
     QString m_password;
     bool m_allowEmptyPassword = false;
@@ -162,6 +168,9 @@ private:
     QString m_checkText; // before it was broken into lines
     QPointer<QScrollArea> m_scrollArea;
     QVector<std::function<void()>> m_retranslate; // of the texts that are the box's own
+    QString m_described;                          // to a screen reader
+    QString m_namedEdit;                          // the name it reads for the directory edit
+    int m_ownWidth = 0;                           // until the application gives it another
     bool m_finishing = false;                     // by Return in the directory edit
     bool m_ended = false;                         // no key answers it any more
 };

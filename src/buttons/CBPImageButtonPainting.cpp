@@ -10,7 +10,6 @@
 namespace {
 
 // Look and metrics, in logical pixels.
-const QColor kFocusRingColor(75, 167, 245);
 constexpr int kFocusRingWidth = 2;
 constexpr int kFocusRingRadius = 3; // of a button with square corners
 constexpr int kFrameWidth = 1;
@@ -122,7 +121,7 @@ void CBPImageButton::PaintSpecialIcon(QPainter *painter)
 void CBPImageButton::drawFocusRing(QPainter &painter) const
 {
     lumqt::Body ring;
-    ring.frame = kFocusRingColor;
+    ring.frame = QColor(lumqt::kFocusRingColor);
     ring.frameWidth = kFocusRingWidth;
     ring.radiusX = ring.radiusY = cornerRadius() > 0 ? cornerRadius() : kFocusRingRadius;
     lumqt::drawBody(painter, rect(), ring);

@@ -4,6 +4,7 @@
 #include "foundation/FontLookup.h"
 #include "foundation/Log.h"
 #include "foundation/Painting.h"
+#include "foundation/PressKeys.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -20,11 +21,6 @@ const char kFontSheet[] = "QLabel{font-family:\"%1\"; font-size:14px;}";
 const char kFontSizeSheet[] = "QLabel{font-size:%1px;}";
 
 enum State { Normal = 0, Hover = 1, Pressed = 2, Disabled = 3 };
-
-bool isEnter(const QKeyEvent *event)
-{
-    return event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-}
 
 // What screen readers see: a link, where a label would be a piece of text.
 class AccessibleLink : public lumqt::AccessiblePressable
@@ -217,31 +213,22 @@ void CBPLinkerButton::clickByKey()
 
 void CBPLinkerButton::keyPressEvent(QKeyEvent *event)
 {
-    const bool space = event->key() == Qt::Key_Space;
-    if (!isEnabled() || (!space && !isEnter(event))) {
+    const lumqt::PressStep step =
+        isEnabled() ? lumqt::keyPressed(event, m_spaceDown) : lumqt::PressStep::NotMine;
+    if (step == lumqt::PressStep::NotMine)
         QLabel::keyPressEvent(event);
-        return;
-    }
-    if (event->isAutoRepeat())
-        return;
-    if (space) {
-        m_spaceDown = true;
+    else if (step == lumqt::PressStep::Down)
         setLook(Pressed);
-    } else {
+    else if (step == lumqt::PressStep::Click)
         clickByKey();
-    }
 }
 
 void CBPLinkerButton::keyReleaseEvent(QKeyEvent *event)
 {
-    if (event->key() != Qt::Key_Space || !m_spaceDown) {
+    const lumqt::PressStep step = lumqt::keyReleased(event, m_spaceDown);
+    if (step == lumqt::PressStep::NotMine)
         QLabel::keyReleaseEvent(event);
-        return;
-    }
-    if (event->isAutoRepeat())
-        return;
-    m_spaceDown = false;
-    if (isEnabled())
+    else if (step == lumqt::PressStep::Click && isEnabled())
         clickByKey();
 }
 

@@ -21,7 +21,6 @@ namespace {
 const QColor kBody(255, 255, 255);
 const QColor kBottomLine(227, 232, 238);
 const QColor kOutline(213, 219, 226); // in place of a shadow
-const QColor kFocusRing(75, 167, 245);
 constexpr int kFocusRingWidth = 2;
 constexpr int kFocusRingGap = 1;
 constexpr int kFadeTime = 200;
@@ -271,7 +270,7 @@ void CBPPopWnd::drawFocusRing(QPainter &painter)
     if (!button)
         return;
     lumqt::Body ring;
-    ring.frame = kFocusRing;
+    ring.frame = QColor(lumqt::kFocusRingColor);
     ring.frameWidth = kFocusRingWidth;
     lumqt::drawBody(painter, ringAround(button), ring);
 }

@@ -82,7 +82,8 @@ void CMsgBox::initContent()
 {
     Init(true);
     setMinimumHeight(kMinimumHeight);
-    setFixedWidth(kWidth);
+    m_ownWidth = kWidth;
+    setFixedWidth(m_ownWidth);
     ShowTitleBtn(kCloseButton, true);
     setObjectName(QStringLiteral("id_ErrorMsgWnd"));
     SetDrawBottomHLine(false);
@@ -240,8 +241,7 @@ void CMsgBox::showEvent(QShowEvent *event)
     m_ended = false;
     if (!focusWidget())
         giveFirstFocus();
-    const QStringList texts = shownTexts();
-    setAccessibleDescription(texts.mid(1).join(QLatin1Char('\n')));
+    describe();
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
 }
@@ -317,6 +317,23 @@ QStringList CMsgBox::shownTexts() const
         texts << (plain ? label->text() : lumqt::WrappedLabel::plainText(label->text()));
     }
     return texts;
+}
+
+// For a screen reader, as long as the application does not say it better.
+void CMsgBox::describe()
+{
+    const QStringList texts = shownTexts();
+    const QString described = texts.mid(1).join(QLatin1Char('\n'));
+    if (described != m_described && accessibleDescription() == m_described)
+        setAccessibleDescription(described);
+    m_described = described;
+    if (m_mode != DirMode || !m_firstEdit || !m_prompt)
+        return;
+    const QString prompt = lumqt::WrappedLabel::plainText(m_prompt->text());
+    const QString name = prompt.isEmpty() ? windowTitle() : prompt;
+    if (name != m_namedEdit && m_firstEdit->accessibleName() == m_namedEdit)
+        m_firstEdit->setAccessibleName(name);
+    m_namedEdit = name;
 }
 
 // The buttons that are shown, from left to right.

@@ -7,6 +7,7 @@
 #include <QBoxLayout>
 #include <QEvent>
 #include <QScrollArea>
+#include <QStyle>
 #include <QTextLayout>
 
 // The size of the box: all of its texts are to be seen.
@@ -19,7 +20,7 @@ constexpr int kCheckWidth = 140; // that a check box keeps beside any number of 
 constexpr int kCheckLines = 6;
 constexpr int kCheckPadding = 34; // of the bottom area, above and below the row
 const char kScrollSheet[] = "QScrollArea { background: transparent; border: 1px solid transparent; }"
-                            "QScrollArea:focus { border-color: #4ba7f5; }";
+                            "QScrollArea:focus { border-color: #2f86d8; }";
 
 // `text` in lines of at most `width`; the last of too many ends in an ellipsis.
 QString inLines(const QString &text, const QFont &font, int width)
@@ -67,6 +68,12 @@ QScrollArea *scrollAreaOf(QWidget *page)
     return area;
 }
 
+QSize roomOnScreen()
+{
+    const QRect area = lumqt::platform::answers().workArea();
+    return area.isValid() ? area.size() : QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+}
+
 } // namespace
 
 // Before it is shown, so that it is placed in the size it has.
@@ -74,15 +81,9 @@ void CMsgBox::fitToContent()
 {
     if (!layout())
         return;
-    const QRect area = lumqt::platform::answers().workArea();
-    const QSize room = area.isValid() ? area.size() : QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
-    const bool ownWidth = minimumWidth() == kWidth && maximumWidth() == kWidth;
     layOutUpTo(this, m_content);
     fitCheckBox(qBound(minimumWidth(), width(), maximumWidth()));
-    const int needed = layout()->totalMinimumSize().width();
-    if (ownWidth && needed > kWidth)
-        setFixedWidth(qMin(needed, qMax(kWidth, room.width())));
-    fitHeight(room);
+    fitToRoom(roomOnScreen());
 }
 
 void CMsgBox::fitCheckBox(int room)
@@ -109,24 +110,34 @@ void CMsgBox::fitCheckBox(int room)
     layOutUpTo(this, check->parentWidget());
 }
 
-// What the layout needs in the width there is, and some room around it.
-int CMsgBox::neededHeight() const
+// What the layout needs in a width, and some room around it.
+int CMsgBox::neededHeight(int width) const
 {
     layout()->activate();
-    const int wrapped = layout()->hasHeightForWidth() ? layout()->totalHeightForWidth(width()) : 0;
+    const int wrapped = layout()->hasHeightForWidth() ? layout()->totalHeightForWidth(width) : 0;
     return qMax(minimumHeight(), qMax(wrapped, layout()->totalMinimumSize().height()));
 }
 
-void CMsgBox::fitHeight(const QSize &room)
+// All of the content is shown, or scrolls: what is wider or higher than the room, or than the application
+// lets the box be.
+void CMsgBox::fitToRoom(const QSize &room)
 {
+    const int natural = layout()->totalMinimumSize().width();
+    const bool ownWidth = minimumWidth() == maximumWidth() && minimumWidth() == m_ownWidth;
+    const int widest = ownWidth ? qMax(kWidth, room.width()) : maximumWidth();
+    if (ownWidth && natural > m_ownWidth) {
+        m_ownWidth = qMin(natural, widest);
+        setFixedWidth(m_ownWidth);
+    }
     resize(qBound(minimumWidth(), width(), maximumWidth()), height());
-    int height = neededHeight();
-    if (height > room.height()) {
+    int height = neededHeight(qMax(natural, width()));
+    if (natural > width())
+        height += style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    if (natural > width() || height > room.height()) {
         makeScrollable();
         layOutUpTo(this, m_content);
-        height = room.height();
     }
-    resize(width(), qMax(height, minimumHeight()));
+    resize(width(), qMax(qMin(height, room.height()), minimumHeight()));
 }
 
 // The text of a message scrolls beside its icon, a form as a whole.
@@ -152,14 +163,27 @@ void CMsgBox::moveIntoScrollArea()
         auto *page = new QWidget;
         page->setLayout(column);
         m_scrollArea = scrollAreaOf(page);
+        page->installEventFilter(this);
         row->addWidget(m_scrollArea, 1);
         return;
     }
     auto *place = new QWidget;
     delete contentBox()->replaceWidget(m_content, place);
     m_scrollArea = scrollAreaOf(m_content);
+    m_content->installEventFilter(this);
     delete contentBox()->replaceWidget(place, m_scrollArea);
     delete place;
+}
+
+// The height in which what scrolls would be seen as a whole.
+int CMsgBox::neededScrolling() const
+{
+    const QWidget *page = m_scrollArea->widget();
+    page->layout()->activate();
+    const QSize shown = m_scrollArea->viewport()->size();
+    const int wide = qMax(shown.width(), page->minimumSizeHint().width());
+    const int high = page->hasHeightForWidth() ? page->heightForWidth(wide) : 0;
+    return height() - shown.height() + qMax(high, page->minimumSizeHint().height());
 }
 
 // A text that was changed meanwhile may need more room.
@@ -167,21 +191,42 @@ void CMsgBox::growToContent()
 {
     if (!isVisible() || m_ended || !layout())
         return;
-    const int before = height();
-    if (m_scrollArea || neededHeight() <= before)
-        return;
     const QRect area = lumqt::platform::answers().workArea();
-    fitHeight(area.isValid() ? area.size() : QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
-    // It grows downwards, and up where it would leave the screen.
-    const int over = y() + height() - (area.top() + area.height());
-    if (area.isValid() && over > 0 && y() + before <= area.top() + area.height())
-        move(x(), qMax(area.top(), y() - over));
+    const QSize room = roomOnScreen();
+    const QRect before = geometry();
+    if (m_scrollArea) {
+        const int needed = qMin(neededScrolling(), room.height());
+        if (needed > height())
+            resize(width(), needed);
+    } else if (layout()->totalMinimumSize().width() > width() || neededHeight(width()) > height()) {
+        fitToRoom(room);
+    }
+    // It grows downwards and to the right, and up or to the left where it would leave the screen.
+    if (size() == before.size() || !area.contains(before))
+        return;
+    move(qMax(area.left(), qMin(x(), area.left() + area.width() - width())),
+         qMax(area.top(), qMin(y(), area.top() + area.height() - height())));
+}
+
+void CMsgBox::contentChanged()
+{
+    growToContent();
+    if (isVisible())
+        describe();
 }
 
 bool CMsgBox::event(QEvent *event)
 {
     const bool handled = CBPPopWnd::event(event);
-    if (event->type() == QEvent::LayoutRequest)
-        growToContent();
+    if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::WindowTitleChange)
+        contentChanged();
     return handled;
+}
+
+// A scroll area keeps to itself what changes in it.
+bool CMsgBox::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::LayoutRequest && m_scrollArea && watched == m_scrollArea->widget())
+        contentChanged();
+    return CBPPopWnd::eventFilter(watched, event);
 }

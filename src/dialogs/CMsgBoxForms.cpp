@@ -27,8 +27,6 @@ const char kDirNamePattern[] = "(?:[^\\\\/:*?\"<>|\r\n]+\\])*";
 
 constexpr int kOk = 0x4;
 enum Field { UserField = 0x1, PasswordField = 0x2, HintField = 0x4 };
-enum Mode { OtherMode = 0, DirMode = 1 };
-
 lumqt::WrappedLabel *wrapped(const QColor &color)
 {
     return new lumqt::WrappedLabel(QString(), lumqt::NormalWeight, lumqt::kTextPixelSize, color);
@@ -96,7 +94,6 @@ int CMsgBox::showCreateDirBox(int type, QString text, int buttons, QString capti
     EnableButton(kOk, false);
     setTitle(type, caption);
     m_prompt->setText(text); // an empty one, too: the caller has said it elsewhere
-    m_firstEdit->setAccessibleName(lumqt::WrappedLabel::plainText(text.isEmpty() ? windowTitle() : text));
     const QPointer<CMsgBox> alive(this);
     const int result = runAndAnswer();
     if (alive)

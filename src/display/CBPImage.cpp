@@ -3,6 +3,7 @@
 #include "foundation/Accessible.h"
 #include "foundation/ImageLoader.h"
 #include "foundation/Painting.h"
+#include "foundation/PressKeys.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -100,29 +101,21 @@ void CBPImage::mouseReleaseEvent(QMouseEvent *event)
 // A key counts as a click: Enter when it goes down, Space when it is let go.
 void CBPImage::keyPressEvent(QKeyEvent *event)
 {
-    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    const bool space = event->key() == Qt::Key_Space;
-    if (!m_clickable || (!enter && !space)) {
+    const lumqt::PressStep step =
+        m_clickable ? lumqt::keyPressed(event, m_spaceDown) : lumqt::PressStep::NotMine;
+    if (step == lumqt::PressStep::NotMine)
         QLabel::keyPressEvent(event);
-        return;
-    }
-    if (event->isAutoRepeat())
-        return;
-    m_spaceDown = space;
-    if (enter)
+    else if (step == lumqt::PressStep::Click)
         emit sigImgClick();
 }
 
 void CBPImage::keyReleaseEvent(QKeyEvent *event)
 {
-    if (event->key() != Qt::Key_Space || !m_spaceDown) {
+    const lumqt::PressStep step = lumqt::keyReleased(event, m_spaceDown);
+    if (step == lumqt::PressStep::NotMine)
         QLabel::keyReleaseEvent(event);
-        return;
-    }
-    if (event->isAutoRepeat())
-        return;
-    m_spaceDown = false;
-    emit sigImgClick();
+    else if (step == lumqt::PressStep::Click)
+        emit sigImgClick();
 }
 
 void CBPImage::focusInEvent(QFocusEvent *event)

@@ -17,7 +17,6 @@ constexpr int kBodyCacheKiB = 16 * 1024;
 constexpr int kLargestCachedArea = 512 * 512;
 const QColor kDotColor(0xe0, 0x20, 0x20);
 constexpr qreal kDotRadius = 4.0;
-const QColor kFocusRingColor(75, 167, 245);
 constexpr int kFocusRingRadius = 2;
 
 struct BodyKey
@@ -177,7 +176,7 @@ void drawDropTriangle(QPainter &painter, const QPointF &topLeft, int width, int 
 void drawFocusRing(QPainter &painter, const QRect &rect)
 {
     Body ring;
-    ring.frame = kFocusRingColor;
+    ring.frame = QColor(kFocusRingColor);
     ring.radiusX = ring.radiusY = kFocusRingRadius;
     drawBody(painter, rect, ring);
 }

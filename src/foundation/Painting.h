@@ -35,6 +35,9 @@ struct Body
 // blitted after.
 LUMQT_TESTED void drawBody(QPainter &painter, const QRect &rect, const Body &body);
 
+// 3:1 and more on white and on the dark title bar.
+constexpr QRgb kFocusRingColor = 0xff2f86d8;
+
 // The ring around a widget of the keyboard focus that has no frame of its own.
 LUMQT_TESTED void drawFocusRing(QPainter &painter, const QRect &rect);
 

@@ -134,8 +134,12 @@ unsigned long long CBaseSyncExecuter::execute()
     if (!syncObj())
         makeWaiter();
     start(QThread::InheritPriority);
-    if (isRunning() || isFinished()) // else it could not be started, and nothing would end the wait
-        waitForJob(wait);
+    if (!isRunning() && !isFinished()) { // nothing would end the wait; the caller may try again
+        qCWarning(lcLumQt, "The thread of an executer could not be started");
+        m_wait = nullptr;
+        return m_result;
+    }
+    waitForJob(wait);
     if (!wait.alive)
         return wait.result;
     m_wait = nullptr;

@@ -118,6 +118,7 @@ private Q_SLOTS:
         QTest::newRow("some") << "Head";
         QTest::newRow("broken markup") << "<b>Head</i> <font";
     }
+    // And the same as message, which takes markup, too.
     void heading()
     {
         QFETCH(QString, head);
@@ -126,10 +127,10 @@ private Q_SLOTS:
             QLabel *label = box.label("<font color=\"#4baeb3\">" + head + "</font>");
             QVERIFY(label);
             QCOMPARE(label->isVisible(), !head.isEmpty());
-            QVERIFY(box.label("Text")->isVisible());
+            QVERIFY(box.label("Text" + head)->isVisible());
             box.grab();
         });
-        box.message(1, "Text", head, kOk);
+        box.message(1, "Text" + head, head, kOk);
     }
 
     // ------------------------------------------------------------------------------------------------------
@@ -325,6 +326,50 @@ private Q_SLOTS:
         box.message(0, text, head, kOk);
     }
 
+    void wideTexts_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("width"); // the label's, at least
+        QTest::addColumn<bool>("scrolls");
+        QTest::newRow("wider than 500") << "<pre>" + QString(90, 'm') + "</pre>" << 501 << false;
+        QTest::newRow("wider than the screen") << "<pre>" + QString(4000, 'm') + "</pre>" << 1025 << true;
+        QTest::newRow("wide and high")
+            << "<pre>" + (QString(200, 'm') + "\n").repeated(99) + "</pre>" << 1025 << true;
+        QTest::newRow("a huge picture") << "<img width=3000 height=20> and words" << 3000 << true;
+    }
+    // At once, or when the text comes later.
+    void wideTexts()
+    {
+        QFETCH(QString, text);
+        QFETCH(int, width);
+        QFETCH(bool, scrolls);
+        lumqt::platform::answers().workArea = [] { return QRect(0, 0, 1024, 600); };
+        for (const bool later : {false, true}) {
+            MsgBox box;
+            box.whileRunning([&] {
+                if (later) {
+                    box.move(100, 50);
+                    box.label("Text")->setText(text);
+                }
+                QLabel *label = box.label(text);
+                QTRY_VERIFY(label->width() >= width);
+                auto *area = box.findChild<QScrollArea *>();
+                QCOMPARE(area != nullptr, scrolls);
+                QVERIFY(isWholeIn(label, scrolls ? area->widget() : &box));
+                QVERIFY(isWholeIn(box.GetBtn(kOk), &box));
+                QVERIFY(box.height() <= 600);
+                QVERIFY(!later || QRect(0, 0, 1024, 600).contains(box.geometry()));
+                QVERIFY(box.width() > 500);
+                if (!scrolls)
+                    return;
+                QCOMPARE(box.width(), 1024);
+                QVERIFY(area->horizontalScrollBar()->maximum() > 0);
+                QCOMPARE(area->verticalScrollBar()->maximum() > 0, box.height() == 600);
+            });
+            box.message(0, later ? "Text" : text, "", kOk);
+        }
+    }
+
     // What a label shows at the end of a long text is to be seen: the last line is inked.
     void lastLine()
     {
@@ -411,6 +456,26 @@ private Q_SLOTS:
         box.message(0, "Text", "", kOk);
     }
 
+    // Also once it scrolls, and as far as the screen allows.
+    void growsScrolling()
+    {
+        lumqt::platform::answers().workArea = [] { return QRect(0, 0, 1024, 600); };
+        MsgBox box;
+        const QString wide = "<pre>" + QString(400, 'm');
+        box.whileRunning([&] {
+            QLabel *label = box.label(wide);
+            auto *area = box.findChild<QScrollArea *>();
+            for (const auto &[lines, whole] : {std::pair(15, true), std::pair(400, false)}) {
+                const int before = box.height();
+                label->setText(wide + QString("\nline").repeated(lines));
+                QTRY_VERIFY(box.height() > before);
+                QTRY_COMPARE(area->verticalScrollBar()->maximum() == 0, whole);
+            }
+            QCOMPARE(box.height(), 600);
+        });
+        box.message(0, wide, "", kOk);
+    }
+
     // ------------------------------------------------------------------------------------------------------
     // texts
 
@@ -456,6 +521,12 @@ private Q_SLOTS:
             QCOMPARE(found->role(), QAccessible::Dialog);
             QCOMPARE(found->text(QAccessible::Name), QString("Title"));
             QCOMPARE(found->text(QAccessible::Description), QString("Head\nBold & text"));
+            box.label("<b>Bold</b> &amp; text")->setText("Another");
+            QTRY_COMPARE(found->text(QAccessible::Description), QString("Head\nAnother"));
+            box.setAccessibleDescription("Better"); // the application's own stays
+            box.label("Another")->setText("Text");
+            QTest::qWait(0);
+            QCOMPARE(found->text(QAccessible::Description), QString("Better"));
         });
         box.message(0, "<b>Bold</b> &amp; text", "Head", kOk, "Title");
     }

@@ -3,6 +3,7 @@
 #include "MsgBoxProbe.h"
 #include "platform/Platform.h"
 #include "TestMain.h"
+#include "Util.h"
 
 #include <QAccessible>
 #include <QClipboard>
@@ -184,10 +185,11 @@ private Q_SLOTS:
         box.whileRunning([&] {
             QTEST(box.ButtonIsEnable(kOk), "ok");
             QCOMPARE(box.GetBtn(kOk)->text(), QString("Proceed"));
+            QVERIFY(box.GetBtn(kOk)->IsFocus() && !box.GetBtn(kCancel)->IsFocus());
             QCOMPARE(box.GetUser(), fields & kUser ? user : QString());
             QCOMPARE(box.GetPassword(), fields & kPassword ? password : QString());
         });
-        box.showUserAndPasswordBox(0, "", fields, 64, kOk, "", user, password, "", allowEmpty);
+        box.showUserAndPasswordBox(0, "", fields, 64, kOk | kCancel, "", user, password, "", allowEmpty);
     }
 
     void changes_data()
@@ -266,6 +268,45 @@ private Q_SLOTS:
         }
     }
 
+    void longPassword()
+    {
+        const QString secret(4000, 'x');
+        MsgBox box;
+        box.whileRunning([&] {
+            CBPLineEdit *edit = box.edits().constFirst();
+            QCOMPARE(box.GetPassword(), secret);
+            edit->end(false);
+            edit->insert("y"); // no room for it
+            QCOMPARE(box.GetPassword(), secret);
+            QVERIFY(!shot(*edit).isNull());
+        });
+        box.showUserAndPasswordBox(0, "", kPassword, 4000, kOk, "", "", secret);
+    }
+
+    // Which edit is which: each with its own icon, seen in the colours at the left of it.
+    void icons()
+    {
+        QMap<bool, QImage> seen;
+        QMap<bool, QImage> wanted;
+        MsgBox box;
+        box.whileRunning([&] {
+            box.setFocus(); // whose edits are without its ring then
+            const auto edits = box.edits();
+            for (CBPLineEdit *edit : edits) {
+                const bool secret = edit->echoMode() == QLineEdit::Password;
+                CBPLineEdit other(
+                    Util::getResFullPath(secret ? "../res/icon_lock.png" : "../res/icon_user.png"));
+                other.resize(edit->size());
+                const QRect icon(0, 0, edit->textMargins().left(), edit->height());
+                seen[secret] = shot(*edit).copy(icon);
+                wanted[secret] = shot(other).copy(icon);
+            }
+        });
+        box.showUserAndPasswordBox(0, "", kUser | kPassword, 9, kOk);
+        QCOMPARE(seen, wanted);
+        QVERIFY(seen[false] != seen[true]);
+    }
+
     void badLength()
     {
         MsgBox box;
@@ -330,8 +371,58 @@ private Q_SLOTS:
         box.showUserAndPasswordBox(0, "Prompt", 7, 9, kOk, "", "", "", "Hint");
     }
 
+    // The directory edit is read as what is asked for, whatever comes to stand there.
+    void dirName()
+    {
+        MsgBox box;
+        box.whileRunning([&] {
+            const auto *edit = QAccessible::queryAccessibleInterface(box.edits().constFirst());
+            QCOMPARE(edit->text(QAccessible::Name), QString("Name"));
+            box.label("<b>Name")->setText("");
+            QTRY_COMPARE(edit->text(QAccessible::Name), QString("{caption}Message"));
+            box.SetWindowTitle("Title");
+            QTRY_COMPARE(edit->text(QAccessible::Name), QString("Title"));
+        });
+        box.showCreateDirBox(0, "<b>Name", kOk);
+    }
+
+    // What is being typed goes on when the form becomes higher than the screen meanwhile.
+    void focusKept()
+    {
+        lumqt::platform::answers().workArea = [] { return QRect(0, 0, 1024, 600); };
+        MsgBox box;
+        box.whileRunning([&] {
+            QVERIFY(isInFront(box));
+            CBPLineEdit *password = box.edits().constLast();
+            password->setFocus();
+            box.label("Prompt")->setText(QString("line\n").repeated(99));
+            QTRY_VERIFY(box.findChild<QScrollArea *>());
+            QCOMPARE(box.focusWidget(), password);
+            QTRY_VERIFY(password->hasFocus());
+        });
+        box.showUserAndPasswordBox(0, "Prompt", kUser | kPassword, 9, kOk);
+    }
+
     // ------------------------------------------------------------------------------------------------------
     // keyboard
+
+    void keysInEdits()
+    {
+        for (const int field : {kUser, kPassword}) {
+            for (const auto &[key, result] :
+                 {std::pair(Qt::Key_Return, kOk), std::pair(Qt::Key_Escape, kCancel)}) {
+                MsgBox box;
+                box.whileRunning([&, key = key] {
+                    QVERIFY(isInFront(box));
+                    QCOMPARE(box.focusWidget(), box.edits().constFirst());
+                    type(box, key);
+                    QVERIFY(!box.isVisible());
+                });
+                QCOMPARE(box.showUserAndPasswordBox(0, "", field, 9, kOk | kCancel, "", "user", "secret"),
+                         result);
+            }
+        }
+    }
 
     void keys_data()
     {

@@ -244,7 +244,7 @@ private Q_SLOTS:
         QCOMPARE(shot(w).pixelColor(at), QColor(Qt::white));
         QTest::keyClick(edit, Qt::Key_Tab);
         QVERIFY(ok->hasFocus() && ok->isDefault());
-        QCOMPARE(shot(w).pixelColor(at), QColor("#4ba7f5"));
+        QCOMPARE(shot(w).pixelColor(at), QColor("#2f86d8"));
         QTest::keyClick(ok, Qt::Key_Tab);
         QVERIFY(w.GetBtn(kCancel)->hasFocus());
         QCOMPARE(shot(w).pixelColor(at), QColor(Qt::white));

@@ -88,6 +88,23 @@ private Q_SLOTS:
         QVERIFY(!manager()->isWndObjExist(m_window));
     }
 
+    // Nothing would ever end the wait.
+    void cannotStart()
+    {
+#ifdef Q_OS_WIN
+        QSKIP("This system takes every size of a stack");
+#endif
+        Job job(m_sync, m_window, timedTask(2, 42));
+        job.setStackSize(1);
+        QTest::ignoreMessage(QtSystemMsg, QRegularExpression("Thread stack size error"));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("could not be started"));
+        QCOMPARE(job.execute(), kNone);
+        QVERIFY(!job.task().began);
+        QVERIFY(job.isNeedDelete());
+        job.setStackSize(0);
+        QCOMPARE(job.execute(), 42ULL);
+    }
+
     void results_data()
     {
         QTest::addColumn<unsigned long long>("set");
@@ -505,7 +522,10 @@ private Q_SLOTS:
     }
 
 private:
-    static CWorkThreadMgr *manager() { return CWorkThreadMgr::instance(); }
+    static CWorkThreadMgr *manager()
+    {
+        return CWorkThreadMgr::instance();
+    }
 
     void end(const QString &ending)
     {

@@ -25,7 +25,7 @@ constexpr int kMaxLength = 100;
 const char kSheet[] = "QLineEdit, QTextEdit { border: 1px solid #c3ccd6; border-radius: 3px;"
                       " background: white; selection-background-color: #4baeb2; }"
                       "QLineEdit { padding: 0 4px; }"
-                      "QLineEdit:focus, QTextEdit:focus { border-color: #4ba7f5; }"
+                      "QLineEdit:focus, QTextEdit:focus { border-color: #2f86d8; }"
                       "QLineEdit:disabled { background: #f3f5f7; }";
 
 template <class Edit> Edit *framed(Edit *edit)

@@ -26,7 +26,7 @@ enum Field { User = 0x1, Password = 0x2, Hint = 0x4 };
 const char kSheet[] = "QLineEdit#DefaultLineEdit { border: 1px solid #c3ccd6; border-radius: 3px;"
                       " background: white; min-height: 30px; padding: 0 4px;"
                       " selection-background-color: #4baeb2; }"
-                      "QLineEdit#DefaultLineEdit:focus { border-color: #4ba7f5; }";
+                      "QLineEdit#DefaultLineEdit:focus { border-color: #2f86d8; }";
 
 const char kText[] = "The folder \"Invoices\" holds 38 files. They are kept in the bin for 30 days.";
 const char kLong[] = "A text that needs more than a line is broken into as many as it takes, and the box "
