@@ -202,7 +202,7 @@ void CMsgBox::growToContent()
         fitToRoom(room);
     }
     // It grows downwards and to the right, and up or to the left where it would leave the screen.
-    if (size() == before.size() || !area.contains(before))
+    if (size() == before.size() || !area.intersects(before)) // it may stand on another screen
         return;
     move(qMax(area.left(), qMin(x(), area.left() + area.width() - width())),
          qMax(area.top(), qMin(y(), area.top() + area.height() - height())));

@@ -18,7 +18,7 @@ namespace {
 
 constexpr int kId = 31;
 const QColor kStateColors[] = {Qt::red, Qt::green, Qt::blue, Qt::cyan};
-const QColor kRing(75, 167, 245);
+const QColor kRing("#2f86d8");
 const QVector<QColor> kGrounds{QColor(10, 20, 30), QColor(40, 50, 60), QColor(70, 80, 90),
                                QColor(100, 110, 120)};
 

@@ -331,7 +331,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("text");
         QTest::addColumn<int>("width"); // the label's, at least
         QTest::addColumn<bool>("scrolls");
-        QTest::newRow("wider than 500") << "<pre>" + QString(90, 'm') + "</pre>" << 501 << false;
+        QTest::newRow("wider than 500") << "<pre>" + QString(60, 'm') + "</pre>" << 400 << false;
         QTest::newRow("wider than the screen") << "<pre>" + QString(4000, 'm') + "</pre>" << 1025 << true;
         QTest::newRow("wide and high")
             << "<pre>" + (QString(200, 'm') + "\n").repeated(99) + "</pre>" << 1025 << true;
@@ -349,6 +349,7 @@ private Q_SLOTS:
             box.whileRunning([&] {
                 if (later) {
                     box.move(100, 50);
+                    QTRY_COMPARE(box.pos(), QPoint(100, 50));
                     box.label("Text")->setText(text);
                 }
                 QLabel *label = box.label(text);
@@ -358,7 +359,7 @@ private Q_SLOTS:
                 QVERIFY(isWholeIn(label, scrolls ? area->widget() : &box));
                 QVERIFY(isWholeIn(box.GetBtn(kOk), &box));
                 QVERIFY(box.height() <= 600);
-                QVERIFY(!later || QRect(0, 0, 1024, 600).contains(box.geometry()));
+                QTRY_VERIFY(!later || QRect(0, 0, 1024, 600).contains(box.geometry()));
                 QVERIFY(box.width() > 500);
                 if (!scrolls)
                     return;
