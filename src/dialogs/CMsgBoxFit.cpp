@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QBoxLayout>
+#include <QCoreApplication>
 #include <QEvent>
 #include <QScrollArea>
 #include <QStyle>
@@ -19,6 +20,7 @@ constexpr int kWidth = 500;
 constexpr int kCheckWidth = 140; // that a check box keeps beside any number of buttons
 constexpr int kCheckLines = 6;
 constexpr int kCheckPadding = 34; // of the bottom area, above and below the row
+constexpr int kScrollFrame = 1;
 const char kScrollSheet[] = "QScrollArea { background: transparent; border: 1px solid transparent; }"
                             "QScrollArea:focus { border-color: #2f86d8; }";
 
@@ -132,12 +134,14 @@ void CMsgBox::fitToRoom(const QSize &room)
     resize(qBound(minimumWidth(), width(), maximumWidth()), height());
     int height = neededHeight(qMax(natural, width()));
     if (natural > width())
-        height += style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+        height += style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 2 * kScrollFrame;
     if (natural > width() || height > room.height()) {
         makeScrollable();
         layOutUpTo(this, m_content);
     }
     resize(width(), qMax(qMin(height, room.height()), minimumHeight()));
+    if (m_scrollArea) // once it is laid out, it is known what it leaves to the texts
+        QCoreApplication::postEvent(this, new QEvent(QEvent::LayoutRequest));
 }
 
 // The text of a message scrolls beside its icon, a form as a whole.

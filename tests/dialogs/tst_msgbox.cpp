@@ -365,7 +365,7 @@ private Q_SLOTS:
                     return;
                 QCOMPARE(box.width(), 1024);
                 QVERIFY(area->horizontalScrollBar()->maximum() > 0);
-                QCOMPARE(area->verticalScrollBar()->maximum() > 0, box.height() == 600);
+                QTRY_COMPARE(area->verticalScrollBar()->maximum() > 0, box.height() == 600);
             });
             box.message(0, later ? "Text" : text, "", kOk);
         }
