@@ -15,6 +15,8 @@
 #include <QTemporaryDir>
 #include <QTimerEvent>
 
+#include <memory>
+
 namespace {
 
 constexpr int kColumnWidth = 264;
@@ -66,10 +68,12 @@ void drawBars(const QString &file, int number, int ratio)
 QString barsFolder()
 {
     static QTemporaryDir dir;
-    for (int i = 0; i < kBarFrames; ++i) {
+    static bool drawn = false;
+    for (int i = 0; i < kBarFrames && !drawn; ++i) {
         drawBars(dir.filePath(QString("%1.png").arg(i)), i, 1);
         drawBars(dir.filePath(QString("%1@2x.png").arg(i)), i, 2);
     }
+    drawn = true;
     return dir.path();
 }
 
@@ -82,18 +86,22 @@ void tick(QObject *object, int times)
     }
 }
 
-CBPGifLable *bars(const QString &folder, int frame, bool plays)
+CBPGifLable *bars()
 {
-    auto *label = new CBPGifLable(folder, kBarFrames - 1);
+    auto *label = new CBPGifLable(barsFolder(), kBarFrames - 1);
     label->StartGif();
-    tick(label, frame + 1); // the picture is there before the first tenth of a second is over
-    if (!plays) {
-        auto *still = new CBPGifLable(folder, kBarFrames - 1);
-        still->setPixmap(label->pixmap(Qt::ReturnByValue));
-        delete label;
-        return still;
-    }
     return label;
+}
+
+QLabel *barsAt(int frame)
+{
+    const std::unique_ptr<CBPGifLable> playing(bars());
+    playing->setAttribute(Qt::WA_DontShowOnScreen);
+    playing->show(); // it rests while it cannot be seen
+    tick(playing.get(), frame + 1);
+    auto *still = new QLabel;
+    still->setPixmap(playing->pixmap(Qt::ReturnByValue));
+    return still;
 }
 
 QWidget *busyWords(const QString &text)
@@ -128,7 +136,7 @@ void addLiveSamples(Page *page)
 {
     page->addSection("In motion", "All three rest while they cannot be seen.")
         ->addColumns(kColumnWidth, {{"CBPAnimationObj: 24 files, 80 ms each", new Spinner},
-                                    {"CBPGifLable: a folder, ten a second", bars(barsFolder(), 0, true)},
+                                    {"CBPGifLable: a folder, ten a second", bars()},
                                     {"CBPEllipsisGifLabel: a dot a second", busyWords("Searching")}});
 }
 
@@ -155,7 +163,7 @@ void addSteps(Page *page)
         "Step by step", "A folder of 12 pictures is played with a count of 11. The row of dots begins anew.");
     QVector<Sample> samples;
     for (int i = 0; i < kBarFrames; ++i)
-        samples.append({QString("%1.png").arg(i), bars(barsFolder(), i, false)});
+        samples.append({QString("%1.png").arg(i), barsAt(i)});
     section->addColumns(8 * theme::kUnit, samples);
     section->addColumns(8 * theme::kUnit, {{"1 s", new StillDots(1)},
                                            {"2 s", new StillDots(2)},
