@@ -48,13 +48,6 @@ public:
         return m_button && m_button->m_split ? QAccessible::ButtonDropDown : QAccessible::ButtonMenu;
     }
 
-    QString text(QAccessible::Text kind) const override
-    {
-        if (kind != QAccessible::Name || !m_button || !m_button->accessibleName().isEmpty())
-            return QAccessibleWidget::text(kind);
-        return m_button->m_text.isEmpty() ? m_button->toolTip() : m_button->m_text;
-    }
-
     QAccessible::State state() const override
     {
         QAccessible::State state = QAccessibleWidget::state();
@@ -80,6 +73,7 @@ public:
     }
 
 protected:
+    QString ownName() const override { return m_button ? m_button->m_text : QString(); }
     void press() override { m_button->activate(); }
 
 private:

@@ -357,7 +357,12 @@ private slots:
             QCOMPARE(opened, 1);
         }
         QVERIFY(clicked.isEmpty());
-        QCOMPARE(QAccessible::queryAccessibleInterface(&button)->role(), QAccessible::ButtonMenu);
+        QAccessibleInterface *face = QAccessible::queryAccessibleInterface(&button);
+        QCOMPARE(face->role(), QAccessible::ButtonMenu);
+        QCOMPARE(face->text(QAccessible::Name), QStringLiteral("Menu"));
+        button.SetText(QString());
+        button.setToolTip(QStringLiteral("Tip"));
+        QCOMPARE(face->text(QAccessible::Name), QStringLiteral("Tip"));
 
         // Hiding the button takes the menu along, unless it is "shrinked".
         for (const bool stays : {false, true}) {
