@@ -44,6 +44,7 @@ CBPDropdownBtn *live(EventLog *log, CBPDropdownBtn *result)
     more->AddAction("Archive", 31);
     result->AppendSubMenu(more);
     result->GetMenu()->SetDefIconWidth(32);
+    result->GetMenu()->SetSubMenuRightIcon(":/gallery/nested.svg");
     QObject::connect(result, &CBPDropdownBtn::sigBtnClicked, log,
                      [log](int id) { log->add(QString("sigBtnClicked(%1)").arg(id)); });
     QObject::connect(result, &CBPDropdownBtn::sigActionTriggered, log, [log](CBPMenuItem *item) {

@@ -43,6 +43,7 @@ CBPToolButton *withMenu(const QString &text, ENAlign align, int id = 0)
     more->AddAction("Print", 32);
     button->AppendSubMenu(more);
     button->GetMenu()->SetDefIconWidth(32);
+    button->GetMenu()->SetSubMenuRightIcon(":/gallery/nested.svg");
     return button;
 }
 
