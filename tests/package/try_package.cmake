@@ -1,4 +1,4 @@
-# Run by CTest; see CMakeLists.txt beside it.
+# Run by CTest, see CMakeLists.txt beside it, and by scripts/package.sh, which gives a PREFIX that is installed already.
 function(run title)
     execute_process(COMMAND ${ARGN} RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE output)
     if(NOT status EQUAL 0)
@@ -8,14 +8,17 @@ function(run title)
     set(output "${output}" PARENT_SCOPE)
 endfunction()
 
-file(REMOVE_RECURSE "${WORK}")
-run("Installing" "${CMAKE_COMMAND}" --install "${BUILD}" --prefix "${WORK}/prefix" --config "${CONFIG}")
+if(NOT PREFIX)
+    file(REMOVE_RECURSE "${WORK}")
+    set(PREFIX "${WORK}/prefix")
+    run("Installing" "${CMAKE_COMMAND}" --install "${BUILD}" --prefix "${PREFIX}" --config "${CONFIG}")
+endif()
 
-set(options "-DCMAKE_PREFIX_PATH=${WORK}/prefix" "-DCMAKE_BUILD_TYPE=${CONFIG}" "-DCMAKE_CXX_COMPILER=${CXX}")
+set(options "-DCMAKE_PREFIX_PATH=${PREFIX}" "-DCMAKE_BUILD_TYPE=${CONFIG}" "-DCMAKE_CXX_COMPILER=${CXX}")
 if(TOOLCHAIN)
     # The installed package lies outside of the toolchain's root.
     list(APPEND options "-DCMAKE_TOOLCHAIN_FILE=${TOOLCHAIN}" "-DLUMQT_QT_WINDOWS=${QT}"
-         "-DLumQtLib_DIR=${WORK}/prefix/lib/cmake/LumQtLib")
+         "-DLumQtLib_DIR=${PREFIX}/lib/cmake/LumQtLib")
 endif()
 if(SANITIZE)
     list(APPEND options "-DCMAKE_CXX_FLAGS=-fsanitize=${SANITIZE}")
@@ -30,7 +33,7 @@ if(NOT EXISTS "${folder}/../res/title_logo.png" OR NOT EXISTS "${folder}/../res/
    OR NOT EXISTS "${folder}/../res/lumqtlib_en.qm")
     message(FATAL_ERROR "The resources were not staged beside ${folder}")
 endif()
-set(ENV{LUMQT_DLL_PATH} "${WORK}/prefix/bin")
+set(ENV{LUMQT_DLL_PATH} "${PREFIX}/bin")
 execute_process(COMMAND ${RUN} "${program}" --check WORKING_DIRECTORY "${folder}" RESULT_VARIABLE status
                 OUTPUT_VARIABLE output ERROR_VARIABLE output)
 if(NOT status EQUAL 0)
