@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QCalendarWidget>
+
+class QTableView;
+class QToolButton;
+
+namespace lumqt {
+
+// The month calendar of the library: Qt's, in our colours.
+class CalendarPane : public QCalendarWidget
+{
+public:
+    CalendarPane(const QString &prevName, const QString &nextName);
+
+protected:
+    bool event(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void paintCell(QPainter *painter, const QRect &rect, const QDate &date) const override;
+
+private:
+    class ButtonStyle;
+
+    void setColors();
+    void setUpView();
+    void setUpBar(const QString &prevName, const QString &nextName);
+    void setUpYearEdit();
+    void setIcons();
+    QColor textColor(const QDate &date) const;
+    void hover(const QPoint &position);
+
+    QTableView *m_view = nullptr;
+    QToolButton *m_prev = nullptr;
+    QToolButton *m_next = nullptr;
+    QPoint m_hovered{-1, -1}; // the pointer in the view
+    bool m_viewHasFocus = false;
+};
+
+} // namespace lumqt
