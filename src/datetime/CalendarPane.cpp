@@ -5,6 +5,7 @@
 #include "foundation/Painting.h"
 #include "Util.h"
 
+#include <QLayout>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMouseEvent>
@@ -29,8 +30,11 @@ const QColor kWeekend(253, 123, 0);
 const QColor kOtherMonth(103, 114, 128);
 const QColor kOutOfRange(180, 188, 198);
 const QColor kSelected(73, 167, 245);
-const QColor kHover(228, 241, 253);
-const QColor kPress(201, 227, 251);
+const QColor kHover(220, 236, 252);
+const QColor kBarHover(211, 231, 250);
+const QColor kBarPress(187, 217, 248);
+const QColor kFrame(163, 200, 255); // as of the window around
+const QColor kFocusFrame(75, 167, 245);
 const QColor kToday(47, 134, 214);
 constexpr int kDayNamePixelSize = 12;
 constexpr int kDayPixelSize = 13;
@@ -39,8 +43,10 @@ constexpr int kRadius = 3;
 constexpr QSize kCell(36, 30);
 constexpr int kRows = 7; // with the names of the days
 constexpr int kBarHeight = 40;
+constexpr int kBarMargin = 4; // puts the arrows above the middles of the outer days
 constexpr int kButtonSize = 28;
 constexpr int kButtonPadding = 8; // beside a text
+constexpr int kYearInset = 4;
 constexpr int kTriangleWidth = 8;
 constexpr int kTriangleHeight = 4;
 constexpr int kTriangleGap = 6;
@@ -49,36 +55,52 @@ const char kNextIcon[] = "../res/calendar_next.png";
 
 } // namespace
 
-// Buttons of the bar: no frame, a tile under the mouse, and a ring where the focus is, which the calendar
-// hides for its arrows.
-class CalendarPane::ButtonStyle : public QProxyStyle
+// What lies in the bar. Buttons: no frame, a tile under the mouse, and a ring where the focus is, which the
+// calendar hides for its arrows. The year while it is stepped, and the frame of the menu of months.
+class CalendarPane::BarStyle : public QProxyStyle
 {
 public:
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex *option, QPainter *painter,
                             const QWidget *widget) const override
     {
         const auto *button = qstyleoption_cast<const QStyleOptionToolButton *>(option);
-        if (control != CC_ToolButton || !button || !widget) {
+        if (control == CC_ToolButton && button && widget)
+            drawButton(*button, *painter, *widget);
+        else if (control == CC_SpinBox)
+            drawSpinBox(*option, *painter, widget);
+        else
             QProxyStyle::drawComplexControl(control, option, painter, widget);
+    }
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                       const QWidget *widget) const override
+    {
+        if (element != PE_FrameMenu && element != PE_PanelMenu) {
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
             return;
         }
-        Body tile;
-        tile.radiusX = tile.radiusY = kRadius;
-        if (button->state & (State_Sunken | State_On))
-            tile.fill = kPress;
-        else if (button->state & State_MouseOver)
-            tile.fill = kHover.darker(103);
-        if (tile.fill.isValid())
-            drawBody(*painter, button->rect, tile);
-        drawContent(*button, *painter, *widget);
-        if (widget->hasFocus())
-            drawFocusRing(*painter, button->rect);
+        Body panel;
+        panel.fill = kGround;
+        panel.frame = kFrame;
+        if (element == PE_FrameMenu)
+            panel.fill = QColor();
+        drawBody(*painter, option->rect, panel);
+    }
+
+    QRect subControlRect(ComplexControl control, const QStyleOptionComplex *option, SubControl part,
+                         const QWidget *widget) const override
+    {
+        const QRect rect = QProxyStyle::subControlRect(control, option, part, widget);
+        // The text lies within the frame.
+        return control == CC_SpinBox && part == SC_SpinBoxEditField ? rect.adjusted(1, 1, 0, -1) : rect;
     }
 
     QSize sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &size,
                            const QWidget *widget) const override
     {
         const auto *button = qstyleoption_cast<const QStyleOptionToolButton *>(option);
+        if (type == CT_SpinBox)
+            return QProxyStyle::sizeFromContents(type, option, size, widget) + QSize(2 * kYearInset, 0);
         if (type != CT_ToolButton || !button)
             return QProxyStyle::sizeFromContents(type, option, size, widget);
         if (button->text.isEmpty())
@@ -92,6 +114,40 @@ private:
     static bool hasMenu(const QStyleOptionToolButton &button)
     {
         return button.features & QStyleOptionToolButton::HasMenu;
+    }
+
+    static void drawButton(const QStyleOptionToolButton &button, QPainter &painter, const QWidget &widget)
+    {
+        Body tile;
+        tile.radiusX = tile.radiusY = kRadius;
+        if (button.state & (State_Sunken | State_On))
+            tile.fill = kBarPress;
+        else if (button.state & State_MouseOver)
+            tile.fill = kBarHover;
+        if (tile.fill.isValid())
+            drawBody(painter, button.rect, tile);
+        drawContent(button, painter, widget);
+        if (widget.hasFocus())
+            drawFocusRing(painter, button.rect);
+    }
+
+    void drawSpinBox(const QStyleOptionComplex &option, QPainter &painter, const QWidget *widget) const
+    {
+        Body body;
+        body.fill = kGround;
+        body.frame = kFocusFrame; // it has the focus as long as it is there
+        body.radiusX = body.radiusY = kRadius;
+        drawBody(painter, option.rect, body);
+        for (const SubControl arrow : {SC_SpinBoxUp, SC_SpinBoxDown}) {
+            const QRectF place = proxy()->subControlRect(CC_SpinBox, &option, arrow, widget);
+            painter.save();
+            painter.translate(place.center());
+            if (arrow == SC_SpinBoxUp)
+                painter.rotate(180);
+            drawDropTriangle(painter, QPointF(-kTriangleWidth, -kTriangleHeight) / 2, kTriangleWidth,
+                             kTriangleHeight, kInk);
+            painter.restore();
+        }
     }
 
     static void drawContent(const QStyleOptionToolButton &button, QPainter &painter, const QWidget &widget)
@@ -173,11 +229,14 @@ void CalendarPane::setUpBar(const QString &prevName, const QString &nextName)
     if (!bar)
         return;
     bar->setFixedHeight(kBarHeight);
-    auto *style = new ButtonStyle;
-    style->setParent(this); // widgets do not own their style
+    if (bar->layout())
+        bar->layout()->setContentsMargins(kBarMargin, 0, kBarMargin, 0);
+    m_barStyle = new BarStyle;
+    m_barStyle->setParent(this); // widgets do not own their style
     const QList<QToolButton *> buttons = bar->findChildren<QToolButton *>();
     for (QToolButton *button : buttons) {
-        button->setStyle(style);
+        button->setStyle(m_barStyle);
+        button->setFixedHeight(kButtonSize);
         button->setFont(uiFont(SemiboldWeight, kTitlePixelSize));
         button->setAttribute(Qt::WA_Hover);
         button->setFocusPolicy(Qt::StrongFocus);
@@ -186,9 +245,20 @@ void CalendarPane::setUpBar(const QString &prevName, const QString &nextName)
             colors.setColor(QPalette::Highlight, kHover);
             menu->setPalette(colors);
             menu->setFont(font());
+            menu->setStyle(m_barStyle);
+            connect(menu, &QMenu::aboutToHide, button, [button] { forgetPointer(button); });
         }
     }
     setIcons();
+}
+
+// The pointer leaves a button whose menu is open without a word, and it would look hovered until it is again.
+void CalendarPane::forgetPointer(QWidget *button)
+{
+    if (button->rect().contains(button->mapFromGlobal(QCursor::pos())))
+        return;
+    button->setAttribute(Qt::WA_UnderMouse, false);
+    button->update();
 }
 
 // The year is stepped, not typed.
@@ -199,9 +269,16 @@ void CalendarPane::setUpYearEdit()
     if (!text)
         return;
     text->setEnabled(false);
+    text->setReadOnly(true); // a cursor would say otherwise
+    text->setTextMargins(kYearInset, 0, 0, 0);
     QPalette colors = year->palette();
     colors.setColor(QPalette::Disabled, QPalette::Text, kInk); // it is no less the year
     text->setPalette(colors);
+    year->setFont(uiFont(SemiboldWeight, kTitlePixelSize));
+    if (m_barStyle)
+        year->setStyle(m_barStyle);
+    year->installEventFilter(this);
+    m_year = year;
 }
 
 void CalendarPane::setIcons()
@@ -231,6 +308,8 @@ bool CalendarPane::eventFilter(QObject *watched, QEvent *event)
                (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)) {
         m_viewHasFocus = event->type() == QEvent::FocusIn;
         m_view->viewport()->update();
+    } else if (m_view && watched == m_year && event->type() == QEvent::Hide && m_year->hasFocus()) {
+        m_view->setFocus(); // it would go to the first button of the bar
     }
     return QCalendarWidget::eventFilter(watched, event);
 }

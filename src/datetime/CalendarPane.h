@@ -19,19 +19,22 @@ protected:
     void paintCell(QPainter *painter, const QRect &rect, const QDate &date) const override;
 
 private:
-    class ButtonStyle;
+    class BarStyle;
 
     void setColors();
     void setUpView();
     void setUpBar(const QString &prevName, const QString &nextName);
     void setUpYearEdit();
     void setIcons();
+    static void forgetPointer(QWidget *button);
     QColor textColor(const QDate &date) const;
     void hover(const QPoint &position);
 
     QTableView *m_view = nullptr;
     QToolButton *m_prev = nullptr;
     QToolButton *m_next = nullptr;
+    QWidget *m_year = nullptr; // while it is stepped
+    BarStyle *m_barStyle = nullptr;
     QPoint m_hovered{-1, -1}; // the pointer in the view
     bool m_viewHasFocus = false;
 };
