@@ -71,7 +71,7 @@ void hoverDay(QTableView *view, int row, int column)
 }
 
 // The picture of the calendar as the button opens it.
-QWidget *openCalendar(QDate date, bool posed)
+QLabel *openCalendar(QDate date, bool hovered)
 {
     const QScopedPointer<CBPDateSelector> owner(selector(date));
     auto *button = owner->findChild<CBPImageButton *>();
@@ -80,11 +80,10 @@ QWidget *openCalendar(QDate date, bool posed)
     button->click();
     auto *calendar = button->findChild<QCalendarWidget *>();
     auto *view = calendar->findChild<QTableView *>();
-    if (posed) {
-        QFocusEvent focus(QEvent::FocusIn, Qt::PopupFocusReason);
-        QCoreApplication::sendEvent(view, &focus);
+    QFocusEvent focus(QEvent::FocusIn, Qt::PopupFocusReason); // only a window on the screen has it
+    QCoreApplication::sendEvent(view, &focus);
+    if (hovered)
         hoverDay(view, 4, 3);
-    }
     auto *label = new QLabel;
     label->setPixmap(calendar->window()->grab());
     return label;
@@ -94,7 +93,7 @@ void addLiveSamples(Page *page)
 {
     Section *section = page->addSection(
         "Try it", "Alt+Down or the button opens the calendar. Arrows and Page keys move in it, Return takes "
-                  "the day, Escape leaves the date as it is.");
+                  "a day, Escape none.");
     auto *log = new EventLog("No signal yet: leave the field or pick a day.");
     CBPDateSelector *live = selector(QDate(2024, 3, 7));
     QObject::connect(live, &CBPDateSelector::sigDateEditFinish, log, [log, live] {
@@ -106,12 +105,12 @@ void addLiveSamples(Page *page)
 
 void addStates(Page *page)
 {
-    CBPDateSelector *hovered = selector(QDate(2024, 3, 7));
+    const QDate date(2024, 3, 7);
+    CBPDateSelector *hovered = selector(date);
     pose::put(hovered->findChild<CBPImageButton *>(), pose::Hovered);
-    CBPDateSelector *pressed = selector(QDate(2024, 3, 7));
+    CBPDateSelector *pressed = selector(date);
     pose::put(pressed->findChild<CBPImageButton *>(), pose::Pressed);
     Section *section = page->addSection("States", "From 1980-01-01 to 2099-12-31.");
-    const QDate date(2024, 3, 7);
     section->addColumns(4, {{"Normal", pose::in(pose::Normal, selector(date))},
                             {"Focus in the field", focused(date, false)},
                             {"Focus on the button", focused(date, true)},
@@ -124,10 +123,14 @@ void addStates(Page *page)
 
 void addCalendars(Page *page)
 {
+    const QDate date(2024, 3, 7);
+    QLabel *opened = openCalendar(date, false);
     page->addSection("The calendar", "It opens under the button and closes when a day is picked.")
-        ->addColumns(3, {{"Opened", openCalendar(QDate(2024, 3, 7), false)},
-                         {"A day hovered, focus on the selected one", openCalendar(QDate(2024, 3, 7), true)},
-                         {"At the end of the range", openCalendar(QDate(2099, 12, 31), false)}});
+        ->addColumns(3,
+                     {{"Opened", opened},
+                      {"A day under the pointer", openCalendar(date, true)},
+                      {"At the end of the range", openCalendar(QDate(2099, 12, 31), false)}},
+                     opened->sizeHint().width());
 }
 
 Page *makePage()

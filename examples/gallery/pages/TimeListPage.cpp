@@ -46,19 +46,31 @@ CEditTimeEdit *focusedButton(const QVector<QTime> &times, bool onAdd)
     return list;
 }
 
+// The list has no signal of its own; its buttons tell, also those that come later.
+void listen(CEditTimeEdit *list, EventLog *log)
+{
+    const char heard[] = "heard";
+    const QList<CBPImageButton *> buttons = list->findChildren<CBPImageButton *>();
+    for (CBPImageButton *button : buttons) {
+        if (button->property(heard).toBool())
+            continue;
+        button->setProperty(heard, true);
+        QObject::connect(button, &CBPImageButton::btn_released, log, [list, log] {
+            dress(list);
+            listen(list, log);
+            QStringList times;
+            const QVector<QTime> sorted = list->GetQTimesSorted();
+            for (const QTime &time : sorted)
+                times << time.toString("HH:mm");
+            log->add("GetQTimesSorted(): " + times.join(", "));
+        });
+    }
+}
+
 CEditTimeEdit *live(EventLog *log)
 {
     CEditTimeEdit *list = timeList({QTime(18, 0), QTime(6, 30)}, 4);
-    const auto tell = [log, list] {
-        dress(list);
-        QStringList times;
-        for (const QTime &time : list->GetQTimesSorted())
-            times << time.toString("HH:mm");
-        log->add("GetQTimesSorted(): " + times.join(", "));
-    };
-    const QList<CBPImageButton *> buttons = list->findChildren<CBPImageButton *>();
-    for (CBPImageButton *button : buttons)
-        QObject::connect(button, &CBPImageButton::btn_released, log, tell);
+    listen(list, log);
     return list;
 }
 
