@@ -195,7 +195,9 @@ void CBPDateSelector::onDateEditFinish()
 
 bool CBPDateSelector::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == m_pTipWnd) {
+    // By what they are now: they go on reporting while they are destroyed, when they are no more than
+    // widgets.
+    if (qobject_cast<CBPTipWnd *>(watched)) {
         if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape)
             m_bGivesFocusBack = true; // the window hides on it
         else if (event->type() == QEvent::Hide && m_bGivesFocusBack)
@@ -203,7 +205,7 @@ bool CBPDateSelector::eventFilter(QObject *watched, QEvent *event)
         return false;
     }
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
-        if (watched == m_pDateEdit && m_pBox)
+        if (m_pBox && qobject_cast<QDateEdit *>(watched))
             m_pBox->SetFrameClr(event->type() == QEvent::FocusIn ? kFocusFrame : kFrame);
         return false;
     }

@@ -22,6 +22,19 @@ namespace {
 constexpr int kFuzzTexts = 200000;
 constexpr quint64 kFileTimeOf1970 = 116444736000000000;
 
+// Today.
+int secondsAheadOfUtc()
+{
+#if defined(Q_OS_WIN)
+    // Not of the C library, which has a zone of its own where TZ is set.
+    TIME_ZONE_INFORMATION zone = {};
+    const bool summer = GetTimeZoneInformation(&zone) == TIME_ZONE_ID_DAYLIGHT;
+    return -60 * int(zone.Bias + (summer ? zone.DaylightBias : zone.StandardBias));
+#else
+    return QDateTime::currentDateTime().offsetFromUtc();
+#endif
+}
+
 // The numbers of a text in the words of the C++ library, which reads an int up to its largest.
 std::vector<int> numbersOf(const std::string &text)
 {
@@ -125,7 +138,7 @@ void TestDateTimeSystem::fileTime()
     qputenv("TZ", zone);
     tzset();
 #endif
-    const int ahead = QDateTime::currentDateTime().offsetFromUtc();
+    const int ahead = secondsAheadOfUtc();
     const quint64 local = ticks + quint64(qint64(ahead)) * 10000000;
     _BPDateTime expected;
     if (ticks != 0 && local <= quint64(LLONG_MAX)) {
@@ -150,9 +163,11 @@ void TestDateTimeSystem::fileTime()
 void TestDateTimeSystem::clock()
 {
     _BPDateTime now{0, 0, 0, 0, 0, 0, 9};
-    const QDateTime before = QDateTime::currentDateTime();
+    // Broken down by the C library, as the clock is.
+    const auto qtNow = [] { return QDateTime::fromMSecsSinceEpoch(QDateTime::currentMSecsSinceEpoch()); };
+    const QDateTime before = qtNow();
     IBPDateTime::GetSystemTime(&now);
-    const QDateTime after = QDateTime::currentDateTime();
+    const QDateTime after = qtNow();
     const QDateTime read(QDate(now.wYear, now.wMonth, now.wDay), QTime(now.wHour, now.wMinute, now.wSecond));
     QVERIFY2(before.addSecs(-1) < read && read <= after, qPrintable(read.toString(Qt::ISODate)));
     QCOMPARE(now.wDayOfWeek, quint16(9));
@@ -231,7 +246,7 @@ void TestDateTimeSystem::longTexts_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<bool>("result");
-    constexpr int kLength = 1 << 24; // a run time that grows with the square would not end
+    constexpr int kLength = 1 << 22; // a run time that grows with the square would not end
     QTest::newRow("one number") << QByteArray(kLength, '7') << false;
     QTest::newRow("many numbers") << QByteArray("1 ").repeated(kLength / 2) << false;
     QTest::newRow("no number") << QByteArray("A").repeated(kLength) << false;

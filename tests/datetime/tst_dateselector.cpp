@@ -1,10 +1,9 @@
 #include "CBPDateSelector.h"
 #include "CBPImageButton.h"
 #include "CBPTipWnd.h"
-#include "CEditTimeEdit.h"
+#include "Spoken.h"
 #include "TestMain.h"
 
-#include <QAccessible>
 #include <QCalendarWidget>
 #include <QDateEdit>
 #include <QLayout>
@@ -15,7 +14,6 @@
 #include <QSpinBox>
 #include <QTableView>
 #include <QTextCharFormat>
-#include <QTimeEdit>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -23,12 +21,6 @@ namespace {
 
 const QColor kFrame(215, 215, 215);
 const QColor kAccent(73, 167, 245);
-
-QString spokenName(QWidget *widget)
-{
-    QAccessibleInterface *interface = QAccessible::queryAccessibleInterface(widget);
-    return interface ? interface->text(QAccessible::Name) : QString();
-}
 
 // A window with a selector on the seventh of March 2024 and something else to go to.
 struct Scene
@@ -85,47 +77,9 @@ struct Scene
     }
 };
 
-QList<QTimeEdit *> fieldsOf(const CEditTimeEdit &list)
-{
-    QList<QTimeEdit *> fields;
-    for (int i = 0; i < list.layout()->itemAt(0)->layout()->count(); ++i)
-        fields << list.layout()->itemAt(0)->layout()->itemAt(i)->widget()->findChild<QTimeEdit *>();
-    return fields;
-}
-
-CBPImageButton *deleteButtonOf(QTimeEdit *field)
-{
-    return field->parentWidget()->findChild<CBPImageButton *>();
-}
-
-CBPImageButton *addButtonOf(CEditTimeEdit &list)
-{
-    return list.findChild<CBPImageButton *>(QString(), Qt::FindDirectChildrenOnly);
-}
-
-struct TimeList : CEditTimeEdit
-{
-    explicit TimeList(int maxCount, const QVector<QTime> &times = {})
-        : CEditTimeEdit("../res/list_normal.png", "../res/delete.png", maxCount)
-    {
-        Initialize(times);
-    }
-
-    void showActive()
-    {
-        show();
-        activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(this));
-    }
-};
-
-const QTime kMorning(6, 30);
-const QTime kNoon(12, 0);
-const QTime kEvening(18, 0);
-
 } // namespace
 
-class TestDateEdits : public QObject
+class TestDateSelector : public QObject
 {
     Q_OBJECT
 
@@ -144,19 +98,11 @@ private slots:
     void calendarLook();
     void deletedByThePick_data();
     void deletedByThePick();
+    void deletedWhileOpen_data();
     void deletedWhileOpen();
-    void newList();
-    void addAndRemove_data();
-    void addAndRemove();
-    void initialize_data();
-    void initialize();
-    void times();
-    void listFocus();
-    void listNames();
-    void deletedByItsItem();
 };
 
-void TestDateEdits::field()
+void TestDateSelector::field()
 {
     Scene scene;
     scene.elsewhere->setFocus();
@@ -182,7 +128,7 @@ void TestDateEdits::field()
     QVERIFY(!scene.tip());
 }
 
-void TestDateEdits::range_data()
+void TestDateSelector::range_data()
 {
     QTest::addColumn<QDate>("given");
     QTest::addColumn<QDate>("kept");
@@ -194,7 +140,7 @@ void TestDateEdits::range_data()
     QTest::newRow("no such day") << QDate(2023, 2, 29) << QDate(2024, 3, 7);
 }
 
-void TestDateEdits::range()
+void TestDateSelector::range()
 {
     QFETCH(QDate, given);
     CBPDateSelector selector;
@@ -206,14 +152,14 @@ void TestDateEdits::range()
     QCOMPARE(spy.count(), 0);
 }
 
-void TestDateEdits::opens_data()
+void TestDateSelector::opens_data()
 {
     QTest::addColumn<QString>("how");
     for (const char *how : {"mouse", "Space", "Alt+Down"})
         QTest::newRow(how) << QString(how);
 }
 
-void TestDateEdits::opens()
+void TestDateSelector::opens()
 {
     QFETCH(QString, how);
     Scene scene;
@@ -226,7 +172,7 @@ void TestDateEdits::opens()
     QCOMPARE(scene.tip()->pos(), scene.button->mapToGlobal(QPoint(-1, scene.button->height())));
 }
 
-void TestDateEdits::escape_data()
+void TestDateSelector::escape_data()
 {
     QTest::addColumn<QString>("how");
     QTest::addColumn<bool>("toButton");
@@ -234,7 +180,7 @@ void TestDateEdits::escape_data()
     QTest::newRow("from the button") << "Space" << true;
 }
 
-void TestDateEdits::escape()
+void TestDateSelector::escape()
 {
     QFETCH(QString, how);
     QFETCH(bool, toButton);
@@ -256,7 +202,7 @@ void TestDateEdits::escape()
     QTRY_VERIFY(!scene.tip()->isVisible() && scene.window.isActiveWindow());
 }
 
-void TestDateEdits::picks_data()
+void TestDateSelector::picks_data()
 {
     QTest::addColumn<QString>("how");
     QTest::addColumn<int>("count");
@@ -265,7 +211,7 @@ void TestDateEdits::picks_data()
     QTest::newRow("double click") << "double click" << 2;
 }
 
-void TestDateEdits::picks()
+void TestDateSelector::picks()
 {
     QFETCH(QString, how);
     QFETCH(int, count);
@@ -290,7 +236,7 @@ void TestDateEdits::picks()
 }
 
 // Who clicks elsewhere has said where the focus goes.
-void TestDateEdits::clickElsewhere()
+void TestDateSelector::clickElsewhere()
 {
     Scene scene;
     scene.open();
@@ -300,7 +246,7 @@ void TestDateEdits::clickElsewhere()
     QTRY_VERIFY(scene.elsewhere->hasFocus());
 }
 
-void TestDateEdits::openedAgain()
+void TestDateSelector::openedAgain()
 {
     Scene scene;
     scene.open();
@@ -320,7 +266,7 @@ void TestDateEdits::openedAgain()
     QCOMPARE(scene.button->findChildren<CBPTipWnd *>().size(), 1);
 }
 
-void TestDateEdits::calendarLook()
+void TestDateSelector::calendarLook()
 {
     Scene scene;
     scene.open();
@@ -353,14 +299,14 @@ void TestDateEdits::calendarLook()
     }
 }
 
-void TestDateEdits::deletedByThePick_data()
+void TestDateSelector::deletedByThePick_data()
 {
     QTest::addColumn<bool>("byMouse");
     QTest::newRow("mouse") << true;
     QTest::newRow("Return") << false;
 }
 
-void TestDateEdits::deletedByThePick()
+void TestDateSelector::deletedByThePick()
 {
     QFETCH(bool, byMouse);
     Scene scene;
@@ -376,175 +322,35 @@ void TestDateEdits::deletedByThePick()
     QTRY_VERIFY(!calendar);
 }
 
-void TestDateEdits::deletedWhileOpen()
+void TestDateSelector::deletedWhileOpen_data()
 {
+    QTest::addColumn<int>("what");
+    QTest::newRow("selector") << 0;
+    QTest::newRow("button") << 1;
+    QTest::newRow("field") << 2;
+    QTest::newRow("calendar") << 3;
+}
+
+void TestDateSelector::deletedWhileOpen()
+{
+    QFETCH(int, what);
     Scene scene;
     scene.open();
     const QPointer<CBPTipWnd> tip = scene.tip();
-    delete scene.selector;
-    QVERIFY(!tip);
-}
-
-// ------------------------------------------------------------------------------------------------------------
-// lists of times
-
-void TestDateEdits::newList()
-{
-    TimeList list(4);
-    QCOMPARE(fieldsOf(list).size(), 1);
-    QVERIFY(deleteButtonOf(fieldsOf(list).first())->isHidden());
-    QVERIFY(!addButtonOf(list)->isHidden());
-    QTimeEdit *field = fieldsOf(list).first();
-    field->setTime(QTime(23, 59));
-    field->setCurrentSection(QDateTimeEdit::HourSection);
-    field->stepUp();
-    QCOMPARE(list.GetQTimes(), QVector<QTime>{QTime(0, 59)});
-}
-
-void TestDateEdits::addAndRemove_data()
-{
-    QTest::addColumn<int>("maxCount");
-    QTest::addColumn<int>("count");
-    QTest::addColumn<bool>("more");
-    for (const int maxCount : {INT_MIN, -1, 0, 1, 2, 3, INT_MAX}) {
-        for (const int count : {2, 3})
-            QTest::addRow("%d of %d", count, maxCount) << maxCount << count << (count < maxCount);
+    QWidget *parts[] = {scene.selector, scene.button, scene.edit, scene.calendar()};
+    delete parts[what];
+    QCOMPARE(!tip, what < 2);
+    if (!scene.selector)
+        return;
+    QDate date(2031, 10, 2);
+    scene.selector->SetDate(date);
+    QCOMPARE(scene.selector->GetDate(), what == 2 ? QDate() : date);
+    if (what == 3) {
+        tip->hide();
+        scene.open();
+        QCOMPARE(scene.calendar()->selectedDate(), date);
     }
 }
 
-void TestDateEdits::addAndRemove()
-{
-    QFETCH(int, maxCount);
-    QFETCH(int, count);
-    TimeList list(maxCount);
-    for (int i = 1; i < count; ++i)
-        addButtonOf(list)->click();
-    QCOMPARE(fieldsOf(list).size(), count);
-    QTEST(!addButtonOf(list)->isHidden(), "more");
-    const QList<QTimeEdit *> fields = fieldsOf(list);
-    for (QTimeEdit *field : fields)
-        QVERIFY(!deleteButtonOf(field)->isHidden());
-    for (int left = count - 1; left > 0; --left) {
-        deleteButtonOf(fieldsOf(list).first())->click();
-        QCOMPARE(fieldsOf(list).size(), left);
-        QCOMPARE(!addButtonOf(list)->isHidden(), left < maxCount);
-    }
-    QTimeEdit *last = fieldsOf(list).first();
-    QCOMPARE(last, fields.last());
-    QVERIFY(deleteButtonOf(last)->isHidden());
-    QVERIFY(fields.first()->parentWidget()->isHidden());
-    deleteButtonOf(last)->click();
-    QCOMPARE(list.GetQTimes().size(), 1);
-}
-
-void TestDateEdits::initialize_data()
-{
-    QTest::addColumn<QVector<QTime>>("times");
-    QTest::addColumn<QVector<QTime>>("kept"); // by two fields at 01:00
-    const QTime one(1, 0);
-    QTest::newRow("none") << QVector<QTime>{} << QVector<QTime>{one, one};
-    QTest::newRow("fewer") << QVector<QTime>{kNoon} << QVector<QTime>{kNoon, one};
-    QTest::newRow("no time") << QVector<QTime>{QTime(), kNoon} << QVector<QTime>{one, kNoon};
-    const QVector<QTime> five{kEvening, kMorning, kNoon, kMorning, QTime(23, 59)};
-    QTest::newRow("more than the greatest count") << five << five;
-}
-
-void TestDateEdits::initialize()
-{
-    QFETCH(QVector<QTime>, times);
-    QFETCH(QVector<QTime>, kept);
-    TimeList list(3, {QTime(1, 0), QTime(1, 0)});
-    list.Initialize(times);
-    QCOMPARE(list.GetQTimes(), kept);
-    QCOMPARE(!addButtonOf(list)->isHidden(), kept.size() < 3);
-    std::sort(kept.begin(), kept.end());
-    QCOMPARE(list.GetQTimesSorted(), kept);
-}
-
-void TestDateEdits::times()
-{
-    CEditTimeEditItem item("../res/delete.png");
-    QSignalSpy spy(&item, SIGNAL(sigHideItem(CEditTimeEditItem *)));
-    QTime noon = kNoon;
-    item.SetQTime(noon);
-    QCOMPARE(item.GetQTime(), kNoon);
-    item.SetIconVisual(false);
-    auto *button = item.findChild<CBPImageButton *>();
-    QVERIFY(button->isHidden());
-    item.SetIconVisual(true);
-    item.show();
-    QTest::mouseClick(button, Qt::LeftButton);
-    QCOMPARE(spy.count(), 1);
-    QCOMPARE(qvariant_cast<CEditTimeEditItem *>(spy[0][0]), &item);
-    QVERIFY(item.isVisible());
-}
-
-// By keyboard all through; the focus never leaves the list.
-void TestDateEdits::listFocus()
-{
-    TimeList list(3, {kMorning, kEvening});
-    list.showActive();
-    CBPImageButton *add = addButtonOf(list);
-    add->setFocus();
-    QTest::keyClick(add, Qt::Key_Space);
-    QCOMPARE(QApplication::focusWidget(), fieldsOf(list).last()); // the button is gone
-    QList<QTimeEdit *> fields = fieldsOf(list);
-    fields.last()->setTime(kNoon);
-
-    deleteButtonOf(fields[1])->setFocus();
-    QTest::keyClick(deleteButtonOf(fields[1]), Qt::Key_Space);
-    QCOMPARE(list.GetQTimes(), (QVector<QTime>{kMorning, kNoon}));
-    QCOMPARE(QApplication::focusWidget(), fields[2]);
-    add->setFocus();
-    QTest::keyClick(add, Qt::Key_Space);
-    QCOMPARE(QApplication::focusWidget(), fieldsOf(list).last());
-    fields = fieldsOf(list);
-
-    // Tab goes through the row, and from its end to the add button.
-    deleteButtonOf(fields[2])->setFocus();
-    QTest::keyClick(deleteButtonOf(fields[2]), Qt::Key_Space);
-    QCOMPARE(QApplication::focusWidget(), fields[1]);
-    QVector<QWidget *> chain;
-    fields[0]->setFocus();
-    for (int i = 0; i < 12; ++i) {
-        QWidget *focus = QApplication::focusWidget();
-        if (chain.isEmpty() || chain.last() != focus)
-            chain << focus;
-        QTest::keyClick(focus, Qt::Key_Tab);
-    }
-    QCOMPARE(chain.mid(0, 5), (QVector<QWidget *>{fields[0], deleteButtonOf(fields[0]), fields[1],
-                                                  deleteButtonOf(fields[1]), add}));
-
-    // What has no focus to lose takes none.
-    fields[0]->setFocus();
-    deleteButtonOf(fields[1])->click();
-    QCOMPARE(QApplication::focusWidget(), fields[0]);
-}
-
-void TestDateEdits::listNames()
-{
-    TimeList list(4, {kMorning, kNoon, kEvening});
-    deleteButtonOf(fieldsOf(list).first())->click();
-    addButtonOf(list)->click();
-    QSet<QString> names{spokenName(addButtonOf(list))};
-    const QList<QTimeEdit *> fields = fieldsOf(list);
-    for (QTimeEdit *field : fields)
-        names << spokenName(field) << spokenName(deleteButtonOf(field));
-    QCOMPARE(names.size(), 7);
-    QVERIFY(!names.contains(QString()));
-    QVERIFY(spokenName(fields.first()).contains('1'));
-    QVERIFY(spokenName(deleteButtonOf(fields.last())).contains('3'));
-}
-
-void TestDateEdits::deletedByItsItem()
-{
-    QPointer<TimeList> list = new TimeList(4, {kMorning, kNoon});
-    auto *item = qobject_cast<CEditTimeEditItem *>(fieldsOf(*list).first()->parentWidget());
-    connect(item, &CEditTimeEditItem::sigHideItem, this, [&] { delete list; });
-    list->show();
-    QTest::mouseClick(deleteButtonOf(fieldsOf(*list).first()), Qt::LeftButton);
-    QVERIFY(!list);
-}
-
-LUMQT_TEST_MAIN(TestDateEdits)
-#include "tst_dateedits.moc"
+LUMQT_TEST_MAIN(TestDateSelector)
+#include "tst_dateselector.moc"
