@@ -11,8 +11,6 @@ const Region kIso{"yyyy-MM-dd", "HH:mm:ss", "-", ":"};
 
 } // namespace
 
-Q_DECLARE_METATYPE(_BPDateTime)
-
 class TestDateTime : public QObject
 {
     Q_OBJECT
@@ -50,7 +48,6 @@ private slots:
     void combined_data();
     void combined();
     void compact();
-    void comparison_data();
     void comparison();
     void parts();
 
@@ -61,74 +58,66 @@ private:
 void TestDateTime::dateFormats_data()
 {
     QTest::addColumn<QString>("pattern");
-    QTest::addColumn<int>("format");
-    QTest::addColumn<QString>("normalised");
-    QTest::addColumn<QVector<int>>("counts");
-    QTest::addColumn<QString>("text");
+    QTest::addColumn<QStringList>("expected"); // format, pattern, counts, the seventh of March 2024
     const struct
     {
         const char *pattern;
         int format;
         const char *normalised;
-        QVector<int> counts;
-        const char *text; // of the seventh of March 2024
+        const char *counts;
+        const char *text;
     } rows[] = {
-        {"yy/M/d", 1, "yy-M-d", {2, 1, 1}, "24/03/07"},
-        {"yy-MM-dd", 2, "yy-MM-dd", {2, 2, 2}, "24/03/07"},
-        {"yyyy/M/d", 3, "yyyy-M-d", {4, 1, 1}, "2024/03/07"},
-        {"yyyy.MM.d", 4, "yyyy-MM-d", {4, 2, 1}, "2024/03/07"},
-        {"yyyy-MM-dd", 5, "yyyy-MM-dd", {4, 2, 2}, "2024/03/07"},
-        {"M/d/yyyy", 6, "M-d-yyyy", {4, 1, 1}, "03/07/2024"},
-        {"M/d/yy", 7, "M-d-yy", {2, 1, 1}, "03/07/24"},
-        {"MM dd yyyy", 8, "MM-dd-yyyy", {4, 2, 2}, "03/07/2024"},
-        {"d.MM.yyyy", 9, "d-MM-yyyy", {4, 2, 1}, "07/03/2024"},
-        {"d/M/yy", 10, "d-M-yy", {2, 1, 1}, "07/03/24"},
-        {"dd.MM.yy", 11, "dd-MM-yy", {2, 2, 2}, "07/03/24"},
-        {"dd.MM.yyyy", 12, "dd-MM-yyyy", {4, 2, 2}, "07/03/2024"},
-        {"d/M/yyyy", 6, "M-D-YYYY", {4, 1, 1}, "03/07/2024"},
-        {"YYYY-MM-DD", 6, "M-D-YYYY", {4, 1, 1}, "03/07/2024"},
-        {"dd. MM. yyyy", 6, "M-D-YYYY", {4, 1, 1}, "03/07/2024"},
+        {"yy/M/d", 1, "yy-M-d", "2 1 1", "24/03/07"},
+        {"yy-MM-dd", 2, "yy-MM-dd", "2 2 2", "24/03/07"},
+        {"yyyy/M/d", 3, "yyyy-M-d", "4 1 1", "2024/03/07"},
+        {"yyyy.MM.d", 4, "yyyy-MM-d", "4 2 1", "2024/03/07"},
+        {"yyyy-MM-dd", 5, "yyyy-MM-dd", "4 2 2", "2024/03/07"},
+        {"M/d/yyyy", 6, "M-d-yyyy", "4 1 1", "03/07/2024"},
+        {"M/d/yy", 7, "M-d-yy", "2 1 1", "03/07/24"},
+        {"MM dd yyyy", 8, "MM-dd-yyyy", "4 2 2", "03/07/2024"},
+        {"d.MM.yyyy", 9, "d-MM-yyyy", "4 2 1", "07/03/2024"},
+        {"d/M/yy", 10, "d-M-yy", "2 1 1", "07/03/24"},
+        {"dd.MM.yy", 11, "dd-MM-yy", "2 2 2", "07/03/24"},
+        {"dd.MM.yyyy", 12, "dd-MM-yyyy", "4 2 2", "07/03/2024"},
+        {"d/M/yyyy", 6, "M-D-YYYY", "4 1 1", "03/07/2024"},
+        {"YYYY-MM-DD", 6, "M-D-YYYY", "4 1 1", "03/07/2024"},
+        {"dd. MM. yyyy", 6, "M-D-YYYY", "4 1 1", "03/07/2024"},
         {"yyyy\xE5\xB9\xB4M\xE6\x9C\x88"
          "d\xE6\x97\xA5",
-         6,
-         "M-D-YYYY",
-         {4, 1, 1},
-         "03/07/2024"},
-        {"", 6, "M-D-YYYY", {4, 1, 1}, "03/07/2024"},
+         6, "M-D-YYYY", "4 1 1", "03/07/2024"},
+        {"", 6, "M-D-YYYY", "4 1 1", "03/07/2024"},
     };
     for (const auto &row : rows)
-        QTest::addRow("%s", row.pattern) << QString::fromUtf8(row.pattern) << row.format
-                                         << QString(row.normalised) << row.counts << QString(row.text);
+        QTest::addRow("%s", row.pattern)
+            << QString::fromUtf8(row.pattern)
+            << QStringList{QString::number(row.format), row.normalised, row.counts, row.text};
 }
 
 void TestDateTime::dateFormats()
 {
     QFETCH(QString, pattern);
-    QFETCH(QVector<int>, counts);
-    QFETCH(QString, text);
+    QFETCH(QStringList, expected);
     live({pattern, QString(), "/", QString()});
-    QTEST(int(IBPDateTime::GetSystemDateFormat()), "format");
-    QTEST(QString::fromStdString(IBPDateTime::GetStringDateFormat()), "normalised");
-    QCOMPARE((QVector<int>{IBPDateTime::GetSystemYearCounts(), IBPDateTime::GetSystemMonthCounts(),
-                           IBPDateTime::GetSystemDayCounts()}),
-             counts);
+    QStringList got{QString::number(IBPDateTime::GetSystemDateFormat()),
+                    QString::fromStdString(IBPDateTime::GetStringDateFormat())};
+    got << QString("%1 %2 %3")
+               .arg(IBPDateTime::GetSystemYearCounts())
+               .arg(IBPDateTime::GetSystemMonthCounts())
+               .arg(IBPDateTime::GetSystemDayCounts());
     std::string written;
     QVERIFY(IBPDateTime::TransSystemDateToString({2024, 3, 7, 0, 0, 0, 0}, written));
-    QCOMPARE(QString::fromStdString(written), text);
+    got << QString::fromStdString(written);
+    QCOMPARE(got, expected);
     _BPDateTime read;
     Settings::forget(); // reading alone finds out the order, too
     QVERIFY(IBPDateTime::TransSystemDateFromString(read, written));
-    QCOMPARE((QVector<int>{read.wYear, read.wMonth, read.wDay}),
-             (QVector<int>{counts[0] == 2 ? 24 : 2024, 3, 7}));
+    QCOMPARE(read.wYear % 100 * 10000 + read.wMonth * 100 + read.wDay, 240307);
 }
 
 void TestDateTime::timeFormats_data()
 {
     QTest::addColumn<QString>("pattern");
-    QTest::addColumn<int>("format");
-    QTest::addColumn<int>("hourCount");
-    QTest::addColumn<QString>("normalised");
-    QTest::addColumn<QString>("withoutSecond");
+    QTest::addColumn<QStringList>("expected"); // format, letters of the hour, pattern, without seconds
     const struct
     {
         const char *pattern;
@@ -148,18 +137,21 @@ void TestDateTime::timeFormats_data()
         {"", 1, 1, "h:mm:ss tt", "h:mm tt"},
     };
     for (const auto &row : rows)
-        QTest::addRow("%s", row.pattern) << QString::fromUtf8(row.pattern) << row.format << row.hourCount
-                                         << QString(row.normalised) << QString(row.withoutSecond);
+        QTest::addRow("%s", row.pattern)
+            << QString::fromUtf8(row.pattern)
+            << QStringList{QString::number(row.format), QString::number(row.hourCount), row.normalised,
+                           row.withoutSecond};
 }
 
 void TestDateTime::timeFormats()
 {
     QFETCH(QString, pattern);
     live({QString(), pattern, QString(), QString()});
-    QTEST(QString::fromStdString(IBPDateTime::GetStringTimeFormat(false)), "withoutSecond");
-    QTEST(QString::fromStdString(IBPDateTime::GetStringTimeFormat(true)), "normalised");
-    QTEST(int(IBPDateTime::GetSystemTimeFormat()), "format");
-    QTEST(IBPDateTime::GetSystemHourCounts(), "hourCount");
+    const QString shortPattern = QString::fromStdString(IBPDateTime::GetStringTimeFormat(false));
+    QTEST((QStringList{QString::number(IBPDateTime::GetSystemTimeFormat()),
+                       QString::number(IBPDateTime::GetSystemHourCounts()),
+                       QString::fromStdString(IBPDateTime::GetStringTimeFormat(true)), shortPattern}),
+          "expected");
     // Whatever the format, with the separator that stands for a missing one.
     std::string text;
     QVERIFY(IBPDateTime::TransSystemTimeToString({0, 0, 0, 23, 5, 9, 0}, text, true));
@@ -412,26 +404,17 @@ void TestDateTime::compact()
              std::string("655356553565535655356553565535"));
 }
 
-void TestDateTime::comparison_data()
-{
-    QTest::addColumn<_BPDateTime>("later");
-    QTest::newRow("year") << _BPDateTime{2025, 1, 1, 0, 0, 0, 0};
-    QTest::newRow("month") << _BPDateTime{2024, 10, 1, 0, 0, 0, 0};
-    QTest::newRow("day") << _BPDateTime{2024, 9, 10, 0, 0, 0, 0};
-    QTest::newRow("hour") << _BPDateTime{2024, 9, 9, 10, 0, 0, 0};
-    QTest::newRow("minute") << _BPDateTime{2024, 9, 9, 9, 10, 0, 0};
-    QTest::newRow("second") << _BPDateTime{2024, 9, 9, 9, 9, 10, 0};
-}
-
 void TestDateTime::comparison()
 {
-    QFETCH(_BPDateTime, later);
     const _BPDateTime base{2024, 9, 9, 9, 9, 9, 7};
-    QVERIFY(IBPDateTime::CompareDateTime(base, later) < 0);
-    QVERIFY(IBPDateTime::CompareDateTime(later, base) > 0);
-    _BPDateTime same = base;
-    same.wDayOfWeek = 1;
-    QCOMPARE(IBPDateTime::CompareDateTime(base, same), 0);
+    const _BPDateTime later[] = {{2025, 1, 1, 0, 0, 0, 0},  {2024, 10, 1, 0, 0, 0, 0},
+                                 {2024, 9, 10, 0, 0, 0, 0}, {2024, 9, 9, 10, 0, 0, 0},
+                                 {2024, 9, 9, 9, 10, 0, 0}, {2024, 9, 9, 9, 9, 10, 0}};
+    for (const _BPDateTime &dt : later) {
+        QVERIFY(IBPDateTime::CompareDateTime(base, dt) < 0);
+        QVERIFY(IBPDateTime::CompareDateTime(dt, base) > 0);
+    }
+    QCOMPARE(IBPDateTime::CompareDateTime(base, {2024, 9, 9, 9, 9, 9, 1}), 0);
 }
 
 void TestDateTime::parts()
