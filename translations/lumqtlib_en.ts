@@ -2,6 +2,29 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
+    <name>CBPDateSelector</name>
+    <message>
+        <source>Date</source>
+        <translation>Date</translation>
+    </message>
+    <message>
+        <source>Open the calendar</source>
+        <translation>Open the calendar</translation>
+    </message>
+    <message>
+        <source>Calendar</source>
+        <translation>Calendar</translation>
+    </message>
+    <message>
+        <source>Previous month</source>
+        <translation>Previous month</translation>
+    </message>
+    <message>
+        <source>Next month</source>
+        <translation>Next month</translation>
+    </message>
+</context>
+<context>
     <name>CBPPopWnd</name>
     <message>
         <source>Add</source>
@@ -116,6 +139,21 @@
     <message>
         <source>Online Support</source>
         <translation>Online Support</translation>
+    </message>
+</context>
+<context>
+    <name>CEditTimeEdit</name>
+    <message>
+        <source>Add a time</source>
+        <translation>Add a time</translation>
+    </message>
+    <message>
+        <source>Time %1</source>
+        <translation>Time %1</translation>
+    </message>
+    <message>
+        <source>Remove time %1</source>
+        <translation>Remove time %1</translation>
     </message>
 </context>
 <context>

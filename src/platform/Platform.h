@@ -12,6 +12,15 @@ class QWidget;
 // Everything the library asks of the operating system. `windows/` answers with Win32, `generic/` with Qt.
 namespace lumqt::platform {
 
+// What is asked of the regional settings; the numbers are those of Windows.
+enum LocaleInfo : unsigned long {
+    LocaleDateSeparator = 0x1D,
+    LocaleTimeSeparator = 0x1E,
+    LocaleShortDate = 0x1F,     // pattern, such as "dd.MM.yyyy"
+    LocaleTimePattern = 0x1003, // with seconds, such as "h:mm:ss tt"
+};
+constexpr unsigned long kUserLocale = 0x400;
+
 // The answers of the system. All sizes are logical pixels of the widget's screen; a null widget means the
 // primary screen.
 struct Answers
@@ -27,6 +36,9 @@ struct Answers
     // Whether translucent windows are blended with what lies behind them. Where they are not, what a window
     // leaves transparent is black.
     std::function<bool()> composited;
+    // A text of the regional settings, a LocaleInfo, in the notation of Windows. Empty when there is none.
+    // Elsewhere the user's locale answers for all.
+    std::function<QString(unsigned long type, unsigned long locale)> localeInfo;
 };
 
 // The answers in force: the system's own, until a test replaces one. GUI thread only.
@@ -51,6 +63,25 @@ FileStamp fileStamp(const QString &path);
 
 // A time that is next to free to ask for and changes every few milliseconds. Any thread.
 qint64 coarseClock();
+
+// A moment on the user's clock.
+struct ClockTime
+{
+    quint16 year = 0;
+    quint16 month = 0;
+    quint16 day = 0;
+    quint16 hour = 0;
+    quint16 minute = 0;
+    quint16 second = 0;
+    quint16 dayOfWeek = 0; // 0: Sunday
+};
+
+// Now. Any thread.
+ClockTime localClock();
+
+// A file time, in steps of 100 ns since 1601 UTC. It is moved by what the clock is ahead of UTC today, also
+// when summer time was not the same then: that is how Windows reckons. All zero beyond the range. Any thread.
+LUMQT_TESTED ClockTime localFileTime(quint64 fileTime);
 
 // The system's own answers, from the platform folder.
 Answers systemAnswers();

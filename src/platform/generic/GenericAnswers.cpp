@@ -1,13 +1,18 @@
 #include "platform/Platform.h"
 
+#include "platform/generic/LocaleTexts.h"
+
 #include <QFile>
 #include <QGuiApplication>
 #include <QLibrary>
+#include <QLocale>
 #include <QScreen>
 #include <QSettings>
 
 #include <sys/stat.h>
 #include <time.h>
+
+#include <limits>
 
 namespace lumqt::platform {
 
@@ -35,6 +40,31 @@ bool xComposited()
         return false;
     const QByteArray name = "_NET_WM_CM_S" + QByteArray::number(defaultScreen(display));
     return selectionOwner(display, internAtom(display, name.constData(), 0)) != 0;
+}
+
+constexpr qint64 kFileTimeSteps = 10000000; // in a second
+constexpr qint64 kSecondsOfDay = 24 * 60 * 60;
+constexpr qint64 kDaysOf400Years = 146097;
+
+tm brokenDown(time_t moment)
+{
+    tm parts = {};
+    localtime_r(&moment, &parts);
+    return parts;
+}
+
+// The Gregorian date of a day counted from the first of March of a year that 400 divides: leap days come
+// last in such a year, and all periods have the same length.
+void setDate(ClockTime &clock, qint64 baseYear, qint64 days)
+{
+    const qint64 era = days / kDaysOf400Years;
+    const qint64 day = days % kDaysOf400Years;
+    const qint64 year = (day - day / 1460 + day / 36524 - day / 146096) / 365;
+    const qint64 dayOfYear = day - (365 * year + year / 4 - year / 100);
+    const qint64 month = (5 * dayOfYear + 2) / 153; // 0: March
+    clock.day = quint16(dayOfYear - (153 * month + 2) / 5 + 1);
+    clock.month = quint16(month < 10 ? month + 3 : month - 9);
+    clock.year = quint16(baseYear + era * 400 + year + (clock.month <= 2 ? 1 : 0));
 }
 
 } // namespace
@@ -67,6 +97,37 @@ qint64 coarseClock()
     return qint64(now.tv_sec) * 1000 + now.tv_nsec / 1000000;
 }
 
+ClockTime localClock()
+{
+    const tm parts = brokenDown(time(nullptr));
+    ClockTime clock;
+    clock.year = quint16(parts.tm_year + 1900);
+    clock.month = quint16(parts.tm_mon + 1);
+    clock.day = quint16(parts.tm_mday);
+    clock.hour = quint16(parts.tm_hour);
+    clock.minute = quint16(parts.tm_min);
+    clock.second = quint16(parts.tm_sec);
+    clock.dayOfWeek = quint16(parts.tm_wday);
+    return clock;
+}
+
+ClockTime localFileTime(quint64 fileTime)
+{
+    const qint64 ahead = brokenDown(time(nullptr)).tm_gmtoff;
+    const quint64 local = fileTime + quint64(ahead) * quint64(kFileTimeSteps);
+    ClockTime clock;
+    if (local > quint64(std::numeric_limits<qint64>::max()))
+        return clock;
+    const qint64 seconds = qint64(local) / kFileTimeSteps;
+    const qint64 days = seconds / kSecondsOfDay; // since 1601-01-01, a Monday
+    setDate(clock, 1600, days + 306);            // the days from March to the end of a year
+    clock.hour = quint16(seconds % kSecondsOfDay / 3600);
+    clock.minute = quint16(seconds % 3600 / 60);
+    clock.second = quint16(seconds % 60);
+    clock.dayOfWeek = quint16((days + 1) % 7);
+    return clock;
+}
+
 Answers systemAnswers()
 {
     Answers system;
@@ -79,6 +140,7 @@ Answers systemAnswers()
     system.composited = [] {
         return QGuiApplication::platformName() != QLatin1String("xcb") || xComposited();
     };
+    system.localeInfo = [](unsigned long type, unsigned long) { return localeText(QLocale::system(), type); };
     system.interfaceLanguage = [] {
         // The machine-wide settings of the application stand where the registry key stands on Windows.
         const QSettings settings(QSettings::SystemScope, QStringLiteral("TALVEX"), QStringLiteral("Lumora"));

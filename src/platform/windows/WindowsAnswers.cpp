@@ -12,6 +12,9 @@
 #include <windows.h>
 
 #include <dwmapi.h>
+#include <time.h>
+
+#include <vector>
 
 namespace lumqt::platform {
 
@@ -62,6 +65,17 @@ QRect primaryWorkArea()
                  qRound((area.right - area.left) / ratio), qRound((area.bottom - area.top) / ratio));
 }
 
+QString localeInfo(unsigned long type, unsigned long locale)
+{
+    const int length = GetLocaleInfoW(locale, type, nullptr, 0); // with the terminator
+    if (length < 1)
+        return QString();
+    std::vector<wchar_t> text(size_t(length) + 1);
+    if (GetLocaleInfoW(locale, type, text.data(), length) != length)
+        return QString(); // the settings changed between the two questions
+    return QString::fromWCharArray(text.data());
+}
+
 } // namespace
 
 QString pathSeparator()
@@ -92,6 +106,41 @@ qint64 coarseClock()
     return qint64(GetTickCount64());
 }
 
+ClockTime localClock()
+{
+    const __time64_t now = _time64(nullptr);
+    tm parts = {};
+    ClockTime clock;
+    if (_localtime64_s(&parts, &now) != 0)
+        return clock;
+    clock.year = quint16(parts.tm_year + 1900);
+    clock.month = quint16(parts.tm_mon + 1);
+    clock.day = quint16(parts.tm_mday);
+    clock.hour = quint16(parts.tm_hour);
+    clock.minute = quint16(parts.tm_min);
+    clock.second = quint16(parts.tm_sec);
+    clock.dayOfWeek = quint16(parts.tm_wday);
+    return clock;
+}
+
+ClockTime localFileTime(quint64 fileTime)
+{
+    const FILETIME utc = {DWORD(fileTime), DWORD(fileTime >> 32)};
+    FILETIME local = {};
+    SYSTEMTIME parts = {};
+    if (FileTimeToLocalFileTime(&utc, &local))
+        FileTimeToSystemTime(&local, &parts);
+    ClockTime clock;
+    clock.year = parts.wYear;
+    clock.month = parts.wMonth;
+    clock.day = parts.wDay;
+    clock.hour = parts.wHour;
+    clock.minute = parts.wMinute;
+    clock.second = parts.wSecond;
+    clock.dayOfWeek = parts.wDayOfWeek;
+    return clock;
+}
+
 Answers systemAnswers()
 {
     Answers system;
@@ -102,6 +151,7 @@ Answers systemAnswers()
         BOOL enabled = FALSE;
         return SUCCEEDED(DwmIsCompositionEnabled(&enabled)) && enabled;
     };
+    system.localeInfo = localeInfo;
     system.interfaceLanguage = [] {
         const QSettings settings(QStringLiteral("HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVEX\\Lumora"),
                                  QSettings::NativeFormat);

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "LumQtGlobal.h"
+
+#include <QDate>
+#include <QPointer>
+#include <QWidget>
+
+class CBPBox;
+class CBPImageButton;
+class CBPTipWnd;
+class QCalendarWidget;
+class QDateEdit;
+
+/// A date in a thin frame, to be typed or picked from a calendar that a button opens below it.
+///
+/// Dates run from 1980-01-01 to 2099-12-31. Alt+Down opens the calendar, Return takes a day, Escape closes it
+/// and gives the focus back. Give the selector an accessible name, as a screen reader says it with both
+/// parts. GUI thread only. \since 1.0
+class LUMQT_EXPORT CBPDateSelector : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// A selector of 2000-01-01 in the short format of its locale, without the name of the day. \since 1.0
+    explicit CBPDateSelector(QWidget *parent = nullptr);
+
+    /// Deletes the calendar, too. \since 1.0
+    ~CBPDateSelector() override;
+
+    /// Sets the date. One outside of the range becomes the first or last of it, one that is not valid is
+    /// ignored. Tells nobody. \since 1.0
+    void SetDate(QDate &date);
+
+    /// The date in the field. \since 1.0
+    QDate GetDate() const;
+
+Q_SIGNALS:
+    /// The field was left, or Return pressed in it, or a day picked from the calendar; a double click on a
+    /// day picks it twice. The selector may be deleted by what is connected. \since 1.0
+    void sigDateEditFinish();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
+private Q_SLOTS:
+    void OnCalendarBtn(int btnId);
+    void onCalendarActived(const QDate &date);
+    void onCalendarClicked(const QDate &date);
+    void onDateEditFinish();
+
+private:
+    void Layout(QWidget *parent);
+    void CreateCalendar();
+    void UpdateDate(const QDate &date);
+    bool opensCalendar(QEvent *event);
+    void giveFocusBack();
+    void updateLook();
+
+    QPointer<QDateEdit> m_pDateEdit;
+    QPointer<CBPImageButton> m_pCalendarBtn;
+    QPointer<QCalendarWidget> m_pCalendar;
+    QPointer<CBPTipWnd> m_pTipWnd; // a child of the button, so it may be gone first
+    QPointer<CBPBox> m_pBox;
+    QPointer<QWidget> m_pFocusBefore; // before the calendar opened
+    bool m_bGivesFocusBack = false;   // when the calendar hides next
+    int m_iPicks = 0;                 // that the calendar is busy with
+};

@@ -1,0 +1,253 @@
+#include "CBPDateSelector.h"
+
+#include "CBPBox.h"
+#include "CBPImageButton.h"
+#include "CBPTipWnd.h"
+#include "datetime/CalendarPane.h"
+#include "foundation/Accessible.h"
+#include "Util.h"
+
+#include <QDateEdit>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLineEdit>
+
+namespace {
+
+// Look and metrics, in logical pixels.
+const QColor kFrame(215, 215, 215);
+const QColor kFocusFrame(75, 167, 245);
+const QMargins kMargins(1, 1, 5, 1);
+const QMargins kCalendarMargins(1, 1, 1, 1);
+constexpr int kTextInset = 4;
+constexpr int kButtonId = 255;
+const QDate kFirstDate(1980, 1, 1);
+const QDate kLastDate(2099, 12, 31);
+const char *const kButtonImages[] = {"../res/icon_log_calendar.png", "../res/icon_log_calendar_hover.png",
+                                     "../res/icon_log_calendar_press.png",
+                                     "../res/icon_log_calendar_disable.png"};
+
+QAccessibleInterface *makeAccessible(QWidget *widget)
+{
+    return new QAccessibleWidget(widget, QAccessible::Grouping);
+}
+
+// A field without a frame of its own, whose text keeps off that around it.
+class DateField : public QDateEdit
+{
+public:
+    explicit DateField(QWidget *parent) : QDateEdit(parent)
+    {
+        setFrame(false);
+        setButtonSymbols(QAbstractSpinBox::NoButtons);
+        lineEdit()->setTextMargins(kTextInset, 0, 0, 0);
+    }
+
+    QSize sizeHint() const override { return QDateEdit::sizeHint() + QSize(kTextInset, 0); }
+    QSize minimumSizeHint() const override { return QDateEdit::minimumSizeHint() + QSize(kTextInset, 0); }
+};
+
+} // namespace
+
+CBPDateSelector::CBPDateSelector(QWidget *parent) : QWidget(parent)
+{
+    lumqt::installAccessible("CBPDateSelector", makeAccessible);
+    Layout(parent);
+}
+
+CBPDateSelector::~CBPDateSelector()
+{
+    if (!m_pTipWnd)
+        return;
+    if (m_iPicks == 0) {
+        delete m_pTipWnd;
+        return;
+    }
+    // Deleted by somebody who heard of a pick: the calendar is not done with telling.
+    m_pTipWnd->hide();
+    m_pTipWnd->setParent(nullptr);
+    m_pTipWnd->deleteLater();
+}
+
+void CBPDateSelector::Layout(QWidget *parent)
+{
+    m_pBox = new CBPBox(false, false, 0);
+    m_pBox->setContentsMargins(kMargins);
+    m_pBox->SetDrawFrame(true);
+    m_pBox->SetFrameClr(kFrame);
+    auto *layout = new QHBoxLayout;
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_pBox);
+    setLayout(layout);
+
+    m_pDateEdit = new DateField(parent);
+    m_pDateEdit->setDisplayFormat(m_pDateEdit->displayFormat().remove(QLatin1String("dddd")));
+    m_pDateEdit->setDateRange(kFirstDate, kLastDate);
+    m_pDateEdit->setAccessibleName(tr("Date"));
+    m_pDateEdit->installEventFilter(this);
+    connect(m_pDateEdit, SIGNAL(editingFinished()), this, SLOT(onDateEditFinish()));
+    m_pBox->PackStart(m_pDateEdit, false, false, 0);
+
+    QVector<QString> images;
+    for (const char *image : kButtonImages)
+        images.append(Util::getResFullPath(QLatin1String(image)));
+    m_pCalendarBtn = new CBPImageButton(images, false, kButtonId);
+    m_pCalendarBtn->setAccessibleName(tr("Open the calendar"));
+    m_pCalendarBtn->installEventFilter(this);
+    m_pBox->PackStart(m_pCalendarBtn, false, false, 0);
+    connect(m_pCalendarBtn, SIGNAL(btn_released(int)), this, SLOT(OnCalendarBtn(int)));
+    setFocusProxy(m_pDateEdit);
+}
+
+void CBPDateSelector::SetDate(QDate &date)
+{
+    if (m_pDateEdit)
+        m_pDateEdit->setDate(date);
+}
+
+QDate CBPDateSelector::GetDate() const
+{
+    return m_pDateEdit ? m_pDateEdit->date() : QDate();
+}
+
+// ------------------------------------------------------------------------------------------------------------
+// calendar
+
+void CBPDateSelector::OnCalendarBtn(int)
+{
+    if (!m_pCalendarBtn)
+        return;
+    if (!m_pTipWnd) {
+        m_pTipWnd = new CBPTipWnd(ENOrientationNone, m_pCalendarBtn);
+        m_pTipWnd->SetRoundRadius(0, 0);
+        m_pTipWnd->ShowClickBindWidget(false);
+        m_pTipWnd->setAccessibleName(tr("Calendar"));
+        m_pTipWnd->installEventFilter(this);
+    }
+    CreateCalendar();
+    if (m_pDateEdit && m_pCalendar) {
+        m_pCalendar->setSelectedDate(m_pDateEdit->date());
+        m_pCalendar->showSelectedDate(); // also where another month was left open
+    }
+    QWidget *focus = window()->focusWidget();
+    m_pFocusBefore = focus && isAncestorOf(focus) ? focus : m_pDateEdit.data();
+    m_bGivesFocusBack = false;
+    // A window that is not shown yet cannot be activated.
+    m_pTipWnd->show();
+    m_pTipWnd->activateWindow();
+    if (m_pCalendar)
+        m_pCalendar->setFocus();
+}
+
+void CBPDateSelector::CreateCalendar()
+{
+    if (m_pCalendar || !m_pTipWnd)
+        return;
+    m_pCalendar = new lumqt::CalendarPane(tr("Previous month"), tr("Next month"));
+    m_pCalendar->setAccessibleName(tr("Calendar"));
+    m_pCalendar->setDateRange(kFirstDate, kLastDate);
+    connect(m_pCalendar, SIGNAL(activated(const QDate &)), this, SLOT(onCalendarActived(const QDate &)));
+    connect(m_pCalendar, SIGNAL(clicked(const QDate &)), this, SLOT(onCalendarClicked(const QDate &)));
+
+    // The window comes with a layout and a box of its own, and a widget takes no second layout.
+    delete m_pTipWnd->layout();
+    qDeleteAll(m_pTipWnd->findChildren<CBPBox *>(QString(), Qt::FindDirectChildrenOnly));
+    auto *layout = new QHBoxLayout;
+    layout->setContentsMargins(kCalendarMargins);
+    layout->addWidget(m_pCalendar);
+    m_pTipWnd->setLayout(layout);
+}
+
+void CBPDateSelector::onCalendarActived(const QDate &date)
+{
+    UpdateDate(date);
+}
+
+void CBPDateSelector::onCalendarClicked(const QDate &date)
+{
+    UpdateDate(date);
+}
+
+void CBPDateSelector::UpdateDate(const QDate &date)
+{
+    if (!m_pTipWnd || !m_pDateEdit)
+        return;
+    const QPointer<CBPDateSelector> alive(this);
+    ++m_iPicks;
+    m_pDateEdit->setDate(date);
+    if (alive && m_pTipWnd && m_pTipWnd->isVisible()) {
+        m_bGivesFocusBack = true;
+        m_pTipWnd->hide();
+    }
+    if (alive)
+        onDateEditFinish();
+    if (alive)
+        --m_iPicks;
+}
+
+void CBPDateSelector::onDateEditFinish()
+{
+    emit sigDateEditFinish();
+}
+
+// ------------------------------------------------------------------------------------------------------------
+// events
+
+bool CBPDateSelector::eventFilter(QObject *watched, QEvent *event)
+{
+    // By what they are now: they go on reporting while they are destroyed, when they are no more than
+    // widgets.
+    if (qobject_cast<CBPTipWnd *>(watched)) {
+        if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape)
+            m_bGivesFocusBack = true; // the window hides on it
+        else if (event->type() == QEvent::Hide && m_bGivesFocusBack)
+            giveFocusBack();
+        return false;
+    }
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
+        if (m_pBox && qobject_cast<QDateEdit *>(watched))
+            m_pBox->SetFrameClr(event->type() == QEvent::FocusIn ? kFocusFrame : kFrame);
+        return false;
+    }
+    return opensCalendar(event);
+}
+
+bool CBPDateSelector::opensCalendar(QEvent *event)
+{
+    if (!isEnabled() || (event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride))
+        return false;
+    const auto *key = static_cast<QKeyEvent *>(event);
+    if (key->key() != Qt::Key_Down || (key->modifiers() & ~Qt::KeypadModifier) != Qt::AltModifier)
+        return false;
+    event->accept();
+    if (event->type() == QEvent::KeyPress)
+        OnCalendarBtn(kButtonId);
+    return true;
+}
+
+// When it was closed by key or by a pick; somebody who clicks elsewhere has said where the focus goes.
+void CBPDateSelector::giveFocusBack()
+{
+    m_bGivesFocusBack = false;
+    QWidget *target = m_pFocusBefore ? m_pFocusBefore.data() : m_pDateEdit.data();
+    if (!target || !isVisible())
+        return;
+    window()->activateWindow();
+    target->setFocus(Qt::PopupFocusReason);
+}
+
+void CBPDateSelector::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::EnabledChange)
+        updateLook();
+    QWidget::changeEvent(event);
+}
+
+// The ground of box and field are one.
+void CBPDateSelector::updateLook()
+{
+    if (!m_pBox || !m_pDateEdit)
+        return;
+    const QPalette::ColorGroup group = isEnabled() ? QPalette::Active : QPalette::Disabled;
+    m_pBox->SetBgClr(m_pDateEdit->palette().color(group, QPalette::Base));
+}

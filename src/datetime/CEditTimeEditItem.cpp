@@ -1,0 +1,58 @@
+#include "CEditTimeEditItem.h"
+
+#include "CBPImageButton.h"
+#include "ENState.h"
+
+#include <QHBoxLayout>
+#include <QTimeEdit>
+
+namespace {
+
+constexpr int kSpacing = 5;    // pixels between field and button
+constexpr int kButtonId = 255; // the button reports it to nobody else
+
+} // namespace
+
+CEditTimeEditItem::CEditTimeEditItem(QString iconPath, QWidget *parent)
+    : QWidget(parent), m_strIconPath(iconPath)
+{
+    Layout();
+}
+
+CEditTimeEditItem::~CEditTimeEditItem() = default;
+
+void CEditTimeEditItem::Layout()
+{
+    auto *layout = new QHBoxLayout;
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(kSpacing);
+    setLayout(layout);
+    m_pTimeEdit = new QTimeEdit;
+    m_pTimeEdit->setWrapping(true);
+    layout->addWidget(m_pTimeEdit);
+    m_pDelBtn = new CBPImageButton(QVector<QString>(ENStateDisable + 1, m_strIconPath), false, kButtonId);
+    layout->addWidget(m_pDelBtn);
+    connect(m_pDelBtn, SIGNAL(btn_released(int)), this, SLOT(OnClicked(int)));
+}
+
+QTime CEditTimeEditItem::GetQTime() const
+{
+    return m_pTimeEdit ? m_pTimeEdit->time() : QTime();
+}
+
+void CEditTimeEditItem::SetQTime(QTime &time)
+{
+    if (m_pTimeEdit)
+        m_pTimeEdit->setTime(time);
+}
+
+void CEditTimeEditItem::SetIconVisual(bool bShow)
+{
+    if (m_pDelBtn)
+        m_pDelBtn->setVisible(bShow);
+}
+
+void CEditTimeEditItem::OnClicked(int)
+{
+    emit sigHideItem(this);
+}

@@ -1,0 +1,367 @@
+#include "datetime/CalendarPane.h"
+
+#include "foundation/FontLookup.h"
+#include "foundation/IconPixmap.h"
+#include "foundation/Painting.h"
+#include "Util.h"
+
+#include <QLayout>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QProxyStyle>
+#include <QSpinBox>
+#include <QStyleOptionToolButton>
+#include <QTableView>
+#include <QTextCharFormat>
+#include <QToolButton>
+
+namespace lumqt {
+
+namespace {
+
+// Look and metrics, in logical pixels.
+const QColor kGround(255, 255, 255);
+const QColor kBar(237, 245, 253);
+const QColor kInk(34, 42, 62);
+const QColor kDayNames(103, 114, 128);
+const QColor kWeekend(253, 123, 0);
+const QColor kOtherMonth(103, 114, 128);
+const QColor kOutOfRange(180, 188, 198);
+const QColor kSelected(73, 167, 245);
+const QColor kHover(220, 236, 252);
+const QColor kBarHover(211, 231, 250);
+const QColor kBarPress(187, 217, 248);
+const QColor kFrame(163, 200, 255); // as of the window around
+const QColor kFocusFrame(75, 167, 245);
+const QColor kToday(47, 134, 214);
+constexpr int kDayNamePixelSize = 12;
+constexpr int kDayPixelSize = 13;
+constexpr int kTitlePixelSize = 14;
+constexpr int kRadius = 3;
+constexpr QSize kCell(36, 30);
+constexpr int kRows = 7; // with the names of the days
+constexpr int kBarHeight = 40;
+constexpr int kBarMargin = 4; // puts the arrows above the middles of the outer days
+constexpr int kButtonSize = 28;
+constexpr int kButtonPadding = 8; // beside a text
+constexpr int kYearInset = 4;
+constexpr int kTriangleWidth = 8;
+constexpr int kTriangleHeight = 4;
+constexpr int kTriangleGap = 6;
+const char kPrevIcon[] = "../res/calendar_prev.png";
+const char kNextIcon[] = "../res/calendar_next.png";
+
+} // namespace
+
+// What lies in the bar. Buttons: no frame, a tile under the mouse, and a ring where the focus is, which the
+// calendar hides for its arrows. The year while it is stepped, and the frame of the menu of months.
+class CalendarPane::BarStyle : public QProxyStyle
+{
+public:
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex *option, QPainter *painter,
+                            const QWidget *widget) const override
+    {
+        const auto *button = qstyleoption_cast<const QStyleOptionToolButton *>(option);
+        if (control == CC_ToolButton && button && widget)
+            drawButton(*button, *painter, *widget);
+        else if (control == CC_SpinBox)
+            drawSpinBox(*option, *painter, widget);
+        else
+            QProxyStyle::drawComplexControl(control, option, painter, widget);
+    }
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                       const QWidget *widget) const override
+    {
+        if (element != PE_FrameMenu && element != PE_PanelMenu) {
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
+            return;
+        }
+        Body panel;
+        panel.fill = kGround;
+        panel.frame = kFrame;
+        if (element == PE_FrameMenu)
+            panel.fill = QColor();
+        drawBody(*painter, option->rect, panel);
+    }
+
+    QRect subControlRect(ComplexControl control, const QStyleOptionComplex *option, SubControl part,
+                         const QWidget *widget) const override
+    {
+        const QRect rect = QProxyStyle::subControlRect(control, option, part, widget);
+        // The text lies within the frame.
+        return control == CC_SpinBox && part == SC_SpinBoxEditField ? rect.adjusted(1, 1, 0, -1) : rect;
+    }
+
+    QSize sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &size,
+                           const QWidget *widget) const override
+    {
+        const auto *button = qstyleoption_cast<const QStyleOptionToolButton *>(option);
+        if (type == CT_SpinBox)
+            return QProxyStyle::sizeFromContents(type, option, size, widget) + QSize(2 * kYearInset, 0);
+        if (type != CT_ToolButton || !button)
+            return QProxyStyle::sizeFromContents(type, option, size, widget);
+        if (button->text.isEmpty())
+            return QSize(kButtonSize, kButtonSize);
+        const int triangle = hasMenu(*button) ? kTriangleGap + kTriangleWidth : 0;
+        const int text = button->fontMetrics.horizontalAdvance(button->text);
+        return QSize(text + triangle + 2 * kButtonPadding, kButtonSize);
+    }
+
+private:
+    static bool hasMenu(const QStyleOptionToolButton &button)
+    {
+        return button.features & QStyleOptionToolButton::HasMenu;
+    }
+
+    static void drawButton(const QStyleOptionToolButton &button, QPainter &painter, const QWidget &widget)
+    {
+        Body tile;
+        tile.radiusX = tile.radiusY = kRadius;
+        if (button.state & (State_Sunken | State_On))
+            tile.fill = kBarPress;
+        else if (button.state & State_MouseOver)
+            tile.fill = kBarHover;
+        if (tile.fill.isValid())
+            drawBody(painter, button.rect, tile);
+        drawContent(button, painter, widget);
+        if (widget.hasFocus())
+            drawFocusRing(painter, button.rect);
+    }
+
+    void drawSpinBox(const QStyleOptionComplex &option, QPainter &painter, const QWidget *widget) const
+    {
+        Body body;
+        body.fill = kGround;
+        body.frame = kFocusFrame; // it has the focus as long as it is there
+        body.radiusX = body.radiusY = kRadius;
+        drawBody(painter, option.rect, body);
+        for (const SubControl arrow : {SC_SpinBoxUp, SC_SpinBoxDown}) {
+            const QRectF place = proxy()->subControlRect(CC_SpinBox, &option, arrow, widget);
+            painter.save();
+            painter.translate(place.center());
+            if (arrow == SC_SpinBoxUp)
+                painter.rotate(180);
+            drawDropTriangle(painter, QPointF(-kTriangleWidth, -kTriangleHeight) / 2, kTriangleWidth,
+                             kTriangleHeight, kInk);
+            painter.restore();
+        }
+    }
+
+    static void drawContent(const QStyleOptionToolButton &button, QPainter &painter, const QWidget &widget)
+    {
+        if (button.text.isEmpty()) {
+            const QPixmap picture = iconPixmap(button.icon, button.iconSize, QIcon::Normal, &widget);
+            QRect place(QPoint(0, 0), (QSizeF(picture.size()) / picture.devicePixelRatioF()).toSize());
+            place.moveCenter(button.rect.center());
+            painter.drawPixmap(place.topLeft(), picture);
+            return;
+        }
+        QRect text = button.rect.adjusted(kButtonPadding, 0, -kButtonPadding, 0);
+        if (hasMenu(button)) {
+            const QPointF triangle(text.right() + 1 - kTriangleWidth,
+                                   text.top() + (text.height() - kTriangleHeight) / 2.0);
+            drawDropTriangle(painter, triangle, kTriangleWidth, kTriangleHeight, kInk);
+            text.setRight(text.right() - kTriangleWidth - kTriangleGap);
+        }
+        painter.setFont(widget.font());
+        painter.setPen(kInk);
+        painter.drawText(text, Qt::AlignCenter | Qt::TextSingleLine, button.text);
+    }
+};
+
+CalendarPane::CalendarPane(const QString &prevName, const QString &nextName)
+{
+    setGridVisible(false);
+    setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    setHorizontalHeaderFormat(QCalendarWidget::ShortDayNames);
+    setFont(uiFont(NormalWeight, kDayPixelSize));
+    setMinimumSize(kCell.width() * 7, kBarHeight + kCell.height() * kRows);
+    setColors();
+    setUpView();
+    setUpBar(prevName, nextName);
+    setUpYearEdit();
+}
+
+void CalendarPane::setColors()
+{
+    QPalette colors = palette();
+    for (const QPalette::ColorRole ground :
+         {QPalette::Window, QPalette::Base, QPalette::AlternateBase, QPalette::Button})
+        colors.setColor(ground, kGround);
+    for (const QPalette::ColorRole text :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::HighlightedText})
+        colors.setColor(text, kInk);
+    colors.setColor(QPalette::Highlight, kBar); // what Qt fills the bar with
+    setPalette(colors);
+
+    QTextCharFormat names;
+    names.setForeground(kDayNames);
+    names.setFont(uiFont(NormalWeight, kDayNamePixelSize));
+    setHeaderTextFormat(names);
+    QTextCharFormat weekend;
+    weekend.setForeground(kWeekend);
+    setWeekdayTextFormat(Qt::Saturday, weekend);
+    setWeekdayTextFormat(Qt::Sunday, weekend);
+}
+
+void CalendarPane::setUpView()
+{
+    m_view = findChild<QTableView *>(QStringLiteral("qt_calendar_calendarview"));
+    if (!m_view)
+        return;
+    m_view->viewport()->setMouseTracking(true);
+    m_view->viewport()->installEventFilter(this);
+    m_view->installEventFilter(this);
+}
+
+void CalendarPane::setUpBar(const QString &prevName, const QString &nextName)
+{
+    m_prev = findChild<QToolButton *>(QStringLiteral("qt_calendar_prevmonth"));
+    m_next = findChild<QToolButton *>(QStringLiteral("qt_calendar_nextmonth"));
+    if (m_prev)
+        m_prev->setAccessibleName(prevName);
+    if (m_next)
+        m_next->setAccessibleName(nextName);
+    auto *bar = findChild<QWidget *>(QStringLiteral("qt_calendar_navigationbar"));
+    if (!bar)
+        return;
+    bar->setFixedHeight(kBarHeight);
+    if (bar->layout())
+        bar->layout()->setContentsMargins(kBarMargin, 0, kBarMargin, 0);
+    m_barStyle = new BarStyle;
+    m_barStyle->setParent(this); // widgets do not own their style
+    const QList<QToolButton *> buttons = bar->findChildren<QToolButton *>();
+    for (QToolButton *button : buttons) {
+        button->setStyle(m_barStyle);
+        button->setFixedHeight(kButtonSize);
+        button->setFont(uiFont(SemiboldWeight, kTitlePixelSize));
+        button->setAttribute(Qt::WA_Hover);
+        button->setFocusPolicy(Qt::StrongFocus);
+        if (QMenu *menu = button->menu()) {
+            QPalette colors = palette();
+            colors.setColor(QPalette::Highlight, kHover);
+            menu->setPalette(colors);
+            menu->setFont(font());
+            menu->setStyle(m_barStyle);
+            connect(menu, &QMenu::aboutToHide, button, [button] { forgetPointer(button); });
+        }
+    }
+    setIcons();
+}
+
+// The pointer leaves a button whose menu is open without a word, and it would look hovered until it is again.
+void CalendarPane::forgetPointer(QWidget *button)
+{
+    if (button->rect().contains(button->mapFromGlobal(QCursor::pos())))
+        return;
+    button->setAttribute(Qt::WA_UnderMouse, false);
+    button->update();
+}
+
+// The year is stepped, not typed.
+void CalendarPane::setUpYearEdit()
+{
+    auto *year = findChild<QSpinBox *>(QStringLiteral("qt_calendar_yearedit"));
+    auto *text = year ? year->findChild<QLineEdit *>(QStringLiteral("qt_spinbox_lineedit")) : nullptr;
+    if (!text)
+        return;
+    text->setEnabled(false);
+    text->setReadOnly(true); // a cursor would say otherwise
+    text->setTextMargins(kYearInset, 0, 0, 0);
+    QPalette colors = year->palette();
+    colors.setColor(QPalette::Disabled, QPalette::Text, kInk); // it is no less the year
+    text->setPalette(colors);
+    year->setFont(uiFont(SemiboldWeight, kTitlePixelSize));
+    if (m_barStyle)
+        year->setStyle(m_barStyle);
+    year->installEventFilter(this);
+    m_year = year;
+}
+
+void CalendarPane::setIcons()
+{
+    if (m_prev)
+        m_prev->setIcon(QIcon(Util::getResFullPath(QLatin1String(kPrevIcon))));
+    if (m_next)
+        m_next->setIcon(QIcon(Util::getResFullPath(QLatin1String(kNextIcon))));
+}
+
+bool CalendarPane::event(QEvent *event)
+{
+    const bool result = QCalendarWidget::event(event);
+    if (event->type() == QEvent::LayoutDirectionChange || event->type() == QEvent::StyleChange)
+        setIcons(); // the calendar has just set the style's
+    return result;
+}
+
+bool CalendarPane::eventFilter(QObject *watched, QEvent *event)
+{
+    if (m_view && watched == m_view->viewport()) {
+        if (event->type() == QEvent::MouseMove)
+            hover(static_cast<QMouseEvent *>(event)->pos());
+        else if (event->type() == QEvent::Leave || event->type() == QEvent::Hide)
+            hover(QPoint(-1, -1));
+    } else if (m_view && watched == m_view &&
+               (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)) {
+        m_viewHasFocus = event->type() == QEvent::FocusIn;
+        m_view->viewport()->update();
+    } else if (m_view && watched == m_year && event->type() == QEvent::Hide && m_year->hasFocus()) {
+        m_view->setFocus(); // it would go to the first button of the bar
+    }
+    return QCalendarWidget::eventFilter(watched, event);
+}
+
+void CalendarPane::hover(const QPoint &position)
+{
+    const QModelIndex before = m_view->indexAt(m_hovered);
+    const QModelIndex now = m_view->indexAt(position);
+    m_hovered = position;
+    if (before == now)
+        return;
+    m_view->viewport()->update(m_view->visualRect(before));
+    m_view->viewport()->update(m_view->visualRect(now));
+}
+
+QColor CalendarPane::textColor(const QDate &date) const
+{
+    if (date < minimumDate() || date > maximumDate())
+        return kOutOfRange;
+    if (date == selectedDate())
+        return kInk;
+    const QTextCharFormat own = dateTextFormat(date);
+    if (own.hasProperty(QTextFormat::ForegroundBrush))
+        return own.foreground().color();
+    if (date.month() != monthShown())
+        return kOtherMonth;
+    const QTextCharFormat day = weekdayTextFormat(Qt::DayOfWeek(date.dayOfWeek()));
+    return day.hasProperty(QTextFormat::ForegroundBrush) ? day.foreground().color() : kInk;
+}
+
+void CalendarPane::paintCell(QPainter *painter, const QRect &rect, const QDate &date) const
+{
+    const bool inRange = date >= minimumDate() && date <= maximumDate();
+    const bool selected = date == selectedDate();
+    Body tile;
+    tile.radiusX = tile.radiusY = kRadius;
+    if (selected)
+        tile.fill = kSelected;
+    else if (inRange && rect.contains(m_hovered))
+        tile.fill = kHover;
+    if (selected && m_viewHasFocus)
+        tile.frame = kInk;
+    else if (date == QDate::currentDate())
+        tile.frame = kToday;
+    const QRect place = rect.adjusted(1, 1, -1, -1);
+    painter->save();
+    painter->fillRect(rect, kGround);
+    drawBody(*painter, place, tile);
+    painter->setFont(uiFont(selected ? SemiboldWeight : NormalWeight, kDayPixelSize));
+    painter->setPen(textColor(date));
+    painter->drawText(place, Qt::AlignCenter | Qt::TextSingleLine, locale().toString(date.day()));
+    painter->restore();
+}
+
+} // namespace lumqt

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QCalendarWidget>
+
+class QTableView;
+class QToolButton;
+
+namespace lumqt {
+
+// The month calendar of the library: Qt's, in our colours.
+class CalendarPane : public QCalendarWidget
+{
+public:
+    CalendarPane(const QString &prevName, const QString &nextName);
+
+protected:
+    bool event(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void paintCell(QPainter *painter, const QRect &rect, const QDate &date) const override;
+
+private:
+    class BarStyle;
+
+    void setColors();
+    void setUpView();
+    void setUpBar(const QString &prevName, const QString &nextName);
+    void setUpYearEdit();
+    void setIcons();
+    static void forgetPointer(QWidget *button);
+    QColor textColor(const QDate &date) const;
+    void hover(const QPoint &position);
+
+    QTableView *m_view = nullptr;
+    QToolButton *m_prev = nullptr;
+    QToolButton *m_next = nullptr;
+    QWidget *m_year = nullptr; // while it is stepped
+    BarStyle *m_barStyle = nullptr;
+    QPoint m_hovered{-1, -1}; // the pointer in the view
+    bool m_viewHasFocus = false;
+};
+
+} // namespace lumqt

@@ -1,0 +1,356 @@
+#include "CBPDateSelector.h"
+#include "CBPImageButton.h"
+#include "CBPTipWnd.h"
+#include "Spoken.h"
+#include "TestMain.h"
+
+#include <QCalendarWidget>
+#include <QDateEdit>
+#include <QLayout>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QSpinBox>
+#include <QTableView>
+#include <QTextCharFormat>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace {
+
+const QColor kFrame(215, 215, 215);
+const QColor kAccent(73, 167, 245);
+
+// A window with a selector on the seventh of March 2024 and something else to go to.
+struct Scene
+{
+    QWidget window;
+    QPointer<CBPDateSelector> selector = new CBPDateSelector;
+    QPushButton *elsewhere = new QPushButton("Elsewhere");
+    QDateEdit *edit = selector->findChild<QDateEdit *>();
+    CBPImageButton *button = selector->findChild<CBPImageButton *>();
+
+    Scene()
+    {
+        auto *layout = new QVBoxLayout(&window);
+        layout->addWidget(selector);
+        layout->addWidget(elsewhere);
+        QDate date(2024, 3, 7);
+        selector->SetDate(date);
+        window.setGeometry(300, 100, 400, 120);
+        window.show();
+        window.activateWindow();
+        if (!QTest::qWaitForWindowActive(&window))
+            qWarning("the window is not active");
+        edit->setFocus();
+    }
+
+    CBPTipWnd *tip() const { return button->findChild<CBPTipWnd *>(); }
+    QCalendarWidget *calendar() const { return tip() ? tip()->findChild<QCalendarWidget *>() : nullptr; }
+    QTableView *view() const { return calendar()->findChild<QTableView *>(); }
+
+    void open(const QString &how = "Alt+Down")
+    {
+        if (how == "mouse")
+            QTest::mouseClick(button, Qt::LeftButton);
+        else if (how == "Space")
+            QTest::keyClick(button, Qt::Key_Space);
+        else
+            QTest::keyClick(edit, Qt::Key_Down, Qt::AltModifier);
+        QVERIFY(tip() && QTest::qWaitForWindowActive(tip()));
+        QTRY_VERIFY(view()->hasFocus());
+    }
+
+    // Of the calendar, in the view's coordinates.
+    QPoint dayAt(int day) const
+    {
+        const QAbstractItemModel *days = view()->model();
+        for (int row = 1; row < days->rowCount(); ++row) {
+            for (int column = 0; column < days->columnCount(); ++column) {
+                const QModelIndex index = days->index(row, column);
+                if (index.data().toInt() == day && (row > 2 || day < 20)) // not of the month before
+                    return view()->visualRect(index).center();
+            }
+        }
+        return QPoint();
+    }
+};
+
+} // namespace
+
+class TestDateSelector : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void field();
+    void range_data();
+    void range();
+    void opens_data();
+    void opens();
+    void escape_data();
+    void escape();
+    void picks_data();
+    void picks();
+    void clickElsewhere();
+    void openedAgain();
+    void calendarLook();
+    void deletedByThePick_data();
+    void deletedByThePick();
+    void deletedWhileOpen_data();
+    void deletedWhileOpen();
+};
+
+void TestDateSelector::field()
+{
+    Scene scene;
+    scene.elsewhere->setFocus();
+    const auto frame = [&] { return scene.selector->grab().toImage().pixelColor(0, 0); };
+    QCOMPARE(frame(), kFrame);
+    scene.selector->setFocus(); // goes to the field, which shows it
+    QVERIFY(scene.edit->hasFocus());
+    QVERIFY(frame() != kFrame);
+    // Tab goes on to the button, and out.
+    QTest::keyClick(scene.edit, Qt::Key_Tab);
+    while (scene.edit->hasFocus()) // from part to part of the date first, in some styles
+        QTest::keyClick(scene.edit, Qt::Key_Tab);
+    QVERIFY(scene.button->hasFocus());
+    QTest::keyClick(scene.button, Qt::Key_Tab);
+    QVERIFY(scene.elsewhere->hasFocus());
+    QCOMPARE(frame(), kFrame);
+    QVERIFY(!spokenName(scene.button).isEmpty() && !spokenName(scene.edit).isEmpty());
+    QSignalSpy spy(scene.selector.data(), SIGNAL(sigDateEditFinish()));
+    QTest::keyClick(scene.edit, Qt::Key_Return);
+    QCOMPARE(spy.count(), 1);
+    scene.selector->setEnabled(false);
+    QTest::keyClick(scene.edit, Qt::Key_Down, Qt::AltModifier);
+    QVERIFY(!scene.tip());
+}
+
+void TestDateSelector::range_data()
+{
+    QTest::addColumn<QDate>("given");
+    QTest::addColumn<QDate>("kept");
+    QTest::newRow("first") << QDate(1980, 1, 1) << QDate(1980, 1, 1);
+    QTest::newRow("before") << QDate(1979, 12, 31) << QDate(1980, 1, 1);
+    QTest::newRow("last") << QDate(2099, 12, 31) << QDate(2099, 12, 31);
+    QTest::newRow("after") << QDate(2100, 1, 1) << QDate(2099, 12, 31);
+    QTest::newRow("no date") << QDate() << QDate(2024, 3, 7);
+    QTest::newRow("no such day") << QDate(2023, 2, 29) << QDate(2024, 3, 7);
+}
+
+void TestDateSelector::range()
+{
+    QFETCH(QDate, given);
+    CBPDateSelector selector;
+    QDate date(2024, 3, 7);
+    selector.SetDate(date);
+    QSignalSpy spy(&selector, SIGNAL(sigDateEditFinish()));
+    selector.SetDate(given);
+    QTEST(selector.GetDate(), "kept");
+    QCOMPARE(spy.count(), 0);
+}
+
+void TestDateSelector::opens_data()
+{
+    QTest::addColumn<QString>("how");
+    for (const char *how : {"mouse", "Space", "Alt+Down"})
+        QTest::newRow(how) << QString(how);
+}
+
+void TestDateSelector::opens()
+{
+    QFETCH(QString, how);
+    Scene scene;
+    scene.open(how);
+    QCOMPARE(scene.calendar()->selectedDate(), QDate(2024, 3, 7));
+    QCOMPARE(scene.selector->GetDate(), QDate(2024, 3, 7)); // the key did not step it
+    // The calendar fills the window but for its frame.
+    QCOMPARE(scene.calendar()->geometry(), scene.tip()->rect().adjusted(1, 1, -1, -1));
+    QCOMPARE(scene.tip()->layout()->count(), 1);
+    QCOMPARE(scene.tip()->pos(), scene.button->mapToGlobal(QPoint(-1, scene.button->height())));
+}
+
+void TestDateSelector::escape_data()
+{
+    QTest::addColumn<QString>("how");
+    QTest::addColumn<bool>("toButton");
+    QTest::newRow("from the field") << "Alt+Down" << false;
+    QTest::newRow("from the button") << "Space" << true;
+}
+
+void TestDateSelector::escape()
+{
+    QFETCH(QString, how);
+    QFETCH(bool, toButton);
+    Scene scene;
+    if (toButton)
+        scene.button->setFocus();
+    scene.open(how);
+    QTest::keyClick(scene.view(), Qt::Key_Right);
+    QSignalSpy spy(scene.selector.data(), SIGNAL(sigDateEditFinish()));
+    QTest::keyClick(scene.view(), Qt::Key_Escape);
+    QVERIFY(!scene.tip()->isVisible());
+    QTRY_VERIFY(scene.window.isActiveWindow());
+    QTRY_COMPARE(QApplication::focusWidget(), toButton ? static_cast<QWidget *>(scene.button) : scene.edit);
+    QCOMPARE(spy.count(), 0);
+    QCOMPARE(scene.selector->GetDate(), QDate(2024, 3, 7));
+    // And again, from a button of the calendar.
+    scene.open(how);
+    QTest::keyClick(scene.calendar()->findChild<QToolButton *>("qt_calendar_nextmonth"), Qt::Key_Escape);
+    QTRY_VERIFY(!scene.tip()->isVisible() && scene.window.isActiveWindow());
+}
+
+void TestDateSelector::picks_data()
+{
+    QTest::addColumn<QString>("how");
+    QTest::addColumn<int>("count");
+    QTest::newRow("click") << "click" << 1;
+    QTest::newRow("Return") << "Return" << 1;
+    QTest::newRow("double click") << "double click" << 2;
+}
+
+void TestDateSelector::picks()
+{
+    QFETCH(QString, how);
+    QFETCH(int, count);
+    Scene scene;
+    scene.open();
+    QSignalSpy spy(scene.selector.data(), SIGNAL(sigDateEditFinish()));
+    if (how == "click") {
+        QTest::mouseClick(scene.view()->viewport(), Qt::LeftButton, {}, scene.dayAt(15));
+    } else if (how == "Return") {
+        QTest::keyClick(scene.view(), Qt::Key_Down);
+        QTest::keyClick(scene.view(), Qt::Key_Right);
+        QTest::keyClick(scene.view(), Qt::Key_Return);
+    } else { // the calendar says both
+        emit scene.calendar()->clicked(QDate(2024, 3, 15));
+        emit scene.calendar()->activated(QDate(2024, 3, 15));
+    }
+    QCOMPARE(spy.count(), count);
+    QCOMPARE(scene.selector->GetDate(), QDate(2024, 3, 15));
+    QVERIFY(!scene.tip()->isVisible());
+    QTRY_VERIFY(scene.window.isActiveWindow() && scene.edit->hasFocus());
+    QCOMPARE(spy.count(), count);
+}
+
+// Who clicks elsewhere has said where the focus goes.
+void TestDateSelector::clickElsewhere()
+{
+    Scene scene;
+    scene.open();
+    scene.window.activateWindow();
+    scene.elsewhere->setFocus();
+    QTRY_VERIFY(!scene.tip()->isVisible());
+    QTRY_VERIFY(scene.elsewhere->hasFocus());
+}
+
+void TestDateSelector::openedAgain()
+{
+    Scene scene;
+    scene.open();
+    const QPointer<QCalendarWidget> calendar = scene.calendar();
+    calendar->showNextYear();
+    QTest::keyClick(scene.view(), Qt::Key_Escape);
+    QTRY_VERIFY(scene.window.isActiveWindow());
+    scene.open(); // the same date, but another month was left open
+    QCOMPARE(scene.calendar(), calendar.data());
+    QCOMPARE(QDate(calendar->yearShown(), calendar->monthShown(), 1), QDate(2024, 3, 1));
+    QTest::keyClick(scene.view(), Qt::Key_Escape);
+    QTRY_VERIFY(scene.window.isActiveWindow());
+    QDate later(2031, 10, 2);
+    scene.selector->SetDate(later);
+    scene.open();
+    QCOMPARE(calendar->selectedDate(), later);
+    QCOMPARE(scene.button->findChildren<CBPTipWnd *>().size(), 1);
+}
+
+void TestDateSelector::calendarLook()
+{
+    Scene scene;
+    scene.open();
+    const QCalendarWidget *calendar = scene.calendar();
+    for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday})
+        QCOMPARE(calendar->weekdayTextFormat(day).foreground().color(), QColor(253, 123, 0));
+    QVERIFY(!calendar->isGridVisible());
+    QCOMPARE(calendar->verticalHeaderFormat(), QCalendarWidget::NoVerticalHeader);
+    auto *year = calendar->findChild<QSpinBox *>("qt_calendar_yearedit");
+    QVERIFY(!year->findChild<QLineEdit *>("qt_spinbox_lineedit")->isEnabled());
+    QVERIFY(year->isEnabled());
+    for (const char *name : {"prevmonth", "nextmonth"}) {
+        auto *button = calendar->findChild<QToolButton *>(QString("qt_calendar_") + name);
+        const QString file = QString("../res/calendar_%1.png").arg(QString(name).left(4));
+        QCOMPARE(button->icon().pixmap(16, 16).toImage().pixelColor(5, 8), QImage(file).pixelColor(5, 8));
+        QVERIFY(!spokenName(button).isEmpty());
+    }
+
+    // The selected day is a tile of the accent, and a day under the pointer has one, too.
+    QWidget *days = scene.view()->viewport();
+    const auto corner = [&](int day) {
+        return days->grab().toImage().pixelColor(scene.dayAt(day) + QPoint(-10, -10));
+    };
+    QCOMPARE(corner(7), kAccent);
+    QCOMPARE(corner(20), QColor(Qt::white));
+    for (const int day : {20, 21}) {
+        QMouseEvent move(QEvent::MouseMove, scene.dayAt(day), Qt::NoButton, Qt::NoButton, {});
+        QCoreApplication::sendEvent(days, &move);
+        QCOMPARE(corner(20) != QColor(Qt::white), day == 20);
+    }
+}
+
+void TestDateSelector::deletedByThePick_data()
+{
+    QTest::addColumn<bool>("byMouse");
+    QTest::newRow("mouse") << true;
+    QTest::newRow("Return") << false;
+}
+
+void TestDateSelector::deletedByThePick()
+{
+    QFETCH(bool, byMouse);
+    Scene scene;
+    scene.open();
+    const QPointer<QCalendarWidget> calendar = scene.calendar();
+    QTableView *view = scene.view();
+    connect(scene.selector.data(), &CBPDateSelector::sigDateEditFinish, this, [&] { delete scene.selector; });
+    if (byMouse)
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, scene.dayAt(15));
+    else
+        QTest::keyClick(view, Qt::Key_Return);
+    QVERIFY(!scene.selector);
+    QTRY_VERIFY(!calendar);
+}
+
+void TestDateSelector::deletedWhileOpen_data()
+{
+    QTest::addColumn<int>("what");
+    QTest::newRow("selector") << 0;
+    QTest::newRow("button") << 1;
+    QTest::newRow("field") << 2;
+    QTest::newRow("calendar") << 3;
+}
+
+void TestDateSelector::deletedWhileOpen()
+{
+    QFETCH(int, what);
+    Scene scene;
+    scene.open();
+    const QPointer<CBPTipWnd> tip = scene.tip();
+    QWidget *parts[] = {scene.selector, scene.button, scene.edit, scene.calendar()};
+    delete parts[what];
+    QCOMPARE(!tip, what < 2);
+    if (!scene.selector)
+        return;
+    QDate date(2031, 10, 2);
+    scene.selector->SetDate(date);
+    QCOMPARE(scene.selector->GetDate(), what == 2 ? QDate() : date);
+    if (what == 3) {
+        tip->hide();
+        scene.open();
+        QCOMPARE(scene.calendar()->selectedDate(), date);
+    }
+}
+
+LUMQT_TEST_MAIN(TestDateSelector)
+#include "tst_dateselector.moc"
