@@ -26,6 +26,7 @@ public:
     void SetLabel(const QString &text);
 
 private:
+    static QAccessibleInterface *makeAccessible(QWidget *widget);
     void arrange();
 
     const QSize m_imageSize;

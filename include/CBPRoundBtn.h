@@ -11,12 +11,12 @@ class LUMQT_EXPORT CBPRoundBtn : public CBPPushBtn
     Q_OBJECT
 
 public:
-    /// A button of \a diameter pixels, at least 1, with an \a id for sigBtnClicked().
+    /// A button of \a diameter pixels, from 1 to 4096, with an \a id for sigBtnClicked().
     /// \since 1.0
     explicit CBPRoundBtn(int diameter = 28, int id = 0, QWidget *parent = nullptr);
     ~CBPRoundBtn() override;
 
-    /// Sets the diameter in pixels; what is below 1 counts as 1.
+    /// Sets the diameter in pixels, kept between 1 and 4096.
     /// \since 1.0
     void SetDiameter(int diameter);
 

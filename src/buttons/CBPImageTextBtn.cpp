@@ -1,5 +1,6 @@
 #include "CBPImageTextBtn.h"
 
+#include "foundation/Accessible.h"
 #include "foundation/FontLookup.h"
 
 namespace {
@@ -18,10 +19,20 @@ constexpr int kBorder = 5;
 CBPImageTextBtn::CBPImageTextBtn(const QVector<QString> &images, const QString &text, int id, QWidget *parent)
     : CBPImageButton(images, false, id, parent), m_imageSize(GetSize().expandedTo(QSize(0, 0))), m_label(text)
 {
+    lumqt::installAccessible("CBPImageTextBtn", &makeAccessible);
     arrange();
 }
 
 CBPImageTextBtn::~CBPImageTextBtn() = default;
+
+QAccessibleInterface *CBPImageTextBtn::makeAccessible(QWidget *widget)
+{
+    auto *button = qobject_cast<CBPImageTextBtn *>(widget);
+    if (!button)
+        return nullptr;
+    return new lumqt::AccessibleButton(
+        button, [button] { return button->m_label.isEmpty() ? button->toolTip() : button->m_label; });
+}
 
 void CBPImageTextBtn::SetTextBelow(bool below)
 {
@@ -38,9 +49,11 @@ void CBPImageTextBtn::SetLabel(const QString &text)
 void CBPImageTextBtn::arrange()
 {
     SetBorder(kBorder, false);
-    SetText(m_label, lumqt::uiFont(), kTextColors, !m_below, m_below ? kGapBelow : kGap,
+    // The base puts the text of the other arrangement at the very left edge, where the focus ring is, and
+    // the image where it was.
+    const QString space = m_below && !m_label.isEmpty() ? QStringLiteral(" ") : QString();
+    SetText(space + m_label + space, lumqt::uiFont(), kTextColors, !m_below, m_below ? kGapBelow : kGap,
             m_below ? 0 : kMargin);
-    // The base puts the text of this arrangement at the left edge, and the image where it was.
     const QSize room = m_below ? GetSize() - m_imageSize : QSize(0, 0);
     if (m_below)
         SetBorder(qMax(0, room.width() / 2), false);

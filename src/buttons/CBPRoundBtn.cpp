@@ -6,6 +6,8 @@
 
 namespace {
 
+constexpr int kLargest = 4096; // across, in logical pixels
+
 QAccessibleInterface *makeAccessible(QWidget *widget)
 {
     auto *button = qobject_cast<CBPRoundBtn *>(widget);
@@ -28,7 +30,7 @@ CBPRoundBtn::~CBPRoundBtn() = default;
 
 void CBPRoundBtn::SetDiameter(int diameter)
 {
-    const int pixels = qBound(1, diameter, QWIDGETSIZE_MAX);
+    const int pixels = qBound(1, diameter, kLargest);
     setFixedSize(pixels, pixels);
     const int radius = (pixels + 1) / 2;
     setRoundRadius({radius, radius});
