@@ -52,3 +52,4 @@ void benchDialogs(Bench &bench);
 void benchExecuter(Bench &bench);
 void benchSelectors(Bench &bench);
 void benchDateTimes(Bench &bench);
+void benchProgressBar(Bench &bench);

@@ -33,5 +33,6 @@ int main(int argc, char *argv[])
     benchExecuter(bench);
     benchSelectors(bench);
     benchDateTimes(bench);
+    benchProgressBar(bench);
     return bench.report(parser.value(json)) ? 0 : 1;
 }

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "CBPPushBtn.h"
+
+/// A push button with a plus mark, alone or before a text, in the colour of the text.
+///
+/// It is 28 pixels high, without a text as wide. An icon is not drawn: the mark is one. Screen readers are
+/// told the accessible name; where none was set, the text, the tool tip or "Add", whichever comes first. GUI
+/// thread only. \since 1.0
+class LUMQT_EXPORT CAddBtn : public CBPPushBtn
+{
+    Q_OBJECT
+
+public:
+    /// A button with the mark alone; the id is 0.
+    /// \since 1.0
+    explicit CAddBtn(QWidget *parent = nullptr);
+
+    /// A button with the mark before \a text, and an \a id for sigBtnClicked().
+    /// \since 1.0
+    explicit CAddBtn(QString text, int id = 0, QWidget *parent = nullptr);
+    ~CAddBtn() override;
+
+    /// With room for mark and text.
+    /// \since 1.0
+    QSize sizeHint() const override;
+
+protected:
+    void drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, int index) override;
+
+private:
+    void init();
+};

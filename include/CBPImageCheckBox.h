@@ -1,0 +1,55 @@
+#pragma once
+
+#include "CBPCheckBox.h"
+
+#include <QVector>
+
+#include <memory>
+
+namespace lumqt {
+class PaintedImage;
+}
+
+/// A check box whose mark is an image of its own, one per state, unchecked and checked.
+///
+/// Each list holds four image files in the order normal, hover, pressed, disabled. With another number in
+/// either the box looks as CBPCheckBox does. Files are found and drawn as CBPImageButton does it; a missing
+/// one leaves its place empty. A partially checked box shows as checked. The whole widget answers the mouse;
+/// keyboard and screen readers are QCheckBox's. GUI thread only. \since 1.0
+class LUMQT_EXPORT CBPImageCheckBox : public CBPCheckBox
+{
+    Q_OBJECT
+
+public:
+    /// A check box with \a text behind the mark, or the mark alone; an "&" makes the next letter its
+    /// shortcut. \since 1.0
+    CBPImageCheckBox(const QVector<QString> &unchecked, const QVector<QString> &checked,
+                     const QString &text = QString(), QWidget *parent = nullptr);
+    ~CBPImageCheckBox() override;
+
+    /// Replaces the image files.
+    /// \since 1.0
+    void SetImages(const QVector<QString> &unchecked, const QVector<QString> &checked);
+
+    /// With room for mark and text. The mark takes the size of the first unchecked image.
+    /// \since 1.0
+    QSize sizeHint() const override;
+
+    /// The same.
+    /// \since 1.0
+    QSize minimumSizeHint() const override;
+
+protected:
+    bool hitButton(const QPoint &position) const override;
+    void paintEvent(QPaintEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+
+private:
+    bool hasImages() const;
+    QSize markSize() const;
+
+    QVector<QString> m_images; // four unchecked, four checked; empty where there are others
+    std::unique_ptr<lumqt::PaintedImage> m_mark;
+    bool m_showsFocus = false; // it came by the keyboard
+};

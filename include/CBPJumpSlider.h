@@ -1,0 +1,55 @@
+#pragma once
+
+#include "LumQtGlobal.h"
+
+#include <QLabel>
+#include <QPointer>
+#include <QSlider>
+#include <QString>
+#include <QStringList>
+#include <QWidget>
+
+class QMouseEvent;
+class QPaintEvent;
+
+/// A slider that moves in whole steps between named positions, from left to right, one per label under it.
+///
+/// Arrow, Page, Home and End keys move it, and a click on a label jumps there. Texts are plain. Screen
+/// readers are told a slider of this widget's accessible name whose value is the label. Changes are told by
+/// the QSlider in it, a child. GUI thread only. \since 1.0
+class LUMQT_EXPORT CBPJumpSlider : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// An empty widget until Init().
+    /// \since 1.0
+    explicit CBPJumpSlider(QWidget *parent);
+    ~CBPJumpSlider() override;
+
+    /// Makes the slider with a position per label and sets it to the first. Called again it takes the new
+    /// labels. With fewer than two labels it does nothing. \since 1.0
+    void Init(QStringList labels);
+
+    /// Moves the slider to the first label equal to \a text; a text that is none changes nothing.
+    /// \since 1.0
+    void SetPosByText(QString text);
+
+    /// The label at the slider's position; empty without a slider.
+    /// \since 1.0
+    QString GetPosText() const;
+
+    /// Paints the slider and its labels, and takes the clicks on the labels.
+    /// \since 1.0
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    bool doMouseEvent(QMouseEvent *event, QWidget *widget);
+    bool doPaintEvent(QPaintEvent *event, QWidget *widget);
+    bool DrawSlider();
+    bool DrawLabel();
+
+    QStringList m_labels;
+    QPointer<QSlider> m_slider;
+    QPointer<QLabel> m_labelRow;
+};

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "CBPPushBtn.h"
+
+/// A push button that opens a menu, its triangle right behind its text, both centred as one.
+///
+/// Fill the menu with AppendMenuItem() and listen to sigActionTriggered(). A text that does not fit ends in
+/// an ellipsis; an icon has no place. Screen readers are told a button with a menu, by the accessible name,
+/// the text or the tool tip. GUI thread only. \since 1.0
+class LUMQT_EXPORT CBPMenuBtn : public CBPPushBtn
+{
+    Q_OBJECT
+
+public:
+    /// A button with \a text and an empty menu, which does not open.
+    /// \since 1.0
+    explicit CBPMenuBtn(QString text = QString(), QWidget *parent = nullptr);
+    ~CBPMenuBtn() override;
+
+    /// With room for text and triangle.
+    /// \since 1.0
+    QSize sizeHint() const override;
+
+protected:
+    void drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, int index) override;
+};

@@ -1,0 +1,115 @@
+#include "CBPImageCheckBox.h"
+
+#include "foundation/ImageLoader.h"
+#include "foundation/Painting.h"
+
+#include <QFocusEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOption>
+
+namespace {
+
+// Metrics, in logical pixels.
+constexpr int kGap = 8;   // between mark and text
+constexpr int kInset = 2; // room for the focus ring around both
+constexpr int kStates = 4;
+
+} // namespace
+
+CBPImageCheckBox::CBPImageCheckBox(const QVector<QString> &unchecked, const QVector<QString> &checked,
+                                   const QString &text, QWidget *parent)
+    : CBPCheckBox(text, parent), m_mark(std::make_unique<lumqt::PaintedImage>())
+{
+    setAttribute(Qt::WA_Hover);
+    SetImages(unchecked, checked);
+}
+
+CBPImageCheckBox::~CBPImageCheckBox() = default;
+
+void CBPImageCheckBox::SetImages(const QVector<QString> &unchecked, const QVector<QString> &checked)
+{
+    const bool complete = unchecked.size() == kStates && checked.size() == kStates;
+    m_images = complete ? unchecked + checked : QVector<QString>();
+    m_mark->forget();
+    updateGeometry();
+    update();
+}
+
+bool CBPImageCheckBox::hasImages() const
+{
+    return !m_images.isEmpty();
+}
+
+QSize CBPImageCheckBox::markSize() const
+{
+    return lumqt::pictureSize(m_images.first(), devicePixelRatioF());
+}
+
+QSize CBPImageCheckBox::sizeHint() const
+{
+    if (!hasImages())
+        return CBPCheckBox::sizeHint();
+    QSize size = markSize();
+    if (!text().isEmpty()) {
+        const QSize textSize = fontMetrics().size(Qt::TextShowMnemonic, text());
+        size = QSize(size.width() + kGap + qMin(textSize.width(), QWIDGETSIZE_MAX / 2),
+                     qMax(size.height(), textSize.height()));
+    }
+    return size + QSize(2 * kInset, 2 * kInset);
+}
+
+QSize CBPImageCheckBox::minimumSizeHint() const
+{
+    return hasImages() ? sizeHint() : CBPCheckBox::minimumSizeHint();
+}
+
+bool CBPImageCheckBox::hitButton(const QPoint &position) const
+{
+    return hasImages() ? rect().contains(position) : CBPCheckBox::hitButton(position);
+}
+
+void CBPImageCheckBox::focusInEvent(QFocusEvent *event)
+{
+    m_showsFocus = event->reason() != Qt::MouseFocusReason;
+    CBPCheckBox::focusInEvent(event);
+    update();
+}
+
+void CBPImageCheckBox::focusOutEvent(QFocusEvent *event)
+{
+    m_showsFocus = false;
+    CBPCheckBox::focusOutEvent(event);
+    update();
+}
+
+void CBPImageCheckBox::paintEvent(QPaintEvent *event)
+{
+    if (!hasImages()) {
+        CBPCheckBox::paintEvent(event);
+        return;
+    }
+    const int state = !isEnabled() ? 3 : isDown() ? 2 : underMouse() ? 1 : 0;
+    const int index = state + (checkState() == Qt::Unchecked ? 0 : kStates);
+    const QRect content = rect().adjusted(kInset, kInset, -kInset, -kInset);
+    const QSize mark = markSize();
+    QPainter painter(this);
+    const QPixmap &picture = m_mark->pixmap(m_images, index, devicePixelRatioF());
+    const QRect place =
+        QStyle::alignedRect(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter, mark, content);
+    painter.drawPixmap(place, picture);
+    if (!text().isEmpty()) {
+        const QRect room = content.adjusted(mark.width() + kGap, 0, 0, 0);
+        QStyleOption option;
+        option.initFrom(this);
+        const int mnemonic = style()->styleHint(QStyle::SH_UnderlineShortcut, &option, this)
+                                 ? Qt::TextShowMnemonic
+                                 : Qt::TextHideMnemonic;
+        style()->drawItemText(
+            &painter, QStyle::visualRect(layoutDirection(), content, room),
+            int(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter)) | mnemonic,
+            palette(), isEnabled(), text(), foregroundRole());
+    }
+    if (m_showsFocus)
+        lumqt::drawFocusRing(painter, rect());
+}

@@ -1,0 +1,61 @@
+#include "CBPImageTextBtn.h"
+
+#include "foundation/Accessible.h"
+#include "foundation/FontLookup.h"
+
+namespace {
+
+// Of the text in the states normal, hover, pressed, disabled.
+const QVector<QColor> kTextColors{QColor(60, 67, 75), QColor(42, 128, 132), QColor(29, 100, 104),
+                                  QColor(150, 158, 168)};
+// Metrics, in logical pixels.
+constexpr int kGap = 8;      // between image and a text beside it
+constexpr int kGapBelow = 4; // and a text below it
+constexpr int kMargin = 4;
+constexpr int kBorder = 5;
+
+} // namespace
+
+CBPImageTextBtn::CBPImageTextBtn(const QVector<QString> &images, const QString &text, int id, QWidget *parent)
+    : CBPImageButton(images, false, id, parent), m_imageSize(GetSize().expandedTo(QSize(0, 0))), m_label(text)
+{
+    lumqt::installAccessible("CBPImageTextBtn", &makeAccessible);
+    arrange();
+}
+
+CBPImageTextBtn::~CBPImageTextBtn() = default;
+
+QAccessibleInterface *CBPImageTextBtn::makeAccessible(QWidget *widget)
+{
+    auto *button = qobject_cast<CBPImageTextBtn *>(widget);
+    if (!button)
+        return nullptr;
+    return new lumqt::AccessibleButton(
+        button, [button] { return button->m_label.isEmpty() ? button->toolTip() : button->m_label; });
+}
+
+void CBPImageTextBtn::SetTextBelow(bool below)
+{
+    m_below = below;
+    arrange();
+}
+
+void CBPImageTextBtn::SetLabel(const QString &text)
+{
+    m_label = text;
+    arrange();
+}
+
+void CBPImageTextBtn::arrange()
+{
+    SetBorder(kBorder, false);
+    // The base puts the text of the other arrangement at the very left edge, where the focus ring is, and
+    // the image where it was.
+    const QString space = m_below && !m_label.isEmpty() ? QStringLiteral(" ") : QString();
+    SetText(space + m_label + space, lumqt::uiFont(), kTextColors, !m_below, m_below ? kGapBelow : kGap,
+            m_below ? 0 : kMargin);
+    const QSize room = m_below ? GetSize() - m_imageSize : QSize(0, 0);
+    if (m_below)
+        SetBorder(qMax(0, room.width() / 2), false);
+    SetIconVoffset(-room.height() / 2);
+}

@@ -1,0 +1,308 @@
+#include "CBPGradientProgressBar.h"
+
+#include "foundation/Accessible.h"
+#include "foundation/FontLookup.h"
+#include "foundation/Log.h"
+#include "foundation/Painting.h"
+
+#include <QPainter>
+#include <QPainterPath>
+#include <QPointer>
+#include <QResizeEvent>
+#include <QTimer>
+#include <QtMath>
+
+#include <limits>
+
+namespace {
+
+// Look and metrics, in logical pixels.
+const QColor kGradientStart(58, 204, 252);
+const QColor kGradientEnd(73, 167, 245);
+const QColor kTrackColor(Qt::white);
+const QColor kTextColor(Qt::black);
+constexpr int kHeight = 8;
+constexpr qreal kRadius = 4;
+constexpr qreal kHighlightRadius = 2;
+constexpr int kHighlightWidth = 100;
+constexpr int kHighlightStep = 10;
+constexpr int kHighlightPause = 500; // how far left of the bar the next sweep starts
+constexpr int kTextPixelSize = 12;
+constexpr int kTextMargin = 6; // both sides together
+
+constexpr int kSweepInterval = 20; // ms
+constexpr double kLeast = 0.01;
+constexpr double kCountsAsFull = 0.9999;
+constexpr double kNearlyFull = 0.98; // from here the bar hurries
+constexpr double kTextStep = 0.005;  // of the shown value, with each repaint
+
+// Milliseconds between two pixels: the larger the step, the faster the bar follows.
+int growthInterval(double from, double to)
+{
+    if (to > kNearlyFull)
+        return 1;
+    return int(qBound(1.0, 1.0 / qAbs(to - from), double(std::numeric_limits<int>::max())));
+}
+
+} // namespace
+
+class CBPGradientProgressBar::Accessible : public QAccessibleWidget, public QAccessibleValueInterface
+{
+public:
+    explicit Accessible(CBPGradientProgressBar *bar)
+        : QAccessibleWidget(bar, QAccessible::ProgressBar), m_bar(bar)
+    {
+    }
+
+    static QAccessibleInterface *make(QWidget *widget)
+    {
+        auto *bar = qobject_cast<CBPGradientProgressBar *>(widget);
+        return bar ? new Accessible(bar) : nullptr;
+    }
+
+    // Truncated, as everywhere: 100 per cent is said of a full bar only.
+    static int percent(double value) { return int(value * 100 + 1e-9); }
+
+    QString text(QAccessible::Text kind) const override
+    {
+        if (kind == QAccessible::Value && m_bar)
+            return CBPGradientProgressBar::tr("%1%").arg(percent(m_bar->m_value));
+        return QAccessibleWidget::text(kind);
+    }
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.readOnly = true;
+        return state;
+    }
+
+    void *interface_cast(QAccessible::InterfaceType type) override
+    {
+        if (type == QAccessible::ValueInterface)
+            return static_cast<QAccessibleValueInterface *>(this);
+        return QAccessibleWidget::interface_cast(type);
+    }
+
+    QVariant currentValue() const override { return m_bar ? percent(m_bar->m_value) : 0; }
+    void setCurrentValue(const QVariant &) override {} // progress is told, not set
+    QVariant maximumValue() const override { return 100; }
+    QVariant minimumValue() const override { return 0; }
+    QVariant minimumStepSize() const override { return 1; }
+
+private:
+    QPointer<CBPGradientProgressBar> m_bar;
+};
+
+CBPGradientProgressBar::CBPGradientProgressBar(QColor colorOne, QColor colorTwo, QColor colorThree)
+    : m_colorThree(colorThree),
+      m_colorOne(colorOne),
+      m_colorTwo(colorTwo),
+      m_gradientStart(kGradientStart),
+      m_gradientEnd(kGradientEnd)
+{
+    lumqt::installAccessible("CBPGradientProgressBar", &Accessible::make);
+    setFixedHeight(kHeight);
+}
+
+CBPGradientProgressBar::~CBPGradientProgressBar() = default;
+
+void CBPGradientProgressBar::setValue(double value)
+{
+    if (qIsNaN(value)) {
+        qCWarning(lcLumQt, "CBPGradientProgressBar: a value that is not a number is ignored");
+        return;
+    }
+    if (value < kLeast)
+        value = kLeast;
+    else if (value > kCountsAsFull)
+        value = 1.0;
+    const int toldBefore = Accessible::percent(m_value);
+    if (m_firstValue) {
+        m_firstValue = false;
+        m_value = m_shownValue = value;
+        m_barWidth = progressBarWidth();
+        m_measuredWidth = width();
+        update();
+    } else if (value != m_value) {
+        if (!m_drawTimer) {
+            m_drawTimer = new QTimer(this);
+            connect(m_drawTimer, SIGNAL(timeout()), this, SLOT(slotDrawBarTimeOut()));
+        }
+        m_drawTimer->stop(); // each step begins an interval of its own
+        m_drawTimer->setInterval(growthInterval(m_value, value));
+        m_value = value;
+    }
+    startSweep();
+    const int told = Accessible::percent(value);
+    if (told != toldBefore) {
+        QAccessibleValueChangeEvent event(this, told);
+        QAccessible::updateAccessibility(&event);
+    }
+}
+
+void CBPGradientProgressBar::setValue(int percent)
+{
+    setValue(percent / 100.0);
+}
+
+void CBPGradientProgressBar::setIsVisible(bool visible)
+{
+    m_rescaleOnResize = visible;
+}
+
+void CBPGradientProgressBar::setTextShown(bool shown)
+{
+    m_showText = shown;
+    update();
+}
+
+int CBPGradientProgressBar::progressBarWidth() const
+{
+    return int(m_value * width());
+}
+
+// ----------------------------------------------------------------------------------------------------------
+// timers
+
+void CBPGradientProgressBar::startSweep()
+{
+    if (!m_gradientTimer) {
+        m_gradientTimer = new QTimer(this);
+        m_gradientTimer->setInterval(kSweepInterval);
+        connect(m_gradientTimer, SIGNAL(timeout()), this, SLOT(slotGradientTimerOut()));
+    }
+    runTimers();
+}
+
+// A timer ticks only for what somebody can see: the sweep on the screen, the growth until its target is
+// reached.
+void CBPGradientProgressBar::runTimers()
+{
+    const auto run = [](QTimer *timer, bool wanted) {
+        if (timer && timer->isActive() != wanted)
+            wanted ? timer->start() : timer->stop();
+    };
+    run(m_gradientTimer, m_onScreen);
+    run(m_drawTimer, m_onScreen && m_barWidth != progressBarWidth());
+}
+
+void CBPGradientProgressBar::resetMembers()
+{
+    // Not deleted at once: the repaint may come from the timer's own signal.
+    for (QTimer **timer : {&m_gradientTimer, &m_drawTimer}) {
+        if (*timer) {
+            (*timer)->stop();
+            (*timer)->deleteLater();
+        }
+        *timer = nullptr;
+    }
+}
+
+void CBPGradientProgressBar::slotGradientTimerOut()
+{
+    m_highlightPosition += kHighlightStep;
+    if (m_highlightPosition >= m_barWidth)
+        m_highlightPosition -= m_barWidth + kHighlightPause;
+    update();
+}
+
+void CBPGradientProgressBar::slotDrawBarTimeOut()
+{
+    update();
+}
+
+// ------------------------------------------------------------------------------------------------------------
+// events
+
+void CBPGradientProgressBar::showEvent(QShowEvent *event)
+{
+    m_onScreen = true;
+    runTimers();
+    QWidget::showEvent(event);
+}
+
+void CBPGradientProgressBar::hideEvent(QHideEvent *event)
+{
+    m_onScreen = false;
+    runTimers();
+    QWidget::hideEvent(event);
+}
+
+void CBPGradientProgressBar::resizeEvent(QResizeEvent *event)
+{
+    // A widget that was laid out before it was shown is told of no old size.
+    const int oldWidth = event->oldSize().isValid() ? event->oldSize().width() : m_measuredWidth;
+    if (m_rescaleOnResize && oldWidth > 0 && event->size().width() >= 0)
+        m_barWidth = int(qint64(m_barWidth) * event->size().width() / oldWidth);
+    m_measuredWidth = width();
+    // A full bar is at rest; where it is not full any more, it must not stay so.
+    if (!m_firstValue && m_barWidth < progressBarWidth())
+        startSweep();
+    QWidget::resizeEvent(event);
+}
+
+void CBPGradientProgressBar::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    const QRect track = rect().adjusted(0, 0, -1, -1);
+    painter.setBrush(kTrackColor);
+    painter.drawRoundedRect(track, kRadius, kRadius);
+
+    m_barWidth = qMin(m_barWidth + 1, progressBarWidth());
+    QRect filled = track.adjusted(1, 1, 0, 0);
+    filled.setWidth(m_barWidth);
+    if (m_barWidth > 0) {
+        QLinearGradient gradient(filled.left(), 0, filled.right(), 0);
+        gradient.setColorAt(0, m_gradientStart);
+        gradient.setColorAt(1, m_gradientEnd);
+        painter.setBrush(gradient);
+        painter.drawRoundedRect(filled, kRadius, kRadius);
+    }
+    const bool full = m_barWidth == width();
+    if (!full)
+        drawHighlight(painter, filled);
+    else
+        m_shownValue = m_value; // no further repaint will come to catch up
+    if (m_showText)
+        drawPercentage(painter);
+    if (full)
+        resetMembers();
+    else
+        runTimers();
+}
+
+void CBPGradientProgressBar::drawHighlight(QPainter &painter, const QRect &filled) const
+{
+    const QRect highlight(m_highlightPosition, 1, kHighlightWidth, filled.height() - 1);
+    if (!m_colorTwo.isValid() || filled.isEmpty() || !highlight.intersects(filled))
+        return;
+    QColor clear = m_colorTwo;
+    clear.setAlpha(0);
+    QLinearGradient gradient(highlight.left(), 0, highlight.right(), 0);
+    gradient.setColorAt(0, clear);
+    gradient.setColorAt(0.5, m_colorTwo);
+    gradient.setColorAt(1, clear);
+    QPainterPath clip;
+    clip.addRoundedRect(filled, kHighlightRadius, kHighlightRadius);
+    painter.save();
+    painter.setClipPath(clip);
+    painter.setBrush(gradient);
+    painter.drawRoundedRect(highlight, kHighlightRadius, kHighlightRadius);
+    painter.restore();
+}
+
+void CBPGradientProgressBar::drawPercentage(QPainter &painter)
+{
+    m_shownValue += qBound(-kTextStep, m_value - m_shownValue, kTextStep);
+    if (!m_text)
+        m_text = std::make_unique<lumqt::CachedText>();
+    const QString text = tr("%1%").arg(Accessible::percent(m_shownValue));
+    const QFont font = lumqt::uiFont(lumqt::NormalWeight, kTextPixelSize);
+    QRect box(0, 0, m_text->lineSize(text, font).width() + kTextMargin, height());
+    box.moveLeft((width() - box.width()) / 2);
+    painter.setPen(kTextColor);
+    m_text->drawLeft(painter, box, text, font);
+}

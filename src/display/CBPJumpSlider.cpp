@@ -1,0 +1,103 @@
+#include "CBPJumpSlider.h"
+
+#include "display/SliderParts.h"
+#include "foundation/Log.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace {
+
+const QColor kHandleColor(73, 167, 245);
+const QColor kDisabledHandleColor(229, 229, 229);
+constexpr int kEndInset = 8; // of the outer ticks, in logical pixels
+
+} // namespace
+
+CBPJumpSlider::CBPJumpSlider(QWidget *parent) : QWidget(parent) {}
+
+CBPJumpSlider::~CBPJumpSlider() = default;
+
+void CBPJumpSlider::Init(QStringList labels)
+{
+    if (labels.size() < 2) {
+        qCWarning(lcLumQt, "CBPJumpSlider: %d labels make no slider", labels.size());
+        return;
+    }
+    m_labels = labels;
+    if (!m_slider || !m_labelRow) {
+        delete m_slider; // an application may have deleted the other one
+        delete m_labelRow;
+        const QPointer<CBPJumpSlider> self(this);
+        const lumqt::SliderParts parts =
+            lumqt::makeSliderParts(this, [self] { return self ? self->GetPosText() : QString(); });
+        m_slider = parts.slider;
+        m_labelRow = parts.labelRow;
+        m_slider->setPageStep(1);
+        m_slider->setTickInterval(1);
+    }
+    m_labelRow->update();
+    m_slider->setRange(0, m_labels.size() - 1);
+    if (m_slider)
+        m_slider->setValue(0);
+}
+
+void CBPJumpSlider::SetPosByText(QString text)
+{
+    const int index = m_labels.indexOf(text);
+    if (index >= 0 && m_slider)
+        m_slider->setValue(index);
+}
+
+QString CBPJumpSlider::GetPosText() const
+{
+    return m_slider ? m_labels.value(m_slider->value()) : QString();
+}
+
+bool CBPJumpSlider::eventFilter(QObject *watched, QEvent *event)
+{
+    auto *widget = qobject_cast<QWidget *>(watched);
+    if (widget && event->type() == QEvent::MouseButtonRelease)
+        return doMouseEvent(static_cast<QMouseEvent *>(event), widget);
+    return widget && event->type() == QEvent::Paint &&
+           doPaintEvent(static_cast<QPaintEvent *>(event), widget);
+}
+
+bool CBPJumpSlider::doMouseEvent(QMouseEvent *event, QWidget *widget)
+{
+    if (widget != m_labelRow || !widget->isEnabled())
+        return false;
+    const QPointer<QWidget> alive(widget);
+    const int index = lumqt::sliderLabelAt(*m_labelRow, m_labels, event->pos());
+    if (index >= 0 && m_slider)
+        m_slider->setValue(index); // not by its text, which another label may have, too
+    return !alive;
+}
+
+bool CBPJumpSlider::doPaintEvent(QPaintEvent *, QWidget *widget)
+{
+    if (widget == m_labelRow)
+        return DrawLabel();
+    return widget == m_slider && DrawSlider();
+}
+
+bool CBPJumpSlider::DrawSlider()
+{
+    QPainter painter(m_slider);
+    const QRect rect = m_slider->rect();
+    const int last = m_labels.size() - 1;
+    lumqt::drawSliderTrack(painter, rect, last, kEndInset);
+    const int radius = lumqt::kSliderHandle / 2;
+    const QPoint centre(lumqt::sliderTick(rect, m_slider->sliderPosition(), last, kEndInset),
+                        rect.y() + rect.height() / 2);
+    lumqt::drawSliderHandle(painter, centre - QPoint(radius, radius),
+                            m_slider->isEnabled() ? kHandleColor : kDisabledHandleColor);
+    lumqt::drawSliderFocus(painter, *m_slider);
+    return true;
+}
+
+bool CBPJumpSlider::DrawLabel()
+{
+    lumqt::drawSliderLabels(*m_labelRow, m_labels);
+    return true;
+}

@@ -1,0 +1,133 @@
+#include "CBPSmoothSlider.h"
+
+#include "display/SliderParts.h"
+#include "foundation/Log.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace {
+
+// Look and metrics, in logical pixels.
+const QColor kHandleColor(73, 167, 245); // also of a disabled slider
+const QColor kValueColor(Qt::black);
+constexpr int kHeight = 44;
+constexpr int kEndInset = 7; // of the outer ticks
+constexpr int kValueBaseline = 13;
+
+// The value at a place on the slider, counted from 0: the minimum is only its bound.
+int valueAt(const QSlider &slider, int x)
+{
+    const qint64 range = qint64(slider.maximum()) - slider.minimum();
+    const qint64 value = x * range / qMax(1, slider.width());
+    return int(qBound<qint64>(slider.minimum(), value, slider.maximum()));
+}
+
+} // namespace
+
+CBPSmoothSlider::CBPSmoothSlider(QWidget *parent) : QWidget(parent) {}
+
+CBPSmoothSlider::~CBPSmoothSlider() = default;
+
+void CBPSmoothSlider::Init(QStringList labels, int maximum, int minimum)
+{
+    if (labels.size() < 2) {
+        qCWarning(lcLumQt, "CBPSmoothSlider: %d labels make no slider", labels.size());
+        return;
+    }
+    if (minimum > maximum)
+        qCWarning(lcLumQt, "CBPSmoothSlider: the minimum %d is above the maximum %d", minimum, maximum);
+    m_labels = labels;
+    if (!m_slider || !m_labelRow) {
+        delete m_slider; // an application may have deleted the other one
+        delete m_labelRow;
+        const lumqt::SliderParts parts = lumqt::makeSliderParts(this, {});
+        parts.slider->followPointer(&valueAt);
+        m_slider = parts.slider;
+        m_labelRow = parts.labelRow;
+        m_slider->setFixedHeight(kHeight);
+    }
+    m_labelRow->update();
+    m_slider->setRange(minimum, maximum);
+    if (m_slider)
+        m_slider->setValue(0);
+}
+
+void CBPSmoothSlider::SetValue(int value)
+{
+    if (m_slider)
+        m_slider->setValue(value);
+}
+
+int CBPSmoothSlider::GetValue() const
+{
+    return m_slider ? m_slider->value() : -1;
+}
+
+bool CBPSmoothSlider::eventFilter(QObject *watched, QEvent *event)
+{
+    if (!watched->isWidgetType())
+        return false;
+    if (event->type() == QEvent::Paint)
+        return doPaintEvent(static_cast<QPaintEvent *>(event), static_cast<QWidget *>(watched));
+    return event->type() == QEvent::MouseButtonRelease &&
+           doMouseEvent(static_cast<QMouseEvent *>(event), static_cast<QWidget *>(watched));
+}
+
+bool CBPSmoothSlider::doMouseEvent(QMouseEvent *event, QWidget *widget)
+{
+    if (!m_slider || !widget->isEnabled())
+        return false;
+    const QPointer<QWidget> alive(widget);
+    if (widget == m_labelRow) {
+        const int index = lumqt::sliderLabelAt(*m_labelRow, m_labels, event->pos());
+        if (index >= 0)
+            m_slider->setValue(index == 0 ? 0 : m_slider->maximum());
+    } else if (widget == m_slider && widget->width() >= 1) {
+        m_slider->setValue(valueAt(*m_slider, event->pos().x()));
+    }
+    return !alive; // otherwise it has to see the release, too
+}
+
+bool CBPSmoothSlider::doPaintEvent(QPaintEvent *, QWidget *widget)
+{
+    return (widget == m_slider && DrawSlider()) || (widget == m_labelRow && DrawLabel());
+}
+
+bool CBPSmoothSlider::DrawSlider()
+{
+    QPainter painter(m_slider);
+    const QRect rect = m_slider->rect();
+    lumqt::drawSliderTrack(painter, rect, m_labels.size() - 1, kEndInset);
+    // Counted from 0: the minimum has no part in it.
+    const qint64 maximum = m_slider->maximum() == 0 ? 1 : m_slider->maximum();
+    const qint64 wanted = rect.x() + qint64(m_slider->sliderPosition()) * rect.width() / maximum;
+    const int end = rect.x() + rect.width();
+    int x = 0;
+    if (wanted >= lumqt::kSliderHandle / 2)
+        x = int(qMin<qint64>(wanted, end - lumqt::kSliderHandle));
+    const int middle = rect.y() + rect.height() / 2;
+    lumqt::drawSliderHandle(painter, QPoint(x, middle - lumqt::kSliderHandle / 2), kHandleColor);
+    drawValue(painter, x);
+    lumqt::drawSliderFocus(painter, *m_slider);
+    return true;
+}
+
+void CBPSmoothSlider::drawValue(QPainter &painter, int handleX) const
+{
+    const QRect rect = m_slider->rect();
+    const QString text = QString::number(m_slider->sliderPosition());
+    const QFontMetrics metrics = painter.fontMetrics();
+    const int width = metrics.horizontalAdvance(text);
+    const int centred = handleX + lumqt::kSliderHandle / 2 - width / 2;
+    // Where both ends cannot be kept, the left one is: it holds the sign and the large digits.
+    const int x = qMax(0, qMin(centred, rect.x() + rect.width() - width));
+    painter.setPen(kValueColor);
+    painter.drawText(x, rect.y() + qMax(kValueBaseline, metrics.capHeight() + 1), text);
+}
+
+bool CBPSmoothSlider::DrawLabel()
+{
+    lumqt::drawSliderLabels(*m_labelRow, m_labels);
+    return true;
+}

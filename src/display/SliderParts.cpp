@@ -1,0 +1,224 @@
+#include "display/SliderParts.h"
+
+#include "foundation/Accessible.h"
+#include "foundation/Painting.h"
+
+#include <QFocusEvent>
+#include <QLabel>
+#include <QPainter>
+#include <QPointer>
+#include <QVBoxLayout>
+
+namespace lumqt {
+
+namespace {
+
+// Look and metrics, in logical pixels.
+const QColor kTrackColor(229, 229, 229);
+const QColor kTickColor(146, 146, 146);
+constexpr int kTrackWidth = 4;
+constexpr int kTickTop = 2; // below the middle
+constexpr int kTickHeight = 11;
+constexpr int kLabelBaseline = 12;
+
+} // namespace
+
+class SpokenSlider::Accessible : public QAccessibleWidget, public QAccessibleValueInterface
+{
+public:
+    explicit Accessible(SpokenSlider *slider)
+        : QAccessibleWidget(slider, QAccessible::Slider), m_slider(slider)
+    {
+    }
+
+    static QAccessibleInterface *make(QWidget *widget)
+    {
+        auto *slider = qobject_cast<SpokenSlider *>(widget);
+        return slider ? new Accessible(slider) : nullptr;
+    }
+
+    QString text(QAccessible::Text kind) const override
+    {
+        const QString own = QAccessibleWidget::text(kind);
+        if (!m_slider || !own.isEmpty())
+            return own;
+        if (kind == QAccessible::Value) {
+            const QString value = m_slider->m_spokenValue ? m_slider->m_spokenValue() : QString();
+            return value.isEmpty() ? QString::number(m_slider->value()) : value;
+        }
+        // An application names the widget that it knows.
+        QAccessibleInterface *owner = QAccessible::queryAccessibleInterface(m_slider->parentWidget());
+        return owner ? owner->text(kind) : own;
+    }
+
+    void *interface_cast(QAccessible::InterfaceType type) override
+    {
+        if (type == QAccessible::ValueInterface)
+            return static_cast<QAccessibleValueInterface *>(this);
+        return QAccessibleWidget::interface_cast(type);
+    }
+
+    QVariant currentValue() const override { return m_slider ? m_slider->value() : 0; }
+    void setCurrentValue(const QVariant &value) override
+    {
+        if (m_slider && m_slider->isEnabled())
+            m_slider->setValue(value.toInt());
+    }
+    QVariant maximumValue() const override { return m_slider ? m_slider->maximum() : 0; }
+    QVariant minimumValue() const override { return m_slider ? m_slider->minimum() : 0; }
+    QVariant minimumStepSize() const override { return m_slider ? m_slider->singleStep() : 1; }
+
+private:
+    QPointer<SpokenSlider> m_slider;
+};
+
+SpokenSlider::SpokenSlider(QWidget *owner, std::function<QString()> spokenValue)
+    : QSlider(Qt::Horizontal), m_spokenValue(std::move(spokenValue))
+{
+    installAccessible("lumqt::SpokenSlider", &Accessible::make);
+    // Painted from left to right whatever the language, so it has to move that way.
+    setLayoutDirection(Qt::LeftToRight);
+    setTickPosition(QSlider::TicksBelow);
+    setFocusPolicy(Qt::StrongFocus);
+    installEventFilter(owner);
+}
+
+void SpokenSlider::showFocus(bool show)
+{
+    m_showsFocus = show;
+    update();
+}
+
+void SpokenSlider::focusInEvent(QFocusEvent *event)
+{
+    showFocus(event->reason() != Qt::MouseFocusReason);
+    QSlider::focusInEvent(event);
+}
+
+void SpokenSlider::focusOutEvent(QFocusEvent *event)
+{
+    showFocus(false);
+    QSlider::focusOutEvent(event);
+}
+
+void SpokenSlider::keyPressEvent(QKeyEvent *event)
+{
+    showFocus(true);
+    QSlider::keyPressEvent(event); // what listens to the value may delete the slider
+}
+
+void SpokenSlider::mousePressEvent(QMouseEvent *event)
+{
+    if (!m_valueAt || event->button() != Qt::LeftButton) {
+        QSlider::mousePressEvent(event);
+        return;
+    }
+    const QPointer<SpokenSlider> alive(this);
+    const int value = m_valueAt(*this, event->x());
+    event->accept();
+    setSliderDown(true);
+    if (alive)
+        setSliderPosition(value);
+}
+
+void SpokenSlider::mouseMoveEvent(QMouseEvent *event)
+{
+    if (m_valueAt && isSliderDown())
+        setSliderPosition(m_valueAt(*this, event->x()));
+    else
+        QSlider::mouseMoveEvent(event);
+}
+
+void SpokenSlider::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (m_valueAt && isSliderDown() && event->button() == Qt::LeftButton)
+        setSliderDown(false);
+    else
+        QSlider::mouseReleaseEvent(event);
+}
+
+SliderParts makeSliderParts(QWidget *owner, std::function<QString()> spokenValue)
+{
+    const SliderParts parts{new SpokenSlider(owner, std::move(spokenValue)), new QLabel};
+    parts.labelRow->installEventFilter(owner);
+    QLayout *column = owner->layout();
+    if (!column) {
+        column = new QVBoxLayout(owner);
+        column->setContentsMargins(0, 0, 0, 0);
+    }
+    column->addWidget(parts.slider);
+    column->addWidget(parts.labelRow);
+    owner->setFocusProxy(parts.slider);
+    return parts;
+}
+
+int sliderTick(const QRect &rect, int index, int last, int inset)
+{
+    const int x = rect.x() + index * (rect.width() / last);
+    return index == 0 ? x + inset : index == last ? x - inset : x;
+}
+
+void drawSliderTrack(QPainter &painter, const QRect &rect, int last, int inset)
+{
+    const int middle = rect.y() + rect.height() / 2;
+    const QRect track(rect.x(), middle - kTrackWidth / 2, rect.width(), kTrackWidth);
+    painter.fillRect(wholeDevicePixels(painter, track), kTrackColor);
+    for (int i = 0; i <= last; ++i) {
+        const QRect tick(sliderTick(rect, i, last, inset), middle + kTickTop, 1, kTickHeight);
+        painter.fillRect(wholeDevicePixels(painter, tick), kTickColor);
+    }
+}
+
+void drawSliderHandle(QPainter &painter, const QPoint &topLeft, const QColor &color)
+{
+    Body disc;
+    disc.fill = color;
+    disc.radiusX = disc.radiusY = kSliderHandle / 2;
+    drawBody(painter, QRect(topLeft, QSize(kSliderHandle, kSliderHandle)), disc);
+}
+
+void drawSliderFocus(QPainter &painter, const QSlider &slider)
+{
+    const auto *spoken = qobject_cast<const SpokenSlider *>(&slider);
+    if (spoken && spoken->showsFocus() && slider.isEnabled())
+        drawFocusRing(painter, slider.rect());
+}
+
+QVector<QRect> sliderLabelRects(const QLabel &row, const QStringList &labels)
+{
+    const QRect rect = row.rect();
+    const QFontMetrics metrics(row.font());
+    const int last = labels.size() - 1;
+    QVector<QRect> rects;
+    rects.reserve(labels.size());
+    for (int i = 0; i <= last; ++i) {
+        const int width = qMin(metrics.horizontalAdvance(labels[i]), QWIDGETSIZE_MAX);
+        const int shift = i == 0 ? 0 : i == last ? width : width / 2;
+        rects << QRect(sliderTick(rect, i, last, 0) - shift, rect.y(), width, metrics.height());
+    }
+    return rects;
+}
+
+void drawSliderLabels(QLabel &row, const QStringList &labels)
+{
+    QPainter painter(&row);
+    const QVector<QRect> rects = sliderLabelRects(row, labels);
+    // Large letters are not cut off at the top.
+    const int baseline = row.rect().y() + qMax(kLabelBaseline, painter.fontMetrics().capHeight() + 1);
+    for (int i = 0; i < rects.size(); ++i) {
+        if (rects[i].intersects(row.rect()))
+            painter.drawText(rects[i].x(), baseline, labels[i]);
+    }
+}
+
+int sliderLabelAt(const QLabel &row, const QStringList &labels, const QPoint &position)
+{
+    const QVector<QRect> rects = sliderLabelRects(row, labels);
+    for (int i = 0; i < rects.size(); ++i) {
+        if (rects[i].contains(position))
+            return i;
+    }
+    return -1;
+}
+
+} // namespace lumqt

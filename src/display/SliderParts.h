@@ -1,0 +1,76 @@
+#pragma once
+
+#include <QRect>
+#include <QSlider>
+#include <QStringList>
+#include <QVector>
+
+#include <functional>
+
+class QLabel;
+
+// What the two sliders with a row of labels have in common: a QSlider and a QLabel below each other, which
+// the slider's owner paints. GUI thread only.
+namespace lumqt {
+
+// A slider that tells screen readers its owner's name and, as its value, what `spokenValue` says (the number
+// while that is empty), and knows whether its focus is to be shown.
+class SpokenSlider : public QSlider
+{
+    Q_OBJECT
+
+public:
+    SpokenSlider(QWidget *owner, std::function<QString()> spokenValue);
+
+    // Focused by somebody who uses the keyboard.
+    bool showsFocus() const { return m_showsFocus; }
+
+    // With it the handle goes to `valueAt` the pointer's x as soon as the left button is down, and follows.
+    // The style's own handle is elsewhere than the painted one.
+    using ValueAt = int (*)(const QSlider &slider, int x);
+    void followPointer(ValueAt valueAt) { m_valueAt = valueAt; }
+
+protected:
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+
+private:
+    class Accessible;
+
+    void showFocus(bool show);
+
+    std::function<QString()> m_spokenValue;
+    ValueAt m_valueAt = nullptr;
+    bool m_showsFocus = false;
+};
+
+struct SliderParts
+{
+    SpokenSlider *slider;
+    QLabel *labelRow;
+};
+
+// Makes both and puts them into the owner's layout; the owner is their event filter.
+SliderParts makeSliderParts(QWidget *owner, std::function<QString()> spokenValue);
+
+constexpr int kSliderHandle = 14; // across
+
+// x of the tick `index` of `last` + 1, the outer ones moved `inset` pixels inwards.
+int sliderTick(const QRect &rect, int index, int last, int inset);
+
+void drawSliderTrack(QPainter &painter, const QRect &rect, int last, int inset);
+void drawSliderHandle(QPainter &painter, const QPoint &topLeft, const QColor &color);
+void drawSliderFocus(QPainter &painter, const QSlider &slider);
+
+// Where each label lies in the row, in its coordinates.
+QVector<QRect> sliderLabelRects(const QLabel &row, const QStringList &labels);
+void drawSliderLabels(QLabel &row, const QStringList &labels);
+
+// Index of the leftmost label under `position`, -1 where there is none.
+int sliderLabelAt(const QLabel &row, const QStringList &labels, const QPoint &position);
+
+} // namespace lumqt

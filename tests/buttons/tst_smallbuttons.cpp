@@ -1,0 +1,223 @@
+#include "CAddBtn.h"
+#include "CBPImageCheckBox.h"
+#include "CBPImageTextBtn.h"
+#include "CBPMenu.h"
+#include "CBPMenuBtn.h"
+#include "CBPRoundBtn.h"
+#include "Pixels.h"
+#include "TestMain.h"
+
+#include <QAccessible>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+
+namespace {
+
+const QColor kArrow(127, 134, 143);
+
+} // namespace
+
+class TestSmallButtons : public QObject
+{
+    Q_OBJECT
+
+private:
+    // 10 pixels square.
+    QString file(const QColor &color)
+    {
+        const QString path = m_dir.filePath(color.name().mid(1) + ".png");
+        QImage image(10, 10, QImage::Format_RGB32);
+        image.fill(color);
+        return image.save(path) ? path : QString();
+    }
+
+    QVector<QString> files(const QVector<QColor> &colors)
+    {
+        QVector<QString> result;
+        for (const QColor &color : colors)
+            result << file(color);
+        return result;
+    }
+
+    QTemporaryDir m_dir;
+    const QVector<QColor> m_off{Qt::red, Qt::green, Qt::blue, Qt::gray};
+    const QVector<QColor> m_on{Qt::darkRed, Qt::darkGreen, Qt::darkBlue, Qt::darkGray};
+
+private Q_SLOTS:
+    // The mark of each state, checked and not.
+    void checkBoxMarks()
+    {
+        CBPImageCheckBox box(files(m_off), files(m_on));
+        box.resize(box.sizeHint());
+        const auto mark = [&box] {
+            return box.grab().toImage().pixelColor(box.width() / 2, box.height() / 2);
+        };
+        for (const bool checked : {false, true}) {
+            const QVector<QColor> &colors = checked ? m_on : m_off;
+            box.setChecked(checked);
+            QCOMPARE(mark(), colors[0]);
+            QEvent enter(QEvent::Enter);
+            QCoreApplication::sendEvent(&box, &enter);
+            QCOMPARE(mark(), colors[1]);
+            box.setDown(true);
+            QCOMPARE(mark(), colors[2]);
+            box.setDown(false);
+            box.setEnabled(false);
+            QCOMPARE(mark(), colors[3]);
+            box.setEnabled(true);
+            QEvent leave(QEvent::Leave);
+            QCoreApplication::sendEvent(&box, &leave);
+        }
+        box.setCheckState(Qt::PartiallyChecked);
+        QCOMPARE(mark(), m_on[0]);
+    }
+
+    void checkBoxWithText()
+    {
+        CBPImageCheckBox box(files(m_off), files(m_on), "&Remember");
+        const QSize hint = box.sizeHint();
+        QVERIFY(hint.width() > 40);
+        box.resize(hint);
+        box.show();
+        for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+            box.setLayoutDirection(direction);
+            const QRect mark = boxOf(box.grab().toImage(), m_off[0]);
+            QCOMPARE(mark.size(), QSize(10, 10));
+            QCOMPARE(mark.left(), direction == Qt::LeftToRight ? 2 : hint.width() - 12);
+        }
+        QTest::mouseClick(&box, Qt::LeftButton, Qt::NoModifier, QPoint(hint.width() - 2, 2));
+        QVERIFY(box.isChecked());
+        QTest::keyClick(&box, Qt::Key_Space);
+        QVERIFY(!box.isChecked());
+        QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(&box);
+        QCOMPARE(spoken->role(), QAccessible::CheckBox);
+        QCOMPARE(spoken->text(QAccessible::Name), QString("Remember"));
+    }
+
+    void checkBoxWithoutImages()
+    {
+        CBPCheckBox plain("Text", nullptr);
+        plain.resize(plain.sizeHint());
+        const QImage expected = plain.grab().toImage();
+        const QVector<QString> four = files(m_off);
+        for (int count = 0; count <= 5; count += count == 3 ? 2 : 1) {
+            CBPImageCheckBox box(four, (four + four).mid(0, count), "Text");
+            QCOMPARE(box.sizeHint(), plain.sizeHint());
+            box.resize(box.sizeHint());
+            QCOMPARE(box.grab().toImage(), expected);
+        }
+        CBPImageCheckBox missing({"a", "b", "c", "d"}, {"a", "b", "c", "d"}, "Text");
+        missing.resize(missing.sizeHint());
+        QVERIFY(!inkOf(missing.grab().toImage()).isEmpty()); // the text is there all the same
+    }
+
+    void imageText()
+    {
+        CBPImageTextBtn button(files(m_off), "Text", 7);
+        const QSize beside = button.size();
+        QVERIFY(beside.width() > 10 + 8 && beside.height() < 30);
+        button.SetTextBelow(true);
+        QVERIFY(button.height() > beside.height() && button.width() < beside.width());
+        const QRect mark = boxOf(button.grab().toImage(), m_off[0]);
+        QCOMPARE(mark.size(), QSize(10, 10)); // no text over it
+        QCOMPARE(mark.top(), 0);
+        QVERIFY(!inkOf(button.grab().toImage().copy(0, 11, button.width(), 99)).isEmpty());
+        QVERIFY(qAbs(mark.center().x() - button.width() / 2) <= 1);
+        QSignalSpy clicks(&button, SIGNAL(btn_released(int)));
+        QTest::mouseClick(&button, Qt::LeftButton);
+        QCOMPARE(clicks, QList<QVariantList>{QVariantList{7}});
+        QCOMPARE(QAccessible::queryAccessibleInterface(&button)->text(QAccessible::Name), QString("Text"));
+        button.SetLabel("A longer text");
+        QVERIFY(button.width() > beside.width());
+    }
+
+    // Corners of the square are no part of the circle.
+    void round()
+    {
+        CBPRoundBtn button(40, 3);
+        QSignalSpy clicks(&button, SIGNAL(sigBtnClicked(int)));
+        const struct
+        {
+            QPoint at;
+            int clicks;
+        } rows[] = {{{20, 20}, 1}, {{1, 1}, 0},  {{39, 39}, 0}, {{4, 4}, 0},
+                    {{8, 8}, 1},   {{0, 20}, 1}, {{39, 20}, 1}};
+        for (const auto &row : rows) {
+            clicks.clear();
+            QTest::mouseClick(&button, Qt::LeftButton, Qt::NoModifier, row.at);
+            QVERIFY2(clicks.size() == row.clicks, QTest::toString(row.at));
+        }
+        button.SetDiameter(INT_MIN);
+        QCOMPARE(button.size(), QSize(1, 1));
+        button.grab();
+        button.SetDiameter(INT_MAX);
+        QCOMPARE(button.GetDiameter(), 4096);
+    }
+
+    // Text and triangle are centred as one, and the triangle is right behind the text.
+    void menuButton()
+    {
+        CBPMenuBtn button("Sort by", nullptr);
+        button.setBgColor({Qt::white, Qt::white, Qt::white, Qt::white});
+        button.setTextColor({Qt::black, Qt::black, Qt::black, Qt::black});
+        button.setFrmTrancent(true);
+        button.GetMenu();
+        for (const int extra : {0, 60, -30}) {
+            button.resize(button.sizeHint().width() + extra, 28);
+            const QImage image = button.grab().toImage();
+            const QRect triangle = boxOf(image, kArrow);
+            const QRect text = inkOf(image.copy(0, 0, triangle.left() - 1, 28));
+            QVERIFY2(triangle.left() - text.right() >= 4 && triangle.left() - text.right() <= 12,
+                     QTest::toString(text));
+            QVERIFY2(qAbs(text.left() - (button.width() - 1 - triangle.right())) <= 5,
+                     QTest::toString(triangle));
+        }
+        button.setText(QString());
+        QVERIFY(qAbs(boxOf(button.grab().toImage(), kArrow).center().x() - button.width() / 2) <= 1);
+        button.click(); // nothing to open
+        QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(&button);
+        QCOMPARE(spoken->role(), QAccessible::ButtonMenu);
+        QVERIFY(spoken->state().hasPopup);
+    }
+
+    void add_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("tip");
+        QTest::addColumn<QString>("name");
+        QTest::newRow("mark alone") << ""
+                                    << ""
+                                    << "Add";
+        QTest::newRow("tool tip") << ""
+                                  << "Add a time"
+                                  << "Add a time";
+        QTest::newRow("text") << "New"
+                              << "Add a time"
+                              << "New";
+    }
+
+    void add()
+    {
+        QFETCH(QString, text);
+        QFETCH(QString, tip);
+        QFETCH(QString, name);
+        CAddBtn button(text, 5, nullptr);
+        button.setToolTip(tip);
+        const QColor color(200, 0, 0);
+        button.setTextColor({color, color, color, Qt::blue});
+        button.resize(button.sizeHint());
+        QCOMPARE(QAccessible::queryAccessibleInterface(&button)->text(QAccessible::Name), name);
+        const QImage image = button.grab().toImage();
+        const int left = text.isEmpty() ? 8 : 12;
+        const QRect mark = boxOf(image.copy(0, 0, left + 16, 28), color);
+        QCOMPARE(mark.left(), left);
+        QCOMPARE(mark.size(), QSize(12, 12));
+        QCOMPARE(image.pixelColor(mark.topLeft() + QPoint(5, 5)), color);
+        QVERIFY(image.pixelColor(mark.topLeft()) != color);
+        button.setEnabled(false);
+        QVERIFY(!boxOf(button.grab().toImage(), Qt::blue).isEmpty());
+    }
+};
+
+LUMQT_TEST_MAIN(TestSmallButtons)
+#include "tst_smallbuttons.moc"

@@ -1,0 +1,240 @@
+#include "CBPGradientProgressBar.h"
+#include "Pixels.h"
+#include "TestMain.h"
+
+#include <QAccessible>
+#include <QTimer>
+
+#include <limits>
+
+namespace {
+
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+constexpr int kWidth = 200;
+
+// Columns of the middle row that are filled, from the left. Each look is a repaint.
+int filledBy(QWidget &bar)
+{
+    const QImage image = bar.grab().toImage();
+    int filled = 0;
+    for (int x = 0; x < image.width(); ++x)
+        filled += image.pixelColor(x, 4).red() < 150;
+    return filled;
+}
+
+QVector<int> intervalsOf(const QWidget &bar, bool activeOnly)
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVector<int> intervals;
+    for (const QTimer *timer : bar.findChildren<QTimer *>()) {
+        if (timer->isActive() || !activeOnly)
+            intervals << timer->interval();
+    }
+    std::sort(intervals.begin(), intervals.end());
+    return intervals;
+}
+
+class TextBar : public CBPGradientProgressBar
+{
+public:
+    TextBar()
+    {
+        setFixedHeight(20);
+        setTextShown(true);
+    }
+};
+
+} // namespace
+
+class TestProgressBar : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void values_data()
+    {
+        QTest::addColumn<double>("value");
+        QTest::addColumn<int>("filled");
+        const struct
+        {
+            double value;
+            int filled;
+        } rows[] = {{0.0, 2},      {-1.0, 2},   {0.5, 100},         {0.99995, 199},
+                    {1.0, 199},    {7.0, 199},  {kInfinity, 199},   {-kInfinity, 2},
+                    {0.9999, 199}, {1e-300, 2}, {0.999899999, 199}, {std::nan(""), 0}};
+        for (const auto &row : rows)
+            QTest::addRow("%g", row.value) << row.value << row.filled;
+    }
+
+    // The first value shows at once.
+    void values()
+    {
+        QFETCH(double, value);
+        QFETCH(int, filled);
+        CBPGradientProgressBar bar(Qt::black, QColor());
+        bar.resize(kWidth, 8);
+        if (qIsNaN(value))
+            QTest::ignoreMessage(QtWarningMsg,
+                                 "CBPGradientProgressBar: a value that is not a number is ignored");
+        bar.setValue(value);
+        QCOMPARE(filledBy(bar), filled);
+        QCOMPARE(bar.height(), 8);
+    }
+
+    void percentages()
+    {
+        const struct
+        {
+            int percent;
+            int told;
+        } rows[] = {{INT_MIN, 1}, {0, 1}, {1, 1}, {29, 29}, {99, 99}, {100, 100}, {INT_MAX, 100}};
+        for (const auto &row : rows) {
+            CBPGradientProgressBar bar;
+            QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(&bar);
+            QCOMPARE(spoken->role(), QAccessible::ProgressBar);
+            QVERIFY(spoken->valueInterface());
+            QCOMPARE(spoken->valueInterface()->currentValue().toInt(), 0);
+            bar.setValue(row.percent);
+            QCOMPARE(spoken->valueInterface()->currentValue().toInt(), row.told);
+            QCOMPARE(spoken->text(QAccessible::Value), QString("%1%").arg(row.told));
+        }
+    }
+
+    // A pixel with each repaint on the way up, at once on the way down.
+    void growth()
+    {
+        CBPGradientProgressBar bar(Qt::black, QColor());
+        bar.resize(kWidth, 8);
+        bar.setValue(0.5);
+        bar.setValue(0.515);
+        for (const int filled : {101, 102, 103, 103})
+            QCOMPARE(filledBy(bar), filled);
+        bar.setValue(0.25);
+        QCOMPARE(filledBy(bar), 50);
+    }
+
+    void intervals_data()
+    {
+        QTest::addColumn<double>("from");
+        QTest::addColumn<double>("to");
+        QTest::addColumn<int>("interval"); // of the growth; the sweep has 20 ms
+        QTest::newRow("a tenth") << 0.5 << 0.6 << 10;
+        QTest::newRow("down") << 0.6 << 0.1 << 2;
+        QTest::newRow("nearly full") << 0.97 << 0.985 << 1;
+        QTest::newRow("full") << 0.5 << 0.99995 << 1;
+        QTest::newRow("tiny") << 0.5 << 0.5 + 1e-12 << INT_MAX;
+        QTest::newRow("largest") << 0.01 << 0.97 << 1;
+    }
+
+    void intervals()
+    {
+        QFETCH(double, from);
+        QFETCH(double, to);
+        QFETCH(int, interval);
+        CBPGradientProgressBar bar;
+        bar.resize(kWidth, 8);
+        bar.setValue(from);
+        QCOMPARE(intervalsOf(bar, false), QVector<int>{20});
+        bar.setValue(from);
+        QCOMPARE(intervalsOf(bar, false), QVector<int>{20});
+        bar.setValue(to);
+        QVector<int> expected{20, interval};
+        std::sort(expected.begin(), expected.end());
+        QCOMPARE(intervalsOf(bar, false), expected);
+    }
+
+    void timersOnlyWhereSeen()
+    {
+        CBPGradientProgressBar bar;
+        bar.resize(kWidth, 8);
+        QCOMPARE(intervalsOf(bar, false), QVector<int>());
+        bar.setValue(0.5);
+        bar.setValue(0.95); // not shown yet: nothing ticks
+        QCOMPARE(intervalsOf(bar, true), QVector<int>());
+        bar.show();
+        QCOMPARE(intervalsOf(bar, true), (QVector<int>{2, 20}));
+        bar.hide();
+        QCOMPARE(intervalsOf(bar, true), QVector<int>());
+        bar.show();
+        QTRY_COMPARE(intervalsOf(bar, true), QVector<int>{20}); // grown up; the highlight goes on
+        bar.setValue(1.0);
+        QTRY_COMPARE(intervalsOf(bar, false), QVector<int>()); // at rest
+        bar.setValue(1.0);
+        QCOMPARE(intervalsOf(bar, true), QVector<int>{20});
+        QTRY_COMPARE(intervalsOf(bar, false), QVector<int>());
+        bar.setValue(0.4);
+        QTRY_COMPARE(intervalsOf(bar, true), QVector<int>{20});
+        QVERIFY(qAbs(filledBy(bar) - 80) <= 1); // the highlight may tint the edge
+    }
+
+    void resizing_data()
+    {
+        QTest::addColumn<bool>("shown");
+        QTest::addColumn<bool>("rescales");
+        QTest::addColumn<int>("filled");
+        QTest::newRow("keeps its share") << true << true << 200;
+        QTest::newRow("keeps its pixels") << true << false << 101;
+        QTest::newRow("laid out before it is shown") << false << true << 200;
+    }
+
+    void resizing()
+    {
+        QFETCH(bool, shown);
+        QFETCH(bool, rescales);
+        QFETCH(int, filled);
+        CBPGradientProgressBar bar(Qt::black, QColor());
+        bar.resize(kWidth, 8);
+        bar.setValue(0.5);
+        bar.setIsVisible(rescales);
+        if (shown)
+            bar.show();
+        bar.resize(2 * kWidth, 8);
+        QCOMPARE(filledBy(bar), filled);
+    }
+
+    // A full bar that lost its width has nothing to scale, and must fill again all the same.
+    void fullAgain()
+    {
+        CBPGradientProgressBar bar;
+        bar.resize(40, 8);
+        bar.setValue(1.0);
+        bar.show();
+        QTRY_COMPARE(intervalsOf(bar, false), QVector<int>());
+        bar.resize(0, 8);
+        bar.resize(40, 8);
+        QTRY_COMPARE(filledBy(bar), 39);
+        QTRY_COMPARE(intervalsOf(bar, false), QVector<int>());
+    }
+
+    // The highlight passes, in its own colour, and stays within the filled part.
+    void highlight()
+    {
+        CBPGradientProgressBar bar(Qt::black, Qt::red);
+        bar.resize(kWidth, 8);
+        bar.setValue(0.5);
+        const auto tick = [&bar](int times) {
+            for (int i = 0; i < times; ++i)
+                bar.slotGradientTimerOut();
+            return bar.grab().toImage();
+        };
+        const QImage first = tick(0);
+        QVERIFY(first.pixelColor(50, 4).red() > 200);
+        QCOMPARE(first.pixelColor(150, 4), QColor(Qt::white));
+        const QImage pause = tick(10); // reaches the end, and starts 500 pixels and the bar's width before
+        QVERIFY(pause.pixelColor(50, 4).red() < 100);
+        QCOMPARE(tick(39), pause);
+        QVERIFY(tick(11).pixelColor(50, 4).red() > 200);
+    }
+
+    void text()
+    {
+        TextBar bar;
+        bar.resize(kWidth, 20);
+        bar.setValue(0.2);
+        const QRect ink = inkOf(bar.grab().toImage());
+        QVERIFY2(!ink.isEmpty() && qAbs(ink.center().x() - kWidth / 2) <= 12, QTest::toString(ink));
+    }
+};
+
+LUMQT_TEST_MAIN(TestProgressBar)
+#include "tst_progressbar.moc"
