@@ -20,8 +20,7 @@ void makePrimary(CBtnObj &button)
     button.setBgColor({QColor(0x2a, 0x80, 0x84), QColor(0x33, 0x92, 0x96), QColor(0x20, 0x66, 0x6a),
                        QColor(0xc4, 0xdc, 0xdd)});
     button.setTextColor({Qt::white, Qt::white, Qt::white, QColor(0x5f, 0x7f, 0x81)});
-    button.setFrmTrancent(true);   // no frame around a square button ...
-    button.setRoundRadius({4, 4}); // ... and a round one paints its own: pixels, x and y
+    button.setRoundRadius({4, 4}); // pixels, x and y
     button.setFrmColor({QColor(0x2a, 0x80, 0x84), QColor(0x33, 0x92, 0x96), QColor(0x20, 0x66, 0x6a),
                         QColor(0xc4, 0xdc, 0xdd)});
 }
@@ -45,7 +44,8 @@ CBPPushBtn *menuButton(CBPLabel *log)
 {
     auto *more = new CBPPushBtn("Export", nullptr);
     more->setFixedSize(120, 36);
-    more->setHasMenu(true); // a triangle; a click opens the menu
+    more->setHasMenu(true); // a click opens the menu
+    more->setSpacing(60);   // the triangle stands half of this right of the middle
     more->AppendMenuItem(QString(), "As PDF", 1);
     more->AppendMenuItem(QString(), "As text", 2);
     more->GetMenu()->setTextColor(QColor(0x22, 0x2a, 0x3e));
@@ -59,19 +59,19 @@ CBPPushBtn *menuButton(CBPLabel *log)
 //! [menu]
 
 //! [image]
-CBPImageButton *deleteButton(CBPLabel *log)
+CBPImageButton *dateButton(CBPLabel *log)
 {
-    constexpr int kDelete = 9;
-    const QVector<QString> files{Util::getResFullPath("../res/icon_delete_normal.png"),
-                                 Util::getResFullPath("../res/icon_delete_hover.png"),
-                                 Util::getResFullPath("../res/icon_delete_press.png"),
-                                 Util::getResFullPath("../res/icon_delete_normal.png")};
-    auto *remove = new CBPImageButton(files, false, kDelete, nullptr);
-    remove->setAccessibleName("Delete"); // there is no text to be read aloud
-    remove->SetTipsTxt("Delete the note");
-    QObject::connect(remove, &CBPImageButton::btn_released, log,
+    constexpr int kDate = 9;
+    const QVector<QString> files{Util::getResFullPath("../res/icon_log_calendar.png"),
+                                 Util::getResFullPath("../res/icon_log_calendar_hover.png"),
+                                 Util::getResFullPath("../res/icon_log_calendar_press.png"),
+                                 Util::getResFullPath("../res/icon_log_calendar_disable.png")};
+    auto *date = new CBPImageButton(files, false, kDate, nullptr);
+    date->setAccessibleName("Date"); // there is no text to be read aloud
+    date->SetTipsTxt("Choose a day");
+    QObject::connect(date, &CBPImageButton::btn_released, log,
                      [log](int id) { log->setText(QString("Button %1 was released").arg(id)); });
-    return remove;
+    return date;
 }
 //! [image]
 
@@ -92,9 +92,8 @@ int main(int argc, char *argv[])
     off->setEnabled(false);
     row->setSpacing(12);
     row->addStretch();
-    for (QWidget *button :
-         {static_cast<QWidget *>(saveButton(log)), static_cast<QWidget *>(off),
-          static_cast<QWidget *>(menuButton(log)), static_cast<QWidget *>(deleteButton(log))})
+    for (QWidget *button : {static_cast<QWidget *>(saveButton(log)), static_cast<QWidget *>(off),
+                            static_cast<QWidget *>(menuButton(log)), static_cast<QWidget *>(dateButton(log))})
         row->addWidget(button);
     row->addStretch();
     column->addStretch();
@@ -102,7 +101,7 @@ int main(int argc, char *argv[])
     column->addSpacing(16);
     column->addWidget(log, 0, Qt::AlignHCenter);
     column->addStretch();
-    window.resize(560, 260);
+    window.resize(600, 260);
     window.show();
     return application.exec();
 }

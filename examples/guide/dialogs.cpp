@@ -59,7 +59,7 @@ public:
         AppendContent(m_address, false, false, 8);
         AppendContent(m_hint, false, false, 0);
         AppendBtn(Ok | Cancel);
-        setFixedSize(440, 290);
+        setFixedSize(440, 264);
     }
 
     QString address() const { return m_address->text(); }

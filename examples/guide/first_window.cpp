@@ -21,7 +21,7 @@ public:
         m_edit->setTextMargin(16, 12, 16, 12); // pixels
         m_edit->setFrameShape(QFrame::NoFrame);
         setCentralWidget(m_edit); // the window owns it now
-        resize(480, 300);
+        resize(560, 360);
     }
     //! [window]
 
@@ -48,7 +48,8 @@ private:
     bool mayLose()
     {
         const QPointer<CMsgBox> box(new CMsgBox(this));
-        const int answer = box->message(1, "The note is not saved anywhere.", "Close it?", 0x800 | 0x1000);
+        const int answer =
+            box->message(1, "The note is not saved anywhere.", "Close it?", 0x800 | 0x1000, "Note");
         delete box;
         return answer == 0x800;
     }

@@ -17,20 +17,23 @@ class DetailsWindow : public CBPWinWidget
 public:
     explicit DetailsWindow(QWidget *parent) : CBPWinWidget(parent)
     {
-        Init(); // once, before anything else
+        SetShadowBorder(1); // room for the line around it; counts from Init() on
+        Init();             // once, before title and content
+        EnabledTitleRoundRc(false);
         SetMainBoxBorder(24, 20, 24, 20);
         SetWindowTitle("Details");
         ShowTitleBtn(2 | 8 | 512, true); // minimise, close, title
         AppendContent(new CBPLabel("Invoices", 16), false, false, 8);
         AppendContent(new CBPLabel("38 files, 12 MB", 14), false, false, 0);
-        resize(360, 200);
+        resize(360, 164);
     }
 
 protected:
     void paintEvent(QPaintEvent *) override
     {
-        const int border = isMaximized() ? 1 : shadowBorder();
-        QPainter(this).fillRect(rect().adjusted(border, border, -border, -border), Qt::white);
+        QPainter painter(this); // the base paints nothing
+        painter.fillRect(rect(), QColor(0x22, 0x2a, 0x3e));
+        painter.fillRect(rect().adjusted(1, 1, -1, -1), Qt::white);
     }
 };
 //! [class]
