@@ -34,6 +34,21 @@ void installAccessible(const char *className, Maker make)
     QAccessible::installFactory(makeInterface);
 }
 
+QAccessibleInterface *makeGrouping(QWidget *widget)
+{
+    return new QAccessibleWidget(widget, QAccessible::Grouping);
+}
+
+void tellChecked(QWidget *widget)
+{
+    if (!QAccessible::isActive())
+        return;
+    QAccessible::State changed;
+    changed.checked = true;
+    QAccessibleStateChangeEvent event(widget, changed);
+    QAccessible::updateAccessibility(&event);
+}
+
 AccessibleButton::AccessibleButton(QAbstractButton *button, std::function<QString()> ownName)
     : QAccessibleWidget(button, QAccessible::PushButton), m_ownName(std::move(ownName))
 {
@@ -86,6 +101,14 @@ void AccessibleButton::doAction(const QString &action)
 bool AccessiblePressable::canPress() const
 {
     return widget() && widget()->isEnabled() && isPressable();
+}
+
+QString AccessiblePressable::text(QAccessible::Text kind) const
+{
+    if (kind != QAccessible::Name || !widget() || !widget()->accessibleName().isEmpty())
+        return QAccessibleWidget::text(kind);
+    const QString name = ownName();
+    return name.isEmpty() ? widget()->toolTip() : name;
 }
 
 QStringList AccessiblePressable::actionNames() const

@@ -13,6 +13,12 @@ namespace lumqt {
 // A second source for a class is ignored, so a constructor may call this each time.
 void installAccessible(const char *className, QAccessibleInterface *(*make)(QWidget *widget));
 
+// The interface of a widget that only holds others together: a group.
+QAccessibleInterface *makeGrouping(QWidget *widget);
+
+// Says that the check mark of `widget`, or what stands for it, has changed.
+void tellChecked(QWidget *widget);
+
 // A push button whose name, where the application set none, its class knows.
 class AccessibleButton : public QAccessibleWidget
 {
@@ -36,10 +42,13 @@ class AccessiblePressable : public QAccessibleWidget
 public:
     AccessiblePressable(QWidget *widget, QAccessible::Role role) : QAccessibleWidget(widget, role) {}
 
+    QString text(QAccessible::Text kind) const override;
     QStringList actionNames() const override;
     void doAction(const QString &action) override;
 
 protected:
+    // Its name where the application set none; the tool tip where this is empty.
+    virtual QString ownName() const { return QString(); }
     // Whether it can be pressed at all; a disabled widget never can.
     virtual bool isPressable() const { return true; }
     virtual void press() = 0;
