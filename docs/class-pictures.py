@@ -55,13 +55,18 @@ def class_source(name):
 
 
 def page_source(pictures):
+    def html(text):
+        return f"\\htmlonly {text} \\endhtmlonly\n\n"
+
     tiles = "".join(
-        f'<div class="lq-tile">\n\\image html {name}.png\n\n\\ref {name}\n\n\\copybrief {name}\n</div>\n'
+        html(f'<div class="lq-tile"><a href="class{name}.html"><img src="{name}.png" alt=""/></a>')
+        + f"\\ref {name}\n\n\\copybrief {name}\n\n"
+        + html("</div>")
         for name in pictures
     )
     return (
-        "/** \\page pictures Classes in pictures\n\nThe widgets of the library as they look without any"
-        f' settings of an application.\n\n<div class="lq-grid">\n{tiles}</div>\n*/\n'
+        "/** \\page pictures Classes in pictures\n\nA part of the gallery for each class."
+        "\n\n" + html('<div class="lq-grid">') + tiles + html("</div>") + "*/\n"
     )
 
 

@@ -35,6 +35,10 @@ say "Checking the pictures"
 python3 docs/class-pictures.py include "$pictures" docs/no-picture.txt "$output/generated" ||
   fail "pictures and classes do not match"
 
+# A class's page begins with what the class is, and its picture; the lists of members follow.
+doxygen -l "$output/layout.xml"
+description='<detaileddescription title="Description"/>'
+sed -i "/<class>/,/<\/class>/{/<detaileddescription/d;s|<briefdescription.*|$description|}" "$output/layout.xml"
 say "Running Doxygen $(doxygen --version)"
 doxygen docs/Doxyfile || fail "Doxygen has something to say"
 [ -s "$output/html/index.html" ] || fail "Doxygen wrote no main page"
