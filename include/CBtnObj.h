@@ -140,17 +140,17 @@ protected:
     /// \since 1.0
     QColor paintedTextColor(int index) const;
 
-    int m_state = 0;
-    bool m_focus = false;
-    QVector<QColor> m_bgColor;
-    QVector<QColor> m_frmColor;
-    QVector<QColor> m_textColor;
-    QVector<QColor> m_focusColor;
-    QVector<QColor> m_triangleColor;
-    QVector<int> m_roundRadius;
-    QColor m_checkedBgColor;
-    QColor m_checkedFrmColor;
-    int m_frmWidth = 1;
-    bool m_frmTrancent = false;
-    QMargins m_removeMargin;
+    int m_state = 0;                 ///< what state() answers
+    bool m_focus = false;            ///< what IsFocus() answers
+    QVector<QColor> m_bgColor;       ///< backgrounds, one per state
+    QVector<QColor> m_frmColor;      ///< frame colours, one per state
+    QVector<QColor> m_textColor;     ///< text colours, one per state
+    QVector<QColor> m_focusColor;    ///< focus colours, one per state
+    QVector<QColor> m_triangleColor; ///< colours of the drop-down triangle, one per state
+    QVector<int> m_roundRadius;      ///< corner radii, horizontal and vertical, in pixels
+    QColor m_checkedBgColor;         ///< background of the checked look; invalid paints none
+    QColor m_checkedFrmColor;        ///< frame of the checked look; invalid paints none
+    int m_frmWidth = 1;              ///< frame width in pixels
+    bool m_frmTrancent = false;      ///< no frame around a square button
+    QMargins m_removeMargin;         ///< cut off the widget before painting, in pixels
 };

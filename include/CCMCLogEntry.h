@@ -12,7 +12,11 @@ public:
     /// Names of fewer than 200 bytes are kept whole, longer ones are cut; a null name is an empty one.
     /// \since 1.0
     CCMCLogEntry(const char *name, void *context);
+    /// Copies the name and the pointer, not what it points to.
+    /// \since 1.0
     CCMCLogEntry(const CCMCLogEntry &other) = default;
+    /// Copies the name and the pointer, not what it points to.
+    /// \since 1.0
     CCMCLogEntry &operator=(const CCMCLogEntry &other) = default;
     virtual ~CCMCLogEntry();
 

@@ -21,7 +21,11 @@ public:
 
 protected:
     ITWObject() = default;
+    /// Copies nothing: an interface has no state.
+    /// \since 1.0
     ITWObject(const ITWObject &) = default;
+    /// Assigns nothing: an interface has no state.
+    /// \since 1.0
     ITWObject &operator=(const ITWObject &) = default;
 };
 

@@ -8,6 +8,9 @@
 
 #include <QtGlobal>
 
+/// \def LUMQT_EXPORT
+/// Marks what the library exports. An application has no use for it.
+/// \since 1.0
 #if defined(LUMQT_BUILD_LIBRARY)
 #define LUMQT_EXPORT Q_DECL_EXPORT
 #else

@@ -1,0 +1,45 @@
+#!/usr/bin/env bash
+# Builds the guide and the reference into build/docs/html, with pictures of the classes.
+#   build-docs.sh              takes the pictures of the gallery
+#   build-docs.sh PICTURES     takes those of a folder, one PNG per class, named after it
+# Installs what is missing with apt. What Doxygen warns of is an error.
+set -euo pipefail
+here=$(cd "$(dirname "$0")" && pwd)
+# shellcheck source=scripts/common.sh
+. "$here/common.sh"
+
+usage="usage: build-docs.sh [PICTURES]"
+[ $# -le 1 ] || fail "$usage"
+given=${1:-}
+if [ -n "$given" ]; then
+  case $given in -*) fail "$usage" ;; esac
+  [ -d "$given" ] || fail "there is no folder $given"
+  given=$(cd "$given" && pwd)
+fi
+
+cd "$here/.."
+ensure_packages doxygen python3
+output=build/docs
+pictures=$output/pictures
+# Nothing of an earlier run is to be taken for new.
+rm -rf "$output"
+mkdir -p "$pictures" "$output/generated"
+if [ -n "$given" ]; then
+  say "Taking the pictures of $given"
+  find "$given" -maxdepth 1 -name '*.png' -exec cp {} "$pictures" ';'
+else
+  "$here/run-gallery.sh" --class-pictures "$pictures"
+fi
+
+say "Checking the pictures"
+python3 docs/class-pictures.py include "$pictures" docs/no-picture.txt "$output/generated" ||
+  fail "pictures and classes do not match"
+
+# A class's page begins with what the class is, and its picture; the lists of members follow.
+doxygen -l "$output/layout.xml"
+description='<detaileddescription title="Description"/>'
+sed -i "/<class>/,/<\/class>/{/<detaileddescription/d;s|<briefdescription.*|$description|}" "$output/layout.xml"
+say "Running Doxygen $(doxygen --version)"
+doxygen docs/Doxyfile || fail "Doxygen has something to say"
+[ -s "$output/html/index.html" ] || fail "Doxygen wrote no main page"
+say "Done: $PWD/$output/html/index.html"
