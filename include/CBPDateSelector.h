@@ -63,7 +63,5 @@ private:
     QPointer<QCalendarWidget> m_pCalendar;
     QPointer<CBPTipWnd> m_pTipWnd; // a child of the button, so it may be gone first
     QPointer<CBPBox> m_pBox;
-    QPointer<QWidget> m_pFocusBefore; // before the calendar opened
-    bool m_bGivesFocusBack = false;   // when the calendar hides next
-    int m_iPicks = 0;                 // that the calendar is busy with
+    int m_iPicks = 0; // that the calendar is busy with
 };

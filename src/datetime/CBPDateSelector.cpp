@@ -21,11 +21,19 @@ const QMargins kMargins(1, 1, 5, 1);
 const QMargins kCalendarMargins(1, 1, 1, 1);
 constexpr int kTextInset = 4;
 constexpr int kButtonId = 255;
-const QDate kFirstDate(1980, 1, 1);
-const QDate kLastDate(2099, 12, 31);
 const char *const kButtonImages[] = {"../res/icon_log_calendar.png", "../res/icon_log_calendar_hover.png",
                                      "../res/icon_log_calendar_press.png",
                                      "../res/icon_log_calendar_disable.png"};
+
+QDate firstDate()
+{
+    return QDate(1980, 1, 1);
+}
+
+QDate lastDate()
+{
+    return QDate(2099, 12, 31);
+}
 
 QAccessibleInterface *makeAccessible(QWidget *widget)
 {
@@ -82,7 +90,7 @@ void CBPDateSelector::Layout(QWidget *parent)
 
     m_pDateEdit = new DateField(parent);
     m_pDateEdit->setDisplayFormat(m_pDateEdit->displayFormat().remove(QLatin1String("dddd")));
-    m_pDateEdit->setDateRange(kFirstDate, kLastDate);
+    m_pDateEdit->setDateRange(firstDate(), lastDate());
     m_pDateEdit->setAccessibleName(tr("Date"));
     m_pDateEdit->installEventFilter(this);
     connect(m_pDateEdit, SIGNAL(editingFinished()), this, SLOT(onDateEditFinish()));
@@ -129,9 +137,6 @@ void CBPDateSelector::OnCalendarBtn(int)
         m_pCalendar->setSelectedDate(m_pDateEdit->date());
         m_pCalendar->showSelectedDate(); // also where another month was left open
     }
-    QWidget *focus = window()->focusWidget();
-    m_pFocusBefore = focus && isAncestorOf(focus) ? focus : m_pDateEdit.data();
-    m_bGivesFocusBack = false;
     // A window that is not shown yet cannot be activated.
     m_pTipWnd->show();
     m_pTipWnd->activateWindow();
@@ -145,7 +150,7 @@ void CBPDateSelector::CreateCalendar()
         return;
     m_pCalendar = new lumqt::CalendarPane(tr("Previous month"), tr("Next month"));
     m_pCalendar->setAccessibleName(tr("Calendar"));
-    m_pCalendar->setDateRange(kFirstDate, kLastDate);
+    m_pCalendar->setDateRange(firstDate(), lastDate());
     connect(m_pCalendar, SIGNAL(activated(const QDate &)), this, SLOT(onCalendarActived(const QDate &)));
     connect(m_pCalendar, SIGNAL(clicked(const QDate &)), this, SLOT(onCalendarClicked(const QDate &)));
 
@@ -176,8 +181,9 @@ void CBPDateSelector::UpdateDate(const QDate &date)
     ++m_iPicks;
     m_pDateEdit->setDate(date);
     if (alive && m_pTipWnd && m_pTipWnd->isVisible()) {
-        m_bGivesFocusBack = true;
-        m_pTipWnd->hide();
+        giveFocusBack();
+        if (alive && m_pTipWnd)
+            m_pTipWnd->hide();
     }
     if (alive)
         onDateEditFinish();
@@ -199,9 +205,7 @@ bool CBPDateSelector::eventFilter(QObject *watched, QEvent *event)
     // widgets.
     if (qobject_cast<CBPTipWnd *>(watched)) {
         if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape)
-            m_bGivesFocusBack = true; // the window hides on it
-        else if (event->type() == QEvent::Hide && m_bGivesFocusBack)
-            giveFocusBack();
+            giveFocusBack(); // then it hides
         return false;
     }
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
@@ -225,15 +229,13 @@ bool CBPDateSelector::opensCalendar(QEvent *event)
     return true;
 }
 
-// When it was closed by key or by a pick; somebody who clicks elsewhere has said where the focus goes.
+// Our window remembers which of its widgets had the focus. It is activated while the calendar still shows:
+// a window system that loses its active window may think of another one first. Somebody who clicks elsewhere
+// has said where the focus goes.
 void CBPDateSelector::giveFocusBack()
 {
-    m_bGivesFocusBack = false;
-    QWidget *target = m_pFocusBefore ? m_pFocusBefore.data() : m_pDateEdit.data();
-    if (!target || !isVisible())
-        return;
-    window()->activateWindow();
-    target->setFocus(Qt::PopupFocusReason);
+    if (isVisible())
+        window()->activateWindow();
 }
 
 void CBPDateSelector::changeEvent(QEvent *event)

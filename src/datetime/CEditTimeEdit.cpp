@@ -67,7 +67,6 @@ CEditTimeEditItem *CEditTimeEdit::appendItem()
         // Tab follows the row; otherwise what is made last comes last, after the add button.
         setTabOrder(before->m_pDelBtn, item->m_pTimeEdit);
         setTabOrder(item->m_pTimeEdit, item->m_pDelBtn);
-        setTabOrder(item->m_pDelBtn, m_pAddBtn);
     }
     nameItems();
     return item;

@@ -43,7 +43,7 @@ bool xComposited()
 }
 
 constexpr qint64 kFileTimeSteps = 10000000; // in a second
-constexpr qint64 kSecondsOfDay = 24 * 60 * 60;
+constexpr qint64 kSecondsOfDay = 86400;
 constexpr qint64 kDaysOf400Years = 146097;
 
 tm brokenDown(time_t moment)
