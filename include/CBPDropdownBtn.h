@@ -20,9 +20,10 @@ class CachedText;
 
 /// A button that drops a menu down: a text, an icon before it if wanted, and a triangle at the right.
 ///
-/// A press anywhere on it opens the menu right below. A split button opens it by the part with the triangle
-/// only; its other part is a button of its own, which reports sigBtnClicked(). Space and Enter do what a
-/// press on the text does; Down, Alt+Down and F4 open the menu always. Without a menu nothing opens.
+/// A press anywhere on it opens the menu right below, or above where the screen ends. A split button opens it
+/// by the part with the triangle only; its other part is a button of its own, which reports sigBtnClicked().
+/// Space and Enter do what a press on the text does; Down, Alt+Down and F4 open the menu always. Without a
+/// menu nothing opens. Hiding the button closes its menu.
 ///
 /// The button is 28 pixels high. Colours, corner radii and the flag for the frame are those of the CBtnObj it
 /// carries, the triangle's included; a list without four entries is put aside for the built-in colours. The
@@ -90,7 +91,8 @@ public:
     int bindId() const;
 
     /// Opens the menu, as a press on the triangle does, and returns once it is closed. The button may be
-    /// gone then. Without a menu, and while it is open, nothing happens. \since 1.0
+    /// gone then. Without a menu, while it is open, and on a disabled button nothing
+    /// happens. \since 1.0
     void OpenMenu();
 
     /// The size at which all of the text is shown.
@@ -120,6 +122,7 @@ protected:
     void enterEvent(QEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void changeEvent(QEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private Q_SLOTS:
@@ -131,6 +134,7 @@ private:
 
     static QAccessibleInterface *makeAccessible(QWidget *widget);
     CBPMenu *ownedMenu();
+    QPoint menuPosition() const;
     void look(int state);
     void rest();
     void activate();

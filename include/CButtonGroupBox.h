@@ -23,7 +23,7 @@ class LUMQT_EXPORT CButtonGroupBox : public CBPBox
 
 public:
     /// An empty group. Once control is back in the event loop it takes the height of its first button and
-    /// the frame, for good. \since 1.0
+    /// the frame, for good; a group that is still empty then keeps its height free. \since 1.0
     CButtonGroupBox(bool exclusive, QWidget *parent);
     ~CButtonGroupBox() override;
 

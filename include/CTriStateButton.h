@@ -12,10 +12,11 @@ class CachedText;
 
 /// A toggle button with three looks: plain, hovered and checked.
 ///
-/// A release of any mouse button, wherever the pointer is by then, flips it and emits clicked(), whose
-/// argument is always false: ask IsChecked(). Space, Enter where the button is its dialog's default button,
-/// and assistive tools do exactly the same, pressed() included; sigBtnClicked() and released() never come,
-/// except that click() emits released() as in every button. It is not "checkable" in QAbstractButton's
+/// In a dialog Enter is left to the dialog's own buttons, unless setDefault() or setAutoDefault() says
+/// otherwise. A release of any mouse button, wherever the pointer is by then, flips it and emits clicked(),
+/// whose argument is always false: ask IsChecked(). Space, Enter where the button is its dialog's default
+/// button, and assistive tools do exactly the same, pressed() included; sigBtnClicked() and released() never
+/// come, except that click() emits released() as in every button. It is not "checkable" in QAbstractButton's
 /// sense: isChecked() and toggled() take no part. Screen readers are told of a check box, or of a plain
 /// button when it never toggles.
 ///

@@ -11,12 +11,12 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScreen>
 
 namespace {
 
 // Look and metrics, in logical pixels.
 const QColor kFocusFrameColor(75, 167, 245);
-const QColor kArrowColor(0x22, 0x8f, 0xc2); // where the record has none
 constexpr int kHeight = 28;
 constexpr int kPadding = 12; // left of the content
 constexpr int kIconSize = 16;
@@ -30,6 +30,8 @@ constexpr int kDividerInset = 6;  // from the upper and the lower edge
 constexpr int kDividerAlpha = 96; // of the text colour
 constexpr int kFocusRingWidth = 2;
 constexpr int kMenuGap = 2; // between button and menu
+
+constexpr int kStates = 4;
 
 enum State { Normal = 0, Hover = 1, Pressed = 2, Disabled = 3 };
 
@@ -181,14 +183,26 @@ void CBPDropdownBtn::OnActionTriggered(QAction *pAct)
         emit sigActionTriggered(item);
 }
 
+// Below the button, or above it at the end of the screen: Qt would move the menu over the button, under the
+// mouse that opened it.
+QPoint CBPDropdownBtn::menuPosition() const
+{
+    const QPoint below = mapToGlobal(QPoint(0, height() + kMenuGap));
+    const QRect screenRect = screen()->availableGeometry();
+    const int menuHeight = m_menu->sizeHint().height();
+    const int above = mapToGlobal(QPoint(0, 0)).y() - kMenuGap - menuHeight;
+    const bool fitsBelow = below.y() + menuHeight - 1 <= screenRect.bottom();
+    return fitsBelow || above < screenRect.top() ? below : QPoint(below.x(), above);
+}
+
 void CBPDropdownBtn::OpenMenu()
 {
-    if (!m_menu || m_menuOpen)
+    if (!m_menu || m_menuOpen || !isEnabled())
         return;
     const QPointer<CBPDropdownBtn> alive(this);
     m_menuOpen = true;
     look(Pressed);
-    m_menu->exec(mapToGlobal(QPoint(0, height() + kMenuGap)));
+    m_menu->exec(menuPosition());
     if (!alive)
         return;
     m_menuOpen = false;
@@ -255,13 +269,18 @@ void CBPDropdownBtn::keyPressEvent(QKeyEvent *event)
         if (!event->isAutoRepeat())
             activate();
         return;
-    case Qt::Key_Down:
     case Qt::Key_F4:
+        if (event->modifiers() & ~Qt::KeypadModifier) // Alt+F4 and Ctrl+F4 close windows
+            break;
+        OpenMenu();
+        return;
+    case Qt::Key_Down:
         OpenMenu();
         return;
     default:
-        QWidget::keyPressEvent(event);
+        break;
     }
+    QWidget::keyPressEvent(event);
 }
 
 void CBPDropdownBtn::keyReleaseEvent(QKeyEvent *event)
@@ -316,6 +335,15 @@ void CBPDropdownBtn::changeEvent(QEvent *event)
         rest();
     }
     QWidget::changeEvent(event);
+}
+
+void CBPDropdownBtn::hideEvent(QHideEvent *event)
+{
+    const QPointer<CBPDropdownBtn> alive(this);
+    if (m_menuOpen && m_menu)
+        m_menu->hide(); // it would stay on the screen without its button
+    if (alive)
+        QWidget::hideEvent(event);
 }
 
 // ------------------------------------------------------------------------------------------------------------
@@ -391,8 +419,8 @@ void CBPDropdownBtn::drawContent(QPainter &painter, int index)
         const QRectF place(arrow.left(), kDividerInset, 1, height() - 2 * kDividerInset);
         painter.fillRect(lumqt::wholeDevicePixels(painter, place), line);
     }
-    const QColor own = m_triangleColor.size() > Disabled ? triangleColor(index) : QColor();
+    const QColor own = m_triangleColor.size() == kStates ? triangleColor(index) : QColor();
     lumqt::drawDropTriangle(
         painter, QPointF(arrow.left() + (arrow.width() - kArrowWidth) / 2, (height() - kArrowHeight) / 2),
-        kArrowWidth, kArrowHeight, own.isValid() ? own : kArrowColor);
+        kArrowWidth, kArrowHeight, own.isValid() ? own : CBtnObj().triangleColor(index));
 }

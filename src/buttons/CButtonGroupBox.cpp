@@ -94,8 +94,12 @@ void CButtonGroupBox::slotBtnClicked(int id)
 
 void CButtonGroupBox::slotResizeWidget()
 {
-    if (!m_buttons.isEmpty() && m_buttons.first())
-        setFixedHeight(m_buttons.first()->height() + 2 * kLineWidth);
+    for (const CBPPushBtn *button : qAsConst(m_buttons)) {
+        if (button) { // the first that the application has left
+            setFixedHeight(button->height() + 2 * kLineWidth);
+            return;
+        }
+    }
 }
 
 void CButtonGroupBox::paintEvent(QPaintEvent *event)

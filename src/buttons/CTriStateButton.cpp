@@ -73,6 +73,7 @@ CTriStateButton::CTriStateButton(QString text, bool locked, bool noToggle, QWidg
       m_label(std::make_unique<lumqt::CachedText>())
 {
     lumqt::installAccessible(staticMetaObject.className(), makeAccessible);
+    setAutoDefault(false); // Enter in a dialog is for its real buttons, as beside a check box
     // Three on purpose, one per look; there is no colour for "disabled" to set. Not by the setter, which
     // warns of lists without four.
     m_textColor = {kPlainTextColor, m_hoverColor, m_checkedColor};

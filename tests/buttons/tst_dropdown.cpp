@@ -4,6 +4,7 @@
 #include "Pixels.h"
 #include "TestMain.h"
 
+#include <QScreen>
 #include <QSignalSpy>
 #include <QWindow>
 
@@ -84,6 +85,16 @@ private slots:
         });
         QTest::keyClick(&button, Qt::Key_F4);
         QCOMPARE(shown.count(), 1);
+        QTimer::singleShot(50, button.GetMenu(), &QMenu::close); // in case they open it
+        for (const Qt::KeyboardModifier with : {Qt::AltModifier, Qt::ControlModifier}) {
+            QKeyEvent key(QEvent::KeyPress, Qt::Key_F4, with); // closes windows
+            QCoreApplication::sendEvent(&button, &key);
+            QVERIFY(!key.isAccepted());
+        }
+        button.setEnabled(false);
+        button.OpenMenu();
+        button.setEnabled(true);
+        QCOMPARE(shown.count(), 1);
 
         // Released elsewhere, or over the triangle, a press on the text is nothing.
         for (const QPoint &at : {QPoint(5, 300), QPoint(button.width() - 10, 10)}) {
@@ -95,6 +106,28 @@ private slots:
         sendFocus(button, QEvent::FocusOut);
         sendMouse(button, QEvent::MouseButtonRelease);
         QVERIFY(clicked.isEmpty());
+    }
+
+    void menuLeavesTheButtonFree()
+    {
+        CBPDropdownBtn button(QStringLiteral("Sort"), 9);
+        button.AppendMenuItem(QString(), QStringLiteral("One"), 11);
+        const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+        for (const int y : {screen.top() + 50, screen.bottom() - 60}) {
+            button.move(screen.left() + 50, y);
+            button.show();
+            QRect place;
+            bool left = true;
+            whileOpen(this, button.GetMenu(), [&](CBPMenu *menu) {
+                place = menu->geometry();
+                button.hide();
+                left = menu->isVisible();
+            });
+            button.OpenMenu();
+            QVERIFY(place.isValid() && screen.contains(place));
+            QVERIFY(!place.intersects(QRect(button.mapToGlobal(QPoint(0, 0)), button.size())));
+            QVERIFY(!left);
+        }
     }
 
     void lifetimes()
@@ -134,6 +167,9 @@ private slots:
                 const QImage image = button.grab().toImage();
                 if (count == 4)
                     QCOMPARE(image.pixelColor(3, 14), four[state]);
+                const QColor builtIn(state == 3 ? "#a0a0a0" : "#228fc2");
+                if (count != 5)
+                    QCOMPARE(image.pixelColor(87, 13), count == 4 ? four[state] : builtIn);
             }
         }
     }

@@ -1,9 +1,11 @@
 #include "Acts.h"
 #include "CButtonGroupBox.h"
 #include "CTriStateButton.h"
+#include "foundation/Painting.h"
 #include "Pixels.h"
 #include "TestMain.h"
 
+#include <QDialog>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QSignalSpy>
@@ -271,6 +273,37 @@ private slots:
         }
     }
 
+    void groupOutlivesItsFirstButton()
+    {
+        CButtonGroupBox group(true, nullptr);
+        delete group.AddButton(1, QStringLiteral("x"), QString());
+        group.AddButton(2, QStringLiteral("y"), QString());
+        QCoreApplication::processEvents();
+        QCOMPARE(group.maximumHeight(), 30);
+    }
+
+    // A dialog makes its first button the one that Enter presses.
+    void enterIsTheDialogs()
+    {
+        QDialog dialog;
+        auto *layout = new QHBoxLayout(&dialog);
+        auto *toggle = new CTriStateButton(QStringLiteral("x"), false, false, nullptr);
+        auto *group = new CButtonGroupBox(true, nullptr);
+        QPushButton ok;
+        for (QWidget *each :
+             {static_cast<QWidget *>(toggle), static_cast<QWidget *>(group), static_cast<QWidget *>(&ok)})
+            layout->addWidget(each);
+        CBPPushBtn *first = group->AddButton(1, QStringLiteral("y"), QString());
+        QSignalSpy chosen(group, &CButtonGroupBox::sigBtnClicked);
+        QSignalSpy accepted(&ok, &QPushButton::clicked);
+        dialog.show();
+        for (QWidget *from :
+             {static_cast<QWidget *>(&dialog), static_cast<QWidget *>(toggle), static_cast<QWidget *>(first)})
+            QTest::keyClick(from, Qt::Key_Return);
+        QCOMPARE(accepted.count(), 3);
+        QVERIFY(chosen.isEmpty() && !toggle->IsChecked());
+    }
+
     void groupIsOneTabStop()
     {
         QWidget window;
@@ -295,7 +328,7 @@ private slots:
             return window.focusWidget();
         };
         QCOMPARE(press(Qt::Key_Tab), buttons[0]);
-        const QColor ring(75, 167, 245);
+        const QColor ring(lumqt::kFocusRingColor);
         QVERIFY(!boxOf(buttons[0]->grab().toImage(), ring).isEmpty());
         QCOMPARE(press(Qt::Key_Left), buttons[0]);
         QCOMPARE(press(Qt::Key_Up), buttons[0]);

@@ -11,6 +11,7 @@
 #include <QTemporaryDir>
 
 #include <climits>
+#include <functional>
 #include <limits>
 
 namespace {
@@ -230,6 +231,33 @@ private slots:
         button.SetArrowSize(INT_MIN, INT_MAX);
         button.setFixedSize(60, 30);
         QVERIFY(!button.grab().isNull());
+    }
+
+    // Which setters size the button: a font that has grown since shows it.
+    void sizingSetters()
+    {
+        const auto width = [](const std::function<void(CBPToolButton &)> &set) {
+            CBPToolButton button(QStringLiteral("Some text"), 1, ENAlignLeft, true);
+            button.AppendMenuItem(QString(), QStringLiteral("One"), 1);
+            button.setPixelSize(40);
+            set(button);
+            return button.minimumWidth();
+        };
+        CBPMenu menu;
+        QColor color(Qt::red);
+        const int before = width([](CBPToolButton &) {});
+        const int after = width([](CBPToolButton &b) { b.SetText(QStringLiteral("Some text")); });
+        QVERIFY(after > before + 50);
+        QCOMPARE(width([&](CBPToolButton &b) { b.SetTextColor(color); }), after);
+        QCOMPARE(width([&](CBPToolButton &b) { b.SetTextColor(kFour); }), after);
+        QCOMPARE(width([&](CBPToolButton &b) { b.SetSpacing(9); }), after + 4);
+        QCOMPARE(width([&](CBPToolButton &b) { b.SetHorBorder(11, 12); }), after + 3);
+        QCOMPARE(width([&](CBPToolButton &b) { b.SetMenu(&menu); }), after);
+        QCOMPARE(width([&](CBPToolButton &b) { b.AppendSubMenu(&menu); }), after);
+        QCOMPARE(width([&](CBPToolButton &b) { b.SetArrowSize(60, 4); }), before);
+        QCOMPARE(width([&](CBPToolButton &b) { b.SetTextFont(QString(), 50); }), before);
+        QCOMPARE(width([&](CBPToolButton &b) { b.setAutoResize(true); }), before);
+        QCOMPARE(width([&](CBPToolButton &b) { b.SetState(ENStateHover); }), before);
     }
 
     // Where image and triangle lie, by their colours.
