@@ -39,3 +39,14 @@ inline QRect inkOf(const QImage &image)
     }
     return box;
 }
+
+// For the message of a QVERIFY2: what QTest::toString() makes there, nobody frees.
+inline QByteArray wordsOf(const QRect &box)
+{
+    return QStringLiteral("%1,%2 %3x%4")
+        .arg(box.x())
+        .arg(box.y())
+        .arg(box.width())
+        .arg(box.height())
+        .toUtf8();
+}

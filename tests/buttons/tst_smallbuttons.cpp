@@ -145,7 +145,7 @@ private Q_SLOTS:
         for (const auto &row : rows) {
             clicks.clear();
             QTest::mouseClick(&button, Qt::LeftButton, Qt::NoModifier, row.at);
-            QVERIFY2(clicks.size() == row.clicks, QTest::toString(row.at));
+            QVERIFY2(clicks.size() == row.clicks, wordsOf(QRect(row.at, QSize())));
         }
         button.SetDiameter(INT_MIN);
         QCOMPARE(button.size(), QSize(1, 1));
@@ -168,9 +168,8 @@ private Q_SLOTS:
             const QRect triangle = boxOf(image, kArrow);
             const QRect text = inkOf(image.copy(0, 0, triangle.left() - 1, 28));
             QVERIFY2(triangle.left() - text.right() >= 4 && triangle.left() - text.right() <= 12,
-                     QTest::toString(text));
-            QVERIFY2(qAbs(text.left() - (button.width() - 1 - triangle.right())) <= 5,
-                     QTest::toString(triangle));
+                     wordsOf(text));
+            QVERIFY2(qAbs(text.left() - (button.width() - 1 - triangle.right())) <= 5, wordsOf(triangle));
         }
         button.setText(QString());
         QVERIFY(qAbs(boxOf(button.grab().toImage(), kArrow).center().x() - button.width() / 2) <= 1);
