@@ -27,15 +27,26 @@ inline QRect boxOf(const QImage &image, const QColor &color)
     return box;
 }
 
-// The smallest rectangle around all pixels that are darker than a mid tone: text, black or antialiased.
-inline QRect inkOf(const QImage &image)
+// The smallest rectangle around all pixels that are darker than `lightest`: text, black or antialiased.
+inline QRect inkOf(const QImage &image, int lightest = 100)
 {
     QRect box;
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
-            if (qGray(image.pixel(x, y)) < 100)
+            if (qGray(image.pixel(x, y)) < lightest)
                 box |= QRect(x, y, 1, 1);
         }
     }
     return box;
+}
+
+// For the message of a QVERIFY2: what QTest::toString() makes there, nobody frees.
+inline QByteArray wordsOf(const QRect &box)
+{
+    return QStringLiteral("%1,%2 %3x%4")
+        .arg(box.x())
+        .arg(box.y())
+        .arg(box.width())
+        .arg(box.height())
+        .toUtf8();
 }

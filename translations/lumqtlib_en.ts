@@ -25,6 +25,20 @@
     </message>
 </context>
 <context>
+    <name>CAddBtn</name>
+    <message>
+        <source>Add</source>
+        <translation>Add</translation>
+    </message>
+</context>
+<context>
+    <name>CBPGradientProgressBar</name>
+    <message>
+        <source>%1%</source>
+        <translation>%1%</translation>
+    </message>
+</context>
+<context>
     <name>CBPPopWnd</name>
     <message>
         <source>Add</source>

@@ -6,8 +6,11 @@
 namespace {
 
 // Of the text in the states normal, hover, pressed, disabled.
-const QVector<QColor> kTextColors{QColor(60, 67, 75), QColor(42, 128, 132), QColor(29, 100, 104),
-                                  QColor(150, 158, 168)};
+QVector<QColor> textColors()
+{
+    return {QColor(60, 67, 75), QColor(42, 128, 132), QColor(29, 100, 104), QColor(150, 158, 168)};
+}
+
 // Metrics, in logical pixels.
 constexpr int kGap = 8;      // between image and a text beside it
 constexpr int kGapBelow = 4; // and a text below it
@@ -52,7 +55,7 @@ void CBPImageTextBtn::arrange()
     // The base puts the text of the other arrangement at the very left edge, where the focus ring is, and
     // the image where it was.
     const QString space = m_below && !m_label.isEmpty() ? QStringLiteral(" ") : QString();
-    SetText(space + m_label + space, lumqt::uiFont(), kTextColors, !m_below, m_below ? kGapBelow : kGap,
+    SetText(space + m_label + space, lumqt::uiFont(), textColors(), !m_below, m_below ? kGapBelow : kGap,
             m_below ? 0 : kMargin);
     const QSize room = m_below ? GetSize() - m_imageSize : QSize(0, 0);
     if (m_below)

@@ -19,8 +19,8 @@ namespace {
 // Look and metrics, in logical pixels.
 const QColor kGradientStart(58, 204, 252);
 const QColor kGradientEnd(73, 167, 245);
-const QColor kTrackColor(Qt::white);
-const QColor kTextColor(Qt::black);
+const QColor kTrackColor(255, 255, 255);
+const QColor kTextColor(0, 0, 0);
 constexpr int kHeight = 8;
 constexpr qreal kRadius = 4;
 constexpr qreal kHighlightRadius = 2;

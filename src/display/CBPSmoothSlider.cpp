@@ -10,7 +10,7 @@ namespace {
 
 // Look and metrics, in logical pixels.
 const QColor kHandleColor(73, 167, 245); // also of a disabled slider
-const QColor kValueColor(Qt::black);
+const QColor kValueColor(0, 0, 0);
 constexpr int kHeight = 44;
 constexpr int kEndInset = 7; // of the outer ticks
 constexpr int kValueBaseline = 13;

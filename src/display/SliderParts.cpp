@@ -39,7 +39,7 @@ public:
 
     QString text(QAccessible::Text kind) const override
     {
-        const QString own = QAccessibleWidget::text(kind);
+        QString own = QAccessibleWidget::text(kind);
         if (!m_slider || !own.isEmpty())
             return own;
         if (kind == QAccessible::Value) {
@@ -72,7 +72,7 @@ private:
     QPointer<SpokenSlider> m_slider;
 };
 
-SpokenSlider::SpokenSlider(QWidget *owner, std::function<QString()> spokenValue)
+SpokenSlider::SpokenSlider(std::function<QString()> spokenValue)
     : QSlider(Qt::Horizontal), m_spokenValue(std::move(spokenValue))
 {
     installAccessible("lumqt::SpokenSlider", &Accessible::make);
@@ -80,7 +80,6 @@ SpokenSlider::SpokenSlider(QWidget *owner, std::function<QString()> spokenValue)
     setLayoutDirection(Qt::LeftToRight);
     setTickPosition(QSlider::TicksBelow);
     setFocusPolicy(Qt::StrongFocus);
-    installEventFilter(owner);
 }
 
 void SpokenSlider::showFocus(bool show)
@@ -139,7 +138,8 @@ void SpokenSlider::mouseReleaseEvent(QMouseEvent *event)
 
 SliderParts makeSliderParts(QWidget *owner, std::function<QString()> spokenValue)
 {
-    const SliderParts parts{new SpokenSlider(owner, std::move(spokenValue)), new QLabel};
+    const SliderParts parts{new SpokenSlider(std::move(spokenValue)), new QLabel};
+    parts.slider->installEventFilter(owner);
     parts.labelRow->installEventFilter(owner);
     QLayout *column = owner->layout();
     if (!column) {

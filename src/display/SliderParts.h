@@ -13,14 +13,14 @@ class QLabel;
 // the slider's owner paints. GUI thread only.
 namespace lumqt {
 
-// A slider that tells screen readers its owner's name and, as its value, what `spokenValue` says (the number
+// A slider that tells screen readers its parent's name and, as its value, what `spokenValue` says (the number
 // while that is empty), and knows whether its focus is to be shown.
 class SpokenSlider : public QSlider
 {
     Q_OBJECT
 
 public:
-    SpokenSlider(QWidget *owner, std::function<QString()> spokenValue);
+    explicit SpokenSlider(std::function<QString()> spokenValue);
 
     // Focused by somebody who uses the keyboard.
     bool showsFocus() const { return m_showsFocus; }

@@ -83,7 +83,7 @@ private Q_SLOTS:
             box.setLayoutDirection(direction);
             const QRect mark = boxOf(box.grab().toImage(), m_off[0]);
             QCOMPARE(mark.size(), QSize(10, 10));
-            QCOMPARE(mark.left(), direction == Qt::LeftToRight ? 2 : hint.width() - 12);
+            QCOMPARE(mark.left(), direction == Qt::LeftToRight ? 2 : box.width() - 12);
         }
         QTest::mouseClick(&box, Qt::LeftButton, Qt::NoModifier, QPoint(hint.width() - 2, 2));
         QVERIFY(box.isChecked());
@@ -145,7 +145,7 @@ private Q_SLOTS:
         for (const auto &row : rows) {
             clicks.clear();
             QTest::mouseClick(&button, Qt::LeftButton, Qt::NoModifier, row.at);
-            QVERIFY2(clicks.size() == row.clicks, QTest::toString(row.at));
+            QVERIFY2(clicks.size() == row.clicks, wordsOf(QRect(row.at, QSize())));
         }
         button.SetDiameter(INT_MIN);
         QCOMPARE(button.size(), QSize(1, 1));
@@ -166,11 +166,10 @@ private Q_SLOTS:
             button.resize(button.sizeHint().width() + extra, 28);
             const QImage image = button.grab().toImage();
             const QRect triangle = boxOf(image, kArrow);
-            const QRect text = inkOf(image.copy(0, 0, triangle.left() - 1, 28));
+            const QRect text = inkOf(image.copy(0, 0, triangle.left() - 1, 28), 200);
             QVERIFY2(triangle.left() - text.right() >= 4 && triangle.left() - text.right() <= 12,
-                     QTest::toString(text));
-            QVERIFY2(qAbs(text.left() - (button.width() - 1 - triangle.right())) <= 5,
-                     QTest::toString(triangle));
+                     wordsOf(text));
+            QVERIFY2(qAbs(text.left() - (button.width() - 1 - triangle.right())) <= 5, wordsOf(triangle));
         }
         button.setText(QString());
         QVERIFY(qAbs(boxOf(button.grab().toImage(), kArrow).center().x() - button.width() / 2) <= 1);

@@ -232,7 +232,7 @@ private Q_SLOTS:
         bar.resize(kWidth, 20);
         bar.setValue(0.2);
         const QRect ink = inkOf(bar.grab().toImage());
-        QVERIFY2(!ink.isEmpty() && qAbs(ink.center().x() - kWidth / 2) <= 12, QTest::toString(ink));
+        QVERIFY2(!ink.isEmpty() && qAbs(ink.center().x() - kWidth / 2) <= 12, wordsOf(ink));
     }
 };
 

@@ -111,7 +111,7 @@ private Q_SLOTS:
             QCOMPARE(slider.GetPosText(), labels[index]);
             const QRect handle = handleOf(slider);
             const int inset = index == 0 ? 8 : index == last ? -8 : 0;
-            QVERIFY2(qAbs(handle.center().x() - (at + inset)) <= 1, QTest::toString(handle));
+            QVERIFY2(qAbs(handle.center().x() - (at + inset)) <= 1, wordsOf(handle));
         }
         click(rowOf(slider), 300 / last / 2); // between two labels
         QCOMPARE(sliderOf(slider)->value(), 1);
@@ -225,10 +225,9 @@ private Q_SLOTS:
             const QRect handle = handleOf(slider);
             QVERIFY2(qAbs(handle.left() - row.x) <= 1 && qAbs(handle.right() - row.x - 13) <= 1 &&
                          qAbs(handle.center().y() - 22) <= 1,
-                     QTest::toString(handle));
+                     wordsOf(handle));
             const QRect ink = inkOf(sliderOf(slider)->grab(QRect(0, 0, 300, 14)).toImage());
-            QVERIFY2(!ink.isEmpty() && qAbs(ink.center().x() - qBound(4, row.x + 7, 296)) <= 9,
-                     QTest::toString(ink));
+            QVERIFY2(!ink.isEmpty() && qAbs(ink.center().x() - qBound(4, row.x + 7, 296)) <= 9, wordsOf(ink));
         }
         for (const int extreme : {INT_MIN, INT_MAX, 0}) {
             slider.Init(kEnds, extreme, INT_MIN);

@@ -13,10 +13,18 @@ namespace {
 
 constexpr int kWidth = 256;
 constexpr int kLiveWidth = 400;
-const QStringList kLevels{"Off", "Low", "Medium", "High"};
-const QStringList kEnds{"None", "All"};
 
-CBPJumpSlider *jump(const QString &position, const QStringList &labels = kLevels, int width = kWidth)
+QStringList levels()
+{
+    return {"Off", "Low", "Medium", "High"};
+}
+
+QStringList ends()
+{
+    return {"None", "All"};
+}
+
+CBPJumpSlider *jump(const QString &position, const QStringList &labels = levels(), int width = kWidth)
 {
     auto *result = new CBPJumpSlider(nullptr);
     result->setFont(theme::font(theme::Normal, 14));
@@ -26,7 +34,7 @@ CBPJumpSlider *jump(const QString &position, const QStringList &labels = kLevels
     return result;
 }
 
-CBPSmoothSlider *smooth(int value, const QStringList &labels = kEnds, int maximum = 100, int minimum = 0,
+CBPSmoothSlider *smooth(int value, const QStringList &labels = ends(), int maximum = 100, int minimum = 0,
                         int width = kWidth)
 {
     auto *result = new CBPSmoothSlider(nullptr);
@@ -50,9 +58,9 @@ void addLiveSamples(Page *page)
     Section *section = page->addSection(
         "Try it", "Drag, click a label, or press Tab and then the arrow, Page, Home and End keys.");
     auto *log = new EventLog("Nothing moved yet.");
-    CBPJumpSlider *level = jump("Low", kLevels, kLiveWidth);
+    CBPJumpSlider *level = jump("Low", levels(), kLiveWidth);
     level->setAccessibleName("Compression");
-    CBPSmoothSlider *share = smooth(40, kEnds, 100, 0, kLiveWidth);
+    CBPSmoothSlider *share = smooth(40, ends(), 100, 0, kLiveWidth);
     share->setAccessibleName("Share of the disk");
     QObject::connect(level->findChild<QSlider *>(), &QSlider::valueChanged, log,
                      [log, level] { log->add(QString("GetPosText() is \"%1\"").arg(level->GetPosText())); });
@@ -89,8 +97,8 @@ void addPositions(Page *page)
                             {"At 3", smooth(3)},
                             {"From 20 to 100, at 20", smooth(20, {"20", "100"}, 100, 20)},
                             {"Three labels", smooth(1024, {"0", "1024", "2048"}, 2048)},
-                            {"Large numbers", smooth(1500000000, kEnds, 2147483647)},
-                            {"A single value", smooth(7, kEnds, 7, 7)}});
+                            {"Large numbers", smooth(1500000000, ends(), 2147483647)},
+                            {"A single value", smooth(7, ends(), 7, 7)}});
 }
 
 Page *makePage()
