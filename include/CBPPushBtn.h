@@ -156,6 +156,18 @@ protected:
     /// \since 1.0
     QFont textFont() const;
 
+    /// The flag of setSelected().
+    /// \since 1.0
+    bool isSelected() const;
+
+    /// The colour of setFocusFrameColor().
+    /// \since 1.0
+    QColor focusFrameColor() const;
+
+    /// Hears of each click that none of the button's event handlers is behind, before others do, and reports
+    /// it by sigBtnClicked() or opens the menu. \since 1.0
+    virtual void reportActivation();
+
     /// What of \a text is drawn on one line in \a width pixels: all of it, or as much as fits and an
     /// ellipsis. A line break counts as a space. \since 1.0
     QString elided(const QString &text, int width) const;
@@ -186,7 +198,6 @@ private:
     int textWidth() const;
     QPixmap iconPixmap() const;
     void openMenu();
-    void reportActivation();
     void followKey(bool wasDown, bool clicked);
     void drawCheckedLook(QPainter &painter, const QRect &rect) const;
 

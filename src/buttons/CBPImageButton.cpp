@@ -333,19 +333,7 @@ bool CBPImageButton::event(QEvent *event)
 
 void CBPImageButton::focusGained(Qt::FocusReason reason)
 {
-    switch (reason) {
-    case Qt::TabFocusReason:
-    case Qt::BacktabFocusReason:
-    case Qt::ShortcutFocusReason:
-        m_keyboardFocus = true;
-        break;
-    case Qt::MouseFocusReason:
-        m_keyboardFocus = false;
-        break;
-    default: // the window became active, or a program moved the focus
-        m_keyboardFocus = window()->testAttribute(Qt::WA_KeyboardFocusChange);
-        break;
-    }
+    m_keyboardFocus = lumqt::showsFocusFor(this, reason);
     if (m_keyboardFocus)
         update();
 }

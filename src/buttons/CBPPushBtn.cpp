@@ -1,11 +1,11 @@
 #include "CBPPushBtn.h"
 
+#include "buttons/DropMenu.h"
 #include "CBPMenu.h"
-#include "CBPMenuItem.h"
+#include "foundation/Accessible.h"
 #include "foundation/FontLookup.h"
 #include "foundation/IconPixmap.h"
 #include "foundation/Painting.h"
-#include "platform/Platform.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -28,17 +28,8 @@ constexpr int kFocusRingWidth = 2;
 constexpr int kFrameWidth = 1;
 constexpr int kElidedInset = 4; // of a text that ends in an ellipsis, at each side
 constexpr int kDisabledCheckedAlpha = 128;
-// From the button's top to the menu, less the native frame and caption and the button's height. The number
-// grew with the Windows themes; applications place their buttons for it.
-constexpr int kMenuOffset = 46;
 
 enum State { Normal = 0, Hover = 1, Pressed = 2, Disabled = 3 };
-
-QMargins bounded(const QMargins &margins)
-{
-    return QMargins(lumqt::boundedPixels(margins.left()), lumqt::boundedPixels(margins.top()),
-                    lumqt::boundedPixels(margins.right()), lumqt::boundedPixels(margins.bottom()));
-}
 
 QColor withAlpha(QColor color, int alpha)
 {
@@ -107,19 +98,11 @@ CBPPushBtn::CBPPushBtn(QString text, int id, __ALIGN_TYPE align, bool autoResize
     init();
 }
 
-CBPPushBtn::~CBPPushBtn()
-{
-    // Not at once: the button may be dying inside the menu's own event loop, and an application that deletes
-    // the menu itself, before or after, stays right.
-    if (m_menu)
-        m_menu->deleteLater();
-}
+CBPPushBtn::~CBPPushBtn() = default;
 
 void CBPPushBtn::init()
 {
-    // For queued connections to sigActionTriggered(): the header only names the class.
-    static const int itemType = qRegisterMetaType<CBPMenuItem *>();
-    Q_UNUSED(itemType)
+    lumqt::registerMenuItem();
     m_focusFrameColor = kFocusFrameColor;
     m_minimumWidth = kMinimumWidth;
     m_spacing = kSpacing;
@@ -197,10 +180,8 @@ void CBPPushBtn::setHasMenu(bool hasMenu)
 void CBPPushBtn::AppendMenuItem(QString iconPath, QString text, int id)
 {
     m_hasMenu = true;
-    if (!m_menu) {
-        m_menu = new CBPMenu(static_cast<QWidget *>(nullptr));
-        connect(m_menu.data(), SIGNAL(triggered(QAction *)), this, SLOT(OnActionTriggered(QAction *)));
-    }
+    if (!m_menu)
+        m_menu = lumqt::makeDropMenu(this);
     m_menu->AddAction(iconPath, text, QVariant(id));
     autoResizeBtn();
     update();
@@ -218,8 +199,21 @@ int CBPPushBtn::bindId() const
 
 void CBPPushBtn::setSelected(bool selected)
 {
+    const bool changed = m_selected != selected;
     m_selected = selected;
     update();
+    if (changed)
+        lumqt::tellChecked(this);
+}
+
+bool CBPPushBtn::isSelected() const
+{
+    return m_selected;
+}
+
+QColor CBPPushBtn::focusFrameColor() const
+{
+    return m_focusFrameColor;
 }
 
 void CBPPushBtn::setEnabled(bool enabled)
@@ -256,8 +250,7 @@ void CBPPushBtn::setBgTrancent(bool transparent)
 
 void CBPPushBtn::OnActionTriggered(QAction *pAct)
 {
-    // Sub-menus and actions that the application added itself are no items of ours.
-    if (auto *item = qobject_cast<CBPMenuItem *>(pAct))
+    if (CBPMenuItem *item = lumqt::chosenItem(pAct))
         emit sigActionTriggered(item);
 }
 
@@ -444,13 +437,8 @@ void CBPPushBtn::openMenu()
 {
     // The base never sees the release, and would take a later one for a click.
     setDown(false);
-    if (!m_menu)
-        return;
-    const auto &system = lumqt::platform::answers();
-    const QPoint topLeft = mapToGlobal(QPoint(0, 0));
-    const int below = kMenuOffset - system.frameWidth(this) - system.captionHeight(this) + height() + 1;
-    // Nothing of the button is touched after this: choosing an item may have deleted it.
-    m_menu->exec(QPoint(topLeft.x(), topLeft.y() + below));
+    if (m_menu)
+        lumqt::openDropMenu(this, m_menu); // nothing of the button is touched after this
 }
 
 // ----------------------------------------------------------------------------------------------------------
@@ -477,7 +465,7 @@ void CBPPushBtn::paintEvent(QPaintEvent *)
 
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    QRect content = rect().marginsRemoved(bounded(m_removeMargin));
+    QRect content = rect().marginsRemoved(lumqt::boundedPixels(m_removeMargin));
     lumqt::drawBody(painter, content, body);
     if (isCheckable() && isChecked())
         drawCheckedLook(painter, content);

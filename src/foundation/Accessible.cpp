@@ -34,6 +34,21 @@ void installAccessible(const char *className, Maker make)
     QAccessible::installFactory(makeInterface);
 }
 
+QAccessibleInterface *makeGrouping(QWidget *widget)
+{
+    return new QAccessibleWidget(widget, QAccessible::Grouping);
+}
+
+void tellChecked(QWidget *widget)
+{
+    if (!QAccessible::isActive())
+        return;
+    QAccessible::State changed;
+    changed.checked = true;
+    QAccessibleStateChangeEvent event(widget, changed);
+    QAccessible::updateAccessibility(&event);
+}
+
 AccessibleButton::AccessibleButton(QAbstractButton *button, std::function<QString()> ownName)
     : QAccessibleWidget(button, QAccessible::PushButton), m_ownName(std::move(ownName))
 {

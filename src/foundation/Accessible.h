@@ -13,6 +13,12 @@ namespace lumqt {
 // A second source for a class is ignored, so a constructor may call this each time.
 void installAccessible(const char *className, QAccessibleInterface *(*make)(QWidget *widget));
 
+// The interface of a widget that only holds others together: a group.
+QAccessibleInterface *makeGrouping(QWidget *widget);
+
+// Says that the check mark of `widget`, or what stands for it, has changed.
+void tellChecked(QWidget *widget);
+
 // A push button whose name, where the application set none, its class knows.
 class AccessibleButton : public QAccessibleWidget
 {

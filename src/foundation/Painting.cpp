@@ -25,8 +25,8 @@ struct BodyKey
     QRgb fill;
     QRgb frame;
     int frameWidth;
-    int radiusX;
-    int radiusY;
+    qreal radiusX;
+    qreal radiusY;
     int ratio; // thousandths
 
     bool operator==(const BodyKey &other) const
@@ -40,8 +40,9 @@ struct BodyKey
 uint qHash(const BodyKey &key, uint seed = 0)
 {
     uint hash = seed;
-    for (const uint part : {uint(key.size.width()), uint(key.size.height()), key.fill, key.frame,
-                            uint(key.frameWidth), uint(key.radiusX), uint(key.radiusY), uint(key.ratio)})
+    for (const uint part :
+         {uint(key.size.width()), uint(key.size.height()), key.fill, key.frame, uint(key.frameWidth),
+          ::qHash(key.radiusX), ::qHash(key.radiusY), uint(key.ratio)})
         hash = (hash ^ part) * 0x01000193u; // FNV-1a, a word at a time
     return hash;
 }
@@ -179,6 +180,20 @@ void drawFocusRing(QPainter &painter, const QRect &rect)
     ring.frame = QColor(kFocusRingColor);
     ring.radiusX = ring.radiusY = kFocusRingRadius;
     drawBody(painter, rect, ring);
+}
+
+bool showsFocusFor(const QWidget *widget, Qt::FocusReason reason)
+{
+    switch (reason) {
+    case Qt::TabFocusReason:
+    case Qt::BacktabFocusReason:
+    case Qt::ShortcutFocusReason:
+        return true;
+    case Qt::MouseFocusReason:
+        return false;
+    default: // the window became active, or a program moved the focus
+        return widget->window()->testAttribute(Qt::WA_KeyboardFocusChange);
+    }
 }
 
 void drawDotBadge(QPainter &painter, const QPoint &topLeft)

@@ -21,14 +21,20 @@ inline int boundedPixels(int pixels)
     return qBound(-QWIDGETSIZE_MAX, pixels, QWIDGETSIZE_MAX);
 }
 
+inline QMargins boundedPixels(const QMargins &margins)
+{
+    return QMargins(boundedPixels(margins.left()), boundedPixels(margins.top()),
+                    boundedPixels(margins.right()), boundedPixels(margins.bottom()));
+}
+
 // A filled rectangle with a frame, square or with round corners. Sizes are logical pixels.
 struct Body
 {
     QColor fill;        // invalid: not filled
     QColor frame;       // invalid: no frame
     int frameWidth = 1; // drawn inside the rectangle, so that its outermost pixel has the frame's colour
-    int radiusX = 0;    // 0: square corners
-    int radiusY = 0;
+    qreal radiusX = 0;  // 0: square corners
+    qreal radiusY = 0;
 };
 
 // Draws `body` into `rect`. A body is rendered once per size, look and device pixel ratio, and
@@ -40,6 +46,9 @@ constexpr QRgb kFocusRingColor = 0xff2f86d8;
 
 // The ring around a widget of the keyboard focus that has no frame of its own.
 LUMQT_TESTED void drawFocusRing(QPainter &painter, const QRect &rect);
+
+// Whether the focus that comes to `widget` for `reason` is to be shown: to somebody who uses the keyboard.
+bool showsFocusFor(const QWidget *widget, Qt::FocusReason reason);
 
 // `rect` with its edges on device pixels, where antialiased or scaled painting leaves no half-covered ones.
 LUMQT_TESTED QRectF wholeDevicePixels(const QPainter &painter, const QRectF &rect);

@@ -1,3 +1,4 @@
+#include "Acts.h"
 #include "CBPMenu.h"
 #include "CBPMenuItem.h"
 #include "CBPPushBtn.h"
@@ -9,7 +10,6 @@
 #include <QDialog>
 #include <QPainter>
 #include <QSignalSpy>
-#include <QTimer>
 #include <QVBoxLayout>
 
 #include <climits>
@@ -145,7 +145,7 @@ private slots:
         CBPPushBtn button(QStringLiteral("OK"), 7, CBPPushBtn::ALIGN_CENTER, false, false);
         show(button);
         QCOMPARE(fillOf(button), kNormal);
-        send(button, QEvent::Enter);
+        sendEvent(button, QEvent::Enter);
         QCOMPARE(button.state(), 1);
         QCOMPARE(fillOf(button), kHover);
 
@@ -169,7 +169,7 @@ private slots:
         QCOMPARE(order.last(), QStringLiteral("7"));
         QVERIFY(!order.contains(QStringLiteral("clicked")));
 
-        send(button, QEvent::Leave);
+        sendEvent(button, QEvent::Leave);
         QCOMPARE(button.state(), 0);
         button.setState(2);
         QFocusEvent away(QEvent::FocusOut);
@@ -353,7 +353,7 @@ private slots:
         CBPPushBtn button(QStringLiteral("OK"), nullptr, false, false);
         show(button);
         QSignalSpy clicks(&button, &CBPPushBtn::sigBtnClicked);
-        send(button, QEvent::Enter);
+        sendEvent(button, QEvent::Enter);
         button.setDisabled(true);
         QCOMPARE(button.state(), 3);
         button.setSelected(true);
@@ -362,7 +362,7 @@ private slots:
         QTest::mouseClick(&button, Qt::LeftButton);
         QTest::keyClick(&button, Qt::Key_Space);
         QVERIFY(clicks.isEmpty());
-        send(button, QEvent::Enter);
+        sendEvent(button, QEvent::Enter);
         QCOMPARE(button.state(), 3);
         button.setEnabled(true);
         QCOMPARE(button.state(), 0);
@@ -530,7 +530,7 @@ private slots:
         QVERIFY(QRect(left, 12, 8, 4).contains(arrow) && arrow.width() >= 4 && arrow.height() >= 2);
 
         QPoint where;
-        whileMenuIsOpen(button, [&](CBPMenu *menu) {
+        whileOpen(this, button.GetMenu(), [&](CBPMenu *menu) {
             where = menu->pos();
             QTest::keyClick(menu, Qt::Key_Down);
             QTest::keyClick(menu, Qt::Key_Down);
@@ -550,7 +550,7 @@ private slots:
         for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return}) {
             button.setDefault(true);
             int opened = 0;
-            whileMenuIsOpen(button, [&](CBPMenu *menu) {
+            whileOpen(this, button.GetMenu(), [&](CBPMenu *menu) {
                 ++opened;
                 QTest::keyClick(menu, Qt::Key_Escape);
             });
@@ -559,7 +559,7 @@ private slots:
         }
         QVERIFY(clicked.isEmpty() && reported.isEmpty());
         int opened = 0;
-        whileMenuIsOpen(button, [&](CBPMenu *) { ++opened; });
+        whileOpen(this, button.GetMenu(), [&](CBPMenu *) { ++opened; });
         button.click(); // as a dialog presses its default button
         QCOMPARE(opened, 1);
         QVERIFY(reported.isEmpty());
@@ -608,7 +608,7 @@ private slots:
             break;
         default: // while the menu is open
             button->AppendMenuItem(QString(), QStringLiteral("One"), 1);
-            whileMenuIsOpen(*button, [&](CBPMenu *) { die(); });
+            whileOpen(this, button->GetMenu(), [&](CBPMenu *) { die(); });
         }
         show(*button);
         const auto mouse = [&](QEvent::Type type) {
@@ -665,34 +665,6 @@ private:
         widget.show();
         widget.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&widget));
-    }
-
-    static void send(QWidget &widget, QEvent::Type type)
-    {
-        if (type == QEvent::Enter) {
-            QEnterEvent event(QPointF(5, 5), QPointF(5, 5), QPointF(5, 5));
-            QCoreApplication::sendEvent(&widget, &event);
-        } else {
-            QEvent event(type);
-            QCoreApplication::sendEvent(&widget, &event);
-        }
-    }
-
-    // Runs `act` once the button's menu is on the screen, and closes whatever menu is left after it.
-    template <class Act> void whileMenuIsOpen(CBPPushBtn &button, Act act)
-    {
-        auto *timer = new QTimer(this);
-        const QPointer<CBPMenu> menu = button.GetMenu();
-        connect(timer, &QTimer::timeout, this, [=] {
-            if (!menu || !menu->isVisible())
-                return;
-            timer->stop();
-            timer->deleteLater();
-            act(menu);
-            if (menu)
-                menu->close();
-        });
-        timer->start(10);
     }
 };
 

@@ -1,0 +1,146 @@
+#pragma once
+
+#include "CBtnObj.h"
+
+#include <QFont>
+#include <QPointer>
+#include <QString>
+#include <QWidget>
+
+#include <memory>
+
+class CBPMenu;
+class CBPMenuItem;
+class QAccessibleInterface;
+class QAction;
+
+namespace lumqt {
+class CachedText;
+}
+
+/// A button that drops a menu down: a text, an icon before it if wanted, and a triangle at the right.
+///
+/// A press anywhere on it opens the menu right below. A split button opens it by the part with the triangle
+/// only; its other part is a button of its own, which reports sigBtnClicked(). Space and Enter do what a
+/// press on the text does; Down, Alt+Down and F4 open the menu always. Without a menu nothing opens.
+///
+/// The button is 28 pixels high. Colours, corner radii and the flag for the frame are those of the CBtnObj it
+/// carries, the triangle's included; a list without four entries is put aside for the built-in colours. The
+/// text is plain, and ends in an ellipsis where there is no room. Setters repaint, except those of CBtnObj.
+/// GUI thread only. \since 1.0
+class LUMQT_EXPORT CBPDropdownBtn : public QWidget, public CBtnObj
+{
+    Q_OBJECT
+
+public:
+    /// A button without text; the id is 0.
+    /// \since 1.0
+    explicit CBPDropdownBtn(QWidget *parent = nullptr);
+
+    /// A button with \a text and an \a id.
+    /// \since 1.0
+    CBPDropdownBtn(QString text, int id, QWidget *parent = nullptr);
+
+    /// Deletes the button's menu, too, once control is back in the event loop.
+    /// \since 1.0
+    ~CBPDropdownBtn() override;
+
+    // Both the keyboard focus and the record's focus flag go by this name.
+    using CBtnObj::setFocus;
+    using QWidget::setFocus;
+
+    /// Sets the text.
+    /// \since 1.0
+    void setText(const QString &text);
+
+    /// The text.
+    /// \since 1.0
+    QString text() const;
+
+    /// Sets the icon, 16 x 16 pixels; null means none.
+    /// \since 1.0
+    void setIcon(const QIcon &icon);
+
+    /// Sets the font of the text (QWidget::setFont() has no effect on it).
+    /// \since 1.0
+    void SetFont(const QFont &font);
+
+    /// With true only the part with the triangle opens the menu, and the other one clicks; false at first.
+    /// \since 1.0
+    void setSplit(bool split);
+
+    /// Adds an item to the button's menu, which the first call makes. \a id becomes the item's data.
+    /// An empty or missing icon file gives an item without an icon. \since 1.0
+    void AppendMenuItem(QString iconPath, QString text, int id);
+
+    /// Adds \a menu, which keeps its owner, as a sub-menu of the button's menu. Null is ignored.
+    /// \since 1.0
+    void AppendSubMenu(CBPMenu *menu);
+
+    /// The menu, or null. It belongs to the button; an application may delete it before.
+    /// \since 1.0
+    CBPMenu *GetMenu() const;
+
+    /// The id that sigBtnClicked() reports.
+    /// \since 1.0
+    int bindId() const;
+
+    /// Opens the menu, as a press on the triangle does, and returns once it is closed. The button may be
+    /// gone then. Without a menu, and while it is open, nothing happens. \since 1.0
+    void OpenMenu();
+
+    /// The size at which all of the text is shown.
+    /// \since 1.0
+    QSize sizeHint() const override;
+
+    /// The least useful size: the text has become an ellipsis.
+    /// \since 1.0
+    QSize minimumSizeHint() const override;
+
+Q_SIGNALS:
+    /// The text's part of a split button was clicked: pressed and released there, or by keyboard or an
+    /// assistive tool. The button may be deleted here. \since 1.0
+    void sigBtnClicked(int iBtnId);
+
+    /// An item of the menu was chosen. The item belongs to the menu.
+    /// \since 1.0
+    void sigActionTriggered(CBPMenuItem *pItem);
+
+protected:
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void enterEvent(QEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private Q_SLOTS:
+    void OnActionTriggered(QAction *pAct);
+
+private:
+    class Accessible;
+    friend class Accessible;
+
+    static QAccessibleInterface *makeAccessible(QWidget *widget);
+    CBPMenu *ownedMenu();
+    void look(int state);
+    void rest();
+    void activate();
+    QSize hint(int textWidth) const;
+    QRect arrowRect() const;
+    void drawContent(QPainter &painter, int index);
+
+    QString m_text;
+    QIcon m_icon;
+    QFont m_font;
+    int m_id = 0;
+    bool m_split = false;
+    bool m_pressed = false; // by mouse or Space, and to be clicked at the release
+    bool m_menuOpen = false;
+    QPointer<CBPMenu> m_menu;
+    std::unique_ptr<lumqt::CachedText> m_label;
+};

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "LumQtGlobal.h"
+
+#include <QPointer>
+#include <QStringList>
+#include <QVector>
+#include <QWidget>
+
+class CTriStateButton;
+
+/// A choice of several weekdays: one row of toggle buttons.
+///
+/// Each button is 60 x 28 pixels, with 5 pixels between them. The row is one stop of the Tab key; the arrow
+/// keys, Home and End move the focus in it, and Space toggles. GUI thread only. \since 1.0
+class LUMQT_EXPORT CBPWeekSelector : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// A selector with one button per name, unchecked; the names are copied and may repeat. Without any the
+    /// selector is empty. \since 1.0
+    explicit CBPWeekSelector(QStringList &names, QWidget *parent = nullptr);
+    ~CBPWeekSelector() override;
+
+    /// The texts of the checked buttons, in their order.
+    /// \since 1.0
+    QStringList GetSelected();
+
+    /// Checks exactly the buttons whose texts, by case, are in \a texts, without a signal. An empty list
+    /// changes nothing; a list of strangers clears the selection. \since 1.0
+    void SetSelected(QStringList texts);
+
+Q_SIGNALS:
+    /// A button was toggled by mouse, keyboard or an assistive tool, whichever way: \a bChecked is always
+    /// false, ask GetSelected(). The selector may be deleted here. \since 1.0
+    void sigBtnClicked(bool bChecked);
+
+private Q_SLOTS:
+    void slotBtnClicked(bool bChecked);
+
+private:
+    QVector<QPointer<CTriStateButton>> m_listButtons;
+};

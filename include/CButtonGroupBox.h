@@ -1,0 +1,67 @@
+#pragma once
+
+#include "CBPBox.h"
+
+#include <QPointer>
+#include <QString>
+#include <QVector>
+
+class CBPPushBtn;
+
+namespace lumqt {
+class FocusGroup;
+}
+
+/// A horizontal row of push buttons, edge to edge in a frame, with thin lines between them.
+///
+/// An exclusive group selects the button that is clicked and deselects all others. The group is one stop of
+/// the Tab key; the arrow keys, Home and End move the focus along it, and Space clicks. Screen readers are
+/// told of radio buttons where the group is exclusive. GUI thread only. \since 1.0
+class LUMQT_EXPORT CButtonGroupBox : public CBPBox
+{
+    Q_OBJECT
+
+public:
+    /// An empty group. Once control is back in the event loop it takes the height of its first button and
+    /// the frame, for good. \since 1.0
+    CButtonGroupBox(bool exclusive, QWidget *parent);
+    ~CButtonGroupBox() override;
+
+    /// Adds a button at the end and returns it; it is a child of the group. \a id is what sigBtnClicked()
+    /// reports; ids and texts need not be unique, and may be empty. An empty \a iconPath, or a missing file,
+    /// gives no icon. \since 1.0
+    CBPPushBtn *AddButton(int id, QString text, QString iconPath);
+
+    /// The first button added with \a id, or null. The application may delete a button.
+    /// \since 1.0
+    CBPPushBtn *GetButton(int id);
+
+    /// Sets the text colours of the buttons added from now on: normal, hover, pressed, disabled. See
+    /// CBtnObj::setTextColor() for lists of another length. \since 1.0
+    void SetTextClr(QVector<QColor> colors);
+
+    /// Sets the background colours of the buttons added from now on; see SetTextClr().
+    /// \since 1.0
+    void SetBgClr(QVector<QColor> colors);
+
+Q_SIGNALS:
+    /// A button was clicked; an exclusive group has selected it by now. The group may be deleted here.
+    /// \since 1.0
+    void sigBtnClicked(int btnId);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private Q_SLOTS:
+    void slotBtnClicked(int id);
+    void slotResizeWidget();
+
+private:
+    CBPPushBtn *CreateButton(int id, QString text, QString iconPath);
+
+    bool m_exclusive;
+    QVector<QPointer<CBPPushBtn>> m_buttons;
+    QVector<QColor> m_textColors;
+    QVector<QColor> m_bgColors;
+    lumqt::FocusGroup *m_focusGroup;
+};

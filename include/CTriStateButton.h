@@ -1,0 +1,80 @@
+#pragma once
+
+#include "CBPPushBtn.h"
+
+#include <memory>
+
+class QAccessibleInterface;
+
+namespace lumqt {
+class CachedText;
+}
+
+/// A toggle button with three looks: plain, hovered and checked.
+///
+/// A release of any mouse button, wherever the pointer is by then, flips it and emits clicked(), whose
+/// argument is always false: ask IsChecked(). Space, Enter where the button is its dialog's default button,
+/// and assistive tools do exactly the same, pressed() included; sigBtnClicked() and released() never come,
+/// except that click() emits released() as in every button. It is not "checkable" in QAbstractButton's
+/// sense: isChecked() and toggled() take no part. Screen readers are told of a check box, or of a plain
+/// button when it never toggles.
+///
+/// The look's index (0 plain, 1 hovered, 2 checked) picks the background of CBtnObj::setBgColor() and the
+/// text colour; the frame has colours of its own, see SetColor(). The text is drawn on one line in the
+/// widget's font, QWidget::setFont(); SetFont() has no effect on it. GUI thread only. \since 1.0
+class LUMQT_EXPORT CTriStateButton : public CBPPushBtn
+{
+    Q_OBJECT
+
+public:
+    /// An unchecked button, 28 pixels high and 85 wide.
+    ///
+    /// With \a locked only clicks change it: SetChecked() is refused. With \a noToggle nothing does: clicks
+    /// are reported, and that is all. \since 1.0
+    CTriStateButton(QString text, bool locked, bool noToggle, QWidget *parent);
+    ~CTriStateButton() override;
+
+    /// Whether the button is checked.
+    /// \since 1.0
+    bool IsChecked() const;
+
+    /// Checks the button or not, without a signal. Ignored on a locked button and on one that never toggles.
+    /// \since 1.0
+    void SetChecked(bool checked);
+
+    /// Sets the frame colours, copied, and makes them the text colours of the three looks, too. Before, a
+    /// plain text is black, whatever its frame. An invalid colour draws no frame, and its text in the
+    /// built-in colour. \since 1.0
+    void SetColor(QColor &plain, QColor &checked, QColor &hover);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void enterEvent(QEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+    void nextCheckState() override;
+    void reportActivation() override;
+
+private:
+    class Accessible;
+    friend class Accessible;
+
+    static QAccessibleInterface *makeAccessible(QWidget *widget);
+    void clickByTool();
+    void followRelease();
+    QColor lookTextColor(int look) const;
+
+    bool m_checked = false;
+    bool m_hovered = false;
+    bool m_noToggle;
+    bool m_locked;
+    QColor m_plainColor;
+    QColor m_checkedColor;
+    QColor m_hoverColor;
+    bool m_showsFocus = false; // focused by somebody who uses the keyboard
+    std::unique_ptr<lumqt::CachedText> m_label;
+};

@@ -1,0 +1,387 @@
+#include "CBPDropdownBtn.h"
+
+#include "buttons/DropMenu.h"
+#include "CBPMenu.h"
+#include "foundation/Accessible.h"
+#include "foundation/FontLookup.h"
+#include "foundation/IconPixmap.h"
+#include "foundation/Painting.h"
+
+#include <QFontMetrics>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace {
+
+// Look and metrics, in logical pixels.
+const QColor kFocusFrameColor(75, 167, 245);
+const QColor kArrowColor(0x22, 0x8f, 0xc2); // where the record has none
+constexpr int kHeight = 28;
+constexpr int kPadding = 12; // left of the content
+constexpr int kIconSize = 16;
+constexpr int kIconGap = 8;
+constexpr int kTextGap = 4;    // between text and arrow part
+constexpr int kArrowPart = 28; // width of the part with the triangle
+constexpr int kArrowWidth = 8;
+constexpr int kArrowHeight = 4;
+constexpr int kDividerInset = 6; // from the upper and the lower edge
+constexpr int kFocusRingWidth = 2;
+constexpr int kMenuGap = 2; // between button and menu
+
+enum State { Normal = 0, Hover = 1, Pressed = 2, Disabled = 3 };
+
+} // namespace
+
+class CBPDropdownBtn::Accessible : public lumqt::AccessiblePressable
+{
+public:
+    explicit Accessible(CBPDropdownBtn *button)
+        : AccessiblePressable(button, QAccessible::ButtonMenu), m_button(button)
+    {
+    }
+
+    QAccessible::Role role() const override
+    {
+        return m_button && m_button->m_split ? QAccessible::ButtonDropDown : QAccessible::ButtonMenu;
+    }
+
+    QString text(QAccessible::Text kind) const override
+    {
+        if (kind != QAccessible::Name || !m_button || !m_button->accessibleName().isEmpty())
+            return QAccessibleWidget::text(kind);
+        return m_button->m_text.isEmpty() ? m_button->toolTip() : m_button->m_text;
+    }
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.hasPopup = true;
+        state.expanded = m_button && m_button->m_menuOpen;
+        return state;
+    }
+
+    QStringList actionNames() const override
+    {
+        QStringList names = AccessiblePressable::actionNames();
+        if (m_button && m_button->isEnabled())
+            names.append(showMenuAction());
+        return names;
+    }
+
+    void doAction(const QString &action) override
+    {
+        if (action == showMenuAction() && m_button && m_button->isEnabled())
+            m_button->OpenMenu();
+        else
+            AccessiblePressable::doAction(action);
+    }
+
+protected:
+    void press() override { m_button->activate(); }
+
+private:
+    QPointer<CBPDropdownBtn> m_button;
+};
+
+CBPDropdownBtn::CBPDropdownBtn(QWidget *parent) : CBPDropdownBtn(QString(), 0, parent) {}
+
+CBPDropdownBtn::CBPDropdownBtn(QString text, int id, QWidget *parent)
+    : QWidget(parent),
+      m_text(text),
+      m_font(lumqt::uiFont()),
+      m_id(id),
+      m_label(std::make_unique<lumqt::CachedText>())
+{
+    lumqt::registerMenuItem();
+    lumqt::installAccessible(staticMetaObject.className(), makeAccessible);
+    setFixedHeight(kHeight);
+    setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+CBPDropdownBtn::~CBPDropdownBtn() = default;
+
+QAccessibleInterface *CBPDropdownBtn::makeAccessible(QWidget *widget)
+{
+    auto *button = qobject_cast<CBPDropdownBtn *>(widget);
+    return button ? new Accessible(button) : nullptr;
+}
+
+void CBPDropdownBtn::setText(const QString &text)
+{
+    m_text = text;
+    updateGeometry();
+    update();
+}
+
+QString CBPDropdownBtn::text() const
+{
+    return m_text;
+}
+
+void CBPDropdownBtn::setIcon(const QIcon &icon)
+{
+    m_icon = icon;
+    updateGeometry();
+    update();
+}
+
+void CBPDropdownBtn::SetFont(const QFont &font)
+{
+    m_font = font;
+    updateGeometry();
+    update();
+}
+
+void CBPDropdownBtn::setSplit(bool split)
+{
+    m_split = split;
+    update();
+}
+
+int CBPDropdownBtn::bindId() const
+{
+    return m_id;
+}
+
+// ------------------------------------------------------------------------------------------------------------
+// menu
+
+CBPMenu *CBPDropdownBtn::ownedMenu()
+{
+    if (!m_menu)
+        m_menu = lumqt::makeDropMenu(this);
+    return m_menu;
+}
+
+void CBPDropdownBtn::AppendMenuItem(QString iconPath, QString text, int id)
+{
+    ownedMenu()->AddAction(iconPath, text, QVariant(id));
+}
+
+void CBPDropdownBtn::AppendSubMenu(CBPMenu *menu)
+{
+    if (menu)
+        ownedMenu()->AddMenu(menu);
+}
+
+CBPMenu *CBPDropdownBtn::GetMenu() const
+{
+    return m_menu;
+}
+
+void CBPDropdownBtn::OnActionTriggered(QAction *pAct)
+{
+    if (CBPMenuItem *item = lumqt::chosenItem(pAct))
+        emit sigActionTriggered(item);
+}
+
+void CBPDropdownBtn::OpenMenu()
+{
+    if (!m_menu || m_menuOpen)
+        return;
+    const QPointer<CBPDropdownBtn> alive(this);
+    m_menuOpen = true;
+    look(Pressed);
+    m_menu->exec(mapToGlobal(QPoint(0, height() + kMenuGap)));
+    if (!alive)
+        return;
+    m_menuOpen = false;
+    rest();
+}
+
+// What a press on the text does. The button may be gone after.
+void CBPDropdownBtn::activate()
+{
+    if (m_split)
+        emit sigBtnClicked(m_id);
+    else
+        OpenMenu();
+}
+
+// ------------------------------------------------------------------------------------------------------------
+// events
+
+void CBPDropdownBtn::look(int state)
+{
+    setState(isEnabled() ? state : Disabled);
+    update();
+}
+
+void CBPDropdownBtn::rest()
+{
+    look(underMouse() ? Hover : Normal);
+}
+
+void CBPDropdownBtn::mousePressEvent(QMouseEvent *event)
+{
+    // A press that closes the menu comes here, too, and is not to open it again.
+    if (event->button() != Qt::LeftButton || m_menuOpen)
+        return;
+    if (!m_split || arrowRect().contains(event->pos())) {
+        OpenMenu();
+        return;
+    }
+    m_pressed = true;
+    look(Pressed);
+}
+
+void CBPDropdownBtn::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton || !m_pressed)
+        return;
+    m_pressed = false;
+    rest();
+    if (rect().contains(event->pos()) && !arrowRect().contains(event->pos()))
+        activate();
+}
+
+void CBPDropdownBtn::keyPressEvent(QKeyEvent *event)
+{
+    switch (event->key()) {
+    case Qt::Key_Space:
+        if (event->isAutoRepeat())
+            return;
+        m_pressed = true;
+        look(Pressed);
+        return;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (!event->isAutoRepeat())
+            activate();
+        return;
+    case Qt::Key_Down:
+    case Qt::Key_F4:
+        OpenMenu();
+        return;
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void CBPDropdownBtn::keyReleaseEvent(QKeyEvent *event)
+{
+    if (event->key() != Qt::Key_Space || !m_pressed) {
+        QWidget::keyReleaseEvent(event);
+        return;
+    }
+    if (event->isAutoRepeat())
+        return;
+    m_pressed = false;
+    rest();
+    activate();
+}
+
+void CBPDropdownBtn::focusInEvent(QFocusEvent *event)
+{
+    setFocus(lumqt::showsFocusFor(this, event->reason()));
+    QWidget::focusInEvent(event);
+    update();
+}
+
+void CBPDropdownBtn::focusOutEvent(QFocusEvent *event)
+{
+    setFocus(false);
+    if (m_pressed) { // the release goes elsewhere
+        m_pressed = false;
+        rest();
+    }
+    QWidget::focusOutEvent(event);
+    update();
+}
+
+void CBPDropdownBtn::enterEvent(QEvent *event)
+{
+    if (!m_pressed && !m_menuOpen)
+        look(Hover);
+    QWidget::enterEvent(event);
+}
+
+void CBPDropdownBtn::leaveEvent(QEvent *event)
+{
+    if (!m_pressed && !m_menuOpen)
+        look(Normal);
+    QWidget::leaveEvent(event);
+}
+
+void CBPDropdownBtn::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::EnabledChange) {
+        m_pressed = false;
+        rest();
+    }
+    QWidget::changeEvent(event);
+}
+
+// ------------------------------------------------------------------------------------------------------------
+// sizes and painting
+
+QSize CBPDropdownBtn::hint(int textWidth) const
+{
+    const int icon = m_icon.isNull() ? 0 : kIconSize + (m_text.isEmpty() ? 0 : kIconGap);
+    return QSize(kPadding + icon + textWidth + kTextGap + kArrowPart, kHeight);
+}
+
+QSize CBPDropdownBtn::sizeHint() const
+{
+    return hint(QFontMetrics(m_font).horizontalAdvance(m_text));
+}
+
+QSize CBPDropdownBtn::minimumSizeHint() const
+{
+    const QFontMetrics metrics(m_font);
+    const int ellipsis = metrics.horizontalAdvance(QChar(0x2026));
+    return hint(qMin(ellipsis, metrics.horizontalAdvance(m_text)));
+}
+
+QRect CBPDropdownBtn::arrowRect() const
+{
+    return QRect(width() - kArrowPart, 0, kArrowPart, height());
+}
+
+void CBPDropdownBtn::paintEvent(QPaintEvent *)
+{
+    const int index = isEnabled() ? state() : int(Disabled);
+    lumqt::Body body;
+    body.fill = paintedBgColor(index);
+    body.radiusX = m_roundRadius.value(0);
+    body.radiusY = m_roundRadius.value(1);
+    if (IsFocus() && isEnabled()) {
+        body.frame = kFocusFrameColor;
+        body.frameWidth = kFocusRingWidth;
+    } else if (body.radiusX > 0 || !m_frmTrancent) {
+        body.frame = paintedFrmColor(index);
+    }
+    QPainter painter(this);
+    lumqt::drawBody(painter, rect().marginsRemoved(lumqt::boundedPixels(m_removeMargin)), body);
+    drawContent(painter, index);
+}
+
+void CBPDropdownBtn::drawContent(QPainter &painter, int index)
+{
+    const QRect arrow = arrowRect();
+    int left = kPadding;
+    if (!m_icon.isNull()) {
+        const QPixmap icon = lumqt::iconPixmap(m_icon, QSize(kIconSize, kIconSize), iconMode(), this);
+        const QSize size = lumqt::logicalSize(icon);
+        painter.drawPixmap(left + (kIconSize - size.width()) / 2, (height() - size.height()) / 2, icon);
+        left += kIconSize + kIconGap;
+    }
+    const int room = arrow.left() - kTextGap - left;
+    if (room > 0 && !m_text.isEmpty()) {
+        const bool fits = m_label->lineSize(m_text, m_font).width() <= room;
+        painter.setPen(paintedTextColor(index));
+        m_label->drawLeft(painter, QRect(left, 0, room, height()),
+                          fits ? m_text : QFontMetrics(m_font).elidedText(m_text, Qt::ElideRight, room),
+                          m_font);
+    }
+    if (m_split)
+        painter.fillRect(lumqt::wholeDevicePixels(
+                             painter, QRectF(arrow.left(), kDividerInset, 1, height() - 2 * kDividerInset)),
+                         paintedFrmColor(index));
+    const QColor own = m_triangleColor.size() > Disabled ? triangleColor(index) : QColor();
+    lumqt::drawDropTriangle(
+        painter, QPointF(arrow.left() + (arrow.width() - kArrowWidth) / 2, (height() - kArrowHeight) / 2),
+        kArrowWidth, kArrowHeight, own.isValid() ? own : kArrowColor);
+}

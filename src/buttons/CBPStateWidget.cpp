@@ -1,0 +1,170 @@
+#include "CBPStateWidget.h"
+
+#include "foundation/Accessible.h"
+#include "foundation/Painting.h"
+
+#include <QPainter>
+#include <QtMath>
+
+namespace {
+
+const QColor kBgColors[] = {QColor(0xff, 0xff, 0xff), QColor(0xed, 0xf7, 0xfe), QColor(0xed, 0xf7, 0xfe),
+                            QColor(0xff, 0xff, 0xff)};
+const QColor kFrameColors[] = {QColor(0xff, 0xff, 0xff), QColor(0xbc, 0xe0, 0xe2), QColor(0x87, 0xc8, 0xcc),
+                               QColor(0xff, 0xff, 0xff)};
+
+// A caller's radius as it can be painted; NaN and the like mean none.
+qreal painted(double radius)
+{
+    return qIsFinite(radius) ? qBound(0.0, radius, double(QWIDGETSIZE_MAX)) : 0.0;
+}
+
+} // namespace
+
+CBPStateWidget::CBPStateWidget(QWidget *parent) : QWidget(parent, Qt::FramelessWindowHint)
+{
+    setAttribute(Qt::WA_TranslucentBackground);
+    for (const QColor &color : kBgColors)
+        m_bgColors.append(color);
+    for (const QColor &color : kFrameColors)
+        m_frmColors.append(color);
+}
+
+CBPStateWidget::~CBPStateWidget() = default;
+
+void CBPStateWidget::SetBgColor(QVector<QColor> colors)
+{
+    m_bgColors = colors;
+}
+
+void CBPStateWidget::SetFrmColor(QVector<QColor> colors)
+{
+    m_frmColors = colors;
+}
+
+void CBPStateWidget::SetDrawBg(bool draw)
+{
+    m_drawBg = draw;
+}
+
+void CBPStateWidget::SetFrmTrancent(bool transparent)
+{
+    m_frmTrancent = transparent;
+}
+
+void CBPStateWidget::SetSelected(bool selected)
+{
+    const bool changed = m_selected != selected;
+    m_selected = selected;
+    SetState(selected ? ENStateHover : ENStateNormal);
+    if (changed)
+        lumqt::tellChecked(this);
+}
+
+void CBPStateWidget::SetRoundRadius(double x, double y)
+{
+    m_radiusX = x;
+    m_radiusY = y;
+}
+
+void CBPStateWidget::GetRoundRadius(double &x, double &y) const
+{
+    x = m_radiusX;
+    y = m_radiusY;
+}
+
+void CBPStateWidget::SetState(ENState state)
+{
+    if (state < ENStateNormal || state > ENStateDisable)
+        return;
+    m_state = state;
+    update();
+}
+
+void CBPStateWidget::SetEnabled(bool enabled)
+{
+    setEnabled(enabled);
+    SetState(ENStateDisable); // whichever it was
+}
+
+void CBPStateWidget::OnExpose() {}
+
+bool CBPStateWidget::onEnter()
+{
+    return true;
+}
+
+bool CBPStateWidget::onLeave()
+{
+    return true;
+}
+
+// ------------------------------------------------------------------------------------------------------------
+// events
+
+void CBPStateWidget::becomes(ENState state)
+{
+    SetState(isEnabled() ? state : ENStateDisable);
+}
+
+void CBPStateWidget::mousePressEvent(QMouseEvent *event)
+{
+    becomes(ENStatePress);
+    QWidget::mousePressEvent(event);
+}
+
+void CBPStateWidget::focusInEvent(QFocusEvent *event)
+{
+    becomes(ENStateHover);
+    QWidget::focusInEvent(event);
+}
+
+void CBPStateWidget::focusOutEvent(QFocusEvent *event)
+{
+    becomes(ENStateNormal);
+    QWidget::focusOutEvent(event);
+}
+
+void CBPStateWidget::enterEvent(QEvent *event)
+{
+    if (onEnter())
+        becomes(ENStateHover);
+    QWidget::enterEvent(event);
+}
+
+void CBPStateWidget::leaveEvent(QEvent *event)
+{
+    if (onLeave())
+        becomes(ENStateNormal);
+    QWidget::leaveEvent(event);
+}
+
+void CBPStateWidget::changeEvent(QEvent *event)
+{
+    // Callers that disable the widget, or its parent, through QWidget come by here.
+    if (event->type() == QEvent::EnabledChange)
+        becomes(ENStateNormal);
+    QWidget::changeEvent(event);
+}
+
+void CBPStateWidget::paintEvent(QPaintEvent *)
+{
+    const int index = m_selected ? int(ENStateHover) : int(m_state);
+    lumqt::Body body;
+    if (m_drawBg) {
+        const QColor own = m_bgColors.value(index);
+        body.fill = own.isValid() ? own : kBgColors[index];
+    }
+    body.radiusX = painted(m_radiusX);
+    body.radiusY = painted(m_radiusY);
+    // Round corners keep their frame; only a square widget goes without.
+    if (!m_frmTrancent || (body.radiusX > 0 && body.radiusY > 0)) {
+        const QColor own = m_frmColors.value(index);
+        body.frame = own.isValid() ? own : kFrameColors[index];
+    }
+    {
+        QPainter painter(this);
+        lumqt::drawBody(painter, rect(), body);
+    }
+    OnExpose(); // which has a painter of its own
+}

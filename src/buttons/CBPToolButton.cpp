@@ -1,0 +1,471 @@
+#include "CBPToolButton.h"
+
+#include "buttons/DropMenu.h"
+#include "CBPMenu.h"
+#include "foundation/Accessible.h"
+#include "foundation/FontLookup.h"
+#include "foundation/ImageLoader.h"
+#include "foundation/Log.h"
+#include "foundation/Painting.h"
+
+#include <QFontMetrics>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace {
+
+// Look and metrics, in logical pixels.
+const QColor kTextColor(14, 115, 173);
+constexpr int kStates = 4;
+constexpr int kBorder = 10; // left and right of the content
+constexpr int kSpacing = 5;
+constexpr int kArrowWidth = 6;
+constexpr int kArrowHeight = 4;
+constexpr int kArrowGap = 3;        // behind a text below its image
+constexpr int kMenuWidth = 10;      // what a menu adds to the button's width
+constexpr int kHintedVerticals = 6; // above and below the content, of the height that is asked for
+
+} // namespace
+
+// What screen readers see: a button, where a plain widget would be nothing.
+class CBPToolButton::Accessible : public lumqt::AccessiblePressable
+{
+public:
+    explicit Accessible(CBPToolButton *button)
+        : AccessiblePressable(button, QAccessible::PushButton), m_button(button)
+    {
+    }
+
+    QAccessible::Role role() const override
+    {
+        return m_button && m_button->m_hasMenu ? QAccessible::ButtonMenu : QAccessible::PushButton;
+    }
+
+    QString text(QAccessible::Text kind) const override
+    {
+        if (kind != QAccessible::Name || !m_button || !m_button->accessibleName().isEmpty())
+            return QAccessibleWidget::text(kind);
+        return m_button->m_text.isEmpty() ? m_button->toolTip() : m_button->m_text;
+    }
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        if (m_button) {
+            state.checked = m_button->isSelected();
+            state.hasPopup = m_button->m_hasMenu;
+        }
+        return state;
+    }
+
+protected:
+    void press() override { m_button->activate(); }
+
+private:
+    QPointer<CBPToolButton> m_button;
+};
+
+CBPToolButton::CBPToolButton(QString &image, QString text, int id, ENAlign align, bool autoResize)
+    : CBPStateWidget(nullptr),
+      m_images(kStates, image),
+      m_text(text),
+      m_align(align),
+      m_id(id),
+      m_autoResize(autoResize)
+{
+    init();
+}
+
+CBPToolButton::CBPToolButton(QVector<QString> &images, QString text, int id, ENAlign align, bool autoResize)
+    : CBPStateWidget(nullptr),
+      m_images(images),
+      m_text(text),
+      m_align(align),
+      m_id(id),
+      m_autoResize(autoResize)
+{
+    init();
+}
+
+CBPToolButton::CBPToolButton(QString text, int id, ENAlign align, bool autoResize)
+    : CBPStateWidget(nullptr), m_text(text), m_align(align), m_id(id), m_autoResize(autoResize)
+{
+    init();
+}
+
+CBPToolButton::~CBPToolButton() = default;
+
+void CBPToolButton::init()
+{
+    lumqt::registerMenuItem();
+    lumqt::installAccessible(staticMetaObject.className(), makeAccessible);
+    m_textColors.fill(kTextColor, kStates);
+    m_font = lumqt::uiFont();
+    m_left = kBorder;
+    m_right = kBorder;
+    m_spacing = kSpacing;
+    m_arrowWidth = kArrowWidth;
+    m_arrowHeight = kArrowHeight;
+    m_label = std::make_unique<lumqt::CachedText>();
+    m_image = std::make_unique<lumqt::PaintedImage>();
+    setFocusPolicy(Qt::TabFocus); // a click leaves the focus where the user works
+    measureText();
+    AutoResize();
+}
+
+QAccessibleInterface *CBPToolButton::makeAccessible(QWidget *widget)
+{
+    auto *button = qobject_cast<CBPToolButton *>(widget);
+    return button ? new Accessible(button) : nullptr;
+}
+
+// ------------------------------------------------------------------------------------------------------------
+// settings
+
+void CBPToolButton::SetImage(QVector<QString> &images)
+{
+    m_images = images;
+    m_image->forget();
+    AutoResize();
+    update();
+}
+
+void CBPToolButton::SetImage(QString &image)
+{
+    QVector<QString> images(kStates, image);
+    SetImage(images);
+}
+
+void CBPToolButton::SetText(const QString &text)
+{
+    m_text = text;
+    measureText();
+    AutoResize();
+    update();
+}
+
+QString CBPToolButton::text() const
+{
+    return m_text;
+}
+
+void CBPToolButton::SetTextColor(QColor &color)
+{
+    SetTextColor(QVector<QColor>(kStates, color));
+}
+
+void CBPToolButton::SetTextColor(QVector<QColor> colors)
+{
+    m_textColors = colors;
+    AutoResize();
+    update();
+}
+
+QColor CBPToolButton::textClr() const
+{
+    return m_textColors.value(state());
+}
+
+QColor CBPToolButton::paintedTextColor() const
+{
+    const QColor own = textClr();
+    return own.isValid() ? own : kTextColor;
+}
+
+QString CBPToolButton::icon() const
+{
+    if (m_images.size() != kStates)
+        return QString();
+    return m_images.at(state() == ENStateDisable ? ENStateDisable : ENStateNormal);
+}
+
+void CBPToolButton::SetHorBorder(int left, int right)
+{
+    m_left = lumqt::boundedPixels(left);
+    m_right = lumqt::boundedPixels(right);
+    AutoResize();
+    update();
+}
+
+void CBPToolButton::SetSpacing(int spacing)
+{
+    m_spacing = lumqt::boundedPixels(spacing);
+    AutoResize();
+    update();
+}
+
+void CBPToolButton::SetArrowSize(int width, int height)
+{
+    m_arrowWidth = lumqt::boundedPixels(width);
+    m_arrowHeight = lumqt::boundedPixels(height);
+}
+
+void CBPToolButton::SetTextFont(const QString &family, int pixelSize)
+{
+    m_font.setFamily(family);
+    setPixelSize(pixelSize);
+}
+
+void CBPToolButton::setPixelSize(int pixelSize)
+{
+    if (pixelSize >= 1)
+        m_font.setPixelSize(pixelSize);
+    else
+        qCWarning(lcLumQt, "CBPToolButton: %d is no font size", pixelSize);
+    measureText();
+    update();
+}
+
+void CBPToolButton::setAutoResize(bool autoResize)
+{
+    m_autoResize = autoResize;
+}
+
+void CBPToolButton::setIsShrinked(bool shrinked)
+{
+    m_shrinked = shrinked;
+}
+
+void CBPToolButton::SetChgCursor(bool hand)
+{
+    setCursor(hand ? Qt::OpenHandCursor : Qt::ArrowCursor);
+}
+
+int CBPToolButton::GetBtnID() const
+{
+    return m_id;
+}
+
+// ------------------------------------------------------------------------------------------------------------
+// menu
+
+CBPMenu *CBPToolButton::ownedMenu()
+{
+    if (!m_menu)
+        m_menu = lumqt::makeDropMenu(this);
+    return m_menu;
+}
+
+void CBPToolButton::menuChanged()
+{
+    m_hasMenu = true;
+    AutoResize();
+    update();
+}
+
+void CBPToolButton::AppendMenuItem(QString iconPath, QString text, int id)
+{
+    ownedMenu()->AddAction(iconPath, text, QVariant(id));
+    menuChanged();
+}
+
+void CBPToolButton::AppendSubMenu(CBPMenu *menu)
+{
+    if (!menu)
+        return;
+    ownedMenu()->AddMenu(menu);
+    menuChanged();
+}
+
+void CBPToolButton::SetMenu(CBPMenu *menu)
+{
+    if (!m_menu)
+        return;
+    m_menu = menu;
+    menuChanged();
+}
+
+CBPMenu *CBPToolButton::GetMenu() const
+{
+    return m_menu;
+}
+
+void CBPToolButton::OnActionTriggered(QAction *pAct)
+{
+    if (CBPMenuItem *item = lumqt::chosenItem(pAct))
+        emit sigActionTriggered(item);
+}
+
+// ------------------------------------------------------------------------------------------------------------
+// events
+
+// The button may be gone after.
+void CBPToolButton::activate()
+{
+    if (!m_hasMenu)
+        emit sigClick(m_id);
+    else if (m_menu)
+        lumqt::openDropMenu(this, m_menu);
+}
+
+void CBPToolButton::mouseReleaseEvent(QMouseEvent *event)
+{
+    const QPointer<CBPToolButton> alive(this);
+    if (event->button() == Qt::LeftButton)
+        activate();
+    if (alive)
+        CBPStateWidget::mouseReleaseEvent(event);
+}
+
+void CBPToolButton::focusInEvent(QFocusEvent *event)
+{
+    m_showsFocus = lumqt::showsFocusFor(this, event->reason());
+    CBPStateWidget::focusInEvent(event);
+}
+
+void CBPToolButton::focusOutEvent(QFocusEvent *event)
+{
+    m_spaceDown = false; // its release goes elsewhere
+    m_showsFocus = false;
+    CBPStateWidget::focusOutEvent(event);
+}
+
+// A key counts as a press and a release of the mouse; the look of the focus comes back after.
+void CBPToolButton::activateByKey()
+{
+    const QPointer<CBPToolButton> alive(this);
+    activate();
+    if (alive && isEnabled())
+        SetState(hasFocus() || underMouse() ? ENStateHover : ENStateNormal);
+}
+
+void CBPToolButton::keyPressEvent(QKeyEvent *event)
+{
+    const int key = event->key();
+    const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
+    const bool opens = m_hasMenu && key == Qt::Key_Down;
+    if (key != Qt::Key_Space && !enter && !opens) {
+        CBPStateWidget::keyPressEvent(event);
+        return;
+    }
+    if (event->isAutoRepeat())
+        return;
+    SetState(ENStatePress);
+    if (key == Qt::Key_Space)
+        m_spaceDown = true;
+    else
+        activateByKey();
+}
+
+void CBPToolButton::keyReleaseEvent(QKeyEvent *event)
+{
+    if (event->key() != Qt::Key_Space || !m_spaceDown) {
+        CBPStateWidget::keyReleaseEvent(event);
+        return;
+    }
+    if (event->isAutoRepeat())
+        return;
+    m_spaceDown = false;
+    activateByKey();
+}
+
+void CBPToolButton::hideEvent(QHideEvent *event)
+{
+    const QPointer<CBPToolButton> alive(this);
+    if (!m_shrinked && m_menu)
+        m_menu->hide();
+    if (alive)
+        CBPStateWidget::hideEvent(event);
+}
+
+// ------------------------------------------------------------------------------------------------------------
+// sizes
+
+void CBPToolButton::measureText()
+{
+    // An empty text has no size at all: in sums it counts as one pixel less than nothing.
+    m_textSize = m_text.isEmpty() ? QSize() : QFontMetrics(m_font).size(Qt::TextExpandTabs, m_text);
+}
+
+// Invalid without images.
+QSize CBPToolButton::currentImageSize() const
+{
+    if (m_images.isEmpty())
+        return QSize();
+    return lumqt::pictureSize(m_images.value(state()), devicePixelRatioF());
+}
+
+int CBPToolButton::contentWidth() const
+{
+    const int image = qMax(0, currentImageSize().width());
+    int width = 0;
+    if (m_align == ENAlignLeft)
+        width = m_left + m_right + image + m_textSize.width() + m_spacing;
+    else if (m_align == ENAlignTop)
+        width = m_left + m_right + qMax(m_textSize.width(), image);
+    if (m_hasMenu)
+        width += kMenuWidth;
+    return qBound(0, width, QWIDGETSIZE_MAX);
+}
+
+void CBPToolButton::AutoResize()
+{
+    updateGeometry();
+    if (m_autoResize)
+        setFixedWidth(contentWidth());
+}
+
+QSize CBPToolButton::sizeHint() const
+{
+    const int image = qMax(0, currentImageSize().height());
+    const int label = qMax(0, m_textSize.height());
+    const int content = m_align == ENAlignTop ? image + m_spacing + label : qMax(image, label);
+    return QSize(contentWidth(), qMax(0, content + 2 * kHintedVerticals));
+}
+
+// ------------------------------------------------------------------------------------------------------------
+// painting
+
+void CBPToolButton::paintEvent(QPaintEvent *event)
+{
+    CBPStateWidget::paintEvent(event);
+    QPainter painter(this);
+    drawContent(painter);
+    if (m_showsFocus)
+        lumqt::drawFocusRing(painter, rect());
+}
+
+void CBPToolButton::drawContent(QPainter &painter)
+{
+    const bool hasImages = !m_images.isEmpty();
+    const QPixmap image =
+        m_images.size() > state() ? m_image->pixmap(m_images, state(), devicePixelRatioF()) : QPixmap();
+    const QSize imageSize = hasImages ? lumqt::logicalSize(image) : QSize();
+    QPoint imageAt;
+    QPoint textAt;
+    if (m_align == ENAlignLeft) {
+        imageAt = QPoint(m_left, (height() - imageSize.height()) / 2);
+        textAt = QPoint((hasImages ? m_left : 0) + imageSize.width() + m_spacing,
+                        (height() - m_textSize.height()) / 2);
+    } else if (m_align == ENAlignTop) {
+        if (hasImages)
+            imageAt = QPoint((width() - imageSize.width()) / 2,
+                             (height() - imageSize.height() - m_spacing - m_textSize.height()) / 2);
+        textAt = QPoint((width() - m_textSize.width()) / 2, imageAt.y() + imageSize.height() + m_spacing);
+    }
+    if (m_align == ENAlignLeft || m_align == ENAlignTop) {
+        if (!image.isNull())
+            painter.drawPixmap(imageAt, image);
+        painter.setPen(paintedTextColor());
+        m_label->drawCentred(painter, QRect(textAt, m_textSize), m_text, m_font);
+    }
+    if (m_hasMenu)
+        lumqt::drawDropTriangle(painter, arrowPosition(imageSize), m_arrowWidth, m_arrowHeight,
+                                paintedTextColor());
+}
+
+QPoint CBPToolButton::arrowPosition(const QSize &image) const
+{
+    const int textWidth = m_textSize.width();
+    if (m_align == ENAlignLeft) {
+        const int content = image.width() + textWidth + m_spacing;
+        return QPoint((width() - content) / 2 + content, (height() - m_arrowHeight) / 2);
+    }
+    if (m_align == ENAlignTop) {
+        const int above = image.height() + m_spacing;
+        return QPoint((width() - textWidth) / 2 + textWidth + kArrowGap,
+                      (height() - above - m_textSize.height()) / 2 + above + m_textSize.height() / 2);
+    }
+    return QPoint(0, 0);
+}

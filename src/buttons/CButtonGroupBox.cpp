@@ -1,0 +1,118 @@
+#include "CButtonGroupBox.h"
+
+#include "buttons/FocusGroup.h"
+#include "buttons/GroupButton.h"
+#include "foundation/Accessible.h"
+#include "layout/BoxPainting.h"
+
+#include <QPainter>
+#include <QTimer>
+
+namespace {
+
+const QColor kFrameColor(223, 227, 235);
+const QColor kTextColors[] = {QColor(87, 174, 246), QColor(255, 255, 255), QColor(255, 255, 255),
+                              QColor(187, 187, 187)};
+const QColor kBgColors[] = {QColor(255, 255, 255), QColor(236, 246, 254), QColor(219, 237, 253),
+                            QColor(255, 255, 255)};
+constexpr int kLineWidth = 1; // of the frame, and of the lines between the buttons
+constexpr int kIconSpacing = 8;
+
+} // namespace
+
+CButtonGroupBox::CButtonGroupBox(bool exclusive, QWidget *parent)
+    : CBPBox(false, false, 0), m_exclusive(exclusive), m_focusGroup(new lumqt::FocusGroup(this))
+{
+    lumqt::installAccessible(staticMetaObject.className(), lumqt::makeGrouping);
+    setParent(parent);
+    for (const QColor &color : kTextColors)
+        m_textColors.append(color);
+    for (const QColor &color : kBgColors)
+        m_bgColors.append(color);
+    SetDrawFrame(true);
+    SetFrameClr(kFrameColor);
+    SetBorderWidth(kLineWidth, kLineWidth, kLineWidth, kLineWidth);
+    SetSpacing(kLineWidth);
+    QTimer::singleShot(0, this, &CButtonGroupBox::slotResizeWidget);
+}
+
+CButtonGroupBox::~CButtonGroupBox() = default;
+
+CBPPushBtn *CButtonGroupBox::AddButton(int id, QString text, QString iconPath)
+{
+    CBPPushBtn *button = CreateButton(id, text, iconPath);
+    m_buttons.append(button);
+    PackStart(button);
+    m_focusGroup->add(button);
+    return button;
+}
+
+CBPPushBtn *CButtonGroupBox::CreateButton(int id, QString text, QString iconPath)
+{
+    auto *button = new lumqt::GroupButton(text, id, m_exclusive);
+    button->setFrmTrancent(true);
+    if (!iconPath.isEmpty())
+        button->setIcon(QIcon(iconPath));
+    button->setTextColor(m_textColors);
+    button->setBgColor(m_bgColors);
+    button->setSpacing(kIconSpacing);
+    button->setObjectName(QStringLiteral("id_bgb_") + text);
+    connect(button, &CBPPushBtn::sigBtnClicked, this, &CButtonGroupBox::slotBtnClicked);
+    return button;
+}
+
+CBPPushBtn *CButtonGroupBox::GetButton(int id)
+{
+    for (CBPPushBtn *button : qAsConst(m_buttons)) {
+        if (button && button->bindId() == id)
+            return button;
+    }
+    return nullptr;
+}
+
+void CButtonGroupBox::SetTextClr(QVector<QColor> colors)
+{
+    m_textColors = colors;
+}
+
+void CButtonGroupBox::SetBgClr(QVector<QColor> colors)
+{
+    m_bgColors = colors;
+}
+
+void CButtonGroupBox::slotBtnClicked(int id)
+{
+    if (m_exclusive) {
+        const QObject *clicked = sender();
+        for (CBPPushBtn *button : qAsConst(m_buttons)) {
+            if (button)
+                button->setSelected(button == clicked);
+        }
+    }
+    emit sigBtnClicked(id); // the group may be gone after
+}
+
+void CButtonGroupBox::slotResizeWidget()
+{
+    if (!m_buttons.isEmpty() && m_buttons.first())
+        setFixedHeight(m_buttons.first()->height() + 2 * kLineWidth);
+}
+
+void CButtonGroupBox::paintEvent(QPaintEvent *event)
+{
+    CBPBox::paintEvent(event);
+    QPainter painter(this);
+    const CBPPushBtn *before = nullptr;
+    for (const CBPPushBtn *button : qAsConst(m_buttons)) {
+        if (!button || button->isHidden())
+            continue;
+        // Right behind the button, where the row has room to spare, too.
+        if (before) {
+            const QRect place = before->geometry();
+            const int x = isRightToLeft() ? place.left() - kLineWidth : place.right() + 1;
+            lumqt::fillPixels(painter, QRectF(x, kLineWidth, kLineWidth, height() - kLineWidth),
+                              frameColor());
+        }
+        before = button;
+    }
+}

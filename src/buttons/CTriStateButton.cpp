@@ -1,0 +1,246 @@
+#include "CTriStateButton.h"
+
+#include "foundation/Accessible.h"
+#include "foundation/Painting.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+
+namespace {
+
+const QColor kPlainColor(155, 155, 155);
+const QColor kCheckedColor(76, 174, 178);
+const QColor kHoverColor(112, 191, 194);
+const QColor kPlainTextColor(0, 0, 0);
+const QColor kDisabledFrameColor(215, 215, 215);
+const QColor kDisabledBgColor(253, 253, 253);
+const QColor kDisabledTextColor(120, 120, 120);
+constexpr int kFocusRingWidth = 2;
+
+enum Look { Plain = 0, Hovered = 1, Checked = 2 };
+
+} // namespace
+
+// What screen readers see: a check box, whose mark the base class knows nothing of.
+class CTriStateButton::Accessible : public lumqt::AccessibleButton
+{
+public:
+    explicit Accessible(CTriStateButton *button)
+        : AccessibleButton(button, [button] { return button->text(); }), m_button(button)
+    {
+    }
+
+    QAccessible::Role role() const override
+    {
+        return m_button && m_button->m_noToggle ? QAccessible::PushButton : QAccessible::CheckBox;
+    }
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = AccessibleButton::state();
+        state.checkable = m_button && !m_button->m_noToggle;
+        state.checked = m_button && m_button->m_checked;
+        return state;
+    }
+
+    QStringList actionNames() const override
+    {
+        QStringList names = AccessibleButton::actionNames();
+        if (state().checkable && names.contains(pressAction()))
+            names.prepend(toggleAction());
+        return names;
+    }
+
+    void doAction(const QString &action) override
+    {
+        if (actionNames().contains(action) && (action == pressAction() || action == toggleAction()))
+            m_button->clickByTool(); // the button, and this with it, may be gone after
+        else
+            AccessibleButton::doAction(action);
+    }
+
+private:
+    QPointer<CTriStateButton> m_button;
+};
+
+CTriStateButton::CTriStateButton(QString text, bool locked, bool noToggle, QWidget *parent)
+    : CBPPushBtn(QString(), parent, true, false),
+      m_noToggle(noToggle),
+      m_locked(locked),
+      m_plainColor(kPlainColor),
+      m_checkedColor(kCheckedColor),
+      m_hoverColor(kHoverColor),
+      m_label(std::make_unique<lumqt::CachedText>())
+{
+    lumqt::installAccessible(staticMetaObject.className(), makeAccessible);
+    // Three on purpose, one per look; there is no colour for "disabled" to set. Not by the setter, which
+    // warns of lists without four.
+    m_textColor = {kPlainTextColor, m_hoverColor, m_checkedColor};
+    // Not by the base's constructor: a change of the text makes Qt look for the accessible interface, and it
+    // would keep that of the base class.
+    setText(text);
+}
+
+CTriStateButton::~CTriStateButton() = default;
+
+QAccessibleInterface *CTriStateButton::makeAccessible(QWidget *widget)
+{
+    auto *button = qobject_cast<CTriStateButton *>(widget);
+    return button ? new Accessible(button) : nullptr;
+}
+
+bool CTriStateButton::IsChecked() const
+{
+    return m_checked;
+}
+
+void CTriStateButton::SetChecked(bool checked)
+{
+    if (m_locked || m_noToggle || m_checked == checked)
+        return;
+    m_checked = checked;
+    update();
+    lumqt::tellChecked(this);
+}
+
+void CTriStateButton::SetColor(QColor &plain, QColor &checked, QColor &hover)
+{
+    m_plainColor = plain;
+    m_checkedColor = checked;
+    m_hoverColor = hover;
+    m_textColor = {plain, hover, checked};
+    update();
+}
+
+// ------------------------------------------------------------------------------------------------------------
+// clicks
+
+// Also what click() and a shortcut do before they emit clicked().
+void CTriStateButton::nextCheckState()
+{
+    if (m_noToggle)
+        return;
+    m_checked = !m_checked;
+    update();
+    lumqt::tellChecked(this);
+}
+
+// A toggle says clicked() and nothing more, whoever clicks.
+void CTriStateButton::reportActivation() {}
+
+void CTriStateButton::followRelease()
+{
+    // The base never sees the release, and would take a later one for a click.
+    setDown(false);
+    const QPointer<CTriStateButton> alive(this);
+    nextCheckState();
+    if (alive)
+        emit clicked(false); // the button may be gone after
+}
+
+void CTriStateButton::mouseReleaseEvent(QMouseEvent *)
+{
+    followRelease();
+}
+
+void CTriStateButton::clickByTool()
+{
+    const QPointer<CTriStateButton> alive(this);
+    emit pressed();
+    if (alive)
+        followRelease();
+}
+
+void CTriStateButton::keyPressEvent(QKeyEvent *event)
+{
+    const bool enter = event->key() == Qt::Key_Enter || event->key() == Qt::Key_Return;
+    const bool activates = enter && (autoDefault() || isDefault());
+    if (!m_showsFocus && (activates || event->key() == Qt::Key_Space)) {
+        m_showsFocus = true;
+        update();
+    }
+    if (!activates)
+        CBPPushBtn::keyPressEvent(event);
+    else if (!event->isAutoRepeat()) // a held key would flicker
+        clickByTool();
+}
+
+void CTriStateButton::keyReleaseEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Space && !event->isAutoRepeat() && isDown())
+        followRelease();
+    else
+        CBPPushBtn::keyReleaseEvent(event);
+}
+
+// ------------------------------------------------------------------------------------------------------------
+// looks
+
+void CTriStateButton::enterEvent(QEvent *event)
+{
+    m_hovered = true;
+    CBPPushBtn::enterEvent(event);
+    update();
+}
+
+void CTriStateButton::leaveEvent(QEvent *event)
+{
+    m_hovered = false;
+    CBPPushBtn::leaveEvent(event);
+    update();
+}
+
+void CTriStateButton::focusInEvent(QFocusEvent *event)
+{
+    m_showsFocus = lumqt::showsFocusFor(this, event->reason());
+    CBPPushBtn::focusInEvent(event);
+}
+
+void CTriStateButton::focusOutEvent(QFocusEvent *event)
+{
+    m_showsFocus = false;
+    CBPPushBtn::focusOutEvent(event);
+}
+
+QColor CTriStateButton::lookTextColor(int look) const
+{
+    const QColor own = m_textColor.value(look);
+    if (own.isValid())
+        return own;
+    return look == Checked ? kCheckedColor : look == Hovered ? kHoverColor : kPlainTextColor;
+}
+
+void CTriStateButton::paintEvent(QPaintEvent *)
+{
+    const int look = m_checked ? Checked : m_hovered ? Hovered : Plain;
+    lumqt::Body body;
+    QColor textColor;
+    if (isEnabled()) {
+        body.frame = m_checked ? m_checkedColor : m_hovered ? m_hoverColor : m_plainColor;
+        body.fill = paintedBgColor(look);
+        textColor = lookTextColor(look);
+    } else {
+        body.frame = kDisabledFrameColor;
+        body.fill = kDisabledBgColor;
+        textColor = kDisabledTextColor;
+    }
+    if (m_showsFocus && isEnabled()) {
+        body.frame = focusFrameColor();
+        body.frameWidth = kFocusRingWidth;
+    } else if (text().isEmpty()) {
+        body.frame = QColor();
+    }
+
+    QPainter painter(this);
+    const QRect content = rect().marginsRemoved(lumqt::boundedPixels(m_removeMargin));
+    lumqt::drawBody(painter, content, body);
+    if (text().isEmpty())
+        return;
+    // As wide as the text: one that is too wide loses as much at either side.
+    QRect box(QPoint(0, 0), m_label->lineSize(text(), font()));
+    box.setHeight(qMin(box.height(), content.height()));
+    box.moveTopLeft(content.topLeft() +
+                    QPoint((content.width() - box.width()) / 2, (content.height() - box.height()) / 2));
+    painter.setPen(textColor);
+    m_label->drawCentred(painter, box, text(), font());
+}

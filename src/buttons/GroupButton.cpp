@@ -1,0 +1,80 @@
+#include "buttons/GroupButton.h"
+
+#include "foundation/Accessible.h"
+#include "foundation/Painting.h"
+
+#include <QFocusEvent>
+#include <QPainter>
+
+namespace lumqt {
+
+namespace {
+
+constexpr int kFocusInset = 2;
+
+} // namespace
+
+class GroupButton::Accessible : public AccessibleButton
+{
+public:
+    explicit Accessible(GroupButton *button)
+        : AccessibleButton(button, [button] { return button->text(); }), m_button(button)
+    {
+    }
+
+    QAccessible::Role role() const override
+    {
+        return m_button && m_button->m_exclusive ? QAccessible::RadioButton : QAccessible::PushButton;
+    }
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = AccessibleButton::state();
+        if (m_button && m_button->m_exclusive) {
+            state.checkable = true;
+            state.checked = m_button->isSelected();
+        }
+        return state;
+    }
+
+private:
+    QPointer<GroupButton> m_button;
+};
+
+GroupButton::GroupButton(const QString &text, int id, bool exclusive)
+    : CBPPushBtn(QString(), id, ALIGN_CENTER, true, false), m_exclusive(exclusive)
+{
+    installAccessible(staticMetaObject.className(), makeAccessible);
+    // Not by the base's constructor: a change of the text makes Qt look for the accessible interface, and it
+    // would keep that of the base class.
+    setText(text);
+}
+
+QAccessibleInterface *GroupButton::makeAccessible(QWidget *widget)
+{
+    auto *button = qobject_cast<GroupButton *>(widget);
+    return button ? new Accessible(button) : nullptr;
+}
+
+void GroupButton::paintEvent(QPaintEvent *event)
+{
+    CBPPushBtn::paintEvent(event);
+    if (!m_showsFocus || !isEnabled())
+        return;
+    QPainter painter(this);
+    drawFocusRing(painter, rect().adjusted(kFocusInset, kFocusInset, -kFocusInset, -kFocusInset));
+}
+
+void GroupButton::focusInEvent(QFocusEvent *event)
+{
+    m_showsFocus = showsFocusFor(this, event->reason());
+    CBPPushBtn::focusInEvent(event);
+}
+
+void GroupButton::focusOutEvent(QFocusEvent *event)
+{
+    m_showsFocus = false;
+    CBPPushBtn::focusOutEvent(event);
+}
+
+} // namespace lumqt
