@@ -85,3 +85,17 @@ function(lumqt_add_program target)
     lumqt_set_warnings(${target})
     add_dependencies(${target} lumqt_resources)
 endfunction()
+
+# Writes a resource file with the sources of the gallery's pages, which show them, and says where in `result`.
+function(lumqt_page_sources result)
+    file(GLOB pages CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/examples/gallery/pages/*.cpp")
+    set(files "")
+    foreach(page ${pages})
+        get_filename_component(name "${page}" NAME)
+        string(APPEND files "<file alias=\"${name}\">${page}</file>\n")
+    endforeach()
+    set(resource "${CMAKE_CURRENT_BINARY_DIR}/page_sources.qrc")
+    file(CONFIGURE OUTPUT "${resource}" @ONLY
+         CONTENT "<RCC><qresource prefix=\"/source\">\n${files}</qresource></RCC>\n")
+    set(${result} "${resource}" PARENT_SCOPE)
+endfunction()

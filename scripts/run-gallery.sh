@@ -2,6 +2,7 @@
 # Builds the gallery and shows it, or writes pictures of it.
 #   run-gallery.sh                                      shows it; without a display, writes screenshots
 #   run-gallery.sh --screenshots DIR [--scale 1|1.5|2]  one PNG per page, without a display
+#   run-gallery.sh --class-pictures DIR                 one PNG per class, for the documentation
 #   run-gallery.sh --windows ...                        the same with the Windows build under Wine
 # Installs what is missing with apt.
 set -euo pipefail
@@ -9,12 +10,13 @@ here=$(cd "$(dirname "$0")" && pwd)
 # shellcheck source=scripts/common.sh
 . "$here/common.sh"
 
-usage="usage: run-gallery.sh [--windows] [--screenshots DIR [--scale 1|1.5|2]]"
-preset=linux target= scale=1
+usage="usage: run-gallery.sh [--windows] [--screenshots DIR [--scale 1|1.5|2] | --class-pictures DIR]"
+preset=linux target= scale=1 kind=screenshots
 while [ $# -gt 0 ]; do
   case $1 in
     --windows) preset=windows ;;
     --screenshots) target=${2:?$usage} && shift ;;
+    --class-pictures) target=${2:?$usage} kind=class-pictures && shift ;;
     --scale) scale=${2:?$usage} && shift ;;
     *) fail "$usage" ;;
   esac
@@ -50,7 +52,7 @@ if [ -z "$target" ]; then
   say "Showing the gallery"
   exec "${run[@]}" "$program"
 fi
-say "Writing screenshots at scale $scale into $target"
+say "Writing $kind at scale $scale into $target"
 folder=$target
 [ "$preset" = linux ] || folder="Z:${target//\//\\}"
 # Those of an earlier run go, and nothing else.
@@ -61,5 +63,5 @@ if [ -f "$target/screenshots.txt" ]; then
   done < <(tr -d '\r' <"$target/screenshots.txt")
 fi
 # A page is as tall as it needs, and on Windows it is photographed from the screen.
-LUMQT_SCREEN=2560x6400 QT_SCALE_FACTOR=$scale "$here/with-display.sh" "${run[@]}" "$program" --screenshots "$folder"
+LUMQT_SCREEN=2560x6400 QT_SCALE_FACTOR=$scale "$here/with-display.sh" "${run[@]}" "$program" "--$kind" "$folder"
 find "$target" -maxdepth 1 -name '*.png' | sort

@@ -7,6 +7,7 @@
 
 #include "CBPMenu.h"
 #include "CBPMenuItem.h"
+#include "CBPSearchEdit.h"
 #include "LumQtVersion.h"
 
 #include <QHBoxLayout>
@@ -16,6 +17,8 @@
 #include <QScrollBar>
 #include <QStackedWidget>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace {
 
@@ -33,6 +36,11 @@ const char kScrollBarStyle[] =
     "QScrollBar::handle:pressed{background:#4baeb2;}"
     "QScrollBar::add-line,QScrollBar::sub-line{width:0;height:0;}"
     "QScrollBar::add-page,QScrollBar::sub-page{background:transparent;}";
+
+const char kSearchStyle[] =
+    "QLineEdit{background:#ffffff;border:1px solid #4a566c;border-radius:3px;padding:0 4px;}"
+    "QLineEdit:focus{border-color:#49a7f5;}";
+constexpr int kSearchHeight = 30;
 
 // Where both scroll bars meet, as white as they are.
 QWidget *plainCorner()
@@ -78,6 +86,11 @@ QWidget *GalleryWindow::makeSideBar()
     auto *layout = new QVBoxLayout(bar);
     layout->setContentsMargins(0, theme::kUnit, 0, 0);
     layout->setSpacing(0);
+    layout->addWidget(makeSearch());
+    m_nothingFound = theme::label(tr("No page has that."), theme::Normal, 14, theme::kSideText);
+    m_nothingFound->setContentsMargins(3 * theme::kUnit, theme::kUnit, theme::kUnit, theme::kUnit);
+    m_nothingFound->hide();
+    layout->addWidget(m_nothingFound);
     m_list = new PageList;
     layout->addWidget(m_list, 1);
     QLabel *version =
@@ -85,6 +98,32 @@ QWidget *GalleryWindow::makeSideBar()
     version->setContentsMargins(3 * theme::kUnit, 2 * theme::kUnit, 0, 2 * theme::kUnit);
     layout->addWidget(version);
     return bar;
+}
+
+QWidget *GalleryWindow::makeSearch()
+{
+    auto *place = new QWidget;
+    place->setStyleSheet(QLatin1String(kSearchStyle));
+    auto *layout = new QHBoxLayout(place);
+    layout->setContentsMargins(2 * theme::kUnit, theme::kUnit, 2 * theme::kUnit, theme::kUnit);
+    auto *edit = new CBPSearchEdit(nullptr);
+    edit->setFixedHeight(kSearchHeight);
+    edit->setFont(theme::font(theme::Normal, 14));
+    edit->setPlaceholderText(tr("Search"));
+    edit->setAccessibleName(tr("Search the pages"));
+    edit->setToolTip(tr("Words of a title, or names of classes"));
+    layout->addWidget(edit);
+    connect(edit, &QLineEdit::textChanged, this, &GalleryWindow::search);
+    connect(edit, &QLineEdit::returnPressed, this, [this] {
+        if (!m_list->firstShown().isEmpty())
+            showPage(m_list->firstShown());
+    });
+    return place;
+}
+
+void GalleryWindow::search(const QString &words)
+{
+    m_nothingFound->setVisible(m_list->filter(words) == 0);
 }
 
 bool GalleryWindow::showPage(const QString &pageId)
@@ -122,25 +161,36 @@ QRect GalleryWindow::windowRect()
 
 void GalleryWindow::openPage(const QString &pageId)
 {
-    QScrollArea *&area = m_areas[pageId];
-    if (!area) {
-        for (const PageInfo &info : pages()) {
-            if (info.id != pageId)
-                continue;
-            area = new QScrollArea;
-            area->setFrameShape(QFrame::NoFrame);
-            area->setWidgetResizable(true);
-            area->setFocusPolicy(Qt::NoFocus);
-            area->setAccessibleName(info.title);
-            area->verticalScrollBar()->setStyleSheet(QLatin1String(kScrollBarStyle));
-            area->horizontalScrollBar()->setStyleSheet(QLatin1String(kScrollBarStyle));
-            area->setCornerWidget(plainCorner());
-            area->setWidget(info.make());
-            m_stack->addWidget(area);
-        }
+    const QVector<PageInfo> &all = pages();
+    const auto info =
+        std::find_if(all.cbegin(), all.cend(), [&](const PageInfo &page) { return page.id == pageId; });
+    if (info == all.cend())
+        return;
+    if (!m_areas.contains(pageId)) {
+        Page *page =
+            info->make(); // which handles events to pose dialogs: the page may have been asked for again
+        if (m_areas.contains(pageId))
+            delete page;
+        else
+            m_stack->addWidget(m_areas[pageId] = scrollAreaOf(*info, page));
     }
-    if (area)
-        m_stack->setCurrentWidget(area);
+    if (m_list->selected() == pageId)
+        m_stack->setCurrentWidget(m_areas.value(pageId));
+}
+
+QScrollArea *GalleryWindow::scrollAreaOf(const PageInfo &info, Page *page)
+{
+    auto *area = new QScrollArea;
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setAccessibleName(info.title);
+    area->verticalScrollBar()->setStyleSheet(QLatin1String(kScrollBarStyle));
+    area->horizontalScrollBar()->setStyleSheet(QLatin1String(kScrollBarStyle));
+    area->setCornerWidget(plainCorner());
+    page->offerSource(info);
+    area->setWidget(page);
+    return area;
 }
 
 bool GalleryWindow::titleBtnClicked(int id)

@@ -7,6 +7,8 @@
 class CBPMenu;
 class Page;
 class PageList;
+struct PageInfo;
+class QLabel;
 class QScrollArea;
 class QStackedWidget;
 
@@ -37,11 +39,15 @@ protected:
 
 private:
     QWidget *makeSideBar();
+    QWidget *makeSearch();
+    void search(const QString &words);
     void openPage(const QString &pageId);
+    QScrollArea *scrollAreaOf(const PageInfo &info, Page *page);
     void openPageMenu();
 
     PageList *m_list;
     QStackedWidget *m_stack;
     QHash<QString, QScrollArea *> m_areas;
+    QLabel *m_nothingFound = nullptr;
     CBPMenu *m_pageMenu = nullptr;
 };

@@ -1,10 +1,14 @@
 #include "Page.h"
 
+#include "SourceWindow.h"
 #include "Theme.h"
+
+#include "CBPLinkerButton.h"
 
 #include <QFrame>
 #include <QGridLayout>
 #include <QLabel>
+#include <QVariant>
 #include <QVBoxLayout>
 
 namespace {
@@ -127,13 +131,15 @@ QWidget *onGround(const QColor &ground, const QVector<Sample> &samples)
 // Section
 
 Section::Section(const QString &title, const QString &explanation, QWidget *parent)
-    : QWidget(parent), m_layout(new QVBoxLayout(this))
+    : QWidget(parent), m_title(title), m_layout(new QVBoxLayout(this)), m_titleRow(new QHBoxLayout)
 {
     m_layout->setContentsMargins(0, 0, 0, 0);
     m_layout->setSpacing(kRowGap);
     auto *heading = new QVBoxLayout;
     heading->setSpacing(theme::kUnit / 2);
-    heading->addWidget(theme::label(title, theme::Semibold, 17, theme::kInk));
+    m_titleRow->addWidget(theme::label(title, theme::Semibold, 17, theme::kInk));
+    m_titleRow->addStretch();
+    heading->addLayout(m_titleRow);
     if (!explanation.isEmpty())
         heading->addWidget(theme::label(explanation, theme::Normal, 14, theme::kText, true));
     m_layout->addLayout(heading);
@@ -219,7 +225,20 @@ Section *Page::addSection(const QString &title, const QString &explanation)
     auto *section = new Section(title, explanation, this);
     m_column->addWidget(rule());
     m_column->addWidget(section);
+    m_sections << section;
     return section;
+}
+
+void Page::offerSource(const PageInfo &page)
+{
+    for (Section *section : qAsConst(m_sections)) {
+        auto *link = new CBPLinkerButton(tr("Source"), ENLinkerTypeHover, 0, section);
+        link->setProperty(kSourceLink, true);
+        link->setAccessibleName(tr("Source of %1").arg(section->title()));
+        section->m_titleRow->addWidget(link, 0, Qt::AlignVCenter);
+        connect(link, &CBPLinkerButton::sigLinkerClick, section,
+                [=] { showSource(page, section->title(), window()); });
+    }
 }
 
 int Page::fullHeight(int width) const

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "PageRegistry.h"
+
 #include <QVector>
 #include <QWidget>
 
 class QGridLayout;
+class QHBoxLayout;
 class QVBoxLayout;
 
 // A sample and the words under it; a null widget leaves the place free.
@@ -24,11 +27,16 @@ struct SampleRow
 QWidget *onGround(const QColor &ground, const QVector<QWidget *> &widgets);
 QWidget *onGround(const QColor &ground, const QVector<Sample> &samples);
 
+// Dynamic property of the link to a section's source.
+constexpr char kSourceLink[] = "sourceLink";
+
 // A titled part of a page. Samples become its children; they keep their own size.
 class Section : public QWidget
 {
 public:
     Section(const QString &title, const QString &explanation, QWidget *parent);
+
+    QString title() const { return m_title; }
 
     // Samples side by side, each with its caption below.
     void addSamples(const QVector<Sample> &samples);
@@ -45,7 +53,11 @@ public:
     void addWide(QWidget *widget);
 
 private:
+    friend class Page;
+
+    QString m_title;
     QVBoxLayout *m_layout;
+    QHBoxLayout *m_titleRow;
 };
 
 // A page of the gallery: a title, a few words, sections.
@@ -56,9 +68,15 @@ public:
 
     Section *addSection(const QString &title, const QString &explanation);
 
+    // Each section gets a link to its source.
+    void offerSource(const PageInfo &page);
+
+    QVector<Section *> sections() const { return m_sections; }
+
     // Height at which nothing of the page is cut off when it is `width` pixels wide.
     int fullHeight(int width) const;
 
 private:
     QVBoxLayout *m_column;
+    QVector<Section *> m_sections;
 };

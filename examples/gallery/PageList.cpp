@@ -4,6 +4,7 @@
 #include "Theme.h"
 
 #include <QFocusEvent>
+#include <QHash>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
@@ -110,7 +111,7 @@ void PageList::fill()
     bool first = true;
     PageGroup group{};
     for (const PageInfo &page : pages()) {
-        if (first || page.group != group) {
+        if ((first || page.group != group) && !groupTitle(page.group).isEmpty()) {
             auto *heading = new QListWidgetItem(groupTitle(page.group), this);
             heading->setFlags(Qt::NoItemFlags);
         }
@@ -135,6 +136,33 @@ bool PageList::select(const QString &pageId)
 QString PageList::selected() const
 {
     return currentItem() ? currentItem()->data(kPageIdRole).toString() : QString();
+}
+
+int PageList::filter(const QString &words)
+{
+    const QStringList wanted = words.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    QHash<QString, bool> found;
+    for (const PageInfo &page : pages())
+        found[page.id] = matches(page, wanted);
+    int shown = 0;
+    bool inGroup = false; // whether an entry of the heading below which we are is shown
+    for (int row = count() - 1; row >= 0; --row) {
+        const QString id = item(row)->data(kPageIdRole).toString();
+        setRowHidden(row, id.isEmpty() ? !inGroup : !found.value(id));
+        inGroup = !id.isEmpty() && (inGroup || found.value(id));
+        shown += !id.isEmpty() && found.value(id);
+    }
+    return shown;
+}
+
+QString PageList::firstShown() const
+{
+    for (int row = 0; row < count(); ++row) {
+        const QString id = item(row)->data(kPageIdRole).toString();
+        if (!id.isEmpty() && !isRowHidden(row))
+            return id;
+    }
+    return QString();
 }
 
 int PageList::fullHeight() const

@@ -15,6 +15,12 @@ public:
     bool select(const QString &pageId);
     QString selected() const;
 
+    // Shows the pages that have all of the words, and says how many they are.
+    int filter(const QString &words);
+
+    // The first of the pages on show; empty when there is none.
+    QString firstShown() const;
+
     // Height at which no entry is cut off.
     int fullHeight() const;
 

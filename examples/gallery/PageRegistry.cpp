@@ -1,5 +1,9 @@
 #include "PageRegistry.h"
 
+#include <QFile>
+#include <QFileInfo>
+#include <QStringList>
+
 #include <algorithm>
 
 namespace {
@@ -13,8 +17,10 @@ QVector<PageInfo> &registered()
 
 } // namespace
 
-void registerPage(const PageInfo &page)
+void registerPage(PageInfo page, const char *file)
 {
+    page.file =
+        QFileInfo(QString::fromLocal8Bit(file).replace(QLatin1Char('\\'), QLatin1Char('/'))).fileName();
     registered().append(page);
 }
 
@@ -33,6 +39,8 @@ const QVector<PageInfo> &pages()
 QString groupTitle(PageGroup group)
 {
     switch (group) {
+    case PageGroup::Start:
+        break;
     case PageGroup::Foundation:
         return QStringLiteral("Foundation");
     case PageGroup::Windows:
@@ -53,4 +61,20 @@ QString groupTitle(PageGroup group)
         return QStringLiteral("Display");
     }
     return QString();
+}
+
+QString sourceOf(const PageInfo &page)
+{
+    QFile file(QStringLiteral(":/source/") + page.file);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+bool matches(const PageInfo &page, const QStringList &words)
+{
+    if (words.isEmpty())
+        return true;
+    const QString text =
+        page.title + QLatin1Char('\n') + groupTitle(page.group) + QLatin1Char('\n') + sourceOf(page);
+    return std::all_of(words.cbegin(), words.cend(),
+                       [&](const QString &word) { return text.contains(word, Qt::CaseInsensitive); });
 }

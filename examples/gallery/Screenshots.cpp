@@ -59,7 +59,8 @@ QPixmap photograph(GalleryWindow &window)
     return screen->grabWindow(0, onScreen.x(), onScreen.y(), rect.width(), rect.height());
 }
 
-// Makes the window as high as the page, as far as it can be photographed.
+} // namespace
+
 void fitToPage(GalleryWindow &window)
 {
     int height = window.fullHeight();
@@ -72,6 +73,8 @@ void fitToPage(GalleryWindow &window)
     }
     window.resize(window.width(), height);
 }
+
+namespace {
 
 class Album
 {

@@ -1,3 +1,4 @@
+#include "ClassPictures.h"
 #include "FontSetup.h"
 #include "GalleryWindow.h"
 #include "PageRegistry.h"
@@ -15,12 +16,15 @@
 #include <QTextStream>
 #include <QTranslator>
 
+#include <utility>
+
 namespace {
 
 struct Options
 {
     QString page;
-    QString screenshots; // absolute; empty: none are taken
+    QString screenshots;   // absolute; empty: none are taken
+    QString classPictures; // the same
     bool list = false;
     bool help = false;
 };
@@ -33,6 +37,9 @@ void describe(QCommandLineParser &parser)
         {QStringLiteral("screenshots"),
          QStringLiteral("Write a picture of every page (or of the one given by --page) and quit."),
          QStringLiteral("folder")});
+    parser.addOption({QStringLiteral("class-pictures"),
+                      QStringLiteral("Write a picture of every class, for its documentation, and quit."),
+                      QStringLiteral("folder")});
     parser.addOption({QStringLiteral("list"), QStringLiteral("List the pages and quit.")});
     parser.addOption(
         {{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help and quit.")});
@@ -58,11 +65,14 @@ QString read(QCommandLineParser &parser, Options &options)
     options.page = parser.value(QStringLiteral("page"));
     if (parser.isSet(QStringLiteral("page")) && !isPage(options.page))
         return QStringLiteral("there is no page %1; see --list").arg(options.page);
-    if (parser.isSet(QStringLiteral("screenshots"))) {
-        const QString folder = parser.value(QStringLiteral("screenshots"));
-        if (folder.isEmpty())
-            return QStringLiteral("--screenshots needs a folder");
-        options.screenshots = QDir(folder).absolutePath();
+    for (auto [option, folder] : {std::pair("screenshots", &options.screenshots),
+                                  std::pair("class-pictures", &options.classPictures)}) {
+        const QString name = QString::fromLatin1(option);
+        if (!parser.isSet(name))
+            continue;
+        if (parser.value(name).isEmpty())
+            return QStringLiteral("--%1 needs a folder").arg(name);
+        *folder = QDir(parser.value(name)).absolutePath();
     }
     options.list = parser.isSet(QStringLiteral("list"));
     options.help = parser.isSet(QStringLiteral("help"));
@@ -82,7 +92,9 @@ QStringList allPageIds()
 void fixDensityOfPictures(int argc, char *argv[])
 {
     for (int i = 1; i < argc; ++i) {
-        if (qstrncmp(argv[i], "--screenshots", 13) == 0 && !qEnvironmentVariableIsSet("QT_FONT_DPI"))
+        const bool pictures =
+            qstrncmp(argv[i], "--screenshots", 13) == 0 || qstrncmp(argv[i], "--class-pictures", 16) == 0;
+        if (pictures && !qEnvironmentVariableIsSet("QT_FONT_DPI"))
             qputenv("QT_FONT_DPI", "96");
     }
 }
@@ -113,6 +125,8 @@ int run(const Options &options)
     GalleryWindow window;
     window.showPage(options.page.isEmpty() ? pages().first().id : options.page);
     window.show();
+    if (!options.classPictures.isEmpty())
+        return takeClassPictures(window, options.classPictures);
     if (options.screenshots.isEmpty())
         return QApplication::exec();
     return takeScreenshots(window, options.page.isEmpty() ? allPageIds() : QStringList(options.page),

@@ -21,11 +21,13 @@ constexpr int kHeight = 28;
 constexpr int kPadding = 12; // left of the content
 constexpr int kIconSize = 16;
 constexpr int kIconGap = 8;
-constexpr int kTextGap = 4;    // between text and arrow part
-constexpr int kArrowPart = 28; // width of the part with the triangle
+constexpr int kTextGap = 2;       // between text and arrow part
+constexpr int kSplitTextGap = 10; // the same with a line between them
+constexpr int kArrowPart = 25;    // width of the part with the triangle
 constexpr int kArrowWidth = 8;
 constexpr int kArrowHeight = 4;
-constexpr int kDividerInset = 6; // from the upper and the lower edge
+constexpr int kDividerInset = 6;  // from the upper and the lower edge
+constexpr int kDividerAlpha = 96; // of the text colour
 constexpr int kFocusRingWidth = 2;
 constexpr int kMenuGap = 2; // between button and menu
 
@@ -44,13 +46,6 @@ public:
     QAccessible::Role role() const override
     {
         return m_button && m_button->m_split ? QAccessible::ButtonDropDown : QAccessible::ButtonMenu;
-    }
-
-    QString text(QAccessible::Text kind) const override
-    {
-        if (kind != QAccessible::Name || !m_button || !m_button->accessibleName().isEmpty())
-            return QAccessibleWidget::text(kind);
-        return m_button->m_text.isEmpty() ? m_button->toolTip() : m_button->m_text;
     }
 
     QAccessible::State state() const override
@@ -78,6 +73,7 @@ public:
     }
 
 protected:
+    QString ownName() const override { return m_button ? m_button->m_text : QString(); }
     void press() override { m_button->activate(); }
 
 private:
@@ -91,6 +87,7 @@ CBPDropdownBtn::CBPDropdownBtn(QString text, int id, QWidget *parent)
       m_text(text),
       m_font(lumqt::uiFont()),
       m_id(id),
+      m_focusFrameColor(kFocusFrameColor),
       m_label(std::make_unique<lumqt::CachedText>())
 {
     lumqt::registerMenuItem();
@@ -137,6 +134,13 @@ void CBPDropdownBtn::SetFont(const QFont &font)
 void CBPDropdownBtn::setSplit(bool split)
 {
     m_split = split;
+    updateGeometry();
+    update();
+}
+
+void CBPDropdownBtn::setFocusFrameColor(QColor color)
+{
+    m_focusFrameColor = color;
     update();
 }
 
@@ -320,7 +324,12 @@ void CBPDropdownBtn::changeEvent(QEvent *event)
 QSize CBPDropdownBtn::hint(int textWidth) const
 {
     const int icon = m_icon.isNull() ? 0 : kIconSize + (m_text.isEmpty() ? 0 : kIconGap);
-    return QSize(kPadding + icon + textWidth + kTextGap + kArrowPart, kHeight);
+    return QSize(kPadding + icon + textWidth + textGap() + kArrowPart, kHeight);
+}
+
+int CBPDropdownBtn::textGap() const
+{
+    return m_split ? kSplitTextGap : kTextGap;
 }
 
 QSize CBPDropdownBtn::sizeHint() const
@@ -348,7 +357,7 @@ void CBPDropdownBtn::paintEvent(QPaintEvent *)
     body.radiusX = m_roundRadius.value(0);
     body.radiusY = m_roundRadius.value(1);
     if (IsFocus() && isEnabled()) {
-        body.frame = kFocusFrameColor;
+        body.frame = m_focusFrameColor;
         body.frameWidth = kFocusRingWidth;
     } else if (body.radiusX > 0 || !m_frmTrancent) {
         body.frame = paintedFrmColor(index);
@@ -368,7 +377,7 @@ void CBPDropdownBtn::drawContent(QPainter &painter, int index)
         painter.drawPixmap(left + (kIconSize - size.width()) / 2, (height() - size.height()) / 2, icon);
         left += kIconSize + kIconGap;
     }
-    const int room = arrow.left() - kTextGap - left;
+    const int room = arrow.left() - textGap() - left;
     if (room > 0 && !m_text.isEmpty()) {
         const bool fits = m_label->lineSize(m_text, m_font).width() <= room;
         painter.setPen(paintedTextColor(index));
@@ -376,10 +385,12 @@ void CBPDropdownBtn::drawContent(QPainter &painter, int index)
                           fits ? m_text : QFontMetrics(m_font).elidedText(m_text, Qt::ElideRight, room),
                           m_font);
     }
-    if (m_split)
-        painter.fillRect(lumqt::wholeDevicePixels(
-                             painter, QRectF(arrow.left(), kDividerInset, 1, height() - 2 * kDividerInset)),
-                         paintedFrmColor(index));
+    if (m_split) {
+        QColor line = paintedTextColor(index);
+        line.setAlpha(kDividerAlpha);
+        const QRectF place(arrow.left(), kDividerInset, 1, height() - 2 * kDividerInset);
+        painter.fillRect(lumqt::wholeDevicePixels(painter, place), line);
+    }
     const QColor own = m_triangleColor.size() > Disabled ? triangleColor(index) : QColor();
     lumqt::drawDropTriangle(
         painter, QPointF(arrow.left() + (arrow.width() - kArrowWidth) / 2, (height() - kArrowHeight) / 2),

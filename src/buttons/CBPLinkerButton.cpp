@@ -28,13 +28,6 @@ class AccessibleLink : public lumqt::AccessiblePressable
 public:
     explicit AccessibleLink(CBPLinkerButton *link) : AccessiblePressable(link, QAccessible::Link) {}
 
-    QString text(QAccessible::Text kind) const override
-    {
-        if (kind == QAccessible::Name && link() && link()->accessibleName().isEmpty())
-            return link()->text();
-        return QAccessibleWidget::text(kind);
-    }
-
     QAccessible::State state() const override
     {
         QAccessible::State result = QAccessibleWidget::state();
@@ -44,6 +37,7 @@ public:
     }
 
 protected:
+    QString ownName() const override { return link() ? link()->text() : QString(); }
     void press() override { emit link()->sigLinkerClick(link()->bindData()); }
 
 private:

@@ -42,13 +42,6 @@ public:
         return m_button && m_button->m_hasMenu ? QAccessible::ButtonMenu : QAccessible::PushButton;
     }
 
-    QString text(QAccessible::Text kind) const override
-    {
-        if (kind != QAccessible::Name || !m_button || !m_button->accessibleName().isEmpty())
-            return QAccessibleWidget::text(kind);
-        return m_button->m_text.isEmpty() ? m_button->toolTip() : m_button->m_text;
-    }
-
     QAccessible::State state() const override
     {
         QAccessible::State state = QAccessibleWidget::state();
@@ -60,6 +53,7 @@ public:
     }
 
 protected:
+    QString ownName() const override { return m_button ? m_button->m_text : QString(); }
     void press() override { m_button->activate(); }
 
 private:

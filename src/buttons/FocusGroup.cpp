@@ -100,7 +100,8 @@ bool FocusGroup::eventFilter(QObject *watched, QEvent *event)
     auto *member = static_cast<QWidget *>(watched);
     switch (event->type()) {
     case QEvent::FocusIn:
-        setStop(member);
+        if (canStop(member)) // a program can give it the focus all the same
+            setStop(member);
         break;
     case QEvent::EnabledChange:
     case QEvent::ShowToParent:

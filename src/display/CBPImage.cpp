@@ -23,13 +23,6 @@ public:
         return clickable() ? QAccessible::PushButton : QAccessible::Graphic;
     }
 
-    QString text(QAccessible::Text kind) const override
-    {
-        if (kind == QAccessible::Name && widget() && widget()->accessibleName().isEmpty())
-            return widget()->toolTip();
-        return QAccessibleWidget::text(kind);
-    }
-
 protected:
     bool isPressable() const override { return clickable(); }
     void press() override { emit static_cast<CBPImage *>(widget())->sigImgClick(); }

@@ -103,6 +103,14 @@ bool AccessiblePressable::canPress() const
     return widget() && widget()->isEnabled() && isPressable();
 }
 
+QString AccessiblePressable::text(QAccessible::Text kind) const
+{
+    if (kind != QAccessible::Name || !widget() || !widget()->accessibleName().isEmpty())
+        return QAccessibleWidget::text(kind);
+    const QString name = ownName();
+    return name.isEmpty() ? widget()->toolTip() : name;
+}
+
 QStringList AccessiblePressable::actionNames() const
 {
     QStringList names = QAccessibleWidget::actionNames();

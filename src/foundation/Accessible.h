@@ -42,10 +42,13 @@ class AccessiblePressable : public QAccessibleWidget
 public:
     AccessiblePressable(QWidget *widget, QAccessible::Role role) : QAccessibleWidget(widget, role) {}
 
+    QString text(QAccessible::Text kind) const override;
     QStringList actionNames() const override;
     void doAction(const QString &action) override;
 
 protected:
+    // Its name where the application set none; the tool tip where this is empty.
+    virtual QString ownName() const { return QString(); }
     // Whether it can be pressed at all; a disabled widget never can.
     virtual bool isPressable() const { return true; }
     virtual void press() = 0;

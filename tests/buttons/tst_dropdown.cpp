@@ -77,7 +77,10 @@ private slots:
         QSignalSpy shown(button.GetMenu(), &QMenu::aboutToShow);
         whileOpen(this, button.GetMenu(), [&](CBPMenu *menu) {
             menu->hide();
-            sendMouse(button, QEvent::MouseButtonPress, Qt::LeftButton, QPoint(button.width() - 10, 10));
+            for (const int x : {button.width() - 10, 5}) {
+                sendMouse(button, QEvent::MouseButtonPress, Qt::LeftButton, QPoint(x, 10));
+                sendMouse(button, QEvent::MouseButtonRelease, Qt::LeftButton, QPoint(x, 10));
+            }
         });
         QTest::keyClick(&button, Qt::Key_F4);
         QCOMPARE(shown.count(), 1);

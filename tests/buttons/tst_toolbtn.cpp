@@ -261,6 +261,13 @@ private slots:
                               size);
             const QRect seen = boxOf(image, ink);
             QVERIFY(!seen.isEmpty() && words.contains(seen));
+
+            CBPToolButton alone(text, 1, align, false); // its text starts elsewhere
+            alone.SetTextColor(ink);
+            alone.resize(200, 80);
+            const QRect lone = boxOf(alone.grab().toImage().convertToFormat(QImage::Format_RGB32), ink);
+            const QPoint shift = align == ENAlignLeft ? QPoint(4 - 35, 0) : QPoint(0, 4 - (top + 21));
+            QCOMPARE(lone, seen.translated(shift));
         }
     }
 
@@ -357,7 +364,12 @@ private slots:
             QCOMPARE(opened, 1);
         }
         QVERIFY(clicked.isEmpty());
-        QCOMPARE(QAccessible::queryAccessibleInterface(&button)->role(), QAccessible::ButtonMenu);
+        QAccessibleInterface *face = QAccessible::queryAccessibleInterface(&button);
+        QCOMPARE(face->role(), QAccessible::ButtonMenu);
+        QCOMPARE(face->text(QAccessible::Name), QStringLiteral("Menu"));
+        button.SetText(QString());
+        button.setToolTip(QStringLiteral("Tip"));
+        QCOMPARE(face->text(QAccessible::Name), QStringLiteral("Tip"));
 
         // Hiding the button takes the menu along, unless it is "shrinked".
         for (const bool stays : {false, true}) {

@@ -1,0 +1,126 @@
+#include "EventLog.h"
+#include "Page.h"
+#include "PageRegistry.h"
+#include "Pose.h"
+#include "Theme.h"
+
+#include "CBPDropdownBtn.h"
+#include "CBPMenu.h"
+#include "CBPMenuItem.h"
+
+#include <QIcon>
+
+namespace {
+
+CBPDropdownBtn *button(const QString &text, bool split = false, bool icon = false)
+{
+    auto *result = new CBPDropdownBtn(text, 1);
+    result->setSplit(split);
+    result->setRoundRadius({4, 4});
+    if (icon)
+        result->setIcon(QIcon(theme::picturePath("icon_user.png")));
+    return result;
+}
+
+CBPDropdownBtn *accent(const QString &text)
+{
+    CBPDropdownBtn *result = button(text, true);
+    const QVector<QColor> ground{theme::kAccentDeep, QColor(36, 117, 122), QColor(29, 100, 104),
+                                 QColor(207, 230, 231)};
+    const QVector<QColor> words{Qt::white, Qt::white, Qt::white, QColor(94, 143, 145)};
+    result->setBgColor(ground);
+    result->setFrmColor(ground);
+    result->setFocusFrameColor(theme::kInk);
+    result->setTextColor(words);
+    result->setTriangleColor(words);
+    return result;
+}
+
+CBPDropdownBtn *live(EventLog *log, CBPDropdownBtn *result)
+{
+    result->AppendMenuItem(theme::picturePath("Common/ico_onlinesupport_normal.svg"), "Support", 21);
+    result->AppendMenuItem(theme::picturePath("Common/gift_normal.svg"), "Offers", 22);
+    auto *more = new CBPMenu("More", result);
+    more->AddAction("Archive", 31);
+    result->AppendSubMenu(more);
+    result->GetMenu()->SetDefIconWidth(32);
+    result->GetMenu()->SetSubMenuRightIcon(":/gallery/nested.svg");
+    QObject::connect(result, &CBPDropdownBtn::sigBtnClicked, log,
+                     [log](int id) { log->add(QString("sigBtnClicked(%1)").arg(id)); });
+    QObject::connect(result, &CBPDropdownBtn::sigActionTriggered, log, [log](CBPMenuItem *item) {
+        log->add(QString("sigActionTriggered(\"%1\", %2)").arg(item->text(), item->data().toString()));
+    });
+    return result;
+}
+
+using Maker = CBPDropdownBtn *(*)();
+
+SampleRow statesOf(const QString &caption, Maker make)
+{
+    SampleRow row{caption, {}};
+    for (const pose::State state :
+         {pose::Normal, pose::Hovered, pose::Pressed, pose::Focused, pose::Disabled}) {
+        CBPDropdownBtn *sample = make();
+        // A press would open a menu; none of these has one.
+        row.widgets << pose::in(state, sample);
+        if (state == pose::Pressed)
+            sample->setState(2);
+    }
+    return row;
+}
+
+Page *makePage()
+{
+    auto *page =
+        new Page("Drop-down button",
+                 "CBPDropdownBtn: a text, an icon if wanted, and a menu that drops down right below.");
+    Section *section = page->addSection(
+        "Try it",
+        "Mouse, Tab, Space and Enter work here; Down and F4 open the menu. Every signal appears below.");
+    auto *log = new EventLog("No signal yet: open a menu.");
+    CBPDropdownBtn *off = live(log, button("Disabled"));
+    off->setEnabled(false);
+    section->addSamples({{"Opens as a whole", live(log, button("Contact"))},
+                         {"Split, id 1", live(log, button("Save", true))},
+                         {"Split, with an icon", live(log, button("Account", true, true))},
+                         {"Own colours", live(log, accent("Send"))},
+                         {"Disabled", off}});
+    section->addWide(log);
+
+    section =
+        page->addSection("States", "The text's part and the triangle share one look; a line parts them on a "
+                                   "split button. The ring shows the keyboard focus.");
+    section->addTable({"Normal", "Hovered", "Pressed, open", "Focused", "Disabled"},
+                      {statesOf("Whole", [] { return button("Sort"); }),
+                       statesOf("Split", [] { return button("Sort", true); }),
+                       statesOf("With an icon", [] { return button("Sort", true, true); }),
+                       statesOf("Own colours", [] { return accent("Sort"); }), statesOf("Square", [] {
+                           CBPDropdownBtn *square = button("Sort");
+                           square->setRoundRadius({0, 0});
+                           return square;
+                       })});
+
+    section = page->addSection("Widths",
+                               "As wide as its text at first. Where there is less room the text ends in an "
+                               "ellipsis.");
+    CBPDropdownBtn *narrow = button("A text that is too long", true);
+    narrow->setFixedWidth(120);
+    CBPDropdownBtn *wide = button("Wide");
+    wide->setFixedWidth(160);
+    CBPDropdownBtn *large = button("Larger font");
+    large->SetFont(theme::font(theme::Semibold, 18));
+    section->addSamples({{"120 wide", narrow},
+                         {"160 wide", wide},
+                         {"Own font", large},
+                         {"Icon alone", button(QString(), true, true)},
+                         {"Nothing in it", button(QString())}});
+    return page;
+}
+
+void registerThis()
+{
+    registerPage({"drop-down-button", "Drop-down button", PageGroup::Buttons, makePage});
+}
+Q_CONSTRUCTOR_FUNCTION(registerThis)
+
+} // namespace

@@ -1,0 +1,149 @@
+#include "EventLog.h"
+#include "Page.h"
+#include "PageRegistry.h"
+#include "Pose.h"
+#include "Theme.h"
+
+#include "CBPPushBtn.h"
+#include "CButtonGroupBox.h"
+#include "CTriStateButton.h"
+
+namespace {
+
+CTriStateButton *toggle(const QString &text, bool checked = false, bool locked = false, bool noToggle = false)
+{
+    auto *button = new CTriStateButton(text, false, noToggle, nullptr);
+    button->SetChecked(checked);
+    if (locked) {
+        delete button;
+        button = new CTriStateButton(text, true, noToggle, nullptr);
+    }
+    return button;
+}
+
+CTriStateButton *live(EventLog *log, CTriStateButton *button)
+{
+    QObject::connect(button, &QAbstractButton::clicked, log, [log, button](bool checked) {
+        log->add(QString("clicked(%1), and IsChecked() is %2")
+                     .arg(checked ? "true" : "false", button->IsChecked() ? "true" : "false"));
+    });
+    return button;
+}
+
+CButtonGroupBox *group(bool exclusive, int selected = -1, bool icons = false)
+{
+    auto *box = new CButtonGroupBox(exclusive, nullptr);
+    box->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    const QStringList texts{"Day", "Week", "Month", "Year"};
+    // White on the pale grounds of a group would not be read.
+    box->SetTextClr({QColor(30, 110, 176), QColor(30, 110, 176), QColor(20, 84, 138), QColor(150, 158, 168)});
+    for (int i = 0; i < texts.size(); ++i) {
+        CBPPushBtn *button =
+            box->AddButton(i, texts[i], icons ? theme::picturePath("icon_user.png") : QString());
+        if (icons) {
+            button->setSpacing(32);
+            button->setFixedWidth(120);
+        }
+        button->setSelected(i == selected);
+    }
+    return box;
+}
+
+CButtonGroupBox *live(EventLog *log, CButtonGroupBox *box)
+{
+    QObject::connect(box, &CButtonGroupBox::sigBtnClicked, log,
+                     [log](int id) { log->add(QString("sigBtnClicked(%1)").arg(id)); });
+    return box;
+}
+
+void addLiveSamples(Page *page)
+{
+    Section *section = page->addSection(
+        "Try it",
+        "Mouse, Tab and Space work here, and the arrow keys in a group. Every signal appears below.");
+    auto *log = new EventLog("No signal yet: click a button.");
+    CTriStateButton *off = live(log, toggle("Disabled"));
+    off->setEnabled(false);
+    section->addSamples({{"Free", live(log, toggle("Free"))},
+                         {"Only clicks change it", live(log, toggle("Locked", false, true))},
+                         {"Never changes", live(log, toggle("Push", false, false, true))},
+                         {"Disabled", off},
+                         {"One at a time", live(log, group(true, 1))}});
+    section->addWide(log);
+}
+
+SampleRow statesOf(const QString &caption, bool checked, const QString &text, bool ownColors = false)
+{
+    SampleRow row{caption, {}};
+    for (const pose::State state :
+         {pose::Normal, pose::Hovered, pose::Pressed, pose::Focused, pose::Disabled}) {
+        CTriStateButton *sample = toggle(text, checked);
+        if (ownColors) {
+            QColor plain(103, 114, 128);
+            QColor deep(176, 84, 20);
+            QColor hover(120, 60, 16);
+            sample->SetColor(plain, deep, hover);
+            sample->setBgColor({Qt::white, QColor(253, 246, 240), QColor(252, 236, 222), Qt::white});
+        }
+        row.widgets << pose::in(state, sample);
+    }
+    return row;
+}
+
+void addStates(Page *page)
+{
+    page->addSection(
+            "States of a toggle",
+            "Three looks: plain, hovered, checked. A pressed button looks as a hovered one; the text is "
+            "black until colours are set, then it follows the frame.")
+        ->addTable({"Normal", "Hovered", "Pressed", "Focused", "Disabled"},
+                   {statesOf("Plain", false, "Mon"), statesOf("Checked", true, "Mon"),
+                    statesOf("Own colours", false, "Mon", true), statesOf("Own, checked", true, "Mon", true),
+                    statesOf("No text", true, QString())});
+}
+
+void addGroups(Page *page)
+{
+    Section *section = page->addSection(
+        "Groups",
+        "Buttons edge to edge in a frame, a thin line between them. Lines and frame are one colour.");
+    CButtonGroupBox *off = group(true, 2);
+    off->setEnabled(false);
+    auto *single = new CButtonGroupBox(true, nullptr);
+    single->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    single->AddButton(1, "Alone", QString());
+    auto *builtIn = new CButtonGroupBox(true, nullptr);
+    builtIn->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    for (const char *text : {"One", "Two", "Three"})
+        builtIn->AddButton(0, text, QString());
+    CButtonGroupBox *focused = group(true, 0);
+    pose::put(focused->GetButton(1), pose::Focused);
+    CButtonGroupBox *hovered = group(true, 0);
+    pose::put(hovered->GetButton(2), pose::Hovered);
+    section->addColumns(2, {{"Exclusive, the second selected", group(true, 1)},
+                            {"Not exclusive", group(false)},
+                            {"Hovered", hovered},
+                            {"Keyboard focus on the second", focused},
+                            {"Disabled", off},
+                            {"Built-in colours", builtIn}});
+    section->addSamples({{"With icons", group(true, 3, true)}, {"One button, no line", single}});
+}
+
+Page *makePage()
+{
+    auto *page =
+        new Page("Toggle buttons", "CTriStateButton: a button that stays checked. CButtonGroupBox: a row of "
+                                   "buttons, one of them selected if wanted.");
+    addLiveSamples(page);
+    addStates(page);
+    addGroups(page);
+    return page;
+}
+
+void registerThis()
+{
+    registerPage({"toggle-button", "Toggle buttons", PageGroup::Buttons, makePage});
+}
+Q_CONSTRUCTOR_FUNCTION(registerThis)
+
+} // namespace

@@ -1,0 +1,221 @@
+#include "Monkey.h"
+
+#include "GalleryWindow.h"
+#include "Page.h"
+#include "PageRegistry.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDesktopServices>
+#include <QTest>
+#include <QTimer>
+#include <QWheelEvent>
+
+#include <iterator>
+
+namespace {
+
+constexpr int kPause = 2;          // ms from one step to the next
+constexpr int kSettleTime = 30000; // ms in which what was left open must have gone
+constexpr QSize kLeast(400, 300);
+constexpr QSize kMost(1600, 1200);
+
+const Qt::Key kKeys[] = {Qt::Key_Tab,    Qt::Key_Tab,      Qt::Key_Backtab, Qt::Key_Space,     Qt::Key_Space,
+                         Qt::Key_Return, Qt::Key_Enter,    Qt::Key_Escape,  Qt::Key_Escape,    Qt::Key_Left,
+                         Qt::Key_Right,  Qt::Key_Up,       Qt::Key_Down,    Qt::Key_Home,      Qt::Key_End,
+                         Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Delete,  Qt::Key_Backspace, Qt::Key_F2,
+                         Qt::Key_F4,     Qt::Key_Menu,     Qt::Key_A,       Qt::Key_C,         Qt::Key_V,
+                         Qt::Key_X,      Qt::Key_Z,        Qt::Key_0,       Qt::Key_1,         Qt::Key_9,
+                         Qt::Key_Period, Qt::Key_Slash,    Qt::Key_Minus};
+const Qt::KeyboardModifiers kModifiers[] = {Qt::NoModifier, Qt::NoModifier,    Qt::NoModifier,
+                                            Qt::NoModifier, Qt::ShiftModifier, Qt::ControlModifier,
+                                            Qt::AltModifier};
+
+QString textOf(Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    const bool letter = key >= Qt::Key_Space && key <= Qt::Key_AsciiTilde;
+    if (!letter || modifiers & (Qt::ControlModifier | Qt::AltModifier))
+        return QString();
+    const QChar c = QChar(int(key));
+    return modifiers & Qt::ShiftModifier ? QString(c) : QString(c.toLower());
+}
+
+} // namespace
+
+Monkey::Monkey(GalleryWindow &window, unsigned int seed, int seconds)
+    : m_window(window), m_random(seed), m_time(1000 * qint64(seconds))
+{
+    for (const char *scheme : {"http", "https", "file", "mailto", "lumqt-test"})
+        QDesktopServices::setUrlHandler(QLatin1String(scheme), this, "ignoreUrl");
+}
+
+void Monkey::start()
+{
+    m_clock.start();
+    QTimer::singleShot(kPause, this, &Monkey::step);
+}
+
+// A timer of its own for each step: what a step opens may run a loop of its own, in which the next one is
+// taken.
+void Monkey::step()
+{
+    if (m_clock.hasExpired(m_time)) {
+        leave();
+        return;
+    }
+    QTimer::singleShot(kPause, this, &Monkey::step);
+    ++m_steps;
+    if (!m_window.isVisible() || m_window.isMinimized())
+        m_window.showNormal(); // closed or put away by its own buttons
+    act();
+}
+
+void Monkey::act()
+{
+    const int choice = below(100);
+    if (choice < 35)
+        click();
+    else if (choice < 65)
+        pressKey();
+    else if (choice < 80)
+        mouse(QEvent::MouseMove, Qt::NoButton);
+    else if (choice < 86)
+        drag();
+    else if (choice < 91)
+        turnWheel();
+    else if (choice < 93)
+        askForContextMenu();
+    else if (choice < 95)
+        resizeWindow();
+    else
+        changePage();
+}
+
+// Every window but the gallery's is closed, and so every loop is left, before the program ends.
+void Monkey::leave()
+{
+    if (QWidget *popup = QApplication::activePopupWidget()) {
+        popup->close();
+    } else if (QWidget *modal = QApplication::activeModalWidget()) {
+        modal->close();
+    } else if (!m_clock.hasExpired(m_time + kSettleTime / 10)) {
+        m_held = Qt::NoButton;
+    } else {
+        QApplication::closeAllWindows();
+        QApplication::quit();
+        return;
+    }
+    if (m_clock.hasExpired(m_time + kSettleTime))
+        qFatal("A window does not close");
+    QTimer::singleShot(10 * kPause, this, &Monkey::leave);
+}
+
+QWindow *Monkey::inputWindow() const
+{
+    if (m_held && m_pressedIn)
+        return m_pressedIn;
+    if (const QWidget *popup = QApplication::activePopupWidget())
+        return popup->windowHandle();
+    if (const QWidget *modal = QApplication::activeModalWidget())
+        return modal->windowHandle();
+    const QWindowList windows = QGuiApplication::topLevelWindows();
+    for (QWindow *window : windows) {
+        if (window->isVisible() && window != m_window.windowHandle() && window->type() != Qt::ToolTip &&
+            window->isActive())
+            return window;
+    }
+    return m_window.windowHandle();
+}
+
+QPoint Monkey::somewhereIn(const QWindow *window)
+{
+    return QPoint(below(qMax(1, window->width())), below(qMax(1, window->height())));
+}
+
+// Through the window system, so that grabs, pop-ups and modal windows get what is theirs.
+void Monkey::mouse(QEvent::Type type, Qt::MouseButton button)
+{
+    QWindow *window = inputWindow();
+    if (!window)
+        return;
+    if (type == QEvent::MouseMove)
+        m_at = somewhereIn(window);
+    if (type == QEvent::MouseButtonPress) {
+        m_held |= button;
+        m_pressedIn = window;
+    } else if (type == QEvent::MouseButtonRelease) {
+        m_held &= ~Qt::MouseButtons(button);
+    }
+    qt_handleMouseEvent(window, m_at, window->mapToGlobal(m_at), m_held, button, type, Qt::NoModifier,
+                        int(m_clock.elapsed()));
+}
+
+void Monkey::click()
+{
+    const Qt::MouseButton button = below(8) ? Qt::LeftButton : Qt::RightButton;
+    mouse(QEvent::MouseMove, Qt::NoButton);
+    for (int times = below(10) ? 1 : 2; times > 0; --times) {
+        mouse(QEvent::MouseButtonPress, button);
+        mouse(QEvent::MouseButtonRelease, button);
+    }
+}
+
+void Monkey::drag()
+{
+    mouse(QEvent::MouseMove, Qt::NoButton);
+    mouse(QEvent::MouseButtonPress, Qt::LeftButton);
+    for (int moves = below(6); moves > 0; --moves)
+        mouse(QEvent::MouseMove, Qt::NoButton);
+    mouse(QEvent::MouseButtonRelease, Qt::LeftButton);
+}
+
+void Monkey::turnWheel()
+{
+    QWindow *window = inputWindow();
+    if (!window)
+        return;
+    m_at = somewhereIn(window);
+    const QPoint at = window->mapToGlobal(m_at);
+    if (QWidget *widget = QApplication::widgetAt(at)) {
+        const QPoint angle(0, below(2) ? 120 : -120);
+        QApplication::postEvent(widget, new QWheelEvent(widget->mapFromGlobal(at), at, QPoint(), angle,
+                                                        m_held, Qt::NoModifier, Qt::NoScrollPhase, false));
+    }
+}
+
+void Monkey::pressKey()
+{
+    QWindow *window = QGuiApplication::focusWindow() ? QGuiApplication::focusWindow() : inputWindow();
+    if (!window)
+        return;
+    if (QGuiApplication::clipboard()->text().size() > 100)
+        QGuiApplication::clipboard()->setText(QStringLiteral("10.0.0.1"));
+    const Qt::Key key = kKeys[below(int(std::size(kKeys)))];
+    const Qt::KeyboardModifiers modifiers = kModifiers[below(int(std::size(kModifiers)))];
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease})
+        qt_handleKeyEvent(window, type, key, modifiers, textOf(key, modifiers));
+}
+
+void Monkey::askForContextMenu()
+{
+    QWidget *focus = QApplication::focusWidget();
+    if (focus)
+        QApplication::postEvent(focus,
+                                new QContextMenuEvent(QContextMenuEvent::Keyboard, focus->rect().center(),
+                                                      focus->mapToGlobal(focus->rect().center())));
+}
+
+void Monkey::resizeWindow()
+{
+    m_window.resize(kLeast.width() + below(kMost.width() - kLeast.width()),
+                    kLeast.height() + below(kMost.height() - kLeast.height()));
+}
+
+void Monkey::changePage()
+{
+    const PageInfo &page = pages().at(below(pages().size()));
+    m_window.showPage(page.id);
+    if (!m_visited.contains(page.id))
+        m_visited << page.id;
+}
