@@ -51,3 +51,4 @@ void benchFrame(Bench &bench);
 void benchDialogs(Bench &bench);
 void benchExecuter(Bench &bench);
 void benchSelectors(Bench &bench);
+void benchLayouts(Bench &bench);

@@ -32,5 +32,6 @@ int main(int argc, char *argv[])
     benchDialogs(bench);
     benchExecuter(bench);
     benchSelectors(bench);
+    benchLayouts(bench);
     return bench.report(parser.value(json)) ? 0 : 1;
 }
