@@ -53,3 +53,4 @@ void benchExecuter(Bench &bench);
 void benchSelectors(Bench &bench);
 void benchDateTimes(Bench &bench);
 void benchProgressBar(Bench &bench);
+void benchLayouts(Bench &bench);

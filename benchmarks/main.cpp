@@ -34,5 +34,6 @@ int main(int argc, char *argv[])
     benchSelectors(bench);
     benchDateTimes(bench);
     benchProgressBar(bench);
+    benchLayouts(bench);
     return bench.report(parser.value(json)) ? 0 : 1;
 }

@@ -24,17 +24,33 @@ public:
 
     QAccessible::Role role() const override
     {
+        if (m_button && m_button->m_isTab)
+            return QAccessible::PageTab;
         return m_button && m_button->m_exclusive ? QAccessible::RadioButton : QAccessible::PushButton;
     }
 
     QAccessible::State state() const override
     {
         QAccessible::State state = AccessibleButton::state();
-        if (m_button && m_button->m_exclusive) {
+        if (m_button && m_button->m_isTab) {
+            state.selectable = true;
+            state.selected = m_button->isSelected();
+        } else if (m_button && m_button->m_exclusive) {
             state.checkable = true;
             state.checked = m_button->isSelected();
         }
         return state;
+    }
+
+    QVector<QPair<QAccessibleInterface *, QAccessible::Relation>>
+    relations(QAccessible::Relation match) const override
+    {
+        auto found = AccessibleButton::relations(match);
+        QAccessibleInterface *page =
+            m_button && m_button->m_page ? QAccessible::queryAccessibleInterface(m_button->m_page) : nullptr;
+        if (page && match.testFlag(QAccessible::Controlled))
+            found.append({page, QAccessible::Controlled});
+        return found;
     }
 
 private:
@@ -49,6 +65,12 @@ GroupButton::GroupButton(const QString &text, int id, bool exclusive)
     // Not by the base's constructor: a change of the text makes Qt look for the accessible interface, and it
     // would keep that of the base class.
     setText(text);
+}
+
+void GroupButton::makeTabOf(QWidget *page)
+{
+    m_isTab = true;
+    m_page = page;
 }
 
 QAccessibleInterface *GroupButton::makeAccessible(QWidget *widget)

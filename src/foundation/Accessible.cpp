@@ -49,6 +49,14 @@ void tellChecked(QWidget *widget)
     QAccessible::updateAccessibility(&event);
 }
 
+void tellSelected(QWidget *widget, bool selected)
+{
+    if (!QAccessible::isActive())
+        return;
+    QAccessibleEvent event(widget, selected ? QAccessible::SelectionAdd : QAccessible::SelectionRemove);
+    QAccessible::updateAccessibility(&event);
+}
+
 AccessibleButton::AccessibleButton(QAbstractButton *button, std::function<QString()> ownName)
     : QAccessibleWidget(button, QAccessible::PushButton), m_ownName(std::move(ownName))
 {

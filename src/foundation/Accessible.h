@@ -19,6 +19,9 @@ QAccessibleInterface *makeGrouping(QWidget *widget);
 // Says that the check mark of `widget`, or what stands for it, has changed.
 void tellChecked(QWidget *widget);
 
+// Says that `widget` was chosen among its siblings, or no longer is.
+void tellSelected(QWidget *widget, bool selected);
+
 // A push button whose name, where the application set none, its class knows.
 class AccessibleButton : public QAccessibleWidget
 {

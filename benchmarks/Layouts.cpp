@@ -1,0 +1,108 @@
+#include "Bench.h"
+
+#include "CBPFlowLayout.h"
+
+#include <QVector>
+#include <QWidget>
+
+#include <memory>
+
+// A flow layout that is laid out anew, beside a plain loop that asks the same items for their hints, and the
+// same layout with twice as many items.
+namespace {
+
+constexpr int kWidths[] = {900, 1100}; // by turns, so that items move
+constexpr int kTimes = 10;             // a round
+
+struct Flow
+{
+    QWidget window;
+    CBPFlowLayout *layout = new CBPFlowLayout(&window, 0, 6, 6);
+
+    explicit Flow(int count)
+    {
+        for (int i = 0; i < count; ++i) {
+            auto *widget = new QWidget;
+            widget->setMinimumSize(40 + i % 50, 20 + i % 3);
+            layout->addWidget(widget);
+        }
+    }
+};
+
+// Microseconds per item.
+template <class Work> double perItem(const Flow &flow, Work work)
+{
+    const double time = Bench::time([&] {
+        for (int i = 0; i < kTimes; ++i)
+            work(kWidths[i % 2]);
+    });
+    return time / kTimes / flow.layout->count();
+}
+
+double ask(const Flow &flow)
+{
+    return perItem(flow, [&](int width) { flow.layout->heightForWidth(width); });
+}
+
+// What a layout cannot do without: each hint, and the sum of them.
+double plainAsk(const Flow &flow)
+{
+    volatile int sum = 0;
+    return perItem(flow, [&](int) {
+        int total = 0;
+        for (int i = 0; i < flow.layout->count(); ++i)
+            total += flow.layout->itemAt(i)->sizeHint().width();
+        sum = total;
+    });
+}
+
+double place(const Flow &flow)
+{
+    return perItem(flow, [&](int width) { flow.layout->setGeometry(QRect(0, 0, width, 100000)); });
+}
+
+// The same places, known before.
+double plainPlace(const Flow &flow)
+{
+    QVector<QVector<QRect>> places;
+    for (const int width : kWidths) {
+        flow.layout->setGeometry(QRect(0, 0, width, 100000));
+        QVector<QRect> rects;
+        for (int i = 0; i < flow.layout->count(); ++i)
+            rects.append(flow.layout->itemAt(i)->geometry());
+        places.append(rects);
+    }
+    volatile int sum = 0;
+    return perItem(flow, [&](int width) {
+        const QVector<QRect> &rects = places[width == kWidths[1]];
+        int total = 0;
+        for (int i = 0; i < flow.layout->count(); ++i) {
+            QLayoutItem *item = flow.layout->itemAt(i);
+            total += item->sizeHint().width();
+            item->setGeometry(rects[i]);
+        }
+        sum = total;
+    });
+}
+
+} // namespace
+
+void benchLayouts(Bench &bench)
+{
+    const Flow small(2500);
+    const Flow middle(5000);
+    const Flow large(10000);
+    const QString hints = QStringLiteral("loop over hints");
+    const auto flow = QStringLiteral("CBPFlowLayout");
+    bench.compare(QStringLiteral("flow, 5,000 items: height"), QStringLiteral("us"),
+                  {{flow, [&] { return ask(middle); }}, {hints, [&] { return plainAsk(middle); }}}, {1.5});
+    bench.compare(QStringLiteral("flow, 5,000 items: re-laid"), QStringLiteral("us"),
+                  {{flow, [&] { return place(middle); }}, {hints, [&] { return plainPlace(middle); }}},
+                  {1.5});
+    // Per item, so 1 is linear; more widgets than the processor's caches hold cost a little more each.
+    bench.compare(QStringLiteral("flow: an item re-laid"), QStringLiteral("us"),
+                  {{QStringLiteral("of 10,000"), [&] { return place(large); }},
+                   {QStringLiteral("of 5,000"), [&] { return place(middle); }},
+                   {QStringLiteral("of 2,500"), [&] { return place(small); }}},
+                  {1.5, 1.5});
+}

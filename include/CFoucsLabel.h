@@ -1,0 +1,125 @@
+#pragma once
+
+#include "LumQtGlobal.h"
+
+#include <QColor>
+#include <QList>
+#include <QPointer>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+#include <QWidget>
+
+#include <memory>
+
+class QAccessibleInterface;
+
+namespace lumqt {
+class CachedText;
+class PaintedImage;
+} // namespace lumqt
+
+/// A title that can be clicked: a lead icon, a text on one line and an arrow at the end, in two looks,
+/// focused or not.
+///
+/// "Focused" is a mark of this class, not the keyboard focus: among siblings it shows which of them is the
+/// current one. A click focuses the title and takes the mark off its siblings, without a word from them. The
+/// text is plain; what does not fit ends in an ellipsis and is shown as a tool tip. The arrow points down on
+/// a focused title and along the text on another. The Tab key reaches the title; Space and Enter click it.
+/// Screen readers find a page tab, selected or not. Right-to-left it is mirrored. Sizes are logical pixels.
+/// GUI thread only. \since 1.0
+class LUMQT_EXPORT CFoucsLabel : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// A title, not focused. \a indent moves its content in, in addition to the 12 pixels that are free in
+    /// any case, \a spacing is left behind the icon and before the arrow; negative numbers count as 0. \a
+    /// iconPath is the file of the lead icon; empty: none. \since 1.0
+    explicit CFoucsLabel(QString text = QString(), int indent = 0, int spacing = 10,
+                         QString iconPath = QString(), QWidget *parent = nullptr);
+    ~CFoucsLabel() override;
+
+    /// Replaces the text.
+    /// \since 1.0
+    void ChangeText(QString text);
+
+    /// The text.
+    /// \since 1.0
+    QString Text() const;
+
+    /// Sets the files of the lead icon and of the arrow, each for the plain look and for the focused one; one
+    /// entry counts for both. Empty \a leadIcons: no icon; empty \a tailIcons: the library's own arrow. What
+    /// is more than two is ignored, and the place of a missing file stays empty. \since 1.0
+    void SetIconPath(QStringList leadIcons, QStringList tailIcons);
+
+    /// Sets the colour of text and arrow, plain and focused. The grounds under the mouse and of the focused
+    /// look are tints of them. An invalid colour brings back the built-in one. \since 1.0
+    void SetColor(QColor plain, QColor focused);
+
+    /// Takes the arrow away, for good.
+    /// \since 1.0
+    void HideTailIcon();
+
+    /// Whether the title has the focused look.
+    /// \since 1.0
+    bool IsFocus() const;
+
+    /// Gives the title the focused look and takes it from its siblings, or takes it from this one. No signal
+    /// is sent. \since 1.0
+    void SetFocus(bool focused);
+
+    /// Sets the titles of which at most one is to be focused; this one may be among them. It is one-way: give
+    /// the list to each. The titles may be deleted, null is skipped. \since 1.0
+    void SetSiblings(QList<CFoucsLabel *> siblings);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+Q_SIGNALS:
+    /// The user clicked the title by mouse, keyboard or an assistive tool, and it is focused now; it may have
+    /// been before. The title may be deleted here. \since 1.0
+    void FocusChanged(CFoucsLabel *label);
+
+protected:
+    bool event(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
+private:
+    class Accessible;
+    friend class Accessible;
+    struct Icon;
+    struct Places;
+
+    static QAccessibleInterface *makeAccessible(QWidget *widget);
+    Places places() const;
+    QColor textColor() const;
+    QColor groundColor() const;
+    void drawIcon(QPainter &painter, Icon &icon, const QRect &place);
+    void drawText(QPainter &painter, const QRect &place);
+    void drawArrow(QPainter &painter, const QRect &place);
+    void release();
+    void click();
+
+    QString m_text;
+    int m_indent;
+    int m_spacing;
+    QColor m_plainColor;
+    QColor m_focusedColor;
+    std::unique_ptr<Icon> m_lead;
+    std::unique_ptr<Icon> m_tail;
+    bool m_showsTail = true;
+    bool m_focused = false;
+    bool m_pressed = false;   // by the mouse
+    bool m_spaceDown = false; // by the keyboard
+    bool m_showsRing = false; // of the keyboard focus
+    QVector<QPointer<CFoucsLabel>> m_siblings;
+    std::unique_ptr<lumqt::CachedText> m_layout;
+};

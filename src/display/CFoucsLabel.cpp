@@ -1,0 +1,412 @@
+#include "CFoucsLabel.h"
+
+#include "foundation/Accessible.h"
+#include "foundation/FontLookup.h"
+#include "foundation/ImageLoader.h"
+#include "foundation/Painting.h"
+#include "foundation/PressKeys.h"
+
+#include <QHelpEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QToolTip>
+
+namespace {
+
+// Look and metrics, in logical pixels.
+const QColor kPlainColor(51, 60, 72);
+const QColor kFocusedColor(26, 98, 160);
+const QColor kDisabledColor(150, 158, 168);
+constexpr int kHoverAlpha = 12; // of the text colour, for the grounds
+constexpr int kFocusedAlpha = 24;
+constexpr int kPressedAlpha = 40;
+constexpr qreal kDisabledOpacity = 0.4; // of the icons
+constexpr int kBarWidth = 3;            // at the beginning of a focused title
+constexpr int kInset = 12;
+constexpr int kVerticalPadding = 8;
+constexpr int kLeastHeight = 36;
+constexpr int kLeastTextWidth = 24; // of a title that is squeezed
+constexpr int kArrowSize = 10;      // the box of the library's own arrow
+constexpr qreal kArrowWidth = 1.5;  // of its line
+constexpr int kPlain = 0;           // looks, as in lists of files
+constexpr int kFocused = 1;
+
+QColor tint(QColor color, int alpha)
+{
+    color.setAlpha(alpha);
+    return color;
+}
+
+} // namespace
+
+// A picture per look.
+struct CFoucsLabel::Icon
+{
+    QVector<QString> files; // none, or one per look
+    lumqt::PaintedImage image;
+
+    void set(const QStringList &paths)
+    {
+        files.clear();
+        image.forget();
+        if (!paths.isEmpty())
+            files = {paths.first(), paths.value(kFocused, paths.first())};
+    }
+
+    // Room for either, so that nothing moves when the look changes.
+    QSize size(qreal ratio) const
+    {
+        QSize size(0, 0);
+        for (const QString &file : files)
+            size = size.expandedTo(lumqt::pictureSize(file, ratio));
+        return size;
+    }
+};
+
+struct CFoucsLabel::Places
+{
+    QRect lead;
+    QRect text;
+    QRect tail;
+};
+
+class CFoucsLabel::Accessible : public lumqt::AccessiblePressable
+{
+public:
+    explicit Accessible(CFoucsLabel *label) : AccessiblePressable(label, QAccessible::PageTab) {}
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.selectable = true;
+        state.selected = label() && label()->m_focused;
+        return state;
+    }
+
+protected:
+    QString ownName() const override { return label() ? label()->m_text : QString(); }
+    void press() override { label()->click(); }
+
+private:
+    CFoucsLabel *label() const { return qobject_cast<CFoucsLabel *>(object()); }
+};
+
+QAccessibleInterface *CFoucsLabel::makeAccessible(QWidget *widget)
+{
+    auto *label = qobject_cast<CFoucsLabel *>(widget);
+    return label ? new Accessible(label) : nullptr;
+}
+
+CFoucsLabel::CFoucsLabel(QString text, int indent, int spacing, QString iconPath, QWidget *parent)
+    : QWidget(parent),
+      m_text(text),
+      m_indent(qMax(0, lumqt::boundedPixels(indent))),
+      m_spacing(qMax(0, lumqt::boundedPixels(spacing))),
+      m_plainColor(kPlainColor),
+      m_focusedColor(kFocusedColor),
+      m_lead(std::make_unique<Icon>()),
+      m_tail(std::make_unique<Icon>()),
+      m_layout(std::make_unique<lumqt::CachedText>())
+{
+    lumqt::installAccessible(staticMetaObject.className(), makeAccessible);
+    if (!iconPath.isEmpty())
+        m_lead->set({iconPath});
+    setFocusPolicy(Qt::StrongFocus);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    setAttribute(Qt::WA_Hover);
+    setCursor(Qt::PointingHandCursor);
+}
+
+CFoucsLabel::~CFoucsLabel() = default;
+
+void CFoucsLabel::ChangeText(QString text)
+{
+    if (m_text == text)
+        return;
+    m_text = text;
+    QAccessibleEvent event(this, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&event);
+    updateGeometry();
+    update();
+}
+
+QString CFoucsLabel::Text() const
+{
+    return m_text;
+}
+
+void CFoucsLabel::SetIconPath(QStringList leadIcons, QStringList tailIcons)
+{
+    m_lead->set(leadIcons);
+    m_tail->set(tailIcons);
+    updateGeometry();
+    update();
+}
+
+void CFoucsLabel::SetColor(QColor plain, QColor focused)
+{
+    m_plainColor = plain.isValid() ? plain : kPlainColor;
+    m_focusedColor = focused.isValid() ? focused : kFocusedColor;
+    update();
+}
+
+void CFoucsLabel::HideTailIcon()
+{
+    m_showsTail = false;
+    updateGeometry();
+    update();
+}
+
+bool CFoucsLabel::IsFocus() const
+{
+    return m_focused;
+}
+
+void CFoucsLabel::SetFocus(bool focused)
+{
+    if (focused) {
+        for (CFoucsLabel *sibling : qAsConst(m_siblings)) {
+            if (sibling && sibling != this)
+                sibling->SetFocus(false);
+        }
+    }
+    if (m_focused == focused)
+        return;
+    m_focused = focused;
+    update();
+    lumqt::tellSelected(this, focused);
+}
+
+void CFoucsLabel::SetSiblings(QList<CFoucsLabel *> siblings)
+{
+    m_siblings.clear();
+    for (CFoucsLabel *sibling : qAsConst(siblings))
+        m_siblings.append(sibling);
+}
+
+QSize CFoucsLabel::sizeHint() const
+{
+    const QSize text = m_layout->lineSize(m_text, lumqt::uiFont());
+    return QSize(minimumSizeHint().width() - qMin(kLeastTextWidth, text.width()) + text.width(),
+                 minimumSizeHint().height());
+}
+
+QSize CFoucsLabel::minimumSizeHint() const
+{
+    const qreal ratio = devicePixelRatioF();
+    const QSize lead = m_lead->size(ratio);
+    const QSize tail = m_tail->files.isEmpty() ? QSize(kArrowSize, kArrowSize) : m_tail->size(ratio);
+    const QSize text = m_layout->lineSize(m_text, lumqt::uiFont());
+    int width = m_indent + 2 * kInset + qMin(kLeastTextWidth, text.width());
+    if (!m_lead->files.isEmpty())
+        width += lead.width() + m_spacing;
+    int height = qMax(text.height(), lead.height());
+    if (m_showsTail) {
+        width += m_spacing + tail.width();
+        height = qMax(height, tail.height());
+    }
+    return QSize(width, qMax(kLeastHeight, height + 2 * kVerticalPadding));
+}
+
+// ------------------------------------------------------------------------------------------------------------
+// events
+
+void CFoucsLabel::click()
+{
+    SetFocus(true);
+    emit FocusChanged(this); // the title may be gone after
+}
+
+void CFoucsLabel::release()
+{
+    m_pressed = false;
+    m_spaceDown = false;
+    update();
+}
+
+bool CFoucsLabel::event(QEvent *event)
+{
+    if (event->type() == QEvent::ToolTip && toolTip().isEmpty()) {
+        const bool cut = m_layout->lineSize(m_text, lumqt::uiFont()).width() > places().text.width();
+        const QString tip = cut ? m_text.toHtmlEscaped() : QString();
+        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), tip, this);
+        return true;
+    }
+    return QWidget::event(event);
+}
+
+void CFoucsLabel::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton) {
+        QWidget::mousePressEvent(event);
+        return;
+    }
+    m_pressed = true;
+    update();
+}
+
+void CFoucsLabel::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton || !m_pressed) {
+        QWidget::mouseReleaseEvent(event);
+        return;
+    }
+    release();
+    if (rect().contains(event->pos()))
+        click();
+}
+
+void CFoucsLabel::keyPressEvent(QKeyEvent *event)
+{
+    const lumqt::PressStep step = lumqt::keyPressed(event, m_spaceDown);
+    if (step == lumqt::PressStep::NotMine)
+        QWidget::keyPressEvent(event);
+    else if (step == lumqt::PressStep::Down)
+        update();
+    else if (step == lumqt::PressStep::Click)
+        click();
+}
+
+void CFoucsLabel::keyReleaseEvent(QKeyEvent *event)
+{
+    const lumqt::PressStep step = lumqt::keyReleased(event, m_spaceDown);
+    if (step == lumqt::PressStep::NotMine) {
+        QWidget::keyReleaseEvent(event);
+    } else if (step == lumqt::PressStep::Click) {
+        release();
+        click();
+    }
+}
+
+void CFoucsLabel::focusInEvent(QFocusEvent *event)
+{
+    m_showsRing = lumqt::showsFocusFor(this, event->reason());
+    QWidget::focusInEvent(event);
+    update();
+}
+
+void CFoucsLabel::focusOutEvent(QFocusEvent *event)
+{
+    m_showsRing = false;
+    m_spaceDown = false;
+    QWidget::focusOutEvent(event);
+    update();
+}
+
+void CFoucsLabel::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::EnabledChange)
+        release();
+    QWidget::changeEvent(event);
+}
+
+// ------------------------------------------------------------------------------------------------------------
+// painting
+
+// Laid out from left to right, then mirrored if need be.
+CFoucsLabel::Places CFoucsLabel::places() const
+{
+    const qreal ratio = devicePixelRatioF();
+    const auto centred = [this](int x, const QSize &size) {
+        return QRect(QPoint(x, (height() - size.height()) / 2), size);
+    };
+    Places result;
+    int left = kInset + m_indent;
+    int right = width() - kInset; // one behind the last pixel
+    if (!m_lead->files.isEmpty()) {
+        result.lead = centred(left, m_lead->size(ratio));
+        left += result.lead.width() + m_spacing;
+    }
+    if (m_showsTail) {
+        const QSize size = m_tail->files.isEmpty() ? QSize(kArrowSize, kArrowSize) : m_tail->size(ratio);
+        result.tail = centred(right - size.width(), size);
+        right -= size.width() + m_spacing;
+    }
+    result.text = QRect(left, 0, qMax(0, right - left), height());
+    for (QRect *place : {&result.lead, &result.text, &result.tail})
+        *place = QStyle::visualRect(layoutDirection(), rect(), *place);
+    return result;
+}
+
+QColor CFoucsLabel::textColor() const
+{
+    return !isEnabled() ? kDisabledColor : m_focused ? m_focusedColor : m_plainColor;
+}
+
+QColor CFoucsLabel::groundColor() const
+{
+    if (isEnabled() && (m_pressed || m_spaceDown))
+        return tint(textColor(), kPressedAlpha);
+    if (m_focused)
+        return tint(textColor(), kFocusedAlpha);
+    return isEnabled() && underMouse() ? tint(textColor(), kHoverAlpha) : QColor();
+}
+
+void CFoucsLabel::drawIcon(QPainter &painter, Icon &icon, const QRect &place)
+{
+    const QPixmap &pixmap =
+        icon.image.pixmap(icon.files, m_focused ? kFocused : kPlain, painter.device()->devicePixelRatioF());
+    if (pixmap.isNull())
+        return;
+    const QSize size = icon.image.size();
+    painter.setOpacity(isEnabled() ? 1.0 : kDisabledOpacity);
+    painter.drawPixmap(place.x() + (place.width() - size.width()) / 2,
+                       place.y() + (place.height() - size.height()) / 2, pixmap);
+    painter.setOpacity(1.0);
+}
+
+void CFoucsLabel::drawText(QPainter &painter, const QRect &place)
+{
+    const QFont font = lumqt::uiFont();
+    // More than a pixel a character cannot fit, and need not be measured at each paint.
+    const QString shown =
+        m_layout->lineSize(m_text, font).width() <= place.width()
+            ? m_text
+            : QFontMetrics(font).elidedText(m_text.left(place.width() + 1), Qt::ElideRight, place.width());
+    QRect line = place;
+    if (isRightToLeft())
+        line.setLeft(qMax(place.left(), place.right() + 1 - m_layout->lineSize(shown, font).width()));
+    painter.setPen(textColor());
+    m_layout->drawLeft(painter, line, shown, font);
+}
+
+void CFoucsLabel::drawArrow(QPainter &painter, const QRect &place)
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    QPen pen(textColor(), kArrowWidth);
+    pen.setCapStyle(Qt::RoundCap);
+    pen.setJoinStyle(Qt::RoundJoin);
+    painter.setPen(pen);
+    painter.translate(QRectF(place).center());
+    painter.rotate(m_focused ? 0 : isRightToLeft() ? 90 : -90);
+    constexpr qreal kReach = kArrowSize * 0.4;
+    const QPointF corners[] = {{-kReach, -kReach / 2}, {0, kReach / 2}, {kReach, -kReach / 2}};
+    painter.drawPolyline(corners, 3);
+    painter.restore();
+}
+
+void CFoucsLabel::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    const QColor ground = groundColor();
+    if (ground.isValid())
+        painter.fillRect(rect(), ground);
+    if (m_focused) {
+        const QRect bar(0, 0, kBarWidth, height());
+        painter.fillRect(
+            lumqt::wholeDevicePixels(painter, QRectF(QStyle::visualRect(layoutDirection(), rect(), bar))),
+            textColor());
+    }
+    const Places where = places();
+    if (!m_lead->files.isEmpty())
+        drawIcon(painter, *m_lead, where.lead);
+    drawText(painter, where.text);
+    if (m_showsTail && m_tail->files.isEmpty())
+        drawArrow(painter, where.tail);
+    else if (m_showsTail)
+        drawIcon(painter, *m_tail, where.tail);
+    if (m_showsRing && isEnabled())
+        lumqt::drawFocusRing(painter, rect().adjusted(1, 1, -1, -1));
+}
