@@ -5,6 +5,7 @@
 #include "foundation/Accessible.h"
 #include "foundation/FontLookup.h"
 #include "foundation/ImageLoader.h"
+#include "foundation/KeyboardFocus.h"
 #include "foundation/Painting.h"
 
 #include <QKeyEvent>
@@ -333,19 +334,7 @@ bool CBPImageButton::event(QEvent *event)
 
 void CBPImageButton::focusGained(Qt::FocusReason reason)
 {
-    switch (reason) {
-    case Qt::TabFocusReason:
-    case Qt::BacktabFocusReason:
-    case Qt::ShortcutFocusReason:
-        m_keyboardFocus = true;
-        break;
-    case Qt::MouseFocusReason:
-        m_keyboardFocus = false;
-        break;
-    default: // the window became active, or a program moved the focus
-        m_keyboardFocus = window()->testAttribute(Qt::WA_KeyboardFocusChange);
-        break;
-    }
+    m_keyboardFocus = lumqt::focusedByKeyboard(this, reason);
     if (m_keyboardFocus)
         update();
 }
