@@ -28,7 +28,8 @@ public:
     void setPreTabEdit(QLineEdit *edit);
 
 public Q_SLOTS:
-    /// Pastes the clipboard's text: a whole address into four edits. Context menus call it, too. \since 1.0
+    /// Pastes the clipboard's text: a whole address into four edits. Does nothing while read-only.
+    /// Context menus call it, too. \since 1.0
     void paste();
 
 protected:
@@ -45,7 +46,7 @@ private:
     void stepByWhole(int key);
     void eraseInPrevious();
     bool fillAll(const QString &text);
-    QVector<QPointer<CBPIPAddrEdit>> wholeRow();
+    QVector<CBPIPAddrEdit *> wholeRow();
 
     QPointer<QLineEdit> m_pNextEdit;
     QPointer<QLineEdit> m_pPreEdit;

@@ -10,7 +10,10 @@ class CBPIPAddrEdit;
 ///
 /// Octets may be empty; a whole address pasted or dropped into any of them fills all. The order of the octets
 /// is left to right in every language. The field has a fixed size; the focus that it is given goes to its
-/// first octet. Screen readers find a group with four named edits. GUI thread only. \since 1.0
+/// first octet. Screen readers find a group with four named edits.
+///
+/// Slots of its signals use deleteLater() for it: its line edits are still at work then. GUI thread only.
+/// \since 1.0
 class LUMQT_EXPORT CBPIPInputWidget : public QWidget
 {
     Q_OBJECT

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ComboxItem.h"
+#include "CBPComboxItem.h"
 #include "LumQtGlobal.h"
 
 #include <QHash>
@@ -8,7 +8,6 @@
 #include <QVector>
 #include <QWidget>
 
-class CBPComboxItem;
 class CBPScrollWnd;
 class QVBoxLayout;
 
@@ -73,6 +72,7 @@ private:
     bool hasPath(const QString &path) const;
     CBPComboxItem *currentRow() const;
     void adopt(CBPComboxItem *row);
+    void release(CBPComboxItem *row);
     void selectOnly(CBPComboxItem *row);
     void removeRow(CBPComboxItem *row);
     void forget(CBPComboxItem *row);

@@ -138,7 +138,7 @@ void CBPIPAddrEdit::eraseInPrevious()
 
 // The four edits that this one is one of, from left to right; none when there are not just four that can be
 // edited.
-QVector<QPointer<CBPIPAddrEdit>> CBPIPAddrEdit::wholeRow()
+QVector<CBPIPAddrEdit *> CBPIPAddrEdit::wholeRow()
 {
     CBPIPAddrEdit *edit = this;
     for (int i = 1; i < kOctets && edit->m_pPreEdit; ++i) {
@@ -146,37 +146,36 @@ QVector<QPointer<CBPIPAddrEdit>> CBPIPAddrEdit::wholeRow()
         if (!edit)
             return {};
     }
-    QVector<QPointer<CBPIPAddrEdit>> row;
+    QVector<CBPIPAddrEdit *> row;
     for (; edit && row.size() <= kOctets; edit = qobject_cast<CBPIPAddrEdit *>(edit->m_pNextEdit))
         row.append(edit);
-    const bool editable = std::all_of(row.begin(), row.end(), [](const QPointer<CBPIPAddrEdit> &octet) {
+    const bool editable = std::all_of(row.begin(), row.end(), [](const CBPIPAddrEdit *octet) {
         return octet->isEnabled() && !octet->isReadOnly();
     });
-    return row.size() == kOctets && editable ? row : QVector<QPointer<CBPIPAddrEdit>>();
+    return row.size() == kOctets && editable ? row : QVector<CBPIPAddrEdit *>();
 }
 
 // Of a whole address an edit of three characters would only see the first three.
 bool CBPIPAddrEdit::fillAll(const QString &text)
 {
     const QStringList octets = lumqt::octetsOf(text.trimmed());
-    const QVector<QPointer<CBPIPAddrEdit>> row = octets.isEmpty() ? decltype(wholeRow())() : wholeRow();
-    if (row.isEmpty())
+    const QVector<CBPIPAddrEdit *> row = wholeRow();
+    if (octets.isEmpty() || row.isEmpty())
         return false;
     for (int i = 0; i < kOctets; ++i) {
-        if (!row[i] || row[i]->text() == octets[i])
+        if (row[i]->text() == octets[i])
             continue;
         row[i]->selectAll();
         row[i]->insert(octets[i]); // as typed: it can be undone, and textEdited() tells of it
     }
-    if (row.last())
-        focusAt(row.last(), true);
+    focusAt(row.last(), true);
     return true;
 }
 
 void CBPIPAddrEdit::paste()
 {
-    if (isReadOnly() || !fillAll(QApplication::clipboard()->text()))
-        QLineEdit::paste();
+    if (!isReadOnly() && !fillAll(QApplication::clipboard()->text()))
+        QLineEdit::paste(); // would paste into a read-only edit
 }
 
 void CBPIPAddrEdit::dropEvent(QDropEvent *event)

@@ -7,7 +7,6 @@
 
 #include <QHBoxLayout>
 #include <QPainter>
-#include <QPointer>
 
 namespace {
 
@@ -79,8 +78,7 @@ void CBPIPInputWidget::init()
 void CBPIPInputWidget::setIP(const QString &ip)
 {
     const QStringList octets = lumqt::octetsOf(ip);
-    const QPointer<CBPIPInputWidget> alive(this);
-    for (int i = 0; i < octets.size() && alive; ++i)
+    for (int i = 0; i < octets.size(); ++i)
         m_pEdits[i]->setText(octets[i]);
 }
 

@@ -81,7 +81,6 @@ void CBPScrollBar::SetBarBg(QColor &color)
 void CBPScrollBar::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
     QStyleOptionSlider option;
     initStyleOption(&option);
     option.subControls = QStyle::SC_All; // which initStyleOption() leaves to the painter

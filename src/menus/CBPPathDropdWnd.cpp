@@ -1,6 +1,5 @@
 #include "CBPPathDropdWnd.h"
 
-#include "CBPComboxItem.h"
 #include "CBPScrollWnd.h"
 #include "foundation/Painting.h"
 #include "menus/PathRows.h"
@@ -44,12 +43,8 @@ CBPPathDropdWnd::CBPPathDropdWnd(QWidget *parent)
 
 CBPPathDropdWnd::~CBPPathDropdWnd()
 {
-    for (CBPComboxItem *row : qAsConst(m_vecItems)) {
-        disconnect(row, nullptr, this, nullptr);
-        row->m_pList = nullptr;
-        if (row->m_pContext == this) // it may live on, elsewhere
-            row->SetDeleteBtnCB(nullptr, nullptr);
-    }
+    for (CBPComboxItem *row : qAsConst(m_vecItems))
+        release(row);
 }
 
 // ------------------------------------------------------------------------------------------------------------
@@ -84,6 +79,15 @@ void CBPPathDropdWnd::adopt(CBPComboxItem *row)
     row->setFocusPolicy(Qt::ClickFocus);
     connect(row, &CBPComboxItem::itemClicked, this, &CBPPathDropdWnd::onItemClicked);
     connect(row, &QObject::destroyed, this, [this, row] { forget(row); });
+}
+
+// A row that is out of the list may live on: until the event loop turns, or elsewhere.
+void CBPPathDropdWnd::release(CBPComboxItem *row)
+{
+    disconnect(row, nullptr, this, nullptr);
+    row->m_pList = nullptr;
+    if (row->m_pContext == this)
+        row->SetDeleteBtnCB(nullptr, nullptr);
 }
 
 // Of the rows in the hash only one can be selected, so that a list of n rows is filled in n steps.
@@ -126,6 +130,7 @@ void CBPPathDropdWnd::removeRow(CBPComboxItem *row)
     const bool focused = row->hasFocus();
     m_pListLayout->removeWidget(row);
     forget(row);
+    release(row);
     row->deleteLater();
     // The one below takes its place, or the one above where there is none.
     if (focused)
