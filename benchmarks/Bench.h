@@ -50,3 +50,4 @@ void benchImageButtons(Bench &bench);
 void benchFrame(Bench &bench);
 void benchDialogs(Bench &bench);
 void benchExecuter(Bench &bench);
+void benchPathList(Bench &bench);

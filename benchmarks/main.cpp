@@ -31,5 +31,6 @@ int main(int argc, char *argv[])
     benchFrame(bench);
     benchDialogs(bench);
     benchExecuter(bench);
+    benchPathList(bench);
     return bench.report(parser.value(json)) ? 0 : 1;
 }

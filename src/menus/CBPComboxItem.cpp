@@ -110,6 +110,8 @@ void CBPComboxItem::createLabels()
     blacken(m_pPathLabel);
     m_pPathLabel->setFont(pathFont());
     m_pPathLabel->setText(m_pItem->path);
+    // Where there is too little room the path is cut, and not what stands behind it in every row.
+    m_pPathLabel->setMinimumWidth(1);
 
     m_pSpaceLabel = new QLabel;
     blacken(m_pSpaceLabel);

@@ -415,6 +415,8 @@ private slots:
         QWidget other;
         other.setGeometry(500, 300, 100, 100);
         other.show();
+        other.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&other)); // later it would hide the list
         QVERIFY(list.open());
         QCOMPARE(list.height(), 100);
         QVERIFY(list.windowFlags().testFlag(Qt::FramelessWindowHint));
