@@ -54,3 +54,4 @@ void benchSelectors(Bench &bench);
 void benchDateTimes(Bench &bench);
 void benchProgressBar(Bench &bench);
 void benchLayouts(Bench &bench);
+void benchPathList(Bench &bench);

@@ -35,5 +35,6 @@ int main(int argc, char *argv[])
     benchDateTimes(bench);
     benchProgressBar(bench);
     benchLayouts(bench);
+    benchPathList(bench);
     return bench.report(parser.value(json)) ? 0 : 1;
 }

@@ -1,0 +1,96 @@
+#include "EventLog.h"
+#include "Page.h"
+#include "PageRegistry.h"
+#include "Pose.h"
+#include "Theme.h"
+
+#include "CBPIPAddrEdit.h"
+#include "CBPIPInputWidget.h"
+
+#include <QLabel>
+
+#include <memory>
+
+namespace {
+
+CBPIPInputWidget *field(const QString &address)
+{
+    auto *result = new CBPIPInputWidget;
+    result->setFont(theme::font(theme::Normal, 12));
+    result->setIP(address);
+    return result;
+}
+
+CBPIPInputWidget *partly(const QStringList &octets)
+{
+    CBPIPInputWidget *result = field(QString());
+    const auto edits = result->findChildren<CBPIPAddrEdit *>();
+    for (int i = 0; i < octets.size() && i < edits.size(); ++i)
+        edits[i]->setText(octets[i]);
+    return result;
+}
+
+// A picture: an edit drops its selection when its window opens without giving it the focus.
+QLabel *focused()
+{
+    const std::unique_ptr<CBPIPInputWidget> sample(field("192.168.0.1"));
+    sample->grab(); // polishes all of it, which would also drop the selection
+    pose::put(sample->findChildren<CBPIPAddrEdit *>().value(1), pose::Focused);
+    auto *picture = new QLabel;
+    picture->setPixmap(sample->grab());
+    return picture;
+}
+
+void addLiveSamples(Page *page)
+{
+    Section *section = page->addSection(
+        "Try it", "Three digits, a dot or Space go on to the next octet, the arrow keys and Backspace back. "
+                  "Paste a whole address into any octet.");
+    auto *log = new EventLog("No signal yet: type an address.");
+    CBPIPInputWidget *live = field(QString());
+    QObject::connect(live, &CBPIPInputWidget::textChanged, log,
+                     [log](const QString &text) { log->add(QString("textChanged(\"%1\")").arg(text)); });
+    QObject::connect(live, &CBPIPInputWidget::textEdited, log,
+                     [log](const QString &text) { log->add(QString("textEdited(\"%1\")").arg(text)); });
+    section->addSamples({{"CBPIPInputWidget", live}});
+    section->addWide(log);
+}
+
+void addStates(Page *page)
+{
+    Section *section = page->addSection("States", "An octet may be empty; each is 0 to 255.");
+    section->addColumns(4, {{"Empty", field(QString())},
+                            {"An address", field("192.168.0.1")},
+                            {"The widest", field("255.255.255.255")},
+                            {"One octet empty", partly({"192", "", "0", "1"})},
+                            {"Focus on the second octet", focused()},
+                            {"Disabled", pose::in(pose::Disabled, field("192.168.0.1"))}});
+}
+
+void addNumbers(Page *page)
+{
+    Section *section = page->addSection("Numbers", "setIP() takes the first octet from the lowest byte of a "
+                                                   "number; IPAddrNum() gives it as the highest.");
+    auto *number = new CBPIPInputWidget;
+    number->setFont(theme::font(theme::Normal, 12));
+    number->setIP(0x0100a8c0ul);
+    const QString back = QString::number(number->IPAddrNum(), 16);
+    section->addSamples({{QString("setIP(0x0100a8c0); IPAddrNum() is 0x%1").arg(back), number}});
+}
+
+Page *makePage()
+{
+    auto *page = new Page("IP address", "CBPIPInputWidget: a field for an IPv4 address.");
+    addLiveSamples(page);
+    addStates(page);
+    addNumbers(page);
+    return page;
+}
+
+void registerThis()
+{
+    registerPage({"ip-address", "IP address", PageGroup::Input, makePage});
+}
+Q_CONSTRUCTOR_FUNCTION(registerThis)
+
+} // namespace

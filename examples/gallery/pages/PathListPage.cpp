@@ -1,0 +1,158 @@
+#include "EventLog.h"
+#include "Page.h"
+#include "PageRegistry.h"
+#include "Pose.h"
+#include "Theme.h"
+
+#include "CBPComboBox.h"
+#include "CBPComboxItem.h"
+#include "CBPPathDropdWnd.h"
+#include "CBPPushBtn.h"
+#include "FormatByteSize.h"
+
+#include <QCoreApplication>
+#include <QLabel>
+
+namespace {
+
+constexpr int kRowWidth = 416;
+constexpr int kListWidth = 416;
+constexpr qint64 kGiga = 1LL << 30;
+
+ComboxItem location(const QString &path, qint64 free = 0, qint64 total = 0)
+{
+    ComboxItem item;
+    item.icon = total ? ":/gallery/drive.svg" : ":/gallery/folder.svg";
+    item.path = path;
+    item.freeBytes = free;
+    item.totalBytes = total;
+    return item;
+}
+
+CBPComboxItem *row(ComboxItem item)
+{
+    auto *result = new CBPComboxItem(item, nullptr);
+    result->setFixedWidth(kRowWidth);
+    result->SetPathMaxWidth(kRowWidth);
+    return result;
+}
+
+void fill(CBPPathDropdWnd *list)
+{
+    ComboxItem items[] = {
+        location("/home/kim/documents"), location("/home/kim/a folder with a rather long name"),
+        location("/mnt/backup", 411 * kGiga, 1862 * kGiga), location("/home/kim", 37 * kGiga, 238 * kGiga)};
+    for (ComboxItem &item : items)
+        list->AppendItem(item);
+    list->SetFixedWidth(kListWidth);
+}
+
+void addLiveSamples(Page *page)
+{
+    Section *section = page->addSection(
+        "Try it", "The arrow keys, Home and End move through the rows, Enter or Space picks one, Delete "
+                  "deletes it, and Escape or a click elsewhere hides the list.");
+    auto *log = new EventLog("No signal yet: open the list.");
+    auto *open = new CBPPushBtn("Open the list", nullptr);
+    open->setFixedWidth(144);
+    auto *list = new CBPPathDropdWnd(open);
+    list->setWindowTitle("Recent folders");
+    fill(list);
+    QObject::connect(open, &CBPPushBtn::sigBtnClicked, list, [open, list] {
+        list->move(open->mapToGlobal(QPoint(0, open->height() + 4)));
+        list->show();
+        list->activateWindow();
+    });
+    auto *more = new CBPPushBtn("Fill it again", nullptr);
+    more->setFixedWidth(144);
+    QObject::connect(more, &CBPPushBtn::sigBtnClicked, list, [list] { fill(list); });
+    QObject::connect(list, &CBPPathDropdWnd::itemClicked, log,
+                     [log](ComboxItem &item) { log->add(QString("itemClicked(\"%1\")").arg(item.path)); });
+    QObject::connect(list, &CBPPathDropdWnd::sigItemDelete, log, [log](CBPComboxItem *gone) {
+        log->add(QString("sigItemDelete(\"%1\")").arg(gone->GetItem().path));
+    });
+    section->addSamples({{"CBPPathDropdWnd", open}, {"AppendItem", more}});
+    section->addWide(log);
+}
+
+void addList(Page *page)
+{
+    CBPPathDropdWnd list;
+    fill(&list);
+    list.setAttribute(Qt::WA_DontShowOnScreen);
+    list.show();
+    QCoreApplication::sendPostedEvents(); // the scroll bar comes with them
+    auto *picture = new QLabel;
+    picture->setPixmap(list.grab());
+    page->addSection("The list", "The row added last is on top. A path that is there already is not added "
+                                 "a second time.")
+        ->addSamples({{"100 pixels high, 416 wide", picture}});
+}
+
+void addRows(Page *page)
+{
+    Section *section = page->addSection(
+        "Rows",
+        "Free and total space show where the total is known. The delete button shows under the mouse.");
+    const ComboxItem disk = location("/home/kim", 37 * kGiga, 238 * kGiga);
+    section->addColumns(
+        2,
+        {{"At rest", pose::in(pose::Normal, row(disk))},
+         {"Under the mouse", pose::in(pose::Hovered, row(disk))},
+         {"With the keyboard focus", pose::in(pose::Focused, row(disk))},
+         {"Without space", row(location("/home/kim/documents"))},
+         {"A long path", row(location("/home/kim/documents/a folder with a rather long name"))},
+         {"Names are plain text", row(location("/home/kim/<b>R&D</b>"))}},
+        kRowWidth);
+}
+
+QLabel *sizeText(qint64 bytes)
+{
+    return theme::label(FormatByteSize(bytes), theme::Normal, 14, theme::kInk);
+}
+
+void addSizes(Page *page)
+{
+    Section *section = page->addSection(
+        "FormatByteSize", "Numbers of bytes as people read them. A unit is 1024 of the one before.");
+    section->addColumns(4, {{"1023", sizeText(1023)},
+                            {"1536", sizeText(1536)},
+                            {"1073741824", sizeText(kGiga)},
+                            {"The greatest number", sizeText(std::numeric_limits<qint64>::max())}});
+}
+
+CBPComboBox *combo(bool enabled)
+{
+    auto *result = new CBPComboBox(nullptr);
+    result->addItems({"Every day", "Every week", "Every month"});
+    result->setFont(theme::font(theme::Normal, 14));
+    result->setFixedWidth(184);
+    result->setEnabled(enabled);
+    return result;
+}
+
+void addCombos(Page *page)
+{
+    page->addSection("CBPComboBox", "The mouse wheel does nothing to it.")
+        ->addSamples({{"Live", combo(true)}, {"Disabled", combo(false)}});
+}
+
+Page *makePage()
+{
+    auto *page =
+        new Page("Path list", "CBPPathDropdWnd: a drop-down list of locations, and what belongs to it.");
+    addLiveSamples(page);
+    addList(page);
+    addRows(page);
+    addSizes(page);
+    addCombos(page);
+    return page;
+}
+
+void registerThis()
+{
+    registerPage({"path-list", "Path list", PageGroup::Menus, makePage});
+}
+Q_CONSTRUCTOR_FUNCTION(registerThis)
+
+} // namespace

@@ -1,0 +1,147 @@
+#include "Page.h"
+#include "PageRegistry.h"
+#include "Pose.h"
+#include "Theme.h"
+
+#include "CBPScrollBar.h"
+#include "CBPScrollWnd.h"
+#include "CBPSplitter.h"
+#include "CBPSplitterHandle.h"
+
+#include <QLabel>
+
+namespace {
+
+constexpr int kSplitterHeight = 144;
+constexpr int kHandleWidth = 9;
+constexpr int kBarLength = 184;
+constexpr int kAreaWidth = 416;
+constexpr int kAreaHeight = 160;
+
+QLabel *pane(const QString &text)
+{
+    QLabel *label = theme::label(text, theme::Normal, 14, theme::kText);
+    label->setAlignment(Qt::AlignCenter);
+    label->setMinimumSize(64, 32);
+    label->setAutoFillBackground(true);
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::Window, theme::kPanel);
+    label->setPalette(palette);
+    return label;
+}
+
+CBPSplitter *splitter(Qt::Orientation orientation, const QStringList &panes, int width)
+{
+    auto *result = new CBPSplitter(orientation);
+    for (const QString &text : panes)
+        result->addWidget(pane(text));
+    result->setHandleWidth(kHandleWidth);
+    result->setFixedSize(width, kSplitterHeight);
+    return result;
+}
+
+CBPSplitter *colored()
+{
+    CBPSplitter *result = splitter(Qt::Horizontal, {"Own", "colours"}, kAreaWidth);
+    if (auto *handle = qobject_cast<CBPSplitterHandle *>(result->handle(1)))
+        handle->setColr(QPen(theme::kAccentDeep), QColor(226, 242, 243));
+    return result;
+}
+
+void addSplitters(Page *page)
+{
+    Section *section =
+        page->addSection("Splitters", "Drag a bar. The pen's upper edge lies outside the handle.");
+    section->addSamples(
+        {{"Three panes, built-in colours", splitter(Qt::Horizontal, {"Left", "Middle", "Right"}, kAreaWidth)},
+         {"One above the other", splitter(Qt::Vertical, {"Above", "Below"}, kAreaWidth)}});
+    section->addSamples({{"A pen and a brush of its own", colored()}});
+}
+
+CBPScrollBar *bar(Qt::Orientation orientation, int value = 40)
+{
+    auto *result = new CBPScrollBar(orientation);
+    result->setRange(0, 100);
+    result->setPageStep(60);
+    result->setValue(value);
+    if (orientation == Qt::Horizontal)
+        result->setFixedWidth(kBarLength);
+    else
+        result->setFixedHeight(kBarLength);
+    return result;
+}
+
+CBPScrollBar *under(CBPScrollBar *sample)
+{
+    sample->setAttribute(Qt::WA_UnderMouse); // what it asks for when it paints
+    return pose::in(pose::Hovered, sample);
+}
+
+CBPScrollBar *teal()
+{
+    CBPScrollBar *result = bar(Qt::Horizontal);
+    QVector<QColor> slider{theme::kAccent, theme::kAccentDeep, theme::kAccent, theme::kAccent};
+    QColor ground(226, 242, 243);
+    result->SetSliderBg(slider);
+    result->SetBarBg(ground);
+    return result;
+}
+
+void addBars(Page *page)
+{
+    Section *section = page->addSection(
+        "Scroll bars", "10 pixels thick and flat. The slider is darker under the mouse. The arrow buttons "
+                       "work, and are not painted.");
+    section->addColumns(4,
+                        {{"At rest", pose::in(pose::Normal, bar(Qt::Horizontal))},
+                         {"Under the mouse", under(bar(Qt::Horizontal))},
+                         {"Own colours", teal()},
+                         {"Live", bar(Qt::Horizontal, 0)}},
+                        kBarLength);
+    section->addColumns(4,
+                        {{"At rest", pose::in(pose::Normal, bar(Qt::Vertical))},
+                         {"Under the mouse", under(bar(Qt::Vertical))},
+                         {"At the start", pose::in(pose::Normal, bar(Qt::Vertical, 0))},
+                         {"Live", bar(Qt::Vertical)}},
+                        kBarLength);
+}
+
+CBPScrollWnd *area(bool flatBars)
+{
+    auto *result = new CBPScrollWnd(nullptr);
+    if (flatBars) {
+        result->setVerticalScrollBar(new CBPScrollBar(Qt::Vertical, nullptr));
+        result->setHorizontalScrollBar(new CBPScrollBar(Qt::Horizontal, nullptr));
+    }
+    QLabel *content = pane(QStringLiteral("What lies here is larger\nthan the area that shows it."));
+    content->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    content->setMargin(theme::kUnit * 3);
+    content->setFixedSize(kAreaWidth + 160, kAreaHeight + 120);
+    result->setWidget(content);
+    result->setFixedSize(kAreaWidth, kAreaHeight);
+    return result;
+}
+
+void addAreas(Page *page)
+{
+    Section *section = page->addSection("Scroll areas", "A scroll area without a frame.");
+    section->addSamples({{"With the style's own bars", area(false)}, {"With flat bars", area(true)}});
+}
+
+Page *makePage()
+{
+    auto *page = new Page("Splitter and scrolling", "CBPSplitter, CBPScrollBar and CBPScrollWnd: Qt's own "
+                                                    "classes in the library's flat look.");
+    addSplitters(page);
+    addBars(page);
+    addAreas(page);
+    return page;
+}
+
+void registerThis()
+{
+    registerPage({"scrolling", "Splitter and scrolling", PageGroup::Containers, makePage});
+}
+Q_CONSTRUCTOR_FUNCTION(registerThis)
+
+} // namespace

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "LumQtGlobal.h"
+
+#include <QComboBox>
+
+/// A combo box that the mouse wheel does nothing to: scrolling a page with one on it changes no choice.
+///
+/// Its list is a plain QListView, so that style sheets for the items of one apply. GUI thread only.
+/// \since 1.0
+class LUMQT_EXPORT CBPComboBox : public QComboBox
+{
+    Q_OBJECT
+
+public:
+    /// An empty combo box.
+    /// \since 1.0
+    explicit CBPComboBox(QWidget *parent = nullptr);
+    ~CBPComboBox() override;
+
+protected:
+    /// Takes the wheel and does nothing; the parent does not get it either. \since 1.0
+    void wheelEvent(QWheelEvent *event) override;
+};

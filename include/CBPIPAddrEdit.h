@@ -1,0 +1,53 @@
+#pragma once
+
+#include "LumQtGlobal.h"
+
+#include <QLineEdit>
+#include <QPointer>
+#include <QVector>
+
+/// One octet of an address: a small frameless edit for 0 to 255, which hands the focus on to its neighbours.
+///
+/// Three digits, "." and Space go on to the next edit; the arrow keys at either end, and Backspace in an
+/// empty edit, go to the neighbour. A whole address that is pasted or dropped here, with white space around
+/// it or not, fills four edits that are neighbours in a row; any other text is pasted as into any line edit.
+/// GUI thread only. \since 1.0
+class LUMQT_EXPORT CBPIPAddrEdit : public QLineEdit
+{
+    Q_OBJECT
+
+public:
+    /// An empty edit without neighbours, 30 x 15 pixels large. \since 1.0
+    explicit CBPIPAddrEdit(QWidget *parent = nullptr);
+    ~CBPIPAddrEdit() override;
+
+    /// Sets the edit to the right; null for none. It stays the caller's, and may be deleted. \since 1.0
+    void setNextTabEdit(QLineEdit *edit);
+
+    /// Sets the edit to the left; null for none. It stays the caller's, and may be deleted. \since 1.0
+    void setPreTabEdit(QLineEdit *edit);
+
+public Q_SLOTS:
+    /// Pastes the clipboard's text: a whole address into four edits. Does nothing while read-only.
+    /// Context menus call it, too. \since 1.0
+    void paste();
+
+protected:
+    void focusInEvent(QFocusEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+
+private Q_SLOTS:
+    void onTextEdited(const QString &text);
+
+private:
+    void stepToNeighbour(const QKeyEvent *event);
+    void stepByWhole(int key);
+    void eraseInPrevious();
+    bool fillAll(const QString &text);
+    QVector<CBPIPAddrEdit *> wholeRow();
+
+    QPointer<QLineEdit> m_pNextEdit;
+    QPointer<QLineEdit> m_pPreEdit;
+};

@@ -1,0 +1,94 @@
+#pragma once
+
+#include "CBPComboxItem.h"
+#include "LumQtGlobal.h"
+
+#include <QHash>
+#include <QPointer>
+#include <QVector>
+#include <QWidget>
+
+class CBPScrollWnd;
+class QVBoxLayout;
+
+namespace lumqt {
+class PathRows;
+}
+
+/// A drop-down list of locations, such as the folders used last. The newest row is on top.
+///
+/// It is a window of its own, 100 pixels high, that hides as soon as another window becomes active. Show it
+/// with move() and show(). By keyboard the arrow keys, Page Up, Page Down, Home and End move through the
+/// rows, Enter or Space picks one, Delete deletes it and Escape hides the list. To screen readers it is a
+/// list, named by the window's accessible name or else its title, of rows of which one is selected.
+///
+/// The window, and each row, may be deleted in its signals. GUI thread only. \since 1.0
+class LUMQT_EXPORT CBPPathDropdWnd : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// An empty list. \since 1.0
+    explicit CBPPathDropdWnd(QWidget *parent = nullptr);
+    ~CBPPathDropdWnd() override;
+
+    /// Adds a row with a copy of \a item on top and makes it the selected one, unless there is a row with the
+    /// same path: then nothing changes. \since 1.0
+    void AppendItem(ComboxItem &item);
+
+    /// Deletes the row with the path of \a item, as its delete button does, but does not hide the window.
+    /// Without such a row nothing happens. \since 1.0
+    void DeleteItem(const ComboxItem &item);
+
+    /// Sets the width of the window in logical pixels, and shortens the paths of its rows, those that follow
+    /// too, to what goes in. \since 1.0
+    void SetFixedWidth(int width);
+
+    /// The rows in the order in which they were added. They belong to the window. \since 1.0
+    QVector<CBPComboxItem *> pathItems();
+
+Q_SIGNALS:
+    /// A row was picked; it is the selected one now, and the window is hidden. \since 1.0
+    void itemClicked(ComboxItem &item);
+
+    /// A row was taken out of the list. It will be deleted once control is back in the event loop, and is
+    /// hidden already. \since 1.0
+    void sigItemDelete(CBPComboxItem *pItem);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private Q_SLOTS:
+    void onItemClicked(ComboxItem &item);
+
+private:
+    friend class CBPComboxItem;
+
+    static void on_deletebtn_clicked(void *context, void *item);
+
+    bool hasPath(const QString &path) const;
+    CBPComboxItem *currentRow() const;
+    void adopt(CBPComboxItem *row);
+    void release(CBPComboxItem *row);
+    void selectOnly(CBPComboxItem *row);
+    void removeRow(CBPComboxItem *row);
+    void forget(CBPComboxItem *row);
+    void rowHandedOut(CBPComboxItem *row);
+    void rowFocused(CBPComboxItem *row);
+    void focusRow(int index);
+    bool moveFocus(int key);
+    int rowsOnPage() const;
+
+    QVBoxLayout *m_pListLayout;
+    QVector<CBPComboxItem *> m_vecItems;
+    CBPScrollWnd *m_pScroll;
+    lumqt::PathRows *m_pRows;
+    QHash<QString, CBPComboxItem *> m_hashRows; // of all whose record nobody else can change
+    QVector<CBPComboxItem *> m_vecHandedOut;    // the others
+    CBPComboxItem *m_pSelected = nullptr;       // of m_hashRows, or none
+    QPointer<CBPComboxItem> m_pTabStop;         // the one row that the Tab key reaches
+    int m_iPathWidth = -1;                      // for rows that follow; -1: not set
+};

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "LumQtGlobal.h"
+
+#include <QScrollArea>
+
+/// A scroll area without a frame.
+///
+/// GUI thread only. \since 1.0
+class LUMQT_EXPORT CBPScrollWnd : public QScrollArea
+{
+    Q_OBJECT
+
+public:
+    /// An empty scroll area. It has no parent, whatever \a parent is: put it into a layout, or delete it.
+    /// \since 1.0
+    explicit CBPScrollWnd(QWidget *parent = nullptr);
+    ~CBPScrollWnd() override;
+};

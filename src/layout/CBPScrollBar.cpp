@@ -1,0 +1,127 @@
+#include "CBPScrollBar.h"
+
+#include "CBPScrollBarStyle.h"
+#include "ENState.h"
+#include "foundation/Painting.h"
+
+#include <QPainter>
+#include <QStyleOptionSlider>
+
+namespace {
+
+// Look and metrics, in logical pixels.
+constexpr int kThickness = 10;
+constexpr double kSliderRadius = 5.0;
+const QColor kSlider(182, 182, 182);
+const QColor kSliderUnderMouse(106, 106, 106);
+const QColor kPage(241, 241, 241);
+const QColor kArrow1(34, 34, 34);
+const QColor kArrow2(182, 182, 182);
+const QColor kMiddleLine(202, 204, 206);
+const QColor kGround(246, 252, 255);
+
+void fill(QPainter &painter, const QRect &rect, const QColor &color)
+{
+    if (color.isValid())
+        painter.fillRect(lumqt::wholeDevicePixels(painter, rect), color);
+}
+
+} // namespace
+
+CBPScrollBar::CBPScrollBar(Qt::Orientation orientation, QWidget *parent)
+    : QScrollBar(orientation, parent),
+      m_dRadiusX(kSliderRadius),
+      m_dRadiusY(kSliderRadius),
+      m_vecSliderBg{kSlider, kSliderUnderMouse, kSlider, kSlider},
+      m_clrArrowBg1(kArrow1),
+      m_clrArrowBg2(kArrow2),
+      m_clrMidLine(kMiddleLine),
+      m_clrBarBg(kGround)
+{
+    auto *flat = new CBPScrollBarStyle;
+    flat->setParent(this); // setStyle() does not take it over
+    flat->setScrollBarExtent(kThickness);
+    setStyle(flat);
+    setAttribute(Qt::WA_Hover); // not every style asks for repaints when the mouse comes and goes
+}
+
+CBPScrollBar::~CBPScrollBar() = default;
+
+void CBPScrollBar::SetSliderRadius(double radiusX, double radiusY)
+{
+    m_dRadiusX = radiusX;
+    m_dRadiusY = radiusY;
+}
+
+void CBPScrollBar::SetSliderBg(QVector<QColor> &colors)
+{
+    m_vecSliderBg = colors;
+    update();
+}
+
+void CBPScrollBar::SetArrowBg(QColor &background1, QColor &background2)
+{
+    m_clrArrowBg1 = background1;
+    m_clrArrowBg2 = background2;
+}
+
+void CBPScrollBar::SetBgMidLine(QColor &color)
+{
+    m_clrMidLine = color;
+}
+
+void CBPScrollBar::SetBarBg(QColor &color)
+{
+    m_clrBarBg = color;
+    // The base class promises to cover what lies below; a ground that lets it through does not.
+    setAttribute(Qt::WA_OpaquePaintEvent, color.isValid() && color.alpha() == 255);
+    update();
+}
+
+void CBPScrollBar::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    QStyleOptionSlider option;
+    initStyleOption(&option);
+    option.subControls = QStyle::SC_All; // which initStyleOption() leaves to the painter
+    fill(painter, option.rect, m_clrBarBg);
+    DrawComplexControl(painter, option);
+}
+
+void CBPScrollBar::DrawComplexControl(QPainter &painter, const QStyleOptionSlider &option)
+{
+    if (option.orientation == Qt::Horizontal)
+        DrawHorinalBar(painter, option);
+    else
+        DrawVertiaclBar(painter, option);
+}
+
+void CBPScrollBar::DrawVertiaclBar(QPainter &painter, const QStyleOptionSlider &option)
+{
+    drawParts(painter, option);
+}
+
+void CBPScrollBar::DrawHorinalBar(QPainter &painter, const QStyleOptionSlider &option)
+{
+    drawParts(painter, option);
+}
+
+QRect CBPScrollBar::GetAvailableRect(const QStyleOptionSlider *option, QStyle::SubControl part)
+{
+    return style()->subControlRect(QStyle::CC_ScrollBar, option, part, this);
+}
+
+// Both orientations have the same parts; where they lie is the style's business.
+void CBPScrollBar::drawParts(QPainter &painter, const QStyleOptionSlider &option)
+{
+    for (const QStyle::SubControl page : {QStyle::SC_ScrollBarSubPage, QStyle::SC_ScrollBarAddPage}) {
+        if (option.subControls & page)
+            fill(painter, GetAvailableRect(&option, page), kPage);
+    }
+    if (!(option.subControls & QStyle::SC_ScrollBarSlider))
+        return;
+    const bool underMouse = option.state & QStyle::State_MouseOver;
+    const QColor color = underMouse ? m_vecSliderBg.value(ENStateHover, kSliderUnderMouse)
+                                    : m_vecSliderBg.value(ENStateNormal, kSlider);
+    fill(painter, GetAvailableRect(&option, QStyle::SC_ScrollBarSlider), color);
+}

@@ -1,0 +1,9 @@
+#include "CBPScrollWnd.h"
+
+// Callers put it into a layout themselves, and rely on its being nobody's until then.
+CBPScrollWnd::CBPScrollWnd(QWidget *)
+{
+    setFrameShape(QFrame::NoFrame);
+}
+
+CBPScrollWnd::~CBPScrollWnd() = default;

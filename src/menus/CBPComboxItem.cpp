@@ -1,0 +1,313 @@
+#include "CBPComboxItem.h"
+
+#include "CBPBox.h"
+#include "CBPImage.h"
+#include "CBPImageButton.h"
+#include "CBPPathDropdWnd.h"
+#include "ENState.h"
+#include "FormatByteSize.h"
+#include "foundation/Accessible.h"
+#include "foundation/FontLookup.h"
+#include "foundation/Painting.h"
+#include "foundation/PressKeys.h"
+#include "Util.h"
+
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace {
+
+// Look and metrics, in logical pixels.
+const QColor kText(0, 0, 0);
+const QColor kGround(255, 255, 255);
+const QColor kHoverGround(0xed, 0xf3, 0xfe);
+constexpr int kHeight = 30;
+const QMargins kMargins(2, 0, 6, 0);
+constexpr int kButtonGap = 6;     // between space and delete button
+constexpr int kPathReserve = 200; // of a row's width, for all that is not path
+constexpr int kDeleteId = 255;
+constexpr int kDecimals = 2;
+
+void blacken(QLabel *label)
+{
+    label->setTextFormat(Qt::PlainText); // a folder may be named <b>
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::WindowText, kText);
+    label->setPalette(palette);
+}
+
+// The family alone: rows have the size of the application's own font.
+QFont pathFont()
+{
+    return QFont(GetFontFamily(lumqt::NormalWeight));
+}
+
+} // namespace
+
+// ------------------------------------------------------------------------------------------------------------
+// screen readers
+
+class CBPComboxItem::Accessible : public lumqt::AccessiblePressable
+{
+public:
+    explicit Accessible(CBPComboxItem *row) : AccessiblePressable(row, QAccessible::ListItem) {}
+
+    QString text(QAccessible::Text kind) const override
+    {
+        if (!row())
+            return QString();
+        if (kind == QAccessible::Name && row()->accessibleName().isEmpty())
+            return row()->m_pItem->path;
+        if (kind == QAccessible::Description && row()->accessibleDescription().isEmpty())
+            return row()->m_pSpaceLabel->text();
+        return QAccessibleWidget::text(kind);
+    }
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.selectable = true;
+        state.selected = row() && row()->m_pItem->selected;
+        return state;
+    }
+
+protected:
+    void press() override { row()->pick(); }
+
+private:
+    CBPComboxItem *row() const { return static_cast<CBPComboxItem *>(widget()); }
+};
+
+QAccessibleInterface *CBPComboxItem::makeAccessible(QWidget *widget)
+{
+    auto *row = qobject_cast<CBPComboxItem *>(widget);
+    return row ? new Accessible(row) : nullptr;
+}
+
+// ------------------------------------------------------------------------------------------------------------
+// construction
+
+CBPComboxItem::CBPComboxItem(ComboxItem &item, QWidget *parent)
+    : QWidget(parent), m_iState(ENStateNormal), m_pItem(std::make_shared<ComboxItem>(item))
+{
+    lumqt::installAccessible("CBPComboxItem", makeAccessible);
+    setFocusPolicy(Qt::StrongFocus);
+    createLabels();
+    createDeleteButton();
+    buildLayout();
+    setFixedHeight(kHeight);
+}
+
+CBPComboxItem::~CBPComboxItem() = default;
+
+void CBPComboxItem::createLabels()
+{
+    m_pPathLabel = new QLabel;
+    blacken(m_pPathLabel);
+    m_pPathLabel->setFont(pathFont());
+    m_pPathLabel->setText(m_pItem->path);
+    // Where there is too little room the path is cut, and not what stands behind it in every row.
+    m_pPathLabel->setMinimumWidth(1);
+
+    m_pSpaceLabel = new QLabel;
+    blacken(m_pSpaceLabel);
+    m_pSpaceLabel->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    if (m_pItem->totalBytes != 0)
+        m_pSpaceLabel->setText(tr("%1 Free of %2")
+                                   .arg(FormatByteSize(m_pItem->freeBytes, false, kDecimals),
+                                        FormatByteSize(m_pItem->totalBytes, false, kDecimals)));
+}
+
+void CBPComboxItem::createDeleteButton()
+{
+    // Never disabled by itself: the last picture is the first one again.
+    static const char *const kPictures[] = {"../res/delete.png", "../res/delete_hover.png",
+                                            "../res/delete_press.png", "../res/delete.png"};
+    QVector<QString> images;
+    for (const char *picture : kPictures)
+        images << Util::getResFullPath(QLatin1String(picture));
+    m_pDeleteBtn = new CBPImageButton(images, false, kDeleteId);
+    m_pDeleteBtn->setAccessibleName(tr("Delete"));
+    m_pDeleteBtn->setFocusPolicy(Qt::NoFocus); // it comes and goes with the mouse; keys have Delete
+    m_pDeleteBtn->hide();
+    connect(m_pDeleteBtn, &CBPImageButton::btn_released, this, &CBPComboxItem::on_deletebtn_clicked);
+}
+
+void CBPComboxItem::buildLayout()
+{
+    auto *place = new CBPBox; // keeps the button's room while it is hidden
+    place->setFixedSize(m_pDeleteBtn->size());
+    place->PackStart(m_pDeleteBtn);
+
+    // Filled before it is the row's: a layout that has a widget posts an event for each thing it gets.
+    auto *layout = new QHBoxLayout;
+    layout->setSpacing(0);
+    layout->setContentsMargins(kMargins);
+    layout->addWidget(new CBPImage(m_pItem->icon));
+    layout->addWidget(m_pPathLabel);
+    layout->addSpacerItem(new QSpacerItem(0, 0, QSizePolicy::Expanding));
+    layout->addWidget(m_pSpaceLabel);
+    layout->addSpacing(kButtonGap);
+    layout->addWidget(place);
+    setLayout(layout);
+}
+
+// ------------------------------------------------------------------------------------------------------------
+// operations
+
+void CBPComboxItem::SetDeleteBtnCB(void (*callback)(void *context, void *item), void *context)
+{
+    m_pDeleteCB = callback;
+    m_pContext = context;
+}
+
+ComboxItem &CBPComboxItem::GetItem()
+{
+    handOut();
+    return *m_pItem;
+}
+
+ComboxItem CBPComboxItem::GetItem() const
+{
+    return *m_pItem;
+}
+
+void CBPComboxItem::SetSelected(bool selected)
+{
+    handOut();
+    markSelected(selected);
+}
+
+void CBPComboxItem::markSelected(bool selected)
+{
+    if (m_pItem->selected == selected)
+        return;
+    m_pItem->selected = selected;
+    if (!QAccessible::isActive())
+        return;
+    QAccessible::State changed;
+    changed.selected = true;
+    QAccessibleStateChangeEvent event(this, changed);
+    QAccessible::updateAccessibility(&event);
+}
+
+void CBPComboxItem::SetPathMaxWidth(int width)
+{
+    const int room = qMax(0, lumqt::boundedPixels(width) - kPathReserve);
+    const QString shown = QFontMetrics(pathFont()).elidedText(m_pItem->path, Qt::ElideRight, room);
+    m_pPathLabel->setText(shown);
+    // As text, or a folder named <b> would be markup.
+    m_pPathLabel->setToolTip(shown == m_pItem->path ? QString() : m_pItem->path.toHtmlEscaped());
+}
+
+// The list knows rows by their paths, and has to look closer at one whose record others may change.
+void CBPComboxItem::handOut()
+{
+    if (m_bHandedOut || !m_pList)
+        return;
+    m_bHandedOut = true;
+    m_pList->rowHandedOut(this);
+}
+
+void CBPComboxItem::pick()
+{
+    handOut();
+    const std::shared_ptr<ComboxItem> item = m_pItem;
+    emit itemClicked(*item); // the row may be gone after
+}
+
+void CBPComboxItem::on_deletebtn_clicked(int)
+{
+    if (m_pDeleteCB)
+        m_pDeleteCB(m_pContext, this); // the row may be gone after
+}
+
+// ------------------------------------------------------------------------------------------------------------
+// events
+
+void CBPComboxItem::setHovered(bool hovered)
+{
+    m_pDeleteBtn->setVisible(hovered);
+    m_iState = hovered ? ENStateHover : ENStateNormal;
+    update();
+}
+
+void CBPComboxItem::enterEvent(QEvent *event)
+{
+    setHovered(true);
+    QWidget::enterEvent(event);
+}
+
+void CBPComboxItem::leaveEvent(QEvent *event)
+{
+    setHovered(false);
+    QWidget::leaveEvent(event);
+}
+
+// The mouse that was over the row when its window closed is elsewhere when it opens again.
+void CBPComboxItem::hideEvent(QHideEvent *event)
+{
+    setHovered(false);
+    QWidget::hideEvent(event);
+}
+
+void CBPComboxItem::mouseReleaseEvent(QMouseEvent *event)
+{
+    const QRect onScreen(mapToGlobal(QPoint(0, 0)), size());
+    if (event->button() != Qt::LeftButton || !onScreen.contains(event->globalPos())) {
+        QWidget::mouseReleaseEvent(event);
+        return;
+    }
+    event->accept(); // no parent gets it: there may be none after
+    pick();
+}
+
+void CBPComboxItem::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Delete) {
+        event->accept();
+        if (!event->isAutoRepeat()) // one key, one row
+            on_deletebtn_clicked(kDeleteId);
+        return;
+    }
+    const lumqt::PressStep step = lumqt::keyPressed(event, m_bSpaceDown);
+    if (step == lumqt::PressStep::NotMine)
+        QWidget::keyPressEvent(event);
+    else if (step == lumqt::PressStep::Click)
+        pick();
+}
+
+void CBPComboxItem::keyReleaseEvent(QKeyEvent *event)
+{
+    const lumqt::PressStep step = lumqt::keyReleased(event, m_bSpaceDown);
+    if (step == lumqt::PressStep::NotMine)
+        QWidget::keyReleaseEvent(event);
+    else if (step == lumqt::PressStep::Click)
+        pick();
+}
+
+void CBPComboxItem::focusInEvent(QFocusEvent *event)
+{
+    m_bKeyboardFocus = lumqt::showsFocusFor(this, event->reason());
+    if (m_pList)
+        m_pList->rowFocused(this);
+    QWidget::focusInEvent(event);
+}
+
+void CBPComboxItem::focusOutEvent(QFocusEvent *event)
+{
+    m_bKeyboardFocus = false;
+    m_bSpaceDown = false;
+    QWidget::focusOutEvent(event);
+}
+
+void CBPComboxItem::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), m_iState == ENStateHover ? kHoverGround : kGround);
+    if (m_bKeyboardFocus)
+        lumqt::drawFocusRing(painter, rect());
+}

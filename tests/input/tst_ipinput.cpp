@@ -1,0 +1,386 @@
+#include "CBPIPAddrEdit.h"
+#include "CBPIPInputWidget.h"
+#include "Pixels.h"
+#include "TestMain.h"
+
+#include <QAccessible>
+#include <QClipboard>
+#include <QDropEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <QPointer>
+#include <QSignalSpy>
+
+#include <memory>
+
+namespace {
+
+const QColor kFrame(134, 134, 134);
+
+struct Field : CBPIPInputWidget
+{
+    explicit Field(const QString &octets = QString())
+    {
+        edits = findChildren<CBPIPAddrEdit *>();
+        const QStringList texts = octets.split('.');
+        for (int i = 0; i < texts.size() && i < edits.size(); ++i)
+            edits[i]->setText(texts[i]);
+    }
+
+    bool open()
+    {
+        move(60, 60);
+        show();
+        activateWindow();
+        return QTest::qWaitForWindowActive(this);
+    }
+
+    // Which octet has the focus, its text, and where the cursor and the selection are: "2:0|" or "2:[168]".
+    QString where() const
+    {
+        for (int i = 0; i < edits.size(); ++i) {
+            if (edits[i]->hasFocus())
+                return QStringLiteral("%1:%2").arg(i + 1).arg(
+                    edits[i]->hasSelectedText() ? '[' + edits[i]->selectedText() + ']'
+                                                : QString::number(edits[i]->cursorPosition()) + '|');
+        }
+        return QString();
+    }
+
+    QList<CBPIPAddrEdit *> edits;
+};
+
+} // namespace
+
+class TestIPInput : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void cleanup() { QLocale::setDefault(QLocale::c()); }
+
+    void dottedTexts_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<bool>("taken");
+        const struct
+        {
+            const char *text;
+            bool taken;
+        } rows[] = {{"1.2.3.4", true},
+                    {"0.0.0.0", true},
+                    {"255.255.255.255", true},
+                    {"007.08.9.010", true},
+                    {"", false},
+                    {"1.2.3", false},
+                    {"1.2.3.4.5", false},
+                    {"1..3.4", false},
+                    {"1.2.3.", false},
+                    {".1.2.3", false},
+                    {"1.2.3.300", false},
+                    {"256.1.1.1", false},
+                    {"1.2.3.-4", false},
+                    {"+1.2.3.4", false},
+                    {" 1.2.3.4", false},
+                    {"1.2.3.4 ", false},
+                    {"a.b.c.d", false},
+                    {"1,2.3.4.5", false},
+                    {"0001.2.3.4", false},
+                    {"1.2.3.4\n", false},
+                    {"...", false},
+                    {"99999999999.1.1.1", false},
+                    {"\u0661.2.3.4", false}};
+        for (const char *language : {"C", "de_DE", "fr_FR", "ar_EG"}) {
+            for (const auto &row : rows)
+                QTest::addRow("%s: %s", language, qPrintable(QString(row.text).simplified()))
+                    << QString::fromUtf8(row.text) << row.taken;
+        }
+    }
+
+    void dottedTexts()
+    {
+        QFETCH(QString, text);
+        QFETCH(bool, taken);
+        QLocale::setDefault(QLocale(QString(QTest::currentDataTag()).section(':', 0, 0)));
+        Field field;
+        field.setIP("9.8.7.6");
+        field.setIP(text);
+        QCOMPARE(field.IPAddrString(), taken ? text : QString("9.8.7.6"));
+    }
+
+    void numbers()
+    {
+        const struct
+        {
+            unsigned long number;
+            const char *text;
+            unsigned int back;
+        } rows[] = {{0x0100a8c0ul, "192.168.0.1", 0xc0a80001u},
+                    {0xfffffffful, "255.255.255.255", 0xffffffffu},
+                    {0x80ul, "128.0.0.0", 0x80000000u},
+                    {0ul, "0.0.0.0", 0u}};
+        for (const auto &row : rows) {
+            Field field;
+            field.setIP(row.number);
+            QCOMPARE(field.IPAddrString(), QString(row.text));
+            QCOMPARE(field.IPAddrNum(), row.back);
+        }
+        Field field("192..0.1");
+        QCOMPARE(field.IPAddrString(), QString("192..0.1"));
+        QCOMPARE(field.IPAddrNum(), 0xc0000001u);
+        if (sizeof(unsigned long) > 4) {
+            field.setIP(~0ul);
+            QCOMPARE(field.IPAddrNum(), 0xffffffffu);
+        }
+    }
+
+    void signalsTellOfEachOctet()
+    {
+        Field field("1.2.3.4");
+        QSignalSpy changed(&field, &CBPIPInputWidget::textChanged);
+        QSignalSpy edited(&field, &CBPIPInputWidget::textEdited);
+        field.setIP("1.2.30.40");
+        QCOMPARE(changed.size(), 2);
+        QCOMPARE(changed.last().first().toString(), QString("1.2.30.40"));
+        QCOMPARE(edited.size(), 0);
+        QTest::keyClick(field.edits[3], Qt::Key_Backspace);
+        QCOMPARE(edited.size(), 1);
+        QCOMPARE(edited.last().first().toString(), QString("1.2.30.4"));
+    }
+
+    void keys_data()
+    {
+        QTest::addColumn<QString>("before");
+        QTest::addColumn<int>("octet");
+        QTest::addColumn<int>("cursor"); // -1: all selected
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("after");
+        QTest::addColumn<QString>("where");
+        const struct
+        {
+            const char *before;
+            int octet, cursor;
+            const char *typed, *after, *where;
+        } rows[] = {
+            {".168..", 1, -1, "192", "192.168..", "2:[168]"},
+            {"...", 1, -1, "19", "19...", "1:2|"},
+            {"...", 4, -1, "192", "...192", "4:3|"},
+            {"...", 1, -1, "256", "25...", "1:2|"},
+            {"...", 1, -1, "999", "99...", "1:2|"},
+            {"...", 1, -1, "-+ae,1", "1...", "1:1|"},
+            {"1.2..", 1, 1, ".", "1.2..", "2:[2]"},
+            {"1.2..", 1, 1, " ", "1.2..", "2:[2]"},
+            {"1.2..", 1, 0, ".", "1.2..", "1:0|"},
+            {"1.2..", 1, -1, ".", "1.2..", "1:[1]"},
+            {"...4", 4, 1, ".", "...4", "4:1|"},
+            {"12.34..", 2, 0, "L", "12.34..", "1:2|"},
+            {"12.34..", 2, 1, "L", "12.34..", "2:0|"},
+            {"12.34..", 1, 0, "L", "12.34..", "1:0|"},
+            {"12.34..", 1, 2, "R", "12.34..", "2:0|"},
+            {"12.34..", 1, 1, "R", "12.34..", "1:2|"},
+            {"..3.45", 4, 2, "R", "..3.45", "4:2|"},
+            {"12.34..", 2, 0, "^L", "12.34..", "1:[12]"},
+            {"12.34..", 1, 2, "^R", "12.34..", "2:[34]"},
+            {"12.34..", 2, 0, "+L", "12.34..", "2:0|"},
+            {"12.34..", 2, 2, "+R", "12.34..", "2:2|"},
+            {"12.34..", 3, 0, "B", "12.3..", "2:1|"},
+            {"12...4", 3, 0, "B", "12...4", "2:0|"},
+            {"...", 1, 0, "B", "...", "1:0|"},
+            {"12.34..", 2, 0, "B", "12.34..", "2:0|"},
+        };
+        for (const auto &row : rows)
+            QTest::addRow("%s %d %d %s", row.before, row.octet, row.cursor, row.typed)
+                << QString(row.before) << row.octet << row.cursor << QString(row.typed) << QString(row.after)
+                << QString(row.where);
+    }
+
+    void keys()
+    {
+        QFETCH(QString, before);
+        QFETCH(int, octet);
+        QFETCH(int, cursor);
+        QFETCH(QString, typed);
+        for (const char *language : {"C", "de_DE", "fr_FR"}) {
+            QLocale::setDefault(QLocale(language));
+            Field field(before);
+            QVERIFY(field.open());
+            CBPIPAddrEdit *edit = field.edits[octet - 1];
+            edit->setFocus();
+            if (cursor >= 0)
+                edit->setCursorPosition(cursor);
+            Qt::KeyboardModifiers modifiers;
+            for (const QChar key : typed) {
+                static const QMap<QChar, Qt::Key> kNamed{
+                    {'L', Qt::Key_Left}, {'R', Qt::Key_Right}, {'B', Qt::Key_Backspace}};
+                if (key == '^' || (key == '+' && typed.size() == 2))
+                    modifiers = key == '^' ? Qt::ControlModifier : Qt::ShiftModifier;
+                else if (kNamed.contains(key))
+                    QTest::keyClick(QApplication::focusWidget(), kNamed[key], modifiers);
+                else
+                    QTest::keyClick(QApplication::focusWidget(), key.toLatin1());
+            }
+            QTEST(field.IPAddrString(), "after");
+            QTEST(field.where(), "where");
+        }
+    }
+
+    void tabGoesThroughAllOctets()
+    {
+        Field field("1.2.3.4");
+        QVERIFY(field.open());
+        field.setFocus();
+        for (const char *where : {"1:[1]", "2:[2]", "3:[3]", "4:[4]"}) {
+            QCOMPARE(field.where(), QString(where));
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        }
+    }
+
+    void pastes_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("after");
+        const struct
+        {
+            const char *text, *after;
+        } rows[] = {{"192.168.0.1", "192.168.0.1"}, {" \t192.168.0.1\r\n", "192.168.0.1"},
+                    {"1.2.3.4", "1.2.3.4"},         {"44", ""}, // into this octet only
+                    {"1.2.3.300", "9.9.9.9"},       {"1.2.3", "9.9.9.9"}};
+        for (const char *by : {"key", "slot", "menu", "drop", "insert key"}) {
+            for (const auto &row : rows)
+                QTest::addRow("%s: %s", by, qPrintable(QString(row.text).simplified()))
+                    << QString(row.text) << QString(row.after);
+        }
+    }
+
+    void pastes()
+    {
+        QFETCH(QString, text);
+        QFETCH(QString, after);
+        const QString by = QString(QTest::currentDataTag()).section(':', 0, 0);
+        for (int octet = 0; octet < 4; ++octet) {
+            Field field("9.9.9.9");
+            QSignalSpy edited(&field, &CBPIPInputWidget::textEdited);
+            QVERIFY(field.open());
+            CBPIPAddrEdit *edit = field.edits[octet];
+            edit->setFocus();
+            QApplication::clipboard()->setText(text);
+            if (by == "key")
+                QTest::keyClick(edit, Qt::Key_V, Qt::ControlModifier);
+            else if (by == "insert key")
+                QTest::keyClick(edit, Qt::Key_Insert, Qt::ShiftModifier);
+            else if (by == "slot")
+                QMetaObject::invokeMethod(edit, "paste");
+            else if (by == "menu")
+                pasteByMenu(edit);
+            else
+                drop(edit, text);
+            if (by == "drop" && after.isEmpty())
+                continue; // where it is put is the line edit's business
+            QStringList expected{"9", "9", "9", "9"};
+            expected[octet] = text;
+            QCOMPARE(field.IPAddrString(), after.isEmpty() ? expected.join('.') : after);
+            const bool whole = after != "9.9.9.9" && !after.isEmpty();
+            QCOMPARE(edited.size(), whole ? 4 : after.isEmpty() ? 1 : 0);
+            if (whole)
+                QCOMPARE(field.where(), QString("4:1|"));
+        }
+    }
+
+    void pastesWhereItMay()
+    {
+        QApplication::clipboard()->setText("1.2.3.4");
+        Field field("9.9.9.9");
+        field.edits[1]->setReadOnly(true);
+        field.edits[1]->paste();
+        QCOMPARE(field.IPAddrString(), QString("9.9.9.9"));
+        CBPIPAddrEdit alone;
+        alone.setText("7");
+        alone.setNextTabEdit(&alone); // and no end of it
+        alone.setPreTabEdit(&alone);
+        alone.paste();
+        QCOMPARE(alone.text(), QString("7"));
+        alone.setNextTabEdit(nullptr);
+        alone.setPreTabEdit(nullptr);
+        QTest::keyClicks(&alone, ".");
+        auto neighbour = std::make_unique<CBPIPAddrEdit>();
+        alone.setNextTabEdit(neighbour.get());
+        alone.setPreTabEdit(neighbour.get());
+        neighbour.reset();
+        alone.clear();
+        QTest::keyClick(&alone, Qt::Key_Backspace);
+        QTest::keyClicks(&alone, "192 ");
+        QCOMPARE(alone.text(), QString("192"));
+    }
+
+    void looks()
+    {
+        Field field("1.2.3.4");
+        QCOMPARE(field.sizeHint(), QSize(156, 19));
+        field.resize(field.sizeHint());
+        for (const qreal ratio : {1.0, 1.5, 2.0}) {
+            QImage image(QSize(156, 19) * ratio, QImage::Format_ARGB32_Premultiplied);
+            image.setDevicePixelRatio(ratio);
+            for (const bool enabled : {true, false}) {
+                field.setEnabled(enabled);
+                image.fill(Qt::red);
+                field.render(&image);
+                const QColor color = enabled ? kFrame : QColor(Qt::gray);
+                QCOMPARE(boxOf(image, color), image.rect());
+                for (const int x : {40, 78, 116}) {
+                    const QPoint dot(qRound(x * ratio), qRound(9 * ratio));
+                    QCOMPARE(image.pixelColor(dot), color);
+                    QCOMPARE(image.pixelColor(dot - QPoint(1, 0)), QColor(Qt::white));
+                }
+            }
+        }
+    }
+
+    void octetsStayInOrder()
+    {
+        QWidget arabic;
+        arabic.setLayoutDirection(Qt::RightToLeft);
+        auto *field = new Field;
+        field->setParent(&arabic);
+        arabic.show();
+        for (int i = 1; i < 4; ++i)
+            QVERIFY(field->edits[i - 1]->x() < field->edits[i]->x());
+    }
+
+    void screenReadersFindNames()
+    {
+        Field field("1.2.3.4");
+        QAccessibleInterface *group = QAccessible::queryAccessibleInterface(&field);
+        QCOMPARE(group->role(), QAccessible::Grouping);
+        QCOMPARE(group->text(QAccessible::Name), QString("IP address"));
+        QCOMPARE(group->text(QAccessible::Value), QString("1.2.3.4"));
+        QAccessibleInterface *octet = QAccessible::queryAccessibleInterface(field.edits[1]);
+        QCOMPARE(octet->role(), QAccessible::EditableText);
+        QCOMPARE(octet->text(QAccessible::Name), QString("Octet 2 of 4"));
+        field.setAccessibleName("Gateway");
+        QCOMPARE(group->text(QAccessible::Name), QString("Gateway"));
+    }
+
+private:
+    static void pasteByMenu(CBPIPAddrEdit *edit)
+    {
+        const std::unique_ptr<QMenu> menu(edit->createStandardContextMenu());
+        for (QAction *action : menu->actions()) {
+            if (action->text().contains("Paste") && action->isEnabled())
+                action->trigger();
+        }
+    }
+
+    static void drop(CBPIPAddrEdit *edit, const QString &text)
+    {
+        QMimeData data;
+        data.setText(text);
+        QDragEnterEvent enter(edit->rect().center(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(edit, &enter);
+        QDropEvent event(QPointF(edit->rect().center()), Qt::CopyAction, &data, Qt::LeftButton,
+                         Qt::NoModifier);
+        QCoreApplication::sendEvent(edit, &event);
+    }
+};
+
+LUMQT_TEST_MAIN(TestIPInput)
+#include "tst_ipinput.moc"

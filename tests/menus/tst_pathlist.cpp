@@ -1,0 +1,472 @@
+#include "CBPBox.h"
+#include "CBPComboBox.h"
+#include "CBPComboxItem.h"
+#include "CBPImage.h"
+#include "CBPImageButton.h"
+#include "CBPPathDropdWnd.h"
+#include "CBPScrollWnd.h"
+#include "FormatByteSize.h"
+#include "Pixels.h"
+#include "TestMain.h"
+#include "Util.h"
+
+#include <QAbstractItemView>
+#include <QAccessible>
+#include <QLabel>
+#include <QPointer>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QWheelEvent>
+
+#include <functional>
+#include <limits>
+
+namespace {
+
+const QColor kHover(0xed, 0xf3, 0xfe);
+const QColor kFrame(0xb9, 0xc2, 0xc9);
+constexpr qint64 kGiga = 1024LL * 1024 * 1024;
+
+ComboxItem location(const QString &path, qint64 total = 0)
+{
+    ComboxItem item;
+    item.icon = Util::getResFullPath(QStringLiteral("../res/icon_user.png"));
+    item.path = path;
+    item.freeBytes = total / 2;
+    item.totalBytes = total;
+    return item;
+}
+
+struct List : CBPPathDropdWnd
+{
+    explicit List(int count = 0)
+    {
+        SetFixedWidth(330);
+        for (int i = 0; i < count; ++i)
+            add(QStringLiteral("/folder %1").arg(i));
+    }
+
+    void add(const QString &path)
+    {
+        ComboxItem item = location(path);
+        AppendItem(item);
+    }
+
+    QStringList paths()
+    {
+        QStringList all;
+        for (const CBPComboxItem *row : pathItems())
+            all << row->GetItem().path;
+        return all;
+    }
+
+    QStringList selected()
+    {
+        QStringList all;
+        for (const CBPComboxItem *row : pathItems()) {
+            if (row->GetItem().selected)
+                all << row->GetItem().path;
+        }
+        return all;
+    }
+
+    bool open()
+    {
+        move(40, 40);
+        show();
+        activateWindow();
+        return QTest::qWaitForWindowActive(this);
+    }
+};
+
+CBPImageButton *deleteButton(CBPComboxItem *row)
+{
+    return row->findChild<CBPImageButton *>();
+}
+
+QLabel *pathLabel(CBPComboxItem *row)
+{
+    for (auto *label : row->findChildren<QLabel *>()) {
+        if (!qobject_cast<CBPImage *>(label) && !label->text().contains(" Free of ") &&
+            !label->text().isEmpty())
+            return label;
+    }
+    return nullptr;
+}
+
+void hover(QWidget *widget, bool over)
+{
+    const QPointF centre = QRectF(widget->rect()).center();
+    QEnterEvent enter(centre, centre, widget->mapToGlobal(centre.toPoint()));
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(widget, over ? static_cast<QEvent *>(&enter) : &leave);
+}
+
+void clickDelete(CBPComboxItem *row)
+{
+    hover(row, true);
+    QTest::mouseClick(deleteButton(row), Qt::LeftButton);
+}
+
+QAccessibleInterface *spoken(QObject *object)
+{
+    return QAccessible::queryAccessibleInterface(object);
+}
+
+} // namespace
+
+class TestPathList : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void byteSizes_data()
+    {
+        QTest::addColumn<qint64>("bytes");
+        QTest::addColumn<bool>("zeroAsKilobytes");
+        QTest::addColumn<int>("decimals");
+        QTest::addColumn<QString>("text");
+        using Limits = std::numeric_limits<qint64>;
+        const struct
+        {
+            qint64 bytes;
+            bool zeroAsKilobytes;
+            int decimals;
+            const char *text;
+        } rows[] = {{0, false, 2, "0 Bytes"},
+                    {0, true, 2, "0 KB"},
+                    {1, true, 2, "1 Bytes"},
+                    {-5, true, 2, "-5 Bytes"},
+                    {1023, false, 2, "1023 Bytes"},
+                    {1024, false, 2, "1.00 KB"},
+                    {1536, false, 2, "1.50 KB"},
+                    {1024 * 1024 - 1, false, 2, "1024.00 KB"},
+                    {1024 * 1024, false, 0, "1 MB"},
+                    {kGiga, false, 2, "1.00 GB"},
+                    {1024 * kGiga - 1, false, 1, "1024.0 GB"},
+                    {1024 * kGiga, false, 2, "1.00 TB"},
+                    {1536, false, -1, "2 KB"},
+                    {1536, false, std::numeric_limits<int>::max(), "1.50000000000000000 KB"},
+                    {Limits::max(), false, 2, "8388608.00 TB"},
+                    {Limits::min(), false, 2, "-9223372036854775808 Bytes"}};
+        for (const auto &row : rows)
+            QTest::addRow("%s, %d", row.text, row.decimals)
+                << row.bytes << row.zeroAsKilobytes << row.decimals << QString(row.text);
+    }
+
+    void byteSizes()
+    {
+        QFETCH(qint64, bytes);
+        QFETCH(bool, zeroAsKilobytes);
+        QFETCH(int, decimals);
+        QTEST(FormatByteSize(bytes, zeroAsKilobytes, decimals), "text");
+    }
+
+    void wheelChangesNoChoice()
+    {
+        QWidget parent;
+        auto *box = new CBPComboBox(&parent);
+        box->addItems({"a", "b", "c"});
+        QCOMPARE(box->view()->metaObject()->className(), "QListView");
+        QWheelEvent event(QPointF(5, 5), box->mapToGlobal(QPoint(5, 5)), QPoint(), QPoint(0, -120),
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        event.ignore();
+        QCoreApplication::sendEvent(box, &event);
+        QCOMPARE(box->currentIndex(), 0);
+        QVERIFY(event.isAccepted());
+    }
+
+    void rowShowsItsRecord()
+    {
+        ComboxItem item = location("/tmp/<b>bold</b>", 2 * kGiga);
+        item.extra3 = "kept";
+        item.extraNumber = 7;
+        CBPComboxItem row(item, nullptr);
+        item.path = "/other";
+        QCOMPARE(row.GetItem().path, QString("/tmp/<b>bold</b>"));
+        QCOMPARE(row.GetItem().extra3, QString("kept"));
+        QCOMPARE(row.GetItem().extraNumber, 7);
+        QCOMPARE(row.height(), 30);
+        QCOMPARE(pathLabel(&row)->textFormat(), Qt::PlainText);
+        QStringList texts;
+        for (const auto *label : row.findChildren<QLabel *>())
+            texts << label->text();
+        QVERIFY2(texts.contains("1.00 GB Free of 2.00 GB"), qPrintable(texts.join('|')));
+        row.resize(300, 30);
+        row.ensurePolished();
+        const QPoint place(60, 2);
+        QCOMPARE(row.grab().toImage().pixelColor(place), QColor(Qt::white));
+        const int labelX = pathLabel(&row)->x();
+        hover(&row, true);
+        QCOMPARE(row.grab().toImage().pixelColor(place), kHover);
+        QVERIFY(deleteButton(&row)->isVisibleTo(&row));
+        QCOMPARE(pathLabel(&row)->x(), labelX);
+        hover(&row, false);
+        QCOMPARE(row.grab().toImage().pixelColor(place), QColor(Qt::white));
+        QVERIFY(!deleteButton(&row)->isVisibleTo(&row));
+        clickDelete(&row); // nobody is called
+        row.SetDeleteBtnCB(nullptr, &row);
+        clickDelete(&row);
+    }
+
+    void rowIsClickedInside_data()
+    {
+        QTest::addColumn<QPoint>("at");
+        QTest::addColumn<int>("button");
+        QTest::addColumn<int>("count");
+        QTest::newRow("inside") << QPoint(150, 15) << int(Qt::LeftButton) << 1;
+        QTest::newRow("last pixel") << QPoint(299, 29) << int(Qt::LeftButton) << 1;
+        QTest::newRow("beside") << QPoint(300, 15) << int(Qt::LeftButton) << 0;
+        QTest::newRow("above") << QPoint(150, -1) << int(Qt::LeftButton) << 0;
+        QTest::newRow("right button") << QPoint(150, 15) << int(Qt::RightButton) << 0;
+    }
+
+    void rowIsClickedInside()
+    {
+        QFETCH(QPoint, at);
+        QFETCH(int, button);
+        ComboxItem item = location("/a");
+        CBPComboxItem row(item, nullptr);
+        row.resize(300, 30);
+        int count = 0;
+        connect(&row, &CBPComboxItem::itemClicked, &row, [&](ComboxItem &) { ++count; });
+        QMouseEvent release(QEvent::MouseButtonRelease, at, row.mapToGlobal(at), Qt::MouseButton(button),
+                            Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&row, &release);
+        QTEST(count, "count");
+    }
+
+    void pathsAreElided()
+    {
+        List list;
+        const QString path = QStringLiteral("/a rather/long <path>/of a folder");
+        list.add(path);
+        list.SetFixedWidth(330);
+        list.add(path + '2'); // those that follow, too
+        QCOMPARE(list.width(), 330);
+        for (CBPComboxItem *row : list.pathItems()) {
+            QLabel *label = pathLabel(row);
+            const int width = QFontMetrics(label->font()).horizontalAdvance(label->text());
+            QVERIFY2(width > 70 && width <= 100, qPrintable(QString::number(width)));
+            QCOMPARE(label->text().right(1), QString(QChar(0x2026)));
+            QVERIFY(label->toolTip().contains("&lt;path&gt;"));
+        }
+        for (const int width : {0, -1, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()})
+            list.SetFixedWidth(width);
+        QCOMPARE(pathLabel(list.pathItems().first())->text(), path);
+        QCOMPARE(pathLabel(list.pathItems().first())->toolTip(), QString());
+    }
+
+    void onePathOneRow()
+    {
+        List list(3);
+        ComboxItem again = location("/folder 1");
+        again.icon = "other.png";
+        list.AppendItem(again);
+        list.add("/FOLDER 1");
+        QCOMPARE(list.paths(), QStringList({"/folder 0", "/folder 1", "/folder 2", "/FOLDER 1"}));
+        QVERIFY(list.pathItems().at(1)->GetItem().icon != "other.png");
+        QCOMPARE(list.selected(), QStringList("/FOLDER 1"));
+        // The newest row is on top.
+        list.ensurePolished();
+        QVERIFY(list.open());
+        QVERIFY(list.pathItems().last()->y() < list.pathItems().first()->y());
+        // What was changed through the record counts.
+        list.pathItems().first()->GetItem().path = "/moved";
+        list.pathItems().at(1)->SetSelected(true);
+        list.add("/moved");
+        QCOMPARE(list.pathItems().size(), 4);
+        list.add("/folder 0");
+        QCOMPARE(list.selected(), QStringList("/folder 0"));
+    }
+
+    void clickPicks()
+    {
+        List list(3);
+        QVERIFY(list.open());
+        int signalCount = 0;
+        CBPComboxItem *row = list.pathItems().at(1);
+        connect(&list, &CBPPathDropdWnd::itemClicked, &list, [&](ComboxItem &item) {
+            ++signalCount;
+            QVERIFY(!list.isVisible());
+            QCOMPARE(&item, &row->GetItem());
+        });
+        QTest::mouseClick(row, Qt::LeftButton);
+        QCOMPARE(signalCount, 1);
+        QCOMPARE(list.selected(), QStringList("/folder 1"));
+        list.add("/newest");
+        QCOMPARE(list.selected(), QStringList("/newest"));
+    }
+
+    void deletes()
+    {
+        List list(4);
+        QVERIFY(list.open());
+        QSignalSpy gone(&list, &CBPPathDropdWnd::sigItemDelete);
+        QPointer<CBPComboxItem> row = list.pathItems().at(2);
+        list.DeleteItem(row->GetItem());
+        QVERIFY(list.isVisible() && row && !row->isVisible());
+        QCOMPARE(gone.size(), 1);
+        QCOMPARE(gone.at(0).at(0).value<CBPComboxItem *>(), row.data());
+        QTRY_VERIFY(!row);
+        list.DeleteItem(location("/nowhere"));
+        row = list.pathItems().at(1);
+        clickDelete(row);
+        QVERIFY(!list.isVisible());
+        QCOMPARE(gone.size(), 2);
+        QCOMPARE(list.paths(), QStringList({"/folder 0", "/folder 3"}));
+        list.add("/folder 1"); // there is no such row any more
+        QCOMPARE(list.pathItems().size(), 3);
+    }
+
+    // What a slot may do to the list or the row that it hears of.
+    void diesInItsSignal_data()
+    {
+        QTest::addColumn<bool>("window");
+        QTest::addColumn<QString>("by");
+        for (const bool window : {false, true}) {
+            for (const char *by : {"click", "delete button", "Return", "Delete", "screen reader"})
+                QTest::addRow("%s, %s", window ? "window" : "row", by) << window << QString(by);
+        }
+    }
+
+    void diesInItsSignal()
+    {
+        QFETCH(bool, window);
+        QFETCH(QString, by);
+        QPointer<List> list = new List(3);
+        QVERIFY(list->open());
+        const QPointer<CBPComboxItem> row = list->pathItems().at(1);
+        const auto kill = [&] { delete (window ? static_cast<QWidget *>(list) : row); };
+        if (window)
+            connect(list, &CBPPathDropdWnd::itemClicked, qApp, kill);
+        else
+            connect(row, &CBPComboxItem::itemClicked, qApp, kill);
+        connect(list, &CBPPathDropdWnd::sigItemDelete, qApp, kill);
+        row->setFocus();
+        if (by == "click")
+            QTest::mouseClick(list->windowHandle(), Qt::LeftButton, {},
+                              row->mapTo(list, row->rect().center()));
+        else if (by == "delete button")
+            clickDelete(row);
+        else if (by == "screen reader")
+            spoken(row)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        else
+            QTest::keyPress(list->windowHandle(), by == "Return" ? Qt::Key_Return : Qt::Key_Delete);
+        QVERIFY(!row);
+        QCOMPARE(list.isNull(), window);
+        if (list) {
+            QCOMPARE(list->paths(), QStringList({"/folder 0", "/folder 2"}));
+            list->add("/folder 1");
+            QCOMPARE(list->pathItems().size(), 3);
+        }
+        delete list;
+    }
+
+    void keysMoveThroughRows()
+    {
+        List list(20);
+        ComboxItem picked;
+        connect(&list, &CBPPathDropdWnd::itemClicked, &list, [&](ComboxItem &item) { picked = item; });
+        QVERIFY(list.open());
+        const struct
+        {
+            Qt::Key key;
+            int row;
+        } steps[] = {{Qt::Key_Up, 19},    {Qt::Key_Down, 18}, {Qt::Key_Down, 17},
+                     {Qt::Key_Up, 18},    {Qt::Key_End, 0},   {Qt::Key_Down, 0},
+                     {Qt::Key_PageUp, 2}, {Qt::Key_Home, 19}, {Qt::Key_PageDown, 17}};
+        QTRY_VERIFY(list.pathItems().at(19)->hasFocus());
+        for (const auto &step : steps) {
+            QTest::keyClick(QApplication::focusWidget(), step.key);
+            CBPComboxItem *row = list.pathItems().at(step.row);
+            QVERIFY2(row->hasFocus(), qPrintable(QString::number(step.row)));
+            QCOMPARE(row->visibleRegion().boundingRect(), row->rect());
+        }
+        CBPComboxItem *row = list.pathItems().at(17);
+        QVERIFY(row->grab().toImage() != list.pathItems().at(16)->grab().toImage());
+        QVERIFY(!boxOf(row->grab().toImage(), QColor(0x2f, 0x86, 0xd8)).isEmpty()); // the ring
+        QTest::keyClick(row, Qt::Key_Space);
+        QCOMPARE(picked.path, QString("/folder 17"));
+        QVERIFY(!list.isVisible());
+
+        QTRY_VERIFY(!QGuiApplication::focusWindow());
+        QVERIFY(list.open()); // on the row picked last
+        QTRY_VERIFY(row->hasFocus());
+        QCOMPARE(row->visibleRegion().boundingRect(), row->rect());
+        list.DeleteItem(row->GetItem());
+        QVERIFY(list.pathItems().at(16)->hasFocus());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        QVERIFY(!list.isVisible());
+        QCOMPARE(list.pathItems().size(), 19);
+        List empty;
+        QVERIFY(empty.open());
+        QTest::keyClick(&empty, Qt::Key_Down);
+        QTest::keyClick(&empty, Qt::Key_Escape);
+        QVERIFY(!empty.isVisible());
+    }
+
+    void hidesWhenLeft()
+    {
+        List list(2);
+        QSignalSpy gone(&list, &CBPPathDropdWnd::sigItemDelete);
+        bool clicked = false;
+        connect(&list, &CBPPathDropdWnd::itemClicked, &list, [&](ComboxItem &) { clicked = true; });
+        QWidget other;
+        other.setGeometry(500, 300, 100, 100);
+        other.show();
+        other.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&other)); // later it would hide the list
+        QVERIFY(list.open());
+        QCOMPARE(list.height(), 100);
+        QVERIFY(list.windowFlags().testFlag(Qt::FramelessWindowHint));
+        QCOMPARE(list.windowFlags() & Qt::WindowType_Mask, Qt::Tool);
+        const QImage image = list.grab().toImage();
+        QCOMPARE(boxOf(image, kFrame), image.rect());
+        other.activateWindow();
+        QTRY_VERIFY(!list.isVisible());
+        QVERIFY(!clicked && gone.isEmpty());
+    }
+
+    void screenReadersFindAList()
+    {
+        List list(3);
+        list.setAccessibleName("Recent folders");
+        ComboxItem disk = location("/disk", 2 * kGiga);
+        list.AppendItem(disk);
+        CBPComboxItem *row = list.pathItems().last();
+        QAccessibleInterface *item = spoken(row);
+        QVERIFY(item);
+        QCOMPARE(item->role(), QAccessible::ListItem);
+        QCOMPARE(item->text(QAccessible::Name), QString("/disk"));
+        QCOMPARE(item->text(QAccessible::Description), QString("1.00 GB Free of 2.00 GB"));
+        QVERIFY(item->state().selected && item->state().focusable);
+        QVERIFY(!spoken(list.pathItems().first())->state().selected);
+        QAccessibleInterface *rows = item->parent();
+        QCOMPARE(rows->role(), QAccessible::List);
+        QCOMPARE(rows->text(QAccessible::Name), QString("Recent folders"));
+        QCOMPARE(rows->childCount(), 4);
+        QCOMPARE(rows->child(0), item); // from top to bottom
+        QCOMPARE(rows->indexOfChild(item), 0);
+        QCOMPARE(rows->child(4), nullptr);
+        list.DeleteItem(disk);
+        QCOMPARE(rows->childCount(), 3);
+    }
+
+    void thousandsOfRows()
+    {
+        constexpr int kMany = 5000;
+        List list(kMany);
+        list.add("/folder 2500");
+        QCOMPARE(list.pathItems().size(), kMany);
+        QCOMPARE(list.selected(), QStringList("/folder 4999"));
+        QVERIFY(list.open());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_End);
+        QVERIFY(list.pathItems().first()->hasFocus());
+        delete list.pathItems().at(10); // of the application's own accord
+        QCOMPARE(list.pathItems().size(), kMany - 1);
+    }
+};
+
+LUMQT_TEST_MAIN(TestPathList)
+#include "tst_pathlist.moc"
