@@ -128,7 +128,7 @@ void CBPPathDropdWnd::removeRow(CBPComboxItem *row)
     const int index = m_vecItems.indexOf(row);
     if (index < 0)
         return;
-    const bool focused = row->hasFocus();
+    const bool focused = row == focusWidget();
     m_pListLayout->removeWidget(row);
     forget(row);
     release(row);
@@ -235,11 +235,9 @@ int CBPPathDropdWnd::rowsOnPage() const
 // Says whether the key is one of those that move. Going down is going back to older rows.
 bool CBPPathDropdWnd::moveFocus(int key)
 {
-    int index = m_vecItems.size() - 1;
-    for (int i = 0; i < m_vecItems.size(); ++i) {
-        if (m_vecItems.at(i)->hasFocus())
-            index = i;
-    }
+    int index = m_vecItems.indexOf(qobject_cast<CBPComboxItem *>(focusWidget()));
+    if (index < 0)
+        index = m_vecItems.size() - 1;
     switch (key) {
     case Qt::Key_Up:
         ++index;
