@@ -18,6 +18,7 @@ struct Flow
 {
     QWidget window;
     CBPFlowLayout *layout = new CBPFlowLayout(&window, 0, 6, 6);
+    QVector<QLayoutItem *> items;
 
     explicit Flow(int count)
     {
@@ -25,40 +26,41 @@ struct Flow
             auto *widget = new QWidget;
             widget->setMinimumSize(40 + i % 50, 20 + i % 3);
             layout->addWidget(widget);
+            items.append(layout->itemAt(i));
         }
     }
 };
 
-// Microseconds per item.
-template <class Work> double perItem(const Flow &flow, Work work)
+// Microseconds per thousand items.
+template <class Work> double perThousand(const Flow &flow, Work work)
 {
     const double time = Bench::time([&] {
         for (int i = 0; i < kTimes; ++i)
             work(kWidths[i % 2]);
     });
-    return time / kTimes / flow.layout->count();
+    return time / kTimes / flow.items.size() * 1000;
 }
 
 double ask(const Flow &flow)
 {
-    return perItem(flow, [&](int width) { flow.layout->heightForWidth(width); });
+    return perThousand(flow, [&](int width) { flow.layout->heightForWidth(width); });
 }
 
 // What a layout cannot do without: each hint, and the sum of them.
 double plainAsk(const Flow &flow)
 {
     volatile int sum = 0;
-    return perItem(flow, [&](int) {
+    return perThousand(flow, [&](int) {
         int total = 0;
-        for (int i = 0; i < flow.layout->count(); ++i)
-            total += flow.layout->itemAt(i)->sizeHint().width();
+        for (const QLayoutItem *item : flow.items)
+            total += item->sizeHint().width();
         sum = total;
     });
 }
 
 double place(const Flow &flow)
 {
-    return perItem(flow, [&](int width) { flow.layout->setGeometry(QRect(0, 0, width, 100000)); });
+    return perThousand(flow, [&](int width) { flow.layout->setGeometry(QRect(0, 0, width, 100000)); });
 }
 
 // The same places, known before.
@@ -68,18 +70,17 @@ double plainPlace(const Flow &flow)
     for (const int width : kWidths) {
         flow.layout->setGeometry(QRect(0, 0, width, 100000));
         QVector<QRect> rects;
-        for (int i = 0; i < flow.layout->count(); ++i)
-            rects.append(flow.layout->itemAt(i)->geometry());
+        for (const QLayoutItem *item : flow.items)
+            rects.append(item->geometry());
         places.append(rects);
     }
     volatile int sum = 0;
-    return perItem(flow, [&](int width) {
+    return perThousand(flow, [&](int width) {
         const QVector<QRect> &rects = places[width == kWidths[1]];
         int total = 0;
-        for (int i = 0; i < flow.layout->count(); ++i) {
-            QLayoutItem *item = flow.layout->itemAt(i);
-            total += item->sizeHint().width();
-            item->setGeometry(rects[i]);
+        for (int i = 0; i < rects.size(); ++i) {
+            total += flow.items[i]->sizeHint().width();
+            flow.items[i]->setGeometry(rects[i]);
         }
         sum = total;
     });
@@ -99,8 +100,9 @@ void benchLayouts(Bench &bench)
     bench.compare(QStringLiteral("flow, 5,000 items: re-laid"), QStringLiteral("us"),
                   {{flow, [&] { return place(middle); }}, {hints, [&] { return plainPlace(middle); }}},
                   {1.5});
-    // Per item, so 1 is linear; more widgets than the processor's caches hold cost a little more each.
-    bench.compare(QStringLiteral("flow: an item re-laid"), QStringLiteral("us"),
+    // Per thousand items, so 1 is linear; more widgets than the processor's caches hold cost a little more
+    // each.
+    bench.compare(QStringLiteral("flow, 1,000 items re-laid"), QStringLiteral("us"),
                   {{QStringLiteral("of 10,000"), [&] { return place(large); }},
                    {QStringLiteral("of 5,000"), [&] { return place(middle); }},
                    {QStringLiteral("of 2,500"), [&] { return place(small); }}},

@@ -408,5 +408,5 @@ void CFoucsLabel::paintEvent(QPaintEvent *)
     else if (m_showsTail)
         drawIcon(painter, *m_tail, where.tail);
     if (m_showsRing && isEnabled())
-        lumqt::drawFocusRing(painter, rect().adjusted(1, 1, -1, -1));
+        lumqt::drawFocusRing(painter, rect());
 }

@@ -1,0 +1,111 @@
+#include "Page.h"
+#include "PageRegistry.h"
+#include "Theme.h"
+
+#include "CBPDrawLabel.h"
+#include "CBPFlowLayout.h"
+#include "CBPPushBtn.h"
+
+#include <QHBoxLayout>
+
+namespace {
+
+const QStringList kTags{"Backup",       "Every day",       "Encrypted", "Drive D",
+                        "Two versions", "Mail on error",   "Compress",  "Verify",
+                        "Weekdays",     "Wake the device", "22:00",     "Quiet"};
+const QColor kTagColor(0, 122, 126);
+constexpr int kTagHeight = 26;
+constexpr int kTagPadding = 14;
+constexpr int kGap = 8;
+constexpr int kHalf = (theme::kPageWidth - 3 * theme::kUnit) / 2;
+
+CBPDrawLabel *tag(QString text)
+{
+    auto *label = new CBPDrawLabel(text, kTagColor, true);
+    label->setFixedSize(label->sizeHint().width() + kTagPadding, kTagHeight);
+    return label;
+}
+
+// A panel of tags, `width` pixels wide and as high as they need.
+QWidget *tags(int width, int hSpacing = kGap, int vSpacing = kGap,
+              Qt::LayoutDirection direction = Qt::LeftToRight)
+{
+    auto *panel = new QWidget;
+    panel->setAutoFillBackground(true);
+    QPalette palette = panel->palette();
+    palette.setColor(QPalette::Window, theme::kPanel);
+    panel->setPalette(palette);
+    panel->setLayoutDirection(direction);
+    auto *layout = new CBPFlowLayout(panel, kGap, hSpacing, vSpacing);
+    for (const QString &text : kTags)
+        layout->addWidget(tag(text));
+    panel->setFixedSize(width, layout->heightForWidth(width));
+    return panel;
+}
+
+void addLive(Page *page)
+{
+    Section *section = page->addSection("Try it", "The panel grows and shrinks with its tags; resize the "
+                                                  "window to see the rows break anew.");
+    auto *panel = new QWidget;
+    auto *layout = new CBPFlowLayout(panel, 0, kGap, kGap);
+    for (int i = 0; i < 4; ++i)
+        layout->addWidget(tag(kTags[i]));
+    auto *buttons = new QWidget;
+    auto *row = new QHBoxLayout(buttons);
+    row->setContentsMargins(0, 0, 0, 0);
+    auto *add = new CBPPushBtn("Add", nullptr);
+    auto *remove = new CBPPushBtn("Remove", nullptr);
+    for (CBPPushBtn *button : {add, remove}) {
+        button->setFixedWidth(96);
+        row->addWidget(button);
+    }
+    row->addStretch();
+    QObject::connect(add, &CBPPushBtn::sigBtnClicked, layout,
+                     [layout] { layout->addWidget(tag(kTags[layout->count() % kTags.size()])); });
+    QObject::connect(remove, &CBPPushBtn::sigBtnClicked, layout, [layout] {
+        if (QLayoutItem *item = layout->takeAt(layout->count() - 1)) {
+            delete item->widget();
+            delete item;
+        }
+    });
+    section->addWide(panel);
+    section->addWide(buttons);
+}
+
+QWidget *mixed()
+{
+    auto *panel = new QWidget;
+    auto *layout = new CBPFlowLayout(panel, 0, kGap, kGap);
+    for (const int height : {28, 48, 36, 64, 28, 40, 28}) {
+        auto *button = new CBPPushBtn(QString::number(height), nullptr);
+        button->setFixedSize(72, height);
+        layout->addWidget(button);
+    }
+    panel->setFixedSize(kHalf, layout->heightForWidth(kHalf));
+    return panel;
+}
+
+Page *makePage()
+{
+    auto *page = new Page("Flow layout", "CBPFlowLayout: items in rows that break where the next one would "
+                                         "not fit, as words in a paragraph.");
+    addLive(page);
+    page->addSection("Widths", "The narrower, the more rows; the layout reports the height that it needs.")
+        ->addSamples({{"400 pixels", tags(400)}, {"248", tags(248)}, {"160", tags(160)}});
+    page->addSection("Gaps and direction", "Own gaps, or those of the style. Right-to-left rows begin at the "
+                                           "right.")
+        ->addColumns(2, {{"2 and 16 pixels", tags(kHalf, 2, 16)},
+                         {"Of the style", tags(kHalf, -1, -1)},
+                         {"Right-to-left", tags(kHalf, kGap, kGap, Qt::RightToLeft)},
+                         {"Of different heights: the highest rules its row", mixed()}});
+    return page;
+}
+
+void registerThis()
+{
+    registerPage({"flow-layout", "Flow layout", PageGroup::Containers, makePage});
+}
+Q_CONSTRUCTOR_FUNCTION(registerThis)
+
+} // namespace
