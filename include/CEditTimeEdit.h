@@ -4,6 +4,7 @@
 #include "LumQtGlobal.h"
 
 #include <QList>
+#include <QPointer>
 #include <QString>
 #include <QTime>
 #include <QVector>
@@ -16,7 +17,8 @@ class QHBoxLayout;
 /// removes it, and one that adds another at the end.
 ///
 /// The last field cannot be removed. All fields and buttons are reached by Tab and pressed with Space; the
-/// focus stays in the list when a field is removed. GUI thread only. \since 1.0
+/// focus stays in the list when a field is removed. What hears of an item's removal may delete the
+/// item, or the list. GUI thread only. \since 1.0
 class LUMQT_EXPORT CEditTimeEdit : public QWidget
 {
     Q_OBJECT
@@ -49,14 +51,16 @@ private Q_SLOTS:
 private:
     void Layout();
     CEditTimeEditItem *appendItem();
+    void forgetItem(QObject *item);
+    void itemRemoved(int index);
     void updateAddButton();
-    void nameItems();
+    void nameItems(int from);
 
     QString m_strAddIcon;
     QString m_strDelIcon;
     int m_iMaxCount;
-    QHBoxLayout *m_pItemLayout = nullptr;
-    CBPImageButton *m_pAddBtn = nullptr;
+    QPointer<QHBoxLayout> m_pItemLayout;
+    QPointer<CBPImageButton> m_pAddBtn;
     QList<CEditTimeEditItem *> m_listItems;
     QList<CEditTimeEditItem *> m_listRemoved; // hidden: their buttons may be busy with the click that did it
 };

@@ -2,6 +2,7 @@
 
 #include "LumQtGlobal.h"
 
+#include <QPointer>
 #include <QString>
 #include <QTime>
 #include <QWidget>
@@ -21,7 +22,7 @@ public:
     explicit CEditTimeEditItem(QString iconPath, QWidget *parent = nullptr);
     ~CEditTimeEditItem() override;
 
-    /// The time in the field. \since 1.0
+    /// The time in the field; not valid when somebody has deleted the field. \since 1.0
     QTime GetQTime() const;
 
     /// Sets the time in the field; one that is not valid is ignored. \since 1.0
@@ -43,6 +44,6 @@ private:
     void Layout();
 
     QString m_strIconPath;
-    QTimeEdit *m_pTimeEdit = nullptr;
-    CBPImageButton *m_pDelBtn = nullptr;
+    QPointer<QTimeEdit> m_pTimeEdit;
+    QPointer<CBPImageButton> m_pDelBtn;
 };

@@ -137,12 +137,13 @@ public:
     /// it only the hours 1 to 11 are written as they are; all others, 12 included, as 00. \since 1.0
     static std::string CombinTime(const _BPDateTime &dt, bool b12Hour, std::string sep = std::string());
 
-    /// Year, month, day, hour, minute and second as one row of digits, 14 for years of four digits. Such
-    /// texts sort by time. \since 1.0
+    /// Year, month, day, hour, minute and second as one row of digits, 14 for years up to 9999. Texts of 14
+    /// digits sort by time. \since 1.0
     static std::string TranDateTimeToString(const _BPDateTime &dt);
 
     /// Less than 0 when \a first is earlier, 0 when they are equal, more than 0 when it is later: the order
-    /// of the texts of TranDateTimeToString(). The day of the week does not count. \since 1.0
+    /// of the texts of TranDateTimeToString(), which is that of time for years up to 9999 and fields in their
+    /// ranges. The day of the week does not count. \since 1.0
     static int CompareDateTime(_BPDateTime first, _BPDateTime second);
 
     /// Fills the record with the current local time, all but the day of the week. Null is ignored. \since 1.0

@@ -105,6 +105,7 @@ void CBPDateSelector::Layout(QWidget *parent)
     m_pBox->PackStart(m_pCalendarBtn, false, false, 0);
     connect(m_pCalendarBtn, SIGNAL(btn_released(int)), this, SLOT(OnCalendarBtn(int)));
     setFocusProxy(m_pDateEdit);
+    updateLook();
 }
 
 void CBPDateSelector::SetDate(QDate &date)
@@ -208,6 +209,8 @@ bool CBPDateSelector::eventFilter(QObject *watched, QEvent *event)
             giveFocusBack(); // then it hides
         return false;
     }
+    if (event->type() == QEvent::PaletteChange && qobject_cast<QDateEdit *>(watched))
+        updateLook();
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
         if (m_pBox && qobject_cast<QDateEdit *>(watched))
             m_pBox->SetFrameClr(event->type() == QEvent::FocusIn ? kFocusFrame : kFrame);

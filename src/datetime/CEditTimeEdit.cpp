@@ -7,6 +7,9 @@
 #include <QHBoxLayout>
 #include <QTimeEdit>
 
+#include <algorithm>
+#include <utility>
+
 namespace {
 
 constexpr int kItemSpacing = 10; // pixels between the fields, once there are more than one
@@ -34,10 +37,9 @@ CEditTimeEdit::CEditTimeEdit(QString addIcon, QString delIcon, int maxCount, QWi
 
 CEditTimeEdit::~CEditTimeEdit()
 {
-    qDeleteAll(m_listItems);
-    m_listItems.clear();
-    qDeleteAll(m_listRemoved);
-    m_listRemoved.clear();
+    // Each one that goes takes itself off its list.
+    qDeleteAll(std::exchange(m_listItems, {}));
+    qDeleteAll(std::exchange(m_listRemoved, {}));
 }
 
 void CEditTimeEdit::Layout()
@@ -63,13 +65,28 @@ CEditTimeEditItem *CEditTimeEdit::appendItem()
     m_listItems.append(item);
     m_pItemLayout->addWidget(item);
     connect(item, SIGNAL(sigHideItem(CEditTimeEditItem *)), this, SLOT(onHideItem(CEditTimeEditItem *)));
-    if (before && m_pAddBtn) {
+    connect(item, &QObject::destroyed, this, &CEditTimeEdit::forgetItem);
+    if (before && before->m_pDelBtn && m_pAddBtn) {
         // Tab follows the row; otherwise what is made last comes last, after the add button.
         setTabOrder(before->m_pDelBtn, item->m_pTimeEdit);
         setTabOrder(item->m_pTimeEdit, item->m_pDelBtn);
     }
-    nameItems();
+    nameItems(m_listItems.size() - 1);
     return item;
+}
+
+// By its address only: it is no more than an object by now.
+void CEditTimeEdit::forgetItem(QObject *item)
+{
+    const auto isItem = [item](const CEditTimeEditItem *other) { return other == item; };
+    m_listRemoved.erase(std::remove_if(m_listRemoved.begin(), m_listRemoved.end(), isItem),
+                        m_listRemoved.end());
+    const auto found = std::find_if(m_listItems.begin(), m_listItems.end(), isItem);
+    if (found == m_listItems.end())
+        return;
+    const int index = int(found - m_listItems.begin());
+    m_listItems.erase(found);
+    itemRemoved(index);
 }
 
 void CEditTimeEdit::OnBtnPressed(int)
@@ -78,7 +95,7 @@ void CEditTimeEdit::OnBtnPressed(int)
         return;
     CEditTimeEditItem *item = appendItem();
     m_pItemLayout->setSpacing(kItemSpacing);
-    m_listItems.first()->SetIconVisual(true);
+    m_listItems.first()->SetIconVisual(m_listItems.size() > 1);
     if (isVisible())
         item->show(); // a hidden widget cannot take the focus
     updateAddButton();
@@ -89,14 +106,24 @@ void CEditTimeEdit::onHideItem(CEditTimeEditItem *pItem)
     const int index = m_listItems.indexOf(pItem);
     if (!m_pItemLayout || !m_pAddBtn || m_listItems.size() < 2 || index < 0)
         return;
+    const QPointer<CEditTimeEditItem> item(pItem);
     m_listItems.removeAt(index);
     m_listRemoved.append(pItem);
-    // To the field that takes its place: not to its button, which would remove it with the next key.
-    if (holdsFocus(pItem))
-        m_listItems.at(qMin(index, m_listItems.size() - 1))->m_pTimeEdit->setFocus();
-    pItem->hide();
-    m_pItemLayout->removeWidget(pItem);
-    nameItems();
+    // To the field that takes its place: not to its button, which would remove it with the next key. Who
+    // hears that a field was left may delete the item.
+    QTimeEdit *next = m_listItems.at(qMin(index, m_listItems.size() - 1))->m_pTimeEdit;
+    if (next && holdsFocus(pItem))
+        next->setFocus();
+    if (item) {
+        item->hide();
+        m_pItemLayout->removeWidget(item);
+    }
+    itemRemoved(index);
+}
+
+void CEditTimeEdit::itemRemoved(int index)
+{
+    nameItems(index);
     updateAddButton();
     if (m_listItems.size() == 1)
         m_listItems.first()->SetIconVisual(false);
@@ -104,19 +131,23 @@ void CEditTimeEdit::onHideItem(CEditTimeEditItem *pItem)
 
 void CEditTimeEdit::updateAddButton()
 {
+    if (!m_pAddBtn)
+        return;
     const bool show = m_listItems.size() < m_iMaxCount;
-    if (!show && holdsFocus(m_pAddBtn))
-        m_listItems.last()->m_pTimeEdit->setFocus();
+    QTimeEdit *last = m_listItems.isEmpty() ? nullptr : m_listItems.last()->m_pTimeEdit;
+    if (!show && last && holdsFocus(m_pAddBtn))
+        last->setFocus();
     m_pAddBtn->setVisible(show);
 }
 
-void CEditTimeEdit::nameItems()
+void CEditTimeEdit::nameItems(int from)
 {
-    int number = 0;
-    for (const CEditTimeEditItem *item : qAsConst(m_listItems)) {
-        ++number;
-        item->m_pTimeEdit->setAccessibleName(tr("Time %1").arg(number));
-        item->m_pDelBtn->setAccessibleName(tr("Remove time %1").arg(number));
+    for (int i = from; i < m_listItems.size(); ++i) {
+        const CEditTimeEditItem *item = m_listItems.at(i);
+        if (item->m_pTimeEdit)
+            item->m_pTimeEdit->setAccessibleName(tr("Time %1").arg(i + 1));
+        if (item->m_pDelBtn)
+            item->m_pDelBtn->setAccessibleName(tr("Remove time %1").arg(i + 1));
     }
 }
 

@@ -5,6 +5,7 @@
 #include "foundation/Painting.h"
 #include "Util.h"
 
+#include <QKeyEvent>
 #include <QLayout>
 #include <QLineEdit>
 #include <QMenu>
@@ -310,6 +311,11 @@ bool CalendarPane::eventFilter(QObject *watched, QEvent *event)
         m_view->viewport()->update();
     } else if (m_view && watched == m_year && event->type() == QEvent::Hide && m_year->hasFocus()) {
         m_view->setFocus(); // it would go to the first button of the bar
+    } else if (watched == m_year && event->type() == QEvent::KeyPress &&
+               static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
+        // Its text is disabled and swallows the key, with which the calendar gives the stepping up.
+        keyPressEvent(static_cast<QKeyEvent *>(event));
+        return true;
     }
     return QCalendarWidget::eventFilter(watched, event);
 }

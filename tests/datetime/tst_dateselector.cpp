@@ -111,6 +111,8 @@ private slots:
     void escape();
     void picks_data();
     void picks();
+    void escapeFromTheYear();
+    void groundOfTheField();
     void clickElsewhere();
     void openedAgain();
     void calendarLook();
@@ -218,6 +220,39 @@ void TestDateSelector::escape()
     scene.open(how);
     QTest::keyClick(scene.calendar()->findChild<QToolButton *>("qt_calendar_nextmonth"), Qt::Key_Escape);
     QVERIFY(!scene.tip()->isVisible() && becomesActive(scene.window));
+}
+
+// Stepping the year is given up first, then the calendar closes.
+void TestDateSelector::escapeFromTheYear()
+{
+    Scene scene;
+    scene.open();
+    QTest::mouseClick(scene.calendar()->findChild<QToolButton *>("qt_calendar_yearbutton"), Qt::LeftButton);
+    auto *year = scene.calendar()->findChild<QSpinBox *>("qt_calendar_yearedit");
+    QTRY_VERIFY(year->hasFocus());
+    QTest::keyClick(year, Qt::Key_Up);
+    QTest::keyClick(year, Qt::Key_Escape);
+    QVERIFY(!year->isVisible() && scene.tip()->isVisible());
+    QCOMPARE(scene.calendar()->yearShown(), 2024);
+    QVERIFY(scene.view()->hasFocus());
+    QTest::keyClick(scene.view(), Qt::Key_Escape);
+    QVERIFY(!scene.tip()->isVisible());
+}
+
+// Field and box around it have one colour, whatever the palette.
+void TestDateSelector::groundOfTheField()
+{
+    const QPalette before = QApplication::palette();
+    QPalette dark = before;
+    dark.setColor(QPalette::Base, QColor(30, 30, 30));
+    QApplication::setPalette(dark);
+    CBPDateSelector selector;
+    const QColor made = selector.grab().toImage().pixelColor(3, 2);
+    QApplication::setPalette(before);
+    QCOMPARE(made, QColor(30, 30, 30));
+    dark.setColor(QPalette::Base, QColor(60, 0, 0));
+    selector.setPalette(dark);
+    QCOMPARE(selector.grab().toImage().pixelColor(3, 2), QColor(60, 0, 0));
 }
 
 void TestDateSelector::picks_data()

@@ -65,7 +65,9 @@ private slots:
     void times();
     void listFocus();
     void listNames();
+    void deletedByItsItem_data();
     void deletedByItsItem();
+    void partsDeleted();
 };
 
 void TestTimeList::newList()
@@ -216,14 +218,54 @@ void TestTimeList::listNames()
     QVERIFY(spokenName(deleteButtonOf(fields.last())).contains('3'));
 }
 
+void TestTimeList::deletedByItsItem_data()
+{
+    QTest::addColumn<bool>("wholeList");
+    QTest::newRow("the list") << true;
+    QTest::newRow("the item") << false; // which the list has put away, and would delete once more
+}
+
 void TestTimeList::deletedByItsItem()
 {
+    QFETCH(bool, wholeList);
     QPointer<TimeList> list = new TimeList(4, {kMorning, kNoon});
-    auto *item = qobject_cast<CEditTimeEditItem *>(fieldsOf(*list).first()->parentWidget());
-    connect(item, &CEditTimeEditItem::sigHideItem, this, [&] { delete list; });
+    QPointer<CEditTimeEditItem> item = list->findChild<CEditTimeEditItem *>();
+    connect(item.data(), &CEditTimeEditItem::sigHideItem, this, [&] {
+        if (wholeList)
+            delete list;
+        else
+            delete item;
+    });
     list->show();
     QTest::mouseClick(deleteButtonOf(fieldsOf(*list).first()), Qt::LeftButton);
-    QVERIFY(!list);
+    QVERIFY(!item);
+    QCOMPARE(!list, wholeList);
+    if (list)
+        QCOMPARE(list->GetQTimes(), QVector<QTime>{kNoon});
+    delete list;
+}
+
+// By somebody who went through the children: the list goes on with what is left.
+void TestTimeList::partsDeleted()
+{
+    TimeList list(3, {kMorning, kNoon, kEvening});
+    QList<CEditTimeEditItem *> items = list.findChildren<CEditTimeEditItem *>();
+    delete fieldsOf(list).at(1);
+    QCOMPARE(list.GetQTimes(), (QVector<QTime>{kMorning, QTime(), kEvening}));
+    list.Initialize({kNoon, kNoon, kNoon});
+    delete items.takeAt(1);
+    QCOMPARE(list.GetQTimes(), (QVector<QTime>{kNoon, kNoon}));
+    QVERIFY(!addButtonOf(list)->isHidden());
+    QVERIFY(spokenName(fieldsOf(list).last()).contains('2'));
+    delete items.takeLast();
+    QVERIFY(deleteButtonOf(fieldsOf(list).first())->isHidden());
+    qDeleteAll(items);
+    QVERIFY(list.GetQTimes().isEmpty());
+    addButtonOf(list)->click();
+    QVERIFY(deleteButtonOf(fieldsOf(list).first())->isHidden()); // as a single one
+    delete addButtonOf(list);
+    list.Initialize({kMorning, kNoon});
+    QCOMPARE(list.GetQTimes(), QVector<QTime>{kMorning});
 }
 
 LUMQT_TEST_MAIN(TestTimeList)
