@@ -49,6 +49,7 @@ const struct
     {"CBPImageButton", "image-button", "States"},
     {"CBPWaitBtn", "waiters", "Waiting button"},
     {"CBtnObj", "push-button", "Colours"},
+    {"CBPFlowLayout", "flow-layout", "Widths"},
 };
 
 bool isOurs(const QString &className)
