@@ -39,6 +39,28 @@
     </message>
 </context>
 <context>
+    <name>CBPComboxItem</name>
+    <message>
+        <source>%1 Free of %2</source>
+        <translation>%1 Free of %2</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Delete</translation>
+    </message>
+</context>
+<context>
+    <name>CBPIPInputWidget</name>
+    <message>
+        <source>IP address</source>
+        <translation>IP address</translation>
+    </message>
+    <message>
+        <source>Octet %1 of %2</source>
+        <translation>Octet %1 of %2</translation>
+    </message>
+</context>
+<context>
     <name>CBPPopWnd</name>
     <message>
         <source>Add</source>
@@ -214,6 +236,13 @@
     <message>
         <source>\</source>
         <translation>\</translation>
+    </message>
+</context>
+<context>
+    <name>lumqt::PathRows</name>
+    <message>
+        <source>Locations</source>
+        <translation>Locations</translation>
     </message>
 </context>
 </TS>

@@ -12,7 +12,7 @@ namespace {
 
 // Look and metrics, in logical pixels.
 const QColor kFrame(134, 134, 134);
-const QColor kDisabledFrame(Qt::gray);
+const QColor kDisabledFrame(0xa0, 0xa0, 0xa4); // Qt::gray
 const QColor kGround(255, 255, 255);
 const QMargins kMargins(6, 2, 6, 2);
 constexpr int kSpacing = 8;

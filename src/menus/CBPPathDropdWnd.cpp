@@ -4,7 +4,6 @@
 #include "foundation/Painting.h"
 #include "menus/PathRows.h"
 
-#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -299,8 +298,6 @@ void CBPPathDropdWnd::showEvent(QShowEvent *event)
     if (!row)
         return;
     row->setFocus(Qt::PopupFocusReason);
-    // Or the scroll area does not know yet how much there is to scroll.
-    QCoreApplication::sendPostedEvents(m_pRows, QEvent::LayoutRequest);
     if (row)
         m_pScroll->ensureWidgetVisible(row, 0, 0);
 }

@@ -401,6 +401,12 @@ private slots:
         QTest::keyClick(list.focusWidget(), Qt::Key_Escape);
         QVERIFY(!list.isVisible());
         QCOMPARE(list.pathItems().size(), 19);
+        List far(20); // the current row is seen at the first show, wherever it lies
+        far.pathItems().first()->SetSelected(true);
+        far.pathItems().last()->SetSelected(false);
+        QVERIFY(far.open());
+        QCOMPARE(far.focusWidget(), far.at(0));
+        QCOMPARE(far.at(0)->visibleRegion().boundingRect(), far.at(0)->rect());
         List empty;
         QVERIFY(empty.open());
         QTest::keyClick(&empty, Qt::Key_Down);
