@@ -51,6 +51,20 @@ template <class Widgets> QString shown(const Widgets &widgets)
     return result;
 }
 
+class Hidings : public QObject
+{
+public:
+    explicit Hidings(QWidget *widget) { widget->installEventFilter(this); }
+    int count = 0;
+
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        count += event->type() == QEvent::HideToParent;
+        return false;
+    }
+};
+
 // Entries of one group with contents, placed in a window.
 struct Accordion
 {
@@ -178,10 +192,10 @@ private slots:
         tabs.Appendtab(page, QStringLiteral("One"), 1);
         tabs.Appendtab(page, QStringLiteral("Two"), 2);
         QCoreApplication::processEvents();
-        for (const int id : {1, 2}) {
+        const Hidings hidings(page);
+        for (const int id : {1, 2, 1})
             tabs.SetSelected(id);
-            QVERIFY(!page->isHidden());
-        }
+        QVERIFY(!page->isHidden() && hidings.count == 0);
     }
 
     void tabsForScreenReaders()
