@@ -92,7 +92,7 @@ void Monkey::act()
         changePage();
 }
 
-// Every window but the gallery's is closed, and so every loop is left, before the program ends.
+// What runs a loop of its own is closed, so that every loop is left before the program ends.
 void Monkey::leave()
 {
     if (QWidget *popup = QApplication::activePopupWidget()) {
@@ -102,8 +102,7 @@ void Monkey::leave()
     } else if (!m_clock.hasExpired(m_time + kSettleTime / 10)) {
         m_held = Qt::NoButton;
     } else {
-        QApplication::closeAllWindows();
-        QApplication::quit();
+        QApplication::quit(); // whatever is still open goes with what owns it
         return;
     }
     if (m_clock.hasExpired(m_time + kSettleTime))
