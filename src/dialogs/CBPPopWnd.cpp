@@ -5,6 +5,7 @@
 #include "CBPWinFrmTitle.h"
 #include "dialogs/Backdrop.h"
 #include "foundation/Log.h"
+#include "foundation/ModalShow.h"
 #include "foundation/Painting.h"
 #include "platform/Platform.h"
 #include "Util.h"
@@ -127,11 +128,9 @@ int CBPPopWnd::exec()
     const bool wasModal = testAttribute(Qt::WA_ShowModal);
     m_running = true;
     centre();
-    setAttribute(Qt::WA_ShowModal);
     setResult(QDialog::Rejected);
-    show();
     int code = QDialog::Rejected;
-    if (alive && isVisible())
+    if (lumqt::showModally(this))
         code = QDialog::exec(); // NOLINT(bugprone-parent-virtual-call): it is shown and centred already
     else if (alive)
         code = result();

@@ -3,6 +3,7 @@
 #include "foundation/FontLookup.h"
 #include "foundation/ImageLoader.h"
 #include "foundation/Log.h"
+#include "foundation/ModalShow.h"
 #include "foundation/Painting.h"
 
 #include <QCloseEvent>
@@ -92,10 +93,8 @@ void CBPWaiter::Run()
     // nobody ends.
     const QPointer<CBPWaiter> alive(this);
     const bool wasModal = testAttribute(Qt::WA_ShowModal);
-    setAttribute(Qt::WA_ShowModal);
     setResult(Rejected);
-    show();
-    if (alive && isVisible())
+    if (lumqt::showModally(this))
         exec();
     if (!alive)
         return;

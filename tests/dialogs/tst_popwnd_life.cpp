@@ -90,6 +90,8 @@ private Q_SLOTS:
         w->Run();
         QVERIFY(!hangs);
         QVERIFY(w && !w->isVisible());
+        QVERIFY(!w->windowHandle()->isVisible() &&
+                !QGuiApplication::modalWindow()); // which would block all others
         delete w;
     }
 

@@ -102,6 +102,10 @@ void Monkey::leave()
     } else if (!m_clock.hasExpired(m_time + kSettleTime / 10)) {
         m_held = Qt::NoButton;
     } else {
+        // What a modal window still blocks, though none is to be seen, says yes and stays.
+        if (QWindow *window = m_window.windowHandle(); window && window->close() && m_window.isVisible())
+            qFatal("The gallery is blocked");
+        m_over = true;
         QApplication::quit(); // whatever is still open goes with what owns it
         return;
     }

@@ -21,6 +21,7 @@ public:
     Monkey(GalleryWindow &window, unsigned int seed, int seconds);
 
     void start();
+    bool isOver() const { return m_over; }
     int steps() const { return m_steps; }
     int visitedPages() const { return m_visited.size(); }
 
@@ -54,4 +55,5 @@ private:
     Qt::MouseButtons m_held;
     QStringList m_visited;
     int m_steps = 0;
+    bool m_over = false;
 };

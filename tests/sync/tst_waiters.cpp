@@ -372,6 +372,8 @@ private Q_SLOTS:
             return;
         }
         QVERIFY(w && !w->isVisible() && !w->isModal());
+        QVERIFY(!w->windowHandle()->isVisible() &&
+                !QGuiApplication::modalWindow()); // which would block all others
         QTEST(w->result(), "result");
         w->onShow = nullptr; // and it can be run again
         w->Run();
