@@ -15,6 +15,13 @@
 
 namespace {
 
+// Lines of a source, first and last.
+struct LineRange
+{
+    int first = -1;
+    int last = -1;
+};
+
 constexpr int kTitleClose = 8;
 constexpr int kClose = 0x100000;
 constexpr QSize kSize(880, 640);
@@ -122,8 +129,7 @@ bool beginsFunction(const QString &line)
     return !line.isEmpty() && (line.at(0).isLetter() || line.startsWith(QLatin1String("//")));
 }
 
-} // namespace
-
+// The function in which the section's title stands; -1 where it stands nowhere.
 LineRange linesOfSection(const QString &source, const QString &section)
 {
     const QStringList lines = source.split(QLatin1Char('\n'));
@@ -144,6 +150,8 @@ LineRange linesOfSection(const QString &source, const QString &section)
     }
     return LineRange();
 }
+
+} // namespace
 
 void showSource(const PageInfo &page, const QString &section, QWidget *parent)
 {

@@ -5,6 +5,7 @@
 #include <QRect>
 #include <QString>
 
+#include <ctime>
 #include <functional>
 
 class QWidget;
@@ -75,6 +76,19 @@ struct ClockTime
     quint16 second = 0;
     quint16 dayOfWeek = 0; // 0: Sunday
 };
+
+inline ClockTime clockTime(const std::tm &parts)
+{
+    ClockTime clock;
+    clock.year = quint16(parts.tm_year + 1900);
+    clock.month = quint16(parts.tm_mon + 1);
+    clock.day = quint16(parts.tm_mday);
+    clock.hour = quint16(parts.tm_hour);
+    clock.minute = quint16(parts.tm_min);
+    clock.second = quint16(parts.tm_sec);
+    clock.dayOfWeek = quint16(parts.tm_wday);
+    return clock;
+}
 
 // Now. Any thread.
 ClockTime localClock();

@@ -99,16 +99,7 @@ qint64 coarseClock()
 
 ClockTime localClock()
 {
-    const tm parts = brokenDown(time(nullptr));
-    ClockTime clock;
-    clock.year = quint16(parts.tm_year + 1900);
-    clock.month = quint16(parts.tm_mon + 1);
-    clock.day = quint16(parts.tm_mday);
-    clock.hour = quint16(parts.tm_hour);
-    clock.minute = quint16(parts.tm_min);
-    clock.second = quint16(parts.tm_sec);
-    clock.dayOfWeek = quint16(parts.tm_wday);
-    return clock;
+    return clockTime(brokenDown(time(nullptr)));
 }
 
 ClockTime localFileTime(quint64 fileTime)

@@ -110,17 +110,7 @@ ClockTime localClock()
 {
     const __time64_t now = _time64(nullptr);
     tm parts = {};
-    ClockTime clock;
-    if (_localtime64_s(&parts, &now) != 0)
-        return clock;
-    clock.year = quint16(parts.tm_year + 1900);
-    clock.month = quint16(parts.tm_mon + 1);
-    clock.day = quint16(parts.tm_mday);
-    clock.hour = quint16(parts.tm_hour);
-    clock.minute = quint16(parts.tm_min);
-    clock.second = quint16(parts.tm_sec);
-    clock.dayOfWeek = quint16(parts.tm_wday);
-    return clock;
+    return _localtime64_s(&parts, &now) == 0 ? clockTime(parts) : ClockTime();
 }
 
 ClockTime localFileTime(quint64 fileTime)
