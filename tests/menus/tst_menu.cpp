@@ -1,10 +1,12 @@
+#include "Acts.h"
 #include "CBPMenu.h"
 #include "CBPMenuItem.h"
 #include "foundation/FontLookup.h"
+#include "Pictures.h"
+#include "Pixels.h"
 #include "platform/Platform.h"
 #include "TestMain.h"
 
-#include <QAccessible>
 #include <QBitmap>
 #include <QFontMetrics>
 #include <QIconEngine>
@@ -14,13 +16,13 @@
 #include <QTemporaryDir>
 
 #include <climits>
-#include <functional>
 
 namespace {
 
 const QColor kHover(75, 174, 178);
 const QColor kBody(60, 67, 75);
 const QColor kDot(0xe0, 0x20, 0x20);
+const QColor kLime(0, 255, 0);
 
 class Menu : public CBPMenu
 {
@@ -50,15 +52,10 @@ QRect itemRect(const QMenu &menu, int index)
     return menu.actionGeometry(menu.actions().at(index));
 }
 
-QImage shot(QWidget &menu)
-{
-    return menu.grab().toImage();
-}
-
 // The colour without its alpha. The body's two translucent layers may round one step beside kBody.
 QColor colorAt(QWidget &menu, const QPoint &pos)
 {
-    QColor color = shot(menu).pixelColor(pos * menu.devicePixelRatioF());
+    QColor color = pixelOf(menu.grab().toImage(), pos.x(), pos.y());
     color.setAlpha(255);
     const bool body = qAbs(color.red() - kBody.red()) <= 1 && qAbs(color.green() - kBody.green()) <= 1 &&
                       qAbs(color.blue() - kBody.blue()) <= 1;
@@ -72,21 +69,20 @@ QColor itemColor(QMenu &menu, int index)
     return colorAt(menu, QPoint(rect.right() - 40, rect.center().y()));
 }
 
-// Whether a point of the item's middle row has this colour.
-bool rowHas(QMenu &menu, int index, const QColor &color)
+// Of what has this colour, in the item.
+QRect boxIn(QMenu &menu, int index, const QColor &color)
 {
-    const QImage image = shot(menu);
-    const int y = qRound(itemRect(menu, index).center().y() * menu.devicePixelRatioF());
-    for (int x = 0; x < image.width(); ++x)
-        if (image.pixelColor(x, y).rgb() == color.rgb())
-            return true;
-    return false;
+    return boxOf(menu.grab(itemRect(menu, index)).toImage(), color);
 }
 
+const auto isInk = [](const QColor &color) { return color.lightness() > 90; };
+const auto isBright = [](const QColor &color) { return color.lightness() > 170; };
+const auto isRed = [](const QColor &color) { return color.red() > 150 && color.green() < 60; };
+
 // Leftmost pixel column of the item, from `from` on, that has a pixel for which `is` holds; -1 for none.
-int findColumn(QMenu &menu, int index, int from, const std::function<bool(const QColor &)> &is)
+int findColumn(QMenu &menu, int index, int from, bool (*is)(const QColor &))
 {
-    const QImage image = shot(menu);
+    const QImage image = menu.grab().toImage();
     const QRect rect = itemRect(menu, index);
     for (int x = from; x <= rect.right(); ++x) {
         for (int y = rect.top(); y <= rect.bottom(); ++y) {
@@ -95,11 +91,6 @@ int findColumn(QMenu &menu, int index, int from, const std::function<bool(const 
         }
     }
     return -1;
-}
-
-bool isInk(const QColor &color)
-{
-    return color.lightness() > 90;
 }
 
 void fill(CBPMenu &menu, int count)
@@ -131,8 +122,6 @@ void moveTo(QMenu &menu, int index)
 
 } // namespace
 
-Q_DECLARE_METATYPE(std::function<void(CBPMenu &)>)
-
 class TestMenu : public QObject
 {
     Q_OBJECT
@@ -140,49 +129,33 @@ class TestMenu : public QObject
 private slots:
     void initTestCase()
     {
-        QVERIFY(m_folder.isValid());
-        m_red = picture("red.png", Qt::red);
-        m_green = picture("green.png", Qt::green);
-        m_blue = picture("blue.png", Qt::blue);
-        // Menus of an application without an active window are closed by the system at once.
+        for (const char *name : {"red", "lime", "blue"})
+            savePicture(picture(name), QSize(10, 10), QColor(QLatin1String(name)));
         m_host.setGeometry(700, 300, 100, 100);
-        m_host.show();
-        m_host.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&m_host));
+        showActive(m_host);
     }
 
     void init() { QCursor::setPos(600, 560); }
 
-    void itemSize_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<bool>("subMenu");
-        QTest::addColumn<QSize>("given");
-        QTest::addColumn<QSize>("expected");
-        const QString wide(60, QLatin1Char('W'));
-        const int measured = QFontMetrics(lumqt::uiFont()).horizontalAdvance(wide);
-        QVERIFY(measured > 200);
-        QTest::newRow("short text") << "a" << false << QSize() << QSize(249, 40);
-        QTest::newRow("room for an arrow") << "a" << true << QSize() << QSize(260, 40);
-        QTest::newRow("wide text") << wide << false << QSize() << QSize(measured + 49, 40);
-        QTest::newRow("a size of one's own is replaced at once")
-            << "a" << false << QSize(99, 55) << QSize(249, 40);
-        QTest::newRow("but not without a text") << "" << false << QSize(99, 55) << QSize(99, 55);
-    }
-
     void itemSize()
     {
-        QFETCH(QString, text);
-        QFETCH(bool, subMenu);
-        QFETCH(QSize, given);
-        CBPMenu sub(QStringLiteral("Sub"));
-        CBPMenu menu;
-        if (subMenu)
-            menu.AddMenu(&sub);
-        QAction *action =
-            given.isValid() ? menu.AddAction(QVector<QString>(), text, 1, given) : menu.AddAction(text, 1);
-        QTEST(menu.actionGeometry(action).size(), "expected");
-        QCOMPARE(menu.GetMenuWidth(), 153);
+        const auto check = [](const QString &text, bool subMenu, const QSize &given, const QSize &expected) {
+            CBPMenu sub(QStringLiteral("Sub"));
+            CBPMenu menu;
+            if (subMenu)
+                menu.AddMenu(&sub);
+            QAction *action = given.isValid() ? menu.AddAction(QVector<QString>(), text, 1, given)
+                                              : menu.AddAction(text, 1);
+            QCOMPARE(menu.actionGeometry(action).size(), expected);
+            QCOMPARE(menu.GetMenuWidth(), 153);
+        };
+        check("a", false, QSize(), QSize(249, 40));
+        check("a", true, QSize(), QSize(260, 40)); // room for an arrow
+        const QString wide(60, QLatin1Char('W'));
+        check(wide, false, QSize(), QSize(QFontMetrics(lumqt::uiFont()).horizontalAdvance(wide) + 49, 40));
+        // A size of one's own is replaced at once, but not without a text.
+        check("a", false, QSize(99, 55), QSize(249, 40));
+        check("", false, QSize(99, 55), QSize(99, 55));
     }
 
     void measuringAgain()
@@ -220,57 +193,51 @@ private slots:
         QVERIFY(!menu.actions().at(1)->isVisible());
         menu.ShowHideMenuItem(0, false); // separators have no data
         QVERIFY(!menu.actions().at(3)->isVisible());
-        menu.SetShowCheckIcon(1, QIcon(m_red));
-        menu.SetShowCheckIcon(3, QIcon(m_red));
+        menu.SetShowCheckIcon(1, QIcon(picture("red")));
+        menu.SetShowCheckIcon(3, QIcon(picture("red")));
         QVERIFY(menu.actions().at(0)->icon().isNull());
         QVERIFY(!menu.actions().at(2)->icon().isNull());
-        menu.SetShowCheckIcon(77, QIcon(m_red));
+        menu.SetShowCheckIcon(77, QIcon(picture("red")));
         QVERIFY(menu.actions().at(2)->icon().isNull());
     }
 
-    void mouse()
+    void mouseAndKeyboard()
     {
         CBPMenu menu;
         fill(menu, 3);
         menu.actions().at(2)->setEnabled(false);
         QVERIFY(open(menu));
         QCOMPARE(itemColor(menu, 0), kBody);
-        for (const int index : {1, 0}) {
+        for (const int index : {0, 2, 1, 0}) {
             moveTo(menu, index);
-            QTRY_COMPARE(itemColor(menu, index), kHover);
-            QCOMPARE(itemColor(menu, 1 - index), kBody);
+            QTRY_COMPARE(itemColor(menu, 0), index == 0 ? kHover : kBody);
+            QTRY_COMPARE(itemColor(menu, 1), index == 1 ? kHover : kBody);
+            QCOMPARE(itemColor(menu, 2), kBody); // disabled
         }
-        moveTo(menu, 2);
-        QTRY_COMPARE(itemColor(menu, 0), kBody);
-        QCOMPARE(itemColor(menu, 2), kBody);
-    }
-
-    void keyboard()
-    {
-        CBPMenu menu;
-        fill(menu, 3);
-        QList<QAction *> triggered;
-        connect(&menu, &QMenu::triggered, this, [&triggered](QAction *action) { triggered.append(action); });
-        QVERIFY(open(menu));
-        moveTo(menu, 0);
+        QList<int> chosen;
+        connect(&menu, &QMenu::triggered, this, [&chosen](QAction *action) {
+            QVERIFY(qobject_cast<CBPMenuItem *>(action));
+            chosen << action->data().toInt();
+        });
         QTest::keyClick(&menu, Qt::Key_Down);
         // The cursor still rests on the first item.
         QCOMPARE(itemColor(menu, 1), kHover);
         QCOMPARE(itemColor(menu, 0), kBody);
         QTest::keyClick(&menu, Qt::Key_Return);
         QVERIFY(!menu.isVisible());
-        QCOMPARE(triggered.size(), 1);
-        QVERIFY(qobject_cast<CBPMenuItem *>(triggered.first()));
-        QCOMPARE(triggered.first()->data().toInt(), 2);
-
+        QCOMPARE(chosen, QList<int>{2});
         QVERIFY(open(menu));
-        QTest::keyClick(&menu, Qt::Key_2); // a mnemonic
-        QCOMPARE(triggered.size(), 2);
-        QCOMPARE(triggered.last()->data().toInt(), 3);
+        QTest::keyClick(&menu, Qt::Key_0); // a mnemonic
+        QCOMPARE(chosen, (QList<int>{2, 1}));
         QVERIFY(open(menu));
         QTest::keyClick(&menu, Qt::Key_Escape);
         QVERIFY(!menu.isVisible());
-        QCOMPARE(triggered.size(), 2);
+        QCOMPARE(chosen.size(), 2);
+        QAccessibleInterface *face = QAccessible::queryAccessibleInterface(&menu);
+        QCOMPARE(face->role(), QAccessible::PopupMenu);
+        QCOMPARE(face->childCount(), 3);
+        QCOMPARE(face->child(1)->role(), QAccessible::MenuItem);
+        QCOMPARE(face->child(1)->text(QAccessible::Name), QStringLiteral("Item 1"));
     }
 
     // An item may be highlighted only because the menu opened under the cursor: QMenu does not know of it.
@@ -314,7 +281,7 @@ private slots:
         const auto look = [](const char *text) {
             CBPMenu menu;
             menu.AddAction(QLatin1String(text), 1);
-            return shot(menu).copy(0, 0, 240, 40); // the width counts marks and tabs
+            return menu.grab().toImage().copy(0, 0, 240, 40); // the width counts marks and tabs
         };
         QCOMPARE(look("Cut && paste"), look("Cut & paste"));
         QCOMPARE(look("Cut\tCtrl+X"), look("Cut"));
@@ -322,26 +289,20 @@ private slots:
         QCOMPARE(look("&Cut") != look("Cut"), underlines);
     }
 
-    void textPlace_data()
-    {
-        QTest::addColumn<std::function<void(CBPMenu &)>>("set");
-        QTest::addColumn<int>("shift"); // of the text
-        using Set = std::function<void(CBPMenu &)>;
-        QTest::newRow("spacing") << Set([](CBPMenu &menu) { menu.SetSpacing(20); }) << 14;
-        QTest::newRow("wide icon column") << Set([](CBPMenu &menu) { menu.SetDefIconWidth(30); }) << 16;
-        QTest::newRow("no icon column") << Set([](CBPMenu &menu) { menu.SetDefIconWidth(0); }) << -14;
-        QTest::newRow("margin") << Set([](CBPMenu &menu) { menu.SetBorder(10, 90, 90, 90); }) << 4;
-    }
-
     void textPlace()
     {
-        CBPMenu menu;
-        menu.AddAction(QStringLiteral("Item"), 1);
-        const int before = findColumn(menu, 0, 0, isInk);
-        QVERIFY(before >= 26 && before <= 29); // behind margin, icon column and spacing
-        QFETCH(std::function<void(CBPMenu &)>, set);
-        set(menu);
-        QTEST(findColumn(menu, 0, 0, isInk) - before, "shift");
+        const auto check = [](void (*set)(CBPMenu &), int shift) {
+            CBPMenu menu;
+            menu.AddAction(QStringLiteral("Item"), 1);
+            const int before = findColumn(menu, 0, 0, isInk);
+            QVERIFY(before >= 26 && before <= 29); // behind margin, icon column and spacing
+            set(menu);
+            QCOMPARE(findColumn(menu, 0, 0, isInk) - before, shift);
+        };
+        check([](CBPMenu &menu) { menu.SetSpacing(20); }, 14);
+        check([](CBPMenu &menu) { menu.SetDefIconWidth(30); }, 16);
+        check([](CBPMenu &menu) { menu.SetDefIconWidth(0); }, -14);
+        check([](CBPMenu &menu) { menu.SetBorder(10, 90, 90, 90); }, 4);
     }
 
     void textLook()
@@ -349,66 +310,45 @@ private slots:
         CBPMenu menu;
         fill(menu, 2);
         menu.actions().at(1)->setEnabled(false);
-        const auto bright = [](const QColor &color) { return color.lightness() > 170; };
-        QVERIFY(findColumn(menu, 0, 0, bright) > 0);
-        QVERIFY(findColumn(menu, 1, 0, bright) < 0); // disabled: dimmed
+        QVERIFY(findColumn(menu, 0, 0, isBright) > 0);
+        QVERIFY(findColumn(menu, 1, 0, isBright) < 0); // disabled: dimmed
         QVERIFY(findColumn(menu, 1, 0, isInk) > 0);
-        const auto red = [](const QColor &color) { return color.red() > 150 && color.green() < 60; };
-        QVERIFY(findColumn(menu, 0, 0, red) < 0);
+        QVERIFY(findColumn(menu, 0, 0, isRed) < 0);
         menu.setTextColor(Qt::red);
-        QVERIFY(findColumn(menu, 0, 0, red) > 0);
+        QVERIFY(findColumn(menu, 0, 0, isRed) > 0);
         const int width = QFontMetrics(lumqt::uiFont()).horizontalAdvance(QStringLiteral("Item 0"));
-        QVERIFY(findColumn(menu, 0, 26 + width, red) < 0);
+        QVERIFY(findColumn(menu, 0, 26 + width, isRed) < 0);
         menu.SetFont(lumqt::uiFont().family(), 28);
-        QVERIFY(findColumn(menu, 0, 26 + width + 4, red) > 0);
-    }
-
-    // Measured at one size and painted at another, a text does not fit.
-    void elided()
-    {
-        CBPMenu sub(QString(30, QLatin1Char('W')));
-        CBPMenu menu;
-        menu.AddMenu(&sub);
-        menu.SetSubMenuRightIcon(m_green); // 10 x 10, 8 from the edge and 6 from the text
-        const int arrow = itemRect(menu, 0).right() - 17;
-        menu.SetFont(lumqt::uiFont().family(), 28);
-        QVERIFY(findColumn(menu, 0, arrow - 80, isInk) < arrow - 6);
-        QCOMPARE(findColumn(menu, 0, arrow - 6, isInk), arrow);
-    }
-
-    void images_data()
-    {
-        QTest::addColumn<QVector<QString>>("files");
-        QTest::addColumn<QColor>("normal");
-        QTest::addColumn<QColor>("hovered");
-        const QString missing = m_folder.filePath(QStringLiteral("missing.png"));
-        QTest::newRow("four") << QVector<QString>{m_red, m_green, m_blue, m_blue} << QColor(Qt::red)
-                              << QColor(Qt::green);
-        QTest::newRow("hover image missing: the icon")
-            << QVector<QString>{m_red, missing, m_blue, m_blue} << QColor(Qt::red) << QColor(Qt::red);
-        QTest::newRow("three: none") << QVector<QString>{m_red, m_green, m_blue} << kBody << kHover;
-        QTest::newRow("all missing") << QVector<QString>(4, missing) << kBody << kHover;
+        QVERIFY(findColumn(menu, 0, 26 + width + 4, isRed) > 0);
     }
 
     void images()
     {
-        QFETCH(QVector<QString>, files);
-        CBPMenu menu;
-        menu.AddAction(files, QStringLiteral("Text"), QStringLiteral("key"));
-        QVERIFY(open(menu));
-        const QPoint middle(6 + 5, 20);
-        QTEST(colorAt(menu, middle), "normal");
-        menu.setActiveAction(menu.actions().first());
-        QTEST(colorAt(menu, middle), "hovered");
-        menu.ResetActionRes(QStringLiteral("other"), {});
-        if (files.size() == 4 && files.first() == m_red)
-            QCOMPARE(colorAt(menu, middle), QColor(Qt::red)); // only the icon is left
-        menu.SetActionRes(QStringLiteral("key"), {m_blue, m_blue, m_blue, m_blue});
-        QCOMPARE(colorAt(menu, middle), QColor(Qt::blue));
-        menu.SetBorder(10, 1, 2, 3); // the others have no effect
-        QCOMPARE(colorAt(menu, QPoint(9, 20)), kHover);
-        QCOMPARE(colorAt(menu, QPoint(10, 20)), QColor(Qt::blue));
-        QCOMPARE(itemRect(menu, 0), QRect(0, 0, 249, 40));
+        const auto check = [this](const QVector<QString> &files, const QColor &normal,
+                                  const QColor &hovered) {
+            CBPMenu menu;
+            menu.AddAction(files, QStringLiteral("Text"), QStringLiteral("key"));
+            QVERIFY(open(menu));
+            const QPoint middle(6 + 5, 20);
+            QCOMPARE(colorAt(menu, middle), normal);
+            menu.setActiveAction(menu.actions().first());
+            QCOMPARE(colorAt(menu, middle), hovered);
+            menu.ResetActionRes(QStringLiteral("other"), {});
+            if (normal == Qt::red)
+                QCOMPARE(colorAt(menu, middle), QColor(Qt::red)); // only the icon is left
+            menu.SetActionRes(QStringLiteral("key"), QVector<QString>(4, picture("blue")));
+            QCOMPARE(boxIn(menu, 0, Qt::blue), QRect(6, 15, 10, 10));
+            menu.SetBorder(10, 1, 2, 3); // the others have no effect
+            QCOMPARE(boxIn(menu, 0, Qt::blue), QRect(10, 15, 10, 10));
+            QCOMPARE(itemRect(menu, 0), QRect(0, 0, 249, 40));
+        };
+        const QString red = picture("red");
+        const QString green = picture("lime");
+        const QString missing = picture("missing");
+        check({red, green, red, red}, Qt::red, Qt::green);
+        check({red, missing, green, green}, Qt::red, Qt::red); // the icon
+        check({red, green, green}, kBody, kHover);
+        check(QVector<QString>(4, missing), kBody, kHover);
     }
 
     void badge()
@@ -416,20 +356,18 @@ private slots:
         CBPMenu menu;
         fill(menu, 2);
         menu.SetActionSpecialFlag(2, true, QString());
-        QVERIFY(rowHas(menu, 1, kDot));
-        QVERIFY(!rowHas(menu, 0, kDot));
+        QVERIFY(boxIn(menu, 0, kDot).isEmpty() && !boxIn(menu, 1, kDot).isEmpty());
         const int width = QFontMetrics(lumqt::uiFont()).horizontalAdvance(QStringLiteral("Item 1"));
-        const auto red = [](const QColor &color) { return color.red() > 150 && color.green() < 60; };
-        QCOMPARE(findColumn(menu, 1, 0, red), 26 + width + 6);
-        menu.SetActionSpecialFlag(2, true, m_green);
-        QVERIFY(rowHas(menu, 1, Qt::green) && !rowHas(menu, 1, kDot));
+        QCOMPARE(findColumn(menu, 1, 0, isRed), 26 + width + 6);
+        menu.SetActionSpecialFlag(2, true, picture("lime"));
+        QVERIFY(boxIn(menu, 1, kDot).isEmpty() && !boxIn(menu, 1, kLime).isEmpty());
         QString file = QStringLiteral("untouched");
         QVERIFY(!menu.IsActionSpecial(1, file));
         QCOMPARE(file, QStringLiteral("untouched"));
         QVERIFY(menu.IsActionSpecial(2, file));
-        QCOMPARE(file, m_green);
+        QCOMPARE(file, picture("lime"));
         menu.SetActionSpecialFlag(2, false, QString());
-        QVERIFY(!rowHas(menu, 1, Qt::green));
+        QVERIFY(boxIn(menu, 1, kLime).isEmpty());
     }
 
     void separator()
@@ -439,33 +377,24 @@ private slots:
         menu.addSeparator();
         fill(menu, 1);
         QCOMPARE(itemRect(menu, 1).height(), 40);
-        const auto painted = [&menu](int rectHeight, int line) {
+        const auto check = [&menu](int rectHeight, int line) {
             menu.setSeparatorRectHeight(rectHeight);
             menu.setSeparatorHeight(line);
             const QRect rect = itemRect(menu, 1);
-            const int y = rect.top() + (17 - line) / 2;
-            const QColor ink(46, 66, 93);
-            return rect.height() == 17 && colorAt(menu, QPoint(rect.x() + 10, y)) == ink &&
-                   colorAt(menu, QPoint(rect.right() - 10, y)) == ink &&
-                   colorAt(menu, QPoint(rect.x() + 9, y)) != ink;
-        };
-        QVERIFY(painted(17, 1));
-        QVERIFY(painted(3, 3)); // the height of the place is always the same
-        QVERIFY(!painted(2, 3));
-        QVERIFY(!painted(17, 0));
-        for (const int line : {1, 2, 3, 4, 7}) {
-            QVERIFY(painted(17, line));
-            QImage pen(20, 17, QImage::Format_RGB32);
+            QCOMPARE(rect.height(), 17); // the height of the place is always the same
+            QImage pen(rect.size(), QImage::Format_RGB32);
             pen.fill(Qt::white);
             QPainter painter(&pen);
             painter.setPen(QPen(Qt::black, line, Qt::SolidLine, Qt::FlatCap));
-            painter.drawLine(0, (17 - line) / 2, 19, (17 - line) / 2);
+            if (line > 0 && line <= rectHeight)
+                painter.drawLine(10, (17 - line) / 2, rect.width() - 10, (17 - line) / 2);
             painter.end();
-            for (int y = 0; y < 17; ++y) {
-                const QPoint at = itemRect(menu, 1).topLeft() + QPoint(20, y);
-                QCOMPARE(colorAt(menu, at) == QColor(46, 66, 93), pen.pixelColor(10, y) == QColor(Qt::black));
-            }
-        }
+            QCOMPARE(boxIn(menu, 1, QColor(46, 66, 93)), boxOf(pen, Qt::black));
+        };
+        for (const int line : {0, 1, 2, 3, 4, 7})
+            check(17, line);
+        check(3, 3);
+        check(2, 3);
     }
 
     void body()
@@ -478,7 +407,7 @@ private slots:
         QVERIFY(menu.testAttribute(Qt::WA_TranslucentBackground));
         // The fill is translucent, and lies twice where the inner part is.
         const auto bottom = [&menu](int above) {
-            const QImage image = shot(menu);
+            const QImage image = menu.grab().toImage();
             return image.pixelColor(200, image.height() - above).alpha();
         };
         QCOMPARE(bottom(6), 240);
@@ -487,7 +416,7 @@ private slots:
         QCOMPARE(bottom(12), 240);
         QVERIFY(bottom(13) > 250);
         menu.SetBorderInfo(2, Qt::red);
-        const QImage image = shot(menu);
+        const QImage image = menu.grab().toImage();
         for (const QPoint &at : {QPoint(200, 1), QPoint(1, 40), QPoint(248, 40), QPoint(200, 78)})
             QCOMPARE(image.pixelColor(at), QColor(Qt::red));
         for (const QPoint &at : {QPoint(200, 2), QPoint(2, 40), QPoint(246, 40), QPoint(200, 77)})
@@ -526,7 +455,7 @@ private slots:
                 menu.SetBordRadios(number);
                 menu.SetBorderInfo(number, Qt::red);
                 menu.addSeparator();
-                QVERIFY(!shot(menu).isNull());
+                QVERIFY(!menu.grab().toImage().isNull());
                 QImage image(60, 40, QImage::Format_ARGB32_Premultiplied);
                 QPainter painter(&image);
                 menu.PaintAction(&painter, image.rect(), 1, 2);
@@ -538,53 +467,50 @@ private slots:
         }
     }
 
-    void deletedWhileOpen_data()
-    {
-        QTest::addColumn<QString>("by");
-        for (const char *by : {"slot of hovered()", "slot of triggered()", "timer", "timer in exec()"})
-            QTest::newRow(by) << by;
-    }
-
     void deletedWhileOpen()
     {
-        QFETCH(QString, by);
-        const QPointer<CBPMenu> menu(new CBPMenu);
-        fill(*menu, 3);
-        const bool inExec = by == QLatin1String("timer in exec()");
-        if (!inExec)
+        for (const char *by : {"hovered", "triggered", "timer", "timer in exec()"}) {
+            const QPointer<CBPMenu> menu(new CBPMenu);
+            fill(*menu, 3);
+            if (QByteArray(by).startsWith("timer"))
+                QTimer::singleShot(50, this, [menu] { delete menu; });
+            if (QByteArray(by).endsWith("exec()")) {
+                QVERIFY(!menu->exec(QPoint(20, 20)));
+                QVERIFY2(!menu, by);
+                continue;
+            }
             QVERIFY(open(*menu));
-        if (by.startsWith(QLatin1String("timer")))
-            QTimer::singleShot(50, this, [menu] { delete menu; });
-        if (inExec)
-            QVERIFY(!menu->exec(QPoint(20, 20)));
-        if (by.startsWith(QLatin1String("slot"))) {
-            connect(menu, by.contains(QLatin1String("hovered")) ? &QMenu::hovered : &QMenu::triggered, menu,
-                    &QObject::deleteLater);
-            QTest::keyClick(menu, Qt::Key_Down);
-            QTest::keyClick(menu, Qt::Key_Return);
+            if (!QByteArray(by).startsWith("timer")) {
+                connect(menu, by == QLatin1String("hovered") ? &QMenu::hovered : &QMenu::triggered, menu,
+                        &QObject::deleteLater);
+                QTest::keyClick(menu, Qt::Key_Down);
+                QTest::keyClick(menu, Qt::Key_Return);
+            }
+            QTRY_VERIFY2(!menu, by);
         }
-        QTRY_VERIFY(!menu);
     }
 
     void subMenuAndArrow()
     {
         CBPMenu menu;
-        auto *sub = new CBPMenu(QStringLiteral("Sub"));
+        auto *sub = new CBPMenu(QString(30, QLatin1Char('W')));
         QAction *action = menu.AddMenu(sub);
         CBPMenuItem item(QStringLiteral("bound"), 1);
         item.setBindMenu(sub);
         const QRect rect = menu.actionGeometry(action);
-        menu.SetSubMenuRightIcon(m_green); // 10 x 10
-        QCOMPARE(colorAt(menu, QPoint(rect.right() - 8, 20)), QColor(Qt::green));
-        QCOMPARE(colorAt(menu, QPoint(rect.right() - 7, 20)), kBody);
-        QCOMPARE(colorAt(menu, QPoint(rect.right() - 17, 20)), QColor(Qt::green));
-        QCOMPARE(colorAt(menu, QPoint(rect.right() - 18, 20)), kBody);
+        menu.SetSubMenuRightIcon(picture("lime"));
+        const QRect arrow(rect.right() - 17, 15, 10, 10); // 8 from the edge and 6 from the text
+        QCOMPARE(boxIn(menu, 0, kLime), arrow);
+        // Measured at one size and painted at another, a text does not fit.
+        menu.SetFont(lumqt::uiFont().family(), 28);
+        QVERIFY(findColumn(menu, 0, arrow.left() - 80, isInk) < arrow.left() - 6);
+        QCOMPARE(findColumn(menu, 0, arrow.left() - 6, isInk), arrow.left());
         QCOMPARE(item.bindMenu(), sub);
         delete sub;
         QVERIFY(!item.bindMenu());
         fill(menu, 1);
-        QVERIFY(!rowHas(menu, 0, Qt::green));
-        QCOMPARE(itemRect(menu, 0).width(), 249);
+        QVERIFY(boxIn(menu, 0, kLime).isEmpty());
+        QCOMPARE(itemRect(menu, 0).width(), rect.width() - 11); // without room for an arrow
     }
 
     void backgrounds()
@@ -599,46 +525,38 @@ private slots:
         };
         QCOMPARE(painted({}), (QVector<QColor>{kBody, kHover}));
         QCOMPARE(painted({Qt::red}), (QVector<QColor>{Qt::red, kHover}));
-        QCOMPARE(painted(QVector<QColor>(9, Qt::green)), QVector<QColor>(2, Qt::green));
-    }
-
-    void highlightFollowsCorners_data()
-    {
-        QTest::addColumn<bool>("nested");
-        QTest::addColumn<int>("border");
-        QTest::addColumn<QPoint>("item"); // index, count
-        QTest::addColumn<bool>("squareTop");
-        QTest::addColumn<bool>("squareBottom");
-        QTest::newRow("first") << false << 0 << QPoint(0, 3) << true << true;
-        QTest::newRow("last") << false << 0 << QPoint(2, 3) << true << false;
-        QTest::newRow("only") << false << 0 << QPoint(0, 1) << true << false;
-        QTest::newRow("last with a border") << false << 1 << QPoint(2, 3) << true << true;
-        QTest::newRow("nested, only") << true << 0 << QPoint(0, 1) << false << false;
-        QTest::newRow("nested, first") << true << 0 << QPoint(0, 3) << false << true;
-        QTest::newRow("nested, middle") << true << 0 << QPoint(1, 3) << true << false;
+        QCOMPARE(painted({Qt::green, Qt::red, Qt::blue, Qt::red, Qt::red}),
+                 (QVector<QColor>{Qt::green, Qt::blue}));
     }
 
     void highlightFollowsCorners()
     {
-        QFETCH(bool, nested);
-        QFETCH(int, border);
-        QFETCH(QPoint, item);
-        Menu menu;
-        menu.SetBorderInfo(border, Qt::white);
-        if (nested)
-            menu.SetSubLeveMennu();
-        QImage image(60, 40, QImage::Format_ARGB32_Premultiplied);
-        image.fill(Qt::transparent);
-        QPainter painter(&image);
-        menu.PaintAction(&painter, image.rect(), item.x(), item.y());
-        painter.end();
-        const int inset = nested ? 2 : 0;
-        for (const int x : {inset, image.width() - 1 - inset}) {
-            QTEST(image.pixelColor(x, 0).alpha() == 255, "squareTop");
-            QTEST(image.pixelColor(x, 39).alpha() == 255, "squareBottom");
-            QCOMPARE(image.pixelColor(x, 20), kHover);
-        }
-        QCOMPARE(image.pixelColor(1, 20).alpha(), nested ? 0 : 255);
+        const auto check = [](bool nested, int border, int index, int count, bool squareTop,
+                              bool squareBottom) {
+            Menu menu;
+            menu.SetBorderInfo(border, Qt::white);
+            if (nested)
+                menu.SetSubLeveMennu();
+            QImage image(60, 40, QImage::Format_ARGB32_Premultiplied);
+            image.fill(Qt::transparent);
+            QPainter painter(&image);
+            menu.PaintAction(&painter, image.rect(), index, count);
+            painter.end();
+            const int inset = nested ? 2 : 0;
+            for (const int x : {inset, image.width() - 1 - inset}) {
+                QCOMPARE(image.pixelColor(x, 0).alpha() == 255, squareTop);
+                QCOMPARE(image.pixelColor(x, 39).alpha() == 255, squareBottom);
+                QCOMPARE(image.pixelColor(x, 20), kHover);
+            }
+            QCOMPARE(image.pixelColor(1, 20).alpha(), nested ? 0 : 255);
+        };
+        check(false, 0, 0, 3, true, true);
+        check(false, 0, 2, 3, true, false);
+        check(false, 0, 0, 1, true, false);
+        check(false, 1, 2, 3, true, true); // a border leaves room for the corners
+        check(true, 0, 0, 1, false, false);
+        check(true, 0, 0, 3, false, true);
+        check(true, 0, 1, 3, true, false);
     }
 
     void withoutCompositor()
@@ -650,16 +568,13 @@ private slots:
         fill(menu, 2);
         system.composited = [] { return false; };
         QVERIFY(open(menu));
-        QVERIFY(!menu.mask().isEmpty());
-        QVERIFY(!menu.mask().contains(QPoint(2, 0)) && !menu.mask().contains(QPoint(1, 20)));
-        QVERIFY(menu.mask().contains(menu.rect().center()));
-        const QImage image = shot(menu);
+        const QImage image = menu.grab().toImage();
         QCOMPARE(image.pixelColor(image.rect().center()).alpha(), 255);
         menu.hide();
         system.composited = [] { return true; };
         QVERIFY(open(menu));
         QVERIFY(menu.mask().isEmpty());
-        QCOMPARE(shot(menu).pixelColor(2, 0).alpha(), 0);
+        QCOMPARE(menu.grab().toImage().pixelColor(2, 0).alpha(), 0);
         menu.hide();
 
         // The shape is put together from corners; it is that of the whole.
@@ -706,32 +621,11 @@ private slots:
         QCOMPARE(itemColor(menu, 499), kHover);
     }
 
-    void accessible()
-    {
-        CBPMenu menu;
-        fill(menu, 2);
-        QAccessibleInterface *face = QAccessible::queryAccessibleInterface(&menu);
-        QVERIFY(face);
-        QCOMPARE(face->role(), QAccessible::PopupMenu);
-        QCOMPARE(face->childCount(), 2);
-        QCOMPARE(face->child(1)->role(), QAccessible::MenuItem);
-        QCOMPARE(face->child(1)->text(QAccessible::Name), QStringLiteral("Item 1"));
-    }
-
 private:
-    QWidget m_host;
-    QString picture(const char *name, const QColor &color)
-    {
-        QPixmap pixmap(10, 10);
-        pixmap.fill(color);
-        const QString file = m_folder.filePath(QLatin1String(name));
-        return pixmap.save(file) ? file : QString();
-    }
+    QString picture(const char *name) { return m_folder.filePath(QLatin1String(name) + ".png"); }
 
+    QWidget m_host; // menus of an application without an active window are closed by the system at once
     QTemporaryDir m_folder;
-    QString m_red;
-    QString m_green;
-    QString m_blue;
 };
 
 LUMQT_TEST_MAIN(TestMenu)
