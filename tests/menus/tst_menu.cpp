@@ -1,35 +1,14 @@
-#include "Acts.h"
-#include "CBPMenu.h"
-#include "CBPMenuItem.h"
-#include "foundation/FontLookup.h"
-#include "Pictures.h"
-#include "Pixels.h"
-#include "platform/Platform.h"
+#include "MenuProbe.h"
 #include "TestMain.h"
 
-#include <QBitmap>
-#include <QFontMetrics>
 #include <QIconEngine>
 #include <QPainter>
 #include <QStyle>
 #include <QStyleFactory>
-#include <QTemporaryDir>
 
 #include <climits>
 
 namespace {
-
-const QColor kHover(75, 174, 178);
-const QColor kBody(60, 67, 75);
-const QColor kDot(0xe0, 0x20, 0x20);
-const QColor kLime(0, 255, 0);
-
-class Menu : public CBPMenu
-{
-public:
-    using CBPMenu::CBPMenu;
-    using CBPMenu::PaintAction;
-};
 
 class CountingEngine : public QIconEngine
 {
@@ -46,64 +25,6 @@ public:
 private:
     int *m_count;
 };
-
-QRect itemRect(const QMenu &menu, int index)
-{
-    return menu.actionGeometry(menu.actions().at(index));
-}
-
-// The colour without its alpha. The body's two translucent layers may round one step beside kBody.
-QColor colorAt(QWidget &menu, const QPoint &pos)
-{
-    QColor color = pixelOf(menu.grab().toImage(), pos.x(), pos.y());
-    color.setAlpha(255);
-    const bool body = qAbs(color.red() - kBody.red()) <= 1 && qAbs(color.green() - kBody.green()) <= 1 &&
-                      qAbs(color.blue() - kBody.blue()) <= 1;
-    return body ? kBody : color;
-}
-
-// The item's own background, away from image, text and arrow.
-QColor itemColor(QMenu &menu, int index)
-{
-    const QRect rect = itemRect(menu, index);
-    return colorAt(menu, QPoint(rect.right() - 40, rect.center().y()));
-}
-
-// Of what has this colour, in the item.
-QRect boxIn(QMenu &menu, int index, const QColor &color)
-{
-    return boxOf(menu.grab(itemRect(menu, index)).toImage(), color);
-}
-
-const auto isInk = [](const QColor &color) { return color.lightness() > 90; };
-const auto isBright = [](const QColor &color) { return color.lightness() > 170; };
-const auto isRed = [](const QColor &color) { return color.red() > 150 && color.green() < 60; };
-
-// Leftmost pixel column of the item, from `from` on, that has a pixel for which `is` holds; -1 for none.
-int findColumn(QMenu &menu, int index, int from, bool (*is)(const QColor &))
-{
-    const QImage image = menu.grab().toImage();
-    const QRect rect = itemRect(menu, index);
-    for (int x = from; x <= rect.right(); ++x) {
-        for (int y = rect.top(); y <= rect.bottom(); ++y) {
-            if (is(image.pixelColor(x, y)))
-                return x;
-        }
-    }
-    return -1;
-}
-
-void fill(CBPMenu &menu, int count)
-{
-    for (int i = 0; i < count; ++i)
-        menu.AddAction(QStringLiteral("Item &%1").arg(i), i + 1);
-}
-
-bool open(QMenu &menu)
-{
-    menu.popup(QPoint(20, 20));
-    return QTest::qWaitForWindowExposed(&menu);
-}
 
 // Moves the pointer about in the item until the menu has noticed: it takes no notice of the first move. Some
 // styles make a disabled item the active one, others none.
@@ -127,13 +48,7 @@ class TestMenu : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase()
-    {
-        for (const char *name : {"red", "lime", "blue"})
-            savePicture(picture(name), QSize(10, 10), QColor(QLatin1String(name)));
-        m_host.setGeometry(700, 300, 100, 100);
-        showActive(m_host);
-    }
+    void initTestCase() { m_stage.set(); }
 
     void init() { QCursor::setPos(600, 560); }
 
@@ -193,11 +108,11 @@ private slots:
         QVERIFY(!menu.actions().at(1)->isVisible());
         menu.ShowHideMenuItem(0, false); // separators have no data
         QVERIFY(!menu.actions().at(3)->isVisible());
-        menu.SetShowCheckIcon(1, QIcon(picture("red")));
-        menu.SetShowCheckIcon(3, QIcon(picture("red")));
+        menu.SetShowCheckIcon(1, QIcon(m_stage.picture("red")));
+        menu.SetShowCheckIcon(3, QIcon(m_stage.picture("red")));
         QVERIFY(menu.actions().at(0)->icon().isNull());
         QVERIFY(!menu.actions().at(2)->icon().isNull());
-        menu.SetShowCheckIcon(77, QIcon(picture("red")));
+        menu.SetShowCheckIcon(77, QIcon(m_stage.picture("red")));
         QVERIFY(menu.actions().at(2)->icon().isNull());
     }
 
@@ -273,156 +188,6 @@ private slots:
         QCOMPARE(menu.activeAction(), menu.actions().at(3));
     }
 
-    void shownText()
-    {
-        CBPMenu marked;
-        marked.AddAction(QStringLiteral("&Cut"), 1);
-        const bool underlines = marked.style()->styleHint(QStyle::SH_UnderlineShortcut, nullptr, &marked);
-        const auto look = [](const char *text) {
-            CBPMenu menu;
-            menu.AddAction(QLatin1String(text), 1);
-            return menu.grab().toImage().copy(0, 0, 240, 40); // the width counts marks and tabs
-        };
-        QCOMPARE(look("Cut && paste"), look("Cut & paste"));
-        QCOMPARE(look("Cut\tCtrl+X"), look("Cut"));
-        QVERIFY(look("Cut & paste") != look("Cut  paste"));
-        QCOMPARE(look("&Cut") != look("Cut"), underlines);
-    }
-
-    void textPlace()
-    {
-        const auto check = [](void (*set)(CBPMenu &), int shift) {
-            CBPMenu menu;
-            menu.AddAction(QStringLiteral("Item"), 1);
-            const int before = findColumn(menu, 0, 0, isInk);
-            QVERIFY(before >= 26 && before <= 29); // behind margin, icon column and spacing
-            set(menu);
-            QCOMPARE(findColumn(menu, 0, 0, isInk) - before, shift);
-        };
-        check([](CBPMenu &menu) { menu.SetSpacing(20); }, 14);
-        check([](CBPMenu &menu) { menu.SetDefIconWidth(30); }, 16);
-        check([](CBPMenu &menu) { menu.SetDefIconWidth(0); }, -14);
-        check([](CBPMenu &menu) { menu.SetBorder(10, 90, 90, 90); }, 4);
-    }
-
-    void textLook()
-    {
-        CBPMenu menu;
-        fill(menu, 2);
-        menu.actions().at(1)->setEnabled(false);
-        QVERIFY(findColumn(menu, 0, 0, isBright) > 0);
-        QVERIFY(findColumn(menu, 1, 0, isBright) < 0); // disabled: dimmed
-        QVERIFY(findColumn(menu, 1, 0, isInk) > 0);
-        QVERIFY(findColumn(menu, 0, 0, isRed) < 0);
-        menu.setTextColor(Qt::red);
-        QVERIFY(findColumn(menu, 0, 0, isRed) > 0);
-        const int width = QFontMetrics(lumqt::uiFont()).horizontalAdvance(QStringLiteral("Item 0"));
-        QVERIFY(findColumn(menu, 0, 26 + width, isRed) < 0);
-        menu.SetFont(lumqt::uiFont().family(), 28);
-        QVERIFY(findColumn(menu, 0, 26 + width + 4, isRed) > 0);
-    }
-
-    void images()
-    {
-        const auto check = [this](const QVector<QString> &files, const QColor &normal,
-                                  const QColor &hovered) {
-            CBPMenu menu;
-            menu.AddAction(files, QStringLiteral("Text"), QStringLiteral("key"));
-            QVERIFY(open(menu));
-            const QPoint middle(6 + 5, 20);
-            QCOMPARE(colorAt(menu, middle), normal);
-            menu.setActiveAction(menu.actions().first());
-            QCOMPARE(colorAt(menu, middle), hovered);
-            menu.ResetActionRes(QStringLiteral("other"), {});
-            if (normal == Qt::red)
-                QCOMPARE(colorAt(menu, middle), QColor(Qt::red)); // only the icon is left
-            menu.SetActionRes(QStringLiteral("key"), QVector<QString>(4, picture("blue")));
-            QCOMPARE(boxIn(menu, 0, Qt::blue), QRect(6, 15, 10, 10));
-            menu.SetBorder(10, 1, 2, 3); // the others have no effect
-            QCOMPARE(boxIn(menu, 0, Qt::blue), QRect(10, 15, 10, 10));
-            QCOMPARE(itemRect(menu, 0), QRect(0, 0, 249, 40));
-        };
-        const QString red = picture("red");
-        const QString green = picture("lime");
-        const QString missing = picture("missing");
-        check({red, green, red, red}, Qt::red, Qt::green);
-        check({red, missing, green, green}, Qt::red, Qt::red); // the icon
-        check({red, green, green}, kBody, kHover);
-        check(QVector<QString>(4, missing), kBody, kHover);
-    }
-
-    void badge()
-    {
-        CBPMenu menu;
-        fill(menu, 2);
-        menu.SetActionSpecialFlag(2, true, QString());
-        QVERIFY(boxIn(menu, 0, kDot).isEmpty() && !boxIn(menu, 1, kDot).isEmpty());
-        const int width = QFontMetrics(lumqt::uiFont()).horizontalAdvance(QStringLiteral("Item 1"));
-        QCOMPARE(findColumn(menu, 1, 0, isRed), 26 + width + 6);
-        menu.SetActionSpecialFlag(2, true, picture("lime"));
-        QVERIFY(boxIn(menu, 1, kDot).isEmpty() && !boxIn(menu, 1, kLime).isEmpty());
-        QString file = QStringLiteral("untouched");
-        QVERIFY(!menu.IsActionSpecial(1, file));
-        QCOMPARE(file, QStringLiteral("untouched"));
-        QVERIFY(menu.IsActionSpecial(2, file));
-        QCOMPARE(file, picture("lime"));
-        menu.SetActionSpecialFlag(2, false, QString());
-        QVERIFY(boxIn(menu, 1, kLime).isEmpty());
-    }
-
-    void separator()
-    {
-        CBPMenu menu;
-        fill(menu, 1);
-        menu.addSeparator();
-        fill(menu, 1);
-        QCOMPARE(itemRect(menu, 1).height(), 40);
-        const auto check = [&menu](int rectHeight, int line) {
-            menu.setSeparatorRectHeight(rectHeight);
-            menu.setSeparatorHeight(line);
-            const QRect rect = itemRect(menu, 1);
-            QCOMPARE(rect.height(), 17); // the height of the place is always the same
-            QImage pen(rect.size(), QImage::Format_RGB32);
-            pen.fill(Qt::white);
-            QPainter painter(&pen);
-            painter.setPen(QPen(Qt::black, line, Qt::SolidLine, Qt::FlatCap));
-            if (line > 0 && line <= rectHeight)
-                painter.drawLine(10, (17 - line) / 2, rect.width() - 10, (17 - line) / 2);
-            painter.end();
-            QCOMPARE(boxIn(menu, 1, QColor(46, 66, 93)), boxOf(pen, Qt::black));
-        };
-        for (const int line : {0, 1, 2, 3, 4, 7})
-            check(17, line);
-        check(3, 3);
-        check(2, 3);
-    }
-
-    void body()
-    {
-        CBPMenu menu;
-        fill(menu, 2);
-        QCOMPARE(menu.objectName(), QStringLiteral("id_PopupMenu"));
-        QVERIFY(menu.windowFlags().testFlag(Qt::FramelessWindowHint));
-        QVERIFY(menu.windowFlags().testFlag(Qt::NoDropShadowWindowHint));
-        QVERIFY(menu.testAttribute(Qt::WA_TranslucentBackground));
-        // The fill is translucent, and lies twice where the inner part is.
-        const auto bottom = [&menu](int above) {
-            const QImage image = menu.grab().toImage();
-            return image.pixelColor(200, image.height() - above).alpha();
-        };
-        QCOMPARE(bottom(6), 240);
-        QVERIFY(bottom(7) > 250);
-        menu.SetMenuBottomHeight(12);
-        QCOMPARE(bottom(12), 240);
-        QVERIFY(bottom(13) > 250);
-        menu.SetBorderInfo(2, Qt::red);
-        const QImage image = menu.grab().toImage();
-        for (const QPoint &at : {QPoint(200, 1), QPoint(1, 40), QPoint(248, 40), QPoint(200, 78)})
-            QCOMPARE(image.pixelColor(at), QColor(Qt::red));
-        for (const QPoint &at : {QPoint(200, 2), QPoint(2, 40), QPoint(246, 40), QPoint(200, 77)})
-            QVERIFY(image.pixelColor(at) != QColor(Qt::red));
-    }
-
     void ownStyleComesBack()
     {
         const QScopedPointer<QStyle> other(QStyleFactory::create(QStringLiteral("windows")));
@@ -490,112 +255,6 @@ private slots:
         }
     }
 
-    void subMenuAndArrow()
-    {
-        CBPMenu menu;
-        auto *sub = new CBPMenu(QString(30, QLatin1Char('W')));
-        QAction *action = menu.AddMenu(sub);
-        CBPMenuItem item(QStringLiteral("bound"), 1);
-        item.setBindMenu(sub);
-        const QRect rect = menu.actionGeometry(action);
-        menu.SetSubMenuRightIcon(picture("lime"));
-        const QRect arrow(rect.right() - 17, 15, 10, 10); // 8 from the edge and 6 from the text
-        QCOMPARE(boxIn(menu, 0, kLime), arrow);
-        // Measured at one size and painted at another, a text does not fit.
-        menu.SetFont(lumqt::uiFont().family(), 28);
-        QVERIFY(findColumn(menu, 0, arrow.left() - 80, isInk) < arrow.left() - 6);
-        QCOMPARE(findColumn(menu, 0, arrow.left() - 6, isInk), arrow.left());
-        QCOMPARE(item.bindMenu(), sub);
-        delete sub;
-        QVERIFY(!item.bindMenu());
-        fill(menu, 1);
-        QVERIFY(boxIn(menu, 0, kLime).isEmpty());
-        QCOMPARE(itemRect(menu, 0).width(), rect.width() - 11); // without room for an arrow
-    }
-
-    void backgrounds()
-    {
-        CBPMenu menu;
-        fill(menu, 2);
-        QVERIFY(open(menu));
-        menu.setActiveAction(menu.actions().at(1));
-        const auto painted = [&menu](const QVector<QColor> &colors) {
-            menu.setBg(colors);
-            return QVector<QColor>{itemColor(menu, 0), itemColor(menu, 1)};
-        };
-        QCOMPARE(painted({}), (QVector<QColor>{kBody, kHover}));
-        QCOMPARE(painted({Qt::red}), (QVector<QColor>{Qt::red, kHover}));
-        QCOMPARE(painted({Qt::green, Qt::red, Qt::blue, Qt::red, Qt::red}),
-                 (QVector<QColor>{Qt::green, Qt::blue}));
-    }
-
-    void highlightFollowsCorners()
-    {
-        const auto check = [](bool nested, int border, int index, int count, bool squareTop,
-                              bool squareBottom) {
-            Menu menu;
-            menu.SetBorderInfo(border, Qt::white);
-            if (nested)
-                menu.SetSubLeveMennu();
-            QImage image(60, 40, QImage::Format_ARGB32_Premultiplied);
-            image.fill(Qt::transparent);
-            QPainter painter(&image);
-            menu.PaintAction(&painter, image.rect(), index, count);
-            painter.end();
-            const int inset = nested ? 2 : 0;
-            for (const int x : {inset, image.width() - 1 - inset}) {
-                QCOMPARE(image.pixelColor(x, 0).alpha() == 255, squareTop);
-                QCOMPARE(image.pixelColor(x, 39).alpha() == 255, squareBottom);
-                QCOMPARE(image.pixelColor(x, 20), kHover);
-            }
-            QCOMPARE(image.pixelColor(1, 20).alpha(), nested ? 0 : 255);
-        };
-        check(false, 0, 0, 3, true, true);
-        check(false, 0, 2, 3, true, false);
-        check(false, 0, 0, 1, true, false);
-        check(false, 1, 2, 3, true, true); // a border leaves room for the corners
-        check(true, 0, 0, 1, false, false);
-        check(true, 0, 0, 3, false, true);
-        check(true, 0, 1, 3, true, false);
-    }
-
-    void withoutCompositor()
-    {
-        auto &system = lumqt::platform::answers();
-        const auto before = system.composited;
-        CBPMenu menu;
-        menu.SetSubLeveMennu();
-        fill(menu, 2);
-        system.composited = [] { return false; };
-        QVERIFY(open(menu));
-        const QImage image = menu.grab().toImage();
-        QCOMPARE(image.pixelColor(image.rect().center()).alpha(), 255);
-        menu.hide();
-        system.composited = [] { return true; };
-        QVERIFY(open(menu));
-        QVERIFY(menu.mask().isEmpty());
-        QCOMPARE(menu.grab().toImage().pixelColor(2, 0).alpha(), 0);
-        menu.hide();
-
-        // The shape is put together from corners; it is that of the whole.
-        system.composited = [] { return false; };
-        QVERIFY(open(menu));
-        for (const int radius : {0, 1, 4, 15, 60, 1000}) {
-            menu.SetBordRadios(radius);
-            QBitmap whole(menu.size());
-            whole.clear();
-            QPainter painter(&whole);
-            painter.setPen(Qt::NoPen);
-            painter.setBrush(Qt::color1);
-            painter.drawRoundedRect(menu.rect().adjusted(2, 0, -2, 0), radius, radius);
-            painter.end();
-            QCOMPARE(menu.mask(), QRegion(whole));
-        }
-        menu.AddAction(QStringLiteral("One more"), 3); // the shape grows with the menu
-        QTRY_VERIFY(menu.mask().contains(QPoint(menu.width() / 2, menu.height() - 1)));
-        system.composited = before;
-    }
-
     // What a partial repaint costs does not depend on how long the menu is.
     void manyItems()
     {
@@ -622,10 +281,7 @@ private slots:
     }
 
 private:
-    QString picture(const char *name) { return m_folder.filePath(QLatin1String(name) + ".png"); }
-
-    QWidget m_host; // menus of an application without an active window are closed by the system at once
-    QTemporaryDir m_folder;
+    MenuStage m_stage;
 };
 
 LUMQT_TEST_MAIN(TestMenu)
