@@ -72,11 +72,11 @@ inline void click(QWidget *widget, Click how)
     }
 }
 
-// What befalls a button, by its names in a list of words; those of `own` beside the common ones. Stops when
-// the button is gone.
+// What befalls a button or a link, by its names in a list of words; those of `own` beside the common ones.
+// Stops when it is gone.
 using Deeds = QMap<QString, std::function<void()>>;
 
-inline void perform(QAbstractButton *button, const char *words, const Deeds &own = {})
+inline void perform(QWidget *button, const char *words, const Deeds &own = {})
 {
     const QPoint middle = button->rect().center();
     const Deeds common{
@@ -95,7 +95,7 @@ inline void perform(QAbstractButton *button, const char *words, const Deeds &own
         {"space", [&] { QTest::keyPress(button, Qt::Key_Space); }},
         {"spaceup", [&] { QTest::keyRelease(button, Qt::Key_Space); }},
         {"return", [&] { QTest::keyClick(button, Qt::Key_Return); }},
-        {"call", [&] { button->click(); }},
+        {"call", [&] { qobject_cast<QAbstractButton *>(button)->click(); }},
         {"tool", [&] { click(button, Click::Tool); }},
         {"focusin", [&] { sendFocus(*button, QEvent::FocusIn); }},
         {"focusout", [&] { sendFocus(*button, QEvent::FocusOut); }},
