@@ -2,13 +2,24 @@
 
 #include "CBPMenu.h"
 
+#include <QAbstractButton>
 #include <QAccessible>
+#include <QMap>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QTimer>
 #include <QtTest>
 
+#include <functional>
+
 // What tests do to widgets.
+
+inline void showActive(QWidget &window)
+{
+    window.show();
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+}
 
 inline void sendEvent(QWidget &widget, QEvent::Type type)
 {
@@ -58,6 +69,43 @@ inline void click(QWidget *widget, Click how)
         const int code = how == Click::Space ? Qt::Key_Space : Qt::Key_Return;
         key(QEvent::KeyPress, code);
         key(QEvent::KeyRelease, code);
+    }
+}
+
+// What befalls a button or a link, by its names in a list of words; those of `own` beside the common ones.
+// Stops when it is gone.
+using Deeds = QMap<QString, std::function<void()>>;
+
+inline void perform(QWidget *button, const char *words, const Deeds &own = {})
+{
+    const QPoint middle = button->rect().center();
+    const Deeds common{
+        {"enter", [&] { sendEvent(*button, QEvent::Enter); }},
+        {"leave", [&] { sendEvent(*button, QEvent::Leave); }},
+        {"press", [&] { QTest::mousePress(button, Qt::LeftButton, {}, middle); }},
+        {"release", [&] { QTest::mouseRelease(button, Qt::LeftButton, {}, middle); }},
+        {"double", [&] { QTest::mouseEvent(QTest::MouseDClick, button, Qt::LeftButton, {}, middle); }},
+        {"out", [&] { QTest::mouseRelease(button, Qt::LeftButton, {}, QPoint(500, 500)); }},
+        {"right", [&] { QTest::mousePress(button, Qt::RightButton, {}, middle); }},
+        {"rightup", [&] { QTest::mouseRelease(button, Qt::RightButton, {}, middle); }},
+        {"disable", [&] { button->setEnabled(false); }},
+        {"enable", [&] { button->setEnabled(true); }},
+        {"hide", [&] { button->hide(); }},
+        {"parenthide", [&] { button->window()->hide(); }},
+        {"space", [&] { QTest::keyPress(button, Qt::Key_Space); }},
+        {"spaceup", [&] { QTest::keyRelease(button, Qt::Key_Space); }},
+        {"return", [&] { QTest::keyClick(button, Qt::Key_Return); }},
+        {"call", [&] { qobject_cast<QAbstractButton *>(button)->click(); }},
+        {"tool", [&] { click(button, Click::Tool); }},
+        {"focusin", [&] { sendFocus(*button, QEvent::FocusIn); }},
+        {"focusout", [&] { sendFocus(*button, QEvent::FocusOut); }},
+    };
+    const QPointer<QWidget> alive(button);
+    const QStringList all = QString::fromLatin1(words).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    for (const QString &word : all) {
+        QVERIFY2(own.contains(word) || common.contains(word), qPrintable(word));
+        if (alive)
+            own.value(word, common.value(word))();
     }
 }
 

@@ -4,6 +4,7 @@
 #include <QImage>
 #include <QRect>
 #include <QtTest>
+#include <QWidget>
 
 // The scalings that every picture has to hold at, as rows of a column "ratio".
 inline void scalings()
@@ -12,6 +13,24 @@ inline void scalings()
     QTest::newRow("100 per cent") << 1.0;
     QTest::newRow("150 per cent") << 1.5;
     QTest::newRow("200 per cent") << 2.0;
+}
+
+// The picture of a widget alone, on a ground of one colour. A ratio of 0 is that of the screen.
+inline QImage pictureOf(QWidget &widget, qreal ratio = 0, const QColor &ground = Qt::white)
+{
+    if (qFuzzyIsNull(ratio))
+        ratio = widget.devicePixelRatioF();
+    QImage image(widget.size() * ratio, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(ratio);
+    image.fill(ground);
+    widget.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+    return image;
+}
+
+// Of a picture, at a point in logical pixels.
+inline QColor pixelOf(const QImage &image, int x, int y)
+{
+    return image.pixelColor(qRound(x * image.devicePixelRatio()), qRound(y * image.devicePixelRatio()));
 }
 
 // The smallest rectangle around all pixels of `color`; empty when there is none.

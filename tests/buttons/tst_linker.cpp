@@ -1,5 +1,7 @@
+#include "Acts.h"
 #include "CBPCheckBox.h"
 #include "CBPLinkerButton.h"
+#include "Pixels.h"
 #include "TestMain.h"
 
 #include <QAccessible>
@@ -16,33 +18,17 @@ const QColor kOwn[] = {Qt::red, Qt::green, Qt::blue, Qt::magenta};
 const QVector<QColor> kOwnColors{kOwn[0], kOwn[1], kOwn[2], kOwn[3]};
 const QString kText = QStringLiteral("WWWWWWWW");
 
-QImage picture(QWidget &widget, int ratio = 1)
-{
-    QImage image(widget.size() * ratio, QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(ratio);
-    image.fill(Qt::white);
-    widget.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
-    return image;
-}
-
 // The colour that the text of the link is painted in: of a run of pixels that is a stroke or an underline.
 bool paintedIn(QWidget &link, const QColor &color)
 {
-    const QImage image = picture(link);
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if (image.pixelColor(x, y) == color)
-                return true;
-        }
-    }
-    return false;
+    return !boxOf(pictureOf(link, 1), color).isEmpty();
 }
 
 // A line below the text, as long as the text (and not the ring of the focus, at the very bottom).
 bool underlinedAt(QWidget &link, int ratio)
 {
-    picture(link, ratio); // the text is painted another way from the second time on
-    const QImage image = picture(link, ratio);
+    pictureOf(link, ratio); // the text is painted another way from the second time on
+    const QImage image = pictureOf(link, ratio);
     for (int y = image.height() / 2; y < image.height() - ratio; ++y) {
         int run = 0;
         for (int x = 2; x < image.width() - 2; ++x)
@@ -61,34 +47,12 @@ bool underlined(QWidget &link)
     return plain;
 }
 
-void send(QWidget &widget, QEvent::Type type)
-{
-    if (type == QEvent::Enter) {
-        QEnterEvent event(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
-        QCoreApplication::sendEvent(&widget, &event);
-    } else if (type == QEvent::FocusIn || type == QEvent::FocusOut) {
-        QFocusEvent event(type, Qt::TabFocusReason);
-        QCoreApplication::sendEvent(&widget, &event);
-    } else {
-        QEvent event(type);
-        QCoreApplication::sendEvent(&widget, &event);
-    }
-}
-
-void mouse(QWidget &widget, QEvent::Type type, Qt::MouseButton button = Qt::LeftButton)
-{
-    QMouseEvent event(type, QPointF(2, 2), button, button, Qt::NoModifier);
-    QCoreApplication::sendEvent(&widget, &event);
-}
-
 QAccessibleInterface *accessible(QWidget *widget)
 {
     return QAccessible::queryAccessibleInterface(widget);
 }
 
 } // namespace
-
-Q_DECLARE_METATYPE(QEvent::Type)
 
 class TestLinker : public QObject
 {
@@ -119,7 +83,7 @@ private slots:
         QCOMPARE(link.styleSheet(), QString("QLabel{font-size:28px;}"));
         QVERIFY(link.sizeHint().width() > small * 3 / 2);
         link.resize(link.sizeHint());
-        picture(link);
+        pictureOf(link);
         QCOMPARE(link.toolTip(), QString()); // its own size is always enough
         for (const int bad : {0, -3}) {
             QTest::ignoreMessage(QtWarningMsg,
@@ -129,59 +93,37 @@ private slots:
         QCOMPARE(link.styleSheet(), QString("QLabel{font-size:28px;}"));
     }
 
-    void looks_data()
-    {
-        using Events = QVector<QEvent::Type>;
-        QTest::addColumn<int>("type");
-        QTest::addColumn<Events>("events");
-        QTest::addColumn<int>("color");
-        QTest::addColumn<bool>("line");
-        const Events none;
-        const Events enter{QEvent::Enter};
-        const Events left{QEvent::Enter, QEvent::Leave};
-        const Events focus{QEvent::FocusIn};
-        const Events press{QEvent::Enter, QEvent::MouseButtonPress};
-        const Events click{QEvent::Enter, QEvent::MouseButtonPress, QEvent::MouseButtonRelease};
-        QTest::newRow("always, at rest") << 0 << none << 0 << true;
-        QTest::newRow("always, hovered") << 0 << enter << 1 << true;
-        QTest::newRow("always, left") << 0 << left << 0 << true;
-        QTest::newRow("hover, at rest") << 1 << none << 0 << false;
-        QTest::newRow("hover, hovered") << 1 << enter << 1 << true;
-        QTest::newRow("hover, left") << 1 << left << 0 << false;
-        QTest::newRow("hover, focused") << 1 << focus << 1 << false;
-        QTest::newRow("hover, focus gone") << 1 << Events{QEvent::FocusIn, QEvent::FocusOut} << 0 << false;
-        QTest::newRow("hover, pressed") << 1 << press << 2 << true;
-        QTest::newRow("hover, clicked: at rest until the next enter") << 1 << click << 0 << true;
-        QTest::newRow("never, hovered") << 2 << enter << 1 << false;
-        QTest::newRow("never, pressed") << 2 << press << 2 << false;
-        QTest::newRow("unknown type") << 9 << press << 2 << false;
-    }
-
     void looks()
     {
-        QFETCH(int, type);
-        QFETCH(QVector<QEvent::Type>, events);
-        QFETCH(int, color);
-        QFETCH(bool, line);
-        CBPLinkerButton link(kText, ENLinkerType(type));
-        link.SetTextColor(kOwnColors);
-        link.resize(link.sizeHint());
-        for (const QEvent::Type event : events) {
-            if (event == QEvent::MouseButtonPress || event == QEvent::MouseButtonRelease)
-                mouse(link, event);
-            else
-                send(link, event);
-        }
-        for (int i = 0; i < 4; ++i)
-            QCOMPARE(paintedIn(link, kOwn[i]), i == color);
-        QCOMPARE(underlined(link), line);
-
-        link.SetSelected(true);
-        QVERIFY(link.IsSelected());
-        QVERIFY(paintedIn(link, kOwn[2]));
-        link.setEnabled(false);
-        QVERIFY(paintedIn(link, kOwn[3]) && !paintedIn(link, kOwn[2]));
-        QVERIFY(!underlined(link));
+        const auto check = [](int type, const char *events, int color, bool line) {
+            CBPLinkerButton link(kText, ENLinkerType(type));
+            link.SetTextColor(kOwnColors);
+            link.resize(link.sizeHint());
+            perform(&link, events);
+            for (int i = 0; i < 4; ++i)
+                QVERIFY2(paintedIn(link, kOwn[i]) == (i == color), events);
+            QVERIFY2(underlined(link) == line, events);
+            link.SetSelected(true);
+            QVERIFY(link.IsSelected());
+            QVERIFY2(paintedIn(link, kOwn[2]), events);
+            link.setEnabled(false);
+            QVERIFY2(paintedIn(link, kOwn[3]) && !paintedIn(link, kOwn[2]), events);
+            QVERIFY2(!underlined(link), events);
+        };
+        check(ENLinkerTypeAlways, "", 0, true);
+        check(ENLinkerTypeAlways, "enter", 1, true);
+        check(ENLinkerTypeAlways, "enter leave", 0, true);
+        check(ENLinkerTypeHover, "", 0, false);
+        check(ENLinkerTypeHover, "enter", 1, true);
+        check(ENLinkerTypeHover, "enter leave", 0, false);
+        check(ENLinkerTypeHover, "focusin", 1, false);
+        check(ENLinkerTypeHover, "focusin focusout", 0, false);
+        check(ENLinkerTypeHover, "enter press", 2, true);
+        check(ENLinkerTypeHover, "enter press release", 0, true); // at rest until the next enter
+        check(ENLinkerTypeHover, "enter disable enter focusin leave enable", 0, false);
+        check(ENLinkerTypeNever, "enter", 1, false);
+        check(ENLinkerTypeNever, "enter press", 2, false);
+        check(9, "enter press", 2, false);
     }
 
     void colours()
@@ -216,48 +158,22 @@ private slots:
         QVERIFY(underlined(link));
     }
 
-    void mouseClicks_data()
-    {
-        QTest::addColumn<int>("button");
-        QTest::addColumn<bool>("enabled");
-        QTest::addColumn<int>("signalCount");
-        QTest::newRow("left") << int(Qt::LeftButton) << true << 1;
-        QTest::newRow("right") << int(Qt::RightButton) << true << 0;
-        QTest::newRow("disabled") << int(Qt::LeftButton) << false << 0;
-    }
-
     void mouseClicks()
     {
-        QFETCH(int, button);
-        QFETCH(bool, enabled);
-        QFETCH(int, signalCount);
-        CBPLinkerButton link(kText, ENLinkerTypeNever, 42);
-        link.SetTextColor(kOwnColors);
-        link.resize(link.sizeHint());
-        link.setEnabled(enabled);
-        QSignalSpy spy(&link, &CBPLinkerButton::sigLinkerClick);
-        mouse(link, QEvent::MouseButtonPress, Qt::MouseButton(button));
-        QCOMPARE(paintedIn(link, kOwn[2]), signalCount == 1);
-        QCOMPARE(spy.count(), 0);
-        mouse(link, QEvent::MouseButtonRelease, Qt::MouseButton(button));
-        QCOMPARE(spy.count(), signalCount);
-        if (signalCount)
-            QCOMPARE(spy.at(0).at(0).toInt(), 42);
-    }
-
-    void disabledLinkKeepsItsLook()
-    {
-        CBPLinkerButton link(kText, ENLinkerTypeHover, 1);
-        link.SetTextColor(kOwnColors);
-        link.resize(link.sizeHint());
-        send(link, QEvent::Enter);
-        link.setEnabled(false);
-        for (const QEvent::Type type : {QEvent::Enter, QEvent::FocusIn, QEvent::Leave})
-            send(link, type);
-        QVERIFY(paintedIn(link, kOwn[3]));
-        link.setEnabled(true); // the mouse has gone meanwhile
-        QVERIFY(paintedIn(link, kOwn[0]));
-        QVERIFY(!underlined(link));
+        const auto check = [](const char *press, const char *release, int count) {
+            CBPLinkerButton link(kText, ENLinkerTypeNever, 42);
+            link.SetTextColor(kOwnColors);
+            link.resize(link.sizeHint());
+            QSignalSpy spy(&link, &CBPLinkerButton::sigLinkerClick);
+            perform(&link, press);
+            QVERIFY2(paintedIn(link, kOwn[2]) == (count == 1), press);
+            QCOMPARE(spy.count(), 0);
+            perform(&link, release);
+            QVERIFY2(spy.count() == count && (!count || spy.at(0).at(0) == 42), press);
+        };
+        check("press", "release", 1);
+        check("right", "rightup", 0);
+        check("disable press", "release", 0);
     }
 
     void keyboard()
@@ -269,16 +185,14 @@ private slots:
         link->SetTextColor(kOwnColors);
         layout->addWidget(other);
         layout->addWidget(link);
-        window.show();
-        window.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
+        showActive(window);
         QSignalSpy spy(link, &CBPLinkerButton::sigLinkerClick);
         other->setFocus();
-        const QImage before = picture(*link);
+        const QImage before = pictureOf(*link);
         QTest::keyClick(other, Qt::Key_Tab);
         QVERIFY(link->hasFocus());
         QVERIFY(paintedIn(*link, kOwn[1]));
-        QVERIFY(picture(*link).pixelColor(link->width() / 2, 0) != before.pixelColor(link->width() / 2, 0));
+        QVERIFY(pictureOf(*link).pixelColor(link->width() / 2, 0) != before.pixelColor(link->width() / 2, 0));
         for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
             spy.clear();
             QTest::keyPress(link, key);
@@ -302,29 +216,14 @@ private slots:
         QVERIFY(other->hasFocus());
     }
 
-    void diesInItsSignal_data()
-    {
-        QTest::addColumn<int>("key"); // 0: the mouse
-        QTest::newRow("mouse") << 0;
-        QTest::newRow("Enter") << int(Qt::Key_Return);
-        QTest::newRow("Space") << int(Qt::Key_Space);
-    }
-
     void diesInItsSignal()
     {
-        QFETCH(int, key);
-        QPointer<CBPLinkerButton> link = new CBPLinkerButton(kText);
-        connect(link.data(), &CBPLinkerButton::sigLinkerClick, this, [&link] { delete link; });
-        if (!key) {
-            mouse(*link, QEvent::MouseButtonRelease);
-        } else {
-            for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-                QKeyEvent event(type, key, Qt::NoModifier);
-                if (link)
-                    QCoreApplication::sendEvent(link, &event);
-            }
+        for (const char *events : {"press release", "return", "space spaceup"}) {
+            QPointer<CBPLinkerButton> link = new CBPLinkerButton(kText);
+            connect(link.data(), &CBPLinkerButton::sigLinkerClick, this, [&link] { delete link; });
+            perform(link, events);
+            QVERIFY2(!link, events);
         }
-        QVERIFY(!link);
     }
 
     void tipOfAnElidedText()
@@ -332,22 +231,22 @@ private slots:
         CBPLinkerButton link("A text that does not always fit");
         link.resize(link.sizeHint());
         const int whole = link.width();
-        picture(link);
+        pictureOf(link);
         QCOMPARE(link.toolTip(), QString());
         link.resize(whole / 2, link.height());
         QCOMPARE(link.toolTip(), QString()); // at the next paint
-        picture(link);
+        pictureOf(link);
         QCOMPARE(link.toolTip(), link.text());
         link.setText("Another text that does not fit");
-        picture(link);
+        pictureOf(link);
         QCOMPARE(link.toolTip(), link.text());
         link.resize(1, link.height());
-        picture(link);
+        pictureOf(link);
         link.resize(whole * 2, link.height());
-        picture(link);
+        pictureOf(link);
         QCOMPARE(link.toolTip(), QString());
         link.SetFontPixel(60); // the same width, another font
-        picture(link);
+        pictureOf(link);
         QCOMPARE(link.toolTip(), link.text());
     }
 
@@ -381,23 +280,16 @@ private slots:
         CBPLinkerButton link(kText, ENLinkerTypeNever);
         link.SetTextColor(QVector<QColor>(4, Qt::black));
         link.resize(link.sizeHint() + QSize(100, 60));
-        picture(link);
-        const QImage image = picture(link);
-        QRect ink;
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x) {
-                if (image.pixelColor(x, y).lightness() < 100)
-                    ink |= QRect(x, y, 1, 1);
-            }
-        }
+        pictureOf(link);
+        const QRect ink = inkOf(pictureOf(link));
         QVERIFY(ink.left() <= 2);
         QVERIFY(qAbs(ink.center().y() - link.rect().center().y()) <= 4);
         link.resize(link.sizeHint().width() - 10, 20);
-        picture(link);
+        pictureOf(link);
         QCOMPARE(link.toolTip(), QString(kText));
         link.setText("One line\nand a second one that is longer");
         link.resize(link.sizeHint());
-        picture(link);
+        pictureOf(link);
         QCOMPARE(link.toolTip(), QString());
     }
 
@@ -425,8 +317,8 @@ private slots:
         QTRY_VERIFY(link.paints > 0);
         QCoreApplication::processEvents();
         const QVector<std::function<void()>> changes{
-            [&] { send(link, QEvent::Enter); }, [&] { send(link, QEvent::Leave); },
-            [&] { send(link, QEvent::FocusIn); }, [&] { link.SetSelected(true); }};
+            [&] { sendEvent(link, QEvent::Enter); }, [&] { sendEvent(link, QEvent::Leave); },
+            [&] { sendFocus(link, QEvent::FocusIn); }, [&] { link.SetSelected(true); }};
         for (const auto &change : changes) {
             link.paints = 0;
             change();

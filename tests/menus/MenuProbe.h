@@ -1,0 +1,102 @@
+#pragma once
+
+#include "Acts.h"
+#include "CBPMenu.h"
+#include "CBPMenuItem.h"
+#include "foundation/FontLookup.h"
+#include "Pictures.h"
+#include "Pixels.h"
+
+#include <QFontMetrics>
+#include <QTemporaryDir>
+
+// What the tests of menus share.
+
+inline const QColor kHover(75, 174, 178);
+inline const QColor kBody(60, 67, 75);
+inline const QColor kDot(0xe0, 0x20, 0x20);
+inline const QColor kLime(0, 255, 0);
+
+class Menu : public CBPMenu
+{
+public:
+    using CBPMenu::CBPMenu;
+    using CBPMenu::PaintAction;
+};
+
+inline QRect itemRect(const QMenu &menu, int index)
+{
+    return menu.actionGeometry(menu.actions().at(index));
+}
+
+// The colour without its alpha. The body's two translucent layers may round one step beside kBody.
+inline QColor colorAt(QWidget &menu, const QPoint &pos)
+{
+    QColor color = pixelOf(menu.grab().toImage(), pos.x(), pos.y());
+    color.setAlpha(255);
+    const bool body = qAbs(color.red() - kBody.red()) <= 1 && qAbs(color.green() - kBody.green()) <= 1 &&
+                      qAbs(color.blue() - kBody.blue()) <= 1;
+    return body ? kBody : color;
+}
+
+// The item's own background, away from image, text and arrow.
+inline QColor itemColor(QMenu &menu, int index)
+{
+    const QRect rect = itemRect(menu, index);
+    return colorAt(menu, QPoint(rect.right() - 40, rect.center().y()));
+}
+
+// Of what has this colour, in the item.
+inline QRect boxIn(QMenu &menu, int index, const QColor &color)
+{
+    return boxOf(menu.grab(itemRect(menu, index)).toImage(), color);
+}
+
+inline const auto isInk = [](const QColor &color) { return color.lightness() > 90; };
+inline const auto isBright = [](const QColor &color) { return color.lightness() > 170; };
+inline const auto isRed = [](const QColor &color) { return color.red() > 150 && color.green() < 60; };
+
+// Leftmost pixel column of the item, from `from` on, that has a pixel for which `is` holds; -1 for none.
+inline int findColumn(QMenu &menu, int index, int from, bool (*is)(const QColor &))
+{
+    const QImage image = menu.grab().toImage();
+    const QRect rect = itemRect(menu, index);
+    for (int x = from; x <= rect.right(); ++x) {
+        for (int y = rect.top(); y <= rect.bottom(); ++y) {
+            if (is(image.pixelColor(x, y)))
+                return x;
+        }
+    }
+    return -1;
+}
+
+inline void fill(CBPMenu &menu, int count)
+{
+    for (int i = 0; i < count; ++i)
+        menu.AddAction(QStringLiteral("Item &%1").arg(i), i + 1);
+}
+
+inline bool open(QMenu &menu)
+{
+    menu.popup(QPoint(20, 20));
+    return QTest::qWaitForWindowExposed(&menu);
+}
+
+// Pictures, and an active window: without one the system closes the menus of an application at once.
+class MenuStage
+{
+public:
+    void set()
+    {
+        for (const char *name : {"red", "lime", "blue"})
+            savePicture(picture(name), QSize(10, 10), QColor(QLatin1String(name)));
+        m_host.setGeometry(700, 300, 100, 100);
+        showActive(m_host);
+    }
+
+    QString picture(const char *name) const { return m_folder.filePath(QLatin1String(name) + ".png"); }
+
+private:
+    QWidget m_host;
+    QTemporaryDir m_folder;
+};
