@@ -31,8 +31,8 @@ constexpr QSize kLeastSize(760, 480);
 const char kScrollBarStyle[] =
     "QScrollBar:vertical{background:#ffffff;width:12px;margin:0;}"
     "QScrollBar:horizontal{background:#ffffff;height:12px;margin:0;}"
-    "QScrollBar::handle{background:#c9d2dc;border-radius:4px;margin:2px;min-height:32px;min-width:32px;}"
-    "QScrollBar::handle:hover{background:#a9b6c4;}"
+    "QScrollBar::handle{background:#8793a1;border-radius:4px;margin:2px;min-height:32px;min-width:32px;}"
+    "QScrollBar::handle:hover{background:#677280;}"
     "QScrollBar::handle:pressed{background:#4baeb2;}"
     "QScrollBar::add-line,QScrollBar::sub-line{width:0;height:0;}"
     "QScrollBar::add-page,QScrollBar::sub-page{background:transparent;}";

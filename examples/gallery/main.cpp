@@ -108,6 +108,7 @@ void setUpColors()
         palette.setColor(role, theme::kInk);
         palette.setColor(QPalette::Disabled, role, faint);
     }
+    palette.setColor(QPalette::PlaceholderText, theme::kCaption);
     palette.setColor(QPalette::Highlight, theme::kAccentDeep);
     palette.setColor(QPalette::HighlightedText, Qt::white);
     palette.setColor(QPalette::Inactive, QPalette::Highlight, QColor(213, 236, 238));

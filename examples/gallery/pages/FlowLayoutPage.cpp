@@ -17,6 +17,7 @@ const QColor kTagColor(0, 122, 126);
 constexpr int kTagHeight = 26;
 constexpr int kTagPadding = 14;
 constexpr int kGap = 8;
+const QColor kGround(232, 237, 243);
 constexpr int kHalf = (theme::kPageWidth - 3 * theme::kUnit) / 2;
 
 CBPDrawLabel *tag(QString text)
@@ -26,15 +27,22 @@ CBPDrawLabel *tag(QString text)
     return label;
 }
 
-// A panel of tags, `width` pixels wide and as high as they need.
-QWidget *tags(int width, int hSpacing = kGap, int vSpacing = kGap,
-              Qt::LayoutDirection direction = Qt::LeftToRight)
+// Dark enough for its edges to be seen, which is where the rows break.
+QWidget *ground()
 {
     auto *panel = new QWidget;
     panel->setAutoFillBackground(true);
     QPalette palette = panel->palette();
-    palette.setColor(QPalette::Window, theme::kPanel);
+    palette.setColor(QPalette::Window, kGround);
     panel->setPalette(palette);
+    return panel;
+}
+
+// A panel of tags, `width` pixels wide and as high as they need.
+QWidget *tags(int width, int hSpacing = kGap, int vSpacing = kGap,
+              Qt::LayoutDirection direction = Qt::LeftToRight)
+{
+    QWidget *panel = ground();
     panel->setLayoutDirection(direction);
     auto *layout = new CBPFlowLayout(panel, kGap, hSpacing, vSpacing);
     for (const QString &text : kTags)
@@ -75,8 +83,8 @@ void addLive(Page *page)
 
 QWidget *mixed()
 {
-    auto *panel = new QWidget;
-    auto *layout = new CBPFlowLayout(panel, 0, kGap, kGap);
+    QWidget *panel = ground();
+    auto *layout = new CBPFlowLayout(panel, kGap, kGap, kGap);
     for (const int height : {28, 48, 36, 64, 28, 40, 28}) {
         auto *button = new CBPPushBtn(QString::number(height), nullptr);
         button->setFixedSize(72, height);
@@ -92,7 +100,7 @@ Page *makePage()
                                          "not fit, as words in a paragraph.");
     addLive(page);
     page->addSection("Widths", "The narrower, the more rows; the layout reports the height that it needs.")
-        ->addSamples({{"400 pixels", tags(400)}, {"248", tags(248)}, {"160", tags(160)}});
+        ->addSamples({{"400 pixels", tags(400)}, {"248 pixels", tags(248)}, {"160 pixels", tags(160)}});
     page->addSection("Gaps and direction", "Own gaps, or those of the style. Right-to-left rows begin at the "
                                            "right.")
         ->addColumns(2, {{"2 and 16 pixels", tags(kHalf, 2, 16)},

@@ -11,7 +11,7 @@
 
 namespace {
 
-const QColor kOrange(214, 110, 20);
+const QColor kOrange(176, 84, 20);
 constexpr int kColumnWidth = 200;
 constexpr int kPillHeight = 24;
 

@@ -1,6 +1,7 @@
 #include "EventLog.h"
 #include "Page.h"
 #include "PageRegistry.h"
+#include "Pose.h"
 #include "Theme.h"
 
 #include "CBPLineEdit.h"
@@ -22,7 +23,7 @@ constexpr int kTextHeight = 96;
 constexpr int kMaxLength = 100;
 
 // What an application does with the class names; the library brings no look for edits of its own.
-const char kSheet[] = "QLineEdit, QTextEdit { border: 1px solid #c3ccd6; border-radius: 3px;"
+const char kSheet[] = "QLineEdit, QTextEdit { border: 1px solid #8793a1; border-radius: 3px;"
                       " background: white; selection-background-color: #4baeb2; }"
                       "QLineEdit { padding: 0 4px; }"
                       "QLineEdit:focus, QTextEdit:focus { border-color: #2f86d8; }"
@@ -132,7 +133,8 @@ void addSearchFields(Page *page)
                          {"With a text", searchField("calendar")},
                          {"The longest text: 50", searchField(QString("calendar ").repeated(9))}});
     section->addColumns(kColumnWidth, {{"Focus on the magnifier", withFocusInside(QString())},
-                                       {"Focus on the clear button", withFocusInside("calendar")}});
+                                       {"Focus on the clear button", withFocusInside("calendar")},
+                                       {"Disabled", pose::in(pose::Disabled, searchField("calendar"))}});
 }
 
 CBPTextEdit *textEdit(const QString &text, int maxLength, int margin)

@@ -23,7 +23,7 @@ enum Flag { Ok = 0x4, Retry = 0x8, Cancel = 0x100, Yes = 0x800, No = 0x1000 };
 enum Field { User = 0x1, Password = 0x2, Hint = 0x4 };
 
 // What an application does with the object name of the edits; the library brings no look of its own for them.
-const char kSheet[] = "QLineEdit#DefaultLineEdit { border: 1px solid #c3ccd6; border-radius: 3px;"
+const char kSheet[] = "QLineEdit#DefaultLineEdit { border: 1px solid #8793a1; border-radius: 3px;"
                       " background: white; min-height: 30px; padding: 0 4px;"
                       " selection-background-color: #4baeb2; }"
                       "QLineEdit#DefaultLineEdit:focus { border-color: #2f86d8; }";

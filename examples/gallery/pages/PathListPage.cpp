@@ -11,6 +11,7 @@
 #include "FormatByteSize.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QLabel>
 
 namespace {
@@ -18,6 +19,19 @@ namespace {
 constexpr int kRowWidth = 416;
 constexpr int kListWidth = 416;
 constexpr qint64 kGiga = 1LL << 30;
+
+#ifdef Q_OS_WIN
+const char kHome[] = "C:/Users/kim";
+const char kBackup[] = "D:\\backup";
+#else
+const char kHome[] = "/home/kim";
+const char kBackup[] = "/mnt/backup";
+#endif
+
+QString inHome(const QString &path = QString())
+{
+    return QDir::toNativeSeparators(path.isEmpty() ? kHome : kHome + ('/' + path));
+}
 
 ComboxItem location(const QString &path, qint64 free = 0, qint64 total = 0)
 {
@@ -39,9 +53,9 @@ CBPComboxItem *row(ComboxItem item)
 
 void fill(CBPPathDropdWnd *list)
 {
-    ComboxItem items[] = {
-        location("/home/kim/documents"), location("/home/kim/a folder with a rather long name"),
-        location("/mnt/backup", 411 * kGiga, 1862 * kGiga), location("/home/kim", 37 * kGiga, 238 * kGiga)};
+    ComboxItem items[] = {location(inHome("documents")), location(inHome("a folder with a rather long name")),
+                          location(kBackup, 411 * kGiga, 1862 * kGiga),
+                          location(inHome(), 37 * kGiga, 238 * kGiga)};
     for (ComboxItem &item : items)
         list->AppendItem(item);
     list->SetFixedWidth(kListWidth);
@@ -94,16 +108,15 @@ void addRows(Page *page)
     Section *section = page->addSection(
         "Rows",
         "Free and total space show where the total is known. The delete button shows under the mouse.");
-    const ComboxItem disk = location("/home/kim", 37 * kGiga, 238 * kGiga);
-    section->addColumns(
-        2,
-        {{"At rest", pose::in(pose::Normal, row(disk))},
-         {"Under the mouse", pose::in(pose::Hovered, row(disk))},
-         {"With the keyboard focus", pose::in(pose::Focused, row(disk))},
-         {"Without space", row(location("/home/kim/documents"))},
-         {"A long path", row(location("/home/kim/documents/a folder with a rather long name"))},
-         {"Names are plain text", row(location("/home/kim/<b>R&D</b>"))}},
-        kRowWidth);
+    const ComboxItem disk = location(inHome(), 37 * kGiga, 238 * kGiga);
+    section->addColumns(2,
+                        {{"At rest", pose::in(pose::Normal, row(disk))},
+                         {"Under the mouse", pose::in(pose::Hovered, row(disk))},
+                         {"With the keyboard focus", pose::in(pose::Focused, row(disk))},
+                         {"Without space", row(location(inHome("documents")))},
+                         {"A long path", row(location(inHome("documents/a folder with a rather long name")))},
+                         {"Names are plain text", row(location(inHome("R&D")))}},
+                        kRowWidth);
 }
 
 QLabel *sizeText(qint64 bytes)

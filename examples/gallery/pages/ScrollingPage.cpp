@@ -15,7 +15,8 @@ namespace {
 constexpr int kSplitterHeight = 144;
 constexpr int kHandleWidth = 9;
 constexpr int kBarLength = 184;
-constexpr int kAreaWidth = 416;
+const QColor kCorner(240, 240, 240);
+constexpr int kAreaWidth = 420;
 constexpr int kAreaHeight = 160;
 
 QLabel *pane(const QString &text)
@@ -112,6 +113,12 @@ CBPScrollWnd *area(bool flatBars)
     if (flatBars) {
         result->setVerticalScrollBar(new CBPScrollBar(Qt::Vertical, nullptr));
         result->setHorizontalScrollBar(new CBPScrollBar(Qt::Horizontal, nullptr));
+        auto *corner = new QWidget; // where both meet, as flat as they are
+        corner->setAutoFillBackground(true);
+        QPalette palette = corner->palette();
+        palette.setColor(QPalette::Window, kCorner);
+        corner->setPalette(palette);
+        result->setCornerWidget(corner);
     }
     QLabel *content = pane(QStringLiteral("What lies here is larger\nthan the area that shows it."));
     content->setAlignment(Qt::AlignLeft | Qt::AlignTop);

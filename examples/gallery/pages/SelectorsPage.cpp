@@ -7,6 +7,8 @@
 #include "CBPDaySelector.h"
 #include "CBPWeekSelector.h"
 
+#include <QAbstractButton>
+
 namespace {
 
 QStringList days(int count)
@@ -63,7 +65,13 @@ Page *makePage()
     section->addSamples({{"With both", daySelector(days(28), "Last", "Select all", {"1", "Last"})}});
     section->addSamples({{"Without the button for all", daySelector(days(10), "Last", QString(), {"Last"})}});
 
-    section = page->addSection("States", "Disabled as a whole, and without a name.");
+    section = page->addSection("States", "Of one day, of the whole, and without a name.");
+    CBPWeekSelector *posed = weekSelector({"Mon", "Tue", "Thu"});
+    const auto posedDays = posed->findChildren<QAbstractButton *>();
+    pose::put(posedDays.value(2), pose::Hovered);
+    pose::put(posedDays.value(3), pose::Hovered);
+    pose::put(posedDays.value(5), pose::Focused);
+    section->addSamples({{"Wed and Thu under the mouse, Sat with the focus", posed}});
     CBPWeekSelector *off = weekSelector({"Tue"});
     off->setEnabled(false);
     section->addSamples({{"Disabled", off}});

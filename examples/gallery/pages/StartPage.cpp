@@ -28,7 +28,7 @@ namespace {
 constexpr int kColumns = 2;
 constexpr int kGap = 3 * theme::kUnit;
 constexpr int kPadding = 3 * theme::kUnit;
-constexpr QSize kCardSize((theme::kPageWidth - kGap) / kColumns, 208);
+constexpr QSize kCardSize((theme::kPageWidth - kGap) / kColumns, 232);
 constexpr int kButtonWidth = 96;
 constexpr int kWideButton = 160;
 constexpr int kButtonHeight = 30;
@@ -54,7 +54,11 @@ public:
         m_column->setContentsMargins(kPadding, 2 * theme::kUnit, kPadding, 2 * theme::kUnit);
         m_column->setSpacing(theme::kUnit / 2);
         m_column->addWidget(theme::label(title, theme::Semibold, 17, theme::kInk));
-        m_column->addWidget(theme::label(words, theme::Normal, 14, theme::kText, true));
+        // Two lines in every card, so that the controls of neighbours stand at one height.
+        QLabel *sentence = theme::label(words, theme::Normal, 14, theme::kText, true);
+        sentence->setMinimumHeight(2 * sentence->fontMetrics().lineSpacing());
+        sentence->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+        m_column->addWidget(sentence);
         m_column->addStretch();
     }
 
@@ -71,6 +75,8 @@ public:
 
     // Takes all the room there is.
     void addWide(QWidget *widget) { m_column->addWidget(widget); }
+
+    void addGap() { m_column->addSpacing(theme::kUnit); }
 
     void addLinks(const QVector<Link> &links)
     {
@@ -132,7 +138,6 @@ class Progress : public CBPGradientProgressBar
 public:
     Progress()
     {
-        setFixedHeight(16);
         setAccessibleName(QStringLiteral("Progress"));
         m_timer.setInterval(kStepMs);
         connect(&m_timer, &QTimer::timeout, this, [this] {
@@ -239,10 +244,23 @@ Card *inputCard()
     return card;
 }
 
+// The white rest of a bar needs a ground that is not.
+QWidget *onInk(QWidget *bar)
+{
+    auto *strip = new QFrame;
+    strip->setObjectName(QStringLiteral("strip"));
+    strip->setStyleSheet(QStringLiteral("#strip{background:%1;border-radius:4px;}").arg(theme::kInk.name()));
+    auto *row = new QHBoxLayout(strip);
+    row->setContentsMargins(12, theme::kUnit, 12, theme::kUnit);
+    row->addWidget(bar);
+    return strip;
+}
+
 Card *displayCard()
 {
     auto *card = new Card("Display", "Progress and values, drawn in the two accents.");
-    card->addWide(new Progress);
+    card->addWide(onInk(new Progress));
+    card->addGap();
     auto *slider = new CBPSmoothSlider(nullptr);
     slider->Init({"0", "25", "50", "75", "100"}, 100, 0);
     slider->SetValue(60);

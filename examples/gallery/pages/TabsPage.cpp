@@ -33,7 +33,7 @@ CTabContainer *container(bool icons, bool extra)
     const QStringList names{"Backup", "Restore", "Options"};
     for (int i = 0; i < names.size(); ++i) {
         tabs->Appendtab(words(QString("What stands on the page \"%1\".").arg(names[i])), names[i], i + 1,
-                        icons ? theme::picturePath("icon_user.png") : QString());
+                        icons ? QString(":/gallery/%1.svg").arg(names[i].toLower()) : QString());
     }
     if (icons) {
         const auto buttons = tabs->findChildren<CBPPushBtn *>();
