@@ -1,5 +1,6 @@
 #include "CBaseWin.h"
 
+#include "FramePointer.h"
 #include "frames/FrameGeometry.h"
 #include "Pixels.h"
 #include "platform/Platform.h"
@@ -13,10 +14,6 @@
 #include <QScreen>
 #include <QSignalSpy>
 #include <QTemporaryDir>
-
-#ifdef Q_OS_WIN
-#include <windows.h>
-#endif
 
 using namespace lumqt::frame;
 
@@ -56,55 +53,6 @@ protected:
     void closeEvent(QCloseEvent *event) override { event->setAccepted(refusal != QLatin1String("event")); }
 };
 
-QSize windowSize(CBaseWin &w)
-{
-    return w.contentsRect().size() + QSize(2 * w.frameWidth(), w.frameWidth() + w.titleHight());
-}
-
-// Where the window coordinates begin in those of the widget.
-QPoint origin(CBaseWin &w)
-{
-    return w.contentsRect().topLeft() - QPoint(w.frameWidth(), w.titleHight());
-}
-
-// The pointer over the frame, in window coordinates: with the events of a window here, native messages there.
-enum Action { Move, Press, Release };
-void point(CBaseWin &w, Action action, const QPoint &at)
-{
-    const QPoint inWidget = at + origin(w);
-#ifdef Q_OS_WIN
-    const QPoint screen = w.mapToGlobal(inWidget);
-    SetCursorPos(screen.x(), screen.y());
-    const UINT messages[] = {WM_NCMOUSEMOVE, WM_NCLBUTTONDOWN, WM_NCLBUTTONUP};
-    SendMessageW(HWND(w.winId()), messages[action], HTCAPTION, MAKELPARAM(screen.x(), screen.y()));
-#else
-    if (action == Move)
-        QTest::mouseMove(w.windowHandle(), inWidget);
-    else if (action == Press)
-        QTest::mousePress(w.windowHandle(), Qt::LeftButton, {}, inWidget);
-    else
-        QTest::mouseRelease(w.windowHandle(), Qt::LeftButton, {}, inWidget);
-#endif
-}
-
-void click(CBaseWin &w, const QPoint &at)
-{
-    point(w, Press, at);
-    point(w, Release, at);
-}
-
-void doubleClick(CBaseWin &w, const QPoint &at)
-{
-#ifdef Q_OS_WIN
-    click(w, at);
-    const QPoint screen = w.mapToGlobal(at + origin(w));
-    SendMessageW(HWND(w.winId()), WM_NCLBUTTONDBLCLK, HTCAPTION, MAKELPARAM(screen.x(), screen.y()));
-    point(w, Release, at);
-#else
-    QTest::mouseDClick(w.windowHandle(), Qt::LeftButton, {}, at + origin(w));
-#endif
-}
-
 bool filled(const QImage &image, const QRect &part, const QColor &color)
 {
     QImage expected(part.size(), image.format());
@@ -140,7 +88,7 @@ QRect buttonRect(CBaseWin &w, int id, decltype(hitRects) *rects)
 {
     const QSize glyph = resImage("close_normal").size();
     const ButtonSizes sizes{QSize(0, 0), glyph, resImage("line").size(), glyph, glyph, glyph};
-    return rects(windowSize(w).width(), w.frameWidth(), sizes)[id];
+    return rects(w.contentsRect().width() + 2 * w.frameWidth(), w.frameWidth(), sizes)[id];
 }
 
 QRect painted(CBaseWin &w, int id)
