@@ -4,6 +4,7 @@
 #include <QImage>
 #include <QRect>
 #include <QtTest>
+#include <QWidget>
 
 // The scalings that every picture has to hold at, as rows of a column "ratio".
 inline void scalings()
@@ -12,6 +13,15 @@ inline void scalings()
     QTest::newRow("100 per cent") << 1.0;
     QTest::newRow("150 per cent") << 1.5;
     QTest::newRow("200 per cent") << 2.0;
+}
+
+// The widget's picture on transparent ground.
+inline QImage drawn(QWidget &widget)
+{
+    QImage image(widget.size(), QImage::Format_ARGB32);
+    image.fill(Qt::transparent);
+    widget.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+    return image;
 }
 
 // The smallest rectangle around all pixels of `color`; empty when there is none.

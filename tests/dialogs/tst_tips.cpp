@@ -2,12 +2,12 @@
 #include "CBPBox.h"
 #include "CBPTipWnd.h"
 #include "CTextTips.h"
+#include "Pixels.h"
 #include "platform/Platform.h"
 #include "Rows.h"
 #include "TestMain.h"
 
 #include <QAccessible>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -77,13 +77,9 @@ void showTip(CBPTipWnd &tip)
 class Watched : public CBPTipWnd
 {
 public:
-    Watched(int orientation, QWidget *widget)
-        : CBPTipWnd(ENOrientation(orientation), widget), place(orientation), bound(widget)
-    {
-    }
+    using CBPTipWnd::CBPTipWnd;
 
-    int place;
-    QWidget *bound;
+    std::function<bool()> isInPlace;
     int shown = 0;
     int painted = 0;
     int misplaced = 0;
@@ -93,19 +89,10 @@ public:
         shown += event->type() == QEvent::Show;
         painted += event->type() == QEvent::Paint;
         if (event->type() == QEvent::Show || event->type() == QEvent::Paint)
-            misplaced += pos() != placeOf(*this, *bound, place);
+            misplaced += !isInPlace();
         return result;
     }
 };
-
-// The tip's picture on transparent ground.
-QImage shot(QWidget &tip)
-{
-    QImage image(tip.size(), QImage::Format_ARGB32);
-    image.fill(Qt::transparent);
-    tip.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
-    return image;
-}
 
 } // namespace
 
@@ -129,7 +116,8 @@ private slots:
         QFETCH(int, orientation);
         QFETCH(int, contentWidth);
         Scene scene;
-        Watched tip(orientation, &scene.bound);
+        Watched tip(ENOrientation(orientation), &scene.bound);
+        tip.isInPlace = [&] { return tip.pos() == placeOf(tip, scene.bound, orientation); };
         tip.AppendWidget(content(QSize(contentWidth, 40)));
         showTip(tip);
         QTRY_VERIFY(tip.painted > 0);
@@ -137,28 +125,27 @@ private slots:
         QCOMPARE(tip.misplaced, 0);
         // Some window managers report a first size and place of their own.
         QTRY_COMPARE(tip.size(), QSize(contentWidth + 32, 64));
-        const auto isInPlace = [&] { return tip.pos() == placeOf(tip, scene.bound, orientation); };
-        QTRY_VERIFY(isInPlace());
+        QTRY_VERIFY(tip.isInPlace());
 
         // What moves takes it along.
         scene.bound.move(100, 90);
-        QVERIFY(isInPlace());
+        QVERIFY(tip.isInPlace());
         scene.bound.resize(200, 50);
-        QVERIFY(isInPlace());
+        QVERIFY(tip.isInPlace());
         const QPoint before = tip.pos();
         scene.window.move(340, 250);
         QTRY_VERIFY(tip.pos() != before);
-        QTRY_VERIFY(isInPlace());
+        QTRY_VERIFY(tip.isInPlace());
         tip.AppendWidget(content(QSize(240, 20)));
         QTRY_COMPARE(tip.width(), 272);
-        QTRY_VERIFY(isInPlace());
+        QTRY_VERIFY(tip.isInPlace());
         QVERIFY(tip.isVisible());
 
         // A tip that is not shown is nobody's business, until it is.
         tip.hide();
         scene.bound.move(10, 10);
         showTip(tip);
-        QVERIFY(isInPlace());
+        QVERIFY(tip.isInPlace());
     }
 
     void scrolledArea()
@@ -179,14 +166,12 @@ private slots:
         sendEvent(*bound, QEvent::Enter);
         QVERIFY(tip.isVisible());
         area.verticalScrollBar()->setValue(50);
-        QCOMPARE(tip.pos(), placeOf(tip, *bound, 1));
-        QVERIFY(tip.isVisible());
+        QVERIFY(tip.isVisible() && tip.pos() == placeOf(tip, *bound, 1));
         area.verticalScrollBar()->setValue(1000);
         QVERIFY(!tip.isVisible()); // there is nothing left to point at
         area.verticalScrollBar()->setValue(0);
         sendEvent(*bound, QEvent::Enter);
-        QVERIFY(tip.isVisible());
-        QCOMPARE(tip.pos(), placeOf(tip, *bound, 1));
+        QVERIFY(tip.isVisible() && tip.pos() == placeOf(tip, *bound, 1));
         sendEvent(*bound, QEvent::Leave);
         QVERIFY(!tip.isVisible());
 
@@ -333,8 +318,7 @@ private slots:
         // An application that fills the tip itself takes the box out of it.
         delete tip.layout();
         delete tip.findChild<CBPBox *>();
-        auto *layout = new QVBoxLayout(&tip);
-        layout->addWidget(new QLineEdit);
+        (new QVBoxLayout(&tip))->addWidget(new QLineEdit);
         QLabel label;
         tip.AppendWidget(&label);
         QVERIFY(!label.parent());
@@ -348,7 +332,7 @@ private slots:
         for (int orientation = 1; orientation < 4; ++orientation) {
             CBPTipWnd tip(ENOrientation(orientation), nullptr);
             tip.resize(152, 60);
-            const QImage image = shot(tip);
+            const QImage image = drawn(tip);
             const auto is = [&image](int x, int y, const QColor &color) {
                 const QColor seen = image.pixelColor(x, y);
                 QVERIFY2(color.alpha() == 0 ? seen.alpha() == 0 : seen == color,
@@ -373,12 +357,12 @@ private slots:
             is(arrow - 9, 3, Qt::transparent);
             is(arrow + 9, 3, Qt::transparent);
             tip.SetRoundRadius(0, 0);
-            QVERIFY(image.pixelColor(1, 7).alpha() + 50 < shot(tip).pixelColor(1, 7).alpha());
+            QVERIFY(image.pixelColor(1, 7).alpha() + 50 < drawn(tip).pixelColor(1, 7).alpha());
             tip.SetRoundRadius(12, 12);
-            QCOMPARE(shot(tip).pixelColor(3, 9).alpha(), 0);
+            QCOMPARE(drawn(tip).pixelColor(3, 9).alpha(), 0);
             for (const int wild : {-1, INT_MIN, INT_MAX}) {
                 tip.SetRoundRadius(wild, wild);
-                QCOMPARE(shot(tip).pixelColor(76, 40), kGround);
+                QCOMPARE(drawn(tip).pixelColor(76, 40), kGround);
             }
         }
     }
@@ -388,13 +372,13 @@ private slots:
         for (const int orientation : {0, 77}) { // 77: there is no such orientation
             CBPTipWnd tip(ENOrientation(orientation), nullptr);
             tip.resize(100, 40);
-            QImage image = shot(tip);
+            QImage image = drawn(tip);
             for (const QPoint &edge : {QPoint(0, 20), QPoint(99, 20), QPoint(50, 0), QPoint(50, 39)})
                 QCOMPARE(image.pixelColor(edge), kFrame);
             QCOMPARE(image.pixelColor(50, 20), kGround);
             QVERIFY(image.pixelColor(0, 0).alpha() < 200);
             tip.SetRoundRadius(16, 16);
-            QCOMPARE(shot(tip).pixelColor(2, 2).alpha(), 0);
+            QCOMPARE(drawn(tip).pixelColor(2, 2).alpha(), 0);
         }
     }
 
@@ -452,13 +436,13 @@ private slots:
         CTextTips tip(0, nullptr);
         tip.SetShowText(QStringLiteral("x"));
         const QLabel *label = tip.findChild<QLabel *>();
-        QCOMPARE(shot(tip).pixelColor(0, 0), QColor(0x10, 0x1c, 0x2d));
+        QCOMPARE(drawn(tip).pixelColor(0, 0), QColor(0x10, 0x1c, 0x2d));
         QVERIFY(qGray(label->palette().color(QPalette::WindowText).rgb()) > 200);
         tip.SetBkgColor(QColor(250, 240, 200));
-        QCOMPARE(shot(tip).pixelColor(tip.width() - 1, tip.height() - 1), QColor(250, 240, 200));
+        QCOMPARE(drawn(tip).pixelColor(tip.width() - 1, tip.height() - 1), QColor(250, 240, 200));
         QVERIFY(qGray(label->palette().color(QPalette::WindowText).rgb()) < 60);
         tip.SetBkgColor(QColor());
-        QCOMPARE(shot(tip).pixelColor(0, 0), QColor(250, 240, 200));
+        QCOMPARE(drawn(tip).pixelColor(0, 0), QColor(250, 240, 200));
     }
 };
 

@@ -2,6 +2,7 @@
 
 #include "Acts.h"
 #include "CBPImageButton.h"
+#include "Pixels.h"
 #include "Rows.h"
 #include "Spoken.h"
 #include "TestMain.h"
@@ -42,14 +43,6 @@ QLabel *iconLabel(QWidget &bar)
 {
     const QRegularExpression nameless(QStringLiteral("^$"));
     return bar.findChildren<QLabel *>(nameless, Qt::FindDirectChildrenOnly).value(0);
-}
-
-QImage shot(QWidget &widget)
-{
-    QImage image(widget.size(), QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    widget.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
-    return image;
 }
 
 void send(QWidget &bar, QEvent::Type type, const QPoint &global, Qt::MouseButton pressed = Qt::LeftButton)
@@ -232,7 +225,7 @@ private Q_SLOTS:
         QVERIFY(w.bar.minimumSizeHint().width() < 300);
         QVERIFY(titleLabel(w.bar)->geometry().right() < button(w.bar, 8)->x());
         // Less is drawn at the end of the line than of a row of the letter: an ellipsis.
-        const QImage cut = shot(w.bar);
+        const QImage cut = drawn(w.bar);
         const int right = titleLabel(w.bar)->geometry().right();
         int inked = 0;
         for (int x = right - 4; x <= right; ++x)
@@ -244,7 +237,7 @@ private Q_SLOTS:
     {
         Window w;
         const QPoint inside(300, 30);
-        const auto ground = [&] { return shot(w.bar).pixelColor(inside); };
+        const auto ground = [&] { return drawn(w.bar).pixelColor(inside); };
         QCOMPARE(ground(), kGround);
         QColor red(Qt::red);
         w.bar.SetBgColor(red);
@@ -276,7 +269,7 @@ private Q_SLOTS:
         const auto w = std::make_unique<Window>();
         QFile::remove(file);
         QVERIFY(QFile::rename(file + QStringLiteral(".kept"), file));
-        QCOMPARE(shot(w->bar).pixelColor(300, 30), QColor(0x10, 0x20, 0x30));
+        QCOMPARE(drawn(w->bar).pixelColor(300, 30), QColor(0x10, 0x20, 0x30));
         QCOMPARE(titleLabel(w->bar)->palette().color(QPalette::WindowText), QColor(127, 143, 164));
     }
 
@@ -297,7 +290,7 @@ private Q_SLOTS:
         const QPoint at[] = {{0, 0}, {59, 0}, {59, 39}, {0, 39}};
         for (bool enabled : {true, false, true}) {
             plate.SetRoundRectEnabled(enabled);
-            const QImage image = shot(plate);
+            const QImage image = drawn(plate);
             for (int i = 0; i < 4; ++i) {
                 const bool round = enabled && radius > 0 && flags & (1 << i);
                 QCOMPARE(image.pixelColor(at[i]).alpha(), round ? 0 : 255);
@@ -358,11 +351,11 @@ private Q_SLOTS:
         w.show();
         QCOMPARE(w.bar.titleBtn(4), maximise);
         QVERIFY(maximise->x() > button(w.bar, 2)->x() && maximise->x() < button(w.bar, 8)->x());
-        const QImage plain = shot(*maximise);
+        const QImage plain = drawn(*maximise);
         w.bar.ResetMaxBtn(true);
-        QVERIFY(shot(*maximise) != plain);
+        QVERIFY(drawn(*maximise) != plain);
         w.bar.ResetMaxBtn(false);
-        QCOMPARE(shot(*maximise), plain);
+        QCOMPARE(drawn(*maximise), plain);
         QTest::mouseClick(maximise, Qt::LeftButton);
         QCOMPARE(ids, QVector<int>{4});
         w.bar.EnableTitleBtn(4, false);
@@ -396,9 +389,9 @@ private Q_SLOTS:
         }
         CBPImageButton *menu = button(w.bar, 64);
         const QPoint dot(menu->width() - 12 + 3, 8);
-        QCOMPARE(shot(*menu).pixelColor(dot), QColor(0xe0, 0x20, 0x20));
+        QCOMPARE(drawn(*menu).pixelColor(dot), QColor(0xe0, 0x20, 0x20));
         w.bar.SetHasNewVersion(false);
-        QVERIFY(shot(*menu).pixelColor(dot) != QColor(0xe0, 0x20, 0x20));
+        QVERIFY(drawn(*menu).pixelColor(dot) != QColor(0xe0, 0x20, 0x20));
     }
 
     void dragging()
