@@ -20,11 +20,17 @@ inline QImage pictureOf(QWidget &widget, qreal ratio = 0, const QColor &ground =
 {
     if (qFuzzyIsNull(ratio))
         ratio = widget.devicePixelRatioF();
-    QImage image(widget.size() * ratio, QImage::Format_ARGB32_Premultiplied);
+    QImage image(widget.size() * ratio, QImage::Format_ARGB32);
     image.setDevicePixelRatio(ratio);
     image.fill(ground);
     widget.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
     return image;
+}
+
+// On transparent ground, a pixel to a logical one.
+inline QImage drawn(QWidget &widget)
+{
+    return pictureOf(widget, 1, Qt::transparent);
 }
 
 // Of a picture, at a point in logical pixels.

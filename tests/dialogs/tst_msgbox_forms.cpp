@@ -2,6 +2,7 @@
 
 #include "MsgBoxProbe.h"
 #include "platform/Platform.h"
+#include "Rows.h"
 #include "TestMain.h"
 #include "Util.h"
 
@@ -37,32 +38,20 @@ class TestMsgBoxForms : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { lumqt::platform::answers() = m_answers; }
-
     // ------------------------------------------------------------------------------------------------------
     // a folder's name
 
     void dirNames_data()
     {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<bool>("ok");
-        QTest::addColumn<int>("result"); // after Return
-        QTest::newRow("nothing") << ""
-                                 << "" << false << -1;
-        QTest::newRow("spaces") << "   "
-                                << "   " << false << -1;
-        QTest::newRow("a name") << "abc"
-                                << "abc" << true << kOk;
-        QTest::newRow("acceptable") << "abc]"
-                                    << "abc]" << true << -1;
-        QTest::newRow("two") << "a b]c]"
-                             << "a b]c]" << true << -1;
-        QTest::newRow("a tab") << "\t"
-                               << "\t" << true << kOk;
-        QTest::newRow("refused") << "a/b:c\\d*e?f\"g<h>i|j"
-                                 << "abcdefghij" << true << kOk;
-        QTest::newRow("256") << QString(300, 'x') << QString(256, 'x') << true << kOk;
+        columns<QString, QString, bool, int>("typed", "name", "ok", "result"); // after Return
+        row("nothing", "", "", false, -1);
+        row("spaces", "   ", "   ", false, -1);
+        row("a name", "abc", "abc", true, kOk);
+        row("acceptable", "abc]", "abc]", true, -1);
+        row("two", "a b]c]", "a b]c]", true, -1);
+        row("a tab", "\t", "\t", true, kOk);
+        row("refused", "a/b:c\\d*e?f\"g<h>i|j", "abcdefghij", true, kOk);
+        row("256", QString(300, 'x'), QString(256, 'x'), true, kOk);
     }
     void dirNames()
     {
@@ -95,27 +84,22 @@ private Q_SLOTS:
     }
 
     // The edit is in the middle of its key when the box goes.
-    void deletedByReturn_data()
-    {
-        QTest::addColumn<bool>("parentToo");
-        QTest::newRow("box") << false;
-        QTest::newRow("parent") << true;
-    }
     void deletedByReturn()
     {
-        QFETCH(bool, parentToo);
-        QPointer<QWidget> parent(new QWidget);
-        parent->show();
-        QPointer<MsgBox> box(new MsgBox(parent));
-        connect(box, &CMsgBox::sigQuit, [&] { destroy(parentToo ? parent.data() : box.data()); });
-        later(box, [&] {
-            CBPLineEdit *edit = box->edits().constFirst();
-            edit->setText("abc]");
-            QTest::keyClick(edit, Qt::Key_Return);
-        });
-        QCOMPARE(box->showCreateDirBox(0, "Name", kOk), -1);
-        QVERIFY(!box);
-        delete parent;
+        for (const bool parentToo : {false, true}) {
+            QPointer<QWidget> parent(new QWidget);
+            parent->show();
+            QPointer<MsgBox> box(new MsgBox(parent));
+            connect(box, &CMsgBox::sigQuit, [&] { destroy(parentToo ? parent.data() : box.data()); });
+            later(box, [&] {
+                CBPLineEdit *edit = box->edits().constFirst();
+                edit->setText("abc]");
+                QTest::keyClick(edit, Qt::Key_Return);
+            });
+            QCOMPARE(box->showCreateDirBox(0, "Name", kOk), -1);
+            QVERIFY(!box);
+            delete parent;
+        }
     }
 
     void dirBox()
@@ -155,25 +139,14 @@ private Q_SLOTS:
 
     void initialOk_data()
     {
-        QTest::addColumn<int>("fields");
-        QTest::addColumn<QString>("user");
-        QTest::addColumn<QString>("password");
-        QTest::addColumn<bool>("allowEmpty");
-        QTest::addColumn<bool>("ok");
-        QTest::newRow("nothing") << 3 << ""
-                                 << "" << true << false;
-        QTest::newRow("both") << 3 << "user"
-                              << "secret" << false << true;
-        QTest::newRow("no user") << 3 << ""
-                                 << "secret" << true << false;
-        QTest::newRow("no password") << 3 << "user"
-                                     << "" << false << false;
-        QTest::newRow("empty allowed") << 3 << "user"
-                                       << "" << true << true;
-        QTest::newRow("no user edit, no user") << 2 << ""
-                                               << "secret" << false << false;
-        QTest::newRow("no edits") << 0 << "user"
-                                  << "secret" << false << true;
+        columns<int, QString, QString, bool, bool>("fields", "user", "password", "allowEmpty", "ok");
+        row("nothing", 3, "", "", true, false);
+        row("both", 3, "user", "secret", false, true);
+        row("no user", 3, "", "secret", true, false);
+        row("no password", 3, "user", "", false, false);
+        row("empty allowed", 3, "user", "", true, true);
+        row("no user edit, no user", 2, "", "secret", false, false);
+        row("no edits", 0, "user", "secret", false, true);
     }
     void initialOk()
     {
@@ -194,23 +167,13 @@ private Q_SLOTS:
 
     void changes_data()
     {
-        QTest::addColumn<int>("fields");
-        QTest::addColumn<bool>("allowEmpty");
-        QTest::addColumn<QString>("user");
-        QTest::addColumn<QString>("password");
-        QTest::addColumn<bool>("ok");
-        QTest::newRow("user") << 3 << false << "user"
-                              << "" << true; // the password does not matter then
-        QTest::newRow("user alone") << 1 << false << "user"
-                                    << "" << true;
-        QTest::newRow("password, no user") << 3 << true << ""
-                                           << "secret" << false;
-        QTest::newRow("password") << 2 << false << ""
-                                  << "secret" << true;
-        QTest::newRow("no password") << 2 << false << ""
-                                     << "" << false;
-        QTest::newRow("no password, allowed") << 2 << true << ""
-                                              << "" << true;
+        columns<int, bool, QString, QString, bool>("fields", "allowEmpty", "user", "password", "ok");
+        row("user", 3, false, "user", "", true); // the password does not matter then
+        row("user alone", 1, false, "user", "", true);
+        row("password, no user", 3, true, "", "secret", false);
+        row("password", 2, false, "", "secret", true);
+        row("no password", 2, false, "", "", false);
+        row("no password, allowed", 2, true, "", "", true);
     }
     void changes()
     {
@@ -246,6 +209,9 @@ private Q_SLOTS:
             box.whileRunning([&] {
                 const auto edits = box.edits();
                 QCOMPARE(edits.size(), bool(fields & kUser) + bool(fields & kPassword));
+                if (!edits.isEmpty())
+                    QCOMPARE(box.focusWidget(), edits[0]);
+                box.setFocus(); // whose edits are without its ring then
                 for (CBPLineEdit *edit : edits) {
                     const bool secret = edit->echoMode() == QLineEdit::Password;
                     QCOMPARE(secret, edit != edits[0] || !(fields & kUser));
@@ -253,6 +219,11 @@ private Q_SLOTS:
                     QCOMPARE(edit->placeholderText(), QString(secret ? "Password" : "User name"));
                     QCOMPARE(edit->objectName(), QString("DefaultLineEdit"));
                     QVERIFY(edit->width() <= 300 && edit->textMargins().left() > 0); // which is the icon's
+                    CBPLineEdit plain(
+                        Util::getResFullPath(secret ? "../res/icon_lock.png" : "../res/icon_user.png"));
+                    plain.resize(edit->size());
+                    const QRect icon(0, 0, edit->textMargins().left(), edit->height());
+                    QCOMPARE(shot(*edit).copy(icon), shot(plain).copy(icon));
                 }
                 QLabel *shown = box.label("Wrong");
                 QCOMPARE(shown != nullptr, (fields & kHint) && !hint.isEmpty());
@@ -261,8 +232,6 @@ private Q_SLOTS:
                     QCOMPARE(shown->palette().color(QPalette::WindowText), QColor(255, 0, 0));
                 }
                 QVERIFY(box.label("Please enter the password.")->isVisible());
-                if (!edits.isEmpty())
-                    QCOMPARE(box.focusWidget(), edits[0]);
             });
             box.showUserAndPasswordBox(0, "", fields, 9, kOk | kCancel, "", "", "", hint);
         }
@@ -283,30 +252,6 @@ private Q_SLOTS:
         box.showUserAndPasswordBox(0, "", kPassword, 4000, kOk, "", "", secret);
     }
 
-    // Which edit is which: each with its own icon, seen in the colours at the left of it.
-    void icons()
-    {
-        QMap<bool, QImage> seen;
-        QMap<bool, QImage> wanted;
-        MsgBox box;
-        box.whileRunning([&] {
-            box.setFocus(); // whose edits are without its ring then
-            const auto edits = box.edits();
-            for (CBPLineEdit *edit : edits) {
-                const bool secret = edit->echoMode() == QLineEdit::Password;
-                CBPLineEdit other(
-                    Util::getResFullPath(secret ? "../res/icon_lock.png" : "../res/icon_user.png"));
-                other.resize(edit->size());
-                const QRect icon(0, 0, edit->textMargins().left(), edit->height());
-                seen[secret] = shot(*edit).copy(icon);
-                wanted[secret] = shot(other).copy(icon);
-            }
-        });
-        box.showUserAndPasswordBox(0, "", kUser | kPassword, 9, kOk);
-        QCOMPARE(seen, wanted);
-        QVERIFY(seen[false] != seen[true]);
-    }
-
     void badLength()
     {
         MsgBox box;
@@ -316,39 +261,6 @@ private Q_SLOTS:
         });
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression("-3"));
         box.showUserAndPasswordBox(0, "", kPassword, -3, kOk);
-    }
-
-    void longPrompts_data()
-    {
-        QTest::addColumn<int>("length");
-        QTest::addColumn<bool>("scrolls");
-        QTest::newRow("400") << 400 << false;
-        QTest::newRow("20000") << 20000 << true;
-    }
-    void longPrompts()
-    {
-        QFETCH(int, length);
-        QFETCH(bool, scrolls);
-        lumqt::platform::answers().workArea = [] { return QRect(0, 0, 1024, 600); };
-        const QString text(length, 'm');
-        for (const bool folder : {true, false}) {
-            MsgBox box;
-            box.whileRunning([&] {
-                box.grab();
-                auto *area = box.findChild<QScrollArea *>();
-                QCOMPARE(area != nullptr, scrolls);
-                QLabel *label = box.label(text);
-                QVERIFY(label->height() >= label->heightForWidth(label->width()));
-                QVERIFY(isWholeIn(label, scrolls ? area->widget() : &box));
-                QVERIFY(isWholeIn(box.GetBtn(kOk), &box));
-                QCOMPARE(box.width(), 500);
-                QVERIFY(box.height() <= 600);
-            });
-            if (folder)
-                box.showCreateDirBox(0, text, kOk);
-            else
-                box.showUserAndPasswordBox(0, text, kUser, 9, kOk);
-        }
     }
 
     void names()
@@ -389,7 +301,8 @@ private Q_SLOTS:
     // What is being typed goes on when the form becomes higher than the screen meanwhile.
     void focusKept()
     {
-        lumqt::platform::answers().workArea = [] { return QRect(0, 0, 1024, 600); };
+        auto &workArea = lumqt::platform::answers().workArea;
+        const auto kept = std::exchange(workArea, [] { return QRect(0, 0, 1024, 600); });
         MsgBox box;
         box.whileRunning([&] {
             QVERIFY(isInFront(box));
@@ -400,7 +313,8 @@ private Q_SLOTS:
             QCOMPARE(box.focusWidget(), password);
             QTRY_VERIFY(password->hasFocus());
         });
-        box.showUserAndPasswordBox(0, "Prompt", kUser | kPassword, 9, kOk);
+        box.showUserAndPasswordBox(0, "Prompt", 3, 9, kOk);
+        workArea = kept;
     }
 
     // ------------------------------------------------------------------------------------------------------
@@ -426,10 +340,7 @@ private Q_SLOTS:
 
     void keys_data()
     {
-        QTest::addColumn<int>("buttons");
-        QTest::addColumn<int>("disabled");
-        QTest::addColumn<int>("key");
-        QTest::addColumn<int>("result");
+        columns<int, int, int, int>("buttons", "disabled", "key", "result");
         const int both = kOk | kCancel;
         QTest::newRow("Return") << both << 0 << int(Qt::Key_Return) << kOk;
         QTest::newRow("Enter") << both << 0 << int(Qt::Key_Enter) << kOk;
@@ -458,8 +369,7 @@ private Q_SLOTS:
 
     void fromOpenToClose_data()
     {
-        QTest::addColumn<int>("buttons");
-        QTest::addColumn<QVector<int>>("tabs"); // by flag, from what has the focus at first
+        columns<int, QVector<int>>("buttons", "tabs"); // by flag, from what has the focus at first
         QTest::newRow("OK") << (kOk | kCancel) << QVector<int>{kOk, kCancel};
         QTest::newRow("questions") << (kYes | kNo | kCancel) << QVector<int>{kYes, kNo, kCancel};
     }
@@ -490,8 +400,7 @@ private Q_SLOTS:
 
     void firstFocus_data()
     {
-        QTest::addColumn<int>("buttons");
-        QTest::addColumn<int>("focused");
+        columns<int, int>("buttons", "focused");
         QTest::newRow("OK") << (kOk | kCancel) << kOk;
         QTest::newRow("OK among others") << (kOk | kNo | 0x80000) << kOk;
         QTest::newRow("the first") << (kNo | kYes) << kYes;
@@ -508,9 +417,6 @@ private Q_SLOTS:
         });
         box.messageWithLink(0, "Text", "Link", "", "", buttons);
     }
-
-private:
-    const lumqt::platform::Answers m_answers = lumqt::platform::answers();
 };
 
 LUMQT_TEST_MAIN(TestMsgBoxForms)

@@ -3,7 +3,9 @@
 #include "CBPBox.h"
 #include "CBPWaitBtn.h"
 #include "foundation/ImageLoader.h"
+#include "Pixels.h"
 #include "PopUpProbe.h"
+#include "Rows.h"
 #include "TestMain.h"
 #include "Util.h"
 
@@ -42,31 +44,26 @@ private Q_SLOTS:
 
     void standardButtons_data()
     {
-        QTest::addColumn<int>("flag");
-        QTest::addColumn<QString>("caption");
-        QTest::addColumn<bool>("secondary");
-        const auto row = [](const char *id, int flag, const char *caption, bool secondary = false) {
-            QTest::newRow(id) << flag << QString(caption) << secondary;
-        };
-        row("id_BtnAdd", 0x2, "Add");
-        row("id_BtnOk", 0x4, "OK");
-        row("id_BtnRetry", 0x8, "Retry");
-        row("id_BtnContinue", 0x10, "Continue");
-        row("id_BtnSkip", 0x20, "Skip");
-        row("id_BtnExport", 0x80, "Export");
-        row("id_BtnYes", 0x800, "Yes");
+        columns<int, QString, bool>("flag", "caption", "secondary");
+        row("id_BtnAdd", 0x2, "Add", false);
+        row("id_BtnOk", 0x4, "OK", false);
+        row("id_BtnRetry", 0x8, "Retry", false);
+        row("id_BtnContinue", 0x10, "Continue", false);
+        row("id_BtnSkip", 0x20, "Skip", false);
+        row("id_BtnExport", 0x80, "Export", false);
+        row("id_BtnYes", 0x800, "Yes", false);
         row("id_BtnOther", 0x8000, "", true);
-        row("id_BtnBrowse", 0x40000, "Browse");
-        row("id_BtnReboot", 0x4000, "Reboot");
-        row("id_BtnSkipAll", 0x40, "SkipAll");
-        row("id_BtnErase", 0x10000, "Erase");
-        row("id_BtnChange", 0x20000, "Change");
-        row("id_BtnQuit", 0x2000, "Quit");
+        row("id_BtnBrowse", 0x40000, "Browse", false);
+        row("id_BtnReboot", 0x4000, "Reboot", false);
+        row("id_BtnSkipAll", 0x40, "SkipAll", false);
+        row("id_BtnErase", 0x10000, "Erase", false);
+        row("id_BtnChange", 0x20000, "Change", false);
+        row("id_BtnQuit", 0x2000, "Quit", false);
         row("id_BtnNo", 0x1000, "No", true);
         row("id_BtnCancel", 0x100, "Cancel", true);
-        row("id_BtnBack", 0x80000, "Back");
-        row("id_BtnClose", 0x100000, "Close");
-        row("id_BtnRestartNow", 0x200000, "Restart now");
+        row("id_BtnBack", 0x80000, "Back", false);
+        row("id_BtnClose", 0x100000, "Close", false);
+        row("id_BtnRestartNow", 0x200000, "Restart now", false);
         row("id_BtnRestartLater", 0x400000, "Restart later", true);
     }
     void standardButtons()
@@ -101,12 +98,10 @@ private Q_SLOTS:
 
     void rowOrder_data()
     {
-        QTest::addColumn<int>("appended");
-        QTest::addColumn<int>("prepended");
-        QTest::addColumn<QString>("row");
-        QTest::newRow("no buttons") << 0x601 << (1 << 23 | 1 << 30) << "";
-        QTest::newRow("OK and No") << (kNo | kOk) << 0 << "Ok No";
-        QTest::newRow("parts") << (kCancel | kOk) << 0x80000 << "Back Ok Cancel";
+        columns<int, int, QString>("appended", "prepended", "row");
+        row("no buttons", 0x601, 1 << 23 | 1 << 30, "");
+        row("OK and No", kNo | kOk, 0, "Ok No");
+        row("parts", kCancel | kOk, 0x80000, "Back Ok Cancel");
         QTest::newRow("all") << 0x7fffff << 0
                              << "Add Ok Retry Continue Skip Export Yes Other Browse Reboot SkipAll Erase "
                                 "Change Quit No Cancel Back Close RestartNow RestartLater";
@@ -193,46 +188,34 @@ private Q_SLOTS:
             QCOMPARE(button->width(), 480);
             QCOMPARE(button->text(), text);
             button->setTextColor(QVector<QColor>(4, Qt::black));
-            const QImage image = shot(*button);
-            int lines = 0; // of pixels
-            for (int y = 0; y < image.height(); ++y) {
-                bool inked = false;
-                for (int x = 0; x < image.width() && !inked; ++x)
-                    inked = image.pixelColor(x, y) != QColor(Qt::white);
-                lines += inked;
-            }
-            QVERIFY2(lines > 4 && lines < image.height() / 2, qPrintable(QString::number(lines)));
+            const int lines = inkOf(shot(*button), 255).height(); // of pixels
+            QVERIFY2(lines > 4 && lines < button->height() / 2, qPrintable(QString::number(lines)));
         }
         w.show();
         QVERIFY(w.width() < 1100);
     }
 
     // A standard button waits without a text: its spinner stands for it.
-    void waitingButtons_data()
-    {
-        QTest::addColumn<int>("flag");
-        QTest::newRow("primary") << kOk;
-        QTest::newRow("secondary") << kCancel;
-    }
     void waitingButtons()
     {
-        QFETCH(int, flag);
-        PopUp w(nullptr, flag);
-        w.show();
-        auto *button = qobject_cast<CBPWaitBtn *>(w.GetBtn(flag));
-        const QString caption = button->text();
-        button->Show(true);
-        for (const char *frame : {"00", "23", "00"}) { // all of them, and again
-            const QString path =
-                Util::getResFullPath(QString("../res/loading/loading%1.png").arg(QLatin1String(frame)));
-            const QImage picture = lumqt::loadPixmap(path, qApp->devicePixelRatio()).toImage();
-            QVERIFY(!picture.isNull());
-            QVERIFY(QTest::qWaitFor([&] { return button->currentPixmap().toImage() == picture; }, 8000));
-            QCOMPARE(button->text(), QString());
-            QVERIFY(!button->icon().isNull() && !button->isEnabled());
+        for (const int flag : {kOk, kCancel}) { // a primary one, and a secondary
+            PopUp w(nullptr, flag);
+            w.show();
+            auto *button = qobject_cast<CBPWaitBtn *>(w.GetBtn(flag));
+            const QString caption = button->text();
+            button->Show(true);
+            for (const char *frame : {"00", "23", "00"}) { // all of them, and again
+                const QString path =
+                    Util::getResFullPath(QString("../res/loading/loading%1.png").arg(QLatin1String(frame)));
+                const QImage picture = lumqt::loadPixmap(path, qApp->devicePixelRatio()).toImage();
+                QVERIFY(!picture.isNull());
+                QVERIFY(QTest::qWaitFor([&] { return button->currentPixmap().toImage() == picture; }, 8000));
+                QCOMPARE(button->text(), QString());
+                QVERIFY(!button->icon().isNull() && !button->isEnabled());
+            }
+            button->exit(nullptr, false);
+            QCOMPARE(button->text(), caption);
         }
-        button->exit(nullptr, false);
-        QCOMPARE(button->text(), caption);
     }
 
     void widgetsInRow()
@@ -286,17 +269,15 @@ private Q_SLOTS:
 
     void clicks_data()
     {
-        QTest::addColumn<bool>("accepts");
-        QTest::addColumn<QString>("callback"); // what it answers, if there is one
-        QTest::addColumn<int>("result");
-        QTest::addColumn<bool>("closes");
-        QTest::newRow("accepted") << true << "" << kOk << true;
-        QTest::newRow("refused") << false << "" << -1 << false;
-        QTest::newRow("accepted, kept open by the callback") << true << "-1" << kOk << false;
-        QTest::newRow("accepted, the callback agrees") << true << "0" << kOk << true;
-        QTest::newRow("accepted, another verdict") << true << "-2" << kOk << true;
-        QTest::newRow("refused, the callback closes") << false << "0" << -1 << true;
-        QTest::newRow("refused twice") << false << "-1" << -1 << false;
+        // `callback`: what it answers, if there is one.
+        columns<bool, QString, int, bool>("accepts", "callback", "result", "closes");
+        row("accepted", true, "", kOk, true);
+        row("refused", false, "", -1, false);
+        row("accepted, kept open by the callback", true, "-1", kOk, false);
+        row("accepted, the callback agrees", true, "0", kOk, true);
+        row("accepted, another verdict", true, "-2", kOk, true);
+        row("refused, the callback closes", false, "0", -1, true);
+        row("refused twice", false, "-1", -1, false);
     }
     void clicks()
     {
@@ -336,11 +317,10 @@ private Q_SLOTS:
 
     void endedWhileAsked_data()
     {
-        QTest::addColumn<QString>("who"); // ends the dialog
-        QTest::addColumn<QString>("how");
+        columns<QString, QString>("who", "how"); // who ends the dialog
         for (const char *who : {"button", "callback"}) {
             for (const char *how : {"close", "other button", "delete", "parent"})
-                QTest::addRow("%s, %s", who, how) << QString(who) << QString(how);
+                QTest::addRow("%s, %s", who, how) << who << how;
         }
     }
     void endedWhileAsked()
@@ -395,12 +375,11 @@ private Q_SLOTS:
 
     void brokenPresses_data()
     {
-        QTest::addColumn<QString>("by");
-        QTest::addColumn<int>("result");
-        QTest::newRow("disabled") << "disable" << -1;
-        QTest::newRow("another focus") << "focus" << -1;
-        QTest::newRow("not at all") << "" << kOk;
-        QTest::newRow("disabled when accepted") << "accept" << kOk;
+        columns<QString, int>("by", "result");
+        row("disabled", "disable", -1);
+        row("another focus", "focus", -1);
+        row("not at all", "", kOk);
+        row("disabled when accepted", "accept", kOk);
     }
     // Qt lets a button that is held down come up in these cases, and says so as of a click.
     void brokenPresses()

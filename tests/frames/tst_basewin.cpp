@@ -1,8 +1,10 @@
 #include "CBaseWin.h"
 
+#include "FramePointer.h"
 #include "frames/FrameGeometry.h"
-#include "frames/FramePainter.h"
+#include "Pixels.h"
 #include "platform/Platform.h"
+#include "Rows.h"
 #include "TestMain.h"
 #include "Util.h"
 
@@ -12,10 +14,6 @@
 #include <QScreen>
 #include <QSignalSpy>
 #include <QTemporaryDir>
-
-#ifdef Q_OS_WIN
-#include <windows.h>
-#endif
 
 using namespace lumqt::frame;
 
@@ -55,64 +53,11 @@ protected:
     void closeEvent(QCloseEvent *event) override { event->setAccepted(refusal != QLatin1String("event")); }
 };
 
-QSize windowSize(CBaseWin &w)
-{
-    return w.contentsRect().size() + QSize(2 * w.frameWidth(), w.frameWidth() + w.titleHight());
-}
-
-// Where the window coordinates begin in those of the widget.
-QPoint origin(CBaseWin &w)
-{
-    return w.contentsRect().topLeft() - QPoint(w.frameWidth(), w.titleHight());
-}
-
-// The pointer over the frame, in window coordinates: with the events of a window here, native messages there.
-enum Action { Move, Press, Release };
-void point(CBaseWin &w, Action action, const QPoint &at)
-{
-    const QPoint inWidget = at + origin(w);
-#ifdef Q_OS_WIN
-    const QPoint screen = w.mapToGlobal(inWidget);
-    SetCursorPos(screen.x(), screen.y());
-    const UINT messages[] = {WM_NCMOUSEMOVE, WM_NCLBUTTONDOWN, WM_NCLBUTTONUP};
-    SendMessageW(HWND(w.winId()), messages[action], HTCAPTION, MAKELPARAM(screen.x(), screen.y()));
-#else
-    if (action == Move)
-        QTest::mouseMove(w.windowHandle(), inWidget);
-    else if (action == Press)
-        QTest::mousePress(w.windowHandle(), Qt::LeftButton, {}, inWidget);
-    else
-        QTest::mouseRelease(w.windowHandle(), Qt::LeftButton, {}, inWidget);
-#endif
-}
-
-void click(CBaseWin &w, const QPoint &at)
-{
-    point(w, Press, at);
-    point(w, Release, at);
-}
-
-void doubleClick(CBaseWin &w, const QPoint &at)
-{
-#ifdef Q_OS_WIN
-    click(w, at);
-    const QPoint screen = w.mapToGlobal(at + origin(w));
-    SendMessageW(HWND(w.winId()), WM_NCLBUTTONDBLCLK, HTCAPTION, MAKELPARAM(screen.x(), screen.y()));
-    point(w, Release, at);
-#else
-    QTest::mouseDClick(w.windowHandle(), Qt::LeftButton, {}, at + origin(w));
-#endif
-}
-
 bool filled(const QImage &image, const QRect &part, const QColor &color)
 {
-    for (int y = part.top(); y <= part.bottom(); ++y) {
-        for (int x = part.left(); x <= part.right(); ++x) {
-            if (image.pixelColor(x, y) != color)
-                return false;
-        }
-    }
-    return image.rect().contains(part);
+    QImage expected(part.size(), image.format());
+    expected.fill(color);
+    return image.rect().contains(part) && image.copy(part) == expected;
 }
 
 // What a part of the frame shows. The part is physical pixels on Windows.
@@ -139,20 +84,21 @@ QImage resImage(const char *name)
     return QImage(Util::getResFullPath(QStringLiteral("../res/%1.png").arg(QLatin1String(name))));
 }
 
-ButtonSizes imageSizes()
+QRect buttonRect(CBaseWin &w, int id, decltype(hitRects) *rects)
 {
     const QSize glyph = resImage("close_normal").size();
-    return ButtonSizes{QSize(0, 0), glyph, resImage("line").size(), glyph, glyph, glyph};
+    const ButtonSizes sizes{QSize(0, 0), glyph, resImage("line").size(), glyph, glyph, glyph};
+    return rects(w.contentsRect().width() + 2 * w.frameWidth(), w.frameWidth(), sizes)[id];
 }
 
 QRect painted(CBaseWin &w, int id)
 {
-    return paintedRects(windowSize(w).width(), w.frameWidth(), imageSizes())[id];
+    return buttonRect(w, id, paintedRects);
 }
 
 QPoint on(CBaseWin &w, int id)
 {
-    return hitRects(windowSize(w).width(), w.frameWidth(), imageSizes())[id].center();
+    return buttonRect(w, id, hitRects).center();
 }
 
 // Whether button `id` is painted with the image `name` on white.
@@ -183,123 +129,10 @@ class TestBaseWin : public QObject
 private Q_SLOTS:
     void cleanup() { lumqt::platform::answers() = m_answers; }
 
-    void geometry_data()
-    {
-        QTest::addColumn<int>("fw");
-        QTest::addColumn<int>("right"); // of the close button, as it is pressed
-        QTest::addColumn<int>("top");
-        QTest::addColumn<int>("paintedTop");
-        QTest::newRow("4") << 4 << 634 << 7 << 11;
-        QTest::newRow("8") << 8 << 630 << 9 << 15;
-    }
-    void geometry()
-    {
-        QFETCH(int, fw);
-        QFETCH(int, right);
-        QFETCH(int, top);
-        QFETCH(int, paintedTop);
-        const QSize glyph(28, 28);
-        const ButtonSizes sizes{QSize(0, 0), glyph, QSize(9, 28), glyph, glyph, glyph};
-        const int lefts[] = {146, 141, 108, 94, 61, 28};
-        for (int id = 0; id < kButtonCount; ++id) {
-            const QPoint at(right - lefts[id], id == 0 ? 14 : 0); // there is no image 0
-            QCOMPARE(hitRects(640, fw, sizes)[id], QRect(at + QPoint(0, top), sizes[id]));
-            QCOMPARE(paintedRects(640, fw, sizes)[id], QRect(at + QPoint(-6, paintedTop), sizes[id]));
-        }
-        const QRect icon = iconRect(fw, QSize(24, 24));
-        QCOMPARE(icon.topLeft(), QPoint(fw + 8, fw / 2 + (38 + fw - 24) / 2));
-        QCOMPARE(captionRect(fw, true, 24), QRect(fw + 37, fw / 2, 65535, 38 + fw));
-        QCOMPARE(captionRect(fw, false, 0).left(), fw + 8);
-        QCOMPARE(titleBarRect(600, fw, false), QRect(0, fw, 600, 38));
-        QCOMPARE(titleBarRect(600, fw, true), QRect(0, 0, 600, 38 + fw));
-
-        const auto at = [&](int x, int y) { return int(partAt(QPoint(x, y), 640, fw, sizes, icon)); };
-        QCOMPARE(at(right - 1, top), 5);
-        QCOMPARE(at(right - 28, top + 27), 5);
-        QCOMPARE(at(right, top), -1);
-        QCOMPARE(at(right - 29, top), -1); // between two buttons
-        QCOMPARE(at(right - 61, top), 4);
-        QCOMPARE(at(right - 100, top), 2);
-        QCOMPARE(at(right - 141, top), 1);
-        QCOMPARE(at(right - 146, top + 14), -1);
-        QCOMPARE(at(icon.left(), icon.top()), 7);
-        QCOMPARE(at(-3, -3), -1);
-        QCOMPARE(int(partAt(QPoint(10, 10), -50, fw, ButtonSizes(), QRect())), -1);
-        QCOMPARE(int(partAt(QPoint(right - 1, top), 640, fw, sizes, QRect(0, 0, 640, 60))), 5);
-    }
-
-    void edges()
-    {
-        const auto at = [](int x, int y) { return int(edgesAt(QPoint(x, y), QSize(200, 100), 4)); };
-        QCOMPARE(at(3, 50), int(Qt::LeftEdge));
-        QCOMPARE(at(196, 50), int(Qt::RightEdge));
-        QCOMPARE(at(100, 99), int(Qt::BottomEdge));
-        QCOMPARE(at(16, 0), int(Qt::TopEdge));
-        QCOMPARE(at(15, 0), int(Qt::TopEdge | Qt::LeftEdge)); // a corner reaches along its edges
-        QCOMPARE(at(199, 84), int(Qt::BottomEdge | Qt::RightEdge));
-        for (const QPoint &none : {QPoint(4, 50), QPoint(4, 4), QPoint(-1, 50)})
-            QCOMPARE(at(none.x(), none.y()), 0);
-    }
-
-    void picture_data()
-    {
-        QTest::addColumn<int>("fw");
-        QTest::addColumn<qreal>("ratio");
-        QTest::addColumn<QSize>("size"); // of the client area
-        for (int fw : {3, 4, 8}) {
-            for (qreal ratio : {1.0, 1.25, 1.5, 2.0}) {
-                QTest::addRow("%d at %g", fw, ratio) << fw << ratio << QSize(240, 160);
-                QTest::addRow("%d at %g, odd", fw, ratio) << fw << ratio << QSize(241, 163);
-            }
-        }
-    }
-    void picture()
-    {
-        QFETCH(int, fw);
-        QFETCH(qreal, ratio);
-        QFETCH(QSize, size);
-        const QColor outside(1, 2, 3);
-        const QColor untouched(4, 5, 6);
-        // The system makes a frame of whole pixels.
-        const QMargins margins = (QMarginsF(fw, titleHeight(fw), fw, fw) * ratio).toMargins();
-        const QRect client(QPoint(margins.left(), margins.top()), (QSizeF(size) * ratio).toSize());
-        const QSize all = client.marginsAdded(margins).size();
-        QImage image(all, QImage::Format_RGB32);
-        image.setDevicePixelRatio(ratio);
-        image.fill(untouched);
-        QPainter painter(&image);
-        paintFrame(painter, QSizeF(-3, 0), QRectF(fw, fw, -3, -3), fw, outside); // paints nothing
-        const QRectF area(QPointF(client.topLeft()) / ratio, QSizeF(client.size()) / ratio);
-        paintFrame(painter, QSizeF(all) / ratio, area, fw, outside);
-        painter.end();
-
-        const auto has = [&image](int left, int top, int right, int bottom, const QColor &color) {
-            return filled(image, QRect(QPoint(left, top), QPoint(right - 1, bottom - 1)), color);
-        };
-        const int line = qMax(1, qRound(ratio));
-        const int left = client.left();
-        const int top = qRound(fw * ratio);
-        const int right = client.right() + 1;
-        const int bottom = client.bottom() + 1;
-        QVERIFY(filled(image, client, untouched));
-        QVERIFY(has(left, top, right, client.top() - line, Qt::white));
-        QVERIFY(has(left, client.top() - line, right + line, client.top(), kTitleLine));
-        QVERIFY(has(left - line, top - line, left, bottom + line, kBorder));
-        QVERIFY(has(right, top - line, right + line, client.top() - line, kBorder));
-        QVERIFY(has(right, client.top(), right + line, bottom + line, kBorder));
-        QVERIFY(has(left - line, top - line, right + line, top, kBorder));
-        QVERIFY(has(left - line, bottom, right + line, bottom + line, kBorder));
-        QVERIFY(has(0, 0, all.width(), top - line, outside));
-        QVERIFY(has(0, 0, left - line, all.height(), outside));
-        QVERIFY(has(right + line, 0, all.width(), all.height(), outside));
-        QVERIFY(has(0, bottom + line, all.width(), all.height(), outside));
-    }
-
     void frameOnScreen()
     {
         TestWin w;
         QCOMPARE(w.btnRect(CloseButton), QRect());
-        QCOMPARE(w.windowTitle(), QString());
         show(w);
         QCOMPARE(w.size(), QSize(600, 300));
         QCOMPARE(w.pos(), QPoint(60, 60));
@@ -309,19 +142,21 @@ private Q_SLOTS:
         QCOMPARE(QSize(client.right, client.bottom), w.size());
         QCOMPARE(GetWindowLongW(HWND(w.winId()), GWL_STYLE), LONG(0x06C70000 | WS_VISIBLE));
 #endif
-        const QSize size = windowSize(w);
         const int fw = w.frameWidth();
         const auto at = [&w](int x, int y) { return frameImage(w, QRect(x, y, 1, 1)).pixelColor(0, 0); };
-        QCOMPARE(at(fw - 1, 150), kBorder);
-        QCOMPARE(at(size.width() - fw, 150), kBorder);
         QCOMPARE(at(100, fw - 1), kBorder);
-        QCOMPARE(at(100, size.height() - fw), kBorder);
         QCOMPARE(at(300, fw), QColor(Qt::white));
-        QCOMPARE(at(300, w.titleHight() - 1), kTitleLine);
         QCOMPARE(w.grab().toImage().pixelColor(w.contentsRect().center()), QColor(Qt::white));
         for (int id : {-1, 6, 7})
             QCOMPARE(w.btnRect(id), QRect());
         QCOMPARE(w.btnRect(MaximizeButton), painted(w, MaximizeButton).adjusted(-fw, 0, 0, 0));
+#ifdef Q_OS_WIN
+        for (int id = ListButton; id <= CloseButton; ++id) {
+            const QPoint middle = w.mapToGlobal(painted(w, id).center() + origin(w));
+            QCOMPARE(int(SendMessageW(HWND(w.winId()), WM_NCHITTEST, 0, MAKELPARAM(middle.x(), middle.y()))),
+                     HTCAPTION);
+        }
+#endif
     }
 
     // At every scaling: nothing shows through between the client area and its border.
@@ -391,7 +226,7 @@ private Q_SLOTS:
         point(w, Release, on(w, ListButton)); // what counts is where the button comes up
         QVERIFY(shows(w, MinimizeButton, "minimize_normal"));
         QVERIFY(shows(w, ListButton, "list_normal"));
-        // The caption, the icon, which swallows the click, and a button's image below where it is pressed.
+        // The caption, the icon, which swallows the click, and a button's image below where one presses it.
         for (const QPoint &at :
              {QPoint(200, 20), QPoint(16, 20), painted(w, CloseButton).bottomLeft() + QPoint(8, 0)}) {
 #ifndef Q_OS_WIN // the system would begin to drag the window
@@ -415,21 +250,8 @@ private Q_SLOTS:
 #endif
     }
 
-#ifdef Q_OS_WIN
-    void hitTest()
-    {
-        TestWin w;
-        show(w);
-        for (int id = ListButton; id <= CloseButton; ++id) {
-            const QPoint at = w.mapToGlobal(painted(w, id).center() + origin(w));
-            QCOMPARE(int(SendMessageW(HWND(w.winId()), WM_NCHITTEST, 0, MAKELPARAM(at.x(), at.y()))),
-                     HTCAPTION);
-        }
-    }
-#endif
-
     // A quick second click on a button or the icon is a click, and does not maximise.
-    void doubleClicks()
+    void clicks()
     {
         TestWin w;
         show(w);
@@ -438,12 +260,7 @@ private Q_SLOTS:
         QCoreApplication::processEvents();
         QVERIFY(!w.isMaxState());
         QCOMPARE(w.clicked, (QList<int>{ListButton, ListButton}));
-    }
 
-    void minimiseAndMaximise()
-    {
-        TestWin w;
-        show(w);
         click(w, on(w, MaximizeButton));
         QTRY_VERIFY(w.isMaxState());
         QTRY_VERIFY(shows(w, MaximizeButton, "maximize_restore_normal"));
@@ -462,7 +279,7 @@ private Q_SLOTS:
         QTRY_VERIFY(shows(w, MaximizeButton, "maximize_normal"));
         click(w, on(w, MinimizeButton));
         QTRY_VERIFY(w.isMinimized());
-        QCOMPARE(w.clicked, (QList<int>{4, 4, 3}));
+        QCOMPARE(w.clicked.mid(2), (QList<int>{4, 4, 3}));
     }
 
     void dragging()
@@ -501,23 +318,14 @@ private Q_SLOTS:
 
     void closing_data()
     {
-        QTest::addColumn<QString>("way");
-        QTest::addColumn<QString>("refusal");
-        QTest::addColumn<int>("exits");
-        QTest::newRow("button") << "button"
-                                << "" << 1;
-        QTest::newRow("close()") << "close"
-                                 << "" << 1;
-        QTest::newRow("onExit()") << "exit"
-                                  << "" << 1;
-        QTest::newRow("button, hook answers true") << "button"
-                                                   << "hook" << 0;
-        QTest::newRow("button, onExit() refuses") << "button"
-                                                  << "exit" << 1;
-        QTest::newRow("close(), onExit() refuses") << "close"
-                                                   << "exit" << 1;
-        QTest::newRow("close(), closeEvent() refuses") << "close"
-                                                       << "event" << 0;
+        columns<QString, QString, int>("way", "refusal", "exits");
+        row("button", "button", "", 1);
+        row("close()", "close", "", 1);
+        row("onExit()", "exit", "", 1);
+        row("button, hook answers true", "button", "hook", 0);
+        row("button, onExit() refuses", "button", "exit", 1);
+        row("close(), onExit() refuses", "close", "exit", 1);
+        row("close(), closeEvent() refuses", "close", "event", 0);
     }
     void closing()
     {
@@ -589,13 +397,7 @@ private Q_SLOTS:
             QTRY_VERIFY(frameImage(w, strip) != before);
             before = frameImage(w, strip);
         }
-        const auto darkest = [&before] {
-            int value = 255;
-            for (int i = 0; i < before.width() * before.height(); ++i)
-                value = qMin(value, before.pixelColor(i % before.width(), i / before.width()).value());
-            return value;
-        };
-        QVERIFY(darkest() < 120); // text in black
+        QVERIFY(!inkOf(before).isEmpty()); // text in black
         w.setCaption(QStringLiteral("two lines"));
         before = frameImage(w, strip);
         w.setCaption(QStringLiteral("two\nlines"));

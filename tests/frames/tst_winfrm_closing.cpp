@@ -1,6 +1,7 @@
 #include "FrameProbe.h"
 
 #include "platform/Platform.h"
+#include "Rows.h"
 #include "TestMain.h"
 
 #include <QLabel>
@@ -39,12 +40,8 @@ private Q_SLOTS:
 
     void closing_data()
     {
-        QTest::addColumn<bool>("isDialog");
-        QTest::addColumn<QString>("way");
-        QTest::addColumn<int>("hook");
-        QTest::addColumn<bool>("disabled"); // Escape and Alt+F4
-        QTest::addColumn<int>("calls");
-        QTest::addColumn<bool>("closes");
+        columns<bool, QString, int, bool, int, bool>("isDialog", "way", "hook", "disabled", "calls",
+                                                     "closes");
         forClasses([](bool isDialog, const char *name) {
             for (const int hook : {ByBase, Directly, NotAtAll}) {
                 const auto row = [=](const QString &way, bool disabled, int calls, bool closes) {
@@ -69,7 +66,7 @@ private Q_SLOTS:
         inClass([](auto of) {
             QFETCH(QString, way);
             QFETCH(int, hook);
-            QFETCH(bool, disabled);
+            QFETCH(bool, disabled); // Escape and Alt+F4
             QFETCH(bool, closes);
             typename decltype(of)::type w;
             w.Init();
@@ -129,11 +126,7 @@ private Q_SLOTS:
 
     void keys_data()
     {
-        QTest::addColumn<bool>("isDialog");
-        QTest::addColumn<int>("key");
-        QTest::addColumn<int>("modifiers");
-        QTest::addColumn<QString>("calls");
-        QTest::addColumn<bool>("accepted");
+        columns<bool, int, int, QString, bool>("isDialog", "key", "modifiers", "calls", "accepted");
         forClasses([](bool isDialog, const char *name) {
             const auto row = [=](const char *what, int key, int modifiers, const char *calls, bool accepted) {
                 QTest::addRow("%s %s", name, what)
@@ -181,12 +174,10 @@ private Q_SLOTS:
 
     void returnKey_data()
     {
-        QTest::addColumn<bool>("isDialog");
-        QTest::addColumn<QString>("state"); // of the first button, as words
-        QTest::addColumn<QString>("clicked");
+        columns<bool, QString, QString>("isDialog", "state", "clicked"); // the buttons' state in words
         forClasses([](bool isDialog, const char *name) {
             const auto row = [=](const char *state, const char *clicked) {
-                QTest::addRow("%s %s", name, state) << isDialog << QString(state) << QString(clicked);
+                QTest::addRow("%s %s", name, state) << isDialog << state << clicked;
             };
             row("default focused", "first");
             row("default", "");
@@ -240,14 +231,11 @@ private Q_SLOTS:
 
     void parentHides_data()
     {
-        QTest::addColumn<bool>("isDialog");
-        QTest::addColumn<bool>("modal");
-        QTest::addColumn<QString>("way");
-        QTest::addColumn<int>("closes");
+        columns<bool, bool, QString, int>("isDialog", "modal", "way", "closes");
         forClasses([](bool isDialog, const char *name) {
             const auto row = [=](const char *way, bool modal, int closes) {
                 QTest::addRow("%s %s%s", name, way, modal ? ", modal" : "")
-                    << isDialog << modal << QString(way) << closes;
+                    << isDialog << modal << way << closes;
             };
             row("hidden", true, 1);
             row("ancestor hidden", true, 1);
@@ -292,27 +280,20 @@ private Q_SLOTS:
 
     void centring_data()
     {
-        QTest::addColumn<QRect>("area");
-        QTest::addColumn<QRect>("parent"); // null: none
-        QTest::addColumn<QSize>("size");
-        QTest::addColumn<QPoint>("place");
-        QTest::newRow("no parent") << QRect(0, 0, 1000, 800) << QRect() << QSize(300, 201)
-                                   << QPoint(350, 299);
+        columns<QRect, QRect, QSize, QPoint>("area", "parent", "size", "place"); // no parent: a null one
+        const QRect none;
+        const QRect screen(0, 0, 1000, 800);
+        const QSize size(300, 200);
+        row("no parent", screen, none, QSize(300, 201), QPoint(350, 299));
         // The origin is not added, only kept to.
-        QTest::newRow("offset area") << QRect(400, 300, 600, 500) << QRect() << QSize(300, 200)
-                                     << QPoint(400, 300);
-        QTest::newRow("slightly offset")
-            << QRect(20, 10, 600, 500) << QRect() << QSize(300, 200) << QPoint(150, 150);
-        QTest::newRow("over the parent")
-            << QRect(0, 0, 1000, 800) << QRect(200, 150, 500, 400) << QSize(300, 200) << QPoint(300, 250);
-        QTest::newRow("over a child")
-            << QRect(0, 0, 1000, 800) << QRect(-200, -150, 500, 400) << QSize(300, 200) << QPoint(340, 270);
-        QTest::newRow("right, bottom")
-            << QRect(0, 0, 700, 500) << QRect(600, 400, 200, 200) << QSize(300, 200) << QPoint(400, 300);
-        QTest::newRow("left, top") << QRect(60, 50, 700, 500) << QRect(30, 20, 100, 100) << QSize(300, 200)
-                                   << QPoint(60, 50);
-        QTest::newRow("too large") << QRect(60, 50, 200, 100) << QRect() << QSize(300, 200) << QPoint(60, 50);
-        QTest::newRow("no answer") << QRect() << QRect() << QSize(300, 200) << QPoint(7, 8);
+        row("offset area", QRect(400, 300, 600, 500), none, size, QPoint(400, 300));
+        row("slightly offset", QRect(20, 10, 600, 500), none, size, QPoint(150, 150));
+        row("over the parent", screen, QRect(200, 150, 500, 400), size, QPoint(300, 250));
+        row("over a child", screen, QRect(-200, -150, 500, 400), size, QPoint(340, 270));
+        row("right, bottom", QRect(0, 0, 700, 500), QRect(600, 400, 200, 200), size, QPoint(400, 300));
+        row("left, top", QRect(60, 50, 700, 500), QRect(30, 20, 100, 100), size, QPoint(60, 50));
+        row("too large", QRect(60, 50, 200, 100), none, size, QPoint(60, 50));
+        row("no answer", none, none, size, QPoint(7, 8));
     }
     void centring()
     {
@@ -372,9 +353,9 @@ private Q_SLOTS:
 
     void destroyedWhileModal_data()
     {
-        QTest::addColumn<QString>("victim");
+        columns<QString>("victim");
         for (const char *victim : {"dialog", "parent", "ancestor", "dialog in its hook", "delete on close"})
-            QTest::newRow(victim) << QString(victim);
+            row(victim, victim);
     }
     void destroyedWhileModal()
     {

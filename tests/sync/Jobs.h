@@ -5,8 +5,10 @@
 #include "CBPSyncObj.h"
 
 #include <QSemaphore>
+#include <QStringList>
 
 #include <atomic>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -38,6 +40,36 @@ public:
 
 private:
     CBPEvtLoop *m_loop = nullptr;
+};
+
+// Notes what the executer asks of it, and lets the test act meanwhile.
+class Recorder : public CBPSyncObj
+{
+public:
+    QStringList calls;
+    std::function<void()> onText;
+    std::function<void()> beforeRun;
+    bool waits = true;
+
+    int run(CBPEvtLoop *loop, bool global) override
+    {
+        calls << (global ? "run global" : "run");
+        if (beforeRun)
+            beforeRun();
+        return waits ? CBPSyncObj::run(loop, global) : 0;
+    }
+    int exit(CBPEvtLoop *loop, bool global) override
+    {
+        calls << (global ? "exit global" : "exit");
+        return CBPSyncObj::exit(loop, global);
+    }
+    void setText(QString text) override
+    {
+        calls << text;
+        if (onText)
+            onText();
+        CBPSyncObj::setText(text);
+    }
 };
 
 // What a job does, apart from the executer, which may be gone while it runs.

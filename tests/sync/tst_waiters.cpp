@@ -4,6 +4,7 @@
 #include "CBPEvtLoop.h"
 #include "foundation/FontLookup.h"
 #include "platform/Platform.h"
+#include "Rows.h"
 #include "TestMain.h"
 #include "Util.h"
 #include "Waiting.h"
@@ -16,39 +17,31 @@
 
 namespace {
 
-// A waiter that may be told to act while it is being shown, and has a label.
-class Waiter : public CBPUISyncWaiter
+// May be told to act while it is being shown.
+template <class Base> class Watched : public Base
 {
 public:
-    using CBPUISyncWaiter::CBPUISyncWaiter;
+    using Base::Base;
+
+    std::function<void()> onShow;
+
+protected:
+    void showEvent(QShowEvent *event) override
+    {
+        Base::showEvent(event);
+        if (onShow)
+            onShow();
+    }
+};
+
+class Waiter : public Watched<CBPUISyncWaiter>
+{
+public:
     using CBPUISyncWaiter::setWaitingLabel;
-
-    std::function<void()> onShow;
-
-protected:
-    void showEvent(QShowEvent *event) override
-    {
-        CBPUISyncWaiter::showEvent(event);
-        if (onShow)
-            onShow();
-    }
+    using Watched::Watched;
 };
 
-class Dialog : public CBPWaiter
-{
-public:
-    using CBPWaiter::CBPWaiter;
-
-    std::function<void()> onShow;
-
-protected:
-    void showEvent(QShowEvent *event) override
-    {
-        CBPWaiter::showEvent(event);
-        if (onShow)
-            onShow();
-    }
-};
+using Dialog = Watched<CBPWaiter>;
 
 } // namespace
 
@@ -120,82 +113,59 @@ private Q_SLOTS:
 
     void escape_data()
     {
-        QTest::addColumn<bool>("responds");
-        QTest::newRow("off") << false;
-        QTest::newRow("on") << true;
+        columns<bool, bool, int, int>("responds", "exits", "modifiers", "ends");
+        row("off", false, false, 0, 0);
+        row("a slot ends it", true, true, 0, 1);
+        row("no slot does", true, false, 0, 1);
+        row("Shift", true, false, int(Qt::ShiftModifier), 0);
+        row("Ctrl", true, false, int(Qt::ControlModifier), 0);
     }
     void escape()
     {
         QFETCH(bool, responds);
-        Watchdog dog;
-        Waiter w("Wait");
-        w.SetRespondEsc(responds);
-        QSignalSpy escapes(&w, &CBPUISyncWaiter::sigPressEscape);
-        later(&w, [&] {
-            QTest::keyClick(&w, Qt::Key_Escape);
-            QCOMPARE(w.isVisible(), !responds);
-            QCOMPARE(w.GetResult(), int(!responds));
-            QTest::keyClick(&w, Qt::Key_A);
-            if (!responds)
-                w.exit(nullptr, false);
-        });
-        w.run(nullptr, false);
-        QVERIFY(!dog.bit());
-        QCOMPARE(escapes.size(), int(responds));
-        QCOMPARE(w.GetResult(), int(!responds));
-        w.exit(nullptr, false); // the job is over
-        QCOMPARE(w.GetResult(), 1);
-    }
-
-    void escapeEndsOnce_data()
-    {
-        QTest::addColumn<bool>("exits"); // a slot ends the wait itself
-        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
-        QTest::addColumn<int>("ends");
-        QTest::newRow("a slot ends it") << true << Qt::KeyboardModifiers() << 1;
-        QTest::newRow("no slot does") << false << Qt::KeyboardModifiers() << 1;
-        QTest::newRow("Shift") << false << Qt::KeyboardModifiers(Qt::ShiftModifier) << 0;
-        QTest::newRow("Ctrl") << false << Qt::KeyboardModifiers(Qt::ControlModifier) << 0;
-    }
-    void escapeEndsOnce()
-    {
-        QFETCH(bool, exits);
-        QFETCH(Qt::KeyboardModifiers, modifiers);
+        QFETCH(bool, exits); // by a slot itself
+        QFETCH(int, modifiers);
         QFETCH(int, ends);
         Watchdog dog;
         Waiter w("Wait");
-        w.SetRespondEsc(true);
+        w.SetRespondEsc(responds);
         QSignalSpy escapes(&w, &CBPUISyncWaiter::sigPressEscape);
         QSignalSpy finished(&w, &QDialog::finished);
         QSignalSpy rejected(&w, &QDialog::rejected);
         if (exits)
             connect(&w, &CBPUISyncWaiter::sigPressEscape, [&] { w.exit(nullptr, false); });
+        const int result = exits || ends == 0;
         later(&w, [&] {
-            QTest::keyClick(&w, Qt::Key_Escape, modifiers);
+            QTest::keyClick(&w, Qt::Key_Escape, Qt::KeyboardModifiers(modifiers));
             QCOMPARE(w.isVisible(), ends == 0);
             QCOMPARE(escapes.size(), ends);
             QCOMPARE(finished.size(), ends);
             QCOMPARE(rejected.size(), ends);
-            QCOMPARE(w.GetResult(), exits || ends == 0 ? 1 : 0);
+            QCOMPARE(w.GetResult(), result);
+            QTest::keyClick(&w, Qt::Key_A);
             if (w.isVisible())
                 w.exit(nullptr, false);
         });
         w.run(nullptr, false);
         QVERIFY(!dog.bit());
+        QCOMPARE(escapes.size(), ends);
+        QCOMPARE(w.GetResult(), result);
+        w.exit(nullptr, false); // the job is over
+        QCOMPARE(w.GetResult(), 1);
     }
 
     void waiterEnds_data()
     {
-        QTest::addColumn<QString>("how");
+        columns<QString>("how");
         for (const char *how : {"deleted", "parent deleted", "parent hidden", "deleted by Escape",
                                 "deleted by its end", "while it is being shown"})
-            QTest::newRow(how) << QString(how);
+            row(how, how);
     }
     void waiterEnds()
     {
         QFETCH(QString, how);
         Watchdog dog;
-        auto *parent = new QWidget;
+        const QPointer<QWidget> parent(new QWidget);
         parent->show();
         QPointer<Waiter> w(new Waiter("Wait", parent));
         w->SetRespondEsc(true);
@@ -220,8 +190,7 @@ private Q_SLOTS:
         QCOMPARE(w->run(nullptr, false), 0);
         QVERIFY(!dog.bit());
         QCOMPARE(!w, how.contains("deleted"));
-        if (how != "parent deleted")
-            delete parent;
+        delete parent;
     }
 
     void movie()
@@ -248,16 +217,12 @@ private Q_SLOTS:
         QCOMPARE(label->movie()->state(), QMovie::NotRunning);
     }
 
-    // ------------------------------------------------------------------------------------------------------
-    // the dialog that ends by itself
-
     void timeLimit_data()
     {
-        QTest::addColumn<int>("limit");
-        QTest::addColumn<bool>("minimised");
-        QTest::newRow("none") << 0 << false;
-        QTest::newRow("some") << 250 << false;
-        QTest::newRow("minimised") << 800 << true;
+        columns<int, bool>("limit", "minimised");
+        row("none", 0, false);
+        row("some", 250, false);
+        row("minimised", 800, true);
     }
     void timeLimit()
     {
@@ -294,16 +259,13 @@ private Q_SLOTS:
 
     void waiterKeys_data()
     {
-        QTest::addColumn<QString>("how");
-        QTest::addColumn<bool>("responds");
-        QTest::addColumn<int>("result"); // -1: goes on
-        QTest::addColumn<int>("rejections");
-        QTest::newRow("Escape") << "Escape" << true << 0 << 1;
-        QTest::newRow("Escape, off") << "Escape" << false << -1 << 0;
-        QTest::newRow("close") << "close" << true << 0 << 1;
-        QTest::newRow("close, off") << "close" << false << -1 << 0;
-        QTest::newRow("UnRun") << "UnRun" << false << 1 << 0;
-        QTest::newRow("five minutes") << "on_TimeoutQuit" << true << 1 << 1;
+        columns<QString, bool, int, int>("how", "responds", "result", "rejections"); // result -1: goes on
+        row("Escape", "Escape", true, 0, 1);
+        row("Escape, off", "Escape", false, -1, 0);
+        row("close", "close", true, 0, 1);
+        row("close, off", "close", false, -1, 0);
+        row("UnRun", "UnRun", false, 1, 0);
+        row("five minutes", "on_TimeoutQuit", true, 1, 1);
     }
     void waiterKeys()
     {
@@ -318,12 +280,10 @@ private Q_SLOTS:
         later(&w, [&] {
             if (how == "Escape")
                 QTest::keyClick(&w, Qt::Key_Escape);
-            else if (how == "close")
-                w.close();
             else if (how == "UnRun")
                 w.UnRun();
             else
-                QMetaObject::invokeMethod(&w, how.toLatin1().constData());
+                QVERIFY(QMetaObject::invokeMethod(&w, how.toLatin1().constData()));
             ended = !w.isVisible();
             if (!ended)
                 w.UnRun();
@@ -338,13 +298,9 @@ private Q_SLOTS:
 
     void endedWhileShown_data()
     {
-        QTest::addColumn<QString>("how");
-        QTest::addColumn<int>("result");
-        QTest::newRow("UnRun") << "UnRun" << 1;
-        QTest::newRow("close") << "close" << 0;
-        QTest::newRow("reject") << "reject" << 0;
-        QTest::newRow("hide") << "hide" << 0;
-        QTest::newRow("deleted on close") << "delete" << 1;
+        columns<QString>("how");
+        for (const char *how : {"UnRun", "close", "reject", "hide", "delete"})
+            row(how, how);
     }
     // Before its loop runs, too.
     void endedWhileShown()
@@ -358,12 +314,8 @@ private Q_SLOTS:
             acted = true;
             if (how == "UnRun" || how == "delete")
                 w->UnRun();
-            else if (how == "close")
-                w->close();
-            else if (how == "reject")
-                w->reject();
             else
-                w->hide();
+                QVERIFY(QMetaObject::invokeMethod(w, how.toLatin1().constData()));
         };
         w->Run();
         QVERIFY(acted && !dog.bit());
@@ -374,7 +326,7 @@ private Q_SLOTS:
         QVERIFY(w && !w->isVisible() && !w->isModal());
         QVERIFY(!w->windowHandle()->isVisible() &&
                 !QGuiApplication::modalWindow()); // which would block all others
-        QTEST(w->result(), "result");
+        QCOMPARE(w->result(), int(how == "UnRun"));
         w->onShow = nullptr; // and it can be run again
         w->Run();
         QVERIFY(!dog.bit());
@@ -424,15 +376,15 @@ private Q_SLOTS:
 
     void waiterDeleted_data()
     {
-        QTest::addColumn<QString>("how");
+        columns<QString>("how");
         for (const char *how : {"itself", "parent", "when finished", "on close"})
-            QTest::newRow(how) << QString(how);
+            row(how, how);
     }
     void waiterDeleted()
     {
         QFETCH(QString, how);
         Watchdog dog;
-        auto *parent = new QWidget;
+        const QPointer<QWidget> parent(new QWidget);
         parent->show();
         QPointer<CBPWaiter> w(new CBPWaiter(parent, "Loading", 100, false));
         w->setAttribute(Qt::WA_DeleteOnClose, how == "on close");
@@ -446,8 +398,7 @@ private Q_SLOTS:
         });
         w->Run();
         QVERIFY(!w && !dog.bit());
-        if (how != "parent")
-            delete parent;
+        delete parent;
     }
 
     void waiterLook()

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QtTest>
+
+// The table of a test, a line a row: the formatter gives every text of a chain of << a line of its own.
+
+// The columns of the table: columns<int, QString>("length", "text").
+template <class... Types, class... Names> void columns(Names... names)
+{
+    (QTest::addColumn<Types>(names), ...);
+}
+
+template <class... Cells> void row(const char *name, const Cells &...cells)
+{
+    (QTest::newRow(name) << ... << cells);
+}

@@ -1,0 +1,213 @@
+#include "CMsgBox.h"
+
+#include "MsgBoxProbe.h"
+#include "Pixels.h"
+#include "platform/Platform.h"
+#include "Rows.h"
+#include "TestMain.h"
+
+#include <QScrollArea>
+#include <QScrollBar>
+
+namespace {
+
+QString longWord(int length)
+{
+    return QString(length, QLatin1Char('m'));
+}
+
+// The label is whole, if only by scrolling, and so is the button below it.
+void verifyFits(MsgBox &box, QLabel *label, bool scrolls)
+{
+    QTRY_COMPARE(box.findChild<QScrollArea *>() != nullptr, scrolls);
+    QTRY_VERIFY(label->height() >= label->heightForWidth(label->width()));
+    QVERIFY(isWholeIn(label, scrolls ? box.findChild<QScrollArea *>()->widget() : &box));
+    QVERIFY(isWholeIn(box.GetBtn(kOk), &box));
+    QVERIFY(box.height() <= 600);
+}
+
+void verifyScrolling(const MsgBox &box, const QScrollArea &area, bool wide)
+{
+    if (wide) {
+        QCOMPARE(box.width(), 1024);
+        QVERIFY(area.horizontalScrollBar()->maximum() > 0);
+        QTRY_COMPARE(area.verticalScrollBar()->maximum() > 0, box.height() == 600);
+    } else {
+        QTRY_VERIFY(area.verticalScrollBar()->isVisible());
+        QVERIFY(area.verticalScrollBar()->maximum() > 0);
+        QCOMPARE(area.horizontalScrollBar()->maximum(), 0);
+        QVERIFY(area.focusPolicy() & Qt::TabFocus);
+    }
+}
+
+} // namespace
+
+// How large message boxes are: all of a text is to be seen, on small screens, too.
+class TestMsgBoxSizes : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { lumqt::platform::answers() = m_answers; }
+
+    void texts_data()
+    {
+        const QString words = QString("word ").repeated(4000);
+        columns<QString, QString, int, bool>("text", "head", "width", "scrolls");
+        row("empty", "", "", 0, false);
+        row("lines", QString("a line of it\n").repeated(12), "Head", 0, false);
+        row("a long word", longWord(300), longWord(200), 0, false);
+        row("20000, words", words, "Head", 0, true);
+        row("20000, one word", longWord(20000), "Head", 0, true);
+        row("20000, rich", "<b>" + words, "Head", 0, true);
+        row("20000, the heading", "Text", longWord(20000), 0, true);
+        row("wider than 500", "<pre>" + longWord(60), "", 400, false);
+        row("wider than the screen", "<pre>" + longWord(4000), "", 1025, true);
+        row("wide and high", "<pre>" + (longWord(200) + "\n").repeated(99), "", 1025, true);
+        row("a huge picture", "<img width=3000 height=20> and words", "", 3000, true);
+    }
+    // At once, or when the text comes later.
+    void texts()
+    {
+        QFETCH(QString, text);
+        QFETCH(QString, head);
+        QFETCH(int, width); // of the label, at least; 0: the box keeps its own
+        QFETCH(bool, scrolls);
+        lumqt::platform::answers().workArea = [] { return QRect(0, 0, 1024, 600); };
+        for (const bool later : {false, true}) {
+            MsgBox box;
+            box.whileRunning([&] {
+                if (later) {
+                    box.move(100, 50);
+                    QTRY_COMPARE(box.pos(), QPoint(100, 50));
+                    box.label("Text")->setText(text);
+                }
+                box.grab();
+                for (QLabel *label :
+                     {box.label(text), box.label("<font color=\"#4baeb3\">" + head + "</font>")}) {
+                    if (label->isHidden() || label->text().isEmpty())
+                        continue;
+                    QTRY_VERIFY(label->width() >= width);
+                    verifyFits(box, label, scrolls);
+                }
+                QVERIFY(width ? box.width() > 500 : box.width() == 500);
+                // A window system that is asked to move and resize at once may answer in any order.
+                if (later && text != "Text" && QGuiApplication::platformName() == "offscreen")
+                    QVERIFY(QRect(0, 0, 1024, 600).contains(box.geometry()));
+                if (scrolls)
+                    verifyScrolling(box, *box.findChild<QScrollArea *>(), width > 0);
+            });
+            box.message(0, later ? "Text" : text, head, kOk);
+        }
+    }
+
+    // What a label shows at the end of a long text is to be seen: the last line is inked. And nothing of it
+    // ends at the right edge, but for what no line can hold.
+    void lastLine()
+    {
+        MsgBox box;
+        box.whileRunning([&] {
+            QLabel *label = box.label(longWord(200));
+            const QRect ink = inkOf(shot(*label));
+            QVERIFY(ink.bottom() > label->height() - label->fontMetrics().height());
+            QVERIFY(ink.right() < label->width() - 1);
+        });
+        box.message(0, longWord(200), "", kOk);
+    }
+
+    void prompts()
+    {
+        lumqt::platform::answers().workArea = [] { return QRect(0, 0, 1024, 600); };
+        for (const int length : {400, 20000}) {
+            for (const bool folder : {true, false}) {
+                const QString text = longWord(length);
+                MsgBox box;
+                box.whileRunning([&] {
+                    box.grab();
+                    verifyFits(box, box.label(text), length == 20000);
+                    QCOMPARE(box.width(), 500);
+                });
+                if (folder)
+                    box.showCreateDirBox(0, text, kOk);
+                else
+                    box.showUserAndPasswordBox(0, text, 1, 9, kOk);
+            }
+        }
+    }
+
+    void checkTexts_data()
+    {
+        columns<int, int, bool>("length", "buttons", "cut");
+        row("none", 0, kOk, false);
+        row("fits", 4, kOk | kCancel, false);
+        row("lines", 16, kOk | kCancel, false);
+        row("too long", 4000, kOk, true);
+        row("no room", 8, kOk | kYes | kNo | kCancel | 0x8, false);
+    }
+    void checkTexts()
+    {
+        QFETCH(int, length);
+        QFETCH(int, buttons);
+        QFETCH(bool, cut);
+        const QString text = QString("word ").repeated(length).trimmed();
+        MsgBox box;
+        box.whileRunning([&] {
+            box.grab();
+            auto *check = box.findChild<QCheckBox *>();
+            QString shown = check->text();
+            QCOMPARE(shown.replace('\n', ' ') == text, !cut);
+            QCOMPARE(check->toolTip(), cut ? text : QString());
+            QCOMPARE(check->accessibleName(), text);
+            QVERIFY(check->height() >= check->sizeHint().height());
+            QVERIFY(check->width() >= check->sizeHint().width());
+            QVERIFY(isWholeIn(check, &box));
+            const auto all = box.findChildren<CBPPushBtn *>();
+            for (const CBPPushBtn *button : all) {
+                QVERIFY(isWholeIn(button, &box));
+                QVERIFY(button->mapTo(&box, QPoint(0, 0)).x() >
+                        check->mapTo(&box, QPoint(check->width(), 0)).x());
+            }
+            QVERIFY(box.width() == 500 || all.size() == 5);
+        });
+        box.messageWithCheckbox(0, "Text", text, "", buttons);
+    }
+
+    void longLink()
+    {
+        MsgBox box;
+        box.whileRunning([&] {
+            box.grab();
+            auto *link = box.findChild<CBPLinkerButton *>();
+            QCOMPARE(box.width(), 500);
+            QVERIFY(isWholeIn(link, &box));
+            QCOMPARE(link->toolTip(), link->text());
+        });
+        box.messageWithLink(0, "Text", longWord(20000), "", "", kOk);
+    }
+
+    // Also once it scrolls, and as far as the screen allows.
+    void growsScrolling()
+    {
+        lumqt::platform::answers().workArea = [] { return QRect(0, 0, 1024, 600); };
+        MsgBox box;
+        const QString wide = "<pre>" + QString(400, 'm');
+        box.whileRunning([&] {
+            QLabel *label = box.label(wide);
+            auto *area = box.findChild<QScrollArea *>();
+            for (const auto &[lines, whole] : {std::pair(15, true), std::pair(400, false)}) {
+                const int before = box.height();
+                label->setText(wide + QString("\nline").repeated(lines));
+                QTRY_VERIFY(box.height() > before);
+                QTRY_COMPARE(area->verticalScrollBar()->maximum() == 0, whole);
+            }
+            QCOMPARE(box.height(), 600);
+        });
+        box.message(0, wide, "", kOk);
+    }
+
+private:
+    const lumqt::platform::Answers m_answers = lumqt::platform::answers();
+};
+
+LUMQT_TEST_MAIN(TestMsgBoxSizes)
+#include "tst_msgbox_sizes.moc"

@@ -1,0 +1,108 @@
+#include "frames/FrameGeometry.h"
+#include "frames/FramePainter.h"
+#include "Rows.h"
+#include "TestMain.h"
+
+#include <QPainter>
+
+using namespace lumqt::frame;
+
+// The frame of CBaseWin as plain functions of sizes, without a window.
+class TestFrameGeometry : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void geometry()
+    {
+        const QSize glyph(28, 28);
+        const ButtonSizes sizes{QSize(0, 0), glyph, QSize(9, 28), glyph, glyph, glyph};
+        const int lefts[] = {146, 141, 108, 94, 61, 28};
+        for (const int fw : {4, 8}) {
+            const int right = fw == 4 ? 634 : 630; // of the close button, as it is pressed
+            const int top = fw == 4 ? 7 : 9;
+            for (int id = 0; id < kButtonCount; ++id) {
+                const QPoint at(right - lefts[id], id == 0 ? 14 : 0); // there is no image 0
+                QCOMPARE(hitRects(640, fw, sizes)[id], QRect(at + QPoint(0, top), sizes[id]));
+                QCOMPARE(paintedRects(640, fw, sizes)[id], QRect(at + QPoint(-6, fw + 7), sizes[id]));
+            }
+            const QRect icon = iconRect(fw, QSize(24, 24));
+            QCOMPARE(icon.topLeft(), QPoint(fw + 8, fw / 2 + (38 + fw - 24) / 2));
+            QCOMPARE(captionRect(fw, true, 24), QRect(fw + 37, fw / 2, 65535, 38 + fw));
+            QCOMPARE(captionRect(fw, false, 0).left(), fw + 8);
+            QCOMPARE(titleBarRect(600, fw, false), QRect(0, fw, 600, 38));
+            QCOMPARE(titleBarRect(600, fw, true), QRect(0, 0, 600, 38 + fw));
+
+            const auto at = [&](int x, int y) { return int(partAt(QPoint(x, y), 640, fw, sizes, icon)); };
+            const QList<int> buttons{at(right - 1, top), at(right - 28, top + 27), at(right - 61, top),
+                                     at(right - 100, top), at(right - 141, top)};
+            QCOMPARE(buttons, (QList<int>{5, 5, 4, 2, 1}));
+            const QList<int> besides{at(right, top), at(right - 29, top), at(right - 146, top + 14),
+                                     at(-3, -3)};
+            QCOMPARE(besides, (QList<int>{-1, -1, -1, -1}));
+            QCOMPARE(at(icon.left(), icon.top()), 7);
+            QCOMPARE(int(partAt(QPoint(10, 10), -50, fw, ButtonSizes(), QRect())), -1);
+            QCOMPARE(int(partAt(QPoint(right - 1, top), 640, fw, sizes, QRect(0, 0, 640, 60))), 5);
+        }
+    }
+
+    void edges()
+    {
+        const auto at = [](int x, int y) { return edgesAt(QPoint(x, y), QSize(200, 100), 4); };
+        QCOMPARE(at(3, 50), Qt::LeftEdge);
+        QCOMPARE(at(196, 50), Qt::RightEdge);
+        QCOMPARE(at(100, 99), Qt::BottomEdge);
+        QCOMPARE(at(16, 0), Qt::TopEdge);
+        QCOMPARE(at(15, 0), Qt::TopEdge | Qt::LeftEdge); // a corner reaches along its edges
+        QCOMPARE(at(199, 84), Qt::BottomEdge | Qt::RightEdge);
+        QCOMPARE(at(4, 50) | at(4, 4) | at(-1, 50), Qt::Edges());
+    }
+
+    void picture_data()
+    {
+        columns<int, qreal, QSize>("fw", "ratio", "size"); // of the client area
+        for (int fw : {3, 4, 8}) {
+            for (qreal ratio : {1.0, 1.25, 1.5, 2.0}) {
+                QTest::addRow("%d at %g", fw, ratio) << fw << ratio << QSize(240, 160);
+                QTest::addRow("%d at %g, odd", fw, ratio) << fw << ratio << QSize(241, 163);
+            }
+        }
+    }
+    void picture()
+    {
+        QFETCH(int, fw);
+        QFETCH(qreal, ratio);
+        QFETCH(QSize, size);
+        const QColor outside(1, 2, 3);
+        const QColor untouched(4, 5, 6);
+        // The system makes a frame of whole pixels.
+        const QMargins margins = (QMarginsF(fw, titleHeight(fw), fw, fw) * ratio).toMargins();
+        const QRect client(QPoint(margins.left(), margins.top()), (QSizeF(size) * ratio).toSize());
+        const QSize all = client.marginsAdded(margins).size();
+        QImage image(all, QImage::Format_RGB32);
+        image.setDevicePixelRatio(ratio);
+        image.fill(untouched);
+        QPainter painter(&image);
+        paintFrame(painter, QSizeF(-3, 0), QRectF(fw, fw, -3, -3), fw, outside); // paints nothing
+        const QRectF area(QPointF(client.topLeft()) / ratio, QSizeF(client.size()) / ratio);
+        paintFrame(painter, QSizeF(all) / ratio, area, fw, outside);
+        painter.end();
+
+        const int line = qMax(1, qRound(ratio));
+        const QRect strip(QPoint(client.left(), qRound(fw * ratio)), client.topRight() - QPoint(0, 1));
+        QImage expected(all, QImage::Format_RGB32);
+        expected.fill(outside);
+        painter.begin(&expected);
+        painter.fillRect((strip | client).adjusted(-line, -line, line, line), QColor(34, 133, 212));
+        painter.fillRect(strip, Qt::white);
+        painter.fillRect(strip.adjusted(0, strip.height() - line, line, 0),
+                         QColor(221, 221, 221)); // over the border, too
+        painter.fillRect(client, untouched);
+        painter.end();
+        image.setDevicePixelRatio(1);
+        QCOMPARE(image, expected);
+    }
+};
+
+LUMQT_TEST_MAIN(TestFrameGeometry)
+#include "tst_framegeometry.moc"
