@@ -16,6 +16,15 @@ namespace {
 
 const QColor kArrow(127, 134, 143);
 
+// Of a button that is see-through around its content.
+QImage onWhite(QWidget &widget)
+{
+    QImage image(widget.size(), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    widget.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+    return image;
+}
+
 } // namespace
 
 class TestSmallButtons : public QObject
@@ -123,7 +132,7 @@ private Q_SLOTS:
         const QRect mark = boxOf(button.grab().toImage(), m_off[0]);
         QCOMPARE(mark.size(), QSize(10, 10)); // no text over it
         QCOMPARE(mark.top(), 0);
-        QVERIFY(!inkOf(button.grab().toImage().copy(0, 11, button.width(), 99)).isEmpty());
+        QVERIFY(!inkOf(onWhite(button).copy(0, 11, button.width(), button.height() - 11)).isEmpty());
         QVERIFY(qAbs(mark.center().x() - button.width() / 2) <= 1);
         QSignalSpy clicks(&button, SIGNAL(btn_released(int)));
         QTest::mouseClick(&button, Qt::LeftButton);
@@ -139,7 +148,7 @@ private Q_SLOTS:
         CBPImageTextBtn button(files(m_off, 80), "ii");
         button.SetTextBelow(true);
         QCOMPARE(button.width(), 80);
-        const QRect text = inkOf(button.grab().toImage().copy(0, 11, 80, 99), 200);
+        const QRect text = inkOf(onWhite(button).copy(0, 11, 80, 20), 200);
         QVERIFY2(!text.isEmpty() && qAbs(text.left() - (79 - text.right())) <= 2, wordsOf(text));
     }
 
