@@ -1,13 +1,18 @@
 #!/usr/bin/env python3
-"""Prints a header for Doxygen, without the declarations that only say "override".
+"""Prints a file for Doxygen.
 
-What such a function does is told where it was declared first, often in Qt. One with a comment of its own stays; "since"
-alone is none. The number of lines does not change, so that warnings point at the right one.
+An example: what stands between two markers of a snippet begins at the left margin.
+
+A header: without the declarations that only say "override". What such a function does is told where it was declared
+first, often in Qt. One with a comment of its own stays; "since" alone is none. The number of lines does not change, so
+that warnings point at the right one.
 """
 import re
 import sys
+import textwrap
 
 BARE_OVERRIDE = re.compile(r"\)\s*(const\s*)?override(\s*=\s*default)?\s*;")
+SNIPPET = re.compile(r"^ *//! (\[\w+\])\n.*?^ *//! \1\n", re.M | re.S)
 
 
 def without_bare_overrides(text):
@@ -28,6 +33,11 @@ def without_bare_overrides(text):
     return "\n".join(lines)
 
 
+def at_the_margin(text):
+    return SNIPPET.sub(lambda found: textwrap.dedent(found.group()), text)
+
+
 if __name__ == "__main__":
+    for_doxygen = without_bare_overrides if sys.argv[1].endswith(".h") else at_the_margin
     with open(sys.argv[1], encoding="utf-8") as source:
-        sys.stdout.write(without_bare_overrides(source.read()))
+        sys.stdout.write(for_doxygen(source.read()))

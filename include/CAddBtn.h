@@ -5,8 +5,8 @@
 /// A push button with a plus mark, alone or before a text, in the colour of the text.
 ///
 /// It is 28 pixels high, without a text as wide. An icon is not drawn: the mark is one. Screen readers are
-/// told the accessible name; where none was set, the text, the tool tip or "Add", whichever comes first. GUI
-/// thread only. \since 1.0
+/// told the accessible name; where none was set, the text, the tool tip or "Add", whichever comes first.
+/// Right-to-left nothing is mirrored. GUI thread only. \since 1.0
 class LUMQT_EXPORT CAddBtn : public CBPPushBtn
 {
     Q_OBJECT

@@ -38,8 +38,13 @@ public:
     /// \since 1.0
     ~CBPFlowLayout() override;
 
-    /// Adds an item at the end; the layout owns it then. Use QLayout::addWidget() for widgets. Null is left
-    /// out with a warning. \since 1.0
+    /// Adds a widget at the end; it becomes a child of the widget that the layout is set on. Left out with a
+    /// warning: null, and a widget that the layout lies in. \since 1.0
+    void addWidget(QWidget *widget);
+
+    /// Adds an item at the end, a spacer or a layout; the layout owns it then. Left out with a warning, and
+    /// still the caller's: null, an item that is there already, this layout itself, a layout that this one
+    /// lies in or that holds a widget around it. \since 1.0
     void addItem(QLayoutItem *item) override;
 
     /// Number of items.
@@ -89,6 +94,7 @@ public:
 private:
     class Gaps;
 
+    bool canTake(QLayoutItem *item) const;
     int doLayout(const QRect &rect, bool testOnly) const;
     int smartSpacing(QStyle::PixelMetric pm) const;
     bool isMirrored() const;

@@ -157,6 +157,7 @@ protected:
     void hideEvent(QHideEvent *event) override;
 
 private:
+    friend class CBPImageTextBtn;
     static constexpr int kStates = 4;
 
     static QAccessibleInterface *makeAccessible(QWidget *widget);
@@ -188,6 +189,7 @@ private:
     bool m_round;
     int m_spacing = 0;
     int m_leftMargin = 0;
+    int m_textIndent = 0; // of a text below the image
     QSize m_size;
     int m_id;
     int m_border;

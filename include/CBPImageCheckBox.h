@@ -51,5 +51,5 @@ private:
 
     QVector<QString> m_images; // four unchecked, four checked; empty where there are others
     std::unique_ptr<lumqt::PaintedImage> m_mark;
-    bool m_showsFocus = false; // it came by the keyboard
+    bool m_showsFocus = false; // focused by somebody who uses the keyboard
 };

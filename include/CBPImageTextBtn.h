@@ -5,7 +5,7 @@
 /// An image button with a text from the start: beside the image or below it, in the library's font and
 /// colours, as large as both need.
 ///
-/// Everything else is CBPImageButton's. GUI thread only. \since 1.0
+/// Everything else is CBPImageButton's. Right-to-left nothing is mirrored. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPImageTextBtn : public CBPImageButton
 {
     Q_OBJECT
@@ -21,13 +21,14 @@ public:
     /// \since 1.0
     void SetTextBelow(bool below);
 
-    /// Sets the text in the library's font and colours; the button sizes itself.
-    /// \since 1.0
+    /// Sets the text in the library's font and colours; the button sizes itself. Without a text it is the
+    /// image alone. \since 1.0
     void SetLabel(const QString &text);
 
 private:
     static QAccessibleInterface *makeAccessible(QWidget *widget);
     void arrange();
+    void showImageAlone();
 
     const QSize m_imageSize;
     QString m_label;

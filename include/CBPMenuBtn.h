@@ -5,7 +5,7 @@
 /// A push button that opens a menu, its triangle right behind its text, both centred as one.
 ///
 /// Fill the menu with AppendMenuItem() and listen to sigActionTriggered(). A text that does not fit ends in
-/// an ellipsis; an icon has no place. Screen readers are told a button with a menu, by the accessible name,
+/// an ellipsis; an icon is not drawn. Screen readers are told a button with a menu, by the accessible name,
 /// the text or the tool tip. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPMenuBtn : public CBPPushBtn
 {

@@ -8,9 +8,10 @@
 /// A style that gives every item of a menu one fixed size, takes the menu's frame away and lets the menu
 /// scroll where it is taller than the screen.
 ///
-/// Everything else comes from a style of its own of the application's kind; the application's style object
-/// itself is never touched. A widget does not own its style: keep this one longer than the menu, or give it
-/// the menu as parent. GUI thread only. \since 1.0
+/// Everything else comes from a style of its own, of the kind that the application has when it is made; where
+/// that has no name (a style sheet of the application, a style made without QStyleFactory) of the desktop's.
+/// The application's style object itself is never touched. A widget does not own its style: keep this one
+/// longer than the menu, or give it the menu as parent. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPMenuItemSizeStyle : public QProxyStyle
 {
     Q_OBJECT

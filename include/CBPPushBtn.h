@@ -190,6 +190,7 @@ private Q_SLOTS:
 private:
     class ClickWatch;
     friend class ClickWatch;
+    friend class CBPMenuBtn;
     friend class CBPPopWnd;
 
     void init();

@@ -28,4 +28,9 @@ protected:
     bool hitButton(const QPoint &position) const override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void enterEvent(QEvent *event) override;
+
+private:
+    void hover(const QPoint &position);
 };

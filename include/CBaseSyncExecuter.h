@@ -45,7 +45,8 @@ public:
     /// "STR_GLOBAL_UNIQUE" makes it a global wait, which shows no window.
     ///
     /// The job is waited for on behalf of \a window: the wait ends when that emits `sigQuit(void *)` or is
-    /// destroyed. If it is null, nothing ends the wait but the job.
+    /// destroyed. If it is null, the wait ends with the job, when it is broken off in \a syncObj, or with the
+    /// application; CWorkThreadMgr::WaitForAllExist() does not wait for such a job.
     ///
     /// \a attached is owned: it is deleted with the executer. A CUIBaseThread is asked to stop when the
     /// window goes. \since 1.0

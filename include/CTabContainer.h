@@ -34,7 +34,8 @@ public:
     explicit CTabContainer(QWidget *parent = nullptr);
     ~CTabContainer() override;
 
-    /// Adds a tab and its page at the end. The page becomes a child of the container.
+    /// Adds a tab and its page at the end. The page becomes a child of the container; one that is given
+    /// another parent later is neither shown nor hidden any more.
     ///
     /// \a strText is the tab's text, \a strExtra the file of its icon; empty: none. \a id is what the signals
     /// report; it should be the tab's own (a second tab of an id is told in the log, and can be clicked, but
@@ -68,6 +69,7 @@ private:
 
     void Layout();
     CBPPushBtn *GetTabItem(int id);
+    bool isOwn(const QWidget *page) const;
 
     QPointer<lumqt::TabBar> m_pTabBar;
     QPointer<QHBoxLayout> m_pContentLayout;

@@ -102,7 +102,7 @@ void CBPImageButton::DrawTextW(QPainter *painter)
     if (!painter || m_text.isEmpty() || m_images.size() != kStates || m_textColors.size() != kStates)
         return;
     const QSize image = m_paintedImage.isValid() ? m_paintedImage : imageSize(m_index);
-    QPoint start(0, image.height() + m_spacing);
+    QPoint start(m_textIndent, image.height() + m_spacing);
     if (m_besideImage) {
         start = QPoint(image.width() + (m_round ? height() / 2 : 0) + m_spacing + m_leftMargin + m_border, 0);
     }

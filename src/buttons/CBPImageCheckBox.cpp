@@ -71,7 +71,7 @@ bool CBPImageCheckBox::hitButton(const QPoint &position) const
 
 void CBPImageCheckBox::focusInEvent(QFocusEvent *event)
 {
-    m_showsFocus = event->reason() != Qt::MouseFocusReason;
+    m_showsFocus = lumqt::showsFocusFor(this, event->reason());
     CBPCheckBox::focusInEvent(event);
     update();
 }

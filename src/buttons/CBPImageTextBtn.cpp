@@ -3,6 +3,8 @@
 #include "foundation/Accessible.h"
 #include "foundation/FontLookup.h"
 
+#include <QFontMetrics>
+
 namespace {
 
 // Of the text in the states normal, hover, pressed, disabled.
@@ -51,14 +53,32 @@ void CBPImageTextBtn::SetLabel(const QString &text)
 
 void CBPImageTextBtn::arrange()
 {
+    if (m_label.isEmpty()) {
+        showImageAlone();
+        return;
+    }
     SetBorder(kBorder, false);
     // The base puts the text of the other arrangement at the very left edge, where the focus ring is, and
     // the image where it was.
-    const QString space = m_below && !m_label.isEmpty() ? QStringLiteral(" ") : QString();
+    const QString space = m_below ? QStringLiteral(" ") : QString();
     SetText(space + m_label + space, lumqt::uiFont(), textColors(), !m_below, m_below ? kGapBelow : kGap,
             m_below ? 0 : kMargin);
     const QSize room = m_below ? GetSize() - m_imageSize : QSize(0, 0);
     if (m_below)
         SetBorder(qMax(0, room.width() / 2), false);
     SetIconVoffset(-room.height() / 2);
+    m_textIndent = 0;
+    if (m_below) // under the middle of an image that is wider
+        m_textIndent = qMax(0, (GetSize().width() - QFontMetrics(m_font).horizontalAdvance(m_text)) / 2);
+}
+
+void CBPImageTextBtn::showImageAlone()
+{
+    SetBorder(0, false);
+    SetIconVoffset(0);
+    SetText(QString(), lumqt::uiFont(), textColors(), true, 0, 0);
+    if (m_images.size() != kStates)
+        return;
+    m_size = m_imageSize;
+    setFixedSize(m_size);
 }

@@ -1,8 +1,10 @@
 #include "CBPMenuBtn.h"
 
 #include "foundation/Accessible.h"
+#include "foundation/Painting.h"
 
 #include <QFontMetrics>
+#include <QPainter>
 
 namespace {
 
@@ -60,10 +62,12 @@ QSize CBPMenuBtn::sizeHint() const
 void CBPMenuBtn::drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, int index)
 {
     QRect content = rect.adjusted(0, 0, -(kGap + kTriangle), 0);
-    const int shown =
-        QFontMetrics(textFont()).horizontalAdvance(elided(text(), content.width() - 2 * kTextInset));
-    CBPPushBtn::drawPixmapAndText(painter, pen, content, index);
-    // The base draws the triangle next, half of the spacing right of the button's middle.
-    const int behind = content.x() + (content.width() + shown) / 2 + kGap;
-    setSpacing(text().isEmpty() ? -kTriangle : 2 * behind - width());
+    const QString label = elided(text(), content.width() - 2 * kTextInset);
+    pen.setColor(paintedTextColor(index));
+    painter->setPen(pen);
+    m_textLayout->drawCentred(*painter, content, label, textFont());
+    // The base draws the triangle next, half of icon and spacing right of the button's middle.
+    const int behind =
+        content.x() + (content.width() + QFontMetrics(textFont()).horizontalAdvance(label)) / 2 + kGap;
+    setSpacing((text().isEmpty() ? -kTriangle : 2 * behind - width()) - iconWidth());
 }

@@ -203,7 +203,7 @@ void CBPPushBtn::setSelected(bool selected)
     m_selected = selected;
     update();
     if (changed)
-        lumqt::tellChecked(this);
+        lumqt::tellChosen(this, selected);
 }
 
 bool CBPPushBtn::isSelected() const

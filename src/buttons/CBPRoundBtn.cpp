@@ -1,8 +1,11 @@
 #include "CBPRoundBtn.h"
 
+#include "ENState.h"
 #include "foundation/Accessible.h"
 
+#include <QCursor>
 #include <QMouseEvent>
+#include <QPointer>
 
 namespace {
 
@@ -23,6 +26,7 @@ CBPRoundBtn::CBPRoundBtn(int diameter, int id, QWidget *parent) : CBPPushBtn(QSt
 {
     lumqt::installAccessible("CBPRoundBtn", makeAccessible);
     setParent(parent);
+    setMouseTracking(true); // it enters the circle after the corner
     SetDiameter(diameter);
 }
 
@@ -59,8 +63,37 @@ void CBPRoundBtn::mousePressEvent(QMouseEvent *event)
 void CBPRoundBtn::mouseReleaseEvent(QMouseEvent *event)
 {
     // The base takes any release for a click.
-    if (event->button() != Qt::LeftButton || isDown())
-        CBPPushBtn::mouseReleaseEvent(event);
-    else
+    if (event->button() == Qt::LeftButton && !isDown()) {
         event->ignore();
+        return;
+    }
+    const QPointer<CBPRoundBtn> alive(this);
+    CBPPushBtn::mouseReleaseEvent(event);
+    if (alive && !hitButton(event->pos()))
+        hover(event->pos());
+}
+
+void CBPRoundBtn::mouseMoveEvent(QMouseEvent *event)
+{
+    if (event->buttons() == Qt::NoButton)
+        hover(event->pos());
+    CBPPushBtn::mouseMoveEvent(event);
+}
+
+// The event brings the place where the mouse came in, unless an application made a plain one.
+void CBPRoundBtn::enterEvent(QEvent *event)
+{
+    CBPPushBtn::enterEvent(event);
+    const auto *entered = dynamic_cast<QEnterEvent *>(event);
+    hover(entered ? entered->pos() : mapFromGlobal(QCursor::pos()));
+}
+
+// For the base all of the square is the button.
+void CBPRoundBtn::hover(const QPoint &position)
+{
+    const bool hit = hitButton(position);
+    if (state() != (hit ? ENStateNormal : ENStateHover))
+        return;
+    setState(hit ? ENStateHover : ENStateNormal);
+    update();
 }

@@ -85,8 +85,11 @@ void CButtonGroupBox::slotBtnClicked(int id)
     if (m_exclusive) {
         const QObject *clicked = sender();
         for (CBPPushBtn *button : qAsConst(m_buttons)) {
-            if (button)
-                button->setSelected(button == clicked);
+            if (!button)
+                continue;
+            button->setSelected(button == clicked);
+            if (button == clicked)
+                m_focusGroup->choose(button);
         }
     }
     emit sigBtnClicked(id); // the group may be gone after

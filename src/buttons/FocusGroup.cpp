@@ -74,6 +74,14 @@ void FocusGroup::setStop(QWidget *member)
         member->setFocusPolicy(Qt::StrongFocus);
 }
 
+void FocusGroup::choose(QWidget *member)
+{
+    const bool focused = std::any_of(m_members.cbegin(), m_members.cend(),
+                                     [](const QWidget *each) { return each && each->hasFocus(); });
+    if (!focused && m_members.contains(member) && canStop(member))
+        setStop(member);
+}
+
 // While a widget says that it is destroyed, pointers to it are not cleared yet.
 void FocusGroup::forget(QObject *member)
 {

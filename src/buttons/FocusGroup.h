@@ -21,6 +21,9 @@ public:
     // Adds a member; one that does not take the focus by Tab is left out.
     void add(QWidget *member);
 
+    // Makes a member that was chosen the one that Tab comes to, unless the focus is in the group.
+    void choose(QWidget *member);
+
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 

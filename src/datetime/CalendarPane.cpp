@@ -1,5 +1,6 @@
 #include "datetime/CalendarPane.h"
 
+#include "foundation/AppStyle.h"
 #include "foundation/FontLookup.h"
 #include "foundation/IconPixmap.h"
 #include "foundation/Painting.h"
@@ -61,6 +62,8 @@ const char kNextIcon[] = "../res/calendar_next.png";
 class CalendarPane::BarStyle : public QProxyStyle
 {
 public:
+    BarStyle() : QProxyStyle(applicationStyleKey()) {}
+
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex *option, QPainter *painter,
                             const QWidget *widget) const override
     {

@@ -301,6 +301,13 @@ void CFoucsLabel::changeEvent(QEvent *event)
     QWidget::changeEvent(event);
 }
 
+// The release that belongs to a press goes elsewhere.
+void CFoucsLabel::hideEvent(QHideEvent *event)
+{
+    release();
+    QWidget::hideEvent(event);
+}
+
 // ------------------------------------------------------------------------------------------------------------
 // painting
 

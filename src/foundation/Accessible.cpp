@@ -49,6 +49,17 @@ void tellChecked(QWidget *widget)
     QAccessible::updateAccessibility(&event);
 }
 
+void tellChosen(QWidget *widget, bool chosen)
+{
+    if (!QAccessible::isActive())
+        return;
+    const QAccessibleInterface *interface = QAccessible::queryAccessibleInterface(widget);
+    if (interface && interface->state().selectable)
+        tellSelected(widget, chosen);
+    else
+        tellChecked(widget);
+}
+
 void tellSelected(QWidget *widget, bool selected)
 {
     if (!QAccessible::isActive())

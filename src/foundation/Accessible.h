@@ -19,6 +19,9 @@ QAccessibleInterface *makeGrouping(QWidget *widget);
 // Says that the check mark of `widget`, or what stands for it, has changed.
 void tellChecked(QWidget *widget);
 
+// Says that `widget` was chosen or no longer is, in the words of what it is: one of a list or a check mark.
+void tellChosen(QWidget *widget, bool chosen);
+
 // Says that `widget` was chosen among its siblings, or no longer is.
 void tellSelected(QWidget *widget, bool selected);
 

@@ -2,6 +2,7 @@
 
 #include "foundation/Log.h"
 #include "foundation/Painting.h"
+#include "layout/Packing.h"
 
 #include <QApplication>
 #include <QWidget>
@@ -80,12 +81,40 @@ CBPFlowLayout::~CBPFlowLayout()
         delete m_listItems.takeFirst();
 }
 
-void CBPFlowLayout::addItem(QLayoutItem *item)
+// Qt's own would follow a widget around it in circles, and null nowhere.
+void CBPFlowLayout::addWidget(QWidget *widget)
+{
+    if (!widget)
+        qCWarning(lcLumQt, "CBPFlowLayout: null is no item");
+    else if (lumqt::canPack(parentWidget(), widget))
+        QLayout::addWidget(widget);
+}
+
+bool CBPFlowLayout::canTake(QLayoutItem *item) const
 {
     if (!item) {
         qCWarning(lcLumQt, "CBPFlowLayout: null is no item");
-        return;
+        return false;
     }
+    QLayout *inner = item->layout();
+    for (const QObject *around = this; inner && around; around = around->parent()) {
+        if (around == inner) {
+            qCWarning(lcLumQt, "A CBPFlowLayout cannot hold itself or a layout that it lies in");
+            return false;
+        }
+    }
+    if (m_listItems.contains(item)) {
+        qCWarning(lcLumQt, "CBPFlowLayout: the item is there already");
+        return false;
+    }
+    return inner ? lumqt::canPack(parentWidget(), inner)
+                 : !item->widget() || lumqt::canPack(parentWidget(), item->widget());
+}
+
+void CBPFlowLayout::addItem(QLayoutItem *item)
+{
+    if (!canTake(item))
+        return;
     if (QLayout *inner = item->layout()) {
         if (!inner->parent())
             addChildLayout(inner);
@@ -187,9 +216,11 @@ int CBPFlowLayout::doLayout(const QRect &rect, bool testOnly) const
     qint64 x = room.left();
     qint64 y = room.top();
     int lineHeight = 0;
-    for (QLayoutItem *item : m_listItems) {
+    // By index: a widget that is placed may delete others, which are no items any more then.
+    for (int i = 0; i < m_listItems.size(); ++i) {
+        QLayoutItem *item = m_listItems.at(i);
         const QSize hint = item->sizeHint();
-        if (hint.isNull() && item->widget() && item->isEmpty()) // hidden
+        if (hint.isNull() && item->widget() && item->isEmpty()) // hidden: neither room nor a gap
             continue;
         gaps.goTo(item);
         // The right edge is the last pixel inside, so an item that would end with the room goes to the next

@@ -1,8 +1,8 @@
 #include "CBPScrollBarStyle.h"
 
-// The default constructor of the base makes a style of its own. Handing it the application's style would take
-// that away from the application and destroy it with the first scroll bar.
-CBPScrollBarStyle::CBPScrollBarStyle() = default;
+#include "foundation/AppStyle.h"
+
+CBPScrollBarStyle::CBPScrollBarStyle() : QProxyStyle(lumqt::applicationStyleKey()) {}
 
 void CBPScrollBarStyle::setScrollBarExtent(int extent)
 {

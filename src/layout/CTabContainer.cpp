@@ -1,7 +1,6 @@
 #include "CTabContainer.h"
 
 #include "CBPPushBtn.h"
-#include "foundation/Accessible.h"
 #include "foundation/Log.h"
 #include "layout/Packing.h"
 #include "layout/Pages.h"
@@ -9,6 +8,8 @@
 
 #include <QTimer>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace {
 
@@ -49,6 +50,8 @@ void CTabContainer::Appendtab(QWidget *pPage, QString strText, int id, QString s
         m_iCurIndex = id;
     CBPPushBtn *button = m_pTabBar->addTab(id, strText, strExtra, pPage);
     connect(button, &CBPPushBtn::sigBtnClicked, this, &CTabContainer::slotTabItemClicked);
+    const auto isGone = [](const Tab &tab) { return !tab.first && !tab.second; };
+    m_listTabs.erase(std::remove_if(m_listTabs.begin(), m_listTabs.end(), isGone), m_listTabs.end());
     m_listTabs.append({button, pPage});
     m_pContentLayout->addWidget(pPage);
 }
@@ -84,9 +87,16 @@ void CTabContainer::slotDoInitialize()
         const bool current = tab.first && tab.first->bindId() == m_iCurIndex;
         if (tab.first)
             tab.first->setSelected(current);
-        pages.append({tab.second, current});
+        if (isOwn(tab.second))
+            pages.append({tab.second, current});
     }
     lumqt::showChosen(pages);
+}
+
+// A page that the application has taken out again is no business of the container's.
+bool CTabContainer::isOwn(const QWidget *page) const
+{
+    return page && page->parentWidget() == this;
 }
 
 void CTabContainer::slotTabItemClicked(int id)
@@ -95,14 +105,14 @@ void CTabContainer::slotTabItemClicked(int id)
     if (!clicked)
         return;
     QVector<lumqt::PageChoice> pages;
-    for (const Tab &tab : qAsConst(m_listTabs))
-        pages.append({tab.second, tab.first == clicked});
+    for (const Tab &tab : qAsConst(m_listTabs)) {
+        if (isOwn(tab.second))
+            pages.append({tab.second, tab.first == clicked});
+    }
     const QPointer<CTabContainer> alive(this);
     lumqt::showChosen(pages);
     if (!alive)
         return;
     m_iCurIndex = id;
-    if (clicked->isWidgetType())
-        lumqt::tellSelected(static_cast<QWidget *>(clicked), true);
     emit sigTabChanged(id); // the container may be gone after
 }

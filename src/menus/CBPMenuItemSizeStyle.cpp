@@ -1,8 +1,11 @@
 #include "CBPMenuItemSizeStyle.h"
 
-// The default constructor of the base makes a style of its own. Handing it the application's style would take
-// that away from the application and destroy it with the first menu.
-CBPMenuItemSizeStyle::CBPMenuItemSizeStyle(const QSize &size) : m_size(size) {}
+#include "foundation/AppStyle.h"
+
+CBPMenuItemSizeStyle::CBPMenuItemSizeStyle(const QSize &size)
+    : QProxyStyle(lumqt::applicationStyleKey()), m_size(size)
+{
+}
 
 int CBPMenuItemSizeStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
                                       const QWidget *widget) const

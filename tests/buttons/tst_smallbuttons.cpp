@@ -1,3 +1,4 @@
+#include "Acts.h"
 #include "CAddBtn.h"
 #include "CBPImageCheckBox.h"
 #include "CBPImageTextBtn.h"
@@ -15,6 +16,15 @@ namespace {
 
 const QColor kArrow(127, 134, 143);
 
+// Of a button that is see-through around its content.
+QImage onWhite(QWidget &widget)
+{
+    QImage image(widget.size(), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    widget.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+    return image;
+}
+
 } // namespace
 
 class TestSmallButtons : public QObject
@@ -22,20 +32,21 @@ class TestSmallButtons : public QObject
     Q_OBJECT
 
 private:
-    // 10 pixels square.
-    QString file(const QColor &color)
+    QString file(const QColor &color, int width)
     {
-        const QString path = m_dir.filePath(color.name().mid(1) + ".png");
-        QImage image(10, 10, QImage::Format_RGB32);
+        const QString path =
+            m_dir.filePath(QString("%1%2.png").arg(color.name().mid(1), QString::number(width)));
+        QImage image(width, 10, QImage::Format_RGB32);
         image.fill(color);
         return image.save(path) ? path : QString();
     }
 
-    QVector<QString> files(const QVector<QColor> &colors)
+    // 10 pixels high.
+    QVector<QString> files(const QVector<QColor> &colors, int width = 10)
     {
         QVector<QString> result;
         for (const QColor &color : colors)
-            result << file(color);
+            result << file(color, width);
         return result;
     }
 
@@ -121,7 +132,7 @@ private Q_SLOTS:
         const QRect mark = boxOf(button.grab().toImage(), m_off[0]);
         QCOMPARE(mark.size(), QSize(10, 10)); // no text over it
         QCOMPARE(mark.top(), 0);
-        QVERIFY(!inkOf(button.grab().toImage().copy(0, 11, button.width(), 99)).isEmpty());
+        QVERIFY(!inkOf(onWhite(button).copy(0, 11, button.width(), button.height() - 11)).isEmpty());
         QVERIFY(qAbs(mark.center().x() - button.width() / 2) <= 1);
         QSignalSpy clicks(&button, SIGNAL(btn_released(int)));
         QTest::mouseClick(&button, Qt::LeftButton);
@@ -129,6 +140,49 @@ private Q_SLOTS:
         QCOMPARE(QAccessible::queryAccessibleInterface(&button)->text(QAccessible::Name), QString("Text"));
         button.SetLabel("A longer text");
         QVERIFY(button.width() > beside.width());
+    }
+
+    // Below an image that is wider, the text is under its middle.
+    void narrowText()
+    {
+        CBPImageTextBtn button(files(m_off, 80), "ii");
+        button.SetTextBelow(true);
+        QCOMPARE(button.width(), 80);
+        const QRect text = inkOf(onWhite(button).copy(0, 11, 80, 20), 200);
+        QVERIFY2(!text.isEmpty() && qAbs(text.left() - (79 - text.right())) <= 2, wordsOf(text));
+    }
+
+    void imageAlone()
+    {
+        for (const bool below : {false, true}) {
+            CBPImageTextBtn button(files(m_off), below ? "Text" : "");
+            button.SetTextBelow(below);
+            button.SetLabel(QString());
+            QCOMPARE(button.size(), QSize(10, 10));
+            QCOMPARE(button.GetSize(), button.size());
+            QCOMPARE(boxOf(button.grab().toImage(), m_off[0]), button.rect());
+            button.SetLabel("Text");
+            QVERIFY(button.width() > 20 && boxOf(button.grab().toImage(), m_off[0]).width() == 10);
+        }
+        CBPImageTextBtn none({}, "");
+        none.grab();
+    }
+
+    // Seen by somebody who uses the keyboard only, also when the window comes back.
+    void checkBoxRing()
+    {
+        CBPImageCheckBox box(files(m_off), files(m_on), "Text");
+        box.resize(box.sizeHint());
+        const auto look = [&box](Qt::FocusReason reason) {
+            QFocusEvent out(QEvent::FocusOut, Qt::OtherFocusReason);
+            QCoreApplication::sendEvent(&box, &out);
+            QFocusEvent in(QEvent::FocusIn, reason);
+            QCoreApplication::sendEvent(&box, &in);
+            return box.grab().toImage();
+        };
+        const QImage plain = look(Qt::MouseFocusReason);
+        QCOMPARE(look(Qt::ActiveWindowFocusReason), plain);
+        QVERIFY(look(Qt::TabFocusReason) != plain);
     }
 
     // Corners of the square are no part of the circle.
@@ -147,6 +201,24 @@ private Q_SLOTS:
             QTest::mouseClick(&button, Qt::LeftButton, Qt::NoModifier, row.at);
             QVERIFY2(clicks.size() == row.clicks, wordsOf(QRect(row.at, QSize())));
         }
+        sendEvent(button, QEvent::Leave);
+        const QImage plain = button.grab().toImage();
+        const auto comesTo = [&](const QPoint &at) {
+            sendMouse(button, QEvent::MouseMove, Qt::NoButton, at);
+            return button.grab().toImage() != plain;
+        };
+        QEnterEvent enter(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
+        QCoreApplication::sendEvent(&button, &enter);
+        QVERIFY(button.grab().toImage() == plain);
+        QVERIFY(comesTo({20, 20}) && !comesTo({38, 1}) && comesTo({20, 1}));
+        sendMouse(button, QEvent::MouseButtonPress, Qt::LeftButton, {20, 20});
+        QVERIFY(comesTo({1, 1})); // pressed
+        sendMouse(button, QEvent::MouseButtonRelease, Qt::LeftButton, {1, 1});
+        QVERIFY(button.grab().toImage() == plain);
+        button.setEnabled(false);
+        const QImage disabled = button.grab().toImage();
+        comesTo({20, 20});
+        QCOMPARE(button.grab().toImage(), disabled);
         button.SetDiameter(INT_MIN);
         QCOMPARE(button.size(), QSize(1, 1));
         button.grab();
@@ -170,6 +242,8 @@ private Q_SLOTS:
             QVERIFY2(triangle.left() - text.right() >= 4 && triangle.left() - text.right() <= 12,
                      wordsOf(text));
             QVERIFY2(qAbs(text.left() - (button.width() - 1 - triangle.right())) <= 5, wordsOf(triangle));
+            button.setIcon(QIcon(files(m_off)[0])); // which is not drawn
+            QCOMPARE(button.grab().toImage(), image);
         }
         button.setText(QString());
         QVERIFY(qAbs(boxOf(button.grab().toImage(), kArrow).center().x() - button.width() / 2) <= 1);
@@ -177,6 +251,22 @@ private Q_SLOTS:
         QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(&button);
         QCOMPARE(spoken->role(), QAccessible::ButtonMenu);
         QVERIFY(spoken->state().hasPopup);
+    }
+
+    void menuOpens()
+    {
+        for (const Click how : {Click::Left, Click::Space, Click::Enter, Click::Tool}) {
+            CBPMenuBtn button("Sort by", nullptr);
+            button.AppendMenuItem(QString(), "Name", 1);
+            button.setDefault(true); // for Enter
+            button.show();
+            QSignalSpy clicks(&button, SIGNAL(sigBtnClicked(int)));
+            int opened = 0;
+            whileOpen(this, button.GetMenu(), [&](CBPMenu *) { ++opened; });
+            click(&button, how);
+            QCOMPARE(opened, 1);
+            QVERIFY(clicks.isEmpty());
+        }
     }
 
     void add_data()

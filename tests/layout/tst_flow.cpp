@@ -2,6 +2,7 @@
 #include "TestMain.h"
 
 #include <QHBoxLayout>
+#include <QPointer>
 #include <QProxyStyle>
 #include <QWidget>
 
@@ -25,26 +26,38 @@ QVector<QRect> places(const QLayout &layout)
     return found;
 }
 
-// A style that leaves the gaps of layouts to layoutSpacing().
+// A style with spacings of layouts, and others between buttons.
 class GapStyle : public QProxyStyle
 {
 public:
-    GapStyle(int gapX, int gapY) : m_gapX(gapX), m_gapY(gapY) {}
+    GapStyle(const QPoint &layouts, const QPoint &buttons) : m_layouts(layouts), m_buttons(buttons) {}
 
     int pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const override
     {
-        const bool gap = metric == PM_LayoutHorizontalSpacing || metric == PM_LayoutVerticalSpacing;
-        return gap ? -1 : QProxyStyle::pixelMetric(metric, option, widget);
+        if (metric == PM_LayoutHorizontalSpacing)
+            return m_layouts.x();
+        return metric == PM_LayoutVerticalSpacing ? m_layouts.y()
+                                                  : QProxyStyle::pixelMetric(metric, option, widget);
     }
     int layoutSpacing(QSizePolicy::ControlType, QSizePolicy::ControlType, Qt::Orientation orientation,
                       const QStyleOption *, const QWidget *) const override
     {
-        return orientation == Qt::Horizontal ? m_gapX : m_gapY;
+        return orientation == Qt::Horizontal ? m_buttons.x() : m_buttons.y();
     }
 
 private:
-    int m_gapX;
-    int m_gapY;
+    const QPoint m_layouts;
+    const QPoint m_buttons;
+};
+
+// Deletes another widget when it is moved.
+class Wrecker : public QWidget
+{
+public:
+    QPointer<QWidget> victim;
+
+protected:
+    void moveEvent(QMoveEvent *) override { delete victim; }
 };
 
 } // namespace
@@ -117,29 +130,31 @@ private slots:
 
     void gaps_data()
     {
-        QTest::addColumn<int>("given");
-        QTest::addColumn<int>("styles");
+        QTest::addColumn<QPoint>("given");
+        QTest::addColumn<QPoint>("layouts"); // the style's spacings
         QTest::addColumn<bool>("nested");
-        QTest::addColumn<int>("gap");
-        QTest::newRow("given") << 4 << 9 << false << 4;
-        QTest::newRow("none") << 0 << 9 << false << 0;
-        QTest::newRow("style's") << -1 << 9 << false << 9;
-        QTest::newRow("style has none") << -1 << -1 << false << 0;
-        QTest::newRow("outer layout's") << -1 << 9 << true << 13;
+        QTest::addColumn<QPoint>("gap");
+        const QPoint open(-1, -1);
+        QTest::newRow("given") << QPoint(4, 5) << QPoint(6, 7) << false << QPoint(4, 5);
+        QTest::newRow("none") << QPoint(0, 0) << QPoint(6, 7) << false << QPoint(0, 0);
+        QTest::newRow("style's") << open << QPoint(6, 7) << false << QPoint(6, 7);
+        QTest::newRow("of buttons") << open << open << false << QPoint(9, 11);
+        QTest::newRow("half of it of buttons") << open << QPoint(6, -1) << false << QPoint(6, 11);
+        QTest::newRow("outer layout's") << open << QPoint(6, 7) << true << QPoint(13, 13);
     }
 
     // Items without a widget have no style to ask.
     void gaps()
     {
-        QFETCH(int, given);
-        QFETCH(int, styles);
+        QFETCH(QPoint, given);
+        QFETCH(QPoint, layouts);
         QFETCH(bool, nested);
-        QFETCH(int, gap);
-        GapStyle style(styles, styles);
+        QFETCH(QPoint, gap);
+        GapStyle style(layouts, {9, 11});
         QWidget window;
         window.setStyle(&style);
-        auto *layout =
-            nested ? new CBPFlowLayout(0, given, given) : new CBPFlowLayout(&window, 0, given, given);
+        auto *layout = nested ? new CBPFlowLayout(0, given.x(), given.y())
+                              : new CBPFlowLayout(&window, 0, given.x(), given.y());
         if (nested) {
             auto *outer = new QHBoxLayout(&window);
             outer->setSpacing(13);
@@ -151,12 +166,25 @@ private slots:
             layout->addWidget(widget);
             layout->addItem(new QSpacerItem(20, 10));
         }
-        layout->setGeometry(QRect(0, 0, 41 + gap, 200));
-        const int right = 20 + gap;
-        const int below = 10 + gap;
+        layout->setGeometry(QRect(0, 0, 41 + gap.x(), 200));
+        const int right = 20 + gap.x();
+        const int below = 10 + gap.y();
         QCOMPARE(
             places(*layout),
             (QVector<QRect>{{0, 0, 20, 10}, {right, 0, 20, 10}, {0, below, 20, 10}, {right, below, 20, 10}}));
+    }
+
+    // A style without an answer would have the items overlap.
+    void styleWithoutGaps()
+    {
+        GapStyle style({-1, -1}, {-1, -1});
+        QWidget window;
+        window.setStyle(&style);
+        CBPFlowLayout layout(&window, 0);
+        for (int i = 0; i < 2; ++i)
+            layout.addItem(new QSpacerItem(20, 10));
+        layout.setGeometry(QRect(0, 0, 100, 100));
+        QCOMPARE(layout.itemAt(1)->geometry().topLeft(), QPoint(20, 0));
     }
 
     void hiddenWidgetsTakeNoGap()
@@ -183,13 +211,62 @@ private slots:
         inner->addWidget(box({20, 10}));
         layout->addItem(inner);
         QCOMPARE(inner->parentWidget(), &window);
-        QTest::ignoreMessage(QtWarningMsg, "CBPFlowLayout: null is no item");
-        layout->addItem(nullptr);
         for (const int index : {-1, 1, std::numeric_limits<int>::max()})
             QVERIFY(!layout->takeAt(index) && !layout->itemAt(index));
         const std::unique_ptr<QLayoutItem> taken(layout->takeAt(0));
         QCOMPARE(taken.get(), inner);
         QVERIFY(!inner->parent() && layout->count() == 0);
+    }
+
+    void badItems()
+    {
+        QWidget window;
+        QWidget panel(&window);
+        auto *outer = new QHBoxLayout(&panel);
+        auto *layout = new CBPFlowLayout;
+        outer->addLayout(layout);
+        auto *spacer = new QSpacerItem(10, 10);
+        layout->addItem(spacer);
+        QHBoxLayout circle;
+        circle.addItem(new QWidgetItem(&window));
+        const auto warns = [](const char *words) { QTest::ignoreMessage(QtWarningMsg, words); };
+        warns("CBPFlowLayout: null is no item");
+        layout->addItem(nullptr);
+        warns("CBPFlowLayout: null is no item");
+        layout->addWidget(nullptr);
+        for (QWidget *around : {&panel, &window}) {
+            warns("A QWidget cannot hold itself or a widget that it lies in");
+            layout->addWidget(around);
+        }
+        warns("A QWidget cannot hold itself or a widget that it lies in");
+        layout->addItem(&circle);
+        for (QLayout *around : {static_cast<QLayout *>(layout), static_cast<QLayout *>(outer)}) {
+            warns("A CBPFlowLayout cannot hold itself or a layout that it lies in");
+            layout->addItem(around);
+        }
+        warns("CBPFlowLayout: the item is there already");
+        layout->addItem(spacer);
+        QCOMPARE(layout->count(), 1);
+        QVERIFY(window.parent() == nullptr && panel.parent() == &window && !circle.parent());
+    }
+
+    // The items after those that a widget takes along are placed all the same.
+    void itemsMayGoMeanwhile()
+    {
+        QWidget window;
+        CBPFlowLayout layout(&window, 0, 0, 0);
+        QVector<Wrecker *> boxes;
+        for (int i = 0; i < 4; ++i) {
+            boxes << new Wrecker;
+            boxes.last()->setFixedSize(20, 10);
+            layout.addWidget(boxes.last());
+        }
+        window.show();
+        boxes[0]->victim = boxes[1];
+        boxes[2]->victim = boxes[3];
+        layout.setGeometry(QRect(5, 5, 100, 100));
+        QCOMPARE(layout.count(), 2);
+        QCOMPARE(boxes[2]->pos(), QPoint(25, 5));
     }
 
     void followsItsWidget()

@@ -1,3 +1,4 @@
+#include "CBPMenuItemSizeStyle.h"
 #include "CBPScrollBar.h"
 #include "CBPScrollBarStyle.h"
 #include "CBPScrollWnd.h"
@@ -9,6 +10,7 @@
 #include <QApplication>
 #include <QPainter>
 #include <QPointer>
+#include <QScopeGuard>
 #include <QStyle>
 #include <QStyleOptionSlider>
 
@@ -63,22 +65,37 @@ class TestScrolling : public QObject
     Q_OBJECT
 
 private slots:
+    void styleIsTheBarsOwn_data()
+    {
+        QTest::addColumn<QString>("applications");
+        QTest::newRow("as it starts") << QString();
+        QTest::newRow("another than the desktop's") << QStringLiteral("windows");
+        QTest::newRow("a third") << QStringLiteral("fusion");
+    }
+
+    // Of the application's kind, and never the application's.
     void styleIsTheBarsOwn()
     {
+        QFETCH(QString, applications);
+        const QString before = QApplication::style()->objectName();
+        const auto restore = qScopeGuard([&] { QApplication::setStyle(before); });
+        if (!applications.isEmpty())
+            QApplication::setStyle(applications);
+        const auto kindOf = [](const QStyle &style) { return style.metaObject()->className(); };
         CBPScrollBarStyle style;
         QCOMPARE(style.pixelMetric(QStyle::PM_ScrollBarExtent), 0);
-        QCOMPARE(style.pixelMetric(QStyle::PM_ButtonMargin),
-                 QApplication::style()->pixelMetric(QStyle::PM_ButtonMargin));
-        const QPointer<QStyle> applications = QApplication::style();
+        const QPointer<QStyle> its = QApplication::style();
+        QCOMPARE(kindOf(*style.baseStyle()), kindOf(*its));
+        QCOMPARE(kindOf(*CBPMenuItemSizeStyle(QSize()).baseStyle()), kindOf(*its));
         QPointer<QStyle> own;
         {
             Bar bar;
             own = bar.style();
             QCOMPARE(bar.sizeHint().width(), 10);
         }
-        QVERIFY(!own && applications);
-        QCOMPARE(QApplication::style(), applications.data());
-        QVERIFY(!applications->parent() || applications->parent() == qApp);
+        QVERIFY(!own && its);
+        QCOMPARE(QApplication::style(), its.data());
+        QVERIFY(!its->parent() || its->parent() == qApp);
     }
 
     void barParts_data()

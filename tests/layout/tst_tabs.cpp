@@ -4,27 +4,16 @@
 #include "CFoucsLabel.h"
 #include "CTabContainer.h"
 #include "CTabPageItem.h"
-#include "Pixels.h"
+#include "Selections.h"
 #include "TestMain.h"
 
 #include <QBoxLayout>
 #include <QLabel>
-#include <qpa/qplatformaccessibility.h>
-#include <qpa/qplatformintegration.h>
 #include <QSignalSpy>
 
 #include <memory>
-#include <private/qguiapplication_p.h>
 
 namespace {
-
-QVector<QPair<QObject *, int>> selections;
-
-void noteSelection(QAccessibleEvent *event)
-{
-    if (event->type() == QAccessible::SelectionAdd || event->type() == QAccessible::SelectionRemove)
-        selections.append({event->object(), event->type()});
-}
 
 // A tab "Tab <id>" per id, and its page.
 QVector<QWidget *> addTabs(CTabContainer &tabs, const QVector<int> &ids)
@@ -102,8 +91,8 @@ class TestTabs : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase() { platform()->setActive(true); }
-    void cleanupTestCase() { platform()->setActive(false); }
+    void initTestCase() { selections::setActive(true); }
+    void cleanupTestCase() { selections::setActive(false); }
 
     void firstTabIsCurrent()
     {
@@ -184,6 +173,73 @@ private slots:
         }
     }
 
+    void rowOfTabs()
+    {
+        CTabContainer tabs;
+        auto *page = new QWidget;
+        tabs.Appendtab(page, QStringLiteral("One"), 1);
+        tabs.Appendtab(new QWidget, QStringLiteral("Two"), 2, QStringLiteral("../res/icon_user.png"));
+        auto *extra = new QWidget;
+        extra->setFixedSize(80, 20);
+        tabs.AppendWidget(extra);
+        tabs.resize(500, 300);
+        tabs.show();
+        QVERIFY(tab(tabs, 1)->icon().isNull() && !tab(tabs, 2)->icon().isNull());
+        auto *bar = tabs.findChild<CButtonGroupBox *>();
+        QTRY_COMPARE(extra->geometry().right(), 499);
+        QVERIFY(bar->pos() == QPoint(0, 0) && bar->width() < 420);
+        QTRY_COMPARE(page->geometry(), QRect(0, bar->height() + 16, 500, 300 - 16 - bar->height()));
+        QVector<QColor> grounds;
+        CBPPushBtn *second = tab(tabs, 2);
+        const auto look = [&] { grounds << second->grab().toImage().pixelColor(4, 4); };
+        look();
+        sendEvent(*second, QEvent::Enter);
+        look();
+        sendMouse(*second, QEvent::MouseButtonPress);
+        look();
+        second->setEnabled(false);
+        look();
+        QCOMPARE(grounds, (QVector<QColor>{QColor(255, 255, 255), QColor(91, 175, 246), QColor(65, 149, 220),
+                                           QColor(201, 229, 252)}));
+        QCOMPARE(bar->grab().toImage().pixelColor(0, bar->height() / 2), QColor(73, 167, 245));
+    }
+
+    // A page that the application has taken out is its own again.
+    void pagesTakenOut()
+    {
+        CTabContainer tabs;
+        CTabContainer other;
+        const QVector<QWidget *> pages = addTabs(tabs, {1, 2, 3});
+        const std::unique_ptr<QWidget> window(pages[0]);
+        window->setParent(nullptr);
+        window->show();
+        other.Appendtab(pages[2], QString(), 1);
+        QCoreApplication::processEvents();
+        tabs.SetSelected(2);
+        QCOMPARE(shown(pages), QStringLiteral("xxx"));
+        window->hide();
+        tabs.SetSelected(1);
+        QCOMPARE(shown(pages), QStringLiteral("--x"));
+    }
+
+    // Tab comes to the tab that was chosen, wherever the focus was before.
+    void tabStop()
+    {
+        CTabContainer tabs;
+        addTabs(tabs, {1, 2});
+        const auto stops = [&] {
+            return QStringLiteral("%1%2")
+                .arg(tab(tabs, 1)->focusPolicy() == Qt::StrongFocus)
+                .arg(tab(tabs, 2)->focusPolicy() == Qt::StrongFocus);
+        };
+        QCOMPARE(stops(), QStringLiteral("10"));
+        tabs.SetSelected(2);
+        QCOMPARE(stops(), QStringLiteral("01"));
+        tab(tabs, 1)->setEnabled(false);
+        tabs.SetSelected(1); // nowhere to come to
+        QCOMPARE(stops(), QStringLiteral("01"));
+    }
+
     // A page that two tabs share is not hidden for the other's sake.
     void onePageForTwoTabs()
     {
@@ -212,9 +268,10 @@ private slots:
         QCOMPARE(relations.size(), 1);
         QCOMPARE(relations[0].first->object(), pages[1]);
         QVERIFY(second->relations(QAccessible::Label).isEmpty());
-        listen([&] { tabs.SetSelected(2); });
+        QCOMPARE(selections::during([&] { tabs.SetSelected(2); }),
+                 (selections::Heard{{tab(tabs, 1), QAccessible::SelectionRemove},
+                                    {tab(tabs, 2), QAccessible::SelectionAdd}}));
         QVERIFY(second->state().selected);
-        QVERIFY(selections.contains({tab(tabs, 2), QAccessible::SelectionAdd}));
         delete pages[1];
         QVERIFY(second->relations().isEmpty());
     }
@@ -273,6 +330,44 @@ private slots:
         QCOMPARE(four.focus(), QStringLiteral("--x"));
     }
 
+    // What is asked of an entry, its title does.
+    void entryPassesOn()
+    {
+        CTabPageItem entry(40);
+        entry.AddPage(QStringLiteral("Old"), nullptr, 25);
+        CFoucsLabel twin(QStringLiteral("New"), 25, 10);
+        CFoucsLabel &title = *entry.GetTitleWidget();
+        const auto alike = [&] {
+            twin.setFixedHeight(40);
+            QVector<QImage> looks;
+            for (CFoucsLabel *label : {&title, &twin}) {
+                label->resize(200, 40);
+                for (const bool focused : {false, true}) {
+                    label->SetFocus(focused);
+                    looks << label->grab().toImage();
+                }
+            }
+            return looks[0] == looks[2] && looks[1] == looks[3];
+        };
+        QVERIFY(!alike());
+        entry.ChangeTitle(QStringLiteral("New"));
+        QVERIFY(alike());
+        const QStringList lead{QStringLiteral("../res/icon_user.png")};
+        const QStringList tail{QStringLiteral("../res/icon_info.png"), lead.first()};
+        entry.SetIconPath(lead, tail);
+        QVERIFY(!alike());
+        twin.SetIconPath(lead, tail);
+        QVERIFY(alike());
+        entry.SetFocusLabelColor(Qt::red, Qt::blue);
+        QVERIFY(!alike());
+        twin.SetColor(Qt::red, Qt::blue);
+        QVERIFY(alike());
+        entry.HideTailIcon();
+        QVERIFY(!alike());
+        twin.HideTailIcon();
+        QVERIFY(alike());
+    }
+
     void lifeOfATitle()
     {
         auto entry = std::make_unique<CTabPageItem>(30);
@@ -291,134 +386,6 @@ private slots:
             click(dying->GetTitleWidget(), how);
             QVERIFY(!dying);
         }
-    }
-
-    // --------------------------------------------------------------------------------------------------------
-
-    void labelTellsOfClicksOnly()
-    {
-        CFoucsLabel first(QStringLiteral("First"));
-        CFoucsLabel second(QStringLiteral("Second"));
-        auto *gone = new CFoucsLabel;
-        for (CFoucsLabel *each : {&first, &second})
-            each->SetSiblings({&first, nullptr, gone, &second});
-        delete gone;
-        QSignalSpy firstChanged(&first, &CFoucsLabel::FocusChanged);
-        QSignalSpy secondChanged(&second, &CFoucsLabel::FocusChanged);
-        listen([&] {
-            first.SetFocus(true);
-            second.SetFocus(true);
-            second.SetFocus(true);
-        });
-        QVERIFY(second.IsFocus() && !first.IsFocus());
-        QCOMPARE(selections, (QVector<QPair<QObject *, int>>{{&first, QAccessible::SelectionAdd},
-                                                             {&first, QAccessible::SelectionRemove},
-                                                             {&second, QAccessible::SelectionAdd}}));
-        second.SetFocus(false);
-        QVERIFY(!second.IsFocus() && firstChanged.isEmpty() && secondChanged.isEmpty());
-
-        click(&first, Click::Left);
-        QCOMPARE(firstChanged.takeFirst().value(0).value<CFoucsLabel *>(), &first);
-        sendMouse(second, QEvent::MouseButtonPress);
-        sendMouse(second, QEvent::MouseButtonRelease, Qt::LeftButton, QPoint(-5, 5)); // thought better of it
-        sendMouse(second, QEvent::MouseButtonRelease);                                // pressed elsewhere
-        QTest::keyPress(&second, Qt::Key_Space);
-        sendFocus(second, QEvent::FocusOut); // and let go somewhere else
-        QTest::keyRelease(&second, Qt::Key_Space);
-        second.setEnabled(false);
-        click(&second, Click::Tool);
-        QVERIFY(secondChanged.isEmpty() && first.IsFocus());
-        QAccessibleInterface *face = QAccessible::queryAccessibleInterface(&first);
-        QCOMPARE(face->role(), QAccessible::PageTab);
-        QCOMPARE(face->text(QAccessible::Name), QStringLiteral("First"));
-        QVERIFY(face->state().selectable && face->state().selected);
-    }
-
-    void labelLooks_data() { scalings(); }
-
-    // Where icon, bar and arrow stand, either way.
-    void labelLooks()
-    {
-        QFETCH(qreal, ratio);
-        CFoucsLabel label(QStringLiteral("Title"), 20, 6);
-        label.SetColor(Qt::black, Qt::red);
-        label.resize(300, 40);
-        for (const bool mirrored : {false, true}) {
-            label.setLayoutDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
-            label.SetFocus(false);
-            const QImage plain = render(label, ratio, mirrored);
-            QVERIFY(!hasInk(plain, QRect(0, 0, 30, 40), Qt::black));
-            QVERIFY(hasInk(plain, QRect(32, 0, 40, 40), Qt::black));
-            QVERIFY(hasInk(plain, QRect(278, 10, 10, 20), Qt::black));
-            label.SetFocus(true);
-            const QImage focused = render(label, ratio, mirrored);
-            QVERIFY(!hasInk(focused, focused.rect(), Qt::black));
-            const QRect strip(0, 0, qRound(10 * ratio), focused.height());
-            const QRect bar = boxOf(focused.copy(strip), Qt::red);
-            QVERIFY(bar.topLeft() == QPoint(0, 0) && bar.height() == focused.height());
-            QVERIFY(qAbs(bar.width() - 3 * ratio) < 1);
-            QVERIFY(focused.pixelColor(focused.width() / 2, 2) != QColor(Qt::white)); // its ground
-        }
-        label.HideTailIcon();
-        QVERIFY(!hasInk(render(label, ratio, true), QRect(278, 10, 10, 20), Qt::red));
-    }
-
-    void labelSizes()
-    {
-        CFoucsLabel label(QStringLiteral("A rather long title"), 0, 10);
-        const QSize plain = label.sizeHint();
-        QVERIFY(label.minimumSizeHint().width() < plain.width());
-        const QString icon = QStringLiteral("../res/icon_user.png");
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("none\\.png")));
-        label.SetIconPath({icon}, {QStringLiteral("none.png"), icon, icon});
-        const int width = QImage(icon).width();
-        QCOMPARE(label.sizeHint().width(), plain.width() + width + 10 + width - 10); // instead of our arrow
-        label.resize(1, 1);
-        label.grab();
-        CFoucsLabel huge(QString(1000000, QLatin1Char('W')), std::numeric_limits<int>::max(),
-                         std::numeric_limits<int>::min());
-        QVERIFY(huge.sizeHint().isValid());
-        huge.resize(80, 30);
-        huge.grab();
-    }
-
-private:
-    static QPlatformAccessibility *platform()
-    {
-        return QGuiApplicationPrivate::platformIntegration()->accessibility();
-    }
-
-    template <class Act> static void listen(Act act)
-    {
-        selections.clear();
-        const auto previous = QAccessible::installUpdateHandler(noteSelection);
-        act();
-        QAccessible::installUpdateHandler(previous);
-    }
-
-    // The label on white, turned back when it is mirrored.
-    static QImage render(CFoucsLabel &label, qreal ratio, bool mirrored)
-    {
-        QImage image(label.size() * ratio, QImage::Format_ARGB32_Premultiplied);
-        image.setDevicePixelRatio(ratio);
-        image.fill(Qt::white);
-        label.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
-        return mirrored ? image.mirrored(true, false) : image;
-    }
-
-    // Whether something of the colour, antialiased or not, is in the rectangle of logical pixels.
-    static bool hasInk(const QImage &image, const QRect &where, const QColor &color)
-    {
-        const qreal ratio = image.devicePixelRatio();
-        const QRect pixels = QRectF(QPointF(where.topLeft()) * ratio, QSizeF(where.size()) * ratio).toRect();
-        for (int y = pixels.top(); y <= pixels.bottom() && y < image.height(); ++y) {
-            for (int x = pixels.left(); x <= pixels.right() && x < image.width(); ++x) {
-                const QColor pixel = image.pixelColor(x, y);
-                if (qAbs(pixel.red() - color.red()) + qAbs(pixel.green() - color.green()) < 120)
-                    return true;
-            }
-        }
-        return false;
     }
 };
 

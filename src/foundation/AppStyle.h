@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+
+namespace lumqt {
+
+// The key of the style that the application has by now, for a QProxyStyle of its kind. Handing the style
+// object itself to one would take it away from the application and destroy it with the first proxy. Empty
+// where the style has no key, as under a style sheet of the application: a proxy then takes the desktop's
+// style.
+QString applicationStyleKey();
+
+} // namespace lumqt
