@@ -4,7 +4,8 @@
 
 #include <QComboBox>
 
-/// A combo box that the mouse wheel does nothing to: scrolling a page with one on it changes no choice.
+/// A combo box that the mouse wheel does nothing to: scrolling a page with one on it changes no choice and
+/// moves no focus.
 ///
 /// Its list is a plain QListView, so that style sheets for the items of one apply. GUI thread only.
 /// \since 1.0

@@ -17,8 +17,9 @@ class QLabel;
 /// shows while the mouse is over the row. 30 pixels high.
 ///
 /// A click on it, or Space or Enter while it has the keyboard focus, picks it; the Delete key does what the
-/// delete button does. Screen readers find a list item with the whole path as its name. It may be deleted by
-/// what is connected to its signal or called by its delete button. GUI thread only. \since 1.0
+/// delete button does. Screen readers find a list item with the whole path as its name, which they can pick
+/// and delete. It may be deleted by what is connected to its signal or called by its delete button. GUI
+/// thread only. \since 1.0
 class LUMQT_EXPORT CBPComboxItem : public QWidget
 {
     Q_OBJECT
@@ -43,8 +44,9 @@ public:
     /// Sets the record's selected field. Screen readers hear of it; nothing looks different. \since 1.0
     void SetSelected(bool selected);
 
-    /// Shows as much of the path as goes into \a width - 200 pixels, ending in an ellipsis where it is
-    /// longer; the tool tip has all of it then. \a width is that of the row with its margins. \since 1.0
+    /// Shortens the path to what goes into \a width - 200 pixels, ending in an ellipsis where it is longer,
+    /// or to less where the row has no room for that; the tool tip has all of it then. \a width is that of
+    /// the row with its margins. \since 1.0
     void SetPathMaxWidth(int width);
 
 Q_SIGNALS:

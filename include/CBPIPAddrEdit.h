@@ -10,8 +10,8 @@
 ///
 /// Three digits, "." and Space go on to the next edit; the arrow keys at either end, and Backspace in an
 /// empty edit, go to the neighbour. A whole address that is pasted or dropped here, with white space around
-/// it or not, fills four edits that are neighbours in a row; any other text is pasted as into any line edit.
-/// GUI thread only. \since 1.0
+/// it or not, fills four edits that are neighbours in a row. Any other text of more than three characters is
+/// refused as a whole, and a shorter one pasted as into any line edit. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPIPAddrEdit : public QLineEdit
 {
     Q_OBJECT
@@ -28,8 +28,8 @@ public:
     void setPreTabEdit(QLineEdit *edit);
 
 public Q_SLOTS:
-    /// Pastes the clipboard's text: a whole address into four edits. Does nothing while read-only.
-    /// Context menus call it, too. \since 1.0
+    /// Pastes the clipboard's text: a whole address into four edits; nothing of a longer text that is none.
+    /// Does nothing while read-only. Context menus call it, too. \since 1.0
     void paste();
 
 protected:
@@ -43,7 +43,6 @@ private Q_SLOTS:
 
 private:
     void stepToNeighbour(const QKeyEvent *event);
-    void stepByWhole(int key);
     void eraseInPrevious();
     bool fillAll(const QString &text);
     QVector<CBPIPAddrEdit *> wholeRow();

@@ -14,9 +14,10 @@ class QPaintEvent;
 
 /// A slider that moves in whole steps between named positions, from left to right, one per label under it.
 ///
-/// Arrow, Page, Home and End keys move it, and a click on a label jumps there. Texts are plain. Screen
-/// readers are told a slider of this widget's accessible name whose value is the label. Changes are told by
-/// the QSlider in it, a child. GUI thread only. \since 1.0
+/// Arrow, Page, Home and End keys move it. A click on a label jumps there, one on the slider beside the
+/// handle goes a step towards the pointer, and the handle can be dragged. Texts are plain. Screen readers are
+/// told a slider of this widget's accessible name whose value is the label. Changes are told by the QSlider
+/// in it, a child. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPJumpSlider : public QWidget
 {
     Q_OBJECT

@@ -16,9 +16,13 @@ class QPainter;
 /// under it.
 ///
 /// Arrow, Page, Home and End keys move it. A click on the first label sets the value 0, on any other the
-/// maximum: labels stand for the two ends. A click on the slider sets the value at that place, counted from
-/// 0 whatever the minimum. Texts are plain. Screen readers are told a slider of this widget's accessible
-/// name. Changes are told by the QSlider in it, a child. GUI thread only. \since 1.0
+/// maximum: labels stand for the two ends. The left button sets the value at the pointer as soon as it goes
+/// down, and the handle follows until it is released; a release of any other button sets it, too. Values are
+/// counted from 0 whatever the minimum, so that with one below 0 the pointer reaches the maximum before the
+/// right end, and keys alone reach what is below 0.
+///
+/// Texts are plain. Screen readers are told a slider of this widget's accessible name. Changes are told by
+/// the QSlider in it, a child. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPSmoothSlider : public QWidget
 {
     Q_OBJECT

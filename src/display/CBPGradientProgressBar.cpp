@@ -204,12 +204,25 @@ void CBPGradientProgressBar::slotGradientTimerOut()
     m_highlightPosition += kHighlightStep;
     if (m_highlightPosition >= m_barWidth)
         m_highlightPosition -= m_barWidth + kHighlightPause;
-    update();
+    repaintOrRest();
 }
 
 void CBPGradientProgressBar::slotDrawBarTimeOut()
 {
+    repaintOrRest();
+}
+
+// A bar that is scrolled out of view, or has no width, is shown and yet never painted: the paint that comes
+// once it is seen starts its timers again.
+void CBPGradientProgressBar::repaintOrRest()
+{
     update();
+    if (!visibleRegion().isEmpty())
+        return;
+    for (QTimer *timer : {m_gradientTimer, m_drawTimer}) {
+        if (timer)
+            timer->stop();
+    }
 }
 
 // ------------------------------------------------------------------------------------------------------------

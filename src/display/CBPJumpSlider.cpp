@@ -5,12 +5,33 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QStyle>
 
 namespace {
 
 const QColor kHandleColor(73, 167, 245);
 const QColor kDisabledHandleColor(229, 229, 229);
 constexpr int kEndInset = 8; // of the outer ticks, in logical pixels
+
+// The position whose tick is nearest to a place on the slider.
+int valueAt(const QSlider &slider, int x)
+{
+    const int last = qMax(1, slider.maximum());
+    const int step = slider.width() / last;
+    if (step < 1) // more positions than pixels
+        return QStyle::sliderValueFromPosition(0, last, x, qMax(1, slider.width()));
+    return qBound(0, (x + step / 2) / step, last);
+}
+
+QRect handleOf(const QSlider &slider)
+{
+    const QRect rect = slider.rect();
+    const int last = qMax(1, slider.maximum());
+    const QPoint centre(lumqt::sliderTick(rect, slider.sliderPosition(), last, kEndInset),
+                        rect.y() + rect.height() / 2);
+    const int radius = lumqt::kSliderHandle / 2;
+    return QRect(centre - QPoint(radius, radius), QSize(lumqt::kSliderHandle, lumqt::kSliderHandle));
+}
 
 } // namespace
 
@@ -31,15 +52,18 @@ void CBPJumpSlider::Init(QStringList labels)
         const QPointer<CBPJumpSlider> self(this);
         const lumqt::SliderParts parts =
             lumqt::makeSliderParts(this, [self] { return self ? self->GetPosText() : QString(); });
+        parts.slider->stepToPointer(&valueAt, &handleOf);
         m_slider = parts.slider;
         m_labelRow = parts.labelRow;
         m_slider->setPageStep(1);
         m_slider->setTickInterval(1);
     }
     m_labelRow->update();
-    m_slider->setRange(0, m_labels.size() - 1);
-    if (m_slider)
-        m_slider->setValue(0);
+    // What listens to the value may delete the slider, or this with it.
+    const QPointer<QSlider> slider = m_slider;
+    slider->setRange(0, m_labels.size() - 1);
+    if (slider)
+        slider->setValue(0);
 }
 
 void CBPJumpSlider::SetPosByText(QString text)
@@ -85,12 +109,8 @@ bool CBPJumpSlider::DrawSlider()
 {
     QPainter painter(m_slider);
     const QRect rect = m_slider->rect();
-    const int last = m_labels.size() - 1;
-    lumqt::drawSliderTrack(painter, rect, last, kEndInset);
-    const int radius = lumqt::kSliderHandle / 2;
-    const QPoint centre(lumqt::sliderTick(rect, m_slider->sliderPosition(), last, kEndInset),
-                        rect.y() + rect.height() / 2);
-    lumqt::drawSliderHandle(painter, centre - QPoint(radius, radius),
+    lumqt::drawSliderTrack(painter, rect, m_labels.size() - 1, kEndInset);
+    lumqt::drawSliderHandle(painter, handleOf(*m_slider).topLeft(),
                             m_slider->isEnabled() ? kHandleColor : kDisabledHandleColor);
     lumqt::drawSliderFocus(painter, *m_slider);
     return true;

@@ -48,9 +48,11 @@ void CBPSmoothSlider::Init(QStringList labels, int maximum, int minimum)
         m_slider->setFixedHeight(kHeight);
     }
     m_labelRow->update();
-    m_slider->setRange(minimum, maximum);
-    if (m_slider)
-        m_slider->setValue(0);
+    // What listens to the value may delete the slider, or this with it.
+    const QPointer<QSlider> slider = m_slider;
+    slider->setRange(minimum, maximum);
+    if (slider)
+        slider->setValue(0);
 }
 
 void CBPSmoothSlider::SetValue(int value)

@@ -21,6 +21,26 @@ constexpr int kTickTop = 2; // below the middle
 constexpr int kTickHeight = 11;
 constexpr int kLabelBaseline = 12;
 
+// Large letters are not cut off at the top.
+int labelBaseline(const QFontMetrics &metrics)
+{
+    return qMax(kLabelBaseline, metrics.capHeight() + 1);
+}
+
+// As high as its owner's letters. A label without a text of its own stays as high as its first font.
+class LabelRow : public QLabel
+{
+public:
+    QSize sizeHint() const override
+    {
+        const QFontMetrics metrics = fontMetrics();
+        return QSize(metrics.averageCharWidth(),
+                     qMax(metrics.height(), labelBaseline(metrics) + metrics.descent()));
+    }
+
+    QSize minimumSizeHint() const override { return sizeHint(); }
+};
+
 } // namespace
 
 class SpokenSlider::Accessible : public QAccessibleWidget, public QAccessibleValueInterface
@@ -90,7 +110,7 @@ void SpokenSlider::showFocus(bool show)
 
 void SpokenSlider::focusInEvent(QFocusEvent *event)
 {
-    showFocus(event->reason() != Qt::MouseFocusReason);
+    showFocus(showsFocusFor(this, event->reason()));
     QSlider::focusInEvent(event);
 }
 
@@ -112,33 +132,65 @@ void SpokenSlider::mousePressEvent(QMouseEvent *event)
         QSlider::mousePressEvent(event);
         return;
     }
-    const QPointer<SpokenSlider> alive(this);
-    const int value = m_valueAt(*this, event->x());
     event->accept();
+    const int x = event->x();
+    m_grabbedAt = 0;
+    if (m_handleOf) {
+        const QRect handle = m_handleOf(*this);
+        if (x < handle.left() || x > handle.right()) {
+            stepTowards(x);
+            return;
+        }
+        m_grabbedAt = x - handle.center().x();
+    }
+    const QPointer<SpokenSlider> alive(this);
     setSliderDown(true);
-    if (alive)
-        setSliderPosition(value);
+    if (alive && !m_handleOf)
+        setSliderPosition(m_valueAt(*this, x));
+}
+
+void SpokenSlider::stepTowards(int x)
+{
+    m_pageTarget = m_valueAt(*this, x);
+    const SliderAction action = x > m_handleOf(*this).right() ? SliderPageStepAdd : SliderPageStepSub;
+    setRepeatAction(action); // before the value changes: what listens to it may delete the slider
+    triggerAction(action);
+}
+
+// The button that was pressed beside the handle is still down.
+void SpokenSlider::timerEvent(QTimerEvent *event)
+{
+    const bool there = (repeatAction() == SliderPageStepAdd && sliderPosition() >= m_pageTarget) ||
+                       (repeatAction() == SliderPageStepSub && sliderPosition() <= m_pageTarget);
+    if (m_handleOf && there)
+        setRepeatAction(SliderNoAction);
+    else
+        QSlider::timerEvent(event);
 }
 
 void SpokenSlider::mouseMoveEvent(QMouseEvent *event)
 {
     if (m_valueAt && isSliderDown())
-        setSliderPosition(m_valueAt(*this, event->x()));
+        setSliderPosition(m_valueAt(*this, event->x() - m_grabbedAt));
     else
         QSlider::mouseMoveEvent(event);
 }
 
 void SpokenSlider::mouseReleaseEvent(QMouseEvent *event)
 {
-    if (m_valueAt && isSliderDown() && event->button() == Qt::LeftButton)
-        setSliderDown(false);
-    else
+    if (!m_valueAt || event->button() != Qt::LeftButton) {
         QSlider::mouseReleaseEvent(event);
+        return;
+    }
+    event->accept();
+    setRepeatAction(SliderNoAction);
+    if (isSliderDown())
+        setSliderDown(false);
 }
 
 SliderParts makeSliderParts(QWidget *owner, std::function<QString()> spokenValue)
 {
-    const SliderParts parts{new SpokenSlider(std::move(spokenValue)), new QLabel};
+    const SliderParts parts{new SpokenSlider(std::move(spokenValue)), new LabelRow};
     parts.slider->installEventFilter(owner);
     parts.labelRow->installEventFilter(owner);
     QLayout *column = owner->layout();
@@ -203,8 +255,7 @@ void drawSliderLabels(QLabel &row, const QStringList &labels)
 {
     QPainter painter(&row);
     const QVector<QRect> rects = sliderLabelRects(row, labels);
-    // Large letters are not cut off at the top.
-    const int baseline = row.rect().y() + qMax(kLabelBaseline, painter.fontMetrics().capHeight() + 1);
+    const int baseline = row.rect().y() + labelBaseline(painter.fontMetrics());
     for (int i = 0; i < rects.size(); ++i) {
         if (rects[i].intersects(row.rect()))
             painter.drawText(rects[i].x(), baseline, labels[i]);

@@ -25,10 +25,21 @@ public:
     // Focused by somebody who uses the keyboard.
     bool showsFocus() const { return m_showsFocus; }
 
-    // With it the handle goes to `valueAt` the pointer's x as soon as the left button is down, and follows.
-    // The style's own handle is elsewhere than the painted one.
+    // What the left button does, one of the two: the style's own handle and groove are elsewhere than the
+    // painted ones. `valueAt` tells the value at a place.
     using ValueAt = int (*)(const QSlider &slider, int x);
+    using HandleOf = QRect (*)(const QSlider &slider);
+
+    // The handle goes to the pointer as soon as the button is down, and follows.
     void followPointer(ValueAt valueAt) { m_valueAt = valueAt; }
+
+    // The handle, which is at `handleOf`, can be dragged; beside it the button goes a page towards the
+    // pointer, and while it is held down further ones as far as the pointer.
+    void stepToPointer(ValueAt valueAt, HandleOf handleOf)
+    {
+        m_valueAt = valueAt;
+        m_handleOf = handleOf;
+    }
 
 protected:
     void focusInEvent(QFocusEvent *event) override;
@@ -37,14 +48,19 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
+    void timerEvent(QTimerEvent *event) override;
 
 private:
     class Accessible;
 
     void showFocus(bool show);
+    void stepTowards(int x);
 
     std::function<QString()> m_spokenValue;
     ValueAt m_valueAt = nullptr;
+    HandleOf m_handleOf = nullptr;
+    int m_grabbedAt = 0;  // pixels from the middle of the handle
+    int m_pageTarget = 0; // the value under the pointer that paging goes to
     bool m_showsFocus = false;
 };
 

@@ -34,6 +34,12 @@ void focusAt(QLineEdit *edit, bool atEnd)
         edit->setCursorPosition(atEnd ? edit->text().size() : 0);
 }
 
+// Of what is nearly an address an edit of three characters would take the beginning for its octet.
+bool isNoOctet(const QString &text)
+{
+    return text.trimmed().size() > lumqt::OctetValidator::kDigits;
+}
+
 } // namespace
 
 CBPIPAddrEdit::CBPIPAddrEdit(QWidget *parent) : QLineEdit(parent)
@@ -80,9 +86,12 @@ void CBPIPAddrEdit::focusInEvent(QFocusEvent *event)
 // The edit does what the key means in any line edit, too, wherever the focus went.
 void CBPIPAddrEdit::keyPressEvent(QKeyEvent *event)
 {
-    if (event->matches(QKeySequence::Paste) && !isReadOnly() && fillAll(QApplication::clipboard()->text())) {
-        event->accept();
-        return;
+    if (event->matches(QKeySequence::Paste) && !isReadOnly()) {
+        const QString text = QApplication::clipboard()->text();
+        if (fillAll(text) || isNoOctet(text)) {
+            event->accept();
+            return;
+        }
     }
     const QPointer<CBPIPAddrEdit> alive(this);
     stepToNeighbour(event);
@@ -155,7 +164,6 @@ QVector<CBPIPAddrEdit *> CBPIPAddrEdit::wholeRow()
     return row.size() == kOctets && editable ? row : QVector<CBPIPAddrEdit *>();
 }
 
-// Of a whole address an edit of three characters would only see the first three.
 bool CBPIPAddrEdit::fillAll(const QString &text)
 {
     const QStringList octets = lumqt::octetsOf(text.trimmed());
@@ -174,24 +182,30 @@ bool CBPIPAddrEdit::fillAll(const QString &text)
 
 void CBPIPAddrEdit::paste()
 {
-    if (!isReadOnly() && !fillAll(QApplication::clipboard()->text()))
+    const QString text = QApplication::clipboard()->text();
+    if (!isReadOnly() && !fillAll(text) && !isNoOctet(text))
         QLineEdit::paste(); // would paste into a read-only edit
 }
 
 void CBPIPAddrEdit::dropEvent(QDropEvent *event)
 {
-    if (isReadOnly() || !fillAll(event->mimeData()->text()))
-        QLineEdit::dropEvent(event);
-    else
+    const QString text = event->mimeData()->text();
+    if (!isReadOnly() && fillAll(text))
         event->acceptProposedAction();
+    else if (isNoOctet(text))
+        event->ignore();
+    else
+        QLineEdit::dropEvent(event);
 }
 
 // The middle button pastes what is selected elsewhere, where there is such a thing.
 void CBPIPAddrEdit::mouseReleaseEvent(QMouseEvent *event)
 {
     QClipboard *clipboard = QApplication::clipboard();
-    if (event->button() == Qt::MiddleButton && clipboard->supportsSelection() && !isReadOnly() &&
-        fillAll(clipboard->text(QClipboard::Selection)))
-        return;
+    if (event->button() == Qt::MiddleButton && clipboard->supportsSelection() && !isReadOnly()) {
+        const QString text = clipboard->text(QClipboard::Selection);
+        if (fillAll(text) || isNoOctet(text))
+            return;
+    }
     QLineEdit::mouseReleaseEvent(event);
 }

@@ -6,6 +6,7 @@
 CBPComboBox::CBPComboBox(QWidget *parent) : QComboBox(parent)
 {
     setView(new QListView(this));
+    setFocusPolicy(Qt::StrongFocus); // not by the wheel, either
 }
 
 CBPComboBox::~CBPComboBox() = default;

@@ -17,6 +17,7 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QStyle>
 
 namespace {
 
@@ -27,6 +28,7 @@ const QColor kHoverGround(0xed, 0xf3, 0xfe);
 constexpr int kHeight = 30;
 const QMargins kMargins(2, 0, 6, 0);
 constexpr int kButtonGap = 6;     // between space and delete button
+constexpr int kPathGap = 6;       // between path and space, where there is little room
 constexpr int kPathReserve = 200; // of a row's width, for all that is not path
 constexpr int kDeleteId = 255;
 constexpr int kDecimals = 2;
@@ -38,6 +40,50 @@ void blacken(QLabel *label)
     palette.setColor(QPalette::WindowText, kText);
     label->setPalette(palette);
 }
+
+// Shows its text, or as much of it as goes in; the tool tip has the whole path where that is not all of it.
+class PathLabel : public QLabel
+{
+public:
+    explicit PathLabel(const QString &path) : m_path(path) { setText(path); }
+
+    void shorten(const QString &text)
+    {
+        setText(text);
+        tellWhole();
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        const Qt::Alignment side = QStyle::visualAlignment(layoutDirection(), alignment());
+        style()->drawItemText(&painter, contentsRect(), int(side), palette(), isEnabled(), shown(),
+                              foregroundRole());
+    }
+
+    void resizeEvent(QResizeEvent *event) override
+    {
+        QLabel::resizeEvent(event);
+        m_laidOut = true;
+        tellWhole();
+    }
+
+private:
+    QString shown() const { return fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width()); }
+
+    void tellWhole()
+    {
+        const bool whole = text() == m_path && (!m_laidOut || shown() == m_path);
+        // As text, or a folder named <b> would be markup.
+        const QString tip = whole ? QString() : m_path.toHtmlEscaped();
+        if (tip != toolTip())
+            setToolTip(tip);
+    }
+
+    const QString m_path;
+    bool m_laidOut = false; // before, its size means nothing
+};
 
 // The family alone: rows have the size of the application's own font.
 QFont pathFont()
@@ -74,10 +120,34 @@ public:
         return state;
     }
 
+    // The button is there only while the mouse is over the row.
+    QStringList actionNames() const override
+    {
+        QStringList names = AccessiblePressable::actionNames();
+        if (row() && row()->isEnabled())
+            names << deleteAction();
+        return names;
+    }
+
+    QString localizedActionName(const QString &action) const override
+    {
+        return action == deleteAction() ? CBPComboxItem::tr("Delete")
+                                        : AccessiblePressable::localizedActionName(action);
+    }
+
+    void doAction(const QString &action) override
+    {
+        if (action != deleteAction())
+            AccessiblePressable::doAction(action);
+        else if (row() && row()->isEnabled())
+            row()->on_deletebtn_clicked(kDeleteId); // the row, and this with it, may be gone after
+    }
+
 protected:
     void press() override { row()->pick(); }
 
 private:
+    static QString deleteAction() { return QStringLiteral("Delete"); }
     CBPComboxItem *row() const { return static_cast<CBPComboxItem *>(widget()); }
 };
 
@@ -105,10 +175,9 @@ CBPComboxItem::~CBPComboxItem() = default;
 
 void CBPComboxItem::createLabels()
 {
-    m_pPathLabel = new QLabel;
+    m_pPathLabel = new PathLabel(m_pItem->path);
     blacken(m_pPathLabel);
     m_pPathLabel->setFont(pathFont());
-    m_pPathLabel->setText(m_pItem->path);
     // Where there is too little room the path is cut, and not what stands behind it in every row.
     m_pPathLabel->setMinimumWidth(1);
 
@@ -148,7 +217,7 @@ void CBPComboxItem::buildLayout()
     layout->setContentsMargins(kMargins);
     layout->addWidget(new CBPImage(m_pItem->icon));
     layout->addWidget(m_pPathLabel);
-    layout->addSpacerItem(new QSpacerItem(0, 0, QSizePolicy::Expanding));
+    layout->addSpacerItem(new QSpacerItem(kPathGap, 0, QSizePolicy::MinimumExpanding));
     layout->addWidget(m_pSpaceLabel);
     layout->addSpacing(kButtonGap);
     layout->addWidget(place);
@@ -186,21 +255,14 @@ void CBPComboxItem::markSelected(bool selected)
     if (m_pItem->selected == selected)
         return;
     m_pItem->selected = selected;
-    if (!QAccessible::isActive())
-        return;
-    QAccessible::State changed;
-    changed.selected = true;
-    QAccessibleStateChangeEvent event(this, changed);
-    QAccessible::updateAccessibility(&event);
+    lumqt::tellSelected(this, selected);
 }
 
 void CBPComboxItem::SetPathMaxWidth(int width)
 {
     const int room = qMax(0, lumqt::boundedPixels(width) - kPathReserve);
     const QString shown = QFontMetrics(pathFont()).elidedText(m_pItem->path, Qt::ElideRight, room);
-    m_pPathLabel->setText(shown);
-    // As text, or a folder named <b> would be markup.
-    m_pPathLabel->setToolTip(shown == m_pItem->path ? QString() : m_pItem->path.toHtmlEscaped());
+    static_cast<PathLabel *>(m_pPathLabel)->shorten(shown);
 }
 
 // The list knows rows by their paths, and has to look closer at one whose record others may change.

@@ -167,6 +167,33 @@ private Q_SLOTS:
         QVERIFY(qAbs(filledBy(bar) - 80) <= 1); // the highlight may tint the edge
     }
 
+    // Shown all the same, and never painted.
+    void restsOutOfSight_data()
+    {
+        QTest::addColumn<QRect>("away");
+        QTest::newRow("scrolled away") << QRect(-300, 0, kWidth, 8);
+        QTest::newRow("no width") << QRect(0, 0, 0, 8);
+    }
+
+    void restsOutOfSight()
+    {
+        QFETCH(QRect, away);
+        QWidget window;
+        window.resize(300, 50);
+        CBPGradientProgressBar bar;
+        bar.setParent(&window);
+        bar.setGeometry(away);
+        bar.setValue(0.5);
+        window.show();
+        QTRY_COMPARE(intervalsOf(bar, true), QVector<int>());
+        bar.setValue(0.9);
+        QTRY_COMPARE(intervalsOf(bar, true), QVector<int>());
+        bar.setGeometry(0, 0, kWidth, 8);
+        QTRY_COMPARE(intervalsOf(bar, true), QVector<int>{20}); // grown up
+        QVERIFY(qAbs(filledBy(bar) - 180) <= 1);
+        bar.setParent(nullptr);
+    }
+
     void resizing_data()
     {
         QTest::addColumn<bool>("shown");
@@ -226,13 +253,54 @@ private Q_SLOTS:
         QVERIFY(tick(11).pixelColor(50, 4).red() > 200);
     }
 
+    void gradient()
+    {
+        CBPGradientProgressBar bar(Qt::black, QColor());
+        bar.resize(kWidth, 8);
+        bar.setValue(0.5);
+        const QImage image = bar.grab().toImage();
+        const struct
+        {
+            int x;
+            QColor color;
+        } rows[] = {{2, {58, 204, 252}}, {51, {66, 186, 249}}, {99, {73, 167, 245}}, {101, Qt::white}};
+        for (const auto &row : rows) {
+            const QColor seen = image.pixelColor(row.x, 4);
+            QVERIFY2(qAbs(seen.red() - row.color.red()) <= 1 && qAbs(seen.green() - row.color.green()) <= 2 &&
+                         qAbs(seen.blue() - row.color.blue()) <= 1,
+                     qPrintable(QString::number(row.x) + seen.name()));
+        }
+    }
+
+    // The number follows by half a per cent with each repaint and is truncated; in a full bar it jumps.
     void text()
     {
         TextBar bar;
         bar.resize(kWidth, 20);
         bar.setValue(0.2);
-        const QRect ink = inkOf(bar.grab().toImage());
-        QVERIFY2(!ink.isEmpty() && qAbs(ink.center().x() - kWidth / 2) <= 12, wordsOf(ink));
+        const auto number = [&bar] { return bar.grab(QRect(80, 0, 40, 20)).toImage(); };
+        QImage before = number();
+        const QRect ink = inkOf(before);
+        QVERIFY2(!ink.isEmpty() && qAbs(ink.center().x() - 20) <= 12, wordsOf(ink));
+        bar.setValue(0.3);
+        QVector<int> changes;
+        for (int repaint = 1; repaint <= 25; ++repaint) {
+            const QImage now = number();
+            if (now != before)
+                changes << repaint;
+            before = now;
+        }
+        QCOMPARE(changes, (QVector<int>{2, 4, 6, 8, 10, 12, 14, 16, 18, 20}));
+        TextBar full;
+        full.resize(kWidth, 20);
+        full.setValue(1.0);
+        const auto textOfFull = [&full] { return full.grab(QRect(80, 0, 40, 20)).toImage(); };
+        const QImage hundred = textOfFull();
+        full.setValue(0.99);
+        textOfFull();
+        full.setValue(1.0);
+        full.grab(); // a pixel short of full
+        QCOMPARE(textOfFull(), hundred);
     }
 };
 

@@ -1,6 +1,4 @@
-#include "CBPJumpSlider.h"
-#include "CBPSmoothSlider.h"
-#include "Pixels.h"
+#include "display/SliderHelpers.h"
 #include "TestMain.h"
 
 #include <QAccessible>
@@ -8,44 +6,8 @@
 
 namespace {
 
-const QColor kBlue(73, 167, 245);
-const QColor kGrey(229, 229, 229);
 const QColor kRing(47, 134, 216);
-const QStringList kLevels{"Low", "Medium", "High", "Full"};
-const QStringList kEnds{"0", "All"};
-
-QSlider *sliderOf(const QWidget &widget)
-{
-    return widget.findChild<QSlider *>();
-}
-
-QLabel *rowOf(const QWidget &widget)
-{
-    return widget.findChild<QLabel *>();
-}
-
-// Shown, 300 pixels wide.
-template <class Slider> void show(Slider &slider)
-{
-    slider.resize(300, 70);
-    slider.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&slider));
-}
-
-void click(QWidget *widget, int x, int y = 6)
-{
-    QTest::mouseClick(widget, Qt::LeftButton, Qt::NoModifier, QPoint(x, y));
-}
-
-QRect handleOf(const QWidget &widget, const QColor &color = kBlue)
-{
-    const QImage image = sliderOf(widget)->grab().toImage();
-    if (color == kGrey) { // as the track is: look above it
-        const QImage above = image.copy(0, 0, image.width(), image.height() / 2 - 2);
-        return boxOf(above, color);
-    }
-    return boxOf(image, color);
-}
+const QColor kTick(146, 146, 146);
 
 } // namespace
 
@@ -87,126 +49,59 @@ private Q_SLOTS:
         }
     }
 
-    // Each label is where its tick is, and clicking it goes there; also for labels of one text, and after
-    // the window moved without a repaint.
-    void jumpLabels_data()
+    // The track, its ticks and the letters of each label, which the row below has under its tick.
+    void pictures_data()
     {
-        QTest::addColumn<QStringList>("labels");
-        QTest::newRow("levels") << kLevels;
-        QTest::newRow("equal") << QStringList{"Same", "Same", "Same"};
+        QTest::addColumn<bool>("jump");
+        QTest::addColumn<QVector<int>>("ticks");
+        QTest::addColumn<int>("height"); // of the slider
+        QTest::newRow("jump") << true << QVector<int>{8, 100, 200, 292} << 40;
+        QTest::newRow("smooth") << false << QVector<int>{7, 293} << 44;
     }
 
-    void jumpLabels()
+    void pictures()
     {
-        QFETCH(QStringList, labels);
+        QFETCH(bool, jump);
+        QFETCH(QVector<int>, ticks);
+        QFETCH(int, height);
+        CBPJumpSlider jumpSlider(nullptr);
+        CBPSmoothSlider smoothSlider(nullptr);
+        jumpSlider.Init(kLevels);
+        smoothSlider.Init(kEnds, 100, 0);
+        QWidget &widget = jump ? static_cast<QWidget &>(jumpSlider) : smoothSlider;
+        QSlider *inner = sliderOf(widget);
+        inner->setFixedHeight(height);
+        show(widget);
+        const int middle = height / 2;
+        for (int i = 0; i < ticks.size(); ++i) {
+            inner->setValue(i < ticks.size() / 2 ? inner->maximum() : 0); // the handle is elsewhere
+            const QImage image = inner->grab().toImage();
+            const QImage around = image.copy(ticks[i] - 5, 0, 11, height);
+            QCOMPARE(boxOf(around, kTick), QRect(5, middle + 2, 1, 11));
+            QCOMPARE(boxOf(around, kGrey), QRect(0, middle - 2, 11, 4));
+            QCOMPARE(image.pixelColor(i == 0 ? 0 : 299, middle), kGrey);
+        }
+        const QImage row = rowOf(widget)->grab().toImage();
+        const int last = ticks.size() - 1;
+        const int step = 300 / last;
+        for (int i = 0; i <= last; ++i) {
+            const QRect part = QRect(i * step - step / 2, 0, step, row.height()) & row.rect();
+            const QRect ink = inkOf(row.copy(part), 128).translated(part.topLeft());
+            const int off = i == 0 ? ink.left() : i == last ? 299 - ink.right() : ink.center().x() - i * step;
+            QVERIFY2(!ink.isEmpty() && qAbs(off) <= 2, wordsOf(ink));
+            QVERIFY2(i > 0 || qAbs(ink.bottom() - 11) <= 1, wordsOf(ink)); // nothing below the line
+        }
+    }
+
+    void labelsGrowWithTheFont()
+    {
         CBPJumpSlider slider(nullptr);
-        slider.Init(labels);
+        slider.Init(kLevels);
         show(slider);
-        slider.move(slider.pos() + QPoint(40, 30));
-        const int last = labels.size() - 1;
-        for (const int index : {last, 0, 1}) {
-            const int at = index * (300 / last);
-            click(rowOf(slider), index == 0 ? 3 : index == last ? at - 3 : at);
-            QCOMPARE(sliderOf(slider)->value(), index);
-            QCOMPARE(slider.GetPosText(), labels[index]);
-            const QRect handle = handleOf(slider);
-            const int inset = index == 0 ? 8 : index == last ? -8 : 0;
-            QVERIFY2(qAbs(handle.center().x() - (at + inset)) <= 1, wordsOf(handle));
-        }
-        click(rowOf(slider), 300 / last / 2); // between two labels
-        QCOMPARE(sliderOf(slider)->value(), 1);
-    }
-
-    void disabled()
-    {
-        CBPJumpSlider jump(nullptr);
-        jump.Init(kLevels);
-        show(jump);
-        CBPSmoothSlider smooth(nullptr);
-        smooth.Init(kEnds, 100, 0);
-        show(smooth);
-        for (QWidget *widget : {static_cast<QWidget *>(&jump), static_cast<QWidget *>(&smooth)}) {
-            widget->setEnabled(false);
-            click(rowOf(*widget), 297);
-            click(sliderOf(*widget), 200);
-            QCOMPARE(sliderOf(*widget)->value(), 0);
-        }
-        QVERIFY(handleOf(jump).isEmpty());
-        QVERIFY(!handleOf(jump, kGrey).isEmpty());
-        QVERIFY(!handleOf(smooth).isEmpty()); // blue whatever happens
-    }
-
-    void smoothClicks_data()
-    {
-        QTest::addColumn<int>("minimum");
-        QTest::addColumn<int>("maximum");
-        QTest::addColumn<int>("x"); // on the slider; -1: the first label, -2: the last one
-        QTest::addColumn<int>("value");
-        QTest::newRow("three quarters") << 0 << 100 << 225 << 75;
-        QTest::newRow("the minimum is not added") << 20 << 100 << 150 << 40;
-        QTest::newRow("but kept") << 20 << 100 << 6 << 20;
-        QTest::newRow("first label") << 0 << 100 << -1 << 0;
-        QTest::newRow("first label, minimum above 0") << 20 << 100 << -1 << 20;
-        QTest::newRow("first label, minimum below 0") << -50 << 100 << -1 << 0;
-        QTest::newRow("last label") << -50 << 100 << -2 << 100;
-        QTest::newRow("all ints") << INT_MIN << INT_MAX << 150 << INT_MAX;
-        QTest::newRow("large") << 0 << INT_MAX << 150 << INT_MAX / 2;
-        QTest::newRow("no range") << 7 << 7 << 150 << 7;
-        QTest::newRow("below 0") << -100 << -20 << 150 << -20;
-    }
-
-    void smoothClicks()
-    {
-        QFETCH(int, minimum);
-        QFETCH(int, maximum);
-        QFETCH(int, x);
-        QFETCH(int, value);
-        CBPSmoothSlider slider(nullptr);
-        slider.Init(kEnds, maximum, minimum);
-        show(slider);
-        slider.SetValue(minimum == maximum || x == -2 ? minimum : maximum);
-        if (x < 0)
-            click(rowOf(slider), x == -1 ? 3 : 297);
-        else
-            click(sliderOf(slider), x);
-        QCOMPARE(slider.GetValue(), value);
-        QVERIFY(!sliderOf(slider)->isSliderDown());
-    }
-
-    void minimumAboveMaximum()
-    {
-        CBPSmoothSlider slider(nullptr);
-        QTest::ignoreMessage(QtWarningMsg, "CBPSmoothSlider: the minimum 50 is above the maximum 10");
-        slider.Init(kEnds, 10, 50);
-        show(slider);
-        slider.SetValue(30);
-        QCOMPARE(slider.GetValue(), 50);
-        click(rowOf(slider), 3);
-        QCOMPARE(slider.GetValue(), 50);
-    }
-
-    // Pressed anywhere the handle is under the pointer and follows it.
-    void dragging()
-    {
-        CBPSmoothSlider slider(nullptr);
-        slider.Init(kEnds, 100, 0);
-        show(slider);
-        QSlider *inner = sliderOf(slider);
-        QTest::mousePress(inner, Qt::LeftButton, Qt::NoModifier, QPoint(285, 22));
-        QCOMPARE(slider.GetValue(), 95);
-        const struct
-        {
-            int x;
-            int value;
-        } rows[] = {{150, 50}, {-900, 0}, {9000, 100}, {30, 10}};
-        for (const auto &row : rows) {
-            QMouseEvent move(QEvent::MouseMove, QPointF(row.x, 22), Qt::NoButton, Qt::LeftButton,
-                             Qt::NoModifier);
-            QCoreApplication::sendEvent(inner, &move);
-            QCOMPARE(slider.GetValue(), row.value);
-        }
-        QTest::mouseRelease(inner, Qt::LeftButton, Qt::NoModifier, QPoint(60, 22));
-        QCOMPARE(slider.GetValue(), 20);
+        QFont large = slider.font();
+        large.setPointSize(30);
+        slider.setFont(large);
+        QTRY_VERIFY(rowOf(slider)->height() >= QFontMetrics(large).height());
     }
 
     // Left edge of the handle by value; the value stands above it, within the slider.
@@ -275,6 +170,12 @@ private Q_SLOTS:
         inner->clearFocus();
         QVERIFY(inner->focusPolicy() & Qt::TabFocus);
         QVERIFY(!ringShows());
+        for (const Qt::FocusReason reason : {Qt::ActiveWindowFocusReason, Qt::OtherFocusReason}) {
+            jump->setFocus(reason); // no key was touched so far
+            QTRY_VERIFY(inner->hasFocus());
+            QVERIFY(!ringShows());
+            inner->clearFocus();
+        }
         jump->setFocus(Qt::MouseFocusReason);
         QTRY_VERIFY(inner->hasFocus());
         QVERIFY(!ringShows());
@@ -325,22 +226,6 @@ private Q_SLOTS:
         delete sliderOf(jump);
         QCOMPARE(jump.GetPosText(), QString());
         click(rowOf(jump), 3);
-    }
-
-    // What listens to the value deletes the slider in the middle of the click.
-    void deletedByItsListener()
-    {
-        for (const bool onLabel : {true, false}) {
-            QPointer<CBPSmoothSlider> slider = new CBPSmoothSlider(nullptr);
-            slider->Init(kEnds, 100, 0);
-            show(*slider);
-            connect(sliderOf(*slider), &QSlider::valueChanged, this, [slider] { delete slider; });
-            QWidget *target = onLabel ? static_cast<QWidget *>(rowOf(*slider)) : sliderOf(*slider);
-            QMouseEvent release(QEvent::MouseButtonRelease, QPointF(297, 6), Qt::LeftButton, Qt::NoButton,
-                                Qt::NoModifier);
-            QCoreApplication::sendEvent(target, &release);
-            QVERIFY(!slider);
-        }
     }
 
     // More labels than pixels, long ones, none to be seen.

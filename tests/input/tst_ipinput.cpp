@@ -244,7 +244,8 @@ private slots:
             const char *text, *after;
         } rows[] = {{"192.168.0.1", "192.168.0.1"}, {" \t192.168.0.1\r\n", "192.168.0.1"},
                     {"1.2.3.4", "1.2.3.4"},         {"44", ""}, // into this octet only
-                    {"1.2.3.300", "9.9.9.9"},       {"1.2.3", "9.9.9.9"}};
+                    {"1.2.3.300", "9.9.9.9"},       {"1.2.3", "9.9.9.9"},
+                    {"192.168.0.300", "9.9.9.9"},   {"192.168.0.1:80", "9.9.9.9"}};
         for (const char *by : {"key", "slot", "menu", "drop", "insert key"}) {
             for (const auto &row : rows)
                 QTest::addRow("%s: %s", by, qPrintable(QString(row.text).simplified()))

@@ -1,22 +1,18 @@
 #include "CBPBox.h"
-#include "CBPComboBox.h"
 #include "CBPComboxItem.h"
 #include "CBPImage.h"
 #include "CBPImageButton.h"
 #include "CBPPathDropdWnd.h"
 #include "CBPScrollWnd.h"
-#include "FormatByteSize.h"
 #include "Pixels.h"
 #include "TestMain.h"
 #include "Util.h"
 
-#include <QAbstractItemView>
 #include <QAccessible>
 #include <QLabel>
 #include <QPointer>
 #include <QScrollBar>
 #include <QSignalSpy>
-#include <QWheelEvent>
 
 #include <functional>
 #include <limits>
@@ -96,6 +92,15 @@ QLabel *pathLabel(CBPComboxItem *row)
     return nullptr;
 }
 
+// On white, whatever lies below.
+QImage drawn(QWidget *widget)
+{
+    QImage image(widget->size(), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    widget->render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
+    return image;
+}
+
 void hover(QWidget *widget, bool over)
 {
     const QPointF centre = QRectF(widget->rect()).center();
@@ -122,62 +127,6 @@ class TestPathList : public QObject
     Q_OBJECT
 
 private slots:
-    void byteSizes_data()
-    {
-        QTest::addColumn<qint64>("bytes");
-        QTest::addColumn<bool>("zeroAsKilobytes");
-        QTest::addColumn<int>("decimals");
-        QTest::addColumn<QString>("text");
-        using Limits = std::numeric_limits<qint64>;
-        const struct
-        {
-            qint64 bytes;
-            bool zeroAsKilobytes;
-            int decimals;
-            const char *text;
-        } rows[] = {{0, false, 2, "0 Bytes"},
-                    {0, true, 2, "0 KB"},
-                    {1, true, 2, "1 Bytes"},
-                    {-5, true, 2, "-5 Bytes"},
-                    {1023, false, 2, "1023 Bytes"},
-                    {1024, false, 2, "1.00 KB"},
-                    {1536, false, 2, "1.50 KB"},
-                    {1024 * 1024 - 1, false, 2, "1024.00 KB"},
-                    {1024 * 1024, false, 0, "1 MB"},
-                    {kGiga, false, 2, "1.00 GB"},
-                    {1024 * kGiga - 1, false, 1, "1024.0 GB"},
-                    {1024 * kGiga, false, 2, "1.00 TB"},
-                    {1536, false, -1, "2 KB"},
-                    {1536, false, std::numeric_limits<int>::max(), "1.50000000000000000 KB"},
-                    {Limits::max(), false, 2, "8388608.00 TB"},
-                    {Limits::min(), false, 2, "-9223372036854775808 Bytes"}};
-        for (const auto &row : rows)
-            QTest::addRow("%s, %d", row.text, row.decimals)
-                << row.bytes << row.zeroAsKilobytes << row.decimals << QString(row.text);
-    }
-
-    void byteSizes()
-    {
-        QFETCH(qint64, bytes);
-        QFETCH(bool, zeroAsKilobytes);
-        QFETCH(int, decimals);
-        QTEST(FormatByteSize(bytes, zeroAsKilobytes, decimals), "text");
-    }
-
-    void wheelChangesNoChoice()
-    {
-        QWidget parent;
-        auto *box = new CBPComboBox(&parent);
-        box->addItems({"a", "b", "c"});
-        QCOMPARE(box->view()->metaObject()->className(), "QListView");
-        QWheelEvent event(QPointF(5, 5), box->mapToGlobal(QPoint(5, 5)), QPoint(), QPoint(0, -120),
-                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-        event.ignore();
-        QCoreApplication::sendEvent(box, &event);
-        QCOMPARE(box->currentIndex(), 0);
-        QVERIFY(event.isAccepted());
-    }
-
     void rowShowsItsRecord()
     {
         ComboxItem item = location("/tmp/<b>bold</b>", 2 * kGiga);
@@ -197,6 +146,10 @@ private slots:
         row.resize(300, 30);
         row.ensurePolished();
         const QPoint place(60, 2);
+        const QImage icon = row.findChild<CBPImage *>()->grab().toImage();
+        QVERIFY(icon.width() > 10 && !inkOf(icon, 200).isEmpty());
+        QCOMPARE(row.findChild<CBPImage *>()->x(), 2);
+        QCOMPARE(deleteButton(&row)->mapTo(&row, deleteButton(&row)->rect().topRight()).x(), 300 - 6 - 1);
         QCOMPARE(row.grab().toImage().pixelColor(place), QColor(Qt::white));
         const int labelX = pathLabel(&row)->x();
         hover(&row, true);
@@ -208,7 +161,60 @@ private slots:
         QVERIFY(!deleteButton(&row)->isVisibleTo(&row));
         clickDelete(&row); // nobody is called
         row.SetDeleteBtnCB(nullptr, &row);
+        QSignalSpy deletes(deleteButton(&row), &CBPImageButton::btn_released);
         clickDelete(&row);
+        QCOMPARE(deletes, QList<QVariantList>{{255}});
+        ComboxItem unknown = location("/unknown");
+        unknown.freeBytes = 5;
+        CBPComboxItem bare(unknown, nullptr);
+        for (const auto *label : bare.findChildren<QLabel *>())
+            QVERIFY(label->text().isEmpty() || label == pathLabel(&bare));
+    }
+
+    void deletePictures()
+    {
+        ComboxItem item = location("/a");
+        CBPComboxItem row(item, nullptr);
+        QVector<QString> files;
+        for (const char *file : {"delete", "delete_hover", "delete_press", "delete"})
+            files << Util::getResFullPath(QStringLiteral("../res/%1.png").arg(file));
+        CBPImageButton expected(files, false, 255);
+        hover(&row, true);
+        const std::function<void(QWidget *)> states[] = {
+            [](QWidget *) {}, [](QWidget *button) { hover(button, true); },
+            [](QWidget *button) { QTest::mousePress(button, Qt::LeftButton); },
+            [](QWidget *button) { button->setEnabled(false); }};
+        for (const auto &enter : states) {
+            enter(deleteButton(&row));
+            enter(&expected);
+            QCOMPARE(drawn(deleteButton(&row)), drawn(&expected));
+        }
+        QVERIFY(!inkOf(drawn(&expected), 220).isEmpty());
+    }
+
+    // The space is shown whole, and the path ends in an ellipsis where it does not go in beside it.
+    void pathIsCutWhereThereIsNoRoom()
+    {
+        ComboxItem item = location("/a/path", 1024 * kGiga);
+        CBPComboxItem row(item, nullptr);
+        row.resize(row.sizeHint());
+        QVERIFY(!row.grab().isNull()); // laid out
+        QLabel *path = pathLabel(&row);
+        QCOMPARE(path->toolTip(), QString());
+        const int room = path->width() - 15;
+        row.resize(row.sizeHint().width() - 15, 30);
+        QVERIFY(!row.grab().isNull());
+        QCOMPARE(path->width(), room);
+        QCOMPARE(path->toolTip(), QString("/a/path"));
+        QCOMPARE(path->text(), QString("/a/path")); // shortened by SetPathMaxWidth() alone
+        QLabel expected(path->fontMetrics().elidedText("/a/path", Qt::ElideRight, room));
+        expected.setFont(path->font());
+        expected.setPalette(path->palette());
+        expected.resize(path->size());
+        QCOMPARE(drawn(path), drawn(&expected));
+        row.resize(row.sizeHint());
+        QVERIFY(!row.grab().isNull());
+        QCOMPARE(path->toolTip(), QString());
     }
 
     void rowIsClickedInside_data()
@@ -272,7 +278,8 @@ private slots:
         // The newest row is on top.
         list.ensurePolished();
         QVERIFY(list.open());
-        QVERIFY(list.pathItems().last()->y() < list.pathItems().first()->y());
+        QCOMPARE(list.pathItems().last()->mapTo(&list, QPoint()), QPoint(10, 10));
+        QCOMPARE(list.pathItems().at(2)->y() - list.pathItems().last()->y(), 33);
         // What was changed through the record counts.
         list.pathItems().first()->GetItem().path = "/moved";
         list.pathItems().at(1)->SetSelected(true);
@@ -327,7 +334,8 @@ private slots:
         QTest::addColumn<bool>("window");
         QTest::addColumn<QString>("by");
         for (const bool window : {false, true}) {
-            for (const char *by : {"click", "delete button", "Return", "Delete", "screen reader"})
+            for (const char *by :
+                 {"click", "delete button", "Return", "Delete", "screen reader", "screen reader deletes"})
                 QTest::addRow("%s, %s", window ? "window" : "row", by) << window << QString(by);
         }
     }
@@ -353,6 +361,8 @@ private slots:
             clickDelete(row);
         else if (by == "screen reader")
             spoken(row)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        else if (by == "screen reader deletes")
+            spoken(row)->actionInterface()->doAction(spoken(row)->actionInterface()->actionNames().last());
         else
             QTest::keyPress(row, by == "Return" ? Qt::Key_Return : Qt::Key_Delete);
         QVERIFY(!row);
