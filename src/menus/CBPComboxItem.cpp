@@ -70,7 +70,12 @@ protected:
     }
 
 private:
-    QString shown() const { return fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width()); }
+    QString shown() const
+    {
+        // What was shortened to nothing is an ellipsis all the same.
+        const QString source = text().isEmpty() ? m_path : text();
+        return fontMetrics().elidedText(source, Qt::ElideRight, contentsRect().width());
+    }
 
     void tellWhole()
     {
@@ -178,8 +183,10 @@ void CBPComboxItem::createLabels()
     m_pPathLabel = new PathLabel(m_pItem->path);
     blacken(m_pPathLabel);
     m_pPathLabel->setFont(pathFont());
-    // Where there is too little room the path is cut, and not what stands behind it in every row.
-    m_pPathLabel->setMinimumWidth(1);
+    // Where there is too little room the path is cut, down to its ellipsis, and not what stands behind it in
+    // every row.
+    const int ellipsis = m_pPathLabel->fontMetrics().horizontalAdvance(QChar(0x2026));
+    m_pPathLabel->setMinimumWidth(ellipsis + 1); // it is rounded
 
     m_pSpaceLabel = new QLabel;
     blacken(m_pSpaceLabel);

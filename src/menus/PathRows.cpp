@@ -66,6 +66,8 @@ PathRows::PathRows(QWidget *parent) : QWidget(parent), m_layout(new QVBoxLayout)
     setPalette(white);
     setAutoFillBackground(true);
     setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    // Rows that need more than the list has are squeezed: nobody could scroll to their other end.
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_layout->setSpacing(kSpacing);
     m_layout->setContentsMargins(0, 0, 0, 0);
     m_layout->addSpacerItem(new QSpacerItem(0, 0, QSizePolicy::Minimum, QSizePolicy::Expanding));

@@ -212,6 +212,14 @@ private slots:
         expected.setPalette(path->palette());
         expected.resize(path->size());
         QCOMPARE(drawn(path), drawn(&expected));
+        for (const int width :
+             {row.minimumSizeHint().width(), 200}) { // as in a list, which squeezes its rows
+            row.SetPathMaxWidth(width);
+            row.resize(width, 30);
+            QVERIFY(!row.grab().isNull());
+            QVERIFY(!inkOf(drawn(path), 128).isEmpty());
+        }
+        row.SetPathMaxWidth(600);
         row.resize(row.sizeHint());
         QVERIFY(!row.grab().isNull());
         QCOMPARE(path->toolTip(), QString());
