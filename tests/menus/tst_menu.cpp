@@ -50,7 +50,11 @@ class TestMenu : public QObject
 private slots:
     void initTestCase() { m_stage.set(); }
 
-    void init() { QCursor::setPos(600, 560); }
+    void init()
+    {
+        m_stage.activate();
+        QCursor::setPos(600, 560);
+    }
 
     void itemSize()
     {

@@ -13,7 +13,11 @@ class TestMenuLook : public QObject
 private slots:
     void initTestCase() { m_stage.set(); }
 
-    void init() { QCursor::setPos(600, 560); }
+    void init()
+    {
+        m_stage.activate();
+        QCursor::setPos(600, 560);
+    }
 
     void shownText()
     {
