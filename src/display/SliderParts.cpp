@@ -225,7 +225,7 @@ void drawSliderHandle(QPainter &painter, const QPoint &topLeft, const QColor &co
 {
     Body disc;
     disc.fill = color;
-    disc.radiusX = disc.radiusY = kSliderHandle / 2;
+    disc.radiusX = disc.radiusY = kSliderHandle / 2.0;
     drawBody(painter, QRect(topLeft, QSize(kSliderHandle, kSliderHandle)), disc);
 }
 

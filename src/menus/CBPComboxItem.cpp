@@ -114,12 +114,12 @@ public:
             return row()->m_pItem->path;
         if (kind == QAccessible::Description && row()->accessibleDescription().isEmpty())
             return row()->m_pSpaceLabel->text();
-        return QAccessibleWidget::text(kind);
+        return AccessiblePressable::text(kind);
     }
 
     QAccessible::State state() const override
     {
-        QAccessible::State state = QAccessibleWidget::state();
+        QAccessible::State state = AccessiblePressable::state();
         state.selectable = true;
         state.selected = row() && row()->m_pItem->selected;
         return state;

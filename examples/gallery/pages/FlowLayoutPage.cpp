@@ -8,11 +8,13 @@
 
 #include <QHBoxLayout>
 
+#include <iterator>
+
 namespace {
 
-const QStringList kTags{"Backup",       "Every day",       "Encrypted", "Drive D",
-                        "Two versions", "Mail on error",   "Compress",  "Verify",
-                        "Weekdays",     "Wake the device", "22:00",     "Quiet"};
+const char *const kTags[] = {"Backup",       "Every day",       "Encrypted", "Drive D",
+                             "Two versions", "Mail on error",   "Compress",  "Verify",
+                             "Weekdays",     "Wake the device", "22:00",     "Quiet"};
 const QColor kTagColor(0, 122, 126);
 constexpr int kTagHeight = 26;
 constexpr int kTagPadding = 14;
@@ -45,7 +47,7 @@ QWidget *tags(int width, int hSpacing = kGap, int vSpacing = kGap,
     QWidget *panel = ground();
     panel->setLayoutDirection(direction);
     auto *layout = new CBPFlowLayout(panel, kGap, hSpacing, vSpacing);
-    for (const QString &text : kTags)
+    for (const char *text : kTags)
         layout->addWidget(tag(text));
     panel->setFixedSize(width, layout->heightForWidth(width));
     return panel;
@@ -69,8 +71,9 @@ void addLive(Page *page)
         row->addWidget(button);
     }
     row->addStretch();
-    QObject::connect(add, &CBPPushBtn::sigBtnClicked, layout,
-                     [layout] { layout->addWidget(tag(kTags[layout->count() % kTags.size()])); });
+    QObject::connect(add, &CBPPushBtn::sigBtnClicked, layout, [layout] {
+        layout->addWidget(tag(kTags[std::size_t(layout->count()) % std::size(kTags)]));
+    });
     QObject::connect(remove, &CBPPushBtn::sigBtnClicked, layout, [layout] {
         if (QLayoutItem *item = layout->takeAt(layout->count() - 1)) {
             delete item->widget();

@@ -85,7 +85,7 @@ QWidget *accordion(EventLog *log, bool plain)
             log->add(QString("sigCurItemClicked(\"%1\")").arg(item->GetTitleWidget()->Text()));
         });
     }
-    for (CTabPageItem *entry : entries)
+    for (CTabPageItem *entry : qAsConst(entries))
         entry->SetGroup(entries);
     entries.first()->SetFocus();
     return panel;
