@@ -46,10 +46,7 @@ constexpr int kSearchHeight = 30;
 QWidget *plainCorner()
 {
     auto *corner = new QWidget;
-    corner->setAutoFillBackground(true);
-    QPalette white = corner->palette();
-    white.setColor(QPalette::Window, Qt::white);
-    corner->setPalette(white);
+    theme::fill(corner, Qt::white);
     return corner;
 }
 
@@ -78,10 +75,7 @@ QWidget *GalleryWindow::makeSideBar()
 {
     auto *bar = new QWidget;
     bar->setFixedWidth(theme::kSideBarWidth);
-    bar->setAutoFillBackground(true);
-    QPalette dark = bar->palette();
-    dark.setColor(QPalette::Window, theme::kInk);
-    bar->setPalette(dark);
+    theme::fill(bar, theme::kInk);
 
     auto *layout = new QVBoxLayout(bar);
     layout->setContentsMargins(0, theme::kUnit, 0, 0);

@@ -97,10 +97,7 @@ QFrame *rule()
 {
     auto *line = new QFrame;
     line->setFixedHeight(1);
-    line->setAutoFillBackground(true);
-    QPalette palette = line->palette();
-    palette.setColor(QPalette::Window, theme::kLine);
-    line->setPalette(palette);
+    theme::fill(line, theme::kLine);
     return line;
 }
 
@@ -117,10 +114,7 @@ QWidget *onGround(const QColor &ground, const QVector<QWidget *> &widgets)
 QWidget *onGround(const QColor &ground, const QVector<Sample> &samples)
 {
     auto *box = new QWidget;
-    box->setAutoFillBackground(true);
-    QPalette palette = box->palette();
-    palette.setColor(QPalette::Window, ground);
-    box->setPalette(palette);
+    theme::fill(box, ground);
     auto *layout = new QVBoxLayout(box);
     layout->setContentsMargins(kSampleGap, kSampleGap, kSampleGap, kSampleGap);
     layout->addLayout(rowOfSamples(samples, theme::kSideText));
@@ -197,10 +191,7 @@ void Section::addWide(QWidget *widget)
 
 Page::Page(const QString &title, const QString &introduction)
 {
-    setAutoFillBackground(true);
-    QPalette white = palette();
-    white.setColor(QPalette::Window, Qt::white);
-    setPalette(white);
+    theme::fill(this, Qt::white);
 
     auto *content = new QWidget;
     content->setMaximumWidth(theme::kPageWidth);

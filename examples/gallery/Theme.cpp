@@ -36,6 +36,14 @@ QLabel *label(const QString &text, Weight weight, int pixelSize, const QColor &c
     return result;
 }
 
+void fill(QWidget *widget, const QColor &color)
+{
+    widget->setAutoFillBackground(true);
+    QPalette palette = widget->palette();
+    palette.setColor(QPalette::Window, color);
+    widget->setPalette(palette);
+}
+
 QString picturePath(const QString &name)
 {
     return Util::getResFullPath(QStringLiteral("../res/") + name);

@@ -6,6 +6,7 @@
 
 class QLabel;
 class QPixmap;
+class QWidget;
 
 // Colours, type and spacing of the gallery. Everything lies on a grid of 8 pixels.
 namespace theme {
@@ -33,6 +34,9 @@ QFont font(Weight weight, int pixelSize);
 
 // A label in that font and colour. `wrapped`: as wide as there is room, over several lines.
 QLabel *label(const QString &text, Weight weight, int pixelSize, const QColor &color, bool wrapped = false);
+
+// Gives a widget a ground of one colour.
+void fill(QWidget *widget, const QColor &color);
 
 // The path of a picture of res/ ("icon_user.png", "Common/gift_normal.svg").
 QString picturePath(const QString &name);

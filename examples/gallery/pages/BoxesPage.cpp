@@ -28,10 +28,7 @@ QLabel *cell(const QString &text, int width = kCellWidth, const QColor &color = 
     label->setAlignment(Qt::AlignCenter);
     label->setMinimumSize(width, kCellHeight);
     label->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    label->setAutoFillBackground(true);
-    QPalette palette = label->palette();
-    palette.setColor(QPalette::Window, color);
-    label->setPalette(palette);
+    theme::fill(label, color);
     return label;
 }
 

@@ -33,10 +33,7 @@ CBPDrawLabel *tag(QString text)
 QWidget *ground()
 {
     auto *panel = new QWidget;
-    panel->setAutoFillBackground(true);
-    QPalette palette = panel->palette();
-    palette.setColor(QPalette::Window, kGround);
-    panel->setPalette(palette);
+    theme::fill(panel, kGround);
     return panel;
 }
 

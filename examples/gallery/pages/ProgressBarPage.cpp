@@ -76,10 +76,7 @@ void addLiveSamples(Page *page)
         return result;
     };
     auto *ground = new QWidget;
-    ground->setAutoFillBackground(true);
-    QPalette palette = ground->palette();
-    palette.setColor(QPalette::Window, kLightGround);
-    ground->setPalette(palette);
+    theme::fill(ground, kLightGround);
     auto *layout = new QVBoxLayout(ground);
     layout->setContentsMargins(24, 24, 24, 24);
     layout->addWidget(progress);

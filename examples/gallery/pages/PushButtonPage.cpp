@@ -264,10 +264,7 @@ CBPPushBtn *withColors(int count)
 QWidget *withoutMargins()
 {
     auto *whole = new QWidget;
-    whole->setAutoFillBackground(true);
-    QPalette palette = whole->palette();
-    palette.setColor(QPalette::Window, theme::kLine);
-    whole->setPalette(palette);
+    theme::fill(whole, theme::kLine);
     CBPPushBtn *cut = button("Cut off");
     cut->setRemoveMargin(QMargins(16, 3, 16, 3));
     auto *layout = new QVBoxLayout(whole);

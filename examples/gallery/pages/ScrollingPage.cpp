@@ -24,10 +24,7 @@ QLabel *pane(const QString &text)
     QLabel *label = theme::label(text, theme::Normal, 14, theme::kText);
     label->setAlignment(Qt::AlignCenter);
     label->setMinimumSize(64, 32);
-    label->setAutoFillBackground(true);
-    QPalette palette = label->palette();
-    palette.setColor(QPalette::Window, theme::kPanel);
-    label->setPalette(palette);
+    theme::fill(label, theme::kPanel);
     return label;
 }
 
@@ -114,10 +111,7 @@ CBPScrollWnd *area(bool flatBars)
         result->setVerticalScrollBar(new CBPScrollBar(Qt::Vertical, nullptr));
         result->setHorizontalScrollBar(new CBPScrollBar(Qt::Horizontal, nullptr));
         auto *corner = new QWidget; // where both meet, as flat as they are
-        corner->setAutoFillBackground(true);
-        QPalette palette = corner->palette();
-        palette.setColor(QPalette::Window, kCorner);
-        corner->setPalette(palette);
+        theme::fill(corner, kCorner);
         result->setCornerWidget(corner);
     }
     QLabel *content = pane(QStringLiteral("What lies here is larger\nthan the area that shows it."));

@@ -161,13 +161,8 @@ QWidget *mainWindow()
 
     // A thin line round the window, which has no frame of its own here.
     auto *outlined = new QWidget;
-    outlined->setAutoFillBackground(true);
-    QPalette palette = outlined->palette();
-    palette.setColor(QPalette::Window, theme::kLine);
-    outlined->setPalette(palette);
-    palette.setColor(QPalette::Window, Qt::white);
-    window->setAutoFillBackground(true);
-    window->setPalette(palette);
+    theme::fill(outlined, theme::kLine);
+    theme::fill(window, Qt::white);
     auto *layout = new QVBoxLayout(outlined);
     layout->setContentsMargins(1, 1, 1, 1);
     layout->addWidget(window);
