@@ -11,7 +11,7 @@ here=$(cd "$(dirname "$0")" && pwd)
 cd "$here/.."
 
 native_packages=(cmake ninja-build ccache g++ qtbase5-dev qtbase5-private-dev libqt5svg5-dev qttools5-dev-tools
-  xvfb openbox x11-utils fonts-open-sans fonts-noto-core python3)
+  libxtst-dev xvfb openbox x11-utils fonts-open-sans fonts-noto-core python3)
 
 # Configures, builds and tests one preset on a virtual screen; adds its results to the log.
 run_preset() {
