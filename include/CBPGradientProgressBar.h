@@ -3,6 +3,7 @@
 #include "LumQtGlobal.h"
 
 #include <QColor>
+#include <QElapsedTimer>
 #include <QWidget>
 
 #include <memory>
@@ -17,8 +18,9 @@ class CachedText;
 /// A thin progress bar, 8 pixels high, whose filled part is a gradient and grows smoothly.
 ///
 /// The first value shows at once. From then on the filled part grows by a pixel with each repaint, sooner
-/// after large steps than after small ones, and falls at once. While the bar is not full a highlight sweeps
-/// along the filled part. A full bar, and one that is hidden, minimised or scrolled out of view, costs no
+/// after large steps than after small ones, and falls at once. Where values come faster than it grows it
+/// hurries to keep up with them. While the bar is not full a highlight sweeps along the filled part. A full
+/// bar, and one that is hidden, minimised or scrolled out of view, costs no
 /// timer. The track is white: put the bar on a ground that is not.
 ///
 /// Screen readers are told the value in per cent. GUI thread only. \since 1.0
@@ -72,6 +74,7 @@ private:
 
     int progressBarWidth() const;
     void resetMembers();
+    void growTo(double value);
     void startSweep();
     void runTimers();
     void repaintOrRest();
@@ -95,4 +98,5 @@ private:
     int m_measuredWidth = 0; // the widget's width that the bar width goes with
     bool m_onScreen = false;
     std::unique_ptr<lumqt::CachedText> m_text; // made when first painted
+    QElapsedTimer m_sinceValue;
 };

@@ -9,9 +9,9 @@
 ///
 /// The file is loaded from the path as it is given; "name@2x.png" beside "name.png" is taken on dense
 /// screens. A missing or broken file, or one of more than 8192 pixels a side, leaves an empty label of 0 x 0
-/// pixels and a warning. While it can be clicked the Tab key reaches it, Space and Enter click it, and screen
-/// readers find a button named by the label's accessible name or else its tool tip. GUI thread only.
-/// \since 1.0
+/// pixels and a warning. While it can be clicked the Tab key reaches it, Space and Enter click it, clicks do
+/// not reach what it lies on, and screen readers find a button named by the label's accessible name or else
+/// its tool tip. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPImage : public QLabel
 {
     Q_OBJECT
@@ -41,6 +41,7 @@ Q_SIGNALS:
     void sigImgClick();
 
 protected:
+    void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;

@@ -16,8 +16,8 @@ class QPaintEvent;
 ///
 /// Arrow, Page, Home and End keys move it. A click on a label jumps there, one on the slider beside the
 /// handle goes a step towards the pointer, and the handle can be dragged. Texts are plain. Screen readers are
-/// told a slider of this widget's accessible name whose value is the label. Changes are told by the QSlider
-/// in it, a child. GUI thread only. \since 1.0
+/// told a slider of this widget's accessible name whose value is the label. The natural size has room for
+/// all labels side by side; made narrower, they overlap. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPJumpSlider : public QWidget
 {
     Q_OBJECT
@@ -43,6 +43,11 @@ public:
     /// Paints the slider and its labels, and takes the clicks on the labels.
     /// \since 1.0
     bool eventFilter(QObject *watched, QEvent *event) override;
+
+Q_SIGNALS:
+    /// The slider is at another position: its number, counted from 0; GetPosText() has the label. Once for
+    /// each change, whether the user, a call or Init() made it. \since 1.0
+    void valueChanged(int value);
 
 private:
     bool doMouseEvent(QMouseEvent *event, QWidget *widget);

@@ -21,8 +21,8 @@ class QPainter;
 /// counted from 0 whatever the minimum, so that with one below 0 the pointer reaches the maximum before the
 /// right end, and keys alone reach what is below 0.
 ///
-/// Texts are plain. Screen readers are told a slider of this widget's accessible name. Changes are told by
-/// the QSlider in it, a child. GUI thread only. \since 1.0
+/// Texts are plain. Screen readers are told a slider of this widget's accessible name. The natural size has
+/// room for all labels side by side; made narrower, they overlap. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPSmoothSlider : public QWidget
 {
     Q_OBJECT
@@ -49,6 +49,11 @@ public:
     /// Paints the slider and its labels, and takes the clicks on both.
     /// \since 1.0
     bool eventFilter(QObject *watched, QEvent *event) override;
+
+Q_SIGNALS:
+    /// The value is another one: once for each change, whether the user, a call or Init() made it.
+    /// \since 1.0
+    void valueChanged(int value);
 
 private:
     bool doMouseEvent(QMouseEvent *event, QWidget *widget);

@@ -9,9 +9,11 @@
 /// A push button that turns into its own spinner while somebody waits in it.
 ///
 /// While it waits the button is disabled, shows the frames of an animation and its waiting text instead of
-/// the text; after that it is as before and has the keyboard focus. The waiting text stands in the middle and
-/// the spinner before it; of a text too long for that as much is shown as there is room for. The spinner
-/// rests while the button is not shown or its window minimised. GUI thread only. \since 1.0
+/// the text; after that it is as before, without an icon, and has the keyboard focus. Its text is what
+/// setText() has set before the wait; what is set meanwhile is not kept. The waiting text stands in the
+/// middle and the spinner before it, at the right of it from right to left; of a text too long for that as
+/// much is shown as there is room for. The spinner rests while the button is not shown or its window
+/// minimised. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPWaitBtn : public CBPPushBtn, public CBPSyncObj
 {
     Q_OBJECT
@@ -55,8 +57,9 @@ public:
     /// \since 1.0
     QPixmap currentPixmap();
 
-    /// With true starts the spinner and disables the button, with false stops and enables it. The texts stay
-    /// as they are. \since 1.0
+    /// With true starts the spinner and disables the button, with false takes the spinner away and enables
+    /// it. text() stays as it is, also when that is the waiting text; in the place of an empty one the button
+    /// then shows the text that a wait ends with. \since 1.0
     void Show(bool show);
 
 protected:
@@ -81,15 +84,19 @@ private:
 
     void startWaiting();
     void stopWaiting();
+    void endWaiting();
     void restore();
+    void showText(const QString &text, bool waiting);
+    bool showsSpinner() const;
     void drawSpinnerAndText(QPainter *painter, QPen &pen, const QRect &rect, int index);
 
     QString m_text;
     QString m_waitingText;
     CBPAnimationObj m_animation;
     bool m_waiting = false;
-    bool m_hidden = true;    // nobody can see it
-    bool m_restored = false; // exit() has ended the wait under way
-    int m_waits = 0;         // run() calls under way
-    qint64 m_spinner = 0;    // cache key of the icon that is the frame
+    bool m_hidden = true;            // nobody can see it
+    bool m_restored = false;         // exit() has ended the wait under way
+    int m_waits = 0;                 // run() calls under way
+    qint64 m_spinner = 0;            // cache key of the icon that is the frame
+    bool m_showsWaitingText = false; // the spinner has set the text
 };

@@ -49,7 +49,7 @@ public:
     /// application; CWorkThreadMgr::WaitForAllExist() does not wait for such a job.
     ///
     /// \a attached is owned: it is deleted with the executer. A CUIBaseThread is asked to stop when the
-    /// window goes. \since 1.0
+    /// window goes before the job has ended, also when the wait was broken off before that. \since 1.0
     CBaseSyncExecuter(CBPSyncObj *syncObj, QString text, QObject *window, QObject *attached);
 
     /// Starts the job, waits for it while events are handled, and returns its result; 0x1001 where no run of
@@ -62,8 +62,8 @@ public:
     /// ones. \since 1.0
     unsigned long long execute();
 
-    /// Ends the wait because the window goes away. Called by the manager; harmless at any time.
-    /// \since 1.0
+    /// Ends the wait because the window goes away, and asks an attached CUIBaseThread once to stop. Called by
+    /// the manager; harmless at any time. \since 1.0
     void notifyQuit();
 
     /// Whether the caller has to delete the executer: false once it will do so itself.
@@ -115,4 +115,5 @@ private:
     bool m_needDelete = true;
     Wait *m_wait = nullptr; // execute() while it waits
     bool m_endedInWait = false;
+    bool m_windowGone = false; // notifyQuit() has done its work
 };

@@ -7,12 +7,14 @@
 
 #include <QPainter>
 #include <QShowEvent>
+#include <QStyle>
 
 namespace {
 
 constexpr int kNoFrameYet = 255;
 constexpr int kSpinnerGap = 6; // pixels between spinner and waiting text
 constexpr int kInset = 4;      // of both from the button's ends, where there is no more room
+constexpr int kHover = 1;      // state
 
 } // namespace
 
@@ -59,14 +61,19 @@ void CBPWaitBtn::setReslist(const QStringList &frames)
 
 void CBPWaitBtn::setWaitingText(QString &text, QString &waitingText)
 {
-    m_text = text;
     m_waitingText = waitingText;
-    setText(text);
+    setNormalText(text);
 }
 
 void CBPWaitBtn::setNormalText(const QString &text)
 {
     m_text = text;
+    showText(text, false);
+}
+
+void CBPWaitBtn::showText(const QString &text, bool waiting)
+{
+    m_showsWaitingText = waiting;
     setText(text);
 }
 
@@ -129,19 +136,35 @@ void CBPWaitBtn::Show(bool show)
         startWaiting();
         setEnabled(false);
     } else {
-        stopWaiting();
-        repaint();
-        setEnabled(true);
+        if (showsSpinner())
+            setIcon(QIcon()); // it would stand still on a button that can be pressed
+        endWaiting();
     }
 }
 
 void CBPWaitBtn::restore()
 {
-    setText(m_text);
+    showText(m_text, false);
     setIcon(QIcon(QString()));
+    endWaiting();
+}
+
+void CBPWaitBtn::endWaiting()
+{
     stopWaiting();
     repaint();
+    const QPointer<CBPWaitBtn> alive(this);
     setEnabled(true);
+    // The pointer came, or has stayed, while the button was disabled.
+    if (alive && isEnabled() && underMouse()) {
+        setState(kHover);
+        update();
+    }
+}
+
+bool CBPWaitBtn::showsSpinner() const
+{
+    return !icon().isNull() && icon().cacheKey() == m_spinner;
 }
 
 // Once, however often it is asked for: the animation counts its starts, and one stop is to be enough.
@@ -150,6 +173,9 @@ void CBPWaitBtn::startWaiting()
     if (m_waiting)
         return;
     m_waiting = true;
+    // What setText() has set is what the wait ends with; the text of an earlier wait may still be shown.
+    if (!m_showsWaitingText || text() != m_waitingText)
+        m_text = text();
     if (!m_hidden)
         m_animation.start();
 }
@@ -189,7 +215,7 @@ void CBPWaitBtn::iconChanged(int)
     m_spinner = icon.cacheKey();
     setIconSize(lumqt::logicalSize(frame));
     setIcon(icon);
-    setText(m_waitingText);
+    showText(m_waitingText, true);
 }
 
 void CBPWaitBtn::onBtnClicked() {}
@@ -199,11 +225,17 @@ void CBPWaitBtn::onBtnClicked() {}
 
 void CBPWaitBtn::drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, int index)
 {
-    const bool spins = !icon().isNull() && icon().cacheKey() == m_spinner;
-    if (spins && !text().isEmpty())
+    if (showsSpinner() && !text().isEmpty()) {
         drawSpinnerAndText(painter, pen, rect, index);
-    else
-        CBPPushBtn::drawPixmapAndText(painter, pen, rect, index);
+        return;
+    }
+    CBPPushBtn::drawPixmapAndText(painter, pen, rect, index);
+    // Show(false) leaves the text that was shown last. Where that is none, the button says what it does
+    // all the same.
+    if (!m_waiting && m_showsWaitingText && text().isEmpty() && icon().isNull()) {
+        painter->setFont(textFont());
+        painter->drawText(rect, Qt::AlignCenter, elided(m_text, rect.width() - 2 * kInset));
+    }
 }
 
 // The base centres the text, and before it makes room for half an icon only.
@@ -220,9 +252,13 @@ void CBPWaitBtn::drawSpinnerAndText(QPainter *painter, QPen &pen, const QRect &r
     if (left < before) // not in the middle, then, but together with the spinner
         left = before + (room.width() - before - width) / 2;
     left += room.x();
-    painter->drawPixmap(left - before, rect.y() + (rect.height() - size.height()) / 2, spinner);
+    const int top = rect.y() + (rect.height() - size.height()) / 2;
+    const QRect spinnerRect(QPoint(left - before, top), size);
+    const QRect textRect(left, rect.y(), width, rect.height());
+    painter->drawPixmap(QStyle::visualRect(layoutDirection(), rect, spinnerRect).topLeft(), spinner);
     pen.setColor(paintedTextColor(index));
     painter->setPen(pen);
     painter->setFont(textFont());
-    painter->drawText(left, rect.y() + (rect.height() - metrics.height()) / 2 + metrics.ascent(), label);
+    painter->drawText(QStyle::visualRect(layoutDirection(), rect, textRect).x(),
+                      rect.y() + (rect.height() - metrics.height()) / 2 + metrics.ascent(), label);
 }

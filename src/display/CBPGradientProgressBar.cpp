@@ -129,9 +129,7 @@ void CBPGradientProgressBar::setValue(double value)
             m_drawTimer = new QTimer(this);
             connect(m_drawTimer, SIGNAL(timeout()), this, SLOT(slotDrawBarTimeOut()));
         }
-        m_drawTimer->stop(); // each step begins an interval of its own
-        m_drawTimer->setInterval(growthInterval(m_value, value));
-        m_value = value;
+        growTo(value);
     }
     startSweep();
     const int told = Accessible::percent(value);
@@ -173,6 +171,26 @@ void CBPGradientProgressBar::startSweep()
         connect(m_gradientTimer, SIGNAL(timeout()), this, SLOT(slotGradientTimerOut()));
     }
     runTimers();
+}
+
+// Each step begins an interval of its own. Of values that come before the bar has reached the last one, each
+// would begin it anew, and none would ever end: the bar then goes on as it does, or so fast that it arrives
+// by the time that the next value comes, if they go on to come as they do.
+void CBPGradientProgressBar::growTo(double value)
+{
+    const bool overtaken = m_drawTimer->isActive() && m_barWidth < progressBarWidth();
+    const qint64 pause = m_sinceValue.isValid() ? m_sinceValue.elapsed() : 0;
+    m_sinceValue.start();
+    int interval = growthInterval(m_value, value);
+    m_value = value;
+    if (overtaken) {
+        const int missing = qMax(1, progressBarWidth() - m_barWidth);
+        interval = int(qBound<qint64>(1, pause / missing, qMin(interval, m_drawTimer->interval())));
+        if (interval == m_drawTimer->interval())
+            return;
+    }
+    m_drawTimer->stop();
+    m_drawTimer->setInterval(interval);
 }
 
 // A timer ticks only for what somebody can see: the sweep on the screen, the growth until its target is

@@ -80,15 +80,26 @@ void CBPImage::load()
 // ------------------------------------------------------------------------------------------------------------
 // events
 
+// A label leaves its clicks to its parent; what is clickable itself would act together with a clickable
+// parent.
+void CBPImage::mousePressEvent(QMouseEvent *event)
+{
+    QLabel::mousePressEvent(event);
+    if (m_clickable)
+        event->accept();
+}
+
 void CBPImage::mouseReleaseEvent(QMouseEvent *event)
 {
-    if (m_clickable) {
-        const QPointer<CBPImage> alive(this);
-        emit sigImgClick();
-        if (!alive)
-            return;
+    if (!m_clickable) {
+        QLabel::mouseReleaseEvent(event);
+        return;
     }
-    QLabel::mouseReleaseEvent(event);
+    const QPointer<CBPImage> alive(this);
+    emit sigImgClick();
+    if (alive)
+        QLabel::mouseReleaseEvent(event);
+    event->accept();
 }
 
 // A key counts as a click: Enter when it goes down, Space when it is let go.

@@ -35,7 +35,10 @@ QRect handleOf(const QSlider &slider)
 
 } // namespace
 
-CBPJumpSlider::CBPJumpSlider(QWidget *parent) : QWidget(parent) {}
+CBPJumpSlider::CBPJumpSlider(QWidget *parent) : QWidget(parent)
+{
+    setAttribute(Qt::WA_StyledBackground); // a plain QWidget has the style sheet's ground without asking
+}
 
 CBPJumpSlider::~CBPJumpSlider() = default;
 
@@ -53,12 +56,13 @@ void CBPJumpSlider::Init(QStringList labels)
         const lumqt::SliderParts parts =
             lumqt::makeSliderParts(this, [self] { return self ? self->GetPosText() : QString(); });
         parts.slider->stepToPointer(&valueAt, &handleOf);
+        connect(parts.slider, &QSlider::valueChanged, this, &CBPJumpSlider::valueChanged);
         m_slider = parts.slider;
         m_labelRow = parts.labelRow;
         m_slider->setPageStep(1);
         m_slider->setTickInterval(1);
     }
-    m_labelRow->update();
+    lumqt::setSliderLabels(*m_labelRow, m_labels);
     // What listens to the value may delete the slider, or this with it.
     const QPointer<QSlider> slider = m_slider;
     slider->setRange(0, m_labels.size() - 1);

@@ -25,7 +25,10 @@ int valueAt(const QSlider &slider, int x)
 
 } // namespace
 
-CBPSmoothSlider::CBPSmoothSlider(QWidget *parent) : QWidget(parent) {}
+CBPSmoothSlider::CBPSmoothSlider(QWidget *parent) : QWidget(parent)
+{
+    setAttribute(Qt::WA_StyledBackground); // a plain QWidget has the style sheet's ground without asking
+}
 
 CBPSmoothSlider::~CBPSmoothSlider() = default;
 
@@ -43,11 +46,12 @@ void CBPSmoothSlider::Init(QStringList labels, int maximum, int minimum)
         delete m_labelRow;
         const lumqt::SliderParts parts = lumqt::makeSliderParts(this, {});
         parts.slider->followPointer(&valueAt);
+        connect(parts.slider, &QSlider::valueChanged, this, &CBPSmoothSlider::valueChanged);
         m_slider = parts.slider;
         m_labelRow = parts.labelRow;
         m_slider->setFixedHeight(kHeight);
     }
-    m_labelRow->update();
+    lumqt::setSliderLabels(*m_labelRow, m_labels);
     // What listens to the value may delete the slider, or this with it.
     const QPointer<QSlider> slider = m_slider;
     slider->setRange(minimum, maximum);

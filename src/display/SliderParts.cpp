@@ -19,7 +19,9 @@ const QColor kTickColor(146, 146, 146);
 constexpr int kTrackWidth = 4;
 constexpr int kTickTop = 2; // below the middle
 constexpr int kTickHeight = 11;
+constexpr int kNaturalHeight = 2 * (kTickTop + kTickHeight) + 2; // with room for the focus ring
 constexpr int kLabelBaseline = 12;
+constexpr int kLabelGap = 12; // the least between two labels of a slider that has all the room it asks for
 
 // Large letters are not cut off at the top.
 int labelBaseline(const QFontMetrics &metrics)
@@ -27,18 +29,55 @@ int labelBaseline(const QFontMetrics &metrics)
     return qMax(kLabelBaseline, metrics.capHeight() + 1);
 }
 
-// As high as its owner's letters. A label without a text of its own stays as high as its first font.
+int labelWidth(const QFontMetrics &metrics, const QString &label)
+{
+    return qMin(metrics.horizontalAdvance(label), QWIDGETSIZE_MAX);
+}
+
+// As high as its owner's letters, and wide enough for all labels. A label without a text of its own would
+// stay as high as its first font.
 class LabelRow : public QLabel
 {
 public:
+    void setLabels(const QStringList &labels)
+    {
+        m_labels = labels;
+        updateGeometry();
+        update();
+    }
+
     QSize sizeHint() const override
+    {
+        return QSize(qMax(labelsWidth(), minimumSizeHint().width()), minimumSizeHint().height());
+    }
+
+    // Labels that find no room overlap: a row of many must not keep its window from being made narrow.
+    QSize minimumSizeHint() const override
     {
         const QFontMetrics metrics = fontMetrics();
         return QSize(metrics.averageCharWidth(),
                      qMax(metrics.height(), labelBaseline(metrics) + metrics.descent()));
     }
 
-    QSize minimumSizeHint() const override { return sizeHint(); }
+private:
+    // The outer labels end at their ticks, and the inner ones are in the middle of theirs.
+    int labelsWidth() const
+    {
+        const QFontMetrics metrics = fontMetrics();
+        const int last = m_labels.size() - 1;
+        qint64 step = 0;
+        int before = 0; // of the label before, what reaches towards this one
+        for (int i = 0; i <= last; ++i) {
+            const int width = labelWidth(metrics, m_labels[i]);
+            const int half = (width + 1) / 2;
+            if (i > 0)
+                step = qMax<qint64>(step, before + kLabelGap + (i == last ? width : half));
+            before = i == 0 ? width : half;
+        }
+        return int(qMin<qint64>(step * last, QWIDGETSIZE_MAX));
+    }
+
+    QStringList m_labels;
 };
 
 } // namespace
@@ -100,6 +139,17 @@ SpokenSlider::SpokenSlider(std::function<QString()> spokenValue)
     setLayoutDirection(Qt::LeftToRight);
     setTickPosition(QSlider::TicksBelow);
     setFocusPolicy(Qt::StrongFocus);
+}
+
+// The style's own height leaves the ticks, which are painted below the middle, no room.
+QSize SpokenSlider::sizeHint() const
+{
+    return QSlider::sizeHint().expandedTo(QSize(0, kNaturalHeight));
+}
+
+QSize SpokenSlider::minimumSizeHint() const
+{
+    return QSlider::minimumSizeHint().expandedTo(QSize(0, kNaturalHeight));
 }
 
 void SpokenSlider::showFocus(bool show)
@@ -244,11 +294,16 @@ QVector<QRect> sliderLabelRects(const QLabel &row, const QStringList &labels)
     QVector<QRect> rects;
     rects.reserve(labels.size());
     for (int i = 0; i <= last; ++i) {
-        const int width = qMin(metrics.horizontalAdvance(labels[i]), QWIDGETSIZE_MAX);
+        const int width = labelWidth(metrics, labels[i]);
         const int shift = i == 0 ? 0 : i == last ? width : width / 2;
         rects << QRect(sliderTick(rect, i, last, 0) - shift, rect.y(), width, metrics.height());
     }
     return rects;
+}
+
+void setSliderLabels(QLabel &row, const QStringList &labels)
+{
+    static_cast<LabelRow &>(row).setLabels(labels);
 }
 
 void drawSliderLabels(QLabel &row, const QStringList &labels)

@@ -41,6 +41,9 @@ public:
         m_handleOf = handleOf;
     }
 
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
 protected:
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
@@ -81,6 +84,9 @@ int sliderTick(const QRect &rect, int index, int last, int inset);
 void drawSliderTrack(QPainter &painter, const QRect &rect, int last, int inset);
 void drawSliderHandle(QPainter &painter, const QPoint &topLeft, const QColor &color);
 void drawSliderFocus(QPainter &painter, const QSlider &slider);
+
+// Of a row of makeSliderParts(): the labels that it has to have room for.
+void setSliderLabels(QLabel &row, const QStringList &labels);
 
 // Where each label lies in the row, in its coordinates.
 QVector<QRect> sliderLabelRects(const QLabel &row, const QStringList &labels);

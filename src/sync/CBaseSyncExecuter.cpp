@@ -227,9 +227,12 @@ void CBaseSyncExecuter::onFinished()
 
 void CBaseSyncExecuter::notifyQuit()
 {
-    if (m_quit)
+    // A job whose wait was broken off runs on, and has not heard yet that its window goes.
+    const bool runsOn = m_quit && !m_needDelete && !m_windowGone && isRunning();
+    if (m_quit && !runsOn)
         return;
     m_quit = true;
+    m_windowGone = true;
     const QPointer<QObject> attached = m_attached;
     if (m_wait) {
         m_needDelete = false;

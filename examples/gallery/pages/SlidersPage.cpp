@@ -62,9 +62,9 @@ void addLiveSamples(Page *page)
     level->setAccessibleName("Compression");
     CBPSmoothSlider *share = smooth(40, ends(), 100, 0, kLiveWidth);
     share->setAccessibleName("Share of the disk");
-    QObject::connect(level->findChild<QSlider *>(), &QSlider::valueChanged, log,
+    QObject::connect(level, &CBPJumpSlider::valueChanged, log,
                      [log, level] { log->add(QString("GetPosText() is \"%1\"").arg(level->GetPosText())); });
-    QObject::connect(share->findChild<QSlider *>(), &QSlider::valueChanged, log,
+    QObject::connect(share, &CBPSmoothSlider::valueChanged, log,
                      [log, share] { log->add(QString("GetValue() is %1").arg(share->GetValue())); });
     section->addColumns(2, {{"Between named positions", level}, {"Any value from 0 to 100", share}},
                         kLiveWidth);
