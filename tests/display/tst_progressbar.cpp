@@ -1,5 +1,6 @@
 #include "CBPGradientProgressBar.h"
 #include "Pixels.h"
+#include "Rows.h"
 #include "TestMain.h"
 
 #include <QAccessible>
@@ -51,52 +52,38 @@ class TestProgressBar : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void values_data()
+    // The first value shows at once.
+    void values()
     {
-        QTest::addColumn<double>("value");
-        QTest::addColumn<int>("filled");
         const struct
         {
             double value;
             int filled;
-        } rows[] = {{0.0, 2},      {-1.0, 2},   {0.5, 100},         {0.99995, 199},
-                    {1.0, 199},    {7.0, 199},  {kInfinity, 199},   {-kInfinity, 2},
-                    {0.9999, 199}, {1e-300, 2}, {0.999899999, 199}, {std::nan(""), 0}};
-        for (const auto &row : rows)
-            QTest::addRow("%g", row.value) << row.value << row.filled;
-    }
-
-    // The first value shows at once.
-    void values()
-    {
-        QFETCH(double, value);
-        QFETCH(int, filled);
-        CBPGradientProgressBar bar(Qt::black, QColor());
-        bar.resize(kWidth, 8);
-        if (qIsNaN(value))
-            QTest::ignoreMessage(QtWarningMsg,
-                                 "CBPGradientProgressBar: a value that is not a number is ignored");
-        bar.setValue(value);
-        QCOMPARE(filledBy(bar), filled);
-        QCOMPARE(bar.height(), 8);
-    }
-
-    void percentages()
-    {
-        const struct
-        {
-            int percent;
-            int told;
-        } rows[] = {{INT_MIN, 1}, {0, 1}, {1, 1}, {29, 29}, {99, 99}, {100, 100}, {INT_MAX, 100}};
+            int told; // per cent
+        } rows[] = {{0.0, 2, 1},       {-1.0, 2, 1},    {0.5, 100, 50},        {0.99995, 199, 100},
+                    {1.0, 199, 100},   {7.0, 199, 100}, {kInfinity, 199, 100}, {-kInfinity, 2, 1},
+                    {0.9999, 199, 99}, {1e-300, 2, 1},  {0.29, 57, 29},        {std::nan(""), 0, 0}};
         for (const auto &row : rows) {
-            CBPGradientProgressBar bar;
+            CBPGradientProgressBar bar(Qt::black, QColor());
+            bar.resize(kWidth, 8);
             QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(&bar);
             QCOMPARE(spoken->role(), QAccessible::ProgressBar);
-            QVERIFY(spoken->valueInterface());
             QCOMPARE(spoken->valueInterface()->currentValue().toInt(), 0);
-            bar.setValue(row.percent);
+            if (qIsNaN(row.value))
+                QTest::ignoreMessage(QtWarningMsg,
+                                     "CBPGradientProgressBar: a value that is not a number is ignored");
+            bar.setValue(row.value);
+            QCOMPARE(filledBy(bar), row.filled);
+            QCOMPARE(bar.height(), 8);
             QCOMPARE(spoken->valueInterface()->currentValue().toInt(), row.told);
             QCOMPARE(spoken->text(QAccessible::Value), QString("%1%").arg(row.told));
+        }
+        for (const auto &[percent, filled] :
+             {std::pair(INT_MIN, 2), {1, 2}, {29, 57}, {100, 199}, {INT_MAX, 199}}) {
+            CBPGradientProgressBar bar(Qt::black, QColor());
+            bar.resize(kWidth, 8);
+            bar.setValue(percent);
+            QCOMPARE(filledBy(bar), filled);
         }
     }
 
@@ -115,17 +102,14 @@ private Q_SLOTS:
 
     void intervals_data()
     {
-        QTest::addColumn<double>("from");
-        QTest::addColumn<double>("to");
-        QTest::addColumn<int>("interval"); // of the growth; the sweep has 20 ms
-        QTest::newRow("a tenth") << 0.5 << 0.6 << 10;
-        QTest::newRow("down") << 0.6 << 0.1 << 2;
-        QTest::newRow("nearly full") << 0.97 << 0.985 << 1;
-        QTest::newRow("full") << 0.5 << 0.99995 << 1;
-        QTest::newRow("tiny") << 0.5 << 0.5 + 1e-12 << INT_MAX;
-        QTest::newRow("largest") << 0.01 << 0.97 << 1;
+        columns<double, double, int>("from", "to", "interval"); // of the growth; the sweep has 20 ms
+        row("a tenth", 0.5, 0.6, 10);
+        row("down", 0.6, 0.1, 2);
+        row("nearly full", 0.97, 0.985, 1);
+        row("full", 0.5, 0.99995, 1);
+        row("tiny", 0.5, 0.5 + 1e-12, INT_MAX);
+        row("largest", 0.01, 0.97, 1);
     }
-
     void intervals()
     {
         QFETCH(double, from);
@@ -167,14 +151,34 @@ private Q_SLOTS:
         QVERIFY(qAbs(filledBy(bar) - 80) <= 1); // the highlight may tint the edge
     }
 
+    // Values that come faster than it grew do not keep it from growing.
+    void keepsUp()
+    {
+        CBPGradientProgressBar bar;
+        bar.resize(kWidth, 8);
+        bar.setValue(0.1);
+        bar.show();
+        bar.setValue(0.11);
+        QCOMPARE(intervalsOf(bar, true), (QVector<int>{20, 100}));
+        int grown = 0;
+        for (QTimer *timer : bar.findChildren<QTimer *>()) {
+            if (timer->interval() != 20)
+                connect(timer, &QTimer::timeout, this, [&grown] { ++grown; });
+        }
+        for (double value = 0.12; grown < 5 && value < 0.97; value += 0.01) { // one with each repaint at most
+            bar.setValue(value);
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        }
+        QCOMPARE(grown, 5);
+    }
+
     // Shown all the same, and never painted.
     void restsOutOfSight_data()
     {
-        QTest::addColumn<QRect>("away");
-        QTest::newRow("scrolled away") << QRect(-300, 0, kWidth, 8);
-        QTest::newRow("no width") << QRect(0, 0, 0, 8);
+        columns<QRect>("away");
+        row("scrolled away", QRect(-300, 0, kWidth, 8));
+        row("no width", QRect(0, 0, 0, 8));
     }
-
     void restsOutOfSight()
     {
         QFETCH(QRect, away);
@@ -194,29 +198,23 @@ private Q_SLOTS:
         bar.setParent(nullptr);
     }
 
-    void resizing_data()
-    {
-        QTest::addColumn<bool>("shown");
-        QTest::addColumn<bool>("rescales");
-        QTest::addColumn<int>("filled");
-        QTest::newRow("keeps its share") << true << true << 200;
-        QTest::newRow("keeps its pixels") << true << false << 101;
-        QTest::newRow("laid out before it is shown") << false << true << 200;
-    }
-
     void resizing()
     {
-        QFETCH(bool, shown);
-        QFETCH(bool, rescales);
-        QFETCH(int, filled);
-        CBPGradientProgressBar bar(Qt::black, QColor());
-        bar.resize(kWidth, 8);
-        bar.setValue(0.5);
-        bar.setIsVisible(rescales);
-        if (shown)
-            bar.show();
-        bar.resize(2 * kWidth, 8);
-        QCOMPARE(filledBy(bar), filled);
+        const struct
+        {
+            bool shown; // if not, it is laid out before it is shown
+            bool rescales;
+            int filled;
+        } rows[] = {{true, true, 200}, {true, false, 101}, {false, true, 200}};
+        for (const auto &row : rows) {
+            CBPGradientProgressBar bar(Qt::black, QColor());
+            bar.resize(kWidth, 8);
+            bar.setValue(0.5);
+            bar.setIsVisible(row.rescales);
+            bar.setVisible(row.shown);
+            bar.resize(2 * kWidth, 8);
+            QCOMPARE(filledBy(bar), row.filled);
+        }
     }
 
     // A full bar that lost its width has nothing to scale, and must fill again all the same.
