@@ -1,13 +1,99 @@
-#include "display/SliderHelpers.h"
+#include "Acts.h"
+#include "CBPJumpSlider.h"
+#include "CBPSmoothSlider.h"
+#include "Pixels.h"
+#include "Rows.h"
 #include "TestMain.h"
 
-#include <QAccessible>
+#include <QSignalSpy>
 #include <QVBoxLayout>
 
 namespace {
 
+const QColor kBlue(73, 167, 245);
+const QColor kGrey(229, 229, 229);
 const QColor kRing(47, 134, 216);
 const QColor kTick(146, 146, 146);
+const QStringList kLevels{"Low", "Medium", "High", "Full"};
+const QStringList kEnds{"0", "All"};
+
+QSlider *sliderOf(const QWidget &widget)
+{
+    return widget.findChild<QSlider *>();
+}
+
+QLabel *rowOf(const QWidget &widget)
+{
+    return widget.findChild<QLabel *>();
+}
+
+// Shown, 300 pixels wide.
+void present(QWidget &slider)
+{
+    slider.resize(300, 70);
+    slider.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&slider));
+}
+
+struct Jump : CBPJumpSlider
+{
+    explicit Jump(const QStringList &labels = kLevels) : CBPJumpSlider(nullptr)
+    {
+        Init(labels);
+        present(*this);
+    }
+};
+
+struct Smooth : CBPSmoothSlider
+{
+    explicit Smooth(int maximum = 100, int minimum = 0) : CBPSmoothSlider(nullptr)
+    {
+        Init(kEnds, maximum, minimum);
+        present(*this);
+    }
+};
+
+void click(QWidget *widget, int x, int y = 6)
+{
+    QTest::mouseClick(widget, Qt::LeftButton, Qt::NoModifier, QPoint(x, y));
+}
+
+void drag(QWidget *widget, int x, int y)
+{
+    QMouseEvent move(QEvent::MouseMove, QPointF(x, y), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(widget, &move);
+}
+
+QRect handleOf(const QWidget &widget, const QColor &color = kBlue)
+{
+    const QImage image = sliderOf(widget)->grab().toImage();
+    // The track is grey, too: look above it.
+    const int height = color == kGrey ? image.height() / 2 - 2 : image.height();
+    return boxOf(image.copy(0, 0, image.width(), height), color);
+}
+
+// How many texts stand beside each other, with 8 columns between them at least.
+int textsIn(const QImage &row)
+{
+    int texts = 0;
+    for (int x = 0, blank = 8; x < row.width(); ++x) {
+        const bool ink = !inkOf(row.copy(x, 0, 1, row.height()), 128).isEmpty();
+        texts += ink && blank >= 8;
+        blank = ink ? 0 : blank + 1;
+    }
+    return texts;
+}
+
+struct TimerCount : QObject
+{
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        count += event->type() == QEvent::Timer;
+        return false;
+    }
+
+    int count = 0;
+};
 
 } // namespace
 
@@ -36,42 +122,31 @@ private Q_SLOTS:
 
     void texts()
     {
-        CBPJumpSlider slider(nullptr);
-        slider.Init({"a", "b", "a", ""});
-        const struct
-        {
-            const char *asked;
-            int position;
-        } rows[] = {{"b", 1}, {"c", 1}, {"a", 0}, {"", 3}, {"A", 3}};
-        for (const auto &row : rows) {
-            slider.SetPosByText(row.asked);
-            QCOMPARE(sliderOf(slider)->value(), row.position);
+        Jump slider({"a", "b", "a", ""});
+        for (const auto &[asked, position] : {std::pair("b", 1), {"c", 1}, {"a", 0}, {"", 3}, {"A", 3}}) {
+            slider.SetPosByText(asked);
+            QCOMPARE(sliderOf(slider)->value(), position);
         }
     }
 
     // The track, its ticks and the letters of each label, which the row below has under its tick.
     void pictures_data()
     {
-        QTest::addColumn<bool>("jump");
-        QTest::addColumn<QVector<int>>("ticks");
-        QTest::addColumn<int>("height"); // of the slider
-        QTest::newRow("jump") << true << QVector<int>{8, 100, 200, 292} << 40;
-        QTest::newRow("smooth") << false << QVector<int>{7, 293} << 44;
+        columns<bool, QVector<int>, int>("jump", "ticks", "height"); // of the slider
+        row("jump", true, QVector<int>{8, 100, 200, 292}, 40);
+        row("smooth", false, QVector<int>{7, 293}, 44);
     }
-
     void pictures()
     {
         QFETCH(bool, jump);
         QFETCH(QVector<int>, ticks);
         QFETCH(int, height);
-        CBPJumpSlider jumpSlider(nullptr);
-        CBPSmoothSlider smoothSlider(nullptr);
-        jumpSlider.Init(kLevels);
-        smoothSlider.Init(kEnds, 100, 0);
+        Jump jumpSlider;
+        Smooth smoothSlider;
         QWidget &widget = jump ? static_cast<QWidget &>(jumpSlider) : smoothSlider;
         QSlider *inner = sliderOf(widget);
         inner->setFixedHeight(height);
-        show(widget);
+        present(widget);
         const int middle = height / 2;
         for (int i = 0; i < ticks.size(); ++i) {
             inner->setValue(i < ticks.size() / 2 ? inner->maximum() : 0); // the handle is elsewhere
@@ -93,36 +168,53 @@ private Q_SLOTS:
         }
     }
 
-    void labelsGrowWithTheFont()
+    void naturalSize_data()
     {
-        CBPJumpSlider slider(nullptr);
-        slider.Init(kLevels);
-        show(slider);
-        QFont large = slider.font();
-        large.setPointSize(30);
-        slider.setFont(large);
-        QTRY_VERIFY(rowOf(slider)->height() >= QFontMetrics(large).height());
+        columns<QStringList>("labels");
+        row("alike", kLevels);
+        row("two", QStringList{"Nothing", "Everything"});
+        row("long first", QStringList{"Unterdurchschnittlich", "b", "c"});
+        row("long last", QStringList{"a", "b", "Benachrichtigungen"});
+        row("long within", QStringList{"a", "Benachrichtigungen", "Durchschnittlich", "d"});
+    }
+    // Large enough for all labels and whole ticks, whatever the font; a window may be narrower.
+    void naturalSize()
+    {
+        QFETCH(QStringList, labels);
+        Jump jump;
+        Smooth smooth;
+        jump.Init(labels);
+        smooth.Init(labels, 100, 0);
+        for (QWidget *slider : {static_cast<QWidget *>(&jump), static_cast<QWidget *>(&smooth)}) {
+            const QSize small = slider->sizeHint();
+            QFont font = slider->font();
+            font.setPointSize(16);
+            slider->setFont(font);
+            QTRY_VERIFY(slider->sizeHint().width() > small.width());
+            QVERIFY(slider->sizeHint().height() >= 28 + QFontMetrics(font).height());
+            QVERIFY(slider->minimumSizeHint().width() < 60);
+            slider->setFixedSize(slider->sizeHint());
+            QTRY_COMPARE(rowOf(*slider)->width(), slider->width());
+            QCOMPARE(textsIn(rowOf(*slider)->grab().toImage()), labels.size());
+            const QImage image = sliderOf(*slider)->grab().toImage();
+            const int middle = image.height() / 2;
+            QCOMPARE(boxOf(image.copy(0, middle, image.width(), middle), kTick).height(), 11);
+        }
     }
 
     // Left edge of the handle by value; the value stands above it, within the slider.
     void smoothHandle()
     {
-        CBPSmoothSlider slider(nullptr);
-        slider.Init(kEnds, 100, -20);
-        show(slider);
-        const struct
-        {
-            int value;
-            int x;
-        } rows[] = {{-20, 0}, {0, 0}, {2, 0}, {3, 9}, {50, 150}, {95, 285}, {99, 286}, {100, 286}};
-        for (const auto &row : rows) {
-            slider.SetValue(row.value);
+        Smooth slider(100, -20);
+        for (const auto &[value, x] :
+             {std::pair(-20, 0), {0, 0}, {2, 0}, {3, 9}, {50, 150}, {95, 285}, {99, 286}, {100, 286}}) {
+            slider.SetValue(value);
             const QRect handle = handleOf(slider);
-            QVERIFY2(qAbs(handle.left() - row.x) <= 1 && qAbs(handle.right() - row.x - 13) <= 1 &&
+            QVERIFY2(qAbs(handle.left() - x) <= 1 && qAbs(handle.right() - x - 13) <= 1 &&
                          qAbs(handle.center().y() - 22) <= 1,
                      wordsOf(handle));
             const QRect ink = inkOf(sliderOf(slider)->grab(QRect(0, 0, 300, 14)).toImage());
-            QVERIFY2(!ink.isEmpty() && qAbs(ink.center().x() - qBound(4, row.x + 7, 296)) <= 9, wordsOf(ink));
+            QVERIFY2(!ink.isEmpty() && qAbs(ink.center().x() - qBound(4, x + 7, 296)) <= 9, wordsOf(ink));
         }
         for (const int extreme : {INT_MIN, INT_MAX, 0}) {
             slider.Init(kEnds, extreme, INT_MIN);
@@ -133,10 +225,10 @@ private Q_SLOTS:
 
     void keys()
     {
-        CBPJumpSlider jump(nullptr);
-        jump.Init(kLevels);
-        CBPSmoothSlider smooth(nullptr);
-        smooth.Init(kEnds, 100, 0);
+        Jump jump;
+        Smooth smooth;
+        QSignalSpy jumpTold(&jump, &CBPJumpSlider::valueChanged);
+        QSignalSpy smoothTold(&smooth, &CBPSmoothSlider::valueChanged);
         const struct
         {
             Qt::Key key;
@@ -150,8 +242,11 @@ private Q_SLOTS:
             for (const auto &row : rows) {
                 QTest::keyClick(sliderOf(jump), row.key);
                 QTest::keyClick(sliderOf(smooth), row.key);
-                QCOMPARE(sliderOf(jump)->value(), row.jump);
+                QCOMPARE(jump.GetPosText(), kLevels[row.jump]);
                 QCOMPARE(smooth.GetValue(), row.smooth);
+                QCOMPARE(jumpTold.count() + smoothTold.count(), 2);
+                QCOMPARE(jumpTold.takeFirst().at(0).toInt(), row.jump);
+                QCOMPARE(smoothTold.takeFirst().at(0).toInt(), row.smooth);
             }
         }
     }
@@ -169,28 +264,23 @@ private Q_SLOTS:
         QApplication::setActiveWindow(&window);
         inner->clearFocus();
         QVERIFY(inner->focusPolicy() & Qt::TabFocus);
-        QVERIFY(!ringShows());
-        for (const Qt::FocusReason reason : {Qt::ActiveWindowFocusReason, Qt::OtherFocusReason}) {
+        for (const Qt::FocusReason reason :
+             {Qt::ActiveWindowFocusReason, Qt::OtherFocusReason, Qt::MouseFocusReason, Qt::TabFocusReason}) {
+            QVERIFY(!ringShows());
             jump->setFocus(reason); // no key was touched so far
             QTRY_VERIFY(inner->hasFocus());
-            QVERIFY(!ringShows());
+            QCOMPARE(ringShows(), reason == Qt::TabFocusReason);
+            if (reason == Qt::MouseFocusReason) {
+                QTest::keyClick(inner, Qt::Key_Right);
+                QVERIFY(ringShows());
+            }
             inner->clearFocus();
         }
-        jump->setFocus(Qt::MouseFocusReason);
-        QTRY_VERIFY(inner->hasFocus());
-        QVERIFY(!ringShows());
-        QTest::keyClick(inner, Qt::Key_Right);
-        QVERIFY(ringShows());
-        inner->clearFocus();
-        QVERIFY(!ringShows());
-        jump->setFocus(Qt::TabFocusReason);
-        QTRY_VERIFY(ringShows());
     }
 
     void screenReaders()
     {
-        CBPJumpSlider jump(nullptr);
-        jump.Init(kLevels);
+        Jump jump;
         jump.setAccessibleName("Quality");
         jump.SetPosByText("High");
         QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(sliderOf(jump));
@@ -203,8 +293,7 @@ private Q_SLOTS:
         spoken->valueInterface()->setCurrentValue(1);
         QCOMPARE(jump.GetPosText(), QString("Medium"));
 
-        CBPSmoothSlider smooth(nullptr);
-        smooth.Init(kEnds, 100, 0);
+        Smooth smooth;
         smooth.SetValue(42);
         spoken = QAccessible::queryAccessibleInterface(sliderOf(smooth));
         QCOMPARE(spoken->text(QAccessible::Value), QString("42"));
@@ -212,8 +301,7 @@ private Q_SLOTS:
 
     void initTwice()
     {
-        CBPJumpSlider jump(nullptr);
-        jump.Init(kLevels);
+        Jump jump;
         jump.SetPosByText("Full");
         jump.Init({"One", "Two"});
         QCOMPARE(jump.GetPosText(), QString("One"));
@@ -235,14 +323,169 @@ private Q_SLOTS:
         for (int i = 0; i < 2000; ++i)
             many << QString::number(i);
         for (const QStringList &labels : {many, QStringList{QString(5000, 'W'), QString()}}) {
-            CBPJumpSlider slider(nullptr);
-            slider.Init(labels);
-            show(slider);
+            Jump slider(labels);
             sliderOf(slider)->setValue(labels.size() - 1);
             slider.grab();
             click(rowOf(slider), 150);
             QVERIFY(labels.contains(slider.GetPosText()));
         }
+    }
+
+    // Each label is where its tick is, and clicking it goes there; also for labels of one text, and after
+    // the window moved without a repaint.
+    void jumpLabels()
+    {
+        for (const QStringList &labels : {kLevels, QStringList{"Same", "Same", "Same"}}) {
+            Jump slider(labels);
+            slider.move(slider.pos() + QPoint(40, 30));
+            const int last = labels.size() - 1;
+            for (const int index : {last, 0, 1}) {
+                const int at = index * (300 / last);
+                click(rowOf(slider), index == 0 ? 3 : index == last ? at - 3 : at);
+                QCOMPARE(sliderOf(slider)->value(), index);
+                QCOMPARE(slider.GetPosText(), labels[index]);
+                const QRect handle = handleOf(slider);
+                const int inset = index == 0 ? 8 : index == last ? -8 : 0;
+                QVERIFY2(qAbs(handle.center().x() - (at + inset)) <= 1, wordsOf(handle));
+            }
+            click(rowOf(slider), 300 / last / 2); // between two labels
+            QCOMPARE(sliderOf(slider)->value(), 1);
+        }
+    }
+
+    // Wherever the style has its groove: what is painted, and the rows above and below it, take a click.
+    void jumpClicks()
+    {
+        Jump slider({"0", "1", "2", "3", "4"});
+        QSlider *inner = sliderOf(slider);
+        for (int y = 0; y < inner->height(); ++y) { // the handle of the middle one has the columns 143 to 156
+            for (const auto &[x, position] :
+                 {std::pair(143, "2"), {156, "2"}, {142, "1"}, {157, "3"}, {299, "3"}, {1, "1"}}) {
+                slider.SetPosByText("2");
+                click(inner, x, y);
+                QCOMPARE(slider.GetPosText(), QString(position));
+                QVERIFY(!inner->isSliderDown());
+            }
+        }
+        // Held down it goes as far as the pointer.
+        TimerCount ticks;
+        inner->installEventFilter(&ticks);
+        slider.SetPosByText("4");
+        QTest::mousePress(inner, Qt::LeftButton, Qt::NoModifier, QPoint(80, 8));
+        QTRY_COMPARE(ticks.count, 3);
+        QCOMPARE(slider.GetPosText(), QString("1"));
+        QTest::mouseRelease(inner, Qt::LeftButton, Qt::NoModifier, QPoint(80, 8));
+        slider.SetPosByText("3");
+        QTest::mousePress(inner, Qt::LeftButton, Qt::NoModifier, QPoint(219, 16));
+        for (const auto &[x, position] : {std::pair(185, "3"), {175, "2"}, {-50, "0"}, {900, "4"}}) {
+            drag(inner, x, 16);
+            QCOMPARE(slider.GetPosText(), QString(position));
+        }
+        QTest::mouseRelease(inner, Qt::LeftButton, Qt::NoModifier, QPoint(290, 16));
+        QVERIFY(!inner->isSliderDown());
+    }
+
+    void disabled()
+    {
+        Jump jump;
+        Smooth smooth;
+        for (QWidget *widget : {static_cast<QWidget *>(&jump), static_cast<QWidget *>(&smooth)}) {
+            widget->setEnabled(false);
+            click(rowOf(*widget), 297);
+            click(sliderOf(*widget), 200);
+            QCOMPARE(sliderOf(*widget)->value(), 0);
+        }
+        QVERIFY(handleOf(jump).isEmpty());
+        QVERIFY(!handleOf(jump, kGrey).isEmpty());
+        QVERIFY(!handleOf(smooth).isEmpty()); // blue whatever happens
+    }
+
+    void smoothClicks()
+    {
+        const struct
+        {
+            int minimum;
+            int maximum;
+            int x; // on the slider; -1: the first label, -2: the last one
+            int value;
+        } rows[] = {
+            {0, 100, 225, 75},
+            {20, 100, 150, 40},
+            {20, 100, 6, 20}, // the minimum is not added, but kept
+            {0, 100, -1, 0},
+            {20, 100, -1, 20},
+            {-50, 100, -1, 0},
+            {-50, 100, -2, 100},
+            {7, 7, 150, 7},
+            {-100, -20, 150, -20},
+            {0, INT_MAX, 150, INT_MAX / 2},
+            {INT_MIN, INT_MAX, 150, INT_MAX},
+        };
+        for (const auto &row : rows) {
+            Smooth slider(row.maximum, row.minimum);
+            const bool fromMinimum = row.minimum == row.maximum || row.x == -2;
+            slider.SetValue(fromMinimum ? row.minimum : row.maximum);
+            QSignalSpy told(&slider, &CBPSmoothSlider::valueChanged);
+            click(row.x < 0 ? rowOf(slider) : static_cast<QWidget *>(sliderOf(slider)), row.x == -1 ? 3
+                                                                                        : row.x == -2
+                                                                                            ? 297
+                                                                                            : row.x);
+            QCOMPARE(slider.GetValue(), row.value);
+            QCOMPARE(told.count(), int(row.value != (fromMinimum ? row.minimum : row.maximum)));
+            QVERIFY(!sliderOf(slider)->isSliderDown());
+        }
+        QTest::ignoreMessage(QtWarningMsg, "CBPSmoothSlider: the minimum 50 is above the maximum 10");
+        Smooth slider(10, 50);
+        slider.SetValue(30);
+        QCOMPARE(slider.GetValue(), 50);
+        click(rowOf(slider), 3);
+        QCOMPARE(slider.GetValue(), 50);
+    }
+
+    // Pressed anywhere the handle is under the pointer and follows it.
+    void dragging()
+    {
+        Smooth slider;
+        QSlider *inner = sliderOf(slider);
+        QTest::mousePress(inner, Qt::LeftButton, Qt::NoModifier, QPoint(285, 22));
+        QCOMPARE(slider.GetValue(), 95);
+        for (const auto &[x, value] : {std::pair(150, 50), {-900, 0}, {9000, 100}, {30, 10}}) {
+            drag(inner, x, 22);
+            QCOMPARE(slider.GetValue(), value);
+        }
+        QTest::mouseRelease(inner, Qt::LeftButton, Qt::NoModifier, QPoint(60, 22));
+        QCOMPARE(slider.GetValue(), 20);
+    }
+
+    // What listens to the value deletes the slider in the middle of the change.
+    void deletedByItsListener_data()
+    {
+        columns<bool, QString>("jump", "by");
+        for (const char *by : {"label", "slider", "Init"}) {
+            QTest::addRow("jump, %s", by) << true << by;
+            QTest::addRow("smooth, %s", by) << false << by;
+        }
+    }
+    void deletedByItsListener()
+    {
+        QFETCH(bool, jump);
+        QFETCH(QString, by);
+        auto *jumpSlider = jump ? new Jump : nullptr;
+        auto *smoothSlider = jump ? nullptr : new Smooth;
+        const QPointer<QWidget> slider = jump ? static_cast<QWidget *>(jumpSlider) : smoothSlider;
+        QSlider *inner = sliderOf(*slider);
+        QWidget *target = by == "label" ? rowOf(*slider) : static_cast<QWidget *>(inner);
+        inner->setValue(by == "Init" ? inner->maximum() : 0);
+        const auto die = [slider] { delete slider; };
+        jump ? connect(jumpSlider, &CBPJumpSlider::valueChanged, this, die)
+             : connect(smoothSlider, &CBPSmoothSlider::valueChanged, this, die);
+        if (by == "Init")
+            jump ? jumpSlider->Init(kEnds) : smoothSlider->Init(kEnds, 10, 0);
+        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+            if (slider)
+                sendMouse(*target, type, Qt::LeftButton, QPoint(297, 6));
+        }
+        QVERIFY(!slider);
     }
 };
 
