@@ -4,6 +4,7 @@
 #include "CBPEvtLoop.h"
 #include "foundation/IconPixmap.h"
 #include "foundation/ImageLoader.h"
+#include "foundation/Painting.h"
 
 #include <QPainter>
 #include <QShowEvent>
@@ -232,10 +233,8 @@ void CBPWaitBtn::drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, in
     CBPPushBtn::drawPixmapAndText(painter, pen, rect, index);
     // Show(false) leaves the text that was shown last. Where that is none, the button says what it does
     // all the same.
-    if (!m_waiting && m_showsWaitingText && text().isEmpty() && icon().isNull()) {
-        painter->setFont(textFont());
-        painter->drawText(rect, Qt::AlignCenter, elided(m_text, rect.width() - 2 * kInset));
-    }
+    if (!m_waiting && m_showsWaitingText && text().isEmpty() && icon().isNull())
+        lumqt::CachedText().drawCentred(*painter, rect, m_text, textFont());
 }
 
 // The base centres the text, and before it makes room for half an icon only.

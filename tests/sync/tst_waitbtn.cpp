@@ -1,20 +1,23 @@
 #include "CBPWaitBtn.h"
 #include "CExpandBtn.h"
 
+#include "Acts.h"
 #include "CBPEvtLoop.h"
 #include "foundation/FontLookup.h"
 #include "Pixels.h"
+#include "RealInput.h"
+#include "Rows.h"
+#include "Spoken.h"
 #include "TestMain.h"
 #include "Util.h"
 #include "Waiting.h"
 
-#include <QAccessible>
 #include <QLineEdit>
 #include <QSignalSpy>
 
 namespace {
 
-constexpr int kFirstFrame = 880; // ms, the start delay and a tick
+constexpr int kLater = 1180; // ms, after a first frame would have come
 
 QStringList frames()
 {
@@ -23,11 +26,6 @@ QStringList frames()
         paths << Util::getResFullPath(
             QString("../res/loading/loading%1.png").arg(i, 2, 10, QLatin1Char('0')));
     return paths;
-}
-
-QString picturePath(int frame)
-{
-    return frames().at(frame);
 }
 
 // The smallest rectangle around all that is drawn on `ground`, in logical pixels.
@@ -44,6 +42,15 @@ QRect inked(QWidget &widget, const QRect &part, const QColor &ground)
     return box.translated(box.isValid() ? part.topLeft() : QPoint());
 }
 
+// A white button without a frame, of red text.
+void makePlain(CBPWaitBtn &button, int width)
+{
+    button.setFixedSize(width, 36);
+    button.setBgColor(QVector<QColor>(4, Qt::white));
+    button.setTextColor(QVector<QColor>(4, Qt::red));
+    button.setFrmTrancent(true);
+}
+
 } // namespace
 
 class TestWaitBtn : public QObject
@@ -51,88 +58,64 @@ class TestWaitBtn : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void buttonWaits_data()
-    {
-        QTest::addColumn<bool>("ownLoop");
-        QTest::newRow("the caller's loop") << false;
-        QTest::newRow("its own loop") << true;
-    }
     void buttonWaits()
     {
-        QFETCH(bool, ownLoop);
         QWidget window;
         CBPWaitBtn button(frames(), "Go", "Wait", &window);
-        auto *other = new QLineEdit(&window);
-        other->move(0, 40);
-        window.show();
-        window.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
-        other->setFocus();
-        CBPEvtLoop own;
-        CBPEvtLoop *loop = ownLoop ? nullptr : &own;
-        CBPSyncObj &sync = button;
-        sync.setText("text of the wait");
-        QVERIFY(!button.isWaitting() && button.isEnabled());
-        bool looked = false;
-        later(&button, [&] {
-            looked = true;
-            QVERIFY(button.isWaitting() && !button.isEnabled());
-            QCOMPARE(button.text(), QString("Go")); // until there is a frame
-            QCOMPARE(sync.run(loop, false), 0);     // waits already
-            sync.exit(loop, true);
-            QVERIFY(!button.isWaitting() && button.isEnabled());
-        });
-        QCOMPARE(sync.run(loop, true), 0);
-        QVERIFY(looked);
-        QVERIFY(button.hasFocus());
-        QCOMPARE(button.text(), QString("Go"));
-        QCOMPARE(sync.text(), QString("text of the wait"));
-    }
-
-    // Somebody else's loop: nothing is begun that nobody would end, and the focus stays.
-    void foreignLoop()
-    {
-        QWidget window;
-        CBPWaitBtn button(frames(), "Go", QString(), &window);
         QLineEdit other(&window);
-        window.show();
-        window.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
-        button.QWidget::setFocus();
-        CBPEvtLoop loop;
+        other.move(0, 40);
+        showActive(window);
+        CBPEvtLoop given;
+        for (CBPEvtLoop *loop : {&given, static_cast<CBPEvtLoop *>(nullptr)}) {
+            other.setFocus();
+            CBPSyncObj &sync = button;
+            sync.setText("text of the wait");
+            bool looked = false;
+            later(&button, [&] {
+                looked = true;
+                QVERIFY(button.isWaitting() && !button.isEnabled());
+                QCOMPARE(button.text(), QString("Go")); // until there is a frame
+                QCOMPARE(sync.run(loop, false), 0);     // waits already
+                sync.exit(loop, true);
+                QVERIFY(!button.isWaitting() && button.isEnabled());
+            });
+            QCOMPARE(sync.run(loop, true), 0);
+            QVERIFY(looked && button.hasFocus());
+            QCOMPARE(button.text(), QString("Go"));
+            QCOMPARE(sync.text(), QString("text of the wait"));
+        }
+        // Somebody else's loop: nothing is begun that nobody would end, and the focus stays.
         later(&button, [&] {
-            QCOMPARE(button.run(&loop, false), 0);
+            QCOMPARE(button.run(&given, false), 0);
             QVERIFY(button.hasFocus() && button.isEnabled() && !button.isWaitting());
-            loop.exit(0);
+            given.exit(0);
         });
-        loop.exec();
+        given.exec();
     }
 
     void spinner()
     {
         CBPWaitBtn button(frames(), "Go", QString());
-        button.resize(100, 36);
+        makePlain(button, 100);
         button.show();
+        const QRect go = inked(button, button.rect(), Qt::white);
         button.Show(true);
         button.Show(true); // one stop is enough all the same
         QVERIFY(button.currentPixmap().isNull() && button.icon().isNull());
-        QElapsedTimer clock;
-        clock.start();
         QTRY_VERIFY(!button.icon().isNull());
-        QVERIFY(clock.elapsed() >= kFirstFrame / 2);
         QCOMPARE(button.text(), QString()); // the waiting text
         QCOMPARE(button.iconSize(), QSize(20, 20));
-        QCOMPARE(button.currentPixmap().size() / button.currentPixmap().devicePixelRatio(), QSize(20, 20));
-        // The button is disabled, the spinner is not.
         const qreal ratio = button.currentPixmap().devicePixelRatio();
+        QCOMPARE(button.currentPixmap().size() / ratio, QSize(20, 20));
+        // The button is disabled, the spinner is not.
         QCOMPARE(button.icon().pixmap(QSize(20, 20) * ratio, QIcon::Disabled).toImage(),
                  button.currentPixmap().toImage());
         button.Show(false);
-        QVERIFY(button.isEnabled() && !button.isWaitting());
-        QVERIFY(!button.icon().isNull()); // it and the text stay, other than after exit()
-        QCOMPARE(button.text(), QString());
+        QVERIFY(button.isEnabled() && !button.isWaitting() && button.icon().isNull());
+        QCOMPARE(button.text(), QString()); // stays, other than after exit(), but the button says what it is
+        QCOMPARE(inked(button, button.rect(), Qt::white), go);
+        button.Show(true);
         button.exit(nullptr, false);
-        QVERIFY(button.icon().isNull());
         QCOMPARE(button.text(), QString("Go"));
     }
 
@@ -142,38 +125,77 @@ private Q_SLOTS:
         button.setReslist(QStringList());
         button.show();
         button.Show(true);
-        QVERIFY(button.isWaitting() && !button.isEnabled());
-        QTest::qWait(kFirstFrame + 200);
-        QVERIFY(button.isWaitting() && button.icon().isNull());
+        QVERIFY(QMetaObject::invokeMethod(&button, "iconChanged", Q_ARG(int, 0)));
+        QVERIFY(button.isWaitting() && !button.isEnabled() && button.icon().isNull());
         QCOMPARE(button.text(), QString("Go"));
-        button.Show(false);
-        QVERIFY(button.isEnabled());
+        // A text that is there and a spinner that is not whole are both better than nothing.
+        const QString missing = Util::getResFullPath("../res/loading/none.png");
+        button.setReslist({missing, frames().at(4), missing});
+        QTRY_VERIFY(!button.icon().isNull());
+        QTRY_VERIFY(button.currentPixmap().isNull()); // the missing one comes and goes
+        QVERIFY(!button.icon().isNull());
+        QCOMPARE(button.iconSize(), QSize(20, 20));
+    }
 
-        QString text("Stop"), waiting("Stopping");
+    // What a wait ends with.
+    void texts()
+    {
+        CBPWaitBtn button({frames().at(4)}, "Go", "Wait");
+        button.show();
+        const auto waitOnce = [&button](bool exits) {
+            button.Show(true);
+            QTRY_COMPARE(button.text(), QString("Wait"));
+            exits ? void(button.exit(nullptr, false)) : button.Show(false);
+        };
+        button.setText("Set before");
+        waitOnce(false);
+        QCOMPARE(button.text(), QString("Wait"));
+        waitOnce(true); // the text that is left is not the button's own
+        QCOMPARE(button.text(), QString("Set before"));
+        QString text("Stop"), waiting("Wait");
         button.setWaitingText(text, waiting);
         QCOMPARE(button.text(), text);
-        button.resize(160, 36);
-        button.setReslist(frames());
-        button.Show(true);
-        QTRY_COMPARE(button.text(), waiting);
-        // The text stands in the middle, as ever, and the spinner beside it.
-        button.setTextColor(QVector<QColor>(4, Qt::red));
-        button.setBgColor(QVector<QColor>(4, Qt::white));
-        const QRect inked = boxOf(button.grab().toImage(), Qt::red);
-        QVERIFY(inked.isValid());
-        button.setIcon(QIcon());
-        QCOMPARE(boxOf(button.grab().toImage(), Qt::red), inked);
-        button.exit(nullptr, false);
+        waitOnce(true);
         QCOMPARE(button.text(), text);
     }
 
-    // Nobody sees it, so nothing moves.
+    // The pointer that is over the button after the wait is over it for its look, too.
+    void hoveredAfterwards()
+    {
+        QWidget window;
+        CBPWaitBtn button(QStringList(), "Go", QString(), &window);
+        window.resize(200, 100);
+        showActive(window);
+        for (const bool over : {true, false}) {
+            RealInput::moveTo(over ? button.mapToGlobal(button.rect().center())
+                                   : window.mapToGlobal({190, 90}));
+            QTRY_COMPARE(button.underMouse(), over);
+            button.Show(true);
+            button.Show(false);
+            QCOMPARE(button.state(), int(over));
+            button.Show(true);
+            button.exit(nullptr, false);
+            QCOMPARE(button.state(), int(over));
+            window.setEnabled(false);
+            button.Show(false);
+            QVERIFY(button.state() != 1);
+            window.setEnabled(true);
+        }
+    }
+
+    // Nobody sees it, so nothing moves; also what nobody has seen yet, such as a page that was never opened.
     void spinnerRests()
     {
         QWidget window;
-        CBPWaitBtn button(frames(), "Go", QString(), &window);
+        QWidget page(&window);
+        CBPWaitBtn button(frames(), "Go", "Wait", &page);
+        page.hide();
         window.show();
         button.Show(true);
+        QTest::qWait(kLater);
+        QVERIFY(button.icon().isNull() && button.isWaitting());
+        QCOMPARE(button.text(), QString("Go"));
+        page.show();
         QTRY_VERIFY(!button.icon().isNull());
         window.hide();
         const qint64 key = button.icon().cacheKey();
@@ -181,10 +203,10 @@ private Q_SLOTS:
         QCOMPARE(button.icon().cacheKey(), key);
         QVERIFY(button.isWaitting() && !button.isEnabled());
         window.show();
-        QElapsedTimer clock;
-        clock.start();
+        CBPAnimationObj another(frames());
+        another.start();
         QTRY_VERIFY(button.icon().cacheKey() != key);
-        QVERIFY(clock.elapsed() < kFirstFrame); // no new start delay
+        QCOMPARE(another.curentIndex(), 255); // which has the start delay, other than what goes on
         window.hide();
         button.exit(nullptr, false);
         button.Show(true); // begun while hidden
@@ -192,80 +214,50 @@ private Q_SLOTS:
         QTRY_VERIFY(!button.icon().isNull());
     }
 
-    // Also what nobody has seen yet, such as a page that was never opened.
-    void spinnerOfHiddenButton()
-    {
-        QWidget window;
-        auto *page = new QWidget(&window);
-        CBPWaitBtn button(frames(), "Go", "Wait", page);
-        page->hide();
-        window.show();
-        button.Show(true);
-        QTest::qWait(kFirstFrame + 300);
-        QVERIFY(button.icon().isNull() && button.isWaitting());
-        QCOMPARE(button.text(), QString("Go"));
-        page->show();
-        QTRY_VERIFY(!button.icon().isNull());
-    }
-
-    // A text that is there and a spinner that is not whole are both better than nothing.
-    void missingFrames()
-    {
-        const QString missing = Util::getResFullPath("../res/loading/none.png");
-        CBPWaitBtn button({missing, missing}, "Go", QString());
-        button.show();
-        button.Show(true);
-        QTest::qWait(kFirstFrame + 300);
-        QCOMPARE(button.text(), QString("Go"));
-        QVERIFY(button.icon().isNull());
-
-        button.setReslist({missing, picturePath(4), missing});
-        QTRY_VERIFY(!button.icon().isNull());
-        QTest::qWait(200); // the missing one comes and goes
-        QCOMPARE(button.iconSize(), QSize(20, 20));
-        QVERIFY(!button.icon().isNull());
-    }
-
     void spinnerAndText_data()
     {
-        QTest::addColumn<int>("width");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("room for both") << 200 << "Wait";
-        QTest::newRow("just too wide") << 180 << "Loading the details";
-        QTest::newRow("far too wide") << 120 << "A waiting text too long for this";
-        QTest::newRow("endless") << 120 << QString(20000, 'w');
-        QTest::newRow("two lines") << 120 << "Please\nwait";
+        columns<int, QString>("width", "text");
+        row("room for both", 200, "Wait");
+        row("just too wide", 180, "Loading the details");
+        row("far too wide", 120, "A waiting text too long for this");
+        row("endless", 120, QString(20000, 'w'));
+        row("two lines", 120, "Please\nwait");
     }
     // Whatever the text, the whole spinner is seen, and the text on one line beside it.
     void spinnerAndText()
     {
         QFETCH(int, width);
         QFETCH(QString, text);
-        CBPWaitBtn button(frames(), "Go", text);
-        button.setFixedSize(width, 36);
-        button.setBgColor(QVector<QColor>(4, Qt::white));
-        button.setTextColor(QVector<QColor>(4, Qt::red));
-        button.setFrmTrancent(true);
+        CBPWaitBtn button({frames().at(4)}, "Go", text);
+        makePlain(button, width);
         button.show();
         button.Show(true);
         QTRY_COMPARE(button.text(), text);
-        const QRect drawn = inked(button, button.rect(), Qt::white);
-        button.setTextColor(QVector<QColor>(4, Qt::white)); // the spinner alone
-        const QRect spinner = inked(button, button.rect(), Qt::white);
-        QVERIFY2(spinner.width() >= 18 && spinner.height() >= 18,
-                 qPrintable(QString::number(spinner.width())));
-        QVERIFY(spinner.left() >= 4);
-        QVERIFY(drawn.right() > spinner.right() + 6 && drawn.right() < width - 4);
-        QVERIFY(drawn.height() <= 24); // one line
+        // The text stands in the middle, as ever, if there is room.
+        const QRect middle(width / 2 - 1, 0, 2, 36);
+        const QIcon frame = button.icon();
+        for (const bool mirrored : {false, true}) {
+            button.setLayoutDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
+            button.setTextColor(QVector<QColor>(4, Qt::white));
+            const QRect spinner = inked(button, button.rect(), Qt::white);
+            button.setTextColor(QVector<QColor>(4, Qt::red));
+            const QRect both = inked(button, button.rect(), Qt::white);
+            QVERIFY2(spinner.width() >= 18 && spinner.height() >= 18, wordsOf(spinner));
+            QVERIFY2(both.left() >= 4 && both.right() < width - 4 && both.height() <= 24, wordsOf(both));
+            QVERIFY2(!inked(button, middle, Qt::white).isEmpty(), wordsOf(both));
+            if (mirrored)
+                QVERIFY(both.left() < spinner.left() - 6 && both.right() == spinner.right());
+            else
+                QVERIFY(both.right() > spinner.right() + 6 && both.left() == spinner.left());
+        }
         button.exit(nullptr, false);
-
         // An icon of the application's stands after the wait where it stood before.
         CBPWaitBtn fresh(QStringList(), "Go", QString());
-        fresh.setFixedSize(width, 36);
-        QPixmap pixmap(16, 16);
-        pixmap.fill(Qt::blue);
         QRect places[2];
         for (CBPWaitBtn *shown : {&button, &fresh}) {
+            QPixmap pixmap(16, 16);
+            pixmap.fill(Qt::blue);
+            shown->setFixedSize(width, 36);
             shown->setIcon(pixmap);
             shown->setIconSize(QSize(16, 16));
             places[shown == &fresh] = boxOf(shown->grab().toImage(), Qt::blue);
@@ -276,9 +268,9 @@ private Q_SLOTS:
 
     void buttonWaitsEnd_data()
     {
-        QTest::addColumn<QString>("how");
+        columns<QString>("how");
         for (const char *how : {"deleted", "window deleted", "loop left", "loop left, shown"})
-            QTest::newRow(how) << QString(how);
+            row(how, how);
     }
     void buttonWaitsEnd()
     {
@@ -289,24 +281,21 @@ private Q_SLOTS:
         window->show();
         auto loop = std::make_shared<CBPEvtLoop>();
         later(button, [&] {
-            if (how == "deleted")
-                destroy(button);
-            else if (how == "window deleted")
-                destroy(window);
-            else if (how == "loop left")
-                loop->quit();
-            else { // with the spinner stopped, which alone leaves it and its text
+            if (how.contains("deleted")) {
+                destroy(how == "deleted" ? static_cast<QObject *>(button) : window);
+                return;
+            }
+            if (how == "loop left, shown") { // with the spinner stopped, which alone leaves its text
                 QTRY_VERIFY(!button->icon().isNull());
                 button->Show(false);
-                loop->quit();
             }
+            loop->quit();
         });
         button->run(loop.get(), false);
         QVERIFY(!dog.bit());
         QCOMPARE(button.isNull(), how.contains("deleted"));
         if (button) { // nobody else would give it its look back
-            QVERIFY(button->isEnabled() && !button->isWaitting());
-            QVERIFY(button->icon().isNull());
+            QVERIFY(button->isEnabled() && !button->isWaitting() && button->icon().isNull());
             QCOMPARE(button->text(), QString("Go"));
         }
         if (how != "window deleted")
@@ -317,15 +306,14 @@ private Q_SLOTS:
     {
         CBPWaitBtn button(frames(), "Go", QString());
         auto *accessible = QAccessible::queryAccessibleInterface(&button);
-        QVERIFY(accessible);
         QCOMPARE(accessible->role(), QAccessible::PushButton);
         QVERIFY(!accessible->state().busy);
         button.Show(true);
         button.setText(QString());
-        QCOMPARE(accessible->text(QAccessible::Name), QString("Go"));
+        QCOMPARE(spokenName(&button), QString("Go"));
         QVERIFY(accessible->state().busy);
         button.setAccessibleName("Own");
-        QCOMPARE(accessible->text(QAccessible::Name), QString("Own"));
+        QCOMPARE(spokenName(&button), QString("Own"));
     }
 
     void expandButton()
@@ -370,9 +358,7 @@ private Q_SLOTS:
         QLineEdit other(&window); // takes the focus at first
         button.resize(200, 44);
         other.move(0, 60);
-        window.show();
-        window.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
+        showActive(window);
         other.setFocus();
         button.setBgColor(QVector<QColor>(4, Qt::white));
         const QRect arrow(200 - 16 - 16, 14, 16, 16);
@@ -403,10 +389,10 @@ private Q_SLOTS:
 
     void expandTexts_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::newRow("short") << "Off";
-        QTest::newRow("up to the arrow") << "A rather long caption of a row";
-        QTest::newRow("endless") << QString(20000, 'w');
+        columns<QString>("text");
+        row("short", "Off");
+        row("up to the arrow", "A rather long caption of a row");
+        row("endless", QString(20000, 'w'));
     }
     // The text is on one line, and ends before the arrow.
     void expandTexts()
