@@ -228,8 +228,7 @@ void CBaseSyncExecuter::onFinished()
 void CBaseSyncExecuter::notifyQuit()
 {
     // A job whose wait was broken off runs on, and has not heard yet that its window goes.
-    const bool runsOn = m_quit && !m_needDelete && !m_windowGone && isRunning();
-    if (m_quit && !runsOn)
+    if (m_quit && (m_windowGone || !isRunning()))
         return;
     m_quit = true;
     m_windowGone = true;

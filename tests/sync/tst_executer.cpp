@@ -148,7 +148,7 @@ private Q_SLOTS:
         });
         const unsigned long long result = job->execute();
         QVERIFY(alive);
-        if (jobEnds && !ending.contains(QLatin1String("window")))
+        if (jobEnds && !ending.contains("window"))
             QCOMPARE(result, 9ULL); // it was over before the wait was
         if (job->isNeedDelete()) {
             QVERIFY(jobEnds);
@@ -184,21 +184,15 @@ private Q_SLOTS:
         QVERIFY(job.isNull());
     }
 
-    void quitBeforeTheStart()
+    void executedOutOfTurn()
     {
-        Job job(m_sync, m_window, timedTask(0, 4));
-        m_window->quit();
-        QVERIFY(job.isNeedDelete());
-        QCOMPARE(job.execute(), kNone);
-        QVERIFY(!job.task().ended);
-        QVERIFY(job.isNeedDelete());
-    }
-
-    void executedWhileItRuns()
-    {
+        Job late(m_sync, m_window, timedTask(0, 4));
+        m_window->quit(); // before the start
+        QCOMPARE(late.execute(), kNone);
+        QVERIFY(late.isNeedDelete() && !late.task().ended);
         auto *job = new Job(m_sync, m_window, gatedTask(6));
         later(job, [&] {
-            QCOMPARE(job->execute(), kNone);
+            QCOMPARE(job->execute(), kNone); // while it runs
             QVERIFY(job->isNeedDelete());
             job->task().gate.release();
         });
@@ -219,12 +213,12 @@ private Q_SLOTS:
     void endsBeforeTheLoop()
     {
         QFETCH(QString, ending);
-        const bool jobEnds = ending.startsWith(QLatin1String("job"));
+        const bool jobEnds = ending.startsWith("job");
         const TaskPointer task = gatedTask(31);
         Recorder slow;
-        slow.waits = ending != QLatin1String("nobody waits");
+        slow.waits = ending != "nobody waits";
         const QPointer<Job> job = new Job(&slow, m_window, task);
-        auto &act = ending == QLatin1String("job, by the text") ? slow.onText : slow.beforeRun;
+        auto &act = ending == "job, by the text" ? slow.onText : slow.beforeRun;
         act = [&] {
             if (!jobEnds) {
                 end(ending);
@@ -255,32 +249,25 @@ private Q_SLOTS:
 
     void deletedInTheWait()
     {
-        for (const bool atOnce : {true, false}) {
+        for (const QString how : {"at once", "later", "by finished"}) {
             const TaskPointer task = timedTask(10, 11);
             auto *job = new Job(m_sync, m_window, task);
+            if (how == "by finished") { // a common idiom, if one that leaves nothing for the caller to delete
+                connect(job, &QThread::finished, job, &QObject::deleteLater);
+                QCOMPARE(job->execute(), 11ULL);
+                continue;
+            }
             later(job, [&] {
                 while (!task->began)
                     QThread::msleep(1);
-                if (atOnce)
-                    delete job;
-                else
-                    job->deleteLater();
+                how == "at once" ? delete job : job->deleteLater();
             });
             QTest::ignoreMessage(QtWarningMsg, "An executer is deleted while its job runs");
             const unsigned long long result = job->execute();
             QVERIFY(result == kNone || result == 11); // asked to stop in time or not
             QVERIFY(task->ended);
         }
-    }
-
-    void deletedByFinished()
-    {
-        // A common idiom, if one that leaves nothing for the caller to delete.
-        const TaskPointer task = timedTask(1, 12);
-        QPointer<Job> job = new Job(m_sync, m_window, task);
-        connect(job, &QThread::finished, job, &QObject::deleteLater);
-        QCOMPARE(job->execute(), 12ULL);
-        QTRY_VERIFY(job.isNull());
+        QTRY_COMPARE(Job::alive(), 0);
     }
 
     void oneWindowTwoExecuters()
@@ -337,29 +324,48 @@ private Q_SLOTS:
         }
     }
 
+    // Asked once to stop when the window goes, whether or not somebody still waits for the job.
+    void attached_data()
+    {
+        columns<QString, bool>("ending", "dies");
+        row("window quits", "window quits twice", false);
+        row("window quits, and it dies", "window quits twice", true);
+        row("wait broken off before", "wait broken off", false);
+        row("wait broken off, and the window destroyed", "wait broken off", true);
+    }
     void attached()
     {
+        QFETCH(QString, ending);
+        QFETCH(bool, dies);
         QStringList log;
         for (int i = 0; i < 3; ++i) // the window comes and goes in the table, and is heard once after that
             delete new Job(m_sync, m_window, timedTask(0));
-        delete new Job(m_sync, m_window, timedTask(0), new AttachedThread(&log));
-        QCOMPARE(log, QStringList{"deleted"});
-        log.clear();
-        for (const bool dies : {false, true}) {
-            auto *thread = new AttachedThread(&log);
-            thread->dies = dies;
-            const TaskPointer task = gatedTask();
-            const QPointer<Job> job = orphan(m_sync, task, thread);
-            QCOMPARE(log, dies ? (QStringList{"asked", "deleted"}) : QStringList{"asked"});
-            task->gate.release();
-            QTRY_VERIFY(job.isNull());
-            QCOMPARE(log, (QStringList{"asked", "deleted"}));
-            log.clear();
+        auto *thread = new AttachedThread(&log);
+        thread->dies = dies;
+        const TaskPointer task = gatedTask();
+        const QPointer<Job> job = orphan(m_sync, task, thread, ending);
+        if (ending == "wait broken off") {
+            QCOMPARE(log, QStringList()); // the window is still there
+            end(dies ? "window destroyed" : "window quits twice");
         }
+        QCOMPARE(log, dies ? (QStringList{"asked", "deleted"}) : QStringList{"asked"});
+        task->gate.release();
+        QTRY_VERIFY(job.isNull());
+        QCOMPARE(log, (QStringList{"asked", "deleted"}));
+    }
+
+    void attachedToNoWait()
+    {
+        QStringList log;
+        auto *ended = new Job(m_sync, m_window, timedTask(0), new AttachedThread(&log));
+        ended->execute();
+        m_window->quit(); // there is nothing to stop any more
+        delete ended;
+        delete new Job(m_sync, m_window, timedTask(0), new AttachedThread(&log));
+        QCOMPARE(log, (QStringList{"deleted", "deleted"}));
         // It may have another owner, too.
         auto *parent = new QObject;
-        auto *child = new QObject(parent);
-        auto *job = new Job(m_sync, m_window, timedTask(0), child);
+        auto *job = new Job(m_sync, m_window, timedTask(0), new QObject(parent));
         delete parent;
         delete job;
     }
@@ -417,28 +423,27 @@ private:
         return CWorkThreadMgr::instance();
     }
 
-    // A job whose caller has gone on, as its window has quit.
-    QPointer<Job> orphan(CBPSyncObj *sync, const TaskPointer &task, QObject *attached = nullptr)
+    // A job whose caller has gone on.
+    QPointer<Job> orphan(CBPSyncObj *sync, const TaskPointer &task, QObject *attached = nullptr,
+                         const QString &ending = "window quits")
     {
         QPointer<Job> job = new Job(sync, m_window, task, attached);
-        later(job, [&] { m_window->quit(); });
+        later(job, [&] { end(ending); });
         job->execute();
         return job;
     }
 
     void end(const QString &ending)
     {
-        if (ending.startsWith(QLatin1String("window quits")))
+        for (int times = ending.endsWith("twice") ? 2 : ending == "window quits"; times > 0; --times)
             m_window->quit();
-        if (ending == QLatin1String("window quits twice"))
-            m_window->quit();
-        if (ending == QLatin1String("window destroyed"))
+        if (ending == "window destroyed")
             delete m_window.data();
-        else if (ending == QLatin1String("window deleted later"))
+        else if (ending == "window deleted later")
             m_window->deleteLater();
-        else if (ending == QLatin1String("sync object destroyed"))
+        else if (ending == "sync object destroyed")
             delete std::exchange(m_sync, nullptr);
-        else if (ending == QLatin1String("wait broken off"))
+        else if (ending == "wait broken off")
             m_sync->breakOff();
     }
 
