@@ -3,6 +3,7 @@
 #include "CBPUISyncWaiter.h"
 #include "CBPWaitBtn.h"
 #include "Jobs.h"
+#include "Rows.h"
 #include "TestMain.h"
 #include "Waiting.h"
 
@@ -11,24 +12,24 @@ namespace {
 
 constexpr unsigned long long kNone = 0x1001;
 
-CBPUISyncWaiter *shownWaiter()
+QList<CBPUISyncWaiter *> waiters()
 {
+    QList<CBPUISyncWaiter *> found;
     const auto windows = QApplication::topLevelWidgets();
     for (QWidget *window : windows) {
-        auto *waiter = qobject_cast<CBPUISyncWaiter *>(window);
-        if (waiter && waiter->isVisible())
+        if (auto *waiter = qobject_cast<CBPUISyncWaiter *>(window))
+            found << waiter;
+    }
+    return found;
+}
+
+CBPUISyncWaiter *shownWaiter()
+{
+    for (CBPUISyncWaiter *waiter : waiters()) {
+        if (waiter->isVisible())
             return waiter;
     }
     return nullptr;
-}
-
-int waiterCount()
-{
-    int count = 0;
-    const auto windows = QApplication::topLevelWidgets();
-    for (QWidget *window : windows)
-        count += qobject_cast<CBPUISyncWaiter *>(window) != nullptr;
-    return count;
 }
 
 } // namespace
@@ -41,62 +42,42 @@ private Q_SLOTS:
     void cleanup()
     {
         QTRY_COMPARE(Job::alive(), 0);
-        QTRY_COMPARE(waiterCount(), 0);
+        QTRY_COMPARE(waiters().size(), 0);
         QVERIFY(!m_watchdog.bit());
     }
 
-    void ownWaiter_data()
-    {
-        QTest::addColumn<bool>("withWindow");
-        QTest::newRow("in front of a window") << true;
-        QTest::newRow("alone") << false;
-    }
     void ownWaiter()
     {
-        QFETCH(bool, withWindow);
         QWidget window;
         window.resize(400, 300);
         window.show();
         QVERIFY(QTest::qWaitForWindowExposed(&window));
-        const TaskPointer task = gatedTask(21);
-        auto *job = new Job(nullptr, withWindow ? &window : nullptr, task);
-        later(job, [&] {
-            const CBPUISyncWaiter *waiter = shownWaiter();
-            QVERIFY(waiter && waiter->isModal());
-            QCOMPARE(waiter->parentWidget(), withWindow ? &window : nullptr);
-            task->gate.release();
-        });
-        for (int time = 0; time < 2; ++time) {
-            QCOMPARE(job->execute(), 21ULL);
-            QVERIFY(!shownWaiter());
-            QVERIFY(job->isNeedDelete());
-            QCOMPARE(waiterCount(), 1); // kept for the next time
-            task->gate.release();
+        for (QWidget *parent : {&window, static_cast<QWidget *>(nullptr)}) {
+            const TaskPointer task = gatedTask(21);
+            auto *job = new Job(nullptr, parent, task);
+            later(job, [&] {
+                const CBPUISyncWaiter *waiter = shownWaiter();
+                QVERIFY(waiter && waiter->isModal());
+                QCOMPARE(waiter->parentWidget(), parent);
+                task->gate.release(2);
+            });
+            for (int time = 0; time < 2; ++time) {
+                QCOMPARE(job->execute(), 21ULL);
+                QVERIFY(!shownWaiter() && job->isNeedDelete());
+                QCOMPARE(waiters().size(), 1); // kept for the next time
+            }
+            delete job;
+            QCOMPARE(waiters().size(), 0);
         }
-        delete job;
-        QCOMPARE(waiterCount(), 0);
-    }
-
-    void globalWaitShowsNothing()
-    {
-        const TaskPointer task = gatedTask(22);
-        auto *job = new Job(nullptr, nullptr, task, nullptr, QStringLiteral("STR_GLOBAL_UNIQUE"));
-        later(job, [&] {
-            QVERIFY(!shownWaiter());
-            task->gate.release();
-        });
-        QCOMPARE(job->execute(), 22ULL);
-        delete job;
     }
 
     void endings_data()
     {
-        QTest::addColumn<QString>("ending");
-        QTest::addColumn<bool>("global");
+        columns<QString, bool>("ending", "global");
         for (const char *ending : {"Escape", "window destroyed", "waiter destroyed", "UnRun"})
-            QTest::newRow(ending) << QString(ending) << false;
-        QTest::newRow("global, window destroyed") << "window destroyed" << true;
-        QTest::newRow("global, waiter destroyed") << "waiter destroyed" << true;
+            row(ending, ending, false);
+        for (const char *ending : {"window destroyed", "waiter destroyed", "job"})
+            QTest::addRow("global, %s", ending) << ending << true;
     }
     // The window or the wait goes while the job runs.
     void endings()
@@ -106,85 +87,65 @@ private Q_SLOTS:
         auto *window = new QWidget;
         window->show();
         const QPointer<QWidget> windowAlive(window);
-        const TaskPointer task = gatedTask();
+        const TaskPointer task = gatedTask(20);
         QPointer<Job> job =
             new Job(nullptr, window, task, nullptr, global ? QStringLiteral("STR_GLOBAL_UNIQUE") : QString());
         later(job, [&] {
             CBPUISyncWaiter *waiter = shownWaiter();
             QCOMPARE(!waiter, global);
-            if (ending == QLatin1String("Escape")) {
+            if (ending == "Escape") {
                 QTest::keyClick(waiter, Qt::Key_Escape);
                 QVERIFY(waiter->isVisible());
                 waiter->SetRespondEsc(true);
                 QTest::keyClick(waiter, Qt::Key_Escape);
-            } else if (ending == QLatin1String("window destroyed")) {
+            } else if (ending == "window destroyed") {
                 destroy(window);
-            } else if (ending == QLatin1String("waiter destroyed")) {
+            } else if (ending == "waiter destroyed") {
                 destroy(window->findChild<CBPUISyncWaiter *>());
-            } else {
+            } else if (ending == "UnRun") {
                 waiter->UnRun();
+            } else {
+                task->gate.release();
             }
         });
-        QCOMPARE(job->execute(), kNone);
-        QVERIFY(job && !job->isNeedDelete());
-        QCOMPARE(waiterCount(), 0); // an orphan has no window
+        const bool jobEnds = ending == "job";
+        QCOMPARE(job->execute(), jobEnds ? 20ULL : kNone);
+        QCOMPARE(job->isNeedDelete(), jobEnds);
+        if (jobEnds)
+            delete job.data();
+        QCOMPARE(waiters().size(), 0); // an orphan has no window
         task->gate.release();
         QTRY_VERIFY(job.isNull());
         delete windowAlive.data();
     }
 
-    void waitingButton_data()
-    {
-        QTest::addColumn<bool>("dies");
-        QTest::newRow("stays") << false;
-        QTest::newRow("dies") << true;
-    }
     void waitingButton()
     {
-        QFETCH(bool, dies);
         QWidget window;
-        auto *button = new CBPWaitBtn({}, QStringLiteral("Start"), QStringLiteral("Waiting"), &window, true);
+        auto *button = new CBPWaitBtn({}, "Start", "Waiting", &window, true);
         window.show();
-        const TaskPointer task = gatedTask(23);
-        QPointer<Job> job = new Job(button, &window, task);
-        later(job, [&] {
-            QVERIFY(!button->isEnabled());
-            if (dies)
-                destroy(button);
-            else
-                task->gate.release();
-        });
-        QCOMPARE(job->execute(), dies ? kNone : 23ULL);
-        QCOMPARE(job->isNeedDelete(), !dies);
-        if (!dies) {
-            QVERIFY(button->isEnabled() && !button->isWaitting());
-            delete job.data();
-            return;
-        }
-        task->gate.release();
-        QTRY_VERIFY(job.isNull());
-    }
-
-    // A second wait in the same button leaves it to the first one.
-    void twoInOneButton()
-    {
-        QWidget window;
-        auto *button = new CBPWaitBtn({}, QStringLiteral("Start"), QString(), &window, true);
-        window.show();
-        CBPSyncObj other;
-        const TaskPointer task = gatedTask(24);
-        const TaskPointer second = timedTask(0, 25);
-        auto *job = new Job(button, &window, task);
-        later(job, [&] {
-            auto *inner = new Job(button, &window, second);
-            QCOMPARE(inner->execute(), 25ULL);
-            delete inner;
-            QVERIFY(!button->isEnabled() && button->isWaitting());
+        for (const bool dies : {false, true}) {
+            const TaskPointer task = gatedTask(23);
+            QPointer<Job> job = new Job(button, &window, task);
+            later(job, [&] {
+                auto *inner = new Job(button, &window, timedTask(0, 25));
+                QCOMPARE(inner->execute(), 25ULL);
+                delete inner;
+                QVERIFY(!button->isEnabled() && button->isWaitting()); // a second wait leaves it to the first
+                if (dies)
+                    destroy(button);
+                else
+                    task->gate.release();
+            });
+            QCOMPARE(job->execute(), dies ? kNone : 23ULL);
+            QCOMPARE(job->isNeedDelete(), !dies);
+            if (!dies) {
+                QVERIFY(button->isEnabled() && !button->isWaitting());
+                delete job.data();
+            }
             task->gate.release();
-        });
-        QCOMPARE(job->execute(), 24ULL);
-        QVERIFY(button->isEnabled());
-        delete job;
+            QTRY_VERIFY(job.isNull());
+        }
     }
 
     // A pop-up that its user closes while its own button waits.
@@ -229,7 +190,7 @@ private Q_SLOTS:
         later(job, [&] {
             auto *second = new Job(nullptr, nullptr, inner);
             later(second, [&] {
-                QCOMPARE(waiterCount(), 2);
+                QCOMPARE(waiters().size(), 2);
                 outer->gate.release();
                 QTRY_VERIFY(outer->ended);
                 inner->gate.release();
