@@ -26,10 +26,7 @@ class TestExecuterStress : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        bool given = false;
-        uint seed = qEnvironmentVariableIntValue("LUMQT_SEED", &given);
-        if (!given)
-            seed = 20261125;
+        const uint seed = qEnvironmentVariable("LUMQT_SEED", "20261125").toUInt();
         m_random.seed(seed);
         qInfo("LUMQT_SEED=%u", seed);
         // Of those that are deleted or executed while their job runs, and of windows where there is no

@@ -65,19 +65,12 @@ private Q_SLOTS:
     }
 
     // What leaves the loop without counting does not leave a loop that claims to run.
-    void loopLeftByOthers_data()
-    {
-        QTest::addColumn<bool>("entered"); // once more than it was left
-        QTest::newRow("plain") << false;
-        QTest::newRow("counted twice") << true;
-    }
     void loopLeftByOthers()
     {
-        QFETCH(bool, entered);
         CBPEvtLoop loop;
-        for (int time = 0; time < 2; ++time) {
+        for (const bool enteredTwice : {false, false, true, true}) {
             QTimer::singleShot(0, &loop, [&] {
-                if (entered)
+                if (enteredTwice)
                     loop.exec();
                 loop.quit();
             });
@@ -148,43 +141,32 @@ private Q_SLOTS:
         QVERIFY(ended(thread));
     }
 
-    void threadThatNeverRan()
+    void threadWithoutWork()
     {
-        CBPQtThread thread(nullptr);
-        Work job{&thread};
-        thread.setCB(work, &job);
-        thread.WaitExit();
-        QVERIFY(thread.isFinished());
+        CBPQtThread neverRan(nullptr);
+        Work job{&neverRan};
+        neverRan.setCB(work, &job);
+        neverRan.WaitExit();
+        QVERIFY(neverRan.isFinished());
         QCOMPARE(job.calls.load(), 0);
+        CBPQtThread withoutFunction(nullptr);
+        withoutFunction.start();
+        withoutFunction.WaitExit(); // its event loop may not have begun
+        QVERIFY(withoutFunction.isFinished());
     }
 
-    void threadWithoutAFunction()
-    {
-        CBPQtThread thread(nullptr);
-        thread.start();
-        thread.WaitExit(); // its event loop may not have begun
-        QVERIFY(thread.isFinished());
-    }
-
-    void threadDestroyedWhileItRuns_data()
-    {
-        QTest::addColumn<bool>("function");
-        QTest::newRow("function") << true;
-        QTest::newRow("event loop") << false;
-    }
     void threadDestroyedWhileItRuns()
     {
-        QFETCH(bool, function);
-        Work job;
-        job.polls = true;
-        QObject parent; // goes first, and the thread with it
-        auto *thread = new CBPQtThread(&parent);
-        job.thread = thread;
-        if (function)
-            thread->setCB(work, &job);
-        thread->start();
-        QTRY_VERIFY(thread->isRunning());
-        QTRY_VERIFY(!function || job.calls == 1);
+        for (const bool function : {true, false}) { // or an event loop
+            Work job;
+            job.polls = true;
+            QObject parent; // goes first, and the thread with it
+            auto *thread = job.thread = new CBPQtThread(&parent);
+            if (function)
+                thread->setCB(work, &job);
+            thread->start();
+            QTRY_VERIFY(thread->isRunning() && (!function || job.calls == 1));
+        }
     }
 
     void waitExitFromWithin()
