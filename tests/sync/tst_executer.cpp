@@ -71,8 +71,7 @@ private Q_SLOTS:
         QTest::ignoreMessage(QtSystemMsg, QRegularExpression("Thread stack size error"));
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression("could not be started"));
         QCOMPARE(job.execute(), kNone);
-        QVERIFY(!job.task().began);
-        QVERIFY(job.isNeedDelete());
+        QVERIFY(!job.task().began && job.isNeedDelete());
         job.setStackSize(0);
         QCOMPARE(job.execute(), 42ULL);
     }
@@ -81,8 +80,7 @@ private Q_SLOTS:
     {
         for (const unsigned long long set : {0ULL, 42ULL, 0xfedcba9876543210ULL}) {
             Job job(m_sync, m_window, timedTask(2, set));
-            QVERIFY(job.isNeedDelete());
-            QVERIFY(manager()->isWndObjExist(m_window));
+            QVERIFY(job.isNeedDelete() && manager()->isWndObjExist(m_window));
             for (int time = 0; time < 2; ++time) { // and once more
                 QCOMPARE(job.execute(), set ? set : kNone);
                 QVERIFY(job.task().ended.exchange(false));
@@ -103,23 +101,6 @@ private Q_SLOTS:
             QCOMPARE(recorder.calls, (QStringList{text, "run" + scope, "exit" + scope}));
             QCOMPARE(recorder.text(), text);
         }
-    }
-
-    // The interface is alive, and the job is on another thread, until it ends.
-    void waits()
-    {
-        auto *job = new Job(m_sync, m_window, gatedTask(5));
-        int ticks = 0;
-        QTimer timer;
-        connect(&timer, &QTimer::timeout, this, [&] {
-            QVERIFY(job->isRunning() || ticks >= 5);
-            if (++ticks == 5)
-                job->task().gate.release();
-        });
-        timer.start(1);
-        QCOMPARE(job->execute(), 5ULL);
-        QVERIFY(ticks >= 5);
-        delete job;
     }
 
     void endings_data()
@@ -148,18 +129,16 @@ private Q_SLOTS:
         });
         const unsigned long long result = job->execute();
         QVERIFY(alive);
-        if (jobEnds && !ending.contains("window"))
-            QCOMPARE(result, 9ULL); // it was over before the wait was
-        if (job->isNeedDelete()) {
-            QVERIFY(jobEnds);
+        QCOMPARE(job->isNeedDelete(), jobEnds && !ending.contains("window"));
+        if (job->isNeedDelete()) { // it was over before the wait was
+            QCOMPARE(result, 9ULL);
             delete job;
             return;
         }
         if (!jobEnds) {
             QCOMPARE(result, kNone);
             QTest::qWait(5);
-            QVERIFY(alive);
-            QVERIFY(!task->ended);
+            QVERIFY(alive && !task->ended);
             task->gate.release();
         }
         QTRY_VERIFY(alive.isNull());
@@ -205,10 +184,7 @@ private Q_SLOTS:
     // caller gets the result as it stands.
     void endsBeforeTheLoop_data()
     {
-        columns<QString>("ending");
-        for (const char *ending :
-             {"job, by the text", "job", "window quits", "window destroyed", "nobody waits"})
-            row(ending, ending);
+        names("ending", {"job, by the text", "job", "window quits", "window destroyed", "nobody waits"});
     }
     void endsBeforeTheLoop()
     {

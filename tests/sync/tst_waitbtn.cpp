@@ -266,40 +266,23 @@ private Q_SLOTS:
         QCOMPARE(places[0], places[1]);
     }
 
-    void buttonWaitsEnd_data()
+    // Nobody else would give the button its look back.
+    void loopLeftByOthers()
     {
-        columns<QString>("how");
-        for (const char *how : {"deleted", "window deleted", "loop left", "loop left, shown"})
-            row(how, how);
-    }
-    void buttonWaitsEnd()
-    {
-        QFETCH(QString, how);
-        Watchdog dog;
-        auto *window = new QWidget;
-        QPointer<CBPWaitBtn> button(new CBPWaitBtn(frames(), "Go", QString(), window));
-        window->show();
-        auto loop = std::make_shared<CBPEvtLoop>();
-        later(button, [&] {
-            if (how.contains("deleted")) {
-                destroy(how == "deleted" ? static_cast<QObject *>(button) : window);
-                return;
-            }
-            if (how == "loop left, shown") { // with the spinner stopped, which alone leaves its text
-                QTRY_VERIFY(!button->icon().isNull());
-                button->Show(false);
-            }
-            loop->quit();
-        });
-        button->run(loop.get(), false);
-        QVERIFY(!dog.bit());
-        QCOMPARE(button.isNull(), how.contains("deleted"));
-        if (button) { // nobody else would give it its look back
-            QVERIFY(button->isEnabled() && !button->isWaitting() && button->icon().isNull());
-            QCOMPARE(button->text(), QString("Go"));
+        for (const bool stopped : {false, true}) { // by Show(false), which alone leaves the text
+            CBPWaitBtn button(frames(), "Go", QString());
+            button.show();
+            CBPEvtLoop loop;
+            later(&button, [&] {
+                QTRY_VERIFY(!button.icon().isNull());
+                if (stopped)
+                    button.Show(false);
+                loop.quit();
+            });
+            button.run(&loop, false);
+            QVERIFY(button.isEnabled() && !button.isWaitting() && button.icon().isNull());
+            QCOMPARE(button.text(), QString("Go"));
         }
-        if (how != "window deleted")
-            delete window;
     }
 
     void buttonIsNamed()
@@ -318,51 +301,17 @@ private Q_SLOTS:
 
     void expandButton()
     {
-        CExpandBtn button(frames(), "Details", "Loading");
-        QCOMPARE(button.height(), 44);
-        QCOMPARE(button.text(), QString("Details"));
-        button.resize(200, 44);
-        button.show();
-        QSignalSpy changes(&button, &CExpandBtn::sigExpandChanged);
-        auto *accessible = QAccessible::queryAccessibleInterface(&button);
-        QVERIFY(!button.isExpand() && accessible->state().collapsed && accessible->state().expandable);
-        const QRect arrow(200 - 16 - 16, 14, 16, 16);
-        const QImage down = button.grab(arrow).toImage();
-        QTest::mouseClick(&button, Qt::LeftButton);
-        QVERIFY(button.isExpand() && accessible->state().expanded && !accessible->state().collapsed);
-        QVERIFY(button.grab(arrow).toImage() != down);
-        button.setExpand(true);
-        QCOMPARE(changes.size(), 1);
-        QTest::keyClick(&button, Qt::Key_Space);
-        QVERIFY(!button.isExpand());
-        QCOMPARE(changes.size(), 2);
-
-        button.setExpand(true);
-        button.setExpandable(false);
-        QVERIFY(!button.isExpand() && !accessible->state().expandable);
-        button.onExpand();
-        button.setExpand(true);
-        QVERIFY(!button.isExpand());
-        QCOMPARE(changes.size(), 4);
-        QCOMPARE(accessible->text(QAccessible::Name), QString("Details"));
-        button.Show(true);
-        QVERIFY(accessible->state().busy);
-        button.exit(nullptr, false);
-        QCOMPARE(button.text(), QString("Details"));
-    }
-
-    void expandLook()
-    {
         QWidget window;
         CExpandBtn button(frames(), "Details", "Loading", &window);
-        QLineEdit other(&window); // takes the focus at first
+        QLineEdit other(&window);
         button.resize(200, 44);
         other.move(0, 60);
         showActive(window);
         other.setFocus();
         button.setBgColor(QVector<QColor>(4, Qt::white));
+        QSignalSpy changes(&button, &CExpandBtn::sigExpandChanged);
+        auto *accessible = QAccessible::queryAccessibleInterface(&button);
         const QRect arrow(200 - 16 - 16, 14, 16, 16);
-        const auto corner = [&] { return button.grab().toImage().pixelColor(0, 0); };
         // Of an arrow that points down the upper end is the wide one.
         const auto downwards = [&] {
             const QRect box = inked(button, arrow, Qt::white);
@@ -370,21 +319,47 @@ private Q_SLOTS:
             const QRect bottom = inked(button, QRect(arrow.left(), box.bottom(), 16, 1), Qt::white);
             return top.width() - bottom.width();
         };
-        QVERIFY(downwards() > 2);
-        button.setExpand(true);
-        QVERIFY(downwards() < -2);
-        button.setExpand(false);
-
+        const Deeds deeds{{"expand", [&] { button.setExpand(true); }},
+                          {"slot", [&] { button.onExpand(); }},
+                          {"unable", [&] { button.setExpandable(false); }},
+                          {"able", [&] { button.setExpandable(true); }}};
+        const struct
+        {
+            const char *deed;
+            bool expandable;
+            bool expanded;
+            int changes;
+        } rows[] = {{"", true, false, 0},
+                    {"press release", true, true, 1},
+                    {"expand", true, true, 1},
+                    {"space spaceup", true, false, 2},
+                    {"slot", true, true, 3},
+                    {"unable", false, false, 4},
+                    {"slot expand", false, false, 4},
+                    {"able", true, false, 4}};
+        for (const auto &row : rows) {
+            perform(&button, row.deed, deeds);
+            QCOMPARE(button.isExpand(), row.expanded);
+            QCOMPARE(changes.size(), row.changes);
+            QCOMPARE(bool(accessible->state().expandable), row.expandable);
+            QCOMPARE(bool(accessible->state().expanded), row.expanded);
+            QCOMPARE(bool(accessible->state().collapsed), row.expandable && !row.expanded);
+            QCOMPARE(inked(button, arrow, Qt::white).isEmpty(), !row.expandable);
+            QVERIFY(!row.expandable || (row.expanded ? downwards() < -2 : downwards() > 2));
+        }
+        const auto corner = [&] { return button.grab().toImage().pixelColor(0, 0); };
+        other.setFocus();
         QCOMPARE(corner(), QColor(Qt::white)); // no frame
         button.QWidget::setFocus();
         QCOMPARE(corner(), QColor("#4ba7f5"));
-        other.setFocus();
-        QCOMPARE(corner(), QColor(Qt::white));
-
-        button.Show(true);
-        QVERIFY(inked(button, arrow, Qt::white).isEmpty());
-        button.Show(false);
-        QVERIFY(!inked(button, arrow, Qt::white).isEmpty());
+        QCOMPARE(spokenName(&button), QString("Details"));
+        for (const bool waits : {true, false}) {
+            button.Show(waits);
+            QCOMPARE(inked(button, arrow, Qt::white).isEmpty(), waits);
+            QCOMPARE(bool(accessible->state().busy), waits);
+        }
+        button.exit(nullptr, false);
+        QCOMPARE(button.text(), QString("Details"));
     }
 
     void expandTexts_data()
@@ -401,7 +376,7 @@ private Q_SLOTS:
         CExpandBtn button(frames(), text, QString());
         const int wanted = QFontMetrics(lumqt::uiFont()).horizontalAdvance(text) + 2 * (16 + 16);
         QVERIFY(button.sizeHint().width() >= qMin(wanted, QWIDGETSIZE_MAX));
-        QCOMPARE(button.sizeHint().height(), 44);
+        QVERIFY(button.sizeHint().height() == 44 && button.height() == 44);
         button.setFixedWidth(200);
         button.setFocusPolicy(Qt::NoFocus);
         button.setBgColor(QVector<QColor>(4, Qt::white));

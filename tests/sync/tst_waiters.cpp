@@ -149,10 +149,8 @@ private Q_SLOTS:
 
     void waiterEnds_data()
     {
-        columns<QString>("how");
-        for (const char *how : {"deleted", "parent deleted", "parent hidden", "deleted by Escape",
-                                "deleted by its end", "while it is being shown"})
-            row(how, how);
+        names("how", {"deleted", "parent deleted", "parent hidden", "deleted by Escape", "deleted by its end",
+                      "while it is being shown"});
     }
     void waiterEnds()
     {
@@ -280,12 +278,7 @@ private Q_SLOTS:
         QTEST(rejections.size(), "rejections");
     }
 
-    void endedWhileShown_data()
-    {
-        columns<QString>("how");
-        for (const char *how : {"UnRun", "close", "reject", "hide", "delete"})
-            row(how, how);
-    }
+    void endedWhileShown_data() { names("how", {"UnRun", "close", "reject", "hide", "delete"}); }
     // Before its loop runs, too.
     void endedWhileShown()
     {
