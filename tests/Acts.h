@@ -72,6 +72,27 @@ inline void click(QWidget *widget, Click how)
     }
 }
 
+// How many events of these kinds a widget gets.
+class EventCounter : public QObject
+{
+public:
+    EventCounter(QWidget *widget, const QVector<QEvent::Type> &types) : m_types(types)
+    {
+        widget->installEventFilter(this);
+    }
+    int count = 0;
+
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        count += m_types.contains(event->type());
+        return false;
+    }
+
+private:
+    const QVector<QEvent::Type> m_types;
+};
+
 // What befalls a button or a link, by its names in a list of words; those of `own` beside the common ones.
 // Stops when it is gone.
 using Deeds = QMap<QString, std::function<void()>>;

@@ -15,11 +15,7 @@ namespace {
 // The label on white, turned back when it is mirrored.
 QImage render(CFoucsLabel &label, qreal ratio, bool mirrored)
 {
-    QImage image(label.size() * ratio, QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(ratio);
-    image.fill(Qt::white);
-    label.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
-    return mirrored ? image.mirrored(true, false) : image;
+    return pictureOf(label, ratio).mirrored(mirrored, false);
 }
 
 // Whether something of the colour, antialiased or not, is in the rectangle of logical pixels.

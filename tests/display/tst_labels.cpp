@@ -23,26 +23,6 @@ QImage picture(QWidget &widget, int ratio = 1)
     return pictureOf(widget, ratio);
 }
 
-class EventCounter : public QObject
-{
-public:
-    EventCounter(QWidget *widget, const QVector<QEvent::Type> &types) : m_types(types)
-    {
-        widget->installEventFilter(this);
-    }
-    int count = 0;
-
-protected:
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        count += m_types.contains(event->type());
-        return false;
-    }
-
-private:
-    QVector<QEvent::Type> m_types;
-};
-
 } // namespace
 
 class TestLabels : public QObject

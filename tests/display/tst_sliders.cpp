@@ -84,17 +84,6 @@ int textsIn(const QImage &row)
     return texts;
 }
 
-struct TimerCount : QObject
-{
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        count += event->type() == QEvent::Timer;
-        return false;
-    }
-
-    int count = 0;
-};
-
 } // namespace
 
 class TestSliders : public QObject
@@ -368,8 +357,7 @@ private Q_SLOTS:
             }
         }
         // Held down it goes as far as the pointer.
-        TimerCount ticks;
-        inner->installEventFilter(&ticks);
+        const EventCounter ticks(inner, {QEvent::Timer});
         slider.SetPosByText("4");
         QTest::mousePress(inner, Qt::LeftButton, Qt::NoModifier, QPoint(80, 8));
         QTRY_COMPARE(ticks.count, 3);
