@@ -296,33 +296,26 @@ private Q_SLOTS:
         QCOMPARE(label.maximumWidth(), QWIDGETSIZE_MAX);
         label.show();
         QVERIFY(!label.StartGif());
-        for (const int count : {0, -5}) {
-            label.SetResInfo(folder(1), count);
-            QCOMPARE(label.size(), QSize(20, 10));
-            QVERIFY(!label.StartGif() && !label.IsRunning() && timersOf(label).isEmpty());
-        }
         label.SetResInfo(QString(), 3);
         QCOMPARE(label.size(), QSize(0, 0));
         QVERIFY(label.StartGif() && label.IsRunning());
         tick(label);
         QVERIFY(!shownBy(label).isValid());
-    }
-
-    void gifPlaysOnAfterAStartThatFailed()
-    {
-        for (const bool hidden : {false, true}) {
-            CBPGifLable label(folder(3), 2);
-            label.show();
-            label.StartGif();
-            tick(label);
-            label.SetResInfo(folder(3), 0);
-            label.setVisible(!hidden);
-            QVERIFY(!label.StartGif() && !label.IsRunning());
-            QCOMPARE(timersOf(label).size(), hidden ? 0 : 1);
-            QCOMPARE(shownBy(label), kColors[0]);
-            label.StopGif();
-            label.show();
-            QVERIFY(timersOf(label).isEmpty() && !shownBy(label).isValid());
+        for (const int count : {0, -5}) { // a start that fails leaves what plays alone
+            for (const bool hidden : {false, true}) {
+                label.SetResInfo(folder(3), 2);
+                QCOMPARE(label.size(), QSize(20, 10));
+                label.StartGif();
+                tick(label);
+                label.SetResInfo(folder(3), count);
+                label.setVisible(!hidden);
+                QVERIFY(!label.StartGif() && !label.IsRunning());
+                QCOMPARE(timersOf(label).size(), hidden ? 0 : 1);
+                QCOMPARE(shownBy(label), kColors[0]);
+                label.StopGif();
+                label.show();
+                QVERIFY(timersOf(label).isEmpty() && !shownBy(label).isValid());
+            }
         }
     }
 

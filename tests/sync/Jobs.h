@@ -27,22 +27,8 @@ Q_SIGNALS:
     void sigQuit(void *window);
 };
 
-// Can be given up on, as a waiting window is that the user closes.
-class Breakable : public CBPSyncObj
-{
-public:
-    int run(CBPEvtLoop *loop, bool global) override
-    {
-        m_loop = loop;
-        return CBPSyncObj::run(loop, global);
-    }
-    void breakOff() { m_loop->exit(0); }
-
-private:
-    CBPEvtLoop *m_loop = nullptr;
-};
-
-// Notes what the executer asks of it, and lets the test act meanwhile.
+// Notes what the executer asks of it, lets the test act meanwhile, and can be given up on, as a waiting window
+// is that the user closes.
 class Recorder : public CBPSyncObj
 {
 public:
@@ -51,8 +37,11 @@ public:
     std::function<void()> beforeRun;
     bool waits = true;
 
+    void breakOff() { m_loop->exit(0); }
+
     int run(CBPEvtLoop *loop, bool global) override
     {
+        m_loop = loop;
         calls << (global ? "run global" : "run");
         if (beforeRun)
             beforeRun();
@@ -70,6 +59,9 @@ public:
             onText();
         CBPSyncObj::setText(text);
     }
+
+private:
+    CBPEvtLoop *m_loop = nullptr;
 };
 
 // What a job does, apart from the executer, which may be gone while it runs.
@@ -130,18 +122,16 @@ private:
     Task *m_task;
 };
 
-inline TaskPointer gatedTask(unsigned long long result = 0)
+inline TaskPointer timedTask(unsigned long milliseconds, unsigned long long result = 0, bool gated = false)
 {
     auto task = std::make_shared<Task>();
-    task->gated = true;
+    task->gated = gated;
+    task->milliseconds = milliseconds;
     task->result = result;
     return task;
 }
 
-inline TaskPointer timedTask(unsigned long milliseconds, unsigned long long result = 0)
+inline TaskPointer gatedTask(unsigned long long result = 0)
 {
-    auto task = std::make_shared<Task>();
-    task->milliseconds = milliseconds;
-    task->result = result;
-    return task;
+    return timedTask(0, result, true);
 }

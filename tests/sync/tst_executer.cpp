@@ -49,7 +49,7 @@ private Q_SLOTS:
     {
         QCOMPARE(Job::alive(), 0);
         m_window = new QuitWindow;
-        m_sync = new Breakable;
+        m_sync = new Recorder;
     }
     void cleanup()
     {
@@ -424,7 +424,7 @@ private:
     }
 
     QPointer<QuitWindow> m_window;
-    Breakable *m_sync = nullptr;
+    Recorder *m_sync = nullptr;
 };
 
 LUMQT_TEST_MAIN(TestExecuter)

@@ -5,6 +5,7 @@
 #include "ProcessCounts.h"
 #include "TestMain.h"
 
+#include <QLoggingCategory>
 #include <QRandomGenerator>
 #include <QTimer>
 
@@ -29,15 +30,9 @@ private Q_SLOTS:
         const uint seed = qEnvironmentVariable("LUMQT_SEED", "20261125").toUInt();
         m_random.seed(seed);
         qInfo("LUMQT_SEED=%u", seed);
-        // Of those that are deleted or executed while their job runs, and of windows where there is no
-        // screen.
-        m_before = qInstallMessageHandler(
-            [](QtMsgType type, const QMessageLogContext &context, const QString &text) {
-                if (type != QtWarningMsg || !isExpected(text))
-                    m_before(type, context, text);
-            });
+        // Of those that are deleted or executed while their job runs.
+        QLoggingCategory::setFilterRules("lumqtlib.warning=false");
     }
-    void cleanupTestCase() { qInstallMessageHandler(m_before); }
 
     void nothingIsLeft()
     {
@@ -60,12 +55,6 @@ private Q_SLOTS:
     }
 
 private:
-    static bool isExpected(const QString &warning)
-    {
-        return warning.startsWith(QLatin1String("An executer ")) ||
-               warning.startsWith(QLatin1String("This plugin does not support"));
-    }
-
     int upTo(int highest) { return int(m_random.bounded(highest + 1)); }
 
     // What one wait is made of. What may die in it is watched.
@@ -73,15 +62,12 @@ private:
     {
         QPointer<QuitWindow> window;
         bool ownsWindow = true;
-        Breakable *plain = nullptr;
+        Recorder *plain = nullptr;
         QPointer<CBPWaitBtn> button;
         QPointer<Job> job;
         bool waiting = true;
 
-        CBPSyncObj *sync() const
-        {
-            return plain ? static_cast<CBPSyncObj *>(plain) : static_cast<CBPSyncObj *>(button.data());
-        }
+        CBPSyncObj *sync() const { return plain ? plain : static_cast<CBPSyncObj *>(button.data()); }
     };
 
     // Most wait in what shows nothing, some in a button, some in the window that the executer makes.
@@ -93,7 +79,7 @@ private:
         if (kind == 1)
             scene.button = new CBPWaitBtn({}, QStringLiteral("Start"), QString(), &m_page, true);
         else
-            scene.plain = new Breakable;
+            scene.plain = new Recorder;
     }
 
     void end(Scene &scene, Ending ending)
@@ -116,10 +102,7 @@ private:
             else
                 closeNewestWaiter();
         } else if (ending == Deleted && scene.job) {
-            if (upTo(1) == 0)
-                scene.job->deleteLater();
-            else
-                delete scene.job.data();
+            upTo(1) == 0 ? scene.job->deleteLater() : delete scene.job.data();
         }
     }
 
@@ -179,7 +162,6 @@ private:
         CWorkThreadMgr::WaitForAllExist();
     }
 
-    static QtMessageHandler m_before;
     QWidget m_page;
     QRandomGenerator m_random;
     int m_made = 0;
@@ -187,8 +169,6 @@ private:
     int m_deepest = 0;
     int m_endings[EndingCount] = {};
 };
-
-QtMessageHandler TestExecuterStress::m_before = nullptr;
 
 LUMQT_TEST_MAIN(TestExecuterStress)
 #include "tst_executer_stress.moc"

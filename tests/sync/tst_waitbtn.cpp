@@ -230,12 +230,19 @@ private Q_SLOTS:
         QFETCH(QString, text);
         CBPWaitBtn button({frames().at(4)}, "Go", text);
         makePlain(button, width);
+        const auto iconPlace = [&button] {
+            QPixmap pixmap(16, 16);
+            pixmap.fill(Qt::blue);
+            button.setIcon(pixmap);
+            button.setIconSize(pixmap.size());
+            return boxOf(button.grab().toImage(), Qt::blue);
+        };
+        const QRect before = iconPlace();
         button.show();
         button.Show(true);
         QTRY_COMPARE(button.text(), text);
         // The text stands in the middle, as ever, if there is room.
         const QRect middle(width / 2 - 1, 0, 2, 36);
-        const QIcon frame = button.icon();
         for (const bool mirrored : {false, true}) {
             button.setLayoutDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
             button.setTextColor(QVector<QColor>(4, Qt::white));
@@ -251,19 +258,7 @@ private Q_SLOTS:
                 QVERIFY(both.right() > spinner.right() + 6 && both.left() == spinner.left());
         }
         button.exit(nullptr, false);
-        // An icon of the application's stands after the wait where it stood before.
-        CBPWaitBtn fresh(QStringList(), "Go", QString());
-        QRect places[2];
-        for (CBPWaitBtn *shown : {&button, &fresh}) {
-            QPixmap pixmap(16, 16);
-            pixmap.fill(Qt::blue);
-            shown->setFixedSize(width, 36);
-            shown->setIcon(pixmap);
-            shown->setIconSize(QSize(16, 16));
-            places[shown == &fresh] = boxOf(shown->grab().toImage(), Qt::blue);
-        }
-        QVERIFY(places[0].isValid());
-        QCOMPARE(places[0], places[1]);
+        QCOMPARE(iconPlace(), before); // an icon of the application's is none of the spinner's
     }
 
     // Nobody else would give the button its look back.
