@@ -53,6 +53,13 @@ struct Smooth : CBPSmoothSlider
     }
 };
 
+struct Both
+{
+    Jump jump;
+    Smooth smooth;
+    const QVector<QWidget *> all{&jump, &smooth};
+};
+
 void click(QWidget *widget, int x, int y = 6)
 {
     QTest::mouseClick(widget, Qt::LeftButton, Qt::NoModifier, QPoint(x, y));
@@ -90,6 +97,32 @@ class TestSliders : public QObject
 {
     Q_OBJECT
 
+    static void picture(QWidget &widget, const QVector<int> &ticks, int height)
+    {
+        QSlider *inner = sliderOf(widget);
+        inner->setFixedHeight(height);
+        present(widget);
+        const int middle = height / 2;
+        for (int i = 0; i < ticks.size(); ++i) {
+            inner->setValue(i < ticks.size() / 2 ? inner->maximum() : 0); // the handle is elsewhere
+            const QImage image = inner->grab().toImage();
+            const QImage around = image.copy(ticks[i] - 5, 0, 11, height);
+            QCOMPARE(boxOf(around, kTick), QRect(5, middle + 2, 1, 11));
+            QCOMPARE(boxOf(around, kGrey), QRect(0, middle - 2, 11, 4));
+            QCOMPARE(image.pixelColor(i == 0 ? 0 : 299, middle), kGrey);
+        }
+        const QImage row = rowOf(widget)->grab().toImage();
+        const int last = ticks.size() - 1;
+        const int step = 300 / last;
+        for (int i = 0; i <= last; ++i) {
+            const QRect part = QRect(i * step - step / 2, 0, step, row.height()) & row.rect();
+            const QRect ink = inkOf(row.copy(part), 128).translated(part.topLeft());
+            const int off = i == 0 ? ink.left() : i == last ? 299 - ink.right() : ink.center().x() - i * step;
+            QVERIFY2(!ink.isEmpty() && qAbs(off) <= 2, wordsOf(ink));
+            QVERIFY2(i > 0 || qAbs(ink.bottom() - 11) <= 1, wordsOf(ink)); // nothing below the line
+        }
+    }
+
 private Q_SLOTS:
     void nothingWithoutTwoLabels()
     {
@@ -119,42 +152,11 @@ private Q_SLOTS:
     }
 
     // The track, its ticks and the letters of each label, which the row below has under its tick.
-    void pictures_data()
-    {
-        columns<bool, QVector<int>, int>("jump", "ticks", "height"); // of the slider
-        row("jump", true, QVector<int>{8, 100, 200, 292}, 40);
-        row("smooth", false, QVector<int>{7, 293}, 44);
-    }
     void pictures()
     {
-        QFETCH(bool, jump);
-        QFETCH(QVector<int>, ticks);
-        QFETCH(int, height);
-        Jump jumpSlider;
-        Smooth smoothSlider;
-        QWidget &widget = jump ? static_cast<QWidget &>(jumpSlider) : smoothSlider;
-        QSlider *inner = sliderOf(widget);
-        inner->setFixedHeight(height);
-        present(widget);
-        const int middle = height / 2;
-        for (int i = 0; i < ticks.size(); ++i) {
-            inner->setValue(i < ticks.size() / 2 ? inner->maximum() : 0); // the handle is elsewhere
-            const QImage image = inner->grab().toImage();
-            const QImage around = image.copy(ticks[i] - 5, 0, 11, height);
-            QCOMPARE(boxOf(around, kTick), QRect(5, middle + 2, 1, 11));
-            QCOMPARE(boxOf(around, kGrey), QRect(0, middle - 2, 11, 4));
-            QCOMPARE(image.pixelColor(i == 0 ? 0 : 299, middle), kGrey);
-        }
-        const QImage row = rowOf(widget)->grab().toImage();
-        const int last = ticks.size() - 1;
-        const int step = 300 / last;
-        for (int i = 0; i <= last; ++i) {
-            const QRect part = QRect(i * step - step / 2, 0, step, row.height()) & row.rect();
-            const QRect ink = inkOf(row.copy(part), 128).translated(part.topLeft());
-            const int off = i == 0 ? ink.left() : i == last ? 299 - ink.right() : ink.center().x() - i * step;
-            QVERIFY2(!ink.isEmpty() && qAbs(off) <= 2, wordsOf(ink));
-            QVERIFY2(i > 0 || qAbs(ink.bottom() - 11) <= 1, wordsOf(ink)); // nothing below the line
-        }
+        Both both;
+        picture(both.jump, {8, 100, 200, 292}, 40);
+        picture(both.smooth, {7, 293}, 44);
     }
 
     void naturalSize_data()
@@ -170,11 +172,10 @@ private Q_SLOTS:
     void naturalSize()
     {
         QFETCH(QStringList, labels);
-        Jump jump;
-        Smooth smooth;
-        jump.Init(labels);
-        smooth.Init(labels, 100, 0);
-        for (QWidget *slider : {static_cast<QWidget *>(&jump), static_cast<QWidget *>(&smooth)}) {
+        Both both;
+        both.jump.Init(labels);
+        both.smooth.Init(labels, 100, 0);
+        for (QWidget *slider : both.all) {
             const QSize small = slider->sizeHint();
             QFont font = slider->font();
             font.setPointSize(16);
@@ -375,17 +376,15 @@ private Q_SLOTS:
 
     void disabled()
     {
-        Jump jump;
-        Smooth smooth;
-        for (QWidget *widget : {static_cast<QWidget *>(&jump), static_cast<QWidget *>(&smooth)}) {
+        Both both;
+        for (QWidget *widget : both.all) {
             widget->setEnabled(false);
             click(rowOf(*widget), 297);
             click(sliderOf(*widget), 200);
             QCOMPARE(sliderOf(*widget)->value(), 0);
         }
-        QVERIFY(handleOf(jump).isEmpty());
-        QVERIFY(!handleOf(jump, kGrey).isEmpty());
-        QVERIFY(!handleOf(smooth).isEmpty()); // blue whatever happens
+        QVERIFY(handleOf(both.jump).isEmpty() && !handleOf(both.jump, kGrey).isEmpty());
+        QVERIFY(!handleOf(both.smooth).isEmpty()); // blue whatever happens
     }
 
     void smoothClicks()
@@ -396,30 +395,28 @@ private Q_SLOTS:
             int maximum;
             int x; // on the slider; -1: the first label, -2: the last one
             int value;
-        } rows[] = {
-            {0, 100, 225, 75},
-            {20, 100, 150, 40},
-            {20, 100, 6, 20}, // the minimum is not added, but kept
-            {0, 100, -1, 0},
-            {20, 100, -1, 20},
-            {-50, 100, -1, 0},
-            {-50, 100, -2, 100},
-            {7, 7, 150, 7},
-            {-100, -20, 150, -20},
-            {0, INT_MAX, 150, INT_MAX / 2},
-            {INT_MIN, INT_MAX, 150, INT_MAX},
-        };
-        for (const auto &row : rows) {
+        } rows[] = {{0, 100, 225, 75},
+                    {20, 100, 150, 40},
+                    {20, 100, 6, 20},
+                    {0, 100, -1, 0},
+                    {20, 100, -1, 20},
+                    {-50, 100, -1, 0},
+                    {-50, 100, -2, 100},
+                    {7, 7, 150, 7},
+                    {-100, -20, 150, -20},
+                    {0, INT_MAX, 150, INT_MAX / 2},
+                    {INT_MIN, INT_MAX, 150, INT_MAX}};
+        for (const auto &row : rows) { // the minimum is not added, but kept
             Smooth slider(row.maximum, row.minimum);
-            const bool fromMinimum = row.minimum == row.maximum || row.x == -2;
-            slider.SetValue(fromMinimum ? row.minimum : row.maximum);
+            const int before = row.minimum == row.maximum || row.x == -2 ? row.minimum : row.maximum;
+            slider.SetValue(before);
             QSignalSpy told(&slider, &CBPSmoothSlider::valueChanged);
-            click(row.x < 0 ? rowOf(slider) : static_cast<QWidget *>(sliderOf(slider)), row.x == -1 ? 3
-                                                                                        : row.x == -2
-                                                                                            ? 297
-                                                                                            : row.x);
+            if (row.x < 0)
+                click(rowOf(slider), row.x == -1 ? 3 : 297);
+            else
+                click(sliderOf(slider), row.x);
             QCOMPARE(slider.GetValue(), row.value);
-            QCOMPARE(told.count(), int(row.value != (fromMinimum ? row.minimum : row.maximum)));
+            QCOMPARE(told.count(), int(row.value != before));
             QVERIFY(!sliderOf(slider)->isSliderDown());
         }
         QTest::ignoreMessage(QtWarningMsg, "CBPSmoothSlider: the minimum 50 is above the maximum 10");
