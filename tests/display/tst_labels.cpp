@@ -131,12 +131,11 @@ private Q_SLOTS:
         QCOMPARE(CBPDrawLabel(text, Qt::red, false).sizeHint(),
                  QSize(metrics.horizontalAdvance(text), metrics.height()));
         label.resize(300, 100);
-        const QImage before = picture(label);
         QString family = GetFontFamily(1);
         label.SetTextFont(family, 60);
         QVERIFY(label.sizeHint().height() > small.height() * 2);
         const QImage large = picture(label);
-        QVERIFY(large != before);
+        QVERIFY(boxOf(large.copy(80, 20, 140, 60), Qt::red).height() > 35); // the letters
         for (const int bad : {0, -3}) {
             QTest::ignoreMessage(QtWarningMsg,
                                  qPrintable(QString("CBPDrawLabel: %1 is no font size").arg(bad)));
@@ -148,10 +147,6 @@ private Q_SLOTS:
         QCOMPARE(boxOf(picture(label), Qt::blue).height(), label.height());
         label.SetTextShowColor(QColor()); // as a pen has it
         QCOMPARE(boxOf(picture(label), Qt::black).height(), label.height());
-        CBPDrawLabel black(text, QColor(), true);
-        black.SetTextFont(family, 60);
-        black.resize(label.size());
-        QCOMPARE(picture(black), picture(label));
         QString none;
         CBPDrawLabel empty(none, Qt::red, true);
         empty.resize(60, 20);

@@ -22,24 +22,15 @@ constexpr int kLater = 1180; // ms, after a first frame would have come
 QStringList frames()
 {
     QStringList paths;
-    for (int i = 0; i < 24; ++i)
-        paths << Util::getResFullPath(
-            QString("../res/loading/loading%1.png").arg(i, 2, 10, QLatin1Char('0')));
+    for (const char *number : {"00", "01", "02", "03"})
+        paths << Util::getResFullPath(QString("../res/loading/loading%1.png").arg(number));
     return paths;
 }
 
-// The smallest rectangle around all that is drawn on `ground`, in logical pixels.
-QRect inked(QWidget &widget, const QRect &part, const QColor &ground)
+// The smallest rectangle around all that is drawn on a white ground.
+QRect inked(QWidget &widget, const QRect &part)
 {
-    const QImage image = widget.grab(part).toImage();
-    QRect box;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if (image.pixelColor(x, y) != ground)
-                box |= QRect(QPoint(x, y) / image.devicePixelRatio(), QSize(1, 1));
-        }
-    }
-    return box.translated(box.isValid() ? part.topLeft() : QPoint());
+    return inkOf(widget.grab(part).toImage(), 255).translated(part.topLeft());
 }
 
 // A white button without a frame, of red text.
@@ -98,7 +89,7 @@ private Q_SLOTS:
         CBPWaitBtn button(frames(), "Go", QString());
         makePlain(button, 100);
         button.show();
-        const QRect go = inked(button, button.rect(), Qt::white);
+        const QRect go = inked(button, button.rect());
         button.Show(true);
         button.Show(true); // one stop is enough all the same
         QVERIFY(button.currentPixmap().isNull() && button.icon().isNull());
@@ -113,7 +104,7 @@ private Q_SLOTS:
         button.Show(false);
         QVERIFY(button.isEnabled() && !button.isWaitting() && button.icon().isNull());
         QCOMPARE(button.text(), QString()); // stays, other than after exit(), but the button says what it is
-        QCOMPARE(inked(button, button.rect(), Qt::white), go);
+        QCOMPARE(inked(button, button.rect()), go);
         button.Show(true);
         button.exit(nullptr, false);
         QCOMPARE(button.text(), QString("Go"));
@@ -130,7 +121,7 @@ private Q_SLOTS:
         QCOMPARE(button.text(), QString("Go"));
         // A text that is there and a spinner that is not whole are both better than nothing.
         const QString missing = Util::getResFullPath("../res/loading/none.png");
-        button.setReslist({missing, frames().at(4), missing});
+        button.setReslist({missing, frames().first(), missing});
         QTRY_VERIFY(!button.icon().isNull());
         QTRY_VERIFY(button.currentPixmap().isNull()); // the missing one comes and goes
         QVERIFY(!button.icon().isNull());
@@ -140,7 +131,7 @@ private Q_SLOTS:
     // What a wait ends with.
     void texts()
     {
-        CBPWaitBtn button({frames().at(4)}, "Go", "Wait");
+        CBPWaitBtn button({frames().first()}, "Go", "Wait");
         button.show();
         const auto waitOnce = [&button](bool exits) {
             button.Show(true);
@@ -228,7 +219,7 @@ private Q_SLOTS:
     {
         QFETCH(int, width);
         QFETCH(QString, text);
-        CBPWaitBtn button({frames().at(4)}, "Go", text);
+        CBPWaitBtn button({frames().first()}, "Go", text);
         makePlain(button, width);
         const auto iconPlace = [&button] {
             QPixmap pixmap(16, 16);
@@ -246,12 +237,12 @@ private Q_SLOTS:
         for (const bool mirrored : {false, true}) {
             button.setLayoutDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
             button.setTextColor(QVector<QColor>(4, Qt::white));
-            const QRect spinner = inked(button, button.rect(), Qt::white);
+            const QRect spinner = inked(button, button.rect());
             button.setTextColor(QVector<QColor>(4, Qt::red));
-            const QRect both = inked(button, button.rect(), Qt::white);
+            const QRect both = inked(button, button.rect());
             QVERIFY2(spinner.width() >= 18 && spinner.height() >= 18, wordsOf(spinner));
             QVERIFY2(both.left() >= 4 && both.right() < width - 4 && both.height() <= 24, wordsOf(both));
-            QVERIFY2(!inked(button, middle, Qt::white).isEmpty(), wordsOf(both));
+            QVERIFY2(!inked(button, middle).isEmpty(), wordsOf(both));
             if (mirrored)
                 QVERIFY(both.left() < spinner.left() - 6 && both.right() == spinner.right());
             else
@@ -309,9 +300,9 @@ private Q_SLOTS:
         const QRect arrow(200 - 16 - 16, 14, 16, 16);
         // Of an arrow that points down the upper end is the wide one.
         const auto downwards = [&] {
-            const QRect box = inked(button, arrow, Qt::white);
-            const QRect top = inked(button, QRect(arrow.left(), box.top(), 16, 1), Qt::white);
-            const QRect bottom = inked(button, QRect(arrow.left(), box.bottom(), 16, 1), Qt::white);
+            const QRect box = inked(button, arrow);
+            const QRect top = inked(button, QRect(arrow.left(), box.top(), 16, 1));
+            const QRect bottom = inked(button, QRect(arrow.left(), box.bottom(), 16, 1));
             return top.width() - bottom.width();
         };
         const Deeds deeds{{"expand", [&] { button.setExpand(true); }},
@@ -339,7 +330,7 @@ private Q_SLOTS:
             QCOMPARE(bool(accessible->state().expandable), row.expandable);
             QCOMPARE(bool(accessible->state().expanded), row.expanded);
             QCOMPARE(bool(accessible->state().collapsed), row.expandable && !row.expanded);
-            QCOMPARE(inked(button, arrow, Qt::white).isEmpty(), !row.expandable);
+            QCOMPARE(inked(button, arrow).isEmpty(), !row.expandable);
             QVERIFY(!row.expandable || (row.expanded ? downwards() < -2 : downwards() > 2));
         }
         const auto corner = [&] { return button.grab().toImage().pixelColor(0, 0); };
@@ -350,7 +341,7 @@ private Q_SLOTS:
         QCOMPARE(spokenName(&button), QString("Details"));
         for (const bool waits : {true, false}) {
             button.Show(waits);
-            QCOMPARE(inked(button, arrow, Qt::white).isEmpty(), waits);
+            QCOMPARE(inked(button, arrow).isEmpty(), waits);
             QCOMPARE(bool(accessible->state().busy), waits);
         }
         button.exit(nullptr, false);
@@ -376,8 +367,8 @@ private Q_SLOTS:
         button.setFocusPolicy(Qt::NoFocus);
         button.setBgColor(QVector<QColor>(4, Qt::white));
         const QRect beside(200 - 16 - 16 - 4, 0, 4, 44);
-        QVERIFY(inked(button, beside, Qt::white).isEmpty());
-        const QRect drawn = inked(button, QRect(0, 0, beside.left(), 44), Qt::white);
+        QVERIFY(inked(button, beside).isEmpty());
+        const QRect drawn = inked(button, QRect(0, 0, beside.left(), 44));
         QVERIFY(drawn.width() > 10 && drawn.height() <= 20);
         QVERIFY(drawn.left() >= 16 + 16);
     }
