@@ -120,17 +120,6 @@ private Q_SLOTS:
         QCOMPARE(spy.count(), frames > 0 ? 1 : 0);
     }
 
-    void runsOnAClock()
-    {
-        CBPAnimationObj animation(pictures(24));
-        animation.setInterval(5);
-        animation.stop(); // takes over ten times the interval as delay
-        QSignalSpy spy(&animation, &CBPAnimationObj::frameChanged);
-        animation.start();
-        QTRY_VERIFY(spy.count() > 2);
-        QCOMPARE(spy.at(0).at(0).toInt(), 16);
-    }
-
     void countsItsRuns()
     {
         CBPAnimationObj animation(pictures(3));
