@@ -142,7 +142,9 @@ CBPTipWnd::~CBPTipWnd() = default;
 void CBPTipWnd::Init()
 {
     setAttribute(Qt::WA_TranslucentBackground);
-    setWindowState(Qt::WindowActive);
+    // The state alone: setWindowState() would make the native window now, where it is not to be, and ask a
+    // window manager to activate what it has never shown.
+    overrideWindowState(Qt::WindowActive);
     installEventFilter(this);
     if (m_bound) {
         m_bound->installEventFilter(this);
