@@ -11,6 +11,7 @@
 #include <QDateEdit>
 #include <QLayout>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -128,6 +129,7 @@ private slots:
     void deletedByThePick();
     void deletedWhileOpen_data();
     void deletedWhileOpen();
+    void deletedWithTheMonths();
 };
 
 void TestDateSelector::field()
@@ -497,6 +499,23 @@ void TestDateSelector::deletedWhileOpen()
         scene.open();
         QCOMPARE(scene.calendar()->selectedDate(), date);
     }
+}
+
+// With the menu of the months open, in whose loop it happens. A press alone: QTest's click would go on to
+// send the release to a button that is no more.
+void TestDateSelector::deletedWithTheMonths()
+{
+    Scene scene;
+    scene.open();
+    auto *months = scene.calendar()->findChild<QToolButton *>("qt_calendar_monthbutton");
+    const QPointer<QMenu> menu = months->menu();
+    const auto kill = [selector = scene.selector] { delete selector; };
+    connect(menu, &QMenu::aboutToShow, qApp, [=] { QTimer::singleShot(0, qApp, kill); });
+    QTest::mousePress(months, Qt::LeftButton); // until it is deleted
+    QVERIFY(!scene.selector && !menu);
+    QSignalSpy clicks(scene.elsewhere, SIGNAL(clicked()));
+    QTest::mouseClick(scene.window.windowHandle(), Qt::LeftButton, {}, scene.elsewhere->geometry().center());
+    QCOMPARE(clicks.count(), 1);
 }
 
 LUMQT_TEST_MAIN(TestDateSelector)
