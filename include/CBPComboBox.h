@@ -5,7 +5,8 @@
 #include <QComboBox>
 
 /// A combo box that the mouse wheel does nothing to: scrolling a page with one on it changes no choice and
-/// moves no focus.
+/// moves no focus. That is how it differs from a QComboBox, whose choice the wheel steps, past separators and
+/// disabled items; in the open list the wheel scrolls as there.
 ///
 /// Its list is a plain QListView, so that style sheets for the items of one apply. GUI thread only.
 /// \since 1.0

@@ -14,6 +14,10 @@ class QDateEdit;
 
 /// A date in a thin frame, to be typed or picked from a calendar that a button opens below it.
 ///
+/// The calendar goes above the button where there is no room below, and never off the screen; where the
+/// field's letters are large it is as much larger. A double click on a day is no click on what lies beneath
+/// the calendar, which the first click closes; other applications are out of reach.
+///
 /// Dates run from 1980-01-01 to 2099-12-31. Alt+Down opens the calendar, Return takes a day, Escape closes it
 /// and gives the focus back. Give the selector an accessible name, as a screen reader says it with both
 /// parts. GUI thread only. \since 1.0

@@ -13,9 +13,11 @@ class CTriStateButton;
 /// A choice of several days: toggle buttons, seven in a row, with an extra choice and a wide button that
 /// selects all if wanted.
 ///
-/// Each button is 60 x 28 pixels, with 5 pixels between them. The last one, whichever it is, is 255 pixels
-/// wide and takes four places: it is meant to be the one that selects all. The grid is one stop of the Tab
-/// key; the arrow keys, Home and End move the focus in it, and Space toggles. GUI thread only. \since 1.0
+/// Each button is 60 x 28 pixels, with 5 pixels between them, and its text 14 pixels, also where the system's
+/// letters are larger; a name that finds no room ends in an ellipsis, and the tool tip shows all of it.
+/// Disabled, the chosen ones have a line under their names. The last one, whichever it is, is 255 pixels wide
+/// and takes four places: it is meant to be the one that selects all. The grid is one stop of the Tab key;
+/// the arrow keys, Home and End move the focus in it, and Space toggles. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPDaySelector : public QWidget
 {
     Q_OBJECT

@@ -26,7 +26,8 @@ class MenuTexts;
 /// wide as the widest text the menu has seen, at least 249 pixels (260 with a sub-menu), and 40 pixels high.
 /// Shown with QMenu::popup() or QMenu::exec(); mouse, keyboard, mnemonics and screen readers work as in any
 /// QMenu, and the item chosen last by mouse or keyboard is the one highlighted. Shortcuts and check marks of
-/// actions are not painted, and a disabled item is dimmed.
+/// actions are not painted, and a disabled item is dimmed. Torn off (QMenu::setTearOffEnabled()), a menu has
+/// the look of the style, with items of the same size.
 ///
 /// It may be deleted while it is open. Slots of triggered() and hovered() use deleteLater() for it: QMenu is
 /// still at work then.
@@ -234,6 +235,7 @@ private:
     ScrollAreas scrollAreas() const;
     QAction *hoveredAction() const;
     void followHover(QAction *hovered, const QRegion &painted);
+    QVector<QPointer<QMenu>> tornOffMenus() const;
 
     QVector<QPointer<QMenu>> m_subMenus;
     QVector<QColor> m_bg;
@@ -265,4 +267,5 @@ private:
     std::unique_ptr<lumqt::MenuTexts> m_texts;
     QPointer<QAction> m_shownHover; // painted as hovered at the last paint
     bool m_opaque = false;          // shown where nothing composes windows
+    bool m_mayBeTorn = false;       // it has been shown with a handle to tear it off by
 };

@@ -17,10 +17,11 @@ class PathRows;
 
 /// A drop-down list of locations, such as the folders used last. The newest row is on top.
 ///
-/// It is a window of its own, 100 pixels high, that hides as soon as another window becomes active. Show it
-/// with move() and show(). By keyboard the arrow keys, Page Up, Page Down, Home and End move through the
-/// rows, Enter or Space picks one, Delete deletes it and Escape hides the list. To screen readers it is a
-/// list, named by the window's accessible name or else its title, of rows of which one is selected.
+/// It is a window of its own, 100 pixels high, that becomes active when it is shown and hides as soon as
+/// another window becomes active. Show it with move() and show(). By keyboard the arrow keys, Page Up, Page
+/// Down, Home and End move through the rows, Enter or Space picks one, Delete deletes it and Escape hides the
+/// list. To screen readers it is a list, named by the window's accessible name or else its title, of rows of
+/// which one is selected.
 ///
 /// The window, and each row, may be deleted in its signals. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPPathDropdWnd : public QWidget
@@ -46,6 +47,9 @@ public:
 
     /// The rows in the order in which they were added. They belong to the window. \since 1.0
     QVector<CBPComboxItem *> pathItems();
+
+    /// Shows the list and makes it the active window, or hides it. \since 1.0
+    void setVisible(bool visible) override;
 
 Q_SIGNALS:
     /// A row was picked; it is the selected one now, and the window is hidden. \since 1.0

@@ -57,6 +57,7 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
+    friend class CBPDateSelector;
     class Follower;
 
     void Init();
@@ -75,4 +76,5 @@ private:
     QPointer<CBPBox> m_box; // gone when an application replaces the layout
     std::unique_ptr<Follower> m_follower;
     bool m_masked = false;
+    bool m_onScreen = false; // whole, even if it is not right under its widget then
 };

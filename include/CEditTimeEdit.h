@@ -27,9 +27,9 @@ public:
     /// A list of one field, at 00:00.
     ///
     /// \a addIcon and \a delIcon are image files of the buttons; they are drawn five pixels in from the left
-    /// of a button of their size, so the five columns at their right are cut off. The add button is there as
-    /// long as there are fewer than \a maxCount fields; a \a maxCount below 2 hides it after the first.
-    /// \since 1.0
+    /// of a button of their size, so the five columns at their right are cut off, and pale while it is
+    /// disabled. The add button is there as long as there are fewer than \a maxCount fields; a \a maxCount
+    /// below 2 hides it after the first. \since 1.0
     CEditTimeEdit(QString addIcon, QString delIcon, int maxCount, QWidget *parent = nullptr);
     ~CEditTimeEdit() override;
 

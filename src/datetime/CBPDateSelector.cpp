@@ -4,6 +4,7 @@
 #include "CBPImageButton.h"
 #include "CBPTipWnd.h"
 #include "datetime/CalendarPane.h"
+#include "datetime/SecondClick.h"
 #include "foundation/Accessible.h"
 #include "Util.h"
 
@@ -128,13 +129,16 @@ void CBPDateSelector::OnCalendarBtn(int)
         return;
     if (!m_pTipWnd) {
         m_pTipWnd = new CBPTipWnd(ENOrientationNone, m_pCalendarBtn);
+        m_pTipWnd->m_onScreen = true;
         m_pTipWnd->SetRoundRadius(0, 0);
         m_pTipWnd->ShowClickBindWidget(false);
         m_pTipWnd->setAccessibleName(tr("Calendar"));
         m_pTipWnd->installEventFilter(this);
     }
+    m_pTipWnd->setLayoutDirection(layoutDirection()); // which a window does not get from its parent
     CreateCalendar();
     if (m_pDateEdit && m_pCalendar) {
+        static_cast<lumqt::CalendarPane *>(m_pCalendar.data())->setScale(m_pDateEdit->font());
         m_pCalendar->setSelectedDate(m_pDateEdit->date());
         m_pCalendar->showSelectedDate(); // also where another month was left open
     }
@@ -169,8 +173,14 @@ void CBPDateSelector::onCalendarActived(const QDate &date)
     UpdateDate(date);
 }
 
+// The calendar is gone after it, and cannot tell of a double click any more.
 void CBPDateSelector::onCalendarClicked(const QDate &date)
 {
+    const QPointer<CBPDateSelector> alive(this);
+    new lumqt::SecondClick([alive, date] {
+        if (alive && alive->m_iPicks == 0)
+            alive->onCalendarActived(date);
+    });
     UpdateDate(date);
 }
 

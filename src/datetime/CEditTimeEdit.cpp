@@ -1,6 +1,7 @@
 #include "CEditTimeEdit.h"
 
 #include "CBPImageButton.h"
+#include "datetime/DimmedWhenDisabled.h"
 #include "ENState.h"
 #include "foundation/Accessible.h"
 
@@ -53,6 +54,7 @@ void CEditTimeEdit::Layout()
     appendItem()->SetIconVisual(false);
 
     m_pAddBtn = new CBPImageButton(QVector<QString>(ENStateDisable + 1, m_strAddIcon), false, kButtonId);
+    new lumqt::DimmedWhenDisabled(m_pAddBtn);
     m_pAddBtn->setAccessibleName(tr("Add a time"));
     layout->addWidget(m_pAddBtn);
     connect(m_pAddBtn, SIGNAL(btn_released(int)), this, SLOT(OnBtnPressed(int)));

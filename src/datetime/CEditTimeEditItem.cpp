@@ -1,6 +1,7 @@
 #include "CEditTimeEditItem.h"
 
 #include "CBPImageButton.h"
+#include "datetime/DimmedWhenDisabled.h"
 #include "ENState.h"
 
 #include <QHBoxLayout>
@@ -31,6 +32,7 @@ void CEditTimeEditItem::Layout()
     m_pTimeEdit->setWrapping(true);
     layout->addWidget(m_pTimeEdit);
     m_pDelBtn = new CBPImageButton(QVector<QString>(ENStateDisable + 1, m_strIconPath), false, kButtonId);
+    new lumqt::DimmedWhenDisabled(m_pDelBtn);
     layout->addWidget(m_pDelBtn);
     connect(m_pDelBtn, SIGNAL(btn_released(int)), this, SLOT(OnClicked(int)));
 }

@@ -23,7 +23,7 @@ namespace lumqt {
 
 namespace {
 
-// Look and metrics, in logical pixels.
+// Look and metrics, in logical pixels; those of texts and what holds them at the usual size of a text.
 const QColor kGround(255, 255, 255);
 const QColor kBar(237, 245, 253);
 const QColor kInk(34, 42, 62);
@@ -42,6 +42,8 @@ constexpr int kDayNamePixelSize = 12;
 constexpr int kDayPixelSize = 13;
 constexpr int kTitlePixelSize = 14;
 constexpr int kRadius = 3;
+constexpr qreal kLeastScale = 1.2; // sizes beside the usual one change nothing
+constexpr qreal kMostScale = 4;
 constexpr QSize kCell(36, 30);
 constexpr int kRows = 7; // with the names of the days
 constexpr int kBarHeight = 40;
@@ -107,8 +109,8 @@ public:
             return QProxyStyle::sizeFromContents(type, option, size, widget) + QSize(2 * kYearInset, 0);
         if (type != CT_ToolButton || !button)
             return QProxyStyle::sizeFromContents(type, option, size, widget);
-        if (button->text.isEmpty())
-            return QSize(kButtonSize, kButtonSize);
+        if (button->text.isEmpty() && widget)
+            return QSize(widget->maximumHeight(), widget->maximumHeight()); // a square
         const int triangle = hasMenu(*button) ? kTriangleGap + kTriangleWidth : 0;
         const int text = button->fontMetrics.horizontalAdvance(button->text);
         return QSize(text + triangle + 2 * kButtonPadding, kButtonSize);
@@ -157,7 +159,9 @@ private:
     static void drawContent(const QStyleOptionToolButton &button, QPainter &painter, const QWidget &widget)
     {
         if (button.text.isEmpty()) {
-            const QPixmap picture = iconPixmap(button.icon, button.iconSize, QIcon::Normal, &widget);
+            QPixmap picture = iconPixmap(button.icon, button.iconSize, QIcon::Normal, &widget);
+            if (button.direction == Qt::RightToLeft) // where the previous month lies to the right
+                picture = picture.transformed(QTransform::fromScale(-1, 1));
             QRect place(QPoint(0, 0), (QSizeF(picture.size()) / picture.devicePixelRatioF()).toSize());
             place.moveCenter(button.rect.center());
             painter.drawPixmap(place.topLeft(), picture);
@@ -165,10 +169,13 @@ private:
         }
         QRect text = button.rect.adjusted(kButtonPadding, 0, -kButtonPadding, 0);
         if (hasMenu(button)) {
-            const QPointF triangle(text.right() + 1 - kTriangleWidth,
-                                   text.top() + (text.height() - kTriangleHeight) / 2.0);
-            drawDropTriangle(painter, triangle, kTriangleWidth, kTriangleHeight, kInk);
+            QRect triangle(text.right() + 1 - kTriangleWidth, text.top(), kTriangleWidth, text.height());
+            triangle = QStyle::visualRect(button.direction, button.rect, triangle);
+            drawDropTriangle(painter,
+                             QPointF(triangle.left(), text.top() + (text.height() - kTriangleHeight) / 2.0),
+                             kTriangleWidth, kTriangleHeight, kInk);
             text.setRight(text.right() - kTriangleWidth - kTriangleGap);
+            text = QStyle::visualRect(button.direction, button.rect, text);
         }
         painter.setFont(widget.font());
         painter.setPen(kInk);
@@ -181,12 +188,46 @@ CalendarPane::CalendarPane(const QString &prevName, const QString &nextName)
     setGridVisible(false);
     setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     setHorizontalHeaderFormat(QCalendarWidget::ShortDayNames);
-    setFont(uiFont(NormalWeight, kDayPixelSize));
-    setMinimumSize(kCell.width() * 7, kBarHeight + kCell.height() * kRows);
     setColors();
     setUpView();
     setUpBar(prevName, nextName);
     setUpYearEdit();
+    updateSizes();
+}
+
+void CalendarPane::setScale(const QFont &text)
+{
+    const qreal scale = QFontInfo(text).pixelSize() / qreal(kDayPixelSize);
+    const qreal wanted = scale < kLeastScale ? 1 : qMin(scale, kMostScale);
+    if (qFuzzyCompare(wanted, m_scale))
+        return;
+    m_scale = wanted;
+    updateSizes();
+}
+
+int CalendarPane::scaled(int pixels) const
+{
+    return qRound(pixels * m_scale);
+}
+
+void CalendarPane::updateSizes()
+{
+    setFont(uiFont(NormalWeight, scaled(kDayPixelSize)));
+    QTextCharFormat names = headerTextFormat();
+    names.setFont(uiFont(NormalWeight, scaled(kDayNamePixelSize)));
+    setHeaderTextFormat(names);
+    setMinimumSize(scaled(kCell.width()) * 7, scaled(kBarHeight) + scaled(kCell.height()) * kRows);
+    if (m_bar)
+        m_bar->setFixedHeight(scaled(kBarHeight));
+    const QFont title = uiFont(SemiboldWeight, scaled(kTitlePixelSize));
+    for (QToolButton *button : qAsConst(m_barButtons)) {
+        button->setFixedHeight(scaled(kButtonSize));
+        button->setFont(title);
+        if (button->menu())
+            button->menu()->setFont(font());
+    }
+    if (m_year)
+        m_year->setFont(title);
 }
 
 void CalendarPane::setColors()
@@ -203,7 +244,6 @@ void CalendarPane::setColors()
 
     QTextCharFormat names;
     names.setForeground(kDayNames);
-    names.setFont(uiFont(NormalWeight, kDayNamePixelSize));
     setHeaderTextFormat(names);
     QTextCharFormat weekend;
     weekend.setForeground(kWeekend);
@@ -229,26 +269,22 @@ void CalendarPane::setUpBar(const QString &prevName, const QString &nextName)
         m_prev->setAccessibleName(prevName);
     if (m_next)
         m_next->setAccessibleName(nextName);
-    auto *bar = findChild<QWidget *>(QStringLiteral("qt_calendar_navigationbar"));
-    if (!bar)
+    m_bar = findChild<QWidget *>(QStringLiteral("qt_calendar_navigationbar"));
+    if (!m_bar)
         return;
-    bar->setFixedHeight(kBarHeight);
-    if (bar->layout())
-        bar->layout()->setContentsMargins(kBarMargin, 0, kBarMargin, 0);
+    if (m_bar->layout())
+        m_bar->layout()->setContentsMargins(kBarMargin, 0, kBarMargin, 0);
     m_barStyle = new BarStyle;
     m_barStyle->setParent(this); // widgets do not own their style
-    const QList<QToolButton *> buttons = bar->findChildren<QToolButton *>();
-    for (QToolButton *button : buttons) {
+    m_barButtons = m_bar->findChildren<QToolButton *>();
+    for (QToolButton *button : qAsConst(m_barButtons)) {
         button->setStyle(m_barStyle);
-        button->setFixedHeight(kButtonSize);
-        button->setFont(uiFont(SemiboldWeight, kTitlePixelSize));
         button->setAttribute(Qt::WA_Hover);
         button->setFocusPolicy(Qt::StrongFocus);
         if (QMenu *menu = button->menu()) {
             QPalette colors = palette();
             colors.setColor(QPalette::Highlight, kHover);
             menu->setPalette(colors);
-            menu->setFont(font());
             menu->setStyle(m_barStyle);
             connect(menu, &QMenu::aboutToHide, button, [button] { forgetPointer(button); });
         }
@@ -278,7 +314,6 @@ void CalendarPane::setUpYearEdit()
     QPalette colors = year->palette();
     colors.setColor(QPalette::Disabled, QPalette::Text, kInk); // it is no less the year
     text->setPalette(colors);
-    year->setFont(uiFont(SemiboldWeight, kTitlePixelSize));
     if (m_barStyle)
         year->setStyle(m_barStyle);
     year->installEventFilter(this);
@@ -367,7 +402,7 @@ void CalendarPane::paintCell(QPainter *painter, const QRect &rect, const QDate &
     painter->save();
     painter->fillRect(rect, kGround);
     drawBody(*painter, place, tile);
-    painter->setFont(uiFont(selected ? SemiboldWeight : NormalWeight, kDayPixelSize));
+    painter->setFont(uiFont(selected ? SemiboldWeight : NormalWeight, scaled(kDayPixelSize)));
     painter->setPen(textColor(date));
     painter->drawText(place, Qt::AlignCenter | Qt::TextSingleLine, locale().toString(date.day()));
     painter->restore();

@@ -13,6 +13,9 @@ class CalendarPane : public QCalendarWidget
 public:
     CalendarPane(const QString &prevName, const QString &nextName);
 
+    // Makes the calendar as much larger as `text`, that of the field it belongs to, is larger than usual.
+    void setScale(const QFont &text);
+
 protected:
     bool event(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -26,17 +29,22 @@ private:
     void setUpBar(const QString &prevName, const QString &nextName);
     void setUpYearEdit();
     void setIcons();
+    void updateSizes();
+    int scaled(int pixels) const;
     static void forgetPointer(QWidget *button);
     QColor textColor(const QDate &date) const;
     void hover(const QPoint &position);
 
     QTableView *m_view = nullptr;
+    QWidget *m_bar = nullptr;
+    QList<QToolButton *> m_barButtons;
     QToolButton *m_prev = nullptr;
     QToolButton *m_next = nullptr;
     QWidget *m_year = nullptr; // while it is stepped
     BarStyle *m_barStyle = nullptr;
     QPoint m_hovered{-1, -1}; // the pointer in the view
     bool m_viewHasFocus = false;
+    qreal m_scale = 1;
 };
 
 } // namespace lumqt

@@ -3,13 +3,37 @@
 #include "CTriStateButton.h"
 #include "foundation/FontLookup.h"
 
+#include <QPainter>
 #include <QSet>
 
 namespace lumqt {
 
+namespace {
+
+const QColor kMark(120, 120, 120); // as the text of a disabled toggle
+constexpr int kMarkHeight = 2;
+
+// A disabled toggle has the same colours whether it is checked or not. Here one goes on looking at what is
+// chosen, so the chosen ones have a line under their text.
+class Choice : public CTriStateButton
+{
+public:
+    explicit Choice(const QString &text) : CTriStateButton(text, false, false, nullptr) {}
+
+protected:
+    void paintEvent(QPaintEvent *event) override
+    {
+        CTriStateButton::paintEvent(event);
+        if (!isEnabled() && IsChecked())
+            QPainter(this).fillRect(1, height() - 1 - kMarkHeight, width() - 2, kMarkHeight, kMark);
+    }
+};
+
+} // namespace
+
 CTriStateButton *makeChoice(const QString &text)
 {
-    auto *button = new CTriStateButton(text, false, false, nullptr);
+    auto *button = new Choice(text);
     QFont font = button->font();
     font.setPixelSize(kTextPixelSize);
     button->setFont(font);

@@ -7,9 +7,11 @@
 #include "platform/Platform.h"
 
 #include <QBitmap>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
+#include <QScreen>
 #include <QVBoxLayout>
 
 namespace {
@@ -64,6 +66,22 @@ QPainterPath bubble(const QPoint &tip, const QRect &rect, qreal radiusX, qreal r
     path.lineTo(x + kArrowHalfWidth, top);
     path.closeSubpath();
     return path;
+}
+
+// Below the bound widget where there is room, else above it; and to the side as far as needed.
+QPoint placeOnScreen(QPoint place, const QSize &size, const QRect &bound)
+{
+    const QScreen *screen = QGuiApplication::screenAt(bound.center());
+    if (!screen)
+        screen = QGuiApplication::primaryScreen();
+    if (!screen)
+        return place;
+    const QRect area = screen->availableGeometry();
+    const QPoint last = area.bottomRight() - QPoint(size.width(), size.height()) + QPoint(1, 1);
+    if (place.y() > last.y() && bound.top() - size.height() >= area.top())
+        place.setY(bound.top() - size.height());
+    // On a screen that is too small its upper left corner is seen.
+    return QPoint(qMax(area.left(), qMin(place.x(), last.x())), qMax(area.top(), qMin(place.y(), last.y())));
 }
 
 } // namespace
@@ -142,7 +160,9 @@ CBPTipWnd::~CBPTipWnd() = default;
 void CBPTipWnd::Init()
 {
     setAttribute(Qt::WA_TranslucentBackground);
-    setWindowState(Qt::WindowActive);
+    // The state alone: setWindowState() would make the native window now, where it is not to be, and ask a
+    // window manager to activate what it has never shown.
+    overrideWindowState(Qt::WindowActive);
     installEventFilter(this);
     if (m_bound) {
         m_bound->installEventFilter(this);
@@ -295,7 +315,9 @@ void CBPTipWnd::MoveRect(ENOrientation orientation)
         x -= 1;
         break;
     }
-    const QPoint target(x, corner.y() + m_bound->height());
+    QPoint target(x, corner.y() + m_bound->height());
+    if (m_onScreen)
+        target = placeOnScreen(target, size(), QRect(corner, m_bound->size()));
     if (pos() != target)
         move(target);
 }

@@ -7,6 +7,7 @@
 #include "menus/MenuTexts.h"
 
 #include <QActionEvent>
+#include <QApplication>
 #include <QFontMetrics>
 #include <QKeyEvent>
 
@@ -61,9 +62,28 @@ CBPMenu::CBPMenu(const QString &title, QWidget *parent) : QMenu(title, parent)
 CBPMenu::~CBPMenu()
 {
     // A widget forgets a style that is deleted; the one that Qt puts in between for a style sheet does not.
+    // What was torn off shares it, and lives until the event loop turns.
+    const auto tornOff = tornOffMenus();
     if (m_sizeStyle && style() != m_sizeStyle)
         setStyle(nullptr);
+    for (const QPointer<QMenu> &menu : tornOff)
+        if (menu)
+            menu->setStyle(nullptr);
     delete m_sizeStyle;
+}
+
+// Qt keeps them to itself; they have the style and the items of the menu, at least one of them.
+QVector<QPointer<QMenu>> CBPMenu::tornOffMenus() const
+{
+    QVector<QPointer<QMenu>> found;
+    const auto windows = m_mayBeTorn ? QApplication::topLevelWidgets() : QWidgetList();
+    for (QWidget *window : windows) {
+        auto *menu = window->inherits("QTornOffMenu") ? qobject_cast<QMenu *>(window) : nullptr;
+        const bool sameItems = menu && !actions().isEmpty() && menu->actions() == actions();
+        if (sameItems || (menu && menu->style() == style()))
+            found.append(menu);
+    }
+    return found;
 }
 
 void CBPMenu::Init()
@@ -357,10 +377,17 @@ void CBPMenu::useItemSize(const QSize &size)
     if (m_sizeStyle && m_itemSize == size && !m_otherStyle)
         return;
     CBPMenuItemSizeStyle *previous = m_sizeStyle;
+    const auto tornOff = tornOffMenus();
     m_itemSize = size;
     m_sizeStyle = new CBPMenuItemSizeStyle(
         QSize(lumqt::boundedPixels(size.width()), lumqt::boundedPixels(size.height())));
     setStyle(m_sizeStyle);
+    for (const QPointer<QMenu> &menu : tornOff) {
+        if (menu)
+            menu->setStyle(style());
+        if (menu)
+            menu->setFixedWidth(menu->sizeHint().width());
+    }
     delete previous;
     m_otherStyle = false;
 }

@@ -254,6 +254,7 @@ void CBPMenu::leaveEvent(QEvent *event)
 
 void CBPMenu::paintEvent(QPaintEvent *event)
 {
+    m_mayBeTorn |= isTearOffEnabled();
     QPainter painter(this);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
     painter.fillRect(event->rect(), m_opaque ? edgeColor() : QColor(Qt::transparent));

@@ -37,7 +37,10 @@ CBPPathDropdWnd::CBPPathDropdWnd(QWidget *parent)
     layout->setContentsMargins(kMargins);
     layout->addWidget(m_pScroll);
     setFixedHeight(kHeight);
-    setWindowState(Qt::WindowActive);
+    // The state alone: setWindowState() would make the native window now, where it is not to be, and ask a
+    // window manager to activate what it has never shown. Of the one that it then shows it tells Qt a wrong
+    // place now and then.
+    overrideWindowState(Qt::WindowActive);
     installEventFilter(this);
 }
 
@@ -286,6 +289,17 @@ bool CBPPathDropdWnd::eventFilter(QObject *watched, QEvent *event)
         return true;
     }
     return QWidget::eventFilter(watched, event);
+}
+
+// Keys are for the list from now on, and it hides once it is active no more. A window that is not shown yet
+// cannot be activated.
+void CBPPathDropdWnd::setVisible(bool visible)
+{
+    const QPointer<CBPPathDropdWnd> alive(this);
+    const bool opens = visible && !isVisible();
+    QWidget::setVisible(visible);
+    if (opens && alive && isVisible())
+        activateWindow();
 }
 
 void CBPPathDropdWnd::showEvent(QShowEvent *event)

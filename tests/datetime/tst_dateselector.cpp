@@ -1,6 +1,9 @@
 #include "CBPDateSelector.h"
 #include "CBPImageButton.h"
 #include "CBPTipWnd.h"
+#include "Pixels.h"
+#include "RealInput.h"
+#include "Rows.h"
 #include "Spoken.h"
 #include "TestMain.h"
 
@@ -8,6 +11,7 @@
 #include <QDateEdit>
 #include <QLayout>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -16,6 +20,7 @@
 #include <QTextCharFormat>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <QWindow>
 
 namespace {
 
@@ -111,6 +116,10 @@ private slots:
     void escape();
     void picks_data();
     void picks();
+    void doubleClick();
+    void place_data();
+    void place();
+    void largeText();
     void escapeFromTheYear();
     void groundOfTheField();
     void clickElsewhere();
@@ -120,6 +129,7 @@ private slots:
     void deletedByThePick();
     void deletedWhileOpen_data();
     void deletedWhileOpen();
+    void deletedWithTheMonths();
 };
 
 void TestDateSelector::field()
@@ -293,6 +303,84 @@ void TestDateSelector::picks()
     QTRY_VERIFY(scene.edit->hasFocus());
 }
 
+// The second click is no click on what lies beneath the calendar.
+void TestDateSelector::doubleClick()
+{
+    if (!RealInput::available())
+        QSKIP("no screen of its own");
+    const int interval = QApplication::doubleClickInterval();
+    QApplication::setDoubleClickInterval(20000);
+    Scene scene;
+    scene.selector->setMaximumWidth(200);
+    scene.elsewhere->setFixedSize(600, 320);
+    QVERIFY(becomesActive(scene.window));
+    scene.open();
+    QSignalSpy picks(scene.selector.data(), SIGNAL(sigDateEditFinish()));
+    QSignalSpy beneath(scene.elsewhere, SIGNAL(clicked()));
+    const QPoint day = scene.view()->viewport()->mapToGlobal(scene.dayAt(15));
+    QVERIFY(scene.elsewhere->rect().contains(scene.elsewhere->mapFromGlobal(day)));
+    const auto isGone = [&] {
+        return !scene.tip()->windowHandle()->isExposed() && scene.window.isActiveWindow();
+    };
+    RealInput::click(day);
+    QTRY_VERIFY(isGone()); // sooner, and the window manager may lose the second one
+    RealInput::click(day);
+    QTRY_COMPARE(picks.count(), 2);
+    QTRY_VERIFY(isGone() && QApplication::mouseButtons() == Qt::NoButton);
+    QCOMPARE(beneath.count(), 0);
+    QTest::mouseClick(scene.elsewhere, Qt::LeftButton); // not for ever
+    QCOMPARE(beneath.count(), 1);
+    QApplication::setDoubleClickInterval(interval);
+}
+
+void TestDateSelector::place_data()
+{
+    columns<QPoint, bool>("corner", "mirrored"); // of the window; -1: as far as the screen goes
+    row("room below", QPoint(300, 100), false);
+    row("room below, mirrored", QPoint(300, 100), true);
+    row("in the corner", QPoint(-1, -1), false);
+    row("at the bottom, mirrored", QPoint(10, -1), true);
+}
+
+void TestDateSelector::place()
+{
+    QFETCH(QPoint, corner);
+    QFETCH(bool, mirrored);
+    Scene scene;
+    scene.window.setLayoutDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
+    const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
+    const QRect frame = scene.window.frameGeometry();
+    scene.window.move(corner.x() < 0 ? area.right() - frame.width() + 1 : corner.x(),
+                      corner.y() < 0 ? area.bottom() - frame.height() + 1 : corner.y());
+    scene.open();
+    const QRect button(scene.button->mapToGlobal(QPoint()), scene.button->size());
+    const QRect tip = scene.tip()->geometry();
+    QVERIFY(area.contains(tip) && !tip.intersects(button));
+    QVERIFY(corner.y() < 0 ? tip.bottom() + 1 == button.top()
+                           : tip.topLeft() == button.bottomLeft() + QPoint(-1, 1));
+    // An arrow points to where its month lies: its tip is beside its upper end.
+    const QImage arrow = pictureOf(*scene.calendar()->findChild<QToolButton *>("qt_calendar_nextmonth"), 1);
+    const QRect ink = inkOf(arrow);
+    const auto darkAt = [&](int y) { return inkOf(arrow.copy(0, y, arrow.width(), 1)).center().x(); };
+    QCOMPARE(darkAt(ink.center().y()) > darkAt(ink.top() + 1), !mirrored);
+}
+
+// Fields of large letters have a large calendar.
+void TestDateSelector::largeText()
+{
+    Scene scene;
+    scene.open();
+    const QSize usual = scene.calendar()->size();
+    QTest::keyClick(scene.view(), Qt::Key_Escape);
+    QFont large = scene.edit->font();
+    large.setPixelSize(26);
+    scene.edit->setFont(large);
+    QVERIFY(becomesActive(scene.window));
+    scene.open();
+    QTRY_COMPARE(scene.calendar()->size(), usual * 2);
+    QCOMPARE(scene.calendar()->findChild<QToolButton *>("qt_calendar_nextmonth")->height(), 56);
+}
+
 // Who clicks elsewhere has said where the focus goes.
 void TestDateSelector::clickElsewhere()
 {
@@ -411,6 +499,23 @@ void TestDateSelector::deletedWhileOpen()
         scene.open();
         QCOMPARE(scene.calendar()->selectedDate(), date);
     }
+}
+
+// With the menu of the months open, in whose loop it happens. A press alone: QTest's click would go on to
+// send the release to a button that is no more.
+void TestDateSelector::deletedWithTheMonths()
+{
+    Scene scene;
+    scene.open();
+    auto *months = scene.calendar()->findChild<QToolButton *>("qt_calendar_monthbutton");
+    const QPointer<QMenu> menu = months->menu();
+    const auto kill = [selector = scene.selector] { delete selector; };
+    connect(menu, &QMenu::aboutToShow, qApp, [=] { QTimer::singleShot(0, qApp, kill); });
+    QTest::mousePress(months, Qt::LeftButton); // until it is deleted
+    QVERIFY(!scene.selector && !menu);
+    QSignalSpy clicks(scene.elsewhere, SIGNAL(clicked()));
+    QTest::mouseClick(scene.window.windowHandle(), Qt::LeftButton, {}, scene.elsewhere->geometry().center());
+    QCOMPARE(clicks.count(), 1);
 }
 
 LUMQT_TEST_MAIN(TestDateSelector)

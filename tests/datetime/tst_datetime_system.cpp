@@ -3,6 +3,7 @@
 
 #include <QDateTime>
 #include <QRandomGenerator>
+#include <QRegularExpression>
 
 #include <climits>
 #include <sstream>
@@ -186,22 +187,38 @@ void TestDateTimeSystem::systemsOwn()
     }
     QVERIFY(Settings::_GetSystemLocaleInfo(0xFFFF, 0x400).empty());
 #else
+    // Date separator, time separator, date, time.
     const struct
     {
-        const char *locale;
-        QStringList texts; // date separator, time separator, date, time
-    } rows[] = {
-        {"en_US", {"/", ":", "M/d/yy", "h:mm:ss tt"}},   {"de_DE", {".", ":", "dd.MM.yy", "HH:mm:ss"}},
-        {"sv_SE", {"-", ":", "yyyy-MM-dd", "HH:mm:ss"}}, {"fi_FI", {".", ".", "d.M.yyyy", "H.mm.ss"}},
-        {"sk_SK", {". ", ":", "d. M. yyyy", "H:mm:ss"}}, {"zh_CN", {"/", ":", "yyyy/M/d", "tth:mm:ss"}},
-        {"C", {" ", ":", "d MMM yyyy", "HH:mm:ss"}},
-    };
-    for (const auto &row : rows) {
+        const char *locale, *texts;
+    } rows[] = {{"C", "/|:|MM/dd/yyyy|HH:mm:ss"},       {"ar_EG", "/|:|d/M/yyyy|h:mm:ss tt"},
+                {"dz_BT", "-|:|yyyy-MM-dd|h:mm:ss tt"}, {"bg_BG", ".|:|d.MM.yy .|H:mm:ss"},
+                {"zh_CN", "/|:|yyyy/M/d|tt h:mm:ss"},   {"zh_TW", "/|:|yyyy/M/d|tt h:mm:ss"},
+                {"da_DK", ".|.|dd.MM.yyyy|HH.mm.ss"},   {"nl_NL", "-|:|dd-MM-yyyy|HH:mm:ss"},
+                {"en_US", "/|:|M/d/yy|h:mm:ss tt"},     {"en_ZA", "/|:|yyyy/MM/dd|HH:mm:ss"},
+                {"en_GB", "/|:|dd/MM/yyyy|HH:mm:ss"},   {"fi_FI", ".|.|d.M.yyyy|H.mm.ss"},
+                {"fr_FR", "/|:|dd/MM/yyyy|HH:mm:ss"},   {"fr_CA", "-|:|yyyy-MM-dd|HH:mm:ss"},
+                {"de_DE", ".|:|dd.MM.yy|HH:mm:ss"},     {"he_IL", ".|:|d.M.yyyy|H:mm:ss"},
+                {"hi_IN", "/|:|d/M/yy|h:mm:ss tt"},     {"hu_HU", ". |:|yyyy. MM. dd.|H:mm:ss"},
+                {"it_IT", "/|:|dd/MM/yy|HH:mm:ss"},     {"ja_JP", "/|:|yyyy/MM/dd|H:mm:ss"},
+                {"ko_KR", ". |:|yy. M. d.|tt h:mm:ss"}, {"fa_IR", "/|:|yyyy/M/d|H:mm:ss"},
+                {"pl_PL", ".|:|dd.MM.yyyy|HH:mm:ss"},   {"pt_BR", "/|:|dd/MM/yyyy|HH:mm:ss"},
+                {"ru_RU", ".|:|dd.MM.yyyy|HH:mm:ss"},   {"sk_SK", ". |:|d. M. yyyy|H:mm:ss"},
+                {"es_ES", "/|:|d/M/yy|H:mm:ss"},        {"sv_SE", "-|:|yyyy-MM-dd|HH:mm:ss"},
+                {"th_TH", "/|:|d/M/yy|HH:mm:ss"},       {"tr_TR", ".|:|d.MM.yyyy|HH:mm:ss"}};
+    const auto textsOf = [](const QLocale &locale) {
         QStringList texts;
         for (const unsigned long type : {0x1DUL, 0x1EUL, 0x1FUL, 0x1003UL})
-            texts << lumqt::platform::localeText(QLocale(row.locale), type);
-        QCOMPARE(texts, row.texts);
-    }
+            texts << lumqt::platform::localeText(locale, type);
+        return texts;
+    };
+    for (const auto &row : rows)
+        QCOMPARE(textsOf(QLocale(row.locale)).join('|'), QString(row.texts));
+    // None falls back to a clock of twelve hours that it does not have.
+    const QRegularExpression known("^(tt hh?|HH?)[:.]mm[:.]ss$|^hh?[:.]mm[:.]ss tt$");
+    const auto all = QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyCountry);
+    for (const QLocale &locale : all)
+        QVERIFY2(known.match(textsOf(locale).last()).hasMatch(), qPrintable(locale.name()));
     QVERIFY(!Settings::_GetSystemLocaleInfo(0x1F, 0x400).empty());
     QVERIFY(Settings::_GetSystemLocaleInfo(0x59, 0x400).empty());
 #endif

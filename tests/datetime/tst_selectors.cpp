@@ -2,6 +2,7 @@
 #include "CBPDaySelector.h"
 #include "CBPWeekSelector.h"
 #include "CTriStateButton.h"
+#include "Pixels.h"
 #include "TestMain.h"
 
 #include <QGridLayout>
@@ -157,6 +158,15 @@ private slots:
         QCOMPARE(weekly.GetSelected(), QStringList(QString()));
         QStringList none;
         QCOMPARE(CBPWeekSelector(none).GetSelected(), QStringList());
+    }
+
+    void disabledShowsTheChosen()
+    {
+        Days daily(days(3), QString(), QStringLiteral("All"));
+        daily.setEnabled(false);
+        const QImage plain = pictureOf(*daily.button(1));
+        daily.SetSelected({QStringLiteral("2")});
+        QVERIFY(pictureOf(*daily.button(1)) != plain);
     }
 
     void deletedInItsOwnSignal()

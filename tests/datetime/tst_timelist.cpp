@@ -1,5 +1,6 @@
 #include "CBPImageButton.h"
 #include "CEditTimeEdit.h"
+#include "Pixels.h"
 #include "Spoken.h"
 #include "TestMain.h"
 
@@ -81,6 +82,15 @@ void TestTimeList::newList()
     field->setCurrentSection(QDateTimeEdit::HourSection);
     field->stepUp();
     QCOMPARE(list.GetQTimes(), QVector<QTime>{QTime(0, 59)});
+    // Buttons have one picture for all their states, but do not look alike in all.
+    deleteButtonOf(field)->show();
+    for (CBPImageButton *button : {deleteButtonOf(field), addButtonOf(list)}) {
+        const QImage enabled = pictureOf(*button);
+        list.setEnabled(false);
+        QVERIFY(pictureOf(*button) != enabled);
+        list.setEnabled(true);
+        QCOMPARE(pictureOf(*button), enabled);
+    }
 }
 
 void TestTimeList::addAndRemove_data()

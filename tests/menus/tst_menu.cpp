@@ -257,6 +257,30 @@ private slots:
         }
     }
 
+    // What was torn off has the menu's style, which goes with the menu; a style sheet lies between them.
+    void tornOff()
+    {
+        for (const bool sheet : {false, true}) {
+            QScopedPointer<CBPMenu> menu(new CBPMenu);
+            fill(*menu, 3);
+            menu->setTearOffEnabled(true);
+            if (sheet)
+                menu->setSeparatorRectHeight(17);
+            QVERIFY(open(*menu));
+            QTest::mouseClick(menu.data(), Qt::LeftButton, {}, QPoint(10, 3));
+            QTRY_VERIFY(menu->isTearOffMenuVisible());
+            QPointer<QMenu> torn;
+            const auto windows = QApplication::topLevelWidgets();
+            for (QWidget *window : windows)
+                torn = window->inherits("QTornOffMenu") ? qobject_cast<QMenu *>(window) : torn.data();
+            menu->AddAction(QString(60, 'W'), 4);
+            QCOMPARE(itemRect(*torn, 3).size(), itemRect(*menu, 3).size());
+            QCOMPARE(torn->width(), itemRect(*menu, 3).width());
+            menu.reset();
+            QTRY_VERIFY(!torn);
+        }
+    }
+
     // What a partial repaint costs does not depend on how long the menu is.
     void manyItems()
     {

@@ -19,6 +19,7 @@
 namespace {
 
 constexpr int kWidth = 144;
+constexpr int kLargeLetters = 20;
 constexpr int kHeight = 32;
 
 // The calendar's window, and what is made with it, never comes onto the screen.
@@ -70,10 +71,16 @@ void hoverDay(QTableView *view, int row, int column)
     QCoreApplication::sendEvent(view->viewport(), &move);
 }
 
+enum class Calendar { Plain, Hovered, Mirrored, Large };
+
 // The picture of the calendar as the button opens it.
-QLabel *openCalendar(QDate date, bool hovered)
+QLabel *openCalendar(QDate date, Calendar look = Calendar::Plain)
 {
     const QScopedPointer<CBPDateSelector> owner(selector(date));
+    if (look == Calendar::Mirrored)
+        owner->setLayoutDirection(Qt::RightToLeft);
+    if (look == Calendar::Large)
+        owner->findChild<QDateEdit *>()->setFont(theme::font(theme::Normal, kLargeLetters));
     auto *button = owner->findChild<CBPImageButton *>();
     KeepsOffScreen filter;
     button->installEventFilter(&filter);
@@ -82,7 +89,7 @@ QLabel *openCalendar(QDate date, bool hovered)
     auto *view = calendar->findChild<QTableView *>();
     QFocusEvent focus(QEvent::FocusIn, Qt::PopupFocusReason); // only a window on the screen has it
     QCoreApplication::sendEvent(view, &focus);
-    if (hovered)
+    if (look == Calendar::Hovered)
         hoverDay(view, 4, 3);
     auto *label = new QLabel;
     label->setPixmap(calendar->window()->grab());
@@ -124,13 +131,18 @@ void addStates(Page *page)
 void addCalendars(Page *page)
 {
     const QDate date(2024, 3, 7);
-    QLabel *opened = openCalendar(date, false);
-    page->addSection("The calendar", "It opens under the button and closes when a day is picked.")
+    QLabel *opened = openCalendar(date);
+    page->addSection(
+            "The calendar",
+            "It opens under the button, or above it where there is no room, and closes when a day is picked.")
         ->addColumns(3,
                      {{"Opened", opened},
-                      {"A day under the pointer", openCalendar(date, true)},
-                      {"At the end of the range", openCalendar(QDate(2099, 12, 31), false)}},
+                      {"A day under the pointer", openCalendar(date, Calendar::Hovered)},
+                      {"At the end of the range", openCalendar(QDate(2099, 12, 31))}},
                      opened->sizeHint().width());
+    page->addSection("Other readers", "In a right-to-left window, and beside a field of large letters.")
+        ->addSamples({{"Right to left", openCalendar(date, Calendar::Mirrored)},
+                      {"Large letters", openCalendar(date, Calendar::Large)}});
 }
 
 Page *makePage()

@@ -29,55 +29,83 @@ void forEachPart(const QString &pattern, const std::function<void(const QString 
     }
 }
 
-// Dates are written alike by Qt and Windows, times are not.
-QString windowsTimePattern(const QString &qtPattern)
+// What is left of a piece between fields without words, quoted or not, and marks of direction: Windows'
+// patterns have neither.
+QString bare(const QString &piece)
 {
-    bool has12Hours = false;
-    forEachPart(qtPattern, [&](const QString &part, bool isField) {
-        has12Hours |= isField && part.front().toLower() == QLatin1Char('a');
-    });
-    QString result;
-    forEachPart(qtPattern, [&](const QString &part, bool isField) {
-        const char letter = isField ? part.front().toLower().toLatin1() : '\0';
-        if (letter == 'a')
-            result += QLatin1String("tt"); // the "P" of "AP" follows as a field of its own
-        else if (letter == 'h')
-            result += has12Hours ? part.toLower() : part.toUpper();
-        else if (letter != 't' && letter != 'z' &&
-                 letter != 'p') // time zone and milliseconds: Windows has none
-            result += part;
-    });
-    return result.remove(QLatin1String("()")).remove(QLatin1String("[]")).trimmed();
+    QString text;
+    for (const QChar c : piece) {
+        if (piece.front() != QLatin1Char('\'') && c.unicode() < 0x80 && !c.isLetter())
+            text += c;
+    }
+    return text;
 }
 
-// What follows the first field made of one of `letters`.
-QString separatorAfter(const QString &pattern, const QString &letters)
+bool isOneOf(const QString &field, const char *letters)
 {
-    QString separator;
-    bool found = false;
-    bool ended = false;
+    return QLatin1String(letters).contains(field.front().toLower());
+}
+
+// What stands between the first field and the next one. Blanks alone are left of a word.
+QString separator(const QString &pattern, const char *letters, const char *otherwise)
+{
+    QString result;
+    int fields = 0;
     forEachPart(pattern, [&](const QString &part, bool isField) {
-        if (found && !isField && !ended)
-            separator += part;
-        ended |= found && isField;
-        found |= isField && letters.contains(part.front());
+        if (isField)
+            fields += isOneOf(part, letters) ? 1 : 0;
+        else if (fields == 1)
+            result += bare(part);
     });
-    return ended ? separator.remove(QLatin1Char('\'')) : QString();
+    return fields < 2 || result.trimmed().isEmpty() ? QString::fromLatin1(otherwise) : result;
+}
+
+// Qt and Windows write dates alike. One of Qt's has the names of months instead of numbers, that of the
+// language "C"; it becomes the one that Windows has where there is no region.
+QString windowsDatePattern(const QString &qtPattern)
+{
+    if (qtPattern.contains(QLatin1String("MMM")))
+        return QStringLiteral("MM/dd/yyyy");
+    QString result;
+    forEachPart(qtPattern, [&](const QString &part, bool isField) {
+        result += isField && isOneOf(part, "dmy") ? part : bare(part);
+    });
+    return result.trimmed();
+}
+
+// From Qt's short pattern: the long one has words and a time zone in it. The seconds, which it lacks, are
+// written as its minutes are. An "h" is of the 12-hour clock only beside AM or PM.
+QString windowsTimePattern(const QString &qtPattern)
+{
+    QString hours;
+    int halfAt = 0; // of the day: before (-1) or after (1) the hours
+    forEachPart(qtPattern, [&](const QString &part, bool isField) {
+        if (isField && isOneOf(part, "a"))
+            halfAt = hours.isEmpty() ? -1 : 1;
+        else if (isField && isOneOf(part, "h"))
+            hours = part;
+    });
+    const QString between = separator(qtPattern, "hm", ":");
+    const QString time = (halfAt != 0 ? hours.toLower() : hours.toUpper()) + between + QLatin1String("mm") +
+                         between + QLatin1String("ss");
+    return halfAt < 0 ? QLatin1String("tt ") + time : halfAt > 0 ? time + QLatin1String(" tt") : time;
 }
 
 } // namespace
 
 QString localeText(const QLocale &locale, unsigned long type)
 {
+    const QString date = windowsDatePattern(locale.dateFormat(QLocale::ShortFormat));
+    const QString time = locale.timeFormat(QLocale::ShortFormat);
     switch (type) {
     case LocaleShortDate:
-        return locale.dateFormat(QLocale::ShortFormat);
+        return date;
     case LocaleTimePattern:
-        return windowsTimePattern(locale.timeFormat(QLocale::LongFormat));
+        return windowsTimePattern(time);
     case LocaleDateSeparator:
-        return separatorAfter(locale.dateFormat(QLocale::ShortFormat), QStringLiteral("dMy"));
+        return separator(date, "dmy", "/");
     case LocaleTimeSeparator:
-        return separatorAfter(locale.timeFormat(QLocale::LongFormat), QStringLiteral("hH"));
+        return separator(time, "hm", ":");
     default:
         return QString();
     }

@@ -1,0 +1,115 @@
+#include "Acts.h"
+#include "CBPComboxItem.h"
+#include "CBPPathDropdWnd.h"
+#include "RealInput.h"
+#include "TestMain.h"
+
+#include <QPushButton>
+
+#include <functional>
+
+namespace {
+
+constexpr int kFirstShows = 10; // where a list is shown wrongly, it is now and then
+
+// A button that drops a list of three, as an application does it.
+struct Scene
+{
+    QWidget window;
+    QPushButton button{"Recent", &window};
+    CBPPathDropdWnd list{&window};
+    QStringList picked;
+
+    Scene()
+    {
+        list.SetFixedWidth(330);
+        for (const char *path : {"/one", "/two", "/three"}) {
+            ComboxItem item;
+            item.path = path;
+            list.AppendItem(item);
+        }
+        QObject::connect(&list, &CBPPathDropdWnd::itemClicked, &window,
+                         [this](ComboxItem &item) { picked << item.path; });
+        QObject::connect(&button, &QPushButton::clicked, &window, [this] {
+            list.move(button.mapToGlobal(QPoint(0, button.height() + 20)));
+            list.show();
+        });
+        window.setGeometry(300, 200, 400, 120);
+        showActive(window);
+        RealInput::moveTo(QPoint(900, 700));
+    }
+
+    void click(QWidget *widget) const { RealInput::click(widget->mapToGlobal(widget->rect().center())); }
+    void clickBeside() const { RealInput::click(window.mapToGlobal(QPoint(390, 10))); }
+    bool opened() const
+    {
+        return QTest::qWaitFor([this] { return list.isVisible() && list.isActiveWindow(); }, 3000);
+    }
+    bool closed() const
+    {
+        return QTest::qWaitFor([this] { return !list.isVisible() && window.isActiveWindow(); }, 3000);
+    }
+};
+
+} // namespace
+
+// The list under a window manager, with the screen's own pointer and keys.
+class TestPathListScreen : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        if (!RealInput::available())
+            QSKIP("no screen of its own");
+    }
+
+    void shown_data()
+    {
+        QTest::addColumn<bool>("byClick");
+        QTest::newRow("by code") << false;
+        QTest::newRow("by a click") << true;
+    }
+
+    void shown()
+    {
+        QFETCH(bool, byClick);
+        for (int i = 0; i < kFirstShows; ++i) {
+            Scene scene;
+            for (const int row : {1, 2}) { // the first show is not like the others
+                if (byClick)
+                    scene.click(&scene.button);
+                else
+                    scene.button.click();
+                QVERIFY2(scene.opened(), qPrintable(QString::number(i)));
+                scene.click(scene.list.pathItems().at(row));
+                QTRY_COMPARE(scene.picked, QStringList(row == 1 ? "/two" : "/three"));
+                QVERIFY(scene.closed());
+                scene.picked.clear();
+            }
+        }
+    }
+
+    void closed()
+    {
+        Scene scene;
+        const std::function<void()> ways[] = {[&] { RealInput::typeKey(Qt::Key_Escape); },
+                                              [&] { scene.clickBeside(); }};
+        for (int i = 0; i < 4; ++i) {
+            scene.click(&scene.button);
+            QVERIFY(scene.opened());
+            ways[i % 2]();
+            QVERIFY2(scene.closed(), qPrintable(QString::number(i)));
+        }
+        // The keys are the list's: to the row below the newest.
+        scene.click(&scene.button);
+        QVERIFY(scene.opened());
+        RealInput::typeKey(Qt::Key_Down);
+        RealInput::typeKey(Qt::Key_Return);
+        QTRY_COMPARE(scene.picked, QStringList("/two"));
+    }
+};
+
+LUMQT_TEST_MAIN(TestPathListScreen)
+#include "tst_pathlist_screen.moc"
