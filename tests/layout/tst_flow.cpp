@@ -244,6 +244,14 @@ private slots:
             warns("A CBPFlowLayout cannot hold itself or a layout that it lies in");
             layout->addItem(around);
         }
+        QWidget other; // two owners would both delete what they have
+        auto *owned = new QHBoxLayout(&other);
+        auto *nested = new QHBoxLayout;
+        owned->addLayout(nested);
+        for (QLayout *taken : {owned, nested}) {
+            warns("CBPFlowLayout: the layout lies in another one, or is a widget's");
+            layout->addItem(taken);
+        }
         warns("CBPFlowLayout: the item is there already");
         layout->addItem(spacer);
         QCOMPARE(layout->count(), 1);
