@@ -4,12 +4,14 @@
 #include "CFoucsLabel.h"
 #include "CTabContainer.h"
 #include "CTabPageItem.h"
+#include "foundation/FontLookup.h"
 #include "Selections.h"
 #include "TestMain.h"
 
 #include <QBoxLayout>
 #include <QLabel>
 #include <QSignalSpy>
+#include <QToolTip>
 
 #include <memory>
 
@@ -202,6 +204,29 @@ private slots:
         QCOMPARE(grounds, (QVector<QColor>{QColor(255, 255, 255), QColor(91, 175, 246), QColor(65, 149, 220),
                                            QColor(201, 229, 252)}));
         QCOMPARE(bar->grab().toImage().pixelColor(0, bar->height() / 2), QColor(73, 167, 245));
+    }
+
+    // All tabs are of one width. The tool tip has what finds no room in it.
+    void longTexts()
+    {
+        CTabContainer tabs;
+        addTabs(tabs, {1, 2});
+        tabs.show();
+        const QString whole = QStringLiteral("Benachrichtigungen");
+        const QString cut = QFontMetrics(lumqt::uiFont()).elidedText(whole, Qt::ElideRight, 85 - 2 * 4);
+        QVector<QImage> looks;
+        for (const QString &text : {cut, whole}) {
+            tab(tabs, 1)->setText(text);
+            QCOMPARE(tab(tabs, 1)->width(), 85);
+            looks << tab(tabs, 1)->grab().toImage();
+        }
+        QVERIFY(cut.endsWith(QChar(0x2026)) && looks[0] == looks[1]);
+        for (const int id : {2, 1}) {
+            tab(tabs, id)->grab();
+            QHelpEvent event(QEvent::ToolTip, QPoint(9, 9), tab(tabs, id)->mapToGlobal(QPoint(9, 9)));
+            QCoreApplication::sendEvent(tab(tabs, id), &event);
+            QCOMPARE(QToolTip::text(), id == 1 ? whole : QString());
+        }
     }
 
     // A page that the application has taken out is its own again.
