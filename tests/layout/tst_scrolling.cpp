@@ -8,13 +8,13 @@
 #include "TestMain.h"
 
 #include <QApplication>
-#include <QPainter>
 #include <QPointer>
 #include <QScopeGuard>
-#include <QStyle>
 #include <QStyleOptionSlider>
 
 #include <climits>
+#include <memory>
+#include <tuple>
 
 namespace {
 
@@ -27,12 +27,7 @@ constexpr int kLength = 201; // odd: its edges lie between pixels at 150 per cen
 
 QImage picture(QWidget &widget, qreal ratio = 1.0)
 {
-    QImage image(QSize(qRound(widget.width() * ratio), qRound(widget.height() * ratio)),
-                 QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(ratio);
-    image.fill(kNothing);
-    widget.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
-    return image;
+    return pictureOf(widget, ratio, kNothing);
 }
 
 struct Bar : CBPScrollBar
@@ -53,11 +48,6 @@ struct Bar : CBPScrollBar
     }
 };
 
-QVector<QColor> colors(int count)
-{
-    return QVector<QColor>{Qt::red, Qt::green, Qt::blue, Qt::black}.mid(0, count);
-}
-
 } // namespace
 
 class TestScrolling : public QObject
@@ -65,37 +55,28 @@ class TestScrolling : public QObject
     Q_OBJECT
 
 private slots:
-    void styleIsTheBarsOwn_data()
-    {
-        QTest::addColumn<QString>("applications");
-        QTest::newRow("as it starts") << QString();
-        QTest::newRow("another than the desktop's") << QStringLiteral("windows");
-        QTest::newRow("a third") << QStringLiteral("fusion");
-    }
-
-    // Of the application's kind, and never the application's.
+    // Of the application's kind, and never the application's: of the style that it starts with, and of
+    // others.
     void styleIsTheBarsOwn()
     {
-        QFETCH(QString, applications);
         const QString before = QApplication::style()->objectName();
         const auto restore = qScopeGuard([&] { QApplication::setStyle(before); });
-        if (!applications.isEmpty())
-            QApplication::setStyle(applications);
         const auto kindOf = [](const QStyle &style) { return style.metaObject()->className(); };
-        CBPScrollBarStyle style;
-        QCOMPARE(style.pixelMetric(QStyle::PM_ScrollBarExtent), 0);
-        const QPointer<QStyle> its = QApplication::style();
-        QCOMPARE(kindOf(*style.baseStyle()), kindOf(*its));
-        QCOMPARE(kindOf(*CBPMenuItemSizeStyle(QSize()).baseStyle()), kindOf(*its));
-        QPointer<QStyle> own;
-        {
-            Bar bar;
-            own = bar.style();
-            QCOMPARE(bar.sizeHint().width(), 10);
+        for (const char *applications : {"", "windows", "fusion"}) {
+            if (*applications)
+                QApplication::setStyle(applications);
+            CBPScrollBarStyle style;
+            QCOMPARE(style.pixelMetric(QStyle::PM_ScrollBarExtent), 0);
+            const QPointer<QStyle> its = QApplication::style();
+            QCOMPARE(kindOf(*style.baseStyle()), kindOf(*its));
+            QCOMPARE(kindOf(*CBPMenuItemSizeStyle(QSize()).baseStyle()), kindOf(*its));
+            auto bar = std::make_unique<Bar>();
+            const QPointer<QStyle> own = bar->style();
+            QCOMPARE(bar->sizeHint().width(), 10);
+            bar.reset();
+            QVERIFY(!own && its && QApplication::style() == its);
+            QVERIFY(!its->parent() || its->parent() == qApp);
         }
-        QVERIFY(!own && its);
-        QCOMPARE(QApplication::style(), its.data());
-        QVERIFY(!its->parent() || its->parent() == qApp);
     }
 
     void barParts_data()
@@ -113,15 +94,13 @@ private slots:
         QFETCH(bool, vertical);
         QFETCH(qreal, ratio);
         Bar bar(vertical ? Qt::Vertical : Qt::Horizontal);
-        const QRect slider = bar.part(QStyle::SC_ScrollBarSlider);
+        const QRectF slider = bar.part(QStyle::SC_ScrollBarSlider);
         for (const bool underMouse : {false, true}) {
             bar.setAttribute(Qt::WA_UnderMouse, underMouse);
             const QImage image = picture(bar, ratio);
-            const QColor color = underMouse ? kDarkSlider : kSlider;
-            const auto device = [ratio](int at) { return qRound(at * ratio); };
-            QCOMPARE(boxOf(image, color),
-                     QRect(QPoint(device(slider.left()), device(slider.top())),
-                           QPoint(device(slider.right() + 1) - 1, device(slider.bottom() + 1) - 1)));
+            const QPoint end = (slider.bottomRight() * ratio).toPoint() - QPoint(1, 1);
+            QCOMPARE(boxOf(image, underMouse ? kDarkSlider : kSlider),
+                     QRect((slider.topLeft() * ratio).toPoint(), end));
             for (const auto page : {QStyle::SC_ScrollBarSubPage, QStyle::SC_ScrollBarAddPage})
                 QCOMPARE(image.pixelColor(bar.part(page).center() * ratio), kPage);
             for (const auto arrow : {QStyle::SC_ScrollBarSubLine, QStyle::SC_ScrollBarAddLine}) {
@@ -142,26 +121,23 @@ private slots:
         bar.SetSliderRadius(3, 4);
         QCOMPARE(picture(bar), before); // kept only
         const QPoint slider = bar.part(QStyle::SC_ScrollBarSlider).center();
-        const struct
-        {
-            int count;
-            QColor normal, underMouse;
-        } lists[] = {{4, Qt::red, Qt::green}, {1, Qt::red, kDarkSlider}, {0, kSlider, kDarkSlider}};
-        for (const auto &list : lists) {
-            QVector<QColor> given = colors(list.count);
+        const std::tuple<QVector<QColor>, QColor, QColor> lists[] = {
+            {{Qt::red, Qt::green, Qt::blue, Qt::black}, Qt::red, Qt::green},
+            {{Qt::red}, Qt::red, kDarkSlider},
+            {{}, kSlider, kDarkSlider}};
+        for (const auto &[list, normal, underMouse] : lists) {
+            QVector<QColor> given = list;
             bar.SetSliderBg(given);
             bar.setAttribute(Qt::WA_UnderMouse, false);
-            QCOMPARE(picture(bar).pixelColor(slider), list.normal);
+            QCOMPARE(picture(bar).pixelColor(slider), normal);
             bar.setAttribute(Qt::WA_UnderMouse, true);
-            QCOMPARE(picture(bar).pixelColor(slider), list.underMouse);
+            QCOMPARE(picture(bar).pixelColor(slider), underMouse);
         }
         QColor none;
         bar.SetBarBg(none); // and what lies below is seen, not what was there before
-        QVERIFY(!boxOf(picture(bar), kNothing).isEmpty());
-        QVERIFY(!bar.testAttribute(Qt::WA_OpaquePaintEvent));
+        QVERIFY(!boxOf(picture(bar), kNothing).isEmpty() && !bar.testAttribute(Qt::WA_OpaquePaintEvent));
         bar.SetBarBg(color);
-        QVERIFY(!boxOf(picture(bar), color).isEmpty());
-        QVERIFY(bar.testAttribute(Qt::WA_OpaquePaintEvent));
+        QVERIFY(!boxOf(picture(bar), color).isEmpty() && bar.testAttribute(Qt::WA_OpaquePaintEvent));
     }
 
     void hoverIsNoticed()
@@ -185,33 +161,20 @@ private slots:
         splitter.resize(300, 40);
         splitter.show();
         splitter.setHandlerClr(QPen(Qt::red), QBrush(Qt::green));
-        for (int i = 1; i < 3; ++i)
-            QVERIFY(boxOf(picture(*splitter.handle(i)), Qt::green).isEmpty());
         splitter.handle(0)->resize(9, 40);
-        QVERIFY(!boxOf(picture(*splitter.handle(0)), Qt::green).isEmpty());
+        for (int i = 0; i < 3; ++i)
+            QCOMPARE(boxOf(picture(*splitter.handle(i)), Qt::green).isEmpty(), i > 0);
 
         auto *handle = qobject_cast<CBPSplitterHandle *>(splitter.handle(1));
-        QVERIFY(handle);
+        const QImage light = picture(*handle); // as it was made, the upper line outside
+        QVERIFY(light.pixelColor(4, 0) == kPage && light.pixelColor(4, 20) == kPage);
+        for (const QPoint &line : {QPoint(0, 20), QPoint(8, 20), QPoint(4, 39)})
+            QVERIFY(light.pixelColor(line) != kPage && light.pixelColor(line) != kNothing);
         handle->setColr(QPen(QColor(Qt::red), INT_MAX), QBrush(Qt::green));
         picture(*handle); // no size overflows
         handle->setColr(QPen(Qt::red), QBrush(Qt::green));
         QCOMPARE(boxOf(picture(*handle), Qt::green), QRect(1, 0, 7, 39));
         QCOMPARE(boxOf(picture(*handle), Qt::red), QRect(0, 0, 9, 40));
-    }
-
-    void handleLooksLight()
-    {
-        CBPSplitter splitter(Qt::Vertical);
-        splitter.addWidget(new QWidget);
-        splitter.addWidget(new QWidget);
-        splitter.setHandleWidth(9);
-        splitter.resize(60, 200);
-        splitter.show();
-        const QImage image = picture(*splitter.handle(1));
-        QCOMPARE(image.pixelColor(30, 4), kPage);
-        QVERIFY(image.pixelColor(0, 4) != kPage && image.pixelColor(0, 4) != kNothing);
-        QCOMPARE(image.pixelColor(30, 0), kPage); // the upper line lies outside
-        QVERIFY(image.pixelColor(30, 8) != kPage && image.pixelColor(30, 8) != kNothing);
     }
 
     void scrollAreaIsNobodys()
