@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <memory>
+#include <tuple>
 
 namespace {
 
@@ -19,17 +20,6 @@ constexpr int kLanguage = 0; // the indices of the sections below
 constexpr int kHashes = 1;
 constexpr int kMessages = 2;
 constexpr int kContexts = 3;
-
-quint32 hashOf(const QByteArray &text)
-{
-    quint32 hash = 0;
-    for (const char character : text) {
-        hash = (hash << 4) + quint8(character);
-        hash ^= (hash & 0xf0000000) >> 24;
-        hash &= 0x0fffffff;
-    }
-    return hash;
-}
 
 QByteArray packed(const std::function<void(QDataStream &)> &write)
 {
@@ -43,28 +33,23 @@ QByteArray packed(const std::function<void(QDataStream &)> &write)
 // long.
 Sections sections()
 {
-    const QByteArray hello("hello");
-    const QByteArray files("%n file(s)"); // of the higher hash
-    QByteArray messages = packed([&](QDataStream &stream) {
-        stream << quint8(3) << QStringLiteral("Hallo") << quint8(8) << QByteArray("") << quint8(6) << hello
-               << quint8(7) << QByteArray("Talk") << quint8(1);
-    });
-    const int second = messages.size();
-    messages += packed([&](QDataStream &stream) {
-        stream << quint8(3) << QStringLiteral("%n Datei") << quint8(3) << QStringLiteral("%n Dateien")
-               << quint8(6) << files << quint8(7) << QByteArray("Talk") << quint8(1);
-    });
+    const auto message = [](const QStringList &texts, const QByteArray &source) {
+        return packed([&](QDataStream &stream) {
+            for (const QString &text : texts)
+                stream << quint8(3) << text;
+            stream << quint8(8) << QByteArray("") << quint8(6) << source << quint8(7) << QByteArray("Talk")
+                   << quint8(1);
+        });
+    };
+    const QByteArray first = message({"Hallo"}, "hello");
+    const QByteArray second = message({"%n Datei", "%n Dateien"}, "%n file(s)"); // of the higher hash
+    // As Qt hashes the two, and where their messages begin.
     const QByteArray hashes = packed([&](QDataStream &stream) {
-        stream << hashOf(hello) << quint32(0) << hashOf(files) << quint32(second);
+        stream << quint32(0x6ec32f) << quint32(0) << quint32(0xd00bf39) << quint32(first.size());
     });
-    const QByteArray contexts = packed([](QDataStream &stream) {
-        stream << quint16(1) << quint16(1) << quint16(0); // one list, which begins two bytes behind the table
-    });
-    return {{0xa7, "de"},
-            {0x42, hashes},
-            {0x69, messages},
-            {0x2f, contexts + QByteArray("\x04Talk\0", 6)},
-            {0x88, QByteArray("\x01\x01", 2)}};
+    // One list of contexts, which begins two bytes behind the table.
+    const QByteArray contexts("\0\1\0\1\0\0\4Talk\0", 12);
+    return {{0xa7, "de"}, {0x42, hashes}, {0x69, first + second}, {0x2f, contexts}, {0x88, "\1\1"}};
 }
 
 QByteArray catalogue(const Sections &sections)
@@ -84,7 +69,7 @@ bool writeFile(const QString &path, const QByteArray &content)
 
 QByteArray shipped()
 {
-    QFile file(Util::getResFullPath(QStringLiteral("../res/lumqtlib_en.qm")));
+    QFile file(Util::getResFullPath("../res/lumqtlib_en.qm"));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
@@ -144,37 +129,36 @@ private slots:
         const auto title = [] { return QCoreApplication::translate("CMsgBox", "{caption}Message"); };
         QVERIFY(!installedWithoutApplication);
         for (const char *unknown : {"", "_", "xx", "../en"}) {
-            QTest::ignoreMessage(QtWarningMsg,
-                                 QRegularExpression(QStringLiteral("no catalogue for the language")));
-            QVERIFY(!Util::InstallCatalogue(QString::fromLatin1(unknown)));
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression("no catalogue for the language"));
+            QVERIFY(!Util::InstallCatalogue(unknown));
         }
-        QCOMPARE(title(), QStringLiteral("{caption}Message"));
+        QCOMPARE(title(), QString("{caption}Message"));
         for (const char *language : {"en-GB", "en"})
-            QVERIFY(Util::InstallCatalogue(QString::fromLatin1(language)));
+            QVERIFY(Util::InstallCatalogue(language));
         QVERIFY(Util::InstallCatalogue());
-        QCOMPARE(title(), QStringLiteral("Message"));
+        QCOMPARE(title(), QString("Message"));
         const auto installed = qApp->findChildren<QTranslator *>();
         QCOMPARE(installed.size(), 1);
         delete installed.first();
-        QCOMPARE(title(), QStringLiteral("{caption}Message"));
+        QCOMPARE(title(), QString("{caption}Message"));
     }
 
     void readsWhatQtWrites()
     {
         QTemporaryDir folder;
-        const QString file = folder.filePath(QStringLiteral("a.qm"));
+        const QString file = folder.filePath("a.qm");
         QVERIFY(writeFile(file, catalogue(sections())));
         QObject parent;
         const QTranslator *german = Util::LoadCatalogue(file, &parent);
         QVERIFY(german && german->parent() == &parent);
         QVERIFY(writeFile(file, "changed")); // is no business of what was loaded
-        QCOMPARE(german->translate("Talk", "hello"), QStringLiteral("Hallo"));
-        QCOMPARE(german->translate("Talk", "%n file(s)", nullptr, 1), QStringLiteral("%n Datei"));
-        QCOMPARE(german->translate("Talk", "%n file(s)", nullptr, 2), QStringLiteral("%n Dateien"));
+        QCOMPARE(german->translate("Talk", "hello"), QString("Hallo"));
+        QCOMPARE(german->translate("Talk", "%n file(s)", nullptr, 1), QString("%n Datei"));
+        QCOMPARE(german->translate("Talk", "%n file(s)", nullptr, 2), QString("%n Dateien"));
         QVERIFY(german->translate("Other", "hello").isEmpty());
         for (const char *missing : {"a.qm", "none.qm", "."}) {
-            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("is not used")));
-            QVERIFY(!Util::LoadCatalogue(folder.filePath(QString::fromLatin1(missing))));
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression("is not used"));
+            QVERIFY(!Util::LoadCatalogue(folder.filePath(missing)));
         }
     }
 
@@ -182,68 +166,52 @@ private slots:
     // others.
     void soundness()
     {
-        const auto patch = [](int section, int at, const char *hex) {
+        using Damage = std::function<void(Sections &)>;
+        const auto put = [](int section, int at, const char *hex, int over = -1) -> Damage {
+            const QByteArray bytes = QByteArray::fromHex(hex);
             return [=](Sections &all) {
-                const QByteArray bytes = QByteArray::fromHex(hex);
-                all[section].second.replace(at < 0 ? all[section].second.size() + at : at, bytes.size(),
-                                            bytes);
+                QByteArray &content = all[section].second;
+                content.replace(at < 0 ? content.size() + at : at, over < 0 ? bytes.size() : over, bytes);
             };
         };
-        const struct
-        {
-            const char *name;
-            std::function<void(Sections &)> damage;
-            bool sound;
-        } cases[] = {
+        const auto add = [](quint8 kind) -> Damage {
+            return [=](Sections &all) { all.append({kind, "\0\0"}); };
+        };
+        const auto drop = [](int section) -> Damage { return [=](Sections &all) { all.remove(section); }; };
+        const std::tuple<const char *, Damage, bool> cases[] = {
             {"as it was", [](Sections &) {}, true},
-            {"another text", patch(kMessages, 5, "0041"), true},
-            {"an empty plural form",
-             [](Sections &all) {
-                 all[kMessages].second.insert(all[kMessages].second.size() - 25, "\3\xff\xff\xff\xff");
-             },
-             true},
-            {"no contexts", [](Sections &all) { all.remove(kContexts); }, true},
-            {"longer than the section", patch(kMessages, 1, "7ffffff0"), false},
-            {"of a negative length", patch(kMessages, 1, "fffffff0"), false},
-            {"of half a character", patch(kMessages, 1, "00000009"), false},
-            {"an unknown part", patch(kMessages, 0, "09"), false},
-            {"a message without an end", patch(kMessages, -1, "03"), false},
-            {"a hash into a message", patch(kHashes, 4, "00000001"), false},
-            {"a hash to nowhere", patch(kHashes, 12, "70000000"), false},
-            {"hashes that fall", patch(kHashes, 0, "ffffffff"), false},
-            {"half a hash", [](Sections &all) { all[kHashes].second.chop(4); }, false},
-            {"no hashes", [](Sections &all) { all.remove(kHashes); }, false},
-            {"no messages", [](Sections &all) { all.remove(kMessages); }, false},
-            {"no lists of contexts", patch(kContexts, 0, "0000"), false},
-            {"more lists than there is", patch(kContexts, 0, "7fff"), false},
-            {"a list to nowhere", patch(kContexts, 2, "7fff"), false},
-            {"a list without an end", patch(kContexts, -1, "f0"), true},
-            {"a part of old files",
-             [](Sections &all) {
-                 all[kMessages].second.insert(all[kMessages].second.size() - 1, "\5\1\2\3\4");
-             },
-             true},
-            {"a section twice", [](Sections &all) { all.append(all[kHashes]); }, false},
-            {"an empty section", patch(kLanguage, 0, ""), true},
-            {"an unknown section",
-             [](Sections &all) {
-                 all.append({0x11, "x"});
-             },
-             false},
-            {"other files",
-             [](Sections &all) {
-                 all.append({0x96, QByteArray(4, '\0')});
-             },
-             false},
+            {"another text", put(kMessages, 5, "0041"), true},
+            {"an empty plural form", put(kMessages, -25, "03ffffffff", 0), true},
+            {"a part of old files", put(kMessages, -1, "0501020304", 0), true},
+            {"no contexts", drop(kContexts), true},
+            {"a list without an end", put(kContexts, -1, "f0"), true},
+            {"longer than the section", put(kMessages, 1, "7ffffff0"), false},
+            {"of a negative length", put(kMessages, 1, "fffffff0"), false},
+            {"of half a character", put(kMessages, 1, "00000009"), false},
+            {"an unknown part", put(kMessages, 0, "09"), false},
+            {"a message without an end", put(kMessages, -1, "03"), false},
+            {"a hash into a message", put(kHashes, 4, "00000001"), false},
+            {"a hash to nowhere", put(kHashes, 12, "70000000"), false},
+            {"hashes that fall", put(kHashes, 0, "ffffffff"), false},
+            {"half a hash", put(kHashes, -4, "", 4), false},
+            {"no hashes", drop(kHashes), false},
+            {"no messages", drop(kMessages), false},
+            {"no lists of contexts", put(kContexts, 0, "0000"), false},
+            {"more lists than there is", put(kContexts, 0, "7fff"), false},
+            {"a list to nowhere", put(kContexts, 2, "7fff"), false},
+            {"an empty section", put(kLanguage, 0, "", 2), false},
+            {"a section twice", add(0x42), false},
+            {"an unknown section", add(0x11), false},
+            {"other files", add(0x96), false},
         };
         QTemporaryDir folder;
-        for (const auto &one : cases) {
+        for (const auto &[name, damage, sound] : cases) {
             Sections all = sections();
-            one.damage(all);
+            damage(all);
             const QByteArray content = catalogue(all);
-            QVERIFY2(lumqt::isSoundCatalogue(content) == one.sound, one.name);
-            if (one.sound)
-                lookUp(folder.filePath(QStringLiteral("a.qm")), content);
+            QVERIFY2(lumqt::isSoundCatalogue(content) == sound, name);
+            if (sound)
+                lookUp(folder.filePath("a.qm"), content);
         }
         const QByteArray whole = catalogue(sections());
         QVERIFY(!lumqt::isSoundCatalogue(whole + '\0'));
@@ -260,7 +228,7 @@ private slots:
         const QByteArray content = catalogue(sections());
         const QByteArray sum = QCryptographicHash::hash(content, QCryptographicHash::Sha256).toHex();
         QTemporaryDir folder;
-        const QString file = folder.filePath(QStringLiteral("a.qm"));
+        const QString file = folder.filePath("a.qm");
         QVERIFY(writeFile(file, content));
         const QPair<QByteArray, bool> files[] = {
             {sum + "  a.qm\n", true},
@@ -269,29 +237,27 @@ private slots:
             {sum.left(63), false},
             {sum + '0', false},
             {QByteArray(), false},
-            {sum + QByteArray(5000, ' '), false},
-        };
-        for (const auto &one : files) {
-            QVERIFY(writeFile(file + QLatin1String(".sha256"), one.first));
-            if (!one.second)
-                QTest::ignoreMessage(QtWarningMsg,
-                                     QRegularExpression(QStringLiteral("has not the checksum")));
-            QCOMPARE(bool(std::unique_ptr<QTranslator>(Util::LoadCatalogue(file))), one.second);
+            {sum + QByteArray(5000, ' '), false}};
+        for (const auto &[words, fits] : files) {
+            QVERIFY(writeFile(file + ".sha256", words));
+            if (!fits)
+                QTest::ignoreMessage(QtWarningMsg, QRegularExpression("has not the checksum"));
+            QCOMPARE(bool(std::unique_ptr<QTranslator>(Util::LoadCatalogue(file))), fits);
         }
     }
 
     // A file that is damaged in any way is not loaded, or can be read: the texts may be wrong then, no more.
     void damageDoesNotCrash()
     {
-        QLoggingCategory::setFilterRules(QStringLiteral("lumqtlib=false"));
+        QLoggingCategory::setFilterRules("lumqtlib=false");
         QTemporaryDir folder;
-        const QString file = folder.filePath(QStringLiteral("a.qm"));
-        const QString told = folder.filePath(QStringLiteral("told.qm"));
+        const QString file = folder.filePath("a.qm");
+        const QString told = folder.filePath("told.qm");
         QRandomGenerator random(20260725);
         int loaded = 0;
         for (const QByteArray &whole : {catalogue(sections()), shipped()}) {
             const QByteArray sum = QCryptographicHash::hash(whole, QCryptographicHash::Sha256).toHex();
-            QVERIFY(writeFile(told + QLatin1String(".sha256"), sum));
+            QVERIFY(writeFile(told + ".sha256", sum));
             for (int i = 0; i < 400; ++i) {
                 const QByteArray content = damaged(whole, random);
                 loaded += lookUp(file, content) ? 1 : 0;
