@@ -202,8 +202,7 @@ private slots:
             {"an empty section", put(kLanguage, 0, "", 2), false},
             {"a section twice", add(0x42), false},
             {"an unknown section", add(0x11), false},
-            {"other files", add(0x96), false},
-        };
+            {"other files", add(0x96), false}};
         QTemporaryDir folder;
         for (const auto &[name, damage, sound] : cases) {
             Sections all = sections();

@@ -147,8 +147,7 @@ private slots:
             {"12.34..", 3, 0, "B", "12.3..", "2:1|"},
             {"12...4", 3, 0, "B", "12...4", "2:0|"},
             {"...", 1, 0, "B", "...", "1:0|"},
-            {"12.34..", 2, 0, "B", "12.34..", "2:0|"},
-        };
+            {"12.34..", 2, 0, "B", "12.34..", "2:0|"}};
         const QMap<QChar, Qt::Key> named{{'L', Qt::Key_Left}, {'R', Qt::Key_Right}, {'B', Qt::Key_Backspace}};
         for (const char *language : {"C", "de_DE", "fr_FR"}) {
             QLocale::setDefault(QLocale(language));

@@ -349,14 +349,12 @@ private slots:
         QVERIFY(alike());
         const QStringList lead{"../res/icon_user.png"};
         const QStringList tail{"../res/icon_info.png", lead.first()};
-        const std::function<void()> changes[] = {
-            [&] { entry.SetIconPath(lead, tail); },
-            [&] { twin.SetIconPath(lead, tail); },
-            [&] { entry.SetFocusLabelColor(Qt::red, Qt::blue); },
-            [&] { twin.SetColor(Qt::red, Qt::blue); },
-            [&] { entry.HideTailIcon(); },
-            [&] { twin.HideTailIcon(); },
-        };
+        const std::function<void()> changes[] = {[&] { entry.SetIconPath(lead, tail); },
+                                                 [&] { twin.SetIconPath(lead, tail); },
+                                                 [&] { entry.SetFocusLabelColor(Qt::red, Qt::blue); },
+                                                 [&] { twin.SetColor(Qt::red, Qt::blue); },
+                                                 [&] { entry.HideTailIcon(); },
+                                                 [&] { twin.HideTailIcon(); }};
         for (int i = 0; i < 6; ++i) {
             changes[i]();
             QCOMPARE(alike(), i % 2 == 1);
