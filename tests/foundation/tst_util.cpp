@@ -49,30 +49,29 @@ private slots:
         QCOMPARE(GetUILanguage(), QString());
         QCOMPARE(asked, 1);
         // No language: two looks, then the key of no group and the default family.
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("has no /font_normal")));
-        QCOMPARE(GetFontFamily(1), QStringLiteral("Segoe UI"));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("has no /font_normal"));
+        QCOMPARE(GetFontFamily(1), QString("Segoe UI"));
         QCOMPARE(asked, 3);
-        answer = QStringLiteral("English");
-        QCOMPARE(GetUILanguage(), QStringLiteral("English"));
-        answer = QStringLiteral("German");
-        QCOMPARE(GetUILanguage(), QStringLiteral("English"));
+        answer = QString("English");
+        QCOMPARE(GetUILanguage(), QString("English"));
+        answer = QString("German");
+        QCOMPARE(GetUILanguage(), QString("English"));
         QCOMPARE(asked, 4);
         lumqt::platform::answers().interfaceLanguage = system;
     }
 
     void fontFamilies()
     {
-        QSettings table(QStringLiteral("../res/Common/langind.ini"), QSettings::IniFormat);
+        QSettings table(QString("../res/Common/langind.ini"), QSettings::IniFormat);
         const char *keys[] = {"font_light", "font_normal", "font_semibold", "font_bold"};
         for (int weight = 0; weight < 4; ++weight) {
-            const QString family =
-                table.value(QLatin1String("English/") + QLatin1String(keys[weight])).toString();
+            const QString family = table.value(QString("English/") + keys[weight]).toString();
             QVERIFY(!family.isEmpty());
             QCOMPARE(GetFontFamily(weight), family);
         }
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("has no English/")));
-        QCOMPARE(GetFontFamily(7), QStringLiteral("Segoe UI"));
-        QCOMPARE(GetFontFamily(-1), QStringLiteral("Segoe UI"));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("has no English/"));
+        QCOMPARE(GetFontFamily(7), QString("Segoe UI"));
+        QCOMPARE(GetFontFamily(-1), QString("Segoe UI"));
         QCOMPARE(lumqt::uiFont(1, 14).family(), GetFontFamily(1));
         QCOMPARE(lumqt::uiFont(1, 20).pixelSize(), 20);
         QVERIFY(lumqt::uiFont(1, -3).pixelSize() > 0);
@@ -92,21 +91,20 @@ private slots:
             {"", "../res/x", "res\\x", "res/x"}, // without an application
             {"C:/App/bin", "", "", ""}};
         for (const auto &[folder, name, windows, other] : rows) {
-            QCOMPARE(lumqt::resourcePath(folder, name, QStringLiteral("\\")), QString(windows));
-            QCOMPARE(lumqt::resourcePath(folder, name, QStringLiteral("/")), QString(other));
+            QCOMPARE(lumqt::resourcePath(folder, name, QString("\\")), QString(windows));
+            QCOMPARE(lumqt::resourcePath(folder, name, QString("/")), QString(other));
         }
     }
 
     void programPaths()
     {
         // The program of this test lies beside res/, so that the shipped file is found.
-        QVERIFY(QFile::exists(Util::getResFullPath(QStringLiteral("../res/UIConfig.ini"))));
-        QCOMPARE(Util::getLumResFullPath(QStringLiteral("langind.ini")),
-                 Util::getResFullPath(QStringLiteral("../res/Common/langind.ini")));
+        QVERIFY(QFile::exists(Util::getResFullPath("../res/UIConfig.ini")));
+        QCOMPARE(Util::getLumResFullPath("langind.ini"), Util::getResFullPath("../res/Common/langind.ini"));
         const QString separator = lumqt::platform::pathSeparator();
-        QCOMPARE(Util::getcurappPath(QStringLiteral("a/b")),
+        QCOMPARE(Util::getcurappPath("a/b"),
                  QCoreApplication::applicationDirPath().replace(QLatin1Char('/'), separator) + separator +
-                     QStringLiteral("a/b"));
+                     QString("a/b"));
         QCOMPARE(Util::getcurappPath(QString()), QString());
     }
 
@@ -152,7 +150,7 @@ private slots:
 
     void titleColors()
     {
-        const QString file = Util::getResFullPath(QStringLiteral("../res/UIConfig.ini"));
+        const QString file = Util::getResFullPath("../res/UIConfig.ini");
         QFile shipped(file);
         QVERIFY(shipped.open(QIODevice::ReadOnly));
         const QByteArray content = shipped.readAll();
@@ -166,7 +164,7 @@ private slots:
 
         // Nothing is kept: the next call reads the file as it is then.
         QVERIFY(writeFile(file, "[window]\ntitle_bgcolor=no colour\ntitle_textcolor=#010203\n"));
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("is no colour")));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("is no colour"));
         QVERIFY(!Util::GetWindowTitleBgColor().isValid());
         QCOMPARE(Util::GetWindowTitleTextColor(), QColor(1, 2, 3));
         QVERIFY(!Util::GetWindowTitleBottomLineClr(found).isValid());
@@ -246,7 +244,7 @@ private slots:
 
     void version()
     {
-        QCOMPARE(QStringLiteral(LUMQT_VERSION_STR), QStringLiteral("%1.%2.%3")
+        QCOMPARE(QStringLiteral(LUMQT_VERSION_STR), QString("%1.%2.%3")
                                                         .arg(LUMQT_VERSION >> 16)
                                                         .arg(LUMQT_VERSION >> 8 & 0xff)
                                                         .arg(LUMQT_VERSION & 0xff));

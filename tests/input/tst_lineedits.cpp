@@ -217,7 +217,7 @@ private Q_SLOTS:
             if (size.isEmpty())
                 continue;
             // The whole button is the picture, which is not shrunk.
-            QImage image = button->grab().toImage();
+            const QImage image = button->grab().toImage();
             QCOMPARE(boxOf(image, Qt::red), image.rect());
             button->setEnabled(false);
             QVERIFY(boxOf(button->grab().toImage(), Qt::red).isEmpty());
@@ -225,8 +225,7 @@ private Q_SLOTS:
             QPixmap other(size);
             other.fill(Qt::blue);
             button->setIcon(other);
-            image = button->grab().toImage();
-            QCOMPARE(image.pixelColor(image.rect().center()), QColor(Qt::blue));
+            QVERIFY(!boxOf(button->grab().toImage(), Qt::blue).isEmpty());
         }
         QWidget parent;
         const CBPLineEdit child(&parent, true);
@@ -271,29 +270,24 @@ private Q_SLOTS:
         edit.append("more");
         QCOMPARE(edit.toPlainText(), QString("Twel"));
         QCOMPARE(edit.textCursor().charFormat().fontWeight(), int(QFont::Normal));
-    }
-
-    void textLimitWhileUndoing()
-    {
         for (const bool redo : {false, true}) {
-            CBPTextEdit edit;
-            edit.insertPlainText(QString(100, 'x'));
-            if (redo) {
-                edit.undo();
-            } else {
-                edit.selectAll();
-                edit.textCursor().removeSelectedText(); // which the limit then does not concern
-            }
-            edit.setMaxLength(60);
+            CBPTextEdit undone;
+            undone.insertPlainText(QString(100, 'x'));
+            undone.selectAll();
+            if (redo)
+                undone.undo();
+            else
+                undone.textCursor().removeSelectedText(); // which the limit then does not concern
+            undone.setMaxLength(60);
             QTest::ignoreMessage(QtWarningMsg, "QTextCursor::setPosition: Position '100' out of range");
-            redo ? edit.redo() : edit.undo();
-            QCOMPARE(edit.toPlainText(), QString(60, 'x'));
-            QTRY_COMPARE(edit.textCursor().position(), 60);
+            redo ? undone.redo() : undone.undo();
+            QCOMPARE(undone.toPlainText(), QString(60, 'x'));
+            QTRY_COMPARE(undone.textCursor().position(), 60);
             // Otherwise the application may set the cursor where it likes.
-            edit.setPlainText(QString(100, 'x'));
-            edit.moveCursor(QTextCursor::Start);
+            undone.setPlainText(QString(100, 'x'));
+            undone.moveCursor(QTextCursor::Start);
             QCoreApplication::processEvents();
-            QCOMPARE(edit.textCursor().position(), 0);
+            QCOMPARE(undone.textCursor().position(), 0);
         }
     }
 
