@@ -35,8 +35,9 @@ function(lumqt_set_warnings target)
                                                  QT_NO_URL_CAST_FROM_STRING)
 endfunction()
 
-# Compiles the catalogue translations/<name>.ts as the target lumqt_translations, and says where to in LUMQT_CATALOGUES.
-# The compiler is the host's also when the library is built for another system.
+# Compiles the catalogues translations/<name>.ts as the target lumqt_translations. LUMQT_CATALOGUES says where to, with
+# the checksums that are shipped beside them, and LUMQT_CATALOGUE_RESOURCE is a resource file with the catalogues. The
+# compiler is the host's also when the library is built for another system.
 function(lumqt_compile_translations)
     get_target_property(qmake Qt5::qmake IMPORTED_LOCATION)
     get_filename_component(qt_tools "${qmake}" DIRECTORY)
@@ -45,20 +46,27 @@ function(lumqt_compile_translations)
         message(FATAL_ERROR "Qt's lrelease is missing; Debian's package qttools5-dev-tools has it")
     endif()
     set(catalogues)
+    set(files)
     foreach(name ${ARGN})
         set(source "${PROJECT_SOURCE_DIR}/translations/${name}.ts")
         set(compiled "${PROJECT_BINARY_DIR}/translations/${name}.qm")
         file(MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/translations")
         add_custom_command(
-            OUTPUT "${compiled}"
+            OUTPUT "${compiled}" "${compiled}.sha256"
             COMMAND "${LUMQT_LRELEASE}" -silent "${source}" -qm "${compiled}"
-            DEPENDS "${source}"
+            COMMAND "${CMAKE_COMMAND}" "-DCATALOGUE=${compiled}" -P "${PROJECT_SOURCE_DIR}/cmake/LumQtChecksum.cmake"
+            DEPENDS "${source}" "${PROJECT_SOURCE_DIR}/cmake/LumQtChecksum.cmake"
             COMMENT "Compiling ${name}.ts"
             VERBATIM)
-        list(APPEND catalogues "${compiled}")
+        list(APPEND catalogues "${compiled}" "${compiled}.sha256")
+        string(APPEND files "<file alias=\"${name}.qm\">${compiled}</file>\n")
     endforeach()
     add_custom_target(lumqt_translations ALL DEPENDS ${catalogues})
     set(LUMQT_CATALOGUES "${catalogues}" PARENT_SCOPE)
+    set(resource "${PROJECT_BINARY_DIR}/translations/lumqtlib_catalogues.qrc")
+    file(CONFIGURE OUTPUT "${resource}" @ONLY
+         CONTENT "<RCC><qresource prefix=\"/lumqtlib/translations\">\n${files}</qresource></RCC>\n")
+    set(LUMQT_CATALOGUE_RESOURCE "${resource}" PARENT_SCOPE)
 endfunction()
 
 # Copies res/ and the catalogues to where the programs of this build look for it. The font table is the platform's own.

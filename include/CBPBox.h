@@ -85,13 +85,13 @@ public:
     /// Animates the maximum height from \a iStart to \a iEnd in \a iDuration milliseconds, evenly. Negative
     /// numbers count as 0.
     ///
-    /// Where the height is on its way already, between the two, the animation goes on from where it is, in
-    /// the part of the time that is left from there: folding a box that is opening does not jump.
-    /// \since 1.0
+    /// The box imposes nothing of its own: an animation of the height that is under way is given up for the
+    /// new one, which begins at \a iStart and takes the whole time. To turn a half-open box round without a
+    /// jump, pass its maximumHeight() as the start, and the part of the time that fits. \since 1.0
     void AnimatedExpanding(int iStart, int iEnd, int iDuration);
 
-    /// The same for folding. On a box whose maximum height is 0 no animation is started, and one that was
-    /// just about to open it is stopped. \since 1.0
+    /// The same for folding. Nothing happens while the maximum height is 0, not even to an animation that
+    /// opens the box from there: right after AnimatedExpanding(0, ...) it opens all the same. \since 1.0
     void AnimatedCollapse(int iStart, int iEnd, int iDuration);
 
     /// The same for the size, which should not be a layout's to rule then.

@@ -44,7 +44,7 @@ public:
 
     /// Adds an item at the end, a spacer or a layout; the layout owns it then. Left out with a warning, and
     /// still the caller's: null, an item that is there already, this layout itself, a layout that this one
-    /// lies in or that holds a widget around it. \since 1.0
+    /// lies in or that holds a widget around it, and one that another layout or a widget has. \since 1.0
     void addItem(QLayoutItem *item) override;
 
     /// Number of items.

@@ -13,8 +13,10 @@ class QStyleOptionSlider;
 /// A flat scroll bar, 10 pixels thick: a ground, the two areas beside the slider and the slider, which is
 /// darker under the mouse. The arrow buttons work, and are not painted.
 ///
-/// Colours and radii that painting has no use for are kept, no more. A colour that is not valid leaves its
-/// part unpainted. GUI thread only. \since 1.0
+/// Wheel and keys do what they do on a QScrollBar, which is not what they do on a slider: turning the wheel
+/// away from you goes to the minimum, Ctrl or Shift makes it a page. Colours and radii that painting has no
+/// use for are kept, no more. A colour that is not valid leaves its part unpainted. GUI thread only.
+/// \since 1.0
 class LUMQT_EXPORT CBPScrollBar : public QScrollBar
 {
     Q_OBJECT

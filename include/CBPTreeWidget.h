@@ -7,8 +7,11 @@
 /// The library's tree: whole rows are selected, top-level items have no branch mark, a click on the selected
 /// item or the edit key (F2) edits.
 ///
-/// Sorting is on. A context menu is the application's: connect customContextMenuRequested(). GUI thread only.
-/// \since 1.0
+/// Sorting is on, by the first column, falling, until somebody clicks a header: items do not stay where
+/// they are added, and one whose text is edited may move, so that takeTopLevelItem(), itemAbove() and indexes
+/// find another one than in a plain QTreeWidget. Switch sorting off while you fill the tree
+/// (setSortingEnabled()), or hold items rather than their indexes. A context menu is the application's:
+/// connect customContextMenuRequested(). GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPTreeWidget : public QTreeWidget
 {
     Q_OBJECT

@@ -23,7 +23,7 @@ class QScrollArea;
 ///
 /// Types: 0 information, 1 question, 2 warning, 3 error; each brings its icon and its title, which an own
 /// caption replaces. Any other type is information without a title. The titles are entries such as
-/// "{caption}Message" of the translation catalogue; "../res/lumqtlib_en.qm" holds the English ones.
+/// "{caption}Message" of the translation catalogue; Util::InstallCatalogue() installs the English ones.
 ///
 /// Heading, message and prompts are shown as a QLabel shows them: a text that looks like rich text is rich
 /// text, unbalanced markup included; a heading always is, so its line ends are spaces. Text from outside

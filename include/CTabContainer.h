@@ -20,10 +20,11 @@ class TabBar;
 /// The first tab is the current one until another is clicked. Pages stand in one row: those of tabs that were
 /// added before control was back in the event loop, all but the current one, are hidden then; a page that
 /// comes later stays visible, beside the current one, until a tab is clicked. To keep a window from taking
-/// the width of all pages, hide them before they are added. The tabs are one stop of the Tab key: the arrow
-/// keys move along them, Space opens a page. Screen readers find a list of page tabs, which of them is
-/// selected, and its page. Tabs and pages may be deleted; the page of a deleted tab goes at the next click.
-/// GUI thread only. \since 1.0
+/// the width of all pages, hide them before they are added. A tab is 85 pixels wide, and wider only for an
+/// icon: a text that finds no room ends in an ellipsis, and a tool tip shows all of it. The tabs are one stop
+/// of the Tab key: the arrow keys move along them, Space opens a page. Screen readers find a list of page
+/// tabs, which of them is selected, and its page. Tabs and pages may be deleted; the page of a deleted tab
+/// goes at the next click. GUI thread only. \since 1.0
 class LUMQT_EXPORT CTabContainer : public QWidget
 {
     Q_OBJECT

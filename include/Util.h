@@ -6,8 +6,11 @@
 #include <QString>
 #include <QVariant>
 
+class QObject;
+class QTranslator;
+
 /// Paths of resources, ini files, title colours and two validators: what every widget of the library asks
-/// for.
+/// for; and the catalogues of its texts.
 ///
 /// All members are static. Resource names are written relative to the program's folder and begin with
 /// "../res/": the folder `res` lies beside the folder that holds the running program. GUI thread only.
@@ -78,4 +81,32 @@ public:
     /// Whether \a s is an IPv4 address in dotted notation. A part of two digits may start with 0, one of
     /// three may not. \since 1.0
     static bool IsIPAddress(const QString &s);
+
+    /// Installs the library's own texts for \a language, which it carries inside itself: no file is read.
+    ///
+    /// There are English ones, with which "{caption}Message" reads as Message. "en_GB" is served by "en".
+    /// Call it once there is an application, and before you install translators of your own: Qt asks the last
+    /// one first. A second call for the same language changes nothing and says true. False, and a line in the
+    /// log category "lumqtlib", for a language that the library has no texts in, and without an application.
+    /// \since 1.0
+    static bool InstallCatalogue(const QString &language = QStringLiteral("en"));
+
+    /// A translator with the texts of the compiled catalogue \a file (.qm), for installTranslator(); null,
+    /// and a line in the log category "lumqtlib", for a file that is missing, damaged or none.
+    ///
+    /// Use it in place of QTranslator::load(), which trusts a file: what is damaged crashes there, at some
+    /// text later on. Here every length and offset is checked first. Where a checksum lies beside the file,
+    /// as sha256sum writes it, in a file of that name with ".sha256" behind it, any change is noticed;
+    /// "../res/lumqtlib_en.qm" has one. A catalogue above 64 MiB, or one that refers to others, is not used.
+    /// The whole file is in memory then, and may be replaced.
+    ///
+    /// The translator is a child of \a parent, or the caller's; deleting it removes it from the application.
+    ///
+    /// \code
+    /// Util::InstallCatalogue();
+    /// if (QTranslator *german = Util::LoadCatalogue(Util::getResFullPath("../res/lumqtlib_de.qm"), qApp))
+    ///     QCoreApplication::installTranslator(german);
+    /// \endcode
+    /// \since 1.0
+    static QTranslator *LoadCatalogue(const QString &file, QObject *parent = nullptr);
 };

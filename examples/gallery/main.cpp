@@ -14,7 +14,6 @@
 #include <QStyle>
 #include <QStyleFactory>
 #include <QTextStream>
-#include <QTranslator>
 
 #include <utility>
 
@@ -120,9 +119,7 @@ int run(const Options &options)
 {
     setUpFonts();
     setUpColors();
-    QTranslator catalogue; // the library's own English texts, such as the titles of message boxes
-    if (catalogue.load(Util::getResFullPath(QStringLiteral("../res/lumqtlib_en.qm"))))
-        QCoreApplication::installTranslator(&catalogue);
+    Util::InstallCatalogue(); // the library's own English texts, such as the titles of message boxes
     GalleryWindow window;
     window.showPage(options.page.isEmpty() ? pages().first().id : options.page);
     window.show();

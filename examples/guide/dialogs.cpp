@@ -10,7 +10,6 @@
 #include <QApplication>
 #include <QDir>
 #include <QPointer>
-#include <QTranslator>
 #include <QVBoxLayout>
 
 namespace {
@@ -105,9 +104,7 @@ int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
     QDir::setCurrent(QCoreApplication::applicationDirPath());
-    QTranslator catalogue; // the titles of message boxes are in it
-    if (catalogue.load(Util::getResFullPath("../res/lumqtlib_en.qm")))
-        QCoreApplication::installTranslator(&catalogue);
+    Util::InstallCatalogue(); // has the titles of message boxes
 
     CBaseWin window;
     window.setCaption("Dialogs");

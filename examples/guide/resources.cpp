@@ -44,10 +44,15 @@ int main(int argc, char *argv[])
 
     // Before the first widget:
     QDir::setCurrent(QCoreApplication::applicationDirPath());
-    QTranslator catalogue; // lives as long as the application uses it
-    if (catalogue.load(Util::getResFullPath("../res/lumqtlib_en.qm")))
-        QCoreApplication::installTranslator(&catalogue);
+    Util::InstallCatalogue(); // the library's English texts
     //! [start]
+
+    //! [language]
+    // Lives as long as the application. Without the file, or with a damaged one, the texts stay English.
+    const QString german = Util::getResFullPath("../res/lumqtlib_de.qm");
+    if (QTranslator *texts = QFile::exists(german) ? Util::LoadCatalogue(german, &application) : nullptr)
+        QCoreApplication::installTranslator(texts);
+    //! [language]
 
     CBaseWin window;
     window.setCaption("Resources");

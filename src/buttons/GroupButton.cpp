@@ -61,6 +61,7 @@ GroupButton::GroupButton(const QString &text, int id, bool exclusive)
     : CBPPushBtn(QString(), id, ALIGN_CENTER, true, false), m_exclusive(exclusive)
 {
     installAccessible(staticMetaObject.className(), makeAccessible);
+    setTextElided(true);   // the width is the same for every text
     setAutoDefault(false); // Enter in a dialog is for its real buttons, as beside a radio button
     // Not by the base's constructor: a change of the text makes Qt look for the accessible interface, and it
     // would keep that of the base class.

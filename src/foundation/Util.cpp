@@ -1,5 +1,6 @@
 #include "Util.h"
 
+#include "foundation/Catalogue.h"
 #include "foundation/FileLook.h"
 #include "foundation/Log.h"
 #include "foundation/ResourcePath.h"
@@ -161,4 +162,14 @@ bool Util::IsIPAddress(const QString &s)
         QStringLiteral("^(([1]?\\d\\d?|2[0-4]\\d|25[0-5])\\.){3}([1]?\\d\\d?|2[0-4]\\d|25[0-5])$"),
         Qt::CaseSensitive);
     return pattern.exactMatch(s);
+}
+
+bool Util::InstallCatalogue(const QString &language)
+{
+    return lumqt::installOwnCatalogue(language);
+}
+
+QTranslator *Util::LoadCatalogue(const QString &file, QObject *parent)
+{
+    return lumqt::loadCatalogue(file, parent);
 }

@@ -55,6 +55,8 @@ CBPQtTableView::CBPQtTableView(QWidget *parent) : QTableView(parent) {}
 
 CBPQtTableView::~CBPQtTableView() = default;
 
+// Sorting is on from the first item, although it moves rows while they are filled: views of applications
+// count on lists that come up in order, and on the arrow that their header shows from the start.
 CBPTableWidget::CBPTableWidget(QWidget *) : QTableWidget(nullptr)
 {
     setFrameShape(QFrame::NoFrame);
@@ -76,6 +78,7 @@ CBPTreeView::CBPTreeView(QWidget *) : QTreeView(nullptr) {}
 
 CBPTreeView::~CBPTreeView() = default;
 
+// Sorted from the start, as the table is.
 CBPTreeWidget::CBPTreeWidget() : QTreeWidget(nullptr)
 {
     setSelectionBehavior(QAbstractItemView::SelectRows);

@@ -15,44 +15,15 @@ namespace {
 const QColor kFrameColor(255, 0, 0);
 const QColor kGroundColor(255, 255, 255);
 
-// How far `now` lies on the way from `from` to `to`: 0 to 1, or less than 0 when it is not on that way.
-qreal progress(int from, int to, int now)
-{
-    if (from == to || now < qMin(from, to) || now > qMax(from, to))
-        return -1.0;
-    return qreal(now - from) / (to - from);
-}
-
-qreal progressOf(const QVariant &from, const QVariant &to, const QVariant &now)
-{
-    if (from.type() == QVariant::Int)
-        return progress(from.toInt(), to.toInt(), now.toInt());
-    const QSize start = from.toSize();
-    const QSize end = to.toSize();
-    const QSize size = now.toSize();
-    // The side with the longer way says it more exactly.
-    if (qAbs(end.width() - start.width()) >= qAbs(end.height() - start.height()))
-        return progress(start.width(), end.width(), size.width());
-    return progress(start.height(), end.height(), size.height());
-}
-
+// Start, end and time are the caller's also where the animation is on its way already: an application that
+// wants no jump passes what it sees. A running animation takes no notice of start(), so it is stopped first.
 void run(QPropertyAnimation *animation, const QVariant &from, const QVariant &to, int duration)
 {
     if (!animation)
         return;
-    QVariant start = from;
-    qreal done = 0.0;
-    if (animation->state() == QAbstractAnimation::Running) {
-        const QVariant now = animation->currentValue();
-        const qreal known = progressOf(from, to, now);
-        if (known >= 0.0) {
-            start = now;
-            done = known;
-        }
-        animation->stop(); // a running animation takes no notice of start()
-    }
-    animation->setDuration(qRound(qMax(0, duration) * (1.0 - done)));
-    animation->setStartValue(start);
+    animation->stop();
+    animation->setDuration(qMax(0, duration));
+    animation->setStartValue(from);
     animation->setEndValue(to);
     animation->start(QAbstractAnimation::KeepWhenStopped);
 }
@@ -225,10 +196,9 @@ void CBPBox::AnimatedExpanding(int iStart, int iEnd, int iDuration)
 
 void CBPBox::AnimatedCollapse(int iStart, int iEnd, int iDuration)
 {
+    // What has no height is folded: also a box that is about to open from 0, which goes on.
     if (maximumHeight() != 0)
         run(m_pHeightAnimation, qMax(0, iStart), qMax(0, iEnd), iDuration);
-    else if (m_pHeightAnimation)
-        m_pHeightAnimation->stop(); // folded is what was asked for
 }
 
 void CBPBox::AnimatedHorizontal(QSize start, QSize end, int iDuration)

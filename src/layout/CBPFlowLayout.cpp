@@ -103,6 +103,10 @@ bool CBPFlowLayout::canTake(QLayoutItem *item) const
             return false;
         }
     }
+    if (inner && inner->parent() && inner->parent() != this) { // two owners would both delete it
+        qCWarning(lcLumQt, "CBPFlowLayout: the layout lies in another one, or is a widget's");
+        return false;
+    }
     if (m_listItems.contains(item)) {
         qCWarning(lcLumQt, "CBPFlowLayout: the item is there already");
         return false;
@@ -115,10 +119,9 @@ void CBPFlowLayout::addItem(QLayoutItem *item)
 {
     if (!canTake(item))
         return;
-    if (QLayout *inner = item->layout()) {
-        if (!inner->parent())
-            addChildLayout(inner);
-    }
+    QLayout *inner = item->layout();
+    if (inner && !inner->parent())
+        addChildLayout(inner);
     m_listItems.append(item);
     invalidate();
 }

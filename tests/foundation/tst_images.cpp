@@ -1,9 +1,12 @@
 #include "foundation/ImageLoader.h"
 #include "foundation/Painting.h"
+#include "Pixels.h"
 #include "TestMain.h"
 
 #include <QPainter>
 #include <QTemporaryDir>
+
+#include <tuple>
 
 using lumqt::loadPixmap;
 using lumqt::logicalSize;
@@ -47,6 +50,15 @@ QImage canvas(int width, int height, qreal ratio = 1.0)
     return image;
 }
 
+lumqt::Body roundBody()
+{
+    lumqt::Body body;
+    body.fill = QColor(200, 220, 240);
+    body.frame = QColor(10, 20, 30);
+    body.radiusX = body.radiusY = 12;
+    return body;
+}
+
 } // namespace
 
 class TestImages : public QObject
@@ -60,70 +72,49 @@ private slots:
         QVERIFY(m_folder->isValid());
     }
 
-    void densities_data()
-    {
-        QTest::addColumn<qreal>("ratio");
-        QTest::addColumn<QColor>("shown");
-        QTest::newRow("100 %") << 1.0 << QColor(Qt::red);
-        QTest::newRow("150 %") << 1.5 << QColor(Qt::blue);
-        QTest::newRow("200 %") << 2.0 << QColor(Qt::blue);
-    }
-
     // The picture of the right density, and the logical size of the ordinary one at every ratio.
     void densities()
     {
-        QFETCH(qreal, ratio);
         const QString file = path("a.png");
         savePng(file, 10, Qt::red);
-        savePng(path("a@2x.png"), 20, Qt::blue);
-        const QPixmap pixmap = loadPixmap(file, ratio);
-        QCOMPARE(logicalSize(pixmap), QSize(10, 10));
-        QCOMPARE(pixmap.width(), qRound(10 * ratio));
-        QTEST(middle(pixmap), "shown");
-
+        QCOMPARE(middle(loadPixmap(file, 2.0)), QColor(Qt::red));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("cannot be read"));
+        write(path("a@2x.png"), "nothing");
+        QCOMPARE(middle(loadPixmap(file, 2.0)), QColor(Qt::red));
+        savePng(path("a@2x.png"), 20, Qt::blue); // comes later
         write(path("b.svg"), drawing("#00ff00"));
-        const QPixmap sharp = loadPixmap(path("b.svg"), ratio);
-        QCOMPARE(sharp.width(), qRound(10 * ratio));
-        QCOMPARE(logicalSize(sharp), QSize(10, 10));
-        QCOMPARE(middle(sharp), QColor(0, 255, 0));
-    }
-
-    void replacedFileShows_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::newRow("png") << "a.png";
-        QTest::newRow("svg") << "a.svg";
+        for (const qreal ratio : {1.0, 1.5, 2.0}) {
+            const QPair<QPixmap, QColor> shown[] = {{loadPixmap(file, ratio), ratio > 1 ? Qt::blue : Qt::red},
+                                                    {loadPixmap(path("b.svg"), ratio), QColor(0, 255, 0)}};
+            for (const auto &[pixmap, color] : shown) {
+                QCOMPARE(logicalSize(pixmap), QSize(10, 10));
+                QCOMPARE(pixmap.width(), qRound(10 * ratio));
+                QCOMPARE(middle(pixmap), color);
+            }
+        }
     }
 
     void replacedFileShows()
     {
-        QFETCH(QString, name);
-        const bool svg = name.endsWith(QLatin1String("svg"));
-        const QString file = m_folder->filePath(name);
-        const auto save = [&](const char *color, int side) {
-            if (svg)
-                write(file, drawing(color, side));
-            else
-                savePng(file, side, QColor(QLatin1String(color)));
-        };
-        save("#ff0000", 10);
-        QCOMPARE(middle(loadPixmap(file, 1.0)), QColor(255, 0, 0));
-        save("#0000ff", 40);
-        QCOMPARE(middle(loadPixmap(file, 1.0)), QColor(0, 0, 255));
-        QVERIFY(QFile::remove(file));
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("is missing")));
-        QVERIFY(loadPixmap(file, 1.0).isNull());
-        QVERIFY(loadPixmap(file, 1.0).isNull()); // and is told of once
-        save("#00ff00", 10);
-        QCOMPARE(middle(loadPixmap(file, 1.0)), QColor(0, 255, 0));
-    }
-
-    void highDensityFileComesLater()
-    {
-        savePng(path("a.png"), 10, Qt::red);
-        QCOMPARE(middle(loadPixmap(path("a.png"), 2.0)), QColor(Qt::red));
-        savePng(path("a@2x.png"), 20, Qt::blue);
-        QCOMPARE(middle(loadPixmap(path("a.png"), 2.0)), QColor(Qt::blue));
+        for (const char *name : {"a.png", "a.svg"}) {
+            const QString file = path(name);
+            const auto save = [&](const char *color, int side) {
+                if (file.endsWith("svg"))
+                    write(file, drawing(color, side));
+                else
+                    savePng(file, side, QColor(color));
+            };
+            save("#ff0000", 10);
+            QCOMPARE(middle(loadPixmap(file, 1.0)), QColor(255, 0, 0));
+            save("#0000ff", 40);
+            QCOMPARE(middle(loadPixmap(file, 1.0)), QColor(0, 0, 255));
+            QVERIFY(QFile::remove(file));
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression("is missing"));
+            QVERIFY(loadPixmap(file, 1.0).isNull());
+            QVERIFY(loadPixmap(file, 1.0).isNull()); // and is told of once
+            save("#00ff00", 10);
+            QCOMPARE(middle(loadPixmap(file, 1.0)), QColor(0, 255, 0));
+        }
     }
 
     void keptWhileUnchanged()
@@ -143,57 +134,35 @@ private slots:
         QCOMPARE(middle(loadPixmap(file, 1.0)), QColor(Qt::blue));
     }
 
-    void brokenHighDensityFile()
+    void badFiles()
     {
-        savePng(path("a.png"), 10, Qt::red);
-        write(path("a@2x.png"), "nothing");
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("cannot be read")));
-        QCOMPARE(middle(loadPixmap(path("a.png"), 2.0)), QColor(Qt::red));
-    }
-
-    void badFiles_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<QString>("warning");
         QByteArray png;
         QBuffer buffer(&png);
-        QImage image(64, 64, QImage::Format_RGB32);
-        image.fill(Qt::red);
-        image.save(&buffer, "PNG");
+        canvas(64, 64).save(&buffer, "PNG");
         // A well-formed file that announces 20,000 x 20,000 pixels.
         const QByteArray huge = QByteArray::fromHex(
             "89504e470d0a1a0a0000000d4948445200004e2000004e2008020000006c12d16e0000000b494441"
             "54789c6360800100000a00017f80745e0000000049454e44ae426082");
-        QTest::newRow("empty png") << "a.png" << QByteArray() << "cannot be read";
-        QTest::newRow("truncated png") << "a.png" << png.left(40) << "cannot be read";
-        QTest::newRow("text png") << "a.png" << QByteArray("hello") << "cannot be read";
-        QTest::newRow("huge png") << "a.png" << huge << "too large";
-        QTest::newRow("empty svg") << "a.svg" << QByteArray() << "cannot be read";
-        QTest::newRow("broken svg") << "a.svg" << QByteArray("<svg><rect") << "cannot be read";
-        QTest::newRow("huge svg") << "a.svg" << drawing("#f00", 100000) << "too large";
-        QTest::newRow("enormous svg") << "a.svg" << drawing("#f00", 1500000000) << "too large";
-        QTest::newRow("svg without a size")
-            << "a.svg" << QByteArray("<svg xmlns='http://www.w3.org/2000/svg'/>") << "has no size";
-        QTest::newRow("missing") << "none.png" << QByteArray() << "is missing";
-    }
-
-    void badFiles()
-    {
-        QFETCH(QString, name);
-        QFETCH(QByteArray, content);
-        QFETCH(QString, warning);
-        if (!name.startsWith(QLatin1String("none")))
-            write(m_folder->filePath(name), content);
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(warning));
-        QVERIFY(loadPixmap(m_folder->filePath(name), 1.0).isNull());
+        const std::tuple<const char *, QByteArray, const char *> rows[] = {
+            {"empty.png", "", "cannot be read"},
+            {"cut.png", png.left(40), "cannot be read"},
+            {"text.png", "hello", "cannot be read"},
+            {"huge.png", huge, "too large"},
+            {"empty.svg", "", "cannot be read"},
+            {"broken.svg", "<svg><rect", "cannot be read"},
+            {"huge.svg", drawing("#f00", 100000), "too large"},
+            {"enormous.svg", drawing("#f00", 1500000000), "too large"},
+            {"sizeless.svg", "<svg xmlns='http://www.w3.org/2000/svg'/>", "has no size"}};
+        for (const auto &[name, content, warning] : rows) {
+            write(path(name), content);
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(warning));
+            QVERIFY2(loadPixmap(path(name), 1.0).isNull(), name);
+        }
+        for (const char *missing : {"none.png", "."}) {
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression("is missing"));
+            QVERIFY2(loadPixmap(path(missing), 1.0).isNull(), missing);
+        }
         QCOMPARE(logicalSize(loadPixmap(QString(), 1.0)), QSize(0, 0));
-    }
-
-    void aFolderIsNoImage()
-    {
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("is missing")));
-        QVERIFY(loadPixmap(m_folder->path(), 1.0).isNull());
     }
 
     // Every shipped picture is there at both densities.
@@ -218,82 +187,58 @@ private slots:
         QVERIFY(count > 80);
     }
 
-    void bodyFrame_data()
-    {
-        QTest::addColumn<qreal>("ratio");
-        QTest::addColumn<int>("radius");
-        QTest::addColumn<QRect>("rect");
-        for (const qreal ratio : {1.0, 1.25, 1.5, 2.0}) {
-            for (const int radius : {0, 6}) {
-                for (const QRect &rect : {QRect(0, 0, 80, 28), QRect(3, 5, 85, 27), QRect(1, 1, 600, 601)})
-                    QTest::addRow("%g, radius %d, %d wide", ratio, radius, rect.width())
-                        << ratio << radius << rect;
-            }
-        }
-    }
-
     // The outermost device pixel has the frame's own colour at every scaling and place: nothing is smeared
     // over two, and the frame is as wide on one side as on the other.
     void bodyFrame()
     {
-        QFETCH(qreal, ratio);
-        QFETCH(int, radius);
-        QFETCH(QRect, rect);
-        QImage image = canvas(640, 640, ratio);
-        lumqt::Body body;
-        body.fill = QColor(200, 220, 240);
-        body.frame = QColor(10, 20, 30);
-        body.radiusX = body.radiusY = radius;
-        QPainter painter(&image);
-        lumqt::drawBody(painter, rect, body);
-        painter.end();
-        const int left = qRound(rect.x() * ratio);
-        const int top = qRound(rect.y() * ratio);
-        const int right = qRound((rect.x() + rect.width()) * ratio) - 1;
-        const int bottom = qRound((rect.y() + rect.height()) * ratio) - 1;
-        const int midX = (left + right) / 2;
-        const int midY = (top + bottom) / 2;
-        const int width = qMax(1, qRound(ratio));
-        for (int i = 0; i < width; ++i) {
-            QCOMPARE(image.pixelColor(left + i, midY), body.frame);
-            QCOMPARE(image.pixelColor(right - i, midY), body.frame);
-            QCOMPARE(image.pixelColor(midX, top + i), body.frame);
-            QCOMPARE(image.pixelColor(midX, bottom - i), body.frame);
+        lumqt::Body body = roundBody();
+        for (const qreal ratio : {1.0, 1.25, 1.5, 2.0}) {
+            for (const int radius : {0, 6}) {
+                for (const QRect &rect : {QRect(0, 0, 80, 28), QRect(3, 5, 85, 27), QRect(1, 1, 600, 601)}) {
+                    QImage image = canvas(640, 640, ratio);
+                    body.radiusX = body.radiusY = radius;
+                    QPainter painter(&image);
+                    lumqt::drawBody(painter, rect, body);
+                    painter.end();
+                    const int left = qRound(rect.x() * ratio);
+                    const int top = qRound(rect.y() * ratio);
+                    const int right = qRound((rect.x() + rect.width()) * ratio) - 1;
+                    const int bottom = qRound((rect.y() + rect.height()) * ratio) - 1;
+                    const int midX = (left + right) / 2;
+                    const int midY = (top + bottom) / 2;
+                    const int width = qMax(1, qRound(ratio));
+                    for (int i = 0; i <= width; ++i) { // the last one lies inside the frame
+                        for (const QPoint &at : {QPoint(left + i, midY), QPoint(right - i, midY),
+                                                 QPoint(midX, top + i), QPoint(midX, bottom - i)})
+                            QCOMPARE(image.pixelColor(at), i < width ? body.frame : body.fill);
+                    }
+                    QCOMPARE(image.pixelColor(right + 1, midY), QColor(Qt::white));
+                    QCOMPARE(image.pixelColor(left, top) == body.frame, radius == 0);
+                }
+            }
         }
-        QCOMPARE(image.pixelColor(left + width, midY), body.fill);
-        QCOMPARE(image.pixelColor(right - width, midY), body.fill);
-        QCOMPARE(image.pixelColor(midX, bottom - width), body.fill);
-        QCOMPARE(image.pixelColor(right + 1, midY), QColor(Qt::white));
-        QCOMPARE(image.pixelColor(left, top) == body.frame, radius == 0);
     }
 
     // Bodies that differ in one thing only are different pictures.
     void bodiesAreToldApart()
     {
-        lumqt::Body body;
-        body.fill = QColor(200, 220, 240);
-        body.frame = QColor(10, 20, 30);
-        body.radiusX = body.radiusY = 12;
+        const lumqt::Body body = roundBody();
         const auto paint = [](const lumqt::Body &look, qreal ratio) {
-            QImage image(80, 60, QImage::Format_ARGB32_Premultiplied);
-            image.setDevicePixelRatio(ratio);
-            image.fill(Qt::white);
+            QImage image = canvas(int(80 / ratio), int(60 / ratio), ratio);
             QPainter painter(&image);
             lumqt::drawBody(painter, QRect(QPoint(0, 0), image.size() / ratio), look);
             return image.convertToFormat(QImage::Format_RGB32);
         };
         QVector<QImage> seen{paint(body, 1.0), paint(body, 2.0)};
-        const auto add = [&](void (*change)(lumqt::Body &)) {
+        void (*const changes[])(lumqt::Body &) = {
+            [](lumqt::Body &look) { look.radiusX = 6; },    [](lumqt::Body &look) { look.radiusY = 6; },
+            [](lumqt::Body &look) { look.frameWidth = 2; }, [](lumqt::Body &look) { look.frame = Qt::red; },
+            [](lumqt::Body &look) { look.fill = Qt::red; }, [](lumqt::Body &look) { look.frame = QColor(); }};
+        for (const auto change : changes) {
             lumqt::Body other = body;
             change(other);
             seen.append(paint(other, 1.0));
-        };
-        add([](lumqt::Body &look) { look.radiusX = 6; });
-        add([](lumqt::Body &look) { look.radiusY = 6; });
-        add([](lumqt::Body &look) { look.frameWidth = 2; });
-        add([](lumqt::Body &look) { look.frame = Qt::red; });
-        add([](lumqt::Body &look) { look.fill = Qt::red; });
-        add([](lumqt::Body &look) { look.frame = QColor(); });
+        }
         for (int i = 0; i < seen.size(); ++i) {
             seen[i].setDevicePixelRatio(1.0);
             for (int j = 0; j < i; ++j)
@@ -344,10 +289,10 @@ private slots:
             reference.drawText(QRectF(full.rect()), text, option);
             reference.end();
             QVERIFY(ours != last);
-            QVERIFY2(inkBox(ours).adjusted(-1, -1, 1, 1).contains(inkBox(full)), qPrintable(text));
+            QVERIFY2(inkOf(ours, 160).adjusted(-1, -1, 1, 1).contains(inkOf(full, 160)), qPrintable(text));
             last = ours;
         }
-        QVERIFY(!inkBox(last).isEmpty());
+        QVERIFY(!inkOf(last, 160).isEmpty());
 
         QFont larger = font;
         larger.setPixelSize(30);
@@ -356,18 +301,6 @@ private slots:
     }
 
 private:
-    static QRect inkBox(const QImage &image)
-    {
-        QRect box;
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x) {
-                if (image.pixelColor(x, y).lightness() < 160)
-                    box |= QRect(x, y, 1, 1);
-            }
-        }
-        return box;
-    }
-
     QString path(const char *name) const { return m_folder->filePath(QLatin1String(name)); }
 
     QScopedPointer<QTemporaryDir> m_folder;

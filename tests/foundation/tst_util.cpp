@@ -10,6 +10,7 @@
 #include <QTemporaryDir>
 
 #include <thread>
+#include <tuple>
 
 namespace {
 
@@ -48,150 +49,108 @@ private slots:
         QCOMPARE(GetUILanguage(), QString());
         QCOMPARE(asked, 1);
         // No language: two looks, then the key of no group and the default family.
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("has no /font_normal")));
-        QCOMPARE(GetFontFamily(1), QStringLiteral("Segoe UI"));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("has no /font_normal"));
+        QCOMPARE(GetFontFamily(1), QString("Segoe UI"));
         QCOMPARE(asked, 3);
-        answer = QStringLiteral("English");
-        QCOMPARE(GetUILanguage(), QStringLiteral("English"));
-        answer = QStringLiteral("German");
-        QCOMPARE(GetUILanguage(), QStringLiteral("English"));
+        answer = QString("English");
+        QCOMPARE(GetUILanguage(), QString("English"));
+        answer = QString("German");
+        QCOMPARE(GetUILanguage(), QString("English"));
         QCOMPARE(asked, 4);
         lumqt::platform::answers().interfaceLanguage = system;
     }
 
     void fontFamilies()
     {
-        QSettings table(QStringLiteral("../res/Common/langind.ini"), QSettings::IniFormat);
+        QSettings table(QString("../res/Common/langind.ini"), QSettings::IniFormat);
         const char *keys[] = {"font_light", "font_normal", "font_semibold", "font_bold"};
         for (int weight = 0; weight < 4; ++weight) {
-            const QString family =
-                table.value(QLatin1String("English/") + QLatin1String(keys[weight])).toString();
+            const QString family = table.value(QString("English/") + keys[weight]).toString();
             QVERIFY(!family.isEmpty());
             QCOMPARE(GetFontFamily(weight), family);
         }
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("has no English/")));
-        QCOMPARE(GetFontFamily(7), QStringLiteral("Segoe UI"));
-        QCOMPARE(GetFontFamily(-1), QStringLiteral("Segoe UI"));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("has no English/"));
+        QCOMPARE(GetFontFamily(7), QString("Segoe UI"));
+        QCOMPARE(GetFontFamily(-1), QString("Segoe UI"));
         QCOMPARE(lumqt::uiFont(1, 14).family(), GetFontFamily(1));
         QCOMPARE(lumqt::uiFont(1, 20).pixelSize(), 20);
         QVERIFY(lumqt::uiFont(1, -3).pixelSize() > 0);
     }
 
-    void resourcePath_data()
-    {
-        QTest::addColumn<QString>("folder");
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("windows");
-        QTest::addColumn<QString>("other");
-        const auto row = [](const char *tag, const char *folder, const char *name, const char *win,
-                            const char *other) {
-            QTest::newRow(tag) << QString::fromLatin1(folder) << QString::fromLatin1(name)
-                               << QString::fromLatin1(win) << QString::fromLatin1(other);
-        };
-        row("plain", "C:/App/bin", "../res/UIConfig.ini", "C:\\App\\res\\UIConfig.ini",
-            "C:/App/res/UIConfig.ini");
-        row("no dots", "C:/App/bin", "res/a.png", "C:\\App\\res\\a.png", "C:/App/res/a.png");
-        row("two dots", "C:/App/bin", "../../res/a/b.png", "C:\\App\\res\\a\\b.png", "C:/App/res/a/b.png");
-        row("dots inside", "C:/App/bin", "res/a/../b.png", "C:\\App\\res\\a\\b.png", "C:/App/res/a/b.png");
-        row("everywhere", "C:/binaries/bin", "../res/x", "C:\\aries\\res\\x", "C:/aries/res/x");
-        row("case", "C:/BIN/bin", "../res/x", "C:\\BIN\\res\\x", "C:/BIN/res/x");
-        row("trailing", "C:/App/bin/", "../res/x", "C:\\App\\res\\x", "C:/App/res/x");
-        row("root", "C:/", "../res/x", "res\\x", "res/x");
-        row("no application", "", "../res/x", "res\\x", "res/x");
-        row("empty", "C:/App/bin", "", "", "");
-    }
-
     void resourcePath()
     {
-        QFETCH(QString, folder);
-        QFETCH(QString, name);
-        QTEST(lumqt::resourcePath(folder, name, QStringLiteral("\\")), "windows");
-        QTEST(lumqt::resourcePath(folder, name, QStringLiteral("/")), "other");
+        const std::tuple<const char *, const char *, const char *, const char *> rows[] = {
+            {"C:/App/bin", "../res/UIConfig.ini", "C:\\App\\res\\UIConfig.ini", "C:/App/res/UIConfig.ini"},
+            {"C:/App/bin", "res/a.png", "C:\\App\\res\\a.png", "C:/App/res/a.png"},
+            {"C:/App/bin", "../../res/a/b.png", "C:\\App\\res\\a\\b.png", "C:/App/res/a/b.png"},
+            {"C:/App/bin", "res/a/../b.png", "C:\\App\\res\\a\\b.png", "C:/App/res/a/b.png"},
+            {"C:/binaries/bin", "../res/x", "C:\\aries\\res\\x", "C:/aries/res/x"},
+            {"C:/BIN/bin", "../res/x", "C:\\BIN\\res\\x", "C:/BIN/res/x"},
+            {"C:/App/bin/", "../res/x", "C:\\App\\res\\x", "C:/App/res/x"},
+            {"C:/", "../res/x", "res\\x", "res/x"},
+            {"", "../res/x", "res\\x", "res/x"}, // without an application
+            {"C:/App/bin", "", "", ""}};
+        for (const auto &[folder, name, windows, other] : rows) {
+            QCOMPARE(lumqt::resourcePath(folder, name, QString("\\")), QString(windows));
+            QCOMPARE(lumqt::resourcePath(folder, name, QString("/")), QString(other));
+        }
     }
 
     void programPaths()
     {
         // The program of this test lies beside res/, so that the shipped file is found.
-        QVERIFY(QFile::exists(Util::getResFullPath(QStringLiteral("../res/UIConfig.ini"))));
-        QCOMPARE(Util::getLumResFullPath(QStringLiteral("langind.ini")),
-                 Util::getResFullPath(QStringLiteral("../res/Common/langind.ini")));
+        QVERIFY(QFile::exists(Util::getResFullPath("../res/UIConfig.ini")));
+        QCOMPARE(Util::getLumResFullPath("langind.ini"), Util::getResFullPath("../res/Common/langind.ini"));
         const QString separator = lumqt::platform::pathSeparator();
-        QCOMPARE(Util::getcurappPath(QStringLiteral("a/b")),
+        QCOMPARE(Util::getcurappPath("a/b"),
                  QCoreApplication::applicationDirPath().replace(QLatin1Char('/'), separator) + separator +
-                     QStringLiteral("a/b"));
+                     QString("a/b"));
         QCOMPARE(Util::getcurappPath(QString()), QString());
-    }
-
-    void chopTailChar_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<char>("tail");
-        QTest::addColumn<bool>("also");
-        QTest::addColumn<QString>("chopped");
-        QTest::newRow("empty") << "" << '\\' << true << "";
-        QTest::newRow("other end") << "ab" << '\\' << true << "ab";
-        QTest::newRow("one of one") << "a\\" << '\\' << true << "a";
-        QTest::newRow("two of three") << "a\\\\\\" << '\\' << true << "a\\";
-        QTest::newRow("flag off") << "a\\\\" << '\\' << false << "a\\";
-        QTest::newRow("two slashes") << "a//" << '/' << true << "a/";
-        QTest::newRow("slash, then backslash") << "a\\/" << '/' << true << "a";
-        QTest::newRow("only it") << "\\" << '\\' << true << "";
     }
 
     void chopTailChar()
     {
-        QFETCH(QString, text);
-        QFETCH(char, tail);
-        QFETCH(bool, also);
-        QTEST(Util::chopTailChar(text, tail, also), "chopped");
+        const std::tuple<const char *, char, bool, const char *> rows[] = {
+            {"", '\\', true, ""},           {"ab", '\\', true, "ab"},      {"a\\", '\\', true, "a"},
+            {"a\\\\\\", '\\', true, "a\\"}, {"a\\\\", '\\', false, "a\\"}, {"a//", '/', true, "a/"},
+            {"a\\/", '/', true, "a"},       {"\\", '\\', true, ""}};
+        for (const auto &[text, tail, also, chopped] : rows)
+            QCOMPARE(Util::chopTailChar(text, tail, also), QString(chopped));
     }
 
     void iniFiles()
     {
         QTemporaryDir folder;
-        const QString file = folder.filePath(QStringLiteral("a.ini"));
+        const QString file = folder.filePath("a.ini");
         QVariant value(42);
-        QVERIFY(!Util::readIni(QString(), QStringLiteral("k"), value, file));
-        QVERIFY(!Util::readIni(QStringLiteral("g"), QString(), value, file));
-        QVERIFY(!Util::readIni(QStringLiteral("g"), QStringLiteral("k"), value, QString()));
-        QCOMPARE(value, QVariant(42));
-        QVERIFY(!Util::readIni(QStringLiteral("g"), QStringLiteral("k"), value, file));
-        QVERIFY(!value.isValid());
-
-        Util::writeIni(QString(), QStringLiteral("k"), 1, file);
-        Util::writeIni(QStringLiteral("g"), QString(), 1, file);
+        QVERIFY(!Util::readIni("", "k", value, file) && !Util::readIni("g", "", value, file));
+        QVERIFY(!Util::readIni("g", "k", value, "") && value == QVariant(42));
+        QVERIFY(!Util::readIni("g", "k", value, file) && !value.isValid());
+        Util::writeIni("", "k", 1, file);
+        Util::writeIni("g", "", 1, file);
         QVERIFY(!QFile::exists(file));
-        Util::writeIni(QStringLiteral("g"), QStringLiteral("k"), QStringLiteral("v"), file);
-        QVERIFY(Util::readIni(QStringLiteral("g"), QStringLiteral("k"), value, file));
-        QCOMPARE(value.toString(), QStringLiteral("v"));
-        QVERIFY(!Util::readIni(QStringLiteral("other"), QStringLiteral("k"), value, file));
-    }
+        Util::writeIni("g", "k", "v", file);
+        QVERIFY(Util::readIni("g", "k", value, file) && value == QVariant("v"));
+        QVERIFY(!Util::readIni("other", "k", value, file));
 
-    void brokenIniFiles()
-    {
-        const QRegularExpression unreadable(QStringLiteral("cannot be read"));
-        QTemporaryDir folder;
-        QVariant value;
+        const QRegularExpression unreadable("cannot be read");
         QTest::ignoreMessage(QtWarningMsg, unreadable);
-        QVERIFY(!Util::readIni(QStringLiteral("g"), QStringLiteral("k"), value, folder.path()));
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("cannot be written")));
-        Util::writeIni(QStringLiteral("g"), QStringLiteral("k"), 1, folder.path());
+        QVERIFY(!Util::readIni("g", "k", value, folder.path()));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("cannot be written"));
+        Util::writeIni("g", "k", 1, folder.path());
         QByteArray garbage("[g]\nno line of an ini file\n");
         for (int i = 0; i < 20000; ++i)
             garbage.append(char(i * 7919 >> 3));
-        const QString file = folder.filePath(QStringLiteral("garbage.ini"));
         QVERIFY(writeFile(file, garbage));
         QTest::ignoreMessage(QtWarningMsg, unreadable);
-        QVERIFY(!Util::readIni(QStringLiteral("g"), QStringLiteral("k"), value, file));
-        Util::writeIni(QStringLiteral("g"), QStringLiteral("k"), 5,
-                       file); // without a complaint: it is written
-        QVERIFY(Util::readIni(QStringLiteral("g"), QStringLiteral("k"), value, file));
-        QCOMPARE(value.toInt(), 5);
+        QVERIFY(!Util::readIni("g", "k", value, file));
+        Util::writeIni("g", "k", 5, file); // without a complaint: it is written
+        QVERIFY(Util::readIni("g", "k", value, file) && value.toInt() == 5);
     }
 
     void titleColors()
     {
-        const QString file = Util::getResFullPath(QStringLiteral("../res/UIConfig.ini"));
+        const QString file = Util::getResFullPath("../res/UIConfig.ini");
         QFile shipped(file);
         QVERIFY(shipped.open(QIODevice::ReadOnly));
         const QByteArray content = shipped.readAll();
@@ -205,7 +164,7 @@ private slots:
 
         // Nothing is kept: the next call reads the file as it is then.
         QVERIFY(writeFile(file, "[window]\ntitle_bgcolor=no colour\ntitle_textcolor=#010203\n"));
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("is no colour")));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("is no colour"));
         QVERIFY(!Util::GetWindowTitleBgColor().isValid());
         QCOMPARE(Util::GetWindowTitleTextColor(), QColor(1, 2, 3));
         QVERIFY(!Util::GetWindowTitleBottomLineClr(found).isValid());
@@ -213,42 +172,17 @@ private slots:
         QVERIFY(writeFile(file, content));
     }
 
-    void mailAddresses_data()
+    void addresses()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<bool>("valid");
-        QTest::newRow("plain") << "a.b+c%d@ex-ample.org" << true;
-        QTest::newRow("capitals") << "A@EXAMPLE.COM" << true;
-        QTest::newRow("four letters") << "a@b.info" << true;
-        QTest::newRow("five letters") << "a@b.house" << false;
-        QTest::newRow("one letter") << "a@b.c" << false;
-        QTest::newRow("no domain") << "a@" << false;
-        QTest::newRow("no name") << "@b.org" << false;
-        QTest::newRow("inside") << "x a@b.org" << false;
-        QTest::newRow("empty") << "" << false;
-    }
-
-    void mailAddresses()
-    {
-        QFETCH(QString, text);
-        QTEST(Util::IsMail(text), "valid");
-    }
-
-    void ipAddresses_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<bool>("valid");
+        for (const char *good : {"a.b+c%d@ex-ample.org", "A@EXAMPLE.COM", "a@b.info"})
+            QVERIFY2(Util::IsMail(good), good);
+        for (const char *bad : {"a@b.house", "a@b.c", "a@", "@b.org", "x a@b.org", ""})
+            QVERIFY2(!Util::IsMail(bad), bad);
         for (const char *good : {"0.0.0.0", "255.255.255.255", "1.2.3.4", "01.02.03.04", "199.249.250.100"})
-            QTest::newRow(good) << good << true;
+            QVERIFY2(Util::IsIPAddress(good), good);
         for (const char *bad :
              {"256.1.1.1", "1.2.3", "1.2.3.4.5", "001.2.3.4", "099.2.3.4", "1.2.3.4 ", "-1.2.3.4", ""})
-            QTest::newRow(bad) << bad << false;
-    }
-
-    void ipAddresses()
-    {
-        QFETCH(QString, text);
-        QTEST(Util::IsIPAddress(text), "valid");
+            QVERIFY2(!Util::IsIPAddress(bad), bad);
     }
 
     void countedObject()
@@ -310,7 +244,7 @@ private slots:
 
     void version()
     {
-        QCOMPARE(QStringLiteral(LUMQT_VERSION_STR), QStringLiteral("%1.%2.%3")
+        QCOMPARE(QStringLiteral(LUMQT_VERSION_STR), QString("%1.%2.%3")
                                                         .arg(LUMQT_VERSION >> 16)
                                                         .arg(LUMQT_VERSION >> 8 & 0xff)
                                                         .arg(LUMQT_VERSION & 0xff));

@@ -1,28 +1,64 @@
+#include "CBPMenuItemSizeStyle.h"
 #include "CBPQtGroupBox.h"
 #include "CBPQtLine.h"
 #include "CBPQtMainWindow.h"
 #include "CBPQtTableView.h"
+#include "CBPScrollBar.h"
+#include "CBPScrollBarStyle.h"
+#include "CBPScrollWnd.h"
+#include "CBPSplitter.h"
+#include "CBPSplitterHandle.h"
 #include "CBPTableWidget.h"
 #include "CBPTreeView.h"
 #include "CBPTreeWidget.h"
 #include "Pixels.h"
 #include "TestMain.h"
 
+#include <QApplication>
 #include <QHeaderView>
+#include <QPainter>
+#include <QPointer>
+#include <QScopeGuard>
+#include <QStyleOptionSlider>
 #include <QVBoxLayout>
+
+#include <climits>
+#include <memory>
+#include <tuple>
 
 namespace {
 
-const QColor kNothing(1, 2, 3);
+const QColor kNothing(1, 2, 3); // what lies below a widget
+const QColor kPage(241, 241, 241);
+const QColor kGround(246, 252, 255);
+const QColor kSlider(182, 182, 182);
+const QColor kDarkSlider(106, 106, 106);
+constexpr int kLength = 201; // odd: its edges lie between pixels at 150 per cent
 
 QImage picture(QWidget &widget, qreal ratio = 1.0)
 {
-    QImage image(widget.size() * ratio, QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(ratio);
-    image.fill(kNothing);
-    widget.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
-    return image;
+    return pictureOf(widget, ratio, kNothing);
 }
+
+struct Bar : CBPScrollBar
+{
+    explicit Bar(Qt::Orientation orientation = Qt::Vertical) : CBPScrollBar(orientation, nullptr)
+    {
+        setRange(0, 100);
+        setPageStep(50);
+        setValue(50);
+        resize(orientation == Qt::Vertical ? QSize(10, kLength) : QSize(kLength, 10));
+    }
+
+    QRect part(QStyle::SubControl control) const
+    {
+        QStyleOptionSlider option;
+        initStyleOption(&option);
+        return style()->subControlRect(QStyle::CC_ScrollBar, &option, control, this);
+    }
+};
+
+constexpr auto kEditTriggers = QAbstractItemView::SelectedClicked | QAbstractItemView::EditKeyPressed;
 
 // Within a step of what the gradient rounds to.
 bool near(const QColor &color, const QColor &expected)
@@ -31,47 +67,33 @@ bool near(const QColor &color, const QColor &expected)
            qAbs(color.blue() - expected.blue()) <= 3;
 }
 
-using Maker = QWidget *(*)(QWidget *);
-
-template <class Widget> QWidget *make(QWidget *parent)
+template <class Widget> void checkParent(const char *name, bool taken)
 {
-    return new Widget(parent);
+    QWidget parent;
+    auto *widget = new Widget(&parent);
+    QCOMPARE(widget->parentWidget(), taken ? &parent : nullptr);
+    auto *layout = new QVBoxLayout(&parent);
+    layout->addWidget(widget);
+    QCOMPARE(widget->parentWidget(), &parent);
+    QCOMPARE(widget->metaObject()->className(), name); // what style sheets go by
 }
 
 } // namespace
 
-Q_DECLARE_METATYPE(Maker)
-
+// The classes that restyle one of Qt's, and those that fix a few defaults of one.
 class TestWrappers : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void parents_data()
-    {
-        QTest::addColumn<Maker>("maker");
-        QTest::addColumn<QByteArray>("name");
-        QTest::addColumn<bool>("hasParent");
-        QTest::newRow("main window") << Maker(make<CBPQtMainWindow>) << QByteArray("CBPQtMainWindow") << true;
-        QTest::newRow("group box") << Maker(make<CBPQtGroupBox>) << QByteArray("CBPQtGroupBox") << true;
-        QTest::newRow("line") << Maker(make<CBPQtLine>) << QByteArray("CBPQtLine") << true;
-        QTest::newRow("table view") << Maker(make<CBPQtTableView>) << QByteArray("CBPQtTableView") << true;
-        QTest::newRow("table") << Maker(make<CBPTableWidget>) << QByteArray("CBPTableWidget") << false;
-        QTest::newRow("tree view") << Maker(make<CBPTreeView>) << QByteArray("CBPTreeView") << false;
-    }
-
     void parents()
     {
-        QFETCH(Maker, maker);
-        QFETCH(QByteArray, name);
-        QFETCH(bool, hasParent);
-        QWidget parent;
-        QWidget *widget = maker(&parent);
-        QCOMPARE(widget->parentWidget(), hasParent ? &parent : nullptr);
-        QCOMPARE(QByteArray(widget->metaObject()->className()), name); // what style sheets go by
-        auto *layout = new QVBoxLayout(&parent);
-        layout->addWidget(widget);
-        QCOMPARE(widget->parentWidget(), &parent);
+        checkParent<CBPQtMainWindow>("CBPQtMainWindow", true);
+        checkParent<CBPQtGroupBox>("CBPQtGroupBox", true);
+        checkParent<CBPQtLine>("CBPQtLine", true);
+        checkParent<CBPQtTableView>("CBPQtTableView", true);
+        checkParent<CBPTableWidget>("CBPTableWidget", false);
+        checkParent<CBPTreeView>("CBPTreeView", false);
     }
 
     void mainWindowFlags()
@@ -90,11 +112,10 @@ private slots:
         child->setAutoFillBackground(true);
         child->setPalette(QPalette(Qt::red));
         const QColor color = child->palette().color(QPalette::Window);
-        const QImage image = picture(box);
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x)
-                QCOMPARE(image.pixelColor(x, y), child->geometry().contains(x, y) ? color : kNothing);
-        }
+        QImage expected(box.size(), QImage::Format_ARGB32);
+        expected.fill(kNothing);
+        QPainter(&expected).fillRect(child->geometry(), color);
+        QCOMPARE(picture(box), expected);
     }
 
     void lineIsOnePixelWide_data() { scalings(); }
@@ -106,12 +127,13 @@ private slots:
         line.resize(10, 100);
         const QImage image = picture(line, ratio);
         const int bottom = image.height() - 1;
-        for (int x = 0; x < qRound(ratio); ++x) {
-            QVERIFY(near(image.pixelColor(x, 0), QColor(214, 231, 249)));
-            QVERIFY(near(image.pixelColor(x, image.height() / 2), QColor(189, 201, 211)));
-            QVERIFY(near(image.pixelColor(x, bottom), QColor(237, 244, 251)));
+        const QPair<int, QColor> stops[] = {
+            {0, {214, 231, 249}}, {bottom / 2, {189, 201, 211}}, {bottom, {237, 244, 251}}};
+        for (const auto &[y, color] : stops) {
+            for (int x = 0; x < qRound(ratio); ++x)
+                QVERIFY(near(image.pixelColor(x, y), color));
+            QCOMPARE(image.pixelColor(qRound(ratio), y), kNothing);
         }
-        QCOMPARE(image.pixelColor(qRound(ratio), bottom / 2), kNothing);
         line.resize(0, 0);
         line.grab();
     }
@@ -121,15 +143,11 @@ private slots:
         CBPTableWidget table;
         QCOMPARE(table.frameShape(), QFrame::NoFrame);
         QCOMPARE(table.selectionBehavior(), QAbstractItemView::SelectRows);
-        QCOMPARE(table.selectionMode(), QAbstractItemView::SingleSelection);
-        QCOMPARE(table.editTriggers(),
-                 QAbstractItemView::SelectedClicked | QAbstractItemView::EditKeyPressed);
-        QVERIFY(!table.showGrid());
+        QCOMPARE(table.editTriggers(), kEditTriggers);
+        QVERIFY(!table.showGrid() && table.isSortingEnabled());
         QVERIFY(table.hasMouseTracking() && table.viewport()->hasMouseTracking());
-        QVERIFY(table.verticalHeader()->isHidden());
-        QVERIFY(!table.horizontalHeader()->highlightSections());
+        QVERIFY(table.verticalHeader()->isHidden() && !table.horizontalHeader()->highlightSections());
         QCOMPARE(table.textElideMode(), Qt::ElideRight);
-        QVERIFY(table.isSortingEnabled());
         table.setColumnCount(2);
         table.setRowCount(3);
         QCOMPARE(table.rowHeight(2), 41);
@@ -137,8 +155,8 @@ private slots:
         table.selectRow(0);
         QTest::mouseClick(table.viewport(), Qt::LeftButton, Qt::ControlModifier,
                           table.visualRect(table.model()->index(2, 1)).center());
-        QCOMPARE(table.selectionModel()->selectedRows().size(), 1);
-        QCOMPARE(table.selectionModel()->selectedRows().at(0).row(), 2);
+        const QModelIndexList selected = table.selectionModel()->selectedRows();
+        QVERIFY(selected.size() == 1 && selected.at(0).row() == 2); // one, as a whole
     }
 
     void tree()
@@ -146,12 +164,10 @@ private slots:
         CBPTreeWidget tree;
         QVERIFY(!tree.parent());
         QCOMPARE(tree.selectionBehavior(), QAbstractItemView::SelectRows);
-        QCOMPARE(tree.editTriggers(), QAbstractItemView::SelectedClicked | QAbstractItemView::EditKeyPressed);
+        QCOMPARE(tree.editTriggers(), kEditTriggers);
         QVERIFY(tree.hasMouseTracking() && tree.viewport()->hasMouseTracking());
         QCOMPARE(tree.contextMenuPolicy(), Qt::CustomContextMenu);
-        QVERIFY(tree.isSortingEnabled());
-        QVERIFY(!tree.rootIsDecorated());
-
+        QVERIFY(tree.isSortingEnabled() && !tree.rootIsDecorated());
         tree.setColumnCount(2);
         for (const char *text : {"b", "a"})
             new QTreeWidgetItem(&tree, {text, "x"});
@@ -168,6 +184,136 @@ private slots:
         QCOMPARE(tree.currentItem()->text(0), QString("a"));
         QTest::keyClick(tree.viewport(), Qt::Key_Down);
         QCOMPARE(tree.currentItem()->text(0), QString("b"));
+    }
+
+    // Of the application's kind, and never the application's: of the style that it starts with, and of
+    // others.
+    void styleIsTheBarsOwn()
+    {
+        const QString before = QApplication::style()->objectName();
+        const auto restore = qScopeGuard([&] { QApplication::setStyle(before); });
+        const auto kindOf = [](const QStyle &style) { return style.metaObject()->className(); };
+        for (const char *applications : {"", "windows", "fusion"}) {
+            if (*applications)
+                QApplication::setStyle(applications);
+            CBPScrollBarStyle style;
+            QCOMPARE(style.pixelMetric(QStyle::PM_ScrollBarExtent), 0);
+            const QPointer<QStyle> its = QApplication::style();
+            QCOMPARE(kindOf(*style.baseStyle()), kindOf(*its));
+            QCOMPARE(kindOf(*CBPMenuItemSizeStyle(QSize()).baseStyle()), kindOf(*its));
+            auto bar = std::make_unique<Bar>();
+            const QPointer<QStyle> own = bar->style();
+            QCOMPARE(bar->sizeHint().width(), 10);
+            bar.reset();
+            QVERIFY(!own && its && QApplication::style() == its);
+            QVERIFY(!its->parent() || its->parent() == qApp);
+        }
+    }
+
+    void barParts_data()
+    {
+        QTest::addColumn<bool>("vertical");
+        QTest::addColumn<qreal>("ratio");
+        for (const bool vertical : {true, false}) {
+            for (const qreal ratio : {1.0, 1.5, 2.0})
+                QTest::addRow("%s, %g", vertical ? "vertical" : "horizontal", ratio) << vertical << ratio;
+        }
+    }
+
+    void barParts()
+    {
+        QFETCH(bool, vertical);
+        QFETCH(qreal, ratio);
+        Bar bar(vertical ? Qt::Vertical : Qt::Horizontal);
+        const QRectF slider = bar.part(QStyle::SC_ScrollBarSlider);
+        for (const bool underMouse : {false, true}) {
+            bar.setAttribute(Qt::WA_UnderMouse, underMouse);
+            const QImage image = picture(bar, ratio);
+            const QPoint end = (slider.bottomRight() * ratio).toPoint() - QPoint(1, 1);
+            QCOMPARE(boxOf(image, underMouse ? kDarkSlider : kSlider),
+                     QRect((slider.topLeft() * ratio).toPoint(), end));
+            for (const auto page : {QStyle::SC_ScrollBarSubPage, QStyle::SC_ScrollBarAddPage})
+                QCOMPARE(image.pixelColor(bar.part(page).center() * ratio), kPage);
+            for (const auto arrow : {QStyle::SC_ScrollBarSubLine, QStyle::SC_ScrollBarAddLine}) {
+                if (!bar.part(arrow).isEmpty()) // not every style has them
+                    QCOMPARE(image.pixelColor(bar.part(arrow).center() * ratio), kGround);
+            }
+            QVERIFY(boxOf(image, kNothing).isEmpty()); // sharp up to the edges
+        }
+    }
+
+    void barTakesItsColors()
+    {
+        Bar bar;
+        const QImage before = picture(bar);
+        QColor color = Qt::magenta;
+        bar.SetArrowBg(color, color);
+        bar.SetBgMidLine(color);
+        bar.SetSliderRadius(3, 4);
+        QCOMPARE(picture(bar), before); // kept only
+        const QPoint slider = bar.part(QStyle::SC_ScrollBarSlider).center();
+        const std::tuple<QVector<QColor>, QColor, QColor> lists[] = {
+            {{Qt::red, Qt::green, Qt::blue, Qt::black}, Qt::red, Qt::green},
+            {{Qt::red}, Qt::red, kDarkSlider},
+            {{}, kSlider, kDarkSlider}};
+        for (const auto &[list, normal, underMouse] : lists) {
+            QVector<QColor> given = list;
+            bar.SetSliderBg(given);
+            bar.setAttribute(Qt::WA_UnderMouse, false);
+            QCOMPARE(picture(bar).pixelColor(slider), normal);
+            bar.setAttribute(Qt::WA_UnderMouse, true);
+            QCOMPARE(picture(bar).pixelColor(slider), underMouse);
+        }
+        QColor none;
+        bar.SetBarBg(none); // and what lies below is seen, not what was there before
+        QVERIFY(!boxOf(picture(bar), kNothing).isEmpty() && !bar.testAttribute(Qt::WA_OpaquePaintEvent));
+        bar.SetBarBg(color);
+        QVERIFY(!boxOf(picture(bar), color).isEmpty() && bar.testAttribute(Qt::WA_OpaquePaintEvent));
+    }
+
+    void hoverIsNoticed()
+    {
+        Bar bar;
+        bar.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&bar));
+        const QPoint slider = bar.part(QStyle::SC_ScrollBarSlider).center();
+        QTest::mouseMove(&bar, QPoint(1, 1));
+        QTest::mouseMove(&bar, slider);
+        QTRY_COMPARE(bar.grab().toImage().pixelColor(slider * bar.devicePixelRatioF()), kDarkSlider);
+    }
+
+    void splitterColorsItsFirstHandleOnly()
+    {
+        CBPSplitter splitter(Qt::Horizontal);
+        splitter.setHandlerClr(QPen(Qt::red), QBrush(Qt::green)); // there is none
+        for (int i = 0; i < 3; ++i)
+            splitter.addWidget(new QWidget);
+        splitter.setHandleWidth(9);
+        splitter.resize(300, 40);
+        splitter.show();
+        splitter.setHandlerClr(QPen(Qt::red), QBrush(Qt::green));
+        splitter.handle(0)->resize(9, 40);
+        for (int i = 0; i < 3; ++i)
+            QCOMPARE(boxOf(picture(*splitter.handle(i)), Qt::green).isEmpty(), i > 0);
+
+        auto *handle = qobject_cast<CBPSplitterHandle *>(splitter.handle(1));
+        const QImage light = picture(*handle); // as it was made, the upper line outside
+        QVERIFY(light.pixelColor(4, 0) == kPage && light.pixelColor(4, 20) == kPage);
+        for (const QPoint &line : {QPoint(0, 20), QPoint(8, 20), QPoint(4, 39)})
+            QVERIFY(light.pixelColor(line) != kPage && light.pixelColor(line) != kNothing);
+        handle->setColr(QPen(QColor(Qt::red), INT_MAX), QBrush(Qt::green));
+        picture(*handle); // no size overflows
+        handle->setColr(QPen(Qt::red), QBrush(Qt::green));
+        QCOMPARE(boxOf(picture(*handle), Qt::green), QRect(1, 0, 7, 39));
+        QCOMPARE(boxOf(picture(*handle), Qt::red), QRect(0, 0, 9, 40));
+    }
+
+    void scrollAreaIsNobodys()
+    {
+        QWidget parent;
+        const QScopedPointer<CBPScrollWnd> area(new CBPScrollWnd(&parent));
+        QVERIFY(!area->parent());
+        QCOMPARE(area->frameShape(), QFrame::NoFrame);
     }
 };
 

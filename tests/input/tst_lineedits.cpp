@@ -1,5 +1,6 @@
 #include "CBPLineEdit.h"
 #include "CBPTextEdit.h"
+#include "Pictures.h"
 #include "Pixels.h"
 #include "TestMain.h"
 
@@ -9,6 +10,8 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QToolButton>
+
+#include <tuple>
 
 namespace {
 
@@ -56,159 +59,89 @@ class TestLineEdits : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void defaults()
-    {
-        QWidget parent;
-        const CBPLineEdit plain;
-        const CBPLineEdit child(&parent, true);
-        QVERIFY(!plain.parentWidget());
-        QCOMPARE(child.parentWidget(), &parent);
-        for (const CBPLineEdit *edit : {&plain, &child}) {
-            QVERIFY(edit->findChildren<QToolButton *>().isEmpty());
-            QCOMPARE(edit->textMargins(), QMargins());
-        }
-    }
-
-    void firstClick_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<bool>("readOnly");
-        QTest::addColumn<int>("moved"); // pixels, while the button is down
-        QTest::addColumn<bool>("selectsAll");
-        QTest::newRow("text") << "some words" << false << 0 << true;
-        QTest::newRow("trembling hand") << "some words" << false << 2 << true;
-        QTest::newRow("read-only") << "some words" << true << 0 << false;
-        QTest::newRow("empty") << "" << false << 0 << false;
-        QTest::newRow("4000 characters") << QString(4000, 'x') << false << 0 << true;
-    }
-
     void firstClick()
     {
-        QFETCH(QString, text);
-        QFETCH(bool, readOnly);
-        QFETCH(int, moved);
-        QFETCH(bool, selectsAll);
-        CBPLineEdit edit;
-        edit.resize(300, 30);
-        edit.setText(text);
-        edit.setReadOnly(readOnly);
-        const QPoint at(8, 15);
-        mouse(edit, QEvent::MouseButtonPress, at);
-        QCOMPARE(edit.selectedText(), selectsAll ? text : QString());
-        if (moved)
-            mouse(edit, QEvent::MouseMove, at + QPoint(moved, 0));
-        mouse(edit, QEvent::MouseButtonRelease, at + QPoint(moved, 0), Qt::NoButton);
-        QCOMPARE(edit.selectedText(), selectsAll ? text : QString());
-        if (selectsAll) {
+        const std::tuple<QString, bool, int, bool> rows[] = {
+            {"some words", false, 0, true},
+            {"some words", false, 2, true}, // a trembling hand
+            {"some words", true, 0, false},
+            {"", false, 0, false},
+            {QString(4000, 'x'), false, 0, true}};
+        for (const auto &[text, readOnly, moved, selectsAll] : rows) {
+            CBPLineEdit edit;
+            edit.resize(300, 30);
+            edit.setText(text);
+            edit.setReadOnly(readOnly);
+            const QPoint at(8, 15);
             mouse(edit, QEvent::MouseButtonPress, at);
+            QCOMPARE(edit.selectedText(), selectsAll ? text : QString());
+            if (moved)
+                mouse(edit, QEvent::MouseMove, at + QPoint(moved, 0));
+            mouse(edit, QEvent::MouseButtonRelease, at + QPoint(moved, 0), Qt::NoButton);
+            QCOMPARE(edit.selectedText(), selectsAll ? text : QString());
+            if (!selectsAll) { // it has not been spent
+                edit.setReadOnly(false);
+                edit.setText("other words");
+            }
+            mouse(edit, QEvent::MouseButtonPress, at);
+            QCOMPARE(edit.selectedText(), selectsAll ? QString() : QString("other words"));
             mouse(edit, QEvent::MouseButtonRelease, at, Qt::NoButton);
-            QCOMPARE(edit.selectedText(), QString());
-            QVERIFY(edit.cursorPosition() < 3);
-            return;
+            QVERIFY(!selectsAll || edit.cursorPosition() < 3);
         }
-        // It has not been spent.
-        edit.setReadOnly(false);
-        edit.setText("other words");
-        mouse(edit, QEvent::MouseButtonPress, at);
-        QCOMPARE(edit.selectedText(), QString("other words"));
     }
 
-    void firstDrag_data()
-    {
-        QTest::addColumn<int>("from"); // pixels
-        QTest::addColumn<int>("to");
-        QTest::newRow("from the middle on") << 120 << 220;
-        QTest::newRow("and back") << 220 << 120;
-        QTest::newRow("from the start") << 4 << 120;
-    }
-
+    // A first and a second drag: from the middle on, back, and from the start.
     void firstDrag()
     {
-        QFETCH(int, from);
-        QFETCH(int, to);
-        QString selected[2];
-        CBPLineEdit edit;
-        edit.resize(400, 30);
-        edit.setText(QString("some words ").repeated(5));
-        for (QString &text : selected) { // a first and a second time
-            mouse(edit, QEvent::MouseButtonPress, QPoint(from, 15));
-            for (int step = 1; step <= 10; ++step)
-                mouse(edit, QEvent::MouseMove, QPoint(from + step * (to - from) / 10, 15));
-            mouse(edit, QEvent::MouseButtonRelease, QPoint(to, 15), Qt::NoButton);
-            text = edit.selectedText();
-            QCOMPARE(edit.selectionStart(), edit.cursorPositionAt(QPoint(qMin(from, to), 15)));
-            QCOMPARE(edit.selectionEnd(), edit.cursorPositionAt(QPoint(qMax(from, to), 15)));
-            edit.deselect();
-        }
-        QVERIFY(selected[0].size() > 5);
-        QCOMPARE(selected[0], selected[1]);
-    }
-
-    void longPassword()
-    {
-        CBPLineEdit edit(QString(), true);
-        edit.setEchoMode(QLineEdit::Password);
-        edit.resize(200, 30);
-        const QString word(4000, QLatin1Char('s'));
-        edit.setText(word);
-        QTest::mouseClick(&edit, Qt::LeftButton);
-        QCOMPARE(edit.selectedText().size(), 4000);
-        edit.grab();
-        QTest::keyClick(&edit, Qt::Key_A); // replaces it
-        QCOMPARE(edit.text(), QString("a"));
-    }
-
-    void blockedKeys_data()
-    {
-        QTest::addColumn<bool>("blocks");
-        QTest::addColumn<int>("key");
-        QTest::addColumn<QString>("does");
-        QTest::addColumn<bool>("works");
-        for (const bool blocks : {false, true}) {
-            const auto row = [blocks](const char *name) -> QTestData & {
-                return QTest::newRow(qPrintable(QString(blocks ? "blocked: %1" : "free: %1").arg(name)))
-                       << blocks;
-            };
-            row("select all") << int(Qt::CTRL + Qt::Key_A) << "select" << !blocks;
-            row("copy") << int(Qt::CTRL + Qt::Key_C) << "copy" << !blocks;
-            row("copy, the other key") << int(Qt::CTRL + Qt::Key_Insert) << "copy" << !blocks;
-            row("paste") << int(Qt::CTRL + Qt::Key_V) << "paste" << !blocks;
-            row("paste, the other key") << int(Qt::SHIFT + Qt::Key_Insert) << "paste" << !blocks;
-            row("cut") << int(Qt::CTRL + Qt::Key_X) << "cut" << true;
+        for (const auto &[from, to] : {std::pair(120, 220), std::pair(220, 120), std::pair(4, 120)}) {
+            CBPLineEdit edit;
+            edit.resize(400, 30);
+            edit.setText(QString("some words ").repeated(5));
+            for (int time = 0; time < 2; ++time) {
+                mouse(edit, QEvent::MouseButtonPress, QPoint(from, 15));
+                for (int step = 1; step <= 10; ++step)
+                    mouse(edit, QEvent::MouseMove, QPoint(from + step * (to - from) / 10, 15));
+                mouse(edit, QEvent::MouseButtonRelease, QPoint(to, 15), Qt::NoButton);
+                QVERIFY(edit.selectedText().size() > 5);
+                QCOMPARE(edit.selectionStart(), edit.cursorPositionAt(QPoint(qMin(from, to), 15)));
+                QCOMPARE(edit.selectionEnd(), edit.cursorPositionAt(QPoint(qMax(from, to), 15)));
+                edit.deselect();
+            }
         }
     }
 
+    // The other keys for copy and paste are Ctrl+Insert and Shift+Insert. Cutting is free.
     void blockedKeys()
     {
-        QFETCH(bool, blocks);
-        QFETCH(int, key);
-        QFETCH(QString, does);
-        QFETCH(bool, works);
-        QWidget window;
-        CBPLineEdit edit(&window, blocks);
-        edit.setText("words");
-        edit.setSelection(0, 2);
-        QApplication::clipboard()->setText("clip");
-        int pressed = 0;
-        connect(&edit, &CBPLineEdit::KeyPressed, this, [&pressed] { ++pressed; });
-        const Qt::KeyboardModifiers modifiers(key & int(Qt::KeyboardModifierMask));
-        QKeyEvent event(QEvent::KeyPress, key & ~int(Qt::KeyboardModifierMask), modifiers);
-        QCoreApplication::sendEvent(&edit, &event);
-        QVERIFY(event.isAccepted()); // also a key that does nothing goes no further
-        QCOMPARE(pressed, works ? 1 : 0);
-        const QString clip = QApplication::clipboard()->text();
-        const bool happened = does == "select"  ? edit.selectedText() == "words"
-                              : does == "copy"  ? clip == "wo"
-                              : does == "paste" ? edit.text() == "cliprds"
-                                                : edit.text() == "rds" && clip == "wo";
-        QCOMPARE(happened, works);
-        if (!works) {
-            QCOMPARE(edit.text(), QString("words"));
-            QCOMPARE(edit.selectedText(), QString("wo"));
-            QCOMPARE(clip, QString("clip"));
+        const std::pair<int, const char *> keys[] = {
+            {Qt::CTRL + Qt::Key_A, "select"},      {Qt::CTRL + Qt::Key_C, "copy"},
+            {Qt::CTRL + Qt::Key_Insert, "copy"},   {Qt::CTRL + Qt::Key_V, "paste"},
+            {Qt::SHIFT + Qt::Key_Insert, "paste"}, {Qt::CTRL + Qt::Key_X, "cut"}};
+        for (int row = 0; row < 12; ++row) {
+            const bool blocks = row < 6;
+            const auto [key, does] = keys[row % 6];
+            const bool works = !blocks || qstrcmp(does, "cut") == 0;
+            QWidget window;
+            CBPLineEdit edit(&window, blocks);
+            edit.setText("words");
+            edit.setSelection(0, 2);
+            QApplication::clipboard()->setText("clip");
+            int pressed = 0;
+            connect(&edit, &CBPLineEdit::KeyPressed, this, [&pressed] { ++pressed; });
+            const Qt::KeyboardModifiers modifiers(key & int(Qt::KeyboardModifierMask));
+            QKeyEvent event(QEvent::KeyPress, key & ~int(Qt::KeyboardModifierMask), modifiers);
+            QCoreApplication::sendEvent(&edit, &event);
+            QVERIFY(event.isAccepted()); // also a key that does nothing goes no further
+            QCOMPARE(pressed, works ? 1 : 0);
+            const QMap<QString, QString> outcomes{{"select", "words words clip"},
+                                                  {"copy", "words wo wo"},
+                                                  {"paste", "cliprds  clip"},
+                                                  {"cut", "rds  wo"}};
+            const QStringList state{edit.text(), edit.selectedText(), QApplication::clipboard()->text()};
+            QCOMPARE(state.join(' '), works ? outcomes[does] : QString("words wo clip"));
+            QTest::keyClick(&edit, Qt::Key_B);
+            QCOMPARE(pressed, works ? 2 : 1);
         }
-        QTest::keyClick(&edit, Qt::Key_B);
-        QCOMPARE(pressed, works ? 2 : 1);
     }
 
     void signalsComeBeforeTheEditActs()
@@ -237,122 +170,95 @@ private Q_SLOTS:
         QCOMPARE(edit.releases, 1);
     }
 
-    void diesInItsSignals_data()
-    {
-        QTest::addColumn<int>("type");
-        QTest::newRow("key pressed") << int(QEvent::KeyPress);
-        QTest::newRow("key released") << int(QEvent::KeyRelease);
-        QTest::newRow("focus lost") << int(QEvent::FocusOut);
-        QTest::newRow("mouse released") << int(QEvent::MouseButtonRelease);
-    }
-
     void diesInItsSignals()
     {
-        QFETCH(int, type);
-        auto *hooked = new HookedEdit;
-        hooked->dies = true;
-        QPointer<CBPLineEdit> edit = hooked;
-        const auto die = [&edit] { delete edit; };
-        connect(hooked, &CBPLineEdit::KeyPressed, this, die);
-        connect(hooked, &CBPLineEdit::KeyReleased, this, die);
-        connect(hooked, &CBPLineEdit::sigLoseFocus, this, die);
-        if (type == QEvent::MouseButtonRelease) {
-            mouse(*hooked, QEvent::MouseButtonRelease, QPoint(4, 4));
-        } else if (type == QEvent::FocusOut) {
-            QFocusEvent event(QEvent::FocusOut);
-            QCoreApplication::sendEvent(hooked, &event);
-        } else {
-            QKeyEvent event(QEvent::Type(type), Qt::Key_A, Qt::NoModifier, "a");
-            QCoreApplication::sendEvent(hooked, &event);
+        for (const auto type :
+             {QEvent::KeyPress, QEvent::KeyRelease, QEvent::FocusOut, QEvent::MouseButtonRelease}) {
+            auto *hooked = new HookedEdit;
+            hooked->dies = true;
+            QPointer<CBPLineEdit> edit = hooked;
+            const auto die = [&edit] { delete edit; };
+            connect(hooked, &CBPLineEdit::KeyPressed, this, die);
+            connect(hooked, &CBPLineEdit::KeyReleased, this, die);
+            connect(hooked, &CBPLineEdit::sigLoseFocus, this, die);
+            QKeyEvent key(type, Qt::Key_A, Qt::NoModifier, "a");
+            QFocusEvent focus(type);
+            if (type == QEvent::MouseButtonRelease)
+                mouse(*hooked, type, QPoint(4, 4));
+            else if (type == QEvent::FocusOut)
+                QCoreApplication::sendEvent(hooked, &focus);
+            else
+                QCoreApplication::sendEvent(hooked, &key);
+            QVERIFY(!edit);
         }
-        QVERIFY(!edit);
     }
 
-    void icon_data()
-    {
-        QTest::addColumn<QSize>("picture");
-        QTest::newRow("small") << QSize(20, 10);
-        QTest::newRow("higher than the edit") << QSize(16, 64);
-        QTest::newRow("missing") << QSize(0, 0);
-    }
-
+    // Small, higher than the edit, and missing.
     void icon()
     {
-        QFETCH(QSize, picture);
         const QTemporaryDir dir;
-        const QString path = dir.filePath("icon.png");
-        if (picture.isEmpty()) {
-            QTest::ignoreMessage(QtWarningMsg, qPrintable(QString("The image %1 is missing").arg(path)));
-        } else {
-            QImage image(picture, QImage::Format_RGB32);
-            image.fill(Qt::red);
-            QVERIFY(image.save(path));
+        for (const QSize &size : {QSize(20, 10), QSize(16, 64), QSize(0, 0)}) {
+            const QString path = dir.filePath(QString("icon%1.png").arg(size.height()));
+            if (size.isEmpty())
+                QTest::ignoreMessage(QtWarningMsg, qPrintable(QString("The image %1 is missing").arg(path)));
+            else
+                savePicture(path, size, Qt::red);
+            CBPLineEdit edit(path);
+            auto *button = edit.findChild<QToolButton *>();
+            QVERIFY(button && button->size() == size && button->iconSize() == size);
+            QCOMPARE(button->styleSheet(), QString("QToolButton{border:none; padding:2px;}"));
+            QCOMPARE(button->focusPolicy(), Qt::NoFocus);
+            QCOMPARE(edit.textMargins(), QMargins(size.width() + 5, 0, 0, 0));
+            for (const int height : {31, 40}) {
+                edit.resize(200, height);
+                edit.grab(); // resizes what has not been shown
+                QCOMPARE(button->pos(), QPoint(2, (height - size.height()) / 2));
+            }
+            if (size.isEmpty())
+                continue;
+            // The whole button is the picture, which is not shrunk.
+            const QImage image = button->grab().toImage();
+            QCOMPARE(boxOf(image, Qt::red), image.rect());
+            button->setEnabled(false);
+            QVERIFY(boxOf(button->grab().toImage(), Qt::red).isEmpty());
+            button->setEnabled(true);
+            QPixmap other(size);
+            other.fill(Qt::blue);
+            button->setIcon(other);
+            QVERIFY(!boxOf(button->grab().toImage(), Qt::blue).isEmpty());
         }
-        CBPLineEdit edit(path);
-        auto *button = edit.findChild<QToolButton *>();
-        QVERIFY(button);
-        QCOMPARE(button->size(), picture);
-        QCOMPARE(button->iconSize(), picture);
-        QCOMPARE(button->styleSheet(), QString("QToolButton{border:none; padding:2px;}"));
-        QCOMPARE(button->focusPolicy(), Qt::NoFocus);
-        QCOMPARE(edit.textMargins(), QMargins(picture.width() + 5, 0, 0, 0));
-        for (const int height : {31, 40}) {
-            edit.resize(200, height);
-            edit.grab(); // resizes what has not been shown
-            QCOMPARE(button->pos(), QPoint(2, (height - picture.height()) / 2));
-        }
-        if (picture.isEmpty())
-            return;
-        // The whole button is the picture, which is not shrunk.
-        QImage image = button->grab().toImage();
-        QCOMPARE(boxOf(image, Qt::red), image.rect());
-        button->setEnabled(false);
-        QVERIFY(boxOf(button->grab().toImage(), Qt::red).isEmpty());
-        button->setEnabled(true);
-        QPixmap other(picture);
-        other.fill(Qt::blue);
-        button->setIcon(other);
-        image = button->grab().toImage();
-        QCOMPARE(image.pixelColor(image.rect().center()), QColor(Qt::blue));
+        QWidget parent;
+        const CBPLineEdit child(&parent, true);
+        QVERIFY(child.parentWidget() == &parent && child.findChildren<QToolButton *>().isEmpty());
+        QCOMPARE(child.textMargins(), QMargins());
     }
 
-    void textLimit_data()
-    {
-        QTest::addColumn<int>("limit");
-        QTest::addColumn<QString>("pasted");
-        QTest::addColumn<QString>("kept");
-        const QString lines = QString("ab\n").repeated(100);
-        const QString smile = QString::fromUtf8("\xF0\x9F\x98\x80");
-        QTest::newRow("too long") << 100 << QString(300, 'x') << QString(100, 'x');
-        QTest::newRow("fits exactly") << 100 << QString(100, 'x') << QString(100, 'x');
-        QTest::newRow("one too long") << 100 << QString(101, 'x') << QString(100, 'x');
-        QTest::newRow("a line break counts one") << 100 << lines << lines.left(100);
-        QTest::newRow("0: none") << 0 << QString(300, 'x') << QString(300, 'x');
-        QTest::newRow("negative: none") << -1 << QString(300, 'x') << QString(300, 'x');
-        QTest::newRow("most negative") << INT_MIN << QString(300, 'x') << QString(300, 'x');
-        QTest::newRow("no half characters") << 3 << smile + smile << smile;
-        QTest::newRow("not even one") << 1 << smile << QString();
-    }
-
+    // A line break counts one; characters of two halves stay whole. No limit: 0 and below.
     void textLimit()
     {
-        QFETCH(int, limit);
-        QFETCH(QString, pasted);
-        QFETCH(QString, kept);
-        ViewedTextEdit edit;
-        edit.setMaxLength(limit);
-        QSignalSpy spy(&edit, &QTextEdit::textChanged);
-        edit.paste(pasted);
-        QCOMPARE(edit.toPlainText(), kept);
-        QVERIFY(spy.count() <= 2);
-        QCOMPARE(edit.textCursor().position(), kept.size());
-        // Text that is inserted in front pushes the end out, and the cursor goes to the end.
-        edit.moveCursor(QTextCursor::Start);
-        edit.insertPlainText("y");
-        const bool full = limit > 0 && kept.size() == limit;
-        QCOMPARE(edit.toPlainText(), "y" + (full ? kept.left(limit - 1) : kept));
-        if (full)
-            QCOMPARE(edit.textCursor().position(), limit);
+        const QString lines = QString("ab\n").repeated(100);
+        const QString smile = QString::fromUtf8("\xF0\x9F\x98\x80");
+        const QString many(300, 'x');
+        const QString hundred(100, 'x');
+        const std::tuple<int, QString, QString> rows[] = {
+            {100, many, hundred},          {100, hundred, hundred},   {100, hundred + 'x', hundred},
+            {100, lines, lines.left(100)}, {0, many, many},           {-1, many, many},
+            {INT_MIN, many, many},         {3, smile + smile, smile}, {1, smile, QString()}};
+        for (const auto &[limit, pasted, kept] : rows) {
+            ViewedTextEdit edit;
+            edit.setMaxLength(limit);
+            const QSignalSpy spy(&edit, &QTextEdit::textChanged);
+            edit.paste(pasted);
+            QCOMPARE(edit.toPlainText(), kept);
+            QVERIFY(spy.count() <= 2);
+            QCOMPARE(edit.textCursor().position(), kept.size());
+            // Text that is inserted in front pushes the end out, and the cursor goes to the end.
+            edit.moveCursor(QTextCursor::Start);
+            edit.insertPlainText("y");
+            const bool full = limit > 0 && kept.size() == limit;
+            QCOMPARE(edit.toPlainText(), "y" + (full ? kept.left(limit - 1) : kept));
+            QVERIFY(!full || edit.textCursor().position() == limit);
+        }
     }
 
     void textLimitComesLater()
@@ -364,39 +270,25 @@ private Q_SLOTS:
         edit.append("more");
         QCOMPARE(edit.toPlainText(), QString("Twel"));
         QCOMPARE(edit.textCursor().charFormat().fontWeight(), int(QFont::Normal));
-    }
-
-    void textLimitWhileUndoing_data()
-    {
-        QTest::addColumn<bool>("redo");
-        QTest::newRow("undo") << false;
-        QTest::newRow("redo") << true;
-    }
-
-    void textLimitWhileUndoing()
-    {
-        QFETCH(bool, redo);
-        CBPTextEdit edit;
-        edit.insertPlainText(QString(100, 'x'));
-        if (redo) {
-            edit.undo();
-        } else {
-            edit.selectAll();
-            edit.textCursor().removeSelectedText(); // which the limit then does not concern
+        for (const bool redo : {false, true}) {
+            CBPTextEdit undone;
+            undone.insertPlainText(QString(100, 'x'));
+            undone.selectAll();
+            if (redo)
+                undone.undo();
+            else
+                undone.textCursor().removeSelectedText(); // which the limit then does not concern
+            undone.setMaxLength(60);
+            QTest::ignoreMessage(QtWarningMsg, "QTextCursor::setPosition: Position '100' out of range");
+            redo ? undone.redo() : undone.undo();
+            QCOMPARE(undone.toPlainText(), QString(60, 'x'));
+            QTRY_COMPARE(undone.textCursor().position(), 60);
+            // Otherwise the application may set the cursor where it likes.
+            undone.setPlainText(QString(100, 'x'));
+            undone.moveCursor(QTextCursor::Start);
+            QCoreApplication::processEvents();
+            QCOMPARE(undone.textCursor().position(), 0);
         }
-        edit.setMaxLength(60);
-        QTest::ignoreMessage(QtWarningMsg, "QTextCursor::setPosition: Position '100' out of range");
-        if (redo)
-            edit.redo();
-        else
-            edit.undo();
-        QCOMPARE(edit.toPlainText(), QString(60, 'x'));
-        QTRY_COMPARE(edit.textCursor().position(), 60);
-        // Otherwise the application may set the cursor where it likes.
-        edit.setPlainText(QString(100, 'x'));
-        edit.moveCursor(QTextCursor::Start);
-        QCoreApplication::processEvents();
-        QCOMPARE(edit.textCursor().position(), 0);
     }
 
     void textMargins()

@@ -7,8 +7,9 @@
 
 #include <QBoxLayout>
 #include <QLabel>
-#include <QPainter>
 #include <QPointer>
+
+#include <tuple>
 
 namespace {
 
@@ -18,14 +19,9 @@ const QColor kLine(215, 215, 215);
 const QColor kBand(250, 250, 250);
 const QColor kOutline(179, 179, 179);
 
-// The widget painted over kNothing at `ratio` device pixels to a logical one.
 QImage picture(QWidget &widget, qreal ratio = 1.0)
 {
-    QImage image(widget.size() * ratio, QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(ratio);
-    image.fill(kNothing);
-    widget.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
-    return image;
+    return pictureOf(widget, ratio, kNothing);
 }
 
 QWidget *cell(int width)
@@ -47,18 +43,36 @@ QVector<int> columnsOf(const QImage &image, const QColor &color, int y)
     return columns;
 }
 
+// Counts what a widget is asked to repaint.
 class Repaints : public QObject
 {
 public:
-    explicit Repaints(QWidget &widget) { widget.installEventFilter(this); }
-    int count = 0;
+    explicit Repaints(QWidget &widget)
+    {
+        widget.resize(40, 20);
+        widget.show();
+        m_count = QTest::qWaitForWindowExposed(&widget) ? 0 : 1;
+        widget.installEventFilter(this);
+    }
+
+    template <class Act> bool follow(Act act)
+    {
+        QCoreApplication::processEvents();
+        m_count = 0;
+        act();
+        QCoreApplication::processEvents();
+        return m_count > 0;
+    }
 
 protected:
     bool eventFilter(QObject *, QEvent *event) override
     {
-        count += event->type() == QEvent::UpdateRequest || event->type() == QEvent::Paint;
+        m_count += event->type() == QEvent::UpdateRequest || event->type() == QEvent::Paint;
         return false;
     }
+
+private:
+    int m_count = 0;
 };
 
 } // namespace
@@ -72,58 +86,49 @@ private slots:
     {
         CBPWidget widget;
         widget.resize(20, 10);
-        QCOMPARE(picture(widget).pixelColor(0, 0), QColor(Qt::white));
-        QCOMPARE(picture(widget).pixelColor(19, 9), QColor(Qt::white));
+        QCOMPARE(boxOf(picture(widget), Qt::white), QRect(0, 0, 20, 10));
         widget.setPen(QPen(Qt::blue));
         widget.setBrush(Qt::NoBrush);
         const QImage outlined = picture(widget);
-        QCOMPARE(outlined.pixelColor(0, 5), QColor(Qt::blue));
-        QCOMPARE(outlined.pixelColor(10, 0), QColor(Qt::blue));
+        QCOMPARE(boxOf(outlined, Qt::blue).topLeft(), QPoint(0, 0));
         QCOMPARE(outlined.pixelColor(10, 5), kNothing);
-
         widget.Show();
-        QVERIFY(QTest::qWaitForWindowExposed(&widget));
-        Repaints repaints(widget);
-        QCoreApplication::processEvents();
-        repaints.count = 0;
-        widget.setPen(QPen(Qt::blue));
-        QCoreApplication::processEvents();
-        QVERIFY(repaints.count > 0);
-        repaints.count = 0;
-        widget.setBrush(Qt::red);
-        QCoreApplication::processEvents();
-        QVERIFY(repaints.count > 0);
+        QVERIFY(widget.isVisible());
         widget.Hide();
         QVERIFY(!widget.isVisible());
     }
 
-    void boxMakesItsLayout_data()
+    void repaints()
     {
-        QTest::addColumn<bool>("vertical");
-        QTest::addColumn<int>("direction");
-        QTest::newRow("column") << true << int(QBoxLayout::TopToBottom);
-        QTest::newRow("row") << false << int(QBoxLayout::LeftToRight);
+        CBPWidget widget;
+        Repaints its(widget);
+        QVERIFY(its.follow([&] { widget.setPen(QPen(Qt::blue)); }));
+        QVERIFY(its.follow([&] { widget.setBrush(Qt::red); }));
+        CBPBox box;
+        Repaints boxes(box);
+        QVERIFY(!boxes.follow([&] { box.SetDrawFrame(true); })); // shows at the next one
+        QVERIFY(boxes.follow([&] { box.SetFrameClr(Qt::black); }));
+        QVERIFY(boxes.follow([&] { box.SetBgClr(Qt::black); }));
     }
 
     void boxMakesItsLayout()
     {
-        QFETCH(bool, vertical);
-        QFETCH(int, direction);
-        CBPBox box(vertical, true, 7);
-        auto *layout = qobject_cast<QBoxLayout *>(box.layout());
-        QVERIFY(layout && !box.parent());
-        QCOMPARE(int(layout->direction()), direction);
-        QCOMPARE(layout->spacing(), 7);
-        QCOMPARE(layout->contentsMargins(), QMargins());
-        box.SetSpacing(3);
-        QCOMPARE(layout->spacing(), 3);
-        box.SetBorderWidth(1, 2, 3, 4);
-        QCOMPARE(box.contentsMargins(), QMargins(1, 2, 3, 4));
-        QCOMPARE(layout->contentsMargins(), QMargins());
-        box.SetSizeConstraint(QLayout::SetFixedSize);
-        QTest::ignoreMessage(QtWarningMsg, "CBPBox: 99 is no size constraint");
-        box.SetSizeConstraint(99);
-        QCOMPARE(layout->sizeConstraint(), QLayout::SetFixedSize);
+        for (const bool vertical : {true, false}) {
+            CBPBox box(vertical, true, 7);
+            auto *layout = qobject_cast<QBoxLayout *>(box.layout());
+            QVERIFY(layout && !box.parent());
+            QCOMPARE(layout->direction(), vertical ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+            QCOMPARE(layout->spacing(), 7);
+            box.SetSpacing(3);
+            QCOMPARE(layout->spacing(), 3);
+            box.SetBorderWidth(1, 2, 3, 4);
+            QCOMPARE(box.contentsMargins(), QMargins(1, 2, 3, 4));
+            QCOMPARE(layout->contentsMargins(), QMargins());
+            box.SetSizeConstraint(QLayout::SetFixedSize);
+            QTest::ignoreMessage(QtWarningMsg, "CBPBox: 99 is no size constraint");
+            box.SetSizeConstraint(99);
+            QCOMPARE(layout->sizeConstraint(), QLayout::SetFixedSize);
+        }
     }
 
     void frame_data() { scalings(); }
@@ -151,87 +156,43 @@ private slots:
         QCOMPARE(picture(box, ratio).pixelColor(right, 0), QColor(Qt::blue));
     }
 
-    void repaintsOnColoursOnly()
-    {
-        CBPBox box;
-        box.resize(40, 20);
-        box.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&box));
-        QCoreApplication::processEvents();
-        Repaints repaints(box);
-        box.SetDrawFrame(true);
-        QCoreApplication::processEvents();
-        QCOMPARE(repaints.count, 0);
-        box.SetFrameClr(Qt::black);
-        QCoreApplication::processEvents();
-        QVERIFY(repaints.count > 0);
-        repaints.count = 0;
-        box.SetBgClr(Qt::black);
-        QCoreApplication::processEvents();
-        QVERIFY(repaints.count > 0);
-    }
-
-    void packsAWidgetAndASpace_data()
-    {
-        QTest::addColumn<bool>("vertical");
-        QTest::addColumn<bool>("expand");
-        QTest::addColumn<int>("padding");
-        QTest::addColumn<QSize>("space");
-        QTest::newRow("row") << false << false << 5 << QSize(5, 0);
-        QTest::newRow("column, expanding") << true << true << 12 << QSize(0, 12);
-        QTest::newRow("no padding") << false << true << 0 << QSize(0, 0);
-    }
-
+    // A column that expands, a row, and a space of nothing, which is an item all the same.
     void packsAWidgetAndASpace()
     {
-        QFETCH(bool, vertical);
-        QFETCH(bool, expand);
-        QFETCH(int, padding);
-        QFETCH(QSize, space);
-        CBPBox box(vertical);
-        auto *label = new QLabel;
-        label->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Maximum);
-        box.PackStart(label, expand, true, padding, Qt::AlignBottom);
-        QCOMPARE(box.layout()->count(), 2);
-        QCOMPARE(label->parentWidget(), &box);
-        QCOMPARE(box.layout()->itemAt(0)->alignment(), Qt::AlignBottom);
-        const QSizePolicy policy = label->sizePolicy();
-        QCOMPARE(policy.horizontalPolicy(), expand ? QSizePolicy::Expanding : QSizePolicy::Fixed);
-        QCOMPARE(policy.verticalPolicy(), expand ? QSizePolicy::Expanding : QSizePolicy::Maximum);
-        QVERIFY(box.layout()->itemAt(1)->spacerItem());
-        QCOMPARE(box.layout()->itemAt(1)->sizeHint(), space);
-        auto *inner = new QHBoxLayout;
-        box.PackStart(inner, padding, 3);
-        QCOMPARE(box.layout()->count(), 4);
-        QCOMPARE(qobject_cast<QBoxLayout *>(box.layout())->stretch(2), 3);
-        QCOMPARE(box.layout()->itemAt(3)->sizeHint(), space);
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("already has a parent"));
-        box.PackStart(inner, padding, 3);
-        QCOMPARE(box.layout()->count(), 4);
+        const std::tuple<bool, bool, int, QSize> rows[] = {
+            {false, false, 5, QSize(5, 0)}, {true, true, 12, QSize(0, 12)}, {false, true, 0, QSize(0, 0)}};
+        for (const auto &[vertical, expand, padding, space] : rows) {
+            CBPBox box(vertical);
+            auto *layout = qobject_cast<QBoxLayout *>(box.layout());
+            auto *label = new QLabel;
+            label->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Maximum);
+            box.PackStart(label, expand, true, padding, Qt::AlignBottom);
+            QVERIFY(layout->count() == 2 && label->parentWidget() == &box);
+            QCOMPARE(layout->itemAt(0)->alignment(), Qt::AlignBottom);
+            const QSizePolicy policy = label->sizePolicy();
+            QCOMPARE(policy.horizontalPolicy(), expand ? QSizePolicy::Expanding : QSizePolicy::Fixed);
+            QCOMPARE(policy.verticalPolicy(), expand ? QSizePolicy::Expanding : QSizePolicy::Maximum);
+            QVERIFY(layout->itemAt(1)->spacerItem() && layout->itemAt(1)->sizeHint() == space);
+            auto *inner = new QHBoxLayout;
+            box.PackStart(inner, padding, 3);
+            QVERIFY(layout->count() == 4 && layout->stretch(2) == 3);
+            QCOMPARE(layout->itemAt(3)->sizeHint(), space);
+        }
     }
 
-    void insertsAtAnyIndex_data()
-    {
-        QTest::addColumn<int>("index");
-        QTest::addColumn<int>("place");
-        QTest::newRow("front") << 0 << 0;
-        QTest::newRow("behind the space") << 2 << 2;
-        QTest::newRow("negative") << -7 << 4;
-        QTest::newRow("beyond the end") << 99 << 4;
-    }
-
+    // In front, behind the first space, and at the end, where there is no such index.
     void insertsAtAnyIndex()
     {
-        QFETCH(int, index);
-        QFETCH(int, place);
-        CBPBox box;
-        box.PackStart(new QLabel);
-        box.PackStart(new QLabel);
-        QLabel *label = new QLabel;
-        box.InsertWidget(index, label, 2, Qt::AlignTop);
-        QCOMPARE(box.layout()->count(), 5);
-        QCOMPARE(box.layout()->indexOf(label), place);
-        QCOMPARE(qobject_cast<QBoxLayout *>(box.layout())->stretch(place), 2);
+        for (const auto &[index, place] :
+             {std::pair(0, 0), std::pair(2, 2), std::pair(-7, 4), std::pair(99, 4)}) {
+            CBPBox box;
+            box.PackStart(new QLabel);
+            box.PackStart(new QLabel);
+            QLabel *label = new QLabel;
+            box.InsertWidget(index, label, 2, Qt::AlignTop);
+            QCOMPARE(box.layout()->indexOf(label), place);
+            QCOMPARE(qobject_cast<QBoxLayout *>(box.layout())->stretch(place), 2);
+        }
     }
 
     void leavesOutWhatItCannotHold()
@@ -253,11 +214,10 @@ private slots:
         auto *nested = new QHBoxLayout;
         around->addLayout(nested);
         nested->addWidget(&window);
-        for (const char *name : {"CBPGridBox", "CBPGridBox", "CBPGridBox", "CBPFrameBox", "CBPGridBox"})
-            QTest::ignoreMessage(QtWarningMsg,
-                                 qPrintable(QString("A %1 cannot hold itself or a widget that it "
-                                                    "lies in")
-                                                .arg(name)));
+        for (const char *name : {"CBPGridBox", "CBPGridBox", "CBPGridBox", "CBPFrameBox", "CBPGridBox"}) {
+            const QString text = QString("A %1 cannot hold itself or a widget that it lies in").arg(name);
+            QTest::ignoreMessage(QtWarningMsg, qPrintable(text));
+        }
         box->PackStart(&window, true);
         base.PackStart(box);
         box->InsertWidget(0, &window);
@@ -278,203 +238,137 @@ private slots:
         QCOMPARE(picture(*box).isNull(), false);
     }
 
-    void removesChildren_data()
-    {
-        QTest::addColumn<bool>("hide");
-        QTest::newRow("hidden") << true;
-        QTest::newRow("left where they are") << false;
-    }
-
+    // Hidden, or left where they are.
     void removesChildren()
     {
-        QFETCH(bool, hide);
-        CBPBox box(true);
-        QPointer<QLabel> first = new QLabel("1");
-        QPointer<QLabel> nested = new QLabel("2");
-        QPointer<QHBoxLayout> inner = new QHBoxLayout;
-        inner->addWidget(nested);
-        auto *spacer = new QSpacerItem(9, 9);
-        box.PackStart(first, false, false, 4);
-        box.PackStart(inner, 4, 0);
-        box.AddSpacerItem(spacer);
-        box.show();
-        const QRect place = first->geometry();
-        box.RemoveChildren(hide);
-        QCOMPARE(box.layout()->count(), 0);
-        QVERIFY(first && nested);
-        QCOMPARE(first->isVisible(), !hide);
-        QCOMPARE(first->geometry(), place);
-        QCOMPARE(first->parentWidget(), &box);
-        QVERIFY(nested->isVisible()); // the box knows its own items only
-        QCOMPARE(inner.isNull(), hide);
-        if (hide)
-            return;
-        box.PackStart(inner, 0, 0); // they are the caller's again
-        box.AddSpacerItem(spacer);
-        QCOMPARE(box.layout()->count(), 3);
-    }
-
-    void removesOneChild_data()
-    {
-        QTest::addColumn<bool>("deleted");
-        QTest::newRow("kept") << false;
-        QTest::newRow("deleted later") << true;
+        for (const bool hide : {true, false}) {
+            CBPBox box(true);
+            QPointer<QLabel> first = new QLabel("1");
+            QPointer<QLabel> nested = new QLabel("2");
+            QPointer<QHBoxLayout> inner = new QHBoxLayout;
+            inner->addWidget(nested);
+            auto *spacer = new QSpacerItem(9, 9);
+            box.PackStart(first, false, false, 4);
+            box.PackStart(inner, 4, 0);
+            box.AddSpacerItem(spacer);
+            box.show();
+            const QRect place = first->geometry();
+            box.RemoveChildren(hide);
+            QVERIFY(first && nested && box.layout()->count() == 0);
+            QCOMPARE(first->isVisible(), !hide);
+            QCOMPARE(first->geometry(), place);
+            QCOMPARE(first->parentWidget(), &box);
+            QVERIFY(nested->isVisible()); // the box knows its own items only
+            QCOMPARE(inner.isNull(), hide);
+            if (hide)
+                continue;
+            box.PackStart(inner, 0, 0); // they are the caller's again
+            box.AddSpacerItem(spacer);
+            QCOMPARE(box.layout()->count(), 3);
+        }
     }
 
     void removesOneChild()
     {
-        QFETCH(bool, deleted);
-        CBPBox box;
-        QPointer<QLabel> label = new QLabel;
-        auto *other = new QLabel;
-        box.PackStart(other);
-        box.PackStart(label);
-        box.RemoveChild(label, deleted);
-        QCOMPARE(box.layout()->count(), 3); // the space stays
-        QCOMPARE(box.layout()->indexOf(other), 0);
-        QVERIFY(label);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QCOMPARE(label.isNull(), deleted);
+        for (const bool deleted : {false, true}) {
+            CBPBox box;
+            QPointer<QLabel> label = new QLabel;
+            auto *other = new QLabel;
+            box.PackStart(other);
+            box.PackStart(label);
+            box.RemoveChild(label, deleted);
+            QCOMPARE(box.layout()->count(), 3); // the space stays
+            QVERIFY(label && box.layout()->indexOf(other) == 0);
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            QCOMPARE(label.isNull(), deleted); // later
+        }
     }
 
-    void opensAndFolds()
+    // Start, end and time are the caller's, also while another animation is under way.
+    void animations()
     {
         CBPBox box(true);
-        box.AnimatedExpanding(10, 60, 40);
-        QCOMPARE(box.maximumHeight(), 10);
-        QTRY_COMPARE(box.maximumHeight(), 60);
-        box.AnimatedCollapse(60, 0, 40);
-        QCOMPARE(box.maximumHeight(), 60);
-        QTRY_COMPARE(box.maximumHeight(), 0);
-        box.AnimatedCollapse(80, 20, 0);
-        QCOMPARE(box.maximumHeight(), 0);
-        box.AnimatedExpanding(-5, 90, -3); // at once, without a complaint
-        QCOMPARE(box.maximumHeight(), 90);
-        box.AnimatedHorizontal(QSize(50, 20), QSize(150, 40), 40);
-        QCOMPARE(box.size(), QSize(50, 20));
-        QTRY_COMPARE(box.size(), QSize(150, 40));
-    }
-
-    // The opposite animation takes over from where the box is, and needs the time of that part only.
-    void turnsBackWithoutAJump()
-    {
-        CBPBox box(true);
-        box.AnimatedExpanding(0, 1000, 600);
-        QTRY_VERIFY_WITH_TIMEOUT(box.maximumHeight() > 100, 2000);
-        const int reached = box.maximumHeight();
-        box.AnimatedCollapse(1000, 0, 10000);
-        QCOMPARE(box.maximumHeight(), reached);
-        QTRY_VERIFY(box.maximumHeight() < reached);
-        box.AnimatedExpanding(0, 1000, 0);
-        QCOMPARE(box.maximumHeight(), 1000);
-
-        box.AnimatedHorizontal(QSize(100, 50), QSize(500, 50), 600);
-        QTRY_VERIFY_WITH_TIMEOUT(box.width() > 150, 2000);
-        const QSize size = box.size();
-        box.AnimatedHorizontal(QSize(500, 50), QSize(100, 50), 50);
-        QCOMPARE(box.size(), size);
-        QTRY_COMPARE(box.size(), QSize(100, 50));
-    }
-
-    void takesTheTimeThatIsLeft()
-    {
-        CBPBox box(true);
-        box.AnimatedExpanding(0, 1000, 20000);
-        QTRY_VERIFY_WITH_TIMEOUT(box.maximumHeight() > 4, 2000);
-        box.AnimatedCollapse(1000, 0, 8000); // it has not come far: nearly done
-        QTRY_COMPARE_WITH_TIMEOUT(box.maximumHeight(), 0, 3000);
-    }
-
-    void jumpsWhereAnAnimationLiesElsewhere()
-    {
-        CBPBox box(true);
-        box.AnimatedExpanding(0, 100, 10000);
-        box.AnimatedExpanding(500, 600, 10000);
-        QCOMPARE(box.maximumHeight(), 500);
-        box.AnimatedExpanding(0, 100, 10000);
-        QCOMPARE(box.maximumHeight(), 0);
-        box.AnimatedCollapse(100, 0, 10000); // folded is what is asked for: opening ends
-        QTest::qWait(150);                   // nothing to wait for: it must not move
-        QCOMPARE(box.maximumHeight(), 0);
-    }
-
-    void gridLines_data()
-    {
-        QTest::addColumn<int>("cells");
-        QTest::addColumn<bool>("rightToLeft");
-        QTest::addColumn<QVector<int>>("lines");
-        QTest::newRow("one cell") << 1 << false << QVector<int>{0, 39};
-        QTest::newRow("two") << 2 << false << QVector<int>{0, 11, 32};
-        QTest::newRow("three") << 3 << false << QVector<int>{0, 11, 32, 63};
-        QTest::newRow("right to left") << 3 << true << QVector<int>{0, 31, 52, 63};
+        const struct
+        {
+            bool opens;
+            int start, end, duration, at, until; // the last: -1 waits for a move, -2 not at all
+        } steps[] = {{true, 10, 60, 40, 10, 60},        {false, 60, 0, 40, 60, 0},
+                     {false, 80, 20, 0, 0, 0}, // it is folded
+                     {true, -5, 90, -3, 90, 90},        {true, 0, 1000, 10000, 0, -1},
+                     {false, 700, 100, 10000, 700, -1}, {true, 0, 90, 40, 0, -2},
+                     {false, 90, 30, 0, 0, 90}}; // folded still: it opens all the same
+        for (const auto &step : steps) {
+            if (step.opens)
+                box.AnimatedExpanding(step.start, step.end, step.duration);
+            else
+                box.AnimatedCollapse(step.start, step.end, step.duration);
+            QCOMPARE(box.maximumHeight(), step.at);
+            QTRY_VERIFY(step.until < 0 || box.maximumHeight() == step.until);
+            QTRY_VERIFY(step.until != -1 || box.maximumHeight() != step.at);
+        }
+        box.AnimatedHorizontal(QSize(100, 50), QSize(500, 50), 10000);
+        QTRY_VERIFY(box.width() > 100);
+        box.AnimatedHorizontal(QSize(500, 20), QSize(80, 50), 40);
+        QCOMPARE(box.size(), QSize(500, 20));
+        QTRY_COMPARE(box.size(), QSize(80, 50));
     }
 
     void gridLines()
     {
-        QFETCH(int, cells);
-        QFETCH(bool, rightToLeft);
-        QFETCH(QVector<int>, lines);
-        CBPGridBox box(false, false, 9);
-        if (rightToLeft)
-            box.setLayoutDirection(Qt::RightToLeft);
-        for (int i = 0; i < cells; ++i)
-            box.PackStart(cell(10 * (i + 1)), false, false, 0, Qt::AlignLeft);
-        box.setFixedSize(lines.last() + 1, 22);
-        box.ensurePolished();
-        box.layout()->activate();
-        const QImage image = picture(box);
-        QCOMPARE(columnsOf(image, kLine, 10), lines);
-        QCOMPARE(columnsOf(image, kLine, 0).size(), image.width());
-        QCOMPARE(columnsOf(image, kLine, 21).size(), image.width());
-        box.SetFrameClr(Qt::black);
-        QCOMPARE(columnsOf(picture(box), Qt::black, 10), lines);
+        using Lines = QVector<int>;
+        const std::tuple<int, bool, Lines> rows[] = {{1, false, Lines{0, 39}},
+                                                     {2, false, Lines{0, 11, 32}},
+                                                     {3, false, Lines{0, 11, 32, 63}},
+                                                     {3, true, Lines{0, 31, 52, 63}}};
+        for (const auto &[cells, rightToLeft, lines] : rows) {
+            CBPGridBox box(false, false, 9);
+            box.setLayoutDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+            for (int i = 0; i < cells; ++i)
+                box.PackStart(cell(10 * (i + 1)), false, false, 0, Qt::AlignLeft);
+            box.setFixedSize(lines.last() + 1, 22);
+            box.ensurePolished();
+            box.layout()->activate();
+            const QImage image = picture(box);
+            QCOMPARE(columnsOf(image, kLine, 10), lines);
+            QCOMPARE(columnsOf(image, kLine, 0).size(), image.width());
+            QCOMPARE(columnsOf(image, kLine, 21).size(), image.width());
+            box.SetFrameClr(Qt::black);
+            QCOMPARE(columnsOf(picture(box), Qt::black, 10), lines);
+        }
     }
 
     void gridForgetsDeadCells()
     {
         CBPGridBox box;
-        QWidget *first = cell(10);
-        box.PackStart(first);
-        box.PackStart(cell(20));
-        box.PackStart(cell(30));
-        delete first;
+        for (const int width : {10, 20, 30})
+            box.PackStart(cell(width));
+        delete box.layout()->itemAt(0)->widget();
         box.setFixedSize(53, 22);
         box.layout()->activate();
-        QCOMPARE(columnsOf(picture(box), kLine, 10).contains(21), true);
-        QCOMPARE(columnsOf(picture(box), kLine, 10).contains(11), false);
+        QCOMPARE(columnsOf(picture(box), kLine, 10), QVector<int>({0, 21, 52}));
     }
 
-    void frameBoxBands_data()
-    {
-        QTest::addColumn<int>("height");
-        QTest::addColumn<int>("first"); // last row of the first stretch that is a band, and so on
-        QTest::addColumn<int>("last");
-        // The bands, and what lies between them, are one: only the bottom area is left out.
-        QTest::newRow("higher than both bands") << 200 << 1 << 159;
-        QTest::newRow("just as high") << 70 << 1 << 29;
-        QTest::newRow("bands overlap") << 50 << 1 << 29;
-        QTest::newRow("lower than the bottom band") << 20 << 1 << 19;
-    }
-
+    // The bands, and what lies between them, are one: only the bottom area is left out. Boxes that are higher
+    // than both bands, just as high, lower, and lower than the bottom band.
     void frameBoxBands()
     {
-        QFETCH(int, height);
-        QFETCH(int, first);
-        QFETCH(int, last);
-        for (const qreal ratio : {1.0, 2.0}) {
-            CBPFrameBox box(30, 40);
-            box.resize(60, height);
-            const QImage image = picture(box, ratio);
-            for (int y = 0; y < image.height(); ++y) {
-                const int row = int(y / ratio);
-                const QColor expected = row >= first && row <= last ? kBand : kNothing;
-                QCOMPARE(image.pixelColor(image.width() - 1, y), row == 0 ? kOutline : expected);
-                QCOMPARE(image.pixelColor(0, y), kOutline);
+        for (const auto &[height, last] :
+             {std::pair(200, 159), std::pair(70, 29), std::pair(50, 29), std::pair(20, 19)}) {
+            for (const qreal ratio : {1.0, 2.0}) {
+                CBPFrameBox box(30, 40);
+                box.resize(60, height);
+                const QImage image = picture(box, ratio);
+                for (int y = 0; y < image.height(); ++y) {
+                    const int row = int(y / ratio);
+                    const QColor expected = row == 0 ? kOutline : row <= last ? kBand : kNothing;
+                    QCOMPARE(image.pixelColor(image.width() - 1, y), expected);
+                    QCOMPARE(image.pixelColor(0, y), kOutline);
+                }
             }
         }
         for (const int wild : {INT_MIN, INT_MAX}) {
             CBPFrameBox box(wild, wild);
-            box.resize(60, height);
+            box.resize(60, 200);
             QVERIFY(!picture(box).isNull());
         }
     }
@@ -487,23 +381,18 @@ private slots:
         auto *outer = new QVBoxLayout(&window);
         outer->addWidget(box);
         QCOMPARE(box->parentWidget(), &window);
-        QWidget *bottom = cell(40);
-        QWidget *left = cell(10);
-        QWidget *right = cell(10);
-        QWidget *content = cell(30);
-        box->AddBottomWidget(bottom, 2);
-        box->AddContentWidget(content, 5);
-        box->AddTitleWidget(left, 3);
-        box->AddTitleWidget(right, 0);
+        const QVector<QWidget *> cells{cell(10), cell(10), cell(30), cell(40)};
+        box->AddBottomWidget(cells[3], 2);
+        box->AddContentWidget(cells[2], 5);
+        box->AddTitleWidget(cells[0], 3);
+        box->AddTitleWidget(cells[1], 0);
         QCOMPARE(box->sizeHint(), QSize(40 + 2, 20 + 20 + 5 + 20));
         box->setFixedSize(box->sizeHint());
         window.adjustSize();
         outer->activate();
         box->layout()->activate();
-        QCOMPARE(right->x() - left->geometry().right() - 1 >= 3, true);
-        QCOMPARE(left->y(), 0);
-        QCOMPARE(content->y(), 20);
-        QCOMPARE(bottom->y(), 45);
+        QVERIFY(cells[1]->x() - cells[0]->geometry().right() - 1 >= 3);
+        QVERIFY(cells[0]->y() == 0 && cells[2]->y() == 20 && cells[3]->y() == 45);
     }
 };
 

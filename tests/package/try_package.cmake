@@ -30,7 +30,7 @@ file(GLOB_RECURSE programs "${WORK}/consumer/*/minimal" "${WORK}/consumer/*/mini
 list(GET programs 0 program)
 get_filename_component(folder "${program}" DIRECTORY)
 if(NOT EXISTS "${folder}/../res/title_logo.png" OR NOT EXISTS "${folder}/../res/Common/langind.ini"
-   OR NOT EXISTS "${folder}/../res/lumqtlib_en.qm")
+   OR NOT EXISTS "${folder}/../res/lumqtlib_en.qm" OR NOT EXISTS "${folder}/../res/lumqtlib_en.qm.sha256")
     message(FATAL_ERROR "The resources were not staged beside ${folder}")
 endif()
 set(ENV{LUMQT_DLL_PATH} "${PREFIX}/bin")

@@ -82,10 +82,11 @@ void addAnimations(Page *page)
         auto *pressed = qobject_cast<CBPPushBtn *>(buttons->layout()->itemAt(2 * index)->widget());
         QObject::connect(pressed, &CBPPushBtn::sigBtnClicked, buttons, action);
     };
-    press(0, [box] { box->AnimatedExpanding(0, kFoldHeight, kFoldTime); });
-    press(1, [box] { box->AnimatedCollapse(kFoldHeight, 0, kFoldTime); });
-    press(2, [=] { grower->AnimatedHorizontal(small, large, kFoldTime); });
-    press(3, [=] { grower->AnimatedHorizontal(large, small, kFoldTime); });
+    // From where the box is: a press while it is on its way makes it turn round.
+    press(0, [box] { box->AnimatedExpanding(box->maximumHeight(), kFoldHeight, kFoldTime); });
+    press(1, [box] { box->AnimatedCollapse(box->maximumHeight(), 0, kFoldTime); });
+    press(2, [=] { grower->AnimatedHorizontal(grower->size(), large, kFoldTime); });
+    press(3, [=] { grower->AnimatedHorizontal(grower->size(), small, kFoldTime); });
     section->addWide(row);
 }
 
