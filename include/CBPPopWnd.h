@@ -174,6 +174,7 @@ private:
     void arrangeTabOrder();
     void retranslateButtons();
     QRect bodyRect() const;
+    int cornerRadius() const;
     const QWidget *framelessFocus() const;
     QRect ringAround(const QWidget *button) const;
     void drawFocusRing(QPainter &painter);

@@ -228,6 +228,11 @@ QRect CBPPopWnd::bodyRect() const
     return rect().adjusted(border, border, -border, -border);
 }
 
+int CBPPopWnd::cornerRadius() const
+{
+    return isMaximized() ? 0 : lumqt::kDialogRadius;
+}
+
 void CBPPopWnd::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
@@ -249,8 +254,8 @@ void CBPPopWnd::paintEvent(QPaintEvent *)
     body.fill = kBody;
     if (!blended)
         body.frame = kOutline;
-    body.radiusX = lumqt::kDialogRadius;
-    body.radiusY = lumqt::kDialogRadius;
+    body.radiusX = cornerRadius();
+    body.radiusY = cornerRadius();
     painter.setClipRect(shown);
     lumqt::drawBody(painter, whole, body);
     painter.setClipping(false);
@@ -315,7 +320,7 @@ QRegion CBPPopWnd::visibleShape() const
     QPainter painter(&shape);
     painter.setPen(Qt::NoPen);
     painter.setBrush(Qt::color1);
-    painter.drawRoundedRect(bodyRect(), lumqt::kDialogRadius, lumqt::kDialogRadius);
+    painter.drawRoundedRect(bodyRect(), cornerRadius(), cornerRadius());
     painter.end();
     return shape;
 }
