@@ -29,8 +29,8 @@ public:
 protected:
     void paintEvent(QPaintEvent *event) override;
 
-    /// Whether all corners are square whatever SetRoundRectEnabled() says, as those of a window that fills the
-    /// screen; false at first. \since 1.0
+    /// Whether all corners are square whatever SetRoundRectEnabled() says, as those of a window that fills
+    /// the screen; false at first. \since 1.0
     void setSquare(bool square);
 
     QBrush m_brush; ///< what the widget is filled with

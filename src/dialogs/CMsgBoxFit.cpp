@@ -84,7 +84,18 @@ void CMsgBox::fitToContent()
     if (!layout())
         return;
     layOutUpTo(this, m_content);
-    fitCheckBox(qBound(minimumWidth(), width(), maximumWidth()));
+    const int room = qBound(minimumWidth(), width(), maximumWidth());
+    const int bottom = bottomHeight();
+    fitCheckBox(room);
+    auto *check = qobject_cast<QAbstractButton *>(m_checkBox);
+    if (wrapRow() && check) { // it stands above the buttons, with all their width
+        layOutUpTo(this, check->parentWidget());
+        const int wide = qMax(room, layout()->totalMinimumSize().width());
+        check->setText(plainOnCheckBox(m_checkText));
+        SetBottomHeight(bottom);
+        fitCheckBox(wide);
+        wrapRow();
+    }
     fitToRoom(roomOnScreen());
 }
 
@@ -100,16 +111,27 @@ void CMsgBox::fitCheckBox(int room)
     // All of the excess is taken for the check box's: what else is too wide leaves it the least width.
     const int whole = check->sizeHint().width();
     const QFontMetrics metrics = check->fontMetrics();
-    const int mark = qMax(0, whole - metrics.size(Qt::TextShowMnemonic, m_checkText).width());
+    const int mark = qMax(0, whole - metrics.size(0, m_checkText).width());
     const int width = qMax(kCheckWidth, whole - excess);
     if (width >= whole)
         return;
     const QString shown = inLines(m_checkText, check->font(), width - mark);
-    check->setText(shown);
+    check->setText(plainOnCheckBox(shown));
     if (shown.endsWith(QChar(0x2026)))
         check->setToolTip(m_checkText);
     SetBottomHeight(qMax(bottomHeight(), check->sizeHint().height() + kCheckPadding));
     layOutUpTo(this, check->parentWidget());
+}
+
+// As long as the application has not given it another.
+bool CMsgBox::hasOwnWidth() const
+{
+    return minimumWidth() == maximumWidth() && minimumWidth() == m_ownWidth;
+}
+
+int CMsgBox::widest() const
+{
+    return hasOwnWidth() ? qMax(kWidth, roomOnScreen().width()) : CBPPopWnd::widest();
 }
 
 // What the layout needs in a width, and some room around it.
@@ -125,10 +147,8 @@ int CMsgBox::neededHeight(int width) const
 void CMsgBox::fitToRoom(const QSize &room)
 {
     const int natural = layout()->totalMinimumSize().width();
-    const bool ownWidth = minimumWidth() == maximumWidth() && minimumWidth() == m_ownWidth;
-    const int widest = ownWidth ? qMax(kWidth, room.width()) : maximumWidth();
-    if (ownWidth && natural > m_ownWidth) {
-        m_ownWidth = qMin(natural, widest);
+    if (hasOwnWidth() && natural > m_ownWidth) {
+        m_ownWidth = qMin(natural, widest());
         setFixedWidth(m_ownWidth);
     }
     resize(qBound(minimumWidth(), width(), maximumWidth()), height());

@@ -171,6 +171,11 @@ bool CBPWinFrm::drawsBottomLine() const
     return m_frame->drawBottomLine;
 }
 
+bool CBPWinFrm::isEscAndF4Disabled() const
+{
+    return m_frame->escAndF4Disabled;
+}
+
 // ----------------------------------------------------------------------------------------------------------
 // modal
 
@@ -262,8 +267,8 @@ void CBPWinFrm::closeEvent(QCloseEvent *event)
     m_frame->closeEvent(event);
     if (!alive || !event->isAccepted() || !isVisible())
         return;
-    // As a dialog does, for those who wait for its end: what hides without it has told nobody. The hook may have
-    // ended it already, and what was let through is not for Escape and Alt+F4 alone to decide.
+    // As a dialog does, for those who wait for its end: what hides without it has told nobody. The hook may
+    // have ended it already, and what was let through is not for Escape and Alt+F4 alone to decide.
     m_frame->closesDown = true;
     reject();
     if (!alive)
