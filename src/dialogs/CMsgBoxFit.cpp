@@ -7,6 +7,7 @@
 #include <QBoxLayout>
 #include <QCoreApplication>
 #include <QEvent>
+#include <QScreen>
 #include <QScrollArea>
 #include <QStyle>
 #include <QTextLayout>
@@ -215,7 +216,6 @@ void CMsgBox::growToContent()
 {
     if (!isVisible() || m_ended || !layout())
         return;
-    const QRect area = lumqt::platform::answers().workArea();
     const QSize room = roomOnScreen();
     const QRect before = geometry();
     if (m_scrollArea) {
@@ -225,11 +225,15 @@ void CMsgBox::growToContent()
     } else if (layout()->totalMinimumSize().width() > width() || neededHeight(width()) > height()) {
         fitToRoom(room);
     }
-    // It grows downwards and to the right, and up or to the left where it would leave the screen.
-    if (size() == before.size() || !area.intersects(before)) // it may stand on another screen
+    if (size() == before.size())
         return;
-    move(qMax(area.left(), qMin(x(), area.left() + area.width() - width())),
-         qMax(area.top(), qMin(y(), area.top() + area.height() - height())));
+    // Over where its middle was, as far as the screen allows, which may be another one than the primary.
+    QRect area = lumqt::platform::answers().workArea();
+    if (!area.intersects(before))
+        area = screen()->availableGeometry();
+    const QPoint at = before.topLeft() - QPoint(width() - before.width(), height() - before.height()) / 2;
+    move(qMax(area.left(), qMin(at.x(), area.left() + area.width() - width())),
+         qMax(area.top(), qMin(at.y(), area.top() + area.height() - height())));
 }
 
 void CMsgBox::contentChanged()
