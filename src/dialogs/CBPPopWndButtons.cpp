@@ -281,7 +281,8 @@ CBPPushBtn *CBPPopWnd::affirmativeButton() const
     for (const StandardButton &standard : kStandardButtons) {
         CBPPushBtn *button = m_buttons.value(standard.flag);
         const int distance = distanceFromYes(standard.flag);
-        if (!button || !button->isEnabled() || !button->isVisibleTo(this) || distance >= least)
+        if (!button || !isAncestorOf(button) || !button->isEnabled() || !button->isVisibleTo(this) ||
+            distance >= least)
             continue;
         found = button;
         least = distance;
