@@ -11,6 +11,10 @@ class QLayout;
 class QPropertyAnimation;
 class QSpacerItem;
 
+namespace lumqt {
+class ButtonPart;
+}
+
 /// A row or column of widgets: a widget with one box layout, operations to pack it, a one-pixel frame with a
 /// filled ground if wanted, and animations that open and fold it.
 ///
@@ -106,6 +110,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    friend class lumqt::ButtonPart; // has another layout
     void Init();
 
     bool m_bVertical;

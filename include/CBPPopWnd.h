@@ -16,9 +16,19 @@ class QPainter;
 /// ended it is its result.
 ///
 /// Make it, call Init(), add buttons and content, and Run() it; GetResult() then tells the flag of the
-/// button. A derived class refuses a button in proceedBtnClicked(). Escape does nothing; the title bar's
-/// close button and Alt+F4 end the dialog with the result 0x100, that of Cancel. It paints a white body with
-/// a soft shadow and fades in during the first 200 milliseconds of its life.
+/// button. A derived class refuses a button in proceedBtnClicked(). Escape does nothing but take back the
+/// press of a button that is held down; the title bar's close button and Alt+F4 end the dialog with the
+/// result 0x100, that of Cancel. Each end is QDialog's done(), by which finished() and rejected() tell it
+/// once, and not reject(), which is for a close event alone that OnClose() did not answer. An answer given
+/// stays: closing the dialog from a slot of sigQuit(), hiding its parent there, or closing it when it is
+/// hidden already, does not turn it into 0x100. It paints a white body with a soft shadow and fades in during
+/// the first 200 milliseconds of its life.
+///
+/// The button that agrees, OK before Yes before any other, is the default and has the focus when nothing
+/// comes before the row; an application chooses another by QPushButton::setDefault(). While a job runs in a
+/// button (CBPWaitBtn), the focus that it had is the dialog's, so that no key presses another button in its
+/// stead, and comes back after. A row that is wider than the work area, or than the dialog may be, goes on in
+/// further rows, for which the bottom area grows.
 ///
 /// The standard buttons, by flag and in the order in which a row holds them: 0x2 Add, 0x4 OK, 0x8 Retry,
 /// 0x10 Continue, 0x20 Skip, 0x80 Export, 0x800 Yes, 0x8000 one without a text for ResetBtnText(),
@@ -152,11 +162,29 @@ protected:
     /// the rest would be black. The base answers the body without its shadow. \since 1.0
     virtual QRegion visibleShape() const;
 
+    /// The widest that the dialog can become, in pixels: the row of buttons goes on in a further row where it
+    /// would be wider. The base answers its maximum width, within the work area of the primary screen.
+    /// \since 1.0
+    virtual int widest() const;
+
+    /// Gives the row of buttons the further rows that widest() makes necessary, as it is done whenever the
+    /// dialog is shown and its content changes. Returns whether the left part stands above the right one
+    /// then. \since 1.0
+    bool wrapRow();
+
+    /// The button that the dialog opens on and that is its default, or null: OK, else Yes, else the first
+    /// primary one but Back, else the first of the others, and Cancel last, of those that are enabled and not
+    /// hidden; first is meant as in the list above. \since 1.0
+    CBPPushBtn *affirmativeButton() const;
+
     void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void showEvent(QShowEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+    bool event(QEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private Q_SLOTS:
@@ -170,10 +198,14 @@ private:
     void pack(CBPBox *box, QWidget *widget, bool expand, bool option, unsigned int padding,
               Qt::Alignment align);
     int flagOf(const CBPPushBtn *button) const;
+    void chooseDefault();
+    void openOnAffirmative();
+    void takeBack(CBPPushBtn *button);
     QPair<int, int> placeInRow(const QWidget *widget) const;
     void arrangeTabOrder();
     void retranslateButtons();
     QRect bodyRect() const;
+    int cornerRadius() const;
     const QWidget *framelessFocus() const;
     QRect ringAround(const QWidget *button) const;
     void drawFocusRing(QPainter &painter);
@@ -193,4 +225,7 @@ private:
     unsigned int m_endings = 0;  // how often the dialog was ended
     bool m_tabsArranged = false; // at the first show
     bool m_masked = false;
+    int m_wrappedHeight = 0;         // by which rows of buttons below the first make the bottom area higher
+    QPointer<CBPPushBtn> m_default;  // as chosen here
+    QPointer<CBPPushBtn> m_lentFrom; // the button whose focus the dialog keeps while it waits
 };

@@ -24,9 +24,12 @@ class FrameBehaviour;
 /// The dialog paints nothing itself and its background is see-through: derived classes paint body, shadow and
 /// bottom line.
 ///
-/// A close request of the system, such as Alt+F4, calls OnClose() and then closes the dialog; a derived class
-/// refuses it in QWidget::closeEvent(). A modal dialog closes itself when its parent is hidden. Any hook may
-/// delete the dialog. All sizes are logical pixels. GUI thread only. \since 1.0
+/// A close request of the system, such as Alt+F4, calls OnClose() and then closes the dialog. However it is
+/// closed, by title button, key, close(), system or its parent's hiding, it ends as a QDialog does: through
+/// reject(), so that finished() and rejected() are emitted once and result() is QDialog::Rejected, unless
+/// OnClose() has ended it by another result. A derived class refuses in reject(), or in QWidget::closeEvent()
+/// without calling the base. A modal dialog closes itself when its parent is hidden. Any hook may delete the
+/// dialog. All sizes are logical pixels. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPWinFrm : public QDialog
 {
     Q_OBJECT
@@ -106,20 +109,20 @@ public:
     /// \since 1.0
     void SetDrawBottomHLine(bool draw);
 
-    /// Sets the room that is left for a shadow on all four sides, in pixels; 10 at first. Takes effect at
-    /// Init() and when the dialog is restored. \since 1.0
+    /// Sets the room that is left for a shadow on all four sides, in pixels; 10 at first, and 0 for a
+    /// negative one. Takes effect at Init() and when the dialog is restored. \since 1.0
     void SetShadowBorder(int border);
 
     /// Whether the program runs in a pre-installation environment, where a maximised dialog keeps 5 pixels
     /// away from every edge; false at first. \since 1.0
     void setIsWinPE(bool isWinPE);
 
-    /// With true neither Escape nor Alt+F4 nor reject() close the dialog; the close button does.
-    /// \since 1.0
+    /// With true neither Escape nor Alt+F4 nor reject() close the dialog; the close button does. That holds
+    /// for every derived class, for the Cancel button that Escape presses in a CMsgBox, too. \since 1.0
     void SetDisableEscAndF4Flag(bool disable);
 
-    /// Whether OnMax() has maximised the dialog. QWidget::isMaximized(), which this hides, knows nothing of
-    /// it. \since 1.0
+    /// Whether OnMax() has maximised the dialog, or the system has, as after QWidget::showMaximized();
+    /// QWidget::isMaximized(), which this hides, knows the latter alone. OnMax() restores both. \since 1.0
     bool isMaximized() const;
 
     /// Runs the dialog modally, centred over its parent or in the work area of the primary screen, which it
@@ -216,10 +219,16 @@ protected:
     /// \since 1.0
     bool drawsBottomLine() const;
 
+    /// What SetDisableEscAndF4Flag() has set.
+    /// \since 1.0
+    bool isEscAndF4Disabled() const;
+
     void closeEvent(QCloseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void moveEvent(QMoveEvent *event) override;
 
 private Q_SLOTS:
     void on_dbl_clickedSlot(bool bDelete);

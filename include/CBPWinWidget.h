@@ -18,8 +18,8 @@ class FrameBehaviour;
 /// The frame of CBPWinFrm around a QWidget, for windows that are not modal.
 ///
 /// It has the operations, hooks, keys and rules of CBPWinFrm, which describes them, but it is not run: there
-/// is neither exec() nor reject(), and showing it does not centre it. A click on the limited-time-offer
-/// button does nothing. \since 1.0
+/// is neither exec() nor reject(), nor a signal that tells its end, and showing it does not centre it. A
+/// click on the limited-time-offer button does nothing. \since 1.0
 class LUMQT_EXPORT CBPWinWidget : public QWidget
 {
     Q_OBJECT
@@ -154,6 +154,8 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void moveEvent(QMoveEvent *event) override;
 
 private Q_SLOTS:
     void on_dbl_clickedSlot(bool bDelete);

@@ -32,9 +32,10 @@ class QScrollArea;
 /// changed while it is shown. The box is 500 pixels wide, and wider only for what cannot be narrower:
 /// buttons, a table, a picture. What is taller or wider than the work area scrolls.
 ///
-/// Enter presses OK (0x4) and Escape presses Cancel (0x100), if they are there and enabled; the copy key
-/// copies caption, texts and button captions, never what was typed. Screen readers find a dialog named by its
-/// title and described by its texts. All sizes are logical pixels. GUI thread only. \since 1.0
+/// Enter presses OK (0x4) and Escape presses Cancel (0x100), if they are there and enabled; Escape does
+/// nothing after SetDisableEscAndF4Flag(true), and takes back the press of a button that is held down; the
+/// copy key copies caption, texts and button captions, never what was typed. Screen readers find a dialog
+/// named by its title and described by its texts. All sizes are logical pixels. GUI thread only. \since 1.0
 class LUMQT_EXPORT CMsgBox : public CBPPopWnd
 {
     Q_OBJECT
@@ -104,6 +105,7 @@ Q_SIGNALS:
     void sigLinkClicked(const QString &str);
 
 protected:
+    int widest() const override;
     void keyPressEvent(QKeyEvent *event) override;
     void showEvent(QShowEvent *event) override;
     void changeEvent(QEvent *event) override;
@@ -135,7 +137,9 @@ private:
                         const std::function<void(const QString &)> &show);
 
     void fitToContent();
+    static QString plainOnCheckBox(QString text);
     void fitCheckBox(int room);
+    bool hasOwnWidth() const;
     int neededHeight(int width) const;
     void fitToRoom(const QSize &room);
     int neededScrolling() const;

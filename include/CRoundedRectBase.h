@@ -29,6 +29,10 @@ public:
 protected:
     void paintEvent(QPaintEvent *event) override;
 
+    /// Whether all corners are square whatever SetRoundRectEnabled() says, as those of a window that fills
+    /// the screen; false at first. \since 1.0
+    void setSquare(bool square);
+
     QBrush m_brush; ///< what the widget is filled with
     QPen m_pen;     ///< of the outline, which lies inside the widget; none at first
 
@@ -41,4 +45,5 @@ private:
     bool m_bottomRight;
     bool m_bottomLeft;
     bool m_rounded = true;
+    bool m_square = false;
 };

@@ -4,6 +4,7 @@
 #include "CBPPushBtn.h"
 #include "CBPWinFrmTitle.h"
 #include "dialogs/Backdrop.h"
+#include "dialogs/ButtonRow.h"
 #include "foundation/Log.h"
 #include "foundation/ModalShow.h"
 #include "foundation/Painting.h"
@@ -11,6 +12,7 @@
 #include "Util.h"
 
 #include <QBitmap>
+#include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLayout>
 #include <QPainter>
@@ -82,8 +84,8 @@ void CBPPopWnd::Init(bool bottomArea)
     CBPWinFrm::Init();
     m_rowBox = clearBox(0);
     m_rowBox->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    m_preBox = clearBox(kRowSpacing);
-    m_postBox = clearBox(kRowSpacing);
+    m_preBox = new lumqt::ButtonPart(Qt::AlignLeft, kRowSpacing);
+    m_postBox = new lumqt::ButtonPart(Qt::AlignRight, kRowSpacing);
     m_rowBox->PackStart(m_preBox.data());
     m_rowBox->AddSpacerItem(new QSpacerItem(0, 0, QSizePolicy::Expanding, QSizePolicy::Preferred));
     m_rowBox->PackStart(m_postBox.data());
@@ -127,6 +129,7 @@ int CBPPopWnd::exec()
     const QPointer<CBPPopWnd> alive(this);
     const bool wasModal = testAttribute(Qt::WA_ShowModal);
     m_running = true;
+    wrapRow();
     centre();
     setResult(QDialog::Rejected);
     int code = QDialog::Rejected;
@@ -143,8 +146,10 @@ int CBPPopWnd::exec()
 
 void CBPPopWnd::setVisible(bool visible)
 {
-    if (visible && !isVisible())
+    if (visible && !isVisible()) {
         m_ending = false; // a slot shows it again while UnRun() is not over: it can be ended again, too
+        wrapRow();
+    }
     CBPWinFrm::setVisible(visible);
 }
 
@@ -153,12 +158,16 @@ void CBPPopWnd::UnRun()
     if (m_ending) // what follows may come back here
         return;
     const QPointer<CBPPopWnd> alive(this);
+    const unsigned int endings = m_endings;
     m_ending = true;
     m_quit = true;
     emit sigQuit(static_cast<QObject *>(this));
     if (!alive)
         return;
-    done(QDialog::Rejected);
+    if (m_endings == endings)
+        done(QDialog::Rejected);
+    else // a slot has closed it, which is told only once
+        setResult(QDialog::Rejected);
     if (alive)
         m_ending = false;
 }
@@ -171,8 +180,18 @@ void CBPPopWnd::done(int result)
 
 void CBPPopWnd::OnClose()
 {
+    if (m_ending) // by an answer, which stays when a slot of sigQuit() closes the dialog or hides its parent
+        return;
     m_result = kClosedResult;
     UnRun();
+}
+
+void CBPPopWnd::closeEvent(QCloseEvent *event)
+{
+    if (m_endings > 0 && !isVisible())
+        event->accept(); // it has its answer: there is nothing to close
+    else
+        CBPWinFrm::closeEvent(event);
 }
 
 void CBPPopWnd::OnHelp() {}
@@ -216,6 +235,37 @@ void CBPPopWnd::setFixedSize(QSize size)
     setFixedSize(size.width(), size.height());
 }
 
+int CBPPopWnd::widest() const
+{
+    const QRect area = lumqt::platform::answers().workArea();
+    return area.isValid() ? qMin(area.width(), maximumWidth()) : maximumWidth();
+}
+
+// Buttons that find no room in one row go on in further ones, by which the bottom area is higher.
+bool CBPPopWnd::wrapRow()
+{
+    QWidget *bottom = statusBox();
+    if (!bottom || !m_rowBox || !m_preBox || !m_postBox || !bottom->isAncestorOf(m_rowBox))
+        return false;
+    const QMargins around = layout()->contentsMargins() + bottom->contentsMargins();
+    const int room = widest() - around.left() - around.right();
+    auto *both = static_cast<QBoxLayout *>(m_rowBox->layout());
+    const int more =
+        lumqt::wrapParts(both, static_cast<const lumqt::ButtonPart &>(*m_preBox),
+                         static_cast<const lumqt::ButtonPart &>(*m_postBox), qMax(0, room), kRowSpacing);
+    if (more != m_wrappedHeight || (more != 0 && bottom->height() != bottomHeight() + more))
+        bottom->setFixedHeight(bottomHeight() + more);
+    m_wrappedHeight = more;
+    return both->direction() == QBoxLayout::TopToBottom;
+}
+
+bool CBPPopWnd::event(QEvent *event)
+{
+    if (event->type() == QEvent::LayoutRequest && isVisible())
+        wrapRow();
+    return CBPWinFrm::event(event);
+}
+
 // ----------------------------------------------------------------------------------------------------------
 // painting
 
@@ -226,6 +276,11 @@ QRect CBPPopWnd::bodyRect() const
         return rect().marginsRemoved(layout()->contentsMargins());
     const int border = qMax(0, shadowBorder());
     return rect().adjusted(border, border, -border, -border);
+}
+
+int CBPPopWnd::cornerRadius() const
+{
+    return isMaximized() ? 0 : lumqt::kDialogRadius;
 }
 
 void CBPPopWnd::paintEvent(QPaintEvent *)
@@ -249,8 +304,8 @@ void CBPPopWnd::paintEvent(QPaintEvent *)
     body.fill = kBody;
     if (!blended)
         body.frame = kOutline;
-    body.radiusX = lumqt::kDialogRadius;
-    body.radiusY = lumqt::kDialogRadius;
+    body.radiusX = cornerRadius();
+    body.radiusY = cornerRadius();
     painter.setClipRect(shown);
     lumqt::drawBody(painter, whole, body);
     painter.setClipping(false);
@@ -282,8 +337,10 @@ QRect CBPPopWnd::ringAround(const QWidget *button) const
 
 void CBPPopWnd::showEvent(QShowEvent *event)
 {
-    if (!event->spontaneous())
+    if (!event->spontaneous()) {
         arrangeTabOrder();
+        openOnAffirmative();
+    }
     updateMask();
     CBPWinFrm::showEvent(event);
 }
@@ -315,7 +372,7 @@ QRegion CBPPopWnd::visibleShape() const
     QPainter painter(&shape);
     painter.setPen(Qt::NoPen);
     painter.setBrush(Qt::color1);
-    painter.drawRoundedRect(bodyRect(), lumqt::kDialogRadius, lumqt::kDialogRadius);
+    painter.drawRoundedRect(bodyRect(), cornerRadius(), cornerRadius());
     painter.end();
     return shape;
 }

@@ -1,6 +1,7 @@
 #include "CBPBox.h"
 #include "CBPPopWnd.h"
 #include "CBPWaitBtn.h"
+#include "ENState.h"
 #include "foundation/FontLookup.h"
 #include "foundation/Log.h"
 #include "foundation/Painting.h"
@@ -9,6 +10,7 @@
 #include <QEvent>
 #include <QFocusEvent>
 #include <QFontMetrics>
+#include <QKeyEvent>
 #include <QLayout>
 
 #include <algorithm>
@@ -22,9 +24,12 @@ constexpr int kWidestForText = 480; // a text may be of any length, a window may
 constexpr int kFrameCount = 24;
 const char kFramePath[] = "../res/loading/loading%1.png";
 
+constexpr int kOkFlag = 0x4;
+constexpr int kYesFlag = 0x800;
 constexpr int kNoFlag = 0x1000;
 constexpr int kCancelFlag = 0x100;
 constexpr int kOtherFlag = 0x8000;
+constexpr int kBackFlag = 0x80000;
 constexpr int kRestartLaterFlag = 0x400000;
 
 constexpr int kKeepOpen = -1;
@@ -63,6 +68,18 @@ constexpr StandardButton kStandardButtons[] = {
 bool isSecondary(int flag)
 {
     return flag == kNoFlag || flag == kCancelFlag || flag == kOtherFlag || flag == kRestartLaterFlag;
+}
+
+// How far a button is from being the one that agrees.
+int distanceFromYes(int flag)
+{
+    if (flag == kOkFlag)
+        return 0;
+    if (flag == kYesFlag)
+        return 1;
+    if (flag == kCancelFlag)
+        return 4;
+    return isSecondary(flag) || flag == kBackFlag ? 3 : 2;
 }
 
 void color(CBPPushBtn *button, bool secondary)
@@ -147,6 +164,7 @@ void CBPPopWnd::PackBtn(int flags, bool prepend)
         const QString caption = *button.caption ? tr(button.caption) : QString();
         CreateAndPackBtn(caption, frames, button.flag, prepend, QString::fromLatin1(button.id));
     }
+    chooseDefault();
 }
 
 CBPPushBtn *CBPPopWnd::CreateAndPackBtn(QString caption, QStringList &frames, int flag, bool prepend,
@@ -157,7 +175,8 @@ CBPPushBtn *CBPPopWnd::CreateAndPackBtn(QString caption, QStringList &frames, in
         button = new CBPPushBtn(caption, nullptr, true, false);
     else
         button = new CBPWaitBtn(frames, caption, QString(), nullptr, true);
-    // Of several a dialog keeps the last one as its default; the one with the focus takes its place.
+    // Of several a dialog keeps the last one as its default, until chooseDefault(); the one with the focus
+    // takes its place.
     if (flag != kCancelFlag)
         button->setDefault(true);
     color(button, isSecondary(flag));
@@ -252,6 +271,51 @@ bool CBPPopWnd::proceedBtnClicked(int)
     return true;
 }
 
+// The one rule of all dialogs for the button that they open on and that is their default: OK, else Yes, else
+// the first primary one but Back, else the first of the others, and Cancel last. First is meant as in the
+// list above.
+CBPPushBtn *CBPPopWnd::affirmativeButton() const
+{
+    CBPPushBtn *found = nullptr;
+    int least = std::numeric_limits<int>::max();
+    for (const StandardButton &standard : kStandardButtons) {
+        CBPPushBtn *button = m_buttons.value(standard.flag);
+        const int distance = distanceFromYes(standard.flag);
+        if (!button || !isAncestorOf(button) || !button->isEnabled() || !button->isVisibleTo(this) ||
+            distance >= least)
+            continue;
+        found = button;
+        least = distance;
+    }
+    return found;
+}
+
+void CBPPopWnd::chooseDefault()
+{
+    CBPPushBtn *button = affirmativeButton();
+    if (!button || flagOf(button) == kCancelFlag)
+        return;
+    button->setDefault(true);
+    m_default = button;
+}
+
+// Where nothing comes before the row. An application that has made another button the default has its way, by
+// Qt.
+void CBPPopWnd::openOnAffirmative()
+{
+    if (focusWidget() || !m_rowBox || (m_default && !m_default->isDefault()))
+        return;
+    const QWidget *first = nextInFocusChain();
+    const auto takesFocus = [this](const QWidget *widget) {
+        return (widget->focusPolicy() & Qt::TabFocus) && widget->isEnabled() && widget->isVisibleTo(this);
+    };
+    while (first != this && !takesFocus(first))
+        first = first->nextInFocusChain();
+    CBPPushBtn *button = affirmativeButton();
+    if (button && m_rowBox->isAncestorOf(first))
+        button->QWidget::setFocus(Qt::TabFocusReason);
+}
+
 void CBPPopWnd::on_btn_clicked()
 {
     const auto *button = qobject_cast<const CBPPushBtn *>(sender());
@@ -294,24 +358,54 @@ int CBPPopWnd::flagOf(const CBPPushBtn *button) const
     return 0;
 }
 
+// A press that does not become a click. Qt lets the button come up as after one, and says so.
+void CBPPopWnd::takeBack(CBPPushBtn *button)
+{
+    button->setDown(false);
+    button->setState(button->underMouse() ? ENStateHover : ENStateNormal);
+    button->update();
+}
+
 bool CBPPopWnd::eventFilter(QObject *watched, QEvent *event)
 {
+    auto *button = qobject_cast<CBPPushBtn *>(watched);
+    if (!button)
+        return CBPWinFrm::eventFilter(watched, event);
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
-        if (auto *button = qobject_cast<CBPPushBtn *>(watched)) {
-            // A button that loses the focus while it is held down would come up as if it had been clicked.
-            const bool leaves = event->type() == QEvent::FocusOut &&
-                                static_cast<QFocusEvent *>(event)->reason() != Qt::PopupFocusReason;
-            if (leaves && button->isDown())
-                button->setDown(false);
-            if (isAncestorOf(button))
-                update(ringAround(button));
-        }
+        const bool leaves = event->type() == QEvent::FocusOut &&
+                            static_cast<QFocusEvent *>(event)->reason() != Qt::PopupFocusReason;
+        if (leaves && button->isDown())
+            button->setDown(false);
+        if (isAncestorOf(button))
+            update(ringAround(button));
+    } else if (event->type() == QEvent::KeyPress && button->isDown() &&
+               static_cast<QKeyEvent *>(event)->matches(QKeySequence::Cancel)) {
+        takeBack(button);
+        event->accept(); // it is about the button, not the dialog
+        return true;
+    } else if (event->type() == QEvent::EnabledChange && button == m_lentFrom && button->isEnabled()) {
+        m_lentFrom.clear();
+        if (focusWidget() == this)
+            button->QWidget::setFocus(Qt::OtherFocusReason);
     }
     return CBPWinFrm::eventFilter(watched, event);
 }
 
 // ----------------------------------------------------------------------------------------------------------
 // keyboard
+
+// While a job runs in a button, its focus is not another button's: whoever presses Return or Space once more
+// means the one that was pressed. The dialog keeps it, and Tab goes on from there.
+bool CBPPopWnd::focusNextPrevChild(bool next)
+{
+    auto *button = qobject_cast<CBPWaitBtn *>(focusWidget());
+    if (!button || button->isEnabled() || !button->isWaitting())
+        return CBPWinFrm::focusNextPrevChild(next);
+    m_lentFrom = button;
+    button->installEventFilter(this); // it may be one of the content
+    setFocus(Qt::OtherFocusReason);
+    return true;
+}
 
 const QWidget *CBPPopWnd::framelessFocus() const
 {

@@ -20,6 +20,7 @@
 #include <QUrl>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -145,15 +146,21 @@ int CMsgBox::message(int type, QString text, QString head, int buttons, QString 
     return runAndAnswer();
 }
 
+// An "&" is one, as everywhere in the box, though Qt paints the check box and takes one for an Alt key.
+QString CMsgBox::plainOnCheckBox(QString text)
+{
+    return text.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
 int CMsgBox::messageWithCheckbox(int type, QString text, QString checkText, QString head, int buttons,
                                  QString caption)
 {
-    const QPointer<CBPCheckBox> check(new CBPCheckBox(checkText));
+    const QPointer<CBPCheckBox> check(new CBPCheckBox(plainOnCheckBox(checkText)));
     QPalette colors = check->palette();
     colors.setColor(QPalette::WindowText, kMessageColor);
     check->setPalette(colors);
     check->setFont(lumqt::uiFont());
-    check->setAccessibleName(checkText); // also when the shown text is broken into lines
+    check->setAccessibleName(checkText); // as the shown one is broken into lines, and has its "&" doubled
     m_checkBox = check;
     m_checkText = checkText;
     PrependWidget(check, false, false, kCheckGap, Qt::AlignLeft | Qt::AlignVCenter);
@@ -249,11 +256,8 @@ void CMsgBox::showEvent(QShowEvent *event)
 // To where the answer is given; a link or a text that scrolls would come first otherwise.
 void CMsgBox::giveFirstFocus()
 {
-    QVector<QWidget *> wanted{m_firstEdit, m_passwordEdit, GetBtn(kOk)};
-    const QVector<CBPPushBtn *> buttons = buttonsInRow();
-    for (CBPPushBtn *button : buttons)
-        wanted << button;
-    for (QWidget *widget : qAsConst(wanted)) {
+    QWidget *const wanted[] = {m_firstEdit, m_passwordEdit, affirmativeButton()};
+    for (QWidget *widget : wanted) {
         if (widget && widget->isEnabled() && widget->isVisibleTo(this)) {
             widget->setFocus(Qt::TabFocusReason);
             return;
@@ -269,7 +273,7 @@ void CMsgBox::keyPressEvent(QKeyEvent *event)
         event->accept();
         const int flag = enter ? kOk : kCancel;
         // Return in an edit has ended the box already when it comes here: it must not answer it, too.
-        if (!m_ended && ButtonIsEnable(flag))
+        if (!m_ended && ButtonIsEnable(flag) && (enter || !isEscAndF4Disabled()))
             emit GetBtn(flag)->released();
     } else if (event->matches(QKeySequence::Copy)) {
         copyTexts();
@@ -347,8 +351,12 @@ QVector<CBPPushBtn *> CMsgBox::buttonsInRow() const
         if (button->isVisibleTo(this))
             buttons << button;
     }
-    std::sort(buttons.begin(), buttons.end(), [this](const CBPPushBtn *left, const CBPPushBtn *right) {
-        return left->mapTo(this, QPoint(0, 0)).x() < right->mapTo(this, QPoint(0, 0)).x();
+    const auto place = [this](const CBPPushBtn *button) {
+        const QPoint corner = button->mapTo(this, QPoint(0, button->height()));
+        return std::make_pair(corner.y(), corner.x()); // rows from top to bottom
+    };
+    std::sort(buttons.begin(), buttons.end(), [&place](const CBPPushBtn *left, const CBPPushBtn *right) {
+        return place(left) < place(right);
     });
     return buttons;
 }

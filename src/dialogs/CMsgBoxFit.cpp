@@ -7,6 +7,7 @@
 #include <QBoxLayout>
 #include <QCoreApplication>
 #include <QEvent>
+#include <QScreen>
 #include <QScrollArea>
 #include <QStyle>
 #include <QTextLayout>
@@ -84,7 +85,18 @@ void CMsgBox::fitToContent()
     if (!layout())
         return;
     layOutUpTo(this, m_content);
-    fitCheckBox(qBound(minimumWidth(), width(), maximumWidth()));
+    const int room = qBound(minimumWidth(), width(), maximumWidth());
+    const int bottom = bottomHeight();
+    fitCheckBox(room);
+    auto *check = qobject_cast<QAbstractButton *>(m_checkBox);
+    if (wrapRow() && check) { // it stands above the buttons, with all their width
+        layOutUpTo(this, check->parentWidget());
+        const int wide = qMax(room, layout()->totalMinimumSize().width());
+        check->setText(plainOnCheckBox(m_checkText));
+        SetBottomHeight(bottom);
+        fitCheckBox(wide);
+        wrapRow();
+    }
     fitToRoom(roomOnScreen());
 }
 
@@ -100,16 +112,27 @@ void CMsgBox::fitCheckBox(int room)
     // All of the excess is taken for the check box's: what else is too wide leaves it the least width.
     const int whole = check->sizeHint().width();
     const QFontMetrics metrics = check->fontMetrics();
-    const int mark = qMax(0, whole - metrics.size(Qt::TextShowMnemonic, m_checkText).width());
+    const int mark = qMax(0, whole - metrics.size(0, m_checkText).width());
     const int width = qMax(kCheckWidth, whole - excess);
     if (width >= whole)
         return;
     const QString shown = inLines(m_checkText, check->font(), width - mark);
-    check->setText(shown);
+    check->setText(plainOnCheckBox(shown));
     if (shown.endsWith(QChar(0x2026)))
         check->setToolTip(m_checkText);
     SetBottomHeight(qMax(bottomHeight(), check->sizeHint().height() + kCheckPadding));
     layOutUpTo(this, check->parentWidget());
+}
+
+// As long as the application has not given it another.
+bool CMsgBox::hasOwnWidth() const
+{
+    return minimumWidth() == maximumWidth() && minimumWidth() == m_ownWidth;
+}
+
+int CMsgBox::widest() const
+{
+    return hasOwnWidth() ? qMax(kWidth, roomOnScreen().width()) : CBPPopWnd::widest();
 }
 
 // What the layout needs in a width, and some room around it.
@@ -125,10 +148,8 @@ int CMsgBox::neededHeight(int width) const
 void CMsgBox::fitToRoom(const QSize &room)
 {
     const int natural = layout()->totalMinimumSize().width();
-    const bool ownWidth = minimumWidth() == maximumWidth() && minimumWidth() == m_ownWidth;
-    const int widest = ownWidth ? qMax(kWidth, room.width()) : maximumWidth();
-    if (ownWidth && natural > m_ownWidth) {
-        m_ownWidth = qMin(natural, widest);
+    if (hasOwnWidth() && natural > m_ownWidth) {
+        m_ownWidth = qMin(natural, widest());
         setFixedWidth(m_ownWidth);
     }
     resize(qBound(minimumWidth(), width(), maximumWidth()), height());
@@ -195,7 +216,6 @@ void CMsgBox::growToContent()
 {
     if (!isVisible() || m_ended || !layout())
         return;
-    const QRect area = lumqt::platform::answers().workArea();
     const QSize room = roomOnScreen();
     const QRect before = geometry();
     if (m_scrollArea) {
@@ -205,11 +225,15 @@ void CMsgBox::growToContent()
     } else if (layout()->totalMinimumSize().width() > width() || neededHeight(width()) > height()) {
         fitToRoom(room);
     }
-    // It grows downwards and to the right, and up or to the left where it would leave the screen.
-    if (size() == before.size() || !area.intersects(before)) // it may stand on another screen
+    if (size() == before.size())
         return;
-    move(qMax(area.left(), qMin(x(), area.left() + area.width() - width())),
-         qMax(area.top(), qMin(y(), area.top() + area.height() - height())));
+    // Over where its middle was, as far as the screen allows, which may be another one than the primary.
+    QRect area = lumqt::platform::answers().workArea();
+    if (!area.intersects(before))
+        area = screen()->availableGeometry();
+    const QPoint at = before.topLeft() - QPoint(width() - before.width(), height() - before.height()) / 2;
+    move(qMax(area.left(), qMin(at.x(), area.left() + area.width() - width())),
+         qMax(area.top(), qMin(at.y(), area.top() + area.height() - height())));
 }
 
 void CMsgBox::contentChanged()

@@ -6,6 +6,9 @@
 #include <QEvent>
 #include <QPainter>
 #include <QPaintEvent>
+#include <QTextBlock>
+#include <QTextBoundaryFinder>
+#include <QTextCursor>
 #include <QTextDocumentFragment>
 
 #include <cmath>
@@ -17,6 +20,61 @@ namespace {
 // In logical pixels.
 constexpr int kPreferredWidth = 400;
 constexpr int kNarrowWidth = 100; // any text that can be broken is, at this
+
+constexpr int kLongWord = 200; // characters; no line holds more of a common font
+const QChar kZeroWidthSpace(0x200b);
+
+// Where a text is to have further places to break: in words that are longer than any line. Qt would find the
+// ends of its lines, but look for each through all that is left of the word, and never be done with a long
+// one.
+QVector<int> placesToBreak(const QString &text)
+{
+    QVector<int> places;
+    if (text.size() <= kLongWord)
+        return places;
+    QTextBoundaryFinder words(QTextBoundaryFinder::Line, text);
+    QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, text);
+    int start = 0;
+    for (int end = words.toNextBoundary(); end > 0; end = words.toNextBoundary()) {
+        if (end - start > kLongWord) {
+            characters.setPosition(start);
+            for (int at = characters.toNextBoundary(); at > 0 && at < end; at = characters.toNextBoundary())
+                places << at;
+        }
+        start = end;
+    }
+    return places;
+}
+
+QString breakable(const QString &text)
+{
+    const QVector<int> places = placesToBreak(text);
+    QString result;
+    result.reserve(text.size() + places.size());
+    int from = 0;
+    for (const int at : places) {
+        result += text.midRef(from, at - from);
+        result += kZeroWidthSpace;
+        from = at;
+    }
+    return result + text.midRef(from);
+}
+
+void makeBreakable(QTextDocument &document)
+{
+    QTextCursor cursor(&document);
+    cursor.beginEditBlock();
+    for (QTextBlock block = document.lastBlock(); block.isValid(); block = block.previous()) {
+        if (block.blockFormat().nonBreakableLines())
+            continue;
+        const QVector<int> places = placesToBreak(block.text());
+        for (auto at = places.crbegin(); at != places.crend(); ++at) { // from behind, as the rest is moved
+            cursor.setPosition(block.position() + *at);
+            cursor.insertText(QString(kZeroWidthSpace));
+        }
+    }
+    cursor.endEditBlock();
+}
 
 } // namespace
 
@@ -41,13 +99,15 @@ QTextDocument &WrappedLabel::laidOut(int width) const
     if (m_shown != text() || m_narrowest < 0) {
         m_shown = text();
         m_narrowest = 0;
+        m_heights.clear();
         m_document.setDefaultFont(font());
         if (Qt::mightBeRichText(m_shown)) {
             m_document.setHtml(m_shown);
+            makeBreakable(m_document);
             m_document.setTextWidth(kNarrowWidth);
             m_narrowest = int(std::ceil(m_document.size().width()));
         } else {
-            m_document.setPlainText(m_shown);
+            m_document.setPlainText(breakable(m_shown));
         }
     }
     if (m_document.textWidth() != width)
@@ -64,7 +124,11 @@ int WrappedLabel::narrowest() const
 
 int WrappedLabel::heightForWidth(int width) const
 {
-    return int(std::ceil(laidOut(qMax(1, width)).size().height()));
+    if (m_shown == text() && m_narrowest >= 0 && m_heights.contains(width))
+        return m_heights.value(width);
+    const int height = int(std::ceil(laidOut(qMax(1, width)).size().height()));
+    m_heights.insert(width, height);
+    return height;
 }
 
 QSize WrappedLabel::sizeHint() const

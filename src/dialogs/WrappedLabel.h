@@ -2,6 +2,7 @@
 
 #include "CBPLabel.h"
 
+#include <QHash>
 #include <QTextDocument>
 
 namespace lumqt {
@@ -32,6 +33,7 @@ private:
     mutable QTextDocument m_document;
     mutable QString m_shown;
     mutable int m_narrowest = -1;
+    mutable QHash<int, int> m_heights; // by width: a layout asks for some more than once
 };
 
 } // namespace lumqt

@@ -2,6 +2,9 @@
 
 #include "frames/FrameBehaviour.h"
 
+#include <QCloseEvent>
+#include <QPointer>
+
 namespace {
 
 constexpr int kOfferId = 4096; // of the title button that only this class reports
@@ -115,7 +118,7 @@ void CBPWinFrm::SetDrawBottomHLine(bool draw)
 
 void CBPWinFrm::SetShadowBorder(int border)
 {
-    m_frame->shadowBorder = border;
+    m_frame->setShadowBorder(border);
 }
 
 void CBPWinFrm::setIsWinPE(bool isWinPE)
@@ -130,7 +133,7 @@ void CBPWinFrm::SetDisableEscAndF4Flag(bool disable)
 
 bool CBPWinFrm::isMaximized() const
 {
-    return m_frame->maximised;
+    return m_frame->isMaximised();
 }
 
 void CBPWinFrm::setStatusBox(QWidget *box)
@@ -168,6 +171,11 @@ bool CBPWinFrm::drawsBottomLine() const
     return m_frame->drawBottomLine;
 }
 
+bool CBPWinFrm::isEscAndF4Disabled() const
+{
+    return m_frame->escAndF4Disabled;
+}
+
 // ----------------------------------------------------------------------------------------------------------
 // modal
 
@@ -184,7 +192,7 @@ int CBPWinFrm::exec()
 
 void CBPWinFrm::reject()
 {
-    if (!m_frame->escAndF4Disabled)
+    if (!m_frame->escAndF4Disabled || m_frame->closesDown)
         QDialog::reject();
 }
 
@@ -255,12 +263,38 @@ void CBPWinFrm::OnMenuClick()
 
 void CBPWinFrm::closeEvent(QCloseEvent *event)
 {
+    const QPointer<CBPWinFrm> alive(this);
     m_frame->closeEvent(event);
+    if (!alive || !event->isAccepted() || !isVisible())
+        return;
+    // As a dialog does, for those who wait for its end: what hides without it has told nobody. The hook may
+    // have ended it already, and what was let through is not for Escape and Alt+F4 alone to decide.
+    m_frame->closesDown = true;
+    reject();
+    if (!alive)
+        return;
+    m_frame->closesDown = false;
+    if (isVisible())
+        event->ignore();
 }
 
 void CBPWinFrm::keyPressEvent(QKeyEvent *event)
 {
     m_frame->keyPressEvent(event);
+}
+
+void CBPWinFrm::changeEvent(QEvent *event)
+{
+    if (m_frame && event->type() == QEvent::WindowStateChange) // not before it is made
+        m_frame->windowStateChanged();
+    QDialog::changeEvent(event);
+}
+
+void CBPWinFrm::moveEvent(QMoveEvent *event)
+{
+    if (m_frame)
+        m_frame->moved();
+    QDialog::moveEvent(event);
 }
 
 void CBPWinFrm::paintEvent(QPaintEvent *)

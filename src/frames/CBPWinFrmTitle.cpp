@@ -388,8 +388,8 @@ void CBPWinFrmTitle::SetTitleBtnEnable(bool enable)
 
 void CBPWinFrmTitle::ResetMaxBtn(bool maximised)
 {
-    // Also without a button: a maximised window is not dragged.
-    m_maximised = maximised;
+    m_maximised = maximised; // also without a button: a maximised window is not dragged
+    setSquare(maximised);    // or the screen behind would show in the corners
     if (!m_maxBtn)
         return;
     QVector<QString> images = stateImages(&Util::getResFullPath,

@@ -3,6 +3,8 @@
 #include "foundation/Accessible.h"
 #include "frames/FrameBehaviour.h"
 
+#include <QEvent>
+
 CBPWinWidget::CBPWinWidget(QWidget *parent)
     : QWidget(parent),
       m_frame(std::make_unique<lumqt::FrameBehaviour>(
@@ -113,7 +115,7 @@ void CBPWinWidget::SetDrawBottomHLine(bool draw)
 
 void CBPWinWidget::SetShadowBorder(int border)
 {
-    m_frame->shadowBorder = border;
+    m_frame->setShadowBorder(border);
 }
 
 void CBPWinWidget::setIsWinPE(bool isWinPE)
@@ -128,7 +130,7 @@ void CBPWinWidget::SetDisableEscAndF4Flag(bool disable)
 
 bool CBPWinWidget::isMaximized() const
 {
-    return m_frame->maximised;
+    return m_frame->isMaximised();
 }
 
 void CBPWinWidget::setStatusBox(QWidget *box)
@@ -233,6 +235,20 @@ void CBPWinWidget::closeEvent(QCloseEvent *event)
 void CBPWinWidget::keyPressEvent(QKeyEvent *event)
 {
     m_frame->keyPressEvent(event);
+}
+
+void CBPWinWidget::changeEvent(QEvent *event)
+{
+    if (m_frame && event->type() == QEvent::WindowStateChange) // not before it is made
+        m_frame->windowStateChanged();
+    QWidget::changeEvent(event);
+}
+
+void CBPWinWidget::moveEvent(QMoveEvent *event)
+{
+    if (m_frame)
+        m_frame->moved();
+    QWidget::moveEvent(event);
 }
 
 void CBPWinWidget::paintEvent(QPaintEvent *)

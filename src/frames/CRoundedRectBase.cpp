@@ -25,12 +25,18 @@ void CRoundedRectBase::SetRoundRectEnabled(bool enabled)
     update();
 }
 
+void CRoundedRectBase::setSquare(bool square)
+{
+    m_square = square;
+    update();
+}
+
 // `rect` reaches over the right and bottom edges of the pixels it covers, so the shape fills them all.
 QPainterPath CRoundedRectBase::shape(const QRectF &rect) const
 {
     QPainterPath path;
     const qreal radius = qMin(qreal(m_radius), qMin(rect.width(), rect.height()) / 2);
-    if (!m_rounded || radius <= 0) {
+    if (!m_rounded || m_square || radius <= 0) {
         path.addRect(rect);
         return path;
     }

@@ -139,6 +139,11 @@ void FrameBehaviour::setBottomHeight(int height)
     m_window->update();
 }
 
+void FrameBehaviour::setShadowBorder(int border)
+{
+    shadowBorder = qMax(0, border); // a layout takes a negative margin for that of the style
+}
+
 void FrameBehaviour::setDrawBottomLine(bool draw)
 {
     drawBottomLine = draw;
@@ -150,29 +155,72 @@ CBPImageButton *FrameBehaviour::titleButton(int id) const
     return title ? title->titleBtn(id) : nullptr;
 }
 
+// ----------------------------------------------------------------------------------------------------------
+// maximising
+
+bool FrameBehaviour::isMaximised() const
+{
+    return m_maximised || m_window->isMaximized();
+}
+
 void FrameBehaviour::toggleMaximised()
 {
-    if (maximised) {
-        m_window->move(m_savedPosition);
-    } else {
-        m_savedSize = m_window->size();
-        m_savedPosition = m_window->mapToGlobal(QPoint(0, 0));
+    if (m_window->isMaximized()) { // by QWidget::showMaximized(), or the system
+        m_window->setWindowState(m_window->windowState() & ~Qt::WindowMaximized);
+        if (!m_maximised)
+            return;
     }
-    QSize size = m_savedSize;
-    if (!maximised) {
+    if (!m_maximised) {
+        // What a window manager reports late is not where and how large the window is going to be.
+        const bool fixed = m_window->minimumSize() == m_window->maximumSize();
+        m_savedSize = fixed ? m_window->minimumSize() : m_window->size();
+        const QPoint position = m_window->mapToGlobal(QPoint(0, 0));
+        if (m_restoresUnderWay == 0 || position != m_maximisedAt)
+            m_savedPosition = position;
+    }
+    m_maximised = !m_maximised;
+    showMaximisedLook(); // first, as the window's shape is made when it takes its size
+    if (m_maximised) {
         const QRect area = platform::answers().workArea();
         const int margin = isWinPE ? kWinPEMargin : 0;
-        m_window->move(area.left() + margin / 2, area.top() + margin / 2);
-        size = (area.size() - QSize(margin, margin)).expandedTo(QSize(0, 0));
+        m_maximisedAt = area.topLeft() + QPoint(margin / 2, margin / 2);
+        m_window->move(m_maximisedAt);
+        m_window->setFixedSize((area.size() - QSize(margin, margin)).expandedTo(QSize(0, 0)));
+    } else {
+        m_window->move(m_savedPosition);
+        ++m_restoresUnderWay;
+        m_window->setFixedSize(m_savedSize); // and from now on the window keeps it
     }
-    // Also when restored: from then on the window keeps its size.
-    m_window->setFixedSize(size);
-    maximised = !maximised;
-    const int border = maximised ? kMaximisedBorder : shadowBorder;
+}
+
+// A window manager answers each restoring with an event, or several with one, while those of earlier
+// maximisings are still to come.
+void FrameBehaviour::moved()
+{
+    if (m_restoresUnderWay == 0)
+        return;
+    const QPoint position = m_window->mapToGlobal(QPoint(0, 0));
+    if (position == m_savedPosition)
+        --m_restoresUnderWay;
+    else if (position != m_maximisedAt)
+        m_restoresUnderWay = 0; // somebody has moved it on
+}
+
+void FrameBehaviour::windowStateChanged()
+{
+    if (isMaximised() != m_filledLook)
+        showMaximisedLook();
+}
+
+void FrameBehaviour::showMaximisedLook()
+{
+    m_filledLook = isMaximised();
+    const int border = m_filledLook ? kMaximisedBorder : shadowBorder;
     if (m_rootLayout)
         m_rootLayout->setContentsMargins(border, border, border, border);
     if (title)
-        title->ResetMaxBtn(maximised);
+        title->ResetMaxBtn(m_filledLook);
+    m_window->update();
 }
 
 // ----------------------------------------------------------------------------------------------------------

@@ -79,7 +79,14 @@ public:
     void setStatusBoxBorder(const QMargins &margins);
     void setBottomHeight(int height);
     void setDrawBottomLine(bool draw);
+    void setShadowBorder(int border);
     CBPImageButton *titleButton(int id) const;
+
+    // By toggleMaximised(), or by QWidget::showMaximized() and the system.
+    bool isMaximised() const;
+    // To be told of the window's own events.
+    void windowStateChanged();
+    void moved();
 
     // The default actions of the hooks of the same names.
     void toggleMaximised();
@@ -103,13 +110,14 @@ public:
     QPointer<QWidget> statusBox;
     int shadowBorder;
     bool isWinPE = false;
-    bool maximised = false;
     bool escAndF4Disabled = false;
+    bool closesDown = false; // a close event that was let through ends the window
     int bottomHeight;
     bool drawBottomLine = true;
 
 private:
     void pressDefaultButton();
+    void showMaximisedLook();
 
     QWidget *const m_window;
     const std::unique_ptr<FrameHooks> m_hooks;
@@ -119,7 +127,11 @@ private:
     QMargins m_statusBoxMargins;
     QPoint m_savedPosition; // global, before maximising
     QSize m_savedSize;
-    bool m_closing = false; // the close hook runs
+    bool m_maximised = false; // by toggleMaximised()
+    bool m_filledLook = false;
+    QPoint m_maximisedAt;       // global
+    int m_restoresUnderWay = 0; // that the window manager has yet to report
+    bool m_closing = false;     // the close hook runs
 };
 
 } // namespace lumqt

@@ -52,15 +52,3 @@ public:
     }
     QList<CBPLineEdit *> edits() const { return findChildren<CBPLineEdit *>(); }
 };
-
-// Whether all of a widget lies in its window, and in its parents on the way.
-inline bool isWholeIn(const QWidget *widget, const QWidget *window)
-{
-    for (const QWidget *parent = widget->parentWidget(); parent; parent = parent->parentWidget()) {
-        if (!parent->rect().contains(QRect(widget->mapTo(parent, QPoint(0, 0)), widget->size())))
-            return false;
-        if (parent == window)
-            break;
-    }
-    return true;
-}

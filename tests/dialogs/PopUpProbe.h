@@ -62,3 +62,15 @@ inline QImage shot(QWidget &widget)
 {
     return widget.grab().toImage().convertToFormat(QImage::Format_ARGB32);
 }
+
+// Whether all of a widget lies in its window, and in its parents on the way.
+inline bool isWholeIn(const QWidget *widget, const QWidget *window)
+{
+    for (const QWidget *parent = widget->parentWidget(); parent; parent = parent->parentWidget()) {
+        if (!parent->rect().contains(QRect(widget->mapTo(parent, QPoint(0, 0)), widget->size())))
+            return false;
+        if (parent == window)
+            break;
+    }
+    return true;
+}

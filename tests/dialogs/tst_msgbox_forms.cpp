@@ -342,20 +342,35 @@ private Q_SLOTS:
     {
         columns<int, int, int, int>("buttons", "disabled", "key", "result");
         const int both = kOk | kCancel;
-        QTest::newRow("Return") << both << 0 << int(Qt::Key_Return) << kOk;
-        QTest::newRow("Enter") << both << 0 << int(Qt::Key_Enter) << kOk;
-        QTest::newRow("Return, disabled") << both << kOk << int(Qt::Key_Return) << -1;
-        QTest::newRow("Return, no OK") << kYes << 0 << int(Qt::Key_Return) << -1;
-        QTest::newRow("Escape") << both << 0 << int(Qt::Key_Escape) << kCancel;
-        QTest::newRow("Escape, disabled") << both << kCancel << int(Qt::Key_Escape) << -1;
-        QTest::newRow("Escape, no Cancel") << kOk << 0 << int(Qt::Key_Escape) << -1;
-        QTest::newRow("another") << both << 0 << int(Qt::Key_F5) << -1;
+        const auto key = [](const char *name, int buttons, int disabled, Qt::Key pressed, int result) {
+            row(name, buttons, disabled, int(pressed), result);
+        };
+        key("Return", both, 0, Qt::Key_Return, kOk);
+        key("Enter", both, 0, Qt::Key_Enter, kOk);
+        key("Return, disabled", both, kOk, Qt::Key_Return, -1);
+        key("Return, no OK", kYes, 0, Qt::Key_Return, -1);
+        key("Escape", both, 0, Qt::Key_Escape, kCancel);
+        key("Escape, disabled", both, kCancel, Qt::Key_Escape, -1);
+        key("Escape, no Cancel", kOk, 0, Qt::Key_Escape, -1);
+        key("another", both, 0, Qt::Key_F5, -1);
     }
     void keys()
     {
         QFETCH(int, buttons);
         QFETCH(int, disabled);
         QFETCH(int, key);
+        QFETCH(int, result);
+        if (key == Qt::Key_Escape && result == kCancel) {
+            MsgBox locked;
+            locked.whileRunning([&] {
+                QTest::keyPress(locked.GetBtn(kOk), Qt::Key_Space); // which Escape takes back
+                QTest::keyClick(locked.GetBtn(kOk), Qt::Key_Escape);
+                QVERIFY(!locked.GetBtn(kOk)->isDown());
+                locked.SetDisableEscAndF4Flag(true);
+                QTest::keyClick(&locked, Qt::Key_Escape);
+            });
+            QCOMPARE(locked.message(0, "Text", "", buttons), -1);
+        }
         MsgBox box;
         QSignalSpy quits(&box, &CMsgBox::sigQuit);
         box.whileRunning([&] {
@@ -363,7 +378,7 @@ private Q_SLOTS:
             QTest::keyClick(&box, Qt::Key(key));
             QTest::keyClick(&box, Qt::Key(key)); // no answer to a box that has one
         });
-        QTEST(box.message(0, "Text", "", buttons), "result");
+        QCOMPARE(box.message(0, "Text", "", buttons), result);
         QCOMPARE(quits.size(), 1);
     }
 
@@ -402,20 +417,45 @@ private Q_SLOTS:
     {
         columns<int, int>("buttons", "focused");
         QTest::newRow("OK") << (kOk | kCancel) << kOk;
-        QTest::newRow("OK among others") << (kOk | kNo | 0x80000) << kOk;
-        QTest::newRow("the first") << (kNo | kYes) << kYes;
+        QTest::newRow("OK among others") << (kOk | kNo | 0x80000 | 0x2) << kOk;
+        QTest::newRow("Yes") << (kNo | kYes | 0x10) << kYes;
+        QTest::newRow("OK, No") << (kOk | kNo) << kOk;
+        QTest::newRow("Restart now") << 0x600000 << 0x200000;
+        QTest::newRow("not Back") << (0x80000 | kNo) << kNo;
         QTest::newRow("only Cancel") << kCancel << kCancel;
     }
+    // One rule for pop-ups and message boxes, and for the default button.
     void firstFocus()
     {
         QFETCH(int, buttons);
         QFETCH(int, focused);
         MsgBox box;
-        box.whileRunning([&] {
-            QVERIFY(isInFront(box));
-            QTRY_COMPARE(box.focusWidget(), box.GetBtn(focused));
-        });
-        box.messageWithLink(0, "Text", "Link", "", "", buttons);
+        PopUp w(nullptr, buttons);
+        for (CBPPopWnd *dialog : {static_cast<CBPPopWnd *>(&box), static_cast<CBPPopWnd *>(&w)}) {
+            later(dialog, [&, dialog] {
+                QVERIFY(isInFront(*dialog));
+                QTRY_COMPARE(dialog->focusWidget(), dialog->GetBtn(focused));
+                QVERIFY(dialog->GetBtn(focused)->isDefault());
+                dialog->UnRun();
+            });
+            if (dialog == &box)
+                box.messageWithLink(0, "Text", "Link", "", "", buttons);
+            else
+                dialog->Run();
+        }
+        if (buttons != (kOk | kNo))
+            return;
+        // The application's own default, and one that is disabled.
+        PopUp own(nullptr, buttons);
+        own.GetBtn(kNo)->setDefault(true);
+        PopUp disabled(nullptr, buttons);
+        disabled.EnableButton(kOk, false);
+        for (PopUp *dialog : {&own, &disabled}) {
+            dialog->show();
+            QVERIFY(isInFront(*dialog));
+            QTRY_COMPARE(dialog->focusWidget(), dialog->GetBtn(kNo));
+            dialog->hide();
+        }
     }
 };
 

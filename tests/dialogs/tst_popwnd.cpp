@@ -1,9 +1,11 @@
 #include "CBPPopWnd.h"
 
 #include "CBPBox.h"
+#include "CBPEvtLoop.h"
 #include "CBPWaitBtn.h"
 #include "foundation/ImageLoader.h"
 #include "Pixels.h"
+#include "platform/Platform.h"
 #include "PopUpProbe.h"
 #include "Rows.h"
 #include "TestMain.h"
@@ -45,24 +47,10 @@ private Q_SLOTS:
     void standardButtons_data()
     {
         columns<int, QString, bool>("flag", "caption", "secondary");
-        row("id_BtnAdd", 0x2, "Add", false);
-        row("id_BtnOk", 0x4, "OK", false);
-        row("id_BtnRetry", 0x8, "Retry", false);
-        row("id_BtnContinue", 0x10, "Continue", false);
-        row("id_BtnSkip", 0x20, "Skip", false);
-        row("id_BtnExport", 0x80, "Export", false);
-        row("id_BtnYes", 0x800, "Yes", false);
+        row("id_BtnOk", kOk, "OK", false);
         row("id_BtnOther", 0x8000, "", true);
-        row("id_BtnBrowse", 0x40000, "Browse", false);
-        row("id_BtnReboot", 0x4000, "Reboot", false);
-        row("id_BtnSkipAll", 0x40, "SkipAll", false);
-        row("id_BtnErase", 0x10000, "Erase", false);
-        row("id_BtnChange", 0x20000, "Change", false);
-        row("id_BtnQuit", 0x2000, "Quit", false);
-        row("id_BtnNo", 0x1000, "No", true);
-        row("id_BtnCancel", 0x100, "Cancel", true);
-        row("id_BtnBack", 0x80000, "Back", false);
-        row("id_BtnClose", 0x100000, "Close", false);
+        row("id_BtnNo", kNo, "No", true);
+        row("id_BtnCancel", kCancel, "Cancel", true);
         row("id_BtnRestartNow", 0x200000, "Restart now", false);
         row("id_BtnRestartLater", 0x400000, "Restart later", true);
     }
@@ -96,48 +84,75 @@ private Q_SLOTS:
         QCOMPARE(shot(*button).pixelColor(0, 0), QColor(secondary ? frame[0] : ground[0]));
     }
 
-    void rowOrder_data()
+    void rows_data()
     {
-        columns<int, int, QString>("appended", "prepended", "row");
-        row("no buttons", 0x601, 1 << 23 | 1 << 30, "");
-        row("OK and No", kNo | kOk, 0, "Ok No");
-        row("parts", kCancel | kOk, 0x80000, "Back Ok Cancel");
-        QTest::newRow("all") << 0x7fffff << 0
-                             << "Add Ok Retry Continue Skip Export Yes Other Browse Reboot SkipAll Erase "
-                                "Change Quit No Cancel Back Close RestartNow RestartLater";
+        columns<int, int, QRect, QString>("appended", "prepended", "area", "rows");
+        const QRect screen(0, 0, 1600, 1200);
+        row("no buttons", 0x601, 1 << 23 | 1 << 30, screen, "");
+        row("OK and No", kNo | kOk, 0, screen, "Ok No");
+        row("parts", kCancel | kOk, 0x80000, screen, "Back Ok Cancel");
+        const QString all =
+            "Add Ok Retry Continue Skip Export Yes Other Browse Reboot SkipAll Erase Change Quit "
+            "No Cancel Back Close RestartNow RestartLater";
+        row("all", 0x7fffff, 0, QRect(0, 0, 2600, 1200), all);
+        row("all, two rows", 0x7fffff, 0, screen, QString(all).replace(" Back", "|Back"));
+        row("small screen", kOk | kYes | kNo | kCancel, 0, QRect(0, 0, 260, 600), "Ok Yes|No Cancel");
+        row("parts in rows", kOk | kNo | kCancel, 0x80000 | 0x20, QRect(0, 0, 260, 600),
+            "Skip Back|Ok No|Cancel");
     }
-    void rowOrder()
+    void rows()
     {
         QFETCH(int, appended);
         QFETCH(int, prepended);
-        PopUp w(nullptr, appended);
-        w.PrependBtn(prepended);
-        w.AppendContent(new QWidget, true, false, 0);
-        w.resize(w.sizeHint().expandedTo(QSize(900, 300)));
-        w.grab();
-        QMap<int, QString> byPlace; // what stands where
-        const auto buttons = w.findChildren<CBPPushBtn *>();
-        for (CBPPushBtn *button : buttons)
-            byPlace[button->mapTo(&w, QPoint(0, 0)).x()] = button->objectName().mid(6);
-        QTEST(QStringList(byPlace.values()).join(' '), "row");
-        if (buttons.isEmpty())
-            return;
-        for (CBPPushBtn *button : buttons) { // at its group's own end, as high as the row's bottom
-            const QLayout *group = button->parentWidget()->layout();
-            const bool left = button->parentWidget() == w.GetPreBox();
-            QCOMPARE(int(group->itemAt(group->indexOf(button))->alignment()),
-                     int((left ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignBottom));
-        }
-        // The groups stand at the edges of the row, 12 pixels between two buttons of one.
-        const QRect bottom = w.statusBox()->geometry().marginsRemoved(w.statusBox()->contentsMargins());
-        const auto placed = [&w](int flag) {
-            return QRect(w.GetBtn(flag)->mapTo(&w, QPoint(0, 0)), w.GetBtn(flag)->size());
-        };
-        if (prepended == 0x80000) {
+        QFETCH(QRect, area);
+        auto &workArea = lumqt::platform::answers().workArea;
+        const auto kept = std::exchange(workArea, [area] { return area; });
+        for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+            PopUp w(nullptr, appended);
+            w.setLayoutDirection(direction);
+            w.PrependBtn(prepended);
+            w.setWindowOpacity(0);
+            w.show();
+            const int high = w.height();
+            QVERIFY(w.width() <= area.width());
+            QMap<QPair<int, int>, QString> byPlace; // what stands where
+            QRegion covered;
+            const auto buttons = w.findChildren<CBPPushBtn *>();
+            for (CBPPushBtn *button : buttons) {
+                const QRect place(button->mapTo(&w, QPoint(0, 0)), button->size());
+                QVERIFY(isWholeIn(button, &w) && !covered.intersects(place));
+                covered += place;
+                byPlace[{place.y(), direction == Qt::LeftToRight ? place.x() : -place.x()}] =
+                    button->objectName().mid(6);
+            }
+            QString rows;
+            for (auto at = byPlace.cbegin(); at != byPlace.cend(); ++at) {
+                const bool first = at == byPlace.cbegin();
+                rows += first ? "" : at.key().first == std::prev(at).key().first ? " " : "|";
+                rows += at.value();
+            }
+            QTEST(rows, "rows");
+            QCOMPARE(w.statusBox()->height(), 70 + 48 * int(rows.count('|')));
+            if (rows.contains('|')) { // one row again where there is room for it
+                w.hide();
+                workArea = [] { return QRect(0, 0, 2600, 1200); };
+                w.show();
+                QCOMPARE(w.statusBox()->height(), 70);
+                QVERIFY(w.height() <= high);
+                workArea = [area] { return area; };
+            }
+            // The groups stand at the edges of the row, 12 pixels between two buttons of one.
+            if (prepended != 0x80000 || direction != Qt::LeftToRight)
+                continue;
+            const QRect bottom = w.statusBox()->geometry().marginsRemoved(w.statusBox()->contentsMargins());
+            const auto placed = [&w](int flag) {
+                return QRect(w.GetBtn(flag)->mapTo(&w, QPoint(0, 0)), w.GetBtn(flag)->size());
+            };
             QCOMPARE(placed(0x80000).left(), bottom.left());
             QCOMPARE(placed(kCancel).right(), bottom.right());
             QCOMPARE(placed(kCancel).left() - placed(kOk).right() - 1, 12);
         }
+        workArea = kept;
     }
 
     void withoutButton()
@@ -191,8 +206,6 @@ private Q_SLOTS:
             const int lines = inkOf(shot(*button), 255).height(); // of pixels
             QVERIFY2(lines > 4 && lines < button->height() / 2, qPrintable(QString::number(lines)));
         }
-        w.show();
-        QVERIFY(w.width() < 1100);
     }
 
     // A standard button waits without a text: its spinner stands for it.
@@ -375,11 +388,13 @@ private Q_SLOTS:
 
     void brokenPresses_data()
     {
-        columns<QString, int>("by", "result");
-        row("disabled", "disable", -1);
-        row("another focus", "focus", -1);
-        row("not at all", "", kOk);
-        row("disabled when accepted", "accept", kOk);
+        columns<QString, bool, int>("by", "space", "result");
+        row("disabled", "disable", false, -1);
+        row("another focus", "focus", false, -1);
+        row("Escape, Space held", "Escape", true, -1);
+        row("Escape, mouse held", "Escape", false, -1);
+        row("not at all", "", false, kOk);
+        row("disabled when accepted", "accept", false, kOk);
     }
     // Qt lets a button that is held down come up in these cases, and says so as of a click.
     void brokenPresses()
@@ -400,17 +415,65 @@ private Q_SLOTS:
             button->setFocusPolicy(Qt::NoFocus); // or it would be the focus that leaves
         else
             button->QWidget::setFocus();
-        QTest::mousePress(button, Qt::LeftButton);
+        QFETCH(bool, space);
+        if (space)
+            QTest::keyPress(button, Qt::Key_Space);
+        else
+            QTest::mousePress(button, Qt::LeftButton);
         QVERIFY(button->isDown());
         if (by == "disable")
             w.EnableButton(kOk, false);
         else if (by == "focus")
             w.GetBtn(kNo)->QWidget::setFocus();
+        else if (by == "Escape")
+            QTest::keyClick(button, Qt::Key_Escape);
         QVERIFY(w.isVisible());
         if (by.isEmpty() || by == "accept")
             QTest::mouseRelease(button, Qt::LeftButton);
         QTEST(w.GetResult(), "result");
         QVERIFY(!button->isDown());
+    }
+
+    void focusDuringJob_data()
+    {
+        columns<int, bool>("flags", "shown"); // by Show() alone, without a loop
+        row("OK, Cancel", kOk | kCancel, false);
+        row("OK, Yes, No", kOk | kYes | kNo, false);
+        row("shown to wait", kOk | kCancel, true);
+    }
+    // Keys that come while a job runs in the button press no other one.
+    void focusDuringJob()
+    {
+        QFETCH(int, flags);
+        QFETCH(bool, shown);
+        PopUp w(nullptr, flags);
+        auto *button = qobject_cast<CBPWaitBtn *>(w.GetBtn(kOk));
+        w.answer = [&](int) {
+            if (shown)
+                button->Show(true);
+            for (const auto key : {Qt::Key_Return, Qt::Key_Space})
+                later(&w, [key] { QTest::keyClick(QApplication::focusWidget(), key); });
+            CBPEvtLoop loop;
+            later(&w, [&] {
+                if (shown)
+                    loop.exit(0);
+                else
+                    button->exit(&loop, false);
+                button->Show(false);
+            });
+            if (shown)
+                loop.exec();
+            else
+                button->run(&loop, false);
+            return false;
+        };
+        w.show();
+        w.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&w));
+        QTRY_VERIFY(button->hasFocus());
+        QTest::keyClick(button, Qt::Key_Space);
+        QCOMPARE(w.asked, QVector<int>{kOk});
+        QVERIFY(button->hasFocus() && button->isEnabled());
     }
 };
 

@@ -5,6 +5,7 @@
 #include "Pixels.h"
 #include "platform/Platform.h"
 #include "PopUpProbe.h"
+#include "Rows.h"
 #include "TestMain.h"
 #include "Util.h"
 
@@ -62,9 +63,9 @@ private Q_SLOTS:
     // Before its loop runs, too.
     void endedWhileShown_data()
     {
-        QTest::addColumn<QString>("how");
+        columns<QString>("how");
         for (const char *how : {"UnRun", "OnClose", "close", "hide"})
-            QTest::newRow(how) << QString(how);
+            row(how, how);
     }
     void endedWhileShown()
     {
@@ -97,9 +98,9 @@ private Q_SLOTS:
 
     void destroyedWhileRunning_data()
     {
-        QTest::addColumn<QString>("how");
+        columns<QString>("how");
         for (const char *how : {"dialog", "parent", "by sigQuit", "by finished"})
-            QTest::newRow(how) << QString(how);
+            row(how, how);
     }
     void destroyedWhileRunning()
     {
@@ -158,16 +159,48 @@ private Q_SLOTS:
         QCOMPARE(finished.size(), 2);
     }
 
+    // An answer that is given stays, and the end is told once, whoever closes the dialog meanwhile or after.
+    void answerStays_data()
+    {
+        columns<QString>("how");
+        for (const char *how : {"close", "parent", "accept", "after"})
+            row(how, how);
+    }
+    void answerStays()
+    {
+        QFETCH(QString, how);
+        QWidget parent;
+        parent.show();
+        PopUp w(&parent, kOk);
+        QSignalSpy quits(&w, &CBPPopWnd::sigQuit);
+        QSignalSpy finished(&w, &QDialog::finished);
+        QSignalSpy rejected(&w, &QDialog::rejected);
+        connect(&w, &CBPPopWnd::sigQuit, [&] {
+            if (how == "close")
+                w.close();
+            else if (how == "parent")
+                parent.hide();
+            else if (how == "accept")
+                w.accept();
+        });
+        later(&w, [&] { QTest::mouseClick(w.GetBtn(kOk), Qt::LeftButton); });
+        QCOMPARE(w.exec(), 0);
+        w.close();
+        QCOMPARE(w.GetResult(), kOk);
+        QCOMPARE(quits.size(), 1);
+        QCOMPARE(finished.size(), 1);
+        QCOMPARE(rejected.size(), int(how != "accept"));
+    }
+
     void closing_data()
     {
-        QTest::addColumn<QString>("how");
-        QTest::addColumn<bool>("closes");
-        QTest::newRow("title bar") << "title" << true;
-        QTest::newRow("system") << "system" << true;
-        QTest::newRow("parent hidden") << "parent" << true;
-        QTest::newRow("Escape") << "Escape" << false;
-        QTest::newRow("Shift+Escape") << "Shift" << false;
-        QTest::newRow("F1") << "F1" << false;
+        columns<QString, bool>("how", "closes");
+        row("title bar", "title", true);
+        row("system", "system", true);
+        row("parent hidden", "parent", true);
+        row("Escape", "Escape", false);
+        row("Shift+Escape", "Shift", false);
+        row("F1", "F1", false);
     }
     void closing()
     {
@@ -177,8 +210,8 @@ private Q_SLOTS:
         parent.show();
         PopUp w(&parent, kOk);
         QSignalSpy quits(&w, &CBPPopWnd::sigQuit);
-        w.setModal(true);
-        w.show();
+        QSignalSpy finished(&w, &QDialog::finished);
+        w.open();
         QVERIFY(QTest::qWaitForWindowExposed(&w));
         if (how == "title")
             w.titleBar()->on_btn_clicekedSlot(8);
@@ -193,6 +226,7 @@ private Q_SLOTS:
         QCOMPARE(w.isVisible(), !closes);
         QCOMPARE(w.GetResult(), closes ? kCancel : -1);
         QCOMPARE(quits.size(), int(closes));
+        QCOMPARE(finished.size(), int(closes));
     }
 
     // ------------------------------------------------------------------------------------------------------
@@ -200,12 +234,10 @@ private Q_SLOTS:
 
     void tabs_data()
     {
-        QTest::addColumn<bool>("contentLast");
-        QTest::addColumn<bool>("mixed");
-        QTest::addColumn<QString>("order");
-        QTest::newRow("content first") << false << false << "edit id_BtnBack id_BtnOk id_BtnCancel";
-        QTest::newRow("content last") << true << false << "edit id_BtnBack id_BtnOk id_BtnCancel";
-        QTest::newRow("the application's") << true << true << "id_BtnOk edit id_BtnCancel id_BtnBack";
+        columns<bool, bool, QString>("contentLast", "mixed", "order");
+        row("content first", false, false, "edit id_BtnBack id_BtnOk id_BtnCancel");
+        row("content last", true, false, "edit id_BtnBack id_BtnOk id_BtnCancel");
+        row("the application's", true, true, "id_BtnOk edit id_BtnCancel id_BtnBack");
     }
     void tabs()
     {
@@ -231,6 +263,7 @@ private Q_SLOTS:
     void keyboardUse()
     {
         PopUp w(nullptr, kOk | kCancel);
+        w.ShowTitleBtn(~0, true);
         auto *edit = new QLineEdit; // comes after the buttons, and is the first all the same
         w.AppendContent(edit, false, false, 0);
         w.show();
@@ -250,6 +283,9 @@ private Q_SLOTS:
         QTest::keyClick(ok, Qt::Key_Tab);
         QVERIFY(w.GetBtn(kCancel)->hasFocus());
         QCOMPARE(shot(w).pixelColor(at), QColor(Qt::white));
+        QTest::keyClick(w.focusWidget(), Qt::Key_Tab);
+        QVERIFY(edit->hasFocus()); // the title buttons take no part
+        QTest::keyClick(edit, Qt::Key_Backtab);
         QTest::keyClick(w.GetBtn(kCancel), Qt::Key_Return);
         QCOMPARE(w.GetResult(), kCancel);
         QVERIFY(!w.isVisible());
@@ -260,13 +296,13 @@ private Q_SLOTS:
 
     void sizes_data()
     {
-        QTest::addColumn<QSize>("wanted");
-        QTest::addColumn<QSize>("size");
-        QTest::newRow("fits") << QSize(400, 300) << QSize(400, 300);
-        QTest::newRow("just") << QSize(1920, 1040) << QSize(1920, 1040);
-        QTest::newRow("too wide") << QSize(5000, 100) << QSize(1920, 1040);
-        QTest::newRow("too high") << QSize(100, 1041) << QSize(1920, 1040);
-        QTest::newRow("none") << QSize(-5, 100) << QSize(0, 100);
+        columns<QSize, QSize>("wanted", "size");
+        const QSize screen(1920, 1040);
+        row("fits", QSize(400, 300), QSize(400, 300));
+        row("just", screen, screen);
+        row("too wide", QSize(5000, 100), screen);
+        row("too high", QSize(100, 1041), screen);
+        row("none", QSize(-5, 100), QSize(0, 100));
     }
     void sizes()
     {
@@ -352,7 +388,9 @@ private Q_SLOTS:
         image = shot(w);
         QCOMPARE(image.size(), QSize(600, 500));
         QCOMPARE(image.pixelColor(0, 250).alpha(), 0);
-        QCOMPARE(image.pixelColor(1, 250), QColor(Qt::white));
+        for (const int y : {1, 250, 498}) // its corners are square
+            QVERIFY(image.pixelColor(1, y).alpha() == 255);
+        QCOMPARE(image.pixelColor(1, 498), QColor(Qt::white));
         w.OnMax();
         QVERIFY(shot(w).pixelColor(9, 150).alpha() > 30);
     }
@@ -374,6 +412,9 @@ private Q_SLOTS:
         QCOMPARE(shot(w).pixelColor(9, 150).alpha(), 0); // no shadow
         w.resize(420, 300);
         QCOMPARE(w.mask().boundingRect().right(), 409);
+        w.OnMax();
+        QCOMPARE(w.mask(), QRegion(w.rect().adjusted(1, 1, -1, -1)));
+        w.OnMax();
         w.hide();
         composited = true;
         w.show();

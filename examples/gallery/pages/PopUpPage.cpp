@@ -176,6 +176,20 @@ QWidget *plainFramePortrait()
     return pose::portrait(dialog, kSampleWidth, 232);
 }
 
+// Rows are made when a dialog is shown, and here for its width, on a large screen.
+QWidget *wrappedPortrait()
+{
+    PopUp dialog("More buttons than a row", nullptr);
+    dialog.addText("Buttons that find no room beside the others go on in a further row.");
+    dialog.PrependBtn(Back);
+    dialog.AppendBtn(Yes | Retry | Skip | SkipAll | No | Cancel);
+    dialog.setFixedWidth(kSampleWidth);
+    dialog.setAttribute(Qt::WA_DontShowOnScreen);
+    dialog.setAttribute(Qt::WA_QuitOnClose, false);
+    dialog.show();
+    return pose::portrait(dialog, kSampleWidth, 328);
+}
+
 void addPortraits(Page *page)
 {
     page->addSection("Windows", "The pop-up paints a white body, a soft shadow around it and a line above "
@@ -188,7 +202,8 @@ void addPortraits(Page *page)
                                 {"Keyboard focus, primary", focusPortrait(Ok)},
                                 {"Keyboard focus, secondary", focusPortrait(Cancel)},
                                 {"CBPWaitBtn::run()", waitingPortrait()},
-                                {"SetDrawBottomHLine(false)", plainFramePortrait()}});
+                                {"SetDrawBottomHLine(false)", plainFramePortrait()},
+                                {"AppendBtn(0x1968), narrow", wrappedPortrait()}});
 }
 
 // The buttons of a pop-up, out of it: the captions and kinds of all flags.
