@@ -1,5 +1,7 @@
 #include "platform/WindowFrame.h"
 
+#include "platform/generic/XServer.h"
+
 #include <QApplication>
 #include <QHoverEvent>
 #include <QLayout>
@@ -24,6 +26,12 @@ Qt::CursorShape cursorFor(Qt::Edges edges)
     if (edges == (Qt::RightEdge | Qt::TopEdge) || edges == (Qt::LeftEdge | Qt::BottomEdge))
         return Qt::SizeBDiagCursor;
     return edges & (Qt::LeftEdge | Qt::RightEdge) ? Qt::SizeHorCursor : Qt::SizeVerCursor;
+}
+
+// Where windows cannot place themselves, the system restores a maximised one as it begins to move it.
+bool restoresItself()
+{
+    return QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
 }
 
 // A frameless window whose frame lies in its contents margins. While maximised the border hangs over the
@@ -56,6 +64,7 @@ private:
         None,    // no button is down, or it went down elsewhere
         Button,  // it went down on a caption button
         Caption, // and may begin to drag the window
+        System,  // the system moves or resizes, and keeps the pointer until the button comes up
         Move,    // the window follows the pointer, as the system did not take over
         Resize,
     };
@@ -76,6 +85,7 @@ private:
     bool press(const QMouseEvent *event);
     bool release();
     void drag(const QPoint &global);
+    void restoreUnderPointer(const QPoint &global);
 
     QWidget *const m_window;
     WindowFrameClient *const m_client;
@@ -192,6 +202,7 @@ bool GenericWindowFrame::mouse(const QMouseEvent *event)
         return isOverFrame();
     if (event->type() == QEvent::MouseButtonRelease)
         return release();
+    m_grip = Grip::None; // the system keeps what ends its move
     return isOverFrame() && press(event);
 }
 
@@ -202,7 +213,7 @@ bool GenericWindowFrame::press(const QMouseEvent *event)
     m_edges = edgesUnderPointer();
     if (m_edges) {
         const bool taken = m_window->windowHandle() && m_window->windowHandle()->startSystemResize(m_edges);
-        m_grip = taken ? Grip::None : Grip::Resize;
+        m_grip = taken ? Grip::System : Grip::Resize;
         return true;
     }
     const QPointer<QWidget> alive(m_window);
@@ -215,6 +226,10 @@ bool GenericWindowFrame::press(const QMouseEvent *event)
         // Another part of the frame may lie under the pointer when the button comes up.
         m_grip = Grip::None;
         m_window->isMaximized() ? m_window->showNormal() : m_window->showMaximized();
+    } else if (m_grip == Grip::Caption && (!m_window->isMaximized() || restoresItself()) &&
+               m_window->windowHandle() && m_window->windowHandle()->startSystemMove()) {
+        // At once: the system counts the way from where it is asked.
+        m_grip = Grip::System;
     }
     return true;
 }
@@ -227,6 +242,8 @@ bool GenericWindowFrame::release()
         return isOverFrame();
     if (grip == Grip::Move || grip == Grip::Resize)
         return true;
+    if (grip == Grip::System) // it has not taken the pointer yet, and would wait for a button to come up
+        cancelSystemMove(m_window->windowHandle());
     if (isOverFrame())
         m_client->pointer(PointerAction::Release);
     else
@@ -238,10 +255,9 @@ void GenericWindowFrame::drag(const QPoint &global)
 {
     const QPoint way = global - m_pressedAt;
     if (m_grip == Grip::Caption && way.manhattanLength() >= QApplication::startDragDistance()) {
-        if (m_window->windowHandle() && m_window->windowHandle()->startSystemMove())
-            m_grip = Grip::None; // the system keeps the pointer until the button comes up
-        else if (!m_window->isMaximized() && !m_window->isFullScreen())
-            m_grip = Grip::Move;
+        if (m_window->isMaximized())
+            restoreUnderPointer(global);
+        m_grip = Grip::Move;
     }
     if (m_grip == Grip::Move) {
         m_window->move(m_pressedGeometry.topLeft() + way);
@@ -256,6 +272,20 @@ void GenericWindowFrame::drag(const QPoint &global)
             geometry.moveBottom(m_pressedGeometry.bottom());
         m_window->setGeometry(geometry);
     }
+}
+
+// The window takes its size from before under the pointer, at the same part of the strip's width, and follows
+// it from there. Not by the system's move, which takes the window for where it was when the pointer was last
+// told of.
+void GenericWindowFrame::restoreUnderPointer(const QPoint &global)
+{
+    const QSize size = m_window->normalGeometry().size();
+    const QPoint inside = m_pressedAt - m_pressedGeometry.topLeft();
+    const int x = inside.x() * size.width() / qMax(1, m_pressedGeometry.width());
+    const int y = inside.y() + m_client->margins().left(); // the border above is on the screen again
+    m_window->showNormal();
+    m_pressedGeometry = QRect(m_pressedAt - QPoint(x, y), size);
+    m_window->setGeometry(m_pressedGeometry.translated(global - m_pressedAt));
 }
 
 void GenericWindowFrame::paintInside(QPainter &painter, const QPaintEvent *event)
