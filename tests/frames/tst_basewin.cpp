@@ -128,6 +128,17 @@ void show(CBaseWin &w)
     QTRY_VERIFY(!w.btnRect(CloseButton).isEmpty());
 }
 
+// Moves the real pointer to `at` and a little about there until `done`: what it does before the system has
+// it, or while the system lets go of it, is made up for with the next step.
+template <class Done> bool reaches(const QPoint &at, Done done)
+{
+    return QTest::qWaitFor([&] {
+        RealInput::moveTo(at + QPoint(1, 0));
+        RealInput::moveTo(at);
+        return done();
+    });
+}
+
 } // namespace
 
 class TestBaseWin : public QObject
@@ -345,16 +356,12 @@ private Q_SLOTS:
             RealInput::moveTo(from);
             RealInput::press();
             QTRY_COMPARE(w.presses, before + 1);
-            // What the pointer does before the system has it is made up for with the next step. Nor is the
-            // window told of its place before the end: the screen is asked where its border is.
-            const auto seen = [&] {
-                RealInput::moveTo(from + way + QPoint(1, 0));
-                RealInput::moveTo(from + way);
-                const QPoint border = start + way + QPoint(w.frameWidth() - 1, 150);
+            // The window is not told of its place before the end: the screen is asked where its border is.
+            const QPoint border = start + way + QPoint(w.frameWidth() - 1, 150);
+            QVERIFY(reaches(from + way, [&] {
                 const QPixmap pixel = w.screen()->grabWindow(0, border.x(), border.y(), 1, 1);
-                return pixel.toImage().pixelColor(0, 0);
-            };
-            QTRY_COMPARE(seen(), kBorder);
+                return pixel.toImage().pixelColor(0, 0) == kBorder;
+            }));
             RealInput::release();
             QTRY_COMPARE(w.pos(), start + way);
         };
@@ -366,8 +373,7 @@ private Q_SLOTS:
         const QPoint place = w.pos();
         RealInput::click(strip());
         QTRY_COMPARE(w.clicked, QList<int>{-1});
-        RealInput::moveTo(button->mapToGlobal(button->rect().center()));
-        QTRY_VERIFY(button->underMouse());
+        QVERIFY(reaches(button->mapToGlobal(QPoint(50, 50)), [&] { return button->underMouse(); }));
         drag(QPoint(3, 2));
         QCOMPARE(w.pos(), place + QPoint(3, 2));
         QApplication::setDoubleClickInterval(60000);

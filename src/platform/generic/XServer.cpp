@@ -51,8 +51,8 @@ public:
     {
         // The manager owns the selection _NET_WM_CM_Sn of its screen.
         return m_display &&
-               m_selectionOwner(
-                   m_display, atom("_NET_WM_CM_S" + QByteArray::number(m_defaultScreen(m_display)))) != 0;
+               m_selectionOwner(m_display,
+                                atom("_NET_WM_CM_S" + QByteArray::number(m_defaultScreen(m_display)))) != 0;
     }
 
     void cancelMoveResize(unsigned long window)
