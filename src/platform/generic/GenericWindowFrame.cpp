@@ -34,8 +34,8 @@ bool restoresItself()
     return QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
 }
 
-// A frameless window whose frame lies in its contents margins. While maximised the border hangs over the
-// edges of the screen, as on Windows.
+// A frameless window whose frame lies in its contents margins, around those of the application. While
+// maximised the border hangs over the edges of the screen, as on Windows.
 class GenericWindowFrame final : public WindowFrame
 {
 public:
@@ -51,8 +51,8 @@ public:
     bool nativeEvent(void *, long *) override { return false; }
     void shrinkToClient(tagNCCALCSIZE_PARAMS *) override {}
     bool isMaximized() const override { return m_window->isMaximized(); }
-    QSize clientSize() const override { return m_window->contentsRect().size(); }
-    QPoint pointer() const override { return m_position - m_window->contentsRect().topLeft(); }
+    QRect clientRect() const override { return m_window->rect().marginsRemoved(m_frame); }
+    QPoint pointer() const override { return m_position - clientRect().topLeft(); }
     void repaint(const QRect &part) override
     {
         m_window->update(part.isEmpty() ? m_window->rect() : part.translated(outer().topLeft()));
@@ -70,14 +70,15 @@ private:
     };
 
     // The window with its border, in coordinates of the widget.
-    QRect outer() const { return m_window->contentsRect().marginsAdded(m_client->margins()); }
-    QRect titleStrip() const { return QRect(0, 0, m_window->width(), m_window->contentsRect().top()); }
+    QRect outer() const { return clientRect().marginsAdded(m_client->margins()); }
+    QRect titleStrip() const { return QRect(0, 0, m_window->width(), clientRect().top()); }
     bool isOverFrame() const
     {
-        return m_window->rect().contains(m_position) && !m_window->contentsRect().contains(m_position);
+        return m_window->rect().contains(m_position) && !clientRect().contains(m_position);
     }
     Qt::Edges edgesUnderPointer() const;
     void layOut();
+    void takeMargins();
     void hover();
     void leave();
     void showCursor(Qt::Edges edges);
@@ -89,6 +90,8 @@ private:
 
     QWidget *const m_window;
     WindowFrameClient *const m_client;
+    QMargins m_frame;  // how much of the widget is frame at present
+    QMargins m_inside; // the application's own contents margins, within the client area
     QPoint m_position; // of the pointer, in the window
     bool m_hovered = false;
     Grip m_grip = Grip::None;
@@ -107,7 +110,17 @@ void GenericWindowFrame::layOut()
         margins = QMargins();
     else if (m_window->isMaximized())
         margins = QMargins(0, margins.top() - margins.left(), 0, 0);
-    m_window->setContentsMargins(margins);
+    m_frame = margins;
+    m_window->setContentsMargins(m_frame + m_inside);
+}
+
+// The application set its margins in the place of all of them.
+void GenericWindowFrame::takeMargins()
+{
+    if (m_window->contentsMargins() == m_frame + m_inside)
+        return;
+    m_inside = m_window->contentsMargins();
+    m_window->setContentsMargins(m_frame + m_inside);
 }
 
 bool GenericWindowFrame::event(QEvent *event)
@@ -129,6 +142,9 @@ bool GenericWindowFrame::event(QEvent *event)
     case QEvent::Show:
     case QEvent::WindowStateChange:
         layOut();
+        return false;
+    case QEvent::ContentsRectChange:
+        takeMargins();
         return false;
     case QEvent::ParentChange: // also sent when the window's flags are set anew
         if (m_window->isWindow() && !m_window->windowFlags().testFlag(Qt::FramelessWindowHint))
@@ -293,7 +309,7 @@ void GenericWindowFrame::paintInside(QPainter &painter, const QPaintEvent *event
     if (m_window->isFullScreen())
         return;
     const QRect all = m_window->rect();
-    const QRect client = m_window->contentsRect();
+    const QRect client = clientRect();
     const QRect strips[] = {
         QRect(all.left(), all.top(), all.width(), client.top() - all.top()),
         QRect(all.left(), client.top(), client.left() - all.left(), client.height()),
