@@ -6,12 +6,14 @@
 #include "foundation/Painting.h"
 #include "frames/FrameGeometry.h"
 #include "frames/FramePainter.h"
+#include "frames/LowestSize.h"
 #include "platform/Platform.h"
 #include "platform/WindowFrame.h"
 #include "Util.h"
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QFontMetrics>
 #include <QPainter>
 #include <QPaintEvent>
 #include <QPointer>
@@ -50,7 +52,10 @@ QString onOneLine(QString text)
 class CBaseWin::Frame : public platform::WindowFrameClient
 {
 public:
-    explicit Frame(CBaseWin *owner) : window(owner), system(platform::WindowFrame::create(owner, this)) {}
+    explicit Frame(CBaseWin *owner)
+        : window(owner), system(platform::WindowFrame::create(owner, this)), lowest(owner)
+    {
+    }
 
     QMargins margins() const override
     {
@@ -94,7 +99,7 @@ public:
             system->repaint(QRect(left, 0, width - left, frame::titleHeight(window->frameWidth())));
     }
 
-    int windowWidth() const { return system->clientSize().width() + 2 * window->frameWidth(); }
+    int windowWidth() const { return system->clientRect().width() + 2 * window->frameWidth(); }
 
     // Sizes of the normal images for a surface with `ratio` device pixels to a logical one.
     frame::ButtonSizes buttonSizes(qreal ratio) const
@@ -105,10 +110,17 @@ public:
         return sizes;
     }
 
+    void fitLowestSize();
+    const QString &captionWithin(int space);
+
     CBaseWin *const window;
     const std::unique_ptr<platform::WindowFrame> system;
+    frame::LowestSize lowest;
     CachedText caption;
-    QString captionLine; // the caption as it is painted
+    QString captionLine;   // on one line
+    QString captionShown;  // and as long as there is room for it
+    int captionSpace = -1; // the room; -1: line or font have changed
+    int captionEnd = 0;    // in window coordinates
     QFont captionFont;
     bool captionFontValid = false;
     bool iconChanged = false; // since the whole frame was painted
@@ -155,13 +167,45 @@ void CBaseWin::Frame::paintFrame(QPainter &painter, const QSizeF &size, const QR
     frame::paintFrame(painter, size, client, fw, outside);
     if (!withTitle)
         return;
-    // The caption is as wide as it is, and pictures may be higher than the strip.
+    // Text and pictures may be higher than the strip.
     painter.setClipRect(QRectF(0, 0, size.width(), client.top()), Qt::IntersectClip);
+    const frame::ButtonSizes sizes = buttonSizes(painter.device()->devicePixelRatioF());
+    captionEnd = frame::captionEnd(windowWidth(), fw, sizes);
     window->paintCaption(painter);
-    const auto rects =
-        frame::paintedRects(windowWidth(), fw, buttonSizes(painter.device()->devicePixelRatioF()));
+    const auto rects = frame::paintedRects(windowWidth(), fw, sizes);
     for (int id = frame::kButtonCount - 1; id >= 0; --id)
         window->drawTitleBtns(painter, rects[id].x(), rects[id].y(), id);
+}
+
+// The strip with its buttons is to be seen, whatever lies below it.
+void CBaseWin::Frame::fitLowestSize()
+{
+    const int fw = window->frameWidth();
+    const qreal ratio = window->devicePixelRatioF();
+    const bool hasIcon = !window->m_iconPath.isEmpty();
+    const int iconWidth = hasIcon ? logicalSize(loadPixmap(window->m_iconPath, ratio)).width() : 0;
+    const QSize whole(frame::lowestWidth(fw, hasIcon, iconWidth, buttonSizes(ratio)),
+                      frame::titleHeight(fw) + fw);
+    const QMargins frame = margins();
+    const QSize client(whole.width() - frame.left() - frame.right(),
+                       whole.height() - frame.top() - frame.bottom());
+    lowest.fit(client + window->size() - system->clientRect().size());
+}
+
+// The caption, with an ellipsis at its end where it is longer than `space`.
+const QString &CBaseWin::Frame::captionWithin(int space)
+{
+    if (space == captionSpace)
+        return captionShown;
+    captionSpace = space;
+    captionShown = captionLine;
+    const QFontMetrics metrics(captionFont);
+    if (metrics.horizontalAdvance(captionLine) > space) {
+        captionShown = metrics.elidedText(captionLine, Qt::ElideRight, space);
+        if (metrics.horizontalAdvance(captionShown) > space) // not even the ellipsis
+            captionShown.clear();
+    }
+    return captionShown;
 }
 
 CBaseWin::CBaseWin(QWidget *parent)
@@ -170,6 +214,7 @@ CBaseWin::CBaseWin(QWidget *parent)
     setWindowTitle(QString());
     init();
     m_frame = std::make_unique<Frame>(this);
+    m_frame->fitLowestSize();
 }
 
 CBaseWin::~CBaseWin() = default;
@@ -196,12 +241,14 @@ void CBaseWin::setIcon(QString path)
 {
     m_iconPath = path;
     m_frame->iconChanged = true;
+    m_frame->fitLowestSize();
 }
 
 void CBaseWin::setCaption(QString text)
 {
     m_caption = text;
     m_frame->captionLine = onOneLine(text);
+    m_frame->captionSpace = -1;
     setAccessibleName(text);
     update();
     if (isVisible())
@@ -213,6 +260,17 @@ QRect CBaseWin::btnRect(int id)
     if (id < 0 || id >= frame::kButtonCount || !m_btnRects.contains(id))
         return QRect();
     return m_btnRects.value(id).adjusted(-frameWidth(), 0, 0, 0);
+}
+
+QRect CBaseWin::globalBtnRect(int id)
+{
+    if (btnRect(id).isEmpty() || isFullScreen())
+        return QRect();
+    // As the window is now: it may have been resized since it was painted.
+    const QRect rect = frame::paintedRects(m_frame->windowWidth(), frameWidth(),
+                                           m_frame->buttonSizes(devicePixelRatioF()))[id];
+    const QPoint origin = m_frame->system->clientRect().topLeft() - QPoint(frameWidth(), titleHight());
+    return QRect(mapToGlobal(origin + rect.topLeft()), rect.size());
 }
 
 int CBaseWin::frameWidth()
@@ -236,6 +294,9 @@ bool CBaseWin::event(QEvent *event)
         return QMainWindow::event(event);
     if (event->type() == QEvent::FontChange)
         m_frame->captionFontValid = false;
+    if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Show ||
+        event->type() == QEvent::ScreenChangeInternal)
+        m_frame->fitLowestSize();
     if (event->type() == QEvent::Close) {
         // close() ends the window as its button does; a derived closeEvent() may refuse before.
         const QPointer<CBaseWin> guard(this);
@@ -253,7 +314,7 @@ void CBaseWin::paintEvent(QPaintEvent *event)
 {
     QPainter painter(this);
     // All there is where the frame is no part of the widget.
-    const QRegion client = event->region() & contentsRect();
+    const QRegion client = event->region() & m_frame->system->clientRect();
     if (!client.isEmpty())
         painter.fillRect(client.boundingRect(), kClientFill);
     m_frame->system->paintInside(painter, event);
@@ -330,10 +391,12 @@ void CBaseWin::paintCaption(QPainter &painter)
         m_frame->captionFont = font();
         m_frame->captionFont.setFamily(GetFontFamily(NormalWeight));
         m_frame->captionFontValid = true;
+        m_frame->captionSpace = -1;
     }
     painter.setPen(kCaptionText);
-    m_frame->caption.drawLeft(painter, frame::captionRect(fw, hasIcon, m_iconRect.width()),
-                              m_frame->captionLine, m_frame->captionFont);
+    const QRect rect = frame::captionRect(fw, hasIcon, m_iconRect.width());
+    m_frame->caption.drawLeft(painter, rect, m_frame->captionWithin(m_frame->captionEnd - rect.left()),
+                              m_frame->captionFont);
     painter.restore();
 }
 
@@ -344,7 +407,7 @@ void CBaseWin::onNCCalSize(tagNCCALCSIZE_PARAMS *params)
 
 bool CBaseWin::isCursorInTitleBar()
 {
-    const QRect bar = frame::titleBarRect(m_frame->system->clientSize().width(), frameWidth(), isMaxState());
+    const QRect bar = frame::titleBarRect(m_frame->system->clientRect().width(), frameWidth(), isMaxState());
     return bar.contains(m_frame->system->pointer() + QPoint(0, titleHight()));
 }
 

@@ -68,6 +68,21 @@ QRect captionRect(int fw, bool hasIcon, int iconWidth)
     return QRect(left, fw / 2, kCaptionWidth, titleHeight(fw));
 }
 
+int captionEnd(int width, int fw, const ButtonSizes &sizes)
+{
+    int end = width - fw;
+    for (const QRect &rect : paintedRects(width, fw, sizes)) {
+        if (!rect.isEmpty())
+            end = qMin(end, rect.left());
+    }
+    return end - kButtonSpacing;
+}
+
+int lowestWidth(int fw, bool hasIcon, int iconWidth, const ButtonSizes &sizes)
+{
+    return captionRect(fw, hasIcon, iconWidth).left() - kButtonSpacing - captionEnd(0, fw, sizes);
+}
+
 QRect titleBarRect(int clientWidth, int fw, bool maximized)
 {
     const int top = maximized ? 0 : fw;

@@ -43,8 +43,15 @@ LUMQT_TESTED Part partAt(const QPoint &position, int width, int fw, const Button
 
 LUMQT_TESTED QRect iconRect(int fw, const QSize &icon);
 
-// The caption, behind `icon` if there is one. It runs on to the right, under the buttons.
+// The caption, behind `icon` if there is one. It runs on to the right, beyond every window: a text that ends
+// before captionEnd() is drawn as if there were no end.
 LUMQT_TESTED QRect captionRect(int fw, bool hasIcon, int iconWidth);
+
+// Where the caption ends, left of the drawn buttons of a window `width` wide.
+LUMQT_TESTED int captionEnd(int width, int fw, const ButtonSizes &sizes);
+
+// The width at which the drawn buttons begin where the caption would, right behind the icon.
+LUMQT_TESTED int lowestWidth(int fw, bool hasIcon, int iconWidth, const ButtonSizes &sizes);
 
 // What moves the window, over the width of the client area.
 LUMQT_TESTED QRect titleBarRect(int clientWidth, int fw, bool maximized);

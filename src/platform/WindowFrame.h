@@ -60,7 +60,8 @@ public:
     virtual void shrinkToClient(tagNCCALCSIZE_PARAMS *params) = 0;
 
     virtual bool isMaximized() const = 0;
-    virtual QSize clientSize() const = 0;
+    // The client area in coordinates of the window's widget.
+    virtual QRect clientRect() const = 0;
     // The pointer in coordinates of the client area, which has the frame at negative ones.
     virtual QPoint pointer() const = 0;
 

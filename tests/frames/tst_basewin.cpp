@@ -4,6 +4,7 @@
 #include "frames/FrameGeometry.h"
 #include "Pixels.h"
 #include "platform/Platform.h"
+#include "RealInput.h"
 #include "Rows.h"
 #include "TestMain.h"
 #include "Util.h"
@@ -11,6 +12,7 @@
 #include <QCloseEvent>
 #include <QPainter>
 #include <QPointer>
+#include <QPushButton>
 #include <QScreen>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -34,8 +36,14 @@ public:
     bool dieOnClick = false;
     QList<int> clicked;
     int exits = 0;
+    int presses = 0;
 
 protected:
+    bool event(QEvent *event) override
+    {
+        presses += event->type() == QEvent::MouseButtonPress;
+        return CBaseWin::event(event);
+    }
     bool titleBtnClicked(int id) override
     {
         clicked += id;
@@ -118,6 +126,17 @@ void show(CBaseWin &w)
     w.show();
     QVERIFY(QTest::qWaitForWindowExposed(&w));
     QTRY_VERIFY(!w.btnRect(CloseButton).isEmpty());
+}
+
+// Moves the real pointer to `at` and a little about there until `done`: what it does before the system has
+// it, or while the system lets go of it, is made up for with the next step.
+template <class Done> bool reaches(const QPoint &at, Done done)
+{
+    return QTest::qWaitFor([&] {
+        RealInput::moveTo(at + QPoint(1, 0));
+        RealInput::moveTo(at);
+        return done();
+    });
 }
 
 } // namespace
@@ -314,6 +333,69 @@ private Q_SLOTS:
         }
         QTest::mouseDClick(w.windowHandle(), Qt::LeftButton, {}, QPoint(100, 20));
         QVERIFY(w.isMaxState());
+    }
+
+    // With the pointer of the screen itself, since the system takes it over in the middle.
+    void handOnTheStrip()
+    {
+        if (!RealInput::available())
+            QSKIP("There is no pointer here");
+        TestWin w;
+        int clicks = 0;
+        auto *button = new QPushButton;
+        connect(button, &QPushButton::clicked, [&clicks] { ++clicks; });
+        w.setCentralWidget(button);
+        show(w);
+        const auto strip = [&w] { return w.mapToGlobal(origin(w) + QPoint(200, 20)); };
+        const auto clickButton = [&] { RealInput::click(button->mapToGlobal(button->rect().center())); };
+        // Every pixel counts from the press on.
+        const auto drag = [&](const QPoint &way) {
+            const QPoint start = w.pos();
+            const QPoint from = strip();
+            const int before = w.presses;
+            RealInput::moveTo(from);
+            RealInput::press();
+            QTRY_COMPARE(w.presses, before + 1);
+            // The window is not told of its place before the end: the screen is asked where its border is.
+            const QPoint border = start + way + QPoint(w.frameWidth() - 1, 150);
+            QVERIFY(reaches(from + way, [&] {
+                const QPixmap pixel = w.screen()->grabWindow(0, border.x(), border.y(), 1, 1);
+                return pixel.toImage().pixelColor(0, 0) == kBorder;
+            }));
+            RealInput::release();
+            QTRY_COMPARE(w.pos(), start + way);
+        };
+        QApplication::setDoubleClickInterval(0); // until one is meant
+        drag(QPoint(80, 40));
+        clickButton();
+        QTRY_COMPARE(clicks, 1);
+        // A click that is over before the system has the pointer takes hold of nothing.
+        const QPoint place = w.pos();
+        RealInput::click(strip());
+        QTRY_COMPARE(w.clicked, QList<int>{-1});
+        QVERIFY(reaches(button->mapToGlobal(QPoint(50, 50)), [&] { return button->underMouse(); }));
+        drag(QPoint(3, 2));
+        QCOMPARE(w.pos(), place + QPoint(3, 2));
+        QApplication::setDoubleClickInterval(60000);
+        RealInput::click(strip());
+        QTRY_VERIFY(w.isMaxState());
+        // Dragged from the right half of the screen, the window is under the pointer as it was before.
+        QTRY_VERIFY(w.width() > 1000);
+        const QPoint grabbed = w.mapToGlobal(origin(w) + QPoint(w.width() * 3 / 4, 20));
+        RealInput::moveTo(grabbed);
+        RealInput::press();
+        for (const int y : {8, 20, 60, 100}) {
+            RealInput::moveTo(grabbed + QPoint(0, y));
+            QCoreApplication::processEvents();
+        }
+        QTRY_VERIFY(!w.isMaxState());
+        QTRY_COMPARE(w.size(), QSize(600, 300));
+        const QPoint inside = w.mapFromGlobal(grabbed + QPoint(0, 100)) - origin(w);
+        QCOMPARE(inside.y(), 20);
+        QVERIFY2(qAbs(inside.x() - 450) < 5, QByteArray::number(inside.x())); // the borders count here or not
+        RealInput::release();
+        const int before = clicks;
+        QTRY_VERIFY((clickButton(), clicks > before));
     }
 
     void closing_data()

@@ -1,10 +1,10 @@
 #include "platform/Platform.h"
 
 #include "platform/generic/LocaleTexts.h"
+#include "platform/generic/XServer.h"
 
 #include <QFile>
 #include <QGuiApplication>
-#include <QLibrary>
 #include <QLocale>
 #include <QScreen>
 #include <QSettings>
@@ -20,27 +20,6 @@ namespace {
 // What an ordinary Windows desktop answers, so that a window has the same proportions here.
 constexpr int kFrameWidth = 4;
 constexpr int kCaptionHeight = 19;
-
-// A compositing manager owns the selection _NET_WM_CM_Sn of its screen. Xlib is loaded, not linked: only
-// programs that run on an X server need it, and there Qt has it in the process already.
-bool xComposited()
-{
-    QLibrary xlib(QStringLiteral("X11"), 6);
-    const auto openDisplay = reinterpret_cast<void *(*)(const char *)>(xlib.resolve("XOpenDisplay"));
-    const auto defaultScreen = reinterpret_cast<int (*)(void *)>(xlib.resolve("XDefaultScreen"));
-    const auto internAtom =
-        reinterpret_cast<unsigned long (*)(void *, const char *, int)>(xlib.resolve("XInternAtom"));
-    const auto selectionOwner =
-        reinterpret_cast<unsigned long (*)(void *, unsigned long)>(xlib.resolve("XGetSelectionOwner"));
-    if (!openDisplay || !defaultScreen || !internAtom || !selectionOwner)
-        return false;
-    // One connection for the life of the program: the question is asked whenever a menu opens.
-    static void *const display = openDisplay(nullptr);
-    if (!display)
-        return false;
-    const QByteArray name = "_NET_WM_CM_S" + QByteArray::number(defaultScreen(display));
-    return selectionOwner(display, internAtom(display, name.constData(), 0)) != 0;
-}
 
 constexpr qint64 kFileTimeSteps = 10000000; // in a second
 constexpr qint64 kSecondsOfDay = 86400;

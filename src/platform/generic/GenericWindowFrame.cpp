@@ -1,5 +1,7 @@
 #include "platform/WindowFrame.h"
 
+#include "platform/generic/XServer.h"
+
 #include <QApplication>
 #include <QHoverEvent>
 #include <QLayout>
@@ -26,8 +28,14 @@ Qt::CursorShape cursorFor(Qt::Edges edges)
     return edges & (Qt::LeftEdge | Qt::RightEdge) ? Qt::SizeHorCursor : Qt::SizeVerCursor;
 }
 
-// A frameless window whose frame lies in its contents margins. While maximised the border hangs over the
-// edges of the screen, as on Windows.
+// Where windows cannot place themselves, the system restores a maximised one as it begins to move it.
+bool restoresItself()
+{
+    return QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+}
+
+// A frameless window whose frame lies in its contents margins, around those of the application. While
+// maximised the border hangs over the edges of the screen, as on Windows.
 class GenericWindowFrame final : public WindowFrame
 {
 public:
@@ -43,8 +51,8 @@ public:
     bool nativeEvent(void *, long *) override { return false; }
     void shrinkToClient(tagNCCALCSIZE_PARAMS *) override {}
     bool isMaximized() const override { return m_window->isMaximized(); }
-    QSize clientSize() const override { return m_window->contentsRect().size(); }
-    QPoint pointer() const override { return m_position - m_window->contentsRect().topLeft(); }
+    QRect clientRect() const override { return m_window->rect().marginsRemoved(m_frame); }
+    QPoint pointer() const override { return m_position - clientRect().topLeft(); }
     void repaint(const QRect &part) override
     {
         m_window->update(part.isEmpty() ? m_window->rect() : part.translated(outer().topLeft()));
@@ -56,19 +64,21 @@ private:
         None,    // no button is down, or it went down elsewhere
         Button,  // it went down on a caption button
         Caption, // and may begin to drag the window
+        System,  // the system moves or resizes, and keeps the pointer until the button comes up
         Move,    // the window follows the pointer, as the system did not take over
         Resize,
     };
 
     // The window with its border, in coordinates of the widget.
-    QRect outer() const { return m_window->contentsRect().marginsAdded(m_client->margins()); }
-    QRect titleStrip() const { return QRect(0, 0, m_window->width(), m_window->contentsRect().top()); }
+    QRect outer() const { return clientRect().marginsAdded(m_client->margins()); }
+    QRect titleStrip() const { return QRect(0, 0, m_window->width(), clientRect().top()); }
     bool isOverFrame() const
     {
-        return m_window->rect().contains(m_position) && !m_window->contentsRect().contains(m_position);
+        return m_window->rect().contains(m_position) && !clientRect().contains(m_position);
     }
     Qt::Edges edgesUnderPointer() const;
     void layOut();
+    void takeMargins();
     void hover();
     void leave();
     void showCursor(Qt::Edges edges);
@@ -76,9 +86,12 @@ private:
     bool press(const QMouseEvent *event);
     bool release();
     void drag(const QPoint &global);
+    void restoreUnderPointer(const QPoint &global);
 
     QWidget *const m_window;
     WindowFrameClient *const m_client;
+    QMargins m_frame;  // how much of the widget is frame at present
+    QMargins m_inside; // the application's own contents margins, within the client area
     QPoint m_position; // of the pointer, in the window
     bool m_hovered = false;
     Grip m_grip = Grip::None;
@@ -97,7 +110,17 @@ void GenericWindowFrame::layOut()
         margins = QMargins();
     else if (m_window->isMaximized())
         margins = QMargins(0, margins.top() - margins.left(), 0, 0);
-    m_window->setContentsMargins(margins);
+    m_frame = margins;
+    m_window->setContentsMargins(m_frame + m_inside);
+}
+
+// The application set its margins in the place of all of them.
+void GenericWindowFrame::takeMargins()
+{
+    if (m_window->contentsMargins() == m_frame + m_inside)
+        return;
+    m_inside = m_window->contentsMargins();
+    m_window->setContentsMargins(m_frame + m_inside);
 }
 
 bool GenericWindowFrame::event(QEvent *event)
@@ -119,6 +142,9 @@ bool GenericWindowFrame::event(QEvent *event)
     case QEvent::Show:
     case QEvent::WindowStateChange:
         layOut();
+        return false;
+    case QEvent::ContentsRectChange:
+        takeMargins();
         return false;
     case QEvent::ParentChange: // also sent when the window's flags are set anew
         if (m_window->isWindow() && !m_window->windowFlags().testFlag(Qt::FramelessWindowHint))
@@ -192,6 +218,7 @@ bool GenericWindowFrame::mouse(const QMouseEvent *event)
         return isOverFrame();
     if (event->type() == QEvent::MouseButtonRelease)
         return release();
+    m_grip = Grip::None; // the system keeps what ends its move
     return isOverFrame() && press(event);
 }
 
@@ -202,7 +229,7 @@ bool GenericWindowFrame::press(const QMouseEvent *event)
     m_edges = edgesUnderPointer();
     if (m_edges) {
         const bool taken = m_window->windowHandle() && m_window->windowHandle()->startSystemResize(m_edges);
-        m_grip = taken ? Grip::None : Grip::Resize;
+        m_grip = taken ? Grip::System : Grip::Resize;
         return true;
     }
     const QPointer<QWidget> alive(m_window);
@@ -215,6 +242,10 @@ bool GenericWindowFrame::press(const QMouseEvent *event)
         // Another part of the frame may lie under the pointer when the button comes up.
         m_grip = Grip::None;
         m_window->isMaximized() ? m_window->showNormal() : m_window->showMaximized();
+    } else if (m_grip == Grip::Caption && (!m_window->isMaximized() || restoresItself()) &&
+               m_window->windowHandle() && m_window->windowHandle()->startSystemMove()) {
+        // At once: the system counts the way from where it is asked.
+        m_grip = Grip::System;
     }
     return true;
 }
@@ -227,6 +258,8 @@ bool GenericWindowFrame::release()
         return isOverFrame();
     if (grip == Grip::Move || grip == Grip::Resize)
         return true;
+    if (grip == Grip::System) // it has not taken the pointer yet, and would wait for a button to come up
+        cancelSystemMove(m_window->windowHandle());
     if (isOverFrame())
         m_client->pointer(PointerAction::Release);
     else
@@ -238,10 +271,9 @@ void GenericWindowFrame::drag(const QPoint &global)
 {
     const QPoint way = global - m_pressedAt;
     if (m_grip == Grip::Caption && way.manhattanLength() >= QApplication::startDragDistance()) {
-        if (m_window->windowHandle() && m_window->windowHandle()->startSystemMove())
-            m_grip = Grip::None; // the system keeps the pointer until the button comes up
-        else if (!m_window->isMaximized() && !m_window->isFullScreen())
-            m_grip = Grip::Move;
+        if (m_window->isMaximized())
+            restoreUnderPointer(global);
+        m_grip = Grip::Move;
     }
     if (m_grip == Grip::Move) {
         m_window->move(m_pressedGeometry.topLeft() + way);
@@ -258,12 +290,26 @@ void GenericWindowFrame::drag(const QPoint &global)
     }
 }
 
+// The window takes its size from before under the pointer, at the same part of the strip's width, and follows
+// it from there. Not by the system's move, which takes the window for where it was when the pointer was last
+// told of.
+void GenericWindowFrame::restoreUnderPointer(const QPoint &global)
+{
+    const QSize size = m_window->normalGeometry().size();
+    const QPoint inside = m_pressedAt - m_pressedGeometry.topLeft();
+    const int x = inside.x() * size.width() / qMax(1, m_pressedGeometry.width());
+    const int y = inside.y() + m_client->margins().left(); // the border above is on the screen again
+    m_window->showNormal();
+    m_pressedGeometry = QRect(m_pressedAt - QPoint(x, y), size);
+    m_window->setGeometry(m_pressedGeometry.translated(global - m_pressedAt));
+}
+
 void GenericWindowFrame::paintInside(QPainter &painter, const QPaintEvent *event)
 {
     if (m_window->isFullScreen())
         return;
     const QRect all = m_window->rect();
-    const QRect client = m_window->contentsRect();
+    const QRect client = clientRect();
     const QRect strips[] = {
         QRect(all.left(), all.top(), all.width(), client.top() - all.top()),
         QRect(all.left(), client.top(), client.left() - all.left(), client.height()),

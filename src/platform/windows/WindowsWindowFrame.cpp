@@ -46,7 +46,7 @@ QRect windowRect(HWND hwnd)
     return toQRect(rect);
 }
 
-QRect clientRect(HWND hwnd)
+QRect clientOnScreen(HWND hwnd)
 {
     RECT rect = {0, 0, 0, 0};
     GetClientRect(hwnd, &rect);
@@ -93,7 +93,7 @@ public:
     bool nativeEvent(void *message, long *result) override;
     void shrinkToClient(NCCALCSIZE_PARAMS *params) override;
     bool isMaximized() const override { return IsZoomed(handle()) != FALSE; }
-    QSize clientSize() const override;
+    QRect clientRect() const override;
     QPoint pointer() const override;
     void repaint(const QRect &part) override;
     void paintInside(QPainter &, const QPaintEvent *) override {}
@@ -169,8 +169,9 @@ bool WindowsWindowFrame::nativeEvent(void *message, long *result)
         // The first message comes before the client area shrinks and before the widget is told of it.
         m_native = msg->hwnd;
         m_asked = m_window->geometry();
-        m_clientPlaced = m_window->testAttribute(Qt::WA_Moved) &&
-                         clientRect(m_native).topLeft() == (QPointF(m_asked.topLeft()) * ratio()).toPoint();
+        m_clientPlaced =
+            m_window->testAttribute(Qt::WA_Moved) &&
+            clientOnScreen(m_native).topLeft() == (QPointF(m_asked.topLeft()) * ratio()).toPoint();
     }
     const auto answer = [result](long value) {
         if (result)
@@ -207,7 +208,7 @@ bool WindowsWindowFrame::nativeEvent(void *message, long *result)
 bool WindowsWindowFrame::isBelowCaption(const MSG *hitTest) const
 {
     const QPoint at(GET_X_LPARAM(hitTest->lParam), GET_Y_LPARAM(hitTest->lParam));
-    return windowRect(hitTest->hwnd).contains(at) && at.y() < clientRect(hitTest->hwnd).top() &&
+    return windowRect(hitTest->hwnd).contains(at) && at.y() < clientOnScreen(hitTest->hwnd).top() &&
            DefWindowProcW(hitTest->hwnd, WM_NCHITTEST, hitTest->wParam, hitTest->lParam) == HTNOWHERE;
 }
 
@@ -239,9 +240,9 @@ void WindowsWindowFrame::shrinkToClient(NCCALCSIZE_PARAMS *params)
     rect.bottom -= frame.bottom();
 }
 
-QSize WindowsWindowFrame::clientSize() const
+QRect WindowsWindowFrame::clientRect() const
 {
-    return (QSizeF(clientRect(handle()).size()) / ratio()).toSize();
+    return QRect(QPoint(0, 0), (QSizeF(clientOnScreen(handle()).size()) / ratio()).toSize());
 }
 
 QPoint WindowsWindowFrame::pointer() const
@@ -266,7 +267,7 @@ void WindowsWindowFrame::repaint(const QRect &part)
         return;
     const QRect window = windowRect(hwnd);
     const QSize size = window.size();
-    const QRect client = clientRect(hwnd).translated(-window.topLeft());
+    const QRect client = clientOnScreen(hwnd).translated(-window.topLeft());
     const QRect title(0, 0, size.width(), client.top());
     if (!part.isEmpty()) {
         const QRectF scaled(QPointF(part.topLeft()) * ratio(), QSizeF(part.size()) * ratio());
