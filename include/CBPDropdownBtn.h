@@ -16,7 +16,8 @@ class QAction;
 
 namespace lumqt {
 class CachedText;
-}
+enum class FocusMark : unsigned char;
+} // namespace lumqt
 
 /// A button that drops a menu down: a text, an icon before it if wanted, and a triangle at the right.
 ///
@@ -124,6 +125,7 @@ protected:
     void changeEvent(QEvent *event) override;
     void hideEvent(QHideEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
+    bool event(QEvent *event) override;
 
 private Q_SLOTS:
     void OnActionTriggered(QAction *pAct);
@@ -153,4 +155,6 @@ private:
     bool m_menuOpen = false;
     QPointer<CBPMenu> m_menu;
     std::unique_ptr<lumqt::CachedText> m_label;
+    lumqt::FocusMark m_focusMark{};
+    bool m_cut = false; // an ellipsis stood for the end of the text at the last paint
 };

@@ -19,6 +19,7 @@ class QPainter;
 namespace lumqt {
 class CachedText;
 class PaintedImage;
+enum class FocusMark : unsigned char;
 } // namespace lumqt
 
 /// A button drawn from four image files, one per state, with a text, a background, a frame, a coloured dot
@@ -166,8 +167,10 @@ private:
     void textChanged();
     void reportActivation();
     void followKey(bool wasDown);
-    void focusGained(Qt::FocusReason reason);
-    void focusLost();
+    void focusLost(Qt::FocusReason reason);
+    void followEnabled();
+    QFont paintedFont() const;
+    virtual void fontChanged();
     QString tipsMarkup() const;
     void showTips();
     void hideTips();
@@ -202,9 +205,12 @@ private:
     QColor m_specialIconColor;
     QPointer<CTextTips> m_tips; // made when first shown
     QString m_tipsText;
-    QSize m_paintedImage;         // valid while a paint is under way
-    bool m_keyboardFocus = false; // focused by somebody who uses the keyboard: the ring shows
+    QSize m_paintedImage; // valid while a paint is under way
     bool m_downByKey = false;
     std::unique_ptr<lumqt::PaintedImage> m_image;
     std::unique_ptr<lumqt::CachedText> m_textLayout; // made when first painted
+    QFont m_measured;                                // the font that the size was made for
+    lumqt::FocusMark m_focusMark{};
+    bool m_takenBack = false; // Escape came while the mouse held it down
+    QString m_plainText;      // the text of the base class that makes no shortcut
 };

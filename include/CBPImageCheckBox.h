@@ -8,7 +8,8 @@
 
 namespace lumqt {
 class PaintedImage;
-}
+enum class FocusMark : unsigned char;
+} // namespace lumqt
 
 /// A check box whose mark is an image of its own, one per state, unchecked and checked.
 ///
@@ -44,6 +45,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     bool hasImages() const;
@@ -51,5 +53,5 @@ private:
 
     QVector<QString> m_images; // four unchecked, four checked; empty where there are others
     std::unique_ptr<lumqt::PaintedImage> m_mark;
-    bool m_showsFocus = false; // focused by somebody who uses the keyboard
+    lumqt::FocusMark m_focusMark{};
 };

@@ -28,6 +28,7 @@ public:
 private:
     static QAccessibleInterface *makeAccessible(QWidget *widget);
     void arrange();
+    void fontChanged() override;
     void showImageAlone();
 
     const QSize m_imageSize;

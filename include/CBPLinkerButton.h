@@ -12,7 +12,9 @@
 
 namespace lumqt {
 class CachedText;
-}
+enum class FocusMark : unsigned char;
+enum class Press : unsigned char;
+} // namespace lumqt
 
 /// A text link: a label that looks like a hyperlink and reports clicks with the number it was bound to.
 ///
@@ -86,6 +88,7 @@ private:
     void setLook(int mouseState);
     void followMouse(bool over);
     void clickByKey();
+    void rest();
     QString shownText();
 
     int m_type;
@@ -95,10 +98,10 @@ private:
     int m_bindId;
     bool m_selected = false;
     bool m_hoverUnderline = false; // of the type that is underlined under the mouse
-    bool m_spaceDown = false;
-    bool m_showsFocus = false;
-    QString m_elidedOf; // what m_elided was made of, with the width below
+    QString m_elidedOf;            // what m_elided was made of, with the width below
     int m_elidedWidth = -1;
     QString m_elided;
     std::unique_ptr<lumqt::CachedText> m_layout;
+    lumqt::FocusMark m_focusMark{};
+    lumqt::Press m_press{};
 };

@@ -169,7 +169,8 @@ protected:
     virtual void reportActivation();
 
     /// What of \a text is drawn on one line in \a width pixels: all of it, or as much as fits and an
-    /// ellipsis. A line break counts as a space. \since 1.0
+    /// ellipsis. A line break counts as a space. A tool tip shows all of the text then, where the application
+    /// set none. \since 1.0
     QString elided(const QString &text, int width) const;
 
     void mousePressEvent(QMouseEvent *event) override;
@@ -183,6 +184,10 @@ protected:
     void changeEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;
+    bool event(QEvent *event) override;
+
+    /// Called when setSelected() has changed the flag; does nothing here. \since 1.0
+    virtual void selectedChanged();
 
 private Q_SLOTS:
     void OnActionTriggered(QAction *pAct);
@@ -192,6 +197,7 @@ private:
     friend class ClickWatch;
     friend class CBPMenuBtn;
     friend class CBPPopWnd;
+    friend class CTriStateButton;
 
     void init();
     void autoResizeBtn();
@@ -199,6 +205,8 @@ private:
     int textWidth() const;
     QPixmap iconPixmap() const;
     void openMenu();
+    void returnMark();
+    bool isTakenBack();
     void followKey(bool wasDown, bool clicked);
     void drawCheckedLook(QPainter &painter, const QRect &rect) const;
 
@@ -220,4 +228,8 @@ private:
     bool m_reportsItself = false; // an event handler will emit sigBtnClicked when the base is done
     bool m_wasClicked = false;    // clicked() came while the handler was at work
     std::unique_ptr<lumqt::CachedText> m_textLayout;
+    QString m_plainText;         // the text that makes no shortcut
+    bool m_markedBefore = false; // as focused, when the mouse pressed it
+    bool m_takenBack = false;    // Escape came while it was down
+    mutable bool m_cut = false;  // an ellipsis stood for the end of the text at the last paint
 };

@@ -17,6 +17,8 @@ class QAction;
 namespace lumqt {
 class CachedText;
 class PaintedImage;
+enum class FocusMark : unsigned char;
+enum class Press : unsigned char;
 } // namespace lumqt
 
 /// A button of tool bars and side panels: an image per state and a text beside or below it, an id, and a
@@ -148,6 +150,7 @@ Q_SIGNALS:
     void sigActionTriggered(CBPMenuItem *item);
 
 protected:
+    void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void hideEvent(QHideEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
@@ -169,6 +172,7 @@ private:
     void menuChanged();
     void activate();
     void activateByKey();
+    void rest();
     void AutoResize();
     int contentWidth() const;
     QSize currentImageSize() const;
@@ -193,9 +197,9 @@ private:
     bool m_shrinked = false;
     bool m_autoResize;
 
-    bool m_spaceDown = false;
-    bool m_showsFocus = false; // focused by somebody who uses the keyboard
-    QSize m_textSize;          // invalid for an empty text
+    QSize m_textSize; // invalid for an empty text
     std::unique_ptr<lumqt::CachedText> m_label;
     std::unique_ptr<lumqt::PaintedImage> m_image;
+    lumqt::FocusMark m_focusMark{};
+    lumqt::Press m_press{};
 };

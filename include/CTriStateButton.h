@@ -8,7 +8,8 @@ class QAccessibleInterface;
 
 namespace lumqt {
 class CachedText;
-}
+enum class FocusMark : unsigned char;
+} // namespace lumqt
 
 /// A toggle button with three looks: plain, hovered and checked.
 ///
@@ -58,6 +59,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;
     void nextCheckState() override;
+    void checkStateSet() override;
     void reportActivation() override;
 
 private:
@@ -67,6 +69,7 @@ private:
     static QAccessibleInterface *makeAccessible(QWidget *widget);
     void clickByTool();
     void followRelease();
+    void mark(bool checked);
     QColor lookTextColor(int look) const;
 
     bool m_checked = false;
@@ -76,6 +79,6 @@ private:
     QColor m_plainColor;
     QColor m_checkedColor;
     QColor m_hoverColor;
-    bool m_showsFocus = false; // focused by somebody who uses the keyboard
     std::unique_ptr<lumqt::CachedText> m_label;
+    lumqt::FocusMark m_focusMark{};
 };
