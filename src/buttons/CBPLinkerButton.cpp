@@ -128,8 +128,14 @@ QSize CBPLinkerButton::sizeHint() const
     const QSize label = QLabel::sizeHint();
     if (text().isEmpty())
         return label; // perhaps of a picture
-    // The label measures in the style sheet's font, which after SetFontPixel() is not the one painted with.
-    return label.expandedTo(m_layout->lineSize(text(), m_font)) + kFocusRoom;
+    // The label measures in the style sheet's font, which after SetFontPixel() is not the one painted with. A
+    // least size that an application set holds the room for the ring, too.
+    const QSize line = m_layout->lineSize(text(), m_font);
+    const auto roomy = [](int asked, int needed, int room, int least) {
+        return asked <= least ? qMax(least, needed + room) : qMax(asked, needed) + room;
+    };
+    return QSize(roomy(label.width(), line.width(), kFocusRoom.width(), minimumWidth()),
+                 roomy(label.height(), line.height(), kFocusRoom.height(), minimumHeight()));
 }
 
 // ------------------------------------------------------------------------------------------------------------
