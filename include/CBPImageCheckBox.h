@@ -16,7 +16,7 @@ enum class FocusMark : unsigned char;
 /// Each list holds four image files in the order normal, hover, pressed, disabled. With another number in
 /// either the box looks as CBPCheckBox does. Files are found and drawn as CBPImageButton does it; a missing
 /// one leaves its place empty. A partially checked box shows as checked. The whole widget answers the mouse;
-/// keyboard and screen readers are QCheckBox's. GUI thread only. \since 1.0
+/// keyboard, screen readers and the "&" in a text are QCheckBox's. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPImageCheckBox : public CBPCheckBox
 {
     Q_OBJECT

@@ -5,7 +5,8 @@
 /// An image button with a text from the start: beside the image or below it, in the library's font and
 /// colours, as large as both need.
 ///
-/// Everything else is CBPImageButton's. Right-to-left nothing is mirrored. GUI thread only. \since 1.0
+/// Everything else is CBPImageButton's, also which of QPushButton's signals the mouse does not send.
+/// Right-to-left nothing is mirrored. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPImageTextBtn : public CBPImageButton
 {
     Q_OBJECT

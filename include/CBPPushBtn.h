@@ -23,8 +23,14 @@ class CachedText;
 ///
 /// The button is 28 pixels high. Its colours come from the CBtnObj it carries. A click reports
 /// sigBtnClicked() with the button's id; a button with a menu opens the menu instead. The text is plain: an
-/// "&" in it is shown. For keyboard users Space, and Enter on a default button, do what the mouse does. GUI
-/// thread only. \since 1.0
+/// "&" in it is shown, and makes no shortcut. For keyboard users Space, and Enter on a default button, do
+/// what the mouse does.
+///
+/// Where it is not as a QPushButton: moves of the mouse go unnoticed. Dragging it off the pressed button does
+/// not lift the button, and a release outside, though no clicked() or released() comes, is told by
+/// sigBtnClicked(). Escape takes the press back. A button with a menu sends pressed() and opens the menu with
+/// the release: released(), clicked() and toggled() do not come of the mouse or a key, and auto-repeat is not
+/// for it. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPPushBtn : public QPushButton, public CBtnObj
 {
     Q_OBJECT
