@@ -108,6 +108,12 @@ void CBPImageButton::SetText(const QString &text, const QFont &font, QVector<QCo
     textChanged();
 }
 
+void CBPImageButton::setText(const QString &text)
+{
+    QPushButton::setText(text);
+    lumqt::dropMnemonic(this, m_plainText);
+}
+
 void CBPImageButton::SetBorder(int border, bool resize)
 {
     m_border = lumqt::boundedPixels(border);

@@ -18,6 +18,7 @@ const QColor kDisabledFrameColor(215, 215, 215);
 const QColor kDisabledBgColor(253, 253, 253);
 const QColor kDisabledTextColor(120, 120, 120);
 constexpr int kFocusRingWidth = 2;
+constexpr int kElidedInset = 4; // of a text that ends in an ellipsis, at each side
 
 enum Look { Plain = 0, Hovered = 1, Checked = 2 };
 
@@ -266,7 +267,7 @@ void CTriStateButton::paintEvent(QPaintEvent *)
     QString shown = text();
     m_cut = m_label->lineSize(shown, font()).width() > content.width() - 2 * kFocusRingWidth;
     if (m_cut)
-        shown = lumqt::elidedLine(shown, font(), content.width() - 2 * kFocusRingWidth);
+        shown = lumqt::elidedLine(shown, font(), content.width() - 2 * kElidedInset);
     QRect box(QPoint(0, 0), m_label->lineSize(shown, font()));
     box.setHeight(qMin(box.height(), content.height()));
     box.moveTopLeft(content.topLeft() +
