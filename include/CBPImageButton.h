@@ -81,8 +81,8 @@ public:
     void SetText(const QString &text, const QFont &font, QVector<QColor> colors, bool besideImage,
                  int spacing, int leftMargin);
 
-    /// Sets the text of QAbstractButton, which is neither drawn nor told to anybody here; see SetText(). An "&" in
-    /// it makes no shortcut. \since 1.0
+    /// Sets the text of QAbstractButton, which is neither drawn nor told to anybody here; see SetText(). An
+    /// "&" in it makes no shortcut. \since 1.0
     void setText(const QString &text);
 
     /// Sets the pixels left free at either side; 5 at first. The size follows when \a resize is true and the
