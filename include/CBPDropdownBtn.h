@@ -16,19 +16,21 @@ class QAction;
 
 namespace lumqt {
 class CachedText;
-}
+enum class FocusMark : unsigned char;
+} // namespace lumqt
 
 /// A button that drops a menu down: a text, an icon before it if wanted, and a triangle at the right.
 ///
 /// A press anywhere on it opens the menu right below, or above where the screen ends. A split button opens it
 /// by the part with the triangle only; its other part is a button of its own, which reports sigBtnClicked().
-/// Space and Enter do what a press on the text does; Down, Alt+Down and F4 open the menu always. Without a
-/// menu nothing opens. Hiding the button closes its menu.
+/// Space and Enter do what a press on the text does, Enter in a dialog, too, as of a push button; Escape
+/// takes back a press that is held, and so does a release elsewhere. Down, Alt+Down and F4 open the menu
+/// always. Without a menu nothing opens. Hiding the button closes its menu.
 ///
 /// The button is 28 pixels high. Colours, corner radii and the flag for the frame are those of the CBtnObj it
 /// carries, the triangle's included; a list without four entries is put aside for the built-in colours. The
-/// text is plain, and ends in an ellipsis where there is no room. Setters repaint, except those of CBtnObj.
-/// GUI thread only. \since 1.0
+/// text is plain, and ends in an ellipsis where there is no room; the tool tip shows all of it then. Setters
+/// repaint, except those of CBtnObj. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPDropdownBtn : public QWidget, public CBtnObj
 {
     Q_OBJECT
@@ -124,6 +126,7 @@ protected:
     void changeEvent(QEvent *event) override;
     void hideEvent(QHideEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
+    bool event(QEvent *event) override;
 
 private Q_SLOTS:
     void OnActionTriggered(QAction *pAct);
@@ -153,4 +156,6 @@ private:
     bool m_menuOpen = false;
     QPointer<CBPMenu> m_menu;
     std::unique_ptr<lumqt::CachedText> m_label;
+    lumqt::FocusMark m_focusMark{};
+    bool m_cut = false; // an ellipsis stood for the end of the text at the last paint
 };

@@ -19,21 +19,27 @@ class QPainter;
 namespace lumqt {
 class CachedText;
 class PaintedImage;
+enum class FocusMark : unsigned char;
 } // namespace lumqt
 
 /// A button drawn from four image files, one per state, with a text, a background, a frame, a coloured dot
 /// and a hover tip if wanted.
 ///
-/// It reports a click by btn_released() and its id. By mouse it emits no clicked(): the base class never sees
-/// the release that clicks. Space, Enter on a default button, click() and assistive tools report
-/// btn_released() too, just before clicked() reaches others. The button is no auto-default button: in a
-/// dialog Return is not its own unless it is made the default.
+/// It reports a click by btn_released() and its id. Space, Enter on a default button, click() and assistive
+/// tools report btn_released() too, just before clicked() reaches others.
+///
+/// Where it is not as a QPushButton: by mouse it emits neither released() nor clicked(), since the base class
+/// never sees the release that clicks, and a QButtonGroup signals no click; a checkable one is checked all
+/// the same, and toggled() comes. The base class does not hear of focus changes (but for a member of a
+/// QButtonGroup, where Tab is to come to the chosen one): a press of the mouse outlasts the loss of the
+/// focus. It is no auto-default button: in a dialog Return is not its own unless it is made the default.
 ///
 /// Per-state lists hold the entries normal, hover, pressed (or selected), disabled, in this order. Images
 /// whose names end in ".svg", in lower case, are drawn as vectors, all others as pixmaps; "name@2x.png"
 /// beside "name.png" is taken on dense screens. A file replaced on disk shows at the next paint, a missing
 /// one leaves its place empty. Lists are copied. All sizes are logical pixels. Texts are plain: an "&" in
-/// them is shown.
+/// them is shown. What a font given here leaves open, the size perhaps, is the widget's own font's to say, a
+/// style sheet included; the button sizes itself when that changes.
 ///
 /// Screen readers are told the accessible name; where none was set, the text, the tool tip, or the tip of
 /// SetTipsTxt(), whichever comes first. GUI thread only. \since 1.0
@@ -75,6 +81,10 @@ public:
     void SetText(const QString &text, const QFont &font, QVector<QColor> colors, bool besideImage,
                  int spacing, int leftMargin);
 
+    /// Sets the text of QAbstractButton, which is neither drawn nor told to anybody here; see SetText(). An
+    /// "&" in it makes no shortcut. \since 1.0
+    void setText(const QString &text);
+
     /// Sets the pixels left free at either side; 5 at first. The size follows when \a resize is true and the
     /// button has a text. \since 1.0
     void SetBorder(int border, bool resize);
@@ -96,8 +106,8 @@ public:
     /// paint. \since 1.0
     void SetBorderColor(const QVector<QColor> &colors);
 
-    /// Holds the button in the pressed look, deaf to mouse and keyboard, or lets it go.
-    /// \since 1.0
+    /// Holds the button in the pressed look, deaf to mouse and keyboard, or lets it go. So does enabling a
+    /// button that was seen disabled: it looks normal then, and answers again. \since 1.0
     void SetSelect(bool selected);
 
     /// With false the button draws nothing. Shown at the next paint.
@@ -166,8 +176,10 @@ private:
     void textChanged();
     void reportActivation();
     void followKey(bool wasDown);
-    void focusGained(Qt::FocusReason reason);
-    void focusLost();
+    void focusLost(Qt::FocusReason reason);
+    void followEnabled();
+    QFont paintedFont() const;
+    virtual void fontChanged();
     QString tipsMarkup() const;
     void showTips();
     void hideTips();
@@ -202,9 +214,12 @@ private:
     QColor m_specialIconColor;
     QPointer<CTextTips> m_tips; // made when first shown
     QString m_tipsText;
-    QSize m_paintedImage;         // valid while a paint is under way
-    bool m_keyboardFocus = false; // focused by somebody who uses the keyboard: the ring shows
+    QSize m_paintedImage; // valid while a paint is under way
     bool m_downByKey = false;
     std::unique_ptr<lumqt::PaintedImage> m_image;
     std::unique_ptr<lumqt::CachedText> m_textLayout; // made when first painted
+    QFont m_measured;                                // the font that the size was made for
+    lumqt::FocusMark m_focusMark{};
+    bool m_takenBack = false; // Escape came while the mouse held it down
+    QString m_plainText;      // the text of the base class that makes no shortcut
 };

@@ -8,14 +8,15 @@
 
 namespace lumqt {
 class PaintedImage;
-}
+enum class FocusMark : unsigned char;
+} // namespace lumqt
 
 /// A check box whose mark is an image of its own, one per state, unchecked and checked.
 ///
 /// Each list holds four image files in the order normal, hover, pressed, disabled. With another number in
 /// either the box looks as CBPCheckBox does. Files are found and drawn as CBPImageButton does it; a missing
 /// one leaves its place empty. A partially checked box shows as checked. The whole widget answers the mouse;
-/// keyboard and screen readers are QCheckBox's. GUI thread only. \since 1.0
+/// keyboard, screen readers and the "&" in a text are QCheckBox's. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPImageCheckBox : public CBPCheckBox
 {
     Q_OBJECT
@@ -44,6 +45,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     bool hasImages() const;
@@ -51,5 +53,5 @@ private:
 
     QVector<QString> m_images; // four unchecked, four checked; empty where there are others
     std::unique_ptr<lumqt::PaintedImage> m_mark;
-    bool m_showsFocus = false; // focused by somebody who uses the keyboard
+    lumqt::FocusMark m_focusMark{};
 };

@@ -5,7 +5,8 @@
 /// An image button with a text from the start: beside the image or below it, in the library's font and
 /// colours, as large as both need.
 ///
-/// Everything else is CBPImageButton's. Right-to-left nothing is mirrored. GUI thread only. \since 1.0
+/// Everything else is CBPImageButton's, also which of QPushButton's signals the mouse does not send.
+/// Right-to-left nothing is mirrored. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPImageTextBtn : public CBPImageButton
 {
     Q_OBJECT
@@ -28,6 +29,7 @@ public:
 private:
     static QAccessibleInterface *makeAccessible(QWidget *widget);
     void arrange();
+    void fontChanged() override;
     void showImageAlone();
 
     const QSize m_imageSize;

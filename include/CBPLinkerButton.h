@@ -12,14 +12,22 @@
 
 namespace lumqt {
 class CachedText;
-}
+enum class FocusMark : unsigned char;
+enum class Press : unsigned char;
+} // namespace lumqt
 
 /// A text link: a label that looks like a hyperlink and reports clicks with the number it was bound to.
 ///
 /// The text is plain: no markup, and an "&" is an ampersand. On one line, at the left; what does not fit is
 /// cut off, and the whole text is the tool tip then (a tool tip of the caller's own does not last). The Tab
-/// key reaches the link; Space and Enter click it. Screen readers find a link named by its text. GUI thread
-/// only. \since 1.0
+/// key reaches the link; Space and Enter click it, Enter in a dialog, too, as links do in a text; Escape
+/// takes back a press that is held. A release of the mouse clicks, wherever it is. Screen readers find a link
+/// named by its text.
+///
+/// Where it is not as a QLabel: its focus policy is Qt::TabFocus from the start (and what
+/// setTextInteractionFlags() makes of it, as with any label), and with a text its size hint has room for the
+/// focus ring. Without a text it shows and measures a pixmap, movie or picture as a label does, and the ring
+/// over it. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPLinkerButton : public QLabel
 {
     Q_OBJECT
@@ -86,6 +94,7 @@ private:
     void setLook(int mouseState);
     void followMouse(bool over);
     void clickByKey();
+    void rest();
     QString shownText();
 
     int m_type;
@@ -95,10 +104,10 @@ private:
     int m_bindId;
     bool m_selected = false;
     bool m_hoverUnderline = false; // of the type that is underlined under the mouse
-    bool m_spaceDown = false;
-    bool m_showsFocus = false;
-    QString m_elidedOf; // what m_elided was made of, with the width below
+    QString m_elidedOf;            // what m_elided was made of, with the width below
     int m_elidedWidth = -1;
     QString m_elided;
     std::unique_ptr<lumqt::CachedText> m_layout;
+    lumqt::FocusMark m_focusMark{};
+    lumqt::Press m_press{};
 };

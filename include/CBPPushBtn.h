@@ -23,8 +23,14 @@ class CachedText;
 ///
 /// The button is 28 pixels high. Its colours come from the CBtnObj it carries. A click reports
 /// sigBtnClicked() with the button's id; a button with a menu opens the menu instead. The text is plain: an
-/// "&" in it is shown. For keyboard users Space, and Enter on a default button, do what the mouse does. GUI
-/// thread only. \since 1.0
+/// "&" in it is shown, and makes no shortcut. For keyboard users Space, and Enter on a default button, do
+/// what the mouse does.
+///
+/// Where it is not as a QPushButton: moves of the mouse go unnoticed. Dragging it off the pressed button does
+/// not lift the button, and a release outside, though no clicked() or released() comes, is told by
+/// sigBtnClicked(). Escape takes the press back. A button with a menu sends pressed() and opens the menu with
+/// the release: released(), clicked() and toggled() do not come of the mouse or a key, and auto-repeat is not
+/// for it. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPPushBtn : public QPushButton, public CBtnObj
 {
     Q_OBJECT
@@ -169,7 +175,8 @@ protected:
     virtual void reportActivation();
 
     /// What of \a text is drawn on one line in \a width pixels: all of it, or as much as fits and an
-    /// ellipsis. A line break counts as a space. \since 1.0
+    /// ellipsis. A line break counts as a space. A tool tip shows all of the text then, where the application
+    /// set none. \since 1.0
     QString elided(const QString &text, int width) const;
 
     void mousePressEvent(QMouseEvent *event) override;
@@ -183,6 +190,10 @@ protected:
     void changeEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;
+    bool event(QEvent *event) override;
+
+    /// Called when setSelected() has changed the flag; does nothing here. \since 1.0
+    virtual void selectedChanged();
 
 private Q_SLOTS:
     void OnActionTriggered(QAction *pAct);
@@ -192,6 +203,7 @@ private:
     friend class ClickWatch;
     friend class CBPMenuBtn;
     friend class CBPPopWnd;
+    friend class CTriStateButton;
 
     void init();
     void autoResizeBtn();
@@ -199,6 +211,8 @@ private:
     int textWidth() const;
     QPixmap iconPixmap() const;
     void openMenu();
+    void returnMark();
+    bool isTakenBack();
     void followKey(bool wasDown, bool clicked);
     void drawCheckedLook(QPainter &painter, const QRect &rect) const;
 
@@ -220,4 +234,8 @@ private:
     bool m_reportsItself = false; // an event handler will emit sigBtnClicked when the base is done
     bool m_wasClicked = false;    // clicked() came while the handler was at work
     std::unique_ptr<lumqt::CachedText> m_textLayout;
+    QString m_plainText;         // the text that makes no shortcut
+    bool m_markedBefore = false; // as focused, when the mouse pressed it
+    bool m_takenBack = false;    // Escape came while it was down
+    mutable bool m_cut = false;  // an ellipsis stood for the end of the text at the last paint
 };

@@ -17,14 +17,17 @@ class QAction;
 namespace lumqt {
 class CachedText;
 class PaintedImage;
+enum class FocusMark : unsigned char;
+enum class Press : unsigned char;
 } // namespace lumqt
 
 /// A button of tool bars and side panels: an image per state and a text beside or below it, an id, and a
 /// drop-down menu if wanted.
 ///
 /// Releasing the left mouse button, wherever the pointer is by then, reports sigClick() with the id; a button
-/// with a menu opens the menu instead. Space and Enter do the same for keyboard users, and the Down key opens
-/// a menu; a click does not take the focus. Images are file names, one per state in the order normal, hover,
+/// with a menu opens the menu instead. Space does the same for keyboard users, and Enter where the window is
+/// no dialog, whose default button it is for; the Down key opens a menu. Escape takes back a press that is
+/// held. A click does not take the focus. Images are file names, one per state in the order normal, hover,
 /// pressed, disabled; a list with fewer has none for the rest, and a missing file leaves its place empty.
 /// The text is plain. Its height is the caller's or the layout's business. All sizes are logical pixels.
 /// GUI thread only. \since 1.0
@@ -148,6 +151,7 @@ Q_SIGNALS:
     void sigActionTriggered(CBPMenuItem *item);
 
 protected:
+    void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void hideEvent(QHideEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
@@ -169,6 +173,7 @@ private:
     void menuChanged();
     void activate();
     void activateByKey();
+    void rest();
     void AutoResize();
     int contentWidth() const;
     QSize currentImageSize() const;
@@ -193,9 +198,9 @@ private:
     bool m_shrinked = false;
     bool m_autoResize;
 
-    bool m_spaceDown = false;
-    bool m_showsFocus = false; // focused by somebody who uses the keyboard
-    QSize m_textSize;          // invalid for an empty text
+    QSize m_textSize; // invalid for an empty text
     std::unique_ptr<lumqt::CachedText> m_label;
     std::unique_ptr<lumqt::PaintedImage> m_image;
+    lumqt::FocusMark m_focusMark{};
+    lumqt::Press m_press{};
 };

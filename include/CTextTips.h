@@ -16,7 +16,8 @@ class LUMQT_EXPORT CTextTips : public QWidget
 
 public:
     /// A tip without text. With a \a width above 0 the text is that many logical pixels wide and wraps at
-    /// words; otherwise it keeps its lines and decides the width itself. \since 1.0
+    /// words, or within a word that is longer than a line; otherwise it keeps its lines and decides the width
+    /// itself. \since 1.0
     explicit CTextTips(int width = 0, QWidget *parent = nullptr);
 
     /// Sets the text, plain or rich as QLabel tells them apart, and fits the box to it. Where the text brings

@@ -8,7 +8,8 @@ class QAccessibleInterface;
 
 namespace lumqt {
 class CachedText;
-}
+enum class FocusMark : unsigned char;
+} // namespace lumqt
 
 /// A toggle button with three looks: plain, hovered and checked.
 ///
@@ -16,13 +17,19 @@ class CachedText;
 /// otherwise. A release of any mouse button, wherever the pointer is by then, flips it and emits clicked(),
 /// whose argument is always false: ask IsChecked(). Space, Enter where the button is its dialog's default
 /// button, and assistive tools do exactly the same, pressed() included; sigBtnClicked() and released() never
-/// come, except that click() emits released() as in every button. It is not "checkable" in QAbstractButton's
-/// sense: isChecked() and toggled() take no part. Screen readers are told of a check box, or of a plain
-/// button when it never toggles.
+/// come, except that click() and a press that Escape takes back emit released() as in every button. Screen
+/// readers are told of a check box, or of a plain button when it never toggles.
+///
+/// Where it is not as a QPushButton: the base class does not see the release, so there is no released(), the
+/// right button clicks, too, a press is one wherever the mouse is dragged, and with setAutoRepeat() the last
+/// release is not signalled. It is no auto-default button. Its state is its own: isChecked() and toggled()
+/// take no part, unless setCheckable() is called, before the first click: then both are one state, toggled()
+/// comes with SetChecked(), too, and the button can be one of an exclusive QButtonGroup.
 ///
 /// The look's index (0 plain, 1 hovered, 2 checked) picks the background of CBtnObj::setBgColor() and the
 /// text colour; the frame has colours of its own, see SetColor(). The text is drawn on one line in the
-/// widget's font, QWidget::setFont(); SetFont() has no effect on it. GUI thread only. \since 1.0
+/// widget's font, QWidget::setFont(); SetFont() has no effect on it. Where it finds no room within the frame
+/// it ends in an ellipsis, and the tool tip shows all of it. GUI thread only. \since 1.0
 class LUMQT_EXPORT CTriStateButton : public CBPPushBtn
 {
     Q_OBJECT
@@ -58,6 +65,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;
     void nextCheckState() override;
+    void checkStateSet() override;
     void reportActivation() override;
 
 private:
@@ -67,6 +75,7 @@ private:
     static QAccessibleInterface *makeAccessible(QWidget *widget);
     void clickByTool();
     void followRelease();
+    void mark(bool checked);
     QColor lookTextColor(int look) const;
 
     bool m_checked = false;
@@ -76,6 +85,6 @@ private:
     QColor m_plainColor;
     QColor m_checkedColor;
     QColor m_hoverColor;
-    bool m_showsFocus = false; // focused by somebody who uses the keyboard
     std::unique_ptr<lumqt::CachedText> m_label;
+    lumqt::FocusMark m_focusMark{};
 };

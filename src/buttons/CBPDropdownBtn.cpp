@@ -3,6 +3,8 @@
 #include "buttons/DropMenu.h"
 #include "CBPMenu.h"
 #include "foundation/Accessible.h"
+#include "foundation/ElidedText.h"
+#include "foundation/FocusMark.h"
 #include "foundation/FontLookup.h"
 #include "foundation/IconPixmap.h"
 #include "foundation/Painting.h"
@@ -232,6 +234,11 @@ void CBPDropdownBtn::rest()
     look(underMouse() ? Hover : Normal);
 }
 
+bool CBPDropdownBtn::event(QEvent *event)
+{
+    return lumqt::showWholeText(this, event, m_text, m_cut) || QWidget::event(event);
+}
+
 void CBPDropdownBtn::mousePressEvent(QMouseEvent *event)
 {
     // A press that closes the menu comes here, too, and is not to open it again.
@@ -257,10 +264,17 @@ void CBPDropdownBtn::mouseReleaseEvent(QMouseEvent *event)
 
 void CBPDropdownBtn::keyPressEvent(QKeyEvent *event)
 {
+    if (m_pressed && event->matches(QKeySequence::Cancel)) { // and nobody else hears of it
+        m_pressed = false;
+        rest();
+        return;
+    }
     switch (event->key()) {
     case Qt::Key_Space:
         if (event->isAutoRepeat())
             return;
+        lumqt::keyUsed(m_focusMark);
+        setFocus(m_focusMark == lumqt::FocusMark::Shown);
         m_pressed = true;
         look(Pressed);
         return;
@@ -298,13 +312,15 @@ void CBPDropdownBtn::keyReleaseEvent(QKeyEvent *event)
 
 void CBPDropdownBtn::focusInEvent(QFocusEvent *event)
 {
-    setFocus(lumqt::showsFocusFor(this, event->reason()));
+    lumqt::focusGained(m_focusMark, event->reason());
+    setFocus(m_focusMark == lumqt::FocusMark::Shown);
     QWidget::focusInEvent(event);
     update();
 }
 
 void CBPDropdownBtn::focusOutEvent(QFocusEvent *event)
 {
+    lumqt::focusLost(m_focusMark, event->reason());
     setFocus(false);
     if (m_pressed) { // the release goes elsewhere
         m_pressed = false;
@@ -406,12 +422,11 @@ void CBPDropdownBtn::drawContent(QPainter &painter, int index)
         left += kIconSize + kIconGap;
     }
     const int room = arrow.left() - textGap() - left;
+    m_cut = m_label->lineSize(m_text, m_font).width() > room;
     if (room > 0 && !m_text.isEmpty()) {
-        const bool fits = m_label->lineSize(m_text, m_font).width() <= room;
         painter.setPen(paintedTextColor(index));
         m_label->drawLeft(painter, QRect(left, 0, room, height()),
-                          fits ? m_text : QFontMetrics(m_font).elidedText(m_text, Qt::ElideRight, room),
-                          m_font);
+                          m_cut ? lumqt::elidedLine(m_text, m_font, room) : m_text, m_font);
     }
     if (m_split) {
         QColor line = paintedTextColor(index);

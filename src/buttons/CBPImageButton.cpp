@@ -3,9 +3,11 @@
 #include "CTextTips.h"
 #include "ENState.h"
 #include "foundation/Accessible.h"
+#include "foundation/FocusMark.h"
 #include "foundation/FontLookup.h"
 #include "foundation/ImageLoader.h"
 #include "foundation/Painting.h"
+#include "foundation/PlainText.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -106,6 +108,12 @@ void CBPImageButton::SetText(const QString &text, const QFont &font, QVector<QCo
     textChanged();
 }
 
+void CBPImageButton::setText(const QString &text)
+{
+    QPushButton::setText(text);
+    lumqt::dropMnemonic(this, m_plainText);
+}
+
 void CBPImageButton::SetBorder(int border, bool resize)
 {
     m_border = lumqt::boundedPixels(border);
@@ -200,7 +208,8 @@ void CBPImageButton::ReSetSize()
     if (m_text.isEmpty() || m_images.size() < kStates)
         return;
     const QSize image = imageSize(m_index);
-    const QFontMetrics metrics(m_font);
+    m_measured = paintedFont();
+    const QFontMetrics metrics(m_measured);
     const qint64 textWidth = metrics.horizontalAdvance(m_text) + kTextReserve;
     const qint64 textHeight = m_textHeight != 0 ? m_textHeight : metrics.height();
     qint64 width = qMax<qint64>(textWidth, image.width());
@@ -218,11 +227,28 @@ void CBPImageButton::ReSetSize()
     setFixedSize(m_size);
 }
 
+// A painter completes the font by that of the widget, which a style sheet of the window may have set.
+QFont CBPImageButton::paintedFont() const
+{
+    return m_font.resolve(font());
+}
+
 // ----------------------------------------------------------------------------------------------------------
 // mouse
 
+// A button that is enabled again after it was seen disabled looks normal, also a selected one or one under
+// the mouse. It is not selected any more then: what looks normal answers the mouse.
+void CBPImageButton::followEnabled()
+{
+    if (!isEnabled() || m_index != ENStateDisable)
+        return;
+    m_index = ENStateNormal;
+    m_selected = false;
+}
+
 void CBPImageButton::enterEvent(QEvent *event)
 {
+    followEnabled();
     if (m_selected)
         return;
     showTips();
@@ -243,8 +269,10 @@ void CBPImageButton::leaveEvent(QEvent *event)
 
 void CBPImageButton::mousePressEvent(QMouseEvent *event)
 {
+    followEnabled();
     if (m_selected)
         return;
+    m_takenBack = false;
     hideTips();
     m_index = ENStatePress;
     // At once: what is connected to pressed() may take its time.
@@ -256,6 +284,10 @@ void CBPImageButton::mouseReleaseEvent(QMouseEvent *event)
 {
     if (m_selected)
         return;
+    if (m_takenBack && event->button() == Qt::LeftButton) { // by Escape
+        m_takenBack = false;
+        return;
+    }
     if (event->button() != Qt::LeftButton || !rect().contains(event->pos())) {
         QPushButton::mouseReleaseEvent(event);
         return;
@@ -264,7 +296,11 @@ void CBPImageButton::mouseReleaseEvent(QMouseEvent *event)
     // mouse leaves, but for the base the button is up again: later it would take Space or a disabling for its
     // end.
     setDown(false);
-    emit btn_released(m_id); // the button may be gone after
+    const QPointer<CBPImageButton> alive(this);
+    if (isCheckable())
+        nextCheckState(); // as the keyboard does it by way of the base class
+    if (alive)
+        emit btn_released(m_id); // the button may be gone after
 }
 
 // ----------------------------------------------------------------------------------------------------------
@@ -278,19 +314,22 @@ void CBPImageButton::reportActivation()
 
 void CBPImageButton::keyPressEvent(QKeyEvent *event)
 {
+    followEnabled();
     if (m_selected && isActivationKey(event->key())) {
         event->ignore();
         return;
     }
-    if (isActivationKey(event->key()) && !m_keyboardFocus && hasFocus()) {
-        m_keyboardFocus = true;
+    if (isActivationKey(event->key())) {
+        lumqt::keyUsed(m_focusMark);
         update();
     }
     const QPointer<CBPImageButton> alive(this);
     const bool wasDown = isDown();
     QPushButton::keyPressEvent(event);
-    if (alive)
-        followKey(wasDown);
+    if (!alive)
+        return;
+    m_takenBack = m_takenBack || (wasDown && !isDown() && event->matches(QKeySequence::Cancel));
+    followKey(wasDown);
 }
 
 void CBPImageButton::keyReleaseEvent(QKeyEvent *event)
@@ -316,7 +355,12 @@ void CBPImageButton::followKey(bool wasDown)
 // Focus changes are nothing to the button, and the base class does not hear of them: no default button moves
 // in a dialog and no released() is emitted because a window took the focus away. What a person at the
 // keyboard needs to see and to be kept from is done in event().
-void CBPImageButton::focusInEvent(QFocusEvent *) {}
+void CBPImageButton::focusInEvent(QFocusEvent *event)
+{
+    // Among the buttons of a group it is the chosen one that Tab comes to, and the base sees to that.
+    if (group())
+        QAbstractButton::focusInEvent(event); // NOLINT(bugprone-parent-virtual-call)
+}
 
 void CBPImageButton::focusOutEvent(QFocusEvent *) {}
 
@@ -324,21 +368,17 @@ void CBPImageButton::focusOutEvent(QFocusEvent *) {}
 // painted and taken away.
 bool CBPImageButton::event(QEvent *event)
 {
-    if (event->type() == QEvent::FocusIn)
-        focusGained(static_cast<QFocusEvent *>(event)->reason());
-    else if (event->type() == QEvent::FocusOut)
-        focusLost();
+    lumqt::dropMnemonic(this, m_plainText);
+    if (event->type() == QEvent::FocusIn) {
+        lumqt::focusGained(m_focusMark, static_cast<QFocusEvent *>(event)->reason());
+        update();
+    } else if (event->type() == QEvent::FocusOut) {
+        focusLost(static_cast<QFocusEvent *>(event)->reason());
+    }
     return QPushButton::event(event);
 }
 
-void CBPImageButton::focusGained(Qt::FocusReason reason)
-{
-    m_keyboardFocus = lumqt::showsFocusFor(this, reason);
-    if (m_keyboardFocus)
-        update();
-}
-
-void CBPImageButton::focusLost()
+void CBPImageButton::focusLost(Qt::FocusReason reason)
 {
     if (m_downByKey) {
         // The release of the key will go elsewhere.
@@ -346,11 +386,9 @@ void CBPImageButton::focusLost()
         setDown(false);
         if (!m_selected)
             m_index = underMouse() ? ENStateHover : ENStateNormal;
-        update();
     }
-    if (m_keyboardFocus)
-        update();
-    m_keyboardFocus = false;
+    lumqt::focusLost(m_focusMark, reason);
+    update();
 }
 
 // ----------------------------------------------------------------------------------------------------------
@@ -394,7 +432,17 @@ void CBPImageButton::changeEvent(QEvent *event)
 {
     if (!isEnabled() || (event->type() == QEvent::ActivationChange && !isActiveWindow()))
         hideTips();
+    if (event->type() == QEvent::FontChange)
+        fontChanged();
     QPushButton::changeEvent(event);
+}
+
+// What the font of the button does not say is the widget's to say.
+void CBPImageButton::fontChanged()
+{
+    if (paintedFont() != m_measured)
+        ReSetSize();
+    update();
 }
 
 void CBPImageButton::hideEvent(QHideEvent *event)

@@ -1,6 +1,7 @@
 #include "CBPImageButton.h"
 
 #include "ENState.h"
+#include "foundation/FocusMark.h"
 #include "foundation/ImageLoader.h"
 #include "foundation/Painting.h"
 
@@ -30,18 +31,16 @@ void CBPImageButton::paintEvent(QPaintEvent *event)
         QWidget::paintEvent(event); // NOLINT(bugprone-parent-virtual-call)
         return;
     }
-    // A button that is enabled again looks normal, also a selected one or one under the mouse.
+    followEnabled();
     if (!isEnabled())
         m_index = ENStateDisable;
-    else if (m_index == ENStateDisable)
-        m_index = ENStateNormal;
     QPainter painter(this);
     PaintBkg(&painter);
     if (m_images.size() == kStates)
         drawImage(painter);
     DrawTextW(&painter);
     PaintSpecialIcon(&painter);
-    if (m_keyboardFocus)
+    if (m_focusMark == lumqt::FocusMark::Shown)
         drawFocusRing(painter);
     m_paintedImage = QSize();
 }
@@ -109,7 +108,7 @@ void CBPImageButton::DrawTextW(QPainter *painter)
     if (!m_textLayout)
         m_textLayout = std::make_unique<lumqt::CachedText>();
     painter->setPen(m_textColors.at(m_index));
-    m_textLayout->drawLeft(*painter, QRect(start, rect().bottomRight()), m_text, m_font);
+    m_textLayout->drawLeft(*painter, QRect(start, rect().bottomRight()), m_text, paintedFont());
 }
 
 void CBPImageButton::PaintSpecialIcon(QPainter *painter)

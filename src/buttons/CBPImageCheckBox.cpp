@@ -1,9 +1,11 @@
 #include "CBPImageCheckBox.h"
 
+#include "foundation/FocusMark.h"
 #include "foundation/ImageLoader.h"
 #include "foundation/Painting.h"
 
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOption>
@@ -71,16 +73,25 @@ bool CBPImageCheckBox::hitButton(const QPoint &position) const
 
 void CBPImageCheckBox::focusInEvent(QFocusEvent *event)
 {
-    m_showsFocus = lumqt::showsFocusFor(this, event->reason());
+    lumqt::focusGained(m_focusMark, event->reason());
     CBPCheckBox::focusInEvent(event);
     update();
 }
 
 void CBPImageCheckBox::focusOutEvent(QFocusEvent *event)
 {
-    m_showsFocus = false;
+    lumqt::focusLost(m_focusMark, event->reason());
     CBPCheckBox::focusOutEvent(event);
     update();
+}
+
+void CBPImageCheckBox::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Space) {
+        lumqt::keyUsed(m_focusMark);
+        update();
+    }
+    CBPCheckBox::keyPressEvent(event);
 }
 
 void CBPImageCheckBox::paintEvent(QPaintEvent *event)
@@ -110,6 +121,6 @@ void CBPImageCheckBox::paintEvent(QPaintEvent *event)
             int(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter)) | mnemonic,
             palette(), isEnabled(), text(), foregroundRole());
     }
-    if (m_showsFocus)
+    if (m_focusMark == lumqt::FocusMark::Shown)
         lumqt::drawFocusRing(painter, rect());
 }

@@ -69,7 +69,14 @@ void CBPImageTextBtn::arrange()
     SetIconVoffset(-room.height() / 2);
     m_textIndent = 0;
     if (m_below) // under the middle of an image that is wider
-        m_textIndent = qMax(0, (GetSize().width() - QFontMetrics(m_font).horizontalAdvance(m_text)) / 2);
+        m_textIndent =
+            qMax(0, (GetSize().width() - QFontMetrics(paintedFont()).horizontalAdvance(m_text)) / 2);
+}
+
+// Image and text lie where the text's size puts them.
+void CBPImageTextBtn::fontChanged()
+{
+    arrange();
 }
 
 void CBPImageTextBtn::showImageAlone()

@@ -1,6 +1,7 @@
 #include "CBPLinkerButton.h"
 
 #include "foundation/Accessible.h"
+#include "foundation/FocusMark.h"
 #include "foundation/FontLookup.h"
 #include "foundation/Log.h"
 #include "foundation/Painting.h"
@@ -125,8 +126,16 @@ int CBPLinkerButton::bindData() const
 QSize CBPLinkerButton::sizeHint() const
 {
     const QSize label = QLabel::sizeHint();
-    // The label measures in the style sheet's font, which after SetFontPixel() is not the one painted with.
-    return label.expandedTo(m_layout->lineSize(text(), m_font)) + kFocusRoom;
+    if (text().isEmpty())
+        return label; // perhaps of a picture
+    // The label measures in the style sheet's font, which after SetFontPixel() is not the one painted with. A
+    // least size that an application set holds the room for the ring, too.
+    const QSize line = m_layout->lineSize(text(), m_font);
+    const auto roomy = [](int asked, int needed, int room, int least) {
+        return asked <= least ? qMax(least, needed + room) : qMax(asked, needed) + room;
+    };
+    return QSize(roomy(label.width(), line.width(), kFocusRoom.width(), minimumWidth()),
+                 roomy(label.height(), line.height(), kFocusRoom.height(), minimumHeight()));
 }
 
 // ------------------------------------------------------------------------------------------------------------
@@ -162,7 +171,8 @@ void CBPLinkerButton::leaveEvent(QEvent *event)
 void CBPLinkerButton::focusInEvent(QFocusEvent *event)
 {
     if (isEnabled()) {
-        m_showsFocus = true;
+        lumqt::focusMoved(m_press);
+        lumqt::focusGained(m_focusMark, event->reason());
         setLook(Hover);
     }
     QLabel::focusInEvent(event);
@@ -170,8 +180,8 @@ void CBPLinkerButton::focusInEvent(QFocusEvent *event)
 
 void CBPLinkerButton::focusOutEvent(QFocusEvent *event)
 {
-    m_spaceDown = false;
-    m_showsFocus = false;
+    lumqt::focusMoved(m_press);
+    lumqt::focusLost(m_focusMark, event->reason());
     if (isEnabled())
         setLook(Normal);
     QLabel::focusOutEvent(event);
@@ -179,8 +189,10 @@ void CBPLinkerButton::focusOutEvent(QFocusEvent *event)
 
 void CBPLinkerButton::mousePressEvent(QMouseEvent *event)
 {
-    if (isEnabled() && event->button() == Qt::LeftButton)
+    if (isEnabled() && event->button() == Qt::LeftButton) {
+        m_press = lumqt::Press::Mouse;
         setLook(Pressed);
+    }
     QLabel::mousePressEvent(event);
 }
 
@@ -188,12 +200,18 @@ void CBPLinkerButton::mouseReleaseEvent(QMouseEvent *event)
 {
     if (isEnabled() && event->button() == Qt::LeftButton) {
         const QPointer<CBPLinkerButton> alive(this);
-        emit sigLinkerClick(m_bindId);
+        if (lumqt::mouseReleased(m_press))
+            emit sigLinkerClick(m_bindId);
         if (!alive)
             return;
         setLook(Normal);
     }
     QLabel::mouseReleaseEvent(event);
+}
+
+void CBPLinkerButton::rest()
+{
+    setLook(isEnabled() && hasFocus() ? Hover : Normal);
 }
 
 // A key counts as a press and a release of the mouse; the look of the focus stays.
@@ -202,24 +220,28 @@ void CBPLinkerButton::clickByKey()
     const QPointer<CBPLinkerButton> alive(this);
     emit sigLinkerClick(m_bindId);
     if (alive)
-        setLook(isEnabled() && hasFocus() ? Hover : Normal);
+        rest();
 }
 
 void CBPLinkerButton::keyPressEvent(QKeyEvent *event)
 {
-    const lumqt::PressStep step =
-        isEnabled() ? lumqt::keyPressed(event, m_spaceDown) : lumqt::PressStep::NotMine;
-    if (step == lumqt::PressStep::NotMine)
+    const lumqt::PressStep step = isEnabled() ? lumqt::keyPressed(event, m_press) : lumqt::PressStep::NotMine;
+    if (step == lumqt::PressStep::NotMine) {
         QLabel::keyPressEvent(event);
-    else if (step == lumqt::PressStep::Down)
+        return;
+    }
+    lumqt::keyUsed(m_focusMark);
+    if (step == lumqt::PressStep::Down)
         setLook(Pressed);
+    else if (step == lumqt::PressStep::TakenBack)
+        rest();
     else if (step == lumqt::PressStep::Click)
         clickByKey();
 }
 
 void CBPLinkerButton::keyReleaseEvent(QKeyEvent *event)
 {
-    const lumqt::PressStep step = lumqt::keyReleased(event, m_spaceDown);
+    const lumqt::PressStep step = lumqt::keyReleased(event, m_press);
     if (step == lumqt::PressStep::NotMine)
         QLabel::keyReleaseEvent(event);
     else if (step == lumqt::PressStep::Click && isEnabled())
@@ -230,10 +252,9 @@ void CBPLinkerButton::changeEvent(QEvent *event)
 {
     // The mouse and the focus may have come or gone while the link took no notice.
     if (event->type() == QEvent::EnabledChange) {
-        m_spaceDown = false;
+        m_press = lumqt::Press::None;
         followMouse(isEnabled() && underMouse());
-        m_showsFocus = isEnabled() && hasFocus();
-        if (m_showsFocus)
+        if (isEnabled() && hasFocus())
             setLook(Hover);
     }
     QLabel::changeEvent(event);
@@ -255,8 +276,10 @@ QString CBPLinkerButton::shownText()
     return m_elided;
 }
 
-void CBPLinkerButton::paintEvent(QPaintEvent *)
+void CBPLinkerButton::paintEvent(QPaintEvent *event)
 {
+    if (text().isEmpty())
+        QLabel::paintEvent(event); // perhaps a picture
     const int index = !isEnabled() ? int(Disabled) : m_selected ? int(Pressed) : m_mouseState;
     bool underlined = m_font.underline();
     if (m_type == ENLinkerTypeHover)
@@ -273,7 +296,7 @@ void CBPLinkerButton::paintEvent(QPaintEvent *)
         setToolTip(tip);
 
     QPainter painter(this);
-    if (m_showsFocus)
+    if (isEnabled() && m_focusMark == lumqt::FocusMark::Shown)
         lumqt::drawFocusRing(painter, rect());
     const QColor own = m_textColors.value(index);
     painter.setPen(own.isValid() ? own : kTextColors[index]);

@@ -3,39 +3,33 @@
 #include "buttons/DropMenu.h"
 #include "CBPMenu.h"
 #include "foundation/Accessible.h"
+#include "foundation/ElidedText.h"
 #include "foundation/FontLookup.h"
 #include "foundation/IconPixmap.h"
 #include "foundation/Painting.h"
+#include "foundation/PlainText.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QPainter>
 
 namespace {
 
 // Look and metrics, in logical pixels.
 const QColor kFocusFrameColor(75, 167, 245);
-const QColor kArrowColor(127, 134, 143);
 constexpr int kHeight = 28;
 constexpr int kMinimumWidth = 85;
 constexpr int kSpacing = 10;
 constexpr int kSidePadding = 20; // both sides of a self-sized button together
 constexpr int kMenuPadding = 10; // what a menu adds to a self-sized button
-constexpr int kLeftStart = 16;   // of the icon with ALIGN_LEFT
 constexpr int kArrowWidth = 8;
 constexpr int kArrowHeight = 4;
-constexpr int kFocusRingWidth = 2;
-constexpr int kFrameWidth = 1;
-constexpr int kElidedInset = 4; // of a text that ends in an ellipsis, at each side
-constexpr int kDisabledCheckedAlpha = 128;
 
 enum State { Normal = 0, Hover = 1, Pressed = 2, Disabled = 3 };
 
-QColor withAlpha(QColor color, int alpha)
+QAccessibleInterface *makeAccessible(QWidget *widget)
 {
-    if (color.isValid())
-        color.setAlpha(alpha);
-    return color;
+    auto *button = qobject_cast<CBPPushBtn *>(widget);
+    return button ? new lumqt::AccessibleButton(button, [button] { return button->text(); }) : nullptr;
 }
 
 } // namespace
@@ -83,26 +77,31 @@ CBPPushBtn::CBPPushBtn(QWidget *parent, bool autoResize, bool iconAfterText)
 }
 
 CBPPushBtn::CBPPushBtn(QString text, QWidget *parent, bool autoResize, bool iconAfterText)
-    : QPushButton(text, parent), m_autoResize(autoResize), m_iconAfterText(iconAfterText)
+    : QPushButton(parent), m_autoResize(autoResize), m_iconAfterText(iconAfterText)
 {
     init();
+    setText(text);
 }
 
 CBPPushBtn::CBPPushBtn(QString text, int id, __ALIGN_TYPE align, bool autoResize, bool iconAfterText)
-    : QPushButton(text, nullptr),
+    : QPushButton(nullptr),
       m_bindId(id),
       m_autoResize(autoResize),
       m_align(align),
       m_iconAfterText(iconAfterText)
 {
     init();
+    setText(text);
 }
 
 CBPPushBtn::~CBPPushBtn() = default;
 
+// The text comes after this: where somebody listens, Qt asks for the accessible interface with the first one,
+// and the base's constructor would get its own.
 void CBPPushBtn::init()
 {
     lumqt::registerMenuItem();
+    lumqt::installAccessible(staticMetaObject.className(), makeAccessible);
     m_focusFrameColor = kFocusFrameColor;
     m_minimumWidth = kMinimumWidth;
     m_spacing = kSpacing;
@@ -119,6 +118,7 @@ void CBPPushBtn::init()
 void CBPPushBtn::setText(const QString &text)
 {
     QPushButton::setText(text);
+    lumqt::dropMnemonic(this, m_plainText);
     autoResizeBtn();
 }
 
@@ -154,10 +154,9 @@ QFont CBPPushBtn::textFont() const
 
 QString CBPPushBtn::elided(const QString &text, int width) const
 {
-    const int room = qMax(0, width);
-    QString line = text.left(room + 1); // more cannot fit, and need not be measured at each paint
-    line.replace(QLatin1Char('\n'), QLatin1Char(' '));
-    return QFontMetrics(m_font).elidedText(line, Qt::ElideRight, room);
+    const QString line = lumqt::elidedLine(text, m_font, width);
+    m_cut = line != text;
+    return line;
 }
 
 void CBPPushBtn::setSpacing(int spacing)
@@ -202,9 +201,13 @@ void CBPPushBtn::setSelected(bool selected)
     const bool changed = m_selected != selected;
     m_selected = selected;
     update();
-    if (changed)
-        lumqt::tellChosen(this, selected);
+    if (!changed)
+        return;
+    selectedChanged();
+    lumqt::tellChosen(this, selected);
 }
+
+void CBPPushBtn::selectedChanged() {}
 
 bool CBPPushBtn::isSelected() const
 {
@@ -287,6 +290,12 @@ void CBPPushBtn::autoResizeBtn()
 // ----------------------------------------------------------------------------------------------------------
 // events
 
+bool CBPPushBtn::event(QEvent *event)
+{
+    lumqt::dropMnemonic(this, m_plainText);
+    return lumqt::showWholeText(this, event, text(), m_cut) || QPushButton::event(event);
+}
+
 void CBPPushBtn::mousePressEvent(QMouseEvent *event)
 {
     if (state() == Disabled) {
@@ -295,6 +304,8 @@ void CBPPushBtn::mousePressEvent(QMouseEvent *event)
     }
     if (event->button() != Qt::LeftButton)
         return;
+    m_takenBack = false;
+    m_markedBefore = IsFocus();
     setState(Pressed);
     setFocus(true);
     const QPointer<CBPPushBtn> alive(this);
@@ -310,6 +321,9 @@ void CBPPushBtn::mouseReleaseEvent(QMouseEvent *event)
 {
     if (event->button() != Qt::LeftButton)
         return;
+    returnMark();
+    if (isTakenBack())
+        return;
     if (m_hasMenu) {
         openMenu();
         return;
@@ -322,6 +336,22 @@ void CBPPushBtn::mouseReleaseEvent(QMouseEvent *event)
     update();
     // Also for a release outside the button, where clicked() does not come.
     emit sigBtnClicked(m_bindId);
+}
+
+// A press marks the button as focused. One that the mouse gives no focus hears of none that leaves it,
+// either: the mark goes with the release.
+void CBPPushBtn::returnMark()
+{
+    if (!hasFocus() && !(focusPolicy() & Qt::ClickFocus))
+        setFocus(m_markedBefore);
+}
+
+// Whether Escape has taken the press back whose release this is.
+bool CBPPushBtn::isTakenBack()
+{
+    const bool taken = m_takenBack;
+    m_takenBack = false;
+    return taken;
 }
 
 void CBPPushBtn::mouseMoveEvent(QMouseEvent *)
@@ -385,8 +415,10 @@ void CBPPushBtn::keyPressEvent(QKeyEvent *event)
     const bool wasDown = isDown();
     ClickWatch watch(this);
     QPushButton::keyPressEvent(event);
-    if (watch.end())
-        followKey(wasDown, watch.clicked());
+    if (!watch.end())
+        return;
+    m_takenBack = m_takenBack || (wasDown && !isDown() && event->matches(QKeySequence::Cancel));
+    followKey(wasDown, watch.clicked());
 }
 
 void CBPPushBtn::keyReleaseEvent(QKeyEvent *event)
@@ -439,89 +471,4 @@ void CBPPushBtn::openMenu()
     setDown(false);
     if (m_menu)
         lumqt::openDropMenu(this, m_menu); // nothing of the button is touched after this
-}
-
-// ----------------------------------------------------------------------------------------------------------
-// painting
-
-void CBPPushBtn::paintEvent(QPaintEvent *)
-{
-    if (!isEnabled())
-        setState(Disabled);
-    const int index = isEnabled() && m_selected ? int(Pressed) : state();
-    const bool showsFocus = IsFocus() && index == Normal && !m_frmTrancent;
-    // The outer edge of the focus ring lies on the body's edge, all round.
-    QPen pen(showsFocus ? m_focusFrameColor : paintedFrmColor(index),
-             showsFocus ? kFocusRingWidth : kFrameWidth);
-
-    lumqt::Body body;
-    body.fill = paintedBgColor(index);
-    body.radiusX = m_roundRadius.value(0);
-    body.radiusY = m_roundRadius.value(1);
-    // A rounded body keeps its frame; only a square one goes without.
-    if (body.radiusX != 0 || !m_frmTrancent)
-        body.frame = pen.color();
-    body.frameWidth = pen.width();
-
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    QRect content = rect().marginsRemoved(lumqt::boundedPixels(m_removeMargin));
-    lumqt::drawBody(painter, content, body);
-    if (isCheckable() && isChecked())
-        drawCheckedLook(painter, content);
-    if (showsFocus)
-        content.adjust(1, 1, -1, -1);
-    painter.setPen(pen); // a derived class may draw with what it finds
-    painter.setBrush(body.fill);
-    drawPixmapAndText(&painter, pen, content, index);
-    drawArrow(&painter);
-}
-
-void CBPPushBtn::drawCheckedLook(QPainter &painter, const QRect &rect) const
-{
-    lumqt::Body checked; // square, also on a rounded button
-    checked.fill = isEnabled() ? m_checkedBgColor : withAlpha(m_checkedBgColor, kDisabledCheckedAlpha);
-    checked.frame = isEnabled() ? m_checkedFrmColor : withAlpha(m_checkedFrmColor, kDisabledCheckedAlpha);
-    lumqt::drawBody(painter, rect, checked);
-}
-
-void CBPPushBtn::drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, int index)
-{
-    const QString label = m_elided ? elided(text(), rect.width() - 2 * kElidedInset) : text();
-    if (!icon().isNull()) {
-        const QPixmap pixmap = iconPixmap();
-        const QSize size = lumqt::logicalSize(pixmap);
-        const int textSize = label.isEmpty() ? 0 : m_textLayout->lineSize(label, m_font).width();
-        const int spacing = lumqt::boundedPixels(m_spacing);
-        const int blockWidth = pixmap.isNull() ? textSize : size.width() + spacing + textSize;
-        int x = 0;
-        if (m_align == ALIGN_LEFT)
-            x = kLeftStart;
-        else if (m_align == ALIGN_CENTER)
-            x = rect.x() + (rect.width() - blockWidth) / 2;
-        const int y = rect.y() + (rect.height() - size.height()) / 2;
-        if (label.isEmpty())
-            painter->drawPixmap(rect.x() + (rect.width() - size.width()) / 2, y, pixmap);
-        else if (m_iconAfterText)
-            painter->drawPixmap(textSize + spacing + x,
-                                (height() - size.height()) / 2 + lumqt::boundedPixels(m_iconVerticalOffset),
-                                pixmap);
-        else
-            painter->drawPixmap(x, y, pixmap);
-    }
-    pen.setColor(paintedTextColor(index));
-    painter->setPen(pen);
-    // The text is centred in the whole rectangle, wherever the icon is.
-    m_textLayout->drawCentred(*painter, rect, label, m_font);
-}
-
-void CBPPushBtn::drawArrow(QPainter *painter)
-{
-    if (!m_hasMenu)
-        return;
-    const int icon = iconWidth();
-    const int spacing = lumqt::boundedPixels(m_spacing);
-    const int x = (width() - icon - textWidth() - spacing) / 2 + icon + spacing + textWidth();
-    const int y = (height() - m_arrowHeight) / 2;
-    lumqt::drawDropTriangle(*painter, QPointF(x, y), m_arrowWidth, m_arrowHeight, kArrowColor);
 }

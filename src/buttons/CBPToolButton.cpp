@@ -3,10 +3,12 @@
 #include "buttons/DropMenu.h"
 #include "CBPMenu.h"
 #include "foundation/Accessible.h"
+#include "foundation/FocusMark.h"
 #include "foundation/FontLookup.h"
 #include "foundation/ImageLoader.h"
 #include "foundation/Log.h"
 #include "foundation/Painting.h"
+#include "foundation/PressKeys.h"
 
 #include <QFontMetrics>
 #include <QKeyEvent>
@@ -293,10 +295,17 @@ void CBPToolButton::activate()
         lumqt::openDropMenu(this, m_menu);
 }
 
+void CBPToolButton::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton)
+        m_press = lumqt::Press::Mouse;
+    CBPStateWidget::mousePressEvent(event);
+}
+
 void CBPToolButton::mouseReleaseEvent(QMouseEvent *event)
 {
     const QPointer<CBPToolButton> alive(this);
-    if (event->button() == Qt::LeftButton)
+    if (event->button() == Qt::LeftButton && lumqt::mouseReleased(m_press))
         activate();
     if (alive)
         CBPStateWidget::mouseReleaseEvent(event);
@@ -304,15 +313,22 @@ void CBPToolButton::mouseReleaseEvent(QMouseEvent *event)
 
 void CBPToolButton::focusInEvent(QFocusEvent *event)
 {
-    m_showsFocus = lumqt::showsFocusFor(this, event->reason());
+    lumqt::focusMoved(m_press);
+    lumqt::focusGained(m_focusMark, event->reason());
     CBPStateWidget::focusInEvent(event);
 }
 
 void CBPToolButton::focusOutEvent(QFocusEvent *event)
 {
-    m_spaceDown = false; // its release goes elsewhere
-    m_showsFocus = false;
+    lumqt::focusMoved(m_press);
+    lumqt::focusLost(m_focusMark, event->reason());
     CBPStateWidget::focusOutEvent(event);
+}
+
+void CBPToolButton::rest()
+{
+    if (isEnabled())
+        SetState(hasFocus() || underMouse() ? ENStateHover : ENStateNormal);
 }
 
 // A key counts as a press and a release of the mouse; the look of the focus comes back after.
@@ -320,38 +336,38 @@ void CBPToolButton::activateByKey()
 {
     const QPointer<CBPToolButton> alive(this);
     activate();
-    if (alive && isEnabled())
-        SetState(hasFocus() || underMouse() ? ENStateHover : ENStateNormal);
+    if (alive)
+        rest();
 }
 
 void CBPToolButton::keyPressEvent(QKeyEvent *event)
 {
-    const int key = event->key();
-    const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
-    const bool opens = m_hasMenu && key == Qt::Key_Down;
-    if (key != Qt::Key_Space && !enter && !opens) {
+    using lumqt::PressStep;
+    PressStep step = PressStep::NotMine;
+    if (m_hasMenu && event->key() == Qt::Key_Down)
+        step = event->isAutoRepeat() ? PressStep::Nothing : PressStep::Click;
+    else if (!lumqt::enterIsTheDialogs(this, event))
+        step = lumqt::keyPressed(event, m_press);
+    if (step == PressStep::NotMine) {
         CBPStateWidget::keyPressEvent(event);
         return;
     }
-    if (event->isAutoRepeat())
-        return;
-    SetState(ENStatePress);
-    if (key == Qt::Key_Space)
-        m_spaceDown = true;
-    else
+    lumqt::keyUsed(m_focusMark);
+    if (step == PressStep::TakenBack)
+        rest();
+    else if (step != PressStep::Nothing)
+        SetState(ENStatePress);
+    if (step == PressStep::Click)
         activateByKey();
 }
 
 void CBPToolButton::keyReleaseEvent(QKeyEvent *event)
 {
-    if (event->key() != Qt::Key_Space || !m_spaceDown) {
+    const lumqt::PressStep step = lumqt::keyReleased(event, m_press);
+    if (step == lumqt::PressStep::NotMine)
         CBPStateWidget::keyReleaseEvent(event);
-        return;
-    }
-    if (event->isAutoRepeat())
-        return;
-    m_spaceDown = false;
-    activateByKey();
+    else if (step == lumqt::PressStep::Click)
+        activateByKey();
 }
 
 void CBPToolButton::hideEvent(QHideEvent *event)
@@ -416,7 +432,7 @@ void CBPToolButton::paintEvent(QPaintEvent *event)
     CBPStateWidget::paintEvent(event);
     QPainter painter(this);
     drawContent(painter);
-    if (m_showsFocus)
+    if (m_focusMark == lumqt::FocusMark::Shown)
         lumqt::drawFocusRing(painter, rect());
 }
 

@@ -5,6 +5,7 @@
 #include "foundation/Accessible.h"
 #include "layout/BoxPainting.h"
 
+#include <QLayout>
 #include <QPainter>
 #include <QTimer>
 
@@ -33,6 +34,8 @@ CButtonGroupBox::CButtonGroupBox(bool exclusive, QWidget *parent)
     SetFrameClr(kFrameColor);
     SetBorderWidth(kLineWidth, kLineWidth, kLineWidth, kLineWidth);
     SetSpacing(kLineWidth);
+    // Room to spare lies behind the buttons, not between them, where it would answer nobody.
+    layout()->setAlignment(Qt::AlignLeft);
     QTimer::singleShot(0, this, &CButtonGroupBox::slotResizeWidget);
 }
 
@@ -58,6 +61,8 @@ CBPPushBtn *CButtonGroupBox::CreateButton(int id, QString text, QString iconPath
     button->setSpacing(kIconSpacing);
     button->setObjectName(QStringLiteral("id_bgb_") + text);
     connect(button, &CBPPushBtn::sigBtnClicked, this, &CButtonGroupBox::slotBtnClicked);
+    connect(button, &lumqt::GroupButton::chosen, m_focusGroup,
+            [this, button] { m_focusGroup->choose(button); });
     return button;
 }
 
@@ -88,8 +93,6 @@ void CButtonGroupBox::slotBtnClicked(int id)
             if (!button)
                 continue;
             button->setSelected(button == clicked);
-            if (button == clicked)
-                m_focusGroup->choose(button);
         }
     }
     emit sigBtnClicked(id); // the group may be gone after
@@ -113,7 +116,6 @@ void CButtonGroupBox::paintEvent(QPaintEvent *event)
     for (const CBPPushBtn *button : qAsConst(m_buttons)) {
         if (!button || button->isHidden())
             continue;
-        // Right behind the button, where the row has room to spare, too.
         if (before) {
             const QRect place = before->geometry();
             const int x = isRightToLeft() ? place.left() - kLineWidth : place.right() + 1;

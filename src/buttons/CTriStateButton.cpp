@@ -1,6 +1,8 @@
 #include "CTriStateButton.h"
 
 #include "foundation/Accessible.h"
+#include "foundation/ElidedText.h"
+#include "foundation/FocusMark.h"
 #include "foundation/Painting.h"
 
 #include <QKeyEvent>
@@ -16,6 +18,7 @@ const QColor kDisabledFrameColor(215, 215, 215);
 const QColor kDisabledBgColor(253, 253, 253);
 const QColor kDisabledTextColor(120, 120, 120);
 constexpr int kFocusRingWidth = 2;
+constexpr int kElidedInset = 4; // of a text that ends in an ellipsis, at each side
 
 enum Look { Plain = 0, Hovered = 1, Checked = 2 };
 
@@ -97,7 +100,17 @@ bool CTriStateButton::IsChecked() const
 
 void CTriStateButton::SetChecked(bool checked)
 {
-    if (m_locked || m_noToggle || m_checked == checked)
+    if (m_locked || m_noToggle)
+        return;
+    if (isCheckable())
+        setChecked(checked);
+    else
+        mark(checked);
+}
+
+void CTriStateButton::mark(bool checked)
+{
+    if (m_checked == checked)
         return;
     m_checked = checked;
     update();
@@ -121,9 +134,21 @@ void CTriStateButton::nextCheckState()
 {
     if (m_noToggle)
         return;
-    m_checked = !m_checked;
-    update();
-    lumqt::tellChecked(this);
+    if (!isCheckable()) {
+        mark(!m_checked);
+        return;
+    }
+    const QPointer<CTriStateButton> alive(this);
+    CBPPushBtn::nextCheckState(); // a group may have a say in it
+    if (alive)
+        mark(isChecked());
+}
+
+// An application that makes the button checkable, for a QButtonGroup, finds one state and not two.
+void CTriStateButton::checkStateSet()
+{
+    if (isCheckable())
+        mark(isChecked());
 }
 
 // A toggle says clicked() and nothing more, whoever clicks.
@@ -141,7 +166,9 @@ void CTriStateButton::followRelease()
 
 void CTriStateButton::mouseReleaseEvent(QMouseEvent *)
 {
-    followRelease();
+    returnMark();
+    if (!isTakenBack())
+        followRelease();
 }
 
 void CTriStateButton::clickByTool()
@@ -156,8 +183,8 @@ void CTriStateButton::keyPressEvent(QKeyEvent *event)
 {
     const bool enter = event->key() == Qt::Key_Enter || event->key() == Qt::Key_Return;
     const bool activates = enter && (autoDefault() || isDefault());
-    if (!m_showsFocus && (activates || event->key() == Qt::Key_Space)) {
-        m_showsFocus = true;
+    if (activates || event->key() == Qt::Key_Space) {
+        lumqt::keyUsed(m_focusMark);
         update();
     }
     if (!activates)
@@ -193,13 +220,13 @@ void CTriStateButton::leaveEvent(QEvent *event)
 
 void CTriStateButton::focusInEvent(QFocusEvent *event)
 {
-    m_showsFocus = lumqt::showsFocusFor(this, event->reason());
+    lumqt::focusGained(m_focusMark, event->reason());
     CBPPushBtn::focusInEvent(event);
 }
 
 void CTriStateButton::focusOutEvent(QFocusEvent *event)
 {
-    m_showsFocus = false;
+    lumqt::focusLost(m_focusMark, event->reason());
     CBPPushBtn::focusOutEvent(event);
 }
 
@@ -225,7 +252,7 @@ void CTriStateButton::paintEvent(QPaintEvent *)
         body.fill = kDisabledBgColor;
         textColor = kDisabledTextColor;
     }
-    if (m_showsFocus && isEnabled()) {
+    if (m_focusMark == lumqt::FocusMark::Shown && isEnabled()) {
         body.frame = focusFrameColor();
         body.frameWidth = kFocusRingWidth;
     } else if (text().isEmpty()) {
@@ -237,11 +264,14 @@ void CTriStateButton::paintEvent(QPaintEvent *)
     lumqt::drawBody(painter, content, body);
     if (text().isEmpty())
         return;
-    // As wide as the text: one that is too wide loses as much at either side.
-    QRect box(QPoint(0, 0), m_label->lineSize(text(), font()));
+    QString shown = text();
+    m_cut = m_label->lineSize(shown, font()).width() > content.width() - 2 * kFocusRingWidth;
+    if (m_cut)
+        shown = lumqt::elidedLine(shown, font(), content.width() - 2 * kElidedInset);
+    QRect box(QPoint(0, 0), m_label->lineSize(shown, font()));
     box.setHeight(qMin(box.height(), content.height()));
     box.moveTopLeft(content.topLeft() +
                     QPoint((content.width() - box.width()) / 2, (content.height() - box.height()) / 2));
     painter.setPen(textColor);
-    m_label->drawCentred(painter, box, text(), font());
+    m_label->drawCentred(painter, box, shown, font());
 }

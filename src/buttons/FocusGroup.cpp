@@ -151,7 +151,7 @@ QWidget *FocusGroup::neighbour(const QWidget *from, int key) const
     QWidget *best = nullptr;
     qint64 least = 0;
     for (QWidget *each : m_members) {
-        if (each == from || !canStop(each) || each->parentWidget() != from->parentWidget())
+        if (!canStop(each) || each->parentWidget() != from->parentWidget())
             continue;
         if (key == Qt::Key_Home)
             return each;
@@ -159,6 +159,8 @@ QWidget *FocusGroup::neighbour(const QWidget *from, int key) const
             best = each;
             continue;
         }
+        if (each == from)
+            continue;
         const qint64 way = distance(from->geometry(), each->geometry(), key);
         if (way >= 0 && (!best || way < least)) {
             best = each;

@@ -1,9 +1,11 @@
 #include "buttons/GroupButton.h"
 
 #include "foundation/Accessible.h"
+#include "foundation/FocusMark.h"
 #include "foundation/Painting.h"
 
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <QPainter>
 
 namespace lumqt {
@@ -83,7 +85,7 @@ QAccessibleInterface *GroupButton::makeAccessible(QWidget *widget)
 void GroupButton::paintEvent(QPaintEvent *event)
 {
     CBPPushBtn::paintEvent(event);
-    if (!m_showsFocus || !isEnabled())
+    if (m_focusMark != FocusMark::Shown || !isEnabled())
         return;
     QPainter painter(this);
     drawFocusRing(painter, rect().adjusted(kFocusInset, kFocusInset, -kFocusInset, -kFocusInset));
@@ -91,14 +93,29 @@ void GroupButton::paintEvent(QPaintEvent *event)
 
 void GroupButton::focusInEvent(QFocusEvent *event)
 {
-    m_showsFocus = showsFocusFor(this, event->reason());
+    focusGained(m_focusMark, event->reason());
     CBPPushBtn::focusInEvent(event);
 }
 
 void GroupButton::focusOutEvent(QFocusEvent *event)
 {
-    m_showsFocus = false;
+    focusLost(m_focusMark, event->reason());
     CBPPushBtn::focusOutEvent(event);
+}
+
+void GroupButton::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Space) {
+        keyUsed(m_focusMark);
+        update();
+    }
+    CBPPushBtn::keyPressEvent(event);
+}
+
+void GroupButton::selectedChanged()
+{
+    if (m_exclusive && isSelected())
+        emit chosen();
 }
 
 } // namespace lumqt

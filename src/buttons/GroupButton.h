@@ -6,6 +6,8 @@ class QAccessibleInterface;
 
 namespace lumqt {
 
+enum class FocusMark : unsigned char;
+
 // A button of a group: shows the focus although it has no frame, and tells screen readers whether it is the
 // one that is selected: a radio button of an exclusive group, or a tab.
 class GroupButton : public CBPPushBtn
@@ -18,10 +20,16 @@ public:
     // Screen readers are told of a tab that shows `page` from now on.
     void makeTabOf(QWidget *page);
 
+Q_SIGNALS:
+    // It became the selected button of an exclusive group, by whomever.
+    void chosen();
+
 protected:
     void paintEvent(QPaintEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void selectedChanged() override;
 
 private:
     class Accessible;
@@ -32,7 +40,7 @@ private:
     const bool m_exclusive;
     bool m_isTab = false;
     QPointer<QWidget> m_page;
-    bool m_showsFocus = false; // focused by somebody who uses the keyboard
+    FocusMark m_focusMark{};
 };
 
 } // namespace lumqt

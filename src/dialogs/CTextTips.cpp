@@ -1,5 +1,6 @@
 #include "CTextTips.h"
 
+#include "dialogs/WrappedLabel.h"
 #include "foundation/Accessible.h"
 #include "foundation/FontLookup.h"
 
@@ -32,14 +33,19 @@ CTextTips::CTextTips(int width, QWidget *parent) : QWidget(parent), m_bkgColor(k
 
 void CTextTips::InitLayout()
 {
-    m_label = new QLabel;
-    m_label->setFont(lumqt::uiFont());
+    if (m_width > 0) {
+        m_label =
+            new lumqt::WrappedLabel(QString(), lumqt::NormalWeight, lumqt::uiFont().pixelSize(), QColor());
+        m_label->setFixedWidth(m_width);
+        QSizePolicy policy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+        policy.setHeightForWidth(true);
+        m_label->setSizePolicy(policy);
+    } else {
+        m_label = new QLabel;
+        m_label->setFont(lumqt::uiFont());
+    }
     auto *layout = new QVBoxLayout;
     layout->setSpacing(0);
-    if (m_width > 0) {
-        m_label->setFixedWidth(m_width);
-        m_label->setWordWrap(true);
-    }
     layout->addWidget(m_label);
     layout->setContentsMargins(kMargins);
     setLayout(layout);

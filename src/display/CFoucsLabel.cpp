@@ -1,6 +1,7 @@
 #include "CFoucsLabel.h"
 
 #include "foundation/Accessible.h"
+#include "foundation/ElidedText.h"
 #include "foundation/FontLookup.h"
 #include "foundation/ImageLoader.h"
 #include "foundation/Painting.h"
@@ -10,7 +11,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
-#include <QToolTip>
 
 namespace {
 
@@ -227,13 +227,10 @@ void CFoucsLabel::release()
 
 bool CFoucsLabel::event(QEvent *event)
 {
-    if (event->type() == QEvent::ToolTip && toolTip().isEmpty()) {
-        const bool cut = m_layout->lineSize(m_text, lumqt::uiFont()).width() > places().text.width();
-        const QString tip = cut ? m_text.toHtmlEscaped() : QString();
-        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), tip, this);
-        return true;
-    }
-    return QWidget::event(event);
+    if (event->type() != QEvent::ToolTip)
+        return QWidget::event(event);
+    const bool cut = m_layout->lineSize(m_text, lumqt::uiFont()).width() > places().text.width();
+    return lumqt::showWholeText(this, event, m_text, cut) || QWidget::event(event);
 }
 
 void CFoucsLabel::mousePressEvent(QMouseEvent *event)
@@ -262,7 +259,7 @@ void CFoucsLabel::keyPressEvent(QKeyEvent *event)
     const lumqt::PressStep step = lumqt::keyPressed(event, m_spaceDown);
     if (step == lumqt::PressStep::NotMine)
         QWidget::keyPressEvent(event);
-    else if (step == lumqt::PressStep::Down)
+    else if (step == lumqt::PressStep::Down || step == lumqt::PressStep::TakenBack)
         update();
     else if (step == lumqt::PressStep::Click)
         click();

@@ -80,9 +80,20 @@ QAbstractButton *AccessibleButton::button() const
 
 QString AccessibleButton::text(QAccessible::Text kind) const
 {
-    if (kind == QAccessible::Name && button() && button()->accessibleName().isEmpty())
-        return m_ownName();
+    if (kind == QAccessible::Name && button() && button()->accessibleName().isEmpty()) {
+        const QString name = m_ownName();
+        return name.isEmpty() && button()->text().isEmpty() ? QAccessibleWidget::text(kind) : name;
+    }
+    if (kind == QAccessible::Accelerator && button())
+        return button()->shortcut().toString(QKeySequence::NativeText);
     return QAccessibleWidget::text(kind);
+}
+
+QAccessible::Role AccessibleButton::role() const
+{
+    if (!button() || !button()->isCheckable())
+        return QAccessible::PushButton;
+    return button()->autoExclusive() ? QAccessible::RadioButton : QAccessible::CheckBox;
 }
 
 QAccessible::State AccessibleButton::state() const
@@ -103,7 +114,7 @@ QStringList AccessibleButton::actionNames() const
 {
     QStringList names;
     if (button() && button()->isEnabled())
-        names << pressAction();
+        names << (button()->isCheckable() ? toggleAction() : pressAction());
     return names << QAccessibleWidget::actionNames();
 }
 
@@ -111,10 +122,18 @@ void AccessibleButton::doAction(const QString &action)
 {
     if (!button() || !button()->isEnabled())
         return;
-    if (action == pressAction())
+    if (action == pressAction() || (action == toggleAction() && button()->isCheckable()))
         button()->click(); // the button, and this with it, may be gone after
     else
         QAccessibleWidget::doAction(action);
+}
+
+QStringList AccessibleButton::keyBindingsForAction(const QString &action) const
+{
+    QStringList keys;
+    if (button() && (action == pressAction() || action == toggleAction()) && !button()->shortcut().isEmpty())
+        keys << button()->shortcut().toString();
+    return keys;
 }
 
 bool AccessiblePressable::canPress() const

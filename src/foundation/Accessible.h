@@ -25,16 +25,19 @@ void tellChosen(QWidget *widget, bool chosen);
 // Says that `widget` was chosen among its siblings, or no longer is.
 void tellSelected(QWidget *widget, bool selected);
 
-// A push button whose name, where the application set none, its class knows.
+// A push button whose name, where the application set none, its class knows. All else is as Qt tells it of a
+// QPushButton; Qt's own interface would take the "&" out of a text.
 class AccessibleButton : public QAccessibleWidget
 {
 public:
     AccessibleButton(QAbstractButton *button, std::function<QString()> ownName);
 
     QString text(QAccessible::Text kind) const override;
+    QAccessible::Role role() const override;
     QAccessible::State state() const override;
     QStringList actionNames() const override;
     void doAction(const QString &action) override;
+    QStringList keyBindingsForAction(const QString &action) const override;
 
 private:
     QAbstractButton *button() const;

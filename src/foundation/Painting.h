@@ -47,7 +47,8 @@ constexpr QRgb kFocusRingColor = 0xff2f86d8;
 // The ring around a widget of the keyboard focus that has no frame of its own.
 LUMQT_TESTED void drawFocusRing(QPainter &painter, const QRect &rect);
 
-// Whether the focus that comes to `widget` for `reason` is to be shown: to somebody who uses the keyboard.
+// Whether the focus that comes to `widget` for `reason` is to be shown: to somebody who uses the keyboard. Of
+// rows and sliders; buttons keep to FocusMark.h.
 bool showsFocusFor(const QWidget *widget, Qt::FocusReason reason);
 
 // `rect` with its edges on device pixels, where antialiased or scaled painting leaves no half-covered ones.

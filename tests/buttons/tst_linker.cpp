@@ -293,6 +293,22 @@ private slots:
         QCOMPARE(link.toolTip(), QString());
     }
 
+    // A label that shows a picture is as large as that, and shows it.
+    void pictures()
+    {
+        CBPLinkerButton link{QString()};
+        QPixmap picture(30, 40);
+        picture.fill(Qt::red);
+        picture.setDevicePixelRatio(2);
+        link.setPixmap(picture);
+        QCOMPARE(link.sizeHint(), QSize(15, 20));
+        link.resize(link.sizeHint());
+        QCOMPARE(boxOf(pictureOf(link, 1), Qt::red), link.rect());
+        link.setText(kText);
+        link.setMinimumSize(400, 300); // holds the room for the ring
+        QCOMPARE(link.sizeHint(), QSize(400, 300));
+    }
+
     void repaints()
     {
         class Painted : public CBPLinkerButton

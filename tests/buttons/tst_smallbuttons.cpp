@@ -168,23 +168,6 @@ private Q_SLOTS:
         none.grab();
     }
 
-    // Seen by somebody who uses the keyboard only, also when the window comes back.
-    void checkBoxRing()
-    {
-        CBPImageCheckBox box(files(m_off), files(m_on), "Text");
-        box.resize(box.sizeHint());
-        const auto look = [&box](Qt::FocusReason reason) {
-            QFocusEvent out(QEvent::FocusOut, Qt::OtherFocusReason);
-            QCoreApplication::sendEvent(&box, &out);
-            QFocusEvent in(QEvent::FocusIn, reason);
-            QCoreApplication::sendEvent(&box, &in);
-            return box.grab().toImage();
-        };
-        const QImage plain = look(Qt::MouseFocusReason);
-        QCOMPARE(look(Qt::ActiveWindowFocusReason), plain);
-        QVERIFY(look(Qt::TabFocusReason) != plain);
-    }
-
     // Corners of the square are no part of the circle.
     void round()
     {

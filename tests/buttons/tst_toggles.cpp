@@ -5,10 +5,13 @@
 #include "Pixels.h"
 #include "TestMain.h"
 
+#include <QButtonGroup>
 #include <QDialog>
 #include <QHBoxLayout>
+#include <QHelpEvent>
 #include <QLineEdit>
 #include <QSignalSpy>
+#include <QToolTip>
 
 #include <private/qguiapplication_p.h>
 #include <qpa/qplatformaccessibility.h>
@@ -158,6 +161,55 @@ private slots:
         QCOMPARE(button.minimumSize(), QSize(85, 28));
     }
 
+    // A text that is too long ends within the frame, and its tool tip is the whole of it.
+    void longTexts()
+    {
+        for (const QString &text : {QStringLiteral("Mon"), QStringLiteral("MMMMMM MMMMMMMMMMM <b>")}) {
+            CTriStateButton button(text, false, false, nullptr);
+            QFont large(button.font());
+            large.setPixelSize(18);
+            large.setBold(true);
+            button.setFont(large);
+            button.show();
+            const QRect ink = boxOf(pictureOf(button, 1).copy(2, 2, 81, 24), Qt::black);
+            QVERIFY2(!ink.isEmpty() && ink.left() > 0 && ink.right() < 80, wordsOf(ink));
+            QHelpEvent asked(QEvent::ToolTip, QPoint(5, 5), button.mapToGlobal(QPoint(5, 5)));
+            QCoreApplication::sendEvent(&button, &asked);
+            QCOMPARE(QToolTip::text(), text.size() > 3 ? text.toHtmlEscaped() : QString());
+            button.setToolTip(QStringLiteral("own"));
+            QCoreApplication::sendEvent(&button, &asked);
+            QCOMPARE(QToolTip::text(), QStringLiteral("own"));
+            QToolTip::hideText();
+            QTRY_VERIFY(QToolTip::text().isEmpty());
+        }
+    }
+
+    // Made checkable, it is what a group of Qt takes it for.
+    void inAButtonGroup()
+    {
+        QButtonGroup group;
+        CTriStateButton first(QStringLiteral("One"), false, false, nullptr);
+        CTriStateButton second(QStringLiteral("Two"), false, false, nullptr);
+        for (CTriStateButton *button : {&first, &second}) {
+            button->setCheckable(true);
+            group.addButton(button);
+        }
+        const auto chosen = [&](const CTriStateButton &one, const CTriStateButton &other) {
+            return one.IsChecked() && one.isChecked() && !other.IsChecked() && !other.isChecked();
+        };
+        for (const Click how : {Click::Left, Click::Space, Click::Tool}) {
+            click(&first, how);
+            QVERIFY(chosen(first, second));
+            click(&second, how);
+            click(&second, how); // the group keeps one chosen
+            QVERIFY(chosen(second, first));
+        }
+        first.SetChecked(true);
+        QVERIFY(chosen(first, second));
+        second.setChecked(true);
+        QVERIFY(chosen(second, first));
+    }
+
     void deletedInItsOwnClick()
     {
         for (const Click how : {Click::Left, Click::Right, Click::Space, Click::Enter, Click::Tool}) {
@@ -270,6 +322,15 @@ private slots:
             const QColor line(223, 227, 235);
             for (int x = 0; x < group.width(); ++x)
                 QCOMPARE(image.pixelColor(x, 3) == line, x % 86 == 0);
+            for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+                group.setLayoutDirection(direction);
+                group.resize(700, group.height()); // room to spare is behind the buttons
+                group.grab();                      // lays it out
+                for (int i = 0; i < count; ++i) {
+                    const int x = direction == Qt::LeftToRight ? 1 + i * 86 : 614 - i * 86;
+                    QCOMPARE(group.GetButton(i)->geometry(), QRect(x, 1, 85, 28));
+                }
+            }
         }
     }
 
@@ -336,10 +397,16 @@ private slots:
         QVERIFY(boxOf(buttons[0]->grab().toImage(), ring).isEmpty());
         buttons[2]->setEnabled(false);
         QCOMPARE(press(Qt::Key_Right), buttons[3]);
-        QCOMPARE(press(Qt::Key_Home), buttons[0]);
-        QCOMPARE(press(Qt::Key_End), buttons[3]);
+        for (int twice = 0; twice < 2; ++twice)
+            QCOMPARE(press(Qt::Key_Home), buttons[0]);
+        for (int twice = 0; twice < 2; ++twice)
+            QCOMPARE(press(Qt::Key_End), buttons[3]);
         QCOMPARE(press(Qt::Key_Tab), &after);
         QCOMPARE(press(Qt::Key_Backtab), buttons[3]); // where it was
+        after.setFocus();
+        buttons[1]->setSelected(true); // chosen by the program meanwhile
+        QCOMPARE(press(Qt::Key_Backtab), buttons[1]);
+        QCOMPARE(press(Qt::Key_End), buttons[3]);
         after.setFocus();
         buttons[3]->hide();
         QCOMPARE(press(Qt::Key_Backtab), buttons[0]);

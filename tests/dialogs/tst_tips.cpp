@@ -431,6 +431,21 @@ private slots:
         }
     }
 
+    // A word that is longer than a line is broken, of markup as of a plain text.
+    void textTipBreaksWords()
+    {
+        for (const char *text : {"WWWWWWWWWWWWWWWWWWWW", "<b>WWWWWWWWWWWWWWWWWWWW</b>"}) {
+            CTextTips tip(60, nullptr);
+            tip.SetShowText(QLatin1String(text));
+            tip.show();
+            const QLabel *label = tip.findChild<QLabel *>();
+            QVERIFY(label->width() == 60 && tip.width() == 84);
+            const QRect ink = boxOf(pictureOf(tip, 1), Qt::white);
+            QVERIFY2(ink.right() <= 71 && ink.height() > 4 * label->fontMetrics().lineSpacing(),
+                     wordsOf(ink));
+        }
+    }
+
     void textTipColors()
     {
         CTextTips tip(0, nullptr);

@@ -1,0 +1,110 @@
+#include "CBPPushBtn.h"
+
+#include "foundation/IconPixmap.h"
+#include "foundation/Painting.h"
+
+#include <QPainter>
+
+namespace {
+
+// Look and metrics, in logical pixels.
+const QColor kArrowColor(127, 134, 143);
+constexpr int kLeftStart = 16; // of the icon with ALIGN_LEFT
+constexpr int kFocusRingWidth = 2;
+constexpr int kFrameWidth = 1;
+constexpr int kElidedInset = 4; // of a text that ends in an ellipsis, at each side
+constexpr int kDisabledCheckedAlpha = 128;
+
+enum State { Normal = 0, Pressed = 2, Disabled = 3 };
+
+QColor withAlpha(QColor color, int alpha)
+{
+    if (color.isValid())
+        color.setAlpha(alpha);
+    return color;
+}
+
+} // namespace
+
+void CBPPushBtn::paintEvent(QPaintEvent *)
+{
+    m_cut = false;
+    if (!isEnabled())
+        setState(Disabled);
+    const int index = isEnabled() && m_selected ? int(Pressed) : state();
+    const bool showsFocus = IsFocus() && index == Normal && !m_frmTrancent;
+    // The outer edge of the focus ring lies on the body's edge, all round.
+    QPen pen(showsFocus ? m_focusFrameColor : paintedFrmColor(index),
+             showsFocus ? kFocusRingWidth : kFrameWidth);
+
+    lumqt::Body body;
+    body.fill = paintedBgColor(index);
+    body.radiusX = m_roundRadius.value(0);
+    body.radiusY = m_roundRadius.value(1);
+    // A rounded body keeps its frame; only a square one goes without.
+    if (body.radiusX != 0 || !m_frmTrancent)
+        body.frame = pen.color();
+    body.frameWidth = pen.width();
+
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QRect content = rect().marginsRemoved(lumqt::boundedPixels(m_removeMargin));
+    lumqt::drawBody(painter, content, body);
+    if (isCheckable() && isChecked())
+        drawCheckedLook(painter, content);
+    if (showsFocus)
+        content.adjust(1, 1, -1, -1);
+    painter.setPen(pen); // a derived class may draw with what it finds
+    painter.setBrush(body.fill);
+    drawPixmapAndText(&painter, pen, content, index);
+    drawArrow(&painter);
+}
+
+void CBPPushBtn::drawCheckedLook(QPainter &painter, const QRect &rect) const
+{
+    lumqt::Body checked; // square, also on a rounded button
+    checked.fill = isEnabled() ? m_checkedBgColor : withAlpha(m_checkedBgColor, kDisabledCheckedAlpha);
+    checked.frame = isEnabled() ? m_checkedFrmColor : withAlpha(m_checkedFrmColor, kDisabledCheckedAlpha);
+    lumqt::drawBody(painter, rect, checked);
+}
+
+void CBPPushBtn::drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, int index)
+{
+    const QString label = m_elided ? elided(text(), rect.width() - 2 * kElidedInset) : text();
+    if (!icon().isNull()) {
+        const QPixmap pixmap = iconPixmap();
+        const QSize size = lumqt::logicalSize(pixmap);
+        const int textSize = label.isEmpty() ? 0 : m_textLayout->lineSize(label, m_font).width();
+        const int spacing = lumqt::boundedPixels(m_spacing);
+        const int blockWidth = pixmap.isNull() ? textSize : size.width() + spacing + textSize;
+        int x = 0;
+        if (m_align == ALIGN_LEFT)
+            x = kLeftStart;
+        else if (m_align == ALIGN_CENTER)
+            x = rect.x() + (rect.width() - blockWidth) / 2;
+        const int y = rect.y() + (rect.height() - size.height()) / 2;
+        if (label.isEmpty())
+            painter->drawPixmap(rect.x() + (rect.width() - size.width()) / 2, y, pixmap);
+        else if (m_iconAfterText)
+            painter->drawPixmap(textSize + spacing + x,
+                                (height() - size.height()) / 2 + lumqt::boundedPixels(m_iconVerticalOffset),
+                                pixmap);
+        else
+            painter->drawPixmap(x, y, pixmap);
+    }
+    pen.setColor(paintedTextColor(index));
+    painter->setPen(pen);
+    // The text is centred in the whole rectangle, wherever the icon is.
+    m_textLayout->drawCentred(*painter, rect, label, m_font);
+}
+
+void CBPPushBtn::drawArrow(QPainter *painter)
+{
+    if (!m_hasMenu)
+        return;
+    const int icon = iconWidth();
+    const int spacing = lumqt::boundedPixels(m_spacing);
+    const int x = (width() - icon - textWidth() - spacing) / 2 + icon + spacing + textWidth();
+    const int y = (height() - m_arrowHeight) / 2;
+    lumqt::drawDropTriangle(*painter, QPointF(x, y), m_arrowWidth, m_arrowHeight, kArrowColor);
+}

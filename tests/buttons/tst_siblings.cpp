@@ -1,0 +1,257 @@
+#include "Acts.h"
+#include "CAddBtn.h"
+#include "CBPDropdownBtn.h"
+#include "CBPImageCheckBox.h"
+#include "CBPImageTextBtn.h"
+#include "CBPLinkerButton.h"
+#include "CBPMenuBtn.h"
+#include "CBPRoundBtn.h"
+#include "CBPToolButton.h"
+#include "CButtonGroupBox.h"
+#include "CExpandBtn.h"
+#include "CTriStateButton.h"
+#include "foundation/Painting.h"
+#include "Pictures.h"
+#include "Pixels.h"
+#include "Rows.h"
+#include "Spoken.h"
+#include "TestMain.h"
+
+#include <QDialog>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QVBoxLayout>
+
+// What all buttons of the library have in common: what a text is, when the focus shows, what a press is.
+
+namespace {
+
+const QRgb kOwnRing = QColor(75, 167, 245).rgb(); // of the buttons with a frame
+const QString kText = QStringLiteral("Q&A");
+
+QVector<QString> images; // four files
+
+// Whose ring also shows when the mouse brought the focus, and who Enter is for, in a dialog and elsewhere.
+enum Trait { None = 0, MouseRing = 1, ReleaseOutside = 2, EnterInDialog = 4, EnterElsewhere = 8 };
+
+struct Sibling
+{
+    const char *name;
+    const char *clicked; // its signal
+    QRgb ring;
+    int traits;
+    std::function<QWidget *()> make;
+};
+
+const int kPush = MouseRing | ReleaseOutside | EnterInDialog;
+
+const QVector<Sibling> kSiblings{
+    {"push", SIGNAL(sigBtnClicked(int)), kOwnRing, kPush, [] { return new CBPPushBtn(kText, nullptr); }},
+    {"add", SIGNAL(sigBtnClicked(int)), kOwnRing, kPush, [] { return new CAddBtn(kText); }},
+    {"round", SIGNAL(sigBtnClicked(int)), kOwnRing, kPush,
+     [] {
+         auto *button = new CBPRoundBtn(60);
+         button->setText(kText);
+         return button;
+     }},
+    {"expand", SIGNAL(sigBtnClicked(int)), kOwnRing, kPush,
+     [] { return new CExpandBtn({}, kText, QString()); }},
+    {"image", SIGNAL(btn_released(int)), lumqt::kFocusRingColor, None,
+     [] {
+         auto *button = new CBPImageButton(images, false, 1);
+         button->SetText(kText, true, 2);
+         return button;
+     }},
+    {"image and text", SIGNAL(btn_released(int)), lumqt::kFocusRingColor, None,
+     [] { return new CBPImageTextBtn(images, kText); }},
+    {"toggle", SIGNAL(clicked(bool)), kOwnRing, ReleaseOutside,
+     [] { return new CTriStateButton(kText, false, false, nullptr); }},
+    {"group", SIGNAL(sigBtnClicked(int)), lumqt::kFocusRingColor, ReleaseOutside,
+     [] {
+         CButtonGroupBox group(true, nullptr);
+         CBPPushBtn *button = group.AddButton(1, kText, QString());
+         button->setParent(nullptr);
+         return button;
+     }},
+    {"tool", SIGNAL(sigClick(int)), lumqt::kFocusRingColor, ReleaseOutside | EnterElsewhere,
+     [] { return new CBPToolButton(kText, 1, ENAlignLeft, true); }},
+    {"link", SIGNAL(sigLinkerClick(int)), lumqt::kFocusRingColor,
+     ReleaseOutside | EnterInDialog | EnterElsewhere, [] { return new CBPLinkerButton(kText); }},
+    {"drop-down", SIGNAL(sigBtnClicked(int)), kOwnRing, EnterInDialog | EnterElsewhere,
+     [] {
+         auto *button = new CBPDropdownBtn(kText, 1);
+         button->setSplit(true);
+         return button;
+     }},
+    {"image check box", SIGNAL(clicked(bool)), lumqt::kFocusRingColor, None,
+     [] { return new CBPImageCheckBox(images, images, QStringLiteral("Q&&A")); }},
+};
+
+// A sibling in a window, below a field that has the focus.
+template <class Window> struct Scene
+{
+    Window window;
+    QLineEdit *field = new QLineEdit;
+    QWidget *widget;
+    QPushButton *ok = new QPushButton;
+
+    explicit Scene(const Sibling &sibling) : widget(sibling.make())
+    {
+        auto *layout = new QVBoxLayout(&window);
+        for (QWidget *each : {static_cast<QWidget *>(field), widget, static_cast<QWidget *>(ok)})
+            layout->addWidget(each);
+        ok->setDefault(qobject_cast<QDialog *>(&window));
+        window.move(100, 100);
+        showActive(window);
+        field->setFocus();
+    }
+};
+
+void forAll(const std::function<void(const Sibling &)> &check)
+{
+    for (const Sibling &sibling : kSiblings) {
+        check(sibling);
+        if (QTest::currentTestFailed()) {
+            qWarning("with: %s", sibling.name);
+            return;
+        }
+    }
+}
+
+} // namespace
+
+class TestSiblings : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        for (int i = 0; i < 4; ++i) {
+            images << m_folder.filePath(QStringLiteral("%1.png").arg(i));
+            savePicture(images.last(), QSize(20, 16), Qt::gray);
+        }
+    }
+
+    // An "&" is a character like any other, also in a text that came by a pointer to Qt's class.
+    void plainTexts()
+    {
+        forAll([](const Sibling &sibling) {
+            Scene<QWidget> scene(sibling);
+            QSignalSpy clicked(scene.widget, sibling.clicked);
+            auto *button = qobject_cast<QAbstractButton *>(scene.widget);
+            QCOMPARE(spokenName(scene.widget), kText);
+            const auto altClicks = [&](Qt::Key key) {
+                clicked.clear();
+                QTest::keyClick(scene.field, key, Qt::AltModifier);
+                QTest::qWait(0);
+                return button && button->isDown();
+            };
+            QVERIFY(!altClicks(Qt::Key_A));
+            if (!button || qobject_cast<QCheckBox *>(button))
+                return;
+            button->setText(QStringLiteral("R&D"));
+            QVERIFY(!altClicks(Qt::Key_D));
+            QVERIFY(button->shortcut().isEmpty());
+            // A shortcut of the application's own, though it is the same.
+            button->setShortcut(QKeySequence(Qt::ALT | Qt::Key_D));
+            QVERIFY(altClicks(Qt::Key_D));
+            QTRY_VERIFY(!button->isDown());
+        });
+    }
+
+    void focusRing()
+    {
+        QWidget elsewhere;
+        elsewhere.setGeometry(900, 600, 200, 100);
+        elsewhere.show();
+        forAll([&](const Sibling &sibling) {
+            Scene<QWidget> scene(sibling);
+            QWidget *const widget = scene.widget;
+            const auto ring = [&] { return !boxOf(pictureOf(*widget), sibling.ring).isEmpty(); };
+            const auto awayAndBack = [&] {
+                elsewhere.activateWindow();
+                QVERIFY(QTest::qWaitForWindowActive(&elsewhere));
+                QVERIFY(!ring());
+                scene.window.activateWindow();
+                QVERIFY(QTest::qWaitForWindowActive(&scene.window));
+            };
+            QVERIFY(!ring());
+            for (const Qt::FocusReason reason :
+                 {Qt::OtherFocusReason, Qt::TabFocusReason, Qt::ShortcutFocusReason, Qt::MouseFocusReason}) {
+                scene.field->setFocus();
+                widget->setFocus(reason);
+                const bool shown = reason != Qt::MouseFocusReason || (sibling.traits & MouseRing);
+                QCOMPARE(ring(), shown);
+                awayAndBack();
+                QCOMPARE(ring(), shown);
+            }
+            perform(widget, "space spaceup");
+            QVERIFY(ring());
+            // None stays where no focus is.
+            scene.field->setFocus();
+            widget->setFocusPolicy(Qt::NoFocus);
+            perform(widget, "press release leave");
+            QVERIFY(!widget->hasFocus() && !ring());
+            if (auto *push = qobject_cast<CBPPushBtn *>(widget)) {
+                push->CBtnObj::setFocus(true); // marked by a dialog
+                perform(widget, "press release leave");
+                QVERIFY(push->IsFocus());
+            }
+        });
+    }
+
+    void presses_data()
+    {
+        // What befalls the button in a dialog; how often it clicks, or the trait that says whether; whether
+        // the dialog hears of it, by its default button or by its end.
+        columns<QByteArray, int, int>("events", "clicks", "trait");
+        row("taken back", QByteArray("space escape spaceup"), 0, 0);
+        row("taken back, mouse", QByteArray("press escape release"), 0, 0);
+        row("after that", QByteArray("space escape spaceup press escape release press release space spaceup"),
+            2, 0);
+        row("focus lost", QByteArray("space away spaceup"), 0, 0);
+        row("outside", QByteArray("press out"), 0, int(ReleaseOutside));
+        row("Enter", QByteArray("return"), 0, int(EnterInDialog));
+    }
+
+    void presses()
+    {
+        QFETCH(QByteArray, events);
+        QFETCH(int, clicks);
+        QFETCH(int, trait);
+        forAll([=](const Sibling &sibling) {
+            Scene<QDialog> scene(sibling);
+            QSignalSpy clicked(scene.widget, sibling.clicked);
+            QSignalSpy theirs(scene.ok, &QPushButton::clicked);
+            scene.widget->setFocus(Qt::TabFocusReason);
+            perform(scene.widget, events,
+                    {{"escape", [&] { QTest::keyClick(scene.widget, Qt::Key_Escape); }},
+                     {"away", [&] { scene.field->setFocus(); }}});
+            const bool own = sibling.traits & trait;
+            QCOMPARE(clicked.count(), clicks + own);
+            QCOMPARE(theirs.count(), int(trait == EnterInDialog && !own));
+            QVERIFY(scene.window.isVisible());
+            QTest::keyClick(scene.widget, Qt::Key_Escape); // nothing is held now
+            QVERIFY(!scene.window.isVisible());
+        });
+    }
+
+    void enterOutsideDialogs()
+    {
+        forAll([](const Sibling &sibling) {
+            Scene<QWidget> scene(sibling);
+            QSignalSpy clicked(scene.widget, sibling.clicked);
+            scene.widget->setFocus();
+            QTest::keyClick(scene.widget, Qt::Key_Return);
+            QCOMPARE(clicked.count() == 1, bool(sibling.traits & EnterElsewhere));
+        });
+    }
+
+private:
+    QTemporaryDir m_folder;
+};
+
+LUMQT_TEST_MAIN(TestSiblings)
+#include "tst_siblings.moc"
