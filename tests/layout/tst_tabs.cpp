@@ -183,18 +183,14 @@ private slots:
         QTRY_COMPARE(extra->geometry().right(), 499);
         QVERIFY(bar->pos() == QPoint(0, 0) && bar->width() < 420);
         QTRY_COMPARE(page->geometry(), QRect(0, bar->height() + 16, 500, 300 - 16 - bar->height()));
-        QVector<QColor> grounds;
-        CBPPushBtn *second = tab(tabs, 2);
-        const auto look = [&] { grounds << second->grab().toImage().pixelColor(4, 4); };
-        look();
-        sendEvent(*second, QEvent::Enter);
-        look();
-        sendMouse(*second, QEvent::MouseButtonPress);
-        look();
-        second->setEnabled(false);
-        look();
-        QCOMPARE(grounds, (QVector<QColor>{QColor(255, 255, 255), QColor(91, 175, 246), QColor(65, 149, 220),
-                                           QColor(201, 229, 252)}));
+        const QPair<const char *, QColor> grounds[] = {{"", {255, 255, 255}},
+                                                       {"enter", {91, 175, 246}},
+                                                       {"press", {65, 149, 220}},
+                                                       {"disable", {201, 229, 252}}};
+        for (const auto &[deed, color] : grounds) {
+            perform(tab(tabs, 2), deed);
+            QCOMPARE(tab(tabs, 2)->grab().toImage().pixelColor(4, 4), color);
+        }
         QCOMPARE(bar->grab().toImage().pixelColor(0, bar->height() / 2), QColor(73, 167, 245));
     }
 
