@@ -73,13 +73,17 @@ QByteArray shipped()
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+std::unique_ptr<QTranslator> load(const QString &file, const QByteArray &content)
+{
+    return std::unique_ptr<QTranslator>(writeFile(file, content) ? Util::LoadCatalogue(file) : nullptr);
+}
+
 // Asks Qt's translator for texts of a catalogue, and whether it takes it at all.
 bool lookUp(const QString &file, const QByteArray &content)
 {
-    const std::unique_ptr<QTranslator> translator(writeFile(file, content) ? Util::LoadCatalogue(file)
-                                                                           : nullptr);
-    for (const char *context : {"Talk", "CMsgBox", "CBPPopWnd", "x"}) {
-        for (const char *text : {"hello", "%n file(s)", "{caption}Message", "Cancel", ""}) {
+    const auto translator = load(file, content);
+    for (const char *context : {"Talk", "CMsgBox", "x"}) {
+        for (const char *text : {"hello", "%n file(s)", "{caption}Message", ""}) {
             for (int n = -1; translator && n < 3; ++n)
                 translator->translate(context, text, nullptr, n);
         }
@@ -228,7 +232,6 @@ private slots:
         const QByteArray sum = QCryptographicHash::hash(content, QCryptographicHash::Sha256).toHex();
         QTemporaryDir folder;
         const QString file = folder.filePath("a.qm");
-        QVERIFY(writeFile(file, content));
         const QPair<QByteArray, bool> files[] = {
             {sum + "  a.qm\n", true},
             {"SHA256 hash of a.qm:\r\n" + sum.toUpper() + "\r\ndone", true},
@@ -241,7 +244,7 @@ private slots:
             QVERIFY(writeFile(file + ".sha256", words));
             if (!fits)
                 QTest::ignoreMessage(QtWarningMsg, QRegularExpression("has not the checksum"));
-            QCOMPARE(bool(std::unique_ptr<QTranslator>(Util::LoadCatalogue(file))), fits);
+            QCOMPARE(bool(load(file, content)), fits);
         }
     }
 
@@ -260,8 +263,7 @@ private slots:
             for (int i = 0; i < 400; ++i) {
                 const QByteArray content = damaged(whole, random);
                 loaded += lookUp(file, content) ? 1 : 0;
-                QVERIFY(writeFile(told, content));
-                QCOMPARE(bool(std::unique_ptr<QTranslator>(Util::LoadCatalogue(told))), content == whole);
+                QCOMPARE(bool(load(told, content)), content == whole);
             }
         }
         QVERIFY2(loaded > 50 && loaded < 750, qPrintable(QString::number(loaded)));
