@@ -14,11 +14,9 @@ class FocusGroup;
 
 /// A horizontal row of push buttons, edge to edge in a frame, with thin lines between them.
 ///
-/// Buttons are 85 pixels wide, and wider only for an icon: a text that finds no room ends in an ellipsis, and
-/// a tool tip shows all of it. An exclusive group selects the button that is clicked and deselects all
-/// others. The group is one stop of the Tab key; the arrow keys, Home and End move the focus along it, and
-/// Space clicks. Screen readers are told of radio buttons where the group is exclusive. GUI thread only.
-/// \since 1.0
+/// An exclusive group selects the button that is clicked and deselects all others. The group is one stop of
+/// the Tab key; the arrow keys, Home and End move the focus along it, and Space clicks. Screen readers are
+/// told of radio buttons where the group is exclusive. GUI thread only. \since 1.0
 class LUMQT_EXPORT CButtonGroupBox : public CBPBox
 {
     Q_OBJECT
