@@ -209,9 +209,8 @@ QTranslator *refuse(const QString &file, const char *reason)
     return nullptr;
 }
 
-} // namespace
-
-bool isSoundCatalogue(const QByteArray &content)
+// Whether Qt's translator reads nothing but `content` and the zeros behind it.
+bool isSound(const QByteArray &content)
 {
     QMap<quint8, QByteArray> sections;
     if (!readSections(content, sections))
@@ -227,6 +226,16 @@ bool isSoundCatalogue(const QByteArray &content)
     return sections.isEmpty();
 }
 
+} // namespace
+
+QTranslator *readCatalogue(const QByteArray &content, QObject *parent)
+{
+    if (!isSound(content))
+        return nullptr;
+    auto catalogue = std::make_unique<Catalogue>(content, parent);
+    return catalogue->read() ? catalogue.release() : nullptr;
+}
+
 QTranslator *loadCatalogue(const QString &file, QObject *parent)
 {
     QByteArray content;
@@ -234,10 +243,8 @@ QTranslator *loadCatalogue(const QString &file, QObject *parent)
         return refuse(file, "cannot be read");
     if (!hasItsChecksum(file, content))
         return refuse(file, "has not the checksum that lies beside it");
-    auto catalogue = std::make_unique<Catalogue>(content, parent);
-    if (!isSoundCatalogue(content) || !catalogue->read())
-        return refuse(file, "is damaged, or no catalogue");
-    return catalogue.release();
+    QTranslator *catalogue = readCatalogue(content, parent);
+    return catalogue ? catalogue : refuse(file, "is damaged, or no catalogue");
 }
 
 bool installOwnCatalogue(const QString &language)

@@ -193,9 +193,7 @@ private slots:
         *copy = *object;
         QCOMPARE(copy->Release(), 2L);
         QCOMPARE(copy->Release(), 1L);
-        QCOMPARE(deaths, 0);
-        QCOMPARE(copy->Release(), 0L);
-        QCOMPARE(deaths, 1);
+        QVERIFY(deaths == 0 && copy->Release() == 0 && deaths == 1);
         while (object->Release() > 0) {
         }
         QCOMPARE(deaths, 2);
@@ -220,9 +218,7 @@ private slots:
         }
         for (std::thread &owner : owners)
             owner.join();
-        QCOMPARE(deaths, 0);
-        QCOMPARE(object->Release(), 0L);
-        QCOMPARE(deaths, 1);
+        QVERIFY(deaths == 0 && object->Release() == 0 && deaths == 1);
     }
 
     void logEntry()
