@@ -232,7 +232,7 @@ private slots:
         window.setLayoutDirection(Qt::RightToLeft);
         QVERIFY(isAt(9, {6, 20}));
         layout->itemAt(0)->widget()->hide();
-        QVERIFY(isAt(9, {56, 20}));
+        QVERIFY(isAt(9, {56, 20}) && isAt(1, {206, 0}));
         delete layout->itemAt(1)->widget();
         QVERIFY(isAt(8, {106, 20}));
     }
