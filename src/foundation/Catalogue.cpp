@@ -20,12 +20,11 @@ namespace {
 
 const char kOwnCatalogue[] = ":/lumqtlib/translations/lumqtlib_%1.qm";
 const char kChecksumSuffix[] = ".sha256";
-constexpr int kLongestChecksumFile = 4096;      // bytes: some tools write more than a line
-constexpr qint64 kLongestCatalogue = 64 << 20;  // bytes; that of Qt itself has a quarter of a million
-constexpr quint32 kNullText = 0xffffffff;       // the length of a plural form that was left empty
-constexpr int kHashEntry = 2 * sizeof(quint32); // a hash and where its message begins
-constexpr int kBucket = sizeof(quint16);        // of the table of contexts
-constexpr int kZerosBehind = 256;               // bytes, see areSoundContexts()
+constexpr int kLongestChecksumFile = 4096;     // bytes: some tools write more than a line
+constexpr qint64 kLongestCatalogue = 64 << 20; // bytes; that of Qt itself has a quarter of a million
+constexpr quint32 kNullText = 0xffffffff;      // the length of a plural form that was left empty
+constexpr int kBucket = sizeof(quint16);       // of the table of contexts
+constexpr int kZerosBehind = 256;              // bytes, see areSoundContexts()
 constexpr char kMagic[] = "\x3c\xb8\x64\x18\xca\xef\x9c\x95\xcd\x21\x1c\xbf\x60\xa1\xbd\xdd";
 
 // What Qt 5 and 6 read. A file that asks for further files (0x96) is none that could be checked as a whole.
@@ -101,11 +100,9 @@ bool skipMessage(Reader &reader)
         if (!reader.read(size))
             return false;
         switch (part) {
-        case Translation: // UTF-16
+        case Translation:
             if (size == kNullText)
                 size = 0;
-            if (size % 2 != 0)
-                return false;
             break;
         case HashAgain: // of old files: no length, but the hash of the message
             size = 0;
@@ -131,7 +128,7 @@ bool areSoundMessages(const QByteArray &hashes, const QByteArray &messages)
         if (!skipMessage(reader))
             return false;
     }
-    if (hashes.isEmpty() || hashes.size() % kHashEntry != 0)
+    if (hashes.isEmpty())
         return false;
     quint32 before = 0;
     for (Reader reader(hashes); !reader.atEnd();) {
@@ -209,9 +206,8 @@ QTranslator *refuse(const QString &file, const char *reason)
     return nullptr;
 }
 
-} // namespace
-
-bool isSoundCatalogue(const QByteArray &content)
+// Whether Qt's translator reads nothing but `content` and the zeros behind it.
+bool isSound(const QByteArray &content)
 {
     QMap<quint8, QByteArray> sections;
     if (!readSections(content, sections))
@@ -227,6 +223,16 @@ bool isSoundCatalogue(const QByteArray &content)
     return sections.isEmpty();
 }
 
+} // namespace
+
+QTranslator *readCatalogue(const QByteArray &content, QObject *parent)
+{
+    if (!isSound(content))
+        return nullptr;
+    auto catalogue = std::make_unique<Catalogue>(content, parent);
+    return catalogue->read() ? catalogue.release() : nullptr;
+}
+
 QTranslator *loadCatalogue(const QString &file, QObject *parent)
 {
     QByteArray content;
@@ -234,10 +240,8 @@ QTranslator *loadCatalogue(const QString &file, QObject *parent)
         return refuse(file, "cannot be read");
     if (!hasItsChecksum(file, content))
         return refuse(file, "has not the checksum that lies beside it");
-    auto catalogue = std::make_unique<Catalogue>(content, parent);
-    if (!isSoundCatalogue(content) || !catalogue->read())
-        return refuse(file, "is damaged, or no catalogue");
-    return catalogue.release();
+    QTranslator *catalogue = readCatalogue(content, parent);
+    return catalogue ? catalogue : refuse(file, "is damaged, or no catalogue");
 }
 
 bool installOwnCatalogue(const QString &language)

@@ -10,12 +10,13 @@ class QTranslator;
 
 namespace lumqt {
 
-// Whether Qt's translator can read `content`, a compiled catalogue, without ever reading beyond it. The
-// format has no checksum of its own, and Qt trusts the lengths and offsets in it at each look-up.
-LUMQT_TESTED bool isSoundCatalogue(const QByteArray &content);
+// The translator of `content`, a compiled catalogue. Null unless Qt's translator can look texts up in it
+// without reading anywhere else: the format has no checksum of its own, and Qt trusts the lengths and offsets
+// in it at each look-up.
+LUMQT_TESTED QTranslator *readCatalogue(const QByteArray &content, QObject *parent);
 
-// The translator of a catalogue that is sound, and has the checksum that a file beside it tells, if there is
-// one. Null otherwise, which the log tells. What the translator reads is in memory: the file may change.
+// The same of a file, which also has the checksum that a file beside it tells, if there is one. The log tells
+// why one is not used. What the translator reads is in memory: the file may change.
 QTranslator *loadCatalogue(const QString &file, QObject *parent);
 
 // Installs the catalogue of the library that fits `language` best, once. False: there is none, or no

@@ -62,7 +62,6 @@ QByteArray catalogue(const Sections &sections)
 
 bool writeFile(const QString &path, const QByteArray &content)
 {
-    QFile::remove(path); // some file systems wait for the disk where a file is written over
     QFile file(path);
     return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
 }
@@ -73,13 +72,12 @@ QByteArray shipped()
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-// Asks Qt's translator for texts of a catalogue, and whether it takes it at all.
-bool lookUp(const QString &file, const QByteArray &content)
+// Asks Qt's translator for texts of a catalogue, and whether it is taken at all.
+bool lookUp(const QByteArray &content)
 {
-    const std::unique_ptr<QTranslator> translator(writeFile(file, content) ? Util::LoadCatalogue(file)
-                                                                           : nullptr);
-    for (const char *context : {"Talk", "CMsgBox", "CBPPopWnd", "x"}) {
-        for (const char *text : {"hello", "%n file(s)", "{caption}Message", "Cancel", ""}) {
+    const std::unique_ptr<QTranslator> translator(lumqt::readCatalogue(content, nullptr));
+    for (const char *context : {"Talk", "CMsgBox", "x"}) {
+        for (const char *text : {"hello", "%n file(s)", "{caption}Message", ""}) {
             for (int n = -1; translator && n < 3; ++n)
                 translator->translate(context, text, nullptr, n);
         }
@@ -187,7 +185,6 @@ private slots:
             {"a list without an end", put(kContexts, -1, "f0"), true},
             {"longer than the section", put(kMessages, 1, "7ffffff0"), false},
             {"of a negative length", put(kMessages, 1, "fffffff0"), false},
-            {"of half a character", put(kMessages, 1, "00000009"), false},
             {"an unknown part", put(kMessages, 0, "09"), false},
             {"a message without an end", put(kMessages, -1, "03"), false},
             {"a hash into a message", put(kHashes, 4, "00000001"), false},
@@ -200,25 +197,20 @@ private slots:
             {"more lists than there is", put(kContexts, 0, "7fff"), false},
             {"a list to nowhere", put(kContexts, 2, "7fff"), false},
             {"an empty section", put(kLanguage, 0, "", 2), false},
-            {"a section twice", add(0x42), false},
+            {"a section twice", [](Sections &all) { all.append(all[kLanguage]); }, false},
             {"an unknown section", add(0x11), false},
             {"other files", add(0x96), false}};
-        QTemporaryDir folder;
         for (const auto &[name, damage, sound] : cases) {
             Sections all = sections();
             damage(all);
-            const QByteArray content = catalogue(all);
-            QVERIFY2(lumqt::isSoundCatalogue(content) == sound, name);
-            if (sound)
-                lookUp(folder.filePath("a.qm"), content);
+            QVERIFY2(lookUp(catalogue(all)) == sound, name);
         }
         const QByteArray whole = catalogue(sections());
-        QVERIFY(!lumqt::isSoundCatalogue(whole + '\0'));
-        QVERIFY(lumqt::isSoundCatalogue(shipped()));
+        QVERIFY(!lookUp(whole + '\0') && lookUp(shipped()));
         // Two cuts leave whole sections, and are for a checksum to find.
         int cuts = 0;
         for (int size = 0; size < whole.size(); ++size)
-            cuts += lumqt::isSoundCatalogue(whole.left(size)) ? 1 : 0;
+            cuts += lookUp(whole.left(size)) ? 1 : 0;
         QCOMPARE(cuts, 2);
     }
 
@@ -228,17 +220,17 @@ private slots:
         const QByteArray sum = QCryptographicHash::hash(content, QCryptographicHash::Sha256).toHex();
         QTemporaryDir folder;
         const QString file = folder.filePath("a.qm");
-        QVERIFY(writeFile(file, content));
-        const QPair<QByteArray, bool> files[] = {
-            {sum + "  a.qm\n", true},
-            {"SHA256 hash of a.qm:\r\n" + sum.toUpper() + "\r\ndone", true},
-            {"0" + sum.mid(1, 62) + "00", false},
-            {sum.left(63), false},
-            {sum + '0', false},
-            {QByteArray(), false},
-            {sum + QByteArray(5000, ' '), false}};
-        for (const auto &[words, fits] : files) {
-            QVERIFY(writeFile(file + ".sha256", words));
+        const std::tuple<QByteArray, QByteArray, bool> files[] = {
+            {content, sum + "  a.qm\n", true},
+            {content, "SHA256 hash of a.qm:\r\n" + sum.toUpper() + "\r\ndone", true},
+            {QByteArray(content).replace("H", "h"), sum, false},
+            {content, "0" + sum.mid(1, 62) + "00", false},
+            {content, sum.left(63), false},
+            {content, sum + '0', false},
+            {content, "", false},
+            {content, sum + QByteArray(5000, ' '), false}};
+        for (const auto &[held, words, fits] : files) {
+            QVERIFY(writeFile(file, held) && writeFile(file + ".sha256", words));
             if (!fits)
                 QTest::ignoreMessage(QtWarningMsg, QRegularExpression("has not the checksum"));
             QCOMPARE(bool(std::unique_ptr<QTranslator>(Util::LoadCatalogue(file))), fits);
@@ -248,24 +240,13 @@ private slots:
     // A file that is damaged in any way is not loaded, or can be read: the texts may be wrong then, no more.
     void damageDoesNotCrash()
     {
-        QLoggingCategory::setFilterRules("lumqtlib=false");
-        QTemporaryDir folder;
-        const QString file = folder.filePath("a.qm");
-        const QString told = folder.filePath("told.qm");
         QRandomGenerator random(20260725);
-        int loaded = 0;
+        int taken = 0;
         for (const QByteArray &whole : {catalogue(sections()), shipped()}) {
-            const QByteArray sum = QCryptographicHash::hash(whole, QCryptographicHash::Sha256).toHex();
-            QVERIFY(writeFile(told + ".sha256", sum));
-            for (int i = 0; i < 400; ++i) {
-                const QByteArray content = damaged(whole, random);
-                loaded += lookUp(file, content) ? 1 : 0;
-                QVERIFY(writeFile(told, content));
-                QCOMPARE(bool(std::unique_ptr<QTranslator>(Util::LoadCatalogue(told))), content == whole);
-            }
+            for (int i = 0; i < 1000; ++i)
+                taken += lookUp(damaged(whole, random)) ? 1 : 0;
         }
-        QVERIFY2(loaded > 50 && loaded < 750, qPrintable(QString::number(loaded)));
-        QLoggingCategory::setFilterRules(QString());
+        QVERIFY2(taken > 100 && taken < 1900, qPrintable(QString::number(taken)));
     }
 };
 

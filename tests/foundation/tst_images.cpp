@@ -1,5 +1,6 @@
 #include "foundation/ImageLoader.h"
 #include "foundation/Painting.h"
+#include "Pictures.h"
 #include "Pixels.h"
 #include "TestMain.h"
 
@@ -31,15 +32,6 @@ void write(const QString &file, const QByteArray &content)
     QFile out(file);
     QVERIFY(out.open(QIODevice::WriteOnly));
     out.write(content);
-}
-
-QByteArray drawing(const char *color, int side = 10)
-{
-    return QStringLiteral("<svg xmlns='http://www.w3.org/2000/svg' width='%1' height='%1'>"
-                          "<rect width='%1' height='%1' fill='%2'/></svg>")
-        .arg(side)
-        .arg(QLatin1String(color))
-        .toLatin1();
 }
 
 QImage canvas(int width, int height, qreal ratio = 1.0)
@@ -82,7 +74,7 @@ private slots:
         write(path("a@2x.png"), "nothing");
         QCOMPARE(middle(loadPixmap(file, 2.0)), QColor(Qt::red));
         savePng(path("a@2x.png"), 20, Qt::blue); // comes later
-        write(path("b.svg"), drawing("#00ff00"));
+        savePicture(path("b.svg"), QSize(10, 10), QColor(0, 255, 0));
         for (const qreal ratio : {1.0, 1.5, 2.0}) {
             const QPair<QPixmap, QColor> shown[] = {{loadPixmap(file, ratio), ratio > 1 ? Qt::blue : Qt::red},
                                                     {loadPixmap(path("b.svg"), ratio), QColor(0, 255, 0)}};
@@ -98,22 +90,16 @@ private slots:
     {
         for (const char *name : {"a.png", "a.svg"}) {
             const QString file = path(name);
-            const auto save = [&](const char *color, int side) {
-                if (file.endsWith("svg"))
-                    write(file, drawing(color, side));
-                else
-                    savePng(file, side, QColor(color));
-            };
-            save("#ff0000", 10);
-            QCOMPARE(middle(loadPixmap(file, 1.0)), QColor(255, 0, 0));
-            save("#0000ff", 40);
-            QCOMPARE(middle(loadPixmap(file, 1.0)), QColor(0, 0, 255));
+            savePicture(file, QSize(10, 10), Qt::red);
+            QCOMPARE(middle(loadPixmap(file, 1.0)), QColor(Qt::red));
+            savePicture(file, QSize(40, 40), Qt::blue);
+            QCOMPARE(middle(loadPixmap(file, 1.0)), QColor(Qt::blue));
             QVERIFY(QFile::remove(file));
             QTest::ignoreMessage(QtWarningMsg, QRegularExpression("is missing"));
             QVERIFY(loadPixmap(file, 1.0).isNull());
             QVERIFY(loadPixmap(file, 1.0).isNull()); // and is told of once
-            save("#00ff00", 10);
-            QCOMPARE(middle(loadPixmap(file, 1.0)), QColor(0, 255, 0));
+            savePicture(file, QSize(10, 10), Qt::red);
+            QCOMPARE(middle(loadPixmap(file, 1.0)), QColor(Qt::red));
         }
     }
 
@@ -150,8 +136,9 @@ private slots:
             {"huge.png", huge, "too large"},
             {"empty.svg", "", "cannot be read"},
             {"broken.svg", "<svg><rect", "cannot be read"},
-            {"huge.svg", drawing("#f00", 100000), "too large"},
-            {"enormous.svg", drawing("#f00", 1500000000), "too large"},
+            {"huge.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='100000' height='9'/>", "too large"},
+            {"enormous.svg",
+             "<svg xmlns='http://www.w3.org/2000/svg' width='1500000000' height='1500000000'/>", "too large"},
             {"sizeless.svg", "<svg xmlns='http://www.w3.org/2000/svg'/>", "has no size"}};
         for (const auto &[name, content, warning] : rows) {
             write(path(name), content);
@@ -169,20 +156,15 @@ private slots:
     void shippedPictures()
     {
         int count = 0;
-        QDirIterator files(QStringLiteral("../res"), {QStringLiteral("*.png"), QStringLiteral("*.svg")},
-                           QDir::Files, QDirIterator::Subdirectories);
+        QDirIterator files("../res", {"*.png", "*.svg"}, QDir::Files, QDirIterator::Subdirectories);
         while (files.hasNext()) {
             const QString file = files.next();
-            if (file.contains(QLatin1String("@2x")))
+            if (file.contains("@2x"))
                 continue;
             ++count;
-            const QPixmap simple = loadPixmap(file, 1.0);
-            const QPixmap dense = loadPixmap(file, 2.0);
-            QVERIFY2(!simple.isNull() && dense.size() == simple.size() * 2, qPrintable(file));
-            QVERIFY2(
-                file.endsWith(QLatin1String("svg")) ||
-                    QFile::exists(QString(file).replace(QLatin1String(".png"), QLatin1String("@2x.png"))),
-                qPrintable(file));
+            const QSize size = loadPixmap(file, 1.0).size();
+            QVERIFY2(!size.isEmpty() && loadPixmap(file, 2.0).size() == size * 2, qPrintable(file));
+            QVERIFY2(file.endsWith("svg") || QFile::exists(denseTwin(file)), qPrintable(file));
         }
         QVERIFY(count > 80);
     }
@@ -270,8 +252,7 @@ private slots:
         lumqt::CachedText cached;
         QImage last;
         for (const QString &text :
-             {QStringLiteral("Restart"), QStringLiteral("Later & now"), QStringLiteral("a\nb"),
-              QStringLiteral("Words that do not fit on one line")}) {
+             QStringList{"Restart", "Later & now", "a\nb", "Words that do not fit on one line"}) {
             QImage ours;
             for (int time = 0; time < 3; ++time) {
                 QImage image = canvas(120, 60);
@@ -296,8 +277,8 @@ private slots:
 
         QFont larger = font;
         larger.setPixelSize(30);
-        const QSize small = cached.lineSize(QStringLiteral("Restart"), font);
-        QVERIFY(cached.lineSize(QStringLiteral("Restart"), larger).height() > small.height());
+        const int small = cached.lineSize("Restart", font).height();
+        QVERIFY(cached.lineSize("Restart", larger).height() > small);
     }
 
 private:

@@ -72,8 +72,7 @@ template <class Widget> void checkParent(const char *name, bool taken)
     QWidget parent;
     auto *widget = new Widget(&parent);
     QCOMPARE(widget->parentWidget(), taken ? &parent : nullptr);
-    auto *layout = new QVBoxLayout(&parent);
-    layout->addWidget(widget);
+    (new QVBoxLayout(&parent))->addWidget(widget);
     QCOMPARE(widget->parentWidget(), &parent);
     QCOMPARE(widget->metaObject()->className(), name); // what style sheets go by
 }
@@ -88,18 +87,15 @@ class TestWrappers : public QObject
 private slots:
     void parents()
     {
+        QVERIFY(CBPQtMainWindow(nullptr, Qt::FramelessWindowHint).windowFlags() & Qt::FramelessWindowHint);
         checkParent<CBPQtMainWindow>("CBPQtMainWindow", true);
         checkParent<CBPQtGroupBox>("CBPQtGroupBox", true);
         checkParent<CBPQtLine>("CBPQtLine", true);
         checkParent<CBPQtTableView>("CBPQtTableView", true);
         checkParent<CBPTableWidget>("CBPTableWidget", false);
         checkParent<CBPTreeView>("CBPTreeView", false);
-    }
-
-    void mainWindowFlags()
-    {
-        CBPQtMainWindow window(nullptr, Qt::Window | Qt::FramelessWindowHint);
-        QVERIFY(window.windowFlags() & Qt::FramelessWindowHint);
+        checkParent<CBPScrollWnd>("CBPScrollWnd", false);
+        QCOMPARE(CBPScrollWnd(nullptr).frameShape(), QFrame::NoFrame);
     }
 
     void groupBoxPaintsOnlyItsChildren()
@@ -118,21 +114,20 @@ private slots:
         QCOMPARE(picture(box), expected);
     }
 
-    void lineIsOnePixelWide_data() { scalings(); }
-
     void lineIsOnePixelWide()
     {
-        QFETCH(qreal, ratio);
         CBPQtLine line;
         line.resize(10, 100);
-        const QImage image = picture(line, ratio);
-        const int bottom = image.height() - 1;
-        const QPair<int, QColor> stops[] = {
-            {0, {214, 231, 249}}, {bottom / 2, {189, 201, 211}}, {bottom, {237, 244, 251}}};
-        for (const auto &[y, color] : stops) {
-            for (int x = 0; x < qRound(ratio); ++x)
-                QVERIFY(near(image.pixelColor(x, y), color));
-            QCOMPARE(image.pixelColor(qRound(ratio), y), kNothing);
+        for (const qreal ratio : {1.0, 1.5, 2.0}) {
+            const QImage image = picture(line, ratio);
+            const int bottom = image.height() - 1;
+            const QPair<int, QColor> stops[] = {
+                {0, {214, 231, 249}}, {bottom / 2, {189, 201, 211}}, {bottom, {237, 244, 251}}};
+            for (const auto &[y, color] : stops) {
+                for (int x = 0; x < qRound(ratio); ++x)
+                    QVERIFY(near(image.pixelColor(x, y), color));
+                QCOMPARE(image.pixelColor(qRound(ratio), y), kNothing);
+            }
         }
         line.resize(0, 0);
         line.grab();
@@ -176,11 +171,10 @@ private slots:
         // Events go the base's way, with the flags set too.
         tree.setPtOffsetSwitchOn(true);
         tree.setOffsetPt(true);
-        int presses = 0;
-        connect(&tree, &QTreeWidget::itemPressed, this, [&presses] { ++presses; });
+        const QSignalSpy presses(&tree, &QTreeWidget::itemPressed);
         QTest::mouseClick(tree.viewport(), Qt::LeftButton, Qt::NoModifier,
                           tree.visualItemRect(tree.topLevelItem(0)).center());
-        QCOMPARE(presses, 1);
+        QCOMPARE(presses.size(), 1);
         QCOMPARE(tree.currentItem()->text(0), QString("a"));
         QTest::keyClick(tree.viewport(), Qt::Key_Down);
         QCOMPARE(tree.currentItem()->text(0), QString("b"));
@@ -210,35 +204,11 @@ private slots:
         }
     }
 
-    void barParts_data()
-    {
-        QTest::addColumn<bool>("vertical");
-        QTest::addColumn<qreal>("ratio");
-        for (const bool vertical : {true, false}) {
-            for (const qreal ratio : {1.0, 1.5, 2.0})
-                QTest::addRow("%s, %g", vertical ? "vertical" : "horizontal", ratio) << vertical << ratio;
-        }
-    }
-
     void barParts()
     {
-        QFETCH(bool, vertical);
-        QFETCH(qreal, ratio);
-        Bar bar(vertical ? Qt::Vertical : Qt::Horizontal);
-        const QRectF slider = bar.part(QStyle::SC_ScrollBarSlider);
-        for (const bool underMouse : {false, true}) {
-            bar.setAttribute(Qt::WA_UnderMouse, underMouse);
-            const QImage image = picture(bar, ratio);
-            const QPoint end = (slider.bottomRight() * ratio).toPoint() - QPoint(1, 1);
-            QCOMPARE(boxOf(image, underMouse ? kDarkSlider : kSlider),
-                     QRect((slider.topLeft() * ratio).toPoint(), end));
-            for (const auto page : {QStyle::SC_ScrollBarSubPage, QStyle::SC_ScrollBarAddPage})
-                QCOMPARE(image.pixelColor(bar.part(page).center() * ratio), kPage);
-            for (const auto arrow : {QStyle::SC_ScrollBarSubLine, QStyle::SC_ScrollBarAddLine}) {
-                if (!bar.part(arrow).isEmpty()) // not every style has them
-                    QCOMPARE(image.pixelColor(bar.part(arrow).center() * ratio), kGround);
-            }
-            QVERIFY(boxOf(image, kNothing).isEmpty()); // sharp up to the edges
+        for (const qreal ratio : {1.0, 1.5, 2.0}) {
+            checkParts(Qt::Vertical, ratio);
+            checkParts(Qt::Horizontal, ratio);
         }
     }
 
@@ -308,12 +278,25 @@ private slots:
         QCOMPARE(boxOf(picture(*handle), Qt::red), QRect(0, 0, 9, 40));
     }
 
-    void scrollAreaIsNobodys()
+private:
+    static void checkParts(Qt::Orientation orientation, qreal ratio)
     {
-        QWidget parent;
-        const QScopedPointer<CBPScrollWnd> area(new CBPScrollWnd(&parent));
-        QVERIFY(!area->parent());
-        QCOMPARE(area->frameShape(), QFrame::NoFrame);
+        Bar bar(orientation);
+        const QRectF slider = bar.part(QStyle::SC_ScrollBarSlider);
+        for (const bool underMouse : {false, true}) {
+            bar.setAttribute(Qt::WA_UnderMouse, underMouse);
+            const QImage image = picture(bar, ratio);
+            const QPoint end = (slider.bottomRight() * ratio).toPoint() - QPoint(1, 1);
+            QCOMPARE(boxOf(image, underMouse ? kDarkSlider : kSlider),
+                     QRect((slider.topLeft() * ratio).toPoint(), end));
+            for (const auto page : {QStyle::SC_ScrollBarSubPage, QStyle::SC_ScrollBarAddPage})
+                QCOMPARE(image.pixelColor(bar.part(page).center() * ratio), kPage);
+            for (const auto arrow : {QStyle::SC_ScrollBarSubLine, QStyle::SC_ScrollBarAddLine}) {
+                if (!bar.part(arrow).isEmpty()) // not every style has them
+                    QCOMPARE(image.pixelColor(bar.part(arrow).center() * ratio), kGround);
+            }
+            QVERIFY(boxOf(image, kNothing).isEmpty()); // sharp up to the edges
+        }
     }
 };
 

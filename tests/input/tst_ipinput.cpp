@@ -1,9 +1,9 @@
 #include "CBPIPAddrEdit.h"
 #include "CBPIPInputWidget.h"
 #include "Pixels.h"
+#include "Spoken.h"
 #include "TestMain.h"
 
-#include <QAccessible>
 #include <QClipboard>
 #include <QDropEvent>
 #include <QMenu>
@@ -253,12 +253,9 @@ private slots:
         QCOMPARE(field.sizeHint(), QSize(156, 19));
         field.resize(field.sizeHint());
         for (const qreal ratio : {1.0, 1.5, 2.0}) {
-            QImage image(QSize(156, 19) * ratio, QImage::Format_ARGB32_Premultiplied);
-            image.setDevicePixelRatio(ratio);
             for (const bool enabled : {true, false}) {
                 field.setEnabled(enabled);
-                image.fill(Qt::red);
-                field.render(&image);
+                const QImage image = pictureOf(field, ratio, Qt::red);
                 const QColor color = enabled ? kFrame : QColor(Qt::gray);
                 QCOMPARE(boxOf(image, color), image.rect());
                 for (const int x : {40, 78, 116}) {
@@ -268,17 +265,14 @@ private slots:
                 }
             }
         }
-    }
-
-    void octetsStayInOrder()
-    {
+        // Addresses are written from the left in every language.
         QWidget arabic;
         arabic.setLayoutDirection(Qt::RightToLeft);
-        auto *field = new Field;
-        field->setParent(&arabic);
+        auto *its = new Field;
+        its->setParent(&arabic);
         arabic.show();
         for (int i = 1; i < 4; ++i)
-            QVERIFY(field->edits[i - 1]->x() < field->edits[i]->x());
+            QVERIFY(its->edits[i - 1]->x() < its->edits[i]->x());
     }
 
     void screenReadersFindNames()
@@ -286,13 +280,11 @@ private slots:
         Field field("1.2.3.4");
         QAccessibleInterface *group = QAccessible::queryAccessibleInterface(&field);
         QCOMPARE(group->role(), QAccessible::Grouping);
-        QCOMPARE(group->text(QAccessible::Name), QString("IP address"));
+        QCOMPARE(spokenName(&field), QString("IP address"));
         QCOMPARE(group->text(QAccessible::Value), QString("1.2.3.4"));
-        QAccessibleInterface *octet = QAccessible::queryAccessibleInterface(field.edits[1]);
-        QCOMPARE(octet->role(), QAccessible::EditableText);
-        QCOMPARE(octet->text(QAccessible::Name), QString("Octet 2 of 4"));
+        QCOMPARE(spokenName(field.edits[1]), QString("Octet 2 of 4"));
         field.setAccessibleName("Gateway");
-        QCOMPARE(group->text(QAccessible::Name), QString("Gateway"));
+        QCOMPARE(spokenName(&field), QString("Gateway"));
     }
 
 private:

@@ -26,14 +26,9 @@ struct Form
 {
     Form()
     {
-        layout = new QHBoxLayout(&window);
-        before = new QLineEdit;
-        edit = new CBPSearchEdit(nullptr);
-        after = new QLineEdit;
+        auto *layout = new QHBoxLayout(&window);
         for (QLineEdit *widget : {before, static_cast<QLineEdit *>(edit), after})
             layout->addWidget(widget);
-        close = edit->findChild<QToolButton *>("btnClose");
-        search = edit->findChild<QToolButton *>("btnSearch");
         edit->completer()->setModel(new QStringListModel({"alpha", "beta"}, edit->completer()));
     }
 
@@ -54,12 +49,11 @@ struct Form
     }
 
     QWidget window;
-    QHBoxLayout *layout;
-    QLineEdit *before;
-    CBPSearchEdit *edit;
-    QLineEdit *after;
-    QToolButton *close;
-    QToolButton *search;
+    QLineEdit *before = new QLineEdit;
+    CBPSearchEdit *edit = new CBPSearchEdit(nullptr);
+    QLineEdit *after = new QLineEdit;
+    QToolButton *close = edit->findChild<QToolButton *>("btnClose");
+    QToolButton *search = edit->findChild<QToolButton *>("btnSearch");
 };
 
 // "+text" for a search, "-" for the end of one.

@@ -105,8 +105,8 @@ private slots:
         layout.addItem(new QSpacerItem(30, 10));
         layout.addItem(new QSpacerItem(10, 40));
         QCOMPARE(layout.minimumSize(), QSize(34, 46));
-        QCOMPARE(layout.sizeHint(), layout.minimumSize());
-        QVERIFY(layout.hasHeightForWidth() && layout.expandingDirections() == Qt::Orientations());
+        QVERIFY(layout.sizeHint() == QSize(34, 46) && layout.hasHeightForWidth() &&
+                !layout.expandingDirections());
     }
 
     // Given ones, those of the style's layouts, of its buttons, or of an outer layout. A style that has none
@@ -232,19 +232,19 @@ private slots:
         window.setLayoutDirection(Qt::RightToLeft);
         QVERIFY(isAt(9, {6, 20}));
         layout->itemAt(0)->widget()->hide();
-        QVERIFY(isAt(9, {56, 20}));
+        QVERIFY(isAt(9, {56, 20}) && isAt(1, {206, 0}));
         delete layout->itemAt(1)->widget();
         QVERIFY(isAt(8, {106, 20}));
     }
 
     void manyAndHuge()
     {
+        constexpr int most = std::numeric_limits<int>::max();
         QWidget window;
-        CBPFlowLayout layout(&window, std::numeric_limits<int>::max(), std::numeric_limits<int>::max(),
-                             std::numeric_limits<int>::max());
+        CBPFlowLayout layout(&window, most, most, most);
         for (int i = 0; i < 10000; ++i)
             layout.addItem(new QSpacerItem(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
-        for (const int width : {-1, 0, 1000, std::numeric_limits<int>::max()})
+        for (const int width : {-1, 0, 1000, most})
             QVERIFY(layout.heightForWidth(width) > 0);
         layout.setGeometry(QRect(0, 0, 1000, 1000));
     }

@@ -183,18 +183,14 @@ private slots:
         QTRY_COMPARE(extra->geometry().right(), 499);
         QVERIFY(bar->pos() == QPoint(0, 0) && bar->width() < 420);
         QTRY_COMPARE(page->geometry(), QRect(0, bar->height() + 16, 500, 300 - 16 - bar->height()));
-        QVector<QColor> grounds;
-        CBPPushBtn *second = tab(tabs, 2);
-        const auto look = [&] { grounds << second->grab().toImage().pixelColor(4, 4); };
-        look();
-        sendEvent(*second, QEvent::Enter);
-        look();
-        sendMouse(*second, QEvent::MouseButtonPress);
-        look();
-        second->setEnabled(false);
-        look();
-        QCOMPARE(grounds, (QVector<QColor>{QColor(255, 255, 255), QColor(91, 175, 246), QColor(65, 149, 220),
-                                           QColor(201, 229, 252)}));
+        const QPair<const char *, QColor> grounds[] = {{"", {255, 255, 255}},
+                                                       {"enter", {91, 175, 246}},
+                                                       {"press", {65, 149, 220}},
+                                                       {"disable", {201, 229, 252}}};
+        for (const auto &[deed, color] : grounds) {
+            perform(tab(tabs, 2), deed);
+            QCOMPARE(tab(tabs, 2)->grab().toImage().pixelColor(4, 4), color);
+        }
         QCOMPARE(bar->grab().toImage().pixelColor(0, bar->height() / 2), QColor(73, 167, 245));
     }
 
@@ -204,17 +200,14 @@ private slots:
         CTabContainer tabs;
         addTabs(tabs, {1, 2});
         tabs.show();
-        const QString whole = QStringLiteral("Benachrichtigungen");
+        const QString whole = "Benachrichtigungen";
         const QString cut = QFontMetrics(lumqt::uiFont()).elidedText(whole, Qt::ElideRight, 85 - 2 * 4);
-        QVector<QImage> looks;
-        for (const QString &text : {cut, whole}) {
-            tab(tabs, 1)->setText(text);
-            QCOMPARE(tab(tabs, 1)->width(), 85);
-            looks << tab(tabs, 1)->grab().toImage();
-        }
-        QVERIFY(cut.endsWith(QChar(0x2026)) && looks[0] == looks[1]);
+        tab(tabs, 1)->setText(cut);
+        const QImage look = tab(tabs, 1)->grab().toImage();
+        tab(tabs, 1)->setText(whole);
+        QVERIFY(cut.endsWith(QChar(0x2026)) && tab(tabs, 1)->grab().toImage() == look);
+        QCOMPARE(tab(tabs, 1)->width(), 85);
         for (const int id : {2, 1}) {
-            tab(tabs, id)->grab();
             QHelpEvent event(QEvent::ToolTip, QPoint(9, 9), tab(tabs, id)->mapToGlobal(QPoint(9, 9)));
             QCoreApplication::sendEvent(tab(tabs, id), &event);
             QCOMPARE(QToolTip::text(), id == 1 ? whole : QString());
@@ -264,8 +257,7 @@ private slots:
         QCOMPARE(second->text(QAccessible::Name), "Tab 2");
         QVERIFY(second->state().selectable && !second->state().selected && !second->state().checkable);
         const auto relations = second->relations();
-        QCOMPARE(relations.size(), 1);
-        QCOMPARE(relations[0].first->object(), pages[1]);
+        QVERIFY(relations.size() == 1 && relations[0].first->object() == pages[1]);
         QVERIFY(second->relations(QAccessible::Label).isEmpty());
         QCOMPARE(selections::during([&] { tabs.SetSelected(2); }),
                  (selections::Heard{{tab(tabs, 1), QAccessible::SelectionRemove},
@@ -311,8 +303,7 @@ private slots:
         QCOMPARE(title->height(), 30);
         auto *other = new QLabel(&four.window);
         four.entries[0]->AddPage("Other", other, 9); // a second time
-        QCOMPARE(four.entries[0]->GetTitleWidget(), title.data());
-        QCOMPARE(title->Text(), "Other");
+        QVERIFY(four.entries[0]->GetTitleWidget() == title && title->Text() == "Other");
         delete four.contents[0];
         four.entries[0]->SetFocus();
         four.entries[1]->AddPage("Without a content", nullptr, 0);
@@ -363,15 +354,12 @@ private slots:
 
     void lifeOfATitle()
     {
-        auto entry = std::make_unique<CTabPageItem>(30);
-        entry->AddPage("x", nullptr, 0);
-        const QPointer<CFoucsLabel> title = entry->GetTitleWidget();
-        entry.reset();
-        QVERIFY(!title); // nobody else's
-        Accordion placed(1);
-        const QPointer<CFoucsLabel> kept = placed.entries[0]->GetTitleWidget();
-        delete placed.entries[0];
-        QVERIFY(kept);
+        Accordion two(2);
+        const QPointer<CFoucsLabel> placed = two.entries[0]->GetTitleWidget();
+        const QPointer<CFoucsLabel> loose = two.entries[1]->GetTitleWidget();
+        loose->setParent(nullptr);
+        qDeleteAll(two.entries);
+        QVERIFY(placed && !loose); // nobody else's
         for (const Click how : {Click::Left, Click::Space, Click::Enter, Click::Tool}) {
             QPointer<CTabPageItem> dying = new CTabPageItem(30);
             dying->AddPage("x", nullptr, 0);

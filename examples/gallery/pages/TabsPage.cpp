@@ -113,13 +113,16 @@ void addTabs(Page *page)
     off->setEnabled(false);
     CTabContainer *mirrored = container(false, true);
     mirrored->setLayoutDirection(Qt::RightToLeft);
+    CTabContainer *cut = container(false, false);
+    cut->findChild<CButtonGroupBox *>()->GetButton(2)->setText("Notifications");
     page->addSection("Tabs", "A row of tabs and, if wanted, widgets at its far end. Below it, the current "
                              "page.")
         ->addColumns(2, {{"Hovered", hovered},
                          {"Keyboard focus", focused},
                          {"Disabled", off},
                          {"With icons and a button", container(true, true)},
-                         {"Right-to-left", mirrored}});
+                         {"Right-to-left", mirrored},
+                         {"A long text: the tool tip has it all", cut}});
 }
 
 SampleRow titles(const QString &caption, bool focused, bool tail, const QString &icon,
