@@ -309,29 +309,22 @@ private Q_SLOTS:
                           {"slot", [&] { button.onExpand(); }},
                           {"unable", [&] { button.setExpandable(false); }},
                           {"able", [&] { button.setExpandable(true); }}};
-        const struct
-        {
-            const char *deed;
-            bool expandable;
-            bool expanded;
-            int changes;
-        } rows[] = {{"", true, false, 0},
-                    {"press release", true, true, 1},
-                    {"expand", true, true, 1},
-                    {"space spaceup", true, false, 2},
-                    {"slot", true, true, 3},
-                    {"unable", false, false, 4},
-                    {"slot expand", false, false, 4},
-                    {"able", true, false, 4}};
-        for (const auto &row : rows) {
-            perform(&button, row.deed, deeds);
-            QCOMPARE(button.isExpand(), row.expanded);
-            QCOMPARE(changes.size(), row.changes);
-            QCOMPARE(bool(accessible->state().expandable), row.expandable);
-            QCOMPARE(bool(accessible->state().expanded), row.expanded);
-            QCOMPARE(bool(accessible->state().collapsed), row.expandable && !row.expanded);
-            QCOMPARE(inked(button, arrow).isEmpty(), !row.expandable);
-            QVERIFY(!row.expandable || (row.expanded ? downwards() < -2 : downwards() > 2));
+        for (const auto &[deed, expandable, expanded, told] : {std::tuple("", true, false, 0),
+                                                               {"press release", true, true, 1},
+                                                               {"expand", true, true, 1},
+                                                               {"space spaceup", true, false, 2},
+                                                               {"slot", true, true, 3},
+                                                               {"unable", false, false, 4},
+                                                               {"slot expand", false, false, 4},
+                                                               {"able", true, false, 4}}) {
+            perform(&button, deed, deeds);
+            QCOMPARE(button.isExpand(), expanded);
+            QCOMPARE(changes.size(), told);
+            QCOMPARE(bool(accessible->state().expandable), expandable);
+            QCOMPARE(bool(accessible->state().expanded), expanded);
+            QCOMPARE(bool(accessible->state().collapsed), expandable && !expanded);
+            QCOMPARE(inked(button, arrow).isEmpty(), !expandable);
+            QVERIFY(!expandable || (expanded ? downwards() < -2 : downwards() > 2));
         }
         const auto corner = [&] { return button.grab().toImage().pixelColor(0, 0); };
         other.setFocus();
