@@ -64,18 +64,11 @@ private Q_SLOTS:
     // The first value shows at once.
     void values()
     {
-        for (const auto &[value, filled, told] : {std::tuple(0.0, 2, 1),
-                                                  {-1.0, 2, 1},
-                                                  {0.5, 100, 50},
-                                                  {0.99995, 199, 100},
-                                                  {1.0, 199, 100},
-                                                  {7.0, 199, 100},
-                                                  {kInfinity, 199, 100},
-                                                  {-kInfinity, 2, 1},
-                                                  {0.9999, 199, 99},
-                                                  {1e-300, 2, 1},
-                                                  {0.29, 57, 29},
-                                                  {std::nan(""), 0, 0}}) {
+        const std::tuple<double, int, int> rows[] = {
+            {0.0, 2, 1},       {-1.0, 2, 1},    {0.5, 100, 50},        {0.99995, 199, 100},
+            {1.0, 199, 100},   {7.0, 199, 100}, {kInfinity, 199, 100}, {-kInfinity, 2, 1},
+            {0.9999, 199, 99}, {1e-300, 2, 1},  {0.29, 57, 29},        {std::nan(""), 0, 0}};
+        for (const auto &[value, filled, told] : rows) {
             CBPGradientProgressBar bar(Qt::black, QColor());
             bar.resize(kWidth, 8);
             QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(&bar);
@@ -113,12 +106,10 @@ private Q_SLOTS:
     // Of the growth; the sweep has 20 ms.
     void intervals()
     {
-        for (const auto &[from, to, interval] : {std::tuple(0.5, 0.6, 10),
-                                                 {0.6, 0.1, 2},
-                                                 {0.97, 0.985, 1},
-                                                 {0.5, 0.99995, 1},
-                                                 {0.5, 0.5 + 1e-12, INT_MAX},
-                                                 {0.01, 0.97, 1}}) {
+        const std::tuple<double, double, int> rows[] = {
+            {0.5, 0.6, 10}, {0.6, 0.1, 2}, {0.97, 0.985, 1}, {0.5, 0.99995, 1}, {0.5, 0.5 + 1e-12, INT_MAX},
+            {0.01, 0.97, 1}};
+        for (const auto &[from, to, interval] : rows) {
             Bar bar(from);
             bar.setValue(from);
             QCOMPARE(intervalsOf(bar, false), QVector<int>{20});

@@ -222,12 +222,10 @@ private Q_SLOTS:
         for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
             jump.setLayoutDirection(direction); // both are painted from left to right
             smooth.setLayoutDirection(direction);
-            for (const auto &[key, position, value] : {std::tuple(Qt::Key_Right, 1, 1),
-                                                       {Qt::Key_PageUp, 2, 11},
-                                                       {Qt::Key_End, 3, 100},
-                                                       {Qt::Key_Left, 2, 99},
-                                                       {Qt::Key_PageDown, 1, 89},
-                                                       {Qt::Key_Home, 0, 0}}) {
+            const std::tuple<Qt::Key, int, int> rows[] = {{Qt::Key_Right, 1, 1},     {Qt::Key_PageUp, 2, 11},
+                                                          {Qt::Key_End, 3, 100},     {Qt::Key_Left, 2, 99},
+                                                          {Qt::Key_PageDown, 1, 89}, {Qt::Key_Home, 0, 0}};
+            for (const auto &[key, position, value] : rows) {
                 QTest::keyClick(sliderOf(jump), key);
                 QTest::keyClick(sliderOf(smooth), key);
                 QCOMPARE(jump.GetPosText(), kLevels[position]);
@@ -389,17 +387,18 @@ private Q_SLOTS:
     {
         // On the slider at x, or on the first label (-1) or the last one (-2). The minimum is not added, but
         // kept.
-        for (const auto &[minimum, maximum, x, value] : {std::tuple(0, 100, 225, 75),
-                                                         {20, 100, 150, 40},
-                                                         {20, 100, 6, 20},
-                                                         {0, 100, -1, 0},
-                                                         {20, 100, -1, 20},
-                                                         {-50, 100, -1, 0},
-                                                         {-50, 100, -2, 100},
-                                                         {7, 7, 150, 7},
-                                                         {-100, -20, 150, -20},
-                                                         {0, INT_MAX, 150, INT_MAX / 2},
-                                                         {INT_MIN, INT_MAX, 150, INT_MAX}}) {
+        const std::tuple<int, int, int, int> rows[] = {{0, 100, 225, 75},
+                                                       {20, 100, 150, 40},
+                                                       {20, 100, 6, 20},
+                                                       {0, 100, -1, 0},
+                                                       {20, 100, -1, 20},
+                                                       {-50, 100, -1, 0},
+                                                       {-50, 100, -2, 100},
+                                                       {7, 7, 150, 7},
+                                                       {-100, -20, 150, -20},
+                                                       {0, INT_MAX, 150, INT_MAX / 2},
+                                                       {INT_MIN, INT_MAX, 150, INT_MAX}};
+        for (const auto &[minimum, maximum, x, value] : rows) {
             Smooth slider(maximum, minimum);
             const int before = x == -2 ? minimum : maximum;
             slider.SetValue(before);

@@ -142,8 +142,7 @@ private Q_SLOTS:
             QVERIFY(alive && !task->ended);
             task->gate.release();
         }
-        QTRY_VERIFY(alive.isNull());
-        QVERIFY(task->ended);
+        QTRY_VERIFY(alive.isNull() && task->ended);
     }
 
     void applicationQuits()

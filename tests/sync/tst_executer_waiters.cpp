@@ -28,7 +28,6 @@ private Q_SLOTS:
     void ownWaiter()
     {
         QWidget window;
-        window.resize(400, 300);
         window.show();
         QVERIFY(QTest::qWaitForWindowExposed(&window));
         for (QWidget *parent : {&window, static_cast<QWidget *>(nullptr)}) {

@@ -215,7 +215,6 @@ private Q_SLOTS:
     void managerCounts()
     {
         CWorkThreadMgr *manager = CWorkThreadMgr::instance();
-        QVERIFY(manager);
         QCOMPARE(manager->AddRef(), 2L);
         QCOMPARE(CWorkThreadMgr::instance(), manager);
         QCOMPARE(manager->Release(), 2L);

@@ -17,8 +17,6 @@
 
 namespace {
 
-constexpr int kLater = 1180; // ms, after a first frame would have come
-
 QStringList frames()
 {
     QStringList paths;
@@ -183,7 +181,7 @@ private Q_SLOTS:
         page.hide();
         window.show();
         button.Show(true);
-        QTest::qWait(kLater);
+        QTest::qWait(1180); // a first frame would have come
         QVERIFY(button.icon().isNull() && button.isWaitting());
         QCOMPARE(button.text(), QString("Go"));
         page.show();
@@ -309,14 +307,15 @@ private Q_SLOTS:
                           {"slot", [&] { button.onExpand(); }},
                           {"unable", [&] { button.setExpandable(false); }},
                           {"able", [&] { button.setExpandable(true); }}};
-        for (const auto &[deed, expandable, expanded, told] : {std::tuple("", true, false, 0),
-                                                               {"press release", true, true, 1},
-                                                               {"expand", true, true, 1},
-                                                               {"space spaceup", true, false, 2},
-                                                               {"slot", true, true, 3},
-                                                               {"unable", false, false, 4},
-                                                               {"slot expand", false, false, 4},
-                                                               {"able", true, false, 4}}) {
+        const std::tuple<const char *, bool, bool, int> rows[] = {{"", true, false, 0},
+                                                                  {"press release", true, true, 1},
+                                                                  {"expand", true, true, 1},
+                                                                  {"space spaceup", true, false, 2},
+                                                                  {"slot", true, true, 3},
+                                                                  {"unable", false, false, 4},
+                                                                  {"slot expand", false, false, 4},
+                                                                  {"able", true, false, 4}};
+        for (const auto &[deed, expandable, expanded, told] : rows) {
             perform(&button, deed, deeds);
             QCOMPARE(button.isExpand(), expanded);
             QCOMPARE(changes.size(), told);
