@@ -252,7 +252,7 @@ private Q_SLOTS:
             const int before = passedOn.count;
             perform(image, deeds.toLatin1(), own);
             QCOMPARE(spy.count(), clickable ? clicks : 0);
-            QCOMPARE(passedOn.count > before, mouse && !clickable);
+            QCOMPARE(passedOn.count - before, mouse && !clickable ? deeds.count(' ') + 1 : 0);
             QCOMPARE(image->cursor().shape(), clickable ? Qt::PointingHandCursor : Qt::ArrowCursor);
             image->SetChgCursor(!clickable);
             spy.clear();
