@@ -89,8 +89,7 @@ private Q_SLOTS:
         const CBPLabel label = plain ? CBPLabel("Text", &parent) : CBPLabel("Text", asked, &parent);
         QCOMPARE(label.font().pixelSize(), size);
         QCOMPARE(label.font().family(), GetFontFamily(1));
-        QCOMPARE(label.text(), QString("Text"));
-        QCOMPARE(label.parentWidget(), &parent);
+        QVERIFY(label.text() == "Text" && label.parentWidget() == &parent);
         const CBPLabel colored("Text", QColor(Qt::blue), plain ? 12 : asked, &parent);
         QCOMPARE(colored.font(), label.font());
         QCOMPARE(colored.palette().color(QPalette::WindowText), QColor(Qt::blue));
@@ -253,7 +252,7 @@ private Q_SLOTS:
             const int before = passedOn.count;
             perform(image, deeds.toLatin1(), own);
             QCOMPARE(spy.count(), clickable ? clicks : 0);
-            QCOMPARE(passedOn.count > before, mouse && !clickable);
+            QCOMPARE(passedOn.count - before, mouse && !clickable ? deeds.count(' ') + 1 : 0);
             QCOMPARE(image->cursor().shape(), clickable ? Qt::PointingHandCursor : Qt::ArrowCursor);
             image->SetChgCursor(!clickable);
             spy.clear();

@@ -34,6 +34,16 @@ QVector<int> intervalsOf(const QWidget &bar, bool activeOnly)
     return intervals;
 }
 
+struct Bar : CBPGradientProgressBar
+{
+    explicit Bar(double value, const QColor &highlight = QColor())
+        : CBPGradientProgressBar(Qt::black, highlight)
+    {
+        resize(kWidth, 8);
+        setValue(value);
+    }
+};
+
 class TextBar : public CBPGradientProgressBar
 {
 public:
@@ -54,28 +64,24 @@ private Q_SLOTS:
     // The first value shows at once.
     void values()
     {
-        const struct
-        {
-            double value;
-            int filled;
-            int told; // per cent
-        } rows[] = {{0.0, 2, 1},       {-1.0, 2, 1},    {0.5, 100, 50},        {0.99995, 199, 100},
-                    {1.0, 199, 100},   {7.0, 199, 100}, {kInfinity, 199, 100}, {-kInfinity, 2, 1},
-                    {0.9999, 199, 99}, {1e-300, 2, 1},  {0.29, 57, 29},        {std::nan(""), 0, 0}};
-        for (const auto &row : rows) {
+        const std::tuple<double, int, int> rows[] = {
+            {0.0, 2, 1},       {-1.0, 2, 1},    {0.5, 100, 50},        {0.99995, 199, 100},
+            {1.0, 199, 100},   {7.0, 199, 100}, {kInfinity, 199, 100}, {-kInfinity, 2, 1},
+            {0.9999, 199, 99}, {1e-300, 2, 1},  {0.29, 57, 29},        {std::nan(""), 0, 0}};
+        for (const auto &[value, filled, told] : rows) {
             CBPGradientProgressBar bar(Qt::black, QColor());
             bar.resize(kWidth, 8);
             QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(&bar);
             QCOMPARE(spoken->role(), QAccessible::ProgressBar);
             QCOMPARE(spoken->valueInterface()->currentValue().toInt(), 0);
-            if (qIsNaN(row.value))
+            if (qIsNaN(value))
                 QTest::ignoreMessage(QtWarningMsg,
                                      "CBPGradientProgressBar: a value that is not a number is ignored");
-            bar.setValue(row.value);
-            QCOMPARE(filledBy(bar), row.filled);
+            bar.setValue(value);
+            QCOMPARE(filledBy(bar), filled);
             QCOMPARE(bar.height(), 8);
-            QCOMPARE(spoken->valueInterface()->currentValue().toInt(), row.told);
-            QCOMPARE(spoken->text(QAccessible::Value), QString("%1%").arg(row.told));
+            QCOMPARE(spoken->valueInterface()->currentValue().toInt(), told); // per cent
+            QCOMPARE(spoken->text(QAccessible::Value), QString("%1%").arg(told));
         }
         for (const auto &[percent, filled] :
              {std::pair(INT_MIN, 2), {1, 2}, {29, 57}, {100, 199}, {INT_MAX, 199}}) {
@@ -89,9 +95,7 @@ private Q_SLOTS:
     // A pixel with each repaint on the way up, at once on the way down.
     void growth()
     {
-        CBPGradientProgressBar bar(Qt::black, QColor());
-        bar.resize(kWidth, 8);
-        bar.setValue(0.5);
+        Bar bar(0.5);
         bar.setValue(0.515);
         for (const int filled : {101, 102, 103, 103})
             QCOMPARE(filledBy(bar), filled);
@@ -99,25 +103,18 @@ private Q_SLOTS:
         QCOMPARE(filledBy(bar), 50);
     }
 
+    // Of the growth; the sweep has 20 ms.
     void intervals()
     {
-        const struct
-        {
-            double from;
-            double to;
-            int interval; // of the growth; the sweep has 20 ms
-        } rows[] = {
+        const std::tuple<double, double, int> rows[] = {
             {0.5, 0.6, 10}, {0.6, 0.1, 2}, {0.97, 0.985, 1}, {0.5, 0.99995, 1}, {0.5, 0.5 + 1e-12, INT_MAX},
             {0.01, 0.97, 1}};
-        for (const auto &row : rows) {
-            CBPGradientProgressBar bar;
-            bar.resize(kWidth, 8);
-            for (int time = 0; time < 2; ++time) {
-                bar.setValue(row.from);
-                QCOMPARE(intervalsOf(bar, false), QVector<int>{20});
-            }
-            bar.setValue(row.to);
-            QCOMPARE(intervalsOf(bar, false), (QVector<int>{qMin(20, row.interval), qMax(20, row.interval)}));
+        for (const auto &[from, to, interval] : rows) {
+            Bar bar(from);
+            bar.setValue(from);
+            QCOMPARE(intervalsOf(bar, false), QVector<int>{20});
+            bar.setValue(to);
+            QCOMPARE(intervalsOf(bar, false), (QVector<int>{qMin(20, interval), qMax(20, interval)}));
         }
     }
 
@@ -148,9 +145,7 @@ private Q_SLOTS:
     // Values that come faster than it grew do not keep it from growing.
     void keepsUp()
     {
-        CBPGradientProgressBar bar;
-        bar.resize(kWidth, 8);
-        bar.setValue(0.1);
+        Bar bar(0.1);
         bar.show();
         bar.setValue(0.11);
         QCOMPARE(intervalsOf(bar, true), (QVector<int>{20, 100}));
@@ -189,20 +184,13 @@ private Q_SLOTS:
 
     void resizing()
     {
-        const struct
-        {
-            bool shown; // if not, it is laid out before it is shown
-            bool rescales;
-            int filled;
-        } rows[] = {{true, true, 200}, {true, false, 101}, {false, true, 200}};
-        for (const auto &row : rows) {
-            CBPGradientProgressBar bar(Qt::black, QColor());
-            bar.resize(kWidth, 8);
-            bar.setValue(0.5);
-            bar.setIsVisible(row.rescales);
-            bar.setVisible(row.shown);
+        for (const auto &[shown, rescales, filled] :
+             {std::tuple(true, true, 200), {true, false, 101}, {false, true, 200}}) {
+            Bar bar(0.5);
+            bar.setIsVisible(rescales);
+            bar.setVisible(shown); // if not, it is laid out before it is shown
             bar.resize(2 * kWidth, 8);
-            QCOMPARE(filledBy(bar), row.filled);
+            QCOMPARE(filledBy(bar), filled);
         }
     }
 
@@ -223,9 +211,7 @@ private Q_SLOTS:
     // The highlight passes, in its own colour, and stays within the filled part.
     void highlight()
     {
-        CBPGradientProgressBar bar(Qt::black, Qt::red);
-        bar.resize(kWidth, 8);
-        bar.setValue(0.5);
+        Bar bar(0.5, Qt::red);
         const auto tick = [&bar](int times) {
             for (int i = 0; i < times; ++i)
                 bar.slotGradientTimerOut();
@@ -242,20 +228,15 @@ private Q_SLOTS:
 
     void gradient()
     {
-        CBPGradientProgressBar bar(Qt::black, QColor());
-        bar.resize(kWidth, 8);
-        bar.setValue(0.5);
+        Bar bar(0.5);
         const QImage image = bar.grab().toImage();
-        const struct
-        {
-            int x;
-            QColor color;
-        } rows[] = {{2, {58, 204, 252}}, {51, {66, 186, 249}}, {99, {73, 167, 245}}, {101, Qt::white}};
-        for (const auto &row : rows) {
-            const QColor seen = image.pixelColor(row.x, 4);
-            QVERIFY2(qAbs(seen.red() - row.color.red()) <= 1 && qAbs(seen.green() - row.color.green()) <= 2 &&
-                         qAbs(seen.blue() - row.color.blue()) <= 1,
-                     qPrintable(QString::number(row.x) + seen.name()));
+        for (const auto &[x, color] : {std::pair(2, QColor(58, 204, 252)),
+                                       {51, {66, 186, 249}},
+                                       {99, {73, 167, 245}},
+                                       {101, Qt::white}}) {
+            const QColor seen = image.pixelColor(x, 4);
+            const int off = qMax(qAbs(seen.red() - color.red()), qAbs(seen.blue() - color.blue()));
+            QVERIFY2(off <= 1 && qAbs(seen.green() - color.green()) <= 2, qPrintable(seen.name()));
         }
     }
 
@@ -278,16 +259,15 @@ private Q_SLOTS:
             before = now;
         }
         QCOMPARE(changes, (QVector<int>{2, 4, 6, 8, 10, 12, 14, 16, 18, 20}));
-        TextBar full;
-        full.resize(kWidth, 20);
-        full.setValue(1.0);
-        const auto textOfFull = [&full] { return full.grab(QRect(80, 0, 40, 20)).toImage(); };
-        const QImage hundred = textOfFull();
-        full.setValue(0.99);
-        textOfFull();
-        full.setValue(1.0);
-        full.grab(); // a pixel short of full
-        QCOMPARE(textOfFull(), hundred);
+        TextBar hundred, grown;
+        for (TextBar *full : {&hundred, &grown}) {
+            full->resize(40, 20);
+            full->setValue(full == &grown ? 0.5 : 1.0);
+            full->setValue(1.0);
+        }
+        for (int repaint = 0; repaint < 21; ++repaint)
+            grown.grab();
+        QCOMPARE(grown.grab().toImage(), hundred.grab().toImage());
     }
 };
 

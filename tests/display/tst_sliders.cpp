@@ -219,24 +219,20 @@ private Q_SLOTS:
         Smooth smooth;
         QSignalSpy jumpTold(&jump, &CBPJumpSlider::valueChanged);
         QSignalSpy smoothTold(&smooth, &CBPSmoothSlider::valueChanged);
-        const struct
-        {
-            Qt::Key key;
-            int jump;
-            int smooth;
-        } rows[] = {{Qt::Key_Right, 1, 1}, {Qt::Key_PageUp, 2, 11},   {Qt::Key_End, 3, 100},
-                    {Qt::Key_Left, 2, 99}, {Qt::Key_PageDown, 1, 89}, {Qt::Key_Home, 0, 0}};
         for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
             jump.setLayoutDirection(direction); // both are painted from left to right
             smooth.setLayoutDirection(direction);
-            for (const auto &row : rows) {
-                QTest::keyClick(sliderOf(jump), row.key);
-                QTest::keyClick(sliderOf(smooth), row.key);
-                QCOMPARE(jump.GetPosText(), kLevels[row.jump]);
-                QCOMPARE(smooth.GetValue(), row.smooth);
+            const std::tuple<Qt::Key, int, int> rows[] = {{Qt::Key_Right, 1, 1},     {Qt::Key_PageUp, 2, 11},
+                                                          {Qt::Key_End, 3, 100},     {Qt::Key_Left, 2, 99},
+                                                          {Qt::Key_PageDown, 1, 89}, {Qt::Key_Home, 0, 0}};
+            for (const auto &[key, position, value] : rows) {
+                QTest::keyClick(sliderOf(jump), key);
+                QTest::keyClick(sliderOf(smooth), key);
+                QCOMPARE(jump.GetPosText(), kLevels[position]);
+                QCOMPARE(smooth.GetValue(), value);
                 QCOMPARE(jumpTold.count() + smoothTold.count(), 2);
-                QCOMPARE(jumpTold.takeFirst().at(0).toInt(), row.jump);
-                QCOMPARE(smoothTold.takeFirst().at(0).toInt(), row.smooth);
+                QCOMPARE(jumpTold.takeFirst().at(0).toInt(), position);
+                QCOMPARE(smoothTold.takeFirst().at(0).toInt(), value);
             }
         }
     }
@@ -389,34 +385,30 @@ private Q_SLOTS:
 
     void smoothClicks()
     {
-        const struct
-        {
-            int minimum;
-            int maximum;
-            int x; // on the slider; -1: the first label, -2: the last one
-            int value;
-        } rows[] = {{0, 100, 225, 75},
-                    {20, 100, 150, 40},
-                    {20, 100, 6, 20},
-                    {0, 100, -1, 0},
-                    {20, 100, -1, 20},
-                    {-50, 100, -1, 0},
-                    {-50, 100, -2, 100},
-                    {7, 7, 150, 7},
-                    {-100, -20, 150, -20},
-                    {0, INT_MAX, 150, INT_MAX / 2},
-                    {INT_MIN, INT_MAX, 150, INT_MAX}};
-        for (const auto &row : rows) { // the minimum is not added, but kept
-            Smooth slider(row.maximum, row.minimum);
-            const int before = row.minimum == row.maximum || row.x == -2 ? row.minimum : row.maximum;
+        // On the slider at x, or on the first label (-1) or the last one (-2). The minimum is not added, but
+        // kept.
+        const std::tuple<int, int, int, int> rows[] = {{0, 100, 225, 75},
+                                                       {20, 100, 150, 40},
+                                                       {20, 100, 6, 20},
+                                                       {0, 100, -1, 0},
+                                                       {20, 100, -1, 20},
+                                                       {-50, 100, -1, 0},
+                                                       {-50, 100, -2, 100},
+                                                       {7, 7, 150, 7},
+                                                       {-100, -20, 150, -20},
+                                                       {0, INT_MAX, 150, INT_MAX / 2},
+                                                       {INT_MIN, INT_MAX, 150, INT_MAX}};
+        for (const auto &[minimum, maximum, x, value] : rows) {
+            Smooth slider(maximum, minimum);
+            const int before = x == -2 ? minimum : maximum;
             slider.SetValue(before);
             QSignalSpy told(&slider, &CBPSmoothSlider::valueChanged);
-            if (row.x < 0)
-                click(rowOf(slider), row.x == -1 ? 3 : 297);
+            if (x < 0)
+                click(rowOf(slider), x == -1 ? 3 : 297);
             else
-                click(sliderOf(slider), row.x);
-            QCOMPARE(slider.GetValue(), row.value);
-            QCOMPARE(told.count(), int(row.value != before));
+                click(sliderOf(slider), x);
+            QCOMPARE(slider.GetValue(), value);
+            QCOMPARE(told.count(), int(value != before));
             QVERIFY(!sliderOf(slider)->isSliderDown());
         }
         QTest::ignoreMessage(QtWarningMsg, "CBPSmoothSlider: the minimum 50 is above the maximum 10");

@@ -3,10 +3,13 @@
 #include "CBaseSyncExecuter.h"
 #include "CBPEvtLoop.h"
 #include "CBPSyncObj.h"
+#include "CBPUISyncWaiter.h"
 
+#include <QApplication>
 #include <QSemaphore>
 #include <QStringList>
 
+#include <algorithm>
 #include <atomic>
 #include <functional>
 #include <memory>
@@ -27,8 +30,8 @@ Q_SIGNALS:
     void sigQuit(void *window);
 };
 
-// Notes what the executer asks of it, lets the test act meanwhile, and can be given up on, as a waiting window
-// is that the user closes.
+// Notes what the executer asks of it, lets the test act meanwhile, and can be given up on, as a waiting
+// window is that the user closes.
 class Recorder : public CBPSyncObj
 {
 public:
@@ -134,4 +137,24 @@ inline TaskPointer timedTask(unsigned long milliseconds, unsigned long long resu
 inline TaskPointer gatedTask(unsigned long long result = 0)
 {
     return timedTask(0, result, true);
+}
+
+// The waiting windows there are.
+inline QList<CBPUISyncWaiter *> waiters()
+{
+    QList<CBPUISyncWaiter *> found;
+    const auto windows = QApplication::topLevelWidgets();
+    for (QWidget *window : windows) {
+        if (auto *waiter = qobject_cast<CBPUISyncWaiter *>(window))
+            found << waiter;
+    }
+    return found;
+}
+
+inline CBPUISyncWaiter *shownWaiter()
+{
+    const auto all = waiters();
+    const auto shown =
+        std::find_if(all.begin(), all.end(), [](const auto *waiter) { return waiter->isVisible(); });
+    return shown == all.end() ? nullptr : *shown;
 }

@@ -1,6 +1,5 @@
 #include "CBaseWin.h"
 #include "CBPPopWnd.h"
-#include "CBPUISyncWaiter.h"
 #include "CBPWaitBtn.h"
 #include "Jobs.h"
 #include "Rows.h"
@@ -11,26 +10,6 @@
 namespace {
 
 constexpr unsigned long long kNone = 0x1001;
-
-QList<CBPUISyncWaiter *> waiters()
-{
-    QList<CBPUISyncWaiter *> found;
-    const auto windows = QApplication::topLevelWidgets();
-    for (QWidget *window : windows) {
-        if (auto *waiter = qobject_cast<CBPUISyncWaiter *>(window))
-            found << waiter;
-    }
-    return found;
-}
-
-CBPUISyncWaiter *shownWaiter()
-{
-    for (CBPUISyncWaiter *waiter : waiters()) {
-        if (waiter->isVisible())
-            return waiter;
-    }
-    return nullptr;
-}
 
 } // namespace
 
@@ -49,7 +28,6 @@ private Q_SLOTS:
     void ownWaiter()
     {
         QWidget window;
-        window.resize(400, 300);
         window.show();
         QVERIFY(QTest::qWaitForWindowExposed(&window));
         for (QWidget *parent : {&window, static_cast<QWidget *>(nullptr)}) {

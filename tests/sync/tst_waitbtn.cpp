@@ -17,8 +17,6 @@
 
 namespace {
 
-constexpr int kLater = 1180; // ms, after a first frame would have come
-
 QStringList frames()
 {
     QStringList paths;
@@ -183,7 +181,7 @@ private Q_SLOTS:
         page.hide();
         window.show();
         button.Show(true);
-        QTest::qWait(kLater);
+        QTest::qWait(1180); // a first frame would have come
         QVERIFY(button.icon().isNull() && button.isWaitting());
         QCOMPARE(button.text(), QString("Go"));
         page.show();
@@ -309,29 +307,23 @@ private Q_SLOTS:
                           {"slot", [&] { button.onExpand(); }},
                           {"unable", [&] { button.setExpandable(false); }},
                           {"able", [&] { button.setExpandable(true); }}};
-        const struct
-        {
-            const char *deed;
-            bool expandable;
-            bool expanded;
-            int changes;
-        } rows[] = {{"", true, false, 0},
-                    {"press release", true, true, 1},
-                    {"expand", true, true, 1},
-                    {"space spaceup", true, false, 2},
-                    {"slot", true, true, 3},
-                    {"unable", false, false, 4},
-                    {"slot expand", false, false, 4},
-                    {"able", true, false, 4}};
-        for (const auto &row : rows) {
-            perform(&button, row.deed, deeds);
-            QCOMPARE(button.isExpand(), row.expanded);
-            QCOMPARE(changes.size(), row.changes);
-            QCOMPARE(bool(accessible->state().expandable), row.expandable);
-            QCOMPARE(bool(accessible->state().expanded), row.expanded);
-            QCOMPARE(bool(accessible->state().collapsed), row.expandable && !row.expanded);
-            QCOMPARE(inked(button, arrow).isEmpty(), !row.expandable);
-            QVERIFY(!row.expandable || (row.expanded ? downwards() < -2 : downwards() > 2));
+        const std::tuple<const char *, bool, bool, int> rows[] = {{"", true, false, 0},
+                                                                  {"press release", true, true, 1},
+                                                                  {"expand", true, true, 1},
+                                                                  {"space spaceup", true, false, 2},
+                                                                  {"slot", true, true, 3},
+                                                                  {"unable", false, false, 4},
+                                                                  {"slot expand", false, false, 4},
+                                                                  {"able", true, false, 4}};
+        for (const auto &[deed, expandable, expanded, told] : rows) {
+            perform(&button, deed, deeds);
+            QCOMPARE(button.isExpand(), expanded);
+            QCOMPARE(changes.size(), told);
+            QCOMPARE(bool(accessible->state().expandable), expandable);
+            QCOMPARE(bool(accessible->state().expanded), expanded);
+            QCOMPARE(bool(accessible->state().collapsed), expandable && !expanded);
+            QCOMPARE(inked(button, arrow).isEmpty(), !expandable);
+            QVERIFY(!expandable || (expanded ? downwards() < -2 : downwards() > 2));
         }
         const auto corner = [&] { return button.grab().toImage().pixelColor(0, 0); };
         other.setFocus();

@@ -59,8 +59,7 @@ private Q_SLOTS:
     {
         Waiter w("Please wait");
         QCOMPARE(w.objectName(), QString("id_WaiterWnd"));
-        QCOMPARE(w.minimumSize(), QSize(100, 100));
-        QCOMPARE(w.maximumSize(), QSize(100, 100));
+        QVERIFY(w.minimumSize() == QSize(100, 100) && w.maximumSize() == QSize(100, 100));
         QCOMPARE(w.accessibleName(), QString("Please wait"));
         QVERIFY(!w.testAttribute(Qt::WA_QuitOnClose));
         QCOMPARE(w.GetResult(), 1);
@@ -209,8 +208,7 @@ private Q_SLOTS:
         QFETCH(int, limit);
         QFETCH(bool, minimised);
         CBPWaiter w(nullptr, "Loading", unsigned(limit), false);
-        QCOMPARE(w.minimumSize(), QSize(130, 38));
-        QCOMPARE(w.maximumSize(), QSize(130, 38));
+        QVERIFY(w.minimumSize() == QSize(130, 38) && w.maximumSize() == QSize(130, 38));
         QSignalSpy finished(&w, &QDialog::finished);
         for (int run = 1; run <= 2; ++run) {
             QElapsedTimer clock;

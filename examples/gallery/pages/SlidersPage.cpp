@@ -30,7 +30,7 @@ CBPJumpSlider *jump(const QString &position, const QStringList &labels = levels(
     result->setFont(theme::font(theme::Normal, 14));
     result->Init(labels);
     result->SetPosByText(position);
-    result->setFixedWidth(width);
+    result->setFixedWidth(width ? width : result->sizeHint().width());
     return result;
 }
 
@@ -90,15 +90,17 @@ void addPositions(Page *page)
     Section *section =
         page->addSection("Positions", "A jump slider has one per label. The value of a smooth one "
                                       "stays within its edges.");
-    section->addColumns(3, {{"Two labels", jump("Never", {"Never", "Always"})},
-                            {"Five labels", jump("4", {"1", "2", "3", "4", "5"})},
-                            {"Equal labels", jump("Same", {"Same", "Same", "Same"})},
-                            {"At 0", smooth(0)},
-                            {"At 3", smooth(3)},
-                            {"From 20 to 100, at 20", smooth(20, {"20", "100"}, 100, 20)},
-                            {"Three labels", smooth(1024, {"0", "1024", "2048"}, 2048)},
-                            {"Large numbers", smooth(1500000000, ends(), 2147483647)},
-                            {"A single value", smooth(7, ends(), 7, 7)}});
+    section->addColumns(3,
+                        {{"Two labels", jump("Never", {"Never", "Always"})},
+                         {"Five labels", jump("4", {"1", "2", "3", "4", "5"})},
+                         {"Equal labels", jump("Same", {"Same", "Same", "Same"})},
+                         {"At 0", smooth(0)},
+                         {"At 3", smooth(3)},
+                         {"From 20 to 100, at 20", smooth(20, {"20", "100"}, 100, 20)},
+                         {"Three labels", smooth(1024, {"0", "1024", "2048"}, 2048)},
+                         {"Large numbers", smooth(1500000000, ends(), 2147483647)},
+                         {"A single value", smooth(7, ends(), 7, 7)},
+                         {"As wide as its labels ask for", jump("Seldom", {"Never", "Seldom", "Often"}, 0)}});
 }
 
 Page *makePage()
