@@ -58,225 +58,213 @@ class TestTimeList : public QObject
     Q_OBJECT
 
 private slots:
-    void newList();
-    void addAndRemove_data();
-    void addAndRemove();
-    void initialize_data();
-    void initialize();
-    void times();
-    void listFocus();
-    void listNames();
-    void deletedByItsItem_data();
-    void deletedByItsItem();
-    void partsDeleted();
-};
-
-void TestTimeList::newList()
-{
-    TimeList list(4);
-    QCOMPARE(fieldsOf(list).size(), 1);
-    QVERIFY(deleteButtonOf(fieldsOf(list).first())->isHidden());
-    QVERIFY(!addButtonOf(list)->isHidden());
-    QTimeEdit *field = fieldsOf(list).first();
-    field->setTime(QTime(23, 59));
-    field->setCurrentSection(QDateTimeEdit::HourSection);
-    field->stepUp();
-    QCOMPARE(list.GetQTimes(), QVector<QTime>{QTime(0, 59)});
-    // Buttons have one picture for all their states, but do not look alike in all.
-    deleteButtonOf(field)->show();
-    for (CBPImageButton *button : {deleteButtonOf(field), addButtonOf(list)}) {
-        const QImage enabled = pictureOf(*button);
-        list.setEnabled(false);
-        QVERIFY(pictureOf(*button) != enabled);
-        list.setEnabled(true);
-        QCOMPARE(pictureOf(*button), enabled);
+    void newList()
+    {
+        TimeList list(4);
+        QCOMPARE(fieldsOf(list).size(), 1);
+        QVERIFY(deleteButtonOf(fieldsOf(list).first())->isHidden());
+        QVERIFY(!addButtonOf(list)->isHidden());
+        QTimeEdit *field = fieldsOf(list).first();
+        field->setTime(QTime(23, 59));
+        field->setCurrentSection(QDateTimeEdit::HourSection);
+        field->stepUp();
+        QCOMPARE(list.GetQTimes(), QVector<QTime>{QTime(0, 59)});
+        // Buttons have one picture for all their states, but do not look alike in all.
+        deleteButtonOf(field)->show();
+        for (CBPImageButton *button : {deleteButtonOf(field), addButtonOf(list)}) {
+            const QImage enabled = pictureOf(*button);
+            list.setEnabled(false);
+            QVERIFY(pictureOf(*button) != enabled);
+            list.setEnabled(true);
+            QCOMPARE(pictureOf(*button), enabled);
+        }
     }
-}
 
-void TestTimeList::addAndRemove_data()
-{
-    QTest::addColumn<int>("maxCount");
-    QTest::addColumn<int>("count");
-    QTest::addColumn<bool>("more");
-    for (const int maxCount : {INT_MIN, -1, 0, 1, 2, 3, INT_MAX}) {
-        for (const int count : {2, 3})
-            QTest::addRow("%d of %d", count, maxCount) << maxCount << count << (count < maxCount);
+    void addAndRemove_data()
+    {
+        QTest::addColumn<int>("maxCount");
+        QTest::addColumn<int>("count");
+        QTest::addColumn<bool>("more");
+        for (const int maxCount : {INT_MIN, -1, 0, 1, 2, 3, INT_MAX}) {
+            for (const int count : {2, 3})
+                QTest::addRow("%d of %d", count, maxCount) << maxCount << count << (count < maxCount);
+        }
     }
-}
 
-void TestTimeList::addAndRemove()
-{
-    QFETCH(int, maxCount);
-    QFETCH(int, count);
-    TimeList list(maxCount);
-    for (int i = 1; i < count; ++i)
-        addButtonOf(list)->click();
-    QCOMPARE(fieldsOf(list).size(), count);
-    QTEST(!addButtonOf(list)->isHidden(), "more");
-    const QList<QTimeEdit *> fields = fieldsOf(list);
-    for (QTimeEdit *field : fields)
-        QVERIFY(!deleteButtonOf(field)->isHidden());
-    for (int left = count - 1; left > 0; --left) {
+    void addAndRemove()
+    {
+        QFETCH(int, maxCount);
+        QFETCH(int, count);
+        TimeList list(maxCount);
+        for (int i = 1; i < count; ++i)
+            addButtonOf(list)->click();
+        QCOMPARE(fieldsOf(list).size(), count);
+        QTEST(!addButtonOf(list)->isHidden(), "more");
+        const QList<QTimeEdit *> fields = fieldsOf(list);
+        for (QTimeEdit *field : fields)
+            QVERIFY(!deleteButtonOf(field)->isHidden());
+        for (int left = count - 1; left > 0; --left) {
+            deleteButtonOf(fieldsOf(list).first())->click();
+            QCOMPARE(fieldsOf(list).size(), left);
+            QCOMPARE(!addButtonOf(list)->isHidden(), left < maxCount);
+        }
+        QTimeEdit *last = fieldsOf(list).first();
+        QCOMPARE(last, fields.last());
+        QVERIFY(deleteButtonOf(last)->isHidden());
+        QVERIFY(fields.first()->parentWidget()->isHidden());
+        deleteButtonOf(last)->click();
+        QCOMPARE(list.GetQTimes().size(), 1);
+    }
+
+    void initialize_data()
+    {
+        QTest::addColumn<QVector<QTime>>("times");
+        QTest::addColumn<QVector<QTime>>("kept"); // by two fields at 01:00
+        const QTime one(1, 0);
+        QTest::newRow("none") << QVector<QTime>{} << QVector<QTime>{one, one};
+        QTest::newRow("fewer") << QVector<QTime>{kNoon} << QVector<QTime>{kNoon, one};
+        QTest::newRow("no time") << QVector<QTime>{QTime(), kNoon} << QVector<QTime>{one, kNoon};
+        const QVector<QTime> five{kEvening, kMorning, kNoon, kMorning, QTime(23, 59)};
+        QTest::newRow("more than the greatest count") << five << five;
+    }
+
+    void initialize()
+    {
+        QFETCH(QVector<QTime>, times);
+        QFETCH(QVector<QTime>, kept);
+        TimeList list(3, {QTime(1, 0), QTime(1, 0)});
+        list.Initialize(times);
+        QCOMPARE(list.GetQTimes(), kept);
+        QCOMPARE(!addButtonOf(list)->isHidden(), kept.size() < 3);
+        std::sort(kept.begin(), kept.end());
+        QCOMPARE(list.GetQTimesSorted(), kept);
+    }
+
+    void times()
+    {
+        CEditTimeEditItem item("../res/delete.png");
+        QSignalSpy spy(&item, SIGNAL(sigHideItem(CEditTimeEditItem *)));
+        QTime noon = kNoon;
+        item.SetQTime(noon);
+        QCOMPARE(item.GetQTime(), kNoon);
+        item.SetIconVisual(false);
+        auto *button = item.findChild<CBPImageButton *>();
+        QVERIFY(button->isHidden());
+        item.SetIconVisual(true);
+        item.show();
+        QTest::mouseClick(button, Qt::LeftButton);
+        QCOMPARE(spy.count(), 1);
+        QCOMPARE(qvariant_cast<CEditTimeEditItem *>(spy[0][0]), &item);
+        QVERIFY(item.isVisible());
+    }
+
+    // By keyboard all through; the focus never leaves the list.
+    void listFocus()
+    {
+        TimeList list(3, {kMorning, kEvening});
+        list.showActive();
+        CBPImageButton *add = addButtonOf(list);
+        add->setFocus();
+        QTest::keyClick(add, Qt::Key_Space);
+        QCOMPARE(QApplication::focusWidget(), fieldsOf(list).last()); // the button is gone
+        QList<QTimeEdit *> fields = fieldsOf(list);
+        fields.last()->setTime(kNoon);
+
+        deleteButtonOf(fields[1])->setFocus();
+        QTest::keyClick(deleteButtonOf(fields[1]), Qt::Key_Space);
+        QCOMPARE(list.GetQTimes(), (QVector<QTime>{kMorning, kNoon}));
+        QCOMPARE(QApplication::focusWidget(), fields[2]);
+        add->setFocus();
+        QTest::keyClick(add, Qt::Key_Space);
+        QCOMPARE(QApplication::focusWidget(), fieldsOf(list).last());
+        fields = fieldsOf(list);
+
+        // Tab goes through the row, and from its end to the add button.
+        deleteButtonOf(fields[2])->setFocus();
+        QTest::keyClick(deleteButtonOf(fields[2]), Qt::Key_Space);
+        QCOMPARE(QApplication::focusWidget(), fields[1]);
+        QVector<QWidget *> chain;
+        fields[0]->setFocus();
+        for (int i = 0; i < 12; ++i) {
+            QWidget *focus = QApplication::focusWidget();
+            if (chain.isEmpty() || chain.last() != focus)
+                chain << focus;
+            QTest::keyClick(focus, Qt::Key_Tab);
+        }
+        QCOMPARE(chain.mid(0, 5), (QVector<QWidget *>{fields[0], deleteButtonOf(fields[0]), fields[1],
+                                                      deleteButtonOf(fields[1]), add}));
+
+        // What has no focus to lose takes none.
+        fields[0]->setFocus();
+        deleteButtonOf(fields[1])->click();
+        QCOMPARE(QApplication::focusWidget(), fields[0]);
+    }
+
+    void listNames()
+    {
+        TimeList list(4, {kMorning, kNoon, kEvening});
         deleteButtonOf(fieldsOf(list).first())->click();
-        QCOMPARE(fieldsOf(list).size(), left);
-        QCOMPARE(!addButtonOf(list)->isHidden(), left < maxCount);
+        addButtonOf(list)->click();
+        QSet<QString> names{spokenName(addButtonOf(list))};
+        const QList<QTimeEdit *> fields = fieldsOf(list);
+        for (QTimeEdit *field : fields)
+            names << spokenName(field) << spokenName(deleteButtonOf(field));
+        QCOMPARE(names.size(), 7);
+        QVERIFY(!names.contains(QString()));
+        QVERIFY(spokenName(fields.first()).contains('1'));
+        QVERIFY(spokenName(deleteButtonOf(fields.last())).contains('3'));
     }
-    QTimeEdit *last = fieldsOf(list).first();
-    QCOMPARE(last, fields.last());
-    QVERIFY(deleteButtonOf(last)->isHidden());
-    QVERIFY(fields.first()->parentWidget()->isHidden());
-    deleteButtonOf(last)->click();
-    QCOMPARE(list.GetQTimes().size(), 1);
-}
 
-void TestTimeList::initialize_data()
-{
-    QTest::addColumn<QVector<QTime>>("times");
-    QTest::addColumn<QVector<QTime>>("kept"); // by two fields at 01:00
-    const QTime one(1, 0);
-    QTest::newRow("none") << QVector<QTime>{} << QVector<QTime>{one, one};
-    QTest::newRow("fewer") << QVector<QTime>{kNoon} << QVector<QTime>{kNoon, one};
-    QTest::newRow("no time") << QVector<QTime>{QTime(), kNoon} << QVector<QTime>{one, kNoon};
-    const QVector<QTime> five{kEvening, kMorning, kNoon, kMorning, QTime(23, 59)};
-    QTest::newRow("more than the greatest count") << five << five;
-}
-
-void TestTimeList::initialize()
-{
-    QFETCH(QVector<QTime>, times);
-    QFETCH(QVector<QTime>, kept);
-    TimeList list(3, {QTime(1, 0), QTime(1, 0)});
-    list.Initialize(times);
-    QCOMPARE(list.GetQTimes(), kept);
-    QCOMPARE(!addButtonOf(list)->isHidden(), kept.size() < 3);
-    std::sort(kept.begin(), kept.end());
-    QCOMPARE(list.GetQTimesSorted(), kept);
-}
-
-void TestTimeList::times()
-{
-    CEditTimeEditItem item("../res/delete.png");
-    QSignalSpy spy(&item, SIGNAL(sigHideItem(CEditTimeEditItem *)));
-    QTime noon = kNoon;
-    item.SetQTime(noon);
-    QCOMPARE(item.GetQTime(), kNoon);
-    item.SetIconVisual(false);
-    auto *button = item.findChild<CBPImageButton *>();
-    QVERIFY(button->isHidden());
-    item.SetIconVisual(true);
-    item.show();
-    QTest::mouseClick(button, Qt::LeftButton);
-    QCOMPARE(spy.count(), 1);
-    QCOMPARE(qvariant_cast<CEditTimeEditItem *>(spy[0][0]), &item);
-    QVERIFY(item.isVisible());
-}
-
-// By keyboard all through; the focus never leaves the list.
-void TestTimeList::listFocus()
-{
-    TimeList list(3, {kMorning, kEvening});
-    list.showActive();
-    CBPImageButton *add = addButtonOf(list);
-    add->setFocus();
-    QTest::keyClick(add, Qt::Key_Space);
-    QCOMPARE(QApplication::focusWidget(), fieldsOf(list).last()); // the button is gone
-    QList<QTimeEdit *> fields = fieldsOf(list);
-    fields.last()->setTime(kNoon);
-
-    deleteButtonOf(fields[1])->setFocus();
-    QTest::keyClick(deleteButtonOf(fields[1]), Qt::Key_Space);
-    QCOMPARE(list.GetQTimes(), (QVector<QTime>{kMorning, kNoon}));
-    QCOMPARE(QApplication::focusWidget(), fields[2]);
-    add->setFocus();
-    QTest::keyClick(add, Qt::Key_Space);
-    QCOMPARE(QApplication::focusWidget(), fieldsOf(list).last());
-    fields = fieldsOf(list);
-
-    // Tab goes through the row, and from its end to the add button.
-    deleteButtonOf(fields[2])->setFocus();
-    QTest::keyClick(deleteButtonOf(fields[2]), Qt::Key_Space);
-    QCOMPARE(QApplication::focusWidget(), fields[1]);
-    QVector<QWidget *> chain;
-    fields[0]->setFocus();
-    for (int i = 0; i < 12; ++i) {
-        QWidget *focus = QApplication::focusWidget();
-        if (chain.isEmpty() || chain.last() != focus)
-            chain << focus;
-        QTest::keyClick(focus, Qt::Key_Tab);
+    void deletedByItsItem_data()
+    {
+        QTest::addColumn<bool>("wholeList");
+        QTest::newRow("the list") << true;
+        QTest::newRow("the item") << false; // which the list has put away, and would delete once more
     }
-    QCOMPARE(chain.mid(0, 5), (QVector<QWidget *>{fields[0], deleteButtonOf(fields[0]), fields[1],
-                                                  deleteButtonOf(fields[1]), add}));
 
-    // What has no focus to lose takes none.
-    fields[0]->setFocus();
-    deleteButtonOf(fields[1])->click();
-    QCOMPARE(QApplication::focusWidget(), fields[0]);
-}
+    void deletedByItsItem()
+    {
+        QFETCH(bool, wholeList);
+        QPointer<TimeList> list = new TimeList(4, {kMorning, kNoon});
+        QPointer<CEditTimeEditItem> item = list->findChild<CEditTimeEditItem *>();
+        connect(item.data(), &CEditTimeEditItem::sigHideItem, this, [&] {
+            if (wholeList)
+                delete list;
+            else
+                delete item;
+        });
+        list->show();
+        QTest::mouseClick(deleteButtonOf(fieldsOf(*list).first()), Qt::LeftButton);
+        QVERIFY(!item);
+        QCOMPARE(!list, wholeList);
+        if (list)
+            QCOMPARE(list->GetQTimes(), QVector<QTime>{kNoon});
+        delete list;
+    }
 
-void TestTimeList::listNames()
-{
-    TimeList list(4, {kMorning, kNoon, kEvening});
-    deleteButtonOf(fieldsOf(list).first())->click();
-    addButtonOf(list)->click();
-    QSet<QString> names{spokenName(addButtonOf(list))};
-    const QList<QTimeEdit *> fields = fieldsOf(list);
-    for (QTimeEdit *field : fields)
-        names << spokenName(field) << spokenName(deleteButtonOf(field));
-    QCOMPARE(names.size(), 7);
-    QVERIFY(!names.contains(QString()));
-    QVERIFY(spokenName(fields.first()).contains('1'));
-    QVERIFY(spokenName(deleteButtonOf(fields.last())).contains('3'));
-}
-
-void TestTimeList::deletedByItsItem_data()
-{
-    QTest::addColumn<bool>("wholeList");
-    QTest::newRow("the list") << true;
-    QTest::newRow("the item") << false; // which the list has put away, and would delete once more
-}
-
-void TestTimeList::deletedByItsItem()
-{
-    QFETCH(bool, wholeList);
-    QPointer<TimeList> list = new TimeList(4, {kMorning, kNoon});
-    QPointer<CEditTimeEditItem> item = list->findChild<CEditTimeEditItem *>();
-    connect(item.data(), &CEditTimeEditItem::sigHideItem, this, [&] {
-        if (wholeList)
-            delete list;
-        else
-            delete item;
-    });
-    list->show();
-    QTest::mouseClick(deleteButtonOf(fieldsOf(*list).first()), Qt::LeftButton);
-    QVERIFY(!item);
-    QCOMPARE(!list, wholeList);
-    if (list)
-        QCOMPARE(list->GetQTimes(), QVector<QTime>{kNoon});
-    delete list;
-}
-
-// By somebody who went through the children: the list goes on with what is left.
-void TestTimeList::partsDeleted()
-{
-    TimeList list(3, {kMorning, kNoon, kEvening});
-    QList<CEditTimeEditItem *> items = list.findChildren<CEditTimeEditItem *>();
-    delete fieldsOf(list).at(1);
-    QCOMPARE(list.GetQTimes(), (QVector<QTime>{kMorning, QTime(), kEvening}));
-    list.Initialize({kNoon, kNoon, kNoon});
-    delete items.takeAt(1);
-    QCOMPARE(list.GetQTimes(), (QVector<QTime>{kNoon, kNoon}));
-    QVERIFY(!addButtonOf(list)->isHidden());
-    QVERIFY(spokenName(fieldsOf(list).last()).contains('2'));
-    delete items.takeLast();
-    QVERIFY(deleteButtonOf(fieldsOf(list).first())->isHidden());
-    qDeleteAll(items);
-    QVERIFY(list.GetQTimes().isEmpty());
-    addButtonOf(list)->click();
-    QVERIFY(deleteButtonOf(fieldsOf(list).first())->isHidden()); // as a single one
-    delete addButtonOf(list);
-    list.Initialize({kMorning, kNoon});
-    QCOMPARE(list.GetQTimes(), QVector<QTime>{kMorning});
-}
+    // By somebody who went through the children: the list goes on with what is left.
+    void partsDeleted()
+    {
+        TimeList list(3, {kMorning, kNoon, kEvening});
+        QList<CEditTimeEditItem *> items = list.findChildren<CEditTimeEditItem *>();
+        delete fieldsOf(list).at(1);
+        QCOMPARE(list.GetQTimes(), (QVector<QTime>{kMorning, QTime(), kEvening}));
+        list.Initialize({kNoon, kNoon, kNoon});
+        delete items.takeAt(1);
+        QCOMPARE(list.GetQTimes(), (QVector<QTime>{kNoon, kNoon}));
+        QVERIFY(!addButtonOf(list)->isHidden());
+        QVERIFY(spokenName(fieldsOf(list).last()).contains('2'));
+        delete items.takeLast();
+        QVERIFY(deleteButtonOf(fieldsOf(list).first())->isHidden());
+        qDeleteAll(items);
+        QVERIFY(list.GetQTimes().isEmpty());
+        addButtonOf(list)->click();
+        QVERIFY(deleteButtonOf(fieldsOf(list).first())->isHidden()); // as a single one
+        delete addButtonOf(list);
+        list.Initialize({kMorning, kNoon});
+        QCOMPARE(list.GetQTimes(), QVector<QTime>{kMorning});
+    }
+};
 
 LUMQT_TEST_MAIN(TestTimeList)
 #include "tst_timelist.moc"
