@@ -72,6 +72,10 @@ struct Scene
     CBPTipWnd *tip() const { return button->findChild<CBPTipWnd *>(); }
     QCalendarWidget *calendar() const { return tip() ? tip()->findChild<QCalendarWidget *>() : nullptr; }
     QTableView *view() const { return calendar()->findChild<QTableView *>(); }
+    QToolButton *barButton(const char *name) const
+    {
+        return calendar()->findChild<QToolButton *>(QString("qt_calendar_%1").arg(name));
+    }
 
     void open(const QString &how = "Alt+Down")
     {
@@ -133,112 +137,74 @@ private slots:
         QVERIFY(!scene.tip());
     }
 
-    void range_data()
-    {
-        QTest::addColumn<QDate>("given");
-        QTest::addColumn<QDate>("kept");
-        QTest::newRow("first") << QDate(1980, 1, 1) << QDate(1980, 1, 1);
-        QTest::newRow("before") << QDate(1979, 12, 31) << QDate(1980, 1, 1);
-        QTest::newRow("last") << QDate(2099, 12, 31) << QDate(2099, 12, 31);
-        QTest::newRow("after") << QDate(2100, 1, 1) << QDate(2099, 12, 31);
-        QTest::newRow("no date") << QDate() << QDate(2024, 3, 7);
-        QTest::newRow("no such day") << QDate(2023, 2, 29) << QDate(2024, 3, 7);
-    }
-
     void range()
     {
-        QFETCH(QDate, given);
-        CBPDateSelector selector;
-        QDate date(2024, 3, 7);
-        selector.SetDate(date);
-        QSignalSpy spy(&selector, SIGNAL(sigDateEditFinish()));
-        selector.SetDate(given);
-        QTEST(selector.GetDate(), "kept");
-        QCOMPARE(spy.count(), 0);
+        const QDate before(2024, 3, 7);
+        const QDate first(1980, 1, 1);
+        const QDate last(2099, 12, 31);
+        const QDate rows[][2] = {{first, first},    {first.addDays(-1), first},
+                                 {last, last},      {last.addDays(1), last},
+                                 {QDate(), before}, {QDate(2023, 2, 29), before}};
+        for (const auto &row : rows) {
+            CBPDateSelector selector;
+            QDate date = before;
+            selector.SetDate(date);
+            QSignalSpy spy(&selector, SIGNAL(sigDateEditFinish()));
+            date = row[0];
+            selector.SetDate(date);
+            QCOMPARE(selector.GetDate(), row[1]);
+            QCOMPARE(spy.count(), 0);
+        }
     }
 
-    void opens_data()
-    {
-        QTest::addColumn<QString>("how");
-        for (const char *how : {"mouse", "Space", "Alt+Down"})
-            QTest::newRow(how) << QString(how);
-    }
-
+    // And closes by Escape, in the days and then in a button of the bar.
     void opens()
     {
-        QFETCH(QString, how);
-        Scene scene;
-        scene.open(how);
-        QCOMPARE(scene.calendar()->selectedDate(), QDate(2024, 3, 7));
-        QCOMPARE(scene.selector->GetDate(), QDate(2024, 3, 7)); // the key did not step it
-        // The calendar fills the window but for its frame.
-        QCOMPARE(scene.calendar()->geometry(), scene.tip()->rect().adjusted(1, 1, -1, -1));
-        QCOMPARE(scene.tip()->layout()->count(), 1);
-        QCOMPARE(scene.tip()->pos(), scene.button->mapToGlobal(QPoint(-1, scene.button->height())));
-    }
-
-    void escape_data()
-    {
-        QTest::addColumn<QString>("how");
-        QTest::addColumn<bool>("toButton");
-        QTest::newRow("from the field") << "Alt+Down" << false;
-        QTest::newRow("from the button") << "Space" << true;
-    }
-
-    void escape()
-    {
-        QFETCH(QString, how);
-        QFETCH(bool, toButton);
-        Scene scene;
-        if (toButton)
-            scene.button->setFocus();
-        scene.open(how);
-        QTest::keyClick(scene.view(), Qt::Key_Right);
-        QSignalSpy spy(scene.selector.data(), SIGNAL(sigDateEditFinish()));
-        QTest::keyClick(scene.view(), Qt::Key_Escape);
-        QVERIFY(!scene.tip()->isVisible());
-        QCOMPARE(spy.count(), 0);
-        QVERIFY(becomesActive(scene.window));
-        QTRY_COMPARE(QApplication::focusWidget(),
-                     toButton ? static_cast<QWidget *>(scene.button) : scene.edit);
-        QCOMPARE(scene.selector->GetDate(), QDate(2024, 3, 7));
-        // And again, from a button of the calendar.
-        scene.open(how);
-        QTest::keyClick(scene.calendar()->findChild<QToolButton *>("qt_calendar_nextmonth"), Qt::Key_Escape);
-        QVERIFY(!scene.tip()->isVisible() && becomesActive(scene.window));
-    }
-
-    void picks_data()
-    {
-        QTest::addColumn<QString>("how");
-        QTest::addColumn<int>("count");
-        QTest::newRow("click") << "click" << 1;
-        QTest::newRow("Return") << "Return" << 1;
-        QTest::newRow("double click") << "double click" << 2;
+        for (const QString how : {"mouse", "Space", "Alt+Down"}) {
+            Scene scene;
+            if (how == "Space")
+                scene.button->setFocus();
+            scene.open(how);
+            QWidget *const focus = scene.window.focusWidget();
+            QVERIFY(how != "Space" || focus == scene.button);
+            QCOMPARE(scene.calendar()->selectedDate(), QDate(2024, 3, 7));
+            QCOMPARE(scene.selector->GetDate(), QDate(2024, 3, 7)); // the key did not step it
+            // The calendar fills the window but for its frame.
+            QCOMPARE(scene.calendar()->geometry(), scene.tip()->rect().adjusted(1, 1, -1, -1));
+            QCOMPARE(scene.tip()->layout()->count(), 1);
+            QTest::keyClick(scene.view(), Qt::Key_Right);
+            QSignalSpy spy(scene.selector.data(), SIGNAL(sigDateEditFinish()));
+            QTest::keyClick(scene.view(), Qt::Key_Escape);
+            QVERIFY(!scene.tip()->isVisible() && becomesActive(scene.window));
+            QTRY_COMPARE(QApplication::focusWidget(), focus);
+            QCOMPARE(scene.selector->GetDate(), QDate(2024, 3, 7));
+            QCOMPARE(spy.count(), 0);
+            scene.open(how);
+            QTest::keyClick(scene.barButton("nextmonth"), Qt::Key_Escape);
+            QVERIFY(!scene.tip()->isVisible() && becomesActive(scene.window));
+        }
     }
 
     void picks()
     {
-        QFETCH(QString, how);
-        QFETCH(int, count);
-        Scene scene;
-        scene.open();
-        QSignalSpy spy(scene.selector.data(), SIGNAL(sigDateEditFinish()));
-        if (how == "click") {
-            QTest::mouseClick(scene.view()->viewport(), Qt::LeftButton, {}, scene.dayAt(15));
-        } else if (how == "Return") {
-            QTest::keyClick(scene.view(), Qt::Key_Down);
-            QTest::keyClick(scene.view(), Qt::Key_Right);
-            QTest::keyClick(scene.view(), Qt::Key_Return);
-        } else { // the calendar says both
-            emit scene.calendar()->clicked(QDate(2024, 3, 15));
-            emit scene.calendar()->activated(QDate(2024, 3, 15));
+        for (const QString how : {"click", "Return", "double click"}) {
+            Scene scene;
+            scene.open();
+            QSignalSpy spy(scene.selector.data(), SIGNAL(sigDateEditFinish()));
+            if (how == "click") {
+                QTest::mouseClick(scene.view()->viewport(), Qt::LeftButton, {}, scene.dayAt(15));
+            } else if (how == "Return") {
+                for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Right, Qt::Key_Return})
+                    QTest::keyClick(scene.view(), key);
+            } else { // the calendar says both
+                emit scene.calendar()->clicked(QDate(2024, 3, 15));
+                emit scene.calendar()->activated(QDate(2024, 3, 15));
+            }
+            QCOMPARE(spy.count(), how == "double click" ? 2 : 1);
+            QCOMPARE(scene.selector->GetDate(), QDate(2024, 3, 15));
+            QVERIFY(!scene.tip()->isVisible() && becomesActive(scene.window));
+            QTRY_VERIFY(scene.edit->hasFocus());
         }
-        QCOMPARE(spy.count(), count);
-        QCOMPARE(scene.selector->GetDate(), QDate(2024, 3, 15));
-        QVERIFY(!scene.tip()->isVisible());
-        QVERIFY(becomesActive(scene.window));
-        QTRY_VERIFY(scene.edit->hasFocus());
     }
 
     // The second click is no click on what lies beneath the calendar.
@@ -297,8 +263,7 @@ private slots:
         QVERIFY(corner.y() < 0 ? tip.bottom() + 1 == button.top()
                                : tip.topLeft() == button.bottomLeft() + QPoint(-1, 1));
         // An arrow points to where its month lies: its tip is beside its upper end.
-        const QImage arrow =
-            pictureOf(*scene.calendar()->findChild<QToolButton *>("qt_calendar_nextmonth"), 1);
+        const QImage arrow = pictureOf(*scene.barButton("nextmonth"), 1);
         const QRect ink = inkOf(arrow);
         const auto darkAt = [&](int y) { return inkOf(arrow.copy(0, y, arrow.width(), 1)).center().x(); };
         QCOMPARE(darkAt(ink.center().y()) > darkAt(ink.top() + 1), !mirrored);
@@ -317,7 +282,7 @@ private slots:
         QVERIFY(becomesActive(scene.window));
         scene.open();
         QTRY_COMPARE(scene.calendar()->size(), usual * 2);
-        QCOMPARE(scene.calendar()->findChild<QToolButton *>("qt_calendar_nextmonth")->height(), 56);
+        QCOMPARE(scene.barButton("nextmonth")->height(), 56);
     }
 
     // Stepping the year is given up first, then the calendar closes.
@@ -325,8 +290,7 @@ private slots:
     {
         Scene scene;
         scene.open();
-        QTest::mouseClick(scene.calendar()->findChild<QToolButton *>("qt_calendar_yearbutton"),
-                          Qt::LeftButton);
+        QTest::mouseClick(scene.barButton("yearbutton"), Qt::LeftButton);
         auto *year = scene.calendar()->findChild<QSpinBox *>("qt_calendar_yearedit");
         QTRY_VERIFY(year->hasFocus());
         QTest::keyClick(year, Qt::Key_Up);
@@ -359,27 +323,17 @@ private slots:
         QCOMPARE(ground(), QColor(60, 0, 0));
     }
 
-    // Who clicks elsewhere has said where the focus goes.
-    void clickElsewhere()
-    {
-        Scene scene;
-        scene.open();
-        scene.window.activateWindow();
-        scene.elsewhere->setFocus();
-        QVERIFY(becomesActive(scene.window));
-        QTRY_VERIFY(!scene.tip()->isVisible());
-        QTRY_VERIFY(scene.elsewhere->hasFocus());
-    }
-
     void openedAgain()
     {
         Scene scene;
         scene.open();
         const QPointer<QCalendarWidget> calendar = scene.calendar();
         calendar->showNextYear();
-        scene.tip()->hide();
+        // Who clicks elsewhere has said where the focus goes.
         scene.window.activateWindow();
+        scene.elsewhere->setFocus();
         QVERIFY(becomesActive(scene.window));
+        QTRY_VERIFY(!scene.tip()->isVisible() && scene.elsewhere->hasFocus());
         scene.open(); // the same date, but another month was left open
         QCOMPARE(scene.calendar(), calendar.data());
         QCOMPARE(QDate(calendar->yearShown(), calendar->monthShown(), 1), QDate(2024, 3, 1));
@@ -405,7 +359,7 @@ private slots:
         QVERIFY(!year->findChild<QLineEdit *>("qt_spinbox_lineedit")->isEnabled());
         QVERIFY(year->isEnabled());
         for (const char *name : {"prevmonth", "nextmonth"}) {
-            auto *button = calendar->findChild<QToolButton *>(QString("qt_calendar_") + name);
+            QToolButton *button = scene.barButton(name);
             const QString file = QString("../res/calendar_%1.png").arg(QString(name).left(4));
             QCOMPARE(button->icon().pixmap(16, 16).toImage().pixelColor(5, 8), QImage(file).pixelColor(5, 8));
             QVERIFY(!spokenName(button).isEmpty());
@@ -425,58 +379,44 @@ private slots:
         }
     }
 
-    void deletedByThePick_data()
-    {
-        QTest::addColumn<bool>("byMouse");
-        QTest::newRow("mouse") << true;
-        QTest::newRow("Return") << false;
-    }
-
     void deletedByThePick()
     {
-        QFETCH(bool, byMouse);
-        Scene scene;
-        scene.open();
-        const QPointer<QCalendarWidget> calendar = scene.calendar();
-        QTableView *view = scene.view();
-        connect(scene.selector.data(), &CBPDateSelector::sigDateEditFinish, this,
-                [&] { delete scene.selector; });
-        if (byMouse)
-            QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, scene.dayAt(15));
-        else
-            QTest::keyClick(view, Qt::Key_Return);
-        QVERIFY(!scene.selector);
-        QTRY_VERIFY(!calendar);
-    }
-
-    void deletedWhileOpen_data()
-    {
-        QTest::addColumn<int>("what");
-        QTest::newRow("selector") << 0;
-        QTest::newRow("button") << 1;
-        QTest::newRow("field") << 2;
-        QTest::newRow("calendar") << 3;
+        for (const bool byMouse : {true, false}) {
+            Scene scene;
+            scene.open();
+            const QPointer<QCalendarWidget> calendar = scene.calendar();
+            QTableView *view = scene.view();
+            connect(scene.selector.data(), &CBPDateSelector::sigDateEditFinish, this,
+                    [&] { delete scene.selector; });
+            if (byMouse)
+                QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, scene.dayAt(15));
+            else
+                QTest::keyClick(view, Qt::Key_Return);
+            QVERIFY(!scene.selector);
+            QTRY_VERIFY(!calendar);
+        }
     }
 
     void deletedWhileOpen()
     {
-        QFETCH(int, what);
-        Scene scene;
-        scene.open();
-        const QPointer<CBPTipWnd> tip = scene.tip();
-        QWidget *parts[] = {scene.selector, scene.button, scene.edit, scene.calendar()};
-        delete parts[what];
-        QCOMPARE(!tip, what < 2);
-        if (!scene.selector)
-            return;
-        QDate date(2031, 10, 2);
-        scene.selector->SetDate(date);
-        QCOMPARE(scene.selector->GetDate(), what == 2 ? QDate() : date);
-        if (what == 3) {
-            tip->hide();
-            QVERIFY(becomesActive(scene.window));
+        for (const int what : {0, 1, 2, 3}) {
+            Scene scene;
             scene.open();
-            QCOMPARE(scene.calendar()->selectedDate(), date);
+            const QPointer<CBPTipWnd> tip = scene.tip();
+            QWidget *parts[] = {scene.selector, scene.button, scene.edit, scene.calendar()};
+            delete parts[what];
+            QCOMPARE(!tip, what < 2);
+            QDate date(2031, 10, 2);
+            if (scene.selector) {
+                scene.selector->SetDate(date);
+                QCOMPARE(scene.selector->GetDate(), what == 2 ? QDate() : date);
+            }
+            if (what == 3) {
+                tip->hide();
+                QVERIFY(becomesActive(scene.window));
+                scene.open();
+                QCOMPARE(scene.calendar()->selectedDate(), date);
+            }
         }
     }
 
@@ -486,7 +426,7 @@ private slots:
     {
         Scene scene;
         scene.open();
-        auto *months = scene.calendar()->findChild<QToolButton *>("qt_calendar_monthbutton");
+        QToolButton *months = scene.barButton("monthbutton");
         const QPointer<QMenu> menu = months->menu();
         const auto kill = [selector = scene.selector] { delete selector; };
         connect(menu, &QMenu::aboutToShow, qApp, [=] { QTimer::singleShot(0, qApp, kill); });
