@@ -36,25 +36,23 @@ private slots:
     void dateFormats()
     {
         // Pattern; format, normalised pattern, counts, the seventh of March 2024.
-        const char *const rows[][2] = {
-            {"yy/M/d", "1 yy-M-d 2 1 1 24/03/07"},
-            {"yy-MM-dd", "2 yy-MM-dd 2 2 2 24/03/07"},
-            {"yyyy/M/d", "3 yyyy-M-d 4 1 1 2024/03/07"},
-            {"yyyy.MM.d", "4 yyyy-MM-d 4 2 1 2024/03/07"},
-            {"yyyy-MM-dd", "5 yyyy-MM-dd 4 2 2 2024/03/07"},
-            {"M/d/yyyy", "6 M-d-yyyy 4 1 1 03/07/2024"},
-            {"M/d/yy", "7 M-d-yy 2 1 1 03/07/24"},
-            {"MM dd yyyy", "8 MM-dd-yyyy 4 2 2 03/07/2024"},
-            {"d.MM.yyyy", "9 d-MM-yyyy 4 2 1 07/03/2024"},
-            {"d/M/yy", "10 d-M-yy 2 1 1 07/03/24"},
-            {"dd.MM.yy", "11 dd-MM-yy 2 2 2 07/03/24"},
-            {"dd.MM.yyyy", "12 dd-MM-yyyy 4 2 2 07/03/2024"},
-            {"d/M/yyyy", "6 M-D-YYYY 4 1 1 03/07/2024"},
-            {"YYYY-MM-DD", "6 M-D-YYYY 4 1 1 03/07/2024"},
-            {"dd. MM. yyyy", "6 M-D-YYYY 4 1 1 03/07/2024"},
-            {"yyyy\u5e74M\u6708d\u65e5", "6 M-D-YYYY 4 1 1 03/07/2024"},
-            {"", "6 M-D-YYYY 4 1 1 03/07/2024"},
-        };
+        const char *const rows[][2] = {{"yy/M/d", "1 yy-M-d 2 1 1 24/03/07"},
+                                       {"yy-MM-dd", "2 yy-MM-dd 2 2 2 24/03/07"},
+                                       {"yyyy/M/d", "3 yyyy-M-d 4 1 1 2024/03/07"},
+                                       {"yyyy.MM.d", "4 yyyy-MM-d 4 2 1 2024/03/07"},
+                                       {"yyyy-MM-dd", "5 yyyy-MM-dd 4 2 2 2024/03/07"},
+                                       {"M/d/yyyy", "6 M-d-yyyy 4 1 1 03/07/2024"},
+                                       {"M/d/yy", "7 M-d-yy 2 1 1 03/07/24"},
+                                       {"MM dd yyyy", "8 MM-dd-yyyy 4 2 2 03/07/2024"},
+                                       {"d.MM.yyyy", "9 d-MM-yyyy 4 2 1 07/03/2024"},
+                                       {"d/M/yy", "10 d-M-yy 2 1 1 07/03/24"},
+                                       {"dd.MM.yy", "11 dd-MM-yy 2 2 2 07/03/24"},
+                                       {"dd.MM.yyyy", "12 dd-MM-yyyy 4 2 2 07/03/2024"},
+                                       {"d/M/yyyy", "6 M-D-YYYY 4 1 1 03/07/2024"},
+                                       {"YYYY-MM-DD", "6 M-D-YYYY 4 1 1 03/07/2024"},
+                                       {"dd. MM. yyyy", "6 M-D-YYYY 4 1 1 03/07/2024"},
+                                       {"yyyy\u5e74M\u6708d\u65e5", "6 M-D-YYYY 4 1 1 03/07/2024"},
+                                       {"", "6 M-D-YYYY 4 1 1 03/07/2024"}};
         for (const auto &row : rows) {
             Settings::forget();
             live({row[0], QString(), "/", QString()});
@@ -77,17 +75,15 @@ private slots:
     void timeFormats()
     {
         // Pattern; format, letters of the hour, without and with seconds.
-        const char *const rows[][2] = {
-            {"tt h:mm:ss", "1 1 tt h:mm tt h:mm:ss"},
-            {"H.mm.ss", "2 1 H:mm H:mm:ss"},
-            {"tt hh-mm-ss", "3 2 tt hh:mm tt hh:mm:ss"},
-            {"HH:mm:ss", "4 2 HH:mm HH:mm:ss"},
-            {"h:mm:ss tt", "5 1 h:mm tt h:mm:ss tt"},
-            {"hh:mm:ss tt", "6 2 hh:mm tt hh:mm:ss tt"},
-            {"HH'h'mm", "1 1 h:mm tt h:mm:ss tt"},
-            {"h:mm:ss\u00a0tt", "1 1 h:mm tt h:mm:ss tt"},
-            {"", "1 1 h:mm tt h:mm:ss tt"},
-        };
+        const char *const rows[][2] = {{"tt h:mm:ss", "1 1 tt h:mm tt h:mm:ss"},
+                                       {"H.mm.ss", "2 1 H:mm H:mm:ss"},
+                                       {"tt hh-mm-ss", "3 2 tt hh:mm tt hh:mm:ss"},
+                                       {"HH:mm:ss", "4 2 HH:mm HH:mm:ss"},
+                                       {"h:mm:ss tt", "5 1 h:mm tt h:mm:ss tt"},
+                                       {"hh:mm:ss tt", "6 2 hh:mm tt hh:mm:ss tt"},
+                                       {"HH'h'mm", "1 1 h:mm tt h:mm:ss tt"},
+                                       {"h:mm:ss\u00a0tt", "1 1 h:mm tt h:mm:ss tt"},
+                                       {"", "1 1 h:mm tt h:mm:ss tt"}};
         for (const auto &row : rows) {
             Settings::forget();
             live({QString(), row[0], QString(), QString()});
@@ -138,18 +134,16 @@ private slots:
         {
             _BPDateTime date;
             std::string separator, text; // no text: refused
-        } rows[] = {
-            {{2024, 0, 1}, "", ""},
-            {{2024, 13, 1}, "", ""},
-            {{2024, 1, 0}, "", ""},
-            {{2024, 1, 32}, "", ""},
-            {{65535, 65535, 65535}, "", ""},
-            {{2023, 2, 31}, "", "2023-02-31"},
-            {{0, 1, 1}, "", "0000-01-01"},
-            {{65535, 12, 31}, "", "65535-12-31"},
-            {{2024, 3, 7}, "\u5e74", "2024\u5e7403\u5e7407"},
-            {{2024, 3, 7}, std::string("a\0b", 3), std::string("2024a\0b03a\0b07", 14)},
-        };
+        } rows[] = {{{2024, 0, 1}, "", ""},
+                    {{2024, 13, 1}, "", ""},
+                    {{2024, 1, 0}, "", ""},
+                    {{2024, 1, 32}, "", ""},
+                    {{65535, 65535, 65535}, "", ""},
+                    {{2023, 2, 31}, "", "2023-02-31"},
+                    {{0, 1, 1}, "", "0000-01-01"},
+                    {{65535, 12, 31}, "", "65535-12-31"},
+                    {{2024, 3, 7}, "\u5e74", "2024\u5e7403\u5e7407"},
+                    {{2024, 3, 7}, std::string("a\0b", 3), std::string("2024a\0b03a\0b07", 14)}};
         for (const auto &row : rows) {
             std::string written = "as it was";
             const bool done = IBPDateTime::TransSystemDateToString(row.date, written, row.separator);
@@ -164,25 +158,23 @@ private slots:
         {
             QByteArray text;
             std::vector<int> fields; // year, month, day, day of the week; empty: refused
-        } rows[] = {
-            {"2024-02-29", {2024, 2, 29, 4}},
-            {"2024-02-30", {2024, 2, 30, 9}},
-            {"2024-03-10", {2024, 3, 10, 7}},
-            {"0-0-0", {0, 0, 0, 9}},
-            {"24/3/7", {24, 3, 7, 4}},
-            {"-5 -6 +7 ", {5, 6, 7, 2}},
-            {"x12y3z2024", {12, 3, 2024, 9}},
-            {"2024\u5e743\u67087\u65e5", {2024, 3, 7, 4}},
-            {QByteArray("2024\0\0003\0007", 9), {2024, 3, 7, 4}},
-            {"65535-12-31", {65535, 12, 31, QDate(65535, 12, 31).dayOfWeek()}},
-            {"65536-65537-1", {65535, 65535, 1, 9}},
-            {"2147483647 2147483648 99999999999999999999", {65535, 65535, 65535, 9}},
-            {"", {}},
-            {"2024", {}},
-            {"1/2", {}},
-            {"1/2/3/4", {}},
-            {"\uff11-\uff12-\uff13", {}}, // digits of another script
-        };
+        } rows[] = {{"2024-02-29", {2024, 2, 29, 4}},
+                    {"2024-02-30", {2024, 2, 30, 9}},
+                    {"2024-03-10", {2024, 3, 10, 7}},
+                    {"0-0-0", {0, 0, 0, 9}},
+                    {"24/3/7", {24, 3, 7, 4}},
+                    {"-5 -6 +7 ", {5, 6, 7, 2}},
+                    {"x12y3z2024", {12, 3, 2024, 9}},
+                    {"2024\u5e743\u67087\u65e5", {2024, 3, 7, 4}},
+                    {QByteArray("2024\0\0003\0007", 9), {2024, 3, 7, 4}},
+                    {"65535-12-31", {65535, 12, 31, QDate(65535, 12, 31).dayOfWeek()}},
+                    {"65536-65537-1", {65535, 65535, 1, 9}},
+                    {"2147483647 2147483648 99999999999999999999", {65535, 65535, 65535, 9}},
+                    {"", {}},
+                    {"2024", {}},
+                    {"1/2", {}},
+                    {"1/2/3/4", {}},
+                    {"\uff11-\uff12-\uff13", {}}}; // digits of another script
         for (const auto &row : rows) {
             const _BPDateTime before{1, 2, 3, 4, 5, 6, 9};
             _BPDateTime dt = before;
@@ -203,15 +195,13 @@ private slots:
             _BPDateTime time;
             bool withSecond;
             const char *separator, *text; // no text: refused
-        } rows[] = {
-            {{0, 0, 0, 23, 5, 9}, true, "", "23:05:09"},
-            {{0, 0, 0, 23, 5, 9}, false, "", "23:05"},
-            {{}, true, " h ", "00 h 00 h 00"},
-            {{0, 0, 0, 23, 59, 59}, true, "\u00b7", "23\u00b759\u00b759"},
-            {{0, 0, 0, 24, 0, 0}, true, "", ""},
-            {{0, 0, 0, 0, 60, 0}, true, "", ""},
-            {{0, 0, 0, 0, 0, 60}, false, "", ""},
-        };
+        } rows[] = {{{0, 0, 0, 23, 5, 9}, true, "", "23:05:09"},
+                    {{0, 0, 0, 23, 5, 9}, false, "", "23:05"},
+                    {{}, true, " h ", "00 h 00 h 00"},
+                    {{0, 0, 0, 23, 59, 59}, true, "\u00b7", "23\u00b759\u00b759"},
+                    {{0, 0, 0, 24, 0, 0}, true, "", ""},
+                    {{0, 0, 0, 0, 60, 0}, true, "", ""},
+                    {{0, 0, 0, 0, 0, 60}, false, "", ""}};
         for (const auto &row : rows) {
             std::string written = "as it was";
             const bool done =
@@ -228,26 +218,24 @@ private slots:
         {
             const char *text;
             _BPDateTime time;
-        } rows[] = {
-            {"23:59:59", {1, 2, 3, 23, 59, 59, 5}},
-            {"12:30:00 AM", {1, 2, 3, 0, 30, 0, 5}},
-            {"12:30:00 PM", {1, 2, 3, 12, 30, 0, 5}},
-            {"PM 3.15.7", {1, 2, 3, 15, 15, 7, 5}},
-            {"11:59:59PM", {1, 2, 3, 23, 59, 59, 5}},
-            {"3:15:00 pm", {1, 2, 3, 3, 15, 0, 5}},
-            {"AM 3:15:00 PM", {1, 2, 3, 3, 15, 0, 5}},
-            {"PM 3:15:00 AM", {1, 2, 3, 3, 15, 0, 5}},
-            // Taken, but nothing changes.
-            {"00:30:00 PM", before},
-            {"00:30:00 AM", before},
-            {"13:00:00 PM", before},
-            {"14:00:00 AM", before},
-            {"25:00:00", before},
-            {"24:00:00", before},
-            {"0:60:0", before},
-            {"0:0:60", before},
-            {"4294967297:0:0", before},
-        };
+        } rows[] = {{"23:59:59", {1, 2, 3, 23, 59, 59, 5}},
+                    {"12:30:00 AM", {1, 2, 3, 0, 30, 0, 5}},
+                    {"12:30:00 PM", {1, 2, 3, 12, 30, 0, 5}},
+                    {"PM 3.15.7", {1, 2, 3, 15, 15, 7, 5}},
+                    {"11:59:59PM", {1, 2, 3, 23, 59, 59, 5}},
+                    {"3:15:00 pm", {1, 2, 3, 3, 15, 0, 5}},
+                    {"AM 3:15:00 PM", {1, 2, 3, 3, 15, 0, 5}},
+                    {"PM 3:15:00 AM", {1, 2, 3, 3, 15, 0, 5}},
+                    // Taken, but nothing changes.
+                    {"00:30:00 PM", before},
+                    {"00:30:00 AM", before},
+                    {"13:00:00 PM", before},
+                    {"14:00:00 AM", before},
+                    {"25:00:00", before},
+                    {"24:00:00", before},
+                    {"0:60:0", before},
+                    {"0:0:60", before},
+                    {"4294967297:0:0", before}};
         _BPDateTime dt = before;
         for (const auto &row : rows) {
             dt = before;

@@ -7,7 +7,6 @@
 #include <QScopeGuard>
 
 #include <climits>
-#include <sstream>
 
 #if defined(Q_OS_WIN)
 #include <windows.h>
@@ -35,22 +34,6 @@ int secondsAheadOfUtc()
 #else
     return QDateTime::currentDateTime().offsetFromUtc();
 #endif
-}
-
-// The numbers of a text in the words of the C++ library, which reads an int up to its largest.
-std::vector<int> numbersOf(const std::string &text)
-{
-    static const char digits[] = "0123456789";
-    std::vector<int> numbers;
-    size_t start = text.find_first_of(digits);
-    while (start != std::string::npos) {
-        const size_t end = text.find_first_not_of(digits, start);
-        std::istringstream stream(text.substr(start, end == std::string::npos ? end : end - start));
-        numbers.push_back(0);
-        stream >> numbers.back();
-        start = end == std::string::npos ? end : text.find_first_of(digits, end);
-    }
-    return numbers;
 }
 
 std::string randomText(QRandomGenerator &random)
@@ -208,26 +191,26 @@ private slots:
         qInfo("seed %u", seed);
         QRandomGenerator random(seed);
         int dates = 0;
+        const QRegularExpression number("[0-9]+");
         for (int i = 0; i < kFuzzTexts; ++i) {
             const std::string text = randomText(random);
-            const std::vector<int> numbers = numbersOf(text);
             const _BPDateTime before{1, 2, 3, 4, 5, 6, 9};
             _BPDateTime date = before;
             _BPDateTime time = before;
+            QVector<quint16> numbers;
+            auto found = number.globalMatch(QString::fromLatin1(text.data(), int(text.size())));
+            while (found.hasNext())
+                numbers << quint16(qMin(found.next().captured().toDouble(), 65535.0));
             const bool three = numbers.size() == 3;
             const QByteArray shown = QByteArray::fromStdString(text).toHex();
             QVERIFY2(IBPDateTime::TransSystemDateFromString(date, text) == three, shown);
             QVERIFY2(IBPDateTime::TransSystemTimeFromString(time, text) == three, shown);
-            if (three) {
-                ++dates;
-                const quint16 fields[] = {quint16(qMin(numbers[0], 65535)), quint16(qMin(numbers[1], 65535)),
-                                          quint16(qMin(numbers[2], 65535))};
-                QVERIFY2(date.wYear == fields[0] && date.wMonth == fields[1] && date.wDay == fields[2],
-                         shown);
-                QVERIFY2(time.wHour < 24 && time.wMinute < 60 && time.wSecond < 60, shown);
-            } else {
-                QVERIFY2(date == before && time == before, shown);
-            }
+            dates += three ? 1 : 0;
+            QVERIFY2((QVector<quint16>{date.wYear, date.wMonth, date.wDay}) ==
+                         (three ? numbers : QVector<quint16>{1, 2, 3}),
+                     shown);
+            QVERIFY2(three || time == before, shown);
+            QVERIFY2(time.wHour < 24 && time.wMinute < 60 && time.wSecond < 60, shown);
             std::string written;
             IBPDateTime::TransSystemDateToString(date, written, text);
             IBPDateTime::TransSystemTimeToString(time, written, true, text);
