@@ -1,3 +1,4 @@
+#include "Acts.h"
 #include "CBPImageButton.h"
 #include "CEditTimeEdit.h"
 #include "Pixels.h"
@@ -38,13 +39,6 @@ struct TimeList : CEditTimeEdit
     {
         Initialize(times);
     }
-
-    void showActive()
-    {
-        show();
-        activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(this));
-    }
 };
 
 const QTime kMorning(6, 30);
@@ -80,64 +74,54 @@ private slots:
         }
     }
 
-    void addAndRemove_data()
-    {
-        QTest::addColumn<int>("maxCount");
-        QTest::addColumn<int>("count");
-        QTest::addColumn<bool>("more");
-        for (const int maxCount : {INT_MIN, -1, 0, 1, 2, 3, INT_MAX}) {
-            for (const int count : {2, 3})
-                QTest::addRow("%d of %d", count, maxCount) << maxCount << count << (count < maxCount);
-        }
-    }
-
     void addAndRemove()
     {
-        QFETCH(int, maxCount);
-        QFETCH(int, count);
-        TimeList list(maxCount);
-        for (int i = 1; i < count; ++i)
-            addButtonOf(list)->click();
-        QCOMPARE(fieldsOf(list).size(), count);
-        QTEST(!addButtonOf(list)->isHidden(), "more");
-        const QList<QTimeEdit *> fields = fieldsOf(list);
-        for (QTimeEdit *field : fields)
-            QVERIFY(!deleteButtonOf(field)->isHidden());
-        for (int left = count - 1; left > 0; --left) {
-            deleteButtonOf(fieldsOf(list).first())->click();
-            QCOMPARE(fieldsOf(list).size(), left);
-            QCOMPARE(!addButtonOf(list)->isHidden(), left < maxCount);
+        for (const int maxCount : {INT_MIN, -1, 0, 1, 2, 3, INT_MAX}) {
+            for (const int count : {2, 3}) {
+                TimeList list(maxCount);
+                for (int i = 1; i < count; ++i)
+                    addButtonOf(list)->click();
+                QCOMPARE(fieldsOf(list).size(), count);
+                QCOMPARE(!addButtonOf(list)->isHidden(), count < maxCount);
+                const QList<QTimeEdit *> fields = fieldsOf(list);
+                for (QTimeEdit *field : fields)
+                    QVERIFY(!deleteButtonOf(field)->isHidden());
+                for (int left = count - 1; left > 0; --left) {
+                    deleteButtonOf(fieldsOf(list).first())->click();
+                    QCOMPARE(fieldsOf(list).size(), left);
+                    QCOMPARE(!addButtonOf(list)->isHidden(), left < maxCount);
+                }
+                QTimeEdit *last = fieldsOf(list).first();
+                QCOMPARE(last, fields.last());
+                QVERIFY(deleteButtonOf(last)->isHidden());
+                QVERIFY(fields.first()->parentWidget()->isHidden());
+                deleteButtonOf(last)->click();
+                QCOMPARE(list.GetQTimes().size(), 1);
+            }
         }
-        QTimeEdit *last = fieldsOf(list).first();
-        QCOMPARE(last, fields.last());
-        QVERIFY(deleteButtonOf(last)->isHidden());
-        QVERIFY(fields.first()->parentWidget()->isHidden());
-        deleteButtonOf(last)->click();
-        QCOMPARE(list.GetQTimes().size(), 1);
-    }
-
-    void initialize_data()
-    {
-        QTest::addColumn<QVector<QTime>>("times");
-        QTest::addColumn<QVector<QTime>>("kept"); // by two fields at 01:00
-        const QTime one(1, 0);
-        QTest::newRow("none") << QVector<QTime>{} << QVector<QTime>{one, one};
-        QTest::newRow("fewer") << QVector<QTime>{kNoon} << QVector<QTime>{kNoon, one};
-        QTest::newRow("no time") << QVector<QTime>{QTime(), kNoon} << QVector<QTime>{one, kNoon};
-        const QVector<QTime> five{kEvening, kMorning, kNoon, kMorning, QTime(23, 59)};
-        QTest::newRow("more than the greatest count") << five << five;
     }
 
     void initialize()
     {
-        QFETCH(QVector<QTime>, times);
-        QFETCH(QVector<QTime>, kept);
-        TimeList list(3, {QTime(1, 0), QTime(1, 0)});
-        list.Initialize(times);
-        QCOMPARE(list.GetQTimes(), kept);
-        QCOMPARE(!addButtonOf(list)->isHidden(), kept.size() < 3);
-        std::sort(kept.begin(), kept.end());
-        QCOMPARE(list.GetQTimesSorted(), kept);
+        using Times = QVector<QTime>;
+        const QTime one(1, 0);
+        const Times five{kEvening, kMorning, kNoon, kMorning, QTime(23, 59)};
+        const struct
+        {
+            Times times, kept; // by two fields at 01:00
+        } rows[] = {{{}, {one, one}},
+                    {{kNoon}, {kNoon, one}},
+                    {{QTime(), kNoon}, {one, kNoon}}, // no time
+                    {five, five}};                    // more than the greatest count
+        for (const auto &row : rows) {
+            TimeList list(3, {one, one});
+            list.Initialize(row.times);
+            QCOMPARE(list.GetQTimes(), row.kept);
+            QCOMPARE(!addButtonOf(list)->isHidden(), row.kept.size() < 3);
+            Times sorted = row.kept;
+            std::sort(sorted.begin(), sorted.end());
+            QCOMPARE(list.GetQTimesSorted(), sorted);
+        }
     }
 
     void times()
@@ -162,7 +146,7 @@ private slots:
     void listFocus()
     {
         TimeList list(3, {kMorning, kEvening});
-        list.showActive();
+        showActive(list);
         CBPImageButton *add = addButtonOf(list);
         add->setFocus();
         QTest::keyClick(add, Qt::Key_Space);
@@ -215,31 +199,20 @@ private slots:
         QVERIFY(spokenName(deleteButtonOf(fields.last())).contains('3'));
     }
 
-    void deletedByItsItem_data()
-    {
-        QTest::addColumn<bool>("wholeList");
-        QTest::newRow("the list") << true;
-        QTest::newRow("the item") << false; // which the list has put away, and would delete once more
-    }
-
     void deletedByItsItem()
     {
-        QFETCH(bool, wholeList);
-        QPointer<TimeList> list = new TimeList(4, {kMorning, kNoon});
-        QPointer<CEditTimeEditItem> item = list->findChild<CEditTimeEditItem *>();
-        connect(item.data(), &CEditTimeEditItem::sigHideItem, this, [&] {
-            if (wholeList)
-                delete list;
-            else
-                delete item;
-        });
-        list->show();
-        QTest::mouseClick(deleteButtonOf(fieldsOf(*list).first()), Qt::LeftButton);
-        QVERIFY(!item);
-        QCOMPARE(!list, wholeList);
-        if (list)
-            QCOMPARE(list->GetQTimes(), QVector<QTime>{kNoon});
-        delete list;
+        for (const bool wholeList : {true, false}) { // the item, which the list would delete once more
+            QPointer<TimeList> list = new TimeList(4, {kMorning, kNoon});
+            QPointer<CEditTimeEditItem> item = list->findChild<CEditTimeEditItem *>();
+            connect(item.data(), &CEditTimeEditItem::sigHideItem, this,
+                    [&] { delete (wholeList ? static_cast<QWidget *>(list) : item); });
+            list->show();
+            QTest::mouseClick(deleteButtonOf(fieldsOf(*list).first()), Qt::LeftButton);
+            QVERIFY(!item);
+            QCOMPARE(!list, wholeList);
+            QVERIFY(wholeList || list->GetQTimes() == QVector<QTime>{kNoon});
+            delete list;
+        }
     }
 
     // By somebody who went through the children: the list goes on with what is left.
