@@ -20,14 +20,8 @@ inline bool operator==(const _BPDateTime &a, const _BPDateTime &b)
 
 inline char *toString(const _BPDateTime &dt)
 {
-    return QTest::toString(QString("%1-%2-%3 %4:%5:%6 (%7)")
-                               .arg(dt.wYear)
-                               .arg(dt.wMonth)
-                               .arg(dt.wDay)
-                               .arg(dt.wHour)
-                               .arg(dt.wMinute)
-                               .arg(dt.wSecond)
-                               .arg(dt.wDayOfWeek));
+    return QTest::toString(QString::asprintf("%d-%d-%d %d:%d:%d (%d)", dt.wYear, dt.wMonth, dt.wDay, dt.wHour,
+                                             dt.wMinute, dt.wSecond, dt.wDayOfWeek));
 }
 
 // Each test is a new process as far as the class can tell.
