@@ -269,22 +269,6 @@ private slots:
         QCOMPARE(darkAt(ink.center().y()) > darkAt(ink.top() + 1), !mirrored);
     }
 
-    // Fields of large letters have a large calendar.
-    void largeText()
-    {
-        Scene scene;
-        scene.open();
-        const QSize usual = scene.calendar()->size();
-        QTest::keyClick(scene.view(), Qt::Key_Escape);
-        QFont large = scene.edit->font();
-        large.setPixelSize(26);
-        scene.edit->setFont(large);
-        QVERIFY(becomesActive(scene.window));
-        scene.open();
-        QTRY_COMPARE(scene.calendar()->size(), usual * 2);
-        QCOMPARE(scene.barButton("nextmonth")->height(), 56);
-    }
-
     // Stepping the year is given up first, then the calendar closes.
     void escapeFromTheYear()
     {
@@ -302,25 +286,19 @@ private slots:
         QVERIFY(!scene.tip()->isVisible());
     }
 
-    // Field and box around it have one colour, whatever the palette.
+    // Field and box around it have one colour, whatever the palette. Seen right of the button: some styles
+    // paint a field of their own ground.
     void groundOfTheField()
     {
-        const QPalette before = QApplication::palette();
-        QPalette dark = before;
-        dark.setColor(QPalette::Base, QColor(30, 30, 30));
-        QApplication::setPalette(dark);
         CBPDateSelector selector;
-        // Right of the button, where the box is seen: some styles paint a field of their own ground.
-        const auto ground = [&] {
+        for (const QColor &base : {selector.palette().color(QPalette::Base), QColor(30, 30, 30)}) {
+            QPalette palette = selector.palette();
+            palette.setColor(QPalette::Base, base);
+            if (base != selector.palette().color(QPalette::Base))
+                selector.setPalette(palette);
             const QImage image = selector.grab().toImage();
-            return image.pixelColor(image.width() - 4, image.height() / 2);
-        };
-        const QColor made = ground();
-        QApplication::setPalette(before);
-        QCOMPARE(made, QColor(30, 30, 30));
-        dark.setColor(QPalette::Base, QColor(60, 0, 0));
-        selector.setPalette(dark);
-        QCOMPARE(ground(), QColor(60, 0, 0));
+            QCOMPARE(image.pixelColor(image.width() - 4, image.height() / 2), base);
+        }
     }
 
     void openedAgain()
@@ -343,6 +321,16 @@ private slots:
         scene.selector->SetDate(later);
         scene.open();
         QCOMPARE(calendar->selectedDate(), later);
+        // Fields of large letters have a large calendar.
+        const QSize usual = calendar->size();
+        QTest::keyClick(scene.view(), Qt::Key_Escape);
+        QFont large = scene.edit->font();
+        large.setPixelSize(26);
+        scene.edit->setFont(large);
+        QVERIFY(becomesActive(scene.window));
+        scene.open();
+        QTRY_COMPARE(calendar->size(), usual * 2);
+        QCOMPARE(scene.barButton("nextmonth")->height(), 56);
         QCOMPARE(scene.button->findChildren<CBPTipWnd *>().size(), 1);
     }
 
@@ -353,8 +341,8 @@ private slots:
         const QCalendarWidget *calendar = scene.calendar();
         for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday})
             QCOMPARE(calendar->weekdayTextFormat(day).foreground().color(), QColor(253, 123, 0));
-        QVERIFY(!calendar->isGridVisible());
-        QCOMPARE(calendar->verticalHeaderFormat(), QCalendarWidget::NoVerticalHeader);
+        QVERIFY(!calendar->isGridVisible() &&
+                calendar->verticalHeaderFormat() == QCalendarWidget::NoVerticalHeader);
         auto *year = calendar->findChild<QSpinBox *>("qt_calendar_yearedit");
         QVERIFY(!year->findChild<QLineEdit *>("qt_spinbox_lineedit")->isEnabled());
         QVERIFY(year->isEnabled());

@@ -306,48 +306,30 @@ private slots:
         }
     }
 
-    void times()
-    {
-        CEditTimeEditItem item("../res/delete.png");
-        QSignalSpy spy(&item, SIGNAL(sigHideItem(CEditTimeEditItem *)));
-        QTime noon = kNoon;
-        item.SetQTime(noon);
-        QCOMPARE(item.GetQTime(), kNoon);
-        item.SetIconVisual(false);
-        auto *button = item.findChild<CBPImageButton *>();
-        QVERIFY(button->isHidden());
-        item.SetIconVisual(true);
-        item.show();
-        QTest::mouseClick(button, Qt::LeftButton);
-        QCOMPARE(spy.count(), 1);
-        QCOMPARE(qvariant_cast<CEditTimeEditItem *>(spy[0][0]), &item);
-        QVERIFY(item.isVisible());
-    }
-
     // By keyboard all through; the focus never leaves the list.
     void listFocus()
     {
         TimeList list(3, {kMorning, kEvening});
         showActive(list);
         CBPImageButton *add = addButtonOf(list);
-        add->setFocus();
-        QTest::keyClick(add, Qt::Key_Space);
+        const auto press = [](QWidget *button) {
+            button->setFocus();
+            QTest::keyClick(button, Qt::Key_Space);
+        };
+        press(add);
         QCOMPARE(QApplication::focusWidget(), fieldsOf(list).last()); // the button is gone
         QList<QTimeEdit *> fields = fieldsOf(list);
         fields.last()->setTime(kNoon);
 
-        deleteButtonOf(fields[1])->setFocus();
-        QTest::keyClick(deleteButtonOf(fields[1]), Qt::Key_Space);
+        press(deleteButtonOf(fields[1]));
         QCOMPARE(list.GetQTimes(), (QVector<QTime>{kMorning, kNoon}));
         QCOMPARE(QApplication::focusWidget(), fields[2]);
-        add->setFocus();
-        QTest::keyClick(add, Qt::Key_Space);
+        press(add);
         QCOMPARE(QApplication::focusWidget(), fieldsOf(list).last());
         fields = fieldsOf(list);
 
         // Tab goes through the row, and from its end to the add button.
-        deleteButtonOf(fields[2])->setFocus();
-        QTest::keyClick(deleteButtonOf(fields[2]), Qt::Key_Space);
+        press(deleteButtonOf(fields[2]));
         QCOMPARE(QApplication::focusWidget(), fields[1]);
         QVector<QWidget *> chain;
         fields[0]->setFocus();
