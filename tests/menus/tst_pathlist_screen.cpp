@@ -6,8 +6,6 @@
 
 #include <QPushButton>
 
-#include <functional>
-
 namespace {
 
 constexpr int kFirstShows = 20; // where a list is shown wrongly, it is now and then
@@ -40,7 +38,6 @@ struct Scene
     }
 
     void click(QWidget *widget) const { RealInput::click(widget->mapToGlobal(widget->rect().center())); }
-    void clickBeside() const { RealInput::click(window.mapToGlobal(QPoint(390, 10))); }
     bool opened() const
     {
         return QTest::qWaitFor([this] { return list.isVisible() && list.isActiveWindow(); }, 3000);
@@ -89,12 +86,13 @@ private slots:
     void closed()
     {
         Scene scene;
-        const std::function<void()> ways[] = {[&] { RealInput::typeKey(Qt::Key_Escape); },
-                                              [&] { scene.clickBeside(); }};
         for (int i = 0; i < 4; ++i) {
             scene.click(&scene.button);
             QVERIFY(scene.opened());
-            ways[i % 2]();
+            if (i % 2 == 0)
+                RealInput::typeKey(Qt::Key_Escape);
+            else
+                RealInput::click(scene.window.mapToGlobal(QPoint(390, 10)));
             QVERIFY2(scene.closed(), qPrintable(QString::number(i)));
         }
         // The keys are the list's: to the row below the newest.
