@@ -53,6 +53,9 @@ enum BPSystemTimeFormat {
 
 /// Turns dates and times into texts in the order of the user's regional settings, and back.
 ///
+/// Outside Windows the settings are the short formats of the system's QLocale, in the notation of Windows:
+/// words are left out, the time has seconds, and where there is no region the date is MM/dd/yyyy.
+///
 /// All operations are static. Texts are UTF-8. The settings are read once, when first needed, and kept until
 /// the process ends. Nothing throws or says anything: a failure is a false result or an empty text. Where an
 /// operation takes a separator, an empty one means that of the settings; it may have any length. GUI thread

@@ -72,6 +72,10 @@ struct Scene
     CBPTipWnd *tip() const { return button->findChild<CBPTipWnd *>(); }
     QCalendarWidget *calendar() const { return tip() ? tip()->findChild<QCalendarWidget *>() : nullptr; }
     QTableView *view() const { return calendar()->findChild<QTableView *>(); }
+    QToolButton *barButton(const char *name) const
+    {
+        return calendar()->findChild<QToolButton *>(QString("qt_calendar_%1").arg(name));
+    }
 
     void open(const QString &how = "Alt+Down")
     {
@@ -107,416 +111,317 @@ class TestDateSelector : public QObject
     Q_OBJECT
 
 private slots:
-    void field();
-    void range_data();
-    void range();
-    void opens_data();
-    void opens();
-    void escape_data();
-    void escape();
-    void picks_data();
-    void picks();
-    void doubleClick();
-    void place_data();
-    void place();
-    void largeText();
-    void escapeFromTheYear();
-    void groundOfTheField();
-    void clickElsewhere();
-    void openedAgain();
-    void calendarLook();
-    void deletedByThePick_data();
-    void deletedByThePick();
-    void deletedWhileOpen_data();
-    void deletedWhileOpen();
-    void deletedWithTheMonths();
-};
-
-void TestDateSelector::field()
-{
-    Scene scene;
-    scene.elsewhere->setFocus();
-    const auto frame = [&] { return scene.selector->grab().toImage().pixelColor(0, 0); };
-    QCOMPARE(frame(), kFrame);
-    scene.selector->setFocus(); // goes to the field, which shows it
-    QVERIFY(scene.edit->hasFocus());
-    QVERIFY(frame() != kFrame);
-    // Tab goes on to the button, and out.
-    QTest::keyClick(scene.edit, Qt::Key_Tab);
-    while (scene.edit->hasFocus()) // from part to part of the date first, in some styles
+    void field()
+    {
+        Scene scene;
+        scene.elsewhere->setFocus();
+        const auto frame = [&] { return scene.selector->grab().toImage().pixelColor(0, 0); };
+        QCOMPARE(frame(), kFrame);
+        scene.selector->setFocus(); // goes to the field, which shows it
+        QVERIFY(scene.edit->hasFocus());
+        QVERIFY(frame() != kFrame);
+        // Tab goes on to the button, and out.
         QTest::keyClick(scene.edit, Qt::Key_Tab);
-    QVERIFY(scene.button->hasFocus());
-    QTest::keyClick(scene.button, Qt::Key_Tab);
-    QVERIFY(scene.elsewhere->hasFocus());
-    QCOMPARE(frame(), kFrame);
-    QVERIFY(!spokenName(scene.button).isEmpty() && !spokenName(scene.edit).isEmpty());
-    QSignalSpy spy(scene.selector.data(), SIGNAL(sigDateEditFinish()));
-    QTest::keyClick(scene.edit, Qt::Key_Return);
-    QCOMPARE(spy.count(), 1);
-    scene.selector->setEnabled(false);
-    QTest::keyClick(scene.edit, Qt::Key_Down, Qt::AltModifier);
-    QVERIFY(!scene.tip());
-}
-
-void TestDateSelector::range_data()
-{
-    QTest::addColumn<QDate>("given");
-    QTest::addColumn<QDate>("kept");
-    QTest::newRow("first") << QDate(1980, 1, 1) << QDate(1980, 1, 1);
-    QTest::newRow("before") << QDate(1979, 12, 31) << QDate(1980, 1, 1);
-    QTest::newRow("last") << QDate(2099, 12, 31) << QDate(2099, 12, 31);
-    QTest::newRow("after") << QDate(2100, 1, 1) << QDate(2099, 12, 31);
-    QTest::newRow("no date") << QDate() << QDate(2024, 3, 7);
-    QTest::newRow("no such day") << QDate(2023, 2, 29) << QDate(2024, 3, 7);
-}
-
-void TestDateSelector::range()
-{
-    QFETCH(QDate, given);
-    CBPDateSelector selector;
-    QDate date(2024, 3, 7);
-    selector.SetDate(date);
-    QSignalSpy spy(&selector, SIGNAL(sigDateEditFinish()));
-    selector.SetDate(given);
-    QTEST(selector.GetDate(), "kept");
-    QCOMPARE(spy.count(), 0);
-}
-
-void TestDateSelector::opens_data()
-{
-    QTest::addColumn<QString>("how");
-    for (const char *how : {"mouse", "Space", "Alt+Down"})
-        QTest::newRow(how) << QString(how);
-}
-
-void TestDateSelector::opens()
-{
-    QFETCH(QString, how);
-    Scene scene;
-    scene.open(how);
-    QCOMPARE(scene.calendar()->selectedDate(), QDate(2024, 3, 7));
-    QCOMPARE(scene.selector->GetDate(), QDate(2024, 3, 7)); // the key did not step it
-    // The calendar fills the window but for its frame.
-    QCOMPARE(scene.calendar()->geometry(), scene.tip()->rect().adjusted(1, 1, -1, -1));
-    QCOMPARE(scene.tip()->layout()->count(), 1);
-    QCOMPARE(scene.tip()->pos(), scene.button->mapToGlobal(QPoint(-1, scene.button->height())));
-}
-
-void TestDateSelector::escape_data()
-{
-    QTest::addColumn<QString>("how");
-    QTest::addColumn<bool>("toButton");
-    QTest::newRow("from the field") << "Alt+Down" << false;
-    QTest::newRow("from the button") << "Space" << true;
-}
-
-void TestDateSelector::escape()
-{
-    QFETCH(QString, how);
-    QFETCH(bool, toButton);
-    Scene scene;
-    if (toButton)
-        scene.button->setFocus();
-    scene.open(how);
-    QTest::keyClick(scene.view(), Qt::Key_Right);
-    QSignalSpy spy(scene.selector.data(), SIGNAL(sigDateEditFinish()));
-    QTest::keyClick(scene.view(), Qt::Key_Escape);
-    QVERIFY(!scene.tip()->isVisible());
-    QCOMPARE(spy.count(), 0);
-    QVERIFY(becomesActive(scene.window));
-    QTRY_COMPARE(QApplication::focusWidget(), toButton ? static_cast<QWidget *>(scene.button) : scene.edit);
-    QCOMPARE(scene.selector->GetDate(), QDate(2024, 3, 7));
-    // And again, from a button of the calendar.
-    scene.open(how);
-    QTest::keyClick(scene.calendar()->findChild<QToolButton *>("qt_calendar_nextmonth"), Qt::Key_Escape);
-    QVERIFY(!scene.tip()->isVisible() && becomesActive(scene.window));
-}
-
-// Stepping the year is given up first, then the calendar closes.
-void TestDateSelector::escapeFromTheYear()
-{
-    Scene scene;
-    scene.open();
-    QTest::mouseClick(scene.calendar()->findChild<QToolButton *>("qt_calendar_yearbutton"), Qt::LeftButton);
-    auto *year = scene.calendar()->findChild<QSpinBox *>("qt_calendar_yearedit");
-    QTRY_VERIFY(year->hasFocus());
-    QTest::keyClick(year, Qt::Key_Up);
-    QTest::keyClick(year, Qt::Key_Escape);
-    QVERIFY(!year->isVisible() && scene.tip()->isVisible());
-    QCOMPARE(scene.calendar()->yearShown(), 2024);
-    QVERIFY(scene.view()->hasFocus());
-    QTest::keyClick(scene.view(), Qt::Key_Escape);
-    QVERIFY(!scene.tip()->isVisible());
-}
-
-// Field and box around it have one colour, whatever the palette.
-void TestDateSelector::groundOfTheField()
-{
-    const QPalette before = QApplication::palette();
-    QPalette dark = before;
-    dark.setColor(QPalette::Base, QColor(30, 30, 30));
-    QApplication::setPalette(dark);
-    CBPDateSelector selector;
-    // Right of the button, where the box is seen: some styles paint a field of their own ground.
-    const auto ground = [&] {
-        const QImage image = selector.grab().toImage();
-        return image.pixelColor(image.width() - 4, image.height() / 2);
-    };
-    const QColor made = ground();
-    QApplication::setPalette(before);
-    QCOMPARE(made, QColor(30, 30, 30));
-    dark.setColor(QPalette::Base, QColor(60, 0, 0));
-    selector.setPalette(dark);
-    QCOMPARE(ground(), QColor(60, 0, 0));
-}
-
-void TestDateSelector::picks_data()
-{
-    QTest::addColumn<QString>("how");
-    QTest::addColumn<int>("count");
-    QTest::newRow("click") << "click" << 1;
-    QTest::newRow("Return") << "Return" << 1;
-    QTest::newRow("double click") << "double click" << 2;
-}
-
-void TestDateSelector::picks()
-{
-    QFETCH(QString, how);
-    QFETCH(int, count);
-    Scene scene;
-    scene.open();
-    QSignalSpy spy(scene.selector.data(), SIGNAL(sigDateEditFinish()));
-    if (how == "click") {
-        QTest::mouseClick(scene.view()->viewport(), Qt::LeftButton, {}, scene.dayAt(15));
-    } else if (how == "Return") {
-        QTest::keyClick(scene.view(), Qt::Key_Down);
-        QTest::keyClick(scene.view(), Qt::Key_Right);
-        QTest::keyClick(scene.view(), Qt::Key_Return);
-    } else { // the calendar says both
-        emit scene.calendar()->clicked(QDate(2024, 3, 15));
-        emit scene.calendar()->activated(QDate(2024, 3, 15));
-    }
-    QCOMPARE(spy.count(), count);
-    QCOMPARE(scene.selector->GetDate(), QDate(2024, 3, 15));
-    QVERIFY(!scene.tip()->isVisible());
-    QVERIFY(becomesActive(scene.window));
-    QTRY_VERIFY(scene.edit->hasFocus());
-}
-
-// The second click is no click on what lies beneath the calendar.
-void TestDateSelector::doubleClick()
-{
-    if (!RealInput::available())
-        QSKIP("no screen of its own");
-    const int interval = QApplication::doubleClickInterval();
-    QApplication::setDoubleClickInterval(20000);
-    Scene scene;
-    scene.selector->setMaximumWidth(200);
-    scene.elsewhere->setFixedSize(600, 320);
-    QVERIFY(becomesActive(scene.window));
-    scene.open();
-    QSignalSpy picks(scene.selector.data(), SIGNAL(sigDateEditFinish()));
-    QSignalSpy beneath(scene.elsewhere, SIGNAL(clicked()));
-    const QPoint day = scene.view()->viewport()->mapToGlobal(scene.dayAt(15));
-    QVERIFY(scene.elsewhere->rect().contains(scene.elsewhere->mapFromGlobal(day)));
-    const auto isGone = [&] {
-        return !scene.tip()->windowHandle()->isExposed() && scene.window.isActiveWindow();
-    };
-    RealInput::click(day);
-    QTRY_VERIFY(isGone()); // sooner, and the window manager may lose the second one
-    RealInput::click(day);
-    QTRY_COMPARE(picks.count(), 2);
-    QTRY_VERIFY(isGone() && QApplication::mouseButtons() == Qt::NoButton);
-    QCOMPARE(beneath.count(), 0);
-    QTest::mouseClick(scene.elsewhere, Qt::LeftButton); // not for ever
-    QCOMPARE(beneath.count(), 1);
-    QApplication::setDoubleClickInterval(interval);
-}
-
-void TestDateSelector::place_data()
-{
-    columns<QPoint, bool>("corner", "mirrored"); // of the window; -1: as far as the screen goes
-    row("room below", QPoint(300, 100), false);
-    row("room below, mirrored", QPoint(300, 100), true);
-    row("in the corner", QPoint(-1, -1), false);
-    row("at the bottom, mirrored", QPoint(10, -1), true);
-}
-
-void TestDateSelector::place()
-{
-    QFETCH(QPoint, corner);
-    QFETCH(bool, mirrored);
-    Scene scene;
-    scene.window.setLayoutDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
-    const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
-    const QRect frame = scene.window.frameGeometry();
-    scene.window.move(corner.x() < 0 ? area.right() - frame.width() + 1 : corner.x(),
-                      corner.y() < 0 ? area.bottom() - frame.height() + 1 : corner.y());
-    scene.open();
-    const QRect button(scene.button->mapToGlobal(QPoint()), scene.button->size());
-    const QRect tip = scene.tip()->geometry();
-    QVERIFY(area.contains(tip) && !tip.intersects(button));
-    QVERIFY(corner.y() < 0 ? tip.bottom() + 1 == button.top()
-                           : tip.topLeft() == button.bottomLeft() + QPoint(-1, 1));
-    // An arrow points to where its month lies: its tip is beside its upper end.
-    const QImage arrow = pictureOf(*scene.calendar()->findChild<QToolButton *>("qt_calendar_nextmonth"), 1);
-    const QRect ink = inkOf(arrow);
-    const auto darkAt = [&](int y) { return inkOf(arrow.copy(0, y, arrow.width(), 1)).center().x(); };
-    QCOMPARE(darkAt(ink.center().y()) > darkAt(ink.top() + 1), !mirrored);
-}
-
-// Fields of large letters have a large calendar.
-void TestDateSelector::largeText()
-{
-    Scene scene;
-    scene.open();
-    const QSize usual = scene.calendar()->size();
-    QTest::keyClick(scene.view(), Qt::Key_Escape);
-    QFont large = scene.edit->font();
-    large.setPixelSize(26);
-    scene.edit->setFont(large);
-    QVERIFY(becomesActive(scene.window));
-    scene.open();
-    QTRY_COMPARE(scene.calendar()->size(), usual * 2);
-    QCOMPARE(scene.calendar()->findChild<QToolButton *>("qt_calendar_nextmonth")->height(), 56);
-}
-
-// Who clicks elsewhere has said where the focus goes.
-void TestDateSelector::clickElsewhere()
-{
-    Scene scene;
-    scene.open();
-    scene.window.activateWindow();
-    scene.elsewhere->setFocus();
-    QVERIFY(becomesActive(scene.window));
-    QTRY_VERIFY(!scene.tip()->isVisible());
-    QTRY_VERIFY(scene.elsewhere->hasFocus());
-}
-
-void TestDateSelector::openedAgain()
-{
-    Scene scene;
-    scene.open();
-    const QPointer<QCalendarWidget> calendar = scene.calendar();
-    calendar->showNextYear();
-    scene.tip()->hide();
-    scene.window.activateWindow();
-    QVERIFY(becomesActive(scene.window));
-    scene.open(); // the same date, but another month was left open
-    QCOMPARE(scene.calendar(), calendar.data());
-    QCOMPARE(QDate(calendar->yearShown(), calendar->monthShown(), 1), QDate(2024, 3, 1));
-    QTest::keyClick(scene.view(), Qt::Key_Escape);
-    QVERIFY(becomesActive(scene.window));
-    QDate later(2031, 10, 2);
-    scene.selector->SetDate(later);
-    scene.open();
-    QCOMPARE(calendar->selectedDate(), later);
-    QCOMPARE(scene.button->findChildren<CBPTipWnd *>().size(), 1);
-}
-
-void TestDateSelector::calendarLook()
-{
-    Scene scene;
-    scene.open();
-    const QCalendarWidget *calendar = scene.calendar();
-    for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday})
-        QCOMPARE(calendar->weekdayTextFormat(day).foreground().color(), QColor(253, 123, 0));
-    QVERIFY(!calendar->isGridVisible());
-    QCOMPARE(calendar->verticalHeaderFormat(), QCalendarWidget::NoVerticalHeader);
-    auto *year = calendar->findChild<QSpinBox *>("qt_calendar_yearedit");
-    QVERIFY(!year->findChild<QLineEdit *>("qt_spinbox_lineedit")->isEnabled());
-    QVERIFY(year->isEnabled());
-    for (const char *name : {"prevmonth", "nextmonth"}) {
-        auto *button = calendar->findChild<QToolButton *>(QString("qt_calendar_") + name);
-        const QString file = QString("../res/calendar_%1.png").arg(QString(name).left(4));
-        QCOMPARE(button->icon().pixmap(16, 16).toImage().pixelColor(5, 8), QImage(file).pixelColor(5, 8));
-        QVERIFY(!spokenName(button).isEmpty());
+        while (scene.edit->hasFocus()) // from part to part of the date first, in some styles
+            QTest::keyClick(scene.edit, Qt::Key_Tab);
+        QVERIFY(scene.button->hasFocus());
+        QTest::keyClick(scene.button, Qt::Key_Tab);
+        QVERIFY(scene.elsewhere->hasFocus());
+        QCOMPARE(frame(), kFrame);
+        QVERIFY(!spokenName(scene.button).isEmpty() && !spokenName(scene.edit).isEmpty());
+        QSignalSpy spy(scene.selector.data(), SIGNAL(sigDateEditFinish()));
+        QTest::keyClick(scene.edit, Qt::Key_Return);
+        QCOMPARE(spy.count(), 1);
+        scene.selector->setEnabled(false);
+        QTest::keyClick(scene.edit, Qt::Key_Down, Qt::AltModifier);
+        QVERIFY(!scene.tip());
     }
 
-    // The selected day is a tile of the accent, and a day under the pointer has one, too.
-    QWidget *days = scene.view()->viewport();
-    const auto corner = [&](int day) {
-        return days->grab().toImage().pixelColor(scene.dayAt(day) + QPoint(-10, -10));
-    };
-    QCOMPARE(corner(7), kAccent);
-    QCOMPARE(corner(20), QColor(Qt::white));
-    for (const int day : {20, 21}) {
-        QMouseEvent move(QEvent::MouseMove, scene.dayAt(day), Qt::NoButton, Qt::NoButton, {});
-        QCoreApplication::sendEvent(days, &move);
-        QCOMPARE(corner(20) != QColor(Qt::white), day == 20);
+    void range()
+    {
+        const QDate before(2024, 3, 7);
+        const QDate first(1980, 1, 1);
+        const QDate last(2099, 12, 31);
+        const QDate rows[][2] = {{first, first},    {first.addDays(-1), first},
+                                 {last, last},      {last.addDays(1), last},
+                                 {QDate(), before}, {QDate(2023, 2, 29), before}};
+        for (const auto &row : rows) {
+            CBPDateSelector selector;
+            QDate date = before;
+            selector.SetDate(date);
+            QSignalSpy spy(&selector, SIGNAL(sigDateEditFinish()));
+            date = row[0];
+            selector.SetDate(date);
+            QCOMPARE(selector.GetDate(), row[1]);
+            QCOMPARE(spy.count(), 0);
+        }
     }
-}
 
-void TestDateSelector::deletedByThePick_data()
-{
-    QTest::addColumn<bool>("byMouse");
-    QTest::newRow("mouse") << true;
-    QTest::newRow("Return") << false;
-}
+    // And closes by Escape, in the days and then in a button of the bar.
+    void opens()
+    {
+        for (const QString how : {"mouse", "Space", "Alt+Down"}) {
+            Scene scene;
+            if (how == "Space")
+                scene.button->setFocus();
+            scene.open(how);
+            QWidget *const focus = scene.window.focusWidget();
+            QVERIFY(how != "Space" || focus == scene.button);
+            QCOMPARE(scene.calendar()->selectedDate(), QDate(2024, 3, 7));
+            QCOMPARE(scene.selector->GetDate(), QDate(2024, 3, 7)); // the key did not step it
+            // The calendar fills the window but for its frame.
+            QCOMPARE(scene.calendar()->geometry(), scene.tip()->rect().adjusted(1, 1, -1, -1));
+            QCOMPARE(scene.tip()->layout()->count(), 1);
+            QTest::keyClick(scene.view(), Qt::Key_Right);
+            QSignalSpy spy(scene.selector.data(), SIGNAL(sigDateEditFinish()));
+            QTest::keyClick(scene.view(), Qt::Key_Escape);
+            QVERIFY(!scene.tip()->isVisible() && becomesActive(scene.window));
+            QTRY_COMPARE(QApplication::focusWidget(), focus);
+            QCOMPARE(scene.selector->GetDate(), QDate(2024, 3, 7));
+            QCOMPARE(spy.count(), 0);
+            scene.open(how);
+            QTest::keyClick(scene.barButton("nextmonth"), Qt::Key_Escape);
+            QVERIFY(!scene.tip()->isVisible() && becomesActive(scene.window));
+        }
+    }
 
-void TestDateSelector::deletedByThePick()
-{
-    QFETCH(bool, byMouse);
-    Scene scene;
-    scene.open();
-    const QPointer<QCalendarWidget> calendar = scene.calendar();
-    QTableView *view = scene.view();
-    connect(scene.selector.data(), &CBPDateSelector::sigDateEditFinish, this, [&] { delete scene.selector; });
-    if (byMouse)
-        QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, scene.dayAt(15));
-    else
-        QTest::keyClick(view, Qt::Key_Return);
-    QVERIFY(!scene.selector);
-    QTRY_VERIFY(!calendar);
-}
+    void picks()
+    {
+        for (const QString how : {"click", "Return", "double click"}) {
+            Scene scene;
+            scene.open();
+            QSignalSpy spy(scene.selector.data(), SIGNAL(sigDateEditFinish()));
+            if (how == "click") {
+                QTest::mouseClick(scene.view()->viewport(), Qt::LeftButton, {}, scene.dayAt(15));
+            } else if (how == "Return") {
+                for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Right, Qt::Key_Return})
+                    QTest::keyClick(scene.view(), key);
+            } else { // the calendar says both
+                emit scene.calendar()->clicked(QDate(2024, 3, 15));
+                emit scene.calendar()->activated(QDate(2024, 3, 15));
+            }
+            QCOMPARE(spy.count(), how == "double click" ? 2 : 1);
+            QCOMPARE(scene.selector->GetDate(), QDate(2024, 3, 15));
+            QVERIFY(!scene.tip()->isVisible() && becomesActive(scene.window));
+            QTRY_VERIFY(scene.edit->hasFocus());
+        }
+    }
 
-void TestDateSelector::deletedWhileOpen_data()
-{
-    QTest::addColumn<int>("what");
-    QTest::newRow("selector") << 0;
-    QTest::newRow("button") << 1;
-    QTest::newRow("field") << 2;
-    QTest::newRow("calendar") << 3;
-}
-
-void TestDateSelector::deletedWhileOpen()
-{
-    QFETCH(int, what);
-    Scene scene;
-    scene.open();
-    const QPointer<CBPTipWnd> tip = scene.tip();
-    QWidget *parts[] = {scene.selector, scene.button, scene.edit, scene.calendar()};
-    delete parts[what];
-    QCOMPARE(!tip, what < 2);
-    if (!scene.selector)
-        return;
-    QDate date(2031, 10, 2);
-    scene.selector->SetDate(date);
-    QCOMPARE(scene.selector->GetDate(), what == 2 ? QDate() : date);
-    if (what == 3) {
-        tip->hide();
+    // The second click is no click on what lies beneath the calendar.
+    void doubleClick()
+    {
+        if (!RealInput::available())
+            QSKIP("no screen of its own");
+        const int interval = QApplication::doubleClickInterval();
+        QApplication::setDoubleClickInterval(20000);
+        Scene scene;
+        scene.selector->setMaximumWidth(200);
+        scene.elsewhere->setFixedSize(600, 320);
         QVERIFY(becomesActive(scene.window));
         scene.open();
-        QCOMPARE(scene.calendar()->selectedDate(), date);
+        QSignalSpy picks(scene.selector.data(), SIGNAL(sigDateEditFinish()));
+        QSignalSpy beneath(scene.elsewhere, SIGNAL(clicked()));
+        const QPoint day = scene.view()->viewport()->mapToGlobal(scene.dayAt(15));
+        QVERIFY(scene.elsewhere->rect().contains(scene.elsewhere->mapFromGlobal(day)));
+        const auto isGone = [&] {
+            return !scene.tip()->windowHandle()->isExposed() && scene.window.isActiveWindow();
+        };
+        RealInput::click(day);
+        QTRY_VERIFY(isGone()); // sooner, and the window manager may lose the second one
+        RealInput::click(day);
+        QTRY_COMPARE(picks.count(), 2);
+        QTRY_VERIFY(isGone() && QApplication::mouseButtons() == Qt::NoButton);
+        QCOMPARE(beneath.count(), 0);
+        QTest::mouseClick(scene.elsewhere, Qt::LeftButton); // not for ever
+        QCOMPARE(beneath.count(), 1);
+        QApplication::setDoubleClickInterval(interval);
     }
-}
 
-// With the menu of the months open, in whose loop it happens. A press alone: QTest's click would go on to
-// send the release to a button that is no more.
-void TestDateSelector::deletedWithTheMonths()
-{
-    Scene scene;
-    scene.open();
-    auto *months = scene.calendar()->findChild<QToolButton *>("qt_calendar_monthbutton");
-    const QPointer<QMenu> menu = months->menu();
-    const auto kill = [selector = scene.selector] { delete selector; };
-    connect(menu, &QMenu::aboutToShow, qApp, [=] { QTimer::singleShot(0, qApp, kill); });
-    QTest::mousePress(months, Qt::LeftButton); // until it is deleted
-    QVERIFY(!scene.selector && !menu);
-    QSignalSpy clicks(scene.elsewhere, SIGNAL(clicked()));
-    QTest::mouseClick(scene.window.windowHandle(), Qt::LeftButton, {}, scene.elsewhere->geometry().center());
-    QCOMPARE(clicks.count(), 1);
-}
+    void place_data()
+    {
+        columns<QPoint, bool>("corner", "mirrored"); // of the window; -1: as far as the screen goes
+        row("room below", QPoint(300, 100), false);
+        row("room below, mirrored", QPoint(300, 100), true);
+        row("in the corner", QPoint(-1, -1), false);
+        row("at the bottom, mirrored", QPoint(10, -1), true);
+    }
+
+    void place()
+    {
+        QFETCH(QPoint, corner);
+        QFETCH(bool, mirrored);
+        Scene scene;
+        scene.window.setLayoutDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
+        const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
+        const QRect frame = scene.window.frameGeometry();
+        scene.window.move(corner.x() < 0 ? area.right() - frame.width() + 1 : corner.x(),
+                          corner.y() < 0 ? area.bottom() - frame.height() + 1 : corner.y());
+        scene.open();
+        const QRect button(scene.button->mapToGlobal(QPoint()), scene.button->size());
+        const QRect tip = scene.tip()->geometry();
+        QVERIFY(area.contains(tip) && !tip.intersects(button));
+        QVERIFY(corner.y() < 0 ? tip.bottom() + 1 == button.top()
+                               : tip.topLeft() == button.bottomLeft() + QPoint(-1, 1));
+        // An arrow points to where its month lies: its tip is beside its upper end.
+        const QImage arrow = pictureOf(*scene.barButton("nextmonth"), 1);
+        const QRect ink = inkOf(arrow);
+        const auto darkAt = [&](int y) { return inkOf(arrow.copy(0, y, arrow.width(), 1)).center().x(); };
+        QCOMPARE(darkAt(ink.center().y()) > darkAt(ink.top() + 1), !mirrored);
+    }
+
+    // Stepping the year is given up first, then the calendar closes.
+    void escapeFromTheYear()
+    {
+        Scene scene;
+        scene.open();
+        QTest::mouseClick(scene.barButton("yearbutton"), Qt::LeftButton);
+        auto *year = scene.calendar()->findChild<QSpinBox *>("qt_calendar_yearedit");
+        QTRY_VERIFY(year->hasFocus());
+        QTest::keyClick(year, Qt::Key_Up);
+        QTest::keyClick(year, Qt::Key_Escape);
+        QVERIFY(!year->isVisible() && scene.tip()->isVisible());
+        QCOMPARE(scene.calendar()->yearShown(), 2024);
+        QVERIFY(scene.view()->hasFocus());
+        QTest::keyClick(scene.view(), Qt::Key_Escape);
+        QVERIFY(!scene.tip()->isVisible());
+    }
+
+    // Field and box around it have one colour, whatever the palette. Seen right of the button: some styles
+    // paint a field of their own ground.
+    void groundOfTheField()
+    {
+        CBPDateSelector selector;
+        for (const QColor &base : {selector.palette().color(QPalette::Base), QColor(30, 30, 30)}) {
+            QPalette palette = selector.palette();
+            palette.setColor(QPalette::Base, base);
+            if (base != selector.palette().color(QPalette::Base))
+                selector.setPalette(palette);
+            const QImage image = selector.grab().toImage();
+            QCOMPARE(image.pixelColor(image.width() - 4, image.height() / 2), base);
+        }
+    }
+
+    void openedAgain()
+    {
+        Scene scene;
+        scene.open();
+        const QPointer<QCalendarWidget> calendar = scene.calendar();
+        calendar->showNextYear();
+        // Who clicks elsewhere has said where the focus goes.
+        scene.window.activateWindow();
+        scene.elsewhere->setFocus();
+        QVERIFY(becomesActive(scene.window));
+        QTRY_VERIFY(!scene.tip()->isVisible() && scene.elsewhere->hasFocus());
+        scene.open(); // the same date, but another month was left open
+        QCOMPARE(scene.calendar(), calendar.data());
+        QCOMPARE(QDate(calendar->yearShown(), calendar->monthShown(), 1), QDate(2024, 3, 1));
+        QTest::keyClick(scene.view(), Qt::Key_Escape);
+        QVERIFY(becomesActive(scene.window));
+        QDate later(2031, 10, 2);
+        scene.selector->SetDate(later);
+        scene.open();
+        QCOMPARE(calendar->selectedDate(), later);
+        // Fields of large letters have a large calendar.
+        const QSize usual = calendar->size();
+        QTest::keyClick(scene.view(), Qt::Key_Escape);
+        QFont large = scene.edit->font();
+        large.setPixelSize(26);
+        scene.edit->setFont(large);
+        QVERIFY(becomesActive(scene.window));
+        scene.open();
+        QTRY_COMPARE(calendar->size(), usual * 2);
+        QCOMPARE(scene.barButton("nextmonth")->height(), 56);
+        QCOMPARE(scene.button->findChildren<CBPTipWnd *>().size(), 1);
+    }
+
+    void calendarLook()
+    {
+        Scene scene;
+        scene.open();
+        const QCalendarWidget *calendar = scene.calendar();
+        for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday})
+            QCOMPARE(calendar->weekdayTextFormat(day).foreground().color(), QColor(253, 123, 0));
+        QVERIFY(!calendar->isGridVisible() &&
+                calendar->verticalHeaderFormat() == QCalendarWidget::NoVerticalHeader);
+        auto *year = calendar->findChild<QSpinBox *>("qt_calendar_yearedit");
+        QVERIFY(!year->findChild<QLineEdit *>("qt_spinbox_lineedit")->isEnabled());
+        QVERIFY(year->isEnabled());
+        for (const char *name : {"prevmonth", "nextmonth"}) {
+            QToolButton *button = scene.barButton(name);
+            const QString file = QString("../res/calendar_%1.png").arg(QString(name).left(4));
+            QCOMPARE(button->icon().pixmap(16, 16).toImage().pixelColor(5, 8), QImage(file).pixelColor(5, 8));
+            QVERIFY(!spokenName(button).isEmpty());
+        }
+
+        // The selected day is a tile of the accent, and a day under the pointer has one, too.
+        QWidget *days = scene.view()->viewport();
+        const auto corner = [&](int day) {
+            return days->grab().toImage().pixelColor(scene.dayAt(day) + QPoint(-10, -10));
+        };
+        QCOMPARE(corner(7), kAccent);
+        QCOMPARE(corner(20), QColor(Qt::white));
+        for (const int day : {20, 21}) {
+            QMouseEvent move(QEvent::MouseMove, scene.dayAt(day), Qt::NoButton, Qt::NoButton, {});
+            QCoreApplication::sendEvent(days, &move);
+            QCOMPARE(corner(20) != QColor(Qt::white), day == 20);
+        }
+    }
+
+    // By somebody who hears of a pick with the mouse or by Return, or by anybody.
+    void deleted()
+    {
+        for (const bool byMouse : {true, false}) {
+            Scene scene;
+            scene.open();
+            const QPointer<QCalendarWidget> calendar = scene.calendar();
+            const auto kill = [&] { delete scene.selector; };
+            connect(scene.selector.data(), &CBPDateSelector::sigDateEditFinish, this, kill);
+            if (byMouse)
+                QTest::mouseClick(scene.view()->viewport(), Qt::LeftButton, {}, scene.dayAt(15));
+            else
+                QTest::keyClick(scene.view(), Qt::Key_Return);
+            QVERIFY(!scene.selector);
+            QTRY_VERIFY(!calendar);
+        }
+        QDate date(2031, 10, 2);
+        for (const int what : {0, 1, 2, 3}) {
+            Scene scene;
+            scene.open();
+            const QPointer<CBPTipWnd> tip = scene.tip();
+            QWidget *parts[] = {scene.selector, scene.button, scene.edit, scene.calendar()};
+            delete parts[what];
+            QCOMPARE(!tip, what < 2);
+            if (what == 0)
+                continue;
+            scene.selector->SetDate(date);
+            QCOMPARE(scene.selector->GetDate(), what == 2 ? QDate() : date);
+            if (what == 3) {
+                tip->hide();
+                QVERIFY(becomesActive(scene.window));
+                scene.open();
+                QCOMPARE(scene.calendar()->selectedDate(), date);
+            }
+        }
+    }
+
+    // With the menu of the months open, in whose loop it happens. A press alone: QTest's click would go on to
+    // send the release to a button that is no more.
+    void deletedWithTheMonths()
+    {
+        Scene scene;
+        scene.open();
+        QToolButton *months = scene.barButton("monthbutton");
+        const QPointer<QMenu> menu = months->menu();
+        const auto kill = [selector = scene.selector] { delete selector; };
+        connect(menu, &QMenu::aboutToShow, qApp, [=] { QTimer::singleShot(0, qApp, kill); });
+        QTest::mousePress(months, Qt::LeftButton); // until it is deleted
+        QVERIFY(!scene.selector && !menu);
+        QSignalSpy clicks(scene.elsewhere, SIGNAL(clicked()));
+        QTest::mouseClick(scene.window.windowHandle(), Qt::LeftButton, {},
+                          scene.elsewhere->geometry().center());
+        QCOMPARE(clicks.count(), 1);
+    }
+};
 
 LUMQT_TEST_MAIN(TestDateSelector)
 #include "tst_dateselector.moc"

@@ -1,13 +1,83 @@
-#include "datetime/RegionalSettings.h"
+#include "IBPDateTime.h"
+#include "platform/Platform.h"
 #include "TestMain.h"
 
-#include <QDate>
+#include <QDateTime>
+#include <QHash>
+#include <QRegularExpression>
+#include <QScopeGuard>
 
 #include <climits>
 
+#if defined(Q_OS_WIN)
+#include <windows.h>
+#else
+#include "platform/generic/LocaleTexts.h"
+
+#include <QLocale>
+
+#include <time.h>
+#endif
+
 namespace {
 
-const Region kIso{"yyyy-MM-dd", "HH:mm:ss", "-", ":"};
+// Each test is a new process as far as the class can tell.
+class Settings : public IBPDateTime
+{
+public:
+    using IBPDateTime::_GetSystemLocaleInfo;
+    using IBPDateTime::ConcatenateToString;
+    using IBPDateTime::SeparateStringToInt;
+
+    static void forget()
+    {
+        m_bUseSystemFormat = true;
+        m_dateFormat = BPDateFormat_None;
+        m_timeFormat = BPTimeFormat_None;
+        m_iYearCounts = 4;
+        m_iMonthCounts = m_iDayCounts = m_iHourCounts = 1;
+        m_iMinCounts = m_iSecCounts = 2;
+        for (std::string *text : {&m_strDate, &m_strDateSplitor, &m_strTime, &m_strTimeSplitor})
+            text->clear();
+    }
+};
+
+// Sets the regional settings.
+void live(const QString &date, const QString &time, const QString &dateSeparator,
+          const QString &timeSeparator)
+{
+    const QHash<unsigned long, QString> texts{
+        {0x1D, dateSeparator}, {0x1E, timeSeparator}, {0x1F, date}, {0x1003, time}};
+    lumqt::platform::answers().localeInfo = [texts](unsigned long type, unsigned long locale) {
+        return locale == 0x400 ? texts.value(type) : QString();
+    };
+}
+
+QString shown(const _BPDateTime &dt)
+{
+    return QString::asprintf("%d-%d-%d %d:%d:%d (%d)", dt.wYear, dt.wMonth, dt.wDay, dt.wHour, dt.wMinute,
+                             dt.wSecond, dt.wDayOfWeek);
+}
+
+constexpr quint64 kFileTimeOf1970 = 116444736000000000;
+
+// Today.
+int secondsAheadOfUtc()
+{
+#if defined(Q_OS_WIN)
+    // Not of the C library, which has a zone of its own where TZ is set.
+    TIME_ZONE_INFORMATION zone = {};
+    const bool summer = GetTimeZoneInformation(&zone) == TIME_ZONE_ID_DAYLIGHT;
+    return -60 * int(zone.Bias + (summer ? zone.DaylightBias : zone.StandardBias));
+#else
+    return QDateTime::currentDateTime().offsetFromUtc();
+#endif
+}
+
+QString text(const std::string &utf8)
+{
+    return QString::fromStdString(utf8);
+}
 
 } // namespace
 
@@ -21,7 +91,7 @@ private slots:
     void init()
     {
         Settings::forget();
-        live(kIso);
+        live("yyyy-MM-dd", "HH:mm:ss", "-", ":");
     }
 
     void cleanup()
@@ -30,408 +100,383 @@ private slots:
         Settings::forget();
     }
 
-    void dateFormats_data();
-    void dateFormats();
-    void timeFormats_data();
-    void timeFormats();
-    void readOnce();
-    void firstYearHasFourDigits();
-    void dateToText_data();
-    void dateToText();
-    void textToDate_data();
-    void textToDate();
-    void timeToText_data();
-    void timeToText();
-    void textToTime_data();
-    void textToTime();
-    void hours();
-    void combined_data();
-    void combined();
-    void compact();
-    void comparison();
-    void parts();
+    void dateFormats()
+    {
+        // Pattern; format, normalised pattern, counts, the seventh of March 2024.
+        const char *const rows[][2] = {{"yy/M/d", "1 yy-M-d 2 1 1 24/03/07"},
+                                       {"yy-MM-dd", "2 yy-MM-dd 2 2 2 24/03/07"},
+                                       {"yyyy/M/d", "3 yyyy-M-d 4 1 1 2024/03/07"},
+                                       {"yyyy.MM.d", "4 yyyy-MM-d 4 2 1 2024/03/07"},
+                                       {"yyyy-MM-dd", "5 yyyy-MM-dd 4 2 2 2024/03/07"},
+                                       {"M/d/yyyy", "6 M-d-yyyy 4 1 1 03/07/2024"},
+                                       {"M/d/yy", "7 M-d-yy 2 1 1 03/07/24"},
+                                       {"MM dd yyyy", "8 MM-dd-yyyy 4 2 2 03/07/2024"},
+                                       {"d.MM.yyyy", "9 d-MM-yyyy 4 2 1 07/03/2024"},
+                                       {"d/M/yy", "10 d-M-yy 2 1 1 07/03/24"},
+                                       {"dd.MM.yy", "11 dd-MM-yy 2 2 2 07/03/24"},
+                                       {"dd.MM.yyyy", "12 dd-MM-yyyy 4 2 2 07/03/2024"},
+                                       {"d/M/yyyy", "6 M-D-YYYY 4 1 1 03/07/2024"},
+                                                                  {"yyyy\u5e74M\u6708d\u65e5", "6 M-D-YYYY 4 1 1 03/07/2024"},
+                                       {"", "6 M-D-YYYY 4 1 1 03/07/2024"}};
+        for (const auto &row : rows) {
+            Settings::forget();
+            live(row[0], QString(), "/", QString());
+            QStringList got{QString::number(IBPDateTime::GetSystemDateFormat()),
+                            text(IBPDateTime::GetStringDateFormat())};
+            for (const auto count : {&IBPDateTime::GetSystemYearCounts, &IBPDateTime::GetSystemMonthCounts,
+                                     &IBPDateTime::GetSystemDayCounts})
+                got << QString::number(count());
+            std::string written;
+            QVERIFY(IBPDateTime::TransSystemDateToString({2024, 3, 7, 0, 0, 0, 0}, written));
+            got << text(written);
+            QCOMPARE(got.join(' '), QString(row[1]));
+            _BPDateTime read;
+            Settings::forget(); // reading alone finds out the order, too
+            QVERIFY(IBPDateTime::TransSystemDateFromString(read, written));
+            QCOMPARE(read.wYear % 100 * 10000 + read.wMonth * 100 + read.wDay, 240307);
+        }
+    }
+
+    void timeFormats()
+    {
+        // Pattern; format, letters of the hour, without and with seconds.
+        const char *const rows[][2] = {{"tt h:mm:ss", "1 1 tt h:mm tt h:mm:ss"},
+                                       {"H.mm.ss", "2 1 H:mm H:mm:ss"},
+                                       {"tt hh-mm-ss", "3 2 tt hh:mm tt hh:mm:ss"},
+                                       {"HH:mm:ss", "4 2 HH:mm HH:mm:ss"},
+                                       {"h:mm:ss tt", "5 1 h:mm tt h:mm:ss tt"},
+                                       {"hh:mm:ss tt", "6 2 hh:mm tt hh:mm:ss tt"},
+                                       {"HH'h'mm", "1 1 h:mm tt h:mm:ss tt"},
+                                       {"h:mm:ss\u00a0tt", "1 1 h:mm tt h:mm:ss tt"},
+                                       {"", "1 1 h:mm tt h:mm:ss tt"}};
+        for (const auto &row : rows) {
+            Settings::forget();
+            live(QString(), row[0], QString(), QString());
+            const QString shortPattern = text(IBPDateTime::GetStringTimeFormat(false));
+            QCOMPARE(QString("%1 %2 %3 %4")
+                         .arg(IBPDateTime::GetSystemTimeFormat())
+                         .arg(IBPDateTime::GetSystemHourCounts())
+                         .arg(shortPattern, text(IBPDateTime::GetStringTimeFormat(true))),
+                     QString(row[1]));
+            // Whatever the format, with the separator that stands for a missing one.
+            std::string written;
+            QVERIFY(IBPDateTime::TransSystemTimeToString({0, 0, 0, 23, 5, 9, 0}, written, true));
+            QCOMPARE(written + IBPDateTime::GetSystemDateSplitor(), std::string("23:05:09/"));
+        }
+    }
+
+    // A change of the settings shows in the next process only.
+    void readOnce()
+    {
+        QCOMPARE(IBPDateTime::GetSystemYearCounts() + IBPDateTime::GetSystemMonthCounts() +
+                     IBPDateTime::GetSystemDayCounts() + IBPDateTime::GetSystemHourCounts(),
+                 4 + 1 + 1 + 1);
+        IBPDateTime::GetSystemDateFormat();
+        IBPDateTime::GetSystemTimeFormat();
+        IBPDateTime::GetSystemDateSplitor();
+        IBPDateTime::GetSystemTimeSplitor();
+        live("dd.MM.yy", "h:mm:ss tt", "!", "!");
+        QCOMPARE(int(IBPDateTime::GetSystemDateFormat()), 5);
+        QCOMPARE(int(IBPDateTime::GetSystemTimeFormat()), 4);
+        QCOMPARE(IBPDateTime::GetSystemDateSplitor() + IBPDateTime::GetSystemTimeSplitor(),
+                 std::string("-:"));
+        QVERIFY(IBPDateTime::GetUseSystemFormat());
+        IBPDateTime::SetUseSystemFormat(false);
+        QVERIFY(!IBPDateTime::GetUseSystemFormat());
+        // What is found out on the way comes too late for the year.
+        Settings::forget();
+        live("dd.MM.yy", QString(), ".", QString());
+        for (const char *expected : {"07.03.2024", "07.03.24"}) {
+            std::string written;
+            QVERIFY(IBPDateTime::TransSystemDateToString({2024, 3, 7, 0, 0, 0, 0}, written));
+            QCOMPARE(written, std::string(expected));
+        }
+    }
+
+    void dateToText()
+    {
+        const struct
+        {
+            _BPDateTime date;
+            std::string separator, text; // no text: refused
+        } rows[] = {{{2024, 0, 1}, "", ""},
+                    {{2024, 13, 1}, "", ""},
+                    {{2024, 1, 0}, "", ""},
+                    {{2024, 1, 32}, "", ""},
+                    {{65535, 65535, 65535}, "", ""},
+                    {{2023, 2, 31}, "", "2023-02-31"},
+                    {{0, 1, 1}, "", "0000-01-01"},
+                    {{65535, 12, 31}, "", "65535-12-31"},
+                    {{2024, 3, 7}, "\u5e74", "2024\u5e7403\u5e7407"},
+                    {{2024, 3, 7}, std::string("a\0b", 3), std::string("2024a\0b03a\0b07", 14)}};
+        for (const auto &row : rows) {
+            std::string written = "as it was";
+            const bool done = IBPDateTime::TransSystemDateToString(row.date, written, row.separator);
+            QCOMPARE(done, !row.text.empty());
+            QCOMPARE(written, done ? row.text : "as it was");
+        }
+    }
+
+    void textToDate()
+    {
+        const struct
+        {
+            QByteArray text;
+            const char *fields; // year, month, day, day of the week; none: refused
+        } rows[] = {{"2024-02-29", "2024 2 29 4"},
+                    {"2024-02-30", "2024 2 30 9"},
+                    {"2024-03-10", "2024 3 10 7"},
+                    {"0-0-0", "0 0 0 9"},
+                    {"24/3/7", "24 3 7 4"},
+                    {"-5 -6 +7 ", "5 6 7 2"},
+                    {"x12y3z2024", "12 3 2024 9"},
+                    {"2024\u5e743\u67087\u65e5", "2024 3 7 4"},
+                    {QByteArray("2024\0\0003\0007", 9), "2024 3 7 4"},
+                    {"65535-12-31", "65535 12 31 2"},
+                    {"65536-65537-1", "65535 65535 1 9"},
+                    {"2147483647 2147483648 99999999999999999999", "65535 65535 65535 9"},
+                    {"", ""},
+                    {"2024", ""},
+                    {"1/2", ""},
+                    {"1/2/3/4", ""},
+                    {"\uff11-\uff12-\uff13", ""}}; // digits of another script
+        for (const auto &row : rows) {
+            _BPDateTime dt{1, 2, 3, 4, 5, 6, 9};
+            QVERIFY2(IBPDateTime::TransSystemDateFromString(dt, row.text.toStdString()) ==
+                         (*row.fields != '\0'),
+                     row.text);
+            const QString read =
+                QString::asprintf("%d %d %d %d", dt.wYear, dt.wMonth, dt.wDay, dt.wDayOfWeek);
+            QCOMPARE(read, QString(*row.fields ? row.fields : "1 2 3 9"));
+            QVERIFY(dt.wHour == 4 && dt.wMinute == 5 && dt.wSecond == 6);
+        }
+    }
+
+    void timeToText()
+    {
+        const struct
+        {
+            _BPDateTime time;
+            bool withSecond;
+            const char *separator, *text; // no text: refused
+        } rows[] = {{{0, 0, 0, 23, 5, 9}, true, "", "23:05:09"},
+                    {{0, 0, 0, 23, 5, 9}, false, "", "23:05"},
+                    {{}, true, " h ", "00 h 00 h 00"},
+                    {{0, 0, 0, 23, 59, 59}, true, "\u00b7", "23\u00b759\u00b759"},
+                    {{0, 0, 0, 24, 0, 0}, true, "", ""},
+                    {{0, 0, 0, 0, 60, 0}, true, "", ""},
+                    {{0, 0, 0, 0, 0, 60}, false, "", ""}};
+        for (const auto &row : rows) {
+            std::string written = "as it was";
+            const bool done =
+                IBPDateTime::TransSystemTimeToString(row.time, written, row.withSecond, row.separator);
+            QCOMPARE(done, *row.text != '\0');
+            QCOMPARE(written, std::string(done ? row.text : "as it was"));
+        }
+    }
+
+    void textToTime()
+    {
+        // Those of which nothing is taken are texts of times, too.
+        const char *const rows[][2] = {
+            {"23:59:59", "23 59 59"},    {"12:30:00 AM", "0 30 0"},   {"12:30:00 PM", "12 30 0"},
+            {"PM 3.15.7", "15 15 7"},    {"11:59:59PM", "23 59 59"},  {"3:15:00 pm", "3 15 0"},
+            {"AM 3:15:00 PM", "3 15 0"}, {"PM 3:15:00 AM", "3 15 0"}, {"00:30:00 PM", "7 8 9"},
+            {"00:30:00 AM", "7 8 9"},    {"13:00:00 PM", "7 8 9"},    {"14:00:00 AM", "7 8 9"},
+            {"25:00:00", "7 8 9"},       {"24:00:00", "7 8 9"},       {"0:60:0", "7 8 9"},
+            {"0:0:60", "7 8 9"},         {"4294967297:0:0", "7 8 9"}};
+        for (const auto &row : rows) {
+            _BPDateTime dt{1, 2, 3, 7, 8, 9, 5};
+            QVERIFY2(IBPDateTime::TransSystemTimeFromString(dt, row[0]), row[0]);
+            QCOMPARE(QString::asprintf("%d %d %d", dt.wHour, dt.wMinute, dt.wSecond), QString(row[1]));
+            QVERIFY(dt.wYear == 1 && dt.wMonth == 2 && dt.wDay == 3 && dt.wDayOfWeek == 5);
+        }
+        const _BPDateTime before{1, 2, 3, 7, 8, 9, 5};
+        _BPDateTime dt = before;
+        for (const char *refused : {"12:30 AM", "1:2:3:4", "AM", ""})
+            QVERIFY2(!IBPDateTime::TransSystemTimeFromString(dt, refused), refused);
+        QCOMPARE(shown(dt), shown(before));
+    }
+
+    void combined()
+    {
+        const struct
+        {
+            quint16 hour;
+            const char *texts;
+        } rows[] = {{0, "AM 12:30 00:30"},  {1, "AM 01:30 01:30"},  {11, "AM 11:30 11:30"},
+                    {12, "PM 12:30 00:30"}, {13, "PM 01:30 00:30"}, {23, "PM 11:30 00:30"},
+                    {24, "AM 00:30 00:30"}};
+        for (const auto &row : rows) {
+            const _BPDateTime dt{2024, 3, 7, row.hour, 30, 9, 0};
+            QCOMPARE(IBPDateTime::CombinTime(dt, true) + ' ' + IBPDateTime::CombinTime(dt, false),
+                     std::string(row.texts));
+        }
+        unsigned hour = 99;
+        bool pm = true;
+        for (const unsigned wrong : {24u, UINT_MAX})
+            QVERIFY(!IBPDateTime::TrasmitTimeHour24To12(wrong, hour, pm));
+        for (const unsigned wrong : {0u, 13u, UINT_MAX})
+            QVERIFY(!IBPDateTime::TrasmitTimeHour12To24(wrong, hour, true));
+        QVERIFY(hour == 99 && pm);
+        const _BPDateTime date{2024, 3, 7, 0, 0, 0, 0};
+        QCOMPARE(IBPDateTime::CombinDate(date) + IBPDateTime::CombinDate(date, " of "),
+                 std::string("03-0703 of 07"));
+    }
+
+    void comparison()
+    {
+        const _BPDateTime base{2024, 9, 9, 9, 9, 9, 7};
+        const _BPDateTime later[] = {{2025, 1, 1, 0, 0, 0, 0},  {2024, 10, 1, 0, 0, 0, 0},
+                                     {2024, 9, 10, 0, 0, 0, 0}, {2024, 9, 9, 10, 0, 0, 0},
+                                     {2024, 9, 9, 9, 10, 0, 0}, {2024, 9, 9, 9, 9, 10, 0}};
+        for (const _BPDateTime &dt : later) {
+            QVERIFY(IBPDateTime::CompareDateTime(base, dt) < 0);
+            QVERIFY(IBPDateTime::CompareDateTime(dt, base) > 0);
+        }
+        QCOMPARE(IBPDateTime::CompareDateTime(base, {2024, 9, 9, 9, 9, 9, 1}), 0);
+        QCOMPARE(IBPDateTime::TranDateTimeToString({2024, 3, 7, 15, 5, 9, 4}), std::string("20240307150509"));
+        QCOMPARE(IBPDateTime::TranDateTimeToString({65535, 65535, 65535, 65535, 65535, 65535, 65535}),
+                 std::string("655356553565535655356553565535"));
+    }
+
+    void parts()
+    {
+        const char *const end = nullptr;
+        QCOMPARE(Settings::ConcatenateToString("a", "", "bc", end), std::string("abc"));
+        std::vector<int> numbers{1}; // what was there stays
+        bool noMarker = true;
+        bool am = true;
+        QVERIFY(Settings::SeparateStringToInt("2 PM", numbers, noMarker, am) && !noMarker && !am);
+        am = true;
+        QVERIFY(Settings::SeparateStringToInt("x", numbers, noMarker, am) && noMarker && am);
+        QCOMPARE(numbers, (std::vector<int>{1, 2}));
+    }
+
+    void fileTime()
+    {
+        // Seconds from 1970: that, 1900-03-01, a leap day, winter and summer, the end of the year 9999.
+        QVector<quint64> times{0, 9999999, 7 * 864000000000ULL, LLONG_MAX, 1ULL << 63, ~0ULL};
+        for (const qint64 seconds :
+             {0LL, -25508LL * 86400, 951825599LL, 1705325709LL, 1721050509LL, 253402300799LL})
+            times << kFileTimeOf1970 + quint64(seconds * 10000000);
+        times << times.last() + 9999999;
+#if defined(Q_OS_WIN)
+        const QByteArrayList zones{"the system's"}; // another one would be another process
+#else
+        // Summer time somewhere all year round, so that today's offset is not that of some of the dates.
+        const QByteArrayList zones{"UTC0", "AAA-1BBB,M3.5.0,M10.5.0/3", "AAA+5:30",
+                                   "AAA-10BBB,M10.1.0,M4.1.0/3"};
+        const QByteArray zoneBefore = qgetenv("TZ");
+        const auto putBack = qScopeGuard([&] {
+            zoneBefore.isNull() ? qunsetenv("TZ") : qputenv("TZ", zoneBefore);
+            tzset();
+        });
+#endif
+        for (const QByteArray &zone : zones) {
+#if !defined(Q_OS_WIN)
+            qputenv("TZ", zone);
+            tzset();
+#endif
+            const int ahead = secondsAheadOfUtc();
+            for (const quint64 ticks : times) {
+                const quint64 local = ticks + quint64(qint64(ahead)) * 10000000;
+                _BPDateTime expected;
+                if (ticks != 0 && local <= quint64(LLONG_MAX)) {
+                    const QDateTime time =
+                        QDateTime(QDate(1601, 1, 1), QTime(0, 0), Qt::UTC).addSecs(qint64(local / 10000000));
+                    expected = {quint16(time.date().year()),         quint16(time.date().month()),
+                                quint16(time.date().day()),          quint16(time.time().hour()),
+                                quint16(time.time().minute()),       quint16(time.time().second()),
+                                quint16(time.date().dayOfWeek() % 7)};
+                }
+                QVERIFY2(shown(IBPDateTime::Tran64SecToBPDateTime(ticks)) == shown(expected),
+                         zone + ", " + QByteArray::number(ticks));
+            }
+        }
+    }
+
+    void clock()
+    {
+        _BPDateTime now{0, 0, 0, 0, 0, 0, 9};
+        // Broken down by the C library, as the clock is.
+        const auto qtNow = [] { return QDateTime::fromMSecsSinceEpoch(QDateTime::currentMSecsSinceEpoch()); };
+        const QDateTime before = qtNow();
+        IBPDateTime::GetSystemTime(&now);
+        const QDateTime after = qtNow();
+        const QDateTime read(QDate(now.wYear, now.wMonth, now.wDay),
+                             QTime(now.wHour, now.wMinute, now.wSecond));
+        QVERIFY2(before.addSecs(-1) < read && read <= after, qPrintable(read.toString(Qt::ISODate)));
+        QCOMPARE(now.wDayOfWeek, quint16(9));
+        IBPDateTime::GetSystemTime(nullptr);
+    }
+
+    void systemsOwn()
+    {
+        lumqt::platform::answers().localeInfo = m_system;
+#if defined(Q_OS_WIN)
+        for (const unsigned long type : {0x1DUL, 0x1EUL, 0x1FUL, 0x1003UL, 0x59UL}) {
+            wchar_t text[256] = {};
+            QVERIFY(GetLocaleInfoW(LOCALE_USER_DEFAULT, type, text, 256) > 1);
+            QCOMPARE(QString::fromStdString(Settings::_GetSystemLocaleInfo(type, 0x400)),
+                     QString::fromWCharArray(text));
+        }
+        QVERIFY(Settings::_GetSystemLocaleInfo(0xFFFF, 0x400).empty());
+#else
+        // Date separator, time separator, date, time.
+        const struct
+        {
+            const char *locale, *texts;
+        } rows[] = {{"C", "/|:|MM/dd/yyyy|HH:mm:ss"},       {"ar_EG", "/|:|d/M/yyyy|h:mm:ss tt"},
+                    {"dz_BT", "-|:|yyyy-MM-dd|h:mm:ss tt"}, {"bg_BG", ".|:|d.MM.yy .|H:mm:ss"},
+                    {"zh_CN", "/|:|yyyy/M/d|tt h:mm:ss"},   {"zh_TW", "/|:|yyyy/M/d|tt h:mm:ss"},
+                    {"da_DK", ".|.|dd.MM.yyyy|HH.mm.ss"},   {"nl_NL", "-|:|dd-MM-yyyy|HH:mm:ss"},
+                    {"en_US", "/|:|M/d/yy|h:mm:ss tt"},     {"en_ZA", "/|:|yyyy/MM/dd|HH:mm:ss"},
+                    {"en_GB", "/|:|dd/MM/yyyy|HH:mm:ss"},   {"fi_FI", ".|.|d.M.yyyy|H.mm.ss"},
+                    {"fr_FR", "/|:|dd/MM/yyyy|HH:mm:ss"},   {"fr_CA", "-|:|yyyy-MM-dd|HH:mm:ss"},
+                    {"de_DE", ".|:|dd.MM.yy|HH:mm:ss"},     {"he_IL", ".|:|d.M.yyyy|H:mm:ss"},
+                    {"hi_IN", "/|:|d/M/yy|h:mm:ss tt"},     {"hu_HU", ". |:|yyyy. MM. dd.|H:mm:ss"},
+                    {"it_IT", "/|:|dd/MM/yy|HH:mm:ss"},     {"ja_JP", "/|:|yyyy/MM/dd|H:mm:ss"},
+                    {"ko_KR", ". |:|yy. M. d.|tt h:mm:ss"}, {"fa_IR", "/|:|yyyy/M/d|H:mm:ss"},
+                    {"pl_PL", ".|:|dd.MM.yyyy|HH:mm:ss"},   {"pt_BR", "/|:|dd/MM/yyyy|HH:mm:ss"},
+                    {"ru_RU", ".|:|dd.MM.yyyy|HH:mm:ss"},   {"sk_SK", ". |:|d. M. yyyy|H:mm:ss"},
+                    {"es_ES", "/|:|d/M/yy|H:mm:ss"},        {"sv_SE", "-|:|yyyy-MM-dd|HH:mm:ss"},
+                    {"th_TH", "/|:|d/M/yy|HH:mm:ss"},       {"tr_TR", ".|:|d.MM.yyyy|HH:mm:ss"}};
+        const auto textsOf = [](const QLocale &locale) {
+            QStringList texts;
+            for (const unsigned long type : {0x1DUL, 0x1EUL, 0x1FUL, 0x1003UL})
+                texts << lumqt::platform::localeText(locale, type);
+            return texts;
+        };
+        for (const auto &row : rows)
+            QCOMPARE(textsOf(QLocale(row.locale)).join('|'), QString(row.texts));
+        // None falls back to a clock of twelve hours that it does not have.
+        const QRegularExpression known("^(tt hh?|HH?)[:.]mm[:.]ss$|^hh?[:.]mm[:.]ss tt$");
+        const auto all =
+            QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyCountry);
+        for (const QLocale &locale : all)
+            QVERIFY2(known.match(textsOf(locale).last()).hasMatch(), qPrintable(locale.name()));
+        QVERIFY(!Settings::_GetSystemLocaleInfo(0x1F, 0x400).empty());
+        QVERIFY(Settings::_GetSystemLocaleInfo(0x59, 0x400).empty());
+#endif
+    }
+
+    void longTexts()
+    {
+        constexpr int kLength = 1 << 22; // a run time that grows with the square would not end
+        for (const QByteArray &text :
+             {QByteArray(kLength, '7'), QByteArray("1 ").repeated(kLength / 2),
+              QByteArray("A").repeated(kLength), (QByteArray(kLength, '0') + "7 ").repeated(3)}) {
+            _BPDateTime dt;
+            QCOMPARE(IBPDateTime::TransSystemTimeFromString(dt, text.toStdString()), text.startsWith('0'));
+            QCOMPARE(IBPDateTime::TransSystemDateFromString(dt, text.toStdString()), text.startsWith('0'));
+            QCOMPARE(int(dt.wDay), text.startsWith('0') ? 7 : 0);
+        }
+    }
 
 private:
     std::function<QString(unsigned long, unsigned long)> m_system;
 };
-
-void TestDateTime::dateFormats_data()
-{
-    QTest::addColumn<QString>("pattern");
-    QTest::addColumn<QStringList>("expected"); // format, pattern, counts, the seventh of March 2024
-    const struct
-    {
-        const char *pattern;
-        int format;
-        const char *normalised;
-        const char *counts;
-        const char *text;
-    } rows[] = {
-        {"yy/M/d", 1, "yy-M-d", "2 1 1", "24/03/07"},
-        {"yy-MM-dd", 2, "yy-MM-dd", "2 2 2", "24/03/07"},
-        {"yyyy/M/d", 3, "yyyy-M-d", "4 1 1", "2024/03/07"},
-        {"yyyy.MM.d", 4, "yyyy-MM-d", "4 2 1", "2024/03/07"},
-        {"yyyy-MM-dd", 5, "yyyy-MM-dd", "4 2 2", "2024/03/07"},
-        {"M/d/yyyy", 6, "M-d-yyyy", "4 1 1", "03/07/2024"},
-        {"M/d/yy", 7, "M-d-yy", "2 1 1", "03/07/24"},
-        {"MM dd yyyy", 8, "MM-dd-yyyy", "4 2 2", "03/07/2024"},
-        {"d.MM.yyyy", 9, "d-MM-yyyy", "4 2 1", "07/03/2024"},
-        {"d/M/yy", 10, "d-M-yy", "2 1 1", "07/03/24"},
-        {"dd.MM.yy", 11, "dd-MM-yy", "2 2 2", "07/03/24"},
-        {"dd.MM.yyyy", 12, "dd-MM-yyyy", "4 2 2", "07/03/2024"},
-        {"d/M/yyyy", 6, "M-D-YYYY", "4 1 1", "03/07/2024"},
-        {"YYYY-MM-DD", 6, "M-D-YYYY", "4 1 1", "03/07/2024"},
-        {"dd. MM. yyyy", 6, "M-D-YYYY", "4 1 1", "03/07/2024"},
-        {"yyyy\xE5\xB9\xB4M\xE6\x9C\x88"
-         "d\xE6\x97\xA5",
-         6, "M-D-YYYY", "4 1 1", "03/07/2024"},
-        {"", 6, "M-D-YYYY", "4 1 1", "03/07/2024"},
-    };
-    for (const auto &row : rows)
-        QTest::addRow("%s", row.pattern)
-            << QString::fromUtf8(row.pattern)
-            << QStringList{QString::number(row.format), row.normalised, row.counts, row.text};
-}
-
-void TestDateTime::dateFormats()
-{
-    QFETCH(QString, pattern);
-    QFETCH(QStringList, expected);
-    live({pattern, QString(), "/", QString()});
-    QStringList got{QString::number(IBPDateTime::GetSystemDateFormat()),
-                    QString::fromStdString(IBPDateTime::GetStringDateFormat())};
-    got << QString("%1 %2 %3")
-               .arg(IBPDateTime::GetSystemYearCounts())
-               .arg(IBPDateTime::GetSystemMonthCounts())
-               .arg(IBPDateTime::GetSystemDayCounts());
-    std::string written;
-    QVERIFY(IBPDateTime::TransSystemDateToString({2024, 3, 7, 0, 0, 0, 0}, written));
-    got << QString::fromStdString(written);
-    QCOMPARE(got, expected);
-    _BPDateTime read;
-    Settings::forget(); // reading alone finds out the order, too
-    QVERIFY(IBPDateTime::TransSystemDateFromString(read, written));
-    QCOMPARE(read.wYear % 100 * 10000 + read.wMonth * 100 + read.wDay, 240307);
-}
-
-void TestDateTime::timeFormats_data()
-{
-    QTest::addColumn<QString>("pattern");
-    QTest::addColumn<QStringList>("expected"); // format, letters of the hour, pattern, without seconds
-    const struct
-    {
-        const char *pattern;
-        int format;
-        int hourCount;
-        const char *normalised;
-        const char *withoutSecond;
-    } rows[] = {
-        {"tt h:mm:ss", 1, 1, "tt h:mm:ss", "tt h:mm"},
-        {"H.mm.ss", 2, 1, "H:mm:ss", "H:mm"},
-        {"tt hh-mm-ss", 3, 2, "tt hh:mm:ss", "tt hh:mm"},
-        {"HH:mm:ss", 4, 2, "HH:mm:ss", "HH:mm"},
-        {"h:mm:ss tt", 5, 1, "h:mm:ss tt", "h:mm tt"},
-        {"hh:mm:ss tt", 6, 2, "hh:mm:ss tt", "hh:mm tt"},
-        {"HH'h'mm", 1, 1, "h:mm:ss tt", "h:mm tt"},
-        {"h:mm:ss\xC2\xA0tt", 1, 1, "h:mm:ss tt", "h:mm tt"},
-        {"", 1, 1, "h:mm:ss tt", "h:mm tt"},
-    };
-    for (const auto &row : rows)
-        QTest::addRow("%s", row.pattern)
-            << QString::fromUtf8(row.pattern)
-            << QStringList{QString::number(row.format), QString::number(row.hourCount), row.normalised,
-                           row.withoutSecond};
-}
-
-void TestDateTime::timeFormats()
-{
-    QFETCH(QString, pattern);
-    live({QString(), pattern, QString(), QString()});
-    const QString shortPattern = QString::fromStdString(IBPDateTime::GetStringTimeFormat(false));
-    QTEST((QStringList{QString::number(IBPDateTime::GetSystemTimeFormat()),
-                       QString::number(IBPDateTime::GetSystemHourCounts()),
-                       QString::fromStdString(IBPDateTime::GetStringTimeFormat(true)), shortPattern}),
-          "expected");
-    // Whatever the format, with the separator that stands for a missing one.
-    std::string text;
-    QVERIFY(IBPDateTime::TransSystemTimeToString({0, 0, 0, 23, 5, 9, 0}, text, true));
-    QCOMPARE(text, std::string("23:05:09"));
-    QCOMPARE(IBPDateTime::GetSystemDateSplitor(), std::string("/"));
-}
-
-// A change of the settings shows in the next process only.
-void TestDateTime::readOnce()
-{
-    QCOMPARE(IBPDateTime::GetSystemYearCounts() + IBPDateTime::GetSystemMonthCounts() +
-                 IBPDateTime::GetSystemDayCounts() + IBPDateTime::GetSystemHourCounts(),
-             4 + 1 + 1 + 1);
-    IBPDateTime::GetSystemDateFormat();
-    IBPDateTime::GetSystemTimeFormat();
-    IBPDateTime::GetSystemDateSplitor();
-    IBPDateTime::GetSystemTimeSplitor();
-    live({"dd.MM.yy", "h:mm:ss tt", "!", "!"});
-    QCOMPARE(int(IBPDateTime::GetSystemDateFormat()), 5);
-    QCOMPARE(int(IBPDateTime::GetSystemTimeFormat()), 4);
-    QCOMPARE(IBPDateTime::GetSystemDateSplitor() + IBPDateTime::GetSystemTimeSplitor(), std::string("-:"));
-    QVERIFY(IBPDateTime::GetUseSystemFormat());
-    IBPDateTime::SetUseSystemFormat(false);
-    QVERIFY(!IBPDateTime::GetUseSystemFormat());
-}
-
-void TestDateTime::firstYearHasFourDigits()
-{
-    live({"dd.MM.yy", QString(), ".", QString()});
-    std::string text;
-    QVERIFY(IBPDateTime::TransSystemDateToString({2024, 3, 7, 0, 0, 0, 0}, text));
-    QCOMPARE(text, std::string("07.03.2024"));
-    QVERIFY(IBPDateTime::TransSystemDateToString({2004, 3, 7, 0, 0, 0, 0}, text));
-    QCOMPARE(text, std::string("07.03.04"));
-}
-
-void TestDateTime::dateToText_data()
-{
-    QTest::addColumn<QVector<int>>("date");
-    QTest::addColumn<QByteArray>("separator");
-    QTest::addColumn<QByteArray>("text"); // null: refused
-    QTest::newRow("no month") << QVector<int>{2024, 0, 1} << QByteArray() << QByteArray();
-    QTest::newRow("month 13") << QVector<int>{2024, 13, 1} << QByteArray() << QByteArray();
-    QTest::newRow("no day") << QVector<int>{2024, 1, 0} << QByteArray() << QByteArray();
-    QTest::newRow("day 32") << QVector<int>{2024, 1, 32} << QByteArray() << QByteArray();
-    QTest::newRow("largest") << QVector<int>{65535, 65535, 65535} << QByteArray() << QByteArray();
-    QTest::newRow("February 31") << QVector<int>{2023, 2, 31} << QByteArray() << QByteArray("2023-02-31");
-    QTest::newRow("year 0") << QVector<int>{0, 1, 1} << QByteArray() << QByteArray("0000-01-01");
-    QTest::newRow("year 65535") << QVector<int>{65535, 12, 31} << QByteArray() << QByteArray("65535-12-31");
-    QTest::newRow("three bytes") << QVector<int>{2024, 3, 7} << QByteArray("\xE5\xB9\xB4")
-                                 << QByteArray("2024\xE5\xB9\xB4"
-                                               "03\xE5\xB9\xB4"
-                                               "07");
-    QTest::newRow("a NUL byte") << QVector<int>{2024, 3, 7} << QByteArray("a\0b", 3)
-                                << QByteArray("2024a\0b03a\0b07", 14);
-}
-
-void TestDateTime::dateToText()
-{
-    QFETCH(QVector<int>, date);
-    QFETCH(QByteArray, separator);
-    QFETCH(QByteArray, text);
-    std::string written = "as it was";
-    const bool done = IBPDateTime::TransSystemDateToString(
-        {quint16(date[0]), quint16(date[1]), quint16(date[2]), 0, 0, 0, 0}, written, separator.toStdString());
-    QCOMPARE(done, !text.isNull());
-    QCOMPARE(QByteArray::fromStdString(written), done ? text : QByteArray("as it was"));
-}
-
-void TestDateTime::textToDate_data()
-{
-    QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<QVector<int>>("fields"); // year, month, day, day of the week; empty: refused
-    const struct
-    {
-        QByteArray text;
-        QVector<int> fields;
-    } rows[] = {
-        {"2024-02-29", {2024, 2, 29, 4}},
-        {"2024-02-30", {2024, 2, 30, 9}},
-        {"2024-03-10", {2024, 3, 10, 7}},
-        {"0-0-0", {0, 0, 0, 9}},
-        {"24/3/7", {24, 3, 7, 4}},
-        {"-5 -6 +7 ", {5, 6, 7, 2}},
-        {"x12y3z2024", {12, 3, 2024, 9}},
-        {"2024\xE5\xB9\xB4"
-         "3\xE6\x9C\x88"
-         "7\xE6\x97\xA5",
-         {2024, 3, 7, 4}},
-        {QByteArray("2024\0\0003\0007", 9), {2024, 3, 7, 4}},
-        {"65535-12-31", {65535, 12, 31, QDate(65535, 12, 31).dayOfWeek()}},
-        {"65536-65537-1", {65535, 65535, 1, 9}},
-        {"2147483647 2147483648 99999999999999999999", {65535, 65535, 65535, 9}},
-        {"", {}},
-        {"2024", {}},
-        {"1/2", {}},
-        {"1/2/3/4", {}},
-        {"\xEF\xBC\x91-\xEF\xBC\x92-\xEF\xBC\x93", {}}, // digits of another script
-    };
-    for (const auto &row : rows)
-        QTest::addRow("\"%s\"", row.text.constData()) << row.text << row.fields;
-}
-
-void TestDateTime::textToDate()
-{
-    QFETCH(QByteArray, text);
-    QFETCH(QVector<int>, fields);
-    const _BPDateTime before{1, 2, 3, 4, 5, 6, 9};
-    _BPDateTime dt = before;
-    QCOMPARE(IBPDateTime::TransSystemDateFromString(dt, text.toStdString()), !fields.isEmpty());
-    _BPDateTime expected = before;
-    if (!fields.isEmpty())
-        expected = {quint16(fields[0]), quint16(fields[1]), quint16(fields[2]), 4, 5, 6, quint16(fields[3])};
-    QCOMPARE(dt, expected);
-}
-
-void TestDateTime::timeToText_data()
-{
-    QTest::addColumn<QVector<int>>("time");
-    QTest::addColumn<bool>("withSecond");
-    QTest::addColumn<QString>("separator");
-    QTest::addColumn<QString>("text"); // null: refused
-    QTest::newRow("seconds") << QVector<int>{23, 5, 9} << true << ""
-                             << "23:05:09";
-    QTest::newRow("no seconds") << QVector<int>{23, 5, 9} << false << ""
-                                << "23:05";
-    QTest::newRow("midnight") << QVector<int>{0, 0, 0} << true << " h "
-                              << "00 h 00 h 00";
-    QTest::newRow("two bytes") << QVector<int>{23, 59, 59} << true << QString(QChar(0xB7))
-                               << QString::fromUtf8("23\xC2\xB7"
-                                                    "59\xC2\xB7"
-                                                    "59");
-    QTest::newRow("24 hours") << QVector<int>{24, 0, 0} << true << "" << QString();
-    QTest::newRow("60 minutes") << QVector<int>{0, 60, 0} << true << "" << QString();
-    QTest::newRow("60 seconds") << QVector<int>{0, 0, 60} << false << "" << QString();
-}
-
-void TestDateTime::timeToText()
-{
-    QFETCH(QVector<int>, time);
-    QFETCH(bool, withSecond);
-    QFETCH(QString, separator);
-    QFETCH(QString, text);
-    std::string written = "as it was";
-    const bool done = IBPDateTime::TransSystemTimeToString(
-        {0, 0, 0, quint16(time[0]), quint16(time[1]), quint16(time[2]), 0}, written, withSecond,
-        separator.toStdString());
-    QCOMPARE(done, !text.isNull());
-    QCOMPARE(QString::fromStdString(written), done ? text : QString("as it was"));
-}
-
-void TestDateTime::textToTime_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("result");
-    QTest::addColumn<QVector<int>>("time");
-    const QVector<int> before{7, 8, 9};
-    const struct
-    {
-        const char *text;
-        bool result;
-        QVector<int> time;
-    } rows[] = {
-        {"23:59:59", true, {23, 59, 59}},
-        {"12:30:00 AM", true, {0, 30, 0}},
-        {"12:30:00 PM", true, {12, 30, 0}},
-        {"PM 3.15.7", true, {15, 15, 7}},
-        {"11:59:59PM", true, {23, 59, 59}},
-        {"3:15:00 pm", true, {3, 15, 0}},
-        {"AM 3:15:00 PM", true, {3, 15, 0}},
-        {"PM 3:15:00 AM", true, {3, 15, 0}},
-        {"00:30:00 PM", true, before},
-        {"00:30:00 AM", true, before},
-        {"13:00:00 PM", true, before},
-        {"14:00:00 AM", true, before},
-        {"25:00:00", true, before},
-        {"24:00:00", true, before},
-        {"0:60:0", true, before},
-        {"0:0:60", true, before},
-        {"4294967297:0:0", true, before},
-        {"12:30 AM", false, before},
-        {"1:2:3:4", false, before},
-        {"AM", false, before},
-        {"", false, before},
-    };
-    for (const auto &row : rows)
-        QTest::addRow("\"%s\"", row.text) << QString(row.text) << row.result << row.time;
-}
-
-void TestDateTime::textToTime()
-{
-    QFETCH(QString, text);
-    QFETCH(QVector<int>, time);
-    _BPDateTime dt{1, 2, 3, 7, 8, 9, 5};
-    QTEST(IBPDateTime::TransSystemTimeFromString(dt, text.toStdString()), "result");
-    QCOMPARE(dt, (_BPDateTime{1, 2, 3, quint16(time[0]), quint16(time[1]), quint16(time[2]), 5}));
-}
-
-void TestDateTime::hours()
-{
-    for (unsigned hour = 0; hour < 24; ++hour) {
-        unsigned twelve = 99;
-        unsigned back = 99;
-        bool pm = hour < 12;
-        QVERIFY(IBPDateTime::TrasmitTimeHour24To12(hour, twelve, pm));
-        QVERIFY(twelve >= 1 && twelve <= 12 && pm == (hour >= 12));
-        QVERIFY(IBPDateTime::TrasmitTimeHour12To24(twelve, back, pm));
-        QCOMPARE(back, hour);
-    }
-    unsigned hour = 99;
-    bool pm = true;
-    for (const unsigned wrong : {24u, UINT_MAX})
-        QVERIFY(!IBPDateTime::TrasmitTimeHour24To12(wrong, hour, pm));
-    for (const unsigned wrong : {0u, 13u, UINT_MAX})
-        QVERIFY(!IBPDateTime::TrasmitTimeHour12To24(wrong, hour, true));
-    QVERIFY(hour == 99 && pm);
-}
-
-void TestDateTime::combined_data()
-{
-    QTest::addColumn<int>("hour");
-    QTest::addColumn<QString>("of12");
-    QTest::addColumn<QString>("of24");
-    QTest::newRow("midnight") << 0 << "AM 12:30"
-                              << "00:30";
-    QTest::newRow("morning") << 9 << "AM 09:30"
-                             << "09:30";
-    QTest::newRow("noon") << 12 << "PM 12:30"
-                          << "00:30";
-    QTest::newRow("afternoon") << 15 << "PM 03:30"
-                               << "00:30";
-    QTest::newRow("no hour") << 24 << "AM 00:30"
-                             << "00:30";
-}
-
-void TestDateTime::combined()
-{
-    QFETCH(int, hour);
-    const _BPDateTime dt{2024, 3, 7, quint16(hour), 30, 9, 0};
-    QTEST(QString::fromStdString(IBPDateTime::CombinTime(dt, true)), "of12");
-    QTEST(QString::fromStdString(IBPDateTime::CombinTime(dt, false)), "of24");
-    QCOMPARE(IBPDateTime::CombinDate(dt) + IBPDateTime::CombinDate(dt, " of "), std::string("03-0703 of 07"));
-}
-
-void TestDateTime::compact()
-{
-    QCOMPARE(IBPDateTime::TranDateTimeToString({2024, 3, 7, 15, 5, 9, 4}), std::string("20240307150509"));
-    QCOMPARE(IBPDateTime::TranDateTimeToString({}), std::string(14, '0'));
-    QCOMPARE(IBPDateTime::TranDateTimeToString({65535, 65535, 65535, 65535, 65535, 65535, 65535}),
-             std::string("655356553565535655356553565535"));
-}
-
-void TestDateTime::comparison()
-{
-    const _BPDateTime base{2024, 9, 9, 9, 9, 9, 7};
-    const _BPDateTime later[] = {{2025, 1, 1, 0, 0, 0, 0},  {2024, 10, 1, 0, 0, 0, 0},
-                                 {2024, 9, 10, 0, 0, 0, 0}, {2024, 9, 9, 10, 0, 0, 0},
-                                 {2024, 9, 9, 9, 10, 0, 0}, {2024, 9, 9, 9, 9, 10, 0}};
-    for (const _BPDateTime &dt : later) {
-        QVERIFY(IBPDateTime::CompareDateTime(base, dt) < 0);
-        QVERIFY(IBPDateTime::CompareDateTime(dt, base) > 0);
-    }
-    QCOMPARE(IBPDateTime::CompareDateTime(base, {2024, 9, 9, 9, 9, 9, 1}), 0);
-}
-
-void TestDateTime::parts()
-{
-    const char *const end = nullptr;
-    QCOMPARE(Settings::ConcatenateToString("a", "", "bc", end), std::string("abc"));
-    QVERIFY(Settings::ConcatenateToString(end).empty());
-    std::vector<int> numbers{1};
-    bool noMarker = true;
-    bool am = true;
-    QVERIFY(Settings::SeparateStringToInt("2 PM", numbers, noMarker, am));
-    QVERIFY(!noMarker && !am);
-    am = true;
-    QVERIFY(Settings::SeparateStringToInt("x", numbers, noMarker, am));
-    QVERIFY(noMarker && am);
-    QCOMPARE(numbers, (std::vector<int>{1, 2})); // what was there stays
-}
 
 LUMQT_TEST_MAIN(TestDateTime)
 #include "tst_datetime.moc"

@@ -145,18 +145,6 @@ private slots:
         QTest::keyClick(&menu, Qt::Key_Return);
         QVERIFY(!menu.isVisible());
         QCOMPARE(chosen, QList<int>{2});
-        QVERIFY(open(menu));
-        QTest::keyClick(&menu, Qt::Key_0); // a mnemonic
-        QCOMPARE(chosen, (QList<int>{2, 1}));
-        QVERIFY(open(menu));
-        QTest::keyClick(&menu, Qt::Key_Escape);
-        QVERIFY(!menu.isVisible());
-        QCOMPARE(chosen.size(), 2);
-        QAccessibleInterface *face = QAccessible::queryAccessibleInterface(&menu);
-        QCOMPARE(face->role(), QAccessible::PopupMenu);
-        QCOMPARE(face->childCount(), 3);
-        QCOMPARE(face->child(1)->role(), QAccessible::MenuItem);
-        QCOMPARE(face->child(1)->text(QAccessible::Name), QStringLiteral("Item 1"));
     }
 
     // An item may be highlighted only because the menu opened under the cursor: QMenu does not know of it.

@@ -1,19 +1,24 @@
-#include "CBPBox.h"
+#include "Acts.h"
+#include "CBPComboBox.h"
 #include "CBPComboxItem.h"
 #include "CBPImage.h"
 #include "CBPImageButton.h"
 #include "CBPPathDropdWnd.h"
 #include "CBPScrollWnd.h"
+#include "FormatByteSize.h"
 #include "Pixels.h"
 #include "TestMain.h"
 #include "Util.h"
 
+#include <QAbstractItemView>
 #include <QAccessible>
 #include <QLabel>
 #include <QPointer>
 #include <QScrollBar>
 #include <QSignalSpy>
+#include <QWheelEvent>
 
+#include <climits>
 #include <functional>
 #include <limits>
 
@@ -48,23 +53,16 @@ struct List : CBPPathDropdWnd
         AppendItem(item);
     }
 
-    QStringList paths()
-    {
-        QStringList all;
-        for (const CBPComboxItem *row : pathItems())
-            all << row->GetItem().path;
-        return all;
-    }
-
-    QStringList selected()
+    QStringList paths(bool selectedOnly = false)
     {
         QStringList all;
         for (const CBPComboxItem *row : pathItems()) {
-            if (row->GetItem().selected)
+            if (!selectedOnly || row->GetItem().selected)
                 all << row->GetItem().path;
         }
         return all;
     }
+    QStringList selected() { return paths(true); }
 
     // It need not be the active window, which a window manager gives or does not give.
     bool open()
@@ -92,26 +90,9 @@ QLabel *pathLabel(CBPComboxItem *row)
     return nullptr;
 }
 
-// On white, whatever lies below.
-QImage drawn(QWidget *widget)
-{
-    QImage image(widget->size(), QImage::Format_RGB32);
-    image.fill(Qt::white);
-    widget->render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
-    return image;
-}
-
-void hover(QWidget *widget, bool over)
-{
-    const QPointF centre = QRectF(widget->rect()).center();
-    QEnterEvent enter(centre, centre, widget->mapToGlobal(centre.toPoint()));
-    QEvent leave(QEvent::Leave);
-    QCoreApplication::sendEvent(widget, over ? static_cast<QEvent *>(&enter) : &leave);
-}
-
 void clickDelete(CBPComboxItem *row)
 {
-    hover(row, true);
+    sendEvent(*row, QEvent::Enter);
     QTest::mouseClick(deleteButton(row), Qt::LeftButton);
 }
 
@@ -134,15 +115,10 @@ private slots:
         item.extraNumber = 7;
         CBPComboxItem row(item, nullptr);
         item.path = "/other";
-        QCOMPARE(row.GetItem().path, QString("/tmp/<b>bold</b>"));
-        QCOMPARE(row.GetItem().extra3, QString("kept"));
+        QCOMPARE(row.GetItem().path + row.GetItem().extra3, QString("/tmp/<b>bold</b>kept"));
         QCOMPARE(row.GetItem().extraNumber, 7);
         QCOMPARE(row.height(), 30);
         QCOMPARE(pathLabel(&row)->textFormat(), Qt::PlainText);
-        QStringList texts;
-        for (const auto *label : row.findChildren<QLabel *>())
-            texts << label->text();
-        QVERIFY2(texts.contains("1.00 GB Free of 2.00 GB"), qPrintable(texts.join('|')));
         row.resize(300, 30);
         row.ensurePolished();
         const QPoint place(60, 2);
@@ -152,11 +128,11 @@ private slots:
         QCOMPARE(deleteButton(&row)->mapTo(&row, deleteButton(&row)->rect().topRight()).x(), 300 - 6 - 1);
         QCOMPARE(row.grab().toImage().pixelColor(place), QColor(Qt::white));
         const int labelX = pathLabel(&row)->x();
-        hover(&row, true);
+        sendEvent(row, QEvent::Enter);
         QCOMPARE(row.grab().toImage().pixelColor(place), kHover);
         QVERIFY(deleteButton(&row)->isVisibleTo(&row));
         QCOMPARE(pathLabel(&row)->x(), labelX);
-        hover(&row, false);
+        sendEvent(row, QEvent::Leave);
         QCOMPARE(row.grab().toImage().pixelColor(place), QColor(Qt::white));
         QVERIFY(!deleteButton(&row)->isVisibleTo(&row));
         clickDelete(&row); // nobody is called
@@ -179,17 +155,17 @@ private slots:
         for (const char *file : {"delete", "delete_hover", "delete_press", "delete"})
             files << Util::getResFullPath(QStringLiteral("../res/%1.png").arg(file));
         CBPImageButton expected(files, false, 255);
-        hover(&row, true);
+        sendEvent(row, QEvent::Enter);
         const std::function<void(QWidget *)> states[] = {
-            [](QWidget *) {}, [](QWidget *button) { hover(button, true); },
+            [](QWidget *) {}, [](QWidget *button) { sendEvent(*button, QEvent::Enter); },
             [](QWidget *button) { QTest::mousePress(button, Qt::LeftButton); },
             [](QWidget *button) { button->setEnabled(false); }};
         for (const auto &enter : states) {
             enter(deleteButton(&row));
             enter(&expected);
-            QCOMPARE(drawn(deleteButton(&row)), drawn(&expected));
+            QCOMPARE(pictureOf(*deleteButton(&row)), pictureOf(expected));
         }
-        QVERIFY(!inkOf(drawn(&expected), 220).isEmpty());
+        QVERIFY(!inkOf(pictureOf(expected), 220).isEmpty());
     }
 
     // The space is shown whole, and the path ends in an ellipsis where it does not go in beside it.
@@ -197,13 +173,15 @@ private slots:
     {
         ComboxItem item = location("/a/path", 1024 * kGiga);
         CBPComboxItem row(item, nullptr);
-        row.resize(row.sizeHint());
-        QVERIFY(!row.grab().isNull()); // laid out
+        const auto layOut = [&row](int width) {
+            row.resize(width, 30);
+            QVERIFY(!row.grab().isNull());
+        };
+        layOut(row.sizeHint().width());
         QLabel *path = pathLabel(&row);
         QCOMPARE(path->toolTip(), QString());
         const int room = path->width() - 15;
-        row.resize(row.sizeHint().width() - 15, 30);
-        QVERIFY(!row.grab().isNull());
+        layOut(row.sizeHint().width() - 15);
         QCOMPARE(path->width(), room);
         QCOMPARE(path->toolTip(), QString("/a/path"));
         QCOMPARE(path->text(), QString("/a/path")); // shortened by SetPathMaxWidth() alone
@@ -211,45 +189,42 @@ private slots:
         expected.setFont(path->font());
         expected.setPalette(path->palette());
         expected.resize(path->size());
-        QCOMPARE(drawn(path), drawn(&expected));
+        QCOMPARE(pictureOf(*path), pictureOf(expected));
         for (const int width :
              {row.minimumSizeHint().width(), 200}) { // as in a list, which squeezes its rows
             row.SetPathMaxWidth(width);
-            row.resize(width, 30);
-            QVERIFY(!row.grab().isNull());
-            QVERIFY(!inkOf(drawn(path), 128).isEmpty());
+            layOut(width);
+            QVERIFY(!inkOf(pictureOf(*path), 128).isEmpty());
         }
         row.SetPathMaxWidth(600);
-        row.resize(row.sizeHint());
-        QVERIFY(!row.grab().isNull());
+        layOut(row.sizeHint().width());
         QCOMPARE(path->toolTip(), QString());
-    }
-
-    void rowIsClickedInside_data()
-    {
-        QTest::addColumn<QPoint>("at");
-        QTest::addColumn<int>("button");
-        QTest::addColumn<int>("count");
-        QTest::newRow("inside") << QPoint(150, 15) << int(Qt::LeftButton) << 1;
-        QTest::newRow("last pixel") << QPoint(299, 29) << int(Qt::LeftButton) << 1;
-        QTest::newRow("beside") << QPoint(300, 15) << int(Qt::LeftButton) << 0;
-        QTest::newRow("above") << QPoint(150, -1) << int(Qt::LeftButton) << 0;
-        QTest::newRow("right button") << QPoint(150, 15) << int(Qt::RightButton) << 0;
     }
 
     void rowIsClickedInside()
     {
-        QFETCH(QPoint, at);
-        QFETCH(int, button);
+        const struct
+        {
+            QPoint at;
+            Qt::MouseButton button;
+            int count;
+        } rows[] = {{{150, 15}, Qt::LeftButton, 1},
+                    {{299, 29}, Qt::LeftButton, 1}, // the last pixel
+                    {{300, 15}, Qt::LeftButton, 0},
+                    {{150, -1}, Qt::LeftButton, 0},
+                    {{150, 15}, Qt::RightButton, 0}};
         ComboxItem item = location("/a");
         CBPComboxItem row(item, nullptr);
         row.resize(300, 30);
         int count = 0;
         connect(&row, &CBPComboxItem::itemClicked, &row, [&](ComboxItem &) { ++count; });
-        QMouseEvent release(QEvent::MouseButtonRelease, at, row.mapToGlobal(at), Qt::MouseButton(button),
-                            Qt::NoButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&row, &release);
-        QTEST(count, "count");
+        for (const auto &release : rows) {
+            count = 0;
+            QMouseEvent event(QEvent::MouseButtonRelease, release.at, row.mapToGlobal(release.at),
+                              release.button, Qt::NoButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(&row, &event);
+            QCOMPARE(count, release.count);
+        }
     }
 
     void pathsAreElided()
@@ -267,7 +242,7 @@ private slots:
             QCOMPARE(label->text().right(1), QString(QChar(0x2026)));
             QVERIFY(label->toolTip().contains("&lt;path&gt;"));
         }
-        for (const int width : {0, -1, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()})
+        for (const int width : {0, -1, INT_MIN, INT_MAX})
             list.SetFixedWidth(width);
         QCOMPARE(pathLabel(list.pathItems().first())->text(), path);
         QCOMPARE(pathLabel(list.pathItems().first())->toolTip(), QString());
@@ -301,15 +276,14 @@ private slots:
     {
         List list(3);
         QVERIFY(list.open());
-        int signalCount = 0;
         CBPComboxItem *row = list.pathItems().at(1);
+        QVector<ComboxItem *> picked;
         connect(&list, &CBPPathDropdWnd::itemClicked, &list, [&](ComboxItem &item) {
-            ++signalCount;
             QVERIFY(!list.isVisible());
-            QCOMPARE(&item, &row->GetItem());
+            picked << &item;
         });
         QTest::mouseClick(row, Qt::LeftButton);
-        QCOMPARE(signalCount, 1);
+        QCOMPARE(picked, QVector<ComboxItem *>{&row->GetItem()});
         QCOMPARE(list.selected(), QStringList("/folder 1"));
         list.add("/newest");
         QCOMPARE(list.selected(), QStringList("/newest"));
@@ -322,8 +296,7 @@ private slots:
         QSignalSpy gone(&list, &CBPPathDropdWnd::sigItemDelete);
         QPointer<CBPComboxItem> row = list.pathItems().at(2);
         list.DeleteItem(row->GetItem());
-        QVERIFY(list.isVisible() && row && !row->isVisible());
-        QCOMPARE(gone.size(), 1);
+        QVERIFY(list.isVisible() && row && !row->isVisible() && gone.size() == 1);
         QCOMPARE(gone.at(0).at(0).value<CBPComboxItem *>(), row.data());
         QTRY_VERIFY(!row);
         list.DeleteItem(location("/nowhere"));
@@ -337,50 +310,41 @@ private slots:
     }
 
     // What a slot may do to the list or the row that it hears of.
-    void diesInItsSignal_data()
-    {
-        QTest::addColumn<bool>("window");
-        QTest::addColumn<QString>("by");
-        for (const bool window : {false, true}) {
-            for (const char *by :
-                 {"click", "delete button", "Return", "Delete", "screen reader", "screen reader deletes"})
-                QTest::addRow("%s, %s", window ? "window" : "row", by) << window << QString(by);
-        }
-    }
-
     void diesInItsSignal()
     {
-        QFETCH(bool, window);
-        QFETCH(QString, by);
-        QPointer<List> list = new List(3);
-        QVERIFY(list->open());
-        const QPointer<CBPComboxItem> row = list->pathItems().at(1);
-        const auto kill = [&] { delete (window ? static_cast<QWidget *>(list) : row); };
-        if (window)
-            connect(list, &CBPPathDropdWnd::itemClicked, qApp, kill);
-        else
-            connect(row, &CBPComboxItem::itemClicked, qApp, kill);
-        connect(list, &CBPPathDropdWnd::sigItemDelete, qApp, kill);
-        row->setFocus();
-        if (by == "click")
-            QTest::mouseClick(list->windowHandle(), Qt::LeftButton, {},
-                              row->mapTo(list, row->rect().center()));
-        else if (by == "delete button")
-            clickDelete(row);
-        else if (by == "screen reader")
-            spoken(row)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-        else if (by == "screen reader deletes")
-            spoken(row)->actionInterface()->doAction(spoken(row)->actionInterface()->actionNames().last());
-        else
-            QTest::keyPress(row, by == "Return" ? Qt::Key_Return : Qt::Key_Delete);
-        QVERIFY(!row);
-        QCOMPARE(list.isNull(), window);
-        if (list) {
-            QCOMPARE(list->paths(), QStringList({"/folder 0", "/folder 2"}));
-            list->add("/folder 1");
-            QCOMPARE(list->pathItems().size(), 3);
+        for (const QString by :
+             {"click", "delete button", "Return", "Delete", "screen reader", "screen reader deletes"}) {
+            for (const bool window : {false, true}) {
+                QPointer<List> list = new List(3);
+                QVERIFY(list->open());
+                const QPointer<CBPComboxItem> row = list->pathItems().at(1);
+                const auto kill = [&] { delete (window ? static_cast<QWidget *>(list) : row); };
+                if (window)
+                    connect(list, &CBPPathDropdWnd::itemClicked, qApp, kill);
+                else
+                    connect(row, &CBPComboxItem::itemClicked, qApp, kill);
+                connect(list, &CBPPathDropdWnd::sigItemDelete, qApp, kill);
+                row->setFocus();
+                if (by == "click")
+                    QTest::mouseClick(list->windowHandle(), Qt::LeftButton, {},
+                                      row->mapTo(list, row->rect().center()));
+                else if (by == "delete button")
+                    clickDelete(row);
+                else if (by.startsWith("screen reader"))
+                    spoken(row)->actionInterface()->doAction(
+                        by.endsWith("deletes") ? spoken(row)->actionInterface()->actionNames().last()
+                                               : QAccessibleActionInterface::pressAction());
+                else
+                    QTest::keyPress(row, by == "Return" ? Qt::Key_Return : Qt::Key_Delete);
+                QVERIFY2(!row && list.isNull() == window, qPrintable(by));
+                if (list) {
+                    QCOMPARE(list->paths(), QStringList({"/folder 0", "/folder 2"}));
+                    list->add("/folder 1");
+                    QCOMPARE(list->pathItems().size(), 3);
+                }
+                delete list;
+            }
         }
-        delete list;
     }
 
     void keysMoveThroughRows()
@@ -413,7 +377,6 @@ private slots:
 
         QVERIFY(list.open()); // on the row picked last
         QCOMPARE(list.focusWidget(), row);
-        QCOMPARE(row->visibleRegion().boundingRect(), row->rect());
         list.DeleteItem(row->GetItem());
         QCOMPARE(list.focusWidget(), list.at(16));
         QTest::keyClick(list.focusWidget(), Qt::Key_Escape);
@@ -436,18 +399,16 @@ private slots:
     {
         List list(2);
         QSignalSpy gone(&list, &CBPPathDropdWnd::sigItemDelete);
-        bool clicked = false;
-        connect(&list, &CBPPathDropdWnd::itemClicked, &list, [&](ComboxItem &) { clicked = true; });
         QVERIFY(list.open());
         QCOMPARE(list.height(), 100);
-        QVERIFY(list.windowFlags().testFlag(Qt::FramelessWindowHint));
-        QCOMPARE(list.windowFlags() & Qt::WindowType_Mask, Qt::Tool);
+        QVERIFY(list.windowState() & Qt::WindowActive);
+        QCOMPARE(list.windowFlags() & (Qt::FramelessWindowHint | Qt::WindowType_Mask),
+                 Qt::FramelessWindowHint | Qt::Tool);
         const QImage image = list.grab().toImage();
         QCOMPARE(boxOf(image, kFrame), image.rect());
         QEvent left(QEvent::WindowDeactivate);
         QCoreApplication::sendEvent(&list, &left);
-        QVERIFY(!list.isVisible());
-        QVERIFY(!clicked && gone.isEmpty());
+        QVERIFY(!list.isVisible() && gone.isEmpty());
     }
 
     void screenReadersFindAList()
@@ -469,24 +430,51 @@ private slots:
         QCOMPARE(rows->text(QAccessible::Name), QString("Recent folders"));
         QCOMPARE(rows->childCount(), 4);
         QCOMPARE(rows->child(0), item); // from top to bottom
-        QCOMPARE(rows->indexOfChild(item), 0);
-        QCOMPARE(rows->child(4), nullptr);
         list.DeleteItem(disk);
         QCOMPARE(rows->childCount(), 3);
     }
 
-    void thousandsOfRows()
+    void byteSizes()
     {
-        constexpr int kMany = 5000;
-        List list(kMany);
-        list.add("/folder 2500");
-        QCOMPARE(list.pathItems().size(), kMany);
-        QCOMPARE(list.selected(), QStringList("/folder 4999"));
-        QVERIFY(list.open());
-        QTest::keyClick(list.focusWidget(), Qt::Key_End);
-        QCOMPARE(list.focusWidget(), list.at(0));
-        delete list.pathItems().at(10); // of the application's own accord
-        QCOMPARE(list.pathItems().size(), kMany - 1);
+        const struct
+        {
+            qint64 bytes;
+            bool zeroAsKilobytes;
+            int decimals;
+            const char *text;
+        } rows[] = {{0, false, 2, "0 Bytes"},
+                    {0, true, 2, "0 KB"},
+                    {1, true, 2, "1 Bytes"},
+                    {-5, true, 2, "-5 Bytes"},
+                    {1023, false, 2, "1023 Bytes"},
+                    {1024, false, 2, "1.00 KB"},
+                    {1536, false, 2, "1.50 KB"},
+                    {1024 * 1024 - 1, false, 2, "1024.00 KB"},
+                    {1024 * 1024, false, 0, "1 MB"},
+                    {kGiga, false, 2, "1.00 GB"},
+                    {1024 * kGiga - 1, false, 1, "1024.0 GB"},
+                    {1024 * kGiga, false, 2, "1.00 TB"},
+                    {1536, false, -1, "2 KB"},
+                    {1536, false, INT_MAX, "1.50000000000000000 KB"},
+                    {std::numeric_limits<qint64>::max(), false, 2, "8388608.00 TB"},
+                    {std::numeric_limits<qint64>::min(), false, 2, "-9223372036854775808 Bytes"}};
+        for (const auto &row : rows)
+            QCOMPARE(FormatByteSize(row.bytes, row.zeroAsKilobytes, row.decimals), QString(row.text));
+    }
+
+    void wheelChangesNoChoice()
+    {
+        QWidget parent;
+        auto *box = new CBPComboBox(&parent);
+        box->addItems({"a", "b", "c"});
+        QCOMPARE(box->view()->metaObject()->className(), "QListView");
+        QWheelEvent event(QPointF(5, 5), box->mapToGlobal(QPoint(5, 5)), QPoint(), QPoint(0, -120),
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        event.ignore();
+        QCoreApplication::sendEvent(box, &event);
+        QCOMPARE(box->currentIndex(), 0);
+        QCOMPARE(box->focusPolicy(), Qt::StrongFocus);
+        QVERIFY(event.isAccepted());
     }
 };
 
