@@ -445,15 +445,18 @@ private Q_SLOTS:
         }
         if (buttons != (kOk | kNo))
             return;
-        // The application's own default, and one that is disabled.
+        // The application's own default, one that is disabled, and a row that begins with something else.
         PopUp own(nullptr, buttons);
         own.GetBtn(kNo)->setDefault(true);
         PopUp disabled(nullptr, buttons);
         disabled.EnableButton(kOk, false);
-        for (PopUp *dialog : {&own, &disabled}) {
+        PopUp beside(nullptr, buttons);
+        beside.PrependWidget(new QCheckBox);
+        for (const auto &[dialog, flag] :
+             {std::pair(&own, kNo), std::pair(&disabled, kNo), std::pair(&beside, kOk)}) {
             dialog->show();
             QVERIFY(isInFront(*dialog));
-            QTRY_COMPARE(dialog->focusWidget(), dialog->GetBtn(kNo));
+            QTRY_COMPARE(dialog->focusWidget(), dialog->GetBtn(flag));
             dialog->hide();
         }
     }

@@ -1,6 +1,7 @@
 #include "FrameProbe.h"
 
 #include "CBPImageButton.h"
+#include "Pixels.h"
 #include "platform/Platform.h"
 #include "TestMain.h"
 
@@ -104,14 +105,14 @@ private Q_SLOTS:
     {
         inClass([](auto of) {
             typename decltype(of)::type w;
+            w.SetShadowBorder(-5);
             w.Init();
+            QCOMPARE(w.layout()->contentsMargins(), QMargins());
             QCOMPARE(w.contentBox()->contentsMargins(), QMargins(12, 16, 12, 12));
             QCOMPARE(w.layout()->spacing(), 0);
-            QVERIFY(!w.statusBox());
-            QVERIFY(w.drawsBottomLine());
+            QVERIFY(!w.statusBox() && w.drawsBottomLine());
             QCOMPARE(w.bottomHeight(), 70);
             w.SetBottomHeight(0);
-            QVERIFY(!w.drawsBottomLine());
             w.SetBottomHeight(50);
             QCOMPARE(w.bottomHeight(), 50);
             QVERIFY(!w.drawsBottomLine()); // once gone, gone
@@ -155,10 +156,21 @@ private Q_SLOTS:
             QFETCH(QString, hook);
             typename decltype(of)::type w;
             w.Init();
-            w.show();
+            w.ShowTitleBtn(64, true);
+            w.SetTitleHeight(81);
+            id == 2 ? showActive(w) : w.show();
             clickTitle(w, id);
+            QTRY_COMPARE(w.isMinimized(), id == 2);
             QCOMPARE(w.calls.join(QLatin1Char(' ')), hook);
             QCOMPARE(w.isVisible(), id != 8);
+            if (id == 64) { // its menu belongs below the title bar
+                const CBPImageButton *button = w.titleBtn(64);
+                const int h = button->height();
+                QCOMPARE(w.menuAt, button->mapToGlobal(QPoint(0, 0)) + QPoint(0, h + (81 - h) / 2));
+                delete button;
+                w.OnMenuClick();
+                QCOMPARE(w.calls, QStringList{"menu"});
+            }
 
             QPointer<typename decltype(of)::type> dying(new typename decltype(of)::type);
             dying->Init();
@@ -171,26 +183,6 @@ private Q_SLOTS:
                 clickTitle(*dying, id);
             QCOMPARE(dying.isNull(), !hook.isEmpty());
             delete dying;
-        });
-    }
-
-    void menuPlace_data() { classes(); }
-    void menuPlace()
-    {
-        inClass([](auto of) {
-            typename decltype(of)::type w;
-            w.Init();
-            w.ShowTitleBtn(64, true);
-            w.SetTitleHeight(81);
-            w.resize(400, 200);
-            w.show();
-            const CBPImageButton *button = w.titleBtn(64);
-            clickTitle(w, 64);
-            const int h = button->height();
-            QCOMPARE(w.menuAt, button->mapToGlobal(QPoint(0, 0)) + QPoint(0, h + (81 - h) / 2));
-            delete button;
-            w.OnMenuClick();
-            QCOMPARE(w.calls, QStringList{"menu"});
         });
     }
 
@@ -222,6 +214,7 @@ private Q_SLOTS:
             QTRY_COMPARE(w.geometry(), filled);
             QCOMPARE(w.minimumSize(), w.maximumSize());
             QCOMPARE(w.layout()->contentsMargins(), QMargins(1, 1, 1, 1));
+            QCOMPARE(drawn(*w.titleBar()).pixelColor(0, 0).alpha(), 255); // square corners
             for (const auto type :
                  {QEvent::MouseButtonPress, QEvent::MouseMove, QEvent::MouseButtonRelease}) {
                 const QPoint at(50, type == QEvent::MouseButtonPress ? 20 : 60);
@@ -235,22 +228,52 @@ private Q_SLOTS:
             QTRY_COMPARE(w.geometry(), QRect(120, 110, 300, 200));
             QCOMPARE(w.maximumSize(), QSize(300, 200)); // fixed from now on
             QCOMPARE(w.layout()->contentsMargins(), QMargins(14, 14, 14, 14));
+            QCOMPARE(drawn(*w.titleBar()).pixelColor(0, 0).alpha(), 0);
             QCOMPARE(w.calls, (QStringList{"max", "max"}));
+            // At once again, as soon as the window manager reports a place on the way here, if it does.
+            const QRect restored(120, 110, 300, 200);
+            int onTheWay = 0;
+            for (int turn = 0; turn < 20; ++turn) {
+                w.OnMax();
+                w.OnMax();
+                onTheWay += QTest::qWaitFor([&w, restored] { return w.geometry() != restored; }, turn);
+                w.OnMax();
+                QTRY_COMPARE(w.geometry(), filled);
+                w.OnMax();
+                QTRY_COMPARE(w.geometry(), restored);
+            }
+            if (onTheWay == 0)
+                qInfo("the window manager reported no place on the way");
+            // A place of its own is kept, even that of a maximised window.
+            for (const QPoint &place : {QPoint(150, 140), filled.topLeft()}) {
+                w.move(place);
+                QTRY_COMPARE(w.pos(), place);
+            }
+            w.OnMax();
+            QTRY_COMPARE(w.geometry(), filled);
+            w.OnMax();
+            QTRY_COMPARE(w.geometry(), QRect(filled.topLeft(), restored.size()));
         });
     }
 
-    void minimising_data() { classes(); }
-    void minimising()
+    // By the system, and by the hook back again.
+    void maximisedBySystem_data() { classes(); }
+    void maximisedBySystem()
     {
         inClass([](auto of) {
             typename decltype(of)::type w;
             w.Init();
-            showActive(w);
-            clickTitle(w, 2);
-            QTRY_VERIFY(w.isMinimized());
-            w.showNormal();
-            QTRY_VERIFY(!w.isMinimized() && w.isVisible());
-            QCOMPARE(w.calls, QStringList{"min"});
+            w.setGeometry(120, 110, 300, 200);
+            for (const bool byHook : {true, false}) {
+                w.showMaximized();
+                QVERIFY(w.isMaximized());
+                QTRY_VERIFY(w.width() > 300);
+                QCOMPARE(w.layout()->contentsMargins(), QMargins(1, 1, 1, 1));
+                byHook ? w.OnMax() : w.showNormal();
+                QVERIFY(!w.isMaximized() && w.isVisible());
+                QTRY_COMPARE(w.size(), QSize(300, 200));
+                QCOMPARE(w.layout()->contentsMargins(), QMargins(10, 10, 10, 10));
+            }
         });
     }
 

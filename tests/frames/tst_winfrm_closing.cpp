@@ -72,13 +72,27 @@ private Q_SLOTS:
             w.Init();
             w.closing = hook;
             w.SetDisableEscAndF4Flag(disabled);
+            constexpr bool isDialog = std::is_same_v<decltype(w), Dialog>;
+            QStringList told; // that it has ended
+            if constexpr (isDialog) {
+                connect(&w, &QDialog::finished, &w, [&told](int result) { told << QString::number(result); });
+                connect(&w, &QDialog::rejected, &w, [&told] { told << QStringLiteral("rejected"); });
+            }
             for (int time = 1; time <= 2; ++time) { // and once more when shown again
                 w.calls.clear();
-                w.show();
+                told.clear();
+                if constexpr (isDialog) {
+                    w.setResult(77);
+                    time == 1 ? w.show() : w.open();
+                } else {
+                    w.show();
+                }
                 QVERIFY(QTest::qWaitForWindowExposed(&w));
                 closeBy(w, way);
                 QTEST(w.calls.size(), "calls");
                 QCOMPARE(w.isVisible(), !closes);
+                const bool tells = isDialog && closes;
+                QCOMPARE(told, tells ? QStringList({"rejected", "0"}) : QStringList());
             }
             w.calls.clear();
             w.show();
@@ -385,49 +399,30 @@ private Q_SLOTS:
 
     void rejecting()
     {
-        Dialog w;
+        class Refusing : public Dialog
+        {
+        public:
+            void reject() override
+            {
+                if (!refuses)
+                    Dialog::reject();
+            }
+            bool refuses = false;
+        } w;
         w.Init();
         w.SetDisableEscAndF4Flag(true);
         QSignalSpy rejected(&w, &QDialog::rejected);
         w.show();
         w.reject();
         QVERIFY(w.isVisible());
-        QVERIFY(rejected.isEmpty());
         w.SetDisableEscAndF4Flag(false);
+        w.refuses = true;
+        QVERIFY(!w.close());
+        QVERIFY(w.isVisible() && rejected.isEmpty());
+        w.refuses = false;
         w.reject();
         QVERIFY(!w.isVisible());
         QCOMPARE(rejected.size(), 1);
-    }
-
-    // From opening to closing by the keyboard alone.
-    void keyboardOnly()
-    {
-        Dialog w;
-        w.Init();
-        w.ShowTitleBtn(~0, true);
-        auto *edit = new QLineEdit;
-        auto *ok = new QPushButton(QStringLiteral("OK"));
-        ok->setDefault(true);
-        w.AppendContent(edit, false, false, 8);
-        w.AppendContent(ok, false, false, 0);
-        connect(ok, &QPushButton::clicked, &w, &QDialog::accept);
-        for (const bool accepts : {true, false}) {
-            QTimer::singleShot(0, &w, [&] {
-                QVERIFY(QTest::qWaitForWindowActive(&w));
-                edit->clear();
-                edit->setFocus();
-                QTest::keyClicks(w.focusWidget(), QStringLiteral("abc"));
-                QTest::keyClick(w.focusWidget(), Qt::Key_Return); // the button has no focus yet
-                QVERIFY(w.isVisible());
-                QTest::keyClick(w.focusWidget(), Qt::Key_Tab);
-                QCOMPARE(w.focusWidget(), ok); // the title buttons take no part
-                QTest::keyClick(w.focusWidget(), accepts ? Qt::Key_Return : Qt::Key_Escape);
-                if (w.isVisible())
-                    w.done(77);
-            });
-            QCOMPARE(w.exec(), int(accepts ? QDialog::Accepted : QDialog::Rejected));
-            QCOMPARE(edit->text(), QStringLiteral("abc"));
-        }
     }
 
 private:
