@@ -14,3 +14,11 @@ template <class... Cells> void row(const char *name, const Cells &...cells)
 {
     (QTest::newRow(name) << ... << cells);
 }
+
+// A table of one column of names, each of which is its row's, too.
+inline void names(const char *column, std::initializer_list<const char *> all)
+{
+    columns<QString>(column);
+    for (const char *name : all)
+        row(name, QString(name));
+}

@@ -40,19 +40,20 @@ private Q_SLOTS:
 
     void types_data()
     {
-        columns<int, QString, QString>("type", "title", "icon");
-        row("information", 0, "{caption}Message", "icon_info.png");
-        row("question", 1, "{caption}Question", "icon_quest.png");
-        row("warning", 2, "{caption}Warning", "icon_alert.png");
-        row("error", 3, "{caption}Error", "icon_wrong.png");
-        row("above", 4, "", "icon_info.png");
-        row("below", -1, "", "icon_info.png");
+        columns<int, QString, QString, QString>("type", "title", "icon", "head");
+        row("information", 0, "{caption}Message", "icon_info.png", "");
+        row("question", 1, "{caption}Question", "icon_quest.png", "Head %1");
+        row("warning", 2, "{caption}Warning", "icon_alert.png", "<b>Head</i> <font"); // broken markup
+        row("error", 3, "{caption}Error", "icon_wrong.png", "Head");
+        row("above", 4, "", "icon_info.png", "Head");
+        row("below", -1, "", "icon_info.png", "Head");
     }
     void types()
     {
         QFETCH(int, type);
         QFETCH(QString, title);
         QFETCH(QString, icon);
+        QFETCH(QString, head);
         const auto comparable = [](const QImage &image) {
             return image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
         };
@@ -67,9 +68,12 @@ private Q_SLOTS:
                     const QImage shown = label->pixmap(Qt::ReturnByValue).toImage();
                     return label->isVisible() && comparable(shown) == picture;
                 }));
-                QVERIFY(box.label("<font color=\"#4baeb3\">Head %1</font>"));
+                QLabel *heading = box.label("<font color=\"#4baeb3\">" + head + "</font>");
+                QVERIFY(heading && heading->isVisible() == !head.isEmpty());
+                QVERIFY(box.label("Text" + head)->isVisible());
+                box.grab();
             });
-            QCOMPARE(box.message(type, "Text", "Head %1", kOk, caption), -1);
+            QCOMPARE(box.message(type, "Text" + head, head, kOk, caption), -1);
         }
     }
 
@@ -79,9 +83,8 @@ private Q_SLOTS:
         QCOMPARE(box.objectName(), QString("id_ErrorMsgWnd"));
         QVERIFY(!box.drawsBottomLine());
         box.whileRunning([&] {
-            QVERIFY(box.isModal());
+            QVERIFY(box.isModal() && box.size() == QSize(500, 200));
             QVERIFY(box.titleBtn(8)->isVisible() && !box.titleBtn(2)->isVisible());
-            QCOMPARE(box.size(), QSize(500, 200));
             QCOMPARE(box.contentBox()->contentsMargins(), QMargins(12, 0, 12, 0));
             QCOMPARE(box.statusBox()->contentsMargins(), QMargins(12, 0, 12, 16));
             QVERIFY(box.label("Text")->wordWrap());
@@ -89,28 +92,6 @@ private Q_SLOTS:
             QVERIFY(!box.findChild<CBPLinkerButton *>()->isVisible());
         });
         box.message(0, "Text", "", kOk);
-    }
-
-    // The same as message, which takes markup, too.
-    void heading_data()
-    {
-        columns<QString>("head");
-        row("none", "");
-        row("some", "Head");
-        row("broken markup", "<b>Head</i> <font");
-    }
-    void heading()
-    {
-        QFETCH(QString, head);
-        MsgBox box;
-        box.whileRunning([&] {
-            QLabel *label = box.label("<font color=\"#4baeb3\">" + head + "</font>");
-            QVERIFY(label);
-            QCOMPARE(label->isVisible(), !head.isEmpty());
-            QVERIFY(box.label("Text" + head)->isVisible());
-            box.grab();
-        });
-        box.message(1, "Text" + head, head, kOk);
     }
 
     // ------------------------------------------------------------------------------------------------------

@@ -43,19 +43,23 @@ private Q_SLOTS:
 
     void dirNames_data()
     {
-        columns<QString, QString, bool, int>("typed", "name", "ok", "result"); // after Return
-        row("nothing", "", "", false, -1);
-        row("spaces", "   ", "   ", false, -1);
-        row("a name", "abc", "abc", true, kOk);
-        row("acceptable", "abc]", "abc]", true, -1);
-        row("two", "a b]c]", "a b]c]", true, -1);
-        row("a tab", "\t", "\t", true, kOk);
-        row("refused", "a/b:c\\d*e?f\"g<h>i|j", "abcdefghij", true, kOk);
-        row("256", QString(300, 'x'), QString(256, 'x'), true, kOk);
+        columns<int, QString, QString, int>("buttons", "typed", "name", "result"); // after Return
+        const int both = kOk | kCancel;
+        row("nothing", both, "", "", 0);
+        row("spaces", both, "   ", "   ", 0);
+        row("a name", both, "abc", "abc", kOk);
+        row("acceptable", both, "abc]", "abc]", -1);
+        row("two", both, "a b]c]", "a b]c]", -1);
+        row("without OK", 0x601, "abc]", "abc]", -1);
+        row("a tab", both, "\t", "\t", kOk);
+        row("refused", both, "a/b:c\\d*e?f\"g<h>i|j", "abcdefghij", kOk);
+        row("256", both, QString(300, 'x'), QString(256, 'x'), kOk);
     }
     void dirNames()
     {
+        QFETCH(int, buttons);
         QFETCH(QString, typed);
+        QFETCH(int, result); // 0: there is none
         MsgBox box;
         QSignalSpy quits(&box, &CMsgBox::sigQuit);
         QSignalSpy finished(&box, &QDialog::finished);
@@ -70,14 +74,14 @@ private Q_SLOTS:
                 edit->insert(key);
             QTEST(edit->text(), "name");
             QCOMPARE(box.GetUser(), edit->text());
-            QTEST(box.ButtonIsEnable(kOk), "ok");
+            QCOMPARE(box.ButtonIsEnable(kOk), result != 0 && (buttons & kOk));
             type(box, Qt::Key_Return);
             endings = finished.size();
             QCOMPARE(box.isVisible(), endings == 0);
         });
-        QTEST(box.showCreateDirBox(1, "Name", kOk | kCancel), "result");
+        QCOMPARE(box.showCreateDirBox(1, "Name", buttons), result == 0 ? -1 : result);
         QTEST(box.GetUser(), "name");
-        QTEST(endings == 1, "ok");
+        QCOMPARE(endings, int(result != 0));
         QCOMPARE(quits.size(), 1);
         QCOMPARE(finished.size(), 1);
         QVERIFY(box.GetPassword().isEmpty());
@@ -122,77 +126,49 @@ private Q_SLOTS:
         QCOMPARE(box.showCreateDirBox(1, "", kOk | kCancel), kCancel);
     }
 
-    void dirBoxWithoutOk()
-    {
-        MsgBox box;
-        box.whileRunning([&] {
-            box.edits().constFirst()->setText("abc]");
-            type(box, Qt::Key_Return);
-            QVERIFY(!box.isVisible());
-        });
-        QCOMPARE(box.showCreateDirBox(1, "Name", 0x601), -1);
-        QCOMPARE(box.GetUser(), QString("abc]"));
-    }
-
     // ------------------------------------------------------------------------------------------------------
     // user name and password
 
-    void initialOk_data()
+    void okButton_data()
     {
-        columns<int, QString, QString, bool, bool>("fields", "user", "password", "allowEmpty", "ok");
-        row("nothing", 3, "", "", true, false);
-        row("both", 3, "user", "secret", false, true);
-        row("no user", 3, "", "secret", true, false);
-        row("no password", 3, "user", "", false, false);
-        row("empty allowed", 3, "user", "", true, true);
-        row("no user edit, no user", 2, "", "secret", false, false);
-        row("no edits", 0, "user", "secret", false, true);
+        columns<int, QString, QString, bool, bool, bool>("fields", "user", "password", "allowEmpty", "typed",
+                                                         "ok");
+        row("nothing", 3, "", "", true, false, false);
+        row("both", 3, "user", "secret", false, false, true);
+        row("no user", 3, "", "secret", true, false, false);
+        row("no password", 3, "user", "", false, false, false);
+        row("empty allowed", 3, "user", "", true, false, true);
+        row("no user edit, no user", 2, "", "secret", false, false, false);
+        row("no edits", 0, "user", "secret", false, false, true);
+        row("typed user", 3, "user", "", false, true, true); // the password does not matter then
+        row("typed user alone", 1, "user", "", false, true, true);
+        row("typed password, no user", 3, "", "secret", true, true, false);
+        row("typed password", 2, "", "secret", false, true, true);
+        row("typed no password", 2, "", "", false, true, false);
+        row("typed no password, allowed", 2, "", "", true, true, true);
     }
-    void initialOk()
+    void okButton()
     {
         QFETCH(int, fields);
         QFETCH(QString, user);
         QFETCH(QString, password);
         QFETCH(bool, allowEmpty);
+        QFETCH(bool, typed);
         MsgBox box;
         box.whileRunning([&] {
+            const auto edits = typed ? box.edits() : QList<CBPLineEdit *>();
+            for (CBPLineEdit *edit : edits) // first something else, so that each of them changes
+                edit->setText("x");
+            for (CBPLineEdit *edit : edits)
+                edit->setText(edit->echoMode() == QLineEdit::Password ? password : user);
             QTEST(box.ButtonIsEnable(kOk), "ok");
             QCOMPARE(box.GetBtn(kOk)->text(), QString("Proceed"));
             QVERIFY(box.GetBtn(kOk)->IsFocus() && !box.GetBtn(kCancel)->IsFocus());
             QCOMPARE(box.GetUser(), fields & kUser ? user : QString());
             QCOMPARE(box.GetPassword(), fields & kPassword ? password : QString());
         });
-        box.showUserAndPasswordBox(0, "", fields, 64, kOk | kCancel, "", user, password, "", allowEmpty);
-    }
-
-    void changes_data()
-    {
-        columns<int, bool, QString, QString, bool>("fields", "allowEmpty", "user", "password", "ok");
-        row("user", 3, false, "user", "", true); // the password does not matter then
-        row("user alone", 1, false, "user", "", true);
-        row("password, no user", 3, true, "", "secret", false);
-        row("password", 2, false, "", "secret", true);
-        row("no password", 2, false, "", "", false);
-        row("no password, allowed", 2, true, "", "", true);
-    }
-    void changes()
-    {
-        QFETCH(int, fields);
-        QFETCH(bool, allowEmpty);
-        QFETCH(QString, user);
-        QFETCH(QString, password);
-        MsgBox box;
-        box.whileRunning([&] {
-            const auto edits = box.edits();
-            for (CBPLineEdit *edit : edits) // first something else, so that each of them changes
-                edit->setText("x");
-            for (CBPLineEdit *edit : edits)
-                edit->setText(edit->echoMode() == QLineEdit::Password ? password : user);
-            QTEST(box.ButtonIsEnable(kOk), "ok");
-            QCOMPARE(box.GetUser(), user);
-            QCOMPARE(box.GetPassword(), password);
-        });
-        box.showUserAndPasswordBox(0, "", fields, 64, kOk, "", "", "", "", allowEmpty);
+        box.showUserAndPasswordBox(0, "", fields, 64, kOk | kCancel, "", typed ? "" : user,
+                                   typed ? "" : password, "", allowEmpty);
     }
 
     void fields_data()
@@ -237,32 +213,7 @@ private Q_SLOTS:
         }
     }
 
-    void longPassword()
-    {
-        const QString secret(4000, 'x');
-        MsgBox box;
-        box.whileRunning([&] {
-            CBPLineEdit *edit = box.edits().constFirst();
-            QCOMPARE(box.GetPassword(), secret);
-            edit->end(false);
-            edit->insert("y"); // no room for it
-            QCOMPARE(box.GetPassword(), secret);
-            QVERIFY(!shot(*edit).isNull());
-        });
-        box.showUserAndPasswordBox(0, "", kPassword, 4000, kOk, "", "", secret);
-    }
-
-    void badLength()
-    {
-        MsgBox box;
-        box.whileRunning([&] {
-            box.edits().constFirst()->setText("secret");
-            QCOMPARE(box.GetPassword(), QString("secret"));
-        });
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("-3"));
-        box.showUserAndPasswordBox(0, "", kPassword, -3, kOk);
-    }
-
+    // A length that is none is no limit.
     void names()
     {
         MsgBox box;
@@ -279,8 +230,10 @@ private Q_SLOTS:
             QTest::keyClick(&box, Qt::Key_C, Qt::ControlModifier);
             QVERIFY(QApplication::clipboard()->text().contains("Prompt"));
             QVERIFY(!QApplication::clipboard()->text().contains("secret"));
+            QCOMPARE(box.GetPassword(), QString("secret"));
         });
-        box.showUserAndPasswordBox(0, "Prompt", 7, 9, kOk, "", "", "", "Hint");
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("-3"));
+        box.showUserAndPasswordBox(0, "Prompt", 7, -3, kOk, "", "", "", "Hint");
     }
 
     // The directory edit is read as what is asked for, whatever comes to stand there.
@@ -382,23 +335,13 @@ private Q_SLOTS:
         QCOMPARE(quits.size(), 1);
     }
 
-    void fromOpenToClose_data()
-    {
-        columns<int, QVector<int>>("buttons", "tabs"); // by flag, from what has the focus at first
-        QTest::newRow("OK") << (kOk | kCancel) << QVector<int>{kOk, kCancel};
-        QTest::newRow("questions") << (kYes | kNo | kCancel) << QVector<int>{kYes, kNo, kCancel};
-    }
     void fromOpenToClose()
     {
-        QFETCH(int, buttons);
-        QFETCH(QVector<int>, tabs);
         MsgBox box;
         box.whileRunning([&] {
             QVERIFY(isInFront(box));
-            QTRY_VERIFY(box.focusWidget());
-            // From the first button, wherever the focus begins: forth through the row, then check box.
-            box.GetBtn(tabs.constFirst())->QWidget::setFocus();
-            for (const int flag : qAsConst(tabs)) {
+            QTRY_COMPARE(box.focusWidget(), box.GetBtn(kYes));
+            for (const int flag : {kYes, kNo, kCancel}) { // forth through the row, then check box
                 QCOMPARE(box.focusWidget(), box.GetBtn(flag));
                 type(box, Qt::Key_Tab);
             }
@@ -410,7 +353,7 @@ private Q_SLOTS:
             QCOMPARE(box.focusWidget(), box.GetBtn(kCancel));
             type(box, Qt::Key_Space);
         });
-        QCOMPARE(box.messageWithCheckbox(1, "Text", "Check", "", buttons), kCancel | 0x200);
+        QCOMPARE(box.messageWithCheckbox(1, "Text", "Check", "", kYes | kNo | kCancel), kCancel | 0x200);
     }
 
     void firstFocus_data()

@@ -60,28 +60,17 @@ private Q_SLOTS:
         QFETCH(bool, secondary);
         PopUp w(nullptr, flag);
         CBPPushBtn *button = w.GetBtn(flag);
-        QVERIFY(button && w.isAncestorOf(button));
         QCOMPARE(button->objectName(), QString(QTest::currentDataTag()));
         QTEST(button->text(), "caption");
-        QCOMPARE(button->height(), 36);
-        QVERIFY(button->width() >= 85);
+        QVERIFY(button->height() == 36 && button->width() >= 85);
         QVERIFY(QFontMetrics(button->font()).horizontalAdvance(button->text()) < button->width());
         QCOMPARE(qobject_cast<CBPWaitBtn *>(button) != nullptr, flag != kNo);
         QCOMPARE(button->isDefault(), flag != kCancel);
-
-        const QColor white(Qt::white);
-        const QStringList ground{"#49a7f5", "#5baff6", "#4195dc", "#c9e5fc"};
-        const QStringList frame{"#9b9b9b", "#a5a5a5", "#6f6f6f", "#e1e1e1"};
-        const QStringList text{"#333333", "#474747", "#242424", "#c2c2c2"};
-        for (int state = 0; state < 4; ++state) {
-            QCOMPARE(button->bgColor(state), secondary ? white : QColor(ground[state]));
-            QCOMPARE(button->textColor(state), secondary ? QColor(text[state]) : white);
-            if (secondary)
-                QCOMPARE(button->frmColor(state), QColor(frame[state]));
-        }
+        QCOMPARE(button->bgColor(1), QColor(secondary ? "white" : "#5baff6"));
+        QCOMPARE(button->textColor(3), QColor(secondary ? "#c2c2c2" : "white"));
         // A primary button has no frame: its corner is its ground.
         button->setFocusPolicy(Qt::NoFocus);
-        QCOMPARE(shot(*button).pixelColor(0, 0), QColor(secondary ? frame[0] : ground[0]));
+        QCOMPARE(shot(*button).pixelColor(0, 0), QColor(secondary ? "#9b9b9b" : "#49a7f5"));
     }
 
     void rows_data()
@@ -155,80 +144,51 @@ private Q_SLOTS:
         workArea = kept;
     }
 
-    void withoutButton()
+    void buttonsByFlag()
     {
-        PopUp w(nullptr, kCancel);
-        QVERIFY(!w.GetBtn(kOk));
-        QVERIFY(!w.GetBtn(kOk | kCancel));
-        QVERIFY(!w.ButtonIsEnable(kOk));
+        PopUp w(nullptr, kCancel | kNo);
+        QVERIFY(!w.GetBtn(kOk) && !w.GetBtn(kOk | kCancel) && !w.ButtonIsEnable(kOk));
         w.EnableButton(kOk, true);
         w.ResetBtnText(kOk, "text");
         QVERIFY(!w.GetBtn(kOk));
-
-        w.EnableButton(kCancel, false);
-        QVERIFY(!w.ButtonIsEnable(kCancel) && !w.GetBtn(kCancel)->isEnabled());
-        w.EnableButton(kCancel, true);
-        QVERIFY(w.ButtonIsEnable(kCancel));
-        delete w.GetBtn(kCancel);
-        QVERIFY(!w.GetBtn(kCancel) && !w.ButtonIsEnable(kCancel));
-    }
-
-    void buttonTexts()
-    {
-        PopUp w(nullptr, kOk | kNo);
-        const int width = w.GetBtn(kOk)->width();
-        for (const int flag : {kOk, kNo}) {
+        for (const bool enabled : {false, true}) {
+            w.EnableButton(kCancel, enabled);
+            QVERIFY(w.ButtonIsEnable(kCancel) == enabled && w.GetBtn(kCancel)->isEnabled() == enabled);
+        }
+        // Wider for its text, up to 480 pixels.
+        for (const int flag : {kCancel, kNo}) {
             w.ResetBtnText(flag, "A text that needs more room than that");
-            QVERIFY(w.GetBtn(flag)->width() > width);
+            QVERIFY(w.GetBtn(flag)->width() > 85);
+            w.ResetBtnText(flag, QString(20000, 'w'));
+            QCOMPARE(w.GetBtn(flag)->width(), 480);
             w.ResetBtnText(flag, "A & B");
             QCOMPARE(w.GetBtn(flag)->text(), QString("A & B"));
         }
         // A wait gives back what the application has set.
-        auto *button = qobject_cast<CBPWaitBtn *>(w.GetBtn(kOk));
+        auto *button = qobject_cast<CBPWaitBtn *>(w.GetBtn(kCancel));
         button->Show(true);
         button->exit(nullptr, false);
         QCOMPARE(button->text(), QString("A & B"));
+        delete button;
+        QVERIFY(!w.GetBtn(kCancel) && !w.ButtonIsEnable(kCancel));
     }
 
-    void endlessText()
+    // A standard button waits without a text: its spinner stands for it, all frames of it, and again.
+    void waitingButton()
     {
-        PopUp w(nullptr, kOk | kNo);
-        const QString text(20000, 'w');
-        for (const int flag : {kOk, kNo}) {
-            CBPPushBtn *button = w.GetBtn(flag);
-            button->setFocusPolicy(Qt::NoFocus);
-            button->setBgColor(QVector<QColor>(4, Qt::white));
-            button->setFrmTrancent(true);
-            w.ResetBtnText(flag, text);
-            QCOMPARE(button->width(), 480);
-            QCOMPARE(button->text(), text);
-            button->setTextColor(QVector<QColor>(4, Qt::black));
-            const int lines = inkOf(shot(*button), 255).height(); // of pixels
-            QVERIFY2(lines > 4 && lines < button->height() / 2, qPrintable(QString::number(lines)));
+        PopUp w(nullptr, kCancel);
+        w.show();
+        auto *button = qobject_cast<CBPWaitBtn *>(w.GetBtn(kCancel));
+        button->Show(true);
+        for (const char *frame : {"00", "23", "00"}) {
+            const QString path =
+                Util::getResFullPath(QString("../res/loading/loading%1.png").arg(QLatin1String(frame)));
+            const QImage picture = lumqt::loadPixmap(path, qApp->devicePixelRatio()).toImage();
+            QVERIFY(QTest::qWaitFor([&] { return button->currentPixmap().toImage() == picture; }, 8000));
+            QVERIFY(button->text().isEmpty() && !button->icon().isNull() && !button->isEnabled());
         }
-    }
-
-    // A standard button waits without a text: its spinner stands for it.
-    void waitingButtons()
-    {
-        for (const int flag : {kOk, kCancel}) { // a primary one, and a secondary
-            PopUp w(nullptr, flag);
-            w.show();
-            auto *button = qobject_cast<CBPWaitBtn *>(w.GetBtn(flag));
-            const QString caption = button->text();
-            button->Show(true);
-            for (const char *frame : {"00", "23", "00"}) { // all of them, and again
-                const QString path =
-                    Util::getResFullPath(QString("../res/loading/loading%1.png").arg(QLatin1String(frame)));
-                const QImage picture = lumqt::loadPixmap(path, qApp->devicePixelRatio()).toImage();
-                QVERIFY(!picture.isNull());
-                QVERIFY(QTest::qWaitFor([&] { return button->currentPixmap().toImage() == picture; }, 8000));
-                QCOMPARE(button->text(), QString());
-                QVERIFY(!button->icon().isNull() && !button->isEnabled());
-            }
-            button->exit(nullptr, false);
-            QCOMPARE(button->text(), caption);
-        }
+        button->exit(nullptr, false);
+        QCOMPARE(button->text(), QString("Cancel"));
     }
 
     void widgetsInRow()
@@ -242,9 +202,9 @@ private Q_SLOTS:
         QCOMPARE(left->parentWidget(), static_cast<QWidget *>(w.GetPreBox()));
         QCOMPARE(left->sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
         QVERIFY(w.isAncestorOf(right) && !w.GetPreBox()->isAncestorOf(right));
-        QCOMPARE(w.GetPreBox()->layout()->count(), 2);
-        QCOMPARE(w.GetPreBox()->layout()->itemAt(1)->sizeHint().width(), 7);
-        QCOMPARE(int(w.GetPreBox()->layout()->itemAt(0)->alignment()), int(Qt::AlignBottom));
+        const QLayout *row = w.GetPreBox()->layout();
+        QVERIFY(row->count() == 2 && row->itemAt(1)->sizeHint().width() == 7);
+        QCOMPARE(int(row->itemAt(0)->alignment()), int(Qt::AlignBottom));
     }
 
     void withoutInit()
@@ -256,25 +216,13 @@ private Q_SLOTS:
         w.PrependWidget(&widget, false, false, 0, {});
         QVERIFY(!w.GetPreBox() && !w.GetBtn(kOk) && !widget.parent());
         w.grab();
-        w.Init(true);
-        w.AppendBtn(kOk);
+        w.Init(false); // without a bottom area
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression("Init"));
         w.Init(true);
-        QVERIFY(w.isAncestorOf(w.GetBtn(kOk)));
-    }
-
-    void withoutBottomArea()
-    {
-        QPointer<CBPPushBtn> button;
-        {
-            PopUp w(nullptr, kOk, false);
-            button = w.GetBtn(kOk);
-            QVERIFY(button && !w.isAncestorOf(button) && !w.statusBox());
-            w.grab();
-            emit button->released();
-            QCOMPARE(w.GetResult(), kOk);
-        }
-        QVERIFY(!button);
+        w.AppendBtn(kOk);
+        QVERIFY(w.GetBtn(kOk) && !w.isAncestorOf(w.GetBtn(kOk)));
+        emit w.GetBtn(kOk)->released();
+        QCOMPARE(w.GetResult(), kOk);
     }
 
     // ------------------------------------------------------------------------------------------------------
@@ -330,7 +278,7 @@ private Q_SLOTS:
 
     void endedWhileAsked_data()
     {
-        columns<QString, QString>("who", "how"); // who ends the dialog
+        columns<QString, QString>("who", "how");
         for (const char *who : {"button", "callback"}) {
             for (const char *how : {"close", "other button", "delete", "parent"})
                 QTest::addRow("%s, %s", who, how) << who << how;

@@ -61,12 +61,7 @@ private Q_SLOTS:
     }
 
     // Before its loop runs, too.
-    void endedWhileShown_data()
-    {
-        columns<QString>("how");
-        for (const char *how : {"UnRun", "OnClose", "close", "hide"})
-            row(how, how);
-    }
+    void endedWhileShown_data() { names("how", {"UnRun", "OnClose", "close", "hide"}); }
     void endedWhileShown()
     {
         QFETCH(QString, how);
@@ -98,16 +93,15 @@ private Q_SLOTS:
 
     void destroyedWhileRunning_data()
     {
-        columns<QString>("how");
-        for (const char *how : {"dialog", "parent", "by sigQuit", "by finished"})
-            row(how, how);
+        names("how", {"dialog", "parent", "by sigQuit", "by finished", "on close"});
     }
     void destroyedWhileRunning()
     {
         QFETCH(QString, how);
-        auto *parent = new QWidget;
+        QPointer<QWidget> parent(new QWidget);
         parent->show();
         QPointer<PopUp> w(new PopUp(parent, kOk));
+        w->setAttribute(Qt::WA_DeleteOnClose, how == "on close");
         if (how == "by sigQuit")
             connect(w, &CBPPopWnd::sigQuit, [&] { destroy(w); });
         else if (how == "by finished")
@@ -121,20 +115,11 @@ private Q_SLOTS:
                 QTest::mouseClick(w->GetBtn(kOk), Qt::LeftButton);
         });
         w->Run();
-        QVERIFY(!w);
-        if (how != "parent")
-            delete parent;
-    }
-
-    void deletedOnClose()
-    {
-        QPointer<PopUp> w(new PopUp(nullptr, kOk));
-        w->setAttribute(Qt::WA_DeleteOnClose);
-        later(w, [&] { QTest::mouseClick(w->GetBtn(kOk), Qt::LeftButton); });
-        w->Run();
-        QVERIFY(w); // to be asked
-        QCOMPARE(w->GetResult(), kOk);
+        QCOMPARE(w.isNull(), how != "on close");
+        if (w) // to be asked first
+            QCOMPARE(w->GetResult(), kOk);
         QTRY_VERIFY(!w);
+        delete parent;
     }
 
     void endsOnce()
@@ -160,12 +145,7 @@ private Q_SLOTS:
     }
 
     // An answer that is given stays, and the end is told once, whoever closes the dialog meanwhile or after.
-    void answerStays_data()
-    {
-        columns<QString>("how");
-        for (const char *how : {"close", "parent", "accept", "after"})
-            row(how, how);
-    }
+    void answerStays_data() { names("how", {"close", "parent", "accept", "after"}); }
     void answerStays()
     {
         QFETCH(QString, how);

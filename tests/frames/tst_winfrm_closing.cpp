@@ -367,9 +367,7 @@ private Q_SLOTS:
 
     void destroyedWhileModal_data()
     {
-        columns<QString>("victim");
-        for (const char *victim : {"dialog", "parent", "ancestor", "dialog in its hook", "delete on close"})
-            row(victim, victim);
+        names("victim", {"dialog", "parent", "ancestor", "dialog in its hook", "delete on close"});
     }
     void destroyedWhileModal()
     {
