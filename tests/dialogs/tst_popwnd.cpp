@@ -115,10 +115,10 @@ private Q_SLOTS:
                     button->objectName().mid(6);
             }
             QString rows;
+            int y = byPlace.isEmpty() ? 0 : byPlace.firstKey().first;
             for (auto at = byPlace.cbegin(); at != byPlace.cend(); ++at) {
-                const bool first = at == byPlace.cbegin();
-                rows += first ? "" : at.key().first == std::prev(at).key().first ? " " : "|";
-                rows += at.value();
+                rows += (rows.isEmpty() ? "" : at.key().first == y ? " " : "|") + at.value();
+                y = at.key().first;
             }
             QTEST(rows, "rows");
             QCOMPARE(w.statusBox()->height(), 70 + 48 * int(rows.count('|')));
@@ -126,8 +126,7 @@ private Q_SLOTS:
                 w.hide();
                 workArea = [] { return QRect(0, 0, 2600, 1200); };
                 w.show();
-                QCOMPARE(w.statusBox()->height(), 70);
-                QVERIFY(w.height() <= high);
+                QVERIFY(w.statusBox()->height() == 70 && w.height() <= high);
                 workArea = [area] { return area; };
             }
             // The groups stand at the edges of the row, 12 pixels between two buttons of one.
@@ -247,6 +246,8 @@ private Q_SLOTS:
         QFETCH(int, result);
         QFETCH(bool, closes);
         PopUp w(nullptr, kOk | kNo);
+        CBPPushBtn *first = w.GetBtn(kOk);
+        w.AppendBtn(kOk); // of two buttons with one flag only the second is one
         w.answer = [accepts](int) { return accepts; };
         Callback asked;
         asked.verdict = callback.toInt();
@@ -263,17 +264,10 @@ private Q_SLOTS:
         QCOMPARE(quits.size(), int(closes));
         if (closes)
             QCOMPARE(quits[0][0].value<void *>(), static_cast<void *>(static_cast<QObject *>(&w)));
-
-        // Of two buttons with one flag only the second is one.
         w.show();
-        CBPPushBtn *first = w.GetBtn(kOk);
-        w.AppendBtn(kOk);
-        QVERIFY(w.GetBtn(kOk) != first);
-        w.asked.clear();
-        quits.clear();
         emit first->released();
-        QVERIFY(w.asked.isEmpty());
-        QCOMPARE(quits.size(), int(!callback.isEmpty() && asked.verdict != -1));
+        QCOMPARE(w.asked.size(), 1);
+        QCOMPARE(w.isVisible(), callback.isEmpty() || asked.verdict == -1);
     }
 
     void endedWhileAsked_data()
@@ -288,12 +282,15 @@ private Q_SLOTS:
     {
         QFETCH(QString, who);
         QFETCH(QString, how);
-        auto *parent = new QWidget;
+        QPointer<QWidget> parent(new QWidget);
         parent->show();
         QPointer<PopUp> w(new PopUp(parent, kOk | kYes));
         QSignalSpy quits(w, &CBPPopWnd::sigQuit);
         QSignalSpy finished(w, &QDialog::finished);
+        int asked = 0;
         const auto end = [&] {
+            if (asked++ > 0)
+                return;
             if (how == "delete")
                 destroy(w);
             else if (how == "parent")
@@ -304,34 +301,24 @@ private Q_SLOTS:
                 emit w->GetBtn(kYes)->released();
         };
         Callback callback;
-        bool ended = false;
-        const auto once = [&] {
-            if (!std::exchange(ended, true))
-                end();
-        };
         if (who == "button") {
-            w->answer = [&](int flag) {
-                if (flag == kOk)
-                    once();
+            w->answer = [&](int) {
+                end();
                 return true;
             };
         } else {
             w->SetBtnClickCB(&Callback::call, &callback);
-            callback.act = once;
+            callback.act = end;
         }
         w->show();
         QTest::mouseClick(w->GetBtn(kOk), Qt::LeftButton);
-        QVERIFY(ended);
-        const bool deleted = how == "delete" || how == "parent";
-        QCOMPARE(w.isNull(), deleted);
-        if (!deleted) { // the first end holds, and happens once
+        QVERIFY(asked > 0);
+        QCOMPARE(w.isNull(), how == "delete" || how == "parent");
+        if (w) { // the first end holds, and happens once
             QCOMPARE(w->GetResult(), how == "close" ? kCancel : kYes);
-            QVERIFY(!w->isVisible());
-            QCOMPARE(quits.size(), 1);
-            QCOMPARE(finished.size(), 1);
+            QVERIFY(!w->isVisible() && quits.size() == 1 && finished.size() == 1);
         }
-        if (how != "parent")
-            delete parent;
+        delete parent;
     }
 
     void brokenPresses_data()
@@ -348,26 +335,21 @@ private Q_SLOTS:
     void brokenPresses()
     {
         QFETCH(QString, by);
+        QFETCH(bool, space);
         PopUp w(nullptr, kOk | kNo);
-        if (by == "accept") {
-            w.answer = [&w](int flag) {
-                w.EnableButton(flag, false);
-                return true;
-            };
-        }
+        w.answer = [&w, by](int flag) {
+            w.EnableButton(flag, by != "accept");
+            return true;
+        };
         w.show();
         w.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&w));
         CBPPushBtn *button = w.GetBtn(kOk);
-        if (by == "disable")
-            button->setFocusPolicy(Qt::NoFocus); // or it would be the focus that leaves
+        if (by == "disable") // or it would be the focus that leaves
+            button->setFocusPolicy(Qt::NoFocus);
         else
             button->QWidget::setFocus();
-        QFETCH(bool, space);
-        if (space)
-            QTest::keyPress(button, Qt::Key_Space);
-        else
-            QTest::mousePress(button, Qt::LeftButton);
+        space ? QTest::keyPress(button, Qt::Key_Space) : QTest::mousePress(button, Qt::LeftButton);
         QVERIFY(button->isDown());
         if (by == "disable")
             w.EnableButton(kOk, false);

@@ -24,16 +24,7 @@ private Q_SLOTS:
             typename decltype(of)::type w;
             QWidget content;
             w.SetWindowTitle(QStringLiteral("T"));
-            w.SetWindowLog(QStringLiteral("x.png"));
-            w.ShowTitleBtn(~0, true);
-            w.EnableTitleBtn(~0, false);
-            w.ResetMaxBtn(true);
-            w.SetTitleBg(Qt::red);
-            w.SetTitleBarEnabled(true);
-            w.EnabledTitleRoundRc(false);
-            w.SetTitleHeight(20);
-            w.SetHasNewVersion(true);
-            w.showWindowTitle(false);
+            w.ShowTitleBtn(~0, true); // as do all that hand on to the title bar
             w.AppendContent(&content, true, false, 3);
             w.SetMainBoxBorder(1, 2, 3, 4);
             w.SetStatusBoxBorder(1, 2, 3, 4);
@@ -128,15 +119,11 @@ private Q_SLOTS:
     void titleIds_data()
     {
         columns<int, QString>("id", "hook");
-        row("2", 2, "min");
-        row("4", 4, "max");
-        row("8", 8, "close");
-        row("16", 16, "setting");
-        row("64", 64, "menu");
-        row("128", 128, "previous");
-        row("1024", 1024, "contact");
-        row("2048", 2048, "support");
-        row("4096", 4096, "offer");
+        const std::pair<int, const char *> hooks[] = {{2, "min"},        {4, "max"},        {8, "close"},
+                                                      {16, "setting"},   {64, "menu"},      {128, "previous"},
+                                                      {1024, "contact"}, {2048, "support"}, {4096, "offer"}};
+        for (const auto &[id, hook] : hooks)
+            row(hook, id, hook);
         for (const int id : {0, -1, 1, 32, 256, 512, 8192, 12})
             QTest::addRow("%d", id) << id << QString();
     }
@@ -278,8 +265,7 @@ private Q_SLOTS:
             middle->hide();
             Window w(inner);
             QCOMPARE(w.parentWidget(), &top);
-            QVERIFY(w.isWindow());
-            QVERIFY(w.testAttribute(Qt::WA_TranslucentBackground));
+            QVERIFY(w.isWindow() && w.testAttribute(Qt::WA_TranslucentBackground));
         });
     }
 
