@@ -135,31 +135,9 @@ private Q_SLOTS:
         }
     }
 
-    void destroyed_data()
-    {
-        columns<QString, int>("what", "call");
-        for (const char *what : {"box", "parent", "by the link"}) {
-            for (int call = 0; call < 5; ++call)
-                QTest::addRow("%s, call %d", what, call) << what << call;
-        }
-    }
     void destroyed()
     {
-        QFETCH(QString, what);
-        QFETCH(int, call);
-        auto *parent = new QWidget;
-        parent->show();
-        QPointer<MsgBox> box(new MsgBox(parent));
-        connect(box, &CMsgBox::sigLinkClicked, [&] { destroy(box); });
-        later(box, [&] {
-            auto *link = box->findChild<CBPLinkerButton *>();
-            if (what == "parent")
-                destroy(parent);
-            else if (what == "by the link" && link)
-                emit link->sigLinkerClick(0);
-            else
-                destroy(box);
-        });
+        QPointer<MsgBox> box;
         const std::function<int()> calls[] = {
             [&] { return box->message(0, "Text", "Head", kOk); },
             [&] { return box->messageWithCheckbox(0, "Text", "Check", "Head", kOk); },
@@ -167,10 +145,24 @@ private Q_SLOTS:
             [&] { return box->showCreateDirBox(0, "Text", kOk); },
             [&] { return box->showUserAndPasswordBox(0, "Text", 7, 9, kOk); },
         };
-        QCOMPARE(calls[call](), -1);
-        QVERIFY(!box);
-        if (what != "parent")
-            delete parent;
+        for (const auto &call : calls) {
+            for (const QString what : {"box", "parent", "by the link"}) {
+                QPointer<QWidget> parent(new QWidget);
+                parent->show();
+                box = new MsgBox(parent);
+                connect(box, &CMsgBox::sigLinkClicked, [&] { destroy(box); });
+                later(box, [&] {
+                    auto *link = box->findChild<CBPLinkerButton *>();
+                    if (what == "by the link" && link)
+                        emit link->sigLinkerClick(0);
+                    else
+                        destroy(what == "parent" ? parent.data() : box.data());
+                });
+                QCOMPARE(call(), -1);
+                QVERIFY2(!box, qPrintable(what));
+                delete parent;
+            }
+        }
     }
 
     // A misuse, which adds to what there is.
