@@ -65,8 +65,7 @@ private Q_SLOTS:
             QCOMPARE(bottom->contentsMargins(), QMargins(12, 12, 12, 16));
             QCOMPARE(w.contentBox()->count(), 2);
             const QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(&w);
-            QCOMPARE(spoken->role(), QAccessible::Dialog);
-            QCOMPARE(spoken->text(QAccessible::Name), QStringLiteral("Title"));
+            QVERIFY(spoken->role() == QAccessible::Dialog && spoken->text(QAccessible::Name) == "Title");
             w.SetWindowTitle(QStringLiteral("a.png"), true);
             QCOMPARE(w.windowTitle(), QStringLiteral("Title"));
 
@@ -76,11 +75,9 @@ private Q_SLOTS:
             QCOMPARE(w.contentBox()->contentsMargins(), QMargins(1, 2, 3, 4));
             QCOMPARE(bottom->contentsMargins(), QMargins(5, 6, 7, 8));
             QCOMPARE(w.layout()->contentsMargins(), QMargins(10, 10, 10, 10));
-            const QByteArray name = w.metaObject()->className();
-            QTest::ignoreMessage(QtWarningMsg,
-                                 name + ": Init() was called twice, or after another layout was set");
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression("was called twice"));
             w.Init();
-            QTest::ignoreMessage(QtWarningMsg, name + ": the bottom area comes too late, after Init()");
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression("comes too late"));
             w.setStatusBox(content);
             QCOMPARE(w.statusBox(), bottom);
             QCOMPARE(w.template findChildren<CBPWinFrmTitle *>().size(), 1);
@@ -98,21 +95,15 @@ private Q_SLOTS:
             w.Init();
             QCOMPARE(w.layout()->contentsMargins(), QMargins());
             QCOMPARE(w.contentBox()->contentsMargins(), QMargins(12, 16, 12, 12));
-            QCOMPARE(w.layout()->spacing(), 0);
-            QVERIFY(!w.statusBox() && w.drawsBottomLine());
-            QCOMPARE(w.bottomHeight(), 70);
+            QVERIFY(w.layout()->spacing() == 0 && !w.statusBox());
+            QVERIFY(w.bottomHeight() == 70 && w.drawsBottomLine());
             w.SetBottomHeight(0);
             w.SetBottomHeight(50);
-            QCOMPARE(w.bottomHeight(), 50);
-            QVERIFY(!w.drawsBottomLine()); // once gone, gone
+            QVERIFY(w.bottomHeight() == 50 && !w.drawsBottomLine()); // once gone, gone
             w.SetDrawBottomHLine(true);
             QVERIFY(w.drawsBottomLine());
-            w.SetTitleHeight(40);
-            QCOMPARE(w.titleBar()->height(), 40);
             w.showWindowTitle(false);
-            QVERIFY(w.titleBar()->isHidden());
-            const QImage empty = w.grab().toImage();
-            QCOMPARE(empty.pixelColor(empty.width() / 2, empty.height() - 2).alpha(), 0);
+            QVERIFY(w.titleBar()->isHidden() && inkOf(pictureOf(w), 255).isEmpty()); // it paints nothing itself
         });
     }
 
@@ -190,13 +181,12 @@ private Q_SLOTS:
             QTRY_COMPARE(w.geometry(), filled);
             QCOMPARE(w.minimumSize(), w.maximumSize());
             QCOMPARE(w.layout()->contentsMargins(), QMargins(1, 1, 1, 1));
-            QCOMPARE(drawn(*w.titleBar()).pixelColor(0, 0).alpha(), 255); // square corners
-            for (const auto type :
-                 {QEvent::MouseButtonPress, QEvent::MouseMove, QEvent::MouseButtonRelease}) {
-                const QPoint at(50, type == QEvent::MouseButtonPress ? 20 : 60);
-                QMouseEvent drag(type, at, w.mapToGlobal(at), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-                QCoreApplication::sendEvent(w.titleBar(), &drag); // it stays where it is
-            }
+            QCOMPARE(drawn(*w.titleBar()).pixelColor(0, 0).alpha(), 255);        // square corners
+            QTest::mousePress(w.titleBar(), Qt::LeftButton, {}, QPoint(50, 20)); // it stays where it is
+            QMouseEvent drag(QEvent::MouseMove, QPoint(50, 60), w.mapToGlobal(QPoint(50, 60)), Qt::NoButton,
+                             Qt::LeftButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(w.titleBar(), &drag);
+            QTest::mouseRelease(w.titleBar(), Qt::LeftButton);
             QCOMPARE(w.geometry(), filled);
             w.SetShadowBorder(14);
             emit w.titleBar()->on_dbl_clickedSignal(false);
