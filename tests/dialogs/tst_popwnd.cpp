@@ -95,50 +95,48 @@ private Q_SLOTS:
         QFETCH(int, prepended);
         QFETCH(QRect, area);
         auto &workArea = lumqt::platform::answers().workArea;
-        const auto kept = std::exchange(workArea, [area] { return area; });
-        for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        const auto kept = std::exchange(workArea, [&area] { return area; });
+        for (const bool mirrored : {false, true}) {
             PopUp w(nullptr, appended);
-            w.setLayoutDirection(direction);
+            w.setLayoutDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
             w.PrependBtn(prepended);
-            w.setWindowOpacity(0);
             w.show();
-            const int high = w.height();
             QVERIFY(w.width() <= area.width());
-            QMap<QPair<int, int>, QString> byPlace; // what stands where
+            QMap<QPair<int, int>, CBPPushBtn *> byPlace;
             QRegion covered;
             const auto buttons = w.findChildren<CBPPushBtn *>();
             for (CBPPushBtn *button : buttons) {
                 const QRect place(button->mapTo(&w, QPoint(0, 0)), button->size());
                 QVERIFY(isWholeIn(button, &w) && !covered.intersects(place));
                 covered += place;
-                byPlace[{place.y(), direction == Qt::LeftToRight ? place.x() : -place.x()}] =
-                    button->objectName().mid(6);
+                byPlace[{place.y(), mirrored ? -place.x() : place.x()}] = button;
             }
             QString rows;
-            int y = byPlace.isEmpty() ? 0 : byPlace.firstKey().first;
+            int y = 0;
             for (auto at = byPlace.cbegin(); at != byPlace.cend(); ++at) {
-                rows += (rows.isEmpty() ? "" : at.key().first == y ? " " : "|") + at.value();
+                rows += (rows.isEmpty()        ? ""
+                         : at.key().first == y ? " "
+                                               : "|") +
+                        at.value()->objectName().mid(6);
                 y = at.key().first;
             }
             QTEST(rows, "rows");
             QCOMPARE(w.statusBox()->height(), 70 + 48 * int(rows.count('|')));
             if (rows.contains('|')) { // one row again where there is room for it
                 w.hide();
-                workArea = [] { return QRect(0, 0, 2600, 1200); };
+                const QRect large = std::exchange(area, QRect(0, 0, 2600, 1200));
                 w.show();
-                QVERIFY(w.statusBox()->height() == 70 && w.height() <= high);
-                workArea = [area] { return area; };
+                QCOMPARE(w.statusBox()->height(), 70);
+                area = large;
+            } else if (prepended != 0 &&
+                       !buttons.isEmpty()) { // at both edges, 12 pixels between two of one part
+                const QRect bottom =
+                    w.statusBox()->geometry().marginsRemoved(w.statusBox()->contentsMargins());
+                QCOMPARE(covered.boundingRect().left(), bottom.left());
+                QCOMPARE(covered.boundingRect().right(), bottom.right());
+                const QRect pair = w.GetBtn(kOk)->geometry() | w.GetBtn(kCancel)->geometry();
+                QCOMPARE(pair.width(), w.GetBtn(kOk)->width() + 12 + w.GetBtn(kCancel)->width());
             }
-            // The groups stand at the edges of the row, 12 pixels between two buttons of one.
-            if (prepended != 0x80000 || direction != Qt::LeftToRight)
-                continue;
-            const QRect bottom = w.statusBox()->geometry().marginsRemoved(w.statusBox()->contentsMargins());
-            const auto placed = [&w](int flag) {
-                return QRect(w.GetBtn(flag)->mapTo(&w, QPoint(0, 0)), w.GetBtn(flag)->size());
-            };
-            QCOMPARE(placed(0x80000).left(), bottom.left());
-            QCOMPARE(placed(kCancel).right(), bottom.right());
-            QCOMPARE(placed(kCancel).left() - placed(kOk).right() - 1, 12);
         }
         workArea = kept;
     }
@@ -364,46 +362,37 @@ private Q_SLOTS:
         QVERIFY(!button->isDown());
     }
 
-    void focusDuringJob_data()
-    {
-        columns<int, bool>("flags", "shown"); // by Show() alone, without a loop
-        row("OK, Cancel", kOk | kCancel, false);
-        row("OK, Yes, No", kOk | kYes | kNo, false);
-        row("shown to wait", kOk | kCancel, true);
-    }
-    // Keys that come while a job runs in the button press no other one.
+    // Keys that come while a job runs in the button press no other one, whether it waits in a loop or only
+    // shows so.
     void focusDuringJob()
     {
-        QFETCH(int, flags);
-        QFETCH(bool, shown);
-        PopUp w(nullptr, flags);
-        auto *button = qobject_cast<CBPWaitBtn *>(w.GetBtn(kOk));
-        w.answer = [&](int) {
-            if (shown)
-                button->Show(true);
-            for (const auto key : {Qt::Key_Return, Qt::Key_Space})
-                later(&w, [key] { QTest::keyClick(QApplication::focusWidget(), key); });
-            CBPEvtLoop loop;
-            later(&w, [&] {
+        for (const bool shown : {false, true}) {
+            PopUp w(nullptr, kOk | kYes | kNo);
+            auto *button = qobject_cast<CBPWaitBtn *>(w.GetBtn(kOk));
+            w.answer = [&](int) {
+                for (const auto key : {Qt::Key_Return, Qt::Key_Space})
+                    later(&w, [key] { QTest::keyClick(QApplication::focusWidget(), key); });
+                CBPEvtLoop loop;
+                later(&w, [&] {
+                    if (shown)
+                        loop.exit(0);
+                    else
+                        button->exit(&loop, false);
+                    button->Show(false);
+                });
                 if (shown)
-                    loop.exit(0);
-                else
-                    button->exit(&loop, false);
-                button->Show(false);
-            });
-            if (shown)
-                loop.exec();
-            else
-                button->run(&loop, false);
-            return false;
-        };
-        w.show();
-        w.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&w));
-        QTRY_VERIFY(button->hasFocus());
-        QTest::keyClick(button, Qt::Key_Space);
-        QCOMPARE(w.asked, QVector<int>{kOk});
-        QVERIFY(button->hasFocus() && button->isEnabled());
+                    button->Show(true);
+                shown ? loop.exec() : button->run(&loop, false);
+                return false;
+            };
+            w.show();
+            w.activateWindow();
+            QVERIFY(QTest::qWaitForWindowActive(&w));
+            QTRY_VERIFY(button->hasFocus());
+            QTest::keyClick(button, Qt::Key_Space);
+            QCOMPARE(w.asked, QVector<int>{kOk});
+            QVERIFY(button->hasFocus() && button->isEnabled());
+        }
     }
 };
 

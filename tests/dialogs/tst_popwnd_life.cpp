@@ -66,16 +66,11 @@ private Q_SLOTS:
                 !QGuiApplication::modalWindow()); // or it would block all others
     }
 
-    void destroyedWhileRunning_data()
-    {
-        names("how", {"dialog", "parent", "by sigQuit", "by finished", "on close"});
-    }
+    void destroyedWhileRunning_data() { names("how", {"dialog", "by sigQuit", "by finished", "on close"}); }
     void destroyedWhileRunning()
     {
         QFETCH(QString, how);
-        QPointer<QWidget> parent(new QWidget);
-        parent->show();
-        QPointer<PopUp> w(new PopUp(parent, kOk));
+        QPointer<PopUp> w(new PopUp(nullptr, kOk));
         w->setAttribute(Qt::WA_DeleteOnClose, how == "on close");
         if (how == "by sigQuit")
             connect(w, &CBPPopWnd::sigQuit, [&] { destroy(w); });
@@ -84,8 +79,6 @@ private Q_SLOTS:
         later(w, [&] {
             if (how == "dialog")
                 destroy(w);
-            else if (how == "parent")
-                destroy(parent);
             else
                 QTest::mouseClick(w->GetBtn(kOk), Qt::LeftButton);
         });
@@ -94,7 +87,6 @@ private Q_SLOTS:
         if (w) // to be asked first
             QCOMPARE(w->GetResult(), kOk);
         QTRY_VERIFY(!w);
-        delete parent;
     }
 
     void endsOnce()

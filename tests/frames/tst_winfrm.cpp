@@ -103,7 +103,8 @@ private Q_SLOTS:
             w.SetDrawBottomHLine(true);
             QVERIFY(w.drawsBottomLine());
             w.showWindowTitle(false);
-            QVERIFY(w.titleBar()->isHidden() && inkOf(pictureOf(w), 255).isEmpty()); // it paints nothing itself
+            QVERIFY(w.titleBar()->isHidden() &&
+                    inkOf(pictureOf(w), 255).isEmpty()); // it paints nothing itself
         });
     }
 

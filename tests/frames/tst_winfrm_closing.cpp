@@ -177,6 +177,7 @@ private Q_SLOTS:
         });
     }
 
+    // In a CBPWinWidget, as a dialog has but one default button.
     void returnKey_data()
     {
         columns<QString, QString>("state", "clicked"); // the buttons' state in words
@@ -187,45 +188,38 @@ private Q_SLOTS:
         state("default hidden", "");
         state("focused", "");
         state("default, second focused", "");
-        // Of a dialog only one button is the default.
         state("default, second default focused", "");
         state("default hidden, second default focused", "second");
     }
     void returnKey()
     {
-        inBoth([](auto of) {
-            QFETCH(QString, state);
-            typename decltype(of)::type w;
-            if (std::is_same_v<decltype(w), Dialog> && state.contains("second default"))
-                return;
-            w.Init();
-            auto *edit = new QLineEdit;
-            auto *box = new QWidget; // the buttons are no children of the window
-            auto *first = new QPushButton(QStringLiteral("first"), box);
-            auto *second = new QPushButton(QStringLiteral("second"), box);
-            w.AppendContent(edit, false, false, 0);
-            w.AppendContent(box, false, false, 0);
-            QStringList clicked;
-            QWidget *focused = edit;
-            for (QPushButton *button : {first, second}) {
-                const QString part =
-                    state.section(QStringLiteral(", second"), button == second, button == second);
-                button->setAutoDefault(false);
-                button->setDefault(part.contains("default"));
-                button->setEnabled(!part.contains("disabled"));
-                button->setHidden(part.contains("hidden"));
-                if (part.contains("focused"))
-                    focused = button;
-                connect(button, &QPushButton::clicked, [&clicked, button] { clicked << button->text(); });
-            }
-            showActive(w);
-            focused->setFocus();
-            QTRY_COMPARE(QApplication::focusWidget(), focused);
-            QKeyEvent event(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier); // as it climbs from below
-            QCoreApplication::sendEvent(&w, &event);
-            QTEST(clicked.join(QLatin1Char(' ')), "clicked");
-            QVERIFY(event.isAccepted());
-        });
+        QFETCH(QString, state);
+        Widget w;
+        w.Init();
+        auto *box = new QWidget; // the buttons are no children of the window
+        QPushButton first(QStringLiteral("first"), box);
+        QPushButton second(QStringLiteral("second"), box);
+        auto *edit = new QLineEdit;
+        w.AppendContent(edit, false, false, 0);
+        w.AppendContent(box, false, false, 0);
+        QStringList clicked;
+        QWidget *focused = edit;
+        for (QPushButton *button : {&first, &second}) {
+            const QString part = state.section(", second", button == &second, button == &second);
+            button->setDefault(part.contains("default"));
+            button->setEnabled(!part.contains("disabled"));
+            button->setHidden(part.contains("hidden"));
+            if (part.contains("focused"))
+                focused = button;
+            connect(button, &QPushButton::clicked, [&clicked, button] { clicked << button->text(); });
+        }
+        showActive(w);
+        focused->setFocus();
+        QTRY_COMPARE(QApplication::focusWidget(), focused);
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier); // as it climbs from below
+        QCoreApplication::sendEvent(&w, &event);
+        QTEST(clicked.join(' '), "clicked");
+        QVERIFY(event.isAccepted());
     }
 
     void parentHides_data()
@@ -237,14 +231,15 @@ private Q_SLOTS:
         row("minimised", "minimised", 0);
         row("window closed before", "before", 0);
         row("deadly", "deadly", 1);
+        row("destroyed", "destroyed", 1);
     }
     void parentHides()
     {
         inBoth([](auto of) {
             QFETCH(QString, way);
-            QWidget top;
-            auto *parent = new QWidget(&top);
-            top.show();
+            QPointer<QWidget> top(new QWidget);
+            auto *parent = new QWidget(top);
+            top->show();
             QPointer<typename decltype(of)::type> w(new typename decltype(of)::type(parent));
             w->Init();
             w->setWindowModality(way == "not modal" ? Qt::NonModal : Qt::WindowModal);
@@ -255,13 +250,16 @@ private Q_SLOTS:
                 QHideEvent minimised;
                 QSpontaneKeyEvent::setSpontaneous(&minimised);
                 qApp->notify(parent, &minimised); // sendEvent() would not let it be spontaneous
+            } else if (way == "destroyed") {
+                delete top; // which hides before it deletes
             } else {
-                (way == "ancestor" ? &top : parent)->hide();
+                (way == "ancestor" ? top.data() : parent)->hide();
             }
-            QCOMPARE(w.isNull(), way == "deadly");
+            QCOMPARE(w.isNull(), way == "deadly" || way == "destroyed");
             if (w)
                 QTEST(w->calls.size(), "closes");
             delete w;
+            delete top;
         });
     }
 
@@ -329,36 +327,6 @@ private Q_SLOTS:
             w.exec();
             QCOMPARE(at, QRect(350, (1000 - height) / 2, 500, height));
         }
-    }
-
-    void destroyedWhileModal_data()
-    {
-        names("victim", {"dialog", "parent", "ancestor", "dialog in its hook", "delete on close"});
-    }
-    void destroyedWhileModal()
-    {
-        QFETCH(QString, victim);
-        QPointer<QWidget> top(new QWidget);
-        QPointer<QWidget> parent(new QWidget(top));
-        top->show();
-        QPointer<Dialog> w(new Dialog(parent));
-        w->Init();
-        w->setAttribute(Qt::WA_DeleteOnClose, victim == "delete on close");
-        if (victim == "dialog in its hook")
-            w->deadly = QStringLiteral("close");
-        QTimer::singleShot(0, [&] {
-            if (victim == "dialog")
-                delete w;
-            else if (victim == "parent")
-                delete parent;
-            else if (victim == "ancestor")
-                delete top;
-            else
-                clickTitle(*w, 8);
-        });
-        QCOMPARE(w->exec(), 0);
-        QVERIFY(!w);
-        delete top;
     }
 
     void rejecting()
