@@ -308,27 +308,6 @@ private Q_SLOTS:
         QCOMPARE(box.message(0, "Text", "", kOk | kCancel), -1);
     }
 
-    void fromOpenToClose()
-    {
-        MsgBox box;
-        box.whileRunning([&] {
-            QVERIFY(isInFront(box));
-            QTRY_COMPARE(box.focusWidget(), box.GetBtn(kYes));
-            for (const int flag : {kYes, kNo, kCancel}) { // forth through the row, then check box
-                QCOMPARE(box.focusWidget(), box.GetBtn(flag));
-                type(box, Qt::Key_Tab);
-            }
-            auto *check = box.findChild<QCheckBox *>();
-            QCOMPARE(box.focusWidget(), check);
-            type(box, Qt::Key_Space);
-            QVERIFY(check->isChecked());
-            type(box, Qt::Key_Tab, Qt::ShiftModifier);
-            QCOMPARE(box.focusWidget(), box.GetBtn(kCancel));
-            type(box, Qt::Key_Space);
-        });
-        QCOMPARE(box.messageWithCheckbox(1, "Text", "Check", "", kYes | kNo | kCancel), kCancel | 0x200);
-    }
-
     void firstFocus_data()
     {
         columns<int, int>("buttons", "focused");
@@ -345,35 +324,37 @@ private Q_SLOTS:
     {
         QFETCH(int, buttons);
         QFETCH(int, focused);
-        MsgBox box;
-        PopUp w(nullptr, buttons);
-        for (CBPPopWnd *dialog : {static_cast<CBPPopWnd *>(&box), static_cast<CBPPopWnd *>(&w)}) {
-            later(dialog, [&, dialog] {
-                QVERIFY(isInFront(*dialog));
-                QTRY_COMPARE(dialog->focusWidget(), dialog->GetBtn(focused));
-                QVERIFY(dialog->GetBtn(focused)->isDefault());
-                dialog->UnRun();
+        for (const bool isBox : {false, true}) {
+            MsgBox box;
+            PopUp w(nullptr, buttons);
+            CBPPopWnd &dialog = isBox ? static_cast<CBPPopWnd &>(box) : w;
+            later(&dialog, [&] {
+                QVERIFY(isInFront(dialog));
+                QTRY_COMPARE(dialog.focusWidget(), dialog.GetBtn(focused));
+                QVERIFY(dialog.GetBtn(focused)->isDefault());
+                dialog.UnRun();
             });
-            if (dialog == &box)
+            if (isBox)
                 box.messageWithLink(0, "Text", "Link", "", "", buttons);
             else
-                dialog->Run();
+                w.Run();
         }
-        if (buttons != (kOk | kNo))
-            return;
-        // The application's own default, one that is disabled, and a row that begins with something else.
-        PopUp own(nullptr, buttons);
+    }
+
+    // The application's own default, one that is disabled, and a row that begins with something else.
+    void otherFocus()
+    {
+        PopUp own(nullptr, kOk | kNo);
         own.GetBtn(kNo)->setDefault(true);
-        PopUp disabled(nullptr, buttons);
+        PopUp disabled(nullptr, kOk | kNo);
         disabled.EnableButton(kOk, false);
-        PopUp beside(nullptr, buttons);
+        PopUp beside(nullptr, kOk | kNo);
         beside.PrependWidget(new QCheckBox);
-        for (const auto &[dialog, flag] :
+        for (const auto &[w, flag] :
              {std::pair(&own, kNo), std::pair(&disabled, kNo), std::pair(&beside, kOk)}) {
-            dialog->show();
-            QVERIFY(isInFront(*dialog));
-            QTRY_COMPARE(dialog->focusWidget(), dialog->GetBtn(flag));
-            dialog->hide();
+            w->show();
+            QVERIFY(isInFront(*w));
+            QTRY_COMPARE(w->focusWidget(), w->GetBtn(flag));
         }
     }
 };

@@ -9,11 +9,7 @@
 
 #include <private/qhighdpiscaling_p.h>
 
-#ifdef Q_OS_WIN
-#include <windows.h>
-
-#include <psapi.h>
-#elif defined(__GLIBC__)
+#ifdef __GLIBC__
 #include <malloc.h>
 #endif
 
@@ -26,14 +22,7 @@ constexpr qint64 kTolerance = 256 * 1024; // bytes: the smallest leak of an open
 // Bytes that the process has in use, -1 where that cannot be asked.
 qint64 memoryInUse()
 {
-#ifdef Q_OS_WIN
-    PROCESS_MEMORY_COUNTERS_EX counters = {};
-    counters.cb = sizeof(counters);
-    if (!GetProcessMemoryInfo(GetCurrentProcess(), reinterpret_cast<PROCESS_MEMORY_COUNTERS *>(&counters),
-                              sizeof(counters)))
-        return -1;
-    return qint64(counters.PrivateUsage);
-#elif defined(__GLIBC__)
+#ifdef __GLIBC__
     return qint64(mallinfo2().uordblks);
 #else
     return -1;
