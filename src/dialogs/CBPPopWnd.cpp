@@ -245,7 +245,7 @@ int CBPPopWnd::widest() const
 bool CBPPopWnd::wrapRow()
 {
     QWidget *bottom = statusBox();
-    if (!bottom || !m_rowBox || !m_preBox || !m_postBox || !bottom->isAncestorOf(m_rowBox))
+    if (!layout() || !bottom || !m_rowBox || !m_preBox || !m_postBox || !bottom->isAncestorOf(m_rowBox))
         return false;
     const QMargins around = layout()->contentsMargins() + bottom->contentsMargins();
     const int room = widest() - around.left() - around.right();

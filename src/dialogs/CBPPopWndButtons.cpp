@@ -255,6 +255,8 @@ void CBPPopWnd::changeEvent(QEvent *event)
     if (event->type() == QEvent::LanguageChange)
         retranslateButtons();
     CBPWinFrm::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange && isVisible())
+        updateMask(); // the system may have told of the new size before
 }
 
 void CBPPopWnd::SetBtnClickCB(int (*callback)(int, void *), void *context)

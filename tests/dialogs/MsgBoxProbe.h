@@ -35,12 +35,6 @@ public:
         });
     }
 
-    // Does nothing but end it by the button of a flag.
-    void press(int flag)
-    {
-        later(this, [this, flag] { QTest::mouseClick(GetBtn(flag), Qt::LeftButton); });
-    }
-
     QLabel *label(const QString &text)
     {
         const auto all = findChildren<QLabel *>();

@@ -58,7 +58,8 @@ private Q_SLOTS:
         row("lines", QString("a line of it\n").repeated(12), "Head", 0, false);
         row("a long word", longWord(300), longWord(200), 0, false);
         row("20000, words", words, "Head", 0, true);
-        row("20000, one word", longWord(20000), "Head", 0, true);
+        row("a million, one word", longWord(1000000), "Head", 0, true); // for ever, were it not proportional
+        row("20000, one word, rich", "<b>" + longWord(20000), "Head", 0, true);
         row("20000, rich", "<b>" + words, "Head", 0, true);
         row("20000, the heading", "Text", longWord(20000), 0, true);
         row("wider than 500", "<pre>" + longWord(60), "", 400, false);
@@ -75,11 +76,14 @@ private Q_SLOTS:
         QFETCH(bool, scrolls);
         lumqt::platform::answers().workArea = [] { return QRect(0, 0, 1024, 600); };
         for (const bool later : {false, true}) {
+            if (later && text.size() > 100000)
+                continue;
             MsgBox box;
             box.whileRunning([&] {
+                const QRect before(QPoint(300, 350), box.size());
                 if (later) {
-                    box.move(100, 50);
-                    QTRY_COMPARE(box.pos(), QPoint(100, 50));
+                    box.move(before.topLeft());
+                    QTRY_COMPARE(box.pos(), before.topLeft());
                     box.label("Text")->setText(text);
                 }
                 box.grab();
@@ -90,29 +94,26 @@ private Q_SLOTS:
                     QTRY_VERIFY(label->width() >= width);
                     verifyFits(box, label, scrolls);
                 }
+                if (text == longWord(300)) { // its last line is seen, and nothing ends at the right edge
+                    const QLabel *label = box.label(text);
+                    const QRect ink = inkOf(shot(*box.label(text)));
+                    QVERIFY(ink.bottom() > label->height() - label->fontMetrics().height());
+                    QVERIFY(ink.right() < label->width() - 1);
+                }
                 QVERIFY(width ? box.width() > 500 : box.width() == 500);
-                // A window system that is asked to move and resize at once may answer in any order.
-                if (later && text != "Text" && QGuiApplication::platformName() == "offscreen")
-                    QVERIFY(QRect(0, 0, 1024, 600).contains(box.geometry()));
+                // Over where it was, as far as the screen allows. A window system that is asked to move and
+                // resize at once may answer in any order.
+                if (later && text != "Text" && QGuiApplication::platformName() == "offscreen") {
+                    const QPoint to(1024 - box.width(), 600 - box.height());
+                    const QPoint at = before.center() - box.rect().center();
+                    const QPoint place(qBound(0, at.x(), to.x()), qBound(0, at.y(), to.y()));
+                    QVERIFY((box.pos() - place).manhattanLength() <= 4);
+                }
                 if (scrolls)
                     verifyScrolling(box, *box.findChild<QScrollArea *>(), width > 0);
             });
             box.message(0, later ? "Text" : text, head, kOk);
         }
-    }
-
-    // What a label shows at the end of a long text is to be seen: the last line is inked. And nothing of it
-    // ends at the right edge, but for what no line can hold.
-    void lastLine()
-    {
-        MsgBox box;
-        box.whileRunning([&] {
-            QLabel *label = box.label(longWord(200));
-            const QRect ink = inkOf(shot(*label));
-            QVERIFY(ink.bottom() > label->height() - label->fontMetrics().height());
-            QVERIFY(ink.right() < label->width() - 1);
-        });
-        box.message(0, longWord(200), "", kOk);
     }
 
     void prompts()
@@ -149,17 +150,18 @@ private Q_SLOTS:
         QFETCH(int, length);
         QFETCH(int, buttons);
         QFETCH(bool, cut);
-        const QString text = QString("word ").repeated(length).trimmed();
+        const QString text = QString("w&rd ").repeated(length).trimmed();
         MsgBox box;
         box.whileRunning([&] {
             box.grab();
             auto *check = box.findChild<QCheckBox *>();
             QString shown = check->text();
-            QCOMPARE(shown.replace('\n', ' ') == text, !cut);
+            QCOMPARE(shown.replace('\n', ' ').replace("&&", "&") == text, !cut);
+            QVERIFY(check->text().count('&') == 2 * check->text().count("w&&rd") &&
+                    check->shortcut().isEmpty());
             QCOMPARE(check->toolTip(), cut ? text : QString());
             QCOMPARE(check->accessibleName(), text);
-            QVERIFY(check->height() >= check->sizeHint().height());
-            QVERIFY(check->width() >= check->sizeHint().width());
+            QCOMPARE(check->size().boundedTo(check->sizeHint()), check->sizeHint());
             QVERIFY(isWholeIn(check, &box));
             const auto all = box.findChildren<CBPPushBtn *>();
             for (const CBPPushBtn *button : all) {
