@@ -173,7 +173,7 @@ private Q_SLOTS:
         for (int id = ListButton; id <= CloseButton; ++id) {
             const QPoint middle = w.mapToGlobal(painted(w, id).center() + origin(w));
             QCOMPARE(int(SendMessageW(HWND(w.winId()), WM_NCHITTEST, 0, MAKELPARAM(middle.x(), middle.y()))),
-                     HTCAPTION);
+                     id == MaximizeButton ? HTMAXBUTTON : HTCAPTION);
         }
 #endif
     }
@@ -349,6 +349,8 @@ private Q_SLOTS:
         const auto strip = [&w] { return w.mapToGlobal(origin(w) + QPoint(200, 20)); };
         const auto clickButton = [&] { RealInput::click(button->mapToGlobal(button->rect().center())); };
         // Every pixel counts from the press on.
+#ifndef Q_OS_WIN                                 // where the system has always begun with the press
+        QApplication::setDoubleClickInterval(0); // until one is meant
         const auto drag = [&](const QPoint &way) {
             const QPoint start = w.pos();
             const QPoint from = strip();
@@ -365,7 +367,6 @@ private Q_SLOTS:
             RealInput::release();
             QTRY_COMPARE(w.pos(), start + way);
         };
-        QApplication::setDoubleClickInterval(0); // until one is meant
         drag(QPoint(80, 40));
         clickButton();
         QTRY_COMPARE(clicks, 1);
@@ -377,6 +378,9 @@ private Q_SLOTS:
         drag(QPoint(3, 2));
         QCOMPARE(w.pos(), place + QPoint(3, 2));
         QApplication::setDoubleClickInterval(60000);
+#else
+        RealInput::click(strip());
+#endif
         RealInput::click(strip());
         QTRY_VERIFY(w.isMaxState());
         // Dragged from the right half of the screen, the window is under the pointer as it was before.
@@ -384,19 +388,70 @@ private Q_SLOTS:
         const QPoint grabbed = w.mapToGlobal(origin(w) + QPoint(w.width() * 3 / 4, 20));
         RealInput::moveTo(grabbed);
         RealInput::press();
-        for (const int y : {8, 20, 60, 100}) {
-            RealInput::moveTo(grabbed + QPoint(0, y));
-            QCoreApplication::processEvents();
-        }
-        QTRY_VERIFY(!w.isMaxState());
+        QTimer hand; // the system may keep the event loop to itself until the button comes up
+        int steps = 0;
+        connect(&hand, &QTimer::timeout, [&] {
+            RealInput::moveTo(grabbed + QPoint(0, ++steps < 20 ? 5 * steps : 100 + steps % 2));
+            if (steps > 20 && steps % 2 == 0 && !w.isMaxState())
+                hand.stop();
+            if (!hand.isActive())
+                RealInput::release();
+        });
+        hand.start(10);
+        QTRY_VERIFY(!hand.isActive());
         QTRY_COMPARE(w.size(), QSize(600, 300));
-        const QPoint inside = w.mapFromGlobal(grabbed + QPoint(0, 100)) - origin(w);
-        QCOMPARE(inside.y(), 20);
-        QVERIFY2(qAbs(inside.x() - 450) < 5, QByteArray::number(inside.x())); // the borders count here or not
-        RealInput::release();
+        const auto inside = [&] { return w.mapFromGlobal(grabbed + QPoint(0, 100)) - origin(w); };
+        QTRY_COMPARE(inside().y(), 20);
+        QVERIFY(qAbs(inside().x() - 450) < 5); // the borders count here or do not
         const int before = clicks;
         QTRY_VERIFY((clickButton(), clicks > before));
     }
+
+#ifdef Q_OS_WIN
+    // The style of the window has no menu of its own.
+    void systemMenu()
+    {
+        for (const QString way : {"key", "command", "strip", "maximised"}) {
+            TestWin w;
+            w.refusal = QStringLiteral("exit");
+            show(w);
+            if (way == QLatin1String("maximised"))
+                w.showMaximized();
+            const HWND hwnd = HWND(w.winId());
+            QString states;
+            QTimer person; // at the menu, which keeps the event loop to itself
+            connect(&person, &QTimer::timeout, [&] {
+                const HWND popup = FindWindowW(L"#32768", nullptr);
+                if (!popup || !IsWindowVisible(popup))
+                    return;
+                person.stop();
+                const HMENU menu = HMENU(SendMessageW(popup, MN_GETHMENU, 0, 0));
+                for (const UINT command : {SC_RESTORE, SC_MOVE, SC_SIZE, SC_MINIMIZE, SC_MAXIMIZE, SC_CLOSE})
+                    states += GetMenuState(menu, command, MF_BYCOMMAND) & MF_GRAYED ? '-' : '+';
+                // Upwards to the one that closes; a system may have items of its own below.
+                for (int i = GetMenuItemCount(menu) - 1; i >= 0 && GetMenuItemID(menu, i + 1) != SC_CLOSE;
+                     --i) {
+                    if (!(GetMenuState(menu, i, MF_BYPOSITION) & MF_SEPARATOR))
+                        PostMessageW(hwnd, WM_KEYDOWN, VK_UP, 0);
+                }
+                PostMessageW(hwnd, WM_KEYDOWN, VK_RETURN, 0);
+            });
+            person.start(10);
+            const QPoint at = w.mapToGlobal(origin(w) + QPoint(200, 20));
+            const LPARAM place = MAKELPARAM(at.x(), at.y());
+            if (way == QLatin1String("key"))
+                PostMessageW(hwnd, WM_SYSKEYDOWN, VK_SPACE, 1 << 29);
+            else if (way == QLatin1String("command"))
+                PostMessageW(hwnd, WM_SYSCOMMAND, SC_KEYMENU, VK_SPACE);
+            else {
+                PostMessageW(hwnd, WM_NCRBUTTONDOWN, HTCAPTION, place);
+                PostMessageW(hwnd, WM_NCRBUTTONUP, HTCAPTION, place);
+            }
+            QTRY_COMPARE(w.exits, 1);
+            QCOMPARE(states, QLatin1String(w.isMaxState() ? "+--+-+" : "-+++++"));
+        }
+    }
+#endif
 
     void closing_data()
     {
