@@ -142,9 +142,9 @@ CBPTipWnd::~CBPTipWnd() = default;
 void CBPTipWnd::Init()
 {
     setAttribute(Qt::WA_TranslucentBackground);
-    // Makes the native window before the tip has a place, and asks for it to be active once it is mapped. What
-    // that window is told of its place on the way does no harm: it is put under its widget when shown and when
-    // painted.
+    // Makes the native window before the tip has a place, and asks for it to be active once it is mapped.
+    // What that window is told of its place on the way does no harm: it is put under its widget when shown
+    // and when painted.
     setWindowState(Qt::WindowActive);
     installEventFilter(this);
     if (m_bound) {
