@@ -27,6 +27,7 @@ const QColor kTitleLine(221, 221, 221);
 class TestWin : public CBaseWin
 {
 public:
+    using CBaseWin::CBaseWin;
     using CBaseWin::isMaxState;
 
     void exit() { onExit(); }
@@ -525,6 +526,46 @@ private Q_SLOTS:
         }
     }
 
+    void sizes()
+    {
+        QWidget parent;
+        TestWin w(&parent);
+        QCOMPARE(w.parentWidget(), &parent);
+        QVERIFY(w.isWindow());
+        QCOMPARE(w.globalBtnRect(CloseButton), QRect());
+        auto *content = new QWidget;
+        w.setCentralWidget(content);
+        show(w);
+        w.resize(20, 20); // the buttons are next to the icon
+        const int left = iconRect(w.frameWidth(), resImage("title_logo").size()).right() + 6;
+        QTRY_COMPARE(w.globalBtnRect(ListButton).left(), w.mapToGlobal(origin(w)).x() + left);
+        QVERIFY(shows(w, ListButton, "list_normal"));
+        for (int id : {1, 5})
+            QCOMPARE(w.globalBtnRect(id), painted(w, id).translated(w.mapToGlobal(origin(w))));
+        for (int id : {-1, 0, 6})
+            QCOMPARE(w.globalBtnRect(id), QRect());
+        // Beside its own there is the content's; the application's counts alone.
+        const QSize frame = w.size() - w.contentsRect().size();
+        content->setMinimumSize(400, 100);
+        QTRY_COMPARE(w.minimumSize(), QSize(400, 100) + frame);
+        w.setMinimumSize(100, 70);
+        w.resize(20, 20);
+        QCoreApplication::processEvents();
+        QCOMPARE(w.size(), QSize(100, 70));
+        w.setMinimumSize(0, 0);
+        content->setMinimumSize(50, 30);
+        QTRY_COMPARE(w.minimumSize(), QSize(50, 30) + frame);
+        // Its own margins lie within the frame, in every state.
+        w.resize(300, 200);
+        const QRect inside = w.contentsRect().adjusted(10, 10, -10, -10);
+        w.setContentsMargins(10, 10, 10, 10);
+        QTRY_COMPARE(content->geometry(), inside);
+        w.showMaximized();
+        QTRY_VERIFY(content->height() > 300);
+        w.showNormal();
+        QTRY_COMPARE(content->geometry(), inside);
+    }
+
     void captionAndIcon()
     {
         lumqt::platform::answers().frameWidth = [](const QWidget *) { return 8; };
@@ -547,6 +588,14 @@ private Q_SLOTS:
         w.setCaption(QStringLiteral("two\nlines"));
         QCOMPARE(w.accessibleName(), QStringLiteral("two\nlines"));
         QCOMPARE(frameImage(w, strip), before);
+
+        // A longer one ends before the buttons, which look as they do beside a short one.
+        const int end = painted(w, ListButton).left();
+        const QRect buttons(end - 5, 8, 150, 37);
+        const QImage beside = frameImage(w, buttons);
+        w.setCaption(QString(200, QLatin1Char('M')));
+        QTRY_VERIFY(inkOf(frameImage(w, QRect(40, 8, end - 45, 37))).right() > end - 75);
+        QCOMPARE(frameImage(w, buttons), beside);
 
         // Shown with the next painting, which the pointer brings here.
         QTemporaryDir folder;
