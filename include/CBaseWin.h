@@ -18,10 +18,28 @@ struct tagNCCALCSIZE_PARAMS;
 /// titleBtnClicked(). However the window is closed, it ends in onExit(): by its button, by the system, by
 /// QWidget::close().
 ///
+/// A button acts where the mouse button comes up, wherever it went down: what is pressed on minimise and let
+/// go on close closes. What comes up off the frame is no click, nor is what went down in the client area. The
+/// system moves the window with the pointer from the press on the strip; a maximised one is restored under
+/// the pointer once it is dragged.
+///
+/// The window is never smaller than its strip with icon and buttons, nor than its content. A minimum that an
+/// application sets takes the place of both, for width and height each, so that it can also be lower; 0 then
+/// leaves the content's.
+///
 /// On Windows the frame is the native one, repainted, and the widget covers the client area only. A colour of
 /// the frame is made transparent there, so neither a window opacity nor Qt::WA_TranslucentBackground goes
-/// with this class. Elsewhere the frame lies in the widget's contents margins, which the class sets. Sizes
-/// are logical pixels. GUI thread only. \since 1.0
+/// with this class. Windows 11 offers its layouts over the maximise button; Alt+Space and a right click on
+/// the strip open the system menu. Elsewhere that menu is the window manager's own, by its own key: Qt offers
+/// no call that opens it.
+///
+/// Elsewhere the frame lies in the widget's contents margins, which the class sets, and the band outside the
+/// border's line is pale blue: a window that blends with what is behind would lose the subpixel smoothing of
+/// all its text, and a narrower one would leave next to nothing to take hold of. What was written for a
+/// QMainWindow meets two differences there: the content begins not at (0, 0) but at contentsRect(), and
+/// margins set with setContentsMargins() are added to the frame's, so that contentsMargins() answers the sum.
+///
+/// Sizes are logical pixels. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBaseWin : public QMainWindow
 {
     Q_OBJECT
@@ -29,8 +47,9 @@ class LUMQT_EXPORT CBaseWin : public QMainWindow
 public:
     /// A window with the icon "../res/title_logo.png", no caption and an empty window title.
     ///
-    /// With a \a parent that owns it, it stays a window of its own.
-    /// \since 1.0
+    /// With a \a parent that owns it, it stays a window of its own. There are no window flags to give, as the
+    /// frame sets them; setWindowFlags() makes it a child of the parent unless Qt::Window is among them, as
+    /// with any widget. \since 1.0
     explicit CBaseWin(QWidget *parent = nullptr);
     ~CBaseWin() override;
 
@@ -42,19 +61,20 @@ public:
     /// resize or an activation. \since 1.0
     void setIcon(QString path);
 
-    /// Shows \a text in the title strip, on one line, line breaks as spaces, and not shortened. As given it
-    /// is also the window's accessible name; the window title stays what it is. \since 1.0
+    /// Shows \a text in the title strip, on one line, line breaks as spaces, with an ellipsis at its end
+    /// where it would run into the buttons. As given it is also the window's accessible name; the window
+    /// title stays what it is. \since 1.0
     void setCaption(QString text);
 
     /// Where button \a id was last painted, in coordinates of the window with its frame, the left edge moved
-    /// left by frameWidth(). Empty for an \a id outside of 0 to 5 and before the frame was first painted.
-    /// \since 1.0
+    /// left by frameWidth(). Empty for an \a id outside of 0 to 5 and before the frame was first painted. For
+    /// the place of a menu there is globalBtnRect(). \since 1.0
     QRect btnRect(int id);
 
-    /// Where button \a id is drawn at present, in global coordinates (logical pixels of the screen): the place
-    /// for a menu or a tip. Unlike btnRect() it is moved by nothing and follows a window that is resized. The
-    /// pointer presses a button 6 pixels further right and a little higher. Empty for an \a id without a
-    /// button, before the frame was first painted and in full screen. \since 1.0
+    /// Where button \a id is drawn at present, in global coordinates (logical pixels of the screen): the
+    /// place for a menu or a tip. Unlike btnRect() it is moved by nothing and follows a window that is
+    /// resized. The pointer presses a button 6 pixels further right and a little higher. Empty for an \a id
+    /// without a button, before the frame was first painted and in full screen. \since 1.0
     QRect globalBtnRect(int id);
 
     /// Width of the border, asked of the system at each call.
@@ -83,7 +103,8 @@ protected:
     virtual void onExit();
 
     /// Called before the button \a id acts; true keeps it from acting. -1: the mouse button was let go on the
-    /// frame beside every button. The window may be deleted here. The base answers false. \since 1.0
+    /// frame beside every button, unless the system has moved the window, which keeps that to itself. The
+    /// window may be deleted here. The base answers false. \since 1.0
     virtual bool titleBtnClicked(int id);
 
     /// Whether the window is maximised, as the system sees it.

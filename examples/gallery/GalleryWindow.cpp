@@ -211,6 +211,6 @@ void GalleryWindow::openPageMenu()
             m_pageMenu->SetShowCheckIcon(i, QIcon(":/gallery/tick.svg"));
     }
     // Its right edge lies below the button's, so that it stays within the window.
-    const QPoint below = windowRect().topLeft() + btnRect(kListButton).bottomRight() + QPoint(1, 1);
+    const QPoint below = globalBtnRect(kListButton).bottomRight() + QPoint(1, 1);
     m_pageMenu->popup(below - QPoint(m_pageMenu->sizeHint().width(), 0));
 }

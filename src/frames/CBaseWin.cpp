@@ -64,6 +64,13 @@ public:
     }
 
     bool pointer(platform::PointerAction action) override;
+    platform::FramePart partAt(const QPoint &position) override
+    {
+        const frame::Part part = framePart(position);
+        return part == frame::MaximizeButton                        ? platform::FramePart::MaximizeButton
+               : part == frame::Nothing || part == frame::TitleIcon ? platform::FramePart::Bare
+                                                                    : platform::FramePart::OtherButton;
+    }
 
     void pointerLeft() override
     {
@@ -97,6 +104,14 @@ public:
             window->paintFrame();
         else
             system->repaint(QRect(left, 0, width - left, frame::titleHeight(window->frameWidth())));
+    }
+
+    // What lies at `position`, in coordinates of the client area.
+    frame::Part framePart(const QPoint &position) const
+    {
+        const int fw = window->frameWidth();
+        return frame::partAt(position + QPoint(fw, frame::titleHeight(fw)), windowWidth(), fw,
+                             buttonSizes(window->devicePixelRatioF()), window->m_iconRect);
     }
 
     int windowWidth() const { return system->clientRect().width() + 2 * window->frameWidth(); }
@@ -413,7 +428,5 @@ bool CBaseWin::isCursorInTitleBar()
 
 int CBaseWin::cursorOnToolButtons()
 {
-    const QPoint position = m_frame->system->pointer() + QPoint(frameWidth(), titleHight());
-    return frame::partAt(position, m_frame->windowWidth(), frameWidth(),
-                         m_frame->buttonSizes(devicePixelRatioF()), m_iconRect);
+    return m_frame->framePart(m_frame->system->pointer());
 }

@@ -15,6 +15,7 @@ struct tagNCCALCSIZE_PARAMS;
 namespace lumqt::platform {
 
 enum class PointerAction { Move, Press, Release }; // of the left button
+enum class FramePart { Bare, MaximizeButton, OtherButton };
 
 // What a frame that the library draws asks of the window it belongs to. Sizes are logical pixels.
 class WindowFrameClient
@@ -27,6 +28,8 @@ public:
     // Something happened with the pointer over the frame; asks the frame for its place. True: it concerns a
     // button or the icon, the system has no business with it. The window may be gone afterwards.
     virtual bool pointer(PointerAction action) = 0;
+    // What the frame has at `position`, in coordinates of the client area.
+    virtual FramePart partAt(const QPoint &position) = 0;
     // The pointer has left the frame, on platforms that tell.
     virtual void pointerLeft() = 0;
     // Whether the pointer is where a window is taken to move it.

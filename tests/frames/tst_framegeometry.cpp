@@ -30,6 +30,9 @@ private Q_SLOTS:
             QCOMPARE(icon.topLeft(), QPoint(fw + 8, fw / 2 + (38 + fw - 24) / 2));
             QCOMPARE(captionRect(fw, true, 24), QRect(fw + 37, fw / 2, 65535, 38 + fw));
             QCOMPARE(captionRect(fw, false, 0).left(), fw + 8);
+            QCOMPARE(captionEnd(640, fw, sizes), right - 152); // the spacing before the first button there is
+            QCOMPARE(captionEnd(640, fw, ButtonSizes()), 640 - fw - 5);
+            QCOMPARE(lowestWidth(fw, true, 24, sizes), 640 - (right - 147) + fw + 37);
             QCOMPARE(titleBarRect(600, fw, false), QRect(0, fw, 600, 38));
             QCOMPARE(titleBarRect(600, fw, true), QRect(0, 0, 600, 38 + fw));
 

@@ -118,10 +118,12 @@ public:
     }
 };
 
-QWidget *windowAtRest(const QString &caption, const QString &icon)
+QWidget *windowAtRest(const QString &caption, const QString &icon, bool narrow = false)
 {
     PosedWindow window(caption);
     window.setIcon(icon);
+    if (narrow)
+        window.resize(window.minimumWidth(), window.height());
     return window.portrait();
 }
 
@@ -147,6 +149,9 @@ void addFrames(Page *page)
             "moved and resized by the system.")
         ->addColumns(2, {{"At rest", windowAtRest("Caption", logo)},
                          {"Without an icon", windowAtRest("Caption", QString())},
+                         {"A caption that is too long",
+                          windowAtRest("A caption that would run on below the buttons of the strip", logo)},
+                         {"As narrow as it gets", windowAtRest("Caption", logo, true)},
                          {"Minimise, under the pointer", windowWithPointer(MinimizeButton, false)},
                          {"Close, under the pointer", windowWithPointer(CloseButton, false)},
                          {"Maximise, pressed", windowWithPointer(MaximizeButton, true)},

@@ -15,8 +15,9 @@ namespace lumqt::platform {
 
 namespace {
 
-// What is transparent on Windows. A band that shows through needs a compositor here, and a window of a shape
-// would leave a border of one pixel to take hold of.
+// What is transparent on Windows. Under a compositor a band could show through here, too, but Qt paints all
+// text of such a window without subpixel smoothing: too much for three pixels. And a narrower window would
+// leave a border of one or two to take hold of.
 const QColor kOutside(214, 232, 247);
 
 Qt::CursorShape cursorFor(Qt::Edges edges)

@@ -82,6 +82,46 @@ QMargins taskBarGap(const RECT &monitor)
     return QMargins(gapAt(ABE_LEFT), gapAt(ABE_TOP), gapAt(ABE_RIGHT), gapAt(ABE_BOTTOM));
 }
 
+// How far the pointer goes before a press becomes a drag.
+bool isDrag(const POINT &from, const POINT &to)
+{
+    return qAbs(to.x - from.x) >= GetSystemMetrics(SM_CXDRAG) ||
+           qAbs(to.y - from.y) >= GetSystemMetrics(SM_CYDRAG);
+}
+
+POINT pointIn(LPARAM position)
+{
+    return {GET_X_LPARAM(position), GET_Y_LPARAM(position)};
+}
+
+// The style of the frame has no system menu, and Windows makes none without. A window that has one lends its
+// own, with its texts in the user's language. The window `hwnd` may be gone when this returns.
+void showSystemMenu(HWND hwnd, const POINT &at, bool resizable)
+{
+    const HWND lender = CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPEDWINDOW, 0, 0, 0, 0, nullptr, nullptr,
+                                        nullptr, nullptr);
+    const HMENU menu = GetSystemMenu(lender, FALSE);
+    if (menu) {
+        const bool maximized = IsZoomed(hwnd) != FALSE;
+        const auto enable = [menu](UINT command, bool enabled) {
+            EnableMenuItem(menu, command, MF_BYCOMMAND | (enabled ? MF_ENABLED : MF_GRAYED));
+        };
+        enable(SC_RESTORE, maximized);
+        enable(SC_MOVE, !maximized);
+        enable(SC_SIZE, !maximized && resizable);
+        enable(SC_MINIMIZE, true);
+        enable(SC_MAXIMIZE, !maximized && resizable);
+        enable(SC_CLOSE, true);
+        SetMenuDefaultItem(menu, SC_CLOSE, FALSE);
+        const UINT align = GetSystemMetrics(SM_MENUDROPALIGNMENT) ? TPM_RIGHTALIGN : TPM_LEFTALIGN;
+        const BOOL command =
+            TrackPopupMenuEx(menu, TPM_RETURNCMD | TPM_NONOTIFY | align, at.x, at.y, hwnd, nullptr);
+        if (command)
+            PostMessageW(hwnd, WM_SYSCOMMAND, WPARAM(command), 0);
+    }
+    DestroyWindow(lender);
+}
+
 // The native frame with its sizing border, caption and messages, painted over by the library. The system
 // speaks physical pixels; they are converted here.
 class WindowsWindowFrame final : public WindowFrame
@@ -104,8 +144,14 @@ private:
     qreal ratio() const { return m_window->devicePixelRatioF(); }
     QMargins margins() const { return (QMarginsF(m_client->margins()) * ratio()).toMargins(); }
     bool isFullScreen() const;
+    bool mouseMessage(const MSG *message);
+    bool menuMessage(const MSG *message);
+    bool takeHold(const MSG *press);
+    bool drag(const MSG *message);
+    void restoreUnderPointer(const POINT &at);
     void applyStyle();
-    bool isBelowCaption(const MSG *hitTest) const;
+    FramePart partAt(const POINT &at) const;
+    LRESULT hitTest(const MSG *message) const;
     void copyStrip(HDC target, const QRect &strip, const QRect &client, bool withTitle);
 
     QWidget *const m_window;
@@ -114,6 +160,8 @@ private:
     HWND m_styled = nullptr;     // that has had the style of the frame
     QRect m_asked;               // the widget's geometry then
     bool m_clientPlaced = false; // which is that of the client area, not of the frame
+    bool m_held = false;         // by the strip, while maximised
+    POINT m_heldAt = {0, 0};     // on the screen
 };
 
 bool WindowsWindowFrame::event(QEvent *event)
@@ -186,30 +234,150 @@ bool WindowsWindowFrame::nativeEvent(void *message, long *result)
         if (msg->wParam)
             m_client->sizeClient(reinterpret_cast<NCCALCSIZE_PARAMS *>(msg->lParam));
         return true;
-    case WM_NCMOUSEMOVE:
-        return m_client->pointer(PointerAction::Move) && answer(1);
-    case WM_NCLBUTTONDOWN:
-    case WM_NCLBUTTONDBLCLK: // of a button it is a second click; that of the caption is the system's
-        return m_client->pointer(PointerAction::Press) && answer(1);
-    case WM_NCLBUTTONUP:
-        return m_client->pointer(PointerAction::Release) && answer(1);
     case WM_NCPAINT:
     case WM_NCACTIVATE:
         repaint(QRect());
         return answer(1);
-    case WM_NCHITTEST:
-        // The system's test finds only a caption of its own height: the buttons' lower half would be dead.
-        return isBelowCaption(msg) && answer(HTCAPTION);
+    case WM_NCHITTEST: {
+        const LRESULT part = hitTest(msg);
+        return part != HTNOWHERE && answer(long(part));
+    }
+    default:
+        return (mouseMessage(msg) || menuMessage(msg)) && answer(1);
+    }
+}
+
+// True: the system has no business with it, and the window may be gone.
+bool WindowsWindowFrame::mouseMessage(const MSG *message)
+{
+    switch (message->message) {
+    case WM_NCMOUSEMOVE:
+        return m_client->pointer(PointerAction::Move);
+    case WM_NCLBUTTONDOWN:
+        return m_client->pointer(PointerAction::Press) || takeHold(message);
+    case WM_NCLBUTTONDBLCLK: // of a button it is a second click; that of the caption is the system's
+        return m_client->pointer(PointerAction::Press);
+    case WM_NCLBUTTONUP:
+        return m_client->pointer(PointerAction::Release);
+    case WM_MOUSEMOVE:
+    case WM_LBUTTONUP:
+    case WM_CAPTURECHANGED:
+        return m_held && drag(message);
     default:
         return false;
     }
 }
 
-bool WindowsWindowFrame::isBelowCaption(const MSG *hitTest) const
+// The strip of a maximised window is held by this, not by the system: not every Windows lets a maximised
+// window be dragged, and some people have switched that off for windows that snap.
+bool WindowsWindowFrame::takeHold(const MSG *press)
 {
-    const QPoint at(GET_X_LPARAM(hitTest->lParam), GET_Y_LPARAM(hitTest->lParam));
-    return windowRect(hitTest->hwnd).contains(at) && at.y() < clientOnScreen(hitTest->hwnd).top() &&
-           DefWindowProcW(hitTest->hwnd, WM_NCHITTEST, hitTest->wParam, hitTest->lParam) == HTNOWHERE;
+    if (press->wParam != HTCAPTION || !isMaximized() || isFullScreen())
+        return false;
+    SetForegroundWindow(press->hwnd);
+    SetCapture(press->hwnd);
+    m_held = true;
+    m_heldAt = pointIn(press->lParam);
+    return true;
+}
+
+bool WindowsWindowFrame::drag(const MSG *message)
+{
+    if (message->message == WM_MOUSEMOVE) {
+        POINT at = pointIn(message->lParam);
+        ClientToScreen(message->hwnd, &at);
+        if (isDrag(m_heldAt, at))
+            restoreUnderPointer(at);
+        return true;
+    }
+    m_held = false;
+    if (message->message == WM_CAPTURECHANGED)
+        return false;
+    ReleaseCapture();
+    m_client->pointer(PointerAction::Release);
+    return true;
+}
+
+// The window takes its size from before under the pointer, at the same part of the strip's width, and the
+// system moves it from there. It may be gone when the button comes up.
+void WindowsWindowFrame::restoreUnderPointer(const POINT &at)
+{
+    m_held = false;
+    const HWND hwnd = handle();
+    const QRect strip = clientOnScreen(hwnd);
+    WINDOWPLACEMENT placement = {};
+    placement.length = sizeof placement;
+    MONITORINFO monitor = {};
+    monitor.cbSize = sizeof monitor;
+    if (!GetWindowPlacement(hwnd, &placement) ||
+        !GetMonitorInfoW(MonitorFromWindow(hwnd, MONITOR_DEFAULTTONEAREST), &monitor))
+        return;
+    const QSize size = toQRect(placement.rcNormalPosition).size();
+    const int left = at.x - (m_heldAt.x - strip.left()) * size.width() / qMax(1, strip.width());
+    const int top = at.y - (m_heldAt.y - strip.top()) - margins().top();
+    // Counted from the corner of the work area, whose monitor's it is not where a task bar lies there.
+    const int x = left - (monitor.rcWork.left - monitor.rcMonitor.left);
+    const int y = top - (monitor.rcWork.top - monitor.rcMonitor.top);
+    placement.rcNormalPosition = {x, y, x + size.width(), y + size.height()};
+    placement.showCmd = SW_SHOWNORMAL;
+    ReleaseCapture();
+    SetWindowPlacement(hwnd, &placement);
+    SendMessageW(hwnd, WM_SYSCOMMAND, SC_MOVE | HTCAPTION, MAKELPARAM(at.x, at.y));
+}
+
+// True as above.
+bool WindowsWindowFrame::menuMessage(const MSG *message)
+{
+    const HWND hwnd = message->hwnd;
+    const bool resizable = m_window->minimumSize() != m_window->maximumSize();
+    switch (message->message) {
+    case WM_NCRBUTTONDOWN: // which the system would keep, to look for a menu when the button comes up
+        return message->wParam == HTCAPTION;
+    case WM_NCRBUTTONUP:
+        if (message->wParam != HTCAPTION || partAt(pointIn(message->lParam)) != FramePart::Bare)
+            return false;
+        showSystemMenu(hwnd, pointIn(message->lParam), resizable);
+        return true;
+    case WM_SYSKEYDOWN: {
+        // Qt keeps Alt+Space for a menu that this window has not.
+        if (message->wParam != VK_SPACE)
+            return false;
+        MSG typed = {}; // the menu would take it for a letter of its own
+        PeekMessageW(&typed, hwnd, WM_SYSCHAR, WM_SYSCHAR, PM_REMOVE);
+        break;
+    }
+    case WM_SYSCOMMAND:
+        if ((message->wParam & 0xFFF0) != SC_KEYMENU || message->lParam != VK_SPACE)
+            return false;
+        break;
+    default:
+        return false;
+    }
+    const QPoint at = clientOnScreen(hwnd).topLeft();
+    showSystemMenu(hwnd, {at.x(), at.y()}, resizable);
+    return true;
+}
+
+FramePart WindowsWindowFrame::partAt(const POINT &at) const
+{
+    const QRect client = clientOnScreen(handle());
+    return m_client->partAt(
+        QPoint(qFloor((at.x - client.left()) / ratio()), qFloor((at.y - client.top()) / ratio())));
+}
+
+// HTNOWHERE leaves it to the system, whose own test finds only a caption of its own height: the buttons'
+// lower half would be dead. Over the button that maximises, Windows 11 offers its layouts for the answer;
+// what the pointer does there still comes to this frame.
+LRESULT WindowsWindowFrame::hitTest(const MSG *message) const
+{
+    const POINT at = pointIn(message->lParam);
+    if (isFullScreen() || !windowRect(message->hwnd).contains(at.x, at.y) ||
+        at.y >= clientOnScreen(message->hwnd).top())
+        return HTNOWHERE;
+    if (partAt(at) == FramePart::MaximizeButton)
+        return HTMAXBUTTON;
+    const LRESULT system = DefWindowProcW(message->hwnd, WM_NCHITTEST, message->wParam, message->lParam);
+    return system == HTNOWHERE ? HTCAPTION : HTNOWHERE;
 }
 
 void WindowsWindowFrame::shrinkToClient(NCCALCSIZE_PARAMS *params)
@@ -242,6 +410,8 @@ void WindowsWindowFrame::shrinkToClient(NCCALCSIZE_PARAMS *params)
 
 QRect WindowsWindowFrame::clientRect() const
 {
+    if (!handle())
+        return m_window->rect();
     return QRect(QPoint(0, 0), (QSizeF(clientOnScreen(handle()).size()) / ratio()).toSize());
 }
 
