@@ -33,7 +33,15 @@ const QString kText = QStringLiteral("Q&A");
 QVector<QString> images; // four files
 
 // Whose ring also shows when the mouse brought the focus, and who Enter is for, in a dialog and elsewhere.
-enum Trait { None = 0, MouseRing = 1, ReleaseOutside = 2, EnterInDialog = 4, EnterElsewhere = 8 };
+enum Trait {
+    None = 0,
+    MouseRing = 1,
+    ReleaseOutside = 2,
+    EnterInDialog = 4,
+    EnterElsewhere = 8,
+    RightClick = 16,
+    ToolToggles = 32
+};
 
 struct Sibling
 {
@@ -65,7 +73,7 @@ const QVector<Sibling> kSiblings{
      }},
     {"image and text", SIGNAL(btn_released(int)), lumqt::kFocusRingColor, None,
      [] { return new CBPImageTextBtn(images, kText); }},
-    {"toggle", SIGNAL(clicked(bool)), kOwnRing, ReleaseOutside,
+    {"toggle", SIGNAL(clicked(bool)), kOwnRing, ReleaseOutside | RightClick,
      [] { return new CTriStateButton(kText, false, false, nullptr); }},
     {"group", SIGNAL(sigBtnClicked(int)), lumqt::kFocusRingColor, ReleaseOutside,
      [] {
@@ -84,7 +92,7 @@ const QVector<Sibling> kSiblings{
          button->setSplit(true);
          return button;
      }},
-    {"image check box", SIGNAL(clicked(bool)), lumqt::kFocusRingColor, None,
+    {"image check box", SIGNAL(clicked(bool)), lumqt::kFocusRingColor, ToolToggles,
      [] { return new CBPImageCheckBox(images, images, QStringLiteral("Q&&A")); }},
 };
 
@@ -106,6 +114,15 @@ template <class Window> struct Scene
         showActive(window);
         field->setFocus();
     }
+};
+
+// Deletes a button in the middle of what it tells.
+class Killer : public QObject
+{
+    Q_OBJECT
+
+public slots:
+    void kill() { delete sender(); }
 };
 
 void forAll(const std::function<void(const Sibling &)> &check)
@@ -132,6 +149,30 @@ private slots:
             images << m_folder.filePath(QStringLiteral("%1.png").arg(i));
             savePicture(images.last(), QSize(20, 16), Qt::gray);
         }
+    }
+
+    // Each may be the last thing that the button does.
+    void clicks()
+    {
+        forAll([](const Sibling &sibling) {
+            for (const char *how : {"press release", "right rightup", "space spaceup", "tool"}) {
+                if (*how == 't' && (sibling.traits & ToolToggles))
+                    continue;
+                const bool clicks = *how != 'r' || (sibling.traits & RightClick);
+                QPointer<QWidget> button = sibling.make();
+                QSignalSpy clicked(button, sibling.clicked);
+                perform(button, how);
+                button->setEnabled(false);
+                perform(button, how);
+                QVERIFY2(clicked.count() == int(clicks), how);
+                button->setEnabled(true);
+                Killer killer;
+                connect(button, sibling.clicked, &killer, SLOT(kill()));
+                perform(button, how);
+                QVERIFY2(button.isNull() == clicks, how);
+                delete button;
+            }
+        });
     }
 
     // An "&" is a character like any other, also in a text that came by a pointer to Qt's class.

@@ -236,22 +236,6 @@ private Q_SLOTS:
         QVERIFY(spoken->state().hasPopup);
     }
 
-    void menuOpens()
-    {
-        for (const Click how : {Click::Left, Click::Space, Click::Enter, Click::Tool}) {
-            CBPMenuBtn button("Sort by", nullptr);
-            button.AppendMenuItem(QString(), "Name", 1);
-            button.setDefault(true); // for Enter
-            button.show();
-            QSignalSpy clicks(&button, SIGNAL(sigBtnClicked(int)));
-            int opened = 0;
-            whileOpen(this, button.GetMenu(), [&](CBPMenu *) { ++opened; });
-            click(&button, how);
-            QCOMPARE(opened, 1);
-            QVERIFY(clicks.isEmpty());
-        }
-    }
-
     void add_data()
     {
         QTest::addColumn<QString>("text");
