@@ -9,7 +9,6 @@
 #include "Spoken.h"
 #include "TestMain.h"
 
-#include <QDialog>
 #include <QLabel>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -18,7 +17,6 @@ namespace {
 
 constexpr int kId = 31;
 const QColor kStateColors[] = {Qt::red, Qt::green, Qt::blue, Qt::cyan};
-const QColor kRing("#2f86d8");
 const QColor kWhite(Qt::white);
 
 QColor pixel(QWidget &widget, int x, int y)
@@ -426,34 +424,6 @@ private slots:
         button.SetSelect(true);
         sendEvent(button, QEvent::Enter);
         QVERIFY(!tips());
-    }
-
-    // The ring is for people at the keyboard; a click brings the focus without it.
-    void focusAndDefault()
-    {
-        QDialog dialog;
-        CBPImageButton button(m_png, false, kId, &dialog);
-        button.setFixedSize(40, 40);
-        QPushButton other(&dialog);
-        showActive(dialog);
-        for (const auto reason : {Qt::OtherFocusReason, Qt::MouseFocusReason, Qt::TabFocusReason,
-                                  Qt::BacktabFocusReason, Qt::ShortcutFocusReason}) {
-            other.setFocus(Qt::TabFocusReason);
-            QTRY_VERIFY(other.hasFocus());
-            QCOMPARE(pixel(button, 0, 20), kWhite);
-            button.setFocus(reason);
-            QVERIFY(button.hasFocus());
-            QVERIFY2((pixel(button, 0, 20) == kRing) == (reason != Qt::MouseFocusReason),
-                     QByteArray::number(reason));
-            QTest::keyClick(&button, Qt::Key_Space);
-            QCOMPARE(pixel(button, 39, 20), kRing);
-        }
-        // In a dialog Return belongs to another button.
-        QSignalSpy ours(&button, &CBPImageButton::btn_released);
-        QSignalSpy theirs(&other, &QPushButton::clicked);
-        QTest::keyClick(&button, Qt::Key_Return);
-        QCOMPARE(ours.count(), 0);
-        QCOMPARE(theirs.count(), 1);
     }
 
     // Spoken is the first of the four names that there is.

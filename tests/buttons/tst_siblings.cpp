@@ -109,7 +109,6 @@ template <class Window> struct Scene
         auto *layout = new QVBoxLayout(&window);
         for (QWidget *each : {static_cast<QWidget *>(field), widget, static_cast<QWidget *>(ok)})
             layout->addWidget(each);
-        ok->setDefault(qobject_cast<QDialog *>(&window));
         window.move(100, 100);
         showActive(window);
         field->setFocus();

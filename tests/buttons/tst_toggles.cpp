@@ -7,7 +7,6 @@
 #include "TestMain.h"
 
 #include <QButtonGroup>
-#include <QDialog>
 #include <QHBoxLayout>
 #include <QHelpEvent>
 #include <QLineEdit>
@@ -284,28 +283,6 @@ private slots:
         group.AddButton(2, QStringLiteral("y"), QString());
         QCoreApplication::processEvents();
         QCOMPARE(group.maximumHeight(), 30);
-    }
-
-    // A dialog makes its first button the one that Enter presses.
-    void enterIsTheDialogs()
-    {
-        QDialog dialog;
-        auto *layout = new QHBoxLayout(&dialog);
-        auto *toggle = new CTriStateButton(QStringLiteral("x"), false, false, nullptr);
-        auto *group = new CButtonGroupBox(true, nullptr);
-        QPushButton ok;
-        for (QWidget *each :
-             {static_cast<QWidget *>(toggle), static_cast<QWidget *>(group), static_cast<QWidget *>(&ok)})
-            layout->addWidget(each);
-        CBPPushBtn *first = group->AddButton(1, QStringLiteral("y"), QString());
-        QSignalSpy chosen(group, &CButtonGroupBox::sigBtnClicked);
-        QSignalSpy accepted(&ok, &QPushButton::clicked);
-        dialog.show();
-        for (QWidget *from :
-             {static_cast<QWidget *>(&dialog), static_cast<QWidget *>(toggle), static_cast<QWidget *>(first)})
-            QTest::keyClick(from, Qt::Key_Return);
-        QCOMPARE(accepted.count(), 3);
-        QVERIFY(chosen.isEmpty() && !toggle->IsChecked());
     }
 
     void groupIsOneTabStop()

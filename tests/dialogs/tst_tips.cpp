@@ -234,35 +234,29 @@ private slots:
         QCOMPARE(QAccessible::queryAccessibleInterface(&tip)->role(), QAccessible::HelpBalloon);
     }
 
-    void followsTheMouse_data()
-    {
-        columns<bool, QVector<bool>, bool>("append", "asked", "follows");
-        row("as made", false, QVector<bool>{}, false);
-        row("asked", false, QVector<bool>{true}, true);
-        row("asked and not", false, QVector<bool>{true, false}, false);
-        row("append", true, QVector<bool>{}, true);
-        row("append wins", true, QVector<bool>{false}, true);
-    }
-
     void followsTheMouse()
     {
-        QFETCH(bool, append);
-        QFETCH(QVector<bool>, asked);
-        QFETCH(bool, follows);
-        Scene scene;
-        CBPTipWnd tip(ENOrientationLeft, &scene.bound);
-        for (const bool follow : qAsConst(asked))
-            tip.ShowClickBindWidget(follow);
-        if (append)
-            tip.AppendWidget(content(QSize(100, 20)));
-        tip.setAttribute(Qt::WA_ShowWithoutActivating); // it is the tip that asks for it
-        sendEvent(scene.bound, QEvent::Enter);
-        QCOMPARE(tip.isVisible(), follows);
-        if (follows)
-            QVERIFY(QTest::qWaitForWindowActive(&tip)); // it does take the activation, the first time too
-        tip.show();
-        sendEvent(scene.bound, QEvent::Leave);
-        QCOMPARE(tip.isVisible(), !follows);
+        const auto check = [](bool append, const QVector<bool> &asked, bool follows) {
+            Scene scene;
+            CBPTipWnd tip(ENOrientationLeft, &scene.bound);
+            for (const bool follow : asked)
+                tip.ShowClickBindWidget(follow);
+            if (append)
+                tip.AppendWidget(content(QSize(100, 20)));
+            tip.setAttribute(Qt::WA_ShowWithoutActivating); // it is the tip that asks for it
+            sendEvent(scene.bound, QEvent::Enter);
+            QCOMPARE(tip.isVisible(), follows);
+            if (follows)
+                QVERIFY(QTest::qWaitForWindowActive(&tip)); // it does take the activation, the first time too
+            tip.show();
+            sendEvent(scene.bound, QEvent::Leave);
+            QCOMPARE(tip.isVisible(), !follows);
+        };
+        check(false, {}, false);
+        check(false, {true}, true);
+        check(false, {true, false}, false);
+        check(true, {}, true);
+        check(true, {false}, true); // appending wins
     }
 
     void deactivation()
