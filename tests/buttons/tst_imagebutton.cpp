@@ -48,17 +48,10 @@ CTextTips *tips()
 
 Deeds ownDeeds(CBPImageButton *button)
 {
-    static QVector<QString> none(4);
     return {
-        {"select", [=] { button->SetSelect(true); }},
-        {"deselect", [=] { button->SetSelect(false); }},
-        {"default", [=] { button->setDefault(true); }},
-        {"checkable", [=] { button->setCheckable(true); }},
-        {"paint", [=] { pictureOf(*button); }},
-        {"notip", [=] { button->SetTipsTxt(QString()); }},
-        {"images", [=] { button->SetImgButtonRes(none); }},
-        {"text", [=] { button->SetText(QStringLiteral("x"), QFont()); }},
-        {"border", [=] { button->SetBorder(1, false); }},
+        {"select", [=] { button->SetSelect(true); }},   {"deselect", [=] { button->SetSelect(false); }},
+        {"default", [=] { button->setDefault(true); }}, {"checkable", [=] { button->setCheckable(true); }},
+        {"paint", [=] { pictureOf(*button); }},         {"notip", [=] { button->SetTipsTxt(QString()); }},
     };
 }
 
@@ -180,31 +173,6 @@ private slots:
         check("tool", 0, "pressed released 31 clicked");
         check("disable tool", 3, "");
         check("select call", 2, "pressed released clicked");
-    }
-
-    void repaints()
-    {
-        struct : QObject
-        {
-            int paints = 0;
-            bool eventFilter(QObject *, QEvent *event) override
-            {
-                paints += event->type() == QEvent::Paint;
-                return false;
-            }
-        } watch;
-        CBPImageButton button(m_png, false, kId);
-        button.installEventFilter(&watch);
-        showActive(button);
-        for (const char *event : {"enter", "leave", "right", "select", "deselect", "space", "spaceup",
-                                  "focusin", "focusout", "images", "text", "border", "leave"}) {
-            QTRY_VERIFY2(watch.paints > 0, event);
-            QTest::qWait(0);
-            watch.paints = 0;
-            perform(&button, event, ownDeeds(&button));
-            // The pressed look is on the screen before the events that wait in line.
-            QVERIFY(event != QLatin1String("right") || watch.paints == 1);
-        }
     }
 
     // Each image lies on whole device pixels, at whatever scaling this runs: not a pixel is lost, doubled or

@@ -255,34 +255,6 @@ private slots:
         QCOMPARE(link.sizeHint(), QSize(400, 300));
     }
 
-    void repaints()
-    {
-        class Painted : public CBPLinkerButton
-        {
-        public:
-            using CBPLinkerButton::CBPLinkerButton;
-            QMap<QEvent::Type, int> seen;
-            bool event(QEvent *event) override
-            {
-                ++seen[event->type()];
-                return CBPLinkerButton::event(event);
-            }
-        };
-        QWidget window; // a window may not be as narrow as the link is to be
-        window.resize(200, 100);
-        Painted link(kText, ENLinkerTypeNever, 0, &window);
-        link.resize(20, 20);
-        window.show();
-        QTRY_VERIFY(link.seen[QEvent::Paint] > 0);
-        for (const char *change : {"enter", "leave", "focusin", "select"}) {
-            QCoreApplication::processEvents();
-            link.seen[QEvent::Paint] = 0;
-            perform(&link, change, {{"select", [&] { link.SetSelected(true); }}});
-            QTRY_VERIFY2(link.seen[QEvent::Paint] > 0, change);
-        }
-        QCOMPARE(link.seen[QEvent::ToolTipChange], 1); // told once that the text is cut, not at each paint
-    }
-
     // Addressed by its class, and for the rest any check box.
     void checkBox()
     {
