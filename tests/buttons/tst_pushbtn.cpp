@@ -17,8 +17,10 @@ const QColor kNormal(255, 255, 255);
 const QColor kHover(0xed, 0xf7, 0xf8);
 const QColor kPressed(0xe2, 0xf2, 0xf3);
 const QColor kFills[] = {kNormal, kHover, kPressed, kNormal}; // of the states
-const QColor kRing(75, 167, 245);
 const QColor kFrame(0x3c, 0x43, 0x4b);
+const QColor kFrames[] = {kFrame, QColor(0xbc, 0xe0, 0xe2), QColor(0x87, 0xc8, 0xcc),
+                          QColor(0xbb, 0xbb, 0xbb)};
+const QColor kRing(75, 167, 245);
 
 QColor pixel(QWidget &widget, int x, int y)
 {
@@ -49,23 +51,16 @@ class TestPushBtn : public QObject
     Q_OBJECT
 
 private slots:
+    // What no picture of a button shows, and what is kept of bad numbers.
     void record()
     {
-        const char *table[][4] = {{"#ffffff", "#edf7f8", "#e2f2f3", "#ffffff"},
-                                  {"#3c434b", "#bce0e2", "#87c8cc", "#bbbbbb"},
-                                  {"#666666", "#666666", "#666666", "#bbbbbb"},
-                                  {"#ffffff", "#edf7f8", "#e2f2f3", "#ffffff"},
-                                  {"#228fc2", "#228fc2", "#228fc2", "#a0a0a0"}};
         CBtnObj record;
-        QColor (CBtnObj::*const getters[])(int)
-            const = {&CBtnObj::bgColor, &CBtnObj::frmColor, &CBtnObj::textColor, &CBtnObj::focusColor,
-                     &CBtnObj::triangleColor};
-        for (int row = 0; row < 5; ++row) {
-            for (int state = 0; state < 4; ++state)
-                QCOMPARE((record.*getters[row])(state), QColor(QLatin1String(table[row][state])));
+        for (int state = 0; state < 4; ++state) {
+            QCOMPARE(record.focusColor(state), record.bgColor(state));
+            QCOMPARE(record.textColor(state), QColor(state == 3 ? "#bbbbbb" : "#666666"));
+            QCOMPARE(record.triangleColor(state), QColor(state == 3 ? "#a0a0a0" : "#228fc2"));
         }
         QVERIFY(record.frmWidth() == 1 && record.roundRadius(0) == 0 && record.roundRadius(1) == 0);
-        QVERIFY(!record.IsFocus() && record.state() == 0);
         QVERIFY(!record.checkedBgColor().isValid() && !record.checkedFrmColor().isValid());
         record.setState(2);
         for (const int bad : {4, -1, 1000})
@@ -74,11 +69,10 @@ private slots:
         const CBtnObj copy = record;
         record.setBgTrancent(true);
         QCOMPARE(record.bgColor(1), QColor(0xed, 0xf7, 0xf8, 0));
-        QCOMPARE(copy.bgColor(1), QColor(0xed, 0xf7, 0xf8));
+        QCOMPARE(copy.bgColor(1), kHover);
         record.setBgTrancent(false);
-        QCOMPARE(record.bgColor(1), QColor(0xed, 0xf7, 0xf8));
-        QVERIFY(!record.bgColor(9).isValid());
-        QCOMPARE(record.roundRadius(9), 0);
+        QCOMPARE(record.bgColor(1), kHover);
+        QVERIFY(!record.bgColor(9).isValid() && record.roundRadius(9) == 0);
     }
 
     void sizes()
@@ -145,6 +139,8 @@ private slots:
                     QVERIFY2(sent == all, qPrintable(events + QStringLiteral(": ") + sent.join(' ')));
                     QVERIFY2(button->state() == state, qPrintable(events + QString::number(button->state())));
                     QVERIFY2(fillOf(*button) == kFills[state], events);
+                    button->CBtnObj::setFocus(false); // the ring
+                    QVERIFY2(pixel(*button, 0, 14) == kFrames[state], events);
                 }
                 delete button;
             }
@@ -222,10 +218,10 @@ private slots:
         QIcon icon;
         for (int i = 0; i < 4; ++i)
             icon.addPixmap(plainIcon(QSize(12, 12), colors[i]).pixmap(12), modes[i]);
-        CBPPushBtn pictured(QString(), nullptr, false, false);
+        CBPPushBtn pictured(QString(), nullptr);
         pictured.setIconSize(QSize(12, 12));
         pictured.setIcon(icon);
-        CBPPushBtn button(QStringLiteral("MMM"), nullptr, false, false);
+        CBPPushBtn button(QStringLiteral("MMM"), nullptr);
         button.setBgColor(QVector<QColor>(4, Qt::white));
         button.setTextColor(colors);
         QFont font(QApplication::font());
@@ -267,25 +263,9 @@ private slots:
         }
     }
 
-    void disabled()
+    void flags()
     {
-        CBPPushBtn button(QStringLiteral("OK"), nullptr, false, false);
-        showActive(button);
-        button.setDisabled(true);
-        QCOMPARE(button.state(), 3);
-        button.setSelected(true);
-        QCOMPARE(fillOf(button), kNormal);
-        QCOMPARE(pixel(button, 0, 14), QColor(0xbb, 0xbb, 0xbb));
-        button.setEnabled(true);
-        QCOMPARE(button.state(), 0);
-        QCOMPARE(fillOf(button), kPressed); // selected
-        static_cast<QWidget &>(button).setEnabled(false);
-        QCOMPARE(button.state(), 3);
-    }
-
-    void focusRing()
-    {
-        CBPPushBtn button(QStringLiteral("OK"), nullptr, false, false);
+        CBPPushBtn button(QStringLiteral("OK"), nullptr);
         button.resize(120, 28);
         perform(&button, "press release leave");
         QVERIFY(button.IsFocus());
@@ -294,11 +274,36 @@ private slots:
         QCOMPARE(pixel(button, 60, 1), QColor(Qt::red));
         button.setSelected(true);
         QVERIFY(pixel(button, 1, 14) != QColor(Qt::red));
+        QCOMPARE(fillOf(button), kPressed);
+        button.setDisabled(true);
+        QVERIFY(button.state() == 3 && fillOf(button) == kNormal);
+        button.setEnabled(true);
+        QVERIFY(button.state() == 0 && fillOf(button) == kPressed);
+        static_cast<QWidget &>(button).setEnabled(false);
+        QCOMPARE(button.state(), 3);
+        perform(&button, "enable press focusout");
+        QVERIFY(button.state() == 0 && !button.IsFocus());
         button.setSelected(false);
         button.setFrmTrancent(true);
         QCOMPARE(pixel(button, 0, 14), kNormal); // edge to edge
-        perform(&button, "press focusout");
-        QVERIFY(button.state() == 0 && !button.IsFocus());
+        button.setCheckable(true);
+        button.setChecked(true);
+        QCOMPARE(fillOf(button), kNormal); // no checked colours yet
+        button.setCheckedBgColor(QColor(200, 0, 0));
+        button.setCheckedFrmColor(QColor(0, 0, 200));
+        QCOMPARE(fillOf(button), QColor(200, 0, 0));
+        QCOMPARE(pixel(button, 0, 14), QColor(0, 0, 200));
+        button.setEnabled(false);
+        const QColor half = fillOf(button);
+        QVERIFY(qAbs(half.green() - 127) < 4 && half.red() > 200);
+        button.setChecked(false);
+        QCOMPARE(fillOf(button), kNormal);
+        for (const bool transparent : {true, false}) {
+            button.setBgTrancent(transparent);
+            QCOMPARE(button.testAttribute(Qt::WA_TranslucentBackground), transparent);
+            QVERIFY(transparent || !button.testAttribute(Qt::WA_NoSystemBackground));
+            QCOMPARE(button.bgColor(0).alpha(), transparent ? 0 : 255);
+        }
     }
 
     void removedMarginsAndCorners()
@@ -333,28 +338,10 @@ private slots:
         QCOMPARE(pixel(ground, 0, 0), kFrame);
     }
 
-    void checkedLook()
-    {
-        CBPPushBtn button(QString(), nullptr, false, false);
-        button.resize(100, 28);
-        button.setCheckable(true);
-        button.setChecked(true);
-        QCOMPARE(fillOf(button), kNormal); // no checked colours yet
-        button.setCheckedBgColor(QColor(200, 0, 0));
-        button.setCheckedFrmColor(QColor(0, 0, 200));
-        QCOMPARE(fillOf(button), QColor(200, 0, 0));
-        QCOMPARE(pixel(button, 0, 14), QColor(0, 0, 200));
-        button.setEnabled(false);
-        const QColor half = fillOf(button);
-        QVERIFY(qAbs(half.green() - 127) < 4 && half.red() > 200);
-        button.setChecked(false);
-        QCOMPARE(fillOf(button), kNormal);
-    }
-
     void colorListsOfAnyLength()
     {
         for (const int count : {0, 1, 3, 4, 5, 9}) {
-            CBPPushBtn button(QStringLiteral("OK"), nullptr, false, false);
+            CBPPushBtn button(QStringLiteral("OK"), nullptr);
             button.resize(100, 28);
             const QVector<QColor> colors(count, QColor(1, 2, 3));
             for (const auto set : {&CBtnObj::setBgColor, &CBtnObj::setFrmColor, &CBtnObj::setTextColor,
@@ -397,18 +384,6 @@ private slots:
         check(5, false, "OK");
         check(1, true, "OK");
         check(0, false, "");
-    }
-
-    void transparency()
-    {
-        CBPPushBtn button(QStringLiteral("OK"), nullptr, false, false);
-        button.setBgTrancent(true);
-        QVERIFY(button.testAttribute(Qt::WA_TranslucentBackground));
-        QCOMPARE(button.bgColor(0).alpha(), 0);
-        button.setBgTrancent(false);
-        QVERIFY(!button.testAttribute(Qt::WA_TranslucentBackground));
-        QVERIFY(!button.testAttribute(Qt::WA_NoSystemBackground));
-        QCOMPARE(button.bgColor(0).alpha(), 255);
     }
 };
 
