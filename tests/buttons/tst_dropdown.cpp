@@ -1,90 +1,230 @@
 #include "Acts.h"
 #include "CBPDropdownBtn.h"
+#include "CBPMenuBtn.h"
 #include "CBPMenuItem.h"
+#include "CBPToolButton.h"
 #include "Pixels.h"
+#include "platform/Platform.h"
+#include "Spoken.h"
 #include "TestMain.h"
 
 #include <QScreen>
 #include <QSignalSpy>
-#include <QWindow>
+
+// The menus of buttons, whatever the class, and the drop-down button.
+
+namespace {
+
+constexpr int kFrame = 3; // of the system, in these tests
+constexpr int kCaption = 11;
+const QString kText = QStringLiteral("More");
+
+// A class of buttons with a menu: what the test asks of each.
+struct Kind
+{
+    const char *name;
+    const char *clicked; // its signal
+    QAccessible::Role role;
+    std::function<QWidget *()> make;
+    std::function<void(QWidget *, const QString &, int)> append;
+    std::function<CBPMenu *(QWidget *)> menu;
+};
+
+template <class Button>
+Kind kind(const char *name, const char *clicked, QAccessible::Role role, std::function<Button *()> make)
+{
+    const auto append = [](QWidget *button, const QString &text, int id) {
+        static_cast<Button *>(button)->AppendMenuItem(QStringLiteral("none.png"), text, id);
+    };
+    return {name, clicked, role,
+            make, append,  [](QWidget *button) { return static_cast<Button *>(button)->GetMenu(); }};
+}
+
+const Kind kKinds[] = {
+    kind<CBPPushBtn>("push", SIGNAL(sigBtnClicked(int)), QAccessible::PushButton,
+                     [] {
+                         auto *button = new CBPPushBtn(kText, nullptr, true);
+                         button->setHasMenu(true);
+                         return button;
+                     }),
+    kind<CBPMenuBtn>("menu", SIGNAL(sigBtnClicked(int)), QAccessible::ButtonMenu,
+                     [] { return new CBPMenuBtn(kText); }),
+    kind<CBPToolButton>("tool", SIGNAL(sigClick(int)), QAccessible::ButtonMenu,
+                        [] { return new CBPToolButton(kText, 7, ENAlignLeft, true); }),
+    kind<CBPDropdownBtn>("drop-down", SIGNAL(sigBtnClicked(int)), QAccessible::ButtonMenu,
+                         [] { return new CBPDropdownBtn(kText, 9); }),
+};
+
+const Click kWays[] = {Click::Left, Click::Space, Click::Enter, Click::Tool};
+
+void clickAsDefault(QWidget *button, Click how)
+{
+    if (auto *push = qobject_cast<QPushButton *>(button))
+        push->setDefault(true); // for Enter
+    click(button, how);
+}
+
+} // namespace
 
 class TestDropdown : public QObject
 {
     Q_OBJECT
 
 private slots:
-    // Whether each way to click opens the menu, or clicks.
-    void activation_data()
+    void init()
     {
-        QTest::addColumn<bool>("split");
-        QTest::addColumn<int>("opened");
-        QTest::addColumn<int>("clicked");
-        QTest::newRow("whole") << false << 1 << 0;
-        QTest::newRow("split") << true << 0 << 1;
+        m_system = lumqt::platform::answers();
+        lumqt::platform::answers().frameWidth = [](const QWidget *) { return kFrame; };
+        lumqt::platform::answers().captionHeight = [](const QWidget *) { return kCaption; };
     }
+    void cleanup() { lumqt::platform::answers() = m_system; }
 
-    void activation()
+    // Each way to click opens the menu, once, and is no click.
+    void opens()
     {
-        QFETCH(bool, split);
-        for (const Click how : {Click::Left, Click::Space, Click::Enter, Click::Tool}) {
-            CBPDropdownBtn button(QStringLiteral("Sort"), 9);
-            button.setSplit(split);
-            click(&button, how); // no menu yet: nothing opens
-            button.AppendMenuItem(QString(), QStringLiteral("One"), 11);
-            QSignalSpy clicked(&button, &CBPDropdownBtn::sigBtnClicked);
-            QSignalSpy opened(button.GetMenu(), &QMenu::aboutToShow);
-            button.show();
-            QTimer::singleShot(50, button.GetMenu(), &QMenu::close);
-            click(&button, how);
-            QTEST(opened.count(), "opened");
-            QTEST(clicked.count(), "clicked");
-            click(&button, Click::Right);
-            button.setEnabled(false);
-            click(&button, how);
-            QTEST(opened.count(), "opened");
-            QTEST(clicked.count(), "clicked");
+        for (const Kind &kind : kKinds) {
+            const QScopedPointer<QWidget> button(kind.make());
+            button->show();
+            QSignalSpy clicked(button.get(), kind.clicked);
+            QSignalSpy chosen(button.get(), SIGNAL(sigActionTriggered(CBPMenuItem *)));
+            if (!qobject_cast<CBPToolButton *>(button.get())) { // which is no button with a menu yet
+                for (const Click how : kWays)
+                    clickAsDefault(button.get(), how); // there is nothing to open
+            }
+            kind.append(button.get(), QStringLiteral("One"), 11);
+            kind.append(button.get(), QStringLiteral("Two"), 12);
+            CBPMenu *menu = kind.menu(button.get());
+            QVERIFY2(menu && menu->actions().size() == 2, kind.name);
+            QSignalSpy opened(menu, &QMenu::aboutToShow);
+            const bool ownPlace = qobject_cast<CBPDropdownBtn *>(button.get());
+            const QPoint place(0, button->height() + (ownPlace ? 2 : 46 - kFrame - kCaption + 1));
+            int times = 0;
+            for (const Click how : kWays) {
+                whileOpen(this, menu, [&](CBPMenu *open) {
+                    QCOMPARE(open->pos(), button->mapToGlobal(place));
+                    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Return})
+                        QTest::keyClick(open, key);
+                });
+                clickAsDefault(button.get(), how);
+                QVERIFY2(opened.count() == ++times && chosen.count() == times, kind.name);
+                QCOMPARE(chosen.last().first().value<CBPMenuItem *>()->data().toInt(), 12);
+                if (auto *push = qobject_cast<QPushButton *>(button.get()))
+                    QVERIFY(!push->isDown());
+            }
+            QAccessibleInterface *face = QAccessible::queryAccessibleInterface(button.get());
+            QCOMPARE(face->role(), kind.role);
+            QCOMPARE(face->state().hasPopup, kind.role == QAccessible::ButtonMenu);
+            QCOMPARE(spokenName(button.get()), kText);
+            click(button.get(), Click::Right);
+            button->setEnabled(false);
+            for (const Click how : kWays)
+                clickAsDefault(button.get(), how);
+            QVERIFY2(opened.count() == times && clicked.isEmpty(), kind.name);
         }
     }
 
-    void menu()
+    void lifetimes()
+    {
+        for (const Kind &kind : kKinds) {
+            for (const Click how : kWays) {
+                QPointer<QWidget> button = kind.make();
+                kind.append(button, QStringLiteral("One"), 1);
+                delete kind.menu(button); // the application's right
+                clickAsDefault(button, how);
+                QVERIFY2(!kind.menu(button), kind.name);
+                kind.append(button, QStringLiteral("Two"), 2);
+                const QPointer<CBPMenu> menu = kind.menu(button);
+                button->show();
+                whileOpen(this, menu, [&](CBPMenu *) { delete button.data(); });
+                clickAsDefault(button, how);
+                QVERIFY2(!button, kind.name);
+                QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+                QVERIFY2(!menu, kind.name);
+            }
+        }
+    }
+
+    // A tool button takes menus of others, too, and the menu goes with it unless it is "shrinked".
+    void toolMenus()
+    {
+        CBPToolButton button(QString(), 7, ENAlignLeft, true);
+        button.setToolTip(QStringLiteral("Tip"));
+        CBPMenu sub(kText);
+        button.SetMenu(&sub); // it has none to replace
+        button.AppendSubMenu(nullptr);
+        QVERIFY(!button.GetMenu());
+        button.AppendSubMenu(&sub);
+        QCOMPARE(button.GetMenu()->actions().size(), 1);
+        QCOMPARE(spokenName(&button), QStringLiteral("Tip"));
+        for (const bool stays : {false, true}) {
+            button.show();
+            button.setIsShrinked(stays);
+            bool visible = !stays;
+            whileOpen(this, button.GetMenu(), [&](CBPMenu *menu) {
+                button.hide();
+                visible = menu->isVisible();
+            });
+            QTest::keyClick(&button, Qt::Key_Down);
+            QCOMPARE(visible, stays);
+        }
+        const QPointer<CBPMenu> own = button.GetMenu();
+        CBPMenu given;
+        QAction *item = given.AddAction(QStringLiteral("Three"), 3);
+        button.SetMenu(&given);
+        QCOMPARE(button.GetMenu(), &given);
+        QSignalSpy chosen(&button, &CBPToolButton::sigActionTriggered);
+        emit given.triggered(item);
+        QVERIFY(chosen.isEmpty());
+        button.SetMenu(nullptr);
+        click(&button, Click::Left);
+        QVERIFY(own);
+    }
+
+    // The triangle stands where it does for a button without a text: half of the spacing right of the middle.
+    void pushTriangle()
+    {
+        CBPPushBtn button(kText, nullptr, true);
+        QVERIFY(!button.GetMenu());
+        button.AppendMenuItem(QString(), QStringLiteral("One"), 11);
+        QCOMPARE(button.minimumWidth(), 95);
+        const QRect arrow = boxOf(pictureOf(button, 1), QColor(127, 134, 143));
+        QVERIFY(QRect((95 - 10) / 2 + 10, 12, 8, 4).contains(arrow));
+        QVERIFY(arrow.width() >= 4 && arrow.height() >= 2);
+    }
+
+    void splitButton()
     {
         CBPDropdownBtn button(QStringLiteral("Sort"), 9);
         button.AppendSubMenu(nullptr);
         QVERIFY(!button.GetMenu());
         button.AppendMenuItem(QString(), QStringLiteral("One"), 11);
-        CBPMenu sub(QStringLiteral("More"));
-        button.AppendSubMenu(&sub);
         button.AppendSubMenu(button.GetMenu()); // refused by the menu
-        QCOMPARE(button.GetMenu()->actions().size(), 2);
+        QCOMPARE(button.GetMenu()->actions().size(), 1);
         button.setSplit(true);
         button.resize(button.sizeHint());
         button.show();
+        const QPoint arrow(button.width() - 10, 10);
         QSignalSpy clicked(&button, &CBPDropdownBtn::sigBtnClicked);
-        QSignalSpy chosen(&button, &CBPDropdownBtn::sigActionTriggered);
-        QPoint where;
-        whileOpen(this, button.GetMenu(), [&](CBPMenu *menu) {
-            where = menu->pos();
-            QAccessible::State state = QAccessible::queryAccessibleInterface(&button)->state();
-            QVERIFY(state.expanded && state.hasPopup);
-            QTest::keyClick(menu, Qt::Key_Down);
-            QTest::keyClick(menu, Qt::Key_Return);
-        });
-        sendMouse(button, QEvent::MouseButtonPress, Qt::LeftButton, QPoint(button.width() - 10, 10));
-        QCOMPARE(where, button.mapToGlobal(QPoint(0, button.height() + 2)));
-        QCOMPARE(chosen.count(), 1);
-        QCOMPARE(chosen.first().first().value<CBPMenuItem *>()->data().toInt(), 11);
-        QVERIFY(button.state() != 2);
-        // The press on the button that closes the menu does not open it again.
         QSignalSpy shown(button.GetMenu(), &QMenu::aboutToShow);
+        for (const Click how : kWays) { // the text clicks
+            click(&button, how);
+            QCOMPARE(clicked.takeFirst().first().toInt(), 9);
+        }
+        QVERIFY(shown.isEmpty());
+        // The press on the button that closes the menu does not open it again.
         whileOpen(this, button.GetMenu(), [&](CBPMenu *menu) {
+            QVERIFY(QAccessible::queryAccessibleInterface(&button)->state().expanded);
             menu->hide();
-            for (const int x : {button.width() - 10, 5}) {
-                sendMouse(button, QEvent::MouseButtonPress, Qt::LeftButton, QPoint(x, 10));
-                sendMouse(button, QEvent::MouseButtonRelease, Qt::LeftButton, QPoint(x, 10));
+            for (const QPoint &at : {arrow, QPoint(5, 10)}) {
+                sendMouse(button, QEvent::MouseButtonPress, Qt::LeftButton, at);
+                sendMouse(button, QEvent::MouseButtonRelease, Qt::LeftButton, at);
             }
         });
+        sendMouse(button, QEvent::MouseButtonPress, Qt::LeftButton, arrow);
+        QVERIFY(shown.count() == 1 && button.state() != 2);
+        whileOpen(this, button.GetMenu(), [](CBPMenu *) {});
         QTest::keyClick(&button, Qt::Key_F4);
-        QCOMPARE(shown.count(), 1);
+        QCOMPARE(shown.count(), 2);
         QTimer::singleShot(50, button.GetMenu(), &QMenu::close); // in case they open it
         for (const Qt::KeyboardModifier with : {Qt::AltModifier, Qt::ControlModifier}) {
             QKeyEvent key(QEvent::KeyPress, Qt::Key_F4, with); // closes windows
@@ -94,18 +234,20 @@ private slots:
         button.setEnabled(false);
         button.OpenMenu();
         button.setEnabled(true);
-        QCOMPARE(shown.count(), 1);
-
-        // Released elsewhere, or over the triangle, a press on the text is nothing.
-        for (const QPoint &at : {QPoint(5, 300), QPoint(button.width() - 10, 10)}) {
-            sendMouse(button, QEvent::MouseButtonPress);
-            QCOMPARE(button.state(), 2);
-            sendMouse(button, QEvent::MouseButtonRelease, Qt::LeftButton, at);
-        }
+        QCOMPARE(shown.count(), 2);
+        // Released over the triangle, or without the focus, a press on the text is nothing.
+        sendMouse(button, QEvent::MouseButtonPress);
+        QCOMPARE(button.state(), 2);
+        sendMouse(button, QEvent::MouseButtonRelease, Qt::LeftButton, arrow);
         sendMouse(button, QEvent::MouseButtonPress);
         sendFocus(button, QEvent::FocusOut);
         sendMouse(button, QEvent::MouseButtonRelease);
         QVERIFY(clicked.isEmpty());
+        QPointer<CBPDropdownBtn> dying = new CBPDropdownBtn(kText, 1);
+        dying->setSplit(true);
+        connect(dying.data(), &CBPDropdownBtn::sigBtnClicked, this, [&] { delete dying.data(); });
+        click(dying, Click::Space);
+        QVERIFY(!dying);
     }
 
     void menuLeavesTheButtonFree()
@@ -130,28 +272,6 @@ private slots:
         }
     }
 
-    void lifetimes()
-    {
-        for (const bool split : {false, true}) {
-            for (const Click how : {Click::Left, Click::Space, Click::Enter, Click::Tool}) {
-                QPointer<CBPDropdownBtn> button = new CBPDropdownBtn(QStringLiteral("x"), 1);
-                button->AppendMenuItem(QString(), QStringLiteral("One"), 1);
-                delete button->GetMenu(); // the application's right
-                click(button, Click::Left);
-                button->AppendMenuItem(QString(), QStringLiteral("Two"), 2);
-                const QPointer<CBPMenu> menu = button->GetMenu();
-                button->setSplit(split);
-                connect(button.data(), &CBPDropdownBtn::sigBtnClicked, this, [&] { delete button.data(); });
-                if (!split)
-                    whileOpen(this, menu, [&](CBPMenu *) { delete button.data(); });
-                click(button, how);
-                QVERIFY(!button);
-                QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-                QVERIFY(!menu);
-            }
-        }
-    }
-
     void looks()
     {
         const QVector<QColor> four{Qt::red, Qt::green, Qt::blue, Qt::cyan};
@@ -173,6 +293,9 @@ private slots:
             }
         }
     }
+
+private:
+    lumqt::platform::Answers m_system;
 };
 
 LUMQT_TEST_MAIN(TestDropdown)

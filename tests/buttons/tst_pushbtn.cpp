@@ -1,11 +1,7 @@
 #include "Acts.h"
-#include "CBPMenu.h"
-#include "CBPMenuItem.h"
 #include "CBPPushBtn.h"
 #include "foundation/FontLookup.h"
 #include "Pixels.h"
-#include "platform/Platform.h"
-#include "Spoken.h"
 #include "TestMain.h"
 
 #include <QDialog>
@@ -21,8 +17,10 @@ const QColor kNormal(255, 255, 255);
 const QColor kHover(0xed, 0xf7, 0xf8);
 const QColor kPressed(0xe2, 0xf2, 0xf3);
 const QColor kFills[] = {kNormal, kHover, kPressed, kNormal}; // of the states
-const QColor kRing(75, 167, 245);
 const QColor kFrame(0x3c, 0x43, 0x4b);
+const QColor kFrames[] = {kFrame, QColor(0xbc, 0xe0, 0xe2), QColor(0x87, 0xc8, 0xcc),
+                          QColor(0xbb, 0xbb, 0xbb)};
+const QColor kRing(75, 167, 245);
 
 QColor pixel(QWidget &widget, int x, int y)
 {
@@ -53,23 +51,16 @@ class TestPushBtn : public QObject
     Q_OBJECT
 
 private slots:
+    // What no picture of a button shows, and what is kept of bad numbers.
     void record()
     {
-        const char *table[][4] = {{"#ffffff", "#edf7f8", "#e2f2f3", "#ffffff"},
-                                  {"#3c434b", "#bce0e2", "#87c8cc", "#bbbbbb"},
-                                  {"#666666", "#666666", "#666666", "#bbbbbb"},
-                                  {"#ffffff", "#edf7f8", "#e2f2f3", "#ffffff"},
-                                  {"#228fc2", "#228fc2", "#228fc2", "#a0a0a0"}};
         CBtnObj record;
-        QColor (CBtnObj::*const getters[])(int)
-            const = {&CBtnObj::bgColor, &CBtnObj::frmColor, &CBtnObj::textColor, &CBtnObj::focusColor,
-                     &CBtnObj::triangleColor};
-        for (int row = 0; row < 5; ++row) {
-            for (int state = 0; state < 4; ++state)
-                QCOMPARE((record.*getters[row])(state), QColor(QLatin1String(table[row][state])));
+        for (int state = 0; state < 4; ++state) {
+            QCOMPARE(record.focusColor(state), record.bgColor(state));
+            QCOMPARE(record.textColor(state), QColor(state == 3 ? "#bbbbbb" : "#666666"));
+            QCOMPARE(record.triangleColor(state), QColor(state == 3 ? "#a0a0a0" : "#228fc2"));
         }
         QVERIFY(record.frmWidth() == 1 && record.roundRadius(0) == 0 && record.roundRadius(1) == 0);
-        QVERIFY(!record.IsFocus() && record.state() == 0);
         QVERIFY(!record.checkedBgColor().isValid() && !record.checkedFrmColor().isValid());
         record.setState(2);
         for (const int bad : {4, -1, 1000})
@@ -78,11 +69,10 @@ private slots:
         const CBtnObj copy = record;
         record.setBgTrancent(true);
         QCOMPARE(record.bgColor(1), QColor(0xed, 0xf7, 0xf8, 0));
-        QCOMPARE(copy.bgColor(1), QColor(0xed, 0xf7, 0xf8));
+        QCOMPARE(copy.bgColor(1), kHover);
         record.setBgTrancent(false);
-        QCOMPARE(record.bgColor(1), QColor(0xed, 0xf7, 0xf8));
-        QVERIFY(!record.bgColor(9).isValid());
-        QCOMPARE(record.roundRadius(9), 0);
+        QCOMPARE(record.bgColor(1), kHover);
+        QVERIFY(!record.bgColor(9).isValid() && record.roundRadius(9) == 0);
     }
 
     void sizes()
@@ -109,14 +99,10 @@ private slots:
         check(true, 90, true, 85, 130);
         check(true, 0, false, 200, 200);
         check(true, 0, false, -50, 20);
-    }
-
-    void spacingWaitsForTheNextResize()
-    {
-        CBPPushBtn button(QStringLiteral("x"), nullptr, true, false);
+        CBPPushBtn button(QStringLiteral("x"), nullptr, true);
         button.setIconSize(QSize(90, 20));
         button.setIcon(plainIcon(QSize(90, 20), Qt::red));
-        button.setSpacing(50);
+        button.setSpacing(50); // waits for the next setter that sizes
         QCOMPARE(button.minimumWidth(), 120);
         button.setText(QStringLiteral("y"));
         QCOMPARE(button.minimumWidth(), 160);
@@ -153,6 +139,8 @@ private slots:
                     QVERIFY2(sent == all, qPrintable(events + QStringLiteral(": ") + sent.join(' ')));
                     QVERIFY2(button->state() == state, qPrintable(events + QString::number(button->state())));
                     QVERIFY2(fillOf(*button) == kFills[state], events);
+                    button->CBtnObj::setFocus(false); // the ring
+                    QVERIFY2(pixel(*button, 0, 14) == kFrames[state], events);
                 }
                 delete button;
             }
@@ -174,33 +162,23 @@ private slots:
         check("markdisabled press", 3, ""); // a record that says disabled takes no press
     }
 
-    void keyboard()
+    void defaultButton()
     {
         QDialog dialog;
-        auto *layout = new QVBoxLayout(&dialog);
-        auto *first = new CBPPushBtn(QStringLiteral("First"), 1, CBPPushBtn::ALIGN_CENTER, false, false);
-        auto *second = new CBPPushBtn(QStringLiteral("Second"), 2, CBPPushBtn::ALIGN_CENTER, false, false);
-        layout->addWidget(first);
-        layout->addWidget(second);
+        CBPPushBtn first(QStringLiteral("First"), &dialog);
+        CBPPushBtn second(QStringLiteral("Second"), &dialog);
+        second.move(0, 50);
+        second.setAutoDefault(false);
         showActive(dialog);
-        first->setFocus(Qt::TabFocusReason);
-        QTRY_VERIFY(first->hasFocus());
-        for (const int x : {0, 1, first->width() - 1})
-            QCOMPARE(pixel(*first, x, 14), kRing);
-        QSignalSpy one(first, &CBPPushBtn::sigBtnClicked);
-        QSignalSpy two(second, &CBPPushBtn::sigBtnClicked);
-        QTest::keyClick(first, Qt::Key_Return); // the focused button of a dialog is its default button
-        QCOMPARE(one.count(), 1);
-        QTest::keyClick(first, Qt::Key_Tab);
-        QTRY_VERIFY(second->hasFocus());
-        QVERIFY(!first->IsFocus());
-        QVERIFY(pixel(*first, 0, 14) != kRing);
-        second->setAutoDefault(false);
-        first->setAsDefaultBtn();
-        QVERIFY(first->IsFocus() && first->isDefault());
+        second.setFocus();
+        QVERIFY(!first.IsFocus() && pixel(first, 0, 14) != kRing);
+        first.setAsDefaultBtn(); // marked as with the focus
+        QVERIFY(first.IsFocus() && first.isDefault());
+        for (const int x : {0, 1, first.width() - 1})
+            QCOMPARE(pixel(first, x, 14), kRing);
+        QSignalSpy clicked(&first, &CBPPushBtn::sigBtnClicked);
         QTest::keyClick(&dialog, Qt::Key_Enter); // the dialog presses its default button
-        QCOMPARE(one.count(), 2);
-        QCOMPARE(two.count(), 0);
+        QCOMPARE(clicked.count(), 1);
     }
 
     // Waits and dialogs that run inside clicked() are the rule in an application.
@@ -227,12 +205,6 @@ private slots:
         QCOMPARE(reported.count(), 8);
         QTest::keyClick(&button, Qt::Key_Space);
         QCOMPARE(reported.count(), 9);
-    }
-
-    void disabledByItsOwnClick()
-    {
-        CBPPushBtn button(QStringLiteral("OK"), nullptr, false, false);
-        showActive(button);
         connect(&button, &QPushButton::clicked, this, [&] { button.setEnabled(false); });
         QTest::keyClick(&button, Qt::Key_Space);
         QCOMPARE(button.state(), 3);
@@ -246,10 +218,10 @@ private slots:
         QIcon icon;
         for (int i = 0; i < 4; ++i)
             icon.addPixmap(plainIcon(QSize(12, 12), colors[i]).pixmap(12), modes[i]);
-        CBPPushBtn pictured(QString(), nullptr, false, false);
+        CBPPushBtn pictured(QString(), nullptr);
         pictured.setIconSize(QSize(12, 12));
         pictured.setIcon(icon);
-        CBPPushBtn button(QStringLiteral("MMM"), nullptr, false, false);
+        CBPPushBtn button(QStringLiteral("MMM"), nullptr);
         button.setBgColor(QVector<QColor>(4, Qt::white));
         button.setTextColor(colors);
         QFont font(QApplication::font());
@@ -291,25 +263,9 @@ private slots:
         }
     }
 
-    void disabled()
+    void flags()
     {
-        CBPPushBtn button(QStringLiteral("OK"), nullptr, false, false);
-        showActive(button);
-        button.setDisabled(true);
-        QCOMPARE(button.state(), 3);
-        button.setSelected(true);
-        QCOMPARE(fillOf(button), kNormal);
-        QCOMPARE(pixel(button, 0, 14), QColor(0xbb, 0xbb, 0xbb));
-        button.setEnabled(true);
-        QCOMPARE(button.state(), 0);
-        QCOMPARE(fillOf(button), kPressed); // selected
-        static_cast<QWidget &>(button).setEnabled(false);
-        QCOMPARE(button.state(), 3);
-    }
-
-    void focusRing()
-    {
-        CBPPushBtn button(QStringLiteral("OK"), nullptr, false, false);
+        CBPPushBtn button(QStringLiteral("OK"), nullptr);
         button.resize(120, 28);
         perform(&button, "press release leave");
         QVERIFY(button.IsFocus());
@@ -318,11 +274,36 @@ private slots:
         QCOMPARE(pixel(button, 60, 1), QColor(Qt::red));
         button.setSelected(true);
         QVERIFY(pixel(button, 1, 14) != QColor(Qt::red));
+        QCOMPARE(fillOf(button), kPressed);
+        button.setDisabled(true);
+        QVERIFY(button.state() == 3 && fillOf(button) == kNormal);
+        button.setEnabled(true);
+        QVERIFY(button.state() == 0 && fillOf(button) == kPressed);
+        static_cast<QWidget &>(button).setEnabled(false);
+        QCOMPARE(button.state(), 3);
+        perform(&button, "enable press focusout");
+        QVERIFY(button.state() == 0 && !button.IsFocus());
         button.setSelected(false);
         button.setFrmTrancent(true);
         QCOMPARE(pixel(button, 0, 14), kNormal); // edge to edge
-        perform(&button, "press focusout");
-        QVERIFY(button.state() == 0 && !button.IsFocus());
+        button.setCheckable(true);
+        button.setChecked(true);
+        QCOMPARE(fillOf(button), kNormal); // no checked colours yet
+        button.setCheckedBgColor(QColor(200, 0, 0));
+        button.setCheckedFrmColor(QColor(0, 0, 200));
+        QCOMPARE(fillOf(button), QColor(200, 0, 0));
+        QCOMPARE(pixel(button, 0, 14), QColor(0, 0, 200));
+        button.setEnabled(false);
+        const QColor half = fillOf(button);
+        QVERIFY(qAbs(half.green() - 127) < 4 && half.red() > 200);
+        button.setChecked(false);
+        QCOMPARE(fillOf(button), kNormal);
+        for (const bool transparent : {true, false}) {
+            button.setBgTrancent(transparent);
+            QCOMPARE(button.testAttribute(Qt::WA_TranslucentBackground), transparent);
+            QVERIFY(transparent || !button.testAttribute(Qt::WA_NoSystemBackground));
+            QCOMPARE(button.bgColor(0).alpha(), transparent ? 0 : 255);
+        }
     }
 
     void removedMarginsAndCorners()
@@ -357,28 +338,10 @@ private slots:
         QCOMPARE(pixel(ground, 0, 0), kFrame);
     }
 
-    void checkedLook()
-    {
-        CBPPushBtn button(QString(), nullptr, false, false);
-        button.resize(100, 28);
-        button.setCheckable(true);
-        button.setChecked(true);
-        QCOMPARE(fillOf(button), kNormal); // no checked colours yet
-        button.setCheckedBgColor(QColor(200, 0, 0));
-        button.setCheckedFrmColor(QColor(0, 0, 200));
-        QCOMPARE(fillOf(button), QColor(200, 0, 0));
-        QCOMPARE(pixel(button, 0, 14), QColor(0, 0, 200));
-        button.setEnabled(false);
-        const QColor half = fillOf(button);
-        QVERIFY(qAbs(half.green() - 127) < 4 && half.red() > 200);
-        button.setChecked(false);
-        QCOMPARE(fillOf(button), kNormal);
-    }
-
     void colorListsOfAnyLength()
     {
         for (const int count : {0, 1, 3, 4, 5, 9}) {
-            CBPPushBtn button(QStringLiteral("OK"), nullptr, false, false);
+            CBPPushBtn button(QStringLiteral("OK"), nullptr);
             button.resize(100, 28);
             const QVector<QColor> colors(count, QColor(1, 2, 3));
             for (const auto set : {&CBtnObj::setBgColor, &CBtnObj::setFrmColor, &CBtnObj::setTextColor,
@@ -421,114 +384,6 @@ private slots:
         check(5, false, "OK");
         check(1, true, "OK");
         check(0, false, "");
-    }
-
-    void menuButton()
-    {
-        CBPPushBtn button(QStringLiteral("More"), 5, CBPPushBtn::ALIGN_CENTER, true, false);
-        QVERIFY(!button.GetMenu());
-        button.setHasMenu(true);
-        showActive(button);
-        QSignalSpy clicked(&button, &QPushButton::clicked);
-        QSignalSpy reported(&button, &CBPPushBtn::sigBtnClicked);
-        QSignalSpy chosen(&button, &CBPPushBtn::sigActionTriggered);
-        QTest::mouseClick(&button, Qt::LeftButton); // nothing to open, and no click
-        QVERIFY(!button.isDown());
-
-        button.AppendMenuItem(QString(), QStringLiteral("One"), 11);
-        button.AppendMenuItem(QStringLiteral("none.png"), QStringLiteral("Two"), 12);
-        QVERIFY(button.GetMenu());
-        QCOMPARE(button.minimumWidth(), 95);
-        QCOMPARE(button.GetMenu()->actions().first()->text(), QStringLiteral("One"));
-        // The triangle stands where it does for a button without a text: half of the spacing right of the
-        // middle.
-        const QRect arrow = boxIn(button, QColor(127, 134, 143));
-        const int left = (95 - 10) / 2 + 10;
-        QVERIFY(QRect(left, 12, 8, 4).contains(arrow) && arrow.width() >= 4 && arrow.height() >= 2);
-
-        QPoint where;
-        whileOpen(this, button.GetMenu(), [&](CBPMenu *menu) {
-            where = menu->pos();
-            QTest::keyClick(menu, Qt::Key_Down);
-            QTest::keyClick(menu, Qt::Key_Down);
-            QTest::keyClick(menu, Qt::Key_Return);
-        });
-        QTest::mouseClick(&button, Qt::LeftButton);
-        QCOMPARE(chosen.count(), 1);
-        auto *item = chosen.first().first().value<CBPMenuItem *>();
-        QVERIFY(item);
-        QCOMPARE(item->data().toInt(), 12);
-        const auto &system = lumqt::platform::answers();
-        QCOMPARE(where,
-                 button.mapToGlobal(QPoint(0, 46 - system.frameWidth(&button) -
-                                                  system.captionHeight(&button) + button.height() + 1)));
-        QVERIFY(!button.isDown());
-
-        for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return}) {
-            button.setDefault(true);
-            int opened = 0;
-            whileOpen(this, button.GetMenu(), [&](CBPMenu *menu) {
-                ++opened;
-                QTest::keyClick(menu, Qt::Key_Escape);
-            });
-            QTest::keyClick(&button, key);
-            QCOMPARE(opened, 1);
-        }
-        QVERIFY(clicked.isEmpty() && reported.isEmpty());
-        int opened = 0;
-        whileOpen(this, button.GetMenu(), [&](CBPMenu *) { ++opened; });
-        button.click(); // as a dialog presses its default button
-        QCOMPARE(opened, 1);
-        QVERIFY(reported.isEmpty());
-        QCOMPARE(chosen.count(), 1);
-    }
-
-    void menuLifetimes()
-    {
-        auto *button = new CBPPushBtn(QStringLiteral("x"), nullptr, false, false);
-        button->AppendMenuItem(QString(), QStringLiteral("One"), 1);
-        QPointer<CBPMenu> menu = button->GetMenu();
-        delete menu; // the application's right
-        QVERIFY(!button->GetMenu());
-        button->AppendMenuItem(QString(), QStringLiteral("Two"), 2);
-        menu = button->GetMenu();
-        QVERIFY(menu);
-        delete button;
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QVERIFY(!menu);
-    }
-
-    void deletedWhileItsMenuIsOpen()
-    {
-        QPointer<CBPPushBtn> button = new CBPPushBtn(QStringLiteral("x"), nullptr, false, false);
-        button->AppendMenuItem(QString(), QStringLiteral("One"), 1);
-        whileOpen(this, button->GetMenu(), [&](CBPMenu *) { delete button.data(); });
-        showActive(*button);
-        perform(button, "press release double");
-        QVERIFY(!button);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-
-    void transparency()
-    {
-        CBPPushBtn button(QStringLiteral("OK"), nullptr, false, false);
-        button.setBgTrancent(true);
-        QVERIFY(button.testAttribute(Qt::WA_TranslucentBackground));
-        QCOMPARE(button.bgColor(0).alpha(), 0);
-        button.setBgTrancent(false);
-        QVERIFY(!button.testAttribute(Qt::WA_TranslucentBackground));
-        QVERIFY(!button.testAttribute(Qt::WA_NoSystemBackground));
-        QCOMPARE(button.bgColor(0).alpha(), 255);
-    }
-
-    void accessibility()
-    {
-        CBPPushBtn button(QStringLiteral("Save"), nullptr, false, false);
-        QCOMPARE(spokenName(&button), QStringLiteral("Save"));
-        QCOMPARE(QAccessible::queryAccessibleInterface(&button)->role(), QAccessible::PushButton);
-        QSignalSpy reported(&button, &CBPPushBtn::sigBtnClicked);
-        click(&button, Click::Tool);
-        QTRY_COMPARE(reported.count(), 1);
     }
 };
 

@@ -33,7 +33,15 @@ const QString kText = QStringLiteral("Q&A");
 QVector<QString> images; // four files
 
 // Whose ring also shows when the mouse brought the focus, and who Enter is for, in a dialog and elsewhere.
-enum Trait { None = 0, MouseRing = 1, ReleaseOutside = 2, EnterInDialog = 4, EnterElsewhere = 8 };
+enum Trait {
+    None = 0,
+    MouseRing = 1,
+    ReleaseOutside = 2,
+    EnterInDialog = 4,
+    EnterElsewhere = 8,
+    RightClick = 16,
+    ToolToggles = 32
+};
 
 struct Sibling
 {
@@ -45,47 +53,71 @@ struct Sibling
 };
 
 const int kPush = MouseRing | ReleaseOutside | EnterInDialog;
+const int kToggle = ReleaseOutside | RightClick;
+const int kTool = ReleaseOutside | EnterElsewhere;
+
+template <class Button, class... Arguments> std::function<QWidget *()> made(Arguments... arguments)
+{
+    return [=] { return new Button(arguments...); };
+}
+
+QWidget *imageButton()
+{
+    auto *button = new CBPImageButton(images, false, 1);
+    button->SetText(kText, true, 2);
+    return button;
+}
+
+QWidget *imageTextButton()
+{
+    return new CBPImageTextBtn(images, kText);
+}
+
+QWidget *imageCheckBox()
+{
+    return new CBPImageCheckBox(images, images, QStringLiteral("Q&&A"));
+}
+
+QWidget *roundButton()
+{
+    auto *button = new CBPRoundBtn(60);
+    button->setText(kText);
+    return button;
+}
+
+QWidget *groupButton()
+{
+    CButtonGroupBox group(true, nullptr);
+    CBPPushBtn *button = group.AddButton(1, kText, QString());
+    button->setParent(nullptr);
+    return button;
+}
+
+QWidget *splitButton()
+{
+    auto *button = new CBPDropdownBtn(kText, 1);
+    button->setSplit(true);
+    return button;
+}
+
+const char kById[] = SIGNAL(sigBtnClicked(int));
+const char kByCheck[] = SIGNAL(clicked(bool));
+const char kByImage[] = SIGNAL(btn_released(int));
+constexpr QRgb kRing = lumqt::kFocusRingColor;
 
 const QVector<Sibling> kSiblings{
-    {"push", SIGNAL(sigBtnClicked(int)), kOwnRing, kPush, [] { return new CBPPushBtn(kText, nullptr); }},
-    {"add", SIGNAL(sigBtnClicked(int)), kOwnRing, kPush, [] { return new CAddBtn(kText); }},
-    {"round", SIGNAL(sigBtnClicked(int)), kOwnRing, kPush,
-     [] {
-         auto *button = new CBPRoundBtn(60);
-         button->setText(kText);
-         return button;
-     }},
-    {"expand", SIGNAL(sigBtnClicked(int)), kOwnRing, kPush,
-     [] { return new CExpandBtn({}, kText, QString()); }},
-    {"image", SIGNAL(btn_released(int)), lumqt::kFocusRingColor, None,
-     [] {
-         auto *button = new CBPImageButton(images, false, 1);
-         button->SetText(kText, true, 2);
-         return button;
-     }},
-    {"image and text", SIGNAL(btn_released(int)), lumqt::kFocusRingColor, None,
-     [] { return new CBPImageTextBtn(images, kText); }},
-    {"toggle", SIGNAL(clicked(bool)), kOwnRing, ReleaseOutside,
-     [] { return new CTriStateButton(kText, false, false, nullptr); }},
-    {"group", SIGNAL(sigBtnClicked(int)), lumqt::kFocusRingColor, ReleaseOutside,
-     [] {
-         CButtonGroupBox group(true, nullptr);
-         CBPPushBtn *button = group.AddButton(1, kText, QString());
-         button->setParent(nullptr);
-         return button;
-     }},
-    {"tool", SIGNAL(sigClick(int)), lumqt::kFocusRingColor, ReleaseOutside | EnterElsewhere,
-     [] { return new CBPToolButton(kText, 1, ENAlignLeft, true); }},
-    {"link", SIGNAL(sigLinkerClick(int)), lumqt::kFocusRingColor,
-     ReleaseOutside | EnterInDialog | EnterElsewhere, [] { return new CBPLinkerButton(kText); }},
-    {"drop-down", SIGNAL(sigBtnClicked(int)), kOwnRing, EnterInDialog | EnterElsewhere,
-     [] {
-         auto *button = new CBPDropdownBtn(kText, 1);
-         button->setSplit(true);
-         return button;
-     }},
-    {"image check box", SIGNAL(clicked(bool)), lumqt::kFocusRingColor, None,
-     [] { return new CBPImageCheckBox(images, images, QStringLiteral("Q&&A")); }},
+    {"push", kById, kOwnRing, kPush, made<CBPPushBtn>(kText, nullptr)},
+    {"add", kById, kOwnRing, kPush, made<CAddBtn>(kText)},
+    {"round", kById, kOwnRing, kPush, roundButton},
+    {"expand", kById, kOwnRing, kPush, made<CExpandBtn>(QStringList(), kText, QString())},
+    {"image", kByImage, kRing, None, imageButton},
+    {"image and text", kByImage, kRing, None, imageTextButton},
+    {"toggle", kByCheck, kOwnRing, kToggle, made<CTriStateButton>(kText, false, false, nullptr)},
+    {"group", kById, kRing, ReleaseOutside, groupButton},
+    {"tool", SIGNAL(sigClick(int)), kRing, kTool, made<CBPToolButton>(kText, 1, ENAlignLeft, true)},
+    {"link", SIGNAL(sigLinkerClick(int)), kRing, kTool | EnterInDialog, made<CBPLinkerButton>(kText)},
+    {"drop-down", kById, kOwnRing, EnterInDialog | EnterElsewhere, splitButton},
+    {"image check box", kByCheck, kRing, ToolToggles, imageCheckBox},
 };
 
 // A sibling in a window, below a field that has the focus.
@@ -101,11 +133,19 @@ template <class Window> struct Scene
         auto *layout = new QVBoxLayout(&window);
         for (QWidget *each : {static_cast<QWidget *>(field), widget, static_cast<QWidget *>(ok)})
             layout->addWidget(each);
-        ok->setDefault(qobject_cast<QDialog *>(&window));
         window.move(100, 100);
         showActive(window);
         field->setFocus();
     }
+};
+
+// Deletes a button in the middle of what it tells.
+class Killer : public QObject
+{
+    Q_OBJECT
+
+public slots:
+    void kill() { delete sender(); }
 };
 
 void forAll(const std::function<void(const Sibling &)> &check)
@@ -132,6 +172,77 @@ private slots:
             images << m_folder.filePath(QStringLiteral("%1.png").arg(i));
             savePicture(images.last(), QSize(20, 16), Qt::gray);
         }
+    }
+
+    // Each may be the last thing that the button does.
+    void clicks()
+    {
+        forAll([](const Sibling &sibling) {
+            for (const char *how : {"press release", "right rightup", "space spaceup", "tool"}) {
+                if (*how == 't' && (sibling.traits & ToolToggles))
+                    continue;
+                const bool clicks = *how != 'r' || (sibling.traits & RightClick);
+                QPointer<QWidget> button = sibling.make();
+                QSignalSpy clicked(button, sibling.clicked);
+                perform(button, how);
+                button->setEnabled(false);
+                perform(button, how);
+                QVERIFY2(clicked.count() == int(clicks), how);
+                button->setEnabled(true);
+                Killer killer;
+                connect(button, sibling.clicked, &killer, SLOT(kill()));
+                perform(button, how);
+                QVERIFY2(button.isNull() == clicks, how);
+                delete button;
+            }
+        });
+    }
+
+    // What changes the look is on the screen soon. A tool tip that the painting sets is set once.
+    void repaints()
+    {
+        struct : QObject
+        {
+            QMap<QEvent::Type, int> seen;
+            bool eventFilter(QObject *, QEvent *event) override
+            {
+                ++seen[event->type()];
+                return false;
+            }
+        } watch;
+        const auto check = [&](QWidget *widget, const QVector<const char *> &events, const Deeds &own = {}) {
+            widget->installEventFilter(&watch);
+            for (const char *event : events) {
+                QCoreApplication::processEvents();
+                watch.seen[QEvent::Paint] = 0;
+                perform(widget, event, own);
+                QTRY_VERIFY2(watch.seen[QEvent::Paint] > 0, event);
+            }
+            widget->removeEventFilter(&watch);
+        };
+        forAll([&](const Sibling &sibling) {
+            if (sibling.traits & ToolToggles)
+                return; // Qt repaints it
+            Scene<QWidget> scene(sibling);
+            scene.widget->setFixedWidth(20);
+            watch.seen.clear();
+            check(scene.widget,
+                  {"focusin", "enter", "press release", "leave", "space", "spaceup", "focusout", "disable"});
+            QVERIFY(watch.seen[QEvent::ToolTipChange] <= 1);
+        });
+        Scene<QWidget> scene(kSiblings[4]);
+        auto *image = static_cast<CBPImageButton *>(scene.widget);
+        check(image, {"select", "deselect", "images", "text", "border"},
+              {{"select", [&] { image->SetSelect(true); }},
+               {"deselect", [&] { image->SetSelect(false); }},
+               {"images", [&] { image->SetImgButtonRes(images); }},
+               {"text", [&] { image->SetText(QStringLiteral("x"), QFont()); }},
+               {"border", [&] { image->SetBorder(1, false); }}});
+        // The pressed look is on the screen before the events that wait in line.
+        image->installEventFilter(&watch);
+        watch.seen.clear();
+        perform(image, "right");
+        QCOMPARE(watch.seen[QEvent::Paint], 1);
     }
 
     // An "&" is a character like any other, also in a text that came by a pointer to Qt's class.

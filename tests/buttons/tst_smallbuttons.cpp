@@ -2,27 +2,63 @@
 #include "CAddBtn.h"
 #include "CBPImageCheckBox.h"
 #include "CBPImageTextBtn.h"
-#include "CBPMenu.h"
+#include "CBPLinkerButton.h"
 #include "CBPMenuBtn.h"
 #include "CBPRoundBtn.h"
+#include "Pictures.h"
 #include "Pixels.h"
+#include "Spoken.h"
 #include "TestMain.h"
 
 #include <QAccessible>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QVBoxLayout>
 
 namespace {
 
 const QColor kArrow(127, 134, 143);
 
-// Of a button that is see-through around its content.
-QImage onWhite(QWidget &widget)
+// Of links.
+const QColor kNormal(0, 140, 255);
+const QColor kPressed(83, 178, 255);
+const QColor kDisabled(189, 189, 189);
+const QColor kOwn[] = {Qt::red, Qt::green, Qt::blue, Qt::magenta};
+const QVector<QColor> kOwnColors{kOwn[0], kOwn[1], kOwn[2], kOwn[3]};
+const QString kText = QStringLiteral("WWWWWWWW");
+
+// The colour that the text of the link is painted in: of a run of pixels that is a stroke or an underline.
+bool paintedIn(QWidget &link, const QColor &color)
 {
-    QImage image(widget.size(), QImage::Format_RGB32);
-    image.fill(Qt::white);
-    widget.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
-    return image;
+    return !boxOf(pictureOf(link, 1), color).isEmpty();
+}
+
+// A line below the text, as long as the text (and not the ring of the focus, at the very bottom).
+bool underlinedAt(QWidget &link, int ratio)
+{
+    pictureOf(link, ratio); // the text is painted another way from the second time on
+    const QImage image = pictureOf(link, ratio);
+    for (int y = image.height() / 2; y < image.height() - ratio; ++y) {
+        int run = 0;
+        for (int x = 2; x < image.width() - 2; ++x)
+            run += image.pixelColor(x, y) != QColor(Qt::white);
+        if (run > image.width() * 9 / 10)
+            return true;
+    }
+    return false;
+}
+
+bool underlined(QWidget &link)
+{
+    const bool plain = underlinedAt(link, 1);
+    if (underlinedAt(link, 2) != plain)
+        QTest::qFail("underlined at one density only", __FILE__, __LINE__);
+    return plain;
+}
+
+QAccessibleInterface *faceOf(QWidget *widget)
+{
+    return QAccessible::queryAccessibleInterface(widget);
 }
 
 } // namespace
@@ -32,21 +68,14 @@ class TestSmallButtons : public QObject
     Q_OBJECT
 
 private:
-    QString file(const QColor &color, int width)
-    {
-        const QString path =
-            m_dir.filePath(QString("%1%2.png").arg(color.name().mid(1), QString::number(width)));
-        QImage image(width, 10, QImage::Format_RGB32);
-        image.fill(color);
-        return image.save(path) ? path : QString();
-    }
-
-    // 10 pixels high.
+    // Image files, 10 pixels high.
     QVector<QString> files(const QVector<QColor> &colors, int width = 10)
     {
         QVector<QString> result;
-        for (const QColor &color : colors)
-            result << file(color, width);
+        for (const QColor &color : colors) {
+            result << m_dir.filePath(QString("%1%2.png").arg(color.name().mid(1), QString::number(width)));
+            savePicture(result.last(), QSize(width, 10), color);
+        }
         return result;
     }
 
@@ -60,27 +89,22 @@ private Q_SLOTS:
     {
         CBPImageCheckBox box(files(m_off), files(m_on));
         box.resize(box.sizeHint());
-        const auto mark = [&box] {
-            return box.grab().toImage().pixelColor(box.width() / 2, box.height() / 2);
+        const auto mark = [&box](const char *events) {
+            perform(&box, events,
+                    {{"down", [&] { box.setDown(true); }}, {"up", [&] { box.setDown(false); }}});
+            return box.grab().toImage().pixelColor(box.rect().center());
         };
         for (const bool checked : {false, true}) {
             const QVector<QColor> &colors = checked ? m_on : m_off;
             box.setChecked(checked);
-            QCOMPARE(mark(), colors[0]);
-            QEvent enter(QEvent::Enter);
-            QCoreApplication::sendEvent(&box, &enter);
-            QCOMPARE(mark(), colors[1]);
-            box.setDown(true);
-            QCOMPARE(mark(), colors[2]);
-            box.setDown(false);
-            box.setEnabled(false);
-            QCOMPARE(mark(), colors[3]);
-            box.setEnabled(true);
-            QEvent leave(QEvent::Leave);
-            QCoreApplication::sendEvent(&box, &leave);
+            QCOMPARE(mark("leave"), colors[0]);
+            QCOMPARE(mark("enter"), colors[1]);
+            QCOMPARE(mark("down"), colors[2]);
+            QCOMPARE(mark("up disable"), colors[3]);
+            mark("enable leave");
         }
         box.setCheckState(Qt::PartiallyChecked);
-        QCOMPARE(mark(), m_on[0]);
+        QCOMPARE(mark(""), m_on[0]);
     }
 
     void checkBoxWithText()
@@ -100,19 +124,23 @@ private Q_SLOTS:
         QVERIFY(box.isChecked());
         QTest::keyClick(&box, Qt::Key_Space);
         QVERIFY(!box.isChecked());
-        QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(&box);
-        QCOMPARE(spoken->role(), QAccessible::CheckBox);
-        QCOMPARE(spoken->text(QAccessible::Name), QString("Remember"));
+        QCOMPARE(faceOf(&box)->role(), QAccessible::CheckBox);
+        QCOMPARE(spokenName(&box), QString("Remember"));
     }
 
+    // A plain one then: any check box, but addressed by its class.
     void checkBoxWithoutImages()
     {
-        CBPCheckBox plain("Text", nullptr);
+        CBPCheckBox plain("Re&member");
+        plain.setStyleSheet("CBPCheckBox::indicator { width: 20px; height: 20px; background: #0000ff; }");
         plain.resize(plain.sizeHint());
+        QVERIFY(paintedIn(plain, Qt::blue));
+        QCOMPARE(spokenName(&plain), QString("Remember"));
         const QImage expected = plain.grab().toImage();
         const QVector<QString> four = files(m_off);
         for (int count = 0; count <= 5; count += count == 3 ? 2 : 1) {
-            CBPImageCheckBox box(four, (four + four).mid(0, count), "Text");
+            CBPImageCheckBox box(four, (four + four).mid(0, count), plain.text());
+            box.setStyleSheet(plain.styleSheet());
             QCOMPARE(box.sizeHint(), plain.sizeHint());
             box.resize(box.sizeHint());
             QCOMPARE(box.grab().toImage(), expected);
@@ -120,6 +148,7 @@ private Q_SLOTS:
         CBPImageCheckBox missing({"a", "b", "c", "d"}, {"a", "b", "c", "d"}, "Text");
         missing.resize(missing.sizeHint());
         QVERIFY(!inkOf(missing.grab().toImage()).isEmpty()); // the text is there all the same
+        QCOMPARE(CBPCheckBox().text(), QString());
     }
 
     void imageText()
@@ -132,23 +161,17 @@ private Q_SLOTS:
         const QRect mark = boxOf(button.grab().toImage(), m_off[0]);
         QCOMPARE(mark.size(), QSize(10, 10)); // no text over it
         QCOMPARE(mark.top(), 0);
-        QVERIFY(!inkOf(onWhite(button).copy(0, 11, button.width(), button.height() - 11)).isEmpty());
+        QVERIFY(!inkOf(pictureOf(button, 1).copy(0, 11, button.width(), button.height() - 11)).isEmpty());
         QVERIFY(qAbs(mark.center().x() - button.width() / 2) <= 1);
         QSignalSpy clicks(&button, SIGNAL(btn_released(int)));
         QTest::mouseClick(&button, Qt::LeftButton);
         QCOMPARE(clicks, QList<QVariantList>{QVariantList{7}});
-        QCOMPARE(QAccessible::queryAccessibleInterface(&button)->text(QAccessible::Name), QString("Text"));
         button.SetLabel("A longer text");
         QVERIFY(button.width() > beside.width());
-    }
-
-    // Below an image that is wider, the text is under its middle.
-    void narrowText()
-    {
-        CBPImageTextBtn button(files(m_off, 80), "ii");
-        button.SetTextBelow(true);
-        QCOMPARE(button.width(), 80);
-        const QRect text = inkOf(onWhite(button).copy(0, 11, 80, 20), 200);
+        CBPImageTextBtn narrow(files(m_off, 80), "ii"); // under the middle of the wider image
+        narrow.SetTextBelow(true);
+        QCOMPARE(narrow.width(), 80);
+        const QRect text = inkOf(pictureOf(narrow, 1).copy(0, 11, 80, 20), 200);
         QVERIFY2(!text.isEmpty() && qAbs(text.left() - (79 - text.right())) <= 2, wordsOf(text));
     }
 
@@ -173,17 +196,13 @@ private Q_SLOTS:
     {
         CBPRoundBtn button(40, 3);
         QSignalSpy clicks(&button, SIGNAL(sigBtnClicked(int)));
-        const struct
-        {
-            QPoint at;
-            int clicks;
-        } rows[] = {{{20, 20}, 1}, {{1, 1}, 0},  {{39, 39}, 0}, {{4, 4}, 0},
-                    {{8, 8}, 1},   {{0, 20}, 1}, {{39, 20}, 1}};
-        for (const auto &row : rows) {
+        const auto clicked = [&](int x, int y) {
             clicks.clear();
-            QTest::mouseClick(&button, Qt::LeftButton, Qt::NoModifier, row.at);
-            QVERIFY2(clicks.size() == row.clicks, wordsOf(QRect(row.at, QSize())));
-        }
+            QTest::mouseClick(&button, Qt::LeftButton, Qt::NoModifier, QPoint(x, y));
+            return clicks.size();
+        };
+        QVERIFY(clicked(20, 20) == 1 && clicked(8, 8) == 1 && clicked(0, 20) == 1 && clicked(39, 20) == 1);
+        QVERIFY(clicked(1, 1) == 0 && clicked(39, 39) == 0 && clicked(4, 4) == 0);
         sendEvent(button, QEvent::Leave);
         const QImage plain = button.grab().toImage();
         const auto comesTo = [&](const QPoint &at) {
@@ -216,7 +235,6 @@ private Q_SLOTS:
         button.setBgColor({Qt::white, Qt::white, Qt::white, Qt::white});
         button.setTextColor({Qt::black, Qt::black, Qt::black, Qt::black});
         button.setFrmTrancent(true);
-        button.GetMenu();
         for (const int extra : {0, 60, -30}) {
             button.resize(button.sizeHint().width() + extra, 28);
             const QImage image = button.grab().toImage();
@@ -230,64 +248,220 @@ private Q_SLOTS:
         }
         button.setText(QString());
         QVERIFY(qAbs(boxOf(button.grab().toImage(), kArrow).center().x() - button.width() / 2) <= 1);
-        button.click(); // nothing to open
-        QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(&button);
-        QCOMPARE(spoken->role(), QAccessible::ButtonMenu);
-        QVERIFY(spoken->state().hasPopup);
-    }
-
-    void menuOpens()
-    {
-        for (const Click how : {Click::Left, Click::Space, Click::Enter, Click::Tool}) {
-            CBPMenuBtn button("Sort by", nullptr);
-            button.AppendMenuItem(QString(), "Name", 1);
-            button.setDefault(true); // for Enter
-            button.show();
-            QSignalSpy clicks(&button, SIGNAL(sigBtnClicked(int)));
-            int opened = 0;
-            whileOpen(this, button.GetMenu(), [&](CBPMenu *) { ++opened; });
-            click(&button, how);
-            QCOMPARE(opened, 1);
-            QVERIFY(clicks.isEmpty());
-        }
-    }
-
-    void add_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("tip");
-        QTest::addColumn<QString>("name");
-        QTest::newRow("mark alone") << ""
-                                    << ""
-                                    << "Add";
-        QTest::newRow("tool tip") << ""
-                                  << "Add a time"
-                                  << "Add a time";
-        QTest::newRow("text") << "New"
-                              << "Add a time"
-                              << "New";
     }
 
     void add()
     {
-        QFETCH(QString, text);
-        QFETCH(QString, tip);
-        QFETCH(QString, name);
-        CAddBtn button(text, 5, nullptr);
-        button.setToolTip(tip);
-        const QColor color(200, 0, 0);
-        button.setTextColor({color, color, color, Qt::blue});
-        button.resize(button.sizeHint());
-        QCOMPARE(QAccessible::queryAccessibleInterface(&button)->text(QAccessible::Name), name);
-        const QImage image = button.grab().toImage();
-        const int left = text.isEmpty() ? 8 : 12;
-        const QRect mark = boxOf(image.copy(0, 0, left + 16, 28), color);
-        QCOMPARE(mark.left(), left);
-        QCOMPARE(mark.size(), QSize(12, 12));
-        QCOMPARE(image.pixelColor(mark.topLeft() + QPoint(5, 5)), color);
-        QVERIFY(image.pixelColor(mark.topLeft()) != color);
-        button.setEnabled(false);
-        QVERIFY(!boxOf(button.grab().toImage(), Qt::blue).isEmpty());
+        const auto check = [](const char *text, const char *tip, const char *name, int left) {
+            CAddBtn button(text, 5, nullptr);
+            button.setToolTip(tip);
+            const QColor color(200, 0, 0);
+            button.setTextColor({color, color, color, Qt::blue});
+            button.resize(button.sizeHint());
+            QCOMPARE(spokenName(&button), QString(name));
+            const QImage image = button.grab().toImage();
+            const QRect mark = boxOf(image.copy(0, 0, left + 16, 28), color);
+            QVERIFY2(mark.left() == left && mark.size() == QSize(12, 12), wordsOf(mark));
+            QCOMPARE(image.pixelColor(mark.topLeft() + QPoint(5, 5)), color);
+            QVERIFY(image.pixelColor(mark.topLeft()) != color);
+            button.setEnabled(false);
+            QVERIFY(!boxOf(button.grab().toImage(), Qt::blue).isEmpty());
+        };
+        check("", "", "Add", 8);
+        check("", "Add a time", "Add a time", 8);
+        check("New", "Add a time", "New", 12);
+    }
+
+    // --------------------------------------------------------------------------------------------------------
+    // links
+
+    void defaults()
+    {
+        CBPLinkerButton link("R&D <b>x</b>", ENLinkerTypeHover, -7);
+        QCOMPARE(link.text(), QString("R&D <b>x</b>"));
+        QVERIFY(link.bindData() == -7 && !link.IsSelected());
+        QCOMPARE(link.cursor().shape(), Qt::PointingHandCursor);
+        QCOMPARE(link.sizePolicy(), QSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed));
+        QVERIFY(link.styleSheet().startsWith("QLabel{font-family:\""));
+        QVERIFY(link.styleSheet().endsWith("\"; font-size:14px;}"));
+        link.resize(link.sizeHint());
+        QVERIFY(paintedIn(link, kNormal));
+        link.SetSelected(true);
+        link.SetTextColor(QVector<QColor>{Qt::red}); // what is missing is built in
+        QVERIFY(paintedIn(link, kPressed));
+        link.setEnabled(false);
+        QVERIFY(paintedIn(link, kDisabled));
+        QColor one(Qt::darkGreen); // of all states
+        link.SetTextColor(one);
+        QVERIFY(paintedIn(link, one));
+        link.setEnabled(true);
+        QVERIFY(paintedIn(link, one));
+        link.SetSelected(false);
+        QVERIFY(paintedIn(link, one));
+    }
+
+    void fontSize()
+    {
+        CBPLinkerButton link(kText);
+        const int small = link.sizeHint().width();
+        link.SetFontPixel(28);
+        QCOMPARE(link.styleSheet(), QString("QLabel{font-size:28px;}"));
+        QVERIFY(link.sizeHint().width() > small * 3 / 2);
+        link.resize(link.sizeHint());
+        pictureOf(link);
+        QCOMPARE(link.toolTip(), QString()); // its own size is always enough
+        for (const int bad : {0, -3}) {
+            QTest::ignoreMessage(QtWarningMsg,
+                                 qPrintable(QString("CBPLinkerButton: %1 is no font size").arg(bad)));
+            link.SetFontPixel(bad);
+        }
+        QCOMPARE(link.styleSheet(), QString("QLabel{font-size:28px;}"));
+    }
+
+    void looks()
+    {
+        const auto check = [](int type, const char *events, int color, bool line) {
+            CBPLinkerButton link(kText, ENLinkerType(type));
+            link.SetTextColor(kOwnColors);
+            link.resize(link.sizeHint());
+            perform(&link, events);
+            for (int i = 0; i < 4; ++i)
+                QVERIFY2(paintedIn(link, kOwn[i]) == (i == color), events);
+            QVERIFY2(underlined(link) == line, events);
+            link.SetSelected(true);
+            QVERIFY(link.IsSelected());
+            QVERIFY2(paintedIn(link, kOwn[2]), events);
+            link.setEnabled(false);
+            QVERIFY2(paintedIn(link, kOwn[3]) && !paintedIn(link, kOwn[2]), events);
+            QVERIFY2(!underlined(link), events);
+        };
+        check(ENLinkerTypeAlways, "", 0, true);
+        check(ENLinkerTypeAlways, "enter", 1, true);
+        check(ENLinkerTypeAlways, "enter leave", 0, true);
+        check(ENLinkerTypeHover, "", 0, false);
+        check(ENLinkerTypeHover, "enter", 1, true);
+        check(ENLinkerTypeHover, "enter leave", 0, false);
+        check(ENLinkerTypeHover, "focusin", 1, false);
+        check(ENLinkerTypeHover, "focusin focusout", 0, false);
+        check(ENLinkerTypeHover, "enter press", 2, true);
+        check(ENLinkerTypeHover, "enter press release", 0, true); // at rest until the next enter
+        check(ENLinkerTypeHover, "enter disable enter focusin leave enable", 0, false);
+        check(ENLinkerTypeNever, "enter", 1, false);
+        check(ENLinkerTypeNever, "enter press", 2, false);
+        check(ENLinkerTypeNever, "right", 0, false);
+        check(ENLinkerTypeNever, "disable press enable", 0, false);
+        check(9, "enter press", 2, false);
+        CBPLinkerButton link(kText, ENLinkerTypeAlways);
+        link.resize(link.sizeHint());
+        for (const ENLinkerType type : {ENLinkerTypeHover, ENLinkerTypeAlways, ENLinkerTypeNever}) {
+            link.SetLinkerType(type);
+            QCOMPARE(underlined(link), type == ENLinkerTypeAlways);
+        }
+    }
+
+    // Keys look like the mouse, and the look of the focus stays; a click leaves the focus alone.
+    void keyboard()
+    {
+        QWidget window;
+        auto *layout = new QVBoxLayout(&window);
+        auto *other = new QCheckBox;
+        auto *link = new CBPLinkerButton(kText, ENLinkerTypeNever, 5);
+        link->SetTextColor(kOwnColors);
+        layout->addWidget(other);
+        layout->addWidget(link);
+        showActive(window);
+        QSignalSpy spy(link, &CBPLinkerButton::sigLinkerClick);
+        other->setFocus();
+        QTest::keyClick(other, Qt::Key_Tab);
+        QVERIFY(link->hasFocus() && paintedIn(*link, kOwn[1]));
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+            spy.clear();
+            QTest::keyPress(link, key);
+            QCOMPARE(spy.count(), key == Qt::Key_Space ? 0 : 1);
+            QCOMPARE(paintedIn(*link, kOwn[2]), key == Qt::Key_Space);
+            QTest::keyRelease(link, key);
+            QVERIFY(spy.count() == 1 && spy.at(0).at(0) == 5 && paintedIn(*link, kOwn[1]));
+        }
+        spy.clear();
+        QTest::keyClick(link, Qt::Key_A);
+        QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), true);
+        QCoreApplication::sendEvent(link, &repeated);
+        QCOMPARE(spy.count(), 0);
+        other->setFocus();
+        QTest::mouseClick(link, Qt::LeftButton);
+        QVERIFY(spy.count() == 1 && other->hasFocus());
+    }
+
+    void tipOfAnElidedText()
+    {
+        CBPLinkerButton link("A text that does not always fit");
+        const QSize whole = link.sizeHint();
+        const auto tip = [&link](const QSize &size) {
+            const QString before = link.toolTip();
+            link.resize(size);
+            if (link.toolTip() != before) // at the next paint
+                return QStringLiteral("too early");
+            pictureOf(link);
+            return link.toolTip();
+        };
+        QCOMPARE(tip(whole), QString());
+        QCOMPARE(tip(QSize(whole.width() / 2, 20)), link.text());
+        link.setText("Another text that does not fit");
+        QCOMPARE(tip(link.size()), link.text());
+        QCOMPARE(tip(QSize(1, 20)), link.text());
+        QCOMPARE(tip(whole * 2), QString());
+        link.SetFontPixel(60); // the same width, another font
+        QCOMPARE(tip(link.size()), link.text());
+        link.SetFontPixel(14);
+        link.setText("One line\nand a second one that is longer"); // lines are not cut
+        QCOMPARE(tip(link.sizeHint()), QString());
+    }
+
+    void screenReader()
+    {
+        CBPLinkerButton link("Learn more", ENLinkerTypeHover, 3);
+        QAccessibleInterface *reader = faceOf(&link);
+        QVERIFY(reader->role() == QAccessible::Link && reader->state().focusable);
+        QCOMPARE(reader->text(QAccessible::Name), QString("Learn more"));
+        link.setAccessibleName("About links");
+        QCOMPARE(reader->text(QAccessible::Name), QString("About links"));
+        const QString press = QAccessibleActionInterface::pressAction();
+        QVERIFY(reader->actionInterface()->actionNames().contains(press));
+        QSignalSpy spy(&link, &CBPLinkerButton::sigLinkerClick);
+        for (const bool enabled : {true, false}) {
+            link.setEnabled(enabled);
+            reader->actionInterface()->doAction(press);
+            QCOMPARE(spy, QList<QVariantList>{QVariantList{3}});
+        }
+        QLabel label("A label");
+        QCOMPARE(faceOf(&label)->role(), QAccessible::StaticText);
+    }
+
+    // Along the left edge, in the middle of the height.
+    void placedText()
+    {
+        CBPLinkerButton link(kText, ENLinkerTypeNever);
+        link.SetTextColor(QVector<QColor>(4, Qt::black));
+        link.resize(link.sizeHint() + QSize(100, 60));
+        pictureOf(link); // it is painted another way from the second time on
+        const QRect ink = inkOf(pictureOf(link));
+        QVERIFY2(ink.left() <= 2 && qAbs(ink.center().y() - link.rect().center().y()) <= 4, wordsOf(ink));
+    }
+
+    // A label that shows a picture is as large as that, and shows it.
+    void pictures()
+    {
+        CBPLinkerButton link{QString()};
+        QPixmap picture(30, 40);
+        picture.fill(Qt::red);
+        picture.setDevicePixelRatio(2);
+        link.setPixmap(picture);
+        QCOMPARE(link.sizeHint(), QSize(15, 20));
+        link.resize(link.sizeHint());
+        QCOMPARE(boxOf(pictureOf(link, 1), Qt::red), link.rect());
+        link.setText(kText);
+        link.setMinimumSize(400, 300); // holds the room for the ring
+        QCOMPARE(link.sizeHint(), QSize(400, 300));
     }
 };
 

@@ -3,34 +3,21 @@
 #include "CTriStateButton.h"
 #include "foundation/Painting.h"
 #include "Pixels.h"
+#include "Selections.h"
 #include "TestMain.h"
 
 #include <QButtonGroup>
-#include <QDialog>
 #include <QHBoxLayout>
 #include <QHelpEvent>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QToolTip>
 
-#include <private/qguiapplication_p.h>
-#include <qpa/qplatformaccessibility.h>
-#include <qpa/qplatformintegration.h>
-
 namespace {
 
 QColor pixel(QWidget &widget, int x, int y)
 {
     return widget.grab().toImage().pixelColor(x, y);
-}
-
-int checkedEvents = 0;
-
-void countChecked(QAccessibleEvent *event)
-{
-    if (event->type() == QAccessible::StateChanged &&
-        static_cast<QAccessibleStateChangeEvent *>(event)->changedStates().checked)
-        ++checkedEvents;
 }
 
 } // namespace
@@ -40,114 +27,85 @@ class TestToggles : public QObject
     Q_OBJECT
 
 private slots:
-    void flags_data()
-    {
-        QTest::addColumn<bool>("locked");
-        QTest::addColumn<bool>("noToggle");
-        QTest::addColumn<bool>("bySet");
-        QTest::addColumn<bool>("byClick");
-        QTest::newRow("free") << false << false << true << true;
-        QTest::newRow("locked") << true << false << false << true;
-        QTest::newRow("no toggle") << false << true << false << false;
-        QTest::newRow("both") << true << true << false << false;
-    }
-
     // Each way to click sends the same signals and toggles, or does not.
     void flags()
     {
-        QFETCH(bool, locked);
-        QFETCH(bool, noToggle);
-        QFETCH(bool, byClick);
-        for (const Click how : {Click::Left, Click::Right, Click::Space, Click::Enter, Click::Tool}) {
-            CTriStateButton button(QStringLiteral("Mon"), locked, noToggle, nullptr);
-            button.setDefault(true);
-            QStringList log;
-            connect(&button, &QPushButton::pressed, this, [&] { log << QStringLiteral("pressed"); });
-            connect(&button, &QPushButton::released, this, [&] { log << QStringLiteral("released"); });
-            connect(&button, &QPushButton::toggled, this, [&] { log << QStringLiteral("toggled"); });
-            connect(&button, &CBPPushBtn::sigBtnClicked, this, [&] { log << QStringLiteral("id"); });
-            connect(&button, &QPushButton::clicked, this, [&](bool checked) {
-                log << QStringLiteral("clicked %1 %2").arg(checked).arg(button.IsChecked());
-            });
-            button.SetChecked(true);
-            QTEST(button.IsChecked(), "bySet");
-            QVERIFY(log.isEmpty());
-            button.SetChecked(false);
-            click(&button, how);
-            QCOMPARE(button.IsChecked(), byClick);
-            const QString start = QLatin1String(how == Click::Right ? "" : "pressed ");
-            QCOMPARE(log.join(QLatin1Char(' ')), start + QStringLiteral("clicked 0 %1").arg(byClick));
-            QVERIFY(!button.isDown());
-            click(&button, how);
-            QVERIFY(!button.IsChecked());
-            log.clear();
-            button.setEnabled(false);
-            click(&button, how);
-            QVERIFY(log.isEmpty() && !button.IsChecked());
-        }
-    }
-
-    void looks_data()
-    {
-        QTest::addColumn<bool>("checked");
-        QTest::addColumn<bool>("hovered");
-        QTest::addColumn<bool>("enabled");
-        QTest::addColumn<QColor>("frame");
-        QTest::addColumn<QColor>("fill");
-        QTest::addColumn<QColor>("text");
-        QTest::addColumn<int>("own"); // of the colours of SetColor(); -1: none
-        const QColor black(Qt::black);
-        QTest::newRow("plain") << false << false << true << QColor(155, 155, 155) << QColor("#ffffff")
-                               << black << 0;
-        QTest::newRow("hovered") << false << true << true << QColor(112, 191, 194) << QColor("#edf7f8")
-                                 << QColor(112, 191, 194) << 1;
-        QTest::newRow("checked") << true << false << true << QColor(76, 174, 178) << QColor("#e2f2f3")
-                                 << QColor(76, 174, 178) << 2;
-        QTest::newRow("checked, hovered")
-            << true << true << true << QColor(76, 174, 178) << QColor("#e2f2f3") << QColor(76, 174, 178) << 2;
-        QTest::newRow("disabled") << true << true << false << QColor(215, 215, 215) << QColor(253, 253, 253)
-                                  << QColor(120, 120, 120) << -1;
+        const auto check = [this](bool locked, bool noToggle, bool bySet, bool byClick) {
+            for (const Click how : {Click::Left, Click::Right, Click::Space, Click::Enter, Click::Tool}) {
+                CTriStateButton button(QStringLiteral("Mon"), locked, noToggle, nullptr);
+                button.setDefault(true);
+                QStringList log;
+                connect(&button, &QPushButton::pressed, this, [&] { log << QStringLiteral("pressed"); });
+                connect(&button, &QPushButton::released, this, [&] { log << QStringLiteral("released"); });
+                connect(&button, &QPushButton::toggled, this, [&] { log << QStringLiteral("toggled"); });
+                connect(&button, &CBPPushBtn::sigBtnClicked, this, [&] { log << QStringLiteral("id"); });
+                connect(&button, &QPushButton::clicked, this, [&](bool checked) {
+                    log << QStringLiteral("clicked %1 %2").arg(checked).arg(button.IsChecked());
+                });
+                button.SetChecked(true);
+                QVERIFY(button.IsChecked() == bySet && log.isEmpty());
+                button.SetChecked(false);
+                click(&button, how);
+                QCOMPARE(button.IsChecked(), byClick);
+                const QString start = QLatin1String(how == Click::Right ? "" : "pressed ");
+                QCOMPARE(log.join(QLatin1Char(' ')), start + QStringLiteral("clicked 0 %1").arg(byClick));
+                QVERIFY(!button.isDown());
+                click(&button, how);
+                QVERIFY(!button.IsChecked());
+                log.clear();
+                button.setEnabled(false);
+                click(&button, how);
+                QVERIFY(log.isEmpty() && !button.IsChecked());
+            }
+        };
+        check(false, false, true, true);
+        check(true, false, false, true);
+        check(false, true, false, false);
+        check(true, true, false, false);
     }
 
     void looks()
     {
-        QFETCH(bool, checked);
-        QFETCH(bool, hovered);
-        QFETCH(bool, enabled);
-        QFETCH(int, own);
-        CTriStateButton button(QStringLiteral("MM"), false, false, nullptr);
-        button.setFixedSize(90, 36);
-        QFont large(button.font());
-        large.setPixelSize(24);
-        large.setBold(true);
-        button.setFont(large);
-        button.SetChecked(checked);
-        if (hovered)
-            sendEvent(button, QEvent::Enter);
-        button.setEnabled(enabled);
-        QImage image = button.grab().toImage();
-        QTEST(image.pixelColor(0, 0), "frame");
-        QTEST(image.pixelColor(89, 35), "frame");
-        QTEST(image.pixelColor(4, 18), "fill");
-        QFETCH(QColor, text);
-        const QRect ink = boxOf(image.copy(1, 1, 88, 34), text);
-        QVERIFY(ink.height() >= 12 && qAbs(ink.center().x() - 44) <= 3);
+        // `own` is the index of the colours of SetColor(); -1: none.
+        const auto check = [](const char *events, const QColor &frame, const char *fill, const QColor &text,
+                              int own) {
+            CTriStateButton button(QStringLiteral("MM"), false, false, nullptr);
+            button.setFixedSize(90, 36);
+            QFont large(button.font());
+            large.setPixelSize(24);
+            large.setBold(true);
+            button.setFont(large);
+            perform(&button, events, {{"check", [&] { button.SetChecked(true); }}});
+            QImage image = button.grab().toImage();
+            for (const QPoint &corner : {QPoint(0, 0), QPoint(89, 35)})
+                QCOMPARE(image.pixelColor(corner), frame);
+            QCOMPARE(image.pixelColor(4, 18), QColor(fill));
+            const QRect ink = boxOf(image.copy(1, 1, 88, 34), text);
+            QVERIFY(ink.height() >= 12 && qAbs(ink.center().x() - 44) <= 3);
 
-        QColor colors[] = {Qt::red, Qt::blue, Qt::magenta}; // plain, hovered, checked
-        button.SetColor(colors[0], colors[2], colors[1]);
-        image = button.grab().toImage();
-        if (own >= 0) {
-            QCOMPARE(image.pixelColor(0, 0), colors[own]);
-            QVERIFY(!boxOf(image.copy(1, 1, 88, 34), colors[own]).isEmpty());
-        }
-        button.setText(QString()); // no text, no frame
-        QCOMPARE(pixel(button, 0, 0), pixel(button, 4, 18));
-        for (int count = 0; count < 6; ++count) { // lists of any length paint something
-            button.setText(QStringLiteral("x"));
-            button.setTextColor(QVector<QColor>(count, Qt::red));
-            button.setBgColor(QVector<QColor>(count, Qt::blue));
-            QVERIFY(!button.grab().isNull());
-        }
+            QColor colors[] = {Qt::red, Qt::blue, Qt::magenta}; // plain, hovered, checked
+            button.SetColor(colors[0], colors[2], colors[1]);
+            image = button.grab().toImage();
+            if (own >= 0) {
+                QCOMPARE(image.pixelColor(0, 0), colors[own]);
+                QVERIFY(!boxOf(image.copy(1, 1, 88, 34), colors[own]).isEmpty());
+            }
+            button.setText(QString()); // no text, no frame
+            QCOMPARE(pixel(button, 0, 0), pixel(button, 4, 18));
+            for (int count = 0; count < 6; ++count) { // lists of any length paint something
+                button.setText(QStringLiteral("x"));
+                button.setTextColor(QVector<QColor>(count, Qt::red));
+                button.setBgColor(QVector<QColor>(count, Qt::blue));
+                QVERIFY(!button.grab().isNull());
+            }
+        };
+        const QColor hovered(112, 191, 194);
+        const QColor checked(76, 174, 178);
+        check("", QColor(155, 155, 155), "#ffffff", Qt::black, 0);
+        check("enter", hovered, "#edf7f8", hovered, 1);
+        check("check", checked, "#e2f2f3", checked, 2);
+        check("check enter", checked, "#e2f2f3", checked, 2);
+        check("check enter disable", QColor(215, 215, 215), "#fdfdfd", QColor(120, 120, 120), -1);
     }
 
     void textColours()
@@ -210,100 +168,84 @@ private slots:
         QVERIFY(chosen(second, first));
     }
 
-    void deletedInItsOwnClick()
+    // In clicked() any button may; here it may in pressed(), too.
+    void deletedInPressed()
     {
-        for (const Click how : {Click::Left, Click::Right, Click::Space, Click::Enter, Click::Tool}) {
-            for (const bool early : {false, true}) {
-                QPointer<CTriStateButton> button =
-                    new CTriStateButton(QStringLiteral("x"), false, false, nullptr);
-                button->setDefault(true);
-                const auto signal = early ? &QPushButton::pressed : &QPushButton::released;
-                connect(button.data(), signal, this, [&] { delete button.data(); });
-                connect(button.data(), &QPushButton::clicked, this, [&] { delete button.data(); });
-                click(button, how);
-                QVERIFY(!button);
-            }
+        for (const Click how : {Click::Left, Click::Space, Click::Enter, Click::Tool}) {
+            QPointer<CTriStateButton> button =
+                new CTriStateButton(QStringLiteral("x"), false, false, nullptr);
+            button->setDefault(true);
+            connect(button.data(), &QPushButton::pressed, this, [&] { delete button.data(); });
+            click(button, how);
+            QVERIFY(!button);
         }
     }
 
     void spoken()
     {
-        QPlatformAccessibility *platform = QGuiApplicationPrivate::platformIntegration()->accessibility();
-        platform->setActive(true);
-        const auto previous = QAccessible::installUpdateHandler(countChecked);
-        checkedEvents = 0;
+        selections::setActive(true);
         CTriStateButton button(QStringLiteral("R&D"), false, false, nullptr);
-        QAccessibleInterface *face = QAccessible::queryAccessibleInterface(&button);
-        QCOMPARE(face->role(), QAccessible::CheckBox);
-        QCOMPARE(face->text(QAccessible::Name), QStringLiteral("R&D"));
-        QVERIFY(face->state().checkable && !face->state().checked);
-        button.SetChecked(true);
-        button.SetChecked(true);
-        face->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
-        click(&button, Click::Left);
-        QVERIFY(face->state().checked);
-        QCOMPARE(checkedEvents, 3);
         CTriStateButton all(QStringLiteral("All"), true, true, nullptr);
-        QCOMPARE(QAccessible::queryAccessibleInterface(&all)->role(), QAccessible::PushButton);
-
-        checkedEvents = 0;
         CButtonGroupBox group(true, nullptr);
         CBPPushBtn *first = group.AddButton(1, QStringLiteral("One"), QString());
         group.AddButton(2, QStringLiteral("Two"), QString());
-        face = QAccessible::queryAccessibleInterface(first);
-        QCOMPARE(face->role(), QAccessible::RadioButton);
-        click(first, Click::Tool);
-        QVERIFY(face->state().checked);
-        click(group.GetButton(2), Click::Left);
-        QVERIFY(!face->state().checked);
-        QCOMPARE(checkedEvents, 3);
-        QAccessible::installUpdateHandler(previous);
-        platform->setActive(false);
+        const auto face = [](QWidget *widget) { return QAccessible::queryAccessibleInterface(widget); };
+        QCOMPARE(face(&button)->role(), QAccessible::CheckBox);
+        QCOMPARE(face(&all)->role(), QAccessible::PushButton);
+        QCOMPARE(face(first)->role(), QAccessible::RadioButton);
+        QVERIFY(face(&button)->state().checkable && !face(&button)->state().checked);
+        const auto told = [](const std::function<void()> &act) { return selections::during(act).size(); };
+        QCOMPARE(told([&] {
+                     button.SetChecked(true);
+                     button.SetChecked(true);
+                     const QString toggle = QAccessibleActionInterface::toggleAction();
+                     face(&button)->actionInterface()->doAction(toggle);
+                     click(&button, Click::Left);
+                 }),
+                 3);
+        QVERIFY(face(&button)->state().checked);
+        QCOMPARE(told([&] { click(first, Click::Tool); }), 1);
+        QVERIFY(face(first)->state().checked);
+        QCOMPARE(told([&] { click(group.GetButton(2), Click::Left); }), 2);
+        QVERIFY(!face(first)->state().checked);
+        selections::setActive(false);
     }
 
     // --------------------------------------------------------------------------------------------------------
 
-    void groupSelects_data()
-    {
-        QTest::addColumn<bool>("exclusive");
-        QTest::newRow("exclusive") << true;
-        QTest::newRow("free") << false;
-    }
-
     void groupSelects()
     {
-        QFETCH(bool, exclusive);
-        CButtonGroupBox group(exclusive, nullptr);
         const QVector<QColor> four{Qt::red, Qt::red, Qt::blue, Qt::red};
-        CBPPushBtn *before = group.AddButton(0, QStringLiteral("x"), QString());
-        group.SetBgClr(four);
-        group.SetTextClr(four);
-        QVector<CBPPushBtn *> buttons;
-        for (int i = 0; i < 3; ++i)
-            buttons << group.AddButton(i % 2 + 1, QStringLiteral("y"), QStringLiteral("none.png"));
-        buttons[2]->setSelected(true);
-        QCOMPARE(before->bgColor(2), QColor(219, 237, 253));
-        QCOMPARE(group.GetButton(1), buttons[0]);
-        QVERIFY(!group.GetButton(7));
-        QCOMPARE(buttons[0]->objectName(), QStringLiteral("id_bgb_y"));
-        QSignalSpy clicked(&group, &CButtonGroupBox::sigBtnClicked);
-        for (const Click how : {Click::Left, Click::Space, Click::Tool}) {
-            click(buttons[1], how);
-            QCOMPARE(clicked.takeFirst().first().toInt(), 2);
-            sendEvent(*buttons[1], QEvent::Leave);
-            QCOMPARE(pixel(*buttons[0], 3, 14), QColor(Qt::red));
-            QCOMPARE(pixel(*buttons[1], 3, 14), QColor(exclusive ? Qt::blue : Qt::red));
-            QCOMPARE(pixel(*buttons[2], 3, 14), QColor(exclusive ? Qt::red : Qt::blue));
+        for (const bool exclusive : {true, false}) {
+            CButtonGroupBox group(exclusive, nullptr);
+            CBPPushBtn *before = group.AddButton(0, QStringLiteral("x"), QString());
+            group.SetBgClr(four);
+            group.SetTextClr(four);
+            QVector<CBPPushBtn *> buttons;
+            for (int i = 0; i < 3; ++i)
+                buttons << group.AddButton(i % 2 + 1, QStringLiteral("y"), QStringLiteral("none.png"));
+            buttons[2]->setSelected(true);
+            QCOMPARE(before->bgColor(2), QColor(219, 237, 253));
+            QVERIFY(group.GetButton(1) == buttons[0] && !group.GetButton(7));
+            QCOMPARE(buttons[0]->objectName(), QStringLiteral("id_bgb_y"));
+            QSignalSpy clicked(&group, &CButtonGroupBox::sigBtnClicked);
+            for (const Click how : {Click::Left, Click::Space, Click::Tool}) {
+                click(buttons[1], how);
+                QCOMPARE(clicked.takeFirst().first().toInt(), 2);
+                sendEvent(*buttons[1], QEvent::Leave);
+                QCOMPARE(pixel(*buttons[0], 3, 14), QColor(Qt::red));
+                QCOMPARE(pixel(*buttons[1], 3, 14), QColor(exclusive ? Qt::blue : Qt::red));
+                QCOMPARE(pixel(*buttons[2], 3, 14), QColor(exclusive ? Qt::red : Qt::blue));
+            }
+            QVERIFY(clicked.isEmpty());
+            delete buttons[0]; // the application's right
+            QCOMPARE(group.GetButton(1), buttons[2]);
+            click(buttons[2], Click::Left);
+            QPointer<CButtonGroupBox> dying = new CButtonGroupBox(exclusive, nullptr);
+            connect(dying.data(), &CButtonGroupBox::sigBtnClicked, this, [&] { delete dying.data(); });
+            click(dying->AddButton(1, QString(), QString()), Click::Left);
+            QVERIFY(!dying);
         }
-        QVERIFY(clicked.isEmpty());
-        delete buttons[0]; // the application's right
-        QCOMPARE(group.GetButton(1), buttons[2]);
-        click(buttons[2], Click::Left);
-        QPointer<CButtonGroupBox> dying = new CButtonGroupBox(exclusive, nullptr);
-        CBPPushBtn *last = dying->AddButton(1, QString(), QString());
-        connect(dying.data(), &CButtonGroupBox::sigBtnClicked, this, [&] { delete dying.data(); });
-        click(last, Click::Left);
-        QVERIFY(!dying);
     }
 
     void groupLines()
@@ -341,28 +283,6 @@ private slots:
         group.AddButton(2, QStringLiteral("y"), QString());
         QCoreApplication::processEvents();
         QCOMPARE(group.maximumHeight(), 30);
-    }
-
-    // A dialog makes its first button the one that Enter presses.
-    void enterIsTheDialogs()
-    {
-        QDialog dialog;
-        auto *layout = new QHBoxLayout(&dialog);
-        auto *toggle = new CTriStateButton(QStringLiteral("x"), false, false, nullptr);
-        auto *group = new CButtonGroupBox(true, nullptr);
-        QPushButton ok;
-        for (QWidget *each :
-             {static_cast<QWidget *>(toggle), static_cast<QWidget *>(group), static_cast<QWidget *>(&ok)})
-            layout->addWidget(each);
-        CBPPushBtn *first = group->AddButton(1, QStringLiteral("y"), QString());
-        QSignalSpy chosen(group, &CButtonGroupBox::sigBtnClicked);
-        QSignalSpy accepted(&ok, &QPushButton::clicked);
-        dialog.show();
-        for (QWidget *from :
-             {static_cast<QWidget *>(&dialog), static_cast<QWidget *>(toggle), static_cast<QWidget *>(first)})
-            QTest::keyClick(from, Qt::Key_Return);
-        QCOMPARE(accepted.count(), 3);
-        QVERIFY(chosen.isEmpty() && !toggle->IsChecked());
     }
 
     void groupIsOneTabStop()

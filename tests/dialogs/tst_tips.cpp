@@ -4,13 +4,11 @@
 #include "CTextTips.h"
 #include "Pixels.h"
 #include "platform/Platform.h"
-#include "Rows.h"
 #include "TestMain.h"
 
 #include <QAccessible>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -50,10 +48,10 @@ struct Scene
     }
 };
 
-QLabel *content(const QSize &size)
+QLabel *content(int width, int height = 20)
 {
     auto *label = new QLabel;
-    label->setFixedSize(size);
+    label->setFixedSize(width, height);
     return label;
 }
 
@@ -101,51 +99,37 @@ class TestTips : public QObject
     Q_OBJECT
 
 private slots:
-    void places_data()
-    {
-        columns<int, int>("orientation", "contentWidth");
-        for (int orientation = 0; orientation < 4; ++orientation) {
-            QTest::addRow("orientation %d, wider than the widget", orientation) << orientation << 140;
-            QTest::addRow("orientation %d, narrower", orientation) << orientation << 20;
-        }
-    }
-
-    // Under its widget from the moment it is on the screen.
+    // Under its widget from the moment it is on the screen, and where that goes.
     void places()
     {
-        QFETCH(int, orientation);
-        QFETCH(int, contentWidth);
-        Scene scene;
-        Watched tip(ENOrientation(orientation), &scene.bound);
-        tip.isInPlace = [&] { return tip.pos() == placeOf(tip, scene.bound, orientation); };
-        tip.AppendWidget(content(QSize(contentWidth, 40)));
-        showTip(tip);
-        QTRY_VERIFY(tip.painted > 0);
-        QCOMPARE(tip.shown, 1);
-        QCOMPARE(tip.misplaced, 0);
-        // Some window managers report a first size and place of their own.
-        QTRY_COMPARE(tip.size(), QSize(contentWidth + 32, 64));
-        QTRY_VERIFY(tip.isInPlace());
-
-        // What moves takes it along.
-        scene.bound.move(100, 90);
-        QVERIFY(tip.isInPlace());
-        scene.bound.resize(200, 50);
-        QVERIFY(tip.isInPlace());
-        const QPoint before = tip.pos();
-        scene.window.move(340, 250);
-        QTRY_VERIFY(tip.pos() != before);
-        QTRY_VERIFY(tip.isInPlace());
-        tip.AppendWidget(content(QSize(240, 20)));
-        QTRY_COMPARE(tip.width(), 272);
-        QTRY_VERIFY(tip.isInPlace());
-        QVERIFY(tip.isVisible());
-
-        // A tip that is not shown is nobody's business, until it is.
-        tip.hide();
-        scene.bound.move(10, 10);
-        showTip(tip);
-        QVERIFY(tip.isInPlace());
+        for (int row = 0; row < 8; ++row) {
+            const int orientation = row / 2;
+            const int width = row % 2 ? 140 : 20; // wider than the widget, or narrower
+            Scene scene;
+            Watched tip(ENOrientation(orientation), &scene.bound);
+            tip.isInPlace = [&] { return tip.pos() == placeOf(tip, scene.bound, orientation); };
+            tip.AppendWidget(content(width, 40));
+            showTip(tip);
+            QTRY_VERIFY(tip.painted > 0);
+            QVERIFY2(tip.shown == 1 && tip.misplaced == 0, QByteArray::number(row));
+            // Some window managers report a first size and place of their own.
+            QTRY_COMPARE(tip.size(), QSize(width + 32, 64));
+            QTRY_VERIFY2(tip.isInPlace(), QByteArray::number(row));
+            scene.bound.move(100, 90);
+            QVERIFY(tip.isInPlace());
+            scene.bound.resize(200, 50);
+            QVERIFY(tip.isInPlace());
+            const QPoint before = tip.pos();
+            scene.window.move(340, 250);
+            QTRY_VERIFY(tip.pos() != before && tip.isInPlace());
+            tip.AppendWidget(content(240));
+            QTRY_VERIFY(tip.width() == 272 && tip.isInPlace() && tip.isVisible());
+            // A tip that is not shown is nobody's business, until it is.
+            tip.hide();
+            scene.bound.move(10, 10);
+            showTip(tip);
+            QVERIFY(tip.isInPlace());
+        }
     }
 
     void scrolledArea()
@@ -162,19 +146,18 @@ private slots:
         area.show();
         QVERIFY(QTest::qWaitForWindowExposed(&area));
         CBPTipWnd tip(ENOrientationLeft, bound);
-        tip.AppendWidget(content(QSize(100, 20)));
+        tip.AppendWidget(content(100));
+        const auto inPlace = [&] { return tip.isVisible() && tip.pos() == placeOf(tip, *bound, 1); };
         sendEvent(*bound, QEvent::Enter);
-        QVERIFY(tip.isVisible());
         area.verticalScrollBar()->setValue(50);
-        QVERIFY(tip.isVisible() && tip.pos() == placeOf(tip, *bound, 1));
+        QVERIFY(inPlace());
         area.verticalScrollBar()->setValue(1000);
         QVERIFY(!tip.isVisible()); // there is nothing left to point at
         area.verticalScrollBar()->setValue(0);
         sendEvent(*bound, QEvent::Enter);
-        QVERIFY(tip.isVisible() && tip.pos() == placeOf(tip, *bound, 1));
+        QVERIFY(inPlace());
         sendEvent(*bound, QEvent::Leave);
         QVERIFY(!tip.isVisible());
-
         // Another parent with the tip on show.
         sendEvent(*bound, QEvent::Enter);
         auto *other = new QWidget(page);
@@ -183,21 +166,22 @@ private slots:
         panel->setParent(other);
         panel->show();
         sendEvent(*bound, QEvent::Enter);
-        QCOMPARE(tip.pos(), placeOf(tip, *bound, 1));
+        QVERIFY(inPlace());
         other->move(60, 30);
-        QCOMPARE(tip.pos(), placeOf(tip, *bound, 1));
+        QVERIFY(inPlace());
     }
 
     void goesWithItsWidget()
     {
         for (const QString what : {"hidden", "window hidden", "destroyed", "destroyed elsewhere"}) {
+            const bool survives = what == QLatin1String("destroyed elsewhere");
             Scene scene;
             auto *bound = new QLabel(&scene.window);
             bound->setGeometry(200, 100, 50, 20);
             bound->show();
             QPointer<CBPTipWnd> tip = new CBPTipWnd(ENOrientationCenter, bound);
-            tip->AppendWidget(content(QSize(100, 20)));
-            if (what == QLatin1String("destroyed elsewhere"))
+            tip->AppendWidget(content(100));
+            if (survives)
                 tip->setParent(&scene.bound, tip->windowFlags()); // the widget is not what deletes it now
             showTip(*tip);
             if (what == QLatin1String("hidden"))
@@ -206,12 +190,9 @@ private slots:
                 scene.window.hide();
             else
                 delete bound;
-            if (what == QLatin1String("destroyed")) {
-                QVERIFY(!tip);
-                continue;
-            }
-            QVERIFY(tip && !tip->isVisible());
-            if (what == QLatin1String("destroyed elsewhere")) {
+            QCOMPARE(tip.isNull(), what == QLatin1String("destroyed"));
+            QVERIFY(!tip || !tip->isVisible());
+            if (survives) {
                 tip->show(); // and it is still usable, where it was
                 tip->repaint();
                 QVERIFY(tip->isVisible());
@@ -222,7 +203,7 @@ private slots:
     void withoutAWidget()
     {
         CBPTipWnd tip(ENOrientationRight, nullptr);
-        tip.AppendWidget(content(QSize(100, 20)));
+        tip.AppendWidget(content(100));
         tip.move(500, 300);
         tip.show();
         QCOMPARE(tip.pos(), QPoint(500, 300));
@@ -234,42 +215,36 @@ private slots:
         QCOMPARE(QAccessible::queryAccessibleInterface(&tip)->role(), QAccessible::HelpBalloon);
     }
 
-    void followsTheMouse_data()
-    {
-        columns<bool, QVector<bool>, bool>("append", "asked", "follows");
-        row("as made", false, QVector<bool>{}, false);
-        row("asked", false, QVector<bool>{true}, true);
-        row("asked and not", false, QVector<bool>{true, false}, false);
-        row("append", true, QVector<bool>{}, true);
-        row("append wins", true, QVector<bool>{false}, true);
-    }
-
     void followsTheMouse()
     {
-        QFETCH(bool, append);
-        QFETCH(QVector<bool>, asked);
-        QFETCH(bool, follows);
-        Scene scene;
-        CBPTipWnd tip(ENOrientationLeft, &scene.bound);
-        for (const bool follow : qAsConst(asked))
-            tip.ShowClickBindWidget(follow);
-        if (append)
-            tip.AppendWidget(content(QSize(100, 20)));
-        tip.setAttribute(Qt::WA_ShowWithoutActivating); // it is the tip that asks for it
-        sendEvent(scene.bound, QEvent::Enter);
-        QCOMPARE(tip.isVisible(), follows);
-        if (follows)
-            QVERIFY(QTest::qWaitForWindowActive(&tip)); // it does take the activation, the first time too
-        tip.show();
-        sendEvent(scene.bound, QEvent::Leave);
-        QCOMPARE(tip.isVisible(), !follows);
+        const auto check = [](bool append, const QVector<bool> &asked, bool follows) {
+            Scene scene;
+            CBPTipWnd tip(ENOrientationLeft, &scene.bound);
+            for (const bool follow : asked)
+                tip.ShowClickBindWidget(follow);
+            if (append)
+                tip.AppendWidget(content(100));
+            tip.setAttribute(Qt::WA_ShowWithoutActivating); // it is the tip that asks for it
+            sendEvent(scene.bound, QEvent::Enter);
+            QCOMPARE(tip.isVisible(), follows);
+            if (follows)
+                QVERIFY(QTest::qWaitForWindowActive(&tip)); // it does take the activation, the first time too
+            tip.show();
+            sendEvent(scene.bound, QEvent::Leave);
+            QCOMPARE(tip.isVisible(), !follows);
+        };
+        check(false, {}, false);
+        check(false, {true}, true);
+        check(false, {true, false}, false);
+        check(true, {}, true);
+        check(true, {false}, true); // appending wins
     }
 
     void deactivation()
     {
         Scene scene;
         CBPTipWnd tip(ENOrientationLeft, &scene.bound);
-        tip.AppendWidget(content(QSize(100, 20)));
+        tip.AppendWidget(content(100));
         showTip(tip);
         // The windows around the widget keep their own deactivation while the tip watches them.
         QTRY_COMPARE(scene.window.deactivations, 1);
@@ -279,6 +254,15 @@ private slots:
         elsewhere.show();
         elsewhere.activateWindow();
         QTRY_VERIFY(!tip.isVisible());
+
+        auto *edit = new QLineEdit;
+        tip.AppendWidget(edit);
+        showTip(tip);
+        QKeyEvent other(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier);
+        QCoreApplication::sendEvent(&tip, &other);
+        QVERIFY(tip.isVisible() && !other.isAccepted()); // handed on
+        QTest::keyClick(edit, Qt::Key_Escape);           // climbs from what has the focus
+        QVERIFY(!tip.isVisible());
 
         // What the tip watches is swallowed, for all but its widget.
         QObject stranger;
@@ -290,20 +274,6 @@ private slots:
         QVERIFY(!filter.eventFilter(&scene.bound, &deactivate));
         QVERIFY(tip.isVisible());
         QVERIFY(filter.eventFilter(&stranger, &deactivate));
-        QVERIFY(!tip.isVisible());
-    }
-
-    void keys()
-    {
-        Scene scene;
-        CBPTipWnd tip(ENOrientationLeft, &scene.bound);
-        auto *edit = new QLineEdit;
-        tip.AppendWidget(edit);
-        showTip(tip);
-        QKeyEvent other(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier);
-        QCoreApplication::sendEvent(&tip, &other);
-        QVERIFY(tip.isVisible() && !other.isAccepted()); // handed on
-        QTest::keyClick(edit, Qt::Key_Escape);           // climbs from what has the focus
         QVERIFY(!tip.isVisible());
     }
 
@@ -403,46 +373,33 @@ private slots:
         answers.composited = asked;
     }
 
+    // The text on lines of its own, or as wide as was asked: a word that is longer than a line is broken
+    // then.
     void textTip()
     {
-        const QString text = QStringLiteral("A text of some words that need their room");
-        for (const int width : {0, 90, -5}) {
-            CTextTips tip(width, nullptr);
-            QCOMPARE(QAccessible::queryAccessibleInterface(&tip)->role(), QAccessible::ToolTip);
-            QVERIFY(tip.windowFlags() & Qt::FramelessWindowHint);
-            QCOMPARE(tip.windowType(), Qt::ToolTip);
-            tip.SetShowText(text);
-            tip.show();
-            const QLabel *label = tip.findChild<QLabel *>();
-            QCOMPARE(label->text(), text);
-            const int line = label->fontMetrics().lineSpacing();
-            if (width > 0) {
-                QCOMPARE(label->width(), width);
-                QVERIFY(label->height() >= 2 * line);
-            } else {
-                QVERIFY(label->width() >= label->fontMetrics().horizontalAdvance(text));
-                QVERIFY(label->height() < 2 * line);
+        const QString words = QStringLiteral("A text of some words that need their room");
+        const QString word(20, QLatin1Char('W'));
+        for (const QString &text : {words, word, QStringLiteral("<b>%1</b>").arg(word)}) {
+            for (const int width : {0, 90, -5}) {
+                CTextTips tip(width, nullptr);
+                QCOMPARE(QAccessible::queryAccessibleInterface(&tip)->role(), QAccessible::ToolTip);
+                QVERIFY(tip.windowFlags() & Qt::FramelessWindowHint);
+                QCOMPARE(tip.windowType(), Qt::ToolTip);
+                tip.SetShowText(text);
+                tip.show();
+                const QLabel *label = tip.findChild<QLabel *>();
+                QCOMPARE(label->text(), text);
+                const int line = label->fontMetrics().lineSpacing();
+                const QRect ink = boxOf(pictureOf(tip, 1), Qt::white);
+                QVERIFY2(ink.left() >= 12 && ink.right() < tip.width() - 12, wordsOf(ink));
+                QVERIFY2(width > 0 ? ink.height() > 3 * line / 2 : ink.height() <= line, wordsOf(ink));
+                QVERIFY(width <= 0 || label->width() == width);
+                QCOMPARE(label->geometry().topLeft(), QPoint(12, 3));
+                QCOMPARE(tip.size(), label->size() + QSize(24, 9));
+                const QSize large = tip.size();
+                tip.SetShowText(QStringLiteral("x"));
+                QVERIFY(tip.width() < large.width() || tip.height() < large.height());
             }
-            QCOMPARE(label->geometry().topLeft(), QPoint(12, 3));
-            QCOMPARE(tip.size(), label->size() + QSize(24, 9));
-            const QSize large = tip.size();
-            tip.SetShowText(QStringLiteral("x"));
-            QVERIFY(tip.width() < large.width() || tip.height() < large.height());
-        }
-    }
-
-    // A word that is longer than a line is broken, of markup as of a plain text.
-    void textTipBreaksWords()
-    {
-        for (const char *text : {"WWWWWWWWWWWWWWWWWWWW", "<b>WWWWWWWWWWWWWWWWWWWW</b>"}) {
-            CTextTips tip(60, nullptr);
-            tip.SetShowText(QLatin1String(text));
-            tip.show();
-            const QLabel *label = tip.findChild<QLabel *>();
-            QVERIFY(label->width() == 60 && tip.width() == 84);
-            const QRect ink = boxOf(pictureOf(tip, 1), Qt::white);
-            QVERIFY2(ink.right() <= 71 && ink.height() > 4 * label->fontMetrics().lineSpacing(),
-                     wordsOf(ink));
         }
     }
 

@@ -129,6 +129,7 @@ void addTexts(Page *page)
     section->addColumns(kColumns,
                         {{"One line", darkTip("Minimize", 0)},
                          {"160 wide", darkTip("A longer text wraps at its words where a width is set.", 160)},
+                         {"A word that is longer", darkTip("Donaudampfschifffahrtsgesellschaft", 160)},
                          {"Rich text", darkTip("<b>Ctrl+N</b> opens a new one", 0)},
                          {"Own background", darkTip("Dark on light", 0, QColor(255, 243, 205))}},
                         kBubbleWidth);

@@ -99,7 +99,8 @@ void addStates(Page *page)
         ->addTable({"Normal", "Hovered", "Pressed", "Focused", "Disabled"},
                    {statesOf("Plain", false, "Mon"), statesOf("Checked", true, "Mon"),
                     statesOf("Own colours", false, "Mon", true), statesOf("Own, checked", true, "Mon", true),
-                    statesOf("No text", true, QString())});
+                    statesOf("No text", true, QString()),
+                    statesOf("No room", false, "Donnerstag und Freitag")});
 }
 
 void addGroups(Page *page)
@@ -126,6 +127,9 @@ void addGroups(Page *page)
                             {"Keyboard focus on the second", focused},
                             {"Disabled", off},
                             {"Built-in colours", builtIn}});
+    CButtonGroupBox *wide = group(true, 1);
+    wide->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    section->addWide(wide);
     section->addSamples({{"With icons", group(true, 3, true)}, {"One button, no line", single}});
 }
 
