@@ -31,7 +31,7 @@ if [ -z "${LUMQT_NO_WINDOW_MANAGER:-}" ]; then
   manager=$!
 fi
 # A command that asks for the screen before the window manager has it would see windows that are never active.
-for _ in $(seq 50); do
+for _ in $(seq 300); do
   [ -n "${manager:-}" ] || break
   xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id' && break
   sleep 0.1

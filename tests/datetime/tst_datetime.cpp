@@ -116,7 +116,7 @@ private slots:
                                        {"dd.MM.yy", "11 dd-MM-yy 2 2 2 07/03/24"},
                                        {"dd.MM.yyyy", "12 dd-MM-yyyy 4 2 2 07/03/2024"},
                                        {"d/M/yyyy", "6 M-D-YYYY 4 1 1 03/07/2024"},
-                                                                  {"yyyy\u5e74M\u6708d\u65e5", "6 M-D-YYYY 4 1 1 03/07/2024"},
+                                       {"yyyy\u5e74M\u6708d\u65e5", "6 M-D-YYYY 4 1 1 03/07/2024"},
                                        {"", "6 M-D-YYYY 4 1 1 03/07/2024"}};
         for (const auto &row : rows) {
             Settings::forget();
