@@ -173,6 +173,7 @@ private Q_SLOTS:
         QFETCH(QString, way);
         QFETCH(QString, refusal);
         QFETCH(int, exits);
+        QApplication::setQuitOnLastWindowClosed(false); // what ends the application is onExit()
         const QPointer<TestWin> w(new TestWin);
         w->refusal = refusal;
         show(*w);
@@ -202,7 +203,7 @@ private Q_SLOTS:
             QTimer::singleShot(0, [] { QCoreApplication::exit(9); });
         });
         const bool ends = refusal.isEmpty() || refusal == QLatin1String("quit");
-        QCOMPARE(QCoreApplication::exec(), ends || exits < 0 ? 0 : 9);
+        QCOMPARE(QCoreApplication::exec(), ends ? 0 : 9);
         QCOMPARE(quits, ends ? 1 : 0);
         QCOMPARE(!w, exits < 0);
         if (w) {
