@@ -2,16 +2,122 @@
 
 #include "CBaseWin.h"
 
+#include "frames/FrameGeometry.h"
+#include "Util.h"
+
+#include <QCloseEvent>
+#include <QPainter>
 #include <QtTest>
 
 #ifdef Q_OS_WIN
 #include <windows.h>
 #endif
 
+using namespace lumqt::frame;
+
+inline const QColor kBorder(34, 133, 212);
+
+class TestWin : public CBaseWin
+{
+public:
+    using CBaseWin::CBaseWin;
+    using CBaseWin::isMaxState;
+
+    void exit() { onExit(); }
+    void exitAgain() { CBaseWin::onExit(); }
+
+    QString refusal; // what keeps the window open: "hook", "exit" or "event"; "die": the hook deletes it
+    QList<int> clicked;
+    int exits = 0;
+    int presses = 0;
+
+protected:
+    bool event(QEvent *event) override
+    {
+        presses += event->type() == QEvent::MouseButtonPress;
+        return CBaseWin::event(event);
+    }
+    bool titleBtnClicked(int id) override
+    {
+        clicked += id;
+        const bool keep = refusal == QLatin1String("hook");
+        if (refusal == QLatin1String("die"))
+            delete this;
+        return keep;
+    }
+    void onExit() override
+    {
+        ++exits;
+        if (refusal != QLatin1String("exit"))
+            CBaseWin::onExit();
+    }
+    void closeEvent(QCloseEvent *event) override { event->setAccepted(refusal != QLatin1String("event")); }
+};
+
 // Where the window coordinates begin in those of the widget.
 inline QPoint origin(CBaseWin &w)
 {
     return w.contentsRect().topLeft() - QPoint(w.frameWidth(), w.titleHight());
+}
+
+// What a part of the frame shows. The part is physical pixels on Windows.
+inline QImage frameImage(CBaseWin &w, const QRect &part)
+{
+#ifdef Q_OS_WIN
+    QImage image(part.size(), QImage::Format_RGB32);
+    const HDC dc = GetWindowDC(HWND(w.winId()));
+    for (int y = 0; y < part.height(); ++y) {
+        for (int x = 0; x < part.width(); ++x) {
+            const COLORREF color = GetPixel(dc, part.x() + x, part.y() + y);
+            image.setPixel(x, y, qRgb(GetRValue(color), GetGValue(color), GetBValue(color)));
+        }
+    }
+    ReleaseDC(HWND(w.winId()), dc);
+    return image;
+#else
+    return w.grab(part.translated(origin(w))).toImage().convertToFormat(QImage::Format_RGB32);
+#endif
+}
+
+inline QImage resImage(const char *name)
+{
+    return QImage(Util::getResFullPath(QStringLiteral("../res/%1.png").arg(QLatin1String(name))));
+}
+
+inline QRect buttonRect(CBaseWin &w, int id, decltype(hitRects) *rects)
+{
+    const QSize glyph = resImage("close_normal").size();
+    const ButtonSizes sizes{QSize(0, 0), glyph, resImage("line").size(), glyph, glyph, glyph};
+    return rects(w.contentsRect().width() + 2 * w.frameWidth(), w.frameWidth(), sizes)[id];
+}
+
+inline QRect painted(CBaseWin &w, int id)
+{
+    return buttonRect(w, id, paintedRects);
+}
+
+inline QPoint on(CBaseWin &w, int id)
+{
+    return buttonRect(w, id, hitRects).center();
+}
+
+// Whether button `id` is painted with the image `name` on white.
+inline bool shows(CBaseWin &w, int id, const char *name)
+{
+    const QImage image = resImage(name);
+    QImage expected(image.size(), QImage::Format_RGB32);
+    expected.fill(Qt::white);
+    QPainter(&expected).drawImage(0, 0, image);
+    return !image.isNull() && frameImage(w, painted(w, id)) == expected;
+}
+
+inline void show(CBaseWin &w)
+{
+    w.resize(600, 300);
+    w.move(60, 60);
+    w.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    QTRY_VERIFY(!w.btnRect(CloseButton).isEmpty());
 }
 
 // The pointer over the frame, in window coordinates: with the events of a window here, native messages there.

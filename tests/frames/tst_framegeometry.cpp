@@ -1,6 +1,5 @@
 #include "frames/FrameGeometry.h"
 #include "frames/FramePainter.h"
-#include "Rows.h"
 #include "TestMain.h"
 
 #include <QPainter>
@@ -61,21 +60,21 @@ private Q_SLOTS:
         QCOMPARE(at(4, 50) | at(4, 4) | at(-1, 50), Qt::Edges());
     }
 
-    void picture_data()
+    void picture()
     {
-        columns<int, qreal, QSize>("fw", "ratio", "size"); // of the client area
         for (int fw : {3, 4, 8}) {
             for (qreal ratio : {1.0, 1.25, 1.5, 2.0}) {
-                QTest::addRow("%d at %g", fw, ratio) << fw << ratio << QSize(240, 160);
-                QTest::addRow("%d at %g, odd", fw, ratio) << fw << ratio << QSize(241, 163);
+                for (const QSize &size : {QSize(240, 160), QSize(241, 163)})
+                    QVERIFY2(isRight(fw, ratio, size),
+                             qPrintable(QStringLiteral("%1 at %2").arg(fw).arg(ratio)));
             }
         }
     }
-    void picture()
+
+private:
+    // The frame around a client area of `size`.
+    static bool isRight(int fw, qreal ratio, const QSize &size)
     {
-        QFETCH(int, fw);
-        QFETCH(qreal, ratio);
-        QFETCH(QSize, size);
         const QColor outside(1, 2, 3);
         const QColor untouched(4, 5, 6);
         // The system makes a frame of whole pixels.
@@ -103,7 +102,7 @@ private Q_SLOTS:
         painter.fillRect(client, untouched);
         painter.end();
         image.setDevicePixelRatio(1);
-        QCOMPARE(image, expected);
+        return image == expected;
     }
 };
 
