@@ -8,7 +8,6 @@
 #include <QAccessible>
 #include <QClipboard>
 #include <QDesktopServices>
-#include <QSignalSpy>
 #include <QTranslator>
 #include <QVBoxLayout>
 

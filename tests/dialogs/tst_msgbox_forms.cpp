@@ -9,7 +9,6 @@
 #include <QAccessible>
 #include <QClipboard>
 #include <QScrollArea>
-#include <QSignalSpy>
 
 namespace {
 
@@ -48,8 +47,7 @@ private Q_SLOTS:
         row("spaces", both, "   ", "   ", 0);
         row("a name", both, "abc", "abc", kOk);
         row("acceptable", both, "abc]", "abc]", -1);
-        row("two", both, "a b]c]", "a b]c]", -1);
-        row("without OK", 0x601, "abc]", "abc]", -1);
+        row("two, without OK", 0x601, "a b]c]", "a b]c]", -1);
         row("a tab", both, "\t", "\t", kOk);
         row("refused", both, "a/b:c\\d*e?f\"g<h>i|j", "abcdefghij", kOk);
         row("256", both, QString(300, 'x'), QString(256, 'x'), kOk);
@@ -65,7 +63,6 @@ private Q_SLOTS:
         int endings = 0;
         box.whileRunning([&] {
             QVERIFY(isInFront(box));
-            QCOMPARE(box.edits().size(), 1);
             CBPLineEdit *edit = box.edits().constFirst();
             QCOMPARE(box.focusWidget(), edit);
             QVERIFY(!box.ButtonIsEnable(kOk) && !box.label("Please enter the dir name:"));
@@ -82,9 +79,7 @@ private Q_SLOTS:
         QCOMPARE(box.showCreateDirBox(1, prompt, buttons), result == 0 ? -1 : result);
         QTEST(box.GetUser(), "name");
         QCOMPARE(endings, int(result != 0));
-        QCOMPARE(quits.size(), 1);
-        QCOMPARE(finished.size(), 1);
-        QVERIFY(box.GetPassword().isEmpty());
+        QVERIFY(quits.size() == 1 && finished.size() == 1 && box.GetPassword().isEmpty());
     }
 
     // The edit is in the middle of its key when the box goes.

@@ -7,7 +7,6 @@
 #include "TestMain.h"
 
 #include <QAccessible>
-#include <QPointer>
 #include <QVBoxLayout>
 #include <QWindow>
 

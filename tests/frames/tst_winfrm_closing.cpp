@@ -6,9 +6,7 @@
 
 #include <QLabel>
 #include <QLineEdit>
-#include <QPointer>
 #include <QPushButton>
-#include <QSignalSpy>
 #include <QWindow>
 
 namespace {
@@ -349,8 +347,7 @@ private Q_SLOTS:
         QVERIFY(w.isVisible() && rejected.isEmpty());
         w.refuses = false;
         w.reject();
-        QVERIFY(!w.isVisible());
-        QCOMPARE(rejected.size(), 1);
+        QVERIFY(!w.isVisible() && rejected.size() == 1);
     }
 
 private:
