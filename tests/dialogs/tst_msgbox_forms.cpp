@@ -134,7 +134,7 @@ private Q_SLOTS:
         row("no user", 3, "", "secret", true, false, false);
         row("no password", 3, "user", "", false, false, false);
         row("empty allowed", 3, "user", "", true, false, true);
-        row("no user edit, no user", 2, "", "secret", false, false, false);
+        row("no edit, no user", 2, "", "secret", false, false, false);
         row("no edits", 0, "user", "secret", false, false, true);
         row("typed user", 3, "user", "", false, true, true); // the password does not matter then
         row("typed user alone", 1, "user", "", false, true, true);

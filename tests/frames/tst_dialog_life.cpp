@@ -35,7 +35,6 @@ public:
     Dialog() : CBPWinFrm(nullptr)
     {
         Init();
-        SetWindowTitle(QStringLiteral("A title"), false);
         SetWindowLog(Util::getResFullPath(QStringLiteral("../res/title_logo.png")));
         ShowTitleBtn(2 | 8 | 64 | 128, true);
         AppendContent(new QLineEdit, true, false, 0);
