@@ -266,7 +266,7 @@ private Q_SLOTS:
         row("slightly offset", QRect(20, 10, 600, 500), none, size, QPoint(150, 150));
         row("over the parent", screen, QRect(200, 150, 500, 400), size, QPoint(300, 250));
         row("right, bottom", QRect(0, 0, 700, 500), QRect(600, 400, 200, 200), size, QPoint(400, 300));
-        row("left, top", QRect(60, 50, 700, 500), QRect(30, 20, 100, 100), size, QPoint(60, 50));
+        row("left, top", QRect(90, 80, 700, 500), QRect(50, 30, 100, 100), size, QPoint(90, 80));
         row("too large", QRect(60, 50, 200, 100), none, size, QPoint(60, 50));
         row("no answer", none, none, size, QPoint(7, 8));
     }
