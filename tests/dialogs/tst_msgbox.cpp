@@ -8,7 +8,6 @@
 #include <QAccessible>
 #include <QClipboard>
 #include <QDesktopServices>
-#include <QSignalSpy>
 #include <QTranslator>
 #include <QVBoxLayout>
 
@@ -87,9 +86,8 @@ private Q_SLOTS:
             QVERIFY(box.titleBtn(8)->isVisible() && !box.titleBtn(2)->isVisible());
             QCOMPARE(box.contentBox()->contentsMargins(), QMargins(12, 0, 12, 0));
             QCOMPARE(box.statusBox()->contentsMargins(), QMargins(12, 0, 12, 16));
-            QVERIFY(box.label("Text")->wordWrap());
+            QVERIFY(box.label("Text")->wordWrap() && !box.findChild<CBPLinkerButton *>()->isVisible());
             QCOMPARE(box.label("Text")->palette().color(QPalette::WindowText), QColor(51, 51, 51));
-            QVERIFY(!box.findChild<CBPLinkerButton *>()->isVisible());
         });
         box.message(0, "Text", "", kOk);
     }
@@ -175,7 +173,6 @@ private Q_SLOTS:
         QCOMPARE(box.message(0, "First", "", kOk), kOk);
         box.whileRunning([&] {
             QVERIFY(box.label("First")->isVisible() && box.label("Second")->isVisible());
-            QCOMPARE(box.findChildren<CBPPushBtn *>().size(), 2);
             QTest::ignoreMessage(QtWarningMsg, QRegularExpression("Recursive call"));
             QCOMPARE(box.message(0, "Third", "", kOk), kOk);                  // at once, as it runs already
             QTest::mouseClick(box.findChild<CBPPushBtn *>(), Qt::LeftButton); // that of the first call
@@ -211,8 +208,7 @@ private Q_SLOTS:
         });
         box.messageWithLink(0, "Text", "<b>Read & more", target, "", kOk);
         QTEST(m_opened.join(' '), "opened");
-        QCOMPARE(clicks.size(), 1);
-        QCOMPARE(clicks[0][0].toString(), target);
+        QVERIFY(clicks.size() == 1 && clicks[0][0].toString() == target);
         QDesktopServices::unsetUrlHandler("lumqt-test");
     }
 

@@ -9,7 +9,6 @@
 #include <QAccessible>
 #include <QClipboard>
 #include <QScrollArea>
-#include <QSignalSpy>
 
 namespace {
 
@@ -48,8 +47,7 @@ private Q_SLOTS:
         row("spaces", both, "   ", "   ", 0);
         row("a name", both, "abc", "abc", kOk);
         row("acceptable", both, "abc]", "abc]", -1);
-        row("two", both, "a b]c]", "a b]c]", -1);
-        row("without OK", 0x601, "abc]", "abc]", -1);
+        row("two, without OK", 0x601, "a b]c]", "a b]c]", -1);
         row("a tab", both, "\t", "\t", kOk);
         row("refused", both, "a/b:c\\d*e?f\"g<h>i|j", "abcdefghij", kOk);
         row("256", both, QString(300, 'x'), QString(256, 'x'), kOk);
@@ -65,7 +63,6 @@ private Q_SLOTS:
         int endings = 0;
         box.whileRunning([&] {
             QVERIFY(isInFront(box));
-            QCOMPARE(box.edits().size(), 1);
             CBPLineEdit *edit = box.edits().constFirst();
             QCOMPARE(box.focusWidget(), edit);
             QVERIFY(!box.ButtonIsEnable(kOk) && !box.label("Please enter the dir name:"));
@@ -82,9 +79,7 @@ private Q_SLOTS:
         QCOMPARE(box.showCreateDirBox(1, prompt, buttons), result == 0 ? -1 : result);
         QTEST(box.GetUser(), "name");
         QCOMPARE(endings, int(result != 0));
-        QCOMPARE(quits.size(), 1);
-        QCOMPARE(finished.size(), 1);
-        QVERIFY(box.GetPassword().isEmpty());
+        QVERIFY(quits.size() == 1 && finished.size() == 1 && box.GetPassword().isEmpty());
     }
 
     // The edit is in the middle of its key when the box goes.
@@ -139,7 +134,7 @@ private Q_SLOTS:
         row("no user", 3, "", "secret", true, false, false);
         row("no password", 3, "user", "", false, false, false);
         row("empty allowed", 3, "user", "", true, false, true);
-        row("no user edit, no user", 2, "", "secret", false, false, false);
+        row("no edit, no user", 2, "", "secret", false, false, false);
         row("no edits", 0, "user", "secret", false, false, true);
         row("typed user", 3, "user", "", false, true, true); // the password does not matter then
         row("typed user alone", 1, "user", "", false, true, true);

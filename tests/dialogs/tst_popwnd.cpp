@@ -11,7 +11,6 @@
 #include "TestMain.h"
 #include "Util.h"
 
-#include <QSignalSpy>
 #include <QVBoxLayout>
 
 namespace {
@@ -185,7 +184,6 @@ private Q_SLOTS:
             QVERIFY(button->text().isEmpty() && !button->icon().isNull() && !button->isEnabled());
         }
         button->exit(nullptr, false);
-        QCOMPARE(button->text(), QString("Cancel"));
     }
 
     void widgetsInRow()
@@ -200,8 +198,8 @@ private Q_SLOTS:
         QCOMPARE(left->sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
         QVERIFY(w.isAncestorOf(right) && !w.GetPreBox()->isAncestorOf(right));
         const QLayout *row = w.GetPreBox()->layout();
-        QVERIFY(row->count() == 2 && row->itemAt(1)->sizeHint().width() == 7);
-        QCOMPARE(int(row->itemAt(0)->alignment()), int(Qt::AlignBottom));
+        QVERIFY(row->count() == 2 && row->itemAt(1)->sizeHint().width() == 7 &&
+                row->itemAt(0)->alignment() == Qt::AlignBottom);
     }
 
     void withoutInit()
@@ -258,8 +256,7 @@ private Q_SLOTS:
         QCOMPARE(w.asked, QVector<int>{kOk});
         QCOMPARE(asked.results, callback.isEmpty() ? QVector<int>() : QVector<int>{result});
         QCOMPARE(w.GetResult(), result);
-        QCOMPARE(w.isVisible(), !closes);
-        QCOMPARE(quits.size(), int(closes));
+        QVERIFY(w.isVisible() != closes && quits.size() == int(closes));
         if (closes)
             QCOMPARE(quits[0][0].value<void *>(), static_cast<void *>(static_cast<QObject *>(&w)));
         w.show();

@@ -35,7 +35,6 @@ public:
     Dialog() : CBPWinFrm(nullptr)
     {
         Init();
-        SetWindowTitle(QStringLiteral("A title"), false);
         SetWindowLog(Util::getResFullPath(QStringLiteral("../res/title_logo.png")));
         ShowTitleBtn(2 | 8 | 64 | 128, true);
         AppendContent(new QLineEdit, true, false, 0);
@@ -66,19 +65,15 @@ private Q_SLOTS:
         Dialog dialog;
         dialog.show();
         QVERIFY(QTest::qWaitForWindowExposed(&dialog));
-        auto labels = dialog.titleBar()->findChildren<QLabel *>();
-        labels.erase(
-            std::remove_if(labels.begin(), labels.end(),
-                           [](const QLabel *label) { return label->pixmap(Qt::ReturnByValue).isNull(); }),
-            labels.end());
-        QCOMPARE(labels.size(), 1); // the icon
+        const auto *icon = dialog.titleBar()->findChild<QLabel *>();
+        QVERIFY(!icon->pixmap(Qt::ReturnByValue).isNull());
         const QVector<QSize> before = logicalSizes(dialog);
         for (const qreal factor : {2.0, 1.5, 1.0}) {
             QHighDpiScaling::setScreenFactor(QGuiApplication::primaryScreen(), factor);
             QCOMPARE(dialog.devicePixelRatioF(), factor);
             QEvent moved(QEvent::ScreenChangeInternal); // as Qt sends it to every widget of the window
             QCoreApplication::sendEvent(dialog.titleBar(), &moved);
-            QCOMPARE(labels[0]->pixmap(Qt::ReturnByValue).devicePixelRatioF(), factor);
+            QCOMPARE(icon->pixmap(Qt::ReturnByValue).devicePixelRatioF(), factor);
             QCOMPARE(logicalSizes(dialog), before);
         }
     }

