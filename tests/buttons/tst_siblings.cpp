@@ -4,7 +4,6 @@
 #include "CBPImageCheckBox.h"
 #include "CBPImageTextBtn.h"
 #include "CBPLinkerButton.h"
-#include "CBPMenuBtn.h"
 #include "CBPRoundBtn.h"
 #include "CBPToolButton.h"
 #include "CButtonGroupBox.h"
