@@ -154,7 +154,7 @@ QFont CBPPushBtn::textFont() const
 
 QString CBPPushBtn::elided(const QString &text, int width) const
 {
-    const QString line = lumqt::elidedLine(text, m_font, width);
+    QString line = lumqt::elidedLine(text, m_font, width);
     m_cut = line != text;
     return line;
 }

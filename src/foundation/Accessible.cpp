@@ -84,8 +84,12 @@ QString AccessibleButton::text(QAccessible::Text kind) const
         const QString name = m_ownName();
         return name.isEmpty() && button()->text().isEmpty() ? QAccessibleWidget::text(kind) : name;
     }
-    if (kind == QAccessible::Accelerator && button())
-        return button()->shortcut().toString(QKeySequence::NativeText);
+    if (kind == QAccessible::Accelerator && button()) {
+        const auto *push = qobject_cast<const QPushButton *>(button());
+        const QKeySequence keys =
+            push && push->isDefault() ? QKeySequence(Qt::Key_Enter) : button()->shortcut();
+        return keys.toString(QKeySequence::NativeText);
+    }
     return QAccessibleWidget::text(kind);
 }
 

@@ -7,9 +7,11 @@
 // back while Space or the mouse is held, and reaches nobody else then; letting go is no click any more. So do
 // all buttons of the library, those that Qt gives it to and those that are none to Qt.
 //
-// A release of the mouse outside clicks wherever the class says so, and nowhere else. Enter is for the
-// buttons of a dialog: a push button answers it as QPushButton does, and what chooses or is shown by an image
-// leaves it to the dialog.
+// A release of the mouse outside clicks wherever the class says so, and nowhere else. In a dialog Enter is
+// for its default button: what derives from QPushButton answers it as that does, toggles and the buttons of
+// groups and of images being no auto-default buttons, and a tool button answers it elsewhere only. Links are
+// followed by it everywhere, as links in a text are, and a drop-down button takes it as a push button with
+// the focus does.
 namespace lumqt {
 
 // A press under way: the widget's to keep, and to clear when it is disabled.

@@ -10,7 +10,6 @@
 #include "TestMain.h"
 
 #include <QLabel>
-#include <QSignalSpy>
 #include <QTemporaryDir>
 
 namespace {

@@ -5,9 +5,7 @@
 #include "TestMain.h"
 
 #include <QDialog>
-#include <QPainter>
 #include <QSignalSpy>
-#include <QVBoxLayout>
 
 #include <climits>
 

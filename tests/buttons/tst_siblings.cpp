@@ -4,7 +4,6 @@
 #include "CBPImageCheckBox.h"
 #include "CBPImageTextBtn.h"
 #include "CBPLinkerButton.h"
-#include "CBPMenuBtn.h"
 #include "CBPRoundBtn.h"
 #include "CBPToolButton.h"
 #include "CButtonGroupBox.h"
@@ -13,7 +12,6 @@
 #include "foundation/Painting.h"
 #include "Pictures.h"
 #include "Pixels.h"
-#include "Rows.h"
 #include "Spoken.h"
 #include "TestMain.h"
 
@@ -313,44 +311,33 @@ private slots:
         });
     }
 
-    void presses_data()
-    {
-        // What befalls the button in a dialog; how often it clicks, or the trait that says whether; whether
-        // the dialog hears of it, by its default button or by its end.
-        columns<QByteArray, int, int>("events", "clicks", "trait");
-        row("taken back", QByteArray("space escape spaceup"), 0, 0);
-        row("taken back, mouse", QByteArray("press escape release"), 0, 0);
-        row("after that", QByteArray("space escape spaceup press escape release press release space spaceup"),
-            2, 0);
-        row("focus lost", QByteArray("space away spaceup"), 0, 0);
-        row("outside", QByteArray("press out"), 0, int(ReleaseOutside));
-        row("Enter", QByteArray("return"), 0, int(EnterInDialog));
-    }
-
+    // What befalls the button in a dialog; how often it clicks, and the trait that makes it one more. What it
+    // does not take of Enter and Escape is the dialog's.
     void presses()
     {
-        QFETCH(QByteArray, events);
-        QFETCH(int, clicks);
-        QFETCH(int, trait);
-        forAll([=](const Sibling &sibling) {
-            Scene<QDialog> scene(sibling);
-            QSignalSpy clicked(scene.widget, sibling.clicked);
-            QSignalSpy theirs(scene.ok, &QPushButton::clicked);
-            scene.widget->setFocus(Qt::TabFocusReason);
-            perform(scene.widget, events,
-                    {{"escape", [&] { QTest::keyClick(scene.widget, Qt::Key_Escape); }},
-                     {"away", [&] { scene.field->setFocus(); }}});
-            const bool own = sibling.traits & trait;
-            QCOMPARE(clicked.count(), clicks + own);
-            QCOMPARE(theirs.count(), int(trait == EnterInDialog && !own));
-            QVERIFY(scene.window.isVisible());
-            QTest::keyClick(scene.widget, Qt::Key_Escape); // nothing is held now
-            QVERIFY(!scene.window.isVisible());
-        });
-    }
-
-    void enterOutsideDialogs()
-    {
+        const auto check = [](const char *events, int clicks, Trait trait = None) {
+            forAll([=](const Sibling &sibling) {
+                Scene<QDialog> scene(sibling);
+                QSignalSpy clicked(scene.widget, sibling.clicked);
+                QSignalSpy theirs(scene.ok, &QPushButton::clicked);
+                scene.widget->setFocus(Qt::TabFocusReason);
+                perform(scene.widget, events,
+                        {{"escape", [&] { QTest::keyClick(scene.widget, Qt::Key_Escape); }},
+                         {"away", [&] { scene.field->setFocus(); }}});
+                const bool own = sibling.traits & trait;
+                QVERIFY2(clicked.count() == clicks + own, events);
+                QVERIFY2(theirs.count() == int(trait == EnterInDialog && !own), events);
+                QVERIFY2(scene.window.isVisible(), events);
+                QTest::keyClick(scene.widget, Qt::Key_Escape); // nothing is held now
+                QVERIFY2(!scene.window.isVisible(), events);
+            });
+        };
+        check("space escape spaceup", 0);
+        check("press escape release", 0);
+        check("space escape spaceup press escape release press release space spaceup", 2);
+        check("space away spaceup", 0);
+        check("press out", 0, ReleaseOutside);
+        check("return", 0, EnterInDialog);
         forAll([](const Sibling &sibling) {
             Scene<QWidget> scene(sibling);
             QSignalSpy clicked(scene.widget, sibling.clicked);

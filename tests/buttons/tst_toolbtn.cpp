@@ -1,18 +1,14 @@
 #include "Acts.h"
 #include "CBPMenu.h"
-#include "CBPMenuItem.h"
 #include "CBPToolButton.h"
+#include "foundation/FontLookup.h"
 #include "Pixels.h"
-#include "platform/Platform.h"
 #include "TestMain.h"
 
 #include <QPainter>
-#include <QSignalSpy>
 #include <QTemporaryDir>
 
 #include <climits>
-#include <functional>
-#include <limits>
 
 namespace {
 
@@ -95,12 +91,11 @@ private slots:
         Vetoing widget;
         widget.resize(40, 30);
         widget.SetBgColor(kFour);
-        sendEvent(widget, QEvent::Enter);
-        QCOMPARE(pixel(widget, 20, 15), kFour[0]);
-        widget.enters = true;
-        sendEvent(widget, QEvent::Enter);
-        sendEvent(widget, QEvent::Leave);
-        QCOMPARE(pixel(widget, 20, 15), kFour[1]);
+        for (const bool enters : {false, true}) {
+            widget.enters = enters;
+            perform(&widget, "enter leave");
+            QCOMPARE(pixel(widget, 20, 15), kFour[enters]);
+        }
         QCOMPARE(widget.exposed, 2);
     }
 
@@ -139,7 +134,7 @@ private slots:
     void widths()
     {
         const QString text = QStringLiteral("Some text");
-        const int advance = QFontMetrics(font()).size(Qt::TextExpandTabs, text).width();
+        const int advance = QFontMetrics(lumqt::uiFont()).size(Qt::TextExpandTabs, text).width();
         const auto check = [this](int align, bool image, const QString &label, int expected) {
             CBPToolButton button(label, 1, ENAlign(align), true);
             if (image)
@@ -201,7 +196,7 @@ private slots:
     void places()
     {
         const QString text = QStringLiteral("Tool");
-        const QSize size = QFontMetrics(font()).size(Qt::TextExpandTabs, text);
+        const QSize size = QFontMetrics(lumqt::uiFont()).size(Qt::TextExpandTabs, text);
         QColor ink(0, 90, 0);
         for (const ENAlign align : {ENAlignLeft, ENAlignTop}) {
             CBPToolButton button(m_image, text, 1, align, false);
@@ -264,15 +259,6 @@ private slots:
     }
 
 private:
-    static QFont font()
-    {
-        QFont font(QSettings(QStringLiteral("../res/Common/langind.ini"), QSettings::IniFormat)
-                       .value(QStringLiteral("English/font_normal"))
-                       .toString());
-        font.setPixelSize(14);
-        return font;
-    }
-
     QTemporaryDir m_folder;
     QString m_image;
 };
