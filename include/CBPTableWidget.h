@@ -11,7 +11,7 @@
 /// there, by setItem() or an editor, moves its row at once. The row that a loop counts is another one then:
 /// the next cells land in wrong rows and half-empty rows come to be, takeItem() and cellWidget() find another
 /// item. So switch sorting off while you fill the table (setSortingEnabled()), and hold an item rather than
-/// its row. With sorting off it does what a QTableWidget does. GUI thread only. \since 1.0
+/// its row. With sorting off its items stay where they are put. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPTableWidget : public QTableWidget
 {
     Q_OBJECT

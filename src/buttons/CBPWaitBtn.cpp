@@ -234,7 +234,8 @@ void CBPWaitBtn::drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, in
     // Show(false) leaves the text that was shown last. Where that is none, the button says what it does
     // all the same.
     if (!m_waiting && m_showsWaitingText && text().isEmpty() && icon().isNull())
-        lumqt::CachedText().drawCentred(*painter, rect, m_text, textFont());
+        lumqt::CachedText().drawCentred(*painter, rect, elided(m_text, rect.width() - 2 * kInset),
+                                        textFont());
 }
 
 // The base centres the text, and before it makes room for half an icon only.

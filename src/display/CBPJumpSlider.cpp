@@ -35,10 +35,7 @@ QRect handleOf(const QSlider &slider)
 
 } // namespace
 
-CBPJumpSlider::CBPJumpSlider(QWidget *parent) : QWidget(parent)
-{
-    setAttribute(Qt::WA_StyledBackground); // a plain QWidget has the style sheet's ground without asking
-}
+CBPJumpSlider::CBPJumpSlider(QWidget *parent) : QWidget(parent) {}
 
 CBPJumpSlider::~CBPJumpSlider() = default;
 
@@ -65,9 +62,9 @@ void CBPJumpSlider::Init(QStringList labels)
     lumqt::setSliderLabels(*m_labelRow, m_labels);
     // What listens to the value may delete the slider, or this with it.
     const QPointer<QSlider> slider = m_slider;
-    slider->setRange(0, m_labels.size() - 1);
+    slider->setValue(0); // before the range, which would tell of a position in between
     if (slider)
-        slider->setValue(0);
+        slider->setRange(0, m_labels.size() - 1);
 }
 
 void CBPJumpSlider::SetPosByText(QString text)

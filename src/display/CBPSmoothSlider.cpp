@@ -25,10 +25,7 @@ int valueAt(const QSlider &slider, int x)
 
 } // namespace
 
-CBPSmoothSlider::CBPSmoothSlider(QWidget *parent) : QWidget(parent)
-{
-    setAttribute(Qt::WA_StyledBackground); // a plain QWidget has the style sheet's ground without asking
-}
+CBPSmoothSlider::CBPSmoothSlider(QWidget *parent) : QWidget(parent) {}
 
 CBPSmoothSlider::~CBPSmoothSlider() = default;
 

@@ -2,10 +2,18 @@
 
 #include <QFontMetrics>
 #include <QHelpEvent>
+#include <QTextDocument>
 #include <QToolTip>
 #include <QWidget>
 
 namespace lumqt {
+
+namespace {
+
+constexpr int kOneLineTip = 100;  // characters
+constexpr int kLongestTip = 4096; // nobody reads more, and Qt would lay all of it out
+
+} // namespace
 
 QString elidedLine(const QString &text, const QFont &font, int width)
 {
@@ -15,12 +23,19 @@ QString elidedLine(const QString &text, const QFont &font, int width)
     return QFontMetrics(font).elidedText(line, Qt::ElideRight, room);
 }
 
+QString toolTipOf(const QString &whole)
+{
+    // A tool tip takes what looks like markup for markup, and breaks lines in markup only.
+    if (whole.size() <= kOneLineTip && !Qt::mightBeRichText(whole))
+        return whole;
+    return Qt::convertFromPlainText(whole.left(kLongestTip), Qt::WhiteSpaceNormal);
+}
+
 bool showWholeText(QWidget *widget, QEvent *event, const QString &whole, bool cut)
 {
     if (!cut || event->type() != QEvent::ToolTip || !widget->toolTip().isEmpty())
         return false;
-    // Escaped: a tool tip would take what looks like markup for markup.
-    QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), whole.toHtmlEscaped(), widget);
+    QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), toolTipOf(whole), widget);
     return true;
 }
 

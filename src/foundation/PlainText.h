@@ -4,8 +4,7 @@
 #include <QKeySequence>
 
 // The texts that a class of the library is handed are plain, buttons, labels, tabs, lists and titles alike:
-// an
-// "&" is drawn as "&", told to screen readers as "&", and makes no shortcut with Alt. (Two are Qt's own in
+// an "&" is drawn as "&", told to screen readers as "&", and makes no shortcut with Alt. (Two are Qt's own in
 // this, as they are drawn and operated by Qt's rules: the check boxes, which are QCheckBoxes in everything,
 // and the items of menus.) An application that wants a shortcut sets one.
 namespace lumqt {

@@ -10,8 +10,9 @@
 // A release of the mouse outside clicks wherever the class says so, and nowhere else. In a dialog Enter is
 // for its default button: what derives from QPushButton answers it as that does, toggles and the buttons of
 // groups and of images being no auto-default buttons, and a tool button answers it elsewhere only. Links are
-// followed by it everywhere, as links in a text are, and a drop-down button takes it as a push button with
-// the focus does.
+// followed by it everywhere, as links in a text are, and so are pictures that can be clicked, which
+// forget no press of the mouse by Escape. A drop-down button takes Enter as a push button with the focus
+// does.
 namespace lumqt {
 
 // A press under way: the widget's to keep, and to clear when it is disabled.

@@ -7,6 +7,7 @@
 #include "ENState.h"
 #include "FormatByteSize.h"
 #include "foundation/Accessible.h"
+#include "foundation/ElidedText.h"
 #include "foundation/FontLookup.h"
 #include "foundation/Painting.h"
 #include "foundation/PressKeys.h"
@@ -80,8 +81,7 @@ private:
     void tellWhole()
     {
         const bool whole = text() == m_path && (!m_laidOut || shown() == m_path);
-        // As text, or a folder named <b> would be markup.
-        const QString tip = whole ? QString() : m_path.toHtmlEscaped();
+        const QString tip = whole ? QString() : lumqt::toolTipOf(m_path);
         if (tip != toolTip())
             setToolTip(tip);
     }

@@ -409,7 +409,7 @@ private Q_SLOTS:
             QCoreApplication::sendEvent(&label, &event);
             return QToolTip::text();
         };
-        QCOMPARE(tip(100), "A title &lt;b&gt;with&lt;/b&gt; marks");
+        QCOMPARE(tip(100), "<p>A title &lt;b&gt;with&lt;/b&gt; marks</p>");
         QTRY_COMPARE(tip(label.sizeHint().width()), QString());
         label.setToolTip("The application's");
         QCOMPARE(tip(100), label.toolTip());

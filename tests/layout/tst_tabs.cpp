@@ -200,7 +200,7 @@ private slots:
         CTabContainer tabs;
         addTabs(tabs, {1, 2});
         tabs.show();
-        const QString whole = "Benachrichtigungen";
+        const QString whole = "Fragen & \"Benachrichtigungen\"";
         const QString cut = QFontMetrics(lumqt::uiFont()).elidedText(whole, Qt::ElideRight, 85 - 2 * 4);
         tab(tabs, 1)->setText(cut);
         const QImage look = tab(tabs, 1)->grab().toImage();

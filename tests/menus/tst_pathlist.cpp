@@ -230,7 +230,7 @@ private slots:
     void pathsAreElided()
     {
         List list;
-        const QString path = QStringLiteral("/a rather/long <path>/of a folder");
+        const QString path = QStringLiteral("/a rather/long <b>path</b>/of a folder");
         list.add(path);
         list.SetFixedWidth(330);
         list.add(path + '2'); // those that follow, too
@@ -240,7 +240,7 @@ private slots:
             const int width = QFontMetrics(label->font()).horizontalAdvance(label->text());
             QVERIFY2(width > 70 && width <= 100, qPrintable(QString::number(width)));
             QCOMPARE(label->text().right(1), QString(QChar(0x2026)));
-            QVERIFY(label->toolTip().contains("&lt;path&gt;"));
+            QVERIFY(label->toolTip().contains("&lt;b&gt;path"));
         }
         for (const int width : {0, -1, INT_MIN, INT_MAX})
             list.SetFixedWidth(width);

@@ -363,6 +363,11 @@ private Q_SLOTS:
         const QRect drawn = inked(button, QRect(0, 0, beside.left(), 44));
         QVERIFY(drawn.width() > 10 && drawn.height() <= 20);
         QVERIFY(drawn.left() >= 16 + 16);
+        button.show();
+        button.Show(true); // without a waiting text the button shows its own again afterwards
+        QTRY_VERIFY(button.text().isEmpty());
+        button.Show(false);
+        QVERIFY(inked(button, button.rect()).height() <= 20);
     }
 };
 
