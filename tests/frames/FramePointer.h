@@ -84,21 +84,15 @@ inline QImage resImage(const char *name)
     return QImage(Util::getResFullPath(QStringLiteral("../res/%1.png").arg(QLatin1String(name))));
 }
 
-inline QRect buttonRect(CBaseWin &w, int id, decltype(hitRects) *rects)
-{
-    const QSize glyph = resImage("close_normal").size();
-    const ButtonSizes sizes{QSize(0, 0), glyph, resImage("line").size(), glyph, glyph, glyph};
-    return rects(w.contentsRect().width() + 2 * w.frameWidth(), w.frameWidth(), sizes)[id];
-}
-
+// Where button `id` is drawn, in window coordinates; its middle lies where it is pressed, too.
 inline QRect painted(CBaseWin &w, int id)
 {
-    return buttonRect(w, id, paintedRects);
+    return w.globalBtnRect(id).translated(-w.mapToGlobal(origin(w)));
 }
 
 inline QPoint on(CBaseWin &w, int id)
 {
-    return buttonRect(w, id, hitRects).center();
+    return painted(w, id).center();
 }
 
 // Whether button `id` is painted with the image `name` on white.
@@ -131,12 +125,9 @@ inline void point(CBaseWin &w, Action action, const QPoint &at)
     const UINT messages[] = {WM_NCMOUSEMOVE, WM_NCLBUTTONDOWN, WM_NCLBUTTONUP};
     SendMessageW(HWND(w.winId()), messages[action], HTCAPTION, MAKELPARAM(screen.x(), screen.y()));
 #else
-    if (action == Move)
-        QTest::mouseMove(w.windowHandle(), inWidget);
-    else if (action == Press)
-        QTest::mousePress(w.windowHandle(), Qt::LeftButton, {}, inWidget);
-    else
-        QTest::mouseRelease(w.windowHandle(), Qt::LeftButton, {}, inWidget);
+    const QTest::MouseAction actions[] = {QTest::MouseMove, QTest::MousePress, QTest::MouseRelease};
+    QTest::mouseEvent(actions[action], w.windowHandle(), action == Move ? Qt::NoButton : Qt::LeftButton, {},
+                      inWidget);
 #endif
 }
 
