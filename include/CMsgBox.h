@@ -29,8 +29,9 @@ class QScrollArea;
 /// text, unbalanced markup included; a heading always is, so its line ends are spaces. Text from outside
 /// belongs through QString::toHtmlEscaped() first. Link, caption and check box show plain text. Long texts
 /// wrap, also without a space to wrap at, and the box becomes as tall as they need, also for a text that is
-/// changed while it is shown. The box is 500 pixels wide, and wider only for what cannot be narrower:
-/// buttons, a table, a picture. What is taller or wider than the work area scrolls.
+/// changed while it is shown: then it grows over its middle, within the work area. The box is 500 pixels
+/// wide, and wider only for what cannot be narrower: buttons, a table, a picture. What is taller or wider
+/// than the work area scrolls.
 ///
 /// Enter presses OK (0x4) and Escape presses Cancel (0x100), if they are there and enabled; Escape does
 /// nothing after SetDisableEscAndF4Flag(true), and takes back the press of a button that is held down; the

@@ -11,6 +11,12 @@ void WrappingRow::setRoom(int room)
         return;
     m_room = room;
     invalidate();
+    // As long as nothing is shown, the layouts around hear of it from nobody else.
+    for (QWidget *around = parentWidget(); around && !around->isWindow(); around = around->parentWidget()) {
+        if (around->layout())
+            around->layout()->invalidate();
+        around->updateGeometry();
+    }
 }
 
 QSize WrappingRow::singleRow() const

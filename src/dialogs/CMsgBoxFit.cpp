@@ -140,7 +140,9 @@ int CMsgBox::neededHeight(int width) const
 {
     layout()->activate();
     const int wrapped = layout()->hasHeightForWidth() ? layout()->totalHeightForWidth(width) : 0;
-    return qMax(minimumHeight(), qMax(wrapped, layout()->totalMinimumSize().height()));
+    // Further rows of buttons take nothing of the room that a short text has around it.
+    const int rows = statusBox() ? statusBox()->minimumHeight() - bottomHeight() : 0;
+    return qMax(minimumHeight() + rows, qMax(wrapped, layout()->totalMinimumSize().height()));
 }
 
 // All of the content is shown, or scrolls: what is wider or higher than the room, or than the application

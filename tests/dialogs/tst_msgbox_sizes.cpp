@@ -58,7 +58,6 @@ private Q_SLOTS:
         row("20000, words", words, "Head", 0, true);
         row("a million, one word", longWord(1000000), "Head", 0, true); // for ever, were it not proportional
         row("20000, one word, rich", "<b>" + longWord(20000), "Head", 0, true);
-        row("20000, rich", "<b>" + words, "Head", 0, true);
         row("20000, the heading", "Text", longWord(20000), 0, true);
         row("wider than 500", "<pre>" + longWord(60), "", 400, false);
         row("wider than the screen", "<pre>" + longWord(4000), "", 1025, true);
@@ -142,6 +141,7 @@ private Q_SLOTS:
         row("lines", 16, kOk | kCancel, false);
         row("too long", 4000, kOk, true);
         row("no room", 8, kOk | kYes | kNo | kCancel | 0x8, false);
+        row("above the buttons", 12, 0x7fffff, false);
     }
     void checkTexts()
     {
@@ -157,17 +157,17 @@ private Q_SLOTS:
             QCOMPARE(shown.replace('\n', ' ').replace("&&", "&") == text, !cut);
             QVERIFY(check->text().count('&') == 2 * check->text().count("w&&rd") &&
                     check->shortcut().isEmpty());
-            QCOMPARE(check->toolTip(), cut ? text : QString());
-            QCOMPARE(check->accessibleName(), text);
+            QVERIFY(check->toolTip() == (cut ? text : QString()) && check->accessibleName() == text);
             QCOMPARE(check->size().boundedTo(check->sizeHint()), check->sizeHint());
             QVERIFY(isWholeIn(check, &box));
             const auto all = box.findChildren<CBPPushBtn *>();
             for (const CBPPushBtn *button : all) {
                 QVERIFY(isWholeIn(button, &box));
-                QVERIFY(button->mapTo(&box, QPoint(0, 0)).x() >
-                        check->mapTo(&box, QPoint(check->width(), 0)).x());
+                const QPoint beside = check->mapFromGlobal(button->mapToGlobal(QPoint(0, 0)));
+                QVERIFY(all.size() > 5 ? beside.y() > check->height() : beside.x() > check->width());
             }
-            QVERIFY(box.width() == 500 || all.size() == 5);
+            QVERIFY(box.width() == 500 || all.size() >= 5);
+            QVERIFY(all.size() <= 5 || !check->text().contains('\n'));
         });
         box.messageWithCheckbox(0, "Text", text, "", buttons);
     }
