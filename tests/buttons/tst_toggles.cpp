@@ -126,7 +126,7 @@ private slots:
             QVERIFY2(!ink.isEmpty() && ink.left() > 0 && ink.right() < 80, wordsOf(ink));
             QHelpEvent asked(QEvent::ToolTip, QPoint(5, 5), button.mapToGlobal(QPoint(5, 5)));
             QCoreApplication::sendEvent(&button, &asked);
-            QCOMPARE(QToolTip::text(), text.size() > 3 ? text.toHtmlEscaped() : QString());
+            QCOMPARE(QToolTip::text(), text.size() > 3 ? "<p>" + text.toHtmlEscaped() + "</p>" : QString());
             button.setToolTip(QStringLiteral("own"));
             QCoreApplication::sendEvent(&button, &asked);
             QCOMPARE(QToolTip::text(), QStringLiteral("own"));
