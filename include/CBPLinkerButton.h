@@ -21,8 +21,8 @@ enum class Press : unsigned char;
 /// The text is plain: no markup, and an "&" is an ampersand. On one line, at the left; what does not fit is
 /// cut off, and the whole text is the tool tip then (a tool tip of the caller's own does not last). The Tab
 /// key reaches the link; Space and Enter click it, Enter in a dialog, too, as links do in a text; Escape
-/// takes back a press that is held. A release of the mouse clicks, wherever it is. Screen readers find a link
-/// named by its text.
+/// takes back a press that is held while the focus is here, which a click does not bring. A release of the
+/// mouse clicks, wherever it is. Screen readers find a link named by its text.
 ///
 /// Where it is not as a QLabel: its focus policy is Qt::TabFocus from the start (and what
 /// setTextInteractionFlags() makes of it, as with any label), and with a text its size hint has room for the

@@ -6,8 +6,8 @@
 
 /// A group box that is not seen: neither its frame nor its title is painted, its children are.
 ///
-/// Screen readers still read the title as the name of the group. A checkable one has no visible check mark.
-/// GUI thread only. \since 1.0
+/// Screen readers still read the title as the name of the group; an "&" in it is Qt's, and marks a key. A
+/// checkable one has no visible check mark. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPQtGroupBox : public QGroupBox
 {
     Q_OBJECT

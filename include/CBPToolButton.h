@@ -24,13 +24,13 @@ enum class Press : unsigned char;
 /// A button of tool bars and side panels: an image per state and a text beside or below it, an id, and a
 /// drop-down menu if wanted.
 ///
-/// Releasing the left mouse button, wherever the pointer is by then, reports sigClick() with the id; a button
-/// with a menu opens the menu instead. Space does the same for keyboard users, and Enter where the window is
-/// no dialog, whose default button it is for; the Down key opens a menu. Escape takes back a press that is
-/// held. A click does not take the focus. Images are file names, one per state in the order normal, hover,
-/// pressed, disabled; a list with fewer has none for the rest, and a missing file leaves its place empty.
-/// The text is plain. Its height is the caller's or the layout's business. All sizes are logical pixels.
-/// GUI thread only. \since 1.0
+/// Releasing the left mouse button, wherever the pointer is by then, reports sigClick() with the id; a
+/// button with a menu opens the menu instead. Space does the same for keyboard users, and Enter where the
+/// window is no dialog, whose default button it is for; the Down key opens a menu. Escape takes back a
+/// press that is held while the focus is here; a click does not bring it. Images are file names, one per
+/// state in the order normal, hover, pressed, disabled; a list with fewer has none for the rest, and a
+/// missing file leaves its place empty. The text is plain. Its height is the caller's or the layout's
+/// business. All sizes are logical pixels. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPToolButton : public CBPStateWidget
 {
     Q_OBJECT

@@ -11,10 +11,11 @@ class CTriStateButton;
 
 /// A choice of several weekdays: one row of toggle buttons.
 ///
-/// Each button is 60 x 28 pixels, with 5 pixels between them, and its text 14 pixels, also where the system's
-/// letters are larger; a name that finds no room ends in an ellipsis, and the tool tip shows all of it.
-/// Disabled, the chosen ones have a line under their names. The row is one stop of the Tab key; the arrow
-/// keys, Home and End move the focus in it, and Space toggles. GUI thread only. \since 1.0
+/// Each button is 60 x 28 pixels, with 5 pixels between them, and more in a row that is made wider, and its
+/// text 14 pixels, also where the system's letters are larger; a name that finds no room ends in an
+/// ellipsis, and the tool tip shows all of it. Disabled, the chosen ones have a line under their names. The
+/// row is one stop of the Tab key; the arrow keys, Home and End move the focus in it, and Space toggles.
+/// GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPWeekSelector : public QWidget
 {
     Q_OBJECT

@@ -4,9 +4,10 @@
 #include <QKeySequence>
 
 // The texts that a class of the library is handed are plain, buttons, labels, tabs, lists and titles alike:
-// an "&" is drawn as "&", told to screen readers as "&", and makes no shortcut with Alt. (Two are Qt's own in
-// this, as they are drawn and operated by Qt's rules: the check boxes, which are QCheckBoxes in everything,
-// and the items of menus.) An application that wants a shortcut sets one.
+// an "&" is drawn as "&", told to screen readers as "&", and makes no shortcut with Alt. (Three are Qt's
+// own in this, as they are operated by Qt's rules: the check boxes, which are QCheckBoxes in everything,
+// the items of menus, and the title of a group box that is not seen.) An application that wants a shortcut
+// sets one.
 namespace lumqt {
 
 // Takes away the shortcut that QAbstractButton::setText() makes of an "&". It is no virtual function, and is

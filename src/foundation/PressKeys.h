@@ -5,7 +5,8 @@
 
 // Keys press a widget as they press a button: Space when it is let go, Enter at once. Escape takes a press
 // back while Space or the mouse is held, and reaches nobody else then; letting go is no click any more. So do
-// all buttons of the library, those that Qt gives it to and those that are none to Qt.
+// all buttons of the library, those that Qt gives it to and those that are none to Qt; Escape is heard by
+// what has the focus, which a click does not give to tool buttons and links.
 //
 // A release of the mouse outside clicks wherever the class says so, and nowhere else. In a dialog Enter is
 // for its default button: what derives from QPushButton answers it as that does, toggles and the buttons of

@@ -428,7 +428,7 @@ private slots:
         {
             const char *locale, *texts;
         } rows[] = {{"C", "/|:|MM/dd/yyyy|HH:mm:ss"},       {"ar_EG", "/|:|d/M/yyyy|h:mm:ss tt"},
-                    {"dz_BT", "-|:|yyyy-MM-dd|h:mm:ss tt"}, {"bg_BG", ".|:|d.MM.yy .|H:mm:ss"},
+                    {"dz_BT", "-|:|yyyy-MM-dd|h:mm:ss tt"}, {"bg_BG", ".|:|d.MM.yy|H:mm:ss"},
                     {"zh_CN", "/|:|yyyy/M/d|tt h:mm:ss"},   {"zh_TW", "/|:|yyyy/M/d|tt h:mm:ss"},
                     {"da_DK", ".|.|dd.MM.yyyy|HH.mm.ss"},   {"nl_NL", "-|:|dd-MM-yyyy|HH:mm:ss"},
                     {"en_US", "/|:|M/d/yy|h:mm:ss tt"},     {"en_ZA", "/|:|yyyy/MM/dd|HH:mm:ss"},

@@ -67,8 +67,11 @@ QString windowsDatePattern(const QString &qtPattern)
     if (qtPattern.contains(QLatin1String("MMM")))
         return QStringLiteral("MM/dd/yyyy");
     QString result;
+    bool word = false; // with what follows it, such as the dot of an abbreviation
     forEachPart(qtPattern, [&](const QString &part, bool isField) {
-        result += isField && isOneOf(part, "dmy") ? part : bare(part);
+        word = !isField && (word || part.front() == QLatin1Char('\''));
+        if (!word)
+            result += isField && isOneOf(part, "dmy") ? part : bare(part);
     });
     return result.trimmed();
 }
