@@ -27,8 +27,9 @@ class QPainter;
 /// The button that agrees, OK before Yes before any other, is the default and has the focus when nothing
 /// comes before the row; an application chooses another by QPushButton::setDefault(). While a job runs in a
 /// button (CBPWaitBtn), the focus that it had is the dialog's, so that no key presses another button in its
-/// stead, and comes back after. A row that is wider than the work area, or than the dialog may be, goes on in
-/// further rows, for which the bottom area grows.
+/// stead, and comes back after; a button in which one runs when the dialog opens counts as disabled. A row
+/// that is wider than the work area, or than the dialog may be, goes on in further rows, for which the
+/// bottom area grows.
 ///
 /// The standard buttons, by flag and in the order in which a row holds them: 0x2 Add, 0x4 OK, 0x8 Retry,
 /// 0x10 Continue, 0x20 Skip, 0x80 Export, 0x800 Yes, 0x8000 one without a text for ResetBtnText(),
@@ -36,7 +37,8 @@ class QPainter;
 /// 0x100 Cancel, 0x80000 Back, 0x100000 Close, 0x200000 Restart now, 0x400000 Restart later. All are 36
 /// pixels high, and all but No are CBPWaitBtn. Other bits make no button.
 ///
-/// Whatever is called while it runs may delete the dialog or its parent. All sizes are logical pixels. GUI
+/// Whatever is called while it runs may delete the dialog or its parent, but for a slot of accepted() or
+/// rejected(), after which Qt emits finished(): use deleteLater() there. All sizes are logical pixels. GUI
 /// thread only. \since 1.0
 class LUMQT_EXPORT CBPPopWnd : public CBPWinFrm
 {

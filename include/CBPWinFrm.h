@@ -27,9 +27,10 @@ class FrameBehaviour;
 /// A close request of the system, such as Alt+F4, calls OnClose() and then closes the dialog. However it is
 /// closed, by title button, key, close(), system or its parent's hiding, it ends as a QDialog does: through
 /// reject(), so that finished() and rejected() are emitted once and result() is QDialog::Rejected, unless
-/// OnClose() has ended it by another result. A derived class refuses in reject(), or in QWidget::closeEvent()
-/// without calling the base. A modal dialog closes itself when its parent is hidden. Any hook may delete the
-/// dialog. All sizes are logical pixels. GUI thread only. \since 1.0
+/// OnClose() has ended it by another result. A derived class refuses in reject(), or in
+/// QWidget::closeEvent() without calling the base. A modal dialog closes itself when its parent is hidden.
+/// Any hook may delete the dialog, and so may a slot of finished(), but not one of accepted() or
+/// rejected(), after which Qt emits finished(). All sizes are logical pixels. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPWinFrm : public QDialog
 {
     Q_OBJECT
@@ -229,6 +230,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void changeEvent(QEvent *event) override;
     void moveEvent(QMoveEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
 private Q_SLOTS:
     void on_dbl_clickedSlot(bool bDelete);

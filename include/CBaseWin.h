@@ -23,9 +23,9 @@ struct tagNCCALCSIZE_PARAMS;
 /// system moves the window with the pointer from the press on the strip; a maximised one is restored under
 /// the pointer once it is dragged.
 ///
-/// The window is never smaller than its strip with icon and buttons, nor than its content. A minimum that an
-/// application sets takes the place of both, for width and height each, so that it can also be lower; 0 then
-/// leaves the content's.
+/// The window is never smaller than its strip with icon and buttons, nor than its content. A minimum that
+/// an application sets takes the place of both, for width and height each, so that it can also be lower; 0
+/// then leaves the content's, from when that is laid out next.
 ///
 /// On Windows the frame is the native one, repainted, and the widget covers the client area only. A colour of
 /// the frame is made transparent there, so neither a window opacity nor Qt::WA_TranslucentBackground goes
@@ -102,9 +102,10 @@ protected:
     /// work. \since 1.0
     virtual void onExit();
 
-    /// Called before the button \a id acts; true keeps it from acting. -1: the mouse button was let go on the
-    /// frame beside every button, unless the system has moved the window, which keeps that to itself. The
-    /// window may be deleted here. The base answers false. \since 1.0
+    /// Called before the button \a id acts; true keeps it from acting. -1: the mouse button was let go on
+    /// the frame beside every button, where the frame is told: of a press on the strip that it may move the
+    /// window by, the system often keeps the end to itself. The window may be deleted here. The base
+    /// answers false. \since 1.0
     virtual bool titleBtnClicked(int id);
 
     /// Whether the window is maximised, as the system sees it.

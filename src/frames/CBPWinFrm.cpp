@@ -273,7 +273,7 @@ void CBPWinFrm::closeEvent(QCloseEvent *event)
     reject();
     if (!alive)
         return;
-    m_frame->closesDown = false;
+    m_frame->closesDown = m_frame->shownInClosing = false;
     if (isVisible())
         event->ignore();
 }
@@ -295,6 +295,13 @@ void CBPWinFrm::moveEvent(QMoveEvent *event)
     if (m_frame)
         m_frame->moved();
     QDialog::moveEvent(event);
+}
+
+void CBPWinFrm::showEvent(QShowEvent *event)
+{
+    if (!event->spontaneous())
+        m_frame->shown();
+    QDialog::showEvent(event);
 }
 
 void CBPWinFrm::paintEvent(QPaintEvent *)

@@ -5,6 +5,7 @@
 #include "platform/Platform.h"
 
 #include <QCloseEvent>
+#include <QDialog>
 #include <QKeyEvent>
 #include <QPushButton>
 
@@ -20,6 +21,8 @@ constexpr int kMaximisedBorder = 1;
 constexpr int kBottomHeight = 70;
 // What a maximised window leaves of the work area in a pre-installation environment, both sides together.
 constexpr int kWinPEMargin = 10;
+
+constexpr int kSettling = 500; // milliseconds in which a window manager has reported all of a restoring
 
 QWidget *nearestVisible(QWidget *widget)
 {
@@ -171,11 +174,13 @@ void FrameBehaviour::toggleMaximised()
             return;
     }
     if (!m_maximised) {
-        // What a window manager reports late is not where and how large the window is going to be.
+        // What a window manager reports late, of an earlier maximising, is not where and how large the window
+        // is going to be.
         const bool fixed = m_window->minimumSize() == m_window->maximumSize();
         m_savedSize = fixed ? m_window->minimumSize() : m_window->size();
         const QPoint position = m_window->mapToGlobal(QPoint(0, 0));
-        if (m_restoresUnderWay == 0 || position != m_maximisedAt)
+        const bool settled = !m_sinceRestored.isValid() || m_sinceRestored.hasExpired(kSettling);
+        if (settled || position != m_maximisedAt)
             m_savedPosition = position;
     }
     m_maximised = !m_maximised;
@@ -188,22 +193,17 @@ void FrameBehaviour::toggleMaximised()
         m_window->setFixedSize((area.size() - QSize(margin, margin)).expandedTo(QSize(0, 0)));
     } else {
         m_window->move(m_savedPosition);
-        ++m_restoresUnderWay;
+        m_sinceRestored.start();
         m_window->setFixedSize(m_savedSize); // and from now on the window keeps it
     }
 }
 
-// A window manager answers each restoring with an event, or several with one, while those of earlier
-// maximisings are still to come.
+// Elsewhere than maximising and restoring have put it, somebody has: what is reported from then on holds.
 void FrameBehaviour::moved()
 {
-    if (m_restoresUnderWay == 0)
-        return;
     const QPoint position = m_window->mapToGlobal(QPoint(0, 0));
-    if (position == m_savedPosition)
-        --m_restoresUnderWay;
-    else if (position != m_maximisedAt)
-        m_restoresUnderWay = 0; // somebody has moved it on
+    if (position != m_maximisedAt && position != m_savedPosition)
+        m_sinceRestored.invalidate();
 }
 
 void FrameBehaviour::windowStateChanged()
@@ -236,10 +236,21 @@ void FrameBehaviour::callCloseHook()
     if (m_closing)
         return;
     const QPointer<QWidget> alive(m_window);
+    const bool outermost = !shownInClosing;
     m_closing = true;
     m_hooks->close();
-    if (alive)
-        m_closing = false;
+    if (!alive)
+        return;
+    m_closing = false;
+    if (outermost)
+        shownInClosing = false;
+}
+
+// A slot that hears of the end may run the window again, which is closed anew then.
+void FrameBehaviour::shown()
+{
+    shownInClosing = shownInClosing || m_closing || closesDown;
+    m_closing = closesDown = false;
 }
 
 void FrameBehaviour::closeWindow()
@@ -247,9 +258,18 @@ void FrameBehaviour::closeWindow()
     const QPointer<QWidget> alive(m_window);
     const bool wasClosing = m_closing; // an application may call the default action outside of any hook
     m_closing = true;
-    m_window->close();
+    const bool closed = m_window->close();
+    if (!alive)
+        return;
+    m_closing = wasClosing;
+    // Qt's close() does nothing within close(), where the window was shown again.
+    auto *dialog = qobject_cast<QDialog *>(m_window);
+    if (!closed || !dialog || !shownInClosing || !dialog->isVisible())
+        return;
+    closesDown = true;
+    dialog->reject();
     if (alive)
-        m_closing = wasClosing;
+        closesDown = false;
 }
 
 void FrameBehaviour::closeEvent(QCloseEvent *event)

@@ -2,6 +2,7 @@
 
 #include "CBPWinFrmTitle.h"
 
+#include <QElapsedTimer>
 #include <QMargins>
 #include <QPoint>
 #include <QPointer>
@@ -87,6 +88,7 @@ public:
     // To be told of the window's own events.
     void windowStateChanged();
     void moved();
+    void shown();
 
     // The default actions of the hooks of the same names.
     void toggleMaximised();
@@ -111,7 +113,8 @@ public:
     int shadowBorder;
     bool isWinPE = false;
     bool escAndF4Disabled = false;
-    bool closesDown = false; // a close event that was let through ends the window
+    bool closesDown = false;     // a close event that was let through ends the window
+    bool shownInClosing = false; // again, by whom the end was told
     int bottomHeight;
     bool drawBottomLine = true;
 
@@ -129,9 +132,9 @@ private:
     QSize m_savedSize;
     bool m_maximised = false; // by toggleMaximised()
     bool m_filledLook = false;
-    QPoint m_maximisedAt;       // global
-    int m_restoresUnderWay = 0; // that the window manager has yet to report
-    bool m_closing = false;     // the close hook runs
+    QPoint m_maximisedAt; // global
+    QElapsedTimer m_sinceRestored;
+    bool m_closing = false; // the close hook runs
 };
 
 } // namespace lumqt

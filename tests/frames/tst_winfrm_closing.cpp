@@ -320,6 +320,26 @@ private Q_SLOTS:
         }
     }
 
+    // Run again by whom its end is told, it is closed as it was the first time.
+    void runAgain()
+    {
+        for (const QString way : {"button", "Escape", "close()"}) {
+            Probe<CBPWinFrm> w;
+            w.Init();
+            int ends = 0;
+            connect(&w, &QDialog::finished, &w, [&] {
+                if (++ends > 1)
+                    return;
+                QTimer::singleShot(0, &w, [&w, way] { closeBy(w, way == "close()" ? "button" : way); });
+                QTimer::singleShot(5000, &w, &QWidget::hide);
+                w.exec();
+            });
+            w.open();
+            closeBy(w, way);
+            QVERIFY2(ends == 2 && !w.isVisible(), qPrintable(way));
+        }
+    }
+
     void rejecting()
     {
         class Refusing : public Dialog

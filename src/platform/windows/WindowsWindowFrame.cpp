@@ -30,6 +30,8 @@ const QColor kTransparent(31, 92, 232);
 // Left free for a task bar that hides itself: over a window that fills the screen it would not come out.
 constexpr int kTaskBarGap = 2; // physical pixels
 
+constexpr LPARAM kAltIsDown = 1 << 29; // in what is told of a key
+
 constexpr UINT kQuietly = SWP_NOZORDER | SWP_NOACTIVATE;
 
 // RECT's right and bottom are exclusive.
@@ -106,10 +108,11 @@ void showSystemMenu(HWND hwnd, const POINT &at, bool resizable)
         const auto enable = [menu](UINT command, bool enabled) {
             EnableMenuItem(menu, command, MF_BYCOMMAND | (enabled ? MF_ENABLED : MF_GRAYED));
         };
-        enable(SC_RESTORE, maximized);
-        enable(SC_MOVE, !maximized);
-        enable(SC_SIZE, !maximized && resizable);
-        enable(SC_MINIMIZE, true);
+        const bool minimized = IsIconic(hwnd) != FALSE;
+        enable(SC_RESTORE, maximized || minimized);
+        enable(SC_MOVE, !maximized && !minimized);
+        enable(SC_SIZE, !maximized && !minimized && resizable);
+        enable(SC_MINIMIZE, !minimized);
         enable(SC_MAXIMIZE, !maximized && resizable);
         enable(SC_CLOSE, true);
         SetMenuDefaultItem(menu, SC_CLOSE, FALSE);
@@ -191,6 +194,7 @@ void WindowsWindowFrame::applyStyle()
     const HWND hwnd = handle();
     if (!hwnd) {
         m_native = m_styled = nullptr; // another may come at the same address
+        m_held = false;
         return;
     }
     const QRect frame = windowRect(hwnd);
@@ -329,6 +333,8 @@ void WindowsWindowFrame::restoreUnderPointer(const POINT &at)
 bool WindowsWindowFrame::menuMessage(const MSG *message)
 {
     const HWND hwnd = message->hwnd;
+    if (isFullScreen()) // there is no strip, and nothing to be moved
+        return false;
     const bool resizable = m_window->minimumSize() != m_window->maximumSize();
     switch (message->message) {
     case WM_NCRBUTTONDOWN: // which the system would keep, to look for a menu when the button comes up
@@ -339,8 +345,9 @@ bool WindowsWindowFrame::menuMessage(const MSG *message)
         showSystemMenu(hwnd, pointIn(message->lParam), resizable);
         return true;
     case WM_SYSKEYDOWN: {
-        // Qt keeps Alt+Space for a menu that this window has not.
-        if (message->wParam != VK_SPACE)
+        // Qt keeps Alt+Space for a menu that this window has not. A window without the focus is told of Space
+        // alone in this way, too.
+        if (message->wParam != VK_SPACE || !(message->lParam & kAltIsDown))
             return false;
         MSG typed = {}; // the menu would take it for a letter of its own
         PeekMessageW(&typed, hwnd, WM_SYSCHAR, WM_SYSCHAR, PM_REMOVE);
