@@ -357,7 +357,8 @@ private slots:
         check("space escape spaceup", 0);
         check("press escape release", 0);
         check("space escape spaceup press escape release press release space spaceup", 2);
-        check("press escape right rightup release", 0, RightClick); // only of its own release it is that
+        for (const char *events : {"press escape right rightup", "press escape right rightup release"})
+            check(events, 0, RightClick); // which is no release of the press
         check("space escape spaceup right rightup", 0, RightClick);
         check("space away spaceup", 0);
         check("press out", 0, ReleaseOutside);
