@@ -39,7 +39,8 @@ enum class FocusMark : unsigned char;
 /// beside "name.png" is taken on dense screens. A file replaced on disk shows at the next paint, a missing
 /// one leaves its place empty. Lists are copied. All sizes are logical pixels. Texts are plain: an "&" in
 /// them is shown. What a font given here leaves open, the size perhaps, is the widget's own font's to say, a
-/// style sheet included; the button sizes itself when that changes.
+/// style sheet included; the button sizes itself when that changes, unless the application has set another
+/// size since.
 ///
 /// Screen readers are told the accessible name; where none was set, the text, the tool tip, or the tip of
 /// SetTipsTxt(), whichever comes first. GUI thread only. \since 1.0
@@ -179,6 +180,7 @@ private:
     void focusLost(Qt::FocusReason reason);
     void followEnabled();
     QFont paintedFont() const;
+    bool hasOwnSize() const;
     virtual void fontChanged();
     QString tipsMarkup() const;
     void showTips();

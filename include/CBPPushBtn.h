@@ -16,7 +16,8 @@ class QPen;
 
 namespace lumqt {
 class CachedText;
-}
+enum class Press : unsigned char;
+} // namespace lumqt
 
 /// The library's push button: text, an icon before or behind it, a colour per state, an id, and a drop-down
 /// menu if wanted.
@@ -195,6 +196,8 @@ protected:
     /// Called when setSelected() has changed the flag; does nothing here. \since 1.0
     virtual void selectedChanged();
 
+    void hideEvent(QHideEvent *event) override;
+
 private Q_SLOTS:
     void OnActionTriggered(QAction *pAct);
 
@@ -212,7 +215,8 @@ private:
     QPixmap iconPixmap() const;
     void openMenu();
     void returnMark();
-    bool isTakenBack();
+    bool pressEnded();
+    void pressLost();
     void followKey(bool wasDown, bool clicked);
     void drawCheckedLook(QPainter &painter, const QRect &rect) const;
 
@@ -236,6 +240,6 @@ private:
     std::unique_ptr<lumqt::CachedText> m_textLayout;
     QString m_plainText;         // the text that makes no shortcut
     bool m_markedBefore = false; // as focused, when the mouse pressed it
-    bool m_takenBack = false;    // Escape came while it was down
+    lumqt::Press m_press{};      // of the mouse
     mutable bool m_cut = false;  // an ellipsis stood for the end of the text at the last paint
 };

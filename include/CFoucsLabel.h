@@ -17,6 +17,8 @@ class QAccessibleInterface;
 namespace lumqt {
 class CachedText;
 class PaintedImage;
+enum class FocusMark : unsigned char;
+enum class Press : unsigned char;
 } // namespace lumqt
 
 /// A title that can be clicked: a lead icon, a text on one line and an arrow at the end, in two looks,
@@ -25,9 +27,9 @@ class PaintedImage;
 /// "Focused" is a mark of this class, not the keyboard focus: among siblings it shows which of them is the
 /// current one. A click focuses the title and takes the mark off its siblings, without a word from them. The
 /// text is plain; what does not fit ends in an ellipsis and is shown as a tool tip. The arrow points down on
-/// a focused title and along the text on another. The Tab key reaches the title; Space and Enter click it.
-/// Screen readers find a page tab, selected or not. Right-to-left it is mirrored. Sizes are logical pixels.
-/// GUI thread only. \since 1.0
+/// a focused title and along the text on another. The Tab key reaches the title; Space and Enter click it,
+/// Escape takes back a press that is held. Screen readers find a page tab, selected or not. Right-to-left it
+/// is mirrored. Sizes are logical pixels. GUI thread only. \since 1.0
 class LUMQT_EXPORT CFoucsLabel : public QWidget
 {
     Q_OBJECT
@@ -118,9 +120,8 @@ private:
     std::unique_ptr<Icon> m_tail;
     bool m_showsTail = true;
     bool m_focused = false;
-    bool m_pressed = false;   // by the mouse
-    bool m_spaceDown = false; // by the keyboard
-    bool m_showsRing = false; // of the keyboard focus
+    lumqt::Press m_press{};
+    lumqt::FocusMark m_focusMark{}; // of the keyboard focus
     QVector<QPointer<CFoucsLabel>> m_siblings;
     std::unique_ptr<lumqt::CachedText> m_layout;
 };

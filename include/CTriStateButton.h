@@ -24,7 +24,9 @@ enum class FocusMark : unsigned char;
 /// right button clicks, too, a press is one wherever the mouse is dragged, and with setAutoRepeat() the last
 /// release is not signalled. It is no auto-default button. Its state is its own: isChecked() and toggled()
 /// take no part, unless setCheckable() is called, before the first click: then both are one state, toggled()
-/// comes with SetChecked(), too, and the button can be one of an exclusive QButtonGroup.
+/// comes with SetChecked(), too, and the button can be one of an exclusive QButtonGroup. The
+/// group sends buttonClicked() for click() only, and buttonReleased() where released() comes; buttonToggled()
+/// tells of the choice. setChecked() then changes any button, a locked one and one that never toggles, too.
 ///
 /// The look's index (0 plain, 1 hovered, 2 checked) picks the background of CBtnObj::setBgColor() and the
 /// text colour; the frame has colours of its own, see SetColor(). The text is drawn on one line in the

@@ -264,37 +264,32 @@ void CBPDropdownBtn::mouseReleaseEvent(QMouseEvent *event)
 
 void CBPDropdownBtn::keyPressEvent(QKeyEvent *event)
 {
-    if (m_pressed && event->matches(QKeySequence::Cancel)) { // and nobody else hears of it
+    const bool takesBack = m_pressed && event->matches(QKeySequence::Cancel); // and nobody else hears of it
+    const bool presses = event->key() == Qt::Key_Space;
+    const bool activates = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    // Alt+F4 and Ctrl+F4 close windows.
+    const bool plainF4 = event->key() == Qt::Key_F4 && !(event->modifiers() & ~Qt::KeypadModifier);
+    const bool opens = plainF4 || event->key() == Qt::Key_Down;
+    if (!takesBack && !presses && !activates && !opens) {
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    lumqt::keyUsed(m_focusMark);
+    setFocus(m_focusMark == lumqt::FocusMark::Shown);
+    update();
+    if (takesBack) {
         m_pressed = false;
         rest();
+    } else if (opens) {
+        OpenMenu();
+    } else if (event->isAutoRepeat()) {
         return;
-    }
-    switch (event->key()) {
-    case Qt::Key_Space:
-        if (event->isAutoRepeat())
-            return;
-        lumqt::keyUsed(m_focusMark);
-        setFocus(m_focusMark == lumqt::FocusMark::Shown);
+    } else if (activates) {
+        activate();
+    } else {
         m_pressed = true;
         look(Pressed);
-        return;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        if (!event->isAutoRepeat())
-            activate();
-        return;
-    case Qt::Key_F4:
-        if (event->modifiers() & ~Qt::KeypadModifier) // Alt+F4 and Ctrl+F4 close windows
-            break;
-        OpenMenu();
-        return;
-    case Qt::Key_Down:
-        OpenMenu();
-        return;
-    default:
-        break;
     }
-    QWidget::keyPressEvent(event);
 }
 
 void CBPDropdownBtn::keyReleaseEvent(QKeyEvent *event)

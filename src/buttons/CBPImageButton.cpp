@@ -272,7 +272,8 @@ void CBPImageButton::mousePressEvent(QMouseEvent *event)
     followEnabled();
     if (m_selected)
         return;
-    m_takenBack = false;
+    if (event->button() == Qt::LeftButton)
+        m_takenBack = false;
     hideTips();
     m_index = ENStatePress;
     // At once: what is connected to pressed() may take its time.
@@ -432,17 +433,24 @@ void CBPImageButton::changeEvent(QEvent *event)
 {
     if (!isEnabled() || (event->type() == QEvent::ActivationChange && !isActiveWindow()))
         hideTips();
-    if (event->type() == QEvent::FontChange)
-        fontChanged();
+    if (event->type() == QEvent::FontChange) {
+        if (hasOwnSize() && paintedFont() != m_measured)
+            fontChanged();
+        update();
+    }
     QPushButton::changeEvent(event);
+}
+
+// A size that the application has set meanwhile is the application's, whatever the font.
+bool CBPImageButton::hasOwnSize() const
+{
+    return minimumSize() == m_size && maximumSize() == m_size;
 }
 
 // What the font of the button does not say is the widget's to say.
 void CBPImageButton::fontChanged()
 {
-    if (paintedFont() != m_measured)
-        ReSetSize();
-    update();
+    ReSetSize();
 }
 
 void CBPImageButton::hideEvent(QHideEvent *event)

@@ -8,6 +8,7 @@
 #include "foundation/IconPixmap.h"
 #include "foundation/Painting.h"
 #include "foundation/PlainText.h"
+#include "foundation/PressKeys.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -304,7 +305,7 @@ void CBPPushBtn::mousePressEvent(QMouseEvent *event)
     }
     if (event->button() != Qt::LeftButton)
         return;
-    m_takenBack = false;
+    m_press = lumqt::Press::Mouse;
     m_markedBefore = IsFocus();
     setState(Pressed);
     setFocus(true);
@@ -321,8 +322,7 @@ void CBPPushBtn::mouseReleaseEvent(QMouseEvent *event)
 {
     if (event->button() != Qt::LeftButton)
         return;
-    returnMark();
-    if (isTakenBack())
+    if (!pressEnded())
         return;
     if (m_hasMenu) {
         openMenu();
@@ -346,12 +346,21 @@ void CBPPushBtn::returnMark()
         setFocus(m_markedBefore);
 }
 
-// Whether Escape has taken the press back whose release this is.
-bool CBPPushBtn::isTakenBack()
+// The left mouse button was released; whether that counts, Escape not having taken the press back.
+bool CBPPushBtn::pressEnded()
 {
-    const bool taken = m_takenBack;
-    m_takenBack = false;
-    return taken;
+    returnMark();
+    return lumqt::mouseReleased(m_press);
+}
+
+// The button hears of no release while it is disabled or hidden.
+void CBPPushBtn::pressLost()
+{
+    if (m_press == lumqt::Press::None)
+        return;
+    returnMark();
+    if (m_press == lumqt::Press::Mouse)
+        m_press = lumqt::Press::None;
 }
 
 void CBPPushBtn::mouseMoveEvent(QMouseEvent *)
@@ -399,10 +408,18 @@ void CBPPushBtn::leaveEvent(QEvent *event)
 void CBPPushBtn::changeEvent(QEvent *event)
 {
     // Callers that disable the button, or its parent, through QWidget come by here.
-    if (event->type() == QEvent::EnabledChange)
+    if (event->type() == QEvent::EnabledChange) {
         setState(isEnabled() ? Normal : Disabled);
+        pressLost();
+    }
     QPushButton::changeEvent(event);
     update();
+}
+
+void CBPPushBtn::hideEvent(QHideEvent *event)
+{
+    pressLost();
+    QPushButton::hideEvent(event);
 }
 
 void CBPPushBtn::keyPressEvent(QKeyEvent *event)
@@ -417,7 +434,10 @@ void CBPPushBtn::keyPressEvent(QKeyEvent *event)
     QPushButton::keyPressEvent(event);
     if (!watch.end())
         return;
-    m_takenBack = m_takenBack || (wasDown && !isDown() && event->matches(QKeySequence::Cancel));
+    // Only a press of the mouse has a release that is still to come.
+    const bool takenBack = wasDown && !isDown() && event->matches(QKeySequence::Cancel);
+    if (takenBack && m_press == lumqt::Press::Mouse)
+        m_press = lumqt::Press::TakenBack;
     followKey(wasDown, watch.clicked());
 }
 

@@ -6,6 +6,7 @@
 #include "foundation/Painting.h"
 
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 
 namespace {
@@ -48,15 +49,20 @@ public:
 
     QStringList actionNames() const override
     {
-        QStringList names = AccessibleButton::actionNames();
-        if (state().checkable && names.contains(pressAction()))
+        // Those of what the button is, whether it is checkable to Qt or not.
+        QStringList names = QAccessibleWidget::actionNames(); // NOLINT(bugprone-parent-virtual-call)
+        if (m_button && m_button->isEnabled())
+            names.prepend(pressAction());
+        if (m_button && m_button->isEnabled() && !m_button->m_noToggle)
             names.prepend(toggleAction());
         return names;
     }
 
     void doAction(const QString &action) override
     {
-        if (actionNames().contains(action) && (action == pressAction() || action == toggleAction()))
+        if (!actionNames().contains(action))
+            return;
+        if (action == pressAction() || action == toggleAction())
             m_button->clickByTool(); // the button, and this with it, may be gone after
         else
             AccessibleButton::doAction(action);
@@ -164,10 +170,9 @@ void CTriStateButton::followRelease()
         emit clicked(false); // the button may be gone after
 }
 
-void CTriStateButton::mouseReleaseEvent(QMouseEvent *)
+void CTriStateButton::mouseReleaseEvent(QMouseEvent *event)
 {
-    returnMark();
-    if (!isTakenBack())
+    if (event->button() != Qt::LeftButton || pressEnded())
         followRelease();
 }
 

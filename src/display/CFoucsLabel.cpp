@@ -2,6 +2,7 @@
 
 #include "foundation/Accessible.h"
 #include "foundation/ElidedText.h"
+#include "foundation/FocusMark.h"
 #include "foundation/FontLookup.h"
 #include "foundation/ImageLoader.h"
 #include "foundation/Painting.h"
@@ -220,8 +221,7 @@ void CFoucsLabel::click()
 
 void CFoucsLabel::release()
 {
-    m_pressed = false;
-    m_spaceDown = false;
+    m_press = lumqt::Press::None;
     update();
 }
 
@@ -239,35 +239,39 @@ void CFoucsLabel::mousePressEvent(QMouseEvent *event)
         QWidget::mousePressEvent(event);
         return;
     }
-    m_pressed = true;
+    m_press = lumqt::Press::Mouse;
     update();
 }
 
 void CFoucsLabel::mouseReleaseEvent(QMouseEvent *event)
 {
-    if (event->button() != Qt::LeftButton || !m_pressed) {
+    const bool mine = m_press == lumqt::Press::Mouse || m_press == lumqt::Press::TakenBack;
+    if (event->button() != Qt::LeftButton || !mine) {
         QWidget::mouseReleaseEvent(event);
         return;
     }
-    release();
-    if (rect().contains(event->pos()))
+    const bool clicks = lumqt::mouseReleased(m_press) && rect().contains(event->pos());
+    update();
+    if (clicks)
         click();
 }
 
 void CFoucsLabel::keyPressEvent(QKeyEvent *event)
 {
-    const lumqt::PressStep step = lumqt::keyPressed(event, m_spaceDown);
-    if (step == lumqt::PressStep::NotMine)
+    const lumqt::PressStep step = lumqt::keyPressed(event, m_press);
+    if (step == lumqt::PressStep::NotMine) {
         QWidget::keyPressEvent(event);
-    else if (step == lumqt::PressStep::Down || step == lumqt::PressStep::TakenBack)
-        update();
-    else if (step == lumqt::PressStep::Click)
+        return;
+    }
+    lumqt::keyUsed(m_focusMark);
+    update();
+    if (step == lumqt::PressStep::Click)
         click();
 }
 
 void CFoucsLabel::keyReleaseEvent(QKeyEvent *event)
 {
-    const lumqt::PressStep step = lumqt::keyReleased(event, m_spaceDown);
+    const lumqt::PressStep step = lumqt::keyReleased(event, m_press);
     if (step == lumqt::PressStep::NotMine) {
         QWidget::keyReleaseEvent(event);
     } else if (step == lumqt::PressStep::Click) {
@@ -278,15 +282,16 @@ void CFoucsLabel::keyReleaseEvent(QKeyEvent *event)
 
 void CFoucsLabel::focusInEvent(QFocusEvent *event)
 {
-    m_showsRing = lumqt::showsFocusFor(this, event->reason());
+    lumqt::focusGained(m_focusMark, event->reason());
     QWidget::focusInEvent(event);
     update();
 }
 
 void CFoucsLabel::focusOutEvent(QFocusEvent *event)
 {
-    m_showsRing = false;
-    m_spaceDown = false;
+    lumqt::focusLost(m_focusMark, event->reason());
+    if (m_press == lumqt::Press::Space) // the release goes elsewhere
+        m_press = lumqt::Press::None;
     QWidget::focusOutEvent(event);
     update();
 }
@@ -340,7 +345,7 @@ QColor CFoucsLabel::textColor() const
 
 QColor CFoucsLabel::groundColor() const
 {
-    if (isEnabled() && (m_pressed || m_spaceDown))
+    if (isEnabled() && (m_press == lumqt::Press::Mouse || m_press == lumqt::Press::Space))
         return tint(textColor(), kPressedAlpha);
     if (m_focused)
         return tint(textColor(), kFocusedAlpha);
@@ -411,6 +416,6 @@ void CFoucsLabel::paintEvent(QPaintEvent *)
         drawArrow(painter, where.tail);
     else if (m_showsTail)
         drawIcon(painter, *m_tail, where.tail);
-    if (m_showsRing && isEnabled())
+    if (m_focusMark == lumqt::FocusMark::Shown && isEnabled())
         lumqt::drawFocusRing(painter, rect());
 }

@@ -4,10 +4,13 @@
 #include "CBPImageCheckBox.h"
 #include "CBPImageTextBtn.h"
 #include "CBPLinkerButton.h"
+#include "CBPMenuBtn.h"
 #include "CBPRoundBtn.h"
 #include "CBPToolButton.h"
+#include "CBPWaitBtn.h"
 #include "CButtonGroupBox.h"
 #include "CExpandBtn.h"
+#include "CFoucsLabel.h"
 #include "CTriStateButton.h"
 #include "foundation/Painting.h"
 #include "Pictures.h"
@@ -38,7 +41,10 @@ enum Trait {
     EnterInDialog = 4,
     EnterElsewhere = 8,
     RightClick = 16,
-    ToolToggles = 32
+    ToolToggles = 32,
+    Opens = 64,     // a menu, by Down and F4, too
+    NoClicks = 128, // it is pressed, and opens a menu
+    QtHovers = 256  // Qt repaints it
 };
 
 struct Sibling
@@ -114,8 +120,12 @@ const QVector<Sibling> kSiblings{
     {"group", kById, kRing, ReleaseOutside, groupButton},
     {"tool", SIGNAL(sigClick(int)), kRing, kTool, made<CBPToolButton>(kText, 1, ENAlignLeft, true)},
     {"link", SIGNAL(sigLinkerClick(int)), kRing, kTool | EnterInDialog, made<CBPLinkerButton>(kText)},
-    {"drop-down", kById, kOwnRing, EnterInDialog | EnterElsewhere, splitButton},
-    {"image check box", kByCheck, kRing, ToolToggles, imageCheckBox},
+    {"drop-down", kById, kOwnRing, EnterInDialog | EnterElsewhere | Opens, splitButton},
+    {"image check box", kByCheck, kRing, ToolToggles | QtHovers, imageCheckBox},
+    {"wait", kById, kOwnRing, kPush, made<CBPWaitBtn>(QStringList(), kText, QString())},
+    {"menu", SIGNAL(pressed()), kOwnRing, kPush | NoClicks, made<CBPMenuBtn>(kText)},
+    {"title", SIGNAL(FocusChanged(CFoucsLabel *)), kRing, EnterInDialog | EnterElsewhere | QtHovers,
+     made<CFoucsLabel>(kText)},
 };
 
 // A sibling in a window, below a field that has the focus.
@@ -219,8 +229,8 @@ private slots:
             widget->removeEventFilter(&watch);
         };
         forAll([&](const Sibling &sibling) {
-            if (sibling.traits & ToolToggles)
-                return; // Qt repaints it
+            if (sibling.traits & QtHovers)
+                return;
             Scene<QWidget> scene(sibling);
             scene.widget->setFixedWidth(20);
             watch.seen.clear();
@@ -255,7 +265,7 @@ private slots:
                 clicked.clear();
                 QTest::keyClick(scene.field, key, Qt::AltModifier);
                 QTest::qWait(0);
-                return button && button->isDown();
+                return clicked.count() > 0 || (button && button->isDown());
             };
             QVERIFY(!altClicks(Qt::Key_A));
             if (!button || qobject_cast<QCheckBox *>(button))
@@ -296,13 +306,23 @@ private slots:
                 awayAndBack();
                 QCOMPARE(ring(), shown);
             }
-            perform(widget, "space spaceup");
-            QVERIFY(ring());
+            const QPair<Qt::Key, int> keys[] = {{Qt::Key_Space, ~0},
+                                                {Qt::Key_Return, EnterElsewhere},
+                                                {Qt::Key_Down, Opens},
+                                                {Qt::Key_F4, Opens}};
+            for (const auto &key : keys) {
+                scene.field->setFocus();
+                widget->setFocus(Qt::MouseFocusReason);
+                QTest::keyClick(widget, key.first);
+                QVERIFY(ring() || !(sibling.traits & key.second));
+            }
             // None stays where no focus is.
             scene.field->setFocus();
             widget->setFocusPolicy(Qt::NoFocus);
-            perform(widget, "press release leave");
-            QVERIFY(!widget->hasFocus() && !ring());
+            for (const char *events : {"press release leave", "press disable enable", "press hide leave"}) {
+                perform(widget, events);
+                QVERIFY2(!widget->hasFocus() && !ring(), events);
+            }
             if (auto *push = qobject_cast<CBPPushBtn *>(widget)) {
                 push->CBtnObj::setFocus(true); // marked by a dialog
                 perform(widget, "press release leave");
@@ -317,6 +337,8 @@ private slots:
     {
         const auto check = [](const char *events, int clicks, Trait trait = None) {
             forAll([=](const Sibling &sibling) {
+                if (sibling.traits & NoClicks)
+                    return;
                 Scene<QDialog> scene(sibling);
                 QSignalSpy clicked(scene.widget, sibling.clicked);
                 QSignalSpy theirs(scene.ok, &QPushButton::clicked);
@@ -335,6 +357,9 @@ private slots:
         check("space escape spaceup", 0);
         check("press escape release", 0);
         check("space escape spaceup press escape release press release space spaceup", 2);
+        for (const char *events : {"press escape right rightup", "press escape right rightup release"})
+            check(events, 0, RightClick); // which is no release of the press
+        check("space escape spaceup right rightup", 0, RightClick);
         check("space away spaceup", 0);
         check("press out", 0, ReleaseOutside);
         check("return", 0, EnterInDialog);
@@ -344,6 +369,20 @@ private slots:
             scene.widget->setFocus();
             QTest::keyClick(scene.widget, Qt::Key_Return);
             QCOMPARE(clicked.count() == 1, bool(sibling.traits & EnterElsewhere));
+        });
+    }
+
+    // The size that an application gave is left alone by fonts.
+    void ownSizes()
+    {
+        forAll([](const Sibling &sibling) {
+            Scene<QWidget> scene(sibling);
+            scene.widget->setFixedSize(200, 40);
+            scene.window.setStyleSheet("QWidget { font-size: 30px; }");
+            QFont font(scene.window.font());
+            font.setBold(true);
+            scene.window.setFont(font);
+            QCOMPARE(scene.widget->size(), QSize(200, 40));
         });
     }
 

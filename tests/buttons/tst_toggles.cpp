@@ -148,6 +148,8 @@ private slots:
         const auto chosen = [&](const CTriStateButton &one, const CTriStateButton &other) {
             return one.IsChecked() && one.isChecked() && !other.IsChecked() && !other.isChecked();
         };
+        QSignalSpy groupClicked(&group, &QButtonGroup::idClicked);
+        QSignalSpy groupReleased(&group, &QButtonGroup::idReleased);
         for (const Click how : {Click::Left, Click::Space, Click::Tool}) {
             click(&first, how);
             QVERIFY(chosen(first, second));
@@ -155,6 +157,7 @@ private slots:
             click(&second, how); // the group keeps one chosen
             QVERIFY(chosen(second, first));
         }
+        QVERIFY(groupClicked.isEmpty() && groupReleased.isEmpty()); // as promised
         first.SetChecked(true);
         QVERIFY(chosen(first, second));
         second.setChecked(true);
@@ -186,6 +189,14 @@ private slots:
         QCOMPARE(face(&button)->role(), QAccessible::CheckBox);
         QCOMPARE(face(&all)->role(), QAccessible::PushButton);
         QCOMPARE(face(first)->role(), QAccessible::RadioButton);
+        for (const bool checkable : {true, false}) {
+            for (CTriStateButton *each : {&button, &all}) {
+                each->setCheckable(checkable);
+                const QStringList names = face(each)->actionInterface()->actionNames();
+                QVERIFY(names.contains(QAccessibleActionInterface::pressAction()));
+                QCOMPARE(names.contains(QAccessibleActionInterface::toggleAction()), each == &button);
+            }
+        }
         QVERIFY(face(&button)->state().checkable && !face(&button)->state().checked);
         const auto told = [](const std::function<void()> &act) { return selections::during(act).size(); };
         QCOMPARE(told([&] {
