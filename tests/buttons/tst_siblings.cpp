@@ -104,9 +104,9 @@ QWidget *splitButton()
     return button;
 }
 
-const char kById[] = SIGNAL(sigBtnClicked(int));
-const char kByCheck[] = SIGNAL(clicked(bool));
-const char kByImage[] = SIGNAL(btn_released(int));
+const char *const kById = SIGNAL(sigBtnClicked(int));
+const char *const kByCheck = SIGNAL(clicked(bool));
+const char *const kByImage = SIGNAL(btn_released(int));
 constexpr QRgb kRing = lumqt::kFocusRingColor;
 
 const QVector<Sibling> kSiblings{
