@@ -26,21 +26,6 @@ CBPPushBtn *pushButton()
     return button;
 }
 
-CBPMenuBtn *menuButton()
-{
-    return new CBPMenuBtn(kText);
-}
-
-CBPToolButton *toolButton()
-{
-    return new CBPToolButton(kText, 7, ENAlignLeft, true);
-}
-
-CBPDropdownBtn *dropdownButton()
-{
-    return new CBPDropdownBtn(kText, 9);
-}
-
 const Click kWays[] = {Click::Left, Click::Space, Click::Enter, Click::Tool};
 
 void clickAsDefault(QWidget *button, Click how)
@@ -108,9 +93,9 @@ private slots:
             QVERIFY2(opened.count() == times && clicked.isEmpty(), signal);
         };
         check(pushButton(), SIGNAL(sigBtnClicked(int)), QAccessible::PushButton);
-        check(menuButton(), SIGNAL(sigBtnClicked(int)), QAccessible::ButtonMenu);
-        check(toolButton(), SIGNAL(sigClick(int)), QAccessible::ButtonMenu);
-        check(dropdownButton(), SIGNAL(sigBtnClicked(int)), QAccessible::ButtonMenu);
+        check(new CBPMenuBtn(kText), SIGNAL(sigBtnClicked(int)), QAccessible::ButtonMenu);
+        check(new CBPToolButton(kText, 7, ENAlignLeft, true), SIGNAL(sigClick(int)), QAccessible::ButtonMenu);
+        check(new CBPDropdownBtn(kText, 9), SIGNAL(sigBtnClicked(int)), QAccessible::ButtonMenu);
     }
 
     void lifetimes()
@@ -133,9 +118,9 @@ private slots:
             }
         };
         check(pushButton);
-        check(menuButton);
-        check(toolButton);
-        check(dropdownButton);
+        check([] { return new CBPMenuBtn(kText); });
+        check([] { return new CBPToolButton(kText, 7, ENAlignLeft, true); });
+        check([] { return new CBPDropdownBtn(kText, 9); });
     }
 
     // A tool button takes menus of others, too, and the menu goes with it unless it is "shrinked".
@@ -192,8 +177,6 @@ private slots:
         button.AppendSubMenu(nullptr);
         QVERIFY(!button.GetMenu());
         button.AppendMenuItem(QString(), QStringLiteral("One"), 11);
-        button.AppendSubMenu(button.GetMenu()); // refused by the menu
-        QCOMPARE(button.GetMenu()->actions().size(), 1);
         button.setSplit(true);
         button.resize(button.sizeHint());
         button.show();
@@ -237,11 +220,6 @@ private slots:
         sendFocus(button, QEvent::FocusOut);
         sendMouse(button, QEvent::MouseButtonRelease);
         QVERIFY(clicked.isEmpty());
-        QPointer<CBPDropdownBtn> dying = new CBPDropdownBtn(kText, 1);
-        dying->setSplit(true);
-        connect(dying.data(), &CBPDropdownBtn::sigBtnClicked, this, [&] { delete dying.data(); });
-        click(dying, Click::Space);
-        QVERIFY(!dying);
     }
 
     void menuLeavesTheButtonFree()

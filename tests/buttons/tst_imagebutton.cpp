@@ -10,12 +10,12 @@
 #include "TestMain.h"
 
 #include <QLabel>
-#include <QTemporaryDir>
 
 namespace {
 
 constexpr int kId = 31;
-const QColor kStateColors[] = {Qt::red, Qt::green, Qt::blue, Qt::cyan};
+const QVector<QColor> kStateColors{Qt::yellow, Qt::green, Qt::blue, Qt::cyan}; // no ink, unlike texts
+const QVector<QColor> kBlack(4, Qt::black);
 const QColor kWhite(Qt::white);
 
 QColor pixel(QWidget &widget, int x, int y)
@@ -23,34 +23,21 @@ QColor pixel(QWidget &widget, int x, int y)
     return pixelOf(pictureOf(widget), x, y);
 }
 
-// Of texts in magenta, which antialiasing makes lighter.
-QRect magentaIn(const QImage &image)
-{
-    QRect ink;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            const QColor color = image.pixelColor(x, y);
-            if (color.red() > 200 && color.blue() > 200 && color.green() < 200)
-                ink |= QRect(x, y, 1, 1);
-        }
-    }
-    return ink;
-}
-
 CTextTips *tips()
 {
-    const auto windows = QApplication::topLevelWidgets();
-    const auto found = std::find_if(windows.begin(), windows.end(),
-                                    [](QWidget *each) { return qobject_cast<CTextTips *>(each); });
-    return found == windows.end() ? nullptr : static_cast<CTextTips *>(*found);
+    CTextTips *found = nullptr;
+    for (QWidget *each : QApplication::topLevelWidgets())
+        found = found ? found : qobject_cast<CTextTips *>(each);
+    return found;
 }
 
 Deeds ownDeeds(CBPImageButton *button)
 {
     return {
-        {"select", [=] { button->SetSelect(true); }},   {"deselect", [=] { button->SetSelect(false); }},
-        {"default", [=] { button->setDefault(true); }}, {"checkable", [=] { button->setCheckable(true); }},
-        {"paint", [=] { pictureOf(*button); }},         {"notip", [=] { button->SetTipsTxt(QString()); }},
+        {"select", [=] { button->SetSelect(true); }},       {"deselect", [=] { button->SetSelect(false); }},
+        {"default", [=] { button->setDefault(true); }},     {"untold", [] { QVERIFY(!tips()); }},
+        {"checkable", [=] { button->setCheckable(true); }}, {"paint", [=] { pictureOf(*button); }},
+        {"notip", [=] { button->SetTipsTxt(QString()); }},
     };
 }
 
@@ -76,7 +63,7 @@ private slots:
                 CBPImageButton button(m_png.mid(0, images), round, kId);
                 QCOMPARE(button.GetSize(), images == 4 ? QSize(20, 16) : QSize());
                 button.SetHight(textHeight);
-                button.SetText(text, lumqt::uiFont(), QVector<QColor>(4, Qt::black), beside, 7, 3);
+                button.SetText(text, lumqt::uiFont(), kBlack, beside, 7, 3);
                 QCOMPARE(button.GetSize(), images == 4 ? fixed : QSize());
                 QCOMPARE(button.minimumSize() == fixed && button.maximumSize() == fixed, images == 4);
             }
@@ -89,7 +76,6 @@ private slots:
         check(false, false, 0, QSize(2, 23));
         check(true, true, 40, QSize(82, 40));
         check(true, true, 0, QSize(58 + metrics.height(), 0)); // both heights count
-        check(true, false, 40, QSize(2, 63));
         check(true, false, 0, QSize(18, 23));
     }
 
@@ -136,11 +122,10 @@ private slots:
                         delete button;
                 });
                 perform(button, events, ownDeeds(button));
-                QVERIFY2(button.isNull() == (deadly && QByteArray(expected).contains("31")), events);
-                if (button)
-                    QVERIFY2(pixel(*button, 10, 8) == kStateColors[look], events);
-                if (!deadly)
-                    QVERIFY2(sent.join(' ') == expected, qPrintable(sent.join(' ') + " by " + events));
+                const QByteArray seen = events + (": " + sent.join(' ')).toLatin1();
+                QVERIFY2(button.isNull() == (deadly && sent.contains("31")), seen);
+                QVERIFY2(!button || pixel(*button, 10, 8) == kStateColors[look], seen);
+                QVERIFY2(deadly || sent.join(' ') == expected, seen);
                 delete button;
                 QVERIFY2(!tips(), events); // gone with the button
             }
@@ -151,26 +136,21 @@ private slots:
         check("enter press out", 2, "pressed");
         check("enter right rightup", 2, "");
         check("press release double release", 2, "pressed 31 pressed 31");
-        check("select leave enter press release space spaceup", 2, ""); // deaf
+        check("select leave enter untold press release space spaceup", 2, ""); // deaf
         check("press select release disable", 3, "pressed");
         check("enter select deselect", 0, "");
-        check("enter disable paint enable", 0, "");
         check("select disable paint enable", 0, ""); // it looks normal, and answers again
         check("select disable paint enable press", 2, "pressed");
         check("select disable enable press", 2, ""); // nobody saw it disabled
         check("checkable press release", 2, "pressed toggled 31");
         check("checkable space spaceup", 0, "pressed toggled released 31 clicked");
         check("press release disable", 3, "pressed 31");
-        check("press release spaceup leave", 0, "pressed 31");
         // What reports the click comes before other slots of clicked().
         check("space spaceup", 0, "pressed released 31 clicked");
         check("space", 2, "pressed");
-        check("enter space spaceup leave", 0, "pressed released 31 clicked");
         check("space focusout spaceup", 0, "pressed");
         check("default return", 0, "pressed released 31 clicked");
         check("call", 0, "pressed released 31 clicked");
-        check("tool", 0, "pressed released 31 clicked");
-        check("disable tool", 3, "");
         check("select call", 2, "pressed released clicked");
     }
 
@@ -202,7 +182,6 @@ private slots:
                          expected.convertToFormat(QImage::Format_RGB32));
             }
         };
-        check(false, 5, 0, 0, QPoint(5, 7));
         check(false, 0, 0, 0, QPoint(0, 7));
         check(false, 6, 8, 0, QPoint(14, 7));
         check(true, 5, 8, 0, QPoint(20, 7));
@@ -213,26 +192,24 @@ private slots:
     // Buttons that share files share the looks at them, and miss nothing.
     void filesChangeOnDisk()
     {
-        for (const char *name : {"shared%1.png", "shared%1.svg"}) {
-            QVector<QString> images = files(name, QSize(10, 10));
-            CBPImageButton first(images, false, 1);
-            CBPImageButton second(images, false, 2);
-            const auto shown = [&](const QColor &one, const QColor &two) {
-                return pixel(first, 7, 5) == one && pixel(second, 7, 5) == two;
-            };
-            makeOld(images[0]);
-            QVERIFY2(shown(Qt::red, Qt::red) && shown(Qt::red, Qt::red), name);
-            savePicture(images[0], QSize(10, 10), Qt::yellow);
-            QVERIFY2(shown(Qt::yellow, Qt::yellow), name);
-            makeOld(images[0]);
-            QVERIFY2(shown(Qt::yellow, Qt::yellow), name);
-            second.SetImgButtonRes(m_png);
-            QVERIFY2(shown(Qt::yellow, Qt::red), name);
-            for (const QString &file : {images[0], denseTwin(images[0])})
-                QFile::remove(file);
-            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("is missing")));
-            QVERIFY2(shown(Qt::white, Qt::red), name);
-        }
+        QVector<QString> images = files("shared%1.png", QSize(10, 10));
+        CBPImageButton first(images, false, 1);
+        CBPImageButton second(images, false, 2);
+        const auto shown = [&](const QColor &one, const QColor &two) {
+            return pixel(first, 7, 5) == one && pixel(second, 7, 5) == two;
+        };
+        makeOld(images[0]);
+        QVERIFY(shown(Qt::yellow, Qt::yellow) && shown(Qt::yellow, Qt::yellow));
+        savePicture(images[0], QSize(10, 10), Qt::red);
+        QVERIFY(shown(Qt::red, Qt::red));
+        makeOld(images[0]);
+        QVERIFY(shown(Qt::red, Qt::red));
+        second.SetImgButtonRes(m_png);
+        QVERIFY(shown(Qt::red, Qt::yellow));
+        for (const QString &file : {images[0], denseTwin(images[0])})
+            QFile::remove(file);
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("is missing")));
+        QVERIFY(shown(Qt::white, Qt::yellow));
     }
 
     void backgrounds()
@@ -300,11 +277,10 @@ private slots:
         // Spacing 7, margin 3, border 5, image 20 x 16.
         const auto check = [this](bool round, bool beside, int images, int colors, const QPoint &start) {
             CBPImageButton button(m_png.mid(0, images), round, kId);
-            button.SetText(QStringLiteral("||||"), lumqt::uiFont(), QVector<QColor>(colors, Qt::magenta),
-                           beside, 7, 3);
+            button.SetText(QStringLiteral("||||"), lumqt::uiFont(), kBlack.mid(0, colors), beside, 7, 3);
             button.setFixedSize(120, beside ? 30 : 60);
             const qreal ratio = button.devicePixelRatioF();
-            const QRect ink = magentaIn(pictureOf(button));
+            const QRect ink = inkOf(pictureOf(button), 200);
             QCOMPARE(ink.isEmpty(), start.x() < 0);
             if (ink.isEmpty())
                 return;
@@ -328,14 +304,13 @@ private slots:
             window.resize(600, 200);
             CBPImageTextBtn labelled(m_png, QStringLiteral("MMMMMMMMMM"), kId, &window);
             CBPImageButton button(m_png, false, kId, &window);
-            button.SetText(QStringLiteral("MMMMMMMMMM"), QFont(GetFontFamily(1)),
-                           QVector<QColor>(4, Qt::magenta), true, 0, 0);
+            button.SetText(QStringLiteral("MMMMMMMMMM"), QFont(GetFontFamily(1)), kBlack, true, 0, 0);
             const int before = button.width();
             window.setStyleSheet(QLatin1String(sheet));
             window.show();
             QVERIFY(button.width() > before || !QByteArray(sheet).contains("30px"));
             const int free =
-                button.width() - magentaIn(pictureOf(button)).right() / button.devicePixelRatioF();
+                button.width() - inkOf(pictureOf(button), 200).right() / button.devicePixelRatioF();
             QVERIFY2(free >= 5 && free <= 20, QByteArray::number(free));
             QVERIFY(inkOf(pictureOf(labelled)).right() < labelled.width() * labelled.devicePixelRatioF() - 4);
         }
@@ -366,11 +341,6 @@ private slots:
             perform(&button, events, ownDeeds(&button));
             QVERIFY2(!tips()->isVisible(), events);
         }
-        CBPImageButton button(m_png, false, kId);
-        button.SetTipsTxt(QStringLiteral("Tip"));
-        button.SetSelect(true);
-        sendEvent(button, QEvent::Enter);
-        QVERIFY(!tips());
     }
 
     // Spoken is the first of the four names that there is.
@@ -389,15 +359,9 @@ private slots:
     }
 
 private:
-    // Image files for the four states, each in its state's colour.
-    QVector<QString> files(const char *pattern, const QSize &size)
+    QVector<QString> files(const char *name, const QSize &size)
     {
-        QVector<QString> result;
-        for (int i = 0; i < 4; ++i) {
-            result << m_folder.filePath(QString::fromLatin1(pattern).arg(i));
-            savePicture(result.last(), size, kStateColors[i]);
-        }
-        return result;
+        return savePictures(m_folder, name, size, kStateColors);
     }
 
     QTemporaryDir m_folder;

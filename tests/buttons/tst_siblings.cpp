@@ -18,7 +18,6 @@
 #include <QDialog>
 #include <QLineEdit>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QVBoxLayout>
 
 // What all buttons of the library have in common: what a text is, when the focus shows, what a press is.
@@ -166,10 +165,7 @@ class TestSiblings : public QObject
 private slots:
     void initTestCase()
     {
-        for (int i = 0; i < 4; ++i) {
-            images << m_folder.filePath(QStringLiteral("%1.png").arg(i));
-            savePicture(images.last(), QSize(20, 16), Qt::gray);
-        }
+        images = savePictures(m_folder, "%1.png", QSize(20, 16), QVector<QColor>(4, Qt::gray));
     }
 
     // Each may be the last thing that the button does.

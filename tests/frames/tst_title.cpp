@@ -277,8 +277,7 @@ private Q_SLOTS:
         QCOMPARE(ids.size(), 7);
         // Of several bits the last wins, and wins too when its button is missing.
         for (const auto &[asked, found] : {std::pair(0, 0), std::pair(8, 8), std::pair(2 | 8 | 64, 64),
-                                           std::pair(2 | 4, 0), std::pair(255, 128), std::pair(16, 0),
-                                           std::pair(32, 0), std::pair(256, 0), std::pair(2048, 0)}) {
+                                           std::pair(2 | 4, 0), std::pair(255, 128), std::pair(2048, 0)}) {
             const CBPImageButton *shown = w.bar.titleBtn(asked);
             QCOMPARE(shown ? shown->GetID() : 0, found);
         }
@@ -289,11 +288,7 @@ private Q_SLOTS:
         Window w;
         QVector<int> ids;
         w.bar.SetBtnCallbackFunc(&recordId, &ids);
-        QVector<QString> images;
-        for (const char *state : {"normal", "hover", "press", "disable"})
-            images << Util::getResFullPath(
-                QStringLiteral("../res/maximize_%1.png").arg(QLatin1String(state)));
-        auto *maximise = new CBPImageButton(images, false, 4, nullptr);
+        auto *maximise = new CBPImageButton({4, common("minimize_normal.png")}, false, 4, nullptr);
         connect(maximise, SIGNAL(btn_released(int)), &w.bar, SLOT(on_btn_clicekedSlot(int)));
         w.bar.InsertWidget(8, maximise, 0, Qt::AlignCenter);
         w.bar.InsertWidget(1000, new QWidget, 0, Qt::AlignCenter);
@@ -304,6 +299,7 @@ private Q_SLOTS:
         w.bar.layout()->activate();
         QCOMPARE(w.bar.titleBtn(4), maximise);
         QVERIFY(maximise->x() > button(w.bar, 2)->x() && maximise->x() < button(w.bar, 8)->x());
+        w.bar.ResetMaxBtn(false);
         const QImage plain = drawn(*maximise);
         w.bar.ResetMaxBtn(true);
         QVERIFY(drawn(*maximise) != plain);
@@ -333,10 +329,9 @@ private Q_SLOTS:
         };
         for (const auto &[painted, change] : changes) {
             QCoreApplication::processEvents();
-            m_paints = 0;
-            painted->installEventFilter(this);
+            EventCounter paints(painted, {QEvent::Paint});
             change();
-            QTRY_VERIFY(m_paints > 0);
+            QTRY_VERIFY(paints.count > 0);
         }
         const QPoint dot(dotted->width() - 12 + 3, 8);
         QCOMPARE(drawn(*dotted).pixelColor(dot), QColor(0xe0, 0x20, 0x20));
@@ -375,8 +370,7 @@ private Q_SLOTS:
         Window w;
         QSignalSpy spy(&w.bar, &CBPWinFrmTitle::on_dbl_clickedSignal);
         const QRect before = w.geometry();
-        for (const QPoint &at : {QPoint(20, 30), QPoint(300, 30)})
-            QTest::mouseDClick(&w.bar, Qt::LeftButton, {}, at);
+        QTest::mouseDClick(&w.bar, Qt::LeftButton, {}, QPoint(300, 30));
         QVERIFY(spy.isEmpty());
         QCOMPARE(w.geometry(), before);
         CBPWinFrmTitle alone(nullptr);
@@ -384,15 +378,6 @@ private Q_SLOTS:
         send(alone, QEvent::MouseMove, QPoint(220, 190));
         QCOMPARE(alone.pos(), QPoint(0, 0));
     }
-
-private:
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        m_paints += event->type() == QEvent::Paint;
-        return false;
-    }
-
-    int m_paints = 0;
 };
 
 LUMQT_TEST_MAIN(TestTitle)
