@@ -42,13 +42,11 @@ class TestDropdown : public QObject
     Q_OBJECT
 
 private slots:
-    void init()
+    void initTestCase()
     {
-        m_system = lumqt::platform::answers();
         lumqt::platform::answers().frameWidth = [](const QWidget *) { return kFrame; };
         lumqt::platform::answers().captionHeight = [](const QWidget *) { return kCaption; };
     }
-    void cleanup() { lumqt::platform::answers() = m_system; }
 
     // Each way to click opens the menu, once, and is no click.
     void opens()
@@ -62,8 +60,8 @@ private slots:
                 for (const Click how : kWays)
                     clickAsDefault(made, how); // there is nothing to open
             }
-            made->AppendMenuItem(QString(), QStringLiteral("One"), 11);
-            made->AppendMenuItem(QStringLiteral("none.png"), QStringLiteral("Two"), 12);
+            made->AppendMenuItem(QString(), "One", 11);
+            made->AppendMenuItem("none.png", "Two", 12);
             CBPMenu *menu = made->GetMenu();
             QCOMPARE(menu->actions().size(), 2);
             QSignalSpy opened(menu, &QMenu::aboutToShow);
@@ -103,11 +101,11 @@ private slots:
         const auto check = [this](auto make) {
             for (const Click how : kWays) {
                 QPointer button = make();
-                button->AppendMenuItem(QString(), QStringLiteral("One"), 1);
+                button->AppendMenuItem(QString(), "One", 1);
                 delete button->GetMenu(); // the application's right
                 clickAsDefault(button, how);
                 QVERIFY(!button->GetMenu());
-                button->AppendMenuItem(QString(), QStringLiteral("Two"), 2);
+                button->AppendMenuItem(QString(), "Two", 2);
                 const QPointer<CBPMenu> menu = button->GetMenu();
                 button->show();
                 whileOpen(this, menu, [&](CBPMenu *) { delete button.data(); });
@@ -127,7 +125,7 @@ private slots:
     void toolMenus()
     {
         CBPToolButton button(QString(), 7, ENAlignLeft, true);
-        button.setToolTip(QStringLiteral("Tip"));
+        button.setToolTip("Tip");
         CBPMenu sub(kText);
         button.SetMenu(&sub); // it has none to replace
         button.AppendSubMenu(nullptr);
@@ -148,7 +146,7 @@ private slots:
         }
         const QPointer<CBPMenu> own = button.GetMenu();
         CBPMenu given;
-        QAction *item = given.AddAction(QStringLiteral("Three"), 3);
+        QAction *item = given.AddAction("Three", 3);
         button.SetMenu(&given);
         QCOMPARE(button.GetMenu(), &given);
         QSignalSpy chosen(&button, &CBPToolButton::sigActionTriggered);
@@ -164,7 +162,7 @@ private slots:
     {
         CBPPushBtn button(kText, nullptr, true);
         QVERIFY(!button.GetMenu());
-        button.AppendMenuItem(QString(), QStringLiteral("One"), 11);
+        button.AppendMenuItem(QString(), "One", 11);
         QCOMPARE(button.minimumWidth(), 95);
         const QRect arrow = boxOf(pictureOf(button, 1), QColor(127, 134, 143));
         QVERIFY(QRect((95 - 10) / 2 + 10, 12, 8, 4).contains(arrow));
@@ -173,20 +171,18 @@ private slots:
 
     void splitButton()
     {
-        CBPDropdownBtn button(QStringLiteral("Sort"), 9);
+        CBPDropdownBtn button("Sort", 9);
         button.AppendSubMenu(nullptr);
         QVERIFY(!button.GetMenu());
-        button.AppendMenuItem(QString(), QStringLiteral("One"), 11);
+        button.AppendMenuItem(QString(), "One", 11);
         button.setSplit(true);
         button.resize(button.sizeHint());
         button.show();
         const QPoint arrow(button.width() - 10, 10);
         QSignalSpy clicked(&button, &CBPDropdownBtn::sigBtnClicked);
         QSignalSpy shown(button.GetMenu(), &QMenu::aboutToShow);
-        for (const Click how : kWays) { // the text clicks
-            click(&button, how);
-            QCOMPARE(clicked.takeFirst().first().toInt(), 9);
-        }
+        click(&button, Click::Left); // on the text
+        QCOMPARE(clicked.takeFirst().first().toInt(), 9);
         QVERIFY(shown.isEmpty());
         // The press on the button that closes the menu does not open it again.
         whileOpen(this, button.GetMenu(), [&](CBPMenu *menu) {
@@ -224,8 +220,8 @@ private slots:
 
     void menuLeavesTheButtonFree()
     {
-        CBPDropdownBtn button(QStringLiteral("Sort"), 9);
-        button.AppendMenuItem(QString(), QStringLiteral("One"), 11);
+        CBPDropdownBtn button("Sort", 9);
+        button.AppendMenuItem(QString(), "One", 11);
         const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
         for (const int y : {screen.top() + 50, screen.bottom() - 60}) {
             button.move(screen.left() + 50, y);
@@ -248,7 +244,7 @@ private slots:
     {
         const QVector<QColor> four{Qt::red, Qt::green, Qt::blue, Qt::cyan};
         for (const int count : {0, 3, 4, 5}) { // only four are taken
-            CBPDropdownBtn button(QStringLiteral("A text that has no room"), 1);
+            CBPDropdownBtn button("A text that has no room", 1);
             button.setSplit(true);
             button.resize(count == 5 ? 8 : 100, 28);
             button.setBgColor(four.mid(0, count));
@@ -265,9 +261,6 @@ private slots:
             }
         }
     }
-
-private:
-    lumqt::platform::Answers m_system;
 };
 
 LUMQT_TEST_MAIN(TestDropdown)

@@ -84,7 +84,7 @@ private slots:
         CBPImageButton button(m_png, false, kId);
         button.SetBorder(50, true);
         QCOMPARE(button.GetSize(), QSize(20, 16)); // there is no text
-        button.SetText(QStringLiteral("x"), true, 0);
+        button.SetText("x", true, 0);
         const int width = button.GetSize().width();
         button.SetBorder(10, false);
         QCOMPARE(button.GetSize().width(), width);
@@ -97,8 +97,8 @@ private slots:
         for (const int wild : {-100000, INT_MAX, INT_MIN}) {
             button.SetBorder(wild / 2, true);
             button.SetHight(wild);
-            button.SetText(QStringLiteral("x"), lumqt::uiFont(), {}, false, wild, wild / 2);
-            button.SetText(QStringLiteral("x"), true, wild);
+            button.SetText("x", lumqt::uiFont(), {}, false, wild, wild / 2);
+            button.SetText("x", true, wild);
             button.SetIconVoffset(wild);
             button.grab(QRect(0, 0, 20, 20));
             QVERIFY(button.GetSize().isValid() && button.GetSize().width() <= QWIDGETSIZE_MAX);
@@ -110,7 +110,7 @@ private slots:
         const auto check = [this](const char *events, int look, const char *expected) {
             for (const bool deadly : {false, true}) {
                 QPointer<CBPImageButton> button = new CBPImageButton(m_png, false, kId);
-                button->SetTipsTxt(QStringLiteral("Tip"));
+                button->SetTipsTxt("Tip");
                 QStringList sent;
                 connect(button, &QPushButton::pressed, this, [&] { sent << QStringLiteral("pressed"); });
                 connect(button, &QPushButton::released, this, [&] { sent << QStringLiteral("released"); });
@@ -208,7 +208,7 @@ private slots:
         QVERIFY(shown(Qt::red, Qt::yellow));
         for (const QString &file : {images[0], denseTwin(images[0])})
             QFile::remove(file);
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("is missing")));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("is missing"));
         QVERIFY(shown(Qt::white, Qt::yellow));
     }
 
@@ -277,7 +277,7 @@ private slots:
         // Spacing 7, margin 3, border 5, image 20 x 16.
         const auto check = [this](bool round, bool beside, int images, int colors, const QPoint &start) {
             CBPImageButton button(m_png.mid(0, images), round, kId);
-            button.SetText(QStringLiteral("||||"), lumqt::uiFont(), kBlack.mid(0, colors), beside, 7, 3);
+            button.SetText("||||", lumqt::uiFont(), kBlack.mid(0, colors), beside, 7, 3);
             button.setFixedSize(120, beside ? 30 : 60);
             const qreal ratio = button.devicePixelRatioF();
             const QRect ink = inkOf(pictureOf(button), 200);
@@ -302,9 +302,9 @@ private slots:
         for (const char *sheet : {"", "QWidget { font-size: 30px; }", "QWidget { font-weight: bold; }"}) {
             QWidget window;
             window.resize(600, 200);
-            CBPImageTextBtn labelled(m_png, QStringLiteral("MMMMMMMMMM"), kId, &window);
+            CBPImageTextBtn labelled(m_png, "MMMMMMMMMM", kId, &window);
             CBPImageButton button(m_png, false, kId, &window);
-            button.SetText(QStringLiteral("MMMMMMMMMM"), QFont(GetFontFamily(1)), kBlack, true, 0, 0);
+            button.SetText("MMMMMMMMMM", QFont(GetFontFamily(1)), kBlack, true, 0, 0);
             const int before = button.width();
             window.setStyleSheet(QLatin1String(sheet));
             window.show();
@@ -326,7 +326,7 @@ private slots:
             sendEvent(button, QEvent::Enter);
             QVERIFY(!tips()); // there is no text
             sendEvent(button, QEvent::Leave);
-            button.SetTipsTxt(QStringLiteral("50% of %1"));
+            button.SetTipsTxt("50% of %1");
             QCursor::setPos(120, 90);
             sendEvent(button, QEvent::Enter);
             QVERIFY2(tips() && tips()->isVisible(), events);
@@ -335,8 +335,8 @@ private slots:
             const QLabel *label = tips()->findChild<QLabel *>();
             QCOMPARE(label->text(), QStringLiteral("<font style=\"font-family:%1; font-size: 14px; "
                                                    "color:#ffffff;\">50% of %2</font>")
-                                        .arg(GetFontFamily(1), QStringLiteral("%1")));
-            button.SetTipsTxt(QStringLiteral("new"));
+                                        .arg(GetFontFamily(1), "%1"));
+            button.SetTipsTxt("new");
             QVERIFY(label->text().contains(QLatin1String(">new<")));
             perform(&button, events, ownDeeds(&button));
             QVERIFY2(!tips()->isVisible(), events);

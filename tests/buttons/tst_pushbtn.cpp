@@ -63,8 +63,7 @@ private slots:
     {
         // A width of 0 is left to the layout.
         const auto check = [](bool autoResize, int icon, bool menu, int minimum, int width) {
-            CBPPushBtn button(QStringLiteral("A text much longer than the button"), nullptr, autoResize,
-                              false);
+            CBPPushBtn button("A text much longer than the button", nullptr, autoResize, false);
             if (icon)
                 giveIcon(button, QSize(icon, icon));
             button.SetMininzerWidth(minimum);
@@ -80,11 +79,11 @@ private slots:
         check(true, 90, true, 85, 130);
         check(true, 0, false, 200, 200);
         check(true, 0, false, -50, 20);
-        CBPPushBtn button(QStringLiteral("x"), nullptr, true);
+        CBPPushBtn button("x", nullptr, true);
         giveIcon(button, QSize(90, 20));
         button.setSpacing(50); // waits for the next setter that sizes
         QCOMPARE(button.minimumWidth(), 120);
-        button.setText(QStringLiteral("y"));
+        button.setText("y");
         QCOMPARE(button.minimumWidth(), 160);
     }
 
@@ -94,8 +93,7 @@ private slots:
         const auto check = [this](const char *events, int state, const char *expected) {
             const QStringList all = QString::fromLatin1(expected).split(' ', Qt::SkipEmptyParts);
             for (const QString &last : all + QStringList{QString()}) {
-                QPointer<CBPPushBtn> button =
-                    new CBPPushBtn(QStringLiteral("OK"), 7, CBPPushBtn::ALIGN_CENTER, false, false);
+                QPointer<CBPPushBtn> button = new CBPPushBtn("OK", 7, CBPPushBtn::ALIGN_CENTER, false, false);
                 QStringList sent;
                 const auto note = [&](const QString &report) {
                     sent << report;
@@ -141,8 +139,8 @@ private slots:
     void defaultButton()
     {
         QDialog dialog;
-        CBPPushBtn first(QStringLiteral("First"), &dialog);
-        CBPPushBtn second(QStringLiteral("Second"), &dialog);
+        CBPPushBtn first("First", &dialog);
+        CBPPushBtn second("Second", &dialog);
         second.move(0, 50);
         second.setAutoDefault(false);
         showActive(dialog);
@@ -160,7 +158,7 @@ private slots:
     // Waits and dialogs that run inside clicked() are the rule in an application.
     void clicksInsideClicks()
     {
-        CBPPushBtn button(QStringLiteral("OK"), 6, CBPPushBtn::ALIGN_CENTER, false, false);
+        CBPPushBtn button("OK", 6, CBPPushBtn::ALIGN_CENTER, false, false);
         showActive(button);
         int depth = 0;
         connect(&button, &QPushButton::clicked, this, [&] {
@@ -197,7 +195,7 @@ private slots:
         CBPPushBtn pictured(QString(), nullptr);
         pictured.setIconSize(QSize(12, 12));
         pictured.setIcon(icon);
-        CBPPushBtn button(QStringLiteral("MMM"), nullptr);
+        CBPPushBtn button("MMM", nullptr);
         button.setBgColor(QVector<QColor>(4, Qt::white));
         button.setTextColor(colors);
         QFont font(QApplication::font());
@@ -223,7 +221,7 @@ private slots:
     void extremeNumbers()
     {
         for (const int number : {INT_MAX, INT_MIN}) {
-            CBPPushBtn button(QStringLiteral("x"), nullptr, true, true);
+            CBPPushBtn button("x", nullptr, true, true);
             giveIcon(button, QSize(12, 12));
             button.setSpacing(number);
             button.SetIconVoffSet(number);
@@ -240,7 +238,7 @@ private slots:
 
     void flags()
     {
-        CBPPushBtn button(QStringLiteral("OK"), nullptr);
+        CBPPushBtn button("OK", nullptr);
         button.resize(120, 28);
         button.CBtnObj::setFocus(true);
         button.setFocusFrameColor(Qt::red);
@@ -281,7 +279,7 @@ private slots:
     {
         const QColor outside(255, 0, 255);
         QWidget ground;
-        ground.setStyleSheet(QStringLiteral("background: #ff00ff"));
+        ground.setStyleSheet("background: #ff00ff");
         ground.resize(120, 28);
         auto *button = new CBPPushBtn(&ground);
         button->setStyleSheet(QString());
@@ -311,14 +309,13 @@ private slots:
     void colorListsOfAnyLength()
     {
         for (const int count : {0, 1, 3, 4, 5, 9}) {
-            CBPPushBtn button(QStringLiteral("OK"), nullptr);
+            CBPPushBtn button("OK", nullptr);
             button.resize(100, 28);
             const QVector<QColor> colors(count, QColor(1, 2, 3));
             for (const auto set : {&CBtnObj::setBgColor, &CBtnObj::setFrmColor, &CBtnObj::setTextColor,
                                    &CBtnObj::setFocusColor, &CBtnObj::setTriangleColor}) {
                 if (count != 4)
-                    QTest::ignoreMessage(QtWarningMsg,
-                                         QRegularExpression(QStringLiteral("colours for 4 states")));
+                    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("colours for 4 states"));
                 (button.*set)(colors);
             }
             button.setRoundRadius(QVector<int>(count));

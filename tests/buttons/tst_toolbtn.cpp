@@ -150,8 +150,8 @@ private slots:
     void sizingSetters()
     {
         const auto width = [](const std::function<void(CBPToolButton &)> &set) {
-            CBPToolButton button(QStringLiteral("Some text"), 1, ENAlignLeft, true);
-            button.AppendMenuItem(QString(), QStringLiteral("One"), 1);
+            CBPToolButton button("Some text", 1, ENAlignLeft, true);
+            button.AppendMenuItem(QString(), "One", 1);
             button.setPixelSize(40);
             set(button);
             return button.minimumWidth();
@@ -159,7 +159,7 @@ private slots:
         CBPMenu menu;
         QColor color(Qt::red);
         const int before = width([](CBPToolButton &) {});
-        const int after = width([](CBPToolButton &b) { b.SetText(QStringLiteral("Some text")); });
+        const int after = width([](CBPToolButton &b) { b.SetText("Some text"); });
         QVERIFY(after > before + 50);
         QCOMPARE(width([&](CBPToolButton &b) { b.SetTextColor(color); }), after);
         QCOMPARE(width([&](CBPToolButton &b) { b.SetSpacing(9); }), after + 4);
@@ -213,9 +213,8 @@ private slots:
 
     void lists()
     {
-        QVector<QString> four{QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c"),
-                              QStringLiteral("d")};
-        CBPToolButton button(four, QStringLiteral("x"), 5, ENAlignLeft, true);
+        QVector<QString> four{"a", "b", "c", "d"};
+        CBPToolButton button(four, "x", 5, ENAlignLeft, true);
         QCOMPARE(button.GetBtnID(), 5);
         QCOMPARE(button.icon(), QStringLiteral("a"));
         QCOMPARE(button.textClr(), QColor(14, 115, 173));

@@ -49,25 +49,6 @@ QPoint placeOf(const CBPTipWnd &tip, const QWidget &bound, int orientation)
     return QPoint(x[orientation], corner.y() + bound.height());
 }
 
-// Notes whether it was ever to be seen at another place than its own.
-class Watched : public CBPTipWnd
-{
-public:
-    using CBPTipWnd::CBPTipWnd;
-
-    std::function<bool()> isInPlace;
-    int painted = 0;
-    int misplaced = 0;
-    bool event(QEvent *event) override
-    {
-        const bool result = CBPTipWnd::event(event);
-        painted += event->type() == QEvent::Paint;
-        if (event->type() == QEvent::Show || event->type() == QEvent::Paint)
-            misplaced += !isInPlace();
-        return result;
-    }
-};
-
 } // namespace
 
 class TestTips : public QObject
@@ -82,29 +63,31 @@ private slots:
             const int orientation = row / 2;
             const int width = row % 2 ? 140 : 20; // wider than the widget, or narrower
             Scene scene;
-            Watched tip(ENOrientation(orientation), &scene.bound);
-            tip.isInPlace = [&] { return tip.pos() == placeOf(tip, scene.bound, orientation); };
+            CBPTipWnd tip(ENOrientation(orientation), &scene.bound);
+            const auto isInPlace = [&] { return tip.pos() == placeOf(tip, scene.bound, orientation); };
+            EventCounter paints(&tip, {QEvent::Paint}, isInPlace);
+            EventCounter misplaced(&tip, {QEvent::Paint}, [&] { return !isInPlace(); });
             tip.AppendWidget(content(width, 40));
             showActive(tip);
-            QTRY_VERIFY(tip.painted > 0);
-            QVERIFY2(tip.misplaced == 0, QByteArray::number(row));
+            QTRY_VERIFY(paints.count > 0);
+            QVERIFY2(misplaced.count == 0, QByteArray::number(row));
             // Some window managers report a first size and place of their own.
             QTRY_COMPARE(tip.size(), QSize(width + 32, 64));
-            QTRY_VERIFY2(tip.isInPlace(), QByteArray::number(row));
+            QTRY_VERIFY2(isInPlace(), QByteArray::number(row));
             scene.bound.move(100, 90);
-            QVERIFY(tip.isInPlace());
+            QVERIFY(isInPlace());
             scene.bound.resize(200, 50);
-            QVERIFY(tip.isInPlace());
+            QVERIFY(isInPlace());
             const QPoint before = tip.pos();
             scene.window.move(340, 250);
-            QTRY_VERIFY(tip.pos() != before && tip.isInPlace());
+            QTRY_VERIFY(tip.pos() != before && isInPlace());
             tip.AppendWidget(content(240));
-            QTRY_VERIFY(tip.width() == 272 && tip.isInPlace() && tip.isVisible());
+            QTRY_VERIFY(tip.width() == 272 && isInPlace() && tip.isVisible());
             // A tip that is not shown is nobody's business, until it is.
             tip.hide();
             scene.bound.move(10, 10);
             showActive(tip);
-            QVERIFY(tip.isInPlace());
+            QVERIFY(isInPlace());
         }
     }
 
@@ -253,7 +236,7 @@ private slots:
     {
         Scene scene;
         CBPTipWnd tip(ENOrientationLeft, &scene.bound);
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("no widget")));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("no widget"));
         tip.AppendWidget(nullptr);
         sendEvent(scene.bound, QEvent::Enter);
         QVERIFY(!tip.isVisible());
@@ -354,7 +337,7 @@ private slots:
                 QCOMPARE(label->geometry().topLeft(), QPoint(12, 3));
                 QCOMPARE(tip.size(), label->size() + QSize(24, 9));
                 const QSize large = tip.size();
-                tip.SetShowText(QStringLiteral("x"));
+                tip.SetShowText("x");
                 QVERIFY(tip.width() < large.width() || tip.height() < large.height());
             }
         }
@@ -363,7 +346,7 @@ private slots:
     void textTipColors()
     {
         CTextTips tip(0, nullptr);
-        tip.SetShowText(QStringLiteral("x"));
+        tip.SetShowText("x");
         const QLabel *label = tip.findChild<QLabel *>();
         QCOMPARE(drawn(tip).pixelColor(0, 0), QColor(0x10, 0x1c, 0x2d));
         QVERIFY(qGray(label->palette().color(QPalette::WindowText).rgb()) > 200);
