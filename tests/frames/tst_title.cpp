@@ -204,17 +204,30 @@ private Q_SLOTS:
         const QPoint inside(300, 30);
         const auto ground = [&] { return drawn(w.bar).pixelColor(inside); };
         QCOMPARE(ground(), kGround);
+        CBPImageButton *dotted = button(w.bar, 64);
+        dotted->show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        const auto repaints = [](QWidget *widget, const std::function<void()> &change) {
+            QCoreApplication::processEvents();
+            EventCounter paints(widget, {QEvent::Paint});
+            change();
+            QTRY_VERIFY(paints.count > 0);
+        };
         QColor red(Qt::red);
-        w.bar.SetBgColor(red);
+        repaints(&w.bar, [&] { w.bar.SetBgColor(red); });
         QCOMPARE(ground(), red);
         QColor none;
         w.bar.SetBgColor(none);
         QCOMPARE(ground(), red);
-        QLinearGradient gradient(0, 0, 0, 1);
-        gradient.setColorAt(0, Qt::blue);
-        gradient.setColorAt(1, Qt::blue);
-        w.bar.setLinerBrush(gradient);
+        QLinearGradient gradient;
+        gradient.setStops({{0, Qt::blue}, {1, Qt::blue}});
+        repaints(&w.bar, [&] { w.bar.setLinerBrush(gradient); });
         QCOMPARE(ground(), QColor(Qt::blue));
+        repaints(&w.bar, [&] { w.bar.SetRoundRectEnabled(false); });
+        repaints(dotted, [&] { w.bar.SetHasNewVersion(true); });
+        QVERIFY(!boxOf(drawn(*dotted), QColor(0xe0, 0x20, 0x20)).isEmpty());
+        w.bar.SetHasNewVersion(false);
+        QVERIFY(boxOf(drawn(*dotted), QColor(0xe0, 0x20, 0x20)).isEmpty());
         w.bar.SetTitleClr(Qt::green);
         w.bar.SetTitleClr(none);
         QCOMPARE(textColor(w.bar), QColor(Qt::green));
@@ -274,13 +287,6 @@ private Q_SLOTS:
         QVERIFY(w.bar.titleBtn(2 | 8 | 64) == button(w.bar, 64) && w.bar.titleBtn(255) == button(w.bar, 128));
         for (int none : {0, 2 | 4, 2048})
             QVERIFY(!w.bar.titleBtn(none));
-    }
-
-    void insertedMaximiseButton()
-    {
-        Window w;
-        QVector<int> ids;
-        w.bar.SetBtnCallbackFunc(&recordId, &ids);
         auto *maximise = new CBPImageButton({4, common("minimize_normal.png")}, false, 4, nullptr);
         connect(maximise, SIGNAL(btn_released(int)), &w.bar, SLOT(on_btn_clicekedSlot(int)));
         w.bar.InsertWidget(8, maximise, 0, Qt::AlignCenter);
@@ -298,38 +304,14 @@ private Q_SLOTS:
         QVERIFY(drawn(*maximise) != plain);
         w.bar.ResetMaxBtn(false);
         QCOMPARE(drawn(*maximise), plain);
+        w.bar.SetBtnCallbackFunc(&recordId, &ids);
         QTest::mouseClick(maximise, Qt::LeftButton);
-        QCOMPARE(ids, QVector<int>{4});
+        QVERIFY(ids.size() == 8 && ids.last() == 4);
         w.bar.EnableTitleBtn(4, false);
         QVERIFY(!maximise->isEnabled());
         delete maximise;
         w.bar.ResetMaxBtn(true);
         QVERIFY(!w.bar.titleBtn(4));
-    }
-
-    void repaints()
-    {
-        Window w;
-        w.bar.ShowTitleBtn(64, true);
-        QVERIFY(QTest::qWaitForWindowExposed(&w));
-        QColor red(Qt::red);
-        CBPImageButton *dotted = button(w.bar, 64);
-        const std::pair<QWidget *, std::function<void()>> changes[] = {
-            {&w.bar, [&] { w.bar.SetBgColor(red); }},
-            {&w.bar, [&] { w.bar.setLinerBrush(QLinearGradient(0, 0, 10, 10)); }},
-            {&w.bar, [&] { w.bar.SetRoundRectEnabled(false); }},
-            {dotted, [&] { w.bar.SetHasNewVersion(true); }},
-        };
-        for (const auto &[painted, change] : changes) {
-            QCoreApplication::processEvents();
-            EventCounter paints(painted, {QEvent::Paint});
-            change();
-            QTRY_VERIFY(paints.count > 0);
-        }
-        const QPoint dot(dotted->width() - 12 + 3, 8);
-        QCOMPARE(drawn(*dotted).pixelColor(dot), QColor(0xe0, 0x20, 0x20));
-        w.bar.SetHasNewVersion(false);
-        QVERIFY(drawn(*dotted).pixelColor(dot) != QColor(0xe0, 0x20, 0x20));
     }
 
     void dragging()
