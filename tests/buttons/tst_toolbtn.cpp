@@ -461,22 +461,22 @@ private slots:
 
     void looks()
     {
-        for (const int count : {0, 3, 4, 5}) { // only four are taken
+        for (const int count : {3, 4}) { // only four are taken
             CBPDropdownBtn button("A text that has no room", 1);
             button.setSplit(true);
-            button.resize(count == 5 ? 8 : 100, 28);
+            button.resize(100, 28);
             button.setBgColor(kFour.mid(0, count));
             button.setTriangleColor(kFour.mid(0, count));
             for (int state = 0; state < 4; ++state) {
                 button.setEnabled(state != 3);
                 button.setState(state);
                 const QImage image = button.grab().toImage();
-                if (count == 4)
-                    QCOMPARE(image.pixelColor(3, 14), kFour[state]);
+                QVERIFY(count == 3 || image.pixelColor(3, 14) == kFour[state]);
                 const QColor builtIn(state == 3 ? "#a0a0a0" : "#228fc2");
-                if (count != 5)
-                    QCOMPARE(image.pixelColor(87, 13), count == 4 ? kFour[state] : builtIn);
+                QCOMPARE(image.pixelColor(87, 13), count == 4 ? kFour[state] : builtIn);
             }
+            button.resize(8, 28);
+            QVERIFY(!button.grab().isNull());
         }
     }
 
