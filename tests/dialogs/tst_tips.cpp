@@ -160,7 +160,7 @@ private slots:
         tip.move(500, 300);
         tip.show();
         QCOMPARE(tip.pos(), QPoint(500, 300));
-        QVERIFY(QTest::qWaitForWindowActive(&tip));
+        showActive(tip);
         // It does not move itself: a place that the window system reported is left as it is.
         const QPoint reported = tip.pos();
         tip.repaint();
@@ -270,8 +270,6 @@ private slots:
             const int arrow = arrows[orientation - 1];
             QVERIFY(is(arrow, 7, kGround) && image.pixelColor(arrow, 2).alpha() > 0);
             QVERIFY(is(arrow - 9, 3, Qt::transparent) && is(arrow + 9, 3, Qt::transparent));
-            tip.SetRoundRadius(0, 0);
-            QVERIFY(image.pixelColor(1, 7).alpha() + 50 < drawn(tip).pixelColor(1, 7).alpha());
             tip.SetRoundRadius(12, 12);
             QCOMPARE(drawn(tip).pixelColor(3, 9).alpha(), 0);
             for (const int wild : {-1, INT_MIN, INT_MAX}) {

@@ -290,7 +290,10 @@ private Q_SLOTS:
         auto *maximise = new CBPImageButton({4, common("minimize_normal.png")}, false, 4, nullptr);
         connect(maximise, SIGNAL(btn_released(int)), &w.bar, SLOT(on_btn_clicekedSlot(int)));
         w.bar.InsertWidget(8, maximise, 0, Qt::AlignCenter);
-        w.bar.InsertWidget(1000, new QWidget, 0, Qt::AlignCenter);
+        auto *last = new QWidget;
+        w.bar.InsertWidget(1000, last, 0, Qt::AlignCenter);
+        const QLayout *right = w.bar.layout()->itemAt(4)->layout();
+        QVERIFY(right->indexOf(last) > right->indexOf(button(w.bar, 8)));
         w.bar.InsertWidget(-7, new CBPImageButton({}, false, 4), 0, Qt::AlignCenter); // not the first
         QTest::ignoreMessage(QtWarningMsg, "CBPWinFrmTitle::InsertWidget: there is no widget");
         w.bar.InsertWidget(0, nullptr, 0, Qt::AlignCenter);
