@@ -42,9 +42,8 @@ void clickAsDefault(QWidget *button, Click how)
 
 const QVector<QColor> kFour{Qt::red, Qt::green, Qt::blue, Qt::black};
 
-class Vetoing : public CBPStateWidget
+struct Vetoing : CBPStateWidget
 {
-public:
     bool onEnter() override { return enters; }
     bool onLeave() override { return false; }
     void OnExpose() override { ++exposed; }
@@ -267,12 +266,13 @@ private slots:
         }
     }
 
-    // Each way to click opens the menu, once, and is no click.
+    // Each way to click opens the menu, once, and is no click. Menu and button may be deleted.
     void opens()
     {
-        const auto check = [this](auto *made, const char *signal, QAccessible::Role role) {
-            const QScopedPointer<std::remove_pointer_t<decltype(made)>> button(made);
-            button->show();
+        const auto check = [this](auto make, const char *signal, QAccessible::Role role) {
+            auto *made = make();
+            const QScopedPointer<QWidget> owner(made);
+            made->show();
             QSignalSpy clicked(made, signal);
             QSignalSpy chosen(made, SIGNAL(sigActionTriggered(CBPMenuItem *)));
             if (!qobject_cast<CBPToolButton *>(made)) { // which is no button with a menu yet
@@ -308,16 +308,6 @@ private slots:
             for (const Click how : kWays)
                 clickAsDefault(made, how);
             QVERIFY2(opened.count() == times && clicked.isEmpty(), signal);
-        };
-        check(pushButton(), SIGNAL(sigBtnClicked(int)), QAccessible::PushButton);
-        check(new CBPMenuBtn(kText), SIGNAL(sigBtnClicked(int)), QAccessible::ButtonMenu);
-        check(new CBPToolButton(kText, 7, ENAlignLeft, true), SIGNAL(sigClick(int)), QAccessible::ButtonMenu);
-        check(new CBPDropdownBtn(kText, 9), SIGNAL(sigBtnClicked(int)), QAccessible::ButtonMenu);
-    }
-
-    void lifetimes()
-    {
-        const auto check = [this](auto make) {
             for (const Click how : kWays) {
                 QPointer button = make();
                 button->AppendMenuItem(QString(), "One", 1);
@@ -325,19 +315,21 @@ private slots:
                 clickAsDefault(button, how);
                 QVERIFY(!button->GetMenu());
                 button->AppendMenuItem(QString(), "Two", 2);
-                const QPointer<CBPMenu> menu = button->GetMenu();
+                const QPointer<CBPMenu> doomed = button->GetMenu();
                 button->show();
-                whileOpen(this, menu, [&](CBPMenu *) { delete button.data(); });
+                whileOpen(this, doomed, [&](CBPMenu *) { delete button.data(); });
                 clickAsDefault(button, how);
                 QVERIFY(!button);
                 QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-                QVERIFY(!menu);
+                QVERIFY(!doomed);
             }
         };
-        check(pushButton);
-        check([] { return new CBPMenuBtn(kText); });
-        check([] { return new CBPToolButton(kText, 7, ENAlignLeft, true); });
-        check([] { return new CBPDropdownBtn(kText, 9); });
+        check(pushButton, SIGNAL(sigBtnClicked(int)), QAccessible::PushButton);
+        check([] { return new CBPMenuBtn(kText); }, SIGNAL(sigBtnClicked(int)), QAccessible::ButtonMenu);
+        check([] { return new CBPToolButton(kText, 7, ENAlignLeft, true); }, SIGNAL(sigClick(int)),
+              QAccessible::ButtonMenu);
+        check([] { return new CBPDropdownBtn(kText, 9); }, SIGNAL(sigBtnClicked(int)),
+              QAccessible::ButtonMenu);
     }
 
     // A tool button takes menus of others, too, and the menu goes with it unless it is "shrinked".
