@@ -72,11 +72,14 @@ inline void click(QWidget *widget, Click how)
     }
 }
 
-// How many events of these kinds a widget gets.
+// How many events of these kinds a widget gets, of those that come when `counts` says so.
 class EventCounter : public QObject
 {
 public:
-    EventCounter(QWidget *widget, const QVector<QEvent::Type> &types) : m_types(types)
+    EventCounter(
+        QWidget *widget, const QVector<QEvent::Type> &types,
+        const std::function<bool()> &counts = [] { return true; })
+        : m_types(types), m_counts(counts)
     {
         widget->installEventFilter(this);
     }
@@ -85,12 +88,13 @@ public:
 protected:
     bool eventFilter(QObject *, QEvent *event) override
     {
-        count += m_types.contains(event->type());
+        count += m_types.contains(event->type()) && m_counts();
         return false;
     }
 
 private:
     const QVector<QEvent::Type> m_types;
+    const std::function<bool()> m_counts;
 };
 
 // What befalls a button or a link, by its names in a list of words; those of `own` beside the common ones.

@@ -4,6 +4,7 @@
 #include <QDateTime>
 #include <QFile>
 #include <QImage>
+#include <QTemporaryDir>
 #include <QtTest>
 
 // Picture files that tests make.
@@ -30,6 +31,18 @@ inline void savePicture(const QString &file, const QSize &size, const QColor &co
         image.fill(color);
         QVERIFY(image.save(scale == 1 ? file : denseTwin(file), "PNG"));
     }
+}
+
+// Of each colour one, by a name with its index: "a%1.png".
+inline QVector<QString> savePictures(const QTemporaryDir &folder, const char *name, const QSize &size,
+                                     const QVector<QColor> &colors)
+{
+    QVector<QString> files;
+    for (const QColor &color : colors) {
+        files << folder.filePath(QString::fromLatin1(name).arg(files.size()));
+        savePicture(files.last(), size, color);
+    }
+    return files;
 }
 
 // Files that changed just now are read again at each look; one at rest for a while is not.

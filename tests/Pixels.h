@@ -39,6 +39,12 @@ inline QColor pixelOf(const QImage &image, int x, int y)
     return image.pixelColor(qRound(x * image.devicePixelRatio()), qRound(y * image.devicePixelRatio()));
 }
 
+// Of a widget as it is grabbed.
+inline QColor grabbedAt(QWidget &widget, int x, int y)
+{
+    return pixelOf(widget.grab().toImage(), x, y);
+}
+
 // The smallest rectangle around all pixels of `color`; empty when there is none.
 inline QRect boxOf(const QImage &image, const QColor &color)
 {

@@ -10,12 +10,12 @@
 #include "TestMain.h"
 
 #include <QLabel>
-#include <QTemporaryDir>
 
 namespace {
 
 constexpr int kId = 31;
-const QColor kStateColors[] = {Qt::red, Qt::green, Qt::blue, Qt::cyan};
+const QVector<QColor> kStateColors{Qt::yellow, Qt::green, Qt::blue, Qt::cyan}; // no ink, unlike texts
+const QVector<QColor> kBlack(4, Qt::black);
 const QColor kWhite(Qt::white);
 
 QColor pixel(QWidget &widget, int x, int y)
@@ -23,34 +23,21 @@ QColor pixel(QWidget &widget, int x, int y)
     return pixelOf(pictureOf(widget), x, y);
 }
 
-// Of texts in magenta, which antialiasing makes lighter.
-QRect magentaIn(const QImage &image)
-{
-    QRect ink;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            const QColor color = image.pixelColor(x, y);
-            if (color.red() > 200 && color.blue() > 200 && color.green() < 200)
-                ink |= QRect(x, y, 1, 1);
-        }
-    }
-    return ink;
-}
-
 CTextTips *tips()
 {
-    const auto windows = QApplication::topLevelWidgets();
-    const auto found = std::find_if(windows.begin(), windows.end(),
-                                    [](QWidget *each) { return qobject_cast<CTextTips *>(each); });
-    return found == windows.end() ? nullptr : static_cast<CTextTips *>(*found);
+    CTextTips *found = nullptr;
+    for (QWidget *each : QApplication::topLevelWidgets())
+        found = found ? found : qobject_cast<CTextTips *>(each);
+    return found;
 }
 
 Deeds ownDeeds(CBPImageButton *button)
 {
     return {
-        {"select", [=] { button->SetSelect(true); }},   {"deselect", [=] { button->SetSelect(false); }},
-        {"default", [=] { button->setDefault(true); }}, {"checkable", [=] { button->setCheckable(true); }},
-        {"paint", [=] { pictureOf(*button); }},         {"notip", [=] { button->SetTipsTxt(QString()); }},
+        {"select", [=] { button->SetSelect(true); }},       {"deselect", [=] { button->SetSelect(false); }},
+        {"default", [=] { button->setDefault(true); }},     {"untold", [] { QVERIFY(!tips()); }},
+        {"checkable", [=] { button->setCheckable(true); }}, {"paint", [=] { pictureOf(*button); }},
+        {"notip", [=] { button->SetTipsTxt(QString()); }},
     };
 }
 
@@ -76,7 +63,7 @@ private slots:
                 CBPImageButton button(m_png.mid(0, images), round, kId);
                 QCOMPARE(button.GetSize(), images == 4 ? QSize(20, 16) : QSize());
                 button.SetHight(textHeight);
-                button.SetText(text, lumqt::uiFont(), QVector<QColor>(4, Qt::black), beside, 7, 3);
+                button.SetText(text, lumqt::uiFont(), kBlack, beside, 7, 3);
                 QCOMPARE(button.GetSize(), images == 4 ? fixed : QSize());
                 QCOMPARE(button.minimumSize() == fixed && button.maximumSize() == fixed, images == 4);
             }
@@ -89,7 +76,6 @@ private slots:
         check(false, false, 0, QSize(2, 23));
         check(true, true, 40, QSize(82, 40));
         check(true, true, 0, QSize(58 + metrics.height(), 0)); // both heights count
-        check(true, false, 40, QSize(2, 63));
         check(true, false, 0, QSize(18, 23));
     }
 
@@ -98,7 +84,7 @@ private slots:
         CBPImageButton button(m_png, false, kId);
         button.SetBorder(50, true);
         QCOMPARE(button.GetSize(), QSize(20, 16)); // there is no text
-        button.SetText(QStringLiteral("x"), true, 0);
+        button.SetText("x", true, 0);
         const int width = button.GetSize().width();
         button.SetBorder(10, false);
         QCOMPARE(button.GetSize().width(), width);
@@ -111,8 +97,8 @@ private slots:
         for (const int wild : {-100000, INT_MAX, INT_MIN}) {
             button.SetBorder(wild / 2, true);
             button.SetHight(wild);
-            button.SetText(QStringLiteral("x"), lumqt::uiFont(), {}, false, wild, wild / 2);
-            button.SetText(QStringLiteral("x"), true, wild);
+            button.SetText("x", lumqt::uiFont(), {}, false, wild, wild / 2);
+            button.SetText("x", true, wild);
             button.SetIconVoffset(wild);
             button.grab(QRect(0, 0, 20, 20));
             QVERIFY(button.GetSize().isValid() && button.GetSize().width() <= QWIDGETSIZE_MAX);
@@ -124,7 +110,7 @@ private slots:
         const auto check = [this](const char *events, int look, const char *expected) {
             for (const bool deadly : {false, true}) {
                 QPointer<CBPImageButton> button = new CBPImageButton(m_png, false, kId);
-                button->SetTipsTxt(QStringLiteral("Tip"));
+                button->SetTipsTxt("Tip");
                 QStringList sent;
                 connect(button, &QPushButton::pressed, this, [&] { sent << QStringLiteral("pressed"); });
                 connect(button, &QPushButton::released, this, [&] { sent << QStringLiteral("released"); });
@@ -136,11 +122,10 @@ private slots:
                         delete button;
                 });
                 perform(button, events, ownDeeds(button));
-                QVERIFY2(button.isNull() == (deadly && QByteArray(expected).contains("31")), events);
-                if (button)
-                    QVERIFY2(pixel(*button, 10, 8) == kStateColors[look], events);
-                if (!deadly)
-                    QVERIFY2(sent.join(' ') == expected, qPrintable(sent.join(' ') + " by " + events));
+                const QByteArray seen = events + (": " + sent.join(' ')).toLatin1();
+                QVERIFY2(button.isNull() == (deadly && sent.contains("31")), seen);
+                QVERIFY2(!button || pixel(*button, 10, 8) == kStateColors[look], seen);
+                QVERIFY2(deadly || sent.join(' ') == expected, seen);
                 delete button;
                 QVERIFY2(!tips(), events); // gone with the button
             }
@@ -151,26 +136,21 @@ private slots:
         check("enter press out", 2, "pressed");
         check("enter right rightup", 2, "");
         check("press release double release", 2, "pressed 31 pressed 31");
-        check("select leave enter press release space spaceup", 2, ""); // deaf
+        check("select leave enter untold press release space spaceup", 2, ""); // deaf
         check("press select release disable", 3, "pressed");
         check("enter select deselect", 0, "");
-        check("enter disable paint enable", 0, "");
         check("select disable paint enable", 0, ""); // it looks normal, and answers again
         check("select disable paint enable press", 2, "pressed");
         check("select disable enable press", 2, ""); // nobody saw it disabled
         check("checkable press release", 2, "pressed toggled 31");
         check("checkable space spaceup", 0, "pressed toggled released 31 clicked");
         check("press release disable", 3, "pressed 31");
-        check("press release spaceup leave", 0, "pressed 31");
         // What reports the click comes before other slots of clicked().
         check("space spaceup", 0, "pressed released 31 clicked");
         check("space", 2, "pressed");
-        check("enter space spaceup leave", 0, "pressed released 31 clicked");
         check("space focusout spaceup", 0, "pressed");
         check("default return", 0, "pressed released 31 clicked");
         check("call", 0, "pressed released 31 clicked");
-        check("tool", 0, "pressed released 31 clicked");
-        check("disable tool", 3, "");
         check("select call", 2, "pressed released clicked");
     }
 
@@ -202,7 +182,6 @@ private slots:
                          expected.convertToFormat(QImage::Format_RGB32));
             }
         };
-        check(false, 5, 0, 0, QPoint(5, 7));
         check(false, 0, 0, 0, QPoint(0, 7));
         check(false, 6, 8, 0, QPoint(14, 7));
         check(true, 5, 8, 0, QPoint(20, 7));
@@ -213,26 +192,24 @@ private slots:
     // Buttons that share files share the looks at them, and miss nothing.
     void filesChangeOnDisk()
     {
-        for (const char *name : {"shared%1.png", "shared%1.svg"}) {
-            QVector<QString> images = files(name, QSize(10, 10));
-            CBPImageButton first(images, false, 1);
-            CBPImageButton second(images, false, 2);
-            const auto shown = [&](const QColor &one, const QColor &two) {
-                return pixel(first, 7, 5) == one && pixel(second, 7, 5) == two;
-            };
-            makeOld(images[0]);
-            QVERIFY2(shown(Qt::red, Qt::red) && shown(Qt::red, Qt::red), name);
-            savePicture(images[0], QSize(10, 10), Qt::yellow);
-            QVERIFY2(shown(Qt::yellow, Qt::yellow), name);
-            makeOld(images[0]);
-            QVERIFY2(shown(Qt::yellow, Qt::yellow), name);
-            second.SetImgButtonRes(m_png);
-            QVERIFY2(shown(Qt::yellow, Qt::red), name);
-            for (const QString &file : {images[0], denseTwin(images[0])})
-                QFile::remove(file);
-            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("is missing")));
-            QVERIFY2(shown(Qt::white, Qt::red), name);
-        }
+        QVector<QString> images = files("shared%1.png", QSize(10, 10));
+        CBPImageButton first(images, false, 1);
+        CBPImageButton second(images, false, 2);
+        const auto shown = [&](const QColor &one, const QColor &two) {
+            return pixel(first, 7, 5) == one && pixel(second, 7, 5) == two;
+        };
+        makeOld(images[0]);
+        QVERIFY(shown(Qt::yellow, Qt::yellow) && shown(Qt::yellow, Qt::yellow));
+        savePicture(images[0], QSize(10, 10), Qt::red);
+        QVERIFY(shown(Qt::red, Qt::red));
+        makeOld(images[0]);
+        QVERIFY(shown(Qt::red, Qt::red));
+        second.SetImgButtonRes(m_png);
+        QVERIFY(shown(Qt::red, Qt::yellow));
+        for (const QString &file : {images[0], denseTwin(images[0])})
+            QFile::remove(file);
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("is missing"));
+        QVERIFY(shown(Qt::white, Qt::yellow));
     }
 
     void backgrounds()
@@ -256,11 +233,8 @@ private slots:
                 for (const QPoint &at : {QPoint(0, 15), QPoint(60, 0), QPoint(0, 0)}) // square corners
                     QCOMPARE(pixel(button, at.x(), at.y()), edge);
                 QCOMPARE(pixel(button, 5, 7) == kStateColors[1], images == 4);
-                const qreal ratio = button.devicePixelRatioF(); // the dot
-                const QRect box = boxOf(pictureOf(button), Qt::darkGreen);
-                const QRect most = QTransform::fromScale(ratio, ratio).mapRect(QRect(77, 4, 8, 8));
-                QVERIFY2(most.adjusted(-1, -1, 1, 1).contains(box), wordsOf(box));
-                QVERIFY2(box.width() >= 6 * ratio && box.height() >= 6 * ratio, wordsOf(box));
+                for (const int x : {75, 78, 81, 83, 87})
+                    QCOMPARE(pixel(button, x, 8) == QColor(Qt::darkGreen), x > 75 && x < 87); // the dot
                 button.SetSpecialIcon(false, Qt::darkGreen);
                 QVERIFY(boxOf(pictureOf(button), Qt::darkGreen).isEmpty());
             }
@@ -297,14 +271,13 @@ private slots:
 
     void texts()
     {
-        // Spacing 7, margin 3, border 5, image 20 x 16.
+        // Spacing 7, margin 9, border 5, image 20 x 16.
         const auto check = [this](bool round, bool beside, int images, int colors, const QPoint &start) {
             CBPImageButton button(m_png.mid(0, images), round, kId);
-            button.SetText(QStringLiteral("||||"), lumqt::uiFont(), QVector<QColor>(colors, Qt::magenta),
-                           beside, 7, 3);
+            button.SetText("||||", lumqt::uiFont(), kBlack.mid(0, colors), beside, 7, 9);
             button.setFixedSize(120, beside ? 30 : 60);
             const qreal ratio = button.devicePixelRatioF();
-            const QRect ink = magentaIn(pictureOf(button));
+            const QRect ink = inkOf(pictureOf(button), 200);
             QCOMPARE(ink.isEmpty(), start.x() < 0);
             if (ink.isEmpty())
                 return;
@@ -313,8 +286,8 @@ private slots:
             const int middle = (start.y() + button.height()) / 2;
             QVERIFY2(qAbs(ink.center().y() - middle * ratio) <= 3 * ratio, wordsOf(ink));
         };
-        check(false, true, 4, 4, QPoint(35, 0));
-        check(true, true, 4, 4, QPoint(50, 0));
+        check(false, true, 4, 4, QPoint(41, 0));
+        check(true, true, 4, 4, QPoint(56, 0));
         check(false, false, 4, 4, QPoint(0, 23));
         check(false, true, 3, 4, QPoint(-1, 0)); // not drawn
         check(false, true, 4, 3, QPoint(-1, 0));
@@ -326,16 +299,15 @@ private slots:
         for (const char *sheet : {"", "QWidget { font-size: 30px; }", "QWidget { font-weight: bold; }"}) {
             QWidget window;
             window.resize(600, 200);
-            CBPImageTextBtn labelled(m_png, QStringLiteral("MMMMMMMMMM"), kId, &window);
+            CBPImageTextBtn labelled(m_png, "MMMMMMMMMM", kId, &window);
             CBPImageButton button(m_png, false, kId, &window);
-            button.SetText(QStringLiteral("MMMMMMMMMM"), QFont(GetFontFamily(1)),
-                           QVector<QColor>(4, Qt::magenta), true, 0, 0);
+            button.SetText("MMMMMMMMMM", QFont(GetFontFamily(1)), kBlack, true, 0, 0);
             const int before = button.width();
             window.setStyleSheet(QLatin1String(sheet));
             window.show();
             QVERIFY(button.width() > before || !QByteArray(sheet).contains("30px"));
             const int free =
-                button.width() - magentaIn(pictureOf(button)).right() / button.devicePixelRatioF();
+                button.width() - inkOf(pictureOf(button), 200).right() / button.devicePixelRatioF();
             QVERIFY2(free >= 5 && free <= 20, QByteArray::number(free));
             QVERIFY(inkOf(pictureOf(labelled)).right() < labelled.width() * labelled.devicePixelRatioF() - 4);
         }
@@ -351,7 +323,7 @@ private slots:
             sendEvent(button, QEvent::Enter);
             QVERIFY(!tips()); // there is no text
             sendEvent(button, QEvent::Leave);
-            button.SetTipsTxt(QStringLiteral("50% of %1"));
+            button.SetTipsTxt("50% of %1");
             QCursor::setPos(120, 90);
             sendEvent(button, QEvent::Enter);
             QVERIFY2(tips() && tips()->isVisible(), events);
@@ -360,44 +332,30 @@ private slots:
             const QLabel *label = tips()->findChild<QLabel *>();
             QCOMPARE(label->text(), QStringLiteral("<font style=\"font-family:%1; font-size: 14px; "
                                                    "color:#ffffff;\">50% of %2</font>")
-                                        .arg(GetFontFamily(1), QStringLiteral("%1")));
-            button.SetTipsTxt(QStringLiteral("new"));
+                                        .arg(GetFontFamily(1), "%1"));
+            button.SetTipsTxt("new");
             QVERIFY(label->text().contains(QLatin1String(">new<")));
             perform(&button, events, ownDeeds(&button));
             QVERIFY2(!tips()->isVisible(), events);
         }
-        CBPImageButton button(m_png, false, kId);
-        button.SetTipsTxt(QStringLiteral("Tip"));
-        button.SetSelect(true);
-        sendEvent(button, QEvent::Enter);
-        QVERIFY(!tips());
     }
 
-    // Spoken is the first of the four names that there is.
+    // Spoken is the first of the three names that there is.
     void names()
     {
-        const QStringList all{"own", "text", "tool tip", "tip"};
-        for (int first = 0; first <= all.size(); ++first) {
-            const auto given = [&](int i) { return i < first ? QString() : all.at(i); };
-            CBPImageButton button(m_png, false, kId);
-            button.setAccessibleName(given(0));
-            button.SetText(given(1), true, 0);
-            button.setToolTip(given(2));
-            button.SetTipsTxt(given(3));
-            QCOMPARE(spokenName(&button), all.value(first));
-        }
+        CBPImageButton button(m_png, false, kId);
+        button.SetTipsTxt("tip");
+        QCOMPARE(spokenName(&button), QStringLiteral("tip"));
+        button.setToolTip("tool tip");
+        QCOMPARE(spokenName(&button), QStringLiteral("tool tip"));
+        button.SetText("text", true, 0);
+        QCOMPARE(spokenName(&button), QStringLiteral("text"));
     }
 
 private:
-    // Image files for the four states, each in its state's colour.
-    QVector<QString> files(const char *pattern, const QSize &size)
+    QVector<QString> files(const char *name, const QSize &size)
     {
-        QVector<QString> result;
-        for (int i = 0; i < 4; ++i) {
-            result << m_folder.filePath(QString::fromLatin1(pattern).arg(i));
-            savePicture(result.last(), size, kStateColors[i]);
-        }
-        return result;
+        return savePictures(m_folder, name, size, kStateColors);
     }
 
     QTemporaryDir m_folder;

@@ -21,7 +21,6 @@
 #include <QDialog>
 #include <QLineEdit>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QVBoxLayout>
 
 // What all buttons of the library have in common: what a text is, when the focus shows, what a press is.
@@ -72,16 +71,6 @@ QWidget *imageButton()
     return button;
 }
 
-QWidget *imageTextButton()
-{
-    return new CBPImageTextBtn(images, kText);
-}
-
-QWidget *imageCheckBox()
-{
-    return new CBPImageCheckBox(images, images, QStringLiteral("Q&&A"));
-}
-
 QWidget *roundButton()
 {
     auto *button = new CBPRoundBtn(60);
@@ -115,13 +104,14 @@ const QVector<Sibling> kSiblings{
     {"round", kById, kOwnRing, kPush, roundButton},
     {"expand", kById, kOwnRing, kPush, made<CExpandBtn>(QStringList(), kText, QString())},
     {"image", kByImage, kRing, None, imageButton},
-    {"image and text", kByImage, kRing, None, imageTextButton},
+    {"image and text", kByImage, kRing, None, [] { return new CBPImageTextBtn(images, kText); }},
     {"toggle", kByCheck, kOwnRing, kToggle, made<CTriStateButton>(kText, false, false, nullptr)},
     {"group", kById, kRing, ReleaseOutside, groupButton},
     {"tool", SIGNAL(sigClick(int)), kRing, kTool, made<CBPToolButton>(kText, 1, ENAlignLeft, true)},
     {"link", SIGNAL(sigLinkerClick(int)), kRing, kTool | EnterInDialog, made<CBPLinkerButton>(kText)},
     {"drop-down", kById, kOwnRing, EnterInDialog | EnterElsewhere | Opens, splitButton},
-    {"image check box", kByCheck, kRing, ToolToggles | QtHovers, imageCheckBox},
+    {"image check box", kByCheck, kRing, ToolToggles | QtHovers,
+     [] { return new CBPImageCheckBox(images, images, "Q&&A"); }},
     {"wait", kById, kOwnRing, kPush, made<CBPWaitBtn>(QStringList(), kText, QString())},
     {"menu", SIGNAL(pressed()), kOwnRing, kPush | NoClicks, made<CBPMenuBtn>(kText)},
     {"title", SIGNAL(FocusChanged(CFoucsLabel *)), kRing, EnterInDialog | EnterElsewhere | QtHovers,
@@ -139,8 +129,9 @@ template <class Window> struct Scene
     explicit Scene(const Sibling &sibling) : widget(sibling.make())
     {
         auto *layout = new QVBoxLayout(&window);
-        for (QWidget *each : {static_cast<QWidget *>(field), widget, static_cast<QWidget *>(ok)})
-            layout->addWidget(each);
+        layout->addWidget(field);
+        layout->addWidget(widget);
+        layout->addWidget(ok);
         window.move(100, 100);
         showActive(window);
         field->setFocus();
@@ -176,10 +167,7 @@ class TestSiblings : public QObject
 private slots:
     void initTestCase()
     {
-        for (int i = 0; i < 4; ++i) {
-            images << m_folder.filePath(QStringLiteral("%1.png").arg(i));
-            savePicture(images.last(), QSize(20, 16), Qt::gray);
-        }
+        images = savePictures(m_folder, "%1.png", QSize(20, 16), QVector<QColor>(4, Qt::gray));
     }
 
     // Each may be the last thing that the button does.
@@ -209,34 +197,24 @@ private slots:
     // What changes the look is on the screen soon. A tool tip that the painting sets is set once.
     void repaints()
     {
-        struct : QObject
-        {
-            QMap<QEvent::Type, int> seen;
-            bool eventFilter(QObject *, QEvent *event) override
-            {
-                ++seen[event->type()];
-                return false;
-            }
-        } watch;
-        const auto check = [&](QWidget *widget, const QVector<const char *> &events, const Deeds &own = {}) {
-            widget->installEventFilter(&watch);
+        const auto check = [](QWidget *widget, const QVector<const char *> &events, const Deeds &own = {}) {
+            EventCounter paints(widget, {QEvent::Paint});
             for (const char *event : events) {
                 QCoreApplication::processEvents();
-                watch.seen[QEvent::Paint] = 0;
+                paints.count = 0;
                 perform(widget, event, own);
-                QTRY_VERIFY2(watch.seen[QEvent::Paint] > 0, event);
+                QTRY_VERIFY2(paints.count > 0, event);
             }
-            widget->removeEventFilter(&watch);
         };
         forAll([&](const Sibling &sibling) {
             if (sibling.traits & QtHovers)
                 return;
             Scene<QWidget> scene(sibling);
             scene.widget->setFixedWidth(20);
-            watch.seen.clear();
+            EventCounter tips(scene.widget, {QEvent::ToolTipChange});
             check(scene.widget,
                   {"focusin", "enter", "press release", "leave", "space", "spaceup", "focusout", "disable"});
-            QVERIFY(watch.seen[QEvent::ToolTipChange] <= 1);
+            QVERIFY(tips.count <= 1);
         });
         Scene<QWidget> scene(kSiblings[4]);
         auto *image = static_cast<CBPImageButton *>(scene.widget);
@@ -244,13 +222,12 @@ private slots:
               {{"select", [&] { image->SetSelect(true); }},
                {"deselect", [&] { image->SetSelect(false); }},
                {"images", [&] { image->SetImgButtonRes(images); }},
-               {"text", [&] { image->SetText(QStringLiteral("x"), QFont()); }},
+               {"text", [&] { image->SetText("x", QFont()); }},
                {"border", [&] { image->SetBorder(1, false); }}});
         // The pressed look is on the screen before the events that wait in line.
-        image->installEventFilter(&watch);
-        watch.seen.clear();
+        EventCounter paints(image, {QEvent::Paint});
         perform(image, "right");
-        QCOMPARE(watch.seen[QEvent::Paint], 1);
+        QCOMPARE(paints.count, 1);
     }
 
     // An "&" is a character like any other, also in a text that came by a pointer to Qt's class.
@@ -270,7 +247,7 @@ private slots:
             QVERIFY(!altClicks(Qt::Key_A));
             if (!button || qobject_cast<QCheckBox *>(button))
                 return;
-            button->setText(QStringLiteral("R&D"));
+            button->setText("R&D");
             QVERIFY(!altClicks(Qt::Key_D));
             QVERIFY(button->shortcut().isEmpty());
             // A shortcut of the application's own, though it is the same.
