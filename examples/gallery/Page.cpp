@@ -84,7 +84,10 @@ void warnOfWideTable(const QStringList &columns, const QVector<SampleRow> &rows)
         int widest = 0;
         for (const SampleRow &row : rows) {
             if (const QWidget *sample = row.widgets.value(column))
-                widest = qMax(widest, qMax(sample->minimumWidth(), sample->minimumSizeHint().width()));
+                widest = qMax(widest, sample->minimumSizeHint()
+                                          .boundedTo(sample->maximumSize())
+                                          .expandedTo(sample->minimumSize())
+                                          .width());
         }
         width += widest;
     }
@@ -152,8 +155,9 @@ void Section::addColumns(int columns, const QVector<Sample> &samples, int width)
     // From column to column; the samples themselves may be somewhat wider.
     const int step = gaps > 0 ? (theme::kPageWidth - width) / gaps : width;
     for (int first = 0; first < samples.size(); first += columns) {
-        QGridLayout *row = rowOfSamples(samples.mid(first, columns), theme::kCaption);
-        for (int column = 0; column < columns; ++column)
+        const QVector<Sample> inRow = samples.mid(first, columns);
+        QGridLayout *row = rowOfSamples(inRow, theme::kCaption);
+        for (int column = 0; column < inRow.size(); ++column) // the last may reach over what is free
             row->setColumnMinimumWidth(column, column < gaps ? step - kSampleGap : width);
         m_layout->addLayout(row);
     }

@@ -140,9 +140,11 @@ void addCalendars(Page *page)
                       {"A day under the pointer", openCalendar(date, Calendar::Hovered)},
                       {"At the end of the range", openCalendar(QDate(2099, 12, 31))}},
                      opened->sizeHint().width());
-    page->addSection("Other readers", "In a right-to-left window, and beside a field of large letters.")
-        ->addSamples({{"Right to left", openCalendar(date, Calendar::Mirrored)},
-                      {"Large letters", openCalendar(date, Calendar::Large)}});
+    page->addSection("Direction and text size", "In a right-to-left window, and for a field with large text.")
+        ->addColumns(3,
+                     {{"Right to left", openCalendar(date, Calendar::Mirrored)},
+                      {"Large text", openCalendar(date, Calendar::Large)}},
+                     opened->sizeHint().width());
 }
 
 Page *makePage()

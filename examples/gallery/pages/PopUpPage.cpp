@@ -179,8 +179,8 @@ QWidget *plainFramePortrait()
 // Rows are made when a dialog is shown, and here for its width, on a large screen.
 QWidget *wrappedPortrait()
 {
-    PopUp dialog("More buttons than a row", nullptr);
-    dialog.addText("Buttons that find no room beside the others go on in a further row.");
+    PopUp dialog("More than one row", nullptr);
+    dialog.addText("Buttons that do not fit beside the others move to another row.");
     dialog.PrependBtn(Back);
     dialog.AppendBtn(Yes | Retry | Skip | SkipAll | No | Cancel);
     dialog.setFixedWidth(kSampleWidth);
@@ -203,7 +203,7 @@ void addPortraits(Page *page)
                                 {"Keyboard focus, secondary", focusPortrait(Cancel)},
                                 {"CBPWaitBtn::run()", waitingPortrait()},
                                 {"SetDrawBottomHLine(false)", plainFramePortrait()},
-                                {"AppendBtn(0x1968), narrow", wrappedPortrait()}});
+                                {"PrependBtn(0x80000), AppendBtn(0x1968)", wrappedPortrait()}});
 }
 
 // The buttons of a pop-up, out of it: the captions and kinds of all flags.

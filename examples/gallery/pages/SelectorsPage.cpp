@@ -74,7 +74,7 @@ Page *makePage()
     section->addSamples({{"Wed and Thu under the mouse, Sat with the focus", posed}});
     CBPWeekSelector *off = weekSelector({"Tue"});
     off->setEnabled(false);
-    section->addSamples({{"Disabled", off}});
+    section->addSamples({{"Disabled, Tue chosen", off}});
     QStringList nameless{"Mon", QString(), "Wed", "Mon", QString()};
     auto *odd = new CBPWeekSelector(nameless);
     odd->SetSelected({"Mon"});

@@ -90,17 +90,16 @@ void addPositions(Page *page)
     Section *section =
         page->addSection("Positions", "A jump slider has one per label. The value of a smooth one "
                                       "stays within its edges.");
-    section->addColumns(3,
-                        {{"Two labels", jump("Never", {"Never", "Always"})},
-                         {"Five labels", jump("4", {"1", "2", "3", "4", "5"})},
-                         {"Equal labels", jump("Same", {"Same", "Same", "Same"})},
-                         {"At 0", smooth(0)},
-                         {"At 3", smooth(3)},
-                         {"From 20 to 100, at 20", smooth(20, {"20", "100"}, 100, 20)},
-                         {"Three labels", smooth(1024, {"0", "1024", "2048"}, 2048)},
-                         {"Large numbers", smooth(1500000000, ends(), 2147483647)},
-                         {"A single value", smooth(7, ends(), 7, 7)},
-                         {"As wide as its labels ask for", jump("Seldom", {"Never", "Seldom", "Often"}, 0)}});
+    section->addColumns(3, {{"Two labels", jump("Never", {"Never", "Always"})},
+                            {"Five labels", jump("4", {"1", "2", "3", "4", "5"})},
+                            {"Equal labels", jump("Same", {"Same", "Same", "Same"})},
+                            {"At 0", smooth(0)},
+                            {"At 3", smooth(3)},
+                            {"From 20 to 100, at 20", smooth(20, {"20", "100"}, 100, 20)},
+                            {"Three labels", smooth(1024, {"0", "1024", "2048"}, 2048)},
+                            {"Large numbers", smooth(1500000000, ends(), 2147483647)},
+                            {"A single value", smooth(7, ends(), 7, 7)},
+                            {"As wide as its labels need", jump("Seldom", {"Never", "Seldom", "Often"}, 0)}});
 }
 
 Page *makePage()

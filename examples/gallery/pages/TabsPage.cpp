@@ -122,7 +122,7 @@ void addTabs(Page *page)
                          {"Disabled", off},
                          {"With icons and a button", container(true, true)},
                          {"Right-to-left", mirrored},
-                         {"A long text: the tool tip has it all", cut}});
+                         {"Long text: the tool tip shows it all", cut}});
 }
 
 SampleRow titles(const QString &caption, bool focused, bool tail, const QString &icon,

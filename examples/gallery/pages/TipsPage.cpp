@@ -126,13 +126,15 @@ void addTexts(Page *page)
         "Text tips",
         "CTextTips: a dark box with a text, as image buttons show it. It is as wide as its text, "
         "or wraps at a fixed width.");
-    section->addColumns(kColumns,
-                        {{"One line", darkTip("Minimize", 0)},
-                         {"160 wide", darkTip("A longer text wraps at its words where a width is set.", 160)},
-                         {"A word that is longer", darkTip("Donaudampfschifffahrtsgesellschaft", 160)},
-                         {"Rich text", darkTip("<b>Ctrl+N</b> opens a new one", 0)},
-                         {"Own background", darkTip("Dark on light", 0, QColor(255, 243, 205))}},
-                        kBubbleWidth);
+    section->addColumns(
+        kColumns,
+        {{"One line", darkTip("Minimize", 0)},
+         {"160 wide", darkTip("A longer text wraps at its words where a width is set.", 160)},
+         {"Rich text", darkTip("<b>Ctrl+N</b> opens a new one", 0)},
+         {QString(), nullptr}, // the last column is narrower than a tip of a set width
+         {"Own background", darkTip("Dark on light", 0, QColor(255, 243, 205))},
+         {"A word wider than the box", darkTip("yearly_reports_of_all_departments_2023_and_2024.pdf", 160)}},
+        kBubbleWidth);
 }
 
 Page *makePage()

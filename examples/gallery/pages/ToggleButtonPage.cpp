@@ -100,7 +100,7 @@ void addStates(Page *page)
                    {statesOf("Plain", false, "Mon"), statesOf("Checked", true, "Mon"),
                     statesOf("Own colours", false, "Mon", true), statesOf("Own, checked", true, "Mon", true),
                     statesOf("No text", true, QString()),
-                    statesOf("No room", false, "Donnerstag und Freitag")});
+                    statesOf("Text too long", false, "Wednesday afternoon")});
 }
 
 void addGroups(Page *page)
@@ -128,9 +128,10 @@ void addGroups(Page *page)
                             {"Disabled", off},
                             {"Built-in colours", builtIn}});
     CButtonGroupBox *wide = group(true, 1);
-    wide->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    section->addWide(wide);
-    section->addSamples({{"With icons", group(true, 3, true)}, {"One button, no line", single}});
+    CButtonGroupBox *icons = group(true, 3, true);
+    wide->setFixedWidth(icons->sizeHint().width()); // some 480
+    section->addSamples({{"Wider than its buttons", wide}});
+    section->addSamples({{"With icons", icons}, {"One button, no line", single}});
 }
 
 Page *makePage()
