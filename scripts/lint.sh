@@ -19,7 +19,7 @@ clang-format --dry-run --Werror "${sources[@]}"
 [ "${1:-}" != --format ] || exit 0
 
 ensure_packages clang-tidy clazy cmake ninja-build g++ qtbase5-dev qtbase5-private-dev libqt5svg5-dev \
-  qttools5-dev-tools python3
+  qttools5-dev-tools libxtst-dev python3
 cmake --preset linux -Wno-dev >/dev/null
 cmake --build --preset linux >/dev/null # the meta-object files that the sources include
 mapfile -t units < <(tracked 'src/*.cpp' 'examples/gallery/*.cpp' | grep -v /windows/)

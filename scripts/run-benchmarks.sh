@@ -7,7 +7,7 @@ here=$(cd "$(dirname "$0")" && pwd)
 . "$here/common.sh"
 cd "$here/.."
 ensure_packages cmake ninja-build ccache g++ qtbase5-dev qtbase5-private-dev libqt5svg5-dev \
-  qttools5-dev-tools fonts-open-sans fonts-noto-core
+  qttools5-dev-tools libxtst-dev fonts-open-sans fonts-noto-core
 say "Building the benchmarks"
 cmake --preset linux -Wno-dev >/dev/null
 cmake --build --preset linux --target lumqt-benchmarks

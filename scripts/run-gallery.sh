@@ -34,7 +34,7 @@ fi
 
 cd "$here/.."
 ensure_packages cmake ninja-build ccache g++ qtbase5-dev qtbase5-private-dev libqt5svg5-dev qttools5-dev-tools \
-  xvfb openbox x11-utils fonts-open-sans fonts-noto-core python3
+  libxtst-dev xvfb openbox x11-utils fonts-open-sans fonts-noto-core python3
 program=build/$preset/lqprograms/lumqt-gallery
 run=()
 if [ "$preset" = windows ]; then
