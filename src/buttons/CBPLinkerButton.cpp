@@ -2,6 +2,7 @@
 
 #include "foundation/Accessible.h"
 #include "foundation/FocusMark.h"
+#include "foundation/FocusRing.h"
 #include "foundation/FontLookup.h"
 #include "foundation/Log.h"
 #include "foundation/Painting.h"
@@ -173,6 +174,7 @@ void CBPLinkerButton::focusInEvent(QFocusEvent *event)
     if (isEnabled()) {
         lumqt::focusMoved(m_press);
         lumqt::focusGained(m_focusMark, event->reason());
+        lumqt::setRingAround(this, m_focusMark == lumqt::FocusMark::Shown);
         setLook(Hover);
     }
     QLabel::focusInEvent(event);
@@ -182,6 +184,7 @@ void CBPLinkerButton::focusOutEvent(QFocusEvent *event)
 {
     lumqt::focusMoved(m_press);
     lumqt::focusLost(m_focusMark, event->reason());
+    lumqt::setRingAround(this, false);
     if (isEnabled())
         setLook(Normal);
     QLabel::focusOutEvent(event);
@@ -231,6 +234,7 @@ void CBPLinkerButton::keyPressEvent(QKeyEvent *event)
         return;
     }
     lumqt::keyUsed(m_focusMark);
+    lumqt::setRingAround(this, m_focusMark == lumqt::FocusMark::Shown);
     if (step == lumqt::PressStep::Down)
         setLook(Pressed);
     else if (step == lumqt::PressStep::TakenBack)
@@ -296,8 +300,6 @@ void CBPLinkerButton::paintEvent(QPaintEvent *event)
         setToolTip(tip);
 
     QPainter painter(this);
-    if (isEnabled() && m_focusMark == lumqt::FocusMark::Shown)
-        lumqt::drawFocusRing(painter, rect());
     const QColor own = m_textColors.value(index);
     painter.setPen(own.isValid() ? own : kTextColors[index]);
     m_layout->drawLeft(painter, rect(), shown, m_font);

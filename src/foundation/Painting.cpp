@@ -178,8 +178,22 @@ void drawFocusRing(QPainter &painter, const QRect &rect)
 {
     Body ring;
     ring.frame = QColor(kFocusRingColor);
+    ring.frameWidth = kFocusRingWidth;
     ring.radiusX = ring.radiusY = kFocusRingRadius;
     drawBody(painter, rect, ring);
+}
+
+void drawField(QPainter &painter, const QRect &rect, const FieldLook &look)
+{
+    Body field;
+    field.fill = QColor(look.enabled ? kFieldGround : kFieldGroundDisabled);
+    field.frame = QColor(!look.enabled  ? kFieldFrameDisabled
+                         : look.invalid ? kFieldFrameInvalid
+                         : look.hovered ? kFieldFrameHovered
+                                        : kFieldFrame);
+    drawBody(painter, rect, field);
+    if (look.enabled && look.focused)
+        drawFocusRing(painter, rect);
 }
 
 bool showsFocusFor(const QWidget *widget, Qt::FocusReason reason)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/Internals.h"
+#include "foundation/Look.h"
 
 #include <QColor>
 #include <QFont>
@@ -41,10 +42,8 @@ struct Body
 // blitted after.
 LUMQT_TESTED void drawBody(QPainter &painter, const QRect &rect, const Body &body);
 
-// 3:1 and more on white and on the dark title bar.
-constexpr QRgb kFocusRingColor = 0xff2f86d8;
-
-// The ring around a widget of the keyboard focus that has no frame of its own.
+// The ring of the keyboard focus at the inner edge of `rect`: of what has room for it around its content.
+// What has none is given its ring by setRingAround().
 LUMQT_TESTED void drawFocusRing(QPainter &painter, const QRect &rect);
 
 // Whether the focus that comes to `widget` for `reason` is to be shown: to somebody who uses the keyboard. Of

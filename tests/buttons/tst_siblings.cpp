@@ -265,7 +265,7 @@ private slots:
         forAll([&](const Sibling &sibling) {
             Scene<QWidget> scene(sibling);
             QWidget *const widget = scene.widget;
-            const auto ring = [&] { return !boxOf(pictureOf(*widget), sibling.ring).isEmpty(); };
+            const auto ring = [&] { return !boxOf(pictureOf(scene.window), sibling.ring).isEmpty(); };
             const auto awayAndBack = [&] {
                 elsewhere.activateWindow();
                 QVERIFY(QTest::qWaitForWindowActive(&elsewhere));

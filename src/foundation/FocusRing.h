@@ -1,0 +1,19 @@
+#pragma once
+
+#include "foundation/Internals.h"
+
+class QWidget;
+
+// The ring of the keyboard focus around a widget whose content reaches its edges, as a link's text does: it
+// lies outside the widget, over its neighbours' gaps, and takes no room. What has room of its own (a
+// button, a field, an indicator) draws the same ring at its edge, with drawFocusRing().
+namespace lumqt {
+
+// From the widget's edge to the ring's outer edge: the ring, and a pixel of air.
+constexpr int kRingMargin = 3;
+
+// Shows the ring around `widget`, or takes it away. It follows the widget, hides with it and goes with it. A
+// window has no outside and gets none. GUI thread only.
+LUMQT_TESTED void setRingAround(QWidget *widget, bool shown);
+
+} // namespace lumqt
