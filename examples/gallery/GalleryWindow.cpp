@@ -33,14 +33,9 @@ const char kScrollBarStyle[] =
     "QScrollBar:horizontal{background:#ffffff;height:12px;margin:0;}"
     "QScrollBar::handle{background:#8793a1;border-radius:4px;margin:2px;min-height:32px;min-width:32px;}"
     "QScrollBar::handle:hover{background:#677280;}"
-    "QScrollBar::handle:pressed{background:#4baeb2;}"
+    "QScrollBar::handle:pressed{background:#1f71bf;}"
     "QScrollBar::add-line,QScrollBar::sub-line{width:0;height:0;}"
     "QScrollBar::add-page,QScrollBar::sub-page{background:transparent;}";
-
-const char kSearchStyle[] =
-    "QLineEdit{background:#ffffff;border:1px solid #4a566c;border-radius:3px;padding:0 4px;}"
-    "QLineEdit:focus{border-color:#49a7f5;}";
-constexpr int kSearchHeight = 30;
 
 // Where both scroll bars meet, as white as they are.
 QWidget *plainCorner()
@@ -97,11 +92,10 @@ QWidget *GalleryWindow::makeSideBar()
 QWidget *GalleryWindow::makeSearch()
 {
     auto *place = new QWidget;
-    place->setStyleSheet(QLatin1String(kSearchStyle));
     auto *layout = new QHBoxLayout(place);
     layout->setContentsMargins(2 * theme::kUnit, theme::kUnit, 2 * theme::kUnit, theme::kUnit);
     auto *edit = new CBPSearchEdit(nullptr);
-    edit->setFixedHeight(kSearchHeight);
+    edit->setFixedHeight(theme::kControlHeight);
     edit->setFont(theme::font(theme::Normal, 14));
     edit->setPlaceholderText(tr("Search"));
     edit->setAccessibleName(tr("Search the pages"));

@@ -227,7 +227,7 @@ Section *Page::addSection(const QString &title, const QString &explanation)
 void Page::offerSource(const PageInfo &page)
 {
     for (Section *section : qAsConst(m_sections)) {
-        auto *link = new CBPLinkerButton(tr("Source"), ENLinkerTypeHover, 0, section);
+        auto *link = theme::link(tr("Source"), section);
         link->setProperty(kSourceLink, true);
         link->setAccessibleName(tr("Source of %1").arg(section->title()));
         section->m_titleRow->addWidget(link, 0, Qt::AlignVCenter);

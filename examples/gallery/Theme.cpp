@@ -1,5 +1,7 @@
 #include "Theme.h"
 
+#include "CBPLinkerButton.h"
+#include "CBPPushBtn.h"
 #include "Util.h"
 
 #include <QDir>
@@ -33,6 +35,27 @@ QLabel *label(const QString &text, Weight weight, int pixelSize, const QColor &c
     QPalette palette = result->palette();
     palette.setColor(QPalette::WindowText, color);
     result->setPalette(palette);
+    return result;
+}
+
+QVector<QColor> accents()
+{
+    return {kAccent, kAccentHovered, kAccentPressed, kAccentDisabled};
+}
+
+CBPPushBtn *primaryButton(const QString &text, QWidget *parent)
+{
+    auto *result = new CBPPushBtn(text, parent);
+    result->setBgColor(accents());
+    result->setFrmColor(accents());
+    result->setTextColor(QVector<QColor>(4, Qt::white));
+    return result;
+}
+
+CBPLinkerButton *link(const QString &text, QWidget *parent)
+{
+    auto *result = new CBPLinkerButton(text, ENLinkerTypeHover, 0, parent);
+    result->SetTextColor({kAccent, kAccentHovered, kAccentPressed, kCaption});
     return result;
 }
 

@@ -108,9 +108,9 @@ void setUpColors()
         palette.setColor(QPalette::Disabled, role, faint);
     }
     palette.setColor(QPalette::PlaceholderText, theme::kCaption);
-    palette.setColor(QPalette::Highlight, theme::kAccentDeep);
+    palette.setColor(QPalette::Highlight, theme::kAccent);
     palette.setColor(QPalette::HighlightedText, Qt::white);
-    palette.setColor(QPalette::Inactive, QPalette::Highlight, QColor(213, 236, 238));
+    palette.setColor(QPalette::Inactive, QPalette::Highlight, theme::kAccentTint);
     palette.setColor(QPalette::Inactive, QPalette::HighlightedText, theme::kInk);
     QApplication::setPalette(palette);
 }
