@@ -4,12 +4,14 @@
 #include "CBPPushBtn.h"
 #include "Util.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFileInfo>
-#include <QGuiApplication>
 #include <QImageReader>
 #include <QLabel>
+#include <QPalette>
 #include <QPixmap>
+#include <QStyle>
 #include <QVariant>
 
 namespace theme {
@@ -97,6 +99,22 @@ QPixmap picture(const QString &name)
     if (info.suffix() == QLatin1String("svg"))
         result.setDevicePixelRatio(ratio);
     return result;
+}
+
+void setUpColors()
+{
+    QPalette palette = QApplication::style()->standardPalette();
+    const QColor faint(150, 158, 168);
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(role, kInk);
+        palette.setColor(QPalette::Disabled, role, faint);
+    }
+    palette.setColor(QPalette::PlaceholderText, kCaption);
+    palette.setColor(QPalette::Highlight, kAccent);
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Inactive, QPalette::Highlight, kAccentTint);
+    palette.setColor(QPalette::Inactive, QPalette::HighlightedText, kInk);
+    QApplication::setPalette(palette);
 }
 
 } // namespace theme
