@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <QImageReader>
 #include <QLabel>
+#include <QPainter>
 #include <QPalette>
 #include <QPixmap>
 #include <QStyle>
@@ -59,6 +60,14 @@ CBPLinkerButton *link(const QString &text, QWidget *parent)
     auto *result = new CBPLinkerButton(text, ENLinkerTypeHover, 0, parent);
     result->SetTextColor({kAccent, kAccentHovered, kAccentPressed, kCaption});
     return result;
+}
+
+void paintPanel(QPainter &painter, const QRect &rect)
+{
+    const qreal scale = painter.deviceTransform().m11();
+    const qreal line = qMax(1, int(scale)) / scale;
+    painter.fillRect(QRectF(rect), kLine);
+    painter.fillRect(QRectF(rect).adjusted(line, line, -line, -line), kPanel);
 }
 
 void fill(QWidget *widget, const QColor &color)

@@ -8,7 +8,9 @@
 class CBPLinkerButton;
 class CBPPushBtn;
 class QLabel;
+class QPainter;
 class QPixmap;
+class QRect;
 class QWidget;
 
 // Colours, type and spacing of the gallery. Everything lies on a grid of 8 pixels; corners are square, as
@@ -55,6 +57,9 @@ CBPPushBtn *primaryButton(const QString &text, QWidget *parent = nullptr);
 
 // A link in the accent.
 CBPLinkerButton *link(const QString &text, QWidget *parent = nullptr);
+
+// A panel with its outline, on whole device pixels at every scale.
+void paintPanel(QPainter &painter, const QRect &rect);
 
 // Gives a widget a ground of one colour.
 void fill(QWidget *widget, const QColor &color);

@@ -8,142 +8,143 @@
 #include "Screenshots.h"
 #include "Theme.h"
 
-#include "CBPPushBtn.h"
+#include "CBPMenu.h"
+#include "CBtnObj.h"
+#include "CMsgBox.h"
 
 #include <QAccessible>
 #include <QApplication>
-#include <QComboBox>
 #include <QDir>
 #include <QLabel>
 #include <QLineEdit>
-#include <QScrollArea>
 #include <QStyleFactory>
+#include <QTimer>
+#include <QtMath>
 
-#include <algorithm>
-#include <cmath>
+#include <private/qhighdpiscaling_p.h>
 
-// What has to hold on every page: every class is there, in every state, as its user would see it.
-class TestGallery : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void initTestCase();
-    void cleanupTestCase() { delete m_window; }
-    void everythingHasAName_data() { pageRows(); }
-    void everythingHasAName();
-    void everythingCanBeSeen_data() { pageRows(); }
-    void everythingCanBeSeen();
-    void builtInPairs_data();
-    void builtInPairs();
-    void straightEdgesAreSharp_data() { pageRows(); }
-    void straightEdgesAreSharp();
-
-private:
-    void pageRows();
-    Page *open();
-
-    GalleryWindow *m_window = nullptr;
-};
+#include <memory>
 
 namespace {
 
 constexpr double kTextContrast = 4.5;
-constexpr double kPartContrast = 3.0;
-constexpr qreal kReadable = 3; // the ratio at which the strokes of letters are whole pixels
-constexpr int kStraight = 12;  // logical pixels in a line that no letter has
-constexpr int kFrame = 4;      // logical pixels in which a frame and a focus ring lie
-const char *const kOutlined[] = {"QLineEdit", "QTextEdit",        "QAbstractSpinBox", "QComboBox",
-                                 "QCheckBox", "CBPIPInputWidget", "CBPDateSelector"};
-constexpr int kThin = 3; // device pixels
-constexpr int kStep = 6; // of a colour's parts, above that of a gradient
+constexpr double kPartContrast = 3.0; // of outlines and rings
+constexpr qreal kReadable = 3;        // the ratio at which the strokes of letters are whole pixels
+constexpr int kFrame = 4;             // logical pixels in which a frame and a focus ring lie
+constexpr int kStraight = 12;         // logical pixels of the shortest edges, those of indicators,
+constexpr int kLetter = 20;           // of what is longer than letters in a button and than text cursors
+constexpr int kLargeLetter = 40;      // and in a label
+constexpr int kThin = 3;              // device pixels of the thickest line
+constexpr int kStep = 6;              // of a colour, beyond that of a gradient
+
+// Pairs that are fixed as they are, though they are harder to see than others.
+const QStringList kFixed{
+    "CBPLabel #4baeb3 on #ffffff 2.6",           // heading of a message
+    "CBPLinkerButton #008cff on #ffffff 3.4",    // normal, hovered, focused
+    "CBPLinkerButton #53b2ff on #ffffff 2.3",    // pressed, selected
+    "CBPWaitBtn #ffffff on #49a7f5 2.6",         // first button of a window
+    "CBPWaitBtn #ffffff on #5baff6 2.4",         // the same, hovered
+    "CBPWaitBtn #ffffff on #4195dc 3.2",         // the same, pressed
+    "CTriStateButton #4caeb2 on #e2f2f3 2.3",    // chosen
+    "CTriStateButton #70bfc2 on #edf7f8 1.9",    // hovered
+    "QLabel #7f8fa4 on #222a3e 4.3",             // title of a window
+    "lumqt::GroupButton #57aef6 on #ffffff 2.4", // normal
+    "lumqt::GroupButton #ffffff on #4195dc 3.2", // chosen tab
+    "lumqt::GroupButton #ffffff on #5baff6 2.4", // hovered tab
+    "menu text #ffffff on #4baeb2 2.6",          // hovered
+    "button frame #bce0e2 on #ffffff 1.4",       // hovered
+    "button frame #87c8cc on #ffffff 1.9",       // pressed
+};
 
 double luminance(QRgb color)
 {
     const auto part = [](int value) {
         const double share = value / 255.0;
-        return share <= 0.03928 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+        return share <= 0.03928 ? share / 12.92 : qPow((share + 0.055) / 1.055, 2.4);
     };
-    return 0.2126 * part(qRed(color)) + 0.7152 * part(qGreen(color)) + 0.0722 * part(qBlue(color));
+    return 0.2126 * part(qRed(color)) + 0.7152 * part(qGreen(color)) + 0.0722 * part(qBlue(color)) + 0.05;
 }
 
 double contrast(QRgb one, QRgb other)
 {
-    const double a = luminance(one), b = luminance(other);
-    return (qMax(a, b) + 0.05) / (qMin(a, b) + 0.05);
+    const double ratio = luminance(one) / luminance(other);
+    return qMax(ratio, 1 / ratio);
 }
 
-// Pairs that are fixed as they are, though they are harder to see than others.
-const struct
+struct Pair
 {
-    const char *pair;
-    const char *state;
-    double contrast;
-} kFixed[] = {
-    {"CBPLinkerButton #008cff on #ffffff", "any but pressed", 3.4},
-    {"CBPLinkerButton #53b2ff on #ffffff", "pressed or selected", 2.3},
-    {"CBPWaitBtn #ffffff on #49a7f5", "first button of a window", 2.6},
-    {"CBPWaitBtn #ffffff on #5baff6", "the same, hovered", 2.4},
-    {"CTriStateButton #4caeb2 on #e2f2f3", "chosen", 2.3},
-    {"CTriStateButton #70bfc2 on #edf7f8", "hovered", 1.9},
-    {"QLabel #7f8fa4 on #222a3e", "title", 4.3},
-    {"lumqt::GroupButton #57aef6 on #ffffff", "normal", 2.4},
-    {"lumqt::GroupButton #ffffff on #4195dc", "chosen tab", 3.2},
-    {"lumqt::GroupButton #ffffff on #5baff6", "hovered tab", 2.4},
+    QRgb ground;
+    QRgb ink;
 };
 
-// Empty for a pair that can be seen, or is fixed.
-QString faintPair(const QWidget *widget, QRgb ink, QRgb ground, double least)
+// Names the pair, if it is too hard to see and not fixed.
+QStringList faint(const QString &what, const Pair &pair, double least)
 {
-    const double seen = contrast(ink, ground);
-    const QString pair = QStringLiteral("%1 %2 on %3")
-                             .arg(QString::fromLatin1(widget->metaObject()->className()), QColor(ink).name(),
-                                  QColor(ground).name());
-    const bool fixed = std::any_of(std::begin(kFixed), std::end(kFixed), [&](const auto &known) {
-        return pair == QLatin1String(known.pair) && qAbs(known.contrast - seen) < 0.06;
-    });
-    return seen >= least || fixed ? QString() : QStringLiteral("%1 (%2:1)").arg(pair).arg(seen, 0, 'f', 2);
+    const double seen = contrast(pair.ink, pair.ground);
+    const QString name =
+        QStringLiteral("%1 %2 on %3 %4")
+            .arg(what, QColor(pair.ink).name(), QColor(pair.ground).name(), QString::number(seen, 'f', 1));
+    return seen >= least || kFixed.contains(name) ? QStringList() : QStringList(name);
 }
 
-// The colour that most of `rect` has, and the one that stands out most from it.
-std::pair<QRgb, QRgb> groundAndInk(const QImage &image, const QRect &rect)
+// The colour that most of a place has, and the one that stands out most from it.
+Pair pairIn(const QImage &picture, const QRectF &place)
 {
+    const QRect pixels =
+        QRectF(place.topLeft() * kReadable, place.size() * kReadable).toRect() & picture.rect();
     QHash<QRgb, int> counts;
-    for (int y = rect.top(); y <= rect.bottom(); ++y) {
-        for (int x = rect.left(); x <= rect.right(); ++x)
-            ++counts[image.pixel(x, y)];
+    for (int y = pixels.top(); y <= pixels.bottom(); ++y) {
+        for (int x = pixels.left(); x <= pixels.right(); ++x)
+            ++counts[picture.pixel(x, y)];
     }
-    const auto all = counts.keys();
-    const QRgb ground =
-        *std::max_element(all.begin(), all.end(), [&](QRgb a, QRgb b) { return counts[a] < counts[b]; });
-    const QRgb ink = *std::max_element(
-        all.begin(), all.end(), [&](QRgb a, QRgb b) { return contrast(a, ground) < contrast(b, ground); });
-    return {ground, ink};
+    Pair pair{};
+    for (auto it = counts.cbegin(); it != counts.cend(); ++it)
+        pair.ground = it.value() > counts.value(pair.ground) ? it.key() : pair.ground;
+    pair.ink = pair.ground;
+    for (auto it = counts.cbegin(); it != counts.cend(); ++it)
+        pair.ink = contrast(it.key(), pair.ground) > contrast(pair.ink, pair.ground) ? it.key() : pair.ink;
+    return pair;
 }
 
-QString shownText(const QWidget *widget)
+bool inheritsOneOf(const QObject *object, std::initializer_list<const char *> names)
 {
-    if (const auto *label = qobject_cast<const QLabel *>(widget))
-        return label->text();
-    if (const auto *edit = qobject_cast<const QLineEdit *>(widget))
-        return edit->displayText() + edit->placeholderText();
-    return widget->property("text").toString();
+    return std::any_of(names.begin(), names.end(), [&](const char *name) { return object->inherits(name); });
 }
 
-// What is known by its outline, as far as it is not drawn by what it stands in or a picture of the
+// Whether it is known by its outline; that of a part is drawn by the whole, or is a picture of the
 // application's.
 bool hasOutline(const QWidget *widget)
 {
-    const auto inherits = [&](const QObject *object) {
-        return std::any_of(std::begin(kOutlined), std::end(kOutlined),
-                           [&](const char *name) { return object->inherits(name); });
-    };
-    return inherits(widget) && !inherits(widget->parent()) && !widget->inherits("CBPImageCheckBox");
+    const auto outlined = {"QLineEdit", "QTextEdit",        "QAbstractSpinBox", "QComboBox",
+                           "QCheckBox", "CBPIPInputWidget", "CBPDateSelector"};
+    return inheritsOneOf(widget, outlined) && !inheritsOneOf(widget->parent(), outlined) &&
+           !widget->inherits("CBPImageCheckBox");
 }
 
-QRect deviceRect(const QRectF &rect, qreal ratio, const QImage &within)
+QString textOf(const QWidget *widget)
 {
-    return QRectF(rect.topLeft() * ratio, rect.size() * ratio).toAlignedRect() & within.rect();
+    return widget->property("text").toString() + widget->property("placeholderText").toString();
+}
+
+// Texts against their grounds, and outlines against what lies around them.
+QStringList faintPartsOf(QWidget &root)
+{
+    const QImage picture = pictureOf(root, kReadable);
+    QStringList all;
+    for (const QWidget *widget : root.findChildren<QWidget *>()) {
+        if (!widget->isVisible() || !widget->isEnabled())
+            continue;
+        const QString name = QString::fromLatin1(widget->metaObject()->className());
+        const QRect place(widget->mapTo(&root, QPoint()), widget->size());
+        const int frame = widget->inherits("QLabel") ? 0 : kFrame;
+        if (!textOf(widget).trimmed().isEmpty())
+            all << faint(name, pairIn(picture, place.adjusted(frame, frame, -frame, -frame)), kTextContrast);
+        const QRect edge(place.left() - kFrame, place.center().y(), 2 * kFrame, 1);
+        if (hasOutline(widget))
+            all << faint(name, pairIn(picture, edge), kPartContrast);
+    }
+    all.removeDuplicates();
+    return all;
 }
 
 bool isFar(QRgb a, QRgb b, int step)
@@ -152,193 +153,235 @@ bool isFar(QRgb a, QRgb b, int step)
            qAbs(qBlue(a) - qBlue(b)) > step;
 }
 
-// A run of one colour along a row or, of a transposed picture, along a column.
-struct Run
+// A straight line or ground of one colour, along a row or a column of pixels.
+struct Line
 {
     QRgb color;
     QPoint middle;
+    int length;
+    bool thin; // it lies between other colours
 };
 
-QVector<Run> runsOf(const QImage &image, int least)
+bool isThin(const QImage &image, const QPoint &middle, const QPoint &across)
 {
-    QVector<Run> runs;
-    for (int y = 0; y < image.height(); ++y) {
-        const auto *line = reinterpret_cast<const QRgb *>(image.constScanLine(y));
-        for (int first = 0, x = 1; x <= image.width(); ++x) {
-            if (x < image.width() && line[x] == line[first])
-                continue;
-            if (x - first >= least)
-                runs << Run{line[first], QPoint((first + x) / 2, y)};
-            first = x;
-        }
-    }
-    return runs;
+    const QRgb color = image.pixel(middle);
+    const auto ends = [&](const QPoint &step) {
+        QPoint at = middle;
+        for (int i = 0; i <= kThin && image.valid(at) && image.pixel(at) == color; ++i)
+            at += step;
+        return image.valid(at) && isFar(image.pixel(at), color, kStep);
+    };
+    return ends(across) && ends(-across);
 }
 
-// Whether the run is a line of a few pixels between others.
-bool isThin(const QImage &image, const Run &run)
+QVector<Line> linesOf(const QImage &image, int least)
 {
-    for (const int step : {-1, 1}) {
-        int y = run.middle.y() + step;
-        while (image.valid(run.middle.x(), y) && image.pixel(run.middle.x(), y) == run.color)
-            y += step;
-        if (qAbs(y - run.middle.y()) > kThin || !image.valid(run.middle.x(), y) ||
-            !isFar(image.pixel(run.middle.x(), y), run.color, kStep))
-            return false;
-    }
-    return true;
-}
-
-// Rows become columns.
-QImage turned(const QImage &image)
-{
-    QImage result(image.height(), image.width(), image.format());
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x)
-            result.setPixel(y, x, image.pixel(x, y));
-    }
-    return result;
-}
-
-} // namespace
-
-void TestGallery::initTestCase()
-{
-    theme::setUpColors();
-    m_window = new GalleryWindow;
-    m_window->show();
-}
-
-void TestGallery::pageRows()
-{
-    columns<QString>("page");
-    for (const PageInfo &page : pages())
-        row(qPrintable(page.id), page.id);
-}
-
-// The row's page, with all that is on it.
-Page *TestGallery::open()
-{
-    QFETCH(QString, page);
-    m_window->showPage(page);
-    fitToPage(*m_window);
-    QCoreApplication::processEvents();
-    return m_window->page();
-}
-
-void TestGallery::everythingHasAName()
-{
-    open();
-    QStringList nameless;
-    QVector<QAccessibleInterface *> open{QAccessible::queryAccessibleInterface(m_window)};
-    while (!open.isEmpty()) {
-        QAccessibleInterface *face = open.takeLast();
-        if (!face || face->state().invisible)
-            continue;
-        for (int i = 0; i < face->childCount(); ++i)
-            open << face->child(i);
-        if (!face->state().focusable || !face->text(QAccessible::Name).isEmpty())
-            continue;
-        const QObject *object = face->object();
-        const QRect place = face->rect().translated(-m_window->page()->mapToGlobal(QPoint()));
-        nameless << QStringLiteral("%1 at %2,%3")
-                        .arg(object ? object->metaObject()->className() : "item")
-                        .arg(place.x())
-                        .arg(place.y());
-    }
-    QVERIFY2(nameless.isEmpty(), qPrintable(nameless.join(QLatin1String("; "))));
-}
-
-// Of a widget's text against its ground, and of its outline against what lies around.
-void TestGallery::everythingCanBeSeen()
-{
-    Page *page = open();
-    const QImage picture = pictureOf(*page, kReadable);
-    QStringList faint;
-    const auto widgets = page->findChildren<QWidget *>();
-    for (const QWidget *widget : widgets) {
-        if (!widget->isVisible() || !widget->isEnabled())
-            continue;
-        const QRect place(widget->mapTo(page, QPoint()), widget->size());
-        const int frame = qobject_cast<const QLabel *>(widget) ? 0 : kFrame;
-        const QRect inside = deviceRect(place.adjusted(frame, frame, -frame, -frame), kReadable, picture);
-        if (!inside.isEmpty() && !shownText(widget).trimmed().isEmpty()) {
-            const auto [ground, ink] = groundAndInk(picture, inside);
-            faint << faintPair(widget, ink, ground, kTextContrast);
-        }
-        if (hasOutline(widget)) {
-            const QRect edge(place.left() - kFrame, place.center().y(), 2 * kFrame, 1);
-            const auto [ground, ink] = groundAndInk(picture, deviceRect(edge, kReadable, picture));
-            faint << faintPair(widget, ink, ground, kPartContrast);
-        }
-    }
-    faint.removeDuplicates();
-    faint.removeAll(QString());
-    QVERIFY2(faint.isEmpty(), qPrintable(faint.join(QLatin1String("; "))));
-}
-
-void TestGallery::builtInPairs_data()
-{
-    columns<QRgb, QRgb, double>("ink", "ground", "least");
-    using namespace lumqt;
-    const QRgb white = 0xffffffff;
-    row("ring on white", kFocusRingColor, white, kPartContrast);
-    row("ring on a title bar", kFocusRingColor, theme::kInk.rgb(), kPartContrast);
-    row("field", kFieldText, kFieldGround, kTextContrast);
-    row("field frame", kFieldFrame, kFieldGround, kPartContrast);
-    row("hovered frame", kFieldFrameHovered, kFieldGround, kPartContrast);
-    row("invalid frame", kFieldFrameInvalid, kFieldGround, kPartContrast);
-    row("accent on white", kAccent, white, kTextContrast);
-    row("white on the accent hovered", white, kAccentHovered, kTextContrast);
-    row("white on the accent pressed", white, kAccentPressed, kTextContrast);
-    row("hovered row", kFieldText, kHoveredGround, kTextContrast);
-    row("pressed row", kFieldText, kPressedGround, kTextContrast);
-    row("header", kFieldText, kRaisedGround, kTextContrast);
-}
-
-void TestGallery::builtInPairs()
-{
-    QFETCH(QRgb, ink);
-    QFETCH(QRgb, ground);
-    QFETCH(double, least);
-    QVERIFY2(contrast(ink, ground) >= least, qPrintable(QString::number(contrast(ink, ground))));
-}
-
-// At a ratio that is no whole number, edges between pixels would show as lines of a colour that is not there
-// at 1.
-void TestGallery::straightEdgesAreSharp()
-{
-    Page *page = open();
-    const QImage plain = pictureOf(*page, 1);
-    QSet<QRgb> colors;
-    for (const QImage &image : {plain, turned(plain)}) {
-        for (const Run &run : runsOf(image, kStraight - 2))
-            colors << run.color;
-    }
-    QStringList blurred;
-    for (const qreal ratio : {1.25, 1.5, 1.75, 2.0}) {
-        const QImage picture = pictureOf(*page, ratio);
-        for (const bool upright : {false, true}) {
-            const QImage image = upright ? turned(picture) : picture;
-            for (const Run &run : runsOf(image, qRound(kStraight * ratio))) {
-                if (std::any_of(colors.cbegin(), colors.cend(),
-                                [&](QRgb color) { return !isFar(color, run.color, 2); }) ||
-                    !isThin(image, run))
+    QVector<Line> lines;
+    for (const QPoint &along : {QPoint(1, 0), QPoint(0, 1)}) {
+        const QPoint across = along.transposed();
+        const int length = along.x() ? image.width() : image.height();
+        const int step = along.x() ? 1 : image.width();
+        for (int i = 0; i < image.width() + image.height() - length; ++i) {
+            const auto *pixels =
+                reinterpret_cast<const QRgb *>(image.constBits()) + i * (along.x() ? image.width() : 1);
+            for (int first = 0, at = 1; at <= length; ++at) {
+                if (at < length && pixels[at * step] == pixels[first * step])
                     continue;
-                const QPoint at = (upright ? run.middle.transposed() : run.middle) / ratio;
-                const QWidget *widget = page->childAt(at);
-                const auto *label = qobject_cast<const QLabel *>(widget);
-                if (widget && !(label && label->pixmap(Qt::ReturnByValue).isNull() == false))
-                    blurred << QStringLiteral("%1 %2 at %3,%4 (%5)")
-                                   .arg(widget->metaObject()->className(), QColor(run.color).name())
-                                   .arg(at.x())
-                                   .arg(at.y())
-                                   .arg(ratio);
+                const QPoint middle = (first + at) / 2 * along + i * across;
+                if (at - first >= least)
+                    lines << Line{pixels[first * step], middle, at - first, isThin(image, middle, across)};
+                first = at;
             }
         }
     }
-    QVERIFY2(blurred.isEmpty(), qPrintable(blurred.mid(0, 40).join(QLatin1String("; "))));
+    return lines;
 }
+
+// In logical pixels, longer than what letters and pictures have of straight edges.
+int leastEdgeOf(const QWidget *widget)
+{
+    const auto *label = qobject_cast<const QLabel *>(widget);
+    if (!widget || (label && !label->pixmap(Qt::ReturnByValue).isNull()))
+        return QWIDGETSIZE_MAX;
+    return label || widget->inherits("CBPDrawLabel") ? kLargeLetter
+           : widget->inherits("QCheckBox")           ? kStraight
+                                                     : kLetter;
+}
+
+// Thin lines of a colour that is not among the known ones.
+QStringList strangersIn(const Page &page, const QVector<Line> &lines, const QSet<QRgb> &known, qreal scale)
+{
+    QMap<QString, QString> found;
+    for (const Line &line : lines) {
+        const QPoint at = line.middle / scale;
+        const QWidget *widget = page.childAt(at);
+        const auto isLine = [&](QRgb color) { return !isFar(color, line.color, 2); };
+        if (!line.thin || line.length < leastEdgeOf(widget) * scale ||
+            std::any_of(known.cbegin(), known.cend(), isLine))
+            continue;
+        const QString what =
+            QStringLiteral("%1 %2").arg(widget->metaObject()->className(), QColor(line.color).name());
+        found[what] = QStringLiteral("%1 at %2,%3").arg(what).arg(at.x()).arg(at.y());
+    }
+    return found.values();
+}
+
+struct Colors : CBtnObj
+{
+    using CBtnObj::paintedBgColor, CBtnObj::paintedFrmColor, CBtnObj::paintedTextColor;
+};
+
+} // namespace
+
+// What has to hold on every page: there every class is seen, in every state.
+class TestGallery : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        QApplication::setCursorFlashTime(0);
+        theme::setUpColors();
+        scaleScreen(1.0);
+    }
+    void cleanup() { scaleScreen(1.0); }
+    void cleanupTestCase() { m_window.reset(); }
+
+    void everythingHasAName_data() { pageRows(); }
+    void everythingHasAName()
+    {
+        QFETCH(QString, page);
+        open(page);
+        QStringList nameless;
+        QVector<QAccessibleInterface *> left{QAccessible::queryAccessibleInterface(m_window.get())};
+        while (!left.isEmpty()) {
+            QAccessibleInterface *face = left.takeLast();
+            if (!face || face->state().invisible)
+                continue;
+            for (int i = 0; i < face->childCount(); ++i)
+                left << face->child(i);
+            if (face->state().focusable && face->text(QAccessible::Name).isEmpty())
+                nameless << (face->object() ? face->object()->metaObject()->className() : "item");
+        }
+        QVERIFY2(nameless.isEmpty(), qPrintable(nameless.join(QLatin1String(", "))));
+    }
+
+    void everythingCanBeSeen_data() { pageRows(); }
+    void everythingCanBeSeen()
+    {
+        QFETCH(QString, page);
+        const QStringList parts = faintPartsOf(*open(page));
+        QVERIFY2(parts.isEmpty(), qPrintable(parts.join(QLatin1String(", "))));
+    }
+
+    // What pages show as pictures only, and what they show of no widget.
+    void messagesAndColorsCanBeSeen()
+    {
+        CMsgBox box;
+        QStringList all;
+        QTimer::singleShot(0, &box, [&] {
+            all = faintPartsOf(box);
+            box.close();
+        });
+        box.message(1, "It holds 38 files.", "Delete the folder?", 0x1800);
+        CBPMenu menu;
+        menu.setActiveAction(menu.AddAction("Rename", 1));
+        menu.AddAction("Delete", 2);
+        menu.resize(menu.sizeHint());
+        const QImage picture = pictureOf(menu, kReadable);
+        for (QAction *action : menu.actions())
+            all << faint("menu text", pairIn(picture, menu.actionGeometry(action)), kTextContrast);
+        const QRgb white = 0xffffffff;
+        const Colors button;
+        for (int state = 0; state < 3; ++state) {
+            const QRgb ground = button.paintedBgColor(state).rgb();
+            all << faint("button", {ground, button.paintedTextColor(state).rgb()}, kTextContrast)
+                << faint("button frame", {white, button.paintedFrmColor(state).rgb()}, kPartContrast);
+        }
+        using namespace lumqt;
+        for (const QRgb ground : {kFieldGround, kHoveredGround, kPressedGround, kRaisedGround})
+            all << faint("field text", {ground, kFieldText}, kTextContrast);
+        for (const QRgb frame : {kFieldFrame, kFieldFrameHovered, kFieldFrameInvalid, kFocusRingColor})
+            all << faint("field frame", {kFieldGround, frame}, kPartContrast);
+        for (const QRgb accent : {kAccent, kAccentHovered, kAccentPressed})
+            all << faint("accent", {accent, white}, kTextContrast);
+        all << faint("ring on a title bar", {theme::kInk.rgb(), kFocusRingColor}, kPartContrast);
+        QVERIFY2(all.isEmpty(), qPrintable(all.join(QLatin1String(", "))));
+    }
+
+    void straightEdgesAreSharp_data()
+    {
+        columns<qreal>("ratio");
+        row("125 per cent", 1.25);
+        row("150 per cent", 1.5);
+        row("175 per cent", 1.75);
+        row("200 per cent", 2.0);
+    }
+    // Where edges lie between pixels, there are lines of a colour that is not there at 100 per cent.
+    void straightEdgesAreSharp()
+    {
+        QFETCH(qreal, ratio);
+        if (m_colors.isEmpty())
+            lookAtPages(1.0);
+        QCOMPARE(lookAtPages(ratio), 0);
+    }
+
+private:
+    void pageRows()
+    {
+        columns<QString>("page");
+        for (const PageInfo &page : pages())
+            row(qPrintable(page.id), page.id);
+    }
+
+    // A window on a screen of that scaling.
+    void scaleScreen(qreal factor)
+    {
+        if (m_window && factor == QHighDpiScaling::factor(m_window->windowHandle()))
+            return;
+        m_window.reset();
+        QHighDpiScaling::setGlobalFactor(factor);
+        m_window = std::make_unique<GalleryWindow>();
+        m_window->show();
+    }
+
+    // A page, with all that is on it.
+    Page *open(const QString &page)
+    {
+        m_window->showPage(page);
+        fitToPage(*m_window);
+        QCoreApplication::processEvents();
+        return m_window->page();
+    }
+
+    // Notes the colours of straight lines at 100 per cent; counts those that come up at another scale.
+    int lookAtPages(qreal scale)
+    {
+        int count = 0;
+        scaleScreen(scale);
+        for (const PageInfo &info : pages()) {
+            if (info.id == QLatin1String("resources")) // pictures as they are in their files
+                continue;
+            Page *page = open(info.id);
+            const QImage picture = page->grab().toImage().convertToFormat(QImage::Format_ARGB32);
+            const QVector<Line> lines = linesOf(picture, qRound(kStraight * scale));
+            if (scale == 1.0) {
+                for (const Line &line : lines)
+                    m_colors << line.color;
+                continue;
+            }
+            for (const QString &stranger : strangersIn(*page, lines, m_colors, scale)) {
+                qWarning("%s: %s", qPrintable(info.id), qPrintable(stranger));
+                ++count;
+            }
+        }
+        return count;
+    }
+
+    std::unique_ptr<GalleryWindow> m_window;
+    QSet<QRgb> m_colors;
+};
 
 int main(int argc, char *argv[])
 {

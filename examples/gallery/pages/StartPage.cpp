@@ -18,9 +18,9 @@
 #include "CMsgBox.h"
 #include "CTabContainer.h"
 
-#include <QFrame>
 #include <QGridLayout>
 #include <QLabel>
+#include <QPainter>
 #include <QTimer>
 
 namespace {
@@ -42,14 +42,11 @@ struct Link
     const char *page;
 };
 
-class Card : public QFrame
+class Card : public QWidget
 {
 public:
     Card(const QString &title, const QString &words)
     {
-        setObjectName(QStringLiteral("card"));
-        setStyleSheet(QStringLiteral("#card{background:%1;border:1px solid %2;}")
-                          .arg(theme::kPanel.name(), theme::kLine.name()));
         setFixedSize(kCardSize);
         m_column = new QVBoxLayout(this);
         m_column->setContentsMargins(kPadding, 2 * theme::kUnit, kPadding, 2 * theme::kUnit);
@@ -94,6 +91,13 @@ public:
         row->addStretch();
         m_column->addStretch();
         m_column->addLayout(row);
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        theme::paintPanel(painter, rect());
     }
 
 private:
@@ -241,9 +245,8 @@ Card *inputCard()
 // The white rest of a bar needs a ground that is not.
 QWidget *onInk(QWidget *bar)
 {
-    auto *strip = new QFrame;
-    strip->setObjectName(QStringLiteral("strip"));
-    strip->setStyleSheet(QStringLiteral("#strip{background:%1;}").arg(theme::kInk.name()));
+    auto *strip = new QWidget;
+    theme::fill(strip, theme::kInk);
     auto *row = new QHBoxLayout(strip);
     row->setContentsMargins(12, theme::kUnit, 12, theme::kUnit);
     row->addWidget(bar);
