@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Builds the gallery and shows it, or writes pictures of it.
 #   run-gallery.sh                                      shows it; without a display, writes screenshots
-#   run-gallery.sh --screenshots DIR [--scale 1..4]  one PNG per page, without a display
+#   run-gallery.sh --screenshots DIR [--scale 1..4]     one PNG per page, without a display
 #   run-gallery.sh --class-pictures DIR                 one PNG per class, for the documentation
 #   run-gallery.sh --windows ...                        the same with the Windows build under Wine
 # Installs what is missing with apt.
