@@ -4,6 +4,7 @@
 #include "foundation/Painting.h"
 #include "foundation/StyleParts.h"
 
+#include <QPaintDevice>
 #include <QPainter>
 #include <QStyleOption>
 
@@ -83,6 +84,23 @@ void drawPanel(const Canvas &canvas, const QRect &rect, const QColor &ground, co
         panel.fill = fadedColor(canvas.widget, FadingGround, ground);
     panel.frame = fadedColor(canvas.widget, FadingFrame, frame);
     drawBody(canvas.painter, rect, panel);
+}
+
+void drawRule(const Canvas &canvas, const QRect &rect, Qt::Edge edge, const QColor &color)
+{
+    const QPaintDevice *device = canvas.painter.device();
+    const qreal ratio = device ? device->devicePixelRatioF() : 1.0;
+    const qreal width = qMax(1, qRound(ratio)) / ratio;
+    QRectF line = wholeDevicePixels(canvas.painter, rect);
+    if (edge == Qt::BottomEdge)
+        line.setTop(line.bottom() - width);
+    else if (edge == Qt::TopEdge)
+        line.setBottom(line.top() + width);
+    else if (edge == Qt::LeftEdge)
+        line.setRight(line.left() + width);
+    else
+        line.setLeft(line.right() - width);
+    canvas.painter.fillRect(line, color);
 }
 
 void drawTriangle(const Canvas &canvas, const QRect &rect, Qt::ArrowType arrow, const QColor &color)

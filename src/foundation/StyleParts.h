@@ -6,8 +6,13 @@
 #include <QStyle>
 
 class QPainter;
+class QPalette;
 class QStyleOption;
-class QStyleOptionComplex;
+class QStyleOptionComboBox;
+class QStyleOptionHeader;
+class QStyleOptionSlider;
+class QStyleOptionSpinBox;
+class QStyleOptionViewItem;
 class QWidget;
 
 // What CBPStyle paints and measures itself, a file to a family of widgets: StyleFields.cpp,
@@ -26,6 +31,7 @@ constexpr int kDropWidth = 24; // of what opens a list
 constexpr int kStepWidth = 20; // of the buttons of a spin box
 constexpr int kTriangleWidth = 8;
 constexpr int kTriangleHeight = 4;
+constexpr int kFieldPadding = 5;   // above and below the text of a field that is higher for it
 constexpr int kLineEditMargin = 2; // QLineEdit keeps it beside its text by itself
 
 // The parts of a widget whose colours fade, for fadedColor().
@@ -63,9 +69,30 @@ void drawPanel(const Canvas &canvas, const QRect &rect, const QColor &ground, co
 // Pointing down or, otherwise, up, left or right, its box in the middle of `rect`.
 void drawTriangle(const Canvas &canvas, const QRect &rect, Qt::ArrowType arrow, const QColor &color);
 
+// One device-independent line along an edge of `rect`, as wide everywhere.
+void drawRule(const Canvas &canvas, const QRect &rect, Qt::Edge edge, const QColor &color);
+// The ring within a row, in a colour that is seen on it.
+void drawRowRing(const Canvas &canvas, const QRect &rect, bool selected, const QPalette &palette);
+
 bool drawFieldPrimitive(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &canvas);
 bool drawFieldControl(QStyle::ControlElement element, const QStyleOption &option, const Canvas &canvas);
-bool drawFieldComplex(QStyle::ComplexControl control, const QStyleOptionComplex &option,
-                      const Canvas &canvas);
+bool drawIndicator(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &canvas);
+bool drawViewPrimitive(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &canvas);
+bool drawViewControl(QStyle::ControlElement element, const QStyleOption &option, const Canvas &canvas);
+void drawComboBox(const QStyleOptionComboBox &option, const Canvas &canvas);
+void drawSpinBox(const QStyleOptionSpinBox &option, const Canvas &canvas);
+void drawScrollBar(const QStyleOptionSlider &option, const Canvas &canvas);
+
+QRect comboBoxPart(const QStyleOptionComboBox &option, QStyle::SubControl part);
+QRect spinBoxPart(const QStyleOptionSpinBox &option, QStyle::SubControl part);
+QRect scrollBarPart(const QStyleOptionSlider &option, QStyle::SubControl part);
+
+QSize headerSize(const QStyleOptionHeader &option, const QStyle &style, const QWidget *widget);
+// The room beside a row's text, as PM_FocusFrameHMargin counts it.
+int rowMargin(const QStyleOption *option);
+
+// Whether an item is selected in the colours that every application has, and the library's own for it.
+bool isSelectionPlain(const QStyleOptionViewItem &option, const QStyle &style);
+void setSelectionColors(QPalette &palette);
 
 } // namespace lumqt

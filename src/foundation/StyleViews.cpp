@@ -1,0 +1,228 @@
+// Views: headers, rows and branches.
+
+#include "foundation/Fade.h"
+#include "foundation/Painting.h"
+#include "foundation/StyleParts.h"
+#include "foundation/StyleWatch.h"
+
+#include <QAbstractItemView>
+#include <QIcon>
+#include <QPainter>
+#include <QStyleOption>
+#include <QTableView>
+
+#include <cmath>
+
+namespace lumqt {
+
+namespace {
+
+constexpr qreal kLeastRingContrast = 3;
+constexpr int kIconGap = 6;
+constexpr int kMarginBesidePictures = 4; // which is kept on each side of a picture and of the text
+
+// Relative luminance, and the contrast of two colours.
+qreal luminance(const QColor &color)
+{
+    const auto linear = [](qreal part) {
+        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+qreal contrast(const QColor &one, const QColor &other)
+{
+    const qreal a = luminance(one) + 0.05;
+    const qreal b = luminance(other) + 0.05;
+    return qMax(a, b) / qMin(a, b);
+}
+
+void drawSection(const QStyleOptionHeader &option, const Canvas &canvas)
+{
+    const StyleColors colors(option);
+    const bool enabled = option.state & QStyle::State_Enabled;
+    const bool down = option.state & (QStyle::State_Sunken | QStyle::State_On);
+    const bool hovered = enabled && option.state & QStyle::State_MouseOver;
+    QColor ground = down ? colors.pressed : hovered ? colors.hovered : colors.raised;
+    if (!down && !hovered && option.palette.isBrushSet(QPalette::Active, QPalette::Button))
+        ground = option.palette.color(QPalette::Button);
+    const QRectF rect = wholeDevicePixels(canvas.painter, option.rect);
+    canvas.painter.fillRect(rect, fadedColor(canvas.widget, FadingSections + option.section, ground));
+    drawRule(canvas, option.rect, Qt::BottomEdge, colors.rule);
+    const bool reversed = option.direction == Qt::RightToLeft;
+    drawRule(canvas, option.rect, reversed ? Qt::LeftEdge : Qt::RightEdge, colors.rule);
+}
+
+void drawSectionText(const QStyleOptionHeader &option, const Canvas &canvas)
+{
+    QRect text = option.rect.adjusted(kFieldInset, 0, -kFieldInset, 0);
+    if (option.sortIndicator != QStyleOptionHeader::None)
+        text.setRight(text.right() - kTriangleWidth - kIconGap);
+    text = QStyle::visualRect(option.direction, option.rect, text);
+    QStyleOptionHeader inner(option);
+    inner.rect = text;
+    if (!option.icon.isNull()) {
+        const int side = canvas.style.pixelMetric(QStyle::PM_SmallIconSize, &option, canvas.widget);
+        QRect place(text.left(), text.top() + (text.height() - side) / 2, side, side);
+        option.icon.paint(&canvas.painter, QStyle::visualRect(option.direction, text, place), Qt::AlignCenter,
+                          option.state & QStyle::State_Enabled ? QIcon::Normal : QIcon::Disabled);
+        inner.rect = QStyle::visualRect(option.direction, text, text.adjusted(side + kIconGap, 0, 0, 0));
+    }
+    canvas.style.drawItemText(&canvas.painter, inner.rect, int(option.textAlignment), option.palette,
+                              option.state & QStyle::State_Enabled, option.text, QPalette::ButtonText);
+}
+
+void drawSortArrow(const QStyleOptionHeader &option, const Canvas &canvas)
+{
+    if (option.sortIndicator == QStyleOptionHeader::None)
+        return;
+    // Qt names the indicator by where its base lies: "down" is ascending.
+    const bool up = option.sortIndicator == QStyleOptionHeader::SortDown;
+    drawTriangle(canvas, option.rect, up ? Qt::UpArrow : Qt::DownArrow, StyleColors(option).ink);
+}
+
+QPalette::ColorGroup groupOf(const QStyleOption &option)
+{
+    return !(option.state & QStyle::State_Enabled) ? QPalette::Disabled
+           : option.state & QStyle::State_Active   ? QPalette::Active
+                                                   : QPalette::Inactive;
+}
+
+// A table says only of the cell under the mouse that it is; where whole rows are selected, rows are hovered.
+bool isHovered(const QStyleOptionViewItem &option, const Canvas &canvas)
+{
+    if (option.state & QStyle::State_MouseOver)
+        return true;
+    const auto *table = qobject_cast<const QTableView *>(canvas.widget);
+    if (!table || table->selectionBehavior() != QAbstractItemView::SelectRows)
+        return false;
+    const QPoint mouse = canvas.watch.mouseIn(table->viewport());
+    return table->viewport()->rect().contains(mouse) && option.index.isValid() &&
+           table->indexAt(mouse).row() == option.index.row();
+}
+
+void drawItem(const QStyleOptionViewItem &option, const Canvas &canvas)
+{
+    const bool selected = option.state & QStyle::State_Selected;
+    const QRectF rect = wholeDevicePixels(canvas.painter, option.rect);
+    if (option.backgroundBrush.style() != Qt::NoBrush) {
+        const QPointF origin = canvas.painter.brushOrigin();
+        canvas.painter.setBrushOrigin(option.rect.topLeft());
+        canvas.painter.fillRect(rect, option.backgroundBrush);
+        canvas.painter.setBrushOrigin(origin);
+    }
+    if (selected)
+        canvas.painter.fillRect(rect, option.palette.brush(groupOf(option), QPalette::Highlight));
+    else if (option.state & QStyle::State_Enabled && isHovered(option, canvas))
+        canvas.painter.fillRect(rect, StyleColors(option).hovered);
+    const auto *view = qobject_cast<const QAbstractItemView *>(canvas.widget);
+    if (view && canvas.watch.showsFocus(view) && option.index.isValid() &&
+        view->currentIndex() == option.index)
+        drawRowRing(canvas, option.rect, selected, option.palette);
+}
+
+void drawBranch(const QStyleOption &option, const Canvas &canvas)
+{
+    if (!(option.state & QStyle::State_Children))
+        return;
+    const StyleColors colors(option);
+    const Qt::ArrowType closed = option.direction == Qt::RightToLeft ? Qt::LeftArrow : Qt::RightArrow;
+    const bool hovered = option.state & QStyle::State_MouseOver;
+    drawTriangle(canvas, option.rect, option.state & QStyle::State_Open ? Qt::DownArrow : closed,
+                 hovered ? colors.accent : colors.ink);
+}
+
+} // namespace
+
+void drawRowRing(const Canvas &canvas, const QRect &rect, bool selected, const QPalette &palette)
+{
+    Body ring;
+    ring.frame = QColor(kFocusRingColor);
+    ring.frameWidth = kFocusRingWidth;
+    const QColor ground = palette.color(selected ? QPalette::Highlight : QPalette::Base);
+    if (contrast(ring.frame, ground) < kLeastRingContrast)
+        ring.frame = palette.color(selected ? QPalette::HighlightedText : QPalette::Text);
+    drawBody(canvas.painter, rect, ring);
+}
+
+bool drawViewPrimitive(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &canvas)
+{
+    switch (element) {
+    case QStyle::PE_PanelItemViewItem:
+        if (const auto *item = qstyleoption_cast<const QStyleOptionViewItem *>(&option)) {
+            drawItem(*item, canvas);
+            return true;
+        }
+        return false;
+    case QStyle::PE_IndicatorBranch:
+        drawBranch(option, canvas);
+        return true;
+    case QStyle::PE_IndicatorHeaderArrow:
+        if (const auto *header = qstyleoption_cast<const QStyleOptionHeader *>(&option)) {
+            drawSortArrow(*header, canvas);
+            return true;
+        }
+        return false;
+    default:
+        return false;
+    }
+}
+
+bool drawViewControl(QStyle::ControlElement element, const QStyleOption &option, const Canvas &canvas)
+{
+    const auto *header = qstyleoption_cast<const QStyleOptionHeader *>(&option);
+    switch (element) {
+    case QStyle::CE_HeaderSection:
+        if (header)
+            drawSection(*header, canvas);
+        return header;
+    case QStyle::CE_HeaderLabel:
+        if (header)
+            drawSectionText(*header, canvas);
+        return header;
+    case QStyle::CE_HeaderEmptyArea: {
+        const StyleColors colors(option);
+        canvas.painter.fillRect(option.rect, colors.raised);
+        if (option.state & QStyle::State_Horizontal)
+            drawRule(canvas, option.rect, Qt::BottomEdge, colors.rule);
+        return true;
+    }
+    default:
+        return false;
+    }
+}
+
+QSize headerSize(const QStyleOptionHeader &option, const QStyle &style, const QWidget *widget)
+{
+    const QSize text = option.fontMetrics.size(0, option.text);
+    const int icon = option.icon.isNull() ? 0 : style.pixelMetric(QStyle::PM_SmallIconSize, &option, widget);
+    int width = text.width() + 2 * kFieldInset + (icon ? icon + kIconGap : 0);
+    if (option.sortIndicator != QStyleOptionHeader::None)
+        width += kTriangleWidth + kIconGap;
+    return QSize(width, qMax(kFieldHeight, qMax(text.height(), icon) + 2 * kFieldPadding));
+}
+
+int rowMargin(const QStyleOption *option)
+{
+    const auto *item = qstyleoption_cast<const QStyleOptionViewItem *>(option);
+    const bool pictures = item && item->features & (QStyleOptionViewItem::HasDecoration |
+                                                    QStyleOptionViewItem::HasCheckIndicator);
+    return pictures ? kMarginBesidePictures : kFieldInset - 1;
+}
+
+bool isSelectionPlain(const QStyleOptionViewItem &option, const QStyle &style)
+{
+    return option.state & QStyle::State_Selected &&
+           option.palette.color(QPalette::Active, QPalette::Highlight) ==
+               style.standardPalette().color(QPalette::Active, QPalette::Highlight);
+}
+
+void setSelectionColors(QPalette &palette)
+{
+    palette.setColor(QPalette::Highlight, QColor(kAccent));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Inactive, QPalette::Highlight, QColor(kRule));
+    palette.setColor(QPalette::Inactive, QPalette::HighlightedText, QColor(kFieldText));
+}
+
+} // namespace lumqt
