@@ -243,6 +243,8 @@ int CBPStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidge
         return 1;
     case SH_ComboBox_PopupFrameStyle:
         return int(QFrame::StyledPanel) | int(QFrame::Plain);
+    case SH_Table_GridLineColor:
+        return option ? int(lumqt::StyleColors(*option).rule.rgba()) : int(lumqt::kRule);
     case SH_Header_ArrowAlignment:
         return int(Qt::AlignRight | Qt::AlignVCenter);
     default:

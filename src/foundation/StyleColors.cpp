@@ -16,7 +16,6 @@ constexpr int kDarkest = 128;         // lightness below which a ground counts a
 constexpr qreal kHoveredShare = 0.08; // of the text's colour in the ground's, on a dark palette
 constexpr qreal kPressedShare = 0.16;
 constexpr qreal kRuleShare = 0.3;
-constexpr qreal kRadius = 2; // of the ring
 
 QColor mix(const QColor &ground, const QColor &ink, qreal share)
 {
@@ -59,22 +58,16 @@ StyleColors::StyleColors(const QStyleOption &option)
         ground = option.palette.color(group, QPalette::Base);
 }
 
-void drawRing(const Canvas &canvas, const QRect &rect, bool shown, int part)
+void drawRing(const Canvas &canvas, const QRect &rect, bool shown, int radius)
 {
     QColor color(kFocusRingColor);
     color.setAlpha(shown ? 255 : 0);
-    const QColor now = fadedColor(canvas.widget, part, color);
-    if (now.alpha() == 0)
-        return;
-    if (now.alpha() == 255) {
-        drawFocusRing(canvas.painter, rect);
-        return;
-    }
     Body ring;
-    ring.frame = now;
+    ring.frame = fadedColor(canvas.widget, FadingRing, color);
     ring.frameWidth = kFocusRingWidth;
-    ring.radiusX = ring.radiusY = kRadius;
-    drawBody(canvas.painter, rect, ring);
+    ring.radiusX = ring.radiusY = radius;
+    if (ring.frame.alpha() > 0)
+        drawBody(canvas.painter, rect, ring);
 }
 
 void drawPanel(const Canvas &canvas, const QRect &rect, const QColor &ground, const QColor &frame)

@@ -12,6 +12,7 @@
 #include <QFrame>
 #include <QPainter>
 #include <QPlainTextEdit>
+#include <QScrollBar>
 #include <QStyleOption>
 #include <QTextEdit>
 
@@ -55,14 +56,27 @@ bool ringLiesInRow(const QWidget *widget)
     return view && view->currentIndex().isValid();
 }
 
+// Where the scroll bars meet; what a view has painted there lies below its ground.
+void drawCorner(const StyleColors &colors, const Canvas &canvas, const QAbstractScrollArea &area)
+{
+    const QScrollBar *across = area.horizontalScrollBar();
+    const QScrollBar *down = area.verticalScrollBar();
+    if (!across->isVisible() || !down->isVisible())
+        return;
+    const QRect corner(down->mapTo(&area, QPoint()).x(), across->mapTo(&area, QPoint()).y(), down->width(),
+                       across->height());
+    canvas.painter.fillRect(wholeDevicePixels(canvas.painter, corner), colors.raised);
+}
+
 void drawAreaFrame(const QStyleOption &option, const Canvas &canvas, const QAbstractScrollArea &area)
 {
     const StyleColors colors(option);
     const bool text = qobject_cast<const QTextEdit *>(&area) || qobject_cast<const QPlainTextEdit *>(&area);
+    // The ground goes on under the frame, whatever palette the content has.
     const bool filled = text || qobject_cast<const QAbstractItemView *>(&area);
-    QStyleOption viewport(option); // which may have a palette of its own
-    viewport.palette = area.viewport()->palette();
-    drawPanel(canvas, option.rect, filled ? StyleColors(viewport).ground : QColor(), frameOf(option, colors));
+    drawPanel(canvas, option.rect, filled ? area.viewport()->palette().color(QPalette::Base) : QColor(),
+              frameOf(option, colors));
+    drawCorner(colors, canvas, area);
     const bool focused = text ? canvas.watch.hasFocus(&area) : canvas.watch.showsFocus(&area);
     drawRing(canvas, option.rect, focused && option.state & QStyle::State_Enabled && !ringLiesInRow(&area));
 }
@@ -196,10 +210,7 @@ void drawSpinBox(const QStyleOptionSpinBox &option, const Canvas &canvas)
 {
     const StyleColors colors(option);
     const bool enabled = option.state & QStyle::State_Enabled;
-    if (option.frame)
-        drawPanel(canvas, option.rect, colors.ground, frameOf(option, colors));
-    else
-        canvas.painter.fillRect(option.rect, colors.ground);
+    canvas.painter.fillRect(wholeDevicePixels(canvas.painter, option.rect), colors.ground);
     const struct
     {
         QStyle::SubControl part;
@@ -221,6 +232,8 @@ void drawSpinBox(const QStyleOptionSpinBox &option, const Canvas &canvas)
                                 fadedColor(canvas.widget, step.fading, ground));
         drawTriangle(canvas, rect, step.arrow, can ? colors.ink : QColor(kFieldTextDisabled));
     }
+    if (option.frame) // above the buttons, which reach under it at fractions of a pixel
+        drawPanel(canvas, option.rect, QColor(), frameOf(option, colors));
     drawRing(canvas, option.rect, enabled && canvas.watch.hasFocus(canvas.widget));
 }
 

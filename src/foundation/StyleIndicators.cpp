@@ -57,10 +57,10 @@ QRect placeOf(const QRect &rect)
     return place;
 }
 
-void drawRingAround(const Canvas &canvas, const QRect &place)
+void drawRingAround(const Canvas &canvas, const QRect &place, int radius = kFocusRingRadius)
 {
     const QRect ring = place.adjusted(-kIndicatorRoom, -kIndicatorRoom, kIndicatorRoom, kIndicatorRoom);
-    drawRing(canvas, ring, canvas.watch.showsFocus(canvas.widget));
+    drawRing(canvas, ring, canvas.watch.showsFocus(canvas.widget), radius);
 }
 
 void beginMark(QPainter &painter, const QRect &place)
@@ -117,7 +117,7 @@ void drawRadioButton(const QStyleOption &option, const Canvas &canvas)
         canvas.painter.drawEllipse(QPointF(kIndicator, kIndicator) / 2, kDotRadius, kDotRadius);
         canvas.painter.restore();
     }
-    drawRingAround(canvas, place);
+    drawRingAround(canvas, place, kIndicator / 2 + kIndicatorRoom);
 }
 
 void drawButton(const QStyleOption &option, const Canvas &canvas, bool flat)
@@ -154,7 +154,7 @@ void drawFocus(const QStyleOption &option, const Canvas &canvas)
     const bool shown = canvas.watch.knows(canvas.widget) ? canvas.watch.showsFocus(canvas.widget)
                                                          : option.state & QStyle::State_KeyboardFocusChange;
     if (view && shown)
-        drawRowRing(canvas, option.rect, option.state & QStyle::State_Selected, option.palette);
+        drawRowRing(canvas, option);
     else if (!drawsOwnRing(canvas.widget) && shown)
         drawFocusRing(canvas.painter, option.rect);
 }

@@ -26,6 +26,7 @@ class StyleWatch;
 constexpr int kIndicator = 16;    // of check boxes and radio buttons
 constexpr int kIndicatorRoom = 3; // around it, for the focus ring and a pixel of air
 constexpr int kViewFrame = 2;     // of views and texts that scroll: room for the focus ring
+constexpr int kFocusRingRadius = 2;
 constexpr int kScrollBarWidth = 12;
 constexpr int kDropWidth = 24; // of what opens a list
 constexpr int kStepWidth = 20; // of the buttons of a spin box
@@ -63,7 +64,7 @@ struct StyleColors
 };
 
 // The ring of the focus at the edge of `rect`, fading; on a ground that it would not be seen on it is white.
-void drawRing(const Canvas &canvas, const QRect &rect, bool shown, int part = FadingRing);
+void drawRing(const Canvas &canvas, const QRect &rect, bool shown, int radius = kFocusRingRadius);
 // A flat ground with a frame of one pixel, both fading.
 void drawPanel(const Canvas &canvas, const QRect &rect, const QColor &ground, const QColor &frame);
 // Pointing down or, otherwise, up, left or right, its box in the middle of `rect`.
@@ -72,7 +73,7 @@ void drawTriangle(const Canvas &canvas, const QRect &rect, Qt::ArrowType arrow, 
 // One device-independent line along an edge of `rect`, as wide everywhere.
 void drawRule(const Canvas &canvas, const QRect &rect, Qt::Edge edge, const QColor &color);
 // The ring within a row, in a colour that is seen on it.
-void drawRowRing(const Canvas &canvas, const QRect &rect, bool selected, const QPalette &palette);
+void drawRowRing(const Canvas &canvas, const QStyleOption &option);
 
 bool drawFieldPrimitive(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &canvas);
 bool drawFieldControl(QStyle::ControlElement element, const QStyleOption &option, const Canvas &canvas);
@@ -92,7 +93,7 @@ QSize headerSize(const QStyleOptionHeader &option, const QStyle &style, const QW
 int rowMargin(const QStyleOption *option);
 
 // Whether an item is selected in the colours that every application has, and the library's own for it.
-bool isSelectionPlain(const QStyleOptionViewItem &option, const QStyle &style);
+bool isSelectionPlain(const QStyleOption &option, const QStyle &style);
 void setSelectionColors(QPalette &palette);
 
 } // namespace lumqt

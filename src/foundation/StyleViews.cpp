@@ -12,6 +12,7 @@
 #include <QTableView>
 
 #include <cmath>
+#include <utility>
 
 namespace lumqt {
 
@@ -19,7 +20,7 @@ namespace {
 
 constexpr qreal kLeastRingContrast = 3;
 constexpr int kIconGap = 6;
-constexpr int kMarginBesidePictures = 4; // which is kept on each side of a picture and of the text
+constexpr int kMarginBesidePictures = 2; // which is kept on each side of a picture and of the text
 
 // Relative luminance, and the contrast of two colours.
 qreal luminance(const QColor &color)
@@ -81,6 +82,26 @@ void drawSortArrow(const QStyleOptionHeader &option, const Canvas &canvas)
     drawTriangle(canvas, option.rect, up ? Qt::UpArrow : Qt::DownArrow, StyleColors(option).ink);
 }
 
+// As the base does it, which asks itself where the parts lie, not the style around it.
+void drawHeader(const QStyleOptionHeader &option, const Canvas &canvas)
+{
+    const QStyle &style = canvas.style;
+    const QRegion clip = canvas.painter.clipRegion();
+    const bool clipped = canvas.painter.hasClipping();
+    canvas.painter.setClipRect(option.rect, clipped ? Qt::IntersectClip : Qt::ReplaceClip);
+    style.drawControl(QStyle::CE_HeaderSection, &option, &canvas.painter, canvas.widget);
+    QStyleOptionHeader part(option);
+    part.rect = style.subElementRect(QStyle::SE_HeaderLabel, &option, canvas.widget);
+    if (part.rect.isValid())
+        style.drawControl(QStyle::CE_HeaderLabel, &part, &canvas.painter, canvas.widget);
+    if (option.sortIndicator != QStyleOptionHeader::None) {
+        part.rect = style.subElementRect(QStyle::SE_HeaderArrow, &option, canvas.widget);
+        style.drawPrimitive(QStyle::PE_IndicatorHeaderArrow, &part, &canvas.painter, canvas.widget);
+    }
+    canvas.painter.setClipRegion(clip);
+    canvas.painter.setClipping(clipped);
+}
+
 QPalette::ColorGroup groupOf(const QStyleOption &option)
 {
     return !(option.state & QStyle::State_Enabled) ? QPalette::Disabled
@@ -118,7 +139,23 @@ void drawItem(const QStyleOptionViewItem &option, const Canvas &canvas)
     const auto *view = qobject_cast<const QAbstractItemView *>(canvas.widget);
     if (view && canvas.watch.showsFocus(view) && option.index.isValid() &&
         view->currentIndex() == option.index)
-        drawRowRing(canvas, option.rect, selected, option.palette);
+        drawRowRing(canvas, option);
+}
+
+// Below the cells of a tree's row, and beside them where its branches are.
+void drawRow(const QStyleOptionViewItem &option, const Canvas &canvas)
+{
+    const QRectF rect = wholeDevicePixels(canvas.painter, option.rect);
+    QPalette palette = option.palette;
+    if (isSelectionPlain(option, canvas.style))
+        setSelectionColors(palette);
+    if (option.state & QStyle::State_Selected &&
+        canvas.style.styleHint(QStyle::SH_ItemView_ShowDecorationSelected, &option, canvas.widget))
+        canvas.painter.fillRect(rect, palette.brush(groupOf(option), QPalette::Highlight));
+    else if (option.state & QStyle::State_MouseOver && option.state & QStyle::State_Enabled)
+        canvas.painter.fillRect(rect, StyleColors(option).hovered);
+    else if (option.features & QStyleOptionViewItem::Alternate)
+        canvas.painter.fillRect(rect, palette.brush(groupOf(option), QPalette::AlternateBase));
 }
 
 void drawBranch(const QStyleOption &option, const Canvas &canvas)
@@ -134,15 +171,16 @@ void drawBranch(const QStyleOption &option, const Canvas &canvas)
 
 } // namespace
 
-void drawRowRing(const Canvas &canvas, const QRect &rect, bool selected, const QPalette &palette)
+void drawRowRing(const Canvas &canvas, const QStyleOption &option)
 {
+    const bool selected = option.state & QStyle::State_Selected;
+    const auto color = [&](QPalette::ColorRole role) { return option.palette.color(groupOf(option), role); };
     Body ring;
     ring.frame = QColor(kFocusRingColor);
     ring.frameWidth = kFocusRingWidth;
-    const QColor ground = palette.color(selected ? QPalette::Highlight : QPalette::Base);
-    if (contrast(ring.frame, ground) < kLeastRingContrast)
-        ring.frame = palette.color(selected ? QPalette::HighlightedText : QPalette::Text);
-    drawBody(canvas.painter, rect, ring);
+    if (contrast(ring.frame, color(selected ? QPalette::Highlight : QPalette::Base)) < kLeastRingContrast)
+        ring.frame = color(selected ? QPalette::HighlightedText : QPalette::Text);
+    drawBody(canvas.painter, option.rect, ring);
 }
 
 bool drawViewPrimitive(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &canvas)
@@ -154,6 +192,15 @@ bool drawViewPrimitive(QStyle::PrimitiveElement element, const QStyleOption &opt
             return true;
         }
         return false;
+    case QStyle::PE_PanelItemViewRow:
+        if (const auto *row = qstyleoption_cast<const QStyleOptionViewItem *>(&option)) {
+            drawRow(*row, canvas);
+            return true;
+        }
+        return false;
+    case QStyle::PE_PanelScrollAreaCorner:
+        canvas.painter.fillRect(option.rect, StyleColors(option).raised);
+        return true;
     case QStyle::PE_IndicatorBranch:
         drawBranch(option, canvas);
         return true;
@@ -172,6 +219,10 @@ bool drawViewControl(QStyle::ControlElement element, const QStyleOption &option,
 {
     const auto *header = qstyleoption_cast<const QStyleOptionHeader *>(&option);
     switch (element) {
+    case QStyle::CE_Header:
+        if (header)
+            drawHeader(*header, canvas);
+        return header;
     case QStyle::CE_HeaderSection:
         if (header)
             drawSection(*header, canvas);
@@ -210,7 +261,7 @@ int rowMargin(const QStyleOption *option)
     return pictures ? kMarginBesidePictures : kFieldInset - 1;
 }
 
-bool isSelectionPlain(const QStyleOptionViewItem &option, const QStyle &style)
+bool isSelectionPlain(const QStyleOption &option, const QStyle &style)
 {
     return option.state & QStyle::State_Selected &&
            option.palette.color(QPalette::Active, QPalette::Highlight) ==
@@ -221,8 +272,11 @@ void setSelectionColors(QPalette &palette)
 {
     palette.setColor(QPalette::Highlight, QColor(kAccent));
     palette.setColor(QPalette::HighlightedText, Qt::white);
-    palette.setColor(QPalette::Inactive, QPalette::Highlight, QColor(kRule));
-    palette.setColor(QPalette::Inactive, QPalette::HighlightedText, QColor(kFieldText));
+    for (const auto &[group, text] :
+         {std::pair(QPalette::Inactive, kFieldText), std::pair(QPalette::Disabled, kFieldTextDisabled)}) {
+        palette.setColor(group, QPalette::Highlight, QColor(kRule));
+        palette.setColor(group, QPalette::HighlightedText, QColor(text));
+    }
 }
 
 } // namespace lumqt
