@@ -133,8 +133,11 @@ QRect CBPStyle::subElementRect(SubElement element, const QStyleOption *option, c
         }
         break;
     case SE_ItemViewItemFocusRect:
-    case SE_HeaderLabel: // which keeps its own distance
         return option->rect;
+    case SE_HeaderLabel: { // beside whose text the header counts with a margin of the style
+        const int beside = lumqt::kFieldInset - proxy()->pixelMetric(PM_HeaderMargin, option, widget);
+        return option->rect.adjusted(beside, 0, -beside, 0);
+    }
     case SE_HeaderArrow: {
         QRect arrow = option->rect.adjusted(0, 0, -lumqt::kFieldInset, 0);
         arrow.setLeft(arrow.right() + 1 - lumqt::kTriangleWidth);
@@ -154,7 +157,7 @@ QRect CBPStyle::subControlRect(ComplexControl control, const QStyleOptionComplex
         return lumqt::comboBoxPart(*combo, part);
     const auto *spin = qstyleoption_cast<const QStyleOptionSpinBox *>(option);
     if (control == CC_SpinBox && spin)
-        return lumqt::spinBoxPart(*spin, part);
+        return lumqt::spinBoxPart(*spin, part, widget);
     const auto *slider = qstyleoption_cast<const QStyleOptionSlider *>(option);
     if (control == CC_ScrollBar && slider)
         return lumqt::scrollBarPart(*slider, part);
@@ -201,7 +204,7 @@ QSize CBPStyle::sizeFromContents(ContentsType type, const QStyleOption *option, 
 
 int CBPStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const
 {
-    const bool inView = qobject_cast<const QAbstractItemView *>(widget);
+    const bool inView = lumqt::hasRows(widget);
     switch (metric) {
     case PM_IndicatorWidth:
     case PM_IndicatorHeight:
@@ -212,9 +215,7 @@ int CBPStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const 
     case PM_RadioButtonLabelSpacing:
         return lumqt::kIndicatorRoom;
     case PM_HeaderMarkSize:
-        return lumqt::kTriangleWidth;
-    case PM_HeaderMargin:
-        return lumqt::kFieldInset;
+        return lumqt::kTriangleWidth + lumqt::kIconGap;
     case PM_ScrollBarExtent:
         return lumqt::kScrollBarWidth;
     case PM_ComboBoxFrameWidth:

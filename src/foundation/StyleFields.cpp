@@ -20,6 +20,10 @@ namespace lumqt {
 
 namespace {
 
+// A style sheet, whosever and for whatever, has Qt give a spin box 16 pixels beside its text, whatever the
+// style asks for.
+constexpr int kTightSteps = 14;
+constexpr int kTightInset = 3;
 constexpr int kLabelMargin = 1; // beside the text of a combo box
 
 QColor frameOf(const QStyleOption &option, const StyleColors &colors)
@@ -178,17 +182,21 @@ void drawComboBox(const QStyleOptionComboBox &option, const Canvas &canvas)
     drawRing(canvas, option.rect, focused && enabled);
 }
 
-QRect spinBoxPart(const QStyleOptionSpinBox &option, QStyle::SubControl part)
+QRect spinBoxPart(const QStyleOptionSpinBox &option, QStyle::SubControl part, const QWidget *widget)
 {
+    const bool tight = widget && widget->style()->inherits("QStyleSheetStyle");
     const int frame = option.frame ? 1 : 0;
-    const int steps = option.buttonSymbols == QAbstractSpinBox::NoButtons ? 0 : kStepWidth;
+    const int steps = option.buttonSymbols == QAbstractSpinBox::NoButtons ? 0
+                      : tight                                             ? kTightSteps
+                                                                          : kStepWidth;
+    const int inset = !option.frame ? 0 : tight ? kTightInset : kFieldInset - kLineEditMargin;
     QRect rect = option.rect;
     QRect buttons = rect.adjusted(0, frame, -frame, -frame);
     buttons.setLeft(buttons.right() + 1 - steps);
     switch (part) {
     case QStyle::SC_SpinBoxEditField:
-        rect.adjust(option.frame ? kFieldInset - kLineEditMargin : 0, option.frame ? kFocusRingWidth : 0,
-                    -steps - kFocusRingWidth * frame, option.frame ? -kFocusRingWidth : 0);
+        rect.adjust(inset, option.frame ? kFocusRingWidth : 0, -steps - frame,
+                    option.frame ? -kFocusRingWidth : 0);
         break;
     case QStyle::SC_SpinBoxUp:
         rect = buttons;

@@ -24,6 +24,7 @@ class StyleWatch;
 
 // Sizes in logical pixels.
 constexpr int kIndicator = 16;    // of check boxes and radio buttons
+constexpr int kIconGap = 6;       // between a picture or a mark and a text
 constexpr int kIndicatorRoom = 3; // around it, for the focus ring and a pixel of air
 constexpr int kViewFrame = 2;     // of views and texts that scroll: room for the focus ring
 constexpr int kFocusRingRadius = 2;
@@ -85,10 +86,12 @@ void drawSpinBox(const QStyleOptionSpinBox &option, const Canvas &canvas);
 void drawScrollBar(const QStyleOptionSlider &option, const Canvas &canvas);
 
 QRect comboBoxPart(const QStyleOptionComboBox &option, QStyle::SubControl part);
-QRect spinBoxPart(const QStyleOptionSpinBox &option, QStyle::SubControl part);
+QRect spinBoxPart(const QStyleOptionSpinBox &option, QStyle::SubControl part, const QWidget *widget);
 QRect scrollBarPart(const QStyleOptionSlider &option, QStyle::SubControl part);
 
 QSize headerSize(const QStyleOptionHeader &option, const QStyle &style, const QWidget *widget);
+// Whether a widget shows rows or cells of text; a calendar has days.
+bool hasRows(const QWidget *widget);
 // The room beside a row's text, as PM_FocusFrameHMargin counts it.
 int rowMargin(const QStyleOption *option);
 

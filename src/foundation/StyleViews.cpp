@@ -19,7 +19,6 @@ namespace lumqt {
 namespace {
 
 constexpr qreal kLeastRingContrast = 3;
-constexpr int kIconGap = 6;
 constexpr int kMarginBesidePictures = 2; // which is kept on each side of a picture and of the text
 
 // Relative luminance, and the contrast of two colours.
@@ -51,12 +50,16 @@ void drawSection(const QStyleOptionHeader &option, const Canvas &canvas)
     canvas.painter.fillRect(rect, fadedColor(canvas.widget, FadingSections + option.section, ground));
     drawRule(canvas, option.rect, Qt::BottomEdge, colors.rule);
     const bool reversed = option.direction == Qt::RightToLeft;
-    drawRule(canvas, option.rect, reversed ? Qt::LeftEdge : Qt::RightEdge, colors.rule);
+    const int end = canvas.widget ? canvas.widget->width() - 1 : -1;
+    // Where the view ends, its frame is the rule.
+    if (option.orientation == Qt::Vertical || (reversed ? option.rect.left() > 0 : option.rect.right() < end))
+        drawRule(canvas, option.rect, reversed ? Qt::LeftEdge : Qt::RightEdge, colors.rule);
 }
 
 void drawSectionText(const QStyleOptionHeader &option, const Canvas &canvas)
 {
-    QRect text = option.rect.adjusted(kFieldInset, 0, -kFieldInset, 0);
+    const int margin = canvas.style.pixelMetric(QStyle::PM_HeaderMargin, &option, canvas.widget);
+    QRect text = option.rect.adjusted(margin, 0, -margin, 0);
     if (option.sortIndicator != QStyleOptionHeader::None)
         text.setRight(text.right() - kTriangleWidth - kIconGap);
     text = QStyle::visualRect(option.direction, option.rect, text);
@@ -251,6 +254,11 @@ QSize headerSize(const QStyleOptionHeader &option, const QStyle &style, const QW
     if (option.sortIndicator != QStyleOptionHeader::None)
         width += kTriangleWidth + kIconGap;
     return QSize(width, qMax(kFieldHeight, qMax(text.height(), icon) + 2 * kFieldPadding));
+}
+
+bool hasRows(const QWidget *widget)
+{
+    return qobject_cast<const QAbstractItemView *>(widget) && !widget->inherits("QCalendarView");
 }
 
 int rowMargin(const QStyleOption *option)
