@@ -42,6 +42,7 @@ Q_SIGNALS:
 
 protected:
     void showEvent(QShowEvent *event) override;
+    void changeEvent(QEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     bool focusNextPrevChild(bool next) override;
 
@@ -53,6 +54,7 @@ private Q_SLOTS:
 private:
     QToolButton *createButton(const char *objectName, const QString &accessibleName);
     void Changed(bool bEmpty);
+    void keepTextClear();
 
     QToolButton *m_pBtnClose = nullptr; // clears the text
     QToolButton *m_pBtnSearch = nullptr;

@@ -1,5 +1,7 @@
 #include "CBPTextEdit.h"
 
+#include <QEvent>
+#include <QPainter>
 #include <QTimer>
 
 CBPTextEdit::CBPTextEdit(QWidget *parent) : QTextEdit(parent)
@@ -18,6 +20,27 @@ void CBPTextEdit::setTextMargin(int left, int top, int right, int bottom)
 {
     const auto sane = [](int pixels) { return qBound(0, pixels, QWIDGETSIZE_MAX); };
     setViewportMargins(sane(left), sane(top), sane(right), sane(bottom));
+}
+
+// The painting of the frame; that of the text is the viewport's.
+bool CBPTextEdit::event(QEvent *event)
+{
+    if (event->type() == QEvent::Paint)
+        paintMargin();
+    return QTextEdit::event(event);
+}
+
+// Else it would have the window's ground. A style sheet that gives the edit a ground or a frame takes the
+// viewport's away, and fills all of it itself.
+void CBPTextEdit::paintMargin()
+{
+    const QWidget *text = viewport();
+    if (!text->autoFillBackground())
+        return;
+    QPainter painter(this);
+    painter.setClipRegion(QRegion(contentsRect()) - text->geometry());
+    painter.setBrushOrigin(text->pos());
+    painter.fillRect(contentsRect(), text->palette().brush(text->backgroundRole()));
 }
 
 void CBPTextEdit::on_text_changed()
