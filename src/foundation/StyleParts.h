@@ -1,0 +1,71 @@
+#pragma once
+
+#include "foundation/Look.h"
+
+#include <QColor>
+#include <QStyle>
+
+class QPainter;
+class QStyleOption;
+class QStyleOptionComplex;
+class QWidget;
+
+// What CBPStyle paints and measures itself, a file to a family of widgets: StyleFields.cpp,
+// StyleIndicators.cpp, StyleViews.cpp, StyleScroll.cpp. A function that answers false leaves the element to
+// the style below.
+namespace lumqt {
+
+class StyleWatch;
+
+// Sizes in logical pixels.
+constexpr int kIndicator = 16;    // of check boxes and radio buttons
+constexpr int kIndicatorRoom = 3; // around it, for the focus ring and a pixel of air
+constexpr int kViewFrame = 2;     // of views and texts that scroll: room for the focus ring
+constexpr int kScrollBarWidth = 12;
+constexpr int kDropWidth = 24; // of what opens a list
+constexpr int kStepWidth = 20; // of the buttons of a spin box
+constexpr int kTriangleWidth = 8;
+constexpr int kTriangleHeight = 4;
+constexpr int kLineEditMargin = 2; // QLineEdit keeps it beside its text by itself
+
+// The parts of a widget whose colours fade, for fadedColor().
+enum FadingPart { FadingFrame, FadingGround, FadingRing, FadingUp, FadingDown, FadingSlider, FadingSections };
+
+struct Canvas
+{
+    QPainter &painter;
+    const QWidget *widget; // may be null
+    const QStyle &style;   // as the widget has it, with what is around this one
+    const StyleWatch &watch;
+};
+
+// The colours for an option: the library's, unless a palette says otherwise.
+struct StyleColors
+{
+    explicit StyleColors(const QStyleOption &option);
+
+    QColor ground; // of a field
+    QColor raised; // of what stands out of a ground: headers, tracks
+    QColor hovered;
+    QColor pressed;
+    QColor frame; // for the state of the option
+    QColor rule;
+    QColor ink; // of marks and triangles, for the state of the option
+    QColor accent;
+    QColor onAccent;
+    bool dark = false;
+};
+
+// The ring of the focus at the edge of `rect`, fading; on a ground that it would not be seen on it is white.
+void drawRing(const Canvas &canvas, const QRect &rect, bool shown, int part = FadingRing);
+// A flat ground with a frame of one pixel, both fading.
+void drawPanel(const Canvas &canvas, const QRect &rect, const QColor &ground, const QColor &frame);
+// Pointing down or, otherwise, up, left or right, its box in the middle of `rect`.
+void drawTriangle(const Canvas &canvas, const QRect &rect, Qt::ArrowType arrow, const QColor &color);
+
+bool drawFieldPrimitive(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &canvas);
+bool drawFieldControl(QStyle::ControlElement element, const QStyleOption &option, const Canvas &canvas);
+bool drawFieldComplex(QStyle::ComplexControl control, const QStyleOptionComplex &option,
+                      const Canvas &canvas);
+
+} // namespace lumqt
