@@ -15,7 +15,8 @@ class QCompleter;
 /// come from the model that the application gives to completer(). Up to 50 characters. The Tab key goes from
 /// the text on to the button inside, which Space and Enter press; a click on it gives the text the focus. As
 /// long as the focus stays within the field sigLoseFocus() is not sent. Screen readers find the buttons
-/// named. Its pictures are looked up relative to the current directory.
+/// named, and the field by its label, its placeholder or as a search, if the application gives it no name.
+/// Its pictures are looked up relative to the current directory.
 ///
 /// In the place of another line edit mind what the field brings along: a completer, a style sheet (so style()
 /// changes with setStyle(), and the one before is gone), a maximum length, a layout, text margins that are

@@ -4,7 +4,7 @@
 
 #include <QTextEdit>
 
-/// A text edit of several lines with a greatest length.
+/// A text edit of several lines with a greatest length, in the look of CBPStyle.
 ///
 /// GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPTextEdit : public QTextEdit
@@ -31,6 +31,7 @@ public:
 
 protected:
     bool event(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
 
 private Q_SLOTS:
     void on_text_changed();

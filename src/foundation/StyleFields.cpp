@@ -1,5 +1,6 @@
 // Fields: line edits, the frames of texts and views.
 
+#include "foundation/FieldText.h"
 #include "foundation/Painting.h"
 #include "foundation/StyleParts.h"
 #include "foundation/StyleWatch.h"
@@ -9,6 +10,7 @@
 #include <QAbstractSpinBox>
 #include <QComboBox>
 #include <QFrame>
+#include <QLineEdit>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QStyleOption>
@@ -41,7 +43,9 @@ void drawLineEdit(const QStyleOptionFrame &option, const Canvas &canvas)
         return;
     }
     const bool focused = option.state & QStyle::State_HasFocus || canvas.watch.hasFocus(canvas.widget);
-    drawPanel(canvas, option.rect, colors.ground, frameOf(option, colors));
+    const bool refused = isRefused(qobject_cast<const QLineEdit *>(canvas.widget));
+    drawPanel(canvas, option.rect, colors.ground,
+              refused ? QColor(kFieldFrameInvalid) : frameOf(option, colors));
     drawRing(canvas, option.rect, focused && option.state & QStyle::State_Enabled);
 }
 

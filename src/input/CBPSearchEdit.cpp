@@ -6,11 +6,14 @@
 #include <QCompleter>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPainter>
 #include <QRegularExpression>
 #include <QStyleOptionToolButton>
 #include <QStylePainter>
 #include <QToolButton>
+
+#include <algorithm>
 
 namespace {
 
@@ -51,6 +54,29 @@ bool holdsFocus(const QWidget *edit)
 {
     const QWidget *holder = QApplication::focusWidget();
     return holder && (holder == edit || edit->isAncestorOf(holder));
+}
+
+// The name that the field gives itself, where the application gives none. A label's text needs no telling.
+const char kOwnName[] = "_lumqt_ownName";
+
+QString ownName(const CBPSearchEdit *edit)
+{
+    const auto labels = edit->window()->findChildren<QLabel *>();
+    if (std::any_of(labels.begin(), labels.end(),
+                    [edit](const QLabel *label) { return label->buddy() == edit; }))
+        return QString();
+    const QString placeholder = edit->placeholderText();
+    return placeholder.isEmpty() ? CBPSearchEdit::tr("Search") : placeholder;
+}
+
+void nameItself(CBPSearchEdit *edit)
+{
+    if (edit->accessibleName() != edit->property(kOwnName).toString())
+        return; // the application's
+    const QString name = ownName(edit);
+    edit->setProperty(kOwnName, name);
+    if (edit->accessibleName() != name)
+        edit->setAccessibleName(name);
 }
 
 // Whether each picture of a style sheet has as many pixels.
@@ -286,6 +312,7 @@ void CBPSearchEdit::keepTextClear()
 void CBPSearchEdit::showEvent(QShowEvent *event)
 {
     keepTextClear();
+    nameItself(this);
     CBPLineEdit::showEvent(event);
 }
 
