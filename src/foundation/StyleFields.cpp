@@ -43,8 +43,10 @@ void drawLineEdit(const QStyleOptionFrame &option, const Canvas &canvas)
         return;
     }
     const bool focused = option.state & QStyle::State_HasFocus || canvas.watch.hasFocus(canvas.widget);
+    // A text that only the program changes lies on the ground of what cannot be edited.
+    const bool locked = option.state & QStyle::State_ReadOnly && colors.ground == QColor(kFieldGround);
     const bool refused = isRefused(qobject_cast<const QLineEdit *>(canvas.widget));
-    drawPanel(canvas, option.rect, colors.ground,
+    drawPanel(canvas, option.rect, locked ? QColor(kFieldGroundDisabled) : colors.ground,
               refused ? QColor(kFieldFrameInvalid) : frameOf(option, colors));
     drawRing(canvas, option.rect, focused && option.state & QStyle::State_Enabled);
 }
