@@ -1,6 +1,7 @@
 // Fields: line edits, combo boxes, spin boxes, the frames of texts and views.
 
 #include "foundation/Fade.h"
+#include "foundation/FieldText.h"
 #include "foundation/Painting.h"
 #include "foundation/StyleParts.h"
 #include "foundation/StyleWatch.h"
@@ -10,6 +11,7 @@
 #include <QAbstractSpinBox>
 #include <QComboBox>
 #include <QFrame>
+#include <QLineEdit>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QScrollBar>
@@ -49,7 +51,11 @@ void drawLineEdit(const QStyleOptionFrame &option, const Canvas &canvas)
         return;
     }
     const bool focused = option.state & QStyle::State_HasFocus || canvas.watch.hasFocus(canvas.widget);
-    drawPanel(canvas, option.rect, colors.ground, frameOf(option, colors));
+    // A text that only the program changes lies on the ground of what cannot be edited.
+    const bool locked = option.state & QStyle::State_ReadOnly && colors.ground == QColor(kFieldGround);
+    const bool refused = isRefused(qobject_cast<const QLineEdit *>(canvas.widget));
+    drawPanel(canvas, option.rect, locked ? QColor(kFieldGroundDisabled) : colors.ground,
+              refused ? QColor(kFieldFrameInvalid) : frameOf(option, colors));
     drawRing(canvas, option.rect, focused && option.state & QStyle::State_Enabled);
 }
 

@@ -1,9 +1,38 @@
 #include "CBPTextEdit.h"
 
+#include "CBPStyle.h"
+#include "foundation/StyleParts.h"
+#include "foundation/StyleWatch.h"
+
+#include <QEvent>
+#include <QPainter>
+#include <QPaintEvent>
+#include <QStyleOption>
 #include <QTimer>
+
+namespace {
+
+constexpr int kInset = lumqt::kFieldInset - lumqt::kViewFrame; // from the frame to the text
+
+// What lies below the text; invalid where a style sheet has taken the painting of it over.
+QBrush groundOf(const QTextEdit &edit)
+{
+    const QWidget *text = edit.viewport();
+    if (!text->autoFillBackground())
+        return QBrush();
+    if (edit.style()->styleHint(lumqt::kIsOurs, nullptr, &edit) != lumqt::kOurs)
+        return text->palette().brush(text->backgroundRole());
+    QStyleOption option;
+    option.initFrom(text);
+    return lumqt::StyleColors(option).ground;
+}
+
+} // namespace
 
 CBPTextEdit::CBPTextEdit(QWidget *parent) : QTextEdit(parent)
 {
+    CBPStyle::Apply(this);
+    document()->setDocumentMargin(kInset);
     connect(this, &QTextEdit::textChanged, this, &CBPTextEdit::on_text_changed);
 }
 
@@ -18,6 +47,38 @@ void CBPTextEdit::setTextMargin(int left, int top, int right, int bottom)
 {
     const auto sane = [](int pixels) { return qBound(0, pixels, QWIDGETSIZE_MAX); };
     setViewportMargins(sane(left), sane(top), sane(right), sane(bottom));
+}
+
+// The painting of the frame; that of the text is the viewport's.
+bool CBPTextEdit::event(QEvent *event)
+{
+    const bool handled = QTextEdit::event(event);
+    if (event->type() == QEvent::Paint)
+        paintMargin();
+    return handled;
+}
+
+// Else it would have the window's ground.
+void CBPTextEdit::paintMargin()
+{
+    const QRect text = viewport()->geometry();
+    const QRect around = text.marginsAdded(viewportMargins());
+    const QBrush ground = groundOf(*this);
+    if (around == text || ground.style() == Qt::NoBrush)
+        return;
+    QPainter painter(this);
+    painter.setClipRegion(QRegion(around) - text);
+    painter.setBrushOrigin(text.topLeft());
+    painter.fillRect(around, ground);
+}
+
+void CBPTextEdit::paintEvent(QPaintEvent *event)
+{
+    // The viewport's own ground is the palette's, and while disabled the window's.
+    const QBrush ground = groundOf(*this);
+    if (ground.style() != Qt::NoBrush)
+        QPainter(viewport()).fillRect(event->rect(), ground);
+    QTextEdit::paintEvent(event);
 }
 
 void CBPTextEdit::on_text_changed()
