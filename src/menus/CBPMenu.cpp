@@ -419,7 +419,7 @@ void CBPMenu::changeEvent(QEvent *event)
 // before any style, ours included. A rule of the menu's own goes before it; without need there is none.
 void CBPMenu::keepItemSize()
 {
-    if (m_keepsSize || !m_sizeStyle || style() == m_sizeStyle)
+    if (m_keepsSize || !m_sizeStyle || !style()->inherits("QStyleSheetStyle"))
         return;
     const QSize wanted = boundedSize(m_itemSize);
     const auto isKept = [this, &wanted](QStyle::State state) {
