@@ -211,15 +211,13 @@ private slots:
         QCOMPARE(path->geometry().top(), space->geometry().top());
         QCOMPARE(path->font(), space->font());
         row.setLayoutDirection(Qt::RightToLeft); // a path keeps its own
-        QVERIFY(path->x() > space->x());
         row.SetPathMaxWidth(600);
         layOut(row.sizeHint().width());
+        QVERIFY(path->x() > space->x());
         const QImage mirrored = pictureOf(*path);
         row.setLayoutDirection(Qt::LeftToRight);
-        QVERIFY(!row.grab().isNull());
+        layOut(row.width());
         QCOMPARE(mirrored, pictureOf(*path));
-        row.SetPathMaxWidth(600);
-        layOut(row.sizeHint().width());
         QCOMPARE(path->toolTip(), QString());
     }
 
