@@ -252,10 +252,14 @@ void CachedText::drawLine(QPainter &painter, const QPoint &topLeft)
         painter.drawText(topLeft + QPoint(0, m_ascent), m_text);
         return;
     }
-    if (!m_laidOut) {
+    if (!m_laidOut || m_direction != painter.layoutDirection()) {
         m_laidOut = true;
+        m_direction = painter.layoutDirection(); // by which drawText() orders what runs both ways
         m_layout = QStaticText(m_text);
         m_layout.setTextFormat(Qt::PlainText);
+        QTextOption option;
+        option.setTextDirection(m_direction);
+        m_layout.setTextOption(option);
     }
     painter.drawStaticText(topLeft, m_layout);
 }

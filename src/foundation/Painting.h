@@ -87,6 +87,7 @@ private:
     QSize m_size;
     qreal m_ratio = 0.0;
     int m_ascent = 0;
+    Qt::LayoutDirection m_direction = Qt::LayoutDirectionAuto; // of m_layout
     bool m_oneLine = false;
     bool m_painted = false;
     bool m_laidOut = false;

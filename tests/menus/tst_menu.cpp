@@ -189,7 +189,7 @@ private slots:
             if (sheet)
                 menu.setSeparatorRectHeight(17);
             menu.setStyle(other.data());
-            QVERIFY(itemRect(menu, 0).size() != QSize(249, 40));
+            QVERIFY(sheet || itemRect(menu, 0).size() != QSize(249, 40)); // a sheet's rule keeps it
             menu.ResetMenuWidth();
             QCOMPARE(itemRect(menu, 0).size(), QSize(249, 40));
         }
