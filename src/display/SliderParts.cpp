@@ -267,7 +267,7 @@ void drawSliderTrack(QPainter &painter, const QRect &rect, int last, int inset)
     painter.fillRect(wholeDevicePixels(painter, track), kTrackColor);
     for (int i = 0; i <= last; ++i) {
         const QRect tick(sliderTick(rect, i, last, inset), middle + kTickTop, 1, kTickHeight);
-        painter.fillRect(wholeDevicePixels(painter, tick), kTickColor);
+        painter.fillRect(evenDevicePixels(painter, tick), kTickColor);
     }
 }
 

@@ -14,7 +14,9 @@ namespace lumqt {
 
 namespace {
 
-constexpr int kMaxSide = 8192;       // pixels; larger files are no pictures of an interface
+// Pixels; larger files are no pictures of an interface. A strip may be long.
+constexpr int kMaxSide = 32767;
+constexpr qint64 kMaxPixels = 8192 * 8192;
 constexpr int kCacheKiB = 48 * 1024; // decoded pictures
 constexpr int kParsedDrawings = 256; // SVG files kept parsed
 const char kHighDensityMark[] = "@2x";
@@ -71,14 +73,19 @@ void forgetAll()
     drawings().clear();
 }
 
+// By its name; a picture of pixels that is named so is none.
 bool isDrawing(const QString &file)
 {
-    return file.endsWith(QLatin1String(".svg"));
+    if (!file.endsWith(QLatin1String(".svg")))
+        return false;
+    const QByteArray content = QImageReader::imageFormat(file);
+    return content.isEmpty() || content == "svg";
 }
 
 bool isReasonable(const QSize &size, const QString &file)
 {
-    if (size.width() <= kMaxSide && size.height() <= kMaxSide)
+    if (size.width() <= kMaxSide && size.height() <= kMaxSide &&
+        qint64(size.width()) * size.height() <= kMaxPixels)
         return true;
     qCWarning(lcLumQt, "The image %s is too large: %d x %d", qUtf8Printable(file), size.width(),
               size.height());

@@ -138,6 +138,15 @@ QRectF wholeDevicePixels(const QPainter &painter, const QRectF &rect)
     return toDevice.inverted().mapRect(QRectF(topLeft, bottomRight));
 }
 
+QRectF evenDevicePixels(const QPainter &painter, const QRectF &rect)
+{
+    const QTransform &toDevice = painter.deviceTransform();
+    const QPointF topLeft = wholeDevicePixels(painter, rect).topLeft();
+    const auto even = [](qreal length, qreal scale) { return qMax(1, qRound(length * scale)) / scale; };
+    return QRectF(topLeft, QSizeF(even(rect.width(), qAbs(toDevice.m11())),
+                                  even(rect.height(), qAbs(toDevice.m22()))));
+}
+
 void drawBody(QPainter &painter, const QRect &rect, const Body &body)
 {
     if (rect.isEmpty())

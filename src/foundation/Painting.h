@@ -53,6 +53,10 @@ bool showsFocusFor(const QWidget *widget, Qt::FocusReason reason);
 // `rect` with its edges on device pixels, where antialiased or scaled painting leaves no half-covered ones.
 LUMQT_TESTED QRectF wholeDevicePixels(const QPainter &painter, const QRectF &rect);
 
+// The same of a line or a small mark, which is as large wherever it lies: of lines side by side none is
+// thicker than another. Never without a size.
+LUMQT_TESTED QRectF evenDevicePixels(const QPainter &painter, const QRectF &rect);
+
 // A triangle that points down, its box at `topLeft`.
 LUMQT_TESTED void drawDropTriangle(QPainter &painter, const QPointF &topLeft, int width, int height,
                                    const QColor &color);

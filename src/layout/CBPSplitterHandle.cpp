@@ -1,6 +1,7 @@
 #include "CBPSplitterHandle.h"
 
 #include "foundation/Painting.h"
+#include "layout/BoxPainting.h"
 
 #include <QPainter>
 
@@ -27,9 +28,7 @@ void CBPSplitterHandle::setColr(QPen pen, QBrush brush)
 void CBPSplitterHandle::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    painter.setPen(m_pen);
-    painter.setBrush(m_brush);
     const int width = lumqt::boundedPixels(m_pen.width());
     // The upper edge goes up, out of the handle: only the sides and the lower edge are meant to be seen.
-    painter.drawRect(rect().marginsRemoved(QMargins(0, -width, width, width)));
+    lumqt::drawOutlined(painter, rect().marginsRemoved(QMargins(0, -width, width, width)), m_pen, m_brush);
 }

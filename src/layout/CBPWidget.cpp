@@ -1,5 +1,7 @@
 #include "CBPWidget.h"
 
+#include "layout/BoxPainting.h"
+
 #include <QPainter>
 
 CBPWidget::CBPWidget(QWidget *parent) : QWidget(parent), m_brush(Qt::white), m_pen(Qt::NoPen) {}
@@ -31,7 +33,5 @@ void CBPWidget::Hide()
 void CBPWidget::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    painter.setPen(m_pen);
-    painter.setBrush(m_brush);
-    painter.drawRect(rect());
+    lumqt::drawOutlined(painter, rect(), m_pen, m_brush);
 }
