@@ -15,10 +15,16 @@ void fillPixels(QPainter &painter, const QRectF &rect, const QColor &color)
 void fillFramed(QPainter &painter, const QRectF &rect, const QColor &ground, const QColor &frame)
 {
     fillPixels(painter, rect, ground); // below the frame too: it may be translucent
-    fillPixels(painter, QRectF(rect.left(), rect.top(), rect.width(), 1), frame);
-    fillPixels(painter, QRectF(rect.left(), rect.bottom() - 1, rect.width(), 1), frame);
-    fillPixels(painter, QRectF(rect.left(), rect.top() + 1, 1, rect.height() - 2), frame);
-    fillPixels(painter, QRectF(rect.right() - 1, rect.top() + 1, 1, rect.height() - 2), frame);
+    if (!frame.isValid() || rect.isEmpty())
+        return;
+    // As thick at each side: inwards from the whole pixels of the rectangle.
+    const QRectF whole = wholeDevicePixels(painter, rect);
+    const qreal thick = wholeDeviceLine(painter, QRectF(rect.left(), rect.top(), rect.width(), 1)).height();
+    painter.fillRect(QRectF(whole.left(), whole.top(), whole.width(), thick), frame);
+    painter.fillRect(QRectF(whole.left(), whole.bottom() - thick, whole.width(), thick), frame);
+    painter.fillRect(QRectF(whole.left(), whole.top() + thick, thick, whole.height() - 2 * thick), frame);
+    painter.fillRect(QRectF(whole.right() - thick, whole.top() + thick, thick, whole.height() - 2 * thick),
+                     frame);
 }
 
 } // namespace lumqt
