@@ -2,7 +2,8 @@
 
 #include "CBPWinFrm.h"
 
-#include <QCoreApplication>
+#include <QAbstractScrollArea>
+#include <QApplication>
 #include <QFocusEvent>
 #include <QLabel>
 #include <QMouseEvent>
@@ -27,6 +28,31 @@ void sendPress(QWidget *sample)
     QCoreApplication::sendEvent(sample, &event);
 }
 
+// Some ask for the focus when they paint, and those that a style paints do. To them a widget has it when the
+// one that it stands in for has it; that may be any of the program.
+class FocusWhilePainting : public QObject
+{
+public:
+    explicit FocusWhilePainting(QWidget *sample) : QObject(sample), m_sample(sample)
+    {
+        sample->installEventFilter(this);
+        if (auto *area = qobject_cast<QAbstractScrollArea *>(sample))
+            area->viewport()->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        QWidget *focused = QApplication::focusWidget();
+        if (event->type() == QEvent::Paint && focused && !m_sample->hasFocus())
+            m_sample->setFocusProxy(focused);
+        return false;
+    }
+
+private:
+    QWidget *m_sample;
+};
+
 } // namespace
 
 void put(QWidget *sample, State state)
@@ -46,6 +72,7 @@ void put(QWidget *sample, State state)
     case Focused: {
         QFocusEvent event(QEvent::FocusIn, Qt::TabFocusReason);
         QCoreApplication::sendEvent(sample, &event);
+        new FocusWhilePainting(sample);
         break;
     }
     case Disabled:

@@ -3,6 +3,7 @@
 #include "buttons/FocusGroup.h"
 #include "buttons/GroupButton.h"
 #include "foundation/Accessible.h"
+#include "foundation/Painting.h"
 #include "layout/BoxPainting.h"
 
 #include <QLayout>
@@ -112,6 +113,13 @@ void CButtonGroupBox::paintEvent(QPaintEvent *event)
 {
     CBPBox::paintEvent(event);
     QPainter painter(this);
+    drawSeparators(painter);
+}
+
+void CButtonGroupBox::drawSeparators(QPainter &painter) const
+{
+    if (!frameColor().isValid())
+        return;
     const CBPPushBtn *before = nullptr;
     for (const CBPPushBtn *button : qAsConst(m_buttons)) {
         if (!button || button->isHidden())
@@ -119,9 +127,18 @@ void CButtonGroupBox::paintEvent(QPaintEvent *event)
         if (before) {
             const QRect place = before->geometry();
             const int x = isRightToLeft() ? place.left() - kLineWidth : place.right() + 1;
-            lumqt::fillPixels(painter, QRectF(x, kLineWidth, kLineWidth, height() - kLineWidth),
-                              frameColor());
+            const QRectF line(x, kLineWidth, kLineWidth, height() - kLineWidth);
+            painter.fillRect(lumqt::wholeDeviceLine(painter, line), frameColor());
         }
         before = button;
     }
+}
+
+// Where a line of one pixel is two device pixels thick, the gap between two buttons may be one: the buttons
+// paint what they cover of the lines. The painter is in the group's coordinates.
+void CButtonGroupBox::drawOverButton(QPainter &painter) const
+{
+    if (m_bDrawFrame)
+        lumqt::fillFramed(painter, QRectF(rect()), QColor(), frameColor());
+    drawSeparators(painter);
 }

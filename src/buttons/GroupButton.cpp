@@ -1,5 +1,6 @@
 #include "buttons/GroupButton.h"
 
+#include "CButtonGroupBox.h"
 #include "foundation/Accessible.h"
 #include "foundation/FocusMark.h"
 #include "foundation/Painting.h"
@@ -9,12 +10,6 @@
 #include <QPainter>
 
 namespace lumqt {
-
-namespace {
-
-constexpr int kFocusInset = 2;
-
-} // namespace
 
 class GroupButton::Accessible : public AccessibleButton
 {
@@ -85,10 +80,14 @@ QAccessibleInterface *GroupButton::makeAccessible(QWidget *widget)
 void GroupButton::paintEvent(QPaintEvent *event)
 {
     CBPPushBtn::paintEvent(event);
-    if (m_focusMark != FocusMark::Shown || !isEnabled())
-        return;
     QPainter painter(this);
-    drawFocusRing(painter, rect().adjusted(kFocusInset, kFocusInset, -kFocusInset, -kFocusInset));
+    if (const auto *group = qobject_cast<CButtonGroupBox *>(parentWidget())) {
+        painter.translate(-pos());
+        group->drawOverButton(painter);
+        painter.translate(pos());
+    }
+    if (m_focusMark == FocusMark::Shown && isEnabled())
+        drawFocusRing(painter, rect());
 }
 
 void GroupButton::focusInEvent(QFocusEvent *event)

@@ -17,7 +17,6 @@ constexpr int kBodyCacheKiB = 16 * 1024;
 constexpr int kLargestCachedArea = 512 * 512;
 const QColor kDotColor(0xe0, 0x20, 0x20);
 constexpr qreal kDotRadius = 4.0;
-constexpr int kFocusRingRadius = 2;
 
 struct BodyKey
 {
@@ -147,6 +146,21 @@ QRectF evenDevicePixels(const QPainter &painter, const QRectF &rect)
                                   even(rect.height(), qAbs(toDevice.m22()))));
 }
 
+QRectF wholeDeviceLine(const QPainter &painter, const QRectF &line)
+{
+    const QTransform &toDevice = painter.deviceTransform();
+    if (toDevice.type() > QTransform::TxScale)
+        return line;
+    QRectF device = toDevice.mapRect(line);
+    const QPointF topLeft(qRound(device.left()), qRound(device.top()));
+    const QPointF bottomRight(qRound(device.right()), qRound(device.bottom()));
+    const bool upright = line.width() < line.height();
+    const QSizeF size(upright ? wholePixels(1, device.width()) : bottomRight.x() - topLeft.x(),
+                      upright ? bottomRight.y() - topLeft.y() : wholePixels(1, device.height()));
+    device = QRectF(topLeft, size);
+    return toDevice.inverted().mapRect(device);
+}
+
 void drawBody(QPainter &painter, const QRect &rect, const Body &body)
 {
     if (rect.isEmpty())
@@ -174,7 +188,9 @@ void drawBody(QPainter &painter, const QRect &rect, const Body &body)
 
 void drawDropTriangle(QPainter &painter, const QPointF &topLeft, int width, int height, const QColor &color)
 {
-    const QPointF corners[] = {topLeft, topLeft + QPointF(width, 0), topLeft + QPointF(width / 2.0, height)};
+    // Its upper edge is a straight one.
+    const QPointF start = wholeDevicePixels(painter, QRectF(topLeft, QSizeF(width, height))).topLeft();
+    const QPointF corners[] = {start, start + QPointF(width, 0), start + QPointF(width / 2.0, height)};
     painter.save();
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
     painter.setPen(Qt::NoPen);
@@ -183,12 +199,13 @@ void drawDropTriangle(QPainter &painter, const QPointF &topLeft, int width, int 
     painter.restore();
 }
 
-void drawFocusRing(QPainter &painter, const QRect &rect)
+void drawFocusRing(QPainter &painter, const QRect &rect, qreal radiusX, qreal radiusY)
 {
     Body ring;
     ring.frame = QColor(kFocusRingColor);
     ring.frameWidth = kFocusRingWidth;
-    ring.radiusX = ring.radiusY = kFocusRingRadius;
+    ring.radiusX = radiusX > kFocusRingRadius ? radiusX : kFocusRingRadius; // also for what is no number
+    ring.radiusY = radiusY > kFocusRingRadius ? radiusY : kFocusRingRadius;
     drawBody(painter, rect, ring);
 }
 
@@ -230,7 +247,8 @@ void drawDotBadge(QPainter &painter, const QPoint &topLeft, const QColor &color)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(color);
-    painter.drawRoundedRect(QRect(topLeft, QSize(kDotBadgeSize, kDotBadgeSize)), kDotRadius, kDotRadius);
+    const QRectF place(topLeft, QSizeF(kDotBadgeSize, kDotBadgeSize));
+    painter.drawRoundedRect(wholeDevicePixels(painter, place), kDotRadius, kDotRadius);
     painter.restore();
 }
 
