@@ -97,10 +97,17 @@ QPixmap picture(const QString &name)
     const qreal ratio = qApp->devicePixelRatio();
     QString file = picturePath(name);
     const QFileInfo info(file);
-    const QString dense =
-        info.dir().filePath(info.completeBaseName() + QStringLiteral("@2x.") + info.suffix());
-    if (ratio > 1.0 && QFile::exists(dense))
-        file = dense; // Qt reads the density from the name
+    const auto twin = [&info](qreal density) {
+        return info.dir().filePath(
+            QStringLiteral("%1@%2x.%3").arg(info.completeBaseName()).arg(density).arg(info.suffix()));
+    };
+    if (ratio > 1.0 && ratio < 2.0 && QFile::exists(twin(ratio))) {
+        QPixmap exact(twin(ratio));
+        exact.setDevicePixelRatio(ratio);
+        return exact;
+    }
+    if (ratio > 1.0 && QFile::exists(twin(2)))
+        file = twin(2); // Qt reads the density from the name
     QImageReader reader(file);
     if (info.suffix() == QLatin1String("svg"))
         reader.setScaledSize(reader.size() * ratio);

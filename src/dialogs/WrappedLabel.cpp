@@ -101,6 +101,10 @@ QTextDocument &WrappedLabel::laidOut(int width) const
         m_narrowest = 0;
         m_heights.clear();
         m_document.setDefaultFont(font());
+        // Each paragraph reads as it is written, and all of them start at the side that the dialog does.
+        QTextOption option = m_document.defaultTextOption();
+        option.setAlignment(isRightToLeft() ? Qt::AlignRight | Qt::AlignAbsolute : Qt::Alignment());
+        m_document.setDefaultTextOption(option);
         if (Qt::mightBeRichText(m_shown)) {
             m_document.setHtml(m_shown);
             makeBreakable(m_document);
@@ -163,7 +167,7 @@ void WrappedLabel::paintEvent(QPaintEvent *event)
 
 void WrappedLabel::changeEvent(QEvent *event)
 {
-    if (event->type() == QEvent::FontChange)
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::LayoutDirectionChange)
         m_narrowest = -1;
     CBPLabel::changeEvent(event);
 }

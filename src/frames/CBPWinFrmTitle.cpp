@@ -5,14 +5,12 @@
 #include "foundation/FontLookup.h"
 #include "foundation/ImageLoader.h"
 #include "foundation/Log.h"
+#include "frames/TitleLabel.h"
 #include "Util.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLinearGradient>
 #include <QMouseEvent>
-#include <QPainter>
-#include <QStyle>
 
 namespace {
 
@@ -104,32 +102,6 @@ const TitleImages &titleImages()
     return images;
 }
 
-// A text that finds no room is cut with an ellipsis, so that a long title neither widens the window nor
-// pushes the buttons out of it.
-class TitleLabel : public QLabel
-{
-public:
-    explicit TitleLabel(QWidget *parent) : QLabel(parent)
-    {
-        setTextFormat(Qt::PlainText);
-        setMinimumWidth(1);
-    }
-
-protected:
-    void paintEvent(QPaintEvent *event) override
-    {
-        const QRect area = contentsRect();
-        if (text().isEmpty() || fontMetrics().horizontalAdvance(text()) <= area.width()) {
-            QLabel::paintEvent(event);
-            return;
-        }
-        QPainter painter(this);
-        style()->drawItemText(&painter, area, int(alignment()), palette(), isEnabled(),
-                              fontMetrics().elidedText(text(), Qt::ElideRight, area.width()),
-                              foregroundRole());
-    }
-};
-
 } // namespace
 
 CBPWinFrmTitle::CBPWinFrmTitle(QWidget *parent)
@@ -163,7 +135,7 @@ void CBPWinFrmTitle::Init()
 void CBPWinFrmTitle::createLabels()
 {
     m_icon.widget = new QLabel(this);
-    m_title.widget = new TitleLabel(this);
+    m_title.widget = new lumqt::TitleLabel(this);
     m_title.widget->setObjectName(QStringLiteral("CBPWinFrmTitle_WindTitle"));
     m_title.widget->setFont(lumqt::uiFont());
     m_icon.widget->hide();

@@ -96,7 +96,7 @@ private Q_SLOTS:
         QCOMPARE(w.bar.findChildren<CBPImageButton *>().size(), 6);
         QCOMPARE(idsWhere(&QWidget::isVisible, w.bar), 0);
         QVERIFY(titleLabel(w.bar)->isHidden() && iconLabel(w.bar)->isHidden());
-        QCOMPARE(textColor(w.bar), QColor(127, 143, 164));
+        QCOMPARE(textColor(w.bar), Util::GetWindowTitleTextColor()); // lighter than the built-in colour
         QCOMPARE(button(w.bar, 128)->size(), QSize(48, 32));
         QCOMPARE(QAccessible::queryAccessibleInterface(&w.bar)->role(), QAccessible::TitleBar);
         QStringList names;

@@ -195,7 +195,7 @@ void collect(const QString &folder, QMap<QString, States> &inStates, QStringList
     const QStringList files = dir.entryList({"*.png", "*.svg"}, QDir::Files, QDir::Name);
     for (const QString &file : files) {
         const QString base = file.section('.', 0, -2);
-        if (base.endsWith("@2x"))
+        if (base.contains('@')) // the same picture for a dense screen
             continue;
         const QString state = stateOf(base);
         if (state.isEmpty())
