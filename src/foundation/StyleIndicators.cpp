@@ -57,7 +57,7 @@ QRect placeOf(const QRect &rect)
     return place;
 }
 
-void drawRingAround(const Canvas &canvas, const QRect &place, int radius = kFocusRingRadius)
+void drawRingAround(const Canvas &canvas, const QRect &place, int radius = int(kFocusRingRadius))
 {
     const QRect ring = place.adjusted(-kIndicatorRoom, -kIndicatorRoom, kIndicatorRoom, kIndicatorRoom);
     drawRing(canvas, ring, canvas.watch.showsFocus(canvas.widget), radius);

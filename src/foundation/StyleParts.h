@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/Look.h"
+#include "foundation/Painting.h"
 
 #include <QColor>
 #include <QStyle>
@@ -27,7 +28,6 @@ constexpr int kIndicator = 16;    // of check boxes and radio buttons
 constexpr int kIconGap = 6;       // between a picture or a mark and a text
 constexpr int kIndicatorRoom = 3; // around it, for the focus ring and a pixel of air
 constexpr int kViewFrame = 2;     // of views and texts that scroll: room for the focus ring
-constexpr int kFocusRingRadius = 2;
 constexpr int kScrollBarWidth = 12;
 constexpr int kDropWidth = 24; // of what opens a list
 constexpr int kStepWidth = 20; // of the buttons of a spin box
@@ -65,7 +65,7 @@ struct StyleColors
 };
 
 // The ring of the focus at the edge of `rect`, fading; on a ground that it would not be seen on it is white.
-void drawRing(const Canvas &canvas, const QRect &rect, bool shown, int radius = kFocusRingRadius);
+void drawRing(const Canvas &canvas, const QRect &rect, bool shown, int radius = int(kFocusRingRadius));
 // A flat ground with a frame of one pixel, both fading.
 void drawPanel(const Canvas &canvas, const QRect &rect, const QColor &ground, const QColor &frame);
 // Pointing down or, otherwise, up, left or right, its box in the middle of `rect`.
