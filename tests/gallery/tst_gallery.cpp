@@ -9,6 +9,7 @@
 #include "Theme.h"
 
 #include "CBPMenu.h"
+#include "CBPStyle.h"
 #include "CBtnObj.h"
 #include "CMsgBox.h"
 
@@ -32,7 +33,7 @@ constexpr double kPartContrast = 3.0; // of outlines and rings
 constexpr qreal kReadable = 3;        // the ratio at which the strokes of letters are whole pixels
 constexpr int kFrame = 4;             // logical pixels in which a frame and a focus ring lie
 constexpr int kStraight = 12;         // logical pixels of the shortest edges, those of indicators,
-constexpr int kLetter = 20;           // of what is longer than letters in a button and than text cursors
+constexpr int kLetter = 24;           // of what is longer than letters in a button and than text cursors
 constexpr int kLargeLetter = 40;      // and in a label
 constexpr int kThin = 3;              // device pixels of the thickest line
 constexpr int kStep = 6;              // of a colour, beyond that of a gradient
@@ -51,6 +52,9 @@ const QStringList kFixed{
     "lumqt::GroupButton #57aef6 on #ffffff 2.4", // normal
     "lumqt::GroupButton #ffffff on #4195dc 3.2", // chosen tab
     "lumqt::GroupButton #ffffff on #5baff6 2.4", // hovered tab
+    "lumqt::GroupButton #222a3e on #4195dc 4.5", // picture of a chosen tab
+    "CBPDateSelector #d7d7d7 on #ffffff 1.4",    // without the focus
+    "CBPDateSelector #d7d7d7 on #f7f9fb 1.4",    // the same, on a panel
     "menu text #ffffff on #4baeb2 2.6",          // hovered
     "button frame #bce0e2 on #ffffff 1.4",       // hovered
     "button frame #87c8cc on #ffffff 1.9",       // pressed
@@ -117,8 +121,11 @@ bool hasOutline(const QWidget *widget)
 {
     const auto outlined = {"QLineEdit", "QTextEdit",        "QAbstractSpinBox", "QComboBox",
                            "QCheckBox", "CBPIPInputWidget", "CBPDateSelector"};
-    return inheritsOneOf(widget, outlined) && !inheritsOneOf(widget->parent(), outlined) &&
-           !widget->inherits("CBPImageCheckBox");
+    for (const QObject *whole = widget->parent(); whole; whole = whole->parent()) {
+        if (inheritsOneOf(whole, outlined))
+            return false;
+    }
+    return inheritsOneOf(widget, outlined) && !widget->inherits("CBPImageCheckBox");
 }
 
 QString textOf(const QWidget *widget)
@@ -387,6 +394,7 @@ int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    CBPStyle::Install();
     QDir::setCurrent(QCoreApplication::applicationDirPath());
     setUpFonts();
     TestGallery test;

@@ -110,7 +110,7 @@ void addTexts(Page *page)
 const char kCheckSheet[] =
     "CBPCheckBox { spacing: 8px; color: #444e5c; }"
     "CBPCheckBox:disabled { color: #bdbdbd; }"
-    "CBPCheckBox::indicator { width: 16px; height: 16px; border: 1px solid #a9b4c2;"
+    "CBPCheckBox::indicator { width: 16px; height: 16px; border: 1px solid #7b8798;"
     " border-radius: 3px; background: white; }"
     "CBPCheckBox::indicator:hover { border-color: #4baeb2; }"
     "CBPCheckBox::indicator:checked, CBPCheckBox::indicator:indeterminate"

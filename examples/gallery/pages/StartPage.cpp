@@ -64,6 +64,7 @@ public:
     {
         auto *row = new QHBoxLayout;
         row->setSpacing(2 * theme::kUnit);
+        row->addStrut(theme::kControlHeight + 2); // a group has its frame around its buttons
         for (QWidget *widget : widgets)
             row->addWidget(widget, 0, Qt::AlignVCenter);
         row->addStretch();
