@@ -64,6 +64,7 @@ void CBPStyle::polish(QWidget *widget)
     if (!lumqt::StyleWatch::wants(widget))
         return;
     m_pWatch->watch(widget);
+    lumqt::furnishList(widget);
     // Not of a view itself: all of it would be painted anew when the mouse comes.
     if (!qobject_cast<QAbstractScrollArea *>(widget))
         widget->setAttribute(Qt::WA_Hover);

@@ -135,7 +135,7 @@ bool drawFieldControl(QStyle::ControlElement element, const QStyleOption &option
         half.setBottom(half.center().y());
     else
         half.setRight(half.center().x());
-    drawRule(canvas, half, across ? Qt::BottomEdge : Qt::RightEdge, StyleColors(option).rule);
+    drawRule(canvas.painter, half, across ? Qt::BottomEdge : Qt::RightEdge, StyleColors(option).rule);
     return true;
 }
 

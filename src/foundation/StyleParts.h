@@ -72,7 +72,7 @@ void drawPanel(const Canvas &canvas, const QRect &rect, const QColor &ground, co
 void drawTriangle(const Canvas &canvas, const QRect &rect, Qt::ArrowType arrow, const QColor &color);
 
 // One device-independent line along an edge of `rect`, as wide everywhere.
-void drawRule(const Canvas &canvas, const QRect &rect, Qt::Edge edge, const QColor &color);
+void drawRule(QPainter &painter, const QRect &rect, Qt::Edge edge, const QColor &color);
 // The ring within a row, in a colour that is seen on it.
 void drawRowRing(const Canvas &canvas, const QStyleOption &option);
 
@@ -94,6 +94,9 @@ QSize headerSize(const QStyleOptionHeader &option, const QStyle &style, const QW
 bool hasRows(const QWidget *widget);
 // The room beside a row's text, as PM_FocusFrameHMargin counts it.
 int rowMargin(const QStyleOption *option);
+
+// Gives the list of a combo box rows as high as fields, unless the application made them its own.
+void furnishList(QWidget *list);
 
 // Whether an item is selected in the colours that every application has, and the library's own for it.
 bool isSelectionPlain(const QStyleOption &option, const QStyle &style);

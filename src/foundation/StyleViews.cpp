@@ -6,8 +6,10 @@
 #include "foundation/StyleWatch.h"
 
 #include <QAbstractItemView>
+#include <QComboBox>
 #include <QIcon>
 #include <QPainter>
+#include <QStyledItemDelegate>
 #include <QStyleOption>
 #include <QTableView>
 
@@ -19,6 +21,7 @@ namespace lumqt {
 namespace {
 
 constexpr qreal kLeastRingContrast = 3;
+constexpr int kSeparatorHeight = 5;
 constexpr int kMarginBesidePictures = 2; // which is kept on each side of a picture and of the text
 
 // Relative luminance, and the contrast of two colours.
@@ -37,6 +40,38 @@ qreal contrast(const QColor &one, const QColor &other)
     return qMax(a, b) / qMin(a, b);
 }
 
+// Qt's own delegate for such a list asks no style how its rows look.
+class ListDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        const QSize size = QStyledItemDelegate::sizeHint(option, index);
+        if (isSeparator(index))
+            return QSize(size.width(), kSeparatorHeight);
+        return QSize(size.width(), qMax(size.height(), kFieldHeight));
+    }
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        if (!isSeparator(index)) {
+            QStyledItemDelegate::paint(painter, option, index);
+            return;
+        }
+        QRect line = option.rect;
+        line.setBottom(line.center().y());
+        drawRule(*painter, line, Qt::BottomEdge, StyleColors(option).rule);
+    }
+
+private:
+    static bool isSeparator(const QModelIndex &index) // as QComboBox::insertSeparator() marks one
+    {
+        return index.data(Qt::AccessibleDescriptionRole).toString() == QLatin1String("separator");
+    }
+};
+
 void drawSection(const QStyleOptionHeader &option, const Canvas &canvas)
 {
     const StyleColors colors(option);
@@ -48,12 +83,12 @@ void drawSection(const QStyleOptionHeader &option, const Canvas &canvas)
         ground = option.palette.color(QPalette::Button);
     const QRectF rect = wholeDevicePixels(canvas.painter, option.rect);
     canvas.painter.fillRect(rect, fadedColor(canvas.widget, FadingSections + option.section, ground));
-    drawRule(canvas, option.rect, Qt::BottomEdge, colors.rule);
+    drawRule(canvas.painter, option.rect, Qt::BottomEdge, colors.rule);
     const bool reversed = option.direction == Qt::RightToLeft;
     const int end = canvas.widget ? canvas.widget->width() - 1 : -1;
     // Where the view ends, its frame is the rule.
     if (option.orientation == Qt::Vertical || (reversed ? option.rect.left() > 0 : option.rect.right() < end))
-        drawRule(canvas, option.rect, reversed ? Qt::LeftEdge : Qt::RightEdge, colors.rule);
+        drawRule(canvas.painter, option.rect, reversed ? Qt::LeftEdge : Qt::RightEdge, colors.rule);
 }
 
 void drawSectionText(const QStyleOptionHeader &option, const Canvas &canvas)
@@ -238,7 +273,7 @@ bool drawViewControl(QStyle::ControlElement element, const QStyleOption &option,
         const StyleColors colors(option);
         canvas.painter.fillRect(option.rect, colors.raised);
         if (option.state & QStyle::State_Horizontal)
-            drawRule(canvas, option.rect, Qt::BottomEdge, colors.rule);
+            drawRule(canvas.painter, option.rect, Qt::BottomEdge, colors.rule);
         return true;
     }
     default:
@@ -254,6 +289,15 @@ QSize headerSize(const QStyleOptionHeader &option, const QStyle &style, const QW
     if (option.sortIndicator != QStyleOptionHeader::None)
         width += kTriangleWidth + kIconGap;
     return QSize(width, qMax(kFieldHeight, qMax(text.height(), icon) + 2 * kFieldPadding));
+}
+
+void furnishList(QWidget *list)
+{
+    auto *view = qobject_cast<QAbstractItemView *>(list);
+    const QWidget *popUp = list->parentWidget();
+    auto *combo = qobject_cast<QComboBox *>(popUp ? popUp->parentWidget() : nullptr);
+    if (view && combo && view->itemDelegate() && view->itemDelegate()->inherits("QComboBoxDelegate"))
+        combo->setItemDelegate(new ListDelegate(combo));
 }
 
 bool hasRows(const QWidget *widget)

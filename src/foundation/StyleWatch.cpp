@@ -23,6 +23,13 @@ namespace {
 
 constexpr QPoint kNowhere(-1, -1);
 
+// By the name that Qt gives it: the class has no meta-object.
+bool holdsScrollBars(const QWidget *widget)
+{
+    return widget->objectName() == QLatin1String("qt_scrollarea_hcontainer") ||
+           widget->objectName() == QLatin1String("qt_scrollarea_vcontainer");
+}
+
 bool isPopUp(const QWidget *widget)
 {
     return widget->inherits("QComboBoxPrivateContainer");
@@ -33,9 +40,9 @@ bool isPartOf(const QWidget *widget, const QWidget *child)
 {
     if (qobject_cast<const QAbstractScrollArea *>(widget)) {
         return qobject_cast<const QHeaderView *>(child) || child->inherits("QTableCornerButton") ||
-               child->inherits("QAbstractScrollAreaScrollBarContainer");
+               holdsScrollBars(child);
     }
-    if (widget->inherits("QAbstractScrollAreaScrollBarContainer"))
+    if (holdsScrollBars(widget))
         return qobject_cast<const QScrollBar *>(child);
     if (isPopUp(widget))
         return qobject_cast<const QAbstractItemView *>(child) || child->inherits("QComboBoxPrivateScroller");
