@@ -92,9 +92,9 @@ void CBPStyle::drawControl(ControlElement element, const QStyleOption *option, Q
     if (lumqt::drawFieldControl(element, *option, canvas) || lumqt::drawViewControl(element, *option, canvas))
         return;
     const auto *item = qstyleoption_cast<const QStyleOptionViewItem *>(option);
-    if (element == CE_ItemViewItem && item && lumqt::isSelectionPlain(*item, *this)) {
+    if (element == CE_ItemViewItem && item && item->state & State_Selected) {
         QStyleOptionViewItem recoloured(*item);
-        lumqt::setSelectionColors(recoloured.palette);
+        recoloured.palette = lumqt::selectionPalette(*item, *this);
         QProxyStyle::drawControl(element, &recoloured, painter, widget);
         return;
     }

@@ -93,7 +93,7 @@ bool drawFrame(const QStyleOption &option, const Canvas &canvas)
         return true;
     }
     const StyleColors colors(option);
-    const bool popUp = canvas.widget && canvas.widget->inherits("QComboBoxPrivateContainer");
+    const bool popUp = isComboPopUp(canvas.widget);
     Body panel;
     panel.frame = popUp ? colors.frame : colors.rule;
     drawBody(canvas.painter, option.rect, panel);

@@ -95,11 +95,13 @@ bool hasRows(const QWidget *widget);
 // The room beside a row's text, as PM_FocusFrameHMargin counts it.
 int rowMargin(const QStyleOption *option);
 
+// What drops down from a combo box.
+bool isComboPopUp(const QWidget *widget);
 // Gives the list of a combo box rows as high as fields, unless the application made them its own.
 void furnishList(QWidget *list);
 
-// Whether an item is selected in the colours that every application has, and the library's own for it.
-bool isSelectionPlain(const QStyleOption &option, const QStyle &style);
-void setSelectionColors(QPalette &palette);
+// The palette for an item: what is selected in the colours that every application has is shown in the
+// library's.
+QPalette selectionPalette(const QStyleOption &option, const QStyle &style);
 
 } // namespace lumqt

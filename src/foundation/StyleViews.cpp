@@ -6,7 +6,6 @@
 #include "foundation/StyleWatch.h"
 
 #include <QAbstractItemView>
-#include <QComboBox>
 #include <QIcon>
 #include <QPainter>
 #include <QStyledItemDelegate>
@@ -14,7 +13,6 @@
 #include <QTableView>
 
 #include <cmath>
-#include <utility>
 
 namespace lumqt {
 
@@ -184,9 +182,7 @@ void drawItem(const QStyleOptionViewItem &option, const Canvas &canvas)
 void drawRow(const QStyleOptionViewItem &option, const Canvas &canvas)
 {
     const QRectF rect = wholeDevicePixels(canvas.painter, option.rect);
-    QPalette palette = option.palette;
-    if (isSelectionPlain(option, canvas.style))
-        setSelectionColors(palette);
+    const QPalette palette = selectionPalette(option, canvas.style);
     if (option.state & QStyle::State_Selected &&
         canvas.style.styleHint(QStyle::SH_ItemView_ShowDecorationSelected, &option, canvas.widget))
         canvas.painter.fillRect(rect, palette.brush(groupOf(option), QPalette::Highlight));
@@ -202,23 +198,30 @@ void drawBranch(const QStyleOption &option, const Canvas &canvas)
         return;
     const StyleColors colors(option);
     const Qt::ArrowType closed = option.direction == Qt::RightToLeft ? Qt::LeftArrow : Qt::RightArrow;
-    const bool hovered = option.state & QStyle::State_MouseOver;
-    drawTriangle(canvas, option.rect, option.state & QStyle::State_Open ? Qt::DownArrow : closed,
-                 hovered ? colors.accent : colors.ink);
+    QColor color = option.state & QStyle::State_MouseOver ? colors.accent : colors.ink;
+    if (option.state & QStyle::State_Selected &&
+        canvas.style.styleHint(QStyle::SH_ItemView_ShowDecorationSelected, &option, canvas.widget))
+        color = selectionPalette(option, canvas.style).color(groupOf(option), QPalette::HighlightedText);
+    drawTriangle(canvas, option.rect, option.state & QStyle::State_Open ? Qt::DownArrow : closed, color);
 }
 
 } // namespace
 
 void drawRowRing(const Canvas &canvas, const QStyleOption &option)
 {
+    if (canvas.widget && isComboPopUp(canvas.widget->parentWidget()))
+        return; // where the row of the keys is the selected one
     const bool selected = option.state & QStyle::State_Selected;
     const auto color = [&](QPalette::ColorRole role) { return option.palette.color(groupOf(option), role); };
+    QRect rect = option.rect;
     Body ring;
     ring.frame = QColor(kFocusRingColor);
     ring.frameWidth = kFocusRingWidth;
-    if (contrast(ring.frame, color(selected ? QPalette::Highlight : QPalette::Base)) < kLeastRingContrast)
+    if (contrast(ring.frame, color(selected ? QPalette::Highlight : QPalette::Base)) < kLeastRingContrast) {
         ring.frame = color(selected ? QPalette::HighlightedText : QPalette::Text);
-    drawBody(canvas.painter, option.rect, ring);
+        rect.adjust(1, 1, -1, -1); // the row's ground is seen on both sides
+    }
+    drawBody(canvas.painter, rect, ring);
 }
 
 bool drawViewPrimitive(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &canvas)
@@ -294,10 +297,14 @@ QSize headerSize(const QStyleOptionHeader &option, const QStyle &style, const QW
 void furnishList(QWidget *list)
 {
     auto *view = qobject_cast<QAbstractItemView *>(list);
-    const QWidget *popUp = list->parentWidget();
-    auto *combo = qobject_cast<QComboBox *>(popUp ? popUp->parentWidget() : nullptr);
-    if (view && combo && view->itemDelegate() && view->itemDelegate()->inherits("QComboBoxDelegate"))
-        combo->setItemDelegate(new ListDelegate(combo));
+    if (!view || !isComboPopUp(view->parentWidget()) || !view->itemDelegate() ||
+        dynamic_cast<ListDelegate *>(view->itemDelegate()))
+        return;
+    const QMetaObject *kind = view->itemDelegate()->metaObject(); // of Qt's own list, or of another view
+    // The view's, not the combo box's, which would delete the other one: Qt may be going through the
+    // children to give them a style.
+    if (kind == &QStyledItemDelegate::staticMetaObject || !qstrcmp(kind->className(), "QComboBoxDelegate"))
+        view->setItemDelegate(new ListDelegate(view));
 }
 
 bool hasRows(const QWidget *widget)
@@ -313,22 +320,23 @@ int rowMargin(const QStyleOption *option)
     return pictures ? kMarginBesidePictures : kFieldInset - 1;
 }
 
-bool isSelectionPlain(const QStyleOption &option, const QStyle &style)
+QPalette selectionPalette(const QStyleOption &option, const QStyle &style)
 {
-    return option.state & QStyle::State_Selected &&
-           option.palette.color(QPalette::Active, QPalette::Highlight) ==
-               style.standardPalette().color(QPalette::Active, QPalette::Highlight);
-}
-
-void setSelectionColors(QPalette &palette)
-{
+    QPalette palette = option.palette;
+    if (!(option.state & QStyle::State_Selected) ||
+        palette.color(QPalette::Active, QPalette::Highlight) !=
+            style.standardPalette().color(QPalette::Active, QPalette::Highlight))
+        return palette;
+    const StyleColors colors(option);
     palette.setColor(QPalette::Highlight, QColor(kAccent));
     palette.setColor(QPalette::HighlightedText, Qt::white);
-    for (const auto &[group, text] :
-         {std::pair(QPalette::Inactive, kFieldText), std::pair(QPalette::Disabled, kFieldTextDisabled)}) {
-        palette.setColor(group, QPalette::Highlight, QColor(kRule));
-        palette.setColor(group, QPalette::HighlightedText, QColor(text));
-    }
+    const QColor text = colors.dark ? palette.color(QPalette::Text) : QColor(kFieldText);
+    palette.setColor(QPalette::Inactive, QPalette::Highlight, colors.rule);
+    palette.setColor(QPalette::Inactive, QPalette::HighlightedText, text);
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, colors.rule);
+    palette.setColor(QPalette::Disabled, QPalette::HighlightedText,
+                     palette.color(QPalette::Disabled, QPalette::Text));
+    return palette;
 }
 
 } // namespace lumqt

@@ -30,11 +30,6 @@ bool holdsScrollBars(const QWidget *widget)
            widget->objectName() == QLatin1String("qt_scrollarea_vcontainer");
 }
 
-bool isPopUp(const QWidget *widget)
-{
-    return widget->inherits("QComboBoxPrivateContainer");
-}
-
 // Which children are a widget's own parts, not content of the application.
 bool isPartOf(const QWidget *widget, const QWidget *child)
 {
@@ -44,10 +39,10 @@ bool isPartOf(const QWidget *widget, const QWidget *child)
     }
     if (holdsScrollBars(widget))
         return qobject_cast<const QScrollBar *>(child);
-    if (isPopUp(widget))
+    if (isComboPopUp(widget))
         return qobject_cast<const QAbstractItemView *>(child) || child->inherits("QComboBoxPrivateScroller");
     if (qobject_cast<const QComboBox *>(widget))
-        return qobject_cast<const QLineEdit *>(child) || isPopUp(child);
+        return qobject_cast<const QLineEdit *>(child) || isComboPopUp(child);
     return qobject_cast<const QAbstractSpinBox *>(widget) && qobject_cast<const QLineEdit *>(child);
 }
 
@@ -83,6 +78,11 @@ void undressParts(const QWidget *widget)
 }
 
 } // namespace
+
+bool isComboPopUp(const QWidget *widget)
+{
+    return widget && widget->inherits("QComboBoxPrivateContainer");
+}
 
 bool StyleWatch::wants(const QWidget *widget)
 {

@@ -109,7 +109,7 @@ QWidget *tableView()
     return view;
 }
 
-QWidget *treeView()
+CBPTreeView *treeView()
 {
     auto *view = new CBPTreeView(nullptr);
     view->setModel(model(view));
@@ -117,6 +117,14 @@ QWidget *treeView()
     view->setColumnWidth(0, 240);
     outline(view, 136);
     return view;
+}
+
+QWidget *focusedTree()
+{
+    auto *view = treeView();
+    view->setCurrentIndex(view->model()->index(0, 0));
+    view->ensurePolished(); // from then on its style follows the focus
+    return pose::in(pose::Focused, view);
 }
 
 QWidget *divided()
@@ -211,8 +219,11 @@ QWidget *asQtMakesIt(QWidget *widget)
 SampleRow plainRow(const QString &name, QWidget *(*make)())
 {
     SampleRow row{name, {}};
-    for (const pose::State state : {pose::Normal, pose::Hovered, pose::Focused, pose::Disabled})
-        row.widgets << pose::in(state, make());
+    for (const pose::State state : {pose::Normal, pose::Hovered, pose::Focused, pose::Disabled}) {
+        QWidget *sample = make();
+        sample->ensurePolished(); // from then on its style follows the focus
+        row.widgets << pose::in(state, sample);
+    }
     row.widgets << pose::in(pose::Normal, asQtMakesIt(make()));
     return row;
 }
@@ -253,7 +264,7 @@ Page *makePage()
                        {"CBPTreeWidget: top-level items without a branch mark", tree(log)}});
     views->addWide(log);
     page->addSection("Views", "With the defaults that Qt gives them.")
-        ->addSamples({{"CBPQtTableView", tableView()}, {"CBPTreeView", treeView()}});
+        ->addSamples({{"CBPQtTableView", tableView()}, {"CBPTreeView, the focus in a row", focusedTree()}});
     page->addSection("Dividers and groups", "CBPQtLine is one pixel wide and fades at its ends. "
                                             "CBPQtGroupBox shows neither frame nor title.")
         ->addSamples({{"CBPQtLine, twice", divided()}, {"CBPQtGroupBox", group()}});
