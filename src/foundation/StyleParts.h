@@ -16,8 +16,8 @@ class QStyleOptionViewItem;
 class QWidget;
 
 // What CBPStyle paints and measures itself, a file to a family of widgets: StyleFields.cpp,
-// StyleIndicators.cpp, StyleViews.cpp, StyleScroll.cpp. A function that answers false leaves the element to
-// the style below.
+// StyleIndicators.cpp, StyleViews.cpp, StyleScroll.cpp, StyleBars.cpp. A function that answers false leaves
+// the element to the style below.
 namespace lumqt {
 
 class StyleWatch;
@@ -81,6 +81,8 @@ bool drawFieldControl(QStyle::ControlElement element, const QStyleOption &option
 bool drawIndicator(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &canvas);
 bool drawViewPrimitive(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &canvas);
 bool drawViewControl(QStyle::ControlElement element, const QStyleOption &option, const Canvas &canvas);
+bool drawBarControl(QStyle::ControlElement element, const QStyleOption &option, const Canvas &canvas);
+bool drawBarPrimitive(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &canvas);
 void drawComboBox(const QStyleOptionComboBox &option, const Canvas &canvas);
 void drawSpinBox(const QStyleOptionSpinBox &option, const Canvas &canvas);
 void drawScrollBar(const QStyleOptionSlider &option, const Canvas &canvas);

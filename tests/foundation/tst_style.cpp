@@ -10,6 +10,7 @@
 
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
@@ -29,7 +30,7 @@ template <class Widget> QWidget *make()
     return new Widget;
 }
 
-void point(QWidget &widget, QEvent::Type type)
+void send(QWidget &widget, QEvent::Type type)
 {
     QEvent event(type);
     QCoreApplication::sendEvent(&widget, &event);
@@ -41,9 +42,9 @@ void focus(QWidget &widget, QEvent::Type type, Qt::FocusReason reason)
     QCoreApplication::sendEvent(&widget, &event);
 }
 
-bool isOurs(const QWidget *widget)
+template <class... Widgets> bool allOurs(const Widgets *...widgets)
 {
-    return qobject_cast<CBPStyle *>(widget->style());
+    return (qobject_cast<CBPStyle *>(widgets->style()) && ...);
 }
 
 bool hasRing(QWidget &widget)
@@ -51,21 +52,14 @@ bool hasRing(QWidget &widget)
     return !boxOf(pictureOf(widget, 1), QColor(lumqt::kFocusRingColor)).isEmpty();
 }
 
-// All round, in lines of whole pixels.
+// All round, in lines of whole pixels, with no half of one further in.
 bool isFramed(const QImage &image, int line)
 {
-    const auto isFrame = [&](int x, int y) { return image.pixel(x, y) == lumqt::kFieldFrame; };
-    for (int i = 0; i < line; ++i) {
-        for (int x = 0; x < image.width(); ++x) {
-            if (!isFrame(x, i) || !isFrame(x, image.height() - 1 - i))
-                return false;
-        }
-        for (int y = 0; y < image.height(); ++y) {
-            if (!isFrame(i, y) || !isFrame(image.width() - 1 - i, y))
-                return false;
-        }
-    }
-    return qGray(image.pixel(line, line)) > 240; // and no half of it further in
+    QImage inside = image.copy(image.rect().adjusted(line, line, -line, -line));
+    QImage expected(image.size(), image.format());
+    expected.fill(lumqt::kFieldFrame);
+    QPainter(&expected).drawImage(line, line, inside);
+    return image == expected && qGray(image.pixel(line, line)) > 240;
 }
 
 } // namespace
@@ -102,9 +96,9 @@ private slots:
         widget->resize(101, 61); // odd: edges lie between device pixels
         const QImage rest = pictureOf(*widget, 1);
         QVERIFY(!hasRing(*widget));
-        point(*widget, QEvent::Enter);
+        send(*widget, QEvent::Enter);
         QVERIFY(pictureOf(*widget, 1) != rest);
-        point(*widget, QEvent::Leave);
+        send(*widget, QEvent::Leave);
         QCOMPARE(pictureOf(*widget, 1), rest);
         focus(*widget, QEvent::FocusIn, Qt::MouseFocusReason);
         QCOMPARE(hasRing(*widget), typedInto);
@@ -121,7 +115,7 @@ private slots:
     void parts()
     {
         CBPTreeWidget tree;
-        QVERIFY(isOurs(&tree) && isOurs(tree.header()) && isOurs(tree.verticalScrollBar()));
+        QVERIFY(allOurs(&tree, tree.header(), tree.verticalScrollBar()));
         const std::unique_ptr<QStyle> own(QStyleFactory::create("Windows"));
         auto *bar = new QScrollBar;
         bar->setStyle(own.get());
@@ -130,16 +124,16 @@ private slots:
         tree.setHeader(new QHeaderView(Qt::Horizontal));
         auto *content = new QPushButton(tree.viewport());
         tree.show();
-        QVERIFY(isOurs(tree.header()) && isOurs(tree.horizontalScrollBar()));
+        QVERIFY(allOurs(tree.header(), tree.horizontalScrollBar()));
         QCOMPARE(bar->style(), own.get());
-        QVERIFY(!isOurs(content));
+        QVERIFY(!allOurs(content));
         qApp->setStyleSheet("QPushButton { color: red }"); // Qt wraps every style
         tree.grab();
         QCOMPARE(tree.frameWidth(), 2);
         qApp->setStyleSheet(QString());
-        QVERIFY(isOurs(&tree) && isOurs(tree.header()));
+        QVERIFY(allOurs(&tree, tree.header()));
         tree.setStyle(nullptr);
-        QVERIFY(!isOurs(&tree) && !isOurs(tree.header()) && !isOurs(tree.horizontalScrollBar()));
+        QVERIFY(!allOurs(&tree) && !allOurs(tree.header()) && !allOurs(tree.horizontalScrollBar()));
     }
 
     void motion()
@@ -151,7 +145,7 @@ private slots:
         box->show();
         const QImage rest = pictureOf(*box, 1);
         const auto hover = [&](bool over) {
-            point(*box, over ? QEvent::Enter : QEvent::Leave);
+            send(*box, over ? QEvent::Enter : QEvent::Leave);
             return pictureOf(*box, 1);
         };
         const QImage hovered = hover(true);
@@ -176,7 +170,7 @@ private slots:
         QCOMPARE(style->objectName(), kind);
         CBPStyle::Install();
         QCOMPARE(QApplication::style(), style);
-        QVERIFY(isOurs(std::make_unique<QSpinBox>().get()));
+        QVERIFY(allOurs(std::make_unique<QSpinBox>().get()));
     }
 };
 
