@@ -64,6 +64,7 @@ void CBPStyle::polish(QWidget *widget)
     if (!lumqt::StyleWatch::wants(widget))
         return;
     m_pWatch->watch(widget);
+    lumqt::furnishList(widget);
     // Not of a view itself: all of it would be painted anew when the mouse comes.
     if (!qobject_cast<QAbstractScrollArea *>(widget))
         widget->setAttribute(Qt::WA_Hover);
@@ -79,7 +80,9 @@ void CBPStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *optio
 {
     const lumqt::Canvas canvas{*painter, widget, *proxy(), *m_pWatch};
     if (lumqt::drawFieldPrimitive(element, *option, canvas) ||
-        lumqt::drawIndicator(element, *option, canvas) || lumqt::drawViewPrimitive(element, *option, canvas))
+        lumqt::drawIndicator(element, *option, canvas) ||
+        lumqt::drawViewPrimitive(element, *option, canvas) ||
+        lumqt::drawBarPrimitive(element, *option, canvas))
         return;
     QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
@@ -88,12 +91,13 @@ void CBPStyle::drawControl(ControlElement element, const QStyleOption *option, Q
                            const QWidget *widget) const
 {
     const lumqt::Canvas canvas{*painter, widget, *proxy(), *m_pWatch};
-    if (lumqt::drawFieldControl(element, *option, canvas) || lumqt::drawViewControl(element, *option, canvas))
+    if (lumqt::drawFieldControl(element, *option, canvas) ||
+        lumqt::drawViewControl(element, *option, canvas) || lumqt::drawBarControl(element, *option, canvas))
         return;
     const auto *item = qstyleoption_cast<const QStyleOptionViewItem *>(option);
-    if (element == CE_ItemViewItem && item && lumqt::isSelectionPlain(*item, *this)) {
+    if (element == CE_ItemViewItem && item && item->state & State_Selected) {
         QStyleOptionViewItem recoloured(*item);
-        lumqt::setSelectionColors(recoloured.palette);
+        recoloured.palette = lumqt::selectionPalette(*item, *this);
         QProxyStyle::drawControl(element, &recoloured, painter, widget);
         return;
     }
@@ -225,6 +229,8 @@ int CBPStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const 
         return inView ? lumqt::rowMargin(option) : QProxyStyle::pixelMetric(metric, option, widget);
     case PM_ButtonShiftHorizontal:
     case PM_ButtonShiftVertical:
+    case PM_TabBarTabShiftHorizontal:
+    case PM_TabBarTabShiftVertical:
         return 0;
     default:
         return QProxyStyle::pixelMetric(metric, option, widget);

@@ -79,12 +79,12 @@ void drawPanel(const Canvas &canvas, const QRect &rect, const QColor &ground, co
     drawBody(canvas.painter, rect, panel);
 }
 
-void drawRule(const Canvas &canvas, const QRect &rect, Qt::Edge edge, const QColor &color)
+void drawRule(QPainter &painter, const QRect &rect, Qt::Edge edge, const QColor &color)
 {
-    const QPaintDevice *device = canvas.painter.device();
+    const QPaintDevice *device = painter.device();
     const qreal ratio = device ? device->devicePixelRatioF() : 1.0;
     const qreal width = qMax(1, qRound(ratio)) / ratio;
-    QRectF line = wholeDevicePixels(canvas.painter, rect);
+    QRectF line = wholeDevicePixels(painter, rect);
     if (edge == Qt::BottomEdge)
         line.setTop(line.bottom() - width);
     else if (edge == Qt::TopEdge)
@@ -93,7 +93,7 @@ void drawRule(const Canvas &canvas, const QRect &rect, Qt::Edge edge, const QCol
         line.setRight(line.left() + width);
     else
         line.setLeft(line.right() - width);
-    canvas.painter.fillRect(line, color);
+    painter.fillRect(line, color);
 }
 
 void drawTriangle(const Canvas &canvas, const QRect &rect, Qt::ArrowType arrow, const QColor &color)

@@ -99,7 +99,7 @@ bool drawFrame(const QStyleOption &option, const Canvas &canvas)
         return true;
     }
     const StyleColors colors(option);
-    const bool popUp = canvas.widget && canvas.widget->inherits("QComboBoxPrivateContainer");
+    const bool popUp = isComboPopUp(canvas.widget);
     Body panel;
     panel.frame = popUp ? colors.frame : colors.rule;
     drawBody(canvas.painter, option.rect, panel);
@@ -141,7 +141,7 @@ bool drawFieldControl(QStyle::ControlElement element, const QStyleOption &option
         half.setBottom(half.center().y());
     else
         half.setRight(half.center().x());
-    drawRule(canvas, half, across ? Qt::BottomEdge : Qt::RightEdge, StyleColors(option).rule);
+    drawRule(canvas.painter, half, across ? Qt::BottomEdge : Qt::RightEdge, StyleColors(option).rule);
     return true;
 }
 

@@ -17,8 +17,8 @@ class QStyleOptionViewItem;
 class QWidget;
 
 // What CBPStyle paints and measures itself, a file to a family of widgets: StyleFields.cpp,
-// StyleIndicators.cpp, StyleViews.cpp, StyleScroll.cpp. A function that answers false leaves the element to
-// the style below.
+// StyleIndicators.cpp, StyleViews.cpp, StyleScroll.cpp, StyleBars.cpp. A function that answers false leaves
+// the element to the style below.
 namespace lumqt {
 
 class StyleWatch;
@@ -72,7 +72,7 @@ void drawPanel(const Canvas &canvas, const QRect &rect, const QColor &ground, co
 void drawTriangle(const Canvas &canvas, const QRect &rect, Qt::ArrowType arrow, const QColor &color);
 
 // One device-independent line along an edge of `rect`, as wide everywhere.
-void drawRule(const Canvas &canvas, const QRect &rect, Qt::Edge edge, const QColor &color);
+void drawRule(QPainter &painter, const QRect &rect, Qt::Edge edge, const QColor &color);
 // The ring within a row, in a colour that is seen on it.
 void drawRowRing(const Canvas &canvas, const QStyleOption &option);
 
@@ -81,6 +81,8 @@ bool drawFieldControl(QStyle::ControlElement element, const QStyleOption &option
 bool drawIndicator(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &canvas);
 bool drawViewPrimitive(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &canvas);
 bool drawViewControl(QStyle::ControlElement element, const QStyleOption &option, const Canvas &canvas);
+bool drawBarControl(QStyle::ControlElement element, const QStyleOption &option, const Canvas &canvas);
+bool drawBarPrimitive(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &canvas);
 void drawComboBox(const QStyleOptionComboBox &option, const Canvas &canvas);
 void drawSpinBox(const QStyleOptionSpinBox &option, const Canvas &canvas);
 void drawScrollBar(const QStyleOptionSlider &option, const Canvas &canvas);
@@ -95,8 +97,13 @@ bool hasRows(const QWidget *widget);
 // The room beside a row's text, as PM_FocusFrameHMargin counts it.
 int rowMargin(const QStyleOption *option);
 
-// Whether an item is selected in the colours that every application has, and the library's own for it.
-bool isSelectionPlain(const QStyleOption &option, const QStyle &style);
-void setSelectionColors(QPalette &palette);
+// What drops down from a combo box.
+bool isComboPopUp(const QWidget *widget);
+// Gives the list of a combo box rows as high as fields, unless the application made them its own.
+void furnishList(QWidget *list);
+
+// The palette for an item: what is selected in the colours that every application has is shown in the
+// library's.
+QPalette selectionPalette(const QStyleOption &option, const QStyle &style);
 
 } // namespace lumqt

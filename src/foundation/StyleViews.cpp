@@ -8,17 +8,18 @@
 #include <QAbstractItemView>
 #include <QIcon>
 #include <QPainter>
+#include <QStyledItemDelegate>
 #include <QStyleOption>
 #include <QTableView>
 
 #include <cmath>
-#include <utility>
 
 namespace lumqt {
 
 namespace {
 
 constexpr qreal kLeastRingContrast = 3;
+constexpr int kSeparatorHeight = 5;
 constexpr int kMarginBesidePictures = 2; // which is kept on each side of a picture and of the text
 
 // Relative luminance, and the contrast of two colours.
@@ -37,6 +38,38 @@ qreal contrast(const QColor &one, const QColor &other)
     return qMax(a, b) / qMin(a, b);
 }
 
+// Qt's own delegate for such a list asks no style how its rows look.
+class ListDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        const QSize size = QStyledItemDelegate::sizeHint(option, index);
+        if (isSeparator(index))
+            return QSize(size.width(), kSeparatorHeight);
+        return QSize(size.width(), qMax(size.height(), kFieldHeight));
+    }
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        if (!isSeparator(index)) {
+            QStyledItemDelegate::paint(painter, option, index);
+            return;
+        }
+        QRect line = option.rect;
+        line.setBottom(line.center().y());
+        drawRule(*painter, line, Qt::BottomEdge, StyleColors(option).rule);
+    }
+
+private:
+    static bool isSeparator(const QModelIndex &index) // as QComboBox::insertSeparator() marks one
+    {
+        return index.data(Qt::AccessibleDescriptionRole).toString() == QLatin1String("separator");
+    }
+};
+
 void drawSection(const QStyleOptionHeader &option, const Canvas &canvas)
 {
     const StyleColors colors(option);
@@ -48,12 +81,12 @@ void drawSection(const QStyleOptionHeader &option, const Canvas &canvas)
         ground = option.palette.color(QPalette::Button);
     const QRectF rect = wholeDevicePixels(canvas.painter, option.rect);
     canvas.painter.fillRect(rect, fadedColor(canvas.widget, FadingSections + option.section, ground));
-    drawRule(canvas, option.rect, Qt::BottomEdge, colors.rule);
+    drawRule(canvas.painter, option.rect, Qt::BottomEdge, colors.rule);
     const bool reversed = option.direction == Qt::RightToLeft;
     const int end = canvas.widget ? canvas.widget->width() - 1 : -1;
     // Where the view ends, its frame is the rule.
     if (option.orientation == Qt::Vertical || (reversed ? option.rect.left() > 0 : option.rect.right() < end))
-        drawRule(canvas, option.rect, reversed ? Qt::LeftEdge : Qt::RightEdge, colors.rule);
+        drawRule(canvas.painter, option.rect, reversed ? Qt::LeftEdge : Qt::RightEdge, colors.rule);
 }
 
 void drawSectionText(const QStyleOptionHeader &option, const Canvas &canvas)
@@ -149,9 +182,7 @@ void drawItem(const QStyleOptionViewItem &option, const Canvas &canvas)
 void drawRow(const QStyleOptionViewItem &option, const Canvas &canvas)
 {
     const QRectF rect = wholeDevicePixels(canvas.painter, option.rect);
-    QPalette palette = option.palette;
-    if (isSelectionPlain(option, canvas.style))
-        setSelectionColors(palette);
+    const QPalette palette = selectionPalette(option, canvas.style);
     if (option.state & QStyle::State_Selected &&
         canvas.style.styleHint(QStyle::SH_ItemView_ShowDecorationSelected, &option, canvas.widget))
         canvas.painter.fillRect(rect, palette.brush(groupOf(option), QPalette::Highlight));
@@ -167,23 +198,30 @@ void drawBranch(const QStyleOption &option, const Canvas &canvas)
         return;
     const StyleColors colors(option);
     const Qt::ArrowType closed = option.direction == Qt::RightToLeft ? Qt::LeftArrow : Qt::RightArrow;
-    const bool hovered = option.state & QStyle::State_MouseOver;
-    drawTriangle(canvas, option.rect, option.state & QStyle::State_Open ? Qt::DownArrow : closed,
-                 hovered ? colors.accent : colors.ink);
+    QColor color = option.state & QStyle::State_MouseOver ? colors.accent : colors.ink;
+    if (option.state & QStyle::State_Selected &&
+        canvas.style.styleHint(QStyle::SH_ItemView_ShowDecorationSelected, &option, canvas.widget))
+        color = selectionPalette(option, canvas.style).color(groupOf(option), QPalette::HighlightedText);
+    drawTriangle(canvas, option.rect, option.state & QStyle::State_Open ? Qt::DownArrow : closed, color);
 }
 
 } // namespace
 
 void drawRowRing(const Canvas &canvas, const QStyleOption &option)
 {
+    if (canvas.widget && isComboPopUp(canvas.widget->parentWidget()))
+        return; // where the row of the keys is the selected one
     const bool selected = option.state & QStyle::State_Selected;
     const auto color = [&](QPalette::ColorRole role) { return option.palette.color(groupOf(option), role); };
+    QRect rect = option.rect;
     Body ring;
     ring.frame = QColor(kFocusRingColor);
     ring.frameWidth = kFocusRingWidth;
-    if (contrast(ring.frame, color(selected ? QPalette::Highlight : QPalette::Base)) < kLeastRingContrast)
+    if (contrast(ring.frame, color(selected ? QPalette::Highlight : QPalette::Base)) < kLeastRingContrast) {
         ring.frame = color(selected ? QPalette::HighlightedText : QPalette::Text);
-    drawBody(canvas.painter, option.rect, ring);
+        rect.adjust(1, 1, -1, -1); // the row's ground is seen on both sides
+    }
+    drawBody(canvas.painter, rect, ring);
 }
 
 bool drawViewPrimitive(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &canvas)
@@ -238,7 +276,7 @@ bool drawViewControl(QStyle::ControlElement element, const QStyleOption &option,
         const StyleColors colors(option);
         canvas.painter.fillRect(option.rect, colors.raised);
         if (option.state & QStyle::State_Horizontal)
-            drawRule(canvas, option.rect, Qt::BottomEdge, colors.rule);
+            drawRule(canvas.painter, option.rect, Qt::BottomEdge, colors.rule);
         return true;
     }
     default:
@@ -256,6 +294,19 @@ QSize headerSize(const QStyleOptionHeader &option, const QStyle &style, const QW
     return QSize(width, qMax(kFieldHeight, qMax(text.height(), icon) + 2 * kFieldPadding));
 }
 
+void furnishList(QWidget *list)
+{
+    auto *view = qobject_cast<QAbstractItemView *>(list);
+    if (!view || !isComboPopUp(view->parentWidget()) || !view->itemDelegate() ||
+        dynamic_cast<ListDelegate *>(view->itemDelegate()))
+        return;
+    const QMetaObject *kind = view->itemDelegate()->metaObject(); // of Qt's own list, or of another view
+    // The view's, not the combo box's, which would delete the other one: Qt may be going through the
+    // children to give them a style.
+    if (kind == &QStyledItemDelegate::staticMetaObject || !qstrcmp(kind->className(), "QComboBoxDelegate"))
+        view->setItemDelegate(new ListDelegate(view));
+}
+
 bool hasRows(const QWidget *widget)
 {
     return qobject_cast<const QAbstractItemView *>(widget) && !widget->inherits("QCalendarView");
@@ -269,22 +320,23 @@ int rowMargin(const QStyleOption *option)
     return pictures ? kMarginBesidePictures : kFieldInset - 1;
 }
 
-bool isSelectionPlain(const QStyleOption &option, const QStyle &style)
+QPalette selectionPalette(const QStyleOption &option, const QStyle &style)
 {
-    return option.state & QStyle::State_Selected &&
-           option.palette.color(QPalette::Active, QPalette::Highlight) ==
-               style.standardPalette().color(QPalette::Active, QPalette::Highlight);
-}
-
-void setSelectionColors(QPalette &palette)
-{
+    QPalette palette = option.palette;
+    if (!(option.state & QStyle::State_Selected) ||
+        palette.color(QPalette::Active, QPalette::Highlight) !=
+            style.standardPalette().color(QPalette::Active, QPalette::Highlight))
+        return palette;
+    const StyleColors colors(option);
     palette.setColor(QPalette::Highlight, QColor(kAccent));
     palette.setColor(QPalette::HighlightedText, Qt::white);
-    for (const auto &[group, text] :
-         {std::pair(QPalette::Inactive, kFieldText), std::pair(QPalette::Disabled, kFieldTextDisabled)}) {
-        palette.setColor(group, QPalette::Highlight, QColor(kRule));
-        palette.setColor(group, QPalette::HighlightedText, QColor(text));
-    }
+    const QColor text = colors.dark ? palette.color(QPalette::Text) : QColor(kFieldText);
+    palette.setColor(QPalette::Inactive, QPalette::Highlight, colors.rule);
+    palette.setColor(QPalette::Inactive, QPalette::HighlightedText, text);
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, colors.rule);
+    palette.setColor(QPalette::Disabled, QPalette::HighlightedText,
+                     palette.color(QPalette::Disabled, QPalette::Text));
+    return palette;
 }
 
 } // namespace lumqt

@@ -23,9 +23,11 @@ namespace {
 
 constexpr QPoint kNowhere(-1, -1);
 
-bool isPopUp(const QWidget *widget)
+// By the name that Qt gives it: the class has no meta-object.
+bool holdsScrollBars(const QWidget *widget)
 {
-    return widget->inherits("QComboBoxPrivateContainer");
+    return widget->objectName() == QLatin1String("qt_scrollarea_hcontainer") ||
+           widget->objectName() == QLatin1String("qt_scrollarea_vcontainer");
 }
 
 // Which children are a widget's own parts, not content of the application.
@@ -33,14 +35,14 @@ bool isPartOf(const QWidget *widget, const QWidget *child)
 {
     if (qobject_cast<const QAbstractScrollArea *>(widget)) {
         return qobject_cast<const QHeaderView *>(child) || child->inherits("QTableCornerButton") ||
-               child->inherits("QAbstractScrollAreaScrollBarContainer");
+               holdsScrollBars(child);
     }
-    if (widget->inherits("QAbstractScrollAreaScrollBarContainer"))
+    if (holdsScrollBars(widget))
         return qobject_cast<const QScrollBar *>(child);
-    if (isPopUp(widget))
+    if (isComboPopUp(widget))
         return qobject_cast<const QAbstractItemView *>(child) || child->inherits("QComboBoxPrivateScroller");
     if (qobject_cast<const QComboBox *>(widget))
-        return qobject_cast<const QLineEdit *>(child) || isPopUp(child);
+        return qobject_cast<const QLineEdit *>(child) || isComboPopUp(child);
     return qobject_cast<const QAbstractSpinBox *>(widget) && qobject_cast<const QLineEdit *>(child);
 }
 
@@ -76,6 +78,11 @@ void undressParts(const QWidget *widget)
 }
 
 } // namespace
+
+bool isComboPopUp(const QWidget *widget)
+{
+    return widget && widget->inherits("QComboBoxPrivateContainer");
+}
 
 bool StyleWatch::wants(const QWidget *widget)
 {
