@@ -18,6 +18,8 @@ const QColor kFrame(lumqt::kFieldFrame);
 const QColor kDisabledFrame(0xa0, 0xa0, 0xa4); // Qt::gray
 const QColor kGround(lumqt::kFieldGround);
 const QMargins kMargins(6, 2, 6, 2);
+// An application's room for all that it has would leave the octets none.
+const char kSheet[] = "QLineEdit{padding:0px;margin:0px;}";
 constexpr int kSpacing = 8;
 constexpr int kGaps = 36;     // margins and spacings together
 constexpr int kDotOffset = 2; // of a dot from the middle between margin and spacing
@@ -56,6 +58,7 @@ CBPIPInputWidget::~CBPIPInputWidget() = default;
 
 void CBPIPInputWidget::init()
 {
+    setStyleSheet(QLatin1String(kSheet));
     setLayoutDirection(Qt::LeftToRight); // addresses are, in every language
     auto *layout = new QHBoxLayout;
     layout->setContentsMargins(kMargins);

@@ -42,11 +42,11 @@ const char kSheet[] = "QToolButton{"
                       "\t\t\t\t  }";
 
 // Room around a button's picture: on dense screens the style sheet stretches pictures to the room they have.
-// At the sides it is for the ring, and for the field's frame, which the ring keeps clear of.
-const char kButtonSheet[] = "QToolButton{padding:2px 5px;}";
-constexpr int kPaddingX = 5;
-constexpr int kPaddingY = 2;
-constexpr int kRingInset = 3;                      // from the button's sides
+// The margin is for the field's frame, of which the ring keeps clear.
+const char kButtonSheet[] = "QToolButton{margin:0px 3px;padding:2px;}";
+constexpr int kMargin = 3;
+constexpr int kPadding = 2;
+const QSize kRoom(2 * (kMargin + kPadding), 2 * kPadding);
 constexpr int kFrameRoom = lumqt::kFocusRingWidth; // which the field's own ring needs
 
 // Whether the focus is, or is about to be, in the edit or one of its buttons.
@@ -96,7 +96,7 @@ class InnerButton : public QToolButton
 public:
     InnerButton() { setStyleSheet(QLatin1String(kButtonSheet)); }
 
-    QSize sizeHint() const override { return iconSize() + QSize(2 * kPaddingX, 2 * kPaddingY); }
+    QSize sizeHint() const override { return iconSize() + kRoom; }
     QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
@@ -125,25 +125,28 @@ protected:
             followFocus(event);
     }
 
-    void paintEvent(QPaintEvent *event) override
+    // What a style sheet of the application and the ring have to draw keeps clear of the field's frame.
+    void paintEvent(QPaintEvent *) override
     {
-        if (!isCoarse())
-            QToolButton::paintEvent(event);
-        else
-            paintDense();
-        if (!m_showsFocus)
-            return;
-        QPainter painter(this);
-        const QRect field = parentWidget()->rect().translated(-pos());
-        const QRect within = field.adjusted(kFrameRoom, kFrameRoom, -kFrameRoom, -kFrameRoom);
-        lumqt::drawFocusRing(painter, rect().adjusted(kRingInset, 0, -kRingInset, 0) & within);
+        QStylePainter painter(this);
+        const QRect field = parentWidget() ? parentWidget()->rect().translated(-pos()) : rect();
+        const QRect inside = rect() & field.adjusted(kFrameRoom, kFrameRoom, -kFrameRoom, -kFrameRoom);
+        painter.setClipRect(inside);
+        QStyleOptionToolButton option;
+        initStyleOption(&option);
+        painter.save();
+        if (isCoarse(painter.device()->devicePixelRatioF()))
+            enlarge(painter, option);
+        painter.drawComplexControl(QStyle::CC_ToolButton, option);
+        painter.restore();
+        if (m_showsFocus)
+            lumqt::drawFocusRing(painter, inside & rect().adjusted(kMargin, 0, -kMargin, 0));
     }
 
 private:
     // Whether the style sheet would enlarge a picture, of which there is a denser one.
-    bool isCoarse()
+    bool isCoarse(qreal ratio)
     {
-        const qreal ratio = devicePixelRatioF();
         if (ratio <= 1.0 || QCoreApplication::testAttribute(Qt::AA_UseHighDpiPixmaps))
             return false;
         if (styleSheet() != QLatin1String(kButtonSheet) || !parentWidget())
@@ -159,19 +162,14 @@ private:
 
     // The style sheet finds the denser picture for a button that is larger in so far as its pixels are
     // smaller.
-    void paintDense()
+    void enlarge(QPainter &painter, QStyleOption &option) const
     {
-        QStylePainter painter(this);
-        QStyleOptionToolButton option;
-        initStyleOption(&option);
         const QRectF whole = lumqt::wholeDevicePixels(painter, rect());
-        const QSize picture = iconSize() * m_ratio;
-        const QSize size = picture + QSize(2 * kPaddingX, 2 * kPaddingY);
+        const QSize size = iconSize() * m_ratio + kRoom;
         option.rect = QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, size,
                                           QRect(QPoint(), (whole.size() * m_ratio).toSize()));
         painter.translate(whole.topLeft());
         painter.scale(1 / m_ratio, 1 / m_ratio);
-        painter.drawComplexControl(QStyle::CC_ToolButton, option);
     }
 
     void followFocus(QFocusEvent *event)

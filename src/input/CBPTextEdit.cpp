@@ -5,6 +5,7 @@
 #include "foundation/StyleWatch.h"
 
 #include <QEvent>
+#include <QImage>
 #include <QPainter>
 #include <QPaintEvent>
 #include <QStyleOption>
@@ -14,16 +15,28 @@ namespace {
 
 constexpr int kInset = lumqt::kFieldInset - lumqt::kViewFrame; // from the frame to the text
 
-// What lies below the text; invalid where a style sheet has taken the painting of it over.
+// A style sheet takes the filling away from the viewport, and fills it as before where it has no ground of
+// its own. It does not say so: one look at what it paints does.
+bool fillsFromPalette(const QWidget &text, QStyleOption option)
+{
+    QImage pixel(1, 1, QImage::Format_ARGB32_Premultiplied);
+    pixel.fill(Qt::transparent);
+    option.rect = pixel.rect();
+    QPainter painter(&pixel);
+    text.style()->drawPrimitive(QStyle::PE_Widget, &option, &painter, &text);
+    return qAlpha(pixel.pixel(0, 0)) > 0;
+}
+
+// What lies below the text; none where that is the business of a style sheet.
 QBrush groundOf(const QTextEdit &edit)
 {
     const QWidget *text = edit.viewport();
-    if (!text->autoFillBackground())
+    QStyleOption option;
+    option.initFrom(text);
+    if (!text->autoFillBackground() && !fillsFromPalette(*text, option))
         return QBrush();
     if (edit.style()->styleHint(lumqt::kIsOurs, nullptr, &edit) != lumqt::kOurs)
         return text->palette().brush(text->backgroundRole());
-    QStyleOption option;
-    option.initFrom(text);
     return lumqt::StyleColors(option).ground;
 }
 
