@@ -32,6 +32,13 @@ void CEditTimeEditItem::Layout()
     m_pTimeEdit = new QTimeEdit;
     m_pTimeEdit->setWrapping(true);
     CBPStyle::Apply(m_pTimeEdit);
+    // From right to left Qt turns the parts of a time around, and 06:30 into 30:06. Also a format that is set
+    // later stays as it is written.
+    const QString format = m_pTimeEdit->displayFormat();
+    const bool turned = m_pTimeEdit->isRightToLeft();
+    m_pTimeEdit->setLayoutDirection(Qt::LeftToRight);
+    if (turned)
+        m_pTimeEdit->setDisplayFormat(format);
     layout->addWidget(m_pTimeEdit);
     m_pDelBtn = new CBPImageButton(QVector<QString>(ENStateDisable + 1, m_strIconPath), false, kButtonId);
     new lumqt::DimmedWhenDisabled(m_pDelBtn);
