@@ -143,8 +143,8 @@ QRectF evenDevicePixels(const QPainter &painter, const QRectF &rect)
     const QTransform &toDevice = painter.deviceTransform();
     const QPointF topLeft = wholeDevicePixels(painter, rect).topLeft();
     const auto even = [](qreal length, qreal scale) { return qMax(1, qRound(length * scale)) / scale; };
-    return QRectF(topLeft, QSizeF(even(rect.width(), qAbs(toDevice.m11())),
-                                  even(rect.height(), qAbs(toDevice.m22()))));
+    return QRectF(
+        topLeft, QSizeF(even(rect.width(), qAbs(toDevice.m11())), even(rect.height(), qAbs(toDevice.m22()))));
 }
 
 void drawBody(QPainter &painter, const QRect &rect, const Body &body)
