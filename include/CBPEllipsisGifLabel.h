@@ -6,8 +6,8 @@
 
 /// A label for "working ...": a row of dots that gains one every second and begins anew when it is full.
 ///
-/// It asks for the room of its full row, of 24 dots at most, so that nothing beside it moves. While it is hidden no timer runs.
-/// GUI thread only. \since 1.0
+/// It asks for the room of its full row, of 24 dots at most, so that nothing beside it moves. While it is
+/// hidden no timer runs. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPEllipsisGifLabel : public QLabel
 {
     Q_OBJECT

@@ -14,9 +14,9 @@ enum class FocusMark : unsigned char;
 /// The file is loaded from the path as it is given, or with the suffix of a known format added where there is
 /// none such; "name@2x.png" beside "name.png" is taken on dense screens. A missing or broken file, or one of
 /// more than 8192 x 8192 pixels or 32767 a side, leaves an empty label of 0 x 0 pixels and a warning. The
-/// picture is shown whole whatever padding a style sheet gives to labels. While it can be clicked the Tab key reaches it, Space and Enter click it, clicks do
-/// not reach what it lies on, and screen readers find a button named by the label's accessible name or else
-/// its tool tip. GUI thread only. \since 1.0
+/// picture is shown whole whatever padding a style sheet gives to labels. While it can be clicked the Tab key
+/// reaches it, Space and Enter click it, clicks do not reach what it lies on, and screen readers find a
+/// button named by the label's accessible name or else its tool tip. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPImage : public QLabel
 {
     Q_OBJECT

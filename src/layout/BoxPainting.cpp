@@ -3,6 +3,7 @@
 #include "foundation/Painting.h"
 
 #include <QPainter>
+#include <QPen>
 
 namespace lumqt {
 
@@ -21,34 +22,32 @@ void fillLine(QPainter &painter, const QRectF &rect, const QColor &color)
 void fillFramed(QPainter &painter, const QRectF &rect, const QColor &ground, const QColor &frame)
 {
     fillPixels(painter, rect, ground); // below the frame too: it may be translucent
-    fillFrame(painter, rect, 1, frame);
+    fillEdges(painter, rect, Qt::TopEdge | Qt::LeftEdge | Qt::RightEdge | Qt::BottomEdge, frame);
 }
 
 // From the outer edges inwards, which are those of the widget: its clip would cut what is thicker.
-void fillFrame(QPainter &painter, const QRectF &rect, int width, const QColor &color)
+QRectF fillEdges(QPainter &painter, const QRectF &rect, Qt::Edges edges, const QColor &color)
 {
-    if (!color.isValid() || rect.isEmpty())
-        return;
     const QRectF outer = wholeDevicePixels(painter, rect);
-    const QSizeF line = evenDevicePixels(painter, QRectF(rect.topLeft(), QSizeF(width, width))).size();
-    const qreal across = qMin(line.width(), outer.width() / 2);
-    const qreal along = qMin(line.height(), outer.height() / 2);
-    const QRectF inner = outer.adjusted(across, along, -across, -along);
-    painter.fillRect(QRectF(outer.left(), outer.top(), outer.width(), along), color);
-    painter.fillRect(QRectF(outer.left(), inner.bottom(), outer.width(), along), color);
-    painter.fillRect(QRectF(outer.left(), inner.top(), across, inner.height()), color);
-    painter.fillRect(QRectF(inner.right(), inner.top(), across, inner.height()), color);
+    const QSizeF line = evenDevicePixels(painter, QRectF(rect.topLeft(), QSizeF(1, 1))).size();
+    const qreal across = qMin(line.width(), outer.width());
+    const qreal along = qMin(line.height(), outer.height());
+    const QRectF inner =
+        outer.adjusted(edges & Qt::LeftEdge ? across : 0, edges & Qt::TopEdge ? along : 0,
+                       edges & Qt::RightEdge ? -across : 0, edges & Qt::BottomEdge ? -along : 0);
+    if (!color.isValid() || outer.isEmpty())
+        return inner;
+    painter.fillRect(QRectF(outer.topLeft(), QPointF(outer.right(), inner.top())), color);
+    painter.fillRect(QRectF(QPointF(outer.left(), inner.bottom()), outer.bottomRight()), color);
+    painter.fillRect(QRectF(QPointF(outer.left(), inner.top()), inner.bottomLeft()), color);
+    painter.fillRect(QRectF(inner.topRight(), QPointF(outer.right(), inner.bottom())), color);
+    return inner;
 }
 
-void drawOutlined(QPainter &painter, const QRect &rect, const QPen &pen, const QBrush &brush)
+bool isPlainLine(const QPen &pen)
 {
-    const bool fine = pen.style() == Qt::SolidLine && pen.brush().style() == Qt::SolidPattern &&
-                      pen.width() == 1 && !pen.isCosmetic() && rect.isValid();
-    painter.setPen(fine ? QPen(Qt::NoPen) : pen);
-    painter.setBrush(brush);
-    painter.drawRect(rect);
-    if (fine)
-        fillFrame(painter, QRectF(rect.adjusted(0, 0, 1, 1)), 1, pen.color());
+    return pen.style() == Qt::SolidLine && pen.brush().style() == Qt::SolidPattern && pen.width() == 1 &&
+           !pen.isCosmetic();
 }
 
 } // namespace lumqt

@@ -3,7 +3,6 @@
 #include <QColor>
 #include <QRectF>
 
-class QBrush;
 class QPainter;
 class QPen;
 
@@ -21,11 +20,10 @@ void fillLine(QPainter &painter, const QRectF &rect, const QColor &color);
 // out.
 void fillFramed(QPainter &painter, const QRectF &rect, const QColor &ground, const QColor &frame);
 
-// The frame alone, `width` logical pixels wide: each of its sides as many device pixels.
-void fillFrame(QPainter &painter, const QRectF &rect, int width, const QColor &color);
+// Lines one logical pixel wide along edges of `rect`, each as many device pixels; the rest of it is returned.
+QRectF fillEdges(QPainter &painter, const QRectF &rect, Qt::Edges edges, const QColor &color);
 
-// What QPainter::drawRect() draws, its right and lower line outside `rect`. A plain line of one pixel has its
-// sides alike at any ratio.
-void drawOutlined(QPainter &painter, const QRect &rect, const QPen &pen, const QBrush &brush);
+// Whether a pen draws lines as fillEdges() does.
+bool isPlainLine(const QPen &pen);
 
 } // namespace lumqt

@@ -33,5 +33,10 @@ void CBPWidget::Hide()
 void CBPWidget::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    lumqt::drawOutlined(painter, rect(), m_pen, m_brush);
+    const bool plain = lumqt::isPlainLine(m_pen);
+    painter.setPen(plain ? QPen(Qt::NoPen) : m_pen);
+    painter.setBrush(m_brush);
+    painter.drawRect(rect());
+    if (plain) // the others of its lines are outside
+        lumqt::fillEdges(painter, QRectF(rect()), Qt::TopEdge | Qt::LeftEdge, m_pen.color());
 }
