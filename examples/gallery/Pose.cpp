@@ -41,16 +41,22 @@ public:
     }
 
 protected:
-    bool eventFilter(QObject *, QEvent *event) override
+    bool eventFilter(QObject *watched, QEvent *event) override
     {
         QWidget *focused = QApplication::focusWidget();
-        if (event->type() == QEvent::Paint && focused && !m_sample->hasFocus())
-            m_sample->setFocusProxy(focused);
-        return false;
+        if (event->type() != QEvent::Paint || m_painting || !focused || m_sample->hasFocus())
+            return false;
+        m_painting = true;
+        m_sample->setFocusProxy(focused);
+        QCoreApplication::sendEvent(watched, event);
+        m_sample->setFocusProxy(nullptr); // or the end of the sample would be that of the focus
+        m_painting = false;
+        return true;
     }
 
 private:
     QWidget *m_sample;
+    bool m_painting = false;
 };
 
 } // namespace

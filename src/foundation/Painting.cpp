@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QFontMetrics>
 #include <QPaintDevice>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPixmap>
 #include <QTextOption>
@@ -120,9 +121,12 @@ QPixmap bodyPixmap(const QSize &size, const Body &body, qreal ratio)
     return pixmap;
 }
 
+// Of what is painted on in the end: a widget that is rendered into a picture has its screen's.
 qreal ratioOf(const QPainter &painter)
 {
-    return painter.device() ? painter.device()->devicePixelRatioF() : 1.0;
+    const QPaintDevice *surface =
+        painter.paintEngine() ? painter.paintEngine()->paintDevice() : painter.device();
+    return surface ? surface->devicePixelRatioF() : 1.0;
 }
 
 } // namespace

@@ -18,7 +18,6 @@
 #include "CBPJumpSlider.h"
 #include "CBPLinkerButton.h"
 #include "CBPMenuBtn.h"
-#include "CBPQtGroupBox.h"
 #include "CBPQtTableView.h"
 #include "CBPRoundBtn.h"
 #include "CBPScrollWnd.h"
@@ -243,8 +242,8 @@ Sample row()
     ComboxItem item;
     item.icon = ":/gallery/folder.svg";
     item.path = "documents";
-    auto *result = sized(new CBPComboxItem(item, nullptr));
-    result->SetPathMaxWidth(kWidth);
+    auto *result = sized(new CBPComboxItem(item, nullptr), 2 * kWidth);
+    result->SetPathMaxWidth(2 * kWidth);
     return focused(result);
 }
 
@@ -254,8 +253,8 @@ QVector<Sample> fields()
     text->setPlainText(kText);
     auto *line = sized(typed(new CBPLineEdit), kWidth, 28);
     line->setText(kText);
-    return {focused(line), search(false), search(true),         address(), focused(text), date(false),
-            date(true),    times(),       combo<CBPComboBox>(), row(),     calendar()};
+    return {focused(line), search(false), search(true), address(),           focused(text),
+            date(false),   date(true),    times(),      combo<CBPComboBox>()};
 }
 
 template <class Slider> Slider *ranged(Slider *slider)
@@ -323,17 +322,10 @@ Sample area()
 {
     auto *result = sized(new CBPScrollWnd(nullptr), kWidth, kViewHeight);
     auto *content = theme::label("Larger than its area.", theme::Normal, 14, theme::kText);
+    content->setAlignment(Qt::AlignTop);
     content->setFixedSize(2 * kWidth, 2 * kViewHeight);
     result->setWidget(content);
     return focused(result);
-}
-
-Sample groupBox()
-{
-    auto *box = sized(typed(new CBPQtGroupBox), kWidth, 56);
-    box->setTitle(kText);
-    box->setCheckable(true);
-    return focused(box);
 }
 
 QVector<Sample> choices()
@@ -344,8 +336,7 @@ QVector<Sample> choices()
             tableOfItems(),
             view<CBPTreeView>(),
             items<CBPTreeWidget>(),
-            area(),
-            groupBox()};
+            area()};
 }
 
 QVector<Sample> plain()
@@ -367,7 +358,9 @@ Page *makePage()
         "Buttons", "What has room within its edges has the ring there; around all others it lies outside.");
     section->addColumns(kColumns, buttons());
     section->addSamples({days(), week()}); // whose last day is wide
-    page->addSection("Fields", "The ring takes the place of the frame.")->addColumns(kColumns, fields());
+    section = page->addSection("Fields", "The ring takes the place of the frame.");
+    section->addColumns(kColumns, fields());
+    section->addSamples({row(), calendar()});
     page->addSection("Sliders and views", "In a view the current item shows the focus, too.")
         ->addColumns(kColumns, choices());
     page->addSection("Plain Qt widgets", "These are Qt's own classes in the style of the gallery.")
