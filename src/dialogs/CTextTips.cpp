@@ -1,5 +1,6 @@
 #include "CTextTips.h"
 
+#include "dialogs/TipAccessible.h"
 #include "dialogs/WrappedLabel.h"
 #include "foundation/Accessible.h"
 #include "foundation/FontLookup.h"
@@ -20,7 +21,7 @@ const QMargins kMargins(12, 3, 12, 6);
 
 QAccessibleInterface *makeAccessible(QWidget *widget)
 {
-    return new QAccessibleWidget(widget, QAccessible::ToolTip);
+    return new lumqt::TipAccessible(widget, QAccessible::ToolTip);
 }
 
 // Keeps what a plain rule of the application lays behind every label, "QLabel { background: white }", from

@@ -4,6 +4,7 @@
 #include "CTextTips.h"
 #include "Pixels.h"
 #include "platform/Platform.h"
+#include "Spoken.h"
 #include "TestMain.h"
 
 #include <QAccessible>
@@ -326,6 +327,7 @@ private slots:
                 tip.show();
                 const QLabel *label = tip.findChild<QLabel *>();
                 QCOMPARE(label->text(), text);
+                QCOMPARE(spokenName(&tip), QString(text).remove("<b>").remove("</b>"));
                 const int line = label->fontMetrics().lineSpacing();
                 const QRect ink = boxOf(pictureOf(tip, 1), Qt::white);
                 QVERIFY2(ink.left() >= 12 && ink.right() < tip.width() - 12, wordsOf(ink));

@@ -313,6 +313,7 @@ private Q_SLOTS:
         QVERIFY(drawn(*maximise) != plain);
         w.bar.ResetMaxBtn(false);
         QCOMPARE(drawn(*maximise), plain);
+        QCOMPARE(spokenName(maximise), QStringLiteral("Maximize"));
         w.bar.SetBtnCallbackFunc(&recordId, &ids);
         QTest::mouseClick(maximise, Qt::LeftButton);
         QVERIFY(ids.size() == 8 && ids.last() == 4);
