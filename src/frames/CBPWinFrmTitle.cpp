@@ -196,14 +196,22 @@ void CBPWinFrmTitle::retranslate()
         m_offerBtn->setToolTip(tr("Limited-time Offer"));
     if (m_backBtn)
         m_backBtn->setToolTip(tr("Back"));
-    nameButton(m_minBtn, m_minName, tr("Minimize"));
-    nameButton(m_closeBtn, m_closeName, tr("Close"));
+    nameButtons();
 }
 
-// A name that the application gave stays.
+// Those that have no tool tip to be named by.
+void CBPWinFrmTitle::nameButtons()
+{
+    nameButton(m_minBtn, m_minName, tr("Minimize"));
+    nameButton(m_closeBtn, m_closeName, tr("Close"));
+    nameButton(m_maxBtn, m_maxName, m_maximised ? tr("Restore") : tr("Maximize"));
+    nameButton(m_settingsBtn, m_settingsName, tr("Settings"));
+}
+
+// A name that the application gave stays, also one by a tool tip.
 void CBPWinFrmTitle::nameButton(CBPImageButton *button, QString &ownName, const QString &name)
 {
-    if (!button || button->accessibleName() != ownName)
+    if (!button || button->accessibleName() != ownName || !button->toolTip().isEmpty())
         return;
     ownName = name;
     button->setAccessibleName(name);
@@ -362,6 +370,7 @@ void CBPWinFrmTitle::ResetMaxBtn(bool maximised)
 {
     m_maximised = maximised; // also without a button: a maximised window is not dragged
     setSquare(maximised);    // or the screen behind would show in the corners
+    nameButtons();           // the button does something else now
     if (!m_maxBtn)
         return;
     QVector<QString> images = stateImages(&Util::getResFullPath,
@@ -395,6 +404,7 @@ void CBPWinFrmTitle::InsertWidget(int index, QWidget *widget, int stretch, Qt::A
     QPointer<CBPImageButton> *place = slot(inserted->GetID());
     if (place && !*place)
         *place = inserted;
+    nameButtons();
 }
 
 void CBPWinFrmTitle::SetHasNewVersion(bool hasNewVersion)

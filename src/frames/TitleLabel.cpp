@@ -7,10 +7,6 @@
 
 namespace lumqt {
 
-namespace {
-const QChar kLeftToRight(0x200e); // a mark without a width
-}
-
 TitleLabel::TitleLabel(QWidget *parent) : QLabel(parent)
 {
     setTextFormat(Qt::PlainText);
@@ -34,11 +30,13 @@ void TitleLabel::paintEvent(QPaintEvent *event)
         return;
     }
     const QRect area = contentsRect();
-    QString shown = elidedLine(text(), font(), area.width());
-    if (!text().isRightToLeft())
-        shown += kLeftToRight; // keeps the ellipsis at the end in a window that is mirrored
+    // At the side where the window starts, and in the text's own direction: in a mirrored window the ellipsis
+    // stays at the end of a text that is not.
+    const int side = int(QStyle::visualAlignment(layoutDirection(), alignment()) | Qt::AlignAbsolute);
+    const int reading = text().isRightToLeft() ? Qt::TextForceRightToLeft : Qt::TextForceLeftToRight;
     QPainter painter(this);
-    style()->drawItemText(&painter, area, int(alignment()), palette(), isEnabled(), shown, foregroundRole());
+    style()->drawItemText(&painter, area, side | reading, palette(), isEnabled(),
+                          elidedLine(text(), font(), area.width()), foregroundRole());
 }
 
 } // namespace lumqt
