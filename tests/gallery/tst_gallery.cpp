@@ -115,6 +115,12 @@ bool inheritsOneOf(const QObject *object, std::initializer_list<const char *> na
     return std::any_of(names.begin(), names.end(), [&](const char *name) { return object->inherits(name); });
 }
 
+// What is shown beside the library's look, for comparison.
+bool isPlain(const QWidget *widget)
+{
+    return widget && widget->style()->inherits("QFusionStyle");
+}
+
 // Whether it is known by its outline; that of a part is drawn by the whole, or is a picture of the
 // application's.
 bool hasOutline(const QWidget *widget)
@@ -125,7 +131,7 @@ bool hasOutline(const QWidget *widget)
         if (inheritsOneOf(whole, outlined))
             return false;
     }
-    return inheritsOneOf(widget, outlined) && !widget->inherits("CBPImageCheckBox");
+    return inheritsOneOf(widget, outlined) && !widget->inherits("CBPImageCheckBox") && !isPlain(widget);
 }
 
 QString textOf(const QWidget *widget)
@@ -216,15 +222,16 @@ int leastEdgeOf(const QWidget *widget)
 }
 
 // Thin lines of a colour that is not among the known ones.
-QStringList strangersIn(const Page &page, const QVector<Line> &lines, const QSet<QRgb> &known, qreal scale)
+QStringList strangersIn(const QWidget &window, const QVector<Line> &lines, const QSet<QRgb> &known,
+                        qreal scale)
 {
     QMap<QString, QString> found;
     for (const Line &line : lines) {
         const QPoint at = line.middle / scale;
-        const QWidget *widget = page.childAt(at);
+        const QWidget *widget = window.childAt(at);
         const auto isLine = [&](QRgb color) { return !isFar(color, line.color, 2); };
         if (!line.thin || line.length < leastEdgeOf(widget) * scale ||
-            std::any_of(known.cbegin(), known.cend(), isLine))
+            isPlain(window.childAt(at - QPoint(2, 2))) || std::any_of(known.cbegin(), known.cend(), isLine))
             continue;
         const QString what =
             QStringLiteral("%1 %2").arg(widget->metaObject()->className(), QColor(line.color).name());
@@ -370,15 +377,15 @@ private:
         for (const PageInfo &info : pages()) {
             if (info.id == QLatin1String("resources")) // pictures as they are in their files
                 continue;
-            Page *page = open(info.id);
-            const QImage picture = page->grab().toImage().convertToFormat(QImage::Format_ARGB32);
+            open(info.id);
+            const QImage picture = m_window->grab().toImage().convertToFormat(QImage::Format_ARGB32);
             const QVector<Line> lines = linesOf(picture, qRound(kStraight * scale));
             if (scale == 1.0) {
                 for (const Line &line : lines)
                     m_colors << line.color;
                 continue;
             }
-            for (const QString &stranger : strangersIn(*page, lines, m_colors, scale)) {
+            for (const QString &stranger : strangersIn(*m_window, lines, m_colors, scale)) {
                 qWarning("%s: %s", qPrintable(info.id), qPrintable(stranger));
                 ++count;
             }
