@@ -1,6 +1,7 @@
 #include "CEditTimeEditItem.h"
 
 #include "CBPImageButton.h"
+#include "CBPStyle.h"
 #include "datetime/DimmedWhenDisabled.h"
 #include "ENState.h"
 
@@ -30,6 +31,7 @@ void CEditTimeEditItem::Layout()
     setLayout(layout);
     m_pTimeEdit = new QTimeEdit;
     m_pTimeEdit->setWrapping(true);
+    CBPStyle::Apply(m_pTimeEdit);
     layout->addWidget(m_pTimeEdit);
     m_pDelBtn = new CBPImageButton(QVector<QString>(ENStateDisable + 1, m_strIconPath), false, kButtonId);
     new lumqt::DimmedWhenDisabled(m_pDelBtn);

@@ -1,7 +1,9 @@
 #include "foundation/Fade.h"
 
+#include "foundation/StyleWatch.h"
 #include "platform/Platform.h"
 
+#include <QAbstractScrollArea>
 #include <QBasicTimer>
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -119,8 +121,12 @@ private:
 
     static void repaint(QWidget *widget)
     {
-        auto *header = qobject_cast<QHeaderView *>(widget); // its sections lie in its viewport
-        (header ? header->viewport() : widget)->update();
+        if (auto *header = qobject_cast<QHeaderView *>(widget)) // its sections lie in its viewport
+            header->viewport()->update();
+        else if (qobject_cast<QAbstractScrollArea *>(widget))
+            StyleWatch::updateFrame(widget);
+        else
+            widget->update();
     }
 
     QHash<const QWidget *, QHash<int, Part>> m_widgets;

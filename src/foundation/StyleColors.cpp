@@ -4,6 +4,7 @@
 #include "foundation/Painting.h"
 #include "foundation/StyleParts.h"
 
+#include <QPaintDevice>
 #include <QPainter>
 #include <QStyleOption>
 
@@ -15,7 +16,6 @@ constexpr int kDarkest = 128;         // lightness below which a ground counts a
 constexpr qreal kHoveredShare = 0.08; // of the text's colour in the ground's, on a dark palette
 constexpr qreal kPressedShare = 0.16;
 constexpr qreal kRuleShare = 0.3;
-constexpr qreal kRadius = 2; // of the ring
 
 QColor mix(const QColor &ground, const QColor &ink, qreal share)
 {
@@ -58,22 +58,16 @@ StyleColors::StyleColors(const QStyleOption &option)
         ground = option.palette.color(group, QPalette::Base);
 }
 
-void drawRing(const Canvas &canvas, const QRect &rect, bool shown, int part)
+void drawRing(const Canvas &canvas, const QRect &rect, bool shown, int radius)
 {
     QColor color(kFocusRingColor);
     color.setAlpha(shown ? 255 : 0);
-    const QColor now = fadedColor(canvas.widget, part, color);
-    if (now.alpha() == 0)
-        return;
-    if (now.alpha() == 255) {
-        drawFocusRing(canvas.painter, rect);
-        return;
-    }
     Body ring;
-    ring.frame = now;
+    ring.frame = fadedColor(canvas.widget, FadingRing, color);
     ring.frameWidth = kFocusRingWidth;
-    ring.radiusX = ring.radiusY = kRadius;
-    drawBody(canvas.painter, rect, ring);
+    ring.radiusX = ring.radiusY = radius;
+    if (ring.frame.alpha() > 0)
+        drawBody(canvas.painter, rect, ring);
 }
 
 void drawPanel(const Canvas &canvas, const QRect &rect, const QColor &ground, const QColor &frame)
@@ -83,6 +77,23 @@ void drawPanel(const Canvas &canvas, const QRect &rect, const QColor &ground, co
         panel.fill = fadedColor(canvas.widget, FadingGround, ground);
     panel.frame = fadedColor(canvas.widget, FadingFrame, frame);
     drawBody(canvas.painter, rect, panel);
+}
+
+void drawRule(QPainter &painter, const QRect &rect, Qt::Edge edge, const QColor &color)
+{
+    const QPaintDevice *device = painter.device();
+    const qreal ratio = device ? device->devicePixelRatioF() : 1.0;
+    const qreal width = qMax(1, qRound(ratio)) / ratio;
+    QRectF line = wholeDevicePixels(painter, rect);
+    if (edge == Qt::BottomEdge)
+        line.setTop(line.bottom() - width);
+    else if (edge == Qt::TopEdge)
+        line.setBottom(line.top() + width);
+    else if (edge == Qt::LeftEdge)
+        line.setRight(line.left() + width);
+    else
+        line.setLeft(line.right() - width);
+    painter.fillRect(line, color);
 }
 
 void drawTriangle(const Canvas &canvas, const QRect &rect, Qt::ArrowType arrow, const QColor &color)

@@ -1,14 +1,20 @@
 #include "foundation/StyleWatch.h"
 
+#include "foundation/StyleParts.h"
+
+#include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QAbstractScrollArea>
+#include <QAbstractSlider>
 #include <QAbstractSpinBox>
 #include <QComboBox>
 #include <QFocusEvent>
+#include <QGroupBox>
 #include <QHeaderView>
 #include <QHoverEvent>
 #include <QLineEdit>
 #include <QScrollBar>
+#include <QTabBar>
 #include <QVector>
 
 namespace lumqt {
@@ -17,9 +23,11 @@ namespace {
 
 constexpr QPoint kNowhere(-1, -1);
 
-bool isPopUp(const QWidget *widget)
+// By the name that Qt gives it: the class has no meta-object.
+bool holdsScrollBars(const QWidget *widget)
 {
-    return widget->inherits("QComboBoxPrivateContainer");
+    return widget->objectName() == QLatin1String("qt_scrollarea_hcontainer") ||
+           widget->objectName() == QLatin1String("qt_scrollarea_vcontainer");
 }
 
 // Which children are a widget's own parts, not content of the application.
@@ -27,14 +35,14 @@ bool isPartOf(const QWidget *widget, const QWidget *child)
 {
     if (qobject_cast<const QAbstractScrollArea *>(widget)) {
         return qobject_cast<const QHeaderView *>(child) || child->inherits("QTableCornerButton") ||
-               child->inherits("QAbstractScrollAreaScrollBarContainer");
+               holdsScrollBars(child);
     }
-    if (widget->inherits("QAbstractScrollAreaScrollBarContainer"))
+    if (holdsScrollBars(widget))
         return qobject_cast<const QScrollBar *>(child);
-    if (isPopUp(widget))
+    if (isComboPopUp(widget))
         return qobject_cast<const QAbstractItemView *>(child) || child->inherits("QComboBoxPrivateScroller");
     if (qobject_cast<const QComboBox *>(widget))
-        return qobject_cast<const QLineEdit *>(child) || isPopUp(child);
+        return qobject_cast<const QLineEdit *>(child) || isComboPopUp(child);
     return qobject_cast<const QAbstractSpinBox *>(widget) && qobject_cast<const QLineEdit *>(child);
 }
 
@@ -70,6 +78,21 @@ void undressParts(const QWidget *widget)
 }
 
 } // namespace
+
+bool isComboPopUp(const QWidget *widget)
+{
+    return widget && widget->inherits("QComboBoxPrivateContainer");
+}
+
+bool StyleWatch::wants(const QWidget *widget)
+{
+    const auto *view = qobject_cast<const QAbstractItemView *>(widget->parentWidget());
+    return qobject_cast<const QAbstractButton *>(widget) ||
+           qobject_cast<const QAbstractScrollArea *>(widget) || qobject_cast<const QLineEdit *>(widget) ||
+           qobject_cast<const QComboBox *>(widget) || qobject_cast<const QAbstractSpinBox *>(widget) ||
+           qobject_cast<const QAbstractSlider *>(widget) || qobject_cast<const QGroupBox *>(widget) ||
+           qobject_cast<const QTabBar *>(widget) || (view && view->viewport() == widget);
+}
 
 void StyleWatch::watch(QWidget *widget)
 {
@@ -110,6 +133,11 @@ void StyleWatch::followStyle(QWidget *widget)
     disconnect(widget, &QObject::destroyed, this, nullptr);
 }
 
+bool StyleWatch::knows(const QWidget *widget) const
+{
+    return m_known.contains(widget);
+}
+
 bool StyleWatch::showsFocus(const QWidget *widget) const
 {
     return m_known.value(widget).mark == FocusMark::Shown;
@@ -126,6 +154,13 @@ QPoint StyleWatch::mouseIn(const QWidget *viewport) const
     return m_known.value(viewport).mouse;
 }
 
+// Without the content, which costs more.
+void StyleWatch::updateFrame(QWidget *widget)
+{
+    const QRect rect = widget->rect();
+    widget->update(QRegion(rect) - rect.adjusted(kViewFrame, kViewFrame, -kViewFrame, -kViewFrame));
+}
+
 void StyleWatch::markFocus(QWidget *widget, QEvent *event)
 {
     FocusMark &mark = m_known[widget].mark;
@@ -139,8 +174,6 @@ void StyleWatch::markFocus(QWidget *widget, QEvent *event)
     if (mark == before)
         return;
     widget->update();
-    if (auto *area = qobject_cast<QAbstractScrollArea *>(widget))
-        area->viewport()->update();
 }
 
 bool StyleWatch::eventFilter(QObject *watched, QEvent *event)
@@ -153,6 +186,11 @@ bool StyleWatch::eventFilter(QObject *watched, QEvent *event)
     case QEvent::FocusOut:
     case QEvent::KeyPress:
         markFocus(widget, event);
+        break;
+    case QEvent::Enter:
+    case QEvent::Leave:
+        if (qobject_cast<QAbstractScrollArea *>(widget))
+            updateFrame(widget);
         break;
     case QEvent::HoverEnter:
     case QEvent::HoverMove:

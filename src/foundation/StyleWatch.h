@@ -22,7 +22,11 @@ class StyleWatch : public QObject
 public:
     explicit StyleWatch(QStyle *style) : QObject(style), m_style(style) {}
 
+    // Whether the style has to know anything of such a widget.
+    static bool wants(const QWidget *widget);
+
     void watch(QWidget *widget);
+    bool knows(const QWidget *widget) const;
 
     // Gives the style to a widget and to those of its parts that have none of their own.
     void dress(QWidget *widget);
@@ -30,6 +34,8 @@ public:
     // Whether `widget` is to show a ring; a field shows one whatever brought the focus.
     bool showsFocus(const QWidget *widget) const;
     bool hasFocus(const QWidget *widget) const;
+
+    static void updateFrame(QWidget *widget);
 
     // Where the mouse is in the viewport of a view; (-1, -1): elsewhere.
     QPoint mouseIn(const QWidget *viewport) const;
