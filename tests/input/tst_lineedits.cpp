@@ -261,6 +261,10 @@ private Q_SLOTS:
     {
         CBPLineEdit line;
         CBPTextEdit text;
+        QFont font;
+        font.setPixelSize(12);
+        line.setFont(font);
+        text.setFont(font);
         line.setText("HHH");
         text.setPlainText("HHH");
         line.resize(100, line.minimumSizeHint().height());
