@@ -1,5 +1,6 @@
 // Fields: line edits, combo boxes, spin boxes, the frames of texts and views.
 
+#include "CBPTextEdit.h"
 #include "foundation/Fade.h"
 #include "foundation/FieldText.h"
 #include "foundation/Painting.h"
@@ -78,14 +79,22 @@ void drawCorner(const StyleColors &colors, const Canvas &canvas, const QAbstract
     canvas.painter.fillRect(wholeDevicePixels(canvas.painter, corner), colors.raised);
 }
 
+// The ground goes on under the frame, whatever palette the content has.
+QColor groundOf(const QStyleOption &option, const QAbstractScrollArea &area)
+{
+    QStyleOption content(option);
+    content.palette = area.viewport()->palette();
+    if (qobject_cast<const CBPTextEdit *>(&area)) // which paints its text's ground as a field's
+        return StyleColors(content).ground;
+    return content.palette.color(QPalette::Base);
+}
+
 void drawAreaFrame(const QStyleOption &option, const Canvas &canvas, const QAbstractScrollArea &area)
 {
     const StyleColors colors(option);
     const bool text = qobject_cast<const QTextEdit *>(&area) || qobject_cast<const QPlainTextEdit *>(&area);
-    // The ground goes on under the frame, whatever palette the content has.
     const bool filled = text || qobject_cast<const QAbstractItemView *>(&area);
-    drawPanel(canvas, option.rect, filled ? area.viewport()->palette().color(QPalette::Base) : QColor(),
-              frameOf(option, colors));
+    drawPanel(canvas, option.rect, filled ? groundOf(option, area) : QColor(), frameOf(option, colors));
     drawCorner(colors, canvas, area);
     const bool focused = text ? canvas.watch.hasFocus(&area) : canvas.watch.showsFocus(&area);
     drawRing(canvas, option.rect, focused && option.state & QStyle::State_Enabled && !ringLiesInRow(&area));

@@ -1,5 +1,6 @@
 #include "CBPLineEdit.h"
 #include "CBPTextEdit.h"
+#include "foundation/FieldText.h"
 #include "foundation/Look.h"
 #include "Pictures.h"
 #include "Pixels.h"
@@ -249,6 +250,7 @@ private Q_SLOTS:
             QVERIFY(QTest::qWaitForWindowActive(&edit));
             if (!focused)
                 edit.clearFocus();
+            QCOMPARE(lumqt::isRefused(&edit), refused);
             QTest::qWait(200); // the frame fades
             QVERIFY2((grabbedAt(edit, 0, 5) == QColor(lumqt::kFieldFrameInvalid)) == refused, text);
         }
@@ -259,6 +261,10 @@ private Q_SLOTS:
     {
         CBPLineEdit line;
         CBPTextEdit text;
+        QFont font;
+        font.setPixelSize(12);
+        line.setFont(font);
+        text.setFont(font);
         line.setText("HHH");
         text.setPlainText("HHH");
         line.resize(100, line.minimumSizeHint().height());
