@@ -5,6 +5,7 @@
 #include "Screenshots.h"
 #include "Theme.h"
 
+#include "CBPStyle.h"
 #include "Util.h"
 
 #include <QApplication>
@@ -141,6 +142,7 @@ int main(int argc, char *argv[])
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication application(argc, argv);
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    CBPStyle::Install(); // plain widgets look like the library's
 
     QCommandLineParser parser;
     Options options;

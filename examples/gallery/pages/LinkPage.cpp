@@ -145,10 +145,12 @@ void addCheckBoxes(Page *page)
     page->addSection(
             "Check box",
             "CBPCheckBox is a QCheckBox that the style sheet of an application can address by its class.")
-        ->addTable({"Off", "On", "Partly"}, {checkRow("Without a sheet", unstyled, pose::Normal),
-                                             checkRow("Disabled", unstyled, pose::Disabled),
-                                             checkRow("By style sheet", styled, pose::Normal),
-                                             checkRow("Disabled", styled, pose::Disabled)});
+        ->addTable(
+            {"Off", "On", "Partly"},
+            {checkRow("At rest", unstyled, pose::Normal), checkRow("Hovered", unstyled, pose::Hovered),
+             checkRow("Pressed", unstyled, pose::Pressed), checkRow("Focused", unstyled, pose::Focused),
+             checkRow("Disabled", unstyled, pose::Disabled), checkRow("By style sheet", styled, pose::Normal),
+             checkRow("Disabled", styled, pose::Disabled)});
 }
 
 Page *makePage()
