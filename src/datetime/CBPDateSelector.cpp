@@ -102,7 +102,6 @@ CBPDateSelector::~CBPDateSelector()
 void CBPDateSelector::Layout(QWidget *parent)
 {
     m_pBox = new CBPBox(false, false, 0);
-    m_pBox->setContentsMargins(kMargins);
     m_pBox->SetDrawFrame(true);
     m_pBox->SetFrameClr(kFrame);
     auto *layout = new QHBoxLayout;
@@ -296,6 +295,8 @@ void CBPDateSelector::updateLook()
 {
     if (!m_pBox || !m_pDateEdit || !m_pFrame)
         return;
+    const QMargins mirrored(kMargins.right(), kMargins.top(), kMargins.left(), kMargins.bottom());
+    m_pBox->setContentsMargins(isRightToLeft() ? mirrored : kMargins);
     static_cast<DateField *>(m_pDateEdit.data())->setSide(layoutDirection());
     const QPalette::ColorGroup group = isEnabled() ? QPalette::Active : QPalette::Disabled;
     m_pBox->SetBgClr(m_pDateEdit->palette().color(group, QPalette::Base));
