@@ -108,10 +108,8 @@ QWidget *spinning(CBPWaitBtn *button, const QString &waitingText, int index)
 
 void addButtons(Page *page)
 {
-    page->addSection(
-            "Waiting button",
-            "The spinner comes after 880 milliseconds, so that a short wait shows none: it is drawn so on "
-            "purpose.")
+    page->addSection("Waiting button",
+                     "The spinner comes after 880 milliseconds, on purpose: a short wait shows none.")
         ->addColumns(kColumns,
                      {{"Idle", pose::in(pose::Normal, primary("Start", "Waiting"))},
                       {"Waiting, before the spinner", pose::in(pose::Disabled, primary("Start", ""))},
