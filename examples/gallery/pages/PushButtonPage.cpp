@@ -199,7 +199,7 @@ void addIcons(Page *page)
         "The text is centred in the button wherever the icon stands, and the icon as if both were one "
         "centred block. It is drawn so on purpose: texts in a column of buttons line up. What lies between "
         "them is half of the spacing less half of the icon's width: "
-        "8 pixels here, with a spacing of 32.");
+        "8 pixels here, with a spacing of 32; with the default of 10 they overlap.");
     CBPPushBtn *alone = iconSample(QString(), CBPPushBtn::ALIGN_CENTER, false);
     alone->setToolTip("Account"); // its name for screen readers, too
     CBPPushBtn *lowered = iconSample("Account", CBPPushBtn::ALIGN_CENTER, true);
