@@ -143,6 +143,7 @@ private:
     void activate();
     QSize hint(int textWidth) const;
     int textGap() const;
+    QFont textFont() const;
     QRect visual(const QRect &place) const;
     QRect arrowRect() const;
     void drawContent(QPainter &painter, int index);

@@ -372,14 +372,20 @@ int CBPDropdownBtn::textGap() const
     return m_split ? kSplitTextGap : kTextGap;
 }
 
+// As a painter completes it.
+QFont CBPDropdownBtn::textFont() const
+{
+    return m_font.resolve(font());
+}
+
 QSize CBPDropdownBtn::sizeHint() const
 {
-    return hint(QFontMetrics(m_font).horizontalAdvance(m_text));
+    return hint(QFontMetrics(textFont()).horizontalAdvance(m_text));
 }
 
 QSize CBPDropdownBtn::minimumSizeHint() const
 {
-    const QFontMetrics metrics(m_font);
+    const QFontMetrics metrics(textFont());
     const int ellipsis = metrics.horizontalAdvance(QChar(0x2026));
     return hint(qMin(ellipsis, metrics.horizontalAdvance(m_text)));
 }
@@ -425,12 +431,12 @@ void CBPDropdownBtn::drawContent(QPainter &painter, int index)
         left += kIconSize + kIconGap;
     }
     const int room = width() - kArrowPart - textGap() - left;
-    m_cut = m_label->lineSize(m_text, m_font).width() > room;
+    m_cut = m_label->lineSize(m_text, textFont()).width() > room;
     if (room > 0 && !m_text.isEmpty()) {
         painter.setPen(paintedTextColor(index));
-        const QString shown = m_cut ? lumqt::elidedLine(m_text, m_font, room) : m_text;
-        const int advance = qMin(room, m_label->lineSize(shown, m_font).width());
-        m_label->drawLeft(painter, visual(QRect(left, 0, advance, height())), shown, m_font);
+        const QString shown = m_cut ? lumqt::elidedLine(m_text, textFont(), room) : m_text;
+        const int advance = qMin(room, m_label->lineSize(shown, textFont()).width());
+        m_label->drawLeft(painter, visual(QRect(left, 0, advance, height())), shown, textFont());
     }
     if (m_split) {
         QColor line = paintedTextColor(index);

@@ -18,7 +18,7 @@ namespace {
 const QColor kTextColors[] = {QColor(0, 140, 255), QColor(0, 140, 255), QColor(83, 178, 255),
                               QColor(189, 189, 189)};
 constexpr int kColorCount = 4;
-const QSize kFocusRoom(3, 4); // beside the text, and above and below it
+const QSize kFocusRoom(0, 4); // above and below the text, so that rows of links keep their rings apart
 const char kFontSheet[] = "QLabel{font-family:\"%1\"; font-size:14px;}";
 const char kFontSizeSheet[] = "QLabel{font-size:%1px;}";
 

@@ -11,6 +11,13 @@
 
 namespace lumqt {
 
+namespace {
+
+constexpr int kPressed = 2;       // state
+constexpr int kLightGround = 228; // grey; the ring has 3:1 and more on it
+
+} // namespace
+
 class GroupButton::Accessible : public AccessibleButton
 {
 public:
@@ -86,8 +93,15 @@ void GroupButton::paintEvent(QPaintEvent *event)
         group->drawOverButton(painter);
         painter.translate(pos());
     }
-    if (m_focusMark == FocusMark::Shown && isEnabled())
-        drawFocusRing(painter, rect());
+    if (m_focusMark != FocusMark::Shown || !isEnabled())
+        return;
+    drawFocusRing(painter, rect());
+    if (qGray(paintedBgColor(isSelected() ? kPressed : state()).rgb()) >= kLightGround)
+        return;
+    Body air; // or the ring would not be seen on a ground as blue as it
+    air.frame = Qt::white;
+    constexpr int ring = kFocusRingWidth;
+    drawBody(painter, rect().adjusted(ring, ring, -ring, -ring), air);
 }
 
 void GroupButton::focusInEvent(QFocusEvent *event)

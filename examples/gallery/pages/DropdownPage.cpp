@@ -73,7 +73,7 @@ Page *makePage()
 {
     auto *page =
         new Page("Drop-down button",
-                 "CBPDropdownBtn: a text, an icon if wanted, and a menu that drops down right below.");
+                 "CBPDropdownBtn has a text, an icon if wanted, and a menu that drops down right below it.");
     Section *section = page->addSection(
         "Try it",
         "Mouse, Tab, Space and Enter work here; Down and F4 open the menu. Every signal appears below.");
@@ -87,9 +87,8 @@ Page *makePage()
                          {"Disabled", off}});
     section->addWide(log);
 
-    section =
-        page->addSection("States", "The text's part and the triangle share one look; a line parts them on a "
-                                   "split button. The ring shows the keyboard focus.");
+    section = page->addSection("States", "Text and triangle share one look; a line divides them on a split "
+                                         "button. The ring shows the keyboard focus.");
     section->addTable({"Normal", "Hovered", "Pressed, open", "Focused", "Disabled"},
                       {statesOf("Whole", [] { return button("Sort"); }),
                        statesOf("Split", [] { return button("Sort", true); }),
@@ -100,20 +99,23 @@ Page *makePage()
                            return square;
                        })});
 
-    section = page->addSection("Widths",
-                               "As wide as its text at first. Where there is less room the text ends in an "
-                               "ellipsis.");
+    section = page->addSection(
+        "Widths", "A button is as wide as its text at first. With less room the text ends in an ellipsis.");
     CBPDropdownBtn *narrow = button("A text that is too long", true);
     narrow->setFixedWidth(120);
     CBPDropdownBtn *wide = button("Wide");
     wide->setFixedWidth(160);
     CBPDropdownBtn *large = button("Larger font");
     large->SetFont(theme::font(theme::Semibold, 18));
+    CBPDropdownBtn *icon = button(QString(), true, true);
+    icon->setToolTip("Account"); // its name for screen readers, too
+    CBPDropdownBtn *empty = button(QString());
+    empty->setToolTip("More");
     section->addSamples({{"120 wide", narrow},
                          {"160 wide", wide},
                          {"Own font", large},
-                         {"Icon alone", button(QString(), true, true)},
-                         {"Nothing in it", button(QString())}});
+                         {"Icon alone", icon},
+                         {"Triangle alone", empty}});
     return page;
 }
 

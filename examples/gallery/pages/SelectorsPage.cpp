@@ -59,13 +59,13 @@ Page *makePage()
         {{"Days of a month", live(log, daySelector(days(31), QString(), "Select all", {"1", "15", "31"}))}});
     section->addWide(log);
 
-    section = page->addSection(
-        "Extra choice", "An extra choice follows the days; the last button takes four places, whichever it "
-                        "is.");
+    section = page->addSection("Extra choice", "An extra choice follows the days; the last button is four "
+                                               "places wide, whichever it is. It is drawn so on purpose.");
     section->addSamples({{"With both", daySelector(days(28), "Last", "Select all", {"1", "Last"})}});
     section->addSamples({{"Without the button for all", daySelector(days(10), "Last", QString(), {"Last"})}});
 
-    section = page->addSection("States", "Of one day, of the whole, and without a name.");
+    section = page->addSection(
+        "States", "Here are states of one day and of the whole selector, and days without a name.");
     CBPWeekSelector *posed = weekSelector({"Mon", "Tue", "Thu"});
     const auto posedDays = posed->findChildren<QAbstractButton *>();
     pose::put(posedDays.value(2), pose::Hovered);
@@ -78,6 +78,11 @@ Page *makePage()
     QStringList nameless{"Mon", QString(), "Wed", "Mon", QString()};
     auto *odd = new CBPWeekSelector(nameless);
     odd->SetSelected({"Mon"});
+    const auto oddDays = odd->findChildren<QAbstractButton *>();
+    for (QAbstractButton *day : oddDays) {
+        if (day->text().isEmpty())
+            day->setAccessibleName("A day without a name");
+    }
     section->addSamples({{"Names may repeat or be empty", odd}});
     return page;
 }
