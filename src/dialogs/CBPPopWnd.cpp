@@ -48,7 +48,10 @@ bool isBlended(const QPainter &painter, const QWidget *widget)
     if (lumqt::platform::answers().composited())
         return true;
     QBackingStore *screen = widget->backingStore();
-    return !screen || !painter.paintEngine() || painter.paintEngine()->paintDevice() != screen->paintDevice();
+    // It has no device before it is painted on.
+    if (!screen || screen->size().isEmpty() || !painter.paintEngine())
+        return true;
+    return painter.paintEngine()->paintDevice() != screen->paintDevice();
 }
 
 } // namespace

@@ -26,6 +26,7 @@ constexpr int kCheckWidth = 140; // that a check box keeps beside any number of 
 constexpr int kCheckLines = 6;
 constexpr int kCheckPadding = 34; // of the bottom area, above and below the row
 constexpr int kScrollFrame = lumqt::kFocusRingWidth;
+constexpr int kScrollAir = 3; // between the mark of the focus and the text
 
 // `text` in lines of at most `width`; the last of too many ends in an ellipsis.
 QString inLines(const QString &text, const QFont &font, int width)
@@ -68,8 +69,9 @@ class TextArea : public QScrollArea
 public:
     TextArea()
     {
-        setFrameStyle(QFrame::NoFrame);
-        setViewportMargins(kScrollFrame, kScrollFrame, kScrollFrame, kScrollFrame);
+        setFrameStyle(QFrame::Box | QFrame::Plain); // room for the mark, which is painted in its place
+        setLineWidth(kScrollFrame);
+        setViewportMargins(kScrollAir, 0, kScrollAir, 0);
         setWidgetResizable(true);
     }
 
@@ -83,15 +85,15 @@ protected:
             lumqt::focusLost(m_mark, static_cast<QFocusEvent *>(event)->reason());
         else if (event->type() == QEvent::KeyPress)
             lumqt::keyUsed(m_mark);
-        const bool handled = QScrollArea::event(event);
-        if (event->type() != QEvent::Paint) {
-            if (m_mark != before)
-                update();
-        } else if (m_mark == lumqt::FocusMark::Shown) {
+        if (event->type() == QEvent::Paint) {
             QPainter painter(this);
-            lumqt::drawFocusRing(painter, rect());
+            if (m_mark == lumqt::FocusMark::Shown)
+                lumqt::drawFocusRing(painter, rect());
+            return true;
         }
-        return handled;
+        if (m_mark != before)
+            update();
+        return QScrollArea::event(event);
     }
 
 private:

@@ -202,7 +202,8 @@ using Dialog = Framed<CBPWinFrm>;
 CBPPushBtn *primary(const QString &text)
 {
     auto *button = new CBPPushBtn(text, nullptr);
-    button->setBgColor({QColor(0x49, 0xa7, 0xf5), QColor(0x5b, 0xaf, 0xf6), QColor(0x41, 0x95, 0xdc),
+    // White is 5:1 on the accent.
+    button->setBgColor({QColor(0x1f, 0x71, 0xbf), QColor(0x18, 0x5d, 0x9f), QColor(0x13, 0x4d, 0x85),
                         QColor(0xc9, 0xe5, 0xfc)});
     button->setTextColor(QVector<QColor>(4, QColor(Qt::white)));
     button->setFrmTrancent(true);
