@@ -105,5 +105,7 @@ void furnishList(QWidget *list);
 // The palette for an item: what is selected in the colours that every application has is shown in the
 // library's.
 QPalette selectionPalette(const QStyleOption &option, const QStyle &style);
+// The same for the style below.
+QStyleOptionViewItem selectedItem(const QStyleOptionViewItem &option, const QStyle &style);
 
 } // namespace lumqt

@@ -8,6 +8,7 @@
 #include "Rows.h"
 #include "TestMain.h"
 
+#include <QAbstractItemView>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QPainter>
@@ -55,11 +56,14 @@ bool hasRing(QWidget &widget)
 // All round, in lines of whole pixels, with no half of one further in.
 bool isFramed(const QImage &image, int line)
 {
-    QImage inside = image.copy(image.rect().adjusted(line, line, -line, -line));
-    QImage expected(image.size(), image.format());
-    expected.fill(lumqt::kFieldFrame);
-    QPainter(&expected).drawImage(line, line, inside);
-    return image == expected && qGray(image.pixel(line, line)) > 240;
+    QImage framed = image;
+    framed.setDevicePixelRatio(1);
+    QPainter painter(&framed);
+    painter.setPen(QPen(QColor(lumqt::kFieldFrame), line, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    const qreal half = line / 2.0;
+    painter.drawRect(QRectF(framed.rect()).adjusted(half, half, -half, -half));
+    painter.end();
+    return image == framed && qGray(image.pixel(line, line)) > 240;
 }
 
 } // namespace
@@ -127,6 +131,11 @@ private slots:
         QVERIFY(allOurs(tree.header(), tree.horizontalScrollBar()));
         QCOMPARE(bar->style(), own.get());
         QVERIFY(!allOurs(content));
+        CBPComboBox combo;
+        combo.addItem("One");
+        combo.view()->ensurePolished();
+        combo.show();
+        QCOMPARE(combo.view()->sizeHintForRow(0), lumqt::kFieldHeight);
         qApp->setStyleSheet("QPushButton { color: red }"); // Qt wraps every style
         tree.grab();
         QCOMPARE(tree.frameWidth(), 2);
