@@ -13,8 +13,14 @@ class CBPPathDropdWnd;
 class QAccessibleInterface;
 class QLabel;
 
+namespace lumqt {
+enum class FocusMark : unsigned char;
+}
+
 /// A row of a path list: an icon, the path, the location's space if it is known, and a delete button that
-/// shows while the mouse is over the row. 30 pixels high.
+/// shows while the mouse is over the row. 30 pixels high. Where there is too little room the path ends in an
+/// ellipsis, and below 60 pixels of it the space does; the tool tip of each has all of it. From right to left
+/// the row is mirrored, and the path still reads from left to right.
 ///
 /// A click on it, or Space or Enter while it has the keyboard focus, picks it; the Delete key does what the
 /// delete button does. Screen readers find a list item with the whole path as its name, which they can pick
@@ -58,6 +64,7 @@ protected:
     void enterEvent(QEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void hideEvent(QHideEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;
@@ -90,6 +97,6 @@ private:
     std::shared_ptr<ComboxItem> m_pItem; // outlives the row while a signal hands it around
     QPointer<CBPPathDropdWnd> m_pList;   // that has to know who may change the record
     bool m_bHandedOut = false;
-    bool m_bKeyboardFocus = false;
+    lumqt::FocusMark m_focusMark{}; // whether the ring shows
     bool m_bSpaceDown = false;
 };

@@ -12,11 +12,17 @@ class CBPTipWnd;
 class QCalendarWidget;
 class QDateEdit;
 
+namespace lumqt {
+class FrameAbove;
+}
+
 /// A date in a thin frame, to be typed or picked from a calendar that a button opens below it.
 ///
 /// The calendar goes above the button where there is no room below, and never off the screen; where the
 /// field's letters are large it is as much larger. A double click on a day is no click on what lies beneath
 /// the calendar, which the first click closes; other applications are out of reach.
+///
+/// From right to left the button stands at the left, and the date reads as it does from left to right.
 ///
 /// Dates run from 1980-01-01 to 2099-12-31. Alt+Down opens the calendar, Return takes a day, Escape closes it
 /// and gives the focus back. Give the selector an accessible name, as a screen reader says it with both
@@ -45,6 +51,7 @@ Q_SIGNALS:
     void sigDateEditFinish();
 
 protected:
+    bool event(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
     void changeEvent(QEvent *event) override;
 
@@ -67,5 +74,6 @@ private:
     QPointer<QCalendarWidget> m_pCalendar;
     QPointer<CBPTipWnd> m_pTipWnd; // a child of the button, so it may be gone first
     QPointer<CBPBox> m_pBox;
+    QPointer<lumqt::FrameAbove> m_pFrame;
     int m_iPicks = 0; // that the calendar is busy with
 };

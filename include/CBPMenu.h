@@ -26,7 +26,8 @@ class MenuTexts;
 /// wide as the widest text the menu has seen, at least 249 pixels (260 with a sub-menu), and 40 pixels high.
 /// Shown with QMenu::popup() or QMenu::exec(); mouse, keyboard, mnemonics and screen readers work as in any
 /// QMenu, and the item chosen last by mouse or keyboard is the one highlighted. Shortcuts and check marks of
-/// actions are not painted, and a disabled item is dimmed. Torn off (QMenu::setTearOffEnabled()), a menu has
+/// actions are not painted, and a disabled item is dimmed. From right to left all of it is mirrored, the
+/// arrows of nested menus with their images. Torn off (QMenu::setTearOffEnabled()), a menu has
 /// the look of the style, with items of the same size.
 ///
 /// It may be deleted while it is open. Slots of triggered() and hovered() use deleteLater() for it: QMenu is
@@ -189,8 +190,8 @@ protected:
     /// \since 1.0
     void paintSeparator(QPainter *painter, const QRect &rect);
 
-    /// Paints the badge of the items with \a itemData, if they have one, at the left of \a rect.
-    /// \since 1.0
+    /// Paints the badge of the items with \a itemData, if they have one, where \a rect begins: at its left,
+    /// and at its right in a menu that runs from right to left. \since 1.0
     void paintSpecialFlag(QPainter *painter, const QVariant &itemData, const QRect &rect);
 
     /// \since 1.0
@@ -220,6 +221,7 @@ private:
     bool GetActionRes(const QVariant &itemData, const ENState &state, QString &path);
     QAction *addItem(CBPMenuItem *item, const QString &text);
     void useItemSize(const QSize &size);
+    void keepItemSize();
     bool opensSubMenu(const QAction *action) const;
 
     QColor background(int index) const;
@@ -232,6 +234,7 @@ private:
     void paintBody(QPainter *painter);
     void paintItem(QPainter *painter, const ItemView &item);
     QPixmap itemPixmap(QAction *action, bool hovered);
+    QPixmap arrowPixmap() const;
     ScrollAreas scrollAreas() const;
     QAction *hoveredAction() const;
     void followHover(QAction *hovered, const QRegion &painted);
@@ -242,6 +245,8 @@ private:
     QVector<QColor> m_frameClr;
     CBPMenuItemSizeStyle *m_sizeStyle = nullptr; // owned; the one in use
     QSize m_itemSize;
+    QString m_sizeRule; // in the style sheet, against one of the application
+    bool m_keepsSize = false;
     bool m_otherStyle = false; // perhaps: the menu's style has changed since
     QColor m_textColor;
     int m_widestText = 0;

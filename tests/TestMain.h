@@ -1,6 +1,7 @@
 #pragma once
 
 #include "FontSetup.h"
+#include "platform/Platform.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -15,6 +16,7 @@ template <class Test> int runTest(int argc, char *argv[])
     QApplication application(argc, argv);
     QDir::setCurrent(QCoreApplication::applicationDirPath());
     setUpFonts();
+    lumqt::platform::answers().lessMotion = [] { return true; }; // pictures show how things end
     QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight());
     Test test;
     return QTest::qExec(&test, argc, argv);

@@ -1,8 +1,13 @@
 #include "CBPCheckBox.h"
 
-CBPCheckBox::CBPCheckBox(QWidget *parent) : QCheckBox(parent) {}
+#include "CBPStyle.h"
 
-CBPCheckBox::CBPCheckBox(QString text, QWidget *parent) : QCheckBox(text, parent) {}
+CBPCheckBox::CBPCheckBox(QWidget *parent) : CBPCheckBox(QString(), parent) {}
+
+CBPCheckBox::CBPCheckBox(QString text, QWidget *parent) : QCheckBox(text, parent)
+{
+    CBPStyle::Apply(this);
+}
 
 CBPCheckBox::~CBPCheckBox() = default;
 

@@ -4,8 +4,10 @@
 #include "CBPImageButton.h"
 #include "CBPTipWnd.h"
 #include "datetime/CalendarPane.h"
+#include "datetime/FrameAbove.h"
 #include "datetime/SecondClick.h"
 #include "foundation/Accessible.h"
+#include "foundation/Look.h"
 #include "Util.h"
 
 #include <QDateEdit>
@@ -17,10 +19,9 @@ namespace {
 
 // Look and metrics, in logical pixels.
 const QColor kFrame(215, 215, 215);
-const QColor kFocusFrame(75, 167, 245);
 const QMargins kMargins(1, 1, 5, 1);
 const QMargins kCalendarMargins(1, 1, 1, 1);
-constexpr int kTextInset = 4;
+constexpr int kEditMargin = 2; // that a line edit keeps beside its text
 constexpr int kButtonId = 255;
 const char *const kButtonImages[] = {"../res/icon_log_calendar.png", "../res/icon_log_calendar_hover.png",
                                      "../res/icon_log_calendar_press.png",
@@ -47,13 +48,33 @@ class DateField : public QDateEdit
 public:
     explicit DateField(QWidget *parent) : QDateEdit(parent)
     {
+        const QString format = displayFormat().remove(QLatin1String("dddd"));
+        // From right to left Qt turns the parts of a date around, and with them 2024-03-07 into 07-03-2024.
+        // The numbers of a date stand as they are written in either direction.
+        setLayoutDirection(Qt::LeftToRight);
+        setDisplayFormat(format);
         setFrame(false);
         setButtonSymbols(QAbstractSpinBox::NoButtons);
-        lineEdit()->setTextMargins(kTextInset, 0, 0, 0);
     }
 
-    QSize sizeHint() const override { return QDateEdit::sizeHint() + QSize(kTextInset, 0); }
-    QSize minimumSizeHint() const override { return QDateEdit::minimumSizeHint() + QSize(kTextInset, 0); }
+    // Where the text begins, at the selector's outer edge.
+    void setSide(Qt::LayoutDirection direction)
+    {
+        const bool right = direction == Qt::RightToLeft;
+        setAlignment(right ? Qt::AlignRight : Qt::AlignLeft);
+        lineEdit()->setTextMargins(right ? 0 : inset(), 0, right ? inset() : 0, 0);
+    }
+
+    QSize sizeHint() const override { return roomy(QDateEdit::sizeHint()); }
+    QSize minimumSizeHint() const override { return roomy(QDateEdit::minimumSizeHint()); }
+
+private:
+    static int inset() { return lumqt::kFieldInset - kMargins.left() - kEditMargin; }
+    static QSize roomy(const QSize &size)
+    {
+        const int least = lumqt::kFieldHeight - kMargins.top() - kMargins.bottom();
+        return {size.width() + inset(), qMax(size.height(), least)};
+    }
 };
 
 } // namespace
@@ -81,7 +102,6 @@ CBPDateSelector::~CBPDateSelector()
 void CBPDateSelector::Layout(QWidget *parent)
 {
     m_pBox = new CBPBox(false, false, 0);
-    m_pBox->setContentsMargins(kMargins);
     m_pBox->SetDrawFrame(true);
     m_pBox->SetFrameClr(kFrame);
     auto *layout = new QHBoxLayout;
@@ -90,9 +110,9 @@ void CBPDateSelector::Layout(QWidget *parent)
     setLayout(layout);
 
     m_pDateEdit = new DateField(parent);
-    m_pDateEdit->setDisplayFormat(m_pDateEdit->displayFormat().remove(QLatin1String("dddd")));
     m_pDateEdit->setDateRange(firstDate(), lastDate());
     m_pDateEdit->setAccessibleName(tr("Date"));
+    m_pDateEdit->findChild<QLineEdit *>()->setAccessibleName(tr("Date"));
     m_pDateEdit->installEventFilter(this);
     connect(m_pDateEdit, SIGNAL(editingFinished()), this, SLOT(onDateEditFinish()));
     m_pBox->PackStart(m_pDateEdit, false, false, 0);
@@ -106,6 +126,7 @@ void CBPDateSelector::Layout(QWidget *parent)
     m_pBox->PackStart(m_pCalendarBtn, false, false, 0);
     connect(m_pCalendarBtn, SIGNAL(btn_released(int)), this, SLOT(OnCalendarBtn(int)));
     setFocusProxy(m_pDateEdit);
+    m_pFrame = new lumqt::FrameAbove(this);
     updateLook();
 }
 
@@ -153,7 +174,9 @@ void CBPDateSelector::CreateCalendar()
 {
     if (m_pCalendar || !m_pTipWnd)
         return;
-    m_pCalendar = new lumqt::CalendarPane(tr("Previous month"), tr("Next month"));
+    const lumqt::CalendarPane::Names names{tr("Calendar"), tr("Previous month"), tr("Next month"),
+                                           tr("Year")};
+    m_pCalendar = new lumqt::CalendarPane(names);
     m_pCalendar->setAccessibleName(tr("Calendar"));
     m_pCalendar->setDateRange(firstDate(), lastDate());
     connect(m_pCalendar, SIGNAL(activated(const QDate &)), this, SLOT(onCalendarActived(const QDate &)));
@@ -166,6 +189,7 @@ void CBPDateSelector::CreateCalendar()
     layout->setContentsMargins(kCalendarMargins);
     layout->addWidget(m_pCalendar);
     m_pTipWnd->setLayout(layout);
+    (new lumqt::FrameAbove(m_pTipWnd))->setColor(QColor(lumqt::kCalendarFrame));
 }
 
 void CBPDateSelector::onCalendarActived(const QDate &date)
@@ -222,8 +246,8 @@ bool CBPDateSelector::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == QEvent::PaletteChange && qobject_cast<QDateEdit *>(watched))
         updateLook();
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
-        if (m_pBox && qobject_cast<QDateEdit *>(watched))
-            m_pBox->SetFrameClr(event->type() == QEvent::FocusIn ? kFocusFrame : kFrame);
+        if (m_pFrame && qobject_cast<QDateEdit *>(watched))
+            m_pFrame->setFocusRing(event->type() == QEvent::FocusIn);
         return false;
     }
     return opensCalendar(event);
@@ -251,9 +275,17 @@ void CBPDateSelector::giveFocusBack()
         window()->activateWindow();
 }
 
+bool CBPDateSelector::event(QEvent *event)
+{
+    const bool result = QWidget::event(event);
+    if (event->type() == QEvent::Enter || event->type() == QEvent::Leave)
+        updateLook();
+    return result;
+}
+
 void CBPDateSelector::changeEvent(QEvent *event)
 {
-    if (event->type() == QEvent::EnabledChange)
+    if (event->type() == QEvent::EnabledChange || event->type() == QEvent::LayoutDirectionChange)
         updateLook();
     QWidget::changeEvent(event);
 }
@@ -261,8 +293,12 @@ void CBPDateSelector::changeEvent(QEvent *event)
 // The ground of box and field are one.
 void CBPDateSelector::updateLook()
 {
-    if (!m_pBox || !m_pDateEdit)
+    if (!m_pBox || !m_pDateEdit || !m_pFrame)
         return;
+    const QMargins mirrored(kMargins.right(), kMargins.top(), kMargins.left(), kMargins.bottom());
+    m_pBox->setContentsMargins(isRightToLeft() ? mirrored : kMargins);
+    static_cast<DateField *>(m_pDateEdit.data())->setSide(layoutDirection());
     const QPalette::ColorGroup group = isEnabled() ? QPalette::Active : QPalette::Disabled;
     m_pBox->SetBgClr(m_pDateEdit->palette().color(group, QPalette::Base));
+    m_pFrame->setColor(isEnabled() && underMouse() ? QColor(lumqt::kFieldFrameHovered) : kFrame);
 }

@@ -51,6 +51,8 @@ CTriStateButton *CBPDaySelector::makeButton(const QString &text)
     // Also where no button that selects all was asked for: an empty name equals the empty text.
     if (text == m_strSelectAll) {
         auto *all = new CTriStateButton(text, true, true, nullptr);
+        if (text.isEmpty())
+            all->setFocusPolicy(Qt::NoFocus);
         connect(all, &QAbstractButton::clicked, this, &CBPDaySelector::onSelectAll);
         return all;
     }

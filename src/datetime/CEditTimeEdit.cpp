@@ -6,6 +6,7 @@
 #include "foundation/Accessible.h"
 
 #include <QHBoxLayout>
+#include <QLineEdit>
 #include <QTimeEdit>
 
 #include <algorithm>
@@ -146,8 +147,11 @@ void CEditTimeEdit::nameItems(int from)
 {
     for (int i = from; i < m_listItems.size(); ++i) {
         const CEditTimeEditItem *item = m_listItems.at(i);
+        const QString name = tr("Time %1").arg(i + 1);
         if (item->m_pTimeEdit)
-            item->m_pTimeEdit->setAccessibleName(tr("Time %1").arg(i + 1));
+            item->m_pTimeEdit->setAccessibleName(name);
+        if (auto *text = item->m_pTimeEdit ? item->m_pTimeEdit->findChild<QLineEdit *>() : nullptr)
+            text->setAccessibleName(name);
         if (item->m_pDelBtn)
             item->m_pDelBtn->setAccessibleName(tr("Remove time %1").arg(i + 1));
     }

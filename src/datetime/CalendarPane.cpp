@@ -3,6 +3,7 @@
 #include "foundation/AppStyle.h"
 #include "foundation/FontLookup.h"
 #include "foundation/IconPixmap.h"
+#include "foundation/Look.h"
 #include "foundation/Painting.h"
 #include "Util.h"
 
@@ -31,17 +32,17 @@ const QColor kDayNames(103, 114, 128);
 const QColor kWeekend(253, 123, 0);
 const QColor kOtherMonth(103, 114, 128);
 const QColor kOutOfRange(180, 188, 198);
-const QColor kSelected(73, 167, 245);
+const QColor kSelected(kAccent);
+const QColor kSelectedInk(255, 255, 255);
 const QColor kHover(220, 236, 252);
 const QColor kBarHover(211, 231, 250);
 const QColor kBarPress(187, 217, 248);
-const QColor kFrame(163, 200, 255); // as of the window around
-const QColor kFocusFrame(75, 167, 245);
-const QColor kToday(47, 134, 214);
+const QColor kToday(kAccent);
 constexpr int kDayNamePixelSize = 12;
 constexpr int kDayPixelSize = 13;
 constexpr int kTitlePixelSize = 14;
 constexpr int kRadius = 3;
+constexpr int kTileInset = 4;      // of a day's tile in its cell: the focus ring, and air on both sides
 constexpr qreal kLeastScale = 1.2; // sizes beside the usual one change nothing
 constexpr qreal kMostScale = 4;
 constexpr QSize kCell(36, 30);
@@ -49,6 +50,7 @@ constexpr int kRows = 7; // with the names of the days
 constexpr int kBarHeight = 40;
 constexpr int kBarMargin = 4; // puts the arrows above the middles of the outer days
 constexpr int kButtonSize = 28;
+constexpr int kIconSize = 16;     // of the arrows
 constexpr int kButtonPadding = 8; // beside a text
 constexpr int kYearInset = 4;
 constexpr int kTriangleWidth = 8;
@@ -87,7 +89,7 @@ public:
         }
         Body panel;
         panel.fill = kGround;
-        panel.frame = kFrame;
+        panel.frame = QColor(kCalendarFrame);
         if (element == PE_FrameMenu)
             panel.fill = QColor();
         drawBody(*painter, option->rect, panel);
@@ -97,8 +99,10 @@ public:
                          const QWidget *widget) const override
     {
         const QRect rect = QProxyStyle::subControlRect(control, option, part, widget);
-        // The text lies within the frame.
-        return control == CC_SpinBox && part == SC_SpinBoxEditField ? rect.adjusted(1, 1, 0, -1) : rect;
+        // The text lies within the ring.
+        const int ring = kFocusRingWidth;
+        return control == CC_SpinBox && part == SC_SpinBoxEditField ? rect.adjusted(ring, ring, 0, -ring)
+                                                                    : rect;
     }
 
     QSize sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &size,
@@ -111,12 +115,20 @@ public:
             return QProxyStyle::sizeFromContents(type, option, size, widget);
         if (button->text.isEmpty() && widget)
             return QSize(widget->maximumHeight(), widget->maximumHeight()); // a square
-        const int triangle = hasMenu(*button) ? kTriangleGap + kTriangleWidth : 0;
+        const int triangle = hasMenu(*button) ? kTriangleGap + triangleSize(*button).width() : 0;
         const int text = button->fontMetrics.horizontalAdvance(button->text);
         return QSize(text + triangle + 2 * kButtonPadding, kButtonSize);
     }
 
 private:
+    // Of a text of the usual height its own size, and as much larger as another text is.
+    static QSize triangleSize(const QStyleOption &option)
+    {
+        const qreal usual = QFontMetricsF(uiFont(SemiboldWeight, kTitlePixelSize)).height();
+        const qreal scale = qMax(1.0, option.fontMetrics.height() / usual);
+        return {qRound(kTriangleWidth * scale), qRound(kTriangleHeight * scale)};
+    }
+
     static bool hasMenu(const QStyleOptionToolButton &button)
     {
         return button.features & QStyleOptionToolButton::HasMenu;
@@ -141,17 +153,18 @@ private:
     {
         Body body;
         body.fill = kGround;
-        body.frame = kFocusFrame; // it has the focus as long as it is there
         body.radiusX = body.radiusY = kRadius;
         drawBody(painter, option.rect, body);
+        drawFocusRing(painter, option.rect); // it has the focus as long as it is there
+        const QSize size = triangleSize(option);
         for (const SubControl arrow : {SC_SpinBoxUp, SC_SpinBoxDown}) {
             const QRectF place = proxy()->subControlRect(CC_SpinBox, &option, arrow, widget);
             painter.save();
             painter.translate(place.center());
             if (arrow == SC_SpinBoxUp)
                 painter.rotate(180);
-            drawDropTriangle(painter, QPointF(-kTriangleWidth, -kTriangleHeight) / 2, kTriangleWidth,
-                             kTriangleHeight, kInk);
+            drawDropTriangle(painter, QPointF(-size.width(), -size.height()) / 2, size.width(), size.height(),
+                             kInk);
             painter.restore();
         }
     }
@@ -162,19 +175,21 @@ private:
             QPixmap picture = iconPixmap(button.icon, button.iconSize, QIcon::Normal, &widget);
             if (button.direction == Qt::RightToLeft) // where the previous month lies to the right
                 picture = picture.transformed(QTransform::fromScale(-1, 1));
-            QRect place(QPoint(0, 0), (QSizeF(picture.size()) / picture.devicePixelRatioF()).toSize());
+            QRect place(QPoint(0, 0), button.iconSize);
             place.moveCenter(button.rect.center());
-            painter.drawPixmap(place.topLeft(), picture);
+            painter.setRenderHint(QPainter::SmoothPixmapTransform);
+            painter.drawPixmap(place, picture);
             return;
         }
         QRect text = button.rect.adjusted(kButtonPadding, 0, -kButtonPadding, 0);
         if (hasMenu(button)) {
-            QRect triangle(text.right() + 1 - kTriangleWidth, text.top(), kTriangleWidth, text.height());
+            const QSize size = triangleSize(button);
+            QRect triangle(text.right() + 1 - size.width(), text.top(), size.width(), text.height());
             triangle = QStyle::visualRect(button.direction, button.rect, triangle);
             drawDropTriangle(painter,
-                             QPointF(triangle.left(), text.top() + (text.height() - kTriangleHeight) / 2.0),
-                             kTriangleWidth, kTriangleHeight, kInk);
-            text.setRight(text.right() - kTriangleWidth - kTriangleGap);
+                             QPointF(triangle.left(), text.top() + (text.height() - size.height()) / 2.0),
+                             size.width(), size.height(), kInk);
+            text.setRight(text.right() - size.width() - kTriangleGap);
             text = QStyle::visualRect(button.direction, button.rect, text);
         }
         painter.setFont(widget.font());
@@ -183,15 +198,15 @@ private:
     }
 };
 
-CalendarPane::CalendarPane(const QString &prevName, const QString &nextName)
+CalendarPane::CalendarPane(const Names &names)
 {
     setGridVisible(false);
     setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     setHorizontalHeaderFormat(QCalendarWidget::ShortDayNames);
     setColors();
-    setUpView();
-    setUpBar(prevName, nextName);
-    setUpYearEdit();
+    setUpView(names.days);
+    setUpBar(names);
+    setUpYearEdit(names.year);
     updateSizes();
 }
 
@@ -222,6 +237,7 @@ void CalendarPane::updateSizes()
     const QFont title = uiFont(SemiboldWeight, scaled(kTitlePixelSize));
     for (QToolButton *button : qAsConst(m_barButtons)) {
         button->setFixedHeight(scaled(kButtonSize));
+        button->setIconSize(QSize(scaled(kIconSize), scaled(kIconSize)));
         button->setFont(title);
         if (button->menu())
             button->menu()->setFont(font());
@@ -251,24 +267,25 @@ void CalendarPane::setColors()
     setWeekdayTextFormat(Qt::Sunday, weekend);
 }
 
-void CalendarPane::setUpView()
+void CalendarPane::setUpView(const QString &name)
 {
     m_view = findChild<QTableView *>(QStringLiteral("qt_calendar_calendarview"));
     if (!m_view)
         return;
+    m_view->setAccessibleName(name);
     m_view->viewport()->setMouseTracking(true);
     m_view->viewport()->installEventFilter(this);
     m_view->installEventFilter(this);
 }
 
-void CalendarPane::setUpBar(const QString &prevName, const QString &nextName)
+void CalendarPane::setUpBar(const Names &names)
 {
     m_prev = findChild<QToolButton *>(QStringLiteral("qt_calendar_prevmonth"));
     m_next = findChild<QToolButton *>(QStringLiteral("qt_calendar_nextmonth"));
     if (m_prev)
-        m_prev->setAccessibleName(prevName);
+        m_prev->setAccessibleName(names.previous);
     if (m_next)
-        m_next->setAccessibleName(nextName);
+        m_next->setAccessibleName(names.next);
     m_bar = findChild<QWidget *>(QStringLiteral("qt_calendar_navigationbar"));
     if (!m_bar)
         return;
@@ -277,7 +294,9 @@ void CalendarPane::setUpBar(const QString &prevName, const QString &nextName)
     m_barStyle = new BarStyle;
     m_barStyle->setParent(this); // widgets do not own their style
     m_barButtons = m_bar->findChildren<QToolButton *>();
+    m_bar->setPalette(palette()); // under a style sheet it would have but the application's
     for (QToolButton *button : qAsConst(m_barButtons)) {
+        button->setPalette(palette());
         button->setStyle(m_barStyle);
         button->setAttribute(Qt::WA_Hover);
         button->setFocusPolicy(Qt::StrongFocus);
@@ -302,12 +321,14 @@ void CalendarPane::forgetPointer(QWidget *button)
 }
 
 // The year is stepped, not typed.
-void CalendarPane::setUpYearEdit()
+void CalendarPane::setUpYearEdit(const QString &name)
 {
     auto *year = findChild<QSpinBox *>(QStringLiteral("qt_calendar_yearedit"));
     auto *text = year ? year->findChild<QLineEdit *>(QStringLiteral("qt_spinbox_lineedit")) : nullptr;
     if (!text)
         return;
+    year->setAccessibleName(name);
+    text->setAccessibleName(name);
     text->setEnabled(false);
     text->setReadOnly(true); // a cursor would say otherwise
     text->setTextMargins(kYearInset, 0, 0, 0);
@@ -374,7 +395,7 @@ QColor CalendarPane::textColor(const QDate &date) const
     if (date < minimumDate() || date > maximumDate())
         return kOutOfRange;
     if (date == selectedDate())
-        return kInk;
+        return kSelectedInk;
     const QTextCharFormat own = dateTextFormat(date);
     if (own.hasProperty(QTextFormat::ForegroundBrush))
         return own.foreground().color();
@@ -394,14 +415,16 @@ void CalendarPane::paintCell(QPainter *painter, const QRect &rect, const QDate &
         tile.fill = kSelected;
     else if (inRange && rect.contains(m_hovered))
         tile.fill = kHover;
-    if (selected && m_viewHasFocus)
-        tile.frame = kInk;
-    else if (date == QDate::currentDate())
+    if (date == QDate::currentDate())
         tile.frame = kToday;
     const QRect place = rect.adjusted(1, 1, -1, -1);
     painter->save();
-    painter->fillRect(rect, kGround);
-    drawBody(*painter, place, tile);
+    painter->fillRect(wholeDevicePixels(*painter, QRectF(rect)), kGround);
+    const bool ringed = selected && m_viewHasFocus;
+    drawBody(*painter, ringed ? rect.adjusted(kTileInset, kTileInset, -kTileInset, -kTileInset) : place,
+             tile);
+    if (ringed)
+        drawFocusRing(*painter, place);
     painter->setFont(uiFont(selected ? SemiboldWeight : NormalWeight, scaled(kDayPixelSize)));
     painter->setPen(textColor(date));
     painter->drawText(place, Qt::AlignCenter | Qt::TextSingleLine, locale().toString(date.day()));

@@ -7,11 +7,21 @@ class QToolButton;
 
 namespace lumqt {
 
+constexpr QRgb kCalendarFrame = 0xffa3c8ff; // as of the window around it
+
 // The month calendar of the library: Qt's, in our colours.
 class CalendarPane : public QCalendarWidget
 {
 public:
-    CalendarPane(const QString &prevName, const QString &nextName);
+    // What screen readers call its parts.
+    struct Names
+    {
+        QString days;
+        QString previous; // month
+        QString next;     // month
+        QString year;
+    };
+    explicit CalendarPane(const Names &names);
 
     // Makes the calendar as much larger as `text`, that of the field it belongs to, is larger than usual.
     void setScale(const QFont &text);
@@ -25,9 +35,9 @@ private:
     class BarStyle;
 
     void setColors();
-    void setUpView();
-    void setUpBar(const QString &prevName, const QString &nextName);
-    void setUpYearEdit();
+    void setUpView(const QString &name);
+    void setUpBar(const Names &names);
+    void setUpYearEdit(const QString &name);
     void setIcons();
     void updateSizes();
     int scaled(int pixels) const;

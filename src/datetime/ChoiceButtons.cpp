@@ -2,6 +2,7 @@
 
 #include "CTriStateButton.h"
 #include "foundation/FontLookup.h"
+#include "foundation/Painting.h"
 
 #include <QPainter>
 #include <QSet>
@@ -12,6 +13,7 @@ namespace {
 
 const QColor kMark(120, 120, 120); // as the text of a disabled toggle
 constexpr int kMarkHeight = 2;
+constexpr int kMarkInset = 4; // from the button's edges: off its frame, at any scale
 
 // A disabled toggle has the same colours whether it is checked or not. Here one goes on looking at what is
 // chosen, so the chosen ones have a line under their text.
@@ -24,8 +26,12 @@ protected:
     void paintEvent(QPaintEvent *event) override
     {
         CTriStateButton::paintEvent(event);
-        if (!isEnabled() && IsChecked())
-            QPainter(this).fillRect(1, height() - 1 - kMarkHeight, width() - 2, kMarkHeight, kMark);
+        if (isEnabled() || !IsChecked())
+            return;
+        QPainter painter(this);
+        const QRectF line(kMarkInset, height() - kMarkInset - kMarkHeight, width() - 2 * kMarkInset,
+                          kMarkHeight);
+        painter.fillRect(wholeDevicePixels(painter, line), kMark);
     }
 };
 
@@ -34,6 +40,8 @@ protected:
 CTriStateButton *makeChoice(const QString &text)
 {
     auto *button = new Choice(text);
+    if (text.isEmpty())
+        button->setFocusPolicy(Qt::NoFocus); // there is nothing to see of it, nor to be told
     QFont font = button->font();
     font.setPixelSize(kTextPixelSize);
     button->setFont(font);

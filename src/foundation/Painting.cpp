@@ -9,6 +9,8 @@
 #include <QPixmap>
 #include <QTextOption>
 
+#include <cmath>
+
 namespace lumqt {
 
 namespace {
@@ -141,6 +143,15 @@ QRectF wholeDevicePixels(const QPainter &painter, const QRectF &rect)
     return toDevice.inverted().mapRect(QRectF(topLeft, bottomRight));
 }
 
+QRectF evenDevicePixels(const QPainter &painter, const QRectF &rect)
+{
+    const QTransform &toDevice = painter.deviceTransform();
+    const QPointF topLeft = wholeDevicePixels(painter, rect).topLeft();
+    const auto even = [](qreal length, qreal scale) { return qMax(1, qRound(length * scale)) / scale; };
+    return QRectF(
+        topLeft, QSizeF(even(rect.width(), qAbs(toDevice.m11())), even(rect.height(), qAbs(toDevice.m22()))));
+}
+
 QRectF wholeDeviceLine(const QPainter &painter, const QRectF &line)
 {
     const QTransform &toDevice = painter.deviceTransform();
@@ -268,16 +279,29 @@ void CachedText::measure(const QString &text, const QFont &font, qreal ratio)
 // Lays nothing out for a text that is painted once: many a window is shown and closed.
 void CachedText::drawLine(QPainter &painter, const QPoint &topLeft)
 {
+    if (m_font.underline()) { // Qt's own line would lie between pixels
+        QFont letters = m_font;
+        letters.setUnderline(false);
+        painter.setFont(letters);
+        const QFontMetricsF metrics(m_font);
+        const qreal below = qMin(std::ceil(metrics.underlinePos()), metrics.descent());
+        const QRectF line(topLeft.x(), topLeft.y() + m_ascent + below, m_size.width(), metrics.lineWidth());
+        painter.fillRect(evenDevicePixels(painter, line), painter.pen().color());
+    }
     // Under a scaling painter Qt leaves the lines of a static text out.
-    if (!m_painted || m_font.underline() || m_font.strikeOut()) {
+    if (!m_painted || m_font.strikeOut()) {
         m_painted = true;
         painter.drawText(topLeft + QPoint(0, m_ascent), m_text);
         return;
     }
-    if (!m_laidOut) {
+    if (!m_laidOut || m_direction != painter.layoutDirection()) {
         m_laidOut = true;
+        m_direction = painter.layoutDirection(); // by which drawText() orders what runs both ways
         m_layout = QStaticText(m_text);
         m_layout.setTextFormat(Qt::PlainText);
+        QTextOption option;
+        option.setTextDirection(m_direction);
+        m_layout.setTextOption(option);
     }
     painter.drawStaticText(topLeft, m_layout);
 }

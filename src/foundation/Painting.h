@@ -56,6 +56,10 @@ bool showsFocusFor(const QWidget *widget, Qt::FocusReason reason);
 // `rect` with its edges on device pixels, where antialiased or scaled painting leaves no half-covered ones.
 LUMQT_TESTED QRectF wholeDevicePixels(const QPainter &painter, const QRectF &rect);
 
+// The same of a line or a small mark, which is as large wherever it lies: of lines side by side none is
+// thicker than another. Never without a size.
+LUMQT_TESTED QRectF evenDevicePixels(const QPainter &painter, const QRectF &rect);
+
 // The same for a line, which is as thick wherever it lies: at 150 per cent a line of one pixel is two device
 // pixels thick, and not one or two as its edges round. It may reach over what follows it by a pixel.
 LUMQT_TESTED QRectF wholeDeviceLine(const QPainter &painter, const QRectF &line);
@@ -94,6 +98,7 @@ private:
     QSize m_size;
     qreal m_ratio = 0.0;
     int m_ascent = 0;
+    Qt::LayoutDirection m_direction = Qt::LayoutDirectionAuto; // of m_layout
     bool m_oneLine = false;
     bool m_painted = false;
     bool m_laidOut = false;

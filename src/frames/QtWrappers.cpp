@@ -5,6 +5,7 @@
 #include "CBPQtLine.h"
 #include "CBPQtMainWindow.h"
 #include "CBPQtTableView.h"
+#include "CBPStyle.h"
 #include "CBPTableWidget.h"
 #include "CBPTreeView.h"
 #include "CBPTreeWidget.h"
@@ -51,7 +52,10 @@ void CBPQtLine::paintEvent(QPaintEvent *)
     painter.fillRect(lumqt::wholeDevicePixels(painter, QRectF(0, 0, kLineWidth, height())), gradient);
 }
 
-CBPQtTableView::CBPQtTableView(QWidget *parent) : QTableView(parent) {}
+CBPQtTableView::CBPQtTableView(QWidget *parent) : QTableView(parent)
+{
+    CBPStyle::Apply(this);
+}
 
 CBPQtTableView::~CBPQtTableView() = default;
 
@@ -59,6 +63,7 @@ CBPQtTableView::~CBPQtTableView() = default;
 // count on lists that come up in order, and on the arrow that their header shows from the start.
 CBPTableWidget::CBPTableWidget(QWidget *) : QTableWidget(nullptr)
 {
+    CBPStyle::Apply(this);
     setFrameShape(QFrame::NoFrame);
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setSelectionMode(QAbstractItemView::SingleSelection);
@@ -74,13 +79,17 @@ CBPTableWidget::CBPTableWidget(QWidget *) : QTableWidget(nullptr)
 
 CBPTableWidget::~CBPTableWidget() = default;
 
-CBPTreeView::CBPTreeView(QWidget *) : QTreeView(nullptr) {}
+CBPTreeView::CBPTreeView(QWidget *) : QTreeView(nullptr)
+{
+    CBPStyle::Apply(this);
+}
 
 CBPTreeView::~CBPTreeView() = default;
 
 // Sorted from the start, as the table is.
 CBPTreeWidget::CBPTreeWidget() : QTreeWidget(nullptr)
 {
+    CBPStyle::Apply(this);
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setEditTriggers(kEditTriggers);
     setMouseTracking(true);

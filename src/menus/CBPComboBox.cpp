@@ -1,5 +1,7 @@
 #include "CBPComboBox.h"
 
+#include "CBPStyle.h"
+
 #include <QListView>
 #include <QWheelEvent>
 
@@ -7,6 +9,7 @@ CBPComboBox::CBPComboBox(QWidget *parent) : QComboBox(parent)
 {
     setView(new QListView(this));
     setFocusPolicy(Qt::StrongFocus); // not by the wheel, either
+    CBPStyle::Apply(this);
 }
 
 CBPComboBox::~CBPComboBox() = default;

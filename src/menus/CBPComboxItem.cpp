@@ -8,6 +8,7 @@
 #include "FormatByteSize.h"
 #include "foundation/Accessible.h"
 #include "foundation/ElidedText.h"
+#include "foundation/FocusMark.h"
 #include "foundation/FontLookup.h"
 #include "foundation/Painting.h"
 #include "foundation/PressKeys.h"
@@ -31,22 +32,33 @@ const QMargins kMargins(2, 0, 6, 0);
 constexpr int kButtonGap = 6;     // between space and delete button
 constexpr int kPathGap = 6;       // between path and space, where there is little room
 constexpr int kPathReserve = 200; // of a row's width, for all that is not path
+constexpr int kLeastPath = 60;    // where there is room for it: then the space is cut
 constexpr int kDeleteId = 255;
 constexpr int kDecimals = 2;
+constexpr QChar kLeftToRight(0x202a);
+constexpr QChar kEndOfIt(0x202c);
 
-void blacken(QLabel *label)
+// The family alone: rows have the size of the application's own font.
+QFont rowFont()
 {
-    label->setTextFormat(Qt::PlainText); // a folder may be named <b>
-    QPalette palette = label->palette();
-    palette.setColor(QPalette::WindowText, kText);
-    label->setPalette(palette);
+    return QFont(GetFontFamily(lumqt::NormalWeight));
 }
 
-// Shows its text, or as much of it as goes in; the tool tip has the whole path where that is not all of it.
-class PathLabel : public QLabel
+// Shows its text, or as much of it as goes in; the tool tip has the whole of it where that is not all.
+class RowLabel : public QLabel
 {
 public:
-    explicit PathLabel(const QString &path) : m_path(path) { setText(path); }
+    // A path reads from left to right whatever its names are in; the words of the space have their own way.
+    RowLabel(const QString &whole, bool isPath) : m_isPath(isPath), m_whole(whole)
+    {
+        setTextFormat(Qt::PlainText); // a folder may be named <b>
+        setText(whole);
+        setFont(rowFont()); // of both, else they stand on two lines
+        setSizePolicy(isPath ? QSizePolicy::Preferred : QSizePolicy::Fixed, QSizePolicy::Fixed);
+        QPalette black = palette();
+        black.setColor(QPalette::WindowText, kText);
+        setPalette(black);
+    }
 
     void shorten(const QString &text)
     {
@@ -54,12 +66,25 @@ public:
         tellWhole();
     }
 
+    // What has less room than this shows nothing that tells it from others.
+    int leastWidth() const
+    {
+        const int whole = fontMetrics().horizontalAdvance(m_whole);
+        const int least =
+            m_isPath ? kLeastPath : fontMetrics().horizontalAdvance(QChar(0x2026)) + 1; // rounded
+        const int around = width() - contentsRect().width();
+        return m_whole.isEmpty() ? 0 : around + qMin(whole + 1, least);
+    }
+
 protected:
     void paintEvent(QPaintEvent *) override
     {
         QPainter painter(this);
-        const Qt::Alignment side = QStyle::visualAlignment(layoutDirection(), alignment());
-        style()->drawItemText(&painter, contentsRect(), int(side), palette(), isEnabled(), shown(),
+        const Qt::Alignment side =
+            QStyle::visualAlignment(layoutDirection(), alignment()) | Qt::AlignAbsolute;
+        const bool toTheRight = m_isPath || !m_whole.isRightToLeft();
+        const int flags = int(side) | (toTheRight ? Qt::TextForceLeftToRight : Qt::TextForceRightToLeft);
+        style()->drawItemText(&painter, contentsRect(), flags, palette(), isEnabled(), shown(),
                               foregroundRole());
     }
 
@@ -70,31 +95,36 @@ protected:
         tellWhole();
     }
 
+    void changeEvent(QEvent *event) override
+    {
+        QLabel::changeEvent(event);
+        if (event->type() == QEvent::LayoutDirectionChange || event->type() == QEvent::FontChange)
+            tellWhole();
+    }
+
 private:
     QString shown() const
     {
         // What was shortened to nothing is an ellipsis all the same.
-        const QString source = text().isEmpty() ? m_path : text();
+        const QString source = text().isEmpty() ? m_whole : text();
         return fontMetrics().elidedText(source, Qt::ElideRight, contentsRect().width());
     }
 
     void tellWhole()
     {
-        const bool whole = text() == m_path && (!m_laidOut || shown() == m_path);
-        const QString tip = whole ? QString() : lumqt::toolTipOf(m_path);
+        const bool whole = text() == m_whole && (!m_laidOut || shown() == m_whole);
+        const bool embedded = m_isPath && isRightToLeft(); // in the tip, which runs as the row does
+        const QString tip = whole      ? QString()
+                            : embedded ? lumqt::toolTipOf(kLeftToRight + m_whole + kEndOfIt)
+                                       : lumqt::toolTipOf(m_whole);
         if (tip != toolTip())
             setToolTip(tip);
     }
 
-    const QString m_path;
+    const bool m_isPath;
+    const QString m_whole;
     bool m_laidOut = false; // before, its size means nothing
 };
-
-// The family alone: rows have the size of the application's own font.
-QFont pathFont()
-{
-    return QFont(GetFontFamily(lumqt::NormalWeight));
-}
 
 } // namespace
 
@@ -180,21 +210,16 @@ CBPComboxItem::~CBPComboxItem() = default;
 
 void CBPComboxItem::createLabels()
 {
-    m_pPathLabel = new PathLabel(m_pItem->path);
-    blacken(m_pPathLabel);
-    m_pPathLabel->setFont(pathFont());
-    // Where there is too little room the path is cut, down to its ellipsis, and not what stands behind it in
-    // every row.
-    const int ellipsis = m_pPathLabel->fontMetrics().horizontalAdvance(QChar(0x2026));
-    m_pPathLabel->setMinimumWidth(ellipsis + 1); // it is rounded
-
-    m_pSpaceLabel = new QLabel;
-    blacken(m_pSpaceLabel);
-    m_pSpaceLabel->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    if (m_pItem->totalBytes != 0)
-        m_pSpaceLabel->setText(tr("%1 Free of %2")
-                                   .arg(FormatByteSize(m_pItem->freeBytes, false, kDecimals),
-                                        FormatByteSize(m_pItem->totalBytes, false, kDecimals)));
+    m_pPathLabel = new RowLabel(m_pItem->path, true);
+    const QString space = tr("%1 Free of %2");
+    // In words that run the other way its unit would go before a number.
+    const auto size = [&space](qint64 bytes) {
+        const QString text = FormatByteSize(bytes, false, kDecimals);
+        return space.isRightToLeft() ? kLeftToRight + text + kEndOfIt : text;
+    };
+    const bool known = m_pItem->totalBytes != 0;
+    m_pSpaceLabel = new RowLabel(
+        known ? space.arg(size(m_pItem->freeBytes), size(m_pItem->totalBytes)) : QString(), false);
 }
 
 void CBPComboxItem::createDeleteButton()
@@ -218,6 +243,8 @@ void CBPComboxItem::buildLayout()
     place->setFixedSize(m_pDeleteBtn->size());
     place->PackStart(m_pDeleteBtn);
 
+    for (QLabel *label : {m_pPathLabel, m_pSpaceLabel})
+        label->setMinimumWidth(static_cast<RowLabel *>(label)->leastWidth());
     // Filled before it is the row's: a layout that has a widget posts an event for each thing it gets.
     auto *layout = new QHBoxLayout;
     layout->setSpacing(0);
@@ -268,8 +295,8 @@ void CBPComboxItem::markSelected(bool selected)
 void CBPComboxItem::SetPathMaxWidth(int width)
 {
     const int room = qMax(0, lumqt::boundedPixels(width) - kPathReserve);
-    const QString shown = QFontMetrics(pathFont()).elidedText(m_pItem->path, Qt::ElideRight, room);
-    static_cast<PathLabel *>(m_pPathLabel)->shorten(shown);
+    const QString shown = QFontMetrics(rowFont()).elidedText(m_pItem->path, Qt::ElideRight, room);
+    static_cast<RowLabel *>(m_pPathLabel)->shorten(shown);
 }
 
 // The list knows rows by their paths, and has to look closer at one whose record others may change.
@@ -304,6 +331,20 @@ void CBPComboxItem::setHovered(bool hovered)
     update();
 }
 
+// Where there is too little room the path is cut first, which is the longer one, and then what stands behind
+// it in every row. The layout would cut both alike.
+void CBPComboxItem::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    m_pPathLabel->setMinimumWidth(static_cast<RowLabel *>(m_pPathLabel)->leastWidth());
+    const auto *space = static_cast<RowLabel *>(m_pSpaceLabel);
+    const int others =
+        layout()->sizeHint().width() - m_pPathLabel->sizeHint().width() - space->sizeHint().width();
+    const int room = width() - others - m_pPathLabel->minimumWidth();
+    m_pSpaceLabel->setMinimumWidth(qBound(space->leastWidth(), room, space->sizeHint().width()));
+    layout()->activate();
+}
+
 void CBPComboxItem::enterEvent(QEvent *event)
 {
     setHovered(true);
@@ -336,6 +377,8 @@ void CBPComboxItem::mouseReleaseEvent(QMouseEvent *event)
 
 void CBPComboxItem::keyPressEvent(QKeyEvent *event)
 {
+    lumqt::keyUsed(m_focusMark);
+    update();
     if (event->key() == Qt::Key_Delete) {
         event->accept();
         if (!event->isAutoRepeat()) // one key, one row
@@ -360,7 +403,7 @@ void CBPComboxItem::keyReleaseEvent(QKeyEvent *event)
 
 void CBPComboxItem::focusInEvent(QFocusEvent *event)
 {
-    m_bKeyboardFocus = lumqt::showsFocusFor(this, event->reason());
+    lumqt::focusGained(m_focusMark, event->reason());
     if (m_pList)
         m_pList->rowFocused(this);
     QWidget::focusInEvent(event);
@@ -368,7 +411,7 @@ void CBPComboxItem::focusInEvent(QFocusEvent *event)
 
 void CBPComboxItem::focusOutEvent(QFocusEvent *event)
 {
-    m_bKeyboardFocus = false;
+    lumqt::focusLost(m_focusMark, event->reason());
     m_bSpaceDown = false;
     QWidget::focusOutEvent(event);
 }
@@ -377,6 +420,6 @@ void CBPComboxItem::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.fillRect(rect(), m_iState == ENStateHover ? kHoverGround : kGround);
-    if (m_bKeyboardFocus)
+    if (m_focusMark == lumqt::FocusMark::Shown)
         lumqt::drawFocusRing(painter, rect());
 }

@@ -10,7 +10,9 @@
 #include <QApplication>
 #include <QFontMetrics>
 #include <QKeyEvent>
+#include <QStyleOptionMenuItem>
 
+#include <algorithm>
 #include <iterator>
 
 namespace {
@@ -28,6 +30,11 @@ constexpr int kRoomBesideText = 49;
 constexpr int kRoomBesideTextWithArrow = 60;
 constexpr int kStateImages = 4;
 const char kSeparatorSheet[] = "QMenu:separator{height: 17px;}";
+const char kSizeRule[] = "CBPMenu{margin:0;padding:0;border:none}"
+                         "CBPMenu::item{width:%1px;height:%2px;min-width:0;min-height:0;"
+                         "max-width:%1px;max-height:%2px;margin:0;padding:0;border:none}";
+constexpr QStyle::PixelMetric kRoomAround[] = {QStyle::PM_MenuPanelWidth, QStyle::PM_MenuHMargin,
+                                               QStyle::PM_MenuVMargin};
 
 template <class Value> int entryOf(const QVector<QPair<QVariant, Value>> &entries, const QVariant &itemData)
 {
@@ -45,6 +52,11 @@ void setEntry(QVector<QPair<QVariant, Value>> &entries, const QVariant &itemData
         entries[index].second = value;
     else
         entries.append(qMakePair(itemData, value));
+}
+
+QSize boundedSize(const QSize &size)
+{
+    return {lumqt::boundedPixels(size.width()), lumqt::boundedPixels(size.height())};
 }
 
 } // namespace
@@ -379,9 +391,9 @@ void CBPMenu::useItemSize(const QSize &size)
     CBPMenuItemSizeStyle *previous = m_sizeStyle;
     const auto tornOff = tornOffMenus();
     m_itemSize = size;
-    m_sizeStyle = new CBPMenuItemSizeStyle(
-        QSize(lumqt::boundedPixels(size.width()), lumqt::boundedPixels(size.height())));
+    m_sizeStyle = new CBPMenuItemSizeStyle(boundedSize(size));
     setStyle(m_sizeStyle);
+    keepItemSize();
     for (const QPointer<QMenu> &menu : tornOff) {
         if (menu)
             menu->setStyle(style());
@@ -396,9 +408,41 @@ void CBPMenu::useItemSize(const QSize &size)
 // menu itself is taken back in useItemSize().
 void CBPMenu::changeEvent(QEvent *event)
 {
-    if (event->type() == QEvent::StyleChange)
+    if (event->type() == QEvent::StyleChange) {
         m_otherStyle = true;
+        keepItemSize();
+    }
     QMenu::changeEvent(event);
+}
+
+// A style sheet of the application that gives all menus, or their items, a padding, a border or a size goes
+// before any style, ours included. A rule of the menu's own goes before it; without need there is none.
+void CBPMenu::keepItemSize()
+{
+    if (m_keepsSize || !m_sizeStyle || !style()->inherits("QStyleSheetStyle"))
+        return;
+    const QSize wanted = boundedSize(m_itemSize);
+    const auto isKept = [this, &wanted](QStyle::State state) {
+        QStyleOptionMenuItem item;
+        item.initFrom(this);
+        item.menuItemType = QStyleOptionMenuItem::Normal;
+        item.state = state;
+        return style()->sizeFromContents(QStyle::CT_MenuItem, &item, QSize(1, 1), this) == wanted;
+    };
+    const bool kept = isKept(QStyle::State_None) && isKept(QStyle::State_Enabled) &&
+                      isKept(QStyle::State_Enabled | QStyle::State_Selected);
+    const bool plain = std::all_of(std::begin(kRoomAround), std::end(kRoomAround), [this](auto metric) {
+        return style()->pixelMetric(metric, nullptr, this) == m_sizeStyle->pixelMetric(metric, nullptr, this);
+    });
+    if (kept && plain)
+        return;
+    QString sheet = styleSheet();
+    if (!m_sizeRule.isEmpty())
+        sheet.remove(m_sizeRule);
+    m_sizeRule = QString(QLatin1String(kSizeRule)).arg(qMax(0, wanted.width())).arg(qMax(0, wanted.height()));
+    m_keepsSize = true; // each change of the sheet comes here again
+    setStyleSheet(sheet + m_sizeRule);
+    m_keepsSize = false;
 }
 
 bool CBPMenu::opensSubMenu(const QAction *action) const

@@ -40,6 +40,15 @@ int centred(const QRect &rect, int height)
     return rect.y() + (rect.height() - height) / 2;
 }
 
+// As many device pixels thick wherever it lies: its edges, each rounded for itself, would make lines differ.
+QRectF evenLine(const QPainter &painter, const QRectF &line)
+{
+    QRectF even = lumqt::wholeDevicePixels(painter, line);
+    const qreal ratio = painter.device()->devicePixelRatioF();
+    even.setHeight(qMax(1, qRound(line.height() * ratio)) / ratio);
+    return even;
+}
+
 // Size of an icon that came without a file name. Beside an ordinary picture an icon holds, for screens of
 // high density, the same one with two or three times the pixels; the size on the screen is that of the
 // ordinary one.
@@ -260,6 +269,7 @@ void CBPMenu::paintEvent(QPaintEvent *event)
     painter.fillRect(event->rect(), m_opaque ? edgeColor() : QColor(Qt::transparent));
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+    painter.setLayoutDirection(layoutDirection()); // else the application's
     painter.setPen(Qt::NoPen);
     painter.setBrush(bodyColor());
     paintBody(&painter);
@@ -307,8 +317,14 @@ void CBPMenu::paintBody(QPainter *painter)
     }
     lumqt::drawBody(*painter, bodyRect(), body);
     const QRect inner = innerRect();
-    if (!inner.isEmpty())
-        painter->fillRect(lumqt::wholeDevicePixels(*painter, QRectF(inner)), bodyColor());
+    if (inner.isEmpty())
+        return;
+    // Up to the frame, which is as many device pixels thick at each side.
+    const qreal ratio = painter->device()->devicePixelRatioF();
+    const qreal border = body.frame.isValid() ? qMax(1, qRound(body.frameWidth * ratio)) / ratio : 0;
+    QRectF fill = lumqt::wholeDevicePixels(*painter, QRectF(rect())).adjusted(border, border, -border, 0);
+    fill.setBottom(lumqt::wholeDevicePixels(*painter, QRectF(inner)).bottom());
+    painter->fillRect(fill, bodyColor());
 }
 
 QPixmap CBPMenu::itemPixmap(QAction *action, bool hovered)
@@ -330,9 +346,15 @@ QPixmap CBPMenu::itemPixmap(QAction *action, bool hovered)
     return icon.isNull() ? QPixmap() : lumqt::iconPixmap(icon, iconSize(icon, this), QIcon::Normal, this);
 }
 
+// Places are as if the menu ran from left to right; in one that runs the other way an item is mirrored about
+// its middle, its texts and images themselves excepted.
 void CBPMenu::paintItem(QPainter *painter, const ItemView &item)
 {
     const QRect &rect = item.rect;
+    const auto place = [this, &rect](int x, const QSize &size) {
+        return QStyle::visualRect(layoutDirection(), rect,
+                                  QRect(QPoint(x, centred(rect, size.height())), size));
+    };
     if (!item.action->isEnabled())
         painter->setOpacity(kDisabledOpacity);
 
@@ -340,37 +362,43 @@ void CBPMenu::paintItem(QPainter *painter, const ItemView &item)
     const QPixmap image = itemPixmap(item.action, item.hovered);
     const QSize imageSize = logicalSize(image);
     if (!image.isNull())
-        painter->drawPixmap(x, centred(rect, imageSize.height()), image);
+        painter->drawPixmap(place(x, imageSize).topLeft(), image);
     x += qMax(imageSize.width(), boundedPixels(m_defIconWidth)) + boundedPixels(m_spacing);
 
     int end = rect.x() + rect.width();
     const bool subMenu = opensSubMenu(item.action);
-    if (subMenu) {
-        const QPixmap arrow = loadPixmap(m_arrowFile, devicePixelRatioF());
+    const QPixmap arrow = subMenu ? arrowPixmap() : QPixmap();
+    if (!arrow.isNull()) {
         const QSize arrowSize = logicalSize(arrow);
-        if (!arrow.isNull()) {
-            end -= kArrowMargin + arrowSize.width();
-            painter->drawPixmap(end, centred(rect, arrowSize.height()), arrow);
-            end -= kGapBehindText;
-        }
+        end -= kArrowMargin + arrowSize.width();
+        painter->drawPixmap(place(end, arrowSize).topLeft(), arrow);
+        end -= kGapBehindText;
     }
 
-    lumqt::MenuTexts::Text &text = m_texts->text(item.action, m_font, end - x);
-    const QRect textRect(QPoint(x, centred(rect, text.size.height())), text.size);
+    lumqt::MenuTexts::Text &text = m_texts->text(item.action, m_font, end - x, layoutDirection());
+    const QRect textRect = place(x, text.size);
     painter->setPen(m_textColor);
     text.layout.drawLeft(*painter, textRect, text.shown, m_font);
     if (text.underlineWidth > 0 && style()->styleHint(QStyle::SH_UnderlineShortcut, nullptr, this)) {
         const QFontMetrics metrics(m_font);
-        painter->fillRect(QRect(x + text.underlineX, textRect.y() + metrics.ascent() + metrics.underlinePos(),
-                                text.underlineWidth, qMax(1, metrics.lineWidth())),
-                          m_textColor);
+        const QRectF line(textRect.x() + text.underlineX,
+                          textRect.y() + metrics.ascent() + metrics.underlinePos(), text.underlineWidth,
+                          qMax(1, metrics.lineWidth()));
+        painter->fillRect(evenLine(*painter, line), m_textColor);
     }
     if (!subMenu) {
-        QRect behind = rect;
-        behind.setLeft(x + text.size.width() + kGapBehindText);
-        paintSpecialFlag(painter, item.action->data(), behind);
+        const int behind = x + text.size.width() + kGapBehindText;
+        const QRect rest(behind, rect.y(), rect.x() + rect.width() - behind, rect.height());
+        paintSpecialFlag(painter, item.action->data(), QStyle::visualRect(layoutDirection(), rect, rest));
     }
     painter->setOpacity(1.0);
+}
+
+// It points to where the nested menu opens.
+QPixmap CBPMenu::arrowPixmap() const
+{
+    const QPixmap arrow = loadPixmap(m_arrowFile, devicePixelRatioF());
+    return isRightToLeft() ? arrow.transformed(QTransform::fromScale(-1, 1)) : arrow;
 }
 
 void CBPMenu::PaintAction(QPainter *painter, const QRect &rect, int index, int count)
@@ -413,7 +441,7 @@ void CBPMenu::paintSeparator(QPainter *painter, const QRect &rect)
     // lie higher than centred.
     const int top = centred(rect, thickness) - thickness / 2;
     const QRectF line(left, top, qMax(0, right - left + 1), thickness);
-    painter->fillRect(lumqt::wholeDevicePixels(*painter, line), kSeparatorColor);
+    painter->fillRect(evenLine(*painter, line), kSeparatorColor);
 }
 
 void CBPMenu::paintSpecialFlag(QPainter *painter, const QVariant &itemData, const QRect &rect)
@@ -421,11 +449,12 @@ void CBPMenu::paintSpecialFlag(QPainter *painter, const QVariant &itemData, cons
     QString file;
     if (!IsActionSpecial(itemData, file))
         return;
-    if (file.isEmpty()) {
-        lumqt::drawDotBadge(*painter, QPoint(rect.left(), centred(rect, lumqt::kDotBadgeSize)));
-        return;
-    }
     const QPixmap image = loadPixmap(file, devicePixelRatioF());
-    if (!image.isNull())
-        painter->drawPixmap(rect.left(), centred(rect, logicalSize(image).height()), image);
+    const int width = file.isEmpty() ? lumqt::kDotBadgeSize : logicalSize(image).width();
+    const int height = file.isEmpty() ? lumqt::kDotBadgeSize : logicalSize(image).height();
+    const int x = isRightToLeft() ? rect.x() + rect.width() - width : rect.left();
+    if (file.isEmpty())
+        lumqt::drawDotBadge(*painter, QPoint(x, centred(rect, height)));
+    else if (!image.isNull())
+        painter->drawPixmap(x, centred(rect, height), image);
 }

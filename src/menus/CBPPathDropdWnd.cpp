@@ -305,13 +305,10 @@ void CBPPathDropdWnd::setVisible(bool visible)
 void CBPPathDropdWnd::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
-    // Who opened it by keyboard sees at once where the keys go.
-    if (parentWidget() && parentWidget()->window()->testAttribute(Qt::WA_KeyboardFocusChange))
-        setAttribute(Qt::WA_KeyboardFocusChange);
     const QPointer<CBPComboxItem> row = currentRow();
     if (!row)
         return;
-    row->setFocus(Qt::PopupFocusReason);
+    row->setFocus(Qt::PopupFocusReason); // shows its ring, and so where the keys go
     if (row)
         m_pScroll->ensureWidgetVisible(row, 0, 0);
 }

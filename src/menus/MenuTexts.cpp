@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QFontMetrics>
+#include <QTextLayout>
 
 namespace lumqt {
 
@@ -27,31 +28,48 @@ QString shownText(const QString &text, int &mnemonic)
     return shown;
 }
 
+// Where the character at `index` stands, however the text runs.
+void underline(MenuTexts::Text &text, int index, const QFont &font)
+{
+    QTextLayout layout(text.shown, font);
+    QTextOption option;
+    option.setTextDirection(text.direction);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    const QTextLine line = layout.createLine();
+    layout.endLayout();
+    const int one = qRound(line.cursorToX(index));
+    const int other = qRound(line.cursorToX(index, QTextLine::Trailing));
+    text.underlineX = qMin(one, other);
+    text.underlineWidth = qAbs(one - other);
+}
+
 } // namespace
 
-MenuTexts::Text &MenuTexts::text(const QAction *action, const QFont &font, int room)
+MenuTexts::Text &MenuTexts::text(const QAction *action, const QFont &font, int room,
+                                 Qt::LayoutDirection direction)
 {
     QSharedPointer<Text> &text = m_texts[action];
     if (!text)
         text = QSharedPointer<Text>::create();
-    if (text->room == room && text->source == action->text())
+    if (text->room == room && text->direction == direction && text->source == action->text())
         return *text;
 
     text->room = room;
+    text->direction = direction;
     text->source = action->text();
     int mnemonic = -1;
     text->shown = shownText(text->source, mnemonic);
     text->size = text->layout.lineSize(text->shown, font);
-    const QFontMetrics metrics(font);
-    text->underlineX = mnemonic < 0 ? 0 : metrics.horizontalAdvance(text->shown, mnemonic);
-    text->underlineWidth =
-        mnemonic < 0 ? 0 : metrics.horizontalAdvance(text->shown, mnemonic + 1) - text->underlineX;
+    text->underlineWidth = 0;
     if (text->size.width() > room) {
-        text->shown = metrics.elidedText(text->shown, Qt::ElideRight, qMax(0, room));
+        text->shown = QFontMetrics(font).elidedText(text->shown, Qt::ElideRight, qMax(0, room));
         text->size = text->layout.lineSize(text->shown, font);
-        if (text->underlineX + text->underlineWidth > text->size.width())
-            text->underlineWidth = 0;
+        if (mnemonic >= text->shown.size() - 1) // the ellipsis stands there, or for it
+            mnemonic = -1;
     }
+    if (mnemonic >= 0)
+        underline(*text, mnemonic, font);
     return *text;
 }
 

@@ -37,6 +37,8 @@ struct Answers
     // Whether translucent windows are blended with what lies behind them. Where they are not, what a window
     // leaves transparent is black.
     std::function<bool()> composited;
+    // Whether the user wants nothing to move that need not.
+    std::function<bool()> lessMotion;
     // A text of the regional settings, a LocaleInfo, in the notation of Windows. Empty when there is none.
     // Elsewhere the user's locale answers for all.
     std::function<QString(unsigned long type, unsigned long locale)> localeInfo;

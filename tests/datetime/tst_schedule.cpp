@@ -179,6 +179,8 @@ private slots:
         CBPWeekSelector weekly(nameless);
         click(weekly.findChild<CTriStateButton *>(), Click::Left);
         QCOMPARE(weekly.GetSelected(), QStringList(QString()));
+        QCOMPARE(weekly.findChild<CTriStateButton *>()->focusPolicy(),
+                 Qt::NoFocus); // nothing to be seen or told
     }
 
     void disabledShowsTheChosen()
@@ -348,7 +350,9 @@ private slots:
 
     void listNames()
     {
+        QApplication::setLayoutDirection(Qt::RightToLeft);
         TimeList list(4, {kMorning, kNoon, kEvening});
+        QApplication::setLayoutDirection(Qt::LeftToRight);
         deleteButtonOf(fieldsOf(list).first())->click();
         addButtonOf(list)->click();
         QSet<QString> names{spokenName(addButtonOf(list))};
@@ -358,6 +362,8 @@ private slots:
         QCOMPARE(names.size(), 7);
         QVERIFY(!names.contains(QString()));
         QVERIFY(spokenName(fields.first()).contains('1'));
+        fields.first()->setDisplayFormat("HH:mm");
+        QCOMPARE(fields.first()->text(), QString("12:00")); // not 00:12
         QVERIFY(spokenName(deleteButtonOf(fields.last())).contains('3'));
     }
 

@@ -192,6 +192,29 @@ private slots:
         QCOMPARE(itemRect(menu, 0).width(), rect.width() - 11); // without room for an arrow
     }
 
+    // About the middle of each item: pictures, arrows, badges, texts.
+    void mirrored()
+    {
+        const QString lime = m_stage.picture("lime");
+        CBPMenu menu;
+        CBPMenu sub(QStringLiteral("oo")); // reads the same both ways
+        menu.AddAction(lime, QStringLiteral("oo"), 1);
+        menu.AddAction(QStringLiteral("oo"), 2);
+        menu.SetActionSpecialFlag(2, true, lime);
+        menu.AddMenu(&sub);
+        menu.SetSubMenuRightIcon(lime);
+        QVector<QRect> places[2];
+        for (const bool turned : {false, true}) {
+            menu.setLayoutDirection(turned ? Qt::RightToLeft : Qt::LeftToRight);
+            for (int i = 0; i < 3; ++i) {
+                const QImage item = menu.grab(itemRect(menu, i)).toImage().mirrored(turned, false);
+                places[turned] << boxOf(item, kLime) << inkOf(item.copy(20, 0, 30, 40), 170);
+            }
+        }
+        QVERIFY(!places[0].contains(QRect()));
+        QCOMPARE(places[1], places[0]);
+    }
+
     void backgrounds()
     {
         CBPMenu menu;

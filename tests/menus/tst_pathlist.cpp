@@ -13,6 +13,7 @@
 #include <QAbstractItemView>
 #include <QAccessible>
 #include <QLabel>
+#include <QLayout>
 #include <QPointer>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -171,33 +172,54 @@ private slots:
     // The space is shown whole, and the path ends in an ellipsis where it does not go in beside it.
     void pathIsCutWhereThereIsNoRoom()
     {
-        ComboxItem item = location("/a/path", 1024 * kGiga);
+        const QString kLong = "/a/longer/path";
+        ComboxItem item = location(kLong, 1024 * kGiga);
         CBPComboxItem row(item, nullptr);
         const auto layOut = [&row](int width) {
             row.resize(width, 30);
             QVERIFY(!row.grab().isNull());
         };
         layOut(row.sizeHint().width());
+        row.layout()->setSizeConstraint(QLayout::SetNoConstraint); // as in a list, which squeezes its rows
+        row.setMinimumWidth(1);
         QLabel *path = pathLabel(&row);
         QCOMPARE(path->toolTip(), QString());
         const int room = path->width() - 15;
         layOut(row.sizeHint().width() - 15);
         QCOMPARE(path->width(), room);
-        QCOMPARE(path->toolTip(), QString("/a/path"));
-        QCOMPARE(path->text(), QString("/a/path")); // shortened by SetPathMaxWidth() alone
-        QLabel expected(path->fontMetrics().elidedText("/a/path", Qt::ElideRight, room));
-        expected.setFont(path->font());
-        expected.setPalette(path->palette());
-        expected.resize(path->size());
-        QCOMPARE(pictureOf(*path), pictureOf(expected));
-        for (const int width :
-             {row.minimumSizeHint().width(), 200}) { // as in a list, which squeezes its rows
+        QCOMPARE(path->toolTip(), kLong);
+        QCOMPARE(path->text(), kLong); // shortened by SetPathMaxWidth() alone
+        const auto elided = [](const QLabel &label, const QString &whole) {
+            QLabel expected(label.fontMetrics().elidedText(whole, Qt::ElideRight, label.width()));
+            expected.setFont(label.font());
+            expected.setPalette(label.palette());
+            expected.resize(label.size());
+            return pictureOf(expected);
+        };
+        QCOMPARE(pictureOf(*path), elided(*path, kLong));
+        for (const int width : {row.minimumSizeHint().width(), 200}) {
             row.SetPathMaxWidth(width);
             layOut(width);
             QVERIFY(!inkOf(pictureOf(*path), 128).isEmpty());
         }
-        row.SetPathMaxWidth(600);
-        layOut(row.sizeHint().width());
+        // The path keeps some room, and the space ends in an ellipsis. Both stand on one line.
+        QLabel *space = row.findChildren<QLabel *>().last();
+        QCOMPARE(space->text(), QString("512.00 GB Free of 1.00 TB"));
+        QVERIFY(path->width() >= 60 && space->geometry().right() < 200);
+        QCOMPARE(space->toolTip(), space->text());
+        QCOMPARE(pictureOf(*space), elided(*space, space->text()));
+        QCOMPARE(path->geometry().top(), space->geometry().top());
+        QCOMPARE(path->font(), space->font());
+        // A path keeps its own direction: the slash stays before the letter.
+        for (const Qt::LayoutDirection direction : {Qt::RightToLeft, Qt::LeftToRight}) {
+            row.setLayoutDirection(direction);
+            row.SetPathMaxWidth(600);
+            layOut(row.sizeHint().width());
+            QCOMPARE(path->x() > space->x(), direction == Qt::RightToLeft);
+            const QImage picture = pictureOf(*path);
+            const QRect words = inkOf(picture, 128);
+            QVERIFY(inkOf(picture.copy(words.x(), 0, 4, picture.height()), 128).height() > 8);
+        }
         QCOMPARE(path->toolTip(), QString());
     }
 

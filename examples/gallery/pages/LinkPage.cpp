@@ -109,7 +109,7 @@ void addTexts(Page *page)
 const char kCheckSheet[] =
     "CBPCheckBox { spacing: 8px; color: #444e5c; }"
     "CBPCheckBox:disabled { color: #bdbdbd; }"
-    "CBPCheckBox::indicator { width: 16px; height: 16px; border: 1px solid #a9b4c2;"
+    "CBPCheckBox::indicator { width: 16px; height: 16px; border: 1px solid #7b8798;"
     " border-radius: 3px; background: white; }"
     "CBPCheckBox::indicator:hover { border-color: #4baeb2; }"
     "CBPCheckBox::indicator:checked, CBPCheckBox::indicator:indeterminate"
@@ -144,10 +144,12 @@ void addCheckBoxes(Page *page)
     page->addSection(
             "Check box",
             "CBPCheckBox is a QCheckBox that the style sheet of an application can address by its class.")
-        ->addTable({"Off", "On", "Partly"}, {checkRow("Without a sheet", unstyled, pose::Normal),
-                                             checkRow("Disabled", unstyled, pose::Disabled),
-                                             checkRow("By style sheet", styled, pose::Normal),
-                                             checkRow("Disabled", styled, pose::Disabled)});
+        ->addTable(
+            {"Off", "On", "Partly"},
+            {checkRow("At rest", unstyled, pose::Normal), checkRow("Hovered", unstyled, pose::Hovered),
+             checkRow("Pressed", unstyled, pose::Pressed), checkRow("Focused", unstyled, pose::Focused),
+             checkRow("Disabled", unstyled, pose::Disabled), checkRow("By style sheet", styled, pose::Normal),
+             checkRow("Disabled", styled, pose::Disabled)});
 }
 
 Page *makePage()

@@ -10,6 +10,7 @@
 #include "CBPPushBtn.h"
 #include "FormatByteSize.h"
 
+#include <QAbstractItemView>
 #include <QCoreApplication>
 #include <QDir>
 #include <QLabel>
@@ -18,6 +19,8 @@ namespace {
 
 constexpr int kRowWidth = 416;
 constexpr int kListWidth = 416;
+constexpr int kComboWidth = 144;
+constexpr int kComboHeight = 28;
 constexpr qint64 kGiga = 1LL << 30;
 
 #ifdef Q_OS_WIN
@@ -134,20 +137,36 @@ void addSizes(Page *page)
                             {"The greatest number", sizeText(std::numeric_limits<qint64>::max())}});
 }
 
-CBPComboBox *combo(bool enabled)
+CBPComboBox *combo()
 {
     auto *result = new CBPComboBox(nullptr);
     result->addItems({"Every day", "Every week", "Every month"});
     result->setFont(theme::font(theme::Normal, 14));
-    result->setFixedWidth(184);
-    result->setEnabled(enabled);
+    result->setFixedSize(kComboWidth, kComboHeight);
     return result;
+}
+
+// The picture of a list that is never shown.
+QWidget *comboList()
+{
+    CBPComboBox *owner = combo();
+    QWidget *list = owner->view()->parentWidget();
+    list->resize(kComboWidth, owner->count() * kComboHeight + 2);
+    owner->view()->setCurrentIndex(owner->model()->index(1, 0));
+    auto *label = new QLabel;
+    label->setPixmap(list->grab());
+    delete owner;
+    return label;
 }
 
 void addCombos(Page *page)
 {
     page->addSection("CBPComboBox", "The mouse wheel does nothing to it.")
-        ->addSamples({{"Live", combo(true)}, {"Disabled", combo(false)}});
+        ->addSamples({{"Live", combo()},
+                      {"Hovered", pose::in(pose::Hovered, combo())},
+                      {"Focused", pose::in(pose::Focused, combo())},
+                      {"Its list", comboList()},
+                      {"Disabled", pose::in(pose::Disabled, combo())}});
 }
 
 Page *makePage()

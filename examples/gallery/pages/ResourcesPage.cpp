@@ -171,8 +171,8 @@ void addColors(Page *page)
         ->addColumns(5, {{"title_bgcolor " + named(ground), new Swatch(ground)},
                          {"title_textcolor " + named(text), new Swatch(text)},
                          {"title_bottonline " + named(line), new Swatch(line)},
-                         {"Accent #4baeb2", new Swatch(theme::kAccent)},
-                         {"Accent #49a7f5", new Swatch(theme::kAccentBlue)}});
+                         {"Accent #4baeb2", new Swatch(QColor(75, 174, 178))},
+                         {"Accent #49a7f5", new Swatch(QColor(73, 167, 245))}});
 }
 
 // A picture in its states: "list" of list_normal.png, list_hover.png and so on.
@@ -195,7 +195,7 @@ void collect(const QString &folder, QMap<QString, States> &inStates, QStringList
     const QStringList files = dir.entryList({"*.png", "*.svg"}, QDir::Files, QDir::Name);
     for (const QString &file : files) {
         const QString base = file.section('.', 0, -2);
-        if (base.endsWith("@2x"))
+        if (base.contains('@')) // the same picture for a dense screen
             continue;
         const QString state = stateOf(base);
         if (state.isEmpty())

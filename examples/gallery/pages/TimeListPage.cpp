@@ -46,6 +46,13 @@ CEditTimeEdit *focusedButton(const QVector<QTime> &times, bool onAdd)
     return list;
 }
 
+CEditTimeEdit *posedField(pose::State state)
+{
+    CEditTimeEdit *list = timeList({QTime(6, 30)}, 4);
+    pose::put(list->findChild<QTimeEdit *>(), state);
+    return list;
+}
+
 // The list has no signal of its own; its buttons tell, also those that come later.
 void listen(CEditTimeEdit *list, EventLog *log)
 {
@@ -92,6 +99,8 @@ void addStates(Page *page)
         "States", "One time cannot be removed. At the greatest count the add button is gone.");
     section->addColumns(2, {{"One time", pose::in(pose::Normal, timeList({QTime(6, 30)}, 4))},
                             {"Two", pose::in(pose::Normal, timeList(two, 4))},
+                            {"Focus in a field", posedField(pose::Focused)},
+                            {"A field under the mouse", posedField(pose::Hovered)},
                             {"Focus on a delete button", focusedButton(two, false)},
                             {"Focus on the add button", focusedButton(two, true)},
                             {"As many as there may be", pose::in(pose::Normal, timeList(two, 2))},

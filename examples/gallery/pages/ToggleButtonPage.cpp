@@ -80,7 +80,7 @@ SampleRow statesOf(const QString &caption, bool checked, const QString &text, bo
         CTriStateButton *sample = toggle(text, checked);
         if (ownColors) {
             QColor plain(103, 114, 128);
-            QColor deep(176, 84, 20);
+            QColor deep(160, 74, 14);
             QColor hover(120, 60, 16);
             sample->SetColor(plain, deep, hover);
             sample->setBgColor({Qt::white, QColor(253, 246, 240), QColor(252, 236, 222), Qt::white});

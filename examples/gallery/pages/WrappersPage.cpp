@@ -1,6 +1,7 @@
 #include "EventLog.h"
 #include "Page.h"
 #include "PageRegistry.h"
+#include "Pose.h"
 #include "Theme.h"
 
 #include "CBPQtGroupBox.h"
@@ -11,19 +12,26 @@
 #include "CBPTreeView.h"
 #include "CBPTreeWidget.h"
 
+#include <QComboBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QRadioButton>
+#include <QSpinBox>
 #include <QStandardItemModel>
 #include <QStatusBar>
+#include <QStyle>
+#include <QStyleFactory>
 #include <QVBoxLayout>
 
 namespace {
 
 constexpr int kRowHeight = 56; // of dividers and groups
 constexpr int kViewWidth = 420;
+constexpr int kPlainWidth = 104;
 
 void outline(QWidget *view, int height)
 {
@@ -101,7 +109,7 @@ QWidget *tableView()
     return view;
 }
 
-QWidget *treeView()
+CBPTreeView *treeView()
 {
     auto *view = new CBPTreeView(nullptr);
     view->setModel(model(view));
@@ -109,6 +117,14 @@ QWidget *treeView()
     view->setColumnWidth(0, 240);
     outline(view, 136);
     return view;
+}
+
+QWidget *focusedTree()
+{
+    auto *view = treeView();
+    view->setCurrentIndex(view->model()->index(0, 0));
+    view->ensurePolished(); // from then on its style follows the focus
+    return pose::in(pose::Focused, view);
 }
 
 QWidget *divided()
@@ -146,6 +162,72 @@ QWidget *group()
     return box;
 }
 
+template <class Widget> Widget *plain()
+{
+    auto *widget = new Widget;
+    widget->setFont(theme::font(theme::Normal, 14));
+    return widget;
+}
+
+QWidget *radio()
+{
+    auto *choice = plain<QRadioButton>();
+    choice->setText("Weekly");
+    choice->setChecked(true);
+    return choice;
+}
+
+QWidget *number()
+{
+    auto *field = plain<QSpinBox>();
+    field->setRange(0, 99);
+    field->setValue(99);
+    return field;
+}
+
+QWidget *choices()
+{
+    auto *field = plain<QComboBox>();
+    field->addItems({"Weekly", "Daily"});
+    return field;
+}
+
+QWidget *text()
+{
+    auto *field = plain<QLineEdit>();
+    field->setText("Letters");
+    field->setFixedWidth(kPlainWidth);
+    return field;
+}
+
+QWidget *button()
+{
+    auto *pushed = plain<QPushButton>();
+    pushed->setText("Save");
+    return pushed;
+}
+
+// With a style of its own, as it would be without the library's.
+QWidget *asQtMakesIt(QWidget *widget)
+{
+    QStyle *style = QStyleFactory::create("Fusion");
+    style->setParent(widget);
+    widget->setStyle(style);
+    return widget;
+}
+
+SampleRow plainRow(const QString &name, QWidget *(*make)())
+{
+    SampleRow row{name, {}};
+    for (const pose::State state : {pose::Normal, pose::Hovered, pose::Focused, pose::Disabled}) {
+        QWidget *sample = make();
+        sample->ensurePolished(); // from then on its style follows the focus
+        row.widgets << pose::in(state, sample);
+    }
+    row.widgets << pose::in(pose::Normal, asQtMakesIt(make()));
+    return row;
+}
+
 QWidget *mainWindow()
 {
     auto *window = new CBPQtMainWindow(nullptr, Qt::Widget);
@@ -181,11 +263,17 @@ Page *makePage()
     views->addSamples({{"CBPTableWidget: rows of 41 pixels, no grid", table(log)},
                        {"CBPTreeWidget: top-level items without a branch mark", tree(log)}});
     views->addWide(log);
-    page->addSection("Views", "As Qt makes them.")
-        ->addSamples({{"CBPQtTableView", tableView()}, {"CBPTreeView", treeView()}});
+    page->addSection("Views", "With the defaults that Qt gives them.")
+        ->addSamples({{"CBPQtTableView", tableView()}, {"CBPTreeView, the focus in a row", focusedTree()}});
     page->addSection("Dividers and groups", "CBPQtLine is one pixel wide and fades at its ends. "
                                             "CBPQtGroupBox shows neither frame nor title.")
         ->addSamples({{"CBPQtLine, twice", divided()}, {"CBPQtGroupBox", group()}});
+    page->addSection("Plain widgets",
+                     "CBPStyle::Install() gives an application's own widgets the library's look.")
+        ->addTable({"Normal", "Hovered", "Focused", "Disabled", "As Qt makes it"},
+                   {plainRow("QRadioButton", radio), plainRow("QSpinBox", number),
+                    plainRow("QComboBox", choices), plainRow("QLineEdit", text),
+                    plainRow("QPushButton", button)});
     page->addSection("Main window",
                      "CBPQtMainWindow takes menu bar, central widget and status bar as any main window.")
         ->addSamples({{"CBPQtMainWindow", mainWindow()}});

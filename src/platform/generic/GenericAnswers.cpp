@@ -3,11 +3,13 @@
 #include "platform/generic/LocaleTexts.h"
 #include "platform/generic/XServer.h"
 
+#include <QApplication>
 #include <QFile>
 #include <QGuiApplication>
 #include <QLocale>
 #include <QScreen>
 #include <QSettings>
+#include <QStyle>
 
 #include <sys/stat.h>
 #include <time.h>
@@ -109,6 +111,10 @@ Answers systemAnswers()
     };
     system.composited = [] {
         return QGuiApplication::platformName() != QLatin1String("xcb") || xComposited();
+    };
+    system.lessMotion = [] { // as the desktop tells its styles
+        return qobject_cast<QApplication *>(QCoreApplication::instance()) &&
+               QApplication::style()->styleHint(QStyle::SH_Widget_Animation_Duration) == 0;
     };
     system.localeInfo = [](unsigned long type, unsigned long) { return localeText(QLocale::system(), type); };
     system.interfaceLanguage = [] {

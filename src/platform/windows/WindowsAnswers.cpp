@@ -141,6 +141,10 @@ Answers systemAnswers()
         BOOL enabled = FALSE;
         return SUCCEEDED(DwmIsCompositionEnabled(&enabled)) && enabled;
     };
+    system.lessMotion = [] {
+        BOOL animated = TRUE;
+        return SystemParametersInfoW(SPI_GETCLIENTAREAANIMATION, 0, &animated, 0) && !animated;
+    };
     system.localeInfo = localeInfo;
     system.interfaceLanguage = [] {
         const QSettings settings(QStringLiteral("HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVEX\\Lumora"),

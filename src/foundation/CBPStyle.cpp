@@ -1,0 +1,260 @@
+#include "CBPStyle.h"
+
+#include "foundation/AppStyle.h"
+#include "foundation/StyleParts.h"
+#include "foundation/StyleWatch.h"
+
+#include <QAbstractItemView>
+#include <QAbstractScrollArea>
+#include <QApplication>
+#include <QFrame>
+#include <QPointer>
+#include <QStyleOption>
+
+namespace {
+
+CBPStyle *sharedStyle()
+{
+    static QPointer<CBPStyle> style;
+    if (!style) {
+        style = new CBPStyle;
+        style->setParent(QCoreApplication::instance()); // setStyle() does not take it over
+    }
+    return style;
+}
+
+bool isStyledPanel(const QStyleOption *option)
+{
+    const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(option);
+    return frame && frame->frameShape == QFrame::StyledPanel;
+}
+
+bool hasFrame(const QStyleOption *option)
+{
+    const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(option);
+    return frame && frame->lineWidth > 0;
+}
+
+} // namespace
+
+CBPStyle::CBPStyle() : QProxyStyle(lumqt::applicationStyleKey()), m_pWatch(new lumqt::StyleWatch(this)) {}
+
+CBPStyle::~CBPStyle() = default;
+
+void CBPStyle::Install()
+{
+    static QPointer<CBPStyle> installed;
+    if (installed || !qobject_cast<QApplication *>(QCoreApplication::instance()))
+        return;
+    const QString key = lumqt::applicationStyleKey();
+    installed = new CBPStyle;
+    installed->setObjectName(key); // so that proxies go on to find the kind of style
+    QApplication::setStyle(installed);
+}
+
+void CBPStyle::Apply(QWidget *widget)
+{
+    if (widget)
+        sharedStyle()->m_pWatch->dress(widget);
+}
+
+void CBPStyle::polish(QWidget *widget)
+{
+    QProxyStyle::polish(widget);
+    if (!lumqt::StyleWatch::wants(widget))
+        return;
+    m_pWatch->watch(widget);
+    lumqt::furnishList(widget);
+    // Not of a view itself: all of it would be painted anew when the mouse comes.
+    if (!qobject_cast<QAbstractScrollArea *>(widget))
+        widget->setAttribute(Qt::WA_Hover);
+}
+
+void CBPStyle::unpolish(QWidget *widget)
+{
+    QProxyStyle::unpolish(widget);
+}
+
+void CBPStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                             const QWidget *widget) const
+{
+    const lumqt::Canvas canvas{*painter, widget, *proxy(), *m_pWatch};
+    if (lumqt::drawFieldPrimitive(element, *option, canvas) ||
+        lumqt::drawIndicator(element, *option, canvas) ||
+        lumqt::drawViewPrimitive(element, *option, canvas) ||
+        lumqt::drawBarPrimitive(element, *option, canvas))
+        return;
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+}
+
+void CBPStyle::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                           const QWidget *widget) const
+{
+    const lumqt::Canvas canvas{*painter, widget, *proxy(), *m_pWatch};
+    if (lumqt::drawFieldControl(element, *option, canvas) ||
+        lumqt::drawViewControl(element, *option, canvas) || lumqt::drawBarControl(element, *option, canvas))
+        return;
+    const auto *item = qstyleoption_cast<const QStyleOptionViewItem *>(option);
+    if (element == CE_ItemViewItem && item && item->state & State_Selected) {
+        QStyleOptionViewItem recoloured(*item);
+        recoloured.palette = lumqt::selectionPalette(*item, *this);
+        QProxyStyle::drawControl(element, &recoloured, painter, widget);
+        return;
+    }
+    QProxyStyle::drawControl(element, option, painter, widget);
+}
+
+void CBPStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,
+                                  QPainter *painter, const QWidget *widget) const
+{
+    const lumqt::Canvas canvas{*painter, widget, *proxy(), *m_pWatch};
+    const auto *combo = qstyleoption_cast<const QStyleOptionComboBox *>(option);
+    const auto *spin = qstyleoption_cast<const QStyleOptionSpinBox *>(option);
+    const auto *slider = qstyleoption_cast<const QStyleOptionSlider *>(option);
+    if (control == CC_ComboBox && combo)
+        lumqt::drawComboBox(*combo, canvas);
+    else if (control == CC_SpinBox && spin)
+        lumqt::drawSpinBox(*spin, canvas);
+    else if (control == CC_ScrollBar && slider)
+        lumqt::drawScrollBar(*slider, canvas);
+    else
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+}
+
+QRect CBPStyle::subElementRect(SubElement element, const QStyleOption *option, const QWidget *widget) const
+{
+    switch (element) {
+    case SE_LineEditContents:
+        if (hasFrame(option)) {
+            const int beside = lumqt::kFieldInset - lumqt::kLineEditMargin;
+            return option->rect.adjusted(beside, lumqt::kFocusRingWidth, -beside, -lumqt::kFocusRingWidth);
+        }
+        break;
+    case SE_ShapedFrameContents:
+        if (isStyledPanel(option) && qobject_cast<const QAbstractScrollArea *>(widget)) {
+            constexpr int frame = lumqt::kViewFrame;
+            return option->rect.adjusted(frame, frame, -frame, -frame);
+        }
+        break;
+    case SE_ItemViewItemFocusRect:
+        return option->rect;
+    case SE_HeaderLabel: { // beside whose text the header counts with a margin of the style
+        const int beside = lumqt::kFieldInset - proxy()->pixelMetric(PM_HeaderMargin, option, widget);
+        return option->rect.adjusted(beside, 0, -beside, 0);
+    }
+    case SE_HeaderArrow: {
+        QRect arrow = option->rect.adjusted(0, 0, -lumqt::kFieldInset, 0);
+        arrow.setLeft(arrow.right() + 1 - lumqt::kTriangleWidth);
+        return visualRect(option->direction, option->rect, arrow);
+    }
+    default:
+        break;
+    }
+    return QProxyStyle::subElementRect(element, option, widget);
+}
+
+QRect CBPStyle::subControlRect(ComplexControl control, const QStyleOptionComplex *option, SubControl part,
+                               const QWidget *widget) const
+{
+    const auto *combo = qstyleoption_cast<const QStyleOptionComboBox *>(option);
+    if (control == CC_ComboBox && combo)
+        return lumqt::comboBoxPart(*combo, part);
+    const auto *spin = qstyleoption_cast<const QStyleOptionSpinBox *>(option);
+    if (control == CC_SpinBox && spin)
+        return lumqt::spinBoxPart(*spin, part, widget);
+    const auto *slider = qstyleoption_cast<const QStyleOptionSlider *>(option);
+    if (control == CC_ScrollBar && slider)
+        return lumqt::scrollBarPart(*slider, part);
+    return QProxyStyle::subControlRect(control, option, part, widget);
+}
+
+QSize CBPStyle::sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &size,
+                                 const QWidget *widget) const
+{
+    constexpr int inset = lumqt::kFieldInset;
+    const int text = option ? option->fontMetrics.height() + 2 * lumqt::kFieldPadding : 0;
+    const int height = qMax(lumqt::kFieldHeight, text);
+    switch (type) {
+    case CT_LineEdit:
+        if (hasFrame(option))
+            return QSize(size.width() + 2 * (inset - lumqt::kLineEditMargin), height);
+        break;
+    case CT_ComboBox:
+        if (const auto *combo = qstyleoption_cast<const QStyleOptionComboBox *>(option))
+            return QSize(size.width() + (combo->frame ? 2 * inset : 2) + lumqt::kDropWidth,
+                         combo->frame ? qMax(height, size.height() + 2 * lumqt::kFocusRingWidth)
+                                      : size.height());
+        break;
+    case CT_SpinBox:
+        if (const auto *spin = qstyleoption_cast<const QStyleOptionSpinBox *>(option)) {
+            const int steps = spin->buttonSymbols == QAbstractSpinBox::NoButtons ? 0 : lumqt::kStepWidth;
+            return QSize(size.width() + steps + (spin->frame ? 2 * (inset - lumqt::kLineEditMargin) : 0),
+                         spin->frame ? height : size.height());
+        }
+        break;
+    case CT_PushButton: {
+        const QSize wanted = QProxyStyle::sizeFromContents(type, option, size, widget);
+        return QSize(wanted.width(), qMax(wanted.height(), lumqt::kFieldHeight));
+    }
+    case CT_HeaderSection:
+        if (const auto *header = qstyleoption_cast<const QStyleOptionHeader *>(option))
+            return lumqt::headerSize(*header, *proxy(), widget);
+        break;
+    default:
+        break;
+    }
+    return QProxyStyle::sizeFromContents(type, option, size, widget);
+}
+
+int CBPStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const
+{
+    const bool inView = lumqt::hasRows(widget);
+    switch (metric) {
+    case PM_IndicatorWidth:
+    case PM_IndicatorHeight:
+    case PM_ExclusiveIndicatorWidth:
+    case PM_ExclusiveIndicatorHeight:
+        return lumqt::kIndicator + (inView ? 0 : 2 * lumqt::kIndicatorRoom);
+    case PM_CheckBoxLabelSpacing:
+    case PM_RadioButtonLabelSpacing:
+        return lumqt::kIndicatorRoom;
+    case PM_HeaderMarkSize:
+        return lumqt::kTriangleWidth + lumqt::kIconGap;
+    case PM_ScrollBarExtent:
+        return lumqt::kScrollBarWidth;
+    case PM_ComboBoxFrameWidth:
+    case PM_SpinBoxFrameWidth:
+        return lumqt::kFocusRingWidth;
+    case PM_FocusFrameHMargin: // of a row's text, which begins where that of a header does
+        return inView ? lumqt::rowMargin(option) : QProxyStyle::pixelMetric(metric, option, widget);
+    case PM_ButtonShiftHorizontal:
+    case PM_ButtonShiftVertical:
+    case PM_TabBarTabShiftHorizontal:
+    case PM_TabBarTabShiftVertical:
+        return 0;
+    default:
+        return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+}
+
+int CBPStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                        QStyleHintReturn *returnData) const
+{
+    if (hint == lumqt::kIsOurs)
+        return lumqt::kOurs;
+    switch (hint) {
+    case SH_ComboBox_Popup: // a list, not a menu over the field
+    case SH_ScrollBar_Transient:
+        return 0;
+    case SH_ComboBox_ListMouseTracking:
+        return 1;
+    case SH_ComboBox_PopupFrameStyle:
+        return int(QFrame::StyledPanel) | int(QFrame::Plain);
+    case SH_Table_GridLineColor:
+        return option ? int(lumqt::StyleColors(*option).rule.rgba()) : int(lumqt::kRule);
+    case SH_Header_ArrowAlignment:
+        return int(Qt::AlignRight | Qt::AlignVCenter);
+    default:
+        return QProxyStyle::styleHint(hint, option, widget, returnData);
+    }
+}

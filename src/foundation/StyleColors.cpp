@@ -1,0 +1,112 @@
+// The colours that CBPStyle paints in, and the strokes that its files share.
+
+#include "foundation/Fade.h"
+#include "foundation/Painting.h"
+#include "foundation/StyleParts.h"
+
+#include <QPaintDevice>
+#include <QPainter>
+#include <QStyleOption>
+
+namespace lumqt {
+
+namespace {
+
+constexpr int kDarkest = 128;         // lightness below which a ground counts as dark
+constexpr qreal kHoveredShare = 0.08; // of the text's colour in the ground's, on a dark palette
+constexpr qreal kPressedShare = 0.16;
+constexpr qreal kRuleShare = 0.3;
+
+QColor mix(const QColor &ground, const QColor &ink, qreal share)
+{
+    const auto part = [share](int from, int to) { return qRound(from + (to - from) * share); };
+    return QColor(part(ground.red(), ink.red()), part(ground.green(), ink.green()),
+                  part(ground.blue(), ink.blue()));
+}
+
+} // namespace
+
+StyleColors::StyleColors(const QStyleOption &option)
+    : ground(kFieldGround),
+      raised(kRaisedGround),
+      hovered(kHoveredGround),
+      pressed(kPressedGround),
+      frame(kFieldFrame),
+      rule(kRule),
+      ink(kFieldFrameHovered),
+      accent(kAccent),
+      onAccent(Qt::white)
+{
+    const bool enabled = option.state & QStyle::State_Enabled;
+    const QColor base = option.palette.color(QPalette::Active, QPalette::Base);
+    dark = base.lightness() < kDarkest;
+    const QPalette::ColorGroup group = enabled ? QPalette::Active : QPalette::Disabled;
+    if (dark) {
+        const QColor text = option.palette.color(group, QPalette::Text);
+        raised = option.palette.color(group, QPalette::Button);
+        hovered = mix(base, text, kHoveredShare);
+        pressed = mix(base, text, kPressedShare);
+        rule = mix(base, text, kRuleShare);
+        ink = text;
+    } else if (!enabled) {
+        ground = QColor(kFieldGroundDisabled);
+        frame = QColor(kFieldFrameDisabled);
+        ink = QColor(kFieldTextDisabled);
+        accent = QColor(kFieldFrameDisabled);
+    }
+    if (dark || option.palette.isBrushSet(group, QPalette::Base))
+        ground = option.palette.color(group, QPalette::Base);
+}
+
+void drawRing(const Canvas &canvas, const QRect &rect, bool shown, int radius)
+{
+    QColor color(kFocusRingColor);
+    color.setAlpha(shown ? 255 : 0);
+    Body ring;
+    ring.frame = fadedColor(canvas.widget, FadingRing, color);
+    ring.frameWidth = kFocusRingWidth;
+    ring.radiusX = ring.radiusY = radius;
+    if (ring.frame.alpha() > 0)
+        drawBody(canvas.painter, rect, ring);
+}
+
+void drawPanel(const Canvas &canvas, const QRect &rect, const QColor &ground, const QColor &frame)
+{
+    Body panel;
+    if (ground.isValid())
+        panel.fill = fadedColor(canvas.widget, FadingGround, ground);
+    panel.frame = fadedColor(canvas.widget, FadingFrame, frame);
+    drawBody(canvas.painter, rect, panel);
+}
+
+void drawRule(QPainter &painter, const QRect &rect, Qt::Edge edge, const QColor &color)
+{
+    const QPaintDevice *device = painter.device();
+    const qreal ratio = device ? device->devicePixelRatioF() : 1.0;
+    const qreal width = qMax(1, qRound(ratio)) / ratio;
+    QRectF line = wholeDevicePixels(painter, rect);
+    if (edge == Qt::BottomEdge)
+        line.setTop(line.bottom() - width);
+    else if (edge == Qt::TopEdge)
+        line.setBottom(line.top() + width);
+    else if (edge == Qt::LeftEdge)
+        line.setRight(line.left() + width);
+    else
+        line.setLeft(line.right() - width);
+    painter.fillRect(line, color);
+}
+
+void drawTriangle(const Canvas &canvas, const QRect &rect, Qt::ArrowType arrow, const QColor &color)
+{
+    canvas.painter.save();
+    canvas.painter.translate(QRectF(rect).center());
+    canvas.painter.rotate(arrow == Qt::UpArrow      ? 180
+                          : arrow == Qt::LeftArrow  ? 90
+                          : arrow == Qt::RightArrow ? -90
+                                                    : 0);
+    drawDropTriangle(canvas.painter, QPointF(-kTriangleWidth, -kTriangleHeight) / 2, kTriangleWidth,
+                     kTriangleHeight, color);
+    canvas.painter.restore();
+}
+
+} // namespace lumqt

@@ -1,0 +1,200 @@
+// Check boxes, radio buttons and plain buttons.
+
+#include "foundation/Fade.h"
+#include "foundation/Painting.h"
+#include "foundation/StyleParts.h"
+#include "foundation/StyleWatch.h"
+
+#include <QAbstractItemView>
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QPainter>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStyleOption>
+#include <QToolButton>
+
+namespace lumqt {
+
+namespace {
+
+constexpr qreal kMarkWidth = 2;
+constexpr QPointF kMark[] = {{3.5, 8}, {6.5, 11}, {12.5, 5}}; // within an indicator
+constexpr QRect kPartlyMark(4, 7, 8, 2);
+constexpr qreal kDotRadius = 3;
+const QColor kNone(0, 0, 0, 0);
+
+// What an indicator is filled and framed with.
+struct Look
+{
+    QColor fill;
+    QColor frame;
+};
+
+Look lookOf(const QStyleOption &option, bool on)
+{
+    const StyleColors colors(option);
+    const bool enabled = option.state & QStyle::State_Enabled;
+    const bool pressed = enabled && option.state & QStyle::State_Sunken;
+    const bool hovered = enabled && option.state & QStyle::State_MouseOver;
+    if (on) {
+        const QColor fill = !enabled  ? colors.accent
+                            : pressed ? QColor(kAccentPressed)
+                            : hovered ? QColor(kAccentHovered)
+                                      : colors.accent;
+        return {fill, fill};
+    }
+    const QColor frame = pressed || hovered ? colors.ink : colors.frame;
+    return {pressed ? colors.pressed : hovered ? colors.hovered : colors.ground, frame};
+}
+
+// The indicator in the middle of what the layout leaves it, and its ring around it where there is room.
+QRect placeOf(const QRect &rect)
+{
+    const int side = qMin(kIndicator, qMin(rect.width(), rect.height()));
+    QRect place(0, 0, side, side);
+    place.moveCenter(rect.center());
+    return place;
+}
+
+void drawRingAround(const Canvas &canvas, const QRect &place, int radius = int(kFocusRingRadius))
+{
+    const QRect ring = place.adjusted(-kIndicatorRoom, -kIndicatorRoom, kIndicatorRoom, kIndicatorRoom);
+    drawRing(canvas, ring, canvas.watch.showsFocus(canvas.widget), radius);
+}
+
+void beginMark(QPainter &painter, const QRect &place)
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(place.topLeft());
+    painter.scale(place.width() / qreal(kIndicator), place.height() / qreal(kIndicator));
+}
+
+void drawCheckBox(const QStyleOption &option, const Canvas &canvas, bool alone)
+{
+    const bool partly = option.state & QStyle::State_NoChange;
+    const bool on = partly || option.state & QStyle::State_On;
+    const QRect place = placeOf(option.rect);
+    const Look look = lookOf(option, on);
+    if (alone) {
+        drawPanel(canvas, place, look.fill, look.frame);
+    } else { // one of many in a view
+        Body body;
+        body.fill = look.fill;
+        body.frame = look.frame;
+        drawBody(canvas.painter, place, body);
+    }
+    if (on) {
+        const QColor mark = StyleColors(option).onAccent;
+        beginMark(canvas.painter, place);
+        if (partly) {
+            canvas.painter.fillRect(wholeDevicePixels(canvas.painter, kPartlyMark), mark);
+        } else {
+            canvas.painter.setPen(QPen(mark, kMarkWidth, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+            canvas.painter.drawPolyline(kMark, 3);
+        }
+        canvas.painter.restore();
+    }
+    if (alone)
+        drawRingAround(canvas, place);
+}
+
+void drawRadioButton(const QStyleOption &option, const Canvas &canvas)
+{
+    const bool on = option.state & QStyle::State_On;
+    const QRect place = placeOf(option.rect);
+    const Look look = lookOf(option, on);
+    Body disc;
+    disc.fill = fadedColor(canvas.widget, FadingGround, look.fill);
+    disc.frame = fadedColor(canvas.widget, FadingFrame, look.frame);
+    disc.radiusX = disc.radiusY = place.width() / 2.0;
+    drawBody(canvas.painter, place, disc);
+    if (on) {
+        beginMark(canvas.painter, place);
+        canvas.painter.setPen(Qt::NoPen);
+        canvas.painter.setBrush(StyleColors(option).onAccent);
+        canvas.painter.drawEllipse(QPointF(kIndicator, kIndicator) / 2, kDotRadius, kDotRadius);
+        canvas.painter.restore();
+    }
+    drawRingAround(canvas, place, kIndicator / 2 + kIndicatorRoom);
+}
+
+void drawButton(const QStyleOption &option, const Canvas &canvas, bool flat)
+{
+    const StyleColors colors(option);
+    const bool enabled = option.state & QStyle::State_Enabled;
+    const bool down = option.state & (QStyle::State_Sunken | QStyle::State_On);
+    const bool hovered = enabled && option.state & QStyle::State_MouseOver;
+    QColor ground = down ? colors.pressed : hovered ? colors.hovered : flat ? kNone : colors.ground;
+    if (!down && !hovered && option.palette.isBrushSet(QPalette::Active, QPalette::Button))
+        ground = option.palette.color(QPalette::Button);
+    const auto *button = qstyleoption_cast<const QStyleOptionButton *>(&option);
+    const bool isDefault = button && button->features & QStyleOptionButton::DefaultButton;
+    const QColor frame = flat ? kNone : hovered ? colors.ink : isDefault ? colors.accent : colors.frame;
+    Body body;
+    body.fill = ground;
+    body.frame = frame;
+    drawBody(canvas.painter, option.rect, body);
+    drawRing(canvas, option.rect, canvas.watch.showsFocus(canvas.widget));
+}
+
+// Whose ring is painted with something else.
+bool drawsOwnRing(const QWidget *widget)
+{
+    const auto *group = qobject_cast<const QGroupBox *>(widget);
+    return qobject_cast<const QCheckBox *>(widget) || qobject_cast<const QRadioButton *>(widget) ||
+           qobject_cast<const QPushButton *>(widget) || qobject_cast<const QToolButton *>(widget) ||
+           (group && group->isCheckable());
+}
+
+void drawFocus(const QStyleOption &option, const Canvas &canvas)
+{
+    const auto *view = qobject_cast<const QAbstractItemView *>(canvas.widget);
+    const bool shown = canvas.watch.knows(canvas.widget) ? canvas.watch.showsFocus(canvas.widget)
+                                                         : option.state & QStyle::State_KeyboardFocusChange;
+    if (view && shown)
+        drawRowRing(canvas, option);
+    else if (!drawsOwnRing(canvas.widget) && shown)
+        drawFocusRing(canvas.painter, option.rect);
+}
+
+} // namespace
+
+bool drawIndicator(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &canvas)
+{
+    switch (element) {
+    case QStyle::PE_IndicatorCheckBox:
+        drawCheckBox(option, canvas, true);
+        return true;
+    case QStyle::PE_IndicatorItemViewItemCheck:
+        drawCheckBox(option, canvas, false);
+        return true;
+    case QStyle::PE_IndicatorRadioButton:
+        drawRadioButton(option, canvas);
+        return true;
+    case QStyle::PE_PanelButtonCommand: {
+        const auto *button = qstyleoption_cast<const QStyleOptionButton *>(&option);
+        drawButton(option, canvas, button && button->features & QStyleOptionButton::Flat);
+        return true;
+    }
+    case QStyle::PE_PanelButtonTool:
+        drawButton(option, canvas, option.state & QStyle::State_AutoRaise);
+        return true;
+    case QStyle::PE_FrameDefaultButton: // shown by the button's own frame
+        return true;
+    case QStyle::PE_FrameFocusRect:
+        drawFocus(option, canvas);
+        return true;
+    case QStyle::PE_IndicatorArrowDown:
+        drawTriangle(canvas, option.rect, Qt::DownArrow, StyleColors(option).ink);
+        return true;
+    case QStyle::PE_IndicatorArrowUp:
+        drawTriangle(canvas, option.rect, Qt::UpArrow, StyleColors(option).ink);
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace lumqt

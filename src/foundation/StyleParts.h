@@ -1,0 +1,109 @@
+#pragma once
+
+#include "foundation/Look.h"
+#include "foundation/Painting.h"
+
+#include <QColor>
+#include <QStyle>
+
+class QPainter;
+class QPalette;
+class QStyleOption;
+class QStyleOptionComboBox;
+class QStyleOptionHeader;
+class QStyleOptionSlider;
+class QStyleOptionSpinBox;
+class QStyleOptionViewItem;
+class QWidget;
+
+// What CBPStyle paints and measures itself, a file to a family of widgets: StyleFields.cpp,
+// StyleIndicators.cpp, StyleViews.cpp, StyleScroll.cpp, StyleBars.cpp. A function that answers false leaves
+// the element to the style below.
+namespace lumqt {
+
+class StyleWatch;
+
+// Sizes in logical pixels.
+constexpr int kIndicator = 16;    // of check boxes and radio buttons
+constexpr int kIconGap = 6;       // between a picture or a mark and a text
+constexpr int kIndicatorRoom = 3; // around it, for the focus ring and a pixel of air
+constexpr int kViewFrame = 2;     // of views and texts that scroll: room for the focus ring
+constexpr int kScrollBarWidth = 12;
+constexpr int kDropWidth = 24; // of what opens a list
+constexpr int kStepWidth = 20; // of the buttons of a spin box
+constexpr int kTriangleWidth = 8;
+constexpr int kTriangleHeight = 4;
+constexpr int kFieldPadding = 5;   // above and below the text of a field that is higher for it
+constexpr int kLineEditMargin = 2; // QLineEdit keeps it beside its text by itself
+
+// The parts of a widget whose colours fade, for fadedColor().
+enum FadingPart { FadingFrame, FadingGround, FadingRing, FadingUp, FadingDown, FadingSlider, FadingSections };
+
+struct Canvas
+{
+    QPainter &painter;
+    const QWidget *widget; // may be null
+    const QStyle &style;   // as the widget has it, with what is around this one
+    const StyleWatch &watch;
+};
+
+// The colours for an option: the library's, unless a palette says otherwise.
+struct StyleColors
+{
+    explicit StyleColors(const QStyleOption &option);
+
+    QColor ground; // of a field
+    QColor raised; // of what stands out of a ground: headers, tracks
+    QColor hovered;
+    QColor pressed;
+    QColor frame; // for the state of the option
+    QColor rule;
+    QColor ink; // of marks and triangles, for the state of the option
+    QColor accent;
+    QColor onAccent;
+    bool dark = false;
+};
+
+// The ring of the focus at the edge of `rect`, fading; on a ground that it would not be seen on it is white.
+void drawRing(const Canvas &canvas, const QRect &rect, bool shown, int radius = int(kFocusRingRadius));
+// A flat ground with a frame of one pixel, both fading.
+void drawPanel(const Canvas &canvas, const QRect &rect, const QColor &ground, const QColor &frame);
+// Pointing down or, otherwise, up, left or right, its box in the middle of `rect`.
+void drawTriangle(const Canvas &canvas, const QRect &rect, Qt::ArrowType arrow, const QColor &color);
+
+// One device-independent line along an edge of `rect`, as wide everywhere.
+void drawRule(QPainter &painter, const QRect &rect, Qt::Edge edge, const QColor &color);
+// The ring within a row, in a colour that is seen on it.
+void drawRowRing(const Canvas &canvas, const QStyleOption &option);
+
+bool drawFieldPrimitive(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &canvas);
+bool drawFieldControl(QStyle::ControlElement element, const QStyleOption &option, const Canvas &canvas);
+bool drawIndicator(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &canvas);
+bool drawViewPrimitive(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &canvas);
+bool drawViewControl(QStyle::ControlElement element, const QStyleOption &option, const Canvas &canvas);
+bool drawBarControl(QStyle::ControlElement element, const QStyleOption &option, const Canvas &canvas);
+bool drawBarPrimitive(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &canvas);
+void drawComboBox(const QStyleOptionComboBox &option, const Canvas &canvas);
+void drawSpinBox(const QStyleOptionSpinBox &option, const Canvas &canvas);
+void drawScrollBar(const QStyleOptionSlider &option, const Canvas &canvas);
+
+QRect comboBoxPart(const QStyleOptionComboBox &option, QStyle::SubControl part);
+QRect spinBoxPart(const QStyleOptionSpinBox &option, QStyle::SubControl part, const QWidget *widget);
+QRect scrollBarPart(const QStyleOptionSlider &option, QStyle::SubControl part);
+
+QSize headerSize(const QStyleOptionHeader &option, const QStyle &style, const QWidget *widget);
+// Whether a widget shows rows or cells of text; a calendar has days.
+bool hasRows(const QWidget *widget);
+// The room beside a row's text, as PM_FocusFrameHMargin counts it.
+int rowMargin(const QStyleOption *option);
+
+// What drops down from a combo box.
+bool isComboPopUp(const QWidget *widget);
+// Gives the list of a combo box rows as high as fields, unless the application made them its own.
+void furnishList(QWidget *list);
+
+// The palette for an item: what is selected in the colours that every application has is shown in the
+// library's.
+QPalette selectionPalette(const QStyleOption &option, const QStyle &style);
+
+} // namespace lumqt

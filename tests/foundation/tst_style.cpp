@@ -1,0 +1,201 @@
+#include "CBPCheckBox.h"
+#include "CBPComboBox.h"
+#include "CBPStyle.h"
+#include "CBPTreeWidget.h"
+#include "foundation/Fade.h"
+#include "foundation/Look.h"
+#include "Pixels.h"
+#include "Rows.h"
+#include "TestMain.h"
+
+#include <QAbstractItemView>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QPainter>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QSpinBox>
+#include <QStyleFactory>
+#include <QTextEdit>
+#include <QToolButton>
+
+#include <memory>
+
+namespace {
+
+using Maker = QWidget *(*)();
+
+template <class Widget> QWidget *make()
+{
+    return new Widget;
+}
+
+void send(QWidget &widget, QEvent::Type type)
+{
+    QEvent event(type);
+    QCoreApplication::sendEvent(&widget, &event);
+}
+
+void focus(QWidget &widget, QEvent::Type type, Qt::FocusReason reason)
+{
+    QFocusEvent event(type, reason);
+    QCoreApplication::sendEvent(&widget, &event);
+}
+
+template <class... Widgets> bool allOurs(const Widgets *...widgets)
+{
+    return (qobject_cast<CBPStyle *>(widgets->style()) && ...);
+}
+
+bool hasRing(QWidget &widget)
+{
+    return !boxOf(pictureOf(widget, 1), QColor(lumqt::kFocusRingColor)).isEmpty();
+}
+
+// All round, in lines of whole pixels, with no half of one further in.
+bool isFramed(const QImage &image, int line)
+{
+    QImage framed = image;
+    framed.setDevicePixelRatio(1);
+    QPainter painter(&framed);
+    painter.setPen(QPen(QColor(lumqt::kFieldFrame), line, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    const qreal half = line / 2.0;
+    painter.drawRect(QRectF(framed.rect()).adjusted(half, half, -half, -half));
+    painter.end();
+    return image == framed && qGray(image.pixel(line, line)) > 240;
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Maker)
+
+// The look of Qt's own widgets, and whose it is.
+class TestStyle : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void states_data()
+    {
+        columns<Maker, bool, bool>("make", "framed", "typedInto");
+        row("check box", Maker(make<CBPCheckBox>), false, false);
+        row("radio button", Maker(make<QRadioButton>), false, false);
+        row("combo box", Maker(make<CBPComboBox>), true, false);
+        row("spin box", Maker(make<QSpinBox>), true, true);
+        row("line edit", Maker(make<QLineEdit>), true, true);
+        row("text", Maker(make<QTextEdit>), true, true);
+        row("tree", Maker(make<CBPTreeWidget>), true, false);
+        row("push button", Maker(make<QPushButton>), true, false);
+        row("tool button", Maker(make<QToolButton>), true, false);
+    }
+
+    void states()
+    {
+        QFETCH(Maker, make);
+        QFETCH(bool, framed);
+        QFETCH(bool, typedInto);
+        const std::unique_ptr<QWidget> widget(make());
+        CBPStyle::Apply(widget.get());
+        widget->resize(101, 61); // odd: edges lie between device pixels
+        const QImage rest = pictureOf(*widget, 1);
+        QVERIFY(!hasRing(*widget));
+        send(*widget, QEvent::Enter);
+        QVERIFY(pictureOf(*widget, 1) != rest);
+        send(*widget, QEvent::Leave);
+        QCOMPARE(pictureOf(*widget, 1), rest);
+        focus(*widget, QEvent::FocusIn, Qt::MouseFocusReason);
+        QCOMPARE(hasRing(*widget), typedInto);
+        focus(*widget, QEvent::FocusOut, Qt::MouseFocusReason);
+        focus(*widget, QEvent::FocusIn, Qt::TabFocusReason);
+        QVERIFY(hasRing(*widget));
+        focus(*widget, QEvent::FocusOut, Qt::TabFocusReason);
+        for (const qreal ratio : {1.0, 1.25, 1.5, 1.75, 2.0})
+            QVERIFY(!framed || isFramed(pictureOf(*widget, ratio), qRound(ratio)));
+        widget->setEnabled(false);
+        QVERIFY(pictureOf(*widget, 1) != rest);
+    }
+
+    void parts()
+    {
+        CBPTreeWidget tree;
+        QVERIFY(allOurs(&tree, tree.header(), tree.verticalScrollBar()));
+        const std::unique_ptr<QStyle> own(QStyleFactory::create("Windows"));
+        auto *bar = new QScrollBar;
+        bar->setStyle(own.get());
+        tree.setVerticalScrollBar(bar);
+        tree.setHorizontalScrollBar(new QScrollBar);
+        tree.setHeader(new QHeaderView(Qt::Horizontal));
+        auto *content = new QPushButton(tree.viewport());
+        tree.show();
+        QVERIFY(allOurs(tree.header(), tree.horizontalScrollBar()));
+        QCOMPARE(bar->style(), own.get());
+        QVERIFY(!allOurs(content));
+        CBPComboBox combo;
+        combo.addItem("One");
+        combo.view()->ensurePolished();
+        combo.show();
+        QCOMPARE(combo.view()->sizeHintForRow(0), lumqt::kFieldHeight);
+        qApp->setStyleSheet("QPushButton { color: red }"); // Qt wraps every style
+        tree.grab();
+        QCOMPARE(tree.frameWidth(), 2);
+        qApp->setStyleSheet(QString());
+        QVERIFY(allOurs(&tree, tree.header()));
+        tree.setStyle(nullptr);
+        QVERIFY(!allOurs(&tree) && !allOurs(tree.header()) && !allOurs(tree.horizontalScrollBar()));
+    }
+
+    void motion()
+    {
+        auto &lessMotion = lumqt::platform::answers().lessMotion;
+        const auto restore = qScopeGuard([&, before = lessMotion] { lessMotion = before; });
+        auto box = std::make_unique<CBPCheckBox>();
+        box->setFocusPolicy(Qt::NoFocus); // which the window would bring
+        box->show();
+        const QImage rest = pictureOf(*box, 1);
+        const auto hover = [&](bool over) {
+            send(*box, over ? QEvent::Enter : QEvent::Leave);
+            return pictureOf(*box, 1);
+        };
+        const QImage hovered = hover(true);
+        QCOMPARE(lumqt::runningFades(), 0);
+        QCOMPARE(hover(false), rest);
+        lessMotion = [] { return false; };
+        QVERIFY(hover(true) != hovered);
+        QVERIFY(lumqt::runningFades() > 0);
+        QTRY_COMPARE(lumqt::runningFades(), 0);
+        QCOMPARE(pictureOf(*box, 1), hovered);
+        hover(false);
+        box.reset();
+        QCOMPARE(lumqt::runningFades(), 0);
+    }
+
+    void installs()
+    {
+        const QString kind = QApplication::style()->objectName();
+        CBPStyle::Install();
+        const QStyle *style = QApplication::style();
+        QVERIFY(qobject_cast<const CBPStyle *>(style));
+        QCOMPARE(style->objectName(), kind);
+        CBPStyle::Install();
+        QCOMPARE(QApplication::style(), style);
+        QVERIFY(allOurs(std::make_unique<QSpinBox>().get()));
+    }
+};
+
+// Before there is an application nothing happens, and a widget may be left when it has gone.
+int main(int argc, char *argv[])
+{
+    CBPStyle::Install();
+    CBPStyle::Apply(nullptr);
+    std::unique_ptr<QWidget> left;
+    {
+        QApplication application(argc, argv);
+        left = std::make_unique<CBPCheckBox>();
+        left->grab();
+    }
+    left.reset();
+    return runTest<TestStyle>(argc, argv);
+}
+
+#include "tst_style.moc"
