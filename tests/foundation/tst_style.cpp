@@ -144,6 +144,7 @@ private slots:
         const auto restore = qScopeGuard([&, before = lessMotion] { lessMotion = before; });
         auto box = std::make_unique<CBPCheckBox>();
         box->setFocusPolicy(Qt::NoFocus); // which the window would bring
+        box->resize(120, 40);             // which every window may have
         box->show();
         const QImage rest = pictureOf(*box, 1);
         const auto hover = [&](bool over) {
