@@ -29,8 +29,6 @@ const QColor kAccentDisabled(165, 198, 229);
 const QColor kAccentTint(232, 241, 250); // grounds of what is marked
 const QColor kAccentOnInk(90, 169, 240); // the same hue on the side bar: 5.7:1
 const QColor kRing(47, 134, 216);        // of the keyboard focus
-const QColor kAccentDeep = kAccent;
-const QColor kAccentBlue = kAccent;
 const QColor kSideText(199, 208, 221);    // entries of the side bar: 9:1
 const QColor kSideHeading(137, 151, 172); // its group headings: 4.8:1
 

@@ -118,7 +118,7 @@ bool inheritsOneOf(const QObject *object, std::initializer_list<const char *> na
 // What is shown beside the library's look, for comparison.
 bool isPlain(const QWidget *widget)
 {
-    return widget && widget->style()->inherits("QFusionStyle");
+    return widget && (widget->style()->inherits("QFusionStyle") || isPlain(widget->parentWidget()));
 }
 
 // Whether it is known by its outline; that of a part is drawn by the whole, or is a picture of the

@@ -79,7 +79,7 @@ QWidget *reader(const QString &name, const QString &start, bool (*read)(_BPDateT
 void addLiveSamples(Page *page)
 {
     Section *section = page->addSection(
-        "Try it", "Three numbers in the order of the settings; whatever is no digit separates them. AM or PM "
+        "Try it", "Three numbers in the order of the settings, separated by anything but digits. AM or PM "
                   "makes a time one of 12 hours.");
     std::string date;
     IBPDateTime::TransSystemDateToString({2024, 3, 7, 0, 0, 0, 0}, date);
