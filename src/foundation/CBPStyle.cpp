@@ -79,10 +79,10 @@ void CBPStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *optio
                              const QWidget *widget) const
 {
     const lumqt::Canvas canvas{*painter, widget, *proxy(), *m_pWatch};
-    if (lumqt::drawFieldPrimitive(element, *option, canvas) ||
-        lumqt::drawIndicator(element, *option, canvas) ||
-        lumqt::drawViewPrimitive(element, *option, canvas) ||
-        lumqt::drawBarPrimitive(element, *option, canvas))
+    if (option && (lumqt::drawFieldPrimitive(element, *option, canvas) ||
+                   lumqt::drawIndicator(element, *option, canvas) ||
+                   lumqt::drawViewPrimitive(element, *option, canvas) ||
+                   lumqt::drawBarPrimitive(element, *option, canvas)))
         return;
     QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
@@ -91,14 +91,15 @@ void CBPStyle::drawControl(ControlElement element, const QStyleOption *option, Q
                            const QWidget *widget) const
 {
     const lumqt::Canvas canvas{*painter, widget, *proxy(), *m_pWatch};
-    if (lumqt::drawFieldControl(element, *option, canvas) ||
-        lumqt::drawViewControl(element, *option, canvas) || lumqt::drawBarControl(element, *option, canvas))
+    if (option &&
+        (lumqt::drawButtonControl(element, *option, canvas) ||
+         lumqt::drawFieldControl(element, *option, canvas) ||
+         lumqt::drawViewControl(element, *option, canvas) || lumqt::drawBarControl(element, *option, canvas)))
         return;
     const auto *item = qstyleoption_cast<const QStyleOptionViewItem *>(option);
     if (element == CE_ItemViewItem && item && item->state & State_Selected) {
-        QStyleOptionViewItem recoloured(*item);
-        recoloured.palette = lumqt::selectionPalette(*item, *this);
-        QProxyStyle::drawControl(element, &recoloured, painter, widget);
+        const QStyleOptionViewItem selected = lumqt::selectedItem(*item, *this);
+        QProxyStyle::drawControl(element, &selected, painter, widget);
         return;
     }
     QProxyStyle::drawControl(element, option, painter, widget);
@@ -111,10 +112,13 @@ void CBPStyle::drawComplexControl(ComplexControl control, const QStyleOptionComp
     const auto *combo = qstyleoption_cast<const QStyleOptionComboBox *>(option);
     const auto *spin = qstyleoption_cast<const QStyleOptionSpinBox *>(option);
     const auto *slider = qstyleoption_cast<const QStyleOptionSlider *>(option);
+    const auto *tool = qstyleoption_cast<const QStyleOptionToolButton *>(option);
     if (control == CC_ComboBox && combo)
         lumqt::drawComboBox(*combo, canvas);
     else if (control == CC_SpinBox && spin)
         lumqt::drawSpinBox(*spin, canvas);
+    else if (control == CC_ToolButton && tool)
+        lumqt::drawToolButton(*tool, canvas);
     else if (control == CC_ScrollBar && slider)
         lumqt::drawScrollBar(*slider, canvas);
     else
@@ -123,6 +127,8 @@ void CBPStyle::drawComplexControl(ComplexControl control, const QStyleOptionComp
 
 QRect CBPStyle::subElementRect(SubElement element, const QStyleOption *option, const QWidget *widget) const
 {
+    if (!option)
+        return QProxyStyle::subElementRect(element, option, widget);
     switch (element) {
     case SE_LineEditContents:
         if (hasFrame(option)) {

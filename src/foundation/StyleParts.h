@@ -13,6 +13,7 @@ class QStyleOptionComboBox;
 class QStyleOptionHeader;
 class QStyleOptionSlider;
 class QStyleOptionSpinBox;
+class QStyleOptionToolButton;
 class QStyleOptionViewItem;
 class QWidget;
 
@@ -83,6 +84,8 @@ bool drawViewPrimitive(QStyle::PrimitiveElement element, const QStyleOption &opt
 bool drawViewControl(QStyle::ControlElement element, const QStyleOption &option, const Canvas &canvas);
 bool drawBarControl(QStyle::ControlElement element, const QStyleOption &option, const Canvas &canvas);
 bool drawBarPrimitive(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &canvas);
+bool drawButtonControl(QStyle::ControlElement element, const QStyleOption &option, const Canvas &canvas);
+void drawToolButton(const QStyleOptionToolButton &option, const Canvas &canvas);
 void drawComboBox(const QStyleOptionComboBox &option, const Canvas &canvas);
 void drawSpinBox(const QStyleOptionSpinBox &option, const Canvas &canvas);
 void drawScrollBar(const QStyleOptionSlider &option, const Canvas &canvas);
@@ -105,5 +108,7 @@ void furnishList(QWidget *list);
 // The palette for an item: what is selected in the colours that every application has is shown in the
 // library's.
 QPalette selectionPalette(const QStyleOption &option, const QStyle &style);
+// The same for the style below.
+QStyleOptionViewItem selectedItem(const QStyleOptionViewItem &option, const QStyle &style);
 
 } // namespace lumqt

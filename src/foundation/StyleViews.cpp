@@ -19,6 +19,8 @@ namespace lumqt {
 namespace {
 
 constexpr qreal kLeastRingContrast = 3;
+// Windows' own style has items selected in a ground so much darker than the view's.
+constexpr int kNativeDarkness = 108;
 constexpr int kSeparatorHeight = 5;
 constexpr int kMarginBesidePictures = 2; // which is kept on each side of a picture and of the text
 
@@ -323,9 +325,10 @@ int rowMargin(const QStyleOption *option)
 QPalette selectionPalette(const QStyleOption &option, const QStyle &style)
 {
     QPalette palette = option.palette;
-    if (!(option.state & QStyle::State_Selected) ||
-        palette.color(QPalette::Active, QPalette::Highlight) !=
-            style.standardPalette().color(QPalette::Active, QPalette::Highlight))
+    const QColor highlight = palette.color(QPalette::Active, QPalette::Highlight);
+    const bool plain = highlight == style.standardPalette().color(QPalette::Active, QPalette::Highlight) ||
+                       highlight == palette.base().color().darker(kNativeDarkness);
+    if (!(option.state & QStyle::State_Selected) || !plain)
         return palette;
     const StyleColors colors(option);
     palette.setColor(QPalette::Highlight, QColor(kAccent));
@@ -337,6 +340,16 @@ QPalette selectionPalette(const QStyleOption &option, const QStyle &style)
     palette.setColor(QPalette::Disabled, QPalette::HighlightedText,
                      palette.color(QPalette::Disabled, QPalette::Text));
     return palette;
+}
+
+QStyleOptionViewItem selectedItem(const QStyleOptionViewItem &option, const QStyle &style)
+{
+    QStyleOptionViewItem item(option);
+    item.palette = selectionPalette(option, style);
+    // Windows' own style takes the colour of what is not selected.
+    item.palette.setColor(QPalette::Active, QPalette::Text,
+                          item.palette.color(groupOf(option), QPalette::HighlightedText));
+    return item;
 }
 
 } // namespace lumqt
