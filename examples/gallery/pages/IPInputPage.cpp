@@ -31,10 +31,15 @@ CBPIPInputWidget *partly(const QStringList &octets)
 CBPIPInputWidget *focused()
 {
     CBPIPInputWidget *result = field("192.168.0.1");
-    CBPIPAddrEdit *octet = result->findChildren<CBPIPAddrEdit *>().value(1);
-    pose::put(octet, pose::Focused);
+    const auto octets = result->findChildren<CBPIPAddrEdit *>();
+    for (CBPIPAddrEdit *octet : octets)
+        pose::put(octet, octet == octets.value(1) ? pose::Focused : pose::Normal);
     // An edit drops its selection when its window opens without giving it the focus.
-    QTimer::singleShot(0, octet, &QLineEdit::selectAll);
+    QObject::connect(octets.value(1), &QLineEdit::selectionChanged, octets.value(1),
+                     [octet = octets.value(1)] {
+                         if (!octet->hasSelectedText())
+                             QTimer::singleShot(0, octet, &QLineEdit::selectAll);
+                     });
     return result;
 }
 
