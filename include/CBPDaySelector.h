@@ -25,7 +25,8 @@ class LUMQT_EXPORT CBPDaySelector : public QWidget
 public:
     /// A selector of \a names, then \a strExtraItem, then \a strSelectAll; an empty text for either means
     /// there is none. The texts are copied. Without any the selector is empty. Names may repeat; one that
-    /// equals \a strSelectAll becomes a button that selects all. \since 1.0
+    /// equals \a strSelectAll becomes a button that selects all. Of a button without a name there is nothing
+    /// to see until it is clicked, and it takes no focus. \since 1.0
     CBPDaySelector(QStringList &names, QString &strExtraItem, QString &strSelectAll,
                    QWidget *parent = nullptr);
     ~CBPDaySelector() override;

@@ -33,6 +33,9 @@ class MenuTexts;
 /// It may be deleted while it is open. Slots of triggered() and hovered() use deleteLater() for it: QMenu is
 /// still at work then.
 ///
+/// A style sheet of the application changes neither the size of its items nor the room around them: where it
+/// would, the menu adds a rule to its own style sheet.
+///
 /// Setters take effect at the next repaint; those that concern sizes at the next AddAction(), AddMenu() or
 /// ResetMenuWidth(). All sizes are logical pixels, all lists and images are copied. GUI thread only.
 /// \since 1.0

@@ -21,8 +21,9 @@ class LUMQT_EXPORT CBPWeekSelector : public QWidget
     Q_OBJECT
 
 public:
-    /// A selector with one button per name, unchecked; the names are copied and may repeat. Without any the
-    /// selector is empty. \since 1.0
+    /// A selector with one button per name, unchecked; the names are copied and may repeat. Of a button
+    /// without a name there is nothing to see until it is clicked, and it takes no focus. Without any names
+    /// the selector is empty. \since 1.0
     explicit CBPWeekSelector(QStringList &names, QWidget *parent = nullptr);
     ~CBPWeekSelector() override;
 

@@ -16,6 +16,8 @@ class QHBoxLayout;
 /// A short list of times of day, such as the daily runs of a job: fields in a row, each with a button that
 /// removes it, and one that adds another at the end.
 ///
+/// From right to left the row is mirrored; a time still reads hours first, from left to right.
+///
 /// The last field cannot be removed. All fields and buttons are reached by Tab and pressed with Space; the
 /// focus stays in the list when a field is removed. What hears of an item's removal may delete the
 /// item, or the list. GUI thread only. \since 1.0

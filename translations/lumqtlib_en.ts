@@ -23,6 +23,10 @@
         <source>Next month</source>
         <translation>Next month</translation>
     </message>
+    <message>
+        <source>Year</source>
+        <translation>Year</translation>
+    </message>
 </context>
 <context>
     <name>CAddBtn</name>

@@ -2,18 +2,21 @@
 
 #include "CBPBox.h"
 #include "CBPImageButton.h"
+#include "CBPStyle.h"
 #include "CBPTipWnd.h"
 #include "datetime/CalendarPane.h"
 #include "datetime/FrameAbove.h"
 #include "datetime/SecondClick.h"
 #include "foundation/Accessible.h"
 #include "foundation/Look.h"
+#include "foundation/StyleParts.h"
 #include "Util.h"
 
 #include <QDateEdit>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QStyleOption>
 
 namespace {
 
@@ -113,6 +116,7 @@ void CBPDateSelector::Layout(QWidget *parent)
     m_pDateEdit->setDateRange(firstDate(), lastDate());
     m_pDateEdit->setAccessibleName(tr("Date"));
     m_pDateEdit->findChild<QLineEdit *>()->setAccessibleName(tr("Date"));
+    CBPStyle::Apply(m_pDateEdit);
     m_pDateEdit->installEventFilter(this);
     connect(m_pDateEdit, SIGNAL(editingFinished()), this, SLOT(onDateEditFinish()));
     m_pBox->PackStart(m_pDateEdit, false, false, 0);
@@ -298,7 +302,8 @@ void CBPDateSelector::updateLook()
     const QMargins mirrored(kMargins.right(), kMargins.top(), kMargins.left(), kMargins.bottom());
     m_pBox->setContentsMargins(isRightToLeft() ? mirrored : kMargins);
     static_cast<DateField *>(m_pDateEdit.data())->setSide(layoutDirection());
-    const QPalette::ColorGroup group = isEnabled() ? QPalette::Active : QPalette::Disabled;
-    m_pBox->SetBgClr(m_pDateEdit->palette().color(group, QPalette::Base));
+    QStyleOption option;
+    option.initFrom(m_pDateEdit);
+    m_pBox->SetBgClr(lumqt::StyleColors(option).ground);
     m_pFrame->setColor(isEnabled() && underMouse() ? QColor(lumqt::kFieldFrameHovered) : kFrame);
 }

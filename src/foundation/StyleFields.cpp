@@ -257,7 +257,8 @@ void drawSpinBox(const QStyleOptionSpinBox &option, const Canvas &canvas)
     }
     if (option.frame) // above the buttons, which reach under it at fractions of a pixel
         drawPanel(canvas, option.rect, QColor(), frameOf(option, colors));
-    drawRing(canvas, option.rect, enabled && canvas.watch.hasFocus(canvas.widget));
+    // A field without a frame lies in something that has one, and the ring.
+    drawRing(canvas, option.rect, option.frame && enabled && canvas.watch.hasFocus(canvas.widget));
 }
 
 } // namespace lumqt

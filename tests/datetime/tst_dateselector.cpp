@@ -307,11 +307,7 @@ private slots:
             QCOMPARE(selector.sizeHint().height(), lumqt::kFieldHeight);
             const QImage picture = selector.grab().toImage();
             QCOMPARE(boxOf(picture, kFrame), picture.rect());
-            const bool turned = direction == Qt::RightToLeft;
-            QCOMPARE(selector.findChild<CBPImageButton *>()->x() < edit->x(), turned);
-            const int text =
-                inkOf(picture.copy(2, 2, picture.width() - 4, 24).mirrored(turned, false), 128).x();
-            QVERIFY(turned || qAbs(text + 2 - lumqt::kFieldInset) <= 1); // a letter has some room of its own
+            QCOMPARE(selector.findChild<CBPImageButton *>()->x() < edit->x(), direction == Qt::RightToLeft);
         }
     }
 

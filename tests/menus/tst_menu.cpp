@@ -198,10 +198,6 @@ private slots:
     // What an application says of all menus, or of all widgets, is not said of these items.
     void sizeUnderAStyleSheet()
     {
-        const auto check = [](CBPMenu &menu) {
-            QCOMPARE(itemRect(menu, 0), QRect(0, 0, 249, 40));
-            QCOMPARE(itemRect(menu, 2), QRect(0, 57, 249, 40));
-        };
         for (const char *sheet : {"QMenu::item { padding: 8px 30px; min-height: 60px }",
                                   "* { padding: 9px } QMenu::item:selected { border: 2px solid red }", ""}) {
             CBPMenu menu;
@@ -211,7 +207,8 @@ private slots:
             fill(menu, 1);
             menu.setActiveAction(menu.actions().first());
             qApp->setStyleSheet(QLatin1String(sheet));
-            check(menu);
+            QCOMPARE(itemRect(menu, 0), QRect(0, 0, 249, 40));
+            QCOMPARE(itemRect(menu, 2), QRect(0, 57, 249, 40));
             menu.SetMenuItemHeiht(50); // the rule goes with the size
             menu.AddAction(QString(60, QLatin1Char('W')), 3);
             QVERIFY(itemRect(menu, 0).width() > 400 && itemRect(menu, 0).height() == 50);

@@ -11,6 +11,7 @@
 #include <QChildEvent>
 #include <QCoreApplication>
 #include <QDateEdit>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QScopedPointer>
@@ -20,7 +21,6 @@ namespace {
 
 constexpr int kWidth = 144;
 constexpr int kLargeLetters = 20;
-constexpr int kHeight = 32;
 
 // The calendar's window, and what is made with it, never comes onto the screen.
 class KeepsOffScreen : public QObject
@@ -47,7 +47,7 @@ CBPDateSelector *selector(QDate date)
     palette.setColor(QPalette::Text, theme::kInk);
     palette.setColor(QPalette::Disabled, QPalette::Text, theme::kCaption);
     edit->setPalette(palette);
-    result->setFixedSize(kWidth, kHeight);
+    result->setFixedWidth(kWidth);
     result->setAccessibleName("Date");
     result->SetDate(date);
     return result;
@@ -99,8 +99,9 @@ QLabel *openCalendar(QDate date, Calendar look = Calendar::Plain)
 void addLiveSamples(Page *page)
 {
     Section *section = page->addSection(
-        "Try it", "Alt+Down or the button opens the calendar. Arrows and Page keys move in it, Return takes "
-                  "a day, Escape none.");
+        "Try it",
+        "Alt+Down or the button opens the calendar. The arrow and Page keys move in it, Return takes a day, "
+        "and Escape takes none.");
     auto *log = new EventLog("No signal yet: leave the field or pick a day.");
     CBPDateSelector *live = selector(QDate(2024, 3, 7));
     QObject::connect(live, &CBPDateSelector::sigDateEditFinish, log, [log, live] {
@@ -117,7 +118,12 @@ void addStates(Page *page)
     pose::put(hovered->findChild<CBPImageButton *>(), pose::Hovered);
     CBPDateSelector *pressed = selector(date);
     pose::put(pressed->findChild<CBPImageButton *>(), pose::Pressed);
-    Section *section = page->addSection("States", "From 1980-01-01 to 2099-12-31.");
+    auto *mirrored = new QWidget; // a widget that runs the other way would lie at the column's other end
+    auto *place = new QHBoxLayout(mirrored);
+    place->setContentsMargins(0, 0, 0, 0);
+    place->addWidget(selector(date));
+    place->itemAt(0)->widget()->setLayoutDirection(Qt::RightToLeft);
+    Section *section = page->addSection("States", "Dates run from 1980-01-01 to 2099-12-31.");
     section->addColumns(4, {{"Normal", pose::in(pose::Normal, selector(date))},
                             {"Focus in the field", focused(date, false)},
                             {"Focus on the button", focused(date, true)},
@@ -125,7 +131,9 @@ void addStates(Page *page)
                             {"Button hovered", hovered},
                             {"Button pressed", pressed},
                             {"The first day", pose::in(pose::Normal, selector(QDate(1900, 1, 1)))},
-                            {"The last day", pose::in(pose::Normal, selector(QDate(2100, 1, 1)))}});
+                            {"The last day", pose::in(pose::Normal, selector(QDate(2100, 1, 1)))},
+                            {"Under the mouse", pose::in(pose::Hovered, selector(date))},
+                            {"Right to left", mirrored}});
 }
 
 void addCalendars(Page *page)
@@ -140,7 +148,8 @@ void addCalendars(Page *page)
                       {"A day under the pointer", openCalendar(date, Calendar::Hovered)},
                       {"At the end of the range", openCalendar(QDate(2099, 12, 31))}},
                      opened->sizeHint().width());
-    page->addSection("Direction and text size", "In a right-to-left window, and for a field with large text.")
+    page->addSection("Direction and text size",
+                     "The calendar in a right-to-left window, and that of a field with large text.")
         ->addColumns(3,
                      {{"Right to left", openCalendar(date, Calendar::Mirrored)},
                       {"Large text", openCalendar(date, Calendar::Large)}},

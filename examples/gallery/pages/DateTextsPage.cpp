@@ -79,8 +79,9 @@ QWidget *reader(const QString &name, const QString &start, bool (*read)(_BPDateT
 void addLiveSamples(Page *page)
 {
     Section *section = page->addSection(
-        "Try it", "Three numbers in the order of the settings, separated by anything but digits. AM or PM "
-                  "makes a time one of 12 hours.");
+        "Try it",
+        "Type three numbers in the order of the settings, with anything that is no digit between them. AM or "
+        "PM makes a time one of 12 hours.");
     std::string date;
     IBPDateTime::TransSystemDateToString({2024, 3, 7, 0, 0, 0, 0}, date);
     section->addWide(reader("Date", text(date), IBPDateTime::TransSystemDateFromString));
@@ -89,7 +90,7 @@ void addLiveSamples(Page *page)
 
 void addSettings(Page *page)
 {
-    page->addSection("Settings of this user", "Read once, when first needed.")
+    page->addSection("Settings of this user", "They are read once, when they are first needed.")
         ->addWide(table({{"GetStringDateFormat()", text(IBPDateTime::GetStringDateFormat())},
                          {"GetSystemDateFormat()", QString::number(IBPDateTime::GetSystemDateFormat())},
                          {"GetSystemDateSplitor()", quoted(IBPDateTime::GetSystemDateSplitor())},
@@ -106,7 +107,7 @@ void addTexts(Page *page)
     std::string time;
     IBPDateTime::TransSystemDateToString(dt, date);
     IBPDateTime::TransSystemTimeToString(dt, time, true);
-    page->addSection("Texts", "The afternoon of the seventh of March 2024.")
+    page->addSection("Texts", "What is written of 7 March 2024, nine seconds after 15:05.")
         ->addWide(table({{"TransSystemDateToString()", text(date)},
                          {"TransSystemTimeToString(), with seconds", text(time)},
                          {"CombinDate()", text(IBPDateTime::CombinDate(dt))},

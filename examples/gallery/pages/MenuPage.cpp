@@ -243,8 +243,8 @@ CBPPushBtn *opener(const QString &text, CBPMenu *menu, EventLog *log)
 void addLiveSamples(Page *page)
 {
     Section *section =
-        page->addSection("Try it", "Mouse, arrow keys, Enter and Escape work as in any menu. Chosen "
-                                   "items appear below.");
+        page->addSection("Try it", "The mouse, the arrow keys, Enter and Escape work as in any menu. "
+                                   "Items that are chosen appear below.");
     auto *log = new EventLog("Nothing chosen yet: open a menu.");
     auto *longMenu = new CBPMenu;
     for (int i = 1; i <= 60; ++i)
@@ -265,6 +265,19 @@ QWidget *parentOfNested()
     return portrait(menu);
 }
 
+QWidget *mirrored()
+{
+    auto *menu = new CBPMenu;
+    menu->setLayoutDirection(Qt::RightToLeft);
+    menu->SetSubMenuRightIcon(nestedFile());
+    QAction *first = menu->AddAction(removeImages(), "With a picture", 1);
+    menu->AddAction("With a badge", 2);
+    menu->SetActionSpecialFlag(2, true, QString());
+    menu->AddMenu(subMenu("Send to", menu));
+    menu->ResetMenuWidth();
+    return portrait(menu, first);
+}
+
 Page *makePage()
 {
     auto *page =
@@ -275,23 +288,24 @@ Page *makePage()
                      "An item has a text and, if wanted, a picture, four pictures by state, or a badge.")
         ->addColumns(kColumns,
                      {{"Texts; one highlighted, one disabled", texts()},
-                      {"Picture files, column of 32 pixels", pictures()},
+                      {"Picture files in a column of 32 pixels", pictures()},
                       {"Pictures by state", stateImages()},
-                      {"Badges: a dot, a picture", badges()},
+                      {"Badges: a dot and a picture", badges()},
                       {"One chosen item", chosen()},
-                      {"Separator, 17 pixels with a line of 1", separators()}},
+                      {"A separator of 17 pixels, with a line of 1", separators()}},
                      kLeastWidth);
     page->addSection("Looks", "The highlight follows the corners of a menu without a border.")
         ->addColumns(kColumns,
                      {{"With nested menus", parentOfNested()},
-                      {"Nested", nested()},
-                      {"Nested, one item", single()},
+                      {"A nested one", nested()},
+                      {"A nested one of one item", single()},
                       {"With a border", bordered()},
                       {"Own colours", light()},
                       {"Low items", compact()},
                       {"Wide text, large radius", wide()},
-                      {"Square", square()},
-                      {"Painted in 18 pixels", elided()}},
+                      {"Square corners", square()},
+                      {"Painted at 18 pixels, measured at 14", elided()},
+                      {"Right to left", mirrored()}},
                      kLeastWidth);
     return page;
 }

@@ -18,6 +18,7 @@
 namespace {
 
 constexpr int kRowWidth = 416;
+constexpr int kNarrowWidth = 200;
 constexpr int kListWidth = 416;
 constexpr int kComboWidth = 144;
 constexpr int kComboHeight = 28;
@@ -103,22 +104,29 @@ void addList(Page *page)
     picture->setPixmap(list.grab());
     page->addSection("The list", "The row added last is on top. A path that is there already is not added "
                                  "a second time.")
-        ->addSamples({{"100 pixels high, 416 wide", picture}});
+        ->addSamples({{"100 pixels high and 416 wide", picture}});
 }
 
 void addRows(Page *page)
 {
-    Section *section = page->addSection(
-        "Rows",
-        "Free and total space show where the total is known. The delete button shows under the mouse.");
+    Section *section =
+        page->addSection("Rows", "Free and total space are shown where the total is known, and the delete "
+                                 "button while the mouse is over "
+                                 "the row. A path reads from left to right in either direction.");
+    CBPComboxItem *mirrored = row(location(inHome("documents"), 37 * kGiga, 238 * kGiga));
+    mirrored->setLayoutDirection(Qt::RightToLeft);
+    CBPComboxItem *narrow = row(location(inHome("documents"), 37 * kGiga, 238 * kGiga));
+    narrow->setFixedWidth(kNarrowWidth);
     const ComboxItem disk = location(inHome(), 37 * kGiga, 238 * kGiga);
     section->addColumns(2,
                         {{"At rest", pose::in(pose::Normal, row(disk))},
                          {"Under the mouse", pose::in(pose::Hovered, row(disk))},
                          {"With the keyboard focus", pose::in(pose::Focused, row(disk))},
-                         {"Without space", row(location(inHome("documents")))},
+                         {"Its space is not known", row(location(inHome("documents")))},
                          {"A long path", row(location(inHome("documents/a folder with a rather long name")))},
-                         {"Names are plain text", row(location(inHome("R&D")))}},
+                         {"Names are plain text", row(location(inHome("R&D")))},
+                         {"Right to left", mirrored},
+                         {"200 pixels wide", narrow}},
                         kRowWidth);
 }
 

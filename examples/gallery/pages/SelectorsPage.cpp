@@ -51,18 +51,22 @@ Page *makePage()
     auto *page = new Page("Day and week selectors",
                           "CBPDaySelector and CBPWeekSelector: a choice of several days, for schedules.");
     Section *section = page->addSection(
-        "Try it", "Mouse, Space and the arrow keys, Home and End work here; Tab comes to each selector once. "
-                  "Every signal appears below.");
+        "Try it",
+        "The mouse, Space, the arrow keys, Home and End work here, and Tab comes to each selector once. "
+        "Every signal appears below.");
     auto *log = new EventLog("No signal yet: choose a day.");
     section->addSamples({{"Days of the week", live(log, weekSelector({"Mon", "Wed", "Fri"}))}});
     section->addSamples(
         {{"Days of a month", live(log, daySelector(days(31), QString(), "Select all", {"1", "15", "31"}))}});
     section->addWide(log);
 
-    section = page->addSection("Extra choice", "An extra choice follows the days; the last button is four "
-                                               "places wide, whichever it is. It is drawn so on purpose.");
-    section->addSamples({{"With both", daySelector(days(28), "Last", "Select all", {"1", "Last"})}});
-    section->addSamples({{"Without the button for all", daySelector(days(10), "Last", QString(), {"Last"})}});
+    section = page->addSection(
+        "Extra choice", "An extra choice follows the days; the last button takes four places, whichever it "
+                        "is.");
+    section->addSamples({{"With an extra choice and a button that selects all",
+                          daySelector(days(28), "Last", "Select all", {"1", "Last"})}});
+    section->addSamples(
+        {{"Without a button that selects all", daySelector(days(10), "Last", QString(), {"Last"})}});
 
     section = page->addSection(
         "States", "Here are states of one day and of the whole selector, and days without a name.");
@@ -74,7 +78,7 @@ Page *makePage()
     section->addSamples({{"Wed and Thu under the mouse, Sat with the focus", posed}});
     CBPWeekSelector *off = weekSelector({"Tue"});
     off->setEnabled(false);
-    section->addSamples({{"Disabled, Tue chosen", off}});
+    section->addSamples({{"Disabled, with Tue chosen", off}});
     QStringList nameless{"Mon", QString(), "Wed", "Mon", QString()};
     auto *odd = new CBPWeekSelector(nameless);
     odd->SetSelected({"Mon"});

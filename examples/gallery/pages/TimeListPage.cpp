@@ -83,9 +83,9 @@ CEditTimeEdit *live(EventLog *log)
 
 void addLiveSample(Page *page)
 {
-    Section *section =
-        page->addSection("Try it", "At most four times here. The arrows step past midnight, Tab goes through "
-                                   "fields and buttons, Space presses.");
+    Section *section = page->addSection(
+        "Try it", "There are at most four times here. The arrows step past midnight, Tab goes "
+                  "through fields and buttons, and Space presses a button.");
     auto *log = new EventLog("No button pressed yet.");
     section->addSamples({{"CEditTimeEdit", live(log)}});
     section->addWide(log);
@@ -96,17 +96,16 @@ void addStates(Page *page)
     const QVector<QTime> two{QTime(6, 30), QTime(18, 0)};
     const QVector<QTime> five{QTime(0, 0), QTime(6, 30), QTime(12, 0), QTime(18, 0), QTime(23, 59)};
     Section *section = page->addSection(
-        "States", "One time cannot be removed. At the greatest count the add button is gone.");
+        "States", "The last time cannot be removed, and at the greatest number the add button is gone.");
     section->addColumns(2, {{"One time", pose::in(pose::Normal, timeList({QTime(6, 30)}, 4))},
-                            {"Two", pose::in(pose::Normal, timeList(two, 4))},
+                            {"Two times", pose::in(pose::Normal, timeList(two, 4))},
                             {"Focus in a field", posedField(pose::Focused)},
                             {"A field under the mouse", posedField(pose::Hovered)},
                             {"Focus on a delete button", focusedButton(two, false)},
                             {"Focus on the add button", focusedButton(two, true)},
                             {"As many as there may be", pose::in(pose::Normal, timeList(two, 2))},
                             {"Disabled", pose::in(pose::Disabled, timeList(two, 4))}});
-    section->addSamples(
-        {{"More than there may be, by Initialize()", pose::in(pose::Normal, timeList(five, 3))}});
+    section->addSamples({{"More than that, set by Initialize()", pose::in(pose::Normal, timeList(five, 3))}});
 }
 
 Page *makePage()
