@@ -15,6 +15,14 @@ constexpr int kBarHeight = 3;
 // Marks a place, above the bar, and shows nothing.
 class Place : public QLabel
 {
+public:
+    // As an empty label has it, without the padding of a style sheet.
+    QSize sizeHint() const override
+    {
+        return QSize(fontMetrics().averageCharWidth(), fontMetrics().lineSpacing());
+    }
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
 protected:
     bool event(QEvent *event) override
     {

@@ -50,7 +50,6 @@ CBPPushBtn *button(const QString &text)
 {
     auto *result = new CBPPushBtn(text, nullptr);
     result->setFixedWidth(kButtonWidth);
-    result->setRoundRadius({4, 4});
     return result;
 }
 
