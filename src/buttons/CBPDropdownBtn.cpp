@@ -442,7 +442,7 @@ void CBPDropdownBtn::drawContent(QPainter &painter, int index)
         QColor line = paintedTextColor(index);
         line.setAlpha(kDividerAlpha);
         const QRect place(width() - kArrowPart, kDividerInset, 1, height() - 2 * kDividerInset);
-        painter.fillRect(lumqt::wholeDeviceLine(painter, visual(place)), line);
+        painter.fillRect(lumqt::evenDevicePixels(painter, visual(place)), line);
     }
     const QColor own = m_triangleColor.size() == kStates ? triangleColor(index) : QColor();
     lumqt::drawDropTriangle(

@@ -4,6 +4,7 @@
 #include "ENState.h"
 #include "foundation/Accessible.h"
 #include "foundation/FocusMark.h"
+#include "foundation/FocusRing.h"
 #include "foundation/FontLookup.h"
 #include "foundation/ImageLoader.h"
 #include "foundation/Painting.h"
@@ -159,6 +160,8 @@ void CBPImageButton::SetSelect(bool selected)
 void CBPImageButton::SetBtnShow(bool show)
 {
     m_shown = show;
+    if (!show)
+        lumqt::setRingAround(this, false); // what it draws itself goes with the next paint
 }
 
 void CBPImageButton::SetHight(int height)

@@ -3,7 +3,6 @@
 #include "buttons/FocusGroup.h"
 #include "buttons/GroupButton.h"
 #include "foundation/Accessible.h"
-#include "foundation/Painting.h"
 #include "layout/BoxPainting.h"
 
 #include <QLayout>
@@ -118,8 +117,6 @@ void CButtonGroupBox::paintEvent(QPaintEvent *event)
 
 void CButtonGroupBox::drawSeparators(QPainter &painter) const
 {
-    if (!frameColor().isValid())
-        return;
     const CBPPushBtn *before = nullptr;
     for (const CBPPushBtn *button : qAsConst(m_buttons)) {
         if (!button || button->isHidden())
@@ -128,7 +125,7 @@ void CButtonGroupBox::drawSeparators(QPainter &painter) const
             const QRect place = before->geometry();
             const int x = isRightToLeft() ? place.left() - kLineWidth : place.right() + 1;
             const QRectF line(x, kLineWidth, kLineWidth, height() - kLineWidth);
-            painter.fillRect(lumqt::wholeDeviceLine(painter, line), frameColor());
+            lumqt::fillLine(painter, line, frameColor());
         }
         before = button;
     }

@@ -146,25 +146,12 @@ QRectF wholeDevicePixels(const QPainter &painter, const QRectF &rect)
 QRectF evenDevicePixels(const QPainter &painter, const QRectF &rect)
 {
     const QTransform &toDevice = painter.deviceTransform();
+    if (toDevice.type() > QTransform::TxScale)
+        return rect;
     const QPointF topLeft = wholeDevicePixels(painter, rect).topLeft();
     const auto even = [](qreal length, qreal scale) { return qMax(1, qRound(length * scale)) / scale; };
     return QRectF(
         topLeft, QSizeF(even(rect.width(), qAbs(toDevice.m11())), even(rect.height(), qAbs(toDevice.m22()))));
-}
-
-QRectF wholeDeviceLine(const QPainter &painter, const QRectF &line)
-{
-    const QTransform &toDevice = painter.deviceTransform();
-    if (toDevice.type() > QTransform::TxScale)
-        return line;
-    QRectF device = toDevice.mapRect(line);
-    const QPointF topLeft(qRound(device.left()), qRound(device.top()));
-    const QPointF bottomRight(qRound(device.right()), qRound(device.bottom()));
-    const bool upright = line.width() < line.height();
-    const QSizeF size(upright ? wholePixels(1, device.width()) : bottomRight.x() - topLeft.x(),
-                      upright ? bottomRight.y() - topLeft.y() : wholePixels(1, device.height()));
-    device = QRectF(topLeft, size);
-    return toDevice.inverted().mapRect(device);
 }
 
 void drawBody(QPainter &painter, const QRect &rect, const Body &body)
@@ -226,20 +213,6 @@ void drawField(QPainter &painter, const QRect &rect, const FieldLook &look)
     drawBody(painter, rect, field);
     if (look.enabled && look.focused)
         drawFocusRing(painter, rect);
-}
-
-bool showsFocusFor(const QWidget *widget, Qt::FocusReason reason)
-{
-    switch (reason) {
-    case Qt::TabFocusReason:
-    case Qt::BacktabFocusReason:
-    case Qt::ShortcutFocusReason:
-        return true;
-    case Qt::MouseFocusReason:
-        return false;
-    default: // the window became active, or a program moved the focus
-        return widget->window()->testAttribute(Qt::WA_KeyboardFocusChange);
-    }
 }
 
 void drawDotBadge(QPainter &painter, const QPoint &topLeft)

@@ -49,20 +49,12 @@ constexpr qreal kFocusRingRadius = 2.0;
 LUMQT_TESTED void drawFocusRing(QPainter &painter, const QRect &rect, qreal radiusX = kFocusRingRadius,
                                 qreal radiusY = kFocusRingRadius);
 
-// Whether the focus that comes to `widget` for `reason` is to be shown: to somebody who uses the keyboard. Of
-// rows and sliders; buttons keep to FocusMark.h.
-bool showsFocusFor(const QWidget *widget, Qt::FocusReason reason);
-
 // `rect` with its edges on device pixels, where antialiased or scaled painting leaves no half-covered ones.
 LUMQT_TESTED QRectF wholeDevicePixels(const QPainter &painter, const QRectF &rect);
 
 // The same of a line or a small mark, which is as large wherever it lies: of lines side by side none is
 // thicker than another. Never without a size.
 LUMQT_TESTED QRectF evenDevicePixels(const QPainter &painter, const QRectF &rect);
-
-// The same for a line, which is as thick wherever it lies: at 150 per cent a line of one pixel is two device
-// pixels thick, and not one or two as its edges round. It may reach over what follows it by a pixel.
-LUMQT_TESTED QRectF wholeDeviceLine(const QPainter &painter, const QRectF &line);
 
 // A triangle that points down, its box at `topLeft`.
 LUMQT_TESTED void drawDropTriangle(QPainter &painter, const QPointF &topLeft, int width, int height,

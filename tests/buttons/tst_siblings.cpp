@@ -291,6 +291,11 @@ private slots:
             button->setShortcut(QKeySequence(Qt::ALT | Qt::Key_D));
             QVERIFY(altClicks(Qt::Key_D));
             QTRY_VERIFY(!button->isDown());
+            // Without a text its tool tip says what it is.
+            button->setText(QString());
+            button->setToolTip("tip");
+            if (!qobject_cast<CBPImageButton *>(button) && !qobject_cast<CBPWaitBtn *>(button))
+                QCOMPARE(spokenName(button), QString("tip"));
         });
     }
 

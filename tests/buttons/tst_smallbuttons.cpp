@@ -102,6 +102,10 @@ private Q_SLOTS:
         QTest::mouseClick(&box, Qt::LeftButton, Qt::NoModifier, QPoint(hint.width() - 2, 2));
         QVERIFY(box.isChecked());
         QCOMPARE(QAccessible::queryAccessibleInterface(&box)->role(), QAccessible::CheckBox);
+        QCOMPARE(spokenName(&box), QString("Remember"));
+        box.setText(QString());
+        box.setToolTip("tip");
+        QCOMPARE(spokenName(&box), QString("tip"));
     }
 
     // A plain one then: any check box, but addressed by its class.
