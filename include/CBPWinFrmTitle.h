@@ -22,7 +22,8 @@ class QLinearGradient;
 /// give the window other ways to what they do. A double-click on the bar does nothing.
 ///
 /// Colours come from "../res/UIConfig.ini" where it names valid ones. A title that finds no room is shown
-/// with an ellipsis. All sizes are logical pixels. GUI thread only. \since 1.0
+/// with an ellipsis, and its tool tip has all of it. All sizes are logical pixels. GUI thread only.
+/// \since 1.0
 class LUMQT_EXPORT CBPWinFrmTitle : public CRoundedRectBase
 {
     Q_OBJECT

@@ -123,9 +123,8 @@ private Q_SLOTS:
             box.whileRunning([&] {
                 const QRect ink = inkOf(shot(*box.label("Text")), 160);
                 const QRect room = box.label("Text")->rect().adjusted(9, 9, -9, -9);
-                QVERIFY2(room.contains(ink) && room.height() >= ink.height(), wordsOf(ink));
-                const bool right = ink.center().x() > room.center().x();
-                QCOMPARE(right, direction == Qt::RightToLeft);
+                QVERIFY2(room.contains(ink), wordsOf(ink));
+                QCOMPARE(ink.center().x() > room.center().x(), direction == Qt::RightToLeft);
             });
             box.message(0, "Text", "Head", kOk);
         }

@@ -197,10 +197,8 @@ private Q_SLOTS:
         for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) { // it ends at the same side
             small.bar.setLayoutDirection(direction);
             QCoreApplication::processEvents();
-            const QImage end = drawn(small.bar).copy(cut->geometry().right() - 7, 26, 8, 1);
-            QImage bare(end.size(), end.format());
-            bare.fill(kGround);
-            QCOMPARE(end, bare);
+            for (int x = 0; x < 8; ++x)
+                QCOMPARE(drawn(small.bar).pixelColor(cut->geometry().right() - x, 26), kGround);
         }
     }
 
