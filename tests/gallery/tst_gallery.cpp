@@ -24,6 +24,7 @@
 
 #include <private/qhighdpiscaling_p.h>
 
+#include <algorithm>
 #include <memory>
 
 namespace {
@@ -247,7 +248,7 @@ struct Colors : CBtnObj
 
 } // namespace
 
-// What has to hold on every page: there every class is seen, in every state.
+// What has to hold on every page: every class is seen there, in every state.
 class TestGallery : public QObject
 {
     Q_OBJECT
