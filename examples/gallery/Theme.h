@@ -26,11 +26,9 @@ const QColor kAccent(31, 113, 191);   // the library's: 5:1 on white, as a text 
 const QColor kAccentHovered(24, 93, 159);
 const QColor kAccentPressed(19, 77, 133);
 const QColor kAccentDisabled(165, 198, 229);
-const QColor kAccentTint(232, 241, 250); // grounds of what is marked
-const QColor kAccentOnInk(90, 169, 240); // the same hue on the side bar: 5.7:1
-const QColor kRing(47, 134, 216);        // of the keyboard focus
-const QColor kAccentDeep = kAccent;
-const QColor kAccentBlue = kAccent;
+const QColor kAccentTint(232, 241, 250);  // grounds of what is marked
+const QColor kAccentOnInk(90, 169, 240);  // the same hue on the side bar: 5.7:1
+const QColor kRing(47, 134, 216);         // of the keyboard focus
 const QColor kSideText(199, 208, 221);    // entries of the side bar: 9:1
 const QColor kSideHeading(137, 151, 172); // its group headings: 4.8:1
 

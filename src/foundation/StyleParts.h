@@ -34,7 +34,7 @@ constexpr int kDropWidth = 24; // of what opens a list
 constexpr int kStepWidth = 20; // of the buttons of a spin box
 constexpr int kTriangleWidth = 8;
 constexpr int kTriangleHeight = 4;
-constexpr int kFieldPadding = 5;   // above and below the text of a field that is higher for it
+constexpr int kFieldPadding = 4;   // above and below the text of a field that is higher for it
 constexpr int kLineEditMargin = 2; // QLineEdit keeps it beside its text by itself
 
 // The parts of a widget whose colours fade, for fadedColor().

@@ -24,6 +24,7 @@
 
 #include <private/qhighdpiscaling_p.h>
 
+#include <algorithm>
 #include <memory>
 
 namespace {
@@ -118,7 +119,7 @@ bool inheritsOneOf(const QObject *object, std::initializer_list<const char *> na
 // What is shown beside the library's look, for comparison.
 bool isPlain(const QWidget *widget)
 {
-    return widget && widget->style()->inherits("QFusionStyle");
+    return widget && (widget->style()->inherits("QFusionStyle") || isPlain(widget->parentWidget()));
 }
 
 // Whether it is known by its outline; that of a part is drawn by the whole, or is a picture of the
@@ -247,7 +248,7 @@ struct Colors : CBtnObj
 
 } // namespace
 
-// What has to hold on every page: there every class is seen, in every state.
+// What has to hold on every page: every class is seen there, in every state.
 class TestGallery : public QObject
 {
     Q_OBJECT

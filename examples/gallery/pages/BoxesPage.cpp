@@ -205,7 +205,7 @@ void addFrames(Page *page)
                                      "right and the lower line of a "
                                      "thin pen lie outside: it is drawn so on purpose.")
         ->addSamples({{"Brush", plainWidget(kCellColor, Qt::NoPen)},
-                      {"Pen of 1, half inside", plainWidget(theme::kPanel, QPen(theme::kAccentBlue))},
+                      {"Pen of 1, half inside", plainWidget(theme::kPanel, QPen(theme::kAccent))},
                       {"Pen of 4, half inside", plainWidget(Qt::NoBrush, wide)},
                       {"Pattern", plainWidget(QBrush(theme::kAccent, Qt::BDiagPattern), Qt::NoPen)}});
 }

@@ -25,11 +25,9 @@ CBPDropdownBtn *button(const QString &text, bool split = false, bool icon = fals
 CBPDropdownBtn *accent(const QString &text)
 {
     CBPDropdownBtn *result = button(text, true);
-    const QVector<QColor> ground{theme::kAccentDeep, QColor(36, 117, 122), QColor(29, 100, 104),
-                                 QColor(207, 230, 231)};
-    const QVector<QColor> words{Qt::white, Qt::white, Qt::white, QColor(94, 143, 145)};
-    result->setBgColor(ground);
-    result->setFrmColor(ground);
+    const QVector<QColor> words(4, Qt::white);
+    result->setBgColor(theme::accents());
+    result->setFrmColor(theme::accents());
     result->setFocusFrameColor(theme::kInk);
     result->setTextColor(words);
     result->setTriangleColor(words);

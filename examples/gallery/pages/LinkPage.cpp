@@ -111,14 +111,14 @@ const char kCheckSheet[] =
     "CBPCheckBox:disabled { color: #bdbdbd; }"
     "CBPCheckBox::indicator { width: 16px; height: 16px; border: 1px solid #7b8798;"
     " border-radius: 3px; background: white; }"
-    "CBPCheckBox::indicator:hover { border-color: #4baeb2; }"
+    "CBPCheckBox::indicator:hover { border-color: #1f71bf; }"
     "CBPCheckBox::indicator:checked, CBPCheckBox::indicator:indeterminate"
-    " { background: #2a8084; border-color: #2a8084; }"
+    " { background: #1f71bf; border-color: #1f71bf; }"
     "CBPCheckBox::indicator:checked { image: url(:/gallery/tick.svg); }"
     "CBPCheckBox::indicator:indeterminate { image: url(:/gallery/dash.svg); }"
     "CBPCheckBox::indicator:disabled { background: #eef1f4; border-color: #d5dbe2; }"
     "CBPCheckBox::indicator:checked:disabled, CBPCheckBox::indicator:indeterminate:disabled"
-    " { background: #a3bfc1; border-color: #a3bfc1; }";
+    " { background: #a5c6e5; border-color: #a5c6e5; }";
 
 CBPCheckBox *styled(Qt::CheckState state)
 {

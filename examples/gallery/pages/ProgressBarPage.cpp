@@ -121,7 +121,7 @@ void addSizes(Page *page)
     section->addWide(
         onGround(theme::kInk, {{"40 %, 400 wide", at(40, 400)}, {"120", at(40, 120)}, {"24", at(40, 24)}}));
     section->addWide(onGround(kLightGround, QVector<QWidget *>{at(60), at(100)}));
-    section->addWide(onGround(theme::kAccentDeep, QVector<QWidget *>{at(60), at(100)}));
+    section->addWide(onGround(theme::kAccent, QVector<QWidget *>{at(60), at(100)}));
 }
 
 Page *makePage()

@@ -44,11 +44,9 @@ CBPPushBtn *button(const QString &text, int width = kWidth)
 CBPPushBtn *filled(const QString &text)
 {
     CBPPushBtn *result = button(text);
-    const QVector<QColor> colors{theme::kAccentDeep, QColor(36, 117, 122), QColor(29, 100, 104),
-                                 QColor(207, 230, 231)};
-    result->setBgColor(colors);
-    result->setFrmColor(colors);
-    result->setTextColor({Qt::white, Qt::white, Qt::white, QColor(94, 143, 145)});
+    result->setBgColor(theme::accents());
+    result->setFrmColor(theme::accents());
+    result->setTextColor(QVector<QColor>(4, Qt::white));
     result->setRoundRadius({4, 4});
     result->setFocusFrameColor(theme::kInk); // the built-in blue is as light as the ground
     return result;
@@ -138,8 +136,8 @@ CBPPushBtn *checked()
     CBPPushBtn *result = button("Save");
     result->setCheckable(true);
     result->setChecked(true);
-    result->setCheckedBgColor(theme::kAccentDeep);
-    result->setCheckedFrmColor(QColor(29, 100, 104));
+    result->setCheckedBgColor(theme::kAccent);
+    result->setCheckedFrmColor(theme::kAccentPressed);
     result->setTextColor({Qt::white, Qt::white, Qt::white, Qt::white});
     return result;
 }

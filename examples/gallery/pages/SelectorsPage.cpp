@@ -62,14 +62,14 @@ Page *makePage()
 
     section = page->addSection(
         "Extra choice", "An extra choice follows the days; the last button takes four places, whichever it "
-                        "is. It is drawn so on purpose.");
+                        "is.");
     section->addSamples({{"With an extra choice and a button that selects all",
                           daySelector(days(28), "Last", "Select all", {"1", "Last"})}});
     section->addSamples(
         {{"Without a button that selects all", daySelector(days(10), "Last", QString(), {"Last"})}});
 
-    section = page->addSection("States",
-                               "States of single days and of a whole selector, and names that are unusual.");
+    section = page->addSection(
+        "States", "Here are states of one day and of the whole selector, and days without a name.");
     CBPWeekSelector *posed = weekSelector({"Mon", "Tue", "Thu"});
     const auto posedDays = posed->findChildren<QAbstractButton *>();
     pose::put(posedDays.value(2), pose::Hovered);
@@ -87,7 +87,7 @@ Page *makePage()
         if (day->text().isEmpty())
             day->setAccessibleName("A day without a name");
     }
-    section->addSamples({{"A name that is there twice; without a name nothing is seen of a choice", odd}});
+    section->addSamples({{"Names may repeat or be empty", odd}});
     return page;
 }
 

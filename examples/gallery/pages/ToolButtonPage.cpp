@@ -164,8 +164,7 @@ public:
     {
         setFixedSize(112, 56);
         SetRoundRadius(radius, radius);
-        SetFrmColor(
-            {QColor(190, 200, 212), QColor(75, 174, 178), QColor(42, 128, 132), QColor(221, 226, 231)});
+        SetFrmColor({QColor(190, 200, 212), theme::kAccent, theme::kAccentPressed, QColor(221, 226, 231)});
         SetBgColor(
             {QColor(250, 252, 253), QColor(226, 242, 243), QColor(205, 231, 233), QColor(247, 249, 251)});
     }
