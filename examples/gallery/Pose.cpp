@@ -76,6 +76,7 @@ void put(QWidget *sample, State state)
         sendPress(sample);
         break;
     case Focused: {
+        sample->ensurePolished(); // a style that follows the focus begins to do so here
         QFocusEvent event(QEvent::FocusIn, Qt::TabFocusReason);
         QCoreApplication::sendEvent(sample, &event);
         new FocusWhilePainting(sample);
