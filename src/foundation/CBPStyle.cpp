@@ -214,13 +214,12 @@ QSize CBPStyle::sizeFromContents(ContentsType type, const QStyleOption *option, 
 
 int CBPStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const
 {
-    const bool inView = lumqt::hasRows(widget);
     switch (metric) {
     case PM_IndicatorWidth:
     case PM_IndicatorHeight:
     case PM_ExclusiveIndicatorWidth:
     case PM_ExclusiveIndicatorHeight:
-        return lumqt::kIndicator + (inView ? 0 : 2 * lumqt::kIndicatorRoom);
+        return lumqt::kIndicator + (lumqt::hasRows(widget) ? 0 : 2 * lumqt::kIndicatorRoom);
     case PM_CheckBoxLabelSpacing:
     case PM_RadioButtonLabelSpacing:
         return lumqt::kIndicatorRoom;
@@ -232,7 +231,8 @@ int CBPStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const 
     case PM_SpinBoxFrameWidth:
         return lumqt::kFocusRingWidth;
     case PM_FocusFrameHMargin: // of a row's text, which begins where that of a header does
-        return inView ? lumqt::rowMargin(option) : QProxyStyle::pixelMetric(metric, option, widget);
+        return lumqt::hasRows(widget) ? lumqt::rowMargin(option)
+                                      : QProxyStyle::pixelMetric(metric, option, widget);
     case PM_ButtonShiftHorizontal:
     case PM_ButtonShiftVertical:
     case PM_TabBarTabShiftHorizontal:

@@ -6,6 +6,7 @@
 #include "foundation/StyleWatch.h"
 
 #include <QAbstractItemView>
+#include <QCalendarWidget>
 #include <QIcon>
 #include <QPainter>
 #include <QStyledItemDelegate>
@@ -163,17 +164,19 @@ bool isHovered(const QStyleOptionViewItem &option, const Canvas &canvas)
 void drawItem(const QStyleOptionViewItem &option, const Canvas &canvas)
 {
     const bool selected = option.state & QStyle::State_Selected;
-    const QRectF rect = wholeDevicePixels(canvas.painter, option.rect);
+    const auto fill = [&](const QBrush &brush) {
+        canvas.painter.fillRect(wholeDevicePixels(canvas.painter, option.rect), brush);
+    };
     if (option.backgroundBrush.style() != Qt::NoBrush) {
         const QPointF origin = canvas.painter.brushOrigin();
         canvas.painter.setBrushOrigin(option.rect.topLeft());
-        canvas.painter.fillRect(rect, option.backgroundBrush);
+        fill(option.backgroundBrush);
         canvas.painter.setBrushOrigin(origin);
     }
     if (selected)
-        canvas.painter.fillRect(rect, option.palette.brush(groupOf(option), QPalette::Highlight));
+        fill(option.palette.brush(groupOf(option), QPalette::Highlight));
     else if (option.state & QStyle::State_Enabled && isHovered(option, canvas))
-        canvas.painter.fillRect(rect, StyleColors(option).hovered);
+        fill(StyleColors(option).hovered);
     const auto *view = qobject_cast<const QAbstractItemView *>(canvas.widget);
     if (view && canvas.watch.showsFocus(view) && option.index.isValid() &&
         view->currentIndex() == option.index)
@@ -311,7 +314,8 @@ void furnishList(QWidget *list)
 
 bool hasRows(const QWidget *widget)
 {
-    return qobject_cast<const QAbstractItemView *>(widget) && !widget->inherits("QCalendarView");
+    return qobject_cast<const QAbstractItemView *>(widget) &&
+           !qobject_cast<const QCalendarWidget *>(widget->parentWidget());
 }
 
 int rowMargin(const QStyleOption *option)
