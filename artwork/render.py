@@ -17,6 +17,7 @@ from dataclasses import dataclass
 GLYPHS = pathlib.Path(__file__).resolve().parent / "glyphs"
 GRID = 24
 STROKE = 2
+FRACTIONS = (1.25, 1.5, 1.75)  # scalings that files of their own are made for
 CORNER = 4  # of the tile behind a caption glyph
 
 # The two accents of the library, and the darker shade of the first that still reads on a pale one.
@@ -195,6 +196,80 @@ def compose(picture):
     return document(picture.size, body)
 
 
+# Glyphs with straight strokes, or so small that a picture scaled down from 200 per cent is dim.
+FITTED = ("list separator minimize maximize restore close back cross calendar logo search chevron-down chevron-up"
+          " page-left page-right").split()
+
+
+def attribute(element, name, otherwise=""):
+    found = re.search(rf'\b{name}="([^"]*)"', element)
+    return found.group(1) if found else otherwise
+
+
+def fitted(element, place, zoom):
+    """One shape of a glyph in device pixels: its strokes and edges cover whole ones.
+
+    Everything is laid out from the glyph's middle, so that what lies on both sides of it stays even.
+    """
+    stroked = attribute(element, "fill", "none") == "none"
+    width = round(STROKE * zoom) if stroked else 0
+    middle = [round((start + GRID / 2) * zoom - width / 2) + width / 2 for start in place]
+
+    def at(axis, units):
+        return middle[axis] + round((float(units) - GRID / 2) * zoom)
+
+    def length(units):
+        return number(float(units) * zoom)
+
+    def command(match):
+        letter, values = match.group(1), [float(v) for v in re.findall(r"-?[\d.]+", match.group(2))]
+        if letter == "A":  # radii, rotation and two flags stand before the end
+            return f"A{length(values[0])} {length(values[1])} {values[2]:g} {values[3]:g} {values[4]:g}" + "".join(
+                f" {number(at(axis, v))}" for axis, v in enumerate(values[5:]))
+        first = 1 if letter == "V" else 0
+        return letter + " ".join(number(at((first + i) % 2, v)) for i, v in enumerate(values))
+
+    values = {}
+    tag = re.match(r"\s*<(\w+)", element).group(1)
+    if tag == "path":
+        values["d"] = re.sub(r"([MLHVCAZ])([-\d. ]*)", command, attribute(element, "d"))
+    elif tag == "circle":
+        values = {"cx": number(at(0, attribute(element, "cx"))), "cy": number(at(1, attribute(element, "cy"))),
+                  "r": length(attribute(element, "r"))}
+    elif tag == "rect":
+        for axis, (start, size) in enumerate((("x", "width"), ("y", "height"))):
+            low = float(attribute(element, start))
+            values[start] = number(at(axis, low))
+            span = at(axis, low + float(attribute(element, size))) - at(axis, low)
+            values[size] = number(max(1, span))
+        values["rx"] = length(attribute(element, "rx", "0"))
+    elif tag == "linearGradient":
+        values = {name: number(at(axis, attribute(element, name))) for axis, name in enumerate(("x1", "y1"))}
+        values.update({name: number(at(axis, attribute(element, name))) for axis, name in enumerate(("x2", "y2"))})
+    if "stroke-width" in element:
+        values["stroke-width"] = number(width)
+    for name, value in values.items():
+        element = re.sub(rf'\b(?<!-){name}="[^"]*"', f'{name}="{value}"', element)
+    return element
+
+
+def compose_fitted(picture, zoom):
+    """The drawing of a picture in the device pixels of a scaling between 100 and 200 per cent."""
+    w, h = (int(side * zoom + 0.5) for side in picture.size)
+    look = picture.look
+    body = ""
+    if look.tile:
+        opacity = "" if look.tile_opacity == 1 else f' fill-opacity="{number(look.tile_opacity)}"'
+        body += f'  <rect width="{w}" height="{h}" rx="{number(CORNER * zoom)}" fill="{look.tile}"{opacity}/>\n'
+    place = picture.at or [(side - GRID) // 2 for side in picture.size]
+    opacity = "" if look.opacity == 1 else f' opacity="{number(look.opacity)}"'
+    # In the files a group's stroke width is that of its shapes.
+    shapes = [fitted(line, place, zoom) if re.match(r"\s*<(path|rect|circle|linearGradient|g) ", line) else line
+              for line in drawing(picture.glyph, look.ink).splitlines()]
+    body += f"  <g{opacity}>\n" + "\n".join(shapes) + "\n  </g>\n"
+    return document((w, h), body)
+
+
 def point(centre, radius, degrees):
     """A point on a circle; 0 degrees is at the top, clockwise."""
     a = math.radians(degrees)
@@ -243,9 +318,15 @@ def rasterize(svg, target, zoom):
 
 
 def write_png(svg, target):
-    """The picture at 100 per cent, and beside it the one at 200."""
+    """The picture at 100 per cent, and beside it the one at 200; those between are write_fitted()'s."""
     rasterize(svg, target, 1)
     rasterize(svg, target.with_name(target.stem + "@2x.png"), 2)
+
+
+def write_fitted(picture, target):
+    """Beside the picture those of the scalings between, in which a stroke of two pixels is two and a half wide, say."""
+    for zoom in FRACTIONS:
+        rasterize(compose_fitted(picture, zoom), target.with_name(f"{target.stem}@{zoom:g}x.png"), 1)
 
 
 def write_waiting(target, zoom, frames=48):
@@ -272,6 +353,8 @@ def main():
             target.write_text(compose(picture), encoding="utf-8", newline="\n")
         else:
             write_png(compose(picture), target)
+            if picture.glyph in FITTED:
+                write_fitted(picture, target)
     for frame in range(24):
         write_png(loading_frame(frame), out / "loading" / f"loading{frame:02}.png")
     write_waiting(out / "waiting.gif", 1)

@@ -14,7 +14,7 @@
 /// It knows no widget, so it runs until it is stopped: stop it while what shows it is hidden. After start()
 /// the first picture waits for the start delay, so that short waits show no animation at all. Files are
 /// loaded from the paths as they are given ("name@2x.png" beside "name.png" is taken on dense screens); a
-/// missing one, and one of more than 8192 pixels a side, counts as an empty picture. GUI thread only.
+/// missing one, and one of more than 8192 x 8192 pixels, counts as an empty picture. GUI thread only.
 /// \since 1.0
 class LUMQT_EXPORT CBPAnimationObj : public QObject
 {

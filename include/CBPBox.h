@@ -110,6 +110,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    friend class CButtonGroupBox;
     friend class lumqt::ButtonPart; // has another layout
     void Init();
 

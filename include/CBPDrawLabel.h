@@ -36,6 +36,8 @@ public:
 
     /// Room for the text, and for the round ends of the pill. \since 1.0
     QSize sizeHint() const override;
+    /// The same: a layout keeps it this large. \since 1.0
+    QSize minimumSizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent *event) override;

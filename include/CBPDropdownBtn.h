@@ -72,7 +72,7 @@ public:
     /// \since 1.0
     void setSplit(bool split);
 
-    /// Sets the colour of the focus ring, two pixels wide; #4ba7f5 at first.
+    /// Sets the colour of the focus ring, two pixels wide; #2f86d8 at first.
     /// \since 1.0
     void setFocusFrameColor(QColor color);
 
@@ -143,6 +143,8 @@ private:
     void activate();
     QSize hint(int textWidth) const;
     int textGap() const;
+    QFont textFont() const;
+    QRect visual(const QRect &place) const;
     QRect arrowRect() const;
     void drawContent(QPainter &painter, int index);
 

@@ -6,8 +6,8 @@
 
 /// A label for "working ...": a row of dots that gains one every second and begins anew when it is full.
 ///
-/// It asks for the width of its full row, so that nothing beside it moves. While it is hidden no timer runs.
-/// GUI thread only. \since 1.0
+/// It asks for the room of its full row, of 24 dots at most, so that nothing beside it moves. While it is
+/// hidden no timer runs. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPEllipsisGifLabel : public QLabel
 {
     Q_OBJECT
@@ -31,6 +31,8 @@ public:
 
     /// Room for the full row. \since 1.0
     QSize sizeHint() const override;
+    /// The same: neighbours stand still in a row in want of room, too. \since 1.0
+    QSize minimumSizeHint() const override;
 
 protected:
     /// Shows as many dots as there are now. \since 1.0
@@ -41,6 +43,8 @@ protected:
     void hideEvent(QHideEvent *event) override;
 
 private:
+    bool showsDots() const;
+    QSize rowSize() const;
     bool startDots();
     void pauseDots();
 

@@ -43,6 +43,7 @@ public:
     bool IsRunning() const;
 
 protected:
+    void paintEvent(QPaintEvent *event) override;
     void timerEvent(QTimerEvent *event) override;
     void showEvent(QShowEvent *event) override;
     void hideEvent(QHideEvent *event) override;

@@ -15,7 +15,8 @@ namespace lumqt {
 class CachedText;
 }
 
-/// A thin progress bar, 8 pixels high, whose filled part is a gradient and grows smoothly.
+/// A thin progress bar, 8 pixels high, whose filled part is a gradient and grows smoothly, from left to right
+/// in any language.
 ///
 /// The first value shows at once. From then on the filled part grows by a pixel with each repaint, sooner
 /// after large steps than after small ones, and falls at once. Where values come faster than it grows it

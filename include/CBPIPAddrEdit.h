@@ -3,6 +3,7 @@
 #include "LumQtGlobal.h"
 
 #include <QLineEdit>
+#include <QPoint>
 #include <QPointer>
 #include <QVector>
 
@@ -11,7 +12,10 @@
 /// Three digits, "." and Space go on to the next edit; the arrow keys at either end, and Backspace in an
 /// empty edit, go to the neighbour. A whole address that is pasted or dropped here, with white space around
 /// it or not, fills four edits that are neighbours in a row. Any other text of more than three characters is
-/// refused as a whole, and a shorter one pasted as into any line edit. GUI thread only. \since 1.0
+/// refused as a whole, and a shorter one pasted as into any line edit.
+///
+/// The focus selects the whole octet, whether a key or a click brings it; the next click sets the cursor, and
+/// a drag selects from where it began. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPIPAddrEdit : public QLineEdit
 {
     Q_OBJECT
@@ -36,6 +40,8 @@ protected:
     void focusInEvent(QFocusEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void dropEvent(QDropEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
 
 private Q_SLOTS:
@@ -49,4 +55,7 @@ private:
 
     QPointer<QLineEdit> m_pNextEdit;
     QPointer<QLineEdit> m_pPreEdit;
+    bool m_selecting = false; // from the press that brought the focus to its release, or to a drag
+    QPoint m_pressedAt;
+    int m_pressedCursor = 0; // the character there
 };

@@ -10,7 +10,8 @@ class CBPIPAddrEdit;
 ///
 /// Octets may be empty; a whole address pasted or dropped into any of them fills all. The order of the octets
 /// is left to right in every language. The field has a fixed size; the focus that it is given goes to its
-/// first octet. Screen readers find a group with four named edits.
+/// first octet, and while an octet has it, a ring around the field shows that (not where the field is a
+/// window). Screen readers find a group with four named edits.
 ///
 /// Slots of its signals use deleteLater() for it: its line edits are still at work then. GUI thread only.
 /// \since 1.0
@@ -49,6 +50,7 @@ Q_SIGNALS:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private Q_SLOTS:
     void onTextChanged(const QString &text);

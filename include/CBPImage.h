@@ -5,13 +5,18 @@
 #include <QLabel>
 #include <QString>
 
+namespace lumqt {
+enum class FocusMark : unsigned char;
+}
+
 /// A picture that is as large as its file, and that can be clicked.
 ///
-/// The file is loaded from the path as it is given; "name@2x.png" beside "name.png" is taken on dense
-/// screens. A missing or broken file, or one of more than 8192 pixels a side, leaves an empty label of 0 x 0
-/// pixels and a warning. While it can be clicked the Tab key reaches it, Space and Enter click it, clicks do
-/// not reach what it lies on, and screen readers find a button named by the label's accessible name or else
-/// its tool tip. GUI thread only. \since 1.0
+/// The file is loaded from the path as it is given, or with the suffix of a known format added where there is
+/// none such; "name@2x.png" beside "name.png" is taken on dense screens. A missing or broken file, or one of
+/// more than 8192 x 8192 pixels or 32767 a side, leaves an empty label of 0 x 0 pixels and a warning. The
+/// picture is shown whole whatever padding a style sheet gives to labels. While it can be clicked the Tab key
+/// reaches it, Space and Enter click it, clicks do not reach what it lies on, and screen readers find a
+/// button named by the label's accessible name or else its tool tip. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPImage : public QLabel
 {
     Q_OBJECT
@@ -51,10 +56,11 @@ protected:
 
 private:
     void load();
+    void showRing();
 
     QString m_path;
     qreal m_ratio = 0.0; // that the picture was loaded for
     bool m_clickable = false;
     bool m_spaceDown = false;
-    bool m_showsFocus = false;
+    lumqt::FocusMark m_focusMark{};
 };

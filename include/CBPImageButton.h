@@ -20,6 +20,7 @@ namespace lumqt {
 class CachedText;
 class PaintedImage;
 enum class FocusMark : unsigned char;
+enum class Press : unsigned char;
 } // namespace lumqt
 
 /// A button drawn from four image files, one per state, with a text, a background, a frame, a coloured dot
@@ -177,6 +178,10 @@ private:
     void textChanged();
     void reportActivation();
     void followKey(bool wasDown);
+    void updateRing();
+    bool hasRingRoom() const;
+    QPoint imagePlace(const QSize &image) const;
+    QRect textPlace(const QSize &image) const;
     void focusLost(Qt::FocusReason reason);
     void followEnabled();
     QFont paintedFont() const;
@@ -189,7 +194,6 @@ private:
     int cornerRadius() const;
     void drawImage(QPainter &painter);
     void drawBackground(QPainter &painter, const QBrush &brush);
-    void drawFocusRing(QPainter &painter) const;
 
     int m_index = 0;
     QVector<QString> m_images;
@@ -217,11 +221,12 @@ private:
     QPointer<CTextTips> m_tips; // made when first shown
     QString m_tipsText;
     QSize m_paintedImage; // valid while a paint is under way
-    bool m_downByKey = false;
     std::unique_ptr<lumqt::PaintedImage> m_image;
     std::unique_ptr<lumqt::CachedText> m_textLayout; // made when first painted
     QFont m_measured;                                // the font that the size was made for
     lumqt::FocusMark m_focusMark{};
-    bool m_takenBack = false; // Escape came while the mouse held it down
-    QString m_plainText;      // the text of the base class that makes no shortcut
+    lumqt::Press m_press{};
+    bool m_ringInside = false;
+    bool m_mirrors = false; // image and text change sides where the layout runs from right to left
+    QString m_plainText;    // the text of the base class that makes no shortcut
 };

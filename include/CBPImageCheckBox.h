@@ -49,6 +49,7 @@ protected:
 
 private:
     bool hasImages() const;
+    void updateRing();
     QSize markSize() const;
 
     QVector<QString> m_images; // four unchecked, four checked; empty where there are others

@@ -16,8 +16,9 @@ class QPaintEvent;
 ///
 /// Arrow, Page, Home and End keys move it. A click on a label jumps there, one on the slider beside the
 /// handle goes a step towards the pointer, and the handle can be dragged. Texts are plain. Screen readers are
-/// told a slider of this widget's accessible name whose value is the label. The natural size has room for
-/// all labels side by side; made narrower, they overlap. GUI thread only. \since 1.0
+/// told a slider of this widget's accessible name, or else of the first and the last label, whose value is
+/// the label. The natural size has room for all labels side by side; made narrower, they overlap. GUI thread
+/// only. \since 1.0
 class LUMQT_EXPORT CBPJumpSlider : public QWidget
 {
     Q_OBJECT

@@ -7,15 +7,18 @@
 
 class QToolButton;
 
-/// A line edit with room for an icon at its left end, whose text is selected by the first click into it.
+/// A line edit with room for an icon in front of its text, whose text is selected by the first click into it.
 ///
 /// The first click with the mouse while it holds a text and is not read-only selects the whole text, ready to
 /// be replaced; any later one sets the cursor. A drag selects from where it began, the first one too.
 ///
-/// It takes the place of a QLineEdit but for this: the first argument of its constructor is a picture, not
-/// the text, which goes to setText(), and a pointer as the second one would block keys; the first click
-/// leaves the cursor at the end of the text; with a picture the text margins are its own. GUI thread only.
-/// \since 1.0
+/// It has the look of CBPStyle. A text that its validator or input mask does not take for finished has a red
+/// frame once the focus has left it; an empty one has not.
+///
+/// It takes the place of a QLineEdit but for this: it has a style of its own; the first argument of its
+/// constructor is a picture, not the text, which goes to setText(), and a pointer as the second one would
+/// block keys; the first click leaves the cursor at the end of the text; with a picture the text margins are
+/// its own. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPLineEdit : public QLineEdit
 {
     Q_OBJECT
@@ -57,9 +60,12 @@ protected:
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
     void createIcon(const QString &path);
+    void keepTextClear();
+    void placeIcon();
     bool isBlocked(const QKeyEvent *event) const;
 
     QToolButton *m_pIconBtn = nullptr;

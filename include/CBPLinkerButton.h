@@ -25,9 +25,9 @@ enum class Press : unsigned char;
 /// mouse clicks, wherever it is. Screen readers find a link named by its text.
 ///
 /// Where it is not as a QLabel: its focus policy is Qt::TabFocus from the start (and what
-/// setTextInteractionFlags() makes of it, as with any label), and with a text its size hint has room for the
-/// focus ring. Without a text it shows and measures a pixmap, movie or picture as a label does, and the ring
-/// over it. GUI thread only. \since 1.0
+/// setTextInteractionFlags() makes of it, as with any label), and with a text its size hint leaves rows of
+/// links room for the focus ring, which lies around the text. Without a text it shows and measures a pixmap,
+/// movie or picture as a label does, and the ring around it. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPLinkerButton : public QLabel
 {
     Q_OBJECT
@@ -69,7 +69,7 @@ public:
     /// \since 1.0
     int bindData() const;
 
-    /// Room for the whole text, and around it for the ring that shows the keyboard focus.
+    /// Room for the whole text, and a little above and below it.
     /// \since 1.0
     QSize sizeHint() const override;
 

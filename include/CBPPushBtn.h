@@ -132,6 +132,10 @@ public:
     /// \since 1.0
     void setBgTrancent(bool transparent);
 
+    /// As QPushButton's, and never narrower than the text, whatever a style sheet says of push buttons.
+    /// \since 1.0
+    QSize sizeHint() const override;
+
 Q_SIGNALS:
     /// The second press of a double-click with the left mouse button.
     /// \since 1.0
@@ -159,7 +163,7 @@ protected:
     /// it is wrapped. \since 1.0
     void setTextElided(bool elided);
 
-    /// The font of SetFont().
+    /// The font of the text: that of SetFont(), and what it leaves open as the widget's own font has it.
     /// \since 1.0
     QFont textFont() const;
 

@@ -15,7 +15,8 @@ class QCompleter;
 /// come from the model that the application gives to completer(). Up to 50 characters. The Tab key goes from
 /// the text on to the button inside, which Space and Enter press; a click on it gives the text the focus. As
 /// long as the focus stays within the field sigLoseFocus() is not sent. Screen readers find the buttons
-/// named. Its pictures are looked up relative to the current directory.
+/// named, and the field by its label, its placeholder or as a search, if the application gives it no name.
+/// Its pictures are looked up relative to the current directory.
 ///
 /// In the place of another line edit mind what the field brings along: a completer, a style sheet (so style()
 /// changes with setStyle(), and the one before is gone), a maximum length, a layout, text margins that are
@@ -42,6 +43,7 @@ Q_SIGNALS:
 
 protected:
     void showEvent(QShowEvent *event) override;
+    void changeEvent(QEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     bool focusNextPrevChild(bool next) override;
 
@@ -53,6 +55,7 @@ private Q_SLOTS:
 private:
     QToolButton *createButton(const char *objectName, const QString &accessibleName);
     void Changed(bool bEmpty);
+    void keepTextClear();
 
     QToolButton *m_pBtnClose = nullptr; // clears the text
     QToolButton *m_pBtnSearch = nullptr;

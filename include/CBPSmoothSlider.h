@@ -21,8 +21,9 @@ class QPainter;
 /// counted from 0 whatever the minimum, so that with one below 0 the pointer reaches the maximum before the
 /// right end, and keys alone reach what is below 0.
 ///
-/// Texts are plain. Screen readers are told a slider of this widget's accessible name. The natural size has
-/// room for all labels side by side; made narrower, they overlap. GUI thread only. \since 1.0
+/// Texts are plain. Screen readers are told a slider of this widget's accessible name, or else of the first
+/// and the last label. The natural size has room for all labels side by side; made narrower, they overlap.
+/// GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPSmoothSlider : public QWidget
 {
     Q_OBJECT

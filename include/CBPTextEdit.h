@@ -4,7 +4,7 @@
 
 #include <QTextEdit>
 
-/// A text edit of several lines with a greatest length.
+/// A text edit of several lines with a greatest length, in the look of CBPStyle.
 ///
 /// GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPTextEdit : public QTextEdit
@@ -25,13 +25,20 @@ public:
     /// \since 1.0
     void setMaxLength(int maxLength);
 
-    /// Sets the space between the frame and the text in pixels; less than 0 is 0. \since 1.0
+    /// Sets the space between the frame and the text in pixels; less than 0 is 0. It has the ground that the
+    /// text has. \since 1.0
     void setTextMargin(int left, int top, int right, int bottom);
+
+protected:
+    bool event(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
 
 private Q_SLOTS:
     void on_text_changed();
 
 private:
+    void paintMargin();
+
     int m_iMaxLength = 0;
     bool m_couldRedo = false; // before the last change
 };

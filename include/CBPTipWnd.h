@@ -17,8 +17,9 @@ class QRect;
 /// Show it with show() (and activateWindow(), so that it goes when the user clicks elsewhere), or let it
 /// follow the mouse over its widget. It hides on Escape, when it stops being the active window, and together
 /// with its widget. While it shows it stays under the widget, also where that is scrolled or its window
-/// moved; a widget that is scrolled out of sight takes the bubble with it. All sizes are logical pixels. GUI
-/// thread only. \since 1.0
+/// moved; a widget that is scrolled out of sight takes the bubble with it. Screen readers call it by the
+/// texts of its labels where it has no accessible name. All sizes are logical pixels. GUI thread only.
+/// \since 1.0
 class LUMQT_EXPORT CBPTipWnd : public QWidget
 {
     Q_OBJECT

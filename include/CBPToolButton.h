@@ -159,6 +159,7 @@ protected:
     void focusOutEvent(QFocusEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private Q_SLOTS:
     void OnActionTriggered(QAction *pAct);
@@ -180,6 +181,10 @@ private:
     void measureText();
     QColor paintedTextColor() const;
     void drawContent(QPainter &painter);
+    void updateRing();
+    bool hasRingRoom() const;
+    QPoint imagePosition(const QSize &image) const;
+    QPoint textPosition(const QSize &image) const;
     QPoint arrowPosition(const QSize &image) const;
 
     QVector<QString> m_images;
@@ -203,4 +208,6 @@ private:
     std::unique_ptr<lumqt::PaintedImage> m_image;
     lumqt::FocusMark m_focusMark{};
     lumqt::Press m_press{};
+    bool m_ringShown = false;
+    bool m_ringInside = false;
 };

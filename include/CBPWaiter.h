@@ -12,8 +12,8 @@
 
 class QPainter;
 
-/// A small modal dialog that says that something is going on: two halves of a picture open and uncover a
-/// text, whose dots then come and go.
+/// A small modal dialog that says that something is going on: the two halves of a picture close in on a text,
+/// whose dots then come and go.
 ///
 /// It is 130 x 38 pixels and ends by itself: after the time limit, and after five minutes in any case. While
 /// its window is minimised it only waits for these. GUI thread only. \since 1.0
@@ -77,7 +77,7 @@ private:
     QSize m_textSize;
     bool m_respondEsc = true;
     bool m_textPhase = false;
-    quint8 m_step = 0; // half the width that is uncovered, in pixels
+    quint8 m_step = 0; // of the way of the halves
     int m_dots = 0;    // number of the text frame
     bool m_running = false;
     bool m_resting = false; // minimised

@@ -22,7 +22,8 @@ class QLinearGradient;
 /// give the window other ways to what they do. A double-click on the bar does nothing.
 ///
 /// Colours come from "../res/UIConfig.ini" where it names valid ones. A title that finds no room is shown
-/// with an ellipsis. All sizes are logical pixels. GUI thread only. \since 1.0
+/// with an ellipsis, and its tool tip has all of it. All sizes are logical pixels. GUI thread only.
+/// \since 1.0
 class LUMQT_EXPORT CBPWinFrmTitle : public CRoundedRectBase
 {
     Q_OBJECT
@@ -81,7 +82,8 @@ public:
     /// the close button with a gap of 8 pixels between each two. Another \a index than 0 to their number
     /// appends. Null is ignored. The bar becomes the owner.
     ///
-    /// A CBPImageButton with the id 4, 16, 32 or 1024 becomes the bar's button of that id, if it has none.
+    /// A CBPImageButton with the id 4, 16, 32 or 1024 becomes the bar's button of that id, if it has none;
+    /// screen readers are told what 4 and 16 do, unless the button has a name or a tool tip.
     /// Connect its btn_released(int) to on_btn_clicekedSlot(int) to have its clicks reported. \since 1.0
     void InsertWidget(int index, QWidget *widget, int stretch, Qt::Alignment alignment);
 
@@ -140,6 +142,7 @@ private:
     static void nameButton(CBPImageButton *button, QString &ownName, const QString &name);
     void createLayout();
     void retranslate();
+    void nameButtons();
     CBPImageButton *button(int id) const;
     QPointer<CBPImageButton> *slot(int id);
     void showImage(Label &label, const QString &path);
@@ -149,8 +152,10 @@ private:
     QPointer<QWidget> m_parentWindow;
     QHBoxLayout *m_rightRow = nullptr;
     QPointer<CBPImageButton> m_offerBtn;
-    QString m_minName; // what this bar named these two, which have no tool tip to be named by
+    QString m_minName; // what this bar named these
     QString m_closeName;
+    QString m_maxName;
+    QString m_settingsName;
     QPointer<CBPImageButton> m_minBtn;
     QPointer<CBPImageButton> m_maxBtn;
     QPointer<CBPImageButton> m_closeBtn;

@@ -4,6 +4,7 @@
 
 #include <QMainWindow>
 #include <QMap>
+#include <QPixmap>
 #include <QRect>
 #include <QStringList>
 
@@ -76,6 +77,10 @@ public:
     /// resized. The pointer presses a button 6 pixels further right and a little higher. Empty for an \a id
     /// without a button, before the frame was first painted and in full screen. \since 1.0
     QRect globalBtnRect(int id);
+
+    /// A picture of the window as it stands on the screen, its frame included, which QWidget::grab() leaves
+    /// out on Windows, where it is no part of the widget. In full screen there is no frame. \since 1.0
+    QPixmap grabWithFrame();
 
     /// Width of the border, asked of the system at each call.
     /// \since 1.0

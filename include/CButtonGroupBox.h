@@ -10,7 +10,8 @@ class CBPPushBtn;
 
 namespace lumqt {
 class FocusGroup;
-}
+class GroupButton;
+} // namespace lumqt
 
 /// A horizontal row of push buttons, edge to edge in a frame, with thin lines between them. Where the row is
 /// wider than its buttons they stand at its beginning.
@@ -61,7 +62,11 @@ private Q_SLOTS:
     void slotResizeWidget();
 
 private:
+    friend class lumqt::GroupButton;
+
     CBPPushBtn *CreateButton(int id, QString text, QString iconPath);
+    void drawSeparators(QPainter &painter) const;
+    void drawOverButton(QPainter &painter) const;
 
     bool m_exclusive;
     QVector<QPointer<CBPPushBtn>> m_buttons;

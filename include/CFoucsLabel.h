@@ -105,6 +105,7 @@ private:
     Places places() const;
     QColor textColor() const;
     QColor groundColor() const;
+    void drawBar(QPainter &painter, int inset);
     void drawIcon(QPainter &painter, Icon &icon, const QRect &place);
     void drawText(QPainter &painter, const QRect &place);
     void drawArrow(QPainter &painter, const QRect &place);

@@ -9,7 +9,9 @@ class QLabel;
 
 /// A plain dark box with a text, shown like a tool tip: without a frame, on top, and never active.
 ///
-/// Whoever makes it places, shows and hides it. It is as large as its text. GUI thread only. \since 1.0
+/// Whoever makes it places, shows and hides it. It is as large as its text. Its ground is SetBkgColor()'s
+/// alone: what a style sheet lays behind labels is not laid behind its text. Screen readers call it by its
+/// text where it has no accessible name. GUI thread only. \since 1.0
 class LUMQT_EXPORT CTextTips : public QWidget
 {
     Q_OBJECT

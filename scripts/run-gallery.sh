@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Builds the gallery and shows it, or writes pictures of it.
 #   run-gallery.sh                                      shows it; without a display, writes screenshots
-#   run-gallery.sh --screenshots DIR [--scale 1|1.5|2]  one PNG per page, without a display
+#   run-gallery.sh --screenshots DIR [--scale 1..4]     one PNG per page, without a display
 #   run-gallery.sh --class-pictures DIR                 one PNG per class, for the documentation
 #   run-gallery.sh --windows ...                        the same with the Windows build under Wine
 # Installs what is missing with apt.
@@ -10,7 +10,7 @@ here=$(cd "$(dirname "$0")" && pwd)
 # shellcheck source=scripts/common.sh
 . "$here/common.sh"
 
-usage="usage: run-gallery.sh [--windows] [--screenshots DIR [--scale 1|1.5|2] | --class-pictures DIR]"
+usage="usage: run-gallery.sh [--windows] [--screenshots DIR [--scale 1..4] | --class-pictures DIR]"
 preset=linux target= scale=1 kind=screenshots
 while [ $# -gt 0 ]; do
   case $1 in
@@ -22,7 +22,7 @@ while [ $# -gt 0 ]; do
   esac
   shift
 done
-case $scale in 1 | 1.5 | 2) ;; *) fail "$usage" ;; esac
+case $scale in [1-4] | [1-3].[0-9] | [1-3].[0-9][0-9]) ;; *) fail "$usage" ;; esac
 if [ -z "$target" ] && [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
   say "No display: writing screenshots instead"
   target=$PWD/screenshots

@@ -9,7 +9,6 @@ namespace {
 constexpr int kLines = 3;
 constexpr int kLineHeight = 22;
 constexpr int kPadding = 12;
-constexpr int kRadius = 4;
 
 } // namespace
 
@@ -32,10 +31,7 @@ void EventLog::add(const QString &line)
 void EventLog::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(theme::kLine);
-    painter.setBrush(theme::kPanel);
-    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);
+    theme::paintPanel(painter, rect());
     QRect line(kPadding + 4, kPadding, width() - 2 * kPadding - 8, kLineHeight);
     painter.setPen(theme::kCaption);
     if (m_lines.isEmpty())

@@ -14,7 +14,6 @@
 #include <QIcon>
 #include <QLabel>
 #include <QScrollArea>
-#include <QScrollBar>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
@@ -26,21 +25,6 @@ constexpr int kListButton = 1;
 constexpr int kTickWidth = 16;
 constexpr QSize kFirstSize(1208, 800);
 constexpr QSize kLeastSize(760, 480);
-
-// A thin bar without buttons, as long as the library's own is not there.
-const char kScrollBarStyle[] =
-    "QScrollBar:vertical{background:#ffffff;width:12px;margin:0;}"
-    "QScrollBar:horizontal{background:#ffffff;height:12px;margin:0;}"
-    "QScrollBar::handle{background:#8793a1;border-radius:4px;margin:2px;min-height:32px;min-width:32px;}"
-    "QScrollBar::handle:hover{background:#677280;}"
-    "QScrollBar::handle:pressed{background:#4baeb2;}"
-    "QScrollBar::add-line,QScrollBar::sub-line{width:0;height:0;}"
-    "QScrollBar::add-page,QScrollBar::sub-page{background:transparent;}";
-
-const char kSearchStyle[] =
-    "QLineEdit{background:#ffffff;border:1px solid #4a566c;border-radius:3px;padding:0 4px;}"
-    "QLineEdit:focus{border-color:#49a7f5;}";
-constexpr int kSearchHeight = 30;
 
 // Where both scroll bars meet, as white as they are.
 QWidget *plainCorner()
@@ -75,6 +59,7 @@ QWidget *GalleryWindow::makeSideBar()
 {
     auto *bar = new QWidget;
     bar->setFixedWidth(theme::kSideBarWidth);
+    bar->setAccessibleName(tr("Side bar"));
     theme::fill(bar, theme::kInk);
 
     auto *layout = new QVBoxLayout(bar);
@@ -97,11 +82,10 @@ QWidget *GalleryWindow::makeSideBar()
 QWidget *GalleryWindow::makeSearch()
 {
     auto *place = new QWidget;
-    place->setStyleSheet(QLatin1String(kSearchStyle));
     auto *layout = new QHBoxLayout(place);
     layout->setContentsMargins(2 * theme::kUnit, theme::kUnit, 2 * theme::kUnit, theme::kUnit);
     auto *edit = new CBPSearchEdit(nullptr);
-    edit->setFixedHeight(kSearchHeight);
+    edit->setFixedHeight(theme::kControlHeight);
     edit->setFont(theme::font(theme::Normal, 14));
     edit->setPlaceholderText(tr("Search"));
     edit->setAccessibleName(tr("Search the pages"));
@@ -179,8 +163,6 @@ QScrollArea *GalleryWindow::scrollAreaOf(const PageInfo &info, Page *page)
     area->setWidgetResizable(true);
     area->setFocusPolicy(Qt::NoFocus);
     area->setAccessibleName(info.title);
-    area->verticalScrollBar()->setStyleSheet(QLatin1String(kScrollBarStyle));
-    area->horizontalScrollBar()->setStyleSheet(QLatin1String(kScrollBarStyle));
     area->setCornerWidget(plainCorner());
     page->offerSource(info);
     area->setWidget(page);

@@ -5,6 +5,7 @@
 
 #include "CBPLinkerButton.h"
 
+#include <QAccessible>
 #include <QFrame>
 #include <QGridLayout>
 #include <QLabel>
@@ -25,6 +26,14 @@ constexpr int kCaptionReach = 4 * theme::kUnit; // the farthest that a caption s
 QLabel *captionLabel(const QString &text)
 {
     return theme::label(text, theme::Normal, kCaptionSize, theme::kCaption);
+}
+
+// What has no text of its own is called as its caption is.
+void nameByCaption(QWidget *sample, const QString &caption)
+{
+    const QAccessibleInterface *face = sample ? QAccessible::queryAccessibleInterface(sample) : nullptr;
+    if (face && face->text(QAccessible::Name).isEmpty())
+        sample->setAccessibleName(caption);
 }
 
 int heightOf(const Sample &sample)
@@ -60,6 +69,7 @@ QGridLayout *rowOfSamples(const QVector<Sample> &samples, const QColor &captionC
     const bool low = height <= kLowSample;
     for (int column = 0; column < samples.size(); ++column) {
         const Sample &sample = samples[column];
+        nameByCaption(sample.widget, sample.caption);
         QLabel *caption = nullptr;
         if (!sample.caption.isEmpty())
             caption = theme::label(sample.caption, theme::Normal, kCaptionSize, captionColor);
@@ -177,7 +187,9 @@ void Section::addTable(const QStringList &columns, const QVector<SampleRow> &row
         QLabel *caption = theme::label(rows[row].caption, theme::Normal, 14, theme::kText);
         grid->addWidget(caption, row + 2, 0, Qt::AlignVCenter);
         for (int column = 0; column < rows[row].widgets.size(); ++column) {
-            if (QWidget *sample = rows[row].widgets[column])
+            QWidget *sample = rows[row].widgets[column];
+            nameByCaption(sample, rows[row].caption);
+            if (sample)
                 grid->addWidget(sample, row + 2, column + 1, Qt::AlignLeft | Qt::AlignVCenter);
         }
     }
@@ -227,7 +239,7 @@ Section *Page::addSection(const QString &title, const QString &explanation)
 void Page::offerSource(const PageInfo &page)
 {
     for (Section *section : qAsConst(m_sections)) {
-        auto *link = new CBPLinkerButton(tr("Source"), ENLinkerTypeHover, 0, section);
+        auto *link = theme::link(tr("Source"), section);
         link->setProperty(kSourceLink, true);
         link->setAccessibleName(tr("Source of %1").arg(section->title()));
         section->m_titleRow->addWidget(link, 0, Qt::AlignVCenter);

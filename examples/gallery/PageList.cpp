@@ -22,9 +22,9 @@ constexpr int kCurrentAlpha = 26;
 // As thin as it can be taken hold of, without buttons, and in the colours of the side bar.
 const char kScrollBarStyle[] =
     "QScrollBar:vertical{background:#222a3e;width:8px;margin:0;border:none;}"
-    "QScrollBar::handle{background:#4a566c;border-radius:3px;margin:1px;min-height:32px;}"
-    "QScrollBar::handle:hover{background:#62708a;}"
-    "QScrollBar::handle:pressed{background:#4baeb2;}"
+    "QScrollBar::handle{background:#6a7893;border-radius:3px;margin:1px;min-height:32px;}"
+    "QScrollBar::handle:hover{background:#8593ad;}"
+    "QScrollBar::handle:pressed{background:#5aa9f0;}"
     "QScrollBar::add-line,QScrollBar::sub-line{width:0;height:0;}"
     "QScrollBar::add-page,QScrollBar::sub-page{background:transparent;}";
 
@@ -67,9 +67,9 @@ private:
         if (current || hovered)
             painter.fillRect(rect, QColor(255, 255, 255, current ? kCurrentAlpha : kHoverAlpha));
         if (current)
-            painter.fillRect(QRect(rect.left(), rect.top(), kMarkWidth, rect.height()), theme::kAccent);
+            painter.fillRect(QRect(rect.left(), rect.top(), kMarkWidth, rect.height()), theme::kAccentOnInk);
         if (current && m_list->showsFocus()) {
-            painter.setPen(QPen(theme::kAccentBlue, 2));
+            painter.setPen(QPen(theme::kRing, 2));
             painter.drawRect(QRectF(rect).adjusted(kMarkWidth + 1, 1, -1, -1));
         }
         painter.setFont(current ? m_currentFont : m_font);

@@ -2,7 +2,8 @@
 
 #include "CBPWinFrm.h"
 
-#include <QCoreApplication>
+#include <QAbstractScrollArea>
+#include <QApplication>
 #include <QFocusEvent>
 #include <QLabel>
 #include <QMouseEvent>
@@ -27,6 +28,37 @@ void sendPress(QWidget *sample)
     QCoreApplication::sendEvent(sample, &event);
 }
 
+// Some ask for the focus when they paint, and those that a style paints do. To them a widget has it when the
+// one that it stands in for has it; that may be any of the program.
+class FocusWhilePainting : public QObject
+{
+public:
+    explicit FocusWhilePainting(QWidget *sample) : QObject(sample), m_sample(sample)
+    {
+        sample->installEventFilter(this);
+        if (auto *area = qobject_cast<QAbstractScrollArea *>(sample))
+            area->viewport()->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        QWidget *focused = QApplication::focusWidget();
+        if (event->type() != QEvent::Paint || m_painting || !focused || m_sample->hasFocus())
+            return false;
+        m_painting = true;
+        m_sample->setFocusProxy(focused);
+        QCoreApplication::sendEvent(watched, event);
+        m_sample->setFocusProxy(nullptr); // or the end of the sample would be that of the focus
+        m_painting = false;
+        return true;
+    }
+
+private:
+    QWidget *m_sample;
+    bool m_painting = false;
+};
+
 } // namespace
 
 void put(QWidget *sample, State state)
@@ -46,6 +78,7 @@ void put(QWidget *sample, State state)
     case Focused: {
         QFocusEvent event(QEvent::FocusIn, Qt::TabFocusReason);
         QCoreApplication::sendEvent(sample, &event);
+        new FocusWhilePainting(sample);
         break;
     }
     case Disabled:

@@ -19,7 +19,8 @@ namespace {
 
 constexpr int kExposeTimeout = 10000; // ms
 constexpr int kPointerInset = 4;
-constexpr int kSettleTime = 150; // ms; the frame of a native window is painted by messages of its own
+// ms: what fades has its last colour, and the frame of a native window is painted by messages of its own.
+constexpr int kSettleTime = 150;
 
 void settle(int milliseconds)
 {

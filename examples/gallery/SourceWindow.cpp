@@ -27,10 +27,9 @@ constexpr int kClose = 0x100000;
 constexpr QSize kSize(880, 640);
 constexpr int kFontSize = 13;
 constexpr int kLinesAbove = 2;
-const QColor kSectionGround(232, 244, 245);
-const QColor kComment(103, 114, 128);
+const QColor kComment(90, 100, 114);
 const QColor kString(163, 74, 24);
-const QColor kKeyword(20, 100, 180);
+const QColor kKeyword(122, 62, 157);
 
 class Highlighter : public QSyntaxHighlighter
 {
@@ -40,7 +39,7 @@ public:
 protected:
     void highlightBlock(const QString &line) override
     {
-        mark(line, m_classes, theme::kAccentDeep);
+        mark(line, m_classes, theme::kAccentHovered);
         mark(line, m_keywords, kKeyword);
         mark(line, m_strings, kString);
         mark(line, m_comments, kComment);
@@ -100,7 +99,7 @@ public:
         QTextCursor cursor(document->findBlockByNumber(lines.first));
         m_text->setTextCursor(cursor);
         QTextEdit::ExtraSelection ground;
-        ground.format.setBackground(kSectionGround);
+        ground.format.setBackground(theme::kAccentTint);
         ground.format.setProperty(QTextFormat::FullWidthSelection, true);
         QList<QTextEdit::ExtraSelection> marks;
         for (int line = lines.first; line <= lines.last; ++line) {

@@ -1,13 +1,18 @@
 #include "Theme.h"
 
+#include "CBPLinkerButton.h"
+#include "CBPPushBtn.h"
 #include "Util.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFileInfo>
-#include <QGuiApplication>
 #include <QImageReader>
 #include <QLabel>
+#include <QPainter>
+#include <QPalette>
 #include <QPixmap>
+#include <QStyle>
 #include <QVariant>
 
 namespace theme {
@@ -34,6 +39,35 @@ QLabel *label(const QString &text, Weight weight, int pixelSize, const QColor &c
     palette.setColor(QPalette::WindowText, color);
     result->setPalette(palette);
     return result;
+}
+
+QVector<QColor> accents()
+{
+    return {kAccent, kAccentHovered, kAccentPressed, kAccentDisabled};
+}
+
+CBPPushBtn *primaryButton(const QString &text, QWidget *parent)
+{
+    auto *result = new CBPPushBtn(text, parent);
+    result->setBgColor(accents());
+    result->setFrmColor(accents());
+    result->setTextColor(QVector<QColor>(4, Qt::white));
+    return result;
+}
+
+CBPLinkerButton *link(const QString &text, QWidget *parent)
+{
+    auto *result = new CBPLinkerButton(text, ENLinkerTypeHover, 0, parent);
+    result->SetTextColor({kAccent, kAccentHovered, kAccentPressed, kCaption});
+    return result;
+}
+
+void paintPanel(QPainter &painter, const QRect &rect)
+{
+    const qreal scale = painter.deviceTransform().m11();
+    const qreal line = qMax(1, int(scale)) / scale;
+    painter.fillRect(QRectF(rect), kLine);
+    painter.fillRect(QRectF(rect).adjusted(line, line, -line, -line), kPanel);
 }
 
 void fill(QWidget *widget, const QColor &color)
@@ -63,10 +97,17 @@ QPixmap picture(const QString &name)
     const qreal ratio = qApp->devicePixelRatio();
     QString file = picturePath(name);
     const QFileInfo info(file);
-    const QString dense =
-        info.dir().filePath(info.completeBaseName() + QStringLiteral("@2x.") + info.suffix());
-    if (ratio > 1.0 && QFile::exists(dense))
-        file = dense; // Qt reads the density from the name
+    const auto twin = [&info](qreal density) {
+        return info.dir().filePath(
+            QStringLiteral("%1@%2x.%3").arg(info.completeBaseName()).arg(density).arg(info.suffix()));
+    };
+    if (ratio > 1.0 && ratio < 2.0 && QFile::exists(twin(ratio))) {
+        QPixmap exact(twin(ratio));
+        exact.setDevicePixelRatio(ratio);
+        return exact;
+    }
+    if (ratio > 1.0 && QFile::exists(twin(2)))
+        file = twin(2); // Qt reads the density from the name
     QImageReader reader(file);
     if (info.suffix() == QLatin1String("svg"))
         reader.setScaledSize(reader.size() * ratio);
@@ -74,6 +115,22 @@ QPixmap picture(const QString &name)
     if (info.suffix() == QLatin1String("svg"))
         result.setDevicePixelRatio(ratio);
     return result;
+}
+
+void setUpColors()
+{
+    QPalette palette = QApplication::style()->standardPalette();
+    const QColor faint(150, 158, 168);
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(role, kInk);
+        palette.setColor(QPalette::Disabled, role, faint);
+    }
+    palette.setColor(QPalette::PlaceholderText, kCaption);
+    palette.setColor(QPalette::Highlight, kAccent);
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Inactive, QPalette::Highlight, kAccentTint);
+    palette.setColor(QPalette::Inactive, QPalette::HighlightedText, kInk);
+    QApplication::setPalette(palette);
 }
 
 } // namespace theme

@@ -11,8 +11,6 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
-#include <QPalette>
-#include <QStyle>
 #include <QStyleFactory>
 #include <QTextStream>
 
@@ -99,27 +97,10 @@ void fixDensityOfPictures(int argc, char *argv[])
     }
 }
 
-// One palette on every system, with a selection that stays visible while another window is in front.
-void setUpColors()
-{
-    QPalette palette = QApplication::style()->standardPalette();
-    const QColor faint(150, 158, 168);
-    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-        palette.setColor(role, theme::kInk);
-        palette.setColor(QPalette::Disabled, role, faint);
-    }
-    palette.setColor(QPalette::PlaceholderText, theme::kCaption);
-    palette.setColor(QPalette::Highlight, theme::kAccentDeep);
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    palette.setColor(QPalette::Inactive, QPalette::Highlight, QColor(213, 236, 238));
-    palette.setColor(QPalette::Inactive, QPalette::HighlightedText, theme::kInk);
-    QApplication::setPalette(palette);
-}
-
 int run(const Options &options)
 {
     setUpFonts();
-    setUpColors();
+    theme::setUpColors();
     Util::InstallCatalogue(); // the library's own English texts, such as the titles of message boxes
     GalleryWindow window;
     window.showPage(options.page.isEmpty() ? pages().first().id : options.page);

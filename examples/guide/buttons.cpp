@@ -4,6 +4,7 @@
 #include "CBPLabel.h"
 #include "CBPMenu.h"
 #include "CBPPushBtn.h"
+#include "CBPStyle.h"
 #include "ENState.h"
 #include "Util.h"
 
@@ -79,7 +80,10 @@ CBPImageButton *dateButton(CBPLabel *log)
 
 int main(int argc, char *argv[])
 {
+    //! [style]
     QApplication application(argc, argv);
+    CBPStyle::Install();
+    //! [style]
     QDir::setCurrent(QCoreApplication::applicationDirPath());
 
     CBaseWin window;

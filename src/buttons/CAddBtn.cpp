@@ -5,6 +5,8 @@
 
 #include <QFontMetrics>
 #include <QPainter>
+#include <QStyle>
+#include <QtMath>
 
 namespace {
 
@@ -27,13 +29,18 @@ QAccessibleInterface *makeAccessible(QWidget *widget)
     });
 }
 
+// In whole device pixels, and as long on both sides of the middle at every ratio.
 void drawMark(QPainter &painter, const QPoint &topLeft, const QColor &color)
 {
-    const int middle = (kMark - kStroke) / 2;
-    const QRect strokes[] = {QRect(0, middle, kMark, kStroke), QRect(middle, 0, kStroke, middle),
-                             QRect(middle, middle + kStroke, kStroke, middle)};
-    for (const QRect &stroke : strokes) // which do not overlap: the colour may be see-through
-        painter.fillRect(lumqt::wholeDevicePixels(painter, stroke.translated(topLeft)), color);
+    const QRectF box = lumqt::wholeDevicePixels(painter, QRectF(topLeft, QSizeF(kMark, kMark)));
+    const qreal pixel = kMark / painter.deviceTransform().mapRect(QRectF(0, 0, kMark, kMark)).width();
+    const qreal stroke = qMax(1, qRound(kStroke / pixel)) * pixel;
+    const qreal arm = qFloor((box.width() - stroke) / 2 / pixel) * pixel;
+    const qreal length = 2 * arm + stroke;
+    const QRectF strokes[] = {QRectF(0, arm, length, stroke), QRectF(arm, 0, stroke, arm),
+                              QRectF(arm, arm + stroke, stroke, arm)};
+    for (const QRectF &each : strokes) // which do not overlap: the colour may be see-through
+        painter.fillRect(each.translated(box.topLeft()), color);
 }
 
 } // namespace
@@ -76,8 +83,11 @@ void CAddBtn::drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, int i
     const int advance = QFontMetrics(textFont()).horizontalAdvance(label);
     const int block = label.isEmpty() ? kMark : kMark + kGap + advance;
     const QPoint topLeft(rect.x() + (rect.width() - block) / 2, rect.y() + (rect.height() - kMark) / 2);
-    drawMark(*painter, topLeft, pen.color());
+    const auto visual = [&](const QRect &place) {
+        return QStyle::visualRect(layoutDirection(), rect, place);
+    };
+    drawMark(*painter, visual(QRect(topLeft, QSize(kMark, kMark))).topLeft(), pen.color());
     if (!label.isEmpty())
-        painter->drawText(QRect(topLeft.x() + kMark + kGap, rect.y(), advance + kGap, rect.height()),
-                          Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, label);
+        painter->drawText(visual(QRect(topLeft.x() + kMark + kGap, rect.y(), advance, rect.height())),
+                          Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextDontClip, label);
 }

@@ -14,11 +14,11 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
+#include <QStyle>
 
 namespace {
 
 // Look and metrics, in logical pixels.
-const QColor kFocusFrameColor(75, 167, 245);
 constexpr int kHeight = 28;
 constexpr int kPadding = 12; // left of the content
 constexpr int kIconSize = 16;
@@ -30,8 +30,7 @@ constexpr int kArrowWidth = 8;
 constexpr int kArrowHeight = 4;
 constexpr int kDividerInset = 6;  // from the upper and the lower edge
 constexpr int kDividerAlpha = 96; // of the text colour
-constexpr int kFocusRingWidth = 2;
-constexpr int kMenuGap = 2; // between button and menu
+constexpr int kMenuGap = 2;       // between button and menu
 
 constexpr int kStates = 4;
 
@@ -91,7 +90,7 @@ CBPDropdownBtn::CBPDropdownBtn(QString text, int id, QWidget *parent)
       m_text(text),
       m_font(lumqt::uiFont()),
       m_id(id),
-      m_focusFrameColor(kFocusFrameColor),
+      m_focusFrameColor(lumqt::kFocusRingColor),
       m_label(std::make_unique<lumqt::CachedText>())
 {
     lumqt::registerMenuItem();
@@ -189,9 +188,11 @@ void CBPDropdownBtn::OnActionTriggered(QAction *pAct)
 // mouse that opened it.
 QPoint CBPDropdownBtn::menuPosition() const
 {
-    const QPoint below = mapToGlobal(QPoint(0, height() + kMenuGap));
+    const QSize menuSize = m_menu->sizeHint();
+    const int menuHeight = menuSize.height();
+    const QPoint below =
+        mapToGlobal(QPoint(isRightToLeft() ? width() - menuSize.width() : 0, height() + kMenuGap));
     const QRect screenRect = screen()->availableGeometry();
-    const int menuHeight = m_menu->sizeHint().height();
     const int above = mapToGlobal(QPoint(0, 0)).y() - kMenuGap - menuHeight;
     const bool fitsBelow = below.y() + menuHeight - 1 <= screenRect.bottom();
     return fitsBelow || above < screenRect.top() ? below : QPoint(below.x(), above);
@@ -371,21 +372,33 @@ int CBPDropdownBtn::textGap() const
     return m_split ? kSplitTextGap : kTextGap;
 }
 
+// As a painter completes it.
+QFont CBPDropdownBtn::textFont() const
+{
+    return m_font.resolve(font());
+}
+
 QSize CBPDropdownBtn::sizeHint() const
 {
-    return hint(QFontMetrics(m_font).horizontalAdvance(m_text));
+    return hint(QFontMetrics(textFont()).horizontalAdvance(m_text));
 }
 
 QSize CBPDropdownBtn::minimumSizeHint() const
 {
-    const QFontMetrics metrics(m_font);
+    const QFontMetrics metrics(textFont());
     const int ellipsis = metrics.horizontalAdvance(QChar(0x2026));
     return hint(qMin(ellipsis, metrics.horizontalAdvance(m_text)));
 }
 
+// Where `place` lies in the direction of the layout: the triangle is at the end of the line.
+QRect CBPDropdownBtn::visual(const QRect &place) const
+{
+    return QStyle::visualRect(layoutDirection(), rect(), place);
+}
+
 QRect CBPDropdownBtn::arrowRect() const
 {
-    return QRect(width() - kArrowPart, 0, kArrowPart, height());
+    return visual(QRect(width() - kArrowPart, 0, kArrowPart, height()));
 }
 
 void CBPDropdownBtn::paintEvent(QPaintEvent *)
@@ -397,7 +410,7 @@ void CBPDropdownBtn::paintEvent(QPaintEvent *)
     body.radiusY = m_roundRadius.value(1);
     if (IsFocus() && isEnabled()) {
         body.frame = m_focusFrameColor;
-        body.frameWidth = kFocusRingWidth;
+        body.frameWidth = lumqt::kFocusRingWidth;
     } else if (body.radiusX > 0 || !m_frmTrancent) {
         body.frame = paintedFrmColor(index);
     }
@@ -413,21 +426,23 @@ void CBPDropdownBtn::drawContent(QPainter &painter, int index)
     if (!m_icon.isNull()) {
         const QPixmap icon = lumqt::iconPixmap(m_icon, QSize(kIconSize, kIconSize), iconMode(), this);
         const QSize size = lumqt::logicalSize(icon);
-        painter.drawPixmap(left + (kIconSize - size.width()) / 2, (height() - size.height()) / 2, icon);
+        const QPoint place(left + (kIconSize - size.width()) / 2, (height() - size.height()) / 2);
+        painter.drawPixmap(visual(QRect(place, size)).topLeft(), icon);
         left += kIconSize + kIconGap;
     }
-    const int room = arrow.left() - textGap() - left;
-    m_cut = m_label->lineSize(m_text, m_font).width() > room;
+    const int room = width() - kArrowPart - textGap() - left;
+    m_cut = m_label->lineSize(m_text, textFont()).width() > room;
     if (room > 0 && !m_text.isEmpty()) {
         painter.setPen(paintedTextColor(index));
-        m_label->drawLeft(painter, QRect(left, 0, room, height()),
-                          m_cut ? lumqt::elidedLine(m_text, m_font, room) : m_text, m_font);
+        const QString shown = m_cut ? lumqt::elidedLine(m_text, textFont(), room) : m_text;
+        const int advance = qMin(room, m_label->lineSize(shown, textFont()).width());
+        m_label->drawLeft(painter, visual(QRect(left, 0, advance, height())), shown, textFont());
     }
     if (m_split) {
         QColor line = paintedTextColor(index);
         line.setAlpha(kDividerAlpha);
-        const QRectF place(arrow.left(), kDividerInset, 1, height() - 2 * kDividerInset);
-        painter.fillRect(lumqt::wholeDevicePixels(painter, place), line);
+        const QRect place(width() - kArrowPart, kDividerInset, 1, height() - 2 * kDividerInset);
+        painter.fillRect(lumqt::evenDevicePixels(painter, visual(place)), line);
     }
     const QColor own = m_triangleColor.size() == kStates ? triangleColor(index) : QColor();
     lumqt::drawDropTriangle(

@@ -4,13 +4,17 @@
 #include "ENState.h"
 #include "foundation/Accessible.h"
 #include "foundation/FocusMark.h"
+#include "foundation/FocusRing.h"
 #include "foundation/FontLookup.h"
 #include "foundation/ImageLoader.h"
 #include "foundation/Painting.h"
 #include "foundation/PlainText.h"
+#include "foundation/PressKeys.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QTextDocument>
+#include <QTextDocumentFragment>
 #include <QWindow>
 
 namespace {
@@ -68,7 +72,7 @@ void CBPImageButton::SetImgButtonRes(QVector<QString> &images)
 {
     m_images = images;
     m_image->forget();
-    update();
+    updateRing();
 }
 
 QSize CBPImageButton::GetSize() const
@@ -156,6 +160,8 @@ void CBPImageButton::SetSelect(bool selected)
 void CBPImageButton::SetBtnShow(bool show)
 {
     m_shown = show;
+    if (!show)
+        lumqt::setRingAround(this, false); // what it draws itself goes with the next paint
 }
 
 void CBPImageButton::SetHight(int height)
@@ -198,7 +204,7 @@ QSize CBPImageButton::imageSize(int index) const
 void CBPImageButton::textChanged()
 {
     ReSetSize();
-    update();
+    updateRing();
     nameChanged();
 }
 
@@ -273,7 +279,7 @@ void CBPImageButton::mousePressEvent(QMouseEvent *event)
     if (m_selected)
         return;
     if (event->button() == Qt::LeftButton)
-        m_takenBack = false;
+        m_press = lumqt::Press::Mouse;
     hideTips();
     m_index = ENStatePress;
     // At once: what is connected to pressed() may take its time.
@@ -285,10 +291,8 @@ void CBPImageButton::mouseReleaseEvent(QMouseEvent *event)
 {
     if (m_selected)
         return;
-    if (m_takenBack && event->button() == Qt::LeftButton) { // by Escape
-        m_takenBack = false;
+    if (event->button() == Qt::LeftButton && !lumqt::mouseReleased(m_press))
         return;
-    }
     if (event->button() != Qt::LeftButton || !rect().contains(event->pos())) {
         QPushButton::mouseReleaseEvent(event);
         return;
@@ -322,14 +326,16 @@ void CBPImageButton::keyPressEvent(QKeyEvent *event)
     }
     if (isActivationKey(event->key())) {
         lumqt::keyUsed(m_focusMark);
-        update();
+        updateRing();
     }
     const QPointer<CBPImageButton> alive(this);
     const bool wasDown = isDown();
     QPushButton::keyPressEvent(event);
     if (!alive)
         return;
-    m_takenBack = m_takenBack || (wasDown && !isDown() && event->matches(QKeySequence::Cancel));
+    const bool takenBack = wasDown && !isDown() && event->matches(QKeySequence::Cancel);
+    if (takenBack && m_press == lumqt::Press::Mouse)
+        m_press = lumqt::Press::TakenBack;
     followKey(wasDown);
 }
 
@@ -347,7 +353,8 @@ void CBPImageButton::followKey(bool wasDown)
 {
     if (isDown() == wasDown || m_selected)
         return;
-    m_downByKey = isDown();
+    if (isDown() || m_press == lumqt::Press::Space)
+        m_press = isDown() ? lumqt::Press::Space : lumqt::Press::None;
     hideTips();
     m_index = isDown() ? ENStatePress : underMouse() ? ENStateHover : ENStateNormal;
     update();
@@ -372,24 +379,26 @@ bool CBPImageButton::event(QEvent *event)
     lumqt::dropMnemonic(this, m_plainText);
     if (event->type() == QEvent::FocusIn) {
         lumqt::focusGained(m_focusMark, static_cast<QFocusEvent *>(event)->reason());
-        update();
+        updateRing();
     } else if (event->type() == QEvent::FocusOut) {
         focusLost(static_cast<QFocusEvent *>(event)->reason());
+    } else if (event->type() == QEvent::Resize) {
+        updateRing();
     }
     return QPushButton::event(event);
 }
 
 void CBPImageButton::focusLost(Qt::FocusReason reason)
 {
-    if (m_downByKey) {
+    if (m_press == lumqt::Press::Space) {
         // The release of the key will go elsewhere.
-        m_downByKey = false;
         setDown(false);
         if (!m_selected)
             m_index = underMouse() ? ENStateHover : ENStateNormal;
     }
+    lumqt::focusMoved(m_press);
     lumqt::focusLost(m_focusMark, reason);
-    update();
+    updateRing();
 }
 
 // ----------------------------------------------------------------------------------------------------------
@@ -472,7 +481,10 @@ QString CBPImageButton::spokenName() const
 {
     if (!m_text.isEmpty())
         return m_text;
-    return toolTip().isEmpty() ? m_tipsText : toolTip();
+    if (!toolTip().isEmpty())
+        return toolTip();
+    return Qt::mightBeRichText(m_tipsText) ? QTextDocumentFragment::fromHtml(m_tipsText).toPlainText()
+                                           : m_tipsText;
 }
 
 void CBPImageButton::nameChanged()

@@ -2,17 +2,17 @@
 
 #include "ENState.h"
 #include "foundation/FocusMark.h"
+#include "foundation/FocusRing.h"
 #include "foundation/ImageLoader.h"
 #include "foundation/Painting.h"
 
+#include <QFontMetrics>
 #include <QPaintEngine>
 #include <QPainter>
 
 namespace {
 
 // Look and metrics, in logical pixels.
-constexpr int kFocusRingWidth = 2;
-constexpr int kFocusRingRadius = 3; // of a button with square corners
 constexpr int kFrameWidth = 1;
 const QPoint kDotOffset(-12, 4); // from the top right pixel
 
@@ -40,8 +40,8 @@ void CBPImageButton::paintEvent(QPaintEvent *event)
         drawImage(painter);
     DrawTextW(&painter);
     PaintSpecialIcon(&painter);
-    if (m_focusMark == lumqt::FocusMark::Shown)
-        drawFocusRing(painter);
+    if (m_ringInside)
+        lumqt::drawFocusRing(painter, rect(), cornerRadius(), cornerRadius());
     m_paintedImage = QSize();
 }
 
@@ -51,9 +51,26 @@ void CBPImageButton::drawImage(QPainter &painter)
     m_paintedImage = m_image->size();
     if (m_paintedImage.isEmpty())
         return;
+    painter.drawPixmap(imagePlace(m_paintedImage), pixmap);
+}
+
+QPoint CBPImageButton::imagePlace(const QSize &image) const
+{
     const int x = (m_round ? height() / 2 : m_leftMargin) + m_border;
-    const int y = (height() - m_paintedImage.height()) / 2 + m_iconVoffset;
-    painter.drawPixmap(x, y, pixmap);
+    const int y = (height() - image.height()) / 2 + m_iconVoffset;
+    return QPoint(m_mirrors && isRightToLeft() ? width() - x - image.width() : x, y);
+}
+
+QRect CBPImageButton::textPlace(const QSize &image) const
+{
+    QPoint start(m_textIndent, image.height() + m_spacing);
+    if (m_besideImage)
+        start = QPoint(image.width() + (m_round ? height() / 2 : 0) + m_spacing + m_leftMargin + m_border, 0);
+    const QRect place(start, rect().bottomRight());
+    if (!m_mirrors || !isRightToLeft())
+        return place;
+    const int advance = QFontMetrics(paintedFont()).horizontalAdvance(m_text);
+    return QRect(width() - start.x() - advance, start.y(), advance, place.height());
 }
 
 void CBPImageButton::PaintBkg(QPainter *painter)
@@ -101,14 +118,10 @@ void CBPImageButton::DrawTextW(QPainter *painter)
     if (!painter || m_text.isEmpty() || m_images.size() != kStates || m_textColors.size() != kStates)
         return;
     const QSize image = m_paintedImage.isValid() ? m_paintedImage : imageSize(m_index);
-    QPoint start(m_textIndent, image.height() + m_spacing);
-    if (m_besideImage) {
-        start = QPoint(image.width() + (m_round ? height() / 2 : 0) + m_spacing + m_leftMargin + m_border, 0);
-    }
     if (!m_textLayout)
         m_textLayout = std::make_unique<lumqt::CachedText>();
     painter->setPen(m_textColors.at(m_index));
-    m_textLayout->drawLeft(*painter, QRect(start, rect().bottomRight()), m_text, paintedFont());
+    m_textLayout->drawLeft(*painter, textPlace(image), m_text, paintedFont());
 }
 
 void CBPImageButton::PaintSpecialIcon(QPainter *painter)
@@ -117,11 +130,24 @@ void CBPImageButton::PaintSpecialIcon(QPainter *painter)
         lumqt::drawDotBadge(*painter, rect().topRight() + kDotOffset, m_specialIconColor);
 }
 
-void CBPImageButton::drawFocusRing(QPainter &painter) const
+// At the edge of the button, or around it where image or text reach that far.
+void CBPImageButton::updateRing()
 {
-    lumqt::Body ring;
-    ring.frame = QColor(lumqt::kFocusRingColor);
-    ring.frameWidth = kFocusRingWidth;
-    ring.radiusX = ring.radiusY = cornerRadius() > 0 ? cornerRadius() : kFocusRingRadius;
-    lumqt::drawBody(painter, rect(), ring);
+    const bool shown = m_focusMark == lumqt::FocusMark::Shown && m_shown;
+    m_ringInside = shown && hasRingRoom();
+    lumqt::setRingAround(this, shown && !m_ringInside);
+    update();
+}
+
+bool CBPImageButton::hasRingRoom() const
+{
+    if (m_images.size() != kStates)
+        return true; // neither image nor text
+    const QPixmap picture = lumqt::loadPixmap(m_images.at(m_index), devicePixelRatioF());
+    const QSize image = lumqt::logicalSize(picture);
+    const QFont font = paintedFont();
+    const QRect place = textPlace(image);
+    const QPoint line(place.x(), place.y() + (place.height() - QFontMetrics(font).height()) / 2);
+    return lumqt::hasRingRoom(rect(), lumqt::inkOfPicture(picture, imagePlace(image))) &&
+           lumqt::hasRingRoom(rect(), lumqt::inkOfLine(m_text, font, line));
 }

@@ -25,6 +25,7 @@ CBPImageTextBtn::CBPImageTextBtn(const QVector<QString> &images, const QString &
     : CBPImageButton(images, false, id, parent), m_imageSize(GetSize().expandedTo(QSize(0, 0))), m_label(text)
 {
     lumqt::installAccessible("CBPImageTextBtn", &makeAccessible);
+    m_mirrors = true;
     arrange();
 }
 
@@ -36,7 +37,7 @@ QAccessibleInterface *CBPImageTextBtn::makeAccessible(QWidget *widget)
     if (!button)
         return nullptr;
     return new lumqt::AccessibleButton(
-        button, [button] { return button->m_label.isEmpty() ? button->toolTip() : button->m_label; });
+        button, [button] { return button->m_label.isEmpty() ? button->spokenName() : button->m_label; });
 }
 
 void CBPImageTextBtn::SetTextBelow(bool below)

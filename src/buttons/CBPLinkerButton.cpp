@@ -18,7 +18,7 @@ namespace {
 const QColor kTextColors[] = {QColor(0, 140, 255), QColor(0, 140, 255), QColor(83, 178, 255),
                               QColor(189, 189, 189)};
 constexpr int kColorCount = 4;
-const QSize kFocusRoom(3, 4); // beside the text, and above and below it
+const QSize kFocusRoom(0, 4); // above and below the text, so that rows of links keep their rings apart
 const char kFontSheet[] = "QLabel{font-family:\"%1\"; font-size:14px;}";
 const char kFontSizeSheet[] = "QLabel{font-size:%1px;}";
 
@@ -270,12 +270,13 @@ void CBPLinkerButton::changeEvent(QEvent *event)
 QString CBPLinkerButton::shownText()
 {
     const QString whole = text();
-    if (m_elidedWidth != width() || m_elidedOf != whole) {
-        m_elidedWidth = width();
+    const int room = contentsRect().width();
+    if (m_elidedWidth != room || m_elidedOf != whole) {
+        m_elidedWidth = room;
         m_elidedOf = whole;
         // Several lines would be measured as one.
         const bool oneLine = !whole.contains(QLatin1Char('\n'));
-        m_elided = oneLine ? QFontMetrics(m_font).elidedText(whole, Qt::ElideRight, width()) : whole;
+        m_elided = oneLine ? QFontMetrics(m_font).elidedText(whole, Qt::ElideRight, room) : whole;
     }
     return m_elided;
 }
@@ -302,5 +303,9 @@ void CBPLinkerButton::paintEvent(QPaintEvent *event)
     QPainter painter(this);
     const QColor own = m_textColors.value(index);
     painter.setPen(own.isValid() ? own : kTextColors[index]);
-    m_layout->drawLeft(painter, rect(), shown, m_font);
+    // A style sheet's padding and border are kept free. The line begins where lines of the layout begin.
+    QRect place = contentsRect();
+    if (isRightToLeft())
+        place.setLeft(qMax(place.left(), place.right() + 1 - m_layout->lineSize(shown, m_font).width()));
+    m_layout->drawLeft(painter, place, shown, m_font);
 }

@@ -5,12 +5,15 @@
 
 #include <QFontMetrics>
 #include <QPainter>
+#include <QStyle>
 
 namespace {
 
 // Metrics, in logical pixels.
 constexpr int kHeight = 28;
-constexpr int kTriangle = 8; // width of the one that the base draws
+const QColor kTriangleColor(127, 134, 143); // as the base's; a disabled one has the text's
+constexpr int kTriangle = 8;                // its width
+constexpr int kTriangleHeight = 4;
 constexpr int kGap = 6;
 constexpr int kSidePadding = 12;
 constexpr int kTextInset = 4; // the base keeps it at each side of a text that may end in an ellipsis
@@ -19,8 +22,7 @@ class AccessibleMenuBtn : public lumqt::AccessibleButton
 {
 public:
     explicit AccessibleMenuBtn(CBPMenuBtn *button)
-        : AccessibleButton(button,
-                           [button] { return button->text().isEmpty() ? button->toolTip() : button->text(); })
+        : AccessibleButton(button, [button] { return button->text(); })
     {
     }
 
@@ -46,6 +48,7 @@ CBPMenuBtn::CBPMenuBtn(QString text, QWidget *parent) : CBPPushBtn(parent)
     lumqt::installAccessible("CBPMenuBtn", &AccessibleMenuBtn::make);
     setText(text); // not by the base, where screen readers would take the button for one of that class
     setHasMenu(true);
+    m_arrowWidth = m_arrowHeight = 0; // the triangle stands behind the text, and is drawn here
     setTextElided(true);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
@@ -61,13 +64,21 @@ QSize CBPMenuBtn::sizeHint() const
 
 void CBPMenuBtn::drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, int index)
 {
-    QRect content = rect.adjusted(0, 0, -(kGap + kTriangle), 0);
+    const auto visual = [&](const QRect &place) {
+        return QStyle::visualRect(layoutDirection(), rect, place);
+    };
+    const QRect content = rect.adjusted(0, 0, -(kGap + kTriangle), 0);
     const QString label = elided(text(), content.width() - 2 * kTextInset);
     pen.setColor(paintedTextColor(index));
     painter->setPen(pen);
-    m_textLayout->drawCentred(*painter, content, label, textFont());
-    // The base draws the triangle next, half of icon and spacing right of the button's middle.
-    const int behind =
-        content.x() + (content.width() + QFontMetrics(textFont()).horizontalAdvance(label)) / 2 + kGap;
-    setSpacing((text().isEmpty() ? -kTriangle : 2 * behind - width()) - iconWidth());
+    m_textLayout->drawCentred(*painter, visual(content), label, textFont());
+    // In the middle without a text, as the base would have it with icon and spacing in mind.
+    int left = rect.x() + (rect.width() - kTriangle) / 2;
+    if (!text().isEmpty()) {
+        const int advance = QFontMetrics(textFont()).horizontalAdvance(label);
+        left = content.x() + (content.width() + advance) / 2 + kGap;
+    }
+    const QRect place = visual(QRect(left, (height() - kTriangleHeight) / 2, kTriangle, kTriangleHeight));
+    lumqt::drawDropTriangle(*painter, place.topLeft(), kTriangle, kTriangleHeight,
+                            isEnabled() ? kTriangleColor : paintedTextColor(index));
 }

@@ -150,12 +150,12 @@ void CBPPushBtn::setTextElided(bool elided)
 
 QFont CBPPushBtn::textFont() const
 {
-    return m_font;
+    return m_font.resolve(font()); // as a painter completes it
 }
 
 QString CBPPushBtn::elided(const QString &text, int width) const
 {
-    QString line = lumqt::elidedLine(text, m_font, width);
+    QString line = lumqt::elidedLine(text, textFont(), width);
     m_cut = line != text;
     return line;
 }

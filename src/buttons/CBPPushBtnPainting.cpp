@@ -12,6 +12,7 @@ const QColor kArrowColor(127, 134, 143);
 constexpr int kLeftStart = 16; // of the icon with ALIGN_LEFT
 constexpr int kFocusRingWidth = 2;
 constexpr int kFrameWidth = 1;
+constexpr int kHintedInset = 8; // of a text, at each side, in the width that is asked for
 constexpr int kElidedInset = 4; // of a text that ends in an ellipsis, at each side
 constexpr int kDisabledCheckedAlpha = 128;
 
@@ -25,6 +26,16 @@ QColor withAlpha(QColor color, int alpha)
 }
 
 } // namespace
+
+// The style reckons with the font and the frame of a button of its own; a style sheet may leave it none.
+QSize CBPPushBtn::sizeHint() const
+{
+    const QSize hint = QPushButton::sizeHint();
+    if (text().isEmpty())
+        return hint;
+    const int least = m_textLayout->lineSize(text(), textFont()).width() + 2 * kHintedInset;
+    return hint.expandedTo(QSize(qMin(least, QWIDGETSIZE_MAX), 0));
+}
 
 void CBPPushBtn::paintEvent(QPaintEvent *)
 {
@@ -74,7 +85,7 @@ void CBPPushBtn::drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, in
     if (!icon().isNull()) {
         const QPixmap pixmap = iconPixmap();
         const QSize size = lumqt::logicalSize(pixmap);
-        const int textSize = label.isEmpty() ? 0 : m_textLayout->lineSize(label, m_font).width();
+        const int textSize = label.isEmpty() ? 0 : m_textLayout->lineSize(label, textFont()).width();
         const int spacing = lumqt::boundedPixels(m_spacing);
         const int blockWidth = pixmap.isNull() ? textSize : size.width() + spacing + textSize;
         int x = 0;
@@ -95,7 +106,7 @@ void CBPPushBtn::drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, in
     pen.setColor(paintedTextColor(index));
     painter->setPen(pen);
     // The text is centred in the whole rectangle, wherever the icon is.
-    m_textLayout->drawCentred(*painter, rect, label, m_font);
+    m_textLayout->drawCentred(*painter, rect, label, textFont());
 }
 
 void CBPPushBtn::drawArrow(QPainter *painter)

@@ -16,8 +16,7 @@ QAccessibleInterface *makeAccessible(QWidget *widget)
     auto *button = qobject_cast<CBPRoundBtn *>(widget);
     if (!button)
         return nullptr;
-    return new lumqt::AccessibleButton(
-        button, [button] { return button->text().isEmpty() ? button->toolTip() : button->text(); });
+    return new lumqt::AccessibleButton(button, [button] { return button->text(); });
 }
 
 } // namespace

@@ -24,7 +24,6 @@ constexpr int kBorder = 10; // left and right of the content
 constexpr int kSpacing = 5;
 constexpr int kArrowWidth = 6;
 constexpr int kArrowHeight = 4;
-constexpr int kArrowGap = 3;        // behind a text below its image
 constexpr int kMenuWidth = 10;      // what a menu adds to the button's width
 constexpr int kHintedVerticals = 6; // above and below the content, of the height that is asked for
 
@@ -161,12 +160,6 @@ void CBPToolButton::SetTextColor(QVector<QColor> colors)
 QColor CBPToolButton::textClr() const
 {
     return m_textColors.value(state());
-}
-
-QColor CBPToolButton::paintedTextColor() const
-{
-    const QColor own = textClr();
-    return own.isValid() ? own : kTextColor;
 }
 
 QString CBPToolButton::icon() const
@@ -316,6 +309,7 @@ void CBPToolButton::focusInEvent(QFocusEvent *event)
     lumqt::focusMoved(m_press);
     lumqt::focusGained(m_focusMark, event->reason());
     CBPStateWidget::focusInEvent(event);
+    updateRing();
 }
 
 void CBPToolButton::focusOutEvent(QFocusEvent *event)
@@ -323,6 +317,7 @@ void CBPToolButton::focusOutEvent(QFocusEvent *event)
     lumqt::focusMoved(m_press);
     lumqt::focusLost(m_focusMark, event->reason());
     CBPStateWidget::focusOutEvent(event);
+    updateRing();
 }
 
 void CBPToolButton::rest()
@@ -353,6 +348,7 @@ void CBPToolButton::keyPressEvent(QKeyEvent *event)
         return;
     }
     lumqt::keyUsed(m_focusMark);
+    updateRing();
     if (step == PressStep::TakenBack)
         rest();
     else if (step != PressStep::Nothing)
@@ -414,6 +410,7 @@ void CBPToolButton::AutoResize()
     updateGeometry();
     if (m_autoResize)
         setFixedWidth(contentWidth());
+    updateRing();
 }
 
 QSize CBPToolButton::sizeHint() const
@@ -422,60 +419,4 @@ QSize CBPToolButton::sizeHint() const
     const int label = qMax(0, m_textSize.height());
     const int content = m_align == ENAlignTop ? image + m_spacing + label : qMax(image, label);
     return QSize(contentWidth(), qMax(0, content + 2 * kHintedVerticals));
-}
-
-// ------------------------------------------------------------------------------------------------------------
-// painting
-
-void CBPToolButton::paintEvent(QPaintEvent *event)
-{
-    CBPStateWidget::paintEvent(event);
-    QPainter painter(this);
-    drawContent(painter);
-    if (m_focusMark == lumqt::FocusMark::Shown)
-        lumqt::drawFocusRing(painter, rect());
-}
-
-void CBPToolButton::drawContent(QPainter &painter)
-{
-    const bool hasImages = !m_images.isEmpty();
-    const QPixmap image =
-        m_images.size() > state() ? m_image->pixmap(m_images, state(), devicePixelRatioF()) : QPixmap();
-    const QSize imageSize = hasImages ? lumqt::logicalSize(image) : QSize();
-    QPoint imageAt;
-    QPoint textAt;
-    if (m_align == ENAlignLeft) {
-        imageAt = QPoint(m_left, (height() - imageSize.height()) / 2);
-        textAt = QPoint((hasImages ? m_left : 0) + imageSize.width() + m_spacing,
-                        (height() - m_textSize.height()) / 2);
-    } else if (m_align == ENAlignTop) {
-        if (hasImages)
-            imageAt = QPoint((width() - imageSize.width()) / 2,
-                             (height() - imageSize.height() - m_spacing - m_textSize.height()) / 2);
-        textAt = QPoint((width() - m_textSize.width()) / 2, imageAt.y() + imageSize.height() + m_spacing);
-    }
-    if (m_align == ENAlignLeft || m_align == ENAlignTop) {
-        if (!image.isNull())
-            painter.drawPixmap(imageAt, image);
-        painter.setPen(paintedTextColor());
-        m_label->drawCentred(painter, QRect(textAt, m_textSize), m_text, m_font);
-    }
-    if (m_hasMenu)
-        lumqt::drawDropTriangle(painter, arrowPosition(imageSize), m_arrowWidth, m_arrowHeight,
-                                paintedTextColor());
-}
-
-QPoint CBPToolButton::arrowPosition(const QSize &image) const
-{
-    const int textWidth = m_textSize.width();
-    if (m_align == ENAlignLeft) {
-        const int content = image.width() + textWidth + m_spacing;
-        return QPoint((width() - content) / 2 + content, (height() - m_arrowHeight) / 2);
-    }
-    if (m_align == ENAlignTop) {
-        const int above = image.height() + m_spacing;
-        return QPoint((width() - textWidth) / 2 + textWidth + kArrowGap,
-                      (height() - above - m_textSize.height()) / 2 + above + m_textSize.height() / 2);
-    }
-    return QPoint(0, 0);
 }

@@ -112,6 +112,11 @@ void CButtonGroupBox::paintEvent(QPaintEvent *event)
 {
     CBPBox::paintEvent(event);
     QPainter painter(this);
+    drawSeparators(painter);
+}
+
+void CButtonGroupBox::drawSeparators(QPainter &painter) const
+{
     const CBPPushBtn *before = nullptr;
     for (const CBPPushBtn *button : qAsConst(m_buttons)) {
         if (!button || button->isHidden())
@@ -119,9 +124,18 @@ void CButtonGroupBox::paintEvent(QPaintEvent *event)
         if (before) {
             const QRect place = before->geometry();
             const int x = isRightToLeft() ? place.left() - kLineWidth : place.right() + 1;
-            lumqt::fillPixels(painter, QRectF(x, kLineWidth, kLineWidth, height() - kLineWidth),
-                              frameColor());
+            const QRectF line(x, kLineWidth, kLineWidth, height() - kLineWidth);
+            lumqt::fillLine(painter, line, frameColor());
         }
         before = button;
     }
+}
+
+// Where a line of one pixel is two device pixels thick, the gap between two buttons may be one: the buttons
+// paint what they cover of the lines. The painter is in the group's coordinates.
+void CButtonGroupBox::drawOverButton(QPainter &painter) const
+{
+    if (m_bDrawFrame)
+        lumqt::fillFramed(painter, QRectF(rect()), QColor(), frameColor());
+    drawSeparators(painter);
 }

@@ -7,14 +7,13 @@
 
 #include <QFontMetrics>
 #include <QPainter>
+#include <QStyle>
 
 namespace {
 
 // Look and metrics, in logical pixels.
-const QColor kFocusFrame(75, 167, 245);
-constexpr int kFocusFrameWidth = 2;
 constexpr int kHeight = 44;
-constexpr int kArrowInset = 16; // from the right edge
+constexpr int kArrowInset = 16; // from the end of the line
 constexpr int kArrowRoom = 36;  // inset, arrow and a gap; at both ends, so that the text stays in the middle
 constexpr int kTextInset = 4;   // the base keeps it beside a text that may end in an ellipsis
 constexpr qreal kDisabledOpacity = 0.4;
@@ -58,6 +57,7 @@ CExpandBtn::CExpandBtn(const QStringList &frames, const QString &text, const QSt
     setFixedHeight(kHeight);
     setFrmTrancent(true);
     setTextElided(true);
+    setFocusFrameColor(lumqt::kFocusRingColor);
     connect(this, SIGNAL(clicked()), this, SLOT(onExpand()));
 }
 
@@ -110,8 +110,8 @@ void CExpandBtn::drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, in
     CBPWaitBtn::drawPixmapAndText(painter, pen, content, index);
     if (IsFocus()) { // without a frame the base has none to mark
         lumqt::Body ring;
-        ring.frame = kFocusFrame;
-        ring.frameWidth = kFocusFrameWidth;
+        ring.frame = focusFrameColor();
+        ring.frameWidth = lumqt::kFocusRingWidth;
         lumqt::drawBody(*painter, rect, ring);
     }
     if (!showsArrow)
@@ -121,7 +121,9 @@ void CExpandBtn::drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, in
         lumqt::loadPixmap(Util::getResFullPath(QString::fromLatin1(name)), devicePixelRatioF());
     const QSize size = lumqt::logicalSize(arrow);
     painter->setOpacity(index == kDisabled ? kDisabledOpacity : 1.0);
-    painter->drawPixmap(rect.right() + 1 - kArrowInset - size.width(),
-                        rect.top() + (rect.height() - size.height()) / 2, arrow);
+    const QRect place(QPoint(rect.right() + 1 - kArrowInset - size.width(),
+                             rect.top() + (rect.height() - size.height()) / 2),
+                      size);
+    painter->drawPixmap(QStyle::visualRect(layoutDirection(), rect, place).topLeft(), arrow);
     painter->setOpacity(1.0);
 }

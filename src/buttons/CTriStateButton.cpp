@@ -18,7 +18,6 @@ const QColor kPlainTextColor(0, 0, 0);
 const QColor kDisabledFrameColor(215, 215, 215);
 const QColor kDisabledBgColor(253, 253, 253);
 const QColor kDisabledTextColor(120, 120, 120);
-constexpr int kFocusRingWidth = 2;
 constexpr int kElidedInset = 4; // of a text that ends in an ellipsis, at each side
 
 enum Look { Plain = 0, Hovered = 1, Checked = 2 };
@@ -83,6 +82,7 @@ CTriStateButton::CTriStateButton(QString text, bool locked, bool noToggle, QWidg
 {
     lumqt::installAccessible(staticMetaObject.className(), makeAccessible);
     setAutoDefault(false); // Enter in a dialog is for its real buttons, as beside a check box
+    setFocusFrameColor(lumqt::kFocusRingColor);
     // Three on purpose, one per look; there is no colour for "disabled" to set. Not by the setter, which
     // warns of lists without four.
     m_textColor = {kPlainTextColor, m_hoverColor, m_checkedColor};
@@ -259,7 +259,7 @@ void CTriStateButton::paintEvent(QPaintEvent *)
     }
     if (m_focusMark == lumqt::FocusMark::Shown && isEnabled()) {
         body.frame = focusFrameColor();
-        body.frameWidth = kFocusRingWidth;
+        body.frameWidth = lumqt::kFocusRingWidth;
     } else if (text().isEmpty()) {
         body.frame = QColor();
     }
@@ -270,7 +270,7 @@ void CTriStateButton::paintEvent(QPaintEvent *)
     if (text().isEmpty())
         return;
     QString shown = text();
-    m_cut = m_label->lineSize(shown, font()).width() > content.width() - 2 * kFocusRingWidth;
+    m_cut = m_label->lineSize(shown, font()).width() > content.width() - 2 * lumqt::kFocusRingWidth;
     if (m_cut)
         shown = lumqt::elidedLine(shown, font(), content.width() - 2 * kElidedInset);
     QRect box(QPoint(0, 0), m_label->lineSize(shown, font()));

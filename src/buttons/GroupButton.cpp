@@ -1,5 +1,6 @@
 #include "buttons/GroupButton.h"
 
+#include "CButtonGroupBox.h"
 #include "foundation/Accessible.h"
 #include "foundation/FocusMark.h"
 #include "foundation/Painting.h"
@@ -12,7 +13,8 @@ namespace lumqt {
 
 namespace {
 
-constexpr int kFocusInset = 2;
+constexpr int kPressed = 2;       // state
+constexpr int kLightGround = 228; // grey; the ring has 3:1 and more on it
 
 } // namespace
 
@@ -85,10 +87,21 @@ QAccessibleInterface *GroupButton::makeAccessible(QWidget *widget)
 void GroupButton::paintEvent(QPaintEvent *event)
 {
     CBPPushBtn::paintEvent(event);
+    QPainter painter(this);
+    if (const auto *group = qobject_cast<CButtonGroupBox *>(parentWidget())) {
+        painter.translate(-pos());
+        group->drawOverButton(painter);
+        painter.translate(pos());
+    }
     if (m_focusMark != FocusMark::Shown || !isEnabled())
         return;
-    QPainter painter(this);
-    drawFocusRing(painter, rect().adjusted(kFocusInset, kFocusInset, -kFocusInset, -kFocusInset));
+    drawFocusRing(painter, rect());
+    if (qGray(paintedBgColor(isSelected() ? kPressed : state()).rgb()) >= kLightGround)
+        return;
+    Body air; // or the ring would not be seen on a ground as blue as it
+    air.frame = Qt::white;
+    constexpr int ring = kFocusRingWidth;
+    drawBody(painter, rect().adjusted(ring, ring, -ring, -ring), air);
 }
 
 void GroupButton::focusInEvent(QFocusEvent *event)

@@ -5,16 +5,19 @@
 #include "CBPWinFrmTitle.h"
 #include "dialogs/Backdrop.h"
 #include "dialogs/ButtonRow.h"
+#include "foundation/FocusRing.h"
 #include "foundation/Log.h"
 #include "foundation/ModalShow.h"
 #include "foundation/Painting.h"
 #include "platform/Platform.h"
 #include "Util.h"
 
+#include <QBackingStore>
 #include <QBitmap>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLayout>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPropertyAnimation>
 
@@ -24,8 +27,6 @@ namespace {
 const QColor kBody(255, 255, 255);
 const QColor kBottomLine(227, 232, 238);
 const QColor kOutline(213, 219, 226); // in place of a shadow
-constexpr int kFocusRingWidth = 2;
-constexpr int kFocusRingGap = 1;
 constexpr int kFadeTime = 200;
 constexpr int kRowSpacing = 12;
 
@@ -38,6 +39,19 @@ CBPBox *clearBox(int spacing)
     box->setBrush(Qt::NoBrush);
     box->SetSpacing(spacing);
     return box;
+}
+
+// Whether what is painted is blended with what lies behind it. A picture that is taken of the widget always
+// is: it shows the dialog with its shadow on every screen.
+bool isBlended(const QPainter &painter, const QWidget *widget)
+{
+    if (lumqt::platform::answers().composited())
+        return true;
+    QBackingStore *screen = widget->backingStore();
+    // It has no device before it is painted on.
+    if (!screen || screen->size().isEmpty() || !painter.paintEngine())
+        return true;
+    return painter.paintEngine()->paintDevice() != screen->paintDevice();
 }
 
 } // namespace
@@ -291,7 +305,7 @@ void CBPPopWnd::paintEvent(QPaintEvent *)
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     const QRect whole = bodyRect();
     // Not blended it would be black, and of a mask some systems take no more than its bounding rectangle.
-    const bool blended = lumqt::platform::answers().composited();
+    const bool blended = isBlended(painter, this);
     if (blended && !isMaximized())
         lumqt::drawShadow(painter, rect(), whole.left());
 
@@ -311,8 +325,11 @@ void CBPPopWnd::paintEvent(QPaintEvent *)
     painter.setClipping(false);
 
     if (statusBox() && statusBox()->isVisibleTo(this) && drawsBottomLine()) {
-        const QRect line(whole.left(), statusBox()->y(), whole.width(), 1);
-        painter.fillRect(lumqt::wholeDevicePixels(painter, line), kBottomLine);
+        QRectF line =
+            lumqt::wholeDevicePixels(painter, QRect(whole.left(), statusBox()->y(), whole.width(), 1));
+        const qreal ratio = devicePixelRatioF();
+        line.setHeight(qMax(1, qRound(ratio)) / ratio); // the same wherever the line lies at 150 per cent
+        painter.fillRect(line, kBottomLine);
     }
     drawFocusRing(painter);
 }
@@ -320,18 +337,13 @@ void CBPPopWnd::paintEvent(QPaintEvent *)
 // A button without a frame has no place of its own for the mark of the keyboard focus.
 void CBPPopWnd::drawFocusRing(QPainter &painter)
 {
-    const QWidget *button = framelessFocus();
-    if (!button)
-        return;
-    lumqt::Body ring;
-    ring.frame = QColor(lumqt::kFocusRingColor);
-    ring.frameWidth = kFocusRingWidth;
-    lumqt::drawBody(painter, ringAround(button), ring);
+    if (const QWidget *button = framelessFocus())
+        lumqt::drawFocusRing(painter, ringAround(button));
 }
 
 QRect CBPPopWnd::ringAround(const QWidget *button) const
 {
-    constexpr int reach = kFocusRingGap + kFocusRingWidth;
+    constexpr int reach = lumqt::kRingMargin;
     return QRect(button->mapTo(this, QPoint(0, 0)), button->size()).adjusted(-reach, -reach, reach, reach);
 }
 

@@ -1,6 +1,7 @@
 #include "CBPTipWnd.h"
 
 #include "CBPBox.h"
+#include "dialogs/TipAccessible.h"
 #include "foundation/Accessible.h"
 #include "foundation/Log.h"
 #include "foundation/Painting.h"
@@ -27,7 +28,7 @@ const QMargins kContentMargins(16, 12, 16, 12);
 
 QAccessibleInterface *makeAccessible(QWidget *widget)
 {
-    return new QAccessibleWidget(widget, QAccessible::HelpBalloon);
+    return new lumqt::TipAccessible(widget, QAccessible::HelpBalloon);
 }
 
 // The middle of the line that fills the pixel at `at`, so that the outline is sharp at every scaling.

@@ -17,6 +17,7 @@
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QKeyEvent>
+#include <QScrollArea>
 #include <QUrl>
 
 #include <algorithm>
@@ -331,6 +332,8 @@ void CMsgBox::describe()
     if (described != m_described && accessibleDescription() == m_described)
         setAccessibleDescription(described);
     m_described = described;
+    if (m_scrollArea) // Tab comes there, too
+        m_scrollArea->setAccessibleName(windowTitle());
     if (m_mode != DirMode || !m_firstEdit || !m_prompt)
         return;
     const QString prompt = lumqt::WrappedLabel::plainText(m_prompt->text());

@@ -1,12 +1,16 @@
 #include "CBPBox.h"
 #include "CMsgBox.h"
 #include "dialogs/WrappedLabel.h"
+#include "foundation/FocusMark.h"
+#include "foundation/Painting.h"
 #include "platform/Platform.h"
 
 #include <QAbstractButton>
 #include <QBoxLayout>
 #include <QCoreApplication>
 #include <QEvent>
+#include <QFocusEvent>
+#include <QPainter>
 #include <QScreen>
 #include <QScrollArea>
 #include <QStyle>
@@ -21,9 +25,8 @@ constexpr int kWidth = 500;
 constexpr int kCheckWidth = 140; // that a check box keeps beside any number of buttons
 constexpr int kCheckLines = 6;
 constexpr int kCheckPadding = 34; // of the bottom area, above and below the row
-constexpr int kScrollFrame = 1;
-const char kScrollSheet[] = "QScrollArea { background: transparent; border: 1px solid transparent; }"
-                            "QScrollArea:focus { border-color: #2f86d8; }";
+constexpr int kScrollFrame = lumqt::kFocusRingWidth;
+constexpr int kScrollAir = 3; // between the mark of the focus and the text
 
 // `text` in lines of at most `width`; the last of too many ends in an ellipsis.
 QString inLines(const QString &text, const QFont &font, int width)
@@ -60,11 +63,46 @@ void layOutUpTo(const QWidget *window, QWidget *from)
     window->layout()->activate();
 }
 
+// Takes the focus, so that keys scroll it, and has room for the mark around what scrolls.
+class TextArea : public QScrollArea
+{
+public:
+    TextArea()
+    {
+        setFrameStyle(QFrame::Box | QFrame::Plain); // room for the mark, which is painted in its place
+        setLineWidth(kScrollFrame);
+        setViewportMargins(kScrollAir, 0, kScrollAir, 0);
+        setWidgetResizable(true);
+    }
+
+protected:
+    bool event(QEvent *event) override
+    {
+        const lumqt::FocusMark before = m_mark;
+        if (event->type() == QEvent::FocusIn)
+            lumqt::focusGained(m_mark, static_cast<QFocusEvent *>(event)->reason());
+        else if (event->type() == QEvent::FocusOut)
+            lumqt::focusLost(m_mark, static_cast<QFocusEvent *>(event)->reason());
+        else if (event->type() == QEvent::KeyPress)
+            lumqt::keyUsed(m_mark);
+        if (event->type() == QEvent::Paint) {
+            QPainter painter(this);
+            if (m_mark == lumqt::FocusMark::Shown)
+                lumqt::drawFocusRing(painter, rect());
+            return true;
+        }
+        if (m_mark != before)
+            update();
+        return QScrollArea::event(event);
+    }
+
+private:
+    lumqt::FocusMark m_mark = lumqt::FocusMark::None;
+};
+
 QScrollArea *scrollAreaOf(QWidget *page)
 {
-    auto *area = new QScrollArea;
-    area->setWidgetResizable(true);
-    area->setStyleSheet(QLatin1String(kScrollSheet));
+    auto *area = new TextArea;
     area->setWidget(page);
     page->setAutoFillBackground(false);
     area->viewport()->setAutoFillBackground(false);

@@ -2,6 +2,7 @@
 #include "CBPPushBtn.h"
 #include "CMsgBox.h"
 #include "dialogs/WrappedLabel.h"
+#include "foundation/FieldText.h"
 #include "foundation/FontLookup.h"
 #include "foundation/Log.h"
 #include "Util.h"
@@ -81,6 +82,7 @@ void CMsgBox::initCreateDirBox()
     m_firstEdit = addEdit("", "", kDirNameLength);
     const QRegExp pattern(QString::fromLatin1(kDirNamePattern), Qt::CaseSensitive, QRegExp::RegExp);
     m_firstEdit->setValidator(new QRegExpValidator(pattern, m_firstEdit));
+    lumqt::setNothingRefused(m_firstEdit);
     connect(m_firstEdit.data(), &QLineEdit::textChanged, this, &CMsgBox::onTextChanged);
     connect(m_firstEdit.data(), &QLineEdit::returnPressed, this, &CMsgBox::onDirInputFinish);
     m_content->layout()->addItem(new QSpacerItem(0, 0, QSizePolicy::Preferred, QSizePolicy::Expanding));

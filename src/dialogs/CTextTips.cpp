@@ -1,9 +1,11 @@
 #include "CTextTips.h"
 
+#include "dialogs/TipAccessible.h"
 #include "dialogs/WrappedLabel.h"
 #include "foundation/Accessible.h"
 #include "foundation/FontLookup.h"
 
+#include <QEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QVBoxLayout>
@@ -19,8 +21,26 @@ const QMargins kMargins(12, 3, 12, 6);
 
 QAccessibleInterface *makeAccessible(QWidget *widget)
 {
-    return new QAccessibleWidget(widget, QAccessible::ToolTip);
+    return new lumqt::TipAccessible(widget, QAccessible::ToolTip);
 }
+
+// Keeps what a plain rule of the application lays behind every label, "QLabel { background: white }", from
+// behind this one: its text is white, as the box paints the ground for it.
+class NoGround : public QObject
+{
+public:
+    using QObject::QObject;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() != QEvent::Polish && event->type() != QEvent::StyleChange)
+            return false;
+        watched->event(event); // in which the style asks for the ground
+        static_cast<QWidget *>(watched)->setAttribute(Qt::WA_StyledBackground, false);
+        return true;
+    }
+};
 
 } // namespace
 
@@ -44,6 +64,7 @@ void CTextTips::InitLayout()
         m_label = new QLabel;
         m_label->setFont(lumqt::uiFont());
     }
+    m_label->installEventFilter(new NoGround(m_label));
     auto *layout = new QVBoxLayout;
     layout->setSpacing(0);
     layout->addWidget(m_label);

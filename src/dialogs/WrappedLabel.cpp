@@ -101,6 +101,10 @@ QTextDocument &WrappedLabel::laidOut(int width) const
         m_narrowest = 0;
         m_heights.clear();
         m_document.setDefaultFont(font());
+        // Each paragraph reads as it is written, and all of them start at the side that the dialog does.
+        QTextOption option = m_document.defaultTextOption();
+        option.setAlignment(isRightToLeft() ? Qt::AlignRight | Qt::AlignAbsolute : Qt::Alignment());
+        m_document.setDefaultTextOption(option);
         if (Qt::mightBeRichText(m_shown)) {
             m_document.setHtml(m_shown);
             makeBreakable(m_document);
@@ -119,14 +123,17 @@ QTextDocument &WrappedLabel::laidOut(int width) const
 int WrappedLabel::narrowest() const
 {
     laidOut(m_document.textWidth() < 0 ? kPreferredWidth : int(m_document.textWidth()));
-    return qMax(m_narrowest, kNarrowWidth);
+    return qMax(m_narrowest, kNarrowWidth) + width() - contentsRect().width();
 }
 
 int WrappedLabel::heightForWidth(int width) const
 {
     if (m_shown == text() && m_narrowest >= 0 && m_heights.contains(width))
         return m_heights.value(width);
-    const int height = int(std::ceil(laidOut(qMax(1, width)).size().height()));
+    // A style sheet may have given the label a border or a padding.
+    const QSize around = size() - contentsRect().size();
+    const int height =
+        int(std::ceil(laidOut(qMax(1, width - around.width())).size().height())) + around.height();
     m_heights.insert(width, height);
     return height;
 }
@@ -149,21 +156,24 @@ QString WrappedLabel::plainText(const QString &text)
 
 void WrappedLabel::paintEvent(QPaintEvent *event)
 {
-    QTextDocument &document = laidOut(qMax(1, width()));
+    const QRect area = contentsRect();
+    QTextDocument &document = laidOut(qMax(1, area.width()));
     QPainter painter(this);
-    const int above = qMax(0, (height() - int(std::ceil(document.size().height()))) / 2);
-    painter.translate(0, above);
+    const QPoint start =
+        area.topLeft() + QPoint(0, qMax(0, (area.height() - int(std::ceil(document.size().height()))) / 2));
+    painter.translate(start);
     QAbstractTextDocumentLayout::PaintContext context;
     context.palette = palette();
     context.palette.setColor(QPalette::Text, palette().color(foregroundRole()));
-    context.clip = event->rect().translated(0, -above);
+    context.clip = QRectF(event->rect() & area).translated(-start);
     painter.setClipRect(context.clip);
     document.documentLayout()->draw(&painter, context);
 }
 
 void WrappedLabel::changeEvent(QEvent *event)
 {
-    if (event->type() == QEvent::FontChange)
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::LayoutDirectionChange ||
+        event->type() == QEvent::StyleChange)
         m_narrowest = -1;
     CBPLabel::changeEvent(event);
 }

@@ -65,6 +65,12 @@ QSize CBPDrawLabel::sizeHint() const
     return size;
 }
 
+// As a label has it: a row in want of room does not squeeze the text away.
+QSize CBPDrawLabel::minimumSizeHint() const
+{
+    return sizeHint();
+}
+
 void CBPDrawLabel::paintEvent(QPaintEvent *)
 {
     if (m_text.isEmpty())

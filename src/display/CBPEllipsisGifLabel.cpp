@@ -40,13 +40,38 @@ void CBPEllipsisGifLabel::HideGifLable()
 
 QSize CBPEllipsisGifLabel::sizeHint() const
 {
-    const QSize own = QLabel::sizeHint();
+    return showsDots() ? rowSize() : QLabel::sizeHint().expandedTo(rowSize());
+}
+
+QSize CBPEllipsisGifLabel::minimumSizeHint() const
+{
+    return showsDots() ? rowSize() : QLabel::minimumSizeHint().expandedTo(rowSize());
+}
+
+// Not a text that was set before the first dot.
+bool CBPEllipsisGifLabel::showsDots() const
+{
+    return text() == QString(m_dots, QLatin1Char('.'));
+}
+
+// As a label measures its text, with any number of dots: an empty label has another height, and Qt does not
+// count its indent.
+QSize CBPEllipsisGifLabel::rowSize() const
+{
+    const QFontMetrics metrics = fontMetrics();
     const QString full(qBound(0, m_maxDots, kMostDotsReserved), QLatin1Char('.'));
-    // As the label measures its text.
     const QRect anyRoom(0, 0, QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
-    const int dots = fontMetrics().boundingRect(anyRoom, Qt::AlignLeft, full).width();
-    const QMargins around = contentsMargins();
-    return own.expandedTo(QSize(dots + 2 * margin() + around.left() + around.right(), own.height()));
+    QSize size = metrics.boundingRect(anyRoom, Qt::AlignLeft, full).size();
+    size = size.expandedTo(QSize(metrics.averageCharWidth(), qMax(metrics.height(), metrics.lineSpacing())));
+    int inset = indent();
+    if (inset < 0 && frameWidth() > 0)
+        inset = metrics.horizontalAdvance(QLatin1Char('x')) - 2 * margin();
+    if (alignment() & (Qt::AlignLeft | Qt::AlignRight))
+        size.rwidth() += qMax(0, inset);
+    if (alignment() & (Qt::AlignTop | Qt::AlignBottom))
+        size.rheight() += qMax(0, inset);
+    const QMargins around = contentsMargins() + margin();
+    return size.grownBy(around).expandedTo(minimumSize());
 }
 
 void CBPEllipsisGifLabel::SetText()

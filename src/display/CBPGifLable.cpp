@@ -1,6 +1,7 @@
 #include "CBPGifLable.h"
 
 #include "foundation/ImageLoader.h"
+#include "foundation/StyledGround.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -98,6 +99,12 @@ void CBPGifLable::timerEvent(QTimerEvent *event)
         m_frame = 0;
     SetResPic(m_frame);
     ++m_frame;
+}
+
+void CBPGifLable::paintEvent(QPaintEvent *event)
+{
+    if (!lumqt::paintsWholePicture(*this))
+        QLabel::paintEvent(event);
 }
 
 void CBPGifLable::showEvent(QShowEvent *event)

@@ -280,7 +280,7 @@ void CBPGradientProgressBar::paintEvent(QPaintEvent *)
     painter.setPen(Qt::NoPen);
     const QRect track = rect().adjusted(0, 0, -1, -1);
     painter.setBrush(kTrackColor);
-    painter.drawRoundedRect(track, kRadius, kRadius);
+    painter.drawRoundedRect(lumqt::wholeDevicePixels(painter, track), kRadius, kRadius);
 
     m_barWidth = qMin(m_barWidth + 1, progressBarWidth());
     QRect filled = track.adjusted(1, 1, 0, 0);
@@ -290,7 +290,7 @@ void CBPGradientProgressBar::paintEvent(QPaintEvent *)
         gradient.setColorAt(0, m_gradientStart);
         gradient.setColorAt(1, m_gradientEnd);
         painter.setBrush(gradient);
-        painter.drawRoundedRect(filled, kRadius, kRadius);
+        painter.drawRoundedRect(lumqt::wholeDevicePixels(painter, filled), kRadius, kRadius);
     }
     const bool full = m_barWidth == width();
     if (!full)
@@ -317,11 +317,11 @@ void CBPGradientProgressBar::drawHighlight(QPainter &painter, const QRect &fille
     gradient.setColorAt(0.5, m_colorTwo);
     gradient.setColorAt(1, clear);
     QPainterPath clip;
-    clip.addRoundedRect(filled, kHighlightRadius, kHighlightRadius);
+    clip.addRoundedRect(lumqt::wholeDevicePixels(painter, filled), kHighlightRadius, kHighlightRadius);
     painter.save();
     painter.setClipPath(clip);
     painter.setBrush(gradient);
-    painter.drawRoundedRect(highlight, kHighlightRadius, kHighlightRadius);
+    painter.drawRoundedRect(lumqt::wholeDevicePixels(painter, highlight), kHighlightRadius, kHighlightRadius);
     painter.restore();
 }
 

@@ -1,13 +1,16 @@
 #include "CBPImage.h"
 
 #include "foundation/Accessible.h"
+#include "foundation/FocusMark.h"
+#include "foundation/FocusRing.h"
 #include "foundation/ImageLoader.h"
-#include "foundation/Painting.h"
 #include "foundation/PressKeys.h"
+#include "foundation/StyledGround.h"
 
+#include <QFileInfo>
+#include <QImageReader>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QPainter>
 #include <QPointer>
 
 namespace {
@@ -34,6 +37,20 @@ private:
 QAccessibleInterface *makeAccessible(QWidget *widget)
 {
     return qobject_cast<CBPImage *>(widget) ? new AccessibleImage(widget) : nullptr;
+}
+
+// A path may leave the suffix out, as that of a QPixmap may.
+QString fileOf(const QString &path)
+{
+    if (path.isEmpty() || QFileInfo::exists(path))
+        return path;
+    const QList<QByteArray> formats = QImageReader::supportedImageFormats();
+    for (const QByteArray &format : formats) {
+        const QString file = path + QLatin1Char('.') + QString::fromLatin1(format);
+        if (QFileInfo::exists(file))
+            return file;
+    }
+    return path;
 }
 
 } // namespace
@@ -66,13 +83,19 @@ void CBPImage::SetChgCursor(bool change)
     setFocusPolicy(change ? Qt::TabFocus : Qt::NoFocus);
     if (!change)
         clearFocus();
-    update(); // the ring comes and goes
+    showRing();
+}
+
+// Around the picture, which reaches the edges.
+void CBPImage::showRing()
+{
+    lumqt::setRingAround(this, m_clickable && m_focusMark == lumqt::FocusMark::Shown);
 }
 
 void CBPImage::load()
 {
     m_ratio = devicePixelRatioF();
-    const QPixmap picture = lumqt::loadPixmap(m_path, m_ratio);
+    const QPixmap picture = lumqt::loadPixmap(fileOf(m_path), m_ratio);
     setPixmap(picture);
     setFixedSize(lumqt::logicalSize(picture));
 }
@@ -105,6 +128,8 @@ void CBPImage::mouseReleaseEvent(QMouseEvent *event)
 // A key counts as a click: Enter when it goes down, Space when it is let go.
 void CBPImage::keyPressEvent(QKeyEvent *event)
 {
+    lumqt::keyUsed(m_focusMark);
+    showRing();
     const lumqt::PressStep step =
         m_clickable ? lumqt::keyPressed(event, m_spaceDown) : lumqt::PressStep::NotMine;
     if (step == lumqt::PressStep::NotMine)
@@ -124,13 +149,15 @@ void CBPImage::keyReleaseEvent(QKeyEvent *event)
 
 void CBPImage::focusInEvent(QFocusEvent *event)
 {
-    m_showsFocus = true;
+    lumqt::focusGained(m_focusMark, event->reason());
+    showRing();
     QLabel::focusInEvent(event);
 }
 
 void CBPImage::focusOutEvent(QFocusEvent *event)
 {
-    m_showsFocus = false;
+    lumqt::focusLost(m_focusMark, event->reason());
+    showRing();
     m_spaceDown = false;
     QLabel::focusOutEvent(event);
 }
@@ -140,9 +167,6 @@ void CBPImage::paintEvent(QPaintEvent *event)
     // The label may stand on another screen than the one it was made on.
     if (!m_path.isEmpty() && m_ratio != devicePixelRatioF())
         load();
-    QLabel::paintEvent(event);
-    if (!m_clickable || !m_showsFocus)
-        return;
-    QPainter painter(this);
-    lumqt::drawFocusRing(painter, rect());
+    if (!lumqt::paintsWholePicture(*this))
+        QLabel::paintEvent(event);
 }

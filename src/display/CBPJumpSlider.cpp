@@ -59,7 +59,7 @@ void CBPJumpSlider::Init(QStringList labels)
         m_slider->setPageStep(1);
         m_slider->setTickInterval(1);
     }
-    lumqt::setSliderLabels(*m_labelRow, m_labels);
+    lumqt::setSliderLabels(*m_slider, *m_labelRow, m_labels);
     // What listens to the value may delete the slider, or this with it.
     const QPointer<QSlider> slider = m_slider;
     slider->setValue(0); // before the range, which would tell of a position in between
@@ -111,9 +111,8 @@ bool CBPJumpSlider::DrawSlider()
     QPainter painter(m_slider);
     const QRect rect = m_slider->rect();
     lumqt::drawSliderTrack(painter, rect, m_labels.size() - 1, kEndInset);
-    lumqt::drawSliderHandle(painter, handleOf(*m_slider).topLeft(),
+    lumqt::drawSliderHandle(painter, *m_slider, handleOf(*m_slider).topLeft(),
                             m_slider->isEnabled() ? kHandleColor : kDisabledHandleColor);
-    lumqt::drawSliderFocus(painter, *m_slider);
     return true;
 }
 

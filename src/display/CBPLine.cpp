@@ -1,6 +1,7 @@
 #include "CBPLine.h"
 
 #include "foundation/Painting.h"
+#include "foundation/StyledGround.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -11,10 +12,31 @@ namespace {
 const QColor kBarColor(75, 174, 178);
 constexpr int kBarHeight = 3;
 
+// Marks a place, above the bar, and shows nothing.
+class Place : public QLabel
+{
+public:
+    // As an empty label has it, without the padding of a style sheet.
+    QSize sizeHint() const override
+    {
+        return QSize(fontMetrics().averageCharWidth(), fontMetrics().lineSpacing());
+    }
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    bool event(QEvent *event) override
+    {
+        const bool handled = QLabel::event(event);
+        lumqt::refuseStyledGround(this, event);
+        return handled;
+    }
+    void paintEvent(QPaintEvent *) override {}
+};
+
 } // namespace
 
 CBPLine::CBPLine(bool horizontal, QWidget *parent)
-    : QWidget(parent), m_label(new QLabel), m_horizontal(horizontal)
+    : QWidget(parent), m_label(new Place), m_horizontal(horizontal)
 {
     QBoxLayout *layout = nullptr;
     if (m_horizontal)
@@ -32,5 +54,5 @@ void CBPLine::paintEvent(QPaintEvent *)
     QRect bar = m_label->geometry();
     bar.setHeight(kBarHeight);
     QPainter painter(this);
-    painter.fillRect(lumqt::wholeDevicePixels(painter, bar), kBarColor);
+    painter.fillRect(lumqt::evenDevicePixels(painter, bar), kBarColor);
 }

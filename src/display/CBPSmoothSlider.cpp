@@ -48,7 +48,7 @@ void CBPSmoothSlider::Init(QStringList labels, int maximum, int minimum)
         m_labelRow = parts.labelRow;
         m_slider->setFixedHeight(kHeight);
     }
-    lumqt::setSliderLabels(*m_labelRow, m_labels);
+    lumqt::setSliderLabels(*m_slider, *m_labelRow, m_labels);
     // What listens to the value may delete the slider, or this with it.
     const QPointer<QSlider> slider = m_slider;
     slider->setRange(minimum, maximum);
@@ -110,9 +110,8 @@ bool CBPSmoothSlider::DrawSlider()
     if (wanted >= lumqt::kSliderHandle / 2)
         x = int(qMin<qint64>(wanted, end - lumqt::kSliderHandle));
     const int middle = rect.y() + rect.height() / 2;
-    lumqt::drawSliderHandle(painter, QPoint(x, middle - lumqt::kSliderHandle / 2), kHandleColor);
+    lumqt::drawSliderHandle(painter, *m_slider, QPoint(x, middle - lumqt::kSliderHandle / 2), kHandleColor);
     drawValue(painter, x);
-    lumqt::drawSliderFocus(painter, *m_slider);
     return true;
 }
 

@@ -352,6 +352,16 @@ QColor CFoucsLabel::groundColor() const
     return isEnabled() && underMouse() ? tint(textColor(), kHoverAlpha) : QColor();
 }
 
+// Along the edge where the title begins, or inside the ring there.
+void CFoucsLabel::drawBar(QPainter &painter, int inset)
+{
+    const QRectF whole = lumqt::wholeDevicePixels(painter, QRectF(rect()));
+    const qreal width = lumqt::evenDevicePixels(painter, QRectF(0, 0, kBarWidth, 1)).width();
+    const qreal shift = inset > 0 ? lumqt::evenDevicePixels(painter, QRectF(0, 0, inset, 1)).width() : 0;
+    const qreal left = isRightToLeft() ? whole.right() - shift - width : whole.left() + shift;
+    painter.fillRect(QRectF(left, whole.top(), width, whole.height()), textColor());
+}
+
 void CFoucsLabel::drawIcon(QPainter &painter, Icon &icon, const QRect &place)
 {
     const QPixmap &pixmap =
@@ -374,6 +384,7 @@ void CFoucsLabel::drawText(QPainter &painter, const QRect &place)
             ? m_text
             : QFontMetrics(font).elidedText(m_text.left(place.width() + 1), Qt::ElideRight, place.width());
     QRect line = place;
+    painter.setLayoutDirection(shown.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight); // of the ellipsis
     if (isRightToLeft())
         line.setLeft(qMax(place.left(), place.right() + 1 - m_layout->lineSize(shown, font).width()));
     painter.setPen(textColor());
@@ -402,12 +413,9 @@ void CFoucsLabel::paintEvent(QPaintEvent *)
     const QColor ground = groundColor();
     if (ground.isValid())
         painter.fillRect(rect(), ground);
-    if (m_focused) {
-        const QRect bar(0, 0, kBarWidth, height());
-        painter.fillRect(
-            lumqt::wholeDevicePixels(painter, QRectF(QStyle::visualRect(layoutDirection(), rect(), bar))),
-            textColor());
-    }
+    const bool ringed = m_focusMark == lumqt::FocusMark::Shown && isEnabled();
+    if (m_focused)
+        drawBar(painter, ringed ? lumqt::kFocusRingWidth : 0);
     const Places where = places();
     if (!m_lead->files.isEmpty())
         drawIcon(painter, *m_lead, where.lead);
@@ -416,6 +424,6 @@ void CFoucsLabel::paintEvent(QPaintEvent *)
         drawArrow(painter, where.tail);
     else if (m_showsTail)
         drawIcon(painter, *m_tail, where.tail);
-    if (m_focusMark == lumqt::FocusMark::Shown && isEnabled())
+    if (ringed)
         lumqt::drawFocusRing(painter, rect());
 }

@@ -1,7 +1,10 @@
 #include "display/SliderParts.h"
 
 #include "foundation/Accessible.h"
+#include "foundation/FocusMark.h"
+#include "foundation/FocusRing.h"
 #include "foundation/Painting.h"
+#include "foundation/StyledGround.h"
 
 #include <QFocusEvent>
 #include <QLabel>
@@ -19,7 +22,10 @@ const QColor kTickColor(146, 146, 146);
 constexpr int kTrackWidth = 4;
 constexpr int kTickTop = 2; // below the middle
 constexpr int kTickHeight = 11;
-constexpr int kNaturalHeight = 2 * (kTickTop + kTickHeight) + 2; // with room for the focus ring
+constexpr int kNaturalHeight = 2 * (kTickTop + kTickHeight) + 2;
+constexpr int kHalo = 4; // around the handle
+constexpr int kHoverAlpha = 48;
+constexpr int kPressedAlpha = 96;
 constexpr int kLabelBaseline = 12;
 constexpr int kLabelGap = 12; // the least between two labels of a slider that has all the room it asks for
 
@@ -57,6 +63,14 @@ public:
         const QFontMetrics metrics = fontMetrics();
         return QSize(metrics.averageCharWidth(),
                      qMax(metrics.height(), labelBaseline(metrics) + metrics.descent()));
+    }
+
+protected:
+    bool event(QEvent *event) override
+    {
+        const bool handled = QLabel::event(event);
+        refuseStyledGround(this, event);
+        return handled;
     }
 
 private:
@@ -106,8 +120,11 @@ public:
             return value.isEmpty() ? QString::number(m_slider->value()) : value;
         }
         // An application names the widget that it knows.
-        QAccessibleInterface *owner = QAccessible::queryAccessibleInterface(m_slider->parentWidget());
-        return owner ? owner->text(kind) : own;
+        if (QAccessibleInterface *owner = QAccessible::queryAccessibleInterface(m_slider->parentWidget()))
+            own = owner->text(kind);
+        if (kind == QAccessible::Name && own.isEmpty() && !m_slider->m_labels.isEmpty())
+            own = m_slider->m_labels.first() + QStringLiteral(" \u2013 ") + m_slider->m_labels.last();
+        return own;
     }
 
     void *interface_cast(QAccessible::InterfaceType type) override
@@ -139,6 +156,7 @@ SpokenSlider::SpokenSlider(std::function<QString()> spokenValue)
     setLayoutDirection(Qt::LeftToRight);
     setTickPosition(QSlider::TicksBelow);
     setFocusPolicy(Qt::StrongFocus);
+    setAttribute(Qt::WA_Hover);
 }
 
 // The style's own height leaves the ticks, which are painted below the middle, no room.
@@ -152,27 +170,30 @@ QSize SpokenSlider::minimumSizeHint() const
     return QSlider::minimumSizeHint().expandedTo(QSize(0, kNaturalHeight));
 }
 
-void SpokenSlider::showFocus(bool show)
+void SpokenSlider::showRing()
 {
-    m_showsFocus = show;
-    update();
+    if (parentWidget())
+        setRingAround(parentWidget(), m_focusMark == FocusMark::Shown && isEnabled());
 }
 
 void SpokenSlider::focusInEvent(QFocusEvent *event)
 {
-    showFocus(showsFocusFor(this, event->reason()));
+    focusGained(m_focusMark, event->reason());
+    showRing();
     QSlider::focusInEvent(event);
 }
 
 void SpokenSlider::focusOutEvent(QFocusEvent *event)
 {
-    showFocus(false);
+    focusLost(m_focusMark, event->reason());
+    showRing();
     QSlider::focusOutEvent(event);
 }
 
 void SpokenSlider::keyPressEvent(QKeyEvent *event)
 {
-    showFocus(true);
+    keyUsed(m_focusMark);
+    showRing();
     QSlider::keyPressEvent(event); // what listens to the value may delete the slider
 }
 
@@ -267,23 +288,25 @@ void drawSliderTrack(QPainter &painter, const QRect &rect, int last, int inset)
     painter.fillRect(wholeDevicePixels(painter, track), kTrackColor);
     for (int i = 0; i <= last; ++i) {
         const QRect tick(sliderTick(rect, i, last, inset), middle + kTickTop, 1, kTickHeight);
-        painter.fillRect(wholeDevicePixels(painter, tick), kTickColor);
+        painter.fillRect(evenDevicePixels(painter, tick), kTickColor);
     }
 }
 
-void drawSliderHandle(QPainter &painter, const QPoint &topLeft, const QColor &color)
+void drawSliderHandle(QPainter &painter, const QSlider &slider, const QPoint &topLeft, const QColor &color)
 {
+    const QRect place(topLeft, QSize(kSliderHandle, kSliderHandle));
+    if (slider.isEnabled() && (slider.underMouse() || slider.isSliderDown())) {
+        const QRect around = place.adjusted(-kHalo, -kHalo, kHalo, kHalo) & slider.rect();
+        Body halo;
+        halo.fill = color;
+        halo.fill.setAlpha(slider.isSliderDown() ? kPressedAlpha : kHoverAlpha);
+        halo.radiusX = halo.radiusY = qMin(around.width(), around.height()) / 2.0;
+        drawBody(painter, around, halo);
+    }
     Body disc;
     disc.fill = color;
     disc.radiusX = disc.radiusY = kSliderHandle / 2.0;
-    drawBody(painter, QRect(topLeft, QSize(kSliderHandle, kSliderHandle)), disc);
-}
-
-void drawSliderFocus(QPainter &painter, const QSlider &slider)
-{
-    const auto *spoken = qobject_cast<const SpokenSlider *>(&slider);
-    if (spoken && spoken->showsFocus() && slider.isEnabled())
-        drawFocusRing(painter, slider.rect());
+    drawBody(painter, place, disc);
 }
 
 QVector<QRect> sliderLabelRects(const QLabel &row, const QStringList &labels)
@@ -301,8 +324,9 @@ QVector<QRect> sliderLabelRects(const QLabel &row, const QStringList &labels)
     return rects;
 }
 
-void setSliderLabels(QLabel &row, const QStringList &labels)
+void setSliderLabels(QSlider &slider, QLabel &row, const QStringList &labels)
 {
+    static_cast<SpokenSlider &>(slider).setLabels(labels);
     static_cast<LabelRow &>(row).setLabels(labels);
 }
 

@@ -13,8 +13,11 @@ class QLabel;
 // the slider's owner paints. GUI thread only.
 namespace lumqt {
 
-// A slider that tells screen readers its parent's name and, as its value, what `spokenValue` says (the number
-// while that is empty), and knows whether its focus is to be shown.
+enum class FocusMark : unsigned char;
+
+// A slider that tells screen readers its parent's name, or else the labels at its ends, and as its value what
+// `spokenValue` says (the number while that is empty). The ring of the keyboard focus lies around its parent:
+// the ticks and the labels reach the edges.
 class SpokenSlider : public QSlider
 {
     Q_OBJECT
@@ -22,8 +25,7 @@ class SpokenSlider : public QSlider
 public:
     explicit SpokenSlider(std::function<QString()> spokenValue);
 
-    // Focused by somebody who uses the keyboard.
-    bool showsFocus() const { return m_showsFocus; }
+    void setLabels(const QStringList &labels) { m_labels = labels; }
 
     // What the left button does, one of the two: the style's own handle and groove are elsewhere than the
     // painted ones. `valueAt` tells the value at a place.
@@ -56,7 +58,7 @@ protected:
 private:
     class Accessible;
 
-    void showFocus(bool show);
+    void showRing();
     void stepTowards(int x);
 
     std::function<QString()> m_spokenValue;
@@ -64,7 +66,8 @@ private:
     HandleOf m_handleOf = nullptr;
     int m_grabbedAt = 0;  // pixels from the middle of the handle
     int m_pageTarget = 0; // the value under the pointer that paging goes to
-    bool m_showsFocus = false;
+    QStringList m_labels;
+    FocusMark m_focusMark{};
 };
 
 struct SliderParts
@@ -82,11 +85,11 @@ constexpr int kSliderHandle = 14; // across
 int sliderTick(const QRect &rect, int index, int last, int inset);
 
 void drawSliderTrack(QPainter &painter, const QRect &rect, int last, int inset);
-void drawSliderHandle(QPainter &painter, const QPoint &topLeft, const QColor &color);
-void drawSliderFocus(QPainter &painter, const QSlider &slider);
+// Under the pointer, or held, it has a halo, as far as the slider reaches.
+void drawSliderHandle(QPainter &painter, const QSlider &slider, const QPoint &topLeft, const QColor &color);
 
-// Of a row of makeSliderParts(): the labels that it has to have room for.
-void setSliderLabels(QLabel &row, const QStringList &labels);
+// Of makeSliderParts(): the labels that the row has to have room for.
+void setSliderLabels(QSlider &slider, QLabel &row, const QStringList &labels);
 
 // Where each label lies in the row, in its coordinates.
 QVector<QRect> sliderLabelRects(const QLabel &row, const QStringList &labels);

@@ -82,7 +82,9 @@ QString AccessibleButton::text(QAccessible::Text kind) const
 {
     if (kind == QAccessible::Name && button() && button()->accessibleName().isEmpty()) {
         const QString name = m_ownName();
-        return name.isEmpty() && button()->text().isEmpty() ? QAccessibleWidget::text(kind) : name;
+        if (!name.isEmpty() || !button()->toolTip().isEmpty())
+            return name.isEmpty() ? button()->toolTip() : name;
+        return button()->text().isEmpty() ? QAccessibleWidget::text(kind) : QString();
     }
     if (kind == QAccessible::Accelerator && button()) {
         const auto *push = qobject_cast<const QPushButton *>(button());

@@ -25,8 +25,8 @@ void tellChosen(QWidget *widget, bool chosen);
 // Says that `widget` was chosen among its siblings, or no longer is.
 void tellSelected(QWidget *widget, bool selected);
 
-// A push button whose name, where the application set none, its class knows. All else is as Qt tells it of a
-// QPushButton; Qt's own interface would take the "&" out of a text.
+// A push button whose name, where the application set none, its class knows; the tool tip stands for one that
+// is empty. All else is as Qt tells it of a QPushButton; Qt's own interface would take the "&" out of a text.
 class AccessibleButton : public QAccessibleWidget
 {
 public:

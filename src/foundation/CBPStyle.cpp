@@ -92,7 +92,8 @@ void CBPStyle::drawControl(ControlElement element, const QStyleOption *option, Q
 {
     const lumqt::Canvas canvas{*painter, widget, *proxy(), *m_pWatch};
     if (option &&
-        (lumqt::drawFieldControl(element, *option, canvas) ||
+        (lumqt::drawButtonControl(element, *option, canvas) ||
+         lumqt::drawFieldControl(element, *option, canvas) ||
          lumqt::drawViewControl(element, *option, canvas) || lumqt::drawBarControl(element, *option, canvas)))
         return;
     const auto *item = qstyleoption_cast<const QStyleOptionViewItem *>(option);
@@ -111,10 +112,13 @@ void CBPStyle::drawComplexControl(ComplexControl control, const QStyleOptionComp
     const auto *combo = qstyleoption_cast<const QStyleOptionComboBox *>(option);
     const auto *spin = qstyleoption_cast<const QStyleOptionSpinBox *>(option);
     const auto *slider = qstyleoption_cast<const QStyleOptionSlider *>(option);
+    const auto *tool = qstyleoption_cast<const QStyleOptionToolButton *>(option);
     if (control == CC_ComboBox && combo)
         lumqt::drawComboBox(*combo, canvas);
     else if (control == CC_SpinBox && spin)
         lumqt::drawSpinBox(*spin, canvas);
+    else if (control == CC_ToolButton && tool)
+        lumqt::drawToolButton(*tool, canvas);
     else if (control == CC_ScrollBar && slider)
         lumqt::drawScrollBar(*slider, canvas);
     else

@@ -20,7 +20,10 @@ QString elidedLine(const QString &text, const QFont &font, int width)
     const int room = qMax(0, width);
     QString line = text.left(room + 1); // more cannot fit, and need not be measured at each paint
     line.replace(QLatin1Char('\n'), QLatin1Char(' '));
-    return QFontMetrics(font).elidedText(line, Qt::ElideRight, room);
+    // A width that was asked for as that of the text is rounded, and enough.
+    const QFontMetrics metrics(font);
+    const bool fits = text.size() <= room && metrics.horizontalAdvance(line) <= room;
+    return fits ? line : metrics.elidedText(line, Qt::ElideRight, room);
 }
 
 QString toolTipOf(const QString &whole)

@@ -6,7 +6,10 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QFocusFrame>
+#include <QFontMetrics>
+#include <QImage>
 #include <QPainter>
+#include <QPixmap>
 #include <QPointer>
 #include <QStyleHintReturnMask>
 #include <QStyleOption>
@@ -14,6 +17,8 @@
 namespace lumqt {
 
 namespace {
+
+constexpr int kFaint = 24; // alpha that counts for nothing: shadows, antialiased edges
 
 // Tells Qt's frame how far out it lies, and what it looks like.
 class RingStyle : public QCommonStyle
@@ -119,7 +124,40 @@ RingKeeper *keeperOf(const QWidget *widget)
     return nullptr;
 }
 
+QRect opaqueBox(const QImage &image)
+{
+    QRect box;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (qAlpha(image.pixel(x, y)) > kFaint)
+                box |= QRect(x, y, 1, 1);
+        }
+    }
+    return box;
+}
+
 } // namespace
+
+bool hasRingRoom(const QRect &all, const QRect &ink)
+{
+    constexpr int room = kFocusRingWidth + 1;
+    return ink.isEmpty() || all.adjusted(room, room, -room, -room).contains(ink);
+}
+
+QRect inkOfLine(const QString &text, const QFont &font, const QPoint &topLeft)
+{
+    const QFontMetrics metrics(font);
+    return text.isEmpty() ? QRect()
+                          : metrics.tightBoundingRect(text).translated(topLeft + QPoint(0, metrics.ascent()));
+}
+
+QRect inkOfPicture(const QPixmap &picture, const QPoint &topLeft)
+{
+    const QRect box = opaqueBox(picture.toImage());
+    const qreal ratio = picture.devicePixelRatioF();
+    const QRectF ink(QPointF(box.topLeft()) / ratio, QSizeF(box.size()) / ratio);
+    return ink.translated(topLeft).toAlignedRect();
+}
 
 void setRingAround(QWidget *widget, bool shown)
 {

@@ -2,6 +2,11 @@
 
 #include "foundation/Internals.h"
 
+#include <QRect>
+
+class QFont;
+class QPixmap;
+class QString;
 class QWidget;
 
 // The ring of the keyboard focus around a widget whose content reaches its edges, as a link's text does: it
@@ -15,5 +20,12 @@ constexpr int kRingMargin = 3;
 // Shows the ring around `widget`, or takes it away. It follows the widget, hides with it and goes with it. A
 // window has no outside and gets none. GUI thread only.
 LUMQT_TESTED void setRingAround(QWidget *widget, bool shown);
+
+// Whether `ink` leaves the room that a ring at the inner edge of `all` takes, and a pixel of air.
+bool hasRingRoom(const QRect &all, const QRect &ink);
+
+// Where something is drawn: the ink of a line of text whose box begins at `topLeft`, and of a picture.
+QRect inkOfLine(const QString &text, const QFont &font, const QPoint &topLeft);
+QRect inkOfPicture(const QPixmap &picture, const QPoint &topLeft);
 
 } // namespace lumqt

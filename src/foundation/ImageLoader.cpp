@@ -10,29 +10,57 @@
 #include <QSharedPointer>
 #include <QSvgRenderer>
 
+#include <algorithm>
+
 namespace lumqt {
 
 namespace {
 
-constexpr int kMaxSide = 8192;       // pixels; larger files are no pictures of an interface
+// Pixels; larger files are no pictures of an interface. A strip may be long.
+constexpr int kMaxSide = 32767;
+constexpr qint64 kMaxPixels = 8192 * 8192;
 constexpr int kCacheKiB = 48 * 1024; // decoded pictures
 constexpr int kParsedDrawings = 256; // SVG files kept parsed
-const char kHighDensityMark[] = "@2x";
+constexpr qreal kHighDensity = 2.0;
+constexpr int kSteps = 4; // between two whole ratios: those that systems offer
+
+// A file of the same picture that is drawn for another ratio: "name@2x.png".
+struct Twin
+{
+    QString file;
+    qreal ratio = 1.0;
+    FileLook look;
+};
 
 } // namespace
 
 struct Picture
 {
     QPixmap pixmap;
-    QString highDensityFile; // empty where none can apply
     FileLook look;
-    FileLook highDensityLook;
+    QVector<Twin> twins; // that can apply, there or not; the better one first
     // The last look: the pass it served, and the tick of the coarse clock. A pass has no end that anybody
     // tells, so the tick is what keeps an old look from a widget that paints much later.
     quint32 pass = 0;
     qint64 tick = -1;
 
-    bool settled() const { return look.settled && highDensityLook.settled; }
+    bool settled() const
+    {
+        return look.settled &&
+               std::all_of(twins.begin(), twins.end(), [](const Twin &twin) { return twin.look.settled; });
+    }
+    // Whether the files are as they were.
+    bool holdsFor(const QString &path) const
+    {
+        return look.holdsFor(stampOf(path)) && std::all_of(twins.begin(), twins.end(), [](const Twin &twin) {
+                   return twin.look.holdsFor(stampOf(twin.file));
+               });
+    }
+    bool hasFile() const
+    {
+        return look.stamp.exists() || std::any_of(twins.begin(), twins.end(),
+                                                  [](const Twin &twin) { return twin.look.stamp.exists(); });
+    }
 };
 
 namespace {
@@ -71,14 +99,19 @@ void forgetAll()
     drawings().clear();
 }
 
+// By its name; a picture of pixels that is named so is none.
 bool isDrawing(const QString &file)
 {
-    return file.endsWith(QLatin1String(".svg"));
+    if (!file.endsWith(QLatin1String(".svg")))
+        return false;
+    const QByteArray content = QImageReader::imageFormat(file);
+    return content.isEmpty() || content == "svg";
 }
 
 bool isReasonable(const QSize &size, const QString &file)
 {
-    if (size.width() <= kMaxSide && size.height() <= kMaxSide)
+    if (size.width() <= kMaxSide && size.height() <= kMaxSide &&
+        qint64(size.width()) * size.height() <= kMaxPixels)
         return true;
     qCWarning(lcLumQt, "The image %s is too large: %d x %d", qUtf8Printable(file), size.width(),
               size.height());
@@ -153,20 +186,36 @@ QPixmap read(const QString &path, const Picture &looks, qreal ratio)
     const bool exists = looks.look.stamp.exists();
     if (isDrawing(path))
         return exists ? renderDrawing(path, looks.look, ratio) : QPixmap();
-    if (looks.highDensityLook.stamp.exists()) {
-        const QImage image = decode(looks.highDensityFile);
+    for (const Twin &twin : looks.twins) {
+        const QImage image = twin.look.stamp.exists() ? decode(twin.file) : QImage();
         if (!image.isNull())
-            return fitRatio(image, 2.0, ratio);
+            return fitRatio(image, twin.ratio, ratio);
     }
     return exists ? fitRatio(decode(path), 1.0, ratio) : QPixmap();
 }
 
-QString highDensityName(const QString &path)
+Twin twinOf(const QString &path, qreal ratio)
 {
     const int dot = path.lastIndexOf(QLatin1Char('.'));
     const int slash = qMax(path.lastIndexOf(QLatin1Char('/')), path.lastIndexOf(QLatin1Char('\\')));
     const int end = dot > slash ? dot : path.size();
-    return path.left(end) + QLatin1String(kHighDensityMark) + path.mid(end);
+    const QString mark = QLatin1Char('@') + QString::number(ratio) + QLatin1Char('x');
+    Twin twin{path.left(end) + mark + path.mid(end), ratio, FileLook()};
+    twin.look = lookAt(twin.file);
+    return twin;
+}
+
+// One that is drawn for the very ratio has its strokes on whole pixels; any other is scaled.
+QVector<Twin> twinsFor(const QString &path, qreal ratio)
+{
+    QVector<Twin> twins;
+    if (ratio <= 1.0 || isDrawing(path))
+        return twins;
+    const int steps = qRound(ratio * kSteps);
+    if (qFuzzyCompare(ratio * kSteps, qreal(steps)) && steps % kSteps != 0)
+        twins.append(twinOf(path, ratio));
+    twins.append(twinOf(path, kHighDensity));
+    return twins;
 }
 
 int costOf(const QPixmap &pixmap)
@@ -180,17 +229,13 @@ PicturePointer lookAndLoad(const QString &path, qreal ratio)
     if (const PicturePointer *known = pictures().object(key)) {
         Picture &old = **known;
         old.tick = platform::coarseClock();
-        if (old.look.holdsFor(stampOf(path)) &&
-            (old.highDensityFile.isEmpty() || old.highDensityLook.holdsFor(stampOf(old.highDensityFile))))
+        if (old.holdsFor(path))
             return *known;
     }
     auto picture = std::make_shared<Picture>();
     picture->look = lookAt(path);
-    if (ratio > 1.0 && !isDrawing(path)) {
-        picture->highDensityFile = highDensityName(path);
-        picture->highDensityLook = lookAt(picture->highDensityFile);
-    }
-    if (!picture->look.stamp.exists() && !picture->highDensityLook.stamp.exists())
+    picture->twins = twinsFor(path, ratio);
+    if (!picture->hasFile())
         qCWarning(lcLumQt, "The image %s is missing", qUtf8Printable(path));
     picture->pixmap = read(path, *picture, ratio);
     picture->tick = platform::coarseClock();

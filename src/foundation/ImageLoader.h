@@ -14,10 +14,10 @@ namespace lumqt {
 // missing, broken or larger than any image of an interface can be (said once in the log). An empty path is
 // silently null.
 //
-// "name@2x.ext" beside the file is taken for ratios above 1, and ".svg" is rendered at the ratio, so the
-// pixmap has the logical size of the file and is sharp at 1, 1.5 and 2. What was decoded is kept; each call
-// looks only whether the file's time or size changed, so a replaced file shows at the next paint. GUI thread
-// only.
+// "name@2x.ext" beside the file is taken for ratios above 1, but "name@1.5x.ext" where the ratio is exactly
+// that (likewise any other in quarters), and ".svg" is rendered at the ratio, so the pixmap has the logical
+// size of the file and is sharp at 1, 1.5 and 2. What was decoded is kept; each call looks only whether a
+// file's time or size changed, so a replaced file shows at the next paint. GUI thread only.
 LUMQT_TESTED QPixmap loadPixmap(const QString &path, qreal ratio);
 
 // Logical size of the image file at `path`, for laying out, as it was within the last tick of the coarse

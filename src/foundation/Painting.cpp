@@ -4,9 +4,12 @@
 #include <QCoreApplication>
 #include <QFontMetrics>
 #include <QPaintDevice>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPixmap>
 #include <QTextOption>
+
+#include <cmath>
 
 namespace lumqt {
 
@@ -17,7 +20,6 @@ constexpr int kBodyCacheKiB = 16 * 1024;
 constexpr int kLargestCachedArea = 512 * 512;
 const QColor kDotColor(0xe0, 0x20, 0x20);
 constexpr qreal kDotRadius = 4.0;
-constexpr int kFocusRingRadius = 2;
 
 struct BodyKey
 {
@@ -119,9 +121,12 @@ QPixmap bodyPixmap(const QSize &size, const Body &body, qreal ratio)
     return pixmap;
 }
 
+// Of what is painted on in the end: a widget that is rendered into a picture has its screen's.
 qreal ratioOf(const QPainter &painter)
 {
-    return painter.device() ? painter.device()->devicePixelRatioF() : 1.0;
+    const QPaintDevice *surface =
+        painter.paintEngine() ? painter.paintEngine()->paintDevice() : painter.device();
+    return surface ? surface->devicePixelRatioF() : 1.0;
 }
 
 } // namespace
@@ -136,6 +141,17 @@ QRectF wholeDevicePixels(const QPainter &painter, const QRectF &rect)
     const QPointF topLeft(qRound(device.left()), qRound(device.top()));
     const QPointF bottomRight(qRound(device.right()), qRound(device.bottom()));
     return toDevice.inverted().mapRect(QRectF(topLeft, bottomRight));
+}
+
+QRectF evenDevicePixels(const QPainter &painter, const QRectF &rect)
+{
+    const QTransform &toDevice = painter.deviceTransform();
+    if (toDevice.type() > QTransform::TxScale)
+        return rect;
+    const QPointF topLeft = wholeDevicePixels(painter, rect).topLeft();
+    const auto even = [](qreal length, qreal scale) { return qMax(1, qRound(length * scale)) / scale; };
+    return QRectF(
+        topLeft, QSizeF(even(rect.width(), qAbs(toDevice.m11())), even(rect.height(), qAbs(toDevice.m22()))));
 }
 
 void drawBody(QPainter &painter, const QRect &rect, const Body &body)
@@ -165,7 +181,9 @@ void drawBody(QPainter &painter, const QRect &rect, const Body &body)
 
 void drawDropTriangle(QPainter &painter, const QPointF &topLeft, int width, int height, const QColor &color)
 {
-    const QPointF corners[] = {topLeft, topLeft + QPointF(width, 0), topLeft + QPointF(width / 2.0, height)};
+    // Its upper edge is a straight one.
+    const QPointF start = wholeDevicePixels(painter, QRectF(topLeft, QSizeF(width, height))).topLeft();
+    const QPointF corners[] = {start, start + QPointF(width, 0), start + QPointF(width / 2.0, height)};
     painter.save();
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
     painter.setPen(Qt::NoPen);
@@ -174,12 +192,13 @@ void drawDropTriangle(QPainter &painter, const QPointF &topLeft, int width, int 
     painter.restore();
 }
 
-void drawFocusRing(QPainter &painter, const QRect &rect)
+void drawFocusRing(QPainter &painter, const QRect &rect, qreal radiusX, qreal radiusY)
 {
     Body ring;
     ring.frame = QColor(kFocusRingColor);
     ring.frameWidth = kFocusRingWidth;
-    ring.radiusX = ring.radiusY = kFocusRingRadius;
+    ring.radiusX = radiusX > kFocusRingRadius ? radiusX : kFocusRingRadius; // also for what is no number
+    ring.radiusY = radiusY > kFocusRingRadius ? radiusY : kFocusRingRadius;
     drawBody(painter, rect, ring);
 }
 
@@ -196,20 +215,6 @@ void drawField(QPainter &painter, const QRect &rect, const FieldLook &look)
         drawFocusRing(painter, rect);
 }
 
-bool showsFocusFor(const QWidget *widget, Qt::FocusReason reason)
-{
-    switch (reason) {
-    case Qt::TabFocusReason:
-    case Qt::BacktabFocusReason:
-    case Qt::ShortcutFocusReason:
-        return true;
-    case Qt::MouseFocusReason:
-        return false;
-    default: // the window became active, or a program moved the focus
-        return widget->window()->testAttribute(Qt::WA_KeyboardFocusChange);
-    }
-}
-
 void drawDotBadge(QPainter &painter, const QPoint &topLeft)
 {
     drawDotBadge(painter, topLeft, kDotColor);
@@ -221,7 +226,8 @@ void drawDotBadge(QPainter &painter, const QPoint &topLeft, const QColor &color)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(color);
-    painter.drawRoundedRect(QRect(topLeft, QSize(kDotBadgeSize, kDotBadgeSize)), kDotRadius, kDotRadius);
+    const QRectF place(topLeft, QSizeF(kDotBadgeSize, kDotBadgeSize));
+    painter.drawRoundedRect(wholeDevicePixels(painter, place), kDotRadius, kDotRadius);
     painter.restore();
 }
 
@@ -246,8 +252,17 @@ void CachedText::measure(const QString &text, const QFont &font, qreal ratio)
 // Lays nothing out for a text that is painted once: many a window is shown and closed.
 void CachedText::drawLine(QPainter &painter, const QPoint &topLeft)
 {
+    if (m_font.underline()) { // Qt's own line would lie between pixels
+        QFont letters = m_font;
+        letters.setUnderline(false);
+        painter.setFont(letters);
+        const QFontMetricsF metrics(m_font);
+        const qreal below = qMin(std::ceil(metrics.underlinePos()), metrics.descent());
+        const QRectF line(topLeft.x(), topLeft.y() + m_ascent + below, m_size.width(), metrics.lineWidth());
+        painter.fillRect(evenDevicePixels(painter, line), painter.pen().color());
+    }
     // Under a scaling painter Qt leaves the lines of a static text out.
-    if (!m_painted || m_font.underline() || m_font.strikeOut()) {
+    if (!m_painted || m_font.strikeOut()) {
         m_painted = true;
         painter.drawText(topLeft + QPoint(0, m_ascent), m_text);
         return;

@@ -43,15 +43,18 @@ struct Body
 LUMQT_TESTED void drawBody(QPainter &painter, const QRect &rect, const Body &body);
 
 // The ring of the keyboard focus at the inner edge of `rect`: of what has room for it around its content.
-// What has none is given its ring by setRingAround().
-LUMQT_TESTED void drawFocusRing(QPainter &painter, const QRect &rect);
-
-// Whether the focus that comes to `widget` for `reason` is to be shown: to somebody who uses the keyboard. Of
-// rows and sliders; buttons keep to FocusMark.h.
-bool showsFocusFor(const QWidget *widget, Qt::FocusReason reason);
+// What has none is given its ring by setRingAround(). The radii are those of what it goes around, where that
+// is rounder than the ring itself.
+constexpr qreal kFocusRingRadius = 2.0;
+LUMQT_TESTED void drawFocusRing(QPainter &painter, const QRect &rect, qreal radiusX = kFocusRingRadius,
+                                qreal radiusY = kFocusRingRadius);
 
 // `rect` with its edges on device pixels, where antialiased or scaled painting leaves no half-covered ones.
 LUMQT_TESTED QRectF wholeDevicePixels(const QPainter &painter, const QRectF &rect);
+
+// The same of a line or a small mark, which is as large wherever it lies: of lines side by side none is
+// thicker than another. Never without a size.
+LUMQT_TESTED QRectF evenDevicePixels(const QPainter &painter, const QRectF &rect);
 
 // A triangle that points down, its box at `topLeft`.
 LUMQT_TESTED void drawDropTriangle(QPainter &painter, const QPointF &topLeft, int width, int height,

@@ -1,6 +1,8 @@
 // Fields: line edits, combo boxes, spin boxes, the frames of texts and views.
 
+#include "CBPTextEdit.h"
 #include "foundation/Fade.h"
+#include "foundation/FieldText.h"
 #include "foundation/Painting.h"
 #include "foundation/StyleParts.h"
 #include "foundation/StyleWatch.h"
@@ -10,6 +12,7 @@
 #include <QAbstractSpinBox>
 #include <QComboBox>
 #include <QFrame>
+#include <QLineEdit>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QScrollBar>
@@ -49,7 +52,11 @@ void drawLineEdit(const QStyleOptionFrame &option, const Canvas &canvas)
         return;
     }
     const bool focused = option.state & QStyle::State_HasFocus || canvas.watch.hasFocus(canvas.widget);
-    drawPanel(canvas, option.rect, colors.ground, frameOf(option, colors));
+    // A text that only the program changes lies on the ground of what cannot be edited.
+    const bool locked = option.state & QStyle::State_ReadOnly && colors.ground == QColor(kFieldGround);
+    const bool refused = isRefused(qobject_cast<const QLineEdit *>(canvas.widget));
+    drawPanel(canvas, option.rect, locked ? QColor(kFieldGroundDisabled) : colors.ground,
+              refused ? QColor(kFieldFrameInvalid) : frameOf(option, colors));
     drawRing(canvas, option.rect, focused && option.state & QStyle::State_Enabled);
 }
 
@@ -72,14 +79,22 @@ void drawCorner(const StyleColors &colors, const Canvas &canvas, const QAbstract
     canvas.painter.fillRect(wholeDevicePixels(canvas.painter, corner), colors.raised);
 }
 
+// The ground goes on under the frame, whatever palette the content has.
+QColor groundOf(const QStyleOption &option, const QAbstractScrollArea &area)
+{
+    QStyleOption content(option);
+    content.palette = area.viewport()->palette();
+    if (qobject_cast<const CBPTextEdit *>(&area)) // which paints its text's ground as a field's
+        return StyleColors(content).ground;
+    return content.palette.color(QPalette::Base);
+}
+
 void drawAreaFrame(const QStyleOption &option, const Canvas &canvas, const QAbstractScrollArea &area)
 {
     const StyleColors colors(option);
     const bool text = qobject_cast<const QTextEdit *>(&area) || qobject_cast<const QPlainTextEdit *>(&area);
-    // The ground goes on under the frame, whatever palette the content has.
     const bool filled = text || qobject_cast<const QAbstractItemView *>(&area);
-    drawPanel(canvas, option.rect, filled ? area.viewport()->palette().color(QPalette::Base) : QColor(),
-              frameOf(option, colors));
+    drawPanel(canvas, option.rect, filled ? groundOf(option, area) : QColor(), frameOf(option, colors));
     drawCorner(colors, canvas, area);
     const bool focused = text ? canvas.watch.hasFocus(&area) : canvas.watch.showsFocus(&area);
     drawRing(canvas, option.rect, focused && option.state & QStyle::State_Enabled && !ringLiesInRow(&area));

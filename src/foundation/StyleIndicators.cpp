@@ -57,7 +57,7 @@ QRect placeOf(const QRect &rect)
     return place;
 }
 
-void drawRingAround(const Canvas &canvas, const QRect &place, int radius = kFocusRingRadius)
+void drawRingAround(const Canvas &canvas, const QRect &place, int radius = int(kFocusRingRadius))
 {
     const QRect ring = place.adjusted(-kIndicatorRoom, -kIndicatorRoom, kIndicatorRoom, kIndicatorRoom);
     drawRing(canvas, ring, canvas.watch.showsFocus(canvas.widget), radius);
@@ -139,6 +139,36 @@ void drawButton(const QStyleOption &option, const Canvas &canvas, bool flat)
     drawRing(canvas, option.rect, canvas.watch.showsFocus(canvas.widget));
 }
 
+// Windows' own style paints the next two without asking for their parts.
+void drawPushButton(const QStyleOptionButton &option, const Canvas &canvas)
+{
+    canvas.style.drawPrimitive(QStyle::PE_PanelButtonCommand, &option, &canvas.painter, canvas.widget);
+    if (!(option.features & QStyleOptionButton::HasMenu))
+        return;
+    QRect arrow = option.rect.adjusted(0, 0, -kFieldInset, 0);
+    arrow.setLeft(arrow.right() + 1 - kTriangleWidth);
+    drawTriangle(canvas, QStyle::visualRect(option.direction, option.rect, arrow), Qt::DownArrow,
+                 StyleColors(option).ink);
+}
+
+void drawToolMenu(const QStyleOptionToolButton &option, const Canvas &canvas, const QRect &rect)
+{
+    const StyleColors colors(option);
+    if (option.subControls & QStyle::SC_ToolButtonMenu) {
+        QStyleOption menu(option);
+        menu.rect = rect;
+        if (!(option.activeSubControls & QStyle::SC_ToolButtonMenu))
+            menu.state &= ~QStyle::State_Sunken;
+        drawButton(menu, canvas, option.state & QStyle::State_AutoRaise);
+        drawTriangle(canvas, rect, Qt::DownArrow, colors.ink);
+    } else if (option.features & QStyleOptionToolButton::HasMenu) {
+        const QRect corner(option.rect.right() - kTriangleWidth - 1,
+                           option.rect.bottom() - kTriangleHeight - 2, kTriangleWidth, kTriangleHeight);
+        drawTriangle(canvas, QStyle::visualRect(option.direction, option.rect, corner), Qt::DownArrow,
+                     colors.ink);
+    }
+}
+
 // Whose ring is painted with something else.
 bool drawsOwnRing(const QWidget *widget)
 {
@@ -161,6 +191,33 @@ void drawFocus(const QStyleOption &option, const Canvas &canvas)
 
 } // namespace
 
+bool drawButtonControl(QStyle::ControlElement element, const QStyleOption &option, const Canvas &canvas)
+{
+    const auto *button = qstyleoption_cast<const QStyleOptionButton *>(&option);
+    if (element != QStyle::CE_PushButtonBevel || !button)
+        return false;
+    drawPushButton(*button, canvas);
+    return true;
+}
+
+void drawToolButton(const QStyleOptionToolButton &option, const Canvas &canvas)
+{
+    const auto place = [&](QStyle::SubControl part) {
+        return canvas.style.subControlRect(QStyle::CC_ToolButton, &option, part, canvas.widget);
+    };
+    QStyleOptionToolButton part(option);
+    part.rect = place(QStyle::SC_ToolButton);
+    const bool own = option.activeSubControls & QStyle::SC_ToolButton;
+    if (option.subControls & QStyle::SC_ToolButtonMenu && !own)
+        part.state &= ~QStyle::State_Sunken; // the press is the menu's
+    if (option.subControls & QStyle::SC_ToolButton)
+        canvas.style.drawPrimitive(QStyle::PE_PanelButtonTool, &part, &canvas.painter, canvas.widget);
+    drawToolMenu(option, canvas, place(QStyle::SC_ToolButtonMenu));
+    const int frame = canvas.style.pixelMetric(QStyle::PM_DefaultFrameWidth, &option, canvas.widget);
+    part.rect.adjust(frame, frame, -frame, -frame);
+    canvas.style.drawControl(QStyle::CE_ToolButtonLabel, &part, &canvas.painter, canvas.widget);
+}
+
 bool drawIndicator(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &canvas)
 {
     switch (element) {
@@ -175,7 +232,9 @@ bool drawIndicator(QStyle::PrimitiveElement element, const QStyleOption &option,
         return true;
     case QStyle::PE_PanelButtonCommand: {
         const auto *button = qstyleoption_cast<const QStyleOptionButton *>(&option);
-        drawButton(option, canvas, button && button->features & QStyleOptionButton::Flat);
+        drawButton(option, canvas,
+                   button &&
+                       button->features & (QStyleOptionButton::Flat | QStyleOptionButton::CommandLinkButton));
         return true;
     }
     case QStyle::PE_PanelButtonTool:

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/Look.h"
+#include "foundation/Painting.h"
 
 #include <QColor>
 #include <QStyle>
@@ -12,6 +13,7 @@ class QStyleOptionComboBox;
 class QStyleOptionHeader;
 class QStyleOptionSlider;
 class QStyleOptionSpinBox;
+class QStyleOptionToolButton;
 class QStyleOptionViewItem;
 class QWidget;
 
@@ -27,13 +29,12 @@ constexpr int kIndicator = 16;    // of check boxes and radio buttons
 constexpr int kIconGap = 6;       // between a picture or a mark and a text
 constexpr int kIndicatorRoom = 3; // around it, for the focus ring and a pixel of air
 constexpr int kViewFrame = 2;     // of views and texts that scroll: room for the focus ring
-constexpr int kFocusRingRadius = 2;
 constexpr int kScrollBarWidth = 12;
 constexpr int kDropWidth = 24; // of what opens a list
 constexpr int kStepWidth = 20; // of the buttons of a spin box
 constexpr int kTriangleWidth = 8;
 constexpr int kTriangleHeight = 4;
-constexpr int kFieldPadding = 5;   // above and below the text of a field that is higher for it
+constexpr int kFieldPadding = 4;   // above and below the text of a field that is higher for it
 constexpr int kLineEditMargin = 2; // QLineEdit keeps it beside its text by itself
 
 // The parts of a widget whose colours fade, for fadedColor().
@@ -65,7 +66,7 @@ struct StyleColors
 };
 
 // The ring of the focus at the edge of `rect`, fading; on a ground that it would not be seen on it is white.
-void drawRing(const Canvas &canvas, const QRect &rect, bool shown, int radius = kFocusRingRadius);
+void drawRing(const Canvas &canvas, const QRect &rect, bool shown, int radius = int(kFocusRingRadius));
 // A flat ground with a frame of one pixel, both fading.
 void drawPanel(const Canvas &canvas, const QRect &rect, const QColor &ground, const QColor &frame);
 // Pointing down or, otherwise, up, left or right, its box in the middle of `rect`.
@@ -83,6 +84,8 @@ bool drawViewPrimitive(QStyle::PrimitiveElement element, const QStyleOption &opt
 bool drawViewControl(QStyle::ControlElement element, const QStyleOption &option, const Canvas &canvas);
 bool drawBarControl(QStyle::ControlElement element, const QStyleOption &option, const Canvas &canvas);
 bool drawBarPrimitive(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &canvas);
+bool drawButtonControl(QStyle::ControlElement element, const QStyleOption &option, const Canvas &canvas);
+void drawToolButton(const QStyleOptionToolButton &option, const Canvas &canvas);
 void drawComboBox(const QStyleOptionComboBox &option, const Canvas &canvas);
 void drawSpinBox(const QStyleOptionSpinBox &option, const Canvas &canvas);
 void drawScrollBar(const QStyleOptionSlider &option, const Canvas &canvas);

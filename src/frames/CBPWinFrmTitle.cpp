@@ -5,14 +5,12 @@
 #include "foundation/FontLookup.h"
 #include "foundation/ImageLoader.h"
 #include "foundation/Log.h"
+#include "frames/TitleLabel.h"
 #include "Util.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLinearGradient>
 #include <QMouseEvent>
-#include <QPainter>
-#include <QStyle>
 
 namespace {
 
@@ -104,32 +102,6 @@ const TitleImages &titleImages()
     return images;
 }
 
-// A text that finds no room is cut with an ellipsis, so that a long title neither widens the window nor
-// pushes the buttons out of it.
-class TitleLabel : public QLabel
-{
-public:
-    explicit TitleLabel(QWidget *parent) : QLabel(parent)
-    {
-        setTextFormat(Qt::PlainText);
-        setMinimumWidth(1);
-    }
-
-protected:
-    void paintEvent(QPaintEvent *event) override
-    {
-        const QRect area = contentsRect();
-        if (text().isEmpty() || fontMetrics().horizontalAdvance(text()) <= area.width()) {
-            QLabel::paintEvent(event);
-            return;
-        }
-        QPainter painter(this);
-        style()->drawItemText(&painter, area, int(alignment()), palette(), isEnabled(),
-                              fontMetrics().elidedText(text(), Qt::ElideRight, area.width()),
-                              foregroundRole());
-    }
-};
-
 } // namespace
 
 CBPWinFrmTitle::CBPWinFrmTitle(QWidget *parent)
@@ -163,7 +135,7 @@ void CBPWinFrmTitle::Init()
 void CBPWinFrmTitle::createLabels()
 {
     m_icon.widget = new QLabel(this);
-    m_title.widget = new TitleLabel(this);
+    m_title.widget = new lumqt::TitleLabel(this);
     m_title.widget->setObjectName(QStringLiteral("CBPWinFrmTitle_WindTitle"));
     m_title.widget->setFont(lumqt::uiFont());
     m_icon.widget->hide();
@@ -224,14 +196,22 @@ void CBPWinFrmTitle::retranslate()
         m_offerBtn->setToolTip(tr("Limited-time Offer"));
     if (m_backBtn)
         m_backBtn->setToolTip(tr("Back"));
-    nameButton(m_minBtn, m_minName, tr("Minimize"));
-    nameButton(m_closeBtn, m_closeName, tr("Close"));
+    nameButtons();
 }
 
-// A name that the application gave stays.
+// Those that have no tool tip to be named by.
+void CBPWinFrmTitle::nameButtons()
+{
+    nameButton(m_minBtn, m_minName, tr("Minimize"));
+    nameButton(m_closeBtn, m_closeName, tr("Close"));
+    nameButton(m_maxBtn, m_maxName, m_maximised ? tr("Restore") : tr("Maximize"));
+    nameButton(m_settingsBtn, m_settingsName, tr("Settings"));
+}
+
+// A name that the application gave stays, also one by a tool tip.
 void CBPWinFrmTitle::nameButton(CBPImageButton *button, QString &ownName, const QString &name)
 {
-    if (!button || button->accessibleName() != ownName)
+    if (!button || button->accessibleName() != ownName || !button->toolTip().isEmpty())
         return;
     ownName = name;
     button->setAccessibleName(name);
@@ -390,6 +370,7 @@ void CBPWinFrmTitle::ResetMaxBtn(bool maximised)
 {
     m_maximised = maximised; // also without a button: a maximised window is not dragged
     setSquare(maximised);    // or the screen behind would show in the corners
+    nameButtons();           // the button does something else now
     if (!m_maxBtn)
         return;
     QVector<QString> images = stateImages(&Util::getResFullPath,
@@ -423,6 +404,7 @@ void CBPWinFrmTitle::InsertWidget(int index, QWidget *widget, int stretch, Qt::A
     QPointer<CBPImageButton> *place = slot(inserted->GetID());
     if (place && !*place)
         *place = inserted;
+    nameButtons();
 }
 
 void CBPWinFrmTitle::SetHasNewVersion(bool hasNewVersion)

@@ -288,6 +288,23 @@ QRect CBaseWin::globalBtnRect(int id)
     return QRect(mapToGlobal(origin + rect.topLeft()), rect.size());
 }
 
+QPixmap CBaseWin::grabWithFrame()
+{
+    const QRect client = m_frame->system->clientRect();
+    if (client != rect() || isFullScreen()) // the frame is part of the widget, or there is none
+        return grab();
+    const QMargins around = m_frame->margins();
+    const QRect place = client.translated(around.left(), around.top());
+    const QSize whole = client.marginsAdded(around).size();
+    QPixmap picture(whole * devicePixelRatioF());
+    picture.setDevicePixelRatio(devicePixelRatioF());
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.drawPixmap(place.topLeft(), grab());
+    m_frame->paintFrame(painter, whole, place, Qt::transparent, true);
+    return picture;
+}
+
 int CBaseWin::frameWidth()
 {
     return platform::answers().frameWidth(this);

@@ -74,6 +74,7 @@ void CBPIPAddrEdit::onTextEdited(const QString &text)
 
 void CBPIPAddrEdit::focusInEvent(QFocusEvent *event)
 {
+    m_selecting = event->reason() == Qt::MouseFocusReason; // its press comes next
     const QPointer<CBPIPAddrEdit> alive(this);
     selectAll();
     if (alive)
@@ -198,9 +199,37 @@ void CBPIPAddrEdit::dropEvent(QDropEvent *event)
         QLineEdit::dropEvent(event);
 }
 
+// ------------------------------------------------------------------------------------------------------------
+// the mouse
+
+// The line edit's own press sets the cursor, which takes away what the focus has selected.
+void CBPIPAddrEdit::mousePressEvent(QMouseEvent *event)
+{
+    const bool plain = event->button() == Qt::LeftButton && !(event->modifiers() & Qt::ShiftModifier);
+    m_selecting = m_selecting && plain;
+    QLineEdit::mousePressEvent(event);
+    if (!m_selecting)
+        return;
+    m_pressedAt = event->pos();
+    m_pressedCursor = cursorPosition();
+    selectAll();
+}
+
+void CBPIPAddrEdit::mouseMoveEvent(QMouseEvent *event)
+{
+    if (m_selecting && event->buttons() & Qt::LeftButton) {
+        if ((event->pos() - m_pressedAt).manhattanLength() < QApplication::startDragDistance())
+            return;
+        m_selecting = false;
+        setCursorPosition(m_pressedCursor);
+    }
+    QLineEdit::mouseMoveEvent(event);
+}
+
 // The middle button pastes what is selected elsewhere, where there is such a thing.
 void CBPIPAddrEdit::mouseReleaseEvent(QMouseEvent *event)
 {
+    m_selecting = false;
     QClipboard *clipboard = QApplication::clipboard();
     if (event->button() == Qt::MiddleButton && clipboard->supportsSelection() && !isReadOnly()) {
         const QString text = clipboard->text(QClipboard::Selection);

@@ -2,19 +2,24 @@
 
 #include "CBPIPAddrEdit.h"
 #include "foundation/Accessible.h"
+#include "foundation/FocusRing.h"
 #include "foundation/Painting.h"
 #include "input/OctetValidator.h"
 
+#include <QApplication>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QPainter>
 
 namespace {
 
 // Look and metrics, in logical pixels.
-const QColor kFrame(134, 134, 134);
+const QColor kFrame(lumqt::kFieldFrame);
 const QColor kDisabledFrame(0xa0, 0xa0, 0xa4); // Qt::gray
-const QColor kGround(255, 255, 255);
+const QColor kGround(lumqt::kFieldGround);
 const QMargins kMargins(6, 2, 6, 2);
+// An application's room for all that it has would leave the octets none.
+const char kSheet[] = "QLineEdit{padding:0px;margin:0px;}";
 constexpr int kSpacing = 8;
 constexpr int kGaps = 36;     // margins and spacings together
 constexpr int kDotOffset = 2; // of a dot from the middle between margin and spacing
@@ -53,6 +58,7 @@ CBPIPInputWidget::~CBPIPInputWidget() = default;
 
 void CBPIPInputWidget::init()
 {
+    setStyleSheet(QLatin1String(kSheet));
     setLayoutDirection(Qt::LeftToRight); // addresses are, in every language
     auto *layout = new QHBoxLayout;
     layout->setContentsMargins(kMargins);
@@ -62,6 +68,7 @@ void CBPIPInputWidget::init()
         edit->setAccessibleName(tr("Octet %1 of %2").arg(i + 1).arg(kOctets));
         connect(edit, &QLineEdit::textChanged, this, &CBPIPInputWidget::onTextChanged);
         connect(edit, &QLineEdit::textEdited, this, &CBPIPInputWidget::onTextEdited);
+        edit->installEventFilter(this);
         layout->addWidget(edit, 0, Qt::AlignCenter);
         m_pEdits[i] = edit;
     }
@@ -115,6 +122,17 @@ void CBPIPInputWidget::onTextChanged(const QString &)
 void CBPIPInputWidget::onTextEdited(const QString &)
 {
     emit textEdited(IPAddrString());
+}
+
+// As in any field for a text, the ring shows for the mouse, too: it tells where typing goes.
+bool CBPIPInputWidget::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::FocusIn)
+        lumqt::setRingAround(this, true);
+    // A menu, which gives the focus back, and the next octet leave it where it is.
+    if (event->type() == QEvent::FocusOut && !isAncestorOf(QApplication::focusWidget()))
+        lumqt::setRingAround(this, false);
+    return QWidget::eventFilter(watched, event);
 }
 
 void CBPIPInputWidget::paintEvent(QPaintEvent *)

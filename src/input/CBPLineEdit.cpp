@@ -1,5 +1,6 @@
 #include "CBPLineEdit.h"
 
+#include "CBPStyle.h"
 #include "foundation/ImageLoader.h"
 
 #include <QApplication>
@@ -58,6 +59,7 @@ constexpr QKeySequence::StandardKey kBlockedKeys[] = {QKeySequence::SelectAll, Q
 CBPLineEdit::CBPLineEdit(QString iconPath, bool bBlockCopyPaste, QWidget *parent)
     : QLineEdit(parent), m_bBlockCopyPaste(bBlockCopyPaste)
 {
+    CBPStyle::Apply(this);
     if (!iconPath.isEmpty())
         createIcon(iconPath);
 }
@@ -78,7 +80,19 @@ void CBPLineEdit::createIcon(const QString &path)
     m_pIconBtn->setStyleSheet(QLatin1String(kIconSheet));
     m_pIconBtn->setFixedSize(size);
     m_pIconBtn->setFocusPolicy(Qt::NoFocus);
-    setTextMargins(size.width() + kIconReserve, 0, 0, 0);
+    keepTextClear();
+}
+
+void CBPLineEdit::keepTextClear()
+{
+    const int reserve = m_pIconBtn->width() + kIconReserve;
+    setTextMargins(isRightToLeft() ? 0 : reserve, 0, isRightToLeft() ? reserve : 0, 0);
+}
+
+void CBPLineEdit::placeIcon()
+{
+    const int x = isRightToLeft() ? width() - kIconX - m_pIconBtn->width() : kIconX;
+    m_pIconBtn->move(x, (height() - m_pIconBtn->height()) / 2);
 }
 
 bool CBPLineEdit::isBlocked(const QKeyEvent *event) const
@@ -158,5 +172,14 @@ void CBPLineEdit::resizeEvent(QResizeEvent *event)
 {
     QLineEdit::resizeEvent(event);
     if (m_pIconBtn)
-        m_pIconBtn->move(kIconX, (height() - m_pIconBtn->height()) / 2);
+        placeIcon();
+}
+
+void CBPLineEdit::changeEvent(QEvent *event)
+{
+    QLineEdit::changeEvent(event);
+    if (event->type() != QEvent::LayoutDirectionChange || !m_pIconBtn)
+        return;
+    keepTextClear();
+    placeIcon();
 }

@@ -6,8 +6,14 @@
 #include <QCompleter>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPainter>
+#include <QRegularExpression>
+#include <QStyleOptionToolButton>
+#include <QStylePainter>
 #include <QToolButton>
+
+#include <algorithm>
 
 namespace {
 
@@ -36,8 +42,12 @@ const char kSheet[] = "QToolButton{"
                       "\t\t\t\t  }";
 
 // Room around a button's picture: on dense screens the style sheet stretches pictures to the room they have.
-const char kButtonSheet[] = "QToolButton{padding:2px;}";
+// The margin is for the field's frame, of which the ring keeps clear.
+const char kButtonSheet[] = "QToolButton{margin:0px 3px;padding:2px;}";
+constexpr int kMargin = 3;
 constexpr int kPadding = 2;
+const QSize kRoom(2 * (kMargin + kPadding), 2 * kPadding);
+constexpr int kFrameRoom = lumqt::kFocusRingWidth; // which the field's own ring needs
 
 // Whether the focus is, or is about to be, in the edit or one of its buttons.
 bool holdsFocus(const QWidget *edit)
@@ -46,13 +56,47 @@ bool holdsFocus(const QWidget *edit)
     return holder && (holder == edit || edit->isAncestorOf(holder));
 }
 
+// The name that the field gives itself, where the application gives none. A label's text needs no telling.
+const char kOwnName[] = "_lumqt_ownName";
+
+QString ownName(const CBPSearchEdit *edit)
+{
+    const auto labels = edit->window()->findChildren<QLabel *>();
+    if (std::any_of(labels.begin(), labels.end(),
+                    [edit](const QLabel *label) { return label->buddy() == edit; }))
+        return QString();
+    const QString placeholder = edit->placeholderText();
+    return placeholder.isEmpty() ? CBPSearchEdit::tr("Search") : placeholder;
+}
+
+void nameItself(CBPSearchEdit *edit)
+{
+    if (edit->accessibleName() != edit->property(kOwnName).toString())
+        return; // the application's
+    const QString name = ownName(edit);
+    edit->setProperty(kOwnName, name);
+    if (edit->accessibleName() != name)
+        edit->setAccessibleName(name);
+}
+
+// Whether each picture of a style sheet has as many pixels.
+bool isDense(const QString &sheet, const QSize &pixels)
+{
+    static const QRegularExpression url(QStringLiteral("url\\(\\s*[\"']?([^\"')]+)"));
+    for (auto all = url.globalMatch(sheet); all.hasNext();) {
+        if (QIcon(all.next().captured(1)).actualSize(pixels) != pixels)
+            return false;
+    }
+    return true;
+}
+
 // A button inside the edit. It is a QToolButton to the style sheet.
 class InnerButton : public QToolButton
 {
 public:
     InnerButton() { setStyleSheet(QLatin1String(kButtonSheet)); }
 
-    QSize sizeHint() const override { return iconSize() + QSize(2 * kPadding, 2 * kPadding); }
+    QSize sizeHint() const override { return iconSize() + kRoom; }
     QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
@@ -81,16 +125,53 @@ protected:
             followFocus(event);
     }
 
-    void paintEvent(QPaintEvent *event) override
+    // What a style sheet of the application and the ring have to draw keeps clear of the field's frame.
+    void paintEvent(QPaintEvent *) override
     {
-        QToolButton::paintEvent(event);
-        if (!m_showsFocus)
-            return;
-        QPainter painter(this);
-        lumqt::drawFocusRing(painter, rect());
+        QStylePainter painter(this);
+        const QRect field = parentWidget() ? parentWidget()->rect().translated(-pos()) : rect();
+        const QRect inside = rect() & field.adjusted(kFrameRoom, kFrameRoom, -kFrameRoom, -kFrameRoom);
+        painter.setClipRect(inside);
+        QStyleOptionToolButton option;
+        initStyleOption(&option);
+        painter.save();
+        if (isCoarse(painter.device()->devicePixelRatioF()))
+            enlarge(painter, option);
+        painter.drawComplexControl(QStyle::CC_ToolButton, option);
+        painter.restore();
+        if (m_showsFocus)
+            lumqt::drawFocusRing(painter, inside & rect().adjusted(kMargin, 0, -kMargin, 0));
     }
 
 private:
+    // Whether the style sheet would enlarge a picture, of which there is a denser one.
+    bool isCoarse(qreal ratio)
+    {
+        if (ratio <= 1.0 || QCoreApplication::testAttribute(Qt::AA_UseHighDpiPixmaps))
+            return false;
+        if (styleSheet() != QLatin1String(kButtonSheet) || !parentWidget())
+            return false;
+        const QString sheet = parentWidget()->styleSheet();
+        if (ratio != m_ratio || sheet != m_sheet) {
+            m_ratio = ratio;
+            m_sheet = sheet;
+            m_coarse = isDense(sheet, iconSize() * ratio);
+        }
+        return m_coarse;
+    }
+
+    // The style sheet finds the denser picture for a button that is larger in so far as its pixels are
+    // smaller.
+    void enlarge(QPainter &painter, QStyleOption &option) const
+    {
+        const QRectF whole = lumqt::wholeDevicePixels(painter, rect());
+        const QSize size = iconSize() * m_ratio + kRoom;
+        option.rect = QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, size,
+                                          QRect(QPoint(), (whole.size() * m_ratio).toSize()));
+        painter.translate(whole.topLeft());
+        painter.scale(1 / m_ratio, 1 / m_ratio);
+    }
+
     void followFocus(QFocusEvent *event)
     {
         m_showsFocus = event->gotFocus();
@@ -102,6 +183,9 @@ private:
     }
 
     bool m_showsFocus = false;
+    QString m_sheet; // of the edit, for which the others hold
+    qreal m_ratio = 0.0;
+    bool m_coarse = false;
 };
 
 } // namespace
@@ -213,14 +297,28 @@ void CBPSearchEdit::OnTextChanged(const QString &text)
 // ------------------------------------------------------------------------------------------------------------
 // events
 
-void CBPSearchEdit::showEvent(QShowEvent *event)
+// The room of the buttons, at the end where the layout puts them.
+void CBPSearchEdit::keepTextClear()
 {
     // While it is hidden it has no width that a layout gave it.
     const bool hidden = m_pBtnSearch->isHidden();
     const int reserve = hidden ? m_pBtnSearch->sizeHint().width() : m_pBtnSearch->width();
     const bool mirrored = isRightToLeft();
     setTextMargins(mirrored ? reserve : 0, 0, mirrored ? 0 : reserve, 0);
+}
+
+void CBPSearchEdit::showEvent(QShowEvent *event)
+{
+    keepTextClear();
+    nameItself(this);
     CBPLineEdit::showEvent(event);
+}
+
+void CBPSearchEdit::changeEvent(QEvent *event)
+{
+    CBPLineEdit::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange && isVisible()) // else showEvent() sees to it
+        keepTextClear();
 }
 
 void CBPSearchEdit::focusOutEvent(QFocusEvent *event)

@@ -1,9 +1,51 @@
 #include "CBPTextEdit.h"
 
+#include "CBPStyle.h"
+#include "foundation/StyleParts.h"
+#include "foundation/StyleWatch.h"
+
+#include <QEvent>
+#include <QImage>
+#include <QPainter>
+#include <QPaintEvent>
+#include <QStyleOption>
 #include <QTimer>
+
+namespace {
+
+constexpr int kInset = lumqt::kFieldInset - lumqt::kViewFrame; // from the frame to the text
+
+// A style sheet takes the filling away from the viewport, and fills it as before where it has no ground of
+// its own. It does not say so: one look at what it paints does.
+bool fillsFromPalette(const QWidget &text, QStyleOption option)
+{
+    QImage pixel(1, 1, QImage::Format_ARGB32_Premultiplied);
+    pixel.fill(Qt::transparent);
+    option.rect = pixel.rect();
+    QPainter painter(&pixel);
+    text.style()->drawPrimitive(QStyle::PE_Widget, &option, &painter, &text);
+    return qAlpha(pixel.pixel(0, 0)) > 0;
+}
+
+// What lies below the text; none where that is the business of a style sheet.
+QBrush groundOf(const QTextEdit &edit)
+{
+    const QWidget *text = edit.viewport();
+    QStyleOption option;
+    option.initFrom(text);
+    if (!text->autoFillBackground() && !fillsFromPalette(*text, option))
+        return QBrush();
+    if (edit.style()->styleHint(lumqt::kIsOurs, nullptr, &edit) != lumqt::kOurs)
+        return text->palette().brush(text->backgroundRole());
+    return lumqt::StyleColors(option).ground;
+}
+
+} // namespace
 
 CBPTextEdit::CBPTextEdit(QWidget *parent) : QTextEdit(parent)
 {
+    CBPStyle::Apply(this);
+    document()->setDocumentMargin(kInset);
     connect(this, &QTextEdit::textChanged, this, &CBPTextEdit::on_text_changed);
 }
 
@@ -18,6 +60,38 @@ void CBPTextEdit::setTextMargin(int left, int top, int right, int bottom)
 {
     const auto sane = [](int pixels) { return qBound(0, pixels, QWIDGETSIZE_MAX); };
     setViewportMargins(sane(left), sane(top), sane(right), sane(bottom));
+}
+
+// The painting of the frame; that of the text is the viewport's.
+bool CBPTextEdit::event(QEvent *event)
+{
+    const bool handled = QTextEdit::event(event);
+    if (event->type() == QEvent::Paint)
+        paintMargin();
+    return handled;
+}
+
+// Else it would have the window's ground.
+void CBPTextEdit::paintMargin()
+{
+    const QRect text = viewport()->geometry();
+    const QRect around = text.marginsAdded(viewportMargins());
+    const QBrush ground = groundOf(*this);
+    if (around == text || ground.style() == Qt::NoBrush)
+        return;
+    QPainter painter(this);
+    painter.setClipRegion(QRegion(around) - text);
+    painter.setBrushOrigin(text.topLeft());
+    painter.fillRect(around, ground);
+}
+
+void CBPTextEdit::paintEvent(QPaintEvent *event)
+{
+    // The viewport's own ground is the palette's, and while disabled the window's.
+    const QBrush ground = groundOf(*this);
+    if (ground.style() != Qt::NoBrush)
+        QPainter(viewport()).fillRect(event->rect(), ground);
+    QTextEdit::paintEvent(event);
 }
 
 void CBPTextEdit::on_text_changed()

@@ -80,6 +80,6 @@ void CBPFrameBox::paintEvent(QPaintEvent *)
     band.setTop(rect().height() - m_iBottomHeight);
     lumqt::fillPixels(painter, QRectF(band).normalized(), kBandColor);
     // An outline of the whole rectangle: its right and bottom lines are outside the widget.
-    lumqt::fillPixels(painter, QRectF(0, 0, width(), kOutlineWidth), kOutlineColor);
-    lumqt::fillPixels(painter, QRectF(0, 0, kOutlineWidth, height()), kOutlineColor);
+    lumqt::fillLine(painter, QRectF(0, 0, width(), kOutlineWidth), kOutlineColor);
+    lumqt::fillLine(painter, QRectF(0, 0, kOutlineWidth, height()), kOutlineColor);
 }

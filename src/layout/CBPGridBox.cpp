@@ -41,6 +41,6 @@ void CBPGridBox::paintEvent(QPaintEvent *event)
         x += kLineWidth + cell->width();
         // Cells run from right to left where the language does.
         const int left = layoutDirection() == Qt::RightToLeft ? width() - kLineWidth - x : x;
-        lumqt::fillPixels(painter, QRectF(left, 1, kLineWidth, height() - 1), frameColor());
+        lumqt::fillLine(painter, QRectF(left, 1, kLineWidth, height() - 1), frameColor());
     }
 }

@@ -1,5 +1,7 @@
 #include "CBPWidget.h"
 
+#include "layout/BoxPainting.h"
+
 #include <QPainter>
 
 CBPWidget::CBPWidget(QWidget *parent) : QWidget(parent), m_brush(Qt::white), m_pen(Qt::NoPen) {}
@@ -31,7 +33,10 @@ void CBPWidget::Hide()
 void CBPWidget::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    painter.setPen(m_pen);
+    const bool plain = lumqt::isPlainLine(m_pen);
+    painter.setPen(plain ? QPen(Qt::NoPen) : m_pen);
     painter.setBrush(m_brush);
     painter.drawRect(rect());
+    if (plain) // the others of its lines are outside
+        lumqt::fillEdges(painter, QRectF(rect()), Qt::TopEdge | Qt::LeftEdge, m_pen.color());
 }

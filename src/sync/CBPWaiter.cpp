@@ -13,6 +13,7 @@
 #include <QPainter>
 
 #include <climits>
+#include <limits>
 
 namespace {
 
@@ -24,10 +25,12 @@ constexpr int kWidth = 130;
 constexpr int kHeight = 38;
 constexpr int kPointSize = 12;
 constexpr int kTextMargin = 6; // both sides of the text together
+constexpr int kEdge = 3;       // between the frame and what comes in
 constexpr int kAnimationTick = 30;
 constexpr int kTextTick = 300;
 constexpr int kLongestRun = 300000;
 constexpr int kFrameCount = 3;
+constexpr int kMostSteps = std::numeric_limits<quint8>::max();
 
 constexpr int kEnded = 1;
 
@@ -149,7 +152,8 @@ void CBPWaiter::advance()
         return;
     }
     ++m_step;
-    if (2 * int(m_step) < m_textSize.width() + kTextMargin)
+    // Of a text that is wider than the count reaches there is nothing more to see, either.
+    if (2 * int(m_step) < m_textSize.width() + kTextMargin && m_step < kMostSteps)
         return;
     --m_step;
     m_textPhase = true;
@@ -224,6 +228,7 @@ void CBPWaiter::paintEvent(QPaintEvent *)
     lumqt::drawBody(painter, rect(), body);
     painter.setFont(m_font);
     painter.setPen(kText);
+    painter.setLayoutDirection(m_text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight); // of the dots
     QRect area = rect().adjusted(0, 0, -1, -1);
     if (m_textPhase)
         DrawTextW(&painter, area);
@@ -237,24 +242,22 @@ QRect CBPWaiter::textBox(const QRect &rect) const
                  m_textSize);
 }
 
-// What lies between the two halves of the picture of the longest text.
 void CBPWaiter::DrawAnimated(QPainter *painter, QRect &rect)
 {
-    const int middle = rect.width() / 2;
-    painter->save();
-    painter->setClipRect(QRect(middle - m_step, rect.top(), 2 * m_step, rect.height()));
     painter->drawText(textBox(rect), Qt::AlignHCenter | Qt::TextExpandTabs, m_textFrames.last());
-    painter->restore();
     drawHalves(painter, rect);
 }
 
 // The text begins where the longest one does, so that it stands still while the dots change.
 void CBPWaiter::DrawTextW(QPainter *painter, QRect &rect)
 {
-    painter->drawText(textBox(rect), Qt::AlignLeft | Qt::TextExpandTabs, m_textFrames.value(m_dots));
+    const QRectF longest = painter->boundingRect(QRectF(textBox(rect)), Qt::AlignHCenter | Qt::TextExpandTabs,
+                                                 m_textFrames.last());
+    painter->drawText(longest, Qt::AlignLeft | Qt::TextExpandTabs, m_textFrames.value(m_dots));
     drawHalves(painter, rect);
 }
 
+// Beside the text, never over it: they come in from the edges and have closed in on it with the last step.
 void CBPWaiter::drawHalves(QPainter *painter, const QRect &rect)
 {
     const qreal ratio = devicePixelRatioF();
@@ -263,7 +266,13 @@ void CBPWaiter::drawHalves(QPainter *painter, const QRect &rect)
     const QSize leftSize = lumqt::logicalSize(left);
     const QSize rightSize = lumqt::logicalSize(right);
     const int middle = rect.width() / 2;
-    painter->drawPixmap(middle - m_step - leftSize.width(), (rect.height() + 1 - leftSize.height()) / 2,
-                        left);
-    painter->drawPixmap(middle + m_step, (rect.height() + 1 - rightSize.height()) / 2, right);
+    const int closed = (m_textSize.width() + kTextMargin + 1) / 2 - 1;
+    const auto away = [&](int width) {
+        const int way = qMax(0, middle - width - closed - kEdge);
+        return closed + (closed > 0 ? way * (closed - qMin<int>(m_step, closed)) / closed : 0);
+    };
+    painter->drawPixmap(middle - away(leftSize.width()) - leftSize.width(),
+                        (rect.height() + 1 - leftSize.height()) / 2, left);
+    painter->drawPixmap(middle + away(rightSize.width()), (rect.height() + 1 - rightSize.height()) / 2,
+                        right);
 }

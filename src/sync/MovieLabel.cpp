@@ -1,5 +1,7 @@
 #include "sync/MovieLabel.h"
 
+#include "foundation/StyledGround.h"
+
 #include <QFileInfo>
 #include <QMovie>
 #include <QPainter>
@@ -33,6 +35,13 @@ void MovieLabel::load()
 QSize MovieLabel::sizeHint() const
 {
     return m_size;
+}
+
+bool MovieLabel::event(QEvent *event)
+{
+    const bool handled = CBPLabel::event(event);
+    refuseStyledGround(this, event); // it has round corners, on a window that is not there otherwise
+    return handled;
 }
 
 void MovieLabel::paintEvent(QPaintEvent *)

@@ -27,7 +27,7 @@
 
 namespace {
 
-const QRgb kOwnRing = QColor(75, 167, 245).rgb(); // of the buttons with a frame
+const QRgb kOwnRing = QColor(75, 167, 245).rgb(); // of push buttons
 const QString kText = QStringLiteral("Q&A");
 
 QVector<QString> images; // four files
@@ -43,7 +43,9 @@ enum Trait {
     ToolToggles = 32,
     Opens = 64,     // a menu, by Down and F4, too
     NoClicks = 128, // it is pressed, and opens a menu
-    QtHovers = 256  // Qt repaints it
+    QtHovers = 256, // Qt repaints it
+    Stays = 512,    // where it is, from right to left, too
+    Circle = 1024
 };
 
 struct Sibling
@@ -101,15 +103,15 @@ constexpr QRgb kRing = lumqt::kFocusRingColor;
 const QVector<Sibling> kSiblings{
     {"push", kById, kOwnRing, kPush, made<CBPPushBtn>(kText, nullptr)},
     {"add", kById, kOwnRing, kPush, made<CAddBtn>(kText)},
-    {"round", kById, kOwnRing, kPush, roundButton},
-    {"expand", kById, kOwnRing, kPush, made<CExpandBtn>(QStringList(), kText, QString())},
-    {"image", kByImage, kRing, None, imageButton},
+    {"round", kById, kOwnRing, kPush | Circle, roundButton},
+    {"expand", kById, kRing, kPush, made<CExpandBtn>(QStringList(), kText, QString())},
+    {"image", kByImage, kRing, Stays, imageButton},
     {"image and text", kByImage, kRing, None, [] { return new CBPImageTextBtn(images, kText); }},
-    {"toggle", kByCheck, kOwnRing, kToggle, made<CTriStateButton>(kText, false, false, nullptr)},
+    {"toggle", kByCheck, kRing, kToggle, made<CTriStateButton>(kText, false, false, nullptr)},
     {"group", kById, kRing, ReleaseOutside, groupButton},
-    {"tool", SIGNAL(sigClick(int)), kRing, kTool, made<CBPToolButton>(kText, 1, ENAlignLeft, true)},
+    {"tool", SIGNAL(sigClick(int)), kRing, kTool | Stays, made<CBPToolButton>(kText, 1, ENAlignLeft, true)},
     {"link", SIGNAL(sigLinkerClick(int)), kRing, kTool | EnterInDialog, made<CBPLinkerButton>(kText)},
-    {"drop-down", kById, kOwnRing, EnterInDialog | EnterElsewhere | Opens, splitButton},
+    {"drop-down", kById, kRing, EnterInDialog | EnterElsewhere | Opens, splitButton},
     {"image check box", kByCheck, kRing, ToolToggles | QtHovers,
      [] { return new CBPImageCheckBox(images, images, "Q&&A"); }},
     {"wait", kById, kOwnRing, kPush, made<CBPWaitBtn>(QStringList(), kText, QString())},
@@ -137,6 +139,41 @@ template <class Window> struct Scene
         field->setFocus();
     }
 };
+
+// A ring of `thick` device pixels with nothing over it, and of one colour along it what it is drawn on: no
+// ink, that is.
+void checkRing(const QImage &image, const QColor &color, int thick)
+{
+    const QRect box = boxOf(image, color);
+    for (int depth = 0; depth <= thick; ++depth) {
+        const QRect line = box.adjusted(depth, depth, -depth, -depth);
+        const QColor wanted = depth < thick ? color : image.pixelColor(line.left(), line.center().y());
+        QVERIFY2((wanted == color) == (depth < thick), wordsOf(box));
+        for (int i = 4 * thick; i < qMax(line.width(), line.height()) - 4 * thick; ++i) {
+            const int x = line.left() + qMin(i, line.width() - 4 * thick);
+            const int y = line.top() + qMin(i, line.height() - 4 * thick);
+            for (const QPoint at : {QPoint(x, line.top()), QPoint(x, line.bottom()), QPoint(line.left(), y),
+                                    QPoint(line.right(), y)})
+                QVERIFY2(image.pixelColor(at) == wanted, wordsOf(box));
+        }
+    }
+}
+
+// From where to where something is drawn, from left to right. Letters of a word are one part.
+QVector<int> partsOf(const QImage &image)
+{
+    QVector<int> ends;
+    for (int x = 3; x < image.width() - 3; ++x) {
+        bool ink = false;
+        for (int y = 5; y < image.height() - 5; ++y)
+            ink = ink || qGray(image.pixel(x, y)) < 235;
+        if (ink && (ends.isEmpty() || x - ends.last() > 5))
+            ends << x << x;
+        else if (ink)
+            ends.last() = x;
+    }
+    return ends;
+}
 
 // Deletes a button in the middle of what it tells.
 class Killer : public QObject
@@ -254,6 +291,11 @@ private slots:
             button->setShortcut(QKeySequence(Qt::ALT | Qt::Key_D));
             QVERIFY(altClicks(Qt::Key_D));
             QTRY_VERIFY(!button->isDown());
+            // Without a text its tool tip says what it is.
+            button->setText(QString());
+            button->setToolTip("tip");
+            if (!qobject_cast<CBPImageButton *>(button) && !qobject_cast<CBPWaitBtn *>(button))
+                QCOMPARE(spokenName(button), QString("tip"));
         });
     }
 
@@ -305,6 +347,48 @@ private slots:
                 perform(widget, "press release leave");
                 QVERIFY(push->IsFocus());
             }
+        });
+    }
+
+    // As thick at any scale, and nothing of the button below it or right beside it.
+    void ringShape()
+    {
+        forAll([&](const Sibling &sibling) {
+            Scene<QWidget> scene(sibling);
+            if (scene.widget->minimumSize() != scene.widget->maximumSize())
+                scene.widget->setFixedSize(180, 44); // whole at every ratio
+            scene.widget->setFocus(Qt::TabFocusReason);
+            QCoreApplication::processEvents();
+            for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+                scene.widget->setLayoutDirection(direction);
+                for (const qreal ratio : {1.0, 1.25, 1.5, 1.75}) {
+                    const QImage inside = pictureOf(*scene.widget, ratio);
+                    const bool outside = boxOf(inside, sibling.ring).isEmpty();
+                    if (sibling.traits & Circle || (outside && ratio > 1))
+                        continue;
+                    checkRing(outside ? pictureOf(scene.window, 1) : inside, sibling.ring, qRound(2 * ratio));
+                }
+            }
+        });
+    }
+
+    // The same seen in a mirror, as far as words go.
+    void rightToLeft()
+    {
+        forAll([](const Sibling &sibling) {
+            if (sibling.traits & (Stays | Circle))
+                return;
+            Scene<QWidget> scene(sibling);
+            scene.widget->setFixedWidth(scene.widget->sizeHint().width() +
+                                        2); // some are too wide for the eye
+            QCoreApplication::processEvents();
+            const auto parts = [&] { return partsOf(pictureOf(*scene.widget, 1)); };
+            const QVector<int> there = parts();
+            scene.widget->setLayoutDirection(Qt::RightToLeft);
+            const QVector<int> here = parts();
+            QVERIFY(!there.isEmpty() && here.size() == there.size());
+            for (int i = 0; i < here.size(); ++i)
+                QVERIFY(qAbs(scene.widget->width() - 1 - here[i] - there[there.size() - 1 - i]) <= 2);
         });
     }
 

@@ -97,11 +97,15 @@ private Q_SLOTS:
             box.setLayoutDirection(direction);
             const QRect place = boxOf(box.grab().toImage(), m_off[0]);
             QCOMPARE(place.size(), QSize(10, 10));
-            QCOMPARE(place.left(), direction == Qt::LeftToRight ? 2 : box.width() - 12);
+            QCOMPARE(place.left(), direction == Qt::LeftToRight ? 0 : box.width() - 10);
         }
         QTest::mouseClick(&box, Qt::LeftButton, Qt::NoModifier, QPoint(hint.width() - 2, 2));
         QVERIFY(box.isChecked());
         QCOMPARE(QAccessible::queryAccessibleInterface(&box)->role(), QAccessible::CheckBox);
+        QCOMPARE(spokenName(&box), QString("Remember"));
+        box.setText(QString());
+        box.setToolTip("tip");
+        QCOMPARE(spokenName(&box), QString("tip"));
     }
 
     // A plain one then: any check box, but addressed by its class.

@@ -1,5 +1,6 @@
 #include "CMsgBox.h"
 
+#include "foundation/FieldText.h"
 #include "MsgBoxProbe.h"
 #include "platform/Platform.h"
 #include "Rows.h"
@@ -115,6 +116,8 @@ private Q_SLOTS:
             box.SetWindowTitle("Title");
             QTRY_COMPARE(spoken->text(QAccessible::Name), QString("Title"));
             edit->setText("a");
+            edit->clearFocus();
+            QVERIFY(!edit->hasAcceptableInput() && !lumqt::isRefused(edit)); // nor is the frame red
             edit->setText(" ");
             QVERIFY(!box.ButtonIsEnable(kOk));
             QTest::mouseClick(box.GetBtn(kCancel), Qt::LeftButton);
@@ -177,7 +180,7 @@ private Q_SLOTS:
                     QCOMPARE(edits.size(), bool(fields & kUser) + bool(fields & kPassword));
                     if (!edits.isEmpty())
                         QCOMPARE(box.focusWidget(), edits[0]);
-                    box.setFocus(); // whose edits are without its ring then
+                    box.setFocus();
                     for (CBPLineEdit *edit : edits) {
                         const bool secret = edit->echoMode() == QLineEdit::Password;
                         QCOMPARE(secret, edit != edits[0] || !(fields & kUser));
@@ -188,7 +191,8 @@ private Q_SLOTS:
                         CBPLineEdit plain(
                             Util::getResFullPath(secret ? "../res/icon_lock.png" : "../res/icon_user.png"));
                         plain.resize(edit->size());
-                        const QRect icon(0, 0, edit->textMargins().left(), edit->height());
+                        // Without the frame, where a ring may still fade.
+                        const QRect icon(4, 4, edit->textMargins().left(), edit->height() - 8);
                         QCOMPARE(shot(*edit).copy(icon), shot(plain).copy(icon));
                     }
                     QLabel *shown = box.label("Wrong");

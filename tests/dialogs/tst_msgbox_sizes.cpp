@@ -113,6 +113,23 @@ private Q_SLOTS:
         }
     }
 
+    // A text keeps clear of a border that the application gives its labels, and starts where the box does.
+    void sides()
+    {
+        for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+            MsgBox box;
+            box.setLayoutDirection(direction);
+            box.setStyleSheet("QLabel { border: 9px solid white; }");
+            box.whileRunning([&] {
+                const QRect ink = inkOf(shot(*box.label("Text")), 160);
+                const QRect room = box.label("Text")->rect().adjusted(9, 9, -9, -9);
+                QVERIFY2(room.contains(ink), wordsOf(ink));
+                QCOMPARE(ink.center().x() > room.center().x(), direction == Qt::RightToLeft);
+            });
+            box.message(0, "Text", "Head", kOk);
+        }
+    }
+
     void prompts()
     {
         lumqt::platform::answers().workArea = [] { return QRect(0, 0, 1024, 600); };

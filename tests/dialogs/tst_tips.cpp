@@ -4,6 +4,7 @@
 #include "CTextTips.h"
 #include "Pixels.h"
 #include "platform/Platform.h"
+#include "Spoken.h"
 #include "TestMain.h"
 
 #include <QAccessible>
@@ -326,6 +327,7 @@ private slots:
                 tip.show();
                 const QLabel *label = tip.findChild<QLabel *>();
                 QCOMPARE(label->text(), text);
+                QCOMPARE(spokenName(&tip), QString(text).remove("<b>").remove("</b>"));
                 const int line = label->fontMetrics().lineSpacing();
                 const QRect ink = boxOf(pictureOf(tip, 1), Qt::white);
                 QVERIFY2(ink.left() >= 12 && ink.right() < tip.width() - 12, wordsOf(ink));
@@ -348,6 +350,9 @@ private slots:
         QVERIFY(qGray(label->palette().color(QPalette::WindowText).rgb()) < 60);
         tip.SetBkgColor(QColor());
         QCOMPARE(drawn(tip).pixelColor(0, 0), QColor(250, 240, 200));
+        // A ground that the application gives its labels is not laid behind a text that would be lost on it.
+        tip.setStyleSheet("QLabel { background: white; }");
+        QCOMPARE(drawn(tip).pixelColor(13, 4), QColor(250, 240, 200));
     }
 };
 

@@ -335,6 +335,7 @@ private Q_SLOTS:
     {
         columns<int, QStringList>("most", "texts");
         row("three", 3, QStringList{".", "..", "...", "", "."});
+        row("one", 1, QStringList{".", "", "."});
         row("none", 0, QStringList{"", ""});
         row("less than none", -7, QStringList{"", ""});
         row("without end", INT_MAX, QStringList{".", "..", "...", "...."});
@@ -357,6 +358,7 @@ private Q_SLOTS:
             tick(label, 1); // a stranger's
             QCOMPARE(label.text(), text);
             QCOMPARE(label.sizeHint(), room); // nothing beside it moves
+            QCOMPARE(label.minimumSizeHint(), room);
             tick(label);
         }
     }

@@ -75,8 +75,10 @@ private slots:
         QCOMPARE(middle(loadPixmap(file, 2.0)), QColor(Qt::red));
         savePng(path("a@2x.png"), 20, Qt::blue); // comes later
         savePicture(path("b.svg"), QSize(10, 10), QColor(0, 255, 0));
-        for (const qreal ratio : {1.0, 1.5, 2.0}) {
-            const QPair<QPixmap, QColor> shown[] = {{loadPixmap(file, ratio), ratio > 1 ? Qt::blue : Qt::red},
+        savePng(path("a@1.5x.png"), 15, Qt::cyan); // for this ratio alone
+        for (const qreal ratio : {1.0, 1.4, 1.5, 1.6, 2.0}) {
+            const QColor expected = ratio == 1.5 ? Qt::cyan : ratio > 1 ? Qt::blue : Qt::red;
+            const QPair<QPixmap, QColor> shown[] = {{loadPixmap(file, ratio), expected},
                                                     {loadPixmap(path("b.svg"), ratio), QColor(0, 255, 0)}};
             for (const auto &[pixmap, color] : shown) {
                 QCOMPARE(logicalSize(pixmap), QSize(10, 10));
@@ -84,6 +86,8 @@ private slots:
                 QCOMPARE(middle(pixmap), color);
             }
         }
+        savePng(path("a@1.5x.png"), 15, Qt::magenta);
+        QCOMPARE(middle(loadPixmap(file, 1.5)), QColor(Qt::magenta));
     }
 
     void replacedFileShows()
@@ -159,7 +163,7 @@ private slots:
         QDirIterator files("../res", {"*.png", "*.svg"}, QDir::Files, QDirIterator::Subdirectories);
         while (files.hasNext()) {
             const QString file = files.next();
-            if (file.contains("@2x"))
+            if (file.contains("@"))
                 continue;
             ++count;
             const QSize size = loadPixmap(file, 1.0).size();
@@ -167,6 +171,25 @@ private slots:
             QVERIFY2(file.endsWith("svg") || QFile::exists(denseTwin(file)), qPrintable(file));
         }
         QVERIFY(count > 80);
+    }
+
+    // Straight strokes cover whole device pixels at every scaling, wherever a widget draws the picture:
+    // across them there is no pixel between full and none.
+    void straightStrokes()
+    {
+        for (const QString name : {"list_normal", "minimize_press", "maximize_normal", "line"}) {
+            for (const qreal ratio : {1.0, 1.25, 1.5, 1.75, 2.0}) {
+                QImage image = canvas(60, 60, ratio);
+                QPainter painter(&image);
+                painter.drawPixmap(11, 7, loadPixmap(QStringLiteral("../res/%1.png").arg(name), ratio));
+                painter.end();
+                const QPoint centre = inkOf(image, 250).center();
+                QSet<QRgb> colors;
+                for (int i = 0; i < image.width(); ++i)
+                    colors << image.pixel(name == "line" ? QPoint(i, centre.y()) : QPoint(centre.x(), i));
+                QVERIFY2(colors.size() == 2, qPrintable(name + QString::number(ratio)));
+            }
+        }
     }
 
     // The outermost device pixel has the frame's own colour at every scaling and place: nothing is smeared

@@ -31,15 +31,8 @@ template <class Widget> QWidget *make()
     return new Widget;
 }
 
-void send(QWidget &widget, QEvent::Type type)
+void send(QWidget &widget, QEvent &&event)
 {
-    QEvent event(type);
-    QCoreApplication::sendEvent(&widget, &event);
-}
-
-void focus(QWidget &widget, QEvent::Type type, Qt::FocusReason reason)
-{
-    QFocusEvent event(type, reason);
     QCoreApplication::sendEvent(&widget, &event);
 }
 
@@ -100,16 +93,16 @@ private slots:
         widget->resize(101, 61); // odd: edges lie between device pixels
         const QImage rest = pictureOf(*widget, 1);
         QVERIFY(!hasRing(*widget));
-        send(*widget, QEvent::Enter);
+        send(*widget, QEvent(QEvent::Enter));
         QVERIFY(pictureOf(*widget, 1) != rest);
-        send(*widget, QEvent::Leave);
+        send(*widget, QEvent(QEvent::Leave));
         QCOMPARE(pictureOf(*widget, 1), rest);
-        focus(*widget, QEvent::FocusIn, Qt::MouseFocusReason);
+        send(*widget, QFocusEvent(QEvent::FocusIn, Qt::MouseFocusReason));
         QCOMPARE(hasRing(*widget), typedInto);
-        focus(*widget, QEvent::FocusOut, Qt::MouseFocusReason);
-        focus(*widget, QEvent::FocusIn, Qt::TabFocusReason);
+        send(*widget, QFocusEvent(QEvent::FocusOut, Qt::MouseFocusReason));
+        send(*widget, QFocusEvent(QEvent::FocusIn, Qt::TabFocusReason));
         QVERIFY(hasRing(*widget));
-        focus(*widget, QEvent::FocusOut, Qt::TabFocusReason);
+        send(*widget, QFocusEvent(QEvent::FocusOut, Qt::TabFocusReason));
         for (const qreal ratio : {1.0, 1.25, 1.5, 1.75, 2.0})
             QVERIFY(!framed || isFramed(pictureOf(*widget, ratio), qRound(ratio)));
         widget->setEnabled(false);
@@ -151,10 +144,11 @@ private slots:
         const auto restore = qScopeGuard([&, before = lessMotion] { lessMotion = before; });
         auto box = std::make_unique<CBPCheckBox>();
         box->setFocusPolicy(Qt::NoFocus); // which the window would bring
+        box->resize(120, 40);             // which every window may have
         box->show();
         const QImage rest = pictureOf(*box, 1);
         const auto hover = [&](bool over) {
-            send(*box, over ? QEvent::Enter : QEvent::Leave);
+            send(*box, QEvent(over ? QEvent::Enter : QEvent::Leave));
             return pictureOf(*box, 1);
         };
         const QImage hovered = hover(true);
@@ -183,7 +177,7 @@ private slots:
     }
 };
 
-// Before there is an application nothing happens, and a widget may be left when it has gone.
+// Nothing happens before there is an application, and a widget may outlive one.
 int main(int argc, char *argv[])
 {
     CBPStyle::Install();

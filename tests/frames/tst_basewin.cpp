@@ -231,6 +231,11 @@ private Q_SLOTS:
         const int left = iconRect(w.frameWidth(), resImage("title_logo").size()).right() + 6;
         QTRY_COMPARE(w.globalBtnRect(ListButton).left(), w.mapToGlobal(origin(w)).x() + left);
         QVERIFY(shows(w, ListButton, "list_normal"));
+        const QImage whole = w.grabWithFrame().toImage();
+        const QPoint border(w.frameWidth() - 1, w.titleHight() / 2);
+        QCOMPARE(whole.pixelColor(border * whole.devicePixelRatio()), QColor(34, 133, 212));
+        QCOMPARE(whole.height(),
+                 (w.contentsRect().height() + w.titleHight() + w.frameWidth()) * whole.devicePixelRatio());
         for (int id : {1, 4, 5})
             QCOMPARE(w.btnRect(id), painted(w, id).adjusted(-w.frameWidth(), 0, 0, 0));
         for (int id : {-1, 6, 7})

@@ -96,7 +96,7 @@ private Q_SLOTS:
         QCOMPARE(w.bar.findChildren<CBPImageButton *>().size(), 6);
         QCOMPARE(idsWhere(&QWidget::isVisible, w.bar), 0);
         QVERIFY(titleLabel(w.bar)->isHidden() && iconLabel(w.bar)->isHidden());
-        QCOMPARE(textColor(w.bar), QColor(127, 143, 164));
+        QCOMPARE(textColor(w.bar), Util::GetWindowTitleTextColor()); // lighter than the built-in colour
         QCOMPARE(button(w.bar, 128)->size(), QSize(48, 32));
         QCOMPARE(QAccessible::queryAccessibleInterface(&w.bar)->role(), QAccessible::TitleBar);
         QStringList names;
@@ -194,8 +194,12 @@ private Q_SLOTS:
         QVERIFY(small.bar.width() == 300 && small.bar.minimumSizeHint().width() < 300);
         const QLabel *cut = titleLabel(small.bar);
         QVERIFY(cut->geometry().right() < button(small.bar, 8)->x());
-        const QImage end = drawn(small.bar).copy(cut->geometry().right() - 4, 26, 5, 1);
-        QCOMPARE(boxOf(end, kGround).width(), 5);
+        for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) { // it ends at the same side
+            small.bar.setLayoutDirection(direction);
+            QCoreApplication::processEvents();
+            for (int x = 0; x < 8; ++x)
+                QCOMPARE(drawn(small.bar).pixelColor(cut->geometry().right() - x, 26), kGround);
+        }
     }
 
     void colours()
@@ -307,6 +311,7 @@ private Q_SLOTS:
         QVERIFY(drawn(*maximise) != plain);
         w.bar.ResetMaxBtn(false);
         QCOMPARE(drawn(*maximise), plain);
+        QCOMPARE(spokenName(maximise), QStringLiteral("Maximize"));
         w.bar.SetBtnCallbackFunc(&recordId, &ids);
         QTest::mouseClick(maximise, Qt::LeftButton);
         QVERIFY(ids.size() == 8 && ids.last() == 4);

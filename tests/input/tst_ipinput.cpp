@@ -1,11 +1,13 @@
 #include "CBPIPAddrEdit.h"
 #include "CBPIPInputWidget.h"
 #include "Pixels.h"
+#include "RealInput.h"
 #include "Spoken.h"
 #include "TestMain.h"
 
 #include <QClipboard>
 #include <QDropEvent>
+#include <QFocusFrame>
 #include <QMenu>
 #include <QMimeData>
 #include <QPointer>
@@ -285,6 +287,38 @@ private slots:
         QCOMPARE(spokenName(field.edits[1]), QString("Octet 2 of 4"));
         field.setAccessibleName("Gateway");
         QCOMPARE(spokenName(&field), QString("Gateway"));
+    }
+
+    // A click that brings the focus selects; the next one sets the cursor, a drag and a double click select.
+    void pointer()
+    {
+        if (!RealInput::available())
+            QSKIP("There is no pointer");
+        QWidget window;
+        auto *field = new Field("1.168.3.4");
+        window.setGeometry(60, 60, 240, 120);
+        window.show();
+        field->setParent(&window);
+        QVERIFY(field->open()); // the window, at the same place in it
+        const auto at = [field](int x) { return field->edits[1]->mapToGlobal(QPoint(x, 7)); };
+        QApplication::setDoubleClickInterval(200);
+        const std::tuple<int, int, const char *> clicks[] = {
+            {15, 0, "1.[168].3.4"}, {1, 300, "1.|168.3.4"}, {1, 0, "1.[168].3.4"}};
+        for (const auto &[x, wait, after] : clicks) {
+            QTest::qWait(wait);
+            RealInput::click(at(x));
+            QTRY_COMPARE(field->state(), QString(after));
+            QCOMPARE(window.findChild<QFocusFrame *>()->geometry(), field->geometry().adjusted(-3, -3, 3, 3));
+        }
+        field->edits[1]->clearFocus();
+        QVERIFY(!window.findChild<QFocusFrame *>());
+        QTest::qWait(300);
+        RealInput::moveTo(at(29));
+        RealInput::press();
+        QTRY_COMPARE(field->state(), QString("1.[168].3.4"));
+        RealInput::moveTo(at(16));
+        QTRY_VERIFY(field->state().contains("[68]") || field->state().contains("[8]"));
+        RealInput::release();
     }
 
 private:

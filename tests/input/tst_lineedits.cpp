@@ -1,10 +1,13 @@
 #include "CBPLineEdit.h"
 #include "CBPTextEdit.h"
+#include "foundation/FieldText.h"
+#include "foundation/Look.h"
 #include "Pictures.h"
 #include "Pixels.h"
 #include "TestMain.h"
 
 #include <QClipboard>
+#include <QIntValidator>
 #include <QMimeData>
 #include <QPointer>
 #include <QSignalSpy>
@@ -221,10 +224,63 @@ private Q_SLOTS:
             button->setIcon(other);
             QVERIFY(!boxOf(button->grab().toImage(), Qt::blue).isEmpty());
         }
+        CBPLineEdit turned(dir.filePath("icon10.png"));
+        turned.grab();
+        turned.setLayoutDirection(Qt::RightToLeft);
+        QCOMPARE(turned.textMargins(), QMargins(0, 0, 25, 0));
+        QCOMPARE(turned.findChild<QToolButton *>()->pos(),
+                 QPoint(turned.width() - 22, (turned.height() - 10) / 2));
         QWidget parent;
         const CBPLineEdit child(&parent, true);
         QVERIFY(child.parentWidget() == &parent && child.findChildren<QToolButton *>().isEmpty());
         QCOMPARE(child.textMargins(), QMargins());
+    }
+
+    // With a validator for 100 to 999, or an input mask.
+    void refusedTexts()
+    {
+        const std::tuple<const char *, const char *, bool, bool> rows[] = {
+            {"", "123", false, false},      {"", "12", false, true},        {"", "12", true, false},
+            {"\\A99.99", "", false, false}, {"\\A99.99", "1", false, true}, {"", "", false, false}};
+        for (const auto &[mask, text, focused, refused] : rows) {
+            CBPLineEdit edit;
+            *mask ? edit.setInputMask(mask) : edit.setValidator(new QIntValidator(100, 999, &edit));
+            edit.setText(text);
+            edit.show();
+            QVERIFY(QTest::qWaitForWindowActive(&edit));
+            if (!focused)
+                edit.clearFocus();
+            QCOMPARE(lumqt::isRefused(&edit), refused);
+            QTest::qWait(200); // the frame fades
+            QVERIFY2((grabbedAt(edit, 0, 5) == QColor(lumqt::kFieldFrameInvalid)) == refused, text);
+        }
+    }
+
+    // One inset, and one ground below the margin and the text.
+    void measures()
+    {
+        CBPLineEdit line;
+        CBPTextEdit text;
+        QFont font;
+        font.setPixelSize(12);
+        line.setFont(font);
+        text.setFont(font);
+        line.setText("HHH");
+        text.setPlainText("HHH");
+        line.resize(100, line.minimumSizeHint().height());
+        QCOMPARE(line.height(), 28);
+        const int left = inkOf(drawn(line).copy(2, 2, 96, 24)).left() + 2;
+        QVERIFY2(left >= 8 && left <= 10, qPrintable(QString::number(left))); // as the letter has it
+        QCOMPARE(inkOf(drawn(text).copy(2, 2, 96, 24)).left() + 2, left);
+        text.setTextMargin(8, 8, 8, 8);
+        for (const char *sheet : {"", "QFrame{border:1px solid red}", "QFrame{background:yellow}"}) {
+            text.setStyleSheet(sheet);
+            for (const bool enabled : {true, false}) {
+                text.setEnabled(enabled);
+                const QImage image = pictureOf(text, 1, Qt::red);
+                QCOMPARE(image.pixelColor(5, 20), image.pixelColor(80, 20));
+            }
+        }
     }
 
     // A line break counts one; characters of two halves stay whole. No limit: 0 and below.

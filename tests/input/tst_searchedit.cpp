@@ -1,5 +1,6 @@
 #include "Acts.h"
 #include "CBPSearchEdit.h"
+#include "foundation/Look.h"
 #include "Pixels.h"
 #include "Spoken.h"
 #include "TestMain.h"
@@ -9,6 +10,7 @@
 #include <QCryptographicHash>
 #include <QElapsedTimer>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QPointer>
 #include <QScopedPointer>
 #include <QSignalSpy>
@@ -112,6 +114,12 @@ private Q_SLOTS:
         const qreal side =
             inkOf(magnifier, qGray(magnifier.pixel(0, 0))).width() / magnifier.devicePixelRatio();
         QVERIFY2(side > 12 && side <= 16, qPrintable(QString::number(side)));
+        // On dense screens it is the denser one, also where the application has no AA_UseHighDpiPixmaps.
+        QLabel dense;
+        dense.setPixmap(QPixmap("../res/search_icon@2x.png"));
+        dense.resize(16, 16);
+        const QImage shown = pictureOf(*form.search);
+        QVERIFY(shown.devicePixelRatio() != 2.0 || shown.copy(10, 4, 32, 32) == pictureOf(dense));
         QTest::keyClicks(form.edit, "a");
         QVERIFY(!form.search->isVisible() && form.close->isVisible());
         QVERIFY(form.close->grab().toImage() != magnifier);
@@ -121,13 +129,16 @@ private Q_SLOTS:
 
     void textKeepsClearOfTheButtons()
     {
-        for (const char *look : {"", "text before it is shown", "right to left"}) {
+        for (const char *look : {"", "text before it is shown", "right to left", "right to left, turned"}) {
             const bool mirrored = QByteArray(look).startsWith("right");
             const bool empty = mirrored || !*look;
             Form form;
             form.edit->setText(empty ? "" : look);
-            form.window.setLayoutDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
+            const bool turned = QByteArray(look).endsWith("turned");
+            form.window.setLayoutDirection(mirrored && !turned ? Qt::RightToLeft : Qt::LeftToRight);
             form.window.show();
+            form.window.setLayoutDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
+            QCoreApplication::processEvents(); // the layout's turn
             const QToolButton *button = empty ? form.search : form.close;
             const QMargins margins = form.edit->textMargins();
             QVERIFY(button->width() > 0);
@@ -213,6 +224,8 @@ private Q_SLOTS:
             QVERIFY(to->hasFocus());
             QCOMPARE(losses.count(), lost);
             QCOMPARE(form.search->grab().toImage() != plain, to == form.search); // the ring
+            const QRect ring = boxOf(drawn(*form.search), lumqt::kFocusRingColor);
+            QVERIFY(to != form.search || ring.right() < form.search->width() - 2); // beside the field's
         }
         for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
             form.edit->setFocus();
@@ -245,6 +258,15 @@ private Q_SLOTS:
         edit.setText("abc");
         click(close, Click::Tool);
         QCOMPARE(edit.text(), QString());
+        Form form;
+        QLabel label("Find", &form.window);
+        for (const char *name : {"Search", "People", "Find"}) {
+            form.edit->setPlaceholderText(name[0] == 'S' ? "" : "People");
+            label.setBuddy(name[0] == 'F' ? form.edit : nullptr);
+            form.window.show();
+            QCOMPARE(spokenName(form.edit), QString(name));
+            form.window.hide();
+        }
     }
 
     void completers()

@@ -329,7 +329,7 @@ private Q_SLOTS:
         other.setFocus();
         QCOMPARE(corner(), QColor(Qt::white)); // no frame
         button.QWidget::setFocus();
-        QCOMPARE(corner(), QColor("#4ba7f5"));
+        QCOMPARE(corner(), QColor("#2f86d8"));
         QCOMPARE(spokenName(&button), QString("Details"));
         for (const bool waits : {true, false}) {
             button.Show(waits);

@@ -134,7 +134,7 @@ public:
 
 void addLiveSamples(Page *page)
 {
-    page->addSection("In motion", "All three rest while they cannot be seen.")
+    page->addSection("In motion", "All three of them rest while they cannot be seen.")
         ->addColumns(kColumnWidth, {{"CBPAnimationObj: 24 files, 80 ms each", new Spinner},
                                     {"CBPGifLable: a folder, ten a second", bars()},
                                     {"CBPEllipsisGifLabel: a dot a second", busyWords("Searching")}});
@@ -142,7 +142,8 @@ void addLiveSamples(Page *page)
 
 void addFrames(Page *page)
 {
-    Section *section = page->addSection("The spinner's pictures", "res/loading, in their order.");
+    Section *section =
+        page->addSection("The spinner's pictures", "These are the files of res/loading, in their order.");
     const QStringList files = theme::spinnerFrames();
     CBPAnimationObj animation(files);
     animation.setDelayInterval(0);
@@ -159,8 +160,9 @@ void addFrames(Page *page)
 
 void addSteps(Page *page)
 {
-    Section *section = page->addSection(
-        "Step by step", "A folder of 12 pictures is played with a count of 11. The row of dots begins anew.");
+    Section *section = page->addSection("Step by step", "A folder of 12 pictures is played with a count of "
+                                                        "11: it is one more than told on purpose. The row of "
+                                                        "dots begins anew when it is full.");
     QVector<Sample> samples;
     for (int i = 0; i < kBarFrames; ++i)
         samples.append({QString("%1.png").arg(i), barsAt(i)});

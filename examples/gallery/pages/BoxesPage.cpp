@@ -152,8 +152,9 @@ QWidget *inserted()
 
 void addPacking(Page *page)
 {
-    Section *section = page->addSection("Packing", "Each widget is followed by a space of its padding; the "
-                                                   "spacing comes between all items, spaces too.");
+    Section *section =
+        page->addSection("Packing", "Each widget is followed by a space as wide as its padding. The "
+                                    "spacing comes between all items, such spaces included.");
     section->addColumns(3,
                         {{"Spacing 0, padding 0", rowOf(0, 0)},
                          {"Spacing 0, padding 8", rowOf(0, 8)},
@@ -192,18 +193,19 @@ void addFrames(Page *page)
 {
     page->addSection(
             "Frame and ground",
-            "The ground is painted together with the frame only. The colours of the class stand out: an "
-            "application sets its own.")
+            "The ground is painted together with the frame only. The colours of the class stand out on "
+            "purpose: an application sets its own.")
         ->addSamples({{"Not drawn", frameSample(false, QColor(), QColor(255, 240, 240))},
                       {"Colours of the class", frameSample(true, QColor(), QColor())},
                       {"Own colours", frameSample(true, theme::kAccent, theme::kPanel)},
                       {"Dark", frameSample(true, theme::kInk, theme::kInk)}});
     QPen wide(theme::kAccent, 4);
     wide.setJoinStyle(Qt::MiterJoin);
-    page->addSection("Plain widget",
-                     "CBPWidget, which the boxes are made from: a brush and a pen along its rectangle.")
+    page->addSection("Plain widget", "CBPWidget, which the boxes are made from, has a brush and a pen. The "
+                                     "right and the lower line of a "
+                                     "thin pen lie outside: it is drawn so on purpose.")
         ->addSamples({{"Brush", plainWidget(kCellColor, Qt::NoPen)},
-                      {"Pen of 1, half inside", plainWidget(theme::kPanel, QPen(theme::kAccentBlue))},
+                      {"Pen of 1, half inside", plainWidget(theme::kPanel, QPen(theme::kAccent))},
                       {"Pen of 4, half inside", plainWidget(Qt::NoBrush, wide)},
                       {"Pattern", plainWidget(QBrush(theme::kAccent, Qt::BDiagPattern), Qt::NoPen)}});
 }
@@ -220,7 +222,7 @@ QWidget *grid(const QStringList &texts, const QColor &color = QColor())
 
 void addGrids(Page *page)
 {
-    page->addSection("Cells", "CBPGridBox: a framed row with a line behind each widget but the last.")
+    page->addSection("Cells", "CBPGridBox is a framed row with a line behind each widget but the last.")
         ->addSamples({{"One", grid({"Only"})},
                       {"Two", grid({"Day", "Week"})},
                       {"Three", grid({"Day", "Week", "Month"})},
@@ -245,10 +247,9 @@ QWidget *frameBox(int titleHeight, int bottomHeight, int height)
 
 void addFrameBoxes(Page *page)
 {
-    page->addSection(
-            "Title, content, bottom",
-            "CBPFrameBox: the grey band at the bottom ends where the bottom row begins; its line runs "
-            "along left and top.")
+    page->addSection("Title, content, bottom", "CBPFrameBox: the grey band ends where the bottom row begins, "
+                                               "and the line runs along the left and "
+                                               "the top only. Both are drawn so on purpose.")
         ->addSamples({{"Bands of 32 and 40", frameBox(32, 40, 176)},
                       {"A title band only", frameBox(32, 144, 176)},
                       {"No bands", frameBox(0, 176, 176)},

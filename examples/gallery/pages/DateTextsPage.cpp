@@ -54,7 +54,7 @@ QWidget *table(const QVector<QPair<QString, QString>> &rows)
 }
 
 // A field whose text is read at every key.
-QWidget *reader(const QString &start, bool (*read)(_BPDateTime &, const std::string &))
+QWidget *reader(const QString &name, const QString &start, bool (*read)(_BPDateTime &, const std::string &))
 {
     auto *box = new QWidget;
     auto *row = new QHBoxLayout(box);
@@ -62,6 +62,7 @@ QWidget *reader(const QString &start, bool (*read)(_BPDateTime &, const std::str
     row->setSpacing(kNameWidth - kEditWidth);
     auto *edit = new QLineEdit;
     edit->setFixedWidth(kEditWidth);
+    edit->setAccessibleName(name);
     edit->setFont(theme::font(theme::Normal, 14));
     QLabel *result = theme::label(QString(), theme::Semibold, 14, theme::kInk);
     row->addWidget(edit);
@@ -83,8 +84,8 @@ void addLiveSamples(Page *page)
         "PM makes a time one of 12 hours.");
     std::string date;
     IBPDateTime::TransSystemDateToString({2024, 3, 7, 0, 0, 0, 0}, date);
-    section->addWide(reader(text(date), IBPDateTime::TransSystemDateFromString));
-    section->addWide(reader("03:05:09 PM", IBPDateTime::TransSystemTimeFromString));
+    section->addWide(reader("Date", text(date), IBPDateTime::TransSystemDateFromString));
+    section->addWide(reader("Time", "03:05:09 PM", IBPDateTime::TransSystemTimeFromString));
 }
 
 void addSettings(Page *page)

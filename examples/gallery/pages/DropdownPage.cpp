@@ -25,11 +25,9 @@ CBPDropdownBtn *button(const QString &text, bool split = false, bool icon = fals
 CBPDropdownBtn *accent(const QString &text)
 {
     CBPDropdownBtn *result = button(text, true);
-    const QVector<QColor> ground{theme::kAccentDeep, QColor(36, 117, 122), QColor(29, 100, 104),
-                                 QColor(207, 230, 231)};
-    const QVector<QColor> words{Qt::white, Qt::white, Qt::white, QColor(94, 143, 145)};
-    result->setBgColor(ground);
-    result->setFrmColor(ground);
+    const QVector<QColor> words(4, Qt::white);
+    result->setBgColor(theme::accents());
+    result->setFrmColor(theme::accents());
     result->setFocusFrameColor(theme::kInk);
     result->setTextColor(words);
     result->setTriangleColor(words);
@@ -73,7 +71,7 @@ Page *makePage()
 {
     auto *page =
         new Page("Drop-down button",
-                 "CBPDropdownBtn: a text, an icon if wanted, and a menu that drops down right below.");
+                 "CBPDropdownBtn has a text, an icon if wanted, and a menu that drops down right below it.");
     Section *section = page->addSection(
         "Try it",
         "Mouse, Tab, Space and Enter work here; Down and F4 open the menu. Every signal appears below.");
@@ -87,9 +85,8 @@ Page *makePage()
                          {"Disabled", off}});
     section->addWide(log);
 
-    section =
-        page->addSection("States", "The text's part and the triangle share one look; a line parts them on a "
-                                   "split button. The ring shows the keyboard focus.");
+    section = page->addSection("States", "Text and triangle share one look; a line divides them on a split "
+                                         "button. The ring shows the keyboard focus.");
     section->addTable({"Normal", "Hovered", "Pressed, open", "Focused", "Disabled"},
                       {statesOf("Whole", [] { return button("Sort"); }),
                        statesOf("Split", [] { return button("Sort", true); }),
@@ -100,20 +97,23 @@ Page *makePage()
                            return square;
                        })});
 
-    section = page->addSection("Widths",
-                               "As wide as its text at first. Where there is less room the text ends in an "
-                               "ellipsis.");
+    section = page->addSection(
+        "Widths", "A button is as wide as its text at first. With less room the text ends in an ellipsis.");
     CBPDropdownBtn *narrow = button("A text that is too long", true);
     narrow->setFixedWidth(120);
     CBPDropdownBtn *wide = button("Wide");
     wide->setFixedWidth(160);
     CBPDropdownBtn *large = button("Larger font");
     large->SetFont(theme::font(theme::Semibold, 18));
+    CBPDropdownBtn *icon = button(QString(), true, true);
+    icon->setToolTip("Account"); // its name for screen readers, too
+    CBPDropdownBtn *empty = button(QString());
+    empty->setToolTip("More");
     section->addSamples({{"120 wide", narrow},
                          {"160 wide", wide},
                          {"Own font", large},
-                         {"Icon alone", button(QString(), true, true)},
-                         {"Nothing in it", button(QString())}});
+                         {"Icon alone", icon},
+                         {"Triangle alone", empty}});
     return page;
 }
 

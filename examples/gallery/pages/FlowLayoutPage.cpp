@@ -99,14 +99,15 @@ Page *makePage()
     auto *page = new Page("Flow layout", "CBPFlowLayout: items in rows that break where the next one would "
                                          "not fit, as words in a paragraph.");
     addLive(page);
-    page->addSection("Widths", "The narrower, the more rows; the layout reports the height that it needs.")
+    page->addSection("Widths",
+                     "The narrower the layout is, the more rows it has. It reports the height that it needs.")
         ->addSamples({{"400 pixels", tags(400)}, {"248 pixels", tags(248)}, {"160 pixels", tags(160)}});
-    page->addSection("Gaps and direction", "Own gaps, or those of the style. Right-to-left rows begin at the "
-                                           "right.")
+    page->addSection("Gaps and direction", "The gaps are its own, or those of the style. Right-to-left rows "
+                                           "begin at the right.")
         ->addColumns(2, {{"2 and 16 pixels", tags(kHalf, 2, 16)},
                          {"Of the style", tags(kHalf, -1, -1)},
                          {"Right-to-left", tags(kHalf, kGap, kGap, Qt::RightToLeft)},
-                         {"Of different heights: the highest rules its row", mixed()}});
+                         {"Different heights: the tallest rules its row", mixed()}});
     return page;
 }
 

@@ -179,7 +179,11 @@ protected:
             return;
         QPainter painter(this);
         const QRect bottom = this->statusBox()->geometry();
-        painter.fillRect(QRect(bottom.left(), bottom.top(), bottom.width(), 1), theme::kLine);
+        // A line of whole device pixels is sharp at 150 per cent, too.
+        const qreal ratio = this->devicePixelRatioF();
+        painter.fillRect(QRectF(bottom.left(), qRound(bottom.top() * ratio) / ratio, bottom.width(),
+                                qMax(1, qRound(ratio)) / ratio),
+                         theme::kLine);
     }
 
 private:
@@ -198,7 +202,8 @@ using Dialog = Framed<CBPWinFrm>;
 CBPPushBtn *primary(const QString &text)
 {
     auto *button = new CBPPushBtn(text, nullptr);
-    button->setBgColor({QColor(0x49, 0xa7, 0xf5), QColor(0x5b, 0xaf, 0xf6), QColor(0x41, 0x95, 0xdc),
+    // White is 5:1 on the accent.
+    button->setBgColor({QColor(0x1f, 0x71, 0xbf), QColor(0x18, 0x5d, 0x9f), QColor(0x13, 0x4d, 0x85),
                         QColor(0xc9, 0xe5, 0xfc)});
     button->setTextColor(QVector<QColor>(4, QColor(Qt::white)));
     button->setFrmTrancent(true);
@@ -264,20 +269,21 @@ void addTitleBars(Page *page)
 {
     page->addSection(
             "Title bar",
-            "CBPWinFrmTitle: from the left icon, title and back; from the right close, "
-            "minimise, menu, support, offer. Each part is shown on request. The offer has two pictures, "
-            "which stand in for the two that it lacks.")
+            "CBPWinFrmTitle holds, from the left, the icon, the title and the back button, and from the "
+            "right "
+            "the buttons for closing, minimising, the menu, support and an offer. Each part is shown on "
+            "request. The offer has two pictures for its four states, on purpose.")
         ->addColumns(kColumns, {{"At rest", posedBar(pose::Normal)},
                                 {"Under the pointer", posedBar(pose::Hovered)},
                                 {"Pressed", posedBar(pose::Pressed)},
                                 {"Disabled", posedBar(pose::Disabled)},
-                                {"Icon and title", iconBar()},
-                                {"Dot of a new version", versionBar()},
+                                {"An icon and a title", iconBar()},
+                                {"The dot of a new version", versionBar()},
                                 {"Another ground and text colour", gradientBar()},
-                                {"Corners not rounded", squareBar()},
+                                {"Square corners", squareBar()},
                                 {"A title that finds no room",
                                  bar(Menu | Minimize | Close, "A title that is much too long for a bar")},
-                                {"Back and title", bar(Back | Close, "One step further")}});
+                                {"A title and the back button", bar(Back | Close, "One step further")}});
 }
 
 // ----------------------------------------------------------------------------------------------------------
@@ -315,14 +321,13 @@ QWidget *lowTitlePortrait()
 
 void addPortraits(Page *page)
 {
-    page->addSection(
-            "Windows",
-            "The frame lays title bar, content and bottom area out; body, shadow and line are painted by "
-            "derived classes.")
-        ->addColumns(kColumns, {{"Title bar and content", plainPortrait()},
-                                {"Low title bar", lowTitlePortrait()},
-                                {"Bottom area", bottomPortrait(true)},
-                                {"Bottom area without a line", bottomPortrait(false)}});
+    page->addSection("Windows", "The frame lays out the title bar, the content and the bottom area. Derived "
+                                "classes paint the body, "
+                                "the shadow and the line.")
+        ->addColumns(kColumns, {{"A title bar and content", plainPortrait()},
+                                {"A low title bar", lowTitlePortrait()},
+                                {"A bottom area with a line", bottomPortrait(true)},
+                                {"A bottom area without a line", bottomPortrait(false)}});
 }
 
 // Modal: a field and two buttons, to be used by keyboard from opening to closing.
@@ -396,16 +401,16 @@ Page *makePage()
     Section *section =
         page->addSection("Try it", "Each window reports the hooks that its buttons and keys call.");
     auto *log = new EventLog("No hook yet: open a window and use its title bar.");
-    section->addSamples({{"exec(), centred", opener("Run a dialog", log, &runModal)},
-                         {"CBPWinFrm, not modal", opener("Open a dialog", log,
-                                                         [](QWidget *parent, EventLog *to) {
-                                                             openWindow<Dialog>(parent, to, "Dialog");
-                                                         })},
-                         {"CBPWinWidget", opener("Open a window", log,
-                                                 [](QWidget *parent, EventLog *to) {
-                                                     openWindow<Framed<CBPWinWidget>>(parent, to, "Window");
-                                                 })},
-                         {"Escape and Alt+F4 off", opener("Open a stubborn one", log, &openStubborn)}});
+    section->addSamples(
+        {{"exec() centres the dialog", opener("Run a dialog", log, &runModal)},
+         {"CBPWinFrm, not modal",
+          opener("Open a dialog", log,
+                 [](QWidget *parent, EventLog *to) { openWindow<Dialog>(parent, to, "Dialog"); })},
+         {"CBPWinWidget", opener("Open a window", log,
+                                 [](QWidget *parent, EventLog *to) {
+                                     openWindow<Framed<CBPWinWidget>>(parent, to, "Window");
+                                 })},
+         {"Escape and Alt+F4 do nothing", opener("Open a stubborn one", log, &openStubborn)}});
     section->addWide(log);
     addTitleBars(page);
     addPortraits(page);

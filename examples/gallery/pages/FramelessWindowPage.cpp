@@ -16,7 +16,7 @@
 namespace {
 
 constexpr int kStep = 9 * theme::kUnit; // from the gallery to a second window
-constexpr int kPortraitWidth = 420;
+constexpr QSize kPortraitSize(420, 120);
 enum { MinimizeButton = 3, MaximizeButton = 4, CloseButton = 5 };
 
 // A second window: unlike the main one it ends by itself and not the application.
@@ -84,7 +84,13 @@ CBPPushBtn *opener(const QString &text, bool keptOpen, EventLog *log)
     return button;
 }
 
-// A small window that is only photographed. With a native frame there would be nothing to photograph.
+// Native frames lie outside of the widget, and are told of the pointer by the system alone.
+bool frameIsNative()
+{
+    return QGuiApplication::platformName() == QLatin1String("windows");
+}
+
+// A small window that is only photographed.
 class PosedWindow : public CBaseWin
 {
 public:
@@ -92,14 +98,22 @@ public:
     {
         setCaption(caption);
         setAttribute(Qt::WA_DontShowOnScreen);
-        resize(kPortraitWidth, 120);
-        grab(); // lays the frame out
+        fit(kPortraitSize);
+        grabWithFrame(); // lays the frame out
+    }
+
+    // The size is that of the frame.
+    void fit(QSize whole)
+    {
+        if (frameIsNative())
+            whole -= QSize(2 * frameWidth(), titleHight() + frameWidth());
+        resize(whole);
     }
 
     QWidget *portrait()
     {
         auto *label = new QLabel;
-        label->setPixmap(grab());
+        label->setPixmap(grabWithFrame());
         return label;
     }
 
@@ -136,26 +150,25 @@ QWidget *windowWithPointer(int id, bool pressed)
 
 void addFrames(Page *page)
 {
-    if (QGuiApplication::platformName() == QLatin1String("windows")) {
-        page->addSection(
-            "Frame", "Strip and border lie outside of the widget here, where no sample can be posed: try the "
-                     "windows above.");
-        return;
-    }
     const QString logo = theme::picturePath("title_logo.png");
+    QVector<Sample> samples{
+        {"At rest", windowAtRest("Caption", logo)},
+        {"Without an icon", windowAtRest("Caption", QString())},
+        {"A caption that is too long",
+         windowAtRest("A caption that would run on below the buttons of the strip", logo)},
+        {"As narrow as it gets", windowAtRest("Caption", logo, true)}};
+    if (!frameIsNative()) {
+        samples << Sample{"Minimise, under the pointer", windowWithPointer(MinimizeButton, false)}
+                << Sample{"Close, under the pointer", windowWithPointer(CloseButton, false)}
+                << Sample{"Maximise, pressed", windowWithPointer(MaximizeButton, true)}
+                << Sample{"Close, pressed", windowWithPointer(CloseButton, true)};
+    }
     page->addSection(
             "Frame",
-            "The strip at the top holds icon, caption and buttons. It is painted by the library, and "
-            "moved and resized by the system.")
-        ->addColumns(2, {{"At rest", windowAtRest("Caption", logo)},
-                         {"Without an icon", windowAtRest("Caption", QString())},
-                         {"A caption that is too long",
-                          windowAtRest("A caption that would run on below the buttons of the strip", logo)},
-                         {"As narrow as it gets", windowAtRest("Caption", logo, true)},
-                         {"Minimise, under the pointer", windowWithPointer(MinimizeButton, false)},
-                         {"Close, under the pointer", windowWithPointer(CloseButton, false)},
-                         {"Maximise, pressed", windowWithPointer(MaximizeButton, true)},
-                         {"Close, pressed", windowWithPointer(CloseButton, true)}});
+            "The strip at the top holds the icon, the caption and the buttons. The library paints it, "
+            "the system moves and resizes the window. The line below the strip runs into the right "
+            "border on purpose. grabWithFrame() takes these pictures.")
+        ->addColumns(2, samples);
 }
 
 Page *makePage()
@@ -164,10 +177,10 @@ Page *makePage()
         new Page("Frameless window", "CBaseWin: a main window that draws its own title strip and border. The "
                                      "gallery's own window is one.");
     Section *section = page->addSection(
-        "Try it", "Each window reports the ids of its caption buttons: 1 list, 3 minimise, 4 maximise, "
-                  "5 close, and -1 for a click beside them.");
+        "Try it", "Each window reports which of its caption buttons was clicked: 1 is the list, 3 minimise, "
+                  "4 maximise and 5 close; -1 is a click beside them.");
     auto *log = new EventLog("No click yet: open a window and use its caption buttons.");
-    section->addSamples({{"Buttons do what they show", opener("Open a window", false, log)},
+    section->addSamples({{"Its buttons do what they show", opener("Open a window", false, log)},
                          {"Its close button only reports", opener("Open a stubborn one", true, log)}});
     section->addWide(log);
     addFrames(page);

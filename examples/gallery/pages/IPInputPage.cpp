@@ -7,9 +7,7 @@
 #include "CBPIPAddrEdit.h"
 #include "CBPIPInputWidget.h"
 
-#include <QLabel>
-
-#include <memory>
+#include <QTimer>
 
 namespace {
 
@@ -30,22 +28,28 @@ CBPIPInputWidget *partly(const QStringList &octets)
     return result;
 }
 
-// A picture: an edit drops its selection when its window opens without giving it the focus.
-QLabel *focused()
+CBPIPInputWidget *focused()
 {
-    const std::unique_ptr<CBPIPInputWidget> sample(field("192.168.0.1"));
-    sample->grab(); // polishes all of it, which would also drop the selection
-    pose::put(sample->findChildren<CBPIPAddrEdit *>().value(1), pose::Focused);
-    auto *picture = new QLabel;
-    picture->setPixmap(sample->grab());
-    return picture;
+    CBPIPInputWidget *result = field("192.168.0.1");
+    const auto octets = result->findChildren<CBPIPAddrEdit *>();
+    for (CBPIPAddrEdit *octet : octets)
+        pose::put(octet, octet == octets.value(1) ? pose::Focused : pose::Normal);
+    // An edit drops its selection when its window opens without giving it the focus.
+    QObject::connect(octets.value(1), &QLineEdit::selectionChanged, octets.value(1),
+                     [octet = octets.value(1)] {
+                         if (!octet->hasSelectedText())
+                             QTimer::singleShot(0, octet, &QLineEdit::selectAll);
+                     });
+    return result;
 }
 
 void addLiveSamples(Page *page)
 {
     Section *section = page->addSection(
-        "Try it", "Three digits, a dot or Space go on to the next octet, the arrow keys and Backspace back. "
-                  "Paste a whole address into any octet.");
+        "Try it",
+        "Three digits, a dot or Space go on to the next octet, the arrow keys and Backspace back. "
+        "Paste a whole address into any octet. Tab and a click select an octet; a second click sets "
+        "the cursor.");
     auto *log = new EventLog("No signal yet: type an address.");
     CBPIPInputWidget *live = field(QString());
     QObject::connect(live, &CBPIPInputWidget::textChanged, log,
@@ -58,19 +62,23 @@ void addLiveSamples(Page *page)
 
 void addStates(Page *page)
 {
-    Section *section = page->addSection("States", "An octet may be empty; each is 0 to 255.");
+    Section *section = page->addSection(
+        "States",
+        "An octet may be empty; any other is a number from 0 to 255. The ring shows that one of the octets "
+        "has the focus.");
     section->addColumns(4, {{"Empty", field(QString())},
                             {"An address", field("192.168.0.1")},
-                            {"The widest", field("255.255.255.255")},
-                            {"One octet empty", partly({"192", "", "0", "1"})},
-                            {"Focus on the second octet", focused()},
+                            {"The widest address", field("255.255.255.255")},
+                            {"An empty octet", partly({"192", "", "0", "1"})},
+                            {"Focused, on the second octet", focused()},
                             {"Disabled", pose::in(pose::Disabled, field("192.168.0.1"))}});
 }
 
 void addNumbers(Page *page)
 {
     Section *section = page->addSection("Numbers", "setIP() takes the first octet from the lowest byte of a "
-                                                   "number; IPAddrNum() gives it as the highest.");
+                                                   "number, and IPAddrNum() returns it as the highest "
+                                                   "byte: the orders differ on purpose.");
     auto *number = new CBPIPInputWidget;
     number->setFont(theme::font(theme::Normal, 12));
     number->setIP(0x0100a8c0ul);

@@ -43,6 +43,7 @@ CBPImageButton *icon(const char *pattern, int id = 0)
     const int width = qMax(kHeight, image);
     button->SetBorder((width - image) / 2, false);
     button->setFixedSize(width, kHeight);
+    button->setAccessibleName("Sample"); // unless a tip says more
     return button;
 }
 
@@ -102,10 +103,9 @@ CBPImageButton *round()
 
 void addStates(Page *page)
 {
-    Section *section = page->addSection(
-        "States",
-        "An image file per state, and a colour per state for text, ground and frame. Only the keyboard "
-        "brings the ring.");
+    Section *section =
+        page->addSection("States", "An image file per state, and a colour per state for text, ground and "
+                                   "frame. Only the keyboard shows the focus ring.");
     section->addTable({"Normal", "Hovered", "Pressed", "Focused", "Disabled", "Selected"},
                       {statesOf("Image alone", [] { return icon("list_%1.png"); }),
                        statesOf("With a text", [] { return labelled("List"); }),
@@ -117,6 +117,7 @@ void addStates(Page *page)
 CBPImageButton *live(EventLog *log, CBPImageButton *button, const QString &tip)
 {
     button->SetTipsTxt(tip);
+    button->setAccessibleName(QString());
     QObject::connect(button, &CBPImageButton::btn_released, log,
                      [log](int id) { log->add(QString("btn_released(%1)").arg(id)); });
     QObject::connect(button, &QAbstractButton::clicked, log, [log] { log->add("clicked(), by keyboard"); });
@@ -125,9 +126,8 @@ CBPImageButton *live(EventLog *log, CBPImageButton *button, const QString &tip)
 
 void addLiveSamples(Page *page)
 {
-    Section *section = page->addSection(
-        "Try it", "Rest the mouse on a button for its tip. A click reports btn_released() and no clicked(), "
-                  "Space both.");
+    Section *section = page->addSection("Try it", "Rest the mouse on a button for its tip. A click reports "
+                                                  "btn_released() and not clicked(); Space reports both.");
     auto *log = new EventLog("No signal yet: press a button.");
     CBPImageButton *off = live(log, icon("close_%1.png", 4), "Never shown");
     off->setEnabled(false);
@@ -153,8 +153,8 @@ void addTexts(Page *page)
 {
     Section *section = page->addSection(
         "Image and text",
-        "A button holds both, with the border at either side. Spacing lies between them, the margin "
-        "before the image.");
+        "The border lies at either side, the spacing between image and text, and the margin before the "
+        "image. A text below the image begins at the left edge; it is drawn so on purpose.");
     const auto font = theme::font(theme::Normal, 14);
     const auto sample = [&](int spacing, int margin, int border) {
         auto *button = new CBPImageButton(images("list_%1.png"), false, 0);
@@ -180,8 +180,8 @@ void addTexts(Page *page)
 
 void addExtras(Page *page)
 {
-    Section *section =
-        page->addSection("Grounds and marks", "Brushes go before colours. The dot marks what is new.");
+    Section *section = page->addSection("Grounds and marks",
+                                        "A brush takes precedence over a colour. The dot marks what is new.");
     QLinearGradient gradient(0, 0, 0, kHeight);
     gradient.setColorAt(0, QColor(248, 252, 252));
     gradient.setColorAt(1, QColor(205, 231, 233));
@@ -216,8 +216,8 @@ void addExtras(Page *page)
 
 Page *makePage()
 {
-    auto *page = new Page("Image button", "CBPImageButton: an image for each state, with a text, a ground, a "
-                                          "frame, a dot and a tip if wanted.");
+    auto *page = new Page("Image button", "CBPImageButton has an image for each state and, if wanted, a "
+                                          "text, a ground, a frame, a dot and a tip.");
     addLiveSamples(page);
     addStates(page);
     addTexts(page);

@@ -38,7 +38,7 @@ CBPImage *image(const QString &name, bool clickable, const QString &tip = QStrin
 void addLabels(Page *page)
 {
     Section *section = page->addSection(
-        "CBPLabel", "A QLabel in the font of the interface language, 12 pixels or any size.");
+        "CBPLabel", "A QLabel in the font of the interface language, of 12 pixels or any other size.");
     section->addColumns(kColumnWidth, {{"The default, 12", new CBPLabel("Last changed today")},
                                        {"14", new CBPLabel("Last changed today", 14)},
                                        {"18", new CBPLabel("Last changed today", 18)}});
@@ -61,9 +61,10 @@ void addDrawn(Page *page)
 
 void addImages(Page *page)
 {
-    Section *section = page->addSection("CBPImage", "As large as its file. A picture that can be clicked "
-                                                    "takes part in the Tab order, and Space and "
-                                                    "Enter click it.");
+    Section *section =
+        page->addSection("CBPImage", "It is as large as its file. A picture that can be clicked "
+                                     "takes part in the Tab order, and Space and "
+                                     "Enter click it.");
     auto *log = new EventLog("No signal yet: click the second picture.");
     CBPImage *live = image("icon_info.png", true, "Details");
     QObject::connect(live, &CBPImage::sigImgClick, log, [log] { log->add("sigImgClick()"); });

@@ -10,6 +10,7 @@
 
 #include <QCompleter>
 #include <QCoreApplication>
+#include <QIntValidator>
 #include <QKeyEvent>
 #include <QStringListModel>
 #include <QToolButton>
@@ -17,35 +18,30 @@
 namespace {
 
 constexpr int kEditWidth = 248;
-constexpr int kEditHeight = 32;
 constexpr int kColumnWidth = 280;
 constexpr int kTextHeight = 96;
 constexpr int kMaxLength = 100;
+constexpr int kLeastNumber = 100;
+constexpr int kGreatestNumber = 999;
 
-// What an application does with the class names; the library brings no look for edits of its own.
-const char kSheet[] = "QLineEdit, QTextEdit { border: 1px solid #8793a1; border-radius: 3px;"
-                      " background: white; selection-background-color: #4baeb2; }"
-                      "QLineEdit { padding: 0 4px; }"
-                      "QLineEdit:focus, QTextEdit:focus { border-color: #2f86d8; }"
-                      "QLineEdit:disabled { background: #f3f5f7; }";
-
-template <class Edit> Edit *framed(Edit *edit)
+// The page's type and colours, and a name for screen readers; the look is the edit's own.
+template <class Edit> Edit *prepared(Edit *edit, const QString &name)
 {
-    // A search field has a sheet of its own, which stays.
-    edit->setStyleSheet(edit->styleSheet() + QLatin1String(kSheet));
     QPalette palette = edit->palette();
     palette.setColor(QPalette::Text, theme::kInk);
     palette.setColor(QPalette::Disabled, QPalette::Text, theme::kCaption);
     palette.setColor(QPalette::PlaceholderText, theme::kCaption);
     edit->setPalette(palette);
     edit->setFont(theme::font(theme::Normal, 14));
-    edit->setFixedSize(kEditWidth, kEditHeight);
+    edit->setFixedWidth(kEditWidth);
+    edit->setAccessibleName(name);
     return edit;
 }
 
 CBPLineEdit *line(const QString &text, const QString &icon = QString(), bool blocks = false)
 {
-    auto *edit = framed(new CBPLineEdit(icon.isEmpty() ? QString() : theme::picturePath(icon), blocks));
+    const QString path = icon.isEmpty() ? QString() : theme::picturePath(icon);
+    auto *edit = prepared(new CBPLineEdit(path, blocks), QStringLiteral("Name"));
     edit->setText(text);
     return edit;
 }
@@ -53,22 +49,33 @@ CBPLineEdit *line(const QString &text, const QString &icon = QString(), bool blo
 CBPLineEdit *password()
 {
     CBPLineEdit *edit = line("a secret", "icon_lock.png", true);
+    edit->setAccessibleName("Password");
     edit->setEchoMode(QLineEdit::Password);
     return edit;
 }
 
-CBPLineEdit *disabled()
+CBPLineEdit *readOnly()
 {
-    CBPLineEdit *edit = line("Not now", "icon_user.png");
-    edit->setEnabled(false);
+    CBPLineEdit *edit = line("Kim Larsen");
+    edit->setReadOnly(true);
+    return edit;
+}
+
+CBPLineEdit *number(const QString &text)
+{
+    CBPLineEdit *edit = line(text);
+    edit->setAccessibleName("Number");
+    edit->setValidator(new QIntValidator(kLeastNumber, kGreatestNumber, edit));
+    edit->setPlaceholderText("100 to 999");
     return edit;
 }
 
 CBPSearchEdit *searchField(const QString &text = QString())
 {
-    auto *edit = framed(new CBPSearchEdit(nullptr));
+    auto *edit = prepared(new CBPSearchEdit(nullptr), QString()); // which names itself
     edit->setPlaceholderText("Search");
     edit->setText(text);
+    edit->home(false);
     return edit;
 }
 
@@ -107,20 +114,40 @@ void addLiveSamples(Page *page)
 {
     Section *section =
         page->addSection("Try it", "The search starts 1.5 seconds after the last key, or with Return. Tab "
-                                   "goes on to the button inside.");
+                                   "goes on to the button inside. A number that is too small has a red frame "
+                                   "once the focus has left it.");
     auto *log = new EventLog("No signal yet: type something.");
-    section->addColumns(kColumnWidth, {{"CBPLineEdit", liveLine(log)}, {"CBPSearchEdit", liveSearch(log)}});
+    section->addColumns(3,
+                        {{"CBPLineEdit", liveLine(log)},
+                         {"CBPSearchEdit", liveSearch(log)},
+                         {"CBPLineEdit with a validator", number(QString())}},
+                        kEditWidth);
     section->addWide(log);
 }
 
 void addLineEdits(Page *page)
 {
-    Section *section = page->addSection(
-        "Line edits", "With an icon or without. A password blocks the keys for select all, copy and paste.");
-    section->addColumns(kColumnWidth, {{"Plain", line("Kim Larsen")},
-                                       {"With an icon", line("Kim Larsen", "icon_user.png")},
-                                       {"Password", password()}});
-    section->addColumns(kColumnWidth, {{"Disabled", disabled()}});
+    page->addSection("Line edits",
+                     "With an icon or without. A password blocks the keys for select all, copy and paste.")
+        ->addColumns(3,
+                     {{"Plain", line("Kim Larsen")},
+                      {"With an icon", line("Kim Larsen", "icon_user.png")},
+                      {"Password", password()}},
+                     kEditWidth);
+}
+
+void addStates(Page *page)
+{
+    Section *section = page->addSection("States", "A text that the validator would not accept is marked once "
+                                                  "the focus has left it, not while it is being typed.");
+    section->addColumns(3,
+                        {{"Normal", line("Kim Larsen")},
+                         {"Hovered", pose::in(pose::Hovered, line("Kim Larsen"))},
+                         {"Focused", pose::in(pose::Focused, line("Kim Larsen"))},
+                         {"Invalid: less than 100", pose::in(pose::Normal, number("12"))},
+                         {"Disabled", pose::in(pose::Disabled, line("Kim Larsen", "icon_user.png"))},
+                         {"Read-only", readOnly()}},
+                        kEditWidth);
 }
 
 void addSearchFields(Page *page)
@@ -128,18 +155,20 @@ void addSearchFields(Page *page)
     Section *section = page->addSection("Search fields",
                                         "The clear button takes the magnifier's place while there is a text, "
                                         "which never runs below it.");
-    section->addColumns(kColumnWidth,
-                        {{"Empty", searchField()},
-                         {"With a text", searchField("calendar")},
-                         {"The longest text: 50", searchField(QString("calendar ").repeated(9))}});
-    section->addColumns(kColumnWidth, {{"Focus on the magnifier", withFocusInside(QString())},
-                                       {"Focus on the clear button", withFocusInside("calendar")},
-                                       {"Disabled", pose::in(pose::Disabled, searchField("calendar"))}});
+    section->addColumns(
+        3,
+        {{"Empty", searchField()},
+         {"With a text", searchField("calendar")},
+         {"The longest text has 50 characters", searchField(QString("calendar ").repeated(9))},
+         {"Focus on the magnifier", withFocusInside(QString())},
+         {"Focus on the clear button", withFocusInside("calendar")},
+         {"Disabled", pose::in(pose::Disabled, searchField("calendar"))}},
+        kEditWidth);
 }
 
 CBPTextEdit *textEdit(const QString &text, int maxLength, int margin)
 {
-    auto *edit = framed(new CBPTextEdit);
+    auto *edit = prepared(new CBPTextEdit, QStringLiteral("Notes"));
     edit->setFixedHeight(kTextHeight);
     edit->setMaxLength(maxLength);
     edit->setTextMargin(margin, margin, margin, margin);
@@ -150,18 +179,24 @@ CBPTextEdit *textEdit(const QString &text, int maxLength, int margin)
 void addTextEdits(Page *page)
 {
     const QString text = "The text may go on over several lines, as long as its limit allows. ";
-    page->addSection("Text edits", "With a greatest length, and space around the text.")
-        ->addColumns(kColumnWidth, {{"No limit", textEdit(text, 0, 0)},
-                                    {"Margins of 8", textEdit(text, 0, 8)},
-                                    {"At most 100 characters", textEdit(text + text, kMaxLength, 0)}});
+    page->addSection("Text edits", "There may be a limit to the text, and space around it.")
+        ->addColumns(3,
+                     {{"No limit", textEdit(text, 0, 0)},
+                      {"Margins of 8 pixels", textEdit(text, 0, 8)},
+                      {"At most 100 characters", textEdit(text + text, kMaxLength, 0)},
+                      {"Focused", pose::in(pose::Focused, textEdit(text, 0, 0))},
+                      {"Disabled, with margins", pose::in(pose::Disabled, textEdit(text, 0, 8))}},
+                     kEditWidth);
 }
 
 Page *makePage()
 {
-    auto *page = new Page("Line edits", "CBPLineEdit, CBPSearchEdit and CBPTextEdit, in the frame that this "
-                                        "gallery's style sheet gives them.");
+    auto *page =
+        new Page("Line edits", "CBPLineEdit, CBPSearchEdit and CBPTextEdit: fields for a line, for a "
+                               "search and for a longer text.");
     addLiveSamples(page);
     addLineEdits(page);
+    addStates(page);
     addSearchFields(page);
     addTextEdits(page);
     return page;

@@ -69,9 +69,8 @@ SampleRow statesOf(const QString &caption, ENLinkerType type, bool selected = fa
 
 void addStates(Page *page)
 {
-    page->addSection(
-            "States",
-            "The keyboard focus shows the colour of a hovered link and a ring, but never underlines.")
+    page->addSection("States",
+                     "The keyboard focus gives a link its hover colour and a ring, but no underline.")
         ->addTable({"Normal", "Hovered", "Pressed", "Focused", "Disabled"},
                    {statesOf("Always", ENLinkerTypeAlways), statesOf("Under the mouse", ENLinkerTypeHover),
                     statesOf("Never", ENLinkerTypeNever), statesOf("Selected", ENLinkerTypeHover, true),
@@ -96,8 +95,8 @@ CBPLinkerButton *narrow(int width)
 
 void addTexts(Page *page)
 {
-    Section *section =
-        page->addSection("Text", "Plain, on one line. A text that is cut off is the link's tool tip.");
+    Section *section = page->addSection(
+        "Text", "Texts are plain and stay on one line. One that is cut off appears whole as the tool tip.");
     section->addSamples(
         {{"12 pixels", sized(12)}, {"14, the default", sized(14)}, {"20", sized(20)}, {"28", sized(28)}});
     section->addSamples({{"Whole", link(ENLinkerTypeAlways, QLatin1String(kLongText))},
@@ -110,16 +109,16 @@ void addTexts(Page *page)
 const char kCheckSheet[] =
     "CBPCheckBox { spacing: 8px; color: #444e5c; }"
     "CBPCheckBox:disabled { color: #bdbdbd; }"
-    "CBPCheckBox::indicator { width: 16px; height: 16px; border: 1px solid #a9b4c2;"
+    "CBPCheckBox::indicator { width: 16px; height: 16px; border: 1px solid #7b8798;"
     " border-radius: 3px; background: white; }"
-    "CBPCheckBox::indicator:hover { border-color: #4baeb2; }"
+    "CBPCheckBox::indicator:hover { border-color: #1f71bf; }"
     "CBPCheckBox::indicator:checked, CBPCheckBox::indicator:indeterminate"
-    " { background: #2a8084; border-color: #2a8084; }"
+    " { background: #1f71bf; border-color: #1f71bf; }"
     "CBPCheckBox::indicator:checked { image: url(:/gallery/tick.svg); }"
     "CBPCheckBox::indicator:indeterminate { image: url(:/gallery/dash.svg); }"
     "CBPCheckBox::indicator:disabled { background: #eef1f4; border-color: #d5dbe2; }"
     "CBPCheckBox::indicator:checked:disabled, CBPCheckBox::indicator:indeterminate:disabled"
-    " { background: #a3bfc1; border-color: #a3bfc1; }";
+    " { background: #a5c6e5; border-color: #a5c6e5; }";
 
 CBPCheckBox *styled(Qt::CheckState state)
 {
@@ -156,7 +155,7 @@ void addCheckBoxes(Page *page)
 Page *makePage()
 {
     auto *page = new Page("Link and check box",
-                          "CBPLinkerButton: a text that is clicked like a hyperlink and reports a number. "
+                          "CBPLinkerButton is a hyperlink that reports a number when it is clicked. "
                           "CBPCheckBox: the library's check box.");
     addLiveSamples(page);
     addStates(page);

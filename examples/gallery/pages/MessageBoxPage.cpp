@@ -22,12 +22,6 @@ enum Type { Info, Question, Warning, Error, Other };
 enum Flag { Ok = 0x4, Retry = 0x8, Cancel = 0x100, Yes = 0x800, No = 0x1000 };
 enum Field { User = 0x1, Password = 0x2, Hint = 0x4 };
 
-// What an application does with the object name of the edits; the library brings no look of its own for them.
-const char kSheet[] = "QLineEdit#DefaultLineEdit { border: 1px solid #8793a1; border-radius: 3px;"
-                      " background: white; min-height: 30px; padding: 0 4px;"
-                      " selection-background-color: #4baeb2; }"
-                      "QLineEdit#DefaultLineEdit:focus { border-color: #2f86d8; }";
-
 const char kText[] = "The folder \"Invoices\" holds 38 files. They are kept in the bin for 30 days.";
 const char kLong[] = "A text that needs more than a line is broken into as many as it takes, and the box "
                      "becomes taller for it. Nothing of it is cut off: neither an address without a place to "
@@ -43,7 +37,6 @@ public:
     explicit Posed(int width)
     {
         setAttribute(Qt::WA_DontShowOnScreen);
-        setStyleSheet(kSheet);
         if (width > 0)
             setFixedWidth(width);
     }
@@ -80,23 +73,28 @@ void addMessages(Page *page)
     const auto of = [](int type, const char *head, int buttons) {
         return portrait([=](CMsgBox *box) { return box->message(type, kText, head, buttons); });
     };
-    Section *section =
-        page->addSection("Messages", "The type brings icon and title. A box is 500 pixels wide; "
-                                     "those side by side here are narrower.");
+    Section *section = page->addSection(
+        "Messages", "The type brings the icon and the title. A number with a bit for each button brings "
+                    "the buttons: 0x104 is OK, 0x4, and Cancel, 0x100. A box is 500 pixels wide; "
+                    "those side by side here are narrower.");
     section->addSamples(
-        {{"message(0, text, head, 0x4)",
+        {{"A message with OK: message(0, text, head, 0x4)",
           portrait([](CMsgBox *box) { return box->message(Info, kText, "The folder was deleted", Ok); },
                    0)}});
-    section->addColumns(kColumns, {{"Question: 0x1800", of(Question, "Delete the folder?", Yes | No)},
-                                   {"Warning: 0x104", of(Warning, "The folder is not empty", Ok | Cancel)},
-                                   {"Error: 0x108", of(Error, "The folder is in use", Retry | Cancel)},
-                                   {"Without a heading", of(Info, "", Ok)}});
+    section->addColumns(kColumns,
+                        {{"A question with Yes and No: message(1, text, head, 0x1800)",
+                          of(Question, "Delete the folder?", Yes | No)},
+                         {"A warning with OK and Cancel: message(2, text, head, 0x104)",
+                          of(Warning, "The folder is not empty", Ok | Cancel)},
+                         {"An error with Retry and Cancel: message(3, text, head, 0x108)",
+                          of(Error, "The folder is in use", Retry | Cancel)},
+                         {"A message without a heading: message(0, text, \"\", 0x4)", of(Info, "", Ok)}});
 }
 
 void addVariants(Page *page)
 {
     Section *section = page->addSection("Check box, link and long texts",
-                                        "The check box answers in the result, the link in a signal.");
+                                        "The check box answers in the result, the link with a signal.");
     const Ask checked = [](CMsgBox *box) {
         return box->messageWithCheckbox(Question, kText, "Do not ask again", "Delete the folder?", Yes | No);
     };
@@ -108,7 +106,7 @@ void addVariants(Page *page)
     const Ask link = [](CMsgBox *box) {
         return box->messageWithLink(Info, kText, "What happens to the files in it?",
                                     "https://www.example.org/help", "The folder was deleted", Ok,
-                                    "Own caption");
+                                    "A title of its own");
     };
     const Ask markup = [](CMsgBox *box) {
         return box->message(Error,
@@ -123,8 +121,8 @@ void addVariants(Page *page)
                                                               check->setChecked(true);
                                                       })},
                    {"A check text on several lines", portrait(longCheck)},
-                   {"messageWithLink(), caption", portrait(link)},
-                   {"Rich text", portrait(markup)}});
+                   {"messageWithLink() with a title", portrait(link)},
+                   {"A rich text", portrait(markup)}});
     section->addSamples({{"A long text", portrait(
                                              [](CMsgBox *box) {
                                                  return box->message(Warning, kLong,
@@ -136,7 +134,7 @@ void addVariants(Page *page)
 
 void addForms(Page *page)
 {
-    Section *section = page->addSection("Forms", "OK waits for what it needs.");
+    Section *section = page->addSection("Forms", "The OK button is enabled once there is what it needs.");
     const Ask folder = [](CMsgBox *box) {
         return box->showCreateDirBox(Question, "Name of the new folder:", Ok | Cancel, "New folder");
     };
@@ -152,17 +150,17 @@ void addForms(Page *page)
         return box->showUserAndPasswordBox(Warning, "", Password | Hint, 64, Ok | Cancel, "Sign in", "Robin",
                                            "", "The password is wrong. Two attempts are left.");
     };
-    section->addColumns(kColumns, {{"showCreateDirBox()", portrait(folder)},
-                                   {"With a name", portrait(folder, kSampleWidth, name)},
-                                   {"showUserAndPasswordBox(), fields 0x3", portrait(user)},
-                                   {"Fields 0x6: with a hint", portrait(wrong)}});
+    section->addColumns(kColumns,
+                        {{"showCreateDirBox()", portrait(folder)},
+                         {"showCreateDirBox() with a name", portrait(folder, kSampleWidth, name)},
+                         {"showUserAndPasswordBox() with name and password: fields 0x3", portrait(user)},
+                         {"With password and hint: fields 0x6", portrait(wrong)}});
 }
 
 void run(EventLog *log, const Ask &ask)
 {
     const QPointer<EventLog> to(log);
     QPointer<CMsgBox> box(new CMsgBox(log->window()));
-    box->setStyleSheet(kSheet);
     QObject::connect(box.data(), &CMsgBox::sigLinkClicked, log,
                      [log](const QString &target) { log->add("sigLinkClicked(" + target + ")"); });
     const int result = ask(box);
@@ -185,7 +183,8 @@ Page *makePage()
 {
     auto *page = new Page("Message box", "CMsgBox: messages with an icon and a heading, and two small forms. "
                                          "Each call runs the box and returns the button that ended it.");
-    Section *section = page->addSection("Try it", "Each tells its result. The copy key copies the texts.");
+    Section *section =
+        page->addSection("Try it", "Each box tells its result. The keys that copy elsewhere copy its texts.");
     auto *log = new EventLog("No result yet: open a box and press one of its buttons.");
     const Ask message = [](CMsgBox *box) { return box->message(Warning, kLong, "Go on?", Ok | Cancel); };
     const Ask check = [](CMsgBox *box) {

@@ -192,26 +192,29 @@ QWidget *wrappedPortrait()
 
 void addPortraits(Page *page)
 {
-    page->addSection("Windows", "The pop-up paints a white body, a soft shadow around it and a line above "
-                                "the row of buttons.")
-        ->addColumns(kColumns, {{"AppendBtn(0x1900)", plainPortrait()},
-                                {"PrependBtn(0x80000), AppendBtn(0x104)", groupsPortrait()},
-                                {"PrependWidget()", widgetPortrait()},
-                                {"EnableButton(flag, false)", disabledPortrait()},
-                                {"ResetBtnText()", textPortrait()},
-                                {"Keyboard focus, primary", focusPortrait(Ok)},
-                                {"Keyboard focus, secondary", focusPortrait(Cancel)},
-                                {"CBPWaitBtn::run()", waitingPortrait()},
-                                {"SetDrawBottomHLine(false)", plainFramePortrait()},
-                                {"PrependBtn(0x80000), AppendBtn(0x1968)", wrappedPortrait()}});
+    page->addSection("Windows",
+                     "The pop-up paints a white body, a soft shadow around it and a line above "
+                     "the row of buttons. Where a screen cannot blend windows, an outline takes the "
+                     "place of the shadow.")
+        ->addColumns(kColumns,
+                     {{"Yes, No and Cancel: AppendBtn(0x1900)", plainPortrait()},
+                      {"Back at the left: PrependBtn(0x80000), AppendBtn(0x104)", groupsPortrait()},
+                      {"A check box at the left: PrependWidget()", widgetPortrait()},
+                      {"Disabled buttons: EnableButton(flag, false)", disabledPortrait()},
+                      {"Other texts: ResetBtnText()", textPortrait()},
+                      {"The keyboard focus on a primary button", focusPortrait(Ok)},
+                      {"The keyboard focus on a secondary button", focusPortrait(Cancel)},
+                      {"Two buttons that wait: CBPWaitBtn::run()", waitingPortrait()},
+                      {"No line above the buttons: SetDrawBottomHLine(false)", plainFramePortrait()},
+                      {"Several rows: PrependBtn(0x80000), AppendBtn(0x1968)", wrappedPortrait()}});
 }
 
 // The buttons of a pop-up, out of it: the captions and kinds of all flags.
 void addButtons(Page *page)
 {
-    Section *section = page->addSection("Standard buttons",
-                                        "In the order in which a row holds them. Cancel, No, Restart later "
-                                        "and the one for an own text are secondary.");
+    Section *section = page->addSection(
+        "Standard buttons", "They stand in the order in which a row holds them. Cancel, No, "
+                            "Restart later and the one whose text the application sets are secondary.");
     auto *keeper = new CBPPopWnd(false, page); // owns the row that the buttons come from
     keeper->Init(false);
     for (const QVector<int> &flags : kRows) {
@@ -298,7 +301,7 @@ Page *makePage()
     auto *page =
         new Page("Pop-up windows", "CBPPopWnd: the modal dialog with a row of standard buttons, one of "
                                    "which is its result.");
-    Section *section = page->addSection("Try it", "Each tells its result when it is closed.");
+    Section *section = page->addSection("Try it", "Each pop-up tells its result when it is closed.");
     auto *log = new EventLog("No result yet: run a pop-up and press one of its buttons.");
     section->addSamples({{"proceedBtnClicked()", opener("Ask for a name", log, &askName)},
                          {"SetBtnClickCB()", opener("Refuse every button", log, &askStubbornly)}});

@@ -50,15 +50,15 @@ CBPPushBtn *button(const QString &text)
 {
     auto *result = new CBPPushBtn(text, nullptr);
     result->setFixedWidth(kButtonWidth);
-    result->setRoundRadius({4, 4});
     return result;
 }
 
 void addLiveSamples(Page *page)
 {
     Section *section = page->addSection(
-        "Try it", "Up, the bar follows a pixel at a time, sooner after large steps than after small ones; "
-                  "down, it jumps. Full, it stands still and costs nothing.");
+        "Try it",
+        "On its way up the bar follows a pixel at a time, faster after large steps than after small ones; on "
+        "its way down it jumps. When it is full it stands still and costs nothing.");
     auto *progress = new CBPGradientProgressBar;
     progress->setAccessibleName("Progress");
     auto *percent = theme::label(QString(), theme::Normal, 14, theme::kText);
@@ -92,7 +92,7 @@ void addLiveSamples(Page *page)
 void addValues(Page *page)
 {
     Section *section = page->addSection("Values", "The first value shows at once. Below one per cent the bar "
-                                                  "shows one, and 99.99 count as full.");
+                                                  "shows one per cent, and 99.99 count as full.");
     section->addWide(
         onGround(theme::kInk, {{"No value yet", bar()}, {"0, shown as 1 %", at(0)}, {"25 %", at(25)}}));
     section->addWide(
@@ -103,7 +103,7 @@ void addHighlights(Page *page)
 {
     Section *section = page->addSection(
         "Highlight", "It sweeps along the filled part until the bar is full, with a pause in "
-                     "between. The second colour of the constructor is its own.");
+                     "between. The second colour of the constructor is that of the highlight.");
     const QColor builtIn(88, 205, 210);
     section->addWide(onGround(theme::kInk, {{"On its way", swept(builtIn, 6)},
                                             {"Leaving", swept(builtIn, 16)},
@@ -115,13 +115,13 @@ void addHighlights(Page *page)
 
 void addSizes(Page *page)
 {
-    Section *section =
-        page->addSection("Widths and grounds",
-                         "The track is white: it needs a ground that is not. A resized bar keeps its share.");
+    Section *section = page->addSection(
+        "Widths and grounds",
+        "The track is white, so it needs a ground that is not. A resized bar keeps its share.");
     section->addWide(
         onGround(theme::kInk, {{"40 %, 400 wide", at(40, 400)}, {"120", at(40, 120)}, {"24", at(40, 24)}}));
     section->addWide(onGround(kLightGround, QVector<QWidget *>{at(60), at(100)}));
-    section->addWide(onGround(theme::kAccentDeep, QVector<QWidget *>{at(60), at(100)}));
+    section->addWide(onGround(theme::kAccent, QVector<QWidget *>{at(60), at(100)}));
 }
 
 Page *makePage()

@@ -44,11 +44,9 @@ CBPPushBtn *button(const QString &text, int width = kWidth)
 CBPPushBtn *filled(const QString &text)
 {
     CBPPushBtn *result = button(text);
-    const QVector<QColor> colors{theme::kAccentDeep, QColor(36, 117, 122), QColor(29, 100, 104),
-                                 QColor(207, 230, 231)};
-    result->setBgColor(colors);
-    result->setFrmColor(colors);
-    result->setTextColor({Qt::white, Qt::white, Qt::white, QColor(94, 143, 145)});
+    result->setBgColor(theme::accents());
+    result->setFrmColor(theme::accents());
+    result->setTextColor(QVector<QColor>(4, Qt::white));
     result->setRoundRadius({4, 4});
     result->setFocusFrameColor(theme::kInk); // the built-in blue is as light as the ground
     return result;
@@ -138,8 +136,8 @@ CBPPushBtn *checked()
     CBPPushBtn *result = button("Save");
     result->setCheckable(true);
     result->setChecked(true);
-    result->setCheckedBgColor(theme::kAccentDeep);
-    result->setCheckedFrmColor(QColor(29, 100, 104));
+    result->setCheckedBgColor(theme::kAccent);
+    result->setCheckedFrmColor(theme::kAccentPressed);
     result->setTextColor({Qt::white, Qt::white, Qt::white, Qt::white});
     return result;
 }
@@ -172,8 +170,8 @@ void addStates(Page *page)
     Section *section = page->addSection(
         "States",
         "One button at rest, under the mouse, held down, with the keyboard focus, and disabled. The "
-        "focus ring shows at rest only and needs a frame; selected and checked buttons show "
-        "none, and checked ones look alike whatever the mouse does.");
+        "focus ring shows at rest only and needs a frame; selected and checked buttons show none, and "
+        "checked ones look the same whatever the mouse does. They are drawn so on purpose.");
     section->addTable({"Normal", "Hovered", "Pressed", "Focused", "Disabled"},
                       {statesOf("Square", [] { return button("Save"); }), statesOf("Rounded", rounded),
                        statesOf("Half round", pill), statesOf("Own colours", [] { return filled("Save"); }),
@@ -197,20 +195,23 @@ void addIcons(Page *page)
     Section *section = page->addSection(
         "Icon and text",
         "The text is centred in the button wherever the icon stands, and the icon as if both were one "
-        "centred block. What lies between them is half of the spacing less half of the icon's width: "
-        "8 pixels here, with a spacing of 32.");
+        "centred block. It is drawn so on purpose: texts in a column of buttons line up. What lies between "
+        "them is half of the spacing less half of the icon's width: "
+        "8 pixels here, with a spacing of 32; with the default of 10 they overlap.");
+    CBPPushBtn *alone = iconSample(QString(), CBPPushBtn::ALIGN_CENTER, false);
+    alone->setToolTip("Account"); // its name for screen readers, too
     CBPPushBtn *lowered = iconSample("Account", CBPPushBtn::ALIGN_CENTER, true);
     lowered->SetIconVoffSet(4);
     section->addColumns(
         4,
         {{"Before the text", iconSample("Account", CBPPushBtn::ALIGN_CENTER, false)},
-         {"Behind the text", iconSample("Account", CBPPushBtn::ALIGN_CENTER, true)},
+         {"After the text", iconSample("Account", CBPPushBtn::ALIGN_CENTER, true)},
          {"At the left edge", iconSample("Account", CBPPushBtn::ALIGN_LEFT, false)},
-         {"Alone", iconSample(QString(), CBPPushBtn::ALIGN_CENTER, false)},
+         {"Alone", alone},
          {"Spacing 10, the default", iconSample("Account", CBPPushBtn::ALIGN_CENTER, false, 10)},
          {"Spacing 56", iconSample("Account", CBPPushBtn::ALIGN_CENTER, false, 56)},
-         {"Behind, 4 pixels lower", lowered},
-         {"Left edge, behind", iconSample("Account", CBPPushBtn::ALIGN_LEFT, true, 64)}},
+         {"After it, 4 pixels lower", lowered},
+         {"Left edge, after the text", iconSample("Account", CBPPushBtn::ALIGN_LEFT, true, 64)}},
         kIconSampleWidth);
 }
 
@@ -232,7 +233,7 @@ void addWidths(Page *page)
                          {"85, with an icon", withPicture},
                          {"95, with a menu", menuButton},
                          {"140", wide},
-                         {"85, text too long", new CBPPushBtn("Repeat every week", nullptr, true)}});
+                         {"152, set for its text", button("Repeat every week", 152)}});
 
     CBPPushBtn *twoLines = button("A long text wraps at its words", 168);
     twoLines->setFixedHeight(48);
@@ -246,7 +247,7 @@ void addWidths(Page *page)
     large->SetFont(theme::font(theme::Semibold, 20));
     section->addSamples({{"Two lines, 48 high", twoLines},
                          {"Breaks anywhere", anywhere},
-                         {"Texts are plain", plain},
+                         {"No markup in texts", plain},
                          {"Own font", large}});
 }
 
@@ -275,10 +276,9 @@ QWidget *withoutMargins()
 
 void addColors(Page *page)
 {
-    Section *section = page->addSection(
-        "Colours",
-        "One colour per state for background, frame and text. A list without exactly four entries is "
-        "put aside.");
+    Section *section =
+        page->addSection("Colours", "One colour per state for background, frame and text. A list that has "
+                                    "not exactly four entries is ignored, and the built-in colours show.");
     section->addSamples({{"Four are used", withColors(4)},
                          {"Built-in colours", withColors(0)},
                          {"Built-in colours", withColors(3)},
@@ -333,9 +333,8 @@ void addGrounds(Page *page)
 
 Page *makePage()
 {
-    auto *page =
-        new Page("Push button", "CBPPushBtn: text, an icon before or behind it, a colour per state, an id, "
-                                "and a drop-down menu if wanted.");
+    auto *page = new Page("Push button", "CBPPushBtn has a text, an icon before or after it, a colour for "
+                                         "each state, an id and, if wanted, a drop-down menu.");
     addLiveSamples(page);
     addStates(page);
     addIcons(page);

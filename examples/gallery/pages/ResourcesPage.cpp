@@ -16,7 +16,20 @@ namespace {
 
 constexpr int kTile = 56;         // of a picture
 constexpr int kSingleWidth = 152; // of a picture on both grounds
-constexpr int kTileRadius = 4;
+
+// A tile whose edges lie on device pixels, and which is sharp at 150 per cent, too.
+void drawTile(QPainter &painter, const QRect &rect, const QColor &ground, const QColor &frame)
+{
+    const QTransform toDevice = painter.deviceTransform();
+    const QRectF exact = toDevice.mapRect(QRectF(rect));
+    const QRect pixels(exact.topLeft().toPoint(), exact.bottomRight().toPoint() - QPoint(1, 1));
+    const int line = qMax(1, qRound(toDevice.m11()));
+    painter.save();
+    painter.setTransform(toDevice.inverted(), true);
+    painter.fillRect(pixels, frame);
+    painter.fillRect(pixels.adjusted(line, line, -line, -line), ground);
+    painter.restore();
+}
 
 // Pictures side by side, each in the middle of a tile, on one ground.
 class PictureStrip : public QWidget
@@ -36,10 +49,7 @@ protected:
     void paintEvent(QPaintEvent *) override
     {
         QPainter painter(this);
-        painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-        painter.setPen(m_ground.lightness() > 128 ? theme::kLine : m_ground);
-        painter.setBrush(m_ground);
-        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kTileRadius, kTileRadius);
+        drawTile(painter, rect(), m_ground, m_ground.lightness() > 128 ? theme::kLine : m_ground);
         QRect tile(0, 0, m_tile, m_tile);
         for (const QPixmap &picture : qAsConst(m_pictures)) {
             if (picture.isNull()) { // there is none for this state
@@ -94,10 +104,8 @@ protected:
     void paintEvent(QPaintEvent *) override
     {
         QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(m_color.isValid() ? QPen(m_color) : QPen(theme::kLine, 1, Qt::DashLine));
-        painter.setBrush(m_color.isValid() ? QBrush(m_color) : Qt::NoBrush);
-        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kTileRadius, kTileRadius);
+        drawTile(painter, rect(), m_color.isValid() ? m_color : QColor(Qt::white),
+                 m_color.isValid() ? m_color : theme::kLine);
     }
 
 private:
@@ -171,8 +179,8 @@ void addColors(Page *page)
         ->addColumns(5, {{"title_bgcolor " + named(ground), new Swatch(ground)},
                          {"title_textcolor " + named(text), new Swatch(text)},
                          {"title_bottonline " + named(line), new Swatch(line)},
-                         {"Accent #4baeb2", new Swatch(theme::kAccent)},
-                         {"Accent #49a7f5", new Swatch(theme::kAccentBlue)}});
+                         {"Accent #4baeb2", new Swatch(QColor(75, 174, 178))},
+                         {"Accent #49a7f5", new Swatch(QColor(73, 167, 245))}});
 }
 
 // A picture in its states: "list" of list_normal.png, list_hover.png and so on.
@@ -195,7 +203,7 @@ void collect(const QString &folder, QMap<QString, States> &inStates, QStringList
     const QStringList files = dir.entryList({"*.png", "*.svg"}, QDir::Files, QDir::Name);
     for (const QString &file : files) {
         const QString base = file.section('.', 0, -2);
-        if (base.endsWith("@2x"))
+        if (base.contains('@')) // the same picture for a dense screen
             continue;
         const QString state = stateOf(base);
         if (state.isEmpty())
@@ -216,8 +224,10 @@ void addPicturesInStates(Page *page, const QMap<QString, States> &inStates)
 {
     Section *section = page->addSection(
         "Pictures by state",
-        "Normal, hovered, pressed, disabled. Those of Common are for the dark title bar alone; a short "
-        "dash stands for no file.");
+        "From the left: normal, hovered, pressed and disabled. Those of Common are for the dark title bar "
+        "alone; a short dash says that there is no file. Straight strokes have files of their own "
+        "for "
+        "125, 150 and 175 per cent.");
     const QStringList order = states();
     QVector<SampleRow> rows;
     for (auto it = inStates.begin(); it != inStates.end(); ++it) {
@@ -244,7 +254,8 @@ void addSinglePictures(Page *page, const QStringList &single)
         layout->addWidget(new PictureStrip({file}, theme::kInk, tile));
         samples << Sample{file, both};
     }
-    page->addSection("Single pictures", QString())->addColumns(4, samples, kSingleWidth);
+    page->addSection("Single pictures", "These have one state. Their names are those of their files.")
+        ->addColumns(4, samples, kSingleWidth);
 }
 
 void addLoading(Page *page)

@@ -42,7 +42,7 @@ CBPSplitter *colored()
 {
     CBPSplitter *result = splitter(Qt::Horizontal, {"Own", "colours"}, kAreaWidth);
     if (auto *handle = qobject_cast<CBPSplitterHandle *>(result->handle(1)))
-        handle->setColr(QPen(theme::kAccentDeep), QColor(226, 242, 243));
+        handle->setColr(QPen(theme::kAccent), theme::kAccentTint);
     return result;
 }
 
@@ -75,11 +75,11 @@ CBPScrollBar *under(CBPScrollBar *sample)
     return pose::in(pose::Hovered, sample);
 }
 
-CBPScrollBar *teal()
+CBPScrollBar *tinted()
 {
     CBPScrollBar *result = bar(Qt::Horizontal);
-    QVector<QColor> slider{theme::kAccent, theme::kAccentDeep, theme::kAccent, theme::kAccent};
-    QColor ground(226, 242, 243);
+    QVector<QColor> slider{theme::kAccent, theme::kAccentPressed, theme::kAccent, theme::kAccent};
+    QColor ground = theme::kAccentTint;
     result->SetSliderBg(slider);
     result->SetBarBg(ground);
     return result;
@@ -93,7 +93,7 @@ void addBars(Page *page)
     section->addColumns(4,
                         {{"At rest", pose::in(pose::Normal, bar(Qt::Horizontal))},
                          {"Under the mouse", under(bar(Qt::Horizontal))},
-                         {"Own colours", teal()},
+                         {"Own colours", tinted()},
                          {"Live", bar(Qt::Horizontal, 0)}},
                         kBarLength);
     section->addColumns(4,

@@ -68,8 +68,8 @@ Page *makePage()
     section->addSamples(
         {{"Without a button that selects all", daySelector(days(10), "Last", QString(), {"Last"})}});
 
-    section = page->addSection("States",
-                               "States of single days and of a whole selector, and names that are unusual.");
+    section = page->addSection(
+        "States", "Here are states of one day and of the whole selector, and days without a name.");
     CBPWeekSelector *posed = weekSelector({"Mon", "Tue", "Thu"});
     const auto posedDays = posed->findChildren<QAbstractButton *>();
     pose::put(posedDays.value(2), pose::Hovered);
@@ -82,7 +82,12 @@ Page *makePage()
     QStringList nameless{"Mon", QString(), "Wed", "Mon", QString()};
     auto *odd = new CBPWeekSelector(nameless);
     odd->SetSelected({"Mon"});
-    section->addSamples({{"A name that is there twice; without a name nothing is seen of a choice", odd}});
+    const auto oddDays = odd->findChildren<QAbstractButton *>();
+    for (QAbstractButton *day : oddDays) {
+        if (day->text().isEmpty())
+            day->setAccessibleName("A day without a name");
+    }
+    section->addSamples({{"Names may repeat or be empty", odd}});
     return page;
 }
 

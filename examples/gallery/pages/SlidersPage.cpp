@@ -12,6 +12,7 @@
 namespace {
 
 constexpr int kWidth = 256;
+constexpr int kStateWidth = 200;
 constexpr int kLiveWidth = 400;
 
 QStringList levels()
@@ -45,12 +46,31 @@ CBPSmoothSlider *smooth(int value, const QStringList &labels = ends(), int maxim
     return result;
 }
 
-// The focus is the inner slider's.
-template <class Slider> Slider *focused(Slider *sample)
+// The inner slider has the focus and the pointer. Pressed in its middle, both go there.
+template <class Slider> Slider *posed(pose::State state, Slider *sample)
 {
-    pose::put(sample, pose::Normal);
-    pose::put(sample->template findChild<QSlider *>(), pose::Focused);
+    pose::put(sample, state == pose::Disabled ? state : pose::Normal);
+    if (state != pose::Disabled)
+        pose::put(sample->template findChild<QSlider *>(), state);
     return sample;
+}
+
+SampleRow states(const QString &caption, QWidget *(*sample)(pose::State), const QVector<pose::State> &all)
+{
+    SampleRow row{caption, {}};
+    for (const pose::State state : all)
+        row.widgets << sample(state);
+    return row;
+}
+
+QWidget *stepsIn(pose::State state)
+{
+    return posed(state, jump("Medium", {"Low", "Medium", "High"}, kStateWidth));
+}
+
+QWidget *smoothIn(pose::State state)
+{
+    return posed(state, smooth(50, ends(), 100, 0, kStateWidth));
 }
 
 void addLiveSamples(Page *page)
@@ -74,22 +94,24 @@ void addLiveSamples(Page *page)
 void addStates(Page *page)
 {
     Section *section = page->addSection(
-        "States",
-        "The focus shows to those who use the keyboard. A disabled smooth slider keeps its colour.");
-    section->addTable({"Normal", "Focused"},
-                      {{"Steps", {pose::in(pose::Normal, jump("Medium")), focused(jump("Medium"))}},
-                       {"Smooth", {pose::in(pose::Normal, smooth(60)), focused(smooth(60))}}});
-    section->addTable(
-        {"Disabled", "At its end"},
-        {{"Steps", {pose::in(pose::Disabled, jump("Medium")), pose::in(pose::Normal, jump("High"))}},
-         {"Smooth", {pose::in(pose::Disabled, smooth(60)), pose::in(pose::Normal, smooth(100))}}});
+        "States", "The ring shows to those who use the keyboard, and the halo under the pointer. A disabled "
+                  "smooth slider keeps its colour: it is drawn so on purpose.");
+    const QVector<pose::State> active{pose::Normal, pose::Hovered, pose::Pressed};
+    section->addTable({"Normal", "Hovered", "Pressed"},
+                      {states("Steps", &stepsIn, active), states("Smooth", &smoothIn, active)});
+    const QVector<pose::State> others{pose::Focused, pose::Disabled};
+    SampleRow steps = states("Steps", &stepsIn, others);
+    SampleRow values = states("Smooth", &smoothIn, others);
+    steps.widgets << posed(pose::Hovered, jump("High", {"Low", "Medium", "High"}, kStateWidth));
+    values.widgets << posed(pose::Hovered, smooth(100, ends(), 100, 0, kStateWidth));
+    section->addTable({"Keyboard focus", "Disabled", "Hovered, at its end"}, {steps, values});
 }
 
 void addPositions(Page *page)
 {
     Section *section =
-        page->addSection("Positions", "A jump slider has one per label. The value of a smooth one "
-                                      "stays within its edges.");
+        page->addSection("Positions", "A jump slider has one position for each label. The value of a "
+                                      "smooth one stays within its edges.");
     section->addColumns(3, {{"Two labels", jump("Never", {"Never", "Always"})},
                             {"Five labels", jump("4", {"1", "2", "3", "4", "5"})},
                             {"Equal labels", jump("Same", {"Same", "Same", "Same"})},

@@ -105,7 +105,8 @@ SampleRow statesOf(const QString &caption, QWidget *(*make)())
 
 void addStates(Page *page)
 {
-    page->addSection("States", "Colours and images of each state are those of the push and image buttons.")
+    page->addSection("States",
+                     "Each state has the colours of a push button or the images of an image button.")
         ->addTable({"Normal", "Hovered", "Pressed", "Focused", "Disabled"},
                    {statesOf("Unchecked", []() -> QWidget * { return star(false); }),
                     statesOf("Checked", []() -> QWidget * { return star(true); }),
@@ -120,7 +121,7 @@ void addStates(Page *page)
 void addSizes(Page *page)
 {
     Section *section = page->addSection(
-        "Sizes", "Each is as large as what it shows; a text without room ends in an ellipsis.");
+        "Sizes", "Each is as large as its content; a text that does not fit ends in an ellipsis.");
     auto *letter = new CBPRoundBtn(56, 0);
     letter->setText("AB");
     letter->SetFont(theme::font(theme::Semibold, 20));
@@ -144,7 +145,7 @@ Page *makePage()
 {
     auto *page = new Page("Small buttons",
                           "CBPImageCheckBox, CBPImageTextBtn, CBPRoundBtn, CBPMenuBtn and CAddBtn: "
-                          "small things made of the push button, the image button and the check box.");
+                          "small buttons based on the push button, the image button and the check box.");
     addLiveSamples(page);
     addStates(page);
     addSizes(page);

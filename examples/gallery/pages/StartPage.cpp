@@ -18,9 +18,9 @@
 #include "CMsgBox.h"
 #include "CTabContainer.h"
 
-#include <QFrame>
 #include <QGridLayout>
 #include <QLabel>
+#include <QPainter>
 #include <QTimer>
 
 namespace {
@@ -28,10 +28,11 @@ namespace {
 constexpr int kColumns = 2;
 constexpr int kGap = 3 * theme::kUnit;
 constexpr int kPadding = 3 * theme::kUnit;
-constexpr QSize kCardSize((theme::kPageWidth - kGap) / kColumns, 232);
+constexpr QSize kCardSize((theme::kPageWidth - kGap) / kColumns, 240);
+constexpr int kAboveControls = 12;
 constexpr int kButtonWidth = 96;
 constexpr int kWideButton = 160;
-constexpr int kButtonHeight = 30;
+constexpr int kSearchWidth = 168;
 constexpr int kStepMs = 40;
 constexpr double kStep = 0.004;
 
@@ -41,14 +42,11 @@ struct Link
     const char *page;
 };
 
-class Card : public QFrame
+class Card : public QWidget
 {
 public:
     Card(const QString &title, const QString &words)
     {
-        setObjectName(QStringLiteral("card"));
-        setStyleSheet(
-            QStringLiteral("#card{background:#f7f9fb;border:1px solid #e3e8ee;border-radius:4px;}"));
         setFixedSize(kCardSize);
         m_column = new QVBoxLayout(this);
         m_column->setContentsMargins(kPadding, 2 * theme::kUnit, kPadding, 2 * theme::kUnit);
@@ -59,18 +57,18 @@ public:
         sentence->setMinimumHeight(2 * sentence->fontMetrics().lineSpacing());
         sentence->setAlignment(Qt::AlignLeft | Qt::AlignTop);
         m_column->addWidget(sentence);
-        m_column->addStretch();
+        m_column->addSpacing(kAboveControls);
     }
 
     void addRow(const QVector<QWidget *> &widgets)
     {
         auto *row = new QHBoxLayout;
         row->setSpacing(2 * theme::kUnit);
+        row->addStrut(theme::kControlHeight + 2); // a group has its frame around its buttons
         for (QWidget *widget : widgets)
             row->addWidget(widget, 0, Qt::AlignVCenter);
         row->addStretch();
         m_column->addLayout(row);
-        m_column->addSpacing(theme::kUnit);
     }
 
     // Takes all the room there is.
@@ -83,7 +81,7 @@ public:
         auto *row = new QHBoxLayout;
         row->setSpacing(2 * theme::kUnit);
         for (const Link &link : links) {
-            auto *button = new CBPLinkerButton(QString::fromLatin1(link.text), ENLinkerTypeHover, 0, this);
+            CBPLinkerButton *button = theme::link(QString::fromLatin1(link.text), this);
             const QString page = QString::fromLatin1(link.page);
             connect(button, &CBPLinkerButton::sigLinkerClick, this, [this, page] {
                 if (auto *gallery = qobject_cast<GalleryWindow *>(window()))
@@ -96,22 +94,22 @@ public:
         m_column->addLayout(row);
     }
 
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        theme::paintPanel(painter, rect());
+    }
+
 private:
     QVBoxLayout *m_column;
 };
 
-CBPPushBtn *button(const QString &text, bool primary, int width)
+// Of the height that everything in a row has.
+template <class Control> Control *inRow(Control *control, int width)
 {
-    auto *result = new CBPPushBtn(text, nullptr);
-    result->setFixedSize(width, kButtonHeight);
-    if (primary) {
-        const QVector<QColor> ground{QColor(73, 167, 245), QColor(91, 175, 246), QColor(65, 149, 220),
-                                     QColor(201, 229, 252)};
-        result->setBgColor(ground);
-        result->setFrmColor(ground);
-        result->setTextColor(QVector<QColor>(4, Qt::white));
-    }
-    return result;
+    control->setFixedSize(width, theme::kControlHeight);
+    return control;
 }
 
 // A second and a half on its own thread.
@@ -168,15 +166,15 @@ Card *buttonsCard()
 {
     auto *card = new Card("Buttons", "A look per state, a menu, a choice.");
     auto *group = new CButtonGroupBox(true, nullptr);
-    group->SetBgClr({Qt::white, QColor(42, 128, 132), QColor(42, 128, 132), Qt::white});
-    group->SetTextClr({QColor(42, 128, 132), Qt::white, Qt::white, QColor(187, 187, 187)});
+    group->SetBgClr({Qt::white, theme::kAccentHovered, theme::kAccent, Qt::white});
+    group->SetTextClr({theme::kAccent, Qt::white, Qt::white, theme::kAccentDisabled});
     for (const auto &[id, text] : {std::pair(1, "Day"), std::pair(2, "Week")})
         group->AddButton(id, text, QString());
     group->GetButton(2)->setSelected(true);
     auto *menu = new CBPDropdownBtn("New", 1);
     menu->AppendMenuItem(QString(), "Folder", 1);
     menu->AppendMenuItem(QString(), "File", 2);
-    card->addRow({button("Save", true, kButtonWidth), menu, group});
+    card->addRow({inRow(theme::primaryButton("Save"), kButtonWidth), menu, group});
     card->addLinks({{"Push button", "push-button"},
                     {"Drop-down", "drop-down-button"},
                     {"Toggles and groups", "toggle-button"}});
@@ -186,13 +184,13 @@ Card *buttonsCard()
 Card *windowsCard()
 {
     auto *card = new Card("Windows and dialogs", "They draw their own frame and behave like the system's.");
-    auto *ask = button("Ask a question", false, kWideButton);
+    auto *ask = inRow(new CBPPushBtn("Ask a question", nullptr), kWideButton);
     QObject::connect(ask, &QAbstractButton::clicked, ask, [ask] {
         CMsgBox box(ask->window());
         box.message(1, "It holds 38 files. They are kept in the bin for 30 days.", "Delete the folder?",
                     0x1800);
     });
-    auto *tell = button("Ask for a password", false, kWideButton);
+    auto *tell = inRow(new CBPPushBtn("Ask for a password", nullptr), kWideButton);
     QObject::connect(tell, &QAbstractButton::clicked, tell, [tell] {
         CMsgBox box(tell->window());
         box.showUserAndPasswordBox(0, "Sign in to the archive.", 3, 64, 0x104, "Sign in");
@@ -207,8 +205,7 @@ Card *waitingCard()
 {
     auto *card =
         new Card("Waiting", "A job on its own thread: call execute(), and the interface stays alive.");
-    auto *button = new CBPWaitBtn(theme::spinnerFrames(), "Run a job", "Working");
-    button->setFixedSize(kWideButton, kButtonHeight);
+    auto *button = inRow(new CBPWaitBtn(theme::spinnerFrames(), "Run a job", "Working"), kWideButton);
     QObject::connect(button, &QAbstractButton::clicked, button, [button] { waitIn(button); });
     card->addRow({button});
     card->addLinks({{"Waiting", "waiting"}, {"Waiters", "waiters"}});
@@ -233,11 +230,13 @@ Card *dateCard()
 
 Card *inputCard()
 {
-    auto *card = new Card("Input", "Fields that know what belongs into them.");
-    auto *search = new CBPSearchEdit(nullptr);
+    auto *card = new Card("Input", "Fields that know what belongs in them.");
+    auto *search = inRow(new CBPSearchEdit(nullptr), kSearchWidth);
     search->setPlaceholderText(QStringLiteral("Search"));
-    search->setFixedSize(168, 30);
+    search->setAccessibleName(QStringLiteral("Search"));
     auto *address = new CBPIPInputWidget;
+    address->setFixedHeight(theme::kControlHeight);
+    address->setAccessibleName(QStringLiteral("Address"));
     address->setIP(QStringLiteral("192.168.0.1"));
     card->addRow({search, address});
     card->addLinks({{"Line edits", "lineedits"}, {"IP address", "ip-address"}, {"Path list", "path-list"}});
@@ -247,9 +246,8 @@ Card *inputCard()
 // The white rest of a bar needs a ground that is not.
 QWidget *onInk(QWidget *bar)
 {
-    auto *strip = new QFrame;
-    strip->setObjectName(QStringLiteral("strip"));
-    strip->setStyleSheet(QStringLiteral("#strip{background:%1;border-radius:4px;}").arg(theme::kInk.name()));
+    auto *strip = new QWidget;
+    theme::fill(strip, theme::kInk);
     auto *row = new QHBoxLayout(strip);
     row->setContentsMargins(12, theme::kUnit, 12, theme::kUnit);
     row->addWidget(bar);
@@ -258,7 +256,7 @@ QWidget *onInk(QWidget *bar)
 
 Card *displayCard()
 {
-    auto *card = new Card("Display", "Progress and values, drawn in the two accents.");
+    auto *card = new Card("Display", "Progress and values, drawn at any size.");
     card->addWide(onInk(new Progress));
     card->addGap();
     auto *slider = new CBPSmoothSlider(nullptr);
@@ -299,9 +297,10 @@ Card *menusCard()
 
 Page *makePage()
 {
-    auto *page = new Page("LumQtLib",
-                          "Widgets for Qt 5 that look like one designer made them. Everything here is live; "
-                          "the pages at the left show every widget in every state, and how it is made.");
+    auto *page =
+        new Page("LumQtLib",
+                 "Widgets for Qt 5 that look as if one designer had made them all. Everything here is live; "
+                 "the pages at the left show every widget in every state, and how it is made.");
     auto *cards = new QWidget;
     auto *grid = new QGridLayout(cards);
     grid->setContentsMargins(0, 0, 0, 0);

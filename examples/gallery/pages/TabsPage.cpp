@@ -94,7 +94,8 @@ QWidget *accordion(EventLog *log, bool plain)
 void addLive(Page *page)
 {
     Section *section = page->addSection(
-        "Try it", "Mouse, Tab, arrow keys and Space in the tabs; Tab, Space and Enter in the titles.");
+        "Try it",
+        "Use the mouse, Tab, the arrow keys and Space in the tabs, and Tab, Space and Enter in the titles.");
     auto *log = new EventLog("No signal yet: click a tab or a title.");
     CTabContainer *tabs = container(false, true);
     QObject::connect(tabs, &CTabContainer::sigTabChanged, log,
@@ -115,8 +116,9 @@ void addTabs(Page *page)
     mirrored->setLayoutDirection(Qt::RightToLeft);
     CTabContainer *cut = container(false, false);
     cut->findChild<CButtonGroupBox *>()->GetButton(2)->setText("Notifications");
-    page->addSection("Tabs", "A row of tabs and, if wanted, widgets at its far end. Below it, the current "
-                             "page.")
+    page->addSection("Tabs",
+                     "A row of tabs has other widgets at its far end, if wanted, and the current page below "
+                     "it.")
         ->addColumns(2, {{"Hovered", hovered},
                          {"Keyboard focus", focused},
                          {"Disabled", off},
@@ -144,8 +146,8 @@ SampleRow titles(const QString &caption, bool focused, bool tail, const QString 
 
 void addTitles(Page *page)
 {
-    Section *section = page->addSection(
-        "Titles", "CFoucsLabel: \"focused\" is the current one of its siblings; the ring is the keyboard's.");
+    Section *section = page->addSection("Titles", "In CFoucsLabel, \"focused\" means the current one of its "
+                                                  "siblings. The ring is that of the keyboard.");
     section->addTable(
         {"Normal", "Hovered", "Keyboard focus", "Disabled"},
         {titles("Plain", false, true, "icon_user.png"), titles("Focused", true, true, "icon_user.png"),
@@ -172,8 +174,9 @@ Page *makePage()
     addTabs(page);
     addTitles(page);
     auto *log = new EventLog("No signal yet: click a title.");
-    Section *section = page->addSection("Accordion", "Own colours, no icons, no arrows.");
-    section->addSamples({{"Orange where it is focused", accordion(log, true)}});
+    Section *section =
+        page->addSection("Accordion", "It can have its own colours, and neither icons nor arrows.");
+    section->addSamples({{"Orange where it is open", accordion(log, true)}});
     section->addWide(log);
     return page;
 }

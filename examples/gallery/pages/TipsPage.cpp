@@ -28,6 +28,9 @@ QWidget *portrait(QWidget *tip)
 {
     const QScopedPointer<QWidget> owner(tip);
     tip->adjustSize();
+    // Whole device pixels at every scaling, or the page would cut the last row of them off.
+    const auto whole = [](int side) { return (side + 3) / 4 * 4; };
+    tip->resize(whole(tip->width()), whole(tip->height()));
     auto *label = new QLabel;
     label->setPixmap(tip->grab());
     return label;
@@ -75,13 +78,13 @@ CBPPushBtn *live(const QString &text, ENOrientation orientation, bool follow)
 void addLiveSamples(Page *page)
 {
     Section *section = page->addSection(
-        "Try it", "Three follow the mouse, a click opens the fourth. Escape or a click elsewhere closes "
-                  "it, scrolling does not.");
+        "Try it", "Three tips follow the mouse, a click opens the fourth. Escape or a click elsewhere "
+                  "closes it; scrolling does not.");
     section->addColumns(kColumns,
-                        {{"Arrow at the left", live("Rest here", ENOrientationLeft, true)},
-                         {"Arrow in the middle", live("Rest here", ENOrientationCenter, true)},
-                         {"Arrow at the right", live("Rest here", ENOrientationRight, true)},
-                         {"On a click, no arrow", live("Click here", ENOrientationNone, false)}},
+                        {{"An arrow at the left", live("Rest here", ENOrientationLeft, true)},
+                         {"An arrow in the middle", live("Rest here", ENOrientationCenter, true)},
+                         {"An arrow at the right", live("Rest here", ENOrientationRight, true)},
+                         {"No arrow, on a click", live("Click here", ENOrientationNone, false)}},
                         kBubbleWidth);
 }
 
@@ -89,21 +92,23 @@ void addBubbles(Page *page)
 {
     Section *section = page->addSection(
         "Orientations",
-        "The arrow stands 45 pixels from the left or right, or in the middle. Without one the "
-        "bubble starts one pixel left of its widget.");
+        "The arrow stands 45 pixels from the left or right, or in the middle. It takes its room from the "
+        "margin above the content, on purpose. Without an arrow the bubble starts one pixel left of its "
+        "widget.");
     const QString text = "A bubble explains what it points at.";
     section->addColumns(kColumns,
-                        {{"Left", bubble(ENOrientationLeft, text)},
-                         {"Center", bubble(ENOrientationCenter, text)},
-                         {"Right", bubble(ENOrientationRight, text)},
-                         {"None", bubble(ENOrientationNone, text)}},
+                        {{"An arrow at the left", bubble(ENOrientationLeft, text)},
+                         {"An arrow in the middle", bubble(ENOrientationCenter, text)},
+                         {"An arrow at the right", bubble(ENOrientationRight, text)},
+                         {"No arrow", bubble(ENOrientationNone, text)}},
                         kBubbleWidth);
 }
 
 void addContents(Page *page)
 {
     Section *section =
-        page->addSection("Corners and contents", "Any corner radius, and any widgets, one below the other.");
+        page->addSection("Corners and contents",
+                         "The corners have any radius, and the tip holds any widgets, one below the other.");
     auto *mixed = new CBPTipWnd(ENOrientationLeft, nullptr);
     mixed->AppendWidget(theme::label("Sign in", theme::Semibold, 14, theme::kInk));
     QLabel *explanation = words("Your settings come with you.");
@@ -129,10 +134,10 @@ void addTexts(Page *page)
     section->addColumns(
         kColumns,
         {{"One line", darkTip("Minimize", 0)},
-         {"160 wide", darkTip("A longer text wraps at its words where a width is set.", 160)},
-         {"Rich text", darkTip("<b>Ctrl+N</b> opens a new one", 0)},
+         {"160 pixels wide", darkTip("A longer text wraps at its words where a width is set.", 160)},
+         {"A rich text", darkTip("<b>Ctrl+N</b> opens a new one", 0)},
          {QString(), nullptr}, // the last column is narrower than a tip of a set width
-         {"Own background", darkTip("Dark on light", 0, QColor(255, 243, 205))},
+         {"Another background", darkTip("Dark on light", 0, QColor(255, 243, 205))},
          {"A word wider than the box", darkTip("yearly_reports_of_all_departments_2023_and_2024.pdf", 160)}},
         kBubbleWidth);
 }

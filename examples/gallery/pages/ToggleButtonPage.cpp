@@ -80,7 +80,7 @@ SampleRow statesOf(const QString &caption, bool checked, const QString &text, bo
         CTriStateButton *sample = toggle(text, checked);
         if (ownColors) {
             QColor plain(103, 114, 128);
-            QColor deep(176, 84, 20);
+            QColor deep(160, 74, 14);
             QColor hover(120, 60, 16);
             sample->SetColor(plain, deep, hover);
             sample->setBgColor({Qt::white, QColor(253, 246, 240), QColor(252, 236, 222), Qt::white});
@@ -92,10 +92,10 @@ SampleRow statesOf(const QString &caption, bool checked, const QString &text, bo
 
 void addStates(Page *page)
 {
-    page->addSection(
-            "States of a toggle",
-            "Three looks: plain, hovered, checked. A pressed button looks as a hovered one; the text is "
-            "black until colours are set, then it follows the frame.")
+    page->addSection("States of a toggle",
+                     "A toggle has three looks: plain, hovered and checked; pressing it shows the hover "
+                     "colours. The text is black until colours are set and follows the frame from then on, "
+                     "and without a text there is no frame. All of this is drawn so on purpose.")
         ->addTable({"Normal", "Hovered", "Pressed", "Focused", "Disabled"},
                    {statesOf("Plain", false, "Mon"), statesOf("Checked", true, "Mon"),
                     statesOf("Own colours", false, "Mon", true), statesOf("Own, checked", true, "Mon", true),
@@ -107,7 +107,8 @@ void addGroups(Page *page)
 {
     Section *section = page->addSection(
         "Groups",
-        "Buttons edge to edge in a frame, a thin line between them. Lines and frame are one colour.");
+        "Buttons stand edge to edge in a frame, with thin lines of the same colour between them. The "
+        "built-in text colours are pale on purpose; the other groups have darker ones of their own.");
     CButtonGroupBox *off = group(true, 2);
     off->setEnabled(false);
     auto *single = new CButtonGroupBox(true, nullptr);
@@ -136,9 +137,8 @@ void addGroups(Page *page)
 
 Page *makePage()
 {
-    auto *page =
-        new Page("Toggle buttons", "CTriStateButton: a button that stays checked. CButtonGroupBox: a row of "
-                                   "buttons, one of them selected if wanted.");
+    auto *page = new Page("Toggle buttons", "CTriStateButton is a button that stays checked. CButtonGroupBox "
+                                            "is a row of buttons, of which one can be selected.");
     addLiveSamples(page);
     addStates(page);
     addGroups(page);

@@ -95,9 +95,8 @@ SampleRow statesOf(const QString &caption, Maker make)
 void addStates(Page *page)
 {
     Section *section = page->addSection(
-        "States", "A release of the mouse keeps the pressed look until the mouse leaves. The keyboard focus "
-                  "looks as the "
-                  "mouse does, with a ring. A selected button shows the hover colours in every state.");
+        "States", "The pressed look stays until the mouse leaves; this is meant so. The keyboard focus shows "
+                  "the hover colours and a ring. A selected button shows the hover colours in every state.");
     section->addTable({"Normal", "Hovered", "Pressed", "Focused", "Disabled"},
                       {statesOf("Beside", [] { return tool("List", ENAlignLeft); }),
                        statesOf("Round corners", [] { return rounded(tool("List", ENAlignLeft)); }),
@@ -128,7 +127,7 @@ void addSizes(Page *page)
 {
     Section *section = page->addSection(
         "Image, text and width",
-        "A button fixes its own width: borders, image, spacing and text. Its height is yours to set.");
+        "The width follows from borders, image, spacing and text. The height is yours to set.");
     const auto sample = [](int border, int spacing) {
         CBPToolButton *button = framed(tool("List", ENAlignLeft));
         button->SetHorBorder(border, border);
@@ -144,11 +143,13 @@ void addSizes(Page *page)
     large->SetText("Larger font"); // sizes
     CBPToolButton *arrow = framed(withMenu("Arrow 10 x 6", ENAlignLeft));
     arrow->SetArrowSize(10, 6);
+    CBPToolButton *wordless = framed(tool(QString(), ENAlignLeft));
+    wordless->setToolTip("List"); // its name for screen readers, too
     CBPToolButton *below = framed(tool("A wide text", ENAlignTop));
     section->addColumns(4, {{"Borders 10, spacing 5", sample(10, 5)},
                             {"Borders 4", sample(4, 5)},
                             {"Spacing 12", sample(10, 12)},
-                            {"No text", framed(tool(QString(), ENAlignLeft))},
+                            {"No text", wordless},
                             {"No image", words},
                             {"Own font", large},
                             {"Own triangle", arrow},
@@ -163,8 +164,7 @@ public:
     {
         setFixedSize(112, 56);
         SetRoundRadius(radius, radius);
-        SetFrmColor(
-            {QColor(190, 200, 212), QColor(75, 174, 178), QColor(42, 128, 132), QColor(221, 226, 231)});
+        SetFrmColor({QColor(190, 200, 212), theme::kAccent, theme::kAccentPressed, QColor(221, 226, 231)});
         SetBgColor(
             {QColor(250, 252, 253), QColor(226, 242, 243), QColor(205, 231, 233), QColor(247, 249, 251)});
     }
@@ -182,7 +182,7 @@ public:
 void addStateWidget(Page *page)
 {
     Section *section = page->addSection(
-        "The widget below it",
+        "The widget it is based on",
         "CBPStateWidget follows mouse and focus and paints ground and frame; what is derived from it adds "
         "the content. The first one is live.");
     section->addSamples({{"Live", new Swatch(6)},
@@ -194,9 +194,8 @@ void addStateWidget(Page *page)
 
 Page *makePage()
 {
-    auto *page =
-        new Page("Tool button", "CBPToolButton: an image for each state, a text beside or below it, an id, "
-                                "and a drop-down menu if wanted.");
+    auto *page = new Page("Tool button", "CBPToolButton has an image for each state, a text beside or below "
+                                         "it, an id and, if wanted, a drop-down menu.");
     addLiveSamples(page);
     addStates(page);
     addSizes(page);

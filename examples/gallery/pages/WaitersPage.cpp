@@ -22,11 +22,11 @@ constexpr int kWait = 4000; // ms, of the live samples
 // ----------------------------------------------------------------------------------------------------------
 // live
 
-// A button of a pop-up: its colours are those of the row.
+// In colours that a white text can be read on.
 CBPWaitBtn *primary(const QString &text, const QString &waitingText)
 {
     auto *button = new CBPWaitBtn(theme::spinnerFrames(), text, waitingText);
-    button->setBgColor({QColor(0x49, 0xa7, 0xf5), QColor(0x5b, 0xaf, 0xf6), QColor(0x41, 0x95, 0xdc),
+    button->setBgColor({QColor(0x1f, 0x71, 0xbf), QColor(0x18, 0x5d, 0x9f), QColor(0x13, 0x4d, 0x85),
                         QColor(0xc9, 0xe5, 0xfc)});
     button->setTextColor({Qt::white, Qt::white, Qt::white, QColor(0x2f, 0x6f, 0xa8)});
     button->setFrmTrancent(true);
@@ -80,7 +80,7 @@ void runDialog(EventLog *log)
 void addLive(Page *page)
 {
     Section *section =
-        page->addSection("Try it", "Each waits for four seconds. Escape ends both windows; the "
+        page->addSection("Try it", "Each of them waits for four seconds. Escape ends both windows; the "
                                    "button waits to the end.");
     auto *log = new EventLog("Nothing has waited yet.");
     section->addSamples({{"CBPWaitBtn", waitingButton(log)},
@@ -109,7 +109,7 @@ QWidget *spinning(CBPWaitBtn *button, const QString &waitingText, int index)
 void addButtons(Page *page)
 {
     page->addSection("Waiting button",
-                     "The spinner comes after 880 milliseconds, so that a short wait shows none.")
+                     "The spinner comes after 880 milliseconds, on purpose: a short wait shows none.")
         ->addColumns(kColumns,
                      {{"Idle", pose::in(pose::Normal, primary("Start", "Waiting"))},
                       {"Waiting, before the spinner", pose::in(pose::Disabled, primary("Start", ""))},
@@ -140,12 +140,12 @@ QWidget *dialogPortrait(int after)
 
 void addWindows(Page *page)
 {
-    page->addSection("Windows", "The modal waiter is a spinner on a tile, and nothing else. The busy dialog "
-                                "opens its picture over the text.")
+    page->addSection("Windows", "The modal waiter is a spinner on a tile, and nothing else. The two halves "
+                                "of the busy dialog's picture close in on its text.")
         ->addColumns(kColumns, {{"CBPUISyncWaiter", waiterPortrait()},
                                 {"CBPWaiter, at first", dialogPortrait(0)},
-                                {"Opening", dialogPortrait(600)},
-                                {"Open", dialogPortrait(2200)}});
+                                {"On their way", dialogPortrait(600)},
+                                {"Closed: the dots come and go", dialogPortrait(2200)}});
 }
 
 // ----------------------------------------------------------------------------------------------------------
@@ -184,7 +184,7 @@ void addExpanders(Page *page)
     auto *waiting = new CExpandBtn(QStringList(), "Details", "Loading"); // without frames it stands still
     waiting->setFixedWidth(200);
     waiting->Show(true);
-    page->addSection("Expand button", "CExpandBtn: a waiting button that opens what lies below it.")
+    page->addSection("Expand button", "CExpandBtn is a waiting button that opens what lies below it.")
         ->addColumns(kColumns, {{"Try it", expanding()},
                                 {"Expanded", pose::in(pose::Normal, open)},
                                 {"Selected", pose::in(pose::Normal, selected)},

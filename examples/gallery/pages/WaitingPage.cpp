@@ -66,7 +66,7 @@ CBPPushBtn *opener(const QString &text, EventLog *log, const std::function<void(
 CBPWaitBtn *waitingButton(EventLog *log)
 {
     auto *button = new CBPWaitBtn(theme::spinnerFrames(), "Count in the button", "Counting");
-    button->setBgColor({QColor(0x49, 0xa7, 0xf5), QColor(0x5b, 0xaf, 0xf6), QColor(0x41, 0x95, 0xdc),
+    button->setBgColor({QColor(0x1f, 0x71, 0xbf), QColor(0x18, 0x5d, 0x9f), QColor(0x13, 0x4d, 0x85),
                         QColor(0xc9, 0xe5, 0xfc)});
     button->setTextColor({Qt::white, Qt::white, Qt::white, QColor(0x2f, 0x6f, 0xa8)});
     button->setFrmTrancent(true);
@@ -161,9 +161,10 @@ private:
 
 void addJobs(Page *page)
 {
-    Section *section = page->addSection(
-        "A job behind each waiter", "Each counts for three seconds on a thread of its own while execute() "
-                                    "waits. The dots keep moving.");
+    Section *section =
+        page->addSection("A job behind each waiter",
+                         "Each job counts for three seconds on a thread of its own while execute() "
+                         "waits. The dots keep moving.");
     auto *log = new EventLog("No job yet: press a button.");
     section->addSamples({{"The interface", new Heartbeat}});
     section->addSamples({{"Shown in a button", waitingButton(log)},
