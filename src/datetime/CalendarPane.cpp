@@ -98,11 +98,18 @@ public:
     QRect subControlRect(ComplexControl control, const QStyleOptionComplex *option, SubControl part,
                          const QWidget *widget) const override
     {
-        const QRect rect = QProxyStyle::subControlRect(control, option, part, widget);
-        // The text lies within the ring.
-        const int ring = kFocusRingWidth;
-        return control == CC_SpinBox && part == SC_SpinBoxEditField ? rect.adjusted(ring, ring, 0, -ring)
-                                                                    : rect;
+        if (control != CC_SpinBox || part == SC_SpinBoxFrame)
+            return QProxyStyle::subControlRect(control, option, part, widget);
+        // All of it lies within the ring.
+        const QRect inner =
+            option->rect.adjusted(kFocusRingWidth, kFocusRingWidth, -kFocusRingWidth, -kFocusRingWidth);
+        QRect place = inner.adjusted(0, 0, -stepsWidth(*option), 0);
+        if (part != SC_SpinBoxEditField) {
+            place.setRect(place.right() + 1, inner.top(), stepsWidth(*option), inner.height() / 2);
+            if (part == SC_SpinBoxDown)
+                place.moveBottom(inner.bottom());
+        }
+        return visualRect(option->direction, option->rect, place);
     }
 
     QSize sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &size,
@@ -110,7 +117,8 @@ public:
     {
         const auto *button = qstyleoption_cast<const QStyleOptionToolButton *>(option);
         if (type == CT_SpinBox)
-            return QProxyStyle::sizeFromContents(type, option, size, widget) + QSize(2 * kYearInset, 0);
+            return size +
+                   QSize(2 * (kYearInset + kFocusRingWidth) + stepsWidth(*option), 2 * kFocusRingWidth);
         if (type != CT_ToolButton || !button)
             return QProxyStyle::sizeFromContents(type, option, size, widget);
         if (button->text.isEmpty() && widget)
@@ -128,6 +136,8 @@ private:
         const qreal scale = qMax(1.0, option.fontMetrics.height() / usual);
         return {qRound(kTriangleWidth * scale), qRound(kTriangleHeight * scale)};
     }
+
+    static int stepsWidth(const QStyleOption &option) { return triangleSize(option).width() + kTriangleGap; }
 
     static bool hasMenu(const QStyleOptionToolButton &button)
     {

@@ -93,6 +93,7 @@ QLabel *openCalendar(QDate date, Calendar look = Calendar::Plain)
         hoverDay(view, 4, 3);
     auto *label = new QLabel;
     label->setPixmap(calendar->window()->grab());
+    label->setContentsMargins(0, 0, 1, 1); // the picture may reach over by a part of a pixel
     return label;
 }
 
