@@ -225,9 +225,8 @@ void addPicturesInStates(Page *page, const QMap<QString, States> &inStates)
     Section *section = page->addSection(
         "Pictures by state",
         "From the left: normal, hovered, pressed and disabled. Those of Common are for the dark title bar "
-        "alone; a short dash says that there is no file. Straight strokes have files of their own "
-        "for "
-        "125, 150 and 175 per cent.");
+        "alone; a short dash says that there is no file. Straight strokes have files of their own for 125, "
+        "150 and 175 per cent.");
     const QStringList order = states();
     QVector<SampleRow> rows;
     for (auto it = inStates.begin(); it != inStates.end(); ++it) {
