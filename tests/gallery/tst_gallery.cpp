@@ -232,7 +232,8 @@ QStringList strangersIn(const QWidget &window, const QVector<Line> &lines, const
         const QWidget *widget = window.childAt(at);
         const auto isLine = [&](QRgb color) { return !isFar(color, line.color, 2); };
         if (!line.thin || line.length < leastEdgeOf(widget) * scale ||
-            isPlain(window.childAt(at - QPoint(2, 2))) || std::any_of(known.cbegin(), known.cend(), isLine))
+            isPlain(window.childAt(at - QPoint(2, 2))) || isPlain(window.childAt(at + QPoint(2, 2))) ||
+            std::any_of(known.cbegin(), known.cend(), isLine))
             continue;
         const QString what =
             QStringLiteral("%1 %2").arg(widget->metaObject()->className(), QColor(line.color).name());
