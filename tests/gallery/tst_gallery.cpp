@@ -226,13 +226,17 @@ int leastEdgeOf(const QWidget *widget)
 QStringList strangersIn(const QWidget &window, const QVector<Line> &lines, const QSet<QRgb> &known,
                         qreal scale)
 {
+    QRegion plain;
+    for (const QWidget *widget : window.findChildren<QWidget *>()) {
+        if (widget->isVisible() && isPlain(widget))
+            plain += QRect(widget->mapTo(&window, QPoint()), widget->size()).adjusted(-8, -8, 8, 8);
+    }
     QMap<QString, QString> found;
     for (const Line &line : lines) {
         const QPoint at = line.middle / scale;
         const QWidget *widget = window.childAt(at);
         const auto isLine = [&](QRgb color) { return !isFar(color, line.color, 2); };
-        if (!line.thin || line.length < leastEdgeOf(widget) * scale ||
-            isPlain(window.childAt(at - QPoint(2, 2))) || isPlain(window.childAt(at + QPoint(2, 2))) ||
+        if (!line.thin || line.length < leastEdgeOf(widget) * scale || plain.contains(at) ||
             std::any_of(known.cbegin(), known.cend(), isLine))
             continue;
         const QString what =
