@@ -1,4 +1,3 @@
-#include "FontSetup.h"
 #include "foundation/Look.h"
 #include "GalleryWindow.h"
 #include "Page.h"
@@ -6,6 +5,7 @@
 #include "Pixels.h"
 #include "Rows.h"
 #include "Screenshots.h"
+#include "TestMain.h"
 #include "Theme.h"
 
 #include "CBPMenu.h"
@@ -15,7 +15,6 @@
 
 #include <QAccessible>
 #include <QApplication>
-#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QStyleFactory>
@@ -261,6 +260,8 @@ class TestGallery : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
+        QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+        CBPStyle::Install();
         QApplication::setCursorFlashTime(0);
         theme::setUpColors();
         scaleScreen(1.0);
@@ -403,15 +404,5 @@ private:
     QSet<QRgb> m_colors;
 };
 
-int main(int argc, char *argv[])
-{
-    QApplication application(argc, argv);
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    CBPStyle::Install();
-    QDir::setCurrent(QCoreApplication::applicationDirPath());
-    setUpFonts();
-    TestGallery test;
-    return QTest::qExec(&test, argc, argv);
-}
-
+LUMQT_TEST_MAIN(TestGallery)
 #include "tst_gallery.moc"
