@@ -343,8 +343,13 @@ private Q_SLOTS:
     void straightEdgesAreSharp()
     {
         QFETCH(qreal, ratio);
-        if (m_colors.isEmpty())
+        if (m_colors.isEmpty()) {
             lookAtPages(1.0);
+            // Scaled, the window may be higher than the screen, and its list have a scroll bar.
+            m_window->resize(m_window->width(), 400);
+            QCoreApplication::processEvents();
+            noteColors();
+        }
         QCOMPARE(lookAtPages(ratio), 0);
     }
 
@@ -385,19 +390,29 @@ private:
             if (info.id == QLatin1String("resources")) // pictures as they are in their files
                 continue;
             open(info.id);
-            const QImage picture = m_window->grab().toImage().convertToFormat(QImage::Format_ARGB32);
-            const QVector<Line> lines = linesOf(picture, qRound(kStraight * scale));
             if (scale == 1.0) {
-                for (const Line &line : lines)
-                    m_colors << line.color;
+                noteColors();
                 continue;
             }
-            for (const QString &stranger : strangersIn(*m_window, lines, m_colors, scale)) {
+            for (const QString &stranger : strangersIn(*m_window, linesNow(scale), m_colors, scale)) {
                 qWarning("%s: %s", qPrintable(info.id), qPrintable(stranger));
                 ++count;
             }
         }
         return count;
+    }
+
+    QVector<Line> linesNow(qreal scale)
+    {
+        const QImage picture = m_window->grab().toImage().convertToFormat(QImage::Format_ARGB32);
+        return linesOf(picture, qRound(kStraight * scale));
+    }
+
+    void noteColors()
+    {
+        const QVector<Line> lines = linesNow(1.0);
+        for (const Line &line : lines)
+            m_colors << line.color;
     }
 
     std::unique_ptr<GalleryWindow> m_window;
