@@ -272,6 +272,18 @@ private Q_SLOTS:
         const int left = inkOf(drawn(line).copy(2, 2, 96, 24)).left() + 2;
         QVERIFY2(left >= 8 && left <= 10, qPrintable(QString::number(left))); // as the letter has it
         QCOMPARE(inkOf(drawn(text).copy(2, 2, 96, 24)).left() + 2, left);
+        line.setTextMargins(0, 10, 0, 10);
+        QVERIFY(line.minimumSizeHint().height() >= QFontMetrics(font).height() + 24);
+        QPalette yellow;
+        yellow.setColor(QPalette::Base, Qt::yellow);
+        const auto isYellow = [&] { return grabbedAt(text, 50, 50) == QColor(Qt::yellow); };
+        text.setPalette(yellow);
+        QVERIFY(isYellow());
+        text.setPalette(QPalette());
+        for (const char *sheet : {"QTextEdit{background:yellow}", "QWidget{background:yellow}", ""}) {
+            qApp->setStyleSheet(sheet);
+            QCOMPARE(isYellow(), *sheet != 0);
+        }
         text.setTextMargin(8, 8, 8, 8);
         for (const char *sheet : {"", "QFrame{border:1px solid red}", "QFrame{background:yellow}"}) {
             text.setStyleSheet(sheet);
