@@ -138,6 +138,8 @@ QRect CBPStyle::subElementRect(SubElement element, const QStyleOption *option, c
             const int beside = lumqt::kFieldInset - lumqt::kLineEditMargin;
             return option->rect.adjusted(beside, lumqt::kFocusRingWidth, -beside, -lumqt::kFocusRingWidth);
         }
+        if (const int beside = lumqt::editorInset(widget)) // where the row has its text
+            return option->rect.adjusted(beside, 0, -beside, 0);
         break;
     case SE_ShapedFrameContents:
         if (isStyledPanel(option) && qobject_cast<const QAbstractScrollArea *>(widget)) {

@@ -120,6 +120,8 @@ QSize headerSize(const QStyleOptionHeader &option, const QStyle &style, const QW
 bool hasRows(const QWidget *widget);
 // The room beside a row's text, as PM_FocusFrameHMargin counts it.
 int rowMargin(const QStyleOption *option);
+// What the editor of a row has to keep beside its text for it to stay where the row has it; 0: is none.
+int editorInset(const QWidget *widget);
 
 // What drops down from a combo box.
 bool isComboPopUp(const QWidget *widget);

@@ -330,6 +330,17 @@ int rowMargin(const QStyleOption *option)
     return pictures ? kMarginBesidePictures : kFieldInset - 1;
 }
 
+int editorInset(const QWidget *widget)
+{
+    const QWidget *viewport = widget ? widget->parentWidget() : nullptr;
+    const auto *view = viewport ? qobject_cast<const QAbstractItemView *>(viewport->parentWidget()) : nullptr;
+    if (!view || view->viewport() != viewport || !hasRows(view))
+        return 0;
+    const QModelIndex row = view->currentIndex(); // which is the one that is edited
+    const bool pictures = row.data(Qt::DecorationRole).isValid() || row.data(Qt::CheckStateRole).isValid();
+    return (pictures ? kMarginBesidePictures + 1 : kFieldInset) - kLineEditMargin;
+}
+
 QPalette selectionPalette(const QStyleOption &option, const QStyle &style)
 {
     QPalette palette = option.palette;
