@@ -8,6 +8,7 @@
 #include <QAbstractScrollArea>
 #include <QAbstractSlider>
 #include <QAbstractSpinBox>
+#include <QApplication>
 #include <QComboBox>
 #include <QFocusEvent>
 #include <QGroupBox>
@@ -139,6 +140,23 @@ void StyleWatch::dressParts(QWidget *widget)
     }
 }
 
+// Qt wraps a widget's own style into the style sheet of the application only when the style is set: a sheet
+// that comes later would leave the widget out.
+void StyleWatch::followSheet(QWidget *widget)
+{
+    const auto misses = [style = m_style](const QWidget *dressed) {
+        return dressed->style() == style && dressed->testAttribute(Qt::WA_SetStyle) &&
+               !qApp->styleSheet().isEmpty();
+    };
+    if (!misses(widget))
+        return;
+    // Not while it is painted.
+    QTimer::singleShot(0, widget, [self = QPointer<StyleWatch>(this), widget, misses] {
+        if (self && misses(widget))
+            widget->setStyle(self->m_style);
+    });
+}
+
 void StyleWatch::followStyle(QWidget *widget)
 {
     if (!isDressed(widget))
@@ -236,6 +254,10 @@ bool StyleWatch::eventFilter(QObject *watched, QEvent *event)
         break;
     case QEvent::HoverLeave:
         m_known[watched].mouse = kNowhere;
+        break;
+    case QEvent::Paint:
+    case QEvent::Show:
+        followSheet(widget);
         break;
     case QEvent::EnabledChange:
         placeRing(widget);

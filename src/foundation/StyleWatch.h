@@ -46,6 +46,7 @@ protected:
 private:
     void dressParts(QWidget *widget);
     void followStyle(QWidget *widget);
+    void followSheet(QWidget *widget);
     void markFocus(QWidget *widget, QEvent *event);
     void placeRing(QWidget *widget);
 

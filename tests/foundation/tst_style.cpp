@@ -6,6 +6,7 @@
 #include "CBPTreeWidget.h"
 #include "foundation/Fade.h"
 #include "foundation/Look.h"
+#include "foundation/StyleWatch.h"
 #include "Pixels.h"
 #include "Rows.h"
 #include "TestMain.h"
@@ -44,7 +45,7 @@ void send(QWidget &widget, QEvent &&event)
 
 template <class... Widgets> bool allOurs(const Widgets *...widgets)
 {
-    return (qobject_cast<CBPStyle *>(widgets->style()) && ...);
+    return ((widgets->style()->styleHint(lumqt::kIsOurs) == lumqt::kOurs) && ...);
 }
 
 bool hasRing(QWidget &widget)
@@ -145,6 +146,7 @@ private slots:
         qApp->setStyleSheet("QPushButton { color: red }"); // Qt wraps every style
         tree.grab();
         QCOMPARE(tree.frameWidth(), 2);
+        QTRY_VERIFY(!qobject_cast<CBPStyle *>(tree.style()) && allOurs(&tree));
         qApp->setStyleSheet(QString());
         QVERIFY(allOurs(&tree, tree.header()));
         tree.setStyle(nullptr);
