@@ -57,10 +57,11 @@ QRect placeOf(const QRect &rect)
     return place;
 }
 
-void drawRingAround(const Canvas &canvas, const QRect &place, int radius = int(kFocusRingRadius))
+void drawRingAround(const QStyleOption &option, const Canvas &canvas, const QRect &place,
+                    int radius = int(kFocusRingRadius))
 {
     const QRect ring = place.adjusted(-kIndicatorRoom, -kIndicatorRoom, kIndicatorRoom, kIndicatorRoom);
-    drawRing(canvas, ring, canvas.watch.showsFocus(canvas.widget), radius);
+    drawRing(canvas, ring, showsFocus(option, canvas), radius);
 }
 
 void beginMark(QPainter &painter, const QRect &place)
@@ -97,7 +98,7 @@ void drawCheckBox(const QStyleOption &option, const Canvas &canvas, bool alone)
         canvas.painter.restore();
     }
     if (alone)
-        drawRingAround(canvas, place);
+        drawRingAround(option, canvas, place);
 }
 
 void drawRadioButton(const QStyleOption &option, const Canvas &canvas)
@@ -106,8 +107,8 @@ void drawRadioButton(const QStyleOption &option, const Canvas &canvas)
     const QRect place = placeOf(option.rect);
     const Look look = lookOf(option, on);
     Body disc;
-    disc.fill = fadedColor(canvas.widget, FadingGround, look.fill);
-    disc.frame = fadedColor(canvas.widget, FadingFrame, look.frame);
+    disc.fill = fadedColor(canvas.control, FadingGround, look.fill);
+    disc.frame = fadedColor(canvas.control, FadingFrame, look.frame);
     disc.radiusX = disc.radiusY = place.width() / 2.0;
     drawBody(canvas.painter, place, disc);
     if (on) {
@@ -117,10 +118,10 @@ void drawRadioButton(const QStyleOption &option, const Canvas &canvas)
         canvas.painter.drawEllipse(QPointF(kIndicator, kIndicator) / 2, kDotRadius, kDotRadius);
         canvas.painter.restore();
     }
-    drawRingAround(canvas, place, kIndicator / 2 + kIndicatorRoom);
+    drawRingAround(option, canvas, place, kIndicator / 2 + kIndicatorRoom);
 }
 
-void drawButton(const QStyleOption &option, const Canvas &canvas, bool flat)
+void drawButton(const QStyleOption &option, const Canvas &canvas, bool flat, bool ringed = true)
 {
     const StyleColors colors(option);
     const bool enabled = option.state & QStyle::State_Enabled;
@@ -136,7 +137,8 @@ void drawButton(const QStyleOption &option, const Canvas &canvas, bool flat)
     body.fill = ground;
     body.frame = frame;
     drawBody(canvas.painter, option.rect, body);
-    drawRing(canvas, option.rect, canvas.watch.showsFocus(canvas.widget));
+    if (ringed)
+        drawRing(canvas, option.rect, showsFocus(option, canvas));
 }
 
 // Windows' own style paints the next two without asking for their parts.
@@ -151,15 +153,21 @@ void drawPushButton(const QStyleOptionButton &option, const Canvas &canvas)
                  StyleColors(option).ink);
 }
 
+bool hasMenuPart(const QStyleOption &option)
+{
+    const auto *tool = qstyleoption_cast<const QStyleOptionToolButton *>(&option);
+    return tool && tool->subControls & QStyle::SC_ToolButtonMenu;
+}
+
 void drawToolMenu(const QStyleOptionToolButton &option, const Canvas &canvas, const QRect &rect)
 {
     const StyleColors colors(option);
-    if (option.subControls & QStyle::SC_ToolButtonMenu) {
+    if (hasMenuPart(option)) {
         QStyleOption menu(option);
         menu.rect = rect;
         if (!(option.activeSubControls & QStyle::SC_ToolButtonMenu))
             menu.state &= ~QStyle::State_Sunken;
-        drawButton(menu, canvas, option.state & QStyle::State_AutoRaise);
+        drawButton(menu, canvas, option.state & QStyle::State_AutoRaise, false);
         drawTriangle(canvas, rect, Qt::DownArrow, colors.ink);
     } else if (option.features & QStyleOptionToolButton::HasMenu) {
         const QRect corner(option.rect.right() - kTriangleWidth - 1,
@@ -200,26 +208,30 @@ bool drawButtonControl(QStyle::ControlElement element, const QStyleOption &optio
     return true;
 }
 
-void drawToolButton(const QStyleOptionToolButton &option, const Canvas &canvas)
+void drawToolButton(const QStyleOptionToolButton &option, const Canvas &plain)
 {
+    const Canvas canvas = controlOf<QAbstractButton>(plain);
     const auto place = [&](QStyle::SubControl part) {
         return canvas.style.subControlRect(QStyle::CC_ToolButton, &option, part, canvas.widget);
     };
     QStyleOptionToolButton part(option);
     part.rect = place(QStyle::SC_ToolButton);
     const bool own = option.activeSubControls & QStyle::SC_ToolButton;
-    if (option.subControls & QStyle::SC_ToolButtonMenu && !own)
+    if (hasMenuPart(option) && !own)
         part.state &= ~QStyle::State_Sunken; // the press is the menu's
     if (option.subControls & QStyle::SC_ToolButton)
         canvas.style.drawPrimitive(QStyle::PE_PanelButtonTool, &part, &canvas.painter, canvas.widget);
     drawToolMenu(option, canvas, place(QStyle::SC_ToolButtonMenu));
+    if (hasMenuPart(option)) // one ring around both
+        drawRing(canvas, option.rect, showsFocus(option, canvas));
     const int frame = canvas.style.pixelMetric(QStyle::PM_DefaultFrameWidth, &option, canvas.widget);
     part.rect.adjust(frame, frame, -frame, -frame);
     canvas.style.drawControl(QStyle::CE_ToolButtonLabel, &part, &canvas.painter, canvas.widget);
 }
 
-bool drawIndicator(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &canvas)
+bool drawIndicator(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &plain)
 {
+    const Canvas canvas = controlOf<QCheckBox, QGroupBox, QRadioButton, QPushButton, QToolButton>(plain);
     switch (element) {
     case QStyle::PE_IndicatorCheckBox:
         drawCheckBox(option, canvas, true);
@@ -238,7 +250,7 @@ bool drawIndicator(QStyle::PrimitiveElement element, const QStyleOption &option,
         return true;
     }
     case QStyle::PE_PanelButtonTool:
-        drawButton(option, canvas, option.state & QStyle::State_AutoRaise);
+        drawButton(option, canvas, option.state & QStyle::State_AutoRaise, !hasMenuPart(option));
         return true;
     case QStyle::PE_FrameDefaultButton: // shown by the button's own frame
         return true;
