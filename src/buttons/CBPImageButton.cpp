@@ -160,8 +160,7 @@ void CBPImageButton::SetSelect(bool selected)
 void CBPImageButton::SetBtnShow(bool show)
 {
     m_shown = show;
-    if (!show)
-        lumqt::setRingAround(this, false); // what it draws itself goes with the next paint
+    updateRing();
 }
 
 void CBPImageButton::SetHight(int height)

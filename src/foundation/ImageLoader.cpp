@@ -105,7 +105,7 @@ bool isDrawing(const QString &file)
     if (!file.endsWith(QLatin1String(".svg")))
         return false;
     const QByteArray content = QImageReader::imageFormat(file);
-    return content.isEmpty() || content == "svg";
+    return content.isEmpty() || content == "svg" || content == "svgz";
 }
 
 bool isReasonable(const QSize &size, const QString &file)
