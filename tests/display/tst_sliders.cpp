@@ -438,6 +438,22 @@ private Q_SLOTS:
         QCOMPARE(slider.GetValue(), 20);
     }
 
+    // Held or not is on the screen at once, where the value stays as well.
+    void repaints()
+    {
+        Both both;
+        for (QWidget *widget : both.all) {
+            const QPoint at = handleOf(*widget).center();
+            EventCounter paints(sliderOf(*widget), {QEvent::Paint});
+            for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+                QCoreApplication::processEvents();
+                paints.count = 0;
+                sendMouse(*sliderOf(*widget), type, Qt::LeftButton, at);
+                QTRY_VERIFY(paints.count > 0);
+            }
+        }
+    }
+
     // What listens to the value deletes the slider in the middle of the change.
     void deletedByItsListener_data()
     {
