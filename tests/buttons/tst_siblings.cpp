@@ -373,25 +373,23 @@ private slots:
         });
     }
 
-    // Also around what is scrolled to only then, inside where there is no outside, and whatever a style sheet
-    // says.
+    // Also around what is scrolled to, inside where there is no outside, and whatever a style sheet says.
     void ringPlace()
     {
         for (const char *sheet : {"", "* { border: 1px solid red; max-height: 40px; }"}) {
             QScrollArea area;
-            auto *page = new QWidget;
-            page->setFixedSize(90, 900);
-            area.setWidget(page);
+            area.setWidget(new QWidget);
+            area.widget()->setFixedSize(90, 900);
             area.setStyleSheet(sheet);
             showActive(area);
             for (const auto &[at, outside] : {std::pair(QPoint(20, 800), 6), {QPoint(), 3}}) {
-                CBPLinkerButton link(kText, ENLinkerTypeAlways, 1, page);
+                CBPLinkerButton link(kText, ENLinkerTypeAlways, 1, area.widget());
                 link.move(at);
                 link.show();
                 link.setFocus(Qt::TabFocusReason);
                 area.ensureWidgetVisible(&link);
-                const QRect ring = boxOf(pictureOf(*area.viewport()), kRing);
-                QCOMPARE(ring.size(), link.size() + QSize(outside, outside));
+                QCOMPARE(boxOf(pictureOf(*area.viewport()), kRing).size(),
+                         link.size() + QSize(outside, outside));
             }
             CBPLinkerButton window(kText);
             showActive(window);
