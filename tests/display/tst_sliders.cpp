@@ -386,6 +386,7 @@ private Q_SLOTS:
                 sendMouse(*sliderOf(*widget), type);
                 QTRY_VERIFY(paints.count > 0);
             }
+            sliderOf(*widget)->setValue(0);
             widget->setEnabled(false);
             click(rowOf(*widget), 297);
             click(sliderOf(*widget), 200);
