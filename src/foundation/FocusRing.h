@@ -17,8 +17,9 @@ namespace lumqt {
 // From the widget's edge to the ring's outer edge: the ring, and a pixel of air.
 constexpr int kRingMargin = 3;
 
-// Shows the ring around `widget`, or takes it away. It follows the widget, hides with it and goes with it. A
-// window has no outside and gets none. GUI thread only.
+// Shows the ring around `widget`, or takes it away. It follows the widget, hides with it and goes with it. At
+// the edge of the window or the viewport, and around a window itself, there is no outside: it lies inside
+// there. GUI thread only.
 LUMQT_TESTED void setRingAround(QWidget *widget, bool shown);
 
 // Whether `ink` leaves the room that a ring at the inner edge of `all` takes, and a pixel of air.

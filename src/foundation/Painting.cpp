@@ -7,6 +7,7 @@
 #include <QPaintEngine>
 #include <QPainter>
 #include <QPixmap>
+#include <QStyle>
 #include <QTextOption>
 
 #include <cmath>
@@ -231,6 +232,29 @@ void drawDotBadge(QPainter &painter, const QPoint &topLeft, const QColor &color)
     painter.restore();
 }
 
+namespace {
+
+// The text runs its own way wherever it stands: the ellipsis of a cut one is at its end.
+class OwnDirection
+{
+public:
+    OwnDirection(QPainter &painter, const QString &text)
+        : m_painter(painter), m_before(painter.layoutDirection())
+    {
+        painter.setLayoutDirection(text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+    }
+    ~OwnDirection() { m_painter.setLayoutDirection(m_before); }
+    Q_DISABLE_COPY(OwnDirection)
+
+    Qt::LayoutDirection before() const { return m_before; }
+
+private:
+    QPainter &m_painter;
+    Qt::LayoutDirection m_before;
+};
+
+} // namespace
+
 void CachedText::measure(const QString &text, const QFont &font, qreal ratio)
 {
     if (ratio == m_ratio && text == m_text && font == m_font)
@@ -285,6 +309,7 @@ void CachedText::drawCentred(QPainter &painter, const QRect &rect, const QString
         return;
     measure(text, font, ratioOf(painter));
     painter.setFont(font);
+    const OwnDirection direction(painter, text);
     if (m_oneLine && m_size.width() <= rect.width()) {
         drawLine(painter, rect.topLeft() + QPoint((rect.width() - m_size.width()) / 2,
                                                   (rect.height() - m_size.height()) / 2));
@@ -301,11 +326,15 @@ void CachedText::drawLeft(QPainter &painter, const QRect &rect, const QString &t
         return;
     measure(text, font, ratioOf(painter));
     painter.setFont(font);
+    const OwnDirection direction(painter, text);
     const bool higher = m_oneLine && m_size.height() > rect.height();
     if (m_oneLine && !higher)
         drawLine(painter, rect.topLeft() + QPoint(0, (rect.height() - m_size.height()) / 2));
     else // which is cut at the rectangle's edges
-        painter.drawText(rect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextExpandTabs, text);
+        painter.drawText(rect,
+                         int(QStyle::visualAlignment(direction.before(), Qt::AlignLeft)) | Qt::AlignAbsolute |
+                             Qt::AlignVCenter | Qt::TextExpandTabs,
+                         text);
 }
 
 QSize CachedText::lineSize(const QString &text, const QFont &font)

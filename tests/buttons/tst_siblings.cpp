@@ -20,6 +20,7 @@
 
 #include <QDialog>
 #include <QLineEdit>
+#include <QScrollArea>
 #include <QSignalSpy>
 #include <QVBoxLayout>
 
@@ -370,6 +371,31 @@ private slots:
                 }
             }
         });
+    }
+
+    // Also around what is scrolled to, inside where there is no outside, and whatever a style sheet says.
+    void ringPlace()
+    {
+        for (const char *sheet : {"", "* { border: 1px solid red; max-height: 40px; }"}) {
+            QScrollArea area;
+            area.setWidget(new QWidget);
+            area.widget()->setFixedSize(90, 900);
+            area.setStyleSheet(sheet);
+            showActive(area);
+            for (const auto &[at, outside] : {std::pair(QPoint(20, 800), 6), {QPoint(), 3}}) {
+                CBPLinkerButton link(kText, ENLinkerTypeAlways, 1, area.widget());
+                link.move(at);
+                link.show();
+                link.setFocus(Qt::TabFocusReason);
+                area.ensureWidgetVisible(&link);
+                QCOMPARE(boxOf(pictureOf(*area.viewport()), kRing).size(),
+                         link.size() + QSize(outside, outside));
+            }
+            CBPLinkerButton window(kText);
+            showActive(window);
+            window.setFocus(Qt::TabFocusReason);
+            QCOMPARE(boxOf(pictureOf(window), kRing), window.rect());
+        }
     }
 
     // The same seen in a mirror, as far as words go.
