@@ -222,7 +222,7 @@ int CBPStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const 
         return lumqt::kIndicator + (lumqt::hasRows(widget) ? 0 : 2 * lumqt::kIndicatorRoom);
     case PM_CheckBoxLabelSpacing:
     case PM_RadioButtonLabelSpacing:
-        return lumqt::kIndicatorRoom;
+        return lumqt::kIndicatorGap - lumqt::kIndicatorRoom;
     case PM_HeaderMarkSize:
         return lumqt::kTriangleWidth + lumqt::kIconGap;
     case PM_ScrollBarExtent:

@@ -24,6 +24,16 @@ QColor mix(const QColor &ground, const QColor &ink, qreal share)
                   part(ground.blue(), ink.blue()));
 }
 
+Body ringOf(const Canvas &canvas, bool shown)
+{
+    QColor color(kFocusRingColor);
+    color.setAlpha(shown ? 255 : 0);
+    Body ring;
+    ring.frame = fadedColor(canvas.widget, FadingRing, color);
+    ring.frameWidth = kFocusRingWidth;
+    return ring;
+}
+
 } // namespace
 
 StyleColors::StyleColors(const QStyleOption &option)
@@ -58,16 +68,19 @@ StyleColors::StyleColors(const QStyleOption &option)
         ground = option.palette.color(group, QPalette::Base);
 }
 
-void drawRing(const Canvas &canvas, const QRect &rect, bool shown, int radius)
+void drawRing(const Canvas &canvas, const QRect &rect, bool shown)
 {
-    QColor color(kFocusRingColor);
-    color.setAlpha(shown ? 255 : 0);
-    Body ring;
-    ring.frame = fadedColor(canvas.widget, FadingRing, color);
-    ring.frameWidth = kFocusRingWidth;
-    ring.radiusX = ring.radiusY = radius;
+    const Body ring = ringOf(canvas, shown);
     if (ring.frame.alpha() > 0)
         drawBody(canvas.painter, rect, ring);
+}
+
+void drawRingAround(const Canvas &canvas, const QRect &content, bool shown, qreal radius)
+{
+    Body ring = ringOf(canvas, shown);
+    ring.radiusX = ring.radiusY = radius;
+    if (ring.frame.alpha() > 0)
+        drawBody(canvas.painter, focusRingAround(canvas.painter, content), ring);
 }
 
 void drawPanel(const Canvas &canvas, const QRect &rect, const QColor &ground, const QColor &frame)

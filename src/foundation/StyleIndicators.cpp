@@ -57,12 +57,6 @@ QRect placeOf(const QRect &rect)
     return place;
 }
 
-void drawRingAround(const Canvas &canvas, const QRect &place, int radius = int(kFocusRingRadius))
-{
-    const QRect ring = place.adjusted(-kIndicatorRoom, -kIndicatorRoom, kIndicatorRoom, kIndicatorRoom);
-    drawRing(canvas, ring, canvas.watch.showsFocus(canvas.widget), radius);
-}
-
 void beginMark(QPainter &painter, const QRect &place)
 {
     painter.save();
@@ -97,7 +91,7 @@ void drawCheckBox(const QStyleOption &option, const Canvas &canvas, bool alone)
         canvas.painter.restore();
     }
     if (alone)
-        drawRingAround(canvas, place);
+        drawRingAround(canvas, place, canvas.watch.showsFocus(canvas.widget), kFocusRingRadius);
 }
 
 void drawRadioButton(const QStyleOption &option, const Canvas &canvas)
@@ -117,7 +111,7 @@ void drawRadioButton(const QStyleOption &option, const Canvas &canvas)
         canvas.painter.drawEllipse(QPointF(kIndicator, kIndicator) / 2, kDotRadius, kDotRadius);
         canvas.painter.restore();
     }
-    drawRingAround(canvas, place, kIndicator / 2 + kIndicatorRoom);
+    drawRingAround(canvas, place, canvas.watch.showsFocus(canvas.widget), kIndicator / 2.0 + kIndicatorRoom);
 }
 
 void drawButton(const QStyleOption &option, const Canvas &canvas, bool flat)

@@ -25,10 +25,11 @@ namespace lumqt {
 class StyleWatch;
 
 // Sizes in logical pixels.
-constexpr int kIndicator = 16;    // of check boxes and radio buttons
-constexpr int kIconGap = 6;       // between a picture or a mark and a text
-constexpr int kIndicatorRoom = 3; // around it, for the focus ring and a pixel of air
-constexpr int kViewFrame = 2;     // of views and texts that scroll: room for the focus ring
+constexpr int kIndicator = 16;                  // of check boxes and radio buttons
+constexpr int kIconGap = 6;                     // between a picture or a mark and a text
+constexpr int kIndicatorRoom = kFocusRingReach; // around it
+constexpr int kIndicatorGap = 8;                // from it to its text
+constexpr int kViewFrame = 2;                   // of views and texts that scroll: room for the focus ring
 constexpr int kScrollBarWidth = 12;
 constexpr int kDropWidth = 24; // of what opens a list
 constexpr int kStepWidth = 20; // of the buttons of a spin box
@@ -65,8 +66,10 @@ struct StyleColors
     bool dark = false;
 };
 
-// The ring of the focus at the edge of `rect`, fading; on a ground that it would not be seen on it is white.
-void drawRing(const Canvas &canvas, const QRect &rect, bool shown, int radius = int(kFocusRingRadius));
+// The ring of the focus in the place of a square frame around `rect`, fading.
+void drawRing(const Canvas &canvas, const QRect &rect, bool shown);
+// The same around `content`, for which kIndicatorRoom is kept free, with round corners.
+void drawRingAround(const Canvas &canvas, const QRect &content, bool shown, qreal radius);
 // A flat ground with a frame of one pixel, both fading.
 void drawPanel(const Canvas &canvas, const QRect &rect, const QColor &ground, const QColor &frame);
 // Pointing down or, otherwise, up, left or right, its box in the middle of `rect`.
