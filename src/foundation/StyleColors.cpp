@@ -3,6 +3,7 @@
 #include "foundation/Fade.h"
 #include "foundation/Painting.h"
 #include "foundation/StyleParts.h"
+#include "foundation/StyleWatch.h"
 
 #include <QPaintDevice>
 #include <QPainter>
@@ -29,7 +30,7 @@ Body ringOf(const Canvas &canvas, bool shown)
     QColor color(kFocusRingColor);
     color.setAlpha(shown ? 255 : 0);
     Body ring;
-    ring.frame = fadedColor(canvas.widget, FadingRing, color);
+    ring.frame = fadedColor(canvas.control, FadingRing, color);
     ring.frameWidth = kFocusRingWidth;
     return ring;
 }
@@ -58,14 +59,27 @@ StyleColors::StyleColors(const QStyleOption &option)
         pressed = mix(base, text, kPressedShare);
         rule = mix(base, text, kRuleShare);
         ink = text;
+        if (!enabled)
+            frame = accent = rule;
     } else if (!enabled) {
         ground = QColor(kFieldGroundDisabled);
         frame = QColor(kFieldFrameDisabled);
         ink = QColor(kFieldTextDisabled);
         accent = QColor(kFieldFrameDisabled);
     }
-    if (dark || option.palette.isBrushSet(group, QPalette::Base))
+    // Whoever has changed it means it: for one widget or for all.
+    if (dark || option.palette.isBrushSet(group, QPalette::Base) || base != QColor(kFieldGround))
         ground = option.palette.color(group, QPalette::Base);
+}
+
+bool hasFocus(const QStyleOption &option, const Canvas &canvas)
+{
+    return option.state & QStyle::State_HasFocus || (canvas.control && canvas.watch.hasFocus(canvas.control));
+}
+
+bool showsFocus(const QStyleOption &option, const Canvas &canvas)
+{
+    return canvas.control ? canvas.watch.showsFocus(canvas.control) : option.state & QStyle::State_HasFocus;
 }
 
 void drawRing(const Canvas &canvas, const QRect &rect, bool shown)
@@ -87,8 +101,8 @@ void drawPanel(const Canvas &canvas, const QRect &rect, const QColor &ground, co
 {
     Body panel;
     if (ground.isValid())
-        panel.fill = fadedColor(canvas.widget, FadingGround, ground);
-    panel.frame = fadedColor(canvas.widget, FadingFrame, frame);
+        panel.fill = fadedColor(canvas.control, FadingGround, ground);
+    panel.frame = fadedColor(canvas.control, FadingFrame, frame);
     drawBody(canvas.painter, rect, panel);
 }
 

@@ -91,7 +91,7 @@ void drawCheckBox(const QStyleOption &option, const Canvas &canvas, bool alone)
         canvas.painter.restore();
     }
     if (alone)
-        drawRingAround(canvas, place, canvas.watch.showsFocus(canvas.widget), kFocusRingRadius);
+        drawRingAround(canvas, place, showsFocus(option, canvas), kFocusRingRadius);
 }
 
 void drawRadioButton(const QStyleOption &option, const Canvas &canvas)
@@ -100,8 +100,8 @@ void drawRadioButton(const QStyleOption &option, const Canvas &canvas)
     const QRect place = placeOf(option.rect);
     const Look look = lookOf(option, on);
     Body disc;
-    disc.fill = fadedColor(canvas.widget, FadingGround, look.fill);
-    disc.frame = fadedColor(canvas.widget, FadingFrame, look.frame);
+    disc.fill = fadedColor(canvas.control, FadingGround, look.fill);
+    disc.frame = fadedColor(canvas.control, FadingFrame, look.frame);
     disc.radiusX = disc.radiusY = place.width() / 2.0;
     drawBody(canvas.painter, place, disc);
     if (on) {
@@ -111,10 +111,10 @@ void drawRadioButton(const QStyleOption &option, const Canvas &canvas)
         canvas.painter.drawEllipse(QPointF(kIndicator, kIndicator) / 2, kDotRadius, kDotRadius);
         canvas.painter.restore();
     }
-    drawRingAround(canvas, place, canvas.watch.showsFocus(canvas.widget), kIndicator / 2.0 + kIndicatorRoom);
+    drawRingAround(canvas, place, showsFocus(option, canvas), kIndicator / 2.0 + kIndicatorRoom);
 }
 
-void drawButton(const QStyleOption &option, const Canvas &canvas, bool flat)
+void drawButton(const QStyleOption &option, const Canvas &canvas, bool flat, bool ringed = true)
 {
     const StyleColors colors(option);
     const bool enabled = option.state & QStyle::State_Enabled;
@@ -130,7 +130,8 @@ void drawButton(const QStyleOption &option, const Canvas &canvas, bool flat)
     body.fill = ground;
     body.frame = frame;
     drawBody(canvas.painter, option.rect, body);
-    drawRing(canvas, option.rect, canvas.watch.showsFocus(canvas.widget));
+    if (ringed)
+        drawRing(canvas, option.rect, showsFocus(option, canvas));
 }
 
 // Windows' own style paints the next two without asking for their parts.
@@ -145,15 +146,21 @@ void drawPushButton(const QStyleOptionButton &option, const Canvas &canvas)
                  StyleColors(option).ink);
 }
 
+bool hasMenuPart(const QStyleOption &option)
+{
+    const auto *tool = qstyleoption_cast<const QStyleOptionToolButton *>(&option);
+    return tool && tool->subControls & QStyle::SC_ToolButtonMenu;
+}
+
 void drawToolMenu(const QStyleOptionToolButton &option, const Canvas &canvas, const QRect &rect)
 {
     const StyleColors colors(option);
-    if (option.subControls & QStyle::SC_ToolButtonMenu) {
+    if (hasMenuPart(option)) {
         QStyleOption menu(option);
         menu.rect = rect;
         if (!(option.activeSubControls & QStyle::SC_ToolButtonMenu))
             menu.state &= ~QStyle::State_Sunken;
-        drawButton(menu, canvas, option.state & QStyle::State_AutoRaise);
+        drawButton(menu, canvas, option.state & QStyle::State_AutoRaise, false);
         drawTriangle(canvas, rect, Qt::DownArrow, colors.ink);
     } else if (option.features & QStyleOptionToolButton::HasMenu) {
         const QRect corner(option.rect.right() - kTriangleWidth - 1,
@@ -194,26 +201,30 @@ bool drawButtonControl(QStyle::ControlElement element, const QStyleOption &optio
     return true;
 }
 
-void drawToolButton(const QStyleOptionToolButton &option, const Canvas &canvas)
+void drawToolButton(const QStyleOptionToolButton &option, const Canvas &plain)
 {
+    const Canvas canvas = controlOf<QAbstractButton>(plain);
     const auto place = [&](QStyle::SubControl part) {
         return canvas.style.subControlRect(QStyle::CC_ToolButton, &option, part, canvas.widget);
     };
     QStyleOptionToolButton part(option);
     part.rect = place(QStyle::SC_ToolButton);
     const bool own = option.activeSubControls & QStyle::SC_ToolButton;
-    if (option.subControls & QStyle::SC_ToolButtonMenu && !own)
+    if (hasMenuPart(option) && !own)
         part.state &= ~QStyle::State_Sunken; // the press is the menu's
     if (option.subControls & QStyle::SC_ToolButton)
         canvas.style.drawPrimitive(QStyle::PE_PanelButtonTool, &part, &canvas.painter, canvas.widget);
     drawToolMenu(option, canvas, place(QStyle::SC_ToolButtonMenu));
+    if (hasMenuPart(option)) // one ring around both
+        drawRing(canvas, option.rect, showsFocus(option, canvas));
     const int frame = canvas.style.pixelMetric(QStyle::PM_DefaultFrameWidth, &option, canvas.widget);
     part.rect.adjust(frame, frame, -frame, -frame);
     canvas.style.drawControl(QStyle::CE_ToolButtonLabel, &part, &canvas.painter, canvas.widget);
 }
 
-bool drawIndicator(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &canvas)
+bool drawIndicator(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &plain)
 {
+    const Canvas canvas = controlOf<QCheckBox, QGroupBox, QRadioButton, QPushButton, QToolButton>(plain);
     switch (element) {
     case QStyle::PE_IndicatorCheckBox:
         drawCheckBox(option, canvas, true);
@@ -232,7 +243,7 @@ bool drawIndicator(QStyle::PrimitiveElement element, const QStyleOption &option,
         return true;
     }
     case QStyle::PE_PanelButtonTool:
-        drawButton(option, canvas, option.state & QStyle::State_AutoRaise);
+        drawButton(option, canvas, option.state & QStyle::State_AutoRaise, !hasMenuPart(option));
         return true;
     case QStyle::PE_FrameDefaultButton: // shown by the button's own frame
         return true;

@@ -6,6 +6,7 @@
 #include <QColor>
 #include <QStyle>
 
+class QAbstractScrollArea;
 class QPainter;
 class QPalette;
 class QStyleOption;
@@ -29,7 +30,8 @@ constexpr int kIndicator = 16;                  // of check boxes and radio butt
 constexpr int kIconGap = 6;                     // between a picture or a mark and a text
 constexpr int kIndicatorRoom = kFocusRingReach; // around it
 constexpr int kIndicatorGap = 8;                // from it to its text
-constexpr int kViewFrame = 2;                   // of views and texts that scroll: room for the focus ring
+constexpr int kIndicatorRow = 24; // of a view: the ring of the row, one pixel further in, and one of air
+constexpr int kViewFrame = 2;     // of views and texts that scroll: room for the focus ring
 constexpr int kScrollBarWidth = 12;
 constexpr int kDropWidth = 24; // of what opens a list
 constexpr int kStepWidth = 20; // of the buttons of a spin box
@@ -47,7 +49,17 @@ struct Canvas
     const QWidget *widget; // may be null
     const QStyle &style;   // as the widget has it, with what is around this one
     const StyleWatch &watch;
+    // The widget where it is itself what is painted: colours fade, and its focus counts. Null for what menus
+    // and delegates paint on theirs, which may be many.
+    const QWidget *control = nullptr;
 };
+
+// The same with the widget as the control, if it is one of these.
+template <class... Kinds> Canvas controlOf(const Canvas &canvas)
+{
+    const bool own = (qobject_cast<const Kinds *>(canvas.widget) || ...);
+    return {canvas.painter, canvas.widget, canvas.style, canvas.watch, own ? canvas.widget : nullptr};
+}
 
 // The colours for an option: the library's, unless a palette says otherwise.
 struct StyleColors
@@ -65,6 +77,15 @@ struct StyleColors
     QColor onAccent;
     bool dark = false;
 };
+
+// Whether what is painted has the focus, and is to show that it has.
+bool hasFocus(const QStyleOption &option, const Canvas &canvas);
+bool showsFocus(const QStyleOption &option, const Canvas &canvas);
+
+// Whether the frame of a view is not to have the ring: the current row has it.
+bool ringLiesInRow(const QWidget *widget);
+// The palette of what scrolls, with all that is set for the area around it.
+QPalette contentPalette(const QAbstractScrollArea &area);
 
 // The ring of the focus in the place of a square frame around `rect`, fading.
 void drawRing(const Canvas &canvas, const QRect &rect, bool shown);
@@ -102,6 +123,8 @@ QSize headerSize(const QStyleOptionHeader &option, const QStyle &style, const QW
 bool hasRows(const QWidget *widget);
 // The room beside a row's text, as PM_FocusFrameHMargin counts it.
 int rowMargin(const QStyleOption *option);
+// What the editor of a row has to keep beside its text for it to stay where the row has it; 0: is none.
+int editorInset(const QWidget *widget);
 
 // What drops down from a combo box.
 bool isComboPopUp(const QWidget *widget);

@@ -7,6 +7,7 @@
 
 #include <QAbstractItemView>
 #include <QCalendarWidget>
+#include <QHeaderView>
 #include <QIcon>
 #include <QPainter>
 #include <QStyledItemDelegate>
@@ -14,6 +15,7 @@
 #include <QTableView>
 
 #include <cmath>
+#include <typeinfo>
 
 namespace lumqt {
 
@@ -83,7 +85,8 @@ void drawSection(const QStyleOptionHeader &option, const Canvas &canvas)
     if (!down && !hovered && option.palette.isBrushSet(QPalette::Active, QPalette::Button))
         ground = option.palette.color(QPalette::Button);
     const QRectF rect = wholeDevicePixels(canvas.painter, option.rect);
-    canvas.painter.fillRect(rect, fadedColor(canvas.widget, FadingSections + option.section, ground));
+    canvas.painter.fillRect(
+        rect, fadedColor(controlOf<QHeaderView>(canvas).control, FadingSections + option.section, ground));
     drawRule(canvas.painter, option.rect, Qt::BottomEdge, colors.rule);
     const bool reversed = option.direction == Qt::RightToLeft;
     const int end = canvas.widget ? canvas.widget->width() - 1 : -1;
@@ -305,10 +308,11 @@ void furnishList(QWidget *list)
     if (!view || !isComboPopUp(view->parentWidget()) || !view->itemDelegate() ||
         dynamic_cast<ListDelegate *>(view->itemDelegate()))
         return;
-    const QMetaObject *kind = view->itemDelegate()->metaObject(); // of Qt's own list, or of another view
+    const QAbstractItemDelegate &delegate = *view->itemDelegate(); // of Qt's own list, or of another view
     // The view's, not the combo box's, which would delete the other one: Qt may be going through the
     // children to give them a style.
-    if (kind == &QStyledItemDelegate::staticMetaObject || !qstrcmp(kind->className(), "QComboBoxDelegate"))
+    if (typeid(delegate) == typeid(QStyledItemDelegate) || // the application's may have no meta-object
+        !qstrcmp(delegate.metaObject()->className(), "QComboBoxDelegate"))
         view->setItemDelegate(new ListDelegate(view));
 }
 
@@ -324,6 +328,17 @@ int rowMargin(const QStyleOption *option)
     const bool pictures = item && item->features & (QStyleOptionViewItem::HasDecoration |
                                                     QStyleOptionViewItem::HasCheckIndicator);
     return pictures ? kMarginBesidePictures : kFieldInset - 1;
+}
+
+int editorInset(const QWidget *widget)
+{
+    const QWidget *viewport = widget ? widget->parentWidget() : nullptr;
+    const auto *view = viewport ? qobject_cast<const QAbstractItemView *>(viewport->parentWidget()) : nullptr;
+    if (!view || view->viewport() != viewport || !hasRows(view))
+        return 0;
+    const QModelIndex row = view->currentIndex(); // which is the one that is edited
+    const bool pictures = row.data(Qt::DecorationRole).isValid() || row.data(Qt::CheckStateRole).isValid();
+    return (pictures ? kMarginBesidePictures + 1 : kFieldInset) - kLineEditMargin;
 }
 
 QPalette selectionPalette(const QStyleOption &option, const QStyle &style)

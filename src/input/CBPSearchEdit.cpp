@@ -1,7 +1,9 @@
 #include "CBPSearchEdit.h"
 
+#include "CBPStyle.h"
 #include "foundation/Painting.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QCompleter>
 #include <QHBoxLayout>
@@ -88,6 +90,16 @@ bool isDense(const QString &sheet, const QSize &pixels)
             return false;
     }
     return true;
+}
+
+// The list that drops down looks as those of combo boxes do, unless the application has set another style.
+void dressList(const QCompleter *completer)
+{
+    QAbstractItemView *list = completer && completer->completionMode() != QCompleter::InlineCompletion
+                                  ? completer->popup()
+                                  : nullptr;
+    if (list && !list->testAttribute(Qt::WA_SetStyle))
+        CBPStyle::Apply(list);
 }
 
 // A button inside the edit. It is a QToolButton to the style sheet.
@@ -216,6 +228,8 @@ CBPSearchEdit::CBPSearchEdit(QWidget *parent) : CBPLineEdit(QString(), parent !=
     connect(&m_timer, &QTimer::timeout, this, &CBPSearchEdit::OnTimeout);
     connect(this, &QLineEdit::returnPressed, this, &CBPSearchEdit::OnSearch);
     connect(this, &QLineEdit::textChanged, this, &CBPSearchEdit::OnTextChanged);
+    // Typing has the completer make its list, which nothing tells of.
+    connect(this, &QLineEdit::textEdited, this, [this] { dressList(completer()); });
 }
 
 CBPSearchEdit::~CBPSearchEdit()
@@ -266,6 +280,7 @@ void CBPSearchEdit::OnSearch()
             // The edit leaves it at what was typed last.
             completer()->setCompletionPrefix(QString());
             completer()->complete();
+            dressList(completer());
         }
         return;
     }

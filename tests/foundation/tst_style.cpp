@@ -1,6 +1,8 @@
 #include "CBPCheckBox.h"
 #include "CBPComboBox.h"
+#include "CBPScrollWnd.h"
 #include "CBPStyle.h"
+#include "CBPTableWidget.h"
 #include "CBPTreeWidget.h"
 #include "foundation/Fade.h"
 #include "foundation/Look.h"
@@ -9,13 +11,17 @@
 #include "TestMain.h"
 
 #include <QAbstractItemView>
+#include <QFocusFrame>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QSlider>
 #include <QSpinBox>
+#include <QStyledItemDelegate>
 #include <QStyleFactory>
 #include <QTextEdit>
 #include <QToolButton>
@@ -129,6 +135,13 @@ private slots:
         combo.view()->ensurePolished();
         combo.show();
         QCOMPARE(combo.view()->sizeHintForRow(0), lumqt::kFieldHeight);
+        struct Delegate : QStyledItemDelegate // without a meta-object of its own
+        {
+        } delegate;
+        CBPComboBox chosen;
+        chosen.setItemDelegate(&delegate);
+        chosen.show();
+        QCOMPARE(chosen.itemDelegate(), &delegate);
         qApp->setStyleSheet("QPushButton { color: red }"); // Qt wraps every style
         tree.grab();
         QCOMPARE(tree.frameWidth(), 2);
@@ -162,6 +175,42 @@ private slots:
         hover(false);
         box.reset();
         QCOMPARE(lumqt::runningFades(), 0);
+    }
+
+    // Of many that one widget paints, none is another's past.
+    void sharedPainting()
+    {
+        auto &lessMotion = lumqt::platform::answers().lessMotion;
+        const auto restore = qScopeGuard([&, before = lessMotion] { lessMotion = before; });
+        lessMotion = [] { return false; };
+        CBPStyle style;
+        QMenu menu;
+        menu.setStyle(&style);
+        for (const char *text : {"On", "Off"})
+            menu.addAction(text)->setCheckable(true);
+        menu.actions().first()->setChecked(true);
+        menu.popup(QPoint());
+        for (int time = 0; time < 3; ++time) {
+            const QImage image = menu.grab().toImage();
+            QVERIFY(!boxOf(image, QColor(lumqt::kAccent)).isEmpty());
+            QCOMPARE(lumqt::runningFades(), 0);
+        }
+    }
+
+    // A row to a widget: what has no frame for the ring has it on its outside.
+    void ringsOutside()
+    {
+        for (QWidget *widget : {make<CBPScrollWnd>(), make<CBPTableWidget>(), make<QSlider>()}) {
+            QWidget window;
+            widget->setParent(&window);
+            CBPStyle::Apply(widget);
+            window.show();
+            send(*widget, QFocusEvent(QEvent::FocusIn, Qt::TabFocusReason));
+            const auto *ring = window.findChild<QFocusFrame *>();
+            QVERIFY2(ring && ring->widget() == widget, widget->metaObject()->className());
+            send(*widget, QFocusEvent(QEvent::FocusOut, Qt::TabFocusReason));
+            QVERIFY(!window.findChild<QFocusFrame *>());
+        }
     }
 
     void installs()
