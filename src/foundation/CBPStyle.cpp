@@ -105,6 +105,12 @@ void CBPStyle::drawControl(ControlElement element, const QStyleOption *option, Q
         QProxyStyle::drawControl(element, &row, painter, widget);
         return;
     }
+    const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option);
+    if (element == CE_PushButtonLabel && button) {
+        const QStyleOptionButton label = lumqt::pushButtonLabel(*button, *this);
+        QProxyStyle::drawControl(element, &label, painter, widget);
+        return;
+    }
     QProxyStyle::drawControl(element, option, painter, widget);
 }
 

@@ -10,6 +10,7 @@ class QAbstractScrollArea;
 class QPainter;
 class QPalette;
 class QStyleOption;
+class QStyleOptionButton;
 class QStyleOptionComboBox;
 class QStyleOptionHeader;
 class QStyleOptionSlider;
@@ -32,7 +33,7 @@ constexpr int kIndicatorRoom = kFocusRingReach; // around it
 constexpr int kIndicatorGap = 8;                // from it to its text
 constexpr int kIndicatorRow = 24; // of a view: the ring of the row, one pixel further in, and one of air
 constexpr int kViewFrame = 2;     // of views and texts that scroll: room for the focus ring
-constexpr int kScrollBarWidth = 12;
+constexpr int kScrollBarWidth = 10;
 constexpr int kDropWidth = 24; // of what opens a list
 constexpr int kStepWidth = 20; // of the buttons of a spin box
 constexpr int kTriangleWidth = 8;
@@ -109,6 +110,8 @@ bool drawViewControl(QStyle::ControlElement element, const QStyleOption &option,
 bool drawBarControl(QStyle::ControlElement element, const QStyleOption &option, const Canvas &canvas);
 bool drawBarPrimitive(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &canvas);
 bool drawButtonControl(QStyle::ControlElement element, const QStyleOption &option, const Canvas &canvas);
+// The option for the text of a push button in the colours that every application has, for the style below.
+QStyleOptionButton pushButtonLabel(const QStyleOptionButton &option, const QStyle &style);
 void drawToolButton(const QStyleOptionToolButton &option, const Canvas &canvas);
 void drawComboBox(const QStyleOptionComboBox &option, const Canvas &canvas);
 void drawSpinBox(const QStyleOptionSpinBox &option, const Canvas &canvas);
