@@ -62,6 +62,7 @@ CAddBtn::~CAddBtn() = default;
 void CAddBtn::init()
 {
     lumqt::installAccessible("CAddBtn", makeAccessible);
+    setFocusFrameColor(lumqt::kFocusRingColor);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 

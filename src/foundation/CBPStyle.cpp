@@ -105,6 +105,12 @@ void CBPStyle::drawControl(ControlElement element, const QStyleOption *option, Q
         QProxyStyle::drawControl(element, &row, painter, widget);
         return;
     }
+    const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option);
+    if (element == CE_PushButtonLabel && button) {
+        const QStyleOptionButton label = lumqt::pushButtonLabel(*button, *this);
+        QProxyStyle::drawControl(element, &label, painter, widget);
+        return;
+    }
     QProxyStyle::drawControl(element, option, painter, widget);
 }
 
@@ -234,7 +240,7 @@ int CBPStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const 
         return lumqt::kIndicator + (lumqt::hasRows(widget) ? 0 : 2 * lumqt::kIndicatorRoom);
     case PM_CheckBoxLabelSpacing:
     case PM_RadioButtonLabelSpacing:
-        return lumqt::kIndicatorRoom;
+        return lumqt::kIndicatorGap - lumqt::kIndicatorRoom;
     case PM_HeaderMarkSize:
         return lumqt::kTriangleWidth + lumqt::kIconGap;
     case PM_ScrollBarExtent:

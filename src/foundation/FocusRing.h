@@ -14,8 +14,8 @@ class QWidget;
 // button, a field, an indicator) draws the same ring at its edge, with drawFocusRing().
 namespace lumqt {
 
-// From the widget's edge to the ring's outer edge: the ring, and a pixel of air.
-constexpr int kRingMargin = 3;
+// From the widget's edge to the ring's outer edge: the ring, and two pixels of air beside letters.
+constexpr int kRingMargin = 4;
 
 // Shows the ring around `widget`, or takes it away. It follows the widget, hides with it and goes with it. At
 // the edge of the window or the viewport, and around a window itself, there is no outside: it lies inside

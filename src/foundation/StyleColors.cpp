@@ -25,6 +25,16 @@ QColor mix(const QColor &ground, const QColor &ink, qreal share)
                   part(ground.blue(), ink.blue()));
 }
 
+Body ringOf(const Canvas &canvas, bool shown)
+{
+    QColor color(kFocusRingColor);
+    color.setAlpha(shown ? 255 : 0);
+    Body ring;
+    ring.frame = fadedColor(canvas.control, FadingRing, color);
+    ring.frameWidth = kFocusRingWidth;
+    return ring;
+}
+
 } // namespace
 
 StyleColors::StyleColors(const QStyleOption &option)
@@ -72,16 +82,19 @@ bool showsFocus(const QStyleOption &option, const Canvas &canvas)
     return canvas.control ? canvas.watch.showsFocus(canvas.control) : option.state & QStyle::State_HasFocus;
 }
 
-void drawRing(const Canvas &canvas, const QRect &rect, bool shown, int radius)
+void drawRing(const Canvas &canvas, const QRect &rect, bool shown)
 {
-    QColor color(kFocusRingColor);
-    color.setAlpha(shown ? 255 : 0);
-    Body ring;
-    ring.frame = fadedColor(canvas.control, FadingRing, color);
-    ring.frameWidth = kFocusRingWidth;
-    ring.radiusX = ring.radiusY = radius;
+    const Body ring = ringOf(canvas, shown);
     if (ring.frame.alpha() > 0)
         drawBody(canvas.painter, rect, ring);
+}
+
+void drawRingAround(const Canvas &canvas, const QRect &content, bool shown, qreal radius)
+{
+    Body ring = ringOf(canvas, shown);
+    ring.radiusX = ring.radiusY = radius;
+    if (ring.frame.alpha() > 0)
+        drawBody(canvas.painter, focusRingAround(canvas.painter, content), ring);
 }
 
 void drawPanel(const Canvas &canvas, const QRect &rect, const QColor &ground, const QColor &frame)

@@ -23,6 +23,11 @@ constexpr QPointF kMark[] = {{3.5, 8}, {6.5, 11}, {12.5, 5}}; // within an indic
 constexpr QRect kPartlyMark(4, 7, 8, 2);
 constexpr qreal kDotRadius = 3;
 const QColor kNone(0, 0, 0, 0);
+// Of push buttons, as the library's own have them.
+const QColor kPushFrame(0x3c, 0x43, 0x4b);
+const QColor kPushFrameHovered(0xbc, 0xe0, 0xe2);
+const QColor kPushFramePressed(0x87, 0xc8, 0xcc);
+const QColor kPushText(0x66, 0x66, 0x66);
 
 // What an indicator is filled and framed with.
 struct Look
@@ -55,13 +60,6 @@ QRect placeOf(const QRect &rect)
     QRect place(0, 0, side, side);
     place.moveCenter(rect.center());
     return place;
-}
-
-void drawRingAround(const QStyleOption &option, const Canvas &canvas, const QRect &place,
-                    int radius = int(kFocusRingRadius))
-{
-    const QRect ring = place.adjusted(-kIndicatorRoom, -kIndicatorRoom, kIndicatorRoom, kIndicatorRoom);
-    drawRing(canvas, ring, showsFocus(option, canvas), radius);
 }
 
 void beginMark(QPainter &painter, const QRect &place)
@@ -98,7 +96,7 @@ void drawCheckBox(const QStyleOption &option, const Canvas &canvas, bool alone)
         canvas.painter.restore();
     }
     if (alone)
-        drawRingAround(option, canvas, place);
+        drawRingAround(canvas, place, showsFocus(option, canvas), kFocusRingRadius);
 }
 
 void drawRadioButton(const QStyleOption &option, const Canvas &canvas)
@@ -118,7 +116,7 @@ void drawRadioButton(const QStyleOption &option, const Canvas &canvas)
         canvas.painter.drawEllipse(QPointF(kIndicator, kIndicator) / 2, kDotRadius, kDotRadius);
         canvas.painter.restore();
     }
-    drawRingAround(option, canvas, place, kIndicator / 2 + kIndicatorRoom);
+    drawRingAround(canvas, place, showsFocus(option, canvas), kIndicator / 2.0 + kIndicatorRoom);
 }
 
 void drawButton(const QStyleOption &option, const Canvas &canvas, bool flat, bool ringed = true)
@@ -132,7 +130,12 @@ void drawButton(const QStyleOption &option, const Canvas &canvas, bool flat, boo
         ground = option.palette.color(QPalette::Button);
     const auto *button = qstyleoption_cast<const QStyleOptionButton *>(&option);
     const bool isDefault = button && button->features & QStyleOptionButton::DefaultButton;
-    const QColor frame = flat ? kNone : hovered ? colors.ink : isDefault ? colors.accent : colors.frame;
+    QColor frame = flat ? kNone : hovered ? colors.ink : isDefault ? colors.accent : colors.frame;
+    if (button && enabled && !flat && !colors.dark)
+        frame = down        ? kPushFramePressed
+                : hovered   ? kPushFrameHovered
+                : isDefault ? colors.accent
+                            : kPushFrame;
     Body body;
     body.fill = ground;
     body.frame = frame;
@@ -206,6 +209,20 @@ bool drawButtonControl(QStyle::ControlElement element, const QStyleOption &optio
         return false;
     drawPushButton(*button, canvas);
     return true;
+}
+
+QStyleOptionButton pushButtonLabel(const QStyleOptionButton &option, const QStyle &style)
+{
+    QStyleOptionButton label(option);
+    const bool enabled = option.state & QStyle::State_Enabled;
+    const QPalette::ColorGroup group = enabled ? QPalette::Active : QPalette::Disabled;
+    const QPalette standard = style.standardPalette();
+    if (option.palette.color(group, QPalette::ButtonText) == standard.color(group, QPalette::ButtonText) &&
+        !StyleColors(option).dark) {
+        const QColor ink(enabled ? kPushText : QColor(kFieldFrameDisabled));
+        label.palette.setColor(QPalette::ButtonText, ink);
+    }
+    return label;
 }
 
 void drawToolButton(const QStyleOptionToolButton &option, const Canvas &plain)

@@ -10,6 +10,7 @@ class QAbstractScrollArea;
 class QPainter;
 class QPalette;
 class QStyleOption;
+class QStyleOptionButton;
 class QStyleOptionComboBox;
 class QStyleOptionHeader;
 class QStyleOptionSlider;
@@ -26,12 +27,13 @@ namespace lumqt {
 class StyleWatch;
 
 // Sizes in logical pixels.
-constexpr int kIndicator = 16;    // of check boxes and radio buttons
-constexpr int kIconGap = 6;       // between a picture or a mark and a text
-constexpr int kIndicatorRoom = 3; // around it, for the focus ring and a pixel of air
+constexpr int kIndicator = 16;                  // of check boxes and radio buttons
+constexpr int kIconGap = 6;                     // between a picture or a mark and a text
+constexpr int kIndicatorRoom = kFocusRingReach; // around it
+constexpr int kIndicatorGap = 8;                // from it to its text
 constexpr int kIndicatorRow = 24; // of a view: the ring of the row, one pixel further in, and one of air
 constexpr int kViewFrame = 2;     // of views and texts that scroll: room for the focus ring
-constexpr int kScrollBarWidth = 12;
+constexpr int kScrollBarWidth = 10;
 constexpr int kDropWidth = 24; // of what opens a list
 constexpr int kStepWidth = 20; // of the buttons of a spin box
 constexpr int kTriangleWidth = 8;
@@ -86,8 +88,10 @@ bool ringLiesInRow(const QWidget *widget);
 // The palette of what scrolls, with all that is set for the area around it.
 QPalette contentPalette(const QAbstractScrollArea &area);
 
-// The ring of the focus at the edge of `rect`, fading; on a ground that it would not be seen on it is white.
-void drawRing(const Canvas &canvas, const QRect &rect, bool shown, int radius = int(kFocusRingRadius));
+// The ring of the focus in the place of a square frame around `rect`, fading.
+void drawRing(const Canvas &canvas, const QRect &rect, bool shown);
+// The same around `content`, for which kIndicatorRoom is kept free, with round corners.
+void drawRingAround(const Canvas &canvas, const QRect &content, bool shown, qreal radius);
 // A flat ground with a frame of one pixel, both fading.
 void drawPanel(const Canvas &canvas, const QRect &rect, const QColor &ground, const QColor &frame);
 // Pointing down or, otherwise, up, left or right, its box in the middle of `rect`.
@@ -106,6 +110,8 @@ bool drawViewControl(QStyle::ControlElement element, const QStyleOption &option,
 bool drawBarControl(QStyle::ControlElement element, const QStyleOption &option, const Canvas &canvas);
 bool drawBarPrimitive(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &canvas);
 bool drawButtonControl(QStyle::ControlElement element, const QStyleOption &option, const Canvas &canvas);
+// The option for the text of a push button in the colours that every application has, for the style below.
+QStyleOptionButton pushButtonLabel(const QStyleOptionButton &option, const QStyle &style);
 void drawToolButton(const QStyleOptionToolButton &option, const Canvas &canvas);
 void drawComboBox(const QStyleOptionComboBox &option, const Canvas &canvas);
 void drawSpinBox(const QStyleOptionSpinBox &option, const Canvas &canvas);

@@ -49,6 +49,7 @@ const char kButtonSheet[] = "QToolButton{margin:0px 3px;padding:2px;}";
 constexpr int kMargin = 3;
 constexpr int kPadding = 2;
 const QSize kRoom(2 * (kMargin + kPadding), 2 * kPadding);
+constexpr qreal kDisabledOpacity = 0.4;            // of the pictures
 constexpr int kFrameRoom = lumqt::kFocusRingWidth; // which the field's own ring needs
 
 // Whether the focus is, or is about to be, in the edit or one of its buttons.
@@ -147,6 +148,8 @@ protected:
         QStyleOptionToolButton option;
         initStyleOption(&option);
         painter.save();
+        if (!isEnabled()) // the style sheet's picture is the same
+            painter.setOpacity(kDisabledOpacity);
         if (isCoarse(painter.device()->devicePixelRatioF()))
             enlarge(painter, option);
         painter.drawComplexControl(QStyle::CC_ToolButton, option);

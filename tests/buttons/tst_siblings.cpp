@@ -103,8 +103,8 @@ constexpr QRgb kRing = lumqt::kFocusRingColor;
 
 const QVector<Sibling> kSiblings{
     {"push", kById, kOwnRing, kPush, made<CBPPushBtn>(kText, nullptr)},
-    {"add", kById, kOwnRing, kPush, made<CAddBtn>(kText)},
-    {"round", kById, kOwnRing, kPush | Circle, roundButton},
+    {"add", kById, kRing, kPush, made<CAddBtn>(kText)},
+    {"round", kById, kRing, kPush | Circle, roundButton},
     {"expand", kById, kRing, kPush, made<CExpandBtn>(QStringList(), kText, QString())},
     {"image", kByImage, kRing, Stays, imageButton},
     {"image and text", kByImage, kRing, None, [] { return new CBPImageTextBtn(images, kText); }},
@@ -116,7 +116,7 @@ const QVector<Sibling> kSiblings{
     {"image check box", kByCheck, kRing, ToolToggles | QtHovers,
      [] { return new CBPImageCheckBox(images, images, "Q&&A"); }},
     {"wait", kById, kOwnRing, kPush, made<CBPWaitBtn>(QStringList(), kText, QString())},
-    {"menu", SIGNAL(pressed()), kOwnRing, kPush | NoClicks, made<CBPMenuBtn>(kText)},
+    {"menu", SIGNAL(pressed()), kRing, kPush | NoClicks, made<CBPMenuBtn>(kText)},
     {"title", SIGNAL(FocusChanged(CFoucsLabel *)), kRing, EnterInDialog | EnterElsewhere | QtHovers,
      made<CFoucsLabel>(kText)},
 };
@@ -367,7 +367,7 @@ private slots:
                     const bool outside = boxOf(inside, sibling.ring).isEmpty();
                     if (sibling.traits & Circle || (outside && ratio > 1))
                         continue;
-                    checkRing(outside ? pictureOf(scene.window, 1) : inside, sibling.ring, qRound(2 * ratio));
+                    checkRing(outside ? pictureOf(scene.window, 1) : inside, sibling.ring, int(2 * ratio));
                 }
             }
         });

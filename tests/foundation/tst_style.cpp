@@ -54,12 +54,12 @@ bool hasRing(QWidget &widget)
 }
 
 // All round, in lines of whole pixels, with no half of one further in.
-bool isFramed(const QImage &image, int line)
+bool isFramed(const QImage &image, int line, const QColor &frame)
 {
     QImage framed = image;
     framed.setDevicePixelRatio(1);
     QPainter painter(&framed);
-    painter.setPen(QPen(QColor(lumqt::kFieldFrame), line, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    painter.setPen(QPen(frame, line, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     const qreal half = line / 2.0;
     painter.drawRect(QRectF(framed.rect()).adjusted(half, half, -half, -half));
     painter.end();
@@ -111,7 +111,9 @@ private slots:
         QVERIFY(hasRing(*widget));
         send(*widget, QFocusEvent(QEvent::FocusOut, Qt::TabFocusReason));
         for (const qreal ratio : {1.0, 1.25, 1.5, 1.75, 2.0})
-            QVERIFY(!framed || isFramed(pictureOf(*widget, ratio), qRound(ratio)));
+            QVERIFY(!framed || isFramed(pictureOf(*widget, ratio), qRound(ratio),
+                                        qobject_cast<QPushButton *>(widget.get()) ? lumqt::kFieldFrameHovered
+                                                                                  : lumqt::kFieldFrame));
         widget->setEnabled(false);
         QVERIFY(pictureOf(*widget, 1) != rest);
     }
