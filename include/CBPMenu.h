@@ -34,7 +34,7 @@ class MenuTexts;
 /// still at work then.
 ///
 /// A style sheet of the application changes neither the size of its items nor the room around them: where it
-/// would, the menu adds a rule to its own style sheet.
+/// would, the menu adds a rule to its own style sheet, also behind one that is set for it.
 ///
 /// Setters take effect at the next repaint; those that concern sizes at the next AddAction(), AddMenu() or
 /// ResetMenuWidth(). All sizes are logical pixels, all lists and images are copied. GUI thread only.
@@ -181,6 +181,9 @@ public:
     virtual void resetMenuSize(QString text);
 
 protected:
+    /// \since 1.0
+    bool event(QEvent *event) override;
+
     /// Width of \a text, as it stands, in the library's font at \a pixelSize.
     /// \since 1.0
     int menuItemLen(QString text, int pixelSize);

@@ -181,6 +181,9 @@ private slots:
         };
         layOut(row.sizeHint().width());
         row.layout()->setSizeConstraint(QLayout::SetNoConstraint); // as in a list, which squeezes its rows
+        const int least = row.minimumSizeHint().width();
+        layOut(416);
+        QCOMPARE(row.minimumSizeHint().width(), least); // as little as before
         row.setMinimumWidth(1);
         QLabel *path = pathLabel(&row);
         QCOMPARE(path->toolTip(), QString());
