@@ -8,6 +8,7 @@
 #include <QFont>
 #include <QMenu>
 #include <QPair>
+#include <QPixmap>
 #include <QPointer>
 #include <QVector>
 
@@ -240,7 +241,7 @@ private:
     void paintBody(QPainter *painter);
     void paintItem(QPainter *painter, const ItemView &item);
     QPixmap itemPixmap(QAction *action, bool hovered);
-    QPixmap arrowPixmap() const;
+    QPixmap arrowPixmap();
     ScrollAreas scrollAreas() const;
     QAction *hoveredAction() const;
     void followHover(QAction *hovered, const QRegion &painted);
@@ -265,6 +266,8 @@ private:
     int m_radius = 0;
     bool m_subLevel = false;
     QString m_arrowFile;
+    QPixmap m_mirroredArrow; // of the picture with this cache key
+    qint64 m_mirroredOf = 0;
     int m_separatorRectHeight = 0;
     int m_separatorHeight = 0;
     QColor m_borderColor;
