@@ -46,6 +46,16 @@ QVector<QColor> accents()
     return {kAccent, kAccentHovered, kAccentPressed, kAccentDisabled};
 }
 
+QVector<QColor> waitingGrounds()
+{
+    return {kAccent, kAccentHovered, kAccentPressed, QColor(201, 229, 252)};
+}
+
+QVector<QColor> waitingTexts()
+{
+    return {Qt::white, Qt::white, Qt::white, kAccentPressed};
+}
+
 CBPPushBtn *primaryButton(const QString &text, QWidget *parent)
 {
     auto *result = new CBPPushBtn(text, parent);

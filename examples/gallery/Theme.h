@@ -50,6 +50,10 @@ QLabel *label(const QString &text, Weight weight, int pixelSize, const QColor &c
 // hovered, pressed, disabled.
 QVector<QColor> accents();
 
+// The same for a button that waits: it is disabled meanwhile, and its text is to be read all the more.
+QVector<QColor> waitingGrounds();
+QVector<QColor> waitingTexts();
+
 // The button of what is done most: a white text on the accent.
 CBPPushBtn *primaryButton(const QString &text, QWidget *parent = nullptr);
 

@@ -132,7 +132,7 @@ void addLiveSamples(Page *page)
     CBPImageButton *off = live(log, icon("close_%1.png", 4), "Never shown");
     off->setEnabled(false);
     section->addSamples({{"Id 1", live(log, icon("list_%1.png", 1), "Show as a list")},
-                         {"Id 2", live(log, icon("minimize_%1.png", 2), "Minimize")},
+                         {"Id 2", live(log, icon("minimize_%1.png", 2), "Minimise")},
                          {"Id 3", live(log, icon("maximize_%1.png", 3), "<b>Maximize</b>, in rich text")},
                          {"Disabled, id 4", off}});
     section->addWide(log);
@@ -202,7 +202,7 @@ void addExtras(Page *page)
                          {"Round, framed", capsule},
                          {"A red dot", red},
                          {"A dot of your colour", green},
-                         {"Three images: ground only", three}});
+                         {"With three images none is drawn", three}});
     const auto more = [](pose::State state) { return pose::in(state, icon("Common/ico_more_%1.svg")); };
     section->addWide(onGround(
         theme::kInk,

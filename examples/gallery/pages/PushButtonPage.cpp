@@ -171,7 +171,8 @@ void addStates(Page *page)
         "States",
         "One button at rest, under the mouse, held down, with the keyboard focus, and disabled. The "
         "focus ring shows at rest only and needs a frame; selected and checked buttons show none, and "
-        "checked ones look the same whatever the mouse does. They are drawn so on purpose.");
+        "checked ones look the same whatever the mouse does. The triangle keeps its grey when the button is "
+        "disabled. All of this is drawn so on purpose.");
     section->addTable({"Normal", "Hovered", "Pressed", "Focused", "Disabled"},
                       {statesOf("Square", [] { return button("Save"); }), statesOf("Rounded", rounded),
                        statesOf("Half round", pill), statesOf("Own colours", [] { return filled("Save"); }),

@@ -125,7 +125,7 @@ CBPScrollWnd *area(bool flatBars)
 
 void addAreas(Page *page)
 {
-    Section *section = page->addSection("Scroll areas", "A scroll area without a frame.");
+    Section *section = page->addSection("Scroll areas", "A scroll area has no frame.");
     section->addSamples({{"With the style's own bars", area(false)}, {"With flat bars", area(true)}});
 }
 

@@ -123,7 +123,7 @@ void addTabs(Page *page)
                          {"Keyboard focus", focused},
                          {"Disabled", off},
                          {"With icons and a button", container(true, true)},
-                         {"Right-to-left", mirrored},
+                         {"Right to left", mirrored},
                          {"Long text: the tool tip shows it all", cut}});
 }
 
@@ -152,7 +152,7 @@ void addTitles(Page *page)
         {"Normal", "Hovered", "Keyboard focus", "Disabled"},
         {titles("Plain", false, true, "icon_user.png"), titles("Focused", true, true, "icon_user.png"),
          titles("No icon", true, true, QString()), titles("No arrow", false, false, "icon_lock.png"),
-         titles("Right-to-left", true, true, "icon_user.png", Qt::RightToLeft)});
+         titles("Right to left", true, true, "icon_user.png", Qt::RightToLeft)});
     auto *own = new CFoucsLabel("Own arrows");
     own->SetIconPath({theme::picturePath("icon_lock.png")},
                      {theme::picturePath("icon_arrowdown.png"), theme::picturePath("icon_arrowup.png")});

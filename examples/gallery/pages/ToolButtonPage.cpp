@@ -95,7 +95,7 @@ SampleRow statesOf(const QString &caption, Maker make)
 void addStates(Page *page)
 {
     Section *section = page->addSection(
-        "States", "The pressed look stays until the mouse leaves; this is meant so. The keyboard focus shows "
+        "States", "The pressed look stays until the mouse leaves; this is intended. The keyboard focus shows "
                   "the hover colours and a ring. A selected button shows the hover colours in every state.");
     section->addTable({"Normal", "Hovered", "Pressed", "Focused", "Disabled"},
                       {statesOf("Beside", [] { return tool("List", ENAlignLeft); }),

@@ -26,11 +26,10 @@ constexpr int kWait = 4000; // ms, of the live samples
 CBPWaitBtn *primary(const QString &text, const QString &waitingText)
 {
     auto *button = new CBPWaitBtn(theme::spinnerFrames(), text, waitingText);
-    button->setBgColor({QColor(0x1f, 0x71, 0xbf), QColor(0x18, 0x5d, 0x9f), QColor(0x13, 0x4d, 0x85),
-                        QColor(0xc9, 0xe5, 0xfc)});
-    button->setTextColor({Qt::white, Qt::white, Qt::white, QColor(0x2f, 0x6f, 0xa8)});
+    button->setBgColor(theme::waitingGrounds());
+    button->setTextColor(theme::waitingTexts());
     button->setFrmTrancent(true);
-    button->setFixedSize(168, 36);
+    button->setFixedSize(168, theme::kControlHeight);
     return button;
 }
 
@@ -50,7 +49,7 @@ CBPWaitBtn *waitingButton(EventLog *log)
 CBPPushBtn *opener(const QString &text, EventLog *log, void (*open)(EventLog *))
 {
     auto *button = new CBPPushBtn(text, nullptr);
-    button->setFixedSize(184, 36);
+    button->setFixedSize(184, theme::kControlHeight);
     QObject::connect(button, &CBPPushBtn::sigBtnClicked, log, [log, open] { open(log); });
     return button;
 }
