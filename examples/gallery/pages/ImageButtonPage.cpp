@@ -13,12 +13,12 @@ namespace {
 constexpr int kHeight = 40;
 QVector<QColor> grounds()
 {
-    return {QColor(237, 247, 248), QColor(226, 242, 243), QColor(205, 231, 233), QColor(242, 244, 246)};
+    return {QColor(243, 247, 252), theme::kAccentTint, QColor(205, 225, 243), QColor(242, 244, 246)};
 }
 
 QVector<QColor> frames()
 {
-    return {QColor(190, 224, 226), QColor(75, 174, 178), QColor(61, 151, 155), QColor(221, 226, 231)};
+    return {QColor(190, 211, 232), theme::kAccent, theme::kAccentPressed, QColor(221, 226, 231)};
 }
 
 QVector<QColor> texts()
@@ -183,8 +183,8 @@ void addExtras(Page *page)
     Section *section = page->addSection("Grounds and marks",
                                         "A brush takes precedence over a colour. The dot marks what is new.");
     QLinearGradient gradient(0, 0, 0, kHeight);
-    gradient.setColorAt(0, QColor(248, 252, 252));
-    gradient.setColorAt(1, QColor(205, 231, 233));
+    gradient.setColorAt(0, QColor(248, 251, 253));
+    gradient.setColorAt(1, QColor(205, 225, 243));
     CBPImageButton *brushed = labelled("Gradient");
     brushed->SetBkgBrush(QVector<QBrush>(4, QBrush(gradient)));
     brushed->SetBorderRadius(4);

@@ -18,6 +18,7 @@ namespace {
 
 constexpr int kColumns = 4;
 constexpr int kWait = 4000; // ms, of the live samples
+constexpr int kExpanderWidth = (theme::kPageWidth - (kColumns - 1) * 3 * theme::kUnit) / kColumns;
 
 // ----------------------------------------------------------------------------------------------------------
 // live
@@ -153,7 +154,7 @@ void addWindows(Page *page)
 CExpandBtn *expander(const QString &text)
 {
     auto *button = new CExpandBtn(theme::spinnerFrames(), text, QString());
-    button->setFixedWidth(200);
+    button->setFixedWidth(kExpanderWidth);
     return button;
 }
 
@@ -181,7 +182,7 @@ void addExpanders(Page *page)
     CExpandBtn *plain = expander("Not expandable");
     plain->setExpandable(false);
     auto *waiting = new CExpandBtn(QStringList(), "Details", "Loading"); // without frames it stands still
-    waiting->setFixedWidth(200);
+    waiting->setFixedWidth(kExpanderWidth);
     waiting->Show(true);
     page->addSection("Expand button", "CExpandBtn is a waiting button that opens what lies below it.")
         ->addColumns(kColumns, {{"Try it", expanding()},
