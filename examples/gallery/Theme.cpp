@@ -121,7 +121,7 @@ CButtonGroupBox *buttonGroup(bool exclusive)
 
 QVector<QColor> groupTexts()
 {
-    return {kAccent, Qt::white, Qt::white, kAccentDisabled};
+    return {kAccent, Qt::white, Qt::white, QColor(150, 158, 168)};
 }
 
 void lowerButtons(CButtonGroupBox *group)
@@ -142,7 +142,12 @@ void setTintedIcon(CBPPushBtn *button, const QString &file, const QVector<QColor
         const int look = selected && state != kDisabled ? kPressed : state;
         icon.addPixmap(tinted(file, textColors[look]), modes[state]);
     }
+    // The button that sizes itself would do so anew.
+    const bool fixed = button->minimumWidth() == button->maximumWidth();
+    const int width = button->maximumWidth();
     button->setIcon(icon);
+    if (fixed)
+        button->setFixedWidth(width);
 }
 
 CBPLinkerButton *link(const QString &text, QWidget *parent)

@@ -177,7 +177,7 @@ void addColors(Page *page)
     page->addSection("Colours",
                      "Title bars take theirs from UIConfig.ini; a missing one leaves the built-in colour. "
                      "The accents are the library's own.")
-        ->addColumns(6, {{"title_bgcolor " + named(ground), new Swatch(ground)},
+        ->addColumns(3, {{"title_bgcolor " + named(ground), new Swatch(ground)},
                          {"title_textcolor " + named(text), new Swatch(text)},
                          {"title_bottonline " + named(line), new Swatch(line)},
                          {"Accent #1f71bf", new Swatch(theme::kAccent)},

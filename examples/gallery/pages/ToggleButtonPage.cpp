@@ -121,7 +121,7 @@ void addGroups(Page *page)
         "built-in text colours are pale on purpose; the other groups have colours of their own.");
     CButtonGroupBox *off = group(true, 2);
     off->setEnabled(false);
-    auto *single = new CButtonGroupBox(true, nullptr);
+    CButtonGroupBox *single = theme::buttonGroup(true);
     single->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     single->AddButton(1, "Alone", QString());
     theme::lowerButtons(single);
