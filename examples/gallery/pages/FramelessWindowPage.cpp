@@ -165,8 +165,8 @@ void addFrames(Page *page)
     }
     const QString pointer =
         frameIsNative()
-            ? " The system alone tells such a frame of the pointer: try a window above for its looks "
-              "below it and pressed."
+            ? " Only the system can tell this frame of the pointer: open a window above to see its "
+              "buttons hovered and pressed."
             : "";
     page->addSection(
             "Frame",

@@ -300,7 +300,7 @@ Page *makePage()
     auto *page =
         new Page("LumQtLib",
                  "Widgets for Qt 5 that look as if one designer had made them all. Everything here is live; "
-                 "the pages at the left show every widget in every state, and how it is made.");
+                 "the pages in the side bar show every widget in every state, and how it is made.");
     auto *cards = new QWidget;
     auto *grid = new QGridLayout(cards);
     grid->setContentsMargins(0, 0, 0, 0);

@@ -10,6 +10,7 @@
 #include "CTabContainer.h"
 #include "CTabPageItem.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -152,7 +153,7 @@ void addTabs(Page *page)
 }
 
 SampleRow titles(const QString &caption, bool focused, bool tail, const QString &icon,
-                 Qt::LayoutDirection direction = Qt::LeftToRight)
+                 Qt::LayoutDirection direction = QApplication::layoutDirection())
 {
     SampleRow row{caption, {}};
     for (const pose::State state : {pose::Normal, pose::Hovered, pose::Focused, pose::Disabled}) {
