@@ -21,9 +21,10 @@ constexpr int kGap = 8;
 const QColor kGround(232, 237, 243);
 constexpr int kHalf = (theme::kPageWidth - 3 * theme::kUnit) / 2;
 
+// In the accent that is dark enough for the ground of the panels, too.
 CBPDrawLabel *tag(QString text)
 {
-    auto *label = new CBPDrawLabel(text, theme::kAccent, true);
+    auto *label = new CBPDrawLabel(text, theme::kAccentHovered, true);
     label->setFixedSize(label->sizeHint().width() + kTagPadding, kTagHeight);
     return label;
 }
