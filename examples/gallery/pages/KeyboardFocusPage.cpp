@@ -194,6 +194,7 @@ Sample search(bool inside)
 Sample address()
 {
     auto *edit = new CBPIPInputWidget;
+    edit->setFixedHeight(theme::kControlHeight);
     edit->setIP("192.168.0.1");
     return focused(edit, edit->findChildren<CBPIPAddrEdit *>().value(1));
 }
