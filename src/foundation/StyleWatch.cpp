@@ -122,6 +122,7 @@ void StyleWatch::watch(QWidget *widget)
     m_known.insert(widget, known);
     widget->installEventFilter(this);
     connect(widget, &QObject::destroyed, this, [this](QObject *gone) { m_known.remove(gone); });
+    placeRing(widget);
 }
 
 void StyleWatch::dress(QWidget *widget)
@@ -207,9 +208,8 @@ void StyleWatch::markFocus(QWidget *widget, QEvent *event)
         focusLost(mark, static_cast<QFocusEvent *>(event)->reason());
     else
         keyUsed(mark);
-    if (mark == before)
-        return;
-    widget->update();
+    if (mark != before)
+        widget->update();
     placeRing(widget);
 }
 
