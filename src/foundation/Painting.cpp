@@ -143,6 +143,17 @@ QRectF wholeDevicePixels(const QPainter &painter, const QRectF &rect)
     return toDevice.inverted().mapRect(QRectF(topLeft, bottomRight));
 }
 
+QRectF insetDevicePixels(const QPainter &painter, const QRectF &rect, int pixels)
+{
+    const QTransform &toDevice = painter.deviceTransform();
+    const auto even = [pixels](qreal scale) {
+        return scale > 0 ? std::copysign(wholePixels(qAbs(pixels), scale) / scale, pixels) : pixels;
+    };
+    const qreal x = even(qAbs(toDevice.m11()));
+    const qreal y = even(qAbs(toDevice.m22()));
+    return wholeDevicePixels(painter, rect).adjusted(x, y, -x, -y);
+}
+
 QRectF evenDevicePixels(const QPainter &painter, const QRectF &rect)
 {
     const QTransform &toDevice = painter.deviceTransform();
@@ -164,7 +175,16 @@ void drawBody(QPainter &painter, const QRect &rect, const Body &body)
         painter.drawPixmap(rect.topLeft(), bodyPixmap(rect.size(), body, ratio));
         return;
     }
-    const QRectF target = wholeDevicePixels(painter, QRectF(rect));
+    drawBody(painter, QRectF(rect), body);
+}
+
+void drawBody(QPainter &painter, const QRectF &rect, const Body &body)
+{
+    if (rect.isEmpty())
+        return;
+    const qreal ratio = ratioOf(painter);
+    const bool small = rect.width() * rect.height() <= kLargestCachedArea;
+    const QRectF target = wholeDevicePixels(painter, rect);
     const QSize pixels(qRound(target.width() * ratio), qRound(target.height() * ratio));
     if (pixels.isEmpty())
         return;
@@ -192,14 +212,24 @@ void drawDropTriangle(QPainter &painter, const QPointF &topLeft, int width, int 
     painter.restore();
 }
 
-void drawFocusRing(QPainter &painter, const QRect &rect, qreal radiusX, qreal radiusY)
+static Body focusRing(qreal radiusX, qreal radiusY)
 {
     Body ring;
     ring.frame = QColor(kFocusRingColor);
     ring.frameWidth = kFocusRingWidth;
     ring.radiusX = radiusX > kFocusRingRadius ? radiusX : kFocusRingRadius; // also for what is no number
     ring.radiusY = radiusY > kFocusRingRadius ? radiusY : kFocusRingRadius;
-    drawBody(painter, rect, ring);
+    return ring;
+}
+
+void drawFocusRing(QPainter &painter, const QRect &rect, qreal radiusX, qreal radiusY)
+{
+    drawBody(painter, rect, focusRing(radiusX, radiusY));
+}
+
+void drawFocusRing(QPainter &painter, const QRectF &rect, qreal radiusX, qreal radiusY)
+{
+    drawBody(painter, rect, focusRing(radiusX, radiusY));
 }
 
 void drawField(QPainter &painter, const QRect &rect, const FieldLook &look)

@@ -41,6 +41,7 @@ struct Body
 // Draws `body` into `rect`. A body is rendered once per size, look and device pixel ratio, and
 // blitted after.
 LUMQT_TESTED void drawBody(QPainter &painter, const QRect &rect, const Body &body);
+LUMQT_TESTED void drawBody(QPainter &painter, const QRectF &rect, const Body &body);
 
 // The ring of the keyboard focus at the inner edge of `rect`: of what has room for it around its content.
 // What has none is given its ring by setRingAround(). The radii are those of what it goes around, where that
@@ -48,12 +49,18 @@ LUMQT_TESTED void drawBody(QPainter &painter, const QRect &rect, const Body &bod
 constexpr qreal kFocusRingRadius = 2.0;
 LUMQT_TESTED void drawFocusRing(QPainter &painter, const QRect &rect, qreal radiusX = kFocusRingRadius,
                                 qreal radiusY = kFocusRingRadius);
+void drawFocusRing(QPainter &painter, const QRectF &rect, qreal radiusX = kFocusRingRadius,
+                   qreal radiusY = kFocusRingRadius);
 
 // `rect` with its edges on device pixels, where antialiased or scaled painting leaves no half-covered ones.
 LUMQT_TESTED QRectF wholeDevicePixels(const QPainter &painter, const QRectF &rect);
 
-// The same of a line or a small mark, which is as large wherever it lies: of lines side by side none is
-// thicker than another. Never without a size.
+// The same, less `pixels` at every side, or more where they are negative: as many device pixels at each. What
+// goes around something keeps one distance from it so.
+LUMQT_TESTED QRectF insetDevicePixels(const QPainter &painter, const QRectF &rect, int pixels);
+
+// wholeDevicePixels() of a line or a small mark, which is as large wherever it lies: of lines side by side
+// none is thicker than another. Never without a size.
 LUMQT_TESTED QRectF evenDevicePixels(const QPainter &painter, const QRectF &rect);
 
 // A triangle that points down, its box at `topLeft`.

@@ -152,6 +152,7 @@ void CBPWinFrmTitle::createButtons()
     m_closeBtn = CreateImgButton(images.close, CloseId, false);
     m_menuBtn = CreateImgButton(images.menu, MenuId, false);
     m_backBtn = CreateImgButton(images.back, BackId, true);
+    m_backBtn->m_turnsImage = true;
     m_backBtn->SetBkgColors(images.backColors);
     m_backBtn->SetHight(kBackHeight);
     m_backBtn->setFixedHeight(kBackHeight);
@@ -170,7 +171,6 @@ CBPImageButton *CBPWinFrmTitle::CreateImgButton(const QVector<QString> &images, 
 void CBPWinFrmTitle::createLayout()
 {
     m_rightRow = new QHBoxLayout;
-    m_rightRow->setContentsMargins(0, 0, kRightRowMargin, 0);
     m_rightRow->setSpacing(kRightRowSpacing);
     m_rightRow->addWidget(m_offerBtn, 0, Qt::AlignCenter);
     for (CBPImageButton *next : {m_supportBtn.data(), m_menuBtn.data(), m_minBtn.data(), m_closeBtn.data()}) {
@@ -179,7 +179,6 @@ void CBPWinFrmTitle::createLayout()
     }
 
     auto *row = new QHBoxLayout;
-    row->setContentsMargins(kLeftMargin, 0, kRightMargin, 0);
     row->setSpacing(kSpacing);
     row->addWidget(m_icon.widget, 0, Qt::AlignVCenter);
     row->addWidget(m_title.widget, 0, Qt::AlignVCenter);
@@ -188,6 +187,16 @@ void CBPWinFrmTitle::createLayout()
     row->addLayout(m_rightRow);
     setLayout(row);
     setFixedHeight(kHeight);
+    chooseSides();
+}
+
+// Layouts mirror what they hold, and not their margins.
+void CBPWinFrmTitle::chooseSides()
+{
+    const bool mirrored = isRightToLeft();
+    layout()->setContentsMargins(mirrored ? kRightMargin : kLeftMargin, 0,
+                                 mirrored ? kLeftMargin : kRightMargin, 0);
+    m_rightRow->setContentsMargins(mirrored ? kRightRowMargin : 0, 0, mirrored ? 0 : kRightRowMargin, 0);
 }
 
 void CBPWinFrmTitle::retranslate()
@@ -486,5 +495,7 @@ void CBPWinFrmTitle::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::LanguageChange)
         retranslate();
+    if (event->type() == QEvent::LayoutDirectionChange)
+        chooseSides();
     CRoundedRectBase::changeEvent(event);
 }
