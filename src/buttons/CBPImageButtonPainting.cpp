@@ -60,7 +60,7 @@ QPoint CBPImageButton::imagePlace(const QSize &image) const
 {
     const int x = (m_round ? height() / 2 : m_leftMargin) + m_border;
     const int y = (height() - image.height()) / 2 + m_iconVoffset;
-    return QPoint(m_mirrors && isRightToLeft() ? width() - x - image.width() : x, y);
+    return QPoint((m_mirrors || m_turnsImage) && isRightToLeft() ? width() - x - image.width() : x, y);
 }
 
 QRect CBPImageButton::textPlace(const QSize &image) const

@@ -31,8 +31,8 @@ const char kOwnName[] = "_lumqt_titleBarName"; // property: what the bar named a
 
 QVector<QColor> backColors()
 {
-    return {QColor(0x1a, 0x27, 0x3b), QColor(0x28, 0x37, 0x4e), QColor(0x16, 0x20, 0x30),
-            QColor(0x1a, 0x27, 0x3b)};
+    const QColor normal(0x1a, 0x27, 0x3b);
+    return {normal, QColor(0x28, 0x37, 0x4e), QColor(0x16, 0x20, 0x30), normal};
 }
 
 enum Id {
@@ -193,10 +193,11 @@ void CBPWinFrmTitle::createLayout()
 // Layouts mirror what they hold, and not their margins.
 void CBPWinFrmTitle::chooseSides()
 {
-    const bool mirrored = isRightToLeft();
-    layout()->setContentsMargins(mirrored ? kRightMargin : kLeftMargin, 0,
-                                 mirrored ? kLeftMargin : kRightMargin, 0);
-    m_rightRow->setContentsMargins(mirrored ? kRightRowMargin : 0, 0, mirrored ? 0 : kRightRowMargin, 0);
+    const auto set = [mirrored = isRightToLeft()](QLayout *row, int left, int right) {
+        row->setContentsMargins(mirrored ? right : left, 0, mirrored ? left : right, 0);
+    };
+    set(layout(), kLeftMargin, kRightMargin);
+    set(m_rightRow, 0, kRightRowMargin);
 }
 
 void CBPWinFrmTitle::retranslate()
@@ -389,10 +390,8 @@ void CBPWinFrmTitle::ResetMaxBtn(bool maximised)
     nameButtons();           // the button does something else now
     if (!m_maxBtn)
         return;
-    QVector<QString> images = stateImages(&Util::getResFullPath,
-                                          maximised ? QStringLiteral("../res/maximize_restore_")
-                                                    : QStringLiteral("../res/maximize_"),
-                                          QStringLiteral(".png"));
+    const QLatin1String stem(maximised ? "../res/maximize_restore_" : "../res/maximize_");
+    QVector<QString> images = stateImages(&Util::getResFullPath, stem, QStringLiteral(".png"));
     m_maxBtn->SetImgButtonRes(images);
 }
 
@@ -417,8 +416,7 @@ void CBPWinFrmTitle::InsertWidget(int index, QWidget *widget, int stretch, Qt::A
     auto *inserted = qobject_cast<CBPImageButton *>(widget);
     if (!inserted || !(inserted->GetID() & kInsertedIds))
         return;
-    QPointer<CBPImageButton> *place = slot(inserted->GetID());
-    if (place && !*place)
+    if (QPointer<CBPImageButton> *place = slot(inserted->GetID()); place && !*place)
         *place = inserted;
     nameButtons();
 }
