@@ -42,8 +42,9 @@ constexpr int kDayNamePixelSize = 12;
 constexpr int kDayPixelSize = 13;
 constexpr int kTitlePixelSize = 14;
 constexpr int kRadius = 3;
-constexpr int kAir = 1;            // around a day's tile and its focus ring
-constexpr qreal kLeastScale = 1.2; // sizes beside the usual one change nothing
+constexpr int kAir = 1;                            // around a day's tile
+constexpr int kTileInset = kAir + kFocusRingReach; // with the focus ring
+constexpr qreal kLeastScale = 1.2;                 // sizes beside the usual one change nothing
 constexpr qreal kMostScale = 4;
 constexpr QSize kCell(36, 30);
 constexpr int kRows = 7; // with the names of the days
@@ -431,13 +432,10 @@ void CalendarPane::paintCell(QPainter *painter, const QRect &rect, const QDate &
     painter->save();
     painter->fillRect(wholeDevicePixels(*painter, QRectF(rect)), kGround);
     const bool ringed = selected && m_viewHasFocus;
-    if (ringed) {
-        drawFocusRing(*painter, place);
-        const QRectF withinRing = insetDevicePixels(*painter, QRectF(place), kFocusRingWidth);
-        drawBody(*painter, insetDevicePixels(*painter, withinRing, kAir), tile);
-    } else {
-        drawBody(*painter, place, tile);
-    }
+    const QRect content = ringed ? rect.adjusted(kTileInset, kTileInset, -kTileInset, -kTileInset) : place;
+    drawBody(*painter, content, tile);
+    if (ringed)
+        drawFocusRing(*painter, focusRingAround(*painter, content));
     painter->setFont(uiFont(selected ? SemiboldWeight : NormalWeight, scaled(kDayPixelSize)));
     painter->setPen(textColor(date));
     painter->drawText(place, Qt::AlignCenter | Qt::TextSingleLine, locale().toString(date.day()));

@@ -339,10 +339,8 @@ void CBPPopWnd::drawFocusRing(QPainter &painter)
     const QWidget *button = framelessFocus();
     if (!button)
         return;
-    const QRectF place(button->mapTo(this, QPoint(0, 0)), button->size());
-    const QRectF withAir =
-        lumqt::insetDevicePixels(painter, place, lumqt::kFocusRingWidth - lumqt::kRingMargin);
-    lumqt::drawFocusRing(painter, lumqt::insetDevicePixels(painter, withAir, -lumqt::kFocusRingWidth));
+    const QRect place(button->mapTo(this, QPoint(0, 0)), button->size());
+    lumqt::drawFocusRing(painter, lumqt::focusRingAround(painter, place));
 }
 
 QRect CBPPopWnd::ringAround(const QWidget *button) const

@@ -40,27 +40,25 @@ struct Body
 
 // Draws `body` into `rect`. A body is rendered once per size, look and device pixel ratio, and
 // blitted after.
-LUMQT_TESTED void drawBody(QPainter &painter, const QRect &rect, const Body &body);
 LUMQT_TESTED void drawBody(QPainter &painter, const QRectF &rect, const Body &body);
 
 // The ring of the keyboard focus at the inner edge of `rect`: of what has room for it around its content.
-// What has none is given its ring by setRingAround(). The radii are those of what it goes around, where that
-// is rounder than the ring itself.
+// What has none is given its ring by setRingAround(). The radii are those of a body whose frame it takes the
+// place of, 0 of a square one; around content that has no frame the ring has its own.
 constexpr qreal kFocusRingRadius = 2.0;
-LUMQT_TESTED void drawFocusRing(QPainter &painter, const QRect &rect, qreal radiusX = kFocusRingRadius,
+LUMQT_TESTED void drawFocusRing(QPainter &painter, const QRectF &rect, qreal radiusX = kFocusRingRadius,
                                 qreal radiusY = kFocusRingRadius);
-void drawFocusRing(QPainter &painter, const QRectF &rect, qreal radiusX = kFocusRingRadius,
-                   qreal radiusY = kFocusRingRadius);
+
+// Where the ring around `content` goes that has kFocusRingReach logical pixels of room on each side: as far
+// away on all of them, at every ratio.
+constexpr int kFocusRingReach = kFocusRingWidth + 1; // with a pixel of air
+LUMQT_TESTED QRectF focusRingAround(const QPainter &painter, const QRect &content);
 
 // `rect` with its edges on device pixels, where antialiased or scaled painting leaves no half-covered ones.
 LUMQT_TESTED QRectF wholeDevicePixels(const QPainter &painter, const QRectF &rect);
 
-// The same, less `pixels` at every side, or more where they are negative: as many device pixels at each. What
-// goes around something keeps one distance from it so.
-LUMQT_TESTED QRectF insetDevicePixels(const QPainter &painter, const QRectF &rect, int pixels);
-
-// wholeDevicePixels() of a line or a small mark, which is as large wherever it lies: of lines side by side
-// none is thicker than another. Never without a size.
+// The same of a line or a small mark, which is as large wherever it lies: of lines side by side none is
+// thicker than another. Never without a size.
 LUMQT_TESTED QRectF evenDevicePixels(const QPainter &painter, const QRectF &rect);
 
 // A triangle that points down, its box at `topLeft`.

@@ -444,5 +444,5 @@ void CBPComboxItem::paintEvent(QPaintEvent *)
     QPainter painter(this);
     painter.fillRect(rect(), m_iState == ENStateHover ? kHoverGround : kGround);
     if (m_focusMark == lumqt::FocusMark::Shown)
-        lumqt::drawFocusRing(painter, rect());
+        lumqt::drawFocusRing(painter, rect(), 0, 0);
 }

@@ -2,7 +2,6 @@
 #include "TestMain.h"
 
 #include <memory>
-#include <numeric>
 
 namespace {
 
@@ -17,6 +16,11 @@ const QString kRules =
     "* { padding: 4px ";
 
 using Colors = QHash<QRgb, int>;
+
+int distance(QRgb color)
+{
+    return qAbs(qGray(color) - qGray(kGround));
+}
 
 // How many pixels have which colour, where a rule's ground lies below: the seams of letters are the same.
 Colors colorsOf(QWidget &widget, QWidget::RenderFlags parts = QWidget::DrawChildren)
@@ -33,14 +37,23 @@ Colors colorsOf(QWidget &widget, QWidget::RenderFlags parts = QWidget::DrawChild
     return colors;
 }
 
-// Whether one of the colours is still there, or as much of all: larger letters have other seams.
+// How many pixels stand out from a rule's ground by that much of a colour.
+int inkOf(const Colors &colors, int least)
+{
+    int count = 0;
+    for (auto color = colors.cbegin(); color != colors.cend(); ++color)
+        count += distance(color.key()) >= least ? color.value() : 0;
+    return count;
+}
+
+// Whether what stood out most is still there, as a ground of ours is nothing without its text and frame. A
+// rule's own frame takes the place of ours, and its padding is taken from a slider: that leaves a fifth.
 bool isSeen(const Colors &before, const Colors &now)
 {
-    for (auto color = before.cbegin(); color != before.cend(); ++color) {
-        if (color.value() >= 4 && now.value(color.key()) * 2 >= color.value())
-            return true;
-    }
-    return std::accumulate(now.begin(), now.end(), 0) * 4 >= std::accumulate(before.begin(), before.end(), 0);
+    int most = 0;
+    for (auto color = before.cbegin(); color != before.cend(); ++color)
+        most = color.value() >= 4 ? qMax(most, distance(color.key())) : most;
+    return inkOf(now, most / 2) * 5 >= inkOf(before, most / 2);
 }
 
 } // namespace

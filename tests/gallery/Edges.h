@@ -1,0 +1,157 @@
+#pragma once
+
+#include <QHash>
+#include <QImage>
+#include <QLabel>
+#include <QMap>
+#include <QSet>
+#include <QStyle>
+
+#include <algorithm>
+#include <map>
+#include <tuple>
+
+constexpr int kStraight = 12;    // logical pixels of the shortest edges, those of indicators,
+constexpr int kLetter = 24;      // of what is longer than letters in a button and than text cursors
+constexpr int kLargeLetter = 40; // and in a label
+constexpr int kBeside = 2;       // logical pixels
+constexpr int kThin = 3;         // device pixels of the thickest line
+constexpr int kStep = 6;         // of a colour, beyond that of a gradient
+
+// Lines that are drawn evenly, but covered in part by children, whose edges lie at rounded logical pixels.
+const QStringList kUneven{"CBPGridBox #1f71bf", "lumqt::TabBar #49a7f5"};
+
+// What does not have the library's look: shown beside it for comparison, or a scroll bar that a sheet of the
+// application's draws (between the pixels, as sheets do).
+inline bool isPlain(const QWidget *widget)
+{
+    return widget && (widget->style()->inherits("QFusionStyle") ||
+                      (widget->inherits("QScrollBar") && !widget->styleSheet().isEmpty()) ||
+                      isPlain(widget->parentWidget()));
+}
+
+inline bool isFar(QRgb a, QRgb b, int step)
+{
+    return qAbs(qRed(a) - qRed(b)) > step || qAbs(qGreen(a) - qGreen(b)) > step ||
+           qAbs(qBlue(a) - qBlue(b)) > step;
+}
+
+// How thick the straight lines of a colour are at 100 per cent, by the class that they lie in.
+using KnownLines = QHash<QByteArray, QHash<QRgb, QSet<int>>>;
+
+// A straight line or ground of one colour, along a row or a column of pixels.
+struct Line
+{
+    QRgb color;
+    QPoint middle;
+    int length;
+    bool across;
+    int thickness; // 0 unless it lies between other colours
+};
+
+inline int thicknessOf(const QImage &image, const QPoint &middle, const QPoint &across)
+{
+    const QRgb color = image.pixel(middle);
+    int thickness = 1;
+    for (const QPoint &step : {across, -across}) {
+        QPoint at = middle + step;
+        int same = 0;
+        for (; same <= kThin && image.valid(at) && image.pixel(at) == color; ++same)
+            at += step;
+        if (!image.valid(at) || !isFar(image.pixel(at), color, kStep))
+            return 0;
+        thickness += same;
+    }
+    return thickness;
+}
+
+inline QVector<Line> linesOf(const QImage &picture, int least)
+{
+    const QImage image = picture.convertToFormat(QImage::Format_ARGB32);
+    QVector<Line> lines;
+    for (const QPoint &along : {QPoint(1, 0), QPoint(0, 1)}) {
+        const QPoint across = along.transposed();
+        const int length = along.x() ? image.width() : image.height();
+        const int step = along.x() ? 1 : image.width();
+        for (int i = 0; i < image.width() + image.height() - length; ++i) {
+            const auto *pixels =
+                reinterpret_cast<const QRgb *>(image.constBits()) + i * (along.x() ? image.width() : 1);
+            for (int first = 0, at = 1; at <= length; ++at) {
+                if (at < length && pixels[at * step] == pixels[first * step])
+                    continue;
+                const QPoint middle = (first + at) / 2 * along + i * across;
+                if (at - first >= least)
+                    lines << Line{pixels[first * step], middle, at - first, along.x() != 0,
+                                  thicknessOf(image, middle, across)};
+                first = at;
+            }
+        }
+    }
+    return lines;
+}
+
+// In logical pixels, longer than what letters and pictures have of straight edges.
+inline int leastEdgeOf(const QWidget *widget)
+{
+    const auto *label = qobject_cast<const QLabel *>(widget);
+    if (!widget || (label && !label->pixmap(Qt::ReturnByValue).isNull()))
+        return QWIDGETSIZE_MAX;
+    return label || widget->inherits("CBPDrawLabel") ? kLargeLetter
+           : widget->inherits("QCheckBox")           ? kStraight
+                                                     : kLetter;
+}
+
+inline QByteArray classAt(const QWidget &window, const QPoint &at)
+{
+    const QWidget *widget = window.childAt(at);
+    return QByteArray(widget ? widget->metaObject()->className() : "");
+}
+
+// At another scale, a line may come to lie in what was beside it.
+inline KnownLines knownOf(const QWidget &window, const QVector<Line> &lines)
+{
+    KnownLines known;
+    for (const Line &line : lines) {
+        for (const QPoint &beside : {QPoint(), QPoint(kBeside, kBeside), QPoint(-kBeside, -kBeside)})
+            known[classAt(window, line.middle + beside)][line.color] << line.thickness;
+    }
+    return known;
+}
+
+// Thin lines of a colour that is not known there, and those that are not as thick as others of the widget.
+inline QStringList faultsIn(const QWidget &window, const QVector<Line> &lines, const KnownLines &known,
+                            qreal scale)
+{
+    QRegion plain;
+    for (const QWidget *widget : window.findChildren<QWidget *>()) {
+        if (widget->isVisible() && isPlain(widget))
+            plain += QRect(widget->mapTo(&window, QPoint()), widget->size()).adjusted(-8, -8, 8, 8);
+    }
+    QMap<QString, QString> found;
+    std::map<std::tuple<const QWidget *, QRgb, bool>, int> thicknesses;
+    for (const Line &line : lines) {
+        const QPoint at = line.middle / scale;
+        const QWidget *widget = window.childAt(at);
+        if (!line.thickness || line.length < leastEdgeOf(widget) * scale || plain.contains(at))
+            continue;
+        const QHash<QRgb, QSet<int>> here = known.value(classAt(window, at));
+        const QList<QRgb> colors = here.keys();
+        const bool isKnown = std::any_of(colors.cbegin(), colors.cend(),
+                                         [&](QRgb color) { return !isFar(color, line.color, 2); });
+        const QSet<int> before = here.value(line.color);
+        int &first = thicknesses[std::make_tuple(widget, line.color, line.across)];
+        first = first ? first : line.thickness;
+        // A bare widget is all ground: how thick it comes out is the layout's.
+        const bool isEven = first == line.thickness || before.size() != 1 || before.contains(0) ||
+                            widget->metaObject() == &QWidget::staticMetaObject;
+        const QString what =
+            QStringLiteral("%1 %2").arg(widget->metaObject()->className(), QColor(line.color).name());
+        if (!isKnown || (!isEven && !kUneven.contains(what)))
+            found[what] = QStringLiteral("%1 at %2,%3, %4")
+                              .arg(what)
+                              .arg(at.x())
+                              .arg(at.y())
+                              .arg(isKnown ? "uneven" : "unknown");
+    }
+    return found.values();
+}
