@@ -141,6 +141,7 @@ private:
     void createButtons();
     static void nameButton(CBPImageButton *button, const QString &name);
     void createLayout();
+    void chooseSides();
     void retranslate();
     void nameButtons();
     CBPImageButton *button(int id) const;

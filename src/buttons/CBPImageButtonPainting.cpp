@@ -51,14 +51,16 @@ void CBPImageButton::drawImage(QPainter &painter)
     m_paintedImage = m_image->size();
     if (m_paintedImage.isEmpty())
         return;
-    painter.drawPixmap(imagePlace(m_paintedImage), pixmap);
+    const bool turned = m_turnsImage && isRightToLeft();
+    painter.drawPixmap(imagePlace(m_paintedImage),
+                       turned ? pixmap.transformed(QTransform::fromScale(-1, 1)) : pixmap);
 }
 
 QPoint CBPImageButton::imagePlace(const QSize &image) const
 {
     const int x = (m_round ? height() / 2 : m_leftMargin) + m_border;
     const int y = (height() - image.height()) / 2 + m_iconVoffset;
-    return QPoint(m_mirrors && isRightToLeft() ? width() - x - image.width() : x, y);
+    return QPoint((m_mirrors || m_turnsImage) && isRightToLeft() ? width() - x - image.width() : x, y);
 }
 
 QRect CBPImageButton::textPlace(const QSize &image) const

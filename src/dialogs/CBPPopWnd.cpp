@@ -336,13 +336,16 @@ void CBPPopWnd::paintEvent(QPaintEvent *)
 // A button without a frame has no place of its own for the mark of the keyboard focus.
 void CBPPopWnd::drawFocusRing(QPainter &painter)
 {
-    if (const QWidget *button = framelessFocus())
-        lumqt::drawFocusRing(painter, ringAround(button));
+    const QWidget *button = framelessFocus();
+    if (!button)
+        return;
+    const QRect place(button->mapTo(this, QPoint(0, 0)), button->size());
+    lumqt::drawFocusRing(painter, lumqt::focusRingAround(painter, place));
 }
 
 QRect CBPPopWnd::ringAround(const QWidget *button) const
 {
-    constexpr int reach = lumqt::kRingMargin;
+    constexpr int reach = lumqt::kRingMargin + 1; // which the ring is rounded up to
     return QRect(button->mapTo(this, QPoint(0, 0)), button->size()).adjusted(-reach, -reach, reach, reach);
 }
 

@@ -31,8 +31,8 @@ const char kOwnName[] = "_lumqt_titleBarName"; // property: what the bar named a
 
 QVector<QColor> backColors()
 {
-    return {QColor(0x1a, 0x27, 0x3b), QColor(0x28, 0x37, 0x4e), QColor(0x16, 0x20, 0x30),
-            QColor(0x1a, 0x27, 0x3b)};
+    const QColor normal(0x1a, 0x27, 0x3b);
+    return {normal, QColor(0x28, 0x37, 0x4e), QColor(0x16, 0x20, 0x30), normal};
 }
 
 enum Id {
@@ -152,6 +152,7 @@ void CBPWinFrmTitle::createButtons()
     m_closeBtn = CreateImgButton(images.close, CloseId, false);
     m_menuBtn = CreateImgButton(images.menu, MenuId, false);
     m_backBtn = CreateImgButton(images.back, BackId, true);
+    m_backBtn->m_turnsImage = true;
     m_backBtn->SetBkgColors(images.backColors);
     m_backBtn->SetHight(kBackHeight);
     m_backBtn->setFixedHeight(kBackHeight);
@@ -170,7 +171,6 @@ CBPImageButton *CBPWinFrmTitle::CreateImgButton(const QVector<QString> &images, 
 void CBPWinFrmTitle::createLayout()
 {
     m_rightRow = new QHBoxLayout;
-    m_rightRow->setContentsMargins(0, 0, kRightRowMargin, 0);
     m_rightRow->setSpacing(kRightRowSpacing);
     m_rightRow->addWidget(m_offerBtn, 0, Qt::AlignCenter);
     for (CBPImageButton *next : {m_supportBtn.data(), m_menuBtn.data(), m_minBtn.data(), m_closeBtn.data()}) {
@@ -179,7 +179,6 @@ void CBPWinFrmTitle::createLayout()
     }
 
     auto *row = new QHBoxLayout;
-    row->setContentsMargins(kLeftMargin, 0, kRightMargin, 0);
     row->setSpacing(kSpacing);
     row->addWidget(m_icon.widget, 0, Qt::AlignVCenter);
     row->addWidget(m_title.widget, 0, Qt::AlignVCenter);
@@ -188,6 +187,17 @@ void CBPWinFrmTitle::createLayout()
     row->addLayout(m_rightRow);
     setLayout(row);
     setFixedHeight(kHeight);
+    chooseSides();
+}
+
+// Layouts mirror what they hold, and not their margins.
+void CBPWinFrmTitle::chooseSides()
+{
+    const auto set = [mirrored = isRightToLeft()](QLayout *row, int left, int right) {
+        row->setContentsMargins(mirrored ? right : left, 0, mirrored ? left : right, 0);
+    };
+    set(layout(), kLeftMargin, kRightMargin);
+    set(m_rightRow, 0, kRightRowMargin);
 }
 
 void CBPWinFrmTitle::retranslate()
@@ -380,10 +390,8 @@ void CBPWinFrmTitle::ResetMaxBtn(bool maximised)
     nameButtons();           // the button does something else now
     if (!m_maxBtn)
         return;
-    QVector<QString> images = stateImages(&Util::getResFullPath,
-                                          maximised ? QStringLiteral("../res/maximize_restore_")
-                                                    : QStringLiteral("../res/maximize_"),
-                                          QStringLiteral(".png"));
+    const QLatin1String stem(maximised ? "../res/maximize_restore_" : "../res/maximize_");
+    QVector<QString> images = stateImages(&Util::getResFullPath, stem, QStringLiteral(".png"));
     m_maxBtn->SetImgButtonRes(images);
 }
 
@@ -408,8 +416,7 @@ void CBPWinFrmTitle::InsertWidget(int index, QWidget *widget, int stretch, Qt::A
     auto *inserted = qobject_cast<CBPImageButton *>(widget);
     if (!inserted || !(inserted->GetID() & kInsertedIds))
         return;
-    QPointer<CBPImageButton> *place = slot(inserted->GetID());
-    if (place && !*place)
+    if (QPointer<CBPImageButton> *place = slot(inserted->GetID()); place && !*place)
         *place = inserted;
     nameButtons();
 }
@@ -486,5 +493,7 @@ void CBPWinFrmTitle::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::LanguageChange)
         retranslate();
+    if (event->type() == QEvent::LayoutDirectionChange)
+        chooseSides();
     CRoundedRectBase::changeEvent(event);
 }
