@@ -170,6 +170,7 @@ protected:
 
 private:
     friend class CBPImageTextBtn;
+    friend class CBPWinFrmTitle;
     static constexpr int kStates = 4;
 
     static QAccessibleInterface *makeAccessible(QWidget *widget);
@@ -227,6 +228,7 @@ private:
     lumqt::FocusMark m_focusMark{};
     lumqt::Press m_press{};
     bool m_ringInside = false;
-    bool m_mirrors = false; // image and text change sides where the layout runs from right to left
-    QString m_plainText;    // the text of the base class that makes no shortcut
+    bool m_mirrors = false;    // image and text change sides where the layout runs from right to left
+    bool m_turnsImage = false; // the image points somewhere, from right to left the other way
+    QString m_plainText;       // the text of the base class that makes no shortcut
 };

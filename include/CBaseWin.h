@@ -79,7 +79,9 @@ public:
     QRect globalBtnRect(int id);
 
     /// A picture of the window as it stands on the screen, its frame included, which QWidget::grab() leaves
-    /// out on Windows, where it is no part of the widget. In full screen there is no frame. \since 1.0
+    /// out on Windows, where it is no part of the widget. In full screen there is no frame. As after any
+    /// painting btnRect() and globalBtnRect() know the buttons then, also in a window that was never shown.
+    /// \since 1.0
     QPixmap grabWithFrame();
 
     /// Width of the border, asked of the system at each call.

@@ -51,7 +51,9 @@ void CBPImageButton::drawImage(QPainter &painter)
     m_paintedImage = m_image->size();
     if (m_paintedImage.isEmpty())
         return;
-    painter.drawPixmap(imagePlace(m_paintedImage), pixmap);
+    const bool turned = m_turnsImage && isRightToLeft();
+    painter.drawPixmap(imagePlace(m_paintedImage),
+                       turned ? pixmap.transformed(QTransform::fromScale(-1, 1)) : pixmap);
 }
 
 QPoint CBPImageButton::imagePlace(const QSize &image) const

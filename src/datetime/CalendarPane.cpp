@@ -42,7 +42,7 @@ constexpr int kDayNamePixelSize = 12;
 constexpr int kDayPixelSize = 13;
 constexpr int kTitlePixelSize = 14;
 constexpr int kRadius = 3;
-constexpr int kTileInset = 4;      // of a day's tile in its cell: the focus ring, and air on both sides
+constexpr int kAir = 1;            // around a day's tile and its focus ring
 constexpr qreal kLeastScale = 1.2; // sizes beside the usual one change nothing
 constexpr qreal kMostScale = 4;
 constexpr QSize kCell(36, 30);
@@ -427,14 +427,17 @@ void CalendarPane::paintCell(QPainter *painter, const QRect &rect, const QDate &
         tile.fill = kHover;
     if (date == QDate::currentDate())
         tile.frame = kToday;
-    const QRect place = rect.adjusted(1, 1, -1, -1);
+    const QRect place = rect.adjusted(kAir, kAir, -kAir, -kAir);
     painter->save();
     painter->fillRect(wholeDevicePixels(*painter, QRectF(rect)), kGround);
     const bool ringed = selected && m_viewHasFocus;
-    drawBody(*painter, ringed ? rect.adjusted(kTileInset, kTileInset, -kTileInset, -kTileInset) : place,
-             tile);
-    if (ringed)
+    if (ringed) {
         drawFocusRing(*painter, place);
+        const QRectF withinRing = insetDevicePixels(*painter, QRectF(place), kFocusRingWidth);
+        drawBody(*painter, insetDevicePixels(*painter, withinRing, kAir), tile);
+    } else {
+        drawBody(*painter, place, tile);
+    }
     painter->setFont(uiFont(selected ? SemiboldWeight : NormalWeight, scaled(kDayPixelSize)));
     painter->setPen(textColor(date));
     painter->drawText(place, Qt::AlignCenter | Qt::TextSingleLine, locale().toString(date.day()));

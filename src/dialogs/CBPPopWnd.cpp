@@ -325,10 +325,9 @@ void CBPPopWnd::paintEvent(QPaintEvent *)
     painter.setClipping(false);
 
     if (statusBox() && statusBox()->isVisibleTo(this) && drawsBottomLine()) {
-        QRectF line =
-            lumqt::wholeDevicePixels(painter, QRect(whole.left(), statusBox()->y(), whole.width(), 1));
-        const qreal ratio = devicePixelRatioF();
-        line.setHeight(qMax(1, qRound(ratio)) / ratio); // the same wherever the line lies at 150 per cent
+        const QRectF place(whole.left(), statusBox()->y(), whole.width(), 1);
+        QRectF line = lumqt::wholeDevicePixels(painter, place); // from edge to edge of the body
+        line.setHeight(lumqt::evenDevicePixels(painter, place).height());
         painter.fillRect(line, kBottomLine);
     }
     drawFocusRing(painter);
@@ -337,13 +336,18 @@ void CBPPopWnd::paintEvent(QPaintEvent *)
 // A button without a frame has no place of its own for the mark of the keyboard focus.
 void CBPPopWnd::drawFocusRing(QPainter &painter)
 {
-    if (const QWidget *button = framelessFocus())
-        lumqt::drawFocusRing(painter, ringAround(button));
+    const QWidget *button = framelessFocus();
+    if (!button)
+        return;
+    const QRectF place(button->mapTo(this, QPoint(0, 0)), button->size());
+    const QRectF withAir =
+        lumqt::insetDevicePixels(painter, place, lumqt::kFocusRingWidth - lumqt::kRingMargin);
+    lumqt::drawFocusRing(painter, lumqt::insetDevicePixels(painter, withAir, -lumqt::kFocusRingWidth));
 }
 
 QRect CBPPopWnd::ringAround(const QWidget *button) const
 {
-    constexpr int reach = lumqt::kRingMargin;
+    constexpr int reach = lumqt::kRingMargin + 1; // which the ring is rounded up to
     return QRect(button->mapTo(this, QPoint(0, 0)), button->size()).adjusted(-reach, -reach, reach, reach);
 }
 

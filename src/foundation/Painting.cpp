@@ -150,6 +150,17 @@ QRectF wholeDevicePixels(const QPainter &painter, const QRectF &rect)
     return toDevice.inverted().mapRect(QRectF(topLeft, bottomRight));
 }
 
+QRectF insetDevicePixels(const QPainter &painter, const QRectF &rect, int pixels)
+{
+    const QTransform &toDevice = painter.deviceTransform();
+    const auto even = [pixels](qreal scale) {
+        return scale > 0 ? std::copysign(wholePixels(qAbs(pixels), scale) / scale, pixels) : pixels;
+    };
+    const qreal x = even(qAbs(toDevice.m11()));
+    const qreal y = even(qAbs(toDevice.m22()));
+    return wholeDevicePixels(painter, rect).adjusted(x, y, -x, -y);
+}
+
 QRectF evenDevicePixels(const QPainter &painter, const QRectF &rect)
 {
     const QTransform &toDevice = painter.deviceTransform();

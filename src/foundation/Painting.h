@@ -57,8 +57,12 @@ LUMQT_TESTED QRectF focusRingAround(const QPainter &painter, const QRect &conten
 // `rect` with its edges on device pixels, where antialiased or scaled painting leaves no half-covered ones.
 LUMQT_TESTED QRectF wholeDevicePixels(const QPainter &painter, const QRectF &rect);
 
-// The same of a line or a small mark, which is as large wherever it lies: of lines side by side none is
-// thicker than another. Never without a size.
+// The same, less `pixels` at every side, or more where they are negative: as many device pixels at each. What
+// goes around something keeps one distance from it so.
+LUMQT_TESTED QRectF insetDevicePixels(const QPainter &painter, const QRectF &rect, int pixels);
+
+// wholeDevicePixels() of a line or a small mark, which is as large wherever it lies: of lines side by side
+// none is thicker than another. Never without a size.
 LUMQT_TESTED QRectF evenDevicePixels(const QPainter &painter, const QRectF &rect);
 
 // A triangle that points down, its box at `topLeft`.

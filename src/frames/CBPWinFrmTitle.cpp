@@ -27,6 +27,7 @@ constexpr int kRightRowMargin = 6;
 constexpr int kRightRowSpacing = 8;
 constexpr int kRightRowGap = 8; // between two buttons, beside the spacing
 constexpr int kBackHeight = 32;
+const char kOwnName[] = "_lumqt_titleBarName"; // property: what the bar named a button
 
 QVector<QColor> backColors()
 {
@@ -151,6 +152,7 @@ void CBPWinFrmTitle::createButtons()
     m_closeBtn = CreateImgButton(images.close, CloseId, false);
     m_menuBtn = CreateImgButton(images.menu, MenuId, false);
     m_backBtn = CreateImgButton(images.back, BackId, true);
+    m_backBtn->m_turnsImage = true;
     m_backBtn->SetBkgColors(images.backColors);
     m_backBtn->SetHight(kBackHeight);
     m_backBtn->setFixedHeight(kBackHeight);
@@ -169,7 +171,6 @@ CBPImageButton *CBPWinFrmTitle::CreateImgButton(const QVector<QString> &images, 
 void CBPWinFrmTitle::createLayout()
 {
     m_rightRow = new QHBoxLayout;
-    m_rightRow->setContentsMargins(0, 0, kRightRowMargin, 0);
     m_rightRow->setSpacing(kRightRowSpacing);
     m_rightRow->addWidget(m_offerBtn, 0, Qt::AlignCenter);
     for (CBPImageButton *next : {m_supportBtn.data(), m_menuBtn.data(), m_minBtn.data(), m_closeBtn.data()}) {
@@ -178,7 +179,6 @@ void CBPWinFrmTitle::createLayout()
     }
 
     auto *row = new QHBoxLayout;
-    row->setContentsMargins(kLeftMargin, 0, kRightMargin, 0);
     row->setSpacing(kSpacing);
     row->addWidget(m_icon.widget, 0, Qt::AlignVCenter);
     row->addWidget(m_title.widget, 0, Qt::AlignVCenter);
@@ -187,6 +187,16 @@ void CBPWinFrmTitle::createLayout()
     row->addLayout(m_rightRow);
     setLayout(row);
     setFixedHeight(kHeight);
+    chooseSides();
+}
+
+// Layouts mirror what they hold, and not their margins.
+void CBPWinFrmTitle::chooseSides()
+{
+    const bool mirrored = isRightToLeft();
+    layout()->setContentsMargins(mirrored ? kRightMargin : kLeftMargin, 0,
+                                 mirrored ? kLeftMargin : kRightMargin, 0);
+    m_rightRow->setContentsMargins(mirrored ? kRightRowMargin : 0, 0, mirrored ? 0 : kRightRowMargin, 0);
 }
 
 void CBPWinFrmTitle::retranslate()
@@ -199,21 +209,27 @@ void CBPWinFrmTitle::retranslate()
     nameButtons();
 }
 
-// Those that have no tool tip to be named by.
+// Those that have no tool tip to be named by, also where there are two of a kind.
 void CBPWinFrmTitle::nameButtons()
 {
-    nameButton(m_minBtn, m_minName, tr("Minimize"));
-    nameButton(m_closeBtn, m_closeName, tr("Close"));
-    nameButton(m_maxBtn, m_maxName, m_maximised ? tr("Restore") : tr("Maximize"));
-    nameButton(m_settingsBtn, m_settingsName, tr("Settings"));
+    nameButton(m_minBtn, tr("Minimize"));
+    nameButton(m_closeBtn, tr("Close"));
+    const auto known = findChildren<CBPImageButton *>(QString(), Qt::FindDirectChildrenOnly);
+    for (CBPImageButton *button : known) {
+        if (button->GetID() == MaximizeId)
+            nameButton(button, m_maximised ? tr("Restore") : tr("Maximize"));
+        else if (button->GetID() == SettingsId)
+            nameButton(button, tr("Settings"));
+    }
 }
 
 // A name that the application gave stays, also one by a tool tip.
-void CBPWinFrmTitle::nameButton(CBPImageButton *button, QString &ownName, const QString &name)
+void CBPWinFrmTitle::nameButton(CBPImageButton *button, const QString &name)
 {
-    if (!button || button->accessibleName() != ownName || !button->toolTip().isEmpty())
+    if (!button || button->accessibleName() != button->property(kOwnName).toString() ||
+        !button->toolTip().isEmpty())
         return;
-    ownName = name;
+    button->setProperty(kOwnName, name);
     button->setAccessibleName(name);
 }
 
@@ -479,5 +495,7 @@ void CBPWinFrmTitle::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::LanguageChange)
         retranslate();
+    if (event->type() == QEvent::LayoutDirectionChange)
+        chooseSides();
     CRoundedRectBase::changeEvent(event);
 }

@@ -290,9 +290,9 @@ QRect CBaseWin::globalBtnRect(int id)
 
 QPixmap CBaseWin::grabWithFrame()
 {
-    const QRect client = m_frame->system->clientRect();
-    if (client != rect() || isFullScreen()) // the frame is part of the widget, or there is none
+    if (m_frame->system->isInside() || isFullScreen() || isMinimized()) // or there is none
         return grab();
+    const QRect client = m_frame->system->clientRect();
     const QMargins around = m_frame->margins();
     const QRect place = client.translated(around.left(), around.top());
     const QSize whole = client.marginsAdded(around).size();

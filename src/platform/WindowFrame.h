@@ -63,6 +63,8 @@ public:
     virtual void shrinkToClient(tagNCCALCSIZE_PARAMS *params) = 0;
 
     virtual bool isMaximized() const = 0;
+    // Whether the frame is part of the widget, whose picture has it then.
+    virtual bool isInside() const = 0;
     // The client area in coordinates of the window's widget.
     virtual QRect clientRect() const = 0;
     // The pointer in coordinates of the client area, which has the frame at negative ones.

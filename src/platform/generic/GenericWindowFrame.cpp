@@ -52,6 +52,7 @@ public:
     bool nativeEvent(void *, long *) override { return false; }
     void shrinkToClient(tagNCCALCSIZE_PARAMS *) override {}
     bool isMaximized() const override { return m_window->isMaximized(); }
+    bool isInside() const override { return true; }
     QRect clientRect() const override { return m_window->rect().marginsRemoved(m_frame); }
     QPoint pointer() const override { return m_position - clientRect().topLeft(); }
     void repaint(const QRect &part) override

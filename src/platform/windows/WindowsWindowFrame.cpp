@@ -136,6 +136,7 @@ public:
     bool nativeEvent(void *message, long *result) override;
     void shrinkToClient(NCCALCSIZE_PARAMS *params) override;
     bool isMaximized() const override { return IsZoomed(handle()) != FALSE; }
+    bool isInside() const override { return false; }
     QRect clientRect() const override;
     QPoint pointer() const override;
     void repaint(const QRect &part) override;
