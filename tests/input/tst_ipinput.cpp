@@ -308,7 +308,7 @@ private slots:
             QTest::qWait(wait);
             RealInput::click(at(x));
             QTRY_COMPARE(field->state(), QString(after));
-            QCOMPARE(window.findChild<QFocusFrame *>()->geometry(), field->geometry().adjusted(-3, -3, 3, 3));
+            QCOMPARE(window.findChild<QFocusFrame *>()->geometry(), field->geometry().adjusted(-4, -4, 4, 4));
         }
         field->edits[1]->clearFocus();
         QVERIFY(!window.findChild<QFocusFrame *>());
