@@ -6,7 +6,7 @@
 ///
 /// It is 28 pixels high, without a text as wide. An icon is not drawn: the mark is one. Screen readers are
 /// told the accessible name; where none was set, the text, the tool tip or "Add", whichever comes first.
-/// Right-to-left nothing is mirrored. GUI thread only. \since 1.0
+/// Right-to-left nothing is mirrored. The focus ring is #2f86d8 at first. GUI thread only. \since 1.0
 class LUMQT_EXPORT CAddBtn : public CBPPushBtn
 {
     Q_OBJECT

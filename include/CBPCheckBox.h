@@ -6,8 +6,9 @@
 
 /// The library's check box: a QCheckBox that a style sheet can address by its class.
 ///
-/// Looks, mouse, keyboard and screen readers are QCheckBox's, and so is what an "&" in the text does: unlike
-/// in the other classes of the library it marks a shortcut, and "&&" is an "&". GUI thread only. \since 1.0
+/// It has the look of CBPStyle. Mouse, keyboard and screen readers are QCheckBox's, and so is what an "&" in
+/// the text does: unlike in the other classes of the library it marks a shortcut, and "&&" is an "&". GUI
+/// thread only. \since 1.0
 class LUMQT_EXPORT CBPCheckBox : public QCheckBox
 {
     Q_OBJECT

@@ -8,8 +8,9 @@
 /// moves no focus. That is how it differs from a QComboBox, whose choice the wheel steps, past separators and
 /// disabled items; in the open list the wheel scrolls as there.
 ///
-/// Its list is a plain QListView, so that style sheets for the items of one apply. GUI thread only.
-/// \since 1.0
+/// It has the look of CBPStyle, and so has its list: a plain QListView, so that style sheets for the items of
+/// one apply. Its rows are at least as high as fields, unless the application sets a delegate. GUI thread
+/// only. \since 1.0
 class LUMQT_EXPORT CBPComboBox : public QComboBox
 {
     Q_OBJECT

@@ -67,6 +67,7 @@ private:
     void UpdateDate(const QDate &date);
     bool opensCalendar(QEvent *event);
     void giveFocusBack();
+    void chooseSides();
     void updateLook();
 
     QPointer<QDateEdit> m_pDateEdit;

@@ -56,6 +56,7 @@ private:
     QPointer<QLineEdit> m_pNextEdit;
     QPointer<QLineEdit> m_pPreEdit;
     bool m_selecting = false; // from the press that brought the focus to its release, or to a drag
+    bool m_pressed = false;   // since the focus came
     QPoint m_pressedAt;
     int m_pressedCursor = 0; // the character there
 };

@@ -8,6 +8,7 @@
 #include <QFont>
 #include <QMenu>
 #include <QPair>
+#include <QPixmap>
 #include <QPointer>
 #include <QVector>
 
@@ -34,7 +35,7 @@ class MenuTexts;
 /// still at work then.
 ///
 /// A style sheet of the application changes neither the size of its items nor the room around them: where it
-/// would, the menu adds a rule to its own style sheet.
+/// would, the menu adds a rule to its own style sheet, also behind one that is set for it.
 ///
 /// Setters take effect at the next repaint; those that concern sizes at the next AddAction(), AddMenu() or
 /// ResetMenuWidth(). All sizes are logical pixels, all lists and images are copied. GUI thread only.
@@ -181,6 +182,9 @@ public:
     virtual void resetMenuSize(QString text);
 
 protected:
+    /// \since 1.0
+    bool event(QEvent *event) override;
+
     /// Width of \a text, as it stands, in the library's font at \a pixelSize.
     /// \since 1.0
     int menuItemLen(QString text, int pixelSize);
@@ -237,7 +241,7 @@ private:
     void paintBody(QPainter *painter);
     void paintItem(QPainter *painter, const ItemView &item);
     QPixmap itemPixmap(QAction *action, bool hovered);
-    QPixmap arrowPixmap() const;
+    QPixmap arrowPixmap();
     ScrollAreas scrollAreas() const;
     QAction *hoveredAction() const;
     void followHover(QAction *hovered, const QRegion &painted);
@@ -262,6 +266,8 @@ private:
     int m_radius = 0;
     bool m_subLevel = false;
     QString m_arrowFile;
+    QPixmap m_mirroredArrow; // of the picture with this cache key
+    qint64 m_mirroredOf = 0;
     int m_separatorRectHeight = 0;
     int m_separatorHeight = 0;
     QColor m_borderColor;

@@ -7,8 +7,8 @@
 /// Fill the menu with AppendMenuItem() and listen to sigActionTriggered(): as every CBPPushBtn with a menu it
 /// sends no released(), clicked() or toggled() by mouse or key, so that setCheckable(), setAutoRepeat() and a
 /// QButtonGroup are not for it. A text that does not fit ends in an ellipsis; an icon is not drawn. Screen
-/// readers are told a button with a menu, by the accessible name, the text or the tool tip. GUI thread only.
-/// \since 1.0
+/// readers are told a button with a menu, by the accessible name, the text or the tool tip. The focus ring is
+/// #2f86d8 at first. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPMenuBtn : public CBPPushBtn
 {
     Q_OBJECT

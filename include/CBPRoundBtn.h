@@ -5,7 +5,7 @@
 /// A push button in the shape of a circle, for an icon or a letter or two.
 ///
 /// Only the circle answers the mouse. Screen readers are told the accessible name; where none was set, the
-/// text or the tool tip. GUI thread only. \since 1.0
+/// text or the tool tip. The focus ring is #2f86d8 at first. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPRoundBtn : public CBPPushBtn
 {
     Q_OBJECT

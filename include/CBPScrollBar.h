@@ -44,6 +44,7 @@ public:
     void SetBarBg(QColor &color);
 
 protected:
+    bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
@@ -52,6 +53,7 @@ private:
     void DrawHorinalBar(QPainter &painter, const QStyleOptionSlider &option);
     QRect GetAvailableRect(const QStyleOptionSlider *option, QStyle::SubControl part);
     void drawParts(QPainter &painter, const QStyleOptionSlider &option);
+    void keepSlider();
 
     double m_dRadiusX;
     double m_dRadiusY;

@@ -4,7 +4,8 @@
 
 #include <QScrollArea>
 
-/// A scroll area without a frame.
+/// A scroll area without a frame, its scroll bars in the look of CBPStyle. With the keyboard focus it has a
+/// ring around it, which lies outside: leave it three pixels there.
 ///
 /// GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPScrollWnd : public QScrollArea

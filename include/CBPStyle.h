@@ -17,7 +17,8 @@ class StyleWatch;
 /// application, a style made without QStyleFactory) of the desktop's. Keyboard, mouse and screen readers find
 /// what they find without it.
 ///
-/// A style sheet, a palette of a widget and a style that is set after this one win. On a dark palette fields
+/// A style sheet, a palette whose QPalette::Base is not white (of a widget or of the application) and a style
+/// that is set after this one win. On a dark palette fields
 /// and rows take that palette's colours. Hover and focus fade within 120 milliseconds, unless the system asks
 /// for less motion. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPStyle : public QProxyStyle
@@ -37,9 +38,10 @@ public:
 
     /// Gives \a widget this look and, of a view, a combo box or a spin box, what it is made of: headers,
     /// scroll bars, the list that drops down, also those made later. What has a style of its own keeps it,
-    /// and children that the application puts into the widget are left alone. All widgets share one style,
-    /// which goes with the application. QWidget::setStyle(nullptr) takes the look from \a widget again. Null
-    /// is allowed. \since 1.0
+    /// and children that the application puts into the widget are left alone; only where there is a style
+    /// sheet around them, Qt has children without a style of their own follow their parent's. All widgets
+    /// share one style, which goes with the application. QWidget::setStyle(nullptr) takes the look from
+    /// \a widget again. Null is allowed. \since 1.0
     static void Apply(QWidget *widget);
 
     /// \cond

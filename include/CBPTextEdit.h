@@ -26,7 +26,8 @@ public:
     void setMaxLength(int maxLength);
 
     /// Sets the space between the frame and the text in pixels; less than 0 is 0. It has the ground that the
-    /// text has. \since 1.0
+    /// text has. The document's own margin comes on top (QTextDocument::documentMargin()): 6 pixels, and Qt's
+    /// 4 after setDocument(). \since 1.0
     void setTextMargin(int left, int top, int right, int bottom);
 
 protected:

@@ -82,8 +82,8 @@ public:
     /// the close button with a gap of 8 pixels between each two. Another \a index than 0 to their number
     /// appends. Null is ignored. The bar becomes the owner.
     ///
-    /// A CBPImageButton with the id 4, 16, 32 or 1024 becomes the bar's button of that id, if it has none;
-    /// screen readers are told what 4 and 16 do, unless the button has a name or a tool tip.
+    /// A CBPImageButton with the id 4, 16, 32 or 1024 becomes the bar's button of that id, if it has none.
+    /// Screen readers are told what 4 and 16 do, unless the button has a name or a tool tip.
     /// Connect its btn_released(int) to on_btn_clicekedSlot(int) to have its clicks reported. \since 1.0
     void InsertWidget(int index, QWidget *widget, int stretch, Qt::Alignment alignment);
 
@@ -139,7 +139,7 @@ private:
     void Init();
     void createLabels();
     void createButtons();
-    static void nameButton(CBPImageButton *button, QString &ownName, const QString &name);
+    static void nameButton(CBPImageButton *button, const QString &name);
     void createLayout();
     void retranslate();
     void nameButtons();
@@ -152,10 +152,6 @@ private:
     QPointer<QWidget> m_parentWindow;
     QHBoxLayout *m_rightRow = nullptr;
     QPointer<CBPImageButton> m_offerBtn;
-    QString m_minName; // what this bar named these
-    QString m_closeName;
-    QString m_maxName;
-    QString m_settingsName;
     QPointer<CBPImageButton> m_minBtn;
     QPointer<CBPImageButton> m_maxBtn;
     QPointer<CBPImageButton> m_closeBtn;

@@ -34,11 +34,13 @@ void EventLog::paintEvent(QPaintEvent *)
     theme::paintPanel(painter, rect());
     QRect line(kPadding + 4, kPadding, width() - 2 * kPadding - 8, kLineHeight);
     painter.setPen(theme::kCaption);
+    painter.setLayoutDirection(Qt::LeftToRight); // of the texts, which are English
+    const int start = int(theme::lineStart() | Qt::AlignVCenter);
     if (m_lines.isEmpty())
-        painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter, m_hint);
+        painter.drawText(line, start, m_hint);
     for (const QString &text : qAsConst(m_lines)) {
         painter.setPen(text == m_lines.first() ? theme::kInk : theme::kCaption);
-        painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter, text);
+        painter.drawText(line, start, text);
         line.translate(0, kLineHeight);
     }
 }

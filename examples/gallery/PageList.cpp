@@ -14,7 +14,8 @@ namespace {
 constexpr int kPageIdRole = Qt::UserRole;
 constexpr int kEntryHeight = 36;
 constexpr int kHeadingHeight = 40;
-constexpr int kTextLeft = 3 * theme::kUnit;
+constexpr int kTextStart = 3 * theme::kUnit;
+constexpr int kTextEnd = theme::kUnit;
 constexpr int kMarkWidth = 3;
 constexpr int kHoverAlpha = 14;
 constexpr int kCurrentAlpha = 26;
@@ -55,8 +56,8 @@ private:
     {
         painter.setFont(m_headingFont);
         painter.setPen(theme::kSideHeading);
-        painter.drawText(rect.adjusted(kTextLeft, 0, 0, -theme::kUnit), Qt::AlignLeft | Qt::AlignBottom,
-                         text);
+        const QRect place = rect.adjusted(kTextStart, 0, -kTextEnd, -theme::kUnit);
+        drawText(painter, rect, place, Qt::AlignBottom, text);
     }
 
     void paintEntry(QPainter &painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
@@ -67,15 +68,30 @@ private:
         if (current || hovered)
             painter.fillRect(rect, QColor(255, 255, 255, current ? kCurrentAlpha : kHoverAlpha));
         if (current)
-            painter.fillRect(QRect(rect.left(), rect.top(), kMarkWidth, rect.height()), theme::kAccentOnInk);
+            painter.fillRect(visual(rect, QRect(rect.left(), rect.top(), kMarkWidth, rect.height())),
+                             theme::kAccentOnInk);
         if (current && m_list->showsFocus()) {
             painter.setPen(QPen(theme::kRing, 2));
-            painter.drawRect(QRectF(rect).adjusted(kMarkWidth + 1, 1, -1, -1));
+            const QRect free = visual(rect, rect.adjusted(kMarkWidth, 0, 0, 0));
+            painter.drawRect(QRectF(free).adjusted(1, 1, -1, -1));
         }
         painter.setFont(current ? m_currentFont : m_font);
         painter.setPen(current ? QColor(Qt::white) : theme::kSideText);
-        painter.drawText(rect.adjusted(kTextLeft, 0, -theme::kUnit, 0), Qt::AlignLeft | Qt::AlignVCenter,
-                         index.data().toString());
+        const QRect place = rect.adjusted(kTextStart, 0, -kTextEnd, 0);
+        drawText(painter, rect, place, Qt::AlignVCenter, index.data().toString());
+    }
+
+    QRect visual(const QRect &row, const QRect &place) const
+    {
+        return QStyle::visualRect(m_list->layoutDirection(), row, place);
+    }
+
+    // `place` is that from left to right.
+    void drawText(QPainter &painter, const QRect &row, const QRect &place, Qt::Alignment vertical,
+                  const QString &text) const
+    {
+        painter.setLayoutDirection(Qt::LeftToRight); // of the texts, which are English
+        painter.drawText(visual(row, place), int(theme::lineStart() | vertical), text);
     }
 
     PageList *m_list;

@@ -1,11 +1,14 @@
 #include "Pose.h"
 
+#include "CBPPushBtn.h"
 #include "CBPWinFrm.h"
 
+#include <QAbstractButton>
 #include <QAbstractScrollArea>
 #include <QApplication>
 #include <QFocusEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <QWidget>
 
@@ -59,6 +62,16 @@ private:
     bool m_painting = false;
 };
 
+// Of what is selected, where it does not stand in a letter.
+void moveCursorToEnd(QWidget *sample)
+{
+    auto *edit = qobject_cast<QLineEdit *>(sample);
+    if (!edit && sample->inherits("QAbstractSpinBox"))
+        edit = sample->findChild<QLineEdit *>();
+    if (edit && edit->hasSelectedText())
+        edit->setSelection(edit->selectionStart(), edit->selectionLength());
+}
+
 } // namespace
 
 void put(QWidget *sample, State state)
@@ -74,12 +87,18 @@ void put(QWidget *sample, State state)
     case Pressed:
         sendEnter(sample);
         sendPress(sample);
+        // One that has no size yet may take its middle for a place beside what can be pressed.
+        if (auto *button = qobject_cast<QAbstractButton *>(sample))
+            button->setDown(true);
+        if (auto *button = qobject_cast<CBPPushBtn *>(sample))
+            button->setFocus(false); // its press marks it as focused, too
         break;
     case Focused: {
         sample->ensurePolished(); // a style that follows the focus begins to do so here
         QFocusEvent event(QEvent::FocusIn, Qt::TabFocusReason);
         QCoreApplication::sendEvent(sample, &event);
         new FocusWhilePainting(sample);
+        moveCursorToEnd(sample);
         break;
     }
     case Disabled:

@@ -2,6 +2,7 @@
 
 #include "CBPLinkerButton.h"
 #include "CBPPushBtn.h"
+#include "CButtonGroupBox.h"
 #include "Util.h"
 
 #include <QApplication>
@@ -17,6 +18,44 @@
 
 namespace theme {
 
+namespace {
+
+// The picture of a file, at the density that the screen needs.
+QPixmap load(QString file)
+{
+    const qreal ratio = qApp->devicePixelRatio();
+    const QFileInfo info(file);
+    const auto twin = [&info](qreal density) {
+        return info.dir().filePath(
+            QStringLiteral("%1@%2x.%3").arg(info.completeBaseName()).arg(density).arg(info.suffix()));
+    };
+    if (ratio > 1.0 && ratio < 2.0 && QFile::exists(twin(ratio))) {
+        QPixmap exact(twin(ratio));
+        exact.setDevicePixelRatio(ratio);
+        return exact;
+    }
+    if (ratio > 1.0 && QFile::exists(twin(2)))
+        file = twin(2); // Qt reads the density from the name
+    QImageReader reader(file);
+    if (info.suffix() == QLatin1String("svg"))
+        reader.setScaledSize(reader.size() * ratio);
+    QPixmap result = QPixmap::fromImageReader(&reader);
+    if (info.suffix() == QLatin1String("svg"))
+        result.setDevicePixelRatio(ratio);
+    return result;
+}
+
+QPixmap tinted(const QString &file, const QColor &color)
+{
+    QPixmap result = load(file);
+    QPainter painter(&result);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(QRect(QPoint(0, 0), result.size()), color);
+    return result;
+}
+
+} // namespace
+
 QFont font(Weight weight, int pixelSize)
 {
     static const char *const keys[] = {"font_light", "font_normal", "font_semibold", "font_bold"};
@@ -29,12 +68,19 @@ QFont font(Weight weight, int pixelSize)
     return result;
 }
 
+// Qt would turn it once more for each text that is written from right to left.
+Qt::Alignment lineStart()
+{
+    return QApplication::isRightToLeft() ? Qt::AlignRight | Qt::AlignAbsolute : Qt::Alignment(Qt::AlignLeft);
+}
+
 QLabel *label(const QString &text, Weight weight, int pixelSize, const QColor &color, bool wrapped)
 {
     auto *result = new QLabel(text);
     result->setFont(font(weight, pixelSize));
     result->setTextFormat(Qt::PlainText);
     result->setWordWrap(wrapped);
+    result->setAlignment(lineStart() | Qt::AlignVCenter);
     QPalette palette = result->palette();
     palette.setColor(QPalette::WindowText, color);
     result->setPalette(palette);
@@ -46,6 +92,16 @@ QVector<QColor> accents()
     return {kAccent, kAccentHovered, kAccentPressed, kAccentDisabled};
 }
 
+QVector<QColor> waitingGrounds()
+{
+    return {kAccent, kAccentHovered, kAccentPressed, QColor(201, 229, 252)};
+}
+
+QVector<QColor> waitingTexts()
+{
+    return {Qt::white, Qt::white, Qt::white, kAccentPressed};
+}
+
 CBPPushBtn *primaryButton(const QString &text, QWidget *parent)
 {
     auto *result = new CBPPushBtn(text, parent);
@@ -53,6 +109,45 @@ CBPPushBtn *primaryButton(const QString &text, QWidget *parent)
     result->setFrmColor(accents());
     result->setTextColor(QVector<QColor>(4, Qt::white));
     return result;
+}
+
+CButtonGroupBox *buttonGroup(bool exclusive)
+{
+    auto *group = new CButtonGroupBox(exclusive, nullptr);
+    group->SetBgClr({Qt::white, kAccentHovered, kAccent, Qt::white});
+    group->SetTextClr(groupTexts());
+    return group;
+}
+
+QVector<QColor> groupTexts()
+{
+    return {kAccent, Qt::white, Qt::white, QColor(150, 158, 168)};
+}
+
+void lowerButtons(CButtonGroupBox *group)
+{
+    constexpr int kFrame = 1;
+    const auto buttons = group->findChildren<CBPPushBtn *>();
+    for (CBPPushBtn *button : buttons)
+        button->setFixedHeight(kControlHeight - 2 * kFrame);
+}
+
+void setTintedIcon(CBPPushBtn *button, const QString &file, const QVector<QColor> &textColors, bool selected)
+{
+    constexpr QIcon::Mode modes[] = {QIcon::Normal, QIcon::Active, QIcon::Selected, QIcon::Disabled};
+    constexpr int kPressed = 2, kDisabled = 3;
+    QIcon icon;
+    for (int state = 0; state <= kDisabled; ++state) {
+        // A selected button has the pressed look until it is disabled.
+        const int look = selected && state != kDisabled ? kPressed : state;
+        icon.addPixmap(tinted(file, textColors[look]), modes[state]);
+    }
+    // The button that sizes itself would do so anew.
+    const bool fixed = button->minimumWidth() == button->maximumWidth();
+    const int width = button->maximumWidth();
+    button->setIcon(icon);
+    if (fixed)
+        button->setFixedWidth(width);
 }
 
 CBPLinkerButton *link(const QString &text, QWidget *parent)
@@ -94,27 +189,7 @@ QStringList spinnerFrames()
 
 QPixmap picture(const QString &name)
 {
-    const qreal ratio = qApp->devicePixelRatio();
-    QString file = picturePath(name);
-    const QFileInfo info(file);
-    const auto twin = [&info](qreal density) {
-        return info.dir().filePath(
-            QStringLiteral("%1@%2x.%3").arg(info.completeBaseName()).arg(density).arg(info.suffix()));
-    };
-    if (ratio > 1.0 && ratio < 2.0 && QFile::exists(twin(ratio))) {
-        QPixmap exact(twin(ratio));
-        exact.setDevicePixelRatio(ratio);
-        return exact;
-    }
-    if (ratio > 1.0 && QFile::exists(twin(2)))
-        file = twin(2); // Qt reads the density from the name
-    QImageReader reader(file);
-    if (info.suffix() == QLatin1String("svg"))
-        reader.setScaledSize(reader.size() * ratio);
-    QPixmap result = QPixmap::fromImageReader(&reader);
-    if (info.suffix() == QLatin1String("svg"))
-        result.setDevicePixelRatio(ratio);
-    return result;
+    return load(picturePath(name));
 }
 
 void setUpColors()

@@ -7,6 +7,7 @@
 
 class CBPLinkerButton;
 class CBPPushBtn;
+class CButtonGroupBox;
 class QLabel;
 class QPainter;
 class QPixmap;
@@ -43,6 +44,9 @@ enum Weight { Light = 0, Normal = 1, Semibold = 2, Bold = 3 };
 // The family of a weight from the font table the library uses, as a font of `pixelSize`.
 QFont font(Weight weight, int pixelSize);
 
+// Where a line of English begins in this program's direction: at the right if its pages begin there.
+Qt::Alignment lineStart();
+
 // A label in that font and colour. `wrapped`: as wide as there is room, over several lines.
 QLabel *label(const QString &text, Weight weight, int pixelSize, const QColor &color, bool wrapped = false);
 
@@ -50,8 +54,24 @@ QLabel *label(const QString &text, Weight weight, int pixelSize, const QColor &c
 // hovered, pressed, disabled.
 QVector<QColor> accents();
 
+// The same for a button that waits: it is disabled meanwhile, and its text is to be read all the more.
+QVector<QColor> waitingGrounds();
+QVector<QColor> waitingTexts();
+
 // The button of what is done most: a white text on the accent.
 CBPPushBtn *primaryButton(const QString &text, QWidget *parent = nullptr);
+
+// A group of buttons in the accent, the selected one filled; for those that are added from now on.
+CButtonGroupBox *buttonGroup(bool exclusive);
+QVector<QColor> groupTexts();
+
+// A group is as high as its buttons and its frame: lowers its buttons so that it is as high as other
+// controls.
+void lowerButtons(CButtonGroupBox *group);
+
+// The picture of a file in the colour that the text of a button has in each state; that of a selected one
+// does not follow by itself.
+void setTintedIcon(CBPPushBtn *button, const QString &file, const QVector<QColor> &textColors, bool selected);
 
 // A link in the accent.
 CBPLinkerButton *link(const QString &text, QWidget *parent = nullptr);

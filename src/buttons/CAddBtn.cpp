@@ -62,6 +62,7 @@ CAddBtn::~CAddBtn() = default;
 void CAddBtn::init()
 {
     lumqt::installAccessible("CAddBtn", makeAccessible);
+    setFocusFrameColor(lumqt::kFocusRingColor);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
@@ -87,6 +88,7 @@ void CAddBtn::drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, int i
         return QStyle::visualRect(layoutDirection(), rect, place);
     };
     drawMark(*painter, visual(QRect(topLeft, QSize(kMark, kMark))).topLeft(), pen.color());
+    painter->setLayoutDirection(label.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight); // of the ellipsis
     if (!label.isEmpty())
         painter->drawText(visual(QRect(topLeft.x() + kMark + kGap, rect.y(), advance, rect.height())),
                           Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextDontClip, label);

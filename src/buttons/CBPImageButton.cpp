@@ -160,8 +160,7 @@ void CBPImageButton::SetSelect(bool selected)
 void CBPImageButton::SetBtnShow(bool show)
 {
     m_shown = show;
-    if (!show)
-        lumqt::setRingAround(this, false); // what it draws itself goes with the next paint
+    updateRing();
 }
 
 void CBPImageButton::SetHight(int height)
@@ -391,12 +390,12 @@ bool CBPImageButton::event(QEvent *event)
 void CBPImageButton::focusLost(Qt::FocusReason reason)
 {
     if (m_press == lumqt::Press::Space) {
-        // The release of the key will go elsewhere.
+        // The release of the key will go elsewhere. That of the mouse comes here, and Escape is still its.
+        m_press = lumqt::Press::None;
         setDown(false);
         if (!m_selected)
             m_index = underMouse() ? ENStateHover : ENStateNormal;
     }
-    lumqt::focusMoved(m_press);
     lumqt::focusLost(m_focusMark, reason);
     updateRing();
 }

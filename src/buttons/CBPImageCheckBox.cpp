@@ -61,6 +61,7 @@ void CBPImageCheckBox::SetImages(const QVector<QString> &unchecked, const QVecto
     const bool complete = unchecked.size() == kStates && checked.size() == kStates;
     m_images = complete ? unchecked + checked : QVector<QString>();
     m_mark->forget();
+    updateRing();
     updateGeometry();
     update();
 }

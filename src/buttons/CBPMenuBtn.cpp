@@ -50,6 +50,7 @@ CBPMenuBtn::CBPMenuBtn(QString text, QWidget *parent) : CBPPushBtn(parent)
     setHasMenu(true);
     m_arrowWidth = m_arrowHeight = 0; // the triangle stands behind the text, and is drawn here
     setTextElided(true);
+    setFocusFrameColor(lumqt::kFocusRingColor);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 

@@ -133,6 +133,7 @@ void CBPPushBtn::SetFont(const QFont &font)
 {
     m_font = font;
     autoResizeBtn();
+    updateGeometry();
     update();
 }
 

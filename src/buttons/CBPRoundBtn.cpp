@@ -2,6 +2,7 @@
 
 #include "ENState.h"
 #include "foundation/Accessible.h"
+#include "foundation/Look.h"
 
 #include <QCursor>
 #include <QMouseEvent>
@@ -27,6 +28,7 @@ CBPRoundBtn::CBPRoundBtn(int diameter, int id, QWidget *parent) : CBPPushBtn(QSt
     setParent(parent);
     setMouseTracking(true); // it enters the circle after the corner
     SetDiameter(diameter);
+    setFocusFrameColor(lumqt::kFocusRingColor);
 }
 
 CBPRoundBtn::~CBPRoundBtn() = default;

@@ -132,10 +132,18 @@ void CButtonGroupBox::drawSeparators(QPainter &painter) const
 }
 
 // Where a line of one pixel is two device pixels thick, the gap between two buttons may be one: the buttons
-// paint what they cover of the lines. The painter is in the group's coordinates.
+// paint what they cover of the lines. Where an application leaves the lines no room, they cover them. The
+// painter is in the group's coordinates.
 void CButtonGroupBox::drawOverButton(QPainter &painter) const
 {
+    const QMargins room = contentsMargins();
+    Qt::Edges edges;
+    edges.setFlag(Qt::LeftEdge, room.left() > 0);
+    edges.setFlag(Qt::TopEdge, room.top() > 0);
+    edges.setFlag(Qt::RightEdge, room.right() > 0);
+    edges.setFlag(Qt::BottomEdge, room.bottom() > 0);
     if (m_bDrawFrame)
-        lumqt::fillFramed(painter, QRectF(rect()), QColor(), frameColor());
-    drawSeparators(painter);
+        lumqt::fillEdges(painter, QRectF(rect()), edges, frameColor());
+    if (layout()->spacing() > 0)
+        drawSeparators(painter);
 }

@@ -95,11 +95,12 @@ void GroupButton::paintEvent(QPaintEvent *event)
     }
     if (m_focusMark != FocusMark::Shown || !isEnabled())
         return;
-    drawFocusRing(painter, rect());
+    drawFocusRing(painter, rect(), 0, 0);
     if (qGray(paintedBgColor(isSelected() ? kPressed : state()).rgb()) >= kLightGround)
         return;
     Body air; // or the ring would not be seen on a ground as blue as it
     air.frame = Qt::white;
+    air.frameWidth = kFocusRingWidth;
     constexpr int ring = kFocusRingWidth;
     drawBody(painter, rect().adjusted(ring, ring, -ring, -ring), air);
 }

@@ -131,6 +131,7 @@ void CBPDateSelector::Layout(QWidget *parent)
     connect(m_pCalendarBtn, SIGNAL(btn_released(int)), this, SLOT(OnCalendarBtn(int)));
     setFocusProxy(m_pDateEdit);
     m_pFrame = new lumqt::FrameAbove(this);
+    chooseSides();
     updateLook();
 }
 
@@ -289,9 +290,21 @@ bool CBPDateSelector::event(QEvent *event)
 
 void CBPDateSelector::changeEvent(QEvent *event)
 {
-    if (event->type() == QEvent::EnabledChange || event->type() == QEvent::LayoutDirectionChange)
+    if (event->type() == QEvent::LayoutDirectionChange)
+        chooseSides();
+    if (event->type() == QEvent::EnabledChange)
         updateLook();
     QWidget::changeEvent(event);
+}
+
+// Once for a direction: what an application sets after that stays.
+void CBPDateSelector::chooseSides()
+{
+    if (!m_pBox || !m_pDateEdit)
+        return;
+    const QMargins mirrored(kMargins.right(), kMargins.top(), kMargins.left(), kMargins.bottom());
+    m_pBox->setContentsMargins(isRightToLeft() ? mirrored : kMargins);
+    static_cast<DateField *>(m_pDateEdit.data())->setSide(layoutDirection());
 }
 
 // The ground of box and field are one.
@@ -299,9 +312,6 @@ void CBPDateSelector::updateLook()
 {
     if (!m_pBox || !m_pDateEdit || !m_pFrame)
         return;
-    const QMargins mirrored(kMargins.right(), kMargins.top(), kMargins.left(), kMargins.bottom());
-    m_pBox->setContentsMargins(isRightToLeft() ? mirrored : kMargins);
-    static_cast<DateField *>(m_pDateEdit.data())->setSide(layoutDirection());
     QStyleOption option;
     option.initFrom(m_pDateEdit);
     m_pBox->SetBgClr(lumqt::StyleColors(option).ground);

@@ -43,7 +43,7 @@ void FrameAbove::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     if (m_ring) {
-        drawFocusRing(painter, rect());
+        drawFocusRing(painter, rect(), 0, 0);
         return;
     }
     Body frame;

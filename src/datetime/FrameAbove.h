@@ -10,11 +10,12 @@ namespace lumqt {
 // there would be as much to see. Mouse and keyboard pass through.
 class FrameAbove : public QWidget
 {
-    Q_OBJECT // style sheets give a plain QWidget their ground
+    // Style sheets give a plain QWidget their ground.
+    Q_OBJECT
 
-        public :
-        // Lies along the edges of `around`, which owns it, whatever its size.
-        explicit FrameAbove(QWidget *around);
+public:
+    // Lies along the edges of `around`, which owns it, whatever its size.
+    explicit FrameAbove(QWidget *around);
 
     void setColor(const QColor &color);
     // The ring of the keyboard focus in its place.

@@ -325,10 +325,9 @@ void CBPPopWnd::paintEvent(QPaintEvent *)
     painter.setClipping(false);
 
     if (statusBox() && statusBox()->isVisibleTo(this) && drawsBottomLine()) {
-        QRectF line =
-            lumqt::wholeDevicePixels(painter, QRect(whole.left(), statusBox()->y(), whole.width(), 1));
-        const qreal ratio = devicePixelRatioF();
-        line.setHeight(qMax(1, qRound(ratio)) / ratio); // the same wherever the line lies at 150 per cent
+        const QRectF place(whole.left(), statusBox()->y(), whole.width(), 1);
+        QRectF line = lumqt::wholeDevicePixels(painter, place); // from edge to edge of the body
+        line.setHeight(lumqt::evenDevicePixels(painter, place).height());
         painter.fillRect(line, kBottomLine);
     }
     drawFocusRing(painter);

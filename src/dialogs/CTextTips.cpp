@@ -4,6 +4,7 @@
 #include "dialogs/WrappedLabel.h"
 #include "foundation/Accessible.h"
 #include "foundation/FontLookup.h"
+#include "foundation/StyledGround.h"
 
 #include <QEvent>
 #include <QLabel>
@@ -37,7 +38,7 @@ protected:
         if (event->type() != QEvent::Polish && event->type() != QEvent::StyleChange)
             return false;
         watched->event(event); // in which the style asks for the ground
-        static_cast<QWidget *>(watched)->setAttribute(Qt::WA_StyledBackground, false);
+        lumqt::refuseStyledGround(static_cast<QWidget *>(watched), event);
         return true;
     }
 };

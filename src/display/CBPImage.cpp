@@ -42,12 +42,12 @@ QAccessibleInterface *makeAccessible(QWidget *widget)
 // A path may leave the suffix out, as that of a QPixmap may.
 QString fileOf(const QString &path)
 {
-    if (path.isEmpty() || QFileInfo::exists(path))
+    if (path.isEmpty() || QFileInfo(path).isFile()) // a folder may have the picture's name
         return path;
     const QList<QByteArray> formats = QImageReader::supportedImageFormats();
     for (const QByteArray &format : formats) {
         const QString file = path + QLatin1Char('.') + QString::fromLatin1(format);
-        if (QFileInfo::exists(file))
+        if (QFileInfo(file).isFile())
             return file;
     }
     return path;

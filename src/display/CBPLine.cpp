@@ -54,5 +54,7 @@ void CBPLine::paintEvent(QPaintEvent *)
     QRect bar = m_label->geometry();
     bar.setHeight(kBarHeight);
     QPainter painter(this);
-    painter.fillRect(lumqt::evenDevicePixels(painter, bar), kBarColor);
+    QRectF place = lumqt::wholeDevicePixels(painter, bar); // as long as its place, as thick as any other
+    place.setHeight(lumqt::evenDevicePixels(painter, bar).height());
+    painter.fillRect(place, kBarColor);
 }

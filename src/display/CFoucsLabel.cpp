@@ -384,7 +384,6 @@ void CFoucsLabel::drawText(QPainter &painter, const QRect &place)
             ? m_text
             : QFontMetrics(font).elidedText(m_text.left(place.width() + 1), Qt::ElideRight, place.width());
     QRect line = place;
-    painter.setLayoutDirection(shown.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight); // of the ellipsis
     if (isRightToLeft())
         line.setLeft(qMax(place.left(), place.right() + 1 - m_layout->lineSize(shown, font).width()));
     painter.setPen(textColor());

@@ -159,6 +159,13 @@ SpokenSlider::SpokenSlider(std::function<QString()> spokenValue)
     setAttribute(Qt::WA_Hover);
 }
 
+// Who deletes the slider alone leaves its parent without the focus.
+SpokenSlider::~SpokenSlider()
+{
+    if (parentWidget())
+        setRingAround(parentWidget(), false);
+}
+
 // The style's own height leaves the ticks, which are painted below the middle, no room.
 QSize SpokenSlider::sizeHint() const
 {
@@ -215,6 +222,7 @@ void SpokenSlider::mousePressEvent(QMouseEvent *event)
         m_grabbedAt = x - handle.center().x();
     }
     const QPointer<SpokenSlider> alive(this);
+    update(); // of the halo, before what is connected to the press
     setSliderDown(true);
     if (alive && !m_handleOf)
         setSliderPosition(m_valueAt(*this, x));
@@ -255,8 +263,9 @@ void SpokenSlider::mouseReleaseEvent(QMouseEvent *event)
     }
     event->accept();
     setRepeatAction(SliderNoAction);
+    update();
     if (isSliderDown())
-        setSliderDown(false);
+        setSliderDown(false); // what is connected to it may delete the slider
 }
 
 SliderParts makeSliderParts(QWidget *owner, std::function<QString()> spokenValue)
@@ -296,11 +305,11 @@ void drawSliderHandle(QPainter &painter, const QSlider &slider, const QPoint &to
 {
     const QRect place(topLeft, QSize(kSliderHandle, kSliderHandle));
     if (slider.isEnabled() && (slider.underMouse() || slider.isSliderDown())) {
-        const QRect around = place.adjusted(-kHalo, -kHalo, kHalo, kHalo) & slider.rect();
+        const QRect around = place.adjusted(-kHalo, -kHalo, kHalo, kHalo);
         Body halo;
         halo.fill = color;
         halo.fill.setAlpha(slider.isSliderDown() ? kPressedAlpha : kHoverAlpha);
-        halo.radiusX = halo.radiusY = qMin(around.width(), around.height()) / 2.0;
+        halo.radiusX = halo.radiusY = around.width() / 2.0;
         drawBody(painter, around, halo);
     }
     Body disc;

@@ -24,6 +24,7 @@ class SpokenSlider : public QSlider
 
 public:
     explicit SpokenSlider(std::function<QString()> spokenValue);
+    ~SpokenSlider() override;
 
     void setLabels(const QStringList &labels) { m_labels = labels; }
 

@@ -37,19 +37,19 @@ bool hasFrame(const QStyleOption *option)
 
 } // namespace
 
-CBPStyle::CBPStyle() : QProxyStyle(lumqt::applicationStyleKey()), m_pWatch(new lumqt::StyleWatch(this)) {}
+CBPStyle::CBPStyle() : QProxyStyle(lumqt::applicationStyleKey()), m_pWatch(new lumqt::StyleWatch(this))
+{
+    setObjectName(lumqt::applicationStyleKey()); // so that proxies go on to find the kind of style
+}
 
 CBPStyle::~CBPStyle() = default;
 
 void CBPStyle::Install()
 {
-    static QPointer<CBPStyle> installed;
-    if (installed || !qobject_cast<QApplication *>(QCoreApplication::instance()))
+    if (!qobject_cast<QApplication *>(QCoreApplication::instance()) ||
+        QApplication::style()->styleHint(lumqt::kIsOurs) == lumqt::kOurs)
         return;
-    const QString key = lumqt::applicationStyleKey();
-    installed = new CBPStyle;
-    installed->setObjectName(key); // so that proxies go on to find the kind of style
-    QApplication::setStyle(installed);
+    QApplication::setStyle(new CBPStyle);
 }
 
 void CBPStyle::Apply(QWidget *widget)
@@ -97,9 +97,18 @@ void CBPStyle::drawControl(ControlElement element, const QStyleOption *option, Q
          lumqt::drawViewControl(element, *option, canvas) || lumqt::drawBarControl(element, *option, canvas)))
         return;
     const auto *item = qstyleoption_cast<const QStyleOptionViewItem *>(option);
-    if (element == CE_ItemViewItem && item && item->state & State_Selected) {
-        const QStyleOptionViewItem selected = lumqt::selectedItem(*item, *this);
-        QProxyStyle::drawControl(element, &selected, painter, widget);
+    if (element == CE_ItemViewItem && item) {
+        QStyleOptionViewItem row =
+            item->state & State_Selected ? lumqt::selectedItem(*item, *this) : QStyleOptionViewItem(*item);
+        if (m_pWatch->knows(widget))
+            row.state &= ~State_HasFocus; // the ring lies below what is in the row, see drawItem()
+        QProxyStyle::drawControl(element, &row, painter, widget);
+        return;
+    }
+    const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option);
+    if (element == CE_PushButtonLabel && button) {
+        const QStyleOptionButton label = lumqt::pushButtonLabel(*button, *this);
+        QProxyStyle::drawControl(element, &label, painter, widget);
         return;
     }
     QProxyStyle::drawControl(element, option, painter, widget);
@@ -135,6 +144,8 @@ QRect CBPStyle::subElementRect(SubElement element, const QStyleOption *option, c
             const int beside = lumqt::kFieldInset - lumqt::kLineEditMargin;
             return option->rect.adjusted(beside, lumqt::kFocusRingWidth, -beside, -lumqt::kFocusRingWidth);
         }
+        if (const int beside = lumqt::editorInset(widget)) // where the row has its text
+            return option->rect.adjusted(beside, 0, -beside, 0);
         break;
     case SE_ShapedFrameContents:
         if (isStyledPanel(option) && qobject_cast<const QAbstractScrollArea *>(widget)) {
@@ -180,27 +191,34 @@ QSize CBPStyle::sizeFromContents(ContentsType type, const QStyleOption *option, 
     constexpr int inset = lumqt::kFieldInset;
     const int text = option ? option->fontMetrics.height() + 2 * lumqt::kFieldPadding : 0;
     const int height = qMax(lumqt::kFieldHeight, text);
+    const int withRing = qMax(height, size.height() + 2 * lumqt::kFocusRingWidth); // of fields
     switch (type) {
     case CT_LineEdit:
         if (hasFrame(option))
-            return QSize(size.width() + 2 * (inset - lumqt::kLineEditMargin), height);
+            return QSize(size.width() + 2 * (inset - lumqt::kLineEditMargin), withRing);
         break;
     case CT_ComboBox:
         if (const auto *combo = qstyleoption_cast<const QStyleOptionComboBox *>(option))
             return QSize(size.width() + (combo->frame ? 2 * inset : 2) + lumqt::kDropWidth,
-                         combo->frame ? qMax(height, size.height() + 2 * lumqt::kFocusRingWidth)
-                                      : size.height());
+                         combo->frame ? withRing : size.height());
         break;
     case CT_SpinBox:
         if (const auto *spin = qstyleoption_cast<const QStyleOptionSpinBox *>(option)) {
             const int steps = spin->buttonSymbols == QAbstractSpinBox::NoButtons ? 0 : lumqt::kStepWidth;
             return QSize(size.width() + steps + (spin->frame ? 2 * (inset - lumqt::kLineEditMargin) : 0),
-                         spin->frame ? height : size.height());
+                         spin->frame ? withRing : size.height());
         }
         break;
     case CT_PushButton: {
         const QSize wanted = QProxyStyle::sizeFromContents(type, option, size, widget);
         return QSize(wanted.width(), qMax(wanted.height(), lumqt::kFieldHeight));
+    }
+    case CT_ItemViewItem: {
+        const auto *item = qstyleoption_cast<const QStyleOptionViewItem *>(option);
+        const QSize wanted = QProxyStyle::sizeFromContents(type, option, size, widget);
+        if (!item || !(item->features & QStyleOptionViewItem::HasCheckIndicator))
+            return wanted;
+        return QSize(wanted.width(), qMax(wanted.height(), lumqt::kIndicatorRow));
     }
     case CT_HeaderSection:
         if (const auto *header = qstyleoption_cast<const QStyleOptionHeader *>(option))
@@ -222,7 +240,7 @@ int CBPStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const 
         return lumqt::kIndicator + (lumqt::hasRows(widget) ? 0 : 2 * lumqt::kIndicatorRoom);
     case PM_CheckBoxLabelSpacing:
     case PM_RadioButtonLabelSpacing:
-        return lumqt::kIndicatorRoom;
+        return lumqt::kIndicatorGap - lumqt::kIndicatorRoom;
     case PM_HeaderMarkSize:
         return lumqt::kTriangleWidth + lumqt::kIconGap;
     case PM_ScrollBarExtent:

@@ -2,8 +2,7 @@
 
 #include "foundation/Painting.h"
 
-#include <QCommonStyle>
-#include <QCoreApplication>
+#include <QAbstractScrollArea>
 #include <QEvent>
 #include <QFocusFrame>
 #include <QFontMetrics>
@@ -11,8 +10,6 @@
 #include <QPainter>
 #include <QPixmap>
 #include <QPointer>
-#include <QStyleHintReturnMask>
-#include <QStyleOption>
 
 namespace lumqt {
 
@@ -20,68 +17,110 @@ namespace {
 
 constexpr int kFaint = 24; // alpha that counts for nothing: shadows, antialiased edges
 
-// Tells Qt's frame how far out it lies, and what it looks like.
-class RingStyle : public QCommonStyle
+// What the ring lies on: the window, or the viewport that the widget is scrolled in.
+QWidget *surfaceOf(QWidget *widget)
 {
-public:
-    int pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const override
-    {
-        const bool margin = metric == PM_FocusFrameHMargin || metric == PM_FocusFrameVMargin;
-        return margin ? kRingMargin : QCommonStyle::pixelMetric(metric, option, widget);
+    QWidget *surface = widget;
+    while (!surface->isWindow()) {
+        QWidget *parent = surface->parentWidget();
+        const bool scrolled = surface != widget && qobject_cast<QAbstractScrollArea *>(parent);
+        if (scrolled || surface->windowType() == Qt::SubWindow)
+            break;
+        surface = parent;
     }
-
-    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
-                  QStyleHintReturn *answer) const override
-    {
-        if (hint == SH_FocusFrame_AboveWidget) // else the widget's parent would cut the ring
-            return 1;
-        if (hint != SH_FocusFrame_Mask)
-            return QCommonStyle::styleHint(hint, option, widget, answer);
-        if (auto *mask = qstyleoption_cast<QStyleHintReturnMask *>(answer)) {
-            const QRect inner = option->rect.adjusted(kRingMargin, kRingMargin, -kRingMargin, -kRingMargin);
-            mask->region = QRegion(option->rect) - inner;
-        }
-        return 1;
-    }
-
-    void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
-                     const QWidget *widget) const override
-    {
-        if (element == CE_FocusFrame)
-            drawFocusRing(*painter, option->rect);
-        else
-            QCommonStyle::drawControl(element, option, painter, widget);
-    }
-};
-
-QStyle *ringStyle()
-{
-    static QPointer<QStyle> style;
-    if (!style) {
-        style = new RingStyle;
-        style->setParent(QCoreApplication::instance());
-    }
-    return style;
+    return surface;
 }
 
+// Above the widget's neighbours, or else its parent would cut the ring. It does all by itself that Qt's frame
+// does: that one hides for good from what Tab has to scroll to, and leaves its look to style sheets. It is
+// one nevertheless, because Qt's containers take such a frame for none of their pages.
 class RingFrame : public QFocusFrame
 {
 public:
-    explicit RingFrame(QWidget *around) : QFocusFrame(around->window())
-    {
-        setStyle(ringStyle());
-        setWidget(around);
-    }
+    explicit RingFrame(QWidget *around) : m_around(around) { attach(); }
 
 protected:
-    // Qt's frame hides when the widget's style changes, for good.
     bool eventFilter(QObject *watched, QEvent *event) override
     {
-        return event->type() != QEvent::StyleChange && QFocusFrame::eventFilter(watched, event);
+        switch (event->type()) {
+        case QEvent::Move:
+        case QEvent::Resize:
+        case QEvent::Show:
+        case QEvent::Hide:
+            settle();
+            break;
+        case QEvent::ZOrderChange:
+            raise();
+            break;
+        case QEvent::ParentChange:
+            if (watched != m_around) // of whom the keeper takes care
+                attach();
+            break;
+        default:
+            break;
+        }
+        return false;
     }
+
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        drawFocusRing(painter, rect());
+    }
+
+private:
+    void attach()
+    {
+        QWidget *surface = surfaceOf(m_around);
+        setParent(surface);
+        for (QWidget *each = m_around; each != surface; each = each->parentWidget())
+            each->installEventFilter(this);
+        surface->installEventFilter(this);
+        settle();
+    }
+
+    void settle()
+    {
+        if (!m_around->isVisible() || surfaceOf(m_around) != parentWidget()) {
+            hide();
+            return;
+        }
+        QRect whole = m_around->rect();
+        QRect shown = whole; // what its parents leave of it
+        for (QWidget *each = m_around; each != parentWidget(); each = each->parentWidget()) {
+            whole.translate(each->pos());
+            shown = shown.translated(each->pos()) & each->parentWidget()->rect();
+        }
+        if (shown.isEmpty()) {
+            hide();
+            return;
+        }
+        place(whole, shown);
+        if (isHidden()) {
+            raise();
+            show();
+        }
+    }
+
+    // Where there is no outside the ring lies inside, but it stays outside where the widget is cut itself.
+    void place(const QRect &whole, const QRect &shown)
+    {
+        const QRect room = parentWidget()->rect();
+        const auto side = [](int left) { return left < 0 ? kRingMargin : qMin(kRingMargin, left); };
+        const QMargins outside(side(whole.left()), side(whole.top()), side(room.right() - whole.right()),
+                               side(room.bottom() - whole.bottom()));
+        setMinimumSize(0, 0); // whatever a style sheet says
+        setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+        setGeometry(whole.marginsAdded(outside));
+        const QMargins band(kRingMargin, kRingMargin, kRingMargin, kRingMargin);
+        setMask((QRegion(rect()) - rect().marginsRemoved(band)) &
+                shown.marginsAdded(band).translated(-pos()));
+    }
+
+    QWidget *m_around;
 };
 
-// Goes with the widget, and the ring with it: Qt's frame keeps the widget's address. A widget that is not in
+// Goes with the widget, and the ring with it: the frame keeps the widget's address. A widget that is not in
 // its window yet gets the ring when it is shown there.
 class RingKeeper : public QObject
 {
@@ -107,7 +146,7 @@ protected:
 private:
     void place()
     {
-        if (!m_frame && !m_widget->isWindow())
+        if (!m_frame)
             m_frame = new RingFrame(m_widget);
     }
 

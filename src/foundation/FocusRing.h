@@ -14,11 +14,12 @@ class QWidget;
 // button, a field, an indicator) draws the same ring at its edge, with drawFocusRing().
 namespace lumqt {
 
-// From the widget's edge to the ring's outer edge: the ring, and a pixel of air.
-constexpr int kRingMargin = 3;
+// From the widget's edge to the ring's outer edge: the ring, and two pixels of air beside letters.
+constexpr int kRingMargin = 4;
 
-// Shows the ring around `widget`, or takes it away. It follows the widget, hides with it and goes with it. A
-// window has no outside and gets none. GUI thread only.
+// Shows the ring around `widget`, or takes it away. It follows the widget, hides with it and goes with it. At
+// the edge of the window or the viewport, and around a window itself, there is no outside: it lies inside
+// there. GUI thread only.
 LUMQT_TESTED void setRingAround(QWidget *widget, bool shown);
 
 // Whether `ink` leaves the room that a ring at the inner edge of `all` takes, and a pixel of air.

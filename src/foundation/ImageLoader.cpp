@@ -5,6 +5,7 @@
 
 #include <QCache>
 #include <QCoreApplication>
+#include <QFile>
 #include <QImageReader>
 #include <QPainter>
 #include <QSharedPointer>
@@ -22,7 +23,8 @@ constexpr qint64 kMaxPixels = 8192 * 8192;
 constexpr int kCacheKiB = 48 * 1024; // decoded pictures
 constexpr int kParsedDrawings = 256; // SVG files kept parsed
 constexpr qreal kHighDensity = 2.0;
-constexpr int kSteps = 4; // between two whole ratios: those that systems offer
+const char kPackedDrawing[] = "svgz"; // Qt's name for it
+constexpr int kSteps = 4;             // between two whole ratios: those that systems offer
 
 // A file of the same picture that is drawn for another ratio: "name@2x.png".
 struct Twin
@@ -105,7 +107,7 @@ bool isDrawing(const QString &file)
     if (!file.endsWith(QLatin1String(".svg")))
         return false;
     const QByteArray content = QImageReader::imageFormat(file);
-    return content.isEmpty() || content == "svg";
+    return content.isEmpty() || content == "svg" || content == kPackedDrawing;
 }
 
 bool isReasonable(const QSize &size, const QString &file)
@@ -124,7 +126,13 @@ QSharedPointer<QSvgRenderer> parsedDrawing(const QString &file, const FileLook &
         if (known->look.holdsFor(look.stamp))
             return known->renderer;
     }
-    auto renderer = QSharedPointer<QSvgRenderer>::create(file);
+    auto renderer = QSharedPointer<QSvgRenderer>::create();
+    QFile packed(file);
+    // By its name alone Qt would not know that it is to be unpacked.
+    if (QImageReader::imageFormat(file) == kPackedDrawing && packed.open(QIODevice::ReadOnly))
+        renderer->load(packed.readAll());
+    else
+        renderer->load(file);
     drawings().insert(file, new Drawing{renderer, look});
     return renderer;
 }

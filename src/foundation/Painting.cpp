@@ -7,6 +7,7 @@
 #include <QPaintEngine>
 #include <QPainter>
 #include <QPixmap>
+#include <QStyle>
 #include <QTextOption>
 
 #include <cmath>
@@ -59,10 +60,17 @@ QCache<BodyKey, QPixmap> &bodies()
     return *cache;
 }
 
-// A logical width in whole device pixels, so that frames are as sharp at 150 per cent as at 100.
+// The device pixels that `width` logical ones have room for, wherever they begin.
+int wholeRoom(int width, qreal ratio)
+{
+    return int(std::floor(width * ratio + 1e-6)); // 3 * 1.1 too is to have its whole pixels
+}
+
+// A logical width in whole device pixels, so that frames are as sharp at 150 per cent as at 100. One of
+// several pixels takes no more than its room, which can be that much: what lies inside would cover the rest.
 int wholePixels(int width, qreal ratio)
 {
-    return width > 0 ? qMax(1, qRound(width * ratio)) : 0;
+    return width > 1 ? qMax(1, wholeRoom(width, ratio)) : width > 0 ? qMax(1, qRound(ratio)) : 0;
 }
 
 void renderRounded(QPainter &painter, const QRectF &rect, const Body &body, qreal frameWidth, qreal ratio)
@@ -154,17 +162,29 @@ QRectF evenDevicePixels(const QPainter &painter, const QRectF &rect)
         topLeft, QSizeF(even(rect.width(), qAbs(toDevice.m11())), even(rect.height(), qAbs(toDevice.m22()))));
 }
 
-void drawBody(QPainter &painter, const QRect &rect, const Body &body)
+QRectF focusRingAround(const QPainter &painter, const QRect &content)
+{
+    const QTransform &toDevice = painter.deviceTransform();
+    const qreal ratio = qAbs(toDevice.m11());
+    if (toDevice.type() > QTransform::TxScale || ratio <= 0)
+        return QRectF(content).adjusted(-kFocusRingReach, -kFocusRingReach, kFocusRingReach, kFocusRingReach);
+    const int air = qMax(1, wholeRoom(kFocusRingReach - kFocusRingWidth, ratio));
+    const qreal reach = (air + wholePixels(kFocusRingWidth, ratio)) / ratio;
+    return wholeDevicePixels(painter, content).adjusted(-reach, -reach, reach, reach);
+}
+
+void drawBody(QPainter &painter, const QRectF &rect, const Body &body)
 {
     if (rect.isEmpty())
         return;
     const qreal ratio = ratioOf(painter);
-    const bool small = qint64(rect.width()) * rect.height() <= kLargestCachedArea;
+    const bool small = rect.width() * rect.height() <= kLargestCachedArea;
     if (small && ratio == 1.0) { // whole pixels as they are
-        painter.drawPixmap(rect.topLeft(), bodyPixmap(rect.size(), body, ratio));
+        const QRect whole = rect.toRect();
+        painter.drawPixmap(whole.topLeft(), bodyPixmap(whole.size(), body, ratio));
         return;
     }
-    const QRectF target = wholeDevicePixels(painter, QRectF(rect));
+    const QRectF target = wholeDevicePixels(painter, rect);
     const QSize pixels(qRound(target.width() * ratio), qRound(target.height() * ratio));
     if (pixels.isEmpty())
         return;
@@ -192,13 +212,13 @@ void drawDropTriangle(QPainter &painter, const QPointF &topLeft, int width, int 
     painter.restore();
 }
 
-void drawFocusRing(QPainter &painter, const QRect &rect, qreal radiusX, qreal radiusY)
+void drawFocusRing(QPainter &painter, const QRectF &rect, qreal radiusX, qreal radiusY)
 {
     Body ring;
     ring.frame = QColor(kFocusRingColor);
     ring.frameWidth = kFocusRingWidth;
-    ring.radiusX = radiusX > kFocusRingRadius ? radiusX : kFocusRingRadius; // also for what is no number
-    ring.radiusY = radiusY > kFocusRingRadius ? radiusY : kFocusRingRadius;
+    ring.radiusX = radiusX > 0 ? radiusX : 0; // also for what is no number
+    ring.radiusY = radiusY > 0 ? radiusY : 0;
     drawBody(painter, rect, ring);
 }
 
@@ -210,9 +230,11 @@ void drawField(QPainter &painter, const QRect &rect, const FieldLook &look)
                          : look.invalid ? kFieldFrameInvalid
                          : look.hovered ? kFieldFrameHovered
                                         : kFieldFrame);
+    if (look.enabled && look.focused) {
+        field.frame = QColor(kFocusRingColor);
+        field.frameWidth = kFocusRingWidth;
+    }
     drawBody(painter, rect, field);
-    if (look.enabled && look.focused)
-        drawFocusRing(painter, rect);
 }
 
 void drawDotBadge(QPainter &painter, const QPoint &topLeft)
@@ -230,6 +252,29 @@ void drawDotBadge(QPainter &painter, const QPoint &topLeft, const QColor &color)
     painter.drawRoundedRect(wholeDevicePixels(painter, place), kDotRadius, kDotRadius);
     painter.restore();
 }
+
+namespace {
+
+// The text runs its own way wherever it stands: the ellipsis of a cut one is at its end.
+class OwnDirection
+{
+public:
+    OwnDirection(QPainter &painter, const QString &text)
+        : m_painter(painter), m_before(painter.layoutDirection())
+    {
+        painter.setLayoutDirection(text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+    }
+    ~OwnDirection() { m_painter.setLayoutDirection(m_before); }
+    Q_DISABLE_COPY(OwnDirection)
+
+    Qt::LayoutDirection before() const { return m_before; }
+
+private:
+    QPainter &m_painter;
+    Qt::LayoutDirection m_before;
+};
+
+} // namespace
 
 void CachedText::measure(const QString &text, const QFont &font, qreal ratio)
 {
@@ -285,6 +330,7 @@ void CachedText::drawCentred(QPainter &painter, const QRect &rect, const QString
         return;
     measure(text, font, ratioOf(painter));
     painter.setFont(font);
+    const OwnDirection direction(painter, text);
     if (m_oneLine && m_size.width() <= rect.width()) {
         drawLine(painter, rect.topLeft() + QPoint((rect.width() - m_size.width()) / 2,
                                                   (rect.height() - m_size.height()) / 2));
@@ -301,11 +347,15 @@ void CachedText::drawLeft(QPainter &painter, const QRect &rect, const QString &t
         return;
     measure(text, font, ratioOf(painter));
     painter.setFont(font);
+    const OwnDirection direction(painter, text);
     const bool higher = m_oneLine && m_size.height() > rect.height();
     if (m_oneLine && !higher)
         drawLine(painter, rect.topLeft() + QPoint(0, (rect.height() - m_size.height()) / 2));
     else // which is cut at the rectangle's edges
-        painter.drawText(rect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextExpandTabs, text);
+        painter.drawText(rect,
+                         int(QStyle::visualAlignment(direction.before(), Qt::AlignLeft)) | Qt::AlignAbsolute |
+                             Qt::AlignVCenter | Qt::TextExpandTabs,
+                         text);
 }
 
 QSize CachedText::lineSize(const QString &text, const QFont &font)

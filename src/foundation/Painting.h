@@ -40,14 +40,19 @@ struct Body
 
 // Draws `body` into `rect`. A body is rendered once per size, look and device pixel ratio, and
 // blitted after.
-LUMQT_TESTED void drawBody(QPainter &painter, const QRect &rect, const Body &body);
+LUMQT_TESTED void drawBody(QPainter &painter, const QRectF &rect, const Body &body);
 
 // The ring of the keyboard focus at the inner edge of `rect`: of what has room for it around its content.
-// What has none is given its ring by setRingAround(). The radii are those of what it goes around, where that
-// is rounder than the ring itself.
+// What has none is given its ring by setRingAround(). The radii are those of a body whose frame it takes the
+// place of, 0 of a square one; around content that has no frame the ring has its own.
 constexpr qreal kFocusRingRadius = 2.0;
-LUMQT_TESTED void drawFocusRing(QPainter &painter, const QRect &rect, qreal radiusX = kFocusRingRadius,
+LUMQT_TESTED void drawFocusRing(QPainter &painter, const QRectF &rect, qreal radiusX = kFocusRingRadius,
                                 qreal radiusY = kFocusRingRadius);
+
+// Where the ring around `content` goes that has kFocusRingReach logical pixels of room on each side: as far
+// away on all of them, at every ratio.
+constexpr int kFocusRingReach = kFocusRingWidth + 1; // with a pixel of air
+LUMQT_TESTED QRectF focusRingAround(const QPainter &painter, const QRect &content);
 
 // `rect` with its edges on device pixels, where antialiased or scaled painting leaves no half-covered ones.
 LUMQT_TESTED QRectF wholeDevicePixels(const QPainter &painter, const QRectF &rect);

@@ -106,6 +106,11 @@ bool drawBarControl(QStyle::ControlElement element, const QStyleOption &option, 
 
 bool drawBarPrimitive(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &canvas)
 {
+    const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(&option);
+    if (element == QStyle::PE_FrameGroupBox && frame && frame->features & QStyleOptionFrame::Flat) {
+        drawRule(canvas.painter, option.rect, Qt::TopEdge, StyleColors(option).rule);
+        return true;
+    }
     if (element == QStyle::PE_FrameTabWidget || element == QStyle::PE_FrameGroupBox) {
         Body pane;
         pane.frame = StyleColors(option).rule;

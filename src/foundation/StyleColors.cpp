@@ -3,6 +3,7 @@
 #include "foundation/Fade.h"
 #include "foundation/Painting.h"
 #include "foundation/StyleParts.h"
+#include "foundation/StyleWatch.h"
 
 #include <QPaintDevice>
 #include <QPainter>
@@ -22,6 +23,16 @@ QColor mix(const QColor &ground, const QColor &ink, qreal share)
     const auto part = [share](int from, int to) { return qRound(from + (to - from) * share); };
     return QColor(part(ground.red(), ink.red()), part(ground.green(), ink.green()),
                   part(ground.blue(), ink.blue()));
+}
+
+Body ringOf(const Canvas &canvas, bool shown)
+{
+    QColor color(kFocusRingColor);
+    color.setAlpha(shown ? 255 : 0);
+    Body ring;
+    ring.frame = fadedColor(canvas.control, FadingRing, color);
+    ring.frameWidth = kFocusRingWidth;
+    return ring;
 }
 
 } // namespace
@@ -48,34 +59,50 @@ StyleColors::StyleColors(const QStyleOption &option)
         pressed = mix(base, text, kPressedShare);
         rule = mix(base, text, kRuleShare);
         ink = text;
+        if (!enabled)
+            frame = accent = rule;
     } else if (!enabled) {
         ground = QColor(kFieldGroundDisabled);
         frame = QColor(kFieldFrameDisabled);
         ink = QColor(kFieldTextDisabled);
         accent = QColor(kFieldFrameDisabled);
     }
-    if (dark || option.palette.isBrushSet(group, QPalette::Base))
+    // Whoever has changed it means it: for one widget or for all.
+    if (dark || option.palette.isBrushSet(group, QPalette::Base) || base != QColor(kFieldGround))
         ground = option.palette.color(group, QPalette::Base);
 }
 
-void drawRing(const Canvas &canvas, const QRect &rect, bool shown, int radius)
+bool hasFocus(const QStyleOption &option, const Canvas &canvas)
 {
-    QColor color(kFocusRingColor);
-    color.setAlpha(shown ? 255 : 0);
-    Body ring;
-    ring.frame = fadedColor(canvas.widget, FadingRing, color);
-    ring.frameWidth = kFocusRingWidth;
-    ring.radiusX = ring.radiusY = radius;
+    return option.state & QStyle::State_HasFocus || (canvas.control && canvas.watch.hasFocus(canvas.control));
+}
+
+bool showsFocus(const QStyleOption &option, const Canvas &canvas)
+{
+    return canvas.control ? canvas.watch.showsFocus(canvas.control) : option.state & QStyle::State_HasFocus;
+}
+
+void drawRing(const Canvas &canvas, const QRect &rect, bool shown)
+{
+    const Body ring = ringOf(canvas, shown);
     if (ring.frame.alpha() > 0)
         drawBody(canvas.painter, rect, ring);
+}
+
+void drawRingAround(const Canvas &canvas, const QRect &content, bool shown, qreal radius)
+{
+    Body ring = ringOf(canvas, shown);
+    ring.radiusX = ring.radiusY = radius;
+    if (ring.frame.alpha() > 0)
+        drawBody(canvas.painter, focusRingAround(canvas.painter, content), ring);
 }
 
 void drawPanel(const Canvas &canvas, const QRect &rect, const QColor &ground, const QColor &frame)
 {
     Body panel;
     if (ground.isValid())
-        panel.fill = fadedColor(canvas.widget, FadingGround, ground);
-    panel.frame = fadedColor(canvas.widget, FadingFrame, frame);
+        panel.fill = fadedColor(canvas.control, FadingGround, ground);
+    panel.frame = fadedColor(canvas.control, FadingFrame, frame);
     drawBody(canvas.painter, rect, panel);
 }
 

@@ -10,6 +10,7 @@
 #include <QAbstractItemView>
 #include <QAbstractScrollArea>
 #include <QAbstractSpinBox>
+#include <QApplication>
 #include <QComboBox>
 #include <QFrame>
 #include <QLineEdit>
@@ -51,20 +52,12 @@ void drawLineEdit(const QStyleOptionFrame &option, const Canvas &canvas)
             canvas.painter.fillRect(option.rect, option.palette.brush(QPalette::Base));
         return;
     }
-    const bool focused = option.state & QStyle::State_HasFocus || canvas.watch.hasFocus(canvas.widget);
     // A text that only the program changes lies on the ground of what cannot be edited.
     const bool locked = option.state & QStyle::State_ReadOnly && colors.ground == QColor(kFieldGround);
     const bool refused = isRefused(qobject_cast<const QLineEdit *>(canvas.widget));
     drawPanel(canvas, option.rect, locked ? QColor(kFieldGroundDisabled) : colors.ground,
               refused ? QColor(kFieldFrameInvalid) : frameOf(option, colors));
-    drawRing(canvas, option.rect, focused && option.state & QStyle::State_Enabled);
-}
-
-// Whether the frame of a view is to have the ring: rows have their own.
-bool ringLiesInRow(const QWidget *widget)
-{
-    const auto *view = qobject_cast<const QAbstractItemView *>(widget);
-    return view && view->currentIndex().isValid();
+    drawRing(canvas, option.rect, hasFocus(option, canvas) && option.state & QStyle::State_Enabled);
 }
 
 // Where the scroll bars meet; what a view has painted there lies below its ground.
@@ -83,7 +76,7 @@ void drawCorner(const StyleColors &colors, const Canvas &canvas, const QAbstract
 QColor groundOf(const QStyleOption &option, const QAbstractScrollArea &area)
 {
     QStyleOption content(option);
-    content.palette = area.viewport()->palette();
+    content.palette = contentPalette(area);
     if (qobject_cast<const CBPTextEdit *>(&area)) // which paints its text's ground as a field's
         return StyleColors(content).ground;
     return content.palette.color(QPalette::Base);
@@ -115,10 +108,37 @@ bool drawFrame(const QStyleOption &option, const Canvas &canvas)
     return true;
 }
 
+// Lines of the library's own default look; what the application has given another width or colour is drawn as
+// everywhere.
+bool isPlainLine(const QStyleOptionFrame &frame, const QWidget *widget)
+{
+    if (frame.lineWidth != 1 || frame.midLineWidth != 0 || frame.state & QStyle::State_Raised)
+        return false;
+    const QPalette usual = QApplication::palette(widget);
+    const auto differs = [&](QPalette::ColorRole role) {
+        return frame.palette.color(QPalette::Active, role) != usual.color(QPalette::Active, role);
+    };
+    return !differs(QPalette::WindowText) && !differs(QPalette::Light) && !differs(QPalette::Dark);
+}
+
 } // namespace
 
-bool drawFieldPrimitive(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &canvas)
+bool ringLiesInRow(const QWidget *widget)
 {
+    const auto *view = qobject_cast<const QAbstractItemView *>(widget);
+    return view && view->currentIndex().isValid();
+}
+
+QPalette contentPalette(const QAbstractScrollArea &area)
+{
+    QPalette palette = area.viewport()->palette();
+    palette.resolve(palette.resolve() | area.palette().resolve()); // which it inherits without the marks
+    return palette;
+}
+
+bool drawFieldPrimitive(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &plain)
+{
+    const Canvas canvas = controlOf<QLineEdit, QAbstractScrollArea>(plain);
     const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(&option);
     switch (element) {
     case QStyle::PE_PanelLineEdit:
@@ -135,15 +155,16 @@ bool drawFieldPrimitive(QStyle::PrimitiveElement element, const QStyleOption &op
     }
 }
 
-bool drawFieldControl(QStyle::ControlElement element, const QStyleOption &option, const Canvas &canvas)
+bool drawFieldControl(QStyle::ControlElement element, const QStyleOption &option, const Canvas &plain)
 {
+    const Canvas canvas = controlOf<QAbstractScrollArea>(plain);
     const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(&option);
     if (element != QStyle::CE_ShapedFrame || !frame)
         return false;
     if (frame->frameShape == QFrame::StyledPanel)
         return drawFrame(option, canvas);
     const bool across = frame->frameShape == QFrame::HLine;
-    if (!across && frame->frameShape != QFrame::VLine)
+    if ((!across && frame->frameShape != QFrame::VLine) || !isPlainLine(*frame, canvas.widget))
         return false;
     QRect half = option.rect; // which ends in the middle
     if (across)
@@ -175,8 +196,9 @@ QRect comboBoxPart(const QStyleOptionComboBox &option, QStyle::SubControl part)
     return QStyle::visualRect(option.direction, option.rect, rect);
 }
 
-void drawComboBox(const QStyleOptionComboBox &option, const Canvas &canvas)
+void drawComboBox(const QStyleOptionComboBox &option, const Canvas &plain)
 {
+    const Canvas canvas = controlOf<QComboBox>(plain);
     const StyleColors colors(option);
     const bool enabled = option.state & QStyle::State_Enabled;
     const bool hovered = enabled && option.state & QStyle::State_MouseOver;
@@ -192,9 +214,8 @@ void drawComboBox(const QStyleOptionComboBox &option, const Canvas &canvas)
     const QRect arrow =
         canvas.style.subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, canvas.widget);
     drawTriangle(canvas, arrow, Qt::DownArrow, colors.ink);
-    const bool focused =
-        option.editable ? canvas.watch.hasFocus(canvas.widget) : canvas.watch.showsFocus(canvas.widget);
-    drawRing(canvas, option.rect, focused && enabled);
+    const bool focused = option.editable ? hasFocus(option, canvas) : showsFocus(option, canvas);
+    drawRing(canvas, option.rect, option.frame && focused && enabled); // see drawSpinBox()
 }
 
 QRect spinBoxPart(const QStyleOptionSpinBox &option, QStyle::SubControl part, const QWidget *widget)
@@ -229,8 +250,9 @@ QRect spinBoxPart(const QStyleOptionSpinBox &option, QStyle::SubControl part, co
     return QStyle::visualRect(option.direction, option.rect, rect);
 }
 
-void drawSpinBox(const QStyleOptionSpinBox &option, const Canvas &canvas)
+void drawSpinBox(const QStyleOptionSpinBox &option, const Canvas &plain)
 {
+    const Canvas canvas = controlOf<QAbstractSpinBox>(plain);
     const StyleColors colors(option);
     const bool enabled = option.state & QStyle::State_Enabled;
     canvas.painter.fillRect(wholeDevicePixels(canvas.painter, option.rect), colors.ground);
@@ -252,13 +274,13 @@ void drawSpinBox(const QStyleOptionSpinBox &option, const Canvas &canvas)
                               : active && option.state & QStyle::State_MouseOver ? colors.hovered
                                                                                  : colors.ground;
         canvas.painter.fillRect(wholeDevicePixels(canvas.painter, rect),
-                                fadedColor(canvas.widget, step.fading, ground));
+                                fadedColor(canvas.control, step.fading, ground));
         drawTriangle(canvas, rect, step.arrow, can ? colors.ink : QColor(kFieldTextDisabled));
     }
     if (option.frame) // above the buttons, which reach under it at fractions of a pixel
         drawPanel(canvas, option.rect, QColor(), frameOf(option, colors));
     // A field without a frame lies in something that has one, and the ring.
-    drawRing(canvas, option.rect, option.frame && enabled && canvas.watch.hasFocus(canvas.widget));
+    drawRing(canvas, option.rect, option.frame && enabled && hasFocus(option, canvas));
 }
 
 } // namespace lumqt

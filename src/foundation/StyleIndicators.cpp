@@ -23,6 +23,11 @@ constexpr QPointF kMark[] = {{3.5, 8}, {6.5, 11}, {12.5, 5}}; // within an indic
 constexpr QRect kPartlyMark(4, 7, 8, 2);
 constexpr qreal kDotRadius = 3;
 const QColor kNone(0, 0, 0, 0);
+// Of push buttons, as the library's own have them.
+const QColor kPushFrame(0x3c, 0x43, 0x4b);
+const QColor kPushFrameHovered(0xbc, 0xe0, 0xe2);
+const QColor kPushFramePressed(0x87, 0xc8, 0xcc);
+const QColor kPushText(0x66, 0x66, 0x66);
 
 // What an indicator is filled and framed with.
 struct Look
@@ -55,12 +60,6 @@ QRect placeOf(const QRect &rect)
     QRect place(0, 0, side, side);
     place.moveCenter(rect.center());
     return place;
-}
-
-void drawRingAround(const Canvas &canvas, const QRect &place, int radius = int(kFocusRingRadius))
-{
-    const QRect ring = place.adjusted(-kIndicatorRoom, -kIndicatorRoom, kIndicatorRoom, kIndicatorRoom);
-    drawRing(canvas, ring, canvas.watch.showsFocus(canvas.widget), radius);
 }
 
 void beginMark(QPainter &painter, const QRect &place)
@@ -97,7 +96,7 @@ void drawCheckBox(const QStyleOption &option, const Canvas &canvas, bool alone)
         canvas.painter.restore();
     }
     if (alone)
-        drawRingAround(canvas, place);
+        drawRingAround(canvas, place, showsFocus(option, canvas), kFocusRingRadius);
 }
 
 void drawRadioButton(const QStyleOption &option, const Canvas &canvas)
@@ -106,8 +105,8 @@ void drawRadioButton(const QStyleOption &option, const Canvas &canvas)
     const QRect place = placeOf(option.rect);
     const Look look = lookOf(option, on);
     Body disc;
-    disc.fill = fadedColor(canvas.widget, FadingGround, look.fill);
-    disc.frame = fadedColor(canvas.widget, FadingFrame, look.frame);
+    disc.fill = fadedColor(canvas.control, FadingGround, look.fill);
+    disc.frame = fadedColor(canvas.control, FadingFrame, look.frame);
     disc.radiusX = disc.radiusY = place.width() / 2.0;
     drawBody(canvas.painter, place, disc);
     if (on) {
@@ -117,10 +116,10 @@ void drawRadioButton(const QStyleOption &option, const Canvas &canvas)
         canvas.painter.drawEllipse(QPointF(kIndicator, kIndicator) / 2, kDotRadius, kDotRadius);
         canvas.painter.restore();
     }
-    drawRingAround(canvas, place, kIndicator / 2 + kIndicatorRoom);
+    drawRingAround(canvas, place, showsFocus(option, canvas), kIndicator / 2.0 + kIndicatorRoom);
 }
 
-void drawButton(const QStyleOption &option, const Canvas &canvas, bool flat)
+void drawButton(const QStyleOption &option, const Canvas &canvas, bool flat, bool ringed = true)
 {
     const StyleColors colors(option);
     const bool enabled = option.state & QStyle::State_Enabled;
@@ -131,12 +130,18 @@ void drawButton(const QStyleOption &option, const Canvas &canvas, bool flat)
         ground = option.palette.color(QPalette::Button);
     const auto *button = qstyleoption_cast<const QStyleOptionButton *>(&option);
     const bool isDefault = button && button->features & QStyleOptionButton::DefaultButton;
-    const QColor frame = flat ? kNone : hovered ? colors.ink : isDefault ? colors.accent : colors.frame;
+    QColor frame = flat ? kNone : hovered ? colors.ink : isDefault ? colors.accent : colors.frame;
+    if (button && enabled && !flat && !colors.dark)
+        frame = down        ? kPushFramePressed
+                : hovered   ? kPushFrameHovered
+                : isDefault ? colors.accent
+                            : kPushFrame;
     Body body;
     body.fill = ground;
     body.frame = frame;
     drawBody(canvas.painter, option.rect, body);
-    drawRing(canvas, option.rect, canvas.watch.showsFocus(canvas.widget));
+    if (ringed)
+        drawRing(canvas, option.rect, showsFocus(option, canvas));
 }
 
 // Windows' own style paints the next two without asking for their parts.
@@ -151,15 +156,21 @@ void drawPushButton(const QStyleOptionButton &option, const Canvas &canvas)
                  StyleColors(option).ink);
 }
 
+bool hasMenuPart(const QStyleOption &option)
+{
+    const auto *tool = qstyleoption_cast<const QStyleOptionToolButton *>(&option);
+    return tool && tool->subControls & QStyle::SC_ToolButtonMenu;
+}
+
 void drawToolMenu(const QStyleOptionToolButton &option, const Canvas &canvas, const QRect &rect)
 {
     const StyleColors colors(option);
-    if (option.subControls & QStyle::SC_ToolButtonMenu) {
+    if (hasMenuPart(option)) {
         QStyleOption menu(option);
         menu.rect = rect;
         if (!(option.activeSubControls & QStyle::SC_ToolButtonMenu))
             menu.state &= ~QStyle::State_Sunken;
-        drawButton(menu, canvas, option.state & QStyle::State_AutoRaise);
+        drawButton(menu, canvas, option.state & QStyle::State_AutoRaise, false);
         drawTriangle(canvas, rect, Qt::DownArrow, colors.ink);
     } else if (option.features & QStyleOptionToolButton::HasMenu) {
         const QRect corner(option.rect.right() - kTriangleWidth - 1,
@@ -200,26 +211,44 @@ bool drawButtonControl(QStyle::ControlElement element, const QStyleOption &optio
     return true;
 }
 
-void drawToolButton(const QStyleOptionToolButton &option, const Canvas &canvas)
+QStyleOptionButton pushButtonLabel(const QStyleOptionButton &option, const QStyle &style)
 {
+    QStyleOptionButton label(option);
+    const bool enabled = option.state & QStyle::State_Enabled;
+    const QPalette::ColorGroup group = enabled ? QPalette::Active : QPalette::Disabled;
+    const QPalette standard = style.standardPalette();
+    if (option.palette.color(group, QPalette::ButtonText) == standard.color(group, QPalette::ButtonText) &&
+        !StyleColors(option).dark) {
+        const QColor ink(enabled ? kPushText : QColor(kFieldFrameDisabled));
+        label.palette.setColor(QPalette::ButtonText, ink);
+    }
+    return label;
+}
+
+void drawToolButton(const QStyleOptionToolButton &option, const Canvas &plain)
+{
+    const Canvas canvas = controlOf<QAbstractButton>(plain);
     const auto place = [&](QStyle::SubControl part) {
         return canvas.style.subControlRect(QStyle::CC_ToolButton, &option, part, canvas.widget);
     };
     QStyleOptionToolButton part(option);
     part.rect = place(QStyle::SC_ToolButton);
     const bool own = option.activeSubControls & QStyle::SC_ToolButton;
-    if (option.subControls & QStyle::SC_ToolButtonMenu && !own)
+    if (hasMenuPart(option) && !own)
         part.state &= ~QStyle::State_Sunken; // the press is the menu's
     if (option.subControls & QStyle::SC_ToolButton)
         canvas.style.drawPrimitive(QStyle::PE_PanelButtonTool, &part, &canvas.painter, canvas.widget);
     drawToolMenu(option, canvas, place(QStyle::SC_ToolButtonMenu));
+    if (hasMenuPart(option)) // one ring around both
+        drawRing(canvas, option.rect, showsFocus(option, canvas));
     const int frame = canvas.style.pixelMetric(QStyle::PM_DefaultFrameWidth, &option, canvas.widget);
     part.rect.adjust(frame, frame, -frame, -frame);
     canvas.style.drawControl(QStyle::CE_ToolButtonLabel, &part, &canvas.painter, canvas.widget);
 }
 
-bool drawIndicator(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &canvas)
+bool drawIndicator(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &plain)
 {
+    const Canvas canvas = controlOf<QCheckBox, QGroupBox, QRadioButton, QPushButton, QToolButton>(plain);
     switch (element) {
     case QStyle::PE_IndicatorCheckBox:
         drawCheckBox(option, canvas, true);
@@ -238,7 +267,7 @@ bool drawIndicator(QStyle::PrimitiveElement element, const QStyleOption &option,
         return true;
     }
     case QStyle::PE_PanelButtonTool:
-        drawButton(option, canvas, option.state & QStyle::State_AutoRaise);
+        drawButton(option, canvas, option.state & QStyle::State_AutoRaise, !hasMenuPart(option));
         return true;
     case QStyle::PE_FrameDefaultButton: // shown by the button's own frame
         return true;

@@ -6,9 +6,11 @@
 #include <QColor>
 #include <QStyle>
 
+class QAbstractScrollArea;
 class QPainter;
 class QPalette;
 class QStyleOption;
+class QStyleOptionButton;
 class QStyleOptionComboBox;
 class QStyleOptionHeader;
 class QStyleOptionSlider;
@@ -25,11 +27,13 @@ namespace lumqt {
 class StyleWatch;
 
 // Sizes in logical pixels.
-constexpr int kIndicator = 16;    // of check boxes and radio buttons
-constexpr int kIconGap = 6;       // between a picture or a mark and a text
-constexpr int kIndicatorRoom = 3; // around it, for the focus ring and a pixel of air
+constexpr int kIndicator = 16;                  // of check boxes and radio buttons
+constexpr int kIconGap = 6;                     // between a picture or a mark and a text
+constexpr int kIndicatorRoom = kFocusRingReach; // around it
+constexpr int kIndicatorGap = 8;                // from it to its text
+constexpr int kIndicatorRow = 24; // of a view: the ring of the row, one pixel further in, and one of air
 constexpr int kViewFrame = 2;     // of views and texts that scroll: room for the focus ring
-constexpr int kScrollBarWidth = 12;
+constexpr int kScrollBarWidth = 10;
 constexpr int kDropWidth = 24; // of what opens a list
 constexpr int kStepWidth = 20; // of the buttons of a spin box
 constexpr int kTriangleWidth = 8;
@@ -46,7 +50,17 @@ struct Canvas
     const QWidget *widget; // may be null
     const QStyle &style;   // as the widget has it, with what is around this one
     const StyleWatch &watch;
+    // The widget where it is itself what is painted: colours fade, and its focus counts. Null for what menus
+    // and delegates paint on theirs, which may be many.
+    const QWidget *control = nullptr;
 };
+
+// The same with the widget as the control, if it is one of these.
+template <class... Kinds> Canvas controlOf(const Canvas &canvas)
+{
+    const bool own = (qobject_cast<const Kinds *>(canvas.widget) || ...);
+    return {canvas.painter, canvas.widget, canvas.style, canvas.watch, own ? canvas.widget : nullptr};
+}
 
 // The colours for an option: the library's, unless a palette says otherwise.
 struct StyleColors
@@ -65,8 +79,19 @@ struct StyleColors
     bool dark = false;
 };
 
-// The ring of the focus at the edge of `rect`, fading; on a ground that it would not be seen on it is white.
-void drawRing(const Canvas &canvas, const QRect &rect, bool shown, int radius = int(kFocusRingRadius));
+// Whether what is painted has the focus, and is to show that it has.
+bool hasFocus(const QStyleOption &option, const Canvas &canvas);
+bool showsFocus(const QStyleOption &option, const Canvas &canvas);
+
+// Whether the frame of a view is not to have the ring: the current row has it.
+bool ringLiesInRow(const QWidget *widget);
+// The palette of what scrolls, with all that is set for the area around it.
+QPalette contentPalette(const QAbstractScrollArea &area);
+
+// The ring of the focus in the place of a square frame around `rect`, fading.
+void drawRing(const Canvas &canvas, const QRect &rect, bool shown);
+// The same around `content`, for which kIndicatorRoom is kept free, with round corners.
+void drawRingAround(const Canvas &canvas, const QRect &content, bool shown, qreal radius);
 // A flat ground with a frame of one pixel, both fading.
 void drawPanel(const Canvas &canvas, const QRect &rect, const QColor &ground, const QColor &frame);
 // Pointing down or, otherwise, up, left or right, its box in the middle of `rect`.
@@ -85,6 +110,8 @@ bool drawViewControl(QStyle::ControlElement element, const QStyleOption &option,
 bool drawBarControl(QStyle::ControlElement element, const QStyleOption &option, const Canvas &canvas);
 bool drawBarPrimitive(QStyle::PrimitiveElement element, const QStyleOption &option, const Canvas &canvas);
 bool drawButtonControl(QStyle::ControlElement element, const QStyleOption &option, const Canvas &canvas);
+// The option for the text of a push button in the colours that every application has, for the style below.
+QStyleOptionButton pushButtonLabel(const QStyleOptionButton &option, const QStyle &style);
 void drawToolButton(const QStyleOptionToolButton &option, const Canvas &canvas);
 void drawComboBox(const QStyleOptionComboBox &option, const Canvas &canvas);
 void drawSpinBox(const QStyleOptionSpinBox &option, const Canvas &canvas);
@@ -99,6 +126,8 @@ QSize headerSize(const QStyleOptionHeader &option, const QStyle &style, const QW
 bool hasRows(const QWidget *widget);
 // The room beside a row's text, as PM_FocusFrameHMargin counts it.
 int rowMargin(const QStyleOption *option);
+// What the editor of a row has to keep beside its text for it to stay where the row has it; 0: is none.
+int editorInset(const QWidget *widget);
 
 // What drops down from a combo box.
 bool isComboPopUp(const QWidget *widget);

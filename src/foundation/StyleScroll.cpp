@@ -5,6 +5,7 @@
 #include "foundation/StyleParts.h"
 
 #include <QPainter>
+#include <QScrollBar>
 #include <QStyleOption>
 
 namespace lumqt {
@@ -69,8 +70,9 @@ void drawScrollBar(const QStyleOptionSlider &option, const Canvas &canvas)
                                 : part.adjusted(kSliderInset, 0, -kSliderInset, 0);
     const bool touched = option.activeSubControls & QStyle::SC_ScrollBarSlider &&
                          option.state & (QStyle::State_MouseOver | QStyle::State_Sunken);
-    canvas.painter.fillRect(wholeDevicePixels(canvas.painter, slider),
-                            fadedColor(canvas.widget, FadingSlider, touched ? colors.ink : colors.frame));
+    canvas.painter.fillRect(
+        wholeDevicePixels(canvas.painter, slider),
+        fadedColor(controlOf<QScrollBar>(canvas).control, FadingSlider, touched ? colors.ink : colors.frame));
 }
 
 } // namespace lumqt

@@ -7,6 +7,7 @@
 
 #include <QAbstractItemView>
 #include <QCalendarWidget>
+#include <QHeaderView>
 #include <QIcon>
 #include <QPainter>
 #include <QStyledItemDelegate>
@@ -14,6 +15,7 @@
 #include <QTableView>
 
 #include <cmath>
+#include <typeinfo>
 
 namespace lumqt {
 
@@ -73,6 +75,23 @@ private:
     }
 };
 
+// Of a table with a grid as thick as that, and in one line with it: Qt draws it itself, a device pixel wide.
+void drawSectionRule(const Canvas &canvas, const QRect &rect, Qt::Edge edge, const QColor &color)
+{
+    const auto *table = qobject_cast<const QTableView *>(canvas.widget ? canvas.widget->parent() : nullptr);
+    if (!table || !table->showGrid()) {
+        drawRule(canvas.painter, rect, edge, color);
+        return;
+    }
+    const QLine line = edge == Qt::BottomEdge ? QLine(rect.bottomLeft(), rect.bottomRight())
+                       : edge == Qt::LeftEdge ? QLine(rect.topLeft(), rect.bottomLeft())
+                                              : QLine(rect.topRight(), rect.bottomRight());
+    const QPen pen = canvas.painter.pen();
+    canvas.painter.setPen(QPen(color, 0));
+    canvas.painter.drawLine(line);
+    canvas.painter.setPen(pen);
+}
+
 void drawSection(const QStyleOptionHeader &option, const Canvas &canvas)
 {
     const StyleColors colors(option);
@@ -83,13 +102,14 @@ void drawSection(const QStyleOptionHeader &option, const Canvas &canvas)
     if (!down && !hovered && option.palette.isBrushSet(QPalette::Active, QPalette::Button))
         ground = option.palette.color(QPalette::Button);
     const QRectF rect = wholeDevicePixels(canvas.painter, option.rect);
-    canvas.painter.fillRect(rect, fadedColor(canvas.widget, FadingSections + option.section, ground));
-    drawRule(canvas.painter, option.rect, Qt::BottomEdge, colors.rule);
+    canvas.painter.fillRect(
+        rect, fadedColor(controlOf<QHeaderView>(canvas).control, FadingSections + option.section, ground));
+    drawSectionRule(canvas, option.rect, Qt::BottomEdge, colors.rule);
     const bool reversed = option.direction == Qt::RightToLeft;
     const int end = canvas.widget ? canvas.widget->width() - 1 : -1;
     // Where the view ends, its frame is the rule.
     if (option.orientation == Qt::Vertical || (reversed ? option.rect.left() > 0 : option.rect.right() < end))
-        drawRule(canvas.painter, option.rect, reversed ? Qt::LeftEdge : Qt::RightEdge, colors.rule);
+        drawSectionRule(canvas, option.rect, reversed ? Qt::LeftEdge : Qt::RightEdge, colors.rule);
 }
 
 void drawSectionText(const QStyleOptionHeader &option, const Canvas &canvas)
@@ -218,13 +238,15 @@ void drawRowRing(const Canvas &canvas, const QStyleOption &option)
         return; // where the row of the keys is the selected one
     const bool selected = option.state & QStyle::State_Selected;
     const auto color = [&](QPalette::ColorRole role) { return option.palette.color(groupOf(option), role); };
-    QRect rect = option.rect;
+    QRectF rect = wholeDevicePixels(canvas.painter, option.rect);
     Body ring;
     ring.frame = QColor(kFocusRingColor);
     ring.frameWidth = kFocusRingWidth;
     if (contrast(ring.frame, color(selected ? QPalette::Highlight : QPalette::Base)) < kLeastRingContrast) {
         ring.frame = color(selected ? QPalette::HighlightedText : QPalette::Text);
-        rect.adjust(1, 1, -1, -1); // the row's ground is seen on both sides
+        const qreal scale = qMax(1.0, qAbs(canvas.painter.deviceTransform().m11()));
+        const qreal pixel = qRound(scale) / scale; // of the row's ground, seen on both sides
+        rect.adjust(pixel, pixel, -pixel, -pixel);
     }
     drawBody(canvas.painter, rect, ring);
 }
@@ -281,7 +303,7 @@ bool drawViewControl(QStyle::ControlElement element, const QStyleOption &option,
         const StyleColors colors(option);
         canvas.painter.fillRect(option.rect, colors.raised);
         if (option.state & QStyle::State_Horizontal)
-            drawRule(canvas.painter, option.rect, Qt::BottomEdge, colors.rule);
+            drawSectionRule(canvas, option.rect, Qt::BottomEdge, colors.rule);
         return true;
     }
     default:
@@ -305,10 +327,11 @@ void furnishList(QWidget *list)
     if (!view || !isComboPopUp(view->parentWidget()) || !view->itemDelegate() ||
         dynamic_cast<ListDelegate *>(view->itemDelegate()))
         return;
-    const QMetaObject *kind = view->itemDelegate()->metaObject(); // of Qt's own list, or of another view
+    const QAbstractItemDelegate &delegate = *view->itemDelegate(); // of Qt's own list, or of another view
     // The view's, not the combo box's, which would delete the other one: Qt may be going through the
     // children to give them a style.
-    if (kind == &QStyledItemDelegate::staticMetaObject || !qstrcmp(kind->className(), "QComboBoxDelegate"))
+    if (typeid(delegate) == typeid(QStyledItemDelegate) || // the application's may have no meta-object
+        !qstrcmp(delegate.metaObject()->className(), "QComboBoxDelegate"))
         view->setItemDelegate(new ListDelegate(view));
 }
 
@@ -324,6 +347,17 @@ int rowMargin(const QStyleOption *option)
     const bool pictures = item && item->features & (QStyleOptionViewItem::HasDecoration |
                                                     QStyleOptionViewItem::HasCheckIndicator);
     return pictures ? kMarginBesidePictures : kFieldInset - 1;
+}
+
+int editorInset(const QWidget *widget)
+{
+    const QWidget *viewport = widget ? widget->parentWidget() : nullptr;
+    const auto *view = viewport ? qobject_cast<const QAbstractItemView *>(viewport->parentWidget()) : nullptr;
+    if (!view || view->viewport() != viewport || !hasRows(view))
+        return 0;
+    const QModelIndex row = view->currentIndex(); // which is the one that is edited
+    const bool pictures = row.data(Qt::DecorationRole).isValid() || row.data(Qt::CheckStateRole).isValid();
+    return (pictures ? kMarginBesidePictures + 1 : kFieldInset) - kLineEditMargin;
 }
 
 QPalette selectionPalette(const QStyleOption &option, const QStyle &style)

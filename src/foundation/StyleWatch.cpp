@@ -1,5 +1,6 @@
 #include "foundation/StyleWatch.h"
 
+#include "foundation/FocusRing.h"
 #include "foundation/StyleParts.h"
 
 #include <QAbstractButton>
@@ -7,14 +8,20 @@
 #include <QAbstractScrollArea>
 #include <QAbstractSlider>
 #include <QAbstractSpinBox>
+#include <QApplication>
 #include <QComboBox>
 #include <QFocusEvent>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QHoverEvent>
 #include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPointer>
 #include <QScrollBar>
+#include <QSlider>
 #include <QTabBar>
+#include <QTextEdit>
+#include <QTimer>
 #include <QVector>
 
 namespace lumqt {
@@ -77,6 +84,17 @@ void undressParts(const QWidget *widget)
     }
 }
 
+// What has its content up to its edges, and nothing else that shows the focus: an area without a frame, and a
+// slider. The library's own sliders have their ring around what they lie in; a text has its cursor.
+bool hasRingOutside(const QWidget *widget)
+{
+    if (qobject_cast<const QSlider *>(widget))
+        return !widget->inherits("lumqt::SpokenSlider");
+    const auto *area = qobject_cast<const QAbstractScrollArea *>(widget);
+    return area && area->frameWidth() == 0 && !qobject_cast<const QHeaderView *>(area) &&
+           !qobject_cast<const QTextEdit *>(area) && !qobject_cast<const QPlainTextEdit *>(area);
+}
+
 } // namespace
 
 bool isComboPopUp(const QWidget *widget)
@@ -122,13 +140,31 @@ void StyleWatch::dressParts(QWidget *widget)
     }
 }
 
+// Qt wraps a widget's own style into the style sheet of the application only when the style is set: a sheet
+// that comes later would leave the widget out.
+void StyleWatch::followSheet(QWidget *widget)
+{
+    const auto misses = [style = m_style](const QWidget *dressed) {
+        return dressed->style() == style && dressed->testAttribute(Qt::WA_SetStyle) &&
+               !qApp->styleSheet().isEmpty();
+    };
+    if (!misses(widget))
+        return;
+    // Not while it is painted.
+    QTimer::singleShot(0, widget, [self = QPointer<StyleWatch>(this), widget, misses] {
+        if (self && misses(widget))
+            widget->setStyle(self->m_style);
+    });
+}
+
 void StyleWatch::followStyle(QWidget *widget)
 {
     if (!isDressed(widget))
         undressParts(widget);
     if (hasOurs(widget))
         return;
-    m_known.remove(widget);
+    if (m_known.take(widget).ringed)
+        setRingAround(widget, false);
     widget->removeEventFilter(this);
     disconnect(widget, &QObject::destroyed, this, nullptr);
 }
@@ -174,6 +210,21 @@ void StyleWatch::markFocus(QWidget *widget, QEvent *event)
     if (mark == before)
         return;
     widget->update();
+    placeRing(widget);
+}
+
+// Outside of the widget, where it is to be.
+void StyleWatch::placeRing(QWidget *widget)
+{
+    const auto known = m_known.find(widget);
+    if (known == m_known.end())
+        return;
+    const bool ringed = known->mark == FocusMark::Shown && widget->isEnabled() && hasRingOutside(widget) &&
+                        !ringLiesInRow(widget);
+    if (ringed == known->ringed)
+        return;
+    known->ringed = ringed;
+    setRingAround(widget, ringed);
 }
 
 bool StyleWatch::eventFilter(QObject *watched, QEvent *event)
@@ -186,6 +237,11 @@ bool StyleWatch::eventFilter(QObject *watched, QEvent *event)
     case QEvent::FocusOut:
     case QEvent::KeyPress:
         markFocus(widget, event);
+        if (event->type() == QEvent::KeyPress) // which may choose a first row
+            QTimer::singleShot(0, widget, [self = QPointer<StyleWatch>(this), widget] {
+                if (self)
+                    self->placeRing(widget);
+            });
         break;
     case QEvent::Enter:
     case QEvent::Leave:
@@ -198,6 +254,13 @@ bool StyleWatch::eventFilter(QObject *watched, QEvent *event)
         break;
     case QEvent::HoverLeave:
         m_known[watched].mouse = kNowhere;
+        break;
+    case QEvent::Paint:
+    case QEvent::Show:
+        followSheet(widget);
+        break;
+    case QEvent::EnabledChange:
+        placeRing(widget);
         break;
     case QEvent::ChildPolished:
         if (isDressed(widget))

@@ -46,12 +46,15 @@ protected:
 private:
     void dressParts(QWidget *widget);
     void followStyle(QWidget *widget);
+    void followSheet(QWidget *widget);
     void markFocus(QWidget *widget, QEvent *event);
+    void placeRing(QWidget *widget);
 
     struct Known
     {
         FocusMark mark = FocusMark::None;
         QPoint mouse = QPoint(-1, -1);
+        bool ringed = false; // on its outside
     };
     QStyle *m_style;
     QHash<const QObject *, Known> m_known;

@@ -27,6 +27,7 @@ constexpr int kRightRowMargin = 6;
 constexpr int kRightRowSpacing = 8;
 constexpr int kRightRowGap = 8; // between two buttons, beside the spacing
 constexpr int kBackHeight = 32;
+const char kOwnName[] = "_lumqt_titleBarName"; // property: what the bar named a button
 
 QVector<QColor> backColors()
 {
@@ -199,21 +200,27 @@ void CBPWinFrmTitle::retranslate()
     nameButtons();
 }
 
-// Those that have no tool tip to be named by.
+// Those that have no tool tip to be named by, also where there are two of a kind.
 void CBPWinFrmTitle::nameButtons()
 {
-    nameButton(m_minBtn, m_minName, tr("Minimize"));
-    nameButton(m_closeBtn, m_closeName, tr("Close"));
-    nameButton(m_maxBtn, m_maxName, m_maximised ? tr("Restore") : tr("Maximize"));
-    nameButton(m_settingsBtn, m_settingsName, tr("Settings"));
+    nameButton(m_minBtn, tr("Minimize"));
+    nameButton(m_closeBtn, tr("Close"));
+    const auto known = findChildren<CBPImageButton *>(QString(), Qt::FindDirectChildrenOnly);
+    for (CBPImageButton *button : known) {
+        if (button->GetID() == MaximizeId)
+            nameButton(button, m_maximised ? tr("Restore") : tr("Maximize"));
+        else if (button->GetID() == SettingsId)
+            nameButton(button, tr("Settings"));
+    }
 }
 
 // A name that the application gave stays, also one by a tool tip.
-void CBPWinFrmTitle::nameButton(CBPImageButton *button, QString &ownName, const QString &name)
+void CBPWinFrmTitle::nameButton(CBPImageButton *button, const QString &name)
 {
-    if (!button || button->accessibleName() != ownName || !button->toolTip().isEmpty())
+    if (!button || button->accessibleName() != button->property(kOwnName).toString() ||
+        !button->toolTip().isEmpty())
         return;
-    ownName = name;
+    button->setProperty(kOwnName, name);
     button->setAccessibleName(name);
 }
 

@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -74,7 +75,10 @@ void CBPIPAddrEdit::onTextEdited(const QString &text)
 
 void CBPIPAddrEdit::focusInEvent(QFocusEvent *event)
 {
-    m_selecting = event->reason() == Qt::MouseFocusReason; // its press comes next
+    m_selecting = event->reason() == Qt::MouseFocusReason; // its press comes next, unless a program did it
+    m_pressed = false;
+    if (m_selecting)
+        QTimer::singleShot(0, this, [this] { m_selecting = m_selecting && m_pressed; });
     const QPointer<CBPIPAddrEdit> alive(this);
     selectAll();
     if (alive)
@@ -207,6 +211,7 @@ void CBPIPAddrEdit::mousePressEvent(QMouseEvent *event)
 {
     const bool plain = event->button() == Qt::LeftButton && !(event->modifiers() & Qt::ShiftModifier);
     m_selecting = m_selecting && plain;
+    m_pressed = true;
     QLineEdit::mousePressEvent(event);
     if (!m_selecting)
         return;

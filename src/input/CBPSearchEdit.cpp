@@ -1,7 +1,9 @@
 #include "CBPSearchEdit.h"
 
+#include "CBPStyle.h"
 #include "foundation/Painting.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QCompleter>
 #include <QHBoxLayout>
@@ -47,6 +49,7 @@ const char kButtonSheet[] = "QToolButton{margin:0px 3px;padding:2px;}";
 constexpr int kMargin = 3;
 constexpr int kPadding = 2;
 const QSize kRoom(2 * (kMargin + kPadding), 2 * kPadding);
+constexpr qreal kDisabledOpacity = 0.4;            // of the pictures
 constexpr int kFrameRoom = lumqt::kFocusRingWidth; // which the field's own ring needs
 
 // Whether the focus is, or is about to be, in the edit or one of its buttons.
@@ -88,6 +91,16 @@ bool isDense(const QString &sheet, const QSize &pixels)
             return false;
     }
     return true;
+}
+
+// The list that drops down looks as those of combo boxes do, unless the application has set another style.
+void dressList(const QCompleter *completer)
+{
+    QAbstractItemView *list = completer && completer->completionMode() != QCompleter::InlineCompletion
+                                  ? completer->popup()
+                                  : nullptr;
+    if (list && !list->testAttribute(Qt::WA_SetStyle))
+        CBPStyle::Apply(list);
 }
 
 // A button inside the edit. It is a QToolButton to the style sheet.
@@ -135,6 +148,8 @@ protected:
         QStyleOptionToolButton option;
         initStyleOption(&option);
         painter.save();
+        if (!isEnabled()) // the style sheet's picture is the same
+            painter.setOpacity(kDisabledOpacity);
         if (isCoarse(painter.device()->devicePixelRatioF()))
             enlarge(painter, option);
         painter.drawComplexControl(QStyle::CC_ToolButton, option);
@@ -216,6 +231,8 @@ CBPSearchEdit::CBPSearchEdit(QWidget *parent) : CBPLineEdit(QString(), parent !=
     connect(&m_timer, &QTimer::timeout, this, &CBPSearchEdit::OnTimeout);
     connect(this, &QLineEdit::returnPressed, this, &CBPSearchEdit::OnSearch);
     connect(this, &QLineEdit::textChanged, this, &CBPSearchEdit::OnTextChanged);
+    // Typing has the completer make its list, which nothing tells of.
+    connect(this, &QLineEdit::textEdited, this, [this] { dressList(completer()); });
 }
 
 CBPSearchEdit::~CBPSearchEdit()
@@ -266,6 +283,7 @@ void CBPSearchEdit::OnSearch()
             // The edit leaves it at what was typed last.
             completer()->setCompletionPrefix(QString());
             completer()->complete();
+            dressList(completer());
         }
         return;
     }

@@ -27,6 +27,14 @@ bool fillsFromPalette(const QWidget &text, QStyleOption option)
     return qAlpha(pixel.pixel(0, 0)) > 0;
 }
 
+// What the viewport does not fill itself: its ground is the palette's, and while disabled the window's.
+bool isDisabledField(const QTextEdit &edit, const QPalette &palette)
+{
+    return !edit.isEnabled() && edit.viewport()->backgroundRole() == QPalette::Base &&
+           !palette.isBrushSet(QPalette::Disabled, QPalette::Base) &&
+           edit.style()->styleHint(lumqt::kIsOurs, nullptr, &edit) == lumqt::kOurs;
+}
+
 // What lies below the text; none where that is the business of a style sheet.
 QBrush groundOf(const QTextEdit &edit)
 {
@@ -35,9 +43,10 @@ QBrush groundOf(const QTextEdit &edit)
     option.initFrom(text);
     if (!text->autoFillBackground() && !fillsFromPalette(*text, option))
         return QBrush();
-    if (edit.style()->styleHint(lumqt::kIsOurs, nullptr, &edit) != lumqt::kOurs)
-        return text->palette().brush(text->backgroundRole());
-    return lumqt::StyleColors(option).ground;
+    option.palette = lumqt::contentPalette(edit);
+    if (isDisabledField(edit, option.palette))
+        return lumqt::StyleColors(option).ground;
+    return text->palette().brush(text->backgroundRole());
 }
 
 } // namespace
@@ -87,9 +96,8 @@ void CBPTextEdit::paintMargin()
 
 void CBPTextEdit::paintEvent(QPaintEvent *event)
 {
-    // The viewport's own ground is the palette's, and while disabled the window's.
     const QBrush ground = groundOf(*this);
-    if (ground.style() != Qt::NoBrush)
+    if (ground.style() != Qt::NoBrush && isDisabledField(*this, lumqt::contentPalette(*this)))
         QPainter(viewport()).fillRect(event->rect(), ground);
     QTextEdit::paintEvent(event);
 }

@@ -4,6 +4,7 @@
 #include "ENState.h"
 #include "foundation/Painting.h"
 
+#include <QEvent>
 #include <QPainter>
 #include <QStyleOptionSlider>
 
@@ -19,6 +20,7 @@ const QColor kArrow1(34, 34, 34);
 const QColor kArrow2(182, 182, 182);
 const QColor kMiddleLine(202, 204, 206);
 const QColor kGround(246, 252, 255);
+const char kNoBox[] = "CBPScrollBar { padding: 0; margin: 0; border: none; }";
 
 void fill(QPainter &painter, const QRect &rect, const QColor &color)
 {
@@ -76,6 +78,27 @@ void CBPScrollBar::SetBarBg(QColor &color)
     // The base class promises to cover what lies below; a ground that lets it through does not.
     setAttribute(Qt::WA_OpaquePaintEvent, color.isValid() && color.alpha() == 255);
     update();
+}
+
+bool CBPScrollBar::event(QEvent *event)
+{
+    const bool handled = QScrollBar::event(event);
+    if (event->type() == QEvent::Resize || event->type() == QEvent::StyleChange)
+        keepSlider();
+    return handled;
+}
+
+// The padding that a style sheet gives to all widgets leaves a bar that is as thin nothing to be seen or
+// pressed. A sheet that is meant for this very bar is taken as it is.
+void CBPScrollBar::keepSlider()
+{
+    QStyleOptionSlider option;
+    initStyleOption(&option);
+    const QRect groove = GetAvailableRect(&option, QStyle::SC_ScrollBarGroove);
+    const int across = orientation() == Qt::Horizontal ? groove.height() : groove.width();
+    const bool thick = orientation() == Qt::Horizontal ? height() > 0 : width() > 0;
+    if (thick && across <= 0 && styleSheet().isEmpty())
+        setStyleSheet(QString::fromLatin1(kNoBox));
 }
 
 void CBPScrollBar::paintEvent(QPaintEvent *)

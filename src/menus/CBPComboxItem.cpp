@@ -28,7 +28,8 @@ const QColor kText(0, 0, 0);
 const QColor kGround(255, 255, 255);
 const QColor kHoverGround(0xed, 0xf3, 0xfe);
 constexpr int kHeight = 30;
-const QMargins kMargins(2, 0, 6, 0);
+constexpr int kStartGap = 2;
+constexpr int kEndGap = 6;
 constexpr int kButtonGap = 6;     // between space and delete button
 constexpr int kPathGap = 6;       // between path and space, where there is little room
 constexpr int kPathReserve = 200; // of a row's width, for all that is not path
@@ -124,6 +125,25 @@ private:
     const bool m_isPath;
     const QString m_whole;
     bool m_laidOut = false; // before, its size means nothing
+};
+
+// The labels of a wide row have larger minima than they need, by which the row cuts one after the other. They
+// are none of the row's own, which may become as narrow as it can.
+class RowLayout : public QHBoxLayout
+{
+public:
+    explicit RowLayout(const QVector<RowLabel *> &labels) : m_labels(labels) {}
+
+    QSize minimumSize() const override
+    {
+        QSize size = QHBoxLayout::minimumSize();
+        for (const RowLabel *label : m_labels)
+            size.rwidth() -= qMax(0, label->minimumWidth() - label->leastWidth());
+        return size;
+    }
+
+private:
+    const QVector<RowLabel *> m_labels;
 };
 
 } // namespace
@@ -246,15 +266,18 @@ void CBPComboxItem::buildLayout()
     for (QLabel *label : {m_pPathLabel, m_pSpaceLabel})
         label->setMinimumWidth(static_cast<RowLabel *>(label)->leastWidth());
     // Filled before it is the row's: a layout that has a widget posts an event for each thing it gets.
-    auto *layout = new QHBoxLayout;
+    auto *layout =
+        new RowLayout({static_cast<RowLabel *>(m_pPathLabel), static_cast<RowLabel *>(m_pSpaceLabel)});
     layout->setSpacing(0);
-    layout->setContentsMargins(kMargins);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addSpacing(kStartGap); // margins would not change sides with the rest
     layout->addWidget(new CBPImage(m_pItem->icon));
     layout->addWidget(m_pPathLabel);
     layout->addSpacerItem(new QSpacerItem(kPathGap, 0, QSizePolicy::MinimumExpanding));
     layout->addWidget(m_pSpaceLabel);
     layout->addSpacing(kButtonGap);
     layout->addWidget(place);
+    layout->addSpacing(kEndGap);
     setLayout(layout);
 }
 
@@ -421,5 +444,5 @@ void CBPComboxItem::paintEvent(QPaintEvent *)
     QPainter painter(this);
     painter.fillRect(rect(), m_iState == ENStateHover ? kHoverGround : kGround);
     if (m_focusMark == lumqt::FocusMark::Shown)
-        lumqt::drawFocusRing(painter, rect());
+        lumqt::drawFocusRing(painter, rect(), 0, 0);
 }

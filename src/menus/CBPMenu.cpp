@@ -303,7 +303,9 @@ void CBPMenu::SetSubMenuRightIcon(const QString &path)
 void CBPMenu::setSeparatorRectHeight(int height)
 {
     m_separatorRectHeight = height;
-    const QString sheet = QLatin1String(kSeparatorSheet);
+    // Before the menu is shown nobody would tell it that its rule is gone.
+    const bool ruled = styleSheet().endsWith(m_sizeRule);
+    const QString sheet = QLatin1String(kSeparatorSheet) + (ruled ? m_sizeRule : QString());
     if (styleSheet() != sheet)
         setStyleSheet(sheet);
     update();
@@ -413,6 +415,16 @@ void CBPMenu::changeEvent(QEvent *event)
         keepItemSize();
     }
     QMenu::changeEvent(event);
+}
+
+// Until it is polished a menu hears nothing of a style sheet, and asks what it last knew. popup() polishes it
+// before it measures.
+bool CBPMenu::event(QEvent *event)
+{
+    const bool result = QMenu::event(event);
+    if (event->type() == QEvent::Polish)
+        keepItemSize();
+    return result;
 }
 
 // A style sheet of the application that gives all menus, or their items, a padding, a border or a size goes

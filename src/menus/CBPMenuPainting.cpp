@@ -40,15 +40,6 @@ int centred(const QRect &rect, int height)
     return rect.y() + (rect.height() - height) / 2;
 }
 
-// As many device pixels thick wherever it lies: its edges, each rounded for itself, would make lines differ.
-QRectF evenLine(const QPainter &painter, const QRectF &line)
-{
-    QRectF even = lumqt::wholeDevicePixels(painter, line);
-    const qreal ratio = painter.device()->devicePixelRatioF();
-    even.setHeight(qMax(1, qRound(line.height() * ratio)) / ratio);
-    return even;
-}
-
 // Size of an icon that came without a file name. Beside an ordinary picture an icon holds, for screens of
 // high density, the same one with two or three times the pixels; the size on the screen is that of the
 // ordinary one.
@@ -375,7 +366,7 @@ void CBPMenu::paintItem(QPainter *painter, const ItemView &item)
         end -= kGapBehindText;
     }
 
-    lumqt::MenuTexts::Text &text = m_texts->text(item.action, m_font, end - x, layoutDirection());
+    lumqt::MenuTexts::Text &text = m_texts->text(item.action, m_font, end - x);
     const QRect textRect = place(x, text.size);
     painter->setPen(m_textColor);
     text.layout.drawLeft(*painter, textRect, text.shown, m_font);
@@ -384,7 +375,7 @@ void CBPMenu::paintItem(QPainter *painter, const ItemView &item)
         const QRectF line(textRect.x() + text.underlineX,
                           textRect.y() + metrics.ascent() + metrics.underlinePos(), text.underlineWidth,
                           qMax(1, metrics.lineWidth()));
-        painter->fillRect(evenLine(*painter, line), m_textColor);
+        painter->fillRect(lumqt::evenDevicePixels(*painter, line), m_textColor);
     }
     if (!subMenu) {
         const int behind = x + text.size.width() + kGapBehindText;
@@ -395,10 +386,16 @@ void CBPMenu::paintItem(QPainter *painter, const ItemView &item)
 }
 
 // It points to where the nested menu opens.
-QPixmap CBPMenu::arrowPixmap() const
+QPixmap CBPMenu::arrowPixmap()
 {
     const QPixmap arrow = loadPixmap(m_arrowFile, devicePixelRatioF());
-    return isRightToLeft() ? arrow.transformed(QTransform::fromScale(-1, 1)) : arrow;
+    if (arrow.isNull() || !isRightToLeft())
+        return arrow;
+    if (m_mirroredOf != arrow.cacheKey()) {
+        m_mirroredOf = arrow.cacheKey();
+        m_mirroredArrow = arrow.transformed(QTransform::fromScale(-1, 1));
+    }
+    return m_mirroredArrow;
 }
 
 void CBPMenu::PaintAction(QPainter *painter, const QRect &rect, int index, int count)
@@ -441,7 +438,7 @@ void CBPMenu::paintSeparator(QPainter *painter, const QRect &rect)
     // lie higher than centred.
     const int top = centred(rect, thickness) - thickness / 2;
     const QRectF line(left, top, qMax(0, right - left + 1), thickness);
-    painter->fillRect(evenLine(*painter, line), kSeparatorColor);
+    painter->fillRect(lumqt::evenDevicePixels(*painter, line), kSeparatorColor);
 }
 
 void CBPMenu::paintSpecialFlag(QPainter *painter, const QVariant &itemData, const QRect &rect)

@@ -33,7 +33,7 @@ void underline(MenuTexts::Text &text, int index, const QFont &font)
 {
     QTextLayout layout(text.shown, font);
     QTextOption option;
-    option.setTextDirection(text.direction);
+    option.setTextDirection(text.shown.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight); // as it is drawn
     layout.setTextOption(option);
     layout.beginLayout();
     const QTextLine line = layout.createLine();
@@ -46,17 +46,15 @@ void underline(MenuTexts::Text &text, int index, const QFont &font)
 
 } // namespace
 
-MenuTexts::Text &MenuTexts::text(const QAction *action, const QFont &font, int room,
-                                 Qt::LayoutDirection direction)
+MenuTexts::Text &MenuTexts::text(const QAction *action, const QFont &font, int room)
 {
     QSharedPointer<Text> &text = m_texts[action];
     if (!text)
         text = QSharedPointer<Text>::create();
-    if (text->room == room && text->direction == direction && text->source == action->text())
+    if (text->room == room && text->source == action->text())
         return *text;
 
     text->room = room;
-    text->direction = direction;
     text->source = action->text();
     int mnemonic = -1;
     text->shown = shownText(text->source, mnemonic);

@@ -24,13 +24,12 @@ public:
         QString shown;  // without the marks of mnemonics and without a shortcut, elided to the room
         QSize size;     // of what is shown, logical pixels
         int room = -1;
-        Qt::LayoutDirection direction = Qt::LayoutDirectionAuto;
         int underlineX = 0; // of the mnemonic, from the left edge of the text
         int underlineWidth = 0;
     };
 
-    // The text of `action` in at most `room` pixels, in a menu of this direction.
-    Text &text(const QAction *action, const QFont &font, int room, Qt::LayoutDirection direction);
+    // The text of `action` in at most `room` pixels.
+    Text &text(const QAction *action, const QFont &font, int room);
     void forget(const QAction *action) { m_texts.remove(action); }
     // To be called when the font changes.
     void forgetAll() { m_texts.clear(); }

@@ -20,6 +20,7 @@
 
 #include <QDialog>
 #include <QLineEdit>
+#include <QScrollArea>
 #include <QSignalSpy>
 #include <QVBoxLayout>
 
@@ -102,8 +103,8 @@ constexpr QRgb kRing = lumqt::kFocusRingColor;
 
 const QVector<Sibling> kSiblings{
     {"push", kById, kOwnRing, kPush, made<CBPPushBtn>(kText, nullptr)},
-    {"add", kById, kOwnRing, kPush, made<CAddBtn>(kText)},
-    {"round", kById, kOwnRing, kPush | Circle, roundButton},
+    {"add", kById, kRing, kPush, made<CAddBtn>(kText)},
+    {"round", kById, kRing, kPush | Circle, roundButton},
     {"expand", kById, kRing, kPush, made<CExpandBtn>(QStringList(), kText, QString())},
     {"image", kByImage, kRing, Stays, imageButton},
     {"image and text", kByImage, kRing, None, [] { return new CBPImageTextBtn(images, kText); }},
@@ -115,7 +116,7 @@ const QVector<Sibling> kSiblings{
     {"image check box", kByCheck, kRing, ToolToggles | QtHovers,
      [] { return new CBPImageCheckBox(images, images, "Q&&A"); }},
     {"wait", kById, kOwnRing, kPush, made<CBPWaitBtn>(QStringList(), kText, QString())},
-    {"menu", SIGNAL(pressed()), kOwnRing, kPush | NoClicks, made<CBPMenuBtn>(kText)},
+    {"menu", SIGNAL(pressed()), kRing, kPush | NoClicks, made<CBPMenuBtn>(kText)},
     {"title", SIGNAL(FocusChanged(CFoucsLabel *)), kRing, EnterInDialog | EnterElsewhere | QtHovers,
      made<CFoucsLabel>(kText)},
 };
@@ -366,10 +367,35 @@ private slots:
                     const bool outside = boxOf(inside, sibling.ring).isEmpty();
                     if (sibling.traits & Circle || (outside && ratio > 1))
                         continue;
-                    checkRing(outside ? pictureOf(scene.window, 1) : inside, sibling.ring, qRound(2 * ratio));
+                    checkRing(outside ? pictureOf(scene.window, 1) : inside, sibling.ring, int(2 * ratio));
                 }
             }
         });
+    }
+
+    // Also around what is scrolled to, inside where there is no outside, and whatever a style sheet says.
+    void ringPlace()
+    {
+        for (const char *sheet : {"", "* { border: 1px solid red; max-height: 40px; }"}) {
+            QScrollArea area;
+            area.setWidget(new QWidget);
+            area.widget()->setFixedSize(90, 900);
+            area.setStyleSheet(sheet);
+            showActive(area);
+            for (const auto &[at, outside] : {std::pair(QPoint(20, 800), 6), {QPoint(), 3}}) {
+                CBPLinkerButton link(kText, ENLinkerTypeAlways, 1, area.widget());
+                link.move(at);
+                link.show();
+                link.setFocus(Qt::TabFocusReason);
+                area.ensureWidgetVisible(&link);
+                QCOMPARE(boxOf(pictureOf(*area.viewport()), kRing).size(),
+                         link.size() + QSize(outside, outside));
+            }
+            CBPLinkerButton window(kText);
+            showActive(window);
+            window.setFocus(Qt::TabFocusReason);
+            QCOMPARE(boxOf(pictureOf(window), kRing), window.rect());
+        }
     }
 
     // The same seen in a mirror, as far as words go.

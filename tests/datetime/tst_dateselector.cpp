@@ -1,3 +1,4 @@
+#include "Acts.h"
 #include "CBPDateSelector.h"
 #include "CBPImageButton.h"
 #include "CBPTipWnd.h"
@@ -308,6 +309,9 @@ private slots:
             const QImage picture = selector.grab().toImage();
             QCOMPARE(boxOf(picture, kFrame), picture.rect());
             QCOMPARE(selector.findChild<CBPImageButton *>()->x() < edit->x(), direction == Qt::RightToLeft);
+            edit->setAlignment(Qt::AlignHCenter); // an application's stays
+            sendEvent(selector, QEvent::Enter);
+            QCOMPARE(edit->alignment() & Qt::AlignHorizontal_Mask, Qt::AlignHCenter);
         }
     }
 

@@ -374,10 +374,19 @@ private Q_SLOTS:
         QVERIFY(!inner->isSliderDown());
     }
 
-    void disabled()
+    // Held or not is on the screen at once, where the value stays as well.
+    void heldAndDisabled()
     {
         Both both;
         for (QWidget *widget : both.all) {
+            EventCounter paints(sliderOf(*widget), {QEvent::Paint});
+            for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+                QCoreApplication::processEvents();
+                paints.count = 0;
+                sendMouse(*sliderOf(*widget), type);
+                QTRY_VERIFY(paints.count > 0);
+            }
+            sliderOf(*widget)->setValue(0);
             widget->setEnabled(false);
             click(rowOf(*widget), 297);
             click(sliderOf(*widget), 200);

@@ -1,21 +1,28 @@
 #include "CBPCheckBox.h"
 #include "CBPComboBox.h"
+#include "CBPScrollWnd.h"
 #include "CBPStyle.h"
+#include "CBPTableWidget.h"
 #include "CBPTreeWidget.h"
 #include "foundation/Fade.h"
 #include "foundation/Look.h"
+#include "foundation/StyleWatch.h"
 #include "Pixels.h"
 #include "Rows.h"
 #include "TestMain.h"
 
 #include <QAbstractItemView>
+#include <QFocusFrame>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QSlider>
 #include <QSpinBox>
+#include <QStyledItemDelegate>
 #include <QStyleFactory>
 #include <QTextEdit>
 #include <QToolButton>
@@ -38,7 +45,7 @@ void send(QWidget &widget, QEvent &&event)
 
 template <class... Widgets> bool allOurs(const Widgets *...widgets)
 {
-    return (qobject_cast<CBPStyle *>(widgets->style()) && ...);
+    return ((widgets->style()->styleHint(lumqt::kIsOurs) == lumqt::kOurs) && ...);
 }
 
 bool hasRing(QWidget &widget)
@@ -47,12 +54,12 @@ bool hasRing(QWidget &widget)
 }
 
 // All round, in lines of whole pixels, with no half of one further in.
-bool isFramed(const QImage &image, int line)
+bool isFramed(const QImage &image, int line, const QColor &frame)
 {
     QImage framed = image;
     framed.setDevicePixelRatio(1);
     QPainter painter(&framed);
-    painter.setPen(QPen(QColor(lumqt::kFieldFrame), line, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    painter.setPen(QPen(frame, line, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     const qreal half = line / 2.0;
     painter.drawRect(QRectF(framed.rect()).adjusted(half, half, -half, -half));
     painter.end();
@@ -104,7 +111,9 @@ private slots:
         QVERIFY(hasRing(*widget));
         send(*widget, QFocusEvent(QEvent::FocusOut, Qt::TabFocusReason));
         for (const qreal ratio : {1.0, 1.25, 1.5, 1.75, 2.0})
-            QVERIFY(!framed || isFramed(pictureOf(*widget, ratio), qRound(ratio)));
+            QVERIFY(!framed || isFramed(pictureOf(*widget, ratio), qRound(ratio),
+                                        qobject_cast<QPushButton *>(widget.get()) ? lumqt::kFieldFrameHovered
+                                                                                  : lumqt::kFieldFrame));
         widget->setEnabled(false);
         QVERIFY(pictureOf(*widget, 1) != rest);
     }
@@ -129,9 +138,17 @@ private slots:
         combo.view()->ensurePolished();
         combo.show();
         QCOMPARE(combo.view()->sizeHintForRow(0), lumqt::kFieldHeight);
+        struct Delegate : QStyledItemDelegate // without a meta-object of its own
+        {
+        } delegate;
+        CBPComboBox chosen;
+        chosen.setItemDelegate(&delegate);
+        chosen.show();
+        QCOMPARE(chosen.itemDelegate(), &delegate);
         qApp->setStyleSheet("QPushButton { color: red }"); // Qt wraps every style
         tree.grab();
         QCOMPARE(tree.frameWidth(), 2);
+        QTRY_VERIFY(!qobject_cast<CBPStyle *>(tree.style()) && allOurs(&tree));
         qApp->setStyleSheet(QString());
         QVERIFY(allOurs(&tree, tree.header()));
         tree.setStyle(nullptr);
@@ -162,6 +179,31 @@ private slots:
         hover(false);
         box.reset();
         QCOMPARE(lumqt::runningFades(), 0);
+        CBPStyle style; // of what one menu paints, no entry is another's past
+        QMenu menu;
+        menu.setStyle(&style);
+        for (const char *text : {"On", "Off"})
+            menu.addAction(text)->setCheckable(true);
+        menu.actions().first()->setChecked(true);
+        menu.popup(QPoint());
+        menu.grab();
+        QVERIFY(!boxOf(menu.grab().toImage(), QColor(lumqt::kAccent)).isEmpty());
+        QCOMPARE(lumqt::runningFades(), 0);
+    }
+
+    // What has no frame for the ring has it on its outside.
+    void ringsOutside()
+    {
+        for (QWidget *widget : {make<CBPScrollWnd>(), make<CBPTableWidget>(), make<QSlider>()}) {
+            QWidget window;
+            widget->setParent(&window);
+            CBPStyle::Apply(widget);
+            window.show();
+            for (const auto type : {QEvent::FocusIn, QEvent::FocusOut}) {
+                send(*widget, QFocusEvent(type, Qt::TabFocusReason));
+                QCOMPARE(bool(window.findChild<QFocusFrame *>()), type == QEvent::FocusIn);
+            }
+        }
     }
 
     void installs()

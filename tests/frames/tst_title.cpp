@@ -298,7 +298,8 @@ private Q_SLOTS:
         w.bar.InsertWidget(1000, last, 0, Qt::AlignCenter);
         const QLayout *right = w.bar.layout()->itemAt(4)->layout();
         QVERIFY(right->indexOf(last) > right->indexOf(button(w.bar, 8)));
-        w.bar.InsertWidget(-7, new CBPImageButton({}, false, 4), 0, Qt::AlignCenter); // not the first
+        auto *second = new CBPImageButton({}, false, 4);
+        w.bar.InsertWidget(-7, second, 0, Qt::AlignCenter); // not the first
         QTest::ignoreMessage(QtWarningMsg, "CBPWinFrmTitle::InsertWidget: there is no widget");
         w.bar.InsertWidget(0, nullptr, 0, Qt::AlignCenter);
         w.bar.ShowTitleBtn(2 | 4 | 8, true);
@@ -309,6 +310,7 @@ private Q_SLOTS:
         const QImage plain = drawn(*maximise);
         w.bar.ResetMaxBtn(true);
         QVERIFY(drawn(*maximise) != plain);
+        QCOMPARE(spokenName(second), QStringLiteral("Restore"));
         w.bar.ResetMaxBtn(false);
         QCOMPARE(drawn(*maximise), plain);
         QCOMPARE(spokenName(maximise), QStringLiteral("Maximize"));

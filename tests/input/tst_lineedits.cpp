@@ -272,6 +272,18 @@ private Q_SLOTS:
         const int left = inkOf(drawn(line).copy(2, 2, 96, 24)).left() + 2;
         QVERIFY2(left >= 8 && left <= 10, qPrintable(QString::number(left))); // as the letter has it
         QCOMPARE(inkOf(drawn(text).copy(2, 2, 96, 24)).left() + 2, left);
+        line.setTextMargins(0, 10, 0, 10);
+        QVERIFY(line.minimumSizeHint().height() >= QFontMetrics(font).height() + 24);
+        QPalette yellow;
+        yellow.setColor(QPalette::Base, Qt::yellow);
+        for (const char *sheet : {"", "QTextEdit{background:yellow}", "QWidget{background:yellow}"}) {
+            qApp->setStyleSheet(sheet);
+            CBPTextEdit coloured;
+            if (!*sheet)
+                coloured.setPalette(yellow);
+            QVERIFY2(grabbedAt(coloured, 50, 50) == QColor(Qt::yellow), sheet);
+        }
+        qApp->setStyleSheet(QString());
         text.setTextMargin(8, 8, 8, 8);
         for (const char *sheet : {"", "QFrame{border:1px solid red}", "QFrame{background:yellow}"}) {
             text.setStyleSheet(sheet);

@@ -212,6 +212,17 @@ private slots:
             menu.SetMenuItemHeiht(50); // the rule goes with the size
             menu.AddAction(QString(60, QLatin1Char('W')), 3);
             QVERIFY(itemRect(menu, 0).width() > 400 && itemRect(menu, 0).height() == 50);
+            // Sheets of its own come before and after it is shown.
+            CBPMenu late;
+            fill(late, 2);
+            late.setSeparatorRectHeight(9);
+            fill(late, 1);
+            QCOMPARE(itemRect(late, 0).size(), QSize(249, 40));
+            for (int i = 0; i < 2; ++i) {
+                late.setStyleSheet(QString(i, ' ') + "QMenu { color: blue }");
+                QVERIFY(open(late));
+                QCOMPARE(itemRect(late, 0).size(), QSize(249, 40));
+            }
         }
     }
 

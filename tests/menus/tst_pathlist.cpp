@@ -175,12 +175,15 @@ private slots:
         const QString kLong = "/a/longer/path";
         ComboxItem item = location(kLong, 1024 * kGiga);
         CBPComboxItem row(item, nullptr);
+        const int least = row.minimumSizeHint().width();
         const auto layOut = [&row](int width) {
             row.resize(width, 30);
             QVERIFY(!row.grab().isNull());
         };
         layOut(row.sizeHint().width());
         row.layout()->setSizeConstraint(QLayout::SetNoConstraint); // as in a list, which squeezes its rows
+        layOut(416);
+        QCOMPARE(row.minimumSizeHint().width(), least); // as little as before
         row.setMinimumWidth(1);
         QLabel *path = pathLabel(&row);
         QCOMPARE(path->toolTip(), QString());

@@ -160,9 +160,9 @@ void addFrames(Page *page)
 
 void addSteps(Page *page)
 {
-    Section *section = page->addSection("Step by step", "A folder of 12 pictures is played with a count of "
-                                                        "11: it is one more than told on purpose. The row of "
-                                                        "dots begins anew when it is full.");
+    Section *section = page->addSection("Step by step", "The class plays one picture more than it is told, "
+                                                        "on purpose: a count of 11 plays 12. The row of dots "
+                                                        "begins anew when it is full.");
     QVector<Sample> samples;
     for (int i = 0; i < kBarFrames; ++i)
         samples.append({QString("%1.png").arg(i), barsAt(i)});

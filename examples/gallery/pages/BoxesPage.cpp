@@ -18,7 +18,8 @@ constexpr int kCellWidth = 64;
 constexpr int kBoxWidth = 256;
 constexpr int kFoldHeight = 136;
 constexpr int kFoldTime = 400; // milliseconds
-const QColor kCellColor(226, 242, 243);
+const QColor kCellColor = theme::kAccentTint;
+const QColor kInsertedColor(190, 214, 240);
 const QColor kFrameColor(199, 208, 221);
 
 // Something to pack: a tile with a word on it.
@@ -144,7 +145,7 @@ QWidget *inserted()
     CBPBox *box = framed(false, 0, 8);
     box->PackStart(cell("Packed"), false, false, 8);
     box->PackStart(cell("Packed"));
-    box->InsertWidget(1, cell("Inserted", kCellWidth, QColor(218, 234, 252)));
+    box->InsertWidget(1, cell("Inserted", kCellWidth, kInsertedColor));
     box->AddSpacing(32);
     box->PackStart(cell("After 32"));
     return box;

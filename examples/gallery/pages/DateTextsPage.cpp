@@ -80,8 +80,8 @@ void addLiveSamples(Page *page)
 {
     Section *section = page->addSection(
         "Try it",
-        "Type three numbers in the order of the settings, with anything that is no digit between them. AM or "
-        "PM makes a time one of 12 hours.");
+        "Type three numbers in the order of the settings, with anything that is not a digit between them. "
+        "With AM or PM the time is read as a 12-hour one.");
     std::string date;
     IBPDateTime::TransSystemDateToString({2024, 3, 7, 0, 0, 0, 0}, date);
     section->addWide(reader("Date", text(date), IBPDateTime::TransSystemDateFromString));
@@ -107,7 +107,7 @@ void addTexts(Page *page)
     std::string time;
     IBPDateTime::TransSystemDateToString(dt, date);
     IBPDateTime::TransSystemTimeToString(dt, time, true);
-    page->addSection("Texts", "What is written of 7 March 2024, nine seconds after 15:05.")
+    page->addSection("Texts", "How 7 March 2024, 15:05:09, is written.")
         ->addWide(table({{"TransSystemDateToString()", text(date)},
                          {"TransSystemTimeToString(), with seconds", text(time)},
                          {"CombinDate()", text(IBPDateTime::CombinDate(dt))},

@@ -16,7 +16,6 @@ CBPDropdownBtn *button(const QString &text, bool split = false, bool icon = fals
 {
     auto *result = new CBPDropdownBtn(text, 1);
     result->setSplit(split);
-    result->setRoundRadius({4, 4});
     if (icon)
         result->setIcon(QIcon(theme::picturePath("icon_user.png")));
     return result;
@@ -91,10 +90,10 @@ Page *makePage()
                       {statesOf("Whole", [] { return button("Sort"); }),
                        statesOf("Split", [] { return button("Sort", true); }),
                        statesOf("With an icon", [] { return button("Sort", true, true); }),
-                       statesOf("Own colours", [] { return accent("Sort"); }), statesOf("Square", [] {
-                           CBPDropdownBtn *square = button("Sort");
-                           square->setRoundRadius({0, 0});
-                           return square;
+                       statesOf("Own colours", [] { return accent("Sort"); }), statesOf("Rounded", [] {
+                           CBPDropdownBtn *rounded = button("Sort");
+                           rounded->setRoundRadius({4, 4});
+                           return rounded;
                        })});
 
     section = page->addSection(

@@ -15,16 +15,16 @@ namespace {
 const char *const kTags[] = {"Backup",       "Every day",       "Encrypted", "Drive D",
                              "Two versions", "Mail on error",   "Compress",  "Verify",
                              "Weekdays",     "Wake the device", "22:00",     "Quiet"};
-const QColor kTagColor(0, 122, 126);
 constexpr int kTagHeight = 26;
 constexpr int kTagPadding = 14;
 constexpr int kGap = 8;
 const QColor kGround(232, 237, 243);
 constexpr int kHalf = (theme::kPageWidth - 3 * theme::kUnit) / 2;
 
+// In the accent that is dark enough for the ground of the panels, too.
 CBPDrawLabel *tag(QString text)
 {
-    auto *label = new CBPDrawLabel(text, kTagColor, true);
+    auto *label = new CBPDrawLabel(text, theme::kAccentHovered, true);
     label->setFixedSize(label->sizeHint().width() + kTagPadding, kTagHeight);
     return label;
 }
@@ -106,7 +106,7 @@ Page *makePage()
                                            "begin at the right.")
         ->addColumns(2, {{"2 and 16 pixels", tags(kHalf, 2, 16)},
                          {"Of the style", tags(kHalf, -1, -1)},
-                         {"Right-to-left", tags(kHalf, kGap, kGap, Qt::RightToLeft)},
+                         {"Right to left", tags(kHalf, kGap, kGap, Qt::RightToLeft)},
                          {"Different heights: the tallest rules its row", mixed()}});
     return page;
 }

@@ -163,11 +163,18 @@ void addFrames(Page *page)
                 << Sample{"Maximise, pressed", windowWithPointer(MaximizeButton, true)}
                 << Sample{"Close, pressed", windowWithPointer(CloseButton, true)};
     }
+    const QString pointer =
+        frameIsNative()
+            ? " Only the system can tell this frame of the pointer: open a window above to see its "
+              "buttons hovered and pressed."
+            : "";
     page->addSection(
             "Frame",
-            "The strip at the top holds the icon, the caption and the buttons. The library paints it, "
-            "the system moves and resizes the window. The line below the strip runs into the right "
-            "border on purpose. grabWithFrame() takes these pictures.")
+            QString(
+                "The strip at the top holds the icon, the caption and the buttons. The library paints it, "
+                "the system moves and resizes the window. The line below the strip runs into the right "
+                "border on purpose. grabWithFrame() takes these pictures.") +
+                pointer)
         ->addColumns(2, samples);
 }
 

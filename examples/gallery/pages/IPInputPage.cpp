@@ -11,11 +11,19 @@
 
 namespace {
 
-CBPIPInputWidget *field(const QString &address)
+CBPIPInputWidget *lowField(const QString &address)
 {
     auto *result = new CBPIPInputWidget;
     result->setFont(theme::font(theme::Normal, 12));
     result->setIP(address);
+    return result;
+}
+
+// As high as the other fields of a form.
+CBPIPInputWidget *field(const QString &address)
+{
+    CBPIPInputWidget *result = lowField(address);
+    result->setFixedHeight(theme::kControlHeight);
     return result;
 }
 
@@ -71,7 +79,8 @@ void addStates(Page *page)
                             {"The widest address", field("255.255.255.255")},
                             {"An empty octet", partly({"192", "", "0", "1"})},
                             {"Focused, on the second octet", focused()},
-                            {"Disabled", pose::in(pose::Disabled, field("192.168.0.1"))}});
+                            {"Disabled", pose::in(pose::Disabled, field("192.168.0.1"))},
+                            {"As low as it comes, 19 pixels", lowField("192.168.0.1")}});
 }
 
 void addNumbers(Page *page)
@@ -79,8 +88,7 @@ void addNumbers(Page *page)
     Section *section = page->addSection("Numbers", "setIP() takes the first octet from the lowest byte of a "
                                                    "number, and IPAddrNum() returns it as the highest "
                                                    "byte: the orders differ on purpose.");
-    auto *number = new CBPIPInputWidget;
-    number->setFont(theme::font(theme::Normal, 12));
+    CBPIPInputWidget *number = field(QString());
     number->setIP(0x0100a8c0ul);
     const QString back = QString::number(number->IPAddrNum(), 16);
     section->addSamples({{QString("setIP(0x0100a8c0); IPAddrNum() is 0x%1").arg(back), number}});

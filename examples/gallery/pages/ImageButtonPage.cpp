@@ -13,12 +13,12 @@ namespace {
 constexpr int kHeight = 40;
 QVector<QColor> grounds()
 {
-    return {QColor(237, 247, 248), QColor(226, 242, 243), QColor(205, 231, 233), QColor(242, 244, 246)};
+    return {QColor(243, 247, 252), theme::kAccentTint, QColor(205, 225, 243), QColor(242, 244, 246)};
 }
 
 QVector<QColor> frames()
 {
-    return {QColor(190, 224, 226), QColor(75, 174, 178), QColor(61, 151, 155), QColor(221, 226, 231)};
+    return {QColor(190, 211, 232), theme::kAccent, theme::kAccentPressed, QColor(221, 226, 231)};
 }
 
 QVector<QColor> texts()
@@ -132,7 +132,7 @@ void addLiveSamples(Page *page)
     CBPImageButton *off = live(log, icon("close_%1.png", 4), "Never shown");
     off->setEnabled(false);
     section->addSamples({{"Id 1", live(log, icon("list_%1.png", 1), "Show as a list")},
-                         {"Id 2", live(log, icon("minimize_%1.png", 2), "Minimize")},
+                         {"Id 2", live(log, icon("minimize_%1.png", 2), "Minimise")},
                          {"Id 3", live(log, icon("maximize_%1.png", 3), "<b>Maximize</b>, in rich text")},
                          {"Disabled, id 4", off}});
     section->addWide(log);
@@ -183,8 +183,8 @@ void addExtras(Page *page)
     Section *section = page->addSection("Grounds and marks",
                                         "A brush takes precedence over a colour. The dot marks what is new.");
     QLinearGradient gradient(0, 0, 0, kHeight);
-    gradient.setColorAt(0, QColor(248, 252, 252));
-    gradient.setColorAt(1, QColor(205, 231, 233));
+    gradient.setColorAt(0, QColor(248, 251, 253));
+    gradient.setColorAt(1, QColor(205, 225, 243));
     CBPImageButton *brushed = labelled("Gradient");
     brushed->SetBkgBrush(QVector<QBrush>(4, QBrush(gradient)));
     brushed->SetBorderRadius(4);
@@ -202,7 +202,7 @@ void addExtras(Page *page)
                          {"Round, framed", capsule},
                          {"A red dot", red},
                          {"A dot of your colour", green},
-                         {"Three images: ground only", three}});
+                         {"With three images none is drawn", three}});
     const auto more = [](pose::State state) { return pose::in(state, icon("Common/ico_more_%1.svg")); };
     section->addWide(onGround(
         theme::kInk,

@@ -38,7 +38,6 @@
 #include "CTabContainer.h"
 #include "CTriStateButton.h"
 
-#include <QCalendarWidget>
 #include <QDateEdit>
 #include <QLabel>
 #include <QListWidget>
@@ -46,7 +45,6 @@
 #include <QSlider>
 #include <QSpinBox>
 #include <QStandardItemModel>
-#include <QTableView>
 #include <QToolButton>
 
 namespace {
@@ -196,6 +194,7 @@ Sample search(bool inside)
 Sample address()
 {
     auto *edit = new CBPIPInputWidget;
+    edit->setFixedHeight(theme::kControlHeight);
     edit->setIP("192.168.0.1");
     return focused(edit, edit->findChildren<CBPIPAddrEdit *>().value(1));
 }
@@ -209,14 +208,6 @@ Sample date(bool onButton)
     if (onButton)
         part = selector->findChild<CBPImageButton *>();
     return focused(selector, part, onButton ? QString("Its button") : QString());
-}
-
-// The calendar of a date selector, which is a window of its own when it is open.
-Sample calendar()
-{
-    auto *result = sized(typed(new QCalendarWidget), 2 * kWidth, 200);
-    result->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-    return focused(result, result->findChild<QTableView *>());
 }
 
 Sample times()
@@ -353,14 +344,15 @@ Page *makePage()
     auto *page =
         new Page("Keyboard focus",
                  "Everything that the Tab key comes to, with the keyboard focus all at once: one ring, two "
-                 "pixels wide, that crosses no letter, icon or tick. Push buttons have a lighter one.");
+                 "pixels wide, that crosses no letter, icon or tick. Push buttons have a lighter one, and "
+                 "selected rows a white one.");
     Section *section = page->addSection(
         "Buttons", "What has room within its edges has the ring there; around all others it lies outside.");
     section->addColumns(kColumns, buttons());
     section->addSamples({days(), week()}); // whose last day is wide
     section = page->addSection("Fields", "The ring takes the place of the frame.");
     section->addColumns(kColumns, fields());
-    section->addSamples({row(), calendar()});
+    section->addSamples({row()});
     page->addSection("Sliders and views", "In a view the current item shows the focus, too.")
         ->addColumns(kColumns, choices());
     page->addSection("Plain Qt widgets", "These are Qt's own classes in the style of the gallery.")
@@ -370,7 +362,7 @@ Page *makePage()
 
 void registerThis()
 {
-    registerPage({"keyboard-focus", "Keyboard focus", PageGroup::Display, makePage});
+    registerPage({"keyboard-focus", "Keyboard focus", PageGroup::Foundation, makePage});
 }
 Q_CONSTRUCTOR_FUNCTION(registerThis)
 

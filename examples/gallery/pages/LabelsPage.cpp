@@ -12,7 +12,7 @@
 namespace {
 
 const QColor kOrange(176, 84, 20);
-constexpr int kColumnWidth = 200;
+constexpr int kColumns = 4;
 constexpr int kPillHeight = 24;
 
 CBPDrawLabel *drawn(QString text, const QColor &color, bool rounded, int pixelSize = 14)
@@ -39,13 +39,12 @@ void addLabels(Page *page)
 {
     Section *section = page->addSection(
         "CBPLabel", "A QLabel in the font of the interface language, of 12 pixels or any other size.");
-    section->addColumns(kColumnWidth, {{"The default, 12", new CBPLabel("Last changed today")},
-                                       {"14", new CBPLabel("Last changed today", 14)},
-                                       {"18", new CBPLabel("Last changed today", 18)}});
-    section->addColumns(kColumnWidth,
-                        {{"Accent", new CBPLabel("Up to date", QColor(0, 122, 126), 14)},
-                         {"Warning", new CBPLabel("Nearly full", kOrange, 14)},
-                         {"Rich text", new CBPLabel("<b>12</b> of 20 files", theme::kText, 14)}});
+    section->addColumns(kColumns, {{"The default, 12", new CBPLabel("Last changed today")},
+                                   {"14", new CBPLabel("Last changed today", 14)},
+                                   {"18", new CBPLabel("Last changed today", 18)}});
+    section->addColumns(kColumns, {{"Accent", new CBPLabel("Up to date", theme::kAccent, 14)},
+                                   {"Warning", new CBPLabel("Nearly full", kOrange, 14)},
+                                   {"Rich text", new CBPLabel("<b>12</b> of 20 files", theme::kText, 14)}});
 }
 
 void addDrawn(Page *page)
@@ -53,9 +52,9 @@ void addDrawn(Page *page)
     Section *section = page->addSection(
         "CBPDrawLabel", "A text in the middle of its widget, in the outline of a pill or without.");
     section->addSamples({{"Plain", drawn("Beta", theme::kInk, false)},
-                         {"Pill", drawn("Beta", QColor(0, 122, 126), true)},
+                         {"Pill", drawn("Beta", theme::kAccent, true)},
                          {"Another colour", drawn("Expires soon", kOrange, true)},
-                         {"Own font, 12", drawn("NEW", QColor(20, 110, 190), true, 12)},
+                         {"Own font, 12", drawn("NEW", theme::kAccent, true, 12)},
                          {"Large", drawn("Premium", theme::kInk, true, 24)}});
 }
 
@@ -68,7 +67,7 @@ void addImages(Page *page)
     auto *log = new EventLog("No signal yet: click the second picture.");
     CBPImage *live = image("icon_info.png", true, "Details");
     QObject::connect(live, &CBPImage::sigImgClick, log, [log] { log->add("sigImgClick()"); });
-    section->addColumns(kColumnWidth,
+    section->addColumns(kColumns,
                         {{"A picture", image("icon_info.png", false)},
                          {"Can be clicked", live},
                          {"With the focus", pose::in(pose::Focused, image("icon_info.png", true))}});
@@ -84,11 +83,11 @@ CBPLine *line(bool horizontal, int width, int height)
 
 void addLines(Page *page)
 {
-    Section *section = page->addSection(
-        "CBPLine", "A strip that fills its place in a layout; the accent bar is 3 pixels high.");
-    section->addColumns(kColumnWidth, {{"160 x 3", line(true, 160, 3)},
-                                       {"160 x 24", line(true, 160, 24)},
-                                       {"As a column, 40 x 24", line(false, 40, 24)}});
+    Section *section =
+        page->addSection("CBPLine", "A strip that fills its place in a layout; the bar is 3 pixels high.");
+    section->addColumns(kColumns, {{"160 × 3", line(true, 160, 3)},
+                                   {"160 × 24", line(true, 160, 24)},
+                                   {"As a column, 40 × 24", line(false, 40, 24)}});
     section->addWide(new CBPLine(true, nullptr));
 }
 

@@ -102,7 +102,7 @@ CBPSearchEdit *liveSearch(EventLog *log)
 
 CBPLineEdit *liveLine(EventLog *log)
 {
-    CBPLineEdit *edit = line("Click: all is selected", "icon_user.png");
+    CBPLineEdit *edit = line("A click selects everything", "icon_user.png");
     QObject::connect(edit, &CBPLineEdit::KeyPressed, log, [log](QKeyEvent *event) {
         log->add(QString("KeyPressed(%1)").arg(QKeySequence(event->key()).toString()));
     });
@@ -128,7 +128,7 @@ void addLiveSamples(Page *page)
 void addLineEdits(Page *page)
 {
     page->addSection("Line edits",
-                     "With an icon or without. A password blocks the keys for select all, copy and paste.")
+                     "A field may have an icon. A password blocks the keys for select all, copy and paste.")
         ->addColumns(3,
                      {{"Plain", line("Kim Larsen")},
                       {"With an icon", line("Kim Larsen", "icon_user.png")},

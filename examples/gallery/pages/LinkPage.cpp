@@ -75,7 +75,7 @@ void addStates(Page *page)
                    {statesOf("Always", ENLinkerTypeAlways), statesOf("Under the mouse", ENLinkerTypeHover),
                     statesOf("Never", ENLinkerTypeNever), statesOf("Selected", ENLinkerTypeHover, true),
                     statesOf("Own colours", ENLinkerTypeHover, false,
-                             {QColor(0, 122, 126), QColor(0, 101, 106), QColor(34, 42, 62),
+                             {QColor(176, 84, 20), QColor(138, 62, 12), QColor(34, 42, 62),
                               QColor(180, 190, 200)})});
 }
 
@@ -110,7 +110,7 @@ const char kCheckSheet[] =
     "CBPCheckBox { spacing: 8px; color: #444e5c; }"
     "CBPCheckBox:disabled { color: #bdbdbd; }"
     "CBPCheckBox::indicator { width: 16px; height: 16px; border: 1px solid #7b8798;"
-    " border-radius: 3px; background: white; }"
+    " background: white; }"
     "CBPCheckBox::indicator:hover { border-color: #1f71bf; }"
     "CBPCheckBox::indicator:checked, CBPCheckBox::indicator:indeterminate"
     " { background: #1f71bf; border-color: #1f71bf; }"
@@ -149,7 +149,7 @@ void addCheckBoxes(Page *page)
             {checkRow("At rest", unstyled, pose::Normal), checkRow("Hovered", unstyled, pose::Hovered),
              checkRow("Pressed", unstyled, pose::Pressed), checkRow("Focused", unstyled, pose::Focused),
              checkRow("Disabled", unstyled, pose::Disabled), checkRow("By style sheet", styled, pose::Normal),
-             checkRow("Disabled", styled, pose::Disabled)});
+             checkRow("By style sheet, disabled", styled, pose::Disabled)});
 }
 
 Page *makePage()

@@ -297,8 +297,8 @@ Page *makePage()
     page->addSection("Looks", "The highlight follows the corners of a menu without a border.")
         ->addColumns(kColumns,
                      {{"With nested menus", parentOfNested()},
-                      {"A nested one", nested()},
-                      {"A nested one of one item", single()},
+                      {"A nested menu", nested()},
+                      {"A nested menu with one item", single()},
                       {"With a border", bordered()},
                       {"Own colours", light()},
                       {"Low items", compact()},

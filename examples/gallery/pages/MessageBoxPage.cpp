@@ -134,7 +134,7 @@ void addVariants(Page *page)
 
 void addForms(Page *page)
 {
-    Section *section = page->addSection("Forms", "The OK button is enabled once there is what it needs.");
+    Section *section = page->addSection("Forms", "The OK button is enabled once all required fields are filled in.");
     const Ask folder = [](CMsgBox *box) {
         return box->showCreateDirBox(Question, "Name of the new folder:", Ok | Cancel, "New folder");
     };
@@ -184,7 +184,7 @@ Page *makePage()
     auto *page = new Page("Message box", "CMsgBox: messages with an icon and a heading, and two small forms. "
                                          "Each call runs the box and returns the button that ended it.");
     Section *section =
-        page->addSection("Try it", "Each box tells its result. The keys that copy elsewhere copy its texts.");
+        page->addSection("Try it", "Each box tells its result. The usual copy shortcut copies its texts.");
     auto *log = new EventLog("No result yet: open a box and press one of its buttons.");
     const Ask message = [](CMsgBox *box) { return box->message(Warning, kLong, "Go on?", Ok | Cancel); };
     const Ask check = [](CMsgBox *box) {

@@ -14,12 +14,16 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QLabel>
+#include <QScrollArea>
+
+#include <algorithm>
 
 namespace {
 
 constexpr int kRowWidth = 416;
 constexpr int kNarrowWidth = 200;
 constexpr int kListWidth = 416;
+constexpr int kShownRows = 2; // in the picture of a list
 constexpr int kComboWidth = 144;
 constexpr int kComboHeight = 28;
 constexpr qint64 kGiga = 1LL << 30;
@@ -93,6 +97,21 @@ void addLiveSamples(Page *page)
     section->addWide(log);
 }
 
+// Makes a list that is shown as low as its first rows are, so that none is cut.
+void showWholeRows(CBPPathDropdWnd *list, int count)
+{
+    QVector<int> ends;
+    const auto rows = list->findChildren<CBPComboxItem *>();
+    for (const CBPComboxItem *row : rows)
+        ends << row->geometry().bottom() + 1;
+    std::sort(ends.begin(), ends.end());
+    const auto *area = list->findChild<QScrollArea *>();
+    if (!area || ends.size() < count)
+        return;
+    list->setFixedHeight(list->height() - area->viewport()->height() + ends[count - 1]);
+    QCoreApplication::sendPostedEvents();
+}
+
 void addList(Page *page)
 {
     CBPPathDropdWnd list;
@@ -100,11 +119,12 @@ void addList(Page *page)
     list.setAttribute(Qt::WA_DontShowOnScreen);
     list.show();
     QCoreApplication::sendPostedEvents(); // the scroll bar comes with them
+    showWholeRows(&list, kShownRows);
     auto *picture = new QLabel;
     picture->setPixmap(list.grab());
     page->addSection("The list", "The row added last is on top. A path that is there already is not added "
                                  "a second time.")
-        ->addSamples({{"100 pixels high and 416 wide", picture}});
+        ->addSamples({{"Two of four rows, 416 pixels wide", picture}});
 }
 
 void addRows(Page *page)

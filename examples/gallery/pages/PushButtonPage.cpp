@@ -47,7 +47,6 @@ CBPPushBtn *filled(const QString &text)
     result->setBgColor(theme::accents());
     result->setFrmColor(theme::accents());
     result->setTextColor(QVector<QColor>(4, Qt::white));
-    result->setRoundRadius({4, 4});
     result->setFocusFrameColor(theme::kInk); // the built-in blue is as light as the ground
     return result;
 }
@@ -82,8 +81,8 @@ void addLiveSamples(Page *page)
     auto *log = new EventLog("No signal yet: press a button.");
     CBPPushBtn *checkable = live(log, "Checkable", 3);
     checkable->setCheckable(true);
-    checkable->setCheckedBgColor(QColor(226, 242, 243));
-    checkable->setCheckedFrmColor(QColor(75, 174, 178));
+    checkable->setCheckedBgColor(theme::kAccentTint);
+    checkable->setCheckedFrmColor(theme::kAccent);
     CBPPushBtn *withMenu = live(log, "Contact", 4);
     withMenu->setSpacing(triangleSpacing(withMenu->text()));
     addMenu(withMenu);
@@ -94,7 +93,7 @@ void addLiveSamples(Page *page)
         log->add(QString("sigBtnClicked(%1), from a button made without an id").arg(id));
     });
     section->addSamples({{"Id 1", live(log, "Plain", 1)},
-                         {"Rounded, no id", accent},
+                         {"No id", accent},
                          {"Checkable, id 3", checkable},
                          {"Opens a menu", withMenu},
                          {"Disabled, id 5", disabled}});
@@ -171,7 +170,8 @@ void addStates(Page *page)
         "States",
         "One button at rest, under the mouse, held down, with the keyboard focus, and disabled. The "
         "focus ring shows at rest only and needs a frame; selected and checked buttons show none, and "
-        "checked ones look the same whatever the mouse does. They are drawn so on purpose.");
+        "checked ones look the same whatever the mouse does. The triangle keeps its grey when the button is "
+        "disabled. All of this is drawn so on purpose.");
     section->addTable({"Normal", "Hovered", "Pressed", "Focused", "Disabled"},
                       {statesOf("Square", [] { return button("Save"); }), statesOf("Rounded", rounded),
                        statesOf("Half round", pill), statesOf("Own colours", [] { return filled("Save"); }),

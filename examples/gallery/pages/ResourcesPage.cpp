@@ -49,6 +49,7 @@ protected:
     void paintEvent(QPaintEvent *) override
     {
         QPainter painter(this);
+        painter.setRenderHint(QPainter::SmoothPixmapTransform); // a picture of another density is scaled
         drawTile(painter, rect(), m_ground, m_ground.lightness() > 128 ? theme::kLine : m_ground);
         QRect tile(0, 0, m_tile, m_tile);
         for (const QPixmap &picture : qAsConst(m_pictures)) {
@@ -176,9 +177,10 @@ void addColors(Page *page)
     page->addSection("Colours",
                      "Title bars take theirs from UIConfig.ini; a missing one leaves the built-in colour. "
                      "The accents are the library's own.")
-        ->addColumns(5, {{"title_bgcolor " + named(ground), new Swatch(ground)},
+        ->addColumns(3, {{"title_bgcolor " + named(ground), new Swatch(ground)},
                          {"title_textcolor " + named(text), new Swatch(text)},
                          {"title_bottonline " + named(line), new Swatch(line)},
+                         {"Accent #1f71bf", new Swatch(theme::kAccent)},
                          {"Accent #4baeb2", new Swatch(QColor(75, 174, 178))},
                          {"Accent #49a7f5", new Swatch(QColor(73, 167, 245))}});
 }

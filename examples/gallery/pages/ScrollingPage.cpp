@@ -115,7 +115,7 @@ CBPScrollWnd *area(bool flatBars)
         result->setCornerWidget(corner);
     }
     QLabel *content = pane(QStringLiteral("What lies here is larger\nthan the area that shows it."));
-    content->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    content->setAlignment(theme::lineStart() | Qt::AlignTop);
     content->setMargin(theme::kUnit * 3);
     content->setFixedSize(kAreaWidth + 160, kAreaHeight + 120);
     result->setWidget(content);
@@ -125,7 +125,7 @@ CBPScrollWnd *area(bool flatBars)
 
 void addAreas(Page *page)
 {
-    Section *section = page->addSection("Scroll areas", "A scroll area without a frame.");
+    Section *section = page->addSection("Scroll areas", "A scroll area has no frame.");
     section->addSamples({{"With the style's own bars", area(false)}, {"With flat bars", area(true)}});
 }
 

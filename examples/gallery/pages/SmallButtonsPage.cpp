@@ -52,7 +52,6 @@ CBPRoundBtn *round(int diameter = 40, const QString &picture = "icon_user.png")
 CBPMenuBtn *menu()
 {
     auto *result = new CBPMenuBtn("Sort by");
-    result->setRoundRadius({4, 4});
     result->AppendMenuItem(QString(), "Name", 1);
     result->AppendMenuItem(QString(), "Size", 2);
     result->AppendMenuItem(QString(), "Date", 3);
@@ -62,7 +61,6 @@ CBPMenuBtn *menu()
 CAddBtn *add(const QString &text)
 {
     auto *result = new CAddBtn(text, 4);
-    result->setRoundRadius({4, 4});
     return result;
 }
 

@@ -55,7 +55,7 @@ public:
         // Two lines in every card, so that the controls of neighbours stand at one height.
         QLabel *sentence = theme::label(words, theme::Normal, 14, theme::kText, true);
         sentence->setMinimumHeight(2 * sentence->fontMetrics().lineSpacing());
-        sentence->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+        sentence->setAlignment(theme::lineStart() | Qt::AlignTop);
         m_column->addWidget(sentence);
         m_column->addSpacing(kAboveControls);
     }
@@ -64,7 +64,7 @@ public:
     {
         auto *row = new QHBoxLayout;
         row->setSpacing(2 * theme::kUnit);
-        row->addStrut(theme::kControlHeight + 2); // a group has its frame around its buttons
+        row->addStrut(theme::kControlHeight);
         for (QWidget *widget : widgets)
             row->addWidget(widget, 0, Qt::AlignVCenter);
         row->addStretch();
@@ -165,11 +165,10 @@ private:
 Card *buttonsCard()
 {
     auto *card = new Card("Buttons", "A look per state, a menu, a choice.");
-    auto *group = new CButtonGroupBox(true, nullptr);
-    group->SetBgClr({Qt::white, theme::kAccentHovered, theme::kAccent, Qt::white});
-    group->SetTextClr({theme::kAccent, Qt::white, Qt::white, theme::kAccentDisabled});
+    CButtonGroupBox *group = theme::buttonGroup(true);
     for (const auto &[id, text] : {std::pair(1, "Day"), std::pair(2, "Week")})
         group->AddButton(id, text, QString());
+    theme::lowerButtons(group);
     group->GetButton(2)->setSelected(true);
     auto *menu = new CBPDropdownBtn("New", 1);
     menu->AppendMenuItem(QString(), "Folder", 1);
@@ -277,6 +276,7 @@ Card *containersCard()
                     QString());
     tabs->Appendtab(theme::label("What changed this week", theme::Normal, 14, theme::kText), "Week", 2,
                     QString());
+    theme::lowerButtons(tabs->findChild<CButtonGroupBox *>());
     card->addWide(tabs);
     card->addLinks({{"Tabs", "tabs"}, {"Flow layout", "flow-layout"}, {"Boxes", "boxes"}});
     return card;
@@ -300,7 +300,7 @@ Page *makePage()
     auto *page =
         new Page("LumQtLib",
                  "Widgets for Qt 5 that look as if one designer had made them all. Everything here is live; "
-                 "the pages at the left show every widget in every state, and how it is made.");
+                 "the pages in the side bar show every widget in every state, and how it is made.");
     auto *cards = new QWidget;
     auto *grid = new QGridLayout(cards);
     grid->setContentsMargins(0, 0, 0, 0);

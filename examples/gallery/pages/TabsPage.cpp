@@ -10,6 +10,7 @@
 #include "CTabContainer.h"
 #include "CTabPageItem.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -19,6 +20,7 @@ constexpr int kTitleHeight = 40;
 constexpr int kTitleWidth = 240;
 constexpr int kContainerWidth = (theme::kPageWidth - 3 * theme::kUnit) / 2;
 const QColor kOrange(176, 84, 20);
+const QVector<QColor> kTabTexts{QColor(87, 174, 246), Qt::white, Qt::white, QColor(187, 187, 187)};
 
 QWidget *words(const QString &text, int indent = 0)
 {
@@ -27,13 +29,33 @@ QWidget *words(const QString &text, int indent = 0)
     return label;
 }
 
+QStringList tabNames()
+{
+    return {"Backup", "Restore", "Options"};
+}
+
+QString iconFile(const QString &name)
+{
+    return QString(":/gallery/%1.svg").arg(name.toLower());
+}
+
+// The icons of all tabs, in the colours of the built-in texts; `current` is the tab that is chosen.
+void tintIcons(CTabContainer *tabs, int current)
+{
+    const QStringList names = tabNames();
+    for (int i = 0; i < names.size(); ++i) {
+        CBPPushBtn *button = tabs->findChild<CButtonGroupBox *>()->GetButton(i + 1);
+        theme::setTintedIcon(button, iconFile(names[i]), kTabTexts, i + 1 == current);
+    }
+}
+
 CTabContainer *container(bool icons, bool extra)
 {
     auto *tabs = new CTabContainer;
-    const QStringList names{"Backup", "Restore", "Options"};
+    const QStringList names = tabNames();
     for (int i = 0; i < names.size(); ++i) {
         tabs->Appendtab(words(QString("What stands on the page \"%1\".").arg(names[i])), names[i], i + 1,
-                        icons ? QString(":/gallery/%1.svg").arg(names[i].toLower()) : QString());
+                        icons ? iconFile(names[i]) : QString());
     }
     if (icons) {
         const auto buttons = tabs->findChildren<CBPPushBtn *>();
@@ -41,7 +63,10 @@ CTabContainer *container(bool icons, bool extra)
             button->setSpacing(20);
             button->setFixedWidth(104);
         }
+        tintIcons(tabs, 1);
+        QObject::connect(tabs, &CTabContainer::sigTabChanged, tabs, [tabs](int id) { tintIcons(tabs, id); });
     }
+    theme::lowerButtons(tabs->findChild<CButtonGroupBox *>());
     if (extra) {
         auto *button = new CBPPushBtn("Help", nullptr);
         button->setFixedWidth(72);
@@ -123,12 +148,12 @@ void addTabs(Page *page)
                          {"Keyboard focus", focused},
                          {"Disabled", off},
                          {"With icons and a button", container(true, true)},
-                         {"Right-to-left", mirrored},
+                         {"Right to left", mirrored},
                          {"Long text: the tool tip shows it all", cut}});
 }
 
 SampleRow titles(const QString &caption, bool focused, bool tail, const QString &icon,
-                 Qt::LayoutDirection direction = Qt::LeftToRight)
+                 Qt::LayoutDirection direction = QApplication::layoutDirection())
 {
     SampleRow row{caption, {}};
     for (const pose::State state : {pose::Normal, pose::Hovered, pose::Focused, pose::Disabled}) {
@@ -152,7 +177,7 @@ void addTitles(Page *page)
         {"Normal", "Hovered", "Keyboard focus", "Disabled"},
         {titles("Plain", false, true, "icon_user.png"), titles("Focused", true, true, "icon_user.png"),
          titles("No icon", true, true, QString()), titles("No arrow", false, false, "icon_lock.png"),
-         titles("Right-to-left", true, true, "icon_user.png", Qt::RightToLeft)});
+         titles("Right to left", true, true, "icon_user.png", Qt::RightToLeft)});
     auto *own = new CFoucsLabel("Own arrows");
     own->SetIconPath({theme::picturePath("icon_lock.png")},
                      {theme::picturePath("icon_arrowdown.png"), theme::picturePath("icon_arrowup.png")});

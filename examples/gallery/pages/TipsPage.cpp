@@ -133,7 +133,7 @@ void addTexts(Page *page)
         "or wraps at a fixed width.");
     section->addColumns(
         kColumns,
-        {{"One line", darkTip("Minimize", 0)},
+        {{"One line", darkTip("Minimise", 0)},
          {"160 pixels wide", darkTip("A longer text wraps at its words where a width is set.", 160)},
          {"A rich text", darkTip("<b>Ctrl+N</b> opens a new one", 0)},
          {QString(), nullptr}, // the last column is narrower than a tip of a set width

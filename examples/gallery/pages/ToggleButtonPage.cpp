@@ -30,13 +30,18 @@ CTriStateButton *live(EventLog *log, CTriStateButton *button)
     return button;
 }
 
+void tintIcons(CButtonGroupBox *box, int selected)
+{
+    for (int id = 0; CBPPushBtn *button = box->GetButton(id); ++id)
+        theme::setTintedIcon(button, theme::picturePath("icon_user.png"), theme::groupTexts(),
+                             id == selected);
+}
+
 CButtonGroupBox *group(bool exclusive, int selected = -1, bool icons = false)
 {
-    auto *box = new CButtonGroupBox(exclusive, nullptr);
+    CButtonGroupBox *box = theme::buttonGroup(exclusive);
     box->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     const QStringList texts{"Day", "Week", "Month", "Year"};
-    // White on the pale grounds of a group would not be read.
-    box->SetTextClr({QColor(30, 110, 176), QColor(30, 110, 176), QColor(20, 84, 138), QColor(150, 158, 168)});
     for (int i = 0; i < texts.size(); ++i) {
         CBPPushBtn *button =
             box->AddButton(i, texts[i], icons ? theme::picturePath("icon_user.png") : QString());
@@ -45,6 +50,11 @@ CButtonGroupBox *group(bool exclusive, int selected = -1, bool icons = false)
             button->setFixedWidth(120);
         }
         button->setSelected(i == selected);
+    }
+    theme::lowerButtons(box);
+    if (icons) {
+        tintIcons(box, selected);
+        QObject::connect(box, &CButtonGroupBox::sigBtnClicked, box, [box](int id) { tintIcons(box, id); });
     }
     return box;
 }
@@ -108,16 +118,18 @@ void addGroups(Page *page)
     Section *section = page->addSection(
         "Groups",
         "Buttons stand edge to edge in a frame, with thin lines of the same colour between them. The "
-        "built-in text colours are pale on purpose; the other groups have darker ones of their own.");
+        "built-in text colours are pale on purpose; the other groups have colours of their own.");
     CButtonGroupBox *off = group(true, 2);
     off->setEnabled(false);
-    auto *single = new CButtonGroupBox(true, nullptr);
+    CButtonGroupBox *single = theme::buttonGroup(true);
     single->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     single->AddButton(1, "Alone", QString());
+    theme::lowerButtons(single);
     auto *builtIn = new CButtonGroupBox(true, nullptr);
     builtIn->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     for (const char *text : {"One", "Two", "Three"})
         builtIn->AddButton(0, text, QString());
+    theme::lowerButtons(builtIn);
     CButtonGroupBox *focused = group(true, 0);
     pose::put(focused->GetButton(1), pose::Focused);
     CButtonGroupBox *hovered = group(true, 0);

@@ -95,7 +95,7 @@ SampleRow statesOf(const QString &caption, Maker make)
 void addStates(Page *page)
 {
     Section *section = page->addSection(
-        "States", "The pressed look stays until the mouse leaves; this is meant so. The keyboard focus shows "
+        "States", "The pressed look stays until the mouse leaves; this is intended. The keyboard focus shows "
                   "the hover colours and a ring. A selected button shows the hover colours in every state.");
     section->addTable({"Normal", "Hovered", "Pressed", "Focused", "Disabled"},
                       {statesOf("Beside", [] { return tool("List", ENAlignLeft); }),
@@ -165,8 +165,7 @@ public:
         setFixedSize(112, 56);
         SetRoundRadius(radius, radius);
         SetFrmColor({QColor(190, 200, 212), theme::kAccent, theme::kAccentPressed, QColor(221, 226, 231)});
-        SetBgColor(
-            {QColor(250, 252, 253), QColor(226, 242, 243), QColor(205, 231, 233), QColor(247, 249, 251)});
+        SetBgColor({QColor(250, 252, 253), theme::kAccentTint, QColor(205, 225, 243), QColor(247, 249, 251)});
     }
 
     void OnExpose() override

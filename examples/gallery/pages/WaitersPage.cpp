@@ -18,6 +18,7 @@ namespace {
 
 constexpr int kColumns = 4;
 constexpr int kWait = 4000; // ms, of the live samples
+constexpr int kExpanderWidth = (theme::kPageWidth - (kColumns - 1) * 3 * theme::kUnit) / kColumns;
 
 // ----------------------------------------------------------------------------------------------------------
 // live
@@ -26,11 +27,10 @@ constexpr int kWait = 4000; // ms, of the live samples
 CBPWaitBtn *primary(const QString &text, const QString &waitingText)
 {
     auto *button = new CBPWaitBtn(theme::spinnerFrames(), text, waitingText);
-    button->setBgColor({QColor(0x1f, 0x71, 0xbf), QColor(0x18, 0x5d, 0x9f), QColor(0x13, 0x4d, 0x85),
-                        QColor(0xc9, 0xe5, 0xfc)});
-    button->setTextColor({Qt::white, Qt::white, Qt::white, QColor(0x2f, 0x6f, 0xa8)});
+    button->setBgColor(theme::waitingGrounds());
+    button->setTextColor(theme::waitingTexts());
     button->setFrmTrancent(true);
-    button->setFixedSize(168, 36);
+    button->setFixedSize(168, theme::kControlHeight);
     return button;
 }
 
@@ -50,7 +50,7 @@ CBPWaitBtn *waitingButton(EventLog *log)
 CBPPushBtn *opener(const QString &text, EventLog *log, void (*open)(EventLog *))
 {
     auto *button = new CBPPushBtn(text, nullptr);
-    button->setFixedSize(184, 36);
+    button->setFixedSize(184, theme::kControlHeight);
     QObject::connect(button, &CBPPushBtn::sigBtnClicked, log, [log, open] { open(log); });
     return button;
 }
@@ -154,7 +154,7 @@ void addWindows(Page *page)
 CExpandBtn *expander(const QString &text)
 {
     auto *button = new CExpandBtn(theme::spinnerFrames(), text, QString());
-    button->setFixedWidth(200);
+    button->setFixedWidth(kExpanderWidth);
     return button;
 }
 
@@ -182,7 +182,7 @@ void addExpanders(Page *page)
     CExpandBtn *plain = expander("Not expandable");
     plain->setExpandable(false);
     auto *waiting = new CExpandBtn(QStringList(), "Details", "Loading"); // without frames it stands still
-    waiting->setFixedWidth(200);
+    waiting->setFixedWidth(kExpanderWidth);
     waiting->Show(true);
     page->addSection("Expand button", "CExpandBtn is a waiting button that opens what lies below it.")
         ->addColumns(kColumns, {{"Try it", expanding()},

@@ -21,6 +21,8 @@ namespace {
 constexpr int kTickMs = 100;
 constexpr int kSteps = 30; // of a job
 constexpr unsigned long kStepMs = 100;
+constexpr int kButtonWidth = 184;
+const QColor kRestingDot(0xd7, 0xdc, 0xe4);
 
 // Counts to a hundred, slowly, on its own thread.
 class CountJob : public CBaseSyncExecuter
@@ -58,7 +60,7 @@ void wait(CBPSyncObj *sync, QObject *window, EventLog *log, const QString &name)
 CBPPushBtn *opener(const QString &text, EventLog *log, const std::function<void(EventLog *)> &open)
 {
     auto *button = new CBPPushBtn(text, nullptr);
-    button->setFixedSize(184, 36);
+    button->setFixedSize(kButtonWidth, theme::kControlHeight);
     QObject::connect(button, &CBPPushBtn::sigBtnClicked, log, [log, open] { open(log); });
     return button;
 }
@@ -66,11 +68,10 @@ CBPPushBtn *opener(const QString &text, EventLog *log, const std::function<void(
 CBPWaitBtn *waitingButton(EventLog *log)
 {
     auto *button = new CBPWaitBtn(theme::spinnerFrames(), "Count in the button", "Counting");
-    button->setBgColor({QColor(0x1f, 0x71, 0xbf), QColor(0x18, 0x5d, 0x9f), QColor(0x13, 0x4d, 0x85),
-                        QColor(0xc9, 0xe5, 0xfc)});
-    button->setTextColor({Qt::white, Qt::white, Qt::white, QColor(0x2f, 0x6f, 0xa8)});
+    button->setBgColor(theme::waitingGrounds());
+    button->setTextColor(theme::waitingTexts());
     button->setFrmTrancent(true);
-    button->setFixedSize(184, 36);
+    button->setFixedSize(kButtonWidth, theme::kControlHeight);
     QObject::connect(button, &CBPPushBtn::sigBtnClicked, log,
                      [button, log] { wait(button, nullptr, log, "Waiting button"); });
     return button;
@@ -92,7 +93,7 @@ public:
                          "at once, and the job goes on to its end.",
                          theme::Normal, 14, theme::kText));
         auto *nested = new CBPPushBtn("Open another", nullptr);
-        nested->setFixedSize(184, 36);
+        nested->setFixedSize(kButtonWidth, theme::kControlHeight);
         QObject::connect(nested, &CBPPushBtn::sigBtnClicked, this, [this] {
             CountingPopUp inner(m_log);
             inner.Run();
@@ -123,7 +124,7 @@ class Heartbeat : public QWidget
 public:
     Heartbeat()
     {
-        setFixedSize(184, 36);
+        setFixedSize(kButtonWidth, theme::kControlHeight);
         setAccessibleName("Interface is alive");
         connect(&m_timer, &QTimer::timeout, this, [this] {
             ++m_beats;
@@ -139,7 +140,7 @@ protected:
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
         for (int i = 0; i < kDots; ++i) {
-            painter.setBrush(i == m_beats % kDots ? QColor(0x4b, 0xae, 0xb2) : QColor(0xd7, 0xdc, 0xe4));
+            painter.setBrush(i == m_beats % kDots ? theme::kAccent : kRestingDot);
             painter.drawEllipse(QPointF(8 + i * 15, height() / 2.0), 4, 4);
         }
     }

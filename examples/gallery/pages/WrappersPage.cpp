@@ -59,7 +59,7 @@ QWidget *table(EventLog *log)
     view->setColumnWidth(0, 200);
     view->horizontalHeader()->setStretchLastSection(true);
     view->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    view->selectRow(1);
+    view->setCurrentCell(1, 0); // selects its row
     outline(view, 208);
     QObject::connect(view, &QTableWidget::itemChanged, log, [log](QTableWidgetItem *item) {
         log->add(QString("itemChanged: \"%1\"").arg(item->text()));
@@ -207,8 +207,8 @@ QWidget *button()
     return pushed;
 }
 
-// With a style of its own, as it would be without the library's.
-QWidget *asQtMakesIt(QWidget *widget)
+// As it looks where the library's style is not installed.
+QWidget *withoutLibraryStyle(QWidget *widget)
 {
     QStyle *style = QStyleFactory::create("Fusion");
     style->setParent(widget);
@@ -224,7 +224,7 @@ SampleRow plainRow(const QString &name, QWidget *(*make)())
         sample->ensurePolished(); // from then on its style follows the focus
         row.widgets << pose::in(state, sample);
     }
-    row.widgets << pose::in(pose::Normal, asQtMakesIt(make()));
+    row.widgets << pose::in(pose::Normal, withoutLibraryStyle(make()));
     return row;
 }
 
@@ -259,18 +259,19 @@ Page *makePage()
     auto *log = new EventLog("Nothing yet: edit a cell of the table, or ask for the tree's context menu.");
     Section *views = page->addSection(
         "Table and tree",
-        "Whole rows are selected, a second click or F2 edits, a click on a column's title sorts.");
+        "Whole rows are selected, a second click or F2 edits, a click on a column's title sorts. The selection "
+        "has the full accent while the focus is in the view, and a pale one while it is elsewhere.");
     views->addSamples({{"CBPTableWidget: rows of 41 pixels, no grid", table(log)},
                        {"CBPTreeWidget: top-level items without a branch mark", tree(log)}});
     views->addWide(log);
-    page->addSection("Views", "With the defaults that Qt gives them.")
+    page->addSection("Views", "These have Qt's own defaults.")
         ->addSamples({{"CBPQtTableView", tableView()}, {"CBPTreeView, the focus in a row", focusedTree()}});
     page->addSection("Dividers and groups", "CBPQtLine is one pixel wide and fades at its ends. "
                                             "CBPQtGroupBox shows neither frame nor title.")
         ->addSamples({{"CBPQtLine, twice", divided()}, {"CBPQtGroupBox", group()}});
     page->addSection("Plain widgets",
                      "CBPStyle::Install() gives an application's own widgets the library's look.")
-        ->addTable({"Normal", "Hovered", "Focused", "Disabled", "As Qt makes it"},
+        ->addTable({"Normal", "Hovered", "Focused", "Disabled", "Without CBPStyle"},
                    {plainRow("QRadioButton", radio), plainRow("QSpinBox", number),
                     plainRow("QComboBox", choices), plainRow("QLineEdit", text),
                     plainRow("QPushButton", button)});
