@@ -5,9 +5,9 @@
 
 namespace {
 
-// What applications write most often. What has these colours counts for nothing.
+// What applications write most often. Its ground counts for nothing, its border as the frame that it
+// replaces.
 constexpr QRgb kGround = 0xfffedcba;
-constexpr QRgb kBorder = 0xff0a5b0c;
 const QString kRules =
     "QWidget { background: #fedcba }; QLabel { background: #fedcba };"
     "QPushButton { background: #fedcba; padding: 6px }; QFrame { border: 2px solid #0a5b0c };"
@@ -33,7 +33,6 @@ Colors colorsOf(QWidget &widget, QWidget::RenderFlags parts = QWidget::DrawChild
     for (int i = 0; i < image.width() * image.height(); ++i)
         ++colors[image.pixel(i % image.width(), i / image.width())];
     colors.remove(kGround);
-    colors.remove(kBorder);
     return colors;
 }
 
@@ -46,14 +45,15 @@ int inkOf(const Colors &colors, int least)
     return count;
 }
 
-// Whether what stood out most is still there, as a ground of ours is nothing without its text and frame. A
-// rule's own frame takes the place of ours, and its padding is taken from a slider: that leaves a fifth.
-bool isSeen(const Colors &before, const Colors &now)
+// Whether two fifths of what stood out most are still there: a ground of ours is nothing without its text and
+// frame. Of what moves, or padding shortens, it is one.
+bool isSeen(const QWidget &widget, const Colors &before, const Colors &now)
 {
+    const int share = widget.inherits("CBPScrollBar") || widget.inherits("CBPEllipsisGifLabel") ? 1 : 2;
     int most = 0;
     for (auto color = before.cbegin(); color != before.cend(); ++color)
         most = color.value() >= 4 ? qMax(most, distance(color.key())) : most;
-    return inkOf(now, most / 2) * 5 >= inkOf(before, most / 2);
+    return inkOf(now, most / 2) * 5 >= inkOf(before, most / 2) * share;
 }
 
 } // namespace
@@ -86,7 +86,7 @@ private Q_SLOTS:
                 root->setStyleSheet(rule + "}");
                 QCoreApplication::processEvents();
                 for (const auto &[widget, before] : qAsConst(ours)) {
-                    if (!isSeen(before, colorsOf(*widget)))
+                    if (!isSeen(*widget, before, colorsOf(*widget)))
                         gone << page.id + ": " + widget->metaObject()->className() + " by " + rule;
                 }
             }

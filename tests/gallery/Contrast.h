@@ -27,11 +27,9 @@ const QStringList kFixed{
     "CBPWaitBtn #ffffff on #4195dc 3.2",         // the same, pressed
     "CTriStateButton #4caeb2 on #e2f2f3 2.3",    // chosen
     "CTriStateButton #70bfc2 on #edf7f8 1.9",    // hovered
-    "QLabel #7f8fa4 on #222a3e 4.3",             // title of a window
     "lumqt::GroupButton #57aef6 on #ffffff 2.4", // normal
     "lumqt::GroupButton #ffffff on #4195dc 3.2", // chosen tab
     "lumqt::GroupButton #ffffff on #5baff6 2.4", // hovered tab
-    "lumqt::GroupButton #222a3e on #4195dc 4.5", // picture of a chosen tab
     "CBPDateSelector #d7d7d7 on #ffffff 1.4",    // without the focus
     "CBPDateSelector #d7d7d7 on #f7f9fb 1.4",    // the same, on a panel
     "QCalendarView #fd7b00 on #ffffff 2.6",      // weekend
@@ -64,6 +62,13 @@ struct Pair
     QRgb ink;
 };
 
+// The fixed pairs that came up.
+inline QSet<QString> &metPairs()
+{
+    static QSet<QString> pairs;
+    return pairs;
+}
+
 // Names the pair, if it is too hard to see and not fixed.
 inline QStringList faint(const QString &what, const Pair &pair, double least)
 {
@@ -71,7 +76,10 @@ inline QStringList faint(const QString &what, const Pair &pair, double least)
     const QString name =
         QStringLiteral("%1 %2 on %3 %4")
             .arg(what, QColor(pair.ink).name(), QColor(pair.ground).name(), QString::number(seen, 'f', 1));
-    return seen >= least || kFixed.contains(name) ? QStringList() : QStringList(name);
+    const bool isFixed = seen < least && kFixed.contains(name);
+    if (isFixed)
+        metPairs() << name;
+    return seen >= least || isFixed ? QStringList() : QStringList(name);
 }
 
 // The colour that most of a place has, and the one that stands out most from it.
