@@ -33,9 +33,6 @@ const QStringList kFixed{
     "CBPDateSelector #d7d7d7 on #ffffff 1.4",    // without the focus
     "CBPDateSelector #d7d7d7 on #f7f9fb 1.4",    // the same, on a panel
     "QCalendarView #fd7b00 on #ffffff 2.6",      // weekend
-    "QCalendarView #ff0000 on #ffffff 4.0",      // the same, of a plain calendar
-    "QCalendarView #ff0000 on #f7f7f7 3.7",      // and its heading
-    "QCalendarView #969ea8 on #ffffff 2.7",      // of another month, as what is disabled
     "menu text #ffffff on #4baeb2 2.6",          // hovered
     "button frame #bce0e2 on #ffffff 1.4",       // hovered
     "button frame #87c8cc on #ffffff 1.9",       // pressed

@@ -18,8 +18,11 @@ constexpr int kBeside = 2;       // logical pixels
 constexpr int kThin = 3;         // device pixels of the thickest line
 constexpr int kStep = 6;         // of a colour, beyond that of a gradient
 
+// Accent and hovered row, known everywhere: which line has a state may differ from one scale to another.
+const QList<QRgb> kStates{0xff1f71bf, 0xffedf3fe};
+
 // Lines that are drawn evenly, but covered in part by children, whose edges lie at rounded logical pixels.
-const QStringList kUneven{"CBPGridBox #1f71bf", "lumqt::TabBar #49a7f5"};
+const QStringList kUneven{"CBPGridBox #1f71bf", "lumqt::TabBar #49a7f5", "CBPBox #d7d7d7"};
 
 // What does not have the library's look: shown beside it for comparison, or a scroll bar that a sheet of the
 // application's draws (between the pixels, as sheets do).
@@ -108,12 +111,22 @@ inline QByteArray classAt(const QWidget &window, const QPoint &at)
 }
 
 // At another scale, a line may come to lie in what was beside it.
+inline QSet<QByteArray> classesAround(const QWidget &window, const QPoint &at)
+{
+    QSet<QByteArray> classes{classAt(window, at)};
+    for (const int x : {-kBeside, kBeside}) {
+        for (const int y : {-kBeside, kBeside})
+            classes << classAt(window, at + QPoint(x, y));
+    }
+    return classes;
+}
+
 inline KnownLines knownOf(const QWidget &window, const QVector<Line> &lines)
 {
     KnownLines known;
     for (const Line &line : lines) {
-        for (const QPoint &beside : {QPoint(), QPoint(kBeside, kBeside), QPoint(-kBeside, -kBeside)})
-            known[classAt(window, line.middle + beside)][line.color] << line.thickness;
+        for (const QByteArray &name : classesAround(window, line.middle))
+            known[name][line.color] << line.thickness;
     }
     return known;
 }
@@ -135,7 +148,9 @@ inline QStringList faultsIn(const QWidget &window, const QVector<Line> &lines, c
         if (!line.thickness || line.length < leastEdgeOf(widget) * scale || plain.contains(at))
             continue;
         const QHash<QRgb, QSet<int>> here = known.value(classAt(window, at));
-        const QList<QRgb> colors = here.keys();
+        QList<QRgb> colors = kStates;
+        for (const QByteArray &name : classesAround(window, at))
+            colors += known.value(name).keys();
         const bool isKnown = std::any_of(colors.cbegin(), colors.cend(),
                                          [&](QRgb color) { return !isFar(color, line.color, 2); });
         const QSet<int> before = here.value(line.color);
