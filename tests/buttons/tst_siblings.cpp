@@ -12,6 +12,7 @@
 #include "CExpandBtn.h"
 #include "CFoucsLabel.h"
 #include "CTriStateButton.h"
+#include "foundation/FocusRing.h"
 #include "foundation/Painting.h"
 #include "Pictures.h"
 #include "Pixels.h"
@@ -382,7 +383,8 @@ private slots:
             area.widget()->setFixedSize(90, 900);
             area.setStyleSheet(sheet);
             showActive(area);
-            for (const auto &[at, outside] : {std::pair(QPoint(20, 800), 6), {QPoint(), 3}}) {
+            for (const auto &[at, outside] :
+                 {std::pair(QPoint(20, 800), 2 * lumqt::kRingMargin), {QPoint(), lumqt::kRingMargin}}) {
                 CBPLinkerButton link(kText, ENLinkerTypeAlways, 1, area.widget());
                 link.move(at);
                 link.show();

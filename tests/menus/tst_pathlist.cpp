@@ -57,10 +57,9 @@ struct List : CBPPathDropdWnd
     QStringList paths(bool selectedOnly = false)
     {
         QStringList all;
-        for (const CBPComboxItem *row : pathItems()) {
+        for (const CBPComboxItem *row : pathItems())
             if (!selectedOnly || row->GetItem().selected)
                 all << row->GetItem().path;
-        }
         return all;
     }
     QStringList selected() { return paths(true); }
@@ -95,11 +94,6 @@ void clickDelete(CBPComboxItem *row)
 {
     sendEvent(*row, QEvent::Enter);
     QTest::mouseClick(deleteButton(row), Qt::LeftButton);
-}
-
-QAccessibleInterface *spoken(QObject *object)
-{
-    return QAccessible::queryAccessibleInterface(object);
 }
 
 } // namespace
@@ -353,8 +347,11 @@ private slots:
                 else if (by == "delete button")
                     clickDelete(row);
                 else if (by.startsWith("screen reader"))
-                    spoken(row)->actionInterface()->doAction(
-                        by.endsWith("deletes") ? spoken(row)->actionInterface()->actionNames().last()
+                    QAccessible::queryAccessibleInterface(row)->actionInterface()->doAction(
+                        by.endsWith("deletes") ? QAccessible::queryAccessibleInterface(row)
+                                                     ->actionInterface()
+                                                     ->actionNames()
+                                                     .last()
                                                : QAccessibleActionInterface::pressAction());
                 else
                     QTest::keyPress(row, by == "Return" ? Qt::Key_Return : Qt::Key_Delete);
@@ -440,13 +437,13 @@ private slots:
         ComboxItem disk = location("/disk", 2 * kGiga);
         list.AppendItem(disk);
         CBPComboxItem *row = list.pathItems().last();
-        QAccessibleInterface *item = spoken(row);
+        QAccessibleInterface *item = QAccessible::queryAccessibleInterface(row);
         QVERIFY(item);
         QCOMPARE(item->role(), QAccessible::ListItem);
         QCOMPARE(item->text(QAccessible::Name), QString("/disk"));
         QCOMPARE(item->text(QAccessible::Description), QString("1.00 GB Free of 2.00 GB"));
         QVERIFY(item->state().selected && item->state().focusable);
-        QVERIFY(!spoken(list.pathItems().first())->state().selected);
+        QVERIFY(!QAccessible::queryAccessibleInterface(list.pathItems().first())->state().selected);
         QAccessibleInterface *rows = item->parent();
         QCOMPARE(rows->role(), QAccessible::List);
         QCOMPARE(rows->text(QAccessible::Name), QString("Recent folders"));

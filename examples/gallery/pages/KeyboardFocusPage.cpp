@@ -350,7 +350,8 @@ Page *makePage()
         "Buttons", "What has room within its edges has the ring there; around all others it lies outside.");
     section->addColumns(kColumns, buttons());
     section->addSamples({days(), week()}); // whose last day is wide
-    section = page->addSection("Fields", "The ring takes the place of the frame.");
+    section = page->addSection(
+        "Fields", "The ring takes the place of the frame, or lies around it where the frame is fixed.");
     section->addColumns(kColumns, fields());
     section->addSamples({row()});
     page->addSection("Sliders and views", "In a view the current item shows the focus, too.")
