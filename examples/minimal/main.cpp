@@ -13,7 +13,7 @@ int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
     QDir::setCurrent(QCoreApplication::applicationDirPath()); // res/ lies beside this folder
-    CBPStyle::Install(); // Qt's own widgets get the library's look
+    CBPStyle::Install();                                      // Qt's own widgets get the library's look
 
     CBaseWin window;
     window.setCaption("Hello");

@@ -63,8 +63,7 @@ struct List : CBPPathDropdWnd
         return all;
     }
     QStringList selected() { return paths(true); }
-
-    // It need not be the active window, which a window manager gives or does not give.
+    // It need not be the active window.
     bool open()
     {
         move(40, 40);
