@@ -206,7 +206,7 @@ QSize CBPStyle::sizeFromContents(ContentsType type, const QStyleOption *option, 
         if (const auto *spin = qstyleoption_cast<const QStyleOptionSpinBox *>(option)) {
             const int steps = spin->buttonSymbols == QAbstractSpinBox::NoButtons ? 0 : lumqt::kStepWidth;
             return QSize(size.width() + steps + (spin->frame ? 2 * (inset - lumqt::kLineEditMargin) : 0),
-                         spin->frame ? withRing : size.height());
+                         spin->frame ? qMax(height, size.height()) : size.height());
         }
         break;
     case CT_PushButton: {

@@ -134,7 +134,8 @@ void addVariants(Page *page)
 
 void addForms(Page *page)
 {
-    Section *section = page->addSection("Forms", "The OK button is enabled once all required fields are filled in.");
+    Section *section =
+        page->addSection("Forms", "The OK button is enabled once all required fields are filled in.");
     const Ask folder = [](CMsgBox *box) {
         return box->showCreateDirBox(Question, "Name of the new folder:", Ok | Cancel, "New folder");
     };

@@ -108,7 +108,8 @@ void showWholeRows(CBPPathDropdWnd *list, int count)
     const auto *area = list->findChild<QScrollArea *>();
     if (!area || ends.size() < count)
         return;
-    list->setFixedHeight(list->height() - area->viewport()->height() + ends[count - 1]);
+    const int height = list->height() - area->viewport()->height() + ends[count - 1];
+    list->setFixedHeight((height + 3) / 4 * 4); // whole device pixels at every scale
     QCoreApplication::sendPostedEvents();
 }
 

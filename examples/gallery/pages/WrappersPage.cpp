@@ -259,7 +259,8 @@ Page *makePage()
     auto *log = new EventLog("Nothing yet: edit a cell of the table, or ask for the tree's context menu.");
     Section *views = page->addSection(
         "Table and tree",
-        "Whole rows are selected, a second click or F2 edits, a click on a column's title sorts. The selection "
+        "Whole rows are selected, a second click or F2 edits, a click on a column's title sorts. The "
+        "selection "
         "has the full accent while the focus is in the view, and a pale one while it is elsewhere.");
     views->addSamples({{"CBPTableWidget: rows of 41 pixels, no grid", table(log)},
                        {"CBPTreeWidget: top-level items without a branch mark", tree(log)}});
