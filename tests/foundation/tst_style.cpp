@@ -187,7 +187,9 @@ private slots:
         menu.actions().first()->setChecked(true);
         menu.popup(QPoint());
         menu.grab();
-        QVERIFY(!boxOf(menu.grab().toImage(), QColor(lumqt::kAccent)).isEmpty());
+        const QImage checked = menu.grab().toImage();
+        menu.actions().first()->setChecked(false);
+        QVERIFY(menu.grab().toImage() != checked);
         QCOMPARE(lumqt::runningFades(), 0);
     }
 
