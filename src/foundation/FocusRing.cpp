@@ -193,6 +193,8 @@ QRect inkOfLine(const QString &text, const QFont &font, const QPoint &topLeft)
 QRect inkOfPicture(const QPixmap &picture, const QPoint &topLeft)
 {
     const QRect box = opaqueBox(picture.toImage());
+    if (box.isEmpty()) // of no picture, the ratio is 0, too
+        return QRect();
     const qreal ratio = picture.devicePixelRatioF();
     const QRectF ink(QPointF(box.topLeft()) / ratio, QSizeF(box.size()) / ratio);
     return ink.translated(topLeft).toAlignedRect();
