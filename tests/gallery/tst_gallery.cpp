@@ -142,10 +142,12 @@ private Q_SLOTS:
     void straightEdgesAreSharp_data()
     {
         columns<qreal>("ratio");
-        row("125 per cent", 1.25);
         row("150 per cent", 1.5);
+#ifndef __SANITIZE_ADDRESS__ // which finds no more at others
+        row("125 per cent", 1.25);
         row("175 per cent", 1.75);
         row("200 per cent", 2.0);
+#endif
     }
     // Where edges lie between pixels, there are lines of a colour that is not there at 100 per cent.
     void straightEdgesAreSharp()
