@@ -147,7 +147,7 @@ class Workshop:
         return self.run("cmake", "--build", self.build, "--target", target, "-j", "1")
 
     def test(self, folder):
-        only = [] if folder in FOLDERS_OF_ALL else ["-L", f"^{folder}$"]
+        only = [] if folder in FOLDERS_OF_ALL else ["-L", f"^in-{folder}$"]
         return self.run(ROOT / "scripts" / "with-display.sh", "ctest", "--test-dir", self.build, "--stop-on-failure",
                         "--timeout", TEST_SECONDS, "--output-on-failure", "-E", "monkey|package", *only)
 
