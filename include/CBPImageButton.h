@@ -179,6 +179,7 @@ private:
     void textChanged();
     void reportActivation();
     void followKey(bool wasDown);
+    void placeRing();
     void updateRing();
     bool hasRingRoom() const;
     QPoint imagePlace(const QSize &image) const;

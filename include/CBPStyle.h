@@ -62,9 +62,7 @@ public:
     int styleHint(StyleHint hint, const QStyleOption *option = nullptr, const QWidget *widget = nullptr,
                   QStyleHintReturn *returnData = nullptr) const override;
     void polish(QWidget *widget) override;
-    void unpolish(QWidget *widget) override;
     using QProxyStyle::polish;
-    using QProxyStyle::unpolish;
     /// \endcond
 
 private:

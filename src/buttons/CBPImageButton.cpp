@@ -160,7 +160,7 @@ void CBPImageButton::SetSelect(bool selected)
 void CBPImageButton::SetBtnShow(bool show)
 {
     m_shown = show;
-    updateRing();
+    placeRing();
 }
 
 void CBPImageButton::SetHight(int height)

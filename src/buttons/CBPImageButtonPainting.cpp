@@ -132,13 +132,18 @@ void CBPImageButton::PaintSpecialIcon(QPainter *painter)
         lumqt::drawDotBadge(*painter, rect().topRight() + kDotOffset, m_specialIconColor);
 }
 
-// At the edge of the button, or around it where image or text reach that far.
 void CBPImageButton::updateRing()
+{
+    placeRing();
+    update();
+}
+
+// At the edge of the button, or around it where image or text reach that far.
+void CBPImageButton::placeRing()
 {
     const bool shown = m_focusMark == lumqt::FocusMark::Shown && m_shown;
     m_ringInside = shown && hasRingRoom();
     lumqt::setRingAround(this, shown && !m_ringInside);
-    update();
 }
 
 bool CBPImageButton::hasRingRoom() const

@@ -70,11 +70,6 @@ void CBPStyle::polish(QWidget *widget)
         widget->setAttribute(Qt::WA_Hover);
 }
 
-void CBPStyle::unpolish(QWidget *widget)
-{
-    QProxyStyle::unpolish(widget);
-}
-
 void CBPStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
                              const QWidget *widget) const
 {

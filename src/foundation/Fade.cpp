@@ -10,6 +10,7 @@
 #include <QHash>
 #include <QHeaderView>
 #include <QPointer>
+#include <QSet>
 #include <QStyle>
 #include <QTimerEvent>
 #include <QWidget>
@@ -66,15 +67,17 @@ public:
 protected:
     void timerEvent(QTimerEvent *) override
     {
-        for (auto parts = m_widgets.begin(); parts != m_widgets.end(); ++parts) {
-            bool moving = false;
-            for (Part &part : *parts) {
-                moving = moving || part.began >= 0;
+        const QSet<const QWidget *> moving = m_moving;
+        for (const QWidget *widget : moving) {
+            bool rests = true;
+            for (Part &part : m_widgets[widget]) {
                 if (part.began >= 0 && m_clock.elapsed() - part.began >= kFadeTime)
                     settle(part, part.target);
+                rests = rests && part.began < 0;
             }
-            if (moving)
-                repaint(const_cast<QWidget *>(parts.key())); // painters have it as const
+            if (rests)
+                m_moving.remove(widget);
+            repaint(const_cast<QWidget *>(widget)); // painters have it as const
         }
         if (m_running == 0)
             m_timer.stop();
@@ -100,6 +103,7 @@ private:
         if (part.began < 0)
             ++m_running;
         part.began = m_clock.elapsed();
+        m_moving.insert(widget);
         if (!m_timer.isActive())
             m_timer.start(kFrameTime, Qt::PreciseTimer, this);
     }
@@ -114,6 +118,7 @@ private:
 
     void forget(const QWidget *widget)
     {
+        m_moving.remove(widget);
         const QHash<int, Part> parts = m_widgets.take(widget);
         for (const Part &part : parts)
             m_running -= part.began >= 0 ? 1 : 0;
@@ -130,6 +135,7 @@ private:
     }
 
     QHash<const QWidget *, QHash<int, Part>> m_widgets;
+    QSet<const QWidget *> m_moving;
     QElapsedTimer m_clock;
     QBasicTimer m_timer;
     int m_running = 0;

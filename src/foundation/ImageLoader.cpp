@@ -40,6 +40,7 @@ struct Picture
 {
     QPixmap pixmap;
     FileLook look;
+    bool isDrawing = false;
     QVector<Twin> twins; // that can apply, there or not; the better one first
     // The last look: the pass it served, and the tick of the coarse clock. A pass has no end that anybody
     // tells, so the tick is what keeps an old look from a widget that paints much later.
@@ -192,7 +193,7 @@ QPixmap fitRatio(QImage image, qreal ownRatio, qreal ratio)
 QPixmap read(const QString &path, const Picture &looks, qreal ratio)
 {
     const bool exists = looks.look.stamp.exists();
-    if (isDrawing(path))
+    if (looks.isDrawing)
         return exists ? renderDrawing(path, looks.look, ratio) : QPixmap();
     for (const Twin &twin : looks.twins) {
         const QImage image = twin.look.stamp.exists() ? decode(twin.file) : QImage();
@@ -217,7 +218,7 @@ Twin twinOf(const QString &path, qreal ratio)
 QVector<Twin> twinsFor(const QString &path, qreal ratio)
 {
     QVector<Twin> twins;
-    if (ratio <= 1.0 || isDrawing(path))
+    if (ratio <= 1.0)
         return twins;
     const int steps = qRound(ratio * kSteps);
     if (qFuzzyCompare(ratio * kSteps, qreal(steps)) && steps % kSteps != 0)
@@ -242,7 +243,9 @@ PicturePointer lookAndLoad(const QString &path, qreal ratio)
     }
     auto picture = std::make_shared<Picture>();
     picture->look = lookAt(path);
-    picture->twins = twinsFor(path, ratio);
+    picture->isDrawing = isDrawing(path);
+    if (!picture->isDrawing)
+        picture->twins = twinsFor(path, ratio);
     if (!picture->hasFile())
         qCWarning(lcLumQt, "The image %s is missing", qUtf8Printable(path));
     picture->pixmap = read(path, *picture, ratio);

@@ -33,15 +33,4 @@ constexpr QRgb kPressedGround = 0xffe2f2f3;
 constexpr QRgb kRaisedGround = 0xfff4f6f8; // of headers
 constexpr QRgb kRule = 0xffd5dbe1;         // lines that only divide
 
-struct FieldLook
-{
-    bool enabled = true;
-    bool hovered = false;
-    bool focused = false;
-    bool invalid = false; // what is in it would not be accepted
-};
-
-// A field's ground and frame into `rect`; with the focus, the frame is the focus ring.
-void drawField(QPainter &painter, const QRect &rect, const FieldLook &look);
-
 } // namespace lumqt

@@ -162,6 +162,25 @@ QRectF evenDevicePixels(const QPainter &painter, const QRectF &rect)
         topLeft, QSizeF(even(rect.width(), qAbs(toDevice.m11())), even(rect.height(), qAbs(toDevice.m22()))));
 }
 
+// From the outer edges inwards, which are those of the widget: its clip would cut what is thicker.
+QRectF fillEdges(QPainter &painter, const QRectF &rect, Qt::Edges edges, const QColor &color)
+{
+    const QRectF outer = wholeDevicePixels(painter, rect);
+    const QSizeF line = evenDevicePixels(painter, QRectF(rect.topLeft(), QSizeF(1, 1))).size();
+    const qreal across = qMin(line.width(), outer.width());
+    const qreal along = qMin(line.height(), outer.height());
+    const QRectF inner =
+        outer.adjusted(edges & Qt::LeftEdge ? across : 0, edges & Qt::TopEdge ? along : 0,
+                       edges & Qt::RightEdge ? -across : 0, edges & Qt::BottomEdge ? -along : 0);
+    if (!color.isValid() || outer.isEmpty())
+        return inner;
+    painter.fillRect(QRectF(outer.topLeft(), QPointF(outer.right(), inner.top())), color);
+    painter.fillRect(QRectF(QPointF(outer.left(), inner.bottom()), outer.bottomRight()), color);
+    painter.fillRect(QRectF(QPointF(outer.left(), inner.top()), inner.bottomLeft()), color);
+    painter.fillRect(QRectF(inner.topRight(), QPointF(outer.right(), inner.bottom())), color);
+    return inner;
+}
+
 QRectF focusRingAround(const QPainter &painter, const QRect &content)
 {
     const QTransform &toDevice = painter.deviceTransform();
@@ -220,21 +239,6 @@ void drawFocusRing(QPainter &painter, const QRectF &rect, qreal radiusX, qreal r
     ring.radiusX = radiusX > 0 ? radiusX : 0; // also for what is no number
     ring.radiusY = radiusY > 0 ? radiusY : 0;
     drawBody(painter, rect, ring);
-}
-
-void drawField(QPainter &painter, const QRect &rect, const FieldLook &look)
-{
-    Body field;
-    field.fill = QColor(look.enabled ? kFieldGround : kFieldGroundDisabled);
-    field.frame = QColor(!look.enabled  ? kFieldFrameDisabled
-                         : look.invalid ? kFieldFrameInvalid
-                         : look.hovered ? kFieldFrameHovered
-                                        : kFieldFrame);
-    if (look.enabled && look.focused) {
-        field.frame = QColor(kFocusRingColor);
-        field.frameWidth = kFocusRingWidth;
-    }
-    drawBody(painter, rect, field);
 }
 
 void drawDotBadge(QPainter &painter, const QPoint &topLeft)

@@ -61,6 +61,9 @@ LUMQT_TESTED QRectF wholeDevicePixels(const QPainter &painter, const QRectF &rec
 // thicker than another. Never without a size.
 LUMQT_TESTED QRectF evenDevicePixels(const QPainter &painter, const QRectF &rect);
 
+// Lines one logical pixel wide along edges of `rect`, each as many device pixels; the rest of it is returned.
+LUMQT_TESTED QRectF fillEdges(QPainter &painter, const QRectF &rect, Qt::Edges edges, const QColor &color);
+
 // A triangle that points down, its box at `topLeft`.
 LUMQT_TESTED void drawDropTriangle(QPainter &painter, const QPointF &topLeft, int width, int height,
                                    const QColor &color);

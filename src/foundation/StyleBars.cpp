@@ -75,7 +75,7 @@ void drawMenuBarItem(const QStyleOptionMenuItem &option, const Canvas &canvas)
         option.icon.paint(&canvas.painter, place, Qt::AlignCenter,
                           option.state & QStyle::State_Enabled ? QIcon::Normal : QIcon::Disabled);
     }
-    drawRule(canvas.painter, option.rect, Qt::BottomEdge, colors.rule);
+    fillEdges(canvas.painter, option.rect, Qt::BottomEdge, colors.rule);
 }
 
 } // namespace
@@ -91,7 +91,7 @@ bool drawBarControl(QStyle::ControlElement element, const QStyleOption &option, 
         return false;
     case QStyle::CE_MenuBarEmptyArea:
         canvas.painter.fillRect(option.rect, option.palette.window());
-        drawRule(canvas.painter, option.rect, Qt::BottomEdge, StyleColors(option).rule);
+        fillEdges(canvas.painter, option.rect, Qt::BottomEdge, StyleColors(option).rule);
         return true;
     case QStyle::CE_TabBarTabShape:
         if (const auto *tab = qstyleoption_cast<const QStyleOptionTab *>(&option)) {
@@ -108,7 +108,7 @@ bool drawBarPrimitive(QStyle::PrimitiveElement element, const QStyleOption &opti
 {
     const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(&option);
     if (element == QStyle::PE_FrameGroupBox && frame && frame->features & QStyleOptionFrame::Flat) {
-        drawRule(canvas.painter, option.rect, Qt::TopEdge, StyleColors(option).rule);
+        fillEdges(canvas.painter, option.rect, Qt::TopEdge, StyleColors(option).rule);
         return true;
     }
     if (element == QStyle::PE_FrameTabWidget || element == QStyle::PE_FrameGroupBox) {
@@ -120,7 +120,7 @@ bool drawBarPrimitive(QStyle::PrimitiveElement element, const QStyleOption &opti
     const auto *base = qstyleoption_cast<const QStyleOptionTabBarBase *>(&option);
     if (element != QStyle::PE_FrameTabBarBase || !base)
         return false;
-    drawRule(canvas.painter, option.rect, pageEdge(base->shape), StyleColors(option).rule);
+    fillEdges(canvas.painter, option.rect, pageEdge(base->shape), StyleColors(option).rule);
     return true;
 }
 

@@ -5,7 +5,6 @@
 #include "foundation/StyleParts.h"
 #include "foundation/StyleWatch.h"
 
-#include <QPaintDevice>
 #include <QPainter>
 #include <QStyleOption>
 
@@ -104,23 +103,6 @@ void drawPanel(const Canvas &canvas, const QRect &rect, const QColor &ground, co
         panel.fill = fadedColor(canvas.control, FadingGround, ground);
     panel.frame = fadedColor(canvas.control, FadingFrame, frame);
     drawBody(canvas.painter, rect, panel);
-}
-
-void drawRule(QPainter &painter, const QRect &rect, Qt::Edge edge, const QColor &color)
-{
-    const QPaintDevice *device = painter.device();
-    const qreal ratio = device ? device->devicePixelRatioF() : 1.0;
-    const qreal width = qMax(1, qRound(ratio)) / ratio;
-    QRectF line = wholeDevicePixels(painter, rect);
-    if (edge == Qt::BottomEdge)
-        line.setTop(line.bottom() - width);
-    else if (edge == Qt::TopEdge)
-        line.setBottom(line.top() + width);
-    else if (edge == Qt::LeftEdge)
-        line.setRight(line.left() + width);
-    else
-        line.setLeft(line.right() - width);
-    painter.fillRect(line, color);
 }
 
 void drawTriangle(const Canvas &canvas, const QRect &rect, Qt::ArrowType arrow, const QColor &color)

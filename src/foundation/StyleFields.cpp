@@ -171,7 +171,7 @@ bool drawFieldControl(QStyle::ControlElement element, const QStyleOption &option
         half.setBottom(half.center().y());
     else
         half.setRight(half.center().x());
-    drawRule(canvas.painter, half, across ? Qt::BottomEdge : Qt::RightEdge, StyleColors(option).rule);
+    fillEdges(canvas.painter, half, across ? Qt::BottomEdge : Qt::RightEdge, StyleColors(option).rule);
     return true;
 }
 

@@ -97,8 +97,6 @@ void drawPanel(const Canvas &canvas, const QRect &rect, const QColor &ground, co
 // Pointing down or, otherwise, up, left or right, its box in the middle of `rect`.
 void drawTriangle(const Canvas &canvas, const QRect &rect, Qt::ArrowType arrow, const QColor &color);
 
-// One device-independent line along an edge of `rect`, as wide everywhere.
-void drawRule(QPainter &painter, const QRect &rect, Qt::Edge edge, const QColor &color);
 // The ring within a row, in a colour that is seen on it.
 void drawRowRing(const Canvas &canvas, const QStyleOption &option);
 

@@ -65,7 +65,7 @@ public:
         }
         QRect line = option.rect;
         line.setBottom(line.center().y());
-        drawRule(*painter, line, Qt::BottomEdge, StyleColors(option).rule);
+        fillEdges(*painter, line, Qt::BottomEdge, StyleColors(option).rule);
     }
 
 private:
@@ -80,7 +80,7 @@ void drawSectionRule(const Canvas &canvas, const QRect &rect, Qt::Edge edge, con
 {
     const auto *table = qobject_cast<const QTableView *>(canvas.widget ? canvas.widget->parent() : nullptr);
     if (!table || !table->showGrid()) {
-        drawRule(canvas.painter, rect, edge, color);
+        fillEdges(canvas.painter, rect, edge, color);
         return;
     }
     const QLine line = edge == Qt::BottomEdge ? QLine(rect.bottomLeft(), rect.bottomRight())

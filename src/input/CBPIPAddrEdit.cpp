@@ -1,6 +1,7 @@
 #include "CBPIPAddrEdit.h"
 
 #include "input/OctetValidator.h"
+#include "input/SelectingPress.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -215,20 +216,13 @@ void CBPIPAddrEdit::mousePressEvent(QMouseEvent *event)
     QLineEdit::mousePressEvent(event);
     if (!m_selecting)
         return;
-    m_pressedAt = event->pos();
-    m_pressedCursor = cursorPosition();
-    selectAll();
+    lumqt::selectByPress(*this, event, m_pressedAt, m_pressedCursor);
 }
 
 void CBPIPAddrEdit::mouseMoveEvent(QMouseEvent *event)
 {
-    if (m_selecting && event->buttons() & Qt::LeftButton) {
-        if ((event->pos() - m_pressedAt).manhattanLength() < QApplication::startDragDistance())
-            return;
-        m_selecting = false;
-        setCursorPosition(m_pressedCursor);
-    }
-    QLineEdit::mouseMoveEvent(event);
+    if (!lumqt::staysSelected(*this, event, m_selecting, m_pressedAt, m_pressedCursor))
+        QLineEdit::mouseMoveEvent(event);
 }
 
 // The middle button pastes what is selected elsewhere, where there is such a thing.

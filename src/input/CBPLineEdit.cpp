@@ -2,6 +2,7 @@
 
 #include "CBPStyle.h"
 #include "foundation/ImageLoader.h"
+#include "input/SelectingPress.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -141,21 +142,13 @@ void CBPLineEdit::mousePressEvent(QMouseEvent *event)
     if (!m_selecting)
         return;
     m_bFirstClick = false;
-    m_pressedAt = event->pos();
-    m_pressedCursor = cursorPosition();
-    selectAll();
+    lumqt::selectByPress(*this, event, m_pressedAt, m_pressedCursor);
 }
 
 void CBPLineEdit::mouseMoveEvent(QMouseEvent *event)
 {
-    if (m_selecting && event->buttons() & Qt::LeftButton) {
-        // A hand that trembles does not drag.
-        if ((event->pos() - m_pressedAt).manhattanLength() < QApplication::startDragDistance())
-            return;
-        m_selecting = false;
-        setCursorPosition(m_pressedCursor); // or the drag would begin where the whole selection does
-    }
-    QLineEdit::mouseMoveEvent(event);
+    if (!lumqt::staysSelected(*this, event, m_selecting, m_pressedAt, m_pressedCursor))
+        QLineEdit::mouseMoveEvent(event);
 }
 
 void CBPLineEdit::mouseReleaseEvent(QMouseEvent *event)

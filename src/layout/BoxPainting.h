@@ -1,5 +1,7 @@
 #pragma once
 
+#include "foundation/Painting.h"
+
 #include <QColor>
 #include <QRectF>
 
@@ -19,9 +21,6 @@ void fillLine(QPainter &painter, const QRectF &rect, const QColor &color);
 // A frame one logical pixel wide within `rect`, and the ground inside it. Colours that are invalid are left
 // out.
 void fillFramed(QPainter &painter, const QRectF &rect, const QColor &ground, const QColor &frame);
-
-// Lines one logical pixel wide along edges of `rect`, each as many device pixels; the rest of it is returned.
-QRectF fillEdges(QPainter &painter, const QRectF &rect, Qt::Edges edges, const QColor &color);
 
 // Whether a pen draws lines as fillEdges() does.
 bool isPlainLine(const QPen &pen);

@@ -263,7 +263,13 @@ private slots:
                     QVERIFY(boxOf(pictureOf(button), Qt::yellow).contains(QPoint(45, 1)));
                 }
                 button.SetSpecialIcon(true, Qt::blue);
+                button.show();
+                QTRY_VERIFY(button.isVisible());
+                QCoreApplication::processEvents();
+                EventCounter asked(&button, {QEvent::UpdateRequest, QEvent::UpdateLater, QEvent::Paint});
                 button.SetBtnShow(false);
+                QCoreApplication::processEvents();
+                QCOMPARE(asked.count, 0); // shows with the next paint
                 QVERIFY(inkOf(pictureOf(button), 255).isEmpty());
             }
         }
