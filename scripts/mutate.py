@@ -3,10 +3,14 @@
 Called by mutate.sh, which installs the tools. A change that does not compile is replaced by another one. A change that
 makes a test hang counts as noticed. Changes that alter nothing a caller or a user could see stand in
 mutate-equivalent.txt, each with its reason; they are not drawn.
+
+Every run leaves build/mutate/changes.json. --again FILE judges the changes of such a file once more, so that two states
+of the tests can be compared, also when src/ or the list of known changes is another by now.
 """
 
 import argparse
 import collections
+import json
 import os
 import pathlib
 import queue
@@ -23,6 +27,7 @@ EQUIVALENT = ROOT / "scripts" / "mutate-equivalent.txt"
 # What every folder builds on is seen through all of their tests.
 FOLDERS_OF_ALL = {"foundation", "platform"}
 TEST_SECONDS = 120  # of one test program
+SIDE_BY_SIDE = 3  # test programs of one copy; most of their time is waiting
 
 Change = collections.namedtuple("Change", "file line kind old new")
 
@@ -117,14 +122,17 @@ class Workshop:
     """A copy of the tree with a build of its own."""
 
     def __init__(self, number):
+        self.first = number == 1
         self.folder = WORK / str(number)
         self.source = self.folder / "source"
         self.build = self.folder / "build"
         self.log = self.folder / "log.txt"
 
     def run(self, *command):
+        # Relative to the copy, so that the compiler cache serves all copies.
+        environment = dict(os.environ, CCACHE_BASEDIR=str(self.folder))
         with open(self.log, "a", encoding="utf-8") as log:
-            return subprocess.run([str(part) for part in command], cwd=self.folder, stdout=log,
+            return subprocess.run([str(part) for part in command], cwd=self.folder, stdout=log, env=environment,
                                   stderr=subprocess.STDOUT, check=False).returncode == 0
 
     def prepare(self):
@@ -141,15 +149,20 @@ class Workshop:
         # Programs are not linked anew when only the library changed.
         return self.run("cmake", "-S", self.source, "-B", self.build, "-G", "Ninja", "-Wno-dev", "-DCMAKE_BUILD_TYPE=None",
                         "-DCMAKE_CXX_FLAGS=-O0", "-DCMAKE_LINK_DEPENDS_NO_SHARED=ON", "-DLUMQT_BUILD_EXAMPLES=OFF",
-                        "-DLUMQT_BUILD_BENCHMARKS=OFF", "-DLUMQT_WARNINGS_AS_ERRORS=OFF") and self.compile("all")
+                        "-DLUMQT_BUILD_BENCHMARKS=OFF", "-DLUMQT_WARNINGS_AS_ERRORS=OFF") and self.compile("all", os.cpu_count() or 1)
 
-    def compile(self, target):
-        return self.run("cmake", "--build", self.build, "--target", target, "-j", "1")
+    def compile(self, target, jobs=1):
+        return self.run("cmake", "--build", self.build, "--target", target, "-j", jobs)
 
     def test(self, folder):
+        """Whether the tests of a folder pass. One that fails has to fail again alone: a busy machine notices nothing."""
         only = [] if folder in FOLDERS_OF_ALL else ["-L", f"^in-{folder}$"]
-        return self.run(ROOT / "scripts" / "with-display.sh", "ctest", "--test-dir", self.build, "--stop-on-failure",
-                        "--timeout", TEST_SECONDS, "--output-on-failure", "-E", "monkey|package", *only)
+        passed = self.ctest("--stop-on-failure", *only)
+        return passed or (self.ctest("--rerun-failed") and self.ctest(*only))
+
+    def ctest(self, *options):
+        return self.run(ROOT / "scripts" / "with-display.sh", "ctest", "--test-dir", self.build, "-j", SIDE_BY_SIDE,
+                        "--timeout", TEST_SECONDS, "--output-on-failure", "-E", "monkey|package", *options)
 
     def judge(self, change):
         """What becomes of a change: "noticed", "not noticed", or "" when it does not compile."""
@@ -177,17 +190,34 @@ def told(change):
     return f"{change.file}:{change.line} ({change.kind})\n      - {change.old.strip()}\n      + {change.new.strip()}"
 
 
+def drawn(lines, seed):
+    """A change of each line, in an order that the seed gives: the first ones are drawn evenly over all code."""
+    drawer = random.Random(seed)
+    drawer.shuffle(lines)
+    return [drawer.choice(changes) for changes in lines]
+
+
+def drawn_before(name):
+    """The changes of an earlier run, where the lines are now."""
+    result = []
+    for file, line, kind, old, new in json.loads(pathlib.Path(name).read_text(encoding="utf-8")):
+        text = (ROOT / file).read_text(encoding="utf-8").split("\n") if (ROOT / file).is_file() else []
+        places = [number for number, now in enumerate(text, 1) if now == old]
+        if places:
+            result.append(Change(file, min(places, key=lambda place: abs(place - line)), kind, old, new))
+        else:
+            print(f"The line is gone: {file}:{line} {old.strip()}")
+    return result
+
+
 class Survey:
     """Hands out changes and gathers what became of them."""
 
-    def __init__(self, lines, count, seed):
-        drawer = random.Random(seed)
-        # A line each, drawn evenly over all code; then one of its changes.
-        drawer.shuffle(lines)
+    def __init__(self, changes, count):
         self.waiting = queue.Queue()
-        for changes in lines:
-            self.waiting.put(drawer.choice(changes))
-        self.count = count
+        for change in changes:
+            self.waiting.put(change)
+        self.count = min(count, len(changes))
         self.open = 0  # handed out or judged; one that does not compile is handed back
         self.judged = []
         self.lock = threading.Lock()
@@ -216,13 +246,20 @@ class Survey:
             lines += ["  " + told(change) for change in missed]
         text = "\n".join(lines)
         (WORK / "report.txt").write_text(text + "\n", encoding="utf-8")
+        (WORK / "changes.json").write_text(json.dumps(sorted(change for change, _ in self.judged), indent=1), encoding="utf-8")
         print(text)
         print(f"{len(equivalents())} changes are known to alter nothing (scripts/mutate-equivalent.txt).")
 
 
-def work(workshop, survey, failures):
-    print(f"==> Building copy {workshop.folder.name}, and its tests without a change", flush=True)
-    if not workshop.prepare() or not workshop.test("platform"):
+def work(workshop, survey, failures, building):
+    # One after another: what the first compiles the others take from the cache.
+    with building:
+        print(f"==> Building copy {workshop.folder.name}", flush=True)
+        prepared = workshop.prepare()
+        if prepared and workshop.first:
+            print("==> Running the tests without a change", flush=True)
+            prepared = workshop.test("platform")
+    if not prepared:
         failures.append(f"the tests fail without a change: {workshop.log}")
         return
     while True:
@@ -237,14 +274,16 @@ def main():
     parser.add_argument("--count", type=int, default=50, help="changes to try (50)")
     parser.add_argument("--seed", type=int, default=1, help="which changes are drawn (1)")
     parser.add_argument("--jobs", type=int, default=os.cpu_count() or 1, help="copies that work side by side")
+    parser.add_argument("--again", metavar="FILE", help="the changes of an earlier run (build/mutate/changes.json)")
     parser.add_argument("files", nargs="*", help="only these files of src/")
     arguments = parser.parse_args()
     files = [str(pathlib.Path(name).resolve().relative_to(ROOT)) for name in arguments.files] or sources()
-    survey = Survey(all_lines(files), arguments.count, arguments.seed)
+    changes = drawn_before(arguments.again) if arguments.again else drawn(all_lines(files), arguments.seed)
+    survey = Survey(changes, len(changes) if arguments.again else arguments.count)
     WORK.mkdir(parents=True, exist_ok=True)
-    failures = []
-    threads = [threading.Thread(target=work, args=(Workshop(number), survey, failures))
-               for number in range(1, min(arguments.jobs, arguments.count) + 1)]
+    failures, building = [], threading.Lock()
+    threads = [threading.Thread(target=work, args=(Workshop(number), survey, failures, building))
+               for number in range(1, min(arguments.jobs, survey.count) + 1)]
     for thread in threads:
         thread.start()
     for thread in threads:

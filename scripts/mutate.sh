@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Says how much the tests notice: changes one token of one line in src/ at a time, builds, runs the tests of that
 # folder, and lists the changes that no test noticed.
-#   mutate.sh [--count N] [--seed S] [--jobs J] [FILE ...]
+#   mutate.sh [--count N] [--seed S] [--jobs J] [--again FILE] [FILE ...]
 # Works on copies below build/mutate; the tree itself is not touched. Installs what is missing with apt.
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
