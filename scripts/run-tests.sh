@@ -27,13 +27,15 @@ run_preset() {
   say "Building: $preset"
   cmake --build --preset "$preset" || fail "building failed"
   say "Testing: $preset"
-  "$here/with-display.sh" ctest --preset "$preset" --verbose "${selection[@]}" 2>&1 | tee -a "$log" | python3 "$here/test-report.py" --follow ||
+  "${screens[@]}" ctest --preset "$preset" --parallel "$side_by_side" --verbose "${selection[@]}" 2>&1 | tee -a "$log" | python3 "$here/test-report.py" --follow ||
     status=$?
   return "$status"
 }
 
 main() {
-  local mode=${1:-} status=0 preset presets=(linux)
+  local mode=${1:-} status=0 preset presets=(linux) screens=()
+  # Programs mostly wait, so more of them than the machine has processors.
+  local side_by_side=$((2 * $(nproc) + 1))
   case $mode in
     "") ensure_packages "${native_packages[@]}" ;;
     --windows)
@@ -41,6 +43,8 @@ main() {
       LUMQT_QT_WINDOWS=$("$here/build-qt-windows.sh")
       export LUMQT_QT_WINDOWS
       presets=(windows)
+      side_by_side=$((1 + $(nproc)))
+      screens=(env "LUMQT_SCREENS=$side_by_side" "$here/with-display.sh")
       start_wine
       ;;
     --sanitize)
@@ -58,13 +62,19 @@ main() {
   exit "$status"
 }
 
-# The first start of a Wine prefix takes some seconds, which no test should pay for.
+# The first start of a Wine prefix takes some seconds, which no test should pay for. Each screen has a copy of the first.
 start_wine() {
+  local number
   export WINEPREFIX=${WINEPREFIX:-${XDG_CACHE_HOME:-$HOME/.cache}/lumqtlib/wine}
-  [ ! -e "$WINEPREFIX/system.reg" ] || return 0
-  say "Making the Wine prefix"
-  mkdir -p "$WINEPREFIX"
-  WINEDEBUG=-all WINEDLLOVERRIDES='mscoree,mshtml=' "$here/with-display.sh" wineboot --init
+  if [ ! -e "$WINEPREFIX/system.reg" ]; then
+    say "Making the Wine prefix"
+    mkdir -p "$WINEPREFIX"
+    WINEDEBUG=-all WINEDLLOVERRIDES='mscoree,mshtml=' "$here/with-display.sh" wineboot --init
+    wineserver -w
+  fi
+  for ((number = 0; number < side_by_side; ++number)); do
+    [ -e "$WINEPREFIX-$number/system.reg" ] || cp -a "$WINEPREFIX" "$WINEPREFIX-$number"
+  done
 }
 
 main "$@"

@@ -5,36 +5,43 @@
 the total of each test program, everything of a program that failed. Exits with 1 when a test failed or none ran.
 --total FILE: prints the sum over all programs as "N passed, N failed, N skipped".
 """
+import collections
 import re
 import sys
 
 TOTALS = re.compile(r'Totals: (\d+) passed, (\d+) failed, (\d+) skipped')
-OUTCOME = re.compile(r'^\s*\d+/\d+ Test\s+#\d+: (\S+) \.*\s*(Passed|\*\*\*\S+.*?)\s+([\d.]+) sec')
+OUTCOME = re.compile(r'^\s*\d+/\d+ Test\s+#(\d+): (\S+) \.*\s*(Passed|\*\*\*\S+.*?)\s+([\d.]+) sec')
+# Programs run side by side, and their lines come mixed, each with the number of its program.
+OUTPUT = re.compile(r'^(\d+): (.*)')
 FAILURES = re.compile(r'Sanitizer|runtime error|^FAIL!|^QFATAL|^XPASS')
 
 
-def text_of(line):
-    return re.sub(r'^\d+: ', '', line.rstrip('\n'))
+def programs(stream):
+    """Per program that ended: its name, whether it passed, its seconds, its totals and its lines."""
+    pending = collections.defaultdict(list)
+    for line in stream:
+        output = OUTPUT.match(line)
+        if output:
+            pending[output.group(1)].append(output.group(2).rstrip())
+        outcome = OUTCOME.match(line)
+        if outcome:
+            lines = pending.pop(outcome.group(1), [])
+            totals = [tuple(map(int, match.groups())) for match in map(TOTALS.search, lines) if match]
+            # A program that ends well and tells no total ran no test.
+            good = outcome.group(3) == 'Passed' and bool(totals)
+            yield outcome.group(2), good, outcome.group(4), totals, lines
 
 
 def follow(stream):
-    pending, failed, ran = [], False, 0
-    for line in stream:
-        pending.append(line)
-        outcome = OUTCOME.match(line)
-        if not outcome:
-            continue
+    failed, ran = False, 0
+    for name, good, seconds, totals, lines in programs(stream):
         ran += 1
-        totals = [match for match in map(TOTALS.search, pending) if match]
-        # A program that ends well and tells no total ran no test.
-        good = outcome.group(2) == 'Passed' and bool(totals)
         failed = failed or not good
-        counts = ', '.join('%s passed, %s failed, %s skipped' % match.groups() for match in totals) or '-'
-        print('%-6s %-24s %6s s  %s' % ('ok' if good else 'FAILED', outcome.group(1), outcome.group(3), counts))
-        for text in map(text_of, pending):
+        counts = ', '.join('%d passed, %d failed, %d skipped' % counts for counts in totals) or '-'
+        print('%-6s %-24s %6s s  %s' % ('ok' if good else 'FAILED', name, seconds, counts))
+        for text in lines:
             if text.startswith('SKIP') or (not good and (FAILURES.search(text) or not text.startswith('PASS'))):
                 print('         ' + text)
-        pending = []
         sys.stdout.flush()
     if failed or not ran:
         print('A test failed.' if ran else 'No test ran.')
@@ -42,20 +49,15 @@ def follow(stream):
 
 
 def total(name):
-    passed = failed = skipped = told = 0
-    counted = False
-    for line in open(name, errors='replace'):
-        match = TOTALS.search(line)
-        if match:
-            told, counted = told + int(match.group(2)), True
-            passed, skipped = passed + int(match.group(1)), skipped + int(match.group(3))
-        outcome = OUTCOME.match(line)
-        if outcome:
+    passed = failed = skipped = 0
+    with open(name, errors='replace') as stream:
+        for _, good, _, totals, _ in programs(stream):
+            told = sum(counts[1] for counts in totals)
+            passed += sum(counts[0] for counts in totals)
+            skipped += sum(counts[2] for counts in totals)
             # A program that fails without a failed test function crashed, hung or was caught by a sanitizer; one that
             # tells no total ran no test.
-            good = outcome.group(2) == 'Passed' and counted
             failed += told if good else max(told, 1)
-            told, counted = 0, False
     print('%d passed, %d failed, %d skipped' % (passed, failed, skipped))
     sys.exit(1 if failed or not passed else 0)
 

@@ -3,6 +3,9 @@
 #
 # Finds the DLLs of Qt (LUMQT_QT_WINDOWS) and of the compiler, and further ones in the folder LUMQT_DLL_PATH. A Qt Test program's
 # standard output is lost there, so it writes into a file, which is printed when it is done.
+#
+# Where LUMQT_DISPLAYS names several screens, a test program waits for one that is free: focus and the pointer are the
+# screen's. Each screen has a Wine prefix of its own, since a prefix stays with the screen it was first used on.
 set -uo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 qt=${LUMQT_QT_WINDOWS:-}
@@ -28,21 +31,41 @@ export WINEDEBUG=${WINEDEBUG:--all}
 export WINEPREFIX=${WINEPREFIX:-${XDG_CACHE_HOME:-$HOME/.cache}/lumqtlib/wine}
 # No dialogs that offer to download something.
 export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml=}
-mkdir -p "$WINEPREFIX"
+
+# Takes a free screen, with its prefix, for as long as this script runs.
+take_screen() {
+  local displays=() number prefix=$WINEPREFIX
+  read -ra displays <<<"${LUMQT_DISPLAYS:-}"
+  [ "${#displays[@]}" -gt 1 ] || return 0
+  while :; do
+    for number in "${!displays[@]}"; do
+      exec 9>"$prefix-$number.lock"
+      if flock -n 9; then
+        export DISPLAY=${displays[number]} WINEPREFIX=$prefix-$number
+        return 0
+      fi
+    done
+    sleep 0.2
+  done
+}
 
 program=$1
 shift
 case ${program##*/} in
   tst_*)
+    take_screen
+    mkdir -p "$WINEPREFIX"
     results=$(mktemp -d)
     trap 'rm -rf "$results"' EXIT
     # CTest would end this script before it could print what a hanging program wrote.
-    timeout 280 wine "$program" -o "$(windows_path "$results/results.txt"),txt" "$@"
+    # The lock is this script's alone: Wine's own server outlives the program.
+    timeout 280 wine "$program" -o "$(windows_path "$results/results.txt"),txt" "$@" 9>&-
     status=$?
     cat "$results/results.txt" 2>/dev/null
     exit "$status"
     ;;
   *)
+    mkdir -p "$WINEPREFIX"
     wine "$program" "$@"
     ;;
 esac

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Runs a command on a virtual X screen of its own, with a window manager: with-display.sh COMMAND [ARG ...]
-# LUMQT_SCREEN is the size of the screen in pixels, WIDTHxHEIGHT.
+# LUMQT_SCREEN is the size of the screen in pixels, WIDTHxHEIGHT. LUMQT_SCREENS asks for so many of them; LUMQT_DISPLAYS
+# names them all.
 set -uo pipefail
 work=$(mktemp -d)
 cleanup() {
@@ -14,10 +15,10 @@ trap cleanup EXIT
 # The server chooses a free number and says which.
 Xvfb -displayfd 3 -screen 0 "${LUMQT_SCREEN:-1600x1200}x24" -dpi 96 -nolisten tcp 3>"$work/display" >"$work/log" 2>&1 &
 server=$!
-for _ in $(seq 100); do
+for _ in $(seq 500); do
   [ -s "$work/display" ] && break
   kill -0 "$server" 2>/dev/null || break
-  sleep 0.1
+  sleep 0.02
 done
 if [ ! -s "$work/display" ]; then
   cat "$work/log" >&2
@@ -31,10 +32,15 @@ if [ -z "${LUMQT_NO_WINDOW_MANAGER:-}" ]; then
   manager=$!
 fi
 # A command that asks for the screen before the window manager has it would see windows that are never active.
-for _ in $(seq 300); do
+for _ in $(seq 1000); do
   [ -n "${manager:-}" ] || break
   xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id' && break
-  sleep 0.1
+  sleep 0.03
 done
 
-"$@"
+export LUMQT_DISPLAYS="${LUMQT_DISPLAYS:+$LUMQT_DISPLAYS }$DISPLAY"
+if [ "${LUMQT_SCREENS:-1}" -gt 1 ]; then
+  LUMQT_SCREENS=$((LUMQT_SCREENS - 1)) "$0" "$@"
+else
+  "$@"
+fi
