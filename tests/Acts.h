@@ -134,6 +134,30 @@ inline void perform(QWidget *button, const char *words, const Deeds &own = {})
     }
 }
 
+// Performs the deeds of a trace, "enter=1 leave=0", and tells it with what `look` says after each: so a whole
+// life is one comparison. Ends early when the widget is gone.
+template <class Look> QString traced(QWidget *widget, const QString &trace, Look look, const Deeds &own = {})
+{
+    QStringList seen;
+    const QPointer<QWidget> alive(widget);
+    const QStringList steps = trace.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    for (const QString &step : steps) {
+        const QString deed = step.section(QLatin1Char('='), 0, 0);
+        if (alive)
+            perform(alive, deed.toLatin1(), own);
+        if (alive)
+            seen << deed + QLatin1Char('=') + look();
+    }
+    return seen.join(QLatin1Char(' '));
+}
+
+// Which of `colors` this is, as a text; "?" for none of them.
+inline QString indexOf(const QColor &color, const QVector<QColor> &colors)
+{
+    const int index = colors.indexOf(color.toRgb());
+    return index < 0 ? QStringLiteral("?") : QString::number(index);
+}
+
 // Runs `act` once `menu` is on the screen, and closes whatever is left of it after that.
 template <class Act> void whileOpen(QObject *context, CBPMenu *watched, Act act)
 {
