@@ -26,8 +26,6 @@
 #include <QSignalSpy>
 #include <QVBoxLayout>
 
-#include <climits>
-
 // What all buttons of the library have in common: what a text is, when the focus shows, what a press is.
 
 namespace {
@@ -491,43 +489,6 @@ private slots:
             QCOMPARE(clicked.count(), sibling.traits & EnterElsewhere ? 1 : 0);
             delete scene.widget;
         });
-    }
-
-    // Numbers and lists that no widget has end in a picture, not in an overflow.
-    void wildSettings()
-    {
-        for (const int wild : {INT_MAX, INT_MIN, -100000}) {
-            CBPPushBtn push(kText, nullptr, true, true);
-            push.setIcon(QIcon(images[0]));
-            push.setSpacing(wild);
-            push.SetIconVoffSet(wild);
-            push.SetMininzerWidth(wild);
-            push.setRoundRadius({wild, wild});
-            push.setRemoveMargin(QMargins(wild, wild, wild, wild));
-            CBPImageButton image(images, false, 1);
-            image.SetBorder(wild / 2, true);
-            image.SetHight(wild);
-            image.SetText("x", QFont(), {}, true, wild, wild / 2);
-            image.SetIconVoffset(wild);
-            CBPToolButton tool(kText, 1, ENAlignLeft, true);
-            tool.SetHorBorder(wild, wild);
-            tool.SetSpacing(wild);
-            tool.SetArrowSize(wild, wild);
-            tool.SetRoundRadius(1e300, wild);
-            tool.SetBgColor({Qt::red});
-            tool.SetEnabled(false); // there is no such colour
-            CBPRoundBtn round(wild);
-            QCOMPARE(round.GetDiameter(), wild > 0 ? 4096 : 1);
-            CTriStateButton toggle(kText, false, false, nullptr);
-            toggle.setTextColor({});
-            toggle.setBgColor({Qt::red, Qt::red});
-            CBPDropdownBtn drop(kText, 1);
-            for (QWidget *widget : QWidgetList{&push, &image, &tool, &round, &toggle, &drop}) {
-                QVERIFY(widget->minimumWidth() <= QWIDGETSIZE_MAX);
-                widget->setFixedSize(9, 28);
-                QVERIFY(!pictureOf(*widget).isNull());
-            }
-        }
     }
 
 private:

@@ -1,10 +1,13 @@
 #include "Acts.h"
 #include "CAddBtn.h"
+#include "CBPDropdownBtn.h"
 #include "CBPImageCheckBox.h"
 #include "CBPImageTextBtn.h"
 #include "CBPLinkerButton.h"
 #include "CBPMenuBtn.h"
 #include "CBPRoundBtn.h"
+#include "CBPToolButton.h"
+#include "CTriStateButton.h"
 #include "Pictures.h"
 #include "Pixels.h"
 #include "Spoken.h"
@@ -12,6 +15,8 @@
 
 #include <QAccessible>
 #include <QSignalSpy>
+
+#include <climits>
 
 namespace {
 
@@ -226,6 +231,43 @@ private Q_SLOTS:
         check("", "", "Add", 8);
         check("", "Add a time", "Add a time", 8);
         check("New", "Add a time", "New", 12);
+    }
+
+    // Numbers and lists that no widget has end in a picture, not in an overflow.
+    void wildSettings()
+    {
+        for (const int wild : {INT_MAX, INT_MIN, -100000}) {
+            CBPPushBtn push(kText, nullptr, true, true);
+            push.setIcon(QIcon(m_offFiles[0]));
+            push.setSpacing(wild);
+            push.SetIconVoffSet(wild);
+            push.SetMininzerWidth(wild);
+            push.setRoundRadius({wild, wild});
+            push.setRemoveMargin(QMargins(wild, wild, wild, wild));
+            CBPImageButton image(m_offFiles, false, 1);
+            image.SetBorder(wild / 2, true);
+            image.SetHight(wild);
+            image.SetText("x", QFont(), {}, true, wild, wild / 2);
+            image.SetIconVoffset(wild);
+            CBPToolButton tool(kText, 1, ENAlignLeft, true);
+            tool.SetHorBorder(wild, wild);
+            tool.SetSpacing(wild);
+            tool.SetArrowSize(wild, wild);
+            tool.SetRoundRadius(1e300, wild);
+            tool.SetBgColor({Qt::red});
+            tool.SetEnabled(false); // there is no such colour
+            CBPRoundBtn round(wild);
+            QCOMPARE(round.GetDiameter(), wild > 0 ? 4096 : 1);
+            CTriStateButton toggle(kText, false, false, nullptr);
+            toggle.setTextColor({});
+            toggle.setBgColor({Qt::red, Qt::red});
+            CBPDropdownBtn drop(kText, 1);
+            for (QWidget *widget : QWidgetList{&push, &image, &tool, &round, &toggle, &drop}) {
+                QVERIFY(widget->minimumWidth() <= QWIDGETSIZE_MAX);
+                widget->setFixedSize(9, 28);
+                QVERIFY(!pictureOf(*widget).isNull());
+            }
+        }
     }
 
     // --------------------------------------------------------------------------------------------------------

@@ -10,7 +10,6 @@
 
 #include <QCryptographicHash>
 #include <QDataStream>
-#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTranslator>
 #include <QVersionNumber>
@@ -101,19 +100,6 @@ bool lookUp(const QByteArray &content)
         }
     }
     return bool(translator);
-}
-
-// What may befall a file: bytes lost, changed, come in or moved, and the end lost.
-QByteArray damaged(QByteArray content, QRandomGenerator &random)
-{
-    for (int i = int(random.bounded(3)); i >= 0; --i) {
-        const int length = int(random.bounded(5));
-        const QByteArray bytes = random.bounded(2) ? QByteArray(length, char(random.bounded(256)))
-                                                   : content.mid(int(random.bounded(content.size())), length);
-        const int over = random.bounded(4) ? bytes.size() : int(random.bounded(5));
-        content.replace(int(random.bounded(content.size())), over, bytes);
-    }
-    return random.bounded(6) ? content : content.left(int(random.bounded(content.size())));
 }
 
 } // namespace
@@ -423,16 +409,18 @@ private slots:
         }
     }
 
-    // A file that is damaged in any way is not loaded, or can be read: the texts may be wrong then, no more.
+    // A file that is damaged anywhere is not loaded, or can be read: the texts may be wrong then, no more.
     void damageDoesNotCrash()
     {
-        QRandomGenerator random(20260725);
+        const QByteArray whole = catalogue(sections());
         int taken = 0;
-        for (const QByteArray &whole : {catalogue(sections()), shipped()}) {
-            for (int i = 0; i < 1000; ++i)
-                taken += lookUp(damaged(whole, random)) ? 1 : 0;
+        for (int at = 0; at < whole.size(); ++at) {
+            for (const char wrong : {'\0', '\1', '\x7f', '\xff'}) {
+                for (const int over : {0, 1, 4})
+                    taken += lookUp(QByteArray(whole).replace(at, over, &wrong, 1)) ? 1 : 0;
+            }
         }
-        QVERIFY2(taken > 200 && taken < 1900, QByteArray::number(taken));
+        QVERIFY2(taken > 100 && taken < 12 * whole.size() / 2, QByteArray::number(taken));
     }
 };
 
