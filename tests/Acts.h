@@ -5,12 +5,14 @@
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QMap>
+#include <QMetaMethod>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QTimer>
 #include <QtTest>
 
 #include <functional>
+#include <utility>
 
 // What tests do to widgets.
 
@@ -132,6 +134,70 @@ inline void perform(QWidget *button, const char *words, const Deeds &own = {})
         if (alive)
             own.value(word, common.value(word))();
     }
+}
+
+// Notes every signal of an object that its class has beyond those of a widget: "pressed", or with the number
+// that it carries "clicked0". `told` hears of each.
+class SignalLog : public QObject
+{
+public:
+    using Told = std::function<void(const QString &)>;
+    explicit SignalLog(
+        QObject *sender, const Told &told = [](const QString &) {})
+        : m_meta(sender->metaObject()), m_told(told)
+    {
+        for (int i = QWidget::staticMetaObject.methodCount(); i < m_meta->methodCount(); ++i) {
+            const QMetaMethod method = m_meta->method(i);
+            if (method.methodType() == QMetaMethod::Signal && !(method.attributes() & QMetaMethod::Cloned))
+                QMetaObject::connect(sender, i, this, QObject::staticMetaObject.methodCount() + i);
+        }
+    }
+
+    // What came since it was asked last, with commas.
+    QString taken() { return std::exchange(m_all, {}).join(QLatin1Char(',')); }
+
+    int qt_metacall(QMetaObject::Call call, int id, void **arguments) override
+    {
+        id = QObject::qt_metacall(call, id, arguments);
+        if (call != QMetaObject::InvokeMetaMethod || id < 0)
+            return id;
+        const QMetaMethod method = m_meta->method(id);
+        QString told = QString::fromLatin1(method.name());
+        if (method.parameterCount() > 0)
+            told += QString::number(QVariant(method.parameterType(0), arguments[1]).toInt());
+        m_all.append(told);
+        m_told(told);
+        return -1;
+    }
+
+private:
+    const QMetaObject *m_meta;
+    const Told m_told;
+    QStringList m_all;
+};
+
+// Performs the deeds of a trace, "enter=1 leave=0", and tells it with what `look` says after each: so a whole
+// life is one comparison. Ends early when the widget is gone.
+template <class Look> QString traced(QWidget *widget, const QString &trace, Look look, const Deeds &own = {})
+{
+    QStringList seen;
+    const QPointer<QWidget> alive(widget);
+    const QStringList steps = trace.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    for (const QString &step : steps) {
+        const QString deed = step.section(QLatin1Char('='), 0, 0);
+        if (alive)
+            perform(alive, deed.toLatin1(), own);
+        if (alive)
+            seen << deed + QLatin1Char('=') + look();
+    }
+    return seen.join(QLatin1Char(' '));
+}
+
+// Which of `colors` this is, as a text; "?" for none of them.
+inline QString indexOf(const QColor &color, const QVector<QColor> &colors)
+{
+    const int index = colors.indexOf(color.toRgb());
+    return index < 0 ? QStringLiteral("?") : QString::number(index);
 }
 
 // Runs `act` once `menu` is on the screen, and closes whatever is left of it after that.

@@ -7,17 +7,15 @@
 #include <QDialog>
 #include <QSignalSpy>
 
-#include <climits>
-
 namespace {
 
 const QColor kNormal(255, 255, 255);
 const QColor kHover(0xed, 0xf7, 0xf8);
 const QColor kPressed(0xe2, 0xf2, 0xf3);
-const QColor kFills[] = {kNormal, kHover, kPressed, kNormal}; // of the states
 const QColor kFrame(0x3c, 0x43, 0x4b);
-const QColor kFrames[] = {kFrame, QColor(0xbc, 0xe0, 0xe2), QColor(0x87, 0xc8, 0xcc),
-                          QColor(0xbb, 0xbb, 0xbb)};
+const QVector<QColor> kFrames{kFrame, QColor(0xbc, 0xe0, 0xe2), QColor(0x87, 0xc8, 0xcc),
+                              QColor(0xbb, 0xbb, 0xbb)}; // of the states
+const QVector<QColor> kFills{kNormal, kHover, kPressed};
 const QColor kRing(75, 167, 245);
 
 QColor fillOf(QWidget &button)
@@ -87,53 +85,41 @@ private slots:
         QCOMPARE(button.minimumWidth(), 160);
     }
 
-    // After what befalls the button: its state, and what it reported. Each report may be the last one.
+    // What befalls the button, its state then, and what it reported. Each report may be the last one.
     void reactions()
     {
-        const auto check = [this](const char *events, int state, const char *expected) {
-            const QStringList all = QString::fromLatin1(expected).split(' ', Qt::SkipEmptyParts);
-            for (const QString &last : all + QStringList{QString()}) {
-                QPointer<CBPPushBtn> button = new CBPPushBtn("OK", 7, CBPPushBtn::ALIGN_CENTER, false, false);
-                QStringList sent;
-                const auto note = [&](const QString &report) {
-                    sent << report;
-                    if (report == last)
-                        delete button;
-                };
-                connect(button, &QPushButton::pressed, this, [&] { note("pressed"); });
-                connect(button, &QPushButton::released, this, [&] { note("released"); });
-                connect(button, &QPushButton::clicked, this, [&] { note("clicked"); });
-                connect(button, &CBPPushBtn::doubleClicked, this, [&] { note("twice"); });
-                connect(button, &CBPPushBtn::sigBtnClicked, this, [&](int id) { note(QString::number(id)); });
-                CBPPushBtn *const it = button;
-                perform(
-                    button, events,
-                    {{"move", [=] { sendMouse(*it, QEvent::MouseMove, Qt::LeftButton, QPoint(200, 200)); }},
-                     {"middle", [=] { QTest::mouseClick(it, Qt::MiddleButton); }},
-                     {"markdisabled", [=] { it->setState(3); }}});
-                const QByteArray seen = events + (": " + sent.join(' ')).toLatin1();
-                QVERIFY2(button.isNull() != last.isNull() && (!button || sent == all), seen);
-                if (button) {
-                    QVERIFY2(button->state() == state && fillOf(*button) == kFills[state], seen);
-                    button->CBtnObj::setFocus(false); // the ring
-                    QVERIFY2(grabbedAt(*button, 0, 14) == kFrames[state], seen);
-                }
-                delete button;
-            }
-        };
-        check("enter", 1, "");
-        check("enter leave", 0, "");
-        check("enter press", 2, "pressed");
-        check("enter press release", 1, "pressed released clicked 7");
-        check("press move release", 1, "pressed released clicked 7"); // moves are not seen
-        check("enter press out", 1, "pressed 7");                     // a report, but no click
-        check("right rightup middle", 0, "");
-        check("press release double release", 1,
-              "pressed released clicked 7 twice pressed released clicked 7");
-        check("space", 2, "pressed");
-        check("space spaceup", 0, "pressed released clicked 7");
-        check("enter disable press release space spaceup enter", 3, "");
-        check("markdisabled press", 3, ""); // a record that says disabled takes no press
+        const QString down = "=2pressed";
+        const QString click = "released,clicked0,sigBtnClicked7";
+        const QString call = "=0pressed,released,sigBtnClicked7,clicked0";
+        const QString life =
+            "enter=1 leave=0 enter=1 press" + down + " leave=0 move=0 release=1" + click + " leave=0 press" +
+            down + " out=1sigBtnClicked7 leave=0 right=0 rightup=0 middle=0 press" + down + " release=1" +
+            click + " double=2doubleClicked,pressed release=1" + click + " leave=0 space" + down +
+            " spaceup=0" + click + " call" + call + " tool" + call +
+            " enter=1 disable=3 space=3 spaceup=3 enter=3 leave=3 call=3 enable=0 markdisabled=3 press=3";
+        for (const QString last :
+             {"", "pressed", "released", "clicked0", "doubleClicked", "sigBtnClicked7"}) {
+            QPointer<CBPPushBtn> button = new CBPPushBtn("OK", 7, CBPPushBtn::ALIGN_CENTER, false, false);
+            SignalLog log(button, [&](const QString &signal) {
+                if (signal == last)
+                    delete button;
+            });
+            CBPPushBtn *const it = button;
+            const auto look = [&] {
+                it->CBtnObj::setFocus(false); // the ring
+                const bool painted =
+                    fillOf(*it) == kFills[it->state() % 3] && grabbedAt(*it, 0, 14) == kFrames[it->state()];
+                return (painted ? QString::number(it->state()) : QString("not painted")) + log.taken();
+            };
+            const QString lived = traced(
+                it, life, look,
+                {{"move", [=] { sendMouse(*it, QEvent::MouseMove, Qt::LeftButton, QPoint(200, 200)); }},
+                 {"middle", [=] { QTest::mouseClick(it, Qt::MiddleButton); }},
+                 {"markdisabled", [=] { it->setState(3); }}});
+            QVERIFY2(button.isNull() != last.isEmpty(), qPrintable(last));
+            QVERIFY2(!button || lived == life, qPrintable(lived));
+            delete button;
+        }
     }
 
     void defaultButton()
@@ -147,9 +133,7 @@ private slots:
         second.setFocus();
         QVERIFY(!first.IsFocus() && grabbedAt(first, 0, 14) != kRing);
         first.setAsDefaultBtn(); // marked as with the focus
-        QVERIFY(first.IsFocus() && first.isDefault());
-        for (const int x : {0, 1, first.width() - 1})
-            QCOMPARE(grabbedAt(first, x, 14), kRing);
+        QVERIFY(first.IsFocus() && first.isDefault() && grabbedAt(first, 0, 14) == kRing);
         QSignalSpy clicked(&first, &CBPPushBtn::sigBtnClicked);
         QTest::keyClick(&dialog, Qt::Key_Enter); // the dialog presses its default button
         QCOMPARE(clicked.count(), 1);
@@ -217,56 +201,40 @@ private slots:
         }
     }
 
-    // Numbers that no widget has end in a button, not in an overflow.
-    void extremeNumbers()
-    {
-        for (const int number : {INT_MAX, INT_MIN}) {
-            CBPPushBtn button("x", nullptr, true, true);
-            giveIcon(button, QSize(12, 12));
-            button.setSpacing(number);
-            button.SetIconVoffSet(number);
-            button.SetMininzerWidth(number);
-            button.setHasMenu(true);
-            button.setMaximumWidth(100);
-            button.resize(100, 28);
-            button.setRoundRadius({number, number});
-            QVERIFY(!button.grab().isNull());
-            button.setRemoveMargin(QMargins(number, number, number, number));
-            QVERIFY(!button.grab().isNull());
-        }
-    }
-
     void flags()
     {
         CBPPushBtn button("OK", nullptr);
         button.resize(120, 28);
         button.CBtnObj::setFocus(true);
         button.setFocusFrameColor(Qt::red);
-        QCOMPARE(grabbedAt(button, 60, 1), QColor(Qt::red));
-        button.setSelected(true);
-        QVERIFY(grabbedAt(button, 1, 14) != QColor(Qt::red));
-        QCOMPARE(fillOf(button), kPressed);
-        button.setDisabled(true);
-        QVERIFY(button.state() == 3 && fillOf(button) == kNormal);
-        button.setEnabled(true);
-        QVERIFY(button.state() == 0 && fillOf(button) == kPressed);
-        perform(&button, "press focusout");
-        QCOMPARE(button.state(), 0);
-        button.setSelected(false);
-        button.setFrmTrancent(true);
-        QCOMPARE(grabbedAt(button, 0, 14), kNormal); // edge to edge
-        button.setCheckable(true);
-        button.setChecked(true);
-        QCOMPARE(fillOf(button), kNormal); // no checked colours yet
-        button.setCheckedBgColor(QColor(200, 0, 0));
-        button.setCheckedFrmColor(QColor(0, 0, 200));
-        QCOMPARE(fillOf(button), QColor(200, 0, 0));
-        QCOMPARE(grabbedAt(button, 0, 14), QColor(0, 0, 200));
-        button.setEnabled(false);
-        const QColor half = fillOf(button);
-        QVERIFY(qAbs(half.green() - 127) < 4 && half.red() > 200);
-        button.setChecked(false);
-        QCOMPARE(fillOf(button), kNormal);
+        // The colours of edge and inside, and the state.
+        const QVector<QColor> colors{QColor(255, 0, 0), kNormal,           kHover,
+                                     kPressed,          QColor(200, 0, 0), QColor(0, 0, 200),
+                                     kFrames[2],        kFrames[3],        QColor(227, 127, 127)};
+        const auto look = [&] {
+            return indexOf(grabbedAt(button, 1, 14), colors) + indexOf(grabbedAt(button, 0, 14), colors) +
+                   indexOf(fillOf(button), colors) + QString::number(button.state());
+        };
+        const QString life = "ring=0010 select=3630 Disable=1713 Enable=3630 press=3632 focusout=3630 "
+                             "deselect=1?10 frameless=1110 "       // edge to edge
+                             "checkable=1110 check=1110 own=4540 " // no checked colours at first
+                             "Disable=8?83 uncheck=1113";
+        QCOMPARE(traced(&button, life, look,
+                        {{"ring", [] {}},
+                         {"select", [&] { button.setSelected(true); }},
+                         {"deselect", [&] { button.setSelected(false); }},
+                         {"Disable", [&] { button.setDisabled(true); }},
+                         {"Enable", [&] { button.setEnabled(true); }},
+                         {"frameless", [&] { button.setFrmTrancent(true); }},
+                         {"checkable", [&] { button.setCheckable(true); }},
+                         {"check", [&] { button.setChecked(true); }},
+                         {"uncheck", [&] { button.setChecked(false); }},
+                         {"own",
+                          [&] {
+                              button.setCheckedBgColor(colors[4]);
+                              button.setCheckedFrmColor(colors[5]);
+                          }}}),
+                 life);
         for (const bool transparent : {true, false}) {
             button.setBgTrancent(transparent);
             QCOMPARE(button.testAttribute(Qt::WA_TranslucentBackground), transparent);

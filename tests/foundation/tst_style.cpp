@@ -1,3 +1,4 @@
+#include "Await.h"
 #include "CBPCheckBox.h"
 #include "CBPComboBox.h"
 #include "CBPScrollWnd.h"
@@ -8,7 +9,6 @@
 #include "foundation/Look.h"
 #include "foundation/StyleWatch.h"
 #include "Pixels.h"
-#include "Rows.h"
 #include "TestMain.h"
 
 #include <QAbstractItemView>
@@ -30,8 +30,6 @@
 #include <memory>
 
 namespace {
-
-using Maker = QWidget *(*)();
 
 template <class Widget> QWidget *make()
 {
@@ -68,54 +66,51 @@ bool isFramed(const QImage &image, int line, const QColor &frame)
 
 } // namespace
 
-Q_DECLARE_METATYPE(Maker)
-
 // The look of Qt's own widgets, and whose it is.
 class TestStyle : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void states_data()
-    {
-        columns<Maker, bool, bool>("make", "framed", "typedInto");
-        row("check box", Maker(make<CBPCheckBox>), false, false);
-        row("radio button", Maker(make<QRadioButton>), false, false);
-        row("combo box", Maker(make<CBPComboBox>), true, false);
-        row("spin box", Maker(make<QSpinBox>), true, true);
-        row("line edit", Maker(make<QLineEdit>), true, true);
-        row("text", Maker(make<QTextEdit>), true, true);
-        row("tree", Maker(make<CBPTreeWidget>), true, false);
-        row("push button", Maker(make<QPushButton>), true, false);
-        row("tool button", Maker(make<QToolButton>), true, false);
-    }
-
     void states()
     {
-        QFETCH(Maker, make);
-        QFETCH(bool, framed);
-        QFETCH(bool, typedInto);
-        const std::unique_ptr<QWidget> widget(make());
-        CBPStyle::Apply(widget.get());
-        widget->resize(101, 61); // odd: edges lie between device pixels
-        const QImage rest = pictureOf(*widget, 1);
-        QVERIFY(!hasRing(*widget));
-        send(*widget, QEvent(QEvent::Enter));
-        QVERIFY(pictureOf(*widget, 1) != rest);
-        send(*widget, QEvent(QEvent::Leave));
-        QCOMPARE(pictureOf(*widget, 1), rest);
-        send(*widget, QFocusEvent(QEvent::FocusIn, Qt::MouseFocusReason));
-        QCOMPARE(hasRing(*widget), typedInto);
-        send(*widget, QFocusEvent(QEvent::FocusOut, Qt::MouseFocusReason));
-        send(*widget, QFocusEvent(QEvent::FocusIn, Qt::TabFocusReason));
-        QVERIFY(hasRing(*widget));
-        send(*widget, QFocusEvent(QEvent::FocusOut, Qt::TabFocusReason));
-        for (const qreal ratio : {1.0, 1.25, 1.5, 1.75, 2.0})
-            QVERIFY(!framed || isFramed(pictureOf(*widget, ratio), qRound(ratio),
-                                        qobject_cast<QPushButton *>(widget.get()) ? lumqt::kFieldFrameHovered
-                                                                                  : lumqt::kFieldFrame));
-        widget->setEnabled(false);
-        QVERIFY(pictureOf(*widget, 1) != rest);
+        const auto check = [](QWidget *made, bool framed, bool typedInto) {
+            const std::unique_ptr<QWidget> widget(made);
+            const auto tell = qScopeGuard([&] {
+                if (QTest::currentTestFailed())
+                    qWarning("with: %s", widget->metaObject()->className());
+            });
+            CBPStyle::Apply(widget.get());
+            widget->resize(101, 61); // odd: edges lie between device pixels
+            const QImage rest = pictureOf(*widget, 1);
+            QVERIFY(!hasRing(*widget));
+            send(*widget, QEvent(QEvent::Enter));
+            QVERIFY(pictureOf(*widget, 1) != rest);
+            send(*widget, QEvent(QEvent::Leave));
+            QCOMPARE(pictureOf(*widget, 1), rest);
+            send(*widget, QFocusEvent(QEvent::FocusIn, Qt::MouseFocusReason));
+            QCOMPARE(hasRing(*widget), typedInto);
+            send(*widget, QFocusEvent(QEvent::FocusOut, Qt::MouseFocusReason));
+            send(*widget, QFocusEvent(QEvent::FocusIn, Qt::TabFocusReason));
+            QVERIFY(hasRing(*widget));
+            send(*widget, QFocusEvent(QEvent::FocusOut, Qt::TabFocusReason));
+            for (const qreal ratio : {1.0, 1.25, 1.5, 1.75, 2.0})
+                QVERIFY(!framed ||
+                        isFramed(pictureOf(*widget, ratio), qRound(ratio),
+                                 qobject_cast<QPushButton *>(widget.get()) ? lumqt::kFieldFrameHovered
+                                                                           : lumqt::kFieldFrame));
+            widget->setEnabled(false);
+            QVERIFY(pictureOf(*widget, 1) != rest);
+        };
+        check(make<CBPCheckBox>(), false, false);
+        check(make<QRadioButton>(), false, false);
+        check(make<CBPComboBox>(), true, false);
+        check(make<QSpinBox>(), true, true);
+        check(make<QLineEdit>(), true, true);
+        check(make<QTextEdit>(), true, true);
+        check(make<CBPTreeWidget>(), true, false);
+        check(make<QPushButton>(), true, false);
+        check(make<QToolButton>(), true, false);
     }
 
     void parts()
@@ -148,7 +143,7 @@ private slots:
         qApp->setStyleSheet("QPushButton { color: red }"); // Qt wraps every style
         tree.grab();
         QCOMPARE(tree.frameWidth(), 2);
-        QTRY_VERIFY(!qobject_cast<CBPStyle *>(tree.style()) && allOurs(&tree));
+        AWAIT(!qobject_cast<CBPStyle *>(tree.style()) && allOurs(&tree));
         qApp->setStyleSheet(QString());
         QVERIFY(allOurs(&tree, tree.header()));
         tree.setStyle(nullptr);
@@ -174,7 +169,7 @@ private slots:
         lessMotion = [] { return false; };
         QVERIFY(hover(true) != hovered);
         QVERIFY(lumqt::runningFades() > 0);
-        QTRY_COMPARE(lumqt::runningFades(), 0);
+        AWAIT_EQUAL(lumqt::runningFades(), 0);
         QCOMPARE(pictureOf(*box, 1), hovered);
         hover(false);
         box.reset();
