@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Await.h"
 #include "CBaseWin.h"
 
 #include "frames/FrameGeometry.h"
@@ -40,18 +41,18 @@ protected:
     bool titleBtnClicked(int id) override
     {
         clicked += id;
-        const bool keep = refusal == QLatin1String("hook");
-        if (refusal == QLatin1String("die"))
+        const bool keep = refusal == "hook";
+        if (refusal == "die")
             delete this;
         return keep;
     }
     void onExit() override
     {
         ++exits;
-        if (refusal != QLatin1String("exit"))
+        if (refusal != "exit")
             CBaseWin::onExit();
     }
-    void closeEvent(QCloseEvent *event) override { event->setAccepted(refusal != QLatin1String("event")); }
+    void closeEvent(QCloseEvent *event) override { event->setAccepted(refusal != "event"); }
 };
 
 // Where the window coordinates begin in those of the widget.
@@ -111,7 +112,7 @@ inline void show(CBaseWin &w)
     w.move(60, 60);
     w.show();
     QVERIFY(QTest::qWaitForWindowExposed(&w));
-    QTRY_VERIFY(!w.btnRect(CloseButton).isEmpty());
+    AWAIT(!w.btnRect(CloseButton).isEmpty());
 }
 
 // The pointer over the frame, in window coordinates: with the events of a window here, native messages there.

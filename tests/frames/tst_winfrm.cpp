@@ -22,7 +22,7 @@ private Q_SLOTS:
         inBoth([](auto of) {
             typename decltype(of)::type w;
             QWidget content;
-            w.SetWindowTitle(QStringLiteral("T"));
+            w.SetWindowTitle("T");
             w.ShowTitleBtn(~0, true); // as do all that hand on to the title bar
             w.AppendContent(&content, true, false, 3);
             w.SetMainBoxBorder(1, 2, 3, 4);
@@ -54,7 +54,7 @@ private Q_SLOTS:
             w.AppendContent(nullptr, true, true, 9);
             w.AppendContent(&w, true, true, 9);
             w.AppendContent(content, true, true, 9);
-            w.SetWindowTitle(QStringLiteral("Title"));
+            w.SetWindowTitle("Title");
             w.resize(400, 300);
             w.show();
             QCOMPARE(w.titleBar()->geometry(), QRect(10, 10, 380, 60));
@@ -63,8 +63,8 @@ private Q_SLOTS:
             QVERIFY(bottom->contentsMargins() == QMargins(12, 12, 12, 16) && w.contentBox()->count() == 2);
             const QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(&w);
             QVERIFY(spoken->role() == QAccessible::Dialog && spoken->text(QAccessible::Name) == "Title");
-            w.SetWindowTitle(QStringLiteral("a.png"), true);
-            QCOMPARE(w.windowTitle(), QStringLiteral("Title"));
+            w.SetWindowTitle("a.png", true);
+            QCOMPARE(w.windowTitle(), "Title");
             w.SetMainBoxBorder(1, 2, 3, 4);
             w.SetStatusBoxBorder(5, 6, 7, 8);
             w.SetShadowBorder(30); // from the next maximising and restoring on
@@ -78,7 +78,7 @@ private Q_SLOTS:
             QCOMPARE(w.statusBox(), bottom);
             QCOMPARE(w.template findChildren<CBPWinFrmTitle *>().size(), 1);
             delete w.titleBar();
-            w.SetWindowTitle(QStringLiteral("T"));
+            w.SetWindowTitle("T");
             w.OnMax();
         });
     }
@@ -128,7 +128,7 @@ private Q_SLOTS:
             w.SetTitleHeight(81);
             id == 2 ? showActive(w) : w.show();
             clickTitle(w, id);
-            QTRY_COMPARE(w.isMinimized(), id == 2);
+            AWAIT_EQUAL(w.isMinimized(), id == 2);
             QCOMPARE(w.calls.join(QLatin1Char(' ')), hook);
             QCOMPARE(w.isVisible(), id != 8);
             if (id == 64) { // its menu belongs below the title bar
@@ -139,18 +139,13 @@ private Q_SLOTS:
                 w.OnMenuClick();
                 QCOMPARE(w.calls, QStringList{"menu"});
             }
-
-            QPointer<typename decltype(of)::type> dying(new typename decltype(of)::type);
-            dying->Init();
-            dying->ShowTitleBtn(~0, true);
-            dying->show();
-            dying->deadly = hook;
-            if (CBPImageButton *button = dying->titleBtn(id))
-                QTest::mouseClick(button, Qt::LeftButton); // the whole way, from the button's own events
-            else
-                clickTitle(*dying, id);
-            QCOMPARE(dying.isNull(), !hook.isEmpty());
-            delete dying;
+            const bool survived = survives<decltype(w)>(hook, [id](auto &dying) {
+                if (CBPImageButton *button = dying.titleBtn(id))
+                    QTest::mouseClick(button, Qt::LeftButton); // the whole way, from the button's own events
+                else
+                    clickTitle(dying, id);
+            });
+            QCOMPARE(survived, hook.isEmpty());
         });
     }
 
@@ -172,10 +167,10 @@ private Q_SLOTS:
             w.setGeometry(120, 110, 300, 200);
             w.show();
             QVERIFY(QTest::qWaitForWindowExposed(&w));
-            QTRY_COMPARE(w.geometry(), QRect(120, 110, 300, 200));
+            AWAIT_EQUAL(w.geometry(), QRect(120, 110, 300, 200));
             clickTitle(w, 4);
             QVERIFY(w.isMaximized() && w.minimumSize() == w.maximumSize());
-            QTRY_COMPARE(w.geometry(), filled);
+            AWAIT_EQUAL(w.geometry(), filled);
             QCOMPARE(w.layout()->contentsMargins(), QMargins(1, 1, 1, 1));
             QCOMPARE(drawn(*w.titleBar()).pixelColor(0, 0).alpha(), 255);        // square corners
             QTest::mousePress(w.titleBar(), Qt::LeftButton, {}, QPoint(50, 20)); // it stays where it is
@@ -187,7 +182,7 @@ private Q_SLOTS:
             w.SetShadowBorder(14);
             emit w.titleBar()->on_dbl_clickedSignal(false);
             QVERIFY(!w.isMaximized() && w.maximumSize() == QSize(300, 200)); // fixed from now on
-            QTRY_COMPARE(w.geometry(), QRect(120, 110, 300, 200));
+            AWAIT_EQUAL(w.geometry(), QRect(120, 110, 300, 200));
             QCOMPARE(w.layout()->contentsMargins(), QMargins(14, 14, 14, 14));
             QVERIFY(drawn(*w.titleBar()).pixelColor(0, 0).alpha() == 0 && w.calls.join(' ') == "max max");
             // At once again, as soon as the window manager reports a place on the way here, if it does.
@@ -198,21 +193,21 @@ private Q_SLOTS:
                 w.OnMax();
                 onTheWay += QTest::qWaitFor([&w, restored] { return w.geometry() != restored; }, turn);
                 w.OnMax();
-                QTRY_COMPARE(w.geometry(), filled);
+                AWAIT_EQUAL(w.geometry(), filled);
                 w.OnMax();
-                QTRY_COMPARE(w.geometry(), restored);
+                AWAIT_EQUAL(w.geometry(), restored);
             }
             if (onTheWay == 0)
                 qInfo("the window manager reported no place on the way");
             // A place of its own is kept, even that of a maximised window.
             for (const QPoint &place : {QPoint(150, 140), filled.topLeft()}) {
                 w.move(place);
-                QTRY_COMPARE(w.pos(), place);
+                AWAIT_EQUAL(w.pos(), place);
             }
             w.OnMax();
-            QTRY_COMPARE(w.geometry(), filled);
+            AWAIT_EQUAL(w.geometry(), filled);
             w.OnMax();
-            QTRY_COMPARE(w.geometry(), QRect(filled.topLeft(), restored.size()));
+            AWAIT_EQUAL(w.geometry(), QRect(filled.topLeft(), restored.size()));
         });
     }
 
@@ -226,11 +221,11 @@ private Q_SLOTS:
             for (const bool byHook : {true, false}) {
                 w.showMaximized();
                 QVERIFY(w.isMaximized());
-                QTRY_VERIFY(w.width() > 300);
+                AWAIT(w.width() > 300);
                 QCOMPARE(w.layout()->contentsMargins(), QMargins(1, 1, 1, 1));
                 byHook ? w.OnMax() : w.showNormal();
                 QVERIFY(!w.isMaximized() && w.isVisible());
-                QTRY_COMPARE(w.size(), QSize(300, 200));
+                AWAIT_EQUAL(w.size(), QSize(300, 200));
                 QCOMPARE(w.layout()->contentsMargins(), QMargins(10, 10, 10, 10));
             }
         });

@@ -1,4 +1,5 @@
 #include "Acts.h"
+#include "Await.h"
 #include "CBPPushBtn.h"
 #include "CButtonGroupBox.h"
 #include "CFoucsLabel.h"
@@ -42,12 +43,6 @@ template <class Widgets> QString shown(const Widgets &widgets)
         result += QLatin1Char(!widget ? '0' : widget->isHidden() ? '-' : 'x');
     return result;
 }
-
-struct Page : QWidget
-{
-    int hidings = 0;
-    void hideEvent(QHideEvent *) override { ++hidings; }
-};
 
 // Entries of one group with contents, placed in a window.
 struct Accordion
@@ -94,8 +89,8 @@ private slots:
     {
         CTabContainer tabs;
         QCOMPARE(tabs.currentIndex(), -1);
-        QStringList log;
         QVector<QWidget *> pages = addTabs(tabs, {3, 1, 2});
+        QStringList log;
         connect(&tabs, &CTabContainer::sigTabChanged, this, [&](int id) {
             log << QString("%1 %2 %3").arg(id).arg(tabs.currentIndex()).arg(shown(pages));
         });
@@ -107,7 +102,7 @@ private slots:
         };
         QCOMPARE(tabs.currentIndex(), 3);
         QCOMPARE(stops(), QString("x--"));
-        QTRY_COMPARE(shown(pages), QString("x--"));
+        AWAIT_EQUAL(shown(pages), QString("x--"));
         // One that comes later stays until a tab is clicked.
         pages += addTabs(tabs, {9});
         QCoreApplication::processEvents();
@@ -180,9 +175,9 @@ private slots:
         tabs.show();
         QVERIFY(tab(tabs, 1)->icon().isNull() && !tab(tabs, 2)->icon().isNull());
         auto *bar = tabs.findChild<CButtonGroupBox *>();
-        QTRY_COMPARE(extra->geometry().right(), 499);
+        AWAIT_EQUAL(extra->geometry().right(), 499);
         QVERIFY(bar->pos() == QPoint(0, 0) && bar->width() < 420);
-        QTRY_COMPARE(page->geometry(), QRect(0, bar->height() + 16, 500, 300 - 16 - bar->height()));
+        AWAIT_EQUAL(page->geometry(), QRect(0, bar->height() + 16, 500, 300 - 16 - bar->height()));
         const QPair<const char *, QColor> grounds[] = {{"", {255, 255, 255}},
                                                        {"enter", {91, 175, 246}},
                                                        {"press", {65, 149, 220}},
@@ -214,36 +209,30 @@ private slots:
         }
     }
 
-    // A page that the application has taken out is its own again.
-    void pagesTakenOut()
+    // A page that the application has taken out is its own again. One that two tabs share is not hidden for
+    // the other's sake.
+    void pages()
     {
         CTabContainer tabs;
         CTabContainer other;
-        const QVector<QWidget *> pages = addTabs(tabs, {1, 2, 3});
+        const QVector<QWidget *> pages = addTabs(tabs, {1, 2, 3, 4});
+        tabs.Appendtab(pages[3], "Shared", 5);
         const std::unique_ptr<QWidget> window(pages[0]);
         window->setParent(nullptr);
         window->show();
         other.Appendtab(pages[2], QString(), 1);
         QCoreApplication::processEvents();
         tabs.SetSelected(2);
-        QCOMPARE(shown(pages), "xxx");
+        QCOMPARE(shown(pages), "xxx-");
         window->hide();
         tabs.SetSelected(1);
-        QCOMPARE(shown(pages), "--x");
-    }
-
-    // A page that two tabs share is not hidden for the other's sake.
-    void onePageForTwoTabs()
-    {
-        CTabContainer tabs;
-        auto *page = new Page;
-        tabs.Appendtab(page, "One", 1);
-        tabs.Appendtab(page, "Two", 2);
+        QCOMPARE(shown(pages), "--x-");
         tabs.show();
-        QCoreApplication::processEvents();
-        for (const int id : {1, 2, 1})
+        tabs.SetSelected(4);
+        const EventCounter hidings(pages[3], {QEvent::Hide});
+        for (const int id : {5, 4})
             tabs.SetSelected(id);
-        QVERIFY(page->isVisible() && page->hidings == 0);
+        QVERIFY(pages[3]->isVisible() && hidings.count == 0);
     }
 
     void tabsForScreenReaders()
@@ -284,6 +273,9 @@ private slots:
             click(three.entries[i % 3]->GetTitleWidget(), ways[i]);
         click(three.entries[1]->GetTitleWidget(), Click::Right);
         QCOMPARE(log, QStringList({"x-- x--", "-x- -x-", "--x --x", "x-- x--"}));
+        three.entries[1]->SetGroup(three.entries.mid(1)); // in place of the one before
+        three.entries[1]->SetFocus();
+        QCOMPARE(three.state(), QString("xx- xx-"));
     }
 
     void badEntries()
@@ -295,6 +287,9 @@ private slots:
         bare.HideTailIcon();
         bare.SetFocus();
         QVERIFY(!bare.IsFocus() && !bare.GetTitleWidget() && !bare.GetCommentWidget());
+        CTabPageItem flat(-5);
+        flat.AddPage("x", &bare, 0);
+        QVERIFY(flat.GetTitleWidget()->height() == 0 && flat.GetCommentWidget() == &bare);
 
         Accordion four(4);
         for (CTabPageItem *entry : four.entries)
@@ -322,18 +317,17 @@ private slots:
         CTabPageItem entry(40);
         entry.AddPage("Old", nullptr, 25);
         CFoucsLabel twin("New", 25, 10);
-        CFoucsLabel &title = *entry.GetTitleWidget();
-        const auto alike = [&] {
-            twin.setFixedHeight(40);
-            QVector<QImage> looks;
-            for (CFoucsLabel *label : {&title, &twin}) {
-                label->resize(200, 40);
-                for (const bool focused : {false, true}) {
+        twin.setFixedHeight(40);
+        const auto alike = [&twin, title = entry.GetTitleWidget()] {
+            bool same = true;
+            for (const bool focused : {false, true}) {
+                for (CFoucsLabel *label : {title, &twin}) {
+                    label->resize(200, 40);
                     label->SetFocus(focused);
-                    looks << label->grab().toImage();
                 }
+                same = same && title->grab().toImage() == twin.grab().toImage();
             }
-            return looks[0] == looks[2] && looks[1] == looks[3];
+            return same;
         };
         QVERIFY(!alike());
         entry.ChangeTitle("New");

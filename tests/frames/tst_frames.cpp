@@ -1,13 +1,59 @@
+#include "FrameProbe.h"
 #include "frames/FrameGeometry.h"
 #include "frames/FramePainter.h"
+#include "Pixels.h"
 #include "TestMain.h"
+#include "Util.h"
 
+#include <QLabel>
+#include <QLineEdit>
 #include <QPainter>
+
+#include <private/qhighdpiscaling_p.h>
+
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 
 using namespace lumqt::frame;
 
-// The frame of CBaseWin as plain functions of sizes, without a window.
-class TestFrameGeometry : public QObject
+namespace {
+
+constexpr int kOpenings = 500;
+constexpr qint64 kTolerance = 256 * 1024; // bytes: the smallest leak of an opening is some hundred
+
+// Bytes that the process has in use, -1 where that cannot be asked.
+qint64 memoryInUse()
+{
+#ifdef __GLIBC__
+    return qint64(mallinfo2().uordblks);
+#else
+    return -1;
+#endif
+}
+
+void fill(Dialog &dialog)
+{
+    dialog.Init();
+    dialog.SetWindowLog(Util::getResFullPath("../res/title_logo.png"));
+    dialog.ShowTitleBtn(2 | 8 | 64 | 128, true);
+    dialog.AppendContent(new QLineEdit, true, false, 0);
+}
+
+QVector<QSize> logicalSizes(const QWidget &window)
+{
+    QVector<QSize> sizes{window.size()};
+    const auto all = window.findChildren<QWidget *>();
+    for (const QWidget *one : all)
+        sizes << one->size();
+    return sizes;
+}
+
+} // namespace
+
+// What of frames needs no window manager: that of CBaseWin as plain functions of sizes, the shape of rounded
+// plates, and a dialog from its making to its end.
+class TestFrames : public QObject
 {
     Q_OBJECT
 
@@ -71,6 +117,68 @@ private Q_SLOTS:
         }
     }
 
+    void corners()
+    {
+        const QPoint at[] = {{0, 0}, {59, 0}, {59, 39}, {0, 39}};
+        for (int row = 0; row < 18; ++row) {
+            const int radius = row < 16 ? 12 : row == 16 ? 0 : 100000; // none, and one that is too large
+            const int flags = qMin(row, 15);                           // from top left on, clockwise
+            CRoundedRectBase plate(unsigned(radius), nullptr, flags & 1, flags & 2, flags & 4, flags & 8);
+            plate.resize(60, 40);
+            for (bool enabled : {true, false, true}) {
+                plate.SetRoundRectEnabled(enabled);
+                const QImage image = drawn(plate);
+                for (int i = 0; i < 4; ++i) {
+                    const bool round = enabled && radius > 0 && flags & (1 << i);
+                    QVERIFY2(image.pixelColor(at[i]).alpha() == (round ? 0 : 255), QByteArray::number(row));
+                }
+                // The edges are covered to the last pixel.
+                for (const QPoint &edge : {QPoint(30, 0), QPoint(30, 39), QPoint(0, 20), QPoint(59, 20)})
+                    QVERIFY(image.pixelColor(edge).alpha() >= (radius > 20 ? 200 : 255));
+            }
+        }
+    }
+
+    // One screen whose scaling changes under its windows: what a window meets that is moved to another one.
+    void anotherScaling()
+    {
+        Dialog dialog;
+        fill(dialog);
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        const auto *icon = dialog.titleBar()->findChild<QLabel *>();
+        QVERIFY(!icon->pixmap(Qt::ReturnByValue).isNull());
+        const QVector<QSize> before = logicalSizes(dialog);
+        for (const qreal factor : {2.0, 1.5, 1.0}) {
+            QHighDpiScaling::setScreenFactor(QGuiApplication::primaryScreen(), factor);
+            QCOMPARE(dialog.devicePixelRatioF(), factor);
+            QEvent moved(QEvent::ScreenChangeInternal); // as Qt sends it to every widget of the window
+            QCoreApplication::sendEvent(dialog.titleBar(), &moved);
+            QCOMPARE(icon->pixmap(Qt::ReturnByValue).devicePixelRatioF(), factor);
+            QCOMPARE(logicalSizes(dialog), before);
+        }
+    }
+
+    void memory()
+    {
+        if (memoryInUse() < 0)
+            QSKIP("the memory in use is not known here");
+        const auto open = [] {
+            Dialog dialog;
+            fill(dialog);
+            dialog.show();
+            QCoreApplication::processEvents();
+            dialog.close();
+        };
+        for (int i = 0; i < kOpenings / 25; ++i)
+            open(); // fills what is cached
+        const qint64 before = memoryInUse();
+        for (int i = 0; i < kOpenings; ++i)
+            open();
+        const qint64 growth = memoryInUse() - before;
+        QVERIFY2(growth < kTolerance, qPrintable(QString::number(growth)));
+    }
+
 private:
     // The frame around a client area of `size`.
     static bool isRight(int fw, qreal ratio, const QSize &size)
@@ -106,5 +214,5 @@ private:
     }
 };
 
-LUMQT_TEST_MAIN(TestFrameGeometry)
-#include "tst_framegeometry.moc"
+LUMQT_TEST_MAIN(TestFrames)
+#include "tst_frames.moc"
