@@ -1,3 +1,10 @@
+#include "CBPQtGroupBox.h"
+#include "CBPQtLine.h"
+#include "CBPQtMainWindow.h"
+#include "CBPQtTableView.h"
+#include "CBPTableWidget.h"
+#include "CBPTreeView.h"
+#include "CBPTreeWidget.h"
 #include "FrameProbe.h"
 #include "frames/FrameGeometry.h"
 #include "frames/FramePainter.h"
@@ -5,40 +12,17 @@
 #include "TestMain.h"
 #include "Util.h"
 
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
+#include <QVBoxLayout>
 
 #include <private/qhighdpiscaling_p.h>
-
-#ifdef __GLIBC__
-#include <malloc.h>
-#endif
 
 using namespace lumqt::frame;
 
 namespace {
-
-constexpr int kOpenings = 500;
-constexpr qint64 kTolerance = 256 * 1024; // bytes: the smallest leak of an opening is some hundred
-
-// Bytes that the process has in use, -1 where that cannot be asked.
-qint64 memoryInUse()
-{
-#ifdef __GLIBC__
-    return qint64(mallinfo2().uordblks);
-#else
-    return -1;
-#endif
-}
-
-void fill(Dialog &dialog)
-{
-    dialog.Init();
-    dialog.SetWindowLog(Util::getResFullPath("../res/title_logo.png"));
-    dialog.ShowTitleBtn(2 | 8 | 64 | 128, true);
-    dialog.AppendContent(new QLineEdit, true, false, 0);
-}
 
 QVector<QSize> logicalSizes(const QWidget &window)
 {
@@ -47,6 +31,25 @@ QVector<QSize> logicalSizes(const QWidget &window)
     for (const QWidget *one : all)
         sizes << one->size();
     return sizes;
+}
+
+const QColor kNothing(1, 2, 3); // what lies below a widget
+
+// Within a step of what the gradient rounds to.
+bool near(const QColor &color, const QColor &expected)
+{
+    return qAbs(color.red() - expected.red()) <= 3 && qAbs(color.green() - expected.green()) <= 3 &&
+           qAbs(color.blue() - expected.blue()) <= 3;
+}
+
+template <class Widget> void checkParent(const char *name, bool taken)
+{
+    QWidget parent;
+    auto *widget = new Widget(&parent);
+    QCOMPARE(widget->parentWidget(), taken ? &parent : nullptr);
+    (new QVBoxLayout(&parent))->addWidget(widget);
+    QCOMPARE(widget->parentWidget(), &parent);
+    QCOMPARE(widget->metaObject()->className(), name); // what style sheets go by
 }
 
 } // namespace
@@ -119,13 +122,18 @@ private Q_SLOTS:
 
     void corners()
     {
+        struct Plate : CRoundedRectBase
+        {
+            using CRoundedRectBase::CRoundedRectBase;
+            using CRoundedRectBase::m_pen;
+        };
         const QPoint at[] = {{0, 0}, {59, 0}, {59, 39}, {0, 39}};
         for (int row = 0; row < 18; ++row) {
             const int radius = row < 16 ? 12 : row == 16 ? 0 : 100000; // none, and one that is too large
             const int flags = qMin(row, 15);                           // from top left on, clockwise
-            CRoundedRectBase plate(unsigned(radius), nullptr, flags & 1, flags & 2, flags & 4, flags & 8);
+            Plate plate(unsigned(radius), nullptr, flags & 1, flags & 2, flags & 4, flags & 8);
             plate.resize(60, 40);
-            for (bool enabled : {true, false, true}) {
+            for (const bool enabled : {true, false, true}) {
                 plate.SetRoundRectEnabled(enabled);
                 const QImage image = drawn(plate);
                 for (int i = 0; i < 4; ++i) {
@@ -136,6 +144,14 @@ private Q_SLOTS:
                 for (const QPoint &edge : {QPoint(30, 0), QPoint(30, 39), QPoint(0, 20), QPoint(59, 20)})
                     QVERIFY(image.pixelColor(edge).alpha() >= (radius > 20 ? 200 : 255));
             }
+            if (radius > 20)
+                continue;
+            for (const int width : {0, 1, 4}) { // 0: as thin as can be
+                plate.m_pen = QPen(Qt::blue, width);
+                const QImage image = drawn(plate);
+                for (int y = 0; y < 6; ++y) // sharp at its inner edge, too
+                    QCOMPARE(image.pixelColor(30, y), QColor(y < qMax(1, width) ? Qt::blue : Qt::black));
+            }
         }
     }
 
@@ -143,7 +159,10 @@ private Q_SLOTS:
     void anotherScaling()
     {
         Dialog dialog;
-        fill(dialog);
+        dialog.Init();
+        dialog.SetWindowLog(Util::getResFullPath("../res/title_logo.png"));
+        dialog.ShowTitleBtn(2 | 8 | 64 | 128, true);
+        dialog.AppendContent(new QLineEdit, true, false, 0);
         dialog.show();
         QVERIFY(QTest::qWaitForWindowExposed(&dialog));
         const auto *icon = dialog.titleBar()->findChild<QLabel *>();
@@ -159,24 +178,92 @@ private Q_SLOTS:
         }
     }
 
-    void memory()
+    // ---- The classes that fix a few defaults of one of Qt's.
+
+    void parents()
     {
-        if (memoryInUse() < 0)
-            QSKIP("the memory in use is not known here");
-        const auto open = [] {
-            Dialog dialog;
-            fill(dialog);
-            dialog.show();
-            QCoreApplication::processEvents();
-            dialog.close();
-        };
-        for (int i = 0; i < kOpenings / 25; ++i)
-            open(); // fills what is cached
-        const qint64 before = memoryInUse();
-        for (int i = 0; i < kOpenings; ++i)
-            open();
-        const qint64 growth = memoryInUse() - before;
-        QVERIFY2(growth < kTolerance, qPrintable(QString::number(growth)));
+        QVERIFY(CBPQtMainWindow(nullptr, Qt::FramelessWindowHint).windowFlags() & Qt::FramelessWindowHint);
+        checkParent<CBPQtMainWindow>("CBPQtMainWindow", true);
+        checkParent<CBPQtGroupBox>("CBPQtGroupBox", true);
+        checkParent<CBPQtLine>("CBPQtLine", true);
+        checkParent<CBPQtTableView>("CBPQtTableView", true);
+        checkParent<CBPTableWidget>("CBPTableWidget", false);
+        checkParent<CBPTreeView>("CBPTreeView", false);
+    }
+
+    void groupBoxPaintsOnlyItsChildren()
+    {
+        CBPQtGroupBox box;
+        box.setTitle("A title that is not seen");
+        box.resize(120, 60);
+        auto *child = new QWidget(&box);
+        child->setGeometry(20, 30, 10, 10);
+        child->setAutoFillBackground(true);
+        child->setPalette(QPalette(Qt::red));
+        QImage expected(box.size(), QImage::Format_ARGB32);
+        expected.fill(kNothing);
+        QPainter(&expected).fillRect(child->geometry(), Qt::red);
+        QCOMPARE(pictureOf(box, 1, kNothing), expected);
+    }
+
+    void lineIsOnePixelWide()
+    {
+        CBPQtLine line;
+        line.resize(10, 100);
+        for (const qreal ratio : {1.0, 1.5, 2.0}) {
+            const QImage image = pictureOf(line, ratio, kNothing);
+            const int bottom = image.height() - 1;
+            const QPair<int, QColor> stops[] = {
+                {0, {214, 231, 249}}, {bottom / 2, {189, 201, 211}}, {bottom, {237, 244, 251}}};
+            for (const auto &[y, color] : stops) {
+                for (int x = 0; x < qRound(ratio); ++x)
+                    QVERIFY(near(image.pixelColor(x, y), color));
+                QCOMPARE(image.pixelColor(qRound(ratio), y), kNothing);
+            }
+        }
+        line.resize(0, 0);
+        line.grab();
+    }
+
+    void views()
+    {
+        CBPTableWidget table;
+        CBPTreeWidget tree;
+        QVERIFY(!tree.parent());
+        for (QAbstractItemView *view :
+             {static_cast<QAbstractItemView *>(&table), static_cast<QAbstractItemView *>(&tree)}) {
+            QCOMPARE(view->selectionBehavior(), QAbstractItemView::SelectRows);
+            QCOMPARE(view->editTriggers(),
+                     QAbstractItemView::SelectedClicked | QAbstractItemView::EditKeyPressed);
+            QVERIFY(view->hasMouseTracking() && view->viewport()->hasMouseTracking());
+            QVERIFY(view->property("sortingEnabled").toBool());
+        }
+        QVERIFY(!table.showGrid() && table.frameShape() == QFrame::NoFrame);
+        QVERIFY(table.verticalHeader()->isHidden() && !table.horizontalHeader()->highlightSections());
+        QCOMPARE(table.textElideMode(), Qt::ElideRight);
+        table.setColumnCount(2);
+        table.setRowCount(3);
+        QCOMPARE(table.rowHeight(2), 41);
+        table.show();
+        table.selectRow(0);
+        QTest::mouseClick(table.viewport(), Qt::LeftButton, Qt::ControlModifier,
+                          table.visualRect(table.model()->index(2, 1)).center());
+        const QModelIndexList selected = table.selectionModel()->selectedRows();
+        QVERIFY(selected.size() == 1 && selected.at(0).row() == 2); // one, as a whole
+
+        QVERIFY(tree.contextMenuPolicy() == Qt::CustomContextMenu && !tree.rootIsDecorated());
+        for (const char *text : {"b", "a"})
+            new QTreeWidgetItem(&tree, {text});
+        tree.sortItems(0, Qt::AscendingOrder);
+        tree.show();
+        // Events go the base's way, with the flags set too.
+        tree.setPtOffsetSwitchOn(true);
+        tree.setOffsetPt(true);
+        QTest::mouseClick(tree.viewport(), Qt::LeftButton, Qt::NoModifier,
+                          tree.visualItemRect(tree.topLevelItem(0)).center());
+        QCOMPARE(tree.currentItem()->text(0), QString("a"));
+        QTest::keyClick(tree.viewport(), Qt::Key_Down);
+        QCOMPARE(tree.currentItem()->text(0), QString("b"));
     }
 
 private:

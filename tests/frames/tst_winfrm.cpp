@@ -5,6 +5,7 @@
 #include "platform/Platform.h"
 #include "Rows.h"
 #include "TestMain.h"
+#include "Util.h"
 
 #include <QAccessible>
 #include <QVBoxLayout>
@@ -98,9 +99,39 @@ private Q_SLOTS:
             QVERIFY(w.bottomHeight() == 50 && !w.drawsBottomLine()); // once gone, gone
             w.SetDrawBottomHLine(true);
             QVERIFY(w.drawsBottomLine());
-            w.showWindowTitle(false);
-            QVERIFY(w.titleBar()->isHidden() &&
-                    inkOf(pictureOf(w), 255).isEmpty()); // it paints nothing itself
+        });
+    }
+
+    // What is asked of a window about its title bar, the bar does. The window paints nothing itself.
+    void titleBar()
+    {
+        inBoth([](auto of) {
+            typename decltype(of)::type w;
+            w.Init();
+            const auto look = [&w] {
+                w.layout()->activate();
+                return pictureOf(w);
+            };
+            const QString icon = Util::getResFullPath("../res/title_logo.png");
+            w.ShowTitleBtn(8 | 64, true);
+            w.titleBar()->InsertWidget(0, new CBPImageButton({icon}, false, 4), 0, Qt::AlignCenter);
+            w.ShowTitleBtn(4, true);
+            w.resize(500, 200);
+            const std::function<void()> changes[] = {
+                [&] { w.SetWindowLog(icon); },         [&] { w.SetTitleBg(Qt::red); },
+                [&] { w.SetHasNewVersion(true); },     [&] { w.EnabledTitleRoundRc(false); },
+                [&] { w.EnableTitleBtn(8, false); },   [&] { w.SetTitleBarEnabled(false); },
+                [&] { w.ResetMaxBtn(true); },          [&] { w.SetTitleHeight(90); },
+                [&] { w.SetWindowTitle("T", false); }, [&] { w.ShowTitleBtn(8, false); },
+                [&] { w.showWindowTitle(false); }};
+            QImage before = look();
+            for (const auto &change : changes) {
+                change();
+                const QImage after = look();
+                QVERIFY2(after != before, QByteArray::number(int(&change - changes)));
+                before = after;
+            }
+            QVERIFY(w.titleBar()->isHidden() && inkOf(before, 255).isEmpty());
         });
     }
 

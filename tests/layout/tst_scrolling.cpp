@@ -1,27 +1,18 @@
 #include "Await.h"
 #include "CBPMenuItemSizeStyle.h"
-#include "CBPQtGroupBox.h"
-#include "CBPQtLine.h"
-#include "CBPQtMainWindow.h"
-#include "CBPQtTableView.h"
 #include "CBPScrollBar.h"
 #include "CBPScrollBarStyle.h"
 #include "CBPScrollWnd.h"
 #include "CBPSplitter.h"
 #include "CBPSplitterHandle.h"
-#include "CBPTableWidget.h"
-#include "CBPTreeView.h"
-#include "CBPTreeWidget.h"
 #include "Pixels.h"
 #include "TestMain.h"
 
 #include <QApplication>
-#include <QHeaderView>
 #include <QPainter>
 #include <QPointer>
 #include <QScopeGuard>
 #include <QStyleOptionSlider>
-#include <QVBoxLayout>
 
 #include <climits>
 #include <memory>
@@ -59,117 +50,19 @@ struct Bar : CBPScrollBar
     }
 };
 
-// Within a step of what the gradient rounds to.
-bool near(const QColor &color, const QColor &expected)
-{
-    return qAbs(color.red() - expected.red()) <= 3 && qAbs(color.green() - expected.green()) <= 3 &&
-           qAbs(color.blue() - expected.blue()) <= 3;
-}
-
-template <class Widget> void checkParent(const char *name, bool taken)
-{
-    QWidget parent;
-    auto *widget = new Widget(&parent);
-    QCOMPARE(widget->parentWidget(), taken ? &parent : nullptr);
-    (new QVBoxLayout(&parent))->addWidget(widget);
-    QCOMPARE(widget->parentWidget(), &parent);
-    QCOMPARE(widget->metaObject()->className(), name); // what style sheets go by
-}
-
 } // namespace
 
-// The classes that restyle one of Qt's, and those that fix a few defaults of one.
-class TestWrappers : public QObject
+// Scroll bars, what is scrolled, and splitters.
+class TestScrolling : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void parents()
+    void scrolledWindow()
     {
-        QVERIFY(CBPQtMainWindow(nullptr, Qt::FramelessWindowHint).windowFlags() & Qt::FramelessWindowHint);
-        checkParent<CBPQtMainWindow>("CBPQtMainWindow", true);
-        checkParent<CBPQtGroupBox>("CBPQtGroupBox", true);
-        checkParent<CBPQtLine>("CBPQtLine", true);
-        checkParent<CBPQtTableView>("CBPQtTableView", true);
-        checkParent<CBPTableWidget>("CBPTableWidget", false);
-        checkParent<CBPTreeView>("CBPTreeView", false);
-        checkParent<CBPScrollWnd>("CBPScrollWnd", false);
-        QCOMPARE(CBPScrollWnd(nullptr).frameShape(), QFrame::NoFrame);
-    }
-
-    void groupBoxPaintsOnlyItsChildren()
-    {
-        CBPQtGroupBox box;
-        box.setTitle("A title that is not seen");
-        box.resize(120, 60);
-        auto *child = new QWidget(&box);
-        child->setGeometry(20, 30, 10, 10);
-        child->setAutoFillBackground(true);
-        child->setPalette(QPalette(Qt::red));
-        QImage expected(box.size(), QImage::Format_ARGB32);
-        expected.fill(kNothing);
-        QPainter(&expected).fillRect(child->geometry(), Qt::red);
-        QCOMPARE(picture(box), expected);
-    }
-
-    void lineIsOnePixelWide()
-    {
-        CBPQtLine line;
-        line.resize(10, 100);
-        for (const qreal ratio : {1.0, 1.5, 2.0}) {
-            const QImage image = picture(line, ratio);
-            const int bottom = image.height() - 1;
-            const QPair<int, QColor> stops[] = {
-                {0, {214, 231, 249}}, {bottom / 2, {189, 201, 211}}, {bottom, {237, 244, 251}}};
-            for (const auto &[y, color] : stops) {
-                for (int x = 0; x < qRound(ratio); ++x)
-                    QVERIFY(near(image.pixelColor(x, y), color));
-                QCOMPARE(image.pixelColor(qRound(ratio), y), kNothing);
-            }
-        }
-        line.resize(0, 0);
-        line.grab();
-    }
-
-    void views()
-    {
-        CBPTableWidget table;
-        CBPTreeWidget tree;
-        QVERIFY(!tree.parent());
-        for (QAbstractItemView *view :
-             {static_cast<QAbstractItemView *>(&table), static_cast<QAbstractItemView *>(&tree)}) {
-            QCOMPARE(view->selectionBehavior(), QAbstractItemView::SelectRows);
-            QCOMPARE(view->editTriggers(),
-                     QAbstractItemView::SelectedClicked | QAbstractItemView::EditKeyPressed);
-            QVERIFY(view->hasMouseTracking() && view->viewport()->hasMouseTracking());
-            QVERIFY(view->property("sortingEnabled").toBool());
-        }
-        QVERIFY(!table.showGrid() && table.frameShape() == QFrame::NoFrame);
-        QVERIFY(table.verticalHeader()->isHidden() && !table.horizontalHeader()->highlightSections());
-        QCOMPARE(table.textElideMode(), Qt::ElideRight);
-        table.setColumnCount(2);
-        table.setRowCount(3);
-        QCOMPARE(table.rowHeight(2), 41);
-        table.show();
-        table.selectRow(0);
-        QTest::mouseClick(table.viewport(), Qt::LeftButton, Qt::ControlModifier,
-                          table.visualRect(table.model()->index(2, 1)).center());
-        const QModelIndexList selected = table.selectionModel()->selectedRows();
-        QVERIFY(selected.size() == 1 && selected.at(0).row() == 2); // one, as a whole
-
-        QVERIFY(tree.contextMenuPolicy() == Qt::CustomContextMenu && !tree.rootIsDecorated());
-        for (const char *text : {"b", "a"})
-            new QTreeWidgetItem(&tree, {text});
-        tree.sortItems(0, Qt::AscendingOrder);
-        tree.show();
-        // Events go the base's way, with the flags set too.
-        tree.setPtOffsetSwitchOn(true);
-        tree.setOffsetPt(true);
-        QTest::mouseClick(tree.viewport(), Qt::LeftButton, Qt::NoModifier,
-                          tree.visualItemRect(tree.topLevelItem(0)).center());
-        QCOMPARE(tree.currentItem()->text(0), QString("a"));
-        QTest::keyClick(tree.viewport(), Qt::Key_Down);
-        QCOMPARE(tree.currentItem()->text(0), QString("b"));
+        QWidget parent;
+        const CBPScrollWnd window(&parent); // which it is given in a layout only
+        QVERIFY(!window.parent() && window.frameShape() == QFrame::NoFrame);
     }
 
     // Of the application's kind, and never the application's: of the style that it starts with, and of
@@ -283,5 +176,5 @@ private slots:
     }
 };
 
-LUMQT_TEST_MAIN(TestWrappers)
-#include "tst_wrappers.moc"
+LUMQT_TEST_MAIN(TestScrolling)
+#include "tst_scrolling.moc"
