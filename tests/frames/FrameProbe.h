@@ -87,23 +87,21 @@ private:
 using Dialog = Probe<CBPWinFrm>;
 using Widget = Probe<CBPWinWidget>;
 
-template <class Window> struct ClassOf
-{
-    using type = Window;
-};
-
-// Runs a test for each of the two classes.
+// Runs a test with a window of each of the two classes.
 template <class Body> void inBoth(Body body)
 {
-    body(ClassOf<Dialog>());
-    if (QTest::currentTestFailed())
+    Dialog dialog;
+    body(dialog);
+    if (QTest::currentTestFailed()) {
         qInfo("with CBPWinFrm");
-    else
-        body(ClassOf<Widget>());
+        return;
+    }
+    Widget widget;
+    body(widget);
 }
 
-// Whether a shown window survives an act of which a hook deletes it.
-template <class Window, class Act> bool survives(const QString &deadlyHook, Act act)
+// Whether another shown window of a class survives an act of which a hook deletes it.
+template <class Window, class Act> bool survives(const Window &, const QString &deadlyHook, Act act)
 {
     const QPointer<Window> w(new Window);
     w->Init();

@@ -67,12 +67,11 @@ private Q_SLOTS:
     }
     void closing()
     {
-        inBoth([](auto of) {
+        inBoth([](auto &w) {
             QFETCH(QString, way);
             QFETCH(int, hook);
             QFETCH(bool, disabled); // Escape and Alt+F4
             QFETCH(bool, closes);
-            typename decltype(of)::type w;
             w.Init();
             w.closing = hook;
             w.SetDisableEscAndF4Flag(disabled);
@@ -96,7 +95,7 @@ private Q_SLOTS:
             w.show();
             clickTitle(w, 8); // whatever came before, this button closes
             QCOMPARE(w.calls, QStringList{"close"});
-            const bool survived = survives<decltype(w)>("close", [&](auto &dying) {
+            const bool survived = survives(w, "close", [&](auto &dying) {
                 dying.SetDisableEscAndF4Flag(disabled);
                 closeBy(dying, way);
             });
@@ -140,18 +139,16 @@ private Q_SLOTS:
     }
     void keys()
     {
-        inBoth([](auto of) {
-            using Window = typename decltype(of)::type;
+        inBoth([](auto &w) {
             QFETCH(QString, calls);
-            const auto press = [](QWidget &w) {
+            const auto press = [](QWidget &window) {
                 const int keys = QKeySequence(QTest::currentDataTag())[0];
                 const auto modifiers = Qt::KeyboardModifiers(keys & int(Qt::KeyboardModifierMask));
                 QKeyEvent event(QEvent::KeyPress, keys & ~int(Qt::KeyboardModifierMask), modifiers);
-                QCoreApplication::sendEvent(&w, &event);
+                QCoreApplication::sendEvent(&window, &event);
                 return event.isAccepted();
             };
-            QCOMPARE(survives<Window>(calls, press), calls.isEmpty());
-            Window w;
+            QCOMPARE(survives(w, calls, press), calls.isEmpty());
             w.Init();
             w.show();
             QTEST(press(w), "accepted");
@@ -207,8 +204,8 @@ private Q_SLOTS:
     }
     void parentHides()
     {
-        inBoth([](auto of) {
-            using Window = typename decltype(of)::type;
+        inBoth([](auto &like) {
+            using Window = std::decay_t<decltype(like)>;
             QFETCH(QString, way);
             QPointer<QWidget> top(new QWidget);
             auto *parent = new QWidget(top);

@@ -96,54 +96,42 @@ private slots:
     {
         CBPWidget widget;
         widget.resize(20, 10);
+        widget.Show();
+        QVERIFY(QTest::qWaitForWindowExposed(&widget));
         const QRect all(0, 0, 20, 10);
         QCOMPARE(boxOf(picture(widget), Qt::white), all);
-        widget.setPen(QPen(Qt::blue));
-        widget.setBrush(Qt::NoBrush);
+        QVERIFY(repaints(widget, [&] { widget.setPen(QPen(Qt::blue)); }));
+        QVERIFY(repaints(widget, [&] { widget.setBrush(Qt::NoBrush); }));
         const QImage outlined = picture(widget); // the right and the lower line are outside
         QCOMPARE(outlined, painted(outlined, {{all, Qt::blue}, {all.adjusted(1, 1, 0, 0), kNothing}}));
         widget.setPen(QPen(Qt::blue, 3));
         QCOMPARE(columnsOf(picture(widget), Qt::blue, 5), QVector<int>({0, 1, 19}));
-        widget.Show();
-        QVERIFY(widget.isVisible());
         widget.Hide();
         QVERIFY(!widget.isVisible());
     }
 
-    void repainting()
-    {
-        CBPWidget widget;
-        CBPBox box;
-        for (QWidget *each : {static_cast<QWidget *>(&widget), static_cast<QWidget *>(&box)}) {
-            each->resize(40, 20);
-            each->show();
-            QVERIFY(QTest::qWaitForWindowExposed(each));
-        }
-        QVERIFY(repaints(widget, [&] { widget.setPen(QPen(Qt::blue)); }));
-        QVERIFY(repaints(widget, [&] { widget.setBrush(Qt::red); }));
-        QVERIFY(!repaints(box, [&] { box.SetDrawFrame(true); })); // shows at the next one
-        QVERIFY(repaints(box, [&] { box.SetFrameClr(Qt::black); }));
-        QVERIFY(repaints(box, [&] { box.SetBgClr(Qt::black); }));
-    }
-
     void frame()
     {
-        for (const qreal ratio : {1.0, 1.5, 2.0}) {
-            CBPBox box;
-            box.resize(40, 20);
-            const auto shows = [&](const QColor &line, const QColor &ground) {
+        CBPBox box;
+        box.resize(40, 20);
+        box.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&box));
+        const auto shows = [&](const QColor &line, const QColor &ground) {
+            bool right = true;
+            for (const qreal ratio : {1.0, 1.5, 2.0}) {
                 const QImage image = picture(box, ratio);
                 const int width = qRound(ratio);
                 const QRect inner = image.rect().adjusted(width, width, -width, -width);
-                return image == painted(image, {{image.rect(), line}, {inner, ground}});
-            };
-            QVERIFY(shows(kNothing, kNothing));
-            box.SetDrawFrame(true);
-            QVERIFY(shows(Qt::red, Qt::white));
-            box.SetFrameClr(Qt::blue);
-            box.SetBgClr(Qt::green);
-            QVERIFY(shows(Qt::blue, Qt::green));
-        }
+                right = right && image == painted(image, {{image.rect(), line}, {inner, ground}});
+            }
+            return right;
+        };
+        QVERIFY(shows(kNothing, kNothing));
+        QVERIFY(!repaints(box, [&] { box.SetDrawFrame(true); })); // shows at the next one
+        QVERIFY(shows(Qt::red, Qt::white));
+        QVERIFY(repaints(box, [&] { box.SetFrameClr(Qt::blue); }));
+        QVERIFY(repaints(box, [&] { box.SetBgClr(Qt::green); }));
+        QVERIFY(shows(Qt::blue, Qt::green));
     }
 
     // A column that expands, a row, and a space of nothing, which is an item all the same. Further ones go in
@@ -222,8 +210,7 @@ private slots:
         frameBox->AddTitleWidget(nullptr, 3);
         frameBox->AddBottomWidget(nullptr, 3);
         QCOMPARE(contentsOf(frameBox->layout()), "[] [] []");
-        QVERIFY(!window.parentWidget());
-        QVERIFY(window.sizePolicy().horizontalPolicy() != QSizePolicy::Expanding);
+        QVERIFY(!window.parent() && window.sizePolicy().horizontalPolicy() != QSizePolicy::Expanding);
         auto *spacer = new QSpacerItem(9, 9);
         box->AddSpacerItem(spacer);
         box->AddSpacerItem(spacer);

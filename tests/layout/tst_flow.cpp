@@ -164,14 +164,14 @@ private slots:
         for (const int index : {-1, 1, std::numeric_limits<int>::max()})
             QVERIFY(!layout->takeAt(index) && !layout->itemAt(index));
         const std::unique_ptr<QLayoutItem> taken(layout->takeAt(0));
-        QCOMPARE(taken.get(), inner);
-        QVERIFY(!inner->parent() && layout->count() == 0);
+        QVERIFY(taken.get() == inner && !inner->parent() && layout->count() == 0);
     }
 
     void badItems()
     {
         QWidget window;
         QWidget panel(&window);
+        QWidget other;
         auto *outer = new QHBoxLayout(&panel);
         auto *layout = new CBPFlowLayout;
         outer->addLayout(layout);
@@ -179,31 +179,28 @@ private slots:
         layout->addItem(spacer);
         QHBoxLayout circle;
         circle.addItem(new QWidgetItem(&window));
-        const auto warns = [](int times, const char *words) {
-            for (int i = 0; i < times; ++i)
-                QTest::ignoreMessage(QtWarningMsg, words);
-        };
-        warns(2, "CBPFlowLayout: null is no item");
-        layout->addItem(nullptr);
-        layout->addWidget(nullptr);
-        warns(4, "A QWidget cannot hold itself or a widget that it lies in");
-        layout->addWidget(&panel);
-        layout->addWidget(&window);
-        layout->addItem(&circle);
-        QWidgetItem itself(&panel);
-        layout->addItem(&itself);
-        warns(2, "A CBPFlowLayout cannot hold itself or a layout that it lies in");
-        layout->addItem(layout);
-        layout->addItem(outer);
-        QWidget other; // two owners would both delete what they have
-        auto *owned = new QHBoxLayout(&other);
+        QWidgetItem around(&panel);
+        auto *owned = new QHBoxLayout(&other); // two owners would both delete what they have
         auto *nested = new QHBoxLayout;
         owned->addLayout(nested);
-        warns(2, "CBPFlowLayout: the layout lies in another one, or is a widget's");
-        layout->addItem(owned);
-        layout->addItem(nested);
-        warns(1, "CBPFlowLayout: the item is there already");
-        layout->addItem(spacer);
+        const QVector<QPair<const char *, QVector<QLayoutItem *>>> refused{
+            {"CBPFlowLayout: null is no item", {nullptr}},
+            {"A QWidget cannot hold itself or a widget that it lies in", {&circle, &around}},
+            {"A CBPFlowLayout cannot hold itself or a layout that it lies in", {layout, outer}},
+            {"CBPFlowLayout: the layout lies in another one, or is a widget's", {owned, nested}},
+            {"CBPFlowLayout: the item is there already", {spacer}}};
+        for (const auto &[words, items] : refused) {
+            for (QLayoutItem *item : items) {
+                QTest::ignoreMessage(QtWarningMsg, words);
+                layout->addItem(item);
+            }
+        }
+        for (const auto &[words, widget] :
+             {std::pair(refused[0].first, static_cast<QWidget *>(nullptr)),
+              std::pair(refused[1].first, &panel), std::pair(refused[1].first, &window)}) {
+            QTest::ignoreMessage(QtWarningMsg, words);
+            layout->addWidget(widget);
+        }
         QCOMPARE(layout->count(), 1);
         QVERIFY(window.parent() == nullptr && panel.parent() == &window && !circle.parent());
     }
