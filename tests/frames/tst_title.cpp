@@ -13,6 +13,7 @@
 #include <QLabel>
 #include <QLayout>
 #include <QLinearGradient>
+#include <QScopeGuard>
 #include <QSignalSpy>
 
 namespace {
@@ -236,14 +237,16 @@ private Q_SLOTS:
             Util::writeIni("window", QLatin1String(key), value, file);
         };
         QVERIFY(QFile::copy(file, file + ".kept"));
-        write("title_bgcolor", "#102030");
-        write("title_textcolor", "no colour");
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("title_textcolor .* is no colour"));
-        const auto configured = std::make_unique<Window>();
-        QFile::remove(file);
-        QVERIFY(QFile::rename(file + ".kept", file));
-        QCOMPARE(drawn(configured->bar).pixelColor(inside), QColor(0x10, 0x20, 0x30));
-        QCOMPARE(textColor(configured->bar), QColor(127, 143, 164));
+        const auto restore =
+            qScopeGuard([&file] { QFile::remove(file) && QFile::rename(file + ".kept", file); });
+        for (const bool groundIsRight : {true, false}) {
+            write("title_bgcolor", groundIsRight ? "#102030" : "no colour");
+            write("title_textcolor", groundIsRight ? "no colour" : "#405060");
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression("title_(text|bg)color .* is no colour"));
+            Window configured;
+            QCOMPARE(drawn(configured.bar).pixelColor(inside), groundIsRight ? QColor("#102030") : kGround);
+            QCOMPARE(textColor(configured.bar), QColor(groundIsRight ? "#7f8fa4" : "#405060"));
+        }
     }
 
     void clicks()

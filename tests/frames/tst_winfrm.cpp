@@ -130,6 +130,13 @@ private Q_SLOTS:
                 before = after;
             }
             QVERIFY(w.titleBar()->isHidden() && inkOf(before, 255).isEmpty());
+            // It may outlive its window, to which it reports no longer then.
+            auto *owner = new std::decay_t<decltype(w)>;
+            owner->Init();
+            const std::unique_ptr<CBPWinFrmTitle> bar(owner->titleBar());
+            bar->setParent(nullptr);
+            destroy(owner);
+            bar->on_btn_clicekedSlot(2);
         });
     }
 
