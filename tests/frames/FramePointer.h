@@ -8,6 +8,7 @@
 
 #include <QCloseEvent>
 #include <QPainter>
+#include <QPaintEvent>
 #include <QtTest>
 
 #ifdef Q_OS_WIN
@@ -31,11 +32,14 @@ public:
     QList<int> clicked;
     int exits = 0;
     int presses = 0;
+    QRect lastPainted; // where the widget was
 
 protected:
     bool event(QEvent *event) override
     {
         presses += event->type() == QEvent::MouseButtonPress;
+        if (event->type() == QEvent::Paint)
+            lastPainted = static_cast<QPaintEvent *>(event)->region().boundingRect();
         return CBaseWin::event(event);
     }
     bool titleBtnClicked(int id) override

@@ -137,6 +137,12 @@ private Q_SLOTS:
             point(w, Move, away);
             QVERIFY(shows(w, CloseButton, "close_normal"));
         }
+        // A pointer that moves costs what the buttons do, whatever the size of the window.
+        QCoreApplication::processEvents();
+        point(w, Move, on(w, CloseButton));
+        const QPoint first(painted(w, ListButton).left() - 5, 0); // where there is no image 0
+        const QPoint last(w.contentsRect().right() + w.frameWidth(), w.titleHight() - 1);
+        AWAIT_EQUAL(w.lastPainted, QRect(first + origin(w), last + QPoint(0, origin(w).y())));
         w.setCursor(Qt::CrossCursor);
         point(w, Move, QPoint(1, 150));
         QCOMPARE(w.cursor().shape(), Qt::SizeHorCursor);
@@ -306,6 +312,11 @@ private Q_SLOTS:
             QCOMPARE(w.accessibleName(), QString("two%1lines").arg(lineBreak));
             QCOMPARE(frameImage(w, strip), before);
         }
+
+        w.setFont(QFont(w.font().family(), 20));
+        w.setCaption("two lines");
+        AWAIT(frameImage(w, strip) != before);
+        w.setFont(QFont());
 
         // A longer one ends before the buttons, which look as they do beside a short one.
         const int end = painted(w, ListButton).left();

@@ -15,6 +15,7 @@
 #include <QLinearGradient>
 #include <QScopeGuard>
 #include <QSignalSpy>
+#include <QToolTip>
 
 namespace {
 
@@ -196,6 +197,12 @@ private Q_SLOTS:
         QVERIFY(small.bar.width() == 300 && small.bar.minimumSizeHint().width() < 300);
         const QLabel *cut = titleLabel(small.bar);
         QVERIFY(cut->geometry().right() < button(small.bar, 8)->x());
+        for (QLabel *label : {titleLabel(w.bar), titleLabel(small.bar)}) { // the tool tip has all of it
+            label->setText(label == cut ? label->text() : "short");
+            QHelpEvent asked(QEvent::ToolTip, QPoint(5, 5), label->mapToGlobal(QPoint(5, 5)));
+            QCoreApplication::sendEvent(label, &asked);
+            QCOMPARE(QToolTip::text().contains("MMM"), label == cut);
+        }
         for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) { // it ends at the same side
             small.bar.setLayoutDirection(direction);
             QCoreApplication::processEvents();

@@ -60,8 +60,9 @@ private Q_SLOTS:
             QCOMPARE(content->geometry(), QRect(15, 76, 368, 127));
             QCOMPARE(bottom->geometry(), QRect(10, 220, 380, 70));
             QVERIFY(bottom->contentsMargins() == QMargins(12, 12, 12, 16) && w.contentBox()->count() == 2);
-            w.SetBottomHeight(40);
-            QCOMPARE(bottom->height(), 40);
+            QVERIFY(QTest::qWaitForWindowExposed(&w));
+            QVERIFY(repaints(w, [&] { w.SetBottomHeight(40); }) && bottom->height() == 40);
+            QVERIFY(repaints(w, [&] { w.SetDrawBottomHLine(false); }));
             const QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(&w);
             QVERIFY(spoken->role() == QAccessible::Dialog && spoken->text(QAccessible::Name) == "Title");
             w.SetWindowTitle("a.png", true);
