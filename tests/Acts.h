@@ -99,6 +99,16 @@ private:
     const std::function<bool()> m_counts;
 };
 
+// Whether a widget on the screen is painted anew after an act.
+template <class Act> bool repaints(QWidget &widget, Act act)
+{
+    QCoreApplication::processEvents();
+    const EventCounter paints(&widget, {QEvent::Paint});
+    act();
+    QCoreApplication::processEvents();
+    return paints.count > 0;
+}
+
 // What befalls a button or a link, by its names in a list of words; those of `own` beside the common ones.
 // Stops when it is gone.
 using Deeds = QMap<QString, std::function<void()>>;

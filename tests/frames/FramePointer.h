@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Await.h"
 #include "CBaseWin.h"
 
 #include "frames/FrameGeometry.h"
@@ -7,6 +8,7 @@
 
 #include <QCloseEvent>
 #include <QPainter>
+#include <QPaintEvent>
 #include <QtTest>
 
 #ifdef Q_OS_WIN
@@ -30,28 +32,31 @@ public:
     QList<int> clicked;
     int exits = 0;
     int presses = 0;
+    QRect lastPainted; // where the widget was
 
 protected:
     bool event(QEvent *event) override
     {
         presses += event->type() == QEvent::MouseButtonPress;
+        if (event->type() == QEvent::Paint)
+            lastPainted = static_cast<QPaintEvent *>(event)->region().boundingRect();
         return CBaseWin::event(event);
     }
     bool titleBtnClicked(int id) override
     {
         clicked += id;
-        const bool keep = refusal == QLatin1String("hook");
-        if (refusal == QLatin1String("die"))
+        const bool keep = refusal == "hook";
+        if (refusal == "die")
             delete this;
         return keep;
     }
     void onExit() override
     {
         ++exits;
-        if (refusal != QLatin1String("exit"))
+        if (refusal != "exit")
             CBaseWin::onExit();
     }
-    void closeEvent(QCloseEvent *event) override { event->setAccepted(refusal != QLatin1String("event")); }
+    void closeEvent(QCloseEvent *event) override { event->setAccepted(refusal != "event"); }
 };
 
 // Where the window coordinates begin in those of the widget.
@@ -111,7 +116,7 @@ inline void show(CBaseWin &w)
     w.move(60, 60);
     w.show();
     QVERIFY(QTest::qWaitForWindowExposed(&w));
-    QTRY_VERIFY(!w.btnRect(CloseButton).isEmpty());
+    AWAIT(!w.btnRect(CloseButton).isEmpty());
 }
 
 // The pointer over the frame, in window coordinates: with the events of a window here, native messages there.

@@ -1,12 +1,14 @@
+#include "Await.h"
 #include "FramePointer.h"
 #include "Pixels.h"
 #include "platform/Platform.h"
+#include "RealInput.h"
 #include "Rows.h"
 #include "TestMain.h"
 
 #include <QPointer>
+#include <QPushButton>
 #include <QScreen>
-#include <QSignalSpy>
 #include <QTemporaryDir>
 
 namespace {
@@ -27,6 +29,19 @@ QRect rectOf(const RECT &rect)
 }
 #endif
 
+// Moves the real pointer to `at` and a little about there until `done`: what it does before the system has
+// it, or while the system lets go of it, is made up for with the next step.
+template <class Done> bool reaches(const QPoint &at, Done done)
+{
+    return QTest::qWaitFor(
+        [&] {
+            RealInput::moveTo(at + QPoint(1, 0));
+            RealInput::moveTo(at);
+            return done();
+        },
+        20000);
+}
+
 } // namespace
 
 class TestBaseWin : public QObject
@@ -34,7 +49,13 @@ class TestBaseWin : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { lumqt::platform::answers() = m_answers; }
+    void cleanup()
+    {
+        lumqt::platform::answers() = m_answers;
+        QApplication::setDoubleClickInterval(m_doubleClick);
+        if (RealInput::available()) // where no window comes up under it
+            QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight());
+    }
 
     // At every scaling: nothing shows through between the client area and its border.
     void borderTouchesClient()
@@ -74,24 +95,26 @@ private Q_SLOTS:
         GetMonitorInfoW(MonitorFromWindow(HWND(w.winId()), MONITOR_DEFAULTTONEAREST), &monitor);
         w.showMaximized();
         const int strip = qRound(38 * w.devicePixelRatioF());
-        QTRY_COMPARE(clientOnScreen(), rectOf(monitor.rcWork).adjusted(0, strip, 0, 0));
+        AWAIT_EQUAL(clientOnScreen(), rectOf(monitor.rcWork).adjusted(0, strip, 0, 0));
         w.showFullScreen();
-        QTRY_COMPARE(clientOnScreen(), rectOf(monitor.rcMonitor));
+        AWAIT_EQUAL(clientOnScreen(), rectOf(monitor.rcMonitor));
         w.showNormal();
-        QTRY_COMPARE(w.size(), QSize(600, 300));
+        AWAIT_EQUAL(w.size(), QSize(600, 300));
 #endif
     }
 
-    void buttonStates()
+    // What a hook has refused changes nothing but the looks.
+    void buttons()
     {
         TestWin w;
-        w.refusal = QStringLiteral("hook");
+        w.refusal = "hook";
         show(w);
         QVERIFY(shows(w, CloseButton, "close_normal"));
-        point(w, Move, on(w, CloseButton));
-        QVERIFY(shows(w, CloseButton, "close_hover"));
-        point(w, Press, on(w, CloseButton));
-        QVERIFY(shows(w, CloseButton, "close_press"));
+        for (const auto &[action, image] :
+             {std::pair(Move, "close_hover"), std::pair(Press, "close_press")}) {
+            point(w, action, on(w, CloseButton));
+            QVERIFY(shows(w, CloseButton, image));
+        }
         point(w, Move, on(w, MinimizeButton));
         QVERIFY(shows(w, CloseButton, "close_normal"));
         QVERIFY(shows(w, MinimizeButton, "minimize_hover"));
@@ -114,19 +137,22 @@ private Q_SLOTS:
             point(w, Move, away);
             QVERIFY(shows(w, CloseButton, "close_normal"));
         }
+        // A pointer that moves costs what the buttons do, whatever the size of the window.
+        QCoreApplication::processEvents();
+        point(w, Move, on(w, CloseButton));
+        const QPoint first(painted(w, ListButton).left() - 5, 0); // where there is no image 0
+        const QPoint last(w.contentsRect().right() + w.frameWidth(), w.titleHight() - 1);
+        AWAIT_EQUAL(w.lastPainted, QRect(first + origin(w), last + QPoint(0, origin(w).y())));
         w.setCursor(Qt::CrossCursor);
         point(w, Move, QPoint(1, 150));
         QCOMPARE(w.cursor().shape(), Qt::SizeHorCursor);
         point(w, Move, QPoint(100, 200));
         QCOMPARE(w.cursor().shape(), Qt::CrossCursor);
 #endif
-    }
 
-    // A quick second click on a button or the icon is a click, and does not maximise.
-    void clicks()
-    {
-        TestWin w;
-        show(w);
+        // A quick second click on a button or the icon is a click, and does not maximise.
+        w.refusal.clear();
+        w.clicked.clear();
         doubleClick(w, on(w, ListButton));
         doubleClick(w, QPoint(16, 20)); // the icon
         QCoreApplication::processEvents();
@@ -134,8 +160,8 @@ private Q_SLOTS:
         QCOMPARE(w.clicked, (QList<int>{ListButton, ListButton}));
 
         click(w, on(w, MaximizeButton));
-        QTRY_VERIFY(w.isMaxState());
-        QTRY_VERIFY(shows(w, MaximizeButton, "maximize_restore_normal"));
+        AWAIT(w.isMaxState());
+        AWAIT(shows(w, MaximizeButton, "maximize_restore_normal"));
         // All of the strip and of the client area lies on the screen, and nearly fills it: some window
         // managers move a maximised window whose border hangs over.
         const QRect screen = w.screen()->availableGeometry();
@@ -144,13 +170,13 @@ private Q_SLOTS:
             return screen.contains(client.adjusted(0, -38, 0, 0)) &&
                    client.width() >= screen.width() - 2 * w.frameWidth();
         };
-        QTRY_VERIFY(fills());
+        AWAIT(fills());
         click(w, on(w, MaximizeButton));
-        QTRY_VERIFY(!w.isMaxState());
-        QTRY_COMPARE(w.size(), QSize(600, 300));
-        QTRY_VERIFY(shows(w, MaximizeButton, "maximize_normal"));
+        AWAIT(!w.isMaxState());
+        AWAIT_EQUAL(w.size(), QSize(600, 300));
+        AWAIT(shows(w, MaximizeButton, "maximize_normal"));
         click(w, on(w, MinimizeButton));
-        QTRY_VERIFY(w.isMinimized());
+        AWAIT(w.isMinimized());
         QCOMPARE(w.clicked.mid(2), (QList<int>{4, 4, 3}));
     }
 
@@ -184,16 +210,16 @@ private Q_SLOTS:
             ++quits;
             w->close(); // closing again from inside changes nothing
             w->exitAgain();
-            if (w->refusal == QLatin1String("quit"))
+            if (w->refusal == "quit")
                 delete w;
         });
         QTimer::singleShot(0, [&] {
-            if (way == QLatin1String("button"))
+            if (way == "button")
                 click(*w, on(*w, CloseButton));
-            else if (way == QLatin1String("exit"))
+            else if (way == "exit")
                 w->exit();
-            else if (way == QLatin1String("close"))
-                QCOMPARE(w->close(), exits != 0 && refusal != QLatin1String("exit"));
+            else if (way == "close")
+                QCOMPARE(w->close(), exits != 0 && refusal != "exit");
             else
 #ifdef Q_OS_WIN
                 SendMessageW(HWND(w->winId()), WM_CLOSE, 0, 0);
@@ -202,7 +228,7 @@ private Q_SLOTS:
 #endif
             QTimer::singleShot(0, [] { QCoreApplication::exit(9); });
         });
-        const bool ends = refusal.isEmpty() || refusal == QLatin1String("quit");
+        const bool ends = refusal.isEmpty() || refusal == "quit";
         QCOMPARE(QCoreApplication::exec(), ends ? 0 : 9);
         QCOMPARE(quits, ends ? 1 : 0);
         QCOMPARE(!w, exits < 0);
@@ -229,7 +255,7 @@ private Q_SLOTS:
         QCOMPARE(w.pos(), QPoint(60, 60));
         w.resize(20, 20); // the buttons are next to the icon
         const int left = iconRect(w.frameWidth(), resImage("title_logo").size()).right() + 6;
-        QTRY_COMPARE(w.globalBtnRect(ListButton).left(), w.mapToGlobal(origin(w)).x() + left);
+        AWAIT_EQUAL(w.globalBtnRect(ListButton).left(), w.mapToGlobal(origin(w)).x() + left);
         QVERIFY(shows(w, ListButton, "list_normal"));
         const QImage whole = w.grabWithFrame().toImage();
         const QPoint border(w.frameWidth() - 1, w.titleHight() / 2);
@@ -244,22 +270,22 @@ private Q_SLOTS:
         // Beside its own there is the content's; the application's counts alone.
         const QSize frame = w.size() - w.contentsRect().size();
         content->setMinimumSize(400, 100);
-        QTRY_COMPARE(w.minimumSize(), QSize(400, 100) + frame);
+        AWAIT_EQUAL(w.minimumSize(), QSize(400, 100) + frame);
         w.setMinimumSize(100, 70);
         w.resize(20, 20);
-        QTRY_COMPARE(w.size(), QSize(100, 70));
+        AWAIT_EQUAL(w.size(), QSize(100, 70));
         w.setMinimumSize(0, 0);
         content->setMinimumSize(50, 30);
-        QTRY_COMPARE(w.minimumSize(), QSize(50, 30) + frame);
+        AWAIT_EQUAL(w.minimumSize(), QSize(50, 30) + frame);
         // Its own margins lie within the frame, in every state.
         w.resize(300, 200);
         const QRect inside = w.contentsRect().adjusted(10, 10, -10, -10);
         w.setContentsMargins(10, 10, 10, 10);
-        QTRY_COMPARE(content->geometry(), inside);
+        AWAIT_EQUAL(content->geometry(), inside);
         w.showMaximized();
-        QTRY_VERIFY(content->height() > 300);
+        AWAIT(content->height() > 300);
         w.showNormal();
-        QTRY_COMPARE(content->geometry(), inside);
+        AWAIT_EQUAL(content->geometry(), inside);
     }
 
     void captionAndIcon()
@@ -271,42 +297,216 @@ private Q_SLOTS:
         const QRect strip(0, 0, 200, 46);
         QImage before = frameImage(w, strip);
         for (const QString icon : {"keep", "", "../res/no such.png"}) {
-            if (icon != QLatin1String("keep"))
+            if (icon != "keep")
                 w.setIcon(icon);
-            w.setCaption(QStringLiteral("A & B ") + icon);
-            QCOMPARE(w.accessibleName(), QStringLiteral("A & B ") + icon);
-            QTRY_VERIFY(frameImage(w, strip) != before);
+            w.setCaption("A & B " + icon);
+            QCOMPARE(w.accessibleName(), "A & B " + icon);
+            AWAIT(frameImage(w, strip) != before);
             before = frameImage(w, strip);
         }
         QVERIFY(!inkOf(before).isEmpty()); // text in black
-        w.setCaption(QStringLiteral("two lines"));
+        w.setCaption("two lines");
         before = frameImage(w, strip);
-        w.setCaption(QStringLiteral("two\nlines"));
-        QCOMPARE(w.accessibleName(), QStringLiteral("two\nlines"));
-        QCOMPARE(frameImage(w, strip), before);
+        for (const char *lineBreak : {"\n", "\r", "\r\n", "\v", "\f", "\u2028", "\u2029"}) {
+            w.setCaption(QString("two%1lines").arg(lineBreak));
+            QCOMPARE(w.accessibleName(), QString("two%1lines").arg(lineBreak));
+            QCOMPARE(frameImage(w, strip), before);
+        }
+
+        w.setFont(QFont(w.font().family(), 20));
+        w.setCaption("two lines");
+        AWAIT(frameImage(w, strip) != before);
+        w.setFont(QFont());
 
         // A longer one ends before the buttons, which look as they do beside a short one.
         const int end = painted(w, ListButton).left();
         const QRect buttons(end - 5, 8, 150, 37);
         const QImage beside = frameImage(w, buttons);
         w.setCaption(QString(200, QLatin1Char('M')));
-        QTRY_VERIFY(inkOf(frameImage(w, QRect(40, 8, end - 45, 37))).right() > end - 75);
+        AWAIT(inkOf(frameImage(w, QRect(40, 8, end - 45, 37))).right() > end - 75);
         QCOMPARE(frameImage(w, buttons), beside);
 
         // Shown with the next painting, which the pointer brings here.
         QTemporaryDir folder;
         QPixmap red(16, 16);
         red.fill(Qt::red);
-        QVERIFY(red.save(folder.filePath(QStringLiteral("red.png"))));
-        w.setIcon(folder.filePath(QStringLiteral("red.png")));
+        QVERIFY(red.save(folder.filePath("red.png")));
+        w.setIcon(folder.filePath("red.png"));
         point(w, Move, QPoint(100, 20));
         const QRect place = iconRect(8, red.size());
-        QTRY_VERIFY(filled(frameImage(w, strip), place, Qt::red));
+        AWAIT(filled(frameImage(w, strip), place, Qt::red));
         QVERIFY(!filled(frameImage(w, strip), place.adjusted(0, 0, 1, 0), Qt::red));
     }
 
+    void dragging()
+    {
+        if (QGuiApplication::platformName() != "offscreen")
+            QSKIP("The window system moves the window, with the real pointer");
+        TestWin w;
+        w.setMinimumSize(300, 200);
+        show(w);
+        const QRect before = w.geometry();
+        const auto drag = [&w](const QPoint &from, const QPoint &way) {
+            const QPoint start = w.pos();
+            point(w, Press, from);
+            point(w, Move, from + way);
+            point(w, Release, from + way - (w.pos() - start));
+        };
+        drag(QPoint(200, 20), QPoint(30, 40));
+        QCOMPARE(w.geometry(), before.translated(30, 40));
+        drag(QPoint(1, 150), QPoint(-25, 0));
+        QCOMPARE(w.geometry(), before.translated(30, 40).adjusted(-25, 0, 0, 0));
+        drag(QPoint(1, 1), QPoint(600, 280)); // the other corner stays where it is
+        QCOMPARE(w.size(), QSize(300, 200));
+        QCOMPARE(w.geometry().bottomRight(), before.bottomRight() + QPoint(30, 40));
+        QVERIFY(w.clicked.isEmpty());
+        for (const bool wide : {true, false}) { // a side of fixed length cannot be dragged, the other can
+            w.setFixedSize(QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
+            w.setMinimumSize(0, 0);
+            w.resize(300, 200);
+            wide ? w.setFixedHeight(200) : w.setFixedWidth(300);
+            drag(QPoint(299, 199), QPoint(20, 20));
+            QCOMPARE(w.size(), wide ? QSize(320, 200) : QSize(300, 220));
+        }
+        QTest::mouseDClick(w.windowHandle(), Qt::LeftButton, {}, QPoint(100, 20));
+        QVERIFY(w.isMaxState());
+    }
+
+    // With the pointer of the screen itself, since the system takes it over in the middle.
+    void handOnTheStrip()
+    {
+        if (!RealInput::available())
+            QSKIP("There is no pointer here");
+        TestWin w;
+        int clicks = 0;
+        auto *button = new QPushButton;
+        connect(button, &QPushButton::clicked, [&clicks] { ++clicks; });
+        w.setCentralWidget(button);
+        show(w);
+        const auto strip = [&w] { return w.mapToGlobal(origin(w) + QPoint(200, 20)); };
+        const auto clickButton = [&] { RealInput::click(button->mapToGlobal(button->rect().center())); };
+        // Every pixel counts from the press on.
+#ifndef Q_OS_WIN                                 // where the system has always begun with the press
+        QApplication::setDoubleClickInterval(0); // until one is meant
+        const auto drag = [&](const QPoint &way) {
+            const QPoint start = w.pos();
+            const QPoint from = strip();
+            const int before = w.presses;
+            RealInput::moveTo(from);
+            RealInput::press();
+            AWAIT_EQUAL(w.presses, before + 1);
+            // The window is not told of its place before the end: the screen is asked where its border is.
+            const QPoint border = start + way + QPoint(w.frameWidth() - 1, 150);
+            QVERIFY(reaches(from + way, [&] {
+                const QPixmap pixel = w.screen()->grabWindow(0, border.x(), border.y(), 1, 1);
+                return pixel.toImage().pixelColor(0, 0) == kBorder;
+            }));
+            RealInput::release();
+            AWAIT_EQUAL(w.pos(), start + way);
+        };
+        drag(QPoint(80, 40));
+        clickButton();
+        AWAIT_EQUAL(clicks, 1);
+        // A click that is over before the system has the pointer takes hold of nothing.
+        const QPoint place = w.pos();
+        RealInput::click(strip());
+        AWAIT_EQUAL(w.clicked, QList<int>{-1});
+        QVERIFY(reaches(button->mapToGlobal(QPoint(50, 50)), [&] { return button->underMouse(); }));
+        drag(QPoint(3, 2));
+        QCOMPARE(w.pos(), place + QPoint(3, 2));
+        QApplication::setDoubleClickInterval(60000);
+#else
+        RealInput::click(strip());
+#endif
+        RealInput::click(strip());
+        AWAIT(w.isMaxState());
+        // Dragged from the right half of the screen, the window is under the pointer as it was before.
+        AWAIT(w.width() > 1000);
+        const QPoint grabbed = w.mapToGlobal(origin(w) + QPoint(w.width() * 3 / 4, 20));
+        RealInput::moveTo(grabbed);
+        RealInput::press();
+        // From there the pointer would have to be the window manager's own under Wine, which this one is not.
+#ifdef Q_OS_WIN
+        constexpr int kWay = 5;
+#else
+        constexpr int kWay = 100;
+#endif
+        QTimer hand; // the system may keep the event loop to itself until the button comes up
+        int way = 0;
+        connect(&hand, &QTimer::timeout, [&] {
+            way = qMin(way + 5, kWay);
+            RealInput::moveTo(grabbed + QPoint(way & 1, way));
+            if (way == kWay && !w.isMaxState()) {
+                hand.stop();
+                RealInput::release();
+            }
+        });
+        hand.start(10);
+        AWAIT(!hand.isActive());
+        AWAIT_EQUAL(w.size(), QSize(600, 300));
+        const auto inside = [&] { return w.mapFromGlobal(grabbed + QPoint(0, kWay)) - origin(w); };
+        AWAIT_EQUAL(inside().y(), 20);
+        QVERIFY(qAbs(inside().x() - 450) < 5); // the borders count here or do not
+        const int before = clicks;
+        AWAIT((clickButton(), clicks > before));
+    }
+
+#ifdef Q_OS_WIN
+    // The style of the window has no menu of its own.
+    void systemMenu()
+    {
+        for (const QString way : {"key", "command", "strip", "maximised"}) {
+            TestWin w;
+            w.refusal = "exit";
+            show(w);
+            if (way == "maximised")
+                w.showMaximized();
+            const HWND hwnd = HWND(w.winId());
+            QVERIFY((GetWindowLongW(hwnd, GWL_STYLE) & ~WS_MAXIMIZE) == (0x06C70000 | WS_VISIBLE));
+            for (int id = ListButton; id <= CloseButton; ++id) {
+                const QPoint middle = w.globalBtnRect(id).center();
+                const LPARAM at = MAKELPARAM(middle.x(), middle.y());
+                QCOMPARE(SendMessageW(hwnd, WM_NCHITTEST, 0, at),
+                         id == MaximizeButton ? HTMAXBUTTON : HTCAPTION);
+            }
+            QString states;
+            QTimer person; // at the menu, which keeps the event loop to itself
+            connect(&person, &QTimer::timeout, [&] {
+                const HWND popup = FindWindowW(L"#32768", nullptr);
+                if (!popup || !IsWindowVisible(popup))
+                    return;
+                person.stop();
+                const HMENU menu = HMENU(SendMessageW(popup, MN_GETHMENU, 0, 0));
+                for (const UINT command : {SC_RESTORE, SC_MOVE, SC_SIZE, SC_MINIMIZE, SC_MAXIMIZE, SC_CLOSE})
+                    states += GetMenuState(menu, command, MF_BYCOMMAND) & MF_GRAYED ? '-' : '+';
+                // Upwards to the one that closes; a system may have items of its own below.
+                for (int i = GetMenuItemCount(menu) - 1; i >= 0 && GetMenuItemID(menu, i + 1) != SC_CLOSE;
+                     --i) {
+                    if (!(GetMenuState(menu, i, MF_BYPOSITION) & MF_SEPARATOR))
+                        PostMessageW(hwnd, WM_KEYDOWN, VK_UP, 0);
+                }
+                PostMessageW(hwnd, WM_KEYDOWN, VK_RETURN, 0);
+            });
+            person.start(10);
+            const QPoint at = w.mapToGlobal(origin(w) + QPoint(200, 20));
+            const LPARAM place = MAKELPARAM(at.x(), at.y());
+            if (way == "key")
+                PostMessageW(hwnd, WM_SYSKEYDOWN, VK_SPACE, 1 << 29);
+            else if (way == "command")
+                PostMessageW(hwnd, WM_SYSCOMMAND, SC_KEYMENU, VK_SPACE);
+            else {
+                PostMessageW(hwnd, WM_NCRBUTTONDOWN, HTCAPTION, place);
+                PostMessageW(hwnd, WM_NCRBUTTONUP, HTCAPTION, place);
+            }
+            AWAIT_EQUAL(w.exits, 1);
+            QCOMPARE(states, QLatin1String(w.isMaxState() ? "+--+-+" : "-+++++"));
+        }
+    }
+#endif
+
 private:
     const lumqt::platform::Answers m_answers = lumqt::platform::answers();
+    const int m_doubleClick = QApplication::doubleClickInterval();
 };
 
 LUMQT_TEST_MAIN(TestBaseWin)

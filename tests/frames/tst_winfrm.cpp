@@ -5,6 +5,7 @@
 #include "platform/Platform.h"
 #include "Rows.h"
 #include "TestMain.h"
+#include "Util.h"
 
 #include <QAccessible>
 #include <QVBoxLayout>
@@ -19,10 +20,9 @@ private Q_SLOTS:
 
     void beforeInit()
     {
-        inBoth([](auto of) {
-            typename decltype(of)::type w;
+        inBoth([](auto &w) {
             QWidget content;
-            w.SetWindowTitle(QStringLiteral("T"));
+            w.SetWindowTitle("T");
             w.ShowTitleBtn(~0, true); // as do all that hand on to the title bar
             w.AppendContent(&content, true, false, 3);
             w.SetMainBoxBorder(1, 2, 3, 4);
@@ -41,8 +41,7 @@ private Q_SLOTS:
 
     void builtUp()
     {
-        inBoth([](auto of) {
-            typename decltype(of)::type w;
+        inBoth([](auto &w) {
             QCOMPARE(w.windowFlags() & ~Qt::WindowFlags(Qt::WindowSystemMenuHint),
                      Qt::Dialog | Qt::FramelessWindowHint | Qt::WindowMinimizeButtonHint);
             QVERIFY(w.testAttribute(Qt::WA_TranslucentBackground));
@@ -54,17 +53,20 @@ private Q_SLOTS:
             w.AppendContent(nullptr, true, true, 9);
             w.AppendContent(&w, true, true, 9);
             w.AppendContent(content, true, true, 9);
-            w.SetWindowTitle(QStringLiteral("Title"));
+            w.SetWindowTitle("Title");
             w.resize(400, 300);
             w.show();
             QCOMPARE(w.titleBar()->geometry(), QRect(10, 10, 380, 60));
             QCOMPARE(content->geometry(), QRect(15, 76, 368, 127));
             QCOMPARE(bottom->geometry(), QRect(10, 220, 380, 70));
             QVERIFY(bottom->contentsMargins() == QMargins(12, 12, 12, 16) && w.contentBox()->count() == 2);
+            QVERIFY(QTest::qWaitForWindowExposed(&w));
+            QVERIFY(repaints(w, [&] { w.SetBottomHeight(40); }) && bottom->height() == 40);
+            QVERIFY(repaints(w, [&] { w.SetDrawBottomHLine(false); }));
             const QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(&w);
             QVERIFY(spoken->role() == QAccessible::Dialog && spoken->text(QAccessible::Name) == "Title");
-            w.SetWindowTitle(QStringLiteral("a.png"), true);
-            QCOMPARE(w.windowTitle(), QStringLiteral("Title"));
+            w.SetWindowTitle("a.png", true);
+            QCOMPARE(w.windowTitle(), "Title");
             w.SetMainBoxBorder(1, 2, 3, 4);
             w.SetStatusBoxBorder(5, 6, 7, 8);
             w.SetShadowBorder(30); // from the next maximising and restoring on
@@ -78,15 +80,14 @@ private Q_SLOTS:
             QCOMPARE(w.statusBox(), bottom);
             QCOMPARE(w.template findChildren<CBPWinFrmTitle *>().size(), 1);
             delete w.titleBar();
-            w.SetWindowTitle(QStringLiteral("T"));
+            w.SetWindowTitle("T");
             w.OnMax();
         });
     }
 
     void defaults()
     {
-        inBoth([](auto of) {
-            typename decltype(of)::type w;
+        inBoth([](auto &w) {
             w.SetShadowBorder(-5);
             w.Init();
             QCOMPARE(w.layout()->contentsMargins(), QMargins());
@@ -98,9 +99,45 @@ private Q_SLOTS:
             QVERIFY(w.bottomHeight() == 50 && !w.drawsBottomLine()); // once gone, gone
             w.SetDrawBottomHLine(true);
             QVERIFY(w.drawsBottomLine());
-            w.showWindowTitle(false);
-            QVERIFY(w.titleBar()->isHidden() &&
-                    inkOf(pictureOf(w), 255).isEmpty()); // it paints nothing itself
+        });
+    }
+
+    // What is asked of a window about its title bar, the bar does. The window paints nothing itself.
+    void titleBar()
+    {
+        inBoth([](auto &w) {
+            w.Init();
+            const auto look = [&w] {
+                w.layout()->activate();
+                return pictureOf(w);
+            };
+            const QString icon = Util::getResFullPath("../res/title_logo.png");
+            w.ShowTitleBtn(8 | 64, true);
+            w.titleBar()->InsertWidget(0, new CBPImageButton({icon}, false, 4), 0, Qt::AlignCenter);
+            w.ShowTitleBtn(4, true);
+            w.resize(500, 200);
+            const std::function<void()> changes[] = {
+                [&] { w.SetWindowLog(icon); },         [&] { w.SetTitleBg(Qt::red); },
+                [&] { w.SetHasNewVersion(true); },     [&] { w.EnabledTitleRoundRc(false); },
+                [&] { w.EnableTitleBtn(8, false); },   [&] { w.SetTitleBarEnabled(false); },
+                [&] { w.ResetMaxBtn(true); },          [&] { w.SetTitleHeight(90); },
+                [&] { w.SetWindowTitle("T", false); }, [&] { w.ShowTitleBtn(8, false); },
+                [&] { w.showWindowTitle(false); }};
+            QImage before = look();
+            for (const auto &change : changes) {
+                change();
+                const QImage after = look();
+                QVERIFY2(after != before, QByteArray::number(int(&change - changes)));
+                before = after;
+            }
+            QVERIFY(w.titleBar()->isHidden() && inkOf(before, 255).isEmpty());
+            // It may outlive its window, to which it reports no longer then.
+            auto *owner = new std::decay_t<decltype(w)>;
+            owner->Init();
+            const std::unique_ptr<CBPWinFrmTitle> bar(owner->titleBar());
+            bar->setParent(nullptr);
+            destroy(owner);
+            bar->on_btn_clicekedSlot(2);
         });
     }
 
@@ -117,18 +154,17 @@ private Q_SLOTS:
     }
     void titleIds()
     {
-        inBoth([](auto of) {
+        inBoth([](auto &w) {
             QFETCH(int, id);
             QFETCH(QString, hook);
-            if (id == 4096 && !std::is_same_v<typename decltype(of)::type, Dialog>)
+            if (id == 4096 && !std::is_same_v<decltype(w), Dialog &>)
                 hook.clear();
-            typename decltype(of)::type w;
             w.Init();
             w.ShowTitleBtn(64, true);
             w.SetTitleHeight(81);
             id == 2 ? showActive(w) : w.show();
             clickTitle(w, id);
-            QTRY_COMPARE(w.isMinimized(), id == 2);
+            AWAIT_EQUAL(w.isMinimized(), id == 2);
             QCOMPARE(w.calls.join(QLatin1Char(' ')), hook);
             QCOMPARE(w.isVisible(), id != 8);
             if (id == 64) { // its menu belongs below the title bar
@@ -139,18 +175,13 @@ private Q_SLOTS:
                 w.OnMenuClick();
                 QCOMPARE(w.calls, QStringList{"menu"});
             }
-
-            QPointer<typename decltype(of)::type> dying(new typename decltype(of)::type);
-            dying->Init();
-            dying->ShowTitleBtn(~0, true);
-            dying->show();
-            dying->deadly = hook;
-            if (CBPImageButton *button = dying->titleBtn(id))
-                QTest::mouseClick(button, Qt::LeftButton); // the whole way, from the button's own events
-            else
-                clickTitle(*dying, id);
-            QCOMPARE(dying.isNull(), !hook.isEmpty());
-            delete dying;
+            const bool survived = survives(w, hook, [id](auto &dying) {
+                if (CBPImageButton *button = dying.titleBtn(id))
+                    QTest::mouseClick(button, Qt::LeftButton); // the whole way, from the button's own events
+                else
+                    clickTitle(dying, id);
+            });
+            QCOMPARE(survived, hook.isEmpty());
         });
     }
 
@@ -163,19 +194,19 @@ private Q_SLOTS:
     void maximising()
     {
         lumqt::platform::answers().workArea = [] { return QRect(40, 30, 700, 501); };
-        inBoth([](auto of) {
+        inBoth([](auto &w) {
             QFETCH(bool, isWinPE);
             QFETCH(QRect, filled);
-            typename decltype(of)::type w;
             w.Init();
             w.setIsWinPE(isWinPE);
-            w.setGeometry(120, 110, 300, 200);
+            const QRect restored(120, 110, 300, 200);
+            w.setGeometry(restored);
             w.show();
             QVERIFY(QTest::qWaitForWindowExposed(&w));
-            QTRY_COMPARE(w.geometry(), QRect(120, 110, 300, 200));
+            AWAIT_EQUAL(w.geometry(), restored);
             clickTitle(w, 4);
             QVERIFY(w.isMaximized() && w.minimumSize() == w.maximumSize());
-            QTRY_COMPARE(w.geometry(), filled);
+            AWAIT_EQUAL(w.geometry(), filled);
             QCOMPARE(w.layout()->contentsMargins(), QMargins(1, 1, 1, 1));
             QCOMPARE(drawn(*w.titleBar()).pixelColor(0, 0).alpha(), 255);        // square corners
             QTest::mousePress(w.titleBar(), Qt::LeftButton, {}, QPoint(50, 20)); // it stays where it is
@@ -187,50 +218,49 @@ private Q_SLOTS:
             w.SetShadowBorder(14);
             emit w.titleBar()->on_dbl_clickedSignal(false);
             QVERIFY(!w.isMaximized() && w.maximumSize() == QSize(300, 200)); // fixed from now on
-            QTRY_COMPARE(w.geometry(), QRect(120, 110, 300, 200));
+            AWAIT_EQUAL(w.geometry(), restored);
             QCOMPARE(w.layout()->contentsMargins(), QMargins(14, 14, 14, 14));
             QVERIFY(drawn(*w.titleBar()).pixelColor(0, 0).alpha() == 0 && w.calls.join(' ') == "max max");
             // At once again, as soon as the window manager reports a place on the way here, if it does.
-            const QRect restored(120, 110, 300, 200);
-            int onTheWay = 0;
             for (int turn = 0; turn < 20; ++turn) {
                 w.OnMax();
+                QElapsedTimer sinceRestored;
+                sinceRestored.start();
                 w.OnMax();
-                onTheWay += QTest::qWaitFor([&w, restored] { return w.geometry() != restored; }, turn);
+                awaited([&w, restored] { return w.geometry() != restored; }, turn);
+                if (sinceRestored.elapsed() > 250) // a late report holds after 500, and the machine is slow
+                    AWAIT_EQUAL(w.geometry(), restored);
                 w.OnMax();
-                QTRY_COMPARE(w.geometry(), filled);
+                AWAIT_EQUAL(w.geometry(), filled);
                 w.OnMax();
-                QTRY_COMPARE(w.geometry(), restored);
+                AWAIT_EQUAL(w.geometry(), restored);
             }
-            if (onTheWay == 0)
-                qInfo("the window manager reported no place on the way");
             // A place of its own is kept, even that of a maximised window.
             for (const QPoint &place : {QPoint(150, 140), filled.topLeft()}) {
                 w.move(place);
-                QTRY_COMPARE(w.pos(), place);
+                AWAIT_EQUAL(w.pos(), place);
             }
             w.OnMax();
-            QTRY_COMPARE(w.geometry(), filled);
+            AWAIT_EQUAL(w.geometry(), filled);
             w.OnMax();
-            QTRY_COMPARE(w.geometry(), QRect(filled.topLeft(), restored.size()));
+            AWAIT_EQUAL(w.geometry(), QRect(filled.topLeft(), restored.size()));
         });
     }
 
     // By the system, and by the hook back again.
     void maximisedBySystem()
     {
-        inBoth([](auto of) {
-            typename decltype(of)::type w;
+        inBoth([](auto &w) {
             w.Init();
             w.setGeometry(120, 110, 300, 200);
             for (const bool byHook : {true, false}) {
                 w.showMaximized();
                 QVERIFY(w.isMaximized());
-                QTRY_VERIFY(w.width() > 300);
+                AWAIT(w.width() > 300);
                 QCOMPARE(w.layout()->contentsMargins(), QMargins(1, 1, 1, 1));
                 byHook ? w.OnMax() : w.showNormal();
                 QVERIFY(!w.isMaximized() && w.isVisible());
-                QTRY_COMPARE(w.size(), QSize(300, 200));
+                AWAIT_EQUAL(w.size(), QSize(300, 200));
                 QCOMPARE(w.layout()->contentsMargins(), QMargins(10, 10, 10, 10));
             }
         });
@@ -238,8 +268,8 @@ private Q_SLOTS:
 
     void visibleAncestor()
     {
-        inBoth([](auto of) {
-            using Window = typename decltype(of)::type;
+        inBoth([](auto &like) {
+            using Window = std::decay_t<decltype(like)>;
             QWidget top;
             auto *middle = new QWidget(&top);
             auto *inner = new QWidget(middle);

@@ -1,3 +1,5 @@
+#include "Acts.h"
+#include "Await.h"
 #include "CBPBox.h"
 #include "CBPFrameBox.h"
 #include "CBPGridBox.h"
@@ -7,6 +9,7 @@
 
 #include <QBoxLayout>
 #include <QLabel>
+#include <QPainter>
 #include <QPointer>
 
 #include <tuple>
@@ -24,12 +27,51 @@ QImage picture(QWidget &widget, qreal ratio = 1.0)
     return pictureOf(widget, ratio, kNothing);
 }
 
+// Rectangles of device pixels on each other, on what lies below a widget of the size of `like`.
+QImage painted(const QImage &like, const QVector<QPair<QRect, QColor>> &parts)
+{
+    QImage image(like.size(), like.format());
+    image.fill(kNothing);
+    QPainter painter(&image);
+    for (const auto &[rect, color] : parts)
+        painter.fillRect(rect, color);
+    painter.end();
+    image.setDevicePixelRatio(like.devicePixelRatio());
+    return image;
+}
+
 QWidget *cell(int width)
 {
     auto *result = new CBPWidget;
     result->setBrush(kCell);
     result->setFixedSize(width, 20);
     return result;
+}
+
+QLabel *label(const char *name)
+{
+    auto *result = new QLabel(name);
+    result->setObjectName(name);
+    return result;
+}
+
+// What a box holds: widgets by their names, nested layouts in brackets, spaces by their sizes; with the
+// stretch factors there are.
+QString contentsOf(QLayout *layout)
+{
+    QStringList all;
+    for (int i = 0; i < layout->count(); ++i) {
+        QLayoutItem *item = layout->itemAt(i);
+        if (item->widget())
+            all << item->widget()->objectName();
+        else if (item->layout())
+            all << '[' + contentsOf(item->layout()) + ']';
+        else
+            all << QString("%1x%2").arg(item->sizeHint().width()).arg(item->sizeHint().height());
+        if (const int stretch = qobject_cast<QBoxLayout *>(layout)->stretch(i))
+            all.last() += QString("*%1").arg(stretch);
+    }
+    return all.join(' ');
 }
 
 // The columns of the row `y` that have the colour.
@@ -43,27 +85,6 @@ QVector<int> columnsOf(const QImage &image, const QColor &color, int y)
     return columns;
 }
 
-// Tells whether it is painted anew after an act.
-template <class Base> struct Watched : Base
-{
-    template <class Act> bool repaintsAfter(Act act)
-    {
-        QCoreApplication::processEvents();
-        paints = 0;
-        act();
-        QCoreApplication::processEvents();
-        return paints > 0;
-    }
-
-    void paintEvent(QPaintEvent *event) override
-    {
-        ++paints;
-        Base::paintEvent(event);
-    }
-
-    int paints = 0;
-};
-
 } // namespace
 
 class TestBoxes : public QObject
@@ -75,113 +96,85 @@ private slots:
     {
         CBPWidget widget;
         widget.resize(20, 10);
-        QCOMPARE(boxOf(picture(widget), Qt::white), QRect(0, 0, 20, 10));
-        widget.setPen(QPen(Qt::blue));
-        widget.setBrush(Qt::NoBrush);
-        const QImage outlined = picture(widget);
-        QCOMPARE(boxOf(outlined, Qt::blue).topLeft(), QPoint(0, 0));
-        QCOMPARE(outlined.pixelColor(10, 5), kNothing);
         widget.Show();
-        QVERIFY(widget.isVisible());
+        QVERIFY(QTest::qWaitForWindowExposed(&widget));
+        const QRect all(0, 0, 20, 10);
+        QCOMPARE(boxOf(picture(widget), Qt::white), all);
+        QVERIFY(repaints(widget, [&] { widget.setPen(QPen(Qt::blue)); }));
+        QVERIFY(repaints(widget, [&] { widget.setBrush(Qt::NoBrush); }));
+        const QImage outlined = picture(widget); // the right and the lower line are outside
+        QCOMPARE(outlined, painted(outlined, {{all, Qt::blue}, {all.adjusted(1, 1, 0, 0), kNothing}}));
+        widget.setPen(QPen(Qt::blue, 3));
+        QCOMPARE(columnsOf(picture(widget), Qt::blue, 5), QVector<int>({0, 1, 19}));
         widget.Hide();
         QVERIFY(!widget.isVisible());
     }
 
-    void repaints()
-    {
-        Watched<CBPWidget> widget;
-        Watched<CBPBox> box;
-        for (QWidget *each : {static_cast<QWidget *>(&widget), static_cast<QWidget *>(&box)}) {
-            each->resize(40, 20);
-            each->show();
-            QVERIFY(QTest::qWaitForWindowExposed(each));
-        }
-        QVERIFY(widget.repaintsAfter([&] { widget.setPen(QPen(Qt::blue)); }));
-        QVERIFY(widget.repaintsAfter([&] { widget.setBrush(Qt::red); }));
-        QVERIFY(!box.repaintsAfter([&] { box.SetDrawFrame(true); })); // shows at the next one
-        QVERIFY(box.repaintsAfter([&] { box.SetFrameClr(Qt::black); }));
-        QVERIFY(box.repaintsAfter([&] { box.SetBgClr(Qt::black); }));
-    }
-
-    void boxMakesItsLayout()
-    {
-        for (const bool vertical : {true, false}) {
-            CBPBox box(vertical, true, 7);
-            auto *layout = qobject_cast<QBoxLayout *>(box.layout());
-            QVERIFY(layout && !box.parent());
-            QCOMPARE(layout->direction(), vertical ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
-            QCOMPARE(layout->spacing(), 7);
-            box.SetSpacing(3);
-            QCOMPARE(layout->spacing(), 3);
-            box.SetBorderWidth(1, 2, 3, 4);
-            QCOMPARE(box.contentsMargins(), QMargins(1, 2, 3, 4));
-            QCOMPARE(layout->contentsMargins(), QMargins());
-            box.SetSizeConstraint(QLayout::SetFixedSize);
-            QTest::ignoreMessage(QtWarningMsg, "CBPBox: 99 is no size constraint");
-            box.SetSizeConstraint(99);
-            QCOMPARE(layout->sizeConstraint(), QLayout::SetFixedSize);
-        }
-    }
-
     void frame()
     {
-        for (const qreal ratio : {1.0, 1.5, 2.0}) {
-            CBPBox box;
-            box.resize(40, 20);
-            box.SetBgClr(Qt::green);
-            QVERIFY(boxOf(picture(box, ratio), Qt::green).isEmpty());
-            box.SetDrawFrame(true);
-            const QImage image = picture(box, ratio);
-            const int right = image.width() - 1;
-            const int bottom = image.height() - 1;
-            for (const QPoint &edge :
-                 {QPoint(0, 0), QPoint(right, 0), QPoint(0, bottom), QPoint(right, bottom),
-                  QPoint(right / 2, 0), QPoint(right / 2, bottom), QPoint(right, bottom / 2)})
-                QCOMPARE(image.pixelColor(edge), QColor(Qt::red));
-            const int line = qRound(ratio);
-            for (const QPoint &inside : {QPoint(line, line), QPoint(right - line, bottom - line)})
-                QCOMPARE(image.pixelColor(inside), QColor(Qt::green));
-            box.SetFrameClr(Qt::blue);
-            QCOMPARE(picture(box, ratio).pixelColor(right, 0), QColor(Qt::blue));
-        }
+        CBPBox box;
+        box.resize(40, 20);
+        box.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&box));
+        const auto shows = [&](const QColor &line, const QColor &ground) {
+            bool right = true;
+            for (const qreal ratio : {1.0, 1.5, 2.0}) {
+                const QImage image = picture(box, ratio);
+                const int width = qRound(ratio);
+                const QRect inner = image.rect().adjusted(width, width, -width, -width);
+                right = right && image == painted(image, {{image.rect(), line}, {inner, ground}});
+            }
+            return right;
+        };
+        QVERIFY(shows(kNothing, kNothing));
+        QVERIFY(!repaints(box, [&] { box.SetDrawFrame(true); })); // shows at the next one
+        QVERIFY(shows(Qt::red, Qt::white));
+        QVERIFY(repaints(box, [&] { box.SetFrameClr(Qt::blue); }));
+        QVERIFY(repaints(box, [&] { box.SetBgClr(Qt::green); }));
+        QVERIFY(shows(Qt::blue, Qt::green));
     }
 
-    // A column that expands, a row, and a space of nothing, which is an item all the same.
-    void packsAWidgetAndASpace()
+    // A column that expands, a row, and a space of nothing, which is an item all the same. Further ones go in
+    // front, behind the first space, and to the end, where there is no such index.
+    void packs()
     {
-        const std::tuple<bool, bool, int, QSize> rows[] = {
-            {false, false, 5, QSize(5, 0)}, {true, true, 12, QSize(0, 12)}, {false, true, 0, QSize(0, 0)}};
-        for (const auto &[vertical, expand, padding, space] : rows) {
-            CBPBox box(vertical);
-            auto *layout = qobject_cast<QBoxLayout *>(box.layout());
-            auto *label = new QLabel;
-            label->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Maximum);
-            box.PackStart(label, expand, true, padding, Qt::AlignBottom);
-            QVERIFY(layout->count() == 2 && label->parentWidget() == &box);
-            QCOMPARE(layout->itemAt(0)->alignment(), Qt::AlignBottom);
-            const QSizePolicy policy = label->sizePolicy();
-            QCOMPARE(policy.horizontalPolicy(), expand ? QSizePolicy::Expanding : QSizePolicy::Fixed);
-            QCOMPARE(policy.verticalPolicy(), expand ? QSizePolicy::Expanding : QSizePolicy::Maximum);
-            QVERIFY(layout->itemAt(1)->spacerItem() && layout->itemAt(1)->sizeHint() == space);
+        const std::tuple<bool, bool, int, const char *, int, const char *> rows[] = {
+            {false, false, 5, "a 5x0 [b]*3 5x0", 2, "a 5x0 x*2 [b]*3 5x0"},
+            {true, true, 12, "a 0x12 [b]*3 0x12", -7, "a 0x12 [b]*3 0x12 x*2"},
+            {false, true, 0, "a 0x0 [b]*3 0x0", 5, "a 0x0 [b]*3 0x0 x*2"},
+            {false, true, 0, "a 0x0 [b]*3 0x0", 4, "a 0x0 [b]*3 0x0 x*2"},
+            {true, false, 1, "a 0x1 [b]*3 0x1", 0, "x*2 a 0x1 [b]*3 0x1"}};
+        for (const auto &[vertical, expand, padding, packed, index, inserted] : rows) {
+            CBPBox box(vertical, true, 7);
+            QVERIFY(!box.parent() && box.layout()->spacing() == 7);
+            QLabel *a = label("a");
+            a->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Maximum);
+            box.PackStart(a, expand, true, padding, Qt::AlignBottom);
+            QCOMPARE(box.layout()->itemAt(0)->alignment(), Qt::AlignBottom);
+            QCOMPARE(a->sizePolicy().horizontalPolicy(),
+                     expand ? QSizePolicy::Expanding : QSizePolicy::Fixed);
+            QCOMPARE(a->sizePolicy().verticalPolicy(),
+                     expand ? QSizePolicy::Expanding : QSizePolicy::Maximum);
             auto *inner = new QHBoxLayout;
+            inner->addWidget(label("b"));
             box.PackStart(inner, padding, 3);
-            QVERIFY(layout->count() == 4 && layout->stretch(2) == 3);
-            QCOMPARE(layout->itemAt(3)->sizeHint(), space);
-        }
-    }
-
-    // In front, behind the first space, and at the end, where there is no such index.
-    void insertsAtAnyIndex()
-    {
-        for (const auto &[index, place] :
-             {std::pair(0, 0), std::pair(2, 2), std::pair(-7, 4), std::pair(99, 4)}) {
-            CBPBox box;
-            box.PackStart(new QLabel);
-            box.PackStart(new QLabel);
-            QLabel *label = new QLabel;
-            box.InsertWidget(index, label, 2, Qt::AlignTop);
-            QCOMPARE(box.layout()->indexOf(label), place);
-            QCOMPARE(qobject_cast<QBoxLayout *>(box.layout())->stretch(place), 2);
+            QCOMPARE(contentsOf(box.layout()), packed);
+            box.InsertWidget(index, label("x"), 2, Qt::AlignTop);
+            QCOMPARE(contentsOf(box.layout()), inserted);
+            QCOMPARE(box.layout()->itemAt(box.layout()->indexOf(box.findChild<QLabel *>("x")))->alignment(),
+                     Qt::AlignTop);
+            box.SetSpacing(3);
+            box.SetBorderWidth(1, 2, 3, 4);
+            QVERIFY(box.layout()->spacing() == 3 && box.contentsMargins() == QMargins(1, 2, 3, 4));
+            QCOMPARE(box.layout()->contentsMargins(), QMargins());
+            for (const int wrong : {QLayout::SetDefaultConstraint - 1, QLayout::SetMinAndMaxSize + 1}) {
+                for (const int right : {QLayout::SetDefaultConstraint, QLayout::SetMinAndMaxSize}) {
+                    box.SetSizeConstraint(right);
+                    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("is no size constraint"));
+                    box.SetSizeConstraint(wrong);
+                    QCOMPARE(int(box.layout()->sizeConstraint()), right);
+                }
+            }
         }
     }
 
@@ -216,61 +209,55 @@ private slots:
         delete around;
         frameBox->AddTitleWidget(nullptr, 3);
         frameBox->AddBottomWidget(nullptr, 3);
-        QCOMPARE(box->layout()->count(), 0);
-        QCOMPARE(frameBox->layout()->itemAt(1)->layout()->count(), 0);
-        QVERIFY(!window.parentWidget());
-        QVERIFY(window.sizePolicy().horizontalPolicy() != QSizePolicy::Expanding);
+        QCOMPARE(contentsOf(frameBox->layout()), "[] [] []");
+        QVERIFY(!window.parent() && window.sizePolicy().horizontalPolicy() != QSizePolicy::Expanding);
         auto *spacer = new QSpacerItem(9, 9);
         box->AddSpacerItem(spacer);
         box->AddSpacerItem(spacer);
         box->AddSpacing(4);
-        QCOMPARE(box->layout()->count(), 2);
-        QCOMPARE(picture(*box).isNull(), false);
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("already has a parent"));
+        QWidget other;
+        box->PackStart(new QHBoxLayout(&other), 5, 0); // which stays there, so no space comes behind it
+        QCOMPARE(contentsOf(box->layout()), "9x9 4x0");
+        QVERIFY(!picture(*box).isNull());
     }
 
-    // Hidden, or left where they are.
-    void removesChildren()
+    // All of them, hidden or left where they are, and one of them, at once or deleted later.
+    void removes()
     {
-        for (const bool hide : {true, false}) {
+        for (const bool hard : {true, false}) {
             CBPBox box(true);
-            QPointer<QLabel> first = new QLabel("1");
-            QPointer<QLabel> nested = new QLabel("2");
+            QPointer<QLabel> first = label("first");
+            QPointer<QLabel> second = label("second");
+            QPointer<QLabel> nested = label("nested");
             QPointer<QHBoxLayout> inner = new QHBoxLayout;
             inner->addWidget(nested);
             auto *spacer = new QSpacerItem(9, 9);
             box.PackStart(first, false, false, 4);
+            box.PackStart(second, false, false, 5);
             box.PackStart(inner, 4, 0);
             box.AddSpacerItem(spacer);
+            box.RemoveChild(second, hard);
+            box.RemoveChild(nested, hard);                                        // is not its own
+            QCOMPARE(contentsOf(box.layout()), "first 0x4 0x5 [nested] 0x4 9x9"); // the space stays
+            QVERIFY(second);
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            QCOMPARE(second.isNull(), hard);
+
             box.show();
             const QRect place = first->geometry();
-            box.RemoveChildren(hide);
-            QVERIFY(first && nested && box.layout()->count() == 0);
-            QCOMPARE(first->isVisible(), !hide);
+            box.RemoveChildren(hard);
+            QVERIFY(first && nested && contentsOf(box.layout()).isEmpty());
+            QCOMPARE(first->isVisible(), !hard);
             QCOMPARE(first->geometry(), place);
             QCOMPARE(first->parentWidget(), &box);
             QVERIFY(nested->isVisible()); // the box knows its own items only
-            QCOMPARE(inner.isNull(), hide);
-            if (hide)
+            QCOMPARE(inner.isNull(), hard);
+            if (hard)
                 continue;
             box.PackStart(inner, 0, 0); // they are the caller's again
             box.AddSpacerItem(spacer);
-            QCOMPARE(box.layout()->count(), 3);
-        }
-    }
-
-    void removesOneChild()
-    {
-        for (const bool deleted : {false, true}) {
-            CBPBox box;
-            QPointer<QLabel> label = new QLabel;
-            auto *other = new QLabel;
-            box.PackStart(other);
-            box.PackStart(label);
-            box.RemoveChild(label, deleted);
-            QCOMPARE(box.layout()->count(), 3); // the space stays
-            QVERIFY(label && box.layout()->indexOf(other) == 0);
-            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-            QCOMPARE(label.isNull(), deleted); // later
+            QCOMPARE(contentsOf(box.layout()), "[nested] 0x0 9x9");
         }
     }
 
@@ -293,67 +280,59 @@ private slots:
             else
                 box.AnimatedCollapse(step.start, step.end, step.duration);
             QCOMPARE(box.maximumHeight(), step.at);
-            QTRY_VERIFY(step.until < 0 || box.maximumHeight() == step.until);
-            QTRY_VERIFY(step.until != -1 || box.maximumHeight() != step.at);
+            AWAIT(step.until < 0 || box.maximumHeight() == step.until);
+            AWAIT(step.until != -1 || box.maximumHeight() != step.at);
         }
         box.AnimatedHorizontal(QSize(100, 50), QSize(500, 50), 10000);
-        QTRY_VERIFY(box.width() > 100);
+        AWAIT(box.width() > 100);
         box.AnimatedHorizontal(QSize(500, 20), QSize(80, 50), 40);
         QCOMPARE(box.size(), QSize(500, 20));
-        QTRY_COMPARE(box.size(), QSize(80, 50));
+        AWAIT_EQUAL(box.size(), QSize(80, 50));
+        box.AnimatedHorizontal(QSize(-3, -4), QSize(-5, -6), 0);
+        QCOMPARE(box.size(), QSize(0, 0));
     }
 
+    // A cell that has died has no line behind it.
     void gridLines()
     {
         using Lines = QVector<int>;
-        const std::tuple<int, bool, Lines> rows[] = {{1, false, Lines{0, 39}},
-                                                     {2, false, Lines{0, 11, 32}},
-                                                     {3, false, Lines{0, 11, 32, 63}},
-                                                     {3, true, Lines{0, 31, 52, 63}}};
-        for (const auto &[cells, rightToLeft, lines] : rows) {
+        const std::tuple<int, bool, bool, Lines> rows[] = {{1, false, false, Lines{0, 39}},
+                                                           {2, false, false, Lines{0, 11, 32}},
+                                                           {3, false, false, Lines{0, 11, 32, 63}},
+                                                           {3, true, false, Lines{0, 31, 52, 63}},
+                                                           {3, false, true, Lines{0, 21, 52}}};
+        for (const auto &[cells, rightToLeft, firstDies, lines] : rows) {
             CBPGridBox box(false, false, 9);
             box.setLayoutDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
             for (int i = 0; i < cells; ++i)
                 box.PackStart(cell(10 * (i + 1)), false, false, 0, Qt::AlignLeft);
+            if (firstDies)
+                delete box.layout()->itemAt(0)->widget();
             box.setFixedSize(lines.last() + 1, 22);
             box.ensurePolished();
             box.layout()->activate();
             const QImage image = picture(box);
             QCOMPARE(columnsOf(image, kLine, 10), lines);
-            QCOMPARE(columnsOf(image, kLine, 0).size(), image.width());
-            QCOMPARE(columnsOf(image, kLine, 21).size(), image.width());
+            for (const int edge : {0, 21})
+                QCOMPARE(columnsOf(image, kLine, edge).size(), image.width());
             box.SetFrameClr(Qt::black);
             QCOMPARE(columnsOf(picture(box), Qt::black, 10), lines);
         }
-    }
-
-    void gridForgetsDeadCells()
-    {
-        CBPGridBox box;
-        for (const int width : {10, 20, 30})
-            box.PackStart(cell(width));
-        delete box.layout()->itemAt(0)->widget();
-        box.setFixedSize(53, 22);
-        box.layout()->activate();
-        QCOMPARE(columnsOf(picture(box), kLine, 10), QVector<int>({0, 21, 52}));
     }
 
     // The bands, and what lies between them, are one: only the bottom area is left out. Boxes that are higher
     // than both bands, just as high, lower, and lower than the bottom band.
     void frameBoxBands()
     {
-        for (const auto &[height, last] :
-             {std::pair(200, 159), std::pair(70, 29), std::pair(50, 29), std::pair(20, 19)}) {
-            for (const qreal ratio : {1.0, 2.0}) {
+        for (const auto &[height, end] :
+             {std::pair(200, 160), std::pair(70, 30), std::pair(50, 30), std::pair(20, 20)}) {
+            for (const int ratio : {1, 2}) {
                 CBPFrameBox box(30, 40);
                 box.resize(60, height);
                 const QImage image = picture(box, ratio);
-                for (int y = 0; y < image.height(); ++y) {
-                    const int row = int(y / ratio);
-                    const QColor expected = row == 0 ? kOutline : row <= last ? kBand : kNothing;
-                    QCOMPARE(image.pixelColor(image.width() - 1, y), expected);
-                    QCOMPARE(image.pixelColor(0, y), kOutline);
-                }
+                QCOMPARE(image, painted(image, {{QRect(0, 0, 60 * ratio, end * ratio), kBand},
+                                                {QRect(0, 0, 60 * ratio, ratio), kOutline},
+                                                {QRect(0, 0, ratio, height * ratio), kOutline}}));
             }
         }
         for (const int wild : {INT_MIN, INT_MAX}) {
@@ -368,21 +347,17 @@ private slots:
         QWidget window;
         auto *box = new CBPFrameBox(30, 40, &window);
         QVERIFY(!box->parent());
-        auto *outer = new QVBoxLayout(&window);
-        outer->addWidget(box);
+        (new QVBoxLayout(&window))->addWidget(box);
         QCOMPARE(box->parentWidget(), &window);
-        const QVector<QWidget *> cells{cell(10), cell(10), cell(30), cell(40)};
-        box->AddBottomWidget(cells[3], 2);
-        box->AddContentWidget(cells[2], 5);
-        box->AddTitleWidget(cells[0], 3);
-        box->AddTitleWidget(cells[1], 0);
-        QCOMPARE(box->sizeHint(), QSize(40 + 2, 20 + 20 + 5 + 20));
-        box->setFixedSize(box->sizeHint());
-        window.adjustSize();
-        outer->activate();
-        box->layout()->activate();
-        QVERIFY(cells[1]->x() - cells[0]->geometry().right() - 1 >= 3);
-        QVERIFY(cells[0]->y() == 0 && cells[2]->y() == 20 && cells[3]->y() == 45);
+        box->AddBottomWidget(label("d"), 2);
+        box->AddContentWidget(label("c"), 5);
+        box->AddTitleWidget(label("a"), 3);
+        box->AddTitleWidget(label("b"), 0);
+        QCOMPARE(contentsOf(box->layout()), "[a 3x0 b 0x0] [c 0x5] [d 2x0]");
+        const auto labels = box->findChildren<QLabel *>();
+        for (QLabel *each : labels)
+            each->setFixedSize(40, 20);
+        QCOMPARE(box->sizeHint(), QSize(40 + 3 + 40, 20 + 20 + 5 + 20));
     }
 };
 

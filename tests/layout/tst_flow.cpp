@@ -1,3 +1,4 @@
+#include "Await.h"
 #include "CBPFlowLayout.h"
 #include "TestMain.h"
 
@@ -27,10 +28,9 @@ public:
 
     int pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const override
     {
-        if (metric == PM_LayoutHorizontalSpacing)
-            return m_layouts.x();
-        return metric == PM_LayoutVerticalSpacing ? m_layouts.y()
-                                                  : QProxyStyle::pixelMetric(metric, option, widget);
+        return metric == PM_LayoutHorizontalSpacing ? m_layouts.x()
+               : metric == PM_LayoutVerticalSpacing ? m_layouts.y()
+                                                    : QProxyStyle::pixelMetric(metric, option, widget);
     }
     int layoutSpacing(QSizePolicy::ControlType, QSizePolicy::ControlType, Qt::Orientation orientation,
                       const QStyleOption *, const QWidget *) const override
@@ -100,13 +100,23 @@ private slots:
     {
         CBPFlowLayout layout(4);
         QCOMPARE(layout.minimumSize(), QSize(8, 8));
-        QCOMPARE(layout.horizontalSpacing(), -1);
+        QVERIFY(layout.horizontalSpacing() == -1 && layout.verticalSpacing() == -1);
         layout.setContentsMargins(1, 2, 3, 4);
         layout.addItem(new QSpacerItem(30, 10));
         layout.addItem(new QSpacerItem(10, 40));
         QCOMPARE(layout.minimumSize(), QSize(34, 46));
-        QVERIFY(layout.sizeHint() == QSize(34, 46) && layout.hasHeightForWidth() &&
-                !layout.expandingDirections());
+        QVERIFY(layout.sizeHint() == QSize(34, 46) && !layout.expandingDirections());
+        // As far as numbers go, and no farther.
+        constexpr int most = std::numeric_limits<int>::max();
+        CBPFlowLayout huge(most, most, most);
+        for (int i = 0; i < 10000; ++i)
+            huge.addItem(new QSpacerItem(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
+        for (const int width : {-1, 0, 1000})
+            QCOMPARE(huge.heightForWidth(width), most);
+        QVERIFY(huge.heightForWidth(most) > 0);
+        huge.setGeometry(QRect(0, 0, 1000, 1000));
+        for (const int index : {1, 9999})
+            QVERIFY(huge.itemAt(index)->geometry().top() > 0);
     }
 
     // Given ones, those of the style's layouts, of its buttons, or of an outer layout. A style that has none
@@ -154,14 +164,14 @@ private slots:
         for (const int index : {-1, 1, std::numeric_limits<int>::max()})
             QVERIFY(!layout->takeAt(index) && !layout->itemAt(index));
         const std::unique_ptr<QLayoutItem> taken(layout->takeAt(0));
-        QCOMPARE(taken.get(), inner);
-        QVERIFY(!inner->parent() && layout->count() == 0);
+        QVERIFY(taken.get() == inner && !inner->parent() && layout->count() == 0);
     }
 
     void badItems()
     {
         QWidget window;
         QWidget panel(&window);
+        QWidget other;
         auto *outer = new QHBoxLayout(&panel);
         auto *layout = new CBPFlowLayout;
         outer->addLayout(layout);
@@ -169,30 +179,28 @@ private slots:
         layout->addItem(spacer);
         QHBoxLayout circle;
         circle.addItem(new QWidgetItem(&window));
-        const auto warns = [](const char *words) { QTest::ignoreMessage(QtWarningMsg, words); };
-        for (int i = 0; i < 2; ++i)
-            warns("CBPFlowLayout: null is no item");
-        layout->addItem(nullptr);
-        layout->addWidget(nullptr);
-        for (int i = 0; i < 3; ++i)
-            warns("A QWidget cannot hold itself or a widget that it lies in");
-        layout->addWidget(&panel);
-        layout->addWidget(&window);
-        layout->addItem(&circle);
-        for (int i = 0; i < 2; ++i)
-            warns("A CBPFlowLayout cannot hold itself or a layout that it lies in");
-        layout->addItem(layout);
-        layout->addItem(outer);
-        QWidget other; // two owners would both delete what they have
-        auto *owned = new QHBoxLayout(&other);
+        QWidgetItem around(&panel);
+        auto *owned = new QHBoxLayout(&other); // two owners would both delete what they have
         auto *nested = new QHBoxLayout;
         owned->addLayout(nested);
-        for (int i = 0; i < 2; ++i)
-            warns("CBPFlowLayout: the layout lies in another one, or is a widget's");
-        layout->addItem(owned);
-        layout->addItem(nested);
-        warns("CBPFlowLayout: the item is there already");
-        layout->addItem(spacer);
+        const QVector<QPair<const char *, QVector<QLayoutItem *>>> refused{
+            {"CBPFlowLayout: null is no item", {nullptr}},
+            {"A QWidget cannot hold itself or a widget that it lies in", {&circle, &around}},
+            {"A CBPFlowLayout cannot hold itself or a layout that it lies in", {layout, outer}},
+            {"CBPFlowLayout: the layout lies in another one, or is a widget's", {owned, nested}},
+            {"CBPFlowLayout: the item is there already", {spacer}}};
+        for (const auto &[words, items] : refused) {
+            for (QLayoutItem *item : items) {
+                QTest::ignoreMessage(QtWarningMsg, words);
+                layout->addItem(item);
+            }
+        }
+        for (const auto &[words, widget] :
+             {std::pair(refused[0].first, static_cast<QWidget *>(nullptr)),
+              std::pair(refused[1].first, &panel), std::pair(refused[1].first, &window)}) {
+            QTest::ignoreMessage(QtWarningMsg, words);
+            layout->addWidget(widget);
+        }
         QCOMPARE(layout->count(), 1);
         QVERIFY(window.parent() == nullptr && panel.parent() == &window && !circle.parent());
     }
@@ -225,28 +233,15 @@ private slots:
             layout->addWidget(box({45, 20}));
         window.resize(251, 300);
         window.show();
-        const auto isAt = [layout](int index, const QPoint &pos) {
-            return QTest::qWaitFor([=] { return layout->itemAt(index)->widget()->pos() == pos; });
-        };
-        QVERIFY(isAt(9, {200, 20}));
+        const auto at = [layout](int index) { return layout->itemAt(index)->widget()->pos(); };
+        AWAIT_EQUAL(at(9), QPoint(200, 20));
         window.setLayoutDirection(Qt::RightToLeft);
-        QVERIFY(isAt(9, {6, 20}));
+        AWAIT_EQUAL(at(9), QPoint(6, 20));
         layout->itemAt(0)->widget()->hide();
-        QVERIFY(isAt(9, {56, 20}) && isAt(1, {206, 0}));
+        AWAIT_EQUAL(at(9), QPoint(56, 20));
+        QCOMPARE(at(1), QPoint(206, 0));
         delete layout->itemAt(1)->widget();
-        QVERIFY(isAt(8, {106, 20}));
-    }
-
-    void manyAndHuge()
-    {
-        constexpr int most = std::numeric_limits<int>::max();
-        QWidget window;
-        CBPFlowLayout layout(&window, most, most, most);
-        for (int i = 0; i < 10000; ++i)
-            layout.addItem(new QSpacerItem(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
-        for (const int width : {-1, 0, 1000, most})
-            QVERIFY(layout.heightForWidth(width) > 0);
-        layout.setGeometry(QRect(0, 0, 1000, 1000));
+        AWAIT_EQUAL(at(8), QPoint(106, 20));
     }
 };
 

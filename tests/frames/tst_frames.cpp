@@ -1,0 +1,296 @@
+#include "CBPQtGroupBox.h"
+#include "CBPQtLine.h"
+#include "CBPQtMainWindow.h"
+#include "CBPQtTableView.h"
+#include "CBPTableWidget.h"
+#include "CBPTreeView.h"
+#include "CBPTreeWidget.h"
+#include "FrameProbe.h"
+#include "frames/FrameGeometry.h"
+#include "frames/FramePainter.h"
+#include "Pixels.h"
+#include "TestMain.h"
+#include "Util.h"
+
+#include <QHeaderView>
+#include <QLabel>
+#include <QLinearGradient>
+#include <QLineEdit>
+#include <QPainter>
+#include <QVBoxLayout>
+
+#include <private/qhighdpiscaling_p.h>
+
+using namespace lumqt::frame;
+
+namespace {
+
+QVector<QSize> logicalSizes(const QWidget &window)
+{
+    QVector<QSize> sizes{window.size()};
+    const auto all = window.findChildren<QWidget *>();
+    for (const QWidget *one : all)
+        sizes << one->size();
+    return sizes;
+}
+
+const QColor kNothing(1, 2, 3); // what lies below a widget
+
+template <class Widget> void checkParent(const char *name, bool taken)
+{
+    QWidget parent;
+    auto *widget = new Widget(&parent);
+    QCOMPARE(widget->parentWidget(), taken ? &parent : nullptr);
+    (new QVBoxLayout(&parent))->addWidget(widget);
+    QCOMPARE(widget->parentWidget(), &parent);
+    QCOMPARE(widget->metaObject()->className(), name); // what style sheets go by
+}
+
+} // namespace
+
+// What of frames needs no window manager: that of CBaseWin as plain functions of sizes, the shape of rounded
+// plates, and a dialog from its making to its end.
+class TestFrames : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void geometry()
+    {
+        const QSize glyph(28, 28);
+        const ButtonSizes sizes{QSize(0, 0), glyph, QSize(9, 28), glyph, glyph, glyph};
+        const int lefts[] = {146, 141, 108, 94, 61, 28};
+        for (const int fw : {4, 8}) {
+            const int right = fw == 4 ? 634 : 630; // of the close button, as it is pressed
+            const int top = fw == 4 ? 7 : 9;
+            for (int id = 0; id < kButtonCount; ++id) {
+                const QPoint at(right - lefts[id], id == 0 ? 14 : 0); // there is no image 0
+                QCOMPARE(hitRects(640, fw, sizes)[id], QRect(at + QPoint(0, top), sizes[id]));
+                QCOMPARE(paintedRects(640, fw, sizes)[id], QRect(at + QPoint(-6, fw + 7), sizes[id]));
+            }
+            const QRect icon = iconRect(fw, QSize(24, 24));
+            QCOMPARE(icon.topLeft(), QPoint(fw + 8, fw / 2 + (38 + fw - 24) / 2));
+            QCOMPARE(captionRect(fw, true, 24), QRect(fw + 37, fw / 2, 65535, 38 + fw));
+            QCOMPARE(captionRect(fw, false, 0).left(), fw + 8);
+            QCOMPARE(captionEnd(640, fw, sizes), right - 152); // the spacing before the first button there is
+            QCOMPARE(captionEnd(640, fw, ButtonSizes()), 640 - fw - 5);
+            QCOMPARE(lowestWidth(fw, true, 24, sizes), 640 - (right - 147) + fw + 37);
+            QCOMPARE(titleBarRect(600, fw, false), QRect(0, fw, 600, 38));
+            QCOMPARE(titleBarRect(600, fw, true), QRect(0, 0, 600, 38 + fw));
+
+            const auto at = [&](int x, int y) { return int(partAt(QPoint(x, y), 640, fw, sizes, icon)); };
+            const QList<int> buttons{at(right - 1, top), at(right - 28, top + 27), at(right - 61, top),
+                                     at(right - 100, top), at(right - 141, top)};
+            QCOMPARE(buttons, (QList<int>{5, 5, 4, 2, 1}));
+            const QList<int> besides{at(right, top), at(right - 29, top), at(right - 146, top + 14),
+                                     at(-3, -3)};
+            QCOMPARE(besides, (QList<int>{-1, -1, -1, -1}));
+            QCOMPARE(at(icon.left(), icon.top()), 7);
+            QCOMPARE(int(partAt(QPoint(10, 10), -50, fw, ButtonSizes(), QRect())), -1);
+            QCOMPARE(int(partAt(QPoint(right - 1, top), 640, fw, sizes, QRect(0, 0, 640, 60))), 5);
+        }
+    }
+
+    void edges()
+    {
+        const auto at = [](int x, int y) { return edgesAt(QPoint(x, y), QSize(200, 100), 4); };
+        QCOMPARE(at(3, 50), Qt::LeftEdge);
+        QCOMPARE(at(196, 50), Qt::RightEdge);
+        QCOMPARE(at(100, 99), Qt::BottomEdge);
+        QCOMPARE(at(16, 0), Qt::TopEdge);
+        QCOMPARE(at(15, 0), Qt::TopEdge | Qt::LeftEdge); // a corner reaches along its edges
+        QCOMPARE(at(199, 84), Qt::BottomEdge | Qt::RightEdge);
+        QCOMPARE(at(4, 50) | at(4, 4) | at(-1, 50), Qt::Edges());
+    }
+
+    void picture()
+    {
+        for (int fw : {3, 4, 8}) {
+            for (qreal ratio : {1.0, 1.25, 1.5, 2.0}) {
+                for (const QSize &size : {QSize(240, 160), QSize(241, 163)})
+                    QVERIFY2(isRight(fw, ratio, size),
+                             qPrintable(QStringLiteral("%1 at %2").arg(fw).arg(ratio)));
+            }
+        }
+    }
+
+    void corners()
+    {
+        struct Plate : CRoundedRectBase
+        {
+            using CRoundedRectBase::CRoundedRectBase;
+            using CRoundedRectBase::m_pen;
+        };
+        const QPoint at[] = {{0, 0}, {59, 0}, {59, 39}, {0, 39}};
+        for (int row = 0; row < 18; ++row) {
+            const int radius = row < 16 ? 12 : row == 16 ? 0 : 100000; // none, and one that is too large
+            const int flags = qMin(row, 15);                           // from top left on, clockwise
+            Plate plate(unsigned(radius), nullptr, flags & 1, flags & 2, flags & 4, flags & 8);
+            plate.resize(60, 40);
+            for (const bool enabled : {true, false, true}) {
+                plate.SetRoundRectEnabled(enabled);
+                const QImage image = drawn(plate);
+                for (int i = 0; i < 4; ++i) {
+                    const bool round = enabled && radius > 0 && flags & (1 << i);
+                    QVERIFY2(image.pixelColor(at[i]).alpha() == (round ? 0 : 255), QByteArray::number(row));
+                }
+                // The edges are covered to the last pixel.
+                for (const QPoint &edge : {QPoint(30, 0), QPoint(30, 39), QPoint(0, 20), QPoint(59, 20)})
+                    QVERIFY(image.pixelColor(edge).alpha() >= (radius > 20 ? 200 : 255));
+            }
+            if (radius > 20)
+                continue;
+            for (const int width : {0, 1, 4}) { // 0: as thin as can be
+                plate.m_pen = QPen(Qt::blue, width);
+                const QImage image = drawn(plate);
+                for (int y = 0; y < 6; ++y) // sharp at its inner edge, too
+                    QCOMPARE(image.pixelColor(30, y), QColor(y < qMax(1, width) ? Qt::blue : Qt::black));
+            }
+        }
+    }
+
+    // One screen whose scaling changes under its windows: what a window meets that is moved to another one.
+    void anotherScaling()
+    {
+        Dialog dialog;
+        dialog.Init();
+        dialog.SetWindowLog(Util::getResFullPath("../res/title_logo.png"));
+        dialog.ShowTitleBtn(2 | 8 | 64 | 128, true);
+        dialog.AppendContent(new QLineEdit, true, false, 0);
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        const auto *icon = dialog.titleBar()->findChild<QLabel *>();
+        QVERIFY(!icon->pixmap(Qt::ReturnByValue).isNull());
+        const QVector<QSize> before = logicalSizes(dialog);
+        for (const qreal factor : {2.0, 1.5, 1.0}) {
+            QHighDpiScaling::setScreenFactor(QGuiApplication::primaryScreen(), factor);
+            QCOMPARE(dialog.devicePixelRatioF(), factor);
+            QEvent moved(QEvent::ScreenChangeInternal); // as Qt sends it to every widget of the window
+            QCoreApplication::sendEvent(dialog.titleBar(), &moved);
+            QCOMPARE(icon->pixmap(Qt::ReturnByValue).devicePixelRatioF(), factor);
+            QCOMPARE(logicalSizes(dialog), before);
+        }
+    }
+
+    // ---- The classes that fix a few defaults of one of Qt's.
+
+    void parents()
+    {
+        QVERIFY(CBPQtMainWindow(nullptr, Qt::FramelessWindowHint).windowFlags() & Qt::FramelessWindowHint);
+        checkParent<CBPQtMainWindow>("CBPQtMainWindow", true);
+        checkParent<CBPQtGroupBox>("CBPQtGroupBox", true);
+        checkParent<CBPQtLine>("CBPQtLine", true);
+        checkParent<CBPQtTableView>("CBPQtTableView", true);
+        checkParent<CBPTableWidget>("CBPTableWidget", false);
+        checkParent<CBPTreeView>("CBPTreeView", false);
+    }
+
+    void groupBoxPaintsOnlyItsChildren()
+    {
+        CBPQtGroupBox box;
+        box.setTitle("A title that is not seen");
+        box.resize(120, 60);
+        auto *child = new QWidget(&box);
+        child->setGeometry(20, 30, 10, 10);
+        child->setAutoFillBackground(true);
+        child->setPalette(QPalette(Qt::red));
+        QImage expected(box.size(), QImage::Format_ARGB32);
+        expected.fill(kNothing);
+        QPainter(&expected).fillRect(child->geometry(), Qt::red);
+        QCOMPARE(pictureOf(box, 1, kNothing), expected);
+    }
+
+    void lineIsOnePixelWide()
+    {
+        CBPQtLine line;
+        line.resize(10, 100);
+        QLinearGradient gradient(0, 0, 0, 100);
+        gradient.setStops(
+            {{0, QColor(214, 231, 249)}, {0.5, QColor(189, 201, 211)}, {1, QColor(237, 244, 251)}});
+        for (const qreal ratio : {1.0, 1.5, 2.0}) {
+            const QImage image = pictureOf(line, ratio, kNothing);
+            QImage expected = image;
+            expected.fill(kNothing);
+            QPainter(&expected).fillRect(QRectF(0, 0, qRound(ratio) / ratio, 100), gradient);
+            QCOMPARE(image, expected);
+        }
+        line.resize(0, 0);
+        line.grab();
+    }
+
+    void views()
+    {
+        CBPTableWidget table;
+        CBPTreeWidget tree;
+        for (const QAbstractItemView *view : QList<QAbstractItemView *>{&table, &tree}) {
+            QCOMPARE(view->selectionBehavior(), QAbstractItemView::SelectRows);
+            QCOMPARE(view->editTriggers(),
+                     QAbstractItemView::SelectedClicked | QAbstractItemView::EditKeyPressed);
+            QVERIFY(view->hasMouseTracking() && view->viewport()->hasMouseTracking());
+            QVERIFY(view->property("sortingEnabled").toBool() && !view->parent());
+        }
+        QVERIFY(!table.showGrid() && table.frameShape() == QFrame::NoFrame);
+        QVERIFY(table.verticalHeader()->isHidden() && !table.horizontalHeader()->highlightSections());
+        QCOMPARE(table.textElideMode(), Qt::ElideRight);
+        table.setColumnCount(2);
+        table.setRowCount(3);
+        QCOMPARE(table.rowHeight(2), 41);
+        table.show();
+        table.selectRow(0);
+        QTest::mouseClick(table.viewport(), Qt::LeftButton, Qt::ControlModifier,
+                          table.visualRect(table.model()->index(2, 1)).center());
+        const QModelIndexList selected = table.selectionModel()->selectedRows();
+        QVERIFY(selected.size() == 1 && selected.at(0).row() == 2); // one, as a whole
+
+        QVERIFY(tree.contextMenuPolicy() == Qt::CustomContextMenu && !tree.rootIsDecorated());
+        for (const char *text : {"b", "a"})
+            new QTreeWidgetItem(&tree, {text});
+        tree.sortItems(0, Qt::AscendingOrder);
+        tree.show();
+        // Events go the base's way, with the flags set too.
+        tree.setPtOffsetSwitchOn(true);
+        tree.setOffsetPt(true);
+        QTest::mouseClick(tree.viewport(), Qt::LeftButton, Qt::NoModifier,
+                          tree.visualItemRect(tree.topLevelItem(0)).center());
+        QCOMPARE(tree.currentItem()->text(0), QString("a"));
+        QTest::keyClick(tree.viewport(), Qt::Key_Down);
+        QCOMPARE(tree.currentItem()->text(0), QString("b"));
+    }
+
+private:
+    // The frame around a client area of `size`.
+    static bool isRight(int fw, qreal ratio, const QSize &size)
+    {
+        const QColor outside(1, 2, 3);
+        const QColor untouched(4, 5, 6);
+        // The system makes a frame of whole pixels.
+        const QMargins margins = (QMarginsF(fw, titleHeight(fw), fw, fw) * ratio).toMargins();
+        const QRect client(QPoint(margins.left(), margins.top()), (QSizeF(size) * ratio).toSize());
+        const QSize all = client.marginsAdded(margins).size();
+        QImage image(all, QImage::Format_RGB32);
+        image.setDevicePixelRatio(ratio);
+        image.fill(untouched);
+        QPainter painter(&image);
+        paintFrame(painter, QSizeF(-3, 0), QRectF(fw, fw, -3, -3), fw, outside); // paints nothing
+        const QRectF area(QPointF(client.topLeft()) / ratio, QSizeF(client.size()) / ratio);
+        paintFrame(painter, QSizeF(all) / ratio, area, fw, outside);
+        painter.end();
+
+        const int line = qMax(1, qRound(ratio));
+        const QRect strip(QPoint(client.left(), qRound(fw * ratio)), client.topRight() - QPoint(0, 1));
+        QImage expected(all, QImage::Format_RGB32);
+        expected.fill(outside);
+        painter.begin(&expected);
+        painter.fillRect((strip | client).adjusted(-line, -line, line, line), QColor(34, 133, 212));
+        painter.fillRect(strip, Qt::white);
+        painter.fillRect(strip.adjusted(0, strip.height() - line, line, 0),
+                         QColor(221, 221, 221)); // over the border, too
+        painter.fillRect(client, untouched);
+        painter.end();
+        image.setDevicePixelRatio(1);
+        return image == expected;
+    }
+};
+
+LUMQT_TEST_MAIN(TestFrames)
+#include "tst_frames.moc"
