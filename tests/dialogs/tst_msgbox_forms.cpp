@@ -83,25 +83,6 @@ private Q_SLOTS:
         QVERIFY(quits.size() == 1 && finished.size() == 1 && box.GetPassword().isEmpty());
     }
 
-    // The edit is in the middle of its key when the box goes.
-    void deletedByReturn()
-    {
-        for (const bool parentToo : {false, true}) {
-            QPointer<QWidget> parent(new QWidget);
-            parent->show();
-            QPointer<MsgBox> box(new MsgBox(parent));
-            connect(box, &CMsgBox::sigQuit, [&] { destroy(parentToo ? parent.data() : box.data()); });
-            later(box, [&] {
-                CBPLineEdit *edit = box->edits().constFirst();
-                edit->setText("abc]");
-                QTest::keyClick(edit, Qt::Key_Return);
-            });
-            QCOMPARE(box->showCreateDirBox(0, "Name", kOk), -1);
-            QVERIFY(!box);
-            delete parent;
-        }
-    }
-
     // The edit is read as what is asked for, whatever comes to stand there.
     void dirBox()
     {
@@ -112,9 +93,9 @@ private Q_SLOTS:
             const auto *spoken = QAccessible::queryAccessibleInterface(edit);
             QCOMPARE(spoken->text(QAccessible::Name), QString("Name"));
             box.label("<b>Name")->setText("");
-            QTRY_COMPARE(spoken->text(QAccessible::Name), QString("{caption}Question"));
+            AWAIT_EQUAL(spoken->text(QAccessible::Name), QString("{caption}Question"));
             box.SetWindowTitle("Title");
-            QTRY_COMPARE(spoken->text(QAccessible::Name), QString("Title"));
+            AWAIT_EQUAL(spoken->text(QAccessible::Name), QString("Title"));
             edit->setText("a");
             edit->clearFocus();
             QVERIFY(!edit->hasAcceptableInput() && !lumqt::isRefused(edit)); // nor is the frame red
@@ -242,9 +223,9 @@ private Q_SLOTS:
             CBPLineEdit *password = box.edits().constLast();
             password->setFocus();
             box.label("Prompt")->setText(QString("line\n").repeated(99));
-            QTRY_VERIFY(box.findChild<QScrollArea *>());
+            AWAIT(box.findChild<QScrollArea *>());
             QCOMPARE(box.focusWidget(), password);
-            QTRY_VERIFY(password->hasFocus());
+            AWAIT(password->hasFocus());
         });
         box.showUserAndPasswordBox(0, "Prompt", 3, 9, kOk);
         workArea = kept;
@@ -329,7 +310,7 @@ private Q_SLOTS:
             CBPPopWnd &dialog = isBox ? static_cast<CBPPopWnd &>(box) : w;
             later(&dialog, [&] {
                 QVERIFY(isInFront(dialog));
-                QTRY_COMPARE(dialog.focusWidget(), dialog.GetBtn(focused));
+                AWAIT_EQUAL(dialog.focusWidget(), dialog.GetBtn(focused));
                 QVERIFY(dialog.GetBtn(focused)->isDefault());
                 dialog.UnRun();
             });
@@ -353,7 +334,7 @@ private Q_SLOTS:
              {std::pair(&own, kNo), std::pair(&disabled, kNo), std::pair(&beside, kOk)}) {
             w->show();
             QVERIFY(isInFront(*w));
-            QTRY_COMPARE(w->focusWidget(), w->GetBtn(flag));
+            AWAIT_EQUAL(w->focusWidget(), w->GetBtn(flag));
         }
     }
 };

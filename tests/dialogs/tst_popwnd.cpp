@@ -385,7 +385,7 @@ private Q_SLOTS:
             w.show();
             w.activateWindow();
             QVERIFY(QTest::qWaitForWindowActive(&w));
-            QTRY_VERIFY(button->hasFocus());
+            AWAIT(button->hasFocus());
             QTest::keyClick(button, Qt::Key_Space);
             QCOMPARE(w.asked, QVector<int>{kOk});
             QVERIFY(button->hasFocus() && button->isEnabled());

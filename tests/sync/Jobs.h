@@ -4,6 +4,7 @@
 #include "CBPEvtLoop.h"
 #include "CBPSyncObj.h"
 #include "CBPUISyncWaiter.h"
+#include "CUIBaseThread.h"
 
 #include <QApplication>
 #include <QSemaphore>
@@ -138,6 +139,29 @@ inline TaskPointer gatedTask(unsigned long long result = 0)
 {
     return timedTask(0, result, true);
 }
+
+// What a caller gives an executer to be stopped and deleted with it; notes what becomes of it.
+class AttachedThread : public CUIBaseThread
+{
+    Q_OBJECT
+
+public:
+    explicit AttachedThread(QStringList *log) : m_log(log) {}
+    ~AttachedThread() override { *m_log << QStringLiteral("deleted"); }
+    void startWork() override { *m_log << QStringLiteral("started"); }
+    bool isWorking() const override { return false; }
+    void requestQuit() override
+    {
+        *m_log << QStringLiteral("asked");
+        if (dies)
+            delete this;
+    }
+
+    bool dies = false;
+
+private:
+    QStringList *m_log;
+};
 
 // The waiting windows there are.
 inline QList<CBPUISyncWaiter *> waiters()

@@ -1,3 +1,4 @@
+#include "Await.h"
 #include "CBPEvtLoop.h"
 #include "CBPQtThread.h"
 #include "CBPQtTimer.h"
@@ -14,9 +15,9 @@
 
 namespace {
 
-constexpr int kExecuters = 2000;
-constexpr int kDeepest = 6;    // waits within each other
-constexpr int kLongestMs = 20; // of a job, and of what ends its wait
+constexpr int kExecuters = 1000;
+constexpr int kDeepest = 6;   // waits within each other
+constexpr int kLongestMs = 4; // of a job, and of what ends its wait
 
 enum Ending { ByJob, WindowQuits, WindowDies, SyncDies, BrokenOff, Deleted, EndingCount };
 
@@ -78,13 +79,7 @@ private Q_SLOTS:
         });
         QCOMPARE(loop.exec(), 5);
         QCOMPARE(log, (QStringList{"still running", "turned"}));
-        QVERIFY(!loop.isRunning());
-    }
-
-    // What leaves the loop without counting does not leave a loop that claims to run.
-    void loopLeftByOthers()
-    {
-        CBPEvtLoop loop;
+        // What leaves the loop without counting does not leave a loop that claims to run.
         for (const bool enteredTwice : {false, false, true, true}) {
             QTimer::singleShot(0, &loop, [&] {
                 if (enteredTwice)
@@ -143,7 +138,7 @@ private Q_SLOTS:
         thread.setCB(work, &job);
         QVERIFY(!thread.IsStop());
         thread.start();
-        QTRY_COMPARE(job.calls.load(), 1);
+        AWAIT_EQUAL(job.calls.load(), 1);
         QVERIFY(thread.isRunning());
         thread.WaitExit();
         QVERIFY(thread.isFinished() && thread.IsStop());
@@ -153,28 +148,18 @@ private Q_SLOTS:
         QCOMPARE(job.calls.load(), 1);
         thread.setCB(work, &job);
         thread.start();
-        QTRY_COMPARE(job.calls.load(), 2);
+        AWAIT_EQUAL(job.calls.load(), 2);
         thread.SetStop();
         QVERIFY(ended(thread));
+        thread.setCB([](void *self) { static_cast<CBPQtThread *>(self)->WaitExit(); }, &thread);
+        thread.start();
+        QVERIFY(ended(thread) && thread.IsStop());
     }
 
-    void threadWithoutWork()
+    // An event loop, unless it has a function.
+    void threadEndsAnyway()
     {
-        CBPQtThread neverRan(nullptr);
-        Work job{&neverRan};
-        neverRan.setCB(work, &job);
-        neverRan.WaitExit();
-        QVERIFY(neverRan.isFinished());
-        QCOMPARE(job.calls.load(), 0);
-        CBPQtThread withoutFunction(nullptr);
-        withoutFunction.start();
-        withoutFunction.WaitExit(); // its event loop may not have begun
-        QVERIFY(withoutFunction.isFinished());
-    }
-
-    void threadDestroyedWhileItRuns()
-    {
-        for (const bool function : {true, false}) { // or an event loop
+        for (const bool function : {true, false}) {
             Work job;
             job.polls = true;
             QObject parent; // goes first, and the thread with it
@@ -182,17 +167,18 @@ private Q_SLOTS:
             if (function)
                 thread->setCB(work, &job);
             thread->start();
-            QTRY_VERIFY(thread->isRunning() && (!function || job.calls == 1));
-        }
-    }
+            AWAIT(thread->isRunning() && (!function || job.calls == 1));
 
-    void waitExitFromWithin()
-    {
-        CBPQtThread thread(nullptr);
-        thread.setCB([](void *self) { static_cast<CBPQtThread *>(self)->WaitExit(); }, &thread);
-        thread.start();
-        QVERIFY(ended(thread));
-        QVERIFY(thread.IsStop());
+            job.calls = 0;
+            CBPQtThread other(nullptr);
+            if (function)
+                other.setCB(work, &job);
+            else
+                other.start();
+            other.WaitExit(); // its event loop may not have begun, and its function is not called
+            QVERIFY(other.isFinished());
+            QCOMPARE(job.calls.load(), 0);
+        }
     }
 
     void timer()
@@ -203,10 +189,10 @@ private Q_SLOTS:
         QCOMPARE(timer.interval(), 80);
         QCOMPARE(timer.timerCnt(), 0);
         timer.start();
-        QTRY_VERIFY(timer.timerCnt() >= 1);
+        AWAIT(timer.timerCnt() >= 1);
         timer.start(1);
         QCOMPARE(timer.timerCnt(), 0);
-        QTRY_VERIFY(timer.timerCnt() >= 3);
+        AWAIT(timer.timerCnt() >= 3);
         QCOMPARE(timer.interval(), 1);
         QVERIFY(QMetaObject::invokeMethod(&timer, "start", Q_ARG(int, 1000)));
         QCOMPARE(timer.timerCnt(), 0);
@@ -225,7 +211,7 @@ private Q_SLOTS:
         QVERIFY(!CWorkThreadMgr::instance()->isWndObjExist(this));
     }
 
-    // Thousands of waits, nested at random and ended at random, leave nothing behind.
+    // Many waits, nested at random and ended at random, leave nothing behind.
     void nothingIsLeft()
     {
         waitOnce(0); // what the first wait makes for good
@@ -239,7 +225,7 @@ private Q_SLOTS:
         QVERIFY(m_deepest > 3);
         for (int i = 0; i < EndingCount; ++i)
             QVERIFY2(m_endings[i] > kExecuters / 20, qPrintable(QString::number(i)));
-        QTRY_VERIFY(ProcessCounts::now().threads <= before.threads);
+        AWAIT(ProcessCounts::now().threads <= before.threads);
         const int more = int(ProcessCounts::now().handles - before.handles);
         QVERIFY2(more <= 8, qPrintable(QString::number(more)));
     }
@@ -338,7 +324,7 @@ private:
     // The jobs that nobody waits for end, and their executers go.
     static void settle()
     {
-        QTRY_COMPARE(Job::alive(), 0);
+        AWAIT_EQUAL(Job::alive(), 0);
         CWorkThreadMgr::WaitForAllExist();
     }
 
