@@ -290,23 +290,36 @@ private Q_SLOTS:
 
     void firstFocus_data()
     {
-        columns<int, int>("buttons", "focused");
-        QTest::newRow("OK") << (kOk | kCancel) << kOk;
-        QTest::newRow("OK among others") << (kOk | kNo | 0x80000 | 0x2) << kOk;
-        QTest::newRow("Yes") << (kNo | kYes | 0x10) << kYes;
-        QTest::newRow("OK, No") << (kOk | kNo) << kOk;
-        QTest::newRow("Restart now") << 0x600000 << 0x200000;
-        QTest::newRow("not Back") << (0x80000 | kNo) << kNo;
-        QTest::newRow("only Cancel") << kCancel << kCancel;
+        columns<int, QString, int>("buttons", "change", "focused");
+        row("OK", kOk | kCancel, "", kOk);
+        row("OK among others", kOk | kNo | 0x80000 | 0x2, "", kOk);
+        row("Yes", kNo | kYes | 0x10, "", kYes);
+        row("OK, No", kOk | kNo, "", kOk);
+        row("Restart now", 0x600000, "", 0x200000);
+        row("not Back", 0x80000 | kNo, "", kNo);
+        row("only Cancel", kCancel, "", kCancel);
+        row("the application's default", kOk | kNo, "default", kNo);
+        row("disabled", kOk | kNo, "disabled", kNo);
+        row("hidden", kOk | kNo, "hidden", kNo);
+        row("beside something", kOk | kNo, "beside", kOk);
     }
     // One rule for pop-ups and message boxes, and for the default button.
     void firstFocus()
     {
         QFETCH(int, buttons);
+        QFETCH(QString, change); // of a pop-up before it is shown
         QFETCH(int, focused);
         for (const bool isBox : {false, true}) {
+            if (isBox && !change.isEmpty())
+                continue;
             MsgBox box;
             PopUp w(nullptr, buttons);
+            if (change == "default")
+                w.GetBtn(focused)->setDefault(true);
+            else if (change == "beside")
+                w.PrependWidget(new QCheckBox);
+            else if (!change.isEmpty())
+                change == "disabled" ? w.EnableButton(kOk, false) : w.GetBtn(kOk)->hide();
             CBPPopWnd &dialog = isBox ? static_cast<CBPPopWnd &>(box) : w;
             later(&dialog, [&] {
                 QVERIFY(isInFront(dialog));
@@ -318,23 +331,6 @@ private Q_SLOTS:
                 box.messageWithLink(0, "Text", "Link", "", "", buttons);
             else
                 w.Run();
-        }
-    }
-
-    // The application's own default, one that is disabled, and a row that begins with something else.
-    void otherFocus()
-    {
-        PopUp own(nullptr, kOk | kNo);
-        own.GetBtn(kNo)->setDefault(true);
-        PopUp disabled(nullptr, kOk | kNo);
-        disabled.EnableButton(kOk, false);
-        PopUp beside(nullptr, kOk | kNo);
-        beside.PrependWidget(new QCheckBox);
-        for (const auto &[w, flag] :
-             {std::pair(&own, kNo), std::pair(&disabled, kNo), std::pair(&beside, kOk)}) {
-            w->show();
-            QVERIFY(isInFront(*w));
-            AWAIT_EQUAL(w->focusWidget(), w->GetBtn(flag));
         }
     }
 };

@@ -1,3 +1,4 @@
+#include "Acts.h"
 #include "CBPPopWnd.h"
 
 #include "CBPBox.h"
@@ -9,6 +10,7 @@
 #include "PopUpProbe.h"
 #include "Rows.h"
 #include "TestMain.h"
+#include "Ticks.h"
 #include "Util.h"
 
 #include <QVBoxLayout>
@@ -176,11 +178,14 @@ private Q_SLOTS:
         w.show();
         auto *button = qobject_cast<CBPWaitBtn *>(w.GetBtn(kCancel));
         button->Show(true);
-        for (const char *frame : {"00", "23", "00"}) {
-            const QString path =
-                Util::getResFullPath(QString("../res/loading/loading%1.png").arg(QLatin1String(frame)));
-            const QImage picture = lumqt::loadPixmap(path, qApp->devicePixelRatio()).toImage();
-            QVERIFY(QTest::qWaitFor([&] { return button->currentPixmap().toImage() == picture; }, 8000));
+        QTimer *timer = spinnerTimer();
+        tick(timer, 9);
+        for (int frame = 16; frame < 16 + 25; ++frame) {
+            tick(timer);
+            const QString file =
+                QString("../res/loading/loading%1.png").arg(frame % 24, 2, 10, QLatin1Char('0'));
+            const QPixmap picture = lumqt::loadPixmap(Util::getResFullPath(file), qApp->devicePixelRatio());
+            QVERIFY2(button->currentPixmap().toImage() == picture.toImage(), qPrintable(file));
             QVERIFY(button->text().isEmpty() && !button->icon().isNull() && !button->isEnabled());
         }
         button->exit(nullptr, false);
@@ -282,19 +287,12 @@ private Q_SLOTS:
         QPointer<PopUp> w(new PopUp(parent, kOk | kYes));
         QSignalSpy quits(w, &CBPPopWnd::sigQuit);
         QSignalSpy finished(w, &QDialog::finished);
+        const Deeds deeds{{"delete", [&] { destroy(w); }},
+                          {"parent", [&] { destroy(parent); }},
+                          {"close", [&] { w->OnClose(); }},
+                          {"other button", [&] { emit w->GetBtn(kYes)->released(); }}};
         int asked = 0;
-        const auto end = [&] {
-            if (asked++ > 0)
-                return;
-            if (how == "delete")
-                destroy(w);
-            else if (how == "parent")
-                destroy(parent);
-            else if (how == "close")
-                w->OnClose();
-            else
-                emit w->GetBtn(kYes)->released();
-        };
+        const auto end = [&] { asked++ > 0 ? void() : deeds[how](); };
         Callback callback;
         if (who == "button") {
             w->answer = [&](int) {
@@ -336,9 +334,7 @@ private Q_SLOTS:
             w.EnableButton(flag, by != "accept");
             return true;
         };
-        w.show();
-        w.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&w));
+        showActive(w);
         CBPPushBtn *button = w.GetBtn(kOk);
         if (by == "disable") // or it would be the focus that leaves
             button->setFocusPolicy(Qt::NoFocus);
@@ -382,9 +378,7 @@ private Q_SLOTS:
                 shown ? loop.exec() : button->run(&loop, false);
                 return false;
             };
-            w.show();
-            w.activateWindow();
-            QVERIFY(QTest::qWaitForWindowActive(&w));
+            showActive(w);
             AWAIT(button->hasFocus());
             QTest::keyClick(button, Qt::Key_Space);
             QCOMPARE(w.asked, QVector<int>{kOk});

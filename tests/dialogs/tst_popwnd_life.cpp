@@ -191,9 +191,7 @@ private Q_SLOTS:
         w.ShowTitleBtn(~0, true);
         auto *edit = new QLineEdit; // comes after the buttons, and is the first all the same
         w.AppendContent(edit, false, false, 0);
-        w.show();
-        w.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&w));
+        showActive(w);
         AWAIT(edit->hasFocus());
         CBPPushBtn *ok = w.GetBtn(kOk);
         QTest::keyClick(edit, Qt::Key_Return); // no button has the focus

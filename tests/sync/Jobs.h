@@ -73,6 +73,7 @@ struct Task
 {
     QSemaphore gate; // the job waits for it, if `gated`
     bool gated = false;
+    bool polls = false; // it runs until it is asked to stop
     unsigned long milliseconds = 0;
     unsigned long long result = 0; // 0: none is set
     std::atomic<bool> began{false};
@@ -108,8 +109,9 @@ protected:
         task->began = true;
         if (task->gated)
             task->gate.acquire();
-        if (task->milliseconds)
-            msleep(task->milliseconds);
+        while (task->polls && !isInterruptionRequested())
+            msleep(1);
+        msleep(task->milliseconds);
         if (task->result && !isInterruptionRequested())
             m_result = task->result;
         task->ended = true;

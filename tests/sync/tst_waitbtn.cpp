@@ -346,35 +346,29 @@ private Q_SLOTS:
         QCOMPARE(button.text(), QString("Details"));
     }
 
-    void expandTexts_data()
-    {
-        columns<QString>("text");
-        row("short", "Off");
-        row("up to the arrow", "A rather long caption of a row");
-        row("endless", QString(20000, 'w'));
-    }
     // The text is on one line, and ends before the arrow.
     void expandTexts()
     {
-        QFETCH(QString, text);
-        CExpandBtn button(frames(), text, QString());
-        const int wanted = QFontMetrics(lumqt::uiFont()).horizontalAdvance(text) + 2 * (16 + 16);
-        QVERIFY(button.sizeHint().width() >= qMin(wanted, QWIDGETSIZE_MAX));
-        QVERIFY(button.sizeHint().height() == 44 && button.height() == 44);
-        button.setFixedWidth(200);
-        button.setFocusPolicy(Qt::NoFocus);
-        button.setBgColor(QVector<QColor>(4, Qt::white));
-        const QRect beside(200 - 16 - 16 - 4, 0, 4, 44);
-        QVERIFY(inked(button, beside).isEmpty());
-        const QRect drawn = inked(button, QRect(0, 0, beside.left(), 44));
-        QVERIFY(drawn.width() > 10 && drawn.height() <= 20);
-        QVERIFY(drawn.left() >= 16 + 16);
-        button.show();
-        button.Show(true); // without a waiting text the button shows its own again afterwards
-        showFirstFrame();
-        QVERIFY(button.text().isEmpty());
-        button.Show(false);
-        QVERIFY(inked(button, button.rect()).height() <= 20);
+        for (const QString &text :
+             {QString("Off"), QString("A rather long caption of a row"), QString(20000, 'w')}) {
+            CExpandBtn button(frames(), text, QString());
+            const int wanted = QFontMetrics(lumqt::uiFont()).horizontalAdvance(text) + 2 * (16 + 16);
+            QVERIFY(button.sizeHint().width() >= qMin(wanted, QWIDGETSIZE_MAX));
+            QVERIFY(button.sizeHint().height() == 44 && button.height() == 44);
+            button.setFixedWidth(200);
+            button.setFocusPolicy(Qt::NoFocus);
+            button.setBgColor(QVector<QColor>(4, Qt::white));
+            const QRect beside(200 - 16 - 16 - 4, 0, 4, 44);
+            QVERIFY(inked(button, beside).isEmpty());
+            const QRect ink = inked(button, QRect(0, 0, beside.left(), 44));
+            QVERIFY2(ink.width() > 10 && ink.height() <= 20 && ink.left() >= 16 + 16, wordsOf(ink));
+            button.show();
+            button.Show(true); // without a waiting text the button shows its own again afterwards
+            showFirstFrame();
+            QVERIFY(button.text().isEmpty());
+            button.Show(false);
+            QVERIFY(inked(button, button.rect()).height() <= 20);
+        }
     }
 };
 

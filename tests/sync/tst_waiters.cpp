@@ -110,73 +110,63 @@ private Q_SLOTS:
         }
     }
 
-    void escape_data()
-    {
-        columns<bool, bool, int, int>("responds", "exits", "modifiers", "ends");
-        row("off", false, false, 0, 0);
-        row("a slot ends it", true, true, 0, 1);
-        row("no slot does", true, false, 0, 1);
-        row("Shift", true, false, int(Qt::ShiftModifier), 0);
-        row("Ctrl", true, false, int(Qt::ControlModifier), 0);
-    }
-    void escape()
-    {
-        QFETCH(bool, exits); // by a slot itself
-        QFETCH(int, modifiers);
-        QFETCH(int, ends);
-        Waiter w("Wait");
-        QFETCH(bool, responds);
-        w.SetRespondEsc(responds);
-        QSignalSpy escapes(&w, &CBPUISyncWaiter::sigPressEscape);
-        QSignalSpy finished(&w, &QDialog::finished);
-        QSignalSpy rejected(&w, &QDialog::rejected);
-        if (exits)
-            connect(&w, &CBPUISyncWaiter::sigPressEscape, [&] { w.exit(nullptr, false); });
-        const int result = exits || ends == 0;
-        later(&w, [&] {
-            QTest::keyClick(&w, Qt::Key_Escape, Qt::KeyboardModifiers(modifiers));
-            QCOMPARE(w.isVisible(), ends == 0);
-            QCOMPARE(escapes.size(), ends);
-            QCOMPARE(finished.size(), ends);
-            QCOMPARE(rejected.size(), ends);
-            QCOMPARE(w.GetResult(), result);
-            QTest::keyClick(&w, Qt::Key_A);
-            if (w.isVisible())
-                w.exit(nullptr, false);
-        });
-        w.run(nullptr, false);
-        QCOMPARE(escapes.size(), ends);
-        QCOMPARE(w.GetResult(), result);
-        w.exit(nullptr, false); // the job is over
-        QCOMPARE(w.GetResult(), 1);
-    }
-
     void syncWaiterEnds_data()
     {
-        names("how", {"deleted", "parent deleted", "parent hidden", "deleted by Escape", "deleted by its end",
-                      "while it is being shown"});
+        columns<QString, bool, int, int>("how", "responds", "result", "escapes");
+        for (const char *how : {"exit", "while shown", "parent hidden"})
+            row(how, how, true, 1, 0);
+        row("Escape", "Escape", true, 0, 1);
+        row("Escape, off", "Escape", false, kGoesOn, 0);
+        row("Escape, a slot exits", "Escape, exit", true, 1, 1);
+        for (const char *how : {"Shift", "Ctrl", "another key"})
+            row(how, how, true, kGoesOn, 0);
+        for (const char *how : {"deleted", "parent deleted", "exit, deleted"})
+            row(how, how, true, kDeleted, 0);
+        row("Escape, deleted", "Escape, deleted", true, kDeleted, 1);
     }
     void syncWaiterEnds()
     {
         QFETCH(QString, how);
+        QFETCH(bool, responds);
+        QFETCH(int, result);
         const QPointer<QWidget> parent(new QWidget);
         parent->show();
         QPointer<Waiter> w(new Waiter("Wait", parent));
-        w->SetRespondEsc(true);
-        const auto end = [&w] { w->exit(nullptr, false); };
-        if (how == "deleted by Escape")
-            connect(w, &CBPUISyncWaiter::sigPressEscape, [&] { destroy(w); });
-        else if (how == "deleted by its end")
-            connect(w, &CBPPopWnd::sigQuit, [&] { destroy(w); });
-        if (how == "while it is being shown")
-            w->onShow = end;
+        w->SetRespondEsc(responds);
+        QSignalSpy escapes(w, &CBPUISyncWaiter::sigPressEscape);
+        QSignalSpy finished(w, &QDialog::finished);
+        QSignalSpy rejected(w, &QDialog::rejected);
+        const std::function<void()> exit = [&] { w->exit(nullptr, false); };
         const Deeds deeds{{"deleted", [&] { destroy(w); }},
                           {"parent deleted", [&] { destroy(parent); }},
                           {"parent hidden", [&] { parent->hide(); }},
-                          {"deleted by Escape", [&] { QTest::keyClick(w, Qt::Key_Escape); }}};
-        later(w, deeds.value(how, end));
+                          {"Escape", [&] { QTest::keyClick(w, Qt::Key_Escape); }},
+                          {"Shift", [&] { QTest::keyClick(w, Qt::Key_Escape, Qt::ShiftModifier); }},
+                          {"Ctrl", [&] { QTest::keyClick(w, Qt::Key_Escape, Qt::ControlModifier); }},
+                          {"another key", [&] { QTest::keyClick(w, Qt::Key_A); }}};
+        const QStringList parts = how.split(", "); // what is done, and by a slot of what it sets going
+        if (how.startsWith("Escape, "))
+            connect(w, &CBPUISyncWaiter::sigPressEscape, deeds.value(parts.value(1), exit));
+        else if (parts.size() > 1)
+            connect(w, &CBPPopWnd::sigQuit, deeds[parts[1]]);
+        if (how == "while shown")
+            w->onShow = exit;
+        else
+            later(w, [&] {
+                deeds.value(parts[0], exit)();
+                QCOMPARE(w && w->isVisible(), result == kGoesOn);
+                if (result == kGoesOn)
+                    exit();
+            });
         QCOMPARE(w->run(nullptr, false), 0);
-        QCOMPARE(!w, how.contains("deleted"));
+        QTEST(escapes.size(), "escapes");
+        QCOMPARE(!w, result == kDeleted);
+        if (w) {
+            QVERIFY(!w->isVisible() && finished.size() == 1 && rejected.size() == 1);
+            QCOMPARE(w->GetResult(), result == kGoesOn ? 1 : result);
+            exit(); // the job is over
+            QCOMPARE(w->GetResult(), 1);
+        }
         delete parent;
     }
 
