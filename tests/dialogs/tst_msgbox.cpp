@@ -192,14 +192,13 @@ private Q_SLOTS:
                 box = new MsgBox(parent);
                 const auto end = [&] { destroy(what.startsWith("parent") ? parent.data() : box.data()); };
                 connect(box, &CMsgBox::sigLinkClicked, end);
-                if (what.endsWith("Return"))
-                    connect(box, &CMsgBox::sigQuit, end);
                 later(box, [&] {
                     auto *link = box->findChild<CBPLinkerButton *>();
                     CBPLineEdit *edit = box->edits().value(0);
                     if (what == "by the link" && link) {
                         emit link->sigLinkerClick(0);
                     } else if (what.endsWith("Return") && edit) { // which is in the middle of its key then
+                        connect(box, &CMsgBox::sigQuit, end);
                         edit->setText("abc]");
                         QTest::keyClick(edit, Qt::Key_Return);
                     } else {
@@ -250,6 +249,7 @@ private Q_SLOTS:
             QSignalSpy clicks(&box, &CMsgBox::sigLinkClicked);
             box.whileRunning([&] {
                 auto *link = box.findChild<CBPLinkerButton *>();
+                box.grab();
                 QVERIFY(link->isVisible() && link->y() > box.label("Text")->geometry().bottom());
                 QCOMPARE(link->text(), text);
                 QCOMPARE(link->toolTip(), text.size() > 100 ? text : QString());
