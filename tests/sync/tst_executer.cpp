@@ -413,6 +413,17 @@ private Q_SLOTS:
         delete windowAlive.data();
     }
 
+    // Nor is the next wait ended, by what ends one whose window goes.
+    void waiterDestroyedBetweenWaits()
+    {
+        Job job(nullptr, nullptr, gatedTask(22), nullptr, QStringLiteral("STR_GLOBAL_UNIQUE"));
+        for (int time = 0; time < 2; ++time) {
+            QTimer::singleShot(40, &job, [&] { job.task().gate.release(); });
+            QCOMPARE(job.execute(), 22ULL);
+            qDeleteAll(waiters());
+        }
+    }
+
     void waitingButton()
     {
         QWidget window;

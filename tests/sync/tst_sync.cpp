@@ -89,6 +89,24 @@ private Q_SLOTS:
             QCOMPARE(loop.exec(), 0);
             QVERIFY(!loop.isRunning());
         }
+        // What keeps a loop turning until it is left does so no longer.
+        class Nudges : public QObject
+        {
+        public:
+            int count = 0;
+
+        protected:
+            bool eventFilter(QObject *object, QEvent *event) override
+            {
+                count += event->type() == QEvent::Timer && !qobject_cast<QTimer *>(object);
+                return false;
+            }
+        } nudges;
+        qApp->installEventFilter(&nudges);
+        CBPQtTimer longer(nullptr);
+        longer.start(20);
+        AWAIT(longer.timerCnt() >= 2);
+        QCOMPARE(nudges.count, 0);
     }
 
     void syncObject()
@@ -164,10 +182,16 @@ private Q_SLOTS:
             job.polls = true;
             QObject parent; // goes first, and the thread with it
             auto *thread = job.thread = new CBPQtThread(&parent);
+            auto *inside = new QObject;
+            inside->moveToThread(thread);
             if (function)
                 thread->setCB(work, &job);
+            else
+                QMetaObject::invokeMethod(inside, [&job] { ++job.calls; });
             thread->start();
-            AWAIT(thread->isRunning() && (!function || job.calls == 1));
+            AWAIT_EQUAL(job.calls.load(), 1);
+            QVERIFY(thread->isRunning());
+            inside->deleteLater();
 
             job.calls = 0;
             CBPQtThread other(nullptr);

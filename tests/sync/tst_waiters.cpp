@@ -234,6 +234,10 @@ private Q_SLOTS:
             qApp->notify(&w, &hidden); // sendEvent() makes it one of the program
             const int rest = intervals(w).constFirst();
             QVERIFY2(rest > 100000 && rest <= 200000, QByteArray::number(rest));
+            QTest::qSleep(
+                2); // a tick that comes early is not the last one, nor is it a whole time until the next
+            QMetaObject::invokeMethod(&w, "on_timeout", Qt::DirectConnection);
+            QVERIFY(w.isVisible() && intervals(w).constFirst() < rest);
             QShowEvent shown;
             qApp->notify(&w, &shown);
             QCOMPARE(intervals(w), (QList<int>{30, 300000}));
@@ -283,6 +287,7 @@ private Q_SLOTS:
             if (whileShown && ends.contains(how))
                 continue;
             const QPointer<QWidget> parent(new QWidget);
+            parent->resize(400, 300);
             parent->show();
             m_dialog = new Dialog(parent, "Loading", 300000000, false);
             m_dialog->SetRespondEsc(responds);
@@ -290,8 +295,11 @@ private Q_SLOTS:
             QSignalSpy rejections(m_dialog, &QDialog::rejected);
             if (how == "when finished")
                 connect(m_dialog, &QDialog::finished, [&] { destroy(m_dialog); });
-            if (whileShown)
-                m_dialog->onShow = end;
+            m_dialog->onShow = [&] {
+                QVERIFY(parent->frameGeometry().contains(m_dialog->geometry()));
+                if (whileShown)
+                    end();
+            };
             if (!whileShown || result == kGoesOn)
                 later(m_dialog, [&] {
                     if (!whileShown)
