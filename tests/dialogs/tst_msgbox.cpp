@@ -48,6 +48,7 @@ void verifyFits(MsgBox &box, QLabel *label, bool scrolls)
 
 void verifyScrolling(const MsgBox &box, const QScrollArea &area, bool wide)
 {
+    QCOMPARE(area.viewport()->pos(), QPoint(2 + 3, 2)); // the mark of the focus has room, and some air
     if (wide) {
         QCOMPARE(box.width(), 1024);
         QVERIFY(area.horizontalScrollBar()->maximum() > 0);
@@ -108,6 +109,7 @@ private Q_SLOTS:
                 }));
                 QLabel *heading = box.label("<font color=\"#4baeb3\">" + head + "</font>");
                 QVERIFY(heading && heading->isVisible() == !head.isEmpty());
+                QCOMPARE(heading->font().pixelSize(), 16);
                 QVERIFY(box.label("Text" + head)->isVisible());
                 box.grab();
             });
@@ -127,6 +129,8 @@ private Q_SLOTS:
             QCOMPARE(box.contentBox()->contentsMargins(), QMargins(12, 0, 12, 0));
             QCOMPARE(box.statusBox()->contentsMargins(), QMargins(12, 0, 12, 16));
             QVERIFY(box.label("Text")->wordWrap() && !box.findChild<CBPLinkerButton *>()->isVisible());
+            const QLayout *row = box.label("Text")->parentWidget()->layout();
+            QCOMPARE(box.label("Text")->x() - row->itemAt(0)->geometry().right(), 21); // beside the icon
             QCOMPARE(box.label("Text")->palette().color(QPalette::WindowText), QColor(51, 51, 51));
         });
         box.message(0, "Text", "", kOk);
@@ -367,6 +371,10 @@ private Q_SLOTS:
                     QVERIFY(ink.right() < label->width() - 1);
                 }
                 QVERIFY(width ? box.width() > 500 : box.width() == 500);
+                if (how.isEmpty() && text.endsWith("it\n")) { // which fills the box
+                    const QLabel *heading = box.label("<font color=\"#4baeb3\">" + head + "</font>");
+                    QCOMPARE(heading->y(), 14);
+                }
                 // Over where it was, as far as the screen allows. A window system that is asked to move and
                 // resize at once may answer in any order.
                 if (later && text != "Text" && QGuiApplication::platformName() == "offscreen") {
@@ -431,6 +439,9 @@ private Q_SLOTS:
             QVERIFY(check->toolTip() == (cut ? text : QString()) && check->accessibleName() == text);
             QCOMPARE(check->size().boundedTo(check->sizeHint()), check->sizeHint());
             QVERIFY(isWholeIn(check, &box));
+            QVERIFY(!cut || check->text().count('\n') == 5);
+            if (check->text().contains('\n'))
+                QCOMPARE(box.statusBox()->height(), check->height() + 34);
             const auto all = box.findChildren<CBPPushBtn *>();
             for (const CBPPushBtn *button : all) {
                 QVERIFY(isWholeIn(button, &box));

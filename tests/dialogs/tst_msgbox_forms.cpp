@@ -167,7 +167,7 @@ private Q_SLOTS:
                         QCOMPARE(secret, edit != edits[0] || !(fields & kUser));
                         QCOMPARE(edit->maxLength(), secret ? 9 : 128);
                         QCOMPARE(edit->objectName(), QString("DefaultLineEdit"));
-                        QVERIFY(edit->width() <= 300 &&
+                        QVERIFY(edit->width() == 300 &&
                                 edit->textMargins().left() > 0); // which is the icon's
                         CBPLineEdit plain(
                             Util::getResFullPath(secret ? "../res/icon_lock.png" : "../res/icon_user.png"));
@@ -181,7 +181,10 @@ private Q_SLOTS:
                     if (shown)
                         QVERIFY(shown->isVisible() && shown->wordWrap() &&
                                 shown->palette().color(QPalette::WindowText) == QColor(255, 0, 0));
-                    QVERIFY(box.label("Please enter the password.")->isVisible());
+                    const QLabel *prompt = box.label("Please enter the password.");
+                    QVERIFY(prompt->isVisible() && prompt->pos() == QPoint(0, 0));
+                    if (!edits.isEmpty())
+                        QCOMPARE(edits[0]->y() - prompt->height(), 15);
                 });
                 box.showUserAndPasswordBox(0, "", fields, 9, kOk | kCancel, "", "", "", hint);
             }

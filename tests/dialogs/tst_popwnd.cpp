@@ -4,6 +4,7 @@
 #include "CBPBox.h"
 #include "CBPEvtLoop.h"
 #include "CBPWaitBtn.h"
+#include "foundation/FontLookup.h"
 #include "foundation/ImageLoader.h"
 #include "Pixels.h"
 #include "platform/Platform.h"
@@ -155,8 +156,9 @@ private Q_SLOTS:
         }
         // Wider for its text, up to 480 pixels.
         for (const int flag : {kCancel, kNo}) {
-            w.ResetBtnText(flag, "A text that needs more room than that");
-            QVERIFY(w.GetBtn(flag)->width() > 85);
+            const QString wide = "A text that needs more room than that";
+            w.ResetBtnText(flag, wide);
+            QCOMPARE(w.GetBtn(flag)->width(), QFontMetrics(lumqt::uiFont()).horizontalAdvance(wide) + 20);
             w.ResetBtnText(flag, QString(20000, 'w'));
             QCOMPARE(w.GetBtn(flag)->width(), 480);
             w.ResetBtnText(flag, "A & B");
@@ -270,48 +272,41 @@ private Q_SLOTS:
         QCOMPARE(w.isVisible(), callback.isEmpty() || asked.verdict == -1);
     }
 
-    void endedWhileAsked_data()
-    {
-        columns<QString, QString>("who", "how");
-        for (const char *who : {"button", "callback"}) {
-            for (const char *how : {"close", "other button", "delete", "parent"})
-                QTest::addRow("%s, %s", who, how) << who << how;
-        }
-    }
+    void endedWhileAsked_data() { names("how", {"close", "other button", "delete", "parent"}); }
     void endedWhileAsked()
     {
-        QFETCH(QString, who);
         QFETCH(QString, how);
-        QPointer<QWidget> parent(new QWidget);
-        parent->show();
-        QPointer<PopUp> w(new PopUp(parent, kOk | kYes));
-        QSignalSpy quits(w, &CBPPopWnd::sigQuit);
-        QSignalSpy finished(w, &QDialog::finished);
-        const Deeds deeds{{"delete", [&] { destroy(w); }},
-                          {"parent", [&] { destroy(parent); }},
-                          {"close", [&] { w->OnClose(); }},
-                          {"other button", [&] { emit w->GetBtn(kYes)->released(); }}};
-        int asked = 0;
-        const auto end = [&] { asked++ > 0 ? void() : deeds[how](); };
-        Callback callback;
-        if (who == "button") {
-            w->answer = [&](int) {
-                end();
-                return true;
-            };
-        } else {
-            w->SetBtnClickCB(&Callback::call, &callback);
+        for (const bool byCallback : {false, true}) {
+            QPointer<QWidget> parent(new QWidget);
+            parent->show();
+            QPointer<PopUp> w(new PopUp(parent, kOk | kYes));
+            QSignalSpy quits(w, &CBPPopWnd::sigQuit);
+            QSignalSpy finished(w, &QDialog::finished);
+            const Deeds deeds{{"delete", [&] { destroy(w); }},
+                              {"parent", [&] { destroy(parent); }},
+                              {"close", [&] { w->OnClose(); }},
+                              {"other button", [&] { emit w->GetBtn(kYes)->released(); }}};
+            int asked = 0;
+            const auto end = [&] { asked++ > 0 ? void() : deeds[how](); };
+            Callback callback;
+            if (byCallback)
+                w->SetBtnClickCB(&Callback::call, &callback);
+            else
+                w->answer = [&](int) {
+                    end();
+                    return true;
+                };
             callback.act = end;
+            w->show();
+            QTest::mouseClick(w->GetBtn(kOk), Qt::LeftButton);
+            QVERIFY(asked > 0);
+            QCOMPARE(w.isNull(), how == "delete" || how == "parent");
+            if (w) { // the first end holds, and happens once
+                QCOMPARE(w->GetResult(), how == "close" ? kCancel : kYes);
+                QVERIFY(!w->isVisible() && quits.size() == 1 && finished.size() == 1);
+            }
+            delete parent;
         }
-        w->show();
-        QTest::mouseClick(w->GetBtn(kOk), Qt::LeftButton);
-        QVERIFY(asked > 0);
-        QCOMPARE(w.isNull(), how == "delete" || how == "parent");
-        if (w) { // the first end holds, and happens once
-            QCOMPARE(w->GetResult(), how == "close" ? kCancel : kYes);
-            QVERIFY(!w->isVisible() && quits.size() == 1 && finished.size() == 1);
-        }
-        delete parent;
     }
 
     void brokenPresses_data()

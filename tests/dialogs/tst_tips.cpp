@@ -346,6 +346,10 @@ private slots:
         const QLabel *label = tip.findChild<QLabel *>();
         QCOMPARE(drawn(tip).pixelColor(0, 0), QColor(0x10, 0x1c, 0x2d));
         QVERIFY(qGray(label->palette().color(QPalette::WindowText).rgb()) > 200);
+        for (const int grey : {149, 150}) {
+            tip.SetBkgColor(QColor(grey, grey, grey));
+            QCOMPARE(label->palette().color(QPalette::WindowText).lightness() > 200, grey < 150);
+        }
         tip.SetBkgColor(QColor(250, 240, 200));
         QCOMPARE(drawn(tip).pixelColor(tip.width() - 1, tip.height() - 1), QColor(250, 240, 200));
         QVERIFY(qGray(label->palette().color(QPalette::WindowText).rgb()) < 60);
