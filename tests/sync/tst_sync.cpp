@@ -257,92 +257,61 @@ private Q_SLOTS:
 private:
     int upTo(int highest) { return int(m_random.bounded(highest + 1)); }
 
-    // What one wait is made of. What may die in it is watched.
-    struct Scene
-    {
-        QPointer<QuitWindow> window;
-        bool ownsWindow = true;
-        Recorder *plain = nullptr;
-        QPointer<CBPWaitBtn> button;
-        QPointer<Job> job;
-        bool waiting = true;
-
-        CBPSyncObj *sync() const { return plain ? plain : static_cast<CBPSyncObj *>(button.data()); }
-    };
-
-    // Most wait in what shows nothing, some in a button, some in the window that the executer makes.
-    void furnish(Scene &scene)
-    {
-        const int kind = upTo(19);
-        if (kind == 0)
-            return;
-        if (kind == 1)
-            scene.button = new CBPWaitBtn({}, QStringLiteral("Start"), QString(), &m_page, true);
-        else
-            scene.plain = new Recorder;
-    }
-
-    void end(Scene &scene, Ending ending)
-    {
-        if (!scene.waiting)
-            return;
-        if (ending == WindowQuits && scene.window) {
-            scene.window->quit();
-        } else if (ending == WindowDies) {
-            delete scene.window.data();
-        } else if (ending == SyncDies) {
-            delete scene.plain;
-            scene.plain = nullptr;
-            delete scene.button.data();
-        } else if (ending == BrokenOff) {
-            CBPUISyncWaiter *waiter = shownWaiter();
-            if (scene.plain)
-                scene.plain->breakOff();
-            else if (scene.button)
-                scene.button->exit(nullptr, false);
-            else if (waiter) {
-                waiter->SetRespondEsc(true);
-                QTest::keyClick(waiter, Qt::Key_Escape);
-            }
-        } else if (ending == Deleted && scene.job) {
-            upTo(1) == 0 ? scene.job->deleteLater() : delete scene.job.data();
-        }
-    }
-
     // Makes an executer, under a window of its own or one that others wait under, and waits for it.
     void waitOnce(int depth, QuitWindow *shared = nullptr)
     {
         ++m_made;
         m_deepest = qMax(m_deepest, depth);
-        Scene scene;
-        scene.ownsWindow = !shared;
-        scene.window = shared ? shared : new QuitWindow;
-        furnish(scene);
+        const QPointer<QuitWindow> window(shared ? shared : new QuitWindow);
+        // Most wait in what shows nothing, some in a button, some in the window that the executer makes.
+        const int kind = upTo(19);
+        std::unique_ptr<Recorder> plain(kind > 1 ? new Recorder : nullptr);
+        const QPointer<CBPWaitBtn> button(kind == 1 ? new CBPWaitBtn({}, "Start", "", &m_page, true)
+                                                    : nullptr);
+        CBPSyncObj *sync = plain ? plain.get() : static_cast<CBPSyncObj *>(button.data());
+        const QPointer<Job> job(new Job(sync, window, timedTask(upTo(kLongestMs), 7)));
         const auto ending = Ending(upTo(EndingCount - 1));
         ++m_endings[ending];
-        scene.job = new Job(scene.sync(), scene.window, timedTask(upTo(kLongestMs), 7));
-        QObject context; // what is meant for this wait goes with it
-        QTimer::singleShot(upTo(kLongestMs), &context, [&, ending] { end(scene, ending); });
+        const auto end = [&] {
+            if (ending == WindowQuits && window) {
+                window->quit();
+            } else if (ending == WindowDies) {
+                delete window.data();
+            } else if (ending == SyncDies) {
+                plain.reset();
+                delete button.data();
+            } else if (ending == BrokenOff && plain) {
+                plain->breakOff();
+            } else if (ending == BrokenOff && button) {
+                button->exit(nullptr, false);
+            } else if (CBPUISyncWaiter *waiter = ending == BrokenOff ? shownWaiter() : nullptr) {
+                waiter->SetRespondEsc(true);
+                QTest::keyClick(waiter, Qt::Key_Escape);
+            } else if (ending == Deleted && job) {
+                upTo(1) == 0 ? job->deleteLater() : delete job.data();
+            }
+        };
+        auto context = std::make_unique<QObject>(); // what is meant for this wait goes with it
+        QTimer::singleShot(upTo(kLongestMs), context.get(), end);
         const int nested = depth < kDeepest ? upTo(2) : 0;
         for (int i = 0; i < nested && m_made < kExecuters; ++i) {
             const bool sameWindow = upTo(2) == 0;
-            QTimer::singleShot(upTo(kLongestMs), &context, [&, depth, sameWindow] {
+            QTimer::singleShot(upTo(kLongestMs), context.get(), [&, depth, sameWindow] {
                 if (m_made < kExecuters)
-                    waitOnce(depth + 1, sameWindow ? scene.window.data() : nullptr);
+                    waitOnce(depth + 1, sameWindow ? window.data() : nullptr);
             });
         }
-        const unsigned long long result = scene.job->execute();
-        scene.waiting = false;
+        const unsigned long long result = job->execute();
+        context.reset();
         ++m_returned;
         QVERIFY(result == 7 || result == 0x1001);
-        if (scene.job && scene.job->isNeedDelete() && upTo(9) == 0)
-            scene.job->execute(); // and once more
-        if (scene.job && scene.job->isNeedDelete())
-            delete scene.job.data();
-        delete scene.plain;
-        delete scene.button.data();
-        if (scene.ownsWindow)
-            delete scene.window.data();
+        if (job && job->isNeedDelete() && upTo(9) == 0)
+            job->execute(); // and once more
+        if (job && job->isNeedDelete())
+            delete job.data();
+        delete button.data();
+        if (!shared)
+            delete window.data();
     }
 
     // The jobs that nobody waits for end, and their executers go.
