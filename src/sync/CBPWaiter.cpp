@@ -167,6 +167,8 @@ void CBPWaiter::on_timeout()
         done(kEnded); // the dialog may be gone after this
         return;
     }
+    if (m_resting) // the one tick came early, as timers may
+        restartTimer();
     update();
 }
 

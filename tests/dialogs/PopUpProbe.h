@@ -2,8 +2,10 @@
 
 #include "CBPPopWnd.h"
 
+#include "Await.h"
+#include "Later.h"
+
 #include <QImage>
-#include <QTimer>
 
 #include <functional>
 
@@ -45,18 +47,6 @@ protected:
             onShow();
     }
 };
-
-// Out of line, as compilers see through the deletion of what lives on the stack.
-Q_NEVER_INLINE inline void destroy(QObject *object)
-{
-    delete object;
-}
-
-// Once control is back in the event loop.
-inline void later(QObject *context, const std::function<void()> &act)
-{
-    QTimer::singleShot(0, context, act);
-}
 
 inline QImage shot(QWidget &widget)
 {

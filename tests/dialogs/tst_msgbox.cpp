@@ -1,6 +1,8 @@
 #include "CMsgBox.h"
 
 #include "MsgBoxProbe.h"
+#include "Pixels.h"
+#include "platform/Platform.h"
 #include "Rows.h"
 #include "TestMain.h"
 #include "Util.h"
@@ -8,6 +10,8 @@
 #include <QAccessible>
 #include <QClipboard>
 #include <QDesktopServices>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTranslator>
 #include <QVBoxLayout>
 
@@ -27,6 +31,34 @@ public:
     }
 };
 
+QString longWord(int length)
+{
+    return QString(length, QLatin1Char('m'));
+}
+
+// The label is whole, if only by scrolling, and so is the button below it.
+void verifyFits(MsgBox &box, QLabel *label, bool scrolls)
+{
+    AWAIT_EQUAL(box.findChild<QScrollArea *>() != nullptr, scrolls);
+    AWAIT(label->height() >= label->heightForWidth(label->width()));
+    QVERIFY(isWholeIn(label, scrolls ? box.findChild<QScrollArea *>()->widget() : &box));
+    QVERIFY(isWholeIn(box.GetBtn(kOk), &box));
+    QVERIFY(box.height() <= 600);
+}
+
+void verifyScrolling(const MsgBox &box, const QScrollArea &area, bool wide)
+{
+    QCOMPARE(area.viewport()->pos(), QPoint(2 + 3, 2)); // the mark of the focus has room, and some air
+    if (wide) {
+        QCOMPARE(box.width(), 1024);
+        QVERIFY(area.horizontalScrollBar()->maximum() > 0);
+        AWAIT_EQUAL(area.verticalScrollBar()->maximum() > 0, box.height() == 600);
+    } else {
+        AWAIT(area.verticalScrollBar()->isVisible() && area.verticalScrollBar()->maximum() > 0);
+        QVERIFY(area.horizontalScrollBar()->maximum() == 0 && (area.focusPolicy() & Qt::TabFocus));
+    }
+}
+
 } // namespace
 
 class TestMsgBox : public QObject
@@ -34,6 +66,8 @@ class TestMsgBox : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void cleanup() { lumqt::platform::answers() = m_answers; }
+
     // ------------------------------------------------------------------------------------------------------
     // content
 
@@ -58,10 +92,16 @@ private Q_SLOTS:
         };
         const QImage picture = comparable(QImage(Util::getResFullPath("../res/" + icon)));
         QVERIFY(!picture.isNull());
-        for (const QString &caption : {QString(), QString("Own")}) {
+        QTranslator english;
+        QVERIFY(english.load(Util::getResFullPath("../res/lumqtlib_en.qm")));
+        for (const QString caption : {"", "Own", "english"}) {
+            const bool isOwn = caption == "Own";
+            if (caption == "english")
+                QCoreApplication::installTranslator(&english);
             MsgBox box;
             box.whileRunning([&] {
-                QCOMPARE(box.windowTitle(), caption.isEmpty() ? title : caption);
+                const QString own = caption == "english" ? QString(title).remove("{caption}") : title;
+                QCOMPARE(box.windowTitle(), isOwn ? caption : own);
                 const auto labels = box.findChildren<QLabel *>();
                 QVERIFY(std::any_of(labels.begin(), labels.end(), [&](const QLabel *label) {
                     const QImage shown = label->pixmap(Qt::ReturnByValue).toImage();
@@ -69,11 +109,13 @@ private Q_SLOTS:
                 }));
                 QLabel *heading = box.label("<font color=\"#4baeb3\">" + head + "</font>");
                 QVERIFY(heading && heading->isVisible() == !head.isEmpty());
+                QCOMPARE(heading->font().pixelSize(), 16);
                 QVERIFY(box.label("Text" + head)->isVisible());
                 box.grab();
             });
-            QCOMPARE(box.message(type, "Text" + head, head, kOk, caption), -1);
+            QCOMPARE(box.message(type, "Text" + head, head, kOk, isOwn ? caption : QString()), -1);
         }
+        QCoreApplication::removeTranslator(&english);
     }
 
     void frame()
@@ -87,6 +129,8 @@ private Q_SLOTS:
             QCOMPARE(box.contentBox()->contentsMargins(), QMargins(12, 0, 12, 0));
             QCOMPARE(box.statusBox()->contentsMargins(), QMargins(12, 0, 12, 16));
             QVERIFY(box.label("Text")->wordWrap() && !box.findChild<CBPLinkerButton *>()->isVisible());
+            const QLayout *row = box.label("Text")->parentWidget()->layout();
+            QCOMPARE(box.label("Text")->x() - row->itemAt(0)->geometry().right(), 21); // beside the icon
             QCOMPARE(box.label("Text")->palette().color(QPalette::WindowText), QColor(51, 51, 51));
         });
         box.message(0, "Text", "", kOk);
@@ -146,17 +190,24 @@ private Q_SLOTS:
             [&] { return box->showUserAndPasswordBox(0, "Text", 7, 9, kOk); },
         };
         for (const auto &call : calls) {
-            for (const QString what : {"box", "parent", "by the link"}) {
+            for (const QString what : {"box", "parent", "by the link", "box by Return", "parent by Return"}) {
                 QPointer<QWidget> parent(new QWidget);
                 parent->show();
                 box = new MsgBox(parent);
-                connect(box, &CMsgBox::sigLinkClicked, [&] { destroy(box); });
+                const auto end = [&] { destroy(what.startsWith("parent") ? parent.data() : box.data()); };
+                connect(box, &CMsgBox::sigLinkClicked, end);
                 later(box, [&] {
                     auto *link = box->findChild<CBPLinkerButton *>();
-                    if (what == "by the link" && link)
+                    CBPLineEdit *edit = box->edits().value(0);
+                    if (what == "by the link" && link) {
                         emit link->sigLinkerClick(0);
-                    else
-                        destroy(what == "parent" ? parent.data() : box.data());
+                    } else if (what.endsWith("Return") && edit) { // which is in the middle of its key then
+                        connect(box, &CMsgBox::sigQuit, end);
+                        edit->setText("abc]");
+                        QTest::keyClick(edit, Qt::Key_Return);
+                    } else {
+                        end();
+                    }
                 });
                 QCOMPARE(call(), -1);
                 QVERIFY2(!box, qPrintable(what));
@@ -196,19 +247,24 @@ private Q_SLOTS:
     {
         QFETCH(QString, target);
         QDesktopServices::setUrlHandler("lumqt-test", this, "noteUrl");
-        m_opened.clear();
-        MsgBox box;
-        QSignalSpy clicks(&box, &CMsgBox::sigLinkClicked);
-        box.whileRunning([&] {
-            auto *link = box.findChild<CBPLinkerButton *>();
-            QVERIFY(link->isVisible() && link->y() > box.label("Text")->geometry().bottom());
-            QCOMPARE(link->text(), QString("<b>Read & more"));
-            QTest::mouseClick(link, Qt::LeftButton);
-            QVERIFY(box.isVisible());
-        });
-        box.messageWithLink(0, "Text", "<b>Read & more", target, "", kOk);
-        QTEST(m_opened.join(' '), "opened");
-        QVERIFY(clicks.size() == 1 && clicks[0][0].toString() == target);
+        for (const QString &text : {QString("<b>Read & more"), longWord(20000)}) {
+            m_opened.clear();
+            MsgBox box;
+            QSignalSpy clicks(&box, &CMsgBox::sigLinkClicked);
+            box.whileRunning([&] {
+                auto *link = box.findChild<CBPLinkerButton *>();
+                box.grab();
+                QVERIFY(link->isVisible() && link->y() > box.label("Text")->geometry().bottom());
+                QCOMPARE(link->text(), text);
+                QCOMPARE(link->toolTip(), text.size() > 100 ? text : QString());
+                QVERIFY(box.width() == 500 && isWholeIn(link, &box));
+                QTest::mouseClick(link, Qt::LeftButton);
+                QVERIFY(box.isVisible());
+            });
+            box.messageWithLink(0, "Text", text, target, "", kOk);
+            QTEST(m_opened.join(' '), "opened");
+            QVERIFY(clicks.size() == 1 && clicks[0][0].toString() == target);
+        }
         QDesktopServices::unsetUrlHandler("lumqt-test");
     }
 
@@ -223,30 +279,15 @@ private Q_SLOTS:
             QCOMPARE(box.GetBtn(kYes)->text(), QString("Yes"));
             box.ResetBtnText(kNo, "Never");
             QCoreApplication::installTranslator(&marker);
-            QTRY_COMPARE(box.windowTitle(), QString("*{caption}Error"));
+            AWAIT_EQUAL(box.windowTitle(), QString("*{caption}Error"));
             QCOMPARE(box.GetBtn(kYes)->text(), QString("*Yes"));
             QCOMPARE(box.GetBtn(kNo)->text(), QString("Never"));
             box.SetWindowTitle("Own"); // which stays
             QCoreApplication::removeTranslator(&marker);
-            QTRY_COMPARE(box.GetBtn(kYes)->text(), QString("Yes"));
+            AWAIT_EQUAL(box.GetBtn(kYes)->text(), QString("Yes"));
             QCOMPARE(box.windowTitle(), QString("Own"));
         });
         box.message(3, "Text", "", kYes | kNo);
-    }
-
-    void catalogue()
-    {
-        QTranslator english;
-        QVERIFY(english.load(Util::getResFullPath("../res/lumqtlib_en.qm")));
-        QCoreApplication::installTranslator(&english);
-        QStringList titles;
-        for (int type = 0; type < 4; ++type) {
-            MsgBox box;
-            box.whileRunning([&] { titles << box.windowTitle() << box.GetBtn(kCancel)->text(); });
-            box.message(type, "Text", "", kCancel);
-        }
-        QCoreApplication::removeTranslator(&english);
-        QCOMPARE(titles.join(' '), QString("Message Cancel Question Cancel Warning Cancel Error Cancel"));
     }
 
     void spokenAndCopied()
@@ -263,7 +304,7 @@ private Q_SLOTS:
             QVERIFY(found->role() == QAccessible::Dialog && found->text(QAccessible::Name) == "Title");
             QCOMPARE(found->text(QAccessible::Description), QString("Head\nBold & text\nLink"));
             box.label("<b>Bold</b> &amp; text")->setText("Another");
-            QTRY_COMPARE(found->text(QAccessible::Description), QString("Head\nAnother\nLink"));
+            AWAIT_EQUAL(found->text(QAccessible::Description), QString("Head\nAnother\nLink"));
             box.setAccessibleDescription("Better"); // the application's own stays
             box.label("Another")->setText("Text");
             QTest::qWait(0);
@@ -273,10 +314,171 @@ private Q_SLOTS:
                             "Title");
     }
 
+    // ------------------------------------------------------------------------------------------------------
+    // sizes: all of a text is to be seen, on small screens, too
+
+    void texts_data()
+    {
+        const QString words = QString("word ").repeated(4000);
+        columns<QString, QString, int, bool>("text", "head", "width", "scrolls");
+        row("empty", "", "", 0, false);
+        row("lines", QString("a line of it\n").repeated(12), "Head", 0, false);
+        row("a long word", longWord(300), longWord(200), 0, false);
+        row("20000, words", words, "Head", 0, true);
+        row("a million, one word", longWord(1000000), "Head", 0, true); // for ever, were it not proportional
+        row("20000, one word, rich", "<b>" + longWord(20000), "Head", 0, true);
+        row("20000, the heading", "Text", longWord(20000), 0, true);
+        row("wider than 500", "<pre>" + longWord(60), "", 400, false);
+        row("wider than the screen", "<pre>" + longWord(4000), "", 1025, true);
+        row("wide and high", "<pre>" + (longWord(200) + "\n").repeated(99), "", 1025, true);
+        row("a huge picture", "<img width=3000 height=20> and words", "", 3000, true);
+    }
+    // At once, when the text comes later, and as the prompt of a form.
+    void texts()
+    {
+        QFETCH(QString, text);
+        QFETCH(QString, head);
+        QFETCH(int, width); // of the label, at least; 0: the box keeps its own
+        QFETCH(bool, scrolls);
+        lumqt::platform::answers().workArea = [] { return QRect(0, 0, 1024, 600); };
+        for (const QString how : {"", "later", "folder", "user"}) {
+            const bool later = how == "later";
+            const bool form = how == "folder" || how == "user";
+            if (!how.isEmpty() && text.size() > 100000)
+                continue;
+            if (form && (text.size() < 100 || (head.size() > 100)))
+                continue;
+            MsgBox box;
+            box.whileRunning([&] {
+                const QRect before(QPoint(300, 350), box.size());
+                if (later) {
+                    box.move(before.topLeft());
+                    AWAIT_EQUAL(box.pos(), before.topLeft());
+                    box.label("Text")->setText(text);
+                }
+                box.grab();
+                for (QLabel *label :
+                     {box.label(text), box.label("<font color=\"#4baeb3\">" + head + "</font>")}) {
+                    if (!label || label->isHidden() || label->text().isEmpty())
+                        continue;
+                    AWAIT(label->width() >= width);
+                    verifyFits(box, label, scrolls);
+                }
+                if (text == longWord(300)) { // its last line is seen, and nothing ends at the right edge
+                    const QLabel *label = box.label(text);
+                    const QRect ink = inkOf(shot(*box.label(text)));
+                    QVERIFY(ink.bottom() > label->height() - label->fontMetrics().height());
+                    QVERIFY(ink.right() < label->width() - 1);
+                }
+                QVERIFY(width ? box.width() > 500 : box.width() == 500);
+                if (how.isEmpty() && text.endsWith("it\n")) { // which fills the box
+                    const QLabel *heading = box.label("<font color=\"#4baeb3\">" + head + "</font>");
+                    QCOMPARE(heading->y(), 14);
+                }
+                // Over where it was, as far as the screen allows. A window system that is asked to move and
+                // resize at once may answer in any order.
+                if (later && text != "Text" && QGuiApplication::platformName() == "offscreen") {
+                    const QPoint to(1024 - box.width(), 600 - box.height());
+                    const QPoint at = before.center() - box.rect().center();
+                    const QPoint place(qBound(0, at.x(), to.x()), qBound(0, at.y(), to.y()));
+                    QVERIFY((box.pos() - place).manhattanLength() <= 4);
+                }
+                if (scrolls)
+                    verifyScrolling(box, *box.findChild<QScrollArea *>(), width > 0);
+            });
+            if (how == "folder")
+                box.showCreateDirBox(0, text, kOk);
+            else if (how == "user")
+                box.showUserAndPasswordBox(0, text, 1, 9, kOk);
+            else
+                box.message(0, later ? "Text" : text, head, kOk);
+        }
+    }
+
+    // A text keeps clear of a border that the application gives its labels, and starts where the box does.
+    void sides()
+    {
+        for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+            MsgBox box;
+            box.setLayoutDirection(direction);
+            box.setStyleSheet("QLabel { border: 9px solid white; }");
+            box.whileRunning([&] {
+                const QRect ink = inkOf(shot(*box.label("Text")), 160);
+                const QRect room = box.label("Text")->rect().adjusted(9, 9, -9, -9);
+                QVERIFY2(room.contains(ink), wordsOf(ink));
+                QCOMPARE(ink.center().x() > room.center().x(), direction == Qt::RightToLeft);
+            });
+            box.message(0, "Text", "Head", kOk);
+        }
+    }
+
+    void checkTexts_data()
+    {
+        columns<int, int, bool>("length", "buttons", "cut");
+        row("none", 0, kOk, false);
+        row("fits", 4, kOk | kCancel, false);
+        row("lines", 16, kOk | kCancel, false);
+        row("too long", 4000, kOk, true);
+        row("no room", 8, kOk | kYes | kNo | kCancel | 0x8, false);
+        row("above the buttons", 12, 0x7fffff, false);
+    }
+    void checkTexts()
+    {
+        QFETCH(int, length);
+        QFETCH(int, buttons);
+        QFETCH(bool, cut);
+        const QString text = QString("w&rd ").repeated(length).trimmed();
+        MsgBox box;
+        box.whileRunning([&] {
+            box.grab();
+            auto *check = box.findChild<QCheckBox *>();
+            QString shown = check->text();
+            QCOMPARE(shown.replace('\n', ' ').replace("&&", "&") == text, !cut);
+            QVERIFY(check->text().count('&') == 2 * check->text().count("w&&rd") &&
+                    check->shortcut().isEmpty());
+            QVERIFY(check->toolTip() == (cut ? text : QString()) && check->accessibleName() == text);
+            QCOMPARE(check->size().boundedTo(check->sizeHint()), check->sizeHint());
+            QVERIFY(isWholeIn(check, &box));
+            QVERIFY(!cut || check->text().count('\n') == 5);
+            if (check->text().contains('\n'))
+                QCOMPARE(box.statusBox()->height(), check->height() + 34);
+            const auto all = box.findChildren<CBPPushBtn *>();
+            for (const CBPPushBtn *button : all) {
+                QVERIFY(isWholeIn(button, &box));
+                const QPoint beside = check->mapFromGlobal(button->mapToGlobal(QPoint(0, 0)));
+                QVERIFY(all.size() > 5 ? beside.y() > check->height() : beside.x() > check->width());
+            }
+            QVERIFY(box.width() == 500 || all.size() >= 5);
+            QVERIFY(all.size() <= 5 || !check->text().contains('\n'));
+        });
+        box.messageWithCheckbox(0, "Text", text, "", buttons);
+    }
+
+    // Also once it scrolls, and as far as the screen allows.
+    void growsScrolling()
+    {
+        lumqt::platform::answers().workArea = [] { return QRect(0, 0, 1024, 600); };
+        MsgBox box;
+        const QString wide = "<pre>" + QString(400, 'm');
+        box.whileRunning([&] {
+            QLabel *label = box.label(wide);
+            auto *area = box.findChild<QScrollArea *>();
+            for (const auto &[lines, whole] : {std::pair(15, true), std::pair(400, false)}) {
+                const int before = box.height();
+                label->setText(wide + QString("\nline").repeated(lines));
+                AWAIT(box.height() > before);
+                AWAIT_EQUAL(area->verticalScrollBar()->maximum() == 0, whole);
+            }
+            QCOMPARE(box.height(), 600);
+        });
+        box.message(0, wide, "", kOk);
+    }
+
 public Q_SLOTS:
     void noteUrl(const QUrl &url) { m_opened << url.toString(QUrl::FullyEncoded); }
 
 private:
+    const lumqt::platform::Answers m_answers = lumqt::platform::answers();
     QStringList m_opened;
 };
 

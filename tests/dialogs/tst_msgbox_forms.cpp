@@ -83,25 +83,6 @@ private Q_SLOTS:
         QVERIFY(quits.size() == 1 && finished.size() == 1 && box.GetPassword().isEmpty());
     }
 
-    // The edit is in the middle of its key when the box goes.
-    void deletedByReturn()
-    {
-        for (const bool parentToo : {false, true}) {
-            QPointer<QWidget> parent(new QWidget);
-            parent->show();
-            QPointer<MsgBox> box(new MsgBox(parent));
-            connect(box, &CMsgBox::sigQuit, [&] { destroy(parentToo ? parent.data() : box.data()); });
-            later(box, [&] {
-                CBPLineEdit *edit = box->edits().constFirst();
-                edit->setText("abc]");
-                QTest::keyClick(edit, Qt::Key_Return);
-            });
-            QCOMPARE(box->showCreateDirBox(0, "Name", kOk), -1);
-            QVERIFY(!box);
-            delete parent;
-        }
-    }
-
     // The edit is read as what is asked for, whatever comes to stand there.
     void dirBox()
     {
@@ -112,9 +93,9 @@ private Q_SLOTS:
             const auto *spoken = QAccessible::queryAccessibleInterface(edit);
             QCOMPARE(spoken->text(QAccessible::Name), QString("Name"));
             box.label("<b>Name")->setText("");
-            QTRY_COMPARE(spoken->text(QAccessible::Name), QString("{caption}Question"));
+            AWAIT_EQUAL(spoken->text(QAccessible::Name), QString("{caption}Question"));
             box.SetWindowTitle("Title");
-            QTRY_COMPARE(spoken->text(QAccessible::Name), QString("Title"));
+            AWAIT_EQUAL(spoken->text(QAccessible::Name), QString("Title"));
             edit->setText("a");
             edit->clearFocus();
             QVERIFY(!edit->hasAcceptableInput() && !lumqt::isRefused(edit)); // nor is the frame red
@@ -186,7 +167,7 @@ private Q_SLOTS:
                         QCOMPARE(secret, edit != edits[0] || !(fields & kUser));
                         QCOMPARE(edit->maxLength(), secret ? 9 : 128);
                         QCOMPARE(edit->objectName(), QString("DefaultLineEdit"));
-                        QVERIFY(edit->width() <= 300 &&
+                        QVERIFY(edit->width() == 300 &&
                                 edit->textMargins().left() > 0); // which is the icon's
                         CBPLineEdit plain(
                             Util::getResFullPath(secret ? "../res/icon_lock.png" : "../res/icon_user.png"));
@@ -200,7 +181,10 @@ private Q_SLOTS:
                     if (shown)
                         QVERIFY(shown->isVisible() && shown->wordWrap() &&
                                 shown->palette().color(QPalette::WindowText) == QColor(255, 0, 0));
-                    QVERIFY(box.label("Please enter the password.")->isVisible());
+                    const QLabel *prompt = box.label("Please enter the password.");
+                    QVERIFY(prompt->isVisible() && prompt->pos() == QPoint(0, 0));
+                    if (!edits.isEmpty())
+                        QCOMPARE(edits[0]->y() - prompt->height(), 15);
                 });
                 box.showUserAndPasswordBox(0, "", fields, 9, kOk | kCancel, "", "", "", hint);
             }
@@ -242,9 +226,9 @@ private Q_SLOTS:
             CBPLineEdit *password = box.edits().constLast();
             password->setFocus();
             box.label("Prompt")->setText(QString("line\n").repeated(99));
-            QTRY_VERIFY(box.findChild<QScrollArea *>());
+            AWAIT(box.findChild<QScrollArea *>());
             QCOMPARE(box.focusWidget(), password);
-            QTRY_VERIFY(password->hasFocus());
+            AWAIT(password->hasFocus());
         });
         box.showUserAndPasswordBox(0, "Prompt", 3, 9, kOk);
         workArea = kept;
@@ -309,27 +293,40 @@ private Q_SLOTS:
 
     void firstFocus_data()
     {
-        columns<int, int>("buttons", "focused");
-        QTest::newRow("OK") << (kOk | kCancel) << kOk;
-        QTest::newRow("OK among others") << (kOk | kNo | 0x80000 | 0x2) << kOk;
-        QTest::newRow("Yes") << (kNo | kYes | 0x10) << kYes;
-        QTest::newRow("OK, No") << (kOk | kNo) << kOk;
-        QTest::newRow("Restart now") << 0x600000 << 0x200000;
-        QTest::newRow("not Back") << (0x80000 | kNo) << kNo;
-        QTest::newRow("only Cancel") << kCancel << kCancel;
+        columns<int, QString, int>("buttons", "change", "focused");
+        row("OK", kOk | kCancel, "", kOk);
+        row("OK among others", kOk | kNo | 0x80000 | 0x2, "", kOk);
+        row("Yes", kNo | kYes | 0x10, "", kYes);
+        row("OK, No", kOk | kNo, "", kOk);
+        row("Restart now", 0x600000, "", 0x200000);
+        row("not Back", 0x80000 | kNo, "", kNo);
+        row("only Cancel", kCancel, "", kCancel);
+        row("the application's default", kOk | kNo, "default", kNo);
+        row("disabled", kOk | kNo, "disabled", kNo);
+        row("hidden", kOk | kNo, "hidden", kNo);
+        row("beside something", kOk | kNo, "beside", kOk);
     }
     // One rule for pop-ups and message boxes, and for the default button.
     void firstFocus()
     {
         QFETCH(int, buttons);
+        QFETCH(QString, change); // of a pop-up before it is shown
         QFETCH(int, focused);
         for (const bool isBox : {false, true}) {
+            if (isBox && !change.isEmpty())
+                continue;
             MsgBox box;
             PopUp w(nullptr, buttons);
+            if (change == "default")
+                w.GetBtn(focused)->setDefault(true);
+            else if (change == "beside")
+                w.PrependWidget(new QCheckBox);
+            else if (!change.isEmpty())
+                change == "disabled" ? w.EnableButton(kOk, false) : w.GetBtn(kOk)->hide();
             CBPPopWnd &dialog = isBox ? static_cast<CBPPopWnd &>(box) : w;
             later(&dialog, [&] {
                 QVERIFY(isInFront(dialog));
-                QTRY_COMPARE(dialog.focusWidget(), dialog.GetBtn(focused));
+                AWAIT_EQUAL(dialog.focusWidget(), dialog.GetBtn(focused));
                 QVERIFY(dialog.GetBtn(focused)->isDefault());
                 dialog.UnRun();
             });
@@ -337,23 +334,6 @@ private Q_SLOTS:
                 box.messageWithLink(0, "Text", "Link", "", "", buttons);
             else
                 w.Run();
-        }
-    }
-
-    // The application's own default, one that is disabled, and a row that begins with something else.
-    void otherFocus()
-    {
-        PopUp own(nullptr, kOk | kNo);
-        own.GetBtn(kNo)->setDefault(true);
-        PopUp disabled(nullptr, kOk | kNo);
-        disabled.EnableButton(kOk, false);
-        PopUp beside(nullptr, kOk | kNo);
-        beside.PrependWidget(new QCheckBox);
-        for (const auto &[w, flag] :
-             {std::pair(&own, kNo), std::pair(&disabled, kNo), std::pair(&beside, kOk)}) {
-            w->show();
-            QVERIFY(isInFront(*w));
-            QTRY_COMPARE(w->focusWidget(), w->GetBtn(flag));
         }
     }
 };

@@ -1,14 +1,17 @@
+#include "Acts.h"
 #include "CBPPopWnd.h"
 
 #include "CBPBox.h"
 #include "CBPEvtLoop.h"
 #include "CBPWaitBtn.h"
+#include "foundation/FontLookup.h"
 #include "foundation/ImageLoader.h"
 #include "Pixels.h"
 #include "platform/Platform.h"
 #include "PopUpProbe.h"
 #include "Rows.h"
 #include "TestMain.h"
+#include "Ticks.h"
 #include "Util.h"
 
 #include <QVBoxLayout>
@@ -153,8 +156,9 @@ private Q_SLOTS:
         }
         // Wider for its text, up to 480 pixels.
         for (const int flag : {kCancel, kNo}) {
-            w.ResetBtnText(flag, "A text that needs more room than that");
-            QVERIFY(w.GetBtn(flag)->width() > 85);
+            const QString wide = "A text that needs more room than that";
+            w.ResetBtnText(flag, wide);
+            QCOMPARE(w.GetBtn(flag)->width(), QFontMetrics(lumqt::uiFont()).horizontalAdvance(wide) + 20);
             w.ResetBtnText(flag, QString(20000, 'w'));
             QCOMPARE(w.GetBtn(flag)->width(), 480);
             w.ResetBtnText(flag, "A & B");
@@ -176,11 +180,14 @@ private Q_SLOTS:
         w.show();
         auto *button = qobject_cast<CBPWaitBtn *>(w.GetBtn(kCancel));
         button->Show(true);
-        for (const char *frame : {"00", "23", "00"}) {
-            const QString path =
-                Util::getResFullPath(QString("../res/loading/loading%1.png").arg(QLatin1String(frame)));
-            const QImage picture = lumqt::loadPixmap(path, qApp->devicePixelRatio()).toImage();
-            QVERIFY(QTest::qWaitFor([&] { return button->currentPixmap().toImage() == picture; }, 8000));
+        QTimer *timer = spinnerTimer();
+        tick(timer, 9);
+        for (int frame = 16; frame < 16 + 25; ++frame) {
+            tick(timer);
+            const QString file =
+                QString("../res/loading/loading%1.png").arg(frame % 24, 2, 10, QLatin1Char('0'));
+            const QPixmap picture = lumqt::loadPixmap(Util::getResFullPath(file), qApp->devicePixelRatio());
+            QVERIFY2(button->currentPixmap().toImage() == picture.toImage(), qPrintable(file));
             QVERIFY(button->text().isEmpty() && !button->icon().isNull() && !button->isEnabled());
         }
         button->exit(nullptr, false);
@@ -265,55 +272,41 @@ private Q_SLOTS:
         QCOMPARE(w.isVisible(), callback.isEmpty() || asked.verdict == -1);
     }
 
-    void endedWhileAsked_data()
-    {
-        columns<QString, QString>("who", "how");
-        for (const char *who : {"button", "callback"}) {
-            for (const char *how : {"close", "other button", "delete", "parent"})
-                QTest::addRow("%s, %s", who, how) << who << how;
-        }
-    }
+    void endedWhileAsked_data() { names("how", {"close", "other button", "delete", "parent"}); }
     void endedWhileAsked()
     {
-        QFETCH(QString, who);
         QFETCH(QString, how);
-        QPointer<QWidget> parent(new QWidget);
-        parent->show();
-        QPointer<PopUp> w(new PopUp(parent, kOk | kYes));
-        QSignalSpy quits(w, &CBPPopWnd::sigQuit);
-        QSignalSpy finished(w, &QDialog::finished);
-        int asked = 0;
-        const auto end = [&] {
-            if (asked++ > 0)
-                return;
-            if (how == "delete")
-                destroy(w);
-            else if (how == "parent")
-                destroy(parent);
-            else if (how == "close")
-                w->OnClose();
+        for (const bool byCallback : {false, true}) {
+            QPointer<QWidget> parent(new QWidget);
+            parent->show();
+            QPointer<PopUp> w(new PopUp(parent, kOk | kYes));
+            QSignalSpy quits(w, &CBPPopWnd::sigQuit);
+            QSignalSpy finished(w, &QDialog::finished);
+            const Deeds deeds{{"delete", [&] { destroy(w); }},
+                              {"parent", [&] { destroy(parent); }},
+                              {"close", [&] { w->OnClose(); }},
+                              {"other button", [&] { emit w->GetBtn(kYes)->released(); }}};
+            int asked = 0;
+            const auto end = [&] { asked++ > 0 ? void() : deeds[how](); };
+            Callback callback;
+            if (byCallback)
+                w->SetBtnClickCB(&Callback::call, &callback);
             else
-                emit w->GetBtn(kYes)->released();
-        };
-        Callback callback;
-        if (who == "button") {
-            w->answer = [&](int) {
-                end();
-                return true;
-            };
-        } else {
-            w->SetBtnClickCB(&Callback::call, &callback);
+                w->answer = [&](int) {
+                    end();
+                    return true;
+                };
             callback.act = end;
+            w->show();
+            QTest::mouseClick(w->GetBtn(kOk), Qt::LeftButton);
+            QVERIFY(asked > 0);
+            QCOMPARE(w.isNull(), how == "delete" || how == "parent");
+            if (w) { // the first end holds, and happens once
+                QCOMPARE(w->GetResult(), how == "close" ? kCancel : kYes);
+                QVERIFY(!w->isVisible() && quits.size() == 1 && finished.size() == 1);
+            }
+            delete parent;
         }
-        w->show();
-        QTest::mouseClick(w->GetBtn(kOk), Qt::LeftButton);
-        QVERIFY(asked > 0);
-        QCOMPARE(w.isNull(), how == "delete" || how == "parent");
-        if (w) { // the first end holds, and happens once
-            QCOMPARE(w->GetResult(), how == "close" ? kCancel : kYes);
-            QVERIFY(!w->isVisible() && quits.size() == 1 && finished.size() == 1);
-        }
-        delete parent;
     }
 
     void brokenPresses_data()
@@ -336,9 +329,7 @@ private Q_SLOTS:
             w.EnableButton(flag, by != "accept");
             return true;
         };
-        w.show();
-        w.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&w));
+        showActive(w);
         CBPPushBtn *button = w.GetBtn(kOk);
         if (by == "disable") // or it would be the focus that leaves
             button->setFocusPolicy(Qt::NoFocus);
@@ -382,10 +373,8 @@ private Q_SLOTS:
                 shown ? loop.exec() : button->run(&loop, false);
                 return false;
             };
-            w.show();
-            w.activateWindow();
-            QVERIFY(QTest::qWaitForWindowActive(&w));
-            QTRY_VERIFY(button->hasFocus());
+            showActive(w);
+            AWAIT(button->hasFocus());
             QTest::keyClick(button, Qt::Key_Space);
             QCOMPARE(w.asked, QVector<int>{kOk});
             QVERIFY(button->hasFocus() && button->isEnabled());

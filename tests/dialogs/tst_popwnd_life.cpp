@@ -1,5 +1,5 @@
+#include "Acts.h"
 #include "CBPPopWnd.h"
-
 #include "CBPPushBtn.h"
 #include "CBPWinFrmTitle.h"
 #include "Pixels.h"
@@ -13,6 +13,14 @@
 #include <QPropertyAnimation>
 #include <QTemporaryDir>
 #include <QWindow>
+
+namespace {
+
+constexpr int kBefore = 77; // a result that an end leaves as it is
+constexpr int kGoesOn = -2;
+constexpr int kDeleted = -3;
+
+} // namespace
 
 class TestPopWndLife : public QObject
 {
@@ -33,56 +41,94 @@ private Q_SLOTS:
                 QVERIFY(w.isModal());
                 QTest::mouseClick(w.GetBtn(flag), Qt::LeftButton);
             });
-            w.Run();
-            QVERIFY(!w.isVisible() && !w.isModal() && w.GetResult() == flag);
+            QVERIFY(w.exec() == 0 && w.GetResult() == flag);
         }
-        w.SetResult(77);
-        later(&w, [&] { w.UnRun(); });
-        QVERIFY(w.exec() == 0 && w.GetResult() == 77);
     }
 
-    // Before its loop runs, too.
-    void endedWhileShown_data() { names("how", {"UnRun", "OnClose", "close", "hide"}); }
-    void endedWhileShown()
+    void ends_data()
     {
-        QFETCH(QString, how);
-        PopUp w(nullptr, kOk);
-        const QMap<QString, std::function<void()>> ends{{"UnRun", [&] { w.UnRun(); }},
-                                                        {"OnClose", [&] { w.OnClose(); }},
-                                                        {"close", [&] { w.close(); }},
-                                                        {"hide", [&] { w.hide(); }}};
-        w.onShow = ends[how];
-        QTimer guard;
-        connect(&guard, &QTimer::timeout, [] { QCoreApplication::exit(); });
-        guard.start(3000);
-        w.Run();
-        guard.stop();
-        QVERIFY2(!w.isVisible(), "it hung");
-        QVERIFY(!w.windowHandle()->isVisible() &&
-                !QGuiApplication::modalWindow()); // or it would block all others
+        // `slot`: what one of the signal that it ends does then.
+        columns<QString, QString, int, int>("how", "slot", "result", "told");
+        row("OK", "OK", "", kOk, 1);
+        row("UnRun", "UnRun", "", kBefore, 1);
+        row("hide", "hide", "", kBefore, 0);
+        for (const char *how : {"OnClose", "close", "title bar", "system", "parent"})
+            row(how, how, "", kCancel, 1);
+        for (const char *how : {"Escape", "Shift+Escape", "F1"})
+            row(how, how, "", kGoesOn, 1);
+        // An answer that is given stays, and the end is told once.
+        row("OK, closed", "OK", "close", kOk, 1);
+        row("OK, parent", "OK", "parent", kOk, 1);
+        row("OK, accepted", "OK", "accept", kOk, 1);
+        row("OK, ended", "OK", "UnRun", kOk, 1);
+        row("deleted", "delete", "", kDeleted, 0);
+        row("OK, deleted", "OK", "delete", kDeleted, 1);
+        row("OK, deleted when finished", "OK", "finished", kDeleted, 1);
+        row("OK, deleted on close", "OK", "on close", kOk, 1);
     }
-
-    void destroyedWhileRunning_data() { names("how", {"dialog", "by sigQuit", "by finished", "on close"}); }
-    void destroyedWhileRunning()
+    // Once it runs; some also before, while it is being shown.
+    void ends()
     {
         QFETCH(QString, how);
-        QPointer<PopUp> w(new PopUp(nullptr, kOk));
-        w->setAttribute(Qt::WA_DeleteOnClose, how == "on close");
-        if (how == "by sigQuit")
-            connect(w, &CBPPopWnd::sigQuit, [&] { destroy(w); });
-        else if (how == "by finished")
-            connect(w, &QDialog::finished, [&] { destroy(w); });
-        later(w, [&] {
-            if (how == "dialog")
-                destroy(w);
+        QFETCH(QString, slot);
+        QFETCH(int, result);
+        QFETCH(int, told);
+        for (const bool whileShown : {false, true}) {
+            if (whileShown && !QStringList({"UnRun", "OnClose", "close", "hide"}).contains(how))
+                continue;
+            QWidget parent;
+            parent.show();
+            QPointer<PopUp> w(new PopUp(&parent, kOk));
+            w->SetResult(kBefore);
+            w->setAttribute(Qt::WA_DeleteOnClose, slot == "on close");
+            QSignalSpy quits(w, &CBPPopWnd::sigQuit);
+            QSignalSpy finished(w, &QDialog::finished);
+            QSignalSpy rejected(w, &QDialog::rejected);
+            const Deeds deeds{
+                {"OK", [&] { QTest::mouseClick(w->GetBtn(kOk), Qt::LeftButton); }},
+                {"UnRun", [&] { w->UnRun(); }},
+                {"hide", [&] { w->hide(); }},
+                {"OnClose", [&] { w->OnClose(); }},
+                {"close", [&] { w->close(); }},
+                {"title bar", [&] { w->titleBar()->on_btn_clicekedSlot(8); }},
+                {"system", [&] { w->windowHandle()->close(); }},
+                {"parent", [&] { parent.hide(); }},
+                {"accept", [&] { w->accept(); }},
+                {"Escape", [&] { QTest::keyClick(w, Qt::Key_Escape); }},
+                {"Shift+Escape", [&] { QTest::keyClick(w, Qt::Key_Escape, Qt::ShiftModifier); }},
+                {"F1", [&] { QTest::keyClick(w, Qt::Key_F1); }},
+                {"delete", [&] { destroy(w); }},
+            };
+            if (deeds.contains(slot))
+                connect(w, &CBPPopWnd::sigQuit, deeds[slot]);
+            else if (slot == "finished")
+                connect(w, &QDialog::finished, deeds["delete"]);
+            if (whileShown)
+                w->onShow = deeds[how];
             else
-                QTest::mouseClick(w->GetBtn(kOk), Qt::LeftButton);
-        });
-        w->Run();
-        QCOMPARE(w.isNull(), how != "on close");
-        if (w) // to be asked first
-            QCOMPARE(w->GetResult(), kOk);
-        QTRY_VERIFY(!w);
+                later(w, [&] {
+                    deeds[how]();
+                    QCOMPARE(w && w->isVisible(), result == kGoesOn);
+                    if (result == kGoesOn)
+                        w->UnRun();
+                });
+            w->Run();
+            QVERIFY(!m_watchdog.bit());
+            QCOMPARE(quits.size(), told);
+            QCOMPARE(w.isNull(), result == kDeleted);
+            if (!w)
+                continue;
+            // A window that is left among the modal ones would block all others.
+            QVERIFY(!w->isVisible() && !w->isModal() && !w->windowHandle()->isVisible());
+            QVERIFY(!QGuiApplication::modalWindow());
+            if (told > 0)
+                w->close(); // there is nothing to close any more
+            QCOMPARE(w->GetResult(), result == kGoesOn ? kBefore : result);
+            QVERIFY(quits.size() == told && finished.size() == told);
+            QCOMPARE(rejected.size(), slot == "accept" ? 0 : told);
+            if (slot == "on close") // to be asked first
+                AWAIT(!w);
+        }
     }
 
     void endsOnce()
@@ -90,117 +136,49 @@ private Q_SLOTS:
         PopUp w(nullptr, kOk);
         QSignalSpy quits(&w, &CBPPopWnd::sigQuit);
         QSignalSpy finished(&w, &QDialog::finished);
-        int shown = 0;
-        connect(&w, &CBPPopWnd::sigQuit, [&] { w.UnRun(); });
         connect(&w, &QDialog::finished, [&] {
             w.UnRun();
             w.close();
-            if (shown++ == 0) { // again, out of its own end: that can be ended, too
+            if (finished.size() == 1) { // again, out of its own end: that can be ended, too
                 later(&w, [&] { w.UnRun(); });
                 w.Run();
             }
         });
         w.show();
         w.UnRun();
-        QVERIFY(shown == 2 && quits.size() == 2 && finished.size() == 2);
-    }
-
-    // An answer that is given stays, and the end is told once, whoever closes the dialog meanwhile or after.
-    void answerStays_data() { names("how", {"close", "parent", "accept", "after"}); }
-    void answerStays()
-    {
-        QFETCH(QString, how);
-        QWidget parent;
-        parent.show();
-        PopUp w(&parent, kOk);
-        QSignalSpy quits(&w, &CBPPopWnd::sigQuit);
-        QSignalSpy finished(&w, &QDialog::finished);
-        QSignalSpy rejected(&w, &QDialog::rejected);
-        connect(&w, &CBPPopWnd::sigQuit, [&] {
-            if (how == "close")
-                w.close();
-            else if (how == "parent")
-                parent.hide();
-            else if (how == "accept")
-                w.accept();
-        });
-        later(&w, [&] { QTest::mouseClick(w.GetBtn(kOk), Qt::LeftButton); });
-        QCOMPARE(w.exec(), 0);
-        w.close();
-        QCOMPARE(w.GetResult(), kOk);
-        QVERIFY(quits.size() == 1 && finished.size() == 1);
-        QCOMPARE(rejected.size(), int(how != "accept"));
-    }
-
-    void closing_data()
-    {
-        columns<QString, bool>("how", "closes");
-        row("title bar", "title", true);
-        row("system", "system", true);
-        row("parent hidden", "parent", true);
-        row("Escape", "Escape", false);
-        row("Shift+Escape", "Shift", false);
-        row("F1", "F1", false);
-    }
-    void closing()
-    {
-        QFETCH(QString, how);
-        QFETCH(bool, closes);
-        QWidget parent;
-        parent.show();
-        PopUp w(&parent, kOk);
-        QSignalSpy quits(&w, &CBPPopWnd::sigQuit);
-        QSignalSpy finished(&w, &QDialog::finished);
-        w.open();
-        QVERIFY(QTest::qWaitForWindowExposed(&w));
-        if (how == "title")
-            w.titleBar()->on_btn_clicekedSlot(8);
-        else if (how == "system")
-            w.windowHandle()->close();
-        else if (how == "parent")
-            parent.hide();
-        else
-            QTest::keyClick(&w, how == "F1" ? Qt::Key_F1 : Qt::Key_Escape,
-                            how == "Shift" ? Qt::ShiftModifier : Qt::NoModifier);
-        QCOMPARE(w.isVisible(), !closes);
-        QCOMPARE(w.GetResult(), closes ? kCancel : -1);
-        QVERIFY(quits.size() == int(closes) && finished.size() == int(closes));
+        QVERIFY(quits.size() == 2 && finished.size() == 2);
     }
 
     // ------------------------------------------------------------------------------------------------------
     // keyboard
 
-    void tabs_data()
-    {
-        columns<bool, bool, QString>("contentLast", "mixed", "order");
-        row("content first", false, false, "edit id_BtnBack id_BtnOk id_BtnCancel");
-        row("content last", true, false, "edit id_BtnBack id_BtnOk id_BtnCancel");
-        row("the application's", true, true, "id_BtnOk edit id_BtnCancel id_BtnBack");
-    }
+    // The content and then the row from left to right, whatever was made first; but for the application's
+    // own.
     void tabs()
     {
-        QFETCH(bool, contentLast);
-        QFETCH(bool, mixed);
-        PopUp w;
-        auto *edit = new QLineEdit;
-        edit->setObjectName("edit");
-        if (!contentLast)
-            w.AppendContent(edit, false, false, 0);
-        w.AppendBtn(kOk | kCancel);
-        w.PrependBtn(0x80000);
-        if (contentLast)
-            w.AppendContent(edit, false, false, 0);
-        if (mixed) {
-            QWidget::setTabOrder(w.GetBtn(kOk), edit);
-            QWidget::setTabOrder(edit, w.GetBtn(kCancel));
+        for (const QString how : {"content first", "content last", "mixed"}) {
+            PopUp w;
+            auto *edit = new QLineEdit;
+            edit->setObjectName("edit");
+            if (how == "content first")
+                w.AppendContent(edit, false, false, 0);
+            w.AppendBtn(kOk | kCancel);
+            w.PrependBtn(0x80000);
+            if (how != "content first")
+                w.AppendContent(edit, false, false, 0);
+            if (how == "mixed") {
+                QWidget::setTabOrder(w.GetBtn(kOk), edit);
+                QWidget::setTabOrder(edit, w.GetBtn(kCancel));
+            }
+            w.show();
+            QStringList order;
+            for (QWidget *next = w.nextInFocusChain(); next != &w; next = next->nextInFocusChain()) {
+                if (next->focusPolicy() & Qt::TabFocus)
+                    order << next->objectName();
+            }
+            QCOMPARE(order.join(' '), QString(how == "mixed" ? "id_BtnOk edit id_BtnCancel id_BtnBack"
+                                                             : "edit id_BtnBack id_BtnOk id_BtnCancel"));
         }
-        w.show();
-        QStringList order;
-        for (QWidget *next = w.nextInFocusChain(); next != &w; next = next->nextInFocusChain()) {
-            if (next->focusPolicy() & Qt::TabFocus)
-                order << next->objectName();
-        }
-        QTEST(order.join(' '), "order");
     }
 
     void keyboardUse()
@@ -209,10 +187,8 @@ private Q_SLOTS:
         w.ShowTitleBtn(~0, true);
         auto *edit = new QLineEdit; // comes after the buttons, and is the first all the same
         w.AppendContent(edit, false, false, 0);
-        w.show();
-        w.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&w));
-        QTRY_VERIFY(edit->hasFocus());
+        showActive(w);
+        AWAIT(edit->hasFocus());
         CBPPushBtn *ok = w.GetBtn(kOk);
         QTest::keyClick(edit, Qt::Key_Return); // no button has the focus
         // A primary button has no frame to mark the focus with: a ring around it does.
@@ -271,7 +247,7 @@ private Q_SLOTS:
         const auto *animation = fading.findChild<QPropertyAnimation *>();
         QVERIFY(animation && animation->duration() == 200 && animation->propertyName() == "windowOpacity");
         QVERIFY(fading.windowOpacity() < 0.5);
-        QTRY_COMPARE(fading.windowOpacity(), 1.0);
+        AWAIT_EQUAL(fading.windowOpacity(), 1.0);
         QVERIFY(fading.findChild<QPropertyAnimation *>());
         CBPPopWnd plain(false, nullptr);
         QVERIFY(plain.windowOpacity() == 1.0 && !plain.findChild<QPropertyAnimation *>());
@@ -337,7 +313,7 @@ private Q_SLOTS:
             const QPixmap pixel = w.screen()->grabWindow(layered ? 0 : w.winId(), at.x(), at.y(), 1, 1);
             return pixel.toImage().pixelColor(0, 0);
         };
-        QTRY_COMPARE(onScreen(10), outline);
+        AWAIT_EQUAL(onScreen(10), outline);
         QCOMPARE(onScreen(389), outline);
         // A picture is blended wherever it is shown.
         QVERIFY(shot(w).pixelColor(10, 150) == Qt::white && shot(w).pixelColor(9, 150).alpha() > 30);
@@ -354,6 +330,7 @@ private Q_SLOTS:
 
 private:
     const lumqt::platform::Answers m_answers = lumqt::platform::answers();
+    Watchdog m_watchdog;
 };
 
 LUMQT_TEST_MAIN(TestPopWndLife)

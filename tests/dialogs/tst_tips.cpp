@@ -1,4 +1,5 @@
 #include "Acts.h"
+#include "Await.h"
 #include "CBPBox.h"
 #include "CBPTipWnd.h"
 #include "CTextTips.h"
@@ -70,25 +71,25 @@ private slots:
             EventCounter misplaced(&tip, {QEvent::Paint}, [&] { return !isInPlace(); });
             tip.AppendWidget(content(width, 40));
             showActive(tip);
-            QTRY_VERIFY(paints.count > 0);
+            AWAIT(paints.count > 0);
             QVERIFY2(misplaced.count == 0, QByteArray::number(row));
             // Some window managers report a first size and place of their own.
-            QTRY_COMPARE(tip.size(), QSize(width + 32, 64));
-            QTRY_VERIFY2(isInPlace(), QByteArray::number(row));
+            AWAIT_EQUAL(tip.size(), QSize(width + 32, 64));
+            AWAIT(isInPlace());
             scene.bound.move(100, 90);
-            QVERIFY(isInPlace());
+            AWAIT(isInPlace());
             scene.bound.resize(200, 50);
-            QVERIFY(isInPlace());
+            AWAIT(isInPlace());
             const QPoint before = tip.pos();
             scene.window.move(340, 250);
-            QTRY_VERIFY(tip.pos() != before && isInPlace());
+            AWAIT(tip.pos() != before && isInPlace());
             tip.AppendWidget(content(240));
-            QTRY_VERIFY(tip.width() == 272 && isInPlace() && tip.isVisible());
+            AWAIT(tip.width() == 272 && isInPlace() && tip.isVisible());
             // A tip that is not shown is nobody's business, until it is.
             tip.hide();
             scene.bound.move(10, 10);
             showActive(tip);
-            QVERIFY(isInPlace());
+            AWAIT(isInPlace());
         }
     }
 
@@ -202,13 +203,13 @@ private slots:
         tip.AppendWidget(content(100));
         showActive(tip);
         // The windows around the widget keep their own deactivation while the tip watches them.
-        QTRY_COMPARE(deactivations.count, 1);
+        AWAIT_EQUAL(deactivations.count, 1);
         QVERIFY(tip.isVisible());
         QWidget elsewhere;
         elsewhere.setGeometry(900, 600, 100, 100);
         elsewhere.show();
         elsewhere.activateWindow();
-        QTRY_VERIFY(!tip.isVisible());
+        AWAIT(!tip.isVisible());
 
         auto *edit = new QLineEdit;
         tip.AppendWidget(edit);
@@ -345,6 +346,10 @@ private slots:
         const QLabel *label = tip.findChild<QLabel *>();
         QCOMPARE(drawn(tip).pixelColor(0, 0), QColor(0x10, 0x1c, 0x2d));
         QVERIFY(qGray(label->palette().color(QPalette::WindowText).rgb()) > 200);
+        for (const int grey : {149, 150}) {
+            tip.SetBkgColor(QColor(grey, grey, grey));
+            QCOMPARE(label->palette().color(QPalette::WindowText).lightness() > 200, grey < 150);
+        }
         tip.SetBkgColor(QColor(250, 240, 200));
         QCOMPARE(drawn(tip).pixelColor(tip.width() - 1, tip.height() - 1), QColor(250, 240, 200));
         QVERIFY(qGray(label->palette().color(QPalette::WindowText).rgb()) < 60);

@@ -4,6 +4,7 @@
 #include "CBPEvtLoop.h"
 #include "CBPSyncObj.h"
 #include "CBPUISyncWaiter.h"
+#include "CUIBaseThread.h"
 
 #include <QApplication>
 #include <QSemaphore>
@@ -72,6 +73,7 @@ struct Task
 {
     QSemaphore gate; // the job waits for it, if `gated`
     bool gated = false;
+    bool polls = false; // it runs until it is asked to stop
     unsigned long milliseconds = 0;
     unsigned long long result = 0; // 0: none is set
     std::atomic<bool> began{false};
@@ -107,8 +109,9 @@ protected:
         task->began = true;
         if (task->gated)
             task->gate.acquire();
-        if (task->milliseconds)
-            msleep(task->milliseconds);
+        while (task->polls && !isInterruptionRequested())
+            msleep(1);
+        msleep(task->milliseconds);
         if (task->result && !isInterruptionRequested())
             m_result = task->result;
         task->ended = true;
@@ -138,6 +141,29 @@ inline TaskPointer gatedTask(unsigned long long result = 0)
 {
     return timedTask(0, result, true);
 }
+
+// What a caller gives an executer to be stopped and deleted with it; notes what becomes of it.
+class AttachedThread : public CUIBaseThread
+{
+    Q_OBJECT
+
+public:
+    explicit AttachedThread(QStringList *log) : m_log(log) {}
+    ~AttachedThread() override { *m_log << QStringLiteral("deleted"); }
+    void startWork() override { *m_log << QStringLiteral("started"); }
+    bool isWorking() const override { return false; }
+    void requestQuit() override
+    {
+        *m_log << QStringLiteral("asked");
+        if (dies)
+            delete this;
+    }
+
+    bool dies = false;
+
+private:
+    QStringList *m_log;
+};
 
 // The waiting windows there are.
 inline QList<CBPUISyncWaiter *> waiters()

@@ -1,42 +1,22 @@
-#include "CUIBaseThread.h"
+#include "Await.h"
+#include "CBPWaitBtn.h"
 #include "CWorkThreadMgr.h"
+#include "dialogs/PopUpProbe.h"
 #include "Jobs.h"
+#include "Later.h"
 #include "Rows.h"
 #include "TestMain.h"
-#include "Waiting.h"
 
 namespace {
 
 constexpr unsigned long long kNone = 0x1001;
 
-// Handles events until the job has ended and what waits for that has heard of it.
-void spinUntilEnded(Task &task)
+// Handles events until the thread of a job is over and what waits for that has heard of it.
+void spinUntilEnded(const QPointer<Job> &job)
 {
-    QTRY_VERIFY(task.ended);
-    QTest::qWait(20);
+    AWAIT(!job || job->isFinished());
+    QCoreApplication::processEvents();
 }
-
-class AttachedThread : public CUIBaseThread
-{
-    Q_OBJECT
-
-public:
-    explicit AttachedThread(QStringList *log) : m_log(log) {}
-    ~AttachedThread() override { *m_log << QStringLiteral("deleted"); }
-    void startWork() override { *m_log << QStringLiteral("started"); }
-    bool isWorking() const override { return false; }
-    void requestQuit() override
-    {
-        *m_log << QStringLiteral("asked");
-        if (dies)
-            delete this;
-    }
-
-    bool dies = false;
-
-private:
-    QStringList *m_log;
-};
 
 } // namespace
 
@@ -56,8 +36,9 @@ private Q_SLOTS:
         delete m_window.data();
         delete m_sync;
         m_sync = nullptr;
-        QTRY_COMPARE(Job::alive(), 0); // whoever is to delete them
-        QVERIFY(!manager()->isWndObjExist(m_window));
+        AWAIT_EQUAL(Job::alive(), 0); // whoever is to delete them
+        QVERIFY(!manager()->isWndObjExist(m_window) && waiters().isEmpty());
+        QVERIFY(!m_watchdog.bit());
     }
 
     // Nothing would ever end the wait.
@@ -79,27 +60,20 @@ private Q_SLOTS:
     void results()
     {
         for (const unsigned long long set : {0ULL, 42ULL, 0xfedcba9876543210ULL}) {
-            Job job(m_sync, m_window, timedTask(2, set));
+            const bool global = set == 42;
+            const QString text = global ? "STR_GLOBAL_UNIQUE" : "Wait";
+            const QString scope = global ? " global" : "";
+            Job job(m_sync, m_window, timedTask(2, set), nullptr, text);
             QVERIFY(job.isNeedDelete() && manager()->isWndObjExist(m_window));
             for (int time = 0; time < 2; ++time) { // and once more
+                m_sync->calls.clear();
                 QCOMPARE(job.execute(), set ? set : kNone);
                 QVERIFY(job.task().ended.exchange(false));
                 m_window->quit(); // there is no wait to end any more
                 QVERIFY(job.isNeedDelete());
+                QCOMPARE(m_sync->calls, (QStringList{text, "run" + scope, "exit" + scope}));
+                QCOMPARE(m_sync->text(), text);
             }
-        }
-    }
-
-    void whatTheSyncObjectHears()
-    {
-        for (const bool global : {false, true}) {
-            const QString text = global ? "STR_GLOBAL_UNIQUE" : "Wait";
-            const QString scope = global ? " global" : "";
-            Recorder recorder;
-            Job job(&recorder, nullptr, timedTask(2), nullptr, text);
-            job.execute();
-            QCOMPARE(recorder.calls, (QStringList{text, "run" + scope, "exit" + scope}));
-            QCOMPARE(recorder.text(), text);
         }
     }
 
@@ -125,7 +99,7 @@ private Q_SLOTS:
             if (!jobEnds)
                 return;
             task->gate.release();
-            spinUntilEnded(*task);
+            spinUntilEnded(alive);
         });
         const unsigned long long result = job->execute();
         QVERIFY(alive);
@@ -138,11 +112,11 @@ private Q_SLOTS:
         }
         if (!jobEnds) {
             QCOMPARE(result, kNone);
-            QTest::qWait(5);
+            QTest::qWait(0);
             QVERIFY(alive && !task->ended);
             task->gate.release();
         }
-        QTRY_VERIFY(alive.isNull() && task->ended);
+        AWAIT(alive.isNull() && task->ended);
     }
 
     void applicationQuits()
@@ -201,106 +175,84 @@ private Q_SLOTS:
                 return;
             }
             task->gate.release();
-            spinUntilEnded(*task);
+            spinUntilEnded(job);
         };
         QCOMPARE(job->execute(), jobEnds ? 31ULL : kNone);
         QCOMPARE(job->isNeedDelete(), jobEnds);
         if (jobEnds)
             delete job.data();
         task->gate.release();
-        QTRY_VERIFY(job.isNull());
-    }
-
-    // An orphan leaves the sync object to those who wait in it by the time its job ends.
-    void orphanLeavesTheSyncObject()
-    {
-        Recorder recorder;
-        const TaskPointer task = gatedTask();
-        const QPointer<Job> job = orphan(&recorder, task);
-        recorder.calls.clear();
-        task->gate.release();
-        QTRY_VERIFY(job.isNull());
-        QCOMPARE(recorder.calls, QStringList());
+        AWAIT(job.isNull());
     }
 
     void deletedInTheWait()
     {
         for (const QString how : {"at once", "later", "by finished"}) {
-            const TaskPointer task = timedTask(10, 11);
+            const TaskPointer task = timedTask(2, 11);
+            task->polls = how != "by finished";
             auto *job = new Job(m_sync, m_window, task);
-            if (how == "by finished") { // a common idiom, if one that leaves nothing for the caller to delete
+            if (!task->polls) { // a common idiom, if one that leaves nothing for the caller to delete
                 connect(job, &QThread::finished, job, &QObject::deleteLater);
                 QCOMPARE(job->execute(), 11ULL);
                 continue;
             }
             later(job, [&] {
-                while (!task->began)
-                    QThread::msleep(1);
+                AWAIT(task->began);
                 how == "at once" ? delete job : job->deleteLater();
             });
             QTest::ignoreMessage(QtWarningMsg, "An executer is deleted while its job runs");
-            const unsigned long long result = job->execute();
-            QVERIFY(result == kNone || result == 11); // asked to stop in time or not
+            QCOMPARE(job->execute(), kNone);
             QVERIFY(task->ended);
         }
-        QTRY_COMPARE(Job::alive(), 0);
     }
 
-    void oneWindowTwoExecuters()
-    {
-        CBPSyncObj otherSync;
-        const TaskPointer task = gatedTask(1);
-        const TaskPointer otherTask = gatedTask(2);
-        QPointer<Job> job = new Job(m_sync, m_window, task);
-        QPointer<Job> other = new Job(&otherSync, m_window, otherTask);
-        later(job, [&] {
-            later(other, [&] { m_window->quit(); });
-            QCOMPARE(other->execute(), kNone);
-            QVERIFY(!other->isNeedDelete());
-        });
-        QCOMPARE(job->execute(), kNone);
-        QVERIFY(!job->isNeedDelete());
-        task->gate.release();
-        QTRY_VERIFY(job.isNull());
-        QVERIFY(manager()->isWndObjExist(m_window));
-        otherTask->gate.release();
-        QTRY_VERIFY(other.isNull());
-        QVERIFY(!manager()->isWndObjExist(m_window));
-    }
-
+    // Waits within each other, also in windows of their own, which are one within the other then.
     void nested()
     {
         // In which the jobs end; 0 is the outermost.
-        for (const QString order : {"01234", "43210", "20413", "13024", "40123"}) {
+        for (const QString order : {"01234", "43210", "20413", "13024", "own 01234", "own 40123", "quit"}) {
+            const bool own = order.startsWith("own");
+            const bool quits = order == "quit"; // the window, before any job has ended
             CBPSyncObj syncs[5];
-            QVector<TaskPointer> tasks;
-            for (int i = 0; i < 5; ++i)
-                tasks << gatedTask(100 + i);
+            QVector<QPointer<Job>> jobs;
             QString returned;
             const std::function<void(int)> wait = [&](int depth) {
-                auto *job = new Job(&syncs[depth], m_window, tasks.at(depth));
+                auto *job = new Job(own ? nullptr : &syncs[depth], m_window, gatedTask(100 + depth));
+                jobs << job;
                 later(job, [&, depth] {
                     if (depth < 4) {
                         wait(depth + 1);
                         return;
                     }
-                    for (const QChar which : order) {
-                        Task &task = *tasks.at(which.digitValue());
-                        task.gate.release();
-                        spinUntilEnded(task);
+                    QCOMPARE(waiters().size(), own ? 5 : 0);
+                    if (quits)
+                        m_window->quit();
+                    for (const QChar which : quits ? QString() : order.right(5)) {
+                        const QPointer<Job> ended = jobs.at(which.digitValue());
+                        ended->task().gate.release();
+                        spinUntilEnded(ended);
                     }
                 });
-                QCOMPARE(job->execute(), 100ULL + depth);
-                QVERIFY(job->isNeedDelete());
-                delete job;
+                QCOMPARE(job->execute(), quits ? kNone : 100ULL + depth);
+                QCOMPARE(job->isNeedDelete(), !quits);
+                if (!quits)
+                    delete job;
                 returned += QString::number(depth);
             };
             wait(0);
             QVERIFY2(returned == QStringLiteral("43210"), qPrintable(order + " " + returned));
+            for (const QPointer<Job> &orphan : qAsConst(jobs)) {
+                QCOMPARE(manager()->isWndObjExist(m_window), quits);
+                if (orphan)
+                    orphan->task().gate.release();
+                AWAIT(!orphan);
+            }
+            QVERIFY(!manager()->isWndObjExist(m_window));
         }
     }
 
-    // Asked once to stop when the window goes, whether or not somebody still waits for the job.
+    // Asked once to stop when the window goes, whether or not somebody still waits for the job. An orphan
+    // leaves the sync object to those who wait in it by the time its job ends.
     void attached_data()
     {
         columns<QString, bool>("ending", "dies");
@@ -323,32 +275,27 @@ private Q_SLOTS:
             end(dies ? "window destroyed" : "window quits twice");
         }
         QCOMPARE(log, dies ? (QStringList{"asked", "deleted"}) : QStringList{"asked"});
+        m_sync->calls.clear();
         task->gate.release();
-        QTRY_VERIFY(job.isNull());
+        AWAIT(job.isNull());
         QCOMPARE(log, (QStringList{"asked", "deleted"}));
-    }
-
-    void attachedToNoWait()
-    {
-        QStringList log;
-        auto *ended = new Job(m_sync, m_window, timedTask(0), new AttachedThread(&log));
-        ended->execute();
-        m_window->quit(); // there is nothing to stop any more
-        delete ended;
-        delete new Job(m_sync, m_window, timedTask(0), new AttachedThread(&log));
-        QCOMPARE(log, (QStringList{"deleted", "deleted"}));
-        // It may have another owner, too.
-        auto *parent = new QObject;
-        auto *job = new Job(m_sync, m_window, timedTask(0), new QObject(parent));
-        delete parent;
-        delete job;
+        QCOMPARE(m_sync->calls, QStringList());
     }
 
     void entries()
     {
-        delete new Job(m_sync, m_window, timedTask(0)); // never started
+        QStringList log;
+        delete new Job(m_sync, m_window, timedTask(0), new AttachedThread(&log)); // never started
         QVERIFY(!manager()->isWndObjExist(m_window));
-        delete new Job(nullptr, nullptr, timedTask(0));
+        auto *parent = new QObject;
+        auto *withoutWindow = new Job(nullptr, nullptr, timedTask(0), new QObject(parent));
+        delete parent; // which may have what is attached, too
+        delete withoutWindow;
+        auto *ended = new Job(m_sync, m_window, timedTask(0), new AttachedThread(&log));
+        ended->execute();
+        m_window->quit(); // there is nothing to stop any more
+        delete ended;
+        QCOMPARE(log, (QStringList{"deleted", "deleted"}));
         CBPSyncObj other;
         Job first(m_sync, m_window, timedTask(0));
         auto *second = new Job(&other, m_window, timedTask(0));
@@ -391,6 +338,142 @@ private Q_SLOTS:
         QVERIFY(kept.isNeedDelete());
     }
 
+    // ------------------------------------------------------------------------------------------------------
+    // behind what the user sees
+
+    void ownWaiter()
+    {
+        QWidget window;
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        for (QWidget *parent : {&window, static_cast<QWidget *>(nullptr)}) {
+            const TaskPointer task = gatedTask(21);
+            auto *job = new Job(nullptr, parent, task);
+            later(job, [&] {
+                const CBPUISyncWaiter *waiter = shownWaiter();
+                QVERIFY(waiter && waiter->isModal());
+                QCOMPARE(waiter->parentWidget(), parent);
+                task->gate.release(2);
+            });
+            for (int time = 0; time < 2; ++time) {
+                QCOMPARE(job->execute(), 21ULL);
+                QVERIFY(!shownWaiter() && job->isNeedDelete());
+                QCOMPARE(waiters().size(), 1); // kept for the next time
+            }
+            delete job;
+            QCOMPARE(waiters().size(), 0);
+        }
+    }
+
+    void visibleEndings_data()
+    {
+        columns<QString, bool>("ending", "global");
+        for (const char *ending : {"Escape", "window destroyed", "waiter destroyed", "UnRun"})
+            row(ending, ending, false);
+        for (const char *ending : {"window destroyed", "waiter destroyed", "job"})
+            QTest::addRow("global, %s", ending) << ending << true;
+    }
+    // The window or the wait goes while the job runs.
+    void visibleEndings()
+    {
+        QFETCH(QString, ending);
+        QFETCH(bool, global);
+        auto *window = new QWidget;
+        window->show();
+        const QPointer<QWidget> windowAlive(window);
+        const TaskPointer task = gatedTask(20);
+        QPointer<Job> job =
+            new Job(nullptr, window, task, nullptr, global ? QStringLiteral("STR_GLOBAL_UNIQUE") : QString());
+        later(job, [&] {
+            CBPUISyncWaiter *waiter = shownWaiter();
+            QCOMPARE(!waiter, global);
+            if (ending == "Escape") {
+                QTest::keyClick(waiter, Qt::Key_Escape);
+                QVERIFY(waiter->isVisible());
+                waiter->SetRespondEsc(true);
+                QTest::keyClick(waiter, Qt::Key_Escape);
+            } else if (ending == "window destroyed") {
+                destroy(window);
+            } else if (ending == "waiter destroyed") {
+                destroy(window->findChild<CBPUISyncWaiter *>());
+            } else if (ending == "UnRun") {
+                waiter->UnRun();
+            } else {
+                task->gate.release();
+            }
+        });
+        const bool jobEnds = ending == "job";
+        QCOMPARE(job->execute(), jobEnds ? 20ULL : kNone);
+        QCOMPARE(job->isNeedDelete(), jobEnds);
+        if (jobEnds)
+            delete job.data();
+        QCOMPARE(waiters().size(), 0); // an orphan has no window
+        task->gate.release();
+        AWAIT(job.isNull());
+        delete windowAlive.data();
+    }
+
+    // Nor is the next wait ended, by what ends one whose window goes.
+    void waiterDestroyedBetweenWaits()
+    {
+        Job job(nullptr, nullptr, gatedTask(22), nullptr, QStringLiteral("STR_GLOBAL_UNIQUE"));
+        for (int time = 0; time < 2; ++time) {
+            QTimer::singleShot(40, &job, [&] { job.task().gate.release(); });
+            QCOMPARE(job.execute(), 22ULL);
+            qDeleteAll(waiters());
+        }
+    }
+
+    void waitingButton()
+    {
+        QWidget window;
+        auto *button = new CBPWaitBtn({}, "Start", "Waiting", &window, true);
+        window.show();
+        for (const bool dies : {false, true}) {
+            const TaskPointer task = gatedTask(23);
+            QPointer<Job> job = new Job(button, &window, task);
+            later(job, [&] {
+                auto *inner = new Job(button, &window, timedTask(0, 25));
+                QCOMPARE(inner->execute(), 25ULL);
+                delete inner;
+                QVERIFY(!button->isEnabled() && button->isWaitting()); // a second wait leaves it to the first
+                if (dies)
+                    destroy(button);
+                else
+                    task->gate.release();
+            });
+            QCOMPARE(job->execute(), dies ? kNone : 23ULL);
+            QCOMPARE(job->isNeedDelete(), !dies);
+            QVERIFY(dies || (button->isEnabled() && !button->isWaitting()));
+            if (!dies)
+                delete job.data();
+            task->gate.release();
+            AWAIT(job.isNull());
+        }
+    }
+
+    // A pop-up that its user closes while its own button waits.
+    void popUpClosedWhileItsButtonWaits()
+    {
+        PopUp popUp(nullptr, kOk);
+        const TaskPointer task = gatedTask(26);
+        QPointer<Job> job;
+        unsigned long long result = 0;
+        popUp.answer = [&](int flag) {
+            job = new Job(dynamic_cast<CBPWaitBtn *>(popUp.GetBtn(flag)), &popUp, task);
+            later(&popUp, [&] { popUp.OnClose(); });
+            result = job->execute();
+            return true;
+        };
+        later(&popUp, [&] { QTest::mouseClick(popUp.GetBtn(kOk), Qt::LeftButton); });
+        popUp.Run();
+        QCOMPARE(result, kNone);
+        QCOMPARE(popUp.GetResult(), kCancel);
+        QVERIFY(job && !job->isNeedDelete());
+        task->gate.release();
+        AWAIT(job.isNull());
+    }
+
 private:
     static CWorkThreadMgr *manager()
     {
@@ -423,6 +506,7 @@ private:
 
     QPointer<QuitWindow> m_window;
     Recorder *m_sync = nullptr;
+    Watchdog m_watchdog;
 };
 
 LUMQT_TEST_MAIN(TestExecuter)

@@ -1,3 +1,4 @@
+#include "Await.h"
 #include "CBPEvtLoop.h"
 #include "CBPQtThread.h"
 #include "CBPQtTimer.h"
@@ -14,9 +15,9 @@
 
 namespace {
 
-constexpr int kExecuters = 2000;
-constexpr int kDeepest = 6;    // waits within each other
-constexpr int kLongestMs = 20; // of a job, and of what ends its wait
+constexpr int kExecuters = 1000;
+constexpr int kDeepest = 6;   // waits within each other
+constexpr int kLongestMs = 4; // of a job, and of what ends its wait
 
 enum Ending { ByJob, WindowQuits, WindowDies, SyncDies, BrokenOff, Deleted, EndingCount };
 
@@ -78,13 +79,7 @@ private Q_SLOTS:
         });
         QCOMPARE(loop.exec(), 5);
         QCOMPARE(log, (QStringList{"still running", "turned"}));
-        QVERIFY(!loop.isRunning());
-    }
-
-    // What leaves the loop without counting does not leave a loop that claims to run.
-    void loopLeftByOthers()
-    {
-        CBPEvtLoop loop;
+        // What leaves the loop without counting does not leave a loop that claims to run.
         for (const bool enteredTwice : {false, false, true, true}) {
             QTimer::singleShot(0, &loop, [&] {
                 if (enteredTwice)
@@ -94,6 +89,24 @@ private Q_SLOTS:
             QCOMPARE(loop.exec(), 0);
             QVERIFY(!loop.isRunning());
         }
+        // What keeps a loop turning until it is left does so no longer.
+        class Nudges : public QObject
+        {
+        public:
+            int count = 0;
+
+        protected:
+            bool eventFilter(QObject *object, QEvent *event) override
+            {
+                count += event->type() == QEvent::Timer && !qobject_cast<QTimer *>(object);
+                return false;
+            }
+        } nudges;
+        qApp->installEventFilter(&nudges);
+        CBPQtTimer longer(nullptr);
+        longer.start(20);
+        AWAIT(longer.timerCnt() >= 2);
+        QCOMPARE(nudges.count, 0);
     }
 
     void syncObject()
@@ -143,7 +156,7 @@ private Q_SLOTS:
         thread.setCB(work, &job);
         QVERIFY(!thread.IsStop());
         thread.start();
-        QTRY_COMPARE(job.calls.load(), 1);
+        AWAIT_EQUAL(job.calls.load(), 1);
         QVERIFY(thread.isRunning());
         thread.WaitExit();
         QVERIFY(thread.isFinished() && thread.IsStop());
@@ -153,46 +166,43 @@ private Q_SLOTS:
         QCOMPARE(job.calls.load(), 1);
         thread.setCB(work, &job);
         thread.start();
-        QTRY_COMPARE(job.calls.load(), 2);
+        AWAIT_EQUAL(job.calls.load(), 2);
         thread.SetStop();
         QVERIFY(ended(thread));
+        thread.setCB([](void *self) { static_cast<CBPQtThread *>(self)->WaitExit(); }, &thread);
+        thread.start();
+        QVERIFY(ended(thread) && thread.IsStop());
     }
 
-    void threadWithoutWork()
+    // An event loop, unless it has a function.
+    void threadEndsAnyway()
     {
-        CBPQtThread neverRan(nullptr);
-        Work job{&neverRan};
-        neverRan.setCB(work, &job);
-        neverRan.WaitExit();
-        QVERIFY(neverRan.isFinished());
-        QCOMPARE(job.calls.load(), 0);
-        CBPQtThread withoutFunction(nullptr);
-        withoutFunction.start();
-        withoutFunction.WaitExit(); // its event loop may not have begun
-        QVERIFY(withoutFunction.isFinished());
-    }
-
-    void threadDestroyedWhileItRuns()
-    {
-        for (const bool function : {true, false}) { // or an event loop
+        for (const bool function : {true, false}) {
             Work job;
             job.polls = true;
             QObject parent; // goes first, and the thread with it
             auto *thread = job.thread = new CBPQtThread(&parent);
+            auto *inside = new QObject;
+            inside->moveToThread(thread);
             if (function)
                 thread->setCB(work, &job);
+            else
+                QMetaObject::invokeMethod(inside, [&job] { ++job.calls; });
             thread->start();
-            QTRY_VERIFY(thread->isRunning() && (!function || job.calls == 1));
-        }
-    }
+            AWAIT_EQUAL(job.calls.load(), 1);
+            QVERIFY(thread->isRunning());
+            inside->deleteLater();
 
-    void waitExitFromWithin()
-    {
-        CBPQtThread thread(nullptr);
-        thread.setCB([](void *self) { static_cast<CBPQtThread *>(self)->WaitExit(); }, &thread);
-        thread.start();
-        QVERIFY(ended(thread));
-        QVERIFY(thread.IsStop());
+            job.calls = 0;
+            CBPQtThread other(nullptr);
+            if (function)
+                other.setCB(work, &job);
+            else
+                other.start();
+            other.WaitExit(); // its event loop may not have begun, and its function is not called
+            QVERIFY(other.isFinished());
+            QCOMPARE(job.calls.load(), 0);
+        }
     }
 
     void timer()
@@ -203,10 +213,10 @@ private Q_SLOTS:
         QCOMPARE(timer.interval(), 80);
         QCOMPARE(timer.timerCnt(), 0);
         timer.start();
-        QTRY_VERIFY(timer.timerCnt() >= 1);
+        AWAIT(timer.timerCnt() >= 1);
         timer.start(1);
         QCOMPARE(timer.timerCnt(), 0);
-        QTRY_VERIFY(timer.timerCnt() >= 3);
+        AWAIT(timer.timerCnt() >= 3);
         QCOMPARE(timer.interval(), 1);
         QVERIFY(QMetaObject::invokeMethod(&timer, "start", Q_ARG(int, 1000)));
         QCOMPARE(timer.timerCnt(), 0);
@@ -225,7 +235,7 @@ private Q_SLOTS:
         QVERIFY(!CWorkThreadMgr::instance()->isWndObjExist(this));
     }
 
-    // Thousands of waits, nested at random and ended at random, leave nothing behind.
+    // Many waits, nested at random and ended at random, leave nothing behind.
     void nothingIsLeft()
     {
         waitOnce(0); // what the first wait makes for good
@@ -239,7 +249,7 @@ private Q_SLOTS:
         QVERIFY(m_deepest > 3);
         for (int i = 0; i < EndingCount; ++i)
             QVERIFY2(m_endings[i] > kExecuters / 20, qPrintable(QString::number(i)));
-        QTRY_VERIFY(ProcessCounts::now().threads <= before.threads);
+        AWAIT(ProcessCounts::now().threads <= before.threads);
         const int more = int(ProcessCounts::now().handles - before.handles);
         QVERIFY2(more <= 8, qPrintable(QString::number(more)));
     }
@@ -247,98 +257,67 @@ private Q_SLOTS:
 private:
     int upTo(int highest) { return int(m_random.bounded(highest + 1)); }
 
-    // What one wait is made of. What may die in it is watched.
-    struct Scene
-    {
-        QPointer<QuitWindow> window;
-        bool ownsWindow = true;
-        Recorder *plain = nullptr;
-        QPointer<CBPWaitBtn> button;
-        QPointer<Job> job;
-        bool waiting = true;
-
-        CBPSyncObj *sync() const { return plain ? plain : static_cast<CBPSyncObj *>(button.data()); }
-    };
-
-    // Most wait in what shows nothing, some in a button, some in the window that the executer makes.
-    void furnish(Scene &scene)
-    {
-        const int kind = upTo(19);
-        if (kind == 0)
-            return;
-        if (kind == 1)
-            scene.button = new CBPWaitBtn({}, QStringLiteral("Start"), QString(), &m_page, true);
-        else
-            scene.plain = new Recorder;
-    }
-
-    void end(Scene &scene, Ending ending)
-    {
-        if (!scene.waiting)
-            return;
-        if (ending == WindowQuits && scene.window) {
-            scene.window->quit();
-        } else if (ending == WindowDies) {
-            delete scene.window.data();
-        } else if (ending == SyncDies) {
-            delete scene.plain;
-            scene.plain = nullptr;
-            delete scene.button.data();
-        } else if (ending == BrokenOff) {
-            CBPUISyncWaiter *waiter = shownWaiter();
-            if (scene.plain)
-                scene.plain->breakOff();
-            else if (scene.button)
-                scene.button->exit(nullptr, false);
-            else if (waiter) {
-                waiter->SetRespondEsc(true);
-                QTest::keyClick(waiter, Qt::Key_Escape);
-            }
-        } else if (ending == Deleted && scene.job) {
-            upTo(1) == 0 ? scene.job->deleteLater() : delete scene.job.data();
-        }
-    }
-
     // Makes an executer, under a window of its own or one that others wait under, and waits for it.
     void waitOnce(int depth, QuitWindow *shared = nullptr)
     {
         ++m_made;
         m_deepest = qMax(m_deepest, depth);
-        Scene scene;
-        scene.ownsWindow = !shared;
-        scene.window = shared ? shared : new QuitWindow;
-        furnish(scene);
+        const QPointer<QuitWindow> window(shared ? shared : new QuitWindow);
+        // Most wait in what shows nothing, some in a button, some in the window that the executer makes.
+        const int kind = upTo(19);
+        std::unique_ptr<Recorder> plain(kind > 1 ? new Recorder : nullptr);
+        const QPointer<CBPWaitBtn> button(kind == 1 ? new CBPWaitBtn({}, "Start", "", &m_page, true)
+                                                    : nullptr);
+        CBPSyncObj *sync = plain ? plain.get() : static_cast<CBPSyncObj *>(button.data());
+        const QPointer<Job> job(new Job(sync, window, timedTask(upTo(kLongestMs), 7)));
         const auto ending = Ending(upTo(EndingCount - 1));
         ++m_endings[ending];
-        scene.job = new Job(scene.sync(), scene.window, timedTask(upTo(kLongestMs), 7));
-        QObject context; // what is meant for this wait goes with it
-        QTimer::singleShot(upTo(kLongestMs), &context, [&, ending] { end(scene, ending); });
+        const auto end = [&] {
+            if (ending == WindowQuits && window) {
+                window->quit();
+            } else if (ending == WindowDies) {
+                delete window.data();
+            } else if (ending == SyncDies) {
+                plain.reset();
+                delete button.data();
+            } else if (ending == BrokenOff && plain) {
+                plain->breakOff();
+            } else if (ending == BrokenOff && button) {
+                button->exit(nullptr, false);
+            } else if (CBPUISyncWaiter *waiter = ending == BrokenOff ? shownWaiter() : nullptr) {
+                waiter->SetRespondEsc(true);
+                QTest::keyClick(waiter, Qt::Key_Escape);
+            } else if (ending == Deleted && job) {
+                upTo(1) == 0 ? job->deleteLater() : delete job.data();
+            }
+        };
+        auto context = std::make_unique<QObject>(); // what is meant for this wait goes with it
+        QTimer::singleShot(upTo(kLongestMs), context.get(), end);
         const int nested = depth < kDeepest ? upTo(2) : 0;
         for (int i = 0; i < nested && m_made < kExecuters; ++i) {
             const bool sameWindow = upTo(2) == 0;
-            QTimer::singleShot(upTo(kLongestMs), &context, [&, depth, sameWindow] {
+            QTimer::singleShot(upTo(kLongestMs), context.get(), [&, depth, sameWindow] {
                 if (m_made < kExecuters)
-                    waitOnce(depth + 1, sameWindow ? scene.window.data() : nullptr);
+                    waitOnce(depth + 1, sameWindow ? window.data() : nullptr);
             });
         }
-        const unsigned long long result = scene.job->execute();
-        scene.waiting = false;
+        const unsigned long long result = job->execute();
+        context.reset();
         ++m_returned;
         QVERIFY(result == 7 || result == 0x1001);
-        if (scene.job && scene.job->isNeedDelete() && upTo(9) == 0)
-            scene.job->execute(); // and once more
-        if (scene.job && scene.job->isNeedDelete())
-            delete scene.job.data();
-        delete scene.plain;
-        delete scene.button.data();
-        if (scene.ownsWindow)
-            delete scene.window.data();
+        if (job && job->isNeedDelete() && upTo(9) == 0)
+            job->execute(); // and once more
+        if (job && job->isNeedDelete())
+            delete job.data();
+        delete button.data();
+        if (!shared)
+            delete window.data();
     }
 
     // The jobs that nobody waits for end, and their executers go.
     static void settle()
     {
-        QTRY_COMPARE(Job::alive(), 0);
+        AWAIT_EQUAL(Job::alive(), 0);
         CWorkThreadMgr::WaitForAllExist();
     }
 

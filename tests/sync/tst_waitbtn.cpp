@@ -4,13 +4,14 @@
 #include "Acts.h"
 #include "CBPEvtLoop.h"
 #include "foundation/FontLookup.h"
+#include "Later.h"
 #include "Pixels.h"
 #include "RealInput.h"
 #include "Rows.h"
 #include "Spoken.h"
 #include "TestMain.h"
+#include "Ticks.h"
 #include "Util.h"
-#include "Waiting.h"
 
 #include <QLineEdit>
 #include <QSignalSpy>
@@ -85,14 +86,18 @@ private Q_SLOTS:
     void spinner()
     {
         CBPWaitBtn button(frames(), "Go", QString());
+        auto *accessible = QAccessible::queryAccessibleInterface(&button);
+        QCOMPARE(accessible->role(), QAccessible::PushButton);
         makePlain(button, 100);
         button.show();
         const QRect go = inked(button, button.rect());
         button.Show(true);
         button.Show(true); // one stop is enough all the same
         QVERIFY(button.currentPixmap().isNull() && button.icon().isNull());
-        QTRY_VERIFY(!button.icon().isNull());
+        showFirstFrame();
         QCOMPARE(button.text(), QString()); // the waiting text
+        QCOMPARE(spokenName(&button), QString("Go"));
+        QVERIFY(accessible->state().busy);
         QCOMPARE(button.iconSize(), QSize(20, 20));
         const qreal ratio = button.currentPixmap().devicePixelRatio();
         QCOMPARE(button.currentPixmap().size() / ratio, QSize(20, 20));
@@ -101,8 +106,11 @@ private Q_SLOTS:
                  button.currentPixmap().toImage());
         button.Show(false);
         QVERIFY(button.isEnabled() && !button.isWaitting() && button.icon().isNull());
+        QVERIFY(!accessible->state().busy);
         QCOMPARE(button.text(), QString()); // stays, other than after exit(), but the button says what it is
         QCOMPARE(inked(button, button.rect()), go);
+        button.setAccessibleName("Own");
+        QCOMPARE(spokenName(&button), QString("Own"));
         button.Show(true);
         button.exit(nullptr, false);
         QCOMPARE(button.text(), QString("Go"));
@@ -120,9 +128,13 @@ private Q_SLOTS:
         // A text that is there and a spinner that is not whole are both better than nothing.
         const QString missing = Util::getResFullPath("../res/loading/none.png");
         button.setReslist({missing, frames().first(), missing});
-        QTRY_VERIFY(!button.icon().isNull());
-        QTRY_VERIFY(button.currentPixmap().isNull()); // the missing one comes and goes
-        QVERIFY(!button.icon().isNull());
+        QTimer *timer = spinnerTimer();
+        tick(timer, 9);
+        QVERIFY(button.icon().isNull());
+        tick(timer); // the one in the middle is the first that shows
+        QVERIFY(!button.currentPixmap().isNull() && !button.icon().isNull());
+        tick(timer);
+        QVERIFY(button.currentPixmap().isNull() && !button.icon().isNull());
         QCOMPARE(button.iconSize(), QSize(20, 20));
     }
 
@@ -133,7 +145,8 @@ private Q_SLOTS:
         button.show();
         const auto waitOnce = [&button](bool exits) {
             button.Show(true);
-            QTRY_COMPARE(button.text(), QString("Wait"));
+            showFirstFrame();
+            QCOMPARE(button.text(), QString("Wait"));
             exits ? void(button.exit(nullptr, false)) : button.Show(false);
         };
         button.setText("Set before");
@@ -158,7 +171,7 @@ private Q_SLOTS:
         for (const bool over : {true, false}) {
             RealInput::moveTo(over ? button.mapToGlobal(button.rect().center())
                                    : window.mapToGlobal({190, 90}));
-            QTRY_COMPARE(button.underMouse(), over);
+            AWAIT_EQUAL(button.underMouse(), over);
             button.Show(true);
             button.Show(false);
             QCOMPARE(button.state(), int(over));
@@ -178,29 +191,34 @@ private Q_SLOTS:
         QWidget window;
         QWidget page(&window);
         CBPWaitBtn button(frames(), "Go", "Wait", &page);
+        const auto verifyRests = [&button] {
+            const qint64 key = button.icon().cacheKey();
+            CBPAnimationObj another(frames());
+            another.start();
+            QCOMPARE(spinnerTimers().size(), 1);
+            QCOMPARE(button.icon().cacheKey(), key);
+            QVERIFY(button.isWaitting() && !button.isEnabled());
+        };
         page.hide();
         window.show();
         button.Show(true);
-        QTest::qWait(1180); // a first frame would have come
-        QVERIFY(button.icon().isNull() && button.isWaitting());
+        verifyRests();
         QCOMPARE(button.text(), QString("Go"));
         page.show();
-        QTRY_VERIFY(!button.icon().isNull());
+        showFirstFrame();
+        QVERIFY(!button.icon().isNull());
         window.hide();
+        verifyRests();
         const qint64 key = button.icon().cacheKey();
-        QTest::qWait(250);
-        QCOMPARE(button.icon().cacheKey(), key);
-        QVERIFY(button.isWaitting() && !button.isEnabled());
         window.show();
-        CBPAnimationObj another(frames());
-        another.start();
-        QTRY_VERIFY(button.icon().cacheKey() != key);
-        QCOMPARE(another.curentIndex(), 255); // which has the start delay, other than what goes on
+        spinnerTimer(); // a start delay would take ten ticks more
+        QVERIFY(button.icon().cacheKey() != key);
         window.hide();
         button.exit(nullptr, false);
         button.Show(true); // begun while hidden
         window.show();
-        QTRY_VERIFY(!button.icon().isNull());
+        showFirstFrame();
+        QVERIFY(!button.icon().isNull());
     }
 
     void spinnerAndText_data()
@@ -229,7 +247,8 @@ private Q_SLOTS:
         const QRect before = iconPlace();
         button.show();
         button.Show(true);
-        QTRY_COMPARE(button.text(), text);
+        showFirstFrame();
+        QCOMPARE(button.text(), text);
         // The text stands in the middle, as ever, if there is room.
         const QRect middle(width / 2 - 1, 0, 2, 36);
         for (const bool mirrored : {false, true}) {
@@ -258,7 +277,8 @@ private Q_SLOTS:
             button.show();
             CBPEvtLoop loop;
             later(&button, [&] {
-                QTRY_VERIFY(!button.icon().isNull());
+                showFirstFrame();
+                QVERIFY(!button.icon().isNull());
                 if (stopped)
                     button.Show(false);
                 loop.quit();
@@ -267,20 +287,6 @@ private Q_SLOTS:
             QVERIFY(button.isEnabled() && !button.isWaitting() && button.icon().isNull());
             QCOMPARE(button.text(), QString("Go"));
         }
-    }
-
-    void buttonIsNamed()
-    {
-        CBPWaitBtn button(frames(), "Go", QString());
-        auto *accessible = QAccessible::queryAccessibleInterface(&button);
-        QCOMPARE(accessible->role(), QAccessible::PushButton);
-        QVERIFY(!accessible->state().busy);
-        button.Show(true);
-        button.setText(QString());
-        QCOMPARE(spokenName(&button), QString("Go"));
-        QVERIFY(accessible->state().busy);
-        button.setAccessibleName("Own");
-        QCOMPARE(spokenName(&button), QString("Own"));
     }
 
     void expandButton()
@@ -340,34 +346,29 @@ private Q_SLOTS:
         QCOMPARE(button.text(), QString("Details"));
     }
 
-    void expandTexts_data()
-    {
-        columns<QString>("text");
-        row("short", "Off");
-        row("up to the arrow", "A rather long caption of a row");
-        row("endless", QString(20000, 'w'));
-    }
     // The text is on one line, and ends before the arrow.
     void expandTexts()
     {
-        QFETCH(QString, text);
-        CExpandBtn button(frames(), text, QString());
-        const int wanted = QFontMetrics(lumqt::uiFont()).horizontalAdvance(text) + 2 * (16 + 16);
-        QVERIFY(button.sizeHint().width() >= qMin(wanted, QWIDGETSIZE_MAX));
-        QVERIFY(button.sizeHint().height() == 44 && button.height() == 44);
-        button.setFixedWidth(200);
-        button.setFocusPolicy(Qt::NoFocus);
-        button.setBgColor(QVector<QColor>(4, Qt::white));
-        const QRect beside(200 - 16 - 16 - 4, 0, 4, 44);
-        QVERIFY(inked(button, beside).isEmpty());
-        const QRect drawn = inked(button, QRect(0, 0, beside.left(), 44));
-        QVERIFY(drawn.width() > 10 && drawn.height() <= 20);
-        QVERIFY(drawn.left() >= 16 + 16);
-        button.show();
-        button.Show(true); // without a waiting text the button shows its own again afterwards
-        QTRY_VERIFY(button.text().isEmpty());
-        button.Show(false);
-        QVERIFY(inked(button, button.rect()).height() <= 20);
+        for (const QString &text :
+             {QString("Off"), QString("A rather long caption of a row"), QString(20000, 'w')}) {
+            CExpandBtn button(frames(), text, QString());
+            const int wanted = QFontMetrics(lumqt::uiFont()).horizontalAdvance(text) + 2 * (16 + 16);
+            QVERIFY(button.sizeHint().width() >= qMin(wanted, QWIDGETSIZE_MAX));
+            QVERIFY(button.sizeHint().height() == 44 && button.height() == 44);
+            button.setFixedWidth(200);
+            button.setFocusPolicy(Qt::NoFocus);
+            button.setBgColor(QVector<QColor>(4, Qt::white));
+            const QRect beside(200 - 16 - 16 - 4, 0, 4, 44);
+            QVERIFY(inked(button, beside).isEmpty());
+            const QRect ink = inked(button, QRect(0, 0, beside.left(), 44));
+            QVERIFY2(ink.width() > 10 && ink.height() <= 20 && ink.left() >= 16 + 16, wordsOf(ink));
+            button.show();
+            button.Show(true); // without a waiting text the button shows its own again afterwards
+            showFirstFrame();
+            QVERIFY(button.text().isEmpty());
+            button.Show(false);
+            QVERIFY(inked(button, button.rect()).height() <= 20);
+        }
     }
 };
 

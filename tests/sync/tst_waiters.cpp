@@ -2,14 +2,15 @@
 #include "CBPWaiter.h"
 
 #include "Acts.h"
+#include "Await.h"
 #include "CBPEvtLoop.h"
 #include "foundation/FontLookup.h"
+#include "Later.h"
 #include "Pixels.h"
 #include "platform/Platform.h"
 #include "Rows.h"
 #include "TestMain.h"
 #include "Util.h"
-#include "Waiting.h"
 
 #include <QLabel>
 #include <QMovie>
@@ -44,6 +45,23 @@ public:
 };
 
 using Dialog = Watched<CBPWaiter>;
+
+// In place of a result.
+constexpr int kGoesOn = -1;
+constexpr int kDeleted = -2;
+
+// Of the timers of a dialog that run.
+QList<int> intervals(const CBPWaiter &dialog)
+{
+    QList<int> found;
+    const auto timers = dialog.findChildren<QTimer *>();
+    for (const QTimer *timer : timers) {
+        if (timer->isActive())
+            found << timer->interval();
+    }
+    std::sort(found.begin(), found.end());
+    return found;
+}
 
 } // namespace
 
@@ -92,86 +110,63 @@ private Q_SLOTS:
         }
     }
 
-    void withoutCompositor()
+    void syncWaiterEnds_data()
     {
-        auto &composited = lumqt::platform::answers().composited;
-        const auto before = composited;
-        composited = [] { return false; };
-        Waiter w("Wait");
-        w.show();
-        const QRect tile = w.findChild<QLabel *>()->geometry();
-        QCOMPARE(w.mask().boundingRect(), tile);
-        QVERIFY(!w.mask().contains(tile.topLeft())); // round corners
-        composited = before;
+        columns<QString, bool, int, int>("how", "responds", "result", "escapes");
+        for (const char *how : {"exit", "while shown", "parent hidden"})
+            row(how, how, true, 1, 0);
+        row("Escape", "Escape", true, 0, 1);
+        row("Escape, off", "Escape", false, kGoesOn, 0);
+        row("Escape, a slot exits", "Escape, exit", true, 1, 1);
+        for (const char *how : {"Shift", "Ctrl", "another key"})
+            row(how, how, true, kGoesOn, 0);
+        for (const char *how : {"deleted", "parent deleted", "exit, deleted"})
+            row(how, how, true, kDeleted, 0);
+        row("Escape, deleted", "Escape, deleted", true, kDeleted, 1);
     }
-
-    void escape_data()
-    {
-        columns<bool, bool, int, int>("responds", "exits", "modifiers", "ends");
-        row("off", false, false, 0, 0);
-        row("a slot ends it", true, true, 0, 1);
-        row("no slot does", true, false, 0, 1);
-        row("Shift", true, false, int(Qt::ShiftModifier), 0);
-        row("Ctrl", true, false, int(Qt::ControlModifier), 0);
-    }
-    void escape()
-    {
-        QFETCH(bool, exits); // by a slot itself
-        QFETCH(int, modifiers);
-        QFETCH(int, ends);
-        Waiter w("Wait");
-        QFETCH(bool, responds);
-        w.SetRespondEsc(responds);
-        QSignalSpy escapes(&w, &CBPUISyncWaiter::sigPressEscape);
-        QSignalSpy finished(&w, &QDialog::finished);
-        QSignalSpy rejected(&w, &QDialog::rejected);
-        if (exits)
-            connect(&w, &CBPUISyncWaiter::sigPressEscape, [&] { w.exit(nullptr, false); });
-        const int result = exits || ends == 0;
-        later(&w, [&] {
-            QTest::keyClick(&w, Qt::Key_Escape, Qt::KeyboardModifiers(modifiers));
-            QCOMPARE(w.isVisible(), ends == 0);
-            QCOMPARE(escapes.size(), ends);
-            QCOMPARE(finished.size(), ends);
-            QCOMPARE(rejected.size(), ends);
-            QCOMPARE(w.GetResult(), result);
-            QTest::keyClick(&w, Qt::Key_A);
-            if (w.isVisible())
-                w.exit(nullptr, false);
-        });
-        w.run(nullptr, false);
-        QCOMPARE(escapes.size(), ends);
-        QCOMPARE(w.GetResult(), result);
-        w.exit(nullptr, false); // the job is over
-        QCOMPARE(w.GetResult(), 1);
-    }
-
-    void waiterEnds_data()
-    {
-        names("how", {"deleted", "parent deleted", "parent hidden", "deleted by Escape", "deleted by its end",
-                      "while it is being shown"});
-    }
-    void waiterEnds()
+    void syncWaiterEnds()
     {
         QFETCH(QString, how);
+        QFETCH(bool, responds);
+        QFETCH(int, result);
         const QPointer<QWidget> parent(new QWidget);
         parent->show();
         QPointer<Waiter> w(new Waiter("Wait", parent));
-        w->SetRespondEsc(true);
-        const auto end = [&w] { w->exit(nullptr, false); };
-        if (how == "deleted by Escape")
-            connect(w, &CBPUISyncWaiter::sigPressEscape, [&] { destroy(w); });
-        else if (how == "deleted by its end")
-            connect(w, &CBPPopWnd::sigQuit, [&] { destroy(w); });
-        if (how == "while it is being shown")
-            w->onShow = end;
+        w->SetRespondEsc(responds);
+        QSignalSpy escapes(w, &CBPUISyncWaiter::sigPressEscape);
+        QSignalSpy finished(w, &QDialog::finished);
+        QSignalSpy rejected(w, &QDialog::rejected);
+        const std::function<void()> exit = [&] { w->exit(nullptr, false); };
         const Deeds deeds{{"deleted", [&] { destroy(w); }},
                           {"parent deleted", [&] { destroy(parent); }},
                           {"parent hidden", [&] { parent->hide(); }},
-                          {"deleted by Escape", [&] { QTest::keyClick(w, Qt::Key_Escape); }}};
-        later(w, deeds.value(how, end));
+                          {"Escape", [&] { QTest::keyClick(w, Qt::Key_Escape); }},
+                          {"Shift", [&] { QTest::keyClick(w, Qt::Key_Escape, Qt::ShiftModifier); }},
+                          {"Ctrl", [&] { QTest::keyClick(w, Qt::Key_Escape, Qt::ControlModifier); }},
+                          {"another key", [&] { QTest::keyClick(w, Qt::Key_A); }}};
+        const QStringList parts = how.split(", "); // what is done, and by a slot of what it sets going
+        if (how.startsWith("Escape, "))
+            connect(w, &CBPUISyncWaiter::sigPressEscape, deeds.value(parts.value(1), exit));
+        else if (parts.size() > 1)
+            connect(w, &CBPPopWnd::sigQuit, deeds[parts[1]]);
+        if (how == "while shown")
+            w->onShow = exit;
+        else
+            later(w, [&] {
+                deeds.value(parts[0], exit)();
+                QCOMPARE(w && w->isVisible(), result == kGoesOn);
+                if (result == kGoesOn)
+                    exit();
+            });
         QCOMPARE(w->run(nullptr, false), 0);
-        QCOMPARE(!w, how.contains("deleted"));
+        QTEST(escapes.size(), "escapes");
+        QCOMPARE(!w, result == kDeleted);
+        if (w) {
+            QVERIFY(!w->isVisible() && finished.size() == 1 && rejected.size() == 1);
+            QCOMPARE(w->GetResult(), result == kGoesOn ? 1 : result);
+            exit(); // the job is over
+            QCOMPARE(w->GetResult(), 1);
+        }
         delete parent;
     }
 
@@ -190,163 +185,150 @@ private Q_SLOTS:
         QCOMPARE(grabbedAt(w, label->x(), label->y()).alpha(), 0); // round corners
         QCOMPARE(label->geometry().center(), QRect(0, 0, 100, 100).center());
         QSignalSpy pictures(label->movie(), &QMovie::frameChanged);
-        QTRY_VERIFY(pictures.size() > 2);
+        AWAIT(pictures.size() > 2);
         const QImage image = w.grab().toImage();
         QCOMPARE(pixelOf(image, 5, 50).alpha(), 0); // only the spinner
         QCOMPARE(pixelOf(image, 50, 24).alpha(), 255);
         w.hide();
         QCOMPARE(label->movie()->state(), QMovie::NotRunning);
+
+        // Where nothing blends windows with what lies behind them only the tile is there.
+        auto &composited = lumqt::platform::answers().composited;
+        const auto before = std::exchange(composited, [] { return false; });
+        w.show();
+        QCOMPARE(w.mask().boundingRect(), label->geometry());
+        QVERIFY(!w.mask().contains(label->geometry().topLeft())); // round corners
+        composited = before;
     }
 
-    void timeLimit_data()
-    {
-        columns<int, bool>("limit", "minimised");
-        row("none", 0, false);
-        row("some", 250, false);
-        row("minimised", 800, true);
-    }
     void timeLimit()
     {
-        QFETCH(int, limit);
-        QFETCH(bool, minimised);
-        CBPWaiter w(nullptr, "Loading", unsigned(limit), false);
-        QVERIFY(w.minimumSize() == QSize(130, 38) && w.maximumSize() == QSize(130, 38));
-        QSignalSpy finished(&w, &QDialog::finished);
-        for (int run = 1; run <= 2; ++run) {
-            QElapsedTimer clock;
-            clock.start();
-            QImage before;
-            if (minimised) {
-                later(&w, [&] {
-                    QVERIFY(QTest::qWaitForWindowExposed(&w));
-                    QHideEvent event;
-                    QSpontaneKeyEvent::setSpontaneous(&event);
-                    qApp->notify(&w, &event); // sendEvent() makes it one of the program
-                    before = w.grab().toImage();
-                });
-                QTimer::singleShot(700, &w, [&] { QCOMPARE(w.grab().toImage(), before); });
-            }
-            w.Run();
-            QVERIFY(clock.elapsed() >= limit);
-            QCOMPARE(w.result(), 1);
-            QCOMPARE(finished.size(), run);
-        }
-        QTest::qWait(100);
-        QCOMPARE(finished.size(), 2); // no timer goes on
-    }
-
-    void waiterKeys_data()
-    {
-        columns<QString, bool, int, int>("how", "responds", "result", "rejections"); // result -1: goes on
-        row("Escape", "Escape", true, 0, 1);
-        row("Escape, off", "Escape", false, -1, 0);
-        row("close", "close", true, 0, 1);
-        row("close, off", "close", false, -1, 0);
-        row("UnRun", "UnRun", false, 1, 0);
-        row("five minutes", "five minutes", true, 1, 1);
-    }
-    void waiterKeys()
-    {
-        QFETCH(QString, how);
-        QFETCH(int, result);
-        CBPWaiter w(nullptr, "Loading", 300000000, false);
-        QFETCH(bool, responds);
-        w.SetRespondEsc(responds);
-        QSignalSpy rejections(&w, &QDialog::rejected);
-        bool ended = false;
-        const Deeds deeds{{"Escape", [&] { QTest::keyClick(&w, Qt::Key_Escape); }},
-                          {"close", [&] { w.close(); }},
-                          {"UnRun", [&] { w.UnRun(); }},
-                          {"five minutes", [&] { // not waited for: the timer that ends what nobody has ended
-                               for (QTimer *timer : w.findChildren<QTimer *>()) {
-                                   if (timer->interval() == 300000 && timer->isActive() &&
-                                       timer->isSingleShot())
-                                       timer->setInterval(1);
-                               }
-                               QTRY_VERIFY(!w.isVisible());
-                           }}};
-        later(&w, [&] {
-            deeds[how]();
-            ended = !w.isVisible();
-            if (!ended)
-                w.UnRun();
-        });
-        w.Run();
-        QCOMPARE(ended, result != -1);
-        if (ended)
-            QCOMPARE(w.result(), result);
-        QTEST(rejections.size(), "rejections");
-    }
-
-    void endedWhileShown_data() { names("how", {"UnRun", "close", "reject", "hide", "delete"}); }
-    // Before its loop runs, too.
-    void endedWhileShown()
-    {
-        QFETCH(QString, how);
-        QPointer<Dialog> w(new Dialog(nullptr, "Loading", 300, false));
-        w->setAttribute(Qt::WA_DeleteOnClose, how == "delete");
-        bool acted = false;
-        w->onShow = [&] {
-            acted = true;
-            if (how == "UnRun" || how == "delete")
-                w->UnRun();
-            else
-                QVERIFY(QMetaObject::invokeMethod(w, how.toLatin1().constData()));
-        };
-        w->Run();
-        QVERIFY(acted);
-        if (how == "delete") {
-            QTRY_VERIFY(!w);
-            return;
-        }
-        QVERIFY(w && !w->isVisible() && !w->isModal());
-        QVERIFY(!w->windowHandle()->isVisible() &&
-                !QGuiApplication::modalWindow()); // which would block all others
-        QCOMPARE(w->result(), int(how == "UnRun"));
-        w->onShow = nullptr; // and it can be run again
-        w->Run();
-        QCOMPARE(w->result(), 1);
-        delete w;
-    }
-
-    void runsOnce()
-    {
-        CBPWaiter w(nullptr, "Loading", 100, false);
-        int ends = 0;
-        connect(&w, &QDialog::finished, [&] {
-            ++ends;
-            QTest::ignoreMessage(QtWarningMsg, QRegularExpression("runs already"));
-            w.Run();
-        });
-        w.Run();
-        QCOMPARE(ends, 1);
-        QVERIFY(!w.isVisible());
-    }
-
-    void waiterDeleted()
-    {
-        for (const QString how : {"itself", "parent", "when finished", "on close"}) {
-            const QPointer<QWidget> parent(new QWidget);
-            parent->show();
-            QPointer<CBPWaiter> w(new CBPWaiter(parent, "Loading", 100, false));
-            w->setAttribute(Qt::WA_DeleteOnClose, how == "on close");
-            if (how == "when finished")
-                connect(w, &QDialog::finished, [&] { destroy(w); });
-            later(w, [&] {
-                if (how == "itself")
-                    destroy(w);
-                else if (how == "parent")
-                    destroy(parent);
+        for (const int limit : {0, 100}) {
+            CBPWaiter w(nullptr, "Loading", unsigned(limit), false);
+            QVERIFY(w.minimumSize() == QSize(130, 38) && w.maximumSize() == QSize(130, 38));
+            int ends = 0;
+            connect(&w, &QDialog::finished, [&] {
+                ++ends;
+                QTest::ignoreMessage(QtWarningMsg, QRegularExpression("runs already"));
+                w.Run();
             });
-            w->Run();
-            QVERIFY2(!w, qPrintable(how));
+            for (int run = 1; run <= 2; ++run) {
+                QElapsedTimer clock;
+                clock.start();
+                w.Run();
+                QVERIFY(clock.elapsed() >= limit);
+                QVERIFY(w.result() == 1 && ends == run && !w.isVisible());
+                QVERIFY(intervals(w).isEmpty()); // or it would end again
+            }
+        }
+    }
+
+    // Nothing moves for nobody: a single tick when the time is over.
+    void minimised()
+    {
+        CBPWaiter w(nullptr, "Loading", 200000, false);
+        later(&w, [&] {
+            QCOMPARE(intervals(w), (QList<int>{30, 300000}));
+            QHideEvent hidden;
+            QSpontaneKeyEvent::setSpontaneous(&hidden);
+            qApp->notify(&w, &hidden); // sendEvent() makes it one of the program
+            const int rest = intervals(w).constFirst();
+            QVERIFY2(rest > 100000 && rest <= 200000, QByteArray::number(rest));
+            QTest::qSleep(
+                2); // a tick that comes early is not the last one, nor is it a whole time until the next
+            QMetaObject::invokeMethod(&w, "on_timeout", Qt::DirectConnection);
+            QVERIFY(w.isVisible() && intervals(w).constFirst() < rest);
+            QShowEvent shown;
+            qApp->notify(&w, &shown);
+            QCOMPARE(intervals(w), (QList<int>{30, 300000}));
+            w.UnRun();
+        });
+        w.Run();
+        QVERIFY(intervals(w).isEmpty());
+    }
+
+    void waiterEnds_data()
+    {
+        columns<QString, bool, int, int>("how", "responds", "result", "rejections");
+        row("UnRun", "UnRun", false, 1, 0);
+        row("close", "close", true, 0, 1);
+        row("close, off", "close", false, kGoesOn, 0);
+        row("reject", "reject", false, 0, 1);
+        row("hide", "hide", false, 0, 0);
+        row("Escape", "Escape", true, 0, 1);
+        row("Escape, off", "Escape", false, kGoesOn, 0);
+        row("five minutes", "five minutes", true, 1, 1);
+        for (const char *how : {"itself", "parent", "when finished"})
+            row(how, how, true, kDeleted, 0);
+        row("on close", "on close", true, kDeleted, 0);
+    }
+    // Once it runs, and before.
+    void waiterEnds()
+    {
+        QFETCH(QString, how);
+        QFETCH(bool, responds);
+        QFETCH(int, result);
+        const Deeds ends{{"Escape", [&] { QTest::keyClick(m_dialog, Qt::Key_Escape); }},
+                         {"itself", [&] { destroy(m_dialog); }},
+                         {"parent", [&] { destroy(m_dialog->parentWidget()); }},
+                         {"when finished", [&] { m_dialog->UnRun(); }},
+                         {"five minutes", [&] { // not waited for: the timer that ends what nobody has ended
+                              for (QTimer *timer : m_dialog->findChildren<QTimer *>()) {
+                                  if (timer->interval() == 300000 && timer->isSingleShot())
+                                      timer->setInterval(1);
+                              }
+                              AWAIT(!m_dialog->isVisible());
+                          }}};
+        const bool isSlot = QStringList({"close", "reject", "hide"}).contains(how);
+        const auto end = ends.value(how, [&] {
+            isSlot ? void(QMetaObject::invokeMethod(m_dialog, how.toLatin1())) : m_dialog->UnRun();
+        });
+        for (const bool whileShown : {false, true}) {
+            if (whileShown && ends.contains(how))
+                continue;
+            const QPointer<QWidget> parent(new QWidget);
+            parent->resize(400, 300);
+            parent->show();
+            m_dialog = new Dialog(parent, "Loading", 300000000, false);
+            m_dialog->SetRespondEsc(responds);
+            m_dialog->setAttribute(Qt::WA_DeleteOnClose, how == "on close");
+            QSignalSpy rejections(m_dialog, &QDialog::rejected);
+            if (how == "when finished")
+                connect(m_dialog, &QDialog::finished, [&] { destroy(m_dialog); });
+            m_dialog->onShow = [&] {
+                QVERIFY(parent->frameGeometry().contains(m_dialog->geometry()));
+                if (whileShown)
+                    end();
+            };
+            if (!whileShown || result == kGoesOn)
+                later(m_dialog, [&] {
+                    if (!whileShown)
+                        end();
+                    QCOMPARE(m_dialog && m_dialog->isVisible(), result == kGoesOn);
+                    if (result == kGoesOn)
+                        m_dialog->UnRun();
+                });
+            m_dialog->Run();
+            if (result == kDeleted) {
+                AWAIT(!m_dialog);
+            } else {
+                QVERIFY(m_dialog && !m_dialog->isVisible() && !m_dialog->isModal());
+                // It would block all others.
+                QVERIFY(!m_dialog->windowHandle()->isVisible() && !QGuiApplication::modalWindow());
+                QCOMPARE(m_dialog->result(), result == kGoesOn ? 1 : result);
+                QTEST(rejections.size(), "rejections");
+                m_dialog->onShow = nullptr; // and it can be run again
+                later(m_dialog, [&] { m_dialog->UnRun(); });
+                m_dialog->Run();
+                QCOMPARE(m_dialog->result(), 1);
+            }
             delete parent;
         }
     }
 
     void waiterLook()
     {
-        CBPWaiter w(nullptr, "Loading", 4000, false);
+        Dialog w(nullptr, "Loading", 4000, false);
         QImage image = w.grab().toImage();
         const QColor ground(232, 244, 253);
         for (const QPoint &corner : {QPoint(0, 0), QPoint(129, 0), QPoint(0, 37), QPoint(129, 37)})
@@ -379,10 +361,10 @@ private Q_SLOTS:
         tick();
         QCOMPARE(left(), open);
         QVERIFY(image != before);
-        later(&w, [&] {
-            QVERIFY(qAbs(left() - start) <= 3); // from the beginning
+        w.onShow = [&] {
+            QCOMPARE(left(), start); // from the beginning
             w.UnRun();
-        });
+        };
         w.Run();
     }
 
@@ -401,6 +383,7 @@ private Q_SLOTS:
 
 private:
     std::unique_ptr<Watchdog> m_dog;
+    QPointer<Dialog> m_dialog;
 };
 
 LUMQT_TEST_MAIN(TestWaiters)

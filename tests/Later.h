@@ -5,7 +5,7 @@
 
 #include <functional>
 
-// What the tests of waits share.
+// What tests of waits and of modal windows do once these run.
 
 // Out of line, as compilers see through the deletion of what lives on the stack.
 Q_NEVER_INLINE inline void destroy(QObject *object)
@@ -29,7 +29,7 @@ public:
             m_bit = true;
             QCoreApplication::exit();
         });
-        m_timer.start(5000);
+        m_timer.start(30000);
     }
     bool bit() const { return m_bit; }
 
