@@ -86,8 +86,12 @@ inline Pair pairIn(const QImage &picture, const QRectF &place)
         QRectF(place.topLeft() * kReadable, place.size() * kReadable).toRect() & picture.rect();
     QHash<QRgb, int> counts;
     for (int y = pixels.top(); y <= pixels.bottom(); ++y) {
-        for (int x = pixels.left(); x <= pixels.right(); ++x)
-            ++counts[picture.pixel(x, y)];
+        const auto *line = reinterpret_cast<const QRgb *>(picture.constScanLine(y));
+        for (int first = pixels.left(), x = first; x <= pixels.right(); first = x) {
+            while (x <= pixels.right() && line[x] == line[first])
+                ++x;
+            counts[line[first]] += x - first;
+        }
     }
     Pair pair{};
     for (auto it = counts.cbegin(); it != counts.cend(); ++it)
