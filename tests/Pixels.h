@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QHash>
 #include <QImage>
 #include <QRect>
 #include <QtTest>
@@ -69,6 +70,21 @@ inline QRect inkOf(const QImage &image, int lightest = 100)
         }
     }
     return box;
+}
+
+// How many pixels of a part of a picture (of 32 bits) have which colour.
+inline QHash<QRgb, int> colorsIn(const QImage &image, const QRect &part)
+{
+    QHash<QRgb, int> counts;
+    for (int y = part.top(); y <= part.bottom(); ++y) {
+        const auto *line = reinterpret_cast<const QRgb *>(image.constScanLine(y));
+        for (int first = part.left(), x = first; x <= part.right(); first = x) {
+            while (x <= part.right() && line[x] == line[first])
+                ++x;
+            counts[line[first]] += x - first;
+        }
+    }
+    return counts;
 }
 
 // For the message of a QVERIFY2: what QTest::toString() makes there, nobody frees.

@@ -1,4 +1,5 @@
 #include "Acts.h"
+#include "Await.h"
 #include "CBPDrawLabel.h"
 #include "CBPImage.h"
 #include "CBPLabel.h"
@@ -22,11 +23,6 @@
 namespace {
 
 const QColor kBar(75, 174, 178);
-
-QImage picture(QWidget &widget, int ratio = 1)
-{
-    return pictureOf(widget, ratio);
-}
 
 // The label on white, turned back when it is mirrored.
 QImage render(CFoucsLabel &label, qreal ratio, bool mirrored)
@@ -70,43 +66,31 @@ private Q_SLOTS:
     void initTestCase() { selections::setActive(true); }
     void cleanupTestCase() { selections::setActive(false); }
 
-    void labelFonts_data()
-    {
-        columns<int, int>("asked", "size"); // INT_MIN: no size is given
-        row("no size", INT_MIN, 12);
-        row("20", 20, 20);
-        row("a null pointer for the parent, to the compiler a number", 0, 12);
-        row("negative", -4, 12);
-    }
+    // Without a size, with one, with a null pointer for the parent, which to the compiler is a number, and
+    // with less than none.
     void labelFonts()
     {
-        QFETCH(int, asked);
-        QFETCH(int, size);
         QWidget parent;
-        const bool plain = asked == INT_MIN;
-        for (int times = asked < 0 && !plain ? 2 : 0; times > 0; --times)
-            QTest::ignoreMessage(QtWarningMsg,
-                                 qPrintable(QString("CBPLabel: %1 is no font size").arg(asked)));
-        const CBPLabel label = plain ? CBPLabel("Text", &parent) : CBPLabel("Text", asked, &parent);
-        QCOMPARE(label.font().pixelSize(), size);
-        QCOMPARE(label.font().family(), GetFontFamily(1));
-        QVERIFY(label.text() == "Text" && label.parentWidget() == &parent);
-        const CBPLabel colored("Text", QColor(Qt::blue), plain ? 12 : asked, &parent);
-        QCOMPARE(colored.font(), label.font());
-        QCOMPARE(colored.palette().color(QPalette::WindowText), QColor(Qt::blue));
-    }
-
-    void labelOfItsParent()
-    {
-        QWidget parent;
+        for (const auto &[asked, size] : {std::pair(INT_MIN, 12), {20, 20}, {0, 12}, {-4, 12}}) {
+            const bool plain = asked == INT_MIN;
+            for (int times = asked < 0 && !plain ? 2 : 0; times > 0; --times)
+                QTest::ignoreMessage(QtWarningMsg, "CBPLabel: -4 is no font size");
+            const CBPLabel label = plain ? CBPLabel("Text", &parent) : CBPLabel("Text", asked, &parent);
+            QCOMPARE(label.font().pixelSize(), size);
+            QCOMPARE(label.font().family(), GetFontFamily(1));
+            QVERIFY(label.text() == "Text" && label.parentWidget() == &parent);
+            const CBPLabel colored("Text", QColor(Qt::blue), plain ? 12 : asked, &parent);
+            QCOMPARE(colored.font(), label.font());
+            QCOMPARE(colored.palette().color(QPalette::WindowText), QColor(Qt::blue));
+        }
         QFont font("Any family");
         font.setPixelSize(31);
         parent.setFont(font);
-        CBPLabel label(&parent);
-        QCOMPARE(label.font().pixelSize(), 31);
-        label.SetTextColor(Qt::red);
-        label.SetTextColor(QColor());
-        QCOMPARE(label.palette().color(QPalette::WindowText), QColor(Qt::red));
+        CBPLabel bare(&parent);
+        QCOMPARE(bare.font().pixelSize(), 31);
+        bare.SetTextColor(Qt::red);
+        bare.SetTextColor(QColor());
+        QCOMPARE(bare.palette().color(QPalette::WindowText), QColor(Qt::red));
     }
 
     void drawnText_data()
@@ -127,7 +111,7 @@ private Q_SLOTS:
         QCOMPARE(QAccessible::queryAccessibleInterface(&label)->role(), QAccessible::StaticText);
         label.resize(size);
         for (const int ratio : {1, 2}) {
-            const QImage image = picture(label, ratio);
+            const QImage image = pictureOf(label, ratio);
             const QImage inner =
                 image.copy(image.rect().adjusted(20 * ratio, 2 * ratio, -20 * ratio, -2 * ratio));
             // In the middle, whatever the glyphs' own margins are.
@@ -163,71 +147,57 @@ private Q_SLOTS:
         QString family = GetFontFamily(1);
         label.SetTextFont(family, 60);
         QVERIFY(label.sizeHint().height() > small.height() * 2);
-        const QImage large = picture(label);
+        const QImage large = pictureOf(label, 1);
         QVERIFY(boxOf(large.copy(80, 20, 140, 60), Qt::red).height() > 35); // the letters
         for (const int bad : {0, -3}) {
             QTest::ignoreMessage(QtWarningMsg,
                                  qPrintable(QString("CBPDrawLabel: %1 is no font size").arg(bad)));
             label.SetTextFont(family, bad);
         }
-        QCOMPARE(picture(label), large);
+        QCOMPARE(pictureOf(label, 1), large);
         label.SetTextShowColor(Qt::blue);
-        QVERIFY(boxOf(picture(label), Qt::red).isEmpty());
-        QCOMPARE(boxOf(picture(label), Qt::blue).height(), label.height());
+        QVERIFY(boxOf(pictureOf(label, 1), Qt::red).isEmpty());
+        QCOMPARE(boxOf(pictureOf(label, 1), Qt::blue).height(), label.height());
         label.SetTextShowColor(QColor()); // as a pen has it
-        QCOMPARE(boxOf(picture(label), Qt::black).height(), label.height());
+        QCOMPARE(boxOf(pictureOf(label, 1), Qt::black).height(), label.height());
         QString none;
         CBPDrawLabel empty(none, Qt::red, true);
         empty.resize(60, 20);
-        QVERIFY(inkOf(picture(empty), 255).isEmpty()); // not even the outline
+        QVERIFY(inkOf(pictureOf(empty, 1), 255).isEmpty()); // not even the outline
         QCOMPARE(empty.sizeHint().width(), 0);
     }
 
-    void imageTakesTheSizeOfItsFile()
+    // Whatever a QPixmap takes: a strip, no suffix, that of another kind; and whole whatever a sheet says.
+    void imageFiles()
     {
         const QString red = file("red.png");
-        CBPImage image(red);
-        QCOMPARE(image.size(), QSize(30, 20));
-        QCOMPARE(CBPImage(red.toUtf8().constData()).size(), QSize(30, 20));
-        QCOMPARE(image.minimumSize(), image.maximumSize());
-        QCOMPARE(boxOf(picture(image), Qt::red), image.rect());
-        image.SetImageRes(file("blue.png", 8, 9, Qt::blue));
-        QCOMPARE(image.size(), QSize(8, 9));
-        QCOMPARE(boxOf(picture(image), Qt::blue), image.rect());
-    }
-
-    // Whatever a QPixmap takes: a strip, no suffix, that of another kind; and whole whatever a sheet says.
-    void oddImages()
-    {
-        const QString path = file("long.png", 9000, 20);
-        QVERIFY(QFile::copy(path, path + ".svg"));
-        for (const QString &name : {path, path.chopped(4), path + ".svg"}) {
-            CBPImage image(name);
-            QCOMPARE(image.size(), QSize(9000, 20));
-            image.setStyleSheet("QLabel { padding: 8px }");
-            QCOMPARE(boxOf(picture(image), Qt::red), image.rect());
-        }
-    }
-
-    void badImages()
-    {
-        QFile broken(m_dir.filePath("broken.png"));
-        QVERIFY(broken.open(QIODevice::WriteOnly) && broken.write("no image") > 0);
-        broken.close();
-        const QMap<QString, QString> warnings{
-            {m_dir.filePath("missing.png"), "The image %1 is missing"},
-            {broken.fileName(), "The image %1 cannot be read: Unsupported image format"},
-            {QString(), QString()}};
-        for (const QString &path : warnings.keys()) {
-            CBPImage image(file("before.png"));
-            if (!path.isEmpty())
-                QTest::ignoreMessage(QtWarningMsg, qPrintable(warnings[path].arg(path)));
+        const QString strip = file("long.png", 9000, 20);
+        const QString broken = m_dir.filePath("broken.png");
+        QVERIFY(QFile::copy(strip, strip + ".svg") &&
+                QFile::copy(QCoreApplication::applicationFilePath(), broken));
+        const std::tuple<QString, QSize, QString> rows[] = {
+            {red, {30, 20}, {}},
+            {strip, {9000, 20}, {}},
+            {strip.chopped(4), {9000, 20}, {}},
+            {strip + ".svg", {9000, 20}, {}},
+            {QString(), {0, 0}, {}},
+            {m_dir.filePath("missing.png"), {0, 0}, "The image %1 is missing"},
+            {broken, {0, 0}, "The image %1 cannot be read: Unsupported image format"}};
+        for (const auto &[path, size, warning] : rows) {
+            CBPImage image(file("before.png", 8, 9, Qt::blue));
+            QCOMPARE(boxOf(pictureOf(image, 1), Qt::blue), QRect(0, 0, 8, 9));
+            if (!warning.isEmpty())
+                QTest::ignoreMessage(QtWarningMsg, qPrintable(warning.arg(path)));
             image.SetImageRes(path);
-            QCOMPARE(image.size(), QSize(0, 0));
-            QVERIFY(image.pixmap(Qt::ReturnByValue).isNull());
+            QCOMPARE(image.size(), size);
+            QCOMPARE(image.minimumSize(), image.maximumSize());
+            QCOMPARE(image.pixmap(Qt::ReturnByValue).isNull(), size.isEmpty());
+            image.setStyleSheet("QLabel { padding: 8px }");
+            QVERIFY(size.isEmpty() || boxOf(pictureOf(image, 1), Qt::red) == image.rect());
         }
         const char *nothing = nullptr;
         QCOMPARE(CBPImage(nothing).size(), QSize(0, 0));
+        QCOMPARE(CBPImage(red.toUtf8().constData()).size(), QSize(30, 20));
     }
 
     void imageClicks_data()
@@ -272,6 +242,12 @@ private Q_SLOTS:
             image->SetChgCursor(!clickable);
             spy.clear();
         }
+        // What listens to it may delete the picture.
+        const QPointer<CBPImage> alive = image;
+        connect(image, &CBPImage::sigImgClick, this, [alive] { delete alive; });
+        image->SetChgCursor(true);
+        perform(image, deeds.toLatin1(), own);
+        QCOMPARE(!alive, clicks > 0);
     }
 
     void imageInTheTabOrder()
@@ -312,17 +288,6 @@ private Q_SLOTS:
         QCOMPARE(spokenName(&image), QString("Picture"));
     }
 
-    void imageDiesInItsSignal()
-    {
-        for (const char *deeds : {"press release", "return", "space spaceup"}) {
-            QPointer<CBPImage> image = new CBPImage(file("gone.png"));
-            image->SetChgCursor(true);
-            connect(image.data(), &CBPImage::sigImgClick, this, [&image] { delete image; });
-            perform(image, deeds);
-            QVERIFY(!image);
-        }
-    }
-
     void line()
     {
         for (const QSize &size : {QSize(60, 20), QSize(40, 2)}) { // the second is less high than its bar
@@ -332,7 +297,7 @@ private Q_SLOTS:
                 QCOMPARE(qobject_cast<QHBoxLayout *>(line.layout()) != nullptr, horizontal);
                 QCOMPARE(line.layout()->contentsMargins(), QMargins());
                 QCOMPARE(line.findChildren<QLabel *>().size(), 1);
-                const QImage image = picture(line);
+                const QImage image = pictureOf(line, 1);
                 QCOMPARE(boxOf(image, kBar), QRect(0, 0, size.width(), qMin(3, size.height())));
                 QCOMPARE(inkOf(image, 255), boxOf(image, kBar));
             }
@@ -422,7 +387,7 @@ private Q_SLOTS:
             return QToolTip::text();
         };
         QCOMPARE(tip(100), "<p>A title &lt;b&gt;with&lt;/b&gt; marks</p>");
-        QTRY_COMPARE(tip(label.sizeHint().width()), QString());
+        AWAIT_EQUAL(tip(label.sizeHint().width()), QString());
         label.setToolTip("The application's");
         QCOMPARE(tip(100), label.toolTip());
         QToolTip::hideText();

@@ -1,3 +1,4 @@
+#include "Await.h"
 #include "CBPGradientProgressBar.h"
 #include "Pixels.h"
 #include "TestMain.h"
@@ -131,14 +132,14 @@ private Q_SLOTS:
         bar.hide();
         QCOMPARE(intervalsOf(bar, true), QVector<int>());
         bar.show();
-        QTRY_COMPARE(intervalsOf(bar, true), QVector<int>{20}); // grown up; the highlight goes on
+        AWAIT_EQUAL(intervalsOf(bar, true), QVector<int>{20}); // grown up; the highlight goes on
         bar.setValue(1.0);
-        QTRY_COMPARE(intervalsOf(bar, false), QVector<int>()); // at rest
+        AWAIT_EQUAL(intervalsOf(bar, false), QVector<int>()); // at rest
         bar.setValue(1.0);
         QCOMPARE(intervalsOf(bar, true), QVector<int>{20});
-        QTRY_COMPARE(intervalsOf(bar, false), QVector<int>());
+        AWAIT_EQUAL(intervalsOf(bar, false), QVector<int>());
         bar.setValue(0.4);
-        QTRY_COMPARE(intervalsOf(bar, true), QVector<int>{20});
+        AWAIT_EQUAL(intervalsOf(bar, true), QVector<int>{20});
         QVERIFY(qAbs(filledBy(bar) - 80) <= 1); // the highlight may tint the edge
     }
 
@@ -172,11 +173,11 @@ private Q_SLOTS:
             bar.setGeometry(away);
             bar.setValue(0.5);
             window.show();
-            QTRY_COMPARE(intervalsOf(bar, true), QVector<int>());
+            AWAIT_EQUAL(intervalsOf(bar, true), QVector<int>());
             bar.setValue(0.9);
-            QTRY_COMPARE(intervalsOf(bar, true), QVector<int>());
+            AWAIT_EQUAL(intervalsOf(bar, true), QVector<int>());
             bar.setGeometry(0, 0, kWidth, 8);
-            QTRY_COMPARE(intervalsOf(bar, true), QVector<int>{20}); // grown up
+            AWAIT_EQUAL(intervalsOf(bar, true), QVector<int>{20}); // grown up
             QVERIFY(qAbs(filledBy(bar) - 180) <= 1);
             bar.setParent(nullptr);
         }
@@ -201,11 +202,11 @@ private Q_SLOTS:
         bar.resize(40, 8);
         bar.setValue(1.0);
         bar.show();
-        QTRY_COMPARE(intervalsOf(bar, false), QVector<int>());
+        AWAIT_EQUAL(intervalsOf(bar, false), QVector<int>());
         bar.resize(0, 8);
         bar.resize(40, 8);
-        QTRY_COMPARE(filledBy(bar), 39);
-        QTRY_COMPARE(intervalsOf(bar, false), QVector<int>());
+        AWAIT_EQUAL(filledBy(bar), 39);
+        AWAIT_EQUAL(intervalsOf(bar, false), QVector<int>());
     }
 
     // The highlight passes, in its own colour, and stays within the filled part.

@@ -1,8 +1,8 @@
 #include "Acts.h"
+#include "Await.h"
 #include "CBPJumpSlider.h"
 #include "CBPSmoothSlider.h"
 #include "Pixels.h"
-#include "Rows.h"
 #include "TestMain.h"
 
 #include <QFocusFrame>
@@ -159,36 +159,32 @@ private Q_SLOTS:
         picture(both.smooth, {7, 293}, 44);
     }
 
-    void naturalSize_data()
-    {
-        columns<QStringList>("labels");
-        row("alike", kLevels);
-        row("two", QStringList{"Nothing", "Everything"});
-        row("long first", QStringList{"Unterdurchschnittlich", "b", "c"});
-        row("long last", QStringList{"a", "b", "Benachrichtigungen"});
-        row("long within", QStringList{"a", "Benachrichtigungen", "Durchschnittlich", "d"});
-    }
-    // Large enough for all labels and whole ticks, whatever the font; a window may be narrower.
+    // Large enough for all labels, wherever the long one is, and whole ticks, whatever the font; a window may
+    // be narrower.
     void naturalSize()
     {
-        QFETCH(QStringList, labels);
-        Both both;
-        both.jump.Init(labels);
-        both.smooth.Init(labels, 100, 0);
-        for (QWidget *slider : both.all) {
-            const QSize small = slider->sizeHint();
-            QFont font = slider->font();
-            font.setPointSize(16);
-            slider->setFont(font);
-            QTRY_VERIFY(slider->sizeHint().width() > small.width());
-            QVERIFY(slider->sizeHint().height() >= 28 + QFontMetrics(font).height());
-            QVERIFY(slider->minimumSizeHint().width() < 60);
-            slider->setFixedSize(slider->sizeHint());
-            QTRY_COMPARE(rowOf(*slider)->width(), slider->width());
-            QCOMPARE(textsIn(rowOf(*slider)->grab().toImage()), labels.size());
-            const QImage image = sliderOf(*slider)->grab().toImage();
-            const int middle = image.height() / 2;
-            QCOMPARE(boxOf(image.copy(0, middle, image.width(), middle), kTick).height(), 11);
+        const QString word = "Benachrichtigungen";
+        for (const QStringList &labels :
+             {kLevels, QStringList{"Nothing", "Everything"}, QStringList{"Unterdurchschnittlich", "b", "c"},
+              QStringList{"a", "b", word}, QStringList{"a", word, word, "d"}}) {
+            Both both;
+            both.jump.Init(labels);
+            both.smooth.Init(labels, 100, 0);
+            for (QWidget *slider : both.all) {
+                const QSize small = slider->sizeHint();
+                QFont font = slider->font();
+                font.setPointSize(16);
+                slider->setFont(font);
+                AWAIT(slider->sizeHint().width() > small.width());
+                QVERIFY(slider->sizeHint().height() >= 28 + QFontMetrics(font).height());
+                QVERIFY(slider->minimumSizeHint().width() < 60);
+                slider->setFixedSize(slider->sizeHint());
+                AWAIT_EQUAL(rowOf(*slider)->width(), slider->width());
+                QCOMPARE(textsIn(rowOf(*slider)->grab().toImage()), labels.size());
+                const QImage image = sliderOf(*slider)->grab().toImage();
+                const int middle = image.height() / 2;
+                QCOMPARE(boxOf(image.copy(0, middle, image.width(), middle), kTick).height(), 11);
+            }
         }
     }
 
@@ -257,7 +253,7 @@ private Q_SLOTS:
              {Qt::ActiveWindowFocusReason, Qt::OtherFocusReason, Qt::MouseFocusReason, Qt::TabFocusReason}) {
             QVERIFY(!ringShows());
             jump->setFocus(reason);
-            QTRY_VERIFY(inner->hasFocus());
+            AWAIT(inner->hasFocus());
             QCOMPARE(ringShows(), reason != Qt::MouseFocusReason);
             if (reason == Qt::MouseFocusReason) {
                 QTest::keyClick(inner, Qt::Key_Right);
@@ -361,7 +357,7 @@ private Q_SLOTS:
         const EventCounter ticks(inner, {QEvent::Timer});
         slider.SetPosByText("4");
         QTest::mousePress(inner, Qt::LeftButton, Qt::NoModifier, QPoint(80, 8));
-        QTRY_COMPARE(ticks.count, 3);
+        AWAIT_EQUAL(ticks.count, 3);
         QCOMPARE(slider.GetPosText(), QString("1"));
         QTest::mouseRelease(inner, Qt::LeftButton, Qt::NoModifier, QPoint(80, 8));
         slider.SetPosByText("3");
@@ -384,7 +380,7 @@ private Q_SLOTS:
                 QCoreApplication::processEvents();
                 paints.count = 0;
                 sendMouse(*sliderOf(*widget), type);
-                QTRY_VERIFY(paints.count > 0);
+                AWAIT(paints.count > 0);
             }
             sliderOf(*widget)->setValue(0);
             widget->setEnabled(false);
@@ -448,34 +444,28 @@ private Q_SLOTS:
     }
 
     // What listens to the value deletes the slider in the middle of the change.
-    void deletedByItsListener_data()
-    {
-        columns<bool, QString>("jump", "by");
-        for (const char *by : {"label", "slider", "Init"}) {
-            QTest::addRow("jump, %s", by) << true << by;
-            QTest::addRow("smooth, %s", by) << false << by;
-        }
-    }
     void deletedByItsListener()
     {
-        QFETCH(bool, jump);
-        QFETCH(QString, by);
-        auto *jumpSlider = jump ? new Jump : nullptr;
-        auto *smoothSlider = jump ? nullptr : new Smooth;
-        const QPointer<QWidget> slider = jump ? static_cast<QWidget *>(jumpSlider) : smoothSlider;
-        QSlider *inner = sliderOf(*slider);
-        QWidget *target = by == "label" ? rowOf(*slider) : static_cast<QWidget *>(inner);
-        inner->setValue(by == "Init" ? inner->maximum() : 0);
-        const auto die = [slider] { delete slider; };
-        jump ? connect(jumpSlider, &CBPJumpSlider::valueChanged, this, die)
-             : connect(smoothSlider, &CBPSmoothSlider::valueChanged, this, die);
-        if (by == "Init")
-            jump ? jumpSlider->Init(kEnds) : smoothSlider->Init(kEnds, 10, 0);
-        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-            if (slider)
-                sendMouse(*target, type, Qt::LeftButton, QPoint(297, 6));
+        for (const bool jump : {false, true}) {
+            for (const QString by : {"label", "slider", "Init"}) {
+                auto *jumpSlider = jump ? new Jump : nullptr;
+                auto *smoothSlider = jump ? nullptr : new Smooth;
+                const QPointer<QWidget> slider = jump ? static_cast<QWidget *>(jumpSlider) : smoothSlider;
+                QSlider *inner = sliderOf(*slider);
+                QWidget *target = by == "label" ? rowOf(*slider) : static_cast<QWidget *>(inner);
+                inner->setValue(by == "Init" ? inner->maximum() : 0);
+                const auto die = [slider] { delete slider; };
+                jump ? connect(jumpSlider, &CBPJumpSlider::valueChanged, this, die)
+                     : connect(smoothSlider, &CBPSmoothSlider::valueChanged, this, die);
+                if (by == "Init")
+                    jump ? jumpSlider->Init(kEnds) : smoothSlider->Init(kEnds, 10, 0);
+                for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+                    if (slider)
+                        sendMouse(*target, type, Qt::LeftButton, QPoint(297, 6));
+                }
+                QVERIFY2(!slider, qPrintable(by));
+            }
         }
-        QVERIFY(!slider);
     }
 };
 

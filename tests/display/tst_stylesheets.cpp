@@ -1,4 +1,5 @@
 #include "Page.h"
+#include "Pixels.h"
 #include "TestMain.h"
 
 #include <memory>
@@ -29,9 +30,7 @@ Colors colorsOf(QWidget &widget, QWidget::RenderFlags parts = QWidget::DrawChild
     image.fill(kGround);
     if (!image.isNull())
         widget.render(&image, QPoint(), QRegion(), parts);
-    Colors colors;
-    for (int i = 0; i < image.width() * image.height(); ++i)
-        ++colors[image.pixel(i % image.width(), i / image.width())];
+    Colors colors = colorsIn(image, image.rect());
     colors.remove(kGround);
     return colors;
 }
@@ -77,10 +76,12 @@ private Q_SLOTS:
             QMap<QByteArray, int> looked; // at some of each kind
             for (QWidget *widget : root->findChildren<QWidget *>()) {
                 const QByteArray kind = widget->metaObject()->className();
-                if (!kind.startsWith('C') || kind == "CBPIPAddrEdit" || colorsOf(*widget, {}).isEmpty())
+                if (!kind.startsWith('C') || kind == "CBPIPAddrEdit" || looked[kind] >= 4)
                     continue;
-                if (++looked[kind] <= 4)
-                    ours.append({widget, colorsOf(*widget)});
+                if (colorsOf(*widget, {}).isEmpty())
+                    continue;
+                ++looked[kind];
+                ours.append({widget, colorsOf(*widget)});
             }
             for (const QString &rule : kRules.split("};")) {
                 root->setStyleSheet(rule + "}");

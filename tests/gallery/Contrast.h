@@ -82,13 +82,8 @@ inline QStringList faint(const QString &what, const Pair &pair, double least)
 // The colour that most of a place has, and the one that stands out most from it.
 inline Pair pairIn(const QImage &picture, const QRectF &place)
 {
-    const QRect pixels =
-        QRectF(place.topLeft() * kReadable, place.size() * kReadable).toRect() & picture.rect();
-    QHash<QRgb, int> counts;
-    for (int y = pixels.top(); y <= pixels.bottom(); ++y) {
-        for (int x = pixels.left(); x <= pixels.right(); ++x)
-            ++counts[picture.pixel(x, y)];
-    }
+    const QRectF pixels(place.topLeft() * kReadable, place.size() * kReadable);
+    const QHash<QRgb, int> counts = colorsIn(picture, pixels.toRect() & picture.rect());
     Pair pair{};
     for (auto it = counts.cbegin(); it != counts.cend(); ++it)
         pair.ground = it.value() > counts.value(pair.ground) ? it.key() : pair.ground;

@@ -125,6 +125,9 @@ inline KnownLines knownOf(const QWidget &window, const QVector<Line> &lines)
 {
     KnownLines known;
     for (const Line &line : lines) {
+        // Of a ground every third row will do: its neighbours are looked at with it.
+        if (line.thickness == 0 && (line.across ? line.middle.y() : line.middle.x()) % 3 != 0)
+            continue;
         for (const QByteArray &name : classesAround(window, line.middle))
             known[name][line.color] << line.thickness;
     }

@@ -1,3 +1,4 @@
+#include "Await.h"
 #include "CBPIPAddrEdit.h"
 #include "CBPIPInputWidget.h"
 #include "Pixels.h"
@@ -192,10 +193,12 @@ private slots:
         Field field;
         QVERIFY(field.open());
         for (const auto &[text, after] : rows) {
-            for (const QString &by : QString("key slot menu drop insert").split(' ')) {
+            for (const QString &by : QString("key slot menu drop insert middle").split(' ')) {
                 for (int octet = 0; octet < 4; ++octet) {
-                    if (by == "drop" && !*after)
+                    if ((by == "drop" || by == "middle") && !*after)
                         continue; // where it is put is the line edit's business
+                    if (by == "middle" && !QApplication::clipboard()->supportsSelection())
+                        continue;
                     field.setState("9.9.9.9");
                     const QSignalSpy edited(&field, &CBPIPInputWidget::textEdited);
                     CBPIPAddrEdit *edit = field.edits[octet];
@@ -206,6 +209,8 @@ private slots:
                         QTest::keyClick(edit, Qt::Key_V, Qt::ControlModifier);
                     else if (by == "insert")
                         QTest::keyClick(edit, Qt::Key_Insert, Qt::ShiftModifier);
+                    else if (by == "middle")
+                        pasteSelection(edit, text);
                     else if (by == "slot")
                         QMetaObject::invokeMethod(edit, "paste");
                     else if (by == "menu")
@@ -226,10 +231,19 @@ private slots:
     void pastesWhereItMay()
     {
         QApplication::clipboard()->setText("1.2.3.4");
-        Field field("9.9.9.9");
-        field.edits[1]->setReadOnly(true);
-        field.edits[1]->paste();
-        QCOMPARE(field.IPAddrString(), QString("9.9.9.9"));
+        for (const QString why : {"read only", "disabled", "a fifth", "a stranger"}) {
+            Field field("9.9.9.9");
+            CBPIPAddrEdit fifth;
+            QLineEdit stranger;
+            field.edits[1]->setReadOnly(why == "read only");
+            field.edits[2]->setEnabled(why != "disabled");
+            if (why == "a fifth")
+                field.edits[3]->setNextTabEdit(&fifth);
+            if (why == "a stranger")
+                field.edits[0]->setPreTabEdit(&stranger);
+            field.edits[0]->paste();
+            QVERIFY2(field.IPAddrString() == "9.9.9.9", qPrintable(why));
+        }
         CBPIPAddrEdit alone;
         alone.setText("7");
         alone.setNextTabEdit(&alone); // and no end of it
@@ -301,23 +315,23 @@ private slots:
         field->setParent(&window);
         QVERIFY(field->open()); // the window, at the same place in it
         const auto at = [field](int x) { return field->edits[1]->mapToGlobal(QPoint(x, 7)); };
-        QApplication::setDoubleClickInterval(200);
-        const std::tuple<int, int, const char *> clicks[] = {
-            {15, 0, "1.[168].3.4"}, {1, 300, "1.|168.3.4"}, {1, 0, "1.[168].3.4"}};
-        for (const auto &[x, wait, after] : clicks) {
-            QTest::qWait(wait);
+        const auto second = [](bool doubles) { QApplication::setDoubleClickInterval(doubles ? 60000 : 0); };
+        const std::tuple<int, bool, const char *> clicks[] = {
+            {15, false, "1.[168].3.4"}, {1, false, "1.|168.3.4"}, {1, true, "1.[168].3.4"}};
+        for (const auto &[x, doubles, after] : clicks) {
+            second(doubles);
             RealInput::click(at(x));
-            QTRY_COMPARE(field->state(), QString(after));
+            AWAIT_EQUAL(field->state(), QString(after));
             QCOMPARE(window.findChild<QFocusFrame *>()->geometry(), field->geometry().adjusted(-4, -4, 4, 4));
         }
         field->edits[1]->clearFocus();
         QVERIFY(!window.findChild<QFocusFrame *>());
-        QTest::qWait(300);
+        second(false);
         RealInput::moveTo(at(29));
         RealInput::press();
-        QTRY_COMPARE(field->state(), QString("1.[168].3.4"));
+        AWAIT_EQUAL(field->state(), QString("1.[168].3.4"));
         RealInput::moveTo(at(16));
-        QTRY_VERIFY(field->state().contains("[68]") || field->state().contains("[8]"));
+        AWAIT(field->state().contains("[68]") || field->state().contains("[8]"));
         RealInput::release();
     }
 
@@ -329,6 +343,12 @@ private:
             if (action->text().contains("Paste") && action->isEnabled())
                 action->trigger();
         }
+    }
+
+    static void pasteSelection(CBPIPAddrEdit *edit, const QString &text)
+    {
+        QApplication::clipboard()->setText(text, QClipboard::Selection);
+        QTest::mouseClick(edit, Qt::MiddleButton);
     }
 
     static void drop(CBPIPAddrEdit *edit, const QString &text)
