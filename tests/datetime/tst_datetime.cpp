@@ -2,12 +2,8 @@
 #include "platform/Platform.h"
 #include "TestMain.h"
 
-#include <QDateTime>
-#include <QHash>
-#include <QRegularExpression>
-#include <QScopeGuard>
-
 #include <climits>
+#include <tuple>
 
 #if defined(Q_OS_WIN)
 #include <windows.h>
@@ -195,83 +191,66 @@ private slots:
 
     void dateToText()
     {
-        const struct
-        {
-            _BPDateTime date;
-            std::string separator, text; // no text: refused
-        } rows[] = {{{2024, 0, 1}, "", ""},
-                    {{2024, 13, 1}, "", ""},
-                    {{2024, 1, 0}, "", ""},
-                    {{2024, 1, 32}, "", ""},
-                    {{65535, 65535, 65535}, "", ""},
-                    {{2023, 2, 31}, "", "2023-02-31"},
-                    {{0, 1, 1}, "", "0000-01-01"},
-                    {{65535, 12, 31}, "", "65535-12-31"},
-                    {{2024, 3, 7}, "\u5e74", "2024\u5e7403\u5e7407"},
-                    {{2024, 3, 7}, std::string("a\0b", 3), std::string("2024a\0b03a\0b07", 14)}};
-        for (const auto &row : rows) {
+        const std::tuple<_BPDateTime, std::string, std::string> rows[] = {
+            {{2024, 0, 1}, "", ""}, // no text: refused
+            {{2024, 13, 1}, "", ""},
+            {{2024, 1, 0}, "", ""},
+            {{2024, 1, 32}, "", ""},
+            {{2023, 2, 31}, "", "2023-02-31"},
+            {{0, 1, 1}, "", "0000-01-01"},
+            {{65535, 12, 31}, "", "65535-12-31"},
+            {{2024, 3, 7}, "\u5e74", "2024\u5e7403\u5e7407"},
+            {{2024, 3, 7}, std::string("a\0b", 3), std::string("2024a\0b03a\0b07", 14)}};
+        for (const auto &[date, separator, text] : rows) {
             std::string written = "as it was";
-            const bool done = IBPDateTime::TransSystemDateToString(row.date, written, row.separator);
-            QCOMPARE(done, !row.text.empty());
-            QCOMPARE(written, done ? row.text : "as it was");
+            QCOMPARE(IBPDateTime::TransSystemDateToString(date, written, separator), !text.empty());
+            QCOMPARE(written, text.empty() ? "as it was" : text);
         }
     }
 
     void textToDate()
     {
-        const struct
-        {
-            QByteArray text;
-            const char *fields; // year, month, day, day of the week; none: refused
-        } rows[] = {{"2024-02-29", "2024 2 29 4"},
-                    {"2024-02-30", "2024 2 30 9"},
-                    {"2024-03-10", "2024 3 10 7"},
-                    {"0-0-0", "0 0 0 9"},
-                    {"24/3/7", "24 3 7 4"},
-                    {"-5 -6 +7 ", "5 6 7 2"},
-                    {"x12y3z2024", "12 3 2024 9"},
-                    {"2024\u5e743\u67087\u65e5", "2024 3 7 4"},
-                    {QByteArray("2024\0\0003\0007", 9), "2024 3 7 4"},
-                    {"65535-12-31", "65535 12 31 2"},
-                    {"65536-65537-1", "65535 65535 1 9"},
-                    {"2147483647 2147483648 99999999999999999999", "65535 65535 65535 9"},
-                    {"", ""},
-                    {"2024", ""},
-                    {"1/2", ""},
-                    {"1/2/3/4", ""},
-                    {"\uff11-\uff12-\uff13", ""}}; // digits of another script
-        for (const auto &row : rows) {
+        // Year, month, day, day of the week; none: refused.
+        const std::pair<std::string, QString> rows[] = {
+            {"2024-02-29", "2024 2 29 4"},
+            {"2024-02-30", "2024 2 30 9"},
+            {"2024-03-10", "2024 3 10 7"},
+            {"24/3/7", "24 3 7 4"},
+            {"-5 -6 +7 ", "5 6 7 2"},
+            {"x12y3z2024", "12 3 2024 9"},
+            {"2024\u5e743\u67087\u65e5", "2024 3 7 4"},
+            {std::string("2024\0\0003\0007", 9), "2024 3 7 4"},
+            {"65535-12-31", "65535 12 31 2"},
+            {"65536-65537-1", "65535 65535 1 9"},
+            {"2147483647 2147483648 99999999999999999999", "65535 65535 65535 9"},
+            {"", ""},
+            {"1/2", ""},
+            {"1/2/3/4", ""},
+            {"\uff11-\uff12-\uff13", ""}}; // digits of another script
+        for (const auto &[text, fields] : rows) {
             _BPDateTime dt{1, 2, 3, 4, 5, 6, 9};
-            QVERIFY2(IBPDateTime::TransSystemDateFromString(dt, row.text.toStdString()) ==
-                         (*row.fields != '\0'),
-                     row.text);
-            const QString read =
-                QString::asprintf("%d %d %d %d", dt.wYear, dt.wMonth, dt.wDay, dt.wDayOfWeek);
-            QCOMPARE(read, QString(*row.fields ? row.fields : "1 2 3 9"));
+            QCOMPARE(IBPDateTime::TransSystemDateFromString(dt, text), !fields.isEmpty());
+            QCOMPARE(QString::asprintf("%d %d %d %d", dt.wYear, dt.wMonth, dt.wDay, dt.wDayOfWeek),
+                     fields.isEmpty() ? "1 2 3 9" : fields);
             QVERIFY(dt.wHour == 4 && dt.wMinute == 5 && dt.wSecond == 6);
         }
     }
 
     void timeToText()
     {
-        const struct
-        {
-            _BPDateTime time;
-            bool withSecond;
-            const char *separator, *text; // no text: refused
-        } rows[] = {{{0, 0, 0, 23, 5, 9}, true, "", "23:05:09"},
-                    {{0, 0, 0, 23, 5, 9}, false, "", "23:05"},
-                    {{}, true, " h ", "00 h 00 h 00"},
-                    {{0, 0, 0, 23, 59, 59}, true, "\u00b7", "23\u00b759\u00b759"},
-                    {{0, 0, 0, 24, 0, 0}, true, "", ""},
-                    {{0, 0, 0, 0, 60, 0}, true, "", ""},
-                    {{0, 0, 0, 0, 0, 60}, false, "", ""}};
-        for (const auto &row : rows) {
+        const std::tuple<_BPDateTime, bool, std::string, std::string> rows[] = {
+            {{0, 0, 0, 23, 5, 9}, true, "", "23:05:09"},
+            {{0, 0, 0, 23, 5, 9}, false, "", "23:05"},
+            {{}, true, " h ", "00 h 00 h 00"},
+            {{0, 0, 0, 23, 59, 59}, true, "\u00b7", "23\u00b759\u00b759"},
+            {{0, 0, 0, 24, 0, 0}, true, "", ""}, // no text: refused
+            {{0, 0, 0, 0, 60, 0}, true, "", ""},
+            {{0, 0, 0, 0, 0, 60}, false, "", ""}};
+        for (const auto &[time, withSecond, separator, text] : rows) {
             std::string written = "as it was";
-            const bool done =
-                IBPDateTime::TransSystemTimeToString(row.time, written, row.withSecond, row.separator);
-            QCOMPARE(done, *row.text != '\0');
-            QCOMPARE(written, std::string(done ? row.text : "as it was"));
+            QCOMPARE(IBPDateTime::TransSystemTimeToString(time, written, withSecond, separator),
+                     !text.empty());
+            QCOMPARE(written, text.empty() ? "as it was" : text);
         }
     }
 
@@ -300,17 +279,12 @@ private slots:
 
     void combined()
     {
-        const struct
-        {
-            quint16 hour;
-            const char *texts;
-        } rows[] = {{0, "AM 12:30 00:30"},  {1, "AM 01:30 01:30"},  {11, "AM 11:30 11:30"},
-                    {12, "PM 12:30 00:30"}, {13, "PM 01:30 00:30"}, {23, "PM 11:30 00:30"},
-                    {24, "AM 00:30 00:30"}};
-        for (const auto &row : rows) {
-            const _BPDateTime dt{2024, 3, 7, row.hour, 30, 9, 0};
-            QCOMPARE(IBPDateTime::CombinTime(dt, true) + ' ' + IBPDateTime::CombinTime(dt, false),
-                     std::string(row.texts));
+        const std::pair<quint16, std::string> rows[] = {
+            {0, "AM 12:30 00:30"},  {1, "AM 01:30 01:30"},  {11, "AM 11:30 11:30"}, {12, "PM 12:30 00:30"},
+            {13, "PM 01:30 00:30"}, {23, "PM 11:30 00:30"}, {24, "AM 00:30 00:30"}};
+        for (const auto &[hour, texts] : rows) {
+            const _BPDateTime dt{2024, 3, 7, hour, 30, 9, 0};
+            QCOMPARE(IBPDateTime::CombinTime(dt, true) + ' ' + IBPDateTime::CombinTime(dt, false), texts);
         }
         unsigned hour = 99;
         bool pm = true;
@@ -381,16 +355,15 @@ private slots:
             const int ahead = secondsAheadOfUtc();
             for (const quint64 ticks : times) {
                 const quint64 local = ticks + quint64(qint64(ahead)) * 10000000;
-                _BPDateTime expected;
-                if (ticks != 0 && local <= quint64(LLONG_MAX)) {
-                    const QDateTime time =
-                        QDateTime(QDate(1601, 1, 1), QTime(0, 0), Qt::UTC).addSecs(qint64(local / 10000000));
-                    expected = {quint16(time.date().year()),         quint16(time.date().month()),
-                                quint16(time.date().day()),          quint16(time.time().hour()),
-                                quint16(time.time().minute()),       quint16(time.time().second()),
-                                quint16(time.date().dayOfWeek() % 7)};
-                }
-                QVERIFY2(shown(IBPDateTime::Tran64SecToBPDateTime(ticks)) == shown(expected),
+                const QDateTime time =
+                    QDateTime(QDate(1601, 1, 1), QTime(0, 0), Qt::UTC).addSecs(qint64(local / 10000000));
+                QString expected = shown({});
+                if (ticks != 0 && local <= quint64(LLONG_MAX))
+                    expected = QString("%1-%2 (%3)")
+                                   .arg(time.date().year()) // of five digits, too
+                                   .arg(time.toString("M-d H:m:s"))
+                                   .arg(time.date().dayOfWeek() % 7);
+                QVERIFY2(shown(IBPDateTime::Tran64SecToBPDateTime(ticks)) == expected,
                          zone + ", " + QByteArray::number(ticks));
             }
         }
@@ -424,32 +397,21 @@ private slots:
         QVERIFY(Settings::_GetSystemLocaleInfo(0xFFFF, 0x400).empty());
 #else
         // Date separator, time separator, date, time.
-        const struct
-        {
-            const char *locale, *texts;
-        } rows[] = {{"C", "/|:|MM/dd/yyyy|HH:mm:ss"},       {"ar_EG", "/|:|d/M/yyyy|h:mm:ss tt"},
-                    {"dz_BT", "-|:|yyyy-MM-dd|h:mm:ss tt"}, {"bg_BG", ".|:|d.MM.yy|H:mm:ss"},
-                    {"zh_CN", "/|:|yyyy/M/d|tt h:mm:ss"},   {"zh_TW", "/|:|yyyy/M/d|tt h:mm:ss"},
-                    {"da_DK", ".|.|dd.MM.yyyy|HH.mm.ss"},   {"nl_NL", "-|:|dd-MM-yyyy|HH:mm:ss"},
-                    {"en_US", "/|:|M/d/yy|h:mm:ss tt"},     {"en_ZA", "/|:|yyyy/MM/dd|HH:mm:ss"},
-                    {"en_GB", "/|:|dd/MM/yyyy|HH:mm:ss"},   {"fi_FI", ".|.|d.M.yyyy|H.mm.ss"},
-                    {"fr_FR", "/|:|dd/MM/yyyy|HH:mm:ss"},   {"fr_CA", "-|:|yyyy-MM-dd|HH:mm:ss"},
-                    {"de_DE", ".|:|dd.MM.yy|HH:mm:ss"},     {"he_IL", ".|:|d.M.yyyy|H:mm:ss"},
-                    {"hi_IN", "/|:|d/M/yy|h:mm:ss tt"},     {"hu_HU", ". |:|yyyy. MM. dd.|H:mm:ss"},
-                    {"it_IT", "/|:|dd/MM/yy|HH:mm:ss"},     {"ja_JP", "/|:|yyyy/MM/dd|H:mm:ss"},
-                    {"ko_KR", ". |:|yy. M. d.|tt h:mm:ss"}, {"fa_IR", "/|:|yyyy/M/d|H:mm:ss"},
-                    {"pl_PL", ".|:|dd.MM.yyyy|HH:mm:ss"},   {"pt_BR", "/|:|dd/MM/yyyy|HH:mm:ss"},
-                    {"ru_RU", ".|:|dd.MM.yyyy|HH:mm:ss"},   {"sk_SK", ". |:|d. M. yyyy|H:mm:ss"},
-                    {"es_ES", "/|:|d/M/yy|H:mm:ss"},        {"sv_SE", "-|:|yyyy-MM-dd|HH:mm:ss"},
-                    {"th_TH", "/|:|d/M/yy|HH:mm:ss"},       {"tr_TR", ".|:|d.MM.yyyy|HH:mm:ss"}};
+        const std::pair<QString, QString> rows[] = {
+            {"C", "/|:|MM/dd/yyyy|HH:mm:ss"},     {"ar_EG", "/|:|d/M/yyyy|h:mm:ss tt"},
+            {"da_DK", ".|.|dd.MM.yyyy|HH.mm.ss"}, {"dz_BT", "-|:|yyyy-MM-dd|h:mm:ss tt"},
+            {"bg_BG", ".|:|d.MM.yy|H:mm:ss"},     {"zh_TW", "/|:|yyyy/M/d|tt h:mm:ss"},
+            {"en_US", "/|:|M/d/yy|h:mm:ss tt"},   {"ko_KR", ". |:|yy. M. d.|tt h:mm:ss"},
+            {"he_IL", ".|:|d.M.yyyy|H:mm:ss"},    {"hu_HU", ". |:|yyyy. MM. dd.|H:mm:ss"},
+            {"fa_IR", "/|:|yyyy/M/d|H:mm:ss"},    {"fr_CA", "-|:|yyyy-MM-dd|HH:mm:ss"}};
         const auto textsOf = [](const QLocale &locale) {
             QStringList texts;
             for (const unsigned long type : {0x1DUL, 0x1EUL, 0x1FUL, 0x1003UL})
                 texts << lumqt::platform::localeText(locale, type);
             return texts;
         };
-        for (const auto &row : rows)
-            QCOMPARE(textsOf(QLocale(row.locale)).join('|'), QString(row.texts));
+        for (const auto &[locale, texts] : rows)
+            QCOMPARE(textsOf(QLocale(locale)).join('|'), texts);
         // None falls back to a clock of twelve hours that it does not have.
         const QRegularExpression known("^(tt hh?|HH?)[:.]mm[:.]ss$|^hh?[:.]mm[:.]ss tt$");
         const auto all =

@@ -1,14 +1,14 @@
 #pragma once
 
 #include "Acts.h"
+#include "Await.h"
 #include "CBPMenu.h"
 #include "CBPMenuItem.h"
 #include "foundation/FontLookup.h"
 #include "Pictures.h"
 #include "Pixels.h"
 
-#include <QFontMetrics>
-#include <QTemporaryDir>
+#include <QPainter>
 
 // What the tests of menus share.
 
@@ -17,12 +17,20 @@ inline const QColor kBody(60, 67, 75);
 inline const QColor kDot(0xe0, 0x20, 0x20);
 inline const QColor kLime(0, 255, 0);
 
-class Menu : public CBPMenu
+struct Menu : CBPMenu
 {
-public:
-    using CBPMenu::CBPMenu;
     using CBPMenu::PaintAction;
 };
+
+// What a menu paints under the item at `index` of `count` while it is highlighted.
+inline QImage highlight(Menu &menu, int index, int count)
+{
+    QImage image(60, 40, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    menu.PaintAction(&painter, image.rect(), index, count);
+    return image;
+}
 
 inline QRect itemRect(const QMenu &menu, int index)
 {

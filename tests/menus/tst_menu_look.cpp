@@ -3,7 +3,6 @@
 #include "TestMain.h"
 
 #include <QBitmap>
-#include <QPainter>
 #include <QStyle>
 
 class TestMenuLook : public QObject
@@ -239,11 +238,7 @@ private slots:
             menu.SetBorderInfo(border, Qt::white);
             if (nested)
                 menu.SetSubLeveMennu();
-            QImage image(60, 40, QImage::Format_ARGB32_Premultiplied);
-            image.fill(Qt::transparent);
-            QPainter painter(&image);
-            menu.PaintAction(&painter, image.rect(), index, count);
-            painter.end();
+            const QImage image = highlight(menu, index, count);
             const int inset = nested ? 2 : 0;
             for (const int x : {inset, image.width() - 1 - inset}) {
                 QCOMPARE(image.pixelColor(x, 0).alpha() == 255, squareTop);
