@@ -34,20 +34,23 @@ private slots:
         QCOMPARE(look("&Cut") != look("Cut"), underlines);
     }
 
+    // Behind margin, icon column and spacing.
     void textPlace()
     {
-        const auto check = [](void (*set)(CBPMenu &), int shift) {
+        const std::pair<std::function<void(CBPMenu &)>, int> rows[] = {
+            {[](CBPMenu &menu) { menu.SetSpacing(20); }, 14},
+            {[](CBPMenu &menu) { menu.SetDefIconWidth(30); }, 16},
+            {[](CBPMenu &menu) { menu.SetDefIconWidth(0); }, -14},
+            {[](CBPMenu &menu) { menu.SetBorder(10, 90, 90, 90); }, 4}};
+        for (const auto &[set, shift] : rows) {
             CBPMenu menu;
             menu.AddAction(QStringLiteral("Item"), 1);
-            const int before = findColumn(menu, 0, 0, isInk);
-            QVERIFY(before >= 26 && before <= 29); // behind margin, icon column and spacing
+            const QRect before = boxWhere(menu, 0, isInk);
+            QVERIFY(before.left() >= 26 && before.left() <= 29);
+            QVERIFY(qAbs(before.center().y() - 20) <= 1);
             set(menu);
-            QCOMPARE(findColumn(menu, 0, 0, isInk) - before, shift);
-        };
-        check([](CBPMenu &menu) { menu.SetSpacing(20); }, 14);
-        check([](CBPMenu &menu) { menu.SetDefIconWidth(30); }, 16);
-        check([](CBPMenu &menu) { menu.SetDefIconWidth(0); }, -14);
-        check([](CBPMenu &menu) { menu.SetBorder(10, 90, 90, 90); }, 4);
+            QCOMPARE(boxWhere(menu, 0, isInk), before.translated(shift, 0));
+        }
     }
 
     void textLook()
@@ -55,16 +58,14 @@ private slots:
         CBPMenu menu;
         fill(menu, 2);
         menu.actions().at(1)->setEnabled(false);
-        QVERIFY(findColumn(menu, 0, 0, isBright) > 0);
-        QVERIFY(findColumn(menu, 1, 0, isBright) < 0); // disabled: dimmed
-        QVERIFY(findColumn(menu, 1, 0, isInk) > 0);
-        QVERIFY(findColumn(menu, 0, 0, isRed) < 0);
+        QVERIFY(!boxWhere(menu, 0, isBright).isEmpty() && boxWhere(menu, 0, isRed).isEmpty());
+        QVERIFY(boxWhere(menu, 1, isBright).isEmpty()); // disabled: dimmed
+        QVERIFY(!boxWhere(menu, 1, isInk).isEmpty());
         menu.setTextColor(Qt::red);
-        QVERIFY(findColumn(menu, 0, 0, isRed) > 0);
         const int width = QFontMetrics(lumqt::uiFont()).horizontalAdvance(QStringLiteral("Item 0"));
-        QVERIFY(findColumn(menu, 0, 26 + width, isRed) < 0);
+        QVERIFY(qAbs(boxWhere(menu, 0, isRed).right() - 26 - width) <= 3);
         menu.SetFont(lumqt::uiFont().family(), 28);
-        QVERIFY(findColumn(menu, 0, 26 + width + 4, isRed) > 0);
+        QVERIFY(qAbs(boxWhere(menu, 0, isRed).right() - 26 - 2 * width) <= 6);
     }
 
     void images()
@@ -103,7 +104,7 @@ private slots:
         menu.SetActionSpecialFlag(2, true, QString());
         QVERIFY(boxIn(menu, 0, kDot).isEmpty() && !boxIn(menu, 1, kDot).isEmpty());
         const int width = QFontMetrics(lumqt::uiFont()).horizontalAdvance(QStringLiteral("Item 1"));
-        QCOMPARE(findColumn(menu, 1, 0, isRed), 26 + width + 6);
+        QCOMPARE(boxWhere(menu, 1, isRed).left(), 26 + width + 6);
         menu.SetActionSpecialFlag(2, true, m_stage.picture("lime"));
         QVERIFY(boxIn(menu, 1, kDot).isEmpty() && !boxIn(menu, 1, kLime).isEmpty());
         QString file = QStringLiteral("untouched");
@@ -180,9 +181,10 @@ private slots:
         const QRect arrow(rect.right() - 17, 15, 10, 10); // 8 from the edge and 6 from the text
         QCOMPARE(boxIn(menu, 0, kLime), arrow);
         // Measured at one size and painted at another, a text does not fit.
+        menu.setTextColor(Qt::red);
         menu.SetFont(lumqt::uiFont().family(), 28);
-        QVERIFY(findColumn(menu, 0, arrow.left() - 80, isInk) < arrow.left() - 6);
-        QCOMPARE(findColumn(menu, 0, arrow.left() - 6, isInk), arrow.left());
+        const int end = boxWhere(menu, 0, isRed).right();
+        QVERIFY(end < arrow.left() - 6 && end > arrow.left() - 80);
         QCOMPARE(item.bindMenu(), sub);
         delete sub;
         QVERIFY(!item.bindMenu());
