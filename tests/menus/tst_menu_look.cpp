@@ -5,6 +5,8 @@
 #include <QBitmap>
 #include <QStyle>
 
+#include <tuple>
+
 class TestMenuLook : public QObject
 {
     Q_OBJECT
@@ -234,8 +236,12 @@ private slots:
 
     void highlightFollowsCorners()
     {
-        const auto check = [](bool nested, int border, int index, int count, bool squareTop,
-                              bool squareBottom) {
+        // Nested, border, index, count; whether the upper and the lower corners are square.
+        const std::tuple<bool, int, int, int, bool, bool> rows[] = {
+            {false, 0, 0, 3, true, true},  {false, 0, 2, 3, true, false}, {false, 0, 0, 1, true, false},
+            {false, 1, 2, 3, true, true}, // a border leaves room for the corners
+            {true, 0, 0, 1, false, false}, {true, 0, 0, 3, false, true},  {true, 0, 1, 3, true, false}};
+        for (const auto &[nested, border, index, count, squareTop, squareBottom] : rows) {
             Menu menu;
             menu.SetBorderInfo(border, Qt::white);
             if (nested)
@@ -248,14 +254,7 @@ private slots:
                 QCOMPARE(image.pixelColor(x, 20), kHover);
             }
             QCOMPARE(image.pixelColor(1, 20).alpha(), nested ? 0 : 255);
-        };
-        check(false, 0, 0, 3, true, true);
-        check(false, 0, 2, 3, true, false);
-        check(false, 0, 0, 1, true, false);
-        check(false, 1, 2, 3, true, true); // a border leaves room for the corners
-        check(true, 0, 0, 1, false, false);
-        check(true, 0, 0, 3, false, true);
-        check(true, 0, 1, 3, true, false);
+        }
     }
 
     void withoutCompositor()

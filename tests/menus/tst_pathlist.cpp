@@ -428,7 +428,7 @@ private slots:
             {0, false, 2, "0 Bytes"},
             {0, true, 2, "0 KB"},
             {1, true, 2, "1 Bytes"},
-            {-5, true, 2, "-5 Bytes"},
+            {-1024, true, 2, "-1024 Bytes"},
             {1023, false, 2, "1023 Bytes"},
             {1024, false, 2, "1.00 KB"},
             {1536, false, 2, "1.50 KB"},
