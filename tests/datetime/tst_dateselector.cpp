@@ -1,28 +1,28 @@
 #include "Acts.h"
+#include "Await.h"
 #include "CBPDateSelector.h"
 #include "CBPImageButton.h"
 #include "CBPTipWnd.h"
+#include "foundation/FontLookup.h"
 #include "foundation/Look.h"
 #include "Pixels.h"
 #include "RealInput.h"
-#include "Rows.h"
 #include "Spoken.h"
 #include "TestMain.h"
 
 #include <QCalendarWidget>
 #include <QDateEdit>
-#include <QLayout>
 #include <QLineEdit>
 #include <QMenu>
-#include <QMouseEvent>
+#include <QPainter>
 #include <QPushButton>
-#include <QSignalSpy>
 #include <QSpinBox>
 #include <QTableView>
 #include <QTextCharFormat>
 #include <QToolButton>
 #include <QVBoxLayout>
-#include <QWindow>
+
+#include <tuple>
 
 namespace {
 
@@ -34,17 +34,13 @@ const QColor kAccent(lumqt::kAccent);
 // it; what is looked at after is which widget the window remembers.
 bool becomesActive(QWidget &window)
 {
-    const auto isActive = [&] { return QApplication::activeWindow() == &window; };
-    if (QTest::qWaitFor(isActive, 1000))
+    if (awaited([&] { return window.isActiveWindow(); }, 250))
         return true;
     QWidget third;
     third.setGeometry(900, 600, 100, 100);
-    third.show();
-    third.activateWindow();
-    if (!QTest::qWaitForWindowActive(&third))
-        return false;
+    showActive(third);
     window.activateWindow();
-    return QTest::qWaitFor(isActive);
+    return awaited([&] { return window.isActiveWindow(); });
 }
 
 // A window with a selector on the seventh of March 2024 and something else to go to.
@@ -64,10 +60,7 @@ struct Scene
         QDate date(2024, 3, 7);
         selector->SetDate(date);
         window.setGeometry(300, 100, 400, 120);
-        window.show();
-        window.activateWindow();
-        if (!becomesActive(window))
-            qWarning("the window is not active");
+        showActive(window);
         edit->setFocus();
     }
 
@@ -88,7 +81,7 @@ struct Scene
         else
             QTest::keyClick(edit, Qt::Key_Down, Qt::AltModifier);
         QVERIFY(tip() && becomesActive(*tip()));
-        QTRY_VERIFY(view()->hasFocus());
+        AWAIT(view()->hasFocus());
     }
 
     // Of the calendar, in the view's coordinates.
@@ -160,11 +153,21 @@ private slots:
         }
     }
 
-    // And closes by Escape, in the days and then in a button of the bar.
+    // Where there is room for it. Escape closes it, in the days and then in a button of the bar.
     void opens()
     {
-        for (const QString how : {"mouse", "Space", "Alt+Down"}) {
+        const std::tuple<QString, QPoint, bool> rows[] = {
+            {"mouse", {300, 100}, false}, // the window's corner; -1: as far as the screen goes
+            {"Space", {300, 100}, true},
+            {"Alt+Down", {-1, -1}, false},
+            {"Alt+Down", {10, -1}, true}};
+        const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
+        for (const auto &[how, corner, mirrored] : rows) {
             Scene scene;
+            scene.window.setLayoutDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
+            const QRect frame = scene.window.frameGeometry();
+            scene.window.move(corner.x() < 0 ? area.right() - frame.width() + 1 : corner.x(),
+                              corner.y() < 0 ? area.bottom() - frame.height() + 1 : corner.y());
             if (how == "Space")
                 scene.button->setFocus();
             scene.open(how);
@@ -172,14 +175,25 @@ private slots:
             QVERIFY(how != "Space" || focus == scene.button);
             QCOMPARE(scene.calendar()->selectedDate(), QDate(2024, 3, 7));
             QCOMPARE(scene.selector->GetDate(), QDate(2024, 3, 7)); // the key did not step it
+            const QRect button(scene.button->mapToGlobal(QPoint()), scene.button->size());
+            const QRect tip = scene.tip()->geometry();
+            QVERIFY(area.contains(tip) && !tip.intersects(button));
+            QVERIFY(corner.y() < 0 ? tip.bottom() + 1 == button.top()
+                                   : tip.topLeft() == button.bottomLeft() + QPoint(-1, 1));
             // The calendar fills the window but for its frame.
             QCOMPARE(scene.calendar()->geometry(), scene.tip()->rect().adjusted(1, 1, -1, -1));
             QCOMPARE(scene.tip()->layout()->count(), 1);
+            // An arrow points to where its month lies: its tip is beside its upper end.
+            const QImage arrow = pictureOf(*scene.barButton("nextmonth"), 1);
+            const QRect ink = inkOf(arrow);
+            const auto darkAt = [&](int y) { return inkOf(arrow.copy(0, y, 28, 1)).center().x(); };
+            QCOMPARE(darkAt(ink.center().y()) > darkAt(ink.top() + 1), !mirrored);
+
             QTest::keyClick(scene.view(), Qt::Key_Right);
             QSignalSpy spy(scene.selector.data(), SIGNAL(sigDateEditFinish()));
             QTest::keyClick(scene.view(), Qt::Key_Escape);
             QVERIFY(!scene.tip()->isVisible() && becomesActive(scene.window));
-            QTRY_COMPARE(QApplication::focusWidget(), focus);
+            AWAIT_EQUAL(QApplication::focusWidget(), focus);
             QCOMPARE(scene.selector->GetDate(), QDate(2024, 3, 7));
 #ifndef Q_OS_WIN // Wine makes the calendar active once more when it has gone, and the field is left by that
             QCOMPARE(spy.count(), 0);
@@ -208,7 +222,7 @@ private slots:
             QCOMPARE(spy.count(), how == "double click" ? 2 : 1);
             QCOMPARE(scene.selector->GetDate(), QDate(2024, 3, 15));
             QVERIFY(!scene.tip()->isVisible() && becomesActive(scene.window));
-            QTRY_VERIFY(scene.edit->hasFocus());
+            AWAIT(scene.edit->hasFocus());
         }
     }
 
@@ -235,96 +249,40 @@ private slots:
             return !scene.tip()->windowHandle()->isExposed() && scene.window.isActiveWindow();
         };
         RealInput::click(day);
-        QTRY_VERIFY(isGone()); // sooner, and the window manager may lose the second one
+        AWAIT(isGone()); // sooner, and the window manager may lose the second one
         RealInput::click(day);
-        QTRY_COMPARE(picks.count(), 2);
-        QTRY_VERIFY(isGone() && QApplication::mouseButtons() == Qt::NoButton);
+        AWAIT_EQUAL(picks.count(), 2);
+        AWAIT(isGone() && QApplication::mouseButtons() == Qt::NoButton);
         QCOMPARE(beneath.count(), 0);
         QTest::mouseClick(scene.elsewhere, Qt::LeftButton); // not for ever
         QCOMPARE(beneath.count(), 1);
         QApplication::setDoubleClickInterval(interval);
     }
 
-    void place_data()
-    {
-        columns<QPoint, bool>("corner", "mirrored"); // of the window; -1: as far as the screen goes
-        row("room below", QPoint(300, 100), false);
-        row("room below, mirrored", QPoint(300, 100), true);
-        row("in the corner", QPoint(-1, -1), false);
-        row("at the bottom, mirrored", QPoint(10, -1), true);
-    }
-
-    void place()
-    {
-        QFETCH(QPoint, corner);
-        QFETCH(bool, mirrored);
-        Scene scene;
-        scene.window.setLayoutDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
-        const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
-        const QRect frame = scene.window.frameGeometry();
-        scene.window.move(corner.x() < 0 ? area.right() - frame.width() + 1 : corner.x(),
-                          corner.y() < 0 ? area.bottom() - frame.height() + 1 : corner.y());
-        scene.open();
-        const QRect button(scene.button->mapToGlobal(QPoint()), scene.button->size());
-        const QRect tip = scene.tip()->geometry();
-        QVERIFY(area.contains(tip) && !tip.intersects(button));
-        QVERIFY(corner.y() < 0 ? tip.bottom() + 1 == button.top()
-                               : tip.topLeft() == button.bottomLeft() + QPoint(-1, 1));
-        // An arrow points to where its month lies: its tip is beside its upper end.
-        const QImage arrow = pictureOf(*scene.barButton("nextmonth"), 1);
-        const QRect ink = inkOf(arrow);
-        const auto darkAt = [&](int y) { return inkOf(arrow.copy(0, y, arrow.width(), 1)).center().x(); };
-        QCOMPARE(darkAt(ink.center().y()) > darkAt(ink.top() + 1), !mirrored);
-    }
-
-    // Stepping the year is given up first, then the calendar closes.
-    void escapeFromTheYear()
-    {
-        Scene scene;
-        scene.open();
-        QTest::mouseClick(scene.barButton("yearbutton"), Qt::LeftButton);
-        auto *year = scene.calendar()->findChild<QSpinBox *>("qt_calendar_yearedit");
-        QTRY_VERIFY(year->hasFocus());
-        QTest::keyClick(year, Qt::Key_Up);
-        QTest::keyClick(year, Qt::Key_Escape);
-        QVERIFY(!year->isVisible() && scene.tip()->isVisible());
-        QCOMPARE(scene.calendar()->yearShown(), 2024);
-        QVERIFY(scene.view()->hasFocus());
-        QTest::keyClick(scene.view(), Qt::Key_Escape);
-        QVERIFY(!scene.tip()->isVisible());
-    }
-
-    // Field and box around it have one colour, whatever the palette. Seen right of the button: some styles
-    // paint a field of their own ground.
-    // The button changes its side, and the date reads as before.
+    // The button changes its side, and the date reads as before. Field and box around it have one colour,
+    // whatever the palette; seen beside the button, as some styles paint a field of their own ground.
     void mirrored()
     {
-        for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        for (const bool mirrored : {false, true}) {
             CBPDateSelector selector;
-            selector.setLayoutDirection(direction);
+            selector.setLayoutDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
+            QPalette palette = selector.palette();
+            palette.setColor(QPalette::Base, QColor(30, 30, 30));
+            if (mirrored)
+                selector.setPalette(palette);
             auto *edit = selector.findChild<QDateEdit *>();
             edit->setDisplayFormat("yyyy-MM-dd");
             QCOMPARE(edit->text(), QString("2000-01-01"));
             QCOMPARE(selector.sizeHint().height(), lumqt::kFieldHeight);
             const QImage picture = selector.grab().toImage();
             QCOMPARE(boxOf(picture, kFrame), picture.rect());
-            QCOMPARE(selector.findChild<CBPImageButton *>()->x() < edit->x(), direction == Qt::RightToLeft);
+            const QPoint beside(mirrored ? 3 : picture.width() - 4, picture.height() / 2);
+            QCOMPARE(picture.pixelColor(beside), selector.palette().color(QPalette::Base));
+            QCOMPARE(selector.findChild<CBPImageButton *>()->x() < edit->x(), mirrored);
             edit->setAlignment(Qt::AlignHCenter); // an application's stays
             sendEvent(selector, QEvent::Enter);
+            QCOMPARE(grabbedAt(selector, 0, 9), QColor(lumqt::kFieldFrameHovered));
             QCOMPARE(edit->alignment() & Qt::AlignHorizontal_Mask, Qt::AlignHCenter);
-        }
-    }
-
-    void groundOfTheField()
-    {
-        CBPDateSelector selector;
-        for (const QColor &base : {selector.palette().color(QPalette::Base), QColor(30, 30, 30)}) {
-            QPalette palette = selector.palette();
-            palette.setColor(QPalette::Base, base);
-            if (base != selector.palette().color(QPalette::Base))
-                selector.setPalette(palette);
-            const QImage image = selector.grab().toImage();
-            QCOMPARE(image.pixelColor(image.width() - 4, image.height() / 2), base);
         }
     }
 
@@ -338,7 +296,7 @@ private slots:
         scene.window.activateWindow();
         scene.elsewhere->setFocus();
         QVERIFY(becomesActive(scene.window));
-        QTRY_VERIFY(!scene.tip()->isVisible() && scene.elsewhere->hasFocus());
+        AWAIT(!scene.tip()->isVisible() && scene.elsewhere->hasFocus());
         scene.open(); // the same date, but another month was left open
         QCOMPARE(scene.calendar(), calendar.data());
         QCOMPARE(QDate(calendar->yearShown(), calendar->monthShown(), 1), QDate(2024, 3, 1));
@@ -356,7 +314,7 @@ private slots:
         scene.edit->setFont(large);
         QVERIFY(becomesActive(scene.window));
         scene.open();
-        QTRY_COMPARE(calendar->size(), usual * 2);
+        AWAIT_EQUAL(calendar->size(), usual * 2);
         QCOMPARE(scene.barButton("nextmonth")->height(), 56);
         QCOMPARE(scene.button->findChildren<CBPTipWnd *>().size(), 1);
     }
@@ -393,6 +351,16 @@ private slots:
             QCoreApplication::sendEvent(days, &move);
             QCOMPARE(corner(20) != QColor(Qt::white), day == 20);
         }
+
+        // Stepping the year is given up first, then the calendar closes.
+        QTest::mouseClick(scene.barButton("yearbutton"), Qt::LeftButton);
+        AWAIT(year->hasFocus());
+        for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Escape})
+            QTest::keyClick(year, key);
+        QVERIFY(!year->isVisible() && scene.tip()->isVisible() && scene.view()->hasFocus());
+        QCOMPARE(calendar->yearShown(), 2024);
+        QTest::keyClick(scene.view(), Qt::Key_Escape);
+        QVERIFY(!scene.tip()->isVisible());
     }
 
     // By somebody who hears of a pick with the mouse or by Return, or by anybody.
@@ -409,7 +377,7 @@ private slots:
             else
                 QTest::keyClick(scene.view(), Qt::Key_Return);
             QVERIFY(!scene.selector);
-            QTRY_VERIFY(!calendar);
+            AWAIT(!calendar);
         }
         QDate date(2031, 10, 2);
         for (const int what : {0, 1, 2, 3}) {

@@ -9,12 +9,11 @@
 #include "TestMain.h"
 
 #include <QGridLayout>
-#include <QLayout>
-#include <QSignalSpy>
 #include <QTimeEdit>
 
 #include <algorithm>
 #include <climits>
+#include <tuple>
 
 namespace {
 
@@ -33,8 +32,7 @@ struct Days : public CBPDaySelector
     // In the order of the layout, the one that selects all included.
     CTriStateButton *button(int index) const
     {
-        auto *item = layout() ? layout()->itemAt(index) : nullptr;
-        return item ? qobject_cast<CTriStateButton *>(item->widget()) : nullptr;
+        return qobject_cast<CTriStateButton *>(layout()->itemAt(index)->widget());
     }
     int count() const { return layout() ? layout()->count() : 0; }
 };
@@ -42,8 +40,9 @@ struct Days : public CBPDaySelector
 QList<QTimeEdit *> fieldsOf(const CEditTimeEdit &list)
 {
     QList<QTimeEdit *> fields;
-    for (int i = 0; i < list.layout()->itemAt(0)->layout()->count(); ++i)
-        fields << list.layout()->itemAt(0)->layout()->itemAt(i)->widget()->findChild<QTimeEdit *>();
+    const QLayout *items = list.layout()->itemAt(0)->layout();
+    for (int i = 0; i < items->count(); ++i)
+        fields << items->itemAt(i)->widget()->findChild<QTimeEdit *>();
     return fields;
 }
 
@@ -87,36 +86,29 @@ private slots:
 
     void grids()
     {
-        const struct
-        {
-            int names;
-            const char *extra, *all;
-            int buttons;
-            QPoint last; // column and row
-        } rows[] = {{0, "", "", 0, {}},       {31, "", "All", 32, {3, 4}}, {31, "Last", "All", 33, {4, 4}},
-                    {31, "", "", 31, {2, 4}}, // the last one is wide, whichever it is
-                    {7, "", "", 7, {6, 0}},   {0, "", "All", 1, {0, 0}},   {400, "", "", 400, {0, 57}}};
-        for (const auto &given : rows) {
-            Days selector(days(given.names), given.extra, given.all);
-            QCOMPARE(selector.count(), given.buttons);
+        // Names, extra text, text of all; buttons, column and row of the last one.
+        const std::tuple<int, QString, QString, int, QPoint> rows[] = {
+            {0, "", "", 0, {}},       {31, "", "All", 32, {3, 4}}, {31, "Last", "All", 33, {4, 4}},
+            {31, "", "", 31, {2, 4}}, // the last one is wide, whichever it is
+            {7, "", "", 7, {6, 0}},   {0, "", "All", 1, {0, 0}},   {400, "", "", 400, {0, 57}}};
+        for (const auto &[names, extra, all, buttons, lastPlace] : rows) {
+            Days selector(days(names), extra, all);
+            QCOMPARE(selector.count(), buttons);
             auto *grid = qobject_cast<QGridLayout *>(selector.layout());
-            QCOMPARE(grid != nullptr, given.buttons > 0);
-            for (int i = 0; i < given.buttons; ++i) {
-                const bool wide = i == given.buttons - 1;
+            QCOMPARE(grid != nullptr, buttons > 0);
+            for (int i = 0; i < buttons; ++i) {
+                const bool wide = i == buttons - 1;
                 int row = 0, column = 0, rowSpan = 0, columns = 0;
                 grid->getItemPosition(i, &row, &column, &rowSpan, &columns);
-                QCOMPARE(QPoint(column, row), wide ? given.last : QPoint(i % 7, i / 7));
+                QCOMPARE(QPoint(column, row), wide ? lastPlace : QPoint(i % 7, i / 7));
                 QCOMPARE(columns, wide ? 4 : 1);
                 const CTriStateButton *button = selector.button(i);
                 QCOMPARE(button->minimumSize(), QSize(wide ? 255 : 60, 28));
                 QCOMPARE(button->maximumSize(), button->minimumSize());
-                QCOMPARE(button->font().pixelSize() == 14, button->text() != given.all);
+                QCOMPARE(button->font().pixelSize() == 14, button->text() != all);
             }
-            selector.SetSelected(days(500) << given.extra << given.all);
-            QStringList selected = days(given.names);
-            if (*given.extra)
-                selected << given.extra;
-            QCOMPARE(selector.GetSelected(), selected);
+            selector.SetSelected(days(500) << extra << all);
+            QCOMPARE(selector.GetSelected(), extra.isEmpty() ? days(names) : days(names) << extra);
         }
     }
 
@@ -177,18 +169,22 @@ private slots:
         }
         QStringList nameless{QString(), QString()};
         CBPWeekSelector weekly(nameless);
-        click(weekly.findChild<CTriStateButton *>(), Click::Left);
+        auto *button = weekly.findChild<CTriStateButton *>();
+        click(button, Click::Left);
         QCOMPARE(weekly.GetSelected(), QStringList(QString()));
-        QCOMPARE(weekly.findChild<CTriStateButton *>()->focusPolicy(), Qt::NoFocus); // nothing to tell of
+        QCOMPARE(button->focusPolicy(), Qt::NoFocus); // nothing to tell of
     }
 
+    // By a line under the text, which has its colour.
     void disabledShowsTheChosen()
     {
         Days daily(days(3), QString(), "All");
         daily.setEnabled(false);
-        const QImage plain = pictureOf(*daily.button(1));
         daily.SetSelected({"2"});
-        QVERIFY(pictureOf(*daily.button(1)) != plain);
+        for (const int index : {0, 1}) {
+            const QImage below = pictureOf(*daily.button(index), 1).copy(2, 19, 56, 7);
+            QCOMPARE(boxOf(below, QColor(120, 120, 120)), index == 1 ? QRect(2, 3, 52, 2) : QRect());
+        }
     }
 
     void deletedInItsOwnSignal()
@@ -207,25 +203,20 @@ private slots:
     // From one button to the next, by their numbers in the order of the layout.
     void arrows()
     {
-        const struct
-        {
-            int from;
-            Qt::Key key;
-            int to;
-        } rows[] = {{0, Qt::Key_Right, 1},  {1, Qt::Key_Left, 0},   {0, Qt::Key_Left, 0},
-                    {0, Qt::Key_Up, 0},     {0, Qt::Key_Down, 7},   {10, Qt::Key_Up, 3},
-                    {6, Qt::Key_Right, 6},  {22, Qt::Key_Down, 29}, {24, Qt::Key_Down, 31},
-                    {27, Qt::Key_Down, 31}, {31, Qt::Key_Left, 30}, {31, Qt::Key_Down, 31},
-                    {31, Qt::Key_Home, 0},  {9, Qt::Key_End, 31},   {31, Qt::Key_Up, 26}};
+        const std::tuple<int, Qt::Key, int> rows[] = {
+            {0, Qt::Key_Right, 1},  {1, Qt::Key_Left, 0},   {0, Qt::Key_Left, 0},   {0, Qt::Key_Up, 0},
+            {0, Qt::Key_Down, 7},   {10, Qt::Key_Up, 3},    {6, Qt::Key_Right, 6},  {22, Qt::Key_Down, 29},
+            {24, Qt::Key_Down, 31}, {27, Qt::Key_Down, 31}, {31, Qt::Key_Left, 30}, {31, Qt::Key_Down, 31},
+            {31, Qt::Key_Home, 0},  {9, Qt::Key_End, 31},   {31, Qt::Key_Up, 26}};
         Days daily(days(31), QString(), "All");
         showActive(daily);
-        for (const auto &row : rows) {
+        for (const auto &[from, key, to] : rows) {
             daily.SetSelected({"?"});
-            daily.button(row.from)->setFocus();
-            QTest::keyClick(daily.button(row.from), row.key);
-            QCOMPARE(daily.focusWidget(), daily.button(row.to));
+            daily.button(from)->setFocus();
+            QTest::keyClick(daily.button(from), key);
+            QCOMPARE(daily.focusWidget(), daily.button(to));
             QTest::keyClick(daily.focusWidget(), Qt::Key_Space);
-            QCOMPARE(daily.GetSelected().size(), row.to == 31 ? 31 : 1);
+            QCOMPARE(daily.GetSelected().size(), to == 31 ? 31 : 1);
             int stops = 0;
             for (int i = 0; i < daily.count(); ++i)
                 stops += daily.button(i)->focusPolicy() & Qt::TabFocus ? 1 : 0;
@@ -233,12 +224,9 @@ private slots:
         }
     }
 
-    void newList()
+    void fieldsAndButtons()
     {
         TimeList list(4);
-        QCOMPARE(fieldsOf(list).size(), 1);
-        QVERIFY(deleteButtonOf(fieldsOf(list).first())->isHidden());
-        QVERIFY(!addButtonOf(list)->isHidden());
         QTimeEdit *field = fieldsOf(list).first();
         field->setTime(QTime(23, 59));
         field->setCurrentSection(QDateTimeEdit::HourSection);
@@ -257,27 +245,25 @@ private slots:
 
     void addAndRemove()
     {
-        for (const int maxCount : {INT_MIN, -1, 0, 1, 2, 3, INT_MAX}) {
-            for (const int count : {2, 3}) {
+        for (const int maxCount : {INT_MIN, 0, 1, 2, 3, INT_MAX}) {
+            for (const int count : {1, 2, 3}) {
                 TimeList list(maxCount);
                 for (int i = 1; i < count; ++i)
                     addButtonOf(list)->click();
-                QCOMPARE(fieldsOf(list).size(), count);
-                QCOMPARE(!addButtonOf(list)->isHidden(), count < maxCount);
                 const QList<QTimeEdit *> fields = fieldsOf(list);
+                QCOMPARE(fields.size(), count);
+                QCOMPARE(!addButtonOf(list)->isHidden(), count == 1 || count < maxCount);
                 for (QTimeEdit *field : fields)
-                    QVERIFY(!deleteButtonOf(field)->isHidden());
+                    QCOMPARE(deleteButtonOf(field)->isHidden(), count == 1);
                 for (int left = count - 1; left > 0; --left) {
                     deleteButtonOf(fieldsOf(list).first())->click();
-                    QCOMPARE(fieldsOf(list).size(), left);
+                    QCOMPARE(fieldsOf(list), fields.mid(count - left));
                     QCOMPARE(!addButtonOf(list)->isHidden(), left < maxCount);
                 }
-                QTimeEdit *last = fieldsOf(list).first();
-                QCOMPARE(last, fields.last());
-                QVERIFY(deleteButtonOf(last)->isHidden());
-                QVERIFY(fields.first()->parentWidget()->isHidden());
-                deleteButtonOf(last)->click();
-                QCOMPARE(list.GetQTimes().size(), 1);
+                QVERIFY(count == 1 || fields.first()->parentWidget()->isHidden());
+                QVERIFY(deleteButtonOf(fields.last())->isHidden());
+                deleteButtonOf(fields.last())->click(); // the last one stays
+                QCOMPARE(fieldsOf(list).size(), 1);
             }
         }
     }
@@ -287,19 +273,16 @@ private slots:
         using Times = QVector<QTime>;
         const QTime one(1, 0);
         const Times five{kEvening, kMorning, kNoon, kMorning, QTime(23, 59)};
-        const struct
-        {
-            Times times, kept; // by two fields at 01:00
-        } rows[] = {{{}, {one, one}},
-                    {{kNoon}, {kNoon, one}},
-                    {{QTime(), kNoon}, {one, kNoon}}, // no time
-                    {five, five}};                    // more than the greatest count
-        for (const auto &row : rows) {
+        const std::pair<Times, Times> rows[] = {{{}, {one, one}}, // by two fields at 01:00
+                                                {{kNoon}, {kNoon, one}},
+                                                {{QTime(), kNoon}, {one, kNoon}}, // no time
+                                                {five, five}}; // more than the greatest count
+        for (const auto &[times, kept] : rows) {
             TimeList list(3, {one, one});
-            list.Initialize(row.times);
-            QCOMPARE(list.GetQTimes(), row.kept);
-            QCOMPARE(!addButtonOf(list)->isHidden(), row.kept.size() < 3);
-            Times sorted = row.kept;
+            list.Initialize(times);
+            QCOMPARE(list.GetQTimes(), kept);
+            QCOMPARE(!addButtonOf(list)->isHidden(), kept.size() < 3);
+            Times sorted = kept;
             std::sort(sorted.begin(), sorted.end());
             QCOMPARE(list.GetQTimesSorted(), sorted);
         }

@@ -1,14 +1,14 @@
 #pragma once
 
 #include "Acts.h"
+#include "Await.h"
 #include "CBPMenu.h"
 #include "CBPMenuItem.h"
 #include "foundation/FontLookup.h"
 #include "Pictures.h"
 #include "Pixels.h"
 
-#include <QFontMetrics>
-#include <QTemporaryDir>
+#include <QPainter>
 
 // What the tests of menus share.
 
@@ -17,12 +17,20 @@ inline const QColor kBody(60, 67, 75);
 inline const QColor kDot(0xe0, 0x20, 0x20);
 inline const QColor kLime(0, 255, 0);
 
-class Menu : public CBPMenu
+struct Menu : CBPMenu
 {
-public:
-    using CBPMenu::CBPMenu;
     using CBPMenu::PaintAction;
 };
+
+// What a menu paints under the item at `index` of `count` while it is highlighted.
+inline QImage highlight(Menu &menu, int index, int count)
+{
+    QImage image(60, 40, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    menu.PaintAction(&painter, image.rect(), index, count);
+    return image;
+}
 
 inline QRect itemRect(const QMenu &menu, int index)
 {
@@ -46,28 +54,27 @@ inline QColor itemColor(QMenu &menu, int index)
     return colorAt(menu, QPoint(rect.right() - 40, rect.center().y()));
 }
 
-// Of what has this colour, in the item.
-inline QRect boxIn(QMenu &menu, int index, const QColor &color)
-{
-    return boxOf(menu.grab(itemRect(menu, index)).toImage(), color);
-}
-
 inline const auto isInk = [](const QColor &color) { return color.lightness() > 90; };
 inline const auto isBright = [](const QColor &color) { return color.lightness() > 170; };
 inline const auto isRed = [](const QColor &color) { return color.red() > 150 && color.green() < 60; };
 
-// Leftmost pixel column of the item, from `from` on, that has a pixel for which `is` holds; -1 for none.
-inline int findColumn(QMenu &menu, int index, int from, bool (*is)(const QColor &))
+// Of what has such a colour, in the item.
+template <class Is> QRect boxWhere(QMenu &menu, int index, Is is)
 {
-    const QImage image = menu.grab().toImage();
-    const QRect rect = itemRect(menu, index);
-    for (int x = from; x <= rect.right(); ++x) {
-        for (int y = rect.top(); y <= rect.bottom(); ++y) {
+    const QImage image = menu.grab(itemRect(menu, index)).toImage();
+    QRect box;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
             if (is(image.pixelColor(x, y)))
-                return x;
+                box |= QRect(x, y, 1, 1);
         }
     }
-    return -1;
+    return box;
+}
+
+inline QRect boxIn(QMenu &menu, int index, const QColor &color)
+{
+    return boxOf(menu.grab(itemRect(menu, index)).toImage(), color);
 }
 
 inline void fill(CBPMenu &menu, int count)

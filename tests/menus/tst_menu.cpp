@@ -2,28 +2,27 @@
 #include "TestMain.h"
 
 #include <QIconEngine>
-#include <QPainter>
 #include <QStyle>
 #include <QStyleFactory>
 
 #include <climits>
+#include <tuple>
 
 namespace {
 
-class CountingEngine : public QIconEngine
+// Counts how often an item with this icon is painted.
+struct CountingEngine : QIconEngine
 {
-public:
-    explicit CountingEngine(int *count) : m_count(count) {}
+    int *const count;
+
+    explicit CountingEngine(int *counter) : count(counter) {}
     void paint(QPainter *, const QRect &, QIcon::Mode, QIcon::State) override {}
-    QIconEngine *clone() const override { return new CountingEngine(m_count); }
+    QIconEngine *clone() const override { return new CountingEngine(count); }
     QPixmap pixmap(const QSize &size, QIcon::Mode, QIcon::State) override
     {
-        ++*m_count;
+        ++*count;
         return QPixmap(size);
     }
-
-private:
-    int *m_count;
 };
 
 // Moves the pointer about in the item until the menu has noticed: it takes no notice of the first move. Some
@@ -34,11 +33,12 @@ void moveTo(QMenu &menu, int index)
     const auto noticed = [&] {
         return menu.activeAction() == item || (!item->isEnabled() && !menu.activeAction());
     };
-    for (int i = 0; i < 100 && (i < 3 || !noticed()); ++i) {
-        QTest::mouseMove(&menu, itemRect(menu, index).center() + QPoint(i % 5, 0));
-        QTest::qWait(1);
-    }
-    QVERIFY(noticed());
+    int moves = 0;
+    const auto moved = [&] {
+        QTest::mouseMove(&menu, itemRect(menu, index).center() + QPoint(++moves % 5, 0));
+        return moves > 3 && noticed();
+    };
+    AWAIT(moved());
 }
 
 } // namespace
@@ -58,7 +58,16 @@ private slots:
 
     void itemSize()
     {
-        const auto check = [](const QString &text, bool subMenu, const QSize &given, const QSize &expected) {
+        const QString wide(60, QLatin1Char('W'));
+        const int length = QFontMetrics(lumqt::uiFont()).horizontalAdvance(wide);
+        // Text, whether there is a nested menu, a size that is given; the size that it becomes.
+        const std::tuple<QString, bool, QSize, QSize> rows[] = {
+            {"a", false, {}, {249, 40}},
+            {"a", true, {}, {260, 40}}, // room for an arrow
+            {wide, false, {}, {length + 49, 40}},
+            {"a", false, {99, 55}, {249, 40}}, // replaced at once, but not without a text
+            {"", false, {99, 55}, {99, 55}}};
+        for (const auto &[text, subMenu, given, expected] : rows) {
             CBPMenu sub(QStringLiteral("Sub"));
             CBPMenu menu;
             if (subMenu)
@@ -67,14 +76,7 @@ private slots:
                                               : menu.AddAction(text, 1);
             QCOMPARE(menu.actionGeometry(action).size(), expected);
             QCOMPARE(menu.GetMenuWidth(), 153);
-        };
-        check("a", false, QSize(), QSize(249, 40));
-        check("a", true, QSize(), QSize(260, 40)); // room for an arrow
-        const QString wide(60, QLatin1Char('W'));
-        check(wide, false, QSize(), QSize(QFontMetrics(lumqt::uiFont()).horizontalAdvance(wide) + 49, 40));
-        // A size of one's own is replaced at once, but not without a text.
-        check("a", false, QSize(99, 55), QSize(249, 40));
-        check("", false, QSize(99, 55), QSize(99, 55));
+        }
     }
 
     void measuringAgain()
@@ -129,9 +131,8 @@ private slots:
         QCOMPARE(itemColor(menu, 0), kBody);
         for (const int index : {0, 2, 1, 0}) {
             moveTo(menu, index);
-            QTRY_COMPARE(itemColor(menu, 0), index == 0 ? kHover : kBody);
-            QTRY_COMPARE(itemColor(menu, 1), index == 1 ? kHover : kBody);
-            QCOMPARE(itemColor(menu, 2), kBody); // disabled
+            for (int i = 0; i < 3; ++i) // the last one is disabled
+                QCOMPARE(itemColor(menu, i), i == index && i < 2 ? kHover : kBody);
         }
         QList<int> chosen;
         connect(&menu, &QMenu::triggered, this, [&chosen](QAction *action) {
@@ -156,40 +157,36 @@ private slots:
         menu.actions().at(2)->setIcon(QIcon(new CountingEngine(&looked)));
         QCursor::setPos(QPoint(20, 20) + itemRect(menu, 2).center());
         QVERIFY(open(menu));
-        QTRY_VERIFY(looked > 0);
+        AWAIT(looked > 0);
         QCOMPARE(itemColor(menu, 2), kHover);
         QCoreApplication::processEvents();
         looked = 0;
         QTest::keyClick(&menu, Qt::Key_Down);
-        QTRY_VERIFY(looked > 0);
+        AWAIT(looked > 0);
         QVERIFY(itemColor(menu, 2) == kBody || menu.activeAction() == menu.actions().at(2));
     }
 
-    void keyboardPassesDisabledItems()
-    {
-        const QScopedPointer<QStyle> style(QStyleFactory::create(QStringLiteral("windows")));
-        CBPMenu menu;
-        fill(menu, 4);
-        menu.actions().at(1)->setEnabled(false);
-        menu.actions().at(2)->setEnabled(false);
-        menu.setStyle(style.data());
-        QVERIFY(menu.style()->styleHint(QStyle::SH_Menu_AllowActiveAndDisabled)); // it stops at them
-        QVERIFY(open(menu));
-        menu.setActiveAction(menu.actions().at(0));
-        QTest::keyClick(&menu, Qt::Key_Down);
-        QCOMPARE(menu.activeAction(), menu.actions().at(3));
-    }
-
-    void ownStyleComesBack()
+    // Another style than its own: the keyboard passes disabled items there, too, and the size comes back.
+    void otherStyle()
     {
         const QScopedPointer<QStyle> other(QStyleFactory::create(QStringLiteral("windows")));
         for (const bool sheet : {false, true}) {
             CBPMenu menu;
-            fill(menu, 1);
+            fill(menu, 4);
             if (sheet)
                 menu.setSeparatorRectHeight(17);
             menu.setStyle(other.data());
             QVERIFY(sheet || itemRect(menu, 0).size() != QSize(249, 40)); // a sheet's rule keeps it
+            for (const int disabled : {1, 2})
+                menu.actions().at(disabled)->setEnabled(false);
+            QVERIFY(other->styleHint(QStyle::SH_Menu_AllowActiveAndDisabled)); // it stops at them
+            QVERIFY(open(menu));
+            for (const auto &[key, to] :
+                 {std::pair{Qt::Key_Down, 3}, {Qt::Key_Up, 0}, {Qt::Key_Tab, 3}, {Qt::Key_Backtab, 0}}) {
+                menu.setActiveAction(menu.actions().at(3 - to));
+                QTest::keyClick(&menu, key);
+                QCOMPARE(menu.activeAction(), menu.actions().at(to));
+            }
             menu.ResetMenuWidth();
             QCOMPARE(itemRect(menu, 0).size(), QSize(249, 40));
         }
@@ -244,10 +241,7 @@ private slots:
                 menu.SetBorderInfo(number, Qt::red);
                 menu.addSeparator();
                 QVERIFY(!menu.grab().toImage().isNull());
-                QImage image(60, 40, QImage::Format_ARGB32_Premultiplied);
-                QPainter painter(&image);
-                menu.PaintAction(&painter, image.rect(), 1, 2);
-                painter.end();
+                QVERIFY(!highlight(menu, 1, 2).isNull());
                 menu.SetMenuItemHeiht(number);
                 menu.ResetMenuWidth();
                 QCOMPARE(itemRect(menu, 0).isEmpty(), number < 0);
@@ -257,22 +251,23 @@ private slots:
 
     void deletedWhileOpen()
     {
-        for (const char *by : {"hovered", "triggered", "timer", "timer in exec()"}) {
+        for (const QString by : {"hovered", "triggered", "call", "exec()"}) {
             const QPointer<CBPMenu> menu(new CBPMenu);
             fill(*menu, 3);
-            const bool inExec = QByteArray(by).endsWith("exec()");
-            if (!inExec)
-                QVERIFY(open(*menu));
-            if (QByteArray(by).startsWith("timer")) {
-                QTimer::singleShot(50, this, [menu] { delete menu; });
-                QVERIFY(!inExec || !menu->exec(QPoint(20, 20)));
+            if (by == "exec()") {
+                whileOpen(this, menu, [](CBPMenu *opened) { delete opened; });
+                QVERIFY(!menu->exec(QPoint(20, 20)));
             } else {
-                connect(menu, by == QLatin1String("hovered") ? &QMenu::hovered : &QMenu::triggered, menu,
+                QVERIFY(open(*menu));
+                connect(menu, by == "hovered" ? &QMenu::hovered : &QMenu::triggered, menu,
                         &QObject::deleteLater);
-                QTest::keyClick(menu, Qt::Key_Down);
-                QTest::keyClick(menu, Qt::Key_Return);
+                if (by == "call")
+                    delete menu;
+                for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Return})
+                    if (menu)
+                        QTest::keyClick(menu, key);
             }
-            QTRY_VERIFY2(!menu, by);
+            AWAIT(!menu);
         }
     }
 
@@ -287,7 +282,7 @@ private slots:
                 menu->setSeparatorRectHeight(17);
             QVERIFY(open(*menu));
             QTest::mouseClick(menu.data(), Qt::LeftButton, {}, QPoint(10, 3));
-            QTRY_VERIFY(menu->isTearOffMenuVisible());
+            AWAIT(menu->isTearOffMenuVisible());
             QPointer<QMenu> torn;
             const auto windows = QApplication::topLevelWidgets();
             for (QWidget *window : windows)
@@ -296,7 +291,7 @@ private slots:
             QCOMPARE(itemRect(*torn, 3).size(), itemRect(*menu, 3).size());
             QCOMPARE(torn->width(), itemRect(*menu, 3).width());
             menu.reset();
-            QTRY_VERIFY(!torn);
+            AWAIT(!torn);
         }
     }
 
@@ -310,7 +305,7 @@ private slots:
         for (QAction *action : all)
             action->setIcon(QIcon(new CountingEngine(&looked)));
         QVERIFY(open(menu));
-        QTRY_VERIFY(looked > 0);
+        AWAIT(looked > 0);
         QVERIFY(looked < 200); // those on the screen
         looked = 0;
         menu.repaint(itemRect(menu, 3).adjusted(0, 1, 0, -1));

@@ -3,8 +3,9 @@
 #include "TestMain.h"
 
 #include <QBitmap>
-#include <QPainter>
 #include <QStyle>
+
+#include <tuple>
 
 class TestMenuLook : public QObject
 {
@@ -35,20 +36,23 @@ private slots:
         QCOMPARE(look("&Cut") != look("Cut"), underlines);
     }
 
+    // Behind margin, icon column and spacing.
     void textPlace()
     {
-        const auto check = [](void (*set)(CBPMenu &), int shift) {
+        const std::pair<std::function<void(CBPMenu &)>, int> rows[] = {
+            {[](CBPMenu &menu) { menu.SetSpacing(20); }, 14},
+            {[](CBPMenu &menu) { menu.SetDefIconWidth(30); }, 16},
+            {[](CBPMenu &menu) { menu.SetDefIconWidth(0); }, -14},
+            {[](CBPMenu &menu) { menu.SetBorder(10, 90, 90, 90); }, 4}};
+        for (const auto &[set, shift] : rows) {
             CBPMenu menu;
             menu.AddAction(QStringLiteral("Item"), 1);
-            const int before = findColumn(menu, 0, 0, isInk);
-            QVERIFY(before >= 26 && before <= 29); // behind margin, icon column and spacing
+            const QRect before = boxWhere(menu, 0, isInk);
+            QVERIFY(before.left() >= 26 && before.left() <= 29);
+            QVERIFY(qAbs(before.center().y() - 20) <= 1);
             set(menu);
-            QCOMPARE(findColumn(menu, 0, 0, isInk) - before, shift);
-        };
-        check([](CBPMenu &menu) { menu.SetSpacing(20); }, 14);
-        check([](CBPMenu &menu) { menu.SetDefIconWidth(30); }, 16);
-        check([](CBPMenu &menu) { menu.SetDefIconWidth(0); }, -14);
-        check([](CBPMenu &menu) { menu.SetBorder(10, 90, 90, 90); }, 4);
+            QCOMPARE(boxWhere(menu, 0, isInk), before.translated(shift, 0));
+        }
     }
 
     void textLook()
@@ -56,16 +60,14 @@ private slots:
         CBPMenu menu;
         fill(menu, 2);
         menu.actions().at(1)->setEnabled(false);
-        QVERIFY(findColumn(menu, 0, 0, isBright) > 0);
-        QVERIFY(findColumn(menu, 1, 0, isBright) < 0); // disabled: dimmed
-        QVERIFY(findColumn(menu, 1, 0, isInk) > 0);
-        QVERIFY(findColumn(menu, 0, 0, isRed) < 0);
+        QVERIFY(!boxWhere(menu, 0, isBright).isEmpty() && boxWhere(menu, 0, isRed).isEmpty());
+        QVERIFY(boxWhere(menu, 1, isBright).isEmpty()); // disabled: dimmed
+        QVERIFY(!boxWhere(menu, 1, isInk).isEmpty());
         menu.setTextColor(Qt::red);
-        QVERIFY(findColumn(menu, 0, 0, isRed) > 0);
         const int width = QFontMetrics(lumqt::uiFont()).horizontalAdvance(QStringLiteral("Item 0"));
-        QVERIFY(findColumn(menu, 0, 26 + width, isRed) < 0);
+        QVERIFY(qAbs(boxWhere(menu, 0, isRed).right() - 26 - width) <= 3);
         menu.SetFont(lumqt::uiFont().family(), 28);
-        QVERIFY(findColumn(menu, 0, 26 + width + 4, isRed) > 0);
+        QVERIFY(qAbs(boxWhere(menu, 0, isRed).right() - 26 - 2 * width) <= 6);
     }
 
     void images()
@@ -104,7 +106,7 @@ private slots:
         menu.SetActionSpecialFlag(2, true, QString());
         QVERIFY(boxIn(menu, 0, kDot).isEmpty() && !boxIn(menu, 1, kDot).isEmpty());
         const int width = QFontMetrics(lumqt::uiFont()).horizontalAdvance(QStringLiteral("Item 1"));
-        QCOMPARE(findColumn(menu, 1, 0, isRed), 26 + width + 6);
+        QCOMPARE(boxWhere(menu, 1, isRed).left(), 26 + width + 6);
         menu.SetActionSpecialFlag(2, true, m_stage.picture("lime"));
         QVERIFY(boxIn(menu, 1, kDot).isEmpty() && !boxIn(menu, 1, kLime).isEmpty());
         QString file = QStringLiteral("untouched");
@@ -181,9 +183,10 @@ private slots:
         const QRect arrow(rect.right() - 17, 15, 10, 10); // 8 from the edge and 6 from the text
         QCOMPARE(boxIn(menu, 0, kLime), arrow);
         // Measured at one size and painted at another, a text does not fit.
+        menu.setTextColor(Qt::red);
         menu.SetFont(lumqt::uiFont().family(), 28);
-        QVERIFY(findColumn(menu, 0, arrow.left() - 80, isInk) < arrow.left() - 6);
-        QCOMPARE(findColumn(menu, 0, arrow.left() - 6, isInk), arrow.left());
+        const int end = boxWhere(menu, 0, isRed).right();
+        QVERIFY(end < arrow.left() - 6 && end > arrow.left() - 80);
         QCOMPARE(item.bindMenu(), sub);
         delete sub;
         QVERIFY(!item.bindMenu());
@@ -233,17 +236,17 @@ private slots:
 
     void highlightFollowsCorners()
     {
-        const auto check = [](bool nested, int border, int index, int count, bool squareTop,
-                              bool squareBottom) {
+        // Nested, border, index, count; whether the upper and the lower corners are square.
+        const std::tuple<bool, int, int, int, bool, bool> rows[] = {
+            {false, 0, 0, 3, true, true},  {false, 0, 2, 3, true, false}, {false, 0, 0, 1, true, false},
+            {false, 1, 2, 3, true, true}, // a border leaves room for the corners
+            {true, 0, 0, 1, false, false}, {true, 0, 0, 3, false, true},  {true, 0, 1, 3, true, false}};
+        for (const auto &[nested, border, index, count, squareTop, squareBottom] : rows) {
             Menu menu;
             menu.SetBorderInfo(border, Qt::white);
             if (nested)
                 menu.SetSubLeveMennu();
-            QImage image(60, 40, QImage::Format_ARGB32_Premultiplied);
-            image.fill(Qt::transparent);
-            QPainter painter(&image);
-            menu.PaintAction(&painter, image.rect(), index, count);
-            painter.end();
+            const QImage image = highlight(menu, index, count);
             const int inset = nested ? 2 : 0;
             for (const int x : {inset, image.width() - 1 - inset}) {
                 QCOMPARE(image.pixelColor(x, 0).alpha() == 255, squareTop);
@@ -251,14 +254,7 @@ private slots:
                 QCOMPARE(image.pixelColor(x, 20), kHover);
             }
             QCOMPARE(image.pixelColor(1, 20).alpha(), nested ? 0 : 255);
-        };
-        check(false, 0, 0, 3, true, true);
-        check(false, 0, 2, 3, true, false);
-        check(false, 0, 0, 1, true, false);
-        check(false, 1, 2, 3, true, true); // a border leaves room for the corners
-        check(true, 0, 0, 1, false, false);
-        check(true, 0, 0, 3, false, true);
-        check(true, 0, 1, 3, true, false);
+        }
     }
 
     void withoutCompositor()

@@ -1,27 +1,21 @@
 #include "Acts.h"
+#include "Await.h"
 #include "CBPComboBox.h"
 #include "CBPComboxItem.h"
-#include "CBPImage.h"
 #include "CBPImageButton.h"
 #include "CBPPathDropdWnd.h"
-#include "CBPScrollWnd.h"
 #include "FormatByteSize.h"
 #include "Pixels.h"
 #include "TestMain.h"
 #include "Util.h"
 
 #include <QAbstractItemView>
-#include <QAccessible>
 #include <QLabel>
 #include <QLayout>
-#include <QPointer>
-#include <QScrollBar>
-#include <QSignalSpy>
 #include <QWheelEvent>
 
 #include <climits>
-#include <functional>
-#include <limits>
+#include <tuple>
 
 namespace {
 
@@ -71,7 +65,7 @@ struct List : CBPPathDropdWnd
         return QTest::qWaitForWindowExposed(this);
     }
 
-    QWidget *at(int index) { return pathItems().at(index); }
+    CBPComboxItem *at(int index) { return pathItems().at(index); }
 };
 
 CBPImageButton *deleteButton(CBPComboxItem *row)
@@ -79,14 +73,15 @@ CBPImageButton *deleteButton(CBPComboxItem *row)
     return row->findChild<CBPImageButton *>();
 }
 
-QLabel *pathLabel(CBPComboxItem *row)
+// Icon, path and space, as they lie in the row.
+QLabel *labelOf(const CBPComboxItem *row, int index)
 {
-    for (auto *label : row->findChildren<QLabel *>()) {
-        if (!qobject_cast<CBPImage *>(label) && !label->text().contains(" Free of ") &&
-            !label->text().isEmpty())
-            return label;
-    }
-    return nullptr;
+    return row->findChildren<QLabel *>().at(index);
+}
+
+QLabel *pathLabel(const CBPComboxItem *row)
+{
+    return labelOf(row, 1);
 }
 
 void clickDelete(CBPComboxItem *row)
@@ -111,55 +106,43 @@ private slots:
         item.path = "/other";
         QCOMPARE(row.GetItem().path + row.GetItem().extra3, QString("/tmp/<b>bold</b>kept"));
         QCOMPARE(row.GetItem().extraNumber, 7);
-        QCOMPARE(row.height(), 30);
         QCOMPARE(pathLabel(&row)->textFormat(), Qt::PlainText);
-        row.resize(300, 30);
+        QCOMPARE(row.height(), 30);
+        row.resize(row.sizeHint().width(), 30);
         row.ensurePolished();
-        const QPoint place(60, 2);
-        const QImage icon = row.findChild<CBPImage *>()->grab().toImage();
+        const QImage icon = labelOf(&row, 0)->grab().toImage();
         QVERIFY(icon.width() > 10 && !inkOf(icon, 200).isEmpty());
-        QCOMPARE(row.findChild<CBPImage *>()->x(), 2);
-        QCOMPARE(deleteButton(&row)->mapTo(&row, deleteButton(&row)->rect().topRight()).x(), 300 - 6 - 1);
-        QCOMPARE(row.grab().toImage().pixelColor(place), QColor(Qt::white));
-        const int labelX = pathLabel(&row)->x();
-        sendEvent(row, QEvent::Enter);
-        QCOMPARE(row.grab().toImage().pixelColor(place), kHover);
-        QVERIFY(deleteButton(&row)->isVisibleTo(&row));
-        QCOMPARE(pathLabel(&row)->x(), labelX);
-        sendEvent(row, QEvent::Leave);
-        QCOMPARE(row.grab().toImage().pixelColor(place), QColor(Qt::white));
-        QVERIFY(!deleteButton(&row)->isVisibleTo(&row));
+        // Icon, path, space and button, without a gap where there is none; the button's place is its own.
+        CBPImageButton *button = deleteButton(&row);
+        QCOMPARE(labelOf(&row, 0)->x(), 2);
+        QCOMPARE(pathLabel(&row)->x(), labelOf(&row, 0)->geometry().right() + 1);
+        QCOMPARE(labelOf(&row, 2)->x(), pathLabel(&row)->geometry().right() + 1 + 6);
+        for (const bool hovered : {false, true, false}) {
+            sendEvent(row, hovered ? QEvent::Enter : QEvent::Leave);
+            QCOMPARE(grabbedAt(row, 1, 1), hovered ? kHover : QColor(Qt::white));
+            QCOMPARE(button->isVisibleTo(&row), hovered);
+            const QRect place(button->mapTo(&row, QPoint()), button->size());
+            QCOMPARE(place.left(), labelOf(&row, 2)->geometry().right() + 1 + 6);
+            QCOMPARE(place.right(), row.width() - 6 - 1);
+        }
         clickDelete(&row); // nobody is called
         row.SetDeleteBtnCB(nullptr, &row);
-        QSignalSpy deletes(deleteButton(&row), &CBPImageButton::btn_released);
+        QSignalSpy deletes(button, &CBPImageButton::btn_released);
         clickDelete(&row);
         QCOMPARE(deletes, QList<QVariantList>{{255}});
+        for (const auto &[deeds, file] : {std::pair{"leave", "delete"},
+                                          {"enter", "delete_hover"},
+                                          {"press", "delete_press"},
+                                          {"release disable", "delete"}}) {
+            perform(button, deeds);
+            CBPImageButton expected({4, Util::getResFullPath(QStringLiteral("../res/%1.png").arg(file))},
+                                    false, 255);
+            QCOMPARE(pictureOf(*button), pictureOf(expected));
+        }
         ComboxItem unknown = location("/unknown");
         unknown.freeBytes = 5;
         CBPComboxItem bare(unknown, nullptr);
-        for (const auto *label : bare.findChildren<QLabel *>())
-            QVERIFY(label->text().isEmpty() || label == pathLabel(&bare));
-    }
-
-    void deletePictures()
-    {
-        ComboxItem item = location("/a");
-        CBPComboxItem row(item, nullptr);
-        QVector<QString> files;
-        for (const char *file : {"delete", "delete_hover", "delete_press", "delete"})
-            files << Util::getResFullPath(QStringLiteral("../res/%1.png").arg(file));
-        CBPImageButton expected(files, false, 255);
-        sendEvent(row, QEvent::Enter);
-        const std::function<void(QWidget *)> states[] = {
-            [](QWidget *) {}, [](QWidget *button) { sendEvent(*button, QEvent::Enter); },
-            [](QWidget *button) { QTest::mousePress(button, Qt::LeftButton); },
-            [](QWidget *button) { button->setEnabled(false); }};
-        for (const auto &enter : states) {
-            enter(deleteButton(&row));
-            enter(&expected);
-            QCOMPARE(pictureOf(*deleteButton(&row)), pictureOf(expected));
-        }
-        QVERIFY(!inkOf(pictureOf(expected), 220).isEmpty());
+        QCOMPARE(labelOf(&bare, 2)->text(), QString());
     }
 
     // The space is shown whole, and the path ends in an ellipsis where it does not go in beside it.
@@ -178,31 +161,33 @@ private slots:
         layOut(416);
         QCOMPARE(row.minimumSizeHint().width(), least); // as little as before
         row.setMinimumWidth(1);
-        QLabel *path = pathLabel(&row);
-        QCOMPARE(path->toolTip(), QString());
+        QLabel *path = labelOf(&row, 1);
+        QLabel *space = labelOf(&row, 2);
+        const auto showsElided = [](QLabel *label) {
+            const QString whole = label->text();
+            QLabel expected(label->fontMetrics().elidedText(whole, Qt::ElideRight, label->width()));
+            expected.setFont(label->font());
+            expected.setPalette(label->palette());
+            expected.resize(label->size());
+            QCOMPARE(pictureOf(*label), pictureOf(expected));
+            QCOMPARE(label->toolTip(), expected.text() == whole ? QString() : whole);
+        };
+        showsElided(path);
         const int room = path->width() - 15;
         layOut(row.sizeHint().width() - 15);
         QCOMPARE(path->width(), room);
-        QCOMPARE(path->toolTip(), kLong);
         QCOMPARE(path->text(), kLong); // shortened by SetPathMaxWidth() alone
-        const auto elided = [](const QLabel &label, const QString &whole) {
-            QLabel expected(label.fontMetrics().elidedText(whole, Qt::ElideRight, label.width()));
-            expected.setFont(label.font());
-            expected.setPalette(label.palette());
-            expected.resize(label.size());
-            return pictureOf(expected);
-        };
-        QCOMPARE(pictureOf(*path), elided(*path, kLong));
+        QCOMPARE(path->toolTip(), kLong);
+        showsElided(path);
         for (const int width : {row.minimumSizeHint().width(), 200}) {
             row.SetPathMaxWidth(width);
             layOut(width);
             QVERIFY(!inkOf(pictureOf(*path), 128).isEmpty());
         }
         // The path keeps some room, and the space ends in an ellipsis. Both stand on one line.
-        QLabel *space = row.findChildren<QLabel *>().last();
-        QVERIFY(path->width() >= 60 && space->geometry().right() < 200);
-        QCOMPARE(space->toolTip(), space->text());
-        QCOMPARE(pictureOf(*space), elided(*space, space->text()));
+        QCOMPARE(path->width(), 60);
+        QVERIFY(space->geometry().right() < 200 && !space->toolTip().isEmpty());
+        showsElided(space);
         QVERIFY(path->y() == space->y() && path->font() == space->font());
         // A path keeps its own direction: the slash stays before the letter.
         for (const Qt::LayoutDirection direction : {Qt::RightToLeft, Qt::LeftToRight}) {
@@ -218,27 +203,21 @@ private slots:
 
     void rowIsClickedInside()
     {
-        const struct
-        {
-            QPoint at;
-            Qt::MouseButton button;
-            int count;
-        } rows[] = {{{150, 15}, Qt::LeftButton, 1},
-                    {{299, 29}, Qt::LeftButton, 1}, // the last pixel
-                    {{300, 15}, Qt::LeftButton, 0},
-                    {{150, -1}, Qt::LeftButton, 0},
-                    {{150, 15}, Qt::RightButton, 0}};
+        const std::tuple<QPoint, Qt::MouseButton, int> rows[] = {
+            {{150, 15}, Qt::LeftButton, 1},
+            {{299, 29}, Qt::LeftButton, 1}, // the last pixel
+            {{300, 15}, Qt::LeftButton, 0},
+            {{150, -1}, Qt::LeftButton, 0},
+            {{150, 15}, Qt::RightButton, 0}};
         ComboxItem item = location("/a");
         CBPComboxItem row(item, nullptr);
         row.resize(300, 30);
-        int count = 0;
-        connect(&row, &CBPComboxItem::itemClicked, &row, [&](ComboxItem &) { ++count; });
-        for (const auto &release : rows) {
-            count = 0;
-            QMouseEvent event(QEvent::MouseButtonRelease, release.at, row.mapToGlobal(release.at),
-                              release.button, Qt::NoButton, Qt::NoModifier);
+        int clicks = 0;
+        connect(&row, &CBPComboxItem::itemClicked, &row, [&] { ++clicks; });
+        for (const auto &[at, button, count] : rows) {
+            QMouseEvent event(QEvent::MouseButtonRelease, at, row.mapToGlobal(at), button, Qt::NoButton, {});
             QCoreApplication::sendEvent(&row, &event);
-            QCOMPARE(count, release.count);
+            QCOMPARE(std::exchange(clicks, 0), count);
         }
     }
 
@@ -252,15 +231,14 @@ private slots:
         QCOMPARE(list.width(), 330);
         for (CBPComboxItem *row : list.pathItems()) {
             QLabel *label = pathLabel(row);
-            const int width = QFontMetrics(label->font()).horizontalAdvance(label->text());
-            QVERIFY2(width > 70 && width <= 100, qPrintable(QString::number(width)));
-            QCOMPARE(label->text().right(1), QString(QChar(0x2026)));
+            const QFontMetrics metrics(QFont(label->font().family()));
+            QCOMPARE(label->text(), metrics.elidedText(row->GetItem().path, Qt::ElideRight, 100));
             QVERIFY(label->toolTip().contains("&lt;b&gt;path"));
         }
         for (const int width : {0, -1, INT_MIN, INT_MAX})
             list.SetFixedWidth(width);
-        QCOMPARE(pathLabel(list.pathItems().first())->text(), path);
-        QCOMPARE(pathLabel(list.pathItems().first())->toolTip(), QString());
+        QCOMPARE(pathLabel(list.at(0))->text(), path);
+        QCOMPARE(pathLabel(list.at(0))->toolTip(), QString());
     }
 
     void onePathOneRow()
@@ -271,16 +249,18 @@ private slots:
         list.AppendItem(again);
         list.add("/FOLDER 1");
         QCOMPARE(list.paths(), QStringList({"/folder 0", "/folder 1", "/folder 2", "/FOLDER 1"}));
-        QVERIFY(list.pathItems().at(1)->GetItem().icon != "other.png");
+        QVERIFY(list.at(1)->GetItem().icon != "other.png");
         QCOMPARE(list.selected(), QStringList("/FOLDER 1"));
-        // The newest row is on top.
-        list.ensurePolished();
+        // The newest row is on top of the frame of a hundred pixels.
         QVERIFY(list.open());
-        QCOMPARE(list.pathItems().last()->mapTo(&list, QPoint()), QPoint(10, 10));
-        QCOMPARE(list.pathItems().at(2)->y() - list.pathItems().last()->y(), 33);
+        QCOMPARE(list.height(), 100);
+        const QImage picture = list.grab().toImage();
+        QCOMPARE(boxOf(picture, kFrame), picture.rect());
+        QCOMPARE(list.at(3)->mapTo(&list, QPoint()), QPoint(10, 10));
+        QCOMPARE(list.at(2)->y() - list.at(3)->y(), 33);
         // What was changed through the record counts.
-        list.pathItems().first()->GetItem().path = "/moved";
-        list.pathItems().at(1)->SetSelected(true);
+        list.at(0)->GetItem().path = "/moved";
+        list.at(1)->SetSelected(true);
         list.add("/moved");
         QCOMPARE(list.pathItems().size(), 4);
         list.add("/folder 0");
@@ -291,14 +271,13 @@ private slots:
     {
         List list(3);
         QVERIFY(list.open());
-        CBPComboxItem *row = list.pathItems().at(1);
-        QVector<ComboxItem *> picked;
+        ComboxItem *picked = nullptr;
         connect(&list, &CBPPathDropdWnd::itemClicked, &list, [&](ComboxItem &item) {
-            QVERIFY(!list.isVisible());
-            picked << &item;
+            QVERIFY(!list.isVisible() && !picked);
+            picked = &item;
         });
-        QTest::mouseClick(row, Qt::LeftButton);
-        QCOMPARE(picked, QVector<ComboxItem *>{&row->GetItem()});
+        QTest::mouseClick(list.at(1), Qt::LeftButton);
+        QCOMPARE(picked, &list.at(1)->GetItem());
         QCOMPARE(list.selected(), QStringList("/folder 1"));
         list.add("/newest");
         QCOMPARE(list.selected(), QStringList("/newest"));
@@ -309,13 +288,13 @@ private slots:
         List list(4);
         QVERIFY(list.open());
         QSignalSpy gone(&list, &CBPPathDropdWnd::sigItemDelete);
-        QPointer<CBPComboxItem> row = list.pathItems().at(2);
+        QPointer<CBPComboxItem> row = list.at(2);
         list.DeleteItem(row->GetItem());
         QVERIFY(list.isVisible() && row && !row->isVisible() && gone.size() == 1);
         QCOMPARE(gone.at(0).at(0).value<CBPComboxItem *>(), row.data());
-        QTRY_VERIFY(!row);
+        AWAIT(!row);
         list.DeleteItem(location("/nowhere"));
-        row = list.pathItems().at(1);
+        row = list.at(1);
         clickDelete(row);
         QVERIFY(!list.isVisible());
         QCOMPARE(gone.size(), 2);
@@ -332,7 +311,7 @@ private slots:
             for (const bool window : {false, true}) {
                 QPointer<List> list = new List(3);
                 QVERIFY(list->open());
-                const QPointer<CBPComboxItem> row = list->pathItems().at(1);
+                const QPointer<CBPComboxItem> row = list->at(1);
                 const auto kill = [&] { delete (window ? static_cast<QWidget *>(list) : row); };
                 if (window)
                     connect(list, &CBPPathDropdWnd::itemClicked, qApp, kill);
@@ -340,18 +319,16 @@ private slots:
                     connect(row, &CBPComboxItem::itemClicked, qApp, kill);
                 connect(list, &CBPPathDropdWnd::sigItemDelete, qApp, kill);
                 row->setFocus();
+                auto *actions = QAccessible::queryAccessibleInterface(row)->actionInterface();
                 if (by == "click")
                     QTest::mouseClick(list->windowHandle(), Qt::LeftButton, {},
                                       row->mapTo(list, row->rect().center()));
                 else if (by == "delete button")
                     clickDelete(row);
-                else if (by.startsWith("screen reader"))
-                    QAccessible::queryAccessibleInterface(row)->actionInterface()->doAction(
-                        by.endsWith("deletes") ? QAccessible::queryAccessibleInterface(row)
-                                                     ->actionInterface()
-                                                     ->actionNames()
-                                                     .last()
-                                               : QAccessibleActionInterface::pressAction());
+                else if (by == "screen reader")
+                    actions->doAction(QAccessibleActionInterface::pressAction());
+                else if (by == "screen reader deletes")
+                    actions->doAction(actions->actionNames().last());
                 else
                     QTest::keyPress(row, by == "Return" ? Qt::Key_Return : Qt::Key_Delete);
                 QVERIFY2(!row && list.isNull() == window, qPrintable(by));
@@ -371,23 +348,19 @@ private slots:
         ComboxItem picked;
         connect(&list, &CBPPathDropdWnd::itemClicked, &list, [&](ComboxItem &item) { picked = item; });
         QVERIFY(list.open());
-        const struct
-        {
-            Qt::Key key;
-            int row;
-        } steps[] = {{Qt::Key_Up, 19},    {Qt::Key_Down, 18}, {Qt::Key_Down, 17},
-                     {Qt::Key_Up, 18},    {Qt::Key_End, 0},   {Qt::Key_Down, 0},
-                     {Qt::Key_PageUp, 2}, {Qt::Key_Home, 19}, {Qt::Key_PageDown, 17}};
+        const std::pair<Qt::Key, int> steps[] = {
+            {Qt::Key_Up, 19},    {Qt::Key_Down, 18}, {Qt::Key_Down, 17},
+            {Qt::Key_Up, 18},    {Qt::Key_End, 0},   {Qt::Key_Down, 0},
+            {Qt::Key_PageUp, 2}, {Qt::Key_Home, 19}, {Qt::Key_PageDown, 17}};
         QCOMPARE(list.focusWidget(), list.at(19));
-        for (const auto &step : steps) {
-            QTest::keyClick(list.focusWidget(), step.key);
-            CBPComboxItem *row = list.pathItems().at(step.row);
+        for (const auto &[key, index] : steps) {
+            QTest::keyClick(list.focusWidget(), key);
+            CBPComboxItem *row = list.at(index);
             QCOMPARE(list.focusWidget(), row);
             QCOMPARE(row->visibleRegion().boundingRect(), row->rect());
         }
-        CBPComboxItem *row = list.pathItems().at(17);
-        QFocusEvent focused(QEvent::FocusIn, Qt::TabFocusReason);
-        QCoreApplication::sendEvent(row, &focused);
+        CBPComboxItem *row = list.at(17);
+        sendFocus(*row, QEvent::FocusIn);
         QVERIFY(!boxOf(row->grab().toImage(), QColor(0x2f, 0x86, 0xd8)).isEmpty()); // the ring
         QTest::keyClick(row, Qt::Key_Space);
         QCOMPARE(picked.path, QString("/folder 17"));
@@ -418,14 +391,10 @@ private slots:
         List list(2);
         QSignalSpy gone(&list, &CBPPathDropdWnd::sigItemDelete);
         QVERIFY(list.open());
-        QCOMPARE(list.height(), 100);
         QVERIFY(list.windowState() & Qt::WindowActive);
         QCOMPARE(list.windowFlags() & (Qt::FramelessWindowHint | Qt::WindowType_Mask),
                  Qt::FramelessWindowHint | Qt::Tool);
-        const QImage image = list.grab().toImage();
-        QCOMPARE(boxOf(image, kFrame), image.rect());
-        QEvent left(QEvent::WindowDeactivate);
-        QCoreApplication::sendEvent(&list, &left);
+        sendEvent(list, QEvent::WindowDeactivate);
         QVERIFY(!list.isVisible() && gone.isEmpty());
     }
 
@@ -454,30 +423,26 @@ private slots:
 
     void byteSizes()
     {
-        const struct
-        {
-            qint64 bytes;
-            bool zeroAsKilobytes;
-            int decimals;
-            const char *text;
-        } rows[] = {{0, false, 2, "0 Bytes"},
-                    {0, true, 2, "0 KB"},
-                    {1, true, 2, "1 Bytes"},
-                    {-5, true, 2, "-5 Bytes"},
-                    {1023, false, 2, "1023 Bytes"},
-                    {1024, false, 2, "1.00 KB"},
-                    {1536, false, 2, "1.50 KB"},
-                    {1024 * 1024 - 1, false, 2, "1024.00 KB"},
-                    {1024 * 1024, false, 0, "1 MB"},
-                    {kGiga, false, 2, "1.00 GB"},
-                    {1024 * kGiga - 1, false, 1, "1024.0 GB"},
-                    {1024 * kGiga, false, 2, "1.00 TB"},
-                    {1536, false, -1, "2 KB"},
-                    {1536, false, INT_MAX, "1.50000000000000000 KB"},
-                    {std::numeric_limits<qint64>::max(), false, 2, "8388608.00 TB"},
-                    {std::numeric_limits<qint64>::min(), false, 2, "-9223372036854775808 Bytes"}};
-        for (const auto &row : rows)
-            QCOMPARE(FormatByteSize(row.bytes, row.zeroAsKilobytes, row.decimals), QString(row.text));
+        // Number, whether none is told in kilobytes, decimals.
+        const std::tuple<qint64, bool, int, QString> rows[] = {
+            {0, false, 2, "0 Bytes"},
+            {0, true, 2, "0 KB"},
+            {1, true, 2, "1 Bytes"},
+            {-1024, true, 2, "-1024 Bytes"},
+            {1023, false, 2, "1023 Bytes"},
+            {1024, false, 2, "1.00 KB"},
+            {1536, false, 2, "1.50 KB"},
+            {1024 * 1024 - 1, false, 2, "1024.00 KB"},
+            {1024 * 1024, false, 0, "1 MB"},
+            {kGiga, false, 2, "1.00 GB"},
+            {1024 * kGiga - 1, false, 1, "1024.0 GB"},
+            {1024 * kGiga, false, 2, "1.00 TB"},
+            {1536, false, -1, "2 KB"},
+            {1536, false, INT_MAX, "1.50000000000000000 KB"},
+            {LLONG_MAX, false, 2, "8388608.00 TB"},
+            {LLONG_MIN, false, 2, "-9223372036854775808 Bytes"}};
+        for (const auto &[bytes, zeroAsKilobytes, decimals, text] : rows)
+            QCOMPARE(FormatByteSize(bytes, zeroAsKilobytes, decimals), text);
     }
 
     void wheelChangesNoChoice()
