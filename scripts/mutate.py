@@ -150,7 +150,8 @@ class Workshop:
         # Programs are not linked anew when only the library changed.
         return self.run("cmake", "-S", self.source, "-B", self.build, "-G", "Ninja", "-Wno-dev", "-DCMAKE_BUILD_TYPE=None",
                         "-DCMAKE_CXX_FLAGS=-O0", "-DCMAKE_LINK_DEPENDS_NO_SHARED=ON", "-DLUMQT_BUILD_EXAMPLES=OFF",
-                        "-DLUMQT_BUILD_BENCHMARKS=OFF", "-DLUMQT_WARNINGS_AS_ERRORS=OFF") and self.compile("all", os.cpu_count() or 1)
+                        "-DLUMQT_BUILD_BENCHMARKS=OFF", "-DLUMQT_WARNINGS_AS_ERRORS=OFF",
+                        "-DCMAKE_CXX_COMPILER_LAUNCHER=ccache") and self.compile("all", os.cpu_count() or 1)
 
     def compile(self, target, jobs=1):
         return self.run("cmake", "--build", self.build, "--target", target, "-j", jobs)
