@@ -215,10 +215,11 @@ private slots:
             return indexOf(grabbedAt(button, 1, 14), colors) + indexOf(grabbedAt(button, 0, 14), colors) +
                    indexOf(fillOf(button), colors) + QString::number(button.state());
         };
-        const QString life = "ring=0010 select=3630 Disable=1713 Enable=3630 press=3632 focusout=3630 "
-                             "deselect=1?10 frameless=1110 "       // edge to edge
-                             "checkable=1110 check=1110 own=4540 " // no checked colours at first
-                             "Disable=8?83 uncheck=1113";
+        const QString life =
+            "ring=0010 select=3630 Disable=1713 Enable=3630 press=3632 focusout=3630 "
+            "deselect=1?10 frameless=1110 "                               // edge to edge
+            "checkable:1=1110 checked:1=1110 ownfill=4440 ownframe=4540 " // no checked colours at first
+            "Disable=8?83 checked:0=1113";
         QCOMPARE(traced(&button, life, look,
                         {{"ring", [] {}},
                          {"select", [&] { button.setSelected(true); }},
@@ -226,14 +227,8 @@ private slots:
                          {"Disable", [&] { button.setDisabled(true); }},
                          {"Enable", [&] { button.setEnabled(true); }},
                          {"frameless", [&] { button.setFrmTrancent(true); }},
-                         {"checkable", [&] { button.setCheckable(true); }},
-                         {"check", [&] { button.setChecked(true); }},
-                         {"uncheck", [&] { button.setChecked(false); }},
-                         {"own",
-                          [&] {
-                              button.setCheckedBgColor(colors[4]);
-                              button.setCheckedFrmColor(colors[5]);
-                          }}}),
+                         {"ownfill", [&] { button.setCheckedBgColor(colors[4]); }},
+                         {"ownframe", [&] { button.setCheckedFrmColor(colors[5]); }}}),
                  life);
         for (const bool transparent : {true, false}) {
             button.setBgTrancent(transparent);
