@@ -238,35 +238,38 @@ private slots:
         }
     }
 
+    // What lies at some points of a button on a ground: 0 the ground, 1 the frame, 2 what fills it, 3 the
+    // checked look.
     void removedMarginsAndCorners()
     {
-        const QColor outside(255, 0, 255);
+        const QVector<QColor> colors{QColor(255, 0, 255), kFrame, kNormal, QColor(200, 0, 0)};
         QWidget ground;
         ground.setStyleSheet("background: #ff00ff");
         ground.resize(120, 28);
         auto *button = new CBPPushBtn(&ground);
         button->setStyleSheet(QString());
         button->resize(120, 28);
-        button->setRemoveMargin(QMargins(10, 4, 20, 6));
-        QCOMPARE(grabbedAt(ground, 9, 14), outside);
-        QCOMPARE(grabbedAt(ground, 10, 14), kFrame);
-        QCOMPARE(grabbedAt(ground, 99, 14), kFrame);
-        QCOMPARE(grabbedAt(ground, 60, 22), outside);
-        button->setRemoveMargin(QMargins());
-        button->setRoundRadius({8, 8});
-        QCOMPARE(grabbedAt(ground, 0, 0), outside);
-        button->setFrmTrancent(true); // a round body keeps its frame
-        QCOMPARE(grabbedAt(ground, 60, 0), kFrame);
         button->setCheckable(true);
-        button->setChecked(true);
-        button->setCheckedBgColor(QColor(200, 0, 0));
-        QCOMPARE(grabbedAt(ground, 0, 0), QColor(200, 0, 0)); // and the checked look has square corners
-        button->setChecked(false);
-        button->setFrmTrancent(false);
-        button->setRoundRadius({20, 2});
-        QCOMPARE(grabbedAt(ground, 0, 5), kFrame); // flat corners: straight from the second pixel on
-        button->setRoundRadius({});
-        QCOMPARE(grabbedAt(ground, 0, 0), kFrame);
+        button->setCheckedBgColor(colors[3]);
+        const auto look = [&] {
+            QString all;
+            for (const QPoint &at : {QPoint(0, 0), {0, 5}, {60, 0}, {9, 14}, {10, 14}, {99, 14}, {60, 22}})
+                all += indexOf(grabbedAt(ground, at.x(), at.y()), colors);
+            return all;
+        };
+        const auto corners = [=](int x, int y) { return [=] { button->setRoundRadius({x, y}); }; };
+        const QString life = "removed=0000110 whole=1112222 round=0?12222 " // a round body keeps its frame
+                             "frameless=0?12222 checked:1=3333333 checked:0=0?12222 framed=0?12222 "
+                             "flat=0112222 square=1112222"; // flat: straight from the second pixel on
+        QCOMPARE(traced(button, life, look,
+                        {{"removed", [=] { button->setRemoveMargin(QMargins(10, 4, 20, 6)); }},
+                         {"whole", [=] { button->setRemoveMargin(QMargins()); }},
+                         {"round", corners(8, 8)},
+                         {"flat", corners(20, 2)},
+                         {"square", [=] { button->setRoundRadius({}); }},
+                         {"frameless", [=] { button->setFrmTrancent(true); }},
+                         {"framed", [=] { button->setFrmTrancent(false); }}}),
+                 life);
     }
 
     void colorListsOfAnyLength()
