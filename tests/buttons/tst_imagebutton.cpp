@@ -244,7 +244,6 @@ private slots:
                 }
                 button.SetSpecialIcon(true, Qt::blue);
                 button.show();
-                QTRY_VERIFY(button.isVisible());
                 QCoreApplication::processEvents();
                 EventCounter asked(&button, {QEvent::UpdateRequest, QEvent::UpdateLater, QEvent::Paint});
                 button.SetBtnShow(false);
