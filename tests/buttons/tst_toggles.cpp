@@ -250,6 +250,7 @@ private slots:
 
     void groupLines()
     {
+        const QColor line(223, 227, 235);
         for (const int count : {0, 1, 3}) {
             CButtonGroupBox group(true, nullptr);
             delete group.AddButton(9, QString(), QString()); // it gets along without its first button
@@ -262,10 +263,12 @@ private slots:
                 group.setLayoutDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
                 group.resize(700, 30); // room to spare is behind the buttons
                 const QImage image = group.grab().toImage();
+                for (const int y : {0, 29})
+                    QCOMPARE(image.pixelColor(350, y), line);
                 for (int x = 0; x < 700; ++x) {
                     const int at = mirrored ? 699 - x : x;
-                    const bool line = at == 0 || at == 699 || (at % 86 == 0 && at / 86 < count);
-                    QCOMPARE(image.pixelColor(x, 3) == QColor(223, 227, 235), line);
+                    const bool drawn = at == 0 || at == 699 || (at % 86 == 0 && at / 86 < count);
+                    QCOMPARE(image.pixelColor(x, 3) == line, drawn);
                 }
                 for (int i = 0; i < count; ++i) {
                     const QRect place(mirrored ? 614 - i * 86 : 1 + i * 86, 1, 85, 28);
