@@ -244,6 +244,7 @@ private slots:
                 }
                 button.SetSpecialIcon(true, Qt::blue);
                 button.show();
+                QVERIFY(QTest::qWaitForWindowExposed(&button));
                 QCoreApplication::processEvents();
                 EventCounter asked(&button, {QEvent::UpdateRequest, QEvent::UpdateLater, QEvent::Paint});
                 button.SetBtnShow(false);
