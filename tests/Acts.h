@@ -110,7 +110,7 @@ template <class Act> bool repaints(QWidget &widget, Act act)
 }
 
 // What befalls a button or a link, by its names in a list of words; those of `own` beside the common ones.
-// Stops when it is gone.
+// "checked:1" sets a property. Stops when it is gone.
 using Deeds = QMap<QString, std::function<void()>>;
 
 inline void perform(QWidget *button, const char *words, const Deeds &own = {})
@@ -140,6 +140,12 @@ inline void perform(QWidget *button, const char *words, const Deeds &own = {})
     const QPointer<QWidget> alive(button);
     const QStringList all = QString::fromLatin1(words).split(QLatin1Char(' '), Qt::SkipEmptyParts);
     for (const QString &word : all) {
+        const QStringList property = word.split(QLatin1Char(':'));
+        if (property.size() == 2) {
+            QVERIFY2(!alive || alive->setProperty(property[0].toLatin1(), property[1].toInt()),
+                     qPrintable(word));
+            continue;
+        }
         QVERIFY2(own.contains(word) || common.contains(word), qPrintable(word));
         if (alive)
             own.value(word, common.value(word))();

@@ -383,6 +383,8 @@ bool CBPImageButton::event(QEvent *event)
         focusLost(static_cast<QFocusEvent *>(event)->reason());
     } else if (event->type() == QEvent::Resize) {
         updateRing();
+    } else if (event->type() == QEvent::WindowDeactivate) {
+        hideTips();
     }
     return QPushButton::event(event);
 }
@@ -439,7 +441,7 @@ void CBPImageButton::hideTips()
 // The tip is a window of its own: nobody else hides it when the mouse cannot leave the button any more.
 void CBPImageButton::changeEvent(QEvent *event)
 {
-    if (!isEnabled() || (event->type() == QEvent::ActivationChange && !isActiveWindow()))
+    if (!isEnabled())
         hideTips();
     if (event->type() == QEvent::FontChange) {
         if (hasOwnSize() && paintedFont() != m_measured)

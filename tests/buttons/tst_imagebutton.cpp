@@ -37,15 +37,10 @@ Deeds ownDeeds(CBPImageButton *button)
     return {
         {"select", [=] { button->SetSelect(true); }},
         {"deselect", [=] { button->SetSelect(false); }},
-        {"default", [=] { button->setDefault(true); }},
         {"untold", [] { QVERIFY(!tips()); }},
-        {"checkable", [=] { button->setCheckable(true); }},
         {"notip", [=] { button->SetTipsTxt(QString()); }},
-        {"unseen",
-         [=] {
-             button->setEnabled(false);
-             button->setEnabled(true);
-         }}, // disabled meanwhile
+        {"unseen", // disabled meanwhile
+         [=] { perform(button, "disable enable"); }},
     };
 }
 
@@ -115,11 +110,11 @@ private slots:
               "call=2pressed,released,clicked0 disable=3 enable=0 press=2pressed",     // and not any more
               "press=2pressed select=2 release=2 disable=3 enable=0 enter=1 select=2 deselect=0",
               "select=2 unseen=2 press=2",
-              "checkable=0 press=2pressed release=2toggled1,btn_released31 space=2pressed "
+              "checkable:1=0 press=2pressed release=2toggled1,btn_released31 space=2pressed "
               "spaceup=0toggled0,released,btn_released31,clicked0 disable=3",
               // What reports the click comes before other slots of clicked().
               "space=2pressed spaceup=0released,btn_released31,clicked0 space=2pressed focusout=0 spaceup=0 "
-              "default=0 return=0pressed,released,btn_released31,clicked0 "
+              "default:1=0 return=0pressed,released,btn_released31,clicked0 "
               "call=0pressed,released,btn_released31,clicked0"}) {
             for (const bool deadly : {false, true}) {
                 QPointer<CBPImageButton> button = new CBPImageButton(m_png, false, kId);
@@ -249,7 +244,7 @@ private slots:
                 }
                 button.SetSpecialIcon(true, Qt::blue);
                 button.show();
-                QTRY_VERIFY(button.isVisible());
+                QVERIFY(QTest::qWaitForWindowExposed(&button));
                 QCoreApplication::processEvents();
                 EventCounter asked(&button, {QEvent::UpdateRequest, QEvent::UpdateLater, QEvent::Paint});
                 button.SetBtnShow(false);
@@ -307,7 +302,7 @@ private slots:
     void tipShowsAndGoes()
     {
         for (const char *events :
-             {"leave", "press", "space", "disable", "hide", "parenthide", "notip", "select leave"}) {
+             {"leave", "press", "space", "disable", "hide", "parenthide", "notip", "select leave", "away"}) {
             QWidget window;
             CBPImageButton button(m_png, false, kId, &window);
             showActive(window);
@@ -326,7 +321,10 @@ private slots:
                                         .arg(GetFontFamily(1), "%1"));
             button.SetTipsTxt("new");
             QVERIFY(label->text().contains(QLatin1String(">new<")));
-            perform(&button, events, ownDeeds(&button));
+            QWidget elsewhere;
+            Deeds deeds = ownDeeds(&button);
+            deeds.insert("away", [&] { showActive(elsewhere); });
+            perform(&button, events, deeds);
             QVERIFY2(!tips()->isVisible(), events);
         }
     }

@@ -122,21 +122,17 @@ private slots:
         }
     }
 
+    // Marked as with the focus, and pressed by the dialog.
     void defaultButton()
     {
         QDialog dialog;
-        CBPPushBtn first("First", &dialog);
-        CBPPushBtn second("Second", &dialog);
-        second.move(0, 50);
-        second.setAutoDefault(false);
+        CBPPushBtn button("First", &dialog);
+        button.setAsDefaultBtn();
+        QVERIFY(button.IsFocus() && button.isDefault() && grabbedAt(button, 0, 14) == kRing);
         showActive(dialog);
-        second.setFocus();
-        QVERIFY(!first.IsFocus() && grabbedAt(first, 0, 14) != kRing);
-        first.setAsDefaultBtn(); // marked as with the focus
-        QVERIFY(first.IsFocus() && first.isDefault() && grabbedAt(first, 0, 14) == kRing);
-        QSignalSpy clicked(&first, &CBPPushBtn::sigBtnClicked);
-        QTest::keyClick(&dialog, Qt::Key_Enter); // the dialog presses its default button
-        QCOMPARE(clicked.count(), 1);
+        SignalLog log(&button);
+        QTest::keyClick(&dialog, Qt::Key_Enter);
+        QCOMPARE(log.taken(), QString("pressed,released,sigBtnClicked0,clicked0"));
     }
 
     // Waits and dialogs that run inside clicked() are the rule in an application.
@@ -215,10 +211,11 @@ private slots:
             return indexOf(grabbedAt(button, 1, 14), colors) + indexOf(grabbedAt(button, 0, 14), colors) +
                    indexOf(fillOf(button), colors) + QString::number(button.state());
         };
-        const QString life = "ring=0010 select=3630 Disable=1713 Enable=3630 press=3632 focusout=3630 "
-                             "deselect=1?10 frameless=1110 "       // edge to edge
-                             "checkable=1110 check=1110 own=4540 " // no checked colours at first
-                             "Disable=8?83 uncheck=1113";
+        const QString life =
+            "ring=0010 select=3630 Disable=1713 Enable=3630 press=3632 focusout=3630 "
+            "deselect=1?10 frameless=1110 "                               // edge to edge
+            "checkable:1=1110 checked:1=1110 ownfill=4440 ownframe=4540 " // no checked colours at first
+            "Disable=8?83 checked:0=1113";
         QCOMPARE(traced(&button, life, look,
                         {{"ring", [] {}},
                          {"select", [&] { button.setSelected(true); }},
@@ -226,14 +223,8 @@ private slots:
                          {"Disable", [&] { button.setDisabled(true); }},
                          {"Enable", [&] { button.setEnabled(true); }},
                          {"frameless", [&] { button.setFrmTrancent(true); }},
-                         {"checkable", [&] { button.setCheckable(true); }},
-                         {"check", [&] { button.setChecked(true); }},
-                         {"uncheck", [&] { button.setChecked(false); }},
-                         {"own",
-                          [&] {
-                              button.setCheckedBgColor(colors[4]);
-                              button.setCheckedFrmColor(colors[5]);
-                          }}}),
+                         {"ownfill", [&] { button.setCheckedBgColor(colors[4]); }},
+                         {"ownframe", [&] { button.setCheckedFrmColor(colors[5]); }}}),
                  life);
         for (const bool transparent : {true, false}) {
             button.setBgTrancent(transparent);
@@ -243,35 +234,38 @@ private slots:
         }
     }
 
+    // What lies at some points of a button on a ground: 0 the ground, 1 the frame, 2 what fills it, 3 the
+    // checked look.
     void removedMarginsAndCorners()
     {
-        const QColor outside(255, 0, 255);
+        const QVector<QColor> colors{QColor(255, 0, 255), kFrame, kNormal, QColor(200, 0, 0)};
         QWidget ground;
         ground.setStyleSheet("background: #ff00ff");
         ground.resize(120, 28);
         auto *button = new CBPPushBtn(&ground);
         button->setStyleSheet(QString());
         button->resize(120, 28);
-        button->setRemoveMargin(QMargins(10, 4, 20, 6));
-        QCOMPARE(grabbedAt(ground, 9, 14), outside);
-        QCOMPARE(grabbedAt(ground, 10, 14), kFrame);
-        QCOMPARE(grabbedAt(ground, 99, 14), kFrame);
-        QCOMPARE(grabbedAt(ground, 60, 22), outside);
-        button->setRemoveMargin(QMargins());
-        button->setRoundRadius({8, 8});
-        QCOMPARE(grabbedAt(ground, 0, 0), outside);
-        button->setFrmTrancent(true); // a round body keeps its frame
-        QCOMPARE(grabbedAt(ground, 60, 0), kFrame);
         button->setCheckable(true);
-        button->setChecked(true);
-        button->setCheckedBgColor(QColor(200, 0, 0));
-        QCOMPARE(grabbedAt(ground, 0, 0), QColor(200, 0, 0)); // and the checked look has square corners
-        button->setChecked(false);
-        button->setFrmTrancent(false);
-        button->setRoundRadius({20, 2});
-        QCOMPARE(grabbedAt(ground, 0, 5), kFrame); // flat corners: straight from the second pixel on
-        button->setRoundRadius({});
-        QCOMPARE(grabbedAt(ground, 0, 0), kFrame);
+        button->setCheckedBgColor(colors[3]);
+        const auto look = [&] {
+            QString all;
+            for (const QPoint &at : {QPoint(0, 0), {0, 5}, {60, 0}, {9, 14}, {10, 14}, {99, 14}, {60, 22}})
+                all += indexOf(grabbedAt(ground, at.x(), at.y()), colors);
+            return all;
+        };
+        const auto corners = [=](int x, int y) { return [=] { button->setRoundRadius({x, y}); }; };
+        const QString life = "removed=0000110 whole=1112222 round=0?12222 " // a round body keeps its frame
+                             "frameless=0?12222 checked:1=3333333 checked:0=0?12222 framed=0?12222 "
+                             "flat=0112222 square=1112222"; // flat: straight from the second pixel on
+        QCOMPARE(traced(button, life, look,
+                        {{"removed", [=] { button->setRemoveMargin(QMargins(10, 4, 20, 6)); }},
+                         {"whole", [=] { button->setRemoveMargin(QMargins()); }},
+                         {"round", corners(8, 8)},
+                         {"flat", corners(20, 2)},
+                         {"square", [=] { button->setRoundRadius({}); }},
+                         {"frameless", [=] { button->setFrmTrancent(true); }},
+                         {"framed", [=] { button->setFrmTrancent(false); }}}),
+                 life);
     }
 
     void colorListsOfAnyLength()

@@ -1,5 +1,7 @@
 #include "Acts.h"
 #include "Await.h"
+#include "CBPImageButton.h"
+#include "CBPToolButton.h"
 #include "CButtonGroupBox.h"
 #include "CTriStateButton.h"
 #include "Pixels.h"
@@ -192,6 +194,20 @@ private slots:
         QVERIFY(face(first)->state().checked);
         QCOMPARE(told([&] { click(group.GetButton(2), Click::Left); }), 2);
         QVERIFY(!face(first)->state().checked);
+        CBPToolButton tool("Tool", 1, ENAlignLeft, false);
+        QCOMPARE(told([&] {
+                     for (const bool selected : {true, true, false})
+                         tool.SetSelected(selected);
+                 }),
+                 2);
+        static int names = 0;
+        const auto before = QAccessible::installUpdateHandler(
+            [](QAccessibleEvent *event) { names += event->type() == QAccessible::NameChanged; });
+        CBPImageButton image({}, false, 1);
+        image.SetTipsTxt("tip");
+        image.SetText("text", true, 0);
+        QAccessible::installUpdateHandler(before);
+        QCOMPARE(names, 2);
         selections::setActive(false);
     }
 
@@ -234,6 +250,7 @@ private slots:
 
     void groupLines()
     {
+        const QColor line(223, 227, 235);
         for (const int count : {0, 1, 3}) {
             CButtonGroupBox group(true, nullptr);
             delete group.AddButton(9, QString(), QString()); // it gets along without its first button
@@ -246,10 +263,12 @@ private slots:
                 group.setLayoutDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
                 group.resize(700, 30); // room to spare is behind the buttons
                 const QImage image = group.grab().toImage();
+                for (const int y : {0, 29})
+                    QCOMPARE(image.pixelColor(350, y), line);
                 for (int x = 0; x < 700; ++x) {
                     const int at = mirrored ? 699 - x : x;
-                    const bool line = at == 0 || at == 699 || (at % 86 == 0 && at / 86 < count);
-                    QCOMPARE(image.pixelColor(x, 3) == QColor(223, 227, 235), line);
+                    const bool drawn = at == 0 || at == 699 || (at % 86 == 0 && at / 86 < count);
+                    QCOMPARE(image.pixelColor(x, 3) == line, drawn);
                 }
                 for (int i = 0; i < count; ++i) {
                     const QRect place(mirrored ? 614 - i * 86 : 1 + i * 86, 1, 85, 28);
@@ -273,38 +292,37 @@ private slots:
             buttons << group.AddButton(i, QString::number(i), QString());
         QWidget::setTabOrder(&before, buttons[0]);
         QWidget::setTabOrder(buttons[3], &after);
+        buttons[0]->setSelected(true);
         showActive(window);
-        const auto press = [&](Qt::Key key) {
-            QTest::keyClick(window.focusWidget(), key);
-            return window.focusWidget();
+        const auto key = [&](Qt::Key code) {
+            return [&window, code] { QTest::keyClick(window.focusWidget(), code); };
         };
-        const auto back = [&] { // into the group from behind
-            after.setFocus();
-            return press(Qt::Key_Backtab);
-        };
-        before.setFocus();
-        QCOMPARE(press(Qt::Key_Tab), buttons[0]);
-        QCOMPARE(press(Qt::Key_Left), buttons[0]);
-        QCOMPARE(press(Qt::Key_Right), buttons[1]);
-        buttons[2]->setEnabled(false);
-        QCOMPARE(press(Qt::Key_Right), buttons[3]);
-        QCOMPARE(press(Qt::Key_Tab), &after);
-        QCOMPARE(back(), buttons[3]); // where it was
-        after.setFocus();
-        buttons[1]->setSelected(true); // chosen by the program meanwhile
-        QCOMPARE(back(), buttons[1]);
-        QCOMPARE(press(Qt::Key_Home), buttons[0]);
-        QCOMPARE(press(Qt::Key_End), buttons[3]);
-        after.setFocus();
-        buttons[3]->hide();
-        QCOMPARE(back(), buttons[0]);
-        after.setFocus();
-        delete buttons[0];
-        QCOMPARE(back(), buttons[1]);
-        buttons[1]->setEnabled(false);
-        buttons[2]->setEnabled(true);
-        before.setFocus();
-        QCOMPARE(press(Qt::Key_Tab), buttons[2]);
+        const auto focus = [](QWidget &field) { return [&field] { field.setFocus(); }; };
+        const Deeds own{{"tab", key(Qt::Key_Tab)},
+                        {"back", key(Qt::Key_Backtab)},
+                        {"left", key(Qt::Key_Left)},
+                        {"right", key(Qt::Key_Right)},
+                        {"home", key(Qt::Key_Home)},
+                        {"end", key(Qt::Key_End)},
+                        {"first", focus(before)},
+                        {"last", focus(after)},
+                        {"chosen1", // by the program
+                         [&] {
+                             buttons[1]->setSelected(true);
+                             buttons[0]->setSelected(false);
+                         }},
+                        {"less1", [&] { buttons[1]->setEnabled(false); }},
+                        {"less2", [&] { buttons[2]->setEnabled(false); }},
+                        {"more2", [&] { buttons[2]->setEnabled(true); }},
+                        {"hide3", [&] { buttons[3]->hide(); }},
+                        {"delete0", [&] { delete buttons[0]; }}};
+        const QVector<QWidget *> all{buttons[0], buttons[1], buttons[2], buttons[3], &before, &after};
+        const auto place = [&] { return QString::number(all.indexOf(window.focusWidget())); };
+        const QString way =
+            "first=4 tab=0 left=0 right=1 less2=1 right=3 tab=5 back=3 " // where it was
+            "last=5 chosen1=5 back=1 home=0 end=3 last=5 hide3=5 back=0 last=5 delete0=5 back=1 "
+            "first=4 less1=4 more2=4 tab=2";
+        QCOMPARE(traced(&window, way, place, own), way);
     }
 };
 

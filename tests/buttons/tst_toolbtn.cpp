@@ -359,44 +359,44 @@ private slots:
         button.setSplit(true);
         button.resize(button.sizeHint());
         button.show();
-        const QPoint arrow(button.width() - 10, 10);
-        QSignalSpy clicked(&button, &CBPDropdownBtn::sigBtnClicked);
         QSignalSpy shown(button.GetMenu(), &QMenu::aboutToShow);
-        click(&button, Click::Left); // on the text
-        QCOMPARE(clicked.takeFirst().first().toInt(), 9);
-        QVERIFY(shown.isEmpty());
-        // The press on the button that closes the menu does not open it again.
+        SignalLog log(&button);
+        const auto mouse = [&](QEvent::Type type, int x) {
+            return [=, &button] { sendMouse(button, type, Qt::LeftButton, QPoint(x, 10)); };
+        };
+        const auto key = [&](Qt::KeyboardModifier with) {
+            return [=, &button] {
+                QKeyEvent event(QEvent::KeyPress, Qt::Key_F4, with); // closes windows
+                QCoreApplication::sendEvent(&button, &event);
+                QVERIFY(!event.isAccepted());
+            };
+        };
+        const Deeds own{{"text", mouse(QEvent::MouseButtonPress, 5)},
+                        {"textup", mouse(QEvent::MouseButtonRelease, 5)},
+                        {"arrow", mouse(QEvent::MouseButtonPress, button.width() - 10)},
+                        {"arrowup", mouse(QEvent::MouseButtonRelease, button.width() - 10)},
+                        {"f4", [&] { QTest::keyClick(&button, Qt::Key_F4); }},
+                        {"altf4", key(Qt::AltModifier)},
+                        {"controlf4", key(Qt::ControlModifier)},
+                        {"open", [&] { button.OpenMenu(); }}};
+        bool expanded = false;
         whileOpen(this, button.GetMenu(), [&](CBPMenu *menu) {
-            QVERIFY(QAccessible::queryAccessibleInterface(&button)->state().expanded);
-            menu->hide();
-            for (const QPoint &at : {arrow, QPoint(5, 10)}) {
-                sendMouse(button, QEvent::MouseButtonPress, Qt::LeftButton, at);
-                sendMouse(button, QEvent::MouseButtonRelease, Qt::LeftButton, at);
-            }
+            expanded = QAccessible::queryAccessibleInterface(&button)->state().expanded;
+            menu->hide(); // the press on the button that closes the menu does not open it again
+            perform(&button, "arrow arrowup text textup", own);
         });
-        sendMouse(button, QEvent::MouseButtonPress, Qt::LeftButton, arrow);
-        QVERIFY(shown.count() == 1 && button.state() != 2);
+        const auto look = [&] {
+            return QString::number(button.state()) + log.taken() + QString(shown.count(), '+');
+        };
+        const QString life = "text=2 textup=0sigBtnClicked9 arrow=0+ arrowup=0+";
+        QCOMPARE(traced(&button, life, look, own), life);
+        QVERIFY(expanded);
         whileOpen(this, button.GetMenu(), [](CBPMenu *) {});
-        QTest::keyClick(&button, Qt::Key_F4);
-        QCOMPARE(shown.count(), 2);
-        QTimer::singleShot(50, button.GetMenu(), &QMenu::close); // in case they open it
-        for (const Qt::KeyboardModifier with : {Qt::AltModifier, Qt::ControlModifier}) {
-            QKeyEvent key(QEvent::KeyPress, Qt::Key_F4, with); // closes windows
-            QCoreApplication::sendEvent(&button, &key);
-            QVERIFY(!key.isAccepted());
-        }
-        button.setEnabled(false);
-        button.OpenMenu();
-        button.setEnabled(true);
-        QCOMPARE(shown.count(), 2);
         // Released over the triangle, or without the focus, a press on the text is nothing.
-        sendMouse(button, QEvent::MouseButtonPress);
-        QCOMPARE(button.state(), 2);
-        sendMouse(button, QEvent::MouseButtonRelease, Qt::LeftButton, arrow);
-        sendMouse(button, QEvent::MouseButtonPress);
-        sendFocus(button, QEvent::FocusOut);
-        sendMouse(button, QEvent::MouseButtonRelease);
-        QVERIFY(clicked.isEmpty());
+        const QString more =
+            "f4=0++ altf4=0++ controlf4=0++ disable=3++ open=3++ enable=0++ text=2++ arrowup=0++ "
+            "text=2++ focusout=0++ textup=0++";
+        QCOMPARE(traced(&button, more, look, own), more);
     }
 
     void menuLeavesTheButtonFree()

@@ -219,6 +219,8 @@ private slots:
                 }
             }
         }
+        body.radiusY = 0; // one radius is none
+        QCOMPARE(painted(QRect(0, 0, 80, 28), body).pixelColor(0, 0), body.frame);
         const QImage nothing = painted(QRect(), body);
         QCOMPARE(painted(QRect(5, 5, -3, 10), body), nothing);
         QCOMPARE(nothing, canvas(80, 60));

@@ -3,7 +3,6 @@
 #include "foundation/Catalogue.h"
 #include "foundation/FontLookup.h"
 #include "foundation/ResourcePath.h"
-#include "LumQtVersion.h"
 #include "platform/Platform.h"
 #include "TestMain.h"
 #include "Util.h"
@@ -12,7 +11,6 @@
 #include <QDataStream>
 #include <QTemporaryDir>
 #include <QTranslator>
-#include <QVersionNumber>
 
 #include <functional>
 #include <memory>
@@ -229,15 +227,15 @@ private slots:
 
     void addresses()
     {
-        for (const char *good : {"a.b+c%d@ex-ample.org", "A@EXAMPLE.COM", "a@b.info"})
-            QVERIFY2(Util::IsMail(good), good);
-        for (const char *bad : {"a@b.house", "a@b.c", "a@", "@b.org", "x a@b.org", ""})
-            QVERIFY2(!Util::IsMail(bad), bad);
-        for (const char *good : {"0.0.0.0", "255.255.255.255", "1.2.3.4", "01.02.03.04", "199.249.250.100"})
-            QVERIFY2(Util::IsIPAddress(good), good);
-        for (const char *bad :
-             {"256.1.1.1", "1.2.3", "1.2.3.4.5", "001.2.3.4", "099.2.3.4", "1.2.3.4 ", "-1.2.3.4", ""})
-            QVERIFY2(!Util::IsIPAddress(bad), bad);
+        const auto check = [](bool (*matches)(const QString &), const QStringList &good,
+                              const QStringList &bad) {
+            for (const QString &text : good + bad)
+                QVERIFY2(matches(text) == good.contains(text), qPrintable(text));
+        };
+        check(&Util::IsMail, {"a.b+c%d@ex-ample.org", "A@EXAMPLE.COM", "a@b.info"},
+              {"a@b.house", "a@b.c", "a@", "@b.org", "x a@b.org", ""});
+        check(&Util::IsIPAddress, {"0.0.0.0", "255.255.255.255", "1.2.3.4", "01.02.03.04", "199.249.250.100"},
+              {"256.1.1.1", "1.2.3", "1.2.3.4.5", "001.2.3.4", "099.2.3.4", "1.2.3.4 ", "-1.2.3.4", ""});
     }
 
     // Counted by two threads at once, too.
@@ -277,18 +275,11 @@ private slots:
     {
         int context = 0;
         const CCMCLogEntry fits(QByteArray(199, 'x').constData(), &context);
-        const CCMCLogEntry cut(QByteArray(5000, 'y').constData(), nullptr);
-        CCMCLogEntry copy(nullptr, nullptr);
-        QVERIFY(qstrlen(fits.name()) == 199 && qstrlen(cut.name()) == 199 && qstrlen(copy.name()) == 0);
+        CCMCLogEntry copy(QByteArray(5000, 'y').constData(), nullptr);
+        QVERIFY(qstrlen(fits.name()) == 199 && qstrlen(copy.name()) == 199 && !copy.context());
         copy = fits;
-        QCOMPARE(copy.name(), fits.name());
-        QVERIFY(copy.context() == &context && fits.context() == &context);
-    }
-
-    void version()
-    {
-        const QVersionNumber number(LUMQT_VERSION >> 16, LUMQT_VERSION >> 8 & 0xff, LUMQT_VERSION & 0xff);
-        QCOMPARE(QStringLiteral(LUMQT_VERSION_STR), number.toString());
+        QVERIFY(qstrcmp(copy.name(), fits.name()) == 0 && copy.context() == &context);
+        QVERIFY(qstrlen(CCMCLogEntry(nullptr, nullptr).name()) == 0);
     }
 
     // --------------------------------------------------------------------------------------------------------
