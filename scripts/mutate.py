@@ -1,8 +1,9 @@
 """Changes one token of one line in src/ at a time, and tells which changes no test noticed.
 
 Called by mutate.sh, which installs the tools. A change that does not compile is replaced by another one. A change that
-makes a test hang counts as noticed. Changes that alter nothing a caller or a user could see stand in
-mutate-equivalent.txt, each with its reason; they are not drawn.
+makes a test hang counts as noticed. The pictures of all pages of the gallery are left out: without optimisation they
+take minutes. Changes that alter nothing a caller or a user could see stand in mutate-equivalent.txt, each with its
+reason; they are not drawn.
 
 Every run leaves build/mutate/changes.json. --again FILE judges the changes of such a file once more, so that two states
 of the tests can be compared, also when src/ or the list of known changes is another by now.
@@ -162,7 +163,7 @@ class Workshop:
 
     def ctest(self, *options):
         return self.run(ROOT / "scripts" / "with-display.sh", "ctest", "--test-dir", self.build, "-j", SIDE_BY_SIDE,
-                        "--timeout", TEST_SECONDS, "--output-on-failure", "-E", "monkey|package", *options)
+                        "--timeout", TEST_SECONDS, "--output-on-failure", "-E", "monkey|package", "-LE", "^pictures$", *options)
 
     def judge(self, change):
         """What becomes of a change: "noticed", "not noticed", or "" when it does not compile."""
