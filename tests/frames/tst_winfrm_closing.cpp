@@ -289,9 +289,11 @@ private Q_SLOTS:
     // Run again by whom its end is told, it is closed as it was the first time.
     void runAgain()
     {
-        for (const QString way : {"button", "Escape", "close()"}) {
-            Probe<CBPWinFrm> w;
+        for (const QString row : {"button", "Escape", "close()", "button, Escape disabled"}) {
+            const QString way = row.section(',', 0, 0);
+            Dialog w;
             w.Init();
+            w.SetDisableEscAndF4Flag(row.contains("disabled"));
             int ends = 0;
             connect(&w, &QDialog::finished, &w, [&] {
                 if (++ends > 1)
@@ -302,7 +304,7 @@ private Q_SLOTS:
             });
             w.open();
             closeBy(w, way);
-            QVERIFY2(ends == 2 && !w.isVisible(), qPrintable(way));
+            QVERIFY2(ends == 2 && !w.isVisible(), qPrintable(row));
         }
     }
 
