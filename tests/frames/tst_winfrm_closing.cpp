@@ -284,6 +284,14 @@ private Q_SLOTS:
             text->setMinimumHeight(height - 2 * 10 - 60 - 16 - 12);
             QCOMPARE(geometryInside(w), QRect(350, (1000 - height) / 2, 500, height));
         }
+        // One that is just shown is placed by Qt, as any dialog.
+        QWidget parent;
+        parent.setGeometry(500, 400, 400, 300);
+        parent.show();
+        Dialog shown(&parent);
+        shown.Init();
+        shown.show();
+        QVERIFY(!shown.pos().isNull());
     }
 
     // Run again by whom its end is told, it is closed as it was the first time.
