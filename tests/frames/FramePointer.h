@@ -4,6 +4,7 @@
 #include "CBaseWin.h"
 
 #include "frames/FrameGeometry.h"
+#include "RealInput.h"
 #include "Util.h"
 
 #include <QCloseEvent>
@@ -84,6 +85,13 @@ inline QImage frameImage(CBaseWin &w, const QRect &part)
 #endif
 }
 
+inline bool filled(const QImage &image, const QRect &part, const QColor &color)
+{
+    QImage expected(part.size(), image.format());
+    expected.fill(color);
+    return image.rect().contains(part) && image.copy(part) == expected;
+}
+
 inline QImage resImage(const char *name)
 {
     return QImage(Util::getResFullPath(QStringLiteral("../res/%1.png").arg(QLatin1String(name))));
@@ -152,4 +160,17 @@ inline void doubleClick(CBaseWin &w, const QPoint &at)
 #else
     QTest::mouseDClick(w.windowHandle(), Qt::LeftButton, {}, at + origin(w));
 #endif
+}
+
+// Moves the real pointer to `at` and a little about there until `done`: what it does before the system has
+// it, or while the system lets go of it, is made up for with the next step.
+template <class Done> bool reaches(const QPoint &at, Done done)
+{
+    return QTest::qWaitFor(
+        [&] {
+            RealInput::moveTo(at + QPoint(1, 0));
+            RealInput::moveTo(at);
+            return done();
+        },
+        20000);
 }

@@ -284,14 +284,24 @@ private Q_SLOTS:
             text->setMinimumHeight(height - 2 * 10 - 60 - 16 - 12);
             QCOMPARE(geometryInside(w), QRect(350, (1000 - height) / 2, 500, height));
         }
+        // One that is just shown is placed by Qt, as any dialog.
+        QWidget parent;
+        parent.setGeometry(500, 400, 400, 300);
+        parent.show();
+        Dialog shown(&parent);
+        shown.Init();
+        shown.show();
+        QVERIFY(!shown.pos().isNull());
     }
 
     // Run again by whom its end is told, it is closed as it was the first time.
     void runAgain()
     {
-        for (const QString way : {"button", "Escape", "close()"}) {
-            Probe<CBPWinFrm> w;
+        for (const QString row : {"button", "Escape", "close()", "button, Escape disabled"}) {
+            const QString way = row.section(',', 0, 0);
+            Dialog w;
             w.Init();
+            w.SetDisableEscAndF4Flag(row.contains("disabled"));
             int ends = 0;
             connect(&w, &QDialog::finished, &w, [&] {
                 if (++ends > 1)
@@ -302,7 +312,7 @@ private Q_SLOTS:
             });
             w.open();
             closeBy(w, way);
-            QVERIFY2(ends == 2 && !w.isVisible(), qPrintable(way));
+            QVERIFY2(ends == 2 && !w.isVisible(), qPrintable(row));
         }
     }
 

@@ -106,6 +106,7 @@ private slots:
         layout.addItem(new QSpacerItem(10, 40));
         QCOMPARE(layout.minimumSize(), QSize(34, 46));
         QVERIFY(layout.sizeHint() == QSize(34, 46) && !layout.expandingDirections());
+        QVERIFY(layout.hasHeightForWidth());
         // As far as numbers go, and no farther.
         constexpr int most = std::numeric_limits<int>::max();
         CBPFlowLayout huge(most, most, most);

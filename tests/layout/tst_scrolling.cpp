@@ -1,3 +1,4 @@
+#include "Acts.h"
 #include "Await.h"
 #include "CBPMenuItemSizeStyle.h"
 #include "CBPScrollBar.h"
@@ -120,19 +121,23 @@ private slots:
         }
     }
 
-    // The padding that a sheet gives to all widgets leaves a bar its slider; one that is meant for it does
-    // as it says.
+    // A padding that a sheet gives to all widgets leaves a bar its slider; one that is meant for it, or
+    // leaves a pixel, is taken as it is.
     void barsOfPaddedWindows()
     {
-        for (const auto orientation : {Qt::Vertical, Qt::Horizontal}) {
-            QWidget window;
-            window.setStyleSheet("* { padding: 6px; }");
-            Bar bar(orientation);
-            bar.setParent(&window);
-            window.show();
-            QVERIFY(!bar.part(QStyle::SC_ScrollBarSlider).isEmpty());
-            bar.setStyleSheet("CBPScrollBar { padding: 6px; }");
-            QVERIFY(bar.part(QStyle::SC_ScrollBarSlider).isEmpty());
+        for (const auto &[padding, isTaken] :
+             {std::pair("6px", false), std::pair("5px", false), std::pair("4px 4px 5px 5px", true)}) {
+            for (const auto orientation : {Qt::Vertical, Qt::Horizontal}) {
+                QWidget window;
+                window.setStyleSheet(QString("* { padding: %1; }").arg(padding));
+                Bar bar(orientation);
+                bar.setParent(&window);
+                window.show();
+                QVERIFY(!bar.part(QStyle::SC_ScrollBarSlider).isEmpty());
+                QCOMPARE(bar.styleSheet().isEmpty(), isTaken);
+                bar.setStyleSheet("CBPScrollBar { padding: 6px; }");
+                QVERIFY(bar.part(QStyle::SC_ScrollBarSlider).isEmpty());
+            }
         }
     }
 
@@ -167,6 +172,8 @@ private slots:
         bar.setAttribute(Qt::WA_UnderMouse, false);
         bar.show();
         QVERIFY(QTest::qWaitForWindowExposed(&bar));
+        QVector<QColor> reds{Qt::red, kDarkSlider};
+        QVERIFY(repaints(bar, [&] { bar.SetSliderBg(reds); }) && repaints(bar, [&] { bar.SetBarBg(none); }));
         for (const QPoint &at : {QPoint(1, 1), slider})
             QTest::mouseMove(&bar, at);
         AWAIT_EQUAL(bar.grab().toImage().pixelColor(slider * bar.devicePixelRatioF()), kDarkSlider);
