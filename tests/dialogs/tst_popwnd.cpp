@@ -118,6 +118,10 @@ private Q_SLOTS:
                 rows << QStringList(row.values()).join(' ');
             QTEST(rows.join('|'), "rows");
             QCOMPARE(w.statusBox()->height(), 70 + 48 * qMax(0, int(rows.size()) - 1));
+            const QRect all = covered.boundingRect();
+            const QRect bottom = w.statusBox()->geometry().marginsRemoved(w.statusBox()->contentsMargins());
+            if (!rows.isEmpty())
+                QCOMPARE(mirrored ? all.left() : all.right(), mirrored ? bottom.left() : bottom.right());
             if (rows.size() > 1) { // one row again where there is room for it
                 w.hide();
                 const QRect large = std::exchange(area, QRect(0, 0, 2600, 1200));
@@ -126,10 +130,7 @@ private Q_SLOTS:
                 area = large;
             } else if (prepended != 0 &&
                        !buttons.isEmpty()) { // at both edges, 12 pixels between two of a part
-                const QRect bottom =
-                    w.statusBox()->geometry().marginsRemoved(w.statusBox()->contentsMargins());
-                const QRect all = covered.boundingRect();
-                QVERIFY(all.left() == bottom.left() && all.right() == bottom.right());
+                QCOMPARE(all.width(), bottom.width());
                 const QRect pair = w.GetBtn(kOk)->geometry() | w.GetBtn(kCancel)->geometry();
                 QCOMPARE(pair.width(), w.GetBtn(kOk)->width() + 12 + w.GetBtn(kCancel)->width());
             }
