@@ -265,8 +265,7 @@ private Q_SLOTS:
         m_sync->calls.clear();
         task->gate.release();
         AWAIT(job.isNull());
-        QCOMPARE(log, (QStringList{"asked", "deleted"}));
-        QCOMPARE(m_sync->calls, QStringList());
+        QVERIFY(log == QStringList({"asked", "deleted"}) && m_sync->calls.isEmpty());
     }
 
     void entries()
@@ -405,7 +404,9 @@ private Q_SLOTS:
         Job job(nullptr, nullptr, gatedTask(22), nullptr, QStringLiteral("STR_GLOBAL_UNIQUE"));
         for (int time = 0; time < 2; ++time) {
             QTimer::singleShot(40, &job, [&] { job.task().gate.release(); });
-            QCOMPARE(job.execute(), 22ULL);
+            const unsigned long long result = job.execute();
+            job.task().gate.release(int(result != 22)); // a failure is not to hang
+            QCOMPARE(result, 22ULL);
             qDeleteAll(waiters());
         }
     }
