@@ -127,6 +127,10 @@ private slots:
         QVERIFY(inPlace());
         other->move(60, 30);
         QVERIFY(inPlace());
+        tip.hide(); // and is left alone
+        const QPoint left = tip.pos();
+        other->move(50, 20);
+        QCOMPARE(tip.pos(), left);
     }
 
     void goesWithItsWidget()
@@ -270,6 +274,7 @@ private slots:
             QVERIFY(is(20, 7, kFrame) && is(20, 6, Qt::transparent));
             // The arrow, and round corners.
             const int arrow = arrows[orientation - 1];
+            QVERIFY(is(arrow - 7, 7, kFrame) && is(arrow - 5, 7, kGround) && is(arrow + 7, 7, kFrame));
             QVERIFY(is(arrow, 7, kGround) && image.pixelColor(arrow, 2).alpha() > 0);
             QVERIFY(is(arrow - 9, 3, Qt::transparent) && is(arrow + 9, 3, Qt::transparent));
             tip.SetRoundRadius(12, 12);
