@@ -406,6 +406,7 @@ private Q_SLOTS:
                 const QRect ink = inkOf(shot(*box.label("Text")), 160);
                 const QRect room = box.label("Text")->rect().adjusted(9, 9, -9, -9);
                 QVERIFY2(room.contains(ink), wordsOf(ink));
+                QCOMPARE(box.label("Text")->minimumSizeHint().width(), 100 + 2 * 9);
                 QCOMPARE(ink.center().x() > room.center().x(), direction == Qt::RightToLeft);
             });
             box.message(0, "Text", "Head", kOk);

@@ -183,6 +183,7 @@ private Q_SLOTS:
                                 shown->palette().color(QPalette::WindowText) == QColor(255, 0, 0));
                     const QLabel *prompt = box.label("Please enter the password.");
                     QVERIFY(prompt->isVisible() && prompt->pos() == QPoint(0, 0));
+                    QCOMPARE(prompt->palette().color(QPalette::WindowText), QColor(51, 51, 51));
                     if (!edits.isEmpty())
                         QCOMPARE(edits[0]->y() - prompt->height(), 15);
                 });

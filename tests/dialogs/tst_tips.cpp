@@ -127,6 +127,10 @@ private slots:
         QVERIFY(inPlace());
         other->move(60, 30);
         QVERIFY(inPlace());
+        tip.hide(); // and is left alone
+        const QPoint left = tip.pos();
+        other->move(50, 20);
+        QCOMPARE(tip.pos(), left);
     }
 
     void goesWithItsWidget()
@@ -270,13 +274,17 @@ private slots:
             QVERIFY(is(20, 7, kFrame) && is(20, 6, Qt::transparent));
             // The arrow, and round corners.
             const int arrow = arrows[orientation - 1];
+            QVERIFY(is(arrow - 7, 7, kFrame) && is(arrow - 5, 7, kGround) && is(arrow + 7, 7, kFrame));
             QVERIFY(is(arrow, 7, kGround) && image.pixelColor(arrow, 2).alpha() > 0);
             QVERIFY(is(arrow - 9, 3, Qt::transparent) && is(arrow + 9, 3, Qt::transparent));
             tip.SetRoundRadius(12, 12);
             QCOMPARE(drawn(tip).pixelColor(3, 9).alpha(), 0);
-            for (const int wild : {-1, INT_MIN, INT_MAX}) {
+            for (const int wild : {0, -1, INT_MIN, INT_MAX}) {
                 tip.SetRoundRadius(wild, wild);
-                QCOMPARE(drawn(tip).pixelColor(76, 40), kGround);
+                const QImage bent = drawn(tip);
+                QCOMPARE(bent.pixelColor(76, 40), kGround);
+                for (const QPoint &corner : {QPoint(1, 7), QPoint(150, 7), QPoint(1, 58), QPoint(150, 58)})
+                    QVERIFY(wild != 0 || bent.pixelColor(corner).alpha() > 150);
             }
         }
         for (const int none : {0, 77}) { // there is no orientation 77

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Await.h"
 #include "CBaseSyncExecuter.h"
 #include "CBPEvtLoop.h"
 #include "CBPSyncObj.h"
@@ -17,6 +18,8 @@
 #include <vector>
 
 // What the tests of waiting share.
+
+constexpr unsigned long long kNone = 0x1001; // the result of a job that has none
 
 // A window as the manager knows it: something that says when it goes away.
 class QuitWindow : public QObject
@@ -127,6 +130,13 @@ private:
 
     Task *m_task;
 };
+
+// Handles events until the thread of a job is over and what waits for that has heard of it.
+inline void spinUntilEnded(const QPointer<Job> &job)
+{
+    AWAIT(!job || job->isFinished());
+    QCoreApplication::processEvents();
+}
 
 inline TaskPointer timedTask(unsigned long milliseconds, unsigned long long result = 0, bool gated = false)
 {

@@ -304,7 +304,7 @@ private:
         const unsigned long long result = job->execute();
         context.reset();
         ++m_returned;
-        QVERIFY(result == 7 || result == 0x1001);
+        QVERIFY(result == 7 || result == kNone);
         if (job && job->isNeedDelete() && upTo(9) == 0)
             job->execute(); // and once more
         if (job && job->isNeedDelete())
