@@ -37,22 +37,14 @@ QVector<int> intervalsOf(const QWidget &bar, bool activeOnly)
 
 struct Bar : CBPGradientProgressBar
 {
-    explicit Bar(double value, const QColor &highlight = QColor())
+    template <class Value>
+    explicit Bar(Value value, const QColor &highlight = QColor())
         : CBPGradientProgressBar(Qt::black, highlight)
     {
         resize(kWidth, 8);
         setValue(value);
     }
-};
-
-class TextBar : public CBPGradientProgressBar
-{
-public:
-    TextBar()
-    {
-        setFixedHeight(20);
-        setTextShown(true);
-    }
+    using CBPGradientProgressBar::setTextShown;
 };
 
 } // namespace
@@ -86,9 +78,7 @@ private Q_SLOTS:
         }
         for (const auto &[percent, filled] :
              {std::pair(INT_MIN, 2), {1, 2}, {29, 57}, {100, 199}, {INT_MAX, 199}}) {
-            CBPGradientProgressBar bar(Qt::black, QColor());
-            bar.resize(kWidth, 8);
-            bar.setValue(percent);
+            Bar bar(percent);
             QCOMPARE(filledBy(bar), filled);
         }
     }
@@ -244,9 +234,9 @@ private Q_SLOTS:
     // The number follows by half a per cent with each repaint and is truncated; in a full bar it jumps.
     void text()
     {
-        TextBar bar;
-        bar.resize(kWidth, 20);
-        bar.setValue(0.2);
+        Bar bar(0.2);
+        bar.setFixedHeight(20);
+        bar.setTextShown(true);
         const auto number = [&bar] { return bar.grab(QRect(80, 0, 40, 20)).toImage(); };
         QImage before = number();
         const QRect ink = inkOf(before);
@@ -260,10 +250,10 @@ private Q_SLOTS:
             before = now;
         }
         QCOMPARE(changes, (QVector<int>{2, 4, 6, 8, 10, 12, 14, 16, 18, 20}));
-        TextBar hundred, grown;
-        for (TextBar *full : {&hundred, &grown}) {
-            full->resize(40, 20);
-            full->setValue(full == &grown ? 0.5 : 1.0);
+        Bar hundred(1.0), grown(0.5);
+        for (Bar *full : {&hundred, &grown}) {
+            full->setTextShown(true);
+            full->setFixedSize(40, 20);
             full->setValue(1.0);
         }
         for (int repaint = 0; repaint < 21; ++repaint)
