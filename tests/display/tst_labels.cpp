@@ -93,42 +93,38 @@ private Q_SLOTS:
         QCOMPARE(bare.palette().color(QPalette::WindowText), QColor(Qt::red));
     }
 
-    void drawnText_data()
-    {
-        columns<QString, bool, QSize>("text", "rounded", "size");
-        row("plain", "NEW", false, QSize(120, 31));
-        row("pill", "NEW", true, QSize(121, 40));
-        row("markup and & are text", "<b>&</b>", false, QSize(120, 30));
-    }
     void drawnText()
     {
-        QFETCH(QString, text);
-        QFETCH(bool, rounded);
-        QFETCH(QSize, size);
-        CBPDrawLabel label(text, Qt::red, rounded);
-        QVERIFY(!label.parentWidget());
-        QCOMPARE(spokenName(&label), text);
-        QCOMPARE(QAccessible::queryAccessibleInterface(&label)->role(), QAccessible::StaticText);
-        label.resize(size);
-        for (const int ratio : {1, 2}) {
-            const QImage image = pictureOf(label, ratio);
-            const QImage inner =
-                image.copy(image.rect().adjusted(20 * ratio, 2 * ratio, -20 * ratio, -2 * ratio));
-            // In the middle, whatever the glyphs' own margins are.
-            const QPoint off = inkOf(inner, 250).center() - inner.rect().center();
-            QVERIFY(inkOf(inner, 250).width() > 10 * ratio);
-            QVERIFY(qAbs(off.x()) <= 2 * ratio && qAbs(off.y()) <= 3 * ratio);
-            // The outline lies on whole pixels and the corners are outside of it.
-            const QColor edge = rounded ? QColor(Qt::red) : QColor(Qt::white);
-            QCOMPARE(image.pixelColor(image.width() / 2, 0), edge);
-            QCOMPARE(image.pixelColor(image.width() / 2, image.height() - 1), edge);
-            for (const int x : {0, image.width() - 1}) { // the outermost point of an arc is nearly the colour
-                const QColor end = image.pixelColor(x, image.height() / 2);
-                QVERIFY(qAbs(end.green() - edge.green()) < 32 && end.red() == 255);
+        const std::tuple<const char *, bool, QSize> rows[] = {
+            {"NEW", false, {120, 31}}, {"NEW", true, {121, 40}}, {"<b>&</b>", false, {120, 30}}}; // no markup
+        for (const auto &[words, rounded, size] : rows) {
+            QString text(words);
+            CBPDrawLabel label(text, Qt::red, rounded);
+            QVERIFY(!label.parentWidget());
+            QCOMPARE(spokenName(&label), text);
+            QCOMPARE(QAccessible::queryAccessibleInterface(&label)->role(), QAccessible::StaticText);
+            label.resize(size);
+            for (const int ratio : {1, 2}) {
+                const QImage image = pictureOf(label, ratio);
+                const QImage inner =
+                    image.copy(image.rect().adjusted(20 * ratio, 2 * ratio, -20 * ratio, -2 * ratio));
+                // In the middle, whatever the glyphs' own margins are.
+                const QPoint off = inkOf(inner, 250).center() - inner.rect().center();
+                QVERIFY(inkOf(inner, 250).width() > 10 * ratio);
+                QVERIFY(qAbs(off.x()) <= 2 * ratio && qAbs(off.y()) <= 3 * ratio);
+                // The outline lies on whole pixels, and the corners, arcs of half the height, and the ground
+                // are outside of it. The outermost point of an arc is nearly the colour.
+                const QColor edge = rounded ? QColor(Qt::red) : QColor(Qt::white);
+                const int middle = image.height() / 2;
+                QCOMPARE(image.pixelColor(image.width() / 2, 0), edge);
+                QCOMPARE(image.pixelColor(image.width() / 2, image.height() - 1), edge);
+                for (const int x : {0, image.width() - 1}) {
+                    const QColor end = image.pixelColor(x, middle);
+                    QVERIFY(qAbs(end.green() - edge.green()) < 32 && end.red() == 255);
+                }
+                for (const QPoint &at : {QPoint(0, 0), QPoint(middle / 2, 0), QPoint(middle, middle / 2)})
+                    QCOMPARE(image.pixelColor(at), QColor(Qt::white));
             }
-            QCOMPARE(image.pixelColor(0, 0), QColor(Qt::white));
-            QCOMPARE(image.pixelColor(image.height() / 4, 0), QColor(Qt::white)); // of half the height
-            QCOMPARE(image.pixelColor(image.height() / 2, image.height() / 4), QColor(Qt::white)); // no fill
         }
     }
 
@@ -343,6 +339,33 @@ private Q_SLOTS:
         QCOMPARE(face->role(), QAccessible::PageTab);
         QCOMPARE(face->text(QAccessible::Name), "First");
         QVERIFY(face->state().selectable && face->state().selected);
+    }
+
+    // What changes a title's look is on the screen at once, and what changes its size finds room.
+    void focusChanges()
+    {
+        QWidget window;
+        auto *layout = new QHBoxLayout(&window);
+        auto *label = new CFoucsLabel("Title");
+        layout->addWidget(label);
+        window.show();
+        EventCounter paints(label, {QEvent::Paint});
+        EventCounter layouts(&window, {QEvent::LayoutRequest});
+        const Deeds sizes{{"text", [&] { label->ChangeText("Another title"); }},
+                          {"icons", [&] { label->SetIconPath({"../res/icon_user.png"}, {}); }},
+                          {"notail", [&] { label->HideTailIcon(); }}};
+        Deeds own = sizes;
+        own["colours"] = [&] { label->SetColor(Qt::black, Qt::red); };
+        own["choose"] = [&] { label->SetFocus(true); };
+        for (const QByteArray deed : {"text", "icons", "notail", "colours", "choose", "press", "release",
+                                      "space", "spaceup", "focusin", "focusout", "press", "disable"}) {
+            QCoreApplication::processEvents();
+            paints.count = layouts.count = 0;
+            perform(label, deed, own);
+            AWAIT(paints.count > 0);
+            QVERIFY2((layouts.count > 0) == sizes.contains(deed), deed);
+        }
+        QCOMPARE(label->Text(), QString("Another title"));
     }
 
     void focusLooks_data() { scalings(); }
