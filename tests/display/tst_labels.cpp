@@ -136,8 +136,9 @@ private Q_SLOTS:
         QFont font(GetFontFamily(1));
         font.setPixelSize(14);
         const QFontMetrics metrics(font);
-        QCOMPARE(CBPDrawLabel(text, Qt::red, false).sizeHint(),
-                 QSize(metrics.horizontalAdvance(text), metrics.height()));
+        const QSize plain = CBPDrawLabel(text, Qt::red, false).sizeHint();
+        QCOMPARE(plain, QSize(metrics.horizontalAdvance(text), metrics.height()));
+        QCOMPARE(small, plain + QSize(plain.height() + 4, 4)); // the arcs beside it
         QCOMPARE(label.minimumSizeHint(), small);
         label.resize(300, 100);
         QString family = GetFontFamily(1);
@@ -320,8 +321,13 @@ private Q_SLOTS:
         second.SetFocus(false);
         QVERIFY(!second.IsFocus() && firstChanged.isEmpty() && secondChanged.isEmpty());
 
-        click(&first, Click::Left);
-        QCOMPARE(firstChanged.takeFirst().value(0).value<CFoucsLabel *>(), &first);
+        for (const Click how : {Click::Right, Click::Space, Click::Enter, Click::Tool, Click::Left}) {
+            click(&first, how);
+            QCOMPARE(firstChanged.count(), int(how != Click::Right));
+            QCOMPARE(first.IsFocus(), how != Click::Right);
+            if (how != Click::Right)
+                QCOMPARE(firstChanged.takeFirst().value(0).value<CFoucsLabel *>(), &first);
+        }
         sendMouse(second, QEvent::MouseButtonPress);
         sendMouse(second, QEvent::MouseButtonRelease, Qt::LeftButton, QPoint(-5, 5)); // thought better of it
         sendMouse(second, QEvent::MouseButtonRelease);                                // pressed elsewhere
@@ -341,29 +347,42 @@ private Q_SLOTS:
         QVERIFY(face->state().selectable && face->state().selected);
     }
 
-    // What changes a title's look is on the screen at once, and what changes its size finds room.
-    void focusChanges()
+    // What changes the look is on the screen at once, with the ground of the state; what changes the size
+    // finds room.
+    void changesShow()
     {
         QWidget window;
         auto *layout = new QHBoxLayout(&window);
         auto *label = new CFoucsLabel("Title");
+        QString words("NEW"), family("Any family");
+        auto *drawn = new CBPDrawLabel(words, Qt::red, true);
+        layout->addWidget(drawn);
         layout->addWidget(label);
         window.show();
-        EventCounter paints(label, {QEvent::Paint});
+        EventCounter paints(&window, {QEvent::UpdateRequest});
         EventCounter layouts(&window, {QEvent::LayoutRequest});
         const Deeds sizes{{"text", [&] { label->ChangeText("Another title"); }},
                           {"icons", [&] { label->SetIconPath({"../res/icon_user.png"}, {}); }},
-                          {"notail", [&] { label->HideTailIcon(); }}};
+                          {"notail", [&] { label->HideTailIcon(); }},
+                          {"font", [&] { drawn->SetTextFont(family, 20); }}};
         Deeds own = sizes;
+        own["ink"] = [&] { drawn->SetTextShowColor(Qt::blue); };
         own["colours"] = [&] { label->SetColor(Qt::black, Qt::red); };
         own["choose"] = [&] { label->SetFocus(true); };
-        for (const QByteArray deed : {"text", "icons", "notail", "colours", "choose", "press", "release",
-                                      "space", "spaceup", "focusin", "focusout", "press", "disable"}) {
+        const QColor none(Qt::white), chosen(255, 231, 231), pressed(255, 215, 215), disabled(245, 246, 247);
+        const std::pair<QByteArray, QColor> rows[] = {
+            {"text", none},      {"icons", none},    {"notail", none},     {"font", none},
+            {"ink", none},       {"colours", none},  {"choose", chosen},   {"press", pressed},
+            {"release", chosen}, {"space", pressed}, {"spaceup", chosen},  {"focusout", chosen},
+            {"focusin", chosen}, {"press", pressed}, {"disable", disabled}};
+        for (const auto &[deed, ground] : rows) {
             QCoreApplication::processEvents();
             paints.count = layouts.count = 0;
             perform(label, deed, own);
             AWAIT(paints.count > 0);
             QVERIFY2((layouts.count > 0) == sizes.contains(deed), deed);
+            const QColor seen = pictureOf(*label, 1).pixelColor(label->width() / 2, 5);
+            QVERIFY2(seen == ground, deed + ' ' + seen.name().toLatin1());
         }
         QCOMPARE(label->Text(), QString("Another title"));
     }

@@ -65,15 +65,19 @@ private Q_SLOTS:
             CBPGradientProgressBar bar(Qt::black, QColor());
             bar.resize(kWidth, 8);
             QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(&bar);
-            QCOMPARE(spoken->role(), QAccessible::ProgressBar);
-            QCOMPARE(spoken->valueInterface()->currentValue().toInt(), 0);
+            QVERIFY(spoken->role() == QAccessible::ProgressBar && spoken->state().readOnly);
+            QAccessibleValueInterface *number = spoken->valueInterface();
+            QVERIFY(number->minimumValue() == 0 && number->maximumValue() == 100 &&
+                    number->minimumStepSize() == 1);
+            QCOMPARE(number->currentValue().toInt(), 0);
             if (qIsNaN(value))
                 QTest::ignoreMessage(QtWarningMsg,
                                      "CBPGradientProgressBar: a value that is not a number is ignored");
             bar.setValue(value);
             QCOMPARE(filledBy(bar), filled);
             QCOMPARE(bar.height(), 8);
-            QCOMPARE(spoken->valueInterface()->currentValue().toInt(), told); // per cent
+            number->setCurrentValue(77);
+            QCOMPARE(number->currentValue().toInt(), told); // per cent
             QCOMPARE(spoken->text(QAccessible::Value), QString("%1%").arg(told));
         }
         for (const auto &[percent, filled] :

@@ -274,6 +274,12 @@ private Q_SLOTS:
         smooth.SetValue(42);
         spoken = QAccessible::queryAccessibleInterface(sliderOf(smooth));
         QCOMPARE(spoken->text(QAccessible::Value), QString("42"));
+        smooth.Init(kEnds, 100, 10);
+        smooth.setEnabled(false);
+        QAccessibleValueInterface *number = spoken->valueInterface();
+        number->setCurrentValue(50);
+        QCOMPARE(number->currentValue().toInt(), 10);
+        QVERIFY(number->minimumValue() == 10 && number->minimumStepSize() == 1);
     }
 
     void textsAndSecondInit()
