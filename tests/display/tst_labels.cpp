@@ -289,6 +289,7 @@ private Q_SLOTS:
             for (const bool horizontal : {true, false}) {
                 CBPLine line(horizontal, nullptr);
                 line.resize(size);
+                line.setStyleSheet("QLabel { background: red }"); // which means the application's own labels
                 QCOMPARE(qobject_cast<QHBoxLayout *>(line.layout()) != nullptr, horizontal);
                 QCOMPARE(line.layout()->contentsMargins(), QMargins());
                 QCOMPARE(line.findChildren<QLabel *>().size(), 1);

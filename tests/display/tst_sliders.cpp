@@ -148,6 +148,10 @@ private Q_SLOTS:
         Both both;
         picture(both.jump, {8, 100, 200, 292}, 40);
         picture(both.smooth, {7, 293}, 44);
+        for (QWidget *slider : both.all) { // a rule means the application's own labels
+            slider->setStyleSheet("QLabel { background: red; border: 2px solid red }");
+            QVERIFY(boxOf(slider->grab().toImage(), Qt::red).isEmpty());
+        }
     }
 
     // Large enough for all labels, wherever the long one is, and whole ticks, whatever the font; a window may
