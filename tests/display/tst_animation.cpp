@@ -138,23 +138,17 @@ private Q_SLOTS:
         animation.stop();
         QVERIFY(!animation.isRunning());
         QCOMPARE(animation.curentIndex(), 1); // stays
-    }
-
-    void badIntervals()
-    {
-        CBPAnimationObj animation(pictures(3));
         for (const int bad : {0, -20}) {
             QTest::ignoreMessage(QtWarningMsg,
                                  qPrintable(QString("CBPAnimationObj: %1 ms is no interval").arg(bad)));
             animation.setInterval(bad);
         }
-        QSignalSpy spy(&animation, &CBPAnimationObj::frameChanged);
         animation.setInterval(INT_MAX);
         animation.stop(); // ten times as much is more than a number holds
         tick(animation);
-        QCOMPARE(spy.count(), 0);
-        tick(animation);
         QCOMPARE(spy.count(), 1);
+        tick(animation);
+        QCOMPARE(spy.count(), 2);
     }
 
     void framesFromFiles()

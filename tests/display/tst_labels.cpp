@@ -438,7 +438,7 @@ private Q_SLOTS:
     {
         CFoucsLabel label("A rather long title", 0, 10);
         const QSize plain = label.sizeHint();
-        QVERIFY(label.minimumSizeHint().width() < plain.width());
+        QVERIFY(label.minimumSizeHint().width() < plain.width() && plain.height() == 36);
         const QString icon = "../res/icon_user.png";
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression("none\\.png"));
         label.SetIconPath({icon}, {"none.png", icon, icon});

@@ -256,6 +256,10 @@ private Q_SLOTS:
             }
             inner->clearFocus();
         }
+        jump->setFocus(Qt::TabFocusReason);
+        AWAIT(ringShows());
+        delete inner; // alone, by the application
+        QVERIFY(!ringShows());
     }
 
     void screenReaders()
