@@ -138,23 +138,17 @@ private Q_SLOTS:
         animation.stop();
         QVERIFY(!animation.isRunning());
         QCOMPARE(animation.curentIndex(), 1); // stays
-    }
-
-    void badIntervals()
-    {
-        CBPAnimationObj animation(pictures(3));
         for (const int bad : {0, -20}) {
             QTest::ignoreMessage(QtWarningMsg,
                                  qPrintable(QString("CBPAnimationObj: %1 ms is no interval").arg(bad)));
             animation.setInterval(bad);
         }
-        QSignalSpy spy(&animation, &CBPAnimationObj::frameChanged);
         animation.setInterval(INT_MAX);
         animation.stop(); // ten times as much is more than a number holds
         tick(animation);
-        QCOMPARE(spy.count(), 0);
-        tick(animation);
         QCOMPARE(spy.count(), 1);
+        tick(animation);
+        QCOMPARE(spy.count(), 2);
     }
 
     void framesFromFiles()
@@ -324,35 +318,31 @@ private Q_SLOTS:
         QVERIFY(timersOf(gif).isEmpty());
     }
 
-    void dots_data()
-    {
-        columns<int, QStringList>("most", "texts");
-        row("three", 3, QStringList{".", "..", "...", "", "."});
-        row("one", 1, QStringList{".", "", "."});
-        row("none", 0, QStringList{"", ""});
-        row("less than none", -7, QStringList{"", ""});
-        row("without end", INT_MAX, QStringList{".", "..", "...", "...."});
-    }
+    // Three and one, none, less than none, and no end of them.
     void dots()
     {
-        QFETCH(int, most);
-        QFETCH(QStringList, texts);
-        CBPEllipsisGifLabel label(most);
-        label.setText("Wait");
-        QVERIFY(label.ShowGifLable());
-        QVERIFY(label.isVisible());
-        QVERIFY(!label.ShowGifLable());
-        QCOMPARE(timersOf(label).first().interval, 1000);
-        QCOMPARE(label.text(), QString("Wait"));
-        QVERIFY(label.sizeHint().width() < 1000);
-        tick(label);
-        const QSize room = label.sizeHint();
-        for (const QString &text : texts) {
-            tick(label, 1); // a stranger's
-            QCOMPARE(label.text(), text);
-            QCOMPARE(label.sizeHint(), room); // nothing beside it moves
-            QCOMPARE(label.minimumSizeHint(), room);
+        const QVector<QPair<int, QStringList>> rows{{3, {".", "..", "...", "", "."}},
+                                                    {1, {".", "", "."}},
+                                                    {0, {"", ""}},
+                                                    {-7, {"", ""}},
+                                                    {INT_MAX, {".", "..", "...", "...."}}};
+        for (const auto &[most, texts] : rows) {
+            CBPEllipsisGifLabel label(most);
+            label.setText("Wait");
+            QVERIFY(label.ShowGifLable() && label.isVisible());
+            QVERIFY(!label.ShowGifLable());
+            QCOMPARE(timersOf(label).first().interval, 1000);
+            QCOMPARE(label.text(), QString("Wait"));
+            QVERIFY(label.sizeHint().width() < 1000);
             tick(label);
+            const QSize room = label.sizeHint();
+            for (const QString &text : texts) {
+                tick(label, 1); // a stranger's
+                QCOMPARE(label.text(), text);
+                QCOMPARE(label.sizeHint(), room); // nothing beside it moves
+                QCOMPARE(label.minimumSizeHint(), room);
+                tick(label);
+            }
         }
     }
 

@@ -142,21 +142,16 @@ private Q_SLOTS:
         }
     }
 
-    void texts()
-    {
-        Jump slider({"a", "b", "a", ""});
-        for (const auto &[asked, position] : {std::pair("b", 1), {"c", 1}, {"a", 0}, {"", 3}, {"A", 3}}) {
-            slider.SetPosByText(asked);
-            QCOMPARE(sliderOf(slider)->value(), position);
-        }
-    }
-
     // The track, its ticks and the letters of each label, which the row below has under its tick.
     void pictures()
     {
         Both both;
         picture(both.jump, {8, 100, 200, 292}, 40);
         picture(both.smooth, {7, 293}, 44);
+        for (QWidget *slider : both.all) { // a rule means the application's own labels
+            slider->setStyleSheet("QLabel { background: red; border: 2px solid red }");
+            QVERIFY(boxOf(slider->grab().toImage(), Qt::red).isEmpty());
+        }
     }
 
     // Large enough for all labels, wherever the long one is, and whole ticks, whatever the font; a window may
@@ -261,6 +256,10 @@ private Q_SLOTS:
             }
             inner->clearFocus();
         }
+        jump->setFocus(Qt::TabFocusReason);
+        AWAIT(ringShows());
+        delete inner; // alone, by the application
+        QVERIFY(!ringShows());
     }
 
     void screenReaders()
@@ -283,12 +282,21 @@ private Q_SLOTS:
         smooth.SetValue(42);
         spoken = QAccessible::queryAccessibleInterface(sliderOf(smooth));
         QCOMPARE(spoken->text(QAccessible::Value), QString("42"));
+        smooth.Init(kEnds, 100, 10);
+        smooth.setEnabled(false);
+        QAccessibleValueInterface *number = spoken->valueInterface();
+        number->setCurrentValue(50);
+        QCOMPARE(number->currentValue().toInt(), 10);
+        QVERIFY(number->minimumValue() == 10 && number->minimumStepSize() == 1);
     }
 
-    void initTwice()
+    void textsAndSecondInit()
     {
-        Jump jump;
-        jump.SetPosByText("Full");
+        Jump jump({"a", "b", "a", ""});
+        for (const auto &[asked, position] : {std::pair("b", 1), {"c", 1}, {"a", 0}, {"", 3}, {"A", 3}}) {
+            jump.SetPosByText(asked);
+            QCOMPARE(sliderOf(jump)->value(), position);
+        }
         jump.Init({"One", "Two"});
         QCOMPARE(jump.GetPosText(), QString("One"));
         QCOMPARE(jump.findChildren<QSlider *>().size(), 1);
@@ -420,17 +428,7 @@ private Q_SLOTS:
             QCOMPARE(told.count(), int(value != before));
             QVERIFY(!sliderOf(slider)->isSliderDown());
         }
-        QTest::ignoreMessage(QtWarningMsg, "CBPSmoothSlider: the minimum 50 is above the maximum 10");
-        Smooth slider(10, 50);
-        slider.SetValue(30);
-        QCOMPARE(slider.GetValue(), 50);
-        click(rowOf(slider), 3);
-        QCOMPARE(slider.GetValue(), 50);
-    }
-
-    // Pressed anywhere the handle is under the pointer and follows it.
-    void dragging()
-    {
+        // Pressed anywhere the handle is under the pointer and follows it.
         Smooth slider;
         QSlider *inner = sliderOf(slider);
         QTest::mousePress(inner, Qt::LeftButton, Qt::NoModifier, QPoint(285, 22));
@@ -441,27 +439,36 @@ private Q_SLOTS:
         }
         QTest::mouseRelease(inner, Qt::LeftButton, Qt::NoModifier, QPoint(60, 22));
         QCOMPARE(slider.GetValue(), 20);
+        QTest::ignoreMessage(QtWarningMsg, "CBPSmoothSlider: the minimum 50 is above the maximum 10");
+        slider.Init(kEnds, 10, 50);
+        slider.SetValue(30);
+        QCOMPARE(slider.GetValue(), 50);
+        click(rowOf(slider), 3);
+        QCOMPARE(slider.GetValue(), 50);
     }
 
     // What listens to the value deletes the slider in the middle of the change.
     void deletedByItsListener()
     {
-        for (const bool jump : {false, true}) {
-            for (const QString by : {"label", "slider", "Init"}) {
-                auto *jumpSlider = jump ? new Jump : nullptr;
-                auto *smoothSlider = jump ? nullptr : new Smooth;
-                const QPointer<QWidget> slider = jump ? static_cast<QWidget *>(jumpSlider) : smoothSlider;
-                QSlider *inner = sliderOf(*slider);
-                QWidget *target = by == "label" ? rowOf(*slider) : static_cast<QWidget *>(inner);
-                inner->setValue(by == "Init" ? inner->maximum() : 0);
-                const auto die = [slider] { delete slider; };
-                jump ? connect(jumpSlider, &CBPJumpSlider::valueChanged, this, die)
-                     : connect(smoothSlider, &CBPSmoothSlider::valueChanged, this, die);
-                if (by == "Init")
-                    jump ? jumpSlider->Init(kEnds) : smoothSlider->Init(kEnds, 10, 0);
+        for (const QString by : {"label", "slider", "Init"}) {
+            auto *jump = new Jump;
+            auto *smooth = new Smooth;
+            const QVector<QPointer<QWidget>> both{jump, smooth};
+            for (QWidget *slider : both)
+                sliderOf(*slider)->setValue(by == "Init" ? sliderOf(*slider)->maximum() : 0);
+            connect(jump, &CBPJumpSlider::valueChanged, this, [jump] { delete jump; });
+            connect(smooth, &CBPSmoothSlider::valueChanged, this, [smooth] { delete smooth; });
+            if (by == "Init") {
+                jump->Init(kEnds);
+                smooth->Init(kEnds, 10, 0);
+            }
+            for (const QPointer<QWidget> &slider : both) {
                 for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-                    if (slider)
-                        sendMouse(*target, type, Qt::LeftButton, QPoint(297, 6));
+                    if (!slider)
+                        continue;
+                    QWidget *part = rowOf(*slider);
+                    part = by == "label" ? part : sliderOf(*slider);
+                    sendMouse(*part, type, Qt::LeftButton, QPoint(297, 6));
                 }
                 QVERIFY2(!slider, qPrintable(by));
             }

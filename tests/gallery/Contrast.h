@@ -59,13 +59,6 @@ struct Pair
     QRgb ink;
 };
 
-// The fixed pairs that came up.
-inline QSet<QString> &metPairs()
-{
-    static QSet<QString> pairs;
-    return pairs;
-}
-
 // Names the pair, if it is too hard to see and not fixed.
 inline QStringList faint(const QString &what, const Pair &pair, double least)
 {
@@ -73,10 +66,7 @@ inline QStringList faint(const QString &what, const Pair &pair, double least)
     const QString name =
         QStringLiteral("%1 %2 on %3 %4")
             .arg(what, QColor(pair.ink).name(), QColor(pair.ground).name(), QString::number(seen, 'f', 1));
-    const bool isFixed = seen < least && kFixed.contains(name);
-    if (isFixed)
-        metPairs() << name;
-    return seen >= least || isFixed ? QStringList() : QStringList(name);
+    return seen >= least || kFixed.contains(name) ? QStringList() : QStringList(name);
 }
 
 // The colour that most of a place has, and the one that stands out most from it.

@@ -117,7 +117,7 @@ private slots:
         QCOMPARE(Field("192..0.1").IPAddrNum(), 0xc0000001u);
     }
 
-    void signalsTellOfEachOctet()
+    void tellsOfEachOctet()
     {
         Field field("1.2.3.4");
         QSignalSpy changed(&field, &CBPIPInputWidget::textChanged);
@@ -129,9 +129,18 @@ private slots:
         QTest::keyClick(field.edits[3], Qt::Key_Backspace);
         QCOMPARE(edited.size(), 1);
         QCOMPARE(edited.last().first().toString(), QString("1.2.30.4"));
+        // And screen readers.
+        QAccessibleInterface *group = QAccessible::queryAccessibleInterface(&field);
+        QCOMPARE(group->role(), QAccessible::Grouping);
+        QCOMPARE(group->text(QAccessible::Value), QString("1.2.30.4"));
+        QCOMPARE(spokenName(&field), QString("IP address"));
+        QCOMPARE(spokenName(field.edits[1]), QString("Octet 2 of 4"));
+        field.setAccessibleName("Gateway");
+        QCOMPARE(spokenName(&field), QString("Gateway"));
     }
 
-    // L, R and B are the keys left, right and backspace, ^ is Ctrl, + in front of one of them is Shift.
+    // L, R, B and T are the keys left, right, backspace and tab, ^ is Ctrl, + in front of one of them is
+    // Shift.
     void keys()
     {
         const std::tuple<const char *, const char *, const char *> rows[] = {
@@ -147,12 +156,16 @@ private slots:
             {"12|.34..", "^R", "12.[34].."},   {"12.|34..", "+L", "12.|34.."},
             {"12.34|..", "+R", "12.34|.."},    {"12.34.|.", "B", "12.3|.."},
             {"12..|.4", "B", "12.|..4"},       {"|...", "B", "|..."},
-            {"12.|34..", "B", "12.|34.."}};
-        const QMap<QChar, Qt::Key> named{{'L', Qt::Key_Left}, {'R', Qt::Key_Right}, {'B', Qt::Key_Backspace}};
+            {"12.|34..", "B", "12.|34.."},     {"[1].2.3.4", "T", "1.[2].3.4"},
+            {"[1].2.3.4", "TTT", "1.2.3.[4]"}};
+        const QMap<QChar, Qt::Key> named{
+            {'L', Qt::Key_Left}, {'R', Qt::Key_Right}, {'B', Qt::Key_Backspace}, {'T', Qt::Key_Tab}};
         for (const char *language : {"C", "de_DE", "fr_FR"}) {
             QLocale::setDefault(QLocale(language));
             Field field;
             QVERIFY(field.open());
+            field.setFocus();
+            QVERIFY(field.edits[0]->hasFocus());
             for (const auto &[before, typed, after] : rows) {
                 field.setState(before);
                 QCOMPARE(field.state(), QString(before));
@@ -168,17 +181,6 @@ private slots:
                 const QString found = field.state();
                 QVERIFY2(found == after, qPrintable(QString("%1 in %2: %3").arg(typed, before, found)));
             }
-        }
-    }
-
-    void tabGoesThroughAllOctets()
-    {
-        Field field("1.2.3.4");
-        QVERIFY(field.open());
-        field.setFocus();
-        for (const char *state : {"[1].2.3.4", "1.[2].3.4", "1.2.[3].4", "1.2.3.[4]"}) {
-            QCOMPARE(field.state(), QString(state));
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         }
     }
 
@@ -289,18 +291,6 @@ private slots:
         arabic.show();
         for (int i = 1; i < 4; ++i)
             QVERIFY(its->edits[i - 1]->x() < its->edits[i]->x());
-    }
-
-    void screenReadersFindNames()
-    {
-        Field field("1.2.3.4");
-        QAccessibleInterface *group = QAccessible::queryAccessibleInterface(&field);
-        QCOMPARE(group->role(), QAccessible::Grouping);
-        QCOMPARE(spokenName(&field), QString("IP address"));
-        QCOMPARE(group->text(QAccessible::Value), QString("1.2.3.4"));
-        QCOMPARE(spokenName(field.edits[1]), QString("Octet 2 of 4"));
-        field.setAccessibleName("Gateway");
-        QCOMPARE(spokenName(&field), QString("Gateway"));
     }
 
     // A click that brings the focus selects; the next one sets the cursor, a drag and a double click select.

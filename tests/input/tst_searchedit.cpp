@@ -138,7 +138,12 @@ private Q_SLOTS:
         QVERIFY(shown.devicePixelRatio() != 2.0 || shown.copy(10, 4, 32, 32) == pictureOf(dense));
         QTest::keyClicks(form.edit, "a");
         QVERIFY(!form.search->isVisible() && form.close->isVisible());
-        QVERIFY(form.close->grab().toImage() != magnifier);
+        const QImage cross = form.close->grab().toImage();
+        QVERIFY(cross != magnifier);
+        form.edit->setEnabled(false);
+        QVERIFY(form.close->grab().toImage() != cross);
+        form.edit->setEnabled(true);
+        form.edit->setFocus();
         QTest::keyClick(form.edit, Qt::Key_Backspace);
         QVERIFY(form.search->isVisible() && !form.close->isVisible());
     }
@@ -211,6 +216,7 @@ private Q_SLOTS:
                     QTest::mouseClick(clears ? form.close : form.search, Qt::LeftButton);
                 }
                 QCOMPARE(form.suggestions(), 2);
+                QVERIFY(form.edit->completer()->popup()->testAttribute(Qt::WA_SetStyle)); // as those of boxes
                 QVERIFY(form.edit->hasFocus() && form.edit->text().isEmpty());
                 QCOMPARE(searches.heard, clears ? QStringList({"-", "-"}) : QStringList());
                 QVERIFY(form.search->isVisible() && !form.close->isVisible());
@@ -246,6 +252,9 @@ private Q_SLOTS:
             QTest::keyClick(form.edit, Qt::Key_Tab);
             QVERIFY(form.close->hasFocus());
             searches.heard.clear();
+            QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), true);
+            QCoreApplication::sendEvent(form.close, &repeated);
+            QVERIFY(searches.heard.isEmpty());
             QTest::keyClick(form.close, key);
             QCOMPARE(searches.heard, QStringList({"-", "-"}));
             QVERIFY(form.edit->hasFocus()); // the button has gone
@@ -264,14 +273,12 @@ private Q_SLOTS:
 
     void screenReader()
     {
-        CBPSearchEdit edit(nullptr);
-        auto *close = edit.findChild<QToolButton *>("btnClose");
-        QCOMPARE(spokenName(edit.findChild<QToolButton *>("btnSearch")), QString("Search"));
-        QCOMPARE(spokenName(close), QString("Clear"));
-        edit.setText("abc");
-        click(close, Click::Tool);
-        QCOMPARE(edit.text(), QString());
         Form form;
+        QCOMPARE(spokenName(form.search), QString("Search"));
+        QCOMPARE(spokenName(form.close), QString("Clear"));
+        form.edit->setText("abc");
+        click(form.close, Click::Tool);
+        QCOMPARE(form.edit->text(), QString());
         QLabel label("Find", &form.window);
         for (const char *name : {"Search", "People", "Find"}) {
             form.edit->setPlaceholderText(name[0] == 'S' ? "" : "People");
@@ -280,6 +287,9 @@ private Q_SLOTS:
             QCOMPARE(spokenName(form.edit), QString(name));
             form.window.hide();
         }
+        form.edit->setAccessibleName("The application's");
+        form.window.show();
+        QCOMPARE(spokenName(form.edit), QString("The application's"));
     }
 
     void completers()
