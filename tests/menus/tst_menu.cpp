@@ -249,6 +249,38 @@ private slots:
         }
     }
 
+    // In a menu that is open.
+    void settingsShowAtOnce()
+    {
+        CBPMenu menu;
+        fill(menu, 2);
+        QVERIFY(open(menu));
+        const QVector<QString> images(4, m_stage.picture("red"));
+        const std::function<void()> settings[] = {
+            [&] { menu.SetSpacing(9); },
+            [&] { menu.SetDefIconWidth(9); },
+            [&] { menu.setSeparatorRectHeight(9); },
+            [&] { menu.setSeparatorRectHeight(10); }, // the sheet is there already
+            [&] { menu.setSeparatorHeight(9); },
+            [&] { menu.SetMenuBottomHeight(9); },
+            [&] { menu.SetBorder(9, 9, 9, 9); },
+            [&] { menu.SetBordRadios(9); },
+            [&] { menu.SetBorderInfo(9, Qt::red); },
+            [&] { menu.SetFont("Sans", 20); },
+            [&] { menu.setTextColor(Qt::red); },
+            [&] { menu.setBg({Qt::green}); },
+            [&] { menu.SetSubMenuRightIcon(images.first()); },
+            [&] { menu.SetActionSpecialFlag(1, true, QString()); },
+            [&] { menu.SetActionRes(1, images); },
+            [&] { menu.SetSubLeveMennu(); }};
+        for (const auto &set : settings) {
+            QCoreApplication::processEvents();
+            EventCounter paints(&menu, {QEvent::Paint});
+            set();
+            AWAIT(paints.count > 0);
+        }
+    }
+
     void deletedWhileOpen()
     {
         for (const QString by : {"hovered", "triggered", "call", "exec()"}) {
@@ -311,12 +343,15 @@ private slots:
         menu.repaint(itemRect(menu, 3).adjusted(0, 1, 0, -1));
         QCOMPARE(looked, 1);
 
-        const auto arrow = [&menu](int y) {
-            return colorAt(menu, QPoint(menu.width() / 2, y)) == QColor(Qt::white);
+        // How much wider an arrow is above this height than below it: more than nothing where it points down.
+        const auto narrows = [&menu](int y) {
+            const QImage image = menu.grab().toImage();
+            return boxOf(image.copy(0, y - 1, menu.width(), 1), Qt::white).width() -
+                   boxOf(image.copy(0, y + 1, menu.width(), 1), Qt::white).width();
         };
-        QVERIFY(arrow(menu.height() - 6) && !arrow(5));
+        QVERIFY(narrows(menu.height() - 6) > 0 && narrows(5) == 0);
         QTest::keyClick(&menu, Qt::Key_End);
-        QVERIFY(arrow(5) && !arrow(menu.height() - 6));
+        QVERIFY(narrows(5) < 0 && narrows(menu.height() - 6) == 0);
         QCOMPARE(itemColor(menu, 499), kHover);
     }
 

@@ -358,6 +358,8 @@ private slots:
             CBPComboxItem *row = list.at(index);
             QCOMPARE(list.focusWidget(), row);
             QCOMPARE(row->visibleRegion().boundingRect(), row->rect());
+            for (CBPComboxItem *other : list.pathItems()) // the Tab key comes back to it
+                QCOMPARE(bool(other->focusPolicy() & Qt::TabFocus), other == row);
         }
         CBPComboxItem *row = list.at(17);
         sendFocus(*row, QEvent::FocusIn);
