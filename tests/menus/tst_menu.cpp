@@ -25,6 +25,11 @@ struct CountingEngine : QIconEngine
     }
 };
 
+// Settings that are a number of pixels.
+void (CBPMenu::*const kNumbers[])(int) = {&CBPMenu::SetSpacing, &CBPMenu::SetDefIconWidth,
+                                          &CBPMenu::setSeparatorRectHeight, &CBPMenu::setSeparatorHeight,
+                                          &CBPMenu::SetMenuBottomHeight};
+
 // Moves the pointer about in the item until the menu has noticed: it takes no notice of the first move. Some
 // styles make a disabled item the active one, others none.
 void moveTo(QMenu &menu, int index)
@@ -232,10 +237,9 @@ private slots:
                 if (nested)
                     menu.SetSubLeveMennu();
                 menu.SetActionSpecialFlag(1, true, QString());
-                for (const auto set : {&CBPMenu::SetSpacing, &CBPMenu::SetDefIconWidth,
-                                       &CBPMenu::SetMenuFontSize, &CBPMenu::setSeparatorRectHeight,
-                                       &CBPMenu::setSeparatorHeight, &CBPMenu::SetMenuBottomHeight})
+                for (const auto set : kNumbers)
                     (menu.*set)(number);
+                menu.SetMenuFontSize(number);
                 menu.SetBorder(number, number, number, number);
                 menu.SetBordRadios(number);
                 menu.SetBorderInfo(number, Qt::red);
@@ -256,24 +260,20 @@ private slots:
         fill(menu, 2);
         QVERIFY(open(menu));
         const QVector<QString> images(4, m_stage.picture("red"));
-        const std::function<void()> settings[] = {
-            [&] { menu.SetSpacing(9); },
-            [&] { menu.SetDefIconWidth(9); },
-            [&] { menu.setSeparatorRectHeight(9); },
-            [&] { menu.setSeparatorRectHeight(10); }, // the sheet is there already
-            [&] { menu.setSeparatorHeight(9); },
-            [&] { menu.SetMenuBottomHeight(9); },
-            [&] { menu.SetBorder(9, 9, 9, 9); },
-            [&] { menu.SetBordRadios(9); },
-            [&] { menu.SetBorderInfo(9, Qt::red); },
-            [&] { menu.SetFont("Sans", 20); },
-            [&] { menu.setTextColor(Qt::red); },
-            [&] { menu.setBg({Qt::green}); },
-            [&] { menu.SetSubMenuRightIcon(images.first()); },
-            [&] { menu.SetActionSpecialFlag(1, true, QString()); },
-            [&] { menu.SetActionRes(1, images); },
-            [&] { menu.SetSubLeveMennu(); }};
-        for (const auto &set : settings) {
+        menu.setSeparatorRectHeight(8); // with its sheet
+        QVector<std::function<void()>> settings{[&] { menu.SetBorder(9, 9, 9, 9); },
+                                                [&] { menu.SetBordRadios(9); },
+                                                [&] { menu.SetBorderInfo(9, Qt::red); },
+                                                [&] { menu.SetFont("Sans", 20); },
+                                                [&] { menu.setTextColor(Qt::red); },
+                                                [&] { menu.setBg({Qt::green}); },
+                                                [&] { menu.SetSubMenuRightIcon(images.first()); },
+                                                [&] { menu.SetActionSpecialFlag(1, true, QString()); },
+                                                [&] { menu.SetActionRes(1, images); },
+                                                [&] { menu.SetSubLeveMennu(); }};
+        for (const auto number : kNumbers)
+            settings << [&menu, number] { (menu.*number)(9); };
+        for (const auto &set : qAsConst(settings)) {
             QCoreApplication::processEvents();
             EventCounter paints(&menu, {QEvent::Paint});
             set();

@@ -117,8 +117,9 @@ private slots:
         QCOMPARE(labelOf(&row, 0)->x(), 2);
         QCOMPARE(pathLabel(&row)->x(), labelOf(&row, 0)->geometry().right() + 1);
         QCOMPARE(labelOf(&row, 2)->x(), pathLabel(&row)->geometry().right() + 1 + 6);
-        for (const bool hovered : {false, true, false}) {
-            sendEvent(row, hovered ? QEvent::Enter : QEvent::Leave);
+        for (const QEvent::Type type : {QEvent::None, QEvent::Enter, QEvent::Leave}) {
+            const bool hovered = type == QEvent::Enter;
+            sendEvent(row, type);
             QCOMPARE(grabbedAt(row, 1, 1), hovered ? kHover : QColor(Qt::white));
             QCOMPARE(button->isVisibleTo(&row), hovered);
             const QRect place(button->mapTo(&row, QPoint()), button->size());
