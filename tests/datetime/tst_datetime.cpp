@@ -428,6 +428,16 @@ private slots:
             QVERIFY2(known.match(textsOf(locale).last()).hasMatch(), qPrintable(locale.name()));
         QVERIFY(!Settings::_GetSystemLocaleInfo(0x1F, 0x400).empty());
         QVERIFY(Settings::_GetSystemLocaleInfo(0x59, 0x400).empty());
+        // What else stands in for Windows' answers.
+        const auto &system = lumqt::platform::answers();
+        QCOMPARE(QSize(system.frameWidth(nullptr), system.captionHeight(nullptr)), QSize(4, 19));
+        QCOMPARE(system.workArea(), QGuiApplication::primaryScreen()->availableGeometry());
+        QVERIFY(system.composited() || QGuiApplication::platformName() == "xcb");
+        const QTemporaryDir folder;
+        QSettings::setPath(QSettings::NativeFormat, QSettings::SystemScope, folder.path());
+        QCOMPARE(system.interfaceLanguage(), QString("English"));
+        QSettings(QSettings::SystemScope, "TALVEX", "Lumora").setValue("Language", "Polski");
+        QCOMPARE(system.interfaceLanguage(), QString("Polski"));
 #endif
     }
 
