@@ -1,5 +1,4 @@
 #include "Acts.h"
-#include "Await.h"
 #include "CBPDateSelector.h"
 #include "CBPImageButton.h"
 #include "CBPTipWnd.h"
@@ -28,20 +27,6 @@ namespace {
 
 const QColor kFrame(215, 215, 215);
 const QColor kAccent(lumqt::kAccent);
-
-// Keys of a test come faster than any person's, while an X window manager still busies itself with the window
-// that has just opened: now and then Qt and the server come to differ about the focus. A third window settles
-// it; what is looked at after is which widget the window remembers.
-bool becomesActive(QWidget &window)
-{
-    if (awaited([&] { return window.isActiveWindow(); }, 250))
-        return true;
-    QWidget third;
-    third.setGeometry(900, 600, 100, 100);
-    showActive(third);
-    window.activateWindow();
-    return awaited([&] { return window.isActiveWindow(); });
-}
 
 // A window with a selector on the seventh of March 2024 and something else to go to.
 struct Scene

@@ -406,10 +406,13 @@ private slots:
             QCOMPARE(textsOf(QLocale(locale)).join('|'), texts);
         // None falls back to a clock of twelve hours that it does not have.
         const QRegularExpression known("^(tt hh?|HH?)[:.]mm[:.]ss$|^hh?[:.]mm[:.]ss tt$");
+        const QRegularExpression numbers("^(d+|M+|y+)[^a-zA-Z]+(d+|M+|y+)[^a-zA-Z]+(d+|M+|y+)\\W*$");
         const auto all =
             QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyCountry);
         for (const QLocale &locale : all)
-            QVERIFY2(known.match(textsOf(locale).last()).hasMatch(), qPrintable(locale.name()));
+            QVERIFY2(known.match(textsOf(locale).last()).hasMatch() &&
+                         numbers.match(textsOf(locale).at(2)).hasMatch(),
+                     qPrintable(locale.name() + ": " + textsOf(locale).join('|')));
         QVERIFY(!Settings::_GetSystemLocaleInfo(0x1F, 0x400).empty());
         QVERIFY(Settings::_GetSystemLocaleInfo(0x59, 0x400).empty());
         // What else stands in for Windows' answers.
