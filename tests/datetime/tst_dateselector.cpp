@@ -1,5 +1,4 @@
 #include "Acts.h"
-#include "Await.h"
 #include "CBPDateSelector.h"
 #include "CBPImageButton.h"
 #include "CBPTipWnd.h"
@@ -28,20 +27,6 @@ namespace {
 
 const QColor kFrame(215, 215, 215);
 const QColor kAccent(lumqt::kAccent);
-
-// Keys of a test come faster than any person's, while an X window manager still busies itself with the window
-// that has just opened: now and then Qt and the server come to differ about the focus. A third window settles
-// it; what is looked at after is which widget the window remembers.
-bool becomesActive(QWidget &window)
-{
-    if (awaited([&] { return window.isActiveWindow(); }, 250))
-        return true;
-    QWidget third;
-    third.setGeometry(900, 600, 100, 100);
-    showActive(third);
-    window.activateWindow();
-    return awaited([&] { return window.isActiveWindow(); });
-}
 
 // A window with a selector on the seventh of March 2024 and something else to go to.
 struct Scene
@@ -283,6 +268,8 @@ private slots:
             sendEvent(selector, QEvent::Enter);
             QCOMPARE(grabbedAt(selector, 0, 9), QColor(lumqt::kFieldFrameHovered));
             QCOMPARE(edit->alignment() & Qt::AlignHorizontal_Mask, Qt::AlignHCenter);
+            selector.setEnabled(false);
+            QCOMPARE(grabbedAt(selector, 0, 9), kFrame);
         }
     }
 
@@ -323,38 +310,78 @@ private slots:
     {
         Scene scene;
         scene.open();
-        const QCalendarWidget *calendar = scene.calendar();
-        for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday})
-            QCOMPARE(calendar->weekdayTextFormat(day).foreground().color(), QColor(253, 123, 0));
-        QVERIFY(!calendar->isGridVisible() &&
-                calendar->verticalHeaderFormat() == QCalendarWidget::NoVerticalHeader);
+        QCalendarWidget *calendar = scene.calendar();
         auto *year = calendar->findChild<QSpinBox *>("qt_calendar_yearedit");
         QVERIFY(!year->findChild<QLineEdit *>("qt_spinbox_lineedit")->isEnabled());
         QVERIFY(year->isEnabled());
-        for (const char *name : {"prevmonth", "nextmonth"}) {
+        for (const char *name : {"prevmonth", "nextmonth", "monthbutton", "yearbutton"}) {
             QToolButton *button = scene.barButton(name);
-            const QString file = QString("../res/calendar_%1.png").arg(QString(name).left(4));
-            QCOMPARE(button->icon().pixmap(16, 16).toImage().pixelColor(5, 8), QImage(file).pixelColor(5, 8));
+            const int text = button->fontMetrics().horizontalAdvance(button->text());
+            const bool isMonth = button->menu();
+            QCOMPARE(button->size(), QSize(text == 0 ? 28 : text + 16 + (isMonth ? 14 : 0), 28));
+            if (isMonth) // its triangle
+                QCOMPARE(inkOf(pictureOf(*button, 1).copy(text + 13, 0, 17, 28)), QRect(2, 12, 6, 3));
+            QVector<QColor> tiles{pictureOf(*button, 1).pixelColor(4, 4)};
+            sendEvent(*button, QEvent::Enter);
+            tiles << pictureOf(*button, 1).pixelColor(4, 4);
+            button->setDown(true);
+            tiles << pictureOf(*button, 1).pixelColor(4, 4);
+            QCOMPARE(tiles, QVector<QColor>({Qt::white, QColor(211, 231, 250), QColor(187, 217, 248)}));
         }
+        QCOMPARE(scene.barButton("prevmonth")->pos(), QPoint(4, 6));
+        QCOMPARE(scene.barButton("nextmonth")->pos(), QPoint(252 - 4 - 28, 6));
+        const QImage months = scene.barButton("monthbutton")->menu()->grab().toImage();
+        QCOMPARE(boxOf(months, QColor(0xa3, 0xc8, 0xff)), months.rect());
+        QCOMPARE(months.pixelColor(2, 2), QColor(Qt::white));
         for (QWidget *part : calendar->findChildren<QWidget *>())
             QVERIFY(part->focusPolicy() == Qt::NoFocus || !spokenName(part).isEmpty());
 
-        // The selected day is a tile of the accent, and a day under the pointer has one, too.
+        // The selected day is a tile of the accent, within the ring of the focus, and a day under the pointer
+        // has one, too.
         QWidget *days = scene.view()->viewport();
-        const auto corner = [&](int day) {
-            return days->grab().toImage().pixelColor(scene.dayAt(day) + QPoint(-10, -6));
+        QCOMPARE(days->size(), QSize(7 * 36, 7 * 30));
+        const auto cell = [&](const QModelIndex &index) {
+            return days->grab(scene.view()->visualRect(index)).toImage();
         };
-        QCOMPARE(corner(7), kAccent);
-        QCOMPARE(corner(20), QColor(Qt::white));
-        for (const int day : {20, 21}) {
-            QMouseEvent move(QEvent::MouseMove, scene.dayAt(day), Qt::NoButton, Qt::NoButton, {});
+        const auto day = [&](int number) { return cell(scene.view()->indexAt(scene.dayAt(number))); };
+        QCOMPARE(boxOf(day(7), kAccent), QRect(4, 4, 28, 22));
+        scene.barButton("nextmonth")->setFocus();
+        QCOMPARE(boxOf(day(7), kAccent), QRect(1, 1, 34, 28));
+        const auto plain = [](const QString &number, const QColor &color) {
+            QPixmap expected(36, 30);
+            expected.fill(Qt::white);
+            QPainter painter(&expected);
+            painter.setFont(lumqt::uiFont(lumqt::NormalWeight, 13));
+            painter.setPen(color);
+            painter.drawText(QRect(1, 1, 34, 28), Qt::AlignCenter | Qt::TextSingleLine, number);
+            return expected.toImage();
+        };
+        calendar->setMinimumDate(QDate(2024, 3, 5));
+        QCOMPARE(day(4), plain("4", QColor(180, 188, 198))); // out of range
+        QCOMPARE(day(20), plain("20", QColor(34, 42, 62)));
+        QCOMPARE(day(23), plain("23", QColor(253, 123, 0)));
+        const QModelIndex last = scene.view()->model()->index(6, 6); // of the next month
+        QCOMPARE(cell(last), plain(last.data().toString(), QColor(103, 114, 128)));
+        for (const int under : {4, 20, 21}) {
+            QMouseEvent move(QEvent::MouseMove, scene.dayAt(under), Qt::NoButton, Qt::NoButton, {});
             QCoreApplication::sendEvent(days, &move);
-            QCOMPARE(corner(20) != QColor(Qt::white), day == 20);
+            for (const int number : {4, 20})
+                QCOMPARE(day(number).pixelColor(8, 6) == QColor(220, 236, 252), under == 20 && number == 20);
         }
+        const QDate today = QDate::currentDate();
+        calendar->setSelectedDate(today.addDays(today.day() == 1 ? 1 : -1));
+        QVERIFY(boxOf(day(today.day()), kAccent) == QRect(1, 1, 34, 28) || today != QDate::currentDate());
+        calendar->setSelectedDate(QDate(2024, 3, 7));
 
         // Stepping the year is given up first, then the calendar closes.
         QTest::mouseClick(scene.barButton("yearbutton"), Qt::LeftButton);
         AWAIT(year->hasFocus());
+        QCOMPARE(year->sizeHint().width(), year->fontMetrics().horizontalAdvance("2099 ") + 28);
+        const QRect inner = year->rect().adjusted(2, 2, -2, -2); // the ring lies around it
+        QCOMPARE(year->findChild<QLineEdit *>()->geometry(), inner.adjusted(0, 0, -14, 0));
+        const QImage steps = pictureOf(*year, 1).copy(inner.right() - 13, inner.top() + 2, 12, 20);
+        QCOMPARE(inkOf(steps.copy(0, 0, 12, 10)), QRect(4, 3, 6, 3));
+        QCOMPARE(inkOf(steps.copy(0, 10, 12, 10)), QRect(4, 4, 6, 3));
         for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Escape})
             QTest::keyClick(year, key);
         QVERIFY(!year->isVisible() && scene.tip()->isVisible() && scene.view()->hasFocus());

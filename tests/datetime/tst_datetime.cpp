@@ -98,34 +98,32 @@ private slots:
 
     void dateFormats()
     {
-        // Pattern; format, normalised pattern, counts, the seventh of March 2024.
-        const std::pair<QString, QString> rows[] = {{"yy/M/d", "1 yy-M-d 2 1 1 24/03/07"},
-                                                    {"yy-MM-dd", "2 yy-MM-dd 2 2 2 24/03/07"},
-                                                    {"yyyy/M/d", "3 yyyy-M-d 4 1 1 2024/03/07"},
-                                                    {"yyyy.MM.d", "4 yyyy-MM-d 4 2 1 2024/03/07"},
-                                                    {"yyyy-MM-dd", "5 yyyy-MM-dd 4 2 2 2024/03/07"},
-                                                    {"M/d/yyyy", "6 M-d-yyyy 4 1 1 03/07/2024"},
-                                                    {"M/d/yy", "7 M-d-yy 2 1 1 03/07/24"},
-                                                    {"MM dd yyyy", "8 MM-dd-yyyy 4 2 2 03/07/2024"},
-                                                    {"d.MM.yyyy", "9 d-MM-yyyy 4 2 1 07/03/2024"},
-                                                    {"d/M/yy", "10 d-M-yy 2 1 1 07/03/24"},
-                                                    {"dd.MM.yy", "11 dd-MM-yy 2 2 2 07/03/24"},
-                                                    {"dd.MM.yyyy", "12 dd-MM-yyyy 4 2 2 07/03/2024"},
-                                                    {"d/M/yyyy", "6 M-D-YYYY 4 1 1 03/07/2024"},
-                                                    {"yy\u5e74M", "6 M-D-YYYY 4 1 1 03/07/2024"},
-                                                    {"", "6 M-D-YYYY 4 1 1 03/07/2024"}};
+        // Pattern; format, normalised pattern, counts. All others are read as the sixth.
+        const std::pair<QString, QString> rows[] = {
+            {"yy/M/d", "1 yy-M-d 2 1 1"},         {"yy-MM-dd", "2 yy-MM-dd 2 2 2"},
+            {"yyyy/M/d", "3 yyyy-M-d 4 1 1"},     {"yyyy.MM.d", "4 yyyy-MM-d 4 2 1"},
+            {"yyyy-MM-dd", "5 yyyy-MM-dd 4 2 2"}, {"M/d/yyyy", "6 M-d-yyyy 4 1 1"},
+            {"M/d/yy", "7 M-d-yy 2 1 1"},         {"MM dd yyyy", "8 MM-dd-yyyy 4 2 2"},
+            {"d.MM.yyyy", "9 d-MM-yyyy 4 2 1"},   {"d/M/yy", "10 d-M-yy 2 1 1"},
+            {"dd.MM.yy", "11 dd-MM-yy 2 2 2"},    {"dd.MM.yyyy", "12 dd-MM-yyyy 4 2 2"},
+            {"d/M/yyyy", "6 M-D-YYYY 4 1 1"},     {"M\u6708d", "6 M-D-YYYY 4 1 1"}};
         for (const auto &[pattern, expected] : rows) {
             Settings::forget();
             live(pattern, QString(), "/", QString());
-            QStringList got{QString::number(IBPDateTime::GetSystemDateFormat()),
-                            text(IBPDateTime::GetStringDateFormat())};
-            for (const auto count : {&IBPDateTime::GetSystemYearCounts, &IBPDateTime::GetSystemMonthCounts,
-                                     &IBPDateTime::GetSystemDayCounts})
-                got << QString::number(count());
+            const int format = IBPDateTime::GetSystemDateFormat();
+            QCOMPARE(QString("%1 %2 %3 %4 %5")
+                         .arg(format)
+                         .arg(text(IBPDateTime::GetStringDateFormat()))
+                         .arg(IBPDateTime::GetSystemYearCounts())
+                         .arg(IBPDateTime::GetSystemMonthCounts())
+                         .arg(IBPDateTime::GetSystemDayCounts()),
+                     expected);
+            // The seventh of March 2024, by year, by month or by day first.
+            const QString year = IBPDateTime::GetSystemYearCounts() == 2 ? "24" : "2024";
+            const QString date = format < 6 ? "%1/03/07" : format < 9 ? "03/07/%1" : "07/03/%1";
             std::string written;
             QVERIFY(IBPDateTime::TransSystemDateToString({2024, 3, 7, 0, 0, 0, 0}, written));
-            got << text(written);
-            QCOMPARE(got.join(' '), expected);
+            QCOMPARE(text(written), date.arg(year));
             _BPDateTime read;
             Settings::forget(); // reading alone finds out the order, too
             QVERIFY(IBPDateTime::TransSystemDateFromString(read, written));
@@ -135,25 +133,23 @@ private slots:
 
     void timeFormats()
     {
-        // Pattern; format, letters of the hour, without and with seconds.
-        const std::pair<QString, QString> rows[] = {{"tt h:mm:ss", "1 1 tt h:mm tt h:mm:ss"},
-                                                    {"H.mm.ss", "2 1 H:mm H:mm:ss"},
-                                                    {"tt hh-mm-ss", "3 2 tt hh:mm tt hh:mm:ss"},
-                                                    {"HH:mm:ss", "4 2 HH:mm HH:mm:ss"},
-                                                    {"h:mm:ss tt", "5 1 h:mm tt h:mm:ss tt"},
-                                                    {"hh:mm:ss tt", "6 2 hh:mm tt hh:mm:ss tt"},
-                                                    {"HH'h'mm", "1 1 h:mm tt h:mm:ss tt"},
-                                                    {"h:mm:ss\u00a0tt", "1 1 h:mm tt h:mm:ss tt"},
-                                                    {"", "1 1 h:mm tt h:mm:ss tt"}};
+        // Pattern; format, letters of the hour, pattern with seconds.
+        const std::pair<QString, QString> rows[] = {
+            {"tt h:mm:ss", "1 1 tt h:mm:ss"},   {"H.mm.ss", "2 1 H:mm:ss"},
+            {"tt hh-mm-ss", "3 2 tt hh:mm:ss"}, {"HH:mm:ss", "4 2 HH:mm:ss"},
+            {"h:mm:ss tt", "5 1 h:mm:ss tt"},   {"hh:mm:ss tt", "6 2 hh:mm:ss tt"},
+            {"HH'h'mm", "1 1 h:mm:ss tt"},      {"h:mm\u00a0tt", "1 1 h:mm:ss tt"}};
         for (const auto &[pattern, expected] : rows) {
             Settings::forget();
             live(QString(), pattern, QString(), QString());
-            const QString shortPattern = text(IBPDateTime::GetStringTimeFormat(false));
-            QCOMPARE(QString("%1 %2 %3 %4")
-                         .arg(IBPDateTime::GetSystemTimeFormat())
-                         .arg(IBPDateTime::GetSystemHourCounts())
-                         .arg(shortPattern, text(IBPDateTime::GetStringTimeFormat(true))),
+            const QString withoutSeconds = text(IBPDateTime::GetStringTimeFormat(false));
+            const QString whole = text(IBPDateTime::GetStringTimeFormat(true));
+            QCOMPARE(QString("%1 %2 ")
+                             .arg(IBPDateTime::GetSystemTimeFormat())
+                             .arg(IBPDateTime::GetSystemHourCounts()) +
+                         whole,
                      expected);
+            QCOMPARE(withoutSeconds, QString(whole).remove(":ss"));
             // Whatever the format, with the separator that stands for a missing one.
             std::string written;
             QVERIFY(IBPDateTime::TransSystemTimeToString({0, 0, 0, 23, 5, 9, 0}, written, true));
@@ -191,15 +187,16 @@ private slots:
 
     void dateToText()
     {
+        // What has no text is refused.
         const std::tuple<_BPDateTime, std::string, std::string> rows[] = {
             {{2024, 0, 1}, "", ""},
-            {{2024, 13, 1}, "", ""}, // no text: refused
+            {{2024, 13, 1}, "", ""},
             {{2024, 1, 0}, "", ""},
             {{2024, 1, 32}, "", ""},
             {{2023, 2, 31}, "", "2023-02-31"},
             {{0, 1, 1}, "", "0000-01-01"},
             {{65535, 12, 31}, "", "65535-12-31"},
-            {{2024, 3, 7}, "\u5e74", "2024\u5e7403\u5e7407"}};
+            {{24, 3, 7}, "\u5e74", "0024\u5e7403\u5e7407"}};
         for (const auto &[date, separator, text] : rows) {
             std::string written = "as it was";
             QCOMPARE(IBPDateTime::TransSystemDateToString(date, written, separator), !text.empty());
@@ -209,42 +206,37 @@ private slots:
 
     void textToDate()
     {
-        // Year, month, day, day of the week; none: refused.
+        // Year, month, day, day of the week.
         const std::pair<std::string, QString> rows[] = {
-            {"2024-02-29", "2024 2 29 4"},
-            {"2024-02-30", "2024 2 30 9"},
-            {"2024-03-10", "2024 3 10 7"},
-            {"24/3/7", "24 3 7 4"},
-            {"-5 -6 +7 ", "5 6 7 2"},
-            {"x12y3z2024", "12 3 2024 9"},
-            {"2024\u5e743\u67087", "2024 3 7 4"},
-            {std::string("24\0\0003\0007", 7), "24 3 7 4"},
-            {"65535-12-31", "65535 12 31 2"},
-            {"65536-4294967297-1", "65535 65535 1 9"},
-            {"2147483647 2147483648 1", "65535 65535 1 9"},
-            {"99999999999999999999-1-1", "65535 1 1 2"},
-            {"", ""},
-            {"1/2", ""},
-            {"1/2/3/4", ""},
-            {"\uff11-\uff12-\uff13", ""}}; // digits of another script
+            {"2024-02-29", "2024 2 29 4"},   {"2024\u5e743\u67087", "2024 3 7 4"},
+            {"2024-02-30", "2024 2 30 9"},   {std::string("24\0003\0007", 6), "24 3 7 4"},
+            {"2024-03-10", "2024 3 10 7"},   {"65536-4294967297-1", "65535 65535 1 9"},
+            {"-5 -6 +2024 ", "5 6 2024 9"},  {"2147483647 2147483648 1", "65535 65535 1 9"},
+            {"x12y3z2024", "12 3 2024 9"},   {"99999999999-1-1", "65535 1 1 2"},
+            {"65535-12-31", "65535 12 31 2"}};
+        _BPDateTime dt;
         for (const auto &[text, fields] : rows) {
-            _BPDateTime dt{1, 2, 3, 4, 5, 6, 9};
-            QCOMPARE(IBPDateTime::TransSystemDateFromString(dt, text), !fields.isEmpty());
-            QCOMPARE(QString::asprintf("%d %d %d %d", dt.wYear, dt.wMonth, dt.wDay, dt.wDayOfWeek),
-                     fields.isEmpty() ? "1 2 3 9" : fields);
+            dt = {1, 2, 3, 4, 5, 6, 9};
+            QVERIFY(IBPDateTime::TransSystemDateFromString(dt, text));
+            QCOMPARE(QString::asprintf("%d %d %d %d", dt.wYear, dt.wMonth, dt.wDay, dt.wDayOfWeek), fields);
             QVERIFY(dt.wHour == 4 && dt.wMinute == 5 && dt.wSecond == 6);
         }
+        dt = {1, 2, 3, 4, 5, 6, 9};
+        for (const char *refused : {"", "1/2", "1/2/3/4", "\uff11-\uff12-\uff13"}) // digits of another script
+            QVERIFY2(!IBPDateTime::TransSystemDateFromString(dt, refused), refused);
+        QCOMPARE(shown(dt), QString("1-2-3 4:5:6 (9)"));
     }
 
     void timeToText()
     {
+        // What has no text is refused.
         const std::tuple<_BPDateTime, bool, std::string, std::string> rows[] = {
             {{0, 0, 0, 23, 5, 9}, true, "", "23:05:09"},
             {{0, 0, 0, 23, 5, 9}, false, "", "23:05"},
             {{}, true, " h ", "00 h 00 h 00"},
             {{0, 0, 0, 23, 59, 59}, true, "\u00b7", "23\u00b759\u00b759"},
             {{0, 0, 0, 24, 0, 0}, true, "", ""},
-            {{0, 0, 0, 0, 60, 0}, true, "", ""}, // refused
+            {{0, 0, 0, 0, 60, 0}, true, "", ""},
             {{0, 0, 0, 0, 0, 60}, false, "", ""}};
         for (const auto &[time, withSecond, separator, text] : rows) {
             std::string written = "as it was";
@@ -414,12 +406,25 @@ private slots:
             QCOMPARE(textsOf(QLocale(locale)).join('|'), texts);
         // None falls back to a clock of twelve hours that it does not have.
         const QRegularExpression known("^(tt hh?|HH?)[:.]mm[:.]ss$|^hh?[:.]mm[:.]ss tt$");
+        const QRegularExpression numbers("^(d+|M+|y+)[^a-zA-Z]+(d+|M+|y+)[^a-zA-Z]+(d+|M+|y+)\\W*$");
         const auto all =
             QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyCountry);
         for (const QLocale &locale : all)
-            QVERIFY2(known.match(textsOf(locale).last()).hasMatch(), qPrintable(locale.name()));
+            QVERIFY2(known.match(textsOf(locale).last()).hasMatch() &&
+                         numbers.match(textsOf(locale).at(2)).hasMatch(),
+                     qPrintable(locale.name() + ": " + textsOf(locale).join('|')));
         QVERIFY(!Settings::_GetSystemLocaleInfo(0x1F, 0x400).empty());
         QVERIFY(Settings::_GetSystemLocaleInfo(0x59, 0x400).empty());
+        // What else stands in for Windows' answers.
+        const auto &system = lumqt::platform::answers();
+        QCOMPARE(QSize(system.frameWidth(nullptr), system.captionHeight(nullptr)), QSize(4, 19));
+        QCOMPARE(system.workArea(), QGuiApplication::primaryScreen()->availableGeometry());
+        QVERIFY(system.composited() || QGuiApplication::platformName() == "xcb");
+        const QTemporaryDir folder;
+        QSettings::setPath(QSettings::NativeFormat, QSettings::SystemScope, folder.path());
+        QCOMPARE(system.interfaceLanguage(), QString("English"));
+        QSettings(QSettings::SystemScope, "TALVEX", "Lumora").setValue("Language", "Polski");
+        QCOMPARE(system.interfaceLanguage(), QString("Polski"));
 #endif
     }
 

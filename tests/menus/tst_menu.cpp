@@ -25,6 +25,11 @@ struct CountingEngine : QIconEngine
     }
 };
 
+// Settings that are a number of pixels.
+void (CBPMenu::*const kNumbers[])(int) = {&CBPMenu::SetSpacing, &CBPMenu::SetDefIconWidth,
+                                          &CBPMenu::setSeparatorRectHeight, &CBPMenu::setSeparatorHeight,
+                                          &CBPMenu::SetMenuBottomHeight};
+
 // Moves the pointer about in the item until the menu has noticed: it takes no notice of the first move. Some
 // styles make a disabled item the active one, others none.
 void moveTo(QMenu &menu, int index)
@@ -232,10 +237,9 @@ private slots:
                 if (nested)
                     menu.SetSubLeveMennu();
                 menu.SetActionSpecialFlag(1, true, QString());
-                for (const auto set : {&CBPMenu::SetSpacing, &CBPMenu::SetDefIconWidth,
-                                       &CBPMenu::SetMenuFontSize, &CBPMenu::setSeparatorRectHeight,
-                                       &CBPMenu::setSeparatorHeight, &CBPMenu::SetMenuBottomHeight})
+                for (const auto set : kNumbers)
                     (menu.*set)(number);
+                menu.SetMenuFontSize(number);
                 menu.SetBorder(number, number, number, number);
                 menu.SetBordRadios(number);
                 menu.SetBorderInfo(number, Qt::red);
@@ -246,6 +250,34 @@ private slots:
                 menu.ResetMenuWidth();
                 QCOMPARE(itemRect(menu, 0).isEmpty(), number < 0);
             }
+        }
+    }
+
+    // In a menu that is open.
+    void settingsShowAtOnce()
+    {
+        CBPMenu menu;
+        fill(menu, 2);
+        QVERIFY(open(menu));
+        const QVector<QString> images(4, m_stage.picture("red"));
+        menu.setSeparatorRectHeight(8); // with its sheet
+        QVector<std::function<void()>> settings{[&] { menu.SetBorder(9, 9, 9, 9); },
+                                                [&] { menu.SetBordRadios(9); },
+                                                [&] { menu.SetBorderInfo(9, Qt::red); },
+                                                [&] { menu.SetFont("Sans", 20); },
+                                                [&] { menu.setTextColor(Qt::red); },
+                                                [&] { menu.setBg({Qt::green}); },
+                                                [&] { menu.SetSubMenuRightIcon(images.first()); },
+                                                [&] { menu.SetActionSpecialFlag(1, true, QString()); },
+                                                [&] { menu.SetActionRes(1, images); },
+                                                [&] { menu.SetSubLeveMennu(); }};
+        for (const auto number : kNumbers)
+            settings << [&menu, number] { (menu.*number)(9); };
+        for (const auto &set : qAsConst(settings)) {
+            QCoreApplication::processEvents();
+            EventCounter paints(&menu, {QEvent::Paint});
+            set();
+            AWAIT(paints.count > 0);
         }
     }
 
@@ -311,12 +343,15 @@ private slots:
         menu.repaint(itemRect(menu, 3).adjusted(0, 1, 0, -1));
         QCOMPARE(looked, 1);
 
-        const auto arrow = [&menu](int y) {
-            return colorAt(menu, QPoint(menu.width() / 2, y)) == QColor(Qt::white);
+        // How much wider an arrow is above this height than below it: more than nothing where it points down.
+        const auto narrows = [&menu](int y) {
+            const QImage image = menu.grab().toImage();
+            return boxOf(image.copy(0, y - 1, menu.width(), 1), Qt::white).width() -
+                   boxOf(image.copy(0, y + 1, menu.width(), 1), Qt::white).width();
         };
-        QVERIFY(arrow(menu.height() - 6) && !arrow(5));
+        QVERIFY(narrows(menu.height() - 6) > 0 && narrows(5) == 0);
         QTest::keyClick(&menu, Qt::Key_End);
-        QVERIFY(arrow(5) && !arrow(menu.height() - 6));
+        QVERIFY(narrows(5) < 0 && narrows(menu.height() - 6) == 0);
         QCOMPARE(itemColor(menu, 499), kHover);
     }
 

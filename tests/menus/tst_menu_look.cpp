@@ -75,7 +75,10 @@ private slots:
         const auto check = [this](const QVector<QString> &files, const QColor &normal,
                                   const QColor &hovered) {
             CBPMenu menu;
-            menu.AddAction(files, QStringLiteral("Text"), QStringLiteral("key"));
+            if (normal == Qt::red)
+                menu.AddAction(files, QStringLiteral("Text"), QStringLiteral("key"));
+            else
+                menu.AddAction(files, QStringLiteral("Text"), QStringLiteral("key"), QSize(1, 1));
             QVERIFY(open(menu));
             const QPoint middle(6 + 5, 20);
             QCOMPARE(colorAt(menu, middle), normal);
@@ -95,6 +98,7 @@ private slots:
         const QString missing = m_stage.picture("missing");
         check({red, green, red, red}, Qt::red, Qt::green);
         check({red, missing, green, green}, Qt::red, Qt::red); // the icon
+        check({missing, green, red, red}, kBody, Qt::green);
         check({red, green, green}, kBody, kHover);
         check(QVector<QString>(4, missing), kBody, kHover);
     }

@@ -117,8 +117,9 @@ private slots:
         QCOMPARE(labelOf(&row, 0)->x(), 2);
         QCOMPARE(pathLabel(&row)->x(), labelOf(&row, 0)->geometry().right() + 1);
         QCOMPARE(labelOf(&row, 2)->x(), pathLabel(&row)->geometry().right() + 1 + 6);
-        for (const bool hovered : {false, true, false}) {
-            sendEvent(row, hovered ? QEvent::Enter : QEvent::Leave);
+        for (const QEvent::Type type : {QEvent::None, QEvent::Enter, QEvent::Leave}) {
+            const bool hovered = type == QEvent::Enter;
+            sendEvent(row, type);
             QCOMPARE(grabbedAt(row, 1, 1), hovered ? kHover : QColor(Qt::white));
             QCOMPARE(button->isVisibleTo(&row), hovered);
             const QRect place(button->mapTo(&row, QPoint()), button->size());
@@ -358,6 +359,8 @@ private slots:
             CBPComboxItem *row = list.at(index);
             QCOMPARE(list.focusWidget(), row);
             QCOMPARE(row->visibleRegion().boundingRect(), row->rect());
+            for (CBPComboxItem *other : list.pathItems()) // the Tab key comes back to it
+                QCOMPARE(bool(other->focusPolicy() & Qt::TabFocus), other == row);
         }
         CBPComboxItem *row = list.at(17);
         sendFocus(*row, QEvent::FocusIn);
@@ -424,23 +427,21 @@ private slots:
     void byteSizes()
     {
         // Number, whether none is told in kilobytes, decimals.
-        const std::tuple<qint64, bool, int, QString> rows[] = {
-            {0, false, 2, "0 Bytes"},
-            {0, true, 2, "0 KB"},
-            {1, true, 2, "1 Bytes"},
-            {-1024, true, 2, "-1024 Bytes"},
-            {1023, false, 2, "1023 Bytes"},
-            {1024, false, 2, "1.00 KB"},
-            {1536, false, 2, "1.50 KB"},
-            {1024 * 1024 - 1, false, 2, "1024.00 KB"},
-            {1024 * 1024, false, 0, "1 MB"},
-            {kGiga, false, 2, "1.00 GB"},
-            {1024 * kGiga - 1, false, 1, "1024.0 GB"},
-            {1024 * kGiga, false, 2, "1.00 TB"},
-            {1536, false, -1, "2 KB"},
-            {1536, false, INT_MAX, "1.50000000000000000 KB"},
-            {LLONG_MAX, false, 2, "8388608.00 TB"},
-            {LLONG_MIN, false, 2, "-9223372036854775808 Bytes"}};
+        const std::tuple<qint64, bool, int, QString> rows[] = {{0, false, 2, "0 Bytes"},
+                                                               {0, true, 2, "0 KB"},
+                                                               {1, true, 2, "1 Bytes"},
+                                                               {-kGiga, true, 2, "-1073741824 Bytes"},
+                                                               {1023, false, 2, "1023 Bytes"},
+                                                               {1024, false, 2, "1.00 KB"},
+                                                               {1536, false, 2, "1.50 KB"},
+                                                               {1024 * 1024 - 1, false, 2, "1024.00 KB"},
+                                                               {1024 * 1024, false, 0, "1 MB"},
+                                                               {kGiga, false, 2, "1.00 GB"},
+                                                               {1024 * kGiga - 1, false, 1, "1024.0 GB"},
+                                                               {1024 * kGiga, false, 2, "1.00 TB"},
+                                                               {1536, false, -1, "2 KB"},
+                                                               {1536, false, 99, "1.50000000000000000 KB"},
+                                                               {LLONG_MAX, false, 2, "8388608.00 TB"}};
         for (const auto &[bytes, zeroAsKilobytes, decimals, text] : rows)
             QCOMPARE(FormatByteSize(bytes, zeroAsKilobytes, decimals), text);
     }

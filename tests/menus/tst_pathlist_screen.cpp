@@ -1,5 +1,4 @@
 #include "Acts.h"
-#include "Await.h"
 #include "CBPComboxItem.h"
 #include "CBPPathDropdWnd.h"
 #include "RealInput.h"
@@ -53,7 +52,7 @@ struct Scene
     {
         const bool hidden = awaited([this] { return !list.isVisible(); });
         window.activateWindow();
-        return hidden && awaited([this] { return window.isActiveWindow(); });
+        return hidden && becomesActive(window);
     }
 };
 

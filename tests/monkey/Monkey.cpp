@@ -16,8 +16,9 @@
 
 namespace {
 
-constexpr int kPause = 2;          // ms from one step to the next
-constexpr int kSettleTime = 30000; // ms in which what was left open must have gone
+constexpr int kPause = 2;         // ms from one step to the next
+constexpr int kSettleTime = 1000; // ms in which something may still open
+constexpr int kCloseTime = 30000; // ms in which what was left open must have gone
 constexpr QSize kLeast(400, 300);
 constexpr QSize kMost(1600, 1200);
 
@@ -60,7 +61,8 @@ void Monkey::start()
 // taken.
 void Monkey::step()
 {
-    if (m_clock.hasExpired(m_time)) {
+    if (m_clock.hasExpired(m_time) && m_visited.size() == pages().size()) {
+        m_leaving.start();
         leave();
         return;
     }
@@ -99,7 +101,7 @@ void Monkey::leave()
         popup->close();
     } else if (QWidget *modal = QApplication::activeModalWidget()) {
         modal->close();
-    } else if (!m_clock.hasExpired(m_time + kSettleTime / 10)) {
+    } else if (!m_leaving.hasExpired(kSettleTime)) {
         m_held = Qt::NoButton;
     } else {
         // What a modal window still blocks, though none is to be seen, says yes and stays.
@@ -109,7 +111,7 @@ void Monkey::leave()
         QApplication::quit(); // whatever is still open goes with what owns it
         return;
     }
-    if (m_clock.hasExpired(m_time + kSettleTime))
+    if (m_leaving.hasExpired(kCloseTime))
         qFatal("A window does not close");
     QTimer::singleShot(10 * kPause, this, &Monkey::leave);
 }
@@ -215,10 +217,12 @@ void Monkey::resizeWindow()
                     kLeast.height() + below(kMost.height() - kLeast.height()));
 }
 
+// Each page once, in their order; after that any.
 void Monkey::changePage()
 {
-    const PageInfo &page = pages().at(below(pages().size()));
-    m_window.showPage(page.id);
-    if (!m_visited.contains(page.id))
-        m_visited << page.id;
+    const int any = below(pages().size());
+    const QString id = pages().at(m_visited.size() < pages().size() ? m_visited.size() : any).id;
+    m_window.showPage(id);
+    if (!m_visited.contains(id))
+        m_visited << id;
 }

@@ -11,8 +11,8 @@
 class GalleryWindow;
 
 // Presses keys and the mouse at random, in whatever window of the gallery takes input, resizes it and goes
-// from page to page, until its time is over; then it leaves every loop. The same seed does the same as far as
-// the timers of the widgets let it.
+// from page to page, until its time is over and it has seen every page; then it leaves every loop. The same
+// seed does the same as far as the timers of the widgets let it.
 class Monkey : public QObject
 {
     Q_OBJECT
@@ -50,6 +50,7 @@ private:
     std::mt19937 m_random;
     const qint64 m_time; // milliseconds
     QElapsedTimer m_clock;
+    QElapsedTimer m_leaving;
     QPointer<QWindow> m_pressedIn;
     QPoint m_at;
     Qt::MouseButtons m_held;
