@@ -1,0 +1,144 @@
+#include "GalleryWindow.h"
+#include "Page.h"
+#include "PageRegistry.h"
+#include "Rows.h"
+#include "Screenshots.h"
+#include "TestMain.h"
+#include "Theme.h"
+
+#include "CBPStyle.h"
+
+#include <QApplication>
+#include <QFontInfo>
+#include <QLabel>
+#include <QPainter>
+#include <QStyleFactory>
+
+#include <memory>
+
+namespace {
+
+const QDir kPictures(QStringLiteral(LUMQT_PAGE_PICTURES));
+constexpr int kShades = 16;
+constexpr int kStep = 256 / kShades;
+// How far a pixel may be from its shade: processors round differently in the last bit or two.
+constexpr int kFarthest = kStep / 2 + 3;
+
+// A page without what moves. Its shades of grey keep the files small; which hue a thing has is a matter of
+// other tests.
+QImage shadesOf(const QImage &picture)
+{
+    return picture.convertToFormat(QImage::Format_RGB32).convertToFormat(QImage::Format_Grayscale8);
+}
+
+// As it is kept: the middle of each pixel's shade.
+QImage keptOf(const QImage &shades)
+{
+    QVector<QRgb> colors;
+    for (int shade = 0; shade < kShades; ++shade)
+        colors << qRgb(shade * 17, shade * 17, shade * 17);
+    QImage kept(shades.size(), QImage::Format_Indexed8);
+    kept.setColorTable(colors);
+    for (int y = 0; y < kept.height(); ++y) {
+        for (int x = 0; x < kept.width(); ++x)
+            kept.scanLine(y)[x] = shades.constScanLine(y)[x] / kStep;
+    }
+    return kept;
+}
+
+// Where a picture differs from the kept one.
+QRegion differences(const QImage &shades, const QImage &kept)
+{
+    QRegion result;
+    for (int y = 0; y < shades.height(); ++y) {
+        const uchar *now = shades.constScanLine(y);
+        const uchar *then = kept.constScanLine(y);
+        for (int x = 0; x < shades.width(); ++x) {
+            if (qAbs(now[x] - (then[x] / 17 * kStep + kStep / 2)) > kFarthest)
+                result += QRect(x, y, 1, 1);
+        }
+    }
+    return result;
+}
+
+} // namespace
+
+// What users see: every page of the gallery, every class in every state, beside the picture of it that a
+// person looked at. Who changes the look on purpose lets LUMQT_RENEW_PICTURES=1 write them anew, and looks at
+// what changed.
+class TestPages : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        if (QGuiApplication::platformName() != QLatin1String("offscreen"))
+            QSKIP("The pictures are those of one platform's letters and frames.");
+        if (QFontInfo(QApplication::font()).family() != QLatin1String("Open Sans"))
+            QSKIP("The fonts of the pictures are not installed.");
+        QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+        CBPStyle::Install();
+        QApplication::setCursorFlashTime(0);
+        theme::setUpColors();
+        m_window = std::make_unique<GalleryWindow>();
+        m_window->show();
+    }
+    void cleanupTestCase() { m_window.reset(); }
+
+    void looksAsBefore_data()
+    {
+        columns<QString>("page");
+        for (const PageInfo &page : pages())
+            row(qPrintable(page.id), page.id);
+    }
+    void looksAsBefore()
+    {
+        QFETCH(QString, page);
+        m_window->showPage(page);
+        // No event loop turns, so that nothing that moves has begun to.
+        QCoreApplication::sendPostedEvents();
+        fitToPage(*m_window);
+        QCoreApplication::sendPostedEvents();
+        QWidget *shown = m_window->page();
+        QPixmap picture = page == pages().first().id ? m_window->grab() : shown->grab();
+        // Waiters are portrayed while they run, by the clock.
+        QPainter painter(&picture);
+        const auto labels = shown->findChildren<QLabel *>();
+        for (const QLabel *label : labels) {
+            if (page == QLatin1String("waiters") && !label->pixmap(Qt::ReturnByValue).isNull())
+                painter.fillRect(QRect(label->mapTo(shown, QPoint()), label->size()), Qt::gray);
+        }
+        painter.end();
+        const QImage shades = shadesOf(picture.toImage());
+        const QString file = page + QStringLiteral(".png");
+        if (qEnvironmentVariableIsSet("LUMQT_RENEW_PICTURES"))
+            QVERIFY(keptOf(shades).save(kPictures.filePath(file), "PNG", 0));
+        const QImage kept = QImage(kPictures.filePath(file)).convertToFormat(QImage::Format_Grayscale8);
+        const QRegion differ =
+            shades.size() == kept.size() ? differences(shades, kept) : QRegion(shades.rect());
+        if (differ.isEmpty())
+            return;
+        QDir().mkpath(QStringLiteral("pages"));
+        const QString seen = QDir(QStringLiteral("pages")).absoluteFilePath(file);
+        picture.save(seen);
+        const QRect area = differ.boundingRect();
+        QFAIL(qPrintable(QStringLiteral("differs within %1,%2 %3x%4 (%5)")
+                             .arg(area.x())
+                             .arg(area.y())
+                             .arg(area.width())
+                             .arg(area.height())
+                             .arg(seen)));
+    }
+
+private:
+    std::unique_ptr<GalleryWindow> m_window;
+};
+
+int main(int argc, char *argv[])
+{
+    qputenv("LC_ALL", "C"); // dates and numbers are written as in the pictures
+    return runTest<TestPages>(argc, argv);
+}
+
+#include "tst_pages.moc"
