@@ -17,6 +17,7 @@ namespace {
 
 const QColor kNothing(1, 2, 3); // what lies below a widget
 const QColor kCell(120, 200, 120);
+const QColor kLine(215, 215, 215);
 const QColor kBand(250, 250, 250);
 
 QImage picture(QWidget &widget, qreal ratio = 1.0)
@@ -67,7 +68,9 @@ QImage gridOf(const QVector<int> &widths, Qt::LayoutDirection direction, bool fi
         box.PackStart(cell(width), false, false, 0, Qt::AlignLeft);
     if (firstDies)
         delete box.layout()->itemAt(0)->widget();
-    box.adjustSize();
+    box.setFixedSize(100, 22);
+    box.ensurePolished();
+    box.layout()->activate();
     return picture(box);
 }
 
@@ -84,6 +87,7 @@ private slots:
         widget.resize(20, 10);
         widget.Show();
         QVERIFY(QTest::qWaitForWindowExposed(&widget));
+        QCOMPARE(boxOf(picture(widget), Qt::white), widget.rect());
         QVERIFY(repaints(widget, [&] { widget.setPen(QPen(Qt::blue)); }));
         QVERIFY(repaints(widget, [&] { widget.setBrush(Qt::NoBrush); }));
         widget.Hide();
@@ -268,6 +272,8 @@ private slots:
     // From the right where the language runs so; a cell that has died has no line behind it.
     void gridLines()
     {
+        // Room behind the last cell stays empty.
+        QVERIFY(boxOf(gridOf({10}, Qt::LeftToRight, false).copy(1, 1, 98, 20), kLine).isEmpty());
         const QImage three = gridOf({10, 20, 30}, Qt::LeftToRight, false);
         QCOMPARE(gridOf({10, 20, 30}, Qt::RightToLeft, false), three.mirrored(true, false));
         QCOMPARE(gridOf({40, 10, 20, 30}, Qt::LeftToRight, true), three);
