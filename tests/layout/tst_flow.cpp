@@ -66,7 +66,6 @@ private slots:
         const QVector<QSize> three(3, QSize(50, 20));
         const std::tuple<QVector<QSize>, int, QVector<QPoint>, int> cases[] = {
             {{}, 100, {}, 6},
-            {three, 126, {{3, 3}, {63, 3}, {3, 30}}, 53}, // the third wraps: room of 120
             {three, 116, {{3, 3}, {3, 30}, {3, 57}}, 80}, // room for the second but for a pixel
             {three, 117, {{3, 3}, {63, 3}, {3, 30}}, 53},
             {three, 2, {{3, 3}, {3, 30}, {3, 57}}, 80},                             // less than the margins
