@@ -6,6 +6,7 @@
 #include <QMap>
 #include <QSet>
 #include <QStyle>
+#include <QTransform>
 
 #include <algorithm>
 #include <map>
@@ -71,21 +72,21 @@ inline int thicknessOf(const QImage &image, const QPoint &middle, const QPoint &
 inline QVector<Line> linesOf(const QImage &picture, int least)
 {
     const QImage image = picture.convertToFormat(QImage::Format_ARGB32);
+    // Columns are read as rows, too: pixels beside each other are read much faster.
+    const QImage turned = image.transformed(QTransform().rotate(90));
     QVector<Line> lines;
-    for (const QPoint &along : {QPoint(1, 0), QPoint(0, 1)}) {
-        const QPoint across = along.transposed();
-        const int length = along.x() ? image.width() : image.height();
-        const int step = along.x() ? 1 : image.width();
-        for (int i = 0; i < image.width() + image.height() - length; ++i) {
-            const auto *pixels =
-                reinterpret_cast<const QRgb *>(image.constBits()) + i * (along.x() ? image.width() : 1);
-            for (int first = 0, at = 1; at <= length; ++at) {
-                if (at < length && pixels[at * step] == pixels[first * step])
+    for (const bool across : {true, false}) {
+        const QImage &rows = across ? image : turned;
+        for (int i = 0; i < rows.height(); ++i) {
+            const auto *pixels = reinterpret_cast<const QRgb *>(rows.constScanLine(i));
+            for (int first = 0, at = 1; at <= rows.width(); ++at) {
+                if (at < rows.width() && pixels[at] == pixels[first])
                     continue;
-                const QPoint middle = (first + at) / 2 * along + i * across;
+                const int half = (first + at) / 2;
+                const QPoint middle = across ? QPoint(half, i) : QPoint(i, rows.width() - 1 - half);
                 if (at - first >= least)
-                    lines << Line{pixels[first * step], middle, at - first, along.x() != 0,
-                                  thicknessOf(image, middle, across)};
+                    lines << Line{pixels[first], middle, at - first, across,
+                                  thicknessOf(image, middle, QPoint(!across, across))};
                 first = at;
             }
         }
