@@ -6,7 +6,6 @@
 #include <QMap>
 #include <QSet>
 #include <QStyle>
-#include <QTransform>
 
 #include <algorithm>
 #include <map>
@@ -72,25 +71,31 @@ inline int thicknessOf(const QImage &image, const QPoint &middle, const QPoint &
 inline QVector<Line> linesOf(const QImage &picture, int least)
 {
     const QImage image = picture.convertToFormat(QImage::Format_ARGB32);
-    // Columns are read as rows, too: pixels beside each other are read much faster.
-    const QImage turned = image.transformed(QTransform().rotate(90));
     QVector<Line> lines;
-    for (const bool across : {true, false}) {
-        const QImage &rows = across ? image : turned;
-        for (int i = 0; i < rows.height(); ++i) {
-            const auto *pixels = reinterpret_cast<const QRgb *>(rows.constScanLine(i));
-            for (int first = 0, at = 1; at <= rows.width(); ++at) {
-                if (at < rows.width() && pixels[at] == pixels[first])
-                    continue;
-                const int half = (first + at) / 2;
-                const QPoint middle = across ? QPoint(half, i) : QPoint(i, rows.width() - 1 - half);
-                if (at - first >= least)
-                    lines << Line{pixels[first], middle, at - first, across,
-                                  thicknessOf(image, middle, QPoint(!across, across))};
-                first = at;
+    const auto add = [&](const QPoint &from, const QPoint &along, int length) {
+        const QPoint middle = from + length / 2 * along;
+        if (length >= least)
+            lines << Line{image.pixel(middle), middle, length, along.x() != 0,
+                          thicknessOf(image, middle, along.transposed())};
+    };
+    // Row by row, also for the lines down the columns: pixels below each other are far apart in memory.
+    QVector<int> tops(image.width());
+    for (int y = 0, width = image.width(); y < image.height(); ++y) {
+        const auto *row = reinterpret_cast<const QRgb *>(image.constScanLine(y));
+        const QRgb *above = y > 0 ? row - width : row;
+        for (int x = 0, left = 0; x < width; ++x) {
+            if (x + 1 == width || row[x + 1] != row[x]) {
+                add(QPoint(left, y), QPoint(1, 0), x + 1 - left);
+                left = x + 1;
+            }
+            if (row[x] != above[x]) {
+                add(QPoint(x, tops[x]), QPoint(0, 1), y - tops[x]);
+                tops[x] = y;
             }
         }
     }
+    for (int x = 0; x < image.width(); ++x)
+        add(QPoint(x, tops[x]), QPoint(0, 1), image.height() - tops[x]);
     return lines;
 }
 
