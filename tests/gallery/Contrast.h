@@ -33,9 +33,6 @@ const QStringList kFixed{
     "CBPDateSelector #d7d7d7 on #ffffff 1.4",    // without the focus
     "CBPDateSelector #d7d7d7 on #f7f9fb 1.4",    // the same, on a panel
     "QCalendarView #fd7b00 on #ffffff 2.6",      // weekend
-    "menu text #ffffff on #4baeb2 2.6",          // hovered
-    "button frame #bce0e2 on #ffffff 1.4",       // hovered
-    "button frame #87c8cc on #ffffff 1.9",       // pressed
 };
 
 inline double luminance(QRgb color)

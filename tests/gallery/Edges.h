@@ -72,24 +72,30 @@ inline QVector<Line> linesOf(const QImage &picture, int least)
 {
     const QImage image = picture.convertToFormat(QImage::Format_ARGB32);
     QVector<Line> lines;
-    for (const QPoint &along : {QPoint(1, 0), QPoint(0, 1)}) {
-        const QPoint across = along.transposed();
-        const int length = along.x() ? image.width() : image.height();
-        const int step = along.x() ? 1 : image.width();
-        for (int i = 0; i < image.width() + image.height() - length; ++i) {
-            const auto *pixels =
-                reinterpret_cast<const QRgb *>(image.constBits()) + i * (along.x() ? image.width() : 1);
-            for (int first = 0, at = 1; at <= length; ++at) {
-                if (at < length && pixels[at * step] == pixels[first * step])
-                    continue;
-                const QPoint middle = (first + at) / 2 * along + i * across;
-                if (at - first >= least)
-                    lines << Line{pixels[first * step], middle, at - first, along.x() != 0,
-                                  thicknessOf(image, middle, across)};
-                first = at;
+    const auto add = [&](const QPoint &from, const QPoint &along, int length) {
+        const QPoint middle = from + length / 2 * along;
+        if (length >= least)
+            lines << Line{image.pixel(middle), middle, length, along.x() != 0,
+                          thicknessOf(image, middle, along.transposed())};
+    };
+    // Row by row, also for the lines down the columns: pixels below each other are far apart in memory.
+    QVector<int> tops(image.width());
+    for (int y = 0, width = image.width(); y < image.height(); ++y) {
+        const auto *row = reinterpret_cast<const QRgb *>(image.constScanLine(y));
+        const QRgb *above = y > 0 ? row - width : row;
+        for (int x = 0, left = 0; x < width; ++x) {
+            if (x + 1 == width || row[x + 1] != row[x]) {
+                add(QPoint(left, y), QPoint(1, 0), x + 1 - left);
+                left = x + 1;
+            }
+            if (row[x] != above[x]) {
+                add(QPoint(x, tops[x]), QPoint(0, 1), y - tops[x]);
+                tops[x] = y;
             }
         }
     }
+    for (int x = 0; x < image.width(); ++x)
+        add(QPoint(x, tops[x]), QPoint(0, 1), image.height() - tops[x]);
     return lines;
 }
 

@@ -1,6 +1,5 @@
 #include "Contrast.h"
 #include "Edges.h"
-#include "foundation/Look.h"
 #include "GalleryWindow.h"
 #include "Page.h"
 #include "PageRegistry.h"
@@ -11,9 +10,7 @@
 
 #include "CBPDateSelector.h"
 #include "CBPImageButton.h"
-#include "CBPMenu.h"
 #include "CBPStyle.h"
-#include "CBtnObj.h"
 #include "CMsgBox.h"
 
 #include <QAccessible>
@@ -25,21 +22,6 @@
 #include <private/qhighdpiscaling_p.h>
 
 #include <memory>
-
-namespace {
-
-struct Colors : CBtnObj
-{
-    using CBtnObj::paintedBgColor, CBtnObj::paintedFrmColor, CBtnObj::paintedTextColor;
-};
-
-} // namespace
-
-#ifdef Q_OS_WIN
-constexpr bool kOnWindows = true;
-#else
-constexpr bool kOnWindows = false;
-#endif
 
 // What has to hold on every page: every class is seen there, in every state.
 class TestGallery : public QObject
@@ -82,8 +64,8 @@ private Q_SLOTS:
         QVERIFY2(faults.isEmpty(), qPrintable(faults.join(QLatin1String(", "))));
     }
 
-    // What pages show as pictures only, and what they show of no widget.
-    void messagesAndColorsCanBeSeen()
+    // What pages show as pictures only.
+    void messagesAndCalendarsCanBeSeen()
     {
         CMsgBox box;
         QStringList all;
@@ -97,28 +79,6 @@ private Q_SLOTS:
         QWidget *calendar = selector.findChild<QCalendarWidget *>()->window();
         all << faintPartsOf(*calendar);
         calendar->close();
-        CBPMenu menu;
-        menu.setActiveAction(menu.AddAction("Rename", 1));
-        menu.AddAction("Delete", 2);
-        menu.resize(menu.sizeHint());
-        const QImage picture = pictureOf(menu, kReadable);
-        for (QAction *action : menu.actions())
-            all << faint("menu text", pairIn(picture, menu.actionGeometry(action)), kTextContrast);
-        const QRgb white = 0xffffffff;
-        const Colors button;
-        for (int state = 0; state < 3; ++state) {
-            const QRgb ground = button.paintedBgColor(state).rgb();
-            all << faint("button", {ground, button.paintedTextColor(state).rgb()}, kTextContrast)
-                << faint("button frame", {white, button.paintedFrmColor(state).rgb()}, kPartContrast);
-        }
-        using namespace lumqt;
-        for (const QRgb ground : {kFieldGround, kHoveredGround, kPressedGround, kRaisedGround})
-            all << faint("field text", {ground, kFieldText}, kTextContrast);
-        for (const QRgb frame : {kFieldFrame, kFieldFrameHovered, kFieldFrameInvalid, kFocusRingColor})
-            all << faint("field frame", {kFieldGround, frame}, kPartContrast);
-        for (const QRgb accent : {kAccent, kAccentHovered, kAccentPressed})
-            all << faint("accent", {accent, white}, kTextContrast);
-        all << faint("ring on a title bar", {theme::kInk.rgb(), kFocusRingColor}, kPartContrast);
         QVERIFY2(all.isEmpty(), qPrintable(all.join(QLatin1String(", "))));
     }
 
@@ -126,12 +86,26 @@ private Q_SLOTS:
     // scales find no more: at 200 per cent nothing lies between pixels.
     void straightEdgesAreSharp()
     {
-        if (kOnWindows)
+        if (QGuiApplication::platformName() == QLatin1String("windows"))
             QSKIP(
                 "The system keeps the window within the screen, so that pages are cut and get scroll bars.");
         QStringList faults;
-        for (const qreal scale : {1.0, 1.25, 1.5})
-            faults += lookAtPages(scale);
+        QHash<QString, KnownLines> known; // of pages at 100 per cent
+        for (const qreal scale : {1.0, 1.25, 1.5}) {
+            scaleScreen(scale);
+            for (const PageInfo &info : pages()) {
+                if (info.id == QLatin1String("resources")) // pictures as they are in their files
+                    continue;
+                open(info.id);
+                const QVector<Line> lines = linesOf(m_window->grab().toImage(), qRound(kStraight * scale));
+                if (scale == 1.0) {
+                    known[info.id] = knownOf(*m_window, lines);
+                    continue;
+                }
+                for (const QString &fault : faultsIn(*m_window, lines, known[info.id], scale))
+                    faults << QStringLiteral("%1 at %2: %3").arg(info.id, QString::number(scale), fault);
+            }
+        }
         QVERIFY2(faults.isEmpty(), qPrintable(faults.join('\n')));
     }
 
@@ -156,28 +130,7 @@ private:
         return m_window->page();
     }
 
-    // Notes the colours of straight lines at 100 per cent; names those that come up at another scale.
-    QStringList lookAtPages(qreal scale)
-    {
-        QStringList faults;
-        scaleScreen(scale);
-        for (const PageInfo &info : pages()) {
-            if (info.id == QLatin1String("resources")) // pictures as they are in their files
-                continue;
-            open(info.id);
-            const QVector<Line> lines = linesOf(m_window->grab().toImage(), qRound(kStraight * scale));
-            if (scale == 1.0) {
-                m_known[info.id] = knownOf(*m_window, lines);
-                continue;
-            }
-            for (const QString &fault : faultsIn(*m_window, lines, m_known.value(info.id), scale))
-                faults << QStringLiteral("%1 at %2: %3").arg(info.id, QString::number(scale), fault);
-        }
-        return faults;
-    }
-
     std::unique_ptr<GalleryWindow> m_window;
-    QHash<QString, KnownLines> m_known; // by page
 };
 
 LUMQT_TEST_MAIN(TestGallery)

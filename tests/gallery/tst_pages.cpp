@@ -11,7 +11,6 @@
 #include <QApplication>
 #include <QFontInfo>
 #include <QLabel>
-#include <QPainter>
 #include <QStyleFactory>
 
 #include <memory>
@@ -96,20 +95,17 @@ private Q_SLOTS:
     {
         QFETCH(QString, page);
         m_window->showPage(page);
+        // Where it was built is no matter of the look.
+        const QString folder = QDir::cleanPath(QCoreApplication::applicationDirPath() + "/..");
+        for (QLabel *label : m_window->findChildren<QLabel *>()) {
+            if (label->text().startsWith(folder))
+                label->setText(label->text().mid(folder.size()));
+        }
         // No event loop turns, so that nothing that moves has begun to.
         QCoreApplication::sendPostedEvents();
         fitToPage(*m_window);
         QCoreApplication::sendPostedEvents();
-        QWidget *shown = m_window->page();
-        QPixmap picture = page == pages().first().id ? m_window->grab() : shown->grab();
-        // Waiters are portrayed while they run, by the clock.
-        QPainter painter(&picture);
-        const auto labels = shown->findChildren<QLabel *>();
-        for (const QLabel *label : labels) {
-            if (page == QLatin1String("waiters") && !label->pixmap(Qt::ReturnByValue).isNull())
-                painter.fillRect(QRect(label->mapTo(shown, QPoint()), label->size()), Qt::gray);
-        }
-        painter.end();
+        const QPixmap picture = page == pages().first().id ? m_window->grab() : m_window->page()->grab();
         const QImage shades = shadesOf(picture.toImage());
         const QString file = page + QStringLiteral(".png");
         if (qEnvironmentVariableIsSet("LUMQT_RENEW_PICTURES"))

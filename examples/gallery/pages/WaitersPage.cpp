@@ -128,11 +128,13 @@ QWidget *waiterPortrait()
     return label;
 }
 
-QWidget *dialogPortrait(int after)
+// Its timer ticks every 30 milliseconds, and every 300 once the halves have closed in. Here it does so at
+// once.
+QWidget *dialogPortrait(int ticks)
 {
-    CBPWaiter waiter(nullptr, "Loading", unsigned(after), false);
-    waiter.setAttribute(Qt::WA_DontShowOnScreen);
-    waiter.Run();
+    CBPWaiter waiter(nullptr, "Loading", unsigned(kWait), false);
+    for (int tick = 0; tick < ticks; ++tick)
+        QMetaObject::invokeMethod(&waiter, "on_timeout");
     auto *label = new QLabel;
     label->setPixmap(waiter.grab());
     return label;
@@ -144,8 +146,8 @@ void addWindows(Page *page)
                                 "of the busy dialog's picture close in on its text.")
         ->addColumns(kColumns, {{"CBPUISyncWaiter", waiterPortrait()},
                                 {"CBPWaiter, at first", dialogPortrait(0)},
-                                {"On their way", dialogPortrait(600)},
-                                {"Closed: the dots come and go", dialogPortrait(2200)}});
+                                {"On their way", dialogPortrait(20)},
+                                {"Closed: the dots come and go", dialogPortrait(60)}});
 }
 
 // ----------------------------------------------------------------------------------------------------------
