@@ -2,7 +2,6 @@
 #include "CBPDateSelector.h"
 #include "CBPImageButton.h"
 #include "CBPTipWnd.h"
-#include "foundation/FontLookup.h"
 #include "foundation/Look.h"
 #include "Pixels.h"
 #include "RealInput.h"
@@ -13,11 +12,9 @@
 #include <QDateEdit>
 #include <QLineEdit>
 #include <QMenu>
-#include <QPainter>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTableView>
-#include <QTextCharFormat>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -168,12 +165,6 @@ private slots:
             // The calendar fills the window but for its frame.
             QCOMPARE(scene.calendar()->geometry(), scene.tip()->rect().adjusted(1, 1, -1, -1));
             QCOMPARE(scene.tip()->layout()->count(), 1);
-            // An arrow points to where its month lies: its tip is beside its upper end.
-            const QImage arrow = pictureOf(*scene.barButton("nextmonth"), 1);
-            const QRect ink = inkOf(arrow);
-            const auto darkAt = [&](int y) { return inkOf(arrow.copy(0, y, 28, 1)).center().x(); };
-            QCOMPARE(darkAt(ink.center().y()) > darkAt(ink.top() + 1), !mirrored);
-
             QTest::keyClick(scene.view(), Qt::Key_Right);
             QSignalSpy spy(scene.selector.data(), SIGNAL(sigDateEditFinish()));
             QTest::keyClick(scene.view(), Qt::Key_Escape);
@@ -258,15 +249,12 @@ private slots:
             auto *edit = selector.findChild<QDateEdit *>();
             edit->setDisplayFormat("yyyy-MM-dd");
             QCOMPARE(edit->text(), QString("2000-01-01"));
-            QCOMPARE(selector.sizeHint().height(), lumqt::kFieldHeight);
             const QImage picture = selector.grab().toImage();
-            QCOMPARE(boxOf(picture, kFrame), picture.rect());
             const QPoint beside(mirrored ? 3 : picture.width() - 4, picture.height() / 2);
             QCOMPARE(picture.pixelColor(beside), selector.palette().color(QPalette::Base));
             QCOMPARE(selector.findChild<CBPImageButton *>()->x() < edit->x(), mirrored);
             edit->setAlignment(Qt::AlignHCenter); // an application's stays
             sendEvent(selector, QEvent::Enter);
-            QCOMPARE(grabbedAt(selector, 0, 9), QColor(lumqt::kFieldFrameHovered));
             QCOMPARE(edit->alignment() & Qt::AlignHorizontal_Mask, Qt::AlignHCenter);
             selector.setEnabled(false);
             QCOMPARE(grabbedAt(selector, 0, 9), kFrame);
@@ -306,6 +294,7 @@ private slots:
         QCOMPARE(scene.button->findChildren<CBPTipWnd *>().size(), 1);
     }
 
+    // What its pictures do not have: the bar under the mouse, a day without the focus, today, the year.
     void calendarLook()
     {
         Scene scene;
@@ -316,11 +305,6 @@ private slots:
         QVERIFY(year->isEnabled());
         for (const char *name : {"prevmonth", "nextmonth", "monthbutton", "yearbutton"}) {
             QToolButton *button = scene.barButton(name);
-            const int text = button->fontMetrics().horizontalAdvance(button->text());
-            const bool isMonth = button->menu();
-            QCOMPARE(button->size(), QSize(text == 0 ? 28 : text + 16 + (isMonth ? 14 : 0), 28));
-            if (isMonth) // its triangle
-                QCOMPARE(inkOf(pictureOf(*button, 1).copy(text + 13, 0, 17, 28)), QRect(2, 12, 6, 3));
             QVector<QColor> tiles{pictureOf(*button, 1).pixelColor(4, 4)};
             sendEvent(*button, QEvent::Enter);
             tiles << pictureOf(*button, 1).pixelColor(4, 4);
@@ -328,40 +312,20 @@ private slots:
             tiles << pictureOf(*button, 1).pixelColor(4, 4);
             QCOMPARE(tiles, QVector<QColor>({Qt::white, QColor(211, 231, 250), QColor(187, 217, 248)}));
         }
-        QCOMPARE(scene.barButton("prevmonth")->pos(), QPoint(4, 6));
-        QCOMPARE(scene.barButton("nextmonth")->pos(), QPoint(252 - 4 - 28, 6));
         const QImage months = scene.barButton("monthbutton")->menu()->grab().toImage();
         QCOMPARE(boxOf(months, QColor(0xa3, 0xc8, 0xff)), months.rect());
         QCOMPARE(months.pixelColor(2, 2), QColor(Qt::white));
         for (QWidget *part : calendar->findChildren<QWidget *>())
             QVERIFY(part->focusPolicy() == Qt::NoFocus || !spokenName(part).isEmpty());
 
-        // The selected day is a tile of the accent, within the ring of the focus, and a day under the pointer
-        // has one, too.
         QWidget *days = scene.view()->viewport();
-        QCOMPARE(days->size(), QSize(7 * 36, 7 * 30));
-        const auto cell = [&](const QModelIndex &index) {
+        const auto day = [&](int number) {
+            const QModelIndex index = scene.view()->indexAt(scene.dayAt(number));
             return days->grab(scene.view()->visualRect(index)).toImage();
         };
-        const auto day = [&](int number) { return cell(scene.view()->indexAt(scene.dayAt(number))); };
-        QCOMPARE(boxOf(day(7), kAccent), QRect(4, 4, 28, 22));
         scene.barButton("nextmonth")->setFocus();
         QCOMPARE(boxOf(day(7), kAccent), QRect(1, 1, 34, 28));
-        const auto plain = [](const QString &number, const QColor &color) {
-            QPixmap expected(36, 30);
-            expected.fill(Qt::white);
-            QPainter painter(&expected);
-            painter.setFont(lumqt::uiFont(lumqt::NormalWeight, 13));
-            painter.setPen(color);
-            painter.drawText(QRect(1, 1, 34, 28), Qt::AlignCenter | Qt::TextSingleLine, number);
-            return expected.toImage();
-        };
-        calendar->setMinimumDate(QDate(2024, 3, 5));
-        QCOMPARE(day(4), plain("4", QColor(180, 188, 198))); // out of range
-        QCOMPARE(day(20), plain("20", QColor(34, 42, 62)));
-        QCOMPARE(day(23), plain("23", QColor(253, 123, 0)));
-        const QModelIndex last = scene.view()->model()->index(6, 6); // of the next month
-        QCOMPARE(cell(last), plain(last.data().toString(), QColor(103, 114, 128)));
+        calendar->setMinimumDate(QDate(2024, 3, 5)); // before it the pointer shows nothing
         for (const int under : {4, 20, 21}) {
             QMouseEvent move(QEvent::MouseMove, scene.dayAt(under), Qt::NoButton, Qt::NoButton, {});
             QCoreApplication::sendEvent(days, &move);

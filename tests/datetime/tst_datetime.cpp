@@ -428,18 +428,6 @@ private slots:
 #endif
     }
 
-    // A run time that grows with the square would not end.
-    void longTexts()
-    {
-        const QByteArray number(1 << 22, '7');
-        for (const QByteArray &text :
-             {number, QByteArray("1 ").repeated(1 << 21), QByteArray("A").repeated(1 << 22)}) {
-            _BPDateTime dt;
-            QVERIFY(!IBPDateTime::TransSystemTimeFromString(dt, text.toStdString()));
-            QVERIFY(!IBPDateTime::TransSystemDateFromString(dt, text.toStdString()));
-        }
-    }
-
 private:
     std::function<QString(unsigned long, unsigned long)> m_system;
 };

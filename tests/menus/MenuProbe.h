@@ -4,33 +4,14 @@
 #include "Await.h"
 #include "CBPMenu.h"
 #include "CBPMenuItem.h"
-#include "foundation/FontLookup.h"
 #include "Pictures.h"
 #include "Pixels.h"
-
-#include <QPainter>
 
 // What the tests of menus share.
 
 inline const QColor kHover(75, 174, 178);
 inline const QColor kBody(60, 67, 75);
-inline const QColor kDot(0xe0, 0x20, 0x20);
 inline const QColor kLime(0, 255, 0);
-
-struct Menu : CBPMenu
-{
-    using CBPMenu::PaintAction;
-};
-
-// What a menu paints under the item at `index` of `count` while it is highlighted.
-inline QImage highlight(Menu &menu, int index, int count)
-{
-    QImage image(60, 40, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    menu.PaintAction(&painter, image.rect(), index, count);
-    return image;
-}
 
 inline QRect itemRect(const QMenu &menu, int index)
 {
@@ -52,24 +33,6 @@ inline QColor itemColor(QMenu &menu, int index)
 {
     const QRect rect = itemRect(menu, index);
     return colorAt(menu, QPoint(rect.right() - 40, rect.center().y()));
-}
-
-inline const auto isInk = [](const QColor &color) { return color.lightness() > 90; };
-inline const auto isBright = [](const QColor &color) { return color.lightness() > 170; };
-inline const auto isRed = [](const QColor &color) { return color.red() > 150 && color.green() < 60; };
-
-// Of what has such a colour, in the item.
-template <class Is> QRect boxWhere(QMenu &menu, int index, Is is)
-{
-    const QImage image = menu.grab(itemRect(menu, index)).toImage();
-    QRect box;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if (is(image.pixelColor(x, y)))
-                box |= QRect(x, y, 1, 1);
-        }
-    }
-    return box;
 }
 
 inline QRect boxIn(QMenu &menu, int index, const QColor &color)
