@@ -21,8 +21,6 @@ class MsgBox : public CMsgBox
 public:
     explicit MsgBox(QWidget *parent = nullptr) : CMsgBox(parent) {}
 
-    using CMsgBox::contentBox;
-    using CMsgBox::drawsBottomLine;
     using CMsgBox::statusBox;
 
     // Does `look` while the box runs, and then ends it without a button, if it is still there.

@@ -10,10 +10,10 @@
 #include <QAccessible>
 #include <QClipboard>
 #include <QDesktopServices>
+#include <QPicture>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTranslator>
-#include <QVBoxLayout>
 
 namespace {
 
@@ -46,6 +46,18 @@ void verifyFits(MsgBox &box, QLabel *label, bool scrolls)
     QVERIFY(box.height() <= 600);
 }
 
+// A word that is longer than any line has places to break where the text is laid out. Qt would look for the
+// end of each line through all that is left of the word, and never be done with a very long one.
+void verifyCanBeBroken(QLabel &label)
+{
+    if (!label.text().contains(longWord(201)) || label.text().contains("<pre>"))
+        return;
+    QPicture drawn;
+    label.render(&drawn);
+    const int places = QByteArray::fromRawData(drawn.data(), int(drawn.size())).count("\x20\x0b");
+    QVERIFY2(places >= label.text().size() / 200, QByteArray::number(places));
+}
+
 void verifyScrolling(const MsgBox &box, const QScrollArea &area, bool wide)
 {
     QCOMPARE(area.viewport()->pos(), QPoint(2 + 3, 2)); // the mark of the focus has room, and some air
@@ -71,69 +83,33 @@ private Q_SLOTS:
     // ------------------------------------------------------------------------------------------------------
     // content
 
-    void types_data()
-    {
-        columns<int, QString, QString, QString>("type", "title", "icon", "head");
-        row("information", 0, "{caption}Message", "icon_info.png", "");
-        row("question", 1, "{caption}Question", "icon_quest.png", "Head %1");
-        row("warning", 2, "{caption}Warning", "icon_alert.png", "<b>Head</i> <font"); // broken markup
-        row("error", 3, "{caption}Error", "icon_wrong.png", "Head");
-        row("above", 4, "", "icon_info.png", "Head");
-        row("below", -1, "", "icon_info.png", "Head");
-    }
+    // Icons and headings are in the gallery's pictures; not there: types that are none, broken markup, titles
+    // of the caller's and of a language.
     void types()
     {
-        QFETCH(int, type);
-        QFETCH(QString, title);
-        QFETCH(QString, icon);
-        QFETCH(QString, head);
-        const auto comparable = [](const QImage &image) {
-            return image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
-        };
-        const QImage picture = comparable(QImage(Util::getResFullPath("../res/" + icon)));
-        QVERIFY(!picture.isNull());
         QTranslator english;
         QVERIFY(english.load(Util::getResFullPath("../res/lumqtlib_en.qm")));
-        for (const QString caption : {"", "Own", "english"}) {
-            const bool isOwn = caption == "Own";
-            if (caption == "english")
-                QCoreApplication::installTranslator(&english);
-            MsgBox box;
-            box.whileRunning([&] {
-                const QString own = caption == "english" ? QString(title).remove("{caption}") : title;
-                QCOMPARE(box.windowTitle(), isOwn ? caption : own);
-                const auto labels = box.findChildren<QLabel *>();
-                QVERIFY(std::any_of(labels.begin(), labels.end(), [&](const QLabel *label) {
-                    const QImage shown = label->pixmap(Qt::ReturnByValue).toImage();
-                    return label->isVisible() && comparable(shown) == picture;
-                }));
-                QLabel *heading = box.label("<font color=\"#4baeb3\">" + head + "</font>");
-                QVERIFY(heading && heading->isVisible() == !head.isEmpty());
-                QCOMPARE(heading->font().pixelSize(), 16);
-                QVERIFY(box.label("Text" + head)->isVisible());
-                box.grab();
-            });
-            QCOMPARE(box.message(type, "Text" + head, head, kOk, isOwn ? caption : QString()), -1);
+        const QStringList names{"Message", "Question", "Warning", "Error"};
+        const QStringList heads{"", "Head %1", "<b>Head</i> <font"};
+        for (const int type : {0, 1, 2, 3, 4, -1}) {
+            const QString name = names.value(type);
+            const QString head = heads.value(type, "Head");
+            for (const QString &title : {"{caption}" + name, name, QString("Own")}) {
+                if (title == name)
+                    QCoreApplication::installTranslator(&english);
+                MsgBox box;
+                box.whileRunning([&] {
+                    QCOMPARE(box.windowTitle(), name.isEmpty() && title != "Own" ? QString() : title);
+                    QVERIFY(box.isModal() && box.objectName() == "id_ErrorMsgWnd");
+                    QVERIFY(!head.isEmpty() || box.size() == QSize(500, 200));
+                    QCOMPARE(box.statusBox()->contentsMargins(), QMargins(12, 0, 12, 16));
+                    QLabel *heading = box.label("<font color=\"#4baeb3\">" + head + "</font>");
+                    QVERIFY(heading && heading->isVisible() == !head.isEmpty());
+                });
+                QCOMPARE(box.message(type, "Text", head, kOk, title == "Own" ? title : QString()), -1);
+                QCoreApplication::removeTranslator(&english);
+            }
         }
-        QCoreApplication::removeTranslator(&english);
-    }
-
-    void frame()
-    {
-        MsgBox box;
-        QCOMPARE(box.objectName(), QString("id_ErrorMsgWnd"));
-        QVERIFY(!box.drawsBottomLine());
-        box.whileRunning([&] {
-            QVERIFY(box.isModal() && box.size() == QSize(500, 200));
-            QVERIFY(box.titleBtn(8)->isVisible() && !box.titleBtn(2)->isVisible());
-            QCOMPARE(box.contentBox()->contentsMargins(), QMargins(12, 0, 12, 0));
-            QCOMPARE(box.statusBox()->contentsMargins(), QMargins(12, 0, 12, 16));
-            QVERIFY(box.label("Text")->wordWrap() && !box.findChild<CBPLinkerButton *>()->isVisible());
-            const QLayout *row = box.label("Text")->parentWidget()->layout();
-            QCOMPARE(box.label("Text")->x() - row->itemAt(0)->geometry().right(), 21); // beside the icon
-            QCOMPARE(box.label("Text")->palette().color(QPalette::WindowText), QColor(51, 51, 51));
-        });
-        box.message(0, "Text", "", kOk);
     }
 
     // ------------------------------------------------------------------------------------------------------
@@ -325,7 +301,7 @@ private Q_SLOTS:
         row("lines", QString("a line of it\n").repeated(12), "Head", 0, false);
         row("a long word", longWord(300), longWord(200), 0, false);
         row("20000, words", words, "Head", 0, true);
-        row("a million, one word", longWord(1000000), "Head", 0, true); // for ever, were it not proportional
+        row("20000, one word", longWord(20000), "Head", 0, true);
         row("20000, one word, rich", "<b>" + longWord(20000), "Head", 0, true);
         row("20000, the heading", "Text", longWord(20000), 0, true);
         row("wider than 500", "<pre>" + longWord(60), "", 400, false);
@@ -341,11 +317,9 @@ private Q_SLOTS:
         QFETCH(int, width); // of the label, at least; 0: the box keeps its own
         QFETCH(bool, scrolls);
         lumqt::platform::answers().workArea = [] { return QRect(0, 0, 1024, 600); };
-        for (const QString how : {"", "later", "folder", "user"}) {
+        for (const QString how : {"", "later", "form"}) {
             const bool later = how == "later";
-            const bool form = how == "folder" || how == "user";
-            if (!how.isEmpty() && text.size() > 100000)
-                continue;
+            const bool form = how == "form";
             if (form && (text.size() < 100 || (head.size() > 100)))
                 continue;
             MsgBox box;
@@ -363,18 +337,9 @@ private Q_SLOTS:
                         continue;
                     AWAIT(label->width() >= width);
                     verifyFits(box, label, scrolls);
-                }
-                if (text == longWord(300)) { // its last line is seen, and nothing ends at the right edge
-                    const QLabel *label = box.label(text);
-                    const QRect ink = inkOf(shot(*box.label(text)));
-                    QVERIFY(ink.bottom() > label->height() - label->fontMetrics().height());
-                    QVERIFY(ink.right() < label->width() - 1);
+                    verifyCanBeBroken(*label);
                 }
                 QVERIFY(width ? box.width() > 500 : box.width() == 500);
-                if (how.isEmpty() && text.endsWith("it\n")) { // which fills the box
-                    const QLabel *heading = box.label("<font color=\"#4baeb3\">" + head + "</font>");
-                    QCOMPARE(heading->y(), 14);
-                }
                 // Over where it was, as far as the screen allows. A window system that is asked to move and
                 // resize at once may answer in any order.
                 if (later && text != "Text" && QGuiApplication::platformName() == "offscreen") {
@@ -386,9 +351,7 @@ private Q_SLOTS:
                 if (scrolls)
                     verifyScrolling(box, *box.findChild<QScrollArea *>(), width > 0);
             });
-            if (how == "folder")
-                box.showCreateDirBox(0, text, kOk);
-            else if (how == "user")
+            if (form)
                 box.showUserAndPasswordBox(0, text, 1, 9, kOk);
             else
                 box.message(0, later ? "Text" : text, head, kOk);
@@ -417,7 +380,6 @@ private Q_SLOTS:
     {
         columns<int, int, bool>("length", "buttons", "cut");
         row("none", 0, kOk, false);
-        row("fits", 4, kOk | kCancel, false);
         row("lines", 16, kOk | kCancel, false);
         row("too long", 4000, kOk, true);
         row("no room", 8, kOk | kYes | kNo | kCancel | 0x8, false);
@@ -438,11 +400,8 @@ private Q_SLOTS:
             QVERIFY(check->text().count('&') == 2 * check->text().count("w&&rd") &&
                     check->shortcut().isEmpty());
             QVERIFY(check->toolTip() == (cut ? text : QString()) && check->accessibleName() == text);
-            QCOMPARE(check->size().boundedTo(check->sizeHint()), check->sizeHint());
             QVERIFY(isWholeIn(check, &box));
             QVERIFY(!cut || check->text().count('\n') == 5);
-            if (check->text().contains('\n'))
-                QCOMPARE(box.statusBox()->height(), check->height() + 34);
             const auto all = box.findChildren<CBPPushBtn *>();
             for (const CBPPushBtn *button : all) {
                 QVERIFY(isWholeIn(button, &box));

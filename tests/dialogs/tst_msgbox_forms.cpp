@@ -5,7 +5,6 @@
 #include "platform/Platform.h"
 #include "Rows.h"
 #include "TestMain.h"
-#include "Util.h"
 
 #include <QAccessible>
 #include <QClipboard>
@@ -119,7 +118,8 @@ private Q_SLOTS:
         row("no password", 3, "user", "", false, false, false);
         row("empty allowed", 3, "user", "", true, false, true);
         row("no edit, no user", 2, "", "secret", false, false, false);
-        row("no edits", 0, "user", "secret", false, false, true);
+        row("no edits", 8, "user", "secret", false, false, true);
+        row("all there is", -1, "user", "secret", false, false, true);
         row("typed user", 3, "user", "", false, true, true); // the password does not matter then
         row("typed user alone", 1, "user", "", false, true, true);
         row("typed password, no user", 3, "", "secret", true, true, false);
@@ -136,10 +136,18 @@ private Q_SLOTS:
         QFETCH(bool, typed);
         MsgBox box;
         box.whileRunning([&] {
-            const auto edits = typed ? box.edits() : QList<CBPLineEdit *>();
-            for (CBPLineEdit *edit : edits) // first something else, so that each of them changes
-                edit->setText("x");
-            for (CBPLineEdit *edit : edits)
+            const auto edits = box.edits();
+            QCOMPARE(edits.size(), bool(fields & kUser) + bool(fields & kPassword));
+            QVERIFY(edits.isEmpty() || box.focusWidget() == edits[0]);
+            QCOMPARE(box.label("Wrong") != nullptr, bool(fields & kHint));
+            for (CBPLineEdit *edit : edits) {
+                const bool secret = edit->echoMode() == QLineEdit::Password;
+                QCOMPARE(secret, edit != edits[0] || !(fields & kUser));
+                QCOMPARE(edit->maxLength(), secret ? 64 : 128);
+                if (typed)
+                    edit->setText("x"); // first something else, so that each of them changes
+            }
+            for (CBPLineEdit *edit : typed ? edits : QList<CBPLineEdit *>())
                 edit->setText(edit->echoMode() == QLineEdit::Password ? password : user);
             QTEST(box.ButtonIsEnable(kOk), "ok");
             QCOMPARE(box.GetBtn(kOk)->text(), QString("Proceed"));
@@ -148,48 +156,7 @@ private Q_SLOTS:
             QCOMPARE(box.GetPassword(), fields & kPassword ? password : QString());
         });
         box.showUserAndPasswordBox(0, "", fields, 64, kOk | kCancel, "", typed ? "" : user,
-                                   typed ? "" : password, "", allowEmpty);
-    }
-
-    void fields()
-    {
-        for (int fields = -1; fields < 9; ++fields) {
-            for (const QString &hint : {QString(), QString("Wrong")}) {
-                MsgBox box;
-                box.whileRunning([&] {
-                    const auto edits = box.edits();
-                    QCOMPARE(edits.size(), bool(fields & kUser) + bool(fields & kPassword));
-                    if (!edits.isEmpty())
-                        QCOMPARE(box.focusWidget(), edits[0]);
-                    box.setFocus();
-                    for (CBPLineEdit *edit : edits) {
-                        const bool secret = edit->echoMode() == QLineEdit::Password;
-                        QCOMPARE(secret, edit != edits[0] || !(fields & kUser));
-                        QCOMPARE(edit->maxLength(), secret ? 9 : 128);
-                        QCOMPARE(edit->objectName(), QString("DefaultLineEdit"));
-                        QVERIFY(edit->width() == 300 &&
-                                edit->textMargins().left() > 0); // which is the icon's
-                        CBPLineEdit plain(
-                            Util::getResFullPath(secret ? "../res/icon_lock.png" : "../res/icon_user.png"));
-                        plain.resize(edit->size());
-                        // Without the frame, where a ring may still fade.
-                        const QRect icon(4, 4, edit->textMargins().left(), edit->height() - 8);
-                        QCOMPARE(shot(*edit).copy(icon), shot(plain).copy(icon));
-                    }
-                    QLabel *shown = box.label("Wrong");
-                    QCOMPARE(shown != nullptr, (fields & kHint) && !hint.isEmpty());
-                    if (shown)
-                        QVERIFY(shown->isVisible() && shown->wordWrap() &&
-                                shown->palette().color(QPalette::WindowText) == QColor(255, 0, 0));
-                    const QLabel *prompt = box.label("Please enter the password.");
-                    QVERIFY(prompt->isVisible() && prompt->pos() == QPoint(0, 0));
-                    QCOMPARE(prompt->palette().color(QPalette::WindowText), QColor(51, 51, 51));
-                    if (!edits.isEmpty())
-                        QCOMPARE(edits[0]->y() - prompt->height(), 15);
-                });
-                box.showUserAndPasswordBox(0, "", fields, 9, kOk | kCancel, "", "", "", hint);
-            }
-        }
+                                   typed ? "" : password, "Wrong", allowEmpty);
     }
 
     // A length that is none is no limit.
@@ -201,12 +168,14 @@ private Q_SLOTS:
             const auto edits = box.edits();
             for (CBPLineEdit *edit : edits) {
                 edit->setText("secret");
+                QCOMPARE(edit->objectName(), QString("DefaultLineEdit"));
                 found << QAccessible::queryAccessibleInterface(edit)->text(QAccessible::Name)
                       << edit->placeholderText();
             }
             QCOMPARE(found, QStringList({"User name", "User name", "Password", "Password"}));
             QCOMPARE(QAccessible::queryAccessibleInterface(&box)->text(QAccessible::Description),
                      QString("Prompt\nHint"));
+            QCOMPARE(box.label("Hint")->palette().color(QPalette::WindowText), QColor(Qt::red));
             QTest::keyClick(&box, Qt::Key_C, Qt::ControlModifier);
             QVERIFY(QApplication::clipboard()->text().contains("Prompt"));
             QVERIFY(!QApplication::clipboard()->text().contains("secret"));

@@ -17,8 +17,6 @@
 
 namespace {
 
-const QColor kFrame(163, 200, 255);
-const QColor kGround(255, 255, 255);
 const QSize kBoundSize(80, 30);
 
 // A window with a widget in it that tips are bound to.
@@ -117,19 +115,11 @@ private slots:
         area.verticalScrollBar()->setValue(0);
         sendEvent(*bound, QEvent::Enter);
         QVERIFY(inPlace());
-        // Another parent with the tip on show.
-        auto *other = new QWidget(page);
-        other->setGeometry(100, 10, 180, 400);
-        other->show();
-        panel->setParent(other);
-        panel->show();
-        sendEvent(*bound, QEvent::Enter);
-        QVERIFY(inPlace());
-        other->move(60, 30);
-        QVERIFY(inPlace());
-        tip.hide(); // and is left alone
+        // Into another parent with the tip on show, which goes with the widget.
+        panel->setParent(new QWidget(page));
+        QVERIFY(!tip.isVisible());
         const QPoint left = tip.pos();
-        other->move(50, 20);
+        panel->move(50, 20); // nobody is pointed at
         QCOMPARE(tip.pos(), left);
     }
 
@@ -227,10 +217,8 @@ private slots:
         // What the tip watches is swallowed, for all but its widget.
         QObject stranger;
         QEvent deactivate(QEvent::WindowDeactivate);
-        QEvent activate(QEvent::WindowActivate);
         QObject &filter = tip;
         tip.show();
-        QVERIFY(!filter.eventFilter(&stranger, &activate));
         QVERIFY(!filter.eventFilter(&scene.bound, &deactivate));
         QVERIFY(tip.isVisible());
         QVERIFY(filter.eventFilter(&stranger, &deactivate));
@@ -256,46 +244,18 @@ private slots:
         QVERIFY(tip.isVisible());
     }
 
-    void outline()
+    // Any radius and orientation that a caller may give; the look of the usual ones is the gallery's.
+    void wildOutline()
     {
-        const int arrows[] = {46, 75, 105}; // x of its tip in a tip of 152 pixels
-        for (int orientation = 1; orientation < 4; ++orientation) {
-            CBPTipWnd tip(ENOrientation(orientation), nullptr);
+        for (const int orientation : {1, 2, 3, 77}) { // there is no orientation 77
+            CBPTipWnd tip{ENOrientation(orientation), nullptr};
             tip.resize(152, 60);
-            const QImage image = drawn(tip);
-            const auto is = [&image](int x, int y, const QColor &color) {
-                return image.pixelColor(x, y).rgba() == color.rgba();
-            };
-            // Sharp lines of the frame's own colour, one pixel within the window.
-            const QColor across[] = {Qt::transparent, kFrame, kGround};
-            for (int i = 0; i < 35 * 3; ++i)
-                QVERIFY(is(i % 3, 15 + i / 3, across[i % 3]) && is(151 - i % 3, 15 + i / 3, across[i % 3]));
-            QVERIFY(is(20, 58, kFrame) && is(20, 59, Qt::transparent));
-            QVERIFY(is(20, 7, kFrame) && is(20, 6, Qt::transparent));
-            // The arrow, and round corners.
-            const int arrow = arrows[orientation - 1];
-            QVERIFY(is(arrow - 7, 7, kFrame) && is(arrow - 5, 7, kGround) && is(arrow + 7, 7, kFrame));
-            QVERIFY(is(arrow, 7, kGround) && image.pixelColor(arrow, 2).alpha() > 0);
-            QVERIFY(is(arrow - 9, 3, Qt::transparent) && is(arrow + 9, 3, Qt::transparent));
-            tip.SetRoundRadius(12, 12);
-            QCOMPARE(drawn(tip).pixelColor(3, 9).alpha(), 0);
-            for (const int wild : {0, -1, INT_MIN, INT_MAX}) {
+            // In the gallery's pictures there is no hue.
+            QCOMPARE(drawn(tip).pixelColor(orientation == 77 ? 0 : 1, 30), QColor(163, 200, 255));
+            for (const int wild : {-1, INT_MIN, INT_MAX}) {
                 tip.SetRoundRadius(wild, wild);
-                const QImage bent = drawn(tip);
-                QCOMPARE(bent.pixelColor(76, 40), kGround);
-                for (const QPoint &corner : {QPoint(1, 7), QPoint(150, 7), QPoint(1, 58), QPoint(150, 58)})
-                    QVERIFY(wild != 0 || bent.pixelColor(corner).alpha() > 150);
+                QCOMPARE(drawn(tip).pixelColor(76, 40), QColor(Qt::white));
             }
-        }
-        for (const int none : {0, 77}) { // there is no orientation 77
-            CBPTipWnd tip(ENOrientation(none), nullptr);
-            tip.resize(100, 40);
-            const QImage image = drawn(tip);
-            for (const QPoint &edge : {QPoint(0, 20), QPoint(99, 20), QPoint(50, 0), QPoint(50, 39)})
-                QCOMPARE(image.pixelColor(edge), kFrame);
-            QVERIFY(image.pixelColor(50, 20) == kGround && image.pixelColor(0, 0).alpha() < 200);
-            tip.SetRoundRadius(16, 16);
-            QCOMPARE(drawn(tip).pixelColor(2, 2).alpha(), 0);
         }
     }
 
@@ -324,48 +284,39 @@ private slots:
     // then.
     void textTip()
     {
-        const QString words = QStringLiteral("A text of some words that need their room");
-        const QString word(20, QLatin1Char('W'));
-        for (const QString &text : {words, word, QStringLiteral("<b>%1</b>").arg(word)}) {
-            for (const int width : {0, 90, -5}) {
-                CTextTips tip(width, nullptr);
-                QCOMPARE(QAccessible::queryAccessibleInterface(&tip)->role(), QAccessible::ToolTip);
-                QVERIFY(tip.windowFlags() & Qt::FramelessWindowHint);
-                QCOMPARE(tip.windowType(), Qt::ToolTip);
-                tip.SetShowText(text);
-                tip.show();
-                const QLabel *label = tip.findChild<QLabel *>();
-                QCOMPARE(label->text(), text);
-                QCOMPARE(spokenName(&tip), QString(text).remove("<b>").remove("</b>"));
-                const int line = label->fontMetrics().lineSpacing();
-                const QRect ink = boxOf(pictureOf(tip, 1), Qt::white);
-                QVERIFY2(ink.left() >= 12 && ink.right() < tip.width() - 12, wordsOf(ink));
-                QVERIFY2(width > 0 ? ink.height() > 3 * line / 2 : ink.height() <= line, wordsOf(ink));
-                QVERIFY(width <= 0 || label->width() == width);
-                QCOMPARE(label->geometry().topLeft(), QPoint(12, 3));
-                QCOMPARE(tip.size(), label->size() + QSize(24, 9));
-                const QSize large = tip.size();
-                tip.SetShowText("x");
-                QVERIFY(tip.width() < large.width() || tip.height() < large.height());
-            }
+        const QString word = QStringLiteral("<b>%1</b>").arg(QString(20, QLatin1Char('W')));
+        for (const int width : {0, 90, -5}) {
+            CTextTips tip(width, nullptr);
+            QCOMPARE(QAccessible::queryAccessibleInterface(&tip)->role(), QAccessible::ToolTip);
+            QVERIFY(tip.windowFlags() & Qt::FramelessWindowHint);
+            QCOMPARE(tip.windowType(), Qt::ToolTip);
+            tip.SetShowText(word);
+            tip.show();
+            const QLabel *label = tip.findChild<QLabel *>();
+            QCOMPARE(label->text(), word);
+            QCOMPARE(spokenName(&tip), QString(20, QLatin1Char('W')));
+            QCOMPARE(label->width() == 90 && label->height() > tip.fontMetrics().height() * 3 / 2,
+                     width == 90);
+            const QSize large = tip.size();
+            tip.SetShowText("x");
+            QVERIFY(tip.width() < large.width() || tip.height() < large.height());
         }
+    }
+
+    void textTipGround()
+    {
         CTextTips tip(0, nullptr);
         tip.SetShowText("x");
         const QLabel *label = tip.findChild<QLabel *>();
         QCOMPARE(drawn(tip).pixelColor(0, 0), QColor(0x10, 0x1c, 0x2d));
-        QVERIFY(qGray(label->palette().color(QPalette::WindowText).rgb()) > 200);
         for (const int grey : {149, 150}) {
             tip.SetBkgColor(QColor(grey, grey, grey));
             QCOMPARE(label->palette().color(QPalette::WindowText).lightness() > 200, grey < 150);
         }
-        tip.SetBkgColor(QColor(250, 240, 200));
-        QCOMPARE(drawn(tip).pixelColor(tip.width() - 1, tip.height() - 1), QColor(250, 240, 200));
-        QVERIFY(qGray(label->palette().color(QPalette::WindowText).rgb()) < 60);
         tip.SetBkgColor(QColor());
-        QCOMPARE(drawn(tip).pixelColor(0, 0), QColor(250, 240, 200));
         // A ground that the application gives its labels is not laid behind a text that would be lost on it.
         tip.setStyleSheet("QLabel { background: white; }");
-        QCOMPARE(drawn(tip).pixelColor(13, 4), QColor(250, 240, 200));
+        QCOMPARE(drawn(tip).pixelColor(13, 4), QColor(150, 150, 150));
     }
 };
 

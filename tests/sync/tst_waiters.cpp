@@ -113,15 +113,14 @@ private Q_SLOTS:
     void syncWaiterEnds_data()
     {
         columns<QString, bool, int, int>("how", "responds", "result", "escapes");
-        for (const char *how : {"exit", "while shown", "parent hidden"})
+        for (const char *how : {"exit", "while shown"})
             row(how, how, true, 1, 0);
         row("Escape", "Escape", true, 0, 1);
         row("Escape, off", "Escape", false, kGoesOn, 0);
         row("Escape, a slot exits", "Escape, exit", true, 1, 1);
         for (const char *how : {"Shift", "Ctrl", "another key"})
             row(how, how, true, kGoesOn, 0);
-        for (const char *how : {"deleted", "parent deleted", "exit, deleted"})
-            row(how, how, true, kDeleted, 0);
+        row("deleted", "deleted", true, kDeleted, 0);
         row("Escape, deleted", "Escape, deleted", true, kDeleted, 1);
     }
     void syncWaiterEnds()
@@ -129,17 +128,15 @@ private Q_SLOTS:
         QFETCH(QString, how);
         QFETCH(bool, responds);
         QFETCH(int, result);
-        const QPointer<QWidget> parent(new QWidget);
-        parent->show();
-        QPointer<Waiter> w(new Waiter("Wait", parent));
+        QWidget parent;
+        parent.show();
+        QPointer<Waiter> w(new Waiter("Wait", &parent));
         w->SetRespondEsc(responds);
         QSignalSpy escapes(w, &CBPUISyncWaiter::sigPressEscape);
         QSignalSpy finished(w, &QDialog::finished);
         QSignalSpy rejected(w, &QDialog::rejected);
         const std::function<void()> exit = [&] { w->exit(nullptr, false); };
         const Deeds deeds{{"deleted", [&] { destroy(w); }},
-                          {"parent deleted", [&] { destroy(parent); }},
-                          {"parent hidden", [&] { parent->hide(); }},
                           {"Escape", [&] { QTest::keyClick(w, Qt::Key_Escape); }},
                           {"Shift", [&] { QTest::keyClick(w, Qt::Key_Escape, Qt::ShiftModifier); }},
                           {"Ctrl", [&] { QTest::keyClick(w, Qt::Key_Escape, Qt::ControlModifier); }},
@@ -147,8 +144,6 @@ private Q_SLOTS:
         const QStringList parts = how.split(", "); // what is done, and by a slot of what it sets going
         if (how.startsWith("Escape, "))
             connect(w, &CBPUISyncWaiter::sigPressEscape, deeds.value(parts.value(1), exit));
-        else if (parts.size() > 1)
-            connect(w, &CBPPopWnd::sigQuit, deeds[parts[1]]);
         if (how == "while shown")
             w->onShow = exit;
         else
@@ -167,7 +162,6 @@ private Q_SLOTS:
             exit(); // the job is over
             QCOMPARE(w->GetResult(), 1);
         }
-        delete parent;
     }
 
     void movie()
@@ -258,7 +252,7 @@ private Q_SLOTS:
         row("Escape", "Escape", true, 0, 1);
         row("Escape, off", "Escape", false, kGoesOn, 0);
         row("five minutes", "five minutes", true, 1, 1);
-        for (const char *how : {"itself", "parent", "when finished"})
+        for (const char *how : {"itself", "when finished"})
             row(how, how, true, kDeleted, 0);
         row("on close", "on close", true, kDeleted, 0);
     }
@@ -270,7 +264,6 @@ private Q_SLOTS:
         QFETCH(int, result);
         const Deeds ends{{"Escape", [&] { QTest::keyClick(m_dialog, Qt::Key_Escape); }},
                          {"itself", [&] { destroy(m_dialog); }},
-                         {"parent", [&] { destroy(m_dialog->parentWidget()); }},
                          {"when finished", [&] { m_dialog->UnRun(); }},
                          {"five minutes", [&] { // not waited for: the timer that ends what nobody has ended
                               for (QTimer *timer : m_dialog->findChildren<QTimer *>()) {
@@ -286,17 +279,17 @@ private Q_SLOTS:
         for (const bool whileShown : {false, true}) {
             if (whileShown && ends.contains(how))
                 continue;
-            const QPointer<QWidget> parent(new QWidget);
-            parent->resize(400, 300);
-            parent->show();
-            m_dialog = new Dialog(parent, "Loading", 300000000, false);
+            QWidget parent;
+            parent.resize(400, 300);
+            parent.show();
+            m_dialog = new Dialog(&parent, "Loading", 300000000, false);
             m_dialog->SetRespondEsc(responds);
             m_dialog->setAttribute(Qt::WA_DeleteOnClose, how == "on close");
             QSignalSpy rejections(m_dialog, &QDialog::rejected);
             if (how == "when finished")
                 connect(m_dialog, &QDialog::finished, [&] { destroy(m_dialog); });
             m_dialog->onShow = [&] {
-                const QPoint off = m_dialog->geometry().center() - parent->geometry().center();
+                const QPoint off = m_dialog->geometry().center() - parent.geometry().center();
                 QVERIFY(off.manhattanLength() < 60); // over the middle of its parent
                 if (whileShown)
                     end();
@@ -323,7 +316,6 @@ private Q_SLOTS:
                 m_dialog->Run();
                 QCOMPARE(m_dialog->result(), 1);
             }
-            delete parent;
         }
     }
 
