@@ -97,6 +97,10 @@ private Q_SLOTS:
         QCOMPARE(button.text(), QString()); // the waiting text
         QCOMPARE(spokenName(&button), QString("Go"));
         QVERIFY(accessible->state().busy);
+        QCOMPARE(button.iconSize(), QSize(20, 20));
+        // The button is disabled, the spinner is not.
+        const QSize size = button.currentPixmap().size();
+        QCOMPARE(button.icon().pixmap(size, QIcon::Disabled).toImage(), button.currentPixmap().toImage());
         button.Show(false);
         QVERIFY(button.isEnabled() && !button.isWaitting() && button.icon().isNull());
         QVERIFY(!accessible->state().busy);
