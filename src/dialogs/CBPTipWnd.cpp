@@ -94,9 +94,27 @@ class CBPTipWnd::Follower : public QObject
 public:
     explicit Follower(CBPTipWnd *tip) : m_tip(tip) {}
 
+    // A window manager that answers late puts the tip back where it was before it grew. It is contradicted
+    // some times only: one that means it would never end.
+    void movedBySystem()
+    {
+        if (m_contradictions >= kMostContradictions)
+            return;
+        ++m_contradictions;
+        QMetaObject::invokeMethod(
+            m_tip,
+            [tip = m_tip] {
+                if (tip->isVisible())
+                    tip->MoveRect(tip->m_orientation);
+            },
+            Qt::QueuedConnection);
+    }
+    void expectMoves() { m_contradictions = 0; }
+
     void start()
     {
         stop();
+        expectMoves();
         if (!m_tip->m_bound || m_tip->m_bound->isWindow())
             return;
         for (QWidget *widget = m_tip->m_bound->parentWidget(); widget; widget = widget->parentWidget()) {
@@ -126,6 +144,7 @@ public:
             m_tip->hide();
         else
             m_tip->MoveRect(m_tip->m_orientation);
+        expectMoves();
         return false;
     }
 
@@ -140,8 +159,11 @@ private:
         return seen.isEmpty();
     }
 
+    static constexpr int kMostContradictions = 3;
+
     CBPTipWnd *m_tip;
     QVector<QPointer<QWidget>> m_watched;
+    int m_contradictions = 0;
 };
 
 CBPTipWnd::CBPTipWnd(ENOrientation orientation, QWidget *bound)
@@ -211,6 +233,8 @@ bool CBPTipWnd::eventFilter(QObject *object, QEvent *event)
 {
     if (object == this && event->type() == QEvent::LayoutRequest && isVisible())
         fitContent();
+    if (object == this && event->type() == QEvent::Move && event->spontaneous())
+        m_follower->movedBySystem();
     if (object == m_bound) {
         followBound(event);
     } else if (event->type() == QEvent::WindowDeactivate) {
@@ -293,6 +317,7 @@ void CBPTipWnd::resizeEvent(QResizeEvent *event)
     QWidget::resizeEvent(event);
     if (!isVisible())
         return;
+    m_follower->expectMoves();
     MoveRect(m_orientation);
     updateMask();
 }

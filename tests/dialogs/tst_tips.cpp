@@ -14,6 +14,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QVBoxLayout>
+#include <QWindow>
 
 namespace {
 
@@ -83,6 +84,10 @@ private slots:
             AWAIT(tip.pos() != before && isInPlace());
             tip.AppendWidget(content(240));
             AWAIT(tip.width() == 272 && isInPlace() && tip.isVisible());
+            // Where the window system put it, it does not stay.
+            EventCounter moves(&tip, {QEvent::Move});
+            tip.windowHandle()->setPosition(tip.pos() + QPoint(30, 0));
+            AWAIT(moves.count > 1 && isInPlace());
             // A tip that is not shown is nobody's business, until it is.
             tip.hide();
             scene.bound.move(10, 10);
