@@ -23,7 +23,7 @@ constexpr int kStep = 256 / kShades;
 // How far a pixel may be from its shade: processors round differently in the last bit or two.
 constexpr int kFarthest = kStep / 2 + 3;
 
-// A page without what moves. Its shades of grey keep the files small; which hue a thing has is a matter of
+// Shades of grey keep the files small; which hue a thing has is a matter of
 // other tests.
 QImage shadesOf(const QImage &picture)
 {
@@ -80,10 +80,15 @@ private Q_SLOTS:
         CBPStyle::Install();
         QApplication::setCursorFlashTime(0);
         theme::setUpColors();
+    }
+    // A window each, since a page takes its width from those before it.
+    void init()
+    {
         m_window = std::make_unique<GalleryWindow>();
         m_window->show();
+        QApplication::setActiveWindow(m_window.get()); // without an event loop, which would set things moving
     }
-    void cleanupTestCase() { m_window.reset(); }
+    void cleanup() { m_window.reset(); }
 
     void looksAsBefore_data()
     {
