@@ -85,6 +85,7 @@ private slots:
             for (const bool mirrored : {false, true}) {
                 window.setLayoutDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
                 layout->setGeometry(QRect(origin, QSize(width, 1000)));
+                QCOMPARE(layout->geometry(), QRect(origin, QSize(width, 1000)));
                 for (int i = 0; i < sizes.size(); ++i) {
                     QPoint at = topLefts[i];
                     if (mirrored)
