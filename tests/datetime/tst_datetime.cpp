@@ -27,14 +27,12 @@ public:
 
     static void forget()
     {
-        m_bUseSystemFormat = true;
-        m_dateFormat = BPDateFormat_None;
-        m_timeFormat = BPTimeFormat_None;
-        m_iYearCounts = 4;
-        m_iMonthCounts = m_iDayCounts = m_iHourCounts = 1;
-        m_iMinCounts = m_iSecCounts = 2;
-        for (std::string *text : {&m_strDate, &m_strDateSplitor, &m_strTime, &m_strTimeSplitor})
-            text->clear();
+        auto all = std::tie(m_bUseSystemFormat, m_dateFormat, m_timeFormat, m_iYearCounts, m_iMonthCounts,
+                            m_iDayCounts, m_iHourCounts, m_iMinCounts, m_iSecCounts, m_strDate,
+                            m_strDateSplitor, m_strTime, m_strTimeSplitor);
+        static const auto atFirst =
+            std::apply([](auto... values) { return std::make_tuple(values...); }, all);
+        all = atFirst;
     }
 };
 
