@@ -219,10 +219,13 @@ private slots:
         QCOMPARE(list.selected(), QStringList("/FOLDER 1"));
         QVERIFY(list.open());
         QCOMPARE(list.height(), 100);
+        QCOMPARE(grabbedAt(*list.at(0)->parentWidget(), 1, 1), QColor(Qt::white)); // around the rows, too
         // What was changed through the record counts.
-        list.at(0)->GetItem().path = "/moved";
+        list.at(0)->GetItem().path = "/FOLDER 1";
+        list.at(0)->GetItem().path = "/moved"; // the other row is still known by its path
         list.at(1)->SetSelected(true);
         list.add("/moved");
+        list.add("/FOLDER 1");
         QCOMPARE(list.pathItems().size(), 4);
         list.add("/folder 0");
         QCOMPARE(list.selected(), QStringList("/folder 0"));
