@@ -166,16 +166,23 @@ private Q_SLOTS:
         QPointer<CBPSearchEdit> dying = new CBPSearchEdit(nullptr);
         const Searches early(&impatient);
         const Searches searches(&edit);
+        CBPSearchEdit quiet(nullptr); // empty at the end of its pause
+        const Searches ends(&quiet);
         connect(dying.data(), &CBPSearchEdit::DoSearch, this, [&dying] { delete dying; });
         QTest::keyClicks(&impatient, "abc");
         QTest::keyClick(&impatient, Qt::Key_Return);
         QCOMPARE(early.heard, QStringList("+abc")); // at once
         QTest::keyClicks(&edit, "abc");
+        QTest::keyClicks(&quiet, "x");
+        quiet.blockSignals(true);
+        quiet.clear();
+        quiet.blockSignals(false);
         QTest::keyClicks(dying, "x");
         QVERIFY(searches.heard.isEmpty() && dying);
         const Pauses pauses;
-        AWAIT(!searches.heard.isEmpty() && !dying);
-        QCOMPARE(pauses.lengths, QVector<int>(2, 1500)); // and no third one, which the search was to end
+        AWAIT(!searches.heard.isEmpty() && !ends.heard.isEmpty() && !dying);
+        QCOMPARE(pauses.lengths, QVector<int>(3, 1500)); // and no fourth one, which the search was to end
+        QCOMPARE(ends.heard, QStringList("-"));
         QCOMPARE(searches.heard, QStringList("+abc"));
         QCOMPARE(early.heard, QStringList("+abc"));
         QTest::keyClick(&edit, Qt::Key_Backspace);
