@@ -24,7 +24,9 @@
 #include <QSpinBox>
 #include <QStyledItemDelegate>
 #include <QStyleFactory>
+#include <QTabBar>
 #include <QTextEdit>
+#include <QTimer>
 #include <QToolButton>
 
 #include <memory>
@@ -111,6 +113,15 @@ private slots:
         check(make<CBPTreeWidget>(), true, false);
         check(make<QPushButton>(), true, false);
         check(make<QToolButton>(), true, false);
+        QTabBar tabs; // the chosen one has a line where its page is
+        CBPStyle::Apply(&tabs);
+        tabs.addTab("Chosen");
+        for (const auto shape : {QTabBar::RoundedNorth, QTabBar::RoundedSouth, QTabBar::RoundedWest}) {
+            tabs.setShape(shape);
+            tabs.resize(tabs.sizeHint());
+            const QSize line = boxOf(pictureOf(tabs, 1), QColor(lumqt::kAccent)).size();
+            QCOMPARE(qMin(line.width(), line.height()), 2);
+        }
     }
 
     void parts()
@@ -133,6 +144,18 @@ private slots:
         combo.view()->ensurePolished();
         combo.show();
         QCOMPARE(combo.view()->sizeHintForRow(0), lumqt::kFieldHeight);
+        combo.insertSeparator(1);
+        QImage picture(20, 20, QImage::Format_ARGB32_Premultiplied);
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        QStyleOptionViewItem row;
+        row.rect = QRect(0, 0, 20, 9);
+        combo.itemDelegate()->paint(&painter, row, combo.model()->index(1, 0));
+        QCOMPARE(boxOf(picture, QColor(lumqt::kRule)), QRect(0, 4, 20, 1));
+        row.rect = QRect(0, 12, 8, 8);                               // less than a mark is made for
+        row.state |= QStyle::State_NoChange | QStyle::State_Enabled; // a mark of whole pixels
+        combo.style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &row, &painter);
+        QVERIFY(boxOf(picture, Qt::white).isValid() && row.rect.contains(boxOf(picture, Qt::white)));
         struct Delegate : QStyledItemDelegate // without a meta-object of its own
         {
         } delegate;
@@ -174,6 +197,9 @@ private slots:
         hover(false);
         box.reset();
         QCOMPARE(lumqt::runningFades(), 0);
+        bool ticked = false; // after the last tick of the fades, which is not to paint what is gone
+        QTimer::singleShot(50, [&] { ticked = true; });
+        AWAIT(ticked);
         CBPStyle style; // of what one menu paints, no entry is another's past
         QMenu menu;
         menu.setStyle(&style);
