@@ -87,6 +87,14 @@ private slots:
             QToolTip::hideText();
             AWAIT(QToolTip::text().isEmpty());
         }
+        // As much of it as there is room for, whatever the width of a letter.
+        CTriStateButton whole(QString(40, 'M'), false, false, nullptr), part("", false, false, nullptr);
+        for (int width = 85; width < 105; ++width) {
+            part.setText(whole.fontMetrics().elidedText(whole.text(), Qt::ElideRight, width - 2 * 4));
+            for (CTriStateButton *button : {&whole, &part})
+                button->setFixedSize(width, 28);
+            QCOMPARE(pictureOf(whole, 1), pictureOf(part, 1));
+        }
     }
 
     // Made checkable, it is what a group of Qt takes it for.

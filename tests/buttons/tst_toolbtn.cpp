@@ -132,7 +132,9 @@ private slots:
             QVERIFY(button.maximumHeight() == QWIDGETSIZE_MAX);
             button.AppendMenuItem(QString(), label, 1);
             button.setPixelSize(40); // takes effect at the next setter that sizes
+            QTest::ignoreMessage(QtWarningMsg, "CBPToolButton: 0 is no font size");
             button.setPixelSize(0);
+            QTest::ignoreMessage(QtWarningMsg, "CBPToolButton: -3 is no font size");
             button.SetTextFont(QString(), -3);
             QCOMPARE(button.minimumWidth(), expected + 10);
         };
@@ -361,6 +363,12 @@ private slots:
             "f4=0++ altf4=0++ controlf4=0++ disable=3++ open=3++ enable=0++ text=2++ arrowup=0++ "
             "text=2++ focusout=0++ textup=0++";
         QCOMPARE(traced(&button, more, look, own), more);
+        // No layout sees to it that these are shown.
+        QVERIFY(repaints(button, [&] { button.setText("Order"); }));
+        QVERIFY(repaints(button, [&] { button.setIcon(QIcon(m_image)); }));
+        QVERIFY(repaints(button, [&] { button.SetFont(QFont()); }));
+        QVERIFY(repaints(button, [&] { button.setSplit(false); }));
+        QVERIFY(repaints(button, [&] { button.setFocusFrameColor(Qt::red); }));
     }
 
     void menuLeavesTheButtonFree()
@@ -368,7 +376,7 @@ private slots:
         CBPDropdownBtn button("Sort", 9);
         button.AppendMenuItem(QString(), "One", 11);
         const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-        for (const int y : {screen.top() + 50, screen.bottom() - 60}) {
+        for (const int y : {screen.center().y(), screen.bottom() - 60}) {
             button.move(screen.left() + 50, y);
             button.show();
             QRect place;
@@ -380,7 +388,9 @@ private slots:
             });
             button.OpenMenu();
             QVERIFY(place.isValid() && screen.contains(place));
-            QVERIFY(!place.intersects(QRect(button.mapToGlobal(QPoint(0, 0)), button.size())));
+            const QRect own(button.mapToGlobal(QPoint(0, 0)), button.size());
+            QCOMPARE(place.top() == own.bottom() + 3, y == screen.center().y()); // where there is room
+            QVERIFY(!place.intersects(own));
             QVERIFY(!left);
         }
     }
