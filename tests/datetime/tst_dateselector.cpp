@@ -226,8 +226,11 @@ private slots:
         };
         RealInput::click(day);
         AWAIT(isGone()); // sooner, and the window manager may lose the second one
-        RealInput::click(day);
-        AWAIT_EQUAL(picks.count(), 2);
+        int tries = 0;   // it loses one even so where the machine is busy
+        do
+            RealInput::click(day);
+        while (!awaited([&] { return picks.count() == 2; }, 5000) && ++tries < 4);
+        QCOMPARE(picks.count(), 2);
         AWAIT(isGone() && QApplication::mouseButtons() == Qt::NoButton);
         QCOMPARE(beneath.count(), 0);
         QTest::mouseClick(scene.elsewhere, Qt::LeftButton); // not for ever
