@@ -2,6 +2,7 @@
 
 #include "CBPLinkerButton.h"
 #include "CBPPushBtn.h"
+#include "CBPStyle.h"
 #include "CButtonGroupBox.h"
 #include "Util.h"
 
@@ -14,6 +15,7 @@
 #include <QPalette>
 #include <QPixmap>
 #include <QStyle>
+#include <QStyleFactory>
 #include <QVariant>
 
 namespace theme {
@@ -192,8 +194,10 @@ QPixmap picture(const QString &name)
     return load(picturePath(name));
 }
 
-void setUpColors()
+void setUpLook()
 {
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    CBPStyle::Install(); // plain widgets look like the library's
     QPalette palette = QApplication::style()->standardPalette();
     const QColor faint(150, 158, 168);
     for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {

@@ -91,7 +91,8 @@ QStringList spinnerFrames();
 // The picture itself, at the density that the screen needs.
 QPixmap picture(const QString &name);
 
-// One palette on every system, with a selection that stays visible while another window is in front.
-void setUpColors();
+// One style and one palette on every system, with a selection that stays visible while another window is in
+// front.
+void setUpLook();
 
 } // namespace theme

@@ -5,13 +5,11 @@
 #include "Screenshots.h"
 #include "Theme.h"
 
-#include "CBPStyle.h"
 #include "Util.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
-#include <QStyleFactory>
 #include <QTextStream>
 
 #include <utility>
@@ -100,7 +98,7 @@ void fixDensityOfPictures(int argc, char *argv[])
 int run(const Options &options)
 {
     setUpFonts();
-    theme::setUpColors();
+    theme::setUpLook();
     Util::InstallCatalogue(); // the library's own English texts, such as the titles of message boxes
     GalleryWindow window;
     window.showPage(options.page.isEmpty() ? pages().first().id : options.page);
@@ -122,8 +120,6 @@ int main(int argc, char *argv[])
     QGuiApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication application(argc, argv);
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    CBPStyle::Install(); // plain widgets look like the library's
 
     QCommandLineParser parser;
     Options options;

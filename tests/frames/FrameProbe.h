@@ -5,17 +5,11 @@
 #include "CBPWinFrm.h"
 #include "CBPWinFrmTitle.h"
 #include "CBPWinWidget.h"
+#include "Later.h"
 
 // What the tests of the two framed windows share: each runs for both classes.
 
 enum Closing { ByBase, Directly, NotAtAll };
-
-// Out of line: most probes live on the stack and are never deleted so, which a compiler that sees both cannot
-// know.
-Q_NEVER_INLINE inline void destroy(QObject *object)
-{
-    delete object;
-}
 
 // Either framed window. It notes its hooks, and may be deleted in one of them.
 template <class Base> class Probe : public Base

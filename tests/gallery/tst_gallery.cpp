@@ -10,13 +10,11 @@
 
 #include "CBPDateSelector.h"
 #include "CBPImageButton.h"
-#include "CBPStyle.h"
 #include "CMsgBox.h"
 
 #include <QAccessible>
 #include <QApplication>
 #include <QCalendarWidget>
-#include <QStyleFactory>
 #include <QTimer>
 
 #include <private/qhighdpiscaling_p.h>
@@ -31,10 +29,8 @@ class TestGallery : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-        CBPStyle::Install();
         QApplication::setCursorFlashTime(0);
-        theme::setUpColors();
+        theme::setUpLook();
         scaleScreen(1.0);
     }
     void cleanup() { scaleScreen(1.0); }

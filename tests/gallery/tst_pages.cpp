@@ -6,12 +6,9 @@
 #include "TestMain.h"
 #include "Theme.h"
 
-#include "CBPStyle.h"
-
 #include <QApplication>
 #include <QFontInfo>
 #include <QLabel>
-#include <QStyleFactory>
 
 #include <memory>
 
@@ -76,12 +73,10 @@ private Q_SLOTS:
             QSKIP("The pictures are those of one platform's letters and frames.");
         if (QFontInfo(QApplication::font()).family() != QLatin1String("Open Sans"))
             QSKIP("The fonts of the pictures are not installed.");
-        QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-        CBPStyle::Install();
         QApplication::setCursorFlashTime(0);
-        theme::setUpColors();
+        theme::setUpLook();
     }
-    // A window each, since a page takes its width from those before it.
+    // A window each: no page looks as it does because of those before it.
     void init()
     {
         m_window = std::make_unique<GalleryWindow>();
