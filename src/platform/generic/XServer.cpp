@@ -40,7 +40,7 @@ public:
         resolve(m_internAtom, "XInternAtom");
         resolve(m_selectionOwner, "XGetSelectionOwner");
         resolve(m_sendEvent, "XSendEvent");
-        resolve(m_flush, "XFlush");
+        resolve(m_sync, "XSync");
         // One connection for the life of the program: whether windows are blended is asked whenever a menu
         // opens.
         if (m_complete)
@@ -67,7 +67,9 @@ public:
         message.data[2] = kMoveResizeCancel;
         message.data[4] = kFromApplication;
         m_sendEvent(m_display, m_defaultRoot(m_display), 0, kSubstructureMasks, &message);
-        m_flush(m_display);
+        // Waits until the server has it: what Qt's own connection asks for from here on, say a move of the same
+        // window, would be undone by a cancel that came after it.
+        m_sync(m_display, 0);
     }
 
 private:
@@ -88,7 +90,7 @@ private:
     unsigned long (*m_internAtom)(void *, const char *, int) = nullptr;
     unsigned long (*m_selectionOwner)(void *, unsigned long) = nullptr;
     int (*m_sendEvent)(void *, unsigned long, int, long, ClientMessage *) = nullptr;
-    int (*m_flush)(void *) = nullptr;
+    int (*m_sync)(void *, int) = nullptr;
 };
 
 XLibrary &xlib()
