@@ -115,13 +115,18 @@ private:
     const std::function<bool()> m_counts;
 };
 
-// Whether a widget on the screen is painted anew after an act.
+// Whether a widget on the screen is painted anew after an act. A window is told to paint what is marked, which
+// it does by itself only some milliseconds later.
 template <class Act> bool repaints(QWidget &widget, Act act)
 {
-    QCoreApplication::processEvents();
+    const auto paint = [&widget] {
+        QCoreApplication::processEvents();
+        sendEvent(*widget.window(), QEvent::UpdateRequest);
+    };
+    paint();
     const EventCounter paints(&widget, {QEvent::Paint});
     act();
-    QCoreApplication::processEvents();
+    paint();
     return paints.count > 0;
 }
 

@@ -1,5 +1,6 @@
 #include "CMsgBox.h"
 
+#include "Acts.h"
 #include "MsgBoxProbe.h"
 #include "Pixels.h"
 #include "platform/Platform.h"
@@ -423,6 +424,9 @@ private Q_SLOTS:
         box.whileRunning([&] {
             QLabel *label = box.label(wide);
             auto *area = box.findChild<QScrollArea *>();
+            AWAIT_EQUAL(area->verticalScrollBar()->maximum(), 0);
+            area->setFocus(Qt::TabFocusReason);
+            AWAIT(!repaints(*area, [&] { QTest::keyClick(area, Qt::Key_Shift); }));
             for (const auto &[lines, whole] : {std::pair(15, true), std::pair(400, false)}) {
                 const int before = box.height();
                 label->setText(wide + QString("\nline").repeated(lines));

@@ -274,6 +274,7 @@ private Q_SLOTS:
         row("the application's default", kOk | kNo, "default", kNo);
         row("disabled", kOk | kNo, "disabled", kNo);
         row("hidden", kOk | kNo, "hidden", kNo);
+        row("Close, not No", kNo | 0x100000, "", 0x100000);
         row("beside something", kOk | kNo, "beside", kOk);
     }
     // One rule for pop-ups and message boxes, and for the default button.
