@@ -93,16 +93,22 @@ def all_lines(files):
     result = []
     for file in files:
         text = (ROOT / file).read_text(encoding="utf-8").split("\n")
+        seen = collections.Counter()
         for number, line in enumerate(text, 1):
+            seen[line.strip()] += 1
+            names = file, f"{file}#{seen[line.strip()]}"
             changes = [change for change in changes_of_line(file, number, line)
-                       if (file, line.strip(), change.new.strip()) not in known]
+                       if not any((name, line.strip(), change.new.strip()) in known for name in names)]
             if changes:
                 result.append(changes)
     return result
 
 
 def equivalents():
-    """The changes that are known to alter nothing: FILE | OLD | NEW | REASON, a line each."""
+    """The changes that are known to alter nothing: FILE | OLD | NEW | REASON, a line each.
+
+    FILE stands for each such line in it, FILE#2 for the second one alone.
+    """
     known = set()
     if EQUIVALENT.exists():
         for line in EQUIVALENT.read_text(encoding="utf-8").splitlines():

@@ -293,6 +293,15 @@ private Q_SLOTS:
         w.setFont(QFont("monospace", 20));
         w.setCaption("two lines");
         QCOMPARE(frameImage(w, strip), before);
+        const QFont usual = QApplication::font();
+        QApplication::setFont(QFont("monospace", 20));
+        TestWin other; // which is told of no change
+        other.setIcon("../res/no such.png");
+        other.setCaption("two lines");
+        show(other);
+        const QImage first = frameImage(other, strip);
+        QApplication::setFont(usual);
+        QCOMPARE(first, before);
 
         // Shown with the next painting, which the pointer brings here.
         before = frameImage(w, strip);
