@@ -115,8 +115,8 @@ private:
     const std::function<bool()> m_counts;
 };
 
-// Whether a widget on the screen is painted anew after an act. A window is told to paint what is marked, which
-// it does by itself only some milliseconds later.
+// Whether a widget on the screen is painted anew after an act. A window is told to paint what is marked,
+// which it does by itself only some milliseconds later.
 template <class Act> bool repaints(QWidget &widget, Act act)
 {
     const auto paint = [&widget] {
