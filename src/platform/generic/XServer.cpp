@@ -67,8 +67,8 @@ public:
         message.data[2] = kMoveResizeCancel;
         message.data[4] = kFromApplication;
         m_sendEvent(m_display, m_defaultRoot(m_display), 0, kSubstructureMasks, &message);
-        // Waits until the server has it: what Qt's own connection asks for from here on, say a move of the same
-        // window, would be undone by a cancel that came after it.
+        // Waits until the server has it: what Qt's own connection asks for from here on, say a move of the
+        // same window, would be undone by a cancel that came after it.
         m_sync(m_display, 0);
     }
 
