@@ -182,6 +182,7 @@ class Workshop:
         try:
             if not self.compile("all" if change.file.endswith(".h") else "LumQtLib"):
                 return ""
+            self.compile("lumqt_resources")  # a test that died may have left them changed
             return "not noticed" if self.test(change.file.split("/")[1]) else "noticed"
         finally:
             file.write_text(whole, encoding="utf-8")

@@ -18,7 +18,7 @@ run_preset() {
   local preset=$1 status=0 selection=()
   # Under the thread sanitizer the libraries of the X server are not instrumented, and their own threads drown ours:
   # what needs a screen is left to the other runs, and so are the pictures of all pages, which know one thread.
-  [ "$preset" != linux-tsan ] || selection=(--label-exclude '^display$|^pictures$|^in-gallery$')
+  [ "$preset" != linux-tsan ] || selection=(--label-exclude '^display$|^pictures$|^in-gallery$|^monkey$')
   say "Configuring: $preset"
   cmake --preset "$preset" -Wno-dev >"$log.configure" 2>&1 || {
     cat "$log.configure"

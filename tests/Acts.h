@@ -21,7 +21,7 @@ inline void showActive(QWidget &window)
 {
     window.show();
     window.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QVERIFY(QTest::qWaitForWindowActive(&window, kPatience));
 }
 
 // A window that was asked to be active. Keys and clicks of a test come faster than any person's, while an X

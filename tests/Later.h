@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QCoreApplication>
+#include <QScopeGuard>
 #include <QTimer>
 
 #include <functional>
@@ -13,27 +14,14 @@ Q_NEVER_INLINE inline void destroy(QObject *object)
     delete object;
 }
 
+// Gives a value back what it has now, however the block ends.
+template <class Value> auto restoring(Value &value)
+{
+    return qScopeGuard([&value, before = value] { value = before; });
+}
+
 // Once control is back in the event loop.
 inline void later(QObject *context, const std::function<void()> &act)
 {
     QTimer::singleShot(0, context, act);
 }
-
-// Ends what would wait for ever.
-class Watchdog
-{
-public:
-    Watchdog()
-    {
-        QObject::connect(&m_timer, &QTimer::timeout, [this] {
-            m_bit = true;
-            QCoreApplication::exit();
-        });
-        m_timer.start(30000);
-    }
-    bool bit() const { return m_bit; }
-
-private:
-    QTimer m_timer;
-    bool m_bit = false;
-};

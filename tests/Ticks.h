@@ -44,7 +44,7 @@ inline void tick(QTimer *timer, int times = 1)
         QVERIFY(QMetaObject::invokeMethod(timer, "timeout", Qt::DirectConnection));
 }
 
-// Has a spinner that was started show its first frame, which by its interface comes with the eleventh tick.
+// Has a spinner that was started show its first frame, which comes with the eleventh tick.
 inline void showFirstFrame()
 {
     tick(spinnerTimer(), 10);

@@ -26,6 +26,7 @@ namespace {
 
 const QColor kClientFill(255, 255, 255);
 const QColor kCaptionText(0, 0, 0);
+constexpr int kNoSpace = INT_MIN; // no room of a caption is that
 const char kTitleIcon[] = "../res/title_logo.png";
 
 QStringList stateImages(const QString &name)
@@ -132,10 +133,10 @@ public:
     const std::unique_ptr<platform::WindowFrame> system;
     frame::LowestSize lowest;
     CachedText caption;
-    QString captionLine;   // on one line
-    QString captionShown;  // and as long as there is room for it
-    int captionSpace = -1; // the room; -1: line or font have changed
-    int captionEnd = 0;    // in window coordinates
+    QString captionLine;         // on one line
+    QString captionShown;        // and as long as there is room for it
+    int captionSpace = kNoSpace; // the room; kNoSpace: line or font have changed
+    int captionEnd = 0;          // in window coordinates
     QFont captionFont;
     bool captionFontValid = false;
     bool iconChanged = false; // since the whole frame was painted
@@ -263,7 +264,7 @@ void CBaseWin::setCaption(QString text)
 {
     m_caption = text;
     m_frame->captionLine = onOneLine(text);
-    m_frame->captionSpace = -1;
+    m_frame->captionSpace = kNoSpace;
     setAccessibleName(text);
     update();
     if (isVisible())
@@ -423,7 +424,7 @@ void CBaseWin::paintCaption(QPainter &painter)
         m_frame->captionFont = font();
         m_frame->captionFont.setFamily(GetFontFamily(NormalWeight));
         m_frame->captionFontValid = true;
-        m_frame->captionSpace = -1;
+        m_frame->captionSpace = kNoSpace;
     }
     painter.setPen(kCaptionText);
     const QRect rect = frame::captionRect(fw, hasIcon, m_iconRect.width());

@@ -211,7 +211,7 @@ private slots:
         button.SetBkgColors(kBlack);
         button.SetSpecialIcon(true, Qt::blue);
         button.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&button));
+        QVERIFY(QTest::qWaitForWindowExposed(&button, kPatience));
         QCoreApplication::processEvents();
         EventCounter asked(&button, {QEvent::UpdateRequest, QEvent::UpdateLater, QEvent::Paint});
         button.SetBtnShow(false);

@@ -251,16 +251,11 @@ private slots:
     }
 
     // What changes the look is on the screen soon. A tool tip that the painting sets is set once.
-    void repaints()
+    void newLooks()
     {
         const auto check = [](QWidget *widget, const QVector<const char *> &events, const Deeds &own = {}) {
-            EventCounter paints(widget, {QEvent::Paint});
-            for (const char *event : events) {
-                QCoreApplication::processEvents();
-                paints.count = 0;
-                perform(widget, event, own);
-                QVERIFY2(awaited([&] { return paints.count > 0; }), event);
-            }
+            for (const char *event : events)
+                QVERIFY2(repaints(*widget, [&] { perform(widget, event, own); }), event);
         };
         forAll([&](const Sibling &sibling) {
             if (sibling.traits & QtHovers)
@@ -345,10 +340,10 @@ private slots:
                 if (reason != Qt::TabFocusReason && reason != Qt::MouseFocusReason)
                     continue;
                 elsewhere.activateWindow();
-                QVERIFY(QTest::qWaitForWindowActive(&elsewhere));
+                QVERIFY(QTest::qWaitForWindowActive(&elsewhere, kPatience));
                 QVERIFY(!ring());
                 scene.window.activateWindow();
-                QVERIFY(QTest::qWaitForWindowActive(&scene.window));
+                QVERIFY(QTest::qWaitForWindowActive(&scene.window, kPatience));
                 QCOMPARE(ring(), shown);
             }
             const QPair<Qt::Key, int> keys[] = {{Qt::Key_Space, ~0},

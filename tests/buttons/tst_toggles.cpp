@@ -119,7 +119,7 @@ private slots:
                 QVERIFY(chosen(index));
             }
         }
-        QVERIFY(groupClicked.isEmpty() && groupReleased.isEmpty()); // as promised
+        QVERIFY(groupClicked.isEmpty() && groupReleased.isEmpty());
         buttons[0].SetChecked(true);
         QVERIFY(chosen(0));
         buttons[1].setChecked(true);

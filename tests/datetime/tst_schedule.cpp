@@ -290,6 +290,7 @@ private slots:
 
     void listNames()
     {
+        const auto restore = qScopeGuard([] { QApplication::setLayoutDirection(Qt::LeftToRight); });
         QApplication::setLayoutDirection(Qt::RightToLeft);
         TimeList list(4, {kMorning, kNoon, kEvening});
         deleteButtonOf(fieldsOf(list).first())->click();

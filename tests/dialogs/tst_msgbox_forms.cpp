@@ -20,7 +20,7 @@ constexpr int kHint = 0x4;
 bool isInFront(QWidget &box)
 {
     box.activateWindow();
-    return QTest::qWaitForWindowActive(&box);
+    return QTest::qWaitForWindowActive(&box, kPatience);
 }
 
 // A key goes to what has the focus, as from the keyboard.
@@ -188,8 +188,8 @@ private Q_SLOTS:
     // What is being typed goes on when the form becomes higher than the screen meanwhile.
     void focusKept()
     {
-        auto &workArea = lumqt::platform::answers().workArea;
-        const auto kept = std::exchange(workArea, [] { return QRect(0, 0, 1024, 600); });
+        const auto restore = restoring(lumqt::platform::answers());
+        lumqt::platform::answers().workArea = [] { return QRect(0, 0, 1024, 600); };
         MsgBox box;
         box.whileRunning([&] {
             QVERIFY(isInFront(box));
@@ -201,7 +201,6 @@ private Q_SLOTS:
             AWAIT(password->hasFocus());
         });
         box.showUserAndPasswordBox(0, "Prompt", 3, 9, kOk);
-        workArea = kept;
     }
 
     // ------------------------------------------------------------------------------------------------------

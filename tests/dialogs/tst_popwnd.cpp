@@ -64,8 +64,8 @@ private Q_SLOTS:
         QFETCH(int, appended);
         QFETCH(int, prepended);
         QFETCH(QRect, area);
-        auto &workArea = lumqt::platform::answers().workArea;
-        const auto kept = std::exchange(workArea, [&area] { return area; });
+        const auto restore = restoring(lumqt::platform::answers());
+        lumqt::platform::answers().workArea = [&area] { return area; };
         for (const bool mirrored : {false, true}) {
             PopUp w(nullptr, appended);
             w.setLayoutDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
@@ -99,7 +99,6 @@ private Q_SLOTS:
                 area = large;
             }
         }
-        workArea = kept;
     }
 
     void buttonsByFlag()

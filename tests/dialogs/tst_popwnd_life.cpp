@@ -101,7 +101,6 @@ private Q_SLOTS:
                         w->UnRun();
                 });
             w->Run();
-            QVERIFY(!m_watchdog.bit());
             QCOMPARE(quits.size(), told);
             QCOMPARE(w.isNull(), result == kDeleted);
             if (!w)
@@ -263,7 +262,7 @@ private Q_SLOTS:
         PopUp w(nullptr, kOk);
         w.resize(400, 300);
         w.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        QVERIFY(QTest::qWaitForWindowExposed(&w, kPatience));
         const QRect body = w.rect().adjusted(10, 10, -10, -10);
         QCOMPARE(w.mask().boundingRect(), body);
         QVERIFY(!w.mask().contains(body.topLeft()));
@@ -291,7 +290,6 @@ private Q_SLOTS:
 
 private:
     const lumqt::platform::Answers m_answers = lumqt::platform::answers();
-    Watchdog m_watchdog;
 };
 
 LUMQT_TEST_MAIN(TestPopWndLife)

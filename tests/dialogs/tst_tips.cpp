@@ -3,6 +3,7 @@
 #include "CBPBox.h"
 #include "CBPTipWnd.h"
 #include "CTextTips.h"
+#include "Later.h"
 #include "Pixels.h"
 #include "platform/Platform.h"
 #include "Spoken.h"
@@ -122,7 +123,7 @@ private slots:
         bound->setGeometry(QRect(QPoint(30, 40), kBoundSize));
         area.setWidget(page);
         area.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&area));
+        QVERIFY(QTest::qWaitForWindowExposed(&area, kPatience));
         CBPTipWnd tip(ENOrientationLeft, bound);
         tip.AppendWidget(content(100));
         const auto inPlace = [&] { return tip.isVisible() && tip.pos() == placeOf(tip, *bound, 1); };
@@ -196,7 +197,8 @@ private slots:
             sendEvent(scene.bound, QEvent::Enter);
             QCOMPARE(tip.isVisible(), follows);
             if (follows)
-                QVERIFY(QTest::qWaitForWindowActive(&tip)); // it does take the activation, the first time too
+                QVERIFY(QTest::qWaitForWindowActive(
+                    &tip, kPatience)); // it does take the activation, the first time too
             tip.show();
             sendEvent(scene.bound, QEvent::Leave);
             QCOMPARE(tip.isVisible(), !follows);
@@ -281,8 +283,8 @@ private slots:
     // Where nothing blends windows with what lies behind them the tip has its outline's shape.
     void notComposited()
     {
+        const auto restore = restoring(lumqt::platform::answers());
         lumqt::platform::Answers &answers = lumqt::platform::answers();
-        const auto asked = answers.composited;
         answers.composited = [] { return false; };
         CBPTipWnd tip(ENOrientationLeft, nullptr);
         tip.resize(152, 60);
@@ -296,7 +298,6 @@ private slots:
         answers.composited = [] { return true; };
         tip.show();
         QVERIFY(tip.mask().isEmpty());
-        answers.composited = asked;
     }
 
     // The text on lines of its own, or as wide as was asked: a word that is longer than a line is broken

@@ -29,7 +29,7 @@ void present(QWidget &slider)
 {
     slider.resize(300, 70);
     slider.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&slider));
+    QVERIFY(QTest::qWaitForWindowExposed(&slider, kPatience));
 }
 
 struct Jump : CBPJumpSlider
@@ -333,13 +333,8 @@ private Q_SLOTS:
     {
         Both both;
         for (QWidget *widget : both.all) {
-            EventCounter paints(sliderOf(*widget), {QEvent::Paint});
-            for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-                QCoreApplication::processEvents();
-                paints.count = 0;
-                sendMouse(*sliderOf(*widget), type);
-                AWAIT(paints.count > 0);
-            }
+            for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
+                QVERIFY(repaints(*sliderOf(*widget), [&] { sendMouse(*sliderOf(*widget), type); }));
             sliderOf(*widget)->setValue(0);
             widget->setEnabled(false);
             click(rowOf(*widget), 297);

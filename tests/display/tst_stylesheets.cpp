@@ -67,6 +67,7 @@ private Q_SLOTS:
     void everyPage()
     {
         QStringList gone;
+        int all = 0;
         for (const PageInfo &page : pages()) {
             const std::unique_ptr<QWidget> root(page.make());
             root->setAttribute(Qt::WA_DontShowOnScreen);
@@ -83,6 +84,7 @@ private Q_SLOTS:
                 ++looked[kind];
                 ours.append({widget, colorsOf(*widget)});
             }
+            all += ours.size();
             for (const QString &rule : kRules.split("};")) {
                 root->setStyleSheet(rule + "}");
                 QCoreApplication::processEvents();
@@ -92,6 +94,7 @@ private Q_SLOTS:
                 }
             }
         }
+        QVERIFY2(all > 150, QByteArray::number(all));
         QVERIFY2(gone.isEmpty(), qPrintable(gone.join('\n')));
     }
 };

@@ -9,6 +9,7 @@
 
 #include <QCryptographicHash>
 #include <QDataStream>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QTranslator>
 
@@ -210,6 +211,7 @@ private slots:
         QVERIFY(shipped.open(QIODevice::ReadOnly));
         const QByteArray content = shipped.readAll();
         shipped.close();
+        const auto restore = qScopeGuard([&] { writeFile(file, content); });
 
         bool found = false;
         QCOMPARE(Util::GetWindowTitleBgColor(), QColor(34, 42, 62));
@@ -222,7 +224,6 @@ private slots:
         QVERIFY(!Util::GetWindowTitleBgColor().isValid());
         QCOMPARE(Util::GetWindowTitleTextColor(), QColor(1, 2, 3));
         QVERIFY(!Util::GetWindowTitleBottomLineClr(found).isValid() && !found);
-        QVERIFY(writeFile(file, content));
     }
 
     void addresses()

@@ -123,7 +123,7 @@ inline void show(CBaseWin &w)
     w.resize(600, 300);
     w.move(60, 60);
     w.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    QVERIFY(QTest::qWaitForWindowExposed(&w, kPatience));
     AWAIT(!w.btnRect(CloseButton).isEmpty());
 }
 

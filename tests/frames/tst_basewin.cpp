@@ -31,6 +31,7 @@ private Q_SLOTS:
     {
         lumqt::platform::answers() = m_answers;
         QApplication::setDoubleClickInterval(m_doubleClick);
+        RealInput::release();
         if (RealInput::available()) // where no window comes up under it
             QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight());
     }

@@ -126,7 +126,7 @@ private Q_SLOTS:
         dialog.ShowTitleBtn(2 | 8 | 64 | 128, true);
         dialog.AppendContent(new QLineEdit, true, false, 0);
         dialog.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog, kPatience));
         const auto *icon = dialog.titleBar()->findChild<QLabel *>();
         QVERIFY(!icon->pixmap(Qt::ReturnByValue).isNull());
         const QVector<QSize> before = logicalSizes(dialog);

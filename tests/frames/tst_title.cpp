@@ -201,7 +201,7 @@ private Q_SLOTS:
         const auto ground = [&] { return drawn(w.bar).pixelColor(inside); };
         CBPImageButton *dotted = button(w.bar, 64);
         dotted->show();
-        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        QVERIFY(QTest::qWaitForWindowExposed(&w, kPatience));
         QColor red(Qt::red);
         QVERIFY(repaints(w.bar, [&] { w.bar.SetBgColor(red); }));
         QCOMPARE(ground(), red);
@@ -222,9 +222,12 @@ private Q_SLOTS:
         const auto write = [&file](const char *key, const QVariant &value) {
             Util::writeIni("window", QLatin1String(key), value, file);
         };
-        QVERIFY(QFile::copy(file, file + ".kept"));
+        QFile shipped(file);
+        QVERIFY(shipped.open(QIODevice::ReadOnly));
+        const QByteArray content = shipped.readAll();
+        shipped.close();
         const auto restore =
-            qScopeGuard([&file] { QFile::remove(file) && QFile::rename(file + ".kept", file); });
+            qScopeGuard([&] { shipped.open(QIODevice::WriteOnly) && shipped.write(content) >= 0; });
         for (const bool groundIsRight : {true, false}) {
             write("title_bgcolor", groundIsRight ? "#102030" : "no colour");
             write("title_textcolor", groundIsRight ? "no colour" : "#405060");

@@ -58,7 +58,7 @@ private Q_SLOTS:
             w.show();
             QVERIFY(w.titleBar()->y() == 10 && bottom->geometry() == QRect(10, 220, 380, 70));
             QVERIFY(bottom->contentsMargins() == QMargins(12, 12, 12, 16) && w.contentBox()->count() == 2);
-            QVERIFY(QTest::qWaitForWindowExposed(&w));
+            QVERIFY(QTest::qWaitForWindowExposed(&w, kPatience));
             QVERIFY(repaints(w, [&] { w.SetBottomHeight(40); }) && bottom->height() == 40);
             QVERIFY(repaints(w, [&] { w.SetDrawBottomHLine(false); }));
             const QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(&w);
@@ -147,7 +147,7 @@ private Q_SLOTS:
                                                       {1024, "contact"}, {2048, "support"}, {4096, "offer"}};
         for (const auto &[id, hook] : hooks)
             row(hook, id, hook);
-        for (const int id : {0, -1, 1, 32, 256, 512, 8192, 12})
+        for (const int id : {0, -1, 12})
             QTest::addRow("%d", id) << id << QString();
     }
     void titleIds()
@@ -200,7 +200,7 @@ private Q_SLOTS:
             const QRect restored(120, 110, 300, 200);
             w.setGeometry(restored);
             w.show();
-            QVERIFY(QTest::qWaitForWindowExposed(&w));
+            QVERIFY(QTest::qWaitForWindowExposed(&w, kPatience));
             AWAIT_EQUAL(w.geometry(), restored);
             clickTitle(w, 4);
             QVERIFY(w.isMaximized() && w.minimumSize() == w.maximumSize());

@@ -85,7 +85,7 @@ private Q_SLOTS:
                 if (dialog)
                     dialog->setResult(77);
                 dialog &&time == 2 ? dialog->open() : w.show();
-                QVERIFY(QTest::qWaitForWindowExposed(&w));
+                QVERIFY(QTest::qWaitForWindowExposed(&w, kPatience));
                 closeBy(w, way);
                 QTEST(w.calls.size(), "calls");
                 QCOMPARE(w.isVisible(), !closes);
@@ -260,7 +260,7 @@ private Q_SLOTS:
         if (!parent.isNull()) {
             window.setGeometry(parent.adjusted(-40, -20, 60, 60));
             window.show();
-            QVERIFY(QTest::qWaitForWindowExposed(&window));
+            QVERIFY(QTest::qWaitForWindowExposed(&window, kPatience));
             AWAIT_EQUAL(QRect(child->mapToGlobal(QPoint(0, 0)), child->size()), parent);
         }
         Dialog w(parent.isNull() ? nullptr : child);

@@ -87,6 +87,7 @@ private Q_SLOTS:
                 "The system keeps the window within the screen, so that pages are cut and get scroll bars.");
         QStringList faults;
         QHash<QString, KnownLines> known; // of pages at 100 per cent
+        int all = 0;
         for (const qreal scale : {1.0, 1.25, 1.5}) {
             scaleScreen(scale);
             for (const PageInfo &info : pages()) {
@@ -94,6 +95,7 @@ private Q_SLOTS:
                     continue;
                 open(info.id);
                 const QVector<Line> lines = linesOf(m_window->grab().toImage(), qRound(kStraight * scale));
+                all += lines.size();
                 if (scale == 1.0) {
                     known[info.id] = knownOf(*m_window, lines);
                     continue;
@@ -102,6 +104,7 @@ private Q_SLOTS:
                     faults << QStringLiteral("%1 at %2: %3").arg(info.id, QString::number(scale), fault);
             }
         }
+        QVERIFY2(all > 1000, QByteArray::number(all));
         QVERIFY2(faults.isEmpty(), qPrintable(faults.join('\n')));
     }
 

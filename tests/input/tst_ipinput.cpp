@@ -30,7 +30,7 @@ struct Field : CBPIPInputWidget
         move(60, 60);
         show();
         activateWindow();
-        return QTest::qWaitForWindowActive(this);
+        return QTest::qWaitForWindowActive(this, kPatience);
     }
 
     // The octets, with the cursor or the selection in the one of the focus: "10.1|68.." or "10.[168]..".
@@ -71,7 +71,11 @@ class TestIPInput : public QObject
     Q_OBJECT
 
 private slots:
-    void cleanup() { QLocale::setDefault(QLocale::c()); }
+    void cleanup()
+    {
+        QLocale::setDefault(QLocale::c());
+        RealInput::release();
+    }
 
     void dottedTexts()
     {
@@ -156,7 +160,7 @@ private slots:
             {"[1].2.3.4", "TTT", "1.2.3.[4]"}};
         const QMap<QChar, Qt::Key> named{
             {'L', Qt::Key_Left}, {'R', Qt::Key_Right}, {'B', Qt::Key_Backspace}, {'T', Qt::Key_Tab}};
-        for (const char *language : {"C", "de_DE", "fr_FR"}) {
+        for (const char *language : {"C", "de_DE"}) {
             QLocale::setDefault(QLocale(language));
             Field field;
             QVERIFY(field.open());

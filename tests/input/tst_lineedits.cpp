@@ -240,7 +240,7 @@ private Q_SLOTS:
             *mask ? edit.setInputMask(mask) : edit.setValidator(new QIntValidator(100, 999, &edit));
             edit.setText(text);
             edit.show();
-            QVERIFY(QTest::qWaitForWindowActive(&edit));
+            QVERIFY(QTest::qWaitForWindowActive(&edit, kPatience));
             if (!focused)
                 edit.clearFocus();
             QCOMPARE(lumqt::isRefused(&edit), refused);

@@ -36,7 +36,7 @@ struct Form
     {
         window.show();
         window.activateWindow();
-        if (!QTest::qWaitForWindowActive(&window))
+        if (!QTest::qWaitForWindowActive(&window, kPatience))
             return false;
         edit->setFocus();
         return edit->hasFocus();

@@ -86,7 +86,7 @@ private slots:
         CBPWidget widget;
         widget.resize(20, 10);
         widget.Show();
-        QVERIFY(QTest::qWaitForWindowExposed(&widget));
+        QVERIFY(QTest::qWaitForWindowExposed(&widget, kPatience));
         QCOMPARE(boxOf(picture(widget), Qt::white), widget.rect());
         QVERIFY(repaints(widget, [&] { widget.setPen(QPen(Qt::blue)); }));
         QVERIFY(repaints(widget, [&] { widget.setBrush(Qt::NoBrush); }));
@@ -99,7 +99,7 @@ private slots:
         CBPBox box;
         box.resize(40, 20);
         box.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&box));
+        QVERIFY(QTest::qWaitForWindowExposed(&box, kPatience));
         QVERIFY(!repaints(box, [&] { box.SetDrawFrame(true); })); // shows at the next one
         QVERIFY(repaints(box, [&] { box.SetFrameClr(Qt::blue); }));
         QVERIFY(repaints(box, [&] { box.SetBgClr(Qt::green); }));

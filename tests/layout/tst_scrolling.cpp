@@ -150,7 +150,7 @@ private slots:
         // The mouse is noticed as it comes.
         bar.setAttribute(Qt::WA_UnderMouse, false);
         bar.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&bar));
+        QVERIFY(QTest::qWaitForWindowExposed(&bar, kPatience));
         QVector<QColor> reds{Qt::red, kDarkSlider};
         QVERIFY(repaints(bar, [&] { bar.SetSliderBg(reds); }) && repaints(bar, [&] { bar.SetBarBg(none); }));
         for (const QPoint &at : {QPoint(1, 1), slider})

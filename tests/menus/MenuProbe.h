@@ -52,7 +52,7 @@ inline bool open(QMenu &menu)
 {
     for (int attempt = 0; attempt < 3; ++attempt) {
         menu.popup(QPoint(20, 20));
-        const bool exposed = QTest::qWaitForWindowExposed(&menu);
+        const bool exposed = QTest::qWaitForWindowExposed(&menu, kPatience);
         QTest::qWait(20);
         if (exposed && menu.isVisible())
             return true;

@@ -260,12 +260,8 @@ private slots:
                                                 [&] { menu.SetSubLeveMennu(); }};
         for (const auto number : kNumbers)
             settings << [&menu, number] { (menu.*number)(9); };
-        for (const auto &set : qAsConst(settings)) {
-            QCoreApplication::processEvents();
-            EventCounter paints(&menu, {QEvent::Paint});
-            set();
-            AWAIT(paints.count > 0);
-        }
+        for (const auto &set : qAsConst(settings))
+            QVERIFY(repaints(menu, set));
     }
 
     void deletedWhileOpen()

@@ -61,7 +61,7 @@ struct List : CBPPathDropdWnd
     {
         move(40, 40);
         show();
-        return QTest::qWaitForWindowExposed(this);
+        return QTest::qWaitForWindowExposed(this, kPatience);
     }
 
     CBPComboxItem *at(int index) { return pathItems().at(index); }

@@ -25,7 +25,6 @@ private Q_SLOTS:
         m_sync = nullptr;
         AWAIT_EQUAL(Job::alive(), 0); // whoever is to delete them
         QVERIFY(!manager()->isWndObjExist(m_window) && waiters().isEmpty());
-        QVERIFY(!m_watchdog.bit());
     }
 
     // Nothing would ever end the wait.
@@ -324,7 +323,7 @@ private Q_SLOTS:
     {
         QWidget window;
         window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QVERIFY(QTest::qWaitForWindowExposed(&window, kPatience));
         for (QWidget *parent : {&window, static_cast<QWidget *>(nullptr)}) {
             const TaskPointer task = gatedTask(21);
             auto *job = new Job(nullptr, parent, task);
@@ -476,7 +475,6 @@ private:
 
     QPointer<QuitWindow> m_window;
     Recorder *m_sync = nullptr;
-    Watchdog m_watchdog;
 };
 
 LUMQT_TEST_MAIN(TestExecuter)

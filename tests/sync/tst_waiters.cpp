@@ -16,8 +16,6 @@
 #include <QMovie>
 #include <QSignalSpy>
 
-#include <memory>
-
 namespace {
 
 // May be told to act while it is being shown.
@@ -70,9 +68,6 @@ class TestWaiters : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { m_dog = std::make_unique<Watchdog>(); }
-    void cleanup() { QVERIFY(!m_dog->bit()); }
-
     void waiter()
     {
         Waiter w("Please wait");
@@ -187,12 +182,11 @@ private Q_SLOTS:
         QCOMPARE(label->movie()->state(), QMovie::NotRunning);
 
         // Where nothing blends windows with what lies behind them only the tile is there.
-        auto &composited = lumqt::platform::answers().composited;
-        const auto before = std::exchange(composited, [] { return false; });
+        const auto restore = restoring(lumqt::platform::answers());
+        lumqt::platform::answers().composited = [] { return false; };
         w.show();
         QCOMPARE(w.mask().boundingRect(), label->geometry());
         QVERIFY(!w.mask().contains(label->geometry().topLeft())); // round corners
-        composited = before;
     }
 
     void timeLimit()
@@ -375,7 +369,6 @@ private Q_SLOTS:
     }
 
 private:
-    std::unique_ptr<Watchdog> m_dog;
     QPointer<Dialog> m_dialog;
 };
 
