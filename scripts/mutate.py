@@ -29,6 +29,7 @@ EQUIVALENT = ROOT / "scripts" / "mutate-equivalent.txt"
 # What every folder builds on is seen through all of their tests.
 FOLDERS_OF_ALL = {"foundation", "platform"}
 TEST_SECONDS = 120  # of one test program
+SLOW = "^(monkey|tst_package|tst_gallery|tst_stylesheets)$"
 SIDE_BY_SIDE = 3  # test programs of one copy; most of their time is waiting
 
 Change = collections.namedtuple("Change", "file line kind old new")
@@ -156,7 +157,8 @@ class Workshop:
                 file.unlink()  # left over from an earlier run
         # Programs are not linked anew when only the library changed.
         return self.run("cmake", "-S", self.source, "-B", self.build, "-G", "Ninja", "-Wno-dev", "-DCMAKE_BUILD_TYPE=None",
-                        "-DCMAKE_CXX_FLAGS=-O0", "-DCMAKE_SHARED_LINKER_FLAGS=-Wl,--no-undefined", "-DCMAKE_LINK_DEPENDS_NO_SHARED=ON", "-DLUMQT_BUILD_EXAMPLES=OFF",
+                        "-DCMAKE_CXX_FLAGS=-O0", "-DCMAKE_SHARED_LINKER_FLAGS=-Wl,--no-undefined",
+                        "-DCMAKE_LINK_DEPENDS_NO_SHARED=ON", "-DLUMQT_BUILD_EXAMPLES=OFF",
                         "-DLUMQT_BUILD_BENCHMARKS=OFF", "-DLUMQT_WARNINGS_AS_ERRORS=OFF",
                         "-DCMAKE_CXX_COMPILER_LAUNCHER=ccache") and self.compile("all", os.cpu_count() or 1)
 
@@ -176,7 +178,7 @@ class Workshop:
 
     def ctest(self, *options):
         return self.run(ROOT / "scripts" / "with-display.sh", "ctest", "--test-dir", self.build, "-j", SIDE_BY_SIDE,
-                        "--timeout", TEST_SECONDS, "--output-on-failure", "-E", "^(monkey|tst_package|tst_gallery|tst_stylesheets)$", *options)
+                        "--timeout", TEST_SECONDS, "--output-on-failure", "-E", SLOW, *options)
 
     def judge(self, change):
         """What becomes of a change: "noticed", "not noticed", or "" when it does not compile."""
