@@ -147,6 +147,14 @@ private slots:
             }
         }
         QVERIFY(face(&button)->state().checkable && !face(&button)->state().checked);
+        CBPImageButton bare({4, QString()}, false, 1, nullptr);
+        bare.setCheckable(true);
+        for (const bool on : {true, false}) {
+            bare.setChecked(on);
+            bare.setDown(on);
+            const QAccessible::State state = face(&bare)->state();
+            QVERIFY(state.checkable && state.checked == on && state.pressed == on);
+        }
         const auto told = [](const std::function<void()> &act) { return selections::during(act).size(); };
         QCOMPARE(told([&] {
                      button.SetChecked(true);

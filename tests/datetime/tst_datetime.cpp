@@ -283,6 +283,7 @@ private slots:
         for (const unsigned wrong : {0u, 13u, UINT_MAX})
             QVERIFY(!IBPDateTime::TrasmitTimeHour12To24(wrong, hour, true));
         QVERIFY(hour == 99 && pm);
+        QVERIFY(IBPDateTime::TrasmitTimeHour24To12(0, hour, pm) && hour == 12 && !pm);
         const _BPDateTime date{2024, 3, 7, 0, 0, 0, 0};
         QCOMPARE(IBPDateTime::CombinDate(date) + IBPDateTime::CombinDate(date, " of "),
                  std::string("03-0703 of 07"));

@@ -101,6 +101,16 @@ private Q_SLOTS:
         }
     }
 
+    void otherLayout()
+    {
+        CBPPopWnd w(nullptr);
+        auto *layout = new QVBoxLayout(&w);
+        QTest::ignoreMessage(QtWarningMsg,
+                             "CBPPopWnd: Init() was called twice, or after another layout was set");
+        w.Init(true);
+        QCOMPARE(w.layout(), layout);
+    }
+
     void buttonsByFlag()
     {
         // In the gallery's pictures there is no hue.

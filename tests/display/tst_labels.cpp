@@ -323,6 +323,12 @@ private Q_SLOTS:
             QVERIFY2(seen == ground, deed + ' ' + seen.name().toLatin1());
         }
         QCOMPARE(label->Text(), QString("Another title"));
+        label->setEnabled(true);
+        for (const auto type : {QEvent::HoverEnter, QEvent::HoverLeave}) {
+            QHoverEvent hover(type, QPointF(5, 5), QPointF(5, 5));
+            QVERIFY(label->testAttribute(Qt::WA_Hover) &&
+                    repaints(*label, [&] { QCoreApplication::sendEvent(label, &hover); }));
+        }
     }
 
     // From right to left, the arrow stands as in a mirror.

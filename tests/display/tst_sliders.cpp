@@ -250,7 +250,7 @@ private Q_SLOTS:
             jump.SetPosByText(asked);
             QCOMPARE(sliderOf(jump)->value(), position);
         }
-        jump.Init({"One", "Two"});
+        QVERIFY(repaints(*rowOf(jump), [&] { jump.Init({"One", "Two"}); }));
         QCOMPARE(jump.GetPosText(), QString("One"));
         QCOMPARE(jump.findChildren<QSlider *>().size(), 1);
         delete rowOf(jump); // by somebody who wants no labels
@@ -282,7 +282,7 @@ private Q_SLOTS:
     // the window moved without a repaint.
     void jumpLabels()
     {
-        for (const QStringList &labels : {kLevels, QStringList{"Same", "Same", "Same"}}) {
+        for (const QStringList &labels : {kLevels, QStringList{"Same", "Same", "Same"}, kEnds}) {
             Jump slider(labels);
             slider.move(slider.pos() + QPoint(40, 30));
             const int last = labels.size() - 1;
@@ -315,7 +315,7 @@ private Q_SLOTS:
         const EventCounter ticks(inner, {QEvent::Timer});
         slider.SetPosByText("4");
         QTest::mousePress(inner, Qt::LeftButton, Qt::NoModifier, QPoint(80, 8));
-        AWAIT_EQUAL(ticks.count, 3);
+        AWAIT(ticks.count >= 3);
         QCOMPARE(slider.GetPosText(), QString("1"));
         QTest::mouseRelease(inner, Qt::LeftButton, Qt::NoModifier, QPoint(80, 8));
         slider.SetPosByText("3");

@@ -1,4 +1,4 @@
-#include "Await.h"
+#include "Acts.h"
 #include "CBPCheckBox.h"
 #include "CBPComboBox.h"
 #include "CBPScrollWnd.h"
@@ -122,6 +122,12 @@ private slots:
             const QSize line = boxOf(pictureOf(tabs, 1), QColor(lumqt::kAccent)).size();
             QCOMPARE(qMin(line.width(), line.height()), 2);
         }
+        tabs.setShape(QTabBar::RoundedNorth);
+        tabs.addTab("Other");
+        tabs.resize(400, tabs.sizeHint().height()); // the line at its foot goes on beside the tabs
+        const QImage bar = pictureOf(tabs, 1);
+        QCOMPARE(bar.pixelColor(tabs.tabRect(1).topLeft() + QPoint(3, 3)), bar.pixelColor(380, 3));
+        QVERIFY(bar.pixelColor(380, tabs.height() - 1) != bar.pixelColor(380, 3));
     }
 
     void parts()
@@ -190,8 +196,11 @@ private slots:
         QCOMPARE(lumqt::runningFades(), 0);
         QCOMPARE(hover(false), rest);
         lessMotion = [] { return false; };
+        EventCounter paints(box.get(), {QEvent::Paint});
         QVERIFY(hover(true) != hovered);
         QVERIFY(lumqt::runningFades() > 0);
+        const int before = paints.count;
+        AWAIT(paints.count > before); // step by step
         AWAIT_EQUAL(lumqt::runningFades(), 0);
         QCOMPARE(pictureOf(*box, 1), hovered);
         hover(false);

@@ -92,6 +92,8 @@ private slots:
                 QCOMPARE(field.IPAddrString(), QString(text));
             }
             Field field("9.8.7.6");
+            for (const auto *octet : field.edits)
+                QVERIFY(octet->objectName() == "NoFrameLineEdit" && octet->maxLength() == 3);
             for (const char *text : refused) {
                 field.setIP(QString::fromUtf8(text));
                 QVERIFY2(field.IPAddrString() == "9.8.7.6", text);
