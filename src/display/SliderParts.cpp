@@ -318,7 +318,14 @@ void drawSliderHandle(QPainter &painter, const QSlider &slider, const QPoint &to
     drawBody(painter, place, disc);
 }
 
-QVector<QRect> sliderLabelRects(const QLabel &row, const QStringList &labels)
+void setSliderLabels(QSlider &slider, QLabel &row, const QStringList &labels)
+{
+    static_cast<SpokenSlider &>(slider).setLabels(labels);
+    static_cast<LabelRow &>(row).setLabels(labels);
+}
+
+// Where each label lies in the row, in its coordinates.
+static QVector<QRect> sliderLabelRects(const QLabel &row, const QStringList &labels)
 {
     const QRect rect = row.rect();
     const QFontMetrics metrics(row.font());
@@ -331,12 +338,6 @@ QVector<QRect> sliderLabelRects(const QLabel &row, const QStringList &labels)
         rects << QRect(sliderTick(rect, i, last, 0) - shift, rect.y(), width, metrics.height());
     }
     return rects;
-}
-
-void setSliderLabels(QSlider &slider, QLabel &row, const QStringList &labels)
-{
-    static_cast<SpokenSlider &>(slider).setLabels(labels);
-    static_cast<LabelRow &>(row).setLabels(labels);
 }
 
 void drawSliderLabels(QLabel &row, const QStringList &labels)

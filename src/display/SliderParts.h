@@ -92,8 +92,6 @@ void drawSliderHandle(QPainter &painter, const QSlider &slider, const QPoint &to
 // Of makeSliderParts(): the labels that the row has to have room for.
 void setSliderLabels(QSlider &slider, QLabel &row, const QStringList &labels);
 
-// Where each label lies in the row, in its coordinates.
-QVector<QRect> sliderLabelRects(const QLabel &row, const QStringList &labels);
 void drawSliderLabels(QLabel &row, const QStringList &labels);
 
 // Index of the leftmost label under `position`, -1 where there is none.

@@ -80,7 +80,12 @@ class TestDateTime : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase() { m_system = lumqt::platform::answers().localeInfo; }
+    void initTestCase()
+    {
+        m_system = lumqt::platform::answers().localeInfo;
+        QVERIFY(IBPDateTime::GetSystemMinCounts() == 2 &&
+                IBPDateTime::GetSystemSecCounts() == 2); // from the start
+    }
 
     void init()
     {

@@ -196,11 +196,8 @@ private slots:
         QCOMPARE(lumqt::runningFades(), 0);
         QCOMPARE(hover(false), rest);
         lessMotion = [] { return false; };
-        EventCounter paints(box.get(), {QEvent::Paint});
         QVERIFY(hover(true) != hovered);
         QVERIFY(lumqt::runningFades() > 0);
-        const int before = paints.count;
-        AWAIT(paints.count > before); // step by step
         AWAIT_EQUAL(lumqt::runningFades(), 0);
         QCOMPARE(pictureOf(*box, 1), hovered);
         hover(false);
