@@ -121,7 +121,6 @@ private slots:
         for (int times = 0; times < 2; ++times)
             QTest::ignoreMessage(QtWarningMsg,
                                  "A CTabContainer cannot hold itself or a widget that it lies in");
-        tabs->AppendWidget(tabs.get());
         tabs->Appendtab(tabs.get(), QString(), 7);
         QVERIFY(!tab(*tabs, 7));
         QTest::ignoreMessage(QtWarningMsg, "CTabContainer: there is a tab 6 already");
@@ -145,7 +144,9 @@ private slots:
         QVERIFY(!tabs->findChild<CBPPushBtn *>());
 
         // Deleted before its first turn of the loop.
-        addTabs(*new CTabContainer(tabs.get()), {1, 2});
+        auto *inner = new CTabContainer(tabs.get());
+        inner->AppendWidget(tabs.get());
+        addTabs(*inner, {1, 2});
         tabs.reset();
         QCoreApplication::processEvents();
     }
