@@ -54,7 +54,7 @@ struct Scene
         return calendar()->findChild<QToolButton *>(QString("qt_calendar_%1").arg(name));
     }
 
-    void open(const QString &how = "Alt+Down")
+    bool open(const QString &how = "Alt+Down")
     {
         if (how == "mouse")
             QTest::mouseClick(button, Qt::LeftButton);
@@ -62,8 +62,7 @@ struct Scene
             QTest::keyClick(button, Qt::Key_Space);
         else
             QTest::keyClick(edit, Qt::Key_Down, Qt::AltModifier);
-        QVERIFY(tip() && becomesActive(*tip()));
-        AWAIT(view()->hasFocus());
+        return tip() && becomesActive(*tip()) && awaited([this] { return view()->hasFocus(); });
     }
 
     // Of the calendar, in the view's coordinates.
@@ -152,7 +151,7 @@ private slots:
                               corner.y() < 0 ? area.bottom() - frame.height() + 1 : corner.y());
             if (how == "Space")
                 scene.button->setFocus();
-            scene.open(how);
+            QVERIFY(scene.open(how));
             QWidget *const focus = scene.window.focusWidget();
             QVERIFY(how != "Space" || focus == scene.button);
             QCOMPARE(scene.calendar()->selectedDate(), QDate(2024, 3, 7));
@@ -174,7 +173,7 @@ private slots:
 #ifndef Q_OS_WIN // Wine makes the calendar active once more when it has gone, and the field is left by that
             QCOMPARE(spy.count(), 0);
 #endif
-            scene.open(how);
+            QVERIFY(scene.open(how));
             QTest::keyClick(scene.barButton("nextmonth"), Qt::Key_Escape);
             QVERIFY(!scene.tip()->isVisible() && becomesActive(scene.window));
         }
@@ -184,7 +183,7 @@ private slots:
     {
         for (const QString how : {"click", "Return", "double click"}) {
             Scene scene;
-            scene.open();
+            QVERIFY(scene.open());
             QSignalSpy spy(scene.selector.data(), SIGNAL(sigDateEditFinish()));
             if (how == "click") {
                 QTest::mouseClick(scene.view()->viewport(), Qt::LeftButton, {}, scene.dayAt(15));
@@ -217,7 +216,7 @@ private slots:
         scene.selector->setMaximumWidth(200);
         scene.elsewhere->setFixedSize(600, 320);
         QVERIFY(becomesActive(scene.window));
-        scene.open();
+        QVERIFY(scene.open());
         QSignalSpy picks(scene.selector.data(), SIGNAL(sigDateEditFinish()));
         QSignalSpy beneath(scene.elsewhere, SIGNAL(clicked()));
         const QPoint day = scene.view()->viewport()->mapToGlobal(scene.dayAt(15));
@@ -267,7 +266,7 @@ private slots:
     void openedAgain()
     {
         Scene scene;
-        scene.open();
+        QVERIFY(scene.open());
         const QPointer<QCalendarWidget> calendar = scene.calendar();
         calendar->showNextYear();
         // Who clicks elsewhere has said where the focus goes.
@@ -275,14 +274,14 @@ private slots:
         scene.elsewhere->setFocus();
         QVERIFY(becomesActive(scene.window));
         AWAIT(!scene.tip()->isVisible() && scene.elsewhere->hasFocus());
-        scene.open(); // the same date, but another month was left open
+        QVERIFY(scene.open()); // the same date, but another month was left open
         QCOMPARE(scene.calendar(), calendar.data());
         QCOMPARE(QDate(calendar->yearShown(), calendar->monthShown(), 1), QDate(2024, 3, 1));
         QTest::keyClick(scene.view(), Qt::Key_Escape);
         QVERIFY(becomesActive(scene.window));
         QDate later(2031, 10, 2);
         scene.selector->SetDate(later);
-        scene.open();
+        QVERIFY(scene.open());
         QCOMPARE(calendar->selectedDate(), later);
         // Fields of large letters have a large calendar.
         const QSize usual = calendar->size();
@@ -291,7 +290,7 @@ private slots:
         large.setPixelSize(26);
         scene.edit->setFont(large);
         QVERIFY(becomesActive(scene.window));
-        scene.open();
+        QVERIFY(scene.open());
         AWAIT_EQUAL(calendar->size(), usual * 2);
         QCOMPARE(scene.barButton("nextmonth")->height(), 56);
         QCOMPARE(scene.button->findChildren<CBPTipWnd *>().size(), 1);
@@ -301,7 +300,7 @@ private slots:
     void calendarLook()
     {
         Scene scene;
-        scene.open();
+        QVERIFY(scene.open());
         QCalendarWidget *calendar = scene.calendar();
         auto *year = calendar->findChild<QSpinBox *>("qt_calendar_yearedit");
         QVERIFY(!year->findChild<QLineEdit *>("qt_spinbox_lineedit")->isEnabled());
@@ -362,7 +361,7 @@ private slots:
     {
         for (const bool byMouse : {true, false}) {
             Scene scene;
-            scene.open();
+            QVERIFY(scene.open());
             const QPointer<QCalendarWidget> calendar = scene.calendar();
             const auto kill = [&] { delete scene.selector; };
             connect(scene.selector.data(), &CBPDateSelector::sigDateEditFinish, this, kill);
@@ -376,7 +375,7 @@ private slots:
         QDate date(2031, 10, 2);
         for (const int what : {0, 1, 2, 3}) {
             Scene scene;
-            scene.open();
+            QVERIFY(scene.open());
             const QPointer<CBPTipWnd> tip = scene.tip();
             QWidget *parts[] = {scene.selector, scene.button, scene.edit, scene.calendar()};
             delete parts[what];
@@ -388,7 +387,7 @@ private slots:
             if (what == 3) {
                 tip->hide();
                 QVERIFY(becomesActive(scene.window));
-                scene.open();
+                QVERIFY(scene.open());
                 QCOMPARE(scene.calendar()->selectedDate(), date);
             }
         }
@@ -399,7 +398,7 @@ private slots:
     void deletedWithTheMonths()
     {
         Scene scene;
-        scene.open();
+        QVERIFY(scene.open());
         QToolButton *months = scene.barButton("monthbutton");
         const QPointer<QMenu> menu = months->menu();
         const auto kill = [selector = scene.selector] { delete selector; };
