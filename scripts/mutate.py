@@ -18,6 +18,7 @@ import pathlib
 import queue
 import random
 import re
+import resource
 import shutil
 import subprocess
 import sys
@@ -29,6 +30,7 @@ EQUIVALENT = ROOT / "scripts" / "mutate-equivalent.txt"
 # What every folder builds on is seen through all of their tests.
 FOLDERS_OF_ALL = {"foundation", "platform"}
 TEST_SECONDS = 120  # of one test program
+TEST_MEMORY = 8 << 30  # bytes: a change that makes a loop endless may fill the machine
 SLOW = "^(monkey|tst_package|tst_gallery|tst_stylesheets)$"
 SIDE_BY_SIDE = 3  # test programs of one copy; most of their time is waiting
 
@@ -127,6 +129,10 @@ def sources():
     return [file for file in listed if not file.startswith("src/platform/windows/")]
 
 
+def limit_memory():
+    resource.setrlimit(resource.RLIMIT_AS, (TEST_MEMORY, TEST_MEMORY))
+
+
 class Workshop:
     """A copy of the tree with a build of its own."""
 
@@ -142,7 +148,7 @@ class Workshop:
         environment = dict(os.environ, CCACHE_BASEDIR=str(self.folder))
         with open(self.log, "a", encoding="utf-8") as log:
             return subprocess.run([str(part) for part in command], cwd=self.folder, stdout=log, env=environment,
-                                  stderr=subprocess.STDOUT, check=False).returncode == 0
+                                  stderr=subprocess.STDOUT, check=False, preexec_fn=limit_memory).returncode == 0
 
     def prepare(self):
         self.folder.mkdir(parents=True, exist_ok=True)
