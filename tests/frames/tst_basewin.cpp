@@ -452,19 +452,15 @@ private Q_SLOTS:
                 const HWND popup = FindWindowW(L"#32768", nullptr);
                 if (!popup || !IsWindowVisible(popup))
                     return;
-                person.stop();
                 const HMENU menu = HMENU(SendMessageW(popup, MN_GETHMENU, 0, 0));
+                states.clear();
                 for (const UINT command : {SC_RESTORE, SC_MOVE, SC_SIZE, SC_MINIMIZE, SC_MAXIMIZE, SC_CLOSE})
                     states += GetMenuState(menu, command, MF_BYCOMMAND) & MF_GRAYED ? '-' : '+';
-                // Upwards to the one that closes; a system may have items of its own below.
-                for (int i = GetMenuItemCount(menu) - 1; i >= 0 && GetMenuItemID(menu, i + 1) != SC_CLOSE;
-                     --i) {
-                    if (!(GetMenuState(menu, i, MF_BYPOSITION) & MF_SEPARATOR))
-                        PostMessageW(hwnd, WM_KEYDOWN, VK_UP, 0);
-                }
-                PostMessageW(hwnd, WM_KEYDOWN, VK_RETURN, 0);
+                // Upwards to the one that closes, a key at a time: a system may have items of its own below.
+                const bool atClose = GetMenuState(menu, SC_CLOSE, MF_BYCOMMAND) & MF_HILITE;
+                PostMessageW(hwnd, WM_KEYDOWN, atClose ? VK_RETURN : VK_UP, 0);
             });
-            person.start(10);
+            person.start(50); // by messages that come when all others have been taken
             const QPoint at = w.mapToGlobal(origin(w) + QPoint(200, 20));
             const LPARAM place = MAKELPARAM(at.x(), at.y());
             if (way == "key")
