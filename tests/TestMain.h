@@ -13,7 +13,7 @@
 #include <QtTest>
 
 // Leaves the event loops of a test that would wait in them for ever: of one that has failed, whose rest is
-// what ends them, and of one that has been in them for a minute.
+// what ends them, and of one that has been in them for two minutes.
 class Watchdog : public QObject
 {
 public:
@@ -24,7 +24,7 @@ public:
             if (now != m_test || QThread::currentThread()->loopLevel() == 0) {
                 m_test = now;
                 m_since.restart();
-            } else if (QTest::currentTestFailed() || m_since.elapsed() > 60000) {
+            } else if (QTest::currentTestFailed() || m_since.elapsed() > 120000) {
                 if (!QTest::currentTestFailed())
                     QTest::qFail("an event loop that nothing ends", __FILE__, __LINE__);
                 QCoreApplication::exit();
