@@ -3,8 +3,8 @@
 Called by mutate.sh, which installs the tools. A change that does not compile is replaced by another one. A change that
 makes a test hang counts as noticed. The tests of the folder and those that see every class run first, the others when
 these notice nothing. What measures all pages of the gallery at several scales is left out: without optimisation it
-takes minutes. Changes that alter nothing a
-caller or a user could see stand in mutate-equivalent.txt, each with its reason; they are not drawn.
+takes minutes. Changes that alter nothing a caller or a user could see stand in mutate-equivalent.txt, each with its
+reason; they are not drawn.
 
 Every run leaves build/mutate/changes.json. --again FILE judges the changes of such a file once more, so that two states
 of the tests can be compared, also when src/ or the list of known changes is another by now.

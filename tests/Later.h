@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QScopeGuard>
 #include <QTimer>
 
@@ -18,6 +19,18 @@ Q_NEVER_INLINE inline void destroy(QObject *object)
 template <class Value> auto restoring(Value &value)
 {
     return qScopeGuard([&value, before = value] { value = before; });
+}
+
+// The same of what a file holds.
+inline auto restoringFile(const QString &path)
+{
+    QFile file(path);
+    const QByteArray content = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return qScopeGuard([path, content] {
+        QFile again(path);
+        if (!again.open(QIODevice::WriteOnly) || again.write(content) != content.size())
+            qFatal("%s stays as a test left it", qPrintable(path));
+    });
 }
 
 // Once control is back in the event loop.

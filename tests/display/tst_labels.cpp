@@ -324,11 +324,12 @@ private Q_SLOTS:
         }
         QCOMPARE(label->Text(), QString("Another title"));
         label->setEnabled(true);
-        for (const auto type : {QEvent::HoverEnter, QEvent::HoverLeave}) {
-            QHoverEvent hover(type, QPointF(5, 5), QPointF(5, 5));
-            QVERIFY(label->testAttribute(Qt::WA_Hover) &&
-                    repaints(*label, [&] { QCoreApplication::sendEvent(label, &hover); }));
-        }
+        const auto point = [&](QWidget *at) {
+            QTest::mouseMove(window.windowHandle(), at->mapTo(&window, at->rect().center()));
+        };
+        point(drawn);
+        QVERIFY(repaints(*label, [&] { point(label); }));
+        QVERIFY(repaints(*label, [&] { point(drawn); }));
     }
 
     // From right to left, the arrow stands as in a mirror.

@@ -8,6 +8,7 @@
 #include "foundation/Fade.h"
 #include "foundation/Look.h"
 #include "foundation/StyleWatch.h"
+#include "Later.h"
 #include "Pixels.h"
 #include "TestMain.h"
 
@@ -182,7 +183,7 @@ private slots:
     void motion()
     {
         auto &lessMotion = lumqt::platform::answers().lessMotion;
-        const auto restore = qScopeGuard([&, before = lessMotion] { lessMotion = before; });
+        const auto restore = restoring(lessMotion);
         auto box = std::make_unique<CBPCheckBox>();
         box->setFocusPolicy(Qt::NoFocus); // which the window would bring
         box->resize(120, 40);             // which every window may have

@@ -3,13 +3,13 @@
 #include "foundation/Catalogue.h"
 #include "foundation/FontLookup.h"
 #include "foundation/ResourcePath.h"
+#include "Later.h"
 #include "platform/Platform.h"
 #include "TestMain.h"
 #include "Util.h"
 
 #include <QCryptographicHash>
 #include <QDataStream>
-#include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QTranslator>
 
@@ -112,7 +112,7 @@ private slots:
     void languageAndFonts()
     {
         auto &ask = lumqt::platform::answers().interfaceLanguage;
-        const auto restore = qScopeGuard([&, before = ask] { ask = before; });
+        const auto restore = restoring(ask);
         QStringList answers{"German", "English", QString(), QString(), QString()}; // the last comes first
         ask = [&] { return answers.takeLast(); };
         QCOMPARE(GetUILanguage(), QString());
@@ -207,11 +207,7 @@ private slots:
     void titleColors()
     {
         const QString file = Util::getResFullPath("../res/UIConfig.ini");
-        QFile shipped(file);
-        QVERIFY(shipped.open(QIODevice::ReadOnly));
-        const QByteArray content = shipped.readAll();
-        shipped.close();
-        const auto restore = qScopeGuard([&] { writeFile(file, content); });
+        const auto restore = restoringFile(file);
 
         bool found = false;
         QCOMPARE(Util::GetWindowTitleBgColor(), QColor(34, 42, 62));

@@ -3,6 +3,7 @@
 #include "Acts.h"
 #include "Await.h"
 #include "CBPImageButton.h"
+#include "Later.h"
 #include "Pixels.h"
 #include "Rows.h"
 #include "Spoken.h"
@@ -13,7 +14,6 @@
 #include <QLabel>
 #include <QLayout>
 #include <QLinearGradient>
-#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QToolTip>
 
@@ -222,12 +222,7 @@ private Q_SLOTS:
         const auto write = [&file](const char *key, const QVariant &value) {
             Util::writeIni("window", QLatin1String(key), value, file);
         };
-        QFile shipped(file);
-        QVERIFY(shipped.open(QIODevice::ReadOnly));
-        const QByteArray content = shipped.readAll();
-        shipped.close();
-        const auto restore =
-            qScopeGuard([&] { shipped.open(QIODevice::WriteOnly) && shipped.write(content) >= 0; });
+        const auto restore = restoringFile(file);
         for (const bool groundIsRight : {true, false}) {
             write("title_bgcolor", groundIsRight ? "#102030" : "no colour");
             write("title_textcolor", groundIsRight ? "no colour" : "#405060");

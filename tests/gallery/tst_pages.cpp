@@ -20,10 +20,9 @@ constexpr int kStep = 256 / kShades;
 // How far a pixel may be from its shade: processors round differently in the last bit or two.
 constexpr int kFarthest = kStep / 2 + 3;
 
-constexpr int kRun = 3;    // pixels in a row that make a colour a flat one
-constexpr int kFewest = 6; // such runs of a colour
-constexpr int kGradient =
-    12; // from line to line, a smaller difference is one of those, which processors round
+constexpr int kFewest = 6; // pixels of a colour amid others of it that make it a flat one
+// From line to line, a smaller difference is a gradient's, which processors round.
+constexpr int kGradient = 12;
 
 // Shades of grey keep the files small; the colours have a file of their own.
 QImage shadesOf(const QImage &picture)

@@ -321,7 +321,6 @@ private Q_SLOTS:
         for (const QPoint &corner : {QPoint(0, 0), QPoint(129, 0), QPoint(0, 37), QPoint(129, 37)})
             QCOMPARE(pixelOf(image, corner.x(), corner.y()), QColor(0, 163, 210));
         QCOMPARE(pixelOf(image, 2, 2), ground);
-        QVERIFY(w.testAttribute(Qt::WA_TranslucentBackground)); // for sheets whose frames are round
         // The halves of the picture close in on the text, which they never cover; then only its dots change.
         const auto left = [&] {
             image = w.grab().toImage();
