@@ -2,9 +2,12 @@
 
 #include "foundation/FileLook.h"
 #include "foundation/Log.h"
+#include "foundation/Palette.h"
+#include "Util.h"
 
 #include <QCache>
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QImageReader>
 #include <QPainter>
@@ -22,6 +25,7 @@ constexpr int kMaxSide = 32767;
 constexpr qint64 kMaxPixels = 8192 * 8192;
 constexpr int kCacheKiB = 48 * 1024; // decoded pictures
 constexpr int kParsedDrawings = 256; // SVG files kept parsed
+const char kRes[] = "../res/";
 constexpr qreal kHighDensity = 2.0;
 const char kPackedDrawing[] = "svgz"; // Qt's name for it
 constexpr int kSteps = 4;             // between two whole ratios: those that systems offer
@@ -232,8 +236,9 @@ int costOf(const QPixmap &pixmap)
     return 1 + pixmap.width() * pixmap.height() / 256; // KiB at four bytes a pixel
 }
 
-PicturePointer lookAndLoad(const QString &path, qreal ratio)
+PicturePointer lookAndLoad(const QString &name, qreal ratio)
 {
+    const QString path = themePicture(name);
     const PictureKey key(path, qRound(ratio * 1000));
     if (const PicturePointer *known = pictures().object(key)) {
         Picture &old = **known;
@@ -254,16 +259,36 @@ PicturePointer lookAndLoad(const QString &path, qreal ratio)
     return picture;
 }
 
-// The pass over a window that is under way, for a widget that last painted in `last`.
+// The pass over a window that is under way, for a widget that last painted in `last`. One ends with the theme
+// that it shows.
 quint32 currentPass(quint32 last)
 {
     static quint32 pass = 0; // never 0 once there is one
-    if (last == pass)
+    static quint32 theme = 0;
+    if (last == pass || theme != themeGeneration())
         pass = pass == UINT_MAX ? 1 : pass + 1;
+    theme = themeGeneration();
     return pass;
 }
 
 } // namespace
+
+QString themePicture(const QString &path)
+{
+    const QString folder = themeFolder();
+    if (folder.isEmpty() || !QCoreApplication::instance())
+        return path;
+    static const QString own = QDir::fromNativeSeparators(Util::getResFullPath(QLatin1String(kRes)));
+    const QString plain = QDir::fromNativeSeparators(path);
+    for (const QString &root : {own, QString(QLatin1String(kRes))}) { // or from the current directory
+        if (!plain.startsWith(root))
+            continue;
+        const QString themed = root + folder + QLatin1Char('/') + plain.mid(root.size());
+        if (stampOf(themed).exists())
+            return themed;
+    }
+    return path;
+}
 
 QPixmap loadPixmap(const QString &path, qreal ratio)
 {
@@ -272,7 +297,7 @@ QPixmap loadPixmap(const QString &path, qreal ratio)
 
 QSize pictureSize(const QString &path, qreal ratio)
 {
-    const PicturePointer *known = pictures().object(PictureKey(path, qRound(ratio * 1000)));
+    const PicturePointer *known = pictures().object(PictureKey(themePicture(path), qRound(ratio * 1000)));
     if (known && (*known)->tick == platform::coarseClock() && (*known)->settled())
         return logicalSize((*known)->pixmap);
     return logicalSize(loadPixmap(path, ratio));

@@ -22,6 +22,9 @@ enum LocaleInfo : unsigned long {
 };
 constexpr unsigned long kUserLocale = 0x400;
 
+// How the user wants applications to look.
+enum class Appearance { Light, Dark, HighContrast };
+
 // The answers of the system. All sizes are logical pixels of the widget's screen; a null widget means the
 // primary screen.
 struct Answers
@@ -39,6 +42,8 @@ struct Answers
     std::function<bool()> composited;
     // Whether the user wants nothing to move that need not.
     std::function<bool()> lessMotion;
+    // As the user has set it; where the system has no such setting, as the application's palette is.
+    std::function<Appearance()> appearance;
     // A text of the regional settings, a LocaleInfo, in the notation of Windows. Empty when there is none.
     // Elsewhere the user's locale answers for all.
     std::function<QString(unsigned long type, unsigned long locale)> localeInfo;
@@ -46,6 +51,9 @@ struct Answers
 
 // The answers in force: the system's own, until a test replaces one. GUI thread only.
 LUMQT_TESTED Answers &answers();
+
+// Calls `changed` whenever appearance() may answer another thing, until it is called with an empty function.
+void watchAppearance(std::function<void()> changed);
 
 // The separator that resource paths are built with.
 LUMQT_TESTED QString pathSeparator();

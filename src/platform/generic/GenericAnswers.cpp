@@ -23,6 +23,8 @@ namespace {
 constexpr int kFrameWidth = 4;
 constexpr int kCaptionHeight = 19;
 
+constexpr int kDarkest = 128; // lightness below which a palette is a dark one
+
 constexpr qint64 kFileTimeSteps = 10000000; // in a second
 constexpr qint64 kSecondsOfDay = 86400;
 constexpr qint64 kDaysOf400Years = 146097;
@@ -100,6 +102,14 @@ ClockTime localFileTime(quint64 fileTime)
     return clock;
 }
 
+void watchAppearance(std::function<void()> changed)
+{
+    static QMetaObject::Connection watched;
+    QObject::disconnect(watched);
+    if (changed && qGuiApp)
+        watched = QObject::connect(qGuiApp, &QGuiApplication::paletteChanged, qGuiApp, changed);
+}
+
 Answers systemAnswers()
 {
     Answers system;
@@ -115,6 +125,10 @@ Answers systemAnswers()
     system.lessMotion = [] { // as the desktop tells its styles
         return qobject_cast<QApplication *>(QCoreApplication::instance()) &&
                QApplication::style()->styleHint(QStyle::SH_Widget_Animation_Duration) == 0;
+    };
+    system.appearance = [] {
+        return QGuiApplication::palette().color(QPalette::Window).lightness() < kDarkest ? Appearance::Dark
+                                                                                         : Appearance::Light;
     };
     system.localeInfo = [](unsigned long type, unsigned long) { return localeText(QLocale::system(), type); };
     system.interfaceLanguage = [] {

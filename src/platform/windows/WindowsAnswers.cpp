@@ -1,5 +1,6 @@
 #include "platform/Platform.h"
 
+#include <QAbstractNativeEventFilter>
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QFileInfo>
@@ -76,6 +77,44 @@ QString localeInfo(unsigned long type, unsigned long locale)
     return QString::fromWCharArray(text.data());
 }
 
+// Set by the user, "choose your default app mode".
+bool wantsDarkApplications()
+{
+    const QSettings settings(
+        QStringLiteral(
+            "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Themes\\Personalize"),
+        QSettings::NativeFormat);
+    return settings.value(QStringLiteral("AppsUseLightTheme"), 1).toInt() == 0;
+}
+
+Appearance appearance()
+{
+    HIGHCONTRASTW contrast = {};
+    contrast.cbSize = sizeof(contrast);
+    if (SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof(contrast), &contrast, 0) &&
+        contrast.dwFlags & HCF_HIGHCONTRASTON)
+        return Appearance::HighContrast;
+    return wantsDarkApplications() ? Appearance::Dark : Appearance::Light;
+}
+
+// Hears what Windows tells each window when a setting has changed: it says which one only as a text, and not
+// always, so each is a reason to look.
+class SettingsListener : public QAbstractNativeEventFilter
+{
+public:
+    bool nativeEventFilter(const QByteArray &, void *message, long *) override
+    {
+        const UINT kind = static_cast<const MSG *>(message)->message;
+        if (m_changed && (kind == WM_SETTINGCHANGE || kind == WM_SYSCOLORCHANGE || kind == WM_THEMECHANGED))
+            m_changed();
+        return false;
+    }
+    void setChanged(std::function<void()> changed) { m_changed = std::move(changed); }
+
+private:
+    std::function<void()> m_changed;
+};
+
 } // namespace
 
 QString pathSeparator()
@@ -131,6 +170,14 @@ ClockTime localFileTime(quint64 fileTime)
     return clock;
 }
 
+void watchAppearance(std::function<void()> changed)
+{
+    static SettingsListener listener; // takes itself out of the application when it goes
+    if (changed && qApp)
+        qApp->installNativeEventFilter(&listener);
+    listener.setChanged(std::move(changed));
+}
+
 Answers systemAnswers()
 {
     Answers system;
@@ -145,6 +192,7 @@ Answers systemAnswers()
         BOOL animated = TRUE;
         return SystemParametersInfoW(SPI_GETCLIENTAREAANIMATION, 0, &animated, 0) && !animated;
     };
+    system.appearance = appearance;
     system.localeInfo = localeInfo;
     system.interfaceLanguage = [] {
         const QSettings settings(QStringLiteral("HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVEX\\Lumora"),

@@ -1,0 +1,312 @@
+#pragma once
+
+#include "LumQtGlobal.h"
+
+#include <QColor>
+#include <QObject>
+#include <QPalette>
+#include <QString>
+#include <QStringList>
+
+/// The colours of the library, as one look that a user chooses, a designer writes in a file and a programmer
+/// reads in one place.
+///
+/// There are the themes "light", "dark" and "contrast", and those that an application loads. Without any
+/// call the theme is "light". Another one shows at once in every window, menu and picture there is; nothing
+/// has to be made anew. What an application has set itself (a colour of a button, a palette, a style sheet)
+/// stays as it is in each theme, and what a getter reports is what was set or built in, not what is painted.
+///
+/// \code
+/// CBPTheme::givePalette(true); // plain Qt widgets in the library's windows go with them
+/// CBPTheme::apply("dark");
+/// connect(CBPTheme::instance(), &CBPTheme::changed, panel, [panel] { panel->update(); });
+/// painter.fillRect(rect(), CBPTheme::color(CBPTheme::Purpose::Field));
+/// \endcode
+///
+/// Pictures of the folder `res` that have a twin in `res/dark` or `res/contrast` are shown from there.
+/// GUI thread only. \since 1.0
+class LUMQT_EXPORT CBPTheme : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// What a colour is for. A theme file uses these names, in any case. Four in a row are those of the
+    /// states normal, under the mouse, pressed and disabled. \since 1.0
+    enum class Purpose {
+        // What everything is made of; the parts further down are of these colours where a theme says nothing
+        // else.
+        Ground,        ///< what windows, boxes and buttons lie on
+        RaisedGround,  ///< what stands out of a ground: headers, tracks
+        Field,         ///< ground of what is written or chosen in
+        FieldDisabled, ///< the same, disabled or read-only
+        Text,          ///< texts
+        QuietText,     ///< captions, placeholders, what is of less weight
+        DisabledText,  ///< texts of what is disabled
+        Frame,         ///< outlines of fields and check boxes
+        FrameHovered,  ///< the same under the mouse; marks and triangles
+        FrameDisabled, ///< the same, disabled
+        Rule,          ///< lines that only divide
+        Accent,        ///< what is chosen, checked, running
+        AccentHovered, ///< the same under the mouse
+        AccentPressed, ///< the same while pressed
+        OnAccent,      ///< texts and marks on the accent
+        SecondAccent,  ///< the second hue
+        Hovered,       ///< ground of a row or a button under the mouse
+        Pressed,       ///< the same while pressed
+        Chosen,        ///< ground of the chosen row or day
+        ChosenText,    ///< text on it
+        FocusRing,     ///< ring of the keyboard focus
+        Danger,        ///< what is wrong or cannot be undone
+        Warning,       ///< what needs attention
+        Success,       ///< what went well
+        Link,          ///< links
+        LinkHovered,   ///< the same under the mouse
+        LinkPressed,   ///< the same while pressed
+        LinkDisabled,  ///< the same, disabled
+        Badge,         ///< the dot that marks what is new
+        Shadow,        ///< shadows of windows; its alpha is reckoned from the depth
+
+        // Title bars. Of a theme of the library, UIConfig.ini goes before.
+        TitleGround,         ///< ground of a title bar
+        TitleText,           ///< its text
+        TitleLine,           ///< the line below it
+        TitleNotice,         ///< its note of a new version
+        TitleButton,         ///< ground of its back button
+        TitleButtonHovered,  ///< the same under the mouse
+        TitleButtonPressed,  ///< the same while pressed
+        TitleButtonDisabled, ///< the same, disabled
+
+        // Windows with a frame.
+        WindowGround,      ///< ground of a framed window
+        WindowCaption,     ///< its caption
+        WindowCaptionText, ///< the text in it
+        WindowCaptionLine, ///< the line below the caption
+        WindowBorder,      ///< its border
+        WindowOutside,     ///< what is around the border
+        SeparatorStart,    ///< a separating line at its beginning
+        SeparatorMiddle,   ///< in its middle
+        SeparatorEnd,      ///< at its end
+
+        // Buttons: normal, under the mouse, pressed, disabled.
+        ButtonGround,            ///< ground of a button
+        ButtonGroundHovered,     ///< the same under the mouse
+        ButtonGroundPressed,     ///< the same while pressed
+        ButtonGroundDisabled,    ///< the same, disabled
+        ButtonFrame,             ///< frame of a button
+        ButtonFrameHovered,      ///< the same under the mouse
+        ButtonFramePressed,      ///< the same while pressed
+        ButtonFrameDisabled,     ///< the same, disabled
+        ButtonText,              ///< text of a button
+        ButtonTextHovered,       ///< the same under the mouse
+        ButtonTextPressed,       ///< the same while pressed
+        ButtonTextDisabled,      ///< the same, disabled
+        ButtonTriangle,          ///< triangle of what drops down
+        ButtonTriangleHovered,   ///< the same under the mouse
+        ButtonTrianglePressed,   ///< the same while pressed
+        ButtonTriangleDisabled,  ///< the same, disabled
+        ButtonArrow,             ///< arrow of a button with a menu
+        ButtonFocusRing,         ///< ring of a push button with the keyboard focus
+        PrimaryGround,           ///< ground of what is done most in a dialog
+        PrimaryGroundHovered,    ///< the same under the mouse
+        PrimaryGroundPressed,    ///< the same while pressed
+        PrimaryGroundDisabled,   ///< the same, disabled
+        PrimaryText,             ///< text on it
+        PrimaryTextHovered,      ///< the same under the mouse
+        PrimaryTextPressed,      ///< the same while pressed
+        PrimaryTextDisabled,     ///< the same, disabled
+        SecondaryGround,         ///< ground of the other buttons of a dialog
+        SecondaryGroundHovered,  ///< the same under the mouse
+        SecondaryGroundPressed,  ///< the same while pressed
+        SecondaryGroundDisabled, ///< the same, disabled
+        SecondaryFrame,          ///< frame of the other buttons of a dialog
+        SecondaryFrameHovered,   ///< the same under the mouse
+        SecondaryFramePressed,   ///< the same while pressed
+        SecondaryFrameDisabled,  ///< the same, disabled
+        SecondaryText,           ///< text on it
+        SecondaryTextHovered,    ///< the same under the mouse
+        SecondaryTextPressed,    ///< the same while pressed
+        SecondaryTextDisabled,   ///< the same, disabled
+        ImageText,               ///< text of an image button
+        ImageTextMark,           ///< its special icon
+        ImageTip,                ///< its tip text
+        PlainText,               ///< text of a button that is picture and text alone
+        PlainTextHovered,        ///< the same under the mouse
+        PlainTextPressed,        ///< the same while pressed
+        PlainTextDisabled,       ///< the same, disabled
+        ToolText,                ///< text of a tool button
+        StateGround,             ///< ground of a widget with states
+        StateGroundHovered,      ///< the same under the mouse
+        StateGroundPressed,      ///< the same while pressed
+        StateGroundDisabled,     ///< the same, disabled
+        StateFrame,              ///< frame of a widget with states
+        StateFrameHovered,       ///< the same under the mouse
+        StateFramePressed,       ///< the same while pressed
+        StateFrameDisabled,      ///< the same, disabled
+        GroupFrame,              ///< frame of a group of buttons
+        GroupGround,             ///< ground of its buttons
+        GroupGroundHovered,      ///< the same under the mouse
+        GroupGroundPressed,      ///< the same, pressed or selected
+        GroupGroundDisabled,     ///< the same, disabled
+        GroupText,               ///< text of its buttons
+        GroupTextHovered,        ///< the same under the mouse
+        GroupTextPressed,        ///< the same, pressed or selected
+        GroupTextDisabled,       ///< the same, disabled
+        ToggleFrame,             ///< outline of a toggle
+        ToggleChecked,           ///< a checked one
+        ToggleHovered,           ///< one under the mouse
+        ToggleText,              ///< its text
+        ToggleFrameDisabled,     ///< outline of a disabled one
+        ToggleGroundDisabled,    ///< ground of a disabled one
+        ToggleTextDisabled,      ///< text of a disabled one
+
+        // Menus, lists, tips.
+        MenuGround,         ///< ground of a menu's items
+        MenuGroundHovered,  ///< the same under the mouse
+        MenuGroundPressed,  ///< the same while pressed
+        MenuGroundDisabled, ///< the same, disabled
+        MenuText,           ///< text of a menu's items
+        MenuTextHovered,    ///< the same under the mouse
+        MenuTextPressed,    ///< the same while pressed
+        MenuTextDisabled,   ///< the same, disabled
+        MenuSeparator,      ///< line between a menu's items
+        PathFrame,          ///< frame of the list of paths
+        PathGround,         ///< its ground
+        PathGroundHovered,  ///< ground of its row under the mouse
+        PathText,           ///< text of its rows
+        PathTextHovered,    ///< text of its row under the mouse
+        TipFrame,           ///< frame of a tip
+        TipGround,          ///< ground of a tip
+        TextTipGround,      ///< ground of a tip of text
+        TextTipLight,       ///< its text where the ground is dark
+        TextTipDark,        ///< its text where the ground is light
+
+        // Pop-up windows, message boxes, waiters.
+        PopUpGround,  ///< ground of a pop-up window
+        PopUpLine,    ///< the line above its bottom area
+        PopUpOutline, ///< its outline where there is no shadow
+        MessageText,  ///< text of a message
+        MessageHint,  ///< what is wrong with what was put in
+        NoticeHead,   ///< heading of a notice
+        AlertHead,    ///< heading of an alert
+        WaiterFrame,  ///< frame of a waiter
+        WaiterGround, ///< its ground
+        WaiterText,   ///< its text
+
+        // Calendars and their fields.
+        CalendarFrame,        ///< frame of a calendar
+        CalendarGround,       ///< its ground
+        CalendarText,         ///< its days
+        CalendarQuietText,    ///< names of its days, and the days of other months
+        CalendarWeekend,      ///< days of the weekend
+        CalendarOutOfRange,   ///< days that cannot be chosen
+        CalendarChosen,       ///< ground of the chosen day
+        CalendarChosenText,   ///< the chosen day
+        CalendarToday,        ///< ring of today
+        CalendarHovered,      ///< ground of a day under the mouse
+        CalendarBar,          ///< bar of month and year
+        CalendarBarHovered,   ///< its buttons under the mouse
+        CalendarBarPressed,   ///< its buttons while pressed
+        DateFrame,            ///< frame of a date field
+        ChoiceMark,           ///< line below a disabled chosen day
+        AddressFrameDisabled, ///< frame of a disabled address field
+
+        // Boxes, tabs, scroll bars.
+        BoxFrame,            ///< frame of a box
+        BoxGround,           ///< its ground
+        BandGround,          ///< band at the top of a framed box
+        BandFrame,           ///< its outline
+        GridLine,            ///< lines of a grid
+        TabFrame,            ///< frame of the tabs
+        TabGround,           ///< ground of a tab
+        TabGroundHovered,    ///< the same under the mouse
+        TabGroundPressed,    ///< the same, pressed or current
+        TabGroundDisabled,   ///< the same, disabled
+        SplitterFrame,       ///< outline of a splitter's handle
+        SplitterGround,      ///< its ground
+        ScrollSlider,        ///< slider of a scroll bar
+        ScrollSliderHovered, ///< the same under the mouse
+        ScrollPage,          ///< what the slider moves on
+        ScrollArrow,         ///< arrows of a scroll bar
+        ScrollArrowDisabled, ///< the same at the end
+        ScrollGrip,          ///< lines on the slider
+        ScrollGround,        ///< ground of a scroll bar
+
+        // Sliders, progress bars, labels.
+        SliderHandle,         ///< handle of a slider, and what lies before it
+        SliderHandleDisabled, ///< the same, disabled
+        SliderTrack,          ///< what the handle moves on
+        SliderTick,           ///< its marks
+        SliderText,           ///< its value
+        ProgressTrack,        ///< ground of a progress bar
+        ProgressText,         ///< its text
+        ProgressStart,        ///< what is done, at its beginning
+        ProgressEnd,          ///< at its end
+        ProgressFirst,        ///< the moving first colour of a progress bar
+        ProgressSecond,       ///< its second
+        ProgressThird,        ///< what is not done yet
+        Bar,                  ///< a filled line
+        LabelText,            ///< text of a label
+        HeadingText,          ///< text of a heading that can be clicked
+        HeadingFocused,       ///< the same, the one in use
+        HeadingDisabled,      ///< the same, disabled
+        PanelGround           ///< ground of a plain panel
+    };
+    Q_ENUM(Purpose)
+
+    /// The object whose changed() tells of a new theme; the library's own. \since 1.0
+    static CBPTheme *instance();
+
+    /// The names of the themes there are: the library's three, then those loaded, in their order. \since 1.0
+    static QStringList names();
+
+    /// Shows the theme \a name from now on, and ends followSystem(). False, and a line in the log category
+    /// "lumqtlib", for a name that is none of names(); the theme stays then. \since 1.0
+    static bool apply(const QString &name);
+
+    /// Reads a theme from the ini file \a file (UTF-8) and answers its name, for apply(); empty, and a line
+    /// in the log category "lumqtlib", for a file that is missing, above 256 KiB or no text.
+    ///
+    /// `name` is the theme's name, else the file's without its suffix; `base` is "light" (if left out) or
+    /// "dark", whose colours and pictures the theme has where it says nothing. All other keys are purposes
+    /// with a colour, #rrggbb or #aarrggbb. Where a colour of the base is that of another purpose, it follows
+    /// that one: with `accent` alone, all that has the accent changes. Keys and colours that are not known
+    /// are said in the log, with file, key and what was expected, and the rest is used. A theme of the same
+    /// name takes the place of the one loaded before, and shows at once where that one is shown. The names of
+    /// the library's themes are refused. \since 1.0
+    static QString load(const QString &file);
+
+    /// The name of the theme that is shown. \since 1.0
+    static QString current();
+
+    /// The colour of a purpose in the current theme, for an application's own painting. An array lookup.
+    /// Invalid for a number that is no purpose. \since 1.0
+    static QColor color(Purpose purpose);
+
+    /// Whether the theme is that of the system from now on: "contrast" where the user has high contrast on,
+    /// else "dark" or "light" as set for applications (Windows) or as the platform's palette is; heard of
+    /// again when the user changes it. Off at first. apply() turns it off; turned off here, the theme stays
+    /// as it is. \since 1.0
+    static void followSystem(bool follow);
+
+    /// Whether the theme is that of the system. \since 1.0
+    static bool isFollowingSystem();
+
+    /// Whether the library's windows have palette(), now and after each change, which plain Qt widgets in
+    /// them take over. Colours that an application has set in the palette of such a window or widget stay.
+    /// Off at first. \since 1.0
+    static void givePalette(bool give);
+
+    /// Whether the library's windows are given palette(). \since 1.0
+    static bool givesPalette();
+
+    /// The current theme as a palette for Qt's widgets. \since 1.0
+    static QPalette palette();
+
+signals:
+    /// The theme \a name is shown now, or has other colours. The library's widgets have it already.
+    /// \since 1.0
+    void changed(const QString &name);
+
+private:
+    CBPTheme() = default;
+};
