@@ -84,16 +84,14 @@ LIGHT = {
 DARK_INK = "#0d1420"  # on the accents
 DARK_NORMAL = "#aab4c3"
 DARK_DISABLED = "#6f7c90"  # dim, for pale would stand out: 3.4:1 on the title bar, the normal ink 6.8:1
-DARK_CAPTIONS = captions(DARK_NORMAL, Look(BLUE, BLUE, 0.12), Look(DARK_DISABLED))
 DARK = {
     "colors": {
         "ground": "#1c212c", "field": "#151922", "raised": "#262d3b", "hovered": "#2f3848", "pressed": "#1f3550",
         "titleBar": DARK_BAR,
     },
     "ratio": 3,
-    "strip": DARK_CAPTIONS,
-    "bar": DARK_CAPTIONS,
-    "back": bare(DARK_NORMAL, BLUE, WHITE, disable=DARK_DISABLED),
+    # "bar" and "back" were drawn for a dark title bar from the beginning, and stay.
+    "strip": captions(DARK_NORMAL, Look(BLUE, BLUE, 0.12), Look(DARK_DISABLED)),
     "field": bare(DARK_NORMAL, "#4da3f0", "#9acbf8", disable=DARK_DISABLED),
     "delete": bare(DARK_NORMAL, "#ff7b7b", "#ffb3b3"),
     "clear": discs(DARK_INK, normal="#8f9bad", hover="#ff7b7b", press="#ffb3b3"),

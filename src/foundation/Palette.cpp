@@ -310,6 +310,13 @@ bool isPlainLight()
     return shown().theme.base == BuiltInTheme::Light && shown().theme.said.none();
 }
 
+qreal disabledOpacity(qreal light)
+{
+    constexpr qreal kOnDark =
+        0.6; // with the inks of the dark pictures, 3:1 and more; with those of contrast, 4.5:1
+    return shown().theme.base == BuiltInTheme::Light ? light : kOnDark;
+}
+
 bool themeSays(Purpose purpose)
 {
     return shown().theme.base == BuiltInTheme::Contrast || shown().theme.said[size_t(purpose)];

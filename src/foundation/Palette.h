@@ -65,6 +65,9 @@ inline const QColor &ownOr(const QColor &own, Purpose purpose)
 // Whether it is the light theme of the library, in which a widget keeps the palette that it inherits.
 bool isPlainLight();
 
+// How opaque the picture of what is disabled is drawn: `light` in light themes, and not so pale in the others.
+LUMQT_TESTED qreal disabledOpacity(qreal light);
+
 // Whether the theme itself says the colour of a title bar; otherwise the settings file goes before.
 bool themeSays(Purpose purpose);
 
