@@ -105,6 +105,9 @@ public:
         ButtonTrianglePressed,   ///< the same while pressed
         ButtonTriangleDisabled,  ///< the same, disabled
         ButtonArrow,             ///< arrow of a button with a menu
+        ButtonArrowDisabled,     ///< the same, disabled
+        ButtonDivider,           ///< line between the text and the triangle of what drops down
+        ButtonDividerDisabled,   ///< the same, disabled
         ButtonFocusRing,         ///< ring of a push button with the keyboard focus
         PrimaryGround,           ///< ground of what is done most in a dialog
         PrimaryGroundHovered,    ///< the same under the mouse
@@ -127,6 +130,9 @@ public:
         SecondaryTextPressed,    ///< the same while pressed
         SecondaryTextDisabled,   ///< the same, disabled
         ImageText,               ///< text of an image button
+        ImageTextHovered,        ///< the same under the mouse
+        ImageTextPressed,        ///< the same while pressed
+        ImageTextDisabled,       ///< the same, disabled
         ImageTextMark,           ///< its special icon
         ImageTip,                ///< its tip text
         PlainText,               ///< text of a button that is picture and text alone
@@ -134,6 +140,9 @@ public:
         PlainTextPressed,        ///< the same while pressed
         PlainTextDisabled,       ///< the same, disabled
         ToolText,                ///< text of a tool button
+        ToolTextHovered,         ///< the same under the mouse
+        ToolTextPressed,         ///< the same while pressed
+        ToolTextDisabled,        ///< the same, disabled
         StateGround,             ///< ground of a widget with states
         StateGroundHovered,      ///< the same under the mouse
         StateGroundPressed,      ///< the same while pressed
