@@ -169,30 +169,30 @@ public:
         ToggleTextDisabled,      ///< text of a disabled one
 
         // Menus, lists, tips.
-        MenuGround,         ///< ground of a menu's items
-        MenuGroundHovered,  ///< the same under the mouse
-        MenuGroundPressed,  ///< the same while pressed
-        MenuGroundDisabled, ///< the same, disabled
-        MenuText,           ///< text of a menu's items
-        MenuTextHovered,    ///< the same under the mouse
-        MenuTextPressed,    ///< the same while pressed
-        MenuTextDisabled,   ///< the same, disabled
-        MenuSeparator,      ///< line between a menu's items
-        PathFrame,          ///< frame of the list of paths
-        PathGround,         ///< its ground
-        PathGroundHovered,  ///< ground of its row under the mouse
-        PathText,           ///< text of its rows
-        PathTextHovered,    ///< text of its row under the mouse
-        TipFrame,           ///< frame of a tip
-        TipGround,          ///< ground of a tip
-        TextTipGround,      ///< ground of a tip of text
-        TextTipLight,       ///< its text where the ground is dark
-        TextTipDark,        ///< its text where the ground is light
+        MenuGround,        ///< ground of a menu's items
+        MenuGroundHovered, ///< the same under the mouse
+        MenuText,          ///< text of a menu's items
+        MenuTextHovered,   ///< the same under the mouse
+        MenuTextDisabled,  ///< the same, disabled; dimmed where it is that of the others
+        MenuFrame,         ///< frame of a menu that was given no border; see-through: none
+        MenuSeparator,     ///< line between a menu's items
+        PathFrame,         ///< frame of the list of paths
+        PathGround,        ///< its ground
+        PathGroundHovered, ///< ground of its row under the mouse
+        PathText,          ///< text of its rows
+        PathTextHovered,   ///< text of its row under the mouse
+        TipFrame,          ///< frame of a tip
+        TipGround,         ///< ground of a tip
+        TextTipGround,     ///< ground of a tip of text
+        TextTipFrame,      ///< its frame; see-through: none
+        TextTipLight,      ///< its text where the ground is dark
+        TextTipDark,       ///< its text where the ground is light
 
         // Pop-up windows, message boxes, waiters.
         PopUpGround,  ///< ground of a pop-up window
         PopUpLine,    ///< the line above its bottom area
         PopUpOutline, ///< its outline where there is no shadow
+        PopUpEdge,    ///< its outline beside the shadow; see-through: none
         MessageText,  ///< text of a message
         MessageHint,  ///< what is wrong with what was put in
         NoticeHead,   ///< heading of a notice

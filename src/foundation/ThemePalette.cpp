@@ -48,14 +48,21 @@ const QVector<PaletteTone> &wholePalette()
 class Wearer : public QObject
 {
 public:
-    Wearer(QWidget *widget, const QVector<PaletteTone> &tones, bool whole)
-        : QObject(widget), m_widget(widget), m_tones(tones), m_whole(whole)
+    enum Time { InOtherThemes, Always, WhenWanted };
+
+    Wearer(QWidget *widget, const QVector<PaletteTone> &tones, Time time)
+        : QObject(widget), m_widget(widget), m_tones(tones), m_time(time)
     {
-        renew();
-        onThemeChange(this, [this] { renew(); });
+        renew(time == Always);
+        onThemeChange(this, [this] { renew(false); });
     }
 
 private:
+    bool wearsNow() const
+    {
+        return m_time == Always || (m_time == WhenWanted ? wantsPalette() : !isPlainLight());
+    }
+
     bool isWorn(QPalette::ColorRole role, const QPalette &palette) const
     {
         if (!(m_worn.resolve() & (1u << role)))
@@ -67,15 +74,15 @@ private:
         return true;
     }
 
-    void renew()
+    void renew(bool takesAll)
     {
-        const bool wears = m_whole ? wantsPalette() : !isPlainLight();
+        const bool wears = wearsNow();
         const QPalette current =
             m_widget->palette(); // its mask tells of the widget alone, not of those around
         QPalette next = current;
         uint mine = 0;
         for (const PaletteTone &tone : m_tones) {
-            if (!current.isBrushSet(QPalette::Active, tone.role) || isWorn(tone.role, current))
+            if (takesAll || !current.isBrushSet(QPalette::Active, tone.role) || isWorn(tone.role, current))
                 mine |= 1u << tone.role;
         }
         next.resolve(next.resolve() & ~mine);
@@ -92,7 +99,7 @@ private:
     QWidget *m_widget;
     QVector<PaletteTone> m_tones;
     QPalette m_worn;
-    bool m_whole;
+    Time m_time;
 };
 
 bool s_wanted = false;
@@ -101,12 +108,17 @@ bool s_wanted = false;
 
 void wearTheme(QWidget *widget, const QVector<PaletteTone> &tones)
 {
-    new Wearer(widget, tones, false);
+    new Wearer(widget, tones, Wearer::InOtherThemes);
+}
+
+void keepTheme(QWidget *part, const QVector<PaletteTone> &tones)
+{
+    new Wearer(part, tones, Wearer::Always);
 }
 
 void wearPalette(QWidget *window)
 {
-    new Wearer(window, wholePalette(), true);
+    new Wearer(window, wholePalette(), Wearer::WhenWanted);
 }
 
 QPalette themePalette()
