@@ -1,5 +1,6 @@
 #include "CBPIPAddrEdit.h"
 
+#include "input/FieldTones.h"
 #include "input/OctetValidator.h"
 #include "input/SelectingPress.h"
 
@@ -53,6 +54,7 @@ CBPIPAddrEdit::CBPIPAddrEdit(QWidget *parent) : QLineEdit(parent)
     setValidator(new lumqt::OctetValidator(this));
     connect(this, &QLineEdit::textEdited, this, &CBPIPAddrEdit::onTextEdited);
     setStyleSheet(QLatin1String(kSheet));
+    lumqt::wearTheme(this, lumqt::octetTones());
     setObjectName(QStringLiteral("NoFrameLineEdit"));
 }
 
