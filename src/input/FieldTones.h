@@ -21,15 +21,4 @@ inline const QVector<PaletteTone> &fieldTones()
     return tones;
 }
 
-// The same of a part of a field that keeps the ground of one in use.
-inline const QVector<PaletteTone> &octetTones()
-{
-    static const QVector<PaletteTone> tones = [] {
-        QVector<PaletteTone> all = fieldTones();
-        all[1].purpose = Purpose::Field;
-        return all;
-    }();
-    return tones;
-}
-
 } // namespace lumqt
