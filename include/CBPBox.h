@@ -103,7 +103,7 @@ public:
     void AnimatedHorizontal(QSize start, QSize end, int iDuration);
 
 protected:
-    /// The frame's colour, for derived boxes that draw more of it.
+    /// The frame's colour as it is painted, for derived boxes that draw more of it.
     /// \since 1.0
     QColor frameColor() const;
 

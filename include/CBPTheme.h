@@ -248,6 +248,7 @@ public:
         SliderText,           ///< its value
         ProgressTrack,        ///< ground of a progress bar
         ProgressText,         ///< its text
+        ProgressTextDone,     ///< the same on what is done
         ProgressStart,        ///< what is done, at its beginning
         ProgressEnd,          ///< at its end
         ProgressFirst,        ///< the moving first colour of a progress bar
@@ -258,6 +259,7 @@ public:
         HeadingText,          ///< text of a heading that can be clicked
         HeadingFocused,       ///< the same, the one in use
         HeadingDisabled,      ///< the same, disabled
+        RoundedGround,        ///< ground of a panel with round corners
         PanelGround           ///< ground of a plain panel
     };
     Q_ENUM(Purpose)

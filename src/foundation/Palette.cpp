@@ -230,11 +230,12 @@ constexpr Row kTable[] = {
     // Sliders, progress bars, labels.
     {P::SliderHandle, 0xff49a7f5, P::Accent, P::Accent},
     {P::SliderHandleDisabled, 0xffe5e5e5, P::FrameDisabled, P::FrameDisabled},
-    {P::SliderTrack, 0xffe5e5e5, 0xff7d8a9e, 0xffffffff},
+    {P::SliderTrack, 0xffe5e5e5, 0xff6f7b8f, 0xffffffff},
     {P::SliderTick, 0xff929292, P::QuietText, P::QuietText},
     {P::SliderText, 0xff000000, P::Text, P::Text},
-    {P::ProgressTrack, P::Field, P::Field, P::Field},
+    {P::ProgressTrack, P::Field, 0xff3a4559, 0xff2b2b2b},
     {P::ProgressText, 0xff000000, P::Text, P::Text},
+    {P::ProgressTextDone, 0xff000000, P::OnAccent, P::OnAccent},
     {P::ProgressStart, 0xff3accfc, 0xff3accfc, 0xff1aebff},
     {P::ProgressEnd, 0xff49a7f5, 0xff4da3f0, 0xff1aebff},
     {P::ProgressFirst, 0xff4baeb3, 0xff2f8b90, 0xff1aebff},
@@ -245,6 +246,7 @@ constexpr Row kTable[] = {
     {P::HeadingText, 0xff333c48, P::Text, P::Text},
     {P::HeadingFocused, 0xff1a62a0, P::Accent, P::Accent},
     {P::HeadingDisabled, 0xff969ea8, P::DisabledText, P::DisabledText},
+    {P::RoundedGround, 0xff000000, P::RaisedGround, P::RaisedGround},
     {P::PanelGround, P::Ground, P::Ground, P::Ground},
 };
 // clang-format on
