@@ -8,7 +8,7 @@
 CRoundedRectBase::CRoundedRectBase(unsigned int radius, QWidget *parent, bool topLeft, bool topRight,
                                    bool bottomRight, bool bottomLeft)
     : QWidget(parent),
-      m_brush(Qt::black),
+      m_brush(Qt::SolidPattern),
       m_pen(Qt::NoPen),
       m_radius(radius),
       m_topLeft(topLeft),
