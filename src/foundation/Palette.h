@@ -115,6 +115,9 @@ LUMQT_TESTED void wearTheme(QWidget *widget, const QVector<PaletteTone> &tones);
 // these roles now, is not an application's.
 LUMQT_TESTED void keepTheme(QWidget *part, const QVector<PaletteTone> &tones);
 
+// All that Qt's styles ask for, the disabled ones last, over those of all groups.
+const QVector<PaletteTone> &wholePalette();
+
 // The same with the whole palette of the theme, also the light one, for a window, while applications want it.
 LUMQT_TESTED void wearPalette(QWidget *window);
 
