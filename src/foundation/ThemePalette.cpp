@@ -6,11 +6,6 @@
 
 namespace lumqt {
 
-namespace {
-
-constexpr QPalette::ColorGroup kGroups[] = {QPalette::Active, QPalette::Inactive, QPalette::Disabled};
-
-// All that Qt's styles ask for, the disabled ones last, over those of all groups.
 const QVector<PaletteTone> &wholePalette()
 {
     static const QVector<PaletteTone> tones = {
@@ -38,24 +33,36 @@ const QVector<PaletteTone> &wholePalette()
         {QPalette::Text, Purpose::DisabledText, QPalette::Disabled},
         {QPalette::ButtonText, Purpose::DisabledText, QPalette::Disabled},
         {QPalette::Base, Purpose::FieldDisabled, QPalette::Disabled},
-        {QPalette::Highlight, Purpose::FrameDisabled, QPalette::Disabled},
+        {QPalette::Highlight, Purpose::ChosenDisabled, QPalette::Disabled},
+        {QPalette::HighlightedText, Purpose::DisabledText, QPalette::Disabled},
     };
     return tones;
 }
+
+namespace {
+
+constexpr QPalette::ColorGroup kGroups[] = {QPalette::Active, QPalette::Inactive, QPalette::Disabled};
 
 // What the theme has put into the palette of one widget. A role whose colours are no longer those that were
 // put there was set by somebody else, and is left to him.
 class Wearer : public QObject
 {
 public:
-    Wearer(QWidget *widget, const QVector<PaletteTone> &tones, bool whole)
-        : QObject(widget), m_widget(widget), m_tones(tones), m_whole(whole)
+    enum Time { InOtherThemes, Always, WhenWanted };
+
+    Wearer(QWidget *widget, const QVector<PaletteTone> &tones, Time time)
+        : QObject(widget), m_widget(widget), m_tones(tones), m_time(time)
     {
-        renew();
-        onThemeChange(this, [this] { renew(); });
+        renew(time == Always);
+        onThemeChange(this, [this] { renew(false); });
     }
 
 private:
+    bool wearsNow() const
+    {
+        return m_time == Always || (m_time == WhenWanted ? wantsPalette() : !isPlainLight());
+    }
+
     bool isWorn(QPalette::ColorRole role, const QPalette &palette) const
     {
         if (!(m_worn.resolve() & (1u << role)))
@@ -67,15 +74,15 @@ private:
         return true;
     }
 
-    void renew()
+    void renew(bool takesAll)
     {
-        const bool wears = m_whole ? wantsPalette() : !isPlainLight();
+        const bool wears = wearsNow();
         const QPalette current =
             m_widget->palette(); // its mask tells of the widget alone, not of those around
         QPalette next = current;
         uint mine = 0;
         for (const PaletteTone &tone : m_tones) {
-            if (!current.isBrushSet(QPalette::Active, tone.role) || isWorn(tone.role, current))
+            if (takesAll || !current.isBrushSet(QPalette::Active, tone.role) || isWorn(tone.role, current))
                 mine |= 1u << tone.role;
         }
         next.resolve(next.resolve() & ~mine);
@@ -92,7 +99,7 @@ private:
     QWidget *m_widget;
     QVector<PaletteTone> m_tones;
     QPalette m_worn;
-    bool m_whole;
+    Time m_time;
 };
 
 bool s_wanted = false;
@@ -101,12 +108,17 @@ bool s_wanted = false;
 
 void wearTheme(QWidget *widget, const QVector<PaletteTone> &tones)
 {
-    new Wearer(widget, tones, false);
+    new Wearer(widget, tones, Wearer::InOtherThemes);
+}
+
+void keepTheme(QWidget *part, const QVector<PaletteTone> &tones)
+{
+    new Wearer(part, tones, Wearer::Always);
 }
 
 void wearPalette(QWidget *window)
 {
-    new Wearer(window, wholePalette(), true);
+    new Wearer(window, wholePalette(), Wearer::WhenWanted);
 }
 
 QPalette themePalette()
