@@ -338,6 +338,24 @@ const QString &shownTheme()
     return shown().name;
 }
 
+namespace {
+
+// A receiver may show another theme: everybody hears of that one after this one.
+void tell()
+{
+    static bool telling = false;
+    if (telling)
+        return;
+    telling = true;
+    for (quint32 told = shown().generation - 1; told != shown().generation;) {
+        told = shown().generation;
+        emit CBPTheme::instance()->changed(QString(shown().name));
+    }
+    telling = false;
+}
+
+} // namespace
+
 void showTheme(const QString &name, const Theme &theme)
 {
     shown().name = name;
@@ -345,13 +363,14 @@ void showTheme(const QString &name, const Theme &theme)
     ++shown().generation;
     paintedColors = theme.colors;
     emit ThemeNews::instance()->renewed();
-    // A window paints all that is in it, but for children with a surface of their own.
+    // A window paints all that is in it, but for children with a surface of their own, and those of which an
+    // effect keeps the picture.
     const QWidgetList all = QApplication::allWidgets();
     for (QWidget *widget : all) {
-        if (widget->isWindow() || widget->testAttribute(Qt::WA_NativeWindow))
+        if (widget->isWindow() || widget->testAttribute(Qt::WA_NativeWindow) || widget->graphicsEffect())
             widget->update();
     }
-    emit CBPTheme::instance()->changed(name);
+    tell();
 }
 
 ThemeNews *ThemeNews::instance()

@@ -108,7 +108,8 @@ struct PaletteTone
 };
 
 // Keeps these colours in the palette of `widget`, in each theme but the plain light one, where it keeps what
-// it inherits. What an application sets in the palette itself stays. Once for each widget.
+// it inherits. What an application sets stays, in the palette of this widget or, as long as Qt inherits it, of
+// one around. A tone for one group comes after one of the same role for all.
 LUMQT_TESTED void wearTheme(QWidget *widget, const QVector<PaletteTone> &tones);
 
 // The same with the whole palette of the theme, also the light one, for a window, while applications want it.
