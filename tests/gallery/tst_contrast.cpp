@@ -381,7 +381,7 @@ private:
         columns<QString, double, double, QStringList>("theme", "text", "part", "known");
         row("light", QString("light"), kTextContrast, kPartContrast, ofLight);
         row("dark", QString("dark"), kTextContrast, kPartContrast, ofDark);
-        row("contrast", QString("contrast"), 7.0, kTextContrast, QStringList());
+        row("contrast", QString("contrast"), kHighTextContrast, kHighPartContrast, QStringList());
     }
 };
 
