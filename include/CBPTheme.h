@@ -35,36 +35,38 @@ public:
     enum class Purpose {
         // What everything is made of; the parts further down are of these colours where a theme says nothing
         // else.
-        Ground,        ///< what windows, boxes and buttons lie on
-        RaisedGround,  ///< what stands out of a ground: headers, tracks
-        Field,         ///< ground of what is written or chosen in
-        FieldDisabled, ///< the same, disabled or read-only
-        Text,          ///< texts
-        QuietText,     ///< captions, placeholders, what is of less weight
-        DisabledText,  ///< texts of what is disabled
-        Frame,         ///< outlines of fields and check boxes
-        FrameHovered,  ///< the same under the mouse; marks and triangles
-        FrameDisabled, ///< the same, disabled
-        Rule,          ///< lines that only divide
-        Accent,        ///< what is chosen, checked, running
-        AccentHovered, ///< the same under the mouse
-        AccentPressed, ///< the same while pressed
-        OnAccent,      ///< texts and marks on the accent
-        SecondAccent,  ///< the second hue
-        Hovered,       ///< ground of a row or a button under the mouse
-        Pressed,       ///< the same while pressed
-        Chosen,        ///< ground of the chosen row or day
-        ChosenText,    ///< text on it
-        FocusRing,     ///< ring of the keyboard focus
-        Danger,        ///< what is wrong or cannot be undone
-        Warning,       ///< what needs attention
-        Success,       ///< what went well
-        Link,          ///< links
-        LinkHovered,   ///< the same under the mouse
-        LinkPressed,   ///< the same while pressed
-        LinkDisabled,  ///< the same, disabled
-        Badge,         ///< the dot that marks what is new
-        Shadow,        ///< shadows of windows; its alpha is reckoned from the depth
+        Ground,         ///< what windows, boxes and buttons lie on
+        RaisedGround,   ///< what stands out of a ground: headers, tracks
+        Field,          ///< ground of what is written or chosen in
+        FieldDisabled,  ///< the same, disabled or read-only
+        Text,           ///< texts
+        QuietText,      ///< captions, placeholders, what is of less weight
+        DisabledText,   ///< texts of what is disabled
+        Frame,          ///< outlines of fields and check boxes
+        FrameHovered,   ///< the same under the mouse; marks and triangles
+        FrameDisabled,  ///< the same, disabled
+        Rule,           ///< lines that only divide
+        Accent,         ///< what is chosen, checked, running
+        AccentHovered,  ///< the same under the mouse
+        AccentPressed,  ///< the same while pressed
+        OnAccent,       ///< texts and marks on the accent
+        SecondAccent,   ///< the second hue
+        Hovered,        ///< ground of a row or a button under the mouse
+        Pressed,        ///< the same while pressed
+        Chosen,         ///< ground of the chosen row or day
+        ChosenText,     ///< text on it
+        ChosenInactive, ///< ground of the chosen row of a window that is not in use
+        ChosenDisabled, ///< the same, disabled
+        FocusRing,      ///< ring of the keyboard focus
+        Danger,         ///< what is wrong or cannot be undone
+        Warning,        ///< what needs attention
+        Success,        ///< what went well
+        Link,           ///< links
+        LinkHovered,    ///< the same under the mouse
+        LinkPressed,    ///< the same while pressed
+        LinkDisabled,   ///< the same, disabled
+        Badge,          ///< the dot that marks what is new
+        Shadow,         ///< shadows of windows; its alpha is reckoned from the depth
 
         // Title bars. Of a theme of the library, UIConfig.ini goes before.
         TitleGround,         ///< ground of a title bar
@@ -105,6 +107,9 @@ public:
         ButtonTrianglePressed,   ///< the same while pressed
         ButtonTriangleDisabled,  ///< the same, disabled
         ButtonArrow,             ///< arrow of a button with a menu
+        ButtonArrowDisabled,     ///< the same, disabled
+        ButtonDivider,           ///< line between the text and the triangle of what drops down
+        ButtonDividerDisabled,   ///< the same, disabled
         ButtonFocusRing,         ///< ring of a push button with the keyboard focus
         PrimaryGround,           ///< ground of what is done most in a dialog
         PrimaryGroundHovered,    ///< the same under the mouse
@@ -127,6 +132,9 @@ public:
         SecondaryTextPressed,    ///< the same while pressed
         SecondaryTextDisabled,   ///< the same, disabled
         ImageText,               ///< text of an image button
+        ImageTextHovered,        ///< the same under the mouse
+        ImageTextPressed,        ///< the same while pressed
+        ImageTextDisabled,       ///< the same, disabled
         ImageTextMark,           ///< its special icon
         ImageTip,                ///< its tip text
         PlainText,               ///< text of a button that is picture and text alone
@@ -134,6 +142,9 @@ public:
         PlainTextPressed,        ///< the same while pressed
         PlainTextDisabled,       ///< the same, disabled
         ToolText,                ///< text of a tool button
+        ToolTextHovered,         ///< the same under the mouse
+        ToolTextPressed,         ///< the same while pressed
+        ToolTextDisabled,        ///< the same, disabled
         StateGround,             ///< ground of a widget with states
         StateGroundHovered,      ///< the same under the mouse
         StateGroundPressed,      ///< the same while pressed
@@ -160,30 +171,30 @@ public:
         ToggleTextDisabled,      ///< text of a disabled one
 
         // Menus, lists, tips.
-        MenuGround,         ///< ground of a menu's items
-        MenuGroundHovered,  ///< the same under the mouse
-        MenuGroundPressed,  ///< the same while pressed
-        MenuGroundDisabled, ///< the same, disabled
-        MenuText,           ///< text of a menu's items
-        MenuTextHovered,    ///< the same under the mouse
-        MenuTextPressed,    ///< the same while pressed
-        MenuTextDisabled,   ///< the same, disabled
-        MenuSeparator,      ///< line between a menu's items
-        PathFrame,          ///< frame of the list of paths
-        PathGround,         ///< its ground
-        PathGroundHovered,  ///< ground of its row under the mouse
-        PathText,           ///< text of its rows
-        PathTextHovered,    ///< text of its row under the mouse
-        TipFrame,           ///< frame of a tip
-        TipGround,          ///< ground of a tip
-        TextTipGround,      ///< ground of a tip of text
-        TextTipLight,       ///< its text where the ground is dark
-        TextTipDark,        ///< its text where the ground is light
+        MenuGround,        ///< ground of a menu's items
+        MenuGroundHovered, ///< the same under the mouse
+        MenuText,          ///< text of a menu's items
+        MenuTextHovered,   ///< the same under the mouse
+        MenuTextDisabled,  ///< the same, disabled; dimmed where it is that of the others
+        MenuFrame,         ///< frame of a menu that was given no border; see-through: none
+        MenuSeparator,     ///< line between a menu's items
+        PathFrame,         ///< frame of the list of paths
+        PathGround,        ///< its ground
+        PathGroundHovered, ///< ground of its row under the mouse
+        PathText,          ///< text of its rows
+        PathTextHovered,   ///< text of its row under the mouse
+        TipFrame,          ///< frame of a tip
+        TipGround,         ///< ground of a tip
+        TextTipGround,     ///< ground of a tip of text
+        TextTipFrame,      ///< its frame; see-through: none
+        TextTipLight,      ///< its text where the ground is dark
+        TextTipDark,       ///< its text where the ground is light
 
         // Pop-up windows, message boxes, waiters.
         PopUpGround,  ///< ground of a pop-up window
         PopUpLine,    ///< the line above its bottom area
         PopUpOutline, ///< its outline where there is no shadow
+        PopUpEdge,    ///< its outline beside the shadow; see-through: none
         MessageText,  ///< text of a message
         MessageHint,  ///< what is wrong with what was put in
         NoticeHead,   ///< heading of a notice
@@ -239,6 +250,7 @@ public:
         SliderText,           ///< its value
         ProgressTrack,        ///< ground of a progress bar
         ProgressText,         ///< its text
+        ProgressTextDone,     ///< the same on what is done
         ProgressStart,        ///< what is done, at its beginning
         ProgressEnd,          ///< at its end
         ProgressFirst,        ///< the moving first colour of a progress bar
@@ -249,6 +261,7 @@ public:
         HeadingText,          ///< text of a heading that can be clicked
         HeadingFocused,       ///< the same, the one in use
         HeadingDisabled,      ///< the same, disabled
+        RoundedGround,        ///< ground of a panel with round corners
         PanelGround           ///< ground of a plain panel
     };
     Q_ENUM(Purpose)

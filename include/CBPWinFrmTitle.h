@@ -21,9 +21,10 @@ class QLinearGradient;
 /// no maximise, settings, contact or free button; see InsertWidget(). The buttons take no keyboard focus:
 /// give the window other ways to what they do. A double-click on the bar does nothing.
 ///
-/// Colours come from "../res/UIConfig.ini" where it names valid ones. A title that finds no room is shown
-/// with an ellipsis, and its tool tip has all of it. All sizes are logical pixels. GUI thread only.
-/// \since 1.0
+/// Colours that are not set come from "../res/UIConfig.ini" where it names valid ones, but not in the theme
+/// "contrast" or where a theme file names them, else from the theme (see CBPTheme). A title that finds no
+/// room is shown with an ellipsis, and its tool tip has all of it. All sizes are logical pixels. GUI thread
+/// only. \since 1.0
 class LUMQT_EXPORT CBPWinFrmTitle : public CRoundedRectBase
 {
     Q_OBJECT
@@ -148,6 +149,8 @@ private:
     QPointer<CBPImageButton> *slot(int id);
     void showImage(Label &label, const QString &path);
     void refreshImages();
+    void chooseColors();
+    void colorTitle(const QColor &color);
     static void showContent(const Label &label);
 
     QPointer<QWidget> m_parentWindow;
@@ -164,8 +167,10 @@ private:
     QPointer<CBPImageButton> m_supportBtn;
     Label m_icon;
     Label m_title;
-    QColor m_bgColor;
-    QColor m_titleColor;
+    QColor m_bgColor;    // that the bar chose itself; invalid: the application did
+    QColor m_titleColor; // the same
+    QColor m_noticeColor;
+    QVector<QColor> m_backColors;
     void (*m_callback)(void *, int) = nullptr;
     void *m_callbackContext = nullptr;
     QPoint m_dragOffset; // from the parent's position to the pointer

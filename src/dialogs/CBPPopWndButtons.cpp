@@ -5,6 +5,7 @@
 #include "foundation/FontLookup.h"
 #include "foundation/Log.h"
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
 #include "Util.h"
 
 #include <QEvent>
@@ -15,6 +16,8 @@
 
 #include <algorithm>
 #include <limits>
+
+using lumqt::Purpose;
 
 namespace {
 
@@ -82,20 +85,55 @@ int distanceFromYes(int flag)
     return isSecondary(flag) || flag == kBackFlag ? 3 : 2;
 }
 
+// One set of the colours of a standard button, kept in those of the theme until the application sets others.
+class KeptColors : public QObject
+{
+public:
+    using Getter = QColor (CBtnObj::*)(int) const;
+    using Setter = void (CBtnObj::*)(QVector<QColor>);
+
+    KeptColors(CBPPushBtn *button, Getter get, Setter set, Purpose first)
+        : QObject(button), m_button(button), m_get(get), m_set(set), m_first(first)
+    {
+        put();
+        lumqt::onThemeChange(this, [this] {
+            if (isKept())
+                put();
+        });
+    }
+
+private:
+    bool isKept() const
+    {
+        bool same = !(m_button->*m_get)(lumqt::kThemeStates).isValid(); // else it is a longer list
+        for (int state = 0; state < lumqt::kThemeStates; ++state)
+            same = same && (m_button->*m_get)(state) == m_colors.at(state);
+        return same;
+    }
+
+    void put()
+    {
+        m_colors.clear();
+        for (int state = 0; state < lumqt::kThemeStates; ++state)
+            m_colors << lumqt::themeColor(m_first, state);
+        (m_button->*m_set)(m_colors);
+    }
+
+    CBPPushBtn *const m_button;
+    const Getter m_get;
+    const Setter m_set;
+    const Purpose m_first;
+    QVector<QColor> m_colors;
+};
+
 void color(CBPPushBtn *button, bool secondary)
 {
-    const QVector<QColor> white(4, QColor(Qt::white));
-    if (secondary) {
-        button->setBgColor(white);
-        button->setFrmColor({QColor(0x9b, 0x9b, 0x9b), QColor(0xa5, 0xa5, 0xa5), QColor(0x6f, 0x6f, 0x6f),
-                             QColor(0xe1, 0xe1, 0xe1)});
-        button->setTextColor({QColor(0x33, 0x33, 0x33), QColor(0x47, 0x47, 0x47), QColor(0x24, 0x24, 0x24),
-                              QColor(0xc2, 0xc2, 0xc2)});
-    } else {
-        button->setBgColor({QColor(0x49, 0xa7, 0xf5), QColor(0x5b, 0xaf, 0xf6), QColor(0x41, 0x95, 0xdc),
-                            QColor(0xc9, 0xe5, 0xfc)});
-        button->setTextColor(white);
-    }
+    new KeptColors(button, &CBtnObj::bgColor, &CBtnObj::setBgColor,
+                   secondary ? Purpose::SecondaryGround : Purpose::PrimaryGround);
+    new KeptColors(button, &CBtnObj::textColor, &CBtnObj::setTextColor,
+                   secondary ? Purpose::SecondaryText : Purpose::PrimaryText);
+    if (secondary)
+        new KeptColors(button, &CBtnObj::frmColor, &CBtnObj::setFrmColor, Purpose::SecondaryFrame);
     button->setFrmTrancent(!secondary);
 }
 

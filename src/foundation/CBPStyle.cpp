@@ -270,7 +270,8 @@ int CBPStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidge
     case SH_ComboBox_PopupFrameStyle:
         return int(QFrame::StyledPanel) | int(QFrame::Plain);
     case SH_Table_GridLineColor:
-        return option ? int(lumqt::StyleColors(*option).rule.rgba()) : int(lumqt::kRule);
+        return int(
+            (option ? lumqt::StyleColors(*option).rule : lumqt::themeColor(lumqt::Purpose::Rule)).rgba());
     case SH_Header_ArrowAlignment:
         return int(Qt::AlignRight | Qt::AlignVCenter);
     default:

@@ -1,5 +1,6 @@
 #include "foundation/Fade.h"
 
+#include "foundation/Palette.h"
 #include "foundation/StyleWatch.h"
 #include "platform/Platform.h"
 
@@ -42,7 +43,11 @@ QColor mixed(QRgb from, QRgb to, qreal share)
 class Fades : public QObject
 {
 public:
-    explicit Fades(QObject *parent) : QObject(parent) { m_clock.start(); }
+    explicit Fades(QObject *parent) : QObject(parent)
+    {
+        m_clock.start();
+        onThemeChange(this, [this] { settleAll(); });
+    }
 
     QColor color(const QWidget *widget, int number, const QColor &target)
     {
@@ -114,6 +119,16 @@ private:
             --m_running;
         part.began = -1;
         part.target = target;
+    }
+
+    // What is shown next is shown at once, with all the others.
+    void settleAll()
+    {
+        for (QHash<int, Part> &parts : m_widgets)
+            parts.clear();
+        m_moving.clear();
+        m_running = 0;
+        m_timer.stop();
     }
 
     void forget(const QWidget *widget)

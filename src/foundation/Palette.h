@@ -112,6 +112,13 @@ struct PaletteTone
 // one around. A tone for one group comes after one of the same role for all.
 LUMQT_TESTED void wearTheme(QWidget *widget, const QVector<PaletteTone> &tones);
 
+// The same also in the plain light theme, for a part of ours that has colours of its own there. What is in
+// these roles now, is not an application's.
+LUMQT_TESTED void keepTheme(QWidget *part, const QVector<PaletteTone> &tones);
+
+// All that Qt's styles ask for, the disabled ones last, over those of all groups.
+const QVector<PaletteTone> &wholePalette();
+
 // The same with the whole palette of the theme, also the light one, for a window, while applications want it.
 LUMQT_TESTED void wearPalette(QWidget *window);
 

@@ -24,32 +24,41 @@ QColor mix(const QColor &ground, const QColor &ink, qreal share)
                   part(ground.blue(), ink.blue()));
 }
 
-Body ringOf(const Canvas &canvas, bool shown)
+Body ringOf(const Canvas &canvas, const StyleColors &colors, bool shown)
 {
-    QColor color(kFocusRingColor);
-    color.setAlpha(shown ? 255 : 0);
+    QColor color = colors.of(Purpose::FocusRing);
+    if (!shown)
+        color.setAlpha(0);
     Body ring;
     ring.frame = fadedColor(canvas.control, FadingRing, color);
     ring.frameWidth = kFocusRingWidth;
     return ring;
 }
 
+// Whether it is the theme's: what wears another one, plain or an application's, keeps the colours that go
+// with it.
+bool isThemed(const QPalette &palette)
+{
+    return palette.color(QPalette::Active, QPalette::Base).rgba() == themeColor(Purpose::Field).rgba();
+}
+
 } // namespace
 
 StyleColors::StyleColors(const QStyleOption &option)
-    : ground(kFieldGround),
-      raised(kRaisedGround),
-      hovered(kHoveredGround),
-      pressed(kPressedGround),
-      frame(kFieldFrame),
-      rule(kRule),
-      ink(kFieldFrameHovered),
-      accent(kAccent),
-      onAccent(Qt::white)
+    : themed(isThemed(option.palette)),
+      ground(of(Purpose::Field)),
+      raised(of(Purpose::RaisedGround)),
+      hovered(of(Purpose::Hovered)),
+      pressed(of(Purpose::Pressed)),
+      frame(of(Purpose::Frame)),
+      rule(of(Purpose::Rule)),
+      ink(of(Purpose::FrameHovered)),
+      accent(of(Purpose::Accent)),
+      onAccent(of(Purpose::OnAccent))
 {
     const bool enabled = option.state & QStyle::State_Enabled;
-    const QColor base = option.palette.color(QPalette::Active, QPalette::Base);
-    dark = base.lightness() < kDarkest;
+    const QColor &base = option.palette.color(QPalette::Active, QPalette::Base);
+    dark = !themed && base.lightness() < kDarkest;
     const QPalette::ColorGroup group = enabled ? QPalette::Active : QPalette::Disabled;
     if (dark) {
         const QColor text = option.palette.color(group, QPalette::Text);
@@ -61,13 +70,12 @@ StyleColors::StyleColors(const QStyleOption &option)
         if (!enabled)
             frame = accent = rule;
     } else if (!enabled) {
-        ground = QColor(kFieldGroundDisabled);
-        frame = QColor(kFieldFrameDisabled);
-        ink = QColor(kFieldTextDisabled);
-        accent = QColor(kFieldFrameDisabled);
+        ground = of(Purpose::FieldDisabled);
+        frame = accent = of(Purpose::FrameDisabled);
+        ink = of(Purpose::DisabledText);
     }
     // Whoever has changed it means it: for one widget or for all.
-    if (dark || option.palette.isBrushSet(group, QPalette::Base) || base != QColor(kFieldGround))
+    if (option.palette.isBrushSet(group, QPalette::Base) || (!themed && base != of(Purpose::Field)))
         ground = option.palette.color(group, QPalette::Base);
 }
 
@@ -81,16 +89,17 @@ bool showsFocus(const QStyleOption &option, const Canvas &canvas)
     return canvas.control ? canvas.watch.showsFocus(canvas.control) : option.state & QStyle::State_HasFocus;
 }
 
-void drawRing(const Canvas &canvas, const QRect &rect, bool shown)
+void drawRing(const Canvas &canvas, const StyleColors &colors, const QRect &rect, bool shown)
 {
-    const Body ring = ringOf(canvas, shown);
+    const Body ring = ringOf(canvas, colors, shown);
     if (ring.frame.alpha() > 0)
         drawBody(canvas.painter, rect, ring);
 }
 
-void drawRingAround(const Canvas &canvas, const QRect &content, bool shown, qreal radius)
+void drawRingAround(const Canvas &canvas, const StyleColors &colors, const QRect &content, bool shown,
+                    qreal radius)
 {
-    Body ring = ringOf(canvas, shown);
+    Body ring = ringOf(canvas, colors, shown);
     ring.radiusX = ring.radiusY = radius;
     if (ring.frame.alpha() > 0)
         drawBody(canvas.painter, focusRingAround(canvas.painter, content), ring);

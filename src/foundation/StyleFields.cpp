@@ -33,7 +33,7 @@ constexpr int kLabelMargin = 1; // beside the text of a combo box
 QColor frameOf(const QStyleOption &option, const StyleColors &colors)
 {
     return option.state & QStyle::State_MouseOver && option.state & QStyle::State_Enabled && !colors.dark
-               ? QColor(kFieldFrameHovered)
+               ? colors.of(Purpose::FrameHovered)
                : colors.frame;
 }
 
@@ -53,11 +53,11 @@ void drawLineEdit(const QStyleOptionFrame &option, const Canvas &canvas)
         return;
     }
     // A text that only the program changes lies on the ground of what cannot be edited.
-    const bool locked = option.state & QStyle::State_ReadOnly && colors.ground == QColor(kFieldGround);
+    const bool locked = option.state & QStyle::State_ReadOnly && colors.ground == colors.of(Purpose::Field);
     const bool refused = isRefused(qobject_cast<const QLineEdit *>(canvas.widget));
-    drawPanel(canvas, option.rect, locked ? QColor(kFieldGroundDisabled) : colors.ground,
-              refused ? QColor(kFieldFrameInvalid) : frameOf(option, colors));
-    drawRing(canvas, option.rect, hasFocus(option, canvas) && option.state & QStyle::State_Enabled);
+    drawPanel(canvas, option.rect, locked ? colors.of(Purpose::FieldDisabled) : colors.ground,
+              refused ? colors.of(Purpose::Danger) : frameOf(option, colors));
+    drawRing(canvas, colors, option.rect, hasFocus(option, canvas) && option.state & QStyle::State_Enabled);
 }
 
 // Where the scroll bars meet; what a view has painted there lies below its ground.
@@ -90,7 +90,8 @@ void drawAreaFrame(const QStyleOption &option, const Canvas &canvas, const QAbst
     drawPanel(canvas, option.rect, filled ? groundOf(option, area) : QColor(), frameOf(option, colors));
     drawCorner(colors, canvas, area);
     const bool focused = text ? canvas.watch.hasFocus(&area) : canvas.watch.showsFocus(&area);
-    drawRing(canvas, option.rect, focused && option.state & QStyle::State_Enabled && !ringLiesInRow(&area));
+    drawRing(canvas, colors, option.rect,
+             focused && option.state & QStyle::State_Enabled && !ringLiesInRow(&area));
 }
 
 bool drawFrame(const QStyleOption &option, const Canvas &canvas)
@@ -115,10 +116,12 @@ bool isPlainLine(const QStyleOptionFrame &frame, const QWidget *widget)
     if (frame.lineWidth != 1 || frame.midLineWidth != 0 || frame.state & QStyle::State_Raised)
         return false;
     const QPalette usual = QApplication::palette(widget);
-    const auto differs = [&](QPalette::ColorRole role) {
-        return frame.palette.color(QPalette::Active, role) != usual.color(QPalette::Active, role);
+    const auto isUsual = [&](QPalette::ColorRole role, Purpose worn) {
+        const QColor &color = frame.palette.color(QPalette::Active, role);
+        return color == usual.color(QPalette::Active, role) || color == themeColor(worn);
     };
-    return !differs(QPalette::WindowText) && !differs(QPalette::Light) && !differs(QPalette::Dark);
+    return isUsual(QPalette::WindowText, Purpose::Text) && isUsual(QPalette::Light, Purpose::RaisedGround) &&
+           isUsual(QPalette::Dark, Purpose::Frame);
 }
 
 } // namespace
@@ -215,7 +218,7 @@ void drawComboBox(const QStyleOptionComboBox &option, const Canvas &plain)
         canvas.style.subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, canvas.widget);
     drawTriangle(canvas, arrow, Qt::DownArrow, colors.ink);
     const bool focused = option.editable ? hasFocus(option, canvas) : showsFocus(option, canvas);
-    drawRing(canvas, option.rect, option.frame && focused && enabled); // see drawSpinBox()
+    drawRing(canvas, colors, option.rect, option.frame && focused && enabled); // see drawSpinBox()
 }
 
 QRect spinBoxPart(const QStyleOptionSpinBox &option, QStyle::SubControl part, const QWidget *widget)
@@ -275,12 +278,12 @@ void drawSpinBox(const QStyleOptionSpinBox &option, const Canvas &plain)
                                                                                  : colors.ground;
         canvas.painter.fillRect(wholeDevicePixels(canvas.painter, rect),
                                 fadedColor(canvas.control, step.fading, ground));
-        drawTriangle(canvas, rect, step.arrow, can ? colors.ink : QColor(kFieldTextDisabled));
+        drawTriangle(canvas, rect, step.arrow, can ? colors.ink : colors.of(Purpose::DisabledText));
     }
     if (option.frame) // above the buttons, which reach under it at fractions of a pixel
         drawPanel(canvas, option.rect, QColor(), frameOf(option, colors));
     // A field without a frame lies in something that has one, and the ring.
-    drawRing(canvas, option.rect, option.frame && enabled && hasFocus(option, canvas));
+    drawRing(canvas, colors, option.rect, option.frame && enabled && hasFocus(option, canvas));
 }
 
 } // namespace lumqt

@@ -22,12 +22,7 @@ constexpr qreal kMarkWidth = 2;
 constexpr QPointF kMark[] = {{3.5, 8}, {6.5, 11}, {12.5, 5}}; // within an indicator
 constexpr QRect kPartlyMark(4, 7, 8, 2);
 constexpr qreal kDotRadius = 3;
-const QColor kNone(0, 0, 0, 0);
-// Of push buttons, as the library's own have them.
-const QColor kPushFrame(0x3c, 0x43, 0x4b);
-const QColor kPushFrameHovered(0xbc, 0xe0, 0xe2);
-const QColor kPushFramePressed(0x87, 0xc8, 0xcc);
-const QColor kPushText(0x66, 0x66, 0x66);
+const QColor kNone(Qt::transparent);
 
 // What an indicator is filled and framed with.
 struct Look
@@ -36,16 +31,15 @@ struct Look
     QColor frame;
 };
 
-Look lookOf(const QStyleOption &option, bool on)
+Look lookOf(const QStyleOption &option, const StyleColors &colors, bool on)
 {
-    const StyleColors colors(option);
     const bool enabled = option.state & QStyle::State_Enabled;
     const bool pressed = enabled && option.state & QStyle::State_Sunken;
     const bool hovered = enabled && option.state & QStyle::State_MouseOver;
     if (on) {
         const QColor fill = !enabled  ? colors.accent
-                            : pressed ? QColor(kAccentPressed)
-                            : hovered ? QColor(kAccentHovered)
+                            : pressed ? colors.of(Purpose::AccentPressed)
+                            : hovered ? colors.of(Purpose::AccentHovered)
                                       : colors.accent;
         return {fill, fill};
     }
@@ -75,7 +69,8 @@ void drawCheckBox(const QStyleOption &option, const Canvas &canvas, bool alone)
     const bool partly = option.state & QStyle::State_NoChange;
     const bool on = partly || option.state & QStyle::State_On;
     const QRect place = placeOf(option.rect);
-    const Look look = lookOf(option, on);
+    const StyleColors colors(option);
+    const Look look = lookOf(option, colors, on);
     if (alone) {
         drawPanel(canvas, place, look.fill, look.frame);
     } else { // one of many in a view
@@ -85,7 +80,7 @@ void drawCheckBox(const QStyleOption &option, const Canvas &canvas, bool alone)
         drawBody(canvas.painter, place, body);
     }
     if (on) {
-        const QColor mark = StyleColors(option).onAccent;
+        const QColor mark = colors.onAccent;
         beginMark(canvas.painter, place);
         if (partly) {
             canvas.painter.fillRect(wholeDevicePixels(canvas.painter, kPartlyMark), mark);
@@ -96,14 +91,15 @@ void drawCheckBox(const QStyleOption &option, const Canvas &canvas, bool alone)
         canvas.painter.restore();
     }
     if (alone)
-        drawRingAround(canvas, place, showsFocus(option, canvas), kFocusRingRadius);
+        drawRingAround(canvas, colors, place, showsFocus(option, canvas), kFocusRingRadius);
 }
 
 void drawRadioButton(const QStyleOption &option, const Canvas &canvas)
 {
     const bool on = option.state & QStyle::State_On;
     const QRect place = placeOf(option.rect);
-    const Look look = lookOf(option, on);
+    const StyleColors colors(option);
+    const Look look = lookOf(option, colors, on);
     Body disc;
     disc.fill = fadedColor(canvas.control, FadingGround, look.fill);
     disc.frame = fadedColor(canvas.control, FadingFrame, look.frame);
@@ -112,11 +108,21 @@ void drawRadioButton(const QStyleOption &option, const Canvas &canvas)
     if (on) {
         beginMark(canvas.painter, place);
         canvas.painter.setPen(Qt::NoPen);
-        canvas.painter.setBrush(StyleColors(option).onAccent);
+        canvas.painter.setBrush(colors.onAccent);
         canvas.painter.drawEllipse(QPointF(kIndicator, kIndicator) / 2, kDotRadius, kDotRadius);
         canvas.painter.restore();
     }
-    drawRingAround(canvas, place, showsFocus(option, canvas), kIndicator / 2.0 + kIndicatorRoom);
+    drawRingAround(canvas, colors, place, showsFocus(option, canvas), kIndicator / 2.0 + kIndicatorRoom);
+}
+
+QColor buttonGround(const StyleColors &colors, bool down, bool hovered)
+{
+    if (colors.dark)
+        return down ? colors.pressed : hovered ? colors.hovered : colors.ground;
+    if (down || hovered)
+        return colors.of(down ? Purpose::ButtonGroundPressed : Purpose::ButtonGroundHovered);
+    // A disabled one is like a field, and so is one of another base.
+    return colors.ground == colors.of(Purpose::Field) ? colors.of(Purpose::ButtonGround) : colors.ground;
 }
 
 void drawButton(const QStyleOption &option, const Canvas &canvas, bool flat, bool ringed = true)
@@ -125,23 +131,23 @@ void drawButton(const QStyleOption &option, const Canvas &canvas, bool flat, boo
     const bool enabled = option.state & QStyle::State_Enabled;
     const bool down = option.state & (QStyle::State_Sunken | QStyle::State_On);
     const bool hovered = enabled && option.state & QStyle::State_MouseOver;
-    QColor ground = down ? colors.pressed : hovered ? colors.hovered : flat ? kNone : colors.ground;
+    QColor ground = flat && !down && !hovered ? kNone : buttonGround(colors, down, hovered);
     if (!down && !hovered && option.palette.isBrushSet(QPalette::Active, QPalette::Button))
         ground = option.palette.color(QPalette::Button);
     const auto *button = qstyleoption_cast<const QStyleOptionButton *>(&option);
     const bool isDefault = button && button->features & QStyleOptionButton::DefaultButton;
     QColor frame = flat ? kNone : hovered ? colors.ink : isDefault ? colors.accent : colors.frame;
     if (button && enabled && !flat && !colors.dark)
-        frame = down        ? kPushFramePressed
-                : hovered   ? kPushFrameHovered
+        frame = down        ? colors.of(Purpose::ButtonFramePressed)
+                : hovered   ? colors.of(Purpose::ButtonFrameHovered)
                 : isDefault ? colors.accent
-                            : kPushFrame;
+                            : colors.of(Purpose::ButtonFrame);
     Body body;
     body.fill = ground;
     body.frame = frame;
     drawBody(canvas.painter, option.rect, body);
     if (ringed)
-        drawRing(canvas, option.rect, showsFocus(option, canvas));
+        drawRing(canvas, colors, option.rect, showsFocus(option, canvas));
 }
 
 // Windows' own style paints the next two without asking for their parts.
@@ -216,10 +222,11 @@ QStyleOptionButton pushButtonLabel(const QStyleOptionButton &option, const QStyl
     QStyleOptionButton label(option);
     const bool enabled = option.state & QStyle::State_Enabled;
     const QPalette::ColorGroup group = enabled ? QPalette::Active : QPalette::Disabled;
-    const QPalette standard = style.standardPalette();
-    if (option.palette.color(group, QPalette::ButtonText) == standard.color(group, QPalette::ButtonText) &&
-        !StyleColors(option).dark) {
-        const QColor ink(enabled ? kPushText : QColor(kFieldFrameDisabled));
+    const StyleColors colors(option);
+    const QColor &text = option.palette.color(group, QPalette::ButtonText);
+    const bool worn = colors.themed && text == themeColor(enabled ? Purpose::Text : Purpose::DisabledText);
+    if (worn || (text == style.standardPalette().color(group, QPalette::ButtonText) && !colors.dark)) {
+        const QColor ink = colors.of(enabled ? Purpose::ButtonText : Purpose::ButtonTextDisabled);
         label.palette.setColor(QPalette::ButtonText, ink);
     }
     return label;
@@ -240,7 +247,7 @@ void drawToolButton(const QStyleOptionToolButton &option, const Canvas &plain)
         canvas.style.drawPrimitive(QStyle::PE_PanelButtonTool, &part, &canvas.painter, canvas.widget);
     drawToolMenu(option, canvas, place(QStyle::SC_ToolButtonMenu));
     if (hasMenuPart(option)) // one ring around both
-        drawRing(canvas, option.rect, showsFocus(option, canvas));
+        drawRing(canvas, StyleColors(option), option.rect, showsFocus(option, canvas));
     const int frame = canvas.style.pixelMetric(QStyle::PM_DefaultFrameWidth, &option, canvas.widget);
     part.rect.adjust(frame, frame, -frame, -frame);
     canvas.style.drawControl(QStyle::CE_ToolButtonLabel, &part, &canvas.painter, canvas.widget);

@@ -2,6 +2,7 @@
 
 #include "foundation/Look.h"
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
 
 #include <QColor>
 #include <QStyle>
@@ -62,13 +63,18 @@ template <class... Kinds> Canvas controlOf(const Canvas &canvas)
     return {canvas.painter, canvas.widget, canvas.style, canvas.watch, own ? canvas.widget : nullptr};
 }
 
-// The colours for an option: the library's, unless a palette says otherwise.
+// The colours for an option: the theme's where its palette is the theme's; on a plain palette those of the
+// light theme, also in a dark one; on a dark palette of an application they are made of that.
 struct StyleColors
 {
     explicit StyleColors(const QStyleOption &option);
 
-    QColor ground; // of a field
-    QColor raised; // of what stands out of a ground: headers, tracks
+    QColor of(Purpose purpose) const { return themed ? themeColor(purpose) : builtInColor(purpose); }
+
+    bool themed;
+    bool dark = false; // by a palette of the application's
+    QColor ground;     // of a field
+    QColor raised;     // of what stands out of a ground: headers, tracks
     QColor hovered;
     QColor pressed;
     QColor frame; // for the state of the option
@@ -76,7 +82,6 @@ struct StyleColors
     QColor ink; // of marks and triangles, for the state of the option
     QColor accent;
     QColor onAccent;
-    bool dark = false;
 };
 
 // Whether what is painted has the focus, and is to show that it has.
@@ -89,9 +94,10 @@ bool ringLiesInRow(const QWidget *widget);
 QPalette contentPalette(const QAbstractScrollArea &area);
 
 // The ring of the focus in the place of a square frame around `rect`, fading.
-void drawRing(const Canvas &canvas, const QRect &rect, bool shown);
+void drawRing(const Canvas &canvas, const StyleColors &colors, const QRect &rect, bool shown);
 // The same around `content`, for which kIndicatorRoom is kept free, with round corners.
-void drawRingAround(const Canvas &canvas, const QRect &content, bool shown, qreal radius);
+void drawRingAround(const Canvas &canvas, const StyleColors &colors, const QRect &content, bool shown,
+                    qreal radius);
 // A flat ground with a frame of one pixel, both fading.
 void drawPanel(const Canvas &canvas, const QRect &rect, const QColor &ground, const QColor &frame);
 // Pointing down or, otherwise, up, left or right, its box in the middle of `rect`.

@@ -240,7 +240,7 @@ void drawRowRing(const Canvas &canvas, const QStyleOption &option)
     const auto color = [&](QPalette::ColorRole role) { return option.palette.color(groupOf(option), role); };
     QRectF rect = wholeDevicePixels(canvas.painter, option.rect);
     Body ring;
-    ring.frame = QColor(kFocusRingColor);
+    ring.frame = StyleColors(option).of(Purpose::FocusRing);
     ring.frameWidth = kFocusRingWidth;
     if (contrast(ring.frame, color(selected ? QPalette::Highlight : QPalette::Base)) < kLeastRingContrast) {
         ring.frame = color(selected ? QPalette::HighlightedText : QPalette::Text);
@@ -364,17 +364,19 @@ QPalette selectionPalette(const QStyleOption &option, const QStyle &style)
 {
     QPalette palette = option.palette;
     const QColor highlight = palette.color(QPalette::Active, QPalette::Highlight);
-    const bool plain = highlight == style.standardPalette().color(QPalette::Active, QPalette::Highlight) ||
+    const bool plain = highlight == themeColor(Purpose::Chosen) ||
+                       highlight == style.standardPalette().color(QPalette::Active, QPalette::Highlight) ||
                        highlight == palette.base().color().darker(kNativeDarkness);
     if (!(option.state & QStyle::State_Selected) || !plain)
         return palette;
     const StyleColors colors(option);
-    palette.setColor(QPalette::Highlight, QColor(kAccent));
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    const QColor text = colors.dark ? palette.color(QPalette::Text) : QColor(kFieldText);
-    palette.setColor(QPalette::Inactive, QPalette::Highlight, colors.rule);
+    palette.setColor(QPalette::Highlight, colors.of(Purpose::Chosen));
+    palette.setColor(QPalette::HighlightedText, colors.of(Purpose::ChosenText));
+    const QColor text = colors.dark ? palette.color(QPalette::Text) : colors.of(Purpose::Text);
+    const auto ground = [&colors](Purpose purpose) { return colors.dark ? colors.rule : colors.of(purpose); };
+    palette.setColor(QPalette::Inactive, QPalette::Highlight, ground(Purpose::ChosenInactive));
     palette.setColor(QPalette::Inactive, QPalette::HighlightedText, text);
-    palette.setColor(QPalette::Disabled, QPalette::Highlight, colors.rule);
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, ground(Purpose::ChosenDisabled));
     palette.setColor(QPalette::Disabled, QPalette::HighlightedText,
                      palette.color(QPalette::Disabled, QPalette::Text));
     return palette;

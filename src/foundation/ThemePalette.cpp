@@ -10,11 +10,6 @@
 
 namespace lumqt {
 
-namespace {
-
-constexpr QPalette::ColorGroup kGroups[] = {QPalette::Active, QPalette::Inactive, QPalette::Disabled};
-
-// All that Qt's styles ask for, the disabled ones last, over those of all groups.
 const QVector<PaletteTone> &wholePalette()
 {
     static const QVector<PaletteTone> tones = {
@@ -42,10 +37,15 @@ const QVector<PaletteTone> &wholePalette()
         {QPalette::Text, Purpose::DisabledText, QPalette::Disabled},
         {QPalette::ButtonText, Purpose::DisabledText, QPalette::Disabled},
         {QPalette::Base, Purpose::FieldDisabled, QPalette::Disabled},
-        {QPalette::Highlight, Purpose::FrameDisabled, QPalette::Disabled},
+        {QPalette::Highlight, Purpose::ChosenDisabled, QPalette::Disabled},
+        {QPalette::HighlightedText, Purpose::DisabledText, QPalette::Disabled},
     };
     return tones;
 }
+
+namespace {
+
+constexpr QPalette::ColorGroup kGroups[] = {QPalette::Active, QPalette::Inactive, QPalette::Disabled};
 
 bool s_wanted = false;
 
@@ -89,6 +89,14 @@ public:
     void wear(const QVector<PaletteTone> &tones)
     {
         m_tones += tones;
+        renew();
+    }
+    void keep(const QVector<PaletteTone> &tones)
+    {
+        m_kept += tones;
+        const uint worn = m_worn.resolve();
+        m_worn = m_widget->palette(); // so that it is replaced
+        m_worn.resolve(worn | rolesOf(tones));
         renew();
     }
     void wearWhole()
@@ -167,7 +175,7 @@ private:
     {
         const bool whole = m_whole && wantsPalette();
         return (whole ? wholePalette() : QVector<PaletteTone>()) +
-               (isPlainLight() ? QVector<PaletteTone>() : m_tones);
+               (isPlainLight() ? QVector<PaletteTone>() : m_tones) + m_kept;
     }
 
     void renew()
@@ -178,7 +186,8 @@ private:
         m_renewing = true;
         const QPalette current = m_widget->palette(); // its mask tells of the widget alone
         const uint worn = wornRoles(current);
-        const uint mine = rolesOf(tones) & ~(current.resolve() & ~worn) & ~inheritedRoles();
+        const uint others = (current.resolve() & ~worn) | (inheritedRoles() & ~rolesOf(m_kept));
+        const uint mine = rolesOf(tones) & ~others;
         QPalette next = current;
         next.resolve(current.resolve() & ~worn);
         for (const PaletteTone &tone : tones) {
@@ -194,8 +203,9 @@ private:
     }
 
     QWidget *m_widget;
-    QVector<PaletteTone> m_tones;
-    QPalette m_worn; // its mask: what is worn now
+    QVector<PaletteTone> m_tones; // in other themes than the plain light one
+    QVector<PaletteTone> m_kept;  // in each
+    QPalette m_worn;              // its mask: what is worn now
     QVector<QPalette> m_before;
     bool m_whole = false;
     bool m_renewing = false;
@@ -206,6 +216,11 @@ private:
 void wearTheme(QWidget *widget, const QVector<PaletteTone> &tones)
 {
     Wearer::of(widget)->wear(tones);
+}
+
+void keepTheme(QWidget *part, const QVector<PaletteTone> &tones)
+{
+    Wearer::of(part)->keep(tones);
 }
 
 void wearPalette(QWidget *window)

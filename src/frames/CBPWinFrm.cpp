@@ -1,5 +1,6 @@
 #include "CBPWinFrm.h"
 
+#include "foundation/Palette.h"
 #include "frames/FrameBehaviour.h"
 
 #include <QCloseEvent>
@@ -16,6 +17,7 @@ CBPWinFrm::CBPWinFrm(QWidget *parent)
       m_frame(std::make_unique<lumqt::FrameBehaviour>(this, std::make_unique<lumqt::HooksOf<CBPWinFrm>>(this),
                                                       parent))
 {
+    lumqt::wearPalette(this);
 }
 
 CBPWinFrm::~CBPWinFrm() = default;

@@ -5,6 +5,7 @@
 #include "foundation/FontLookup.h"
 #include "foundation/ImageLoader.h"
 #include "foundation/Log.h"
+#include "foundation/Palette.h"
 #include "frames/TitleLabel.h"
 #include "Util.h"
 
@@ -15,9 +16,6 @@
 namespace {
 
 // Look and metrics, in logical pixels.
-const QColor kBgColor(34, 42, 62);
-const QColor kTitleColor(127, 143, 164);
-const QColor kNewVersionColor(0xe0, 0x20, 0x20);
 constexpr unsigned int kRadius = 12;
 constexpr int kHeight = 60;
 constexpr int kLeftMargin = 16;
@@ -28,12 +26,6 @@ constexpr int kRightRowSpacing = 8;
 constexpr int kRightRowGap = 8; // between two buttons, beside the spacing
 constexpr int kBackHeight = 32;
 const char kOwnName[] = "_lumqt_titleBarName"; // property: what the bar named a button
-
-QVector<QColor> backColors()
-{
-    const QColor normal(0x1a, 0x27, 0x3b);
-    return {normal, QColor(0x28, 0x37, 0x4e), QColor(0x16, 0x20, 0x30), normal};
-}
 
 enum Id {
     MinimizeId = 2,
@@ -94,7 +86,6 @@ struct TitleImages
     const QVector<QString> close = closeImages();
     const QVector<QString> menu = commonImages("ico_more_", ".svg");
     const QVector<QString> back = commonImages("back_", ".png");
-    const QVector<QColor> backColors = ::backColors();
 };
 
 const TitleImages &titleImages()
@@ -106,12 +97,8 @@ const TitleImages &titleImages()
 } // namespace
 
 CBPWinFrmTitle::CBPWinFrmTitle(QWidget *parent)
-    : CRoundedRectBase(kRadius, parent, true, true, false, false),
-      m_parentWindow(parent),
-      m_bgColor(kBgColor),
-      m_titleColor(kTitleColor)
+    : CRoundedRectBase(kRadius, parent, true, true, false, false), m_parentWindow(parent)
 {
-    m_brush = m_bgColor;
     lumqt::installAccessible("CBPWinFrmTitle", [](QWidget *widget) -> QAccessibleInterface * {
         return new QAccessibleWidget(widget, QAccessible::TitleBar);
     });
@@ -127,10 +114,10 @@ void CBPWinFrmTitle::Init()
     createButtons();
     createLayout();
     retranslate();
-    QColor configured = Util::GetWindowTitleBgColor();
-    SetBgColor(configured);
-    SetTitleClr(m_titleColor);
-    SetTitleClr(Util::GetWindowTitleTextColor());
+    m_bgColor = m_brush.color(); // nobody has set them yet
+    m_titleColor = m_title.widget->palette().color(QPalette::WindowText);
+    chooseColors();
+    lumqt::onThemeChange(this, [this] { chooseColors(); });
 }
 
 void CBPWinFrmTitle::createLabels()
@@ -153,7 +140,6 @@ void CBPWinFrmTitle::createButtons()
     m_menuBtn = CreateImgButton(images.menu, MenuId, false);
     m_backBtn = CreateImgButton(images.back, BackId, true);
     m_backBtn->m_turnsImage = true;
-    m_backBtn->SetBkgColors(images.backColors);
     m_backBtn->SetHight(kBackHeight);
     m_backBtn->setFixedHeight(kBackHeight);
 }
@@ -243,7 +229,7 @@ void CBPWinFrmTitle::SetIconTips()
 }
 
 // ----------------------------------------------------------------------------------------------------------
-// labels and colours
+// labels
 
 void CBPWinFrmTitle::showContent(const Label &label)
 {
@@ -282,31 +268,6 @@ void CBPWinFrmTitle::SetTitle(QString s, bool isImage)
 void CBPWinFrmTitle::SetLog(QString &path)
 {
     showImage(m_icon, path);
-}
-
-void CBPWinFrmTitle::SetBgColor(QColor &c)
-{
-    if (!c.isValid())
-        return;
-    m_bgColor = c;
-    m_brush = m_bgColor;
-    update();
-}
-
-void CBPWinFrmTitle::setLinerBrush(const QLinearGradient &gradient)
-{
-    m_brush = gradient;
-    update();
-}
-
-void CBPWinFrmTitle::SetTitleClr(QColor color)
-{
-    if (!color.isValid())
-        return;
-    m_titleColor = color;
-    QPalette palette = m_title.widget->palette();
-    palette.setColor(QPalette::WindowText, color);
-    m_title.widget->setPalette(palette);
 }
 
 void CBPWinFrmTitle::SetTitleTextStyle(const QString &css)
@@ -419,14 +380,6 @@ void CBPWinFrmTitle::InsertWidget(int index, QWidget *widget, int stretch, Qt::A
     if (QPointer<CBPImageButton> *place = slot(inserted->GetID()); place && !*place)
         *place = inserted;
     nameButtons();
-}
-
-void CBPWinFrmTitle::SetHasNewVersion(bool hasNewVersion)
-{
-    if (!m_menuBtn)
-        return;
-    m_menuBtn->SetSpecialIcon(hasNewVersion, kNewVersionColor);
-    m_menuBtn->update();
 }
 
 void CBPWinFrmTitle::SetBtnCallbackFunc(void (*callback)(void *, int), void *context)

@@ -1,6 +1,7 @@
 #include "CBPWinWidget.h"
 
 #include "foundation/Accessible.h"
+#include "foundation/Palette.h"
 #include "frames/FrameBehaviour.h"
 
 #include <QEvent>
@@ -13,6 +14,7 @@ CBPWinWidget::CBPWinWidget(QWidget *parent)
     lumqt::installAccessible("CBPWinWidget", [](QWidget *widget) -> QAccessibleInterface * {
         return new QAccessibleWidget(widget, QAccessible::Dialog);
     });
+    lumqt::wearPalette(this);
 }
 
 CBPWinWidget::~CBPWinWidget() = default;

@@ -4,6 +4,7 @@
 #include "foundation/FontLookup.h"
 #include "foundation/ImageLoader.h"
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
 #include "frames/FrameGeometry.h"
 #include "frames/FramePainter.h"
 #include "frames/LowestSize.h"
@@ -24,8 +25,6 @@ using namespace lumqt;
 
 namespace {
 
-const QColor kClientFill(255, 255, 255);
-const QColor kCaptionText(0, 0, 0);
 constexpr int kNoSpace = INT_MIN; // no room of a caption is that
 const char kTitleIcon[] = "../res/title_logo.png";
 
@@ -231,6 +230,11 @@ CBaseWin::CBaseWin(QWidget *parent)
     init();
     m_frame = std::make_unique<Frame>(this);
     m_frame->fitLowestSize();
+    wearPalette(this);
+    onThemeChange(this, [this] { // a native frame is no part of what Qt updates
+        if (isVisible())
+            paintFrame();
+    });
 }
 
 CBaseWin::~CBaseWin() = default;
@@ -349,7 +353,7 @@ void CBaseWin::paintEvent(QPaintEvent *event)
     // All there is where the frame is no part of the widget.
     const QRegion client = event->region() & m_frame->system->clientRect();
     if (!client.isEmpty())
-        painter.fillRect(client.boundingRect(), kClientFill);
+        painter.fillRect(client.boundingRect(), themeColor(Purpose::WindowGround));
     m_frame->system->paintInside(painter, event);
 }
 
@@ -426,7 +430,7 @@ void CBaseWin::paintCaption(QPainter &painter)
         m_frame->captionFontValid = true;
         m_frame->captionSpace = kNoSpace;
     }
-    painter.setPen(kCaptionText);
+    painter.setPen(themeColor(Purpose::WindowCaptionText));
     const QRect rect = frame::captionRect(fw, hasIcon, m_iconRect.width());
     m_frame->caption.drawLeft(painter, rect, m_frame->captionWithin(m_frame->captionEnd - rect.left()),
                               m_frame->captionFont);

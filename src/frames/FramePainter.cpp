@@ -1,15 +1,13 @@
 #include "frames/FramePainter.h"
 
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
+
 #include <QPainter>
 
 namespace lumqt::frame {
 
 namespace {
-const QColor kBorder(34, 133, 212);
-const QColor kTitleFill(255, 255, 255);
-const QColor kTitleLine(221, 221, 221);
-
 // What lies in `outer` and not in `inner`.
 void fillRing(QPainter &painter, const QRectF &outer, const QRectF &inner, const QColor &color)
 {
@@ -40,10 +38,11 @@ void paintFrame(QPainter &painter, const QSizeF &size, const QRectF &client, int
     // A pixel mixed with a colour that is made transparent would stay visible.
     painter.setRenderHint(QPainter::Antialiasing, false);
     fillRing(painter, wholeDevicePixels(painter, window), border, outside);
-    fillRing(painter, border, inside, kBorder);
-    painter.fillRect(strip, kTitleFill);
+    fillRing(painter, border, inside, themeColor(Purpose::WindowBorder));
+    painter.fillRect(strip, themeColor(Purpose::WindowCaption));
     // Covers a pixel of the right border.
-    painter.fillRect(QRectF(strip.left(), strip.bottom() - line, strip.width() + line, line), kTitleLine);
+    painter.fillRect(QRectF(strip.left(), strip.bottom() - line, strip.width() + line, line),
+                     themeColor(Purpose::WindowCaptionLine));
     painter.restore();
 }
 

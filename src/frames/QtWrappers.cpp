@@ -11,6 +11,7 @@
 #include "CBPTreeWidget.h"
 
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
 
 #include <QHeaderView>
 #include <QLinearGradient>
@@ -18,17 +19,23 @@
 
 namespace {
 
-const QColor kLineTop(214, 231, 249);
-const QColor kLineMiddle(189, 201, 211);
-const QColor kLineBottom(237, 244, 251);
 constexpr int kLineWidth = 1;
 constexpr int kRowHeight = 41;
 constexpr QAbstractItemView::EditTriggers kEditTriggers =
     QAbstractItemView::EditTriggers(QAbstractItemView::SelectedClicked) | QAbstractItemView::EditKeyPressed;
 
+void furnish(QAbstractItemView *view)
+{
+    CBPStyle::Apply(view);
+    lumqt::wearTheme(view, lumqt::wholePalette());
+}
+
 } // namespace
 
-CBPQtMainWindow::CBPQtMainWindow(QWidget *parent, Qt::WindowFlags flags) : QMainWindow(parent, flags) {}
+CBPQtMainWindow::CBPQtMainWindow(QWidget *parent, Qt::WindowFlags flags) : QMainWindow(parent, flags)
+{
+    lumqt::wearPalette(this);
+}
 
 CBPQtMainWindow::~CBPQtMainWindow() = default;
 
@@ -45,16 +52,16 @@ CBPQtLine::~CBPQtLine() = default;
 void CBPQtLine::paintEvent(QPaintEvent *)
 {
     QLinearGradient gradient(0, 0, 0, height());
-    gradient.setColorAt(0.0, kLineTop);
-    gradient.setColorAt(0.5, kLineMiddle);
-    gradient.setColorAt(1.0, kLineBottom);
+    gradient.setColorAt(0.0, lumqt::themeColor(lumqt::Purpose::SeparatorStart));
+    gradient.setColorAt(0.5, lumqt::themeColor(lumqt::Purpose::SeparatorMiddle));
+    gradient.setColorAt(1.0, lumqt::themeColor(lumqt::Purpose::SeparatorEnd));
     QPainter painter(this);
     painter.fillRect(lumqt::wholeDevicePixels(painter, QRectF(0, 0, kLineWidth, height())), gradient);
 }
 
 CBPQtTableView::CBPQtTableView(QWidget *parent) : QTableView(parent)
 {
-    CBPStyle::Apply(this);
+    furnish(this);
 }
 
 CBPQtTableView::~CBPQtTableView() = default;
@@ -63,7 +70,7 @@ CBPQtTableView::~CBPQtTableView() = default;
 // count on lists that come up in order, and on the arrow that their header shows from the start.
 CBPTableWidget::CBPTableWidget(QWidget *) : QTableWidget(nullptr)
 {
-    CBPStyle::Apply(this);
+    furnish(this);
     setFrameShape(QFrame::NoFrame);
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setSelectionMode(QAbstractItemView::SingleSelection);
@@ -81,7 +88,7 @@ CBPTableWidget::~CBPTableWidget() = default;
 
 CBPTreeView::CBPTreeView(QWidget *) : QTreeView(nullptr)
 {
-    CBPStyle::Apply(this);
+    furnish(this);
 }
 
 CBPTreeView::~CBPTreeView() = default;
@@ -89,7 +96,7 @@ CBPTreeView::~CBPTreeView() = default;
 // Sorted from the start, as the table is.
 CBPTreeWidget::CBPTreeWidget() : QTreeWidget(nullptr)
 {
-    CBPStyle::Apply(this);
+    furnish(this);
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setEditTriggers(kEditTriggers);
     setMouseTracking(true);

@@ -52,8 +52,13 @@ struct Answers
 // The answers in force: the system's own, until a test replaces one. GUI thread only.
 LUMQT_TESTED Answers &answers();
 
-// Calls `changed` whenever appearance() may answer another thing, until it is called with an empty function.
+// Calls `changed` from the event loop whenever appearance() may answer another thing, and when an application
+// is made; until it is called with an empty function. There need not be an application yet.
 void watchAppearance(std::function<void()> changed);
+
+// Of the platforms: has appearanceChanged() called from now on, as long as the application lives.
+void listenForAppearance();
+void appearanceChanged();
 
 // The separator that resource paths are built with.
 LUMQT_TESTED QString pathSeparator();

@@ -244,7 +244,7 @@ QWidget *mainWindow()
     // A thin line round the window, which has no frame of its own here.
     auto *outlined = new QWidget;
     theme::fill(outlined, theme::kLine);
-    theme::fill(window, Qt::white);
+    theme::fill(window, theme::kGround);
     auto *layout = new QVBoxLayout(outlined);
     layout->setContentsMargins(1, 1, 1, 1);
     layout->addWidget(window);

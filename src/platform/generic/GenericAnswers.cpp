@@ -102,12 +102,9 @@ ClockTime localFileTime(quint64 fileTime)
     return clock;
 }
 
-void watchAppearance(std::function<void()> changed)
+void listenForAppearance()
 {
-    static QMetaObject::Connection watched;
-    QObject::disconnect(watched);
-    if (changed && qGuiApp)
-        watched = QObject::connect(qGuiApp, &QGuiApplication::paletteChanged, qGuiApp, changed);
+    QObject::connect(qGuiApp, &QGuiApplication::paletteChanged, qGuiApp, appearanceChanged);
 }
 
 Answers systemAnswers()
@@ -127,8 +124,9 @@ Answers systemAnswers()
                QApplication::style()->styleHint(QStyle::SH_Widget_Animation_Duration) == 0;
     };
     system.appearance = [] {
-        return QGuiApplication::palette().color(QPalette::Window).lightness() < kDarkest ? Appearance::Dark
-                                                                                         : Appearance::Light;
+        const bool dark =
+            qGuiApp && QGuiApplication::palette().color(QPalette::Window).lightness() < kDarkest;
+        return dark ? Appearance::Dark : Appearance::Light;
     };
     system.localeInfo = [](unsigned long type, unsigned long) { return localeText(QLocale::system(), type); };
     system.interfaceLanguage = [] {

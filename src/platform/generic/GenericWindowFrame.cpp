@@ -1,5 +1,7 @@
 #include "platform/WindowFrame.h"
 
+#include "foundation/Palette.h"
+
 #include "platform/generic/XServer.h"
 
 #include <QApplication>
@@ -18,7 +20,6 @@ namespace {
 // What is transparent on Windows. Under a compositor a band could show through here, too, but Qt paints all
 // text of such a window without subpixel smoothing: too much for three pixels. And a narrower window would
 // leave a border of one or two to take hold of.
-const QColor kOutside(214, 232, 247);
 
 Qt::CursorShape cursorFor(Qt::Edges edges)
 {
@@ -326,7 +327,8 @@ void GenericWindowFrame::paintInside(QPainter &painter, const QPaintEvent *event
             continue;
         painter.save();
         painter.setClipRect(strip.translated(-origin), Qt::IntersectClip);
-        m_client->paintFrame(painter, outer().size(), client.translated(-origin), kOutside,
+        m_client->paintFrame(painter, outer().size(), client.translated(-origin),
+                             themeColor(Purpose::WindowOutside),
                              strip.bottom() < client.top() && event->region().intersects(titleStrip()));
         painter.restore();
     }

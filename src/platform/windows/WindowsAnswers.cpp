@@ -105,14 +105,10 @@ public:
     bool nativeEventFilter(const QByteArray &, void *message, long *) override
     {
         const UINT kind = static_cast<const MSG *>(message)->message;
-        if (m_changed && (kind == WM_SETTINGCHANGE || kind == WM_SYSCOLORCHANGE || kind == WM_THEMECHANGED))
-            m_changed();
+        if (kind == WM_SETTINGCHANGE || kind == WM_SYSCOLORCHANGE || kind == WM_THEMECHANGED)
+            appearanceChanged();
         return false;
     }
-    void setChanged(std::function<void()> changed) { m_changed = std::move(changed); }
-
-private:
-    std::function<void()> m_changed;
 };
 
 } // namespace
@@ -170,12 +166,10 @@ ClockTime localFileTime(quint64 fileTime)
     return clock;
 }
 
-void watchAppearance(std::function<void()> changed)
+void listenForAppearance()
 {
     static SettingsListener listener; // takes itself out of the application when it goes
-    if (changed && qApp)
-        qApp->installNativeEventFilter(&listener);
-    listener.setChanged(std::move(changed));
+    qGuiApp->installNativeEventFilter(&listener);
 }
 
 Answers systemAnswers()
