@@ -23,7 +23,8 @@
 /// painter.fillRect(rect(), CBPTheme::color(CBPTheme::Purpose::Field));
 /// \endcode
 ///
-/// Pictures of the folder `res` that have a twin in `res/dark` or `res/contrast` are shown from there.
+/// Pictures of the folder `res` that have a twin in `res/dark` or `res/contrast` are shown from there, and those
+/// of an application from a folder `dark` or `contrast` beside them, also in Qt's resources.
 /// GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPTheme : public QObject
 {

@@ -241,12 +241,12 @@ CBPLinkerButton *link(const QString &text, QWidget *parent)
     return result;
 }
 
-void paintPanel(QPainter &painter, const QRect &rect)
+void paintPanel(QPainter &painter, const QRect &rect, const QColor &ground)
 {
     const qreal scale = painter.deviceTransform().m11();
     const qreal line = qMax(1, int(scale)) / scale;
     painter.fillRect(QRectF(rect), kLine);
-    painter.fillRect(QRectF(rect).adjusted(line, line, -line, -line), kPanel);
+    painter.fillRect(QRectF(rect).adjusted(line, line, -line, -line), ground);
 }
 
 void fill(QWidget *widget, const Tone &tone)

@@ -82,7 +82,7 @@ constexpr Tone kSideText = Tone::onSide(0xffc7d0dd, Purpose::Text);        // en
 constexpr Tone kSideHeading = Tone::onSide(0xff8997ac, Purpose::TitleText); // its group headings: 4.8:1
 constexpr Tone kSideSlider = Tone::onSide(0xff6a7893, Purpose::ScrollSlider);
 constexpr Tone kSideSliderHovered = Tone::onSide(0xff8593ad, Purpose::ScrollSliderHovered);
-constexpr Tone kAccentOnSide = Tone::onSide(0xff5aa9f0, Purpose::Accent); // 5.7:1
+constexpr Tone kAccentOnSide{0xff5aa9f0, Purpose::Accent, Purpose::TextTipLight, 40}; // 5.7:1
 
 constexpr int kUnit = 8;
 constexpr int kPageMargin = 40;
@@ -186,7 +186,7 @@ template <class Button> void setIcon(Button *button, const QString &name)
 CBPLinkerButton *link(const QString &text, QWidget *parent = nullptr);
 
 // A panel with its outline, on whole device pixels at every scale.
-void paintPanel(QPainter &painter, const QRect &rect);
+void paintPanel(QPainter &painter, const QRect &rect, const QColor &ground = kPanel);
 
 // Gives a widget a ground of one colour.
 void fill(QWidget *widget, const Tone &tone);

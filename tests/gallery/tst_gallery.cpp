@@ -3,6 +3,7 @@
 #include "GalleryWindow.h"
 #include "Page.h"
 #include "PageRegistry.h"
+#include "Pose.h"
 #include "Rows.h"
 #include "Screenshots.h"
 #include "TestMain.h"
@@ -16,6 +17,8 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QCalendarWidget>
+#include <QDir>
+#include <QScopeGuard>
 #include <QTimer>
 
 #include <private/qhighdpiscaling_p.h>
@@ -120,7 +123,69 @@ private Q_SLOTS:
         QVERIFY2(faults.isEmpty(), qPrintable(faults.join('\n')));
     }
 
+    // Whoever keeps a colour or a picture renews it: a page that saw another theme before is as one made in
+    // this theme, and back in the first it is as it was.
+    void everyPageFollowsTheTheme_data() { everythingHasANameAndCanBeSeen_data(); }
+    void everyPageFollowsTheTheme()
+    {
+        QFETCH(QString, page);
+        const auto picture = [](GalleryWindow &window) {
+            pose::renew(&window);
+            QCoreApplication::sendPostedEvents(); // and no event loop, which would set things moving
+            for (int layout = 0; layout < 2; ++layout) { // texts are as high as the first one made them wide
+                fitToPage(window);
+                QCoreApplication::sendPostedEvents();
+            }
+            return window.grab().toImage();
+        };
+        const auto made = [&] {
+            auto window = std::make_unique<GalleryWindow>();
+            window->show();
+            window->showPage(page);
+            return window;
+        };
+        const auto reset = qScopeGuard([] { CBPTheme::apply("light"); });
+        const auto older = made();
+        const QImage light = picture(*older);
+        for (const char *theme : {"dark", "contrast"}) {
+            CBPTheme::apply(theme);
+            const QImage changed = picture(*older);
+            const QImage fresh = picture(*made());
+            QVERIFY2(changed == fresh, differ(changed, fresh, page + '-' + theme));
+            QVERIFY(fresh != light);
+        }
+        CBPTheme::apply("light");
+        const QImage again = picture(*older);
+        QVERIFY2(again == light, differ(again, light, page + "-again"));
+    }
+
 private:
+    // Says where two pictures differ, and keeps them.
+    static const char *differ(const QImage &one, const QImage &other, const QString &name)
+    {
+        static QByteArray text;
+        QRect area;
+        for (int y = 0; y < qMin(one.height(), other.height()); ++y) {
+            for (int x = 0; x < qMin(one.width(), other.width()); ++x)
+                area |= one.pixel(x, y) == other.pixel(x, y) ? QRect() : QRect(x, y, 1, 1);
+        }
+        QDir().mkpath("themes");
+        one.save("themes/" + name + ".png");
+        other.save("themes/" + name + "-expected.png");
+        text = QStringLiteral("%1x%2 and %3x%4 differ within %5,%6 %7x%8, see %9")
+                   .arg(one.width())
+                   .arg(one.height())
+                   .arg(other.width())
+                   .arg(other.height())
+                   .arg(area.x())
+                   .arg(area.y())
+                   .arg(area.width())
+                   .arg(area.height())
+                   .arg(QDir("themes").absoluteFilePath(name))
+                   .toUtf8();
+        return text.constData();
+    }
+
     // A window on a screen of that scaling.
     void scaleScreen(qreal factor)
     {
