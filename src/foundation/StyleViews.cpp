@@ -364,8 +364,7 @@ QPalette selectionPalette(const QStyleOption &option, const QStyle &style)
 {
     QPalette palette = option.palette;
     const QColor highlight = palette.color(QPalette::Active, QPalette::Highlight);
-    const bool plain = highlight == themeColor(Purpose::Chosen) ||
-                       highlight == style.standardPalette().color(QPalette::Active, QPalette::Highlight) ||
+    const bool plain = highlight == style.standardPalette().color(QPalette::Active, QPalette::Highlight) ||
                        highlight == palette.base().color().darker(kNativeDarkness);
     if (!(option.state & QStyle::State_Selected) || !plain)
         return palette;

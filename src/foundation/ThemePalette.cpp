@@ -6,6 +6,11 @@
 
 namespace lumqt {
 
+namespace {
+
+constexpr QPalette::ColorGroup kGroups[] = {QPalette::Active, QPalette::Inactive, QPalette::Disabled};
+
+// All that Qt's styles ask for, the disabled ones last, over those of all groups.
 const QVector<PaletteTone> &wholePalette()
 {
     static const QVector<PaletteTone> tones = {
@@ -33,15 +38,13 @@ const QVector<PaletteTone> &wholePalette()
         {QPalette::Text, Purpose::DisabledText, QPalette::Disabled},
         {QPalette::ButtonText, Purpose::DisabledText, QPalette::Disabled},
         {QPalette::Base, Purpose::FieldDisabled, QPalette::Disabled},
+        {QPalette::Highlight, Purpose::ChosenInactive, QPalette::Inactive},
+        {QPalette::HighlightedText, Purpose::Text, QPalette::Inactive},
         {QPalette::Highlight, Purpose::ChosenDisabled, QPalette::Disabled},
         {QPalette::HighlightedText, Purpose::DisabledText, QPalette::Disabled},
     };
     return tones;
 }
-
-namespace {
-
-constexpr QPalette::ColorGroup kGroups[] = {QPalette::Active, QPalette::Inactive, QPalette::Disabled};
 
 // What the theme has put into the palette of one widget. A role whose colours are no longer those that were
 // put there was set by somebody else, and is left to him.
@@ -104,8 +107,14 @@ void wearTheme(QWidget *widget, const QVector<PaletteTone> &tones)
     new Wearer(widget, tones, false);
 }
 
+void wearWholeTheme(QWidget *widget)
+{
+    wearTheme(widget, wholePalette());
+}
+
 void wearPalette(QWidget *window)
 {
+    sharePalette();
     new Wearer(window, wholePalette(), true);
 }
 
