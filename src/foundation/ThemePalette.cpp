@@ -38,8 +38,6 @@ const QVector<PaletteTone> &wholePalette()
         {QPalette::Text, Purpose::DisabledText, QPalette::Disabled},
         {QPalette::ButtonText, Purpose::DisabledText, QPalette::Disabled},
         {QPalette::Base, Purpose::FieldDisabled, QPalette::Disabled},
-        {QPalette::Highlight, Purpose::ChosenInactive, QPalette::Inactive},
-        {QPalette::HighlightedText, Purpose::Text, QPalette::Inactive},
         {QPalette::Highlight, Purpose::ChosenDisabled, QPalette::Disabled},
         {QPalette::HighlightedText, Purpose::DisabledText, QPalette::Disabled},
     };
