@@ -116,11 +116,14 @@ LUMQT_TESTED void wearTheme(QWidget *widget, const QVector<PaletteTone> &tones);
 // these roles now, is not an application's.
 LUMQT_TESTED void keepTheme(QWidget *part, const QVector<PaletteTone> &tones);
 
-// All that Qt's styles ask for, the disabled ones last, over those of all groups.
-const QVector<PaletteTone> &wholePalette();
+// The same of all that Qt's styles ask for: for what has parts of every kind, such as views.
+void wearWholeTheme(QWidget *widget);
 
 // The same with the whole palette of the theme, also the light one, for a window, while applications want it.
 LUMQT_TESTED void wearPalette(QWidget *window);
+
+// Gives it also to the menus and tips of the application, now and after each change; once is enough.
+void sharePalette();
 
 QPalette themePalette();
 bool wantsPalette();

@@ -10,6 +10,11 @@
 
 namespace lumqt {
 
+namespace {
+
+constexpr QPalette::ColorGroup kGroups[] = {QPalette::Active, QPalette::Inactive, QPalette::Disabled};
+
+// All that Qt's styles ask for, the disabled ones last, over those of all groups.
 const QVector<PaletteTone> &wholePalette()
 {
     static const QVector<PaletteTone> tones = {
@@ -42,10 +47,6 @@ const QVector<PaletteTone> &wholePalette()
     };
     return tones;
 }
-
-namespace {
-
-constexpr QPalette::ColorGroup kGroups[] = {QPalette::Active, QPalette::Inactive, QPalette::Disabled};
 
 bool s_wanted = false;
 
@@ -223,8 +224,14 @@ void keepTheme(QWidget *part, const QVector<PaletteTone> &tones)
     Wearer::of(part)->keep(tones);
 }
 
+void wearWholeTheme(QWidget *widget)
+{
+    wearTheme(widget, wholePalette());
+}
+
 void wearPalette(QWidget *window)
 {
+    sharePalette();
     Wearer::of(window)->wearWhole();
 }
 
