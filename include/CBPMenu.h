@@ -285,6 +285,7 @@ private:
 
     std::unique_ptr<lumqt::MenuTexts> m_texts;
     QPointer<QAction> m_shownHover; // painted as hovered at the last paint
+    bool m_paintsHovered = false;   // an item on the theme's highlight
     bool m_opaque = false;          // shown where nothing composes windows
     bool m_mayBeTorn = false;       // it has been shown with a handle to tear it off by
 };

@@ -177,6 +177,7 @@ public:
         MenuText,          ///< text of a menu's items
         MenuTextHovered,   ///< the same under the mouse
         MenuTextDisabled,  ///< the same, disabled; dimmed where it is that of the others
+        MenuBadgeHovered,  ///< dot of an item under the mouse
         MenuFrame,         ///< frame of a menu that was given no border; see-through: none
         MenuSeparator,     ///< line between a menu's items
         PathFrame,         ///< frame of the list of paths

@@ -106,11 +106,11 @@ constexpr Row kTable[] = {
     {P::PrimaryGround, 0xff49a7f5, P::Accent, P::Accent},
     {P::PrimaryGroundHovered, 0xff5baff6, P::AccentHovered, P::AccentHovered},
     {P::PrimaryGroundPressed, 0xff4195dc, P::AccentPressed, P::AccentPressed},
-    {P::PrimaryGroundDisabled, 0xffc9e5fc, 0xff2f3848, 0xff2b2b2b},
+    {P::PrimaryGroundDisabled, 0xffc9e5fc, 0xff768397, P::FrameDisabled},
     {P::PrimaryText, P::OnAccent, P::OnAccent, P::OnAccent},
     {P::PrimaryTextHovered, P::OnAccent, P::OnAccent, P::OnAccent},
     {P::PrimaryTextPressed, P::OnAccent, P::OnAccent, P::OnAccent},
-    {P::PrimaryTextDisabled, 0xffffffff, 0xffaab4c3, P::DisabledText},
+    {P::PrimaryTextDisabled, 0xffffffff, P::OnAccent, P::OnAccent},
     {P::SecondaryGround, 0xffffffff, 0xff262d3b, 0xff000000},
     {P::SecondaryGroundHovered, 0xffffffff, P::Hovered, P::Hovered},
     {P::SecondaryGroundPressed, 0xffffffff, P::Pressed, P::Pressed},
@@ -162,18 +162,19 @@ constexpr Row kTable[] = {
     {P::ToggleGroundDisabled, 0xfffdfdfd, P::FieldDisabled, P::FieldDisabled},
     {P::ToggleTextDisabled, 0xff787878, P::DisabledText, P::DisabledText},
     // Menus, lists, tips.
-    {P::MenuGround, 0xf03c434b, 0xf02b3240, 0xff000000},
+    {P::MenuGround, 0xf03c434b, 0xff2b3240, 0xff000000},
     {P::MenuGroundHovered, 0xff4baeb2, 0xff1f7478, P::Accent},
     {P::MenuText, 0xffffffff, 0xffffffff, 0xffffffff},
     {P::MenuTextHovered, 0xffffffff, 0xffffffff, 0xff000000},
     {P::MenuTextDisabled, 0xffffffff, P::DisabledText, P::DisabledText},
+    {P::MenuBadgeHovered, P::Badge, 0xffffc4c4, P::OnAccent},
     {P::MenuFrame, 0x00000000, P::Frame, P::Frame},
     {P::MenuSeparator, 0xff2e425d, 0xff7d8a9e, 0xffffffff},
     {P::PathFrame, 0xffb9c2c9, P::Frame, P::Frame},
     {P::PathGround, P::Field, P::Field, P::Field},
-    {P::PathGroundHovered, 0xffedf3fe, P::Hovered, P::Accent},
+    {P::PathGroundHovered, 0xffedf3fe, P::Hovered, P::Hovered},
     {P::PathText, 0xff000000, P::Text, P::Text},
-    {P::PathTextHovered, 0xff000000, P::Text, P::OnAccent},
+    {P::PathTextHovered, 0xff000000, P::Text, P::Text},
     {P::TipFrame, 0xffa3c8ff, P::Frame, P::Frame},
     {P::TipGround, 0xffffffff, 0xff262d3b, 0xff000000},
     {P::TextTipGround, 0xff101c2d, 0xff3a4559, 0xff000000},
@@ -351,6 +352,24 @@ const QString &shownTheme()
     return shown().name;
 }
 
+namespace {
+
+// A receiver may show another theme: everybody hears of that one after this one.
+void tell()
+{
+    static bool telling = false;
+    if (telling)
+        return;
+    telling = true;
+    for (quint32 told = shown().generation - 1; told != shown().generation;) {
+        told = shown().generation;
+        emit CBPTheme::instance()->changed(QString(shown().name));
+    }
+    telling = false;
+}
+
+} // namespace
+
 void showTheme(const QString &name, const Theme &theme)
 {
     shown().name = name;
@@ -358,13 +377,14 @@ void showTheme(const QString &name, const Theme &theme)
     ++shown().generation;
     paintedColors = theme.colors;
     emit ThemeNews::instance()->renewed();
-    // A window paints all that is in it, but for children with a surface of their own.
+    // A window paints all that is in it, but for children with a surface of their own, and those of which an
+    // effect keeps the picture.
     const QWidgetList all = QApplication::allWidgets();
     for (QWidget *widget : all) {
-        if (widget->isWindow() || widget->testAttribute(Qt::WA_NativeWindow))
+        if (widget->isWindow() || widget->testAttribute(Qt::WA_NativeWindow) || widget->graphicsEffect())
             widget->update();
     }
-    emit CBPTheme::instance()->changed(name);
+    tell();
 }
 
 ThemeNews *ThemeNews::instance()

@@ -108,18 +108,22 @@ struct PaletteTone
 };
 
 // Keeps these colours in the palette of `widget`, in each theme but the plain light one, where it keeps what
-// it inherits. What an application sets in the palette itself stays. Once for each widget.
+// it inherits. What an application sets stays, in the palette of this widget or, as long as Qt inherits it, of
+// one around. A tone for one group comes after one of the same role for all.
 LUMQT_TESTED void wearTheme(QWidget *widget, const QVector<PaletteTone> &tones);
 
 // The same also in the plain light theme, for a part of ours that has colours of its own there. What is in
 // these roles now, is not an application's.
 LUMQT_TESTED void keepTheme(QWidget *part, const QVector<PaletteTone> &tones);
 
-// All that Qt's styles ask for, the disabled ones last, over those of all groups.
-const QVector<PaletteTone> &wholePalette();
+// The same of all that Qt's styles ask for: for what has parts of every kind, such as views.
+void wearWholeTheme(QWidget *widget);
 
 // The same with the whole palette of the theme, also the light one, for a window, while applications want it.
 LUMQT_TESTED void wearPalette(QWidget *window);
+
+// Gives it also to the menus and tips of the application, now and after each change; once is enough.
+void sharePalette();
 
 QPalette themePalette();
 bool wantsPalette();

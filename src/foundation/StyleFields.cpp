@@ -115,13 +115,16 @@ bool isPlainLine(const QStyleOptionFrame &frame, const QWidget *widget)
 {
     if (frame.lineWidth != 1 || frame.midLineWidth != 0 || frame.state & QStyle::State_Raised)
         return false;
+    const auto color = [&](QPalette::ColorRole role) { return frame.palette.color(QPalette::Active, role); };
+    if (color(QPalette::WindowText) == themeColor(Purpose::Text) &&
+        color(QPalette::Light) == themeColor(Purpose::RaisedGround) &&
+        color(QPalette::Dark) == themeColor(Purpose::Frame)) // which the theme has given
+        return true;
     const QPalette usual = QApplication::palette(widget);
-    const auto isUsual = [&](QPalette::ColorRole role, Purpose worn) {
-        const QColor &color = frame.palette.color(QPalette::Active, role);
-        return color == usual.color(QPalette::Active, role) || color == themeColor(worn);
+    const auto isUsual = [&](QPalette::ColorRole role) {
+        return color(role) == usual.color(QPalette::Active, role);
     };
-    return isUsual(QPalette::WindowText, Purpose::Text) && isUsual(QPalette::Light, Purpose::RaisedGround) &&
-           isUsual(QPalette::Dark, Purpose::Frame);
+    return isUsual(QPalette::WindowText) && isUsual(QPalette::Light) && isUsual(QPalette::Dark);
 }
 
 } // namespace

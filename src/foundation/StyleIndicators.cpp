@@ -223,9 +223,9 @@ QStyleOptionButton pushButtonLabel(const QStyleOptionButton &option, const QStyl
     const bool enabled = option.state & QStyle::State_Enabled;
     const QPalette::ColorGroup group = enabled ? QPalette::Active : QPalette::Disabled;
     const StyleColors colors(option);
-    const QColor &text = option.palette.color(group, QPalette::ButtonText);
-    const bool worn = colors.themed && text == themeColor(enabled ? Purpose::Text : Purpose::DisabledText);
-    if (worn || (text == style.standardPalette().color(group, QPalette::ButtonText) && !colors.dark)) {
+    const QPalette standard = style.standardPalette();
+    if (option.palette.color(group, QPalette::ButtonText) == standard.color(group, QPalette::ButtonText) &&
+        !colors.dark) {
         const QColor ink = colors.of(enabled ? Purpose::ButtonText : Purpose::ButtonTextDisabled);
         label.palette.setColor(QPalette::ButtonText, ink);
     }

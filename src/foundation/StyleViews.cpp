@@ -364,7 +364,11 @@ QPalette selectionPalette(const QStyleOption &option, const QStyle &style)
 {
     QPalette palette = option.palette;
     const QColor highlight = palette.color(QPalette::Active, QPalette::Highlight);
-    const bool plain = highlight == themeColor(Purpose::Chosen) ||
+    // That of the theme, and not one of the application's that is of the same colour.
+    const bool themed =
+        highlight == themeColor(Purpose::Chosen) &&
+        palette.color(QPalette::Disabled, QPalette::Highlight) == themeColor(Purpose::ChosenDisabled);
+    const bool plain = themed ||
                        highlight == style.standardPalette().color(QPalette::Active, QPalette::Highlight) ||
                        highlight == palette.base().color().darker(kNativeDarkness);
     if (!(option.state & QStyle::State_Selected) || !plain)

@@ -27,7 +27,7 @@ constexpr QAbstractItemView::EditTriggers kEditTriggers =
 void furnish(QAbstractItemView *view)
 {
     CBPStyle::Apply(view);
-    lumqt::wearTheme(view, lumqt::wholePalette());
+    lumqt::wearWholeTheme(view);
 }
 
 } // namespace

@@ -420,7 +420,9 @@ void CBPMenu::paintItem(QPainter *painter, const ItemView &item)
     if (!subMenu) {
         const int behind = x + text.size.width() + kGapBehindText;
         const QRect rest(behind, rect.y(), rect.x() + rect.width() - behind, rect.height());
+        m_paintsHovered = item.hovered && m_bg.isEmpty();
         paintSpecialFlag(painter, item.action->data(), QStyle::visualRect(layoutDirection(), rect, rest));
+        m_paintsHovered = false;
     }
     painter->setOpacity(1.0);
 }
@@ -491,7 +493,8 @@ void CBPMenu::paintSpecialFlag(QPainter *painter, const QVariant &itemData, cons
     const int height = file.isEmpty() ? lumqt::kDotBadgeSize : logicalSize(image).height();
     const int x = isRightToLeft() ? rect.x() + rect.width() - width : rect.left();
     if (file.isEmpty())
-        lumqt::drawDotBadge(*painter, QPoint(x, centred(rect, height)));
+        lumqt::drawDotBadge(*painter, QPoint(x, centred(rect, height)),
+                            lumqt::themeColor(m_paintsHovered ? Purpose::MenuBadgeHovered : Purpose::Badge));
     else if (!image.isNull())
         painter->drawPixmap(x, centred(rect, height), image);
 }

@@ -32,10 +32,10 @@ constexpr int kMostSteps = std::numeric_limits<quint8>::max();
 
 constexpr int kEnded = 1;
 
-// Relative to the current directory as it is now.
+// Relative to the current directory as it is now; without "..", by which it may be known as one of `res`.
 QString pathOf(const char *image)
 {
-    return QDir::current().absoluteFilePath(QString::fromLatin1(image));
+    return QDir::cleanPath(QDir::current().absoluteFilePath(QString::fromLatin1(image)));
 }
 
 } // namespace

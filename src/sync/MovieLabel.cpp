@@ -42,7 +42,8 @@ void MovieLabel::load()
     setFixedSize(m_size);
 }
 
-// The picture that comes next in a running movie is the one that shows now: it begins with that one anew.
+// What starts again shows the next picture, so that is to be the one that shows now. It is reached in steps:
+// these files have no other way to it.
 void MovieLabel::renew()
 {
     bool isDense = false;
@@ -54,12 +55,11 @@ void MovieLabel::renew()
     const int frame = movie()->currentFrameNumber();
     movie()->stop();
     movie()->setFileName(wanted);
-    if (frame > 0 && !movie()->jumpToFrame(runs ? frame - 1 : frame))
-        movie()->setFileName(wanted); // it has fewer pictures, and begins anew
+    const int steps = qMax(0, runs ? frame : frame + 1);
+    for (int step = 0; step < steps; ++step)
+        movie()->jumpToNextFrame();
     if (runs)
         movie()->start();
-    else if (movie()->currentFrameNumber() < 0)
-        movie()->jumpToFrame(0);
     update();
 }
 

@@ -30,7 +30,7 @@ private Q_SLOTS:
             w.SetBottomHeight(30);
             w.OnMenuClick();
             QVERIFY(!w.titleBtn(8) && !w.titleBar() && !w.contentBox() && !w.statusBox() && !w.layout());
-            QVERIFY(!content.parent() && w.children().isEmpty());
+            QVERIFY(!content.parent() && w.template findChildren<QWidget *>().isEmpty());
             w.OnMax();
             w.OnMax();
             w.show();

@@ -37,19 +37,27 @@ private Q_SLOTS:
         theme::setUpLook();
         scaleScreen(1.0);
     }
-    void cleanup() { scaleScreen(1.0); }
+    void cleanup()
+    {
+        scaleScreen(1.0);
+        CBPTheme::apply("light");
+    }
     void cleanupTestCase() { m_window.reset(); }
 
     // For who cannot see it, what takes the focus has a name; who can, sees texts and outlines.
     void everythingHasANameAndCanBeSeen_data()
     {
-        columns<QString>("page");
-        for (const PageInfo &page : pages())
-            row(qPrintable(page.id), page.id);
+        columns<QString, QString>("theme", "page");
+        for (const char *theme : {"light", "dark", "contrast"}) {
+            for (const PageInfo &page : pages())
+                row(qPrintable(page.id + ' ' + theme), QString(theme), page.id);
+        }
     }
     void everythingHasANameAndCanBeSeen()
     {
+        QFETCH(QString, theme);
         QFETCH(QString, page);
+        CBPTheme::apply(theme);
         QStringList faults = faintPartsOf(*open(page));
         QVector<QAccessibleInterface *> left{QAccessible::queryAccessibleInterface(m_window.get())};
         while (!left.isEmpty()) {
@@ -65,8 +73,11 @@ private Q_SLOTS:
     }
 
     // What pages show as pictures only.
+    void messagesAndCalendarsCanBeSeen_data() { names("theme", {"light", "dark", "contrast"}); }
     void messagesAndCalendarsCanBeSeen()
     {
+        QFETCH(QString, theme);
+        CBPTheme::apply(theme);
         CMsgBox box;
         QStringList all;
         QTimer::singleShot(0, &box, [&] {

@@ -1,0 +1,148 @@
+#include "CBaseWin.h"
+#include "CBPPopWnd.h"
+#include "CBPQtMainWindow.h"
+#include "CBPStyle.h"
+#include "CBPWinWidget.h"
+#include "Rows.h"
+#include "TestMain.h"
+#include "ThemeProbe.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTableWidget>
+#include <QTabWidget>
+#include <QToolTip>
+#include <QVBoxLayout>
+
+using lumqt::Purpose;
+
+// What Qt's own widgets look like in a theme.
+class TestThemeStyle : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void cleanup()
+    {
+        CBPTheme::givePalette(false);
+        CBPTheme::apply("light");
+    }
+
+    // In the colours that go with the palette, the application's or the theme's.
+    void style()
+    {
+        const auto check = [](QWidget &widget, std::initializer_list<Purpose> shown) {
+            CBPStyle::Apply(&widget);
+            widget.resize(120, 60);
+            QPalette violet(QColor(90, 80, 100));
+            violet.setColor(QPalette::Base, QColor(40, 30, 60));
+            const QVector<QPalette> owns{QPalette(), violet};
+            QVector<QImage> light;
+            for (const char *theme : {"light", "dark", "contrast"}) {
+                CBPTheme::apply(theme);
+                for (int i = 0; i < owns.size(); ++i) {
+                    widget.setPalette(owns[i]);
+                    light += i < light.size() ? QVector<QImage>() : QVector<QImage>{grabOf(widget)};
+                    QVERIFY2(grabOf(widget) == light[i], widget.metaObject()->className());
+                }
+                widget.setPalette(CBPTheme::palette());
+                QVERIFY2(shows(grabOf(widget), shown), widget.metaObject()->className());
+            }
+            CBPTheme::apply("light");
+        };
+        QLineEdit edit;
+        QComboBox combo;
+        QSpinBox spin;
+        QPushButton button;
+        QCheckBox box, checked;
+        checked.setChecked(true);
+        check(edit, {Purpose::Field, Purpose::Frame});
+        check(combo, {Purpose::Field, Purpose::Frame, Purpose::FrameHovered});
+        check(spin, {Purpose::Field, Purpose::Frame});
+        check(button, {Purpose::ButtonGround, Purpose::ButtonFrame});
+        check(box, {Purpose::Field, Purpose::Frame});
+        check(checked, {Purpose::Accent});
+    }
+
+    void palettes()
+    {
+        const QPalette tips = QToolTip::palette(), menus = QApplication::palette("QMenu");
+        const auto check = [](QWidget *window) {
+            const QScopedPointer<QWidget> owner(window);
+            QLineEdit plain(window), own(window);
+            QPalette red = own.palette();
+            red.setColor(QPalette::Text, Qt::red);
+            own.setPalette(red);
+            const QPalette before = plain.palette();
+            CBPTheme::apply("dark");
+            QVERIFY(!window->testAttribute(Qt::WA_SetPalette) && plain.palette() == before);
+            CBPTheme::givePalette(true);
+            for (const char *theme : {"dark", "contrast", "light"}) {
+                CBPTheme::apply(theme);
+                for (const QPalette &palette :
+                     {plain.palette(), own.palette(), QToolTip::palette(), QApplication::palette("QMenu")})
+                    QVERIFY(palette.color(QPalette::Base) == lumqt::themeColor(Purpose::Field) &&
+                            palette.color(QPalette::ToolTipText) == lumqt::themeColor(Purpose::Text));
+                QCOMPARE(own.palette().color(QPalette::Text), QColor(Qt::red));
+            }
+            CBPTheme::givePalette(false);
+            QVERIFY(!window->testAttribute(Qt::WA_SetPalette) && plain.palette() == before);
+        };
+        check(new CBaseWin);
+        check(new CBPQtMainWindow);
+        check(new CBPPopWnd(nullptr));
+        check(new CBPWinWidget(nullptr));
+        QVERIFY(QToolTip::palette() == tips && QApplication::palette("QMenu") == menus);
+        QPalette green = tips; // the application's own
+        green.setColor(QPalette::ToolTipBase, Qt::green);
+        QToolTip::setPalette(green);
+        CBPTheme::givePalette(true);
+        QVERIFY(QToolTip::palette() == green);
+        QToolTip::setPalette(tips);
+    }
+
+    void plainWidgets_data() { names("style", {"Fusion", "Windows", "CBPStyle"}); }
+    void plainWidgets()
+    {
+        QFETCH(QString, style);
+        const QString before = QApplication::style()->objectName();
+        const auto restore = qScopeGuard([&before] { QApplication::setStyle(before); });
+        style == "CBPStyle" ? CBPStyle::Install() : void(QApplication::setStyle(style));
+        CBPTheme::givePalette(true);
+        CBPTheme::apply("dark");
+        CBPQtMainWindow window;
+        window.setCentralWidget(new QWidget);
+        QVBoxLayout layout(window.centralWidget());
+        QComboBox combo;
+        combo.addItems({"One", "Two", "Three"});
+        QTabWidget tabs;
+        tabs.addTab(new QLineEdit("Text"), "Tab");
+        QTableWidget table(2, 1);
+        QSpinBox spin;
+        QCheckBox box("Check");
+        for (QWidget *widget : QVector<QWidget *>{&combo, &tabs, &table, &spin, &box})
+            layout.addWidget(widget);
+        window.show();
+        combo.showPopup();
+        QToolTip::showText(QPoint(), "Tip", &window);
+        QVector<QWidget *> all{&window, combo.view()->window()};
+        for (QWidget *top : QApplication::topLevelWidgets())
+            all += top->inherits("QTipLabel") ? QVector<QWidget *>{top} : QVector<QWidget *>();
+        QCOMPARE(all.size(), 3);
+        for (QWidget *widget : qAsConst(all)) { // nothing is lighter than the texts
+            const QList<QRgb> colors = colorsIn(grabOf(*widget), widget->rect()).keys();
+            const auto isDarker = [](QRgb one, QRgb other) { return qGray(one) < qGray(other); };
+            const int lightest = qGray(*std::max_element(colors.begin(), colors.end(), isDarker));
+            QVERIFY2(lightest > 150 && lightest <= qGray(lumqt::themeColor(Purpose::Text).rgb()),
+                     widget->metaObject()->className());
+        }
+        QToolTip::hideText();
+    }
+};
+
+LUMQT_TEST_MAIN(TestThemeStyle)
+
+#include "tst_theme_style.moc"
