@@ -1,11 +1,11 @@
 #include "CBPBox.h"
 #include "CBPPopWnd.h"
 #include "CBPWaitBtn.h"
+#include "dialogs/ButtonColors.h"
 #include "ENState.h"
 #include "foundation/FontLookup.h"
 #include "foundation/Log.h"
 #include "foundation/Painting.h"
-#include "foundation/Palette.h"
 #include "Util.h"
 
 #include <QEvent>
@@ -16,8 +16,6 @@
 
 #include <algorithm>
 #include <limits>
-
-using lumqt::Purpose;
 
 namespace {
 
@@ -83,58 +81,6 @@ int distanceFromYes(int flag)
     if (flag == kCancelFlag)
         return 4;
     return isSecondary(flag) || flag == kBackFlag ? 3 : 2;
-}
-
-// One set of the colours of a standard button, kept in those of the theme until the application sets others.
-class KeptColors : public QObject
-{
-public:
-    using Getter = QColor (CBtnObj::*)(int) const;
-    using Setter = void (CBtnObj::*)(QVector<QColor>);
-
-    KeptColors(CBPPushBtn *button, Getter get, Setter set, Purpose first)
-        : QObject(button), m_button(button), m_get(get), m_set(set), m_first(first)
-    {
-        put();
-        lumqt::onThemeChange(this, [this] {
-            if (isKept())
-                put();
-        });
-    }
-
-private:
-    bool isKept() const
-    {
-        bool same = !(m_button->*m_get)(lumqt::kThemeStates).isValid(); // else it is a longer list
-        for (int state = 0; state < lumqt::kThemeStates; ++state)
-            same = same && (m_button->*m_get)(state) == m_colors.at(state);
-        return same;
-    }
-
-    void put()
-    {
-        m_colors.clear();
-        for (int state = 0; state < lumqt::kThemeStates; ++state)
-            m_colors << lumqt::themeColor(m_first, state);
-        (m_button->*m_set)(m_colors);
-    }
-
-    CBPPushBtn *const m_button;
-    const Getter m_get;
-    const Setter m_set;
-    const Purpose m_first;
-    QVector<QColor> m_colors;
-};
-
-void color(CBPPushBtn *button, bool secondary)
-{
-    new KeptColors(button, &CBtnObj::bgColor, &CBtnObj::setBgColor,
-                   secondary ? Purpose::SecondaryGround : Purpose::PrimaryGround);
-    new KeptColors(button, &CBtnObj::textColor, &CBtnObj::setTextColor,
-                   secondary ? Purpose::SecondaryText : Purpose::PrimaryText);
-    if (secondary)
-        new KeptColors(button, &CBtnObj::frmColor, &CBtnObj::setFrmColor, Purpose::SecondaryFrame);
-    button->setFrmTrancent(!secondary);
 }
 
 // The row's buttons are of one width, unless a text needs more: on two lines it would be cut off.
@@ -217,7 +163,7 @@ CBPPushBtn *CBPPopWnd::CreateAndPackBtn(QString caption, QStringList &frames, in
     // takes its place.
     if (flag != kCancelFlag)
         button->setDefault(true);
-    color(button, isSecondary(flag));
+    lumqt::colorButton(button, isSecondary(flag));
     m_buttons[flag] = button;
     m_captions[flag] = caption;
     button->setObjectName(QLatin1String("id_") + buttonId);
