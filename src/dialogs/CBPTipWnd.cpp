@@ -5,6 +5,7 @@
 #include "foundation/Accessible.h"
 #include "foundation/Log.h"
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
 #include "platform/Platform.h"
 
 #include <QBitmap>
@@ -175,6 +176,7 @@ CBPTipWnd::CBPTipWnd(ENOrientation orientation, QWidget *bound)
       m_follower(new Follower(this))
 {
     lumqt::installAccessible("CBPTipWnd", makeAccessible);
+    lumqt::wearPalette(this);
     Init();
 }
 

@@ -5,6 +5,7 @@
 #include "foundation/Log.h"
 #include "foundation/ModalShow.h"
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
 
 #include <QCloseEvent>
 #include <QDir>
@@ -50,6 +51,7 @@ CBPWaiter::CBPWaiter(QWidget *parent, QString text, unsigned int timeLimit, bool
       m_leftImage(pathOf("../res/log_l.png")),
       m_rightImage(pathOf("../res/log_r.png"))
 {
+    lumqt::wearPalette(this);
     Init();
 }
 
