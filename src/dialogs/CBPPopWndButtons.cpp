@@ -1,7 +1,7 @@
+#include "buttons/ButtonTones.h"
 #include "CBPBox.h"
 #include "CBPPopWnd.h"
 #include "CBPWaitBtn.h"
-#include "dialogs/ButtonColors.h"
 #include "ENState.h"
 #include "foundation/FontLookup.h"
 #include "foundation/Log.h"
@@ -100,6 +100,17 @@ QStringList loadingFrames()
     return frames;
 }
 
+void colorButton(CBPPushBtn *button, bool secondary)
+{
+    using lumqt::ButtonTones;
+    using lumqt::Purpose;
+    ButtonTones::setGround(*button, secondary ? Purpose::SecondaryGround : Purpose::PrimaryGround);
+    ButtonTones::setText(*button, secondary ? Purpose::SecondaryText : Purpose::PrimaryText);
+    if (secondary)
+        ButtonTones::setFrame(*button, Purpose::SecondaryFrame);
+    button->setFrmTrancent(!secondary);
+}
+
 } // namespace
 
 // ----------------------------------------------------------------------------------------------------------
@@ -163,7 +174,7 @@ CBPPushBtn *CBPPopWnd::CreateAndPackBtn(QString caption, QStringList &frames, in
     // takes its place.
     if (flag != kCancelFlag)
         button->setDefault(true);
-    lumqt::colorButton(button, isSecondary(flag));
+    colorButton(button, isSecondary(flag));
     m_buttons[flag] = button;
     m_captions[flag] = caption;
     button->setObjectName(QLatin1String("id_") + buttonId);
