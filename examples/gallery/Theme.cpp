@@ -57,9 +57,9 @@ bool isDark(const QColor &color)
 QString themed(const QString &file)
 {
     const QString contrast = QStringLiteral("contrast");
-    const QString folder = CBPTheme::current() == contrast                     ? contrast
+    const QString folder = CBPTheme::current() == contrast                      ? contrast
                            : isDark(CBPTheme::color(CBPTheme::Purpose::Ground)) ? QStringLiteral("dark")
-                                                                               : QString();
+                                                                                : QString();
     const QString root = picturePath(QString());
     const QString own = root + folder + QLatin1Char('/') + file.mid(root.size());
     return !folder.isEmpty() && file.startsWith(root) && QFile::exists(own) ? own : file;
@@ -114,8 +114,7 @@ Qt::Alignment lineStart()
 QColor Tone::color() const
 {
     const QString theme = CBPTheme::current();
-    if (theme == QLatin1String("light") ||
-        (m_onSide && theme != QLatin1String("contrast") && isDark(kSide)))
+    if (theme == QLatin1String("light") || (m_onSide && theme != QLatin1String("contrast") && isDark(kSide)))
         return QColor::fromRgba(m_light);
     const QColor from = CBPTheme::color(m_from);
     const QColor to = CBPTheme::color(m_to);
@@ -222,9 +221,9 @@ void lowerButtons(CButtonGroupBox *group)
 }
 
 KeptWidth::KeptWidth(QWidget *button)
-    : m_button(button),
-      m_width(button->minimumWidth() == button->maximumWidth() ? button->maximumWidth() : 0)
-{}
+    : m_button(button), m_width(button->minimumWidth() == button->maximumWidth() ? button->maximumWidth() : 0)
+{
+}
 
 KeptWidth::~KeptWidth()
 {

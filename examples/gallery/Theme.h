@@ -33,7 +33,8 @@ public:
     constexpr Tone(QRgb light, Purpose purpose) : Tone(light, purpose, purpose, 0) {}
     constexpr Tone(QRgb light, Purpose from, Purpose to, int percent)
         : m_light(light), m_from(from), m_to(to), m_percent(percent)
-    {}
+    {
+    }
 
     // For the side bar, which is dark in most themes: `light` wherever it is, but for high contrast.
     static constexpr Tone onSide(QRgb light, Purpose purpose)
@@ -57,13 +58,13 @@ private:
 QVector<QColor> colorsOf(const QVector<Tone> &tones);
 
 constexpr Tone kGround{0xffffffff, Purpose::Ground};
-constexpr Tone kInk{0xff222a3e, Purpose::Text};                             // titles
-constexpr Tone kText{0xff444e5c, Purpose::Text, Purpose::QuietText, 50};    // explanations
-constexpr Tone kCaption{0xff677280, Purpose::QuietText};                    // 4.9:1 on white
-constexpr Tone kFaint{0xff969ea8, Purpose::DisabledText};                   // texts of what is disabled
-constexpr Tone kLine{0xffe3e8ee, Purpose::Ground, Purpose::Rule, 50};       // rules and outlines of panels
-constexpr Tone kPanel{0xfff7f9fb, Purpose::RaisedGround};                   // ground of panels
-constexpr Tone kAccent{0xff1f71bf, Purpose::Accent};                        // 5:1 on white, and under it
+constexpr Tone kInk{0xff222a3e, Purpose::Text};                          // titles
+constexpr Tone kText{0xff444e5c, Purpose::Text, Purpose::QuietText, 50}; // explanations
+constexpr Tone kCaption{0xff677280, Purpose::QuietText};                 // 4.9:1 on white
+constexpr Tone kFaint{0xff969ea8, Purpose::DisabledText};                // texts of what is disabled
+constexpr Tone kLine{0xffe3e8ee, Purpose::Ground, Purpose::Rule, 50};    // rules and outlines of panels
+constexpr Tone kPanel{0xfff7f9fb, Purpose::RaisedGround};                // ground of panels
+constexpr Tone kAccent{0xff1f71bf, Purpose::Accent};                     // 5:1 on white, and under it
 constexpr Tone kAccentHovered{0xff185d9f, Purpose::AccentHovered};
 constexpr Tone kAccentPressed{0xff134d85, Purpose::AccentPressed};
 constexpr Tone kAccentDisabled{0xffa5c6e5, Purpose::PrimaryGroundDisabled};
@@ -77,8 +78,8 @@ constexpr Tone kTeal{0xff4baeb2, Purpose::SecondAccent};
 
 // The side bar and other grounds that have the colour of title bars.
 constexpr Tone kSide{0xff222a3e, Purpose::TitleGround};
-constexpr Tone kSideMarked = Tone::onSide(0xffffffff, Purpose::Text);      // the entry of the page on show
-constexpr Tone kSideText = Tone::onSide(0xffc7d0dd, Purpose::Text);        // entries of the side bar: 9:1
+constexpr Tone kSideMarked = Tone::onSide(0xffffffff, Purpose::Text);       // the entry of the page on show
+constexpr Tone kSideText = Tone::onSide(0xffc7d0dd, Purpose::Text);         // entries of the side bar: 9:1
 constexpr Tone kSideHeading = Tone::onSide(0xff8997ac, Purpose::TitleText); // its group headings: 4.8:1
 constexpr Tone kSideSlider = Tone::onSide(0xff6a7893, Purpose::ScrollSlider);
 constexpr Tone kSideSliderHovered = Tone::onSide(0xff8593ad, Purpose::ScrollSliderHovered);
@@ -98,8 +99,8 @@ QFont font(Weight weight, int pixelSize);
 // Where a line of English begins in this program's direction: at the right if its pages begin there.
 Qt::Alignment lineStart();
 
-// Calls `renew` now and after each change of the theme, as long as `context` lives: for what keeps a colour or
-// a picture.
+// Calls `renew` now and after each change of the theme, as long as `context` lives: for what keeps a colour
+// or a picture.
 template <class Function> void follow(const QObject *context, Function renew)
 {
     renew();

@@ -8,6 +8,7 @@
 #include "Screenshots.h"
 #include "TestMain.h"
 #include "Theme.h"
+#include "ThemeMenu.h"
 
 #include "CBPDateSelector.h"
 #include "CBPImageButton.h"
@@ -95,6 +96,32 @@ private Q_SLOTS:
         QVERIFY2(all.isEmpty(), qPrintable(all.join(QLatin1String(", "))));
     }
 
+    // The one in use is ticked, whoever chose it.
+    void theMenuSwitchesThemes()
+    {
+        const auto reset = qScopeGuard([] { CBPTheme::apply("light"); });
+        ThemeMenu menu(nullptr);
+        const auto ticked = [&menu] {
+            emit menu.aboutToShow();
+            QStringList texts;
+            for (const QAction *action : menu.actions()) {
+                if (!action->icon().isNull())
+                    texts << action->text();
+            }
+            return texts.join(',');
+        };
+        QCOMPARE(ticked(), QString("Light"));
+        menu.actions().at(1)->trigger();
+        QCOMPARE(CBPTheme::current(), QString("dark"));
+        QCOMPARE(ticked(), QString("Dark"));
+        menu.actions().at(3)->trigger();
+        QVERIFY(CBPTheme::isFollowingSystem());
+        QCOMPARE(ticked(), QString("As the system"));
+        QCOMPARE(CBPTheme::load(":/gallery/paper.ini"), QString("Paper"));
+        CBPTheme::apply("Paper");
+        QCOMPARE(ticked(), QString("Paper"));
+    }
+
     // Where edges lie between pixels, there are lines of a colour that is not there at 100 per cent. Other
     // scales find no more: at 200 per cent nothing lies between pixels.
     void straightEdgesAreSharp()
@@ -139,7 +166,7 @@ private Q_SLOTS:
         const auto picture = [](GalleryWindow &window) {
             QApplication::setActiveWindow(&window);
             pose::renew(&window);
-            QCoreApplication::sendPostedEvents(); // and no event loop, which would set things moving
+            QCoreApplication::sendPostedEvents();        // and no event loop, which would set things moving
             for (int layout = 0; layout < 2; ++layout) { // texts are as high as the first one made them wide
                 fitToPage(window);
                 QCoreApplication::sendPostedEvents();

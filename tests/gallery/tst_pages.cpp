@@ -45,8 +45,8 @@ QImage keptOf(const QImage &shades)
     return kept;
 }
 
-// A page that is lower than the list of pages grows with the list: without the ground that it then has more of
-// than the kept one.
+// A page that is lower than the list of pages grows with the list: without the ground that it then has more
+// of than the kept one.
 QImage asHighAs(const QImage &kept, const QImage &picture)
 {
     QSet<QRgb> more;

@@ -151,9 +151,8 @@ void addFrames(Page *page)
     QVector<Sample> samples;
     for (int i = 0; i < files.size(); ++i) {
         auto *label = new QLabel;
-        theme::follow(label, [label, file = files[i].section('/', -2)] {
-            label->setPixmap(theme::picture(file));
-        });
+        theme::follow(label,
+                      [label, file = files[i].section('/', -2)] { label->setPixmap(theme::picture(file)); });
         samples.append({QString::number(i), label});
     }
     section->addColumns(8 * theme::kUnit, samples.mid(0, samples.size() / 2));

@@ -8,7 +8,6 @@
 #include "CBPMenu.h"
 #include "CBPMenuItem.h"
 
-
 namespace {
 
 CBPDropdownBtn *button(const QString &text, bool split = false, bool icon = false)

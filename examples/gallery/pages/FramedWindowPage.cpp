@@ -41,7 +41,8 @@ constexpr int kAllButtons = Minimize | Close | Menu | Back | Support | Offer;
 
 constexpr theme::Tone kShadow{0xff141c2c, theme::Purpose::Shadow};
 
-// A soft shadow within `border` pixels around a white body. The picture is kept until size, density or theme change.
+// A soft shadow within `border` pixels around a white body. The picture is kept until size, density or theme
+// change.
 class Backdrop
 {
 public:
@@ -78,9 +79,14 @@ private:
             painter.drawRoundedRect(rect.adjusted(ring, ring, -ring, -ring), corner, corner);
         }
         painter.setBrush(m_ground);
-        if (m_ground.lightness() < 128) // a shadow alone is hard to see there
-            painter.setPen(theme::kLine);
         const qreal border = m_border;
+        if (m_ground.lightness() <
+            128) { // a shadow alone is hard to see there: a line around the title bar, too
+            const qreal line = border - 0.5;
+            painter.setPen(theme::kLine);
+            painter.drawRoundedRect(rect.adjusted(line, line, -line, -line), kRadius, kRadius);
+            return;
+        }
         // White would shine through at the title bar's own round corners.
         painter.setClipRect(rect.adjusted(0, border + kRadius, 0, 0));
         painter.drawRoundedRect(rect.adjusted(border, border, -border, -border), kRadius, kRadius);
@@ -333,10 +339,11 @@ void addPortraits(Page *page)
     page->addSection("Windows", "The frame lays out the title bar, the content and the bottom area. Derived "
                                 "classes paint the body, "
                                 "the shadow and the line.")
-        ->addColumns(kColumns, {{"A title bar and content", pose::shown(plainPortrait)},
-                                {"A low title bar", pose::shown(lowTitlePortrait)},
-                                {"A bottom area with a line", pose::shown([] { return bottomPortrait(true); })},
-                                {"A bottom area without a line", pose::shown([] { return bottomPortrait(false); })}});
+        ->addColumns(kColumns,
+                     {{"A title bar and content", pose::shown(plainPortrait)},
+                      {"A low title bar", pose::shown(lowTitlePortrait)},
+                      {"A bottom area with a line", pose::shown([] { return bottomPortrait(true); })},
+                      {"A bottom area without a line", pose::shown([] { return bottomPortrait(false); })}});
 }
 
 // Modal: a field and two buttons, to be used by keyboard from opening to closing.

@@ -196,17 +196,18 @@ void addPortraits(Page *page)
                      "The pop-up paints a white body, a soft shadow around it and a line above "
                      "the row of buttons. Where a screen cannot blend windows, an outline takes the "
                      "place of the shadow.")
-        ->addColumns(kColumns,
-                     {{"Yes, No and Cancel: AppendBtn(0x1900)", pose::shown(plainPortrait)},
-                      {"Back at the left: PrependBtn(0x80000), AppendBtn(0x104)", pose::shown(groupsPortrait)},
-                      {"A check box at the left: PrependWidget()", pose::shown(widgetPortrait)},
-                      {"Disabled buttons: EnableButton(flag, false)", pose::shown(disabledPortrait)},
-                      {"Other texts: ResetBtnText()", pose::shown(textPortrait)},
-                      {"The keyboard focus on a primary button", pose::shown([] { return focusPortrait(Ok); })},
-                      {"The keyboard focus on a secondary button", pose::shown([] { return focusPortrait(Cancel); })},
-                      {"Two buttons that wait: CBPWaitBtn::run()", pose::shown(waitingPortrait)},
-                      {"No line above the buttons: SetDrawBottomHLine(false)", pose::shown(plainFramePortrait)},
-                      {"Several rows: PrependBtn(0x80000), AppendBtn(0x1968)", pose::shown(wrappedPortrait)}});
+        ->addColumns(
+            kColumns,
+            {{"Yes, No and Cancel: AppendBtn(0x1900)", pose::shown(plainPortrait)},
+             {"Back at the left: PrependBtn(0x80000), AppendBtn(0x104)", pose::shown(groupsPortrait)},
+             {"A check box at the left: PrependWidget()", pose::shown(widgetPortrait)},
+             {"Disabled buttons: EnableButton(flag, false)", pose::shown(disabledPortrait)},
+             {"Other texts: ResetBtnText()", pose::shown(textPortrait)},
+             {"The keyboard focus on a primary button", pose::shown([] { return focusPortrait(Ok); })},
+             {"The keyboard focus on a secondary button", pose::shown([] { return focusPortrait(Cancel); })},
+             {"Two buttons that wait: CBPWaitBtn::run()", pose::shown(waitingPortrait)},
+             {"No line above the buttons: SetDrawBottomHLine(false)", pose::shown(plainFramePortrait)},
+             {"Several rows: PrependBtn(0x80000), AppendBtn(0x1968)", pose::shown(wrappedPortrait)}});
 }
 
 // The buttons of a pop-up, out of it: the captions and kinds of all flags.

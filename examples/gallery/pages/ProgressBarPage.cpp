@@ -109,11 +109,11 @@ void addHighlights(Page *page)
                      "between. The second colour of the constructor is that of the highlight.");
     const QColor builtIn(88, 205, 210);
     section->addWide(onGround(theme::kSide, {{"On its way", swept(builtIn, 6)},
-                                            {"Leaving", swept(builtIn, 16)},
-                                            {"The pause", swept(builtIn, 24)}}));
+                                             {"Leaving", swept(builtIn, 16)},
+                                             {"The pause", swept(builtIn, 24)}}));
     section->addWide(onGround(theme::kSide, {{"White", swept(Qt::white, 6)},
-                                            {"Dark blue", swept(QColor(20, 90, 160), 6)},
-                                            {"None: an invalid colour", swept(QColor(), 6)}}));
+                                             {"Dark blue", swept(QColor(20, 90, 160), 6)},
+                                             {"None: an invalid colour", swept(QColor(), 6)}}));
 }
 
 void addSizes(Page *page)

@@ -334,12 +334,11 @@ void addGrounds(Page *page)
         page->addSection("On a ground of its own",
                          "With a transparent background the button shows what lies below it in every state.");
     section->addWide(onGround(theme::kSide, {pose::in(pose::Normal, seeThrough("Normal", 4)),
-                                            pose::in(pose::Hovered, seeThrough("Hovered", 4)),
-                                            pose::in(pose::Pressed, seeThrough("Pressed", 4)),
-                                            pose::in(pose::Focused, seeThrough("Focused", 4)),
-                                            pose::in(pose::Disabled, seeThrough("Disabled", 4))}));
-    section->addWide(
-        onGround(kPale, {button("Opaque"), clear("See-through", 0), clear("And round", 4)}));
+                                             pose::in(pose::Hovered, seeThrough("Hovered", 4)),
+                                             pose::in(pose::Pressed, seeThrough("Pressed", 4)),
+                                             pose::in(pose::Focused, seeThrough("Focused", 4)),
+                                             pose::in(pose::Disabled, seeThrough("Disabled", 4))}));
+    section->addWide(onGround(kPale, {button("Opaque"), clear("See-through", 0), clear("And round", 4)}));
 }
 
 Page *makePage()

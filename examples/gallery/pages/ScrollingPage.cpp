@@ -42,9 +42,8 @@ CBPSplitter *colored()
 {
     CBPSplitter *result = splitter(Qt::Horizontal, {"Own", "colours"}, kAreaWidth);
     if (auto *handle = qobject_cast<CBPSplitterHandle *>(result->handle(1)))
-        theme::follow(handle, [handle] {
-            handle->setColr(QPen(theme::kAccent.color()), theme::kAccentTint.color());
-        });
+        theme::follow(
+            handle, [handle] { handle->setColr(QPen(theme::kAccent.color()), theme::kAccentTint.color()); });
     return result;
 }
 

@@ -54,7 +54,8 @@ void tintIcons(CTabContainer *tabs)
     const QStringList names = tabNames();
     for (int i = 0; i < names.size(); ++i) {
         CBPPushBtn *button = tabs->findChild<CButtonGroupBox *>()->GetButton(i + 1);
-        theme::setTintedIcon(button, iconFile(names[i]), tabTexts(), i + 1 == tabs->property(kChosen).toInt());
+        theme::setTintedIcon(button, iconFile(names[i]), tabTexts(),
+                             i + 1 == tabs->property(kChosen).toInt());
     }
 }
 

@@ -78,9 +78,9 @@ CButtonGroupBox *themes()
 
 void addLiveSamples(Page *page)
 {
-    Section *section =
-        page->addSection("Try it", "Everything that is there takes the colours and pictures of a theme at "
-                                   "once; nothing is made anew. The menu of the title strip has the themes, too.");
+    Section *section = page->addSection(
+        "Try it", "Everything that is there takes the colours and pictures of a theme at "
+                  "once; nothing is made anew. The menu of the title strip has the themes, too.");
     auto *system = new CBPPushBtn("As the system", nullptr);
     system->setFixedSize(kButtonWidth, theme::kControlHeight);
     QObject::connect(system, &CBPPushBtn::sigBtnClicked, system, [] { CBPTheme::followSystem(true); });
@@ -92,7 +92,8 @@ void addColors(Page *page)
     Section *section = page->addSection(
         "Colours by purpose",
         "These are what the others, those of each class, are made of. A theme's file names purposes and "
-        "colours; what it leaves out is as in the theme that it is based on, and follows the colours it has.");
+        "colours; what it leaves out is as in the theme that it is based on, and follows the colours it "
+        "has.");
     const auto purposes = QMetaEnum::fromType<Purpose>();
     QVector<Sample> samples;
     for (int purpose = 0; purpose < int(Purpose::Badge); ++purpose)
@@ -119,9 +120,10 @@ void addUse(Page *page)
         form->addRow(theme::label(call.first, theme::Semibold, 14, theme::kInk),
                      theme::label(call.second, theme::Normal, 14, theme::kText, true));
     }
-    page->addSection("In a program",
-                     "What an application has set itself, a colour of a button or a palette, stays as it is in "
-                     "each theme, and what a getter reports is what was set.")
+    page->addSection(
+            "In a program",
+            "What an application has set itself, a colour of a button or a palette, stays as it is in "
+            "each theme, and what a getter reports is what was set.")
         ->addWide(box);
 }
 

@@ -171,11 +171,11 @@ public:
         setFixedSize(112, 56);
         SetRoundRadius(radius, radius);
         theme::follow(this, [this] {
-            constexpr theme::Tone frame{0xffbec8d4, Purpose::Frame}, ground{0xfffafcfd, Purpose::RaisedGround};
+            constexpr theme::Tone frame{0xffbec8d4, Purpose::Frame},
+                ground{0xfffafcfd, Purpose::RaisedGround};
             constexpr theme::Tone frameOff{0xffdde2e7, Purpose::FrameDisabled};
             SetFrmColor(theme::colorsOf({frame, theme::kAccent, theme::kAccentPressed, frameOff}));
-            SetBgColor(
-                theme::colorsOf({ground, theme::kAccentTint, theme::kAccentTintDeep, theme::kPanel}));
+            SetBgColor(theme::colorsOf({ground, theme::kAccentTint, theme::kAccentTintDeep, theme::kPanel}));
         });
     }
 
