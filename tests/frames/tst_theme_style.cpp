@@ -3,6 +3,7 @@
 #include "CBPQtMainWindow.h"
 #include "CBPStyle.h"
 #include "CBPWinWidget.h"
+#include "Later.h"
 #include "Rows.h"
 #include "TestMain.h"
 #include "ThemeProbe.h"
@@ -114,8 +115,9 @@ private slots:
         const QString before = QApplication::style()->objectName();
         const auto restore = qScopeGuard([&before] { QApplication::setStyle(before); });
         style == "CBPStyle" ? CBPStyle::Install() : void(QApplication::setStyle(style));
+        const auto motion = restoring(lumqt::platform::answers().lessMotion);
+        lumqt::platform::answers().lessMotion = [] { return false; };
         CBPTheme::givePalette(true);
-        CBPTheme::apply("dark");
         CBPQtMainWindow window;
         window.setCentralWidget(new QWidget);
         QVBoxLayout layout(window.centralWidget());
@@ -129,6 +131,8 @@ private slots:
         for (QWidget *widget : QVector<QWidget *>{&combo, &tabs, &table, &spin, &box})
             layout.addWidget(widget);
         window.show();
+        window.grab();
+        CBPTheme::apply("dark"); // at once, which nothing fades into
         combo.showPopup();
         QToolTip::showText(QPoint(), "Tip", &window);
         QVector<QWidget *> all{&window, combo.view()->window()};
