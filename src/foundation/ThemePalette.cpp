@@ -2,6 +2,8 @@
 
 #include "foundation/Palette.h"
 
+#include "foundation/AppStyle.h"
+
 #include <QWidget>
 
 namespace lumqt {
@@ -42,6 +44,18 @@ const QVector<PaletteTone> &wholePalette()
         {QPalette::HighlightedText, Purpose::DisabledText, QPalette::Disabled},
     };
     return tones;
+}
+
+// Of the windows: where fields and buttons are native, and light whatever their palette, it is the ground
+// that these lie on, and what is written on that.
+const QVector<PaletteTone> &windowPalette()
+{
+    static const QVector<PaletteTone> grounds = {
+        {QPalette::Window, Purpose::Ground},
+        {QPalette::WindowText, Purpose::Text},
+        {QPalette::WindowText, Purpose::DisabledText, QPalette::Disabled},
+    };
+    return hasNativeLook() ? grounds : wholePalette();
 }
 
 // What the theme has put into the palette of one widget. A role whose colours are no longer those that were
@@ -113,7 +127,7 @@ void wearWholeTheme(QWidget *widget)
 void wearPalette(QWidget *window)
 {
     sharePalette();
-    new Wearer(window, wholePalette(), true);
+    new Wearer(window, windowPalette(), true);
 }
 
 QPalette themePalette()

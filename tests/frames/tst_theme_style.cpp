@@ -20,6 +20,18 @@
 
 using lumqt::Purpose;
 
+namespace {
+
+// Gives the application a style, for the time of a block.
+auto styled(const QString &name)
+{
+    const QString before = QApplication::style()->objectName();
+    name == "CBPStyle" ? CBPStyle::Install() : void(QApplication::setStyle(name));
+    return qScopeGuard([before] { QApplication::setStyle(before); });
+}
+
+} // namespace
+
 // What Qt's own widgets look like in a theme.
 class TestThemeStyle : public QObject
 {
@@ -70,6 +82,7 @@ private slots:
 
     void palettes()
     {
+        const auto restore = styled("Fusion"); // Windows' own style is given less
         const QPalette tips = QToolTip::palette(), menus = QApplication::palette("QMenu");
         const auto check = [](QWidget *window) {
             const QScopedPointer<QWidget> owner(window);
@@ -112,9 +125,7 @@ private slots:
     void plainWidgets()
     {
         QFETCH(QString, style);
-        const QString before = QApplication::style()->objectName();
-        const auto restore = qScopeGuard([&before] { QApplication::setStyle(before); });
-        style == "CBPStyle" ? CBPStyle::Install() : void(QApplication::setStyle(style));
+        const auto restore = styled(style);
         const auto motion = restoring(lumqt::platform::answers().lessMotion);
         lumqt::platform::answers().lessMotion = [] { return false; };
         CBPTheme::givePalette(true);
