@@ -35,36 +35,38 @@ public:
     enum class Purpose {
         // What everything is made of; the parts further down are of these colours where a theme says nothing
         // else.
-        Ground,        ///< what windows, boxes and buttons lie on
-        RaisedGround,  ///< what stands out of a ground: headers, tracks
-        Field,         ///< ground of what is written or chosen in
-        FieldDisabled, ///< the same, disabled or read-only
-        Text,          ///< texts
-        QuietText,     ///< captions, placeholders, what is of less weight
-        DisabledText,  ///< texts of what is disabled
-        Frame,         ///< outlines of fields and check boxes
-        FrameHovered,  ///< the same under the mouse; marks and triangles
-        FrameDisabled, ///< the same, disabled
-        Rule,          ///< lines that only divide
-        Accent,        ///< what is chosen, checked, running
-        AccentHovered, ///< the same under the mouse
-        AccentPressed, ///< the same while pressed
-        OnAccent,      ///< texts and marks on the accent
-        SecondAccent,  ///< the second hue
-        Hovered,       ///< ground of a row or a button under the mouse
-        Pressed,       ///< the same while pressed
-        Chosen,        ///< ground of the chosen row or day
-        ChosenText,    ///< text on it
-        FocusRing,     ///< ring of the keyboard focus
-        Danger,        ///< what is wrong or cannot be undone
-        Warning,       ///< what needs attention
-        Success,       ///< what went well
-        Link,          ///< links
-        LinkHovered,   ///< the same under the mouse
-        LinkPressed,   ///< the same while pressed
-        LinkDisabled,  ///< the same, disabled
-        Badge,         ///< the dot that marks what is new
-        Shadow,        ///< shadows of windows; its alpha is reckoned from the depth
+        Ground,         ///< what windows, boxes and buttons lie on
+        RaisedGround,   ///< what stands out of a ground: headers, tracks
+        Field,          ///< ground of what is written or chosen in
+        FieldDisabled,  ///< the same, disabled or read-only
+        Text,           ///< texts
+        QuietText,      ///< captions, placeholders, what is of less weight
+        DisabledText,   ///< texts of what is disabled
+        Frame,          ///< outlines of fields and check boxes
+        FrameHovered,   ///< the same under the mouse; marks and triangles
+        FrameDisabled,  ///< the same, disabled
+        Rule,           ///< lines that only divide
+        Accent,         ///< what is chosen, checked, running
+        AccentHovered,  ///< the same under the mouse
+        AccentPressed,  ///< the same while pressed
+        OnAccent,       ///< texts and marks on the accent
+        SecondAccent,   ///< the second hue
+        Hovered,        ///< ground of a row or a button under the mouse
+        Pressed,        ///< the same while pressed
+        Chosen,         ///< ground of the chosen row or day
+        ChosenText,     ///< text on it
+        ChosenInactive, ///< ground of the chosen row of a window that is not in use
+        ChosenDisabled, ///< the same, disabled
+        FocusRing,      ///< ring of the keyboard focus
+        Danger,         ///< what is wrong or cannot be undone
+        Warning,        ///< what needs attention
+        Success,        ///< what went well
+        Link,           ///< links
+        LinkHovered,    ///< the same under the mouse
+        LinkPressed,    ///< the same while pressed
+        LinkDisabled,   ///< the same, disabled
+        Badge,          ///< the dot that marks what is new
+        Shadow,         ///< shadows of windows; its alpha is reckoned from the depth
 
         // Title bars. Of a theme of the library, UIConfig.ini goes before.
         TitleGround,         ///< ground of a title bar
@@ -160,8 +162,6 @@ public:
         ToggleTextDisabled,      ///< text of a disabled one
 
         // Menus, lists, tips.
-        ChosenInactive,     ///< ground of the chosen row of a window that is not in use
-        ChosenDisabled,     ///< the same, disabled
         MenuGround,         ///< ground of a menu's items
         MenuGroundHovered,  ///< the same under the mouse
         MenuGroundPressed,  ///< the same while pressed

@@ -50,6 +50,8 @@ constexpr Row kTable[] = {
     {P::Pressed, 0xffe2f2f3, 0xff1f3550, 0xff003a44},
     {P::Chosen, P::Accent, P::Accent, P::Accent},
     {P::ChosenText, P::OnAccent, P::OnAccent, P::OnAccent},
+    {P::ChosenInactive, 0xffd5dbe1, 0xff3a4559, 0xff003a44},
+    {P::ChosenDisabled, 0xffd5dbe1, 0xff2a3241, 0xff003a44},
     {P::FocusRing, 0xff2f86d8, 0xff6cb4f5, 0xffffff00},
     {P::Danger, 0xffd13438, 0xffff7b7b, 0xffff9b9b},
     {P::Warning, 0xffe3951f, 0xffffb454, 0xffffff00},
@@ -151,8 +153,6 @@ constexpr Row kTable[] = {
     {P::ToggleGroundDisabled, 0xfffdfdfd, P::FieldDisabled, P::FieldDisabled},
     {P::ToggleTextDisabled, 0xff787878, P::DisabledText, P::DisabledText},
     // Menus, lists, tips.
-    {P::ChosenInactive, 0xffd5dbe1, 0xff3a4559, 0xff003a44},
-    {P::ChosenDisabled, 0xffd5dbe1, 0xff2a3241, 0xff003a44},
     {P::MenuGround, 0xf03c434b, 0xf02b3240, 0xff000000},
     {P::MenuGroundHovered, 0xff4baeb2, 0xff1f7478, P::Accent},
     {P::MenuGroundPressed, 0xff4baeb2, 0xff1f7478, P::Accent},
