@@ -308,7 +308,12 @@ public:
 
     /// Whether the library's windows have palette(), now and after each change, which plain Qt widgets in
     /// them take over. Colours that an application has set in the palette of such a window or widget stay.
-    /// Off at first. \since 1.0
+    /// Menus and tool tips, windows of their own, have it in the whole application, unless it gives them a
+    /// palette afterwards. Off at first.
+    ///
+    /// Some styles draw parts in other colours than the palette's: Fusion outlines in a shade of the ground,
+    /// Windows' own style has light fields and buttons. CBPStyle::Install() gives all of them the theme's.
+    /// Links in a rich text have the colour of QApplication::palette(). \since 1.0
     static void givePalette(bool give);
 
     /// Whether the library's windows are given palette(). \since 1.0

@@ -4,7 +4,6 @@
 #include "PageRegistry.h"
 #include "Screenshots.h"
 #include "Theme.h"
-#include "ThemeTable.h"
 
 #include "CBPTheme.h"
 #include "Util.h"
@@ -24,8 +23,7 @@ constexpr char kSystem[] = "system"; // among the names of themes
 struct Options
 {
     QString page;
-    QString theme;      // its name
-    QString themeTable; // absolute; empty: none is written
+    QString theme;         // its name
     QString screenshots;   // absolute; empty: none are taken
     QString classPictures; // the same
     bool list = false;
@@ -41,14 +39,12 @@ void describe(QCommandLineParser &parser)
          QStringLiteral("Write a picture of every page (or of the one given by --page) and quit."),
          QStringLiteral("folder")});
     parser.addOption({QStringLiteral("class-pictures"),
-                      QStringLiteral("Write a picture of every class, for its documentation, and quit."),
+                      QStringLiteral("Write a picture of every class, and the colours of the themes, for the "
+                                     "documentation, and quit."),
                       QStringLiteral("folder")});
     parser.addOption({QStringLiteral("theme"),
                       QStringLiteral("Show this theme: light, dark, contrast, system, or a theme file."),
                       QStringLiteral("name")});
-    parser.addOption({QStringLiteral("theme-table"),
-                      QStringLiteral("Write the colours by purpose in each theme, and quit."),
-                      QStringLiteral("file")});
     parser.addOption({QStringLiteral("list"), QStringLiteral("List the pages and quit.")});
     parser.addOption(
         {{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help and quit.")});
@@ -88,13 +84,12 @@ QString read(QCommandLineParser &parser, Options &options)
     if (parser.isSet(QStringLiteral("theme")) && !isTheme(options.theme))
         return QStringLiteral("there is no theme %1").arg(parser.value(QStringLiteral("theme")));
     for (auto [option, folder] : {std::pair("screenshots", &options.screenshots),
-                                  std::pair("class-pictures", &options.classPictures),
-                                  std::pair("theme-table", &options.themeTable)}) {
+                                  std::pair("class-pictures", &options.classPictures)}) {
         const QString name = QString::fromLatin1(option);
         if (!parser.isSet(name))
             continue;
         if (parser.value(name).isEmpty())
-            return QStringLiteral("--%1 says no place").arg(name);
+            return QStringLiteral("--%1 needs a folder").arg(name);
         *folder = QDir(parser.value(name)).absolutePath();
     }
     options.list = parser.isSet(QStringLiteral("list"));
@@ -169,7 +164,5 @@ int main(int argc, char *argv[])
         QTextStream(stdout) << allPageIds().join(QLatin1Char('\n')) << Qt::endl;
         return 0;
     }
-    if (!options.themeTable.isEmpty())
-        return writeThemeTable(options.themeTable) ? 0 : 1;
     return run(options);
 }

@@ -1,3 +1,4 @@
+#include "buttons/ButtonTones.h"
 #include "CBPBox.h"
 #include "CBPPopWnd.h"
 #include "CBPWaitBtn.h"
@@ -5,7 +6,6 @@
 #include "foundation/FontLookup.h"
 #include "foundation/Log.h"
 #include "foundation/Painting.h"
-#include "foundation/Palette.h"
 #include "Util.h"
 
 #include <QEvent>
@@ -16,8 +16,6 @@
 
 #include <algorithm>
 #include <limits>
-
-using lumqt::Purpose;
 
 namespace {
 
@@ -85,58 +83,6 @@ int distanceFromYes(int flag)
     return isSecondary(flag) || flag == kBackFlag ? 3 : 2;
 }
 
-// One set of the colours of a standard button, kept in those of the theme until the application sets others.
-class KeptColors : public QObject
-{
-public:
-    using Getter = QColor (CBtnObj::*)(int) const;
-    using Setter = void (CBtnObj::*)(QVector<QColor>);
-
-    KeptColors(CBPPushBtn *button, Getter get, Setter set, Purpose first)
-        : QObject(button), m_button(button), m_get(get), m_set(set), m_first(first)
-    {
-        put();
-        lumqt::onThemeChange(this, [this] {
-            if (isKept())
-                put();
-        });
-    }
-
-private:
-    bool isKept() const
-    {
-        bool same = !(m_button->*m_get)(lumqt::kThemeStates).isValid(); // else it is a longer list
-        for (int state = 0; state < lumqt::kThemeStates; ++state)
-            same = same && (m_button->*m_get)(state) == m_colors.at(state);
-        return same;
-    }
-
-    void put()
-    {
-        m_colors.clear();
-        for (int state = 0; state < lumqt::kThemeStates; ++state)
-            m_colors << lumqt::themeColor(m_first, state);
-        (m_button->*m_set)(m_colors);
-    }
-
-    CBPPushBtn *const m_button;
-    const Getter m_get;
-    const Setter m_set;
-    const Purpose m_first;
-    QVector<QColor> m_colors;
-};
-
-void color(CBPPushBtn *button, bool secondary)
-{
-    new KeptColors(button, &CBtnObj::bgColor, &CBtnObj::setBgColor,
-                   secondary ? Purpose::SecondaryGround : Purpose::PrimaryGround);
-    new KeptColors(button, &CBtnObj::textColor, &CBtnObj::setTextColor,
-                   secondary ? Purpose::SecondaryText : Purpose::PrimaryText);
-    if (secondary)
-        new KeptColors(button, &CBtnObj::frmColor, &CBtnObj::setFrmColor, Purpose::SecondaryFrame);
-    button->setFrmTrancent(!secondary);
-}
-
 // The row's buttons are of one width, unless a text needs more: on two lines it would be cut off.
 void makeRoomFor(const QString &text, CBPPushBtn *button)
 {
@@ -152,6 +98,17 @@ QStringList loadingFrames()
     for (int i = 0; i < kFrameCount; ++i) // the number first: the program's folder may hold a "%1"
         frames << Util::getResFullPath(QString::fromLatin1(kFramePath).arg(i, 2, 10, QLatin1Char('0')));
     return frames;
+}
+
+void colorButton(CBPPushBtn *button, bool secondary)
+{
+    using lumqt::ButtonTones;
+    using lumqt::Purpose;
+    ButtonTones::setGround(*button, secondary ? Purpose::SecondaryGround : Purpose::PrimaryGround);
+    ButtonTones::setText(*button, secondary ? Purpose::SecondaryText : Purpose::PrimaryText);
+    if (secondary)
+        ButtonTones::setFrame(*button, Purpose::SecondaryFrame);
+    button->setFrmTrancent(!secondary);
 }
 
 } // namespace
@@ -217,7 +174,7 @@ CBPPushBtn *CBPPopWnd::CreateAndPackBtn(QString caption, QStringList &frames, in
     // takes its place.
     if (flag != kCancelFlag)
         button->setDefault(true);
-    color(button, isSecondary(flag));
+    colorButton(button, isSecondary(flag));
     m_buttons[flag] = button;
     m_captions[flag] = caption;
     button->setObjectName(QLatin1String("id_") + buttonId);

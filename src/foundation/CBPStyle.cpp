@@ -10,6 +10,7 @@
 #include <QFrame>
 #include <QPointer>
 #include <QStyleOption>
+#include <QToolTip>
 
 namespace {
 
@@ -61,6 +62,8 @@ void CBPStyle::Apply(QWidget *widget)
 void CBPStyle::polish(QWidget *widget)
 {
     QProxyStyle::polish(widget);
+    if (lumqt::wantsPalette() && widget->inherits("QTipLabel"))
+        widget->setPalette(QToolTip::palette()); // Windows' own style has given it another one
     if (!lumqt::StyleWatch::wants(widget))
         return;
     m_pWatch->watch(widget);

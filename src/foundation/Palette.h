@@ -54,7 +54,7 @@ inline const QColor &themeColor(Purpose first, int state)
 
 // What is reported of a colour that nobody has set, in each theme.
 LUMQT_TESTED QColor builtInColor(Purpose purpose);
-QVector<QColor> builtInColors(Purpose first);
+LUMQT_TESTED QVector<QColor> builtInColors(Purpose first);
 
 // `own`, if an application has set it, else the theme's.
 inline const QColor &ownOr(const QColor &own, Purpose purpose)

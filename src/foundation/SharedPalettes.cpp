@@ -10,41 +10,28 @@ namespace lumqt {
 
 namespace {
 
-// What somebody else puts in its place stays.
+// What somebody else puts in its place afterwards stays; what was there before comes back.
 class SharedPalette
 {
 public:
-    SharedPalette(const char *widget, QPalette (*read)(), void (*write)(const QPalette &))
-        : m_widget(widget), m_read(read), m_write(write)
-    {
-    }
+    SharedPalette(QPalette (*read)(), void (*write)(const QPalette &)) : m_read(read), m_write(write) {}
 
     void renew()
     {
         if (!m_worn && !wantsPalette())
             return;
         const QPalette now = m_read();
-        if (m_worn ? now != m_given : isOwn(now))
-            return;
+        const bool ours = m_worn && now == m_given;
         if (!m_worn)
             m_before = now;
+        if (!m_worn || ours) {
+            m_write(wantsPalette() ? themePalette() : m_before);
+            m_given = m_read(); // as the style has it
+        }
         m_worn = wantsPalette();
-        m_write(m_worn ? themePalette() : m_before);
-        m_given = m_read(); // as the style has it
     }
 
 private:
-    // Whether it has been set before, where that can be told.
-    bool isOwn(const QPalette &now) const
-    {
-        const QPalette usual = QApplication::palette(m_widget);
-        const auto differs = [&](QPalette::ColorRole role) {
-            return now.color(QPalette::Inactive, role) != usual.color(QPalette::Inactive, role);
-        };
-        return differs(QPalette::ToolTipBase) || differs(QPalette::ToolTipText);
-    }
-
-    const char *m_widget;
     QPalette (*m_read)();
     void (*m_write)(const QPalette &);
     QPalette m_before;
@@ -54,10 +41,9 @@ private:
 
 void renew()
 {
-    static SharedPalette menus(
-        "QMenu", [] { return QApplication::palette("QMenu"); },
-        [](const QPalette &palette) { QApplication::setPalette(palette, "QMenu"); });
-    static SharedPalette tips("QTipLabel", QToolTip::palette, QToolTip::setPalette);
+    static SharedPalette menus([] { return QApplication::palette("QMenu"); },
+                               [](const QPalette &palette) { QApplication::setPalette(palette, "QMenu"); });
+    static SharedPalette tips(QToolTip::palette, QToolTip::setPalette);
     menus.renew();
     tips.renew();
 }

@@ -156,6 +156,14 @@ bool drawFieldPrimitive(QStyle::PrimitiveElement element, const QStyleOption &op
         return true;
     case QStyle::PE_Frame:
         return drawFrame(option, canvas);
+    case QStyle::PE_PanelTipLabel: {
+        Body tip;
+        tip.fill = option.palette.color(QPalette::ToolTipBase);
+        tip.frame = themeColor(Purpose::TipFrame);
+        if (wantsPalette()) // otherwise it has that of the system
+            drawBody(canvas.painter, option.rect, tip);
+        return wantsPalette();
+    }
     default:
         return false;
     }

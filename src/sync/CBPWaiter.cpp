@@ -48,6 +48,7 @@ CBPWaiter::CBPWaiter(QWidget *parent, QString text, unsigned int timeLimit, bool
       m_leftImage(pathOf("../res/log_l.png")),
       m_rightImage(pathOf("../res/log_r.png"))
 {
+    lumqt::wearPalette(this);
     Init();
 }
 

@@ -14,27 +14,28 @@
 #include "Util.h"
 
 #include <QMovie>
+#include <QScrollArea>
 
 using P = CBPTheme::Purpose;
 using Look = std::function<void(QWidget &)>;
-using Stage = std::function<void(const Look &)>;
+using Stage = void (*)(const Look &, bool own);
 Q_DECLARE_METATYPE(Stage)
 
 namespace {
 
 const QColor kOwn("#ff00ff");
-const QVector<QColor> kOwnFour(4, kOwn);
 
 bool shows(const QImage &image, const QColor &color)
 {
     return !boxOf(image, color).isEmpty();
 }
 
+// What is shown, with a colour of the application's own or without, while `look` looks at it.
 void showPopUp(const Look &look, bool own)
 {
     PopUp window(nullptr, kOk | kCancel);
     if (own)
-        window.GetBtn(kOk)->setBgColor(kOwnFour);
+        window.GetBtn(kOk)->setBgColor(QVector<QColor>(4, kOwn));
     window.show();
     look(window);
 }
@@ -43,27 +44,24 @@ void runMessage(const Look &look, bool own)
 {
     MsgBox box;
     box.whileRunning([&] {
-        auto *label = qobject_cast<CBPLabel *>(box.label("mmmm"));
-        QVERIFY(label);
         if (own)
-            label->SetTextColor(kOwn);
+            static_cast<CBPLabel *>(box.label("mmmm"))->SetTextColor(kOwn);
         look(box);
     });
     box.messageWithCheckbox(0, "mmmm", "check", "Head", kOk, "Title");
 }
 
-void runForm(const Look &look)
+void runForm(const Look &look, bool)
 {
     MsgBox box;
     box.whileRunning([&] { look(box); });
     box.showUserAndPasswordBox(0, "", 7, 20, kOk, "Title", "", "", "mmmm", false);
 }
 
-void showTip(const Look &look)
+void showTip(const Look &look, bool)
 {
     CBPTipWnd tip(ENOrientationNone, nullptr);
     tip.resize(100, 50);
-    tip.show();
     look(tip);
 }
 
@@ -73,7 +71,6 @@ void showTextTip(const Look &look, bool own)
     tip.SetShowText("text");
     if (own)
         tip.SetBkgColor(kOwn);
-    tip.show();
     look(tip);
 }
 
@@ -82,9 +79,6 @@ void openMenu(const Look &look, bool own)
     CBPMenu menu;
     menu.AddAction("first", 1);
     menu.AddAction("mmmm", 2)->setEnabled(false);
-    menu.setSeparatorRectHeight(17);
-    menu.setSeparatorHeight(1);
-    menu.addSeparator();
     if (own) {
         menu.setTextColor(kOwn);
         menu.setBg({QColor(Qt::black), QColor(), QColor("#008080"), QColor()});
@@ -94,21 +88,25 @@ void openMenu(const Look &look, bool own)
     look(menu);
 }
 
-void showPaths(const Look &look)
+void showPaths(const Look &look, bool)
 {
     CBPPathDropdWnd list;
     ComboxItem item;
     item.path = "mmmm";
     list.AppendItem(item);
     list.SetFixedWidth(300);
-    list.show();
     look(list);
 }
 
-void showWaiter(const Look &look)
+void showGroundOfPaths(const Look &look, bool)
+{
+    CBPPathDropdWnd list;
+    look(*list.findChild<QScrollArea *>()->widget());
+}
+
+void showWaiter(const Look &look, bool)
 {
     CBPWaiter waiter(nullptr, "mmmm", 1000, false);
-    waiter.show();
     look(waiter);
 }
 
@@ -125,20 +123,17 @@ private slots:
     // Each of the colours is seen in the dark picture alone, of what was made and shown before.
     void openWindowsGoWithTheTheme_data()
     {
-        using namespace std::placeholders;
         columns<Stage, QVector<P>>("stage", "purposes");
-        const auto with = [](void (*stage)(const Look &, bool)) {
-            return Stage(std::bind(stage, _1, false));
-        };
-        row("pop-up", with(showPopUp),
+        row("pop-up", Stage(showPopUp),
             QVector<P>{P::PopUpGround, P::PopUpLine, P::PopUpEdge, P::PrimaryGround, P::SecondaryFrame});
-        row("message box", with(runMessage), QVector<P>{P::MessageText, P::NoticeHead});
+        row("message box", Stage(runMessage), QVector<P>{P::MessageText, P::NoticeHead});
         row("form", Stage(runForm), QVector<P>{P::MessageText, P::MessageHint, P::PrimaryGroundDisabled});
         row("tip", Stage(showTip), QVector<P>{P::TipGround, P::TipFrame});
-        row("tip of text", with(showTextTip), QVector<P>{P::TextTipGround, P::TextTipFrame});
-        row("menu", with(openMenu),
+        row("tip of text", Stage(showTextTip), QVector<P>{P::TextTipGround, P::TextTipFrame});
+        row("menu", Stage(openMenu),
             QVector<P>{P::MenuGround, P::MenuGroundHovered, P::MenuTextDisabled, P::MenuFrame});
         row("paths", Stage(showPaths), QVector<P>{P::PathGround, P::PathText, P::PathFrame});
+        row("ground of paths", Stage(showGroundOfPaths), QVector<P>{P::PathGround});
         row("waiter", Stage(showWaiter), QVector<P>{P::WaiterGround, P::WaiterFrame, P::WaiterText});
     }
     void openWindowsGoWithTheTheme()
@@ -146,8 +141,9 @@ private slots:
         QFETCH(Stage, stage);
         QFETCH(QVector<P>, purposes);
         bool looked = false;
-        stage([&](QWidget &window) {
+        const Look look = [&](QWidget &window) {
             looked = true;
+            window.window()->show();
             const QSize size = window.size();
             const QImage before = shot(window);
             QVERIFY(CBPTheme::apply("dark"));
@@ -160,30 +156,31 @@ private slots:
             CBPTheme::apply("light");
             QCOMPARE(shot(window), before);
             QCOMPARE(window.size(), size);
-        });
+        };
+        stage(look, false);
         QVERIFY(looked);
     }
 
     void whatAnApplicationHasSetStays_data()
     {
         columns<Stage>("stage");
-        using namespace std::placeholders;
-        row("button of a pop-up", Stage(std::bind(showPopUp, _1, true)));
-        row("message", Stage(std::bind(runMessage, _1, true)));
-        row("tip of text", Stage(std::bind(showTextTip, _1, true)));
-        row("menu", Stage(std::bind(openMenu, _1, true)));
+        row("button of a pop-up", Stage(showPopUp));
+        row("message", Stage(runMessage));
+        row("tip of text", Stage(showTextTip));
+        row("menu", Stage(openMenu));
     }
     void whatAnApplicationHasSetStays()
     {
         QFETCH(Stage, stage);
         bool looked = false;
-        stage([&](QWidget &window) {
+        const Look look = [&](QWidget &window) {
             looked = true;
             for (const char *theme : {"dark", "contrast", "light"}) {
                 CBPTheme::apply(theme);
                 QVERIFY2(shows(shot(window), kOwn), theme);
             }
-        });
+        };
+        stage(look, true);
         QVERIFY(looked);
     }
 

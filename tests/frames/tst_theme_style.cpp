@@ -95,11 +95,14 @@ private slots:
         check(new CBPQtMainWindow);
         check(new CBPPopWnd(nullptr));
         check(new CBPWinWidget(nullptr));
-        QVERIFY(QToolTip::palette() == tips && QApplication::palette("QMenu") == menus);
+        QVERIFY(QToolTip::palette().toolTipBase() == tips.toolTipBase() &&
+                QApplication::palette("QMenu").base() == menus.base());
         QPalette green = tips; // the application's own
         green.setColor(QPalette::ToolTipBase, Qt::green);
-        QToolTip::setPalette(green);
         CBPTheme::givePalette(true);
+        QToolTip::setPalette(green);
+        CBPTheme::apply("dark");
+        CBPTheme::givePalette(false);
         QVERIFY(QToolTip::palette() == green);
         QToolTip::setPalette(tips);
     }
