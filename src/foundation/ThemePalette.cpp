@@ -187,7 +187,9 @@ private:
         m_renewing = true;
         const QPalette current = m_widget->palette(); // its mask tells of the widget alone
         const uint worn = wornRoles(current);
-        const uint others = (current.resolve() & ~worn) | (inheritedRoles() & ~rolesOf(m_kept));
+        // A window is what others inherit from, also where it lies in another one.
+        const uint inherited = m_whole ? 0 : inheritedRoles() & ~rolesOf(m_kept);
+        const uint others = (current.resolve() & ~worn) | inherited;
         const uint mine = rolesOf(tones) & ~others;
         QPalette next = current;
         next.resolve(current.resolve() & ~worn);
