@@ -314,9 +314,10 @@ public:
     /// Menus and tool tips, windows of their own, have it in the whole application, unless it gives them a
     /// palette afterwards. Off at first.
     ///
-    /// Some styles draw parts in other colours than the palette's: Fusion outlines in a shade of the ground,
-    /// Windows' own style has light fields and buttons. CBPStyle::Install() gives all of them the theme's.
-    /// Links in a rich text have the colour of QApplication::palette(). \since 1.0
+    /// Where fields and buttons are native and light (Windows' own style, when the window is made), the
+    /// window has the ground and the texts on it only; Fusion outlines in a shade of the ground, which is
+    /// faint in dark themes. CBPStyle::Install() gives all the theme's colours. Links in a rich text have the
+    /// colour of QApplication::palette(). \since 1.0
     static void givePalette(bool give);
 
     /// Whether the library's windows are given palette(). \since 1.0
