@@ -12,6 +12,7 @@
 #include "CBPSearchEdit.h"
 #include "LumQtVersion.h"
 
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
@@ -35,6 +36,16 @@ QWidget *plainCorner()
     auto *corner = new QWidget;
     theme::fill(corner, theme::kGround);
     return corner;
+}
+
+// Between the side bar and the page, where both have one ground.
+QWidget *edge(QWidget *bar)
+{
+    auto *line = new QWidget(bar);
+    line->setFixedWidth(1);
+    theme::fill(line, theme::kLine);
+    theme::follow(line, [line] { line->setVisible(theme::kSide.color() == theme::kGround.color()); });
+    return line;
 }
 
 } // namespace
@@ -65,7 +76,7 @@ QWidget *GalleryWindow::makeSideBar()
     bar->setAccessibleName(tr("Side bar"));
     theme::fill(bar, theme::kSide);
 
-    auto *layout = new QVBoxLayout(bar);
+    auto *layout = new QVBoxLayout;
     layout->setContentsMargins(0, theme::kUnit, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(makeSearch());
@@ -79,6 +90,10 @@ QWidget *GalleryWindow::makeSideBar()
         theme::label(QStringLiteral("LumQtLib " LUMQT_VERSION_STR), theme::Normal, 12, theme::kSideHeading);
     version->setContentsMargins(3 * theme::kUnit, 2 * theme::kUnit, 0, 2 * theme::kUnit);
     layout->addWidget(version);
+    auto *both = new QGridLayout(bar);
+    both->setContentsMargins(0, 0, 0, 0);
+    both->addLayout(layout, 0, 0);
+    both->addWidget(edge(bar), 0, 0, Qt::AlignRight); // over the list
     return bar;
 }
 

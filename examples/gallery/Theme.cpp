@@ -96,7 +96,9 @@ Qt::Alignment lineStart()
 
 QColor Tone::color() const
 {
-    if (CBPTheme::current() == QLatin1String("light") || (m_onSide && isDark(kSide)))
+    const QString theme = CBPTheme::current();
+    if (theme == QLatin1String("light") ||
+        (m_onSide && theme != QLatin1String("contrast") && isDark(kSide)))
         return QColor::fromRgba(m_light);
     const QColor from = CBPTheme::color(m_from);
     const QColor to = CBPTheme::color(m_to);

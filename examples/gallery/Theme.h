@@ -35,7 +35,7 @@ public:
         : m_light(light), m_from(from), m_to(to), m_percent(percent)
     {}
 
-    // For the side bar, which is dark in most themes: `light` wherever it is.
+    // For the side bar, which is dark in most themes: `light` wherever it is, but for high contrast.
     static constexpr Tone onSide(QRgb light, Purpose purpose)
     {
         Tone tone(light, purpose);

@@ -3,6 +3,7 @@
 #include "CBPCheckBox.h"
 #include "CBPDropdownBtn.h"
 #include "CBPMenuItem.h"
+#include "CBPStyle.h"
 #include "CBPTheme.h"
 #include "Util.h"
 
@@ -77,7 +78,8 @@ int main(int argc, char *argv[])
     Util::InstallCatalogue();
 
     //! [start]
-    CBPTheme::givePalette(true);                                // plain Qt widgets go with the theme
+    CBPStyle::Install();                                        // plain Qt widgets look like the library's
+    CBPTheme::givePalette(true);                                // and go with the theme
     CBPTheme::load(Util::getResFullPath("../res/evening.ini")); // one more name, if the file is there
     CBPTheme::apply("dark");
     //! [start]
