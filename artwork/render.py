@@ -1,7 +1,8 @@
 """Renders the pictures of the library from the drawings in glyphs/.
 
-A drawing is one glyph on a grid of 24 units, in "currentColor". The tables below say which files are made of it:
-the colour of the glyph, the tile behind it and the size of the canvas. No state is drawn twice.
+A drawing is one glyph on a grid of 24 units, in "currentColor". The tables say which files are made of it: themes.py
+the colours of each theme, pictures() below the glyph, the canvas and the look. No state is drawn twice: a theme's
+folder holds only the files that differ from those for light grounds.
 
 Called by render.sh, which installs the tools. Usage: render.py FOLDER
 """
@@ -9,75 +10,20 @@ Called by render.sh, which installs the tools. Usage: render.py FOLDER
 import math
 import pathlib
 import re
+import shutil
 import subprocess
 import sys
 import tempfile
 from dataclasses import dataclass
+
+import grounds
+from themes import THEMES, Look, themed
 
 GLYPHS = pathlib.Path(__file__).resolve().parent / "glyphs"
 GRID = 24
 STROKE = 2
 FRACTIONS = (1.25, 1.5, 1.75)  # scalings that files of their own are made for
 CORNER = 4  # of the tile behind a caption glyph
-
-# The two accents of the library, and the darker shade of the first that still reads on a pale one.
-BLUE = "#49a7f5"
-TEAL = "#4baeb2"
-DEEP_BLUE = "#2f86d6"
-WHITE = "#ffffff"
-DARK_BAR = "#222a3e"
-
-# A mid tone: 3.7:1 on white and 3.8:1 on the dark title bar, for buttons that are shown on both.
-CAPTION_INK = "#76869b"
-FIELD_INK = "#5c6672"  # icons inside white fields
-AMBER = "#e3951f"
-RED = "#e04848"
-DARK_RED = "#b93535"
-
-
-@dataclass(frozen=True)
-class Look:
-    """How a glyph looks in one state: its ink and the tile behind it (none when tile is empty)."""
-
-    ink: str
-    tile: str = ""
-    tile_opacity: float = 1
-    opacity: float = 1
-
-
-def caption_looks(hover_ink, disabled):
-    """The four states of a caption button: a mid tone, a tinted tile, a solid tile, a pale glyph."""
-    return {
-        "normal": Look(CAPTION_INK),
-        "hover": Look(hover_ink, BLUE, 0.12),
-        "press": Look(WHITE, DEEP_BLUE),
-        "disable": disabled,
-    }
-
-
-def close_looks(looks):
-    return {**looks, "hover": Look(WHITE, RED), "press": Look(WHITE, DARK_RED)}
-
-
-CAPTION = caption_looks(DEEP_BLUE, Look(CAPTION_INK, opacity=0.4))
-# The title bar is always dark, and Qt applies the opacity of a group to each of its shapes, which shows where they
-# overlap: here the pale glyph is an opaque colour.
-TITLE_BAR = caption_looks(BLUE, Look("#465166"))
-# The back button paints its own capsule, so its pictures have no tile.
-BACK = {
-    "normal": Look(CAPTION_INK),
-    "hover": Look(BLUE),
-    "press": Look(WHITE),
-    "disable": Look("#465166"),
-}
-GIFT = {"normal": Look(TEAL), "hover": Look("#7fd0d3", TEAL, 0.2)}
-FIELD = {
-    "normal": Look(FIELD_INK),
-    "hover": Look(DEEP_BLUE),
-    "press": Look("#1c5f9f"),
-    "disable": Look(FIELD_INK, opacity=0.4),
-}
-CLEAR = {"normal": Look("#7a8794"), "hover": Look(RED), "press": Look(DARK_RED)}
 
 # Canvas sizes in pixels (width, height) at 100 per cent.
 STRIP_BUTTON = (28, 28)
@@ -106,66 +52,64 @@ def states(pattern, glyph, size, looks, **placement):
     return [Picture(pattern.format(state), glyph, size, look, **placement) for state, look in looks.items()]
 
 
-def pictures():
+def pictures(theme):
     table = []
-    # White strips; maximise and restore are shown on the dark title bar too.
+    strip, bar = theme["strip"], theme["bar"]
+    # Strips as light as the window; maximise and restore are shown on the dark title bar too.
     for name, glyph in (("list", "list"), ("minimize", "minimize"), ("maximize", "maximize")):
-        table += states(name + "_{}.png", glyph, STRIP_BUTTON, CAPTION)
-    table += states("maximize_restore_{}.png", "restore", STRIP_BUTTON, CAPTION)
-    table += states("close_{}.png", "close", STRIP_BUTTON, close_looks(CAPTION))
-    table.append(Picture("line.png", "separator", (9, 28), Look("#c8ced6"), at=(-8, 2)))
-    table.append(Picture("title_logo.png", "logo", (24, 24), Look(WHITE)))
+        table += states(name + "_{}.png", glyph, STRIP_BUTTON, strip)
+    table += states("maximize_restore_{}.png", "restore", STRIP_BUTTON, strip)
+    table += states("close_{}.png", "close", STRIP_BUTTON, {**strip, **theme["close"]})
+    table.append(Picture("line.png", "separator", (9, 28), theme["line"], at=(-8, 2)))
+    table.append(Picture("title_logo.png", "logo", (24, 24), theme["logo"]))
 
     # The dark title bar.
-    table += states("Common/minimize_{}.png", "minimize", BAR_BUTTON, TITLE_BAR)
-    table += states("Common/ico_more_{}.svg", "more", BAR_BUTTON, TITLE_BAR)
-    table += states("Common/ico_onlinesupport_{}.svg", "support", BAR_BUTTON, TITLE_BAR)
-    table += states("Common/gift_{}.svg", "gift", BAR_BUTTON, GIFT)
-    for state, look in close_looks(TITLE_BAR).items():
+    table += states("Common/minimize_{}.png", "minimize", BAR_BUTTON, bar)
+    table += states("Common/ico_more_{}.svg", "more", BAR_BUTTON, bar)
+    table += states("Common/ico_onlinesupport_{}.svg", "support", BAR_BUTTON, bar)
+    table += states("Common/gift_{}.svg", "gift", BAR_BUTTON, theme["gift"])
+    for state, look in {**bar, **theme["close"]}.items():
         spelled = "noemal" if state == "normal" else state  # the name the title bar asks for
         table.append(Picture(f"Common/ico_guanbi_{spelled}.svg", "close", BAR_BUTTON, look))
     # A round button draws its picture half its height in from the left: the arrow lies left on the canvas, so that
     # it comes to rest in the middle of a capsule of 48 x 32.
-    table += states("Common/back_{}.png", "back", (48, 32), BACK, at=(-4, 4))
+    table += states("Common/back_{}.png", "back", (48, 32), theme["back"], at=(-4, 4))
 
     # Message boxes.
-    for name, glyph, ink in (
-        ("info", "info", BLUE),
-        ("quest", "question", TEAL),
-        ("alert", "alert", AMBER),
-        ("wrong", "error", RED),
-    ):
-        table.append(Picture(f"icon_{name}.png", glyph, MESSAGE_ICON, Look(ink), scale=2))
+    for name, glyph in (("info", "info"), ("quest", "question"), ("alert", "alert"), ("wrong", "error")):
+        table.append(Picture(f"icon_{name}.png", glyph, MESSAGE_ICON, theme["message"][name], scale=2))
 
     # Fields and lists.
+    field = theme["field"]
     for name, glyph in (("icon_user", "user"), ("icon_lock", "lock")):
-        table.append(Picture(name + ".png", glyph, LEAD_ICON, FIELD["normal"]))
+        table.append(Picture(name + ".png", glyph, LEAD_ICON, field["normal"]))
     for name, glyph in (("search_icon", "search"), ("icon_arrowdown", "chevron-down"), ("icon_arrowup", "chevron-up")):
-        table.append(Picture(name + ".png", glyph, FIELD_ICON, FIELD["normal"]))
-    table += states("icon_delete_{}.png", "clear", FIELD_ICON, CLEAR)
+        table.append(Picture(name + ".png", glyph, FIELD_ICON, field["normal"]))
+    table += states("icon_delete_{}.png", "clear", FIELD_ICON, theme["clear"])
     for direction, glyph in (("prev", "page-left"), ("next", "page-right")):
         # On the highlight colour of a calendar's bar, whatever it is: the disc brings its own ground.
-        table.append(Picture(f"calendar_{direction}.png", glyph, FIELD_ICON, Look(DARK_BAR)))
+        table.append(Picture(f"calendar_{direction}.png", glyph, FIELD_ICON, theme["page"]))
     # An image button with a border draws its picture five pixels in from the left: the glyph lies left on the canvas.
-    for state, look in FIELD.items():
+    for state, look in field.items():
         suffix = "" if state == "normal" else "_" + state
         table.append(Picture(f"icon_log_calendar{suffix}.png", "calendar", (24, 20), look, at=(-4, -2)))
-    for state in ("normal", "hover", "press"):
+    for state, look in theme["delete"].items():
         suffix = "" if state == "normal" else "_" + state
-        look = {"normal": FIELD["normal"], "hover": Look(RED), "press": Look(DARK_RED)}[state]
         table.append(Picture(f"delete{suffix}.png", "cross", (20, 20), look, at=(-7, -2)))
 
     # The two halves of the mark, which a waiter draws apart.
-    table.append(Picture("log_l.png", "logo", (12, 24), Look(WHITE), at=(0, 0)))
-    table.append(Picture("log_r.png", "logo", (12, 24), Look(WHITE), at=(-12, 0)))
+    table.append(Picture("log_l.png", "logo", (12, 24), theme["logo"], at=(0, 0)))
+    table.append(Picture("log_r.png", "logo", (12, 24), theme["logo"], at=(-12, 0)))
     return table
 
 
-def drawing(glyph, ink):
-    """The inside of a glyph's file in one colour."""
+def drawing(glyph, look):
+    """The inside of a glyph's file in the colours of a look."""
     text = (GLYPHS / (glyph + ".svg")).read_text(encoding="utf-8")
     inside = re.search(r"<svg[^>]*>\n(.*)</svg>", text, re.S).group(1)
-    return inside.replace("currentColor", ink)
+    for color, instead in look.swaps:
+        inside = inside.replace(color, instead)
+    return inside.replace("currentColor", look.ink)
 
 
 def number(value):
@@ -192,7 +136,7 @@ def compose(picture):
     x, y = picture.at or ((w - span) // 2, (h - span) // 2)
     transform = f"translate({x} {y})" + (f" scale({picture.scale})" if picture.scale != 1 else "")
     opacity = "" if look.opacity == 1 else f' opacity="{number(look.opacity)}"'
-    body += f'  <g transform="{transform}"{opacity}>\n{drawing(picture.glyph, look.ink)}  </g>\n'
+    body += f'  <g transform="{transform}"{opacity}>\n{drawing(picture.glyph, look)}  </g>\n'
     return document(picture.size, body)
 
 
@@ -265,7 +209,7 @@ def compose_fitted(picture, zoom):
     opacity = "" if look.opacity == 1 else f' opacity="{number(look.opacity)}"'
     # In the files a group's stroke width is that of its shapes.
     shapes = [fitted(line, place, zoom) if re.match(r"\s*<(path|rect|circle|linearGradient|g) ", line) else line
-              for line in drawing(picture.glyph, look.ink).splitlines()]
+              for line in drawing(picture.glyph, look).splitlines()]
     body += f"  <g{opacity}>\n" + "\n".join(shapes) + "\n  </g>\n"
     return document((w, h), body)
 
@@ -276,19 +220,21 @@ def point(centre, radius, degrees):
     return number(centre + radius * math.sin(a)), number(centre - radius * math.cos(a))
 
 
-def spinner(centre, radius, stroke, head, span):
-    """A pale ring and on it an arc of `span` degrees that ends at `head`, running from teal to the deep blue."""
+def spinner(theme, centre, radius, stroke, head, span):
+    """A pale ring and on it an arc of `span` degrees that ends at `head`, from the second accent to the first."""
+    tail_ink, head_ink = theme["arc"]
+    ring = theme["ring"]
     x0, y0 = point(centre, radius, head - span)
     x1, y1 = point(centre, radius, head)
     large = 1 if span > 180 else 0
     return f"""  <defs>
     <linearGradient id="arc" gradientUnits="userSpaceOnUse" x1="{x0}" y1="{y0}" x2="{x1}" y2="{y1}">
-      <stop offset="0" stop-color="{TEAL}"/>
-      <stop offset="1" stop-color="{DEEP_BLUE}"/>
+      <stop offset="0" stop-color="{tail_ink}"/>
+      <stop offset="1" stop-color="{head_ink}"/>
     </linearGradient>
   </defs>
   <g fill="none" stroke-width="{stroke}" stroke-linecap="round">
-    <circle cx="{centre}" cy="{centre}" r="{radius}" stroke="{DEEP_BLUE}" stroke-opacity="0.2"/>
+    <circle cx="{centre}" cy="{centre}" r="{radius}" stroke="{ring.ink}" stroke-opacity="{number(ring.opacity)}"/>
     <path d="M{x0} {y0}A{radius} {radius} 0 {large} 1 {x1} {y1}" stroke="url(#arc)"/>
   </g>
 """
@@ -299,17 +245,19 @@ def breathing_span(frame, frames):
     return 165 - 75 * math.cos(2 * math.pi * frame / frames)
 
 
-def loading_frame(frame):
+def loading_frame(theme, frame):
     """24 frames at 80 ms hold two turns, so that a turn takes about a second."""
     w, h = LOADING
-    return document(LOADING, spinner(w // 2, w // 2 - 2, STROKE, frame * 30, breathing_span(frame, 24)))
+    return document(LOADING, spinner(theme, w // 2, w // 2 - 2, STROKE, frame * 30, breathing_span(frame, 24)))
 
 
-def waiting_frame(frame, frames):
-    """The spinner on a white tile: a GIF has no half transparent pixels, so the ground comes with it."""
+def waiting_frame(theme, frame, frames):
+    """The spinner on a tile: a GIF has no half transparent pixels, so the ground comes with it."""
     w, h = WAITING
-    body = f'  <rect x="0.5" y="0.5" width="{w - 1}" height="{h - 1}" rx="8" fill="{WHITE}" stroke="#d5dbe2"/>\n'
-    return document(WAITING, body + spinner(w // 2, 16, 2 * STROKE, frame * 720 / frames, breathing_span(frame, frames)))
+    fill, frame_ink = theme["waiting"]
+    body = f'  <rect x="0.5" y="0.5" width="{w - 1}" height="{h - 1}" rx="8" fill="{fill}" stroke="{frame_ink}"/>\n'
+    arc = spinner(theme, w // 2, 16, 2 * STROKE, frame * 720 / frames, breathing_span(frame, frames))
+    return document(WAITING, body + arc)
 
 
 def rasterize(svg, target, zoom):
@@ -329,12 +277,12 @@ def write_fitted(picture, target):
         rasterize(compose_fitted(picture, zoom), target.with_name(f"{target.stem}@{zoom:g}x.png"), 1)
 
 
-def write_waiting(target, zoom, frames=48):
+def write_waiting(theme, target, zoom, frames=48):
     with tempfile.TemporaryDirectory() as folder:
         names = []
         for frame in range(frames):
             name = pathlib.Path(folder) / f"{frame:02}.png"
-            rasterize(waiting_frame(frame, frames), name, zoom)
+            rasterize(waiting_frame(theme, frame, frames), name, zoom)
             names.append(str(name))
         # One palette for all frames and no dithering: the tile stays clean and the file small.
         command = ["convert", "-delay", "4", "-dispose", "none", *names, "-channel", "A", "-threshold", "50%", "+channel"]
@@ -342,23 +290,39 @@ def write_waiting(target, zoom, frames=48):
         subprocess.run(command, check=True)
 
 
+def write_picture(picture, target):
+    if target.suffix == ".svg":
+        target.parent.mkdir(parents=True, exist_ok=True)
+        target.write_text(compose(picture), encoding="utf-8", newline="\n")
+        return
+    write_png(compose(picture), target)
+    if picture.glyph in FITTED:
+        write_fitted(picture, target)
+
+
+def write_theme(name, out):
+    """All pictures of the light theme, of another those that differ from them."""
+    theme = themed(name)
+    table = pictures(theme)
+    grounds.check(name, theme, table)
+    light = {picture.file: picture for picture in pictures(themed(""))} if name else {}
+    for picture in table:
+        if picture != light.get(picture.file):
+            write_picture(picture, out / picture.file)
+    for frame in range(24):
+        write_png(loading_frame(theme, frame), out / "loading" / f"loading{frame:02}.png")
+    write_waiting(theme, out / "waiting.gif", 1)
+    write_waiting(theme, out / "waiting@2x.gif", 2)
+
+
 def main():
     if len(sys.argv) != 2:
         sys.exit("usage: render.py FOLDER")
     out = pathlib.Path(sys.argv[1])
-    for picture in pictures():
-        target = out / picture.file
-        target.parent.mkdir(parents=True, exist_ok=True)
-        if target.suffix == ".svg":
-            target.write_text(compose(picture), encoding="utf-8", newline="\n")
-        else:
-            write_png(compose(picture), target)
-            if picture.glyph in FITTED:
-                write_fitted(picture, target)
-    for frame in range(24):
-        write_png(loading_frame(frame), out / "loading" / f"loading{frame:02}.png")
-    write_waiting(out / "waiting.gif", 1)
-    write_waiting(out / "waiting@2x.gif", 2)
+    for name in THEMES:
+        if name:  # what a theme does not draw any more must not stay in its folder
+            shutil.rmtree(out / name, ignore_errors=True)
+        write_theme(name, out / name)
 
 
 if __name__ == "__main__":

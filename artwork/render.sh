@@ -12,4 +12,4 @@ ensure_packages librsvg2-bin imagemagick python3
 
 out=${1:-$here/../res}
 say "Rendering the pictures into $out"
-python3 "$here/render.py" "$out"
+python3 -B "$here/render.py" "$out"

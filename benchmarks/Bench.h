@@ -55,3 +55,4 @@ void benchDateTimes(Bench &bench);
 void benchProgressBar(Bench &bench);
 void benchLayouts(Bench &bench);
 void benchPathList(Bench &bench);
+void benchThemes(Bench &bench);

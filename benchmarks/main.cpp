@@ -36,5 +36,6 @@ int main(int argc, char *argv[])
     benchProgressBar(bench);
     benchLayouts(bench);
     benchPathList(bench);
+    benchThemes(bench);
     return bench.report(parser.value(json)) ? 0 : 1;
 }

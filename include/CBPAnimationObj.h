@@ -82,9 +82,16 @@ private Q_SLOTS:
 
 private:
     void init();
-    void load(const QStringList &paths);
+    QVector<QPixmap> load() const;
+    QVector<QPixmap> cutStrip() const;
+    void followTheme() const;
 
-    QVector<QPixmap> m_frames;
+    mutable QVector<QPixmap> m_frames;
+    QStringList m_paths;              // of the frames, or of their strip
+    mutable quint32 m_generation = 0; // of the theme whose pictures these are
+    int m_stripFrames = 0;
+    bool m_isStrip = false;
+    bool m_horizontal = false; // the strip
     QTimer m_timer;
     int m_index;
     int m_startDelay; // milliseconds left; below 0 once it has run out

@@ -103,7 +103,7 @@ public:
     void AnimatedHorizontal(QSize start, QSize end, int iDuration);
 
 protected:
-    /// The frame's colour, for derived boxes that draw more of it.
+    /// The frame's colour as it is painted, for derived boxes that draw more of it.
     /// \since 1.0
     QColor frameColor() const;
 
@@ -111,8 +111,10 @@ protected:
 
 private:
     friend class CButtonGroupBox;
+    friend class CBPGridBox;
     friend class lumqt::ButtonPart; // has another layout
     void Init();
+    void setFramePurpose(int purpose);
 
     bool m_bVertical;
     bool m_bOption; // kept for callers that pass it; nothing depends on it
@@ -121,6 +123,9 @@ private:
     bool m_bDrawFrame = false;
     QColor m_clrFrame;
     QColor m_clrBg;
+    bool m_ownFrame = false; // set by a caller
+    bool m_ownBg = false;
+    int m_framePurpose; // a CBPTheme::Purpose: of the frame until a caller sets its colour
     QPropertyAnimation *m_pHeightAnimation = nullptr;
     QPropertyAnimation *m_pSizeAnimation = nullptr;
     QVector<QSpacerItem *> m_givenSpacers; // of AddSpacerItem(), to tell them from our own

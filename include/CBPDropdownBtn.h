@@ -146,13 +146,14 @@ private:
     QFont textFont() const;
     QRect visual(const QRect &place) const;
     QRect arrowRect() const;
+    QColor dividerColor(int index) const;
     void drawContent(QPainter &painter, int index);
 
     QString m_text;
     QIcon m_icon;
     QFont m_font;
     int m_id = 0;
-    QColor m_focusFrameColor;
+    QColor m_focusFrameColor; // invalid: not set
     bool m_split = false;
     bool m_pressed = false; // by mouse or Space, and to be clicked at the release
     bool m_menuOpen = false;

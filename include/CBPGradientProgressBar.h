@@ -80,7 +80,7 @@ private:
     void runTimers();
     void repaintOrRest();
     void drawHighlight(QPainter &painter, const QRect &filled) const;
-    void drawPercentage(QPainter &painter);
+    void drawPercentage(QPainter &painter, const QRect &filled);
 
     QTimer *m_gradientTimer = nullptr;
     QTimer *m_drawTimer = nullptr;
@@ -94,8 +94,7 @@ private:
     bool m_firstValue = true;
     bool m_rescaleOnResize = true;
     bool m_showText = false;
-    QColor m_gradientStart;
-    QColor m_gradientEnd;
+    bool m_ownColors;        // others than the default ones
     int m_measuredWidth = 0; // the widget's width that the bar width goes with
     bool m_onScreen = false;
     std::unique_ptr<lumqt::CachedText> m_text; // made when first painted

@@ -177,6 +177,7 @@ private:
     QString spokenName() const;
     void nameChanged();
     void textChanged();
+    void placeText(const QString &text, const QFont &font, bool besideImage, int spacing, int leftMargin);
     void reportActivation();
     void followKey(bool wasDown);
     void placeRing();
@@ -200,6 +201,8 @@ private:
     int m_index = 0;
     QVector<QString> m_images;
     QVector<QColor> m_textColors;
+    short m_textPurpose; // of the first state, until an application sets the colours
+    bool m_ownTextColors = false;
     QVector<QColor> m_bkgColors;
     QVector<QBrush> m_bkgBrushes;
     QVector<QColor> m_borderColors;
@@ -219,7 +222,7 @@ private:
     int m_textHeight = 0;
     int m_iconVoffset = 0;
     bool m_specialIconShown = false;
-    QColor m_specialIconColor;
+    QColor m_specialIconColor;  // invalid: not set
     QPointer<CTextTips> m_tips; // made when first shown
     QString m_tipsText;
     QSize m_paintedImage; // valid while a paint is under way

@@ -100,7 +100,7 @@ private:
     int m_type;
     int m_mouseState = 0;
     QFont m_font;
-    QVector<QColor> m_textColors;
+    QVector<QColor> m_textColors; // empty: not set
     int m_bindId;
     bool m_selected = false;
     bool m_hoverUnderline = false; // of the type that is underlined under the mouse

@@ -105,7 +105,8 @@ public:
     /// \since 1.0
     void ResetActionRes(const QVariant &itemData, const QVector<QString> &images);
 
-    /// Colour of the texts; white by default.
+    /// Colour of the texts; white by default, and where a theme says nothing else. An invalid one is that of
+    /// the theme again.
     /// \since 1.0
     void setTextColor(QColor color);
 
@@ -153,7 +154,7 @@ public:
     /// than the value given to setSeparatorRectHeight(). \since 1.0
     void setSeparatorHeight(int width);
 
-    /// Border around the menu; none by default. A nested menu has none.
+    /// Border around the menu; none by default, where a theme gives it no frame. A nested menu has none.
     /// \since 1.0
     void SetBorderInfo(int width, const QColor &color);
 
@@ -232,6 +233,9 @@ private:
     bool opensSubMenu(const QAction *action) const;
 
     QColor background(int index) const;
+    QColor textColor(bool hovered) const;
+    bool hasOwnDisabledText() const;
+    QColor itemTextColor(const ItemView &item) const;
     QColor bodyColor() const;
     QColor edgeColor() const;
     QRect bodyRect() const;
@@ -239,6 +243,7 @@ private:
     QRegion bodyShape() const;
     void updateMask();
     void paintBody(QPainter *painter);
+    void paintFrame(QPainter *painter);
     void paintItem(QPainter *painter, const ItemView &item);
     QPixmap itemPixmap(QAction *action, bool hovered);
     QPixmap arrowPixmap();
@@ -248,14 +253,14 @@ private:
     QVector<QPointer<QMenu>> tornOffMenus() const;
 
     QVector<QPointer<QMenu>> m_subMenus;
-    QVector<QColor> m_bg;
+    QVector<QColor> m_bg; // empty: the theme's
     QVector<QColor> m_frameClr;
     CBPMenuItemSizeStyle *m_sizeStyle = nullptr; // owned; the one in use
     QSize m_itemSize;
     QString m_sizeRule; // in the style sheet, against one of the application
     bool m_keepsSize = false;
     bool m_otherStyle = false; // perhaps: the menu's style has changed since
-    QColor m_textColor;
+    QColor m_textColor;        // invalid: the theme's
     int m_widestText = 0;
     int m_itemHeight = 0;
     int m_minWidth = 0;
@@ -280,6 +285,7 @@ private:
 
     std::unique_ptr<lumqt::MenuTexts> m_texts;
     QPointer<QAction> m_shownHover; // painted as hovered at the last paint
+    bool m_paintsHovered = false;   // an item on the theme's highlight
     bool m_opaque = false;          // shown where nothing composes windows
     bool m_mayBeTorn = false;       // it has been shown with a handle to tear it off by
 };

@@ -17,6 +17,7 @@ class QPen;
 namespace lumqt {
 class CachedText;
 enum class Press : unsigned char;
+struct ButtonTones;
 } // namespace lumqt
 
 /// The library's push button: text, an icon before or behind it, a colour per state, an id, and a drop-down
@@ -211,6 +212,7 @@ private:
     friend class CBPMenuBtn;
     friend class CBPPopWnd;
     friend class CTriStateButton;
+    friend struct lumqt::ButtonTones;
 
     void init();
     void autoResizeBtn();
@@ -224,7 +226,8 @@ private:
     void followKey(bool wasDown, bool clicked);
     void drawCheckedLook(QPainter &painter, const QRect &rect) const;
 
-    QColor m_focusFrameColor;
+    QColor m_focusFrameColor; // invalid: not set
+    short m_ringPurpose;
     int m_bindId = 0;
     bool m_autoResize = false;
     bool m_selected = false;

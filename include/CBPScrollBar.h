@@ -31,7 +31,7 @@ public:
     void SetSliderRadius(double radiusX, double radiusY);
 
     /// Sets the colours of the slider, one per ENState: the first is drawn, and the second under the mouse.
-    /// Where one of these two is missing the built-in grey takes its place. The list is copied. \since 1.0
+    /// Where one of these two is missing the theme's takes its place. The list is copied. \since 1.0
     void SetSliderBg(QVector<QColor> &colors);
 
     /// Keeps two colours for the arrow buttons, which are not painted. \since 1.0
@@ -62,4 +62,5 @@ private:
     QColor m_clrArrowBg2;
     QColor m_clrMidLine;
     QColor m_clrBarBg;
+    bool m_ownGround = false; // set by a caller
 };

@@ -56,6 +56,7 @@ private:
     QToolButton *createButton(const char *objectName, const QString &accessibleName);
     void Changed(bool bEmpty);
     void keepTextClear();
+    void dressButtons();
 
     QToolButton *m_pBtnClose = nullptr; // clears the text
     QToolButton *m_pBtnSearch = nullptr;

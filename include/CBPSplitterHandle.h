@@ -30,4 +30,5 @@ protected:
 private:
     QPen m_pen;
     QBrush m_brush;
+    bool m_own = false; // both, set by a caller
 };

@@ -92,7 +92,7 @@ protected:
 private:
     void becomes(ENState state);
 
-    QVector<QColor> m_bgColors;
+    QVector<QColor> m_bgColors; // these are empty: not set
     QVector<QColor> m_frmColors;
     bool m_selected = false;
     bool m_drawBg = true;

@@ -23,8 +23,9 @@
 /// painter.fillRect(rect(), CBPTheme::color(CBPTheme::Purpose::Field));
 /// \endcode
 ///
-/// Pictures of the folder `res` that have a twin in `res/dark` or `res/contrast` are shown from there.
-/// GUI thread only. \since 1.0
+/// Pictures of the folder `res` that have a twin in `res/dark` or `res/contrast` are shown from there, and
+/// those of an application from a folder `dark` or `contrast` beside them, also in Qt's resources. GUI thread
+/// only. \since 1.0
 class LUMQT_EXPORT CBPTheme : public QObject
 {
     Q_OBJECT
@@ -107,6 +108,9 @@ public:
         ButtonTrianglePressed,   ///< the same while pressed
         ButtonTriangleDisabled,  ///< the same, disabled
         ButtonArrow,             ///< arrow of a button with a menu
+        ButtonArrowDisabled,     ///< the same, disabled
+        ButtonDivider,           ///< line between the text and the triangle of what drops down
+        ButtonDividerDisabled,   ///< the same, disabled
         ButtonFocusRing,         ///< ring of a push button with the keyboard focus
         PrimaryGround,           ///< ground of what is done most in a dialog
         PrimaryGroundHovered,    ///< the same under the mouse
@@ -129,6 +133,9 @@ public:
         SecondaryTextPressed,    ///< the same while pressed
         SecondaryTextDisabled,   ///< the same, disabled
         ImageText,               ///< text of an image button
+        ImageTextHovered,        ///< the same under the mouse
+        ImageTextPressed,        ///< the same while pressed
+        ImageTextDisabled,       ///< the same, disabled
         ImageTextMark,           ///< its special icon
         ImageTip,                ///< its tip text
         PlainText,               ///< text of a button that is picture and text alone
@@ -136,6 +143,9 @@ public:
         PlainTextPressed,        ///< the same while pressed
         PlainTextDisabled,       ///< the same, disabled
         ToolText,                ///< text of a tool button
+        ToolTextHovered,         ///< the same under the mouse
+        ToolTextPressed,         ///< the same while pressed
+        ToolTextDisabled,        ///< the same, disabled
         StateGround,             ///< ground of a widget with states
         StateGroundHovered,      ///< the same under the mouse
         StateGroundPressed,      ///< the same while pressed
@@ -162,30 +172,31 @@ public:
         ToggleTextDisabled,      ///< text of a disabled one
 
         // Menus, lists, tips.
-        MenuGround,         ///< ground of a menu's items
-        MenuGroundHovered,  ///< the same under the mouse
-        MenuGroundPressed,  ///< the same while pressed
-        MenuGroundDisabled, ///< the same, disabled
-        MenuText,           ///< text of a menu's items
-        MenuTextHovered,    ///< the same under the mouse
-        MenuTextPressed,    ///< the same while pressed
-        MenuTextDisabled,   ///< the same, disabled
-        MenuSeparator,      ///< line between a menu's items
-        PathFrame,          ///< frame of the list of paths
-        PathGround,         ///< its ground
-        PathGroundHovered,  ///< ground of its row under the mouse
-        PathText,           ///< text of its rows
-        PathTextHovered,    ///< text of its row under the mouse
-        TipFrame,           ///< frame of a tip
-        TipGround,          ///< ground of a tip
-        TextTipGround,      ///< ground of a tip of text
-        TextTipLight,       ///< its text where the ground is dark
-        TextTipDark,        ///< its text where the ground is light
+        MenuGround,        ///< ground of a menu's items
+        MenuGroundHovered, ///< the same under the mouse
+        MenuText,          ///< text of a menu's items
+        MenuTextHovered,   ///< the same under the mouse
+        MenuTextDisabled,  ///< the same, disabled; dimmed where it is that of the others
+        MenuBadgeHovered,  ///< dot of an item under the mouse
+        MenuFrame,         ///< frame of a menu that was given no border; see-through: none
+        MenuSeparator,     ///< line between a menu's items
+        PathFrame,         ///< frame of the list of paths
+        PathGround,        ///< its ground
+        PathGroundHovered, ///< ground of its row under the mouse
+        PathText,          ///< text of its rows
+        PathTextHovered,   ///< text of its row under the mouse
+        TipFrame,          ///< frame of a tip
+        TipGround,         ///< ground of a tip
+        TextTipGround,     ///< ground of a tip of text
+        TextTipFrame,      ///< its frame; see-through: none
+        TextTipLight,      ///< its text where the ground is dark
+        TextTipDark,       ///< its text where the ground is light
 
         // Pop-up windows, message boxes, waiters.
         PopUpGround,  ///< ground of a pop-up window
         PopUpLine,    ///< the line above its bottom area
         PopUpOutline, ///< its outline where there is no shadow
+        PopUpEdge,    ///< its outline beside the shadow; see-through: none
         MessageText,  ///< text of a message
         MessageHint,  ///< what is wrong with what was put in
         NoticeHead,   ///< heading of a notice
@@ -241,6 +252,7 @@ public:
         SliderText,           ///< its value
         ProgressTrack,        ///< ground of a progress bar
         ProgressText,         ///< its text
+        ProgressTextDone,     ///< the same on what is done
         ProgressStart,        ///< what is done, at its beginning
         ProgressEnd,          ///< at its end
         ProgressFirst,        ///< the moving first colour of a progress bar
@@ -251,6 +263,7 @@ public:
         HeadingText,          ///< text of a heading that can be clicked
         HeadingFocused,       ///< the same, the one in use
         HeadingDisabled,      ///< the same, disabled
+        RoundedGround,        ///< ground of a panel with round corners
         PanelGround           ///< ground of a plain panel
     };
     Q_ENUM(Purpose)
@@ -270,11 +283,12 @@ public:
     ///
     /// `name` is the theme's name, else the file's without its suffix; `base` is "light" (if left out) or
     /// "dark", whose colours and pictures the theme has where it says nothing. All other keys are purposes
-    /// with a colour, #rrggbb or #aarrggbb. Where a colour of the base is that of another purpose, it follows
-    /// that one: with `accent` alone, all that has the accent changes. Keys and colours that are not known
-    /// are said in the log, with file, key and what was expected, and the rest is used. A theme of the same
-    /// name takes the place of the one loaded before, and shows at once where that one is shown. The names of
-    /// the library's themes are refused. \since 1.0
+    /// with a colour, \#rrggbb or \#aarrggbb. Sections only group; lines that begin with ; or \# are remarks,
+    /// and so is what follows a ; behind a value that is not in quotation marks. Where a colour of the base
+    /// is that of another purpose, it follows that one: with `accent` alone, all that has the accent changes.
+    /// Keys and colours that are not known are said in the log, with file, key and what was expected, and the
+    /// rest is used. A theme of the same name takes the place of the one loaded before, and shows at once
+    /// where that one is shown. The names of the library's themes are refused. \since 1.0
     static QString load(const QString &file);
 
     /// The name of the theme that is shown. \since 1.0
@@ -295,6 +309,8 @@ public:
 
     /// Whether the library's windows have palette(), now and after each change, which plain Qt widgets in
     /// them take over. Colours that an application has set in the palette of such a window or widget stay.
+    /// In a window with a style sheet Qt passes no palette on, unless the application has the attribute
+    /// Qt::AA_UseStyleSheetPropagationInWidgetStyles.
     /// Menus and tool tips, windows of their own, have it in the whole application, unless it gives them a
     /// palette afterwards. Off at first.
     ///

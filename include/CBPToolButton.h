@@ -190,6 +190,7 @@ private:
     QVector<QString> m_images;
     QString m_text;
     QVector<QColor> m_textColors;
+    bool m_ownTextColors = false; // an application has set them
     QFont m_font;
     int m_left;
     int m_right;

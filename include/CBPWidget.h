@@ -41,4 +41,5 @@ protected:
 private:
     QBrush m_brush;
     QPen m_pen;
+    bool m_ownBrush = false; // set by a caller
 };

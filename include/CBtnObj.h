@@ -7,12 +7,17 @@
 #include <QMargins>
 #include <QVector>
 
+namespace lumqt {
+struct ButtonTones;
+}
+
 /// Appearance and state of a button: what every custom-drawn button carries beside its Qt base.
 ///
 /// A plain value without signals: setters store and never repaint, the button shows a change at its next
 /// paint. Every list of colours holds one entry per state in the order normal, hover, pressed, disabled. A
 /// list of another length is stored, but buttons paint with the built-in colours until it is replaced by one
-/// of four. GUI thread only. \since 1.0
+/// of four. What was never set is reported in the built-in colours and painted in those of the theme
+/// (CBPTheme). GUI thread only. \since 1.0
 class LUMQT_EXPORT CBtnObj
 {
 public:
@@ -130,7 +135,7 @@ public:
     QIcon::Mode iconMode() const;
 
 protected:
-    /// The background to paint for a state: from the list if it has four entries, else the built-in colour.
+    /// The background to paint for a state: from a list of four entries that was set, else the theme's.
     /// \since 1.0
     QColor paintedBgColor(int index) const;
     /// The frame colour to paint for a state; see paintedBgColor().
@@ -153,4 +158,15 @@ protected:
     int m_frmWidth = 1;              ///< frame width in pixels
     bool m_frmTrancent = false;      ///< no frame around a square button
     QMargins m_removeMargin;         ///< cut off the widget before painting, in pixels
+
+private:
+    friend struct lumqt::ButtonTones;
+    friend class CBPDropdownBtn;
+
+    QColor paintedTriangleColor(int index) const;
+    bool hasOwnTextColor() const;
+
+    short m_bgPurpose; // CBPTheme::Purpose of the first state, of a list that nobody has set
+    short m_frmPurpose;
+    short m_textPurpose;
 };

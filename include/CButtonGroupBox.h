@@ -11,6 +11,7 @@ class CBPPushBtn;
 namespace lumqt {
 class FocusGroup;
 class GroupButton;
+class TabBar;
 } // namespace lumqt
 
 /// A horizontal row of push buttons, edge to edge in a frame, with thin lines between them. Where the row is
@@ -63,8 +64,10 @@ private Q_SLOTS:
 
 private:
     friend class lumqt::GroupButton;
+    friend class lumqt::TabBar;
 
     CBPPushBtn *CreateButton(int id, QString text, QString iconPath);
+    void setTones(int frame, int ground);
     void drawSeparators(QPainter &painter) const;
     void drawOverButton(QPainter &painter) const;
 
@@ -72,5 +75,8 @@ private:
     QVector<QPointer<CBPPushBtn>> m_buttons;
     QVector<QColor> m_textColors;
     QVector<QColor> m_bgColors;
+    bool m_ownTextColors = false; // an application has set them
+    bool m_ownBgColors = false;
+    int m_bgPurpose = 0; // of a button in its first state, until then
     lumqt::FocusGroup *m_focusGroup;
 };

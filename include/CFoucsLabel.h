@@ -115,7 +115,7 @@ private:
     QString m_text;
     int m_indent;
     int m_spacing;
-    QColor m_plainColor;
+    QColor m_plainColor; // invalid: the theme's
     QColor m_focusedColor;
     std::unique_ptr<Icon> m_lead;
     std::unique_ptr<Icon> m_tail;

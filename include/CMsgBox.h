@@ -130,6 +130,7 @@ private:
     const char *infoMsg(int type);
     QString headText(int type, QString text);
     QPixmap iconPixmap(int type);
+    void keepInTheme(int type, const QString &head);
     void setTitle(int type, const QString &caption);
     QWidget *addForm(CBPLabel *prompt);
     CBPLineEdit *addEdit(const char *icon, const char *placeholder, int maxLength);

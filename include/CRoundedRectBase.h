@@ -33,12 +33,13 @@ protected:
     /// the screen; false at first. \since 1.0
     void setSquare(bool square);
 
-    QBrush m_brush; ///< what the widget is filled with
+    QBrush m_brush; ///< what the widget is filled with; black at first, of which a theme makes its own
     QPen m_pen;     ///< of the outline, which lies inside the widget; none at first
 
 private:
     QPainterPath shape(const QRectF &rect) const;
 
+    QBrush m_first; // shares its data with m_brush until a derived class sets that
     unsigned int m_radius;
     bool m_topLeft;
     bool m_topRight;

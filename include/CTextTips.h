@@ -37,7 +37,8 @@ private:
     void InitLayout();
     void followBackground();
 
-    QColor m_bkgColor;
+    QColor m_bkgColor; // invalid: the theme's
+    QColor m_textColor;
     QLabel *m_label = nullptr;
     int m_width;
 };

@@ -79,12 +79,13 @@ private:
     void followRelease();
     void mark(bool checked);
     QColor lookTextColor(int look) const;
+    QColor frameColor(int look) const;
 
     bool m_checked = false;
     bool m_hovered = false;
     bool m_noToggle;
     bool m_locked;
-    QColor m_plainColor;
+    QColor m_plainColor; // these are invalid: not set
     QColor m_checkedColor;
     QColor m_hoverColor;
     std::unique_ptr<lumqt::CachedText> m_label;

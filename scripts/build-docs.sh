@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Builds the guide and the reference into build/docs/html, with pictures of the classes.
+# Builds the guide and the reference into build/docs/html, with pictures of the classes and the colours of the themes.
 #   build-docs.sh              takes the pictures of the gallery
-#   build-docs.sh PICTURES     takes those of a folder, one PNG per class, named after it
+#   build-docs.sh PICTURES     takes those of a folder, one PNG per class, named after it, and themes.txt from there
 # Installs what is missing with apt. What Doxygen warns of is an error.
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
@@ -26,7 +26,7 @@ rm -rf "$output"
 mkdir -p "$pictures" "$output/generated"
 if [ -n "$given" ]; then
   say "Taking the pictures of $given"
-  find "$given" -maxdepth 1 -name '*.png' -exec cp {} "$pictures" ';'
+  find "$given" -maxdepth 1 '(' -name '*.png' -o -name themes.txt ')' -exec cp {} "$pictures" ';'
 else
   "$here/run-gallery.sh" --class-pictures "$pictures"
 fi
@@ -34,6 +34,8 @@ fi
 say "Checking the pictures"
 python3 docs/class-pictures.py include "$pictures" docs/no-picture.txt "$output/generated" ||
   fail "pictures and classes do not match"
+python3 docs/theme-table.py include/CBPTheme.h "$pictures/themes.txt" "$output/generated" ||
+  fail "there is no table of the themes' colours"
 
 # A class's page begins with what the class is, and its picture; the lists of members follow.
 doxygen -l "$output/layout.xml"

@@ -29,3 +29,24 @@ ensure_packages() {
   as_root apt-get update -q
   as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -q --no-install-recommends "${missing[@]}"
 }
+
+# Builds a program of a revision, in a tree of its own below build/compare, and leaves that tree's path in $old_tree.
+build_revision() {
+  local commit
+  commit=$(git -c safe.directory="$PWD" rev-parse --verify --quiet "$1^{commit}") || fail "there is no revision $1"
+  old_tree=$PWD/build/compare/$commit
+  if [ ! -d "$old_tree" ]; then
+    mkdir -p "$old_tree.new"
+    git -c safe.directory="$PWD" archive "$commit" | tar -x -C "$old_tree.new"
+    mv "$old_tree.new" "$old_tree"
+  fi
+  build_tree "$old_tree" "$2"
+}
+
+# Builds a program of the tree in a folder, with what the compiler cache knows of other trees.
+build_tree() (
+  cd "$1" || exit
+  export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
+  cmake --preset linux -Wno-dev -DCMAKE_CXX_COMPILER_LAUNCHER=ccache >/dev/null
+  cmake --build --preset linux --target "$2" >&2
+)

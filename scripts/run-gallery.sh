@@ -2,7 +2,8 @@
 # Builds the gallery and shows it, or writes pictures of it.
 #   run-gallery.sh                                      shows it; without a display, writes screenshots
 #   run-gallery.sh --screenshots DIR [--scale 1..4]     one PNG per page, without a display
-#   run-gallery.sh --class-pictures DIR                 one PNG per class, for the documentation
+#   run-gallery.sh --class-pictures DIR                 one PNG per class, and the themes' colours, for the documentation
+#   run-gallery.sh --theme NAME ...                     the same in another theme: dark, contrast, or a theme file
 #   run-gallery.sh --windows ...                        the same with the Windows build under Wine
 # Installs what is missing with apt.
 set -euo pipefail
@@ -10,19 +11,21 @@ here=$(cd "$(dirname "$0")" && pwd)
 # shellcheck source=scripts/common.sh
 . "$here/common.sh"
 
-usage="usage: run-gallery.sh [--windows] [--screenshots DIR [--scale 1..4] | --class-pictures DIR]"
-preset=linux target= scale=1 kind=screenshots
+usage="usage: run-gallery.sh [--windows] [--theme NAME] [--screenshots DIR [--scale 1..4] | --class-pictures DIR]"
+preset=linux target= scale=1 kind=screenshots theme=light
 while [ $# -gt 0 ]; do
   case $1 in
     --windows) preset=windows ;;
     --screenshots) target=${2:?$usage} && shift ;;
     --class-pictures) target=${2:?$usage} kind=class-pictures && shift ;;
+    --theme) theme=${2:?$usage} && shift ;;
     --scale) scale=${2:?$usage} && shift ;;
     *) fail "$usage" ;;
   esac
   shift
 done
 case $scale in [1-4] | [1-3].[0-9] | [1-3].[0-9][0-9]) ;; *) fail "$usage" ;; esac
+[ ! -f "$theme" ] || theme=$(realpath "$theme")
 if [ -z "$target" ] && [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
   say "No display: writing screenshots instead"
   target=$PWD/screenshots
@@ -50,7 +53,7 @@ cmake --build --preset "$preset" --target lumqt-gallery
 
 if [ -z "$target" ]; then
   say "Showing the gallery"
-  exec "${run[@]}" "$program"
+  exec "${run[@]}" "$program" --theme "$theme"
 fi
 say "Writing $kind at scale $scale into $target"
 folder=$target
@@ -63,5 +66,5 @@ if [ -f "$target/screenshots.txt" ]; then
   done < <(tr -d '\r' <"$target/screenshots.txt")
 fi
 # A page is as tall as it needs, and on Windows it is photographed from the screen.
-LUMQT_SCREEN=2560x6400 QT_SCALE_FACTOR=$scale "$here/with-display.sh" "${run[@]}" "$program" "--$kind" "$folder"
+LUMQT_SCREEN=2560x6400 QT_SCALE_FACTOR=$scale "$here/with-display.sh" "${run[@]}" "$program" --theme "$theme" "--$kind" "$folder"
 find "$target" -maxdepth 1 -name '*.png' | sort

@@ -4,6 +4,7 @@
 #include "Page.h"
 #include "PageRegistry.h"
 #include "Screenshots.h"
+#include "ThemeTable.h"
 
 #include "CBPLinkerButton.h"
 
@@ -113,7 +114,7 @@ int takeClassPictures(GalleryWindow &window, const QString &dir)
         QTextStream(stderr) << "cannot write into " << QDir::toNativeSeparators(dir) << Qt::endl;
         return 1;
     }
-    int failures = 0;
+    int failures = writeThemeTable(folder.filePath(QStringLiteral("themes.txt"))) ? 0 : 1;
     const QHash<QString, Place> all = places(window);
     for (auto place = all.cbegin(); place != all.cend(); ++place) {
         const QString file = folder.filePath(place.key() + QStringLiteral(".png"));

@@ -3,13 +3,16 @@
 #include "Page.h"
 #include "PageList.h"
 #include "PageRegistry.h"
+#include "Pose.h"
 #include "Theme.h"
+#include "ThemeMenu.h"
 
 #include "CBPMenu.h"
 #include "CBPMenuItem.h"
 #include "CBPSearchEdit.h"
 #include "LumQtVersion.h"
 
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
@@ -23,15 +26,26 @@ namespace {
 
 constexpr int kListButton = 1;
 constexpr int kTickWidth = 16;
+constexpr int kSeparator = 17; // the height that the menu gives any
 constexpr QSize kFirstSize(1208, 800);
 constexpr QSize kLeastSize(760, 480);
 
-// Where both scroll bars meet, as white as they are.
+// Where both scroll bars meet, as plain as they are.
 QWidget *plainCorner()
 {
     auto *corner = new QWidget;
-    theme::fill(corner, Qt::white);
+    theme::fill(corner, theme::kGround);
     return corner;
+}
+
+// Between the side bar and the page, where both have one ground.
+QWidget *edge(QWidget *bar)
+{
+    auto *line = new QWidget(bar);
+    line->setFixedWidth(1);
+    theme::fill(line, theme::kLine);
+    theme::follow(line, [line] { line->setVisible(theme::kSide.color() == theme::kGround.color()); });
+    return line;
 }
 
 } // namespace
@@ -60,9 +74,9 @@ QWidget *GalleryWindow::makeSideBar()
     auto *bar = new QWidget;
     bar->setFixedWidth(theme::kSideBarWidth);
     bar->setAccessibleName(tr("Side bar"));
-    theme::fill(bar, theme::kInk);
+    theme::fill(bar, theme::kSide);
 
-    auto *layout = new QVBoxLayout(bar);
+    auto *layout = new QVBoxLayout;
     layout->setContentsMargins(0, theme::kUnit, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(makeSearch());
@@ -76,6 +90,10 @@ QWidget *GalleryWindow::makeSideBar()
         theme::label(QStringLiteral("LumQtLib " LUMQT_VERSION_STR), theme::Normal, 12, theme::kSideHeading);
     version->setContentsMargins(3 * theme::kUnit, 2 * theme::kUnit, 0, 2 * theme::kUnit);
     layout->addWidget(version);
+    auto *both = new QGridLayout(bar);
+    both->setContentsMargins(0, 0, 0, 0);
+    both->addLayout(layout, 0, 0);
+    both->addWidget(edge(bar), 0, 0, Qt::AlignRight); // over the list
     return bar;
 }
 
@@ -152,6 +170,7 @@ void GalleryWindow::openPage(const QString &pageId)
         else
             m_stack->addWidget(m_areas[pageId] = scrollAreaOf(*info, page));
     }
+    pose::renew(m_areas.value(pageId)); // which may do so, too
     if (m_list->selected() == pageId)
         m_stack->setCurrentWidget(m_areas.value(pageId));
 }
@@ -183,14 +202,21 @@ void GalleryWindow::openPageMenu()
     if (!m_pageMenu) {
         m_pageMenu = new CBPMenu(this);
         m_pageMenu->SetDefIconWidth(kTickWidth);
+        m_pageMenu->SetSubMenuRightIcon(QStringLiteral(":/gallery/nested.svg"));
+        m_pageMenu->setSeparatorRectHeight(kSeparator);
+        m_pageMenu->setSeparatorHeight(1);
+        m_pageMenu->AddMenu(new ThemeMenu(m_pageMenu));
+        m_pageMenu->addSeparator();
         for (int i = 0; i < all.size(); ++i)
-            m_pageMenu->AddAction(all[i].title, i);
-        connect(m_pageMenu, &QMenu::triggered, this,
-                [this](QAction *action) { showPage(pages().value(action->data().toInt()).id); });
+            m_pageMenu->AddAction(all[i].title, i + 1); // what is no page counts as 0
+        connect(m_pageMenu, &QMenu::triggered, this, [this](QAction *action) {
+            if (m_pageMenu->actions().contains(action)) // and none of the menu of themes
+                showPage(pages().value(action->data().toInt() - 1).id);
+        });
     }
     for (int i = 0; i < all.size(); ++i) {
         if (all[i].id == m_list->selected())
-            m_pageMenu->SetShowCheckIcon(i, QIcon(":/gallery/tick.svg"));
+            m_pageMenu->SetShowCheckIcon(i + 1, QIcon(":/gallery/tick.svg"));
     }
     // Its right edge lies below the button's, so that it stays within the window.
     const QPoint below = globalBtnRect(kListButton).bottomRight() + QPoint(1, 1);

@@ -58,7 +58,7 @@ QVBoxLayout *stacked(const Sample &sample, QLabel *caption)
 
 // Samples side by side, their captions on one line below. Low samples share their middle, high ones their
 // upper edge; the caption of one that is much lower than its neighbours stays with it.
-QGridLayout *rowOfSamples(const QVector<Sample> &samples, const QColor &captionColor)
+QGridLayout *rowOfSamples(const QVector<Sample> &samples, const theme::Tone &captionColor)
 {
     auto *grid = new QGridLayout;
     grid->setHorizontalSpacing(kSampleGap);
@@ -116,7 +116,7 @@ QFrame *rule()
 
 } // namespace
 
-QWidget *onGround(const QColor &ground, const QVector<QWidget *> &widgets)
+QWidget *onGround(const theme::Tone &ground, const QVector<QWidget *> &widgets)
 {
     QVector<Sample> samples;
     for (QWidget *widget : widgets)
@@ -124,7 +124,7 @@ QWidget *onGround(const QColor &ground, const QVector<QWidget *> &widgets)
     return onGround(ground, samples);
 }
 
-QWidget *onGround(const QColor &ground, const QVector<Sample> &samples)
+QWidget *onGround(const theme::Tone &ground, const QVector<Sample> &samples)
 {
     auto *box = new QWidget;
     theme::fill(box, ground);
@@ -207,7 +207,7 @@ void Section::addWide(QWidget *widget)
 
 Page::Page(const QString &title, const QString &introduction)
 {
-    theme::fill(this, Qt::white);
+    theme::fill(this, theme::kGround);
 
     auto *content = new QWidget;
     content->setMaximumWidth(theme::kPageWidth);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "PageRegistry.h"
+#include "Theme.h"
 
 #include <QVector>
 #include <QWidget>
@@ -24,8 +25,8 @@ struct SampleRow
 };
 
 // Widgets side by side on a ground of their own, as wide as the page; captions suit a dark one.
-QWidget *onGround(const QColor &ground, const QVector<QWidget *> &widgets);
-QWidget *onGround(const QColor &ground, const QVector<Sample> &samples);
+QWidget *onGround(const theme::Tone &ground, const QVector<QWidget *> &widgets);
+QWidget *onGround(const theme::Tone &ground, const QVector<Sample> &samples);
 
 // Dynamic property of the link to a section's source.
 constexpr char kSourceLink[] = "sourceLink";

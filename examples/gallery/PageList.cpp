@@ -22,10 +22,10 @@ constexpr int kCurrentAlpha = 26;
 
 // As thin as it can be taken hold of, without buttons, and in the colours of the side bar.
 const char kScrollBarStyle[] =
-    "QScrollBar:vertical{background:#222a3e;width:8px;margin:0;border:none;}"
-    "QScrollBar::handle{background:#6a7893;border-radius:3px;margin:1px;min-height:32px;}"
-    "QScrollBar::handle:hover{background:#8593ad;}"
-    "QScrollBar::handle:pressed{background:#5aa9f0;}"
+    "QScrollBar:vertical{background:%1;width:8px;margin:0;border:none;}"
+    "QScrollBar::handle{background:%2;border-radius:3px;margin:1px;min-height:32px;}"
+    "QScrollBar::handle:hover{background:%3;}"
+    "QScrollBar::handle:pressed{background:%4;}"
     "QScrollBar::add-line,QScrollBar::sub-line{width:0;height:0;}"
     "QScrollBar::add-page,QScrollBar::sub-page{background:transparent;}";
 
@@ -65,18 +65,21 @@ private:
         const QRect &rect = option.rect;
         const bool current = option.state & QStyle::State_Selected;
         const bool hovered = option.state & QStyle::State_MouseOver;
-        if (current || hovered)
-            painter.fillRect(rect, QColor(255, 255, 255, current ? kCurrentAlpha : kHoverAlpha));
+        if (current || hovered) {
+            QColor mark = theme::kSideMarked;
+            mark.setAlpha(current ? kCurrentAlpha : kHoverAlpha);
+            painter.fillRect(rect, mark);
+        }
         if (current)
             painter.fillRect(visual(rect, QRect(rect.left(), rect.top(), kMarkWidth, rect.height())),
-                             theme::kAccentOnInk);
+                             theme::kAccentOnSide);
         if (current && m_list->showsFocus()) {
-            painter.setPen(QPen(theme::kRing, 2));
+            painter.setPen(QPen(theme::kRing.color(), 2));
             const QRect free = visual(rect, rect.adjusted(kMarkWidth, 0, 0, 0));
             painter.drawRect(QRectF(free).adjusted(1, 1, -1, -1));
         }
         painter.setFont(current ? m_currentFont : m_font);
-        painter.setPen(current ? QColor(Qt::white) : theme::kSideText);
+        painter.setPen(current ? theme::kSideMarked : theme::kSideText);
         const QRect place = rect.adjusted(kTextStart, 0, -kTextEnd, 0);
         drawText(painter, rect, place, Qt::AlignVCenter, index.data().toString());
     }
@@ -108,18 +111,26 @@ PageList::PageList(QWidget *parent) : QListWidget(parent)
     setItemDelegate(new PageListDelegate(this));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    verticalScrollBar()->setStyleSheet(QLatin1String(kScrollBarStyle));
     setMouseTracking(true);
     setAccessibleName(tr("Pages"));
-    QPalette dark = palette();
-    dark.setColor(QPalette::Base, theme::kInk);
-    dark.setColor(QPalette::Text, theme::kSideText);
-    setPalette(dark);
+    theme::follow(this, [this] { wearTheme(); });
     fill();
     connect(this, &QListWidget::currentItemChanged, this, [this](QListWidgetItem *item) {
         if (item)
             emit pageSelected(item->data(kPageIdRole).toString());
     });
+}
+
+void PageList::wearTheme()
+{
+    QPalette side = palette();
+    side.setColor(QPalette::Base, theme::kSide);
+    side.setColor(QPalette::Text, theme::kSideText);
+    setPalette(side);
+    const auto name = [](const theme::Tone &tone) { return tone.color().name(); };
+    verticalScrollBar()->setStyleSheet(QString::fromLatin1(kScrollBarStyle)
+                                           .arg(name(theme::kSide), name(theme::kSideSlider),
+                                                name(theme::kSideSliderHovered), name(theme::kAccentOnSide)));
 }
 
 void PageList::fill()

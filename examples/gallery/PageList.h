@@ -35,6 +35,7 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
 
 private:
+    void wearTheme();
     void fill();
 
     bool m_keyboardUsed = false;

@@ -1,6 +1,7 @@
 #include "Pose.h"
 
 #include "CBPPushBtn.h"
+#include "CBPTheme.h"
 #include "CBPWinFrm.h"
 
 #include <QAbstractButton>
@@ -10,6 +11,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QPointer>
+#include <QTimer>
 #include <QWidget>
 
 namespace pose {
@@ -107,14 +110,68 @@ void put(QWidget *sample, State state)
     }
 }
 
-QWidget *portrait(CBPWinFrm &dialog, int width, int height)
+namespace {
+
+// Most stand on pages that are not on show, and taking a dialog's picture takes a while.
+class Portrait : public QLabel
+{
+public:
+    explicit Portrait(const std::function<QPixmap()> &take) : m_take(take)
+    {
+        setPixmap(m_take());
+        connect(CBPTheme::instance(), &CBPTheme::changed, this, [this] {
+            m_stale = true;
+            QTimer::singleShot(0, this, [this] {
+                if (isVisible())
+                    renew();
+            });
+        });
+    }
+
+    void renew()
+    {
+        if (!m_stale)
+            return;
+        m_stale = false;
+        const QPointer<Portrait> alive(this);
+        const auto take = m_take; // outlives the label
+        const QPixmap picture = take();
+        if (alive)
+            setPixmap(picture);
+    }
+
+private:
+    std::function<QPixmap()> m_take;
+    bool m_stale = false;
+};
+
+} // namespace
+
+QLabel *shown(const std::function<QPixmap()> &take)
+{
+    return new Portrait(take);
+}
+
+void renew(QWidget *root)
+{
+    QVector<QPointer<Portrait>> portraits;
+    const auto labels = root->findChildren<QLabel *>();
+    for (QLabel *label : labels) {
+        if (auto *portrait = dynamic_cast<Portrait *>(label))
+            portraits << portrait;
+    }
+    for (const QPointer<Portrait> &portrait : qAsConst(portraits)) {
+        if (portrait)
+            portrait->renew();
+    }
+}
+
+QPixmap portrait(CBPWinFrm &dialog, int width, int height)
 {
     dialog.setAttribute(Qt::WA_DontShowOnScreen);
     dialog.AppendContent(new QWidget, true, false, 0); // or the title bar shares the room with the text
     dialog.resize(width, height);
-    auto *label = new QLabel;
-    label->setPixmap(dialog.grab());
-    return label;
+    return dialog.grab();
 }
 
 } // namespace pose

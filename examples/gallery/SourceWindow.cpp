@@ -27,9 +27,9 @@ constexpr int kClose = 0x100000;
 constexpr QSize kSize(880, 640);
 constexpr int kFontSize = 13;
 constexpr int kLinesAbove = 2;
-const QColor kComment(90, 100, 114);
-const QColor kString(163, 74, 24);
-const QColor kKeyword(122, 62, 157);
+constexpr theme::Tone kComment{0xff5a6472, theme::Purpose::QuietText};
+constexpr theme::Tone kString{0xffa34a18, theme::Purpose::Warning};
+constexpr theme::Tone kKeyword{0xff7a3e9d, theme::Purpose::Danger, theme::Purpose::Accent, 50};
 
 class Highlighter : public QSyntaxHighlighter
 {
@@ -46,12 +46,12 @@ protected:
     }
 
 private:
-    void mark(const QString &line, const QRegularExpression &what, const QColor &color)
+    void mark(const QString &line, const QRegularExpression &what, const theme::Tone &tone)
     {
         QRegularExpressionMatchIterator found = what.globalMatch(line);
         while (found.hasNext()) {
             const QRegularExpressionMatch match = found.next();
-            setFormat(match.capturedStart(), match.capturedLength(), color);
+            setFormat(match.capturedStart(), match.capturedLength(), tone.color());
         }
     }
 
@@ -83,8 +83,9 @@ public:
         font.setPixelSize(kFontSize);
         m_text->setFont(font);
         m_text->document()->setDocumentMargin(2 * theme::kUnit);
-        new Highlighter(m_text->document());
+        auto *highlighter = new Highlighter(m_text->document());
         m_text->setPlainText(sourceOf(page));
+        connect(CBPTheme::instance(), &CBPTheme::changed, highlighter, &QSyntaxHighlighter::rehighlight);
         AppendContent(m_text, true, true, 0);
         AppendBtn(kClose);
         resize(kSize);
@@ -95,18 +96,9 @@ public:
     {
         if (lines.first < 0)
             return;
-        const QTextDocument *document = m_text->document();
-        QTextCursor cursor(document->findBlockByNumber(lines.first));
+        QTextCursor cursor(m_text->document()->findBlockByNumber(lines.first));
         m_text->setTextCursor(cursor);
-        QTextEdit::ExtraSelection ground;
-        ground.format.setBackground(theme::kAccentTint);
-        ground.format.setProperty(QTextFormat::FullWidthSelection, true);
-        QList<QTextEdit::ExtraSelection> marks;
-        for (int line = lines.first; line <= lines.last; ++line) {
-            ground.cursor = QTextCursor(document->findBlockByNumber(line));
-            marks << ground;
-        }
-        m_text->setExtraSelections(marks);
+        theme::follow(m_text, [this, lines] { markGround(lines); });
         m_firstLine = qMax(0, lines.first - kLinesAbove);
     }
 
@@ -119,6 +111,19 @@ protected:
     }
 
 private:
+    void markGround(const LineRange &lines)
+    {
+        QTextEdit::ExtraSelection ground;
+        ground.format.setBackground(theme::kAccentTint.color());
+        ground.format.setProperty(QTextFormat::FullWidthSelection, true);
+        QList<QTextEdit::ExtraSelection> marks;
+        for (int line = lines.first; line <= lines.last; ++line) {
+            ground.cursor = QTextCursor(m_text->document()->findBlockByNumber(line));
+            marks << ground;
+        }
+        m_text->setExtraSelections(marks);
+    }
+
     QPlainTextEdit *m_text;
     int m_firstLine = 0;
 };

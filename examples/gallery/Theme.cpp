@@ -47,6 +47,24 @@ QPixmap load(QString file)
     return result;
 }
 
+bool isDark(const QColor &color)
+{
+    return color.lightness() < 128;
+}
+
+// The file that stands in for one of res/ in the current theme, if there is one. A theme of an application's
+// own has the pictures of that one of the library which its ground is like.
+QString themed(const QString &file)
+{
+    const QString contrast = QStringLiteral("contrast");
+    const QString folder = CBPTheme::current() == contrast                     ? contrast
+                           : isDark(CBPTheme::color(CBPTheme::Purpose::Ground)) ? QStringLiteral("dark")
+                                                                               : QString();
+    const QString root = picturePath(QString());
+    const QString own = root + folder + QLatin1Char('/') + file.mid(root.size());
+    return !folder.isEmpty() && file.startsWith(root) && QFile::exists(own) ? own : file;
+}
+
 QPixmap tinted(const QString &file, const QColor &color)
 {
     QPixmap result = load(file);
@@ -76,54 +94,106 @@ Qt::Alignment lineStart()
     return QApplication::isRightToLeft() ? Qt::AlignRight | Qt::AlignAbsolute : Qt::Alignment(Qt::AlignLeft);
 }
 
-QLabel *label(const QString &text, Weight weight, int pixelSize, const QColor &color, bool wrapped)
+QColor Tone::color() const
+{
+    const QString theme = CBPTheme::current();
+    if (theme == QLatin1String("light") ||
+        (m_onSide && theme != QLatin1String("contrast") && isDark(kSide)))
+        return QColor::fromRgba(m_light);
+    const QColor from = CBPTheme::color(m_from);
+    const QColor to = CBPTheme::color(m_to);
+    const auto between = [this](int one, int other) { return one + (other - one) * m_percent / 100; };
+    return QColor(between(from.red(), to.red()), between(from.green(), to.green()),
+                  between(from.blue(), to.blue()), between(from.alpha(), to.alpha()));
+}
+
+QVector<QColor> colorsOf(const QVector<Tone> &tones)
+{
+    QVector<QColor> colors;
+    for (const Tone &tone : tones)
+        colors << tone;
+    return colors;
+}
+
+QLabel *label(const QString &text, Weight weight, int pixelSize, const Tone &tone, bool wrapped)
 {
     auto *result = new QLabel(text);
     result->setFont(font(weight, pixelSize));
     result->setTextFormat(Qt::PlainText);
     result->setWordWrap(wrapped);
     result->setAlignment(lineStart() | Qt::AlignVCenter);
-    QPalette palette = result->palette();
-    palette.setColor(QPalette::WindowText, color);
-    result->setPalette(palette);
+    setTone(result, tone);
     return result;
+}
+
+void setTone(QWidget *widget, const Tone &tone)
+{
+    follow(widget, [widget, tone] {
+        QPalette palette = widget->palette();
+        palette.setColor(QPalette::WindowText, tone);
+        widget->setPalette(palette);
+    });
+}
+
+void setFieldTexts(QWidget *field)
+{
+    follow(field, [field] {
+        QPalette palette = field->palette();
+        palette.setColor(QPalette::Text, kInk);
+        palette.setColor(QPalette::Disabled, QPalette::Text, kCaption);
+        palette.setColor(QPalette::PlaceholderText, kCaption);
+        field->setPalette(palette);
+    });
 }
 
 QVector<QColor> accents()
 {
-    return {kAccent, kAccentHovered, kAccentPressed, kAccentDisabled};
+    return colorsOf({kAccent, kAccentHovered, kAccentPressed, kAccentDisabled});
+}
+
+QVector<QColor> onAccents()
+{
+    return colorsOf({kOnAccent, kOnAccent, kOnAccent, kOnAccentDisabled});
 }
 
 QVector<QColor> waitingGrounds()
 {
-    return {kAccent, kAccentHovered, kAccentPressed, QColor(201, 229, 252)};
+    constexpr Tone waiting{0xffc9e5fc, Purpose::PrimaryGroundDisabled};
+    return colorsOf({kAccent, kAccentHovered, kAccentPressed, waiting});
 }
 
 QVector<QColor> waitingTexts()
 {
-    return {Qt::white, Qt::white, Qt::white, kAccentPressed};
+    constexpr Tone waiting{0xff134d85, Purpose::PrimaryTextDisabled};
+    return colorsOf({kOnAccent, kOnAccent, kOnAccent, waiting});
 }
 
 CBPPushBtn *primaryButton(const QString &text, QWidget *parent)
 {
     auto *result = new CBPPushBtn(text, parent);
-    result->setBgColor(accents());
-    result->setFrmColor(accents());
-    result->setTextColor(QVector<QColor>(4, Qt::white));
+    fillButton(result);
     return result;
 }
 
 CButtonGroupBox *buttonGroup(bool exclusive)
 {
     auto *group = new CButtonGroupBox(exclusive, nullptr);
-    group->SetBgClr({Qt::white, kAccentHovered, kAccent, Qt::white});
-    group->SetTextClr(groupTexts());
+    follow(group, [group] {
+        const QVector<QColor> grounds = colorsOf({kGround, kAccentHovered, kAccent, kGround});
+        group->SetBgClr(grounds); // of buttons to come
+        group->SetTextClr(groupTexts());
+        const auto buttons = group->findChildren<CBPPushBtn *>();
+        for (CBPPushBtn *button : buttons) {
+            button->setBgColor(grounds);
+            button->setTextColor(groupTexts());
+        }
+    });
     return group;
 }
 
 QVector<QColor> groupTexts()
 {
-    return {kAccent, Qt::white, Qt::white, QColor(150, 158, 168)};
+    return colorsOf({kAccent, kOnAccent, kOnAccent, kFaint});
 }
 
 void lowerButtons(CButtonGroupBox *group)
@@ -132,6 +202,17 @@ void lowerButtons(CButtonGroupBox *group)
     const auto buttons = group->findChildren<CBPPushBtn *>();
     for (CBPPushBtn *button : buttons)
         button->setFixedHeight(kControlHeight - 2 * kFrame);
+}
+
+KeptWidth::KeptWidth(QWidget *button)
+    : m_button(button),
+      m_width(button->minimumWidth() == button->maximumWidth() ? button->maximumWidth() : 0)
+{}
+
+KeptWidth::~KeptWidth()
+{
+    if (m_width > 0)
+        m_button->setFixedWidth(m_width);
 }
 
 void setTintedIcon(CBPPushBtn *button, const QString &file, const QVector<QColor> &textColors, bool selected)
@@ -144,35 +225,40 @@ void setTintedIcon(CBPPushBtn *button, const QString &file, const QVector<QColor
         const int look = selected && state != kDisabled ? kPressed : state;
         icon.addPixmap(tinted(file, textColors[look]), modes[state]);
     }
-    // The button that sizes itself would do so anew.
-    const bool fixed = button->minimumWidth() == button->maximumWidth();
-    const int width = button->maximumWidth();
+    const KeptWidth kept(button);
     button->setIcon(icon);
-    if (fixed)
-        button->setFixedWidth(width);
+}
+
+QIcon icon(const QString &name)
+{
+    return QIcon(themed(picturePath(name)));
 }
 
 CBPLinkerButton *link(const QString &text, QWidget *parent)
 {
     auto *result = new CBPLinkerButton(text, ENLinkerTypeHover, 0, parent);
-    result->SetTextColor({kAccent, kAccentHovered, kAccentPressed, kCaption});
+    follow(result, [result] {
+        result->SetTextColor(colorsOf({kAccent, kAccentHovered, kAccentPressed, kCaption}));
+    });
     return result;
 }
 
-void paintPanel(QPainter &painter, const QRect &rect)
+void paintPanel(QPainter &painter, const QRect &rect, const QColor &ground)
 {
     const qreal scale = painter.deviceTransform().m11();
     const qreal line = qMax(1, int(scale)) / scale;
     painter.fillRect(QRectF(rect), kLine);
-    painter.fillRect(QRectF(rect).adjusted(line, line, -line, -line), kPanel);
+    painter.fillRect(QRectF(rect).adjusted(line, line, -line, -line), ground);
 }
 
-void fill(QWidget *widget, const QColor &color)
+void fill(QWidget *widget, const Tone &tone)
 {
     widget->setAutoFillBackground(true);
-    QPalette palette = widget->palette();
-    palette.setColor(QPalette::Window, color);
-    widget->setPalette(palette);
+    follow(widget, [widget, tone] {
+        QPalette palette = widget->palette();
+        palette.setColor(QPalette::Window, tone);
+        widget->setPalette(palette);
+    });
 }
 
 QString picturePath(const QString &name)
@@ -191,7 +277,7 @@ QStringList spinnerFrames()
 
 QPixmap picture(const QString &name)
 {
-    return load(picturePath(name));
+    return load(themed(picturePath(name)));
 }
 
 void setUpLook()
@@ -199,17 +285,19 @@ void setUpLook()
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     CBPStyle::Install(); // plain widgets look like the library's
     QPalette palette = QApplication::style()->standardPalette();
-    const QColor faint(150, 158, 168);
+    // As the application's, it is the same in each theme; the windows of the library have the theme's.
+    const QColor ink(34, 42, 62), accent(31, 113, 191);
     for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-        palette.setColor(role, kInk);
-        palette.setColor(QPalette::Disabled, role, faint);
+        palette.setColor(role, ink);
+        palette.setColor(QPalette::Disabled, role, QColor(150, 158, 168));
     }
-    palette.setColor(QPalette::PlaceholderText, kCaption);
-    palette.setColor(QPalette::Highlight, kAccent);
+    palette.setColor(QPalette::PlaceholderText, QColor(103, 114, 128));
+    palette.setColor(QPalette::Highlight, accent);
     palette.setColor(QPalette::HighlightedText, Qt::white);
-    palette.setColor(QPalette::Inactive, QPalette::Highlight, kAccentTint);
-    palette.setColor(QPalette::Inactive, QPalette::HighlightedText, kInk);
+    palette.setColor(QPalette::Inactive, QPalette::Highlight, QColor(232, 241, 250));
+    palette.setColor(QPalette::Inactive, QPalette::HighlightedText, ink);
     QApplication::setPalette(palette);
+    follow(qApp, [] { CBPTheme::givePalette(CBPTheme::current() != QLatin1String("light")); });
 }
 
 } // namespace theme

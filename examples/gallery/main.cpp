@@ -5,20 +5,25 @@
 #include "Screenshots.h"
 #include "Theme.h"
 
+#include "CBPTheme.h"
 #include "Util.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
+#include <QFileInfo>
 #include <QTextStream>
 
 #include <utility>
 
 namespace {
 
+constexpr char kSystem[] = "system"; // among the names of themes
+
 struct Options
 {
     QString page;
+    QString theme;         // its name
     QString screenshots;   // absolute; empty: none are taken
     QString classPictures; // the same
     bool list = false;
@@ -34,8 +39,12 @@ void describe(QCommandLineParser &parser)
          QStringLiteral("Write a picture of every page (or of the one given by --page) and quit."),
          QStringLiteral("folder")});
     parser.addOption({QStringLiteral("class-pictures"),
-                      QStringLiteral("Write a picture of every class, for its documentation, and quit."),
+                      QStringLiteral("Write a picture of every class, and the colours of the themes, for the "
+                                     "documentation, and quit."),
                       QStringLiteral("folder")});
+    parser.addOption({QStringLiteral("theme"),
+                      QStringLiteral("Show this theme: light, dark, contrast, system, or a theme file."),
+                      QStringLiteral("name")});
     parser.addOption({QStringLiteral("list"), QStringLiteral("List the pages and quit.")});
     parser.addOption(
         {{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help and quit.")});
@@ -50,6 +59,16 @@ bool isPage(const QString &id)
     return false;
 }
 
+// Loads the theme, if `name` is a file, and gives its own name.
+bool isTheme(QString &name)
+{
+    if (name == QLatin1String(kSystem) || CBPTheme::names().contains(name))
+        return true;
+    const bool file = QFileInfo(name).isFile();
+    name = file ? CBPTheme::load(name) : QString();
+    return !name.isEmpty();
+}
+
 // An error as text; empty when all is well. The parser's own way on Windows, a message box, suits no script.
 QString read(QCommandLineParser &parser, Options &options)
 {
@@ -61,6 +80,9 @@ QString read(QCommandLineParser &parser, Options &options)
     options.page = parser.value(QStringLiteral("page"));
     if (parser.isSet(QStringLiteral("page")) && !isPage(options.page))
         return QStringLiteral("there is no page %1; see --list").arg(options.page);
+    options.theme = parser.value(QStringLiteral("theme"));
+    if (parser.isSet(QStringLiteral("theme")) && !isTheme(options.theme))
+        return QStringLiteral("there is no theme %1").arg(parser.value(QStringLiteral("theme")));
     for (auto [option, folder] : {std::pair("screenshots", &options.screenshots),
                                   std::pair("class-pictures", &options.classPictures)}) {
         const QString name = QString::fromLatin1(option);
@@ -99,6 +121,10 @@ int run(const Options &options)
 {
     setUpFonts();
     theme::setUpLook();
+    if (options.theme == QLatin1String(kSystem))
+        CBPTheme::followSystem(true);
+    else if (!options.theme.isEmpty())
+        CBPTheme::apply(options.theme);
     Util::InstallCatalogue(); // the library's own English texts, such as the titles of message boxes
     GalleryWindow window;
     window.showPage(options.page.isEmpty() ? pages().first().id : options.page);

@@ -1,5 +1,6 @@
 #include "CAddBtn.h"
 
+#include "buttons/ButtonTones.h"
 #include "foundation/Accessible.h"
 #include "foundation/Painting.h"
 
@@ -62,7 +63,7 @@ CAddBtn::~CAddBtn() = default;
 void CAddBtn::init()
 {
     lumqt::installAccessible("CAddBtn", makeAccessible);
-    setFocusFrameColor(lumqt::kFocusRingColor);
+    lumqt::ButtonTones::setRing(*this, lumqt::Purpose::FocusRing);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 

@@ -1,12 +1,15 @@
 #include "CBPCheckBox.h"
 
 #include "CBPStyle.h"
+#include "foundation/Palette.h"
 
 CBPCheckBox::CBPCheckBox(QWidget *parent) : CBPCheckBox(QString(), parent) {}
 
 CBPCheckBox::CBPCheckBox(QString text, QWidget *parent) : QCheckBox(text, parent)
 {
     CBPStyle::Apply(this);
+    lumqt::wearTheme(this, {{QPalette::WindowText, lumqt::Purpose::Text},
+                            {QPalette::WindowText, lumqt::Purpose::DisabledText, QPalette::Disabled}});
 }
 
 CBPCheckBox::~CBPCheckBox() = default;

@@ -8,6 +8,7 @@
 #include "foundation/FontLookup.h"
 #include "foundation/IconPixmap.h"
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
 
 #include <QFontMetrics>
 #include <QKeyEvent>
@@ -29,10 +30,8 @@ constexpr int kArrowPart = 25;    // width of the part with the triangle
 constexpr int kArrowWidth = 8;
 constexpr int kArrowHeight = 4;
 constexpr int kDividerInset = 6;  // from the upper and the lower edge
-constexpr int kDividerAlpha = 96; // of the text colour
+constexpr int kDividerAlpha = 96; // of a text colour that was set
 constexpr int kMenuGap = 2;       // between button and menu
-
-constexpr int kStates = 4;
 
 enum State { Normal = 0, Hover = 1, Pressed = 2, Disabled = 3 };
 
@@ -90,7 +89,6 @@ CBPDropdownBtn::CBPDropdownBtn(QString text, int id, QWidget *parent)
       m_text(text),
       m_font(lumqt::uiFont()),
       m_id(id),
-      m_focusFrameColor(lumqt::kFocusRingColor),
       m_label(std::make_unique<lumqt::CachedText>())
 {
     lumqt::registerMenuItem();
@@ -409,7 +407,7 @@ void CBPDropdownBtn::paintEvent(QPaintEvent *)
     body.radiusX = m_roundRadius.value(0);
     body.radiusY = m_roundRadius.value(1);
     if (IsFocus() && isEnabled()) {
-        body.frame = m_focusFrameColor;
+        body.frame = lumqt::ownOr(m_focusFrameColor, lumqt::Purpose::FocusRing);
         body.frameWidth = lumqt::kFocusRingWidth;
     } else if (body.radiusX > 0 || !m_frmTrancent) {
         body.frame = paintedFrmColor(index);
@@ -417,6 +415,16 @@ void CBPDropdownBtn::paintEvent(QPaintEvent *)
     QPainter painter(this);
     lumqt::drawBody(painter, rect().marginsRemoved(lumqt::boundedPixels(m_removeMargin)), body);
     drawContent(painter, index);
+}
+
+QColor CBPDropdownBtn::dividerColor(int index) const
+{
+    if (!hasOwnTextColor())
+        return lumqt::themeColor(index == Disabled ? lumqt::Purpose::ButtonDividerDisabled
+                                                   : lumqt::Purpose::ButtonDivider);
+    QColor line = paintedTextColor(index);
+    line.setAlpha(kDividerAlpha);
+    return line;
 }
 
 void CBPDropdownBtn::drawContent(QPainter &painter, int index)
@@ -439,13 +447,11 @@ void CBPDropdownBtn::drawContent(QPainter &painter, int index)
         m_label->drawLeft(painter, visual(QRect(left, 0, advance, height())), shown, textFont());
     }
     if (m_split) {
-        QColor line = paintedTextColor(index);
-        line.setAlpha(kDividerAlpha);
+        const QColor line = dividerColor(index);
         const QRect place(width() - kArrowPart, kDividerInset, 1, height() - 2 * kDividerInset);
         painter.fillRect(lumqt::evenDevicePixels(painter, visual(place)), line);
     }
-    const QColor own = m_triangleColor.size() == kStates ? triangleColor(index) : QColor();
     lumqt::drawDropTriangle(
         painter, QPointF(arrow.left() + (arrow.width() - kArrowWidth) / 2, (height() - kArrowHeight) / 2),
-        kArrowWidth, kArrowHeight, own.isValid() ? own : CBtnObj().triangleColor(index));
+        kArrowWidth, kArrowHeight, paintedTriangleColor(index));
 }

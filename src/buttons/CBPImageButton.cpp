@@ -8,6 +8,7 @@
 #include "foundation/FontLookup.h"
 #include "foundation/ImageLoader.h"
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
 #include "foundation/PlainText.h"
 #include "foundation/PressKeys.h"
 
@@ -20,13 +21,10 @@
 namespace {
 
 // Look and metrics, in logical pixels.
-const QColor kTextColor(0, 0, 0);
-const QColor kSpecialIconColor(255, 0, 0);
 constexpr int kBorder = 5;
 constexpr int kTextReserve = 2; // a text counts for so much more than its width
 const QPoint kTipsOffset(5, 5); // from the pointer
 const char kTipsPixelSize[] = "14";
-const char kTipsColor[] = "#ffffff";
 
 bool isActivationKey(int key)
 {
@@ -43,11 +41,10 @@ int clampedSize(qint64 size)
 CBPImageButton::CBPImageButton(const QVector<QString> &images, bool round, int id, QWidget *parent)
     : QPushButton(parent),
       m_images(images),
-      m_textColors(kStates, kTextColor),
+      m_textPurpose(short(lumqt::Purpose::ImageText)),
       m_round(round),
       m_id(id),
       m_border(kBorder),
-      m_specialIconColor(kSpecialIconColor),
       m_image(std::make_unique<lumqt::PaintedImage>())
 {
     lumqt::installAccessible("CBPImageButton", makeAccessible);
@@ -103,9 +100,16 @@ void CBPImageButton::SetText(const QString &text, bool besideImage, int spacing)
 void CBPImageButton::SetText(const QString &text, const QFont &font, QVector<QColor> colors, bool besideImage,
                              int spacing, int leftMargin)
 {
+    m_textColors = colors;
+    m_ownTextColors = true;
+    placeText(text, font, besideImage, spacing, leftMargin);
+}
+
+void CBPImageButton::placeText(const QString &text, const QFont &font, bool besideImage, int spacing,
+                               int leftMargin)
+{
     m_text = text;
     m_font = font;
-    m_textColors = colors;
     m_besideImage = besideImage;
     m_spacing = lumqt::boundedPixels(spacing);
     m_leftMargin = lumqt::boundedPixels(leftMargin);
@@ -194,11 +198,6 @@ void CBPImageButton::SetTipsTxt(const QString &text)
 
 // ----------------------------------------------------------------------------------------------------------
 // sizes
-
-QSize CBPImageButton::imageSize(int index) const
-{
-    return lumqt::pictureSize(m_images.value(index), devicePixelRatioF());
-}
 
 void CBPImageButton::textChanged()
 {
@@ -409,8 +408,8 @@ QString CBPImageButton::tipsMarkup() const
 {
     // All at once: a text may hold "%1" itself.
     return QStringLiteral("<font style=\"font-family:%1; font-size: %2px; color:%3;\">%4</font>")
-        .arg(GetFontFamily(lumqt::NormalWeight), QLatin1String(kTipsPixelSize), QLatin1String(kTipsColor),
-             m_tipsText);
+        .arg(GetFontFamily(lumqt::NormalWeight), QLatin1String(kTipsPixelSize),
+             lumqt::themeColor(lumqt::Purpose::ImageTip).name(), m_tipsText);
 }
 
 void CBPImageButton::showTips()
@@ -423,6 +422,7 @@ void CBPImageButton::showTips()
         // Where it comes to lie under the pointer it must not take the mouse from the button.
         m_tips->setWindowFlag(Qt::WindowTransparentForInput);
         m_tips->SetShowText(tipsMarkup());
+        lumqt::onThemeChange(m_tips, [this] { m_tips->SetShowText(tipsMarkup()); });
     }
     m_tips->move(QCursor::pos() + kTipsOffset);
     // Without a parent, but above the window that it belongs to.

@@ -5,6 +5,7 @@
 #include "foundation/FocusRing.h"
 #include "foundation/ImageLoader.h"
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
 
 #include <QFontMetrics>
 #include <QPaintEngine>
@@ -54,6 +55,11 @@ void CBPImageButton::drawImage(QPainter &painter)
     const bool turned = m_turnsImage && isRightToLeft();
     painter.drawPixmap(imagePlace(m_paintedImage),
                        turned ? pixmap.transformed(QTransform::fromScale(-1, 1)) : pixmap);
+}
+
+QSize CBPImageButton::imageSize(int index) const
+{
+    return lumqt::pictureSize(m_images.value(index), devicePixelRatioF());
 }
 
 QPoint CBPImageButton::imagePlace(const QSize &image) const
@@ -117,19 +123,22 @@ void CBPImageButton::drawBackground(QPainter &painter, const QBrush &brush)
 
 void CBPImageButton::DrawTextW(QPainter *painter)
 {
-    if (!painter || m_text.isEmpty() || m_images.size() != kStates || m_textColors.size() != kStates)
+    if (!painter || m_text.isEmpty() || m_images.size() != kStates ||
+        (m_ownTextColors && m_textColors.size() != kStates))
         return;
     const QSize image = m_paintedImage.isValid() ? m_paintedImage : imageSize(m_index);
     if (!m_textLayout)
         m_textLayout = std::make_unique<lumqt::CachedText>();
-    painter->setPen(m_textColors.at(m_index));
+    painter->setPen(m_ownTextColors ? m_textColors.at(m_index)
+                                    : lumqt::themeColor(lumqt::Purpose(m_textPurpose), m_index));
     m_textLayout->drawLeft(*painter, textPlace(image), m_text, paintedFont());
 }
 
 void CBPImageButton::PaintSpecialIcon(QPainter *painter)
 {
     if (painter && m_specialIconShown)
-        lumqt::drawDotBadge(*painter, rect().topRight() + kDotOffset, m_specialIconColor);
+        lumqt::drawDotBadge(*painter, rect().topRight() + kDotOffset,
+                            lumqt::ownOr(m_specialIconColor, lumqt::Purpose::ImageTextMark));
 }
 
 void CBPImageButton::updateRing()

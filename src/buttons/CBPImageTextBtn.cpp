@@ -2,16 +2,11 @@
 
 #include "foundation/Accessible.h"
 #include "foundation/FontLookup.h"
+#include "foundation/Palette.h"
 
 #include <QFontMetrics>
 
 namespace {
-
-// Of the text in the states normal, hover, pressed, disabled.
-QVector<QColor> textColors()
-{
-    return {QColor(60, 67, 75), QColor(42, 128, 132), QColor(29, 100, 104), QColor(150, 158, 168)};
-}
 
 // Metrics, in logical pixels.
 constexpr int kGap = 8;      // between image and a text beside it
@@ -26,6 +21,7 @@ CBPImageTextBtn::CBPImageTextBtn(const QVector<QString> &images, const QString &
 {
     lumqt::installAccessible("CBPImageTextBtn", &makeAccessible);
     m_mirrors = true;
+    m_textPurpose = short(lumqt::Purpose::PlainText);
     arrange();
 }
 
@@ -62,8 +58,8 @@ void CBPImageTextBtn::arrange()
     // The base puts the text of the other arrangement at the very left edge, where the focus ring is, and
     // the image where it was.
     const QString space = m_below ? QStringLiteral(" ") : QString();
-    SetText(space + m_label + space, lumqt::uiFont(), textColors(), !m_below, m_below ? kGapBelow : kGap,
-            m_below ? 0 : kMargin);
+    placeText(space + m_label + space, lumqt::uiFont(), !m_below, m_below ? kGapBelow : kGap,
+              m_below ? 0 : kMargin);
     const QSize room = m_below ? GetSize() - m_imageSize : QSize(0, 0);
     if (m_below)
         SetBorder(qMax(0, room.width() / 2), false);
@@ -84,7 +80,7 @@ void CBPImageTextBtn::showImageAlone()
 {
     SetBorder(0, false);
     SetIconVoffset(0);
-    SetText(QString(), lumqt::uiFont(), textColors(), true, 0, 0);
+    placeText(QString(), lumqt::uiFont(), true, 0, 0);
     if (m_images.size() != kStates)
         return;
     m_size = m_imageSize;

@@ -6,6 +6,7 @@
 #include "foundation/FontLookup.h"
 #include "foundation/Log.h"
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
 #include "foundation/PressKeys.h"
 
 #include <QKeyEvent>
@@ -15,8 +16,6 @@
 
 namespace {
 
-const QColor kTextColors[] = {QColor(0, 140, 255), QColor(0, 140, 255), QColor(83, 178, 255),
-                              QColor(189, 189, 189)};
 constexpr int kColorCount = 4;
 const QSize kFocusRoom(0, 4); // above and below the text, so that rows of links keep their rings apart
 const char kFontSheet[] = "QLabel{font-family:\"%1\"; font-size:14px;}";
@@ -65,8 +64,6 @@ CBPLinkerButton::CBPLinkerButton(const QString &text, ENLinkerType type, int bin
     setTextFormat(Qt::PlainText); // the text is painted as it is, and is to be measured so
     setText(text); // not by the base's constructor: Qt would take the label for a plain one from then on
     setStyleSheet(QString::fromLatin1(kFontSheet).arg(m_font.family()));
-    for (const QColor &color : kTextColors)
-        m_textColors.append(color);
     setCursor(Qt::PointingHandCursor);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setFocusPolicy(Qt::TabFocus); // a click leaves the focus where the user works
@@ -302,7 +299,7 @@ void CBPLinkerButton::paintEvent(QPaintEvent *event)
 
     QPainter painter(this);
     const QColor own = m_textColors.value(index);
-    painter.setPen(own.isValid() ? own : kTextColors[index]);
+    painter.setPen(own.isValid() ? own : lumqt::themeColor(lumqt::Purpose::Link, index));
     // A style sheet's padding and border are kept free. The line begins where lines of the layout begin.
     QRect place = contentsRect();
     if (isRightToLeft())

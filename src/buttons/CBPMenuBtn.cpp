@@ -1,5 +1,6 @@
 #include "CBPMenuBtn.h"
 
+#include "buttons/ButtonTones.h"
 #include "foundation/Accessible.h"
 #include "foundation/Painting.h"
 
@@ -11,8 +12,7 @@ namespace {
 
 // Metrics, in logical pixels.
 constexpr int kHeight = 28;
-const QColor kTriangleColor(127, 134, 143); // as the base's; a disabled one has the text's
-constexpr int kTriangle = 8;                // its width
+constexpr int kTriangle = 8; // its width
 constexpr int kTriangleHeight = 4;
 constexpr int kGap = 6;
 constexpr int kSidePadding = 12;
@@ -50,7 +50,7 @@ CBPMenuBtn::CBPMenuBtn(QString text, QWidget *parent) : CBPPushBtn(parent)
     setHasMenu(true);
     m_arrowWidth = m_arrowHeight = 0; // the triangle stands behind the text, and is drawn here
     setTextElided(true);
-    setFocusFrameColor(lumqt::kFocusRingColor);
+    lumqt::ButtonTones::setRing(*this, lumqt::Purpose::FocusRing);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
@@ -81,5 +81,6 @@ void CBPMenuBtn::drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, in
     }
     const QRect place = visual(QRect(left, (height() - kTriangleHeight) / 2, kTriangle, kTriangleHeight));
     lumqt::drawDropTriangle(*painter, place.topLeft(), kTriangle, kTriangleHeight,
-                            isEnabled() ? kTriangleColor : paintedTextColor(index));
+                            isEnabled() ? lumqt::themeColor(lumqt::Purpose::ButtonArrow)
+                                        : paintedTextColor(index)); // of which it says no more then
 }

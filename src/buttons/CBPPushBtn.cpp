@@ -1,5 +1,6 @@
 #include "CBPPushBtn.h"
 
+#include "buttons/ButtonTones.h"
 #include "buttons/DropMenu.h"
 #include "CBPMenu.h"
 #include "foundation/Accessible.h"
@@ -16,7 +17,6 @@
 namespace {
 
 // Look and metrics, in logical pixels.
-const QColor kFocusFrameColor(75, 167, 245);
 constexpr int kHeight = 28;
 constexpr int kMinimumWidth = 85;
 constexpr int kSpacing = 10;
@@ -103,7 +103,7 @@ void CBPPushBtn::init()
 {
     lumqt::registerMenuItem();
     lumqt::installAccessible(staticMetaObject.className(), makeAccessible);
-    m_focusFrameColor = kFocusFrameColor;
+    m_ringPurpose = short(lumqt::Purpose::ButtonFocusRing);
     m_minimumWidth = kMinimumWidth;
     m_spacing = kSpacing;
     m_arrowWidth = kArrowWidth;
@@ -218,7 +218,8 @@ bool CBPPushBtn::isSelected() const
 
 QColor CBPPushBtn::focusFrameColor() const
 {
-    return m_focusFrameColor;
+    return m_focusFrameColor.isValid() ? m_focusFrameColor
+                                       : lumqt::builtInColor(lumqt::Purpose(m_ringPurpose));
 }
 
 void CBPPushBtn::setEnabled(bool enabled)

@@ -1,14 +1,16 @@
 #include "CBPPushBtn.h"
 
+#include "buttons/ButtonTones.h"
 #include "foundation/IconPixmap.h"
 #include "foundation/Painting.h"
 
 #include <QPainter>
 
+using lumqt::Purpose;
+
 namespace {
 
 // Look and metrics, in logical pixels.
-const QColor kArrowColor(127, 134, 143);
 constexpr int kLeftStart = 16; // of the icon with ALIGN_LEFT
 constexpr int kFocusRingWidth = 2;
 constexpr int kFrameWidth = 1;
@@ -45,7 +47,7 @@ void CBPPushBtn::paintEvent(QPaintEvent *)
     const int index = isEnabled() && m_selected ? int(Pressed) : state();
     const bool showsFocus = IsFocus() && index == Normal && !m_frmTrancent;
     // The outer edge of the focus ring lies on the body's edge, all round.
-    QPen pen(showsFocus ? m_focusFrameColor : paintedFrmColor(index),
+    QPen pen(showsFocus ? lumqt::ButtonTones::ring(*this) : paintedFrmColor(index),
              showsFocus ? kFocusRingWidth : kFrameWidth);
 
     lumqt::Body body;
@@ -113,9 +115,21 @@ void CBPPushBtn::drawArrow(QPainter *painter)
 {
     if (!m_hasMenu)
         return;
+    const QColor &arrow =
+        lumqt::themeColor(isEnabled() ? Purpose::ButtonArrow : Purpose::ButtonArrowDisabled);
     const int icon = iconWidth();
     const int spacing = lumqt::boundedPixels(m_spacing);
     const int x = (width() - icon - textWidth() - spacing) / 2 + icon + spacing + textWidth();
     const int y = (height() - m_arrowHeight) / 2;
-    lumqt::drawDropTriangle(*painter, QPointF(x, y), m_arrowWidth, m_arrowHeight, kArrowColor);
+    lumqt::drawDropTriangle(*painter, QPointF(x, y), m_arrowWidth, m_arrowHeight, arrow);
+}
+
+void lumqt::ButtonTones::setRing(CBPPushBtn &button, Purpose purpose)
+{
+    button.m_ringPurpose = short(purpose);
+}
+
+const QColor &lumqt::ButtonTones::ring(const CBPPushBtn &button)
+{
+    return ownOr(button.m_focusFrameColor, Purpose(button.m_ringPurpose));
 }

@@ -1,8 +1,8 @@
 #include "CBPRoundBtn.h"
 
+#include "buttons/ButtonTones.h"
 #include "ENState.h"
 #include "foundation/Accessible.h"
-#include "foundation/Look.h"
 
 #include <QCursor>
 #include <QMouseEvent>
@@ -28,7 +28,7 @@ CBPRoundBtn::CBPRoundBtn(int diameter, int id, QWidget *parent) : CBPPushBtn(QSt
     setParent(parent);
     setMouseTracking(true); // it enters the circle after the corner
     SetDiameter(diameter);
-    setFocusFrameColor(lumqt::kFocusRingColor);
+    lumqt::ButtonTones::setRing(*this, lumqt::Purpose::FocusRing);
 }
 
 CBPRoundBtn::~CBPRoundBtn() = default;

@@ -2,16 +2,12 @@
 
 #include "foundation/Accessible.h"
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
 
 #include <QPainter>
 #include <QtMath>
 
 namespace {
-
-const QColor kBgColors[] = {QColor(0xff, 0xff, 0xff), QColor(0xed, 0xf7, 0xfe), QColor(0xed, 0xf7, 0xfe),
-                            QColor(0xff, 0xff, 0xff)};
-const QColor kFrameColors[] = {QColor(0xff, 0xff, 0xff), QColor(0xbc, 0xe0, 0xe2), QColor(0x87, 0xc8, 0xcc),
-                               QColor(0xff, 0xff, 0xff)};
 
 // A caller's radius as it can be painted; NaN and the like mean none.
 qreal painted(double radius)
@@ -24,10 +20,6 @@ qreal painted(double radius)
 CBPStateWidget::CBPStateWidget(QWidget *parent) : QWidget(parent, Qt::FramelessWindowHint)
 {
     setAttribute(Qt::WA_TranslucentBackground);
-    for (const QColor &color : kBgColors)
-        m_bgColors.append(color);
-    for (const QColor &color : kFrameColors)
-        m_frmColors.append(color);
 }
 
 CBPStateWidget::~CBPStateWidget() = default;
@@ -153,14 +145,14 @@ void CBPStateWidget::paintEvent(QPaintEvent *)
     lumqt::Body body;
     if (m_drawBg) {
         const QColor own = m_bgColors.value(index);
-        body.fill = own.isValid() ? own : kBgColors[index];
+        body.fill = own.isValid() ? own : lumqt::themeColor(lumqt::Purpose::StateGround, index);
     }
     body.radiusX = painted(m_radiusX);
     body.radiusY = painted(m_radiusY);
     // Round corners keep their frame; only a square widget goes without.
     if (!m_frmTrancent || (body.radiusX > 0 && body.radiusY > 0)) {
         const QColor own = m_frmColors.value(index);
-        body.frame = own.isValid() ? own : kFrameColors[index];
+        body.frame = own.isValid() ? own : lumqt::themeColor(lumqt::Purpose::StateFrame, index);
     }
     {
         QPainter painter(this);

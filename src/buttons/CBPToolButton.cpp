@@ -8,6 +8,7 @@
 #include "foundation/ImageLoader.h"
 #include "foundation/Log.h"
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
 #include "foundation/PressKeys.h"
 
 #include <QFontMetrics>
@@ -18,7 +19,6 @@
 namespace {
 
 // Look and metrics, in logical pixels.
-const QColor kTextColor(14, 115, 173);
 constexpr int kStates = 4;
 constexpr int kBorder = 10; // left and right of the content
 constexpr int kSpacing = 5;
@@ -95,7 +95,6 @@ void CBPToolButton::init()
 {
     lumqt::registerMenuItem();
     lumqt::installAccessible(staticMetaObject.className(), makeAccessible);
-    m_textColors.fill(kTextColor, kStates);
     m_font = lumqt::uiFont();
     m_left = kBorder;
     m_right = kBorder;
@@ -153,13 +152,14 @@ void CBPToolButton::SetTextColor(QColor &color)
 void CBPToolButton::SetTextColor(QVector<QColor> colors)
 {
     m_textColors = colors;
+    m_ownTextColors = true;
     AutoResize();
     update();
 }
 
 QColor CBPToolButton::textClr() const
 {
-    return m_textColors.value(state());
+    return m_ownTextColors ? m_textColors.value(state()) : lumqt::builtInColor(lumqt::Purpose::ToolText);
 }
 
 QString CBPToolButton::icon() const

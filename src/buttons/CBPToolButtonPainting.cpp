@@ -4,14 +4,14 @@
 #include "foundation/FocusRing.h"
 #include "foundation/ImageLoader.h"
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
 
 #include <QPainter>
 #include <QResizeEvent>
 
 namespace {
 
-const QColor kTextColor(14, 115, 173); // of a state that was given none
-constexpr int kArrowGap = 3;           // behind a text below its image, in logical pixels
+constexpr int kArrowGap = 3; // behind a text below its image, in logical pixels
 
 } // namespace
 
@@ -56,8 +56,8 @@ bool CBPToolButton::hasRingRoom() const
 
 QColor CBPToolButton::paintedTextColor() const
 {
-    const QColor own = textClr();
-    return own.isValid() ? own : kTextColor;
+    const QColor own = m_textColors.value(state());
+    return own.isValid() ? own : lumqt::themeColor(lumqt::Purpose::ToolText, state());
 }
 
 void CBPToolButton::drawContent(QPainter &painter)

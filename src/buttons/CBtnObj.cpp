@@ -1,5 +1,6 @@
 #include "CBtnObj.h"
 
+#include "buttons/ButtonTones.h"
 #include "foundation/Log.h"
 
 namespace {
@@ -7,25 +8,52 @@ namespace {
 constexpr int kStateCount = 4; // normal, hover, pressed, disabled
 
 using Colors = QVector<QColor>;
+using P = lumqt::Purpose;
 
-// Shared by all records: a new button copies pointers, not colours.
-struct BuiltIn
-{
-    const Colors background{QColor(0xff, 0xff, 0xff), QColor(0xed, 0xf7, 0xf8), QColor(0xe2, 0xf2, 0xf3),
-                            QColor(0xff, 0xff, 0xff)};
-    const Colors frame{QColor(0x3c, 0x43, 0x4b), QColor(0xbc, 0xe0, 0xe2), QColor(0x87, 0xc8, 0xcc),
-                       QColor(0xbb, 0xbb, 0xbb)};
-    const Colors text{QColor(0x66, 0x66, 0x66), QColor(0x66, 0x66, 0x66), QColor(0x66, 0x66, 0x66),
-                      QColor(0xbb, 0xbb, 0xbb)};
-    const Colors triangle{QColor(0x22, 0x8f, 0xc2), QColor(0x22, 0x8f, 0xc2), QColor(0x22, 0x8f, 0xc2),
-                          QColor(0xa0, 0xa0, 0xa0)};
-    const QVector<int> radius{0, 0};
-};
+constexpr short kGround = short(P::ButtonGround);
+constexpr short kFrame = short(P::ButtonFrame);
+constexpr short kText = short(P::ButtonText);
+constexpr short kTriangle = short(P::ButtonTriangle);
 
-const BuiltIn &builtIn()
+// The built-in colours of a run of purposes. Shared by all records: a new button copies pointers, not
+// colours; and a list that still shares them is one that nobody has set, whatever way derived classes have to
+// it.
+const Colors &builtIn(short first)
 {
-    static const BuiltIn values;
-    return values;
+    static std::array<Colors, lumqt::kPurposes> lists;
+    Colors &list = lists[size_t(first)];
+    if (list.isEmpty())
+        list = lumqt::builtInColors(P(first));
+    return list;
+}
+
+// The same see-through, for setBgTrancent().
+const Colors &builtInTransparent(short first)
+{
+    static std::array<Colors, lumqt::kPurposes> lists;
+    Colors &list = lists[size_t(first)];
+    if (list.isEmpty()) {
+        list = builtIn(first);
+        for (QColor &color : list)
+            color.setAlpha(0);
+    }
+    return list;
+}
+
+const QVector<int> &squareCorners()
+{
+    static const QVector<int> radii{0, 0};
+    return radii;
+}
+
+bool shares(const Colors &colors, const Colors &others)
+{
+    return colors.constData() == others.constData();
+}
+
+bool isOwn(const Colors &colors, short first)
+{
+    return colors.size() == kStateCount && !shares(colors, builtIn(first));
 }
 
 void store(Colors &target, const Colors &colors, const char *what)
@@ -36,20 +64,25 @@ void store(Colors &target, const Colors &colors, const char *what)
     target = colors;
 }
 
-QColor painted(const Colors &colors, const Colors &fallback, int index)
+QColor painted(const Colors &colors, short first, int index)
 {
-    return (colors.size() == kStateCount ? colors : fallback).value(index);
+    if (isOwn(colors, first))
+        return colors.value(index);
+    return index >= 0 && index < kStateCount ? lumqt::themeColor(P(first), index) : QColor();
 }
 
 } // namespace
 
 CBtnObj::CBtnObj()
-    : m_bgColor(builtIn().background),
-      m_frmColor(builtIn().frame),
-      m_textColor(builtIn().text),
+    : m_bgColor(builtIn(kGround)),
+      m_frmColor(builtIn(kFrame)),
+      m_textColor(builtIn(kText)),
       m_focusColor(m_bgColor),
-      m_triangleColor(builtIn().triangle),
-      m_roundRadius(builtIn().radius)
+      m_triangleColor(builtIn(kTriangle)),
+      m_roundRadius(squareCorners()),
+      m_bgPurpose(kGround),
+      m_frmPurpose(kFrame),
+      m_textPurpose(kText)
 {
 }
 
@@ -62,16 +95,19 @@ void CBtnObj::setState(int state)
 void CBtnObj::setBgColor(QVector<QColor> colors)
 {
     store(m_bgColor, colors, "background");
+    m_bgPurpose = kGround;
 }
 
 void CBtnObj::setFrmColor(QVector<QColor> colors)
 {
     store(m_frmColor, colors, "frame");
+    m_frmPurpose = kFrame;
 }
 
 void CBtnObj::setTextColor(QVector<QColor> colors)
 {
     store(m_textColor, colors, "text");
+    m_textPurpose = kText;
 }
 
 void CBtnObj::setFocusColor(QVector<QColor> colors)
@@ -86,6 +122,12 @@ void CBtnObj::setTriangleColor(QVector<QColor> colors)
 
 void CBtnObj::setBgTrancent(bool transparent)
 {
+    const Colors &opaque = builtIn(m_bgPurpose);
+    const Colors &clear = builtInTransparent(m_bgPurpose);
+    if (shares(m_bgColor, opaque) || shares(m_bgColor, clear)) {
+        m_bgColor = transparent ? clear : opaque; // opaque again, it is the theme's
+        return;
+    }
     for (QColor &color : m_bgColor)
         color.setAlpha(transparent ? 0 : 255);
 }
@@ -99,15 +141,47 @@ QIcon::Mode CBtnObj::iconMode() const
 
 QColor CBtnObj::paintedBgColor(int index) const
 {
-    return painted(m_bgColor, builtIn().background, index);
+    return painted(m_bgColor, m_bgPurpose, index);
 }
 
 QColor CBtnObj::paintedFrmColor(int index) const
 {
-    return painted(m_frmColor, builtIn().frame, index);
+    return painted(m_frmColor, m_frmPurpose, index);
 }
 
 QColor CBtnObj::paintedTextColor(int index) const
 {
-    return painted(m_textColor, builtIn().text, index);
+    return painted(m_textColor, m_textPurpose, index);
+}
+
+QColor CBtnObj::paintedTriangleColor(int index) const
+{
+    const QColor color = painted(m_triangleColor, kTriangle, index);
+    return color.isValid() ? color : lumqt::themeColor(P(kTriangle), index);
+}
+
+bool CBtnObj::hasOwnTextColor() const
+{
+    return isOwn(m_textColor, m_textPurpose);
+}
+
+// ----------------------------------------------------------------------------------------------------------
+// buttons that are part of something
+
+void lumqt::ButtonTones::setGround(CBtnObj &button, Purpose first)
+{
+    button.m_bgPurpose = short(first);
+    button.m_bgColor = builtIn(short(first));
+}
+
+void lumqt::ButtonTones::setFrame(CBtnObj &button, Purpose first)
+{
+    button.m_frmPurpose = short(first);
+    button.m_frmColor = builtIn(short(first));
+}
+
+void lumqt::ButtonTones::setText(CBtnObj &button, Purpose first)
+{
+    button.m_textPurpose = short(first);
+    button.m_textColor = builtIn(short(first));
 }

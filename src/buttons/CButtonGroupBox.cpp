@@ -1,5 +1,6 @@
 #include "CButtonGroupBox.h"
 
+#include "buttons/ButtonTones.h"
 #include "buttons/FocusGroup.h"
 #include "buttons/GroupButton.h"
 #include "foundation/Accessible.h"
@@ -11,11 +12,6 @@
 
 namespace {
 
-const QColor kFrameColor(223, 227, 235);
-const QColor kTextColors[] = {QColor(87, 174, 246), QColor(255, 255, 255), QColor(255, 255, 255),
-                              QColor(187, 187, 187)};
-const QColor kBgColors[] = {QColor(255, 255, 255), QColor(236, 246, 254), QColor(219, 237, 253),
-                            QColor(255, 255, 255)};
 constexpr int kLineWidth = 1; // of the frame, and of the lines between the buttons
 constexpr int kIconSpacing = 8;
 
@@ -26,12 +22,8 @@ CButtonGroupBox::CButtonGroupBox(bool exclusive, QWidget *parent)
 {
     lumqt::installAccessible(staticMetaObject.className(), lumqt::makeGrouping);
     setParent(parent);
-    for (const QColor &color : kTextColors)
-        m_textColors.append(color);
-    for (const QColor &color : kBgColors)
-        m_bgColors.append(color);
     SetDrawFrame(true);
-    SetFrameClr(kFrameColor);
+    setTones(int(lumqt::Purpose::GroupFrame), int(lumqt::Purpose::GroupGround));
     SetBorderWidth(kLineWidth, kLineWidth, kLineWidth, kLineWidth);
     SetSpacing(kLineWidth);
     // Room to spare lies behind the buttons, not between them, where it would answer nobody.
@@ -40,6 +32,12 @@ CButtonGroupBox::CButtonGroupBox(bool exclusive, QWidget *parent)
 }
 
 CButtonGroupBox::~CButtonGroupBox() = default;
+
+void CButtonGroupBox::setTones(int frame, int ground)
+{
+    setFramePurpose(frame);
+    m_bgPurpose = ground;
+}
 
 CBPPushBtn *CButtonGroupBox::AddButton(int id, QString text, QString iconPath)
 {
@@ -55,9 +53,13 @@ CBPPushBtn *CButtonGroupBox::CreateButton(int id, QString text, QString iconPath
     auto *button = new lumqt::GroupButton(text, id, m_exclusive);
     button->setFrmTrancent(true);
     if (!iconPath.isEmpty())
-        button->setIcon(QIcon(iconPath));
-    button->setTextColor(m_textColors);
-    button->setBgColor(m_bgColors);
+        button->setIconFile(iconPath);
+    lumqt::ButtonTones::setText(*button, lumqt::Purpose::GroupText);
+    lumqt::ButtonTones::setGround(*button, lumqt::Purpose(m_bgPurpose));
+    if (m_ownTextColors)
+        button->setTextColor(m_textColors);
+    if (m_ownBgColors)
+        button->setBgColor(m_bgColors);
     button->setSpacing(kIconSpacing);
     button->setObjectName(QStringLiteral("id_bgb_") + text);
     connect(button, &CBPPushBtn::sigBtnClicked, this, &CButtonGroupBox::slotBtnClicked);
@@ -78,11 +80,13 @@ CBPPushBtn *CButtonGroupBox::GetButton(int id)
 void CButtonGroupBox::SetTextClr(QVector<QColor> colors)
 {
     m_textColors = colors;
+    m_ownTextColors = true;
 }
 
 void CButtonGroupBox::SetBgClr(QVector<QColor> colors)
 {
     m_bgColors = colors;
+    m_ownBgColors = true;
 }
 
 void CButtonGroupBox::slotBtnClicked(int id)

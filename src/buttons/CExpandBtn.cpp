@@ -1,6 +1,7 @@
 #include "CExpandBtn.h"
 
 #include "buttons/AccessibleWaitBtn.h"
+#include "buttons/ButtonTones.h"
 #include "foundation/ImageLoader.h"
 #include "foundation/Painting.h"
 #include "Util.h"
@@ -16,8 +17,14 @@ constexpr int kHeight = 44;
 constexpr int kArrowInset = 16; // from the end of the line
 constexpr int kArrowRoom = 36;  // inset, arrow and a gap; at both ends, so that the text stays in the middle
 constexpr int kTextInset = 4;   // the base keeps it beside a text that may end in an ellipsis
-constexpr qreal kDisabledOpacity = 0.4;
-constexpr int kDisabled = 3; // state
+constexpr qreal kDisabledOpacity = 0.4;        // of the arrow
+constexpr qreal kDisabledOpacityOnDark = 0.75; // where it is light, and would be lost
+constexpr int kDisabled = 3;                   // state
+
+qreal disabledOpacity()
+{
+    return lumqt::themeFolder().isEmpty() ? kDisabledOpacity : kDisabledOpacityOnDark;
+}
 
 } // namespace
 
@@ -57,7 +64,7 @@ CExpandBtn::CExpandBtn(const QStringList &frames, const QString &text, const QSt
     setFixedHeight(kHeight);
     setFrmTrancent(true);
     setTextElided(true);
-    setFocusFrameColor(lumqt::kFocusRingColor);
+    lumqt::ButtonTones::setRing(*this, lumqt::Purpose::FocusRing);
     connect(this, SIGNAL(clicked()), this, SLOT(onExpand()));
 }
 
@@ -110,7 +117,7 @@ void CExpandBtn::drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, in
     CBPWaitBtn::drawPixmapAndText(painter, pen, content, index);
     if (IsFocus()) { // without a frame the base has none to mark
         lumqt::Body ring;
-        ring.frame = focusFrameColor();
+        ring.frame = lumqt::ButtonTones::ring(*this);
         ring.frameWidth = lumqt::kFocusRingWidth;
         lumqt::drawBody(*painter, rect, ring);
     }
@@ -120,7 +127,7 @@ void CExpandBtn::drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, in
     const QPixmap arrow =
         lumqt::loadPixmap(Util::getResFullPath(QString::fromLatin1(name)), devicePixelRatioF());
     const QSize size = lumqt::logicalSize(arrow);
-    painter->setOpacity(index == kDisabled ? kDisabledOpacity : 1.0);
+    painter->setOpacity(index == kDisabled ? disabledOpacity() : 1.0);
     const QRect place(QPoint(rect.right() + 1 - kArrowInset - size.width(),
                              rect.top() + (rect.height() - size.height()) / 2),
                       size);

@@ -1,5 +1,6 @@
 #include "CTriStateButton.h"
 
+#include "buttons/ButtonTones.h"
 #include "foundation/Accessible.h"
 #include "foundation/ElidedText.h"
 #include "foundation/FocusMark.h"
@@ -11,16 +12,25 @@
 
 namespace {
 
-const QColor kPlainColor(155, 155, 155);
-const QColor kCheckedColor(76, 174, 178);
-const QColor kHoverColor(112, 191, 194);
-const QColor kPlainTextColor(0, 0, 0);
-const QColor kDisabledFrameColor(215, 215, 215);
-const QColor kDisabledBgColor(253, 253, 253);
-const QColor kDisabledTextColor(120, 120, 120);
+using lumqt::Purpose;
+
 constexpr int kElidedInset = 4; // of a text that ends in an ellipsis, at each side
 
 enum Look { Plain = 0, Hovered = 1, Checked = 2 };
+
+constexpr Purpose kTexts[] = {Purpose::ToggleText, Purpose::ToggleHovered, Purpose::ToggleChecked};
+
+// Three on purpose, one per look; there is no colour for "disabled" to set.
+const QVector<QColor> &builtInTexts()
+{
+    static const QVector<QColor> colors = [] {
+        QVector<QColor> texts;
+        for (const Purpose purpose : kTexts)
+            texts.append(lumqt::builtInColor(purpose));
+        return texts;
+    }();
+    return colors;
+}
 
 } // namespace
 
@@ -75,17 +85,12 @@ CTriStateButton::CTriStateButton(QString text, bool locked, bool noToggle, QWidg
     : CBPPushBtn(QString(), parent, true, false),
       m_noToggle(noToggle),
       m_locked(locked),
-      m_plainColor(kPlainColor),
-      m_checkedColor(kCheckedColor),
-      m_hoverColor(kHoverColor),
       m_label(std::make_unique<lumqt::CachedText>())
 {
     lumqt::installAccessible(staticMetaObject.className(), makeAccessible);
     setAutoDefault(false); // Enter in a dialog is for its real buttons, as beside a check box
-    setFocusFrameColor(lumqt::kFocusRingColor);
-    // Three on purpose, one per look; there is no colour for "disabled" to set. Not by the setter, which
-    // warns of lists without four.
-    m_textColor = {kPlainTextColor, m_hoverColor, m_checkedColor};
+    lumqt::ButtonTones::setRing(*this, lumqt::Purpose::FocusRing);
+    m_textColor = builtInTexts(); // not by the setter, which warns of lists without four
     // Not by the base's constructor: a change of the text makes Qt look for the accessible interface, and it
     // would keep that of the base class.
     setText(text);
@@ -237,10 +242,20 @@ void CTriStateButton::focusOutEvent(QFocusEvent *event)
 
 QColor CTriStateButton::lookTextColor(int look) const
 {
-    const QColor own = m_textColor.value(look);
-    if (own.isValid())
-        return own;
-    return look == Checked ? kCheckedColor : look == Hovered ? kHoverColor : kPlainTextColor;
+    const bool isSet = m_textColor.constData() != builtInTexts().constData();
+    return lumqt::ownOr(isSet ? m_textColor.value(look) : QColor(), kTexts[look]);
+}
+
+QColor CTriStateButton::frameColor(int look) const
+{
+    switch (look) {
+    case Checked:
+        return lumqt::ownOr(m_checkedColor, Purpose::ToggleChecked);
+    case Hovered:
+        return lumqt::ownOr(m_hoverColor, Purpose::ToggleHovered);
+    default:
+        return lumqt::ownOr(m_plainColor, Purpose::ToggleFrame);
+    }
 }
 
 void CTriStateButton::paintEvent(QPaintEvent *)
@@ -249,16 +264,16 @@ void CTriStateButton::paintEvent(QPaintEvent *)
     lumqt::Body body;
     QColor textColor;
     if (isEnabled()) {
-        body.frame = m_checked ? m_checkedColor : m_hovered ? m_hoverColor : m_plainColor;
+        body.frame = frameColor(look);
         body.fill = paintedBgColor(look);
         textColor = lookTextColor(look);
     } else {
-        body.frame = kDisabledFrameColor;
-        body.fill = kDisabledBgColor;
-        textColor = kDisabledTextColor;
+        body.frame = lumqt::themeColor(Purpose::ToggleFrameDisabled);
+        body.fill = lumqt::themeColor(Purpose::ToggleGroundDisabled);
+        textColor = lumqt::themeColor(Purpose::ToggleTextDisabled);
     }
     if (m_focusMark == lumqt::FocusMark::Shown && isEnabled()) {
-        body.frame = focusFrameColor();
+        body.frame = lumqt::ButtonTones::ring(*this);
         body.frameWidth = lumqt::kFocusRingWidth;
     } else if (text().isEmpty()) {
         body.frame = QColor();

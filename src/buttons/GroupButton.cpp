@@ -3,7 +3,9 @@
 #include "CButtonGroupBox.h"
 #include "foundation/Accessible.h"
 #include "foundation/FocusMark.h"
+#include "foundation/ImageLoader.h"
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
 
 #include <QFocusEvent>
 #include <QKeyEvent>
@@ -13,8 +15,8 @@ namespace lumqt {
 
 namespace {
 
-constexpr int kPressed = 2;       // state
-constexpr int kLightGround = 228; // grey; the ring has 3:1 and more on it
+constexpr int kPressed = 2;     // state
+constexpr int kLikeGround = 27; // difference in grey; the ring has 3:1 and more on it
 
 } // namespace
 
@@ -72,6 +74,22 @@ GroupButton::GroupButton(const QString &text, int id, bool exclusive)
     setText(text);
 }
 
+void GroupButton::setIconFile(const QString &path)
+{
+    m_iconFile = path;
+    readIcon();
+    onThemeChange(this, [this] { // few buttons of a group have an icon
+        if (icon().cacheKey() == m_readIcon)
+            readIcon();
+    });
+}
+
+void GroupButton::readIcon()
+{
+    setIcon(QIcon(themePicture(m_iconFile)));
+    m_readIcon = icon().cacheKey();
+}
+
 void GroupButton::makeTabOf(QWidget *page)
 {
     m_isTab = true;
@@ -96,10 +114,12 @@ void GroupButton::paintEvent(QPaintEvent *event)
     if (m_focusMark != FocusMark::Shown || !isEnabled())
         return;
     drawFocusRing(painter, rect(), 0, 0);
-    if (qGray(paintedBgColor(isSelected() ? kPressed : state()).rgb()) >= kLightGround)
+    const int grey = qGray(paintedBgColor(isSelected() ? kPressed : state()).rgb());
+    const QColor &ground = themeColor(Purpose::Ground);
+    if (qAbs(grey - qGray(ground.rgb())) <= kLikeGround)
         return;
     Body air; // or the ring would not be seen on a ground as blue as it
-    air.frame = Qt::white;
+    air.frame = ground;
     air.frameWidth = kFocusRingWidth;
     constexpr int ring = kFocusRingWidth;
     drawBody(painter, rect().adjusted(ring, ring, -ring, -ring), air);

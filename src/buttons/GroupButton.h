@@ -17,6 +17,9 @@ class GroupButton : public CBPPushBtn
 public:
     GroupButton(const QString &text, int id, bool exclusive);
 
+    // Its icon, which is the theme's own of that name where there is one. Until another is set.
+    void setIconFile(const QString &path);
+
     // Screen readers are told of a tab that shows `page` from now on.
     void makeTabOf(QWidget *page);
 
@@ -37,10 +40,14 @@ private:
 
     static QAccessibleInterface *makeAccessible(QWidget *widget);
 
+    void readIcon();
+
     const bool m_exclusive;
     bool m_isTab = false;
     QPointer<QWidget> m_page;
     FocusMark m_focusMark{};
+    QString m_iconFile;
+    qint64 m_readIcon = 0; // cache key of the icon that is the file's
 };
 
 } // namespace lumqt

@@ -9,7 +9,9 @@
 #include "datetime/SecondClick.h"
 #include "foundation/Accessible.h"
 #include "foundation/Look.h"
+#include "foundation/Palette.h"
 #include "foundation/StyleParts.h"
+#include "input/FieldTones.h"
 #include "Util.h"
 
 #include <QDateEdit>
@@ -21,7 +23,6 @@
 namespace {
 
 // Look and metrics, in logical pixels.
-const QColor kFrame(215, 215, 215);
 const QMargins kMargins(1, 1, 5, 1);
 const QMargins kCalendarMargins(1, 1, 1, 1);
 constexpr int kEditMargin = 2; // that a line edit keeps beside its text
@@ -106,7 +107,6 @@ void CBPDateSelector::Layout(QWidget *parent)
 {
     m_pBox = new CBPBox(false, false, 0);
     m_pBox->SetDrawFrame(true);
-    m_pBox->SetFrameClr(kFrame);
     auto *layout = new QHBoxLayout;
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_pBox);
@@ -117,6 +117,7 @@ void CBPDateSelector::Layout(QWidget *parent)
     m_pDateEdit->setAccessibleName(tr("Date"));
     m_pDateEdit->findChild<QLineEdit *>()->setAccessibleName(tr("Date"));
     CBPStyle::Apply(m_pDateEdit);
+    lumqt::wearTheme(m_pDateEdit, lumqt::fieldTones());
     m_pDateEdit->installEventFilter(this);
     connect(m_pDateEdit, SIGNAL(editingFinished()), this, SLOT(onDateEditFinish()));
     m_pBox->PackStart(m_pDateEdit, false, false, 0);
@@ -133,6 +134,7 @@ void CBPDateSelector::Layout(QWidget *parent)
     m_pFrame = new lumqt::FrameAbove(this);
     chooseSides();
     updateLook();
+    lumqt::onThemeChange(this, [this] { updateLook(); });
 }
 
 void CBPDateSelector::SetDate(QDate &date)
@@ -194,7 +196,7 @@ void CBPDateSelector::CreateCalendar()
     layout->setContentsMargins(kCalendarMargins);
     layout->addWidget(m_pCalendar);
     m_pTipWnd->setLayout(layout);
-    (new lumqt::FrameAbove(m_pTipWnd))->setColor(QColor(lumqt::kCalendarFrame));
+    (new lumqt::FrameAbove(m_pTipWnd))->setColor(lumqt::Purpose::CalendarFrame);
 }
 
 void CBPDateSelector::onCalendarActived(const QDate &date)
@@ -312,8 +314,10 @@ void CBPDateSelector::updateLook()
 {
     if (!m_pBox || !m_pDateEdit || !m_pFrame)
         return;
+    using lumqt::Purpose;
     QStyleOption option;
     option.initFrom(m_pDateEdit);
     m_pBox->SetBgClr(lumqt::StyleColors(option).ground);
-    m_pFrame->setColor(isEnabled() && underMouse() ? QColor(lumqt::kFieldFrameHovered) : kFrame);
+    m_pBox->SetFrameClr(lumqt::themeColor(Purpose::DateFrame));
+    m_pFrame->setColor(isEnabled() && underMouse() ? Purpose::FrameHovered : Purpose::DateFrame);
 }

@@ -4,6 +4,7 @@
 #include "CBPStyle.h"
 #include "datetime/DimmedWhenDisabled.h"
 #include "ENState.h"
+#include "input/FieldTones.h"
 
 #include <QHBoxLayout>
 #include <QTimeEdit>
@@ -32,6 +33,7 @@ void CEditTimeEditItem::Layout()
     m_pTimeEdit = new QTimeEdit;
     m_pTimeEdit->setWrapping(true);
     CBPStyle::Apply(m_pTimeEdit);
+    lumqt::wearTheme(m_pTimeEdit, lumqt::fieldTones());
     // From right to left Qt turns the parts of a time around, and 06:30 into 30:06. Also a format that is set
     // later stays as it is written.
     const QString format = m_pTimeEdit->displayFormat();

@@ -3,8 +3,10 @@
 #include "foundation/AppStyle.h"
 #include "foundation/FontLookup.h"
 #include "foundation/IconPixmap.h"
+#include "foundation/ImageLoader.h"
 #include "foundation/Look.h"
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
 #include "Util.h"
 
 #include <QKeyEvent>
@@ -25,19 +27,6 @@ namespace lumqt {
 namespace {
 
 // Look and metrics, in logical pixels; those of texts and what holds them at the usual size of a text.
-const QColor kGround(255, 255, 255);
-const QColor kBar(237, 245, 253);
-const QColor kInk(34, 42, 62);
-const QColor kDayNames(103, 114, 128);
-const QColor kWeekend(253, 123, 0);
-const QColor kOtherMonth(103, 114, 128);
-const QColor kOutOfRange(180, 188, 198);
-const QColor kSelected(kAccent);
-const QColor kSelectedInk(255, 255, 255);
-const QColor kHover(220, 236, 252);
-const QColor kBarHover(211, 231, 250);
-const QColor kBarPress(187, 217, 248);
-const QColor kToday(kAccent);
 constexpr int kDayNamePixelSize = 12;
 constexpr int kDayPixelSize = 13;
 constexpr int kTitlePixelSize = 14;
@@ -59,6 +48,11 @@ constexpr int kTriangleHeight = 4;
 constexpr int kTriangleGap = 6;
 const char kPrevIcon[] = "../res/calendar_prev.png";
 const char kNextIcon[] = "../res/calendar_next.png";
+
+constexpr QPalette::ColorRole kGrounds[] = {QPalette::Window, QPalette::Base, QPalette::AlternateBase,
+                                            QPalette::Button};
+constexpr QPalette::ColorRole kTexts[] = {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
+                                          QPalette::HighlightedText};
 
 } // namespace
 
@@ -89,8 +83,8 @@ public:
             return;
         }
         Body panel;
-        panel.fill = kGround;
-        panel.frame = QColor(kCalendarFrame);
+        panel.fill = themeColor(Purpose::CalendarGround);
+        panel.frame = themeColor(Purpose::CalendarFrame);
         if (element == PE_FrameMenu)
             panel.fill = QColor();
         drawBody(*painter, option->rect, panel);
@@ -150,9 +144,9 @@ private:
         Body tile;
         tile.radiusX = tile.radiusY = kRadius;
         if (button.state & (State_Sunken | State_On))
-            tile.fill = kBarPress;
+            tile.fill = themeColor(Purpose::CalendarBarPressed);
         else if (button.state & State_MouseOver)
-            tile.fill = kBarHover;
+            tile.fill = themeColor(Purpose::CalendarBarHovered);
         if (tile.fill.isValid())
             drawBody(painter, button.rect, tile);
         drawContent(button, painter, widget);
@@ -163,7 +157,7 @@ private:
     void drawSpinBox(const QStyleOptionComplex &option, QPainter &painter, const QWidget *widget) const
     {
         Body body;
-        body.fill = kGround;
+        body.fill = themeColor(Purpose::CalendarGround);
         body.radiusX = body.radiusY = kRadius;
         drawBody(painter, option.rect, body);
         drawFocusRing(painter, option.rect); // it has the focus as long as it is there
@@ -175,7 +169,7 @@ private:
             if (arrow == SC_SpinBoxUp)
                 painter.rotate(180);
             drawDropTriangle(painter, QPointF(-size.width(), -size.height()) / 2, size.width(), size.height(),
-                             kInk);
+                             themeColor(Purpose::CalendarText));
             painter.restore();
         }
     }
@@ -199,12 +193,12 @@ private:
             triangle = QStyle::visualRect(button.direction, button.rect, triangle);
             drawDropTriangle(painter,
                              QPointF(triangle.left(), text.top() + (text.height() - size.height()) / 2.0),
-                             size.width(), size.height(), kInk);
+                             size.width(), size.height(), themeColor(Purpose::CalendarText));
             text.setRight(text.right() - size.width() - kTriangleGap);
             text = QStyle::visualRect(button.direction, button.rect, text);
         }
         painter.setFont(widget.font());
-        painter.setPen(kInk);
+        painter.setPen(themeColor(Purpose::CalendarText));
         painter.drawText(text, Qt::AlignCenter | Qt::TextSingleLine, button.text);
     }
 };
@@ -214,11 +208,18 @@ CalendarPane::CalendarPane(const Names &names)
     setGridVisible(false);
     setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     setHorizontalHeaderFormat(QCalendarWidget::ShortDayNames);
-    setColors();
+    dress(this, Purpose::CalendarBar); // what Qt fills the bar with
+    setTextColors();
     setUpView(names.days);
     setUpBar(names);
     setUpYearEdit(names.year);
     updateSizes();
+    onThemeChange(this, [this] {
+        for (Dressed &part : m_dressed)
+            putColors(part);
+        setTextColors();
+        setIcons();
+    });
 }
 
 void CalendarPane::setScale(const QFont &text)
@@ -257,25 +258,54 @@ void CalendarPane::updateSizes()
         m_year->setFont(title);
 }
 
-void CalendarPane::setColors()
+// In each theme, the light one too: the calendar's colours are not those of other windows.
+void CalendarPane::dress(QWidget *part, Purpose highlight)
 {
-    QPalette colors = palette();
-    for (const QPalette::ColorRole ground :
-         {QPalette::Window, QPalette::Base, QPalette::AlternateBase, QPalette::Button})
-        colors.setColor(ground, kGround);
-    for (const QPalette::ColorRole text :
-         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::HighlightedText})
-        colors.setColor(text, kInk);
-    colors.setColor(QPalette::Highlight, kBar); // what Qt fills the bar with
-    setPalette(colors);
+    if (part != this)
+        part->setPalette(palette());
+    m_dressed.append({part, highlight, part->palette()});
+    putColors(m_dressed.last());
+}
 
-    QTextCharFormat names;
-    names.setForeground(kDayNames);
-    setHeaderTextFormat(names);
-    QTextCharFormat weekend;
-    weekend.setForeground(kWeekend);
-    setWeekdayTextFormat(Qt::Saturday, weekend);
-    setWeekdayTextFormat(Qt::Sunday, weekend);
+// What somebody else has put into a role since the last time stays.
+void CalendarPane::putColors(Dressed &part)
+{
+    if (!part.widget)
+        return;
+    QPalette colors = part.widget->palette();
+    const auto put = [&](QPalette::ColorRole role, Purpose purpose) {
+        if (colors.brush(QPalette::Active, role) == part.worn.brush(QPalette::Active, role))
+            colors.setColor(role, themeColor(purpose));
+    };
+    for (const QPalette::ColorRole ground : kGrounds)
+        put(ground, Purpose::CalendarGround);
+    for (const QPalette::ColorRole text : kTexts)
+        put(text, Purpose::CalendarText);
+    put(QPalette::Highlight, part.highlight);
+    part.widget->setPalette(colors);
+    part.worn = colors;
+}
+
+// Of the names of the days and of the weekend; an application's formats stay.
+void CalendarPane::setTextColors()
+{
+    const auto isOwn = [](const QTextCharFormat &format, const QColor &worn) {
+        return !format.hasProperty(QTextFormat::ForegroundBrush) || format.foreground().color() == worn;
+    };
+    QTextCharFormat names = headerTextFormat();
+    if (isOwn(names, m_namesColor)) {
+        names.setForeground(themeColor(Purpose::CalendarQuietText));
+        setHeaderTextFormat(names);
+    }
+    for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday}) {
+        QTextCharFormat weekend = weekdayTextFormat(day);
+        if (!isOwn(weekend, m_weekendColor) && m_weekendColor.isValid())
+            continue;
+        weekend.setForeground(themeColor(Purpose::CalendarWeekend));
+        setWeekdayTextFormat(day, weekend);
+    }
+    m_namesColor = themeColor(Purpose::CalendarQuietText);
+    m_weekendColor = themeColor(Purpose::CalendarWeekend);
 }
 
 void CalendarPane::setUpView(const QString &name)
@@ -284,6 +314,10 @@ void CalendarPane::setUpView(const QString &name)
     if (!m_view)
         return;
     m_view->setAccessibleName(name);
+    wearTheme(m_view, {{QPalette::Window, Purpose::CalendarGround}, // also under a style sheet
+                       {QPalette::Base, Purpose::CalendarGround},
+                       {QPalette::AlternateBase, Purpose::CalendarGround},
+                       {QPalette::Text, Purpose::CalendarText}});
     m_view->viewport()->setMouseTracking(true);
     m_view->viewport()->installEventFilter(this);
     m_view->installEventFilter(this);
@@ -305,16 +339,14 @@ void CalendarPane::setUpBar(const Names &names)
     m_barStyle = new BarStyle;
     m_barStyle->setParent(this); // widgets do not own their style
     m_barButtons = m_bar->findChildren<QToolButton *>();
-    m_bar->setPalette(palette()); // under a style sheet it would have but the application's
+    dress(m_bar, Purpose::CalendarBar); // under a style sheet it would have but the application's
     for (QToolButton *button : qAsConst(m_barButtons)) {
-        button->setPalette(palette());
+        dress(button, Purpose::CalendarBar);
         button->setStyle(m_barStyle);
         button->setAttribute(Qt::WA_Hover);
         button->setFocusPolicy(Qt::StrongFocus);
         if (QMenu *menu = button->menu()) {
-            QPalette colors = palette();
-            colors.setColor(QPalette::Highlight, kHover);
-            menu->setPalette(colors);
+            dress(menu, Purpose::CalendarHovered);
             menu->setStyle(m_barStyle);
             connect(menu, &QMenu::aboutToHide, button, [button] { forgetPointer(button); });
         }
@@ -343,9 +375,7 @@ void CalendarPane::setUpYearEdit(const QString &name)
     text->setEnabled(false);
     text->setReadOnly(true); // a cursor would say otherwise
     text->setTextMargins(kYearInset, 0, 0, 0);
-    QPalette colors = year->palette();
-    colors.setColor(QPalette::Disabled, QPalette::Text, kInk); // it is no less the year
-    text->setPalette(colors);
+    dress(text, Purpose::CalendarBar); // also disabled: it is no less the year
     if (m_barStyle)
         year->setStyle(m_barStyle);
     year->installEventFilter(this);
@@ -355,9 +385,9 @@ void CalendarPane::setUpYearEdit(const QString &name)
 void CalendarPane::setIcons()
 {
     if (m_prev)
-        m_prev->setIcon(QIcon(Util::getResFullPath(QLatin1String(kPrevIcon))));
+        m_prev->setIcon(QIcon(themePicture(Util::getResFullPath(QLatin1String(kPrevIcon)))));
     if (m_next)
-        m_next->setIcon(QIcon(Util::getResFullPath(QLatin1String(kNextIcon))));
+        m_next->setIcon(QIcon(themePicture(Util::getResFullPath(QLatin1String(kNextIcon)))));
 }
 
 bool CalendarPane::event(QEvent *event)
@@ -404,16 +434,17 @@ void CalendarPane::hover(const QPoint &position)
 QColor CalendarPane::textColor(const QDate &date) const
 {
     if (date < minimumDate() || date > maximumDate())
-        return kOutOfRange;
+        return themeColor(Purpose::CalendarOutOfRange);
     if (date == selectedDate())
-        return kSelectedInk;
+        return themeColor(Purpose::CalendarChosenText);
     const QTextCharFormat own = dateTextFormat(date);
     if (own.hasProperty(QTextFormat::ForegroundBrush))
         return own.foreground().color();
     if (date.month() != monthShown())
-        return kOtherMonth;
+        return themeColor(Purpose::CalendarQuietText);
     const QTextCharFormat day = weekdayTextFormat(Qt::DayOfWeek(date.dayOfWeek()));
-    return day.hasProperty(QTextFormat::ForegroundBrush) ? day.foreground().color() : kInk;
+    return day.hasProperty(QTextFormat::ForegroundBrush) ? day.foreground().color()
+                                                         : themeColor(Purpose::CalendarText);
 }
 
 void CalendarPane::paintCell(QPainter *painter, const QRect &rect, const QDate &date) const
@@ -423,14 +454,14 @@ void CalendarPane::paintCell(QPainter *painter, const QRect &rect, const QDate &
     Body tile;
     tile.radiusX = tile.radiusY = kRadius;
     if (selected)
-        tile.fill = kSelected;
+        tile.fill = themeColor(Purpose::CalendarChosen);
     else if (inRange && rect.contains(m_hovered))
-        tile.fill = kHover;
+        tile.fill = themeColor(Purpose::CalendarHovered);
     if (date == QDate::currentDate())
-        tile.frame = kToday;
+        tile.frame = themeColor(Purpose::CalendarToday);
     const QRect place = rect.adjusted(kAir, kAir, -kAir, -kAir);
     painter->save();
-    painter->fillRect(wholeDevicePixels(*painter, QRectF(rect)), kGround);
+    painter->fillRect(wholeDevicePixels(*painter, QRectF(rect)), themeColor(Purpose::CalendarGround));
     const bool ringed = selected && m_viewHasFocus;
     const QRect content = ringed ? rect.adjusted(kTileInset, kTileInset, -kTileInset, -kTileInset) : place;
     drawBody(*painter, content, tile);

@@ -1,13 +1,14 @@
 #pragma once
 
+#include "foundation/Palette.h"
+
 #include <QCalendarWidget>
+#include <QPointer>
 
 class QTableView;
 class QToolButton;
 
 namespace lumqt {
-
-constexpr QRgb kCalendarFrame = 0xffa3c8ff; // as of the window around it
 
 // The month calendar of the library: Qt's, in our colours.
 class CalendarPane : public QCalendarWidget
@@ -34,7 +35,16 @@ protected:
 private:
     class BarStyle;
 
-    void setColors();
+    struct Dressed
+    {
+        QPointer<QWidget> widget;
+        Purpose highlight;
+        QPalette worn;
+    };
+
+    void dress(QWidget *part, Purpose highlight);
+    static void putColors(Dressed &part);
+    void setTextColors();
     void setUpView(const QString &name);
     void setUpBar(const Names &names);
     void setUpYearEdit(const QString &name);
@@ -52,6 +62,9 @@ private:
     QToolButton *m_next = nullptr;
     QWidget *m_year = nullptr; // while it is stepped
     BarStyle *m_barStyle = nullptr;
+    QVector<Dressed> m_dressed;
+    QColor m_namesColor; // that were put into their formats
+    QColor m_weekendColor;
     QPoint m_hovered{-1, -1}; // the pointer in the view
     bool m_viewHasFocus = false;
     qreal m_scale = 1;

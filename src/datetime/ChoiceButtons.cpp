@@ -3,6 +3,7 @@
 #include "CTriStateButton.h"
 #include "foundation/FontLookup.h"
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
 
 #include <QPainter>
 #include <QSet>
@@ -11,7 +12,6 @@ namespace lumqt {
 
 namespace {
 
-const QColor kMark(120, 120, 120); // as the text of a disabled toggle
 constexpr int kMarkHeight = 2;
 constexpr int kMarkInset = 4; // from the button's edges: off its frame, at any scale
 
@@ -31,7 +31,7 @@ protected:
         QPainter painter(this);
         const QRectF line(kMarkInset, height() - kMarkInset - kMarkHeight, width() - 2 * kMarkInset,
                           kMarkHeight);
-        painter.fillRect(wholeDevicePixels(painter, line), kMark);
+        painter.fillRect(wholeDevicePixels(painter, line), themeColor(Purpose::ChoiceMark));
     }
 };
 

@@ -14,7 +14,7 @@ FrameAbove::FrameAbove(QWidget *around) : QWidget(around)
     around->installEventFilter(this);
 }
 
-void FrameAbove::setColor(const QColor &color)
+void FrameAbove::setColor(Purpose color)
 {
     if (m_color == color)
         return;
@@ -47,7 +47,7 @@ void FrameAbove::paintEvent(QPaintEvent *)
         return;
     }
     Body frame;
-    frame.frame = m_color;
+    frame.frame = themeColor(m_color);
     drawBody(painter, rect(), frame);
 }
 

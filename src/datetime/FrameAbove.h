@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QColor>
+#include "foundation/Palette.h"
+
 #include <QWidget>
 
 namespace lumqt {
@@ -17,7 +18,7 @@ public:
     // Lies along the edges of `around`, which owns it, whatever its size.
     explicit FrameAbove(QWidget *around);
 
-    void setColor(const QColor &color);
+    void setColor(Purpose color);
     // The ring of the keyboard focus in its place.
     void setFocusRing(bool shown);
 
@@ -26,7 +27,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    QColor m_color;
+    Purpose m_color = Purpose::Frame;
     bool m_ring = false;
 };
 

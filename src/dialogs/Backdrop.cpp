@@ -1,6 +1,7 @@
 #include "dialogs/Backdrop.h"
 
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
 
 #include <QPaintDevice>
 #include <QPainter>
@@ -12,7 +13,6 @@ namespace lumqt {
 
 namespace {
 
-const QColor kShadow(20, 28, 44);
 constexpr qreal kShadowStrength = 0.24; // at the body's edge
 constexpr int kWidestBorder = 256;      // a wider one would need a picture without end
 
@@ -20,7 +20,11 @@ constexpr int kWidestBorder = 256;      // a wider one would need a picture with
 // them what is stretched along the sides.
 QPixmap shadowPatch(int border, int corner, qreal ratio)
 {
-    const QString key = QStringLiteral("lumqt-shadow-%1-%2").arg(border).arg(qRound(ratio * 1000));
+    const QColor &shadow = themeColor(Purpose::Shadow);
+    const QString key = QStringLiteral("lumqt-shadow-%1-%2-%3")
+                            .arg(border)
+                            .arg(qRound(ratio * 1000))
+                            .arg(shadow.rgba(), 0, 16);
     QPixmap patch;
     if (QPixmapCache::find(key, &patch))
         return patch;
@@ -35,7 +39,7 @@ QPixmap shadowPatch(int border, int corner, qreal ratio)
     const int rings = qMax(1, qRound(border * ratio));
     for (int ring = 0; ring < rings; ++ring) {
         const auto reached = [rings](int depth) { return kShadowStrength * depth * depth / rings / rings; };
-        QColor color = kShadow;
+        QColor color = shadow;
         color.setAlphaF((reached(ring + 1) - reached(ring)) / (1.0 - reached(ring)));
         painter.setBrush(color);
         const qreal radius = kDialogRadius * ratio + rings - ring;

@@ -9,6 +9,7 @@
 #include "foundation/Log.h"
 #include "foundation/ModalShow.h"
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
 #include "platform/Platform.h"
 #include "Util.h"
 
@@ -23,10 +24,7 @@
 
 namespace {
 
-// Look, metrics in logical pixels, and times in milliseconds.
-const QColor kBody(255, 255, 255);
-const QColor kBottomLine(227, 232, 238);
-const QColor kOutline(213, 219, 226); // in place of a shadow
+// Metrics in logical pixels, and times in milliseconds.
 constexpr int kFadeTime = 200;
 constexpr int kRowSpacing = 12;
 
@@ -52,6 +50,19 @@ bool isBlended(const QPainter &painter, const QWidget *widget)
     if (!screen || screen->size().isEmpty() || !painter.paintEngine())
         return true;
     return painter.paintEngine()->paintDevice() != screen->paintDevice();
+}
+
+// Outside of the body, so that the title bar lies within it, too: a shadow alone tells a dark dialog from
+// nothing dark.
+void drawEdge(QPainter &painter, const QRect &body)
+{
+    lumqt::Body edge;
+    edge.frame = lumqt::themeColor(lumqt::Purpose::PopUpEdge);
+    if (edge.frame.alpha() == 0)
+        return;
+    edge.frameWidth = 2; // one below the body, so that nothing shines through at the corners
+    edge.radiusX = edge.radiusY = lumqt::kDialogRadius + 1;
+    lumqt::drawBody(painter, body.adjusted(-1, -1, 1, 1), edge);
 }
 
 } // namespace
@@ -306,18 +317,20 @@ void CBPPopWnd::paintEvent(QPaintEvent *)
     const QRect whole = bodyRect();
     // Not blended it would be black, and of a mask some systems take no more than its bounding rectangle.
     const bool blended = isBlended(painter, this);
-    if (blended && !isMaximized())
+    if (blended && !isMaximized()) {
         lumqt::drawShadow(painter, rect(), whole.left());
+        drawEdge(painter, whole);
+    }
 
-    // Below the title bar only: white would shine through at the bar's own round corners.
+    // Below the title bar only: the ground would shine through at the bar's own round corners.
     const CBPWinFrmTitle *title = titleBar();
     QRect shown = whole;
     if (title && title->isVisibleTo(this))
         shown.setTop(title->geometry().bottom() + 1);
     lumqt::Body body;
-    body.fill = kBody;
+    body.fill = lumqt::themeColor(lumqt::Purpose::PopUpGround);
     if (!blended)
-        body.frame = kOutline;
+        body.frame = lumqt::themeColor(lumqt::Purpose::PopUpOutline);
     body.radiusX = cornerRadius();
     body.radiusY = cornerRadius();
     painter.setClipRect(shown);
@@ -328,7 +341,7 @@ void CBPPopWnd::paintEvent(QPaintEvent *)
         const QRectF place(whole.left(), statusBox()->y(), whole.width(), 1);
         QRectF line = lumqt::wholeDevicePixels(painter, place); // from edge to edge of the body
         line.setHeight(lumqt::evenDevicePixels(painter, place).height());
-        painter.fillRect(line, kBottomLine);
+        painter.fillRect(line, lumqt::themeColor(lumqt::Purpose::PopUpLine));
     }
     drawFocusRing(painter);
 }

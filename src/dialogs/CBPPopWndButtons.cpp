@@ -1,3 +1,4 @@
+#include "buttons/ButtonTones.h"
 #include "CBPBox.h"
 #include "CBPPopWnd.h"
 #include "CBPWaitBtn.h"
@@ -82,23 +83,6 @@ int distanceFromYes(int flag)
     return isSecondary(flag) || flag == kBackFlag ? 3 : 2;
 }
 
-void color(CBPPushBtn *button, bool secondary)
-{
-    const QVector<QColor> white(4, QColor(Qt::white));
-    if (secondary) {
-        button->setBgColor(white);
-        button->setFrmColor({QColor(0x9b, 0x9b, 0x9b), QColor(0xa5, 0xa5, 0xa5), QColor(0x6f, 0x6f, 0x6f),
-                             QColor(0xe1, 0xe1, 0xe1)});
-        button->setTextColor({QColor(0x33, 0x33, 0x33), QColor(0x47, 0x47, 0x47), QColor(0x24, 0x24, 0x24),
-                              QColor(0xc2, 0xc2, 0xc2)});
-    } else {
-        button->setBgColor({QColor(0x49, 0xa7, 0xf5), QColor(0x5b, 0xaf, 0xf6), QColor(0x41, 0x95, 0xdc),
-                            QColor(0xc9, 0xe5, 0xfc)});
-        button->setTextColor(white);
-    }
-    button->setFrmTrancent(!secondary);
-}
-
 // The row's buttons are of one width, unless a text needs more: on two lines it would be cut off.
 void makeRoomFor(const QString &text, CBPPushBtn *button)
 {
@@ -114,6 +98,17 @@ QStringList loadingFrames()
     for (int i = 0; i < kFrameCount; ++i) // the number first: the program's folder may hold a "%1"
         frames << Util::getResFullPath(QString::fromLatin1(kFramePath).arg(i, 2, 10, QLatin1Char('0')));
     return frames;
+}
+
+void colorButton(CBPPushBtn *button, bool secondary)
+{
+    using lumqt::ButtonTones;
+    using lumqt::Purpose;
+    ButtonTones::setGround(*button, secondary ? Purpose::SecondaryGround : Purpose::PrimaryGround);
+    ButtonTones::setText(*button, secondary ? Purpose::SecondaryText : Purpose::PrimaryText);
+    if (secondary)
+        ButtonTones::setFrame(*button, Purpose::SecondaryFrame);
+    button->setFrmTrancent(!secondary);
 }
 
 } // namespace
@@ -179,7 +174,7 @@ CBPPushBtn *CBPPopWnd::CreateAndPackBtn(QString caption, QStringList &frames, in
     // takes its place.
     if (flag != kCancelFlag)
         button->setDefault(true);
-    color(button, isSecondary(flag));
+    colorButton(button, isSecondary(flag));
     m_buttons[flag] = button;
     m_captions[flag] = caption;
     button->setObjectName(QLatin1String("id_") + buttonId);

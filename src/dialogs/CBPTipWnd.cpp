@@ -18,9 +18,7 @@
 
 namespace {
 
-// Look and metrics, in logical pixels.
-const QColor kFrame(163, 200, 255);
-const QColor kGround(255, 255, 255);
+// Metrics, in logical pixels.
 constexpr int kRadius = 3;
 constexpr int kArrowInset = 45; // of an arrow at the left or right, from that side
 constexpr int kArrowHalfWidth = 6;
@@ -185,6 +183,7 @@ CBPTipWnd::~CBPTipWnd() = default;
 void CBPTipWnd::Init()
 {
     setAttribute(Qt::WA_TranslucentBackground);
+    lumqt::wearPalette(this);
     // The state alone: setWindowState() would make the native window now, where it is not to be, and ask a
     // window manager to activate what it has never shown.
     overrideWindowState(Qt::WindowActive);
@@ -364,8 +363,8 @@ void CBPTipWnd::paintEvent(QPaintEvent *)
         return;
     }
     lumqt::Body plain;
-    plain.fill = kGround;
-    plain.frame = kFrame;
+    plain.fill = lumqt::themeColor(lumqt::Purpose::TipGround);
+    plain.frame = lumqt::themeColor(lumqt::Purpose::TipFrame);
     plain.radiusX = qMax(0, int(m_radiusX));
     plain.radiusY = qMax(0, int(m_radiusY));
     lumqt::drawBody(painter, rect(), plain);
@@ -391,8 +390,9 @@ void CBPTipWnd::DrawTips(QPainter *painter, int x, int y, QRect &rect)
     const qreal ratio = painter->device()->devicePixelRatioF();
     const LinePlace place{ratio, qMax(1, qRound(ratio))};
     painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(QPen(kFrame, place.width(), Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
-    painter->setBrush(kGround);
+    painter->setPen(QPen(lumqt::themeColor(lumqt::Purpose::TipFrame), place.width(), Qt::SolidLine,
+                         Qt::SquareCap, Qt::MiterJoin));
+    painter->setBrush(lumqt::themeColor(lumqt::Purpose::TipGround));
     painter->drawPath(bubble(QPoint(x, y), rect, m_radiusX, m_radiusY, place));
 }
 

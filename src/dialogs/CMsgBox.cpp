@@ -9,6 +9,7 @@
 #include "dialogs/WrappedLabel.h"
 #include "foundation/FontLookup.h"
 #include "foundation/ImageLoader.h"
+#include "foundation/Palette.h"
 #include "Util.h"
 
 #include <QAccessible>
@@ -23,12 +24,11 @@
 #include <algorithm>
 #include <utility>
 
+using lumqt::Purpose;
+
 namespace {
 
-// Look and metrics, in logical pixels.
-const QColor kMessageColor(51, 51, 51);
-const char kNoticeHeadColor[] = "#4baeb3";
-const char kAlertHeadColor[] = "#4baeb3"; // the same on purpose: the icon tells them apart
+// Metrics, in logical pixels.
 constexpr int kWidth = 500;
 constexpr int kMinimumHeight = 200;
 constexpr int kIconSpacing = 20;
@@ -105,8 +105,10 @@ void CMsgBox::initMsgBox()
     m_icon->setPixmap(iconPixmap(0));
     row->addWidget(m_icon, 0, Qt::AlignLeft | Qt::AlignVCenter);
 
-    m_heading = new lumqt::WrappedLabel(QString(), lumqt::SemiboldWeight, kHeadPixelSize, kMessageColor);
-    m_message = new lumqt::WrappedLabel(QString(), lumqt::NormalWeight, lumqt::kTextPixelSize, kMessageColor);
+    m_heading =
+        new lumqt::WrappedLabel(QString(), lumqt::SemiboldWeight, kHeadPixelSize, Purpose::MessageText);
+    m_message =
+        new lumqt::WrappedLabel(QString(), lumqt::NormalWeight, lumqt::kTextPixelSize, Purpose::MessageText);
     m_link = new CBPLinkerButton(QString(), ENLinkerTypeHover, 0);
     // A link that is longer than the line is cut, and has a tool tip then: it must not widen the box.
     m_link->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
@@ -135,10 +137,28 @@ void CMsgBox::fillMsgBox(int type, const QString &text, const QString &head, int
     AppendBtn(buttons);
     m_icon->setPixmap(iconPixmap(type));
     m_heading->setText(headText(type, head));
+    keepInTheme(type, head);
     m_heading->setVisible(!head.isEmpty());
     m_message->setText(text);
     SetStatusBoxBorder(12, 0, 12, 16);
     SetMainBoxBorder(12, 0, 12, 0);
+}
+
+// What of a message is no colour of a palette. What the application has put in its place is left.
+void CMsgBox::keepInTheme(int type, const QString &head)
+{
+    const auto keyOf = [](const QLabel &label) { return label.pixmap(Qt::ReturnByValue).cacheKey(); };
+    lumqt::onThemeChange(this, [=, icon = m_icon, shown = keyOf(*m_icon), heading = m_heading,
+                                last = m_heading->text()]() mutable {
+        if (icon && keyOf(*icon) == shown) {
+            icon->setPixmap(iconPixmap(type));
+            shown = keyOf(*icon);
+        }
+        if (heading && heading->text() == last) {
+            last = headText(type, head);
+            heading->setText(last);
+        }
+    });
 }
 
 int CMsgBox::message(int type, QString text, QString head, int buttons, QString caption)
@@ -157,9 +177,7 @@ int CMsgBox::messageWithCheckbox(int type, QString text, QString checkText, QStr
                                  QString caption)
 {
     const QPointer<CBPCheckBox> check(new CBPCheckBox(plainOnCheckBox(checkText)));
-    QPalette colors = check->palette();
-    colors.setColor(QPalette::WindowText, kMessageColor);
-    check->setPalette(colors);
+    lumqt::keepTheme(check, {{QPalette::WindowText, Purpose::MessageText}});
     check->setFont(lumqt::uiFont());
     check->setAccessibleName(checkText); // as the shown one is broken into lines, and has its "&" doubled
     m_checkBox = check;
@@ -192,10 +210,11 @@ QPixmap CMsgBox::iconPixmap(int type)
 
 QString CMsgBox::headText(int type, QString text)
 {
+    // Built in they are the same on purpose: the icon tells them apart.
     const bool notice = type == 0 || type == 1;
+    const QColor &color = lumqt::themeColor(notice ? Purpose::NoticeHead : Purpose::AlertHead);
     // Both at once: the text may hold a "%1".
-    return QStringLiteral("<font color=\"%1\">%2</font>")
-        .arg(QString::fromLatin1(notice ? kNoticeHeadColor : kAlertHeadColor), text);
+    return QStringLiteral("<font color=\"%1\">%2</font>").arg(color.name(), text);
 }
 
 void CMsgBox::setTitle(int type, const QString &caption)

@@ -5,18 +5,19 @@
 #include "foundation/FieldText.h"
 #include "foundation/FontLookup.h"
 #include "foundation/Log.h"
+#include "foundation/Palette.h"
 #include "Util.h"
 
 #include <QRegExpValidator>
 #include <QVBoxLayout>
 
+using lumqt::Purpose;
+
 // The two forms: for a folder's name, and for a user name and password.
 
 namespace {
 
-// Look and metrics, in logical pixels.
-const QColor kPromptColor(51, 51, 51);
-const QColor kHintColor(255, 0, 0);
+// Metrics, in logical pixels.
 constexpr int kSpacing = 15;
 constexpr int kEditWidth = 300;
 
@@ -28,7 +29,8 @@ const char kDirNamePattern[] = "(?:[^\\\\/:*?\"<>|\r\n]+\\])*";
 
 constexpr int kOk = 0x4;
 enum Field { UserField = 0x1, PasswordField = 0x2, HintField = 0x4 };
-lumqt::WrappedLabel *wrapped(const QColor &color)
+
+lumqt::WrappedLabel *wrapped(Purpose color)
 {
     return new lumqt::WrappedLabel(QString(), lumqt::NormalWeight, lumqt::kTextPixelSize, color);
 }
@@ -77,7 +79,7 @@ CBPLineEdit *CMsgBox::addEdit(const char *icon, const char *placeholder, int max
 
 void CMsgBox::initCreateDirBox()
 {
-    addForm(wrapped(kPromptColor));
+    addForm(wrapped(Purpose::MessageText));
     m_prompt->setText(tr("Please enter the dir name:"));
     m_firstEdit = addEdit("", "", kDirNameLength);
     const QRegExp pattern(QString::fromLatin1(kDirNamePattern), Qt::CaseSensitive, QRegExp::RegExp);
@@ -131,7 +133,7 @@ void CMsgBox::onDirInputFinish()
 
 void CMsgBox::initUserAndPasswordBox(int fields, int passwordMaxLength, QString text)
 {
-    lumqt::WrappedLabel *prompt = wrapped(kPromptColor);
+    lumqt::WrappedLabel *prompt = wrapped(Purpose::MessageText);
     addForm(prompt);
     if (text.isEmpty()) {
         showTranslated(
@@ -154,7 +156,7 @@ void CMsgBox::initUserAndPasswordBox(int fields, int passwordMaxLength, QString 
         m_passwordEdit->setEchoMode(QLineEdit::Password);
     }
     if (fields & HintField) {
-        m_hint = wrapped(kHintColor);
+        m_hint = wrapped(Purpose::MessageHint);
         m_content->layout()->addWidget(m_hint);
     }
     m_content->layout()->addItem(new QSpacerItem(0, 0, QSizePolicy::Preferred, QSizePolicy::Expanding));

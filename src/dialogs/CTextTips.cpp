@@ -4,6 +4,8 @@
 #include "dialogs/WrappedLabel.h"
 #include "foundation/Accessible.h"
 #include "foundation/FontLookup.h"
+#include "foundation/Painting.h"
+#include "foundation/Palette.h"
 #include "foundation/StyledGround.h"
 
 #include <QEvent>
@@ -11,14 +13,12 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
+using lumqt::Purpose;
+
 namespace {
 
-// Look and metrics, in logical pixels.
-const QColor kBackground(0x10, 0x1c, 0x2d);
-const QColor kLightText(255, 255, 255);
-const QColor kDarkText(0x10, 0x1c, 0x2d);
-constexpr int kLightBackground = 150; // grey value from which on a text is dark
-const QMargins kMargins(12, 3, 12, 6);
+constexpr int kLightBackground = 150;  // grey value from which on a text is dark
+const QMargins kMargins(12, 3, 12, 6); // logical pixels
 
 QAccessibleInterface *makeAccessible(QWidget *widget)
 {
@@ -26,7 +26,7 @@ QAccessibleInterface *makeAccessible(QWidget *widget)
 }
 
 // Keeps what a plain rule of the application lays behind every label, "QLabel { background: white }", from
-// behind this one: its text is white, as the box paints the ground for it.
+// behind this one: its text is light, as the box paints the ground for it.
 class NoGround : public QObject
 {
 public:
@@ -45,7 +45,7 @@ protected:
 
 } // namespace
 
-CTextTips::CTextTips(int width, QWidget *parent) : QWidget(parent), m_bkgColor(kBackground), m_width(width)
+CTextTips::CTextTips(int width, QWidget *parent) : QWidget(parent), m_width(width)
 {
     lumqt::installAccessible("CTextTips", makeAccessible);
     setWindowFlags(windowFlags() | Qt::FramelessWindowHint | Qt::ToolTip);
@@ -55,8 +55,7 @@ CTextTips::CTextTips(int width, QWidget *parent) : QWidget(parent), m_bkgColor(k
 void CTextTips::InitLayout()
 {
     if (m_width > 0) {
-        m_label =
-            new lumqt::WrappedLabel(QString(), lumqt::NormalWeight, lumqt::uiFont().pixelSize(), QColor());
+        m_label = new lumqt::WrappedLabel(QString(), lumqt::NormalWeight, lumqt::uiFont().pixelSize());
         m_label->setFixedWidth(m_width);
         QSizePolicy policy(QSizePolicy::Fixed, QSizePolicy::Preferred);
         policy.setHeightForWidth(true);
@@ -72,6 +71,10 @@ void CTextTips::InitLayout()
     layout->setContentsMargins(kMargins);
     setLayout(layout);
     followBackground();
+    lumqt::onThemeChange(this, [this] {
+        if (m_label->palette().color(QPalette::WindowText) == m_textColor)
+            followBackground();
+    });
 }
 
 void CTextTips::SetShowText(const QString &text)
@@ -92,14 +95,20 @@ void CTextTips::SetBkgColor(const QColor &color)
 
 void CTextTips::followBackground()
 {
+    const QColor &ground = lumqt::ownOr(m_bkgColor, Purpose::TextTipGround);
+    m_textColor = lumqt::themeColor(qGray(ground.rgb()) < kLightBackground ? Purpose::TextTipLight
+                                                                           : Purpose::TextTipDark);
     QPalette palette = m_label->palette();
-    palette.setColor(QPalette::WindowText,
-                     qGray(m_bkgColor.rgb()) < kLightBackground ? kLightText : kDarkText);
+    palette.setColor(QPalette::WindowText, m_textColor);
     m_label->setPalette(palette);
 }
 
 void CTextTips::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    painter.fillRect(rect(), m_bkgColor);
+    painter.fillRect(rect(), lumqt::ownOr(m_bkgColor, Purpose::TextTipGround));
+    lumqt::Body outline;
+    outline.frame = lumqt::themeColor(Purpose::TextTipFrame);
+    if (outline.frame.alpha() > 0)
+        lumqt::drawBody(painter, rect(), outline);
 }

@@ -78,8 +78,14 @@ void makeBreakable(QTextDocument &document)
 
 } // namespace
 
-WrappedLabel::WrappedLabel(const QString &text, int weightIndex, int pixelSize, const QColor &color)
-    : CBPLabel(text, color, pixelSize, nullptr)
+WrappedLabel::WrappedLabel(const QString &text, int weightIndex, int pixelSize, Purpose color)
+    : WrappedLabel(text, weightIndex, pixelSize)
+{
+    keepTheme(this, {{QPalette::WindowText, color}});
+}
+
+WrappedLabel::WrappedLabel(const QString &text, int weightIndex, int pixelSize)
+    : CBPLabel(text, pixelSize, nullptr)
 {
     setFont(uiFont(weightIndex, pixelSize));
     setTextInteractionFlags(Qt::NoTextInteraction);
@@ -92,6 +98,10 @@ WrappedLabel::WrappedLabel(const QString &text, int weightIndex, int pixelSize, 
     m_document.setDefaultTextOption(option);
     m_document.setDocumentMargin(0);
     m_document.setUndoRedoEnabled(false);
+    onThemeChange(this, [this] {
+        m_narrowest = -1;
+        update();
+    });
 }
 
 QTextDocument &WrappedLabel::laidOut(int width) const
@@ -106,6 +116,10 @@ QTextDocument &WrappedLabel::laidOut(int width) const
         option.setAlignment(isRightToLeft() ? Qt::AlignRight | Qt::AlignAbsolute : Qt::Alignment());
         m_document.setDefaultTextOption(option);
         if (Qt::mightBeRichText(m_shown)) {
+            // Of what a text says nothing of: Qt's own colour of links is for light grounds.
+            m_document.setDefaultStyleSheet(
+                isPlainLight() ? QString()
+                               : QStringLiteral("a{color:%1}").arg(themeColor(Purpose::Link).name()));
             m_document.setHtml(m_shown);
             makeBreakable(m_document);
             m_document.setTextWidth(kNarrowWidth);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CBPLabel.h"
+#include "foundation/Palette.h"
 
 #include <QHash>
 #include <QTextDocument>
@@ -12,7 +13,9 @@ namespace lumqt {
 class WrappedLabel : public CBPLabel
 {
 public:
-    WrappedLabel(const QString &text, int weightIndex, int pixelSize, const QColor &color);
+    WrappedLabel(const QString &text, int weightIndex, int pixelSize);
+    // The same in a colour of the theme, unless an application sets another.
+    WrappedLabel(const QString &text, int weightIndex, int pixelSize, Purpose color);
 
     int heightForWidth(int width) const override;
     QSize sizeHint() const override;

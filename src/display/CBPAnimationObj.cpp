@@ -2,6 +2,7 @@
 
 #include "foundation/ImageLoader.h"
 #include "foundation/Log.h"
+#include "foundation/Palette.h"
 
 #include <QGuiApplication>
 
@@ -34,7 +35,8 @@ QPixmap cut(const QPixmap &strip, const QRect &logical)
 
 CBPAnimationObj::CBPAnimationObj(QStringList paths)
 {
-    load(paths);
+    m_paths = paths;
+    m_frames = load();
     init();
 }
 
@@ -47,17 +49,11 @@ CBPAnimationObj::CBPAnimationObj(QString file, int count, bool horizontal)
 {
     if (count > kMostStripFrames)
         qCWarning(lcLumQt, "CBPAnimationObj: a strip has no more than %d frames", kMostStripFrames);
-    const QPixmap strip = ::load(file);
-    QSize size = lumqt::logicalSize(strip);
-    for (int i = 0; i < qMin(count, kMostStripFrames); ++i) {
-        // Divided anew on every pass, which is meant: whoever cuts strips relies on it.
-        if (horizontal)
-            size.setWidth(size.width() / count);
-        else
-            size.setHeight(size.height() / count);
-        const QPoint at = horizontal ? QPoint(i * size.width(), 0) : QPoint(0, i * size.height());
-        m_frames.append(cut(strip, QRect(at, size)));
-    }
+    m_paths = QStringList{file};
+    m_isStrip = true;
+    m_stripFrames = count;
+    m_horizontal = horizontal;
+    m_frames = load();
     init();
 }
 
@@ -71,12 +67,46 @@ void CBPAnimationObj::init()
     connect(&m_timer, &QTimer::timeout, this, &CBPAnimationObj::onTimeout);
 }
 
-void CBPAnimationObj::load(const QStringList &paths)
+QVector<QPixmap> CBPAnimationObj::load() const
 {
-    m_frames.clear();
-    m_frames.reserve(paths.size());
-    for (const QString &path : paths)
-        m_frames.append(::load(path));
+    m_generation = lumqt::themeGeneration();
+    if (m_isStrip)
+        return cutStrip();
+    QVector<QPixmap> frames;
+    frames.reserve(m_paths.size());
+    for (const QString &path : m_paths)
+        frames.append(::load(path));
+    return frames;
+}
+
+QVector<QPixmap> CBPAnimationObj::cutStrip() const
+{
+    const QPixmap strip = ::load(m_paths.first());
+    QVector<QPixmap> frames;
+    QSize size = lumqt::logicalSize(strip);
+    for (int i = 0; i < qMin(m_stripFrames, kMostStripFrames); ++i) {
+        // Divided anew on every pass, which is meant: whoever cuts strips relies on it.
+        if (m_horizontal)
+            size.setWidth(size.width() / m_stripFrames);
+        else
+            size.setHeight(size.height() / m_stripFrames);
+        const QPoint at = m_horizontal ? QPoint(i * size.width(), 0) : QPoint(0, i * size.height());
+        frames.append(cut(strip, QRect(at, size)));
+    }
+    return frames;
+}
+
+// When a frame is asked for: there may be many animations, most of them at rest. A file that is gone by now
+// leaves its frame as it is.
+void CBPAnimationObj::followTheme() const
+{
+    if (m_paths.isEmpty() || m_generation == lumqt::themeGeneration())
+        return;
+    const QVector<QPixmap> frames = load();
+    for (int i = 0; i < frames.size() && i < m_frames.size(); ++i) {
+        if (!frames.at(i).isNull())
+            m_frames[i] = frames.at(i);
+    }
 }
 
 void CBPAnimationObj::start()
@@ -118,7 +148,9 @@ void CBPAnimationObj::setRes(QStringList paths)
     const bool wasRunning = isRunning();
     if (wasRunning)
         stop();
-    load(paths);
+    m_isStrip = false;
+    m_paths = paths;
+    m_frames = load();
     if (wasRunning)
         start();
 }
@@ -135,6 +167,7 @@ QPixmap CBPAnimationObj::currentPixmap() const
 
 QPixmap CBPAnimationObj::pixmapAt(int i) const
 {
+    followTheme();
     // The current index counts, not the one asked for: nothing is to be seen before the first change.
     return m_index == kNothingShown ? QPixmap() : m_frames.value(i);
 }

@@ -1,5 +1,7 @@
 #include "CBPEllipsisGifLabel.h"
 
+#include "display/LabelTones.h"
+
 #include <QTimerEvent>
 
 namespace {
@@ -12,7 +14,10 @@ constexpr int kMostDotsReserved = 24; // an odd maximum must not widen a window
 
 CBPEllipsisGifLabel::CBPEllipsisGifLabel() : CBPEllipsisGifLabel(kDots) {}
 
-CBPEllipsisGifLabel::CBPEllipsisGifLabel(int maxDots, QWidget *parent) : QLabel(parent), m_maxDots(maxDots) {}
+CBPEllipsisGifLabel::CBPEllipsisGifLabel(int maxDots, QWidget *parent) : QLabel(parent), m_maxDots(maxDots)
+{
+    lumqt::wearTheme(this, lumqt::labelTones());
+}
 
 CBPEllipsisGifLabel::~CBPEllipsisGifLabel()
 {

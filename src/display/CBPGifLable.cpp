@@ -1,6 +1,7 @@
 #include "CBPGifLable.h"
 
 #include "foundation/ImageLoader.h"
+#include "foundation/Palette.h"
 #include "foundation/StyledGround.h"
 
 #include <QDir>
@@ -72,6 +73,8 @@ void CBPGifLable::RestSize()
 
 void CBPGifLable::SetResPic(int number)
 {
+    m_shown = number;
+    m_generation = lumqt::themeGeneration();
     const QString file = m_dir + QDir::separator() + QString::number(number) + QLatin1String(".png");
     // Of the picture that stands for none a folder has a file or, as a rule, not.
     const bool wanted = !m_dir.isEmpty() && (number != kNoFrame || QFileInfo::exists(file));
@@ -103,6 +106,8 @@ void CBPGifLable::timerEvent(QTimerEvent *event)
 
 void CBPGifLable::paintEvent(QPaintEvent *event)
 {
+    if (m_playing && m_generation != lumqt::themeGeneration() && !pixmap(Qt::ReturnByValue).isNull())
+        SetResPic(m_shown);
     if (!lumqt::paintsWholePicture(*this))
         QLabel::paintEvent(event);
 }

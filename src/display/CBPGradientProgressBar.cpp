@@ -4,6 +4,7 @@
 #include "foundation/FontLookup.h"
 #include "foundation/Log.h"
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
 
 #include <QPainter>
 #include <QPainterPath>
@@ -14,13 +15,11 @@
 
 #include <limits>
 
+using lumqt::Purpose;
+
 namespace {
 
 // Look and metrics, in logical pixels.
-const QColor kGradientStart(58, 204, 252);
-const QColor kGradientEnd(73, 167, 245);
-const QColor kTrackColor(255, 255, 255);
-const QColor kTextColor(0, 0, 0);
 constexpr int kHeight = 8;
 constexpr qreal kRadius = 4;
 constexpr qreal kHighlightRadius = 2;
@@ -98,8 +97,9 @@ CBPGradientProgressBar::CBPGradientProgressBar(QColor colorOne, QColor colorTwo,
     : m_colorThree(colorThree),
       m_colorOne(colorOne),
       m_colorTwo(colorTwo),
-      m_gradientStart(kGradientStart),
-      m_gradientEnd(kGradientEnd)
+      m_ownColors(colorOne != lumqt::builtInColor(Purpose::ProgressFirst) ||
+                  colorTwo != lumqt::builtInColor(Purpose::ProgressSecond) ||
+                  colorThree != lumqt::builtInColor(Purpose::ProgressThird))
 {
     lumqt::installAccessible("CBPGradientProgressBar", &Accessible::make);
     setFixedHeight(kHeight);
@@ -279,7 +279,7 @@ void CBPGradientProgressBar::paintEvent(QPaintEvent *)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     const QRect track = rect().adjusted(0, 0, -1, -1);
-    painter.setBrush(kTrackColor);
+    painter.setBrush(lumqt::themeColor(Purpose::ProgressTrack));
     painter.drawRoundedRect(lumqt::wholeDevicePixels(painter, track), kRadius, kRadius);
 
     m_barWidth = qMin(m_barWidth + 1, progressBarWidth());
@@ -287,8 +287,8 @@ void CBPGradientProgressBar::paintEvent(QPaintEvent *)
     filled.setWidth(m_barWidth);
     if (m_barWidth > 0) {
         QLinearGradient gradient(filled.left(), 0, filled.right(), 0);
-        gradient.setColorAt(0, m_gradientStart);
-        gradient.setColorAt(1, m_gradientEnd);
+        gradient.setColorAt(0, lumqt::themeColor(Purpose::ProgressStart));
+        gradient.setColorAt(1, lumqt::themeColor(Purpose::ProgressEnd));
         painter.setBrush(gradient);
         painter.drawRoundedRect(lumqt::wholeDevicePixels(painter, filled), kRadius, kRadius);
     }
@@ -298,7 +298,7 @@ void CBPGradientProgressBar::paintEvent(QPaintEvent *)
     else
         m_shownValue = m_value; // no further repaint will come to catch up
     if (m_showText)
-        drawPercentage(painter);
+        drawPercentage(painter, filled);
     if (full)
         resetMembers();
     else
@@ -308,13 +308,14 @@ void CBPGradientProgressBar::paintEvent(QPaintEvent *)
 void CBPGradientProgressBar::drawHighlight(QPainter &painter, const QRect &filled) const
 {
     const QRect highlight(m_highlightPosition, 1, kHighlightWidth, filled.height() - 1);
-    if (!m_colorTwo.isValid() || filled.isEmpty() || !highlight.intersects(filled))
+    const QColor color = m_ownColors ? m_colorTwo : lumqt::themeColor(Purpose::ProgressSecond);
+    if (!color.isValid() || filled.isEmpty() || !highlight.intersects(filled))
         return;
-    QColor clear = m_colorTwo;
+    QColor clear = color;
     clear.setAlpha(0);
     QLinearGradient gradient(highlight.left(), 0, highlight.right(), 0);
     gradient.setColorAt(0, clear);
-    gradient.setColorAt(0.5, m_colorTwo);
+    gradient.setColorAt(0.5, color);
     gradient.setColorAt(1, clear);
     QPainterPath clip;
     clip.addRoundedRect(lumqt::wholeDevicePixels(painter, filled), kHighlightRadius, kHighlightRadius);
@@ -325,7 +326,7 @@ void CBPGradientProgressBar::drawHighlight(QPainter &painter, const QRect &fille
     painter.restore();
 }
 
-void CBPGradientProgressBar::drawPercentage(QPainter &painter)
+void CBPGradientProgressBar::drawPercentage(QPainter &painter, const QRect &filled)
 {
     m_shownValue += qBound(-kTextStep, m_value - m_shownValue, kTextStep);
     if (!m_text)
@@ -334,6 +335,14 @@ void CBPGradientProgressBar::drawPercentage(QPainter &painter)
     const QFont font = lumqt::uiFont(lumqt::NormalWeight, kTextPixelSize);
     QRect box(0, 0, m_text->lineSize(text, font).width() + kTextMargin, height());
     box.moveLeft((width() - box.width()) / 2);
-    painter.setPen(kTextColor);
+    painter.setPen(lumqt::themeColor(Purpose::ProgressText));
     m_text->drawLeft(painter, box, text, font);
+    if (lumqt::themeColor(Purpose::ProgressText) == lumqt::themeColor(Purpose::ProgressTextDone))
+        return;
+    // Where the text lies on what is done, that may be as dark as the track is light, or the other way round.
+    painter.save();
+    painter.setClipRect(filled, Qt::IntersectClip);
+    painter.setPen(lumqt::themeColor(Purpose::ProgressTextDone));
+    m_text->drawLeft(painter, box, text, font);
+    painter.restore();
 }

@@ -4,6 +4,7 @@
 #include "foundation/FocusMark.h"
 #include "foundation/FocusRing.h"
 #include "foundation/ImageLoader.h"
+#include "foundation/Palette.h"
 #include "foundation/PressKeys.h"
 #include "foundation/StyledGround.h"
 
@@ -95,9 +96,24 @@ void CBPImage::showRing()
 void CBPImage::load()
 {
     m_ratio = devicePixelRatioF();
+    m_generation = lumqt::themeGeneration();
     const QPixmap picture = lumqt::loadPixmap(fileOf(m_path), m_ratio);
+    m_key = picture.cacheKey();
     setPixmap(picture);
     setFixedSize(lumqt::logicalSize(picture));
+}
+
+// The picture alone: the size may be the application's by now. So may the picture.
+void CBPImage::followTheme()
+{
+    m_generation = lumqt::themeGeneration();
+    if (pixmap(Qt::ReturnByValue).cacheKey() != m_key)
+        return;
+    const QPixmap picture = lumqt::loadPixmap(fileOf(m_path), m_ratio);
+    if (picture.isNull() || picture.cacheKey() == m_key)
+        return;
+    m_key = picture.cacheKey();
+    setPixmap(picture);
 }
 
 // ------------------------------------------------------------------------------------------------------------
@@ -167,6 +183,8 @@ void CBPImage::paintEvent(QPaintEvent *event)
     // The label may stand on another screen than the one it was made on.
     if (!m_path.isEmpty() && m_ratio != devicePixelRatioF())
         load();
+    else if (!m_path.isEmpty() && m_generation != lumqt::themeGeneration())
+        followTheme();
     if (!lumqt::paintsWholePicture(*this))
         QLabel::paintEvent(event);
 }

@@ -2,6 +2,7 @@
 
 #include "display/SliderParts.h"
 #include "foundation/Log.h"
+#include "foundation/Palette.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -9,8 +10,6 @@
 
 namespace {
 
-const QColor kHandleColor(73, 167, 245);
-const QColor kDisabledHandleColor(229, 229, 229);
 constexpr int kEndInset = 8; // of the outer ticks, in logical pixels
 
 // The position whose tick is nearest to a place on the slider.
@@ -108,11 +107,13 @@ bool CBPJumpSlider::doPaintEvent(QPaintEvent *, QWidget *widget)
 
 bool CBPJumpSlider::DrawSlider()
 {
+    using lumqt::Purpose;
     QPainter painter(m_slider);
     const QRect rect = m_slider->rect();
     lumqt::drawSliderTrack(painter, rect, m_labels.size() - 1, kEndInset);
-    lumqt::drawSliderHandle(painter, *m_slider, handleOf(*m_slider).topLeft(),
-                            m_slider->isEnabled() ? kHandleColor : kDisabledHandleColor);
+    lumqt::drawSliderHandle(
+        painter, *m_slider, handleOf(*m_slider).topLeft(),
+        lumqt::themeColor(m_slider->isEnabled() ? Purpose::SliderHandle : Purpose::SliderHandleDisabled));
     return true;
 }
 

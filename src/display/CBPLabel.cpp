@@ -1,5 +1,6 @@
 #include "CBPLabel.h"
 
+#include "display/LabelTones.h"
 #include "foundation/FontLookup.h"
 #include "foundation/Log.h"
 
@@ -17,13 +18,17 @@ int saneSize(int pixelSize)
 
 } // namespace
 
-CBPLabel::CBPLabel(QWidget *parent) : QLabel(parent) {}
+CBPLabel::CBPLabel(QWidget *parent) : QLabel(parent)
+{
+    lumqt::wearTheme(this, lumqt::labelTones());
+}
 
 CBPLabel::CBPLabel(QString text, QWidget *parent) : CBPLabel(text, kPixelSize, parent) {}
 
 CBPLabel::CBPLabel(QString text, int pixelSize, QWidget *parent) : QLabel(text, parent)
 {
     setFont(lumqt::uiFont(lumqt::NormalWeight, saneSize(pixelSize)));
+    lumqt::wearTheme(this, lumqt::labelTones());
 }
 
 CBPLabel::CBPLabel(QString text, QColor color, int pixelSize, QWidget *parent)

@@ -1,6 +1,7 @@
 #include "CBPLine.h"
 
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
 #include "foundation/StyledGround.h"
 
 #include <QHBoxLayout>
@@ -9,7 +10,6 @@
 
 namespace {
 
-const QColor kBarColor(75, 174, 178);
 constexpr int kBarHeight = 3;
 
 // Marks a place, above the bar, and shows nothing.
@@ -56,5 +56,5 @@ void CBPLine::paintEvent(QPaintEvent *)
     QPainter painter(this);
     QRectF place = lumqt::wholeDevicePixels(painter, bar); // as long as its place, as thick as any other
     place.setHeight(lumqt::evenDevicePixels(painter, bar).height());
-    painter.fillRect(place, kBarColor);
+    painter.fillRect(place, lumqt::themeColor(lumqt::Purpose::Bar));
 }

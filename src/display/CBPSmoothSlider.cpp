@@ -2,6 +2,7 @@
 
 #include "display/SliderParts.h"
 #include "foundation/Log.h"
+#include "foundation/Palette.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -9,8 +10,6 @@
 namespace {
 
 // Look and metrics, in logical pixels.
-const QColor kHandleColor(73, 167, 245); // also of a disabled slider
-const QColor kValueColor(0, 0, 0);
 constexpr int kHeight = 44;
 constexpr int kEndInset = 7; // of the outer ticks
 constexpr int kValueBaseline = 13;
@@ -110,7 +109,8 @@ bool CBPSmoothSlider::DrawSlider()
     if (wanted >= lumqt::kSliderHandle / 2)
         x = int(qMin<qint64>(wanted, end - lumqt::kSliderHandle));
     const int middle = rect.y() + rect.height() / 2;
-    lumqt::drawSliderHandle(painter, *m_slider, QPoint(x, middle - lumqt::kSliderHandle / 2), kHandleColor);
+    lumqt::drawSliderHandle(painter, *m_slider, QPoint(x, middle - lumqt::kSliderHandle / 2),
+                            lumqt::themeColor(lumqt::Purpose::SliderHandle)); // also of a disabled slider
     drawValue(painter, x);
     return true;
 }
@@ -124,7 +124,7 @@ void CBPSmoothSlider::drawValue(QPainter &painter, int handleX) const
     const int centred = handleX + lumqt::kSliderHandle / 2 - width / 2;
     // Where both ends cannot be kept, the left one is: it holds the sign and the large digits.
     const int x = qMax(0, qMin(centred, rect.x() + rect.width() - width));
-    painter.setPen(kValueColor);
+    painter.setPen(lumqt::themeColor(lumqt::Purpose::SliderText));
     painter.drawText(x, rect.y() + qMax(kValueBaseline, metrics.capHeight() + 1), text);
 }
 

@@ -6,6 +6,7 @@
 #include "foundation/FontLookup.h"
 #include "foundation/ImageLoader.h"
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
 #include "foundation/PressKeys.h"
 
 #include <QHelpEvent>
@@ -16,9 +17,6 @@
 namespace {
 
 // Look and metrics, in logical pixels.
-const QColor kPlainColor(51, 60, 72);
-const QColor kFocusedColor(26, 98, 160);
-const QColor kDisabledColor(150, 158, 168);
 constexpr int kHoverAlpha = 12; // of the text colour, for the grounds
 constexpr int kFocusedAlpha = 24;
 constexpr int kPressedAlpha = 40;
@@ -104,8 +102,6 @@ CFoucsLabel::CFoucsLabel(QString text, int indent, int spacing, QString iconPath
       m_text(text),
       m_indent(qMax(0, lumqt::boundedPixels(indent))),
       m_spacing(qMax(0, lumqt::boundedPixels(spacing))),
-      m_plainColor(kPlainColor),
-      m_focusedColor(kFocusedColor),
       m_lead(std::make_unique<Icon>()),
       m_tail(std::make_unique<Icon>()),
       m_layout(std::make_unique<lumqt::CachedText>())
@@ -147,8 +143,8 @@ void CFoucsLabel::SetIconPath(QStringList leadIcons, QStringList tailIcons)
 
 void CFoucsLabel::SetColor(QColor plain, QColor focused)
 {
-    m_plainColor = plain.isValid() ? plain : kPlainColor;
-    m_focusedColor = focused.isValid() ? focused : kFocusedColor;
+    m_plainColor = plain;
+    m_focusedColor = focused;
     update();
 }
 
@@ -340,7 +336,11 @@ CFoucsLabel::Places CFoucsLabel::places() const
 
 QColor CFoucsLabel::textColor() const
 {
-    return !isEnabled() ? kDisabledColor : m_focused ? m_focusedColor : m_plainColor;
+    using lumqt::Purpose;
+    if (!isEnabled())
+        return lumqt::themeColor(Purpose::HeadingDisabled);
+    return m_focused ? lumqt::ownOr(m_focusedColor, Purpose::HeadingFocused)
+                     : lumqt::ownOr(m_plainColor, Purpose::HeadingText);
 }
 
 QColor CFoucsLabel::groundColor() const
@@ -369,7 +369,7 @@ void CFoucsLabel::drawIcon(QPainter &painter, Icon &icon, const QRect &place)
     if (pixmap.isNull())
         return;
     const QSize size = icon.image.size();
-    painter.setOpacity(isEnabled() ? 1.0 : kDisabledOpacity);
+    painter.setOpacity(isEnabled() ? 1.0 : lumqt::disabledOpacity(kDisabledOpacity));
     painter.drawPixmap(place.x() + (place.width() - size.width()) / 2,
                        place.y() + (place.height() - size.height()) / 2, pixmap);
     painter.setOpacity(1.0);

@@ -1,9 +1,11 @@
 #include "display/SliderParts.h"
 
+#include "display/LabelTones.h"
 #include "foundation/Accessible.h"
 #include "foundation/FocusMark.h"
 #include "foundation/FocusRing.h"
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
 #include "foundation/StyledGround.h"
 
 #include <QFocusEvent>
@@ -17,8 +19,6 @@ namespace lumqt {
 namespace {
 
 // Look and metrics, in logical pixels.
-const QColor kTrackColor(229, 229, 229);
-const QColor kTickColor(146, 146, 146);
 constexpr int kTrackWidth = 4;
 constexpr int kTickTop = 2; // below the middle
 constexpr int kTickHeight = 11;
@@ -45,6 +45,8 @@ int labelWidth(const QFontMetrics &metrics, const QString &label)
 class LabelRow : public QLabel
 {
 public:
+    LabelRow() { wearTheme(this, labelTones()); }
+
     void setLabels(const QStringList &labels)
     {
         m_labels = labels;
@@ -294,10 +296,10 @@ void drawSliderTrack(QPainter &painter, const QRect &rect, int last, int inset)
 {
     const int middle = rect.y() + rect.height() / 2;
     const QRect track(rect.x(), middle - kTrackWidth / 2, rect.width(), kTrackWidth);
-    painter.fillRect(wholeDevicePixels(painter, track), kTrackColor);
+    painter.fillRect(wholeDevicePixels(painter, track), themeColor(Purpose::SliderTrack));
     for (int i = 0; i <= last; ++i) {
         const QRect tick(sliderTick(rect, i, last, inset), middle + kTickTop, 1, kTickHeight);
-        painter.fillRect(evenDevicePixels(painter, tick), kTickColor);
+        painter.fillRect(evenDevicePixels(painter, tick), themeColor(Purpose::SliderTick));
     }
 }
 

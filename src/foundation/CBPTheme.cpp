@@ -95,14 +95,16 @@ QString CBPTheme::load(const QString &file)
     const lumqt::NamedTheme read = lumqt::readTheme(file);
     if (read.name.isEmpty())
         return QString();
-    const auto same = [&read](const lumqt::NamedTheme &own) { return own.name == read.name; };
-    const auto known = std::find_if(loaded().begin(), loaded().end(), same);
+    const auto isThis = [&read](const lumqt::NamedTheme &own) { return own.name == read.name; };
+    const auto known = std::find_if(loaded().begin(), loaded().end(), isThis);
     if (known == loaded().end()) {
         loaded().append(read);
         return read.name;
     }
+    const bool same = known->theme.base == read.theme.base && known->theme.said == read.theme.said &&
+                      known->theme.colors == read.theme.colors;
     *known = read;
-    if (read.name == current())
+    if (read.name == current() && !same)
         show(read.name);
     return read.name;
 }

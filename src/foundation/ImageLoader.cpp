@@ -276,7 +276,7 @@ quint32 currentPass(quint32 last)
 QString themePicture(const QString &path)
 {
     const QString folder = themeFolder();
-    if (folder.isEmpty() || !QCoreApplication::instance())
+    if (folder.isEmpty() || path.isEmpty() || !QCoreApplication::instance())
         return path;
     static const QString own = QDir::fromNativeSeparators(Util::getResFullPath(QLatin1String(kRes)));
     const QString plain = QDir::fromNativeSeparators(path);
@@ -287,7 +287,9 @@ QString themePicture(const QString &path)
         if (stampOf(themed).exists())
             return themed;
     }
-    return path;
+    const int slash = plain.lastIndexOf(QLatin1Char('/')) + 1;
+    const QString beside = plain.left(slash) + folder + QLatin1Char('/') + plain.mid(slash);
+    return stampOf(beside).exists() ? beside : path;
 }
 
 QPixmap loadPixmap(const QString &path, qreal ratio)

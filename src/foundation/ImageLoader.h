@@ -21,7 +21,7 @@ namespace lumqt {
 LUMQT_TESTED QPixmap loadPixmap(const QString &path, qreal ratio);
 
 // The file that stands in for `path` in the current theme: the one of the same name in the theme's folder
-// below `res`, if there is one. For who reads a file himself; loadPixmap() looks by itself.
+// below `res`, or beside it, if there is one. For who reads a file himself; loadPixmap() looks by itself.
 LUMQT_TESTED QString themePicture(const QString &path);
 
 // Logical size of the image file at `path`, for laying out, as it was within the last tick of the coarse

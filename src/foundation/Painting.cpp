@@ -1,5 +1,7 @@
 #include "foundation/Painting.h"
 
+#include "foundation/Palette.h"
+
 #include <QCache>
 #include <QCoreApplication>
 #include <QFontMetrics>
@@ -19,7 +21,6 @@ namespace {
 constexpr int kBodyCacheKiB = 16 * 1024;
 // Beyond this a picture of a body costs more memory than rendering it anew costs time (logical pixels).
 constexpr int kLargestCachedArea = 512 * 512;
-const QColor kDotColor(0xe0, 0x20, 0x20);
 constexpr qreal kDotRadius = 4.0;
 
 struct BodyKey
@@ -234,7 +235,7 @@ void drawDropTriangle(QPainter &painter, const QPointF &topLeft, int width, int 
 void drawFocusRing(QPainter &painter, const QRectF &rect, qreal radiusX, qreal radiusY)
 {
     Body ring;
-    ring.frame = QColor(kFocusRingColor);
+    ring.frame = themeColor(Purpose::FocusRing);
     ring.frameWidth = kFocusRingWidth;
     ring.radiusX = radiusX > 0 ? radiusX : 0; // also for what is no number
     ring.radiusY = radiusY > 0 ? radiusY : 0;
@@ -243,7 +244,7 @@ void drawFocusRing(QPainter &painter, const QRectF &rect, qreal radiusX, qreal r
 
 void drawDotBadge(QPainter &painter, const QPoint &topLeft)
 {
-    drawDotBadge(painter, topLeft, kDotColor);
+    drawDotBadge(painter, topLeft, themeColor(Purpose::Badge));
 }
 
 void drawDotBadge(QPainter &painter, const QPoint &topLeft, const QColor &color)

@@ -51,7 +51,7 @@ constexpr Row kTable[] = {
     {P::Chosen, P::Accent, P::Accent, P::Accent},
     {P::ChosenText, P::OnAccent, P::OnAccent, P::OnAccent},
     {P::ChosenInactive, 0xffd5dbe1, 0xff3a4559, 0xff003a44},
-    {P::ChosenDisabled, 0xffd5dbe1, 0xff2a3241, 0xff003a44},
+    {P::ChosenDisabled, 0xffd5dbe1, 0xff2a3241, 0xff242424},
     {P::FocusRing, 0xff2f86d8, 0xff6cb4f5, 0xffffff00},
     {P::Danger, 0xffd13438, 0xffff7b7b, 0xffff9b9b},
     {P::Warning, 0xffe3951f, 0xffffb454, 0xffffff00},
@@ -99,15 +99,18 @@ constexpr Row kTable[] = {
     {P::ButtonTrianglePressed, 0xff228fc2, P::Accent, P::Accent},
     {P::ButtonTriangleDisabled, 0xffa0a0a0, P::FrameDisabled, P::FrameDisabled},
     {P::ButtonArrow, 0xff7f868f, P::QuietText, P::QuietText},
+    {P::ButtonArrowDisabled, 0xff7f868f, P::DisabledText, P::DisabledText},
+    {P::ButtonDivider, 0x60666666, P::Frame, P::Frame},
+    {P::ButtonDividerDisabled, 0x60bbbbbb, P::FrameDisabled, P::FrameDisabled},
     {P::ButtonFocusRing, 0xff4ba7f5, P::FocusRing, P::FocusRing},
     {P::PrimaryGround, 0xff49a7f5, P::Accent, P::Accent},
     {P::PrimaryGroundHovered, 0xff5baff6, P::AccentHovered, P::AccentHovered},
     {P::PrimaryGroundPressed, 0xff4195dc, P::AccentPressed, P::AccentPressed},
-    {P::PrimaryGroundDisabled, 0xffc9e5fc, 0xff2f3848, 0xff2b2b2b},
+    {P::PrimaryGroundDisabled, 0xffc9e5fc, 0xff768397, P::FrameDisabled},
     {P::PrimaryText, P::OnAccent, P::OnAccent, P::OnAccent},
     {P::PrimaryTextHovered, P::OnAccent, P::OnAccent, P::OnAccent},
     {P::PrimaryTextPressed, P::OnAccent, P::OnAccent, P::OnAccent},
-    {P::PrimaryTextDisabled, 0xffffffff, 0xffaab4c3, P::DisabledText},
+    {P::PrimaryTextDisabled, 0xffffffff, P::OnAccent, P::OnAccent},
     {P::SecondaryGround, 0xffffffff, 0xff262d3b, 0xff000000},
     {P::SecondaryGroundHovered, 0xffffffff, P::Hovered, P::Hovered},
     {P::SecondaryGroundPressed, 0xffffffff, P::Pressed, P::Pressed},
@@ -121,6 +124,9 @@ constexpr Row kTable[] = {
     {P::SecondaryTextPressed, 0xff242424, P::Text, P::Text},
     {P::SecondaryTextDisabled, 0xffc2c2c2, P::DisabledText, P::DisabledText},
     {P::ImageText, 0xff000000, P::Text, P::Text},
+    {P::ImageTextHovered, 0xff000000, P::Text, P::Text},
+    {P::ImageTextPressed, 0xff000000, P::Text, P::Text},
+    {P::ImageTextDisabled, 0xff000000, P::DisabledText, P::DisabledText},
     {P::ImageTextMark, 0xffff0000, P::Danger, P::Danger},
     {P::ImageTip, 0xffffffff, P::Text, P::Text},
     {P::PlainText, 0xff3c434b, P::Text, P::Text},
@@ -128,6 +134,9 @@ constexpr Row kTable[] = {
     {P::PlainTextPressed, 0xff1d6468, 0xff8fdde0, P::Accent},
     {P::PlainTextDisabled, 0xff969ea8, P::DisabledText, P::DisabledText},
     {P::ToolText, 0xff0e73ad, 0xff6cb4f5, 0xffffffff},
+    {P::ToolTextHovered, 0xff0e73ad, 0xff8fc6f8, 0xffffff00},
+    {P::ToolTextPressed, 0xff0e73ad, 0xff6cb4f5, P::Accent},
+    {P::ToolTextDisabled, 0xff0e73ad, P::DisabledText, P::DisabledText},
     {P::StateGround, P::Ground, P::Ground, P::Ground},
     {P::StateGroundHovered, 0xffedf7fe, P::Hovered, P::Hovered},
     {P::StateGroundPressed, 0xffedf7fe, P::Pressed, P::Pressed},
@@ -138,11 +147,11 @@ constexpr Row kTable[] = {
     {P::StateFrameDisabled, P::Ground, P::Ground, P::Ground},
     {P::GroupFrame, 0xffdfe3eb, P::Frame, P::Frame},
     {P::GroupGround, P::Ground, P::Ground, P::Ground},
-    {P::GroupGroundHovered, 0xffecf6fe, P::AccentHovered, P::AccentHovered},
+    {P::GroupGroundHovered, 0xffecf6fe, P::Hovered, P::Hovered},
     {P::GroupGroundPressed, 0xffdbedfd, P::Accent, P::Accent},
     {P::GroupGroundDisabled, P::Ground, P::Ground, P::Ground},
     {P::GroupText, 0xff57aef6, P::Accent, P::Accent},
-    {P::GroupTextHovered, P::OnAccent, P::OnAccent, P::OnAccent},
+    {P::GroupTextHovered, 0xffffffff, P::Text, 0xffffff00},
     {P::GroupTextPressed, P::OnAccent, P::OnAccent, P::OnAccent},
     {P::GroupTextDisabled, 0xffbbbbbb, P::DisabledText, P::DisabledText},
     {P::ToggleFrame, 0xff9b9b9b, P::Frame, P::Frame},
@@ -153,29 +162,30 @@ constexpr Row kTable[] = {
     {P::ToggleGroundDisabled, 0xfffdfdfd, P::FieldDisabled, P::FieldDisabled},
     {P::ToggleTextDisabled, 0xff787878, P::DisabledText, P::DisabledText},
     // Menus, lists, tips.
-    {P::MenuGround, 0xf03c434b, 0xf02b3240, 0xff000000},
+    {P::MenuGround, 0xf03c434b, 0xff2b3240, 0xff000000},
     {P::MenuGroundHovered, 0xff4baeb2, 0xff1f7478, P::Accent},
-    {P::MenuGroundPressed, 0xff4baeb2, 0xff1f7478, P::Accent},
-    {P::MenuGroundDisabled, 0xffffffff, 0xf02b3240, 0xff000000},
     {P::MenuText, 0xffffffff, 0xffffffff, 0xffffffff},
     {P::MenuTextHovered, 0xffffffff, 0xffffffff, 0xff000000},
-    {P::MenuTextPressed, 0xffffffff, 0xffffffff, 0xff000000},
     {P::MenuTextDisabled, 0xffffffff, P::DisabledText, P::DisabledText},
+    {P::MenuBadgeHovered, P::Badge, 0xffffc4c4, P::OnAccent},
+    {P::MenuFrame, 0x00000000, P::Frame, P::Frame},
     {P::MenuSeparator, 0xff2e425d, 0xff7d8a9e, 0xffffffff},
     {P::PathFrame, 0xffb9c2c9, P::Frame, P::Frame},
     {P::PathGround, P::Field, P::Field, P::Field},
-    {P::PathGroundHovered, 0xffedf3fe, P::Hovered, P::Accent},
+    {P::PathGroundHovered, 0xffedf3fe, P::Hovered, P::Hovered},
     {P::PathText, 0xff000000, P::Text, P::Text},
-    {P::PathTextHovered, 0xff000000, P::Text, P::OnAccent},
+    {P::PathTextHovered, 0xff000000, P::Text, P::Text},
     {P::TipFrame, 0xffa3c8ff, P::Frame, P::Frame},
     {P::TipGround, 0xffffffff, 0xff262d3b, 0xff000000},
     {P::TextTipGround, 0xff101c2d, 0xff3a4559, 0xff000000},
+    {P::TextTipFrame, 0x00000000, 0xff93a0b3, 0xffffffff},
     {P::TextTipLight, 0xffffffff, 0xffffffff, 0xffffffff},
     {P::TextTipDark, 0xff101c2d, 0xff101c2d, 0xff000000},
     // Pop-up windows, message boxes, waiters.
     {P::PopUpGround, P::Ground, P::Ground, P::Ground},
     {P::PopUpLine, 0xffe3e8ee, 0xff6f7b8f, 0xffffffff},
     {P::PopUpOutline, 0xffd5dbe2, 0xff6f7b8f, 0xffffffff},
+    {P::PopUpEdge, 0x00000000, 0xff6f7b8f, 0xffffffff},
     {P::MessageText, 0xff333333, P::Text, P::Text},
     {P::MessageHint, 0xffff0000, P::Danger, P::Danger},
     {P::NoticeHead, 0xff4baeb3, P::SecondAccent, P::SecondAccent},
@@ -208,7 +218,7 @@ constexpr Row kTable[] = {
     {P::GridLine, 0xffd7d7d7, P::Rule, P::Rule},
     {P::TabFrame, 0xff49a7f5, P::Accent, P::Accent},
     {P::TabGround, P::Ground, P::Ground, P::Ground},
-    {P::TabGroundHovered, 0xff5baff6, P::AccentHovered, P::AccentHovered},
+    {P::TabGroundHovered, 0xff5baff6, P::Hovered, P::Hovered},
     {P::TabGroundPressed, 0xff4195dc, P::Accent, P::Accent},
     {P::TabGroundDisabled, 0xffc9e5fc, P::Ground, P::Ground},
     {P::SplitterFrame, 0xcd9b9b9b, P::Frame, P::Frame},
@@ -223,14 +233,15 @@ constexpr Row kTable[] = {
     // Sliders, progress bars, labels.
     {P::SliderHandle, 0xff49a7f5, P::Accent, P::Accent},
     {P::SliderHandleDisabled, 0xffe5e5e5, P::FrameDisabled, P::FrameDisabled},
-    {P::SliderTrack, 0xffe5e5e5, 0xff7d8a9e, 0xffffffff},
+    {P::SliderTrack, 0xffe5e5e5, 0xff6f7b8f, 0xffffffff},
     {P::SliderTick, 0xff929292, P::QuietText, P::QuietText},
     {P::SliderText, 0xff000000, P::Text, P::Text},
-    {P::ProgressTrack, P::Field, P::Field, P::Field},
+    {P::ProgressTrack, P::Field, 0xff3a4559, 0xff2b2b2b},
     {P::ProgressText, 0xff000000, P::Text, P::Text},
+    {P::ProgressTextDone, 0xff000000, P::OnAccent, P::OnAccent},
     {P::ProgressStart, 0xff3accfc, 0xff3accfc, 0xff1aebff},
     {P::ProgressEnd, 0xff49a7f5, 0xff4da3f0, 0xff1aebff},
-    {P::ProgressFirst, 0xff4baeb3, 0xff2f8b90, 0xff1aebff},
+    {P::ProgressFirst, 0xff4baeb3, 0xff38a4a9, 0xff1aebff},
     {P::ProgressSecond, 0xff58cdd2, 0xff54c2c6, 0xff8ff5ff},
     {P::ProgressThird, 0xffd7d7db, 0xff3a4559, 0xff2b2b2b},
     {P::Bar, P::SecondAccent, P::SecondAccent, P::SecondAccent},
@@ -238,6 +249,7 @@ constexpr Row kTable[] = {
     {P::HeadingText, 0xff333c48, P::Text, P::Text},
     {P::HeadingFocused, 0xff1a62a0, P::Accent, P::Accent},
     {P::HeadingDisabled, 0xff969ea8, P::DisabledText, P::DisabledText},
+    {P::RoundedGround, 0xff000000, P::RaisedGround, P::RaisedGround},
     {P::PanelGround, P::Ground, P::Ground, P::Ground},
 };
 // clang-format on
@@ -312,6 +324,13 @@ bool isPlainLight()
     return shown().theme.base == BuiltInTheme::Light && shown().theme.said.none();
 }
 
+qreal disabledOpacity(qreal light)
+{
+    constexpr qreal kOnDark =
+        0.6; // with the inks of the dark pictures, 3:1 and more; with those of contrast, 4.5:1
+    return shown().theme.base == BuiltInTheme::Light ? light : kOnDark;
+}
+
 bool themeSays(Purpose purpose)
 {
     return shown().theme.base == BuiltInTheme::Contrast || shown().theme.said[size_t(purpose)];
@@ -333,6 +352,24 @@ const QString &shownTheme()
     return shown().name;
 }
 
+namespace {
+
+// A receiver may show another theme: everybody hears of that one after this one.
+void tell()
+{
+    static bool telling = false;
+    if (telling)
+        return;
+    telling = true;
+    for (quint32 told = shown().generation - 1; told != shown().generation;) {
+        told = shown().generation;
+        emit CBPTheme::instance()->changed(QString(shown().name));
+    }
+    telling = false;
+}
+
+} // namespace
+
 void showTheme(const QString &name, const Theme &theme)
 {
     shown().name = name;
@@ -340,13 +377,14 @@ void showTheme(const QString &name, const Theme &theme)
     ++shown().generation;
     paintedColors = theme.colors;
     emit ThemeNews::instance()->renewed();
-    // A window paints all that is in it, but for children with a surface of their own.
+    // A window paints all that is in it, but for children with a surface of their own, and those of which an
+    // effect keeps the picture.
     const QWidgetList all = QApplication::allWidgets();
     for (QWidget *widget : all) {
-        if (widget->isWindow() || widget->testAttribute(Qt::WA_NativeWindow))
+        if (widget->isWindow() || widget->testAttribute(Qt::WA_NativeWindow) || widget->graphicsEffect())
             widget->update();
     }
-    emit CBPTheme::instance()->changed(name);
+    tell();
 }
 
 ThemeNews *ThemeNews::instance()

@@ -54,7 +54,7 @@ inline const QColor &themeColor(Purpose first, int state)
 
 // What is reported of a colour that nobody has set, in each theme.
 LUMQT_TESTED QColor builtInColor(Purpose purpose);
-QVector<QColor> builtInColors(Purpose first);
+LUMQT_TESTED QVector<QColor> builtInColors(Purpose first);
 
 // `own`, if an application has set it, else the theme's.
 inline const QColor &ownOr(const QColor &own, Purpose purpose)
@@ -64,6 +64,9 @@ inline const QColor &ownOr(const QColor &own, Purpose purpose)
 
 // Whether it is the light theme of the library, in which a widget keeps the palette that it inherits.
 bool isPlainLight();
+
+// How opaque the picture of what is disabled is drawn: `light` in light themes, and not so pale in the others.
+LUMQT_TESTED qreal disabledOpacity(qreal light);
 
 // Whether the theme itself says the colour of a title bar; otherwise the settings file goes before.
 bool themeSays(Purpose purpose);
@@ -105,8 +108,13 @@ struct PaletteTone
 };
 
 // Keeps these colours in the palette of `widget`, in each theme but the plain light one, where it keeps what
-// it inherits. What an application sets in the palette itself stays. Once for each widget.
+// it inherits. What an application sets stays, in the palette of this widget or, as long as Qt inherits it, of
+// one around. A tone for one group comes after one of the same role for all.
 LUMQT_TESTED void wearTheme(QWidget *widget, const QVector<PaletteTone> &tones);
+
+// The same also in the plain light theme, for a part of ours that has colours of its own there. What is in
+// these roles now, is not an application's.
+LUMQT_TESTED void keepTheme(QWidget *part, const QVector<PaletteTone> &tones);
 
 // The same of all that Qt's styles ask for: for what has parts of every kind, such as views.
 void wearWholeTheme(QWidget *widget);

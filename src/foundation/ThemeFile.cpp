@@ -3,14 +3,19 @@
 #include "foundation/Log.h"
 
 #include <QFileInfo>
+#include <QMap>
 #include <QMetaEnum>
-#include <QSettings>
+#include <QTextCodec>
+
+#include <algorithm>
 
 namespace lumqt {
 
 namespace {
 
 constexpr qint64 kLargestFile = 256 * 1024; // bytes; a whole theme has some 10 KiB
+constexpr int kShownKey = 60;               // characters of a line that is none, in the log
+const char kExpectedLine[] = "key = value";
 const char kExpectedColor[] = "#rrggbb or #aarrggbb";
 
 void complain(const QString &file, const QString &key, const QString &expected)
@@ -42,53 +47,107 @@ const QHash<QString, int> &purposes()
 }
 
 // Invalid for all but the two notations: QColor would take names, and fewer digits.
-QColor colorOf(const QVariant &value)
+QColor colorOf(const QString &text)
 {
-    const QString text = value.toString().trimmed();
-    return text.startsWith(QLatin1Char('#')) && (text.size() == 7 || text.size() == 9) ? QColor(text)
-                                                                                       : QColor();
+    const auto isDigit = [](QChar c) {
+        return (c >= '0' && c <= '9') || (c.toLower() >= 'a' && c.toLower() <= 'f');
+    };
+    const QString digits = text.mid(1);
+    if (!text.startsWith(QLatin1Char('#')) || !std::all_of(digits.begin(), digits.end(), isDigit))
+        return QColor();
+    const QRgb value = digits.toUInt(nullptr, 16);
+    return digits.size() == 6   ? QColor::fromRgb(value)
+           : digits.size() == 8 ? QColor::fromRgba(value)
+                                : QColor();
 }
 
-BuiltInTheme baseOf(const QString &file, const QVariant &value, const QString &name)
+// The file as a text; null, and a line in the log, where it is none.
+QString textOf(const QString &file)
 {
-    const QString base = value.toString().trimmed().toLower();
-    if (base == QLatin1String(nameOf(BuiltInTheme::Dark)))
-        return BuiltInTheme::Dark;
-    if (base != QLatin1String(nameOf(BuiltInTheme::Light))) {
-        const bool itself = base == name.toLower();
-        complain(file, QStringLiteral("base"),
-                 itself ? QStringLiteral("light or dark, not the theme itself")
-                        : QStringLiteral("light or dark"));
+    const char *wrong = nullptr;
+    QFile source(file);
+    QByteArray bytes;
+    QTextCodec::ConverterState state;
+    QString text;
+    // Regular files only: a pipe would wait. What is read counts, not what is told: a file may grow
+    // meanwhile.
+    if (!QFileInfo(file).isFile() || !source.open(QIODevice::ReadOnly))
+        wrong = "a file that can be read";
+    else if ((bytes = source.read(kLargestFile + 1)).size() > kLargestFile)
+        wrong = "at most 256 KiB";
+    else
+        text = QTextCodec::codecForName("UTF-8")->toUnicode(bytes.constData(), bytes.size(), &state);
+    if (!wrong && (state.invalidChars > 0 || state.remainingChars > 0 || bytes.contains('\0')))
+        wrong = "text in UTF-8";
+    if (!wrong)
+        return text.isNull() ? QLatin1String("") : text;
+    qCWarning(lcLumQt, "The theme file %s: expected %s", qUtf8Printable(file), wrong);
+    return QString();
+}
+
+struct Entry
+{
+    QString key; // as it is written
+    QString value;
+};
+
+// What is behind a semicolon is a remark, unless it is within quotation marks, which hold a value together.
+QString valueOf(const QString &written)
+{
+    const QString value = written.trimmed();
+    const int quoted = value.startsWith(QLatin1Char('"')) ? value.indexOf(QLatin1Char('"'), 1) : -1;
+    return quoted > 0 ? value.mid(1, quoted - 1).trimmed() : value.section(QLatin1Char(';'), 0, 0).trimmed();
+}
+
+// By their keys in lower case. QSettings would take a comma for a list, drop a line that it does not
+// understand, and not see a file that changed twice within a tick of its clock.
+QMap<QString, Entry> entriesOf(const QString &file, QString text)
+{
+    QMap<QString, Entry> entries;
+    const auto lines = text.replace(QLatin1Char('\r'), QLatin1Char('\n')).split(QLatin1Char('\n'));
+    for (const QString &written : lines) {
+        const QString line = written.trimmed();
+        const bool isSection = line.startsWith(QLatin1Char('[')) && line.endsWith(QLatin1Char(']'));
+        if (line.isEmpty() || line.startsWith(QLatin1Char(';')) || line.startsWith(QLatin1Char('#')) ||
+            isSection)
+            continue;
+        const int equals = line.indexOf(QLatin1Char('='));
+        const QString key = line.left(equals).trimmed();
+        if (equals <= 0) {
+            complain(file, line.left(kShownKey), QLatin1String(kExpectedLine));
+            continue;
+        }
+        if (entries.contains(key.toLower()))
+            complain(file, key, QStringLiteral("it once; the last one counts"));
+        entries[key.toLower()] = {key, valueOf(line.mid(equals + 1))};
     }
+    return entries;
+}
+
+BuiltInTheme baseOf(const QString &file, const Entry &entry, const QString &name)
+{
+    for (const BuiltInTheme base : {BuiltInTheme::Light, BuiltInTheme::Dark}) {
+        if (entry.key.isEmpty() || entry.value.compare(QLatin1String(nameOf(base)), Qt::CaseInsensitive) == 0)
+            return base;
+    }
+    const bool itself = !name.isEmpty() && entry.value.compare(name, Qt::CaseInsensitive) == 0;
+    complain(file, entry.key,
+             itself ? QStringLiteral("light or dark, not the theme itself")
+                    : QStringLiteral("light or dark"));
     return BuiltInTheme::Light;
 }
 
-bool isReadable(const QString &file)
-{
-    const QFileInfo info(file);
-    const char *wrong = nullptr;
-    if (!info.isFile() || !info.isReadable())
-        wrong = "a file that can be read";
-    else if (info.size() > kLargestFile)
-        wrong = "at most 256 KiB";
-    if (wrong)
-        qCWarning(lcLumQt, "The theme file %s: expected %s", qUtf8Printable(file), wrong);
-    return !wrong;
-}
-
-QString nameIn(const QSettings &settings, const QString &file)
+QString nameIn(const QString &file, const Entry &entry)
 {
     const QString fallback = QFileInfo(file).completeBaseName();
-    const QString said = settings.value(QStringLiteral("name")).toString().trimmed();
-    if (!said.isEmpty() && !isOurs(said))
-        return said;
-    if (!said.isEmpty())
-        complain(file, QStringLiteral("name"), QStringLiteral("none of the library's names"));
-    if (!isOurs(fallback) && !fallback.isEmpty())
-        return fallback;
-    if (said.isEmpty())
+    if (!entry.value.isEmpty() && !isOurs(entry.value))
+        return entry.value;
+    const bool isGood = !fallback.isEmpty() && !isOurs(fallback);
+    if (!entry.value.isEmpty())
+        complain(file, entry.key, QStringLiteral("none of the library's names"));
+    else if (!isGood)
         complain(file, QStringLiteral("name"), QStringLiteral("one, since the file's is the library's"));
-    return QString();
+    return isGood ? fallback : QString();
 }
 
 } // namespace
@@ -96,31 +155,20 @@ QString nameIn(const QSettings &settings, const QString &file)
 NamedTheme readTheme(const QString &file)
 {
     NamedTheme read;
-    if (!isReadable(file))
+    const QString text = textOf(file);
+    if (text.isNull())
         return read;
-    QSettings settings(file, QSettings::IniFormat);
-    settings.setIniCodec("UTF-8");
-    if (settings.status() != QSettings::NoError) {
-        qCWarning(lcLumQt, "The theme file %s: expected lines of key = value", qUtf8Printable(file));
-        return read;
-    }
-    read.name = nameIn(settings, file);
+    QMap<QString, Entry> entries = entriesOf(file, text);
+    read.name = nameIn(file, entries.take(QStringLiteral("name")));
+    read.theme.base = baseOf(file, entries.take(QStringLiteral("base")), read.name);
     ThemeColors own;
-    const QStringList keys = settings.allKeys();
-    for (const QString &key : keys) {
-        const QString plain = key.toLower();
-        if (plain == QLatin1String("name"))
-            continue;
-        if (plain == QLatin1String("base")) {
-            read.theme.base = baseOf(file, settings.value(key), read.name);
-            continue;
-        }
-        const int purpose = purposes().value(plain, -1);
-        const QColor color = colorOf(settings.value(key));
+    for (auto entry = entries.cbegin(); entry != entries.cend(); ++entry) {
+        const int purpose = purposes().value(entry.key(), -1);
+        const QColor color = colorOf(entry->value);
         if (purpose < 0)
-            complain(file, key, QStringLiteral("a purpose of CBPTheme, name or base"));
+            complain(file, entry->key, QStringLiteral("a purpose of CBPTheme, name or base"));
         else if (!color.isValid())
-            complain(file, key, QLatin1String(kExpectedColor));
+            complain(file, entry->key, QLatin1String(kExpectedColor));
         if (purpose < 0 || !color.isValid())
             continue;
         own[size_t(purpose)] = color;

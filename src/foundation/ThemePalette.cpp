@@ -4,7 +4,11 @@
 
 #include "foundation/AppStyle.h"
 
+#include <QEvent>
+#include <QHash>
 #include <QWidget>
+
+#include <algorithm>
 
 namespace lumqt {
 
@@ -46,6 +50,32 @@ const QVector<PaletteTone> &wholePalette()
     return tones;
 }
 
+bool s_wanted = false;
+
+constexpr int kRemembered = 4; // palettes that a style sheet may bring back
+
+uint rolesOf(const QVector<PaletteTone> &tones)
+{
+    uint roles = 0;
+    for (const PaletteTone &tone : tones)
+        roles |= 1u << tone.role;
+    return roles;
+}
+
+// The roles that are set in both, to the same colours.
+uint agreeing(const QPalette &one, const QPalette &other)
+{
+    uint roles = one.resolve() & other.resolve();
+    for (int role = 0; roles && role < QPalette::NColorRoles; ++role) {
+        for (const QPalette::ColorGroup group : kGroups) {
+            if (roles & (1u << role) &&
+                one.brush(group, QPalette::ColorRole(role)) != other.brush(group, QPalette::ColorRole(role)))
+                roles &= ~(1u << role);
+        }
+    }
+    return roles;
+}
+
 // Of the windows: where fields and buttons are native, and light whatever their palette, it is the ground
 // that these lie on, and what is written on that.
 const QVector<PaletteTone> &windowPalette()
@@ -59,64 +89,155 @@ const QVector<PaletteTone> &windowPalette()
 }
 
 // What the theme has put into the palette of one widget. A role whose colours are no longer those that were
-// put there was set by somebody else, and is left to him.
+// put there was set by somebody else, and is left to him; so is one that somebody has set for a widget
+// around.
 class Wearer : public QObject
 {
 public:
-    Wearer(QWidget *widget, const QVector<PaletteTone> &tones, bool whole)
-        : QObject(widget), m_widget(widget), m_tones(tones), m_whole(whole)
+    static Wearer *of(QWidget *widget)
     {
+        Wearer *known = all().value(widget);
+        return known ? known : new Wearer(widget);
+    }
+    ~Wearer() override { all().remove(m_widget); }
+
+    void wear(const QVector<PaletteTone> &tones)
+    {
+        m_tones += tones;
         renew();
-        onThemeChange(this, [this] { renew(); });
+    }
+    void keep(const QVector<PaletteTone> &tones)
+    {
+        m_kept += tones;
+        const uint worn = m_worn.resolve();
+        m_worn = m_widget->palette(); // so that it is replaced
+        m_worn.resolve(worn | rolesOf(tones));
+        renew();
+    }
+    void wearWhole()
+    {
+        m_whole = true;
+        renew();
+    }
+
+protected:
+    // A palette that is set takes away what the theme has put into the one before, and a style sheet that
+    // goes brings back the one from before it came.
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        const QEvent::Type type = event->type();
+        if (type == QEvent::PaletteChange || type == QEvent::Polish || type == QEvent::ParentChange)
+            renew();
+        return false;
     }
 
 private:
-    bool isWorn(QPalette::ColorRole role, const QPalette &palette) const
+    explicit Wearer(QWidget *widget) : QObject(widget), m_widget(widget)
     {
-        if (!(m_worn.resolve() & (1u << role)))
-            return false;
-        for (const QPalette::ColorGroup group : kGroups) {
-            if (palette.brush(group, role) != m_worn.brush(group, role))
-                return false;
+        all().insert(widget, this);
+        widget->installEventFilter(this);
+        onThemeChange(this, [this] { renew(); });
+    }
+
+    static QHash<const QWidget *, Wearer *> &all()
+    {
+        static auto *wearers = new QHash<const QWidget *, Wearer *>; // widgets may outlive what is static
+        return *wearers;
+    }
+
+    // Of those that are set in `palette`.
+    uint wornRoles(const QPalette &palette) const
+    {
+        uint worn = agreeing(palette, m_worn);
+        for (const QPalette &before : m_before) {
+            if (agreeing(palette, before) == before.resolve()) // a colour alone may be somebody's choice
+                worn |= before.resolve();
         }
-        return true;
+        return worn;
+    }
+
+    // What somebody has set for the widgets around, in whose palettes a theme's colours do not count.
+    uint inheritedRoles() const
+    {
+        uint roles = 0;
+        uint themes = 0;
+        const QWidget *inner = m_widget;
+        while (!inner->isWindow() && inner->parentWidget()) {
+            inner = inner->parentWidget();
+            if (inner->testAttribute(Qt::WA_StyleSheet)) // from there Qt inherits no palette
+                break;
+            const Wearer *around = all().value(inner);
+            const uint worn = around ? around->m_worn.resolve() : 0;
+            roles |= inner->palette().resolve() & ~worn & ~themes;
+            themes |= worn & ~roles; // goes before what is further out
+        }
+        return roles;
+    }
+
+    void remember()
+    {
+        const auto isWorn = [this](const QPalette &before) {
+            return before.resolve() == m_worn.resolve() && agreeing(before, m_worn) == m_worn.resolve();
+        };
+        if (m_worn.resolve() == 0 || std::any_of(m_before.begin(), m_before.end(), isWorn))
+            return;
+        if (m_before.size() == kRemembered)
+            m_before.removeFirst();
+        m_before.append(m_worn);
+    }
+
+    QVector<PaletteTone> tonesNow() const
+    {
+        const bool whole = m_whole && wantsPalette();
+        return (whole ? windowPalette() : QVector<PaletteTone>()) +
+               (isPlainLight() ? QVector<PaletteTone>() : m_tones) + m_kept;
     }
 
     void renew()
     {
-        const bool wears = m_whole ? wantsPalette() : !isPlainLight();
-        const QPalette current =
-            m_widget->palette(); // its mask tells of the widget alone, not of those around
+        const QVector<PaletteTone> tones = tonesNow();
+        if (m_renewing || (tones.isEmpty() && m_worn.resolve() == 0 && m_before.isEmpty()))
+            return;
+        m_renewing = true;
+        const QPalette current = m_widget->palette(); // its mask tells of the widget alone
+        const uint worn = wornRoles(current);
+        // A window is what others inherit from, also where it lies in another one.
+        const uint inherited = m_whole ? 0 : inheritedRoles() & ~rolesOf(m_kept);
+        const uint others = (current.resolve() & ~worn) | inherited;
+        const uint mine = rolesOf(tones) & ~others;
         QPalette next = current;
-        uint mine = 0;
-        for (const PaletteTone &tone : m_tones) {
-            if (!current.isBrushSet(QPalette::Active, tone.role) || isWorn(tone.role, current))
-                mine |= 1u << tone.role;
-        }
-        next.resolve(next.resolve() & ~mine);
-        for (const PaletteTone &tone : m_tones) {
-            if (wears && mine & (1u << tone.role))
+        next.resolve(current.resolve() & ~worn);
+        for (const PaletteTone &tone : tones) {
+            if (mine & (1u << tone.role))
                 next.setColor(tone.group, tone.role, themeColor(tone.purpose));
         }
+        remember();
         m_worn = next;
-        m_worn.resolve(wears ? mine : 0);
+        m_worn.resolve(mine);
         if (next.resolve() != current.resolve() || next != current)
             m_widget->setPalette(next);
+        m_renewing = false;
     }
 
     QWidget *m_widget;
-    QVector<PaletteTone> m_tones;
-    QPalette m_worn;
-    bool m_whole;
+    QVector<PaletteTone> m_tones; // in other themes than the plain light one
+    QVector<PaletteTone> m_kept;  // in each
+    QPalette m_worn;              // its mask: what is worn now
+    QVector<QPalette> m_before;
+    bool m_whole = false;
+    bool m_renewing = false;
 };
-
-bool s_wanted = false;
 
 } // namespace
 
 void wearTheme(QWidget *widget, const QVector<PaletteTone> &tones)
 {
-    new Wearer(widget, tones, false);
+    Wearer::of(widget)->wear(tones);
+}
+
+void keepTheme(QWidget *part, const QVector<PaletteTone> &tones)
+{
+    Wearer::of(part)->keep(tones);
 }
 
 void wearWholeTheme(QWidget *widget)
@@ -127,7 +248,7 @@ void wearWholeTheme(QWidget *widget)
 void wearPalette(QWidget *window)
 {
     sharePalette();
-    new Wearer(window, windowPalette(), true);
+    Wearer::of(window)->wearWhole();
 }
 
 QPalette themePalette()

@@ -1,6 +1,7 @@
 #include "CRoundedRectBase.h"
 
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
 
 #include <QPainter>
 #include <QPainterPath>
@@ -8,8 +9,9 @@
 CRoundedRectBase::CRoundedRectBase(unsigned int radius, QWidget *parent, bool topLeft, bool topRight,
                                    bool bottomRight, bool bottomLeft)
     : QWidget(parent),
-      m_brush(Qt::SolidPattern),
+      m_brush(lumqt::builtInColor(lumqt::Purpose::RoundedGround)),
       m_pen(Qt::NoPen),
+      m_first(m_brush),
       m_radius(radius),
       m_topLeft(topLeft),
       m_topRight(topRight),
@@ -65,7 +67,8 @@ void CRoundedRectBase::paintEvent(QPaintEvent *)
         const qreal inset = qMax(m_pen.widthF(), 1.0) / 2;
         area.adjust(inset, inset, -inset, -inset);
     }
-    painter.setBrush(m_brush);
+    const bool own = m_brush.data_ptr().data() != m_first.data_ptr().data();
+    painter.setBrush(own ? m_brush : QBrush(lumqt::themeColor(lumqt::Purpose::RoundedGround)));
     painter.setPen(m_pen);
     painter.drawPath(shape(area));
 }

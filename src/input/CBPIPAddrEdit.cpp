@@ -1,5 +1,6 @@
 #include "CBPIPAddrEdit.h"
 
+#include "input/FieldTones.h"
 #include "input/OctetValidator.h"
 #include "input/SelectingPress.h"
 
@@ -36,6 +37,17 @@ void focusAt(QLineEdit *edit, bool atEnd)
         edit->setCursorPosition(atEnd ? edit->text().size() : 0);
 }
 
+// A style sheet with a border gives the octet the ground of the application's palette, which is the light
+// theme's; in use or not it is that of the field around it.
+QString themedSheet()
+{
+    const QString sheet = QLatin1String(kSheet);
+    return lumqt::isPlainLight()
+               ? sheet
+               : sheet + QStringLiteral("QLineEdit{background-color:%1;}")
+                             .arg(lumqt::themeColor(lumqt::Purpose::Field).name(QColor::HexArgb));
+}
+
 // Of what is nearly an address an edit of three characters would take the beginning for its octet.
 bool isNoOctet(const QString &text)
 {
@@ -52,7 +64,14 @@ CBPIPAddrEdit::CBPIPAddrEdit(QWidget *parent) : QLineEdit(parent)
     setFixedSize(kSize);
     setValidator(new lumqt::OctetValidator(this));
     connect(this, &QLineEdit::textEdited, this, &CBPIPAddrEdit::onTextEdited);
-    setStyleSheet(QLatin1String(kSheet));
+    setStyleSheet(themedSheet());
+    lumqt::onThemeChange(this, [this, worn = styleSheet()]() mutable {
+        if (styleSheet() != worn) // an application's
+            return;
+        worn = themedSheet();
+        setStyleSheet(worn);
+    });
+    lumqt::wearTheme(this, lumqt::fieldTones());
     setObjectName(QStringLiteral("NoFrameLineEdit"));
 }
 

@@ -4,6 +4,7 @@
 #include "foundation/Accessible.h"
 #include "foundation/FocusRing.h"
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
 #include "input/OctetValidator.h"
 
 #include <QApplication>
@@ -14,9 +15,6 @@
 namespace {
 
 // Look and metrics, in logical pixels.
-const QColor kFrame(lumqt::kFieldFrame);
-const QColor kDisabledFrame(0xa0, 0xa0, 0xa4); // Qt::gray
-const QColor kGround(lumqt::kFieldGround);
 const QMargins kMargins(6, 2, 6, 2);
 // An application's room for all that it has would leave the octets none.
 const char kSheet[] = "QLineEdit{padding:0px;margin:0px;}";
@@ -138,9 +136,10 @@ bool CBPIPInputWidget::eventFilter(QObject *watched, QEvent *event)
 void CBPIPInputWidget::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
+    using lumqt::Purpose;
     lumqt::Body box;
-    box.fill = kGround;
-    box.frame = isEnabled() ? kFrame : kDisabledFrame;
+    box.fill = lumqt::themeColor(Purpose::Field);
+    box.frame = lumqt::themeColor(isEnabled() ? Purpose::Frame : Purpose::AddressFrameDisabled);
     lumqt::drawBody(painter, rect(), box);
 
     const int segment = (width() - kGaps) / kOctets;

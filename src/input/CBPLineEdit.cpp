@@ -2,6 +2,7 @@
 
 #include "CBPStyle.h"
 #include "foundation/ImageLoader.h"
+#include "input/FieldTones.h"
 #include "input/SelectingPress.h"
 
 #include <QApplication>
@@ -25,10 +26,13 @@ constexpr int kIconReserve = 5; // the text begins so far behind an icon's width
 class IconButton : public QToolButton
 {
 public:
-    IconButton(const QPixmap &picture, QWidget *parent) : QToolButton(parent), m_picture(picture)
+    IconButton(const QPixmap &picture, QWidget *parent) : QToolButton(parent) { put(picture); }
+
+    // In the place of the one before, unless the application has set its own.
+    void renew(const QPixmap &picture)
     {
-        setIcon(picture);
-        m_key = icon().cacheKey();
+        if (icon().cacheKey() == m_key && !picture.isNull())
+            put(picture);
     }
 
 protected:
@@ -48,8 +52,15 @@ protected:
     }
 
 private:
+    void put(const QPixmap &picture)
+    {
+        m_picture = picture;
+        setIcon(picture);
+        m_key = icon().cacheKey();
+    }
+
     QPixmap m_picture;
-    qint64 m_key;
+    qint64 m_key = 0;
 };
 
 constexpr QKeySequence::StandardKey kBlockedKeys[] = {QKeySequence::SelectAll, QKeySequence::Copy,
@@ -61,6 +72,7 @@ CBPLineEdit::CBPLineEdit(QString iconPath, bool bBlockCopyPaste, QWidget *parent
     : QLineEdit(parent), m_bBlockCopyPaste(bBlockCopyPaste)
 {
     CBPStyle::Apply(this);
+    lumqt::wearTheme(this, lumqt::fieldTones());
     if (!iconPath.isEmpty())
         createIcon(iconPath);
 }
@@ -76,7 +88,10 @@ void CBPLineEdit::createIcon(const QString &path)
 {
     const QPixmap picture = lumqt::loadPixmap(path, devicePixelRatioF());
     const QSize size = lumqt::logicalSize(picture);
-    m_pIconBtn = new IconButton(picture, this);
+    auto *button = new IconButton(picture, this);
+    lumqt::onThemeChange(
+        button, [this, button, path] { button->renew(lumqt::loadPixmap(path, devicePixelRatioF())); });
+    m_pIconBtn = button;
     m_pIconBtn->setIconSize(size);
     m_pIconBtn->setStyleSheet(QLatin1String(kIconSheet));
     m_pIconBtn->setFixedSize(size);

@@ -1,7 +1,10 @@
 #include "CBPSearchEdit.h"
 
 #include "CBPStyle.h"
+#include "foundation/ImageLoader.h"
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
+#include "input/FieldTones.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -49,8 +52,33 @@ const char kButtonSheet[] = "QToolButton{margin:0px 3px;padding:2px;}";
 constexpr int kMargin = 3;
 constexpr int kPadding = 2;
 const QSize kRoom(2 * (kMargin + kPadding), 2 * kPadding);
+constexpr int kGlowAlpha = 110;                    // behind a hovered button, in its middle
 constexpr qreal kDisabledOpacity = 0.4;            // of the pictures
 constexpr int kFrameRoom = lumqt::kFocusRingWidth; // which the field's own ring needs
+
+// What a button has of the theme on top of the field's sheet, which stays what it is: nothing in the light
+// one. A picture is the theme's own where there is one.
+QString themedSheet()
+{
+    if (lumqt::isPlainLight())
+        return QString();
+    QColor glow = lumqt::themeColor(lumqt::Purpose::Danger);
+    glow.setAlpha(kGlowAlpha);
+    const auto rule = [](const char *button, const char *picture, const QString &ground = QString()) {
+        return QStringLiteral("QToolButton#%1{image:url(%2);%3}")
+            .arg(QLatin1String(button), lumqt::themePicture(QLatin1String(picture)), ground);
+    };
+    const QString round = QStringLiteral("background-color:qradialgradient(cx:0.5,cy:0.5,radius:0.5,fx:0.5,"
+                                         "fy:0.5,stop:0 rgba(%1,%2,%3,%4),stop:1 rgba(%1,%2,%3,0));")
+                              .arg(glow.red())
+                              .arg(glow.green())
+                              .arg(glow.blue())
+                              .arg(glow.alpha());
+    return rule("btnClose", "../res/icon_delete_normal.png") +
+           rule("btnClose:hover", "../res/icon_delete_hover.png", round) +
+           rule("btnClose:pressed", "../res/icon_delete_press.png") +
+           rule("btnSearch", "../res/search_icon.png");
+}
 
 // Whether the focus is, or is about to be, in the edit or one of its buttons.
 bool holdsFocus(const QWidget *edit)
@@ -99,8 +127,10 @@ void dressList(const QCompleter *completer)
     QAbstractItemView *list = completer && completer->completionMode() != QCompleter::InlineCompletion
                                   ? completer->popup()
                                   : nullptr;
-    if (list && !list->testAttribute(Qt::WA_SetStyle))
-        CBPStyle::Apply(list);
+    if (!list || list->testAttribute(Qt::WA_SetStyle))
+        return;
+    CBPStyle::Apply(list);
+    lumqt::wearTheme(list, lumqt::fieldTones());
 }
 
 // A button inside the edit. It is a QToolButton to the style sheet.
@@ -108,6 +138,18 @@ class InnerButton : public QToolButton
 {
 public:
     InnerButton() { setStyleSheet(QLatin1String(kButtonSheet)); }
+
+    // An application's sheet stays, and so do its pictures in the field's.
+    void dress()
+    {
+        const bool own = styleSheet() == QLatin1String(kButtonSheet) + m_themed;
+        const bool fieldsOwn = parentWidget() && parentWidget()->styleSheet() == QLatin1String(kSheet);
+        const QString themed = own && fieldsOwn ? themedSheet() : QString();
+        if (!own || themed == m_themed)
+            return;
+        m_themed = themed;
+        setStyleSheet(QLatin1String(kButtonSheet) + m_themed);
+    }
 
     QSize sizeHint() const override { return iconSize() + kRoom; }
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -149,7 +191,7 @@ protected:
         initStyleOption(&option);
         painter.save();
         if (!isEnabled()) // the style sheet's picture is the same
-            painter.setOpacity(kDisabledOpacity);
+            painter.setOpacity(lumqt::disabledOpacity(kDisabledOpacity));
         if (isCoarse(painter.device()->devicePixelRatioF()))
             enlarge(painter, option);
         painter.drawComplexControl(QStyle::CC_ToolButton, option);
@@ -164,9 +206,11 @@ private:
     {
         if (ratio <= 1.0 || QCoreApplication::testAttribute(Qt::AA_UseHighDpiPixmaps))
             return false;
-        if (styleSheet() != QLatin1String(kButtonSheet) || !parentWidget())
+        const QString own = styleSheet();
+        const auto base = QLatin1String(kButtonSheet);
+        if (own.size() != base.size() + m_themed.size() || !own.startsWith(base) || !parentWidget())
             return false;
-        const QString sheet = parentWidget()->styleSheet();
+        const QString sheet = m_themed.isEmpty() ? parentWidget()->styleSheet() : m_themed;
         if (ratio != m_ratio || sheet != m_sheet) {
             m_ratio = ratio;
             m_sheet = sheet;
@@ -198,7 +242,8 @@ private:
     }
 
     bool m_showsFocus = false;
-    QString m_sheet; // of the edit, for which the others hold
+    QString m_themed; // what follows kButtonSheet
+    QString m_sheet;  // of the edit, for which the others hold
     qreal m_ratio = 0.0;
     bool m_coarse = false;
 };
@@ -225,6 +270,8 @@ CBPSearchEdit::CBPSearchEdit(QWidget *parent) : CBPLineEdit(QString(), parent !=
     layout->setContentsMargins(0, 0, 0, 0);
     setLayout(layout);
     m_pBtnClose->hide();
+    dressButtons();
+    lumqt::onThemeChange(this, [this] { dressButtons(); });
 
     m_timer.setSingleShot(true);
     m_timer.setInterval(kSearchPause);
@@ -250,6 +297,14 @@ QToolButton *CBPSearchEdit::createButton(const char *objectName, const QString &
     button->setFocusPolicy(Qt::NoFocus); // of the mouse: see focusNextPrevChild()
     connect(button, &QToolButton::clicked, this, &CBPSearchEdit::OnSearch);
     return button;
+}
+
+void CBPSearchEdit::dressButtons()
+{
+    for (QToolButton *button : {m_pBtnClose, m_pBtnSearch}) {
+        if (button)
+            static_cast<InnerButton *>(button)->dress();
+    }
 }
 
 void CBPSearchEdit::Changed(bool bEmpty)
@@ -328,6 +383,7 @@ void CBPSearchEdit::keepTextClear()
 void CBPSearchEdit::showEvent(QShowEvent *event)
 {
     keepTextClear();
+    dressButtons(); // before it nobody tells of a sheet
     nameItself(this);
     CBPLineEdit::showEvent(event);
 }
@@ -335,6 +391,8 @@ void CBPSearchEdit::showEvent(QShowEvent *event)
 void CBPSearchEdit::changeEvent(QEvent *event)
 {
     CBPLineEdit::changeEvent(event);
+    if (event->type() == QEvent::StyleChange) // the field may have an application's sheet now
+        dressButtons();
     if (event->type() == QEvent::LayoutDirectionChange && isVisible()) // else showEvent() sees to it
         keepTextClear();
 }

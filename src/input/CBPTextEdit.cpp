@@ -3,6 +3,7 @@
 #include "CBPStyle.h"
 #include "foundation/StyleParts.h"
 #include "foundation/StyleWatch.h"
+#include "input/FieldTones.h"
 
 #include <QEvent>
 #include <QImage>
@@ -54,6 +55,7 @@ QBrush groundOf(const QTextEdit &edit)
 CBPTextEdit::CBPTextEdit(QWidget *parent) : QTextEdit(parent)
 {
     CBPStyle::Apply(this);
+    lumqt::wearTheme(this, lumqt::fieldTones());
     document()->setDocumentMargin(kInset);
     connect(this, &QTextEdit::textChanged, this, &CBPTextEdit::on_text_changed);
 }

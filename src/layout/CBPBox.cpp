@@ -1,6 +1,7 @@
 #include "CBPBox.h"
 
 #include "foundation/Log.h"
+#include "foundation/Palette.h"
 #include "layout/BoxPainting.h"
 #include "layout/Packing.h"
 
@@ -10,10 +11,6 @@
 #include <QPropertyAnimation>
 
 namespace {
-
-// Callers set their own; these show where one forgot.
-const QColor kFrameColor(255, 0, 0);
-const QColor kGroundColor(255, 255, 255);
 
 // Start, end and time are the caller's also where the animation is on its way already: an application that
 // wants no jump passes what it sees. A running animation takes no notice of start(), so it is stopped first.
@@ -35,8 +32,7 @@ CBPBox::CBPBox(bool bVertical, bool bOption, int iSpacing)
       m_bVertical(bVertical),
       m_bOption(bOption),
       m_iSpacing(iSpacing),
-      m_clrFrame(kFrameColor),
-      m_clrBg(kGroundColor)
+      m_framePurpose(int(lumqt::Purpose::BoxFrame)) // callers set their own; red shows where one forgot
 {
     Init();
 }
@@ -171,18 +167,25 @@ void CBPBox::SetDrawFrame(bool bDrawFrame)
 
 QColor CBPBox::frameColor() const
 {
-    return m_clrFrame;
+    return m_ownFrame ? m_clrFrame : lumqt::themeColor(lumqt::Purpose(m_framePurpose));
 }
 
 void CBPBox::SetFrameClr(QColor clrFrame)
 {
     m_clrFrame = clrFrame;
+    m_ownFrame = true;
     update();
+}
+
+void CBPBox::setFramePurpose(int purpose)
+{
+    m_framePurpose = purpose;
 }
 
 void CBPBox::SetBgClr(QColor clrBg)
 {
     m_clrBg = clrBg;
+    m_ownBg = true;
     update();
 }
 
@@ -214,5 +217,6 @@ void CBPBox::paintEvent(QPaintEvent *event)
         return;
     }
     QPainter painter(this);
-    lumqt::fillFramed(painter, QRectF(rect()), m_clrBg, m_clrFrame);
+    const QColor ground = m_ownBg ? m_clrBg : lumqt::themeColor(lumqt::Purpose::BoxGround);
+    lumqt::fillFramed(painter, QRectF(rect()), ground, frameColor());
 }

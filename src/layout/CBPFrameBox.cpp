@@ -1,6 +1,7 @@
 #include "CBPFrameBox.h"
 
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
 #include "layout/BoxPainting.h"
 #include "layout/Packing.h"
 
@@ -9,8 +10,6 @@
 
 namespace {
 
-const QColor kBandColor(250, 250, 250);
-const QColor kOutlineColor(179, 179, 179);
 constexpr int kOutlineWidth = 1;
 
 template <class Layout> Layout *emptyLayout()
@@ -71,15 +70,16 @@ void CBPFrameBox::AddBottomWidget(QWidget *pWidget, int iSpacing)
 
 void CBPFrameBox::paintEvent(QPaintEvent *)
 {
+    using lumqt::Purpose;
     QPainter painter(this);
     QRect band = rect();
     band.setHeight(m_iTitleHeight);
-    lumqt::fillPixels(painter, QRectF(band).normalized(), kBandColor);
+    lumqt::fillPixels(painter, QRectF(band).normalized(), lumqt::themeColor(Purpose::BandGround));
     // Only the top edge moves: in a box higher than both bands together the rectangle is upside down and
     // covers what lies between them. Meant so; windows were drawn for it.
     band.setTop(rect().height() - m_iBottomHeight);
-    lumqt::fillPixels(painter, QRectF(band).normalized(), kBandColor);
+    lumqt::fillPixels(painter, QRectF(band).normalized(), lumqt::themeColor(Purpose::BandGround));
     // An outline of the whole rectangle: its right and bottom lines are outside the widget.
-    lumqt::fillLine(painter, QRectF(0, 0, width(), kOutlineWidth), kOutlineColor);
-    lumqt::fillLine(painter, QRectF(0, 0, kOutlineWidth, height()), kOutlineColor);
+    lumqt::fillLine(painter, QRectF(0, 0, width(), kOutlineWidth), lumqt::themeColor(Purpose::BandFrame));
+    lumqt::fillLine(painter, QRectF(0, 0, kOutlineWidth, height()), lumqt::themeColor(Purpose::BandFrame));
 }

@@ -1,5 +1,6 @@
 #include "CBPGridBox.h"
 
+#include "foundation/Palette.h"
 #include "layout/BoxPainting.h"
 
 #include <QLayout>
@@ -7,14 +8,13 @@
 
 namespace {
 
-const QColor kLineColor(215, 215, 215);
 constexpr int kLineWidth = 1;
 
 } // namespace
 
 CBPGridBox::CBPGridBox(bool bVertical, bool bOption, int iSpacing) : CBPBox(bVertical, bOption, iSpacing)
 {
-    SetFrameClr(kLineColor);
+    setFramePurpose(int(lumqt::Purpose::GridLine));
     SetDrawFrame(true);
     SetBorderWidth(kLineWidth, kLineWidth, kLineWidth, kLineWidth);
     SetSpacing(kLineWidth);

@@ -3,23 +3,19 @@
 #include "CBPScrollBarStyle.h"
 #include "ENState.h"
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
 
 #include <QEvent>
 #include <QPainter>
 #include <QStyleOptionSlider>
+
+using lumqt::Purpose;
 
 namespace {
 
 // Look and metrics, in logical pixels.
 constexpr int kThickness = 10;
 constexpr double kSliderRadius = 5.0;
-const QColor kSlider(182, 182, 182);
-const QColor kSliderUnderMouse(106, 106, 106);
-const QColor kPage(241, 241, 241);
-const QColor kArrow1(34, 34, 34);
-const QColor kArrow2(182, 182, 182);
-const QColor kMiddleLine(202, 204, 206);
-const QColor kGround(246, 252, 255);
 const char kNoBox[] = "CBPScrollBar { padding: 0; margin: 0; border: none; }";
 
 void fill(QPainter &painter, const QRect &rect, const QColor &color)
@@ -28,17 +24,22 @@ void fill(QPainter &painter, const QRect &rect, const QColor &color)
         painter.fillRect(lumqt::wholeDevicePixels(painter, rect), color);
 }
 
+// Without a ground of its own the bar covers what lies below, also in a theme that would let it through.
+QColor opaque(QColor color)
+{
+    color.setAlpha(255);
+    return color;
+}
+
 } // namespace
 
 CBPScrollBar::CBPScrollBar(Qt::Orientation orientation, QWidget *parent)
     : QScrollBar(orientation, parent),
       m_dRadiusX(kSliderRadius),
       m_dRadiusY(kSliderRadius),
-      m_vecSliderBg{kSlider, kSliderUnderMouse, kSlider, kSlider},
-      m_clrArrowBg1(kArrow1),
-      m_clrArrowBg2(kArrow2),
-      m_clrMidLine(kMiddleLine),
-      m_clrBarBg(kGround)
+      m_clrArrowBg1(lumqt::builtInColor(lumqt::Purpose::ScrollArrow)),
+      m_clrArrowBg2(lumqt::builtInColor(lumqt::Purpose::ScrollArrowDisabled)),
+      m_clrMidLine(lumqt::builtInColor(lumqt::Purpose::ScrollGrip))
 {
     auto *flat = new CBPScrollBarStyle;
     flat->setParent(this); // setStyle() does not take it over
@@ -75,6 +76,7 @@ void CBPScrollBar::SetBgMidLine(QColor &color)
 void CBPScrollBar::SetBarBg(QColor &color)
 {
     m_clrBarBg = color;
+    m_ownGround = true;
     // The base class promises to cover what lies below; a ground that lets it through does not.
     setAttribute(Qt::WA_OpaquePaintEvent, color.isValid() && color.alpha() == 255);
     update();
@@ -107,7 +109,7 @@ void CBPScrollBar::paintEvent(QPaintEvent *)
     QStyleOptionSlider option;
     initStyleOption(&option);
     option.subControls = QStyle::SC_All; // which initStyleOption() leaves to the painter
-    fill(painter, option.rect, m_clrBarBg);
+    fill(painter, option.rect, m_ownGround ? m_clrBarBg : opaque(lumqt::themeColor(Purpose::ScrollGround)));
     DrawComplexControl(painter, option);
 }
 
@@ -139,12 +141,15 @@ void CBPScrollBar::drawParts(QPainter &painter, const QStyleOptionSlider &option
 {
     for (const QStyle::SubControl page : {QStyle::SC_ScrollBarSubPage, QStyle::SC_ScrollBarAddPage}) {
         if (option.subControls & page)
-            fill(painter, GetAvailableRect(&option, page), kPage);
+            fill(painter, GetAvailableRect(&option, page), lumqt::themeColor(Purpose::ScrollPage));
     }
     if (!(option.subControls & QStyle::SC_ScrollBarSlider))
         return;
     const bool underMouse = option.state & QStyle::State_MouseOver;
-    const QColor color = underMouse ? m_vecSliderBg.value(ENStateHover, kSliderUnderMouse)
-                                    : m_vecSliderBg.value(ENStateNormal, kSlider);
-    fill(painter, GetAvailableRect(&option, QStyle::SC_ScrollBarSlider), color);
+    const int state = underMouse ? ENStateHover : ENStateNormal;
+    const QColor &themes =
+        lumqt::themeColor(underMouse ? Purpose::ScrollSliderHovered : Purpose::ScrollSlider);
+    const bool own = state < m_vecSliderBg.size();
+    fill(painter, GetAvailableRect(&option, QStyle::SC_ScrollBarSlider),
+         own ? m_vecSliderBg.at(state) : themes);
 }

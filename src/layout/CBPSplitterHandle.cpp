@@ -1,19 +1,13 @@
 #include "CBPSplitterHandle.h"
 
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
 #include "layout/BoxPainting.h"
 
 #include <QPainter>
 
-namespace {
-
-const QColor kOutline(155, 155, 155, 205);
-const QColor kFill(241, 241, 241);
-
-} // namespace
-
 CBPSplitterHandle::CBPSplitterHandle(Qt::Orientation orientation, QSplitter *parent)
-    : QSplitterHandle(orientation, parent), m_pen(kOutline), m_brush(kFill)
+    : QSplitterHandle(orientation, parent)
 {
 }
 
@@ -23,17 +17,21 @@ void CBPSplitterHandle::setColr(QPen pen, QBrush brush)
 {
     m_pen = pen;
     m_brush = brush;
+    m_own = true;
 }
 
 void CBPSplitterHandle::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     // The upper edge goes up, out of the handle: only the sides and the lower edge are meant to be seen.
-    if (lumqt::isPlainLine(m_pen)) {
+    if (!m_own || lumqt::isPlainLine(m_pen)) {
+        using lumqt::Purpose;
         const Qt::Edges seen = Qt::LeftEdge | Qt::RightEdge | Qt::BottomEdge;
         const QRectF inner = lumqt::fillEdges(painter, QRectF(rect()), seen, QColor());
-        painter.fillRect(inner.united(QRectF(rect().topLeft(), inner.bottomRight())), m_brush);
-        lumqt::fillEdges(painter, QRectF(rect()), seen, m_pen.color());
+        painter.fillRect(inner.united(QRectF(rect().topLeft(), inner.bottomRight())),
+                         m_own ? m_brush : QBrush(lumqt::themeColor(Purpose::SplitterGround)));
+        lumqt::fillEdges(painter, QRectF(rect()), seen,
+                         m_own ? m_pen.color() : lumqt::themeColor(Purpose::SplitterFrame));
         return;
     }
     painter.setPen(m_pen);

@@ -1,16 +1,18 @@
 #include "CBPWidget.h"
 
+#include "foundation/Palette.h"
 #include "layout/BoxPainting.h"
 
 #include <QPainter>
 
-CBPWidget::CBPWidget(QWidget *parent) : QWidget(parent), m_brush(Qt::white), m_pen(Qt::NoPen) {}
+CBPWidget::CBPWidget(QWidget *parent) : QWidget(parent), m_pen(Qt::NoPen) {}
 
 CBPWidget::~CBPWidget() = default;
 
 void CBPWidget::setBrush(QBrush brush)
 {
     m_brush = brush;
+    m_ownBrush = true;
     update();
 }
 
@@ -35,7 +37,7 @@ void CBPWidget::paintEvent(QPaintEvent *)
     QPainter painter(this);
     const bool plain = lumqt::isPlainLine(m_pen);
     painter.setPen(plain ? QPen(Qt::NoPen) : m_pen);
-    painter.setBrush(m_brush);
+    painter.setBrush(m_ownBrush ? m_brush : QBrush(lumqt::themeColor(lumqt::Purpose::PanelGround)));
     painter.drawRect(rect());
     if (plain) // the others of its lines are outside
         lumqt::fillEdges(painter, QRectF(rect()), Qt::TopEdge | Qt::LeftEdge, m_pen.color());

@@ -2,25 +2,14 @@
 
 #include "buttons/GroupButton.h"
 #include "foundation/Accessible.h"
+#include "foundation/Palette.h"
 
 namespace lumqt {
-
-namespace {
-
-const QColor kFrameColor(73, 167, 245);
-const QColor kBgColors[] = {QColor(255, 255, 255), QColor(91, 175, 246), QColor(65, 149, 220),
-                            QColor(201, 229, 252)};
-
-} // namespace
 
 TabBar::TabBar() : CButtonGroupBox(true, nullptr)
 {
     installAccessible(staticMetaObject.className(), makeAccessible);
-    QVector<QColor> grounds;
-    for (const QColor &color : kBgColors)
-        grounds.append(color);
-    SetBgClr(grounds);
-    SetFrameClr(kFrameColor);
+    setTones(int(Purpose::TabFrame), int(Purpose::TabGround));
 }
 
 CBPPushBtn *TabBar::addTab(int id, const QString &text, const QString &iconPath, QWidget *page)

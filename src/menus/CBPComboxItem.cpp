@@ -11,6 +11,7 @@
 #include "foundation/FocusMark.h"
 #include "foundation/FontLookup.h"
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
 #include "foundation/PressKeys.h"
 #include "Util.h"
 
@@ -21,12 +22,11 @@
 #include <QPainter>
 #include <QStyle>
 
+using lumqt::Purpose;
+
 namespace {
 
-// Look and metrics, in logical pixels.
-const QColor kText(0, 0, 0);
-const QColor kGround(255, 255, 255);
-const QColor kHoverGround(0xed, 0xf3, 0xfe);
+// Metrics, in logical pixels.
 constexpr int kHeight = 30;
 constexpr int kStartGap = 2;
 constexpr int kEndGap = 6;
@@ -56,10 +56,12 @@ public:
         setText(whole);
         setFont(rowFont()); // of both, else they stand on two lines
         setSizePolicy(isPath ? QSizePolicy::Preferred : QSizePolicy::Fixed, QSizePolicy::Fixed);
-        QPalette black = palette();
-        black.setColor(QPalette::WindowText, kText);
-        setPalette(black);
+        QPalette own = palette();
+        own.setColor(QPalette::WindowText, lumqt::builtInColor(Purpose::PathText));
+        setPalette(own);
     }
+
+    void setHovered(bool hovered) { m_hovered = hovered; }
 
     void shorten(const QString &text)
     {
@@ -85,8 +87,8 @@ protected:
             QStyle::visualAlignment(layoutDirection(), alignment()) | Qt::AlignAbsolute;
         const bool toTheRight = m_isPath || !m_whole.isRightToLeft();
         const int flags = int(side) | (toTheRight ? Qt::TextForceLeftToRight : Qt::TextForceRightToLeft);
-        style()->drawItemText(&painter, contentsRect(), flags, palette(), isEnabled(), shown(),
-                              foregroundRole());
+        painter.setPen(textColor());
+        style()->drawItemText(&painter, contentsRect(), flags, palette(), isEnabled(), shown());
     }
 
     void resizeEvent(QResizeEvent *event) override
@@ -104,6 +106,15 @@ protected:
     }
 
 private:
+    // That of the theme, until the palette has another. There may be hundreds of rows: none listens.
+    QColor textColor() const
+    {
+        const QColor own = palette().color(foregroundRole());
+        return own != lumqt::builtInColor(Purpose::PathText)
+                   ? own
+                   : lumqt::themeColor(m_hovered ? Purpose::PathTextHovered : Purpose::PathText);
+    }
+
     QString shown() const
     {
         // What was shortened to nothing is an ellipsis all the same.
@@ -125,6 +136,7 @@ private:
     const bool m_isPath;
     const QString m_whole;
     bool m_laidOut = false; // before, its size means nothing
+    bool m_hovered = false; // the row
 };
 
 // The labels of a wide row have larger minima than they need, by which the row cuts one after the other. They
@@ -350,6 +362,8 @@ void CBPComboxItem::on_deletebtn_clicked(int)
 void CBPComboxItem::setHovered(bool hovered)
 {
     m_pDeleteBtn->setVisible(hovered);
+    for (QLabel *label : {m_pPathLabel, m_pSpaceLabel})
+        static_cast<RowLabel *>(label)->setHovered(hovered);
     m_iState = hovered ? ENStateHover : ENStateNormal;
     update();
 }
@@ -442,7 +456,8 @@ void CBPComboxItem::focusOutEvent(QFocusEvent *event)
 void CBPComboxItem::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    painter.fillRect(rect(), m_iState == ENStateHover ? kHoverGround : kGround);
+    painter.fillRect(rect(), lumqt::themeColor(m_iState == ENStateHover ? Purpose::PathGroundHovered
+                                                                        : Purpose::PathGround));
     if (m_focusMark == lumqt::FocusMark::Shown)
         lumqt::drawFocusRing(painter, rect(), 0, 0);
 }

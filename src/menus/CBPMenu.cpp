@@ -4,6 +4,7 @@
 #include "foundation/FontLookup.h"
 #include "foundation/Log.h"
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
 #include "menus/MenuTexts.h"
 
 #include <QActionEvent>
@@ -15,10 +16,10 @@
 #include <algorithm>
 #include <iterator>
 
+using lumqt::Purpose;
+
 namespace {
 
-const QColor kBackgrounds[] = {QColor(60, 67, 75, 240), QColor(75, 174, 178, 255), QColor(75, 174, 178, 255),
-                               QColor(255, 255, 255, 255)};
 constexpr int kWidestText = 200; // to begin with: shorter texts do not make a narrower menu
 constexpr int kItemHeight = 40;
 constexpr int kMinWidth = 153;
@@ -104,8 +105,6 @@ void CBPMenu::Init()
     m_leftMargin = kMargin;
     m_spacing = kMargin;
     m_defIconWidth = kIconWidth;
-    m_textColor = QColor(255, 255, 255, 255);
-    m_bg = QVector<QColor>(std::begin(kBackgrounds), std::end(kBackgrounds));
     m_widestText = kWidestText;
     m_itemHeight = kItemHeight;
     m_fontSize = lumqt::kTextPixelSize;
@@ -248,8 +247,14 @@ void CBPMenu::setBg(QVector<QColor> colors)
 
 QColor CBPMenu::background(int index) const
 {
-    const QColor color = m_bg.value(index);
-    return color.isValid() ? color : kBackgrounds[index];
+    return lumqt::ownOr(m_bg.value(index), index == 0 ? Purpose::MenuGround : Purpose::MenuGroundHovered);
+}
+
+// On a highlight of the application's own as anywhere else: a theme knows nothing of that.
+QColor CBPMenu::textColor(bool hovered) const
+{
+    return lumqt::ownOr(m_textColor,
+                        hovered && m_bg.isEmpty() ? Purpose::MenuTextHovered : Purpose::MenuText);
 }
 
 void CBPMenu::setFrameClr(QVector<QColor> colors)

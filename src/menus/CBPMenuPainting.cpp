@@ -3,6 +3,7 @@
 #include "foundation/IconPixmap.h"
 #include "foundation/ImageLoader.h"
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
 #include "menus/MenuTexts.h"
 #include "platform/Platform.h"
 
@@ -18,6 +19,7 @@
 using lumqt::boundedPixels;
 using lumqt::loadPixmap;
 using lumqt::logicalSize;
+using lumqt::Purpose;
 
 namespace {
 
@@ -30,8 +32,8 @@ constexpr int kLargestIcon = 255; // side
 constexpr int kArrowMargin = 8;   // between the arrow and the right edge
 constexpr int kGapBehindText = 6; // to the badge or the arrow
 constexpr int kSeparatorIndent = 10;
-const QColor kSeparatorColor(46, 66, 93);
 constexpr qreal kDisabledOpacity = 0.4;
+constexpr qreal kOpacityBesideText = 0.6; // of pictures, where a disabled text has a colour of its own
 constexpr int kScrollArrowWidth = 10;
 constexpr int kScrollArrowHeight = 5;
 
@@ -292,8 +294,10 @@ void CBPMenu::paintEvent(QPaintEvent *event)
             paintItem(&painter, item);
     }
     painter.setClipping(false);
-    drawScrollArrow(&painter, areas.up, false, m_textColor);
-    drawScrollArrow(&painter, areas.down, true, m_textColor);
+    drawScrollArrow(&painter, areas.up, false, textColor(false));
+    drawScrollArrow(&painter, areas.down, true, textColor(false));
+    if (m_borderWidth <= 0 || m_subLevel)
+        paintFrame(&painter);
     followHover(hovered, event->region());
 }
 
@@ -316,6 +320,37 @@ void CBPMenu::paintBody(QPainter *painter)
     QRectF fill = lumqt::wholeDevicePixels(*painter, QRectF(rect())).adjusted(border, border, -border, 0);
     fill.setBottom(lumqt::wholeDevicePixels(*painter, QRectF(inner)).bottom());
     painter->fillRect(fill, bodyColor());
+}
+
+// The theme's, over the items, around the shape that the body has: its upper corners may be square.
+void CBPMenu::paintFrame(QPainter *painter)
+{
+    lumqt::Body frame;
+    frame.frame = lumqt::themeColor(Purpose::MenuFrame);
+    if (frame.frame.alpha() == 0)
+        return;
+    const QRect inner = innerRect();
+    if (!inner.isEmpty()) {
+        painter->setClipRect(QRect(rect().topLeft(), inner.bottomRight()));
+        lumqt::drawBody(*painter, rect(), frame);
+        painter->setClipRegion(QRegion(rect()) - QRect(rect().topLeft(), inner.bottomRight()));
+    }
+    frame.radiusX = frame.radiusY = boundedPixels(m_radius);
+    lumqt::drawBody(*painter, bodyRect(), frame);
+    painter->setClipping(false);
+}
+
+// Else it is that of the other texts, dimmed.
+bool CBPMenu::hasOwnDisabledText() const
+{
+    return !m_textColor.isValid() &&
+           lumqt::themeColor(Purpose::MenuTextDisabled) != lumqt::themeColor(Purpose::MenuText);
+}
+
+QColor CBPMenu::itemTextColor(const ItemView &item) const
+{
+    return !item.action->isEnabled() && hasOwnDisabledText() ? lumqt::themeColor(Purpose::MenuTextDisabled)
+                                                             : textColor(item.hovered);
 }
 
 QPixmap CBPMenu::itemPixmap(QAction *action, bool hovered)
@@ -346,8 +381,10 @@ void CBPMenu::paintItem(QPainter *painter, const ItemView &item)
         return QStyle::visualRect(layoutDirection(), rect,
                                   QRect(QPoint(x, centred(rect, size.height())), size));
     };
-    if (!item.action->isEnabled())
-        painter->setOpacity(kDisabledOpacity);
+    const bool enabled = item.action->isEnabled();
+    const bool ownText = !enabled && hasOwnDisabledText();
+    const qreal opacity = enabled ? 1.0 : ownText ? kOpacityBesideText : kDisabledOpacity;
+    painter->setOpacity(opacity);
 
     int x = rect.x() + boundedPixels(m_leftMargin);
     const QPixmap image = itemPixmap(item.action, item.hovered);
@@ -368,19 +405,24 @@ void CBPMenu::paintItem(QPainter *painter, const ItemView &item)
 
     lumqt::MenuTexts::Text &text = m_texts->text(item.action, m_font, end - x);
     const QRect textRect = place(x, text.size);
-    painter->setPen(m_textColor);
+    const QColor color = itemTextColor(item);
+    painter->setOpacity(ownText ? 1.0 : opacity);
+    painter->setPen(color);
     text.layout.drawLeft(*painter, textRect, text.shown, m_font);
     if (text.underlineWidth > 0 && style()->styleHint(QStyle::SH_UnderlineShortcut, nullptr, this)) {
         const QFontMetrics metrics(m_font);
         const QRectF line(textRect.x() + text.underlineX,
                           textRect.y() + metrics.ascent() + metrics.underlinePos(), text.underlineWidth,
                           qMax(1, metrics.lineWidth()));
-        painter->fillRect(lumqt::evenDevicePixels(*painter, line), m_textColor);
+        painter->fillRect(lumqt::evenDevicePixels(*painter, line), color);
     }
+    painter->setOpacity(opacity);
     if (!subMenu) {
         const int behind = x + text.size.width() + kGapBehindText;
         const QRect rest(behind, rect.y(), rect.x() + rect.width() - behind, rect.height());
+        m_paintsHovered = item.hovered && m_bg.isEmpty();
         paintSpecialFlag(painter, item.action->data(), QStyle::visualRect(layoutDirection(), rect, rest));
+        m_paintsHovered = false;
     }
     painter->setOpacity(1.0);
 }
@@ -438,7 +480,7 @@ void CBPMenu::paintSeparator(QPainter *painter, const QRect &rect)
     // lie higher than centred.
     const int top = centred(rect, thickness) - thickness / 2;
     const QRectF line(left, top, qMax(0, right - left + 1), thickness);
-    painter->fillRect(lumqt::evenDevicePixels(*painter, line), kSeparatorColor);
+    painter->fillRect(lumqt::evenDevicePixels(*painter, line), lumqt::themeColor(Purpose::MenuSeparator));
 }
 
 void CBPMenu::paintSpecialFlag(QPainter *painter, const QVariant &itemData, const QRect &rect)
@@ -451,7 +493,8 @@ void CBPMenu::paintSpecialFlag(QPainter *painter, const QVariant &itemData, cons
     const int height = file.isEmpty() ? lumqt::kDotBadgeSize : logicalSize(image).height();
     const int x = isRightToLeft() ? rect.x() + rect.width() - width : rect.left();
     if (file.isEmpty())
-        lumqt::drawDotBadge(*painter, QPoint(x, centred(rect, height)));
+        lumqt::drawDotBadge(*painter, QPoint(x, centred(rect, height)),
+                            lumqt::themeColor(m_paintsHovered ? Purpose::MenuBadgeHovered : Purpose::Badge));
     else if (!image.isNull())
         painter->drawPixmap(x, centred(rect, height), image);
 }

@@ -2,6 +2,7 @@
 
 #include "CBPScrollWnd.h"
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
 #include "menus/PathRows.h"
 
 #include <QKeyEvent>
@@ -13,9 +14,7 @@
 
 namespace {
 
-// Look and metrics, in logical pixels.
-const QColor kFrame(0xb9, 0xc2, 0xc9);
-const QColor kGround(255, 255, 255);
+// Metrics, in logical pixels.
 constexpr int kHeight = 100;
 const QMargins kMargins(5, 5, 5, 10);
 constexpr int kRowReserve = 30; // what the window is wider than its rows
@@ -317,7 +316,7 @@ void CBPPathDropdWnd::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     lumqt::Body body;
-    body.fill = kGround;
-    body.frame = kFrame;
+    body.fill = lumqt::themeColor(lumqt::Purpose::PathGround);
+    body.frame = lumqt::themeColor(lumqt::Purpose::PathFrame);
     lumqt::drawBody(painter, rect(), body);
 }

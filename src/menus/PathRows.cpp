@@ -1,6 +1,7 @@
 #include "menus/PathRows.h"
 
 #include "foundation/Accessible.h"
+#include "foundation/Palette.h"
 
 #include <QVBoxLayout>
 
@@ -8,8 +9,7 @@ namespace lumqt {
 
 namespace {
 
-// Look and metrics, in logical pixels.
-const QColor kGround(255, 255, 255);
+// Metrics, in logical pixels.
 constexpr int kMargin = 5;
 constexpr int kSpacing = 3;
 
@@ -61,9 +61,7 @@ QAccessibleInterface *makeAccessible(QWidget *widget)
 PathRows::PathRows(QWidget *parent) : QWidget(parent), m_layout(new QVBoxLayout)
 {
     installAccessible(staticMetaObject.className(), makeAccessible);
-    QPalette white = palette();
-    white.setColor(QPalette::Window, kGround);
-    setPalette(white);
+    keepTheme(this, {{QPalette::Window, Purpose::PathGround}});
     setAutoFillBackground(true);
     setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     // Rows that need more than the list has are squeezed: nobody could scroll to their other end.

@@ -18,10 +18,7 @@
 
 namespace {
 
-// Look, metrics in logical pixels, and times in milliseconds.
-const QColor kFrame(0, 163, 210);
-const QColor kGround(232, 244, 253);
-const QColor kText(0, 163, 210);
+// Metrics in logical pixels, and times in milliseconds.
 constexpr int kWidth = 130;
 constexpr int kHeight = 38;
 constexpr int kPointSize = 12;
@@ -35,10 +32,10 @@ constexpr int kMostSteps = std::numeric_limits<quint8>::max();
 
 constexpr int kEnded = 1;
 
-// Relative to the current directory as it is now.
+// Relative to the current directory as it is now; without "..", by which it may be known as one of `res`.
 QString pathOf(const char *image)
 {
-    return QDir::current().absoluteFilePath(QString::fromLatin1(image));
+    return QDir::cleanPath(QDir::current().absoluteFilePath(QString::fromLatin1(image)));
 }
 
 } // namespace
@@ -227,11 +224,11 @@ void CBPWaiter::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     lumqt::Body body;
-    body.fill = kGround;
-    body.frame = kFrame;
+    body.fill = lumqt::themeColor(lumqt::Purpose::WaiterGround);
+    body.frame = lumqt::themeColor(lumqt::Purpose::WaiterFrame);
     lumqt::drawBody(painter, rect(), body);
     painter.setFont(m_font);
-    painter.setPen(kText);
+    painter.setPen(lumqt::themeColor(lumqt::Purpose::WaiterText));
     painter.setLayoutDirection(m_text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight); // of the dots
     QRect area = rect().adjusted(0, 0, -1, -1);
     if (m_textPhase)

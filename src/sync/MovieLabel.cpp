@@ -1,5 +1,7 @@
 #include "sync/MovieLabel.h"
 
+#include "foundation/ImageLoader.h"
+#include "foundation/Palette.h"
 #include "foundation/StyledGround.h"
 
 #include <QFileInfo>
@@ -11,16 +13,24 @@ namespace lumqt {
 MovieLabel::MovieLabel(const QString &path, QWidget *parent) : CBPLabel(parent), m_path(path)
 {
     load();
+    onThemeChange(this, [this] { renew(); });
+}
+
+QString MovieLabel::wantedFile(bool &isDense) const
+{
+    const QString path = themePicture(m_path);
+    const QFileInfo file(path);
+    const QString dense =
+        file.path() + QLatin1Char('/') + file.completeBaseName() + QLatin1String("@2x.") + file.suffix();
+    isDense = devicePixelRatioF() > 1.0 && QFileInfo::exists(dense);
+    return isDense ? dense : path;
 }
 
 // Again when the label is shown, which may be on another screen.
 void MovieLabel::load()
 {
-    const QFileInfo file(m_path);
-    const QString dense =
-        file.path() + QLatin1Char('/') + file.completeBaseName() + QLatin1String("@2x.") + file.suffix();
-    const bool isDense = devicePixelRatioF() > 1.0 && QFileInfo::exists(dense);
-    const QString wanted = isDense ? dense : m_path;
+    bool isDense = false;
+    const QString wanted = wantedFile(isDense);
     if (wanted == m_loaded)
         return;
     m_loaded = wanted;
@@ -30,6 +40,27 @@ void MovieLabel::load()
     m_size = movie->frameRect().size() / (isDense ? 2 : 1);
     setMovie(movie);
     setFixedSize(m_size);
+}
+
+// What starts again shows the next picture, so that is to be the one that shows now. It is reached in steps:
+// these files have no other way to it.
+void MovieLabel::renew()
+{
+    bool isDense = false;
+    const QString wanted = wantedFile(isDense);
+    if (!movie() || wanted == m_loaded)
+        return;
+    m_loaded = wanted;
+    const bool runs = movie()->state() != QMovie::NotRunning;
+    const int frame = movie()->currentFrameNumber();
+    movie()->stop();
+    movie()->setFileName(wanted);
+    const int steps = qMax(0, runs ? frame : frame + 1);
+    for (int step = 0; step < steps; ++step)
+        movie()->jumpToNextFrame();
+    if (runs)
+        movie()->start();
+    update();
 }
 
 QSize MovieLabel::sizeHint() const

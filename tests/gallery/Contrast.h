@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CBPTheme.h"
 #include "Edges.h"
 #include "Pixels.h"
 
@@ -13,11 +14,13 @@
 
 constexpr double kTextContrast = 4.5;
 constexpr double kPartContrast = 3.0; // of outlines and rings
-constexpr qreal kReadable = 3;        // the ratio at which the strokes of letters are whole pixels
-constexpr int kFrame = 4;             // logical pixels in which a frame and a focus ring lie
-constexpr int kItem = 8;              // logical pixels of the smallest item, and beside an icon
+constexpr double kHighTextContrast = 7.0;
+constexpr double kHighPartContrast = 4.5;
+constexpr qreal kReadable = 3; // the ratio at which the strokes of letters are whole pixels
+constexpr int kFrame = 4;      // logical pixels in which a frame and a focus ring lie
+constexpr int kItem = 8;       // logical pixels of the smallest item, and beside an icon
 
-// Pairs that are fixed as they are, though they are harder to see than others.
+// Pairs that are fixed as they are in the light theme, though they are harder to see than others.
 const QStringList kFixed{
     "CBPLabel #4baeb3 on #ffffff 2.6",           // heading of a message
     "CBPLinkerButton #008cff on #ffffff 3.4",    // normal, hovered, focused
@@ -56,14 +59,15 @@ struct Pair
     QRgb ink;
 };
 
-// Names the pair, if it is too hard to see and not fixed.
+// Names the pair, if it is too hard to see in the current theme and not fixed.
 inline QStringList faint(const QString &what, const Pair &pair, double least)
 {
     const double seen = contrast(pair.ink, pair.ground);
     const QString name =
         QStringLiteral("%1 %2 on %3 %4")
             .arg(what, QColor(pair.ink).name(), QColor(pair.ground).name(), QString::number(seen, 'f', 1));
-    return seen >= least || kFixed.contains(name) ? QStringList() : QStringList(name);
+    const bool isFixed = CBPTheme::current() == QLatin1String("light") && kFixed.contains(name);
+    return seen >= least || isFixed ? QStringList() : QStringList(name);
 }
 
 // The colour that most of a place has, and the one that stands out most from it.
@@ -155,6 +159,9 @@ inline QVector<QRect> textsOf(const QWidget *widget)
 // Texts against their grounds, and outlines against what lies around them.
 inline QStringList faintPartsOf(QWidget &root)
 {
+    const bool isHigh = CBPTheme::current() == QLatin1String("contrast");
+    const double text = isHigh ? kHighTextContrast : kTextContrast;
+    const double part = isHigh ? kHighPartContrast : kPartContrast;
     const QImage picture = pictureOf(root, kReadable);
     QStringList all;
     for (const QWidget *widget : root.findChildren<QWidget *>()) {
@@ -162,13 +169,13 @@ inline QStringList faintPartsOf(QWidget &root)
             continue;
         const QString name = QString::fromLatin1(widget->metaObject()->className());
         const QRect place(widget->mapTo(&root, QPoint()), widget->size());
-        for (const QRect &text : textsOf(widget)) {
-            if (!text.isEmpty())
-                all << faint(name, pairIn(picture, text.translated(place.topLeft())), kTextContrast);
+        for (const QRect &words : textsOf(widget)) {
+            if (!words.isEmpty())
+                all << faint(name, pairIn(picture, words.translated(place.topLeft())), text);
         }
         const QRect edge(place.left() - kFrame, place.center().y(), 2 * kFrame, 1);
         if (hasOutline(widget))
-            all << faint(name, pairIn(picture, edge), kPartContrast);
+            all << faint(name, pairIn(picture, edge), part);
     }
     all.removeDuplicates();
     return all;

@@ -3,6 +3,7 @@
 #include "GalleryWindow.h"
 #include "Page.h"
 #include "PageRegistry.h"
+#include "Pose.h"
 #include "Rows.h"
 #include "Screenshots.h"
 #include "TestMain.h"
@@ -10,16 +11,21 @@
 
 #include "CBPDateSelector.h"
 #include "CBPImageButton.h"
+#include "CBPTheme.h"
 #include "CMsgBox.h"
 
 #include <QAccessible>
 #include <QApplication>
 #include <QCalendarWidget>
+#include <QDir>
+#include <QScopeGuard>
 #include <QTimer>
 
 #include <private/qhighdpiscaling_p.h>
 
 #include <memory>
+
+constexpr int kSettled = 300; // ms: what fades has its last colour
 
 // What has to hold on every page: every class is seen there, in every state.
 class TestGallery : public QObject
@@ -33,19 +39,27 @@ private Q_SLOTS:
         theme::setUpLook();
         scaleScreen(1.0);
     }
-    void cleanup() { scaleScreen(1.0); }
+    void cleanup()
+    {
+        scaleScreen(1.0);
+        CBPTheme::apply("light");
+    }
     void cleanupTestCase() { m_window.reset(); }
 
     // For who cannot see it, what takes the focus has a name; who can, sees texts and outlines.
     void everythingHasANameAndCanBeSeen_data()
     {
-        columns<QString>("page");
-        for (const PageInfo &page : pages())
-            row(qPrintable(page.id), page.id);
+        columns<QString, QString>("theme", "page");
+        for (const char *theme : {"light", "dark", "contrast"}) {
+            for (const PageInfo &page : pages())
+                row(qPrintable(page.id + ' ' + theme), QString(theme), page.id);
+        }
     }
     void everythingHasANameAndCanBeSeen()
     {
+        QFETCH(QString, theme);
         QFETCH(QString, page);
+        CBPTheme::apply(theme);
         QStringList faults = faintPartsOf(*open(page));
         QVector<QAccessibleInterface *> left{QAccessible::queryAccessibleInterface(m_window.get())};
         while (!left.isEmpty()) {
@@ -61,8 +75,11 @@ private Q_SLOTS:
     }
 
     // What pages show as pictures only.
+    void messagesAndCalendarsCanBeSeen_data() { names("theme", {"light", "dark", "contrast"}); }
     void messagesAndCalendarsCanBeSeen()
     {
+        QFETCH(QString, theme);
+        CBPTheme::apply(theme);
         CMsgBox box;
         QStringList all;
         QTimer::singleShot(0, &box, [&] {
@@ -108,7 +125,83 @@ private Q_SLOTS:
         QVERIFY2(faults.isEmpty(), qPrintable(faults.join('\n')));
     }
 
+    // Whoever keeps a colour or a picture renews it: a page that saw another theme before is as one made in
+    // this theme, and back in the first it is as it was.
+    void everyPageFollowsTheTheme_data()
+    {
+        columns<QString>("page");
+        for (const PageInfo &page : pages())
+            row(qPrintable(page.id), page.id);
+    }
+    void everyPageFollowsTheTheme()
+    {
+        QFETCH(QString, page);
+        const auto picture = [](GalleryWindow &window) {
+            QApplication::setActiveWindow(&window);
+            pose::renew(&window);
+            QCoreApplication::sendPostedEvents(); // and no event loop, which would set things moving
+            for (int layout = 0; layout < 2; ++layout) { // texts are as high as the first one made them wide
+                fitToPage(window);
+                QCoreApplication::sendPostedEvents();
+            }
+            return window.grab().toImage();
+        };
+        const auto made = [&] {
+            auto window = std::make_unique<GalleryWindow>();
+            window->show();
+            window->showPage(page);
+            if (page == "tabs") // which lay themselves out when the loop turns
+                QTest::qWait(kSettled);
+            return window;
+        };
+        const auto reset = qScopeGuard([] { CBPTheme::apply("light"); });
+        const QStringList themes{"dark", "contrast"};
+        QVector<QImage> fresh; // before there is a window that would lose its focus to these
+        for (const QString &theme : themes) {
+            CBPTheme::apply(theme);
+            fresh << picture(*made());
+        }
+        CBPTheme::apply("light");
+        const auto window = made();
+        const QImage light = picture(*window);
+        for (int i = 0; i < themes.size(); ++i) {
+            CBPTheme::apply(themes[i]);
+            const QImage changed = picture(*window);
+            QVERIFY2(changed == fresh[i], differ(changed, fresh[i], page + '-' + themes[i]));
+            QVERIFY(changed != light);
+        }
+        CBPTheme::apply("light");
+        const QImage again = picture(*window);
+        QVERIFY2(again == light, differ(again, light, page + "-again"));
+    }
+
 private:
+    // Says where two pictures differ, and keeps them.
+    static const char *differ(const QImage &one, const QImage &other, const QString &name)
+    {
+        static QByteArray text;
+        QRect area;
+        for (int y = 0; y < qMin(one.height(), other.height()); ++y) {
+            for (int x = 0; x < qMin(one.width(), other.width()); ++x)
+                area |= one.pixel(x, y) == other.pixel(x, y) ? QRect() : QRect(x, y, 1, 1);
+        }
+        QDir().mkpath("themes");
+        one.save("themes/" + name + ".png");
+        other.save("themes/" + name + "-expected.png");
+        text = QStringLiteral("%1x%2 and %3x%4 differ within %5,%6 %7x%8, see %9")
+                   .arg(one.width())
+                   .arg(one.height())
+                   .arg(other.width())
+                   .arg(other.height())
+                   .arg(area.x())
+                   .arg(area.y())
+                   .arg(area.width())
+                   .arg(area.height())
+                   .arg(QDir("themes").absoluteFilePath(name))
+                   .toUtf8();
+        return text.constData();
+    }
+
     // A window on a screen of that scaling.
     void scaleScreen(qreal factor)
     {

@@ -45,6 +45,18 @@ QImage keptOf(const QImage &shades)
     return kept;
 }
 
+// A page that is lower than the list of pages grows with the list: without the ground that it then has more of
+// than the kept one.
+QImage asHighAs(const QImage &kept, const QImage &picture)
+{
+    QSet<QRgb> more;
+    for (int y = kept.height(); y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x)
+            more << picture.pixel(x, y);
+    }
+    return more.size() == 1 ? picture.copy(0, 0, picture.width(), kept.height()) : picture;
+}
+
 // Where a picture differs from the kept one.
 QRegion differences(const QImage &shades, const QImage &kept)
 {
@@ -179,15 +191,15 @@ private Q_SLOTS:
         fitToPage(*m_window);
         QCoreApplication::sendPostedEvents();
         const QPixmap picture = page == pages().first().id ? m_window->grab() : m_window->page()->grab();
-        const QImage shades = shadesOf(picture.toImage());
         const QStringList colors = flatColorsOf(picture.toImage());
         const QString file = page + QStringLiteral(".png");
         if (qEnvironmentVariableIsSet("LUMQT_RENEW_PICTURES")) {
-            QVERIFY(keptOf(shades).save(kPictures.filePath(file), "PNG", 0));
+            QVERIFY(keptOf(shadesOf(picture.toImage())).save(kPictures.filePath(file), "PNG", 0));
             m_colors[page] = colors;
             QVERIFY(keepColors(m_colors));
         }
         const QImage kept = QImage(kPictures.filePath(file)).convertToFormat(QImage::Format_Grayscale8);
+        const QImage shades = asHighAs(kept, shadesOf(picture.toImage()));
         const QRegion differ =
             shades.size() == kept.size() ? differences(shades, kept) : QRegion(shades.rect());
         if (differ.isEmpty() && colors == m_colors[page])

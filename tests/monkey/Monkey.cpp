@@ -1,5 +1,6 @@
 #include "Monkey.h"
 
+#include "CBPTheme.h"
 #include "GalleryWindow.h"
 #include "Page.h"
 #include "PageRegistry.h"
@@ -8,6 +9,9 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QDesktopServices>
+#include <QDir>
+#include <QMetaEnum>
+#include <QTemporaryFile>
 #include <QTest>
 #include <QTimer>
 #include <QWheelEvent>
@@ -80,16 +84,18 @@ void Monkey::act()
         click();
     else if (choice < 65)
         pressKey();
-    else if (choice < 80)
+    else if (choice < 78)
         mouse(QEvent::MouseMove, Qt::NoButton);
-    else if (choice < 86)
+    else if (choice < 84)
         drag();
-    else if (choice < 91)
+    else if (choice < 89)
         turnWheel();
-    else if (choice < 93)
+    else if (choice < 91)
         askForContextMenu();
-    else if (choice < 95)
+    else if (choice < 93)
         resizeWindow();
+    else if (choice < 95)
+        changeTheme();
     else
         changePage();
 }
@@ -225,4 +231,27 @@ void Monkey::changePage()
     m_window.showPage(id);
     if (!m_visited.contains(id))
         m_visited << id;
+}
+
+// In whatever is open and half done. One of them is made anew each time, of any colours.
+void Monkey::changeTheme()
+{
+    if (below(4) == 0) {
+        CBPTheme::givePalette(!CBPTheme::givesPalette());
+        return;
+    }
+    static const auto purposes = QMetaEnum::fromType<CBPTheme::Purpose>();
+    QTemporaryFile file(QDir::temp().filePath(QStringLiteral("XXXXXX.ini")));
+    if (file.open()) {
+        file.write("name = of the monkey\nbase = " + QByteArray(below(2) ? "dark" : "light"));
+        for (int colors = below(8); colors > 0; --colors) {
+            const char *purpose = purposes.key(below(purposes.keyCount()));
+            file.write('\n' + QByteArray(purpose) + " = " +
+                       QColor::fromRgba(m_random()).name(QColor::HexArgb).toLatin1());
+        }
+        file.close();
+        CBPTheme::load(file.fileName());
+    }
+    const QStringList names = CBPTheme::names();
+    CBPTheme::apply(names.at(below(names.size())));
 }

@@ -33,7 +33,7 @@ public:
         connect(&m_animation, &CBPAnimationObj::frameChanged, this,
                 [this] { setPixmap(m_animation.currentPixmap()); });
         m_animation.setDelayInterval(0);
-        setPixmap(theme::picture("loading/loading00.png"));
+        theme::follow(this, [this] { setPixmap(theme::picture("loading/loading00.png")); });
         setFixedSize(sizeHint());
     }
 
@@ -54,7 +54,7 @@ void drawBars(const QString &file, int number, int ratio)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.scale(ratio, ratio);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(theme::kAccent);
+    painter.setBrush(QColor(31, 113, 191)); // pictures of its own are the same in each theme
     for (int i = 0; i < kBars; ++i) {
         const int phase = (number + 3 * i) % kBarFrames;
         const int height = 8 + 4 * qMin(phase, kBarFrames - phase);
@@ -113,7 +113,7 @@ QWidget *busyWords(const QString &text)
     auto *dots = new CBPEllipsisGifLabel(3);
     QLabel *words = theme::label(text, theme::Normal, 14, theme::kText);
     dots->setFont(words->font());
-    dots->setPalette(words->palette());
+    theme::setTone(dots, theme::kText);
     layout->addWidget(words);
     layout->addWidget(dots);
     dots->ShowGifLable();
@@ -151,7 +151,9 @@ void addFrames(Page *page)
     QVector<Sample> samples;
     for (int i = 0; i < files.size(); ++i) {
         auto *label = new QLabel;
-        label->setPixmap(animation.pixmapAt(i));
+        theme::follow(label, [label, file = files[i].section('/', -2)] {
+            label->setPixmap(theme::picture(file));
+        });
         samples.append({QString::number(i), label});
     }
     section->addColumns(8 * theme::kUnit, samples.mid(0, samples.size() / 2));

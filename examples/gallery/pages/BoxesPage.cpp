@@ -11,6 +11,9 @@
 #include <QHBoxLayout>
 #include <QLabel>
 
+#include <functional>
+#include <optional>
+
 namespace {
 
 constexpr int kCellHeight = 32;
@@ -18,27 +21,29 @@ constexpr int kCellWidth = 64;
 constexpr int kBoxWidth = 256;
 constexpr int kFoldHeight = 136;
 constexpr int kFoldTime = 400; // milliseconds
-const QColor kCellColor = theme::kAccentTint;
-const QColor kInsertedColor(190, 214, 240);
-const QColor kFrameColor(199, 208, 221);
+constexpr theme::Tone kInserted{0xffbed6f0, theme::Purpose::Ground, theme::Purpose::Accent, 45};
+constexpr theme::Tone kFrame{0xffc7d0dd, theme::Purpose::Frame};
+constexpr theme::Tone kPaleRed{0xfffff0f0, theme::Purpose::Ground};
 
 // Something to pack: a tile with a word on it.
-QLabel *cell(const QString &text, int width = kCellWidth, const QColor &color = kCellColor)
+QLabel *cell(const QString &text, int width = kCellWidth, const theme::Tone &tone = theme::kAccentTint)
 {
     QLabel *label = theme::label(text, theme::Normal, 13, theme::kText);
     label->setAlignment(Qt::AlignCenter);
     label->setMinimumSize(width, kCellHeight);
     label->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    theme::fill(label, color);
+    theme::fill(label, tone);
     return label;
 }
 
-CBPBox *framed(bool vertical, int spacing, int border)
+CBPBox *framed(bool vertical, int spacing, int border, const theme::Tone &ground = theme::kGround)
 {
     auto *box = new CBPBox(vertical, false, spacing);
     box->SetDrawFrame(true);
-    box->SetFrameClr(kFrameColor);
-    box->SetBgClr(Qt::white);
+    theme::follow(box, [box, ground] {
+        box->SetFrameClr(kFrame);
+        box->SetBgClr(ground);
+    });
     box->SetBorderWidth(border, border, border, border);
     return box;
 }
@@ -55,14 +60,12 @@ void addAnimations(Page *page)
     Section *section = page->addSection(
         "Try it",
         "A box opens and folds by its maximum height, or grows by its size. It turns back from where it is.");
-    auto *box = framed(true, 8, 12);
-    box->SetBgClr(theme::kPanel);
+    auto *box = framed(true, 8, 12, theme::kPanel);
     for (const char *text : {"First", "Second", "Third"})
         box->PackStart(cell(text, kBoxWidth - 24));
     box->setFixedWidth(kBoxWidth);
     box->setMaximumHeight(kFoldHeight);
-    auto *grower = framed(false, 0, 0);
-    grower->SetBgClr(kCellColor);
+    auto *grower = framed(false, 0, 0, theme::kAccentTint);
 
     auto *row = new QWidget;
     row->setFixedHeight(kFoldHeight);
@@ -145,7 +148,7 @@ QWidget *inserted()
     CBPBox *box = framed(false, 0, 8);
     box->PackStart(cell("Packed"), false, false, 8);
     box->PackStart(cell("Packed"));
-    box->InsertWidget(1, cell("Inserted", kCellWidth, kInsertedColor));
+    box->InsertWidget(1, cell("Inserted", kCellWidth, kInserted));
     box->AddSpacing(32);
     box->PackStart(cell("After 32"));
     return box;
@@ -167,13 +170,17 @@ void addPacking(Page *page)
     section->addSamples({{"Inserted, and a space of 32", inserted()}});
 }
 
-QWidget *frameSample(bool drawn, const QColor &frame, const QColor &ground)
+using Tone = std::optional<theme::Tone>; // none: the class's
+
+QWidget *frameSample(bool drawn, const Tone &frame, const Tone &ground)
 {
     auto *box = new CBPBox(false, false, 8);
-    if (frame.isValid())
-        box->SetFrameClr(frame);
-    if (ground.isValid())
-        box->SetBgClr(ground);
+    theme::follow(box, [box, frame, ground] {
+        if (frame)
+            box->SetFrameClr(*frame);
+        if (ground)
+            box->SetBgClr(*ground);
+    });
     box->SetDrawFrame(drawn);
     box->SetBorderWidth(16, 8, 16, 8);
     box->PackStart(cell("Cell"));
@@ -181,11 +188,13 @@ QWidget *frameSample(bool drawn, const QColor &frame, const QColor &ground)
     return box;
 }
 
-QWidget *plainWidget(const QBrush &brush, const QPen &pen)
+QWidget *plainWidget(const std::function<QBrush()> &brush, const std::function<QPen()> &pen)
 {
     auto *widget = new CBPWidget;
-    widget->setBrush(brush);
-    widget->setPen(pen);
+    theme::follow(widget, [widget, brush, pen] {
+        widget->setBrush(brush());
+        widget->setPen(pen());
+    });
     widget->setFixedSize(120, 56);
     return widget;
 }
@@ -196,28 +205,36 @@ void addFrames(Page *page)
             "Frame and ground",
             "The ground is painted together with the frame only. The colours of the class stand out on "
             "purpose: an application sets its own.")
-        ->addSamples({{"Not drawn", frameSample(false, QColor(), QColor(255, 240, 240))},
-                      {"Colours of the class", frameSample(true, QColor(), QColor())},
+        ->addSamples({{"Not drawn", frameSample(false, {}, kPaleRed)},
+                      {"Colours of the class", frameSample(true, {}, {})},
                       {"Own colours", frameSample(true, theme::kAccent, theme::kPanel)},
-                      {"Dark", frameSample(true, theme::kInk, theme::kInk)}});
-    QPen wide(theme::kAccent, 4);
-    wide.setJoinStyle(Qt::MiterJoin);
+                      {"Dark", frameSample(true, theme::kSide, theme::kSide)}});
+    const auto filled = [](const theme::Tone &tone) { return [tone] { return QBrush(tone.color()); }; };
+    const auto pattern = [] { return QBrush(theme::kAccent.color(), Qt::BDiagPattern); };
+    const auto nothing = [] { return QBrush(Qt::NoBrush); };
+    const auto none = [] { return QPen(Qt::NoPen); };
+    const auto thin = [] { return QPen(theme::kAccent.color()); };
+    const auto wide = [] {
+        return QPen(theme::kAccent.color(), 4, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin);
+    };
     page->addSection("Plain widget", "CBPWidget, which the boxes are made from, has a brush and a pen. The "
                                      "right and the lower line of a "
                                      "thin pen lie outside: it is drawn so on purpose.")
-        ->addSamples({{"Brush", plainWidget(kCellColor, Qt::NoPen)},
-                      {"Pen of 1, half inside", plainWidget(theme::kPanel, QPen(theme::kAccent))},
-                      {"Pen of 4, half inside", plainWidget(Qt::NoBrush, wide)},
-                      {"Pattern", plainWidget(QBrush(theme::kAccent, Qt::BDiagPattern), Qt::NoPen)}});
+        ->addSamples({{"Brush", plainWidget(filled(theme::kAccentTint), none)},
+                      {"Pen of 1, half inside", plainWidget(filled(theme::kPanel), thin)},
+                      {"Pen of 4, half inside", plainWidget(nothing, wide)},
+                      {"Pattern", plainWidget(pattern, none)}});
 }
 
-QWidget *grid(const QStringList &texts, const QColor &color = QColor())
+QWidget *grid(const QStringList &texts, const Tone &tone = {})
 {
     auto *box = new CBPGridBox;
-    if (color.isValid())
-        box->SetFrameClr(color);
+    theme::follow(box, [box, tone] {
+        if (tone)
+            box->SetFrameClr(*tone);
+    });
     for (const QString &text : texts)
-        box->PackStart(cell(text, 72, Qt::white));
+        box->PackStart(cell(text, 72, theme::kGround));
     return box;
 }
 

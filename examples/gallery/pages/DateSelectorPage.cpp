@@ -43,10 +43,7 @@ CBPDateSelector *selector(QDate date)
     auto *edit = result->findChild<QDateEdit *>();
     edit->setDisplayFormat("yyyy-MM-dd"); // the same on every machine
     edit->setFont(theme::font(theme::Normal, 14));
-    QPalette palette = edit->palette();
-    palette.setColor(QPalette::Text, theme::kInk);
-    palette.setColor(QPalette::Disabled, QPalette::Text, theme::kCaption);
-    edit->setPalette(palette);
+    theme::setFieldTexts(edit);
     result->setFixedWidth(kWidth);
     result->setAccessibleName("Date");
     result->SetDate(date);
@@ -74,7 +71,7 @@ void hoverDay(QTableView *view, int row, int column)
 enum class Calendar { Plain, Hovered, Mirrored, Large };
 
 // The picture of the calendar as the button opens it.
-QLabel *openCalendar(QDate date, Calendar look = Calendar::Plain)
+QPixmap calendarOf(QDate date, Calendar look)
 {
     const QScopedPointer<CBPDateSelector> owner(selector(date));
     if (look == Calendar::Mirrored)
@@ -91,8 +88,12 @@ QLabel *openCalendar(QDate date, Calendar look = Calendar::Plain)
     QCoreApplication::sendEvent(view, &focus);
     if (look == Calendar::Hovered)
         hoverDay(view, 4, 3);
-    auto *label = new QLabel;
-    label->setPixmap(calendar->window()->grab());
+    return calendar->window()->grab();
+}
+
+QLabel *openCalendar(QDate date, Calendar look = Calendar::Plain)
+{
+    QLabel *label = pose::shown([=] { return calendarOf(date, look); });
     label->setContentsMargins(0, 0, 1, 1); // the picture may reach over by a part of a pixel
     return label;
 }

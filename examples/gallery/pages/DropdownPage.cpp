@@ -8,7 +8,6 @@
 #include "CBPMenu.h"
 #include "CBPMenuItem.h"
 
-#include <QIcon>
 
 namespace {
 
@@ -17,19 +16,18 @@ CBPDropdownBtn *button(const QString &text, bool split = false, bool icon = fals
     auto *result = new CBPDropdownBtn(text, 1);
     result->setSplit(split);
     if (icon)
-        result->setIcon(QIcon(theme::picturePath("icon_user.png")));
+        theme::setIcon(result, "icon_user.png");
     return result;
 }
 
 CBPDropdownBtn *accent(const QString &text)
 {
     CBPDropdownBtn *result = button(text, true);
-    const QVector<QColor> words(4, Qt::white);
-    result->setBgColor(theme::accents());
-    result->setFrmColor(theme::accents());
-    result->setFocusFrameColor(theme::kInk);
-    result->setTextColor(words);
-    result->setTriangleColor(words);
+    theme::fillButton(result);
+    theme::follow(result, [result] {
+        result->setFocusFrameColor(theme::kInk);
+        result->setTriangleColor(theme::onAccents());
+    });
     return result;
 }
 

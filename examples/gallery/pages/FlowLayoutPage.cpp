@@ -18,13 +18,14 @@ const char *const kTags[] = {"Backup",       "Every day",       "Encrypted", "Dr
 constexpr int kTagHeight = 26;
 constexpr int kTagPadding = 14;
 constexpr int kGap = 8;
-const QColor kGround(232, 237, 243);
+constexpr theme::Tone kGround{0xffe8edf3, theme::Purpose::RaisedGround};
 constexpr int kHalf = (theme::kPageWidth - 3 * theme::kUnit) / 2;
 
 // In the accent that is dark enough for the ground of the panels, too.
 CBPDrawLabel *tag(QString text)
 {
     auto *label = new CBPDrawLabel(text, theme::kAccentHovered, true);
+    theme::follow(label, [label] { label->SetTextShowColor(theme::kAccentHovered); });
     label->setFixedSize(label->sizeHint().width() + kTagPadding, kTagHeight);
     return label;
 }

@@ -22,7 +22,8 @@ namespace {
 constexpr int kColumns = 2;
 constexpr int kSampleWidth = 420;
 constexpr int kRadius = 12;
-const QColor kTealBar(31, 61, 85);      // as light as the grey pictures of the buttons allow: 3:1
+// As light as the grey pictures of the buttons allow: 3:1.
+constexpr theme::Tone kTealBar{0xff1f3d55, theme::Purpose::TitleGround, theme::Purpose::SecondAccent, 15};
 constexpr int kStep = 9 * theme::kUnit; // from the gallery to a window of its own
 
 enum TitleId {
@@ -38,7 +39,9 @@ enum TitleId {
 };
 constexpr int kAllButtons = Minimize | Close | Menu | Back | Support | Offer;
 
-// A soft shadow within `border` pixels around a white body. The picture is kept until size or density change.
+constexpr theme::Tone kShadow{0xff141c2c, theme::Purpose::Shadow};
+
+// A soft shadow within `border` pixels around a white body. The picture is kept until size, density or theme change.
 class Backdrop
 {
 public:
@@ -46,7 +49,9 @@ public:
     {
         const qreal ratio = window->devicePixelRatioF();
         const QSize size = window->size() * ratio;
-        if (m_picture.size() != size || m_border != border) {
+        const QColor ground = theme::kGround;
+        if (m_picture.size() != size || m_border != border || m_ground != ground) {
+            m_ground = ground;
             m_border = border;
             m_picture = QPixmap(size);
             m_picture.setDevicePixelRatio(ratio);
@@ -66,11 +71,13 @@ private:
         painter.setPen(Qt::NoPen);
         for (int ring = 0; ring < m_border; ++ring) { // from the outermost in, each over the last
             const qreal depth = qreal(ring + 1) / m_border;
-            painter.setBrush(QColor(20, 28, 44, qRound(16 * depth * depth)));
+            QColor shadow = kShadow;
+            shadow.setAlpha(qRound(16 * depth * depth));
+            painter.setBrush(shadow);
             const qreal corner = kRadius + m_border - ring;
             painter.drawRoundedRect(rect.adjusted(ring, ring, -ring, -ring), corner, corner);
         }
-        painter.setBrush(Qt::white);
+        painter.setBrush(m_ground);
         const qreal border = m_border;
         // White would shine through at the title bar's own round corners.
         painter.setClipRect(rect.adjusted(0, border + kRadius, 0, 0));
@@ -79,6 +86,7 @@ private:
 
     QPixmap m_picture;
     int m_border = -1;
+    QColor m_ground;
 };
 
 // What derived classes leave to be painted, and a log of the hooks.
@@ -202,11 +210,8 @@ using Dialog = Framed<CBPWinFrm>;
 CBPPushBtn *primary(const QString &text)
 {
     auto *button = new CBPPushBtn(text, nullptr);
-    // White is 5:1 on the accent.
-    button->setBgColor({QColor(0x1f, 0x71, 0xbf), QColor(0x18, 0x5d, 0x9f), QColor(0x13, 0x4d, 0x85),
-                        QColor(0xc9, 0xe5, 0xfc)});
-    button->setTextColor(QVector<QColor>(4, QColor(Qt::white)));
-    button->setFrmTrancent(true);
+    theme::fillWaitingButton(button); // white is 5:1 on the accent
+    theme::follow(button, [button] { button->setTextColor(theme::onAccents()); });
     return button;
 }
 
@@ -250,11 +255,13 @@ CBPWinFrmTitle *versionBar()
 CBPWinFrmTitle *gradientBar()
 {
     CBPWinFrmTitle *filled = bar(Minimize | Close, "Gradient, text colour");
-    QLinearGradient gradient(0, 0, kSampleWidth, 0);
-    gradient.setColorAt(0, theme::kInk);
-    gradient.setColorAt(1, kTealBar);
-    filled->setLinerBrush(gradient);
-    filled->SetTitleClr(Qt::white);
+    theme::follow(filled, [filled] {
+        QLinearGradient gradient(0, 0, kSampleWidth, 0);
+        gradient.setColorAt(0, theme::kSide);
+        gradient.setColorAt(1, kTealBar);
+        filled->setLinerBrush(gradient);
+        filled->SetTitleClr(theme::kSideMarked);
+    });
     return filled;
 }
 
@@ -289,7 +296,7 @@ void addTitleBars(Page *page)
 // ----------------------------------------------------------------------------------------------------------
 // windows
 
-QWidget *plainPortrait()
+QPixmap plainPortrait()
 {
     Dialog dialog(nullptr);
     dialog.build("Title", Close);
@@ -297,7 +304,7 @@ QWidget *plainPortrait()
     return pose::portrait(dialog, kSampleWidth, 200);
 }
 
-QWidget *bottomPortrait(bool line)
+QPixmap bottomPortrait(bool line)
 {
     Dialog dialog(nullptr);
     dialog.addBottom({new CBPPushBtn("Cancel", nullptr), primary("OK")});
@@ -308,13 +315,13 @@ QWidget *bottomPortrait(bool line)
     return pose::portrait(dialog, kSampleWidth, 224);
 }
 
-QWidget *lowTitlePortrait()
+QPixmap lowTitlePortrait()
 {
     Dialog dialog(nullptr);
     dialog.build("Title of 40 pixels", Menu | Close);
     dialog.SetTitleHeight(40);
     dialog.SetTitleBg(kTealBar);
-    dialog.paintTitle(Qt::white);
+    dialog.paintTitle(theme::kSideMarked);
     dialog.addText("Height and ground of the title bar can be changed.");
     return pose::portrait(dialog, kSampleWidth, 200);
 }
@@ -324,10 +331,10 @@ void addPortraits(Page *page)
     page->addSection("Windows", "The frame lays out the title bar, the content and the bottom area. Derived "
                                 "classes paint the body, "
                                 "the shadow and the line.")
-        ->addColumns(kColumns, {{"A title bar and content", plainPortrait()},
-                                {"A low title bar", lowTitlePortrait()},
-                                {"A bottom area with a line", bottomPortrait(true)},
-                                {"A bottom area without a line", bottomPortrait(false)}});
+        ->addColumns(kColumns, {{"A title bar and content", pose::shown(plainPortrait)},
+                                {"A low title bar", pose::shown(lowTitlePortrait)},
+                                {"A bottom area with a line", pose::shown([] { return bottomPortrait(true); })},
+                                {"A bottom area without a line", pose::shown([] { return bottomPortrait(false); })}});
 }
 
 // Modal: a field and two buttons, to be used by keyboard from opening to closing.

@@ -1,6 +1,7 @@
 #include "EventLog.h"
 #include "Page.h"
 #include "PageRegistry.h"
+#include "Pose.h"
 #include "Theme.h"
 
 #include "CBaseWin.h"
@@ -110,13 +111,6 @@ public:
         resize(whole);
     }
 
-    QWidget *portrait()
-    {
-        auto *label = new QLabel;
-        label->setPixmap(grabWithFrame());
-        return label;
-    }
-
     void pointAt(int id, bool pressed)
     {
         QRect target = btnRect(id);
@@ -134,18 +128,22 @@ public:
 
 QWidget *windowAtRest(const QString &caption, const QString &icon, bool narrow = false)
 {
-    PosedWindow window(caption);
-    window.setIcon(icon);
-    if (narrow)
-        window.resize(window.minimumWidth(), window.height());
-    return window.portrait();
+    return pose::shown([=] {
+        PosedWindow window(caption);
+        window.setIcon(icon);
+        if (narrow)
+            window.resize(window.minimumWidth(), window.height());
+        return window.grabWithFrame();
+    });
 }
 
 QWidget *windowWithPointer(int id, bool pressed)
 {
-    PosedWindow window(pressed ? "Pressed" : "Under the pointer");
-    window.pointAt(id, pressed);
-    return window.portrait();
+    return pose::shown([=] {
+        PosedWindow window(pressed ? "Pressed" : "Under the pointer");
+        window.pointAt(id, pressed);
+        return window.grabWithFrame();
+    });
 }
 
 void addFrames(Page *page)

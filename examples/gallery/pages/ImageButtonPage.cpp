@@ -11,19 +11,50 @@
 namespace {
 
 constexpr int kHeight = 40;
+
+using Purpose = theme::Purpose;
+
 QVector<QColor> grounds()
 {
-    return {QColor(243, 247, 252), theme::kAccentTint, QColor(205, 225, 243), QColor(242, 244, 246)};
+    constexpr theme::Tone rest{0xfff3f7fc, Purpose::RaisedGround}, off{0xfff2f4f6, Purpose::FieldDisabled};
+    return theme::colorsOf({rest, theme::kAccentTint, theme::kAccentTintDeep, off});
 }
 
 QVector<QColor> frames()
 {
-    return {QColor(190, 211, 232), theme::kAccent, theme::kAccentPressed, QColor(221, 226, 231)};
+    constexpr theme::Tone rest{0xffbed3e8, Purpose::Frame}, off{0xffdde2e7, Purpose::FrameDisabled};
+    return theme::colorsOf({rest, theme::kAccent, theme::kAccentPressed, off});
 }
 
 QVector<QColor> texts()
 {
-    return {QColor(34, 42, 62), QColor(34, 42, 62), QColor(34, 42, 62), QColor(150, 158, 168)};
+    return theme::colorsOf({theme::kInk, theme::kInk, theme::kInk, theme::kFaint});
+}
+
+void fill(CBPImageButton *button)
+{
+    theme::follow(button, [button] { button->SetBkgColors(grounds()); });
+}
+
+void frame(CBPImageButton *button)
+{
+    theme::follow(button, [button] { button->SetBorderColor(frames()); });
+}
+
+// Sizes the button, and leaves the size alone from then on.
+void addText(CBPImageButton *button, const QString &text, bool beside, int spacing, int margin)
+{
+    const auto set = [=] {
+        button->SetText(text, theme::font(theme::Normal, 14), texts(), beside, spacing, margin);
+    };
+    set();
+    QObject::connect(CBPTheme::instance(), &CBPTheme::changed, button, [button, set] {
+        const QSize least = button->minimumSize();
+        const QSize most = button->maximumSize();
+        set();
+        button->setMinimumSize(least);
+        button->setMaximumSize(most);
+    });
 }
 
 // "list_%1.png": one file for each of the four states.
@@ -50,7 +81,7 @@ CBPImageButton *icon(const char *pattern, int id = 0)
 CBPImageButton *labelled(const QString &text, bool round = false, int spacing = 8, int margin = 8)
 {
     auto *button = new CBPImageButton(images("list_%1.png"), round, 0);
-    button->SetText(text, theme::font(theme::Normal, 14), texts(), true, spacing, margin);
+    addText(button, text, true, spacing, margin);
     button->setFixedSize(button->GetSize().width() + 8, kHeight);
     return button;
 }
@@ -58,7 +89,7 @@ CBPImageButton *labelled(const QString &text, bool round = false, int spacing = 
 CBPImageButton *filled(const QString &text, bool round = false)
 {
     CBPImageButton *button = labelled(text, round);
-    button->SetBkgColors(grounds());
+    fill(button);
     return button;
 }
 
@@ -88,7 +119,7 @@ CBPImageButton *rounded()
 CBPImageButton *framed()
 {
     CBPImageButton *button = rounded();
-    button->SetBorderColor(frames());
+    frame(button);
     return button;
 }
 
@@ -96,7 +127,7 @@ CBPImageButton *round()
 {
     // Round ends add to the width: the table has room for less between image and text.
     CBPImageButton *button = labelled("List", true, 4, 0);
-    button->SetBkgColors(grounds());
+    fill(button);
     button->setFixedSize(92, kHeight);
     return button;
 }
@@ -141,9 +172,9 @@ void addLiveSamples(Page *page)
 CBPImageButton *below(int spacing)
 {
     auto *button = new CBPImageButton(images("list_%1.png"), false, 0);
-    button->SetBkgColors(grounds());
+    fill(button);
     button->SetBorder(0, false);
-    button->SetText("List", theme::font(theme::Normal, 14), texts(), false, spacing, 0);
+    addText(button, "List", false, spacing, 0);
     // The image stays centred in the whole height: lifted by half of what the text takes.
     button->SetIconVoffset(-(button->GetSize().height() - 28) / 2);
     return button;
@@ -155,12 +186,11 @@ void addTexts(Page *page)
         "Image and text",
         "The border lies at either side, the spacing between image and text, and the margin before the "
         "image. A text below the image begins at the left edge; it is drawn so on purpose.");
-    const auto font = theme::font(theme::Normal, 14);
-    const auto sample = [&](int spacing, int margin, int border) {
+    const auto sample = [](int spacing, int margin, int border) {
         auto *button = new CBPImageButton(images("list_%1.png"), false, 0);
-        button->SetBkgColors(grounds());
+        fill(button);
         button->SetBorder(border, false);
-        button->SetText("List", font, texts(), true, spacing, margin);
+        addText(button, "List", true, spacing, margin);
         return button;
     };
     CBPImageButton *tall = sample(8, 0, 8);
@@ -182,19 +212,22 @@ void addExtras(Page *page)
 {
     Section *section = page->addSection("Grounds and marks",
                                         "A brush takes precedence over a colour. The dot marks what is new.");
-    QLinearGradient gradient(0, 0, 0, kHeight);
-    gradient.setColorAt(0, QColor(248, 251, 253));
-    gradient.setColorAt(1, QColor(205, 225, 243));
     CBPImageButton *brushed = labelled("Gradient");
-    brushed->SetBkgBrush(QVector<QBrush>(4, QBrush(gradient)));
+    theme::follow(brushed, [brushed] {
+        constexpr theme::Tone top{0xfff8fbfd, Purpose::RaisedGround};
+        QLinearGradient gradient(0, 0, 0, kHeight);
+        gradient.setColorAt(0, top);
+        gradient.setColorAt(1, theme::kAccentTintDeep);
+        brushed->SetBkgBrush(QVector<QBrush>(4, QBrush(gradient)));
+    });
     brushed->SetBorderRadius(4);
-    brushed->SetBorderColor(frames());
+    frame(brushed);
     CBPImageButton *capsule = filled("Capsule", true);
-    capsule->SetBorderColor(frames());
+    frame(capsule);
     CBPImageButton *red = icon("list_%1.png");
     red->SetSpecialIcon(true, QColor(224, 72, 72));
     CBPImageButton *green = rounded();
-    green->SetSpecialIcon(true, theme::kAccent);
+    theme::follow(green, [green] { green->SetSpecialIcon(true, theme::kAccent); });
     CBPImageButton *three = filled("Three images");
     QVector<QString> tooFew = images("list_%1.png").mid(0, 3);
     three->SetImgButtonRes(tooFew);
@@ -205,7 +238,7 @@ void addExtras(Page *page)
                          {"With three images none is drawn", three}});
     const auto more = [](pose::State state) { return pose::in(state, icon("Common/ico_more_%1.svg")); };
     section->addWide(onGround(
-        theme::kInk,
+        theme::kSide,
         QVector<Sample>{{"At rest", more(pose::Normal)},
                         {"Hovered", more(pose::Hovered)},
                         {"Pressed", more(pose::Pressed)},

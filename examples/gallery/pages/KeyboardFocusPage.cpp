@@ -96,7 +96,14 @@ Sample group()
 {
     auto *box = new CButtonGroupBox(true, nullptr);
     box->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    box->SetTextClr({QColor(14, 100, 155), QColor(14, 100, 155), QColor(14, 100, 155), theme::kCaption});
+    theme::follow(box, [box] {
+        constexpr theme::Tone text{0xff0e649b, theme::Purpose::Text};
+        const QVector<QColor> texts = theme::colorsOf({text, text, text, theme::kCaption});
+        box->SetTextClr(texts); // of buttons to come
+        const auto buttons = box->findChildren<CBPPushBtn *>();
+        for (CBPPushBtn *button : buttons)
+            button->setTextColor(texts);
+    });
     CBPPushBtn *first = box->AddButton(1, "Day", QString());
     box->AddButton(2, "Week", QString());
     return focused(box, first);
@@ -158,7 +165,7 @@ Sample week()
 QVector<Sample> buttons()
 {
     auto *round = new CBPRoundBtn(40, 0);
-    round->setIcon(QIcon(theme::picturePath("icon_user.png")));
+    theme::setIcon(round, "icon_user.png");
     const auto star = [](const char *look) {
         return stateFiles(QString(":/gallery/star_%1_%2.svg").arg(look));
     };

@@ -11,13 +11,13 @@
 
 namespace {
 
-const QColor kOrange(176, 84, 20);
 constexpr int kColumns = 4;
 constexpr int kPillHeight = 24;
 
-CBPDrawLabel *drawn(QString text, const QColor &color, bool rounded, int pixelSize = 14)
+CBPDrawLabel *drawn(QString text, const theme::Tone &tone, bool rounded, int pixelSize = 14)
 {
-    auto *label = new CBPDrawLabel(text, color, rounded);
+    auto *label = new CBPDrawLabel(text, tone, rounded);
+    theme::follow(label, [label, tone] { label->SetTextShowColor(tone); });
     if (pixelSize != 14) {
         QString family = theme::font(theme::Semibold, pixelSize).family();
         label->SetTextFont(family, pixelSize);
@@ -35,6 +35,13 @@ CBPImage *image(const QString &name, bool clickable, const QString &tip = QStrin
     return result;
 }
 
+CBPLabel *colored(const QString &text, const theme::Tone &tone)
+{
+    auto *label = new CBPLabel(text, tone, 14);
+    theme::setTone(label, tone);
+    return label;
+}
+
 void addLabels(Page *page)
 {
     Section *section = page->addSection(
@@ -42,9 +49,9 @@ void addLabels(Page *page)
     section->addColumns(kColumns, {{"The default, 12", new CBPLabel("Last changed today")},
                                    {"14", new CBPLabel("Last changed today", 14)},
                                    {"18", new CBPLabel("Last changed today", 18)}});
-    section->addColumns(kColumns, {{"Accent", new CBPLabel("Up to date", theme::kAccent, 14)},
-                                   {"Warning", new CBPLabel("Nearly full", kOrange, 14)},
-                                   {"Rich text", new CBPLabel("<b>12</b> of 20 files", theme::kText, 14)}});
+    section->addColumns(kColumns, {{"Accent", colored("Up to date", theme::kAccent)},
+                                   {"Warning", colored("Nearly full", theme::kOrange)},
+                                   {"Rich text", colored("<b>12</b> of 20 files", theme::kText)}});
 }
 
 void addDrawn(Page *page)
@@ -53,7 +60,7 @@ void addDrawn(Page *page)
         "CBPDrawLabel", "A text in the middle of its widget, in the outline of a pill or without.");
     section->addSamples({{"Plain", drawn("Beta", theme::kInk, false)},
                          {"Pill", drawn("Beta", theme::kAccent, true)},
-                         {"Another colour", drawn("Expires soon", kOrange, true)},
+                         {"Another colour", drawn("Expires soon", theme::kOrange, true)},
                          {"Own font, 12", drawn("NEW", theme::kAccent, true, 12)},
                          {"Large", drawn("Premium", theme::kInk, true, 24)}});
 }

@@ -27,11 +27,7 @@ constexpr int kGreatestNumber = 999;
 // The page's type and colours, and a name for screen readers; the look is the edit's own.
 template <class Edit> Edit *prepared(Edit *edit, const QString &name)
 {
-    QPalette palette = edit->palette();
-    palette.setColor(QPalette::Text, theme::kInk);
-    palette.setColor(QPalette::Disabled, QPalette::Text, theme::kCaption);
-    palette.setColor(QPalette::PlaceholderText, theme::kCaption);
-    edit->setPalette(palette);
+    theme::setFieldTexts(edit);
     edit->setFont(theme::font(theme::Normal, 14));
     edit->setFixedWidth(kEditWidth);
     edit->setAccessibleName(name);

@@ -9,6 +9,9 @@
 
 namespace {
 
+constexpr theme::Tone kBrown{0xff8a3e0c, theme::Purpose::Warning, theme::Purpose::Text, 50};
+constexpr theme::Tone kPale{0xffb4bec8, theme::Purpose::DisabledText};
+
 const char kText[] = "Learn more";
 const char kLongText[] = "What happens to my files when I cancel?";
 
@@ -53,15 +56,15 @@ void addLiveSamples(Page *page)
 }
 
 SampleRow statesOf(const QString &caption, ENLinkerType type, bool selected = false,
-                   const QVector<QColor> &colors = {})
+                   const QVector<theme::Tone> &tones = {})
 {
     SampleRow row{caption, {}};
     for (const pose::State state :
          {pose::Normal, pose::Hovered, pose::Pressed, pose::Focused, pose::Disabled}) {
         CBPLinkerButton *sample = link(type);
         sample->SetSelected(selected);
-        if (!colors.isEmpty())
-            sample->SetTextColor(colors);
+        if (!tones.isEmpty())
+            theme::follow(sample, [sample, tones] { sample->SetTextColor(theme::colorsOf(tones)); });
         row.widgets << pose::in(state, sample);
     }
     return row;
@@ -75,8 +78,7 @@ void addStates(Page *page)
                    {statesOf("Always", ENLinkerTypeAlways), statesOf("Under the mouse", ENLinkerTypeHover),
                     statesOf("Never", ENLinkerTypeNever), statesOf("Selected", ENLinkerTypeHover, true),
                     statesOf("Own colours", ENLinkerTypeHover, false,
-                             {QColor(176, 84, 20), QColor(138, 62, 12), QColor(34, 42, 62),
-                              QColor(180, 190, 200)})});
+                             {theme::kOrange, kBrown, theme::kInk, kPale})});
 }
 
 CBPLinkerButton *sized(int px)
@@ -107,23 +109,39 @@ void addTexts(Page *page)
 
 // What an application does with the class name.
 const char kCheckSheet[] =
-    "CBPCheckBox { spacing: 8px; color: #444e5c; }"
-    "CBPCheckBox:disabled { color: #bdbdbd; }"
-    "CBPCheckBox::indicator { width: 16px; height: 16px; border: 1px solid #7b8798;"
-    " background: white; }"
-    "CBPCheckBox::indicator:hover { border-color: #1f71bf; }"
+    "CBPCheckBox { spacing: 8px; color: %1; }"
+    "CBPCheckBox:disabled { color: %2; }"
+    "CBPCheckBox::indicator { width: 16px; height: 16px; border: 1px solid %3; background: %4; }"
+    "CBPCheckBox::indicator:hover { border-color: %5; }"
     "CBPCheckBox::indicator:checked, CBPCheckBox::indicator:indeterminate"
-    " { background: #1f71bf; border-color: #1f71bf; }"
+    " { background: %5; border-color: %5; }"
     "CBPCheckBox::indicator:checked { image: url(:/gallery/tick.svg); }"
     "CBPCheckBox::indicator:indeterminate { image: url(:/gallery/dash.svg); }"
-    "CBPCheckBox::indicator:disabled { background: #eef1f4; border-color: #d5dbe2; }"
+    "CBPCheckBox::indicator:disabled { background: %6; border-color: %7; }"
     "CBPCheckBox::indicator:checked:disabled, CBPCheckBox::indicator:indeterminate:disabled"
-    " { background: #a5c6e5; border-color: #a5c6e5; }";
+    " { background: %8; border-color: %8; }";
+
+QString checkSheet()
+{
+    using theme::Purpose;
+    const theme::Tone tones[] = {theme::kText,
+                                 {0xffbdbdbd, Purpose::DisabledText},
+                                 {0xff7b8798, Purpose::Frame},
+                                 theme::kGround,
+                                 theme::kAccent,
+                                 {0xffeef1f4, Purpose::FieldDisabled},
+                                 {0xffd5dbe2, Purpose::FrameDisabled},
+                                 theme::kAccentDisabled};
+    QString sheet = QString::fromLatin1(kCheckSheet);
+    for (const theme::Tone &tone : tones)
+        sheet = sheet.arg(tone.color().name());
+    return sheet;
+}
 
 CBPCheckBox *styled(Qt::CheckState state)
 {
     CBPCheckBox *result = checkBox("Remember me", state);
-    result->setStyleSheet(QLatin1String(kCheckSheet));
+    theme::follow(result, [result] { result->setStyleSheet(checkSheet()); });
     return result;
 }
 

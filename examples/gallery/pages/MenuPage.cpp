@@ -1,6 +1,7 @@
 #include "EventLog.h"
 #include "Page.h"
 #include "PageRegistry.h"
+#include "Pose.h"
 #include "Theme.h"
 
 #include "CBPMenu.h"
@@ -43,18 +44,16 @@ QVector<QString> removeImages()
 }
 
 // The picture of a menu as it pops up, with one item highlighted. It takes the menu.
-QWidget *portrait(CBPMenu *menu, QAction *highlighted = nullptr)
+QPixmap portrait(CBPMenu *menu, QAction *highlighted = nullptr)
 {
     const QScopedPointer<CBPMenu> owner(menu);
     menu->resize(menu->sizeHint());
     menu->move(QCursor::pos() + QPoint(1, 1)); // an item under the pointer would be highlighted
     menu->setActiveAction(highlighted);
-    auto *label = new QLabel;
-    label->setPixmap(menu->grab());
-    return label;
+    return menu->grab();
 }
 
-QWidget *texts()
+QPixmap texts()
 {
     auto *menu = new CBPMenu;
     menu->AddAction("Open", 1);
@@ -63,7 +62,7 @@ QWidget *texts()
     return portrait(menu, second);
 }
 
-QWidget *pictures()
+QPixmap pictures()
 {
     auto *menu = new CBPMenu;
     menu->SetDefIconWidth(kPictureWidth); // aligns the texts
@@ -73,7 +72,7 @@ QWidget *pictures()
     return portrait(menu);
 }
 
-QWidget *stateImages()
+QPixmap stateImages()
 {
     auto *menu = new CBPMenu;
     menu->AddAction(removeImages(), "At rest", 1);
@@ -81,7 +80,7 @@ QWidget *stateImages()
     return portrait(menu, menu->AddAction(removeImages(), "Highlighted, the last", 3));
 }
 
-QWidget *badges()
+QPixmap badges()
 {
     auto *menu = new CBPMenu;
     menu->AddAction("New messages", 1);
@@ -92,7 +91,7 @@ QWidget *badges()
     return portrait(menu);
 }
 
-QWidget *chosen()
+QPixmap chosen()
 {
     auto *menu = new CBPMenu;
     menu->SetDefIconWidth(kTickWidth);
@@ -102,12 +101,13 @@ QWidget *chosen()
     return portrait(menu);
 }
 
-QWidget *separators()
+QPixmap separators()
 {
     auto *menu = new CBPMenu;
     menu->setSeparatorRectHeight(17);
     menu->setSeparatorHeight(1);
-    menu->setBg({QColor(233, 238, 243), QColor(), theme::kAccent, QColor()});
+    constexpr theme::Tone ground{0xffe9eef3, theme::Purpose::RaisedGround};
+    menu->setBg({ground, QColor(), theme::kAccent, QColor()});
     menu->setTextColor(theme::kInk);
     menu->AddAction("Cut", 1);
     menu->AddAction("Copy", 2);
@@ -116,17 +116,17 @@ QWidget *separators()
     return portrait(menu);
 }
 
-QWidget *bordered()
+QPixmap bordered()
 {
     auto *menu = new CBPMenu;
-    menu->SetBorderInfo(1, QColor(75, 174, 178));
+    menu->SetBorderInfo(1, theme::kTeal);
     menu->AddAction("First", 1);
     QAction *second = menu->AddAction("Second", 2);
     menu->AddAction("Third", 3);
     return portrait(menu, second);
 }
 
-QWidget *nested()
+QPixmap nested()
 {
     auto *menu = new CBPMenu;
     menu->SetSubLeveMennu();
@@ -136,17 +136,18 @@ QWidget *nested()
     return portrait(menu, first);
 }
 
-QWidget *single()
+QPixmap single()
 {
     auto *menu = new CBPMenu;
     menu->SetSubLeveMennu();
     return portrait(menu, menu->AddAction("The only one", 1));
 }
 
-QWidget *light()
+QPixmap light()
 {
     auto *menu = new CBPMenu;
-    menu->setBg({Qt::white, QColor(), QColor(226, 242, 243), Qt::white});
+    constexpr theme::Tone hovered{0xffe2f2f3, theme::Purpose::Pressed};
+    menu->setBg({theme::kGround, QColor(), hovered, theme::kGround});
     menu->setTextColor(theme::kText);
     menu->SetBorderInfo(1, theme::kLine);
     menu->AddAction("Open", 1);
@@ -155,7 +156,7 @@ QWidget *light()
     return portrait(menu, second);
 }
 
-QWidget *compact()
+QPixmap compact()
 {
     auto *menu = new CBPMenu;
     menu->SetMenuItemHeiht(28);
@@ -168,7 +169,7 @@ QWidget *compact()
     return portrait(menu);
 }
 
-QWidget *wide()
+QPixmap wide()
 {
     auto *menu = new CBPMenu;
     menu->SetBordRadios(10);
@@ -178,7 +179,7 @@ QWidget *wide()
     return portrait(menu, menu->AddAction("Radius 10", 3));
 }
 
-QWidget *square()
+QPixmap square()
 {
     auto *menu = new CBPMenu;
     menu->SetBordRadios(0);
@@ -188,7 +189,7 @@ QWidget *square()
     return portrait(menu, second);
 }
 
-QWidget *elided()
+QPixmap elided()
 {
     auto *menu = new CBPMenu;
     menu->AddAction("Measured at 14 pixels", 1);
@@ -254,7 +255,7 @@ void addLiveSamples(Page *page)
     section->addWide(log);
 }
 
-QWidget *parentOfNested()
+QPixmap parentOfNested()
 {
     auto *menu = new CBPMenu;
     menu->SetSubMenuRightIcon(nestedFile());
@@ -265,7 +266,7 @@ QWidget *parentOfNested()
     return portrait(menu);
 }
 
-QWidget *mirrored()
+QPixmap mirrored()
 {
     auto *menu = new CBPMenu;
     menu->setLayoutDirection(Qt::RightToLeft);
@@ -287,25 +288,25 @@ Page *makePage()
     page->addSection("Items",
                      "An item has a text and, if wanted, a picture, four pictures by state, or a badge.")
         ->addColumns(kColumns,
-                     {{"Texts; one highlighted, one disabled", texts()},
-                      {"Picture files in a column of 32 pixels", pictures()},
-                      {"Pictures by state", stateImages()},
-                      {"Badges: a dot and a picture", badges()},
-                      {"One chosen item", chosen()},
-                      {"A separator of 17 pixels, with a line of 1", separators()}},
+                     {{"Texts; one highlighted, one disabled", pose::shown(texts)},
+                      {"Picture files in a column of 32 pixels", pose::shown(pictures)},
+                      {"Pictures by state", pose::shown(stateImages)},
+                      {"Badges: a dot and a picture", pose::shown(badges)},
+                      {"One chosen item", pose::shown(chosen)},
+                      {"A separator of 17 pixels, with a line of 1", pose::shown(separators)}},
                      kLeastWidth);
     page->addSection("Looks", "The highlight follows the corners of a menu without a border.")
         ->addColumns(kColumns,
-                     {{"With nested menus", parentOfNested()},
-                      {"A nested menu", nested()},
-                      {"A nested menu with one item", single()},
-                      {"With a border", bordered()},
-                      {"Own colours", light()},
-                      {"Low items", compact()},
-                      {"Wide text, large radius", wide()},
-                      {"Square corners", square()},
-                      {"Painted at 18 pixels, measured at 14", elided()},
-                      {"Right to left", mirrored()}},
+                     {{"With nested menus", pose::shown(parentOfNested)},
+                      {"A nested menu", pose::shown(nested)},
+                      {"A nested menu with one item", pose::shown(single)},
+                      {"With a border", pose::shown(bordered)},
+                      {"Own colours", pose::shown(light)},
+                      {"Low items", pose::shown(compact)},
+                      {"Wide text, large radius", pose::shown(wide)},
+                      {"Square corners", pose::shown(square)},
+                      {"Painted at 18 pixels, measured at 14", pose::shown(elided)},
+                      {"Right to left", pose::shown(mirrored)}},
                      kLeastWidth);
     return page;
 }

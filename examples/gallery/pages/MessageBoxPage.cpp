@@ -1,6 +1,7 @@
 #include "EventLog.h"
 #include "Page.h"
 #include "PageRegistry.h"
+#include "Pose.h"
 #include "Theme.h"
 
 #include "CBPLineEdit.h"
@@ -59,13 +60,13 @@ using Ask = std::function<int(CMsgBox *)>;
 
 QWidget *portrait(const Ask &ask, int width = kSampleWidth, const std::function<void(Posed *)> &prepare = {})
 {
-    Posed box(width);
-    if (prepare)
-        box.prepare = [&box, &prepare] { prepare(&box); };
-    ask(&box);
-    auto *label = new QLabel;
-    label->setPixmap(box.picture);
-    return label;
+    return pose::shown([=] {
+        Posed box(width);
+        if (prepare)
+            box.prepare = [&box, &prepare] { prepare(&box); };
+        ask(&box);
+        return box.picture;
+    });
 }
 
 void addMessages(Page *page)

@@ -115,14 +115,15 @@ void showWholeRows(CBPPathDropdWnd *list, int count)
 
 void addList(Page *page)
 {
-    CBPPathDropdWnd list;
-    fill(&list);
-    list.setAttribute(Qt::WA_DontShowOnScreen);
-    list.show();
-    QCoreApplication::sendPostedEvents(); // the scroll bar comes with them
-    showWholeRows(&list, kShownRows);
-    auto *picture = new QLabel;
-    picture->setPixmap(list.grab());
+    QLabel *picture = pose::shown([] {
+        CBPPathDropdWnd list;
+        fill(&list);
+        list.setAttribute(Qt::WA_DontShowOnScreen);
+        list.show();
+        QCoreApplication::sendPostedEvents(); // the scroll bar comes with them
+        showWholeRows(&list, kShownRows);
+        return list.grab();
+    });
     page->addSection("The list", "The row added last is on top. A path that is there already is not added "
                                  "a second time.")
         ->addSamples({{"Two of four rows, 416 pixels wide", picture}});
@@ -178,14 +179,13 @@ CBPComboBox *combo()
 // The picture of a list that is never shown.
 QWidget *comboList()
 {
-    CBPComboBox *owner = combo();
-    QWidget *list = owner->view()->parentWidget();
-    list->resize(kComboWidth, owner->count() * kComboHeight + 2);
-    owner->view()->setCurrentIndex(owner->model()->index(1, 0));
-    auto *label = new QLabel;
-    label->setPixmap(list->grab());
-    delete owner;
-    return label;
+    return pose::shown([] {
+        const std::unique_ptr<CBPComboBox> owner(combo());
+        QWidget *list = owner->view()->parentWidget();
+        list->resize(kComboWidth, owner->count() * kComboHeight + 2);
+        owner->view()->setCurrentIndex(owner->model()->index(1, 0));
+        return list->grab();
+    });
 }
 
 void addCombos(Page *page)

@@ -85,7 +85,7 @@ private:
     QLineEdit *m_field = nullptr;
 };
 
-QWidget *plainPortrait()
+QPixmap plainPortrait()
 {
     PopUp dialog("Replace the file?", nullptr);
     dialog.addText("A file of this name is there already. It is kept under another name.");
@@ -93,7 +93,7 @@ QWidget *plainPortrait()
     return pose::portrait(dialog, kSampleWidth, 232);
 }
 
-QWidget *groupsPortrait()
+QPixmap groupsPortrait()
 {
     PopUp dialog("Two groups", nullptr);
     dialog.addText("Buttons are appended at the right and prepended at the left.");
@@ -102,7 +102,7 @@ QWidget *groupsPortrait()
     return pose::portrait(dialog, kSampleWidth, 232);
 }
 
-QWidget *widgetPortrait()
+QPixmap widgetPortrait()
 {
     PopUp dialog("Widgets in the row", nullptr);
     dialog.addText("The row takes any widget, here a check box.");
@@ -112,7 +112,7 @@ QWidget *widgetPortrait()
     return pose::portrait(dialog, kSampleWidth, 232);
 }
 
-QWidget *disabledPortrait()
+QPixmap disabledPortrait()
 {
     PopUp dialog("Disabled buttons", nullptr);
     dialog.addText("Each button is enabled and disabled by its flag.");
@@ -122,7 +122,7 @@ QWidget *disabledPortrait()
     return pose::portrait(dialog, kSampleWidth, 232);
 }
 
-QWidget *textPortrait()
+QPixmap textPortrait()
 {
     PopUp dialog("Texts of the application", nullptr);
     dialog.addText("A button whose text is longer than the others' becomes wider.");
@@ -134,7 +134,7 @@ QWidget *textPortrait()
 }
 
 // The ring around a primary button is the pop-up's to paint: it has to have the focus in earnest.
-QWidget *focusPortrait(int flag)
+QPixmap focusPortrait(int flag)
 {
     const QPointer<QWidget> before = QApplication::activeWindow();
     PopUp dialog("Keyboard focus", nullptr);
@@ -145,12 +145,12 @@ QWidget *focusPortrait(int flag)
     dialog.show();
     QApplication::setActiveWindow(&dialog);
     dialog.GetBtn(flag)->QWidget::setFocus();
-    QWidget *shown = pose::portrait(dialog, kSampleWidth, 232);
+    const QPixmap shown = pose::portrait(dialog, kSampleWidth, 232);
     QApplication::setActiveWindow(before);
     return shown;
 }
 
-QWidget *waitingPortrait()
+QPixmap waitingPortrait()
 {
     PopUp dialog("A button waits", nullptr);
     dialog.addText("Its spinner stands in place of the caption until the job is done.");
@@ -167,7 +167,7 @@ QWidget *waitingPortrait()
     return pose::portrait(dialog, kSampleWidth, 232);
 }
 
-QWidget *plainFramePortrait()
+QPixmap plainFramePortrait()
 {
     PopUp dialog("Without a line", nullptr);
     dialog.SetDrawBottomHLine(false);
@@ -177,7 +177,7 @@ QWidget *plainFramePortrait()
 }
 
 // Rows are made when a dialog is shown, and here for its width, on a large screen.
-QWidget *wrappedPortrait()
+QPixmap wrappedPortrait()
 {
     PopUp dialog("More than one row", nullptr);
     dialog.addText("Buttons that do not fit beside the others move to another row.");
@@ -197,16 +197,16 @@ void addPortraits(Page *page)
                      "the row of buttons. Where a screen cannot blend windows, an outline takes the "
                      "place of the shadow.")
         ->addColumns(kColumns,
-                     {{"Yes, No and Cancel: AppendBtn(0x1900)", plainPortrait()},
-                      {"Back at the left: PrependBtn(0x80000), AppendBtn(0x104)", groupsPortrait()},
-                      {"A check box at the left: PrependWidget()", widgetPortrait()},
-                      {"Disabled buttons: EnableButton(flag, false)", disabledPortrait()},
-                      {"Other texts: ResetBtnText()", textPortrait()},
-                      {"The keyboard focus on a primary button", focusPortrait(Ok)},
-                      {"The keyboard focus on a secondary button", focusPortrait(Cancel)},
-                      {"Two buttons that wait: CBPWaitBtn::run()", waitingPortrait()},
-                      {"No line above the buttons: SetDrawBottomHLine(false)", plainFramePortrait()},
-                      {"Several rows: PrependBtn(0x80000), AppendBtn(0x1968)", wrappedPortrait()}});
+                     {{"Yes, No and Cancel: AppendBtn(0x1900)", pose::shown(plainPortrait)},
+                      {"Back at the left: PrependBtn(0x80000), AppendBtn(0x104)", pose::shown(groupsPortrait)},
+                      {"A check box at the left: PrependWidget()", pose::shown(widgetPortrait)},
+                      {"Disabled buttons: EnableButton(flag, false)", pose::shown(disabledPortrait)},
+                      {"Other texts: ResetBtnText()", pose::shown(textPortrait)},
+                      {"The keyboard focus on a primary button", pose::shown([] { return focusPortrait(Ok); })},
+                      {"The keyboard focus on a secondary button", pose::shown([] { return focusPortrait(Cancel); })},
+                      {"Two buttons that wait: CBPWaitBtn::run()", pose::shown(waitingPortrait)},
+                      {"No line above the buttons: SetDrawBottomHLine(false)", pose::shown(plainFramePortrait)},
+                      {"Several rows: PrependBtn(0x80000), AppendBtn(0x1968)", pose::shown(wrappedPortrait)}});
 }
 
 // The buttons of a pop-up, out of it: the captions and kinds of all flags.

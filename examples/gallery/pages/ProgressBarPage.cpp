@@ -1,10 +1,12 @@
 #include "Page.h"
 #include "PageRegistry.h"
+#include "Pose.h"
 #include "Theme.h"
 
 #include "CBPGradientProgressBar.h"
 #include "CBPPushBtn.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QVariant>
 #include <QVBoxLayout>
@@ -13,7 +15,7 @@ namespace {
 
 constexpr int kWidth = 240;
 constexpr int kButtonWidth = 96;
-const QColor kLightGround(227, 232, 238);
+constexpr theme::Tone kLightGround{0xffe3e8ee, theme::Purpose::Ground, theme::Purpose::Rule, 50};
 
 CBPGradientProgressBar *bar(int width = kWidth)
 {
@@ -32,18 +34,19 @@ CBPGradientProgressBar *at(int percent, int width = kWidth)
 // The picture of a bar whose highlight is `steps` of a fiftieth of a second on its way.
 QWidget *swept(const QColor &highlight, int steps)
 {
-    CBPGradientProgressBar moving(QColor(75, 174, 179), highlight);
-    moving.resize(kWidth, moving.height());
-    moving.setValue(80);
-    for (int i = 0; i < steps; ++i)
-        moving.slotGradientTimerOut();
-    auto *label = new QLabel;
-    QPixmap picture(moving.size() * label->devicePixelRatioF());
-    picture.setDevicePixelRatio(label->devicePixelRatioF());
-    picture.fill(Qt::transparent);
-    moving.render(&picture, QPoint(), QRegion(), QWidget::DrawChildren);
-    label->setPixmap(picture);
-    return label;
+    return pose::shown([=] {
+        CBPGradientProgressBar moving(QColor(75, 174, 179), highlight);
+        moving.resize(kWidth, moving.height());
+        moving.setValue(80);
+        for (int i = 0; i < steps; ++i)
+            moving.slotGradientTimerOut();
+        const qreal ratio = qApp->devicePixelRatio();
+        QPixmap picture(moving.size() * ratio);
+        picture.setDevicePixelRatio(ratio);
+        picture.fill(Qt::transparent);
+        moving.render(&picture, QPoint(), QRegion(), QWidget::DrawChildren);
+        return picture;
+    });
 }
 
 CBPPushBtn *button(const QString &text)
@@ -94,9 +97,9 @@ void addValues(Page *page)
     Section *section = page->addSection("Values", "The first value shows at once. Below one per cent the bar "
                                                   "shows one per cent, and 99.99 count as full.");
     section->addWide(
-        onGround(theme::kInk, {{"No value yet", bar()}, {"0, shown as 1 %", at(0)}, {"25 %", at(25)}}));
+        onGround(theme::kSide, {{"No value yet", bar()}, {"0, shown as 1 %", at(0)}, {"25 %", at(25)}}));
     section->addWide(
-        onGround(theme::kInk, {{"50 %", at(50)}, {"99 %", at(99)}, {"100 %, at rest", at(100)}}));
+        onGround(theme::kSide, {{"50 %", at(50)}, {"99 %", at(99)}, {"100 %, at rest", at(100)}}));
 }
 
 void addHighlights(Page *page)
@@ -105,10 +108,10 @@ void addHighlights(Page *page)
         "Highlight", "It sweeps along the filled part until the bar is full, with a pause in "
                      "between. The second colour of the constructor is that of the highlight.");
     const QColor builtIn(88, 205, 210);
-    section->addWide(onGround(theme::kInk, {{"On its way", swept(builtIn, 6)},
+    section->addWide(onGround(theme::kSide, {{"On its way", swept(builtIn, 6)},
                                             {"Leaving", swept(builtIn, 16)},
                                             {"The pause", swept(builtIn, 24)}}));
-    section->addWide(onGround(theme::kInk, {{"White", swept(Qt::white, 6)},
+    section->addWide(onGround(theme::kSide, {{"White", swept(Qt::white, 6)},
                                             {"Dark blue", swept(QColor(20, 90, 160), 6)},
                                             {"None: an invalid colour", swept(QColor(), 6)}}));
 }
@@ -119,7 +122,7 @@ void addSizes(Page *page)
         "Widths and grounds",
         "The track is white, so it needs a ground that is not. A resized bar keeps its share.");
     section->addWide(
-        onGround(theme::kInk, {{"40 %, 400 wide", at(40, 400)}, {"120", at(40, 120)}, {"24", at(40, 24)}}));
+        onGround(theme::kSide, {{"40 %, 400 wide", at(40, 400)}, {"120", at(40, 120)}, {"24", at(40, 24)}}));
     section->addWide(onGround(kLightGround, QVector<QWidget *>{at(60), at(100)}));
     section->addWide(onGround(theme::kAccent, QVector<QWidget *>{at(60), at(100)}));
 }

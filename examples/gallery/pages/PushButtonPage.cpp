@@ -8,19 +8,16 @@
 #include "CBPMenuItem.h"
 #include "CBPPushBtn.h"
 
-#include <QIcon>
 #include <QVBoxLayout>
 
 namespace {
 
 constexpr int kWidth = 112;
+constexpr theme::Tone kPale{0xffeef4f8, theme::Purpose::RaisedGround};
 constexpr int kIconSampleWidth = 168;
 constexpr int kIconSpacing = 32; // leaves 8 pixels between a 16 pixel icon and a text
 
-QIcon iconOf(const char *name)
-{
-    return QIcon(theme::picturePath(QLatin1String(name)));
-}
+const QString kUser = QStringLiteral("icon_user.png");
 
 int widthOf(const QString &text)
 {
@@ -44,10 +41,9 @@ CBPPushBtn *button(const QString &text, int width = kWidth)
 CBPPushBtn *filled(const QString &text)
 {
     CBPPushBtn *result = button(text);
-    result->setBgColor(theme::accents());
-    result->setFrmColor(theme::accents());
-    result->setTextColor(QVector<QColor>(4, Qt::white));
-    result->setFocusFrameColor(theme::kInk); // the built-in blue is as light as the ground
+    theme::fillButton(result);
+    // The built-in blue is as light as the ground.
+    theme::follow(result, [result] { result->setFocusFrameColor(theme::kInk); });
     return result;
 }
 
@@ -81,8 +77,10 @@ void addLiveSamples(Page *page)
     auto *log = new EventLog("No signal yet: press a button.");
     CBPPushBtn *checkable = live(log, "Checkable", 3);
     checkable->setCheckable(true);
-    checkable->setCheckedBgColor(theme::kAccentTint);
-    checkable->setCheckedFrmColor(theme::kAccent);
+    theme::follow(checkable, [checkable] {
+        checkable->setCheckedBgColor(theme::kAccentTint);
+        checkable->setCheckedFrmColor(theme::kAccent);
+    });
     CBPPushBtn *withMenu = live(log, "Contact", 4);
     withMenu->setSpacing(triangleSpacing(withMenu->text()));
     addMenu(withMenu);
@@ -135,9 +133,11 @@ CBPPushBtn *checked()
     CBPPushBtn *result = button("Save");
     result->setCheckable(true);
     result->setChecked(true);
-    result->setCheckedBgColor(theme::kAccent);
-    result->setCheckedFrmColor(theme::kAccentPressed);
-    result->setTextColor({Qt::white, Qt::white, Qt::white, Qt::white});
+    theme::follow(result, [result] {
+        result->setCheckedBgColor(theme::kAccent);
+        result->setCheckedFrmColor(theme::kAccentPressed);
+        result->setTextColor(QVector<QColor>(4, theme::kOnAccent));
+    });
     return result;
 }
 
@@ -152,7 +152,7 @@ CBPPushBtn *withIcon()
 {
     CBPPushBtn *result = button("Save");
     result->setSpacing(kIconSpacing);
-    result->setIcon(iconOf("icon_user.png"));
+    theme::setIcon(result, kUser);
     return result;
 }
 
@@ -186,7 +186,7 @@ CBPPushBtn *iconSample(const QString &text, CBPPushBtn::__ALIGN_TYPE align, bool
     auto *result = new CBPPushBtn(text, 0, align, false, after);
     result->setFixedWidth(kIconSampleWidth);
     result->setSpacing(spacing);
-    result->setIcon(iconOf("icon_user.png"));
+    theme::setIcon(result, kUser);
     return result;
 }
 
@@ -228,7 +228,7 @@ void addWidths(Page *page)
     wide->SetMininzerWidth(140);
     auto *withPicture = new CBPPushBtn("Me", nullptr, true);
     withPicture->setSpacing(kIconSpacing);
-    withPicture->setIcon(iconOf("icon_user.png"));
+    theme::setIcon(withPicture, kUser);
     section->addSamples({{"85, the least", new CBPPushBtn("OK", nullptr, true)},
                          {"85, with an icon", withPicture},
                          {"95, with a menu", menuButton},
@@ -254,10 +254,15 @@ void addWidths(Page *page)
 CBPPushBtn *withColors(int count)
 {
     CBPPushBtn *result = button(QString("%1 colours").arg(count));
-    QVector<QColor> colors;
-    for (int i = 0; i < count; ++i)
-        colors << QColor::fromHsv(i * 40 % 360, 26, 253);
-    result->setBgColor(colors);
+    theme::follow(result, [result, count] {
+        // Pale, or as dark, as the ground: the text on it is the theme's.
+        const QColor ground = theme::kGround;
+        QVector<QColor> colors;
+        for (int i = 0; i < count; ++i)
+            colors << (ground.lightness() > 128 ? QColor::fromHsv(i * 40 % 360, 26, 253)
+                                                : QColor::fromHsv(i * 40 % 360, 140, 70));
+        result->setBgColor(colors);
+    });
     return result;
 }
 
@@ -285,7 +290,7 @@ void addColors(Page *page)
                          {"Built-in colours", withColors(9)}});
 
     CBPPushBtn *ring = button("Red ring");
-    ring->setFocusFrameColor(QColor(224, 72, 72));
+    ring->setFocusFrameColor(QColor(224, 72, 72)); // on light and dark
     CBPPushBtn *standard = button("Default");
     standard->setAsDefaultBtn();
     CBPPushBtn *half = checked();
@@ -303,9 +308,13 @@ CBPPushBtn *seeThrough(const QString &text, int radius)
     CBPPushBtn *result = button(text);
     result->setBgTrancent(true);
     result->setRoundRadius({radius, radius});
-    const QVector<QColor> light{QColor(199, 208, 221), Qt::white, QColor(75, 174, 178), QColor(93, 104, 128)};
-    result->setTextColor(light);
-    result->setFrmColor(light);
+    constexpr theme::Tone disabled = theme::Tone::onSide(0xff5d6880, theme::Purpose::DisabledText);
+    theme::follow(result, [result, disabled] {
+        const QVector<QColor> texts =
+            theme::colorsOf({theme::kSideText, theme::kSideMarked, theme::kTeal, disabled});
+        result->setTextColor(texts);
+        result->setFrmColor(texts);
+    });
     return result;
 }
 
@@ -322,13 +331,13 @@ void addGrounds(Page *page)
     Section *section =
         page->addSection("On a ground of its own",
                          "With a transparent background the button shows what lies below it in every state.");
-    section->addWide(onGround(theme::kInk, {pose::in(pose::Normal, seeThrough("Normal", 4)),
+    section->addWide(onGround(theme::kSide, {pose::in(pose::Normal, seeThrough("Normal", 4)),
                                             pose::in(pose::Hovered, seeThrough("Hovered", 4)),
                                             pose::in(pose::Pressed, seeThrough("Pressed", 4)),
                                             pose::in(pose::Focused, seeThrough("Focused", 4)),
                                             pose::in(pose::Disabled, seeThrough("Disabled", 4))}));
     section->addWide(
-        onGround(QColor(238, 244, 248), {button("Opaque"), clear("See-through", 0), clear("And round", 4)}));
+        onGround(kPale, {button("Opaque"), clear("See-through", 0), clear("And round", 4)}));
 }
 
 Page *makePage()

@@ -35,14 +35,18 @@ void drawTile(QPainter &painter, const QRect &rect, const QColor &ground, const 
 class PictureStrip : public QWidget
 {
 public:
-    PictureStrip(const QStringList &names, const QColor &ground, int tile = kTile)
+    PictureStrip(const QStringList &names, const theme::Tone &ground, int tile = kTile)
         : m_ground(ground), m_tile(tile)
     {
-        for (const QString &name : names)
-            m_pictures << (name.isEmpty() ? QPixmap() : theme::picture(name));
-        for (const QPixmap &picture : qAsConst(m_pictures))
-            m_visible |= visiblePart(picture);
-        setFixedSize(tile * m_pictures.size(), tile);
+        setFixedSize(tile * names.size(), tile);
+        theme::follow(this, [this, names] {
+            m_pictures.clear();
+            m_visible = QRect();
+            for (const QString &name : names)
+                m_pictures << (name.isEmpty() ? QPixmap() : theme::picture(name));
+            for (const QPixmap &picture : qAsConst(m_pictures))
+                m_visible |= visiblePart(picture);
+        });
     }
 
 protected:
@@ -50,7 +54,9 @@ protected:
     {
         QPainter painter(this);
         painter.setRenderHint(QPainter::SmoothPixmapTransform); // a picture of another density is scaled
-        drawTile(painter, rect(), m_ground, m_ground.lightness() > 128 ? theme::kLine : m_ground);
+        const QColor ground = m_ground;
+        const bool isBare = ground == theme::kGround.color(); // as the page is
+        drawTile(painter, rect(), ground, isBare ? theme::kLine : m_ground);
         QRect tile(0, 0, m_tile, m_tile);
         for (const QPixmap &picture : qAsConst(m_pictures)) {
             if (picture.isNull()) { // there is none for this state
@@ -84,7 +90,7 @@ private:
 
     QVector<QPixmap> m_pictures;
     QRect m_visible; // of all of them, were they laid on each other
-    QColor m_ground;
+    theme::Tone m_ground;
     int m_tile;
 };
 
@@ -96,7 +102,7 @@ QStringList states()
 class Swatch : public QWidget
 {
 public:
-    explicit Swatch(const QColor &color) : m_color(color)
+    explicit Swatch(const QColor &color) : m_color(color) // invalid: a built-in one
     {
         setFixedSize(12 * theme::kUnit, 6 * theme::kUnit);
     }
@@ -105,8 +111,8 @@ protected:
     void paintEvent(QPaintEvent *) override
     {
         QPainter painter(this);
-        drawTile(painter, rect(), m_color.isValid() ? m_color : QColor(Qt::white),
-                 m_color.isValid() ? m_color : theme::kLine);
+        drawTile(painter, rect(), m_color.isValid() ? m_color : theme::kGround.color(),
+                 m_color.isValid() ? m_color : theme::kLine.color());
     }
 
 private:
@@ -180,7 +186,7 @@ void addColors(Page *page)
         ->addColumns(3, {{"title_bgcolor " + named(ground), new Swatch(ground)},
                          {"title_textcolor " + named(text), new Swatch(text)},
                          {"title_bottonline " + named(line), new Swatch(line)},
-                         {"Accent #1f71bf", new Swatch(theme::kAccent)},
+                         {"Accent #1f71bf", new Swatch(QColor(31, 113, 191))},
                          {"Accent #4baeb2", new Swatch(QColor(75, 174, 178))},
                          {"Accent #49a7f5", new Swatch(QColor(73, 167, 245))}});
 }
@@ -236,10 +242,20 @@ void addPicturesInStates(Page *page, const QMap<QString, States> &inStates)
         for (const QString &state : order)
             files << it->value(state);
         // Those of the title bar are for dark grounds only.
-        QWidget *onWhite = it.key().startsWith("Common/") ? nullptr : new PictureStrip(files, Qt::white);
-        rows << SampleRow{it.key(), {onWhite, new PictureStrip(files, theme::kInk)}};
+        QWidget *onWhite = it.key().startsWith("Common/") ? nullptr : new PictureStrip(files, theme::kGround);
+        rows << SampleRow{it.key(), {onWhite, new PictureStrip(files, theme::kSide)}};
     }
-    section->addTable({"On white", "On the dark title bar"}, rows);
+    const QString onWhite = QStringLiteral("On white");
+    section->addTable({onWhite, "On the dark title bar"}, rows);
+    const auto labels = section->findChildren<QLabel *>();
+    for (QLabel *label : labels) {
+        if (label->text() == onWhite) {
+            theme::follow(label, [label, onWhite] {
+                const QColor ground = theme::kGround;
+                label->setText(ground == Qt::white ? onWhite : QStringLiteral("On the page"));
+            });
+        }
+    }
 }
 
 void addSinglePictures(Page *page, const QStringList &single)
@@ -251,8 +267,8 @@ void addSinglePictures(Page *page, const QStringList &single)
         layout->setContentsMargins(0, 0, 0, 0);
         layout->setSpacing(theme::kUnit);
         const int tile = (kSingleWidth - theme::kUnit) / 2;
-        layout->addWidget(new PictureStrip({file}, Qt::white, tile));
-        layout->addWidget(new PictureStrip({file}, theme::kInk, tile));
+        layout->addWidget(new PictureStrip({file}, theme::kGround, tile));
+        layout->addWidget(new PictureStrip({file}, theme::kSide, tile));
         samples << Sample{file, both};
     }
     page->addSection("Single pictures", "These have one state. Their names are those of their files.")
@@ -265,8 +281,8 @@ void addLoading(Page *page)
     for (int i = 0; i < 24; ++i)
         frames << QString("loading/loading%1.png").arg(i, 2, 10, QChar('0'));
     Section *section = page->addSection("Spinner", "The frames of the waiting animation, in their order.");
-    section->addWide(new PictureStrip(frames.mid(0, 12), Qt::white, 72));
-    section->addWide(new PictureStrip(frames.mid(12), Qt::white, 72));
+    section->addWide(new PictureStrip(frames.mid(0, 12), theme::kGround, 72));
+    section->addWide(new PictureStrip(frames.mid(12), theme::kGround, 72));
 }
 
 Page *makePage()

@@ -15,7 +15,7 @@ namespace {
 constexpr int kSplitterHeight = 144;
 constexpr int kHandleWidth = 9;
 constexpr int kBarLength = 184;
-const QColor kCorner(240, 240, 240);
+constexpr theme::Tone kCorner{0xfff0f0f0, theme::Purpose::ScrollPage};
 constexpr int kAreaWidth = 420;
 constexpr int kAreaHeight = 160;
 
@@ -42,7 +42,9 @@ CBPSplitter *colored()
 {
     CBPSplitter *result = splitter(Qt::Horizontal, {"Own", "colours"}, kAreaWidth);
     if (auto *handle = qobject_cast<CBPSplitterHandle *>(result->handle(1)))
-        handle->setColr(QPen(theme::kAccent), theme::kAccentTint);
+        theme::follow(handle, [handle] {
+            handle->setColr(QPen(theme::kAccent.color()), theme::kAccentTint.color());
+        });
     return result;
 }
 
@@ -78,10 +80,12 @@ CBPScrollBar *under(CBPScrollBar *sample)
 CBPScrollBar *tinted()
 {
     CBPScrollBar *result = bar(Qt::Horizontal);
-    QVector<QColor> slider{theme::kAccent, theme::kAccentPressed, theme::kAccent, theme::kAccent};
-    QColor ground = theme::kAccentTint;
-    result->SetSliderBg(slider);
-    result->SetBarBg(ground);
+    theme::follow(result, [result] {
+        QVector<QColor> slider{theme::kAccent, theme::kAccentPressed, theme::kAccent, theme::kAccent};
+        QColor ground = theme::kAccentTint;
+        result->SetSliderBg(slider);
+        result->SetBarBg(ground);
+    });
     return result;
 }
 

@@ -44,7 +44,7 @@ CBPImageTextBtn *imageText(bool below)
 CBPRoundBtn *round(int diameter = 40, const QString &picture = "icon_user.png")
 {
     auto *result = new CBPRoundBtn(diameter, 3);
-    result->setIcon(QIcon(theme::picturePath(picture)));
+    theme::setIcon(result, picture);
     result->setToolTip("Account");
     return result;
 }

@@ -243,10 +243,10 @@ Card *inputCard()
 }
 
 // The white rest of a bar needs a ground that is not.
-QWidget *onInk(QWidget *bar)
+QWidget *onDark(QWidget *bar)
 {
     auto *strip = new QWidget;
-    theme::fill(strip, theme::kInk);
+    theme::fill(strip, theme::kSide);
     auto *row = new QHBoxLayout(strip);
     row->setContentsMargins(12, theme::kUnit, 12, theme::kUnit);
     row->addWidget(bar);
@@ -256,7 +256,7 @@ QWidget *onInk(QWidget *bar)
 Card *displayCard()
 {
     auto *card = new Card("Display", "Progress and values, drawn at any size.");
-    card->addWide(onInk(new Progress));
+    card->addWide(onDark(new Progress));
     card->addGap();
     auto *slider = new CBPSmoothSlider(nullptr);
     slider->Init({"0", "25", "50", "75", "100"}, 100, 0);

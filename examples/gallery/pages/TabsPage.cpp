@@ -19,8 +19,6 @@ namespace {
 constexpr int kTitleHeight = 40;
 constexpr int kTitleWidth = 240;
 constexpr int kContainerWidth = (theme::kPageWidth - 3 * theme::kUnit) / 2;
-const QColor kOrange(176, 84, 20);
-const QVector<QColor> kTabTexts{QColor(87, 174, 246), Qt::white, Qt::white, QColor(187, 187, 187)};
 
 QWidget *words(const QString &text, int indent = 0)
 {
@@ -39,13 +37,24 @@ QString iconFile(const QString &name)
     return QString(":/gallery/%1.svg").arg(name.toLower());
 }
 
-// The icons of all tabs, in the colours of the built-in texts; `current` is the tab that is chosen.
-void tintIcons(CTabContainer *tabs, int current)
+constexpr char kChosen[] = "chosenTab"; // a dynamic property
+
+QVector<QColor> tabTexts()
+{
+    using theme::Purpose;
+    return theme::colorsOf({{0xff57aef6, Purpose::GroupText},
+                            {0xffffffff, Purpose::GroupTextHovered},
+                            {0xffffffff, Purpose::GroupTextPressed},
+                            {0xffbbbbbb, Purpose::GroupTextDisabled}});
+}
+
+// The icons of all tabs, in the colours of the built-in texts.
+void tintIcons(CTabContainer *tabs)
 {
     const QStringList names = tabNames();
     for (int i = 0; i < names.size(); ++i) {
         CBPPushBtn *button = tabs->findChild<CButtonGroupBox *>()->GetButton(i + 1);
-        theme::setTintedIcon(button, iconFile(names[i]), kTabTexts, i + 1 == current);
+        theme::setTintedIcon(button, iconFile(names[i]), tabTexts(), i + 1 == tabs->property(kChosen).toInt());
     }
 }
 
@@ -63,8 +72,12 @@ CTabContainer *container(bool icons, bool extra)
             button->setSpacing(20);
             button->setFixedWidth(104);
         }
-        tintIcons(tabs, 1);
-        QObject::connect(tabs, &CTabContainer::sigTabChanged, tabs, [tabs](int id) { tintIcons(tabs, id); });
+        tabs->setProperty(kChosen, 1);
+        theme::follow(tabs, [tabs] { tintIcons(tabs); });
+        QObject::connect(tabs, &CTabContainer::sigTabChanged, tabs, [tabs](int id) {
+            tabs->setProperty(kChosen, id);
+            tintIcons(tabs);
+        });
     }
     theme::lowerButtons(tabs->findChild<CButtonGroupBox *>());
     if (extra) {
@@ -98,7 +111,9 @@ QWidget *accordion(EventLog *log, bool plain)
     for (const auto &text : texts) {
         auto *entry = new CTabPageItem(kTitleHeight, panel);
         entry->AddPage(text.title, words(text.content, plain ? 12 : 42), 0);
-        entry->SetFocusLabelColor(theme::kInk, plain ? kOrange : QColor());
+        theme::follow(entry, [entry, plain] {
+            entry->SetFocusLabelColor(theme::kInk, plain ? theme::kOrange.color() : QColor());
+        });
         if (plain)
             entry->HideTailIcon();
         else
@@ -181,7 +196,7 @@ void addTitles(Page *page)
     auto *own = new CFoucsLabel("Own arrows");
     own->SetIconPath({theme::picturePath("icon_lock.png")},
                      {theme::picturePath("icon_arrowdown.png"), theme::picturePath("icon_arrowup.png")});
-    own->SetColor(theme::kInk, kOrange);
+    theme::follow(own, [own] { own->SetColor(theme::kInk, theme::kOrange); });
     own->SetFocus(true);
     auto *indented = new CFoucsLabel("Moved in by 24 pixels", 24);
     auto *cut = new CFoucsLabel("A title that is longer than its place allows");

@@ -1,5 +1,6 @@
 #include "Page.h"
 #include "PageRegistry.h"
+#include "Pose.h"
 #include "Theme.h"
 
 #include "CBPPushBtn.h"
@@ -24,32 +25,34 @@ QLabel *words(const QString &text, int width = kTextWidth)
 
 // The picture of a tip as it stands on the screen, below what it explains if it has an arrow. It takes the
 // tip.
-QWidget *portrait(QWidget *tip)
+QPixmap portrait(QWidget *tip)
 {
     const QScopedPointer<QWidget> owner(tip);
     tip->adjustSize();
     // Whole device pixels at every scaling, or the page would cut the last row of them off.
     const auto whole = [](int side) { return (side + 3) / 4 * 4; };
     tip->resize(whole(tip->width()), whole(tip->height()));
-    auto *label = new QLabel;
-    label->setPixmap(tip->grab());
-    return label;
+    return tip->grab();
 }
 
 QWidget *bubble(ENOrientation orientation, const QString &text, int radius = 3)
 {
-    auto *tip = new CBPTipWnd(orientation, nullptr);
-    tip->SetRoundRadius(radius, radius);
-    tip->AppendWidget(words(text));
-    return portrait(tip);
+    return pose::shown([=] {
+        auto *tip = new CBPTipWnd(orientation, nullptr);
+        tip->SetRoundRadius(radius, radius);
+        tip->AppendWidget(words(text));
+        return portrait(tip);
+    });
 }
 
 QWidget *darkTip(const QString &text, int width, const QColor &ground = QColor())
 {
-    auto *tip = new CTextTips(width, nullptr);
-    tip->SetBkgColor(ground);
-    tip->SetShowText(text);
-    return portrait(tip);
+    return pose::shown([=] {
+        auto *tip = new CTextTips(width, nullptr);
+        tip->SetBkgColor(ground);
+        tip->SetShowText(text);
+        return portrait(tip);
+    });
 }
 
 CBPPushBtn *anchor(const QString &text)
@@ -104,24 +107,29 @@ void addBubbles(Page *page)
                         kBubbleWidth);
 }
 
+QPixmap mixed()
+{
+    auto *tip = new CBPTipWnd(ENOrientationLeft, nullptr);
+    tip->AppendWidget(theme::label("Sign in", theme::Semibold, 14, theme::kInk));
+    QLabel *explanation = words("Your settings come with you.");
+    explanation->setContentsMargins(0, 4, 0, 12); // the tip sets nothing between its widgets
+    tip->AppendWidget(explanation);
+    auto *button = new CBPPushBtn("Continue", nullptr);
+    button->setFixedWidth(kTextWidth);
+    tip->AppendWidget(button);
+    return portrait(tip);
+}
+
 void addContents(Page *page)
 {
     Section *section =
         page->addSection("Corners and contents",
                          "The corners have any radius, and the tip holds any widgets, one below the other.");
-    auto *mixed = new CBPTipWnd(ENOrientationLeft, nullptr);
-    mixed->AppendWidget(theme::label("Sign in", theme::Semibold, 14, theme::kInk));
-    QLabel *explanation = words("Your settings come with you.");
-    explanation->setContentsMargins(0, 4, 0, 12); // the tip sets nothing between its widgets
-    mixed->AppendWidget(explanation);
-    auto *button = new CBPPushBtn("Continue", nullptr);
-    button->setFixedWidth(kTextWidth);
-    mixed->AppendWidget(button);
     section->addColumns(kColumns,
                         {{"Radius 0", bubble(ENOrientationCenter, "Square corners.", 0)},
                          {"Radius 12", bubble(ENOrientationCenter, "Softer corners.", 12)},
                          {"Radius 12, no arrow", bubble(ENOrientationNone, "Softer corners.", 12)},
-                         {"Several widgets", portrait(mixed)}},
+                         {"Several widgets", pose::shown(mixed)}},
                         kBubbleWidth);
 }
 

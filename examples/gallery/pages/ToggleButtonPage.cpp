@@ -8,6 +8,8 @@
 #include "CButtonGroupBox.h"
 #include "CTriStateButton.h"
 
+#include <QVariant>
+
 namespace {
 
 CTriStateButton *toggle(const QString &text, bool checked = false, bool locked = false, bool noToggle = false)
@@ -30,11 +32,13 @@ CTriStateButton *live(EventLog *log, CTriStateButton *button)
     return button;
 }
 
-void tintIcons(CButtonGroupBox *box, int selected)
+constexpr char kChosen[] = "chosenButton"; // a dynamic property
+
+void tintIcons(CButtonGroupBox *box)
 {
     for (int id = 0; CBPPushBtn *button = box->GetButton(id); ++id)
         theme::setTintedIcon(button, theme::picturePath("icon_user.png"), theme::groupTexts(),
-                             id == selected);
+                             id == box->property(kChosen).toInt());
 }
 
 CButtonGroupBox *group(bool exclusive, int selected = -1, bool icons = false)
@@ -53,8 +57,12 @@ CButtonGroupBox *group(bool exclusive, int selected = -1, bool icons = false)
     }
     theme::lowerButtons(box);
     if (icons) {
-        tintIcons(box, selected);
-        QObject::connect(box, &CButtonGroupBox::sigBtnClicked, box, [box](int id) { tintIcons(box, id); });
+        box->setProperty(kChosen, selected);
+        theme::follow(box, [box] { tintIcons(box); });
+        QObject::connect(box, &CButtonGroupBox::sigBtnClicked, box, [box](int id) {
+            box->setProperty(kChosen, id);
+            tintIcons(box);
+        });
     }
     return box;
 }
@@ -82,19 +90,27 @@ void addLiveSamples(Page *page)
     section->addWide(log);
 }
 
+void paintOrange(CTriStateButton *button)
+{
+    using theme::Purpose;
+    QColor plain = theme::kCaption;
+    QColor deep = theme::Tone(0xffa04a0e, Purpose::Warning);
+    QColor hover = theme::Tone(0xff783c10, Purpose::Warning, Purpose::Text, 40);
+    button->SetColor(plain, deep, hover);
+    button->setBgColor(theme::colorsOf({theme::kGround,
+                                        {0xfffdf6f0, Purpose::Ground, Purpose::Warning, 10},
+                                        {0xfffcecde, Purpose::Ground, Purpose::Warning, 18},
+                                        theme::kGround}));
+}
+
 SampleRow statesOf(const QString &caption, bool checked, const QString &text, bool ownColors = false)
 {
     SampleRow row{caption, {}};
     for (const pose::State state :
          {pose::Normal, pose::Hovered, pose::Pressed, pose::Focused, pose::Disabled}) {
         CTriStateButton *sample = toggle(text, checked);
-        if (ownColors) {
-            QColor plain(103, 114, 128);
-            QColor deep(160, 74, 14);
-            QColor hover(120, 60, 16);
-            sample->SetColor(plain, deep, hover);
-            sample->setBgColor({Qt::white, QColor(253, 246, 240), QColor(252, 236, 222), Qt::white});
-        }
+        if (ownColors)
+            theme::follow(sample, [sample] { paintOrange(sample); });
         row.widgets << pose::in(state, sample);
     }
     return row;

@@ -12,6 +12,8 @@
 
 namespace {
 
+using theme::Purpose;
+
 constexpr int kBesideHeight = 36;
 constexpr int kBelowHeight = 64;
 
@@ -28,8 +30,10 @@ CBPToolButton *tool(const QString &text, ENAlign align, int id = 0)
     QVector<QString> files = images("list_%1.png");
     auto *button = new CBPToolButton(files, text, id, align, true);
     button->setFixedHeight(align == ENAlignLeft ? kBesideHeight : kBelowHeight);
-    button->SetTextColor(
-        {QColor(14, 115, 173), QColor(14, 115, 173), QColor(9, 92, 140), QColor(150, 158, 168)});
+    theme::follow(button, [button] {
+        constexpr theme::Tone rest{0xff0e73ad, Purpose::ToolText}, pressed{0xff095c8c, Purpose::ToolText};
+        button->SetTextColor(theme::colorsOf({rest, rest, pressed, theme::kFaint}));
+    });
     return button;
 }
 
@@ -119,7 +123,9 @@ void addStates(Page *page)
 
 CBPToolButton *framed(CBPToolButton *button)
 {
-    button->SetFrmColor(QVector<QColor>(4, QColor(190, 224, 226)));
+    theme::follow(button, [button] {
+        button->SetFrmColor(QVector<QColor>(4, theme::Tone(0xffbee0e2, Purpose::Frame)));
+    });
     return button;
 }
 
@@ -164,8 +170,13 @@ public:
     {
         setFixedSize(112, 56);
         SetRoundRadius(radius, radius);
-        SetFrmColor({QColor(190, 200, 212), theme::kAccent, theme::kAccentPressed, QColor(221, 226, 231)});
-        SetBgColor({QColor(250, 252, 253), theme::kAccentTint, QColor(205, 225, 243), QColor(247, 249, 251)});
+        theme::follow(this, [this] {
+            constexpr theme::Tone frame{0xffbec8d4, Purpose::Frame}, ground{0xfffafcfd, Purpose::RaisedGround};
+            constexpr theme::Tone frameOff{0xffdde2e7, Purpose::FrameDisabled};
+            SetFrmColor(theme::colorsOf({frame, theme::kAccent, theme::kAccentPressed, frameOff}));
+            SetBgColor(
+                theme::colorsOf({ground, theme::kAccentTint, theme::kAccentTintDeep, theme::kPanel}));
+        });
     }
 
     void OnExpose() override

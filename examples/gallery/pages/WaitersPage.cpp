@@ -27,9 +27,7 @@ constexpr int kExpanderWidth = (theme::kPageWidth - (kColumns - 1) * 3 * theme::
 CBPWaitBtn *primary(const QString &text, const QString &waitingText)
 {
     auto *button = new CBPWaitBtn(theme::spinnerFrames(), text, waitingText);
-    button->setBgColor(theme::waitingGrounds());
-    button->setTextColor(theme::waitingTexts());
-    button->setFrmTrancent(true);
+    theme::fillWaitingButton(button);
     button->setFixedSize(168, theme::kControlHeight);
     return button;
 }
@@ -97,12 +95,13 @@ QWidget *spinning(CBPWaitBtn *button, const QString &waitingText, int index)
 {
     button->setText(waitingText);
     button->setSpacing(32); // so that the spinner stands where the button itself draws it
-    QIcon icon;
-    const QPixmap frame =
-        theme::picture(QString("loading/loading%1.png").arg(index, 2, 10, QLatin1Char('0')));
-    icon.addPixmap(frame, QIcon::Disabled);
     button->setIconSize(QSize(20, 20));
-    button->setIcon(icon);
+    theme::follow(button, [button, index] {
+        QIcon icon;
+        const QString name = QStringLiteral("loading/loading%1.png").arg(index, 2, 10, QLatin1Char('0'));
+        icon.addPixmap(theme::picture(name), QIcon::Disabled);
+        button->setIcon(icon);
+    });
     return pose::in(pose::Disabled, button);
 }
 
@@ -120,24 +119,24 @@ void addButtons(Page *page)
 // The window as it lies over the window of an application.
 QWidget *waiterPortrait()
 {
-    CBPUISyncWaiter waiter("Please wait");
-    waiter.setAttribute(Qt::WA_DontShowOnScreen);
-    waiter.show();
-    auto *label = new QLabel;
-    label->setPixmap(waiter.grab());
-    return label;
+    return pose::shown([] {
+        CBPUISyncWaiter waiter("Please wait");
+        waiter.setAttribute(Qt::WA_DontShowOnScreen);
+        waiter.show();
+        return waiter.grab();
+    });
 }
 
 // Its timer ticks every 30 milliseconds, and every 300 once the halves have closed in. Here it does so at
 // once.
 QWidget *dialogPortrait(int ticks)
 {
-    CBPWaiter waiter(nullptr, "Loading", unsigned(kWait), false);
-    for (int tick = 0; tick < ticks; ++tick)
-        QMetaObject::invokeMethod(&waiter, "on_timeout");
-    auto *label = new QLabel;
-    label->setPixmap(waiter.grab());
-    return label;
+    return pose::shown([ticks] {
+        CBPWaiter waiter(nullptr, "Loading", unsigned(kWait), false);
+        for (int tick = 0; tick < ticks; ++tick)
+            QMetaObject::invokeMethod(&waiter, "on_timeout");
+        return waiter.grab();
+    });
 }
 
 void addWindows(Page *page)

@@ -22,7 +22,7 @@ constexpr int kTickMs = 100;
 constexpr int kSteps = 30; // of a job
 constexpr unsigned long kStepMs = 100;
 constexpr int kButtonWidth = 184;
-const QColor kRestingDot(0xd7, 0xdc, 0xe4);
+constexpr theme::Tone kRestingDot{0xffd7dce4, theme::Purpose::Rule};
 
 // Counts to a hundred, slowly, on its own thread.
 class CountJob : public CBaseSyncExecuter
@@ -68,9 +68,7 @@ CBPPushBtn *opener(const QString &text, EventLog *log, const std::function<void(
 CBPWaitBtn *waitingButton(EventLog *log)
 {
     auto *button = new CBPWaitBtn(theme::spinnerFrames(), "Count in the button", "Counting");
-    button->setBgColor(theme::waitingGrounds());
-    button->setTextColor(theme::waitingTexts());
-    button->setFrmTrancent(true);
+    theme::fillWaitingButton(button);
     button->setFixedSize(kButtonWidth, theme::kControlHeight);
     QObject::connect(button, &CBPPushBtn::sigBtnClicked, log,
                      [button, log] { wait(button, nullptr, log, "Waiting button"); });
@@ -140,7 +138,7 @@ protected:
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
         for (int i = 0; i < kDots; ++i) {
-            painter.setBrush(i == m_beats % kDots ? theme::kAccent : kRestingDot);
+            painter.setBrush((i == m_beats % kDots ? theme::kAccent : kRestingDot).color());
             painter.drawEllipse(QPointF(8 + i * 15, height() / 2.0), 4, 4);
         }
     }

@@ -18,6 +18,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSpinBox>
@@ -228,6 +229,17 @@ SampleRow plainRow(const QString &name, QWidget *(*make)())
     return row;
 }
 
+// A thin line round a window, which has no frame of its own here.
+class Outlined : public QWidget
+{
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        theme::paintPanel(painter, rect(), theme::kGround);
+    }
+};
+
 QWidget *mainWindow()
 {
     auto *window = new CBPQtMainWindow(nullptr, Qt::Widget);
@@ -241,13 +253,11 @@ QWidget *mainWindow()
     window->statusBar()->showMessage("Ready");
     window->statusBar()->setSizeGripEnabled(false);
 
-    // A thin line round the window, which has no frame of its own here.
-    auto *outlined = new QWidget;
-    theme::fill(outlined, theme::kLine);
-    theme::fill(window, Qt::white);
+    auto *outlined = new Outlined;
     auto *layout = new QVBoxLayout(outlined);
     layout->setContentsMargins(1, 1, 1, 1);
     layout->addWidget(window);
+    theme::fill(window, theme::kGround);
     outlined->setFixedSize(kViewWidth, 136);
     return outlined;
 }
