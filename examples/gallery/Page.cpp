@@ -126,8 +126,7 @@ QWidget *onGround(const theme::Tone &ground, const QVector<QWidget *> &widgets)
 
 QWidget *onGround(const theme::Tone &ground, const QVector<Sample> &samples)
 {
-    auto *box = new QWidget;
-    theme::fill(box, ground);
+    QWidget *box = theme::ground(ground);
     auto *layout = new QVBoxLayout(box);
     layout->setContentsMargins(kSampleGap, kSampleGap, kSampleGap, kSampleGap);
     layout->addLayout(rowOfSamples(samples, theme::kSideText));

@@ -74,6 +74,23 @@ QPixmap tinted(const QString &file, const QColor &color)
     return result;
 }
 
+class Ground : public QWidget
+{
+public:
+    explicit Ground(const Tone &tone) : m_tone(tone) { fill(this, tone); }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        if (m_tone.color() == kGround.color())
+            paintPanel(painter, rect(), m_tone);
+    }
+
+private:
+    Tone m_tone;
+};
+
 } // namespace
 
 QFont font(Weight weight, int pixelSize)
@@ -158,13 +175,13 @@ QVector<QColor> onAccents()
 
 QVector<QColor> waitingGrounds()
 {
-    constexpr Tone waiting{0xffc9e5fc, Purpose::PrimaryGroundDisabled};
+    constexpr Tone waiting{0xffc9e5fc, Purpose::Ground, Purpose::Accent, 20};
     return colorsOf({kAccent, kAccentHovered, kAccentPressed, waiting});
 }
 
 QVector<QColor> waitingTexts()
 {
-    constexpr Tone waiting{0xff134d85, Purpose::PrimaryTextDisabled};
+    constexpr Tone waiting{0xff134d85, Purpose::Text};
     return colorsOf({kOnAccent, kOnAccent, kOnAccent, waiting});
 }
 
@@ -231,7 +248,11 @@ void setTintedIcon(CBPPushBtn *button, const QString &file, const QVector<QColor
 
 QIcon icon(const QString &name)
 {
-    return QIcon(themed(picturePath(name)));
+    const QString file = themed(picturePath(name));
+    QIcon result(file);
+    if (file != picturePath(name)) // Qt would make it from the application's palette
+        result.addPixmap(tinted(file, kFaint), QIcon::Disabled);
+    return result;
 }
 
 CBPLinkerButton *link(const QString &text, QWidget *parent)
@@ -259,6 +280,11 @@ void fill(QWidget *widget, const Tone &tone)
         palette.setColor(QPalette::Window, tone);
         widget->setPalette(palette);
     });
+}
+
+QWidget *ground(const Tone &tone)
+{
+    return new Ground(tone);
 }
 
 QString picturePath(const QString &name)

@@ -191,6 +191,9 @@ void paintPanel(QPainter &painter, const QRect &rect, const QColor &ground = kPa
 // Gives a widget a ground of one colour.
 void fill(QWidget *widget, const Tone &tone);
 
+// A widget with a ground of one colour, and an outline where the page has the same.
+QWidget *ground(const Tone &tone);
+
 // The path of a picture of res/ ("icon_user.png", "Common/gift_normal.svg").
 QString picturePath(const QString &name);
 

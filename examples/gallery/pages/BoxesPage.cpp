@@ -21,7 +21,7 @@ constexpr int kCellWidth = 64;
 constexpr int kBoxWidth = 256;
 constexpr int kFoldHeight = 136;
 constexpr int kFoldTime = 400; // milliseconds
-constexpr theme::Tone kInserted{0xffbed6f0, theme::Purpose::Ground, theme::Purpose::Accent, 45};
+constexpr theme::Tone kInserted{0xffbed6f0, theme::Purpose::Ground, theme::Purpose::Accent, 40};
 constexpr theme::Tone kFrame{0xffc7d0dd, theme::Purpose::Frame};
 constexpr theme::Tone kPaleRed{0xfffff0f0, theme::Purpose::Ground};
 

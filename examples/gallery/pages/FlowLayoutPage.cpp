@@ -33,9 +33,7 @@ CBPDrawLabel *tag(QString text)
 // Dark enough for its edges to be seen, which is where the rows break.
 QWidget *ground()
 {
-    auto *panel = new QWidget;
-    theme::fill(panel, kGround);
-    return panel;
+    return theme::ground(kGround);
 }
 
 // A panel of tags, `width` pixels wide and as high as they need.

@@ -78,6 +78,8 @@ private:
             painter.drawRoundedRect(rect.adjusted(ring, ring, -ring, -ring), corner, corner);
         }
         painter.setBrush(m_ground);
+        if (m_ground.lightness() < 128) // a shadow alone is hard to see there
+            painter.setPen(theme::kLine);
         const qreal border = m_border;
         // White would shine through at the title bar's own round corners.
         painter.setClipRect(rect.adjusted(0, border + kRadius, 0, 0));

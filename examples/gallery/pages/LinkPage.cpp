@@ -115,8 +115,8 @@ const char kCheckSheet[] =
     "CBPCheckBox::indicator:hover { border-color: %5; }"
     "CBPCheckBox::indicator:checked, CBPCheckBox::indicator:indeterminate"
     " { background: %5; border-color: %5; }"
-    "CBPCheckBox::indicator:checked { image: url(:/gallery/tick.svg); }"
-    "CBPCheckBox::indicator:indeterminate { image: url(:/gallery/dash.svg); }"
+    "CBPCheckBox::indicator:checked { image: url(:/gallery/tick%9.svg); }"
+    "CBPCheckBox::indicator:indeterminate { image: url(:/gallery/dash%9.svg); }"
     "CBPCheckBox::indicator:disabled { background: %6; border-color: %7; }"
     "CBPCheckBox::indicator:checked:disabled, CBPCheckBox::indicator:indeterminate:disabled"
     " { background: %8; border-color: %8; }";
@@ -135,7 +135,8 @@ QString checkSheet()
     QString sheet = QString::fromLatin1(kCheckSheet);
     for (const theme::Tone &tone : tones)
         sheet = sheet.arg(tone.color().name());
-    return sheet;
+    const QColor mark = theme::kOnAccent;
+    return sheet.arg(mark.lightness() < 128 ? QStringLiteral("_dark") : QString());
 }
 
 CBPCheckBox *styled(Qt::CheckState state)

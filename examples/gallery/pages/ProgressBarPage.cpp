@@ -15,7 +15,8 @@ namespace {
 
 constexpr int kWidth = 240;
 constexpr int kButtonWidth = 96;
-constexpr theme::Tone kLightGround{0xffe3e8ee, theme::Purpose::Ground, theme::Purpose::Rule, 50};
+constexpr theme::Tone kLightGround{0xffe3e8ee, theme::Purpose::RaisedGround};
+constexpr theme::Tone kAccentGround{0xff1f71bf, theme::Purpose::Ground, theme::Purpose::Accent, 20};
 
 CBPGradientProgressBar *bar(int width = kWidth)
 {
@@ -78,8 +79,7 @@ void addLiveSamples(Page *page)
         });
         return result;
     };
-    auto *ground = new QWidget;
-    theme::fill(ground, kLightGround);
+    QWidget *ground = theme::ground(kLightGround);
     auto *layout = new QVBoxLayout(ground);
     layout->setContentsMargins(24, 24, 24, 24);
     layout->addWidget(progress);
@@ -124,7 +124,7 @@ void addSizes(Page *page)
     section->addWide(
         onGround(theme::kSide, {{"40 %, 400 wide", at(40, 400)}, {"120", at(40, 120)}, {"24", at(40, 24)}}));
     section->addWide(onGround(kLightGround, QVector<QWidget *>{at(60), at(100)}));
-    section->addWide(onGround(theme::kAccent, QVector<QWidget *>{at(60), at(100)}));
+    section->addWide(onGround(kAccentGround, QVector<QWidget *>{at(60), at(100)}));
 }
 
 Page *makePage()

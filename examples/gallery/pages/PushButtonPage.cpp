@@ -136,7 +136,9 @@ CBPPushBtn *checked()
     theme::follow(result, [result] {
         result->setCheckedBgColor(theme::kAccent);
         result->setCheckedFrmColor(theme::kAccentPressed);
-        result->setTextColor(QVector<QColor>(4, theme::kOnAccent));
+        constexpr theme::Tone disabled{0xffffffff, theme::Purpose::Text}; // the ground is paler then
+        result->setTextColor(
+            theme::colorsOf({theme::kOnAccent, theme::kOnAccent, theme::kOnAccent, disabled}));
     });
     return result;
 }
@@ -308,7 +310,7 @@ CBPPushBtn *seeThrough(const QString &text, int radius)
     CBPPushBtn *result = button(text);
     result->setBgTrancent(true);
     result->setRoundRadius({radius, radius});
-    constexpr theme::Tone disabled = theme::Tone::onSide(0xff5d6880, theme::Purpose::DisabledText);
+    constexpr theme::Tone disabled{0xff5d6880, theme::Purpose::DisabledText};
     theme::follow(result, [result, disabled] {
         const QVector<QColor> texts =
             theme::colorsOf({theme::kSideText, theme::kSideMarked, theme::kTeal, disabled});

@@ -245,8 +245,7 @@ Card *inputCard()
 // The white rest of a bar needs a ground that is not.
 QWidget *onDark(QWidget *bar)
 {
-    auto *strip = new QWidget;
-    theme::fill(strip, theme::kSide);
+    QWidget *strip = theme::ground(theme::kSide);
     auto *row = new QHBoxLayout(strip);
     row->setContentsMargins(12, theme::kUnit, 12, theme::kUnit);
     row->addWidget(bar);

@@ -95,7 +95,7 @@ void addColors(Page *page)
         "colours; what it leaves out is as in the theme that it is based on, and follows the colours it has.");
     const auto purposes = QMetaEnum::fromType<Purpose>();
     QVector<Sample> samples;
-    for (int purpose = 0; purpose <= int(Purpose::Shadow); ++purpose)
+    for (int purpose = 0; purpose < int(Purpose::Badge); ++purpose)
         samples << Sample{QString::fromLatin1(purposes.valueToKey(purpose)), new Swatch(Purpose(purpose))};
     section->addColumns(kColumns, samples);
 }
