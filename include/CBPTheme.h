@@ -23,9 +23,9 @@
 /// painter.fillRect(rect(), CBPTheme::color(CBPTheme::Purpose::Field));
 /// \endcode
 ///
-/// Pictures of the folder `res` that have a twin in `res/dark` or `res/contrast` are shown from there, and those
-/// of an application from a folder `dark` or `contrast` beside them, also in Qt's resources.
-/// GUI thread only. \since 1.0
+/// Pictures of the folder `res` that have a twin in `res/dark` or `res/contrast` are shown from there, and
+/// those of an application from a folder `dark` or `contrast` beside them, also in Qt's resources. GUI thread
+/// only. \since 1.0
 class LUMQT_EXPORT CBPTheme : public QObject
 {
     Q_OBJECT
@@ -283,11 +283,12 @@ public:
     ///
     /// `name` is the theme's name, else the file's without its suffix; `base` is "light" (if left out) or
     /// "dark", whose colours and pictures the theme has where it says nothing. All other keys are purposes
-    /// with a colour, \#rrggbb or \#aarrggbb. Where a colour of the base is that of another purpose, it follows
-    /// that one: with `accent` alone, all that has the accent changes. Keys and colours that are not known
-    /// are said in the log, with file, key and what was expected, and the rest is used. A theme of the same
-    /// name takes the place of the one loaded before, and shows at once where that one is shown. The names of
-    /// the library's themes are refused. \since 1.0
+    /// with a colour, \#rrggbb or \#aarrggbb. Sections only group; lines that begin with ; or \# are remarks,
+    /// and so is what follows a ; behind a value that is not in quotation marks. Where a colour of the base
+    /// is that of another purpose, it follows that one: with `accent` alone, all that has the accent changes.
+    /// Keys and colours that are not known are said in the log, with file, key and what was expected, and the
+    /// rest is used. A theme of the same name takes the place of the one loaded before, and shows at once
+    /// where that one is shown. The names of the library's themes are refused. \since 1.0
     static QString load(const QString &file);
 
     /// The name of the theme that is shown. \since 1.0
@@ -308,12 +309,15 @@ public:
 
     /// Whether the library's windows have palette(), now and after each change, which plain Qt widgets in
     /// them take over. Colours that an application has set in the palette of such a window or widget stay.
+    /// In a window with a style sheet Qt passes no palette on, unless the application has the attribute
+    /// Qt::AA_UseStyleSheetPropagationInWidgetStyles.
     /// Menus and tool tips, windows of their own, have it in the whole application, unless it gives them a
     /// palette afterwards. Off at first.
     ///
-    /// Some styles draw parts in other colours than the palette's: Fusion outlines in a shade of the ground,
-    /// Windows' own style has light fields and buttons. CBPStyle::Install() gives all of them the theme's.
-    /// Links in a rich text have the colour of QApplication::palette(). \since 1.0
+    /// Where fields and buttons are native and light (Windows' own style, when the window is made), the
+    /// window has the ground and the texts on it only; Fusion outlines in a shade of the ground, which is
+    /// faint in dark themes. CBPStyle::Install() gives all the theme's colours. Links in a rich text have the
+    /// colour of QApplication::palette(). \since 1.0
     static void givePalette(bool give);
 
     /// Whether the library's windows are given palette(). \since 1.0

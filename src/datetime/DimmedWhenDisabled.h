@@ -1,5 +1,7 @@
 #pragma once
 
+#include "foundation/Palette.h"
+
 #include <QEvent>
 #include <QGraphicsOpacityEffect>
 #include <QWidget>
@@ -12,7 +14,8 @@ class DimmedWhenDisabled : public QGraphicsOpacityEffect
 public:
     explicit DimmedWhenDisabled(QWidget *button) : QGraphicsOpacityEffect(button)
     {
-        setOpacity(kDimmed);
+        setOpacity(disabledOpacity(kDimmed));
+        onThemeChange(this, [this] { setOpacity(disabledOpacity(kDimmed)); });
         setEnabled(!button->isEnabled());
         button->setGraphicsEffect(this);
         button->installEventFilter(this);

@@ -369,7 +369,7 @@ void CFoucsLabel::drawIcon(QPainter &painter, Icon &icon, const QRect &place)
     if (pixmap.isNull())
         return;
     const QSize size = icon.image.size();
-    painter.setOpacity(isEnabled() ? 1.0 : kDisabledOpacity);
+    painter.setOpacity(isEnabled() ? 1.0 : lumqt::disabledOpacity(kDisabledOpacity));
     painter.drawPixmap(place.x() + (place.width() - size.width()) / 2,
                        place.y() + (place.height() - size.height()) / 2, pixmap);
     painter.setOpacity(1.0);

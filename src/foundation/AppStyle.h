@@ -10,4 +10,7 @@ namespace lumqt {
 // style.
 QString applicationStyleKey();
 
+// Whether the application's style draws most parts as the system has them, whatever palette a widget has.
+bool hasNativeLook();
+
 } // namespace lumqt

@@ -275,6 +275,14 @@ int CBPStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidge
     case SH_Table_GridLineColor:
         return int(
             (option ? lumqt::StyleColors(*option).rule : lumqt::themeColor(lumqt::Purpose::Rule)).rgba());
+    case SH_GroupBox_TextLabelColor:
+        // Windows' own style has it black, also in a dark window.
+        if (!option || option->palette.color(QPalette::Window).lightness() >= lumqt::kDarkest)
+            return QProxyStyle::styleHint(hint, option, widget, returnData);
+        return int(option->palette
+                       .color(option->state & State_Enabled ? QPalette::Active : QPalette::Disabled,
+                              QPalette::WindowText)
+                       .rgba());
     case SH_Header_ArrowAlignment:
         return int(Qt::AlignRight | Qt::AlignVCenter);
     default:

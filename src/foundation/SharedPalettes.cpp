@@ -1,6 +1,7 @@
 // The palettes of menus and tips: windows of their own, which lie in none of the library's, and have one
 // palette for a whole application. With some styles, lists of combo boxes are menus, too.
 
+#include "foundation/AppStyle.h"
 #include "foundation/Palette.h"
 
 #include <QApplication>
@@ -18,17 +19,18 @@ public:
 
     void renew()
     {
-        if (!m_worn && !wantsPalette())
+        const bool wants = wantsPalette() && !hasNativeLook();
+        if (!m_worn && !wants)
             return;
         const QPalette now = m_read();
         const bool ours = m_worn && now == m_given;
         if (!m_worn)
             m_before = now;
         if (!m_worn || ours) {
-            m_write(wantsPalette() ? themePalette() : m_before);
+            m_write(wants ? themePalette() : m_before);
             m_given = m_read(); // as the style has it
         }
-        m_worn = wantsPalette();
+        m_worn = wants;
     }
 
 private:

@@ -12,7 +12,6 @@ namespace lumqt {
 
 namespace {
 
-constexpr int kDarkest = 128;         // lightness below which a ground counts as dark
 constexpr qreal kHoveredShare = 0.08; // of the text's colour in the ground's, on a dark palette
 constexpr qreal kPressedShare = 0.16;
 constexpr qreal kRuleShare = 0.3;

@@ -40,6 +40,7 @@ constexpr int kStepWidth = 20; // of the buttons of a spin box
 constexpr int kTriangleWidth = 8;
 constexpr int kTriangleHeight = 4;
 constexpr int kFieldPadding = 4;   // above and below the text of a field that is higher for it
+constexpr int kDarkest = 128;      // lightness below which a ground counts as dark
 constexpr int kLineEditMargin = 2; // QLineEdit keeps it beside its text by itself
 
 // The parts of a widget whose colours fade, for fadedColor().

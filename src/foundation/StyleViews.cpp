@@ -168,6 +168,12 @@ QPalette::ColorGroup groupOf(const QStyleOption &option)
                                                    : QPalette::Inactive;
 }
 
+bool hasNativeSelection(const QPalette &palette)
+{
+    return palette.color(QPalette::Active, QPalette::Highlight) ==
+           palette.base().color().darker(kNativeDarkness);
+}
+
 // A table says only of the cell under the mouse that it is; where whole rows are selected, rows are hovered.
 bool isHovered(const QStyleOptionViewItem &option, const Canvas &canvas)
 {
@@ -193,7 +199,9 @@ void drawItem(const QStyleOptionViewItem &option, const Canvas &canvas)
         fill(option.backgroundBrush);
         canvas.painter.setBrushOrigin(origin);
     }
-    if (selected)
+    if (selected && hasNativeSelection(option.palette))
+        fill(selectionPalette(option, canvas.style).brush(groupOf(option), QPalette::Highlight));
+    else if (selected)
         fill(option.palette.brush(groupOf(option), QPalette::Highlight));
     else if (option.state & QStyle::State_Enabled && isHovered(option, canvas))
         fill(StyleColors(option).hovered);
@@ -370,7 +378,7 @@ QPalette selectionPalette(const QStyleOption &option, const QStyle &style)
         palette.color(QPalette::Disabled, QPalette::Highlight) == themeColor(Purpose::ChosenDisabled);
     const bool plain = themed ||
                        highlight == style.standardPalette().color(QPalette::Active, QPalette::Highlight) ||
-                       highlight == palette.base().color().darker(kNativeDarkness);
+                       hasNativeSelection(palette);
     if (!(option.state & QStyle::State_Selected) || !plain)
         return palette;
     const StyleColors colors(option);

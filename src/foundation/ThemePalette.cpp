@@ -2,6 +2,8 @@
 
 #include "foundation/Palette.h"
 
+#include "foundation/AppStyle.h"
+
 #include <QEvent>
 #include <QHash>
 #include <QWidget>
@@ -72,6 +74,18 @@ uint agreeing(const QPalette &one, const QPalette &other)
         }
     }
     return roles;
+}
+
+// Of the windows: where fields and buttons are native, and light whatever their palette, it is the ground
+// that these lie on, and what is written on that.
+const QVector<PaletteTone> &windowPalette()
+{
+    static const QVector<PaletteTone> grounds = {
+        {QPalette::Window, Purpose::Ground},
+        {QPalette::WindowText, Purpose::Text},
+        {QPalette::WindowText, Purpose::DisabledText, QPalette::Disabled},
+    };
+    return hasNativeLook() ? grounds : wholePalette();
 }
 
 // What the theme has put into the palette of one widget. A role whose colours are no longer those that were
@@ -175,7 +189,7 @@ private:
     QVector<PaletteTone> tonesNow() const
     {
         const bool whole = m_whole && wantsPalette();
-        return (whole ? wholePalette() : QVector<PaletteTone>()) +
+        return (whole ? windowPalette() : QVector<PaletteTone>()) +
                (isPlainLight() ? QVector<PaletteTone>() : m_tones) + m_kept;
     }
 
@@ -187,7 +201,9 @@ private:
         m_renewing = true;
         const QPalette current = m_widget->palette(); // its mask tells of the widget alone
         const uint worn = wornRoles(current);
-        const uint others = (current.resolve() & ~worn) | (inheritedRoles() & ~rolesOf(m_kept));
+        // A window is what others inherit from, also where it lies in another one.
+        const uint inherited = m_whole ? 0 : inheritedRoles() & ~rolesOf(m_kept);
+        const uint others = (current.resolve() & ~worn) | inherited;
         const uint mine = rolesOf(tones) & ~others;
         QPalette next = current;
         next.resolve(current.resolve() & ~worn);

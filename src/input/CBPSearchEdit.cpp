@@ -191,7 +191,7 @@ protected:
         initStyleOption(&option);
         painter.save();
         if (!isEnabled()) // the style sheet's picture is the same
-            painter.setOpacity(kDisabledOpacity);
+            painter.setOpacity(lumqt::disabledOpacity(kDisabledOpacity));
         if (isCoarse(painter.device()->devicePixelRatioF()))
             enlarge(painter, option);
         painter.drawComplexControl(QStyle::CC_ToolButton, option);
@@ -383,6 +383,7 @@ void CBPSearchEdit::keepTextClear()
 void CBPSearchEdit::showEvent(QShowEvent *event)
 {
     keepTextClear();
+    dressButtons(); // before it nobody tells of a sheet
     nameItself(this);
     CBPLineEdit::showEvent(event);
 }

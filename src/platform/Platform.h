@@ -58,7 +58,7 @@ void watchAppearance(std::function<void()> changed);
 
 // Of the platforms: has appearanceChanged() called from now on, as long as the application lives.
 void listenForAppearance();
-void appearanceChanged();
+LUMQT_TESTED void appearanceChanged();
 
 // The separator that resource paths are built with.
 LUMQT_TESTED QString pathSeparator();

@@ -122,7 +122,7 @@ private slots:
             one->SetHasNewVersion(true);
             one->ShowTitleBtn(64 + 128, true);
         }
-        QColor ground = lumqt::builtInColor(Purpose::TitleGround); // also a default that is set
+        QColor ground(0x10, 0x20, 0x30); // what it has already: set it is all the same
         own.SetBgColor(ground);
         own.SetTitleClr(lumqt::builtInColor(Purpose::TitleText));
         own.titleBtn(128)->SetBkgColors(QVector<QColor>(4, Qt::red));

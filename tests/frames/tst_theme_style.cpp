@@ -3,6 +3,7 @@
 #include "CBPQtMainWindow.h"
 #include "CBPStyle.h"
 #include "CBPWinWidget.h"
+#include "Later.h"
 #include "Rows.h"
 #include "TestMain.h"
 #include "ThemeProbe.h"
@@ -18,6 +19,18 @@
 #include <QVBoxLayout>
 
 using lumqt::Purpose;
+
+namespace {
+
+// Gives the application a style, for the time of a block.
+auto styled(const QString &name)
+{
+    const QString before = QApplication::style()->objectName();
+    name == "CBPStyle" ? CBPStyle::Install() : void(QApplication::setStyle(name));
+    return qScopeGuard([before] { QApplication::setStyle(before); });
+}
+
+} // namespace
 
 // What Qt's own widgets look like in a theme.
 class TestThemeStyle : public QObject
@@ -69,6 +82,7 @@ private slots:
 
     void palettes()
     {
+        const auto restore = styled("Fusion"); // Windows' own style is given less
         const QPalette tips = QToolTip::palette(), menus = QApplication::palette("QMenu");
         const auto check = [](QWidget *window) {
             const QScopedPointer<QWidget> owner(window);
@@ -111,11 +125,10 @@ private slots:
     void plainWidgets()
     {
         QFETCH(QString, style);
-        const QString before = QApplication::style()->objectName();
-        const auto restore = qScopeGuard([&before] { QApplication::setStyle(before); });
-        style == "CBPStyle" ? CBPStyle::Install() : void(QApplication::setStyle(style));
+        const auto restore = styled(style);
+        const auto motion = restoring(lumqt::platform::answers().lessMotion);
+        lumqt::platform::answers().lessMotion = [] { return false; };
         CBPTheme::givePalette(true);
-        CBPTheme::apply("dark");
         CBPQtMainWindow window;
         window.setCentralWidget(new QWidget);
         QVBoxLayout layout(window.centralWidget());
@@ -129,6 +142,8 @@ private slots:
         for (QWidget *widget : QVector<QWidget *>{&combo, &tabs, &table, &spin, &box})
             layout.addWidget(widget);
         window.show();
+        window.grab();
+        CBPTheme::apply("dark"); // at once, which nothing fades into
         combo.showPopup();
         QToolTip::showText(QPoint(), "Tip", &window);
         QVector<QWidget *> all{&window, combo.view()->window()};

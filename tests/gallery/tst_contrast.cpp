@@ -13,9 +13,10 @@ namespace {
 
 // What is painted on what. A plus: of each state in the ground of that state.
 const char *const kTexts[] = {
-    "Text: Ground RaisedGround Field Hovered Pressed TipGround PopUpGround BoxGround BandGround PanelGround",
+    "Text: Ground RaisedGround Field Hovered Pressed TipGround PopUpGround BoxGround BandGround PanelGround "
+    "ChosenInactive",
     "QuietText: Ground RaisedGround Field",
-    "DisabledText: Ground RaisedGround FieldDisabled Field",
+    "DisabledText: Ground RaisedGround FieldDisabled Field ChosenDisabled",
     "ChosenText: Chosen",
     "OnAccent: Accent AccentHovered AccentPressed",
     "Danger: Ground Field",
@@ -25,16 +26,17 @@ const char *const kTexts[] = {
     "ButtonText+: ButtonGround+",
     "PrimaryText+: PrimaryGround+",
     "SecondaryText+: SecondaryGround+",
-    "ImageText ImageTextMark: Ground",
+    "ImageText+ ImageTextMark: Ground",
     "ImageTip: TextTipGround",
     "PlainText+: Ground",
-    "ToolText: Ground Hovered Pressed",
+    "ToolText+: Ground",
     "ToggleText: Ground StateGround+",
     "ToggleHovered: Hovered",
     "ToggleChecked: Pressed",
     "ToggleTextDisabled: Ground ToggleGroundDisabled",
     "GroupText+: GroupGround+ TabGround+",
-    "MenuText+: MenuGround+",
+    "MenuText MenuTextDisabled: MenuGround",
+    "MenuTextHovered: MenuGroundHovered",
     "PathText: PathGround",
     "PathTextHovered: PathGroundHovered",
     "TextTipLight: TextTipGround",
@@ -46,13 +48,14 @@ const char *const kTexts[] = {
     "CalendarChosenText: CalendarChosen",
     "SliderText LabelText HeadingText HeadingFocused HeadingDisabled: Ground PanelGround",
     "ProgressText: ProgressTrack",
+    "ProgressTextDone: ProgressStart ProgressEnd",
 };
 const char *const kParts[] = {
     "Frame FrameHovered: Ground RaisedGround Field",
     "FrameDisabled: Ground FieldDisabled",
     "Rule: Ground Field",
     "Accent SecondAccent Warning Success: Ground",
-    "FocusRing: Ground RaisedGround Field ButtonGround PrimaryGroundDisabled",
+    "FocusRing: Ground RaisedGround Field ButtonGround",
     "Badge: Ground TitleGround",
     "TitleLine TitleNotice: TitleGround",
     "WindowCaptionLine: WindowCaption WindowGround",
@@ -60,7 +63,8 @@ const char *const kParts[] = {
     "SeparatorMiddle: Ground",
     "ButtonFrame+: ButtonGround+ Ground",
     "ButtonTriangle+: ButtonGround+",
-    "ButtonArrow: ButtonGround+",
+    "ButtonArrow ButtonDivider: ButtonGround ButtonGroundHovered ButtonGroundPressed",
+    "ButtonArrowDisabled ButtonDividerDisabled: ButtonGroundDisabled",
     "ButtonFocusRing: ButtonGround Ground",
     "PrimaryGround PrimaryGroundHovered PrimaryGroundPressed: Ground",
     "SecondaryFrame+: SecondaryGround+ Ground",
@@ -69,10 +73,12 @@ const char *const kParts[] = {
     "GroupFrame: GroupGround Ground",
     "ToggleFrame: Ground",
     "ToggleFrameDisabled: Ground ToggleGroundDisabled",
-    "MenuSeparator: MenuGround",
+    "MenuSeparator MenuFrame Badge: MenuGround",
+    "MenuBadgeHovered: MenuGroundHovered",
     "PathFrame: PathGround Ground",
     "TipFrame: TipGround Ground",
-    "PopUpLine PopUpOutline: PopUpGround Ground",
+    "TextTipFrame: TextTipGround Ground",
+    "PopUpLine PopUpOutline PopUpEdge: PopUpGround Ground",
     "WaiterFrame: WaiterGround Ground",
     "CalendarFrame: CalendarGround Ground",
     "CalendarToday: CalendarGround",
@@ -91,34 +97,32 @@ const char *const kParts[] = {
     "ProgressStart ProgressEnd: ProgressTrack",
     "ProgressFirst ProgressSecond: ProgressThird",
 };
-// What only shades or fades out, and a text that lies on the colours of applications.
+// What only shades or fades out, and what lies on, or under, that of applications.
 const char *const kNeither[] = {"Shadow: Ground",
                                 "SeparatorStart SeparatorEnd StateFrame StateFrameDisabled: Ground",
-                                "TextTipDark: Ground", "TitleButtonDisabled: TitleGround"};
+                                "TextTipDark: RoundedGround", "TitleButtonDisabled: TitleGround"};
 
 // Of the light theme, what is fixed as it is.
 const char *const kFaint[] = {
-    "DisabledText: Ground RaisedGround FieldDisabled Field",
+    "DisabledText: Ground RaisedGround FieldDisabled Field ChosenDisabled",
     "Link LinkHovered LinkPressed LinkDisabled ImageTextMark PlainTextDisabled SecondAccent Warning "
     "SeparatorMiddle PrimaryGround PrimaryGroundHovered ToggleFrame SliderHandle SliderHandleDisabled "
     "SliderTrack Bar: Ground",
     "TitleText: TitleGround TitleButtonHovered",
-    "ButtonTextDisabled ButtonTriangleDisabled: ButtonGroundDisabled",
+    "ButtonTextDisabled ButtonTriangleDisabled ButtonDividerDisabled: ButtonGroundDisabled",
     "PrimaryText: PrimaryGround",
     "PrimaryTextHovered: PrimaryGroundHovered",
     "PrimaryTextPressed: PrimaryGroundPressed",
-    "PrimaryTextDisabled FocusRing: PrimaryGroundDisabled",
+    "PrimaryTextDisabled: PrimaryGroundDisabled",
     "SecondaryTextDisabled: SecondaryGroundDisabled",
-    "ToolText ToggleChecked: Pressed",
     "ToggleHovered: Hovered",
+    "ToggleChecked: Pressed",
     "ToggleTextDisabled ToggleFrameDisabled: Ground ToggleGroundDisabled",
     "GroupText: GroupGround TabGround",
     "GroupTextHovered: GroupGroundHovered TabGroundHovered",
     "GroupTextPressed: GroupGroundPressed TabGroundPressed",
     "GroupTextDisabled: GroupGroundDisabled TabGroundDisabled",
-    "MenuTextHovered: MenuGroundHovered",
-    "MenuTextPressed: MenuGroundPressed",
-    "MenuTextDisabled: MenuGroundDisabled",
+    "MenuTextHovered MenuBadgeHovered: MenuGroundHovered",
     "MessageHint NoticeHead AlertHead: PopUpGround",
     "WaiterText: WaiterGround",
     "CalendarQuietText: CalendarHovered",
@@ -127,11 +131,13 @@ const char *const kFaint[] = {
     "HeadingDisabled: Ground PanelGround",
     "FrameDisabled: Ground FieldDisabled",
     "Rule GridLine: Ground Field",
-    "Badge TitleLine TitleNotice: TitleGround",
+    "Badge: TitleGround MenuGround",
+    "TitleLine TitleNotice: TitleGround",
     "WindowCaptionLine: WindowCaption WindowGround",
     "ButtonFrameHovered: ButtonGroundHovered Ground",
     "ButtonFramePressed: ButtonGroundPressed Ground",
     "ButtonFrameDisabled: ButtonGroundDisabled Ground",
+    "ButtonDivider: ButtonGround ButtonGroundHovered ButtonGroundPressed",
     "ButtonFocusRing: ButtonGround Ground",
     "SecondaryFrame: SecondaryGround Ground",
     "SecondaryFrameHovered: SecondaryGroundHovered Ground",
@@ -184,6 +190,8 @@ struct Painted
     bool isText;
 };
 
+constexpr double kNone = 21; // the contrast of black and white
+
 const QMetaEnum kPurposes = QMetaEnum::fromType<P>();
 
 // The purposes of a list, those of all states for one with a plus.
@@ -228,11 +236,14 @@ QRgb over(QRgb color, QRgb ground)
                 mixed(qBlue(color), qBlue(ground)));
 }
 
-// The least contrast that a colour has on a ground, which may let through what is behind it.
+// The least contrast that a colour has on a ground, which may let through what is behind it. What is
+// see-through is not painted.
 double seen(QRgb ink, QRgb ground)
 {
-    double least = 21;
+    double least = kNone;
     for (const QRgb behind : {0xff000000, 0xffffffff}) {
+        if (qAlpha(ink) == 0)
+            break;
         const QRgb solid = over(ground, behind);
         least = qMin(least, contrast(over(ink, solid), solid));
     }
@@ -362,7 +373,7 @@ private slots:
             for (const QString &ground : grounds) {
                 QVERIFY2(ground == "own" || purposes.contains(ground), qPrintable(ground));
                 const double found =
-                    ground == "own" ? 21 : seen(picture, CBPTheme::color(purposes[ground]).rgb());
+                    ground == "own" ? kNone : seen(picture, CBPTheme::color(purposes[ground]).rgb());
                 ++all;
                 if (found < part)
                     faults << QString("%1 on %2 %3").arg(name, ground, QString::number(found, 'f', 2));
