@@ -283,11 +283,10 @@ public:
     ///
     /// `name` is the theme's name, else the file's without its suffix; `base` is "light" (if left out) or
     /// "dark", whose colours and pictures the theme has where it says nothing. All other keys are purposes
-    /// with a colour, \#rrggbb or \#aarrggbb. Sections only group; lines that begin with ; or \# are remarks,
-    /// and so is what follows a ; behind a value that is not in quotation marks. Where a colour of the base
-    /// is that of another purpose, it follows that one: with `accent` alone, all that has the accent changes.
-    /// Keys and colours that are not known are said in the log, with file, key and what was expected, and the
-    /// rest is used. A theme of the same name takes the place of the one loaded before, and shows at once
+    /// with a colour, \#rrggbb or \#aarrggbb. Sections only group; what follows a ; is a remark. Where a
+    /// colour of the base is that of another purpose, it follows that one: with `accent` alone, all that has
+    /// the accent changes. Keys and colours that are not known are said in the log, with file, key and what
+    /// was expected, and the rest is used. A theme of the same name takes the place of the one loaded before, and shows at once
     /// where that one is shown. The names of the library's themes are refused. \since 1.0
     static QString load(const QString &file);
 

@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QMap>
 #include <QMetaEnum>
+#include <QSettings>
 #include <QTextCodec>
 
 #include <algorithm>
@@ -14,8 +15,6 @@ namespace lumqt {
 namespace {
 
 constexpr qint64 kLargestFile = 256 * 1024; // bytes; a whole theme has some 10 KiB
-constexpr int kShownKey = 60;               // characters of a line that is none, in the log
-const char kExpectedLine[] = "key = value";
 const char kExpectedColor[] = "#rrggbb or #aarrggbb";
 
 void complain(const QString &file, const QString &key, const QString &expected)
@@ -61,14 +60,13 @@ QColor colorOf(const QString &text)
                                 : QColor();
 }
 
-// The file as a text; null, and a line in the log, where it is none.
-QString textOf(const QString &file)
+// Whether it is worth reading; else a line in the log says what is not. QSettings would take any bytes.
+bool isText(const QString &file)
 {
     const char *wrong = nullptr;
     QFile source(file);
     QByteArray bytes;
     QTextCodec::ConverterState state;
-    QString text;
     // Regular files only: a pipe would wait. What is read counts, not what is told: a file may grow
     // meanwhile.
     if (!QFileInfo(file).isFile() || !source.open(QIODevice::ReadOnly))
@@ -76,13 +74,12 @@ QString textOf(const QString &file)
     else if ((bytes = source.read(kLargestFile + 1)).size() > kLargestFile)
         wrong = "at most 256 KiB";
     else
-        text = QTextCodec::codecForName("UTF-8")->toUnicode(bytes.constData(), bytes.size(), &state);
+        QTextCodec::codecForName("UTF-8")->toUnicode(bytes.constData(), bytes.size(), &state);
     if (!wrong && (state.invalidChars > 0 || state.remainingChars > 0 || bytes.contains('\0')))
         wrong = "text in UTF-8";
-    if (!wrong)
-        return text.isNull() ? QLatin1String("") : text;
-    qCWarning(lcLumQt, "The theme file %s: expected %s", qUtf8Printable(file), wrong);
-    return QString();
+    if (wrong)
+        qCWarning(lcLumQt, "The theme file %s: expected %s", qUtf8Printable(file), wrong);
+    return !wrong;
 }
 
 struct Entry
@@ -91,36 +88,21 @@ struct Entry
     QString value;
 };
 
-// What is behind a semicolon is a remark, unless it is within quotation marks, which hold a value together.
-QString valueOf(const QString &written)
+// By their keys in lower case, whatever section they are in.
+QMap<QString, Entry> entriesOf(const QString &file)
 {
-    const QString value = written.trimmed();
-    const int quoted = value.startsWith(QLatin1Char('"')) ? value.indexOf(QLatin1Char('"'), 1) : -1;
-    return quoted > 0 ? value.mid(1, quoted - 1).trimmed() : value.section(QLatin1Char(';'), 0, 0).trimmed();
-}
-
-// By their keys in lower case. QSettings would take a comma for a list, drop a line that it does not
-// understand, and not see a file that changed twice within a tick of its clock.
-QMap<QString, Entry> entriesOf(const QString &file, QString text)
-{
+    QSettings settings(file, QSettings::IniFormat);
+    settings.setIniCodec("UTF-8");
     QMap<QString, Entry> entries;
-    const auto lines = text.replace(QLatin1Char('\r'), QLatin1Char('\n')).split(QLatin1Char('\n'));
-    for (const QString &written : lines) {
-        const QString line = written.trimmed();
-        const bool isSection = line.startsWith(QLatin1Char('[')) && line.endsWith(QLatin1Char(']'));
-        if (line.isEmpty() || line.startsWith(QLatin1Char(';')) || line.startsWith(QLatin1Char('#')) ||
-            isSection)
-            continue;
-        const int equals = line.indexOf(QLatin1Char('='));
-        const QString key = line.left(equals).trimmed();
-        if (equals <= 0) {
-            complain(file, line.left(kShownKey), QLatin1String(kExpectedLine));
-            continue;
-        }
-        if (entries.contains(key.toLower()))
-            complain(file, key, QStringLiteral("it once; the last one counts"));
-        entries[key.toLower()] = {key, valueOf(line.mid(equals + 1))};
+    const QStringList keys = settings.allKeys();
+    for (const QString &path : keys) {
+        const QString key = path.section(QLatin1Char('/'), -1).remove(QChar::ByteOrderMark);
+        // A text with a comma is a list to QSettings.
+        entries[key.toLower()] = {key,
+                                  settings.value(path).toStringList().join(QLatin1String(", ")).trimmed()};
     }
+    if (settings.status() == QSettings::FormatError)
+        qCWarning(lcLumQt, "The theme file %s: expected lines of key = value", qUtf8Printable(file));
     return entries;
 }
 
@@ -155,10 +137,9 @@ QString nameIn(const QString &file, const Entry &entry)
 NamedTheme readTheme(const QString &file)
 {
     NamedTheme read;
-    const QString text = textOf(file);
-    if (text.isNull())
+    if (!isText(file))
         return read;
-    QMap<QString, Entry> entries = entriesOf(file, text);
+    QMap<QString, Entry> entries = entriesOf(file);
     read.name = nameIn(file, entries.take(QStringLiteral("name")));
     read.theme.base = baseOf(file, entries.take(QStringLiteral("base")), read.name);
     ThemeColors own;
