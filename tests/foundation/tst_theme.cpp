@@ -218,7 +218,7 @@ private slots:
                  qPrintable(s_lines[0]));
     }
 
-    // While it is shown, each time it has other colours, however fast.
+    // While it is shown, each time it has other colours. QSettings tells a file by time and length.
     void loadsAgain()
     {
         QStringList heard;
@@ -228,8 +228,8 @@ private slots:
         const auto load = [&](const char *text) { CBPTheme::load(write("again.ini", text)); };
         load("text=#000001");
         CBPTheme::apply("again");
-        load("text=#000002");
-        load("text=#000003");
+        load("text = #000002");
+        load("text  =  #000003");
         load("text=#000003\n; the same");
         load("text=#000003\nbase=dark");
         CBPTheme::apply("dark");
