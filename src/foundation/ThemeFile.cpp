@@ -96,7 +96,8 @@ QMap<QString, Entry> entriesOf(const QString &file)
     QMap<QString, Entry> entries;
     const QStringList keys = settings.allKeys();
     for (const QString &path : keys) {
-        const QString key = path.section(QLatin1Char('/'), -1).remove(QChar::ByteOrderMark);
+        // The codec is for values: of a key it leaves the bytes, with the mark at the file's beginning.
+        const QString key = QString::fromUtf8(path.section(QLatin1Char('/'), -1).toLatin1());
         // A text with a comma is a list to QSettings.
         entries[key.toLower()] = {key,
                                   settings.value(path).toStringList().join(QLatin1String(", ")).trimmed()};
