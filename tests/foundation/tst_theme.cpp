@@ -151,6 +151,8 @@ private slots:
             (QByteArray("text: ") + color).constData());
         add("Colour=#123456\ntext\nField=#000001", "Field=#ff000001",
             "lines of key = value|Colour: a purpose of CBPTheme, name or base");
+        add("\xef\xbb\xbf[Colours]\n=#123456\nName", "",
+            "lines of key = value|: a purpose of CBPTheme, name or base");
         add("Base=contrast", "Ground=#ffffffff", (QByteArray("Base: ") + base).constData());
         add("base=", "Ground=#ffffffff", (QByteArray("base: ") + base).constData());
         add("base=Mine", "Ground=#ffffffff", "base: light or dark, not the theme itself");
@@ -218,7 +220,7 @@ private slots:
                  qPrintable(s_lines[0]));
     }
 
-    // While it is shown, each time it has other colours. QSettings tells a file by time and length.
+    // While it is shown, each time it has other colours, however fast.
     void loadsAgain()
     {
         QStringList heard;
@@ -228,8 +230,8 @@ private slots:
         const auto load = [&](const char *text) { CBPTheme::load(write("again.ini", text)); };
         load("text=#000001");
         CBPTheme::apply("again");
-        load("text = #000002");
-        load("text  =  #000003");
+        load("text=#000002");
+        load("text=#000003");
         load("text=#000003\n; the same");
         load("text=#000003\nbase=dark");
         CBPTheme::apply("dark");
