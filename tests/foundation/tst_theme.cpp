@@ -72,6 +72,7 @@ private slots:
     void initTestCase()
     {
         QVERIFY(m_dir.isValid());
+        QApplication::setStyle("Fusion"); // native ones have colours of their own, whatever the palette
         s_before = qInstallMessageHandler(listen);
     }
     void cleanupTestCase() { qInstallMessageHandler(s_before); }
@@ -387,7 +388,7 @@ private slots:
         all << &dimmed;
         window.show();
         QVERIFY(QTest::qWaitForWindowExposed(&window));
-        QTest::qWait(50);
+        repaints(window, [] {}); // what is due
         std::vector<std::unique_ptr<EventCounter>> paints, moves;
         for (QWidget *widget : all) {
             paints.push_back(std::make_unique<EventCounter>(widget, QVector<QEvent::Type>{QEvent::Paint}));
@@ -395,8 +396,7 @@ private slots:
                 widget, QVector<QEvent::Type>{QEvent::Resize, QEvent::Move, QEvent::Show, QEvent::Hide,
                                               QEvent::LayoutRequest}));
         }
-        CBPTheme::apply("dark");
-        QTest::qWait(50);
+        QVERIFY(repaints(window, [] { CBPTheme::apply("dark"); }));
         for (size_t i = 0; i < paints.size(); ++i) {
             QVERIFY2(paints[i]->count >= 1 && paints[i]->count <= 3, QByteArray::number(paints[i]->count));
             QCOMPARE(moves[i]->count, 0);
