@@ -292,8 +292,8 @@ public:
     /// with a colour, \#rrggbb or \#aarrggbb. Sections only group; what follows a ; is a remark. Where a
     /// colour of the base is that of another purpose, it follows that one: with `accent` alone, all that has
     /// the accent changes. Keys and colours that are not known are said in the log, with file, key and what
-    /// was expected, and the rest is used. A theme of the same name takes the place of the one loaded before, and shows at once
-    /// where that one is shown. The names of the library's themes are refused. \since 1.0
+    /// was expected, and the rest is used. A theme of the same name takes the place of the one loaded before,
+    /// and shows at once where that one is shown. The names of the library's themes are refused. \since 1.0
     static QString load(const QString &file);
 
     /// The name of the theme that is shown. \since 1.0

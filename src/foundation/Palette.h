@@ -65,7 +65,8 @@ inline const QColor &ownOr(const QColor &own, Purpose purpose)
 // Whether it is the light theme of the library, in which a widget keeps the palette that it inherits.
 bool isPlainLight();
 
-// How opaque the picture of what is disabled is drawn: `light` in light themes, and not so pale in the others.
+// How opaque the picture of what is disabled is drawn: `light` in light themes, and not so pale in the
+// others.
 LUMQT_TESTED qreal disabledOpacity(qreal light);
 
 // Whether the theme itself says the colour of a title bar; otherwise the settings file goes before.
@@ -108,8 +109,8 @@ struct PaletteTone
 };
 
 // Keeps these colours in the palette of `widget`, in each theme but the plain light one, where it keeps what
-// it inherits. What an application sets stays, in the palette of this widget or, as long as Qt inherits it, of
-// one around. A tone for one group comes after one of the same role for all.
+// it inherits. What an application sets stays, in the palette of this widget or, as long as Qt inherits it,
+// of one around. A tone for one group comes after one of the same role for all.
 LUMQT_TESTED void wearTheme(QWidget *widget, const QVector<PaletteTone> &tones);
 
 // The same also in the plain light theme, for a part of ours that has colours of its own there. What is in

@@ -15,6 +15,7 @@
 #include "CTriStateButton.h"
 #include "foundation/FocusRing.h"
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
 #include "Pictures.h"
 #include "Pixels.h"
 #include "Spoken.h"
@@ -101,7 +102,7 @@ QWidget *splitButton()
 const char *const kById = SIGNAL(sigBtnClicked(int));
 const char *const kByCheck = SIGNAL(clicked(bool));
 const char *const kByImage = SIGNAL(btn_released(int));
-constexpr QRgb kRing = lumqt::kFocusRingColor;
+const QRgb kRing = lumqt::builtInColor(lumqt::Purpose::FocusRing).rgb();
 
 const QVector<Sibling> kSiblings{
     {"push", kById, kOwnRing, kPush, made<CBPPushBtn>(kText, nullptr)},

@@ -2,7 +2,7 @@
 #include "CBPDateSelector.h"
 #include "CBPImageButton.h"
 #include "CBPTipWnd.h"
-#include "foundation/Look.h"
+#include "foundation/Palette.h"
 #include "Pixels.h"
 #include "RealInput.h"
 #include "Spoken.h"
@@ -23,7 +23,7 @@
 namespace {
 
 const QColor kFrame(215, 215, 215);
-const QColor kAccent(lumqt::kAccent);
+const QColor kAccent = lumqt::builtInColor(lumqt::Purpose::Accent);
 
 // A window with a selector on the seventh of March 2024 and something else to go to.
 struct Scene

@@ -7,6 +7,7 @@
 #include "CBPTreeWidget.h"
 #include "foundation/Fade.h"
 #include "foundation/Look.h"
+#include "foundation/Palette.h"
 #include "foundation/StyleWatch.h"
 #include "Later.h"
 #include "Pixels.h"
@@ -32,6 +33,8 @@
 
 #include <memory>
 
+using P = lumqt::Purpose;
+
 namespace {
 
 template <class Widget> QWidget *make()
@@ -51,7 +54,7 @@ template <class... Widgets> bool allOurs(const Widgets *...widgets)
 
 bool hasRing(QWidget &widget)
 {
-    return !boxOf(pictureOf(widget, 1), QColor(lumqt::kFocusRingColor)).isEmpty();
+    return !boxOf(pictureOf(widget, 1), lumqt::builtInColor(P::FocusRing)).isEmpty();
 }
 
 // All round, in lines of whole pixels, with no half of one further in.
@@ -98,10 +101,10 @@ private slots:
             QVERIFY(hasRing(*widget));
             send(*widget, QFocusEvent(QEvent::FocusOut, Qt::TabFocusReason));
             for (const qreal ratio : {1.0, 1.25, 1.5, 1.75, 2.0})
-                QVERIFY(!framed ||
-                        isFramed(pictureOf(*widget, ratio), qRound(ratio),
-                                 qobject_cast<QPushButton *>(widget.get()) ? lumqt::kFieldFrameHovered
-                                                                           : lumqt::kFieldFrame));
+                QVERIFY(!framed || isFramed(pictureOf(*widget, ratio), qRound(ratio),
+                                            lumqt::builtInColor(qobject_cast<QPushButton *>(widget.get())
+                                                                    ? P::FrameHovered
+                                                                    : P::Frame)));
             widget->setEnabled(false);
             QVERIFY(pictureOf(*widget, 1) != rest);
         };
@@ -120,7 +123,7 @@ private slots:
         for (const auto shape : {QTabBar::RoundedNorth, QTabBar::RoundedSouth, QTabBar::RoundedWest}) {
             tabs.setShape(shape);
             tabs.resize(tabs.sizeHint());
-            const QSize line = boxOf(pictureOf(tabs, 1), QColor(lumqt::kAccent)).size();
+            const QSize line = boxOf(pictureOf(tabs, 1), lumqt::builtInColor(P::Accent)).size();
             QCOMPARE(qMin(line.width(), line.height()), 2);
         }
         tabs.setShape(QTabBar::RoundedNorth);
@@ -158,7 +161,7 @@ private slots:
         QStyleOptionViewItem row;
         row.rect = QRect(0, 0, 20, 9);
         combo.itemDelegate()->paint(&painter, row, combo.model()->index(1, 0));
-        QCOMPARE(boxOf(picture, QColor(lumqt::kRule)), QRect(0, 4, 20, 1));
+        QCOMPARE(boxOf(picture, lumqt::builtInColor(P::Rule)), QRect(0, 4, 20, 1));
         row.rect = QRect(0, 12, 8, 8);                               // less than a mark is made for
         row.state |= QStyle::State_NoChange | QStyle::State_Enabled; // a mark of whole pixels
         combo.style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &row, &painter);

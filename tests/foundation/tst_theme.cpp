@@ -151,6 +151,8 @@ private slots:
             (QByteArray("text: ") + color).constData());
         add("Colour=#123456\ntext\nField=#000001", "Field=#ff000001",
             "lines of key = value|Colour: a purpose of CBPTheme, name or base");
+        add("\xef\xbb\xbf[Colours]\n=#123456\nName", "",
+            "lines of key = value|: a purpose of CBPTheme, name or base");
         add("Base=contrast", "Ground=#ffffffff", (QByteArray("Base: ") + base).constData());
         add("base=", "Ground=#ffffffff", (QByteArray("base: ") + base).constData());
         add("base=Mine", "Ground=#ffffffff", "base: light or dark, not the theme itself");

@@ -10,9 +10,9 @@
 
 class GalleryWindow;
 
-// Presses keys and the mouse at random, in whatever window of the gallery takes input, resizes it, shows other
-// themes and goes from page to page, until its time is over and it has seen every page; then it leaves every loop. The same
-// seed does the same as far as the timers of the widgets let it.
+// Presses keys and the mouse at random, in whatever window of the gallery takes input, resizes it, shows
+// other themes and goes from page to page, until its time is over and it has seen every page; then it leaves
+// every loop. The same seed does the same as far as the timers of the widgets let it.
 class Monkey : public QObject
 {
     Q_OBJECT
