@@ -80,7 +80,8 @@ struct StyleColors
     QColor pressed;
     QColor frame; // for the state of the option
     QColor rule;
-    QColor ink; // of marks and triangles, for the state of the option
+    QColor ink;      // of marks, for the state of the option
+    QColor triangle; // the same, of triangles
     QColor accent;
     QColor onAccent;
 };

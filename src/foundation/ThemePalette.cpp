@@ -147,7 +147,9 @@ private:
     // Of those that are set in `palette`.
     uint wornRoles(const QPalette &palette) const
     {
-        uint worn = agreeing(palette, m_worn);
+        // A palette without some of the roles is no copy of the one that was put there.
+        const bool isOther = m_worn.resolve() & ~palette.resolve();
+        uint worn = isOther ? 0 : agreeing(palette, m_worn);
         for (const QPalette &before : m_before) {
             if (agreeing(palette, before) == before.resolve()) // a colour alone may be somebody's choice
                 worn |= before.resolve();

@@ -286,6 +286,7 @@ private slots:
             "dark=dd panel=dd contrast=rc light=r.",
             "panel=r. dark=rd light=r.",
             "dark=dd light=.. asdark=d. light=d.",
+            "dark=dd justdark=dd contrast=dc light=d.",
             "dark=dd away=dd light=..",
         };
         for (const char *life : lives)
@@ -301,6 +302,7 @@ private slots:
             {"fresh", [&] { set(worn.label, QPalette(), QPalette::WindowText, "red"); }},
             {"panel", [&] { set(worn.panel, worn.panel.palette(), QPalette::WindowText, "red"); }},
             {"asdark", [&] { set(worn.label, worn.label.palette(), QPalette::WindowText, "#e8ecf3"); }},
+            {"justdark", [&] { set(worn.label, QPalette(), QPalette::WindowText, "#e8ecf3"); }},
             {"sheet",
              [&] {
                  worn.label.setStyleSheet("color: blue");
