@@ -281,7 +281,10 @@ public:
     static QStringList names();
 
     /// Shows the theme \a name from now on, and ends followSystem(). False, and a line in the log category
-    /// "lumqtlib", for a name that is none of names(); the theme stays then. \since 1.0
+    /// "lumqtlib", for a name that is none of names(); the theme stays then.
+    ///
+    /// In a dark theme the library's texts are light, also in windows that are not the library's: give those
+    /// palette(). Plain Qt widgets in the library's windows need givePalette(). \since 1.0
     static bool apply(const QString &name);
 
     /// Reads a theme from the ini file \a file (UTF-8) and answers its name, for apply(); empty, and a line

@@ -11,6 +11,8 @@ CBPCheckBox::CBPCheckBox(QString text, QWidget *parent) : QCheckBox(text, parent
     static const QVector<lumqt::PaletteTone> tones = {
         {QPalette::WindowText, lumqt::Purpose::Text},
         {QPalette::WindowText, lumqt::Purpose::DisabledText, QPalette::Disabled},
+        {QPalette::Base, lumqt::Purpose::Field}, // by which the style tells whose colours its box has
+        {QPalette::Base, lumqt::Purpose::FieldDisabled, QPalette::Disabled},
     };
     lumqt::wearTheme(this, tones);
 }

@@ -364,10 +364,11 @@ namespace {
 void tell()
 {
     static bool telling = false;
+    static quint32 told = 0;
     if (telling)
         return;
     telling = true;
-    for (quint32 told = shown().generation - 1; told != shown().generation;) {
+    while (told != shown().generation) {
         told = shown().generation;
         emit CBPTheme::instance()->changed(QString(shown().name));
     }

@@ -196,10 +196,22 @@ private:
 
     void renew()
     {
-        const QVector<PaletteTone> tones = tonesNow();
-        if (m_renewing || (tones.isEmpty() && m_worn.resolve() == 0 && m_before.isEmpty()))
+        if (m_renewing)
             return;
         m_renewing = true;
+        // Who hears of the palette may show another theme.
+        quint32 theme = 0;
+        do {
+            theme = themeGeneration();
+            put(tonesNow());
+        } while (theme != themeGeneration());
+        m_renewing = false;
+    }
+
+    void put(const QVector<PaletteTone> &tones)
+    {
+        if (tones.isEmpty() && m_worn.resolve() == 0 && m_before.isEmpty())
+            return;
         const QPalette current = m_widget->palette(); // its mask tells of the widget alone
         const uint worn = wornRoles(current);
         // A window is what others inherit from, also where it lies in another one.
@@ -217,7 +229,6 @@ private:
         m_worn.resolve(mine);
         if (next.resolve() != current.resolve() || next != current)
             m_widget->setPalette(next);
-        m_renewing = false;
     }
 
     QWidget *m_widget;

@@ -122,13 +122,17 @@ private:
             tabs->Appendtab(new QWidget, m_text, id);
         auto *checked = new CTriStateButton(m_text, false, false, nullptr);
         checked->SetChecked(true);
+        auto *ticked = new CBPCheckBox(m_text);
+        ticked->setChecked(true);
         return {{m_push, "focusin", {P::ButtonFocusRing, P::ButtonArrow, P::ButtonGround}},
                 {m_split, "focusin", {P::FocusRing, P::ButtonDivider}},
                 {new CAddBtn, "focusin", {P::FocusRing}},
                 {m_toggle, "enter", {P::ToggleHovered, P::ButtonGroundHovered}},
                 {checked, "", {P::ToggleChecked, P::ButtonGroundPressed}},
                 {m_image, "focusin", {P::ImageTextMark}},
-                {new CBPCheckBox(m_text), "disable", {P::DisabledText}},
+                {new CBPCheckBox(m_text), "", {P::Text, P::Field, P::Frame}},
+                {new CBPCheckBox(m_text), "disable", {P::DisabledText, P::FieldDisabled}},
+                {ticked, "", {P::Accent}},
                 {tabs, "", {P::TabFrame, P::TabGround, P::TabGroundPressed, P::GroupText}}};
     }
 
