@@ -44,7 +44,7 @@ protected:
 
 private:
     QString m_text;
-    QColor m_color; // invalid: the theme's
+    QColor m_color;
     QFont m_font;
     bool m_rounded;
     std::unique_ptr<lumqt::CachedText> m_layout;

@@ -153,7 +153,8 @@ private:
     QIcon m_icon;
     QFont m_font;
     int m_id = 0;
-    QColor m_focusFrameColor; // invalid: not set
+    QColor m_focusFrameColor;
+    bool m_ownRing = false; // an application has set its colour
     bool m_split = false;
     bool m_pressed = false; // by mouse or Space, and to be clicked at the release
     bool m_menuOpen = false;

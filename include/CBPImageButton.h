@@ -222,7 +222,8 @@ private:
     int m_textHeight = 0;
     int m_iconVoffset = 0;
     bool m_specialIconShown = false;
-    QColor m_specialIconColor;  // invalid: not set
+    short m_specialIconPurpose = -1; // of a button that is part of something, else its own colour
+    QColor m_specialIconColor;
     QPointer<CTextTips> m_tips; // made when first shown
     QString m_tipsText;
     QSize m_paintedImage; // valid while a paint is under way

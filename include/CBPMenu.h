@@ -105,8 +105,8 @@ public:
     /// \since 1.0
     void ResetActionRes(const QVariant &itemData, const QVector<QString> &images);
 
-    /// Colour of the texts; white by default, and where a theme says nothing else. An invalid one is that of
-    /// the theme again.
+    /// Colour of the texts; the theme's until it is set, which is white in the light one. An invalid one is
+    /// black.
     /// \since 1.0
     void setTextColor(QColor color);
 
@@ -260,7 +260,7 @@ private:
     QString m_sizeRule; // in the style sheet, against one of the application
     bool m_keepsSize = false;
     bool m_otherStyle = false; // perhaps: the menu's style has changed since
-    QColor m_textColor;        // invalid: the theme's
+    QColor m_textColor;        // invalid: not set, the theme's
     int m_widestText = 0;
     int m_itemHeight = 0;
     int m_minWidth = 0;

@@ -226,8 +226,9 @@ private:
     void followKey(bool wasDown, bool clicked);
     void drawCheckedLook(QPainter &painter, const QRect &rect) const;
 
-    QColor m_focusFrameColor; // invalid: not set
-    short m_ringPurpose;
+    QColor m_focusFrameColor;
+    short m_ringPurpose; // until an application sets the colour
+    bool m_ownRing = false;
     int m_bindId = 0;
     bool m_autoResize = false;
     bool m_selected = false;

@@ -170,7 +170,6 @@ private:
     Label m_title;
     QColor m_bgColor;    // that the bar chose itself; invalid: the application did
     QColor m_titleColor; // the same
-    QColor m_noticeColor;
     QVector<QColor> m_backColors;
     void (*m_callback)(void *, int) = nullptr;
     void *m_callbackContext = nullptr;

@@ -85,7 +85,8 @@ private:
     bool m_hovered = false;
     bool m_noToggle;
     bool m_locked;
-    QColor m_plainColor; // these are invalid: not set
+    bool m_ownFrames = false; // an application has set these
+    QColor m_plainColor;
     QColor m_checkedColor;
     QColor m_hoverColor;
     std::unique_ptr<lumqt::CachedText> m_label;

@@ -142,6 +142,7 @@ void CBPDropdownBtn::setSplit(bool split)
 void CBPDropdownBtn::setFocusFrameColor(QColor color)
 {
     m_focusFrameColor = color;
+    m_ownRing = true;
     update();
 }
 
@@ -407,7 +408,7 @@ void CBPDropdownBtn::paintEvent(QPaintEvent *)
     body.radiusX = m_roundRadius.value(0);
     body.radiusY = m_roundRadius.value(1);
     if (IsFocus() && isEnabled()) {
-        body.frame = lumqt::ownOr(m_focusFrameColor, lumqt::Purpose::FocusRing);
+        body.frame = m_ownRing ? m_focusFrameColor : lumqt::themeColor(lumqt::Purpose::FocusRing);
         body.frameWidth = lumqt::kFocusRingWidth;
     } else if (body.radiusX > 0 || !m_frmTrancent) {
         body.frame = paintedFrmColor(index);

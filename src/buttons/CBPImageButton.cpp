@@ -182,6 +182,7 @@ void CBPImageButton::SetSpecialIcon(bool show, const QColor &color)
 {
     m_specialIconShown = show;
     m_specialIconColor = color;
+    m_specialIconPurpose = -1;
 }
 
 void CBPImageButton::SetTipsTxt(const QString &text)

@@ -138,7 +138,9 @@ void CBPImageButton::PaintSpecialIcon(QPainter *painter)
 {
     if (painter && m_specialIconShown)
         lumqt::drawDotBadge(*painter, rect().topRight() + kDotOffset,
-                            lumqt::ownOr(m_specialIconColor, lumqt::Purpose::ImageTextMark));
+                            m_specialIconPurpose < 0
+                                ? m_specialIconColor
+                                : lumqt::themeColor(lumqt::Purpose(m_specialIconPurpose)));
 }
 
 void CBPImageButton::updateRing()

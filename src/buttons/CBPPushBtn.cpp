@@ -218,8 +218,7 @@ bool CBPPushBtn::isSelected() const
 
 QColor CBPPushBtn::focusFrameColor() const
 {
-    return m_focusFrameColor.isValid() ? m_focusFrameColor
-                                       : lumqt::builtInColor(lumqt::Purpose(m_ringPurpose));
+    return m_ownRing ? m_focusFrameColor : lumqt::builtInColor(lumqt::Purpose(m_ringPurpose));
 }
 
 void CBPPushBtn::setEnabled(bool enabled)
@@ -242,6 +241,7 @@ void CBPPushBtn::setAsDefaultBtn()
 void CBPPushBtn::setFocusFrameColor(QColor color)
 {
     m_focusFrameColor = color;
+    m_ownRing = true;
 }
 
 void CBPPushBtn::setBgTrancent(bool transparent)

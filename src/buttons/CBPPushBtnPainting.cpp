@@ -131,5 +131,5 @@ void lumqt::ButtonTones::setRing(CBPPushBtn &button, Purpose purpose)
 
 const QColor &lumqt::ButtonTones::ring(const CBPPushBtn &button)
 {
-    return ownOr(button.m_focusFrameColor, Purpose(button.m_ringPurpose));
+    return button.m_ownRing ? button.m_focusFrameColor : themeColor(Purpose(button.m_ringPurpose));
 }

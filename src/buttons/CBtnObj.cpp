@@ -63,6 +63,8 @@ void store(Colors &target, const Colors &colors, const char *what)
         qCWarning(lcLumQt, "%d %s colours for %d states: the built-in ones are painted", colors.size(), what,
                   kStateCount);
     target = colors;
+    if (!target.isEmpty())
+        target.detach(); // the built-in one, set by a derived class, is set all the same
 }
 
 QColor painted(const Colors &colors, short first, int index, bool waits = false)

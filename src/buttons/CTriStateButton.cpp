@@ -133,6 +133,7 @@ void CTriStateButton::SetColor(QColor &plain, QColor &checked, QColor &hover)
     m_plainColor = plain;
     m_checkedColor = checked;
     m_hoverColor = hover;
+    m_ownFrames = true;
     m_textColor = {plain, hover, checked};
     update();
 }
@@ -250,11 +251,11 @@ QColor CTriStateButton::frameColor(int look) const
 {
     switch (look) {
     case Checked:
-        return lumqt::ownOr(m_checkedColor, Purpose::ToggleChecked);
+        return m_ownFrames ? m_checkedColor : lumqt::themeColor(Purpose::ToggleChecked);
     case Hovered:
-        return lumqt::ownOr(m_hoverColor, Purpose::ToggleHovered);
+        return m_ownFrames ? m_hoverColor : lumqt::themeColor(Purpose::ToggleHovered);
     default:
-        return lumqt::ownOr(m_plainColor, Purpose::ToggleFrame);
+        return m_ownFrames ? m_plainColor : lumqt::themeColor(Purpose::ToggleFrame);
     }
 }
 

@@ -4,7 +4,6 @@
 #include "foundation/FontLookup.h"
 #include "foundation/Log.h"
 #include "foundation/Painting.h"
-#include "foundation/Palette.h"
 
 #include <QPainter>
 
@@ -12,6 +11,12 @@ namespace {
 
 constexpr int kPixelSize = 14;
 constexpr int kPillPadding = 2; // above and below the text
+
+// What a pen makes of an invalid colour, for the outline too.
+QColor penColor(const QColor &color)
+{
+    return color.isValid() ? color : QColor(color.rgb());
+}
 
 QAccessibleInterface *makeAccessible(QWidget *widget)
 {
@@ -22,7 +27,7 @@ QAccessibleInterface *makeAccessible(QWidget *widget)
 
 CBPDrawLabel::CBPDrawLabel(QString &text, QColor color, bool rounded)
     : m_text(text),
-      m_color(color),
+      m_color(penColor(color)),
       m_font(lumqt::uiFont(lumqt::NormalWeight, kPixelSize)),
       m_rounded(rounded),
       m_layout(std::make_unique<lumqt::CachedText>())
@@ -46,7 +51,7 @@ void CBPDrawLabel::SetTextFont(QString &family, int pixelSize)
 
 void CBPDrawLabel::SetTextShowColor(QColor color)
 {
-    m_color = color;
+    m_color = penColor(color);
     update();
 }
 
@@ -71,10 +76,9 @@ void CBPDrawLabel::paintEvent(QPaintEvent *)
     if (m_text.isEmpty())
         return;
     QPainter painter(this);
-    const QColor color = lumqt::ownOr(m_color, lumqt::Purpose::LabelText);
     if (m_rounded) {
         lumqt::Body pill;
-        pill.frame = color;
+        pill.frame = m_color;
         pill.radiusX = pill.radiusY = height() / 2;
         lumqt::drawBody(painter, rect(), pill);
     }
@@ -82,6 +86,6 @@ void CBPDrawLabel::paintEvent(QPaintEvent *)
     QRect place(QPoint(), m_layout->lineSize(m_text, m_font));
     place.moveTopLeft(QPoint((width() - place.width()) / 2, (height() - place.height()) / 2));
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(color);
+    painter.setPen(m_color);
     m_layout->drawCentred(painter, place, m_text, m_font);
 }

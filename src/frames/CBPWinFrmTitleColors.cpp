@@ -43,10 +43,6 @@ void CBPWinFrmTitle::chooseColors()
         m_backColors = backColors();
         m_backBtn->SetBkgColors(m_backColors);
     }
-    if (m_menuBtn && m_noticeColor.isValid() && m_menuBtn->m_specialIconColor == m_noticeColor) {
-        m_noticeColor = lumqt::themeColor(lumqt::Purpose::TitleNotice);
-        m_menuBtn->SetSpecialIcon(m_menuBtn->m_specialIconShown, m_noticeColor);
-    }
     for (Label *label : {&m_icon, &m_title}) {
         if (!label->image.isEmpty())
             showImage(*label, label->image);
@@ -89,7 +85,7 @@ void CBPWinFrmTitle::SetHasNewVersion(bool hasNewVersion)
 {
     if (!m_menuBtn)
         return;
-    m_noticeColor = lumqt::themeColor(lumqt::Purpose::TitleNotice);
-    m_menuBtn->SetSpecialIcon(hasNewVersion, m_noticeColor);
+    m_menuBtn->m_specialIconShown = hasNewVersion;
+    m_menuBtn->m_specialIconPurpose = short(lumqt::Purpose::TitleNotice);
     m_menuBtn->update();
 }

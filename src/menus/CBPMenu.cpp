@@ -235,7 +235,7 @@ bool CBPMenu::GetActionRes(const QVariant &itemData, const ENState &state, QStri
 
 void CBPMenu::setTextColor(QColor color)
 {
-    m_textColor = color;
+    m_textColor = color.isValid() ? color : QColor(color.rgb()); // as a pen has it
     update();
 }
 

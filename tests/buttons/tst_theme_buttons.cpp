@@ -41,6 +41,17 @@ static QVector<QColor> reported(QWidget *widget)
     return colors;
 }
 
+class Repeating : public CBPPushBtn
+{
+public:
+    explicit Repeating(const QString &text) : CBPPushBtn(text, nullptr, true)
+    {
+        setBgColor(m_bgColor);
+        setFrmColor(m_frmColor);
+        setTextColor(m_textColor);
+    }
+};
+
 // A widget, and the purposes whose colours are seen of it; of none where an application has set them all.
 struct Sample
 {
@@ -80,7 +91,6 @@ private:
         m_link = new CBPLinkerButton(m_text);
         m_image = new CBPImageButton(m_files, false, 1);
         m_image->SetText(m_text, true, 4);
-        m_image->SetSpecialIcon(true, QColor());
         m_group = new CButtonGroupBox(true, nullptr);
         for (QWidget *widget :
              std::initializer_list<QWidget *>{m_push, m_split, m_toggle, m_tool, m_link, m_image, m_group})
@@ -129,38 +139,39 @@ private:
                 {new CAddBtn, "focusin", {P::FocusRing}},
                 {m_toggle, "enter", {P::ToggleHovered, P::ButtonGroundHovered}},
                 {checked, "", {P::ToggleChecked, P::ButtonGroundPressed}},
-                {m_image, "focusin", {P::ImageTextMark}},
                 {new CBPCheckBox(m_text), "", {P::Text, P::Field, P::Frame}},
                 {new CBPCheckBox(m_text), "disable", {P::DisabledText, P::FieldDisabled}},
                 {ticked, "", {P::Accent}},
                 {tabs, "", {P::TabFrame, P::TabGround, P::TabGroundPressed, P::GroupText}}};
     }
 
-    // To the colours that they had anyway.
+    // To the colours that they had anyway, or to an invalid one.
     QVector<Sample> owned()
     {
         make();
+        QColor frames[] = {QColor(), Qt::red, Qt::green};
+        m_toggle->SetColor(frames[0], frames[1], frames[2]);
+        m_push->setFocusFrameColor(QColor());
+        m_split->setFocusFrameColor(QColor());
         for (CBtnObj *button : std::initializer_list<CBtnObj *>{m_push, m_split, m_toggle}) {
             button->setBgColor(lumqt::builtInColors(P::ButtonGround));
             button->setFrmColor(lumqt::builtInColors(P::ButtonFrame));
             button->setTextColor(lumqt::builtInColors(P::ButtonText));
             button->setTriangleColor(lumqt::builtInColors(P::ButtonTriangle));
         }
-        QColor frames[] = {lumqt::builtInColor(P::ToggleFrame), Qt::red, Qt::green};
-        m_toggle->SetColor(frames[0], frames[1], frames[2]);
         m_tool->SetBgColor(lumqt::builtInColors(P::StateGround));
         m_tool->SetFrmColor(lumqt::builtInColors(P::StateFrame));
         m_tool->SetTextColor(lumqt::builtInColors(P::ToolText));
         m_link->SetTextColor(lumqt::builtInColors(P::Link));
         m_image->SetText(m_text, QFont(), lumqt::builtInColors(P::ImageText), true, 4, 0);
-        m_image->SetSpecialIcon(true, lumqt::builtInColor(P::ImageTextMark));
+        m_image->SetSpecialIcon(true, QColor());
         m_group->CBPBox::SetBgClr(lumqt::builtInColor(P::BoxGround));
         m_group->SetFrameClr(lumqt::builtInColor(P::GroupFrame));
         m_group->SetBgClr(lumqt::builtInColors(P::GroupGround));
         m_group->SetTextClr(lumqt::builtInColors(P::GroupText));
         m_group->AddButton(1, m_text, QString());
-        return {{m_push, "", {}}, {m_split, "", {}}, {m_toggle, "", {}}, {m_tool, "", {}},
-                {m_link, "", {}}, {m_image, "", {}}, {m_group, "", {}}};
+        return {{m_push, "focusin", {}}, {m_split, "focusin", {}}, {m_toggle, "", {}}, {m_tool, "", {}},
+                {m_link, "", {}}, {m_image, "", {}}, {m_group, "", {}}, {new Repeating(m_text), "", {}}};
     }
 
 private Q_SLOTS:
