@@ -52,6 +52,7 @@ StyleColors::StyleColors(const QStyleOption &option)
       frame(of(Purpose::Frame)),
       rule(of(Purpose::Rule)),
       ink(of(Purpose::FrameHovered)),
+      mark(of(Purpose::PlainText)),
       accent(of(Purpose::Accent)),
       onAccent(of(Purpose::OnAccent))
 {
@@ -65,17 +66,30 @@ StyleColors::StyleColors(const QStyleOption &option)
         hovered = mix(base, text, kHoveredShare);
         pressed = mix(base, text, kPressedShare);
         rule = mix(base, text, kRuleShare);
-        ink = text;
+        ink = mark = text;
         if (!enabled)
             frame = accent = rule;
     } else if (!enabled) {
         ground = of(Purpose::FieldDisabled);
         frame = accent = of(Purpose::FrameDisabled);
-        ink = of(Purpose::DisabledText);
+        ink = mark = of(Purpose::DisabledText);
     }
     // Whoever has changed it means it: for one widget or for all.
     if (option.palette.isBrushSet(group, QPalette::Base) || (!themed && base != of(Purpose::Field)))
         ground = option.palette.color(group, QPalette::Base);
+}
+
+bool liesOnDark(const QStyleOption &option)
+{
+    return option.palette.color(QPalette::Window).lightness() < kDarkest;
+}
+
+QPalette outlinedPalette(const QStyleOption &option, const QColor &outline)
+{
+    constexpr int kShade = 140; // per cent, as the style below darkens it
+    QPalette palette = option.palette;
+    palette.setColor(QPalette::Window, outline.lighter(kShade));
+    return palette;
 }
 
 bool hasFocus(const QStyleOption &option, const Canvas &canvas)

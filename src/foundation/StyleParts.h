@@ -80,7 +80,8 @@ struct StyleColors
     QColor pressed;
     QColor frame; // for the state of the option
     QColor rule;
-    QColor ink; // of marks and triangles, for the state of the option
+    QColor ink;  // of a frame under the mouse, for the state of the option
+    QColor mark; // of triangles, likewise
     QColor accent;
     QColor onAccent;
 };
@@ -121,6 +122,15 @@ void drawToolButton(const QStyleOptionToolButton &option, const Canvas &canvas);
 void drawComboBox(const QStyleOptionComboBox &option, const Canvas &canvas);
 void drawSpinBox(const QStyleOptionSpinBox &option, const Canvas &canvas);
 void drawScrollBar(const QStyleOptionSlider &option, const Canvas &canvas);
+
+// Whether something lies on a dark window: the style below makes its outlines of the window's colour, darker,
+// and they would be lost there.
+bool liesOnDark(const QStyleOption &option);
+// The palette with which its outlines can be seen.
+QPalette outlinedPalette(const QStyleOption &option, const QColor &outline);
+// A slider on a dark window, and its ticks for the style below.
+QStyleOptionSlider ticksOf(const QStyleOptionSlider &option);
+void drawSlider(const QStyleOptionSlider &option, const Canvas &canvas);
 
 QRect comboBoxPart(const QStyleOptionComboBox &option, QStyle::SubControl part);
 QRect spinBoxPart(const QStyleOptionSpinBox &option, QStyle::SubControl part, const QWidget *widget);

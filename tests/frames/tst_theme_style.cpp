@@ -11,7 +11,9 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QProgressBar>
 #include <QPushButton>
+#include <QSlider>
 #include <QSpinBox>
 #include <QTableWidget>
 #include <QTabWidget>
@@ -73,11 +75,41 @@ private slots:
         QCheckBox box, checked;
         checked.setChecked(true);
         check(edit, {Purpose::Field, Purpose::Frame});
-        check(combo, {Purpose::Field, Purpose::Frame, Purpose::FrameHovered});
+        check(combo, {Purpose::Field, Purpose::Frame, Purpose::PlainText});
         check(spin, {Purpose::Field, Purpose::Frame});
         check(button, {Purpose::ButtonGround, Purpose::ButtonFrame});
         check(box, {Purpose::Field, Purpose::Frame});
         check(checked, {Purpose::Accent});
+    }
+
+    // Qt's own style makes their outlines of the ground.
+    void barsOnDark()
+    {
+        const auto restore = styled("Fusion");
+        CBPStyle style;
+        QProgressBar bar;
+        bar.setStyle(&style);
+        bar.setTextVisible(false);
+        bar.resize(100, 20);
+        QSlider slider(Qt::Horizontal);
+        slider.setStyle(&style);
+        slider.setValue(50);
+        slider.resize(100, 20);
+        const auto edge = [&bar] { return qGray(grabOf(bar).pixelColor(80, 0).rgb()); };
+        const QImage light = grabOf(slider);
+        const int lightEdge = edge();
+        for (const char *theme : {"dark", "contrast"}) {
+            CBPTheme::apply(theme);
+            QVERIFY(grabOf(slider) == light && edge() == lightEdge); // as the palette
+            bar.setPalette(CBPTheme::palette());
+            slider.setPalette(CBPTheme::palette());
+            QVERIFY(edge() > 100);
+            QVERIFY(shows(grabOf(slider), {Purpose::SliderHandle, Purpose::SliderTrack}));
+            bar.setPalette(QPalette());
+            slider.setPalette(QPalette());
+        }
+        slider.setStyle(nullptr);
+        bar.setStyle(nullptr);
     }
 
     void palettes()
