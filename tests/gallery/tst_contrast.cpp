@@ -94,6 +94,7 @@ const char *const kParts[] = {
     "ScrollArrow ScrollArrowDisabled: ScrollGround ScrollPage",
     "ScrollGrip: ScrollSlider ScrollSliderHovered",
     "SliderHandle SliderHandleDisabled SliderTrack SliderTick Bar: Ground",
+    "ProgressFrame: Ground RaisedGround",
     "ProgressStart ProgressEnd: ProgressTrack",
     "ProgressFirst ProgressSecond: ProgressThird",
 };
