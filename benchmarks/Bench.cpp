@@ -9,6 +9,16 @@
 
 #include <algorithm>
 
+#if __has_include(<valgrind/callgrind.h>)
+#include <valgrind/callgrind.h>
+#else // such a build counts nothing
+#define RUNNING_ON_VALGRIND 0
+#define CALLGRIND_START_INSTRUMENTATION
+#define CALLGRIND_STOP_INSTRUMENTATION
+#define CALLGRIND_ZERO_STATS
+#define CALLGRIND_DUMP_STATS_AT(name)
+#endif
+
 namespace {
 
 double median(QVector<double> values)
@@ -20,28 +30,37 @@ double median(QVector<double> values)
 
 } // namespace
 
+// Below Callgrind, what is timed is counted, and nothing else.
 double Bench::time(const std::function<void()> &work)
 {
     QElapsedTimer clock;
     clock.start();
+    CALLGRIND_START_INSTRUMENTATION;
     work();
+    CALLGRIND_STOP_INSTRUMENTATION;
     return clock.nsecsElapsed() / 1000.0;
 }
 
 void Bench::compare(const QString &title, const QString &unit, const QVector<Variant> &variants,
                     const QVector<double> &limits)
 {
+    if (!title.contains(only))
+        return;
     QVector<QVector<double>> times(variants.size());
-    for (int round = -1; round < rounds; ++round) { // the first one warms up
+    const int last = RUNNING_ON_VALGRIND ? 1 : rounds; // counts are the same each time
+    for (int round = 0; round <= last; ++round) {      // the first one warms up
         for (int i = 0; i < variants.size(); ++i) {
+            CALLGRIND_ZERO_STATS;
             const double value = variants[i].measure();
-            if (round >= 0)
-                times[i].append(value);
+            if (round == 0)
+                continue;
+            times[i].append(value);
+            CALLGRIND_DUMP_STATS_AT(qPrintable(title + QLatin1String(": ") + variants[i].name));
         }
     }
     for (int i = 1; i < variants.size(); ++i) {
         QVector<double> ratios;
-        for (int round = 0; round < rounds; ++round)
+        for (int round = 0; round < times[0].size(); ++round)
             ratios.append(times[0][round] / times[i][round]);
         m_rows.append({title, unit, variants[0].name, variants[i].name, median(times[0]), median(times[i]),
                        median(ratios), limits.value(i - 1)});

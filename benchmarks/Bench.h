@@ -28,6 +28,7 @@ public:
     bool report(const QString &jsonFile) const;
 
     int rounds = 9;
+    QString only; // measures what has this in its title
 
 private:
     struct Row
@@ -56,3 +57,4 @@ void benchProgressBar(Bench &bench);
 void benchLayouts(Bench &bench);
 void benchPathList(Bench &bench);
 void benchThemes(Bench &bench);
+void benchWidgets(Bench &bench);

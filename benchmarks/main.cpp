@@ -19,13 +19,17 @@ int main(int argc, char *argv[])
     const QCommandLineOption rounds(QStringLiteral("rounds"),
                                     QStringLiteral("Rounds to measure; 9 if not given."),
                                     QStringLiteral("number"));
-    parser.addOptions({json, rounds});
+    const QCommandLineOption only(QStringLiteral("only"),
+                                  QStringLiteral("Measures what has this in its name, and nothing else."),
+                                  QStringLiteral("text"));
+    parser.addOptions({json, rounds, only});
     parser.addHelpOption();
     parser.process(application);
 
     Bench bench;
     if (parser.isSet(rounds))
         bench.rounds = qMax(5, parser.value(rounds).toInt());
+    bench.only = parser.value(only);
     benchPushButtons(bench);
     benchImageButtons(bench);
     benchFrame(bench);
@@ -37,5 +41,6 @@ int main(int argc, char *argv[])
     benchLayouts(bench);
     benchPathList(bench);
     benchThemes(bench);
+    benchWidgets(bench);
     return bench.report(parser.value(json)) ? 0 : 1;
 }

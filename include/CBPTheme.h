@@ -44,7 +44,7 @@ public:
         QuietText,      ///< captions, placeholders, what is of less weight
         DisabledText,   ///< texts of what is disabled
         Frame,          ///< outlines of fields and check boxes
-        FrameHovered,   ///< the same under the mouse; marks and triangles
+        FrameHovered,   ///< the same under the mouse; marks
         FrameDisabled,  ///< the same, disabled
         Rule,           ///< lines that only divide
         Accent,         ///< what is chosen, checked, running
@@ -72,7 +72,7 @@ public:
         // Title bars. Of a theme of the library, UIConfig.ini goes before.
         TitleGround,         ///< ground of a title bar
         TitleText,           ///< its text
-        TitleLine,           ///< the line below it
+        TitleLine,           ///< the line below it; see-through: none
         TitleNotice,         ///< its note of a new version
         TitleButton,         ///< ground of its back button
         TitleButtonHovered,  ///< the same under the mouse
@@ -120,6 +120,8 @@ public:
         PrimaryTextHovered,      ///< the same under the mouse
         PrimaryTextPressed,      ///< the same while pressed
         PrimaryTextDisabled,     ///< the same, disabled
+        WaitingGround,           ///< ground of a primary button that waits
+        WaitingText,             ///< its text
         SecondaryGround,         ///< ground of the other buttons of a dialog
         SecondaryGroundHovered,  ///< the same under the mouse
         SecondaryGroundPressed,  ///< the same while pressed
@@ -170,6 +172,7 @@ public:
         ToggleFrameDisabled,     ///< outline of a disabled one
         ToggleGroundDisabled,    ///< ground of a disabled one
         ToggleTextDisabled,      ///< text of a disabled one
+        FieldTriangle,           ///< triangles of fields, headers and trees
 
         // Menus, lists, tips.
         MenuGround,        ///< ground of a menu's items
@@ -220,8 +223,11 @@ public:
         CalendarBarHovered,   ///< its buttons under the mouse
         CalendarBarPressed,   ///< its buttons while pressed
         DateFrame,            ///< frame of a date field
+        DateFrameDisabled,    ///< the same, disabled
         ChoiceMark,           ///< line below a disabled chosen day
         AddressFrameDisabled, ///< frame of a disabled address field
+        AddressDot,           ///< the dots between its numbers
+        AddressDotDisabled,   ///< the same, disabled
 
         // Boxes, tabs, scroll bars.
         BoxFrame,            ///< frame of a box

@@ -120,6 +120,7 @@ protected:
     CBPImageButton *CreateImgButton(const QVector<QString> &images, int id, bool round);
 
     bool event(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;

@@ -169,4 +169,5 @@ private:
     short m_bgPurpose; // CBPTheme::Purpose of the first state, of a list that nobody has set
     short m_frmPurpose;
     short m_textPurpose;
+    bool m_waits = false; // disabled, and to be seen waiting
 };

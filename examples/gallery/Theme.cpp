@@ -154,9 +154,10 @@ void setTone(QWidget *widget, const Tone &tone)
 void setFieldTexts(QWidget *field)
 {
     follow(field, [field] {
+        constexpr Tone disabled{0xff677280, Purpose::DisabledText};
         QPalette palette = field->palette();
         palette.setColor(QPalette::Text, kInk);
-        palette.setColor(QPalette::Disabled, QPalette::Text, kCaption);
+        palette.setColor(QPalette::Disabled, QPalette::Text, disabled);
         palette.setColor(QPalette::PlaceholderText, kCaption);
         field->setPalette(palette);
     });

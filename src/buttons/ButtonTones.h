@@ -17,6 +17,9 @@ struct ButtonTones
     static void setFrame(CBtnObj &button, Purpose first);
     static void setText(CBtnObj &button, Purpose first);
 
+    // While it waits it is disabled, with a look of its own where it has the colours of primary buttons.
+    static void setWaiting(CBtnObj &button, bool waits);
+
     static void setRing(CBPPushBtn &button, Purpose purpose);
     static const QColor &ring(const CBPPushBtn &button);
 };

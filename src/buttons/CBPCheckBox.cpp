@@ -8,8 +8,11 @@ CBPCheckBox::CBPCheckBox(QWidget *parent) : CBPCheckBox(QString(), parent) {}
 CBPCheckBox::CBPCheckBox(QString text, QWidget *parent) : QCheckBox(text, parent)
 {
     CBPStyle::Apply(this);
-    lumqt::wearTheme(this, {{QPalette::WindowText, lumqt::Purpose::Text},
-                            {QPalette::WindowText, lumqt::Purpose::DisabledText, QPalette::Disabled}});
+    static const QVector<lumqt::PaletteTone> tones = {
+        {QPalette::WindowText, lumqt::Purpose::Text},
+        {QPalette::WindowText, lumqt::Purpose::DisabledText, QPalette::Disabled},
+    };
+    lumqt::wearTheme(this, tones);
 }
 
 CBPCheckBox::~CBPCheckBox() = default;

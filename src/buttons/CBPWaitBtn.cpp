@@ -1,6 +1,7 @@
 #include "CBPWaitBtn.h"
 
 #include "buttons/AccessibleWaitBtn.h"
+#include "buttons/ButtonTones.h"
 #include "CBPEvtLoop.h"
 #include "foundation/IconPixmap.h"
 #include "foundation/ImageLoader.h"
@@ -174,6 +175,7 @@ void CBPWaitBtn::startWaiting()
     if (m_waiting)
         return;
     m_waiting = true;
+    lumqt::ButtonTones::setWaiting(*this, true);
     // What setText() has set is what the wait ends with; the text of an earlier wait may still be shown.
     if (!m_showsWaitingText || text() != m_waitingText)
         m_text = text();
@@ -184,6 +186,7 @@ void CBPWaitBtn::startWaiting()
 void CBPWaitBtn::stopWaiting()
 {
     m_waiting = false;
+    lumqt::ButtonTones::setWaiting(*this, false);
     m_animation.stop();
 }
 

@@ -6,6 +6,7 @@
 namespace {
 
 constexpr int kStateCount = 4; // normal, hover, pressed, disabled
+constexpr int kDisabled = 3;
 
 using Colors = QVector<QColor>;
 using P = lumqt::Purpose;
@@ -64,10 +65,14 @@ void store(Colors &target, const Colors &colors, const char *what)
     target = colors;
 }
 
-QColor painted(const Colors &colors, short first, int index)
+QColor painted(const Colors &colors, short first, int index, bool waits = false)
 {
     if (isOwn(colors, first))
         return colors.value(index);
+    if (waits && index == kDisabled && first == short(P::PrimaryGround))
+        return lumqt::themeColor(P::WaitingGround);
+    if (waits && index == kDisabled && first == short(P::PrimaryText))
+        return lumqt::themeColor(P::WaitingText);
     return index >= 0 && index < kStateCount ? lumqt::themeColor(P(first), index) : QColor();
 }
 
@@ -141,7 +146,7 @@ QIcon::Mode CBtnObj::iconMode() const
 
 QColor CBtnObj::paintedBgColor(int index) const
 {
-    return painted(m_bgColor, m_bgPurpose, index);
+    return painted(m_bgColor, m_bgPurpose, index, m_waits);
 }
 
 QColor CBtnObj::paintedFrmColor(int index) const
@@ -151,7 +156,7 @@ QColor CBtnObj::paintedFrmColor(int index) const
 
 QColor CBtnObj::paintedTextColor(int index) const
 {
-    return painted(m_textColor, m_textPurpose, index);
+    return painted(m_textColor, m_textPurpose, index, m_waits);
 }
 
 QColor CBtnObj::paintedTriangleColor(int index) const
@@ -178,6 +183,11 @@ void lumqt::ButtonTones::setFrame(CBtnObj &button, Purpose first)
 {
     button.m_frmPurpose = short(first);
     button.m_frmColor = builtIn(short(first));
+}
+
+void lumqt::ButtonTones::setWaiting(CBtnObj &button, bool waits)
+{
+    button.m_waits = waits;
 }
 
 void lumqt::ButtonTones::setText(CBtnObj &button, Purpose first)

@@ -318,6 +318,7 @@ void CBPDateSelector::updateLook()
     QStyleOption option;
     option.initFrom(m_pDateEdit);
     m_pBox->SetBgClr(lumqt::StyleColors(option).ground);
-    m_pBox->SetFrameClr(lumqt::themeColor(Purpose::DateFrame));
-    m_pFrame->setColor(isEnabled() && underMouse() ? Purpose::FrameHovered : Purpose::DateFrame);
+    const Purpose still = isEnabled() ? Purpose::DateFrame : Purpose::DateFrameDisabled;
+    m_pBox->SetFrameClr(lumqt::themeColor(still));
+    m_pFrame->setColor(isEnabled() && underMouse() ? Purpose::FrameHovered : still);
 }

@@ -4,7 +4,6 @@
 #include "foundation/FontLookup.h"
 #include "foundation/Log.h"
 
-#include <QEvent>
 #include <QTextDocument>
 
 namespace {
@@ -19,53 +18,32 @@ int saneSize(int pixelSize)
     return pixelSize < 1 ? kPixelSize : pixelSize;
 }
 
-// Gives the links of rich texts the theme's colour: Qt takes it from the application's palette, which is for
-// light grounds, when it reads a text. One for all labels.
-class LinkTones : public QObject
+// Gives the links of a rich text the theme's colour: Qt takes it from the application's palette, which is for
+// light grounds, when it reads the text. Nothing tells of a new one; it is read at its first use, and again if
+// that was for another theme.
+void renewLinks(QLabel &label)
 {
-public:
-    static LinkTones *instance()
-    {
-        static auto *tones = new LinkTones; // labels may outlive what is static
-        return tones;
-    }
-
-protected:
-    // Nothing tells of a new text; it is read at its first use, and again if that was for another theme.
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        auto *label = static_cast<QLabel *>(watched);
-        if (event->type() == QEvent::Paint && !label->children().isEmpty())
-            renew(*label);
-        return false;
-    }
-
-private:
-    static void renew(QLabel &label)
-    {
-        auto *document = label.findChild<QTextDocument *>(); // of a text that is not plain
-        const Qt::TextFormat format = label.textFormat();
-        if (!document || (format != Qt::AutoText && format != Qt::RichText))
-            return;
-        const QString sheet =
-            lumqt::isPlainLight()
-                ? QString()
-                : QStringLiteral("a{color:%1}").arg(lumqt::themeColor(lumqt::Purpose::Link).name());
-        if (document->defaultStyleSheet() == sheet)
-            return;
-        document->setDefaultStyleSheet(sheet);
-        if (!Qt::mightBeRichText(label.text()))
-            return;
-        label.setTextFormat(format == Qt::RichText ? Qt::AutoText : Qt::RichText); // has the text read again
-        label.setTextFormat(format);
-    }
-};
+    auto *document = label.findChild<QTextDocument *>(); // of a text that is not plain
+    const Qt::TextFormat format = label.textFormat();
+    if (!document || (format != Qt::AutoText && format != Qt::RichText))
+        return;
+    const QString sheet =
+        lumqt::isPlainLight()
+            ? QString()
+            : QStringLiteral("a{color:%1}").arg(lumqt::themeColor(lumqt::Purpose::Link).name());
+    if (document->defaultStyleSheet() == sheet)
+        return;
+    document->setDefaultStyleSheet(sheet);
+    if (!Qt::mightBeRichText(label.text()))
+        return;
+    label.setTextFormat(format == Qt::RichText ? Qt::AutoText : Qt::RichText); // has the text read again
+    label.setTextFormat(format);
+}
 
 } // namespace
 
 CBPLabel::CBPLabel(QWidget *parent) : QLabel(parent)
 {
-    installEventFilter(LinkTones::instance());
     lumqt::wearTheme(this, lumqt::labelTones());
 }
 
@@ -74,7 +52,6 @@ CBPLabel::CBPLabel(QString text, QWidget *parent) : CBPLabel(text, kPixelSize, p
 CBPLabel::CBPLabel(QString text, int pixelSize, QWidget *parent) : QLabel(text, parent)
 {
     setFont(lumqt::uiFont(lumqt::NormalWeight, saneSize(pixelSize)));
-    installEventFilter(LinkTones::instance());
     lumqt::wearTheme(this, lumqt::labelTones());
 }
 
@@ -93,4 +70,11 @@ void CBPLabel::SetTextColor(QColor color)
     QPalette own = palette();
     own.setColor(QPalette::WindowText, color);
     setPalette(own);
+}
+
+void CBPLabel::paintEvent(QPaintEvent *event)
+{
+    if (!children().isEmpty())
+        renewLinks(*this);
+    QLabel::paintEvent(event);
 }

@@ -52,7 +52,7 @@ StyleColors::StyleColors(const QStyleOption &option)
       frame(of(Purpose::Frame)),
       rule(of(Purpose::Rule)),
       ink(of(Purpose::FrameHovered)),
-      mark(of(Purpose::PlainText)),
+      triangle(of(Purpose::FieldTriangle)),
       accent(of(Purpose::Accent)),
       onAccent(of(Purpose::OnAccent))
 {
@@ -66,13 +66,13 @@ StyleColors::StyleColors(const QStyleOption &option)
         hovered = mix(base, text, kHoveredShare);
         pressed = mix(base, text, kPressedShare);
         rule = mix(base, text, kRuleShare);
-        ink = mark = text;
+        ink = triangle = text;
         if (!enabled)
             frame = accent = rule;
     } else if (!enabled) {
         ground = of(Purpose::FieldDisabled);
         frame = accent = of(Purpose::FrameDisabled);
-        ink = mark = of(Purpose::DisabledText);
+        ink = triangle = of(Purpose::DisabledText);
     }
     // Whoever has changed it means it: for one widget or for all.
     if (option.palette.isBrushSet(group, QPalette::Base) || (!themed && base != of(Purpose::Field)))

@@ -227,7 +227,7 @@ void drawComboBox(const QStyleOptionComboBox &option, const Canvas &plain)
         canvas.painter.fillRect(option.rect, ground);
     const QRect arrow =
         canvas.style.subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, canvas.widget);
-    drawTriangle(canvas, arrow, Qt::DownArrow, colors.mark);
+    drawTriangle(canvas, arrow, Qt::DownArrow, colors.triangle);
     const bool focused = option.editable ? hasFocus(option, canvas) : showsFocus(option, canvas);
     drawRing(canvas, colors, option.rect, option.frame && focused && enabled); // see drawSpinBox()
 }
@@ -289,7 +289,7 @@ void drawSpinBox(const QStyleOptionSpinBox &option, const Canvas &plain)
                                                                                  : colors.ground;
         canvas.painter.fillRect(wholeDevicePixels(canvas.painter, rect),
                                 fadedColor(canvas.control, step.fading, ground));
-        drawTriangle(canvas, rect, step.arrow, can ? colors.mark : colors.of(Purpose::DisabledText));
+        drawTriangle(canvas, rect, step.arrow, can ? colors.triangle : colors.of(Purpose::DisabledText));
     }
     if (option.frame) // above the buttons, which reach under it at fractions of a pixel
         drawPanel(canvas, option.rect, QColor(), frameOf(option, colors));

@@ -159,7 +159,7 @@ void drawPushButton(const QStyleOptionButton &option, const Canvas &canvas)
     QRect arrow = option.rect.adjusted(0, 0, -kFieldInset, 0);
     arrow.setLeft(arrow.right() + 1 - kTriangleWidth);
     drawTriangle(canvas, QStyle::visualRect(option.direction, option.rect, arrow), Qt::DownArrow,
-                 StyleColors(option).mark);
+                 StyleColors(option).triangle);
 }
 
 bool hasMenuPart(const QStyleOption &option)
@@ -177,12 +177,12 @@ void drawToolMenu(const QStyleOptionToolButton &option, const Canvas &canvas, co
         if (!(option.activeSubControls & QStyle::SC_ToolButtonMenu))
             menu.state &= ~QStyle::State_Sunken;
         drawButton(menu, canvas, option.state & QStyle::State_AutoRaise, false);
-        drawTriangle(canvas, rect, Qt::DownArrow, colors.mark);
+        drawTriangle(canvas, rect, Qt::DownArrow, colors.triangle);
     } else if (option.features & QStyleOptionToolButton::HasMenu) {
         const QRect corner(option.rect.right() - kTriangleWidth - 1,
                            option.rect.bottom() - kTriangleHeight - 2, kTriangleWidth, kTriangleHeight);
         drawTriangle(canvas, QStyle::visualRect(option.direction, option.rect, corner), Qt::DownArrow,
-                     colors.mark);
+                     colors.triangle);
     }
 }
 
@@ -282,10 +282,10 @@ bool drawIndicator(QStyle::PrimitiveElement element, const QStyleOption &option,
         drawFocus(option, canvas);
         return true;
     case QStyle::PE_IndicatorArrowDown:
-        drawTriangle(canvas, option.rect, Qt::DownArrow, StyleColors(option).mark);
+        drawTriangle(canvas, option.rect, Qt::DownArrow, StyleColors(option).triangle);
         return true;
     case QStyle::PE_IndicatorArrowUp:
-        drawTriangle(canvas, option.rect, Qt::UpArrow, StyleColors(option).mark);
+        drawTriangle(canvas, option.rect, Qt::UpArrow, StyleColors(option).triangle);
         return true;
     default:
         return false;

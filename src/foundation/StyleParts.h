@@ -80,8 +80,8 @@ struct StyleColors
     QColor pressed;
     QColor frame; // for the state of the option
     QColor rule;
-    QColor ink;  // of a frame under the mouse, for the state of the option
-    QColor mark; // of triangles, likewise
+    QColor ink;      // of marks, for the state of the option
+    QColor triangle; // the same, of triangles
     QColor accent;
     QColor onAccent;
 };

@@ -138,7 +138,7 @@ void drawSortArrow(const QStyleOptionHeader &option, const Canvas &canvas)
         return;
     // Qt names the indicator by where its base lies: "down" is ascending.
     const bool up = option.sortIndicator == QStyleOptionHeader::SortDown;
-    drawTriangle(canvas, option.rect, up ? Qt::UpArrow : Qt::DownArrow, StyleColors(option).mark);
+    drawTriangle(canvas, option.rect, up ? Qt::UpArrow : Qt::DownArrow, StyleColors(option).triangle);
 }
 
 // As the base does it, which asks itself where the parts lie, not the style around it.
@@ -231,7 +231,7 @@ void drawBranch(const QStyleOption &option, const Canvas &canvas)
         return;
     const StyleColors colors(option);
     const Qt::ArrowType closed = option.direction == Qt::RightToLeft ? Qt::LeftArrow : Qt::RightArrow;
-    QColor color = option.state & QStyle::State_MouseOver ? colors.accent : colors.mark;
+    QColor color = option.state & QStyle::State_MouseOver ? colors.accent : colors.triangle;
     if (option.state & QStyle::State_Selected &&
         canvas.style.styleHint(QStyle::SH_ItemView_ShowDecorationSelected, &option, canvas.widget))
         color = selectionPalette(option, canvas.style).color(groupOf(option), QPalette::HighlightedText);

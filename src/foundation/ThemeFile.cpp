@@ -6,6 +6,7 @@
 #include <QMap>
 #include <QMetaEnum>
 #include <QSettings>
+#include <QTemporaryFile>
 #include <QTextCodec>
 
 #include <algorithm>
@@ -15,6 +16,7 @@ namespace lumqt {
 namespace {
 
 constexpr qint64 kLargestFile = 256 * 1024; // bytes; a whole theme has some 10 KiB
+const char kMark[] = "\xef\xbb\xbf";
 const char kExpectedColor[] = "#rrggbb or #aarrggbb";
 
 void complain(const QString &file, const QString &key, const QString &expected)
@@ -60,8 +62,9 @@ QColor colorOf(const QString &text)
                                 : QColor();
 }
 
-// Whether it is worth reading; else a line in the log says what is not. QSettings would take any bytes.
-bool isText(const QString &file)
+// What a theme file holds, without the mark that says that it is UTF-8; null, and a line in the log, where
+// that is no text. QSettings would take any bytes.
+QByteArray contentOf(const QString &file)
 {
     const char *wrong = nullptr;
     QFile source(file);
@@ -77,9 +80,11 @@ bool isText(const QString &file)
         QTextCodec::codecForName("UTF-8")->toUnicode(bytes.constData(), bytes.size(), &state);
     if (!wrong && (state.invalidChars > 0 || state.remainingChars > 0 || bytes.contains('\0')))
         wrong = "text in UTF-8";
-    if (wrong)
+    if (wrong) {
         qCWarning(lcLumQt, "The theme file %s: expected %s", qUtf8Printable(file), wrong);
-    return !wrong;
+        return QByteArray();
+    }
+    return bytes.startsWith(kMark) ? bytes.mid(int(qstrlen(kMark))) : bytes.isNull() ? QByteArray("") : bytes;
 }
 
 struct Entry
@@ -88,19 +93,25 @@ struct Entry
     QString value;
 };
 
-// By their keys in lower case, whatever section they are in.
-QMap<QString, Entry> entriesOf(const QString &file)
+// By their keys in lower case, whatever section they are in. Read from a copy: of the file itself, QSettings
+// would remember what was in it up to a tick of the clock ago, and a designer tries one colour after another.
+QMap<QString, Entry> entriesOf(const QString &file, const QByteArray &content)
 {
-    QSettings settings(file, QSettings::IniFormat);
-    settings.setIniCodec("UTF-8");
     QMap<QString, Entry> entries;
+    QTemporaryFile copy;
+    if (!copy.open() || copy.write(content) != content.size() || !copy.flush()) {
+        qCWarning(lcLumQt, "The theme file %s: expected room for a copy of it", qUtf8Printable(file));
+        return entries;
+    }
+    QSettings settings(copy.fileName(), QSettings::IniFormat);
+    settings.setIniCodec("UTF-8");
     const QStringList keys = settings.allKeys();
     for (const QString &path : keys) {
-        // The codec is for values: of a key it leaves the bytes, with the mark at the file's beginning.
+        // The codec is for values: of a key it leaves the bytes.
         const QString key = QString::fromUtf8(path.section(QLatin1Char('/'), -1).toLatin1());
-        // A text with a comma is a list to QSettings.
-        entries[key.toLower()] = {key,
-                                  settings.value(path).toStringList().join(QLatin1String(", ")).trimmed()};
+        // A text with a comma is a list to QSettings, and there is nothing at an empty key.
+        const QVariant value = path.isEmpty() ? QVariant() : settings.value(path);
+        entries[key.toLower()] = {key, value.toStringList().join(QLatin1String(", ")).trimmed()};
     }
     if (settings.status() == QSettings::FormatError)
         qCWarning(lcLumQt, "The theme file %s: expected lines of key = value", qUtf8Printable(file));
@@ -138,9 +149,10 @@ QString nameIn(const QString &file, const Entry &entry)
 NamedTheme readTheme(const QString &file)
 {
     NamedTheme read;
-    if (!isText(file))
+    const QByteArray content = contentOf(file);
+    if (content.isNull())
         return read;
-    QMap<QString, Entry> entries = entriesOf(file);
+    QMap<QString, Entry> entries = entriesOf(file, content);
     read.name = nameIn(file, entries.take(QStringLiteral("name")));
     read.theme.base = baseOf(file, entries.take(QStringLiteral("base")), read.name);
     ThemeColors own;

@@ -6,9 +6,11 @@
 
 #include <QEvent>
 #include <QHash>
+#include <QPointer>
 #include <QWidget>
 
 #include <algorithm>
+#include <vector>
 
 namespace lumqt {
 
@@ -94,6 +96,7 @@ const QVector<PaletteTone> &windowPalette()
 class Wearer : public QObject
 {
 public:
+    static bool isKnown(const QWidget *widget) { return all().contains(widget); }
     static Wearer *of(QWidget *widget)
     {
         Wearer *known = all().value(widget);
@@ -101,9 +104,10 @@ public:
     }
     ~Wearer() override { all().remove(m_widget); }
 
-    void wear(const QVector<PaletteTone> &tones)
+    void wear(const QVector<PaletteTone> &tones, bool whole)
     {
         m_tones += tones;
+        m_whole = m_whole || whole;
         renew();
     }
     void keep(const QVector<PaletteTone> &tones)
@@ -112,11 +116,6 @@ public:
         const uint worn = m_worn.resolve();
         m_worn = m_widget->palette(); // so that it is replaced
         m_worn.resolve(worn | rolesOf(tones));
-        renew();
-    }
-    void wearWhole()
-    {
-        m_whole = true;
         renew();
     }
 
@@ -148,7 +147,9 @@ private:
     // Of those that are set in `palette`.
     uint wornRoles(const QPalette &palette) const
     {
-        uint worn = agreeing(palette, m_worn);
+        // A palette without some of the roles is no copy of the one that was put there.
+        const bool isOther = m_worn.resolve() & ~palette.resolve();
+        uint worn = isOther ? 0 : agreeing(palette, m_worn);
         for (const QPalette &before : m_before) {
             if (agreeing(palette, before) == before.resolve()) // a colour alone may be somebody's choice
                 worn |= before.resolve();
@@ -228,11 +229,68 @@ private:
     bool m_renewing = false;
 };
 
+// What has nothing to wear yet. Few applications ever leave the plain light theme, and their widgets shall
+// not pay for the others.
+struct Waiting
+{
+    QPointer<QWidget> widget;
+    QVector<PaletteTone> tones;
+    bool whole;
+};
+
+std::vector<Waiting> &waiting()
+{
+    static auto *all = new std::vector<Waiting>;
+    return *all;
+}
+
+bool hasNothingToWear(bool whole)
+{
+    return isPlainLight() && !(whole && wantsPalette());
+}
+
+void wear(QWidget *widget, const QVector<PaletteTone> &tones, bool whole);
+
+void dressTheWaiting()
+{
+    if (hasNothingToWear(true))
+        return;
+    std::vector<Waiting> dressed;
+    dressed.swap(waiting());
+    for (const Waiting &one : dressed) {
+        if (one.widget)
+            wear(one.widget, one.tones, one.whole);
+    }
+}
+
+void wait(QWidget *widget, const QVector<PaletteTone> &tones, bool whole)
+{
+    static bool hears = false;
+    if (!hears)
+        onThemeChange(ThemeNews::instance(), dressTheWaiting);
+    hears = true;
+    std::vector<Waiting> &all = waiting();
+    if (all.size() == all.capacity()) { // those that are gone make room, before there is more
+        all.erase(std::remove_if(all.begin(), all.end(), [](const Waiting &one) { return !one.widget; }),
+                  all.end());
+        all.reserve(qMax<size_t>(64, 2 * all.size()));
+    }
+    all.push_back({widget, tones, whole});
+}
+
+void wear(QWidget *widget, const QVector<PaletteTone> &tones, bool whole)
+{
+    if (hasNothingToWear(whole) && !Wearer::isKnown(widget))
+        wait(widget, tones, whole);
+    else
+        Wearer::of(widget)->wear(tones, whole);
+}
+
 } // namespace
 
 void wearTheme(QWidget *widget, const QVector<PaletteTone> &tones)
 {
-    Wearer::of(widget)->wear(tones);
+    wear(widget, tones, false);
 }
 
 void keepTheme(QWidget *part, const QVector<PaletteTone> &tones)
@@ -248,7 +306,7 @@ void wearWholeTheme(QWidget *widget)
 void wearPalette(QWidget *window)
 {
     sharePalette();
-    Wearer::of(window)->wearWhole();
+    wear(window, {}, true);
 }
 
 QPalette themePalette()

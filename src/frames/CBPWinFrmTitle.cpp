@@ -5,6 +5,7 @@
 #include "foundation/FontLookup.h"
 #include "foundation/ImageLoader.h"
 #include "foundation/Log.h"
+#include "foundation/Painting.h"
 #include "foundation/Palette.h"
 #include "frames/TitleLabel.h"
 #include "Util.h"
@@ -12,6 +13,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QPainter>
 
 namespace {
 
@@ -408,6 +410,17 @@ bool CBPWinFrmTitle::event(QEvent *event)
     if (event->type() == QEvent::ScreenChangeInternal) // the window was moved to another one
         refreshImages();
     return CRoundedRectBase::event(event);
+}
+
+// The line below is the theme's, where the ground alone does not set the bar off.
+void CBPWinFrmTitle::paintEvent(QPaintEvent *event)
+{
+    CRoundedRectBase::paintEvent(event);
+    const QColor &line = lumqt::themeColor(lumqt::Purpose::TitleLine);
+    if (line.alpha() == 0)
+        return;
+    QPainter painter(this);
+    painter.fillRect(lumqt::evenDevicePixels(painter, QRectF(0, height() - 1, width(), 1)), line);
 }
 
 void CBPWinFrmTitle::mousePressEvent(QMouseEvent *event)

@@ -22,6 +22,7 @@ constexpr int kSpacing = 8;
 constexpr int kGaps = 36;     // margins and spacings together
 constexpr int kDotOffset = 2; // of a dot from the middle between margin and spacing
 constexpr int kDotRise = 10;  // of the dots above the bottom
+constexpr int kDotSize = 2;   // on other than light grounds, where a single pixel is lost
 constexpr int kBitsPerOctet = 8;
 
 class AccessibleAddress : public QAccessibleWidget
@@ -142,10 +143,12 @@ void CBPIPInputWidget::paintEvent(QPaintEvent *)
     box.frame = lumqt::themeColor(isEnabled() ? Purpose::Frame : Purpose::AddressFrameDisabled);
     lumqt::drawBody(painter, rect(), box);
 
+    const QColor &dots = lumqt::themeColor(isEnabled() ? Purpose::AddressDot : Purpose::AddressDotDisabled);
+    const int size = lumqt::isPlainLight() ? 1 : kDotSize;
     const int segment = (width() - kGaps) / kOctets;
     const int y = height() - kDotRise;
     for (int i = 1; i < kOctets; ++i) {
-        const QRectF dot(i * (segment + kSpacing) + kDotOffset, y, 1, 1);
-        painter.fillRect(lumqt::wholeDevicePixels(painter, dot), box.frame);
+        const QRectF dot(i * (segment + kSpacing) + kDotOffset, y, size, size);
+        painter.fillRect(lumqt::wholeDevicePixels(painter, dot), dots);
     }
 }

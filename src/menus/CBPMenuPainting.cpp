@@ -26,8 +26,7 @@ namespace {
 constexpr int kBodyIndex = 0;  // of the background colours
 constexpr int kHoverIndex = 2; // of the background colours
 constexpr int kSubLevelInset = 2;
-constexpr int kCornerRoom =
-    2; // what the plain part of a highlight keeps from round corners, beside the radius
+constexpr int kCornerRoom = 2;    // between the plain part of a highlight and round corners
 constexpr int kLargestIcon = 255; // side
 constexpr int kArrowMargin = 8;   // between the arrow and the right edge
 constexpr int kGapBehindText = 6; // to the badge or the arrow
@@ -383,7 +382,8 @@ void CBPMenu::paintItem(QPainter *painter, const ItemView &item)
     };
     const bool enabled = item.action->isEnabled();
     const bool ownText = !enabled && hasOwnDisabledText();
-    const qreal opacity = enabled ? 1.0 : ownText ? kOpacityBesideText : kDisabledOpacity;
+    const qreal faded = ownText ? kOpacityBesideText : lumqt::disabledOpacity(kDisabledOpacity);
+    const qreal opacity = enabled ? 1.0 : faded;
     painter->setOpacity(opacity);
 
     int x = rect.x() + boundedPixels(m_leftMargin);

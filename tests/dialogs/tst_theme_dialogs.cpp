@@ -5,6 +5,7 @@
 #include "CBPTheme.h"
 #include "CBPTipWnd.h"
 #include "CBPUISyncWaiter.h"
+#include "CBPWaitBtn.h"
 #include "CBPWaiter.h"
 #include "CTextTips.h"
 #include "MsgBoxProbe.h"
@@ -15,6 +16,7 @@
 
 #include <QMovie>
 #include <QScrollArea>
+#include <QScrollBar>
 
 using P = CBPTheme::Purpose;
 using Look = std::function<void(QWidget &)>;
@@ -37,6 +39,13 @@ void showPopUp(const Look &look, bool own)
     if (own)
         window.GetBtn(kOk)->setBgColor(QVector<QColor>(4, kOwn));
     window.show();
+    look(window);
+}
+
+void showWaiting(const Look &look, bool)
+{
+    PopUp window(nullptr, kOk);
+    qobject_cast<CBPWaitBtn *>(window.GetBtn(kOk))->Show(true);
     look(window);
 }
 
@@ -104,6 +113,19 @@ void showGroundOfPaths(const Look &look, bool)
     look(*list.findChild<QScrollArea *>()->widget());
 }
 
+void showBarOfPaths(const Look &look, bool)
+{
+    CBPPathDropdWnd list;
+    for (const char *path : {"a", "b", "c", "d"}) {
+        ComboxItem item;
+        item.path = path;
+        list.AppendItem(item);
+    }
+    list.show();
+    QCoreApplication::sendPostedEvents();
+    look(*list.findChild<QScrollArea *>()->verticalScrollBar());
+}
+
 void showWaiter(const Look &look, bool)
 {
     CBPWaiter waiter(nullptr, "mmmm", 1000, false);
@@ -126,6 +148,7 @@ private slots:
         columns<Stage, QVector<P>>("stage", "purposes");
         row("pop-up", Stage(showPopUp),
             QVector<P>{P::PopUpGround, P::PopUpLine, P::PopUpEdge, P::PrimaryGround, P::SecondaryFrame});
+        row("waiting button", Stage(showWaiting), QVector<P>{P::WaitingGround, P::WaitingText});
         row("message box", Stage(runMessage), QVector<P>{P::MessageText, P::NoticeHead});
         row("form", Stage(runForm), QVector<P>{P::MessageText, P::MessageHint, P::PrimaryGroundDisabled});
         row("tip", Stage(showTip), QVector<P>{P::TipGround, P::TipFrame});
@@ -134,6 +157,7 @@ private slots:
             QVector<P>{P::MenuGround, P::MenuGroundHovered, P::MenuTextDisabled, P::MenuFrame});
         row("paths", Stage(showPaths), QVector<P>{P::PathGround, P::PathText, P::PathFrame});
         row("ground of paths", Stage(showGroundOfPaths), QVector<P>{P::PathGround});
+        row("bar of paths", Stage(showBarOfPaths), QVector<P>{P::RaisedGround, P::Frame});
         row("waiter", Stage(showWaiter), QVector<P>{P::WaiterGround, P::WaiterFrame, P::WaiterText});
     }
     void openWindowsGoWithTheTheme()

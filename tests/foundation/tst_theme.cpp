@@ -72,6 +72,7 @@ private slots:
     void initTestCase()
     {
         QVERIFY(m_dir.isValid());
+        QApplication::setStyle("Fusion"); // native ones have colours of their own, whatever the palette
         s_before = qInstallMessageHandler(listen);
     }
     void cleanupTestCase() { qInstallMessageHandler(s_before); }
@@ -151,6 +152,8 @@ private slots:
             (QByteArray("text: ") + color).constData());
         add("Colour=#123456\ntext\nField=#000001", "Field=#ff000001",
             "lines of key = value|Colour: a purpose of CBPTheme, name or base");
+        add("\xef\xbb\xbf[Colours]\n=#123456\nName", "",
+            "lines of key = value|: a purpose of CBPTheme, name or base");
         add("Base=contrast", "Ground=#ffffffff", (QByteArray("Base: ") + base).constData());
         add("base=", "Ground=#ffffffff", (QByteArray("base: ") + base).constData());
         add("base=Mine", "Ground=#ffffffff", "base: light or dark, not the theme itself");
@@ -218,7 +221,7 @@ private slots:
                  qPrintable(s_lines[0]));
     }
 
-    // While it is shown, each time it has other colours. QSettings tells a file by time and length.
+    // While it is shown, each time it has other colours, however fast.
     void loadsAgain()
     {
         QStringList heard;
@@ -228,8 +231,8 @@ private slots:
         const auto load = [&](const char *text) { CBPTheme::load(write("again.ini", text)); };
         load("text=#000001");
         CBPTheme::apply("again");
-        load("text = #000002");
-        load("text  =  #000003");
+        load("text=#000002");
+        load("text=#000003");
         load("text=#000003\n; the same");
         load("text=#000003\nbase=dark");
         CBPTheme::apply("dark");
@@ -283,6 +286,7 @@ private slots:
             "dark=dd panel=dd contrast=rc light=r.",
             "panel=r. dark=rd light=r.",
             "dark=dd light=.. asdark=d. light=d.",
+            "dark=dd justdark=dd contrast=dc light=d.",
             "dark=dd away=dd light=..",
         };
         for (const char *life : lives)
@@ -298,6 +302,7 @@ private slots:
             {"fresh", [&] { set(worn.label, QPalette(), QPalette::WindowText, "red"); }},
             {"panel", [&] { set(worn.panel, worn.panel.palette(), QPalette::WindowText, "red"); }},
             {"asdark", [&] { set(worn.label, worn.label.palette(), QPalette::WindowText, "#e8ecf3"); }},
+            {"justdark", [&] { set(worn.label, QPalette(), QPalette::WindowText, "#e8ecf3"); }},
             {"sheet",
              [&] {
                  worn.label.setStyleSheet("color: blue");
@@ -385,7 +390,7 @@ private slots:
         all << &dimmed;
         window.show();
         QVERIFY(QTest::qWaitForWindowExposed(&window));
-        QTest::qWait(50);
+        repaints(window, [] {}); // what is due
         std::vector<std::unique_ptr<EventCounter>> paints, moves;
         for (QWidget *widget : all) {
             paints.push_back(std::make_unique<EventCounter>(widget, QVector<QEvent::Type>{QEvent::Paint}));
@@ -393,8 +398,7 @@ private slots:
                 widget, QVector<QEvent::Type>{QEvent::Resize, QEvent::Move, QEvent::Show, QEvent::Hide,
                                               QEvent::LayoutRequest}));
         }
-        CBPTheme::apply("dark");
-        QTest::qWait(50);
+        QVERIFY(repaints(window, [] { CBPTheme::apply("dark"); }));
         for (size_t i = 0; i < paints.size(); ++i) {
             QVERIFY2(paints[i]->count >= 1 && paints[i]->count <= 3, QByteArray::number(paints[i]->count));
             QCOMPARE(moves[i]->count, 0);

@@ -133,6 +133,8 @@ private slots:
             const bool says = CBPTheme::current() == "contrast";
             QCOMPARE(grabbedAt(bar, 200, 30),
                      says ? lumqt::themeColor(Purpose::TitleGround) : QColor(0x10, 0x20, 0x30));
+            QCOMPARE(grabbedAt(bar, 200, bar.height() - 1),
+                     says ? lumqt::themeColor(Purpose::TitleLine) : grabbedAt(bar, 200, 30));
             QCOMPARE(titleOf(bar), lumqt::themeColor(Purpose::TitleText));
             QVERIFY(shows(grabOf(bar), {Purpose::TitleButton, Purpose::TitleNotice}));
             const QHash<QRgb, int> owns = colorsIn(grabOf(own), own.rect());

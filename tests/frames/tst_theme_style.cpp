@@ -75,7 +75,7 @@ private slots:
         QCheckBox box, checked;
         checked.setChecked(true);
         check(edit, {Purpose::Field, Purpose::Frame});
-        check(combo, {Purpose::Field, Purpose::Frame, Purpose::PlainText});
+        check(combo, {Purpose::Field, Purpose::Frame, Purpose::FieldTriangle});
         check(spin, {Purpose::Field, Purpose::Frame});
         check(button, {Purpose::ButtonGround, Purpose::ButtonFrame});
         check(box, {Purpose::Field, Purpose::Frame});

@@ -8,6 +8,7 @@
 #include "CBPCheckBox.h"
 #include "CBPPopWnd.h"
 #include "CBPPushBtn.h"
+#include "CBPWaitBtn.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -162,7 +163,7 @@ QPixmap waitingPortrait()
         button->setIconSize(QSize(20, 20));
         button->setIcon(icon);
         button->setText(QString());
-        button->setEnabled(false);
+        qobject_cast<CBPWaitBtn *>(button)->Show(true);
     }
     return pose::portrait(dialog, kSampleWidth, 232);
 }
