@@ -19,8 +19,8 @@ int saneSize(int pixelSize)
 }
 
 // Gives the links of a rich text the theme's colour: Qt takes it from the application's palette, which is for
-// light grounds, when it reads the text. Nothing tells of a new one; it is read at its first use, and again if
-// that was for another theme.
+// light grounds, when it reads the text. Nothing tells of a new text, which is read at its first use, and
+// once more if that was for another theme.
 void renewLinks(QLabel &label)
 {
     auto *document = label.findChild<QTextDocument *>(); // of a text that is not plain

@@ -48,6 +48,8 @@ const char *const kTexts[] = {
     "CalendarOutOfRange: CalendarGround",
     "CalendarChosenText: CalendarChosen",
     "SliderText LabelText HeadingText HeadingFocused HeadingDisabled: Ground PanelGround",
+    "HeadingText: Hovered Pressed",
+    "HeadingFocused: Pressed",
     "ProgressText: ProgressTrack",
     "ProgressTextDone: ProgressStart ProgressEnd",
 };
