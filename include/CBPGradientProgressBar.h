@@ -79,6 +79,7 @@ private:
     void startSweep();
     void runTimers();
     void repaintOrRest();
+    bool drawTrack(QPainter &painter, const QRect &track) const;
     void drawHighlight(QPainter &painter, const QRect &filled) const;
     void drawPercentage(QPainter &painter, const QRect &filled);
 

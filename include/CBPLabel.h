@@ -30,4 +30,7 @@ public:
 
     /// Sets the colour of the text, which a style sheet overrules. An invalid one is left out. \since 1.0
     void SetTextColor(QColor color);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
 };

@@ -257,6 +257,7 @@ public:
         SliderTick,           ///< its marks
         SliderText,           ///< its value
         ProgressTrack,        ///< ground of a progress bar
+        ProgressFrame,        ///< line around that; see-through: none
         ProgressText,         ///< its text
         ProgressTextDone,     ///< the same on what is done
         ProgressStart,        ///< what is done, at its beginning

@@ -196,7 +196,8 @@ CButtonGroupBox *buttonGroup(bool exclusive)
 {
     auto *group = new CButtonGroupBox(exclusive, nullptr);
     follow(group, [group] {
-        const QVector<QColor> grounds = colorsOf({kGround, kAccentHovered, kAccent, kGround});
+        constexpr Tone hovered{0xff185d9f, Purpose::Hovered};
+        const QVector<QColor> grounds = colorsOf({kGround, hovered, kAccent, kGround});
         group->SetBgClr(grounds); // of buttons to come
         group->SetTextClr(groupTexts());
         const auto buttons = group->findChildren<CBPPushBtn *>();
@@ -210,7 +211,8 @@ CButtonGroupBox *buttonGroup(bool exclusive)
 
 QVector<QColor> groupTexts()
 {
-    return colorsOf({kAccent, kOnAccent, kOnAccent, kFaint});
+    constexpr Tone hovered{0xffffffff, Purpose::Text};
+    return colorsOf({kAccent, hovered, kOnAccent, kFaint});
 }
 
 void lowerButtons(CButtonGroupBox *group)

@@ -273,18 +273,36 @@ void CBPGradientProgressBar::resizeEvent(QResizeEvent *event)
     QWidget::resizeEvent(event);
 }
 
+// Says whether it has a line around it.
+bool CBPGradientProgressBar::drawTrack(QPainter &painter, const QRect &track) const
+{
+    const QColor &frame = lumqt::themeColor(Purpose::ProgressFrame);
+    const bool framed = frame.alpha() > 0;
+    if (framed) {
+        painter.setBrush(frame);
+        painter.drawRoundedRect(lumqt::wholeDevicePixels(painter, track), kRadius, kRadius);
+    }
+    const qreal inset = framed ? 1 : 0;
+    painter.setBrush(lumqt::themeColor(Purpose::ProgressTrack));
+    painter.drawRoundedRect(
+        lumqt::wholeDevicePixels(painter, QRectF(track).adjusted(inset, inset, -inset, -inset)),
+        kRadius - inset, kRadius - inset);
+    return framed;
+}
+
 void CBPGradientProgressBar::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     const QRect track = rect().adjusted(0, 0, -1, -1);
-    painter.setBrush(lumqt::themeColor(Purpose::ProgressTrack));
-    painter.drawRoundedRect(lumqt::wholeDevicePixels(painter, track), kRadius, kRadius);
+    const bool framed = drawTrack(painter, track);
 
     m_barWidth = qMin(m_barWidth + 1, progressBarWidth());
     QRect filled = track.adjusted(1, 1, 0, 0);
     filled.setWidth(m_barWidth);
+    if (framed)
+        filled &= track.adjusted(1, 1, -1, -1);
     if (m_barWidth > 0) {
         QLinearGradient gradient(filled.left(), 0, filled.right(), 0);
         gradient.setColorAt(0, lumqt::themeColor(Purpose::ProgressStart));

@@ -4,6 +4,8 @@
 #include "foundation/FontLookup.h"
 #include "foundation/Log.h"
 
+#include <QTextDocument>
+
 namespace {
 
 constexpr int kPixelSize = 12;
@@ -14,6 +16,28 @@ int saneSize(int pixelSize)
     if (pixelSize < 0)
         qCWarning(lcLumQt, "CBPLabel: %d is no font size", pixelSize);
     return pixelSize < 1 ? kPixelSize : pixelSize;
+}
+
+// Gives the links of a rich text the theme's colour: Qt takes it from the application's palette, which is for
+// light grounds, when it reads the text. Nothing tells of a new text, which is read at its first use, and
+// once more if that was for another theme.
+void renewLinks(QLabel &label)
+{
+    auto *document = label.findChild<QTextDocument *>(); // of a text that is not plain
+    const Qt::TextFormat format = label.textFormat();
+    if (!document || (format != Qt::AutoText && format != Qt::RichText))
+        return;
+    const QString sheet =
+        lumqt::isPlainLight()
+            ? QString()
+            : QStringLiteral("a{color:%1}").arg(lumqt::themeColor(lumqt::Purpose::Link).name());
+    if (document->defaultStyleSheet() == sheet)
+        return;
+    document->setDefaultStyleSheet(sheet);
+    if (!Qt::mightBeRichText(label.text()))
+        return;
+    label.setTextFormat(format == Qt::RichText ? Qt::AutoText : Qt::RichText); // has the text read again
+    label.setTextFormat(format);
 }
 
 } // namespace
@@ -46,4 +70,11 @@ void CBPLabel::SetTextColor(QColor color)
     QPalette own = palette();
     own.setColor(QPalette::WindowText, color);
     setPalette(own);
+}
+
+void CBPLabel::paintEvent(QPaintEvent *event)
+{
+    if (!children().isEmpty())
+        renewLinks(*this);
+    QLabel::paintEvent(event);
 }

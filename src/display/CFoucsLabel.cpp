@@ -345,11 +345,16 @@ QColor CFoucsLabel::textColor() const
 
 QColor CFoucsLabel::groundColor() const
 {
+    // A tint that shades a light ground does not lighten a dark one enough to be seen.
+    const bool own = (m_focused ? m_focusedColor : m_plainColor).isValid();
+    const bool tints = own || lumqt::isPlainLight();
     if (isEnabled() && (m_press == lumqt::Press::Mouse || m_press == lumqt::Press::Space))
-        return tint(textColor(), kPressedAlpha);
+        return tints ? tint(textColor(), kPressedAlpha) : lumqt::themeColor(lumqt::Purpose::Pressed);
     if (m_focused)
         return tint(textColor(), kFocusedAlpha);
-    return isEnabled() && underMouse() ? tint(textColor(), kHoverAlpha) : QColor();
+    if (!isEnabled() || !underMouse())
+        return QColor();
+    return tints ? tint(textColor(), kHoverAlpha) : lumqt::themeColor(lumqt::Purpose::Hovered);
 }
 
 // Along the edge where the title begins, or inside the ring there.

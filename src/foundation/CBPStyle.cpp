@@ -109,6 +109,14 @@ void CBPStyle::drawControl(ControlElement element, const QStyleOption *option, Q
         QProxyStyle::drawControl(element, &label, painter, widget);
         return;
     }
+    const auto *progress = qstyleoption_cast<const QStyleOptionProgressBar *>(option);
+    if ((element == CE_ProgressBarGroove || element == CE_ProgressBarContents) && progress &&
+        lumqt::liesOnDark(*option)) {
+        QStyleOptionProgressBar bar = *progress;
+        bar.palette = lumqt::outlinedPalette(*option, lumqt::StyleColors(*option).frame);
+        QProxyStyle::drawControl(element, &bar, painter, widget);
+        return;
+    }
     QProxyStyle::drawControl(element, option, painter, widget);
 }
 
@@ -128,7 +136,11 @@ void CBPStyle::drawComplexControl(ComplexControl control, const QStyleOptionComp
         lumqt::drawToolButton(*tool, canvas);
     else if (control == CC_ScrollBar && slider)
         lumqt::drawScrollBar(*slider, canvas);
-    else
+    else if (control == CC_Slider && slider && lumqt::liesOnDark(*slider)) {
+        const QStyleOptionSlider ticks = lumqt::ticksOf(*slider); // and the ring
+        QProxyStyle::drawComplexControl(control, &ticks, painter, widget);
+        lumqt::drawSlider(*slider, canvas);
+    } else
         QProxyStyle::drawComplexControl(control, option, painter, widget);
 }
 

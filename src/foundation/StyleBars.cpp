@@ -1,4 +1,4 @@
-// Menu bars, tabs and group boxes.
+// Menu bars, tabs, group boxes and, on dark windows, sliders.
 
 #include "foundation/Painting.h"
 #include "foundation/StyleParts.h"
@@ -11,7 +11,9 @@ namespace lumqt {
 
 namespace {
 
-constexpr int kChosenWidth = 2; // of the line at the chosen tab
+constexpr int kChosenWidth = 2;  // of the line at the chosen tab
+constexpr qreal kTrackWidth = 4; // of a slider
+constexpr qreal kHandleSize = 14;
 
 // The side of a tab that its page lies on.
 Qt::Edge pageEdge(QTabBar::Shape shape)
@@ -78,7 +80,61 @@ void drawMenuBarItem(const QStyleOptionMenuItem &option, const Canvas &canvas)
     fillEdges(canvas.painter, option.rect, Qt::BottomEdge, colors.rule);
 }
 
+QColor handleColor(const QStyleOptionSlider &option, const StyleColors &colors)
+{
+    const bool touched = option.activeSubControls & QStyle::SC_SliderHandle;
+    if (!(option.state & QStyle::State_Enabled))
+        return colors.of(Purpose::SliderHandleDisabled);
+    if (touched && option.state & QStyle::State_Sunken)
+        return colors.of(Purpose::AccentPressed);
+    return colors.of(touched && option.state & QStyle::State_MouseOver ? Purpose::AccentHovered
+                                                                       : Purpose::SliderHandle);
+}
+
 } // namespace
+
+QStyleOptionSlider ticksOf(const QStyleOptionSlider &option)
+{
+    QStyleOptionSlider ticks = option;
+    ticks.subControls &= QStyle::SC_SliderTickmarks;
+    ticks.palette = outlinedPalette(option, StyleColors(option).of(Purpose::SliderTick));
+    return ticks;
+}
+
+// As the library's own sliders, and what is below the value in the colour of the handle.
+void drawSlider(const QStyleOptionSlider &option, const Canvas &canvas)
+{
+    const StyleColors colors(option);
+    const auto placeOf = [&option, &canvas](QStyle::SubControl part) {
+        return QRectF(canvas.style.subControlRect(QStyle::CC_Slider, &option, part, canvas.widget));
+    };
+    const bool across = option.orientation == Qt::Horizontal;
+    const QRectF groove = placeOf(QStyle::SC_SliderGroove);
+    QRectF handle(0, 0, kHandleSize, kHandleSize);
+    handle.moveCenter(placeOf(QStyle::SC_SliderHandle).center());
+    QRectF track = groove;
+    if (across)
+        track.setHeight(kTrackWidth);
+    else
+        track.setWidth(kTrackWidth);
+    track.moveCenter(across ? QPointF(groove.center().x(), handle.center().y())
+                            : QPointF(handle.center().x(), groove.center().y()));
+    QRectF below = track;
+    const QPointF middle = handle.center();
+    if (across)
+        option.upsideDown ? below.setLeft(middle.x()) : below.setRight(middle.x());
+    else
+        option.upsideDown ? below.setTop(middle.y()) : below.setBottom(middle.y());
+    canvas.painter.fillRect(wholeDevicePixels(canvas.painter, track), colors.of(Purpose::SliderTrack));
+    const QColor color = handleColor(option, colors);
+    canvas.painter.fillRect(wholeDevicePixels(canvas.painter, below), color);
+    canvas.painter.save();
+    canvas.painter.setRenderHint(QPainter::Antialiasing);
+    canvas.painter.setPen(Qt::NoPen);
+    canvas.painter.setBrush(color);
+    canvas.painter.drawEllipse(handle);
+    canvas.painter.restore();
+}
 
 bool drawBarControl(QStyle::ControlElement element, const QStyleOption &option, const Canvas &canvas)
 {

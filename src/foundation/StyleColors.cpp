@@ -79,6 +79,19 @@ StyleColors::StyleColors(const QStyleOption &option)
         ground = option.palette.color(group, QPalette::Base);
 }
 
+bool liesOnDark(const QStyleOption &option)
+{
+    return option.palette.color(QPalette::Window).lightness() < kDarkest;
+}
+
+QPalette outlinedPalette(const QStyleOption &option, const QColor &outline)
+{
+    constexpr int kShade = 140; // per cent, as the style below darkens it
+    QPalette palette = option.palette;
+    palette.setColor(QPalette::Window, outline.lighter(kShade));
+    return palette;
+}
+
 bool hasFocus(const QStyleOption &option, const Canvas &canvas)
 {
     return option.state & QStyle::State_HasFocus || (canvas.control && canvas.watch.hasFocus(canvas.control));

@@ -123,6 +123,15 @@ void drawComboBox(const QStyleOptionComboBox &option, const Canvas &canvas);
 void drawSpinBox(const QStyleOptionSpinBox &option, const Canvas &canvas);
 void drawScrollBar(const QStyleOptionSlider &option, const Canvas &canvas);
 
+// Whether something lies on a dark window: the style below makes its outlines of the window's colour, darker,
+// and they would be lost there.
+bool liesOnDark(const QStyleOption &option);
+// The palette with which its outlines can be seen.
+QPalette outlinedPalette(const QStyleOption &option, const QColor &outline);
+// A slider on a dark window, and its ticks for the style below.
+QStyleOptionSlider ticksOf(const QStyleOptionSlider &option);
+void drawSlider(const QStyleOptionSlider &option, const Canvas &canvas);
+
 QRect comboBoxPart(const QStyleOptionComboBox &option, QStyle::SubControl part);
 QRect spinBoxPart(const QStyleOptionSpinBox &option, QStyle::SubControl part, const QWidget *widget);
 QRect scrollBarPart(const QStyleOptionSlider &option, QStyle::SubControl part);

@@ -47,7 +47,10 @@ protected:
         option.icon = QIcon();
         QStylePainter painter(this);
         painter.drawComplexControl(QStyle::CC_ToolButton, option);
-        const QIcon::Mode mode = isEnabled() ? QIcon::Normal : QIcon::Disabled;
+        const qreal opacity = lumqt::disabledOpacity(1);
+        const bool pale = !isEnabled() && opacity < 1; // Qt makes it for light grounds
+        const QIcon::Mode mode = isEnabled() || pale ? QIcon::Normal : QIcon::Disabled;
+        painter.setOpacity(pale ? opacity : 1);
         painter.drawPixmap(0, 0, style()->generatedIconPixmap(mode, m_picture, &option));
     }
 

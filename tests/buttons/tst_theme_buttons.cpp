@@ -220,6 +220,31 @@ private Q_SLOTS:
     }
 
     void cleanup() { QVERIFY(CBPTheme::apply("light")); }
+
+    // Qt's own are made for the application's palette; one that the icon has, is somebody's choice.
+    void disabledIcons()
+    {
+        QPixmap picture(16, 16), own(16, 16);
+        picture.fill(QColor(200, 100, 0));
+        own.fill(Qt::blue);
+        const QIcon plain(picture);
+        QIcon chosen(picture);
+        chosen.addPixmap(own, QIcon::Disabled);
+        const auto shown = [](const QIcon &icon) {
+            CBPPushBtn push(QString(), nullptr);
+            push.setIcon(icon);
+            push.setEnabled(false);
+            push.resize(60, 28);
+            return grabbedAt(push, 30, 14);
+        };
+        const QColor light = shown(plain);
+        CBPTheme::apply("dark");
+        const QColor dark = shown(plain), ground = lumqt::themeColor(P::ButtonGroundDisabled);
+        QVERIFY(dark.red() < 200 && dark.red() > ground.red() && dark.blue() < ground.blue());
+        QCOMPARE(shown(chosen), QColor(Qt::blue));
+        CBPTheme::apply("light");
+        QCOMPARE(shown(plain), light);
+    }
 };
 
 LUMQT_TEST_MAIN(TestThemeButtons)

@@ -11,7 +11,9 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QProgressBar>
 #include <QPushButton>
+#include <QSlider>
 #include <QSpinBox>
 #include <QTableWidget>
 #include <QTabWidget>
@@ -78,6 +80,36 @@ private slots:
         check(button, {Purpose::ButtonGround, Purpose::ButtonFrame});
         check(box, {Purpose::Field, Purpose::Frame});
         check(checked, {Purpose::Accent});
+    }
+
+    // Qt's own style makes their outlines of the ground.
+    void barsOnDark()
+    {
+        const auto restore = styled("Fusion");
+        CBPStyle style;
+        QProgressBar bar;
+        bar.setStyle(&style);
+        bar.setTextVisible(false);
+        bar.resize(100, 20);
+        QSlider slider(Qt::Horizontal);
+        slider.setStyle(&style);
+        slider.setValue(50);
+        slider.resize(100, 20);
+        const auto edge = [&bar] { return qGray(grabOf(bar).pixelColor(80, 0).rgb()); };
+        const QImage light = grabOf(slider);
+        const int lightEdge = edge();
+        for (const char *theme : {"dark", "contrast"}) {
+            CBPTheme::apply(theme);
+            QVERIFY(grabOf(slider) == light && edge() == lightEdge); // as the palette
+            bar.setPalette(CBPTheme::palette());
+            slider.setPalette(CBPTheme::palette());
+            QVERIFY(edge() > 100);
+            QVERIFY(shows(grabOf(slider), {Purpose::SliderHandle, Purpose::SliderTrack}));
+            bar.setPalette(QPalette());
+            slider.setPalette(QPalette());
+        }
+        slider.setStyle(nullptr);
+        bar.setStyle(nullptr);
     }
 
     void palettes()

@@ -48,6 +48,8 @@ const char *const kTexts[] = {
     "CalendarOutOfRange: CalendarGround",
     "CalendarChosenText: CalendarChosen",
     "SliderText LabelText HeadingText HeadingFocused HeadingDisabled: Ground PanelGround",
+    "HeadingText: Hovered Pressed",
+    "HeadingFocused: Pressed",
     "ProgressText: ProgressTrack",
     "ProgressTextDone: ProgressStart ProgressEnd",
 };
@@ -99,6 +101,7 @@ const char *const kParts[] = {
     "ScrollArrow ScrollArrowDisabled: ScrollGround ScrollPage",
     "ScrollGrip: ScrollSlider ScrollSliderHovered",
     "SliderHandle SliderHandleDisabled SliderTrack SliderTick Bar: Ground",
+    "ProgressFrame: Ground RaisedGround",
     "ProgressStart ProgressEnd: ProgressTrack",
     "ProgressFirst ProgressSecond: ProgressThird",
 };

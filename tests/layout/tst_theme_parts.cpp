@@ -171,7 +171,6 @@ private slots:
         part("scroll bar's ground", make<Bar>, Purpose::ScrollGround, setOwn<&Bar::fill>);
         part("slider's track", make<Slider>, Purpose::SliderTrack);
         part("slider's handle", make<Slider>, Purpose::SliderHandle);
-        part("progress bar's track", make<CBPGradientProgressBar>, Purpose::ProgressTrack);
         part("heading's bar", make<Heading>, Purpose::HeadingFocused, setOwn<&Heading::fill>);
         part("label", make<Label>, Purpose::LabelText, setOwn<&CBPLabel::SetTextColor>);
         part("disabled chosen day", makeDisabled<Days>, Purpose::ChoiceMark);
@@ -222,6 +221,45 @@ private slots:
         };
         QVERIFY(qAbs(middle(own).red() - second.red()) < 8);
         QVERIFY(qAbs(middle(plain).red() - CBPTheme::color(Purpose::ProgressSecond).red()) < 8);
+    }
+
+    void whatLightNeedsNot()
+    {
+        CBPGradientProgressBar bar;
+        CFoucsLabel heading(s_text, 0, 4, QString(), nullptr);
+        for (QWidget *widget : std::initializer_list<QWidget *>{&bar, &heading})
+            widget->resize(200, bar.height());
+        heading.setAttribute(Qt::WA_UnderMouse);
+        bar.setValue(0.5);
+        const QColor light = grabbedAt(bar, 150, 0);
+        CBPTheme::apply(QStringLiteral("contrast"));
+        QCOMPARE(grabbedAt(bar, 150, 0), CBPTheme::color(Purpose::ProgressFrame));
+        QCOMPARE(grabbedAt(bar, 150, 3), CBPTheme::color(Purpose::ProgressTrack));
+        QCOMPARE(grabbedAt(heading, 150, 3), CBPTheme::color(Purpose::Hovered));
+        CBPTheme::apply(QStringLiteral("light"));
+        QCOMPARE(grabbedAt(bar, 150, 0), light);
+    }
+
+    void links()
+    {
+        CBPLabel label(QStringLiteral("<a href='x'>%1</a>").arg(s_text), 40);
+        const auto has = [&label](const QColor &color) {
+            return !boxOf(label.grab().toImage(), color).isEmpty();
+        };
+        label.show();
+        const QImage before = label.grab().toImage();
+        CBPTheme::apply(QStringLiteral("dark"));
+        QVERIFY(has(CBPTheme::color(Purpose::Link)));
+        label.setText(s_text);
+        QVERIFY(!has(CBPTheme::color(Purpose::Link)));
+        label.setText(
+            QStringLiteral("<a href='x'>%1</a><a href='y' style='color:#ff0000'>%1</a>").arg(s_text));
+        QVERIFY(has(CBPTheme::color(Purpose::Link)) && has(Qt::red));
+        label.setText(QStringLiteral("<a href='x'>%1</a>").arg(s_text));
+        CBPTheme::apply(QStringLiteral("light"));
+        label.resize(before.size());
+        QCOMPARE(label.grab().toImage(), before);
+        QCOMPARE(label.textFormat(), Qt::AutoText);
     }
 
     void fieldsWearTheThemeInTheirPalettes()

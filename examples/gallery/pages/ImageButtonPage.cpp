@@ -16,7 +16,8 @@ using Purpose = theme::Purpose;
 
 QVector<QColor> grounds()
 {
-    constexpr theme::Tone rest{0xfff3f7fc, Purpose::RaisedGround}, off{0xfff2f4f6, Purpose::FieldDisabled};
+    constexpr theme::Tone rest{0xfff3f7fc, Purpose::RaisedGround, Purpose::Hovered, 70};
+    constexpr theme::Tone off{0xfff2f4f6, Purpose::FieldDisabled, Purpose::Hovered, 40};
     return theme::colorsOf({rest, theme::kAccentTint, theme::kAccentTintDeep, off});
 }
 

@@ -15,7 +15,9 @@ namespace {
 
 constexpr int kWidth = 240;
 constexpr int kButtonWidth = 96;
-constexpr theme::Tone kLightGround{0xffe3e8ee, theme::Purpose::RaisedGround};
+constexpr theme::Tone kPanelGround{0xffe3e8ee, theme::Purpose::RaisedGround};
+constexpr theme::Tone kDarkGround{0xff222a3e, theme::Purpose::RaisedGround};
+constexpr theme::Tone kLightGround{0xffe3e8ee, theme::Purpose::Field};
 constexpr theme::Tone kAccentGround{0xff1f71bf, theme::Purpose::Ground, theme::Purpose::Accent, 20};
 
 CBPGradientProgressBar *bar(int width = kWidth)
@@ -79,7 +81,7 @@ void addLiveSamples(Page *page)
         });
         return result;
     };
-    QWidget *ground = theme::ground(kLightGround);
+    QWidget *ground = theme::ground(kPanelGround);
     auto *layout = new QVBoxLayout(ground);
     layout->setContentsMargins(24, 24, 24, 24);
     layout->addWidget(progress);
@@ -97,9 +99,9 @@ void addValues(Page *page)
     Section *section = page->addSection("Values", "The first value shows at once. Below one per cent the bar "
                                                   "shows one per cent, and 99.99 count as full.");
     section->addWide(
-        onGround(theme::kSide, {{"No value yet", bar()}, {"0, shown as 1 %", at(0)}, {"25 %", at(25)}}));
+        onGround(kDarkGround, {{"No value yet", bar()}, {"0, shown as 1 %", at(0)}, {"25 %", at(25)}}));
     section->addWide(
-        onGround(theme::kSide, {{"50 %", at(50)}, {"99 %", at(99)}, {"100 %, at rest", at(100)}}));
+        onGround(kDarkGround, {{"50 %", at(50)}, {"99 %", at(99)}, {"100 %, at rest", at(100)}}));
 }
 
 void addHighlights(Page *page)
@@ -108,12 +110,12 @@ void addHighlights(Page *page)
         "Highlight", "It sweeps along the filled part until the bar is full, with a pause in "
                      "between. The second colour of the constructor is that of the highlight.");
     const QColor builtIn(88, 205, 210);
-    section->addWide(onGround(theme::kSide, {{"On its way", swept(builtIn, 6)},
-                                             {"Leaving", swept(builtIn, 16)},
-                                             {"The pause", swept(builtIn, 24)}}));
-    section->addWide(onGround(theme::kSide, {{"White", swept(Qt::white, 6)},
-                                             {"Dark blue", swept(QColor(20, 90, 160), 6)},
-                                             {"None: an invalid colour", swept(QColor(), 6)}}));
+    section->addWide(onGround(kDarkGround, {{"On its way", swept(builtIn, 6)},
+                                            {"Leaving", swept(builtIn, 16)},
+                                            {"The pause", swept(builtIn, 24)}}));
+    section->addWide(onGround(kDarkGround, {{"White", swept(Qt::white, 6)},
+                                            {"Dark blue", swept(QColor(20, 90, 160), 6)},
+                                            {"None: an invalid colour", swept(QColor(), 6)}}));
 }
 
 void addSizes(Page *page)
@@ -122,7 +124,7 @@ void addSizes(Page *page)
         "Widths and grounds",
         "The track is white, so it needs a ground that is not. A resized bar keeps its share.");
     section->addWide(
-        onGround(theme::kSide, {{"40 %, 400 wide", at(40, 400)}, {"120", at(40, 120)}, {"24", at(40, 24)}}));
+        onGround(kDarkGround, {{"40 %, 400 wide", at(40, 400)}, {"120", at(40, 120)}, {"24", at(40, 24)}}));
     section->addWide(onGround(kLightGround, QVector<QWidget *>{at(60), at(100)}));
     section->addWide(onGround(kAccentGround, QVector<QWidget *>{at(60), at(100)}));
 }
