@@ -375,6 +375,24 @@ private slots:
     }
 
     // Of a window with many buttons, one of which is kept as a picture by its effect.
+    // Nothing is done for a widget before there is something to wear, and what was deleted is forgotten.
+    void hundredsAreDressed()
+    {
+        std::vector<std::unique_ptr<Worn>> all;
+        for (int i = 0; i < 1000; ++i) {
+            all.push_back(std::make_unique<Worn>());
+            if (i % 3 != 0)
+                all.pop_back();
+        }
+        const QString light = all.front()->colors();
+        QVERIFY(all.front()->label.children().isEmpty());
+        for (const char *theme : {"dark", "light"}) {
+            CBPTheme::apply(theme);
+            for (const auto &one : all)
+                QCOMPARE(one->colors(), theme == QByteArray("dark") ? "#e8ecf3 #151922" : light);
+        }
+    }
+
     void switchesOnceAndAtRest()
     {
         QWidget window;
