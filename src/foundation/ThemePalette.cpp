@@ -148,9 +148,7 @@ private:
     // Of those that are set in `palette`.
     uint wornRoles(const QPalette &palette) const
     {
-        // A palette without some of the roles is no copy of the one that was put there.
-        const bool isOther = m_worn.resolve() & ~palette.resolve();
-        uint worn = isOther ? 0 : agreeing(palette, m_worn);
+        uint worn = agreeing(palette, m_worn);
         for (const QPalette &before : m_before) {
             if (agreeing(palette, before) == before.resolve()) // a colour alone may be somebody's choice
                 worn |= before.resolve();
@@ -202,6 +200,10 @@ private:
             return;
         m_renewing = true;
         const QPalette current = m_widget->palette(); // its mask tells of the widget alone
+        if (m_worn.resolve() & ~current.resolve()) {  // no copy of the one that was put there, but a new one
+            m_worn = QPalette();
+            m_before.clear();
+        }
         const uint worn = wornRoles(current);
         // A window is what others inherit from, also where it lies in another one.
         const uint inherited = m_whole ? 0 : inheritedRoles() & ~rolesOf(m_kept);
