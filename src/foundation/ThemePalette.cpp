@@ -147,9 +147,7 @@ private:
     // Of those that are set in `palette`.
     uint wornRoles(const QPalette &palette) const
     {
-        // A palette without some of the roles is no copy of the one that was put there.
-        const bool isOther = m_worn.resolve() & ~palette.resolve();
-        uint worn = isOther ? 0 : agreeing(palette, m_worn);
+        uint worn = agreeing(palette, m_worn);
         for (const QPalette &before : m_before) {
             if (agreeing(palette, before) == before.resolve()) // a colour alone may be somebody's choice
                 worn |= before.resolve();
@@ -213,6 +211,10 @@ private:
         if (tones.isEmpty() && m_worn.resolve() == 0 && m_before.isEmpty())
             return;
         const QPalette current = m_widget->palette(); // its mask tells of the widget alone
+        if (m_worn.resolve() & ~current.resolve()) {  // no copy of the one that was put there, but a new one
+            m_worn = QPalette();
+            m_before.clear();
+        }
         const uint worn = wornRoles(current);
         // A window is what others inherit from, also where it lies in another one.
         const uint inherited = m_whole ? 0 : inheritedRoles() & ~rolesOf(m_kept);

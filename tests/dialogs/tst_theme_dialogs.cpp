@@ -149,7 +149,7 @@ private slots:
         row("pop-up", Stage(showPopUp),
             QVector<P>{P::PopUpGround, P::PopUpLine, P::PopUpEdge, P::PrimaryGround, P::SecondaryFrame});
         row("waiting button", Stage(showWaiting), QVector<P>{P::WaitingGround, P::WaitingText});
-        row("message box", Stage(runMessage), QVector<P>{P::MessageText, P::NoticeHead});
+        row("message box", Stage(runMessage), QVector<P>{P::MessageText, P::NoticeHead, P::Field});
         row("form", Stage(runForm), QVector<P>{P::MessageText, P::MessageHint, P::PrimaryGroundDisabled});
         row("tip", Stage(showTip), QVector<P>{P::TipGround, P::TipFrame});
         row("tip of text", Stage(showTextTip), QVector<P>{P::TextTipGround, P::TextTipFrame});
