@@ -138,7 +138,6 @@ public:
         ImageTextHovered,        ///< the same under the mouse
         ImageTextPressed,        ///< the same while pressed
         ImageTextDisabled,       ///< the same, disabled
-        ImageTextMark,           ///< its special icon
         ImageTip,                ///< its tip text
         PlainText,               ///< text of a button that is picture and text alone
         PlainTextHovered,        ///< the same under the mouse

@@ -129,7 +129,6 @@ constexpr Row kTable[] = {
     {P::ImageTextHovered, 0xff000000, P::Text, P::Text},
     {P::ImageTextPressed, 0xff000000, P::Text, P::Text},
     {P::ImageTextDisabled, 0xff000000, P::DisabledText, P::DisabledText},
-    {P::ImageTextMark, 0xffff0000, P::Danger, P::Danger},
     {P::ImageTip, 0xffffffff, P::Text, P::Text},
     {P::PlainText, 0xff3c434b, P::Text, P::Text},
     {P::PlainTextHovered, 0xff2a8084, P::SecondAccent, 0xffffff00},

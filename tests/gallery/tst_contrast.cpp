@@ -27,7 +27,7 @@ const char *const kTexts[] = {
     "PrimaryText+: PrimaryGround+",
     "WaitingText: WaitingGround",
     "SecondaryText+: SecondaryGround+",
-    "ImageText+ ImageTextMark: Ground",
+    "ImageText+: Ground",
     "ImageTip: TextTipGround",
     "PlainText+: Ground",
     "ToolText+: Ground",
@@ -113,7 +113,7 @@ const char *const kNeither[] = {"Shadow: Ground",
 // Of the light theme, what is fixed as it is.
 const char *const kFaint[] = {
     "DisabledText: Ground RaisedGround FieldDisabled Field ChosenDisabled",
-    "Link LinkHovered LinkPressed LinkDisabled ImageTextMark PlainTextDisabled SecondAccent Warning "
+    "Link LinkHovered LinkPressed LinkDisabled PlainTextDisabled SecondAccent Warning "
     "SeparatorMiddle PrimaryGround PrimaryGroundHovered ToggleFrame SliderHandle SliderHandleDisabled "
     "SliderTrack Bar: Ground",
     "TitleText: TitleGround TitleButtonHovered",
