@@ -15,6 +15,7 @@
 /// call the theme is "light". Another one shows at once in every window, menu and picture there is; nothing
 /// has to be made anew. What an application has set itself (a colour of a button, a palette, a style sheet)
 /// stays as it is in each theme, and what a getter reports is what was set or built in, not what is painted.
+/// So a colour that a class is said to have at first is that of the theme "light", and painted in that one.
 ///
 /// \code
 /// CBPTheme::givePalette(true); // plain Qt widgets in the library's windows go with them
@@ -72,7 +73,6 @@ public:
         // Title bars. Of a theme of the library, UIConfig.ini goes before.
         TitleGround,         ///< ground of a title bar
         TitleText,           ///< its text
-        TitleLine,           ///< the line below it
         TitleNotice,         ///< its note of a new version
         TitleButton,         ///< ground of its back button
         TitleButtonHovered,  ///< the same under the mouse
@@ -136,7 +136,6 @@ public:
         ImageTextHovered,        ///< the same under the mouse
         ImageTextPressed,        ///< the same while pressed
         ImageTextDisabled,       ///< the same, disabled
-        ImageTextMark,           ///< its special icon
         ImageTip,                ///< its tip text
         PlainText,               ///< text of a button that is picture and text alone
         PlainTextHovered,        ///< the same under the mouse
@@ -327,7 +326,9 @@ public:
 
 signals:
     /// The theme \a name is shown now, or has other colours. The library's widgets have it already.
-    /// \since 1.0
+    ///
+    /// A receiver may apply another theme: current() says so at once, but each receiver hears of this one
+    /// first, and of the other one when all have. \since 1.0
     void changed(const QString &name);
 
 private:

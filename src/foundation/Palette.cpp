@@ -65,7 +65,6 @@ constexpr Row kTable[] = {
     // Title bars. Of a theme of the library, UIConfig.ini goes before.
     {P::TitleGround, 0xff222a3e, 0xff222a3e, 0xff000000},
     {P::TitleText, 0xff7f8fa4, 0xff93a3b8, 0xffffffff},
-    {P::TitleLine, 0xff161d2c, 0xff6f7b8f, 0xffffffff},
     {P::TitleNotice, 0xffe02020, 0xffff7b7b, 0xffff9b9b},
     {P::TitleButton, 0xff1a273b, 0xff1a273b, 0xff000000},
     {P::TitleButtonHovered, 0xff28374e, 0xff28374e, 0xff2b2b2b},
@@ -127,7 +126,6 @@ constexpr Row kTable[] = {
     {P::ImageTextHovered, 0xff000000, P::Text, P::Text},
     {P::ImageTextPressed, 0xff000000, P::Text, P::Text},
     {P::ImageTextDisabled, 0xff000000, P::DisabledText, P::DisabledText},
-    {P::ImageTextMark, 0xffff0000, P::Danger, P::Danger},
     {P::ImageTip, 0xffffffff, P::Text, P::Text},
     {P::PlainText, 0xff3c434b, P::Text, P::Text},
     {P::PlainTextHovered, 0xff2a8084, P::SecondAccent, 0xffffff00},
@@ -317,6 +315,13 @@ QVector<QColor> builtInColors(Purpose first)
     for (int state = 0; state < kThemeStates; ++state)
         colors << builtInColor(Purpose(int(first) + state));
     return colors;
+}
+
+QBrush ownBrush(const QColor &color)
+{
+    QBrush brush(color);
+    brush.setTransform(QTransform::fromTranslate(1, 0)); // which a plain colour is painted without
+    return brush;
 }
 
 bool isPlainLight()

@@ -26,7 +26,7 @@ const char *const kTexts[] = {
     "ButtonText+: ButtonGround+",
     "PrimaryText+: PrimaryGround+",
     "SecondaryText+: SecondaryGround+",
-    "ImageText+ ImageTextMark: Ground",
+    "ImageText+: Ground",
     "ImageTip: TextTipGround",
     "PlainText+: Ground",
     "ToolText+: Ground",
@@ -57,7 +57,7 @@ const char *const kParts[] = {
     "Accent SecondAccent Warning Success: Ground",
     "FocusRing: Ground RaisedGround Field ButtonGround",
     "Badge: Ground TitleGround",
-    "TitleLine TitleNotice: TitleGround",
+    "TitleNotice: TitleGround",
     "WindowCaptionLine: WindowCaption WindowGround",
     "WindowBorder: WindowGround WindowOutside",
     "SeparatorMiddle: Ground",
@@ -105,7 +105,7 @@ const char *const kNeither[] = {"Shadow: Ground",
 // Of the light theme, what is fixed as it is.
 const char *const kFaint[] = {
     "DisabledText: Ground RaisedGround FieldDisabled Field ChosenDisabled",
-    "Link LinkHovered LinkPressed LinkDisabled ImageTextMark PlainTextDisabled SecondAccent Warning "
+    "Link LinkHovered LinkPressed LinkDisabled PlainTextDisabled SecondAccent Warning "
     "SeparatorMiddle PrimaryGround PrimaryGroundHovered ToggleFrame SliderHandle SliderHandleDisabled "
     "SliderTrack Bar: Ground",
     "TitleText: TitleGround TitleButtonHovered",
@@ -132,7 +132,7 @@ const char *const kFaint[] = {
     "FrameDisabled: Ground FieldDisabled",
     "Rule GridLine: Ground Field",
     "Badge: TitleGround MenuGround",
-    "TitleLine TitleNotice: TitleGround",
+    "TitleNotice: TitleGround",
     "WindowCaptionLine: WindowCaption WindowGround",
     "ButtonFrameHovered: ButtonGroundHovered Ground",
     "ButtonFramePressed: ButtonGroundPressed Ground",
