@@ -103,8 +103,8 @@ public:
     void AnimatedHorizontal(QSize start, QSize end, int iDuration);
 
 protected:
-    /// The frame's colour as it is painted, for derived boxes that draw more of it.
-    /// \since 1.0
+    /// The frame's colour as it is painted, for derived boxes that draw more of it: of the current theme
+    /// until SetFrameClr(), not the one that is built in. \since 1.0
     QColor frameColor() const;
 
     void paintEvent(QPaintEvent *event) override;

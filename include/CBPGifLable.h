@@ -57,8 +57,7 @@ private:
     QString m_dir;
     int m_count = 0;
     int m_frame = 0;
-    int m_shown = 0;          // the frame that is to be seen
-    quint32 m_generation = 0; // of the theme whose picture it is
+    int m_shown = 0; // the frame that is to be seen
     bool m_running = false;
     bool m_playing = false; // a timer runs, or rests with the hidden label
 };

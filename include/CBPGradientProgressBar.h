@@ -22,7 +22,8 @@ class CachedText;
 /// after large steps than after small ones, and falls at once. Where values come faster than it grows it
 /// hurries to keep up with them, though never by more than a pixel with each repaint. While the bar is not
 /// full a highlight sweeps along the filled part. A full bar, and one that is hidden, minimised or scrolled
-/// out of view, costs no timer. The track is white: put the bar on a ground that is not.
+/// out of view, costs no timer. The track is the theme's CBPTheme::Purpose::ProgressTrack, white at first:
+/// put the bar on a ground that is not.
 ///
 /// Screen readers are told the value in per cent. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPGradientProgressBar : public QWidget

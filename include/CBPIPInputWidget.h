@@ -6,7 +6,7 @@
 
 class CBPIPAddrEdit;
 
-/// A field for an IPv4 address: four octets in a white box, with dots between them.
+/// A field for an IPv4 address: four octets in a box, with dots between them.
 ///
 /// Octets may be empty; a whole address pasted or dropped into any of them fills all. The order of the octets
 /// is left to right in every language. The field has a fixed size; the focus that it is given goes to its

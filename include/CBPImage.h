@@ -60,9 +60,8 @@ private:
     void showRing();
 
     QString m_path;
-    qreal m_ratio = 0.0;      // that the picture was loaded for
-    quint32 m_generation = 0; // of the theme that it was loaded for
-    qint64 m_key = 0;         // of the picture
+    qreal m_ratio = 0.0; // that the picture was loaded for
+    qint64 m_key = 0;    // of the picture
     bool m_clickable = false;
     bool m_spaceDown = false;
     lumqt::FocusMark m_focusMark{};

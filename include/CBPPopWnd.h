@@ -21,7 +21,7 @@ class QPainter;
 /// result 0x100, that of Cancel. Each end is QDialog's done(), by which finished() and rejected() tell it
 /// once, and not reject(), which is for a close event alone that OnClose() did not answer. An answer given
 /// stays: closing the dialog from a slot of sigQuit(), hiding its parent there, or closing it when it is
-/// hidden already, does not turn it into 0x100. It paints a white body with a soft shadow, or an outline
+/// hidden already, does not turn it into 0x100. It paints its body with a soft shadow, or an outline
 /// where the system does not blend windows (a picture by grab() has the shadow everywhere), and fades in
 /// during the first 200 milliseconds of its life.
 ///

@@ -17,8 +17,8 @@ class StyleWatch;
 /// application, a style made without QStyleFactory) of the desktop's. Keyboard, mouse and screen readers find
 /// what they find without it.
 ///
-/// A style sheet, a palette whose QPalette::Base is not white (of a widget or of the application) and a style
-/// that is set after this one win. On a dark palette fields
+/// A style sheet, a palette whose QPalette::Base is neither white nor the theme's CBPTheme::Purpose::Field
+/// (of a widget or of the application) and a style that is set after this one win. On a dark palette fields
 /// and rows take that palette's colours. Hover and focus fade within 120 milliseconds, unless the system asks
 /// for less motion. GUI thread only. \since 1.0
 class LUMQT_EXPORT CBPStyle : public QProxyStyle

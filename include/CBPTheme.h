@@ -15,6 +15,7 @@
 /// call the theme is "light". Another one shows at once in every window, menu and picture there is; nothing
 /// has to be made anew. What an application has set itself (a colour of a button, a palette, a style sheet)
 /// stays as it is in each theme, and what a getter reports is what was set or built in, not what is painted.
+/// So a colour that a class is said to have at first is that of the theme "light", and painted in that one.
 ///
 /// \code
 /// CBPTheme::givePalette(true); // plain Qt widgets in the library's windows go with them
@@ -336,7 +337,9 @@ public:
 
 signals:
     /// The theme \a name is shown now, or has other colours. The library's widgets have it already.
-    /// \since 1.0
+    ///
+    /// A receiver may apply another theme: current() says so at once, but each receiver hears of this one
+    /// first, and of the other one when all have. \since 1.0
     void changed(const QString &name);
 
 private:

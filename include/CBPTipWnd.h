@@ -12,7 +12,7 @@ class CBPBox;
 class QPainter;
 class QRect;
 
-/// A white bubble right under another widget, with an arrow that points up at it.
+/// A bubble right under another widget, with an arrow that points up at it.
 ///
 /// Show it with show() (and activateWindow(), so that it goes when the user clicks elsewhere), or let it
 /// follow the mouse over its widget. It hides on Escape, when it stops being the active window, and together

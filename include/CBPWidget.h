@@ -14,7 +14,7 @@ class LUMQT_EXPORT CBPWidget : public QWidget
     Q_OBJECT
 
 public:
-    /// A widget filled in solid white, without an outline.
+    /// A widget filled in the theme's CBPTheme::Purpose::PanelGround, white at first, without an outline.
     /// \since 1.0
     explicit CBPWidget(QWidget *parent = nullptr);
     ~CBPWidget() override;

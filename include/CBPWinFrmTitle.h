@@ -2,6 +2,7 @@
 
 #include "CRoundedRectBase.h"
 
+#include <QBrush>
 #include <QColor>
 #include <QPoint>
 #include <QPointer>
@@ -151,7 +152,7 @@ private:
     void showImage(Label &label, const QString &path);
     void refreshImages();
     void chooseColors();
-    void colorTitle(const QColor &color);
+    void colorTitle(const QBrush &brush);
     static void showContent(const Label &label);
 
     QPointer<QWidget> m_parentWindow;
@@ -168,8 +169,8 @@ private:
     QPointer<CBPImageButton> m_supportBtn;
     Label m_icon;
     Label m_title;
-    QColor m_bgColor;    // that the bar chose itself; invalid: the application did
-    QColor m_titleColor; // the same
+    QBrush m_chosenBrush; // of the ground, that the bar chose itself
+    QBrush m_titleBrush;  // the same of the text
     QVector<QColor> m_backColors;
     void (*m_callback)(void *, int) = nullptr;
     void *m_callbackContext = nullptr;

@@ -2,6 +2,7 @@
 
 #include "LumQtGlobal.h"
 
+#include <QBrush>
 #include <QColor>
 #include <QWidget>
 
@@ -38,7 +39,7 @@ private:
     void followBackground();
 
     QColor m_bkgColor; // invalid: the theme's
-    QColor m_textColor;
+    QBrush m_textBrush;
     QLabel *m_label = nullptr;
     int m_width;
 };

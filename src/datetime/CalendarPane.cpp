@@ -275,7 +275,7 @@ void CalendarPane::putColors(Dressed &part)
     QPalette colors = part.widget->palette();
     const auto put = [&](QPalette::ColorRole role, Purpose purpose) {
         if (colors.brush(QPalette::Active, role) == part.worn.brush(QPalette::Active, role))
-            colors.setColor(role, themeColor(purpose));
+            colors.setBrush(role, ownBrush(themeColor(purpose)));
     };
     for (const QPalette::ColorRole ground : kGrounds)
         put(ground, Purpose::CalendarGround);
@@ -289,23 +289,25 @@ void CalendarPane::putColors(Dressed &part)
 // Of the names of the days and of the weekend; an application's formats stay.
 void CalendarPane::setTextColors()
 {
-    const auto isOwn = [](const QTextCharFormat &format, const QColor &worn) {
-        return !format.hasProperty(QTextFormat::ForegroundBrush) || format.foreground().color() == worn;
+    const auto isOwn = [](const QTextCharFormat &format, const QBrush &worn) {
+        return !format.hasProperty(QTextFormat::ForegroundBrush) || format.foreground() == worn;
     };
+    const QBrush quiet = ownBrush(themeColor(Purpose::CalendarQuietText));
+    const QBrush weekends = ownBrush(themeColor(Purpose::CalendarWeekend));
     QTextCharFormat names = headerTextFormat();
-    if (isOwn(names, m_namesColor)) {
-        names.setForeground(themeColor(Purpose::CalendarQuietText));
+    if (isOwn(names, m_namesBrush)) {
+        names.setForeground(quiet);
         setHeaderTextFormat(names);
     }
     for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday}) {
         QTextCharFormat weekend = weekdayTextFormat(day);
-        if (!isOwn(weekend, m_weekendColor) && m_weekendColor.isValid())
+        if (!isOwn(weekend, m_weekendBrush) && m_weekendBrush != QBrush())
             continue;
-        weekend.setForeground(themeColor(Purpose::CalendarWeekend));
+        weekend.setForeground(weekends);
         setWeekdayTextFormat(day, weekend);
     }
-    m_namesColor = themeColor(Purpose::CalendarQuietText);
-    m_weekendColor = themeColor(Purpose::CalendarWeekend);
+    m_namesBrush = quiet;
+    m_weekendBrush = weekends;
 }
 
 void CalendarPane::setUpView(const QString &name)

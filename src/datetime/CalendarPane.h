@@ -63,8 +63,8 @@ private:
     QWidget *m_year = nullptr; // while it is stepped
     BarStyle *m_barStyle = nullptr;
     QVector<Dressed> m_dressed;
-    QColor m_namesColor; // that were put into their formats
-    QColor m_weekendColor;
+    QBrush m_namesBrush; // that were put into their formats
+    QBrush m_weekendBrush;
     QPoint m_hovered{-1, -1}; // the pointer in the view
     bool m_viewHasFocus = false;
     qreal m_scale = 1;

@@ -72,7 +72,7 @@ void CTextTips::InitLayout()
     setLayout(layout);
     followBackground();
     lumqt::onThemeChange(this, [this] {
-        if (m_label->palette().color(QPalette::WindowText) == m_textColor)
+        if (m_label->palette().brush(QPalette::WindowText) == m_textBrush)
             followBackground();
     });
 }
@@ -96,10 +96,10 @@ void CTextTips::SetBkgColor(const QColor &color)
 void CTextTips::followBackground()
 {
     const QColor &ground = lumqt::ownOr(m_bkgColor, Purpose::TextTipGround);
-    m_textColor = lumqt::themeColor(qGray(ground.rgb()) < kLightBackground ? Purpose::TextTipLight
-                                                                           : Purpose::TextTipDark);
+    m_textBrush = lumqt::ownBrush(lumqt::themeColor(
+        qGray(ground.rgb()) < kLightBackground ? Purpose::TextTipLight : Purpose::TextTipDark));
     QPalette palette = m_label->palette();
-    palette.setColor(QPalette::WindowText, m_textColor);
+    palette.setBrush(QPalette::WindowText, m_textBrush);
     m_label->setPalette(palette);
 }
 

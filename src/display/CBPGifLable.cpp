@@ -15,12 +15,18 @@ constexpr int kNoFrame = -1;
 
 } // namespace
 
-CBPGifLable::CBPGifLable(const QString &dir, const int &count, QWidget *parent) : QLabel(parent)
+CBPGifLable::CBPGifLable(const QString &dir, const int &count, QWidget *parent) : CBPGifLable(parent)
 {
     SetResInfo(dir, count);
 }
 
-CBPGifLable::CBPGifLable(QWidget *parent) : QLabel(parent) {}
+CBPGifLable::CBPGifLable(QWidget *parent) : QLabel(parent)
+{
+    lumqt::onThemeChange(this, [this] {
+        if (m_playing && !pixmap(Qt::ReturnByValue).isNull())
+            SetResPic(m_shown);
+    });
+}
 
 CBPGifLable::~CBPGifLable()
 {
@@ -74,7 +80,6 @@ void CBPGifLable::RestSize()
 void CBPGifLable::SetResPic(int number)
 {
     m_shown = number;
-    m_generation = lumqt::themeGeneration();
     const QString file = m_dir + QDir::separator() + QString::number(number) + QLatin1String(".png");
     // Of the picture that stands for none a folder has a file or, as a rule, not.
     const bool wanted = !m_dir.isEmpty() && (number != kNoFrame || QFileInfo::exists(file));
@@ -106,8 +111,6 @@ void CBPGifLable::timerEvent(QTimerEvent *event)
 
 void CBPGifLable::paintEvent(QPaintEvent *event)
 {
-    if (m_playing && m_generation != lumqt::themeGeneration() && !pixmap(Qt::ReturnByValue).isNull())
-        SetResPic(m_shown);
     if (!lumqt::paintsWholePicture(*this))
         QLabel::paintEvent(event);
 }

@@ -59,6 +59,8 @@ QString fileOf(const QString &path)
 CBPImage::CBPImage()
 {
     lumqt::installAccessible(staticMetaObject.className(), makeAccessible);
+    // Not when it is painted: that would paint it, and all that is below it, once more.
+    lumqt::onThemeChange(this, [this] { followTheme(); });
 }
 
 CBPImage::CBPImage(QString path) : CBPImage()
@@ -96,7 +98,6 @@ void CBPImage::showRing()
 void CBPImage::load()
 {
     m_ratio = devicePixelRatioF();
-    m_generation = lumqt::themeGeneration();
     const QPixmap picture = lumqt::loadPixmap(fileOf(m_path), m_ratio);
     m_key = picture.cacheKey();
     setPixmap(picture);
@@ -106,8 +107,7 @@ void CBPImage::load()
 // The picture alone: the size may be the application's by now. So may the picture.
 void CBPImage::followTheme()
 {
-    m_generation = lumqt::themeGeneration();
-    if (pixmap(Qt::ReturnByValue).cacheKey() != m_key)
+    if (m_path.isEmpty() || pixmap(Qt::ReturnByValue).cacheKey() != m_key)
         return;
     const QPixmap picture = lumqt::loadPixmap(fileOf(m_path), m_ratio);
     if (picture.isNull() || picture.cacheKey() == m_key)
@@ -183,8 +183,6 @@ void CBPImage::paintEvent(QPaintEvent *event)
     // The label may stand on another screen than the one it was made on.
     if (!m_path.isEmpty() && m_ratio != devicePixelRatioF())
         load();
-    else if (!m_path.isEmpty() && m_generation != lumqt::themeGeneration())
-        followTheme();
     if (!lumqt::paintsWholePicture(*this))
         QLabel::paintEvent(event);
 }

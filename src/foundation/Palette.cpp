@@ -325,6 +325,13 @@ QVector<QColor> builtInColors(Purpose first)
     return colors;
 }
 
+QBrush ownBrush(const QColor &color)
+{
+    QBrush brush(color);
+    brush.setTransform(QTransform::fromTranslate(1, 0)); // which a plain colour is painted without
+    return brush;
+}
+
 bool isPlainLight()
 {
     return shown().theme.base == BuiltInTheme::Light && shown().theme.said.none();

@@ -3,6 +3,7 @@
 #include "CBPTheme.h"
 #include "foundation/Internals.h"
 
+#include <QBrush>
 #include <QColor>
 #include <QPalette>
 #include <QVector>
@@ -61,6 +62,10 @@ inline const QColor &ownOr(const QColor &own, Purpose purpose)
 {
     return own.isValid() ? own : themeColor(purpose);
 }
+
+// A brush of that colour that is not equal to one that an application makes, wherever it is kept: so the
+// library knows what is its own, even where an application sets the same colour.
+LUMQT_TESTED QBrush ownBrush(const QColor &color);
 
 // Whether it is the light theme of the library, in which a widget keeps the palette that it inherits.
 bool isPlainLight();

@@ -116,8 +116,8 @@ void CBPWinFrmTitle::Init()
     createButtons();
     createLayout();
     retranslate();
-    m_bgColor = m_brush.color(); // nobody has set them yet
-    m_titleColor = m_title.widget->palette().color(QPalette::WindowText);
+    m_chosenBrush = m_brush; // nobody has set them yet
+    m_titleBrush = m_title.widget->palette().brush(QPalette::WindowText);
     chooseColors();
     lumqt::onThemeChange(this, [this] { chooseColors(); });
 }

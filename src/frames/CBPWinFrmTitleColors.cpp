@@ -13,9 +13,10 @@ namespace {
 
 // What nobody has set in code: the settings file goes before the library's own themes, where it was there
 // first, not before a theme that was made for an application or for those who see little.
-QColor chosenColor(lumqt::Purpose purpose, const QColor &configured)
+QBrush chosenBrush(lumqt::Purpose purpose, const QColor &configured)
 {
-    return configured.isValid() && !lumqt::themeSays(purpose) ? configured : lumqt::themeColor(purpose);
+    return lumqt::ownBrush(configured.isValid() && !lumqt::themeSays(purpose) ? configured
+                                                                              : lumqt::themeColor(purpose));
 }
 
 QVector<QColor> backColors()
@@ -31,15 +32,16 @@ QVector<QColor> backColors()
 // Whatever nobody has changed since the bar chose it.
 void CBPWinFrmTitle::chooseColors()
 {
-    if (m_bgColor.isValid() && m_brush == QBrush(m_bgColor)) {
-        m_bgColor = chosenColor(lumqt::Purpose::TitleGround, Util::GetWindowTitleBgColor());
-        m_brush = m_bgColor;
+    if (m_brush == m_chosenBrush) {
+        m_chosenBrush = chosenBrush(lumqt::Purpose::TitleGround, Util::GetWindowTitleBgColor());
+        m_brush = m_chosenBrush;
     }
-    if (m_titleColor.isValid() && m_title.widget->palette().color(QPalette::WindowText) == m_titleColor) {
-        m_titleColor = chosenColor(lumqt::Purpose::TitleText, Util::GetWindowTitleTextColor());
-        colorTitle(m_titleColor);
+    if (m_title.widget->palette().brush(QPalette::WindowText) == m_titleBrush) {
+        m_titleBrush = chosenBrush(lumqt::Purpose::TitleText, Util::GetWindowTitleTextColor());
+        colorTitle(m_titleBrush);
     }
-    if (m_backBtn && m_backBtn->m_bkgColors == m_backColors) {
+    // One list, not two that are equal.
+    if (m_backBtn && m_backBtn->m_bkgColors.constData() == m_backColors.constData()) {
         m_backColors = backColors();
         m_backBtn->SetBkgColors(m_backColors);
     }
@@ -54,14 +56,12 @@ void CBPWinFrmTitle::SetBgColor(QColor &c)
 {
     if (!c.isValid())
         return;
-    m_bgColor = QColor();
     m_brush = c;
     update();
 }
 
 void CBPWinFrmTitle::setLinerBrush(const QLinearGradient &gradient)
 {
-    m_bgColor = QColor();
     m_brush = gradient;
     update();
 }
@@ -70,14 +70,13 @@ void CBPWinFrmTitle::SetTitleClr(QColor color)
 {
     if (!color.isValid())
         return;
-    m_titleColor = QColor();
     colorTitle(color);
 }
 
-void CBPWinFrmTitle::colorTitle(const QColor &color)
+void CBPWinFrmTitle::colorTitle(const QBrush &brush)
 {
     QPalette palette = m_title.widget->palette();
-    palette.setColor(QPalette::WindowText, color);
+    palette.setBrush(QPalette::WindowText, brush);
     m_title.widget->setPalette(palette);
 }
 

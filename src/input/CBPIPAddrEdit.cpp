@@ -48,6 +48,18 @@ QString themedSheet()
                              .arg(lumqt::themeColor(lumqt::Purpose::Field).name(QColor::HexArgb));
 }
 
+// The sheet with what is the theme's in it, and all that an application has put around that.
+void wearSheet(QWidget *edit, QString &worn)
+{
+    const QString themed = themedSheet();
+    QString sheet = edit->styleSheet();
+    const int place = sheet.indexOf(worn);
+    if (place < 0 || themed == worn)
+        return;
+    edit->setStyleSheet(sheet.replace(place, worn.size(), themed));
+    worn = themed;
+}
+
 // Of what is nearly an address an edit of three characters would take the beginning for its octet.
 bool isNoOctet(const QString &text)
 {
@@ -65,12 +77,7 @@ CBPIPAddrEdit::CBPIPAddrEdit(QWidget *parent) : QLineEdit(parent)
     setValidator(new lumqt::OctetValidator(this));
     connect(this, &QLineEdit::textEdited, this, &CBPIPAddrEdit::onTextEdited);
     setStyleSheet(themedSheet());
-    lumqt::onThemeChange(this, [this, worn = styleSheet()]() mutable {
-        if (styleSheet() != worn) // an application's
-            return;
-        worn = themedSheet();
-        setStyleSheet(worn);
-    });
+    lumqt::onThemeChange(this, [this, worn = styleSheet()]() mutable { wearSheet(this, worn); });
     lumqt::wearTheme(this, lumqt::fieldTones());
     setObjectName(QStringLiteral("NoFrameLineEdit"));
 }

@@ -57,7 +57,7 @@ public:
         setFont(rowFont()); // of both, else they stand on two lines
         setSizePolicy(isPath ? QSizePolicy::Preferred : QSizePolicy::Fixed, QSizePolicy::Fixed);
         QPalette own = palette();
-        own.setColor(QPalette::WindowText, lumqt::builtInColor(Purpose::PathText));
+        own.setBrush(QPalette::WindowText, worn());
         setPalette(own);
     }
 
@@ -109,10 +109,15 @@ private:
     // That of the theme, until the palette has another. There may be hundreds of rows: none listens.
     QColor textColor() const
     {
-        const QColor own = palette().color(foregroundRole());
-        return own != lumqt::builtInColor(Purpose::PathText)
-                   ? own
-                   : lumqt::themeColor(m_hovered ? Purpose::PathTextHovered : Purpose::PathText);
+        const QBrush &own = palette().brush(foregroundRole());
+        return own != worn() ? own.color()
+                             : lumqt::themeColor(m_hovered ? Purpose::PathTextHovered : Purpose::PathText);
+    }
+
+    static const QBrush &worn()
+    {
+        static const QBrush brush = lumqt::ownBrush(lumqt::builtInColor(Purpose::PathText));
+        return brush;
     }
 
     QString shown() const

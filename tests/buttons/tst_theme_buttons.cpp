@@ -170,8 +170,10 @@ private:
         m_group->SetBgClr(lumqt::builtInColors(P::GroupGround));
         m_group->SetTextClr(lumqt::builtInColors(P::GroupText));
         m_group->AddButton(1, m_text, QString());
-        return {{m_push, "focusin", {}}, {m_split, "focusin", {}}, {m_toggle, "", {}}, {m_tool, "", {}},
-                {m_link, "", {}}, {m_image, "", {}}, {m_group, "", {}}, {new Repeating(m_text), "", {}}};
+        return {{m_push, "focusin", {}}, {m_split, "focusin", {}},
+                {m_toggle, "", {}},      {m_tool, "", {}},
+                {m_link, "", {}},        {m_image, "", {}},
+                {m_group, "", {}},       {new Repeating(m_text), "", {}}};
     }
 
 private Q_SLOTS:

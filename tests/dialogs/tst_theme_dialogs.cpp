@@ -208,6 +208,21 @@ private slots:
         QVERIFY(looked);
     }
 
+    // Black as the row has it itself.
+    void textOfAPathIsTheApplications()
+    {
+        showPaths(
+            [](QWidget &list) {
+                auto *label = list.findChild<CBPComboxItem *>()->findChildren<QLabel *>().at(1);
+                QPalette own = label->palette();
+                own.setColor(QPalette::WindowText, Qt::black);
+                label->setPalette(own);
+                CBPTheme::apply("dark");
+                QVERIFY(shows(label->grab().toImage(), Qt::black));
+            },
+            false);
+    }
+
     // With the picture of the theme where there is one, at the place where it is.
     void runningMovieGoesOn()
     {

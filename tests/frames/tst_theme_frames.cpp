@@ -125,8 +125,8 @@ private slots:
         QColor ground(0x10, 0x20, 0x30); // what it has already: set it is all the same
         own.SetBgColor(ground);
         own.SetTitleClr(lumqt::builtInColor(Purpose::TitleText));
-        own.titleBtn(128)->SetBkgColors(QVector<QColor>(4, Qt::red));
-        own.titleBtn(64)->SetSpecialIcon(true, Qt::blue);
+        own.titleBtn(128)->SetBkgColors(lumqt::builtInColors(Purpose::TitleButton));
+        own.titleBtn(64)->SetSpecialIcon(true, lumqt::builtInColor(Purpose::TitleNotice));
         const QImage light = grabOf(bar);
         for (const char *theme : {"dark", "contrast", "light"}) {
             CBPTheme::apply(theme);
@@ -138,7 +138,8 @@ private slots:
             QCOMPARE(titleOf(bar), lumqt::themeColor(Purpose::TitleText));
             QVERIFY(shows(grabOf(bar), {Purpose::TitleButton, Purpose::TitleNotice}));
             const QHash<QRgb, int> owns = colorsIn(grabOf(own), own.rect());
-            QVERIFY(owns.contains(0xffff0000) && owns.contains(0xff0000ff));
+            for (const Purpose set : {Purpose::TitleButton, Purpose::TitleNotice})
+                QVERIFY(owns.contains(lumqt::builtInColor(set).rgb()));
             QVERIFY(grabbedAt(own, 200, 30) == ground && titleOf(own) == QColor(127, 143, 164));
         }
         QVERIFY(grabOf(bar) == light);

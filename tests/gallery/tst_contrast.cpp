@@ -60,7 +60,7 @@ const char *const kParts[] = {
     "Accent SecondAccent Warning Success: Ground",
     "FocusRing: Ground RaisedGround Field ButtonGround",
     "Badge: Ground TitleGround",
-    "TitleLine TitleNotice: TitleGround",
+    "TitleNotice: TitleGround",
     "WindowCaptionLine: WindowCaption WindowGround",
     "WindowBorder: WindowGround WindowOutside",
     "SeparatorMiddle: Ground",

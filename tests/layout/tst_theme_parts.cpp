@@ -1,3 +1,4 @@
+#include "Acts.h"
 #include "Await.h"
 #include "CBPAnimationObj.h"
 #include "CBPDateSelector.h"
@@ -5,6 +6,7 @@
 #include "CBPGradientProgressBar.h"
 #include "CBPGridBox.h"
 #include "CBPImage.h"
+#include "CBPIPAddrEdit.h"
 #include "CBPIPInputWidget.h"
 #include "CBPJumpSlider.h"
 #include "CBPLabel.h"
@@ -275,6 +277,21 @@ private slots:
         QCOMPARE(edit.palette().resolve(), before.resolve());
     }
 
+    // An application may add to it in one theme and find it again in another.
+    void sheetOfAnOctetHasTheThemesPartAlone()
+    {
+        CBPIPAddrEdit edit(nullptr);
+        const QString sheet = edit.styleSheet();
+        const QString added = QStringLiteral("QLineEdit{color:red;}");
+        for (const char *theme : {"dark", "light"}) {
+            CBPTheme::apply(QLatin1String(theme));
+            edit.setStyleSheet(edit.styleSheet() + added);
+        }
+        QCOMPARE(edit.styleSheet(), sheet + added + added);
+        CBPTheme::apply(QStringLiteral("contrast"));
+        QVERIFY(grabbedAt(edit, 2, 2) == CBPTheme::color(Purpose::Field));
+    }
+
     // Applications compare the field's sheet and replace parts of it.
     void buttonsOfASearchFieldFollowButForASheetOfTheApplication()
     {
@@ -304,7 +321,7 @@ private slots:
         auto *menu = calendar->findChild<QMenu *>();
         auto *next = calendar->findChild<QToolButton *>(QStringLiteral("qt_calendar_nextmonth"));
         QTextCharFormat own;
-        own.setForeground(Qt::darkGreen);
+        own.setForeground(lumqt::builtInColor(Purpose::CalendarWeekend));
         calendar->setWeekdayTextFormat(Qt::Sunday, own);
         const QImage before = calendar->grab().toImage();
         const QImage arrow = next->icon().pixmap(16).toImage();
@@ -316,13 +333,19 @@ private slots:
                  "but for what is white of the arrows and the chosen day");
         QCOMPARE(calendar->weekdayTextFormat(Qt::Saturday).foreground().color(),
                  CBPTheme::color(Purpose::CalendarWeekend));
-        QCOMPARE(calendar->weekdayTextFormat(Qt::Sunday).foreground().color(), QColor(Qt::darkGreen));
+        QCOMPARE(calendar->weekdayTextFormat(Qt::Sunday).foreground(), own.foreground());
         QCOMPARE(calendar->headerTextFormat().foreground().color(),
                  CBPTheme::color(Purpose::CalendarQuietText));
         QCOMPARE(menu->palette().color(QPalette::Text), CBPTheme::color(Purpose::CalendarText));
         QVERIFY(next->icon().pixmap(16).toImage() != arrow);
         CBPTheme::apply(QStringLiteral("light"));
         QCOMPARE(calendar->grab().toImage(), before);
+        QPalette same = calendar->palette();
+        same.setColor(QPalette::Base, lumqt::builtInColor(Purpose::CalendarGround));
+        calendar->setPalette(same);
+        CBPTheme::apply(QStringLiteral("dark"));
+        QCOMPARE(calendar->palette().color(QPalette::Base), lumqt::builtInColor(Purpose::CalendarGround));
+        QCOMPARE(calendar->palette().color(QPalette::Window), CBPTheme::color(Purpose::CalendarGround));
     }
 
     void keptPicturesAreTheThemes()
@@ -351,7 +374,13 @@ private slots:
             QCOMPARE(after[i].size(), before[i].size());
         }
         QCOMPARE(own.pixmap(Qt::ReturnByValue).cacheKey(), set.cacheKey());
+        image.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&image));
+        QTest::qWait(50);
+        const EventCounter repaints(&image, {QEvent::Paint});
         CBPTheme::apply(QStringLiteral("light"));
+        QTest::qWait(50);
+        QCOMPARE(repaints.count, 1);
         QCOMPARE(pictures(), before);
     }
 };
