@@ -60,7 +60,7 @@ const char *const kParts[] = {
     "Accent SecondAccent Warning Success: Ground",
     "FocusRing: Ground RaisedGround Field ButtonGround",
     "Badge: Ground TitleGround",
-    "TitleNotice: TitleGround",
+    "TitleLine TitleNotice: TitleGround",
     "WindowCaptionLine: WindowCaption WindowGround",
     "WindowBorder: WindowGround WindowOutside",
     "SeparatorMiddle: Ground",
