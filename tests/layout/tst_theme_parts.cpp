@@ -256,6 +256,7 @@ private slots:
         QVERIFY(!has(CBPTheme::color(Purpose::Link)));
         label.setText(
             QStringLiteral("<a href='x'>%1</a><a href='y' style='color:#ff0000'>%1</a>").arg(s_text));
+        label.adjustSize();
         QVERIFY(has(CBPTheme::color(Purpose::Link)) && has(Qt::red));
         label.setText(QStringLiteral("<a href='x'>%1</a>").arg(s_text));
         CBPTheme::apply(QStringLiteral("light"));
