@@ -151,8 +151,9 @@ void addFrames(Page *page)
     QVector<Sample> samples;
     for (int i = 0; i < files.size(); ++i) {
         auto *label = new QLabel;
-        theme::follow(label,
-                      [label, file = files[i].section('/', -2)] { label->setPixmap(theme::picture(file)); });
+        // Below `res`, of a path that is written as the system does.
+        const QString file = QDir::fromNativeSeparators(files[i]).section('/', -2);
+        theme::follow(label, [label, file] { label->setPixmap(theme::picture(file)); });
         samples.append({QString::number(i), label});
     }
     section->addColumns(8 * theme::kUnit, samples.mid(0, samples.size() / 2));
