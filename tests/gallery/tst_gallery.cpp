@@ -51,9 +51,13 @@ private Q_SLOTS:
     void everythingHasANameAndCanBeSeen_data()
     {
         columns<QString, QString>("theme", "page");
-        for (const char *theme : {"light", "dark", "contrast"}) {
+        QStringList themes{"light", "dark", "contrast"};
+#ifdef __SANITIZE_ADDRESS__
+        themes = QStringList{"light"}; // it takes seconds a page, and everyPageFollowsTheTheme() shows all
+#endif
+        for (const QString &theme : qAsConst(themes)) {
             for (const PageInfo &page : pages())
-                row(qPrintable(page.id + ' ' + theme), QString(theme), page.id);
+                row(qPrintable(page.id + ' ' + theme), theme, page.id);
         }
     }
     void everythingHasANameAndCanBeSeen()
