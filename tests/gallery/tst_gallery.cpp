@@ -80,7 +80,10 @@ private Q_SLOTS:
     }
 
     // What pages show as pictures only.
-    void messagesAndCalendarsCanBeSeen_data() { names("theme", {"light", "dark", "contrast"}); }
+    void messagesAndCalendarsCanBeSeen_data()
+    {
+        names("theme", {"light", "dark", "contrast"});
+    }
     void messagesAndCalendarsCanBeSeen()
     {
         QFETCH(QString, theme);
