@@ -247,9 +247,6 @@ public:
         ScrollSlider,        ///< slider of a scroll bar
         ScrollSliderHovered, ///< the same under the mouse
         ScrollPage,          ///< what the slider moves on
-        ScrollArrow,         ///< arrows of a scroll bar
-        ScrollArrowDisabled, ///< the same at the end
-        ScrollGrip,          ///< lines on the slider
         ScrollGround,        ///< ground of a scroll bar
 
         // Sliders, progress bars, labels.

@@ -11,7 +11,7 @@
 #include "foundation/Look.h"
 #include "foundation/Palette.h"
 #include "foundation/StyleParts.h"
-#include "input/FieldTones.h"
+#include "foundation/Tones.h"
 #include "Util.h"
 
 #include <QDateEdit>

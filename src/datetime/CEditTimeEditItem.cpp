@@ -4,7 +4,7 @@
 #include "CBPStyle.h"
 #include "datetime/DimmedWhenDisabled.h"
 #include "ENState.h"
-#include "input/FieldTones.h"
+#include "foundation/Tones.h"
 
 #include <QHBoxLayout>
 #include <QTimeEdit>

@@ -174,7 +174,6 @@ CBPTipWnd::CBPTipWnd(ENOrientation orientation, QWidget *bound)
       m_follower(new Follower(this))
 {
     lumqt::installAccessible("CBPTipWnd", makeAccessible);
-    lumqt::wearPalette(this);
     Init();
 }
 

@@ -1,6 +1,7 @@
 #include "dialogs/WrappedLabel.h"
 
 #include "foundation/FontLookup.h"
+#include "foundation/Tones.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QEvent>
@@ -116,10 +117,7 @@ QTextDocument &WrappedLabel::laidOut(int width) const
         option.setAlignment(isRightToLeft() ? Qt::AlignRight | Qt::AlignAbsolute : Qt::Alignment());
         m_document.setDefaultTextOption(option);
         if (Qt::mightBeRichText(m_shown)) {
-            // Of what a text says nothing of: Qt's own colour of links is for light grounds.
-            m_document.setDefaultStyleSheet(
-                isPlainLight() ? QString()
-                               : QStringLiteral("a{color:%1}").arg(themeColor(Purpose::Link).name()));
+            m_document.setDefaultStyleSheet(linkSheet());
             m_document.setHtml(m_shown);
             makeBreakable(m_document);
             m_document.setTextWidth(kNarrowWidth);

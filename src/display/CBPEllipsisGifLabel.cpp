@@ -1,6 +1,6 @@
 #include "CBPEllipsisGifLabel.h"
 
-#include "display/LabelTones.h"
+#include "foundation/Tones.h"
 
 #include <QTimerEvent>
 

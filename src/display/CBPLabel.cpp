@@ -1,8 +1,8 @@
 #include "CBPLabel.h"
 
-#include "display/LabelTones.h"
 #include "foundation/FontLookup.h"
 #include "foundation/Log.h"
+#include "foundation/Tones.h"
 
 #include <QTextDocument>
 
@@ -18,19 +18,15 @@ int saneSize(int pixelSize)
     return pixelSize < 1 ? kPixelSize : pixelSize;
 }
 
-// Gives the links of a rich text the theme's colour: Qt takes it from the application's palette, which is for
-// light grounds, when it reads the text. Nothing tells of a new text, which is read at its first use, and
-// once more if that was for another theme.
+// Gives the links of a rich text the theme's colour. Nothing tells of a new text, which is read at its first
+// use, and once more if that was for another theme.
 void renewLinks(QLabel &label)
 {
     auto *document = label.findChild<QTextDocument *>(); // of a text that is not plain
     const Qt::TextFormat format = label.textFormat();
     if (!document || (format != Qt::AutoText && format != Qt::RichText))
         return;
-    const QString sheet =
-        lumqt::isPlainLight()
-            ? QString()
-            : QStringLiteral("a{color:%1}").arg(lumqt::themeColor(lumqt::Purpose::Link).name());
+    const QString sheet = lumqt::linkSheet();
     if (document->defaultStyleSheet() == sheet)
         return;
     document->setDefaultStyleSheet(sheet);

@@ -1,12 +1,12 @@
 #include "display/SliderParts.h"
 
-#include "display/LabelTones.h"
 #include "foundation/Accessible.h"
 #include "foundation/FocusMark.h"
 #include "foundation/FocusRing.h"
 #include "foundation/Painting.h"
 #include "foundation/Palette.h"
 #include "foundation/StyledGround.h"
+#include "foundation/Tones.h"
 
 #include <QFocusEvent>
 #include <QLabel>

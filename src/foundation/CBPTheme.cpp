@@ -80,13 +80,14 @@ QStringList CBPTheme::names()
 
 bool CBPTheme::apply(const QString &name)
 {
-    if (!themeNamed(name)) {
+    const auto theme = themeNamed(name);
+    if (!theme) {
         qCWarning(lcLumQt, "There is no theme %s", qUtf8Printable(name));
         return false;
     }
     followSystem(false);
     if (name != current())
-        show(name);
+        lumqt::showTheme(name, *theme);
     return true;
 }
 

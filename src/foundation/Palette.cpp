@@ -231,9 +231,6 @@ constexpr Row kTable[] = {
     {P::ScrollSlider, 0xffb6b6b6, 0xff7d8a9e, 0xffffffff},
     {P::ScrollSliderHovered, 0xff6a6a6a, 0xffc3ccd9, 0xffffff00},
     {P::ScrollPage, 0xfff1f1f1, 0xff262d3b, 0xff2b2b2b},
-    {P::ScrollArrow, 0xff222222, P::Text, P::Text},
-    {P::ScrollArrowDisabled, 0xffb6b6b6, 0xff7d8a9e, 0xffb4b4b4},
-    {P::ScrollGrip, 0xffcaccce, 0xff1c212c, 0xff000000},
     {P::ScrollGround, 0xfff6fcff, P::Ground, P::Ground},
     // Sliders, progress bars, labels.
     {P::SliderHandle, 0xff49a7f5, P::Accent, P::Accent},

@@ -3,6 +3,7 @@
 #include "foundation/Palette.h"
 
 #include "foundation/AppStyle.h"
+#include "foundation/Tones.h"
 
 #include <QEvent>
 #include <QHash>
@@ -82,12 +83,7 @@ uint agreeing(const QPalette &one, const QPalette &other)
 // that these lie on, and what is written on that.
 const QVector<PaletteTone> &windowPalette()
 {
-    static const QVector<PaletteTone> grounds = {
-        {QPalette::Window, Purpose::Ground},
-        {QPalette::WindowText, Purpose::Text},
-        {QPalette::WindowText, Purpose::DisabledText, QPalette::Disabled},
-    };
-    return hasNativeLook() ? grounds : wholePalette();
+    return hasNativeLook() ? groundTones() : wholePalette();
 }
 
 // What the theme has put into the palette of one widget. A role whose colours are no longer those that were

@@ -11,7 +11,7 @@
 #include "CBPTreeWidget.h"
 
 #include "foundation/Painting.h"
-#include "foundation/Palette.h"
+#include "foundation/Tones.h"
 
 #include <QHeaderView>
 #include <QLinearGradient>
@@ -35,12 +35,7 @@ void furnish(QAbstractItemView *view)
 CBPQtMainWindow::CBPQtMainWindow(QWidget *parent, Qt::WindowFlags flags) : QMainWindow(parent, flags)
 {
     // Its ground is Qt's, and what lies on it is the library's as well as Qt's.
-    static const QVector<lumqt::PaletteTone> tones = {
-        {QPalette::Window, lumqt::Purpose::Ground},
-        {QPalette::WindowText, lumqt::Purpose::Text},
-        {QPalette::WindowText, lumqt::Purpose::DisabledText, QPalette::Disabled},
-    };
-    lumqt::wearTheme(this, tones);
+    lumqt::wearTheme(this, lumqt::groundTones());
     lumqt::wearPalette(this);
 }
 

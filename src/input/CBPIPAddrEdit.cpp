@@ -1,6 +1,6 @@
 #include "CBPIPAddrEdit.h"
 
-#include "input/FieldTones.h"
+#include "foundation/Tones.h"
 #include "input/OctetValidator.h"
 #include "input/SelectingPress.h"
 

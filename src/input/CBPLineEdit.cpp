@@ -2,7 +2,7 @@
 
 #include "CBPStyle.h"
 #include "foundation/ImageLoader.h"
-#include "input/FieldTones.h"
+#include "foundation/Tones.h"
 #include "input/SelectingPress.h"
 
 #include <QApplication>

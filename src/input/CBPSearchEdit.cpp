@@ -4,7 +4,7 @@
 #include "foundation/ImageLoader.h"
 #include "foundation/Painting.h"
 #include "foundation/Palette.h"
-#include "input/FieldTones.h"
+#include "foundation/Tones.h"
 
 #include <QAbstractItemView>
 #include <QApplication>

@@ -3,7 +3,7 @@
 #include "CBPStyle.h"
 #include "foundation/StyleParts.h"
 #include "foundation/StyleWatch.h"
-#include "input/FieldTones.h"
+#include "foundation/Tones.h"
 
 #include <QEvent>
 #include <QImage>

@@ -34,12 +34,7 @@ QColor opaque(QColor color)
 } // namespace
 
 CBPScrollBar::CBPScrollBar(Qt::Orientation orientation, QWidget *parent)
-    : QScrollBar(orientation, parent),
-      m_dRadiusX(kSliderRadius),
-      m_dRadiusY(kSliderRadius),
-      m_clrArrowBg1(lumqt::builtInColor(lumqt::Purpose::ScrollArrow)),
-      m_clrArrowBg2(lumqt::builtInColor(lumqt::Purpose::ScrollArrowDisabled)),
-      m_clrMidLine(lumqt::builtInColor(lumqt::Purpose::ScrollGrip))
+    : QScrollBar(orientation, parent), m_dRadiusX(kSliderRadius), m_dRadiusY(kSliderRadius)
 {
     auto *flat = new CBPScrollBarStyle;
     flat->setParent(this); // setStyle() does not take it over

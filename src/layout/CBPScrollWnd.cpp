@@ -1,7 +1,7 @@
 #include "CBPScrollWnd.h"
 
 #include "CBPStyle.h"
-#include "foundation/Palette.h"
+#include "foundation/Tones.h"
 
 #include <QScrollBar>
 
@@ -11,12 +11,11 @@ CBPScrollWnd::CBPScrollWnd(QWidget *)
     setFrameShape(QFrame::NoFrame);
     CBPStyle::Apply(this);
     // Its ground, and what lies on that: the content has it from here.
-    lumqt::wearTheme(this, {{QPalette::Window, lumqt::Purpose::Ground},
-                            {QPalette::WindowText, lumqt::Purpose::Text},
-                            {QPalette::WindowText, lumqt::Purpose::DisabledText, QPalette::Disabled}});
+    lumqt::wearTheme(this, lumqt::groundTones());
     // By this role the style tells a palette of the theme; the content has its own.
+    static const QVector<lumqt::PaletteTone> mark = {{QPalette::Base, lumqt::Purpose::Field}};
     for (QScrollBar *bar : {verticalScrollBar(), horizontalScrollBar()})
-        lumqt::wearTheme(bar, {{QPalette::Base, lumqt::Purpose::Field}});
+        lumqt::wearTheme(bar, mark);
 }
 
 CBPScrollWnd::~CBPScrollWnd() = default;

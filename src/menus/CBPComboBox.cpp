@@ -1,43 +1,26 @@
 #include "CBPComboBox.h"
 
 #include "CBPStyle.h"
-#include "foundation/Palette.h"
+#include "foundation/Tones.h"
 
 #include <QListView>
 #include <QWheelEvent>
-
-using lumqt::Purpose;
-
-namespace {
-
-const QVector<lumqt::PaletteTone> &fieldTones()
-{
-    static const QVector<lumqt::PaletteTone> tones = {
-        {QPalette::Window, Purpose::Field},
-        {QPalette::WindowText, Purpose::Text},
-        {QPalette::Base, Purpose::Field},
-        {QPalette::Text, Purpose::Text},
-        {QPalette::PlaceholderText, Purpose::QuietText},
-        {QPalette::Button, Purpose::RaisedGround},
-        {QPalette::ButtonText, Purpose::Text},
-        {QPalette::Highlight, Purpose::Chosen},
-        {QPalette::HighlightedText, Purpose::ChosenText},
-        {QPalette::WindowText, Purpose::DisabledText, QPalette::Disabled},
-        {QPalette::Base, Purpose::FieldDisabled, QPalette::Disabled},
-        {QPalette::Text, Purpose::DisabledText, QPalette::Disabled},
-        {QPalette::ButtonText, Purpose::DisabledText, QPalette::Disabled},
-    };
-    return tones;
-}
-
-} // namespace
 
 CBPComboBox::CBPComboBox(QWidget *parent) : QComboBox(parent)
 {
     setView(new QListView(this));
     setFocusPolicy(Qt::StrongFocus); // not by the wheel, either
     CBPStyle::Apply(this);
-    lumqt::wearTheme(this, fieldTones()); // also for its list, to which it hands its palette
+    // Also for its list, to which it hands its palette.
+    static const QVector<lumqt::PaletteTone> tones =
+        lumqt::fieldTones() +
+        QVector<lumqt::PaletteTone>{{QPalette::Window, lumqt::Purpose::Field},
+                                    {QPalette::WindowText, lumqt::Purpose::Text},
+                                    {QPalette::WindowText, lumqt::Purpose::DisabledText, QPalette::Disabled},
+                                    {QPalette::Button, lumqt::Purpose::RaisedGround},
+                                    {QPalette::ButtonText, lumqt::Purpose::Text},
+                                    {QPalette::ButtonText, lumqt::Purpose::DisabledText, QPalette::Disabled}};
+    lumqt::wearTheme(this, tones);
 }
 
 CBPComboBox::~CBPComboBox() = default;

@@ -32,7 +32,6 @@ constexpr int kArrowMargin = 8;   // between the arrow and the right edge
 constexpr int kGapBehindText = 6; // to the badge or the arrow
 constexpr int kSeparatorIndent = 10;
 constexpr qreal kDisabledOpacity = 0.4;
-constexpr qreal kOpacityBesideText = 0.6; // of pictures, where a disabled text has a colour of its own
 constexpr int kScrollArrowWidth = 10;
 constexpr int kScrollArrowHeight = 5;
 
@@ -382,8 +381,7 @@ void CBPMenu::paintItem(QPainter *painter, const ItemView &item)
     };
     const bool enabled = item.action->isEnabled();
     const bool ownText = !enabled && hasOwnDisabledText();
-    const qreal faded = ownText ? kOpacityBesideText : lumqt::disabledOpacity(kDisabledOpacity);
-    const qreal opacity = enabled ? 1.0 : faded;
+    const qreal opacity = enabled ? 1.0 : lumqt::disabledOpacity(kDisabledOpacity);
     painter->setOpacity(opacity);
 
     int x = rect.x() + boundedPixels(m_leftMargin);

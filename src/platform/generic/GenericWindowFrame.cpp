@@ -1,7 +1,6 @@
 #include "platform/WindowFrame.h"
 
 #include "foundation/Palette.h"
-
 #include "platform/generic/XServer.h"
 
 #include <QApplication>
@@ -16,10 +15,6 @@
 namespace lumqt::platform {
 
 namespace {
-
-// What is transparent on Windows. Under a compositor a band could show through here, too, but Qt paints all
-// text of such a window without subpixel smoothing: too much for three pixels. And a narrower window would
-// leave a border of one or two to take hold of.
 
 Qt::CursorShape cursorFor(Qt::Edges edges)
 {
@@ -327,6 +322,9 @@ void GenericWindowFrame::paintInside(QPainter &painter, const QPaintEvent *event
             continue;
         painter.save();
         painter.setClipRect(strip.translated(-origin), Qt::IntersectClip);
+        // Outside is what is transparent on Windows. Under a compositor a band could show through here, too,
+        // but Qt paints all text of such a window without subpixel smoothing: too much for three pixels. And
+        // a narrower window would leave a border of one or two to take hold of.
         m_client->paintFrame(painter, outer().size(), client.translated(-origin),
                              themeColor(Purpose::WindowOutside),
                              strip.bottom() < client.top() && event->region().intersects(titleStrip()));
