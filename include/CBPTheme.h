@@ -16,8 +16,6 @@
 /// has to be made anew. What an application has set itself (a colour of a button, a palette, a style sheet)
 /// stays as it is in each theme, and what a getter reports is what was set or built in, not what is painted.
 /// So a colour that a class is said to have at first is that of the theme "light", and painted in that one.
-/// A palette of your own begins with an empty QPalette: in a copy of a widget's, a colour that is just the
-/// theme's counts as the theme's.
 ///
 /// \code
 /// CBPTheme::givePalette(true); // plain Qt widgets in the library's windows go with them

@@ -215,8 +215,6 @@ CalendarPane::CalendarPane(const Names &names)
     setUpYearEdit(names.year);
     updateSizes();
     onThemeChange(this, [this] {
-        for (Dressed &part : m_dressed)
-            putColors(part);
         setTextColors();
         setIcons();
     });
@@ -258,32 +256,16 @@ void CalendarPane::updateSizes()
         m_year->setFont(title);
 }
 
-// In each theme, the light one too: the calendar's colours are not those of other windows.
+// In each theme, the light one too: the calendar's colours are not those of other windows. Each part has them
+// itself: under a style sheet Qt hands on no palette.
 void CalendarPane::dress(QWidget *part, Purpose highlight)
 {
-    if (part != this)
-        part->setPalette(palette());
-    m_dressed.append({part, highlight, part->palette()});
-    putColors(m_dressed.last());
-}
-
-// What somebody else has put into a role since the last time stays.
-void CalendarPane::putColors(Dressed &part)
-{
-    if (!part.widget)
-        return;
-    QPalette colors = part.widget->palette();
-    const auto put = [&](QPalette::ColorRole role, Purpose purpose) {
-        if (colors.brush(QPalette::Active, role) == part.worn.brush(QPalette::Active, role))
-            colors.setBrush(role, ownBrush(themeColor(purpose)));
-    };
+    QVector<PaletteTone> tones{{QPalette::Highlight, highlight}};
     for (const QPalette::ColorRole ground : kGrounds)
-        put(ground, Purpose::CalendarGround);
+        tones.append({ground, Purpose::CalendarGround});
     for (const QPalette::ColorRole text : kTexts)
-        put(text, Purpose::CalendarText);
-    put(QPalette::Highlight, part.highlight);
-    part.widget->setPalette(colors);
-    part.worn = colors;
+        tones.append({text, Purpose::CalendarText});
+    keepTheme(part, tones);
 }
 
 // Of the names of the days and of the weekend; an application's formats stay.
@@ -341,7 +323,7 @@ void CalendarPane::setUpBar(const Names &names)
     m_barStyle = new BarStyle;
     m_barStyle->setParent(this); // widgets do not own their style
     m_barButtons = m_bar->findChildren<QToolButton *>();
-    dress(m_bar, Purpose::CalendarBar); // under a style sheet it would have but the application's
+    dress(m_bar, Purpose::CalendarBar);
     for (QToolButton *button : qAsConst(m_barButtons)) {
         dress(button, Purpose::CalendarBar);
         button->setStyle(m_barStyle);

@@ -3,7 +3,6 @@
 #include "foundation/Palette.h"
 
 #include <QCalendarWidget>
-#include <QPointer>
 
 class QTableView;
 class QToolButton;
@@ -35,15 +34,7 @@ protected:
 private:
     class BarStyle;
 
-    struct Dressed
-    {
-        QPointer<QWidget> widget;
-        Purpose highlight;
-        QPalette worn;
-    };
-
-    void dress(QWidget *part, Purpose highlight);
-    static void putColors(Dressed &part);
+    static void dress(QWidget *part, Purpose highlight);
     void setTextColors();
     void setUpView(const QString &name);
     void setUpBar(const Names &names);
@@ -62,7 +53,6 @@ private:
     QToolButton *m_next = nullptr;
     QWidget *m_year = nullptr; // while it is stepped
     BarStyle *m_barStyle = nullptr;
-    QVector<Dressed> m_dressed;
     QBrush m_namesBrush; // that were put into their formats
     QBrush m_weekendBrush;
     QPoint m_hovered{-1, -1}; // the pointer in the view

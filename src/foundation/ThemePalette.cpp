@@ -65,7 +65,7 @@ uint rolesOf(const QVector<PaletteTone> &tones)
     return roles;
 }
 
-// The roles that are set in both, to the same colours.
+// The roles that are set in both, to the same brushes; an application's is not ownBrush().
 uint agreeing(const QPalette &one, const QPalette &other)
 {
     uint roles = one.resolve() & other.resolve();
@@ -86,7 +86,7 @@ const QVector<PaletteTone> &windowPalette()
     return hasNativeLook() ? groundTones() : wholePalette();
 }
 
-// What the theme has put into the palette of one widget. A role whose colours are no longer those that were
+// What the theme has put into the palette of one widget. A role whose brushes are no longer those that were
 // put there was set by somebody else, and is left to him; so is one that somebody has set for a widget
 // around.
 class Wearer : public QObject
@@ -144,10 +144,8 @@ private:
     uint wornRoles(const QPalette &palette) const
     {
         uint worn = agreeing(palette, m_worn);
-        for (const QPalette &before : m_before) {
-            if (agreeing(palette, before) == before.resolve()) // a colour alone may be somebody's choice
-                worn |= before.resolve();
-        }
+        for (const QPalette &before : m_before)
+            worn |= agreeing(palette, before);
         return worn;
     }
 
@@ -207,10 +205,6 @@ private:
         if (tones.isEmpty() && m_worn.resolve() == 0 && m_before.isEmpty())
             return;
         const QPalette current = m_widget->palette(); // its mask tells of the widget alone
-        if (m_worn.resolve() & ~current.resolve()) {  // no copy of the one that was put there, but a new one
-            m_worn = QPalette();
-            m_before.clear();
-        }
         const uint worn = wornRoles(current);
         // A window is what others inherit from, also where it lies in another one.
         const uint inherited = m_whole ? 0 : inheritedRoles() & ~rolesOf(m_kept);
@@ -220,7 +214,7 @@ private:
         next.resolve(current.resolve() & ~worn);
         for (const PaletteTone &tone : tones) {
             if (mine & (1u << tone.role))
-                next.setColor(tone.group, tone.role, themeColor(tone.purpose));
+                next.setBrush(tone.group, tone.role, ownBrush(themeColor(tone.purpose)));
         }
         remember();
         m_worn = next;

@@ -287,6 +287,7 @@ private slots:
             "panel=r. dark=rd light=r.",
             "dark=dd light=.. asdark=d. light=d.",
             "dark=dd justdark=dd contrast=dc light=d.",
+            "dark=dd asdark=dd contrast=dc light=d.",
             "dark=dd away=dd light=..",
         };
         for (const char *life : lives)
