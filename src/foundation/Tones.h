@@ -51,8 +51,7 @@ inline const QVector<PaletteTone> &labelTones()
 // light grounds, when it reads the text.
 inline QString linkSheet()
 {
-    return isPlainLight() ? QString()
-                          : QStringLiteral("a{color:%1}").arg(themeColor(Purpose::Link).name());
+    return isPlainLight() ? QString() : QStringLiteral("a{color:%1}").arg(themeColor(Purpose::Link).name());
 }
 
 } // namespace lumqt
