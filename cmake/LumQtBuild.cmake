@@ -1,5 +1,19 @@
 # Settings and small helpers that every target of the project shares.
 
+# The package, its library file and its folders are named after the Qt they are for, so that both can be installed into
+# one prefix. An application that moves from one to the other changes the name of the package and nothing else.
+if(LUMQT_QT EQUAL 5)
+    set(LUMQT_PACKAGE LumQtLib)
+    set(LUMQT_QT_LEAST 5.15)
+    set(LUMQT_QT_DEPRECATED 0x050F00)
+elseif(LUMQT_QT EQUAL 6)
+    set(LUMQT_PACKAGE LumQtLibQt6)
+    set(LUMQT_QT_LEAST 6.4)
+    set(LUMQT_QT_DEPRECATED 0x060400)
+else()
+    message(FATAL_ERROR "LUMQT_QT is 5 or 6, not '${LUMQT_QT}'")
+endif()
+
 set(CMAKE_CXX_STANDARD 17)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
@@ -31,19 +45,21 @@ function(lumqt_set_warnings target)
             PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
                     $<$<BOOL:${LUMQT_WARNINGS_AS_ERRORS}>:-Werror>)
     endif()
-    target_compile_definitions(${target} PRIVATE QT_DEPRECATED_WARNINGS QT_NO_CAST_TO_ASCII
-                                                 QT_NO_URL_CAST_FROM_STRING)
+    target_compile_definitions(
+        ${target} PRIVATE QT_DEPRECATED_WARNINGS QT_DISABLE_DEPRECATED_BEFORE=${LUMQT_QT_DEPRECATED}
+                          QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING)
 endfunction()
 
 # Compiles the catalogues translations/<name>.ts as the target lumqt_translations. LUMQT_CATALOGUES says where to, with
 # the checksums that are shipped beside them, and LUMQT_CATALOGUE_RESOURCE is a resource file with the catalogues. The
 # compiler is the host's also when the library is built for another system.
 function(lumqt_compile_translations)
-    get_target_property(qmake Qt5::qmake IMPORTED_LOCATION)
+    get_target_property(qmake Qt${LUMQT_QT}::qmake IMPORTED_LOCATION)
     get_filename_component(qt_tools "${qmake}" DIRECTORY)
-    find_program(LUMQT_LRELEASE NAMES lrelease lrelease-qt5 HINTS /usr/lib/qt5/bin "${qt_tools}")
+    find_program(LUMQT_LRELEASE NAMES lrelease lrelease-qt${LUMQT_QT}
+                 HINTS /usr/lib/qt${LUMQT_QT}/bin "${qt_tools}")
     if(NOT LUMQT_LRELEASE)
-        message(FATAL_ERROR "Qt's lrelease is missing; Debian's package qttools5-dev-tools has it")
+        message(FATAL_ERROR "Qt's lrelease is missing; Debian's packages qttools5-dev-tools and qt6-l10n-tools have it")
     endif()
     set(catalogues)
     set(files)

@@ -1,18 +1,19 @@
-# What `cmake --install` lays out, and the package that find_package(LumQtLib) finds.
+# What `cmake --install` lays out, and the package that find_package() finds: LumQtLib with Qt 5, LumQtLibQt6 with Qt 6.
+# No file of the one lies where the other has one.
 include(CMakePackageConfigHelpers)
 
-set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/LumQtLib")
-set(LUMQT_INSTALL_RES_DIR "${CMAKE_INSTALL_DATADIR}/LumQtLib/res")
+set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/${LUMQT_PACKAGE}")
+set(LUMQT_INSTALL_RES_DIR "${CMAKE_INSTALL_DATADIR}/${LUMQT_PACKAGE}/res")
 
 install(
     TARGETS LumQtLib
-    EXPORT LumQtLibTargets
+    EXPORT ${LUMQT_PACKAGE}Targets
     RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}"
     LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
     ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}"
-    INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/LumQtLib")
+    INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/${LUMQT_PACKAGE}")
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/include/" "${PROJECT_BINARY_DIR}/include/"
-        DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/LumQtLib" FILES_MATCHING PATTERN "*.h")
+        DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/${LUMQT_PACKAGE}" FILES_MATCHING PATTERN "*.h")
 
 # An application ships the font table of its platform under one name.
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/res/" DESTINATION "${LUMQT_INSTALL_RES_DIR}"
@@ -25,10 +26,10 @@ else()
             DESTINATION "${LUMQT_INSTALL_RES_DIR}/Common" RENAME langind.ini)
 endif()
 
-install(EXPORT LumQtLibTargets NAMESPACE LumQtLib:: DESTINATION "${package_dir}")
+install(EXPORT ${LUMQT_PACKAGE}Targets NAMESPACE LumQtLib:: DESTINATION "${package_dir}")
 configure_package_config_file(
-    "${PROJECT_SOURCE_DIR}/cmake/LumQtLibConfig.cmake.in" "${PROJECT_BINARY_DIR}/LumQtLibConfig.cmake"
+    "${PROJECT_SOURCE_DIR}/cmake/LumQtLibConfig.cmake.in" "${PROJECT_BINARY_DIR}/${LUMQT_PACKAGE}Config.cmake"
     INSTALL_DESTINATION "${package_dir}" PATH_VARS LUMQT_INSTALL_RES_DIR)
-write_basic_package_version_file("${PROJECT_BINARY_DIR}/LumQtLibConfigVersion.cmake" COMPATIBILITY SameMajorVersion)
-install(FILES "${PROJECT_BINARY_DIR}/LumQtLibConfig.cmake" "${PROJECT_BINARY_DIR}/LumQtLibConfigVersion.cmake"
+write_basic_package_version_file("${PROJECT_BINARY_DIR}/${LUMQT_PACKAGE}ConfigVersion.cmake" COMPATIBILITY SameMajorVersion)
+install(FILES "${PROJECT_BINARY_DIR}/${LUMQT_PACKAGE}Config.cmake" "${PROJECT_BINARY_DIR}/${LUMQT_PACKAGE}ConfigVersion.cmake"
         DESTINATION "${package_dir}")

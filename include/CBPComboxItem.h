@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ComboxItem.h"
+#include "LumQtCompat.h"
 #include "LumQtGlobal.h"
 
 #include <QPointer>
@@ -61,7 +62,7 @@ Q_SIGNALS:
     void itemClicked(ComboxItem &item);
 
 protected:
-    void enterEvent(QEvent *event) override;
+    void enterEvent(lumqt::EnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void hideEvent(QHideEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CBtnObj.h"
+#include "LumQtCompat.h"
 
 #include <QFont>
 #include <QPointer>
@@ -121,7 +122,7 @@ protected:
     void keyReleaseEvent(QKeyEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
-    void enterEvent(QEvent *event) override;
+    void enterEvent(lumqt::EnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void changeEvent(QEvent *event) override;
     void hideEvent(QHideEvent *event) override;

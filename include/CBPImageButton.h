@@ -1,5 +1,6 @@
 #pragma once
 
+#include "LumQtCompat.h"
 #include "LumQtGlobal.h"
 
 #include <QBrush>
@@ -158,7 +159,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
-    void enterEvent(QEvent *event) override;
+    void enterEvent(lumqt::EnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ENLinkerType.h"
+#include "LumQtCompat.h"
 #include "LumQtGlobal.h"
 
 #include <QColor>
@@ -79,7 +80,7 @@ Q_SIGNALS:
     void sigLinkerClick(int bindId);
 
 protected:
-    void enterEvent(QEvent *event) override;
+    void enterEvent(lumqt::EnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;

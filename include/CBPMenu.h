@@ -2,6 +2,7 @@
 
 #include "CBPMenuItem.h"
 #include "ENState.h"
+#include "LumQtCompat.h"
 #include "LumQtGlobal.h"
 
 #include <QColor>
@@ -213,7 +214,7 @@ protected:
     /// \since 1.0
     void mouseMoveEvent(QMouseEvent *event) override;
     /// \since 1.0
-    void enterEvent(QEvent *event) override;
+    void enterEvent(lumqt::EnterEvent *event) override;
     /// \since 1.0
     void leaveEvent(QEvent *event) override;
     /// \since 1.0

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CBPPushBtn.h"
+#include "LumQtCompat.h"
 
 /// A push button in the shape of a circle, for an icon or a letter or two.
 ///
@@ -29,7 +30,7 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
-    void enterEvent(QEvent *event) override;
+    void enterEvent(lumqt::EnterEvent *event) override;
 
 private:
     void hover(const QPoint &position);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ENState.h"
+#include "LumQtCompat.h"
 #include "LumQtGlobal.h"
 
 #include <QColor>
@@ -84,7 +85,7 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
-    void enterEvent(QEvent *event) override;
+    void enterEvent(lumqt::EnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void changeEvent(QEvent *event) override;

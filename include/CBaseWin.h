@@ -1,5 +1,6 @@
 #pragma once
 
+#include "LumQtCompat.h"
 #include "LumQtGlobal.h"
 
 #include <QMainWindow>
@@ -100,7 +101,7 @@ Q_SIGNALS:
 protected:
     bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
-    bool nativeEvent(const QByteArray &eventType, void *message, long *result) override;
+    bool nativeEvent(const QByteArray &eventType, void *message, lumqt::NativeResult *result) override;
 
     /// Ends the application: hides the window, sends sigQuit() and makes the event loop return 0.
     ///

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CBPPushBtn.h"
+#include "LumQtCompat.h"
 
 #include <memory>
 
@@ -59,7 +60,7 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
-    void enterEvent(QEvent *event) override;
+    void enterEvent(lumqt::EnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;

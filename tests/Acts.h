@@ -2,6 +2,7 @@
 
 #include "Await.h"
 #include "CBPMenu.h"
+#include "foundation/QtCompat.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
@@ -59,7 +60,7 @@ inline void sendFocus(QWidget &widget, QEvent::Type type)
 inline void sendMouse(QWidget &widget, QEvent::Type type, Qt::MouseButton button = Qt::LeftButton,
                       const QPoint &at = QPoint(5, 5))
 {
-    QMouseEvent event(type, QPointF(at), button, button, {});
+    QMouseEvent event(type, at, widget.mapToGlobal(at), button, button, {});
     QCoreApplication::sendEvent(&widget, &event);
 }
 
@@ -201,7 +202,7 @@ public:
         const QMetaMethod method = m_meta->method(id);
         QString told = QString::fromLatin1(method.name());
         if (method.parameterCount() > 0)
-            told += QString::number(QVariant(method.parameterType(0), arguments[1]).toInt());
+            told += QString::number(lumqt::firstArgument(method, arguments).toInt());
         m_all.append(told);
         m_told(told);
         return -1;

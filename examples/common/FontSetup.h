@@ -35,7 +35,11 @@ inline QString substituteFamily(const QStringList &installed)
 /// desktop.
 inline void setUpFonts()
 {
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    const QStringList installed = QFontDatabase::families();
+#else
     const QStringList installed = QFontDatabase().families();
+#endif
     QString family = fontsetup::wantedFamily();
     if (!installed.contains(family)) {
         const QString substitute = fontsetup::substituteFamily(installed);

@@ -57,7 +57,7 @@ QString groupTitle(PageGroup group)
         return QStringLiteral("Containers");
     case PageGroup::Input:
         return QStringLiteral("Input");
-    case PageGroup::Display:
+    case PageGroup::Displays:
         return QStringLiteral("Display");
     }
     return QString();

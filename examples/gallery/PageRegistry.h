@@ -14,7 +14,7 @@ enum class PageGroup {
     Input,
     DateAndTime,
     Containers,
-    Display,
+    Displays, // not Display, which is a type of X11
     Waiting,
     Foundation
 };

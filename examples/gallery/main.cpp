@@ -142,8 +142,10 @@ int run(const Options &options)
 int main(int argc, char *argv[])
 {
     fixDensityOfPictures(argc, argv);
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0) // which does so by itself
     QGuiApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QGuiApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+#endif
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication application(argc, argv);
 

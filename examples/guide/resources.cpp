@@ -37,8 +37,10 @@ int main(int argc, char *argv[])
 {
     //! [start]
     // Before there is an application:
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0) // which does so by itself
     QGuiApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QGuiApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+#endif
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication application(argc, argv);
 

@@ -325,7 +325,7 @@ void CBPDropdownBtn::focusOutEvent(QFocusEvent *event)
     update();
 }
 
-void CBPDropdownBtn::enterEvent(QEvent *event)
+void CBPDropdownBtn::enterEvent(lumqt::EnterEvent *event)
 {
     if (!m_pressed && !m_menuOpen)
         look(Hover);

@@ -33,7 +33,7 @@ bool isActivationKey(int key)
 
 int clampedSize(qint64 size)
 {
-    return int(qBound<qint64>(0, size, QWIDGETSIZE_MAX));
+    return int(qBound(qint64(0), size, qint64(QWIDGETSIZE_MAX)));
 }
 
 } // namespace
@@ -251,7 +251,7 @@ void CBPImageButton::followEnabled()
     m_selected = false;
 }
 
-void CBPImageButton::enterEvent(QEvent *event)
+void CBPImageButton::enterEvent(lumqt::EnterEvent *event)
 {
     followEnabled();
     if (m_selected)

@@ -152,7 +152,7 @@ void CBPLinkerButton::followMouse(bool over)
     setLook(over ? Hover : Normal);
 }
 
-void CBPLinkerButton::enterEvent(QEvent *event)
+void CBPLinkerButton::enterEvent(lumqt::EnterEvent *event)
 {
     if (isEnabled())
         followMouse(true);

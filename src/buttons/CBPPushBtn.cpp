@@ -385,7 +385,7 @@ void CBPPushBtn::focusOutEvent(QFocusEvent *event)
     update();
 }
 
-void CBPPushBtn::enterEvent(QEvent *event)
+void CBPPushBtn::enterEvent(lumqt::EnterEvent *event)
 {
     if (state() == Disabled) {
         event->ignore();

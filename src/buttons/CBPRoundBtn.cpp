@@ -3,6 +3,7 @@
 #include "buttons/ButtonTones.h"
 #include "ENState.h"
 #include "foundation/Accessible.h"
+#include "foundation/QtCompat.h"
 
 #include <QCursor>
 #include <QMouseEvent>
@@ -82,11 +83,11 @@ void CBPRoundBtn::mouseMoveEvent(QMouseEvent *event)
 }
 
 // The event brings the place where the mouse came in, unless an application made a plain one.
-void CBPRoundBtn::enterEvent(QEvent *event)
+void CBPRoundBtn::enterEvent(lumqt::EnterEvent *event)
 {
     CBPPushBtn::enterEvent(event);
     const auto *entered = dynamic_cast<QEnterEvent *>(event);
-    hover(entered ? entered->pos() : mapFromGlobal(QCursor::pos()));
+    hover(entered ? lumqt::position(*entered) : mapFromGlobal(QCursor::pos()));
 }
 
 // For the base all of the square is the button.

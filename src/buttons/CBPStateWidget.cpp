@@ -117,7 +117,7 @@ void CBPStateWidget::focusOutEvent(QFocusEvent *event)
     QWidget::focusOutEvent(event);
 }
 
-void CBPStateWidget::enterEvent(QEvent *event)
+void CBPStateWidget::enterEvent(lumqt::EnterEvent *event)
 {
     if (onEnter())
         becomes(ENStateHover);

@@ -60,8 +60,8 @@ bool isOwn(const Colors &colors, short first)
 void store(Colors &target, const Colors &colors, const char *what)
 {
     if (colors.size() != kStateCount)
-        qCWarning(lcLumQt, "%d %s colours for %d states: the built-in ones are painted", colors.size(), what,
-                  kStateCount);
+        qCWarning(lcLumQt, "%d %s colours for %d states: the built-in ones are painted", int(colors.size()),
+                  what, kStateCount);
     target = colors;
     if (!target.isEmpty())
         target.detach(); // the built-in one, set by a derived class, is set all the same

@@ -215,7 +215,7 @@ void CTriStateButton::keyReleaseEvent(QKeyEvent *event)
 // ------------------------------------------------------------------------------------------------------------
 // looks
 
-void CTriStateButton::enterEvent(QEvent *event)
+void CTriStateButton::enterEvent(lumqt::EnterEvent *event)
 {
     m_hovered = true;
     CBPPushBtn::enterEvent(event);

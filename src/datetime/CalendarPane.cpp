@@ -431,7 +431,7 @@ QColor CalendarPane::textColor(const QDate &date) const
                                                          : themeColor(Purpose::CalendarText);
 }
 
-void CalendarPane::paintCell(QPainter *painter, const QRect &rect, const QDate &date) const
+void CalendarPane::paintCell(QPainter *painter, const QRect &rect, CellDate date) const
 {
     const bool inRange = date >= minimumDate() && date <= maximumDate();
     const bool selected = date == selectedDate();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/Palette.h"
+#include "foundation/QtCompat.h"
 
 #include <QCalendarWidget>
 
@@ -29,7 +30,7 @@ public:
 protected:
     bool event(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
-    void paintCell(QPainter *painter, const QRect &rect, const QDate &date) const override;
+    void paintCell(QPainter *painter, const QRect &rect, CellDate date) const override;
 
 private:
     class BarStyle;

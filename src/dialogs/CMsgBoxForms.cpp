@@ -6,9 +6,9 @@
 #include "foundation/FontLookup.h"
 #include "foundation/Log.h"
 #include "foundation/Palette.h"
+#include "foundation/QtCompat.h"
 #include "Util.h"
 
-#include <QRegExpValidator>
 #include <QVBoxLayout>
 
 using lumqt::Purpose;
@@ -82,8 +82,7 @@ void CMsgBox::initCreateDirBox()
     addForm(wrapped(Purpose::MessageText));
     m_prompt->setText(tr("Please enter the dir name:"));
     m_firstEdit = addEdit("", "", kDirNameLength);
-    const QRegExp pattern(QString::fromLatin1(kDirNamePattern), Qt::CaseSensitive, QRegExp::RegExp);
-    m_firstEdit->setValidator(new QRegExpValidator(pattern, m_firstEdit));
+    m_firstEdit->setValidator(lumqt::patternValidator(QString::fromLatin1(kDirNamePattern), m_firstEdit));
     lumqt::setNothingRefused(m_firstEdit);
     connect(m_firstEdit.data(), &QLineEdit::textChanged, this, &CMsgBox::onTextChanged);
     connect(m_firstEdit.data(), &QLineEdit::returnPressed, this, &CMsgBox::onDirInputFinish);

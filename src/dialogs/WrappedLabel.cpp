@@ -54,11 +54,11 @@ QString breakable(const QString &text)
     result.reserve(text.size() + places.size());
     int from = 0;
     for (const int at : places) {
-        result += text.midRef(from, at - from);
+        result.append(text.constData() + from, at - from);
         result += kZeroWidthSpace;
         from = at;
     }
-    return result + text.midRef(from);
+    return result.append(text.constData() + from, int(text.size()) - from);
 }
 
 void makeBreakable(QTextDocument &document)

@@ -185,7 +185,7 @@ void CBPGradientProgressBar::growTo(double value)
     m_value = value;
     if (overtaken) {
         const int missing = qMax(1, progressBarWidth() - m_barWidth);
-        interval = int(qBound<qint64>(1, pause / missing, qMin(interval, m_drawTimer->interval())));
+        interval = int(qBound(qint64(1), pause / missing, qint64(qMin(interval, m_drawTimer->interval()))));
         if (interval == m_drawTimer->interval())
             return;
     }

@@ -41,7 +41,7 @@ CBPJumpSlider::~CBPJumpSlider() = default;
 void CBPJumpSlider::Init(QStringList labels)
 {
     if (labels.size() < 2) {
-        qCWarning(lcLumQt, "CBPJumpSlider: %d labels make no slider", labels.size());
+        qCWarning(lcLumQt, "CBPJumpSlider: %d labels make no slider", int(labels.size()));
         return;
     }
     m_labels = labels;

@@ -19,7 +19,7 @@ int valueAt(const QSlider &slider, int x)
 {
     const qint64 range = qint64(slider.maximum()) - slider.minimum();
     const qint64 value = x * range / qMax(1, slider.width());
-    return int(qBound<qint64>(slider.minimum(), value, slider.maximum()));
+    return int(qBound(qint64(slider.minimum()), value, qint64(slider.maximum())));
 }
 
 } // namespace
@@ -31,7 +31,7 @@ CBPSmoothSlider::~CBPSmoothSlider() = default;
 void CBPSmoothSlider::Init(QStringList labels, int maximum, int minimum)
 {
     if (labels.size() < 2) {
-        qCWarning(lcLumQt, "CBPSmoothSlider: %d labels make no slider", labels.size());
+        qCWarning(lcLumQt, "CBPSmoothSlider: %d labels make no slider", int(labels.size()));
         return;
     }
     if (minimum > maximum)

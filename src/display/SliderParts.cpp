@@ -213,7 +213,7 @@ void SpokenSlider::mousePressEvent(QMouseEvent *event)
         return;
     }
     event->accept();
-    const int x = event->x();
+    const int x = event->pos().x();
     m_grabbedAt = 0;
     if (m_handleOf) {
         const QRect handle = m_handleOf(*this);
@@ -252,7 +252,7 @@ void SpokenSlider::timerEvent(QTimerEvent *event)
 void SpokenSlider::mouseMoveEvent(QMouseEvent *event)
 {
     if (m_valueAt && isSliderDown())
-        setSliderPosition(m_valueAt(*this, event->x() - m_grabbedAt));
+        setSliderPosition(m_valueAt(*this, event->pos().x() - m_grabbedAt));
     else
         QSlider::mouseMoveEvent(event);
 }

@@ -1,6 +1,7 @@
 #include "foundation/FontLookup.h"
 
 #include "foundation/Log.h"
+#include "foundation/QtCompat.h"
 #include "platform/Platform.h"
 
 #include <QFileInfo>
@@ -21,7 +22,7 @@ QSettings *openFontTable()
     if (!QFileInfo(file).isFile())
         qCWarning(lcLumQt, "The font table %s is missing: texts are set in %s", kFontTable, kDefaultFamily);
     auto *table = new QSettings(file, QSettings::IniFormat);
-    table->setIniCodec("UTF-8"); // families of CJK languages have names of their own
+    lumqt::readAsUtf8(*table); // families of CJK languages have names of their own
     if (table->status() != QSettings::NoError)
         qCWarning(lcLumQt, "The font table %s cannot be read", kFontTable);
     return table;

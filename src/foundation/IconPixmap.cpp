@@ -1,6 +1,7 @@
 #include "foundation/IconPixmap.h"
 
 #include "foundation/Palette.h"
+#include "foundation/QtCompat.h"
 
 #include <QCoreApplication>
 #include <QPainter>
@@ -38,8 +39,8 @@ QPixmap iconPixmap(const QIcon &icon, const QSize &size, QIcon::Mode mode, const
     if (isMadeForOtherGround(icon, mode))
         return paler(iconPixmap(icon, size, QIcon::Normal, widget));
     const qreal ratio = widget->devicePixelRatioF();
-    if (ratio <= 1.0 || QCoreApplication::testAttribute(Qt::AA_UseHighDpiPixmaps))
-        return icon.pixmap(widget->window()->windowHandle(), size, mode);
+    if (ratio <= 1.0 || iconsAreDense())
+        return densePixmap(icon, size, mode, *widget);
     QPixmap pixmap = icon.pixmap(size * ratio, mode);
     // An icon without a picture that large answers with a smaller one.
     const qreal got = qMax(pixmap.width() / qreal(size.width()), pixmap.height() / qreal(size.height()));

@@ -1,6 +1,7 @@
 #include "foundation/Painting.h"
 
 #include "foundation/Palette.h"
+#include "foundation/QtCompat.h"
 
 #include <QCache>
 #include <QCoreApplication>
@@ -41,12 +42,12 @@ struct BodyKey
     }
 };
 
-uint qHash(const BodyKey &key, uint seed = 0)
+HashValue qHash(const BodyKey &key, HashValue seed = 0)
 {
-    uint hash = seed;
-    for (const uint part :
-         {uint(key.size.width()), uint(key.size.height()), key.fill, key.frame, uint(key.frameWidth),
-          ::qHash(key.radiusX), ::qHash(key.radiusY), uint(key.ratio)})
+    HashValue hash = seed;
+    for (const HashValue part : {HashValue(key.size.width()), HashValue(key.size.height()),
+                                 HashValue(key.fill), HashValue(key.frame), HashValue(key.frameWidth),
+                                 ::qHash(key.radiusX), ::qHash(key.radiusY), HashValue(key.ratio)})
         hash = (hash ^ part) * 0x01000193u; // FNV-1a, a word at a time
     return hash;
 }

@@ -4,6 +4,7 @@
 #include "foundation/Fade.h"
 #include "foundation/FieldText.h"
 #include "foundation/Painting.h"
+#include "foundation/QtCompat.h"
 #include "foundation/StyleParts.h"
 #include "foundation/StyleWatch.h"
 
@@ -138,7 +139,7 @@ bool ringLiesInRow(const QWidget *widget)
 QPalette contentPalette(const QAbstractScrollArea &area)
 {
     QPalette palette = area.viewport()->palette();
-    palette.resolve(palette.resolve() | area.palette().resolve()); // which it inherits without the marks
+    setMarks(palette, marksOf(palette) | marksOf(area.palette())); // which it inherits without the marks
     return palette;
 }
 

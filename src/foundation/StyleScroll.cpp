@@ -21,7 +21,7 @@ int sliderLength(const QStyleOptionSlider &option, int length)
     if (range <= 0)
         return length;
     const qint64 share = qint64(length) * option.pageStep / qMax<qint64>(1, range + option.pageStep);
-    return int(qBound<qint64>(qMin(kLeastSlider, length), share, length));
+    return int(qBound(qint64(qMin(kLeastSlider, length)), share, qint64(length)));
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "foundation/StyleWatch.h"
 
 #include "foundation/FocusRing.h"
+#include "foundation/QtCompat.h"
 #include "foundation/StyleParts.h"
 
 #include <QAbstractButton>
@@ -250,7 +251,7 @@ bool StyleWatch::eventFilter(QObject *watched, QEvent *event)
         break;
     case QEvent::HoverEnter:
     case QEvent::HoverMove:
-        m_known[watched].mouse = static_cast<QHoverEvent *>(event)->pos();
+        m_known[watched].mouse = position(*static_cast<QHoverEvent *>(event));
         break;
     case QEvent::HoverLeave:
         m_known[watched].mouse = kNowhere;

@@ -1,13 +1,13 @@
 #include "foundation/ThemeFile.h"
 
 #include "foundation/Log.h"
+#include "foundation/QtCompat.h"
 
 #include <QFileInfo>
 #include <QMap>
 #include <QMetaEnum>
 #include <QSettings>
 #include <QTemporaryFile>
-#include <QTextCodec>
 
 #include <algorithm>
 
@@ -62,6 +62,11 @@ QColor colorOf(const QString &text)
                                 : QColor();
 }
 
+QByteArray withoutMark(const QByteArray &bytes)
+{
+    return bytes.startsWith(kMark) ? bytes.mid(int(qstrlen(kMark))) : bytes;
+}
+
 // What a theme file holds, without the mark that says that it is UTF-8; null, and a line in the log, where
 // that is no text. QSettings would take any bytes.
 QByteArray contentOf(const QString &file)
@@ -69,22 +74,21 @@ QByteArray contentOf(const QString &file)
     const char *wrong = nullptr;
     QFile source(file);
     QByteArray bytes;
-    QTextCodec::ConverterState state;
     // Regular files only: a pipe would wait. What is read counts, not what is told: a file may grow
     // meanwhile.
     if (!QFileInfo(file).isFile() || !source.open(QIODevice::ReadOnly))
         wrong = "a file that can be read";
     else if ((bytes = source.read(kLargestFile + 1)).size() > kLargestFile)
         wrong = "at most 256 KiB";
-    else
-        QTextCodec::codecForName("UTF-8")->toUnicode(bytes.constData(), bytes.size(), &state);
-    if (!wrong && (state.invalidChars > 0 || state.remainingChars > 0 || bytes.contains('\0')))
+    // What is no UTF-8 becomes another text there and back.
+    else if (const QByteArray text = withoutMark(bytes);
+             QString::fromUtf8(text).toUtf8() != text || text.contains('\0'))
         wrong = "text in UTF-8";
     if (wrong) {
         qCWarning(lcLumQt, "The theme file %s: expected %s", qUtf8Printable(file), wrong);
         return QByteArray();
     }
-    return bytes.startsWith(kMark) ? bytes.mid(int(qstrlen(kMark))) : bytes.isNull() ? QByteArray("") : bytes;
+    return bytes.isNull() ? QByteArray("") : withoutMark(bytes);
 }
 
 struct Entry
@@ -104,7 +108,7 @@ QMap<QString, Entry> entriesOf(const QString &file, const QByteArray &content)
         return entries;
     }
     QSettings settings(copy.fileName(), QSettings::IniFormat);
-    settings.setIniCodec("UTF-8");
+    readAsUtf8(settings);
     const QStringList keys = settings.allKeys();
     for (const QString &path : keys) {
         // The codec is for values: of a key it leaves the bytes.

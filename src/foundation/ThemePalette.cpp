@@ -3,6 +3,7 @@
 #include "foundation/Palette.h"
 
 #include "foundation/AppStyle.h"
+#include "foundation/QtCompat.h"
 #include "foundation/Tones.h"
 
 #include <QEvent>
@@ -57,23 +58,34 @@ bool s_wanted = false;
 
 constexpr int kRemembered = 4; // palettes that a style sheet may bring back
 
-uint rolesOf(const QVector<PaletteTone> &tones)
+// A role counts as a whole: whoever sets it in one group has set it.
+PaletteMarks rolesOf(const QVector<PaletteTone> &tones)
 {
-    uint roles = 0;
+    PaletteMarks roles = 0;
     for (const PaletteTone &tone : tones)
-        roles |= 1u << tone.role;
+        roles |= marksOf(tone.role);
+    return roles;
+}
+
+PaletteMarks rolesOf(const QPalette &palette)
+{
+    PaletteMarks roles = 0;
+    for (int role = 0; role < QPalette::NColorRoles; ++role) {
+        if (marksOf(palette) & marksOf(QPalette::ColorRole(role)))
+            roles |= marksOf(QPalette::ColorRole(role));
+    }
     return roles;
 }
 
 // The roles that are set in both, to the same brushes; an application's is not ownBrush().
-uint agreeing(const QPalette &one, const QPalette &other)
+PaletteMarks agreeing(const QPalette &one, const QPalette &other)
 {
-    uint roles = one.resolve() & other.resolve();
-    for (int role = 0; roles && role < QPalette::NColorRoles; ++role) {
+    PaletteMarks roles = rolesOf(one) & rolesOf(other);
+    for (int each = 0; roles && each < QPalette::NColorRoles; ++each) {
+        const auto role = QPalette::ColorRole(each);
         for (const QPalette::ColorGroup group : kGroups) {
-            if (roles & (1u << role) &&
-                one.brush(group, QPalette::ColorRole(role)) != other.brush(group, QPalette::ColorRole(role)))
-                roles &= ~(1u << role);
+            if (roles & marksOf(role) && one.brush(group, role) != other.brush(group, role))
+                roles &= ~marksOf(role);
         }
     }
     return roles;
@@ -109,9 +121,9 @@ public:
     void keep(const QVector<PaletteTone> &tones)
     {
         m_kept += tones;
-        const uint worn = m_worn.resolve();
+        const PaletteMarks worn = rolesOf(m_worn);
         m_worn = m_widget->palette(); // so that it is replaced
-        m_worn.resolve(worn | rolesOf(tones));
+        setMarks(m_worn, worn | rolesOf(tones));
         renew();
     }
 
@@ -141,27 +153,27 @@ private:
     }
 
     // Of those that are set in `palette`.
-    uint wornRoles(const QPalette &palette) const
+    PaletteMarks wornRoles(const QPalette &palette) const
     {
-        uint worn = agreeing(palette, m_worn);
+        PaletteMarks worn = agreeing(palette, m_worn);
         for (const QPalette &before : m_before)
             worn |= agreeing(palette, before);
         return worn;
     }
 
     // What somebody has set for the widgets around, in whose palettes a theme's colours do not count.
-    uint inheritedRoles() const
+    PaletteMarks inheritedRoles() const
     {
-        uint roles = 0;
-        uint themes = 0;
+        PaletteMarks roles = 0;
+        PaletteMarks themes = 0;
         const QWidget *inner = m_widget;
         while (!inner->isWindow() && inner->parentWidget()) {
             inner = inner->parentWidget();
             if (inner->testAttribute(Qt::WA_StyleSheet)) // from there Qt inherits no palette
                 break;
             const Wearer *around = all().value(inner);
-            const uint worn = around ? around->m_worn.resolve() : 0;
-            roles |= inner->palette().resolve() & ~worn & ~themes;
+            const PaletteMarks worn = around ? rolesOf(around->m_worn) : 0;
+            roles |= rolesOf(inner->palette()) & ~worn & ~themes;
             themes |= worn & ~roles; // goes before what is further out
         }
         return roles;
@@ -170,9 +182,9 @@ private:
     void remember()
     {
         const auto isWorn = [this](const QPalette &before) {
-            return before.resolve() == m_worn.resolve() && agreeing(before, m_worn) == m_worn.resolve();
+            return rolesOf(before) == rolesOf(m_worn) && agreeing(before, m_worn) == rolesOf(m_worn);
         };
-        if (m_worn.resolve() == 0 || std::any_of(m_before.begin(), m_before.end(), isWorn))
+        if (rolesOf(m_worn) == 0 || std::any_of(m_before.begin(), m_before.end(), isWorn))
             return;
         if (m_before.size() == kRemembered)
             m_before.removeFirst();
@@ -202,24 +214,25 @@ private:
 
     void put(const QVector<PaletteTone> &tones)
     {
-        if (tones.isEmpty() && m_worn.resolve() == 0 && m_before.isEmpty())
+        if (tones.isEmpty() && rolesOf(m_worn) == 0 && m_before.isEmpty())
             return;
         const QPalette current = m_widget->palette(); // its mask tells of the widget alone
-        const uint worn = wornRoles(current);
+        const PaletteMarks worn = wornRoles(current);
         // A window is what others inherit from, also where it lies in another one.
-        const uint inherited = m_whole ? 0 : inheritedRoles() & ~rolesOf(m_kept);
-        const uint others = (current.resolve() & ~worn) | inherited;
-        const uint mine = rolesOf(tones) & ~others;
+        const PaletteMarks inherited = m_whole ? 0 : inheritedRoles() & ~rolesOf(m_kept);
+        const PaletteMarks others = (rolesOf(current) & ~worn) | inherited;
+        const PaletteMarks mine = rolesOf(tones) & ~others;
         QPalette next = current;
-        next.resolve(current.resolve() & ~worn);
+        setMarks(next, marksOf(current) & ~worn);
         for (const PaletteTone &tone : tones) {
-            if (mine & (1u << tone.role))
+            if (mine & marksOf(tone.role))
                 next.setBrush(tone.group, tone.role, ownBrush(themeColor(tone.purpose)));
         }
+        setMarks(next, marksOf(next) | mine);
         remember();
         m_worn = next;
-        m_worn.resolve(mine);
-        if (next.resolve() != current.resolve() || next != current)
+        setMarks(m_worn, mine);
+        if (marksOf(next) != marksOf(current) || next != current)
             m_widget->setPalette(next);
     }
 

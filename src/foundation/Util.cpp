@@ -3,6 +3,7 @@
 #include "foundation/Catalogue.h"
 #include "foundation/FileLook.h"
 #include "foundation/Log.h"
+#include "foundation/QtCompat.h"
 #include "foundation/ResourcePath.h"
 #include "platform/Platform.h"
 
@@ -10,7 +11,6 @@
 #include <QFileInfo>
 #include <QHash>
 #include <QMutex>
-#include <QRegExp>
 #include <QSettings>
 
 namespace {
@@ -152,16 +152,15 @@ QColor Util::GetWindowTitleBottomLineClr(bool &found)
 
 bool Util::IsMail(const QString &s)
 {
-    const QRegExp pattern(QStringLiteral("^[\\w.%+-]+@[A-Z0-9.-]+\\.[A-Z]{2,4}$"), Qt::CaseInsensitive);
-    return pattern.exactMatch(s);
+    return lumqt::matchesWhole(s, QStringLiteral("^[\\w.%+-]+@[A-Z0-9.-]+\\.[A-Z]{2,4}$"),
+                               Qt::CaseInsensitive);
 }
 
 bool Util::IsIPAddress(const QString &s)
 {
-    const QRegExp pattern(
-        QStringLiteral("^(([1]?\\d\\d?|2[0-4]\\d|25[0-5])\\.){3}([1]?\\d\\d?|2[0-4]\\d|25[0-5])$"),
+    return lumqt::matchesWhole(
+        s, QStringLiteral("^(([1]?\\d\\d?|2[0-4]\\d|25[0-5])\\.){3}([1]?\\d\\d?|2[0-4]\\d|25[0-5])$"),
         Qt::CaseSensitive);
-    return pattern.exactMatch(s);
 }
 
 bool Util::InstallCatalogue(const QString &language)

@@ -7,6 +7,7 @@
 #include "foundation/Log.h"
 #include "foundation/Painting.h"
 #include "foundation/Palette.h"
+#include "foundation/QtCompat.h"
 #include "frames/TitleLabel.h"
 #include "Util.h"
 
@@ -429,13 +430,13 @@ void CBPWinFrmTitle::mousePressEvent(QMouseEvent *event)
     if (!m_parentWindow)
         return;
     m_pressed = true;
-    m_dragOffset = event->globalPos() - m_parentWindow->pos();
+    m_dragOffset = lumqt::globalPosition(*event) - m_parentWindow->pos();
 }
 
 void CBPWinFrmTitle::mouseMoveEvent(QMouseEvent *event)
 {
     if (m_pressed && !m_maximised && m_parentWindow)
-        m_parentWindow->move(event->globalPos() - m_dragOffset);
+        m_parentWindow->move(lumqt::globalPosition(*event) - m_dragOffset);
 }
 
 void CBPWinFrmTitle::mouseReleaseEvent(QMouseEvent *)

@@ -357,7 +357,7 @@ void CBaseWin::paintEvent(QPaintEvent *event)
     m_frame->system->paintInside(painter, event);
 }
 
-bool CBaseWin::nativeEvent(const QByteArray &eventType, void *message, long *result)
+bool CBaseWin::nativeEvent(const QByteArray &eventType, void *message, lumqt::NativeResult *result)
 {
     return (m_frame && m_frame->system->nativeEvent(message, result)) ||
            QMainWindow::nativeEvent(eventType, message, result);

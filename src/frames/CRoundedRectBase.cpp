@@ -67,7 +67,7 @@ void CRoundedRectBase::paintEvent(QPaintEvent *)
         const qreal inset = qMax(m_pen.widthF(), 1.0) / 2;
         area.adjust(inset, inset, -inset, -inset);
     }
-    const bool own = m_brush.data_ptr().data() != m_first.data_ptr().data();
+    const bool own = &*m_brush.data_ptr() != &*m_first.data_ptr();
     painter.setBrush(own ? m_brush : QBrush(lumqt::themeColor(lumqt::Purpose::RoundedGround)));
     painter.setPen(m_pen);
     painter.drawPath(shape(area));

@@ -4,6 +4,7 @@
 #include "foundation/ImageLoader.h"
 #include "foundation/Painting.h"
 #include "foundation/Palette.h"
+#include "foundation/QtCompat.h"
 #include "foundation/Tones.h"
 
 #include <QAbstractItemView>
@@ -204,7 +205,7 @@ private:
     // Whether the style sheet would enlarge a picture, of which there is a denser one.
     bool isCoarse(qreal ratio)
     {
-        if (ratio <= 1.0 || QCoreApplication::testAttribute(Qt::AA_UseHighDpiPixmaps))
+        if (ratio <= 1.0 || lumqt::iconsAreDense())
             return false;
         const QString own = styleSheet();
         const auto base = QLatin1String(kButtonSheet);

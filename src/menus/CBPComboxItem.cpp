@@ -13,6 +13,7 @@
 #include "foundation/Painting.h"
 #include "foundation/Palette.h"
 #include "foundation/PressKeys.h"
+#include "foundation/QtCompat.h"
 #include "Util.h"
 
 #include <QHBoxLayout>
@@ -387,7 +388,7 @@ void CBPComboxItem::resizeEvent(QResizeEvent *event)
     layout()->activate();
 }
 
-void CBPComboxItem::enterEvent(QEvent *event)
+void CBPComboxItem::enterEvent(lumqt::EnterEvent *event)
 {
     setHovered(true);
     QWidget::enterEvent(event);
@@ -409,7 +410,7 @@ void CBPComboxItem::hideEvent(QHideEvent *event)
 void CBPComboxItem::mouseReleaseEvent(QMouseEvent *event)
 {
     const QRect onScreen(mapToGlobal(QPoint(0, 0)), size());
-    if (event->button() != Qt::LeftButton || !onScreen.contains(event->globalPos())) {
+    if (event->button() != Qt::LeftButton || !onScreen.contains(lumqt::globalPosition(*event))) {
         QWidget::mouseReleaseEvent(event);
         return;
     }

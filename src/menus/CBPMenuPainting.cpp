@@ -236,7 +236,7 @@ void CBPMenu::mouseMoveEvent(QMouseEvent *event)
         followHover(hoveredAction(), QRegion());
 }
 
-void CBPMenu::enterEvent(QEvent *event)
+void CBPMenu::enterEvent(lumqt::EnterEvent *event)
 {
     const QPointer<CBPMenu> alive(this);
     QMenu::enterEvent(event);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "LumQtCompat.h"
+
 #include <QColor>
 #include <QMargins>
 #include <QRect>
@@ -57,7 +59,7 @@ public:
     // Sees every event and native message of the window first. True: nothing is left to do, and the window
     // may be gone.
     virtual bool event(QEvent *event) = 0;
-    virtual bool nativeEvent(void *message, long *result) = 0;
+    virtual bool nativeEvent(void *message, lumqt::NativeResult *result) = 0;
 
     // Takes the frame off the area that Windows proposes.
     virtual void shrinkToClient(tagNCCALCSIZE_PARAMS *params) = 0;

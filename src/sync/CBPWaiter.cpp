@@ -135,7 +135,7 @@ void CBPWaiter::restartTimer()
         return;
     int interval = m_textPhase ? kTextTick : kAnimationTick;
     if (m_resting) // nothing to see; one tick when the time is over
-        interval = int(qBound<qint64>(interval, qint64(m_timeLimit) - m_runClock.elapsed(), INT_MAX));
+        interval = int(qBound(qint64(interval), qint64(m_timeLimit) - m_runClock.elapsed(), qint64(INT_MAX)));
     m_animationTimer->start(interval);
 }
 

@@ -329,7 +329,8 @@ private slots:
         QCOMPARE(boxOf(day(7), kAccent), QRect(1, 1, 34, 28));
         calendar->setMinimumDate(QDate(2024, 3, 5)); // before it the pointer shows nothing
         for (const int under : {4, 20, 21}) {
-            QMouseEvent move(QEvent::MouseMove, scene.dayAt(under), Qt::NoButton, Qt::NoButton, {});
+            const QPoint at = scene.dayAt(under);
+            QMouseEvent move(QEvent::MouseMove, at, days->mapToGlobal(at), Qt::NoButton, Qt::NoButton, {});
             QCoreApplication::sendEvent(days, &move);
             for (const int number : {4, 20})
                 QCOMPARE(day(number).pixelColor(8, 6) == QColor(220, 236, 252), under == 20 && number == 20);

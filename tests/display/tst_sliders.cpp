@@ -64,7 +64,8 @@ void click(QWidget *widget, int x, int y = 6)
 
 void drag(QWidget *widget, int x, int y)
 {
-    QMouseEvent move(QEvent::MouseMove, QPointF(x, y), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+    QMouseEvent move(QEvent::MouseMove, QPointF(x, y), widget->mapToGlobal(QPoint(x, y)), Qt::NoButton,
+                     Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(widget, &move);
 }
 

@@ -1,5 +1,6 @@
 #include "FrameProbe.h"
 
+#include "foundation/QtCompat.h"
 #include "platform/Platform.h"
 #include "Rows.h"
 #include "TestMain.h"
@@ -142,7 +143,7 @@ private Q_SLOTS:
         inBoth([](auto &w) {
             QFETCH(QString, calls);
             const auto press = [](QWidget &window) {
-                const int keys = QKeySequence(QTest::currentDataTag())[0];
+                const int keys = lumqt::firstKey(QKeySequence(QTest::currentDataTag()));
                 const auto modifiers = Qt::KeyboardModifiers(keys & int(Qt::KeyboardModifierMask));
                 QKeyEvent event(QEvent::KeyPress, keys & ~int(Qt::KeyboardModifierMask), modifiers);
                 QCoreApplication::sendEvent(&window, &event);

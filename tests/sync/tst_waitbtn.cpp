@@ -167,7 +167,7 @@ private Q_SLOTS:
         showActive(window);
         for (const bool over : {true, false}) {
             RealInput::moveTo(over ? button.mapToGlobal(button.rect().center())
-                                   : window.mapToGlobal({190, 90}));
+                                   : window.mapToGlobal(QPoint(190, 90)));
             AWAIT_EQUAL(button.underMouse(), over);
             button.Show(true);
             button.Show(false);

@@ -187,7 +187,7 @@ Page *makePage()
 
 void registerThis()
 {
-    registerPage({"animation", "Frame animation", PageGroup::Display, makePage});
+    registerPage({"animation", "Frame animation", PageGroup::Displays, makePage});
 }
 Q_CONSTRUCTOR_FUNCTION(registerThis)
 

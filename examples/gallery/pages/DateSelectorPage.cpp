@@ -63,8 +63,9 @@ CBPDateSelector *focused(QDate date, bool onButton)
 void hoverDay(QTableView *view, int row, int column)
 {
     const QModelIndex day = view->model()->index(row, column);
-    const QPointF at = view->visualRect(day).center();
-    QMouseEvent move(QEvent::MouseMove, at, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    const QPoint at = view->visualRect(day).center();
+    QMouseEvent move(QEvent::MouseMove, at, view->viewport()->mapToGlobal(at), Qt::NoButton, Qt::NoButton,
+                     Qt::NoModifier);
     QCoreApplication::sendEvent(view->viewport(), &move);
 }
 

@@ -116,7 +116,11 @@ public:
         QRect target = btnRect(id);
         target.setLeft(target.left() + frameWidth());
         const QPointF pos = target.center();
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+        QHoverEvent hover(QEvent::HoverMove, pos, mapToGlobal(pos), QPointF(0, 0));
+#else
         QHoverEvent hover(QEvent::HoverMove, pos, QPointF(0, 0));
+#endif
         QCoreApplication::sendEvent(this, &hover);
         if (!pressed)
             return;

@@ -110,7 +110,7 @@ Page *makePage()
 
 void registerThis()
 {
-    registerPage({"labels", "Labels and pictures", PageGroup::Display, makePage});
+    registerPage({"labels", "Labels and pictures", PageGroup::Displays, makePage});
 }
 Q_CONSTRUCTOR_FUNCTION(registerThis)
 

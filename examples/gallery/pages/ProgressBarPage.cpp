@@ -143,7 +143,7 @@ Page *makePage()
 
 void registerThis()
 {
-    registerPage({"progress-bar", "Progress bar", PageGroup::Display, makePage});
+    registerPage({"progress-bar", "Progress bar", PageGroup::Displays, makePage});
 }
 Q_CONSTRUCTOR_FUNCTION(registerThis)
 

@@ -137,7 +137,7 @@ Page *makePage()
 
 void registerThis()
 {
-    registerPage({"sliders", "Sliders", PageGroup::Display, makePage});
+    registerPage({"sliders", "Sliders", PageGroup::Displays, makePage});
 }
 Q_CONSTRUCTOR_FUNCTION(registerThis)
 

@@ -1,5 +1,6 @@
 #include "platform/Platform.h"
 
+#include "foundation/QtCompat.h"
 #include "platform/generic/LocaleTexts.h"
 #include "platform/generic/XServer.h"
 
@@ -104,7 +105,7 @@ ClockTime localFileTime(quint64 fileTime)
 
 void listenForAppearance()
 {
-    QObject::connect(qGuiApp, &QGuiApplication::paletteChanged, qGuiApp, appearanceChanged);
+    onPaletteChange(*qGuiApp, appearanceChanged);
 }
 
 Answers systemAnswers()

@@ -1,6 +1,7 @@
 #include "platform/WindowFrame.h"
 
 #include "foundation/Palette.h"
+#include "foundation/QtCompat.h"
 #include "platform/generic/XServer.h"
 
 #include <QApplication>
@@ -45,7 +46,7 @@ public:
     }
 
     bool event(QEvent *event) override;
-    bool nativeEvent(void *, long *) override { return false; }
+    bool nativeEvent(void *, lumqt::NativeResult *) override { return false; }
     void shrinkToClient(tagNCCALCSIZE_PARAMS *) override {}
     bool isMaximized() const override { return m_window->isMaximized(); }
     bool isInside() const override { return true; }
@@ -131,7 +132,7 @@ bool GenericWindowFrame::event(QEvent *event)
         return mouse(static_cast<QMouseEvent *>(event));
     case QEvent::HoverMove:
         // Comes for moves over the widgets of the client area, too, which is how leaving the frame is seen.
-        m_position = static_cast<QHoverEvent *>(event)->pos();
+        m_position = position(*static_cast<QHoverEvent *>(event));
         hover();
         return false;
     case QEvent::HoverLeave:
@@ -209,7 +210,7 @@ bool GenericWindowFrame::mouse(const QMouseEvent *event)
     if (event->type() == QEvent::MouseMove) {
         if (m_grip == Grip::None || !(event->buttons() & Qt::LeftButton))
             return false;
-        drag(event->globalPos());
+        drag(globalPosition(*event));
         return true;
     }
     if (event->button() != Qt::LeftButton)
@@ -222,7 +223,7 @@ bool GenericWindowFrame::mouse(const QMouseEvent *event)
 
 bool GenericWindowFrame::press(const QMouseEvent *event)
 {
-    m_pressedAt = event->globalPos();
+    m_pressedAt = globalPosition(*event);
     m_pressedGeometry = m_window->geometry();
     m_edges = edgesUnderPointer();
     if (m_edges) {

@@ -102,7 +102,7 @@ Appearance appearance()
 class SettingsListener : public QAbstractNativeEventFilter
 {
 public:
-    bool nativeEventFilter(const QByteArray &, void *message, long *) override
+    bool nativeEventFilter(const QByteArray &, void *message, NativeResult *) override
     {
         const UINT kind = static_cast<const MSG *>(message)->message;
         if (kind == WM_SETTINGCHANGE || kind == WM_SYSCOLORCHANGE || kind == WM_THEMECHANGED)

@@ -133,7 +133,7 @@ public:
     WindowsWindowFrame(QWidget *window, WindowFrameClient *client) : m_window(window), m_client(client) {}
 
     bool event(QEvent *event) override;
-    bool nativeEvent(void *message, long *result) override;
+    bool nativeEvent(void *message, lumqt::NativeResult *result) override;
     void shrinkToClient(NCCALCSIZE_PARAMS *params) override;
     bool isMaximized() const override { return IsZoomed(handle()) != FALSE; }
     bool isInside() const override { return false; }
@@ -215,7 +215,7 @@ void WindowsWindowFrame::applyStyle()
         m_window->resize(m_asked.size());
 }
 
-bool WindowsWindowFrame::nativeEvent(void *message, long *result)
+bool WindowsWindowFrame::nativeEvent(void *message, lumqt::NativeResult *result)
 {
     const MSG *msg = static_cast<MSG *>(message);
     if (msg->hwnd != m_native) {
@@ -226,7 +226,7 @@ bool WindowsWindowFrame::nativeEvent(void *message, long *result)
             m_window->testAttribute(Qt::WA_Moved) &&
             clientOnScreen(m_native).topLeft() == (QPointF(m_asked.topLeft()) * ratio()).toPoint();
     }
-    const auto answer = [result](long value) {
+    const auto answer = [result](NativeResult value) {
         if (result)
             *result = value;
         return true;
@@ -245,7 +245,7 @@ bool WindowsWindowFrame::nativeEvent(void *message, long *result)
         return answer(1);
     case WM_NCHITTEST: {
         const LRESULT part = hitTest(msg);
-        return part != HTNOWHERE && answer(long(part));
+        return part != HTNOWHERE && answer(NativeResult(part));
     }
     default:
         return (mouseMessage(msg) || menuMessage(msg)) && answer(1);

@@ -1,0 +1,212 @@
+#pragma once
+
+#include <QDate>
+#include <QEvent>
+#include <QGuiApplication>
+#include <QHash>
+#include <QIcon>
+#include <QKeySequence>
+#include <QMetaMethod>
+#include <QMouseEvent>
+#include <QPalette>
+#include <QPixmap>
+#include <QSettings>
+#include <QString>
+#include <QVariant>
+#include <QWidget>
+
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+#include <QRegularExpression>
+#include <QRegularExpressionValidator>
+
+#include <array>
+#else
+#include <QRegExp>
+#include <QRegExpValidator>
+#endif
+
+// What Qt 5.15 and Qt 6 spell differently, so that nothing else of the library asks for the version of Qt.
+// What the public headers need is in LumQtCompat.h.
+namespace lumqt {
+
+// What qHash() takes and gives.
+using HashValue = decltype(qHash(0));
+
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+
+// How a calendar hands on the day of a cell.
+using CellDate = QDate;
+
+inline QPoint globalPosition(const QMouseEvent &event)
+{
+    return event.globalPosition().toPoint();
+}
+
+template <class PointerEvent> QPoint position(const PointerEvent &event)
+{
+    return event.position().toPoint();
+}
+
+// The marks of the brushes that a palette has itself and does not inherit: here one for each role and group.
+using PaletteMarks = QPalette::ResolveMask;
+
+inline PaletteMarks marksOf(const QPalette &palette)
+{
+    return palette.resolveMask();
+}
+
+inline void setMarks(QPalette &palette, PaletteMarks marks)
+{
+    palette.setResolveMask(marks);
+}
+
+// The marks of a role in all groups. Where Qt keeps them is its own affair, and has changed.
+inline PaletteMarks marksOf(QPalette::ColorRole role)
+{
+    static const auto known = [] {
+        std::array<PaletteMarks, QPalette::NColorRoles> marks;
+        for (int each = 0; each < QPalette::NColorRoles; ++each) {
+            QPalette palette;
+            palette.setResolveMask(0);
+            palette.setBrush(QPalette::All, QPalette::ColorRole(each), QBrush(Qt::red));
+            marks[size_t(each)] = palette.resolveMask();
+        }
+        return marks;
+    }();
+    return known[size_t(role)];
+}
+
+// Calls `changed` whenever the application has another palette, for as long as it lives.
+inline void onPaletteChange(QGuiApplication &application, void (*changed)())
+{
+    class Listener : public QObject
+    {
+    public:
+        Listener(QObject *parent, void (*told)()) : QObject(parent), m_told(told) {}
+        bool eventFilter(QObject *watched, QEvent *event) override
+        {
+            if (event->type() == QEvent::ApplicationPaletteChange && watched == parent())
+                m_told();
+            return false;
+        }
+
+    private:
+        void (*m_told)();
+    };
+    application.installEventFilter(new Listener(&application, changed));
+}
+
+// Ini files are UTF-8 without being asked.
+inline void readAsUtf8(QSettings &) {}
+
+// Whether icons give pictures for dense screens.
+inline bool iconsAreDense()
+{
+    return true;
+}
+
+inline QPixmap densePixmap(const QIcon &icon, const QSize &size, QIcon::Mode mode, const QWidget &widget)
+{
+    return icon.pixmap(size, widget.devicePixelRatioF(), mode);
+}
+
+// The keys of a sequence's first part with their modifiers, in one number.
+inline int firstKey(const QKeySequence &keys)
+{
+    return keys[0].toCombined();
+}
+
+// What a signal or slot was called with, from the arguments that the meta-object hands on.
+inline QVariant firstArgument(const QMetaMethod &method, void **arguments)
+{
+    return QVariant(method.parameterMetaType(0), arguments[1]);
+}
+
+// A text that matches from its beginning to its end.
+inline bool matchesWhole(const QString &text, const QString &pattern, Qt::CaseSensitivity cases)
+{
+    QRegularExpression::PatternOptions options = QRegularExpression::UseUnicodePropertiesOption;
+    options.setFlag(QRegularExpression::CaseInsensitiveOption, cases == Qt::CaseInsensitive);
+    return QRegularExpression(QRegularExpression::anchoredPattern(pattern), options).match(text).hasMatch();
+}
+
+// Owned by `parent`.
+inline QValidator *patternValidator(const QString &pattern, QObject *parent)
+{
+    return new QRegularExpressionValidator(QRegularExpression(pattern), parent);
+}
+
+#else
+
+using CellDate = const QDate &;
+
+inline QPoint globalPosition(const QMouseEvent &event)
+{
+    return event.globalPos();
+}
+
+template <class PointerEvent> QPoint position(const PointerEvent &event)
+{
+    return event.pos();
+}
+
+using PaletteMarks = uint;
+
+inline PaletteMarks marksOf(const QPalette &palette)
+{
+    return palette.resolve();
+}
+
+inline void setMarks(QPalette &palette, PaletteMarks marks)
+{
+    palette.resolve(marks);
+}
+
+inline PaletteMarks marksOf(QPalette::ColorRole role)
+{
+    return PaletteMarks(1) << role;
+}
+
+inline void onPaletteChange(QGuiApplication &application, void (*changed)())
+{
+    QObject::connect(&application, &QGuiApplication::paletteChanged, &application, changed);
+}
+
+inline void readAsUtf8(QSettings &settings)
+{
+    settings.setIniCodec("UTF-8");
+}
+
+inline bool iconsAreDense()
+{
+    return QCoreApplication::testAttribute(Qt::AA_UseHighDpiPixmaps);
+}
+
+inline QPixmap densePixmap(const QIcon &icon, const QSize &size, QIcon::Mode mode, const QWidget &widget)
+{
+    return icon.pixmap(widget.window()->windowHandle(), size, mode);
+}
+
+inline int firstKey(const QKeySequence &keys)
+{
+    return keys[0];
+}
+
+inline QVariant firstArgument(const QMetaMethod &method, void **arguments)
+{
+    return QVariant(method.parameterType(0), arguments[1]);
+}
+
+inline bool matchesWhole(const QString &text, const QString &pattern, Qt::CaseSensitivity cases)
+{
+    return QRegExp(pattern, cases).exactMatch(text);
+}
+
+inline QValidator *patternValidator(const QString &pattern, QObject *parent)
+{
+    return new QRegExpValidator(QRegExp(pattern), parent);
+}
+
+#endif
+
+} // namespace lumqt
