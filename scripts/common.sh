@@ -32,9 +32,9 @@ ensure_packages() {
 
 # Installs what building and running natively needs, with the Qt of that major version.
 ensure_native_packages() {
-  local qt=(qtbase5-dev qtbase5-private-dev libqt5svg5-dev qttools5-dev-tools)
-  [ "$1" -eq 5 ] || qt=(qt6-base-dev qt6-base-private-dev libqt6svg6-dev qt6-l10n-tools)
-  ensure_packages cmake ninja-build ccache g++ "${qt[@]}" \
+  local dev=(qtbase5-dev qtbase5-private-dev libqt5svg5-dev qttools5-dev-tools)
+  [ "$1" -eq 5 ] || dev=(qt6-base-dev qt6-base-private-dev libqt6svg6-dev qt6-l10n-tools)
+  ensure_packages cmake ninja-build ccache g++ "${dev[@]}" \
     libxtst-dev xvfb openbox x11-utils fonts-open-sans fonts-noto-core python3
 }
 
@@ -43,7 +43,7 @@ ensure_windows_qt() {
   local option=()
   [ "$1" -eq 5 ] || option=(--qt6)
   ensure_packages g++-mingw-w64-x86-64-posix wine wine64
-  LUMQT_QT_WINDOWS=$("$here/build-qt-windows.sh" "${option[@]}")
+  LUMQT_QT_WINDOWS=$("${here:?}/build-qt-windows.sh" "${option[@]}")
   export LUMQT_QT_WINDOWS
 }
 
