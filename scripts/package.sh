@@ -27,7 +27,9 @@ packages=$PWD/build/packages
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 
-"$here/build-docs.sh"
+documentation=()
+[ "${qts[*]}" != 6 ] || documentation=(--qt6) # whoever packs for one Qt needs no other
+"$here/build-docs.sh" "${documentation[@]}"
 
 make_package() {
   local preset=$1-release
