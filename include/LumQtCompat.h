@@ -10,14 +10,14 @@
 class QEnterEvent;
 class QEvent;
 
-/// The few names of the library that are no classes. What else the namespace holds is internal. \since 1.0
+/// Holds the names of LumQtCompat.h; what else it holds is internal. \since 1.0
 namespace lumqt {
 
 #if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
 /// What enterEvent() of a widget takes: with Qt 6 a QEnterEvent, with Qt 5 a QEvent.
 ///
-/// Where the mouse came in QEnterEvent tells in different words in each; \c mapFromGlobal(QCursor::pos())
-/// does with both. \since 1.0
+/// Where the mouse is, each says under other names; \c mapFromGlobal(QCursor::pos()) says it with both.
+/// \since 1.0
 using EnterEvent = QEnterEvent;
 /// Where nativeEvent() of a widget puts its answer to the system: with Qt 6 a qintptr, with Qt 5 a long.
 /// \since 1.0
