@@ -20,6 +20,7 @@
 #include <QRegularExpressionValidator>
 
 #include <array>
+#include <utility>
 #else
 #include <QRegExp>
 #include <QRegExpValidator>
@@ -99,6 +100,23 @@ inline void onPaletteChange(QGuiApplication &application, void (*changed)())
 // Ini files are UTF-8 without being asked.
 inline void readAsUtf8(QSettings &) {}
 
+// A key of such a file, from what QSettings makes of its bytes.
+inline QString utf8Key(const QString &key)
+{
+    return key;
+}
+
+// Whether two values are the same where a number may also be written as a text.
+inline bool sameValue(QVariant one, QVariant other)
+{
+    if (one == other)
+        return true;
+    if (one.userType() == QMetaType::QString)
+        std::swap(one, other);
+    return other.userType() == QMetaType::QString && one.userType() != QMetaType::QString &&
+           other.convert(one.metaType()) && one == other;
+}
+
 // Whether icons give pictures for dense screens.
 inline bool iconsAreDense()
 {
@@ -175,6 +193,17 @@ inline void onPaletteChange(QGuiApplication &application, void (*changed)())
 inline void readAsUtf8(QSettings &settings)
 {
     settings.setIniCodec("UTF-8");
+}
+
+// The codec is for values: of a key it leaves the bytes.
+inline QString utf8Key(const QString &key)
+{
+    return QString::fromUtf8(key.toLatin1());
+}
+
+inline bool sameValue(const QVariant &one, const QVariant &other)
+{
+    return one == other;
 }
 
 inline bool iconsAreDense()

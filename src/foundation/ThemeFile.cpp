@@ -111,8 +111,7 @@ QMap<QString, Entry> entriesOf(const QString &file, const QByteArray &content)
     readAsUtf8(settings);
     const QStringList keys = settings.allKeys();
     for (const QString &path : keys) {
-        // The codec is for values: of a key it leaves the bytes.
-        const QString key = QString::fromUtf8(path.section(QLatin1Char('/'), -1).toLatin1());
+        const QString key = utf8Key(path.section(QLatin1Char('/'), -1));
         // A text with a comma is a list to QSettings, and there is nothing at an empty key.
         const QVariant value = path.isEmpty() ? QVariant() : settings.value(path);
         entries[key.toLower()] = {key, value.toStringList().join(QLatin1String(", ")).trimmed()};

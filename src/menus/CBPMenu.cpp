@@ -5,6 +5,7 @@
 #include "foundation/Log.h"
 #include "foundation/Painting.h"
 #include "foundation/Palette.h"
+#include "foundation/QtCompat.h"
 #include "menus/MenuTexts.h"
 
 #include <QActionEvent>
@@ -40,7 +41,7 @@ constexpr QStyle::PixelMetric kRoomAround[] = {QStyle::PM_MenuPanelWidth, QStyle
 template <class Value> int entryOf(const QVector<QPair<QVariant, Value>> &entries, const QVariant &itemData)
 {
     for (int i = 0; i < entries.size(); ++i)
-        if (entries.at(i).first == itemData)
+        if (lumqt::sameValue(entries.at(i).first, itemData))
             return i;
     return -1;
 }
