@@ -20,6 +20,7 @@
 #include <QRegularExpressionValidator>
 
 #include <array>
+#include <cmath>
 #else
 #include <QRegExp>
 #include <QRegExpValidator>
@@ -105,9 +106,25 @@ inline bool iconsAreDense()
     return true;
 }
 
+// Whether they do so at each ratio: between whole ones Qt takes the coarser of two pictures for the nearer.
+inline bool iconsAreDense(qreal ratio)
+{
+    return ratio <= 1.0 || ratio == std::ceil(ratio);
+}
+
 inline QPixmap densePixmap(const QIcon &icon, const QSize &size, QIcon::Mode mode, const QWidget &widget)
 {
-    return icon.pixmap(size, widget.devicePixelRatioF(), mode);
+    const qreal ratio = widget.devicePixelRatioF();
+    const QPixmap picture = icon.pixmap(size, ratio, mode);
+    if (iconsAreDense(ratio) || picture.devicePixelRatio() >= ratio)
+        return picture;
+    const QPixmap finer = icon.pixmap(size, std::ceil(ratio), mode);
+    if (finer.devicePixelRatio() <= ratio)
+        return finer;
+    QPixmap scaled = finer.scaled((finer.deviceIndependentSize() * ratio).toSize(), Qt::IgnoreAspectRatio,
+                                  Qt::SmoothTransformation);
+    scaled.setDevicePixelRatio(ratio);
+    return scaled;
 }
 
 // The keys of a sequence's first part with their modifiers, in one number.
@@ -180,6 +197,11 @@ inline void readAsUtf8(QSettings &settings)
 inline bool iconsAreDense()
 {
     return QCoreApplication::testAttribute(Qt::AA_UseHighDpiPixmaps);
+}
+
+inline bool iconsAreDense(qreal)
+{
+    return iconsAreDense();
 }
 
 inline QPixmap densePixmap(const QIcon &icon, const QSize &size, QIcon::Mode mode, const QWidget &widget)
