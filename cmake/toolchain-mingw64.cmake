@@ -1,5 +1,6 @@
 # Cross-compiles for 64-bit Windows with Debian's MinGW-w64 (the posix-threads variant). Qt for Windows is the one
 # that scripts/build-qt-windows.sh builds; its folder is given as LUMQT_QT_WINDOWS, in the environment or the cache.
+# Qt 6's has no tools (moc, rcc, ...) of its own and remembers where the native ones are.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 

@@ -62,6 +62,7 @@ Q_SIGNALS:
     void itemClicked(ComboxItem &item);
 
 protected:
+    /// Override it with lumqt::EnterEvent, and it compiles with either Qt. \since 1.0
     void enterEvent(lumqt::EnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void hideEvent(QHideEvent *event) override;

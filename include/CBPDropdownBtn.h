@@ -122,6 +122,7 @@ protected:
     void keyReleaseEvent(QKeyEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
+    /// Override it with lumqt::EnterEvent, and it compiles with either Qt. \since 1.0
     void enterEvent(lumqt::EnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void changeEvent(QEvent *event) override;

@@ -80,6 +80,7 @@ Q_SIGNALS:
     void sigLinkerClick(int bindId);
 
 protected:
+    /// Override it with lumqt::EnterEvent, and it compiles with either Qt. \since 1.0
     void enterEvent(lumqt::EnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;

@@ -213,7 +213,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     /// \since 1.0
     void mouseMoveEvent(QMouseEvent *event) override;
-    /// \since 1.0
+    /// Override it with lumqt::EnterEvent, and it compiles with either Qt. \since 1.0
     void enterEvent(lumqt::EnterEvent *event) override;
     /// \since 1.0
     void leaveEvent(QEvent *event) override;

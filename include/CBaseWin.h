@@ -101,6 +101,8 @@ Q_SIGNALS:
 protected:
     bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
+    /// Moves, resizes and maximises the window on Windows: call it for all messages that are not yours.
+    /// Override it with lumqt::NativeResult, and it compiles with either Qt. \since 1.0
     bool nativeEvent(const QByteArray &eventType, void *message, lumqt::NativeResult *result) override;
 
     /// Ends the application: hides the window, sends sigQuit() and makes the event loop return 0.

@@ -60,6 +60,7 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+    /// Override it with lumqt::EnterEvent, and it compiles with either Qt. \since 1.0
     void enterEvent(lumqt::EnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;

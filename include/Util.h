@@ -53,7 +53,7 @@ public:
     ///
     /// With an empty file, key or group the answer is false and \a value is untouched. A file that is missing
     /// or unreadable answers false and leaves an invalid \a value. A text that holds commas and no quotes is
-    /// a list. \since 1.0
+    /// a list. In which encoding the file is depends on Qt, see \ref guide-qt6. \since 1.0
     static bool readIni(QString group, QString key, QVariant &value, QString file);
 
     /// Writes \a value at \a group / \a key of the ini file \a file, which is made when missing.

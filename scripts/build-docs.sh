@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Builds the guide and the reference into build/docs/html, with pictures of the classes and the colours of the themes.
 #   build-docs.sh              takes the pictures of the gallery
+#   build-docs.sh --qt6        takes those of the gallery with Qt 6; the text is the same
 #   build-docs.sh PICTURES     takes those of a folder, one PNG per class, named after it, and themes.txt from there
 # Installs what is missing with apt. What Doxygen warns of is an error.
 set -euo pipefail
@@ -8,14 +9,18 @@ here=$(cd "$(dirname "$0")" && pwd)
 # shellcheck source=scripts/common.sh
 . "$here/common.sh"
 
-usage="usage: build-docs.sh [PICTURES]"
+usage="usage: build-docs.sh [--qt6 | PICTURES]"
 [ $# -le 1 ] || fail "$usage"
-given=${1:-}
-if [ -n "$given" ]; then
-  case $given in -*) fail "$usage" ;; esac
-  [ -d "$given" ] || fail "there is no folder $given"
-  given=$(cd "$given" && pwd)
-fi
+given='' gallery=()
+case ${1:-} in
+  "") ;;
+  --qt6) gallery=(--qt6) ;;
+  -*) fail "$usage" ;;
+  *)
+    [ -d "$1" ] || fail "there is no folder $1"
+    given=$(cd "$1" && pwd)
+    ;;
+esac
 
 cd "$here/.."
 ensure_packages doxygen python3
@@ -28,7 +33,7 @@ if [ -n "$given" ]; then
   say "Taking the pictures of $given"
   find "$given" -maxdepth 1 '(' -name '*.png' -o -name themes.txt ')' -exec cp {} "$pictures" ';'
 else
-  "$here/run-gallery.sh" --class-pictures "$pictures"
+  "$here/run-gallery.sh" "${gallery[@]}" --class-pictures "$pictures"
 fi
 
 say "Checking the pictures"

@@ -1,6 +1,9 @@
 #!/usr/bin/env bash
-# Builds Qt 5 (base and SVG) for 64-bit Windows from the distribution's own source packages, once per machine, into
-# the user's cache folder. Prints the prefix as its last line. Everything else goes to standard error, so that
+# Builds Qt (base and SVG) for 64-bit Windows from the distribution's own source packages, once per machine, into
+# the user's cache folder:
+#   build-qt-windows.sh          Qt 5
+#   build-qt-windows.sh --qt6    Qt 6, with the tools (moc, rcc, ...) of the distribution's native Qt 6
+# Prints the prefix as its last line. Everything else goes to standard error, so that
 #   prefix=$(scripts/build-qt-windows.sh)
 # works. The folder's name is made of the Qt version and a digest of the options: another version or another option
 # is another folder, and a half-finished build never looks like a finished one.
@@ -9,7 +12,7 @@ here=$(cd "$(dirname "$0")" && pwd)
 # shellcheck source=scripts/common.sh
 . "$here/common.sh"
 
-options=(
+options5=(
   -xplatform win32-g++ -device-option CROSS_COMPILE=x86_64-w64-mingw32-
   -release -shared -opensource -confirm-license
   # The repacked source lacks the tablet header: tablet events and Direct2D would not build.
@@ -19,17 +22,47 @@ options=(
   -nomake examples -nomake tests
 )
 
+# Qt 6 takes what it finds on the machine unless it is told not to, so whatever is bundled or left out is named.
+options6=(
+  -DCMAKE_BUILD_TYPE=Release -DBUILD_SHARED_LIBS=ON -DQT_QMAKE_TARGET_MKSPEC=win32-g++
+  -DQT_BUILD_EXAMPLES=OFF -DQT_BUILD_TESTS=OFF -DQT_BUILD_TOOLS_BY_DEFAULT=OFF
+  -DINPUT_opengl=no -DFEATURE_dbus=OFF -DFEATURE_icu=OFF -DFEATURE_glib=OFF -DFEATURE_zstd=OFF
+  # The repacked source lacks the tablet header here too. The platform plugin does not link with DirectWrite alone:
+  # its font database is built with Direct2D only.
+  -DFEATURE_tabletevent=OFF -DFEATURE_direct2d=OFF -DFEATURE_directwrite=OFF
+  -DFEATURE_sql=OFF -DFEATURE_network=OFF -DFEATURE_concurrent=OFF -DFEATURE_printsupport=OFF -DFEATURE_vulkan=OFF
+  -DFEATURE_xml=OFF -DFEATURE_pkg_config=OFF
+  -DFEATURE_system_zlib=OFF -DFEATURE_system_pcre2=OFF -DFEATURE_system_png=OFF -DFEATURE_system_jpeg=OFF
+  -DFEATURE_system_freetype=OFF -DFEATURE_system_harfbuzz=OFF -DFEATURE_system_doubleconversion=OFF
+  -DFEATURE_system_libb2=OFF -DFEATURE_system_textmarkdownreader=OFF
+)
+
 main() {
   local version digest cache prefix
-  ensure_packages qtbase5-dev dpkg-dev g++-mingw-w64-x86-64-posix make perl python3 >&2
-  version=$(dpkg-query -W -f '${Version}' qtbase5-dev | sed 's/+.*//')
+  case ${1:-} in
+    "")
+      qt=5 name=qt options=("${options5[@]}") sources=(qtbase-opensource-src qtsvg-opensource-src)
+      native=qtbase5-dev packages=(make perl) minutes=12
+      ;;
+    --qt6)
+      qt=6 name=qt6 options=("${options6[@]}") sources=(qt6-base qt6-svg)
+      native=qt6-base-dev packages=(qt6-base-dev-tools cmake ninja-build perl) minutes=20
+      ;;
+    *) fail "usage: build-qt-windows.sh [--qt6]" ;;
+  esac
+  ensure_packages "$native" dpkg-dev g++-mingw-w64-x86-64-posix "${packages[@]}" python3 >&2
+  version=$(dpkg-query -W -f '${Version}' "$native" | sed 's/+.*//')
   digest=$(printf '%s\n' "${options[@]}" | sha256sum | cut -c1-10)
   cache=${XDG_CACHE_HOME:-$HOME/.cache}/lumqtlib
-  prefix=$cache/qt-windows-$version-$digest
+  prefix=$cache/$name-windows-$version-$digest
   if [ ! -e "$prefix/.complete" ]; then
-    build "$cache" "$prefix"
+    mkdir -p "$cache"
+    # Two builds of the same Qt would install over each other: the second waits, and finds it done.
+    exec 8>"$prefix.lock"
+    flock 8
+    [ -e "$prefix/.complete" ] || build "$cache" "$prefix"
   fi
-  say "Qt for Windows: $prefix" >&2
+  say "Qt $qt for Windows: $prefix" >&2
   printf '%s\n' "$prefix"
 }
 
@@ -77,16 +110,17 @@ PY
 }
 
 download_sources() {
-  local work=$1 dir=$1/apt options
+  local work=$1 dir=$1/apt apt_options
   private_source_index "$dir"
-  options=(-o "Dir::Etc::SourceList=$dir/source.sources" -o "Dir::Etc::SourceParts=$dir/parts"
+  apt_options=(-o "Dir::Etc::SourceList=$dir/source.sources" -o "Dir::Etc::SourceParts=$dir/parts"
     -o "Dir::State::Lists=$dir/lists" -o "Dir::Cache=$dir/cache" -o APT::Sandbox::User=root)
   say "Reading the index of Debian's source packages" >&2
-  apt-get "${options[@]}" update >&2
-  say "Downloading the sources of Qt" >&2
-  (cd "$work" && apt-get "${options[@]}" source --download-only qtbase-opensource-src qtsvg-opensource-src >&2)
-  (cd "$work" && dpkg-source --no-check -x qtbase-opensource-src_*.dsc qtbase >&2)
-  (cd "$work" && dpkg-source --no-check -x qtsvg-opensource-src_*.dsc qtsvg >&2)
+  apt-get "${apt_options[@]}" update >&2
+  say "Downloading the sources of Qt $qt" >&2
+  (cd "$work" && apt-get "${apt_options[@]}" source --download-only "${sources[@]}" >&2) ||
+    fail "the archives in /etc/apt do not give the sources of Qt $qt (${sources[*]})"
+  (cd "$work" && dpkg-source --no-check -x "${sources[0]}"_*.dsc qtbase >&2)
+  (cd "$work" && dpkg-source --no-check -x "${sources[1]}"_*.dsc qtsvg >&2)
 }
 
 # Runs a step with its output in a log file; prints a dot every ten seconds, and the log's end when it fails.
@@ -109,25 +143,41 @@ step() {
   fi
 }
 
-configure_base() { mkdir -p "$1/build-base" && cd "$1/build-base" && ../qtbase/configure "${options[@]}" -prefix "$2" -hostprefix "$2"; }
-make_in() { cd "$1" && make -j"$(nproc)"; }
-install_in() { cd "$1" && make install; }
-configure_svg() { mkdir -p "$1/build-svg" && cd "$1/build-svg" && "$2/bin/qmake" ../qtsvg; }
+# Each of these is a step: WORK is the folder with the sources, PREFIX the one that Qt is installed into.
+configure_base5() { in_folder "$1/build-base" ../qtbase/configure "${options[@]}" -prefix "$2" -hostprefix "$2"; }
+configure_svg5() { in_folder "$1/build-svg" "$2/bin/qmake" ../qtsvg; }
+make5() { make -C "$1" -j"$(nproc)"; }
+install5() { make -C "$1" install; }
+
+configure_base6() {
+  local multiarch
+  multiarch=$(dpkg-architecture -q DEB_BUILD_MULTIARCH)
+  configure_cmake "$1/qtbase" "$1/build-base" "$2" "${options[@]}" \
+    -DQT_HOST_PATH=/usr "-DQT_HOST_PATH_CMAKE_DIR=/usr/lib/$multiarch/cmake"
+}
+configure_svg6() { configure_cmake "$1/qtsvg" "$1/build-svg" "$2" -DCMAKE_BUILD_TYPE=Release; }
+make6() { cmake --build "$1" --parallel "$(nproc)"; }
+install6() { cmake --install "$1" --strip; }
+
+in_folder() { mkdir -p "$1" && cd "$1" && shift && "$@"; }
+configure_cmake() {
+  cmake -G Ninja -Wno-dev -S "$1" -B "$2" "-DCMAKE_INSTALL_PREFIX=$3" "-DLUMQT_QT_WINDOWS=$3" \
+    "-DCMAKE_TOOLCHAIN_FILE=$here/../cmake/toolchain-mingw64.cmake" "${@:4}"
+}
 
 build() {
   local cache=$1 prefix=$2
-  mkdir -p "$cache"
-  work=$(mktemp -d "$cache/qt-build.XXXXXX") # not local: the trap runs when this function is done
+  work=$(mktemp -d "$cache/$name-build.XXXXXX") # not local: the trap runs when this function is done
   trap 'rm -rf "$work"' EXIT
   rm -rf "$prefix"
-  say "Qt for Windows is built once on this machine (about 12 minutes on two cores)" >&2
+  say "Qt $qt for Windows is built once on this machine (about $minutes minutes on two cores)" >&2
   download_sources "$work"
-  step "Configuring qtbase" "$cache/qt-configure.log" configure_base "$work" "$prefix"
-  step "Building qtbase" "$cache/qt-base.log" make_in "$work/build-base"
-  step "Installing qtbase" "$cache/qt-install.log" install_in "$work/build-base"
-  step "Configuring qtsvg" "$cache/qt-svg-configure.log" configure_svg "$work" "$prefix"
-  step "Building qtsvg" "$cache/qt-svg.log" make_in "$work/build-svg"
-  step "Installing qtsvg" "$cache/qt-svg-install.log" install_in "$work/build-svg"
+  step "Configuring qtbase" "$cache/$name-configure.log" "configure_base$qt" "$work" "$prefix"
+  step "Building qtbase" "$cache/$name-base.log" "make$qt" "$work/build-base"
+  step "Installing qtbase" "$cache/$name-install.log" "install$qt" "$work/build-base"
+  step "Configuring qtsvg" "$cache/$name-svg-configure.log" "configure_svg$qt" "$work" "$prefix"
+  step "Building qtsvg" "$cache/$name-svg.log" "make$qt" "$work/build-svg"
+  step "Installing qtsvg" "$cache/$name-svg-install.log" "install$qt" "$work/build-svg"
   touch "$prefix/.complete"
 }
 

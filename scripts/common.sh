@@ -1,4 +1,4 @@
-# Shared by the scripts of this folder; sourced, not run.
+# Shared by the scripts of this folder; sourced, not run. They set `here`, their folder.
 
 say() { printf '\033[1m==>\033[0m %s\n' "$*"; }
 
@@ -28,6 +28,23 @@ ensure_packages() {
   say "Installing with apt: ${missing[*]}"
   as_root apt-get update -q
   as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -q --no-install-recommends "${missing[@]}"
+}
+
+# Installs what building and running natively needs, with the Qt of that major version.
+ensure_native_packages() {
+  local dev=(qtbase5-dev qtbase5-private-dev libqt5svg5-dev qttools5-dev-tools)
+  [ "$1" -eq 5 ] || dev=(qt6-base-dev qt6-base-private-dev libqt6svg6-dev qt6-l10n-tools)
+  ensure_packages cmake ninja-build ccache g++ "${dev[@]}" \
+    libxtst-dev xvfb openbox x11-utils fonts-open-sans fonts-noto-core python3
+}
+
+# Installs what the Windows build needs besides, and builds Qt of that major version the first time.
+ensure_windows_qt() {
+  local option=()
+  [ "$1" -eq 5 ] || option=(--qt6)
+  ensure_packages g++-mingw-w64-x86-64-posix wine wine64
+  LUMQT_QT_WINDOWS=$("${here:?}/build-qt-windows.sh" "${option[@]}")
+  export LUMQT_QT_WINDOWS
 }
 
 # Builds a program of a revision, in a tree of its own below build/compare, and leaves that tree's path in $old_tree.

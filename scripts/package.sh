@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Makes the packages to give away, and tries each: a zip for Windows, a tar for Linux.
-#   package.sh [--linux | --windows]    one of them instead of both
+# Makes the packages to give away, and tries each: for Qt 5 and for Qt 6, a zip for Windows and a tar for Linux.
+#   package.sh [--linux | --windows] [--qt5 | --qt6]    some of them instead of all four
 # Each holds the library (on Windows with its import library), headers, package config, res/ and the documentation, lies
 # in build/packages, and is unpacked into an empty folder in which examples/minimal is built and run against it.
 # Installs what is missing with apt; builds Qt for Windows the first time.
@@ -10,37 +10,36 @@ here=$(cd "$(dirname "$0")" && pwd)
 . "$here/common.sh"
 cd "$here/.."
 
-platforms=(linux windows)
-case ${1:-} in
-  "") ;;
-  --linux) platforms=(linux) ;;
-  --windows) platforms=(windows) ;;
-  *) fail "usage: package.sh [--linux | --windows]" ;;
-esac
+platforms=(linux windows) qts=(5 6)
+while [ $# -gt 0 ]; do
+  case $1 in
+    --linux) platforms=(linux) ;;
+    --windows) platforms=(windows) ;;
+    --qt5) qts=(5) ;;
+    --qt6) qts=(6) ;;
+    *) fail "usage: package.sh [--linux | --windows] [--qt5 | --qt6]" ;;
+  esac
+  shift
+done
 
 version=$(sed -n 's/^project(LumQtLib VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
 packages=$PWD/build/packages
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 
-ensure_packages cmake ninja-build ccache g++ qtbase5-dev qtbase5-private-dev libqt5svg5-dev qttools5-dev-tools \
-  xvfb openbox x11-utils fonts-open-sans fonts-noto-core
-if [[ " ${platforms[*]} " == *" windows "* ]]; then
-  ensure_packages g++-mingw-w64-x86-64-posix wine wine64
-  LUMQT_QT_WINDOWS=$("$here/build-qt-windows.sh")
-  export LUMQT_QT_WINDOWS
-fi
-"$here/build-docs.sh"
+documentation=()
+[ "${qts[*]}" != 6 ] || documentation=(--qt6) # whoever packs for one Qt needs no other
+"$here/build-docs.sh" "${documentation[@]}"
 
 make_package() {
-  local platform=$1 preset=$1-release name=LumQtLib-$version-$1
+  local preset=$1-release
   say "Building: $preset"
   cmake --preset "$preset" -Wno-dev >/dev/null
   cmake --build --preset "$preset"
   say "Packing: $name"
   cmake --install "build/$preset" --strip --prefix "$scratch/$name" >/dev/null
-  mkdir -p "$scratch/$name/share/doc/LumQtLib" "$packages"
-  cp -r build/docs/html README.md "$scratch/$name/share/doc/LumQtLib/"
+  mkdir -p "$scratch/$name/share/doc/$package" "$packages"
+  cp -r build/docs/html README.md "$scratch/$name/share/doc/$package/"
   if [ "$platform" = windows ]; then
     archive=$packages/$name.zip
     (cd "$scratch" && cmake -E tar cf "$archive" --format=zip "$name")
@@ -52,13 +51,12 @@ make_package() {
 
 # In a folder that has nothing but the package and the example.
 try_package() {
-  local platform=$1 name=LumQtLib-$version-$1 settings=()
-  local place=$scratch/try-$platform
+  local settings place=$scratch/try-$name
   say "Trying: ${archive##*/}"
   mkdir -p "$place/work"
   (cd "$place" && cmake -E tar xf "$archive")
   cp -r examples/minimal "$place/minimal"
-  settings=(-DPREFIX="$place/$name" -DSOURCE="$place/minimal" -DWORK="$place/work" -DGENERATOR=Ninja -DCONFIG=Release)
+  settings=(-DPREFIX="$place/$name" -DPACKAGE="$package" -DSOURCE="$place/minimal" -DWORK="$place/work" -DGENERATOR=Ninja -DCONFIG=Release)
   if [ "$platform" = windows ]; then
     settings+=(-DCXX=x86_64-w64-mingw32-g++-posix -DTOOLCHAIN="$PWD/cmake/toolchain-mingw64.cmake"
       -DQT="$LUMQT_QT_WINDOWS" -DRUN="$here/wine-run.sh")
@@ -68,9 +66,16 @@ try_package() {
   "$here/with-display.sh" cmake "${settings[@]}" -P tests/package/try_package.cmake
 }
 
-for platform in "${platforms[@]}"; do
-  make_package "$platform"
-  try_package "$platform"
+for qt in "${qts[@]}"; do
+  package=LumQtLib suffix=''
+  [ "$qt" -eq 5 ] || package=LumQtLibQt6 suffix=-qt6
+  ensure_native_packages "$qt"
+  for platform in "${platforms[@]}"; do
+    name=$package-$version-$platform
+    [ "$platform" = linux ] || ensure_windows_qt "$qt"
+    make_package "$platform$suffix"
+    try_package
+  done
 done
 say "The packages:"
 ls -l "$packages"

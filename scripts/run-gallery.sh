@@ -5,17 +5,19 @@
 #   run-gallery.sh --class-pictures DIR                 one PNG per class, and the themes' colours, for the documentation
 #   run-gallery.sh --theme NAME ...                     the same in another theme: dark, contrast, or a theme file
 #   run-gallery.sh --windows ...                        the same with the Windows build under Wine
+#   run-gallery.sh --qt6 ...                            the same with Qt 6 instead of Qt 5
 # Installs what is missing with apt.
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 # shellcheck source=scripts/common.sh
 . "$here/common.sh"
 
-usage="usage: run-gallery.sh [--windows] [--theme NAME] [--screenshots DIR [--scale 1..4] | --class-pictures DIR]"
-preset=linux target= scale=1 kind=screenshots theme=light
+usage="usage: run-gallery.sh [--qt6] [--windows] [--theme NAME] [--screenshots DIR [--scale 1..4] | --class-pictures DIR]"
+platform=linux qt=5 target= scale=1 kind=screenshots theme=light
 while [ $# -gt 0 ]; do
   case $1 in
-    --windows) preset=windows ;;
+    --windows) platform=windows ;;
+    --qt6) qt=6 ;;
     --screenshots) target=${2:?$usage} && shift ;;
     --class-pictures) target=${2:?$usage} kind=class-pictures && shift ;;
     --theme) theme=${2:?$usage} && shift ;;
@@ -36,14 +38,13 @@ if [ -n "$target" ]; then
 fi
 
 cd "$here/.."
-ensure_packages cmake ninja-build ccache g++ qtbase5-dev qtbase5-private-dev libqt5svg5-dev qttools5-dev-tools \
-  libxtst-dev xvfb openbox x11-utils fonts-open-sans fonts-noto-core python3
+preset=$platform
+[ "$qt" -eq 5 ] || preset=$platform-qt6
+ensure_native_packages "$qt"
 program=build/$preset/lqprograms/lumqt-gallery
 run=()
-if [ "$preset" = windows ]; then
-  ensure_packages g++-mingw-w64-x86-64-posix wine wine64
-  LUMQT_QT_WINDOWS=$("$here/build-qt-windows.sh")
-  export LUMQT_QT_WINDOWS
+if [ "$platform" = windows ]; then
+  ensure_windows_qt "$qt"
   program=$program.exe
   run=("$here/wine-run.sh")
 fi
@@ -57,7 +58,7 @@ if [ -z "$target" ]; then
 fi
 say "Writing $kind at scale $scale into $target"
 folder=$target
-[ "$preset" = linux ] || folder="Z:${target//\//\\}"
+[ "$platform" = linux ] || folder="Z:${target//\//\\}"
 # Those of an earlier run go, and nothing else.
 if [ -f "$target/screenshots.txt" ]; then
   while read -r name; do

@@ -3,15 +3,13 @@
 #   run-tests.sh               natively
 #   run-tests.sh --windows     the Windows build, under Wine (builds Qt for Windows the first time)
 #   run-tests.sh --sanitize    natively, under the address, undefined-behaviour and thread sanitizers
+#   run-tests.sh --qt6 ...     with Qt 6 instead of Qt 5: natively, or with --windows
 # Installs what is missing with apt. The last line is the total: N passed, N failed, N skipped.
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 # shellcheck source=scripts/common.sh
 . "$here/common.sh"
 cd "$here/.."
-
-native_packages=(cmake ninja-build ccache g++ qtbase5-dev qtbase5-private-dev libqt5svg5-dev qttools5-dev-tools
-  libxtst-dev xvfb openbox x11-utils fonts-open-sans fonts-noto-core python3)
 
 # Configures, builds and tests one preset on a virtual screen; adds its results to the log.
 run_preset() {
@@ -32,26 +30,35 @@ run_preset() {
   return "$status"
 }
 
+usage="usage: run-tests.sh [--qt6] [--windows] | --sanitize"
+
 main() {
-  local mode=${1:-} status=0 preset presets=(linux) screens=()
+  local mode='' qt=5 suffix='' status=0 preset presets screens=()
   # Programs mostly wait, so more of them than the machine has processors.
   local side_by_side=$((2 * $(nproc) + 1))
+  while [ $# -gt 0 ]; do
+    case $1 in
+      --qt6) qt=6 suffix=-qt6 ;;
+      --windows | --sanitize)
+        [ -z "$mode" ] || fail "$usage"
+        mode=$1
+        ;;
+      *) fail "$usage" ;;
+    esac
+    shift
+  done
+  [ "$mode$qt" != --sanitize6 ] || fail "$usage"
+  ensure_native_packages "$qt"
   case $mode in
-    "") ensure_packages "${native_packages[@]}" ;;
+    "") presets=("linux$suffix") ;;
     --windows)
-      ensure_packages "${native_packages[@]}" g++-mingw-w64-x86-64-posix wine wine64
-      LUMQT_QT_WINDOWS=$("$here/build-qt-windows.sh")
-      export LUMQT_QT_WINDOWS
-      presets=(windows)
+      ensure_windows_qt "$qt"
+      presets=("windows$suffix")
       side_by_side=$((1 + $(nproc)))
       screens=(env "LUMQT_SCREENS=$side_by_side" "$here/with-display.sh")
       start_wine
       ;;
-    --sanitize)
-      ensure_packages "${native_packages[@]}"
-      presets=(linux-asan linux-tsan)
-      ;;
-    *) fail "usage: run-tests.sh [--windows | --sanitize]" ;;
+    --sanitize) presets=(linux-asan linux-tsan) ;;
   esac
   log=$(mktemp)
   trap 'rm -f "$log" "$log.configure"' EXIT

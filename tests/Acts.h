@@ -6,12 +6,15 @@
 
 #include <QAbstractButton>
 #include <QAccessible>
+#include <QApplication>
+#include <QCloseEvent>
 #include <QMap>
 #include <QMetaMethod>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QTimer>
 #include <QtTest>
+#include <QWindow>
 
 #include <functional>
 #include <utility>
@@ -49,6 +52,14 @@ inline void sendEvent(QWidget &widget, QEvent::Type type)
         QEvent event(type);
         QCoreApplication::sendEvent(&widget, &event);
     }
+}
+
+// What Alt+F4 and the task bar do; the close() of the window's handle is the program's own.
+inline void closeBySystem(QWidget &window)
+{
+    QCloseEvent event;
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    qApp->notify(window.windowHandle(), &event); // sendEvent() would not let it be spontaneous
 }
 
 inline void sendFocus(QWidget &widget, QEvent::Type type)

@@ -201,7 +201,8 @@ void drawBody(QPainter &painter, const QRectF &rect, const Body &body)
     const qreal ratio = ratioOf(painter);
     const bool small = rect.width() * rect.height() <= kLargestCachedArea;
     if (small && ratio == 1.0) { // whole pixels as they are
-        const QRect whole = rect.toRect();
+        // Both edges rounded: the width that toRect() gives is not the same with every Qt.
+        const QRect whole(rect.topLeft().toPoint(), rect.bottomRight().toPoint() - QPoint(1, 1));
         painter.drawPixmap(whole.topLeft(), bodyPixmap(whole.size(), body, ratio));
         return;
     }

@@ -5,6 +5,7 @@
 #include "foundation/ImageLoader.h"
 #include "foundation/Painting.h"
 #include "foundation/Palette.h"
+#include "frames/AnsweringClose.h"
 #include "frames/FrameGeometry.h"
 #include "frames/FramePainter.h"
 #include "frames/LowestSize.h"
@@ -337,6 +338,7 @@ bool CBaseWin::event(QEvent *event)
     if (event->type() == QEvent::Close) {
         // close() ends the window as its button does; a derived closeEvent() may refuse before.
         const QPointer<CBaseWin> guard(this);
+        const AnsweringClose answering(this);
         QMainWindow::event(event);
         if (guard && event->isAccepted()) {
             m_frame->closeRequested();

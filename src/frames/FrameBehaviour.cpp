@@ -2,6 +2,7 @@
 
 #include "CBPImageButton.h"
 #include "foundation/Log.h"
+#include "frames/AnsweringClose.h"
 #include "platform/Platform.h"
 
 #include <QCloseEvent>
@@ -284,6 +285,7 @@ void FrameBehaviour::closeEvent(QCloseEvent *event)
     }
     // The event stays accepted whatever the hook does: close() is without effect within close(), so the
     // window being visible after it does not tell a refusal.
+    const AnsweringClose answering(m_window);
     callCloseHook();
 }
 

@@ -78,7 +78,7 @@ private Q_SLOTS:
                 {"OnClose", [&] { w->OnClose(); }},
                 {"close", [&] { w->close(); }},
                 {"title bar", [&] { w->titleBar()->on_btn_clicekedSlot(8); }},
-                {"system", [&] { w->windowHandle()->close(); }},
+                {"system", [&] { closeBySystem(*w); }},
                 {"parent", [&] { parent.hide(); }},
                 {"accept", [&] { w->accept(); }},
                 {"Escape", [&] { QTest::keyClick(w, Qt::Key_Escape); }},

@@ -204,7 +204,8 @@ private slots:
                 for (const QRect &rect : {QRect(0, 0, 80, 28), QRect(3, 5, 85, 27), QRect(1, 1, 600, 601)}) {
                     body.radiusX = body.radiusY = radius;
                     const QImage image = painted(rect, body, ratio, QSize(640, 640));
-                    const QRect box = QTransform::fromScale(ratio, ratio).mapRect(QRectF(rect)).toRect();
+                    const QRectF exact = QTransform::fromScale(ratio, ratio).mapRect(QRectF(rect));
+                    const QRect box(exact.topLeft().toPoint(), exact.bottomRight().toPoint() - QPoint(1, 1));
                     const QPoint middle = box.center();
                     const int width = qMax(1, qRound(ratio));
                     for (int i = 0; i <= width; ++i) { // the last one lies inside the frame

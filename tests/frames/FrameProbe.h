@@ -112,9 +112,3 @@ template <class Window> void clickTitle(Window &window, int id)
 {
     window.titleBar()->on_btn_clicekedSlot(id);
 }
-
-// What Alt+F4 and the task bar do.
-template <class Window> void closeBySystem(Window &window)
-{
-    window.windowHandle()->close();
-}

@@ -88,7 +88,7 @@ private Q_SLOTS:
                 dialog &&time == 2 ? dialog->open() : w.show();
                 QVERIFY(QTest::qWaitForWindowExposed(&w, kPatience));
                 closeBy(w, way);
-                QTEST(w.calls.size(), "calls");
+                QTEST(int(w.calls.size()), "calls");
                 QCOMPARE(w.isVisible(), !closes);
                 QCOMPARE(told, dialog && closes ? QList<int>{QDialog::Rejected} : QList<int>());
             }

@@ -14,17 +14,45 @@ if(NOT PREFIX)
     run("Installing" "${CMAKE_COMMAND}" --install "${BUILD}" --prefix "${PREFIX}" --config "${CONFIG}")
 endif()
 
-set(options "-DCMAKE_PREFIX_PATH=${PREFIX}" "-DCMAKE_BUILD_TYPE=${CONFIG}" "-DCMAKE_CXX_COMPILER=${CXX}")
+# The library for the other Qt may be installed there, too: each file lies below, or is named after, the package.
+file(GLOB_RECURSE files RELATIVE "${PREFIX}" "${PREFIX}/*")
+foreach(file ${files})
+    string(REGEX MATCH "LumQtLib(Qt6)?" owner "${file}")
+    if(NOT owner STREQUAL PACKAGE)
+        message(FATAL_ERROR "${file} lies where the library for the other Qt may have a file")
+    endif()
+endforeach()
+
+set(options "-DCMAKE_PREFIX_PATH=${PREFIX}" "-DCMAKE_BUILD_TYPE=${CONFIG}" "-DCMAKE_CXX_COMPILER=${CXX}"
+    "-DLUMQT_PACKAGE=${PACKAGE}")
 if(TOOLCHAIN)
     # The installed package lies outside of the toolchain's root.
     list(APPEND options "-DCMAKE_TOOLCHAIN_FILE=${TOOLCHAIN}" "-DLUMQT_QT_WINDOWS=${QT}"
-         "-DLumQtLib_DIR=${PREFIX}/lib/cmake/LumQtLib")
+         "-D${PACKAGE}_DIR=${PREFIX}/lib/cmake/${PACKAGE}")
 endif()
 if(SANITIZE)
     list(APPEND options "-DCMAKE_CXX_FLAGS=-fsanitize=${SANITIZE}")
 endif()
 run("Configuring the consumer" "${CMAKE_COMMAND}" -G "${GENERATOR}" -S "${SOURCE}" -B "${WORK}/consumer" ${options})
 run("Building the consumer" "${CMAKE_COMMAND}" --build "${WORK}/consumer")
+
+# The package for the other Qt need not be installed: its config file refuses before it looks for anything.
+set(LUMQT_QT 6)
+set(LUMQT_PACKAGE LumQtLibQt6)
+if(PACKAGE STREQUAL LUMQT_PACKAGE)
+    set(LUMQT_QT 5)
+    set(LUMQT_PACKAGE LumQtLib)
+endif()
+configure_file("${CMAKE_CURRENT_LIST_DIR}/../../cmake/LumQtLibConfig.cmake.in"
+               "${WORK}/other/${LUMQT_PACKAGE}Config.cmake" @ONLY)
+execute_process(
+    COMMAND "${CMAKE_COMMAND}" -G "${GENERATOR}" -S "${CMAKE_CURRENT_LIST_DIR}/both" -B "${WORK}/both" ${options}
+            "-DLUMQT_OTHER=${LUMQT_PACKAGE}" "-D${LUMQT_PACKAGE}_DIR=${WORK}/other"
+    RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE output)
+string(REGEX REPLACE "[ \n]+" " " output "${output}")
+if(status EQUAL 0 OR NOT output MATCHES "can use LumQtLib \\(Qt 5\\) or LumQtLibQt6 \\(Qt 6\\), not both")
+    message(FATAL_ERROR "A project that asks for both was not refused (${status}):\n${output}")
+endif()
 
 file(GLOB_RECURSE programs "${WORK}/consumer/*/minimal" "${WORK}/consumer/*/minimal.exe")
 list(GET programs 0 program)

@@ -149,7 +149,7 @@ private Q_SLOTS:
                     exit();
             });
         QCOMPARE(w->run(nullptr, false), 0);
-        QTEST(escapes.size(), "escapes");
+        QTEST(int(escapes.size()), "escapes");
         QCOMPARE(!w, result == kDeleted);
         if (w) {
             QVERIFY(!w->isVisible() && finished.size() == 1 && rejected.size() == 1);
@@ -304,7 +304,7 @@ private Q_SLOTS:
                 // It would block all others.
                 QVERIFY(!m_dialog->windowHandle()->isVisible() && !QGuiApplication::modalWindow());
                 QCOMPARE(m_dialog->result(), result == kGoesOn ? 1 : result);
-                QTEST(rejections.size(), "rejections");
+                QTEST(int(rejections.size()), "rejections");
                 m_dialog->onShow = nullptr; // and it can be run again
                 later(m_dialog, [&] { m_dialog->UnRun(); });
                 m_dialog->Run();

@@ -296,10 +296,11 @@ Card *menusCard()
 
 Page *makePage()
 {
-    auto *page =
-        new Page("LumQtLib",
-                 "Widgets for Qt 5 that look as if one designer had made them all. Everything here is live; "
-                 "the pages in the side bar show every widget in every state, and how it is made.");
+    auto *page = new Page(
+        "LumQtLib",
+        QString("Widgets for Qt %1 that look as if one designer had made them all. Everything here is "
+                "live; the pages in the side bar show every widget in every state, and how it is made.")
+            .arg(QT_VERSION_MAJOR));
     auto *cards = new QWidget;
     auto *grid = new QGridLayout(cards);
     grid->setContentsMargins(0, 0, 0, 0);

@@ -83,7 +83,7 @@ private:
     void showCursor(Qt::Edges edges);
     bool mouse(const QMouseEvent *event);
     bool press(const QMouseEvent *event);
-    bool release();
+    bool release(const QPoint &global);
     void drag(const QPoint &global);
     void restoreUnderPointer(const QPoint &global);
 
@@ -96,6 +96,7 @@ private:
     Grip m_grip = Grip::None;
     Qt::Edges m_edges;       // that the drag moves
     QPoint m_pressedAt;      // on the screen
+    QPoint m_pressedInside;  // and in the window
     QRect m_pressedGeometry; // of the window
     Qt::Edges m_cursorEdges; // that the cursor shows
     QCursor m_ownCursor;     // the window's own, while another is shown
@@ -216,7 +217,7 @@ bool GenericWindowFrame::mouse(const QMouseEvent *event)
     if (event->button() != Qt::LeftButton)
         return isOverFrame();
     if (event->type() == QEvent::MouseButtonRelease)
-        return release();
+        return release(globalPosition(*event));
     m_grip = Grip::None; // the system keeps what ends its move
     return isOverFrame() && press(event);
 }
@@ -224,6 +225,7 @@ bool GenericWindowFrame::mouse(const QMouseEvent *event)
 bool GenericWindowFrame::press(const QMouseEvent *event)
 {
     m_pressedAt = globalPosition(*event);
+    m_pressedInside = event->pos();
     m_pressedGeometry = m_window->geometry();
     m_edges = edgesUnderPointer();
     if (m_edges) {
@@ -249,7 +251,7 @@ bool GenericWindowFrame::press(const QMouseEvent *event)
     return true;
 }
 
-bool GenericWindowFrame::release()
+bool GenericWindowFrame::release(const QPoint &global)
 {
     const Grip grip = m_grip;
     m_grip = Grip::None;
@@ -257,8 +259,14 @@ bool GenericWindowFrame::release()
         return isOverFrame();
     if (grip == Grip::Move || grip == Grip::Resize)
         return true;
-    if (grip == Grip::System) // it has not taken the pointer yet, and would wait for a button to come up
-        cancelSystemMove(m_window->windowHandle());
+    if (grip == Grip::System) {
+        // Some Qt tells of the end of what the system has done, too: the window lies elsewhere then.
+        const bool done = global - m_position != m_pressedAt - m_pressedInside;
+        if (!done) // it has not taken the pointer yet, and would wait for a button to come up
+            cancelSystemMove(m_window->windowHandle());
+        if (done || m_edges)
+            return true;
+    }
     if (isOverFrame())
         m_client->pointer(PointerAction::Release);
     else

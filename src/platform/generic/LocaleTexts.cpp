@@ -77,17 +77,20 @@ QString windowsDatePattern(const QString &qtPattern)
 }
 
 // From Qt's short pattern: the long one has words and a time zone in it. The seconds, which it lacks, are
-// written as its minutes are. An "h" is of the 12-hour clock only beside AM or PM.
+// written as its minutes are. An "h" is of the 12-hour clock only beside AM or PM, or beside a part of the
+// day ("B"), of which there may be more than two. Beside that an "H" is not.
 QString windowsTimePattern(const QString &qtPattern)
 {
     QString hours;
     int halfAt = 0; // of the day: before (-1) or after (1) the hours
     forEachPart(qtPattern, [&](const QString &part, bool isField) {
-        if (isField && isOneOf(part, "a"))
+        if (isField && isOneOf(part, "ab"))
             halfAt = hours.isEmpty() ? -1 : 1;
         else if (isField && isOneOf(part, "h"))
             hours = part;
     });
+    if (hours.startsWith(QLatin1Char('H')))
+        halfAt = 0;
     const QString between = separator(qtPattern, "hm", ":");
     const QString time = (halfAt != 0 ? hours.toLower() : hours.toUpper()) + between + QLatin1String("mm") +
                          between + QLatin1String("ss");
