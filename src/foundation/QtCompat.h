@@ -8,6 +8,7 @@
 #include <QKeySequence>
 #include <QMetaMethod>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QPalette>
 #include <QPixmap>
 #include <QSettings>
@@ -127,6 +128,12 @@ inline QPixmap densePixmap(const QIcon &icon, const QSize &size, QIcon::Mode mod
     return scaled;
 }
 
+// Patterns of brushes are as large on dense screens as on others, where Qt 6 counts device pixels by itself.
+inline void enlargePatterns(QPainter &painter)
+{
+    painter.setRenderHint(QPainter::NonCosmeticBrushPatterns);
+}
+
 // The keys of a sequence's first part with their modifiers, in one number.
 inline int firstKey(const QKeySequence &keys)
 {
@@ -208,6 +215,8 @@ inline QPixmap densePixmap(const QIcon &icon, const QSize &size, QIcon::Mode mod
 {
     return icon.pixmap(widget.window()->windowHandle(), size, mode);
 }
+
+inline void enlargePatterns(QPainter &) {}
 
 inline int firstKey(const QKeySequence &keys)
 {
