@@ -8,6 +8,7 @@
 #include <QKeySequence>
 #include <QMetaMethod>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QPalette>
 #include <QPixmap>
 #include <QSettings>
@@ -20,6 +21,7 @@
 #include <QRegularExpressionValidator>
 
 #include <array>
+#include <cmath>
 #include <utility>
 #else
 #include <QRegExp>
@@ -123,9 +125,31 @@ inline bool iconsAreDense()
     return true;
 }
 
+// Whether they do so at each ratio: between whole ones Qt takes the coarser of two pictures for the nearer.
+inline bool iconsAreDense(qreal ratio)
+{
+    return ratio <= 1.0 || ratio == std::ceil(ratio);
+}
+
 inline QPixmap densePixmap(const QIcon &icon, const QSize &size, QIcon::Mode mode, const QWidget &widget)
 {
-    return icon.pixmap(size, widget.devicePixelRatioF(), mode);
+    const qreal ratio = widget.devicePixelRatioF();
+    const QPixmap picture = icon.pixmap(size, ratio, mode);
+    if (iconsAreDense(ratio) || picture.devicePixelRatio() >= ratio)
+        return picture;
+    const QPixmap finer = icon.pixmap(size, std::ceil(ratio), mode);
+    if (finer.devicePixelRatio() <= ratio)
+        return finer;
+    QPixmap scaled = finer.scaled((finer.deviceIndependentSize() * ratio).toSize(), Qt::IgnoreAspectRatio,
+                                  Qt::SmoothTransformation);
+    scaled.setDevicePixelRatio(ratio);
+    return scaled;
+}
+
+// Patterns of brushes are as large on dense screens as on others, where Qt 6 counts device pixels by itself.
+inline void enlargePatterns(QPainter &painter)
+{
+    painter.setRenderHint(QPainter::NonCosmeticBrushPatterns);
 }
 
 // The keys of a sequence's first part with their modifiers, in one number.
@@ -211,10 +235,17 @@ inline bool iconsAreDense()
     return QCoreApplication::testAttribute(Qt::AA_UseHighDpiPixmaps);
 }
 
+inline bool iconsAreDense(qreal)
+{
+    return iconsAreDense();
+}
+
 inline QPixmap densePixmap(const QIcon &icon, const QSize &size, QIcon::Mode mode, const QWidget &widget)
 {
     return icon.pixmap(widget.window()->windowHandle(), size, mode);
 }
+
+inline void enlargePatterns(QPainter &) {}
 
 inline int firstKey(const QKeySequence &keys)
 {

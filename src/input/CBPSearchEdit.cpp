@@ -14,12 +14,14 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
+#include <QPixmap>
 #include <QRegularExpression>
 #include <QStyleOptionToolButton>
 #include <QStylePainter>
 #include <QToolButton>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -193,9 +195,13 @@ protected:
         painter.save();
         if (!isEnabled()) // the style sheet's picture is the same
             painter.setOpacity(lumqt::disabledOpacity(kDisabledOpacity));
-        if (isCoarse(painter.device()->devicePixelRatioF()))
+        const qreal ratio = painter.device()->devicePixelRatioF();
+        if (isCoarse(ratio))
             enlarge(painter, option);
-        painter.drawComplexControl(QStyle::CC_ToolButton, option);
+        if (lumqt::iconsAreDense() && !lumqt::iconsAreDense(ratio))
+            drawReduced(painter, option, ratio);
+        else
+            painter.drawComplexControl(QStyle::CC_ToolButton, option);
         painter.restore();
         if (m_showsFocus)
             lumqt::drawFocusRing(painter, inside & rect().adjusted(kMargin, 0, -kMargin, 0));
@@ -230,6 +236,22 @@ private:
                                           QRect(QPoint(), (whole.size() * m_ratio).toSize()));
         painter.translate(whole.topLeft());
         painter.scale(1 / m_ratio, 1 / m_ratio);
+    }
+
+    // The style sheet has a dense picture for the next whole ratio.
+    void drawReduced(QPainter &painter, const QStyleOptionToolButton &option, qreal ratio)
+    {
+        const qreal more = std::ceil(ratio);
+        QPixmap picture(size() * more);
+        picture.setDevicePixelRatio(more);
+        picture.fill(Qt::transparent);
+        QStylePainter inner(&picture, this);
+        inner.drawComplexControl(QStyle::CC_ToolButton, option);
+        inner.end();
+        const QRectF whole = lumqt::wholeDevicePixels(painter, rect());
+        picture =
+            picture.scaled((whole.size() * ratio).toSize(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        painter.drawPixmap(whole, picture, QRectF(picture.rect()));
     }
 
     void followFocus(QFocusEvent *event)

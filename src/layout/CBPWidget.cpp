@@ -1,6 +1,7 @@
 #include "CBPWidget.h"
 
 #include "foundation/Palette.h"
+#include "foundation/QtCompat.h"
 #include "layout/BoxPainting.h"
 
 #include <QPainter>
@@ -35,6 +36,7 @@ void CBPWidget::Hide()
 void CBPWidget::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
+    lumqt::enlargePatterns(painter);
     const bool plain = lumqt::isPlainLine(m_pen);
     painter.setPen(plain ? QPen(Qt::NoPen) : m_pen);
     painter.setBrush(m_ownBrush ? m_brush : QBrush(lumqt::themeColor(lumqt::Purpose::PanelGround)));

@@ -1,9 +1,11 @@
+#include "foundation/IconPixmap.h"
 #include "foundation/ImageLoader.h"
 #include "foundation/Painting.h"
 #include "Pictures.h"
 #include "Pixels.h"
 #include "TestMain.h"
 
+#include <QIcon>
 #include <QPainter>
 #include <QTemporaryDir>
 
@@ -252,6 +254,23 @@ private slots:
             for (int j = 0; j < i; ++j)
                 QVERIFY2(seen[i] != seen[j], qPrintable(QStringLiteral("%1 and %2").arg(i).arg(j)));
         }
+    }
+
+    // The denser of two pictures, on screens that have more pixels than the other.
+    void iconsAreDense()
+    {
+        QPixmap plain(16, 16), dense(32, 32);
+        plain.fill(Qt::red);
+        dense.fill(Qt::blue);
+        dense.setDevicePixelRatio(2.0);
+        QIcon icon(plain);
+        icon.addPixmap(dense);
+        const QWidget widget;
+        const qreal ratio = widget.devicePixelRatioF();
+        const QPixmap shown = lumqt::iconPixmap(icon, QSize(16, 16), QIcon::Normal, &widget);
+        QCOMPARE(shown.size(), QSize(16, 16) * ratio);
+        QCOMPARE(logicalSize(shown), QSize(16, 16));
+        QCOMPARE(middle(shown), QColor(ratio > 1.0 ? Qt::blue : Qt::red));
     }
 
     // A text lies where a text painted in full lies, whether it is painted the first time or a later one, and
