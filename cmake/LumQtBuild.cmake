@@ -14,6 +14,16 @@ else()
     message(FATAL_ERROR "LUMQT_QT is 5 or 6, not '${LUMQT_QT}'")
 endif()
 
+# The installed packages say the same; a project may have one of them and this tree as a folder.
+function(lumqt_refuse_other_qt)
+    get_property(qt GLOBAL PROPERTY LUMQTLIB_QT)
+    if(qt AND NOT qt STREQUAL LUMQT_QT)
+        message(FATAL_ERROR "This project builds ${LUMQT_PACKAGE}, which is for Qt ${LUMQT_QT}, after LumQtLib for "
+                            "Qt ${qt}. A project can use LumQtLib (Qt 5) or LumQtLibQt6 (Qt 6), not both.")
+    endif()
+    set_property(GLOBAL PROPERTY LUMQTLIB_QT "${LUMQT_QT}")
+endfunction()
+
 set(CMAKE_CXX_STANDARD 17)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)

@@ -30,6 +30,7 @@ install(EXPORT ${LUMQT_PACKAGE}Targets NAMESPACE LumQtLib:: DESTINATION "${packa
 configure_package_config_file(
     "${PROJECT_SOURCE_DIR}/cmake/LumQtLibConfig.cmake.in" "${PROJECT_BINARY_DIR}/${LUMQT_PACKAGE}Config.cmake"
     INSTALL_DESTINATION "${package_dir}" PATH_VARS LUMQT_INSTALL_RES_DIR)
-write_basic_package_version_file("${PROJECT_BINARY_DIR}/${LUMQT_PACKAGE}ConfigVersion.cmake" COMPATIBILITY SameMajorVersion)
-install(FILES "${PROJECT_BINARY_DIR}/${LUMQT_PACKAGE}Config.cmake" "${PROJECT_BINARY_DIR}/${LUMQT_PACKAGE}ConfigVersion.cmake"
-        DESTINATION "${package_dir}")
+write_basic_package_version_file("${PROJECT_BINARY_DIR}/${LUMQT_PACKAGE}ConfigVersion.cmake"
+                                 COMPATIBILITY SameMajorVersion)
+install(FILES "${PROJECT_BINARY_DIR}/${LUMQT_PACKAGE}Config.cmake"
+              "${PROJECT_BINARY_DIR}/${LUMQT_PACKAGE}ConfigVersion.cmake" DESTINATION "${package_dir}")

@@ -51,12 +51,33 @@ make_package() {
 
 # In a folder that has nothing but the package and the example.
 try_package() {
-  local settings place=$scratch/try-$name
+  local place=$scratch/try-$name
   say "Trying: ${archive##*/}"
-  mkdir -p "$place/work"
+  mkdir -p "$place"
   (cd "$place" && cmake -E tar xf "$archive")
+  try_prefix "$place/$name" "$place"
+}
+
+# With what is installed for both Qts in one prefix.
+try_together() {
+  local place=$scratch/together
+  say "Trying both packages for Linux in one prefix"
+  for package in LumQtLib LumQtLibQt6; do
+    mkdir -p "$place/prefix"
+    cp -r "$scratch/$package-$version-linux/." "$place/prefix/"
+  done
+  for package in LumQtLib LumQtLibQt6; do
+    try_prefix "$place/prefix" "$place/$package" -DOTHER=ON
+  done
+}
+
+# Builds and runs the example in a folder, with what is installed in a prefix.
+try_prefix() {
+  local settings place=$2
+  mkdir -p "$place/work"
   cp -r examples/minimal "$place/minimal"
-  settings=(-DPREFIX="$place/$name" -DPACKAGE="$package" -DSOURCE="$place/minimal" -DWORK="$place/work" -DGENERATOR=Ninja -DCONFIG=Release)
+  settings=(-DPREFIX="$1" -DPACKAGE="$package"
+    -DSOURCE="$place/minimal" -DWORK="$place/work" "${@:3}" -DGENERATOR=Ninja -DCONFIG=Release)
   if [ "$platform" = windows ]; then
     settings+=(-DCXX=x86_64-w64-mingw32-g++-posix -DTOOLCHAIN="$PWD/cmake/toolchain-mingw64.cmake"
       -DQT="$LUMQT_QT_WINDOWS" -DRUN="$here/wine-run.sh")
@@ -77,5 +98,9 @@ for qt in "${qts[@]}"; do
     try_package
   done
 done
+if [[ "${#qts[@]}" -eq 2 && " ${platforms[*]} " == *" linux "* ]]; then
+  platform=linux
+  try_together
+fi
 say "The packages:"
 ls -l "$packages"

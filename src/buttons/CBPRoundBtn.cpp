@@ -86,7 +86,7 @@ void CBPRoundBtn::mouseMoveEvent(QMouseEvent *event)
 void CBPRoundBtn::enterEvent(lumqt::EnterEvent *event)
 {
     CBPPushBtn::enterEvent(event);
-    const auto *entered = dynamic_cast<QEnterEvent *>(event);
+    const QEnterEvent *entered = lumqt::enterOf(event);
     hover(entered ? lumqt::position(*entered) : mapFromGlobal(QCursor::pos()));
 }
 

@@ -26,6 +26,9 @@ constexpr int kUserLength = 128;
 // Whole, each name ends in a bracket, so that is what the edit takes for finished; what may be typed on the
 // way there is any character that a folder's name may hold.
 const char kDirNamePattern[] = "(?:[^\\\\/:*?\"<>|\r\n]+\\])*";
+// The same texts: the bracket is among the characters before it, too. Of the pattern itself a matcher that
+// goes back tries all ways to divide sixty "]" and an "x".
+const char kDirNameQuickPattern[] = "(?:[^\\\\/:*?\"<>|\r\n]+\\])?";
 
 constexpr int kOk = 0x4;
 enum Field { UserField = 0x1, PasswordField = 0x2, HintField = 0x4 };
@@ -82,7 +85,8 @@ void CMsgBox::initCreateDirBox()
     addForm(wrapped(Purpose::MessageText));
     m_prompt->setText(tr("Please enter the dir name:"));
     m_firstEdit = addEdit("", "", kDirNameLength);
-    m_firstEdit->setValidator(lumqt::patternValidator(QString::fromLatin1(kDirNamePattern), m_firstEdit));
+    m_firstEdit->setValidator(lumqt::patternValidator(
+        QString::fromLatin1(kDirNamePattern), QString::fromLatin1(kDirNameQuickPattern), m_firstEdit));
     lumqt::setNothingRefused(m_firstEdit);
     connect(m_firstEdit.data(), &QLineEdit::textChanged, this, &CMsgBox::onTextChanged);
     connect(m_firstEdit.data(), &QLineEdit::returnPressed, this, &CMsgBox::onDirInputFinish);

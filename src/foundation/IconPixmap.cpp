@@ -3,7 +3,6 @@
 #include "foundation/Palette.h"
 #include "foundation/QtCompat.h"
 
-#include <QCoreApplication>
 #include <QPainter>
 #include <QWidget>
 

@@ -22,8 +22,8 @@
 
 #include <array>
 #include <cmath>
-#include <utility>
 #else
+#include <QCoreApplication>
 #include <QRegExp>
 #include <QRegExpValidator>
 #endif
@@ -48,6 +48,18 @@ inline QPoint globalPosition(const QMouseEvent &event)
 template <class PointerEvent> QPoint position(const PointerEvent &event)
 {
     return event.position().toPoint();
+}
+
+// Of the window, by an event in it. Not rounded.
+inline QPointF windowPlace(const QMouseEvent &event)
+{
+    return event.globalPosition() - event.scenePosition();
+}
+
+// The event in which the pointer came in, or null where an application made a plain one.
+inline const QEnterEvent *enterOf(const QEvent *event)
+{
+    return event->isPointerEvent() ? static_cast<const QEnterEvent *>(event) : nullptr;
 }
 
 // The marks of the brushes that a palette has itself and does not inherit: here one for each role and group.
@@ -108,15 +120,16 @@ inline QString utf8Key(const QString &key)
     return key;
 }
 
-// Whether two values are the same where a number may also be written as a text.
-inline bool sameValue(QVariant one, QVariant other)
+// Whether a value is another one in the type of the first, such as an enumerator and its number. Numbers are
+// compared as such: an int is not what is left of 2.5.
+inline bool sameValue(const QVariant &one, QVariant other)
 {
-    if (one == other)
-        return true;
-    if (one.userType() == QMetaType::QString)
-        std::swap(one, other);
-    return other.userType() == QMetaType::QString && one.userType() != QMetaType::QString &&
-           other.convert(one.metaType()) && one == other;
+    const auto isNumber = [](const QVariant &value) {
+        const int type = value.userType();
+        return (type >= QMetaType::Bool && type <= QMetaType::Double) || type == QMetaType::Float;
+    };
+    return one == other || (one.isValid() && other.isValid() && !(isNumber(one) && isNumber(other)) &&
+                            other.convert(one.metaType()) && one == other);
 }
 
 // Whether icons give pictures for dense screens.
@@ -152,19 +165,20 @@ inline void enlargePatterns(QPainter &painter)
     painter.setRenderHint(QPainter::NonCosmeticBrushPatterns);
 }
 
-// The keys of a sequence's first part with their modifiers, in one number.
+// For tests: the keys of a sequence's first part with their modifiers, in one number.
 inline int firstKey(const QKeySequence &keys)
 {
     return keys[0].toCombined();
 }
 
-// What a signal or slot was called with, from the arguments that the meta-object hands on.
+// For tests: what a signal or slot was called with, from the arguments that the meta-object hands on.
 inline QVariant firstArgument(const QMetaMethod &method, void **arguments)
 {
     return QVariant(method.parameterMetaType(0), arguments[1]);
 }
 
-// A text that matches from its beginning to its end.
+// A text that matches from its beginning to its end. A word ("\\w") has no accents that are characters of
+// their own, which it has with Qt 5.
 inline bool matchesWhole(const QString &text, const QString &pattern, Qt::CaseSensitivity cases)
 {
     QRegularExpression::PatternOptions options = QRegularExpression::UseUnicodePropertiesOption;
@@ -172,10 +186,25 @@ inline bool matchesWhole(const QString &text, const QString &pattern, Qt::CaseSe
     return QRegularExpression(QRegularExpression::anchoredPattern(pattern), options).match(text).hasMatch();
 }
 
-// Owned by `parent`.
-inline QValidator *patternValidator(const QString &pattern, QObject *parent)
+// Has the pattern, and goes by `quick`, which takes the same texts and never long. Owned by `parent`.
+inline QValidator *patternValidator(const QString &pattern, const QString &quick, QObject *parent)
 {
-    return new QRegularExpressionValidator(QRegularExpression(pattern), parent);
+    class Quick : public QRegularExpressionValidator
+    {
+    public:
+        Quick(const QString &shown, const QString &used, QObject *owner)
+            : QRegularExpressionValidator(QRegularExpression(shown), owner), m_used(QRegularExpression(used))
+        {
+        }
+        State validate(QString &text, int &position) const override
+        {
+            return m_used.validate(text, position);
+        }
+
+    private:
+        const QRegularExpressionValidator m_used;
+    };
+    return new Quick(pattern, quick, parent);
 }
 
 #else
@@ -190,6 +219,16 @@ inline QPoint globalPosition(const QMouseEvent &event)
 template <class PointerEvent> QPoint position(const PointerEvent &event)
 {
     return event.pos();
+}
+
+inline QPointF windowPlace(const QMouseEvent &event)
+{
+    return event.screenPos() - event.windowPos();
+}
+
+inline const QEnterEvent *enterOf(const QEvent *event)
+{
+    return dynamic_cast<const QEnterEvent *>(event);
 }
 
 using PaletteMarks = uint;
@@ -262,7 +301,8 @@ inline bool matchesWhole(const QString &text, const QString &pattern, Qt::CaseSe
     return QRegExp(pattern, cases).exactMatch(text);
 }
 
-inline QValidator *patternValidator(const QString &pattern, QObject *parent)
+// No pattern takes long here.
+inline QValidator *patternValidator(const QString &pattern, const QString &, QObject *parent)
 {
     return new QRegExpValidator(QRegExp(pattern), parent);
 }

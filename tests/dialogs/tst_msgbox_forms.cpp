@@ -95,6 +95,9 @@ private Q_SLOTS:
             AWAIT_EQUAL(spoken->text(QAccessible::Name), QString("{caption}Question"));
             box.SetWindowTitle("Title");
             AWAIT_EQUAL(spoken->text(QAccessible::Name), QString("Title"));
+            for (const QString &typed : {QString(60, QLatin1Char(']')), QString("x")}) // takes no time
+                edit->insert(typed);
+            QCOMPARE(edit->text().size(), 61);
             edit->setText("a");
             edit->clearFocus();
             QVERIFY(!edit->hasAcceptableInput() && !lumqt::isRefused(edit)); // nor is the frame red

@@ -23,17 +23,20 @@ constexpr int kStep = 6;         // of a colour, beyond that of a gradient
 const QList<QRgb> kStates{0xff1f71bf, 0xffedf3fe};
 
 // Lines that are drawn evenly, but covered in part by children, whose edges lie at rounded logical pixels.
-const QStringList kUneven{"CBPGridBox #1f71bf", "CBPGridBox #d7d7d7", "lumqt::TabBar #49a7f5",
-                          "CBPBox #d7d7d7"};
+// With Qt 6, whose lines of text are less high, the pages have them at other fractions of a pixel.
+constexpr bool kOtherFractions = QT_VERSION_MAJOR > 5;
+const QStringList kUneven{"CBPGridBox #1f71bf", "lumqt::TabBar #49a7f5", "CBPBox #d7d7d7",
+                          kOtherFractions ? "CBPGridBox #d7d7d7" : ""};
 
 // What does not have the library's look: shown beside it for comparison, the slider whose groove Qt draws
-// between the pixels, or a scroll bar that a sheet of the application's draws (there too, as sheets do).
+// between the pixels there, or a scroll bar that a sheet of the application's draws (there too, as sheets
+// do).
 inline bool isPlain(const QWidget *widget)
 {
-    return widget &&
-           (widget->style()->inherits("QFusionStyle") || widget->metaObject() == &QSlider::staticMetaObject ||
-            (widget->inherits("QScrollBar") && !widget->styleSheet().isEmpty()) ||
-            isPlain(widget->parentWidget()));
+    return widget && (widget->style()->inherits("QFusionStyle") ||
+                      (kOtherFractions && widget->metaObject() == &QSlider::staticMetaObject) ||
+                      (widget->inherits("QScrollBar") && !widget->styleSheet().isEmpty()) ||
+                      isPlain(widget->parentWidget()));
 }
 
 inline bool isFar(QRgb a, QRgb b, int step)

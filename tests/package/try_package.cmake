@@ -14,11 +14,12 @@ if(NOT PREFIX)
     run("Installing" "${CMAKE_COMMAND}" --install "${BUILD}" --prefix "${PREFIX}" --config "${CONFIG}")
 endif()
 
-# The library for the other Qt may be installed there, too: each file lies below, or is named after, the package.
+# The library for the other Qt may be installed there, too: each file lies below, or is named after, the package. With
+# OTHER it is installed.
 file(GLOB_RECURSE files RELATIVE "${PREFIX}" "${PREFIX}/*")
 foreach(file ${files})
     string(REGEX MATCH "LumQtLib(Qt6)?" owner "${file}")
-    if(NOT owner STREQUAL PACKAGE)
+    if(NOT owner STREQUAL PACKAGE AND NOT OTHER)
         message(FATAL_ERROR "${file} lies where the library for the other Qt may have a file")
     endif()
 endforeach()
@@ -36,18 +37,22 @@ endif()
 run("Configuring the consumer" "${CMAKE_COMMAND}" -G "${GENERATOR}" -S "${SOURCE}" -B "${WORK}/consumer" ${options})
 run("Building the consumer" "${CMAKE_COMMAND}" --build "${WORK}/consumer")
 
-# The package for the other Qt need not be installed: its config file refuses before it looks for anything.
+# The package for the other Qt need not be installed for this: its config file refuses before it looks for anything.
 set(LUMQT_QT 6)
 set(LUMQT_PACKAGE LumQtLibQt6)
 if(PACKAGE STREQUAL LUMQT_PACKAGE)
     set(LUMQT_QT 5)
     set(LUMQT_PACKAGE LumQtLib)
 endif()
-configure_file("${CMAKE_CURRENT_LIST_DIR}/../../cmake/LumQtLibConfig.cmake.in"
-               "${WORK}/other/${LUMQT_PACKAGE}Config.cmake" @ONLY)
+set(other "${PREFIX}/lib/cmake/${LUMQT_PACKAGE}")
+if(NOT OTHER)
+    set(other "${WORK}/other")
+    configure_file("${CMAKE_CURRENT_LIST_DIR}/../../cmake/LumQtLibConfig.cmake.in"
+                   "${other}/${LUMQT_PACKAGE}Config.cmake" @ONLY)
+endif()
 execute_process(
     COMMAND "${CMAKE_COMMAND}" -G "${GENERATOR}" -S "${CMAKE_CURRENT_LIST_DIR}/both" -B "${WORK}/both" ${options}
-            "-DLUMQT_OTHER=${LUMQT_PACKAGE}" "-D${LUMQT_PACKAGE}_DIR=${WORK}/other"
+            "-DLUMQT_OTHER=${LUMQT_PACKAGE}" "-D${LUMQT_PACKAGE}_DIR=${other}"
     RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE output)
 string(REGEX REPLACE "[ \n]+" " " output "${output}")
 if(status EQUAL 0 OR NOT output MATCHES "can use LumQtLib \\(Qt 5\\) or LumQtLibQt6 \\(Qt 6\\), not both")

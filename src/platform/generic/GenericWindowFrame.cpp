@@ -17,6 +17,8 @@ namespace lumqt::platform {
 
 namespace {
 
+constexpr qreal kSamePlace = 0.2; // logical pixels: less than a device pixel
+
 Qt::CursorShape cursorFor(Qt::Edges edges)
 {
     if (edges == (Qt::LeftEdge | Qt::TopEdge) || edges == (Qt::RightEdge | Qt::BottomEdge))
@@ -83,7 +85,7 @@ private:
     void showCursor(Qt::Edges edges);
     bool mouse(const QMouseEvent *event);
     bool press(const QMouseEvent *event);
-    bool release(const QPoint &global);
+    bool release(const QPointF &place);
     void drag(const QPoint &global);
     void restoreUnderPointer(const QPoint &global);
 
@@ -96,7 +98,7 @@ private:
     Grip m_grip = Grip::None;
     Qt::Edges m_edges;       // that the drag moves
     QPoint m_pressedAt;      // on the screen
-    QPoint m_pressedInside;  // and in the window
+    QPointF m_pressedPlace;  // of the window, by the event
     QRect m_pressedGeometry; // of the window
     Qt::Edges m_cursorEdges; // that the cursor shows
     QCursor m_ownCursor;     // the window's own, while another is shown
@@ -217,7 +219,7 @@ bool GenericWindowFrame::mouse(const QMouseEvent *event)
     if (event->button() != Qt::LeftButton)
         return isOverFrame();
     if (event->type() == QEvent::MouseButtonRelease)
-        return release(globalPosition(*event));
+        return release(windowPlace(*event));
     m_grip = Grip::None; // the system keeps what ends its move
     return isOverFrame() && press(event);
 }
@@ -225,7 +227,7 @@ bool GenericWindowFrame::mouse(const QMouseEvent *event)
 bool GenericWindowFrame::press(const QMouseEvent *event)
 {
     m_pressedAt = globalPosition(*event);
-    m_pressedInside = event->pos();
+    m_pressedPlace = windowPlace(*event);
     m_pressedGeometry = m_window->geometry();
     m_edges = edgesUnderPointer();
     if (m_edges) {
@@ -251,7 +253,8 @@ bool GenericWindowFrame::press(const QMouseEvent *event)
     return true;
 }
 
-bool GenericWindowFrame::release(const QPoint &global)
+// `place`: of the window, as the event has it; the window itself may not know yet.
+bool GenericWindowFrame::release(const QPointF &place)
 {
     const Grip grip = m_grip;
     m_grip = Grip::None;
@@ -260,11 +263,11 @@ bool GenericWindowFrame::release(const QPoint &global)
     if (grip == Grip::Move || grip == Grip::Resize)
         return true;
     if (grip == Grip::System) {
-        // Some Qt tells of the end of what the system has done, too: the window lies elsewhere then.
-        const bool done = global - m_position != m_pressedAt - m_pressedInside;
-        if (!done) // it has not taken the pointer yet, and would wait for a button to come up
-            cancelSystemMove(m_window->windowHandle());
-        if (done || m_edges)
+        // Where it has not taken the pointer yet, it would wait for a button to come up.
+        cancelSystemMove(m_window->windowHandle());
+        // Qt 6 tells of the end of what the system has done, too: the window lies elsewhere then. (Or where
+        // it was, when it was moved there and back.)
+        if (m_edges || (place - m_pressedPlace).manhattanLength() > kSamePlace)
             return true;
     }
     if (isOverFrame())
