@@ -1,5 +1,7 @@
 #include "platform/Platform.h"
 
+#include "LumQtCompat.h"
+
 #include <QAbstractNativeEventFilter>
 #include <QCoreApplication>
 #include <QDateTime>
