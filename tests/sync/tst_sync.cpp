@@ -9,6 +9,7 @@
 #include "sync/ThreadEnd.h"
 #include "TestMain.h"
 
+#include <QAbstractEventDispatcher>
 #include <QLoggingCategory>
 #include <QRandomGenerator>
 #include <QTimer>
@@ -98,7 +99,9 @@ private Q_SLOTS:
         protected:
             bool eventFilter(QObject *object, QEvent *event) override
             {
-                count += event->type() == QEvent::Timer && !qobject_cast<QTimer *>(object);
+                // On Windows the dispatcher is told of timers itself.
+                count += event->type() == QEvent::Timer && !qobject_cast<QTimer *>(object) &&
+                         !qobject_cast<QAbstractEventDispatcher *>(object);
                 return false;
             }
         } nudges;
