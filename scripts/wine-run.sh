@@ -57,9 +57,9 @@ case ${program##*/} in
     mkdir -p "$WINEPREFIX"
     results=$(mktemp -d)
     trap 'rm -rf "$results"' EXIT
-    # CTest would end this script before it could print what a hanging program wrote.
+    # CTest would end this script before it could print what a hanging program wrote. LUMQT_TIMEOUT: seconds.
     # The lock is this script's alone: Wine's own server outlives the program.
-    timeout 280 wine "$program" -o "$(windows_path "$results/results.txt"),txt" "$@" 9>&-
+    timeout "${LUMQT_TIMEOUT:-280}" wine "$program" -o "$(windows_path "$results/results.txt"),txt" "$@" 9>&-
     status=$?
     cat "$results/results.txt" 2>/dev/null
     exit "$status"
