@@ -11,6 +11,7 @@
 #include <QPainter>
 #include <QPalette>
 #include <QPixmap>
+#include <QPixmapCache>
 #include <QSettings>
 #include <QString>
 #include <QVariant>
@@ -91,6 +92,19 @@ inline PaletteMarks marksOf(QPalette::ColorRole role)
     return known[size_t(role)];
 }
 
+// The marks of each role that a palette has in some group. A role counts as a whole: whoever sets it in one
+// group has set it.
+inline PaletteMarks ownRoles(const QPalette &palette)
+{
+    PaletteMarks roles = 0;
+    for (int role = 0; role < QPalette::NColorRoles; ++role) {
+        const PaletteMarks marks = marksOf(QPalette::ColorRole(role));
+        if (marksOf(palette) & marks)
+            roles |= marks;
+    }
+    return roles;
+}
+
 // Calls `changed` whenever the application has another palette, for as long as it lives.
 inline void onPaletteChange(QGuiApplication &application, void (*changed)())
 {
@@ -138,24 +152,31 @@ inline bool iconsAreDense()
     return true;
 }
 
-// Whether they do so at each ratio: between whole ones Qt takes the coarser of two pictures for the nearer.
-inline bool iconsAreDense(qreal ratio)
+// Whether they give a coarse one all the same: between whole ratios Qt takes the coarser of two for the
+// nearer.
+inline bool iconsAreCoarse(qreal ratio)
 {
-    return ratio <= 1.0 || ratio == std::ceil(ratio);
+    return ratio > 1.0 && ratio != std::ceil(ratio);
 }
 
 inline QPixmap densePixmap(const QIcon &icon, const QSize &size, QIcon::Mode mode, const QWidget &widget)
 {
     const qreal ratio = widget.devicePixelRatioF();
     const QPixmap picture = icon.pixmap(size, ratio, mode);
-    if (iconsAreDense(ratio) || picture.devicePixelRatio() >= ratio)
+    if (!iconsAreCoarse(ratio) || picture.devicePixelRatio() >= ratio)
         return picture;
     const QPixmap finer = icon.pixmap(size, std::ceil(ratio), mode);
     if (finer.devicePixelRatio() <= ratio)
         return finer;
-    QPixmap scaled = finer.scaled((finer.deviceIndependentSize() * ratio).toSize(), Qt::IgnoreAspectRatio,
-                                  Qt::SmoothTransformation);
-    scaled.setDevicePixelRatio(ratio);
+    // Kept, as Qt keeps those that an icon gives: a paint may ask for it more than once.
+    const QString key = QStringLiteral("lumqt-icon-%1-%2").arg(finer.cacheKey()).arg(ratio);
+    QPixmap scaled;
+    if (!QPixmapCache::find(key, &scaled)) {
+        scaled = finer.scaled((finer.deviceIndependentSize() * ratio).toSize(), Qt::IgnoreAspectRatio,
+                              Qt::SmoothTransformation);
+        scaled.setDevicePixelRatio(ratio);
+        QPixmapCache::insert(key, scaled);
+    }
     return scaled;
 }
 
@@ -177,7 +198,7 @@ inline QVariant firstArgument(const QMetaMethod &method, void **arguments)
     return QVariant(method.parameterMetaType(0), arguments[1]);
 }
 
-// A text that matches from its beginning to its end. A word ("\\w") has no accents that are characters of
+// A text that matches from its beginning to its end. A word ("\w") has no accents that are characters of
 // their own, which it has with Qt 5.
 inline bool matchesWhole(const QString &text, const QString &pattern, Qt::CaseSensitivity cases)
 {
@@ -248,6 +269,11 @@ inline PaletteMarks marksOf(QPalette::ColorRole role)
     return PaletteMarks(1) << role;
 }
 
+inline PaletteMarks ownRoles(const QPalette &palette)
+{
+    return marksOf(palette);
+}
+
 inline void onPaletteChange(QGuiApplication &application, void (*changed)())
 {
     QObject::connect(&application, &QGuiApplication::paletteChanged, &application, changed);
@@ -274,9 +300,9 @@ inline bool iconsAreDense()
     return QCoreApplication::testAttribute(Qt::AA_UseHighDpiPixmaps);
 }
 
-inline bool iconsAreDense(qreal)
+inline bool iconsAreCoarse(qreal)
 {
-    return iconsAreDense();
+    return false;
 }
 
 inline QPixmap densePixmap(const QIcon &icon, const QSize &size, QIcon::Mode mode, const QWidget &widget)

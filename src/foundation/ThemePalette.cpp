@@ -58,7 +58,6 @@ bool s_wanted = false;
 
 constexpr int kRemembered = 4; // palettes that a style sheet may bring back
 
-// A role counts as a whole: whoever sets it in one group has set it.
 PaletteMarks rolesOf(const QVector<PaletteTone> &tones)
 {
     PaletteMarks roles = 0;
@@ -67,20 +66,10 @@ PaletteMarks rolesOf(const QVector<PaletteTone> &tones)
     return roles;
 }
 
-PaletteMarks rolesOf(const QPalette &palette)
-{
-    PaletteMarks roles = 0;
-    for (int role = 0; role < QPalette::NColorRoles; ++role) {
-        if (marksOf(palette) & marksOf(QPalette::ColorRole(role)))
-            roles |= marksOf(QPalette::ColorRole(role));
-    }
-    return roles;
-}
-
 // The roles that are set in both, to the same brushes; an application's is not ownBrush().
 PaletteMarks agreeing(const QPalette &one, const QPalette &other)
 {
-    PaletteMarks roles = rolesOf(one) & rolesOf(other);
+    PaletteMarks roles = ownRoles(one) & ownRoles(other);
     for (int each = 0; roles && each < QPalette::NColorRoles; ++each) {
         const auto role = QPalette::ColorRole(each);
         for (const QPalette::ColorGroup group : kGroups) {
@@ -121,7 +110,7 @@ public:
     void keep(const QVector<PaletteTone> &tones)
     {
         m_kept += tones;
-        const PaletteMarks worn = rolesOf(m_worn);
+        const PaletteMarks worn = marksOf(m_worn);
         m_worn = m_widget->palette(); // so that it is replaced
         setMarks(m_worn, worn | rolesOf(tones));
         renew();
@@ -172,8 +161,8 @@ private:
             if (inner->testAttribute(Qt::WA_StyleSheet)) // from there Qt inherits no palette
                 break;
             const Wearer *around = all().value(inner);
-            const PaletteMarks worn = around ? rolesOf(around->m_worn) : 0;
-            roles |= rolesOf(inner->palette()) & ~worn & ~themes;
+            const PaletteMarks worn = around ? marksOf(around->m_worn) : 0;
+            roles |= ownRoles(inner->palette()) & ~worn & ~themes;
             themes |= worn & ~roles; // goes before what is further out
         }
         return roles;
@@ -182,9 +171,9 @@ private:
     void remember()
     {
         const auto isWorn = [this](const QPalette &before) {
-            return rolesOf(before) == rolesOf(m_worn) && agreeing(before, m_worn) == rolesOf(m_worn);
+            return marksOf(before) == marksOf(m_worn) && agreeing(before, m_worn) == marksOf(m_worn);
         };
-        if (rolesOf(m_worn) == 0 || std::any_of(m_before.begin(), m_before.end(), isWorn))
+        if (marksOf(m_worn) == 0 || std::any_of(m_before.begin(), m_before.end(), isWorn))
             return;
         if (m_before.size() == kRemembered)
             m_before.removeFirst();
@@ -214,13 +203,13 @@ private:
 
     void put(const QVector<PaletteTone> &tones)
     {
-        if (tones.isEmpty() && rolesOf(m_worn) == 0 && m_before.isEmpty())
+        if (tones.isEmpty() && marksOf(m_worn) == 0 && m_before.isEmpty())
             return;
         const QPalette current = m_widget->palette(); // its mask tells of the widget alone
         const PaletteMarks worn = wornRoles(current);
         // A window is what others inherit from, also where it lies in another one.
         const PaletteMarks inherited = m_whole ? 0 : inheritedRoles() & ~rolesOf(m_kept);
-        const PaletteMarks others = (rolesOf(current) & ~worn) | inherited;
+        const PaletteMarks others = (ownRoles(current) & ~worn) | inherited;
         const PaletteMarks mine = rolesOf(tones) & ~others;
         QPalette next = current;
         setMarks(next, marksOf(current) & ~worn);
@@ -239,7 +228,7 @@ private:
     QWidget *m_widget;
     QVector<PaletteTone> m_tones; // in other themes than the plain light one
     QVector<PaletteTone> m_kept;  // in each
-    QPalette m_worn;              // its mask: what is worn now
+    QPalette m_worn;              // its marks: what is worn now, whole roles
     QVector<QPalette> m_before;
     bool m_whole = false;
     bool m_renewing = false;

@@ -198,7 +198,7 @@ protected:
         const qreal ratio = painter.device()->devicePixelRatioF();
         if (isCoarse(ratio))
             enlarge(painter, option);
-        if (lumqt::iconsAreDense() && !lumqt::iconsAreDense(ratio))
+        if (lumqt::iconsAreCoarse(ratio))
             drawReduced(painter, option, ratio);
         else
             painter.drawComplexControl(QStyle::CC_ToolButton, option);

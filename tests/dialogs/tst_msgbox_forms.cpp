@@ -95,8 +95,8 @@ private Q_SLOTS:
             AWAIT_EQUAL(spoken->text(QAccessible::Name), QString("{caption}Question"));
             box.SetWindowTitle("Title");
             AWAIT_EQUAL(spoken->text(QAccessible::Name), QString("Title"));
-            for (const QString &typed : {QString(60, QLatin1Char(']')), QString("x")}) // takes no time
-                edit->insert(typed);
+            edit->setText(QString(60, ']'));
+            edit->insert("x"); // there are many ways to divide what is there
             QCOMPARE(edit->text().size(), 61);
             edit->setText("a");
             edit->clearFocus();

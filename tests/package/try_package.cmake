@@ -14,15 +14,17 @@ if(NOT PREFIX)
     run("Installing" "${CMAKE_COMMAND}" --install "${BUILD}" --prefix "${PREFIX}" --config "${CONFIG}")
 endif()
 
-# The library for the other Qt may be installed there, too: each file lies below, or is named after, the package. With
-# OTHER it is installed.
-file(GLOB_RECURSE files RELATIVE "${PREFIX}" "${PREFIX}/*")
-foreach(file ${files})
-    string(REGEX MATCH "LumQtLib(Qt6)?" owner "${file}")
-    if(NOT owner STREQUAL PACKAGE AND NOT OTHER)
-        message(FATAL_ERROR "${file} lies where the library for the other Qt may have a file")
-    endif()
-endforeach()
+# The library for the other Qt may be installed there, too, which OTHER tells: each file lies below, or is named after,
+# the package.
+if(NOT OTHER)
+    file(GLOB_RECURSE files RELATIVE "${PREFIX}" "${PREFIX}/*")
+    foreach(file ${files})
+        string(REGEX MATCH "LumQtLib(Qt6)?" owner "${file}")
+        if(NOT owner STREQUAL PACKAGE)
+            message(FATAL_ERROR "${file} lies where the library for the other Qt may have a file")
+        endif()
+    endforeach()
+endif()
 
 set(options "-DCMAKE_PREFIX_PATH=${PREFIX}" "-DCMAKE_BUILD_TYPE=${CONFIG}" "-DCMAKE_CXX_COMPILER=${CXX}"
     "-DLUMQT_PACKAGE=${PACKAGE}")
