@@ -3,10 +3,11 @@
 # the user's cache folder:
 #   build-qt-windows.sh          Qt 5
 #   build-qt-windows.sh --qt6    Qt 6, with the tools (moc, rcc, ...) of the distribution's native Qt 6
-# Prints the prefix as its last line. Everything else goes to standard error, so that
+# LUMQT_QT_SOURCES may name a folder with source packages (.dsc and what it lists), for a machine whose archives do not
+# serve them. Prints the prefix as its last line. Everything else goes to standard error, so that
 #   prefix=$(scripts/build-qt-windows.sh)
-# works. The folder's name is made of the Qt version and a digest of the options: another version or another option
-# is another folder, and a half-finished build never looks like a finished one.
+# works. The folder's name is made of the Qt version and a digest of the options and the folder of sources: another
+# version or another option is another folder, and a half-finished build never looks like a finished one.
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 # shellcheck source=scripts/common.sh
@@ -52,7 +53,7 @@ main() {
   esac
   ensure_packages "$native" dpkg-dev g++-mingw-w64-x86-64-posix "${packages[@]}" python3 >&2
   version=$(dpkg-query -W -f '${Version}' "$native" | sed 's/+.*//')
-  digest=$(printf '%s\n' "${options[@]}" | sha256sum | cut -c1-10)
+  digest=$(printf '%s\n' "${options[@]}" ${LUMQT_QT_SOURCES:+"$LUMQT_QT_SOURCES"} | sha256sum | cut -c1-10)
   cache=${XDG_CACHE_HOME:-$HOME/.cache}/lumqtlib
   prefix=$cache/$name-windows-$version-$digest
   if [ ! -e "$prefix/.complete" ]; then
@@ -109,18 +110,35 @@ open(target, 'w').write('\n\n'.join(out) + '\n')
 PY
 }
 
+# What is missing in the folder that the caller gave comes from the archives.
 download_sources() {
-  local work=$1 dir=$1/apt apt_options
-  private_source_index "$dir"
-  apt_options=(-o "Dir::Etc::SourceList=$dir/source.sources" -o "Dir::Etc::SourceParts=$dir/parts"
-    -o "Dir::State::Lists=$dir/lists" -o "Dir::Cache=$dir/cache" -o APT::Sandbox::User=root)
-  say "Reading the index of Debian's source packages" >&2
-  apt-get "${apt_options[@]}" update >&2
-  say "Downloading the sources of Qt $qt" >&2
-  (cd "$work" && apt-get "${apt_options[@]}" source --download-only "${sources[@]}" >&2) ||
-    fail "the archives in /etc/apt do not give the sources of Qt $qt (${sources[*]})"
-  (cd "$work" && dpkg-source --no-check -x "${sources[0]}"_*.dsc qtbase >&2)
-  (cd "$work" && dpkg-source --no-check -x "${sources[1]}"_*.dsc qtsvg >&2)
+  local work=$1 dir=$1/apt given=${LUMQT_QT_SOURCES:-/nowhere} apt_options missing=() source
+  for source in "${sources[@]}"; do
+    compgen -G "$given/${source}_*.dsc" >/dev/null || missing+=("$source")
+  done
+  if [ ${#missing[@]} -gt 0 ]; then
+    private_source_index "$dir"
+    apt_options=(-o "Dir::Etc::SourceList=$dir/source.sources" -o "Dir::Etc::SourceParts=$dir/parts"
+      -o "Dir::State::Lists=$dir/lists" -o "Dir::Cache=$dir/cache" -o APT::Sandbox::User=root)
+    say "Reading the index of Debian's source packages" >&2
+    apt-get "${apt_options[@]}" update >&2
+    say "Downloading the sources of Qt $qt" >&2
+    (cd "$work" && apt-get "${apt_options[@]}" source --download-only "${missing[@]}" >&2) ||
+      fail "the archives in /etc/apt do not give the sources of Qt $qt (${missing[*]}): see LUMQT_QT_SOURCES"
+  fi
+  unpack "$work" "${sources[0]}" qtbase
+  unpack "$work" "${sources[1]}" qtsvg
+}
+
+unpack() {
+  local file
+  for file in "${LUMQT_QT_SOURCES:-/nowhere}/$2"_*.dsc "$1/$2"_*.dsc; do
+    [ -e "$file" ] || continue
+    say "Unpacking $(basename "$file")" >&2
+    dpkg-source --no-check -x "$file" "$1/$3" >&2
+    return
+  done
+  fail "there is no source package $2"
 }
 
 # Runs a step with its output in a log file; prints a dot every ten seconds, and the log's end when it fails.
