@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Shared by the scripts of this folder; sourced, not run. They set `here`, their folder.
 
 say() { printf '\033[1m==>\033[0m %s\n' "$*"; }
@@ -33,7 +34,7 @@ ensure_packages() {
 # Installs what building and running natively needs, with the Qt of that major version.
 ensure_native_packages() {
   local dev=(qtbase5-dev qtbase5-private-dev libqt5svg5-dev qttools5-dev-tools)
-  [ "$1" -eq 5 ] || dev=(qt6-base-dev qt6-base-private-dev libqt6svg6-dev qt6-l10n-tools)
+  [ "$1" -eq 5 ] || dev=(qt6-base-dev qt6-base-private-dev qt6-svg-dev qt6-l10n-tools)
   ensure_packages cmake ninja-build ccache g++ "${dev[@]}" \
     libxtst-dev xvfb openbox x11-utils fonts-open-sans fonts-noto-core python3
 }
