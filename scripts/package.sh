@@ -60,13 +60,16 @@ try_package() {
 
 # With what is installed for both Qts in one prefix.
 try_together() {
-  local place=$scratch/together
-  say "Trying both packages for Linux in one prefix"
+  local place=$scratch/together-$platform
+  say "Trying both packages for $platform in one prefix"
   for package in LumQtLib LumQtLibQt6; do
     mkdir -p "$place/prefix"
-    cp -r "$scratch/$package-$version-linux/." "$place/prefix/"
+    cp -r "$scratch/$package-$version-$platform/." "$place/prefix/"
   done
-  for package in LumQtLib LumQtLibQt6; do
+  for qt in 5 6; do
+    package=LumQtLib
+    [ "$qt" -eq 5 ] || package=LumQtLibQt6
+    [ "$platform" = linux ] || ensure_windows_qt "$qt"
     try_prefix "$place/prefix" "$place/$package" -DOTHER=ON
   done
 }
@@ -98,9 +101,8 @@ for qt in "${qts[@]}"; do
     try_package
   done
 done
-if [[ "${#qts[@]}" -eq 2 && " ${platforms[*]} " == *" linux "* ]]; then
-  platform=linux
-  try_together
-fi
+for platform in "${platforms[@]}"; do
+  [ "${#qts[@]}" -lt 2 ] || try_together
+done
 say "The packages:"
 ls -l "$packages"

@@ -13,7 +13,7 @@ here=$(cd "$(dirname "$0")" && pwd)
 . "$here/common.sh"
 
 usage="usage: run-gallery.sh [--qt6] [--windows] [--theme NAME] [--screenshots DIR [--scale 1..4] | --class-pictures DIR]"
-platform=linux qt=5 target= scale=1 kind=screenshots theme=light
+platform=linux qt=5 target='' scale=1 kind=screenshots theme=light
 while [ $# -gt 0 ]; do
   case $1 in
     --windows) platform=windows ;;
