@@ -28,6 +28,13 @@
 
 constexpr int kSettled = 300; // ms: what fades has its last colour
 
+// Keeps what is animated where it is: the dispatcher of Windows hands out timers with posted events.
+class Stillness : public QObject
+{
+public:
+    bool eventFilter(QObject *, QEvent *event) override { return event->type() == QEvent::Timer; }
+};
+
 // What has to hold on every page: every class is seen there, in every state.
 class TestGallery : public QObject
 {
@@ -170,6 +177,8 @@ private Q_SLOTS:
     void everyPageFollowsTheTheme()
     {
         QFETCH(QString, page);
+        Stillness still;
+        qApp->installEventFilter(&still);
         const auto picture = [](GalleryWindow &window) {
             QApplication::setActiveWindow(&window);
             pose::renew(&window);
@@ -184,8 +193,11 @@ private Q_SLOTS:
             auto window = std::make_unique<GalleryWindow>();
             window->show();
             window->showPage(page);
-            if (page == "tabs") // which lay themselves out when the loop turns
+            if (page == "tabs") { // which lay themselves out when the loop turns
+                qApp->removeEventFilter(&still);
                 QTest::qWait(kSettled);
+                qApp->installEventFilter(&still);
+            }
             return window;
         };
         const auto reset = qScopeGuard([] { CBPTheme::apply("light"); });
