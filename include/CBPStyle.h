@@ -66,5 +66,8 @@ public:
     /// \endcond
 
 private:
+    void drawOnce(ControlElement element, const QStyleOption *option, QPainter *painter,
+                  const QWidget *widget) const;
+
     lumqt::StyleWatch *m_pWatch;
 };

@@ -1,6 +1,7 @@
 #include "CBPStyle.h"
 
 #include "foundation/AppStyle.h"
+#include "foundation/QtCompat.h"
 #include "foundation/StyleParts.h"
 #include "foundation/StyleWatch.h"
 
@@ -34,6 +35,51 @@ bool hasFrame(const QStyleOption *option)
 {
     const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(option);
     return frame && frame->lineWidth > 0;
+}
+
+// The controls that paint an icon themselves, and leave it to no other.
+bool paintsIcon(QStyle::ControlElement element)
+{
+    switch (element) {
+    case QStyle::CE_PushButtonLabel:
+    case QStyle::CE_CheckBoxLabel:
+    case QStyle::CE_RadioButtonLabel:
+    case QStyle::CE_ToolButtonLabel:
+    case QStyle::CE_ComboBoxLabel:
+    case QStyle::CE_TabBarTabLabel:
+    case QStyle::CE_ToolBoxTabLabel:
+    case QStyle::CE_MenuItem:
+    case QStyle::CE_MenuBarItem:
+    case QStyle::CE_ItemViewItem:
+        return true;
+    default:
+        return false;
+    }
+}
+
+template <class Option, class Draw>
+bool drawDense(const QStyleOption &given, QIcon Option::*icon, const Draw &draw)
+{
+    const auto *option = qstyleoption_cast<const Option *>(&given);
+    if (!option || (option->*icon).isNull())
+        return false;
+    Option dense(*option);
+    dense.*icon = lumqt::denseIcon(option->*icon);
+    draw(&dense);
+    return true;
+}
+
+// Draws a control with its icon's denser picture, if it has an icon. That of a header is not here: a copy of
+// its option would be without how its text is cut.
+template <class Draw> bool drawDenseIcon(const QStyleOption &option, const Draw &draw)
+{
+    return drawDense(option, &QStyleOptionButton::icon, draw) ||
+           drawDense(option, &QStyleOptionToolButton::icon, draw) ||
+           drawDense(option, &QStyleOptionComboBox::currentIcon, draw) ||
+           drawDense(option, &QStyleOptionTab::icon, draw) ||
+           drawDense(option, &QStyleOptionToolBox::icon, draw) ||
+           drawDense(option, &QStyleOptionMenuItem::icon, draw) ||
+           drawDense(option, &QStyleOptionViewItem::icon, draw);
 }
 
 } // namespace
@@ -87,6 +133,15 @@ void CBPStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *optio
 
 void CBPStyle::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
                            const QWidget *widget) const
+{
+    const auto draw = [&](const QStyleOption *dense) { drawOnce(element, dense, painter, widget); };
+    if (!option || !paintsIcon(element) || !lumqt::iconsAreCoarse(painter->device()->devicePixelRatio()) ||
+        !drawDenseIcon(*option, draw))
+        draw(option);
+}
+
+void CBPStyle::drawOnce(ControlElement element, const QStyleOption *option, QPainter *painter,
+                        const QWidget *widget) const
 {
     const lumqt::Canvas canvas{*painter, widget, *proxy(), *m_pWatch};
     if (option &&
@@ -149,14 +204,16 @@ QRect CBPStyle::subElementRect(SubElement element, const QStyleOption *option, c
     if (!option)
         return QProxyStyle::subElementRect(element, option, widget);
     switch (element) {
-    case SE_LineEditContents:
+    case SE_LineEditContents: {
+        QRect rect = QProxyStyle::subElementRect(element, option, widget);
         if (hasFrame(option)) {
             const int beside = lumqt::kFieldInset - lumqt::kLineEditMargin;
-            return option->rect.adjusted(beside, lumqt::kFocusRingWidth, -beside, -lumqt::kFocusRingWidth);
+            rect = option->rect.adjusted(beside, lumqt::kFocusRingWidth, -beside, -lumqt::kFocusRingWidth);
+        } else if (const int beside = lumqt::editorInset(widget)) { // where the row has its text
+            rect = option->rect.adjusted(beside, 0, -beside, 0);
         }
-        if (const int beside = lumqt::editorInset(widget)) // where the row has its text
-            return option->rect.adjusted(beside, 0, -beside, 0);
-        break;
+        return rect.adjusted(0, 0, 0, -lumqt::excessBelow(rect.height() - option->fontMetrics.height()));
+    }
     case SE_ShapedFrameContents:
         if (isStyledPanel(option) && qobject_cast<const QAbstractScrollArea *>(widget)) {
             constexpr int frame = lumqt::kViewFrame;

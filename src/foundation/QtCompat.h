@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <QHash>
 #include <QIcon>
+#include <QIconEngine>
 #include <QKeySequence>
 #include <QMetaMethod>
 #include <QMouseEvent>
@@ -40,6 +41,17 @@ using HashValue = decltype(qHash(0));
 
 // How a calendar hands on the day of a cell.
 using CellDate = QDate;
+
+// Of the pen that a table draws its grid with.
+constexpr int kGridPenWidth = 1;
+
+// What to take off below the single line of an edit that is higher by `room`, which may be negative; both in
+// pixels. For a font is a pixel less high than in Qt 5, and Qt has its line a pixel lower where half of the
+// room is rounded for that.
+inline int excessBelow(int room)
+{
+    return (room + 1) / 2 - room / 2;
+}
 
 inline QPoint globalPosition(const QMouseEvent &event)
 {
@@ -159,13 +171,13 @@ inline bool iconsAreCoarse(qreal ratio)
     return ratio > 1.0 && ratio != std::ceil(ratio);
 }
 
-inline QPixmap densePixmap(const QIcon &icon, const QSize &size, QIcon::Mode mode, const QWidget &widget)
+inline QPixmap densePixmap(const QIcon &icon, const QSize &size, qreal ratio, QIcon::Mode mode,
+                           QIcon::State state)
 {
-    const qreal ratio = widget.devicePixelRatioF();
-    const QPixmap picture = icon.pixmap(size, ratio, mode);
+    const QPixmap picture = icon.pixmap(size, ratio, mode, state);
     if (!iconsAreCoarse(ratio) || picture.devicePixelRatio() >= ratio)
         return picture;
-    const QPixmap finer = icon.pixmap(size, std::ceil(ratio), mode);
+    const QPixmap finer = icon.pixmap(size, std::ceil(ratio), mode, state);
     if (finer.devicePixelRatio() <= ratio)
         return finer;
     // Kept, as Qt keeps those that an icon gives: a paint may ask for it more than once.
@@ -178,6 +190,50 @@ inline QPixmap densePixmap(const QIcon &icon, const QSize &size, QIcon::Mode mod
         QPixmapCache::insert(key, scaled);
     }
     return scaled;
+}
+
+inline QPixmap densePixmap(const QIcon &icon, const QSize &size, QIcon::Mode mode, const QWidget &widget)
+{
+    return densePixmap(icon, size, widget.devicePixelRatioF(), mode, QIcon::Off);
+}
+
+// An icon's pictures for who does not know of them: a style that Qt wrote.
+class DenseIconEngine : public QIconEngine
+{
+public:
+    explicit DenseIconEngine(const QIcon &icon) : m_icon(icon) {}
+
+    void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State state) override
+    {
+        const qreal ratio = painter->device()->devicePixelRatio();
+        painter->drawPixmap(rect, scaledPixmap(rect.size() * ratio, mode, state, ratio));
+    }
+    QPixmap scaledPixmap(const QSize &pixels, QIcon::Mode mode, QIcon::State state, qreal ratio) override
+    {
+        return densePixmap(m_icon, pixels / ratio, ratio, mode, state);
+    }
+    QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state) override
+    {
+        return m_icon.pixmap(size, 1.0, mode, state);
+    }
+    QSize actualSize(const QSize &size, QIcon::Mode mode, QIcon::State state) override
+    {
+        return m_icon.actualSize(size, mode, state);
+    }
+    QList<QSize> availableSizes(QIcon::Mode mode, QIcon::State state) override
+    {
+        return m_icon.availableSizes(mode, state);
+    }
+    QString iconName() override { return m_icon.name(); }
+    QIconEngine *clone() const override { return new DenseIconEngine(m_icon); }
+
+private:
+    QIcon m_icon;
+};
+
+inline QIcon denseIcon(const QIcon &icon)
+{
+    return icon.isNull() ? icon : QIcon(new DenseIconEngine(icon));
 }
 
 // Patterns of brushes are as large on dense screens as on others, where Qt 6 counts device pixels by itself.
@@ -231,6 +287,13 @@ inline QValidator *patternValidator(const QString &pattern, const QString &quick
 #else
 
 using CellDate = const QDate &;
+
+constexpr int kGridPenWidth = 0; // a device pixel
+
+inline int excessBelow(int)
+{
+    return 0;
+}
 
 inline QPoint globalPosition(const QMouseEvent &event)
 {
@@ -308,6 +371,11 @@ inline bool iconsAreCoarse(qreal)
 inline QPixmap densePixmap(const QIcon &icon, const QSize &size, QIcon::Mode mode, const QWidget &widget)
 {
     return icon.pixmap(widget.window()->windowHandle(), size, mode);
+}
+
+inline QIcon denseIcon(const QIcon &icon)
+{
+    return icon;
 }
 
 inline void enlargePatterns(QPainter &) {}

@@ -2,6 +2,7 @@
 
 #include "foundation/Fade.h"
 #include "foundation/Painting.h"
+#include "foundation/QtCompat.h"
 #include "foundation/StyleParts.h"
 #include "foundation/StyleWatch.h"
 
@@ -75,7 +76,7 @@ private:
     }
 };
 
-// Of a table with a grid as thick as that, and in one line with it: Qt draws it itself, a device pixel wide.
+// Of a table with a grid as thick as that, and in one line with it: Qt draws it itself.
 void drawSectionRule(const Canvas &canvas, const QRect &rect, Qt::Edge edge, const QColor &color)
 {
     const auto *table = qobject_cast<const QTableView *>(canvas.widget ? canvas.widget->parent() : nullptr);
@@ -87,7 +88,7 @@ void drawSectionRule(const Canvas &canvas, const QRect &rect, Qt::Edge edge, con
                        : edge == Qt::LeftEdge ? QLine(rect.topLeft(), rect.bottomLeft())
                                               : QLine(rect.topRight(), rect.bottomRight());
     const QPen pen = canvas.painter.pen();
-    canvas.painter.setPen(QPen(color, 0));
+    canvas.painter.setPen(QPen(color, kGridPenWidth));
     canvas.painter.drawLine(line);
     canvas.painter.setPen(pen);
 }
@@ -124,8 +125,9 @@ void drawSectionText(const QStyleOptionHeader &option, const Canvas &canvas)
     if (!option.icon.isNull()) {
         const int side = canvas.style.pixelMetric(QStyle::PM_SmallIconSize, &option, canvas.widget);
         QRect place(text.left(), text.top() + (text.height() - side) / 2, side, side);
-        option.icon.paint(&canvas.painter, QStyle::visualRect(option.direction, text, place), Qt::AlignCenter,
-                          option.state & QStyle::State_Enabled ? QIcon::Normal : QIcon::Disabled);
+        denseIcon(option.icon)
+            .paint(&canvas.painter, QStyle::visualRect(option.direction, text, place), Qt::AlignCenter,
+                   option.state & QStyle::State_Enabled ? QIcon::Normal : QIcon::Disabled);
         inner.rect = QStyle::visualRect(option.direction, text, text.adjusted(side + kIconGap, 0, 0, 0));
     }
     canvas.style.drawItemText(&canvas.painter, inner.rect, int(option.textAlignment), option.palette,

@@ -1,5 +1,6 @@
 #include "CBPIPAddrEdit.h"
 
+#include "foundation/QtCompat.h"
 #include "foundation/Tones.h"
 #include "input/OctetValidator.h"
 #include "input/SelectingPress.h"
@@ -74,6 +75,8 @@ CBPIPAddrEdit::CBPIPAddrEdit(QWidget *parent) : QLineEdit(parent)
     setFrame(false);
     setAlignment(Qt::AlignCenter);
     setFixedSize(kSize);
+    // On one line with the dots. (The text is higher than its edit.)
+    setTextMargins(0, 0, 0, lumqt::excessBelow(kSize.height() - fontMetrics().height()));
     setValidator(new lumqt::OctetValidator(this));
     connect(this, &QLineEdit::textEdited, this, &CBPIPAddrEdit::onTextEdited);
     setStyleSheet(themedSheet());

@@ -1,13 +1,22 @@
+#include "CBPStyle.h"
+#include "CBPTreeWidget.h"
 #include "foundation/IconPixmap.h"
 #include "foundation/ImageLoader.h"
 #include "foundation/Painting.h"
+#include "foundation/QtCompat.h"
 #include "Pictures.h"
 #include "Pixels.h"
 #include "TestMain.h"
 
+#include <QCheckBox>
+#include <QComboBox>
+#include <QHeaderView>
 #include <QIcon>
 #include <QPainter>
+#include <QPushButton>
+#include <QTabBar>
 #include <QTemporaryDir>
+#include <QToolButton>
 
 #include <tuple>
 
@@ -59,6 +68,50 @@ lumqt::Body roundBody()
     body.frame = QColor(10, 20, 30);
     body.radiusX = body.radiusY = 12;
     return body;
+}
+
+// Of all controls whose icon Qt paints for the library's style.
+void verifyStyleIsDense(const QIcon &icon, QRgb color)
+{
+    const auto verify = [color](QWidget &widget) {
+        CBPStyle::Apply(&widget);
+        widget.ensurePolished();
+        const QImage image = widget.grab().toImage();
+        int count = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                count += image.pixel(x, y) == color;
+        }
+        const qreal side = 16 * image.devicePixelRatio();
+        QVERIFY2(count >= side * side * 0.95, widget.metaObject()->className());
+    };
+    QPushButton push(icon, "Push");
+    QToolButton tool;
+    tool.setIcon(icon);
+    QCheckBox check("Check");
+    check.setIcon(icon);
+    for (QAbstractButton *button : std::initializer_list<QAbstractButton *>{&push, &tool, &check}) {
+        button->setIconSize(QSize(16, 16));
+        verify(*button);
+    }
+    QTabBar tabs;
+    tabs.addTab(icon, "Tab");
+    tabs.setIconSize(QSize(16, 16));
+    verify(tabs);
+    QComboBox combo;
+    combo.addItem(icon, "Combo");
+    combo.setIconSize(QSize(16, 16));
+    verify(combo);
+    CBPTreeWidget tree;
+    tree.setHeaderHidden(true);
+    new QTreeWidgetItem(&tree, {"Row"});
+    tree.topLevelItem(0)->setIcon(0, icon);
+    tree.setIconSize(QSize(16, 16));
+    verify(tree);
+    tree.clear();
+    tree.setHeaderHidden(false);
+    tree.headerItem()->setIcon(0, icon);
+    verify(tree);
 }
 
 } // namespace
@@ -271,6 +324,8 @@ private slots:
         QCOMPARE(shown.size(), QSize(16, 16) * ratio);
         QCOMPARE(logicalSize(shown), QSize(16, 16));
         QCOMPARE(middle(shown), QColor(ratio > 1.0 ? Qt::blue : Qt::red));
+        if (lumqt::iconsAreDense())
+            verifyStyleIsDense(icon, ratio > 1.0 ? qRgb(0, 0, 255) : qRgb(255, 0, 0));
     }
 
     // A text lies where a text painted in full lies, whether it is painted the first time or a later one, and
