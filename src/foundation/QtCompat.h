@@ -42,7 +42,7 @@ using HashValue = decltype(qHash(0));
 // How a calendar hands on the day of a cell.
 using CellDate = QDate;
 
-// Of the pen that a table draws its grid with.
+// Of the pen that a table draws its grid with, whose middle is half of that further right and down.
 constexpr int kGridPenWidth = 1;
 
 // What to take off below the single line of an edit that is higher by `room`, which may be negative; both in

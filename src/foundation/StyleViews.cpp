@@ -84,12 +84,12 @@ void drawSectionRule(const Canvas &canvas, const QRect &rect, Qt::Edge edge, con
         fillEdges(canvas.painter, rect, edge, color);
         return;
     }
-    const QLine line = edge == Qt::BottomEdge ? QLine(rect.bottomLeft(), rect.bottomRight())
-                       : edge == Qt::LeftEdge ? QLine(rect.topLeft(), rect.bottomLeft())
-                                              : QLine(rect.topRight(), rect.bottomRight());
+    const QLineF line = edge == Qt::BottomEdge ? QLineF(rect.bottomLeft(), rect.bottomRight())
+                        : edge == Qt::LeftEdge ? QLineF(rect.topLeft(), rect.bottomLeft())
+                                               : QLineF(rect.topRight(), rect.bottomRight());
     const QPen pen = canvas.painter.pen();
     canvas.painter.setPen(QPen(color, kGridPenWidth));
-    canvas.painter.drawLine(line);
+    canvas.painter.drawLine(line.translated(kGridPenWidth / 2.0, kGridPenWidth / 2.0));
     canvas.painter.setPen(pen);
 }
 
