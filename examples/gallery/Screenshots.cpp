@@ -17,7 +17,7 @@
 
 namespace {
 
-constexpr int kExposeTimeout = 10000; // ms
+constexpr int kTimeout = 10000; // ms
 constexpr int kPointerInset = 4;
 // ms: what fades has its last colour, and the frame of a native window is painted by messages of its own.
 constexpr int kSettleTime = 150;
@@ -32,12 +32,12 @@ void settle(int milliseconds)
     } while (time.elapsed() < milliseconds);
 }
 
-bool waitUntilExposed(const QWidget &window)
+template <class Condition> bool waitUntil(const Condition &met)
 {
     QElapsedTimer time;
     time.start();
-    while (!window.windowHandle() || !window.windowHandle()->isExposed()) {
-        if (time.elapsed() > kExposeTimeout)
+    while (!met()) {
+        if (time.elapsed() > kTimeout)
             return false;
         settle(10);
     }
@@ -129,6 +129,12 @@ void photographPage(GalleryWindow &window, const QString &pageId, Album &album)
     settle(kSettleTime);
     fitToPage(window);
     settle(kSettleTime);
+    // What is selected is paler in a window that is not active, as it may be after dialogs that the page has
+    // made and destroyed. There are pictures of it all the same.
+    window.activateWindow();
+    if (!waitUntil([&] { return window.isActiveWindow(); }))
+        QTextStream(stderr) << "the window is not active" << Qt::endl;
+    settle(kSettleTime);
     QScrollBar *bar = window.scrollArea()->verticalScrollBar();
     int part = 1;
     for (;; ++part) {
@@ -148,7 +154,7 @@ int takeScreenshots(GalleryWindow &window, const QStringList &pageIds, const QSt
     Album album(dir);
     if (!album.open())
         return 1;
-    if (!waitUntilExposed(window)) {
+    if (!waitUntil([&] { return window.windowHandle() && window.windowHandle()->isExposed(); })) {
         QTextStream(stderr) << "the window does not show" << Qt::endl;
         return 1;
     }
