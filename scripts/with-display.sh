@@ -12,8 +12,9 @@ cleanup() {
 }
 trap cleanup EXIT
 
-# The server chooses a free number and says which.
-Xvfb -displayfd 3 -screen 0 "${LUMQT_SCREEN:-1600x1200}x24" -dpi 96 -nolisten tcp 3>"$work/display" >"$work/log" 2>&1 &
+# The server chooses a free number and says which. It does not begin anew when its last client goes, which may be an xprop
+# below while the window manager is about to come.
+Xvfb -noreset -displayfd 3 -screen 0 "${LUMQT_SCREEN:-1600x1200}x24" -dpi 96 -nolisten tcp 3>"$work/display" >"$work/log" 2>&1 &
 server=$!
 for _ in $(seq 500); do
   [ -s "$work/display" ] && break
@@ -27,16 +28,25 @@ if [ ! -s "$work/display" ]; then
 fi
 DISPLAY=:$(tr -d '\n' <"$work/display")
 export DISPLAY
-if [ -z "${LUMQT_NO_WINDOW_MANAGER:-}" ]; then
-  openbox >"$work/manager" 2>&1 &
+start_manager() {
+  openbox >>"$work/manager" 2>&1 &
   manager=$!
-fi
+}
+manages() { xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; }
 # A command that asks for the screen before the window manager has it would see windows that are never active.
-for _ in $(seq 1000); do
-  [ -n "${manager:-}" ] || break
-  xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id' && break
-  sleep 0.03
-done
+if [ -z "${LUMQT_NO_WINDOW_MANAGER:-}" ]; then
+  start_manager
+  for _ in $(seq 1000); do
+    manages && break
+    kill -0 "$manager" 2>/dev/null || start_manager
+    sleep 0.03
+  done
+  if ! manages; then
+    cat "$work/manager" >&2
+    echo "error: the window manager did not start" >&2
+    exit 1
+  fi
+fi
 
 export LUMQT_DISPLAYS="${LUMQT_DISPLAYS:+$LUMQT_DISPLAYS }$DISPLAY"
 if [ "${LUMQT_SCREENS:-1}" -gt 1 ]; then
