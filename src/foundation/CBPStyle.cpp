@@ -205,12 +205,14 @@ QRect CBPStyle::subElementRect(SubElement element, const QStyleOption *option, c
         return QProxyStyle::subElementRect(element, option, widget);
     switch (element) {
     case SE_LineEditContents: {
-        QRect rect = QProxyStyle::subElementRect(element, option, widget);
+        QRect rect;
         if (hasFrame(option)) {
             const int beside = lumqt::kFieldInset - lumqt::kLineEditMargin;
             rect = option->rect.adjusted(beside, lumqt::kFocusRingWidth, -beside, -lumqt::kFocusRingWidth);
         } else if (const int beside = lumqt::editorInset(widget)) { // where the row has its text
             rect = option->rect.adjusted(beside, 0, -beside, 0);
+        } else {
+            rect = QProxyStyle::subElementRect(element, option, widget);
         }
         return rect.adjusted(0, 0, 0, -lumqt::excessBelow(rect.height() - option->fontMetrics.height()));
     }
