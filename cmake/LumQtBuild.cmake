@@ -36,7 +36,9 @@ if(NOT CMAKE_CXX_COMPILER_LAUNCHER)
     if(LUMQT_CCACHE)
         # One cache for every checkout of the project, wherever it lies: paths are hashed relative to it.
         set(CMAKE_CXX_COMPILER_LAUNCHER "${CMAKE_COMMAND}" -E env "CCACHE_BASEDIR=${CMAKE_CURRENT_SOURCE_DIR}"
-            CCACHE_NOHASHDIR=1 "${LUMQT_CCACHE}")
+            CCACHE_NOHASHDIR=1
+            # Of a precompiled header: what is defined beside it, and when it was made, is none of its content.
+            CCACHE_SLOPPINESS=pch_defines,time_macros "${LUMQT_CCACHE}")
     endif()
 endif()
 

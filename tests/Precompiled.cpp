@@ -1,0 +1,1 @@
+// Nothing: the tests take over the header that is compiled with this.
