@@ -97,16 +97,33 @@ function(lumqt_compile_translations)
     set(LUMQT_CATALOGUE_RESOURCE "${resource}" PARENT_SCOPE)
 endfunction()
 
+# The font table of the platform that is built for, in res/Common/.
+set(LUMQT_FONT_TABLE langind.ini)
+if(NOT WIN32)
+    set(LUMQT_FONT_TABLE langind.generic.ini)
+endif()
+
+# Writes a resource file with all of res/, laid out as an application ships it, and says where in `result`.
+function(lumqt_resource_copy result)
+    set(res "${PROJECT_SOURCE_DIR}/res")
+    file(GLOB_RECURSE names CONFIGURE_DEPENDS RELATIVE "${res}" "${res}/*")
+    list(FILTER names EXCLUDE REGEX "^Common/langind.*ini$")
+    set(files "<file alias=\"Common/langind.ini\">${res}/Common/${LUMQT_FONT_TABLE}</file>\n")
+    foreach(name ${names})
+        string(APPEND files "<file alias=\"${name}\">${res}/${name}</file>\n")
+    endforeach()
+    set(resource "${PROJECT_BINARY_DIR}/lumqtlib_res.qrc")
+    file(CONFIGURE OUTPUT "${resource}" @ONLY
+         CONTENT "<RCC><qresource prefix=\"/lumqtlib/res\">\n${files}</qresource></RCC>\n")
+    set(${result} "${resource}" PARENT_SCOPE)
+endfunction()
+
 # Copies res/ and the catalogues to where the programs of this build look for it. The font table is the platform's own.
 function(lumqt_stage_resources folder)
-    set(table langind.ini)
-    if(NOT WIN32)
-        set(table langind.generic.ini)
-    endif()
     add_custom_target(
         lumqt_resources ALL
         COMMAND ${CMAKE_COMMAND} -E copy_directory "${PROJECT_SOURCE_DIR}/res" "${folder}"
-        COMMAND ${CMAKE_COMMAND} -E copy "${PROJECT_SOURCE_DIR}/res/Common/${table}" "${folder}/Common/langind.ini"
+        COMMAND ${CMAKE_COMMAND} -E copy "${PROJECT_SOURCE_DIR}/res/Common/${LUMQT_FONT_TABLE}" "${folder}/Common/langind.ini"
         COMMAND ${CMAKE_COMMAND} -E rm -f "${folder}/Common/langind.generic.ini"
         COMMAND ${CMAKE_COMMAND} -E copy ${LUMQT_CATALOGUES} "${folder}"
         COMMENT "Staging res/")

@@ -13,7 +13,8 @@ class QTranslator;
 /// for; and the catalogues of its texts.
 ///
 /// All members are static. Resource names are written relative to the program's folder and begin with
-/// "../res/": the folder `res` lies beside the folder that holds the running program. GUI thread only.
+/// "../res/": the folder `res` lies beside the folder that holds the running program. Where it is not there,
+/// the widgets read the copy that the library carries, ":/lumqtlib/res/"; so does readIni(). GUI thread only.
 /// \since 1.0
 class LUMQT_EXPORT Util
 {

@@ -1,10 +1,10 @@
 #include "CBaseWin.h"
+#include "CBPImage.h"
 #include "CBPPushBtn.h"
 #include "CBPStyle.h"
 #include "Util.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QVBoxLayout>
 
 #include <cstdio>
@@ -12,8 +12,7 @@
 int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
-    QDir::setCurrent(QCoreApplication::applicationDirPath()); // res/ lies beside this folder
-    CBPStyle::Install();                                      // Qt's own widgets get the library's look
+    CBPStyle::Install(); // Qt's own widgets get the library's look
 
     CBaseWin window;
     window.setCaption("Hello");
@@ -29,7 +28,7 @@ int main(int argc, char *argv[])
 
     // Does an installed library find everything it needs? The test of the package asks.
     application.processEvents();
-    const bool found = QFile::exists(Util::getResFullPath("../res/title_logo.png"));
-    std::puts(found ? "ok" : "res/ is not where the library looks for it");
+    const bool found = !CBPImage(Util::getResFullPath("../res/title_logo.png")).size().isEmpty();
+    std::puts(found ? "ok" : "the library does not find its pictures");
     return found ? 0 : 1;
 }

@@ -1,5 +1,6 @@
 #include "CBPGifLable.h"
 
+#include "foundation/EmbeddedRes.h"
 #include "foundation/ImageLoader.h"
 #include "foundation/Palette.h"
 #include "foundation/StyledGround.h"
@@ -82,7 +83,8 @@ void CBPGifLable::SetResPic(int number)
     m_shown = number;
     const QString file = m_dir + QDir::separator() + QString::number(number) + QLatin1String(".png");
     // Of the picture that stands for none a folder has a file or, as a rule, not.
-    const bool wanted = !m_dir.isEmpty() && (number != kNoFrame || QFileInfo::exists(file));
+    const bool wanted =
+        !m_dir.isEmpty() && (number != kNoFrame || QFileInfo::exists(lumqt::fileToRead(file)));
     setPixmap(wanted ? lumqt::loadPixmap(file, devicePixelRatioF()) : QPixmap());
 }
 

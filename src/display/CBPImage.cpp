@@ -1,6 +1,7 @@
 #include "CBPImage.h"
 
 #include "foundation/Accessible.h"
+#include "foundation/EmbeddedRes.h"
 #include "foundation/FocusMark.h"
 #include "foundation/FocusRing.h"
 #include "foundation/ImageLoader.h"
@@ -41,8 +42,9 @@ QAccessibleInterface *makeAccessible(QWidget *widget)
 }
 
 // A path may leave the suffix out, as that of a QPixmap may.
-QString fileOf(const QString &path)
+QString fileOf(const QString &name)
 {
+    const QString path = lumqt::fileToRead(name);
     if (path.isEmpty() || QFileInfo(path).isFile()) // a folder may have the picture's name
         return path;
     const QList<QByteArray> formats = QImageReader::supportedImageFormats();

@@ -1,5 +1,6 @@
 #include "foundation/FontLookup.h"
 
+#include "foundation/EmbeddedRes.h"
 #include "foundation/Log.h"
 #include "foundation/QtCompat.h"
 #include "platform/Platform.h"
@@ -18,7 +19,7 @@ const char *const kWeightKeys[] = {"font_light", "font_normal", "font_semibold",
 // The path stays relative: the table is the one beside the folder that the program was started in.
 QSettings *openFontTable()
 {
-    const QString file = QLatin1String(kFontTable);
+    const QString file = lumqt::fileToRead(QLatin1String(kFontTable));
     if (!QFileInfo(file).isFile())
         qCWarning(lcLumQt, "The font table %s is missing: texts are set in %s", kFontTable, kDefaultFamily);
     auto *table = new QSettings(file, QSettings::IniFormat);

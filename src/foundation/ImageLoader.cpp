@@ -1,5 +1,6 @@
 #include "foundation/ImageLoader.h"
 
+#include "foundation/EmbeddedRes.h"
 #include "foundation/FileLook.h"
 #include "foundation/Log.h"
 #include "foundation/Palette.h"
@@ -25,7 +26,7 @@ constexpr int kMaxSide = 32767;
 constexpr qint64 kMaxPixels = 8192 * 8192;
 constexpr int kCacheKiB = 48 * 1024; // decoded pictures
 constexpr int kParsedDrawings = 256; // SVG files kept parsed
-const char kRes[] = "../res/";
+const char *const kRoots[] = {"../res/", ":/lumqtlib/res/"};
 constexpr qreal kHighDensity = 2.0;
 const char kPackedDrawing[] = "svgz"; // Qt's name for it
 constexpr int kSteps = 4;             // between two whole ratios: those that systems offer
@@ -275,12 +276,14 @@ quint32 currentPass(quint32 last)
 
 QString themePicture(const QString &path)
 {
+    const QString file = fileToRead(path);
     const QString folder = themeFolder();
     if (folder.isEmpty() || path.isEmpty() || !QCoreApplication::instance())
-        return path;
-    static const QString own = QDir::fromNativeSeparators(Util::getResFullPath(QLatin1String(kRes)));
-    const QString plain = QDir::fromNativeSeparators(path);
-    for (const QString &root : {own, QString(QLatin1String(kRes))}) { // or from the current directory
+        return file;
+    static const QString own = QDir::fromNativeSeparators(Util::getResFullPath(QLatin1String(kRoots[0])));
+    const QString plain = QDir::fromNativeSeparators(file);
+    // Or from the current directory, or within the library.
+    for (const QString &root : {own, QString(QLatin1String(kRoots[0])), QString(QLatin1String(kRoots[1]))}) {
         if (!plain.startsWith(root))
             continue;
         const QString themed = root + folder + QLatin1Char('/') + plain.mid(root.size());
@@ -289,7 +292,7 @@ QString themePicture(const QString &path)
     }
     const int slash = plain.lastIndexOf(QLatin1Char('/')) + 1;
     const QString beside = plain.left(slash) + folder + QLatin1Char('/') + plain.mid(slash);
-    return stampOf(beside).exists() ? beside : path;
+    return stampOf(beside).exists() ? beside : file;
 }
 
 QPixmap loadPixmap(const QString &path, qreal ratio)

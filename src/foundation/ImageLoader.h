@@ -20,8 +20,9 @@ namespace lumqt {
 // file's time or size changed, so a replaced file shows at the next paint. GUI thread only.
 LUMQT_TESTED QPixmap loadPixmap(const QString &path, qreal ratio);
 
-// The file that stands in for `path` in the current theme: the one of the same name in the theme's folder
-// below `res`, or beside it, if there is one. For who reads a file himself; loadPixmap() looks by itself.
+// The file to read for `path`, see fileToRead(), or what stands in for it in the current theme: the one of
+// the same name in the theme's folder below `res`, or beside it, if there is one. For who reads a file
+// himself; loadPixmap() looks by itself.
 LUMQT_TESTED QString themePicture(const QString &path);
 
 // Logical size of the image file at `path`, for laying out, as it was within the last tick of the coarse

@@ -1,6 +1,7 @@
 #include "Util.h"
 
 #include "foundation/Catalogue.h"
+#include "foundation/EmbeddedRes.h"
 #include "foundation/FileLook.h"
 #include "foundation/Log.h"
 #include "foundation/QtCompat.h"
@@ -63,7 +64,7 @@ QColor configuredColor(const char *key, bool &found)
 {
     static QMutex mutex;
     static QHash<QByteArray, ConfiguredColor> colors;
-    const QString file = Util::getResFullPath(QLatin1String(kConfigFile));
+    const QString file = lumqt::fileToRead(Util::getResFullPath(QLatin1String(kConfigFile)));
     const QMutexLocker lock(&mutex);
     ConfiguredColor &known = colors[key];
     if (known.file != file || !known.look.holdsFor(lumqt::stampOf(file)))
@@ -110,6 +111,7 @@ bool Util::readIni(QString group, QString key, QVariant &value, QString file)
 {
     if (file.isEmpty() || key.isEmpty() || group.isEmpty())
         return false;
+    file = lumqt::fileToRead(file);
     const QSettings settings(file, QSettings::IniFormat);
     value = settings.value(group + QLatin1Char('/') + key, QVariant());
     // A file that is not there is an ordinary thing to ask.

@@ -1,6 +1,7 @@
 #include "CBPSearchEdit.h"
 
 #include "CBPStyle.h"
+#include "foundation/EmbeddedRes.h"
 #include "foundation/ImageLoader.h"
 #include "foundation/Painting.h"
 #include "foundation/Palette.h"
@@ -59,26 +60,33 @@ constexpr int kGlowAlpha = 110;                    // behind a hovered button, i
 constexpr qreal kDisabledOpacity = 0.4;            // of the pictures
 constexpr int kFrameRoom = lumqt::kFocusRingWidth; // which the field's own ring needs
 
-// What a button has of the theme on top of the field's sheet, which stays what it is: nothing in the light
-// one. A picture is the theme's own where there is one.
-QString themedSheet()
+// The ground of a hovered button; in the light theme the field's sheet has it.
+QString themedGlow()
 {
     if (lumqt::isPlainLight())
         return QString();
-    QColor glow = lumqt::themeColor(lumqt::Purpose::Danger);
-    glow.setAlpha(kGlowAlpha);
+    const QColor glow = lumqt::themeColor(lumqt::Purpose::Danger);
+    return QStringLiteral("background-color:qradialgradient(cx:0.5,cy:0.5,radius:0.5,fx:0.5,"
+                          "fy:0.5,stop:0 rgba(%1,%2,%3,%4),stop:1 rgba(%1,%2,%3,0));")
+        .arg(glow.red())
+        .arg(glow.green())
+        .arg(glow.blue())
+        .arg(kGlowAlpha);
+}
+
+// What a button has on top of the field's sheet, which stays what it is: nothing in the light theme, unless
+// the pictures are those that the library carries. A picture is the theme's own where there is one.
+QString themedSheet()
+{
+    const QLatin1String first("../res/icon_delete_normal.png");
+    if (lumqt::isPlainLight() && lumqt::fileToRead(first) == first)
+        return QString();
     const auto rule = [](const char *button, const char *picture, const QString &ground = QString()) {
         return QStringLiteral("QToolButton#%1{image:url(%2);%3}")
             .arg(QLatin1String(button), lumqt::themePicture(QLatin1String(picture)), ground);
     };
-    const QString round = QStringLiteral("background-color:qradialgradient(cx:0.5,cy:0.5,radius:0.5,fx:0.5,"
-                                         "fy:0.5,stop:0 rgba(%1,%2,%3,%4),stop:1 rgba(%1,%2,%3,0));")
-                              .arg(glow.red())
-                              .arg(glow.green())
-                              .arg(glow.blue())
-                              .arg(glow.alpha());
     return rule("btnClose", "../res/icon_delete_normal.png") +
-           rule("btnClose:hover", "../res/icon_delete_hover.png", round) +
+           rule("btnClose:hover", "../res/icon_delete_hover.png", themedGlow()) +
            rule("btnClose:pressed", "../res/icon_delete_press.png") +
            rule("btnSearch", "../res/search_icon.png");
 }

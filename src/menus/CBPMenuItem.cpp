@@ -1,5 +1,7 @@
 #include "CBPMenuItem.h"
 
+#include "foundation/EmbeddedRes.h"
+
 namespace {
 constexpr int kStateImages = 4;
 }
@@ -27,7 +29,7 @@ CBPMenuItem::CBPMenuItem(const QString &text, const QVariant &data, QObject *par
 // from the file for as long as nobody has given the item another icon.
 void CBPMenuItem::setIconFile(const QString &path)
 {
-    setIcon(QIcon(path));
+    setIcon(QIcon(lumqt::fileToRead(path)));
     m_iconFile = path;
     m_iconKey = icon().cacheKey();
 }
