@@ -4,6 +4,8 @@
 
 #include <QLabel>
 
+#include <type_traits>
+
 /// A label for "working ...": a row of dots that gains one every second and begins anew when it is full.
 ///
 /// It asks for the room of its full row, of 24 dots at most, so that nothing beside it moves. While it is
@@ -11,10 +13,22 @@
 class LUMQT_EXPORT CBPEllipsisGifLabel : public QLabel
 {
     Q_OBJECT
+    /// How many dots the full row has, 3 at first; below 1 the text stays empty. \since 1.0
+    Q_PROPERTY(int maximumDots READ maximumDots WRITE setMaximumDots RESET resetMaximumDots)
+    /// Whether it is animated; true has an effect once, and false hides the label. \since 1.0
+    Q_PROPERTY(bool running READ isRunning WRITE setRunning NOTIFY runningChanged DESIGNABLE false)
 
 public:
     /// A row of up to three dots, without a parent. \since 1.0
     CBPEllipsisGifLabel();
+
+    /// A row of up to three dots in \a parent, a pointer to any widget: null and 0 as such are a number of
+    /// dots. \since 1.0
+    template <class Widget, std::enable_if_t<std::is_convertible<Widget *, QWidget *>::value, int> = 0>
+    explicit CBPEllipsisGifLabel(Widget *parent) : CBPEllipsisGifLabel()
+    {
+        setParent(parent);
+    }
 
     /// A row of up to \a maxDots dots; below 1 the text stays empty. \since 1.0
     explicit CBPEllipsisGifLabel(int maxDots, QWidget *parent = nullptr);
@@ -29,10 +43,30 @@ public:
     /// Ends the animation and hides the label. \since 1.0
     void HideGifLable();
 
+    /// How many dots the full row has. \since 1.0
+    int maximumDots() const;
+
+    /// Sets the number of dots of the full row; below 1 the text stays empty. \since 1.0
+    void setMaximumDots(int dots);
+
+    /// Makes the full row three dots. \since 1.0
+    void resetMaximumDots();
+
+    /// Whether ShowGifLable() has started the animation and HideGifLable() has not ended it; also while it
+    /// rests hidden. \since 1.0
+    bool isRunning() const;
+
+    /// ShowGifLable() or HideGifLable(), where that is a change. \since 1.0
+    void setRunning(bool running);
+
     /// Room for the full row. \since 1.0
     QSize sizeHint() const override;
     /// The same: neighbours stand still in a row in want of room, too. \since 1.0
     QSize minimumSizeHint() const override;
+
+Q_SIGNALS:
+    /// The animation has begun, or has ended. \since 1.0
+    void runningChanged(bool running);
 
 protected:
     /// Shows as many dots as there are now. \since 1.0

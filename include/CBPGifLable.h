@@ -13,6 +13,12 @@
 class LUMQT_EXPORT CBPGifLable : public QLabel
 {
     Q_OBJECT
+    /// Folder of the pictures; the first one gives the label its size. \since 1.0
+    Q_PROPERTY(QString folder READ folder WRITE setFolder)
+    /// Number of the last picture: there is one more, as they are counted from 0. \since 1.0
+    Q_PROPERTY(int frameCount READ frameCount WRITE setFrameCount)
+    /// Whether it plays; true waits for a number of pictures to play. \since 1.0
+    Q_PROPERTY(bool running READ IsRunning WRITE setRunning NOTIFY runningChanged)
 
 public:
     /// A label for the files 0 to \a count of the folder \a dir: one more than \a count says. \since 1.0
@@ -42,6 +48,26 @@ public:
     /// hidden. \since 1.0
     bool IsRunning() const;
 
+    /// StartGif(), unless it runs, or StopGif(). Where there are no pictures to play, it starts as soon as
+    /// setFrameCount() tells of some. \since 1.0
+    void setRunning(bool running);
+
+    /// The folder of the pictures. \since 1.0
+    QString folder() const;
+
+    /// Sets the folder as SetResInfo() does. \since 1.0
+    void setFolder(const QString &folder);
+
+    /// The number of the last picture, as SetResInfo() was given it. \since 1.0
+    int frameCount() const;
+
+    /// Sets the number of the last picture as SetResInfo() does; below 1 none plays. \since 1.0
+    void setFrameCount(int count);
+
+Q_SIGNALS:
+    /// IsRunning() is another one. \since 1.0
+    void runningChanged(bool running);
+
 protected:
     void paintEvent(QPaintEvent *event) override;
     void timerEvent(QTimerEvent *event) override;
@@ -52,6 +78,8 @@ private:
     void RestSize();
     void SetResPic(int number);
     void killFrameTimer();
+    void play();
+    void startIfWaiting();
 
     int m_timerId = 0; // 0 also while the animation rests
     QString m_dir;
@@ -60,4 +88,5 @@ private:
     int m_shown = 0; // the frame that is to be seen
     bool m_running = false;
     bool m_playing = false; // a timer runs, or rests with the hidden label
+    bool m_waiting = false; // to be started, once there are pictures
 };

@@ -5,6 +5,8 @@
 #include <QLabel>
 #include <QString>
 
+#include <type_traits>
+
 namespace lumqt {
 enum class FocusMark : unsigned char;
 }
@@ -20,10 +22,22 @@ enum class FocusMark : unsigned char;
 class LUMQT_EXPORT CBPImage : public QLabel
 {
     Q_OBJECT
+    /// The image file, whose size the label takes; none leaves it without any. \since 1.0
+    Q_PROPERTY(QString imagePath READ imagePath WRITE SetImageRes)
+    /// Whether the picture can be clicked, and has the pointing-hand cursor. \since 1.0
+    Q_PROPERTY(bool handCursor READ hasHandCursor WRITE SetChgCursor)
 
 public:
     /// A label without a picture and without a parent. \since 1.0
     CBPImage();
+
+    /// A label without a picture in \a parent, a pointer to any widget: null and 0 as such are a path.
+    /// \since 1.0
+    template <class Widget, std::enable_if_t<std::is_convertible<Widget *, QWidget *>::value, int> = 0>
+    explicit CBPImage(Widget *parent) : CBPImage()
+    {
+        setParent(parent);
+    }
 
     /// A label that shows the image file \a path. \since 1.0
     explicit CBPImage(QString path);
@@ -36,9 +50,15 @@ public:
     /// Shows the image file \a path and takes its size, in logical pixels, as fixed size. \since 1.0
     void SetImageRes(QString path);
 
+    /// The path of the image file, as it was given. \since 1.0
+    QString imagePath() const;
+
     /// Whether the picture can be clicked: it has the pointing-hand cursor then, the arrow otherwise. Not so
     /// at first. When it no longer can be, it gives up the keyboard focus. \since 1.0
     void SetChgCursor(bool change);
+
+    /// Whether the picture can be clicked. \since 1.0
+    bool hasHandCursor() const;
 
 Q_SIGNALS:
     /// A mouse button that was pressed here was released (wherever the pointer was then), or Space or Enter

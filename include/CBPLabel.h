@@ -12,6 +12,10 @@
 class LUMQT_EXPORT CBPLabel : public QLabel
 {
     Q_OBJECT
+    /// Colour of the text; the theme's, or that of a widget around, until one is set. \since 1.0
+    Q_PROPERTY(QColor textColor READ textColor WRITE SetTextColor RESET resetTextColor)
+    /// Size of the font in pixels; what is below 1 counts as 12. \since 1.0
+    Q_PROPERTY(int pixelSize READ pixelSize WRITE setPixelSize)
 
 public:
     /// An empty label in the font that its parent gives it. \since 1.0
@@ -30,6 +34,19 @@ public:
 
     /// Sets the colour of the text, which a style sheet overrules. An invalid one is left out. \since 1.0
     void SetTextColor(QColor color);
+
+    /// The colour of the text while the label is enabled. \since 1.0
+    QColor textColor() const;
+
+    /// Gives the text the colour back that it had before one was set. \since 1.0
+    void resetTextColor();
+
+    /// The size of the font in pixels, also where it was set in points. \since 1.0
+    int pixelSize() const;
+
+    /// Sets the size of the font in pixels; what is below 1 counts as 12. Where nobody has set a font, it is
+    /// that of the interface language from then on. \since 1.0
+    void setPixelSize(int pixelSize);
 
 protected:
     void paintEvent(QPaintEvent *event) override;

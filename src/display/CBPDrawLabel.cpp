@@ -4,6 +4,7 @@
 #include "foundation/FontLookup.h"
 #include "foundation/Log.h"
 #include "foundation/Painting.h"
+#include "foundation/Palette.h"
 
 #include <QPainter>
 
@@ -25,14 +26,20 @@ QAccessibleInterface *makeAccessible(QWidget *widget)
 
 } // namespace
 
-CBPDrawLabel::CBPDrawLabel(QString &text, QColor color, bool rounded)
-    : m_text(text),
-      m_color(penColor(color)),
+CBPDrawLabel::CBPDrawLabel(QWidget *parent)
+    : QWidget(parent),
       m_font(lumqt::uiFont(lumqt::NormalWeight, kPixelSize)),
-      m_rounded(rounded),
+      m_rounded(false),
       m_layout(std::make_unique<lumqt::CachedText>())
 {
     lumqt::installAccessible(staticMetaObject.className(), makeAccessible);
+}
+
+CBPDrawLabel::CBPDrawLabel(QString &text, QColor color, bool rounded) : CBPDrawLabel()
+{
+    m_text = text;
+    m_color = penColor(color);
+    m_rounded = rounded;
     setAccessibleName(text);
 }
 
@@ -53,6 +60,79 @@ void CBPDrawLabel::SetTextShowColor(QColor color)
 {
     m_color = penColor(color);
     update();
+}
+
+QString CBPDrawLabel::text() const
+{
+    return m_text;
+}
+
+void CBPDrawLabel::setText(const QString &text)
+{
+    if (m_text == text)
+        return;
+    const bool named = accessibleName() != m_text; // by the application
+    m_text = text;
+    if (!named)
+        setAccessibleName(text);
+    updateGeometry();
+    update();
+    emit textChanged(text);
+}
+
+QColor CBPDrawLabel::textColor() const
+{
+    return lumqt::ownOr(m_color, lumqt::Purpose::LabelText);
+}
+
+void CBPDrawLabel::resetTextColor()
+{
+    m_color = QColor();
+    update();
+}
+
+bool CBPDrawLabel::isRounded() const
+{
+    return m_rounded;
+}
+
+void CBPDrawLabel::setRounded(bool rounded)
+{
+    m_rounded = rounded;
+    updateGeometry();
+    update();
+}
+
+int CBPDrawLabel::pixelSize() const
+{
+    return m_font.pixelSize();
+}
+
+void CBPDrawLabel::setPixelSize(int pixelSize)
+{
+    QString family = fontFamily();
+    SetTextFont(family, pixelSize);
+}
+
+void CBPDrawLabel::resetPixelSize()
+{
+    setPixelSize(kPixelSize);
+}
+
+QString CBPDrawLabel::fontFamily() const
+{
+    return m_font.family();
+}
+
+void CBPDrawLabel::setFontFamily(const QString &family)
+{
+    QString copy = family;
+    SetTextFont(copy, pixelSize());
+}
+
+void CBPDrawLabel::resetFontFamily()
+{
+    setFontFamily(lumqt::uiFont().family());
 }
 
 QSize CBPDrawLabel::sizeHint() const
@@ -78,7 +158,7 @@ void CBPDrawLabel::paintEvent(QPaintEvent *)
     QPainter painter(this);
     if (m_rounded) {
         lumqt::Body pill;
-        pill.frame = m_color;
+        pill.frame = textColor();
         pill.radiusX = pill.radiusY = height() / 2;
         lumqt::drawBody(painter, rect(), pill);
     }
@@ -86,6 +166,6 @@ void CBPDrawLabel::paintEvent(QPaintEvent *)
     QRect place(QPoint(), m_layout->lineSize(m_text, m_font));
     place.moveTopLeft(QPoint((width() - place.width()) / 2, (height() - place.height()) / 2));
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(m_color);
+    painter.setPen(textColor());
     m_layout->drawCentred(painter, place, m_text, m_font);
 }

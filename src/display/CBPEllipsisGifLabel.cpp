@@ -4,6 +4,8 @@
 
 #include <QTimerEvent>
 
+#include <utility>
+
 namespace {
 
 constexpr int kDotInterval = 1000; // ms
@@ -32,15 +34,49 @@ bool CBPEllipsisGifLabel::ShowGifLable()
     show();
     if (!isVisible()) // in a window that is hidden still
         pauseDots();
+    emit runningChanged(true);
     return true;
 }
 
 void CBPEllipsisGifLabel::HideGifLable()
 {
     // The id stays, and with it the label's one show is over.
-    m_playing = false;
+    const bool wasPlaying = std::exchange(m_playing, false);
     pauseDots();
     hide();
+    if (wasPlaying)
+        emit runningChanged(false);
+}
+
+int CBPEllipsisGifLabel::maximumDots() const
+{
+    return m_maxDots;
+}
+
+void CBPEllipsisGifLabel::setMaximumDots(int dots)
+{
+    m_maxDots = dots;
+    updateGeometry();
+}
+
+void CBPEllipsisGifLabel::resetMaximumDots()
+{
+    setMaximumDots(kDots);
+}
+
+bool CBPEllipsisGifLabel::isRunning() const
+{
+    return m_playing;
+}
+
+void CBPEllipsisGifLabel::setRunning(bool running)
+{
+    if (running == m_playing)
+        return;
+    if (running)
+        ShowGifLable();
+    else
+        HideGifLable();
 }
 
 QSize CBPEllipsisGifLabel::sizeHint() const

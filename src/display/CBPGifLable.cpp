@@ -9,6 +9,8 @@
 #include <QFileInfo>
 #include <QTimerEvent>
 
+#include <utility>
+
 namespace {
 
 constexpr int kFrameInterval = 100; // ms
@@ -39,37 +41,84 @@ void CBPGifLable::SetResInfo(const QString &dir, const int &count)
     m_dir = dir;
     m_count = count;
     RestSize();
+    startIfWaiting();
 }
 
 bool CBPGifLable::StartGif()
 {
     // A start that fails stops nothing: what plays goes on, and StopGif() has a picture to take away.
-    m_running = false;
-    if (m_count < 1)
-        return false;
+    const bool wasRunning = std::exchange(m_running, false);
+    m_waiting = false;
+    if (m_count >= 1)
+        play();
+    const bool running = m_running;
+    if (running != wasRunning)
+        emit runningChanged(running); // the label may be gone after
+    return running;
+}
+
+void CBPGifLable::play()
+{
     killFrameTimer();
     m_frame = 0;
     m_timerId = startTimer(kFrameInterval, Qt::CoarseTimer);
     m_playing = m_running = m_timerId != 0;
     if (!isVisible())
         killFrameTimer(); // showEvent() makes another
-    return m_running;
 }
 
 void CBPGifLable::StopGif()
 {
+    m_waiting = false;
     if (!m_playing)
         return;
     m_playing = false;
     m_frame = kNoFrame;
     killFrameTimer();
     SetResPic(kNoFrame);
-    m_running = false;
+    if (std::exchange(m_running, false))
+        emit runningChanged(false);
 }
 
 bool CBPGifLable::IsRunning() const
 {
     return m_running;
+}
+
+void CBPGifLable::setRunning(bool running)
+{
+    if (!running)
+        StopGif();
+    else if (!m_running && !StartGif())
+        m_waiting = true;
+}
+
+QString CBPGifLable::folder() const
+{
+    return m_dir;
+}
+
+void CBPGifLable::setFolder(const QString &folder)
+{
+    SetResInfo(folder, m_count);
+}
+
+int CBPGifLable::frameCount() const
+{
+    return m_count;
+}
+
+// The size is that of the folder's first picture, whatever their number.
+void CBPGifLable::setFrameCount(int count)
+{
+    m_count = count;
+    startIfWaiting();
+}
+
+void CBPGifLable::startIfWaiting()
+{
+    if (m_waiting && m_count >= 1)
+        StartGif();
 }
 
 void CBPGifLable::RestSize()

@@ -80,6 +80,11 @@ void CBPImage::SetImageRes(QString path)
     load();
 }
 
+QString CBPImage::imagePath() const
+{
+    return m_path;
+}
+
 void CBPImage::SetChgCursor(bool change)
 {
     m_clickable = change;
@@ -89,6 +94,11 @@ void CBPImage::SetChgCursor(bool change)
     if (!change)
         clearFocus();
     showRing();
+}
+
+bool CBPImage::hasHandCursor() const
+{
+    return m_clickable;
 }
 
 // Around the picture, which reaches the edges.

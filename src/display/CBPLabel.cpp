@@ -2,8 +2,10 @@
 
 #include "foundation/FontLookup.h"
 #include "foundation/Log.h"
+#include "foundation/QtCompat.h"
 #include "foundation/Tones.h"
 
+#include <QFontInfo>
 #include <QTextDocument>
 
 namespace {
@@ -66,6 +68,31 @@ void CBPLabel::SetTextColor(QColor color)
     QPalette own = palette();
     own.setColor(QPalette::WindowText, color);
     setPalette(own);
+}
+
+QColor CBPLabel::textColor() const
+{
+    return palette().color(QPalette::Active, QPalette::WindowText);
+}
+
+// A role without a mark is inherited, or the theme's.
+void CBPLabel::resetTextColor()
+{
+    QPalette own = palette();
+    lumqt::setMarks(own, lumqt::marksOf(own) & ~lumqt::marksOf(QPalette::WindowText));
+    setPalette(own);
+}
+
+int CBPLabel::pixelSize() const
+{
+    return font().pixelSize() > 0 ? font().pixelSize() : QFontInfo(font()).pixelSize();
+}
+
+void CBPLabel::setPixelSize(int pixelSize)
+{
+    QFont own = testAttribute(Qt::WA_SetFont) ? font() : lumqt::uiFont();
+    own.setPixelSize(saneSize(pixelSize));
+    setFont(own);
 }
 
 void CBPLabel::paintEvent(QPaintEvent *event)

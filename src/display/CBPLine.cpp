@@ -35,6 +35,8 @@ protected:
 
 } // namespace
 
+CBPLine::CBPLine(QWidget *parent) : CBPLine(true, parent) {}
+
 CBPLine::CBPLine(bool horizontal, QWidget *parent)
     : QWidget(parent), m_label(new Place), m_horizontal(horizontal)
 {
@@ -48,6 +50,18 @@ CBPLine::CBPLine(bool horizontal, QWidget *parent)
 }
 
 CBPLine::~CBPLine() = default;
+
+Qt::Orientation CBPLine::orientation() const
+{
+    return m_horizontal ? Qt::Horizontal : Qt::Vertical;
+}
+
+void CBPLine::setOrientation(Qt::Orientation orientation)
+{
+    m_horizontal = orientation == Qt::Horizontal;
+    if (auto *layout = qobject_cast<QBoxLayout *>(this->layout()))
+        layout->setDirection(m_horizontal ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+}
 
 void CBPLine::paintEvent(QPaintEvent *)
 {
