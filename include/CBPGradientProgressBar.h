@@ -7,6 +7,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <type_traits>
 
 class QPainter;
 class QTimer;
@@ -29,6 +30,18 @@ class CachedText;
 class LUMQT_EXPORT CBPGradientProgressBar : public QWidget
 {
     Q_OBJECT
+    /// The fraction that is done: 0 before the first one, from then on 0.01 to 1. \since 1.0
+    Q_PROPERTY(double value READ value WRITE setValue NOTIFY valueChanged)
+    /// Whether the percentage is written into the bar, which has to be made higher for it. \since 1.0
+    Q_PROPERTY(bool textShown READ isTextShown WRITE setTextShown)
+    /// Whether the filled part keeps its share when the bar is resized. \since 1.0
+    Q_PROPERTY(bool shareKept READ isShareKept WRITE setIsVisible)
+    /// Kept for themes, and painted nowhere. \since 1.0
+    Q_PROPERTY(QColor colorOne READ colorOne WRITE setColorOne RESET resetColorOne)
+    /// Colour of the highlight; an invalid one is none. \since 1.0
+    Q_PROPERTY(QColor colorTwo READ colorTwo WRITE setColorTwo RESET resetColorTwo)
+    /// Kept for themes, and painted nowhere. \since 1.0
+    Q_PROPERTY(QColor colorThree READ colorThree WRITE setColorThree RESET resetColorThree)
 
 public:
     /// An empty bar without a parent: put it into a layout, or delete it.
@@ -38,6 +51,14 @@ public:
     explicit CBPGradientProgressBar(QColor colorOne = QColor(75, 174, 179),
                                     QColor colorTwo = QColor(88, 205, 210),
                                     QColor colorThree = QColor(215, 215, 219));
+
+    /// An empty bar in \a parent, a pointer to any widget, in the colours of the theme. \since 1.0
+    template <class Widget, std::enable_if_t<std::is_convertible<Widget *, QWidget *>::value, int> = 0>
+    explicit CBPGradientProgressBar(Widget *parent) : CBPGradientProgressBar()
+    {
+        setParent(parent);
+    }
+
     ~CBPGradientProgressBar() override;
 
     /// Sets the fraction that is done. What is below 0.01 counts as 0.01, what is above 0.9999 as 1; NaN is
@@ -48,9 +69,49 @@ public:
     /// \since 1.0
     void setValue(int percent);
 
+    /// The fraction that is done, which the filled part is growing to. \since 1.0
+    double value() const;
+
     /// Whether the filled part keeps its share when the bar is resized; true at first. With false it keeps
     /// its pixels and grows from there. It shows or hides nothing, in spite of its name. \since 1.0
     void setIsVisible(bool visible);
+
+    /// Whether the filled part keeps its share when the bar is resized. \since 1.0
+    bool isShareKept() const;
+
+    /// Whether the percentage is written into the middle of the bar; false at first. A bar of 8 pixels has no
+    /// room for it: who wants it makes the bar higher. \since 1.0
+    void setTextShown(bool shown);
+
+    /// Whether the percentage is written into the bar. \since 1.0
+    bool isTextShown() const;
+
+    /// The first colour, which is painted nowhere. \since 1.0
+    QColor colorOne() const;
+
+    /// Sets the first colour. While all three are the built-in ones, they are those of the theme. \since 1.0
+    void setColorOne(const QColor &color);
+
+    /// Makes the first colour the built-in one. \since 1.0
+    void resetColorOne();
+
+    /// The colour of the highlight. \since 1.0
+    QColor colorTwo() const;
+
+    /// Sets the colour of the highlight; with an invalid one there is none. \since 1.0
+    void setColorTwo(const QColor &color);
+
+    /// Makes the colour of the highlight the built-in one. \since 1.0
+    void resetColorTwo();
+
+    /// The third colour, which is painted nowhere. \since 1.0
+    QColor colorThree() const;
+
+    /// Sets the third colour. \since 1.0
+    void setColorThree(const QColor &color);
+
+    /// Makes the third colour the built-in one. \since 1.0
+    void resetColorThree();
 
 public Q_SLOTS:
     /// Moves the highlight on and repaints; the bar's own timer calls it.
@@ -61,11 +122,11 @@ public Q_SLOTS:
     /// \since 1.0
     void slotDrawBarTimeOut();
 
-protected:
-    /// Whether the percentage is written into the middle of the bar; false at first. A bar of 8 pixels has no
-    /// room for it: a derived class that wants it makes itself higher. \since 1.0
-    void setTextShown(bool shown);
+Q_SIGNALS:
+    /// Another fraction is done. \since 1.0
+    void valueChanged(double value);
 
+protected:
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void showEvent(QShowEvent *event) override;
@@ -77,6 +138,7 @@ private:
     int progressBarWidth() const;
     void resetMembers();
     void growTo(double value);
+    void colorsChanged();
     void startSweep();
     void runTimers();
     void repaintOrRest();
@@ -96,8 +158,8 @@ private:
     bool m_firstValue = true;
     bool m_rescaleOnResize = true;
     bool m_showText = false;
-    bool m_ownColors;        // others than the default ones
-    int m_measuredWidth = 0; // the widget's width that the bar width goes with
+    bool m_ownColors = false; // others than the default ones
+    int m_measuredWidth = 0;  // the widget's width that the bar width goes with
     bool m_onScreen = false;
     std::unique_ptr<lumqt::CachedText> m_text; // made when first painted
     QElapsedTimer m_sinceValue;

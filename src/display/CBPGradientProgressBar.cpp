@@ -94,13 +94,9 @@ private:
 };
 
 CBPGradientProgressBar::CBPGradientProgressBar(QColor colorOne, QColor colorTwo, QColor colorThree)
-    : m_colorThree(colorThree),
-      m_colorOne(colorOne),
-      m_colorTwo(colorTwo),
-      m_ownColors(colorOne != lumqt::builtInColor(Purpose::ProgressFirst) ||
-                  colorTwo != lumqt::builtInColor(Purpose::ProgressSecond) ||
-                  colorThree != lumqt::builtInColor(Purpose::ProgressThird))
+    : m_colorThree(colorThree), m_colorOne(colorOne), m_colorTwo(colorTwo)
 {
+    colorsChanged();
     lumqt::installAccessible("CBPGradientProgressBar", &Accessible::make);
     setFixedHeight(kHeight);
 }
@@ -117,7 +113,7 @@ void CBPGradientProgressBar::setValue(double value)
         value = kLeast;
     else if (value > kCountsAsFull)
         value = 1.0;
-    const int toldBefore = Accessible::percent(m_value);
+    const double before = m_value;
     if (m_firstValue) {
         m_firstValue = false;
         m_value = m_shownValue = value;
@@ -133,10 +129,12 @@ void CBPGradientProgressBar::setValue(double value)
     }
     startSweep();
     const int told = Accessible::percent(value);
-    if (told != toldBefore) {
+    if (told != Accessible::percent(before)) {
         QAccessibleValueChangeEvent event(this, told);
         QAccessible::updateAccessibility(&event);
     }
+    if (value != before)
+        emit valueChanged(value);
 }
 
 void CBPGradientProgressBar::setValue(int percent)
@@ -144,9 +142,19 @@ void CBPGradientProgressBar::setValue(int percent)
     setValue(percent / 100.0);
 }
 
+double CBPGradientProgressBar::value() const
+{
+    return m_value;
+}
+
 void CBPGradientProgressBar::setIsVisible(bool visible)
 {
     m_rescaleOnResize = visible;
+}
+
+bool CBPGradientProgressBar::isShareKept() const
+{
+    return m_rescaleOnResize;
 }
 
 void CBPGradientProgressBar::setTextShown(bool shown)
@@ -155,9 +163,74 @@ void CBPGradientProgressBar::setTextShown(bool shown)
     update();
 }
 
+bool CBPGradientProgressBar::isTextShown() const
+{
+    return m_showText;
+}
+
 int CBPGradientProgressBar::progressBarWidth() const
 {
     return int(m_value * width());
+}
+
+// ----------------------------------------------------------------------------------------------------------
+// colours
+
+QColor CBPGradientProgressBar::colorOne() const
+{
+    return m_ownColors ? m_colorOne : lumqt::themeColor(Purpose::ProgressFirst);
+}
+
+void CBPGradientProgressBar::setColorOne(const QColor &color)
+{
+    m_colorOne = color;
+    colorsChanged();
+}
+
+void CBPGradientProgressBar::resetColorOne()
+{
+    setColorOne(lumqt::builtInColor(Purpose::ProgressFirst));
+}
+
+QColor CBPGradientProgressBar::colorTwo() const
+{
+    return m_ownColors ? m_colorTwo : lumqt::themeColor(Purpose::ProgressSecond);
+}
+
+void CBPGradientProgressBar::setColorTwo(const QColor &color)
+{
+    m_colorTwo = color;
+    colorsChanged();
+}
+
+void CBPGradientProgressBar::resetColorTwo()
+{
+    setColorTwo(lumqt::builtInColor(Purpose::ProgressSecond));
+}
+
+QColor CBPGradientProgressBar::colorThree() const
+{
+    return m_ownColors ? m_colorThree : lumqt::themeColor(Purpose::ProgressThird);
+}
+
+void CBPGradientProgressBar::setColorThree(const QColor &color)
+{
+    m_colorThree = color;
+    colorsChanged();
+}
+
+void CBPGradientProgressBar::resetColorThree()
+{
+    setColorThree(lumqt::builtInColor(Purpose::ProgressThird));
+}
+
+// The three are one set: whoever has one of his own has them all.
+void CBPGradientProgressBar::colorsChanged()
+{
+    m_ownColors = m_colorOne != lumqt::builtInColor(Purpose::ProgressFirst) ||
+                  m_colorTwo != lumqt::builtInColor(Purpose::ProgressSecond) ||
+                  m_colorThree != lumqt::builtInColor(Purpose::ProgressThird);
+    update();
 }
 
 // ----------------------------------------------------------------------------------------------------------
@@ -326,7 +399,7 @@ void CBPGradientProgressBar::paintEvent(QPaintEvent *)
 void CBPGradientProgressBar::drawHighlight(QPainter &painter, const QRect &filled) const
 {
     const QRect highlight(m_highlightPosition, 1, kHighlightWidth, filled.height() - 1);
-    const QColor color = m_ownColors ? m_colorTwo : lumqt::themeColor(Purpose::ProgressSecond);
+    const QColor color = colorTwo();
     if (!color.isValid() || filled.isEmpty() || !highlight.intersects(filled))
         return;
     QColor clear = color;
