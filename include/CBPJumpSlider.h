@@ -22,19 +22,39 @@ class QPaintEvent;
 class LUMQT_EXPORT CBPJumpSlider : public QWidget
 {
     Q_OBJECT
+    /// The labels, two at least: fewer are refused. New ones set the slider to the first. \since 1.0
+    Q_PROPERTY(QStringList labels READ labels WRITE setLabels)
+    /// Number of the position, counted from 0; -1 without labels. \since 1.0
+    Q_PROPERTY(int value READ value WRITE setValue NOTIFY valueChanged)
+    /// The label at the position; a text that is none changes nothing. \since 1.0
+    Q_PROPERTY(QString currentText READ GetPosText WRITE SetPosByText STORED false)
 
 public:
-    /// An empty widget until Init().
+    /// An empty widget until Init() or setLabels().
     /// \since 1.0
-    explicit CBPJumpSlider(QWidget *parent);
+    explicit CBPJumpSlider(QWidget *parent = nullptr);
     ~CBPJumpSlider() override;
 
     /// Makes the slider with a position per label and sets it to the first. Called again it takes the new
     /// labels. With fewer than two labels it does nothing. \since 1.0
     void Init(QStringList labels);
 
-    /// Moves the slider to the first label equal to \a text; a text that is none changes nothing.
-    /// \since 1.0
+    /// The labels. \since 1.0
+    QStringList labels() const;
+
+    /// Init(), and then to the position that was set while there was no slider; a single text is taken apart
+    /// at its commas. \since 1.0
+    void setLabels(const QStringList &labels);
+
+    /// The position; -1 without a slider. \since 1.0
+    int value() const;
+
+    /// Moves the slider to the position \a value, kept within the labels. Without a slider it is kept for
+    /// setLabels(). \since 1.0
+    void setValue(int value);
+
+    /// Moves the slider to the first label equal to \a text; a text that is none changes nothing. Without a
+    /// slider it is kept for setLabels(). \since 1.0
     void SetPosByText(QString text);
 
     /// The label at the slider's position; empty without a slider.
@@ -57,6 +77,8 @@ private:
     bool DrawLabel();
 
     QStringList m_labels;
+    int m_wantedValue = 0; // of who set it before there was a slider
+    QString m_wantedText;  // goes before
     QPointer<QSlider> m_slider;
     QPointer<QLabel> m_labelRow;
 };

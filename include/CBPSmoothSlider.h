@@ -27,11 +27,20 @@ class QPainter;
 class LUMQT_EXPORT CBPSmoothSlider : public QWidget
 {
     Q_OBJECT
+    /// The labels, two at least: fewer are refused. \since 1.0
+    Q_PROPERTY(QStringList labels READ labels WRITE setLabels)
+    /// The least value, 0 at first; above the maximum it is the only one. \since 1.0
+    Q_PROPERTY(int minimum READ minimum WRITE setMinimum)
+    /// The greatest value, 100 at first. \since 1.0
+    Q_PROPERTY(int maximum READ maximum WRITE setMaximum)
+    // After the range: once there is a slider, it is kept within that.
+    /// The value; -1 without labels. \since 1.0
+    Q_PROPERTY(int value READ GetValue WRITE SetValue NOTIFY valueChanged)
 
 public:
-    /// An empty widget until Init().
+    /// An empty widget until Init() or setLabels().
     /// \since 1.0
-    explicit CBPSmoothSlider(QWidget *parent);
+    explicit CBPSmoothSlider(QWidget *parent = nullptr);
     ~CBPSmoothSlider() override;
 
     /// Makes the slider, 44 pixels high, and sets it to 0, or the number nearest to it. Mind the order:
@@ -39,7 +48,27 @@ public:
     /// labels and range. With fewer than two labels it does nothing. \since 1.0
     void Init(QStringList labels, int maximum, int minimum);
 
-    /// Sets the value, kept within the range; nothing without a slider.
+    /// The labels. \since 1.0
+    QStringList labels() const;
+
+    /// Replaces the labels, and nothing else. Where there was no slider, it is made with the range and the
+    /// value that have been set. A single text is taken apart at its commas; with fewer than two labels it
+    /// does nothing. \since 1.0
+    void setLabels(const QStringList &labels);
+
+    /// The least value. \since 1.0
+    int minimum() const;
+
+    /// Sets the least value; one above the maximum is the only value, until that is raised. \since 1.0
+    void setMinimum(int minimum);
+
+    /// The greatest value. \since 1.0
+    int maximum() const;
+
+    /// Sets the greatest value; below the minimum, that is the only value. \since 1.0
+    void setMaximum(int maximum);
+
+    /// Sets the value, kept within the range. Without a slider it is kept for setLabels().
     /// \since 1.0
     void SetValue(int value);
 
@@ -61,9 +90,13 @@ private:
     bool doPaintEvent(QPaintEvent *event, QWidget *widget);
     bool DrawSlider();
     bool DrawLabel();
+    void applyRange();
     void drawValue(QPainter &painter, int handleX) const;
 
     QStringList m_labels;
+    int m_minimum = 0; // as they were set, in whatever order
+    int m_maximum = 100;
+    int m_wantedValue = 0; // of who set it before there was a slider
     QPointer<QSlider> m_slider;
     QPointer<QLabel> m_labelRow;
 };

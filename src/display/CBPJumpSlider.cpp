@@ -1,6 +1,7 @@
 #include "CBPJumpSlider.h"
 
 #include "display/SliderParts.h"
+#include "foundation/ListText.h"
 #include "foundation/Log.h"
 #include "foundation/Palette.h"
 
@@ -45,6 +46,8 @@ void CBPJumpSlider::Init(QStringList labels)
         return;
     }
     m_labels = labels;
+    m_wantedValue = 0;
+    m_wantedText.clear();
     if (!m_slider || !m_labelRow) {
         delete m_slider; // an application may have deleted the other one
         delete m_labelRow;
@@ -66,10 +69,46 @@ void CBPJumpSlider::Init(QStringList labels)
         slider->setRange(0, m_labels.size() - 1);
 }
 
+QStringList CBPJumpSlider::labels() const
+{
+    return m_labels;
+}
+
+void CBPJumpSlider::setLabels(const QStringList &labels)
+{
+    const int value = m_wantedValue;
+    const QString text = m_wantedText;
+    const QPointer<CBPJumpSlider> alive(this);
+    Init(lumqt::listOf(labels));
+    if (!alive || !m_slider)
+        return;
+    if (!text.isEmpty())
+        SetPosByText(text);
+    else if (value != 0)
+        setValue(value);
+}
+
+int CBPJumpSlider::value() const
+{
+    return m_slider ? m_slider->value() : -1;
+}
+
+void CBPJumpSlider::setValue(int value)
+{
+    if (m_slider) {
+        m_slider->setValue(value);
+        return;
+    }
+    m_wantedValue = value;
+    m_wantedText.clear();
+}
+
 void CBPJumpSlider::SetPosByText(QString text)
 {
     const int index = m_labels.indexOf(text);
-    if (index >= 0 && m_slider)
+    if (!m_slider)
+        m_wantedText = text;
+    else if (index >= 0)
         m_slider->setValue(index);
 }
 

@@ -1,6 +1,7 @@
 #include "CBPSmoothSlider.h"
 
 #include "display/SliderParts.h"
+#include "foundation/ListText.h"
 #include "foundation/Log.h"
 #include "foundation/Palette.h"
 
@@ -37,6 +38,9 @@ void CBPSmoothSlider::Init(QStringList labels, int maximum, int minimum)
     if (minimum > maximum)
         qCWarning(lcLumQt, "CBPSmoothSlider: the minimum %d is above the maximum %d", minimum, maximum);
     m_labels = labels;
+    m_minimum = minimum;
+    m_maximum = maximum;
+    m_wantedValue = 0;
     if (!m_slider || !m_labelRow) {
         delete m_slider; // an application may have deleted the other one
         delete m_labelRow;
@@ -55,10 +59,61 @@ void CBPSmoothSlider::Init(QStringList labels, int maximum, int minimum)
         slider->setValue(0);
 }
 
+QStringList CBPSmoothSlider::labels() const
+{
+    return m_labels;
+}
+
+void CBPSmoothSlider::setLabels(const QStringList &labels)
+{
+    const QStringList names = lumqt::listOf(labels);
+    if (m_slider && m_labelRow && names.size() >= 2) {
+        m_labels = names;
+        lumqt::setSliderLabels(*m_slider, *m_labelRow, m_labels);
+        m_slider->update(); // its ticks
+        return;
+    }
+    const int value = m_wantedValue;
+    const QPointer<CBPSmoothSlider> alive(this);
+    Init(names, m_maximum, m_minimum);
+    if (alive && value != 0)
+        SetValue(value);
+}
+
+int CBPSmoothSlider::minimum() const
+{
+    return m_slider ? m_slider->minimum() : m_minimum;
+}
+
+void CBPSmoothSlider::setMinimum(int minimum)
+{
+    m_minimum = minimum;
+    applyRange();
+}
+
+int CBPSmoothSlider::maximum() const
+{
+    return m_slider ? m_slider->maximum() : qMax(m_minimum, m_maximum);
+}
+
+void CBPSmoothSlider::setMaximum(int maximum)
+{
+    m_maximum = maximum;
+    applyRange();
+}
+
+void CBPSmoothSlider::applyRange()
+{
+    if (m_slider)
+        m_slider->setRange(m_minimum, m_maximum);
+}
+
 void CBPSmoothSlider::SetValue(int value)
 {
     if (m_slider)
         m_slider->setValue(value);
+    else
+        m_wantedValue = value;
 }
 
 int CBPSmoothSlider::GetValue() const
