@@ -107,8 +107,10 @@ CFoucsLabel::CFoucsLabel(QString text, int indent, int spacing, QString iconPath
       m_layout(std::make_unique<lumqt::CachedText>())
 {
     lumqt::installAccessible(staticMetaObject.className(), makeAccessible);
-    if (!iconPath.isEmpty())
-        m_lead->set({iconPath});
+    if (!iconPath.isEmpty()) {
+        m_leadIcons = QStringList(iconPath);
+        m_lead->set(m_leadIcons);
+    }
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     setAttribute(Qt::WA_Hover);
@@ -126,6 +128,7 @@ void CFoucsLabel::ChangeText(QString text)
     QAccessible::updateAccessibility(&event);
     updateGeometry();
     update();
+    emit textChanged(text);
 }
 
 QString CFoucsLabel::Text() const
@@ -135,6 +138,8 @@ QString CFoucsLabel::Text() const
 
 void CFoucsLabel::SetIconPath(QStringList leadIcons, QStringList tailIcons)
 {
+    m_leadIcons = leadIcons;
+    m_tailIcons = tailIcons;
     m_lead->set(leadIcons);
     m_tail->set(tailIcons);
     updateGeometry();
@@ -162,17 +167,37 @@ bool CFoucsLabel::IsFocus() const
 
 void CFoucsLabel::SetFocus(bool focused)
 {
+    tellFocused(mark(focused));
+}
+
+// Says whose look is another one now, this one last.
+CFoucsLabel::Titles CFoucsLabel::mark(bool focused)
+{
+    Titles changed;
     if (focused) {
         for (CFoucsLabel *sibling : qAsConst(m_siblings)) {
             if (sibling && sibling != this)
-                sibling->SetFocus(false);
+                changed += sibling->mark(false);
         }
     }
     if (m_focused == focused)
-        return;
+        return changed;
     m_focused = focused;
     update();
     lumqt::tellSelected(this, focused);
+    changed.append(this);
+    return changed;
+}
+
+// Who hears of one may delete others, or focus another one: then it has been told.
+void CFoucsLabel::tellFocused(const Titles &titles)
+{
+    for (CFoucsLabel *title : titles) {
+        if (!title || title->m_toldFocused == title->m_focused)
+            continue;
+        title->m_toldFocused = title->m_focused;
+        emit title->focusedChanged(title->m_focused);
+    }
 }
 
 void CFoucsLabel::SetSiblings(QList<CFoucsLabel *> siblings)
@@ -211,8 +236,9 @@ QSize CFoucsLabel::minimumSizeHint() const
 
 void CFoucsLabel::click()
 {
-    SetFocus(true);
+    const Titles changed = mark(true);
     emit FocusChanged(this); // the title may be gone after
+    tellFocused(changed);
 }
 
 void CFoucsLabel::release()
