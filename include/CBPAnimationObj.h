@@ -19,6 +19,18 @@
 class LUMQT_EXPORT CBPAnimationObj : public QObject
 {
     Q_OBJECT
+    /// The image files, or the one that was cut; none where the pictures were given as such. \since 1.0
+    Q_PROPERTY(QStringList images READ images WRITE setImages)
+    /// Number of the pictures. \since 1.0
+    Q_PROPERTY(int frameCount READ frameCount)
+    /// Milliseconds from one picture to the next, 80 at first; less than 1 is left out. \since 1.0
+    Q_PROPERTY(int interval READ interval WRITE setInterval RESET resetInterval)
+    /// Milliseconds that are left of the start delay; below 0 it has run out. \since 1.0
+    Q_PROPERTY(int delayInterval READ delayInterval WRITE setDelayInterval)
+    /// Whether the timer runs. \since 1.0
+    Q_PROPERTY(bool running READ isRunning)
+    /// Number of the current picture; 255 while none has been shown. \since 1.0
+    Q_PROPERTY(int currentIndex READ curentIndex NOTIFY frameChanged)
 
 public:
     /// An animation of the image files \a paths, in their order. \since 1.0
@@ -51,13 +63,31 @@ public:
     /// is until the next stop(). Less than 1 is left out with a warning. \since 1.0
     void setInterval(int ms);
 
+    /// The time from one picture to the next in milliseconds. \since 1.0
+    int interval() const;
+
+    /// Makes it 80 milliseconds from one picture to the next. \since 1.0
+    void resetInterval();
+
     /// Sets what is left of the start delay in milliseconds, 800 at first. The first picture comes with the
     /// tick that brings it below 0; a negative delay is none. \since 1.0
     void setDelayInterval(int ms);
 
+    /// What is left of the start delay in milliseconds. \since 1.0
+    int delayInterval() const;
+
     /// Replaces the pictures by the image files \a paths. A running animation goes on after a new start
     /// delay. \since 1.0
     void setRes(QStringList paths);
+
+    /// setRes(); a single path is taken apart at its commas. \since 1.0
+    void setImages(const QStringList &paths);
+
+    /// The image files, or the one that was cut. \since 1.0
+    QStringList images() const;
+
+    /// How many pictures there are. \since 1.0
+    int frameCount() const;
 
     /// Number of the current picture; 255 while none has been shown. \since 1.0
     int curentIndex() const;

@@ -1,6 +1,7 @@
 #include "CBPAnimationObj.h"
 
 #include "foundation/ImageLoader.h"
+#include "foundation/ListText.h"
 #include "foundation/Log.h"
 #include "foundation/Palette.h"
 
@@ -138,9 +139,24 @@ void CBPAnimationObj::setInterval(int ms)
     m_timer.setInterval(ms);
 }
 
+int CBPAnimationObj::interval() const
+{
+    return m_timer.interval();
+}
+
+void CBPAnimationObj::resetInterval()
+{
+    setInterval(kInterval);
+}
+
 void CBPAnimationObj::setDelayInterval(int ms)
 {
     m_startDelay = ms;
+}
+
+int CBPAnimationObj::delayInterval() const
+{
+    return m_startDelay;
 }
 
 void CBPAnimationObj::setRes(QStringList paths)
@@ -153,6 +169,21 @@ void CBPAnimationObj::setRes(QStringList paths)
     m_frames = load();
     if (wasRunning)
         start();
+}
+
+void CBPAnimationObj::setImages(const QStringList &paths)
+{
+    setRes(lumqt::listOf(paths));
+}
+
+QStringList CBPAnimationObj::images() const
+{
+    return m_paths;
+}
+
+int CBPAnimationObj::frameCount() const
+{
+    return int(m_frames.size());
 }
 
 int CBPAnimationObj::curentIndex() const
