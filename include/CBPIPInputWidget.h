@@ -18,6 +18,8 @@ class CBPIPAddrEdit;
 class LUMQT_EXPORT CBPIPInputWidget : public QWidget
 {
     Q_OBJECT
+    /// The address in dotted notation; a text that is none, the empty one too, changes nothing. \since 1.0
+    Q_PROPERTY(QString ip READ ip WRITE setIP NOTIFY textChanged)
 
 public:
     /// A field with four empty octets. \since 1.0
@@ -36,6 +38,9 @@ public:
     /// The four octets as they stand, with dots between them: "192..0.1" while the second is empty.
     /// \since 1.0
     QString IPAddrString();
+
+    /// IPAddrString() of a constant field. \since 1.0
+    QString ip() const;
 
     /// The address as a number whose highest byte is the first octet. An empty octet counts 0. \since 1.0
     unsigned int IPAddrNum();

@@ -22,6 +22,10 @@ class QToolButton;
 class LUMQT_EXPORT CBPLineEdit : public QLineEdit
 {
     Q_OBJECT
+    /// The picture in front of the text; none without a path. \since 1.0
+    Q_PROPERTY(QString iconPath READ iconPath WRITE setIconPath)
+    /// Whether the keys for select all, copy and paste do nothing. \since 1.0
+    Q_PROPERTY(bool copyPasteBlocked READ isCopyPasteBlocked WRITE setCopyPasteBlocked)
 
 public:
     /// A line edit with the picture \a iconPath in front of the text (the path as it is given), or without
@@ -35,7 +39,23 @@ public:
     /// A line edit without an icon. \since 1.0
     CBPLineEdit(QWidget *parent, bool bBlockCopyPaste);
 
+    /// The same, in which no keys are blocked. \since 1.0
+    explicit CBPLineEdit(QWidget *parent);
+
     ~CBPLineEdit() override;
+
+    /// The path of the picture in front of the text. \since 1.0
+    QString iconPath() const;
+
+    /// Sets the picture in front of the text, and the text margins that keep the text clear of it; with an
+    /// empty path there are neither. \since 1.0
+    void setIconPath(const QString &path);
+
+    /// Whether the keys for select all, copy and paste do nothing. \since 1.0
+    bool isCopyPasteBlocked() const;
+
+    /// Blocks the keys for select all, copy and paste, or lets them through. \since 1.0
+    void setCopyPasteBlocked(bool blocked);
 
 Q_SIGNALS:
     /// A key goes down, and the edit is about to act on it. Not sent for keys that are blocked. The event is
@@ -63,11 +83,13 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    void createIcon(const QString &path);
+    void createIcon();
+    void removeIcon();
     void keepTextClear();
     void placeIcon();
     bool isBlocked(const QKeyEvent *event) const;
 
+    QString m_strIconPath;
     QToolButton *m_pIconBtn = nullptr;
     bool m_bFirstClick = true;
     bool m_bBlockCopyPaste;

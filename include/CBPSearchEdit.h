@@ -25,6 +25,8 @@ class QCompleter;
 class LUMQT_EXPORT CBPSearchEdit : public CBPLineEdit
 {
     Q_OBJECT
+    /// Has no place in a search field, which sets its text margins itself. \since 1.0
+    Q_PROPERTY(QString iconPath READ iconPath WRITE setIconPath DESIGNABLE false)
 
 public:
     /// A search field without a parent, whatever \a parent is: put it into a layout, or delete it. With a

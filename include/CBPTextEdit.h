@@ -10,6 +10,16 @@
 class LUMQT_EXPORT CBPTextEdit : public QTextEdit
 {
     Q_OBJECT
+    /// How many characters the text may have, a line break is one; 0 or less is no limit. \since 1.0
+    Q_PROPERTY(int maxLength READ maxLength WRITE setMaxLength)
+    /// Pixels between the frame and the text at the left; less than 0 is 0. \since 1.0
+    Q_PROPERTY(int leftTextMargin READ leftTextMargin WRITE setLeftTextMargin)
+    /// Pixels between the frame and the text at the top; less than 0 is 0. \since 1.0
+    Q_PROPERTY(int topTextMargin READ topTextMargin WRITE setTopTextMargin)
+    /// Pixels between the frame and the text at the right; less than 0 is 0. \since 1.0
+    Q_PROPERTY(int rightTextMargin READ rightTextMargin WRITE setRightTextMargin)
+    /// Pixels between the frame and the text at the bottom; less than 0 is 0. \since 1.0
+    Q_PROPERTY(int bottomTextMargin READ bottomTextMargin WRITE setBottomTextMargin)
 
 public:
     /// An empty edit without a limit. \since 1.0
@@ -25,10 +35,37 @@ public:
     /// \since 1.0
     void setMaxLength(int maxLength);
 
+    /// How many characters the text may have, as it was set; 0 or less is no limit. \since 1.0
+    int maxLength() const;
+
     /// Sets the space between the frame and the text in pixels; less than 0 is 0. It has the ground that the
     /// text has. The document's own margin comes on top (QTextDocument::documentMargin()): 6 pixels, and Qt's
     /// 4 after setDocument(). \since 1.0
     void setTextMargin(int left, int top, int right, int bottom);
+
+    /// The space between the frame and the text at the left in pixels. \since 1.0
+    int leftTextMargin() const;
+
+    /// Sets this space as setTextMargin() does, and no other. \since 1.0
+    void setLeftTextMargin(int pixels);
+
+    /// The space between the frame and the text at the top in pixels. \since 1.0
+    int topTextMargin() const;
+
+    /// Sets this space as setTextMargin() does, and no other. \since 1.0
+    void setTopTextMargin(int pixels);
+
+    /// The space between the frame and the text at the right in pixels. \since 1.0
+    int rightTextMargin() const;
+
+    /// Sets this space as setTextMargin() does, and no other. \since 1.0
+    void setRightTextMargin(int pixels);
+
+    /// The space between the frame and the text at the bottom in pixels. \since 1.0
+    int bottomTextMargin() const;
+
+    /// Sets this space as setTextMargin() does, and no other. \since 1.0
+    void setBottomTextMargin(int pixels);
 
 protected:
     bool event(QEvent *event) override;

@@ -98,6 +98,11 @@ void CBPIPInputWidget::setIP(unsigned long ip)
 
 QString CBPIPInputWidget::IPAddrString()
 {
+    return ip();
+}
+
+QString CBPIPInputWidget::ip() const
+{
     QStringList octets;
     for (const CBPIPAddrEdit *edit : m_pEdits)
         octets << edit->text();

@@ -72,12 +72,12 @@ constexpr QKeySequence::StandardKey kBlockedKeys[] = {QKeySequence::SelectAll, Q
 } // namespace
 
 CBPLineEdit::CBPLineEdit(QString iconPath, bool bBlockCopyPaste, QWidget *parent)
-    : QLineEdit(parent), m_bBlockCopyPaste(bBlockCopyPaste)
+    : QLineEdit(parent), m_strIconPath(iconPath), m_bBlockCopyPaste(bBlockCopyPaste)
 {
     CBPStyle::Apply(this);
     lumqt::wearTheme(this, lumqt::fieldTones());
     if (!iconPath.isEmpty())
-        createIcon(iconPath);
+        createIcon();
 }
 
 CBPLineEdit::CBPLineEdit(QWidget *parent, bool bBlockCopyPaste)
@@ -85,10 +85,39 @@ CBPLineEdit::CBPLineEdit(QWidget *parent, bool bBlockCopyPaste)
 {
 }
 
+CBPLineEdit::CBPLineEdit(QWidget *parent) : CBPLineEdit(parent, false) {}
+
 CBPLineEdit::~CBPLineEdit() = default;
 
-void CBPLineEdit::createIcon(const QString &path)
+QString CBPLineEdit::iconPath() const
 {
+    return m_strIconPath;
+}
+
+void CBPLineEdit::setIconPath(const QString &path)
+{
+    m_strIconPath = path;
+    removeIcon();
+    if (path.isEmpty())
+        return;
+    createIcon();
+    placeIcon();
+    m_pIconBtn->show();
+}
+
+bool CBPLineEdit::isCopyPasteBlocked() const
+{
+    return m_bBlockCopyPaste;
+}
+
+void CBPLineEdit::setCopyPasteBlocked(bool blocked)
+{
+    m_bBlockCopyPaste = blocked;
+}
+
+void CBPLineEdit::createIcon()
+{
+    const QString path = m_strIconPath;
     const QPixmap picture = lumqt::loadPixmap(path, devicePixelRatioF());
     const QSize size = lumqt::logicalSize(picture);
     auto *button = new IconButton(picture, this);
@@ -100,6 +129,17 @@ void CBPLineEdit::createIcon(const QString &path)
     m_pIconBtn->setFixedSize(size);
     m_pIconBtn->setFocusPolicy(Qt::NoFocus);
     keepTextClear();
+}
+
+// Not deleted at once: an application may have made the icon a button, and be in its click.
+void CBPLineEdit::removeIcon()
+{
+    if (!m_pIconBtn)
+        return;
+    m_pIconBtn->hide();
+    m_pIconBtn->deleteLater();
+    m_pIconBtn = nullptr;
+    setTextMargins(0, 0, 0, 0);
 }
 
 void CBPLineEdit::keepTextClear()

@@ -67,10 +67,59 @@ void CBPTextEdit::setMaxLength(int maxLength)
     m_iMaxLength = maxLength;
 }
 
+int CBPTextEdit::maxLength() const
+{
+    return m_iMaxLength;
+}
+
 void CBPTextEdit::setTextMargin(int left, int top, int right, int bottom)
 {
     const auto sane = [](int pixels) { return qBound(0, pixels, QWIDGETSIZE_MAX); };
     setViewportMargins(sane(left), sane(top), sane(right), sane(bottom));
+}
+
+int CBPTextEdit::leftTextMargin() const
+{
+    return viewportMargins().left();
+}
+
+void CBPTextEdit::setLeftTextMargin(int pixels)
+{
+    const QMargins now = viewportMargins();
+    setTextMargin(pixels, now.top(), now.right(), now.bottom());
+}
+
+int CBPTextEdit::topTextMargin() const
+{
+    return viewportMargins().top();
+}
+
+void CBPTextEdit::setTopTextMargin(int pixels)
+{
+    const QMargins now = viewportMargins();
+    setTextMargin(now.left(), pixels, now.right(), now.bottom());
+}
+
+int CBPTextEdit::rightTextMargin() const
+{
+    return viewportMargins().right();
+}
+
+void CBPTextEdit::setRightTextMargin(int pixels)
+{
+    const QMargins now = viewportMargins();
+    setTextMargin(now.left(), now.top(), pixels, now.bottom());
+}
+
+int CBPTextEdit::bottomTextMargin() const
+{
+    return viewportMargins().bottom();
+}
+
+void CBPTextEdit::setBottomTextMargin(int pixels)
+{
+    const QMargins now = viewportMargins();
+    setTextMargin(now.left(), now.top(), now.right(), pixels);
 }
 
 // The painting of the frame; that of the text is the viewport's.
