@@ -30,6 +30,12 @@ class FrameAbove;
 class LUMQT_EXPORT CBPDateSelector : public QWidget
 {
     Q_OBJECT
+    /// The date; one outside of the range becomes the first or last of it. \since 1.0
+    Q_PROPERTY(QDate date READ GetDate WRITE SetDate NOTIFY dateChanged)
+    /// The first date there is. \since 1.0
+    Q_PROPERTY(QDate minimumDate READ minimumDate CONSTANT)
+    /// The last date there is. \since 1.0
+    Q_PROPERTY(QDate maximumDate READ maximumDate CONSTANT)
 
 public:
     /// A selector of 2000-01-01 in the short format of its locale, without the name of the day. \since 1.0
@@ -39,16 +45,26 @@ public:
     ~CBPDateSelector() override;
 
     /// Sets the date. One outside of the range becomes the first or last of it, one that is not valid is
-    /// ignored. Tells nobody. \since 1.0
+    /// ignored. Only dateChanged() tells of it. \since 1.0
     void SetDate(QDate &date);
 
     /// The date in the field. \since 1.0
     QDate GetDate() const;
 
+    /// The first date there is, 1980-01-01. \since 1.0
+    QDate minimumDate() const;
+
+    /// The last date there is, 2099-12-31. \since 1.0
+    QDate maximumDate() const;
+
 Q_SIGNALS:
     /// The field was left, or Return pressed in it, or a day picked from the calendar; a double click on a
     /// day picks it twice. The selector may be deleted by what is connected. \since 1.0
     void sigDateEditFinish();
+
+    /// The date is another one, whoever changed it. While it is typed it comes with each key, and a slot uses
+    /// deleteLater() for the selector; of a day that is picked it comes after sigDateEditFinish(). \since 1.0
+    void dateChanged(const QDate &date);
 
 protected:
     bool event(QEvent *event) override;
@@ -65,6 +81,7 @@ private:
     void Layout(QWidget *parent);
     void CreateCalendar();
     void UpdateDate(const QDate &date);
+    void tellDate();
     bool opensCalendar(QEvent *event);
     void giveFocusBack();
     void chooseSides();
@@ -76,5 +93,7 @@ private:
     QPointer<CBPTipWnd> m_pTipWnd; // a child of the button, so it may be gone first
     QPointer<CBPBox> m_pBox;
     QPointer<lumqt::FrameAbove> m_pFrame;
-    int m_iPicks = 0; // that the calendar is busy with
+    int m_iPicks = 0;  // that the calendar is busy with
+    int m_iUntold = 0; // picks that sigDateEditFinish() is still to come of
+    QDate m_dateTold;
 };

@@ -119,7 +119,9 @@ void CBPDateSelector::Layout(QWidget *parent)
     CBPStyle::Apply(m_pDateEdit);
     lumqt::wearTheme(m_pDateEdit, lumqt::fieldTones());
     m_pDateEdit->installEventFilter(this);
+    m_dateTold = m_pDateEdit->date();
     connect(m_pDateEdit, SIGNAL(editingFinished()), this, SLOT(onDateEditFinish()));
+    connect(m_pDateEdit.data(), &QDateTimeEdit::dateChanged, this, &CBPDateSelector::tellDate);
     m_pBox->PackStart(m_pDateEdit, false, false, 0);
 
     QVector<QString> images;
@@ -146,6 +148,26 @@ void CBPDateSelector::SetDate(QDate &date)
 QDate CBPDateSelector::GetDate() const
 {
     return m_pDateEdit ? m_pDateEdit->date() : QDate();
+}
+
+QDate CBPDateSelector::minimumDate() const
+{
+    return firstDate();
+}
+
+QDate CBPDateSelector::maximumDate() const
+{
+    return lastDate();
+}
+
+// Return in the field tells of its date, too, where nothing has changed.
+void CBPDateSelector::tellDate()
+{
+    const QDate date = GetDate();
+    if (m_iUntold > 0 || !date.isValid() || date == m_dateTold)
+        return;
+    m_dateTold = date;
+    emit dateChanged(date);
 }
 
 // ------------------------------------------------------------------------------------------------------------
@@ -221,6 +243,7 @@ void CBPDateSelector::UpdateDate(const QDate &date)
         return;
     const QPointer<CBPDateSelector> alive(this);
     ++m_iPicks;
+    ++m_iUntold;
     m_pDateEdit->setDate(date);
     if (alive && m_pTipWnd && m_pTipWnd->isVisible()) {
         giveFocusBack();
@@ -229,6 +252,10 @@ void CBPDateSelector::UpdateDate(const QDate &date)
     }
     if (alive)
         onDateEditFinish();
+    if (alive) {
+        --m_iUntold;
+        tellDate();
+    }
     if (alive)
         --m_iPicks;
 }

@@ -4,10 +4,12 @@
 #include "datetime/DimmedWhenDisabled.h"
 #include "ENState.h"
 #include "foundation/Accessible.h"
+#include "foundation/ListText.h"
 
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QTimeEdit>
+#include <QTimer>
 
 #include <algorithm>
 #include <utility>
@@ -16,6 +18,7 @@ namespace {
 
 constexpr int kItemSpacing = 10; // pixels between the fields, once there are more than one
 constexpr int kButtonId = 255;
+constexpr int kMaximumCount = 4;
 
 QAccessibleInterface *makeAccessible(QWidget *widget)
 {
@@ -35,7 +38,10 @@ CEditTimeEdit::CEditTimeEdit(QString addIcon, QString delIcon, int maxCount, QWi
 {
     lumqt::installAccessible("CEditTimeEdit", makeAccessible);
     Layout();
+    m_listTold = times();
 }
+
+CEditTimeEdit::CEditTimeEdit(QWidget *parent) : CEditTimeEdit(QString(), QString(), kMaximumCount, parent) {}
 
 CEditTimeEdit::~CEditTimeEdit()
 {
@@ -69,6 +75,7 @@ CEditTimeEditItem *CEditTimeEdit::appendItem()
     m_pItemLayout->addWidget(item);
     connect(item, SIGNAL(sigHideItem(CEditTimeEditItem *)), this, SLOT(onHideItem(CEditTimeEditItem *)));
     connect(item, &QObject::destroyed, this, &CEditTimeEdit::forgetItem);
+    connect(item, &CEditTimeEditItem::timeChanged, this, &CEditTimeEdit::tellTimes);
     if (before && before->m_pDelBtn && m_pAddBtn) {
         // Tab follows the row; otherwise what is made last comes last, after the add button.
         setTabOrder(before->m_pDelBtn, item->m_pTimeEdit);
@@ -90,6 +97,8 @@ void CEditTimeEdit::forgetItem(QObject *item)
     const int index = int(found - m_listItems.begin());
     m_listItems.erase(found);
     itemRemoved(index);
+    // Later: who hears of it may delete the list, and with it an item that is being deleted.
+    QTimer::singleShot(0, this, [this] { tellTimes(); });
 }
 
 void CEditTimeEdit::OnBtnPressed(int)
@@ -102,6 +111,7 @@ void CEditTimeEdit::OnBtnPressed(int)
     if (isVisible())
         item->show(); // a hidden widget cannot take the focus
     updateAddButton();
+    tellTimes();
 }
 
 void CEditTimeEdit::onHideItem(CEditTimeEditItem *pItem)
@@ -122,6 +132,7 @@ void CEditTimeEdit::onHideItem(CEditTimeEditItem *pItem)
         m_pItemLayout->removeWidget(item);
     }
     itemRemoved(index);
+    tellTimes();
 }
 
 void CEditTimeEdit::itemRemoved(int index)
@@ -159,13 +170,91 @@ void CEditTimeEdit::nameItems(int from)
 
 void CEditTimeEdit::Initialize(QVector<QTime> times)
 {
+    const QPointer<CEditTimeEdit> alive(this);
+    m_bSettingTimes = true;
     for (int i = 0; i < times.size(); ++i) {
         if (i >= m_listItems.size())
             OnBtnPressed(-1);
         if (i >= m_listItems.size())
-            return;
+            break;
         m_listItems.at(i)->SetQTime(times[i]);
+        if (!alive)
+            return;
     }
+    m_bSettingTimes = false;
+    tellTimes();
+}
+
+// Once for each change, whatever it is made of.
+void CEditTimeEdit::tellTimes()
+{
+    const QStringList now = times();
+    if (m_bSettingTimes || now == m_listTold)
+        return;
+    m_listTold = now;
+    emit timesChanged(now);
+}
+
+QString CEditTimeEdit::addIcon() const
+{
+    return m_strAddIcon;
+}
+
+void CEditTimeEdit::setAddIcon(const QString &path)
+{
+    m_strAddIcon = path;
+    if (m_pAddBtn)
+        lumqt::setOnlyPicture(*m_pAddBtn, path);
+}
+
+QString CEditTimeEdit::deleteIcon() const
+{
+    return m_strDelIcon;
+}
+
+void CEditTimeEdit::setDeleteIcon(const QString &path)
+{
+    m_strDelIcon = path;
+    for (CEditTimeEditItem *item : qAsConst(m_listItems))
+        item->setIconPath(path);
+}
+
+int CEditTimeEdit::maximumCount() const
+{
+    return m_iMaxCount;
+}
+
+// The constructor has the add button beside a single field whatever the number.
+void CEditTimeEdit::setMaximumCount(int count)
+{
+    m_iMaxCount = count;
+    if (m_listItems.size() > 1)
+        updateAddButton();
+    else if (m_pAddBtn)
+        m_pAddBtn->setVisible(true);
+}
+
+void CEditTimeEdit::resetMaximumCount()
+{
+    setMaximumCount(kMaximumCount);
+}
+
+QStringList CEditTimeEdit::times() const
+{
+    QStringList texts;
+    for (const CEditTimeEditItem *item : m_listItems) {
+        const QTime time = item->GetQTime();
+        texts.append(time.toString(time.second() > 0 ? QStringLiteral("hh:mm:ss") : QStringLiteral("hh:mm")));
+    }
+    return texts;
+}
+
+void CEditTimeEdit::setTimes(const QStringList &times)
+{
+    QVector<QTime> parsed;
+    for (const QString &time : lumqt::listOf(times))
+        parsed.append(QTime::fromString(time, Qt::ISODate));
+    Initialize(parsed);
 }
 
 QVector<QTime> CEditTimeEdit::GetQTimes() const

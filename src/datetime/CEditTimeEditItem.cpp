@@ -22,6 +22,8 @@ CEditTimeEditItem::CEditTimeEditItem(QString iconPath, QWidget *parent)
     Layout();
 }
 
+CEditTimeEditItem::CEditTimeEditItem(QWidget *parent) : CEditTimeEditItem(QString(), parent) {}
+
 CEditTimeEditItem::~CEditTimeEditItem() = default;
 
 void CEditTimeEditItem::Layout()
@@ -42,6 +44,8 @@ void CEditTimeEditItem::Layout()
     if (turned)
         m_pTimeEdit->setDisplayFormat(format);
     layout->addWidget(m_pTimeEdit);
+    m_timeTold = m_pTimeEdit->time();
+    connect(m_pTimeEdit.data(), &QDateTimeEdit::timeChanged, this, &CEditTimeEditItem::tellTime);
     m_pDelBtn = new CBPImageButton(QVector<QString>(ENStateDisable + 1, m_strIconPath), false, kButtonId);
     new lumqt::DimmedWhenDisabled(m_pDelBtn);
     layout->addWidget(m_pDelBtn);
@@ -63,6 +67,34 @@ void CEditTimeEditItem::SetIconVisual(bool bShow)
 {
     if (m_pDelBtn)
         m_pDelBtn->setVisible(bShow);
+}
+
+// What was never shown is hidden, too, until its parent shows it.
+bool CEditTimeEditItem::isIconVisible() const
+{
+    return m_pDelBtn && !(m_pDelBtn->isHidden() && m_pDelBtn->testAttribute(Qt::WA_WState_ExplicitShowHide));
+}
+
+QString CEditTimeEditItem::iconPath() const
+{
+    return m_strIconPath;
+}
+
+void CEditTimeEditItem::setIconPath(const QString &path)
+{
+    m_strIconPath = path;
+    if (m_pDelBtn)
+        lumqt::setOnlyPicture(*m_pDelBtn, path);
+}
+
+// Return in the field tells of its time, too, where nothing has changed.
+void CEditTimeEditItem::tellTime()
+{
+    const QTime time = GetQTime();
+    if (time == m_timeTold)
+        return;
+    m_timeTold = time;
+    emit timeChanged(time);
 }
 
 void CEditTimeEditItem::OnClicked(int)

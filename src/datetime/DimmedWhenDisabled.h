@@ -1,5 +1,8 @@
 #pragma once
 
+#include "CBPImageButton.h"
+#include "ENState.h"
+#include "foundation/ImageLoader.h"
 #include "foundation/Palette.h"
 
 #include <QEvent>
@@ -32,5 +35,14 @@ protected:
 private:
     static constexpr qreal kDimmed = 0.35;
 };
+
+// Gives such a button another picture, and the size of that, which a button keeps by itself.
+inline void setOnlyPicture(CBPImageButton &button, const QString &path)
+{
+    QVector<QString> images(ENStateDisable + 1, path);
+    button.SetImgButtonRes(images);
+    button.setFixedSize(pictureSize(path, button.devicePixelRatioF()));
+    button.update();
+}
 
 } // namespace lumqt
