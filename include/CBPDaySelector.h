@@ -21,6 +21,14 @@ class CTriStateButton;
 class LUMQT_EXPORT CBPDaySelector : public QWidget
 {
     Q_OBJECT
+    /// The names of the days; new ones make new buttons. \since 1.0
+    Q_PROPERTY(QStringList items READ items WRITE setItems)
+    /// The text of the extra choice; without one there is none. \since 1.0
+    Q_PROPERTY(QString extraItem READ extraItem WRITE setExtraItem)
+    /// The text of the button that selects all; without one there is none. \since 1.0
+    Q_PROPERTY(QString selectAllItem READ selectAllItem WRITE setSelectAllItem)
+    /// The texts of the checked buttons; an empty list checks none and unchecks none. \since 1.0
+    Q_PROPERTY(QStringList selected READ selected WRITE setSelected NOTIFY selectedChanged)
 
 public:
     /// A selector of \a names, then \a strExtraItem, then \a strSelectAll; an empty text for either means
@@ -29,30 +37,74 @@ public:
     /// to see until it is clicked, and it takes no focus. \since 1.0
     CBPDaySelector(QStringList &names, QString &strExtraItem, QString &strSelectAll,
                    QWidget *parent = nullptr);
+
+    /// An empty selector, until it is given items. \since 1.0
+    explicit CBPDaySelector(QWidget *parent = nullptr);
+
     ~CBPDaySelector() override;
+
+    /// The names of the days. \since 1.0
+    QStringList items() const;
+
+    /// Replaces the names, and with them all buttons; what was selected stays so where there is such a text.
+    /// A single name is taken apart at its commas. \since 1.0
+    void setItems(const QStringList &items);
+
+    /// The text of the extra choice. \since 1.0
+    QString extraItem() const;
+
+    /// Sets the text of the extra choice, and makes all buttons anew; an empty one means there is none.
+    /// \since 1.0
+    void setExtraItem(const QString &text);
+
+    /// The text of the button that selects all. \since 1.0
+    QString selectAllItem() const;
+
+    /// Sets the text of the button that selects all, and makes all buttons anew; an empty one means there is
+    /// none. \since 1.0
+    void setSelectAllItem(const QString &text);
 
     /// The texts of the checked buttons, in their order; never that of the button that selects all.
     /// \since 1.0
     QStringList GetSelected();
 
-    /// Checks exactly the buttons whose texts, by case, are in \a texts, without a signal. An empty list
-    /// changes nothing; a list of strangers clears the selection. \since 1.0
+    /// Checks exactly the buttons whose texts, by case, are in \a texts; of the signals selectedChanged()
+    /// alone tells of it. An empty list changes nothing; a list of strangers clears the selection. Until the
+    /// user changes it, it holds for items that are set later, too. \since 1.0
     void SetSelected(QStringList texts);
+
+    /// The texts of the checked buttons, in their order; never that of the button that selects all.
+    /// \since 1.0
+    QStringList selected() const;
+
+    /// SetSelected(); a single text is taken apart at its commas. \since 1.0
+    void setSelected(const QStringList &texts);
 
 Q_SIGNALS:
     /// The selection changed by mouse, keyboard or an assistive tool. True: all were selected at once. False:
     /// one was toggled, whichever way; ask GetSelected(). The selector may be deleted here. \since 1.0
     void sigBtnClicked(bool bChecked);
 
+    /// Others are selected now, whoever changed it; after a click sigBtnClicked() comes first. The selector
+    /// may be deleted here. \since 1.0
+    void selectedChanged(const QStringList &selected);
+
 private Q_SLOTS:
     void slotBtnClicked(bool bChecked);
     void onSelectAll();
 
 private:
+    void build();
+    void rebuild();
     void buildGrid(const QStringList &items);
+    void clicked(bool bAll);
+    void tellSelected();
     CTriStateButton *makeButton(const QString &text);
 
+    QStringList m_listItems;
     QString m_strExtraItem;
     QString m_strSelectAll;
     QVector<QPointer<CTriStateButton>> m_listButtons;
+    QStringList m_listWanted; // of SetSelected(), until the user has changed it
+    QStringList m_listTold;   // by selectedChanged()
 };

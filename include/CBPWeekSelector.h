@@ -19,30 +19,62 @@ class CTriStateButton;
 class LUMQT_EXPORT CBPWeekSelector : public QWidget
 {
     Q_OBJECT
+    /// The names of the days; new ones make new buttons. \since 1.0
+    Q_PROPERTY(QStringList items READ items WRITE setItems)
+    /// The texts of the checked buttons; an empty list checks none and unchecks none. \since 1.0
+    Q_PROPERTY(QStringList selected READ selected WRITE setSelected NOTIFY selectedChanged)
 
 public:
     /// A selector with one button per name, unchecked; the names are copied and may repeat. Of a button
     /// without a name there is nothing to see until it is clicked, and it takes no focus. Without any names
     /// the selector is empty. \since 1.0
     explicit CBPWeekSelector(QStringList &names, QWidget *parent = nullptr);
+
+    /// An empty selector, until it is given items. \since 1.0
+    explicit CBPWeekSelector(QWidget *parent = nullptr);
+
     ~CBPWeekSelector() override;
+
+    /// The names of the days. \since 1.0
+    QStringList items() const;
+
+    /// Replaces the names, and with them all buttons; what was selected stays so where there is such a text.
+    /// A single name is taken apart at its commas. \since 1.0
+    void setItems(const QStringList &items);
 
     /// The texts of the checked buttons, in their order.
     /// \since 1.0
     QStringList GetSelected();
 
-    /// Checks exactly the buttons whose texts, by case, are in \a texts, without a signal. An empty list
-    /// changes nothing; a list of strangers clears the selection. \since 1.0
+    /// Checks exactly the buttons whose texts, by case, are in \a texts; of the signals selectedChanged()
+    /// alone tells of it. An empty list changes nothing; a list of strangers clears the selection. Until the
+    /// user changes it, it holds for items that are set later, too. \since 1.0
     void SetSelected(QStringList texts);
+
+    /// The texts of the checked buttons, in their order. \since 1.0
+    QStringList selected() const;
+
+    /// SetSelected(); a single text is taken apart at its commas. \since 1.0
+    void setSelected(const QStringList &texts);
 
 Q_SIGNALS:
     /// A button was toggled by mouse, keyboard or an assistive tool, whichever way: \a bChecked is always
     /// false, ask GetSelected(). The selector may be deleted here. \since 1.0
     void sigBtnClicked(bool bChecked);
 
+    /// Others are selected now, whoever changed it; after a click sigBtnClicked() comes first. The selector
+    /// may be deleted here. \since 1.0
+    void selectedChanged(const QStringList &selected);
+
 private Q_SLOTS:
     void slotBtnClicked(bool bChecked);
 
 private:
+    void build();
+    void tellSelected();
+
+    QStringList m_listItems;
     QVector<QPointer<CTriStateButton>> m_listButtons;
+    QStringList m_listWanted; // of SetSelected(), until the user has changed it
+    QStringList m_listTold;   // by selectedChanged()
 };

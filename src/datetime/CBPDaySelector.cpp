@@ -4,6 +4,7 @@
 #include "CTriStateButton.h"
 #include "datetime/ChoiceButtons.h"
 #include "foundation/Accessible.h"
+#include "foundation/ListText.h"
 
 #include <QGridLayout>
 
@@ -17,10 +18,22 @@ constexpr int kLastWidth = kLastColumns * lumqt::kChoiceWidth + (kLastColumns - 
 
 CBPDaySelector::CBPDaySelector(QStringList &names, QString &strExtraItem, QString &strSelectAll,
                                QWidget *parent)
-    : QWidget(parent), m_strExtraItem(strExtraItem), m_strSelectAll(strSelectAll)
+    : QWidget(parent), m_listItems(names), m_strExtraItem(strExtraItem), m_strSelectAll(strSelectAll)
 {
     lumqt::installAccessible(staticMetaObject.className(), lumqt::makeGrouping);
-    QStringList items = names;
+    build();
+}
+
+CBPDaySelector::CBPDaySelector(QWidget *parent) : QWidget(parent)
+{
+    lumqt::installAccessible(staticMetaObject.className(), lumqt::makeGrouping);
+}
+
+CBPDaySelector::~CBPDaySelector() = default;
+
+void CBPDaySelector::build()
+{
+    QStringList items = m_listItems;
     if (!m_strExtraItem.isEmpty())
         items.append(m_strExtraItem);
     if (!m_strSelectAll.isEmpty())
@@ -29,7 +42,58 @@ CBPDaySelector::CBPDaySelector(QStringList &names, QString &strExtraItem, QStrin
         buildGrid(items);
 }
 
-CBPDaySelector::~CBPDaySelector() = default;
+void CBPDaySelector::rebuild()
+{
+    const QStringList chosen = m_listWanted.isEmpty() ? selected() : m_listWanted;
+    lumqt::FormerChoices former(this);
+    m_listButtons.clear();
+    build();
+    lumqt::checkTexts(m_listButtons, chosen);
+    const QPointer<CBPDaySelector> alive(this);
+    former.giveWay();
+    if (alive)
+        tellSelected();
+}
+
+QStringList CBPDaySelector::items() const
+{
+    return m_listItems;
+}
+
+void CBPDaySelector::setItems(const QStringList &items)
+{
+    const QStringList names = lumqt::listOf(items);
+    if (m_listItems == names)
+        return;
+    m_listItems = names;
+    rebuild();
+}
+
+QString CBPDaySelector::extraItem() const
+{
+    return m_strExtraItem;
+}
+
+void CBPDaySelector::setExtraItem(const QString &text)
+{
+    if (m_strExtraItem == text)
+        return;
+    m_strExtraItem = text;
+    rebuild();
+}
+
+QString CBPDaySelector::selectAllItem() const
+{
+    return m_strSelectAll;
+}
+
+void CBPDaySelector::setSelectAllItem(const QString &text)
+{
+    if (m_strSelectAll == text)
+        return;
+    m_strSelectAll = text;
+    rebuild();
+}
 
 void CBPDaySelector::buildGrid(const QStringList &items)
 {
@@ -64,17 +128,48 @@ CTriStateButton *CBPDaySelector::makeButton(const QString &text)
 
 QStringList CBPDaySelector::GetSelected()
 {
-    return lumqt::checkedTexts(m_listButtons);
+    return selected();
 }
 
 void CBPDaySelector::SetSelected(QStringList texts)
 {
+    if (!texts.isEmpty())
+        m_listWanted = texts;
     lumqt::checkTexts(m_listButtons, texts);
+    tellSelected();
+}
+
+QStringList CBPDaySelector::selected() const
+{
+    return lumqt::checkedTexts(m_listButtons);
+}
+
+void CBPDaySelector::setSelected(const QStringList &texts)
+{
+    SetSelected(lumqt::listOf(texts));
+}
+
+void CBPDaySelector::tellSelected()
+{
+    const QStringList now = selected();
+    if (now == m_listTold)
+        return;
+    m_listTold = now;
+    emit selectedChanged(now);
+}
+
+void CBPDaySelector::clicked(bool bAll)
+{
+    m_listWanted.clear();
+    const QPointer<CBPDaySelector> alive(this);
+    emit sigBtnClicked(bAll);
+    if (alive)
+        tellSelected();
 }
 
 void CBPDaySelector::slotBtnClicked(bool bChecked)
 {
-    emit sigBtnClicked(bChecked);
+    clicked(bChecked);
 }
 
 void CBPDaySelector::onSelectAll()
@@ -83,5 +178,5 @@ void CBPDaySelector::onSelectAll()
         if (button)
             button->SetChecked(true);
     }
-    emit sigBtnClicked(true);
+    clicked(true);
 }

@@ -4,19 +4,32 @@
 #include "CTriStateButton.h"
 #include "datetime/ChoiceButtons.h"
 #include "foundation/Accessible.h"
+#include "foundation/ListText.h"
 
 #include <QHBoxLayout>
 
-CBPWeekSelector::CBPWeekSelector(QStringList &names, QWidget *parent) : QWidget(parent)
+CBPWeekSelector::CBPWeekSelector(QStringList &names, QWidget *parent) : CBPWeekSelector(parent)
+{
+    m_listItems = names;
+    build();
+}
+
+CBPWeekSelector::CBPWeekSelector(QWidget *parent) : QWidget(parent)
 {
     lumqt::installAccessible(staticMetaObject.className(), lumqt::makeGrouping);
-    if (names.isEmpty())
+}
+
+CBPWeekSelector::~CBPWeekSelector() = default;
+
+void CBPWeekSelector::build()
+{
+    if (m_listItems.isEmpty())
         return;
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(lumqt::kChoiceSpacing);
     auto *group = new lumqt::FocusGroup(this);
-    for (const QString &name : qAsConst(names)) {
+    for (const QString &name : qAsConst(m_listItems)) {
         CTriStateButton *button = lumqt::makeChoice(name);
         connect(button, &QAbstractButton::clicked, this, &CBPWeekSelector::slotBtnClicked);
         m_listButtons.append(button);
@@ -25,19 +38,65 @@ CBPWeekSelector::CBPWeekSelector(QStringList &names, QWidget *parent) : QWidget(
     }
 }
 
-CBPWeekSelector::~CBPWeekSelector() = default;
+QStringList CBPWeekSelector::items() const
+{
+    return m_listItems;
+}
+
+void CBPWeekSelector::setItems(const QStringList &items)
+{
+    const QStringList names = lumqt::listOf(items);
+    if (m_listItems == names)
+        return;
+    const QStringList chosen = m_listWanted.isEmpty() ? selected() : m_listWanted;
+    m_listItems = names;
+    lumqt::FormerChoices former(this);
+    m_listButtons.clear();
+    build();
+    lumqt::checkTexts(m_listButtons, chosen);
+    const QPointer<CBPWeekSelector> alive(this);
+    former.giveWay();
+    if (alive)
+        tellSelected();
+}
 
 QStringList CBPWeekSelector::GetSelected()
 {
-    return lumqt::checkedTexts(m_listButtons);
+    return selected();
 }
 
 void CBPWeekSelector::SetSelected(QStringList texts)
 {
+    if (!texts.isEmpty())
+        m_listWanted = texts;
     lumqt::checkTexts(m_listButtons, texts);
+    tellSelected();
+}
+
+QStringList CBPWeekSelector::selected() const
+{
+    return lumqt::checkedTexts(m_listButtons);
+}
+
+void CBPWeekSelector::setSelected(const QStringList &texts)
+{
+    SetSelected(lumqt::listOf(texts));
+}
+
+void CBPWeekSelector::tellSelected()
+{
+    const QStringList now = selected();
+    if (now == m_listTold)
+        return;
+    m_listTold = now;
+    emit selectedChanged(now);
 }
 
 void CBPWeekSelector::slotBtnClicked(bool bChecked)
 {
+    m_listWanted.clear();
+    const QPointer<CBPWeekSelector> alive(this);
     emit sigBtnClicked(bChecked);
+    if (alive)
+        tellSelected();
 }

@@ -1,10 +1,12 @@
 #include "datetime/ChoiceButtons.h"
 
+#include "buttons/FocusGroup.h"
 #include "CTriStateButton.h"
 #include "foundation/FontLookup.h"
 #include "foundation/Painting.h"
 #include "foundation/Palette.h"
 
+#include <QLayout>
 #include <QPainter>
 #include <QSet>
 
@@ -14,6 +16,15 @@ namespace {
 
 constexpr int kMarkHeight = 2;
 constexpr int kMarkInset = 4; // from the button's edges: off its frame, at any scale
+
+// What the Tab key reaches before it comes to `widget`, outside of that; null for nothing.
+QWidget *stopBefore(const QWidget *widget)
+{
+    QWidget *before = widget->previousInFocusChain();
+    while (before != widget && (before->focusPolicy() == Qt::NoFocus || widget->isAncestorOf(before)))
+        before = before->previousInFocusChain();
+    return before == widget ? nullptr : before;
+}
 
 // A disabled toggle has the same colours whether it is checked or not. Here one goes on looking at what is
 // chosen, so the chosen ones have a line under their text.
@@ -67,6 +78,58 @@ void checkTexts(const ChoiceButtons &buttons, const QStringList &texts)
     for (CTriStateButton *button : buttons) {
         if (button)
             button->SetChecked(wanted.contains(button->text()));
+    }
+}
+
+FormerChoices::FormerChoices(QWidget *selector) : m_selector(selector)
+{
+    const auto buttons = selector->findChildren<CTriStateButton *>(QString(), Qt::FindDirectChildrenOnly);
+    for (CTriStateButton *button : buttons) {
+        QObject::disconnect(button, nullptr, selector, nullptr);
+        m_buttons.append(button);
+    }
+    for (QObject *child : selector->children()) {
+        if (auto *group = dynamic_cast<FocusGroup *>(child))
+            group->deleteLater(); // a key may be on its way through it
+    }
+    delete selector->layout();
+}
+
+void FormerChoices::giveWay()
+{
+    QWidget *before = nullptr; // in the order of the Tab key, which knows no others
+    QWidget *stop = nullptr;
+    const QWidget *focus = m_selector->window()->focusWidget();
+    const bool focused = focus && m_selector->isAncestorOf(focus);
+    for (QWidget *button : qAsConst(m_buttons)) {
+        if (button && button->focusPolicy() != Qt::NoFocus)
+            before = button;
+    }
+    if (!before)
+        before = stopBefore(m_selector);
+    const auto buttons = m_selector->findChildren<CTriStateButton *>(QString(), Qt::FindDirectChildrenOnly);
+    for (CTriStateButton *button : buttons) {
+        if (m_buttons.contains(button))
+            continue;
+        if (m_selector->isVisible())
+            button->show(); // what is hidden cannot take the focus
+        if (button->focusPolicy() == Qt::NoFocus)
+            continue;
+        if (before)
+            QWidget::setTabOrder(before, button);
+        before = button;
+        if (button->focusPolicy() & Qt::TabFocus)
+            stop = button;
+    }
+    if (!m_selector->layout())
+        m_selector->updateGeometry(); // it is empty now
+    if (focused && stop)
+        stop->setFocus();
+    for (QWidget *button : qAsConst(m_buttons)) {
+        if (!button)
+            continue;
+        button->deleteLater();
+        button->hide();
     }
 }
 

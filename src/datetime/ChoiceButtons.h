@@ -5,6 +5,7 @@
 #include <QVector>
 
 class CTriStateButton;
+class QWidget;
 
 // What the day and the week selector share.
 namespace lumqt {
@@ -22,5 +23,22 @@ QStringList checkedTexts(const ChoiceButtons &buttons);
 
 // Checks exactly the buttons whose texts are in `texts`. An empty list changes nothing.
 void checkTexts(const ChoiceButtons &buttons, const QStringList &texts);
+
+// What a selector shows, while others take its place.
+class FormerChoices
+{
+public:
+    // Takes layout and focus group off `selector`, so that it can have new ones.
+    explicit FormerChoices(QWidget *selector);
+
+    // Once the new buttons are in the layout: they have the places of the former ones, or of the selector, in
+    // the order of the Tab key, and the focus if it was there. The former ones are hidden now and deleted
+    // later, as one may be in the middle of its click. What hears of the focus may delete the selector.
+    void giveWay();
+
+private:
+    QPointer<QWidget> m_selector;
+    QVector<QPointer<QWidget>> m_buttons;
+};
 
 } // namespace lumqt
