@@ -17,11 +17,19 @@ class QVBoxLayout;
 class LUMQT_EXPORT CBPFrameBox : public QWidget
 {
     Q_OBJECT
+    /// Height of the band at the top, in pixels; 60 in a box of a form. \since 1.0
+    Q_PROPERTY(int titleHeight READ titleHeight WRITE setTitleHeight)
+    /// How far above the lower edge the other band ends, in pixels; 70 in a box of a form. \since 1.0
+    Q_PROPERTY(int bottomHeight READ bottomHeight WRITE setBottomHeight)
 
 public:
     /// An empty box. It has no parent, whatever \a parent says: place it in a layout, or delete it.
     /// \since 1.0
     CBPFrameBox(int iTitleHeight, int iBottomHeight, QWidget *parent = nullptr);
+
+    /// An empty box in \a parent, with bands of 60 and 70 pixels: for forms.
+    /// \since 1.0
+    explicit CBPFrameBox(QWidget *parent = nullptr);
     ~CBPFrameBox() override;
 
     /// Adds a widget at the right end of the title row and \a iSpacing pixels of space behind it. A null
@@ -35,6 +43,18 @@ public:
     /// The same at the right end of the bottom row.
     /// \since 1.0
     void AddBottomWidget(QWidget *pWidget, int iSpacing = 0);
+
+    /// The height of the title band. \since 1.0
+    int titleHeight() const { return m_iTitleHeight; }
+
+    /// Sets the height of the title band. \since 1.0
+    void setTitleHeight(int height);
+
+    /// The bottom height. \since 1.0
+    int bottomHeight() const { return m_iBottomHeight; }
+
+    /// Sets the bottom height. \since 1.0
+    void setBottomHeight(int height);
 
 protected:
     void paintEvent(QPaintEvent *event) override;

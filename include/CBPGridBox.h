@@ -5,6 +5,8 @@
 #include <QList>
 #include <QPointer>
 
+class QPainter;
+
 /// A box that looks like a row of cells: framed, with a line one pixel wide between the widgets packed by
 /// PackStart().
 ///
@@ -20,6 +22,13 @@ public:
     /// whatever \a iSpacing says; change it with SetSpacing(). Lines are vertical in a column, too.
     /// \since 1.0
     explicit CBPGridBox(bool bVertical = false, bool bOption = false, int iSpacing = 0);
+
+    /// An empty row of cells in \a parent, a pointer to a widget, for forms: without a layout, see CBPBox.
+    /// Lines are drawn behind the widgets of a row that the form sets, too, whatever its spacing. \since 1.0
+    template <class Parent, class = lumqt::IfParent<Parent>>
+    explicit CBPGridBox(Parent parent) : CBPGridBox(lumqt::InForm(), parent)
+    {
+    }
     ~CBPGridBox() override;
 
     using CBPBox::PackStart;
@@ -33,5 +42,11 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    CBPGridBox(lumqt::InForm, QWidget *parent);
+    void becomeGrid();
+    void paintLine(QPainter &painter, int x);
+    void paintLinesOfForm(QPainter &painter);
+
     QList<QPointer<QWidget>> m_listWidgets; // in packing order
+    const bool m_inForm = false;
 };

@@ -109,8 +109,7 @@ void WrappingRow::setGeometry(const QRect &rect)
 ButtonPart::ButtonPart(Qt::Alignment side, int spacing) : m_row(new WrappingRow(side))
 {
     m_row->setContentsMargins(0, 0, 0, 0);
-    delete m_pLayout;
-    m_pLayout = m_row;
+    delete layout();
     setLayout(m_row);
     setBrush(Qt::NoBrush);
     SetSpacing(spacing);

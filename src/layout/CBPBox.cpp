@@ -32,7 +32,15 @@ CBPBox::CBPBox(bool bVertical, bool bOption, int iSpacing)
       m_bVertical(bVertical),
       m_bOption(bOption),
       m_iSpacing(iSpacing),
+      m_iFirstSpacing(iSpacing),
       m_framePurpose(int(lumqt::Purpose::BoxFrame)) // callers set their own; red shows where one forgot
+{
+    Init();
+    packedLayout();
+}
+
+CBPBox::CBPBox(lumqt::InForm, QWidget *parent)
+    : CBPWidget(parent), m_framePurpose(int(lumqt::Purpose::BoxFrame))
 {
     Init();
 }
@@ -47,13 +55,6 @@ CBPBox::~CBPBox()
 
 void CBPBox::Init()
 {
-    if (m_bVertical)
-        m_pLayout = new QVBoxLayout;
-    else
-        m_pLayout = new QHBoxLayout;
-    m_pLayout->setContentsMargins(0, 0, 0, 0);
-    m_pLayout->setSpacing(m_iSpacing);
-    setLayout(m_pLayout);
     m_pHeightAnimation = new QPropertyAnimation(this, "maximumHeight");
     m_pSizeAnimation = new QPropertyAnimation(this, "size");
 }
@@ -61,52 +62,87 @@ void CBPBox::Init()
 // ------------------------------------------------------------------------------------------------------------
 // packing
 
+// The row or column that is packed into; made where a box of a form has none yet. Null where the form has set
+// a layout of another kind.
+QBoxLayout *CBPBox::packedLayout()
+{
+    if (layout()) {
+        auto *theirs = qobject_cast<QBoxLayout *>(layout());
+        if (!theirs && !m_bToldLayout)
+            qCWarning(lcLumQt, "%s: nothing can be packed into a %s", metaObject()->className(),
+                      layout()->metaObject()->className());
+        m_bToldLayout = m_bToldLayout || !theirs;
+        return theirs;
+    }
+    QBoxLayout *own = nullptr;
+    if (m_bVertical)
+        own = new QVBoxLayout;
+    else
+        own = new QHBoxLayout;
+    own->setContentsMargins(0, 0, 0, 0);
+    own->setSpacing(m_iSpacing);
+    if (m_iConstraint >= 0)
+        own->setSizeConstraint(static_cast<QLayout::SizeConstraint>(m_iConstraint));
+    setLayout(own);
+    return own;
+}
+
 void CBPBox::PackStart(QWidget *pWidget, bool bExpand, bool, int iPadding, Qt::Alignment align)
 {
-    if (!m_pLayout || !lumqt::canPack(this, pWidget))
+    if (!lumqt::canPack(this, pWidget))
         return;
+    QBoxLayout *items = packedLayout();
+    if (!items) {
+        pWidget->setParent(this);
+        return;
+    }
     if (bExpand)
         pWidget->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    m_pLayout->addWidget(pWidget, 0, align);
-    m_pLayout->addSpacing(iPadding);
+    items->addWidget(pWidget, 0, align);
+    items->addSpacing(iPadding);
 }
 
 void CBPBox::PackStart(QLayout *pLayout, int iPadding, int iStretch)
 {
-    if (!m_pLayout || !lumqt::canPack(this, pLayout))
+    QBoxLayout *items = lumqt::canPack(this, pLayout) ? packedLayout() : nullptr;
+    if (!items)
         return;
-    const int before = m_pLayout->count();
-    m_pLayout->addLayout(pLayout, iStretch);
-    if (m_pLayout->count() > before) // not when it belongs to another already
-        m_pLayout->addSpacing(iPadding);
+    const int before = items->count();
+    items->addLayout(pLayout, iStretch);
+    if (items->count() > before) // not when it belongs to another already
+        items->addSpacing(iPadding);
 }
 
 void CBPBox::InsertWidget(int index, QWidget *pWidget, int iStretch, Qt::Alignment align)
 {
-    if (!m_pLayout || !lumqt::canPack(this, pWidget))
+    if (!lumqt::canPack(this, pWidget))
         return;
-    m_pLayout->insertWidget(index <= m_pLayout->count() ? index : -1, pWidget, iStretch, align);
+    if (QBoxLayout *items = packedLayout())
+        items->insertWidget(index <= items->count() ? index : -1, pWidget, iStretch, align);
+    else
+        pWidget->setParent(this);
 }
 
 void CBPBox::AddSpacerItem(QSpacerItem *pItem)
 {
-    if (!pItem || !m_pLayout || m_pLayout->indexOf(pItem) >= 0)
+    QBoxLayout *items = pItem ? packedLayout() : nullptr;
+    if (!items || items->indexOf(pItem) >= 0)
         return;
-    m_pLayout->addSpacerItem(pItem);
+    items->addSpacerItem(pItem);
     m_givenSpacers.append(pItem);
 }
 
 void CBPBox::AddSpacing(int iSpacing)
 {
-    if (m_pLayout)
-        m_pLayout->addSpacing(iSpacing);
+    if (QBoxLayout *items = packedLayout())
+        items->addSpacing(iSpacing);
 }
 
 void CBPBox::RemoveChildren(bool bHide)
 {
     const QPointer<CBPBox> alive(this);
-    while (alive && m_pLayout) {
-        QLayoutItem *item = m_pLayout->takeAt(0);
+    while (alive && layout()) {
+        QLayoutItem *item = layout()->takeAt(0);
         if (!item)
             break;
         const QPointer<QWidget> widget = item->widget();
@@ -122,14 +158,14 @@ void CBPBox::RemoveChildren(bool bHide)
 
 void CBPBox::RemoveChild(QWidget *pWidget, bool bDelete)
 {
-    if (!pWidget || !m_pLayout)
+    if (!pWidget || !layout())
         return;
-    const int count = m_pLayout->count();
+    const int count = layout()->count();
     for (int i = 0; i < count; ++i) {
-        QLayoutItem *item = m_pLayout->itemAt(i);
+        QLayoutItem *item = layout()->itemAt(i);
         if (!item || item->widget() != pWidget)
             continue;
-        m_pLayout->removeWidget(pWidget);
+        layout()->removeWidget(pWidget);
         if (bDelete)
             pWidget->deleteLater();
     }
@@ -143,11 +179,58 @@ void CBPBox::SetBorderWidth(int left, int top, int right, int bottom)
     setContentsMargins(left, top, right, bottom);
 }
 
+void CBPBox::setLeftBorder(int border)
+{
+    SetBorderWidth(border, topBorder(), rightBorder(), bottomBorder());
+}
+
+void CBPBox::setTopBorder(int border)
+{
+    SetBorderWidth(leftBorder(), border, rightBorder(), bottomBorder());
+}
+
+void CBPBox::setRightBorder(int border)
+{
+    SetBorderWidth(leftBorder(), topBorder(), border, bottomBorder());
+}
+
+void CBPBox::setBottomBorder(int border)
+{
+    SetBorderWidth(leftBorder(), topBorder(), rightBorder(), border);
+}
+
 void CBPBox::SetSpacing(int iSpacing)
 {
     m_iSpacing = iSpacing;
-    if (m_pLayout)
-        m_pLayout->setSpacing(iSpacing);
+    if (layout())
+        layout()->setSpacing(iSpacing);
+}
+
+int CBPBox::spacing() const
+{
+    return layout() ? layout()->spacing() : m_iSpacing;
+}
+
+void CBPBox::resetSpacing()
+{
+    SetSpacing(m_iFirstSpacing);
+}
+
+void CBPBox::setOrientation(Qt::Orientation orientation)
+{
+    m_bVertical = orientation == Qt::Vertical;
+    auto *items = qobject_cast<QBoxLayout *>(layout());
+    if (items && this->orientation() != (m_bVertical ? Qt::Vertical : Qt::Horizontal))
+        items->setDirection(m_bVertical ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+}
+
+Qt::Orientation CBPBox::orientation() const
+{
+    bool vertical = m_bVertical;
+    if (const auto *items = qobject_cast<const QBoxLayout *>(layout()))
+        vertical =
+            items->direction() == QBoxLayout::TopToBottom || items->direction() == QBoxLayout::BottomToTop;
+    return vertical ? Qt::Vertical : Qt::Horizontal;
 }
 
 void CBPBox::SetSizeConstraint(int iConstraint)
@@ -156,8 +239,9 @@ void CBPBox::SetSizeConstraint(int iConstraint)
         qCWarning(lcLumQt, "CBPBox: %d is no size constraint", iConstraint);
         return;
     }
-    if (m_pLayout)
-        m_pLayout->setSizeConstraint(static_cast<QLayout::SizeConstraint>(iConstraint));
+    m_iConstraint = iConstraint;
+    if (layout())
+        layout()->setSizeConstraint(static_cast<QLayout::SizeConstraint>(iConstraint));
 }
 
 void CBPBox::SetDrawFrame(bool bDrawFrame)
@@ -177,6 +261,12 @@ void CBPBox::SetFrameClr(QColor clrFrame)
     update();
 }
 
+void CBPBox::resetFrameColor()
+{
+    m_ownFrame = false;
+    update();
+}
+
 void CBPBox::setFramePurpose(int purpose)
 {
     m_framePurpose = purpose;
@@ -186,6 +276,17 @@ void CBPBox::SetBgClr(QColor clrBg)
 {
     m_clrBg = clrBg;
     m_ownBg = true;
+    update();
+}
+
+QColor CBPBox::backgroundColor() const
+{
+    return m_ownBg ? m_clrBg : lumqt::builtInColor(lumqt::Purpose::BoxGround);
+}
+
+void CBPBox::resetBackgroundColor()
+{
+    m_ownBg = false;
     update();
 }
 

@@ -11,6 +11,8 @@
 namespace {
 
 constexpr int kOutlineWidth = 1;
+constexpr int kTitleHeight = 60; // of a form's box, as the framed windows have them
+constexpr int kBottomHeight = 70;
 
 template <class Layout> Layout *emptyLayout()
 {
@@ -32,6 +34,12 @@ CBPFrameBox::CBPFrameBox(int iTitleHeight, int iBottomHeight, QWidget *)
     : QWidget(nullptr),
       m_iTitleHeight(lumqt::boundedPixels(iTitleHeight)),
       m_iBottomHeight(lumqt::boundedPixels(iBottomHeight))
+{
+    Init();
+}
+
+CBPFrameBox::CBPFrameBox(QWidget *parent)
+    : QWidget(parent), m_iTitleHeight(kTitleHeight), m_iBottomHeight(kBottomHeight)
 {
     Init();
 }
@@ -66,6 +74,18 @@ void CBPFrameBox::AddBottomWidget(QWidget *pWidget, int iSpacing)
 {
     if (lumqt::canPack(this, pWidget))
         append(m_pBottomLayout, pWidget, iSpacing);
+}
+
+void CBPFrameBox::setTitleHeight(int height)
+{
+    m_iTitleHeight = lumqt::boundedPixels(height);
+    update();
+}
+
+void CBPFrameBox::setBottomHeight(int height)
+{
+    m_iBottomHeight = lumqt::boundedPixels(height);
+    update();
 }
 
 void CBPFrameBox::paintEvent(QPaintEvent *)

@@ -17,6 +17,17 @@ void CBPWidget::setBrush(QBrush brush)
     update();
 }
 
+QBrush CBPWidget::brush() const
+{
+    return m_ownBrush ? m_brush : QBrush(lumqt::builtInColor(lumqt::Purpose::PanelGround));
+}
+
+void CBPWidget::resetBrush()
+{
+    m_ownBrush = false;
+    update();
+}
+
 void CBPWidget::setPen(QPen pen)
 {
     m_pen = pen;
