@@ -24,6 +24,11 @@
 class LUMQT_EXPORT CBPFlowLayout : public QLayout
 {
     Q_OBJECT
+    /// Pixels between the items of a row; -1, as after a reset, leaves them to the style. \since 1.0
+    Q_PROPERTY(
+        int horizontalSpacing READ horizontalSpacing WRITE setHorizontalSpacing RESET resetHorizontalSpacing)
+    /// Pixels between rows; -1, as after a reset, leaves them to the style. \since 1.0
+    Q_PROPERTY(int verticalSpacing READ verticalSpacing WRITE setVerticalSpacing RESET resetVerticalSpacing)
 
 public:
     /// The layout of \a parent. \a margin is left free on all four sides, \a hSpacing between the items of a
@@ -63,9 +68,21 @@ public:
     /// widget's style's, or the outer layout's spacing; -1 without either. \since 1.0
     int horizontalSpacing() const;
 
+    /// Sets the gap between the items of a row; a negative number as in the constructor. \since 1.0
+    void setHorizontalSpacing(int spacing);
+
+    /// Leaves the gap between the items of a row to the style. \since 1.0
+    void resetHorizontalSpacing();
+
     /// The gap between rows; see horizontalSpacing().
     /// \since 1.0
     int verticalSpacing() const;
+
+    /// Sets the gap between rows; a negative number as in the constructor. \since 1.0
+    void setVerticalSpacing(int spacing);
+
+    /// Leaves the gap between rows to the style. \since 1.0
+    void resetVerticalSpacing();
 
     /// None: the layout takes no more room than it needs.
     /// \since 1.0
@@ -93,6 +110,7 @@ public:
 
 private:
     class Gaps;
+    friend class CBPFlowWidget;
 
     bool canTake(QLayoutItem *item) const;
     int doLayout(const QRect &rect, bool testOnly) const;
@@ -102,4 +120,5 @@ private:
     QList<QLayoutItem *> m_listItems;
     int m_iHSpacing;
     int m_iVSpacing;
+    bool m_bTaking = false; // an item that is added brings widgets along, which are none of their own
 };

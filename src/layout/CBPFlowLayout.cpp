@@ -84,10 +84,15 @@ CBPFlowLayout::~CBPFlowLayout()
 // Qt's own would follow a widget around it in circles, and null nowhere.
 void CBPFlowLayout::addWidget(QWidget *widget)
 {
-    if (!widget)
+    if (!widget) {
         qCWarning(lcLumQt, "CBPFlowLayout: null is no item");
-    else if (lumqt::canPack(parentWidget(), widget))
-        QLayout::addWidget(widget);
+        return;
+    }
+    if (!lumqt::canPack(parentWidget(), widget))
+        return;
+    m_bTaking = true;
+    QLayout::addWidget(widget);
+    m_bTaking = false;
 }
 
 bool CBPFlowLayout::canTake(QLayoutItem *item) const
@@ -120,8 +125,11 @@ void CBPFlowLayout::addItem(QLayoutItem *item)
     if (!canTake(item))
         return;
     QLayout *inner = item->layout();
-    if (inner && !inner->parent())
+    if (inner && !inner->parent()) {
+        m_bTaking = true;
         addChildLayout(inner);
+        m_bTaking = false;
+    }
     m_listItems.append(item);
     invalidate();
 }
@@ -151,6 +159,28 @@ QLayoutItem *CBPFlowLayout::takeAt(int index)
 int CBPFlowLayout::horizontalSpacing() const
 {
     return m_iHSpacing >= 0 ? m_iHSpacing : smartSpacing(QStyle::PM_LayoutHorizontalSpacing);
+}
+
+void CBPFlowLayout::setHorizontalSpacing(int spacing)
+{
+    m_iHSpacing = lumqt::boundedPixels(spacing);
+    invalidate();
+}
+
+void CBPFlowLayout::resetHorizontalSpacing()
+{
+    setHorizontalSpacing(-1);
+}
+
+void CBPFlowLayout::setVerticalSpacing(int spacing)
+{
+    m_iVSpacing = lumqt::boundedPixels(spacing);
+    invalidate();
+}
+
+void CBPFlowLayout::resetVerticalSpacing()
+{
+    setVerticalSpacing(-1);
 }
 
 int CBPFlowLayout::verticalSpacing() const
