@@ -44,11 +44,13 @@ QWidget *FocusGroup::container() const
     return static_cast<QWidget *>(parent());
 }
 
-void FocusGroup::add(QWidget *member)
+void FocusGroup::add(QWidget *member, const QWidget *before)
 {
     if (!(member->focusPolicy() & Qt::TabFocus))
         return;
-    m_members.append(member);
+    const auto place = std::find_if(m_members.begin(), m_members.end(),
+                                    [before](const QWidget *each) { return before && each == before; });
+    m_members.insert(place, QPointer<QWidget>(member));
     member->installEventFilter(this);
     connect(member, &QObject::destroyed, this, &FocusGroup::forget);
     if (m_stop)

@@ -18,8 +18,8 @@ public:
     // The group belongs to `container`, in which its members lie.
     explicit FocusGroup(QWidget *container);
 
-    // Adds a member; one that does not take the focus by Tab is left out.
-    void add(QWidget *member);
+    // Adds a member before another one, or at the end; one that does not take the focus by Tab is left out.
+    void add(QWidget *member, const QWidget *before = nullptr);
 
     // Makes a member that was chosen the one that Tab comes to, unless the focus is in the group.
     void choose(QWidget *member);

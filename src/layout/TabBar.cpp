@@ -1,8 +1,12 @@
 #include "layout/TabBar.h"
 
+#include "buttons/FocusGroup.h"
 #include "buttons/GroupButton.h"
 #include "foundation/Accessible.h"
 #include "foundation/Palette.h"
+
+#include <QBoxLayout>
+#include <QTimer>
 
 namespace lumqt {
 
@@ -12,12 +16,42 @@ TabBar::TabBar() : CButtonGroupBox(true, nullptr)
     setTones(int(Purpose::TabFrame), int(Purpose::TabGround));
 }
 
-CBPPushBtn *TabBar::addTab(int id, const QString &text, const QString &iconPath, QWidget *page)
+CBPPushBtn *TabBar::addTab(int id, const QString &text, const QString &iconPath, QWidget *page,
+                           CBPPushBtn *before)
 {
-    CBPPushBtn *button = AddButton(id, text, iconPath);
+    CBPPushBtn *button = before && m_buttons.contains(before) ? insertButton(before, id, text, iconPath)
+                                                              : AddButton(id, text, iconPath);
     if (auto *tab = qobject_cast<GroupButton *>(button))
         tab->makeTabOf(page);
     return button;
+}
+
+// In all the places that AddButton() puts one at the end of.
+CBPPushBtn *TabBar::insertButton(CBPPushBtn *before, int id, const QString &text, const QString &iconPath)
+{
+    CBPPushBtn *button = CreateButton(id, text, iconPath);
+    m_buttons.insert(m_buttons.indexOf(before), button);
+    const int place = layout()->indexOf(before);
+    InsertWidget(place, button);
+    static_cast<QBoxLayout *>(layout())->insertSpacing(place + 1, 0);
+    m_focusGroup->add(button, before);
+    return button;
+}
+
+void TabBar::removeTab(CBPPushBtn *tab)
+{
+    m_buttons.removeOne(tab);
+    QLayoutItem *behind = layout()->itemAt(layout()->indexOf(tab) + 1);
+    if (behind && behind->spacerItem())
+        delete layout()->takeAt(layout()->indexOf(behind));
+    tab->disconnect(this);
+    RemoveChild(tab, true);
+    tab->hide(); // last: the focus moves
+}
+
+void TabBar::fitHeight()
+{
+    QTimer::singleShot(0, this, [this] { slotResizeWidget(); });
 }
 
 QAccessibleInterface *TabBar::makeAccessible(QWidget *widget)

@@ -15,10 +15,19 @@ class TabBar : public CButtonGroupBox
 public:
     TabBar();
 
-    // Adds a tab that shows `page`.
-    CBPPushBtn *addTab(int id, const QString &text, const QString &iconPath, QWidget *page);
+    // Adds a tab that shows `page`, before the tab `before` or, if that is null, at the end.
+    CBPPushBtn *addTab(int id, const QString &text, const QString &iconPath, QWidget *page,
+                       CBPPushBtn *before = nullptr);
+
+    // Takes a tab out and deletes it later.
+    void removeTab(CBPPushBtn *tab);
+
+    // Takes the height of the first tab a moment later, also in a row that was empty when it did so by
+    // itself.
+    void fitHeight();
 
 private:
+    CBPPushBtn *insertButton(CBPPushBtn *before, int id, const QString &text, const QString &iconPath);
     static QAccessibleInterface *makeAccessible(QWidget *widget);
 };
 
