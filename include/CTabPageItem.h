@@ -30,6 +30,14 @@ class CFoucsLabel;
 class LUMQT_EXPORT CTabPageItem : public QWidget
 {
     Q_OBJECT
+    /// Text of the title. As the icons it can be set once AddPage() has made the title. \since 1.0
+    Q_PROPERTY(QString title READ title WRITE ChangeTitle NOTIFY titleChanged)
+    /// Files of the title's icon, plain and focused; none: no icon. \since 1.0
+    Q_PROPERTY(QStringList leadIcons READ leadIcons WRITE setLeadIcons)
+    /// Files of the title's arrow, plain and focused; none: the library's own. \since 1.0
+    Q_PROPERTY(QStringList tailIcons READ tailIcons WRITE setTailIcons)
+    /// Whether the entry is the current one of its group; SetFocus() makes it that. \since 1.0
+    Q_PROPERTY(bool focused READ isFocused NOTIFY focusedChanged DESIGNABLE false)
 
 public:
     /// An entry without title and content. Its title will be \a iTitleHeight pixels high; a negative number
@@ -49,9 +57,24 @@ public:
     /// \since 1.0
     void ChangeTitle(QString strTitle);
 
+    /// The title's text; empty before AddPage(). \since 1.0
+    QString title() const;
+
     /// Sets the files of the title's icon and arrow; see CFoucsLabel::SetIconPath().
     /// \since 1.0
     void SetIconPath(QStringList leadIcons, QStringList tailIcons);
+
+    /// The files of the title's icon, as SetIconPath() was given them. \since 1.0
+    QStringList leadIcons() const { return m_leadIcons; }
+
+    /// Sets the files of the title's icon alone. \since 1.0
+    void setLeadIcons(const QStringList &files);
+
+    /// The files of the title's arrow, as SetIconPath() was given them. \since 1.0
+    QStringList tailIcons() const { return m_tailIcons; }
+
+    /// Sets the files of the title's arrow alone. \since 1.0
+    void setTailIcons(const QStringList &files);
 
     /// Sets the title's colours; see CFoucsLabel::SetColor().
     /// \since 1.0
@@ -73,6 +96,9 @@ public:
     /// \since 1.0
     bool IsFocus();
 
+    /// The same. \since 1.0
+    bool isFocused() const;
+
     /// Sets the entries of which one is current, this one among them. Null is skipped; entries that are
     /// deleted drop out. \since 1.0
     void SetGroup(QVector<CTabPageItem *> group);
@@ -87,12 +113,24 @@ Q_SIGNALS:
     /// here. \since 1.0
     void sigCurItemClicked(CTabPageItem *pItem);
 
+    /// The title has another text. The entry may be deleted here. \since 1.0
+    void titleChanged(const QString &title);
+
+    /// The entry became the current one of its group, or another one did. The entry may be deleted here.
+    /// \since 1.0
+    void focusedChanged(bool focused);
+
 private Q_SLOTS:
     void OnFocusChanged(CFoucsLabel *label);
 
 private:
+    void tellGroup();
+
     QPointer<CFoucsLabel> m_pTitle;
     QPointer<QWidget> m_pComment;
     int m_iTitleHeight;
+    QStringList m_leadIcons;
+    QStringList m_tailIcons;
+    bool m_bToldFocused = false;
     QVector<QPointer<CTabPageItem>> m_vecGroup;
 };

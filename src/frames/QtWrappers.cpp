@@ -96,7 +96,9 @@ CBPTreeView::CBPTreeView(QWidget *) : QTreeView(nullptr)
 CBPTreeView::~CBPTreeView() = default;
 
 // Sorted from the start, as the table is.
-CBPTreeWidget::CBPTreeWidget() : QTreeWidget(nullptr)
+CBPTreeWidget::CBPTreeWidget() : CBPTreeWidget(nullptr) {}
+
+CBPTreeWidget::CBPTreeWidget(QWidget *parent) : QTreeWidget(parent)
 {
     furnish(this);
     setSelectionBehavior(QAbstractItemView::SelectRows);

@@ -2,6 +2,7 @@
 
 #include "CBPScrollBarStyle.h"
 #include "ENState.h"
+#include "foundation/ListText.h"
 #include "foundation/Painting.h"
 #include "foundation/Palette.h"
 
@@ -43,12 +44,53 @@ CBPScrollBar::CBPScrollBar(Qt::Orientation orientation, QWidget *parent)
     setAttribute(Qt::WA_Hover); // not every style asks for repaints when the mouse comes and goes
 }
 
+CBPScrollBar::CBPScrollBar(QWidget *parent) : CBPScrollBar(Qt::Vertical, parent) {}
+
 CBPScrollBar::~CBPScrollBar() = default;
 
 void CBPScrollBar::SetSliderRadius(double radiusX, double radiusY)
 {
     m_dRadiusX = radiusX;
     m_dRadiusY = radiusY;
+}
+
+void CBPScrollBar::setSliderXRadius(double radius)
+{
+    SetSliderRadius(radius, m_dRadiusY);
+}
+
+void CBPScrollBar::setSliderYRadius(double radius)
+{
+    SetSliderRadius(m_dRadiusX, radius);
+}
+
+void CBPScrollBar::resetSliderXRadius()
+{
+    setSliderXRadius(kSliderRadius);
+}
+
+void CBPScrollBar::resetSliderYRadius()
+{
+    setSliderYRadius(kSliderRadius);
+}
+
+QStringList CBPScrollBar::sliderColors() const
+{
+    if (!m_vecSliderBg.isEmpty())
+        return lumqt::colorNames(m_vecSliderBg);
+    return lumqt::colorNames(
+        {lumqt::builtInColor(Purpose::ScrollSlider), lumqt::builtInColor(Purpose::ScrollSliderHovered)});
+}
+
+void CBPScrollBar::setSliderColors(const QStringList &colors)
+{
+    QVector<QColor> named = lumqt::colorsOf(colors);
+    SetSliderBg(named);
+}
+
+void CBPScrollBar::resetSliderColors()
+{
+    setSliderColors(QStringList());
 }
 
 void CBPScrollBar::SetSliderBg(QVector<QColor> &colors)
@@ -63,6 +105,16 @@ void CBPScrollBar::SetArrowBg(QColor &background1, QColor &background2)
     m_clrArrowBg2 = background2;
 }
 
+void CBPScrollBar::setFirstArrowColor(QColor color)
+{
+    SetArrowBg(color, m_clrArrowBg2);
+}
+
+void CBPScrollBar::setSecondArrowColor(QColor color)
+{
+    SetArrowBg(m_clrArrowBg1, color);
+}
+
 void CBPScrollBar::SetBgMidLine(QColor &color)
 {
     m_clrMidLine = color;
@@ -74,6 +126,18 @@ void CBPScrollBar::SetBarBg(QColor &color)
     m_ownGround = true;
     // The base class promises to cover what lies below; a ground that lets it through does not.
     setAttribute(Qt::WA_OpaquePaintEvent, color.isValid() && color.alpha() == 255);
+    update();
+}
+
+QColor CBPScrollBar::barColor() const
+{
+    return m_ownGround ? m_clrBarBg : lumqt::builtInColor(Purpose::ScrollGround);
+}
+
+void CBPScrollBar::resetBarColor()
+{
+    m_ownGround = false;
+    setAttribute(Qt::WA_OpaquePaintEvent);
     update();
 }
 

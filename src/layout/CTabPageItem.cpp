@@ -1,6 +1,7 @@
 #include "CTabPageItem.h"
 
 #include "CFoucsLabel.h"
+#include "foundation/ListText.h"
 #include "layout/Pages.h"
 
 namespace {
@@ -24,24 +25,46 @@ void CTabPageItem::AddPage(QString strTitle, QWidget *pComment, int iParam)
 {
     m_pComment = pComment;
     if (m_pTitle) {
-        m_pTitle->ChangeText(strTitle);
+        ChangeTitle(strTitle);
         return;
     }
     m_pTitle = new CFoucsLabel(strTitle, iParam, kTitleSpacing, QString(), nullptr);
     m_pTitle->setFixedHeight(m_iTitleHeight);
     connect(m_pTitle, &CFoucsLabel::FocusChanged, this, &CTabPageItem::OnFocusChanged);
+    if (!strTitle.isEmpty())
+        emit titleChanged(strTitle);
 }
 
 void CTabPageItem::ChangeTitle(QString strTitle)
 {
-    if (m_pTitle)
-        m_pTitle->ChangeText(strTitle);
+    if (!m_pTitle || m_pTitle->Text() == strTitle)
+        return;
+    m_pTitle->ChangeText(strTitle);
+    emit titleChanged(strTitle);
+}
+
+QString CTabPageItem::title() const
+{
+    return m_pTitle ? m_pTitle->Text() : QString();
 }
 
 void CTabPageItem::SetIconPath(QStringList leadIcons, QStringList tailIcons)
 {
-    if (m_pTitle)
-        m_pTitle->SetIconPath(leadIcons, tailIcons);
+    if (!m_pTitle)
+        return;
+    m_leadIcons = leadIcons;
+    m_tailIcons = tailIcons;
+    m_pTitle->SetIconPath(leadIcons, tailIcons);
+}
+
+void CTabPageItem::setLeadIcons(const QStringList &files)
+{
+    SetIconPath(lumqt::listOf(files), m_tailIcons);
+}
+
+void CTabPageItem::setTailIcons(const QStringList &files)
+{
+    SetIconPath(m_leadIcons, lumqt::listOf(files));
 }
 
 void CTabPageItem::SetFocusLabelColor(QColor plain, QColor focused)
@@ -68,7 +91,24 @@ QWidget *CTabPageItem::GetCommentWidget()
 
 bool CTabPageItem::IsFocus()
 {
+    return isFocused();
+}
+
+bool CTabPageItem::isFocused() const
+{
     return m_pTitle && m_pTitle->IsFocus();
+}
+
+// Last, as each entry may be deleted by whom it tells; this one, too.
+void CTabPageItem::tellGroup()
+{
+    const auto group = m_vecGroup;
+    for (const QPointer<CTabPageItem> &entry : group) {
+        if (!entry || entry->m_bToldFocused == entry->isFocused())
+            continue;
+        entry->m_bToldFocused = entry->isFocused();
+        emit entry->focusedChanged(entry->m_bToldFocused);
+    }
 }
 
 void CTabPageItem::SetGroup(QVector<CTabPageItem *> group)
@@ -98,8 +138,11 @@ void CTabPageItem::SetFocus()
         if (entry == this)
             m_pTitle->SetFocus(true);
     }
-    // Last: what a content does when it is shown may delete any of this.
+    // Late: what a content does when it is shown may delete any of this.
+    const QPointer<CTabPageItem> alive(this);
     lumqt::showChosen(contents);
+    if (alive)
+        tellGroup();
 }
 
 void CTabPageItem::OnFocusChanged(CFoucsLabel *label)
@@ -113,4 +156,6 @@ void CTabPageItem::OnFocusChanged(CFoucsLabel *label)
     lumqt::showChosen(contents);
     if (alive)
         emit sigCurItemClicked(this); // the entry may be gone after
+    if (alive)
+        tellGroup();
 }
