@@ -29,6 +29,24 @@ class QLinearGradient;
 class LUMQT_EXPORT CBPWinFrmTitle : public CRoundedRectBase
 {
     Q_OBJECT
+    /// Text of the title; empty while it shows an image. \since 1.0
+    Q_PROPERTY(QString title READ title WRITE setTitle)
+    /// Colour of the title. An invalid one is left out; a reset brings back the one that the bar chose
+    /// itself. \since 1.0
+    Q_PROPERTY(QColor titleColor READ titleColor WRITE SetTitleClr RESET resetTitleColor)
+    /// Style sheet of the title's label. \since 1.0
+    Q_PROPERTY(QString titleTextStyle READ titleTextStyle WRITE SetTitleTextStyle)
+    /// Image file of the icon; empty: none. \since 1.0
+    Q_PROPERTY(QString logoPath READ logoPath WRITE SetLog)
+    /// Colour that fills the bar. An invalid one is left out; a reset brings back the one that the bar chose
+    /// itself. \since 1.0
+    Q_PROPERTY(QColor backgroundColor READ backgroundColor WRITE SetBgColor RESET resetBackgroundColor)
+    /// Whether the back, menu, close and minimise button can be pressed. \since 1.0
+    Q_PROPERTY(bool buttonsEnabled READ areButtonsEnabled WRITE SetTitleBtnEnable)
+    /// Whether the menu button is marked with a dot. \since 1.0
+    Q_PROPERTY(bool hasNewVersion READ hasNewVersion WRITE SetHasNewVersion)
+    /// Whether the bar is that of a maximised window. \since 1.0
+    Q_PROPERTY(bool maximised READ isMaximised WRITE ResetMaxBtn DESIGNABLE false)
 
 public:
     /// A bar that drags \a parent. Without a parent it drags nothing.
@@ -39,13 +57,28 @@ public:
     /// ShowTitleBtn() switched it off, and goes when there is nothing to show. Texts are plain. \since 1.0
     void SetTitle(QString s, bool isImage);
 
+    /// Shows \a text as the title; see SetTitle(). \since 1.0
+    void setTitle(const QString &text);
+
+    /// The text of the title; empty while it shows an image. \since 1.0
+    QString title() const;
+
     /// Shows the image file \a path as the icon. The label appears and goes as the title does.
     /// \since 1.0
     void SetLog(QString &path);
 
+    /// The image file of the icon. \since 1.0
+    QString logoPath() const { return m_icon.image; }
+
     /// Fills the bar with \a c. An invalid colour is ignored.
     /// \since 1.0
     void SetBgColor(QColor &c);
+
+    /// The colour that fills the bar; invalid for a gradient. \since 1.0
+    QColor backgroundColor() const { return m_brush.color(); }
+
+    /// Fills the bar with the colour that it chooses itself, as at first. \since 1.0
+    void resetBackgroundColor();
 
     /// Fills the bar with \a gradient, which is in pixels of the bar unless its coordinate mode says else.
     /// \since 1.0
@@ -55,9 +88,18 @@ public:
     /// \since 1.0
     void SetTitleClr(QColor color);
 
+    /// The colour of the title. \since 1.0
+    QColor titleColor() const;
+
+    /// Gives the title the colour that the bar chooses itself, as at first. \since 1.0
+    void resetTitleColor();
+
     /// Sets the style sheet of the title's label. A title that is cut takes colour and font from it only.
     /// \since 1.0
     void SetTitleTextStyle(const QString &css);
+
+    /// The style sheet of the title's label. \since 1.0
+    QString titleTextStyle() const;
 
     /// Shows or hides the parts whose bits are set in \a ids: the buttons, where they exist, 256 the icon and
     /// 512 the title. The offer button obeys only while there is an online-support button. Bits without a
@@ -72,9 +114,15 @@ public:
     /// \since 1.0
     void SetTitleBtnEnable(bool enable);
 
+    /// Whether back, menu, close and minimise button are enabled, as far as they exist. \since 1.0
+    bool areButtonsEnabled() const;
+
     /// Tells the bar whether its window is maximised: the maximise button, where there is one, shows the
     /// image that fits, and a maximised window is not dragged. \since 1.0
     void ResetMaxBtn(bool maximised);
+
+    /// What ResetMaxBtn() was told; false at first. \since 1.0
+    bool isMaximised() const { return m_maximised; }
 
     /// The button of the highest bit set in \a id; null where there is none. Only the bits 2 to 128 are
     /// looked at. The button belongs to the bar. \since 1.0
@@ -92,6 +140,9 @@ public:
     /// Marks the menu button with a red dot, or no longer.
     /// \since 1.0
     void SetHasNewVersion(bool hasNewVersion);
+
+    /// Whether the menu button is marked with a dot. \since 1.0
+    bool hasNewVersion() const;
 
     /// Gives menu and support button their tool tips in the language in force. The bar does so by itself for
     /// all its buttons when the language changes. \since 1.0

@@ -23,6 +23,35 @@ class FrameBehaviour;
 class LUMQT_EXPORT CBPWinWidget : public QWidget
 {
     Q_OBJECT
+    /// Text in the title bar, and the window title with it; empty while an image is shown there. \since 1.0
+    Q_PROPERTY(QString title READ title WRITE SetWindowTitle NOTIFY titleChanged)
+    /// Image file of the title bar's icon; empty: none. \since 1.0
+    Q_PROPERTY(QString logoPath READ logoPath WRITE SetWindowLog)
+    /// Colour of the title bar. An invalid one is left out; a reset brings back the one that the bar chooses
+    /// itself. \since 1.0
+    Q_PROPERTY(QColor titleBackground READ titleBackground WRITE SetTitleBg RESET resetTitleBackground)
+    /// Whether the title bar's back, menu, close and minimise button can be pressed. \since 1.0
+    Q_PROPERTY(bool titleBarEnabled READ isTitleBarEnabled WRITE SetTitleBarEnabled)
+    /// Whether the upper corners of the title bar are round. \since 1.0
+    Q_PROPERTY(bool titleRounded READ isTitleRounded WRITE EnabledTitleRoundRc)
+    /// Height of the title bar in pixels. \since 1.0
+    Q_PROPERTY(int titleHeight READ titleHeight WRITE SetTitleHeight RESET resetTitleHeight)
+    /// Whether the menu button is marked with a dot. \since 1.0
+    Q_PROPERTY(bool hasNewVersion READ hasNewVersion WRITE SetHasNewVersion)
+    /// Whether there is a title bar to be seen. \since 1.0
+    Q_PROPERTY(bool titleVisible READ isTitleVisible WRITE showWindowTitle)
+    /// Height of the bottom area in pixels; 0 takes the line above it away for good. \since 1.0
+    Q_PROPERTY(int bottomHeight READ bottomHeight WRITE SetBottomHeight RESET resetBottomHeight)
+    /// Whether derived classes draw a line above the bottom area; set after bottomHeight. \since 1.0
+    Q_PROPERTY(bool drawsBottomLine READ drawsBottomLine WRITE SetDrawBottomHLine)
+    /// Room for a shadow on all sides in pixels, from Init() or the next restoring on. \since 1.0
+    Q_PROPERTY(int shadowBorder READ shadowBorder WRITE SetShadowBorder RESET resetShadowBorder)
+    /// Whether a maximised window keeps 5 pixels away from every edge. \since 1.0
+    Q_PROPERTY(bool winPE READ isWinPE WRITE setIsWinPE DESIGNABLE false)
+    /// Whether Escape and Alt+F4 do not close the window. \since 1.0
+    Q_PROPERTY(bool escAndF4Disabled READ isEscAndF4Disabled WRITE SetDisableEscAndF4Flag)
+    /// Whether the window fills the work area; see isMaximized(). \since 1.0
+    Q_PROPERTY(bool maximized READ isMaximized DESIGNABLE false)
 
 public:
     /// \copydoc CBPWinFrm::CBPWinFrm
@@ -32,8 +61,14 @@ public:
     /// \copydoc CBPWinFrm::SetWindowTitle
     void SetWindowTitle(QString text, bool isImage = false);
 
+    /// \copydoc CBPWinFrm::title
+    QString title() const;
+
     /// \copydoc CBPWinFrm::SetWindowLog
     void SetWindowLog(QString path);
+
+    /// \copydoc CBPWinFrm::logoPath
+    QString logoPath() const;
 
     /// \copydoc CBPWinFrm::ShowTitleBtn
     void ShowTitleBtn(int id, bool show);
@@ -47,26 +82,53 @@ public:
     /// \copydoc CBPWinFrm::SetTitleBg
     void SetTitleBg(QColor color);
 
+    /// \copydoc CBPWinFrm::titleBackground
+    QColor titleBackground() const;
+
+    /// \copydoc CBPWinFrm::resetTitleBackground
+    void resetTitleBackground();
+
     /// \copydoc CBPWinFrm::titleBtn
     CBPImageButton *titleBtn(int id);
 
     /// \copydoc CBPWinFrm::SetTitleBarEnabled
     void SetTitleBarEnabled(bool enable);
 
+    /// \copydoc CBPWinFrm::isTitleBarEnabled
+    bool isTitleBarEnabled() const;
+
     /// \copydoc CBPWinFrm::EnabledTitleRoundRc
     void EnabledTitleRoundRc(bool enable);
+
+    /// \copydoc CBPWinFrm::isTitleRounded
+    bool isTitleRounded() const;
 
     /// \copydoc CBPWinFrm::SetTitleHeight
     void SetTitleHeight(int height);
 
+    /// \copydoc CBPWinFrm::titleHeight
+    int titleHeight() const;
+
+    /// \copydoc CBPWinFrm::resetTitleHeight
+    void resetTitleHeight();
+
     /// \copydoc CBPWinFrm::SetHasNewVersion
     void SetHasNewVersion(bool hasNewVersion);
+
+    /// \copydoc CBPWinFrm::hasNewVersion
+    bool hasNewVersion() const;
 
     /// \copydoc CBPWinFrm::showWindowTitle
     void showWindowTitle(bool visible);
 
+    /// \copydoc CBPWinFrm::isTitleVisible
+    bool isTitleVisible() const;
+
     /// \copydoc CBPWinFrm::AppendContent
     void AppendContent(QWidget *widget, bool expand, bool, unsigned int spacing);
+
+    /// \copydoc CBPWinFrm::contentWidget
+    QWidget *contentWidget() const;
 
     /// \copydoc CBPWinFrm::SetMainBoxBorder
     void SetMainBoxBorder(int left, int top, int right, int bottom);
@@ -77,17 +139,38 @@ public:
     /// \copydoc CBPWinFrm::SetBottomHeight
     void SetBottomHeight(int height);
 
+    /// \copydoc CBPWinFrm::bottomHeight
+    int bottomHeight() const;
+
+    /// \copydoc CBPWinFrm::resetBottomHeight
+    void resetBottomHeight();
+
     /// \copydoc CBPWinFrm::SetDrawBottomHLine
     void SetDrawBottomHLine(bool draw);
+
+    /// \copydoc CBPWinFrm::drawsBottomLine
+    bool drawsBottomLine() const;
 
     /// \copydoc CBPWinFrm::SetShadowBorder
     void SetShadowBorder(int border);
 
+    /// \copydoc CBPWinFrm::shadowBorder
+    int shadowBorder() const;
+
+    /// \copydoc CBPWinFrm::resetShadowBorder
+    void resetShadowBorder();
+
     /// \copydoc CBPWinFrm::setIsWinPE
     void setIsWinPE(bool isWinPE);
 
+    /// \copydoc CBPWinFrm::isWinPE
+    bool isWinPE() const;
+
     /// \copydoc CBPWinFrm::SetDisableEscAndF4Flag
     void SetDisableEscAndF4Flag(bool disable);
+
+    /// \copydoc CBPWinFrm::isEscAndF4Disabled
+    bool isEscAndF4Disabled() const;
 
     /// \copydoc CBPWinFrm::isMaximized
     bool isMaximized() const;
@@ -122,6 +205,14 @@ public:
     /// \copydoc CBPWinFrm::UpdateMainWndTitle
     virtual void UpdateMainWndTitle();
 
+public Q_SLOTS:
+    /// \copydoc CBPWinFrm::setContentWidget
+    void setContentWidget(QWidget *content);
+
+Q_SIGNALS:
+    /// \copydoc CBPWinFrm::titleChanged
+    void titleChanged(const QString &title);
+
 protected:
     /// \copydoc CBPWinFrm::Init
     void Init();
@@ -140,15 +231,6 @@ protected:
 
     /// \copydoc CBPWinFrm::contentBox
     QVBoxLayout *contentBox() const;
-
-    /// \copydoc CBPWinFrm::shadowBorder
-    int shadowBorder() const;
-
-    /// \copydoc CBPWinFrm::bottomHeight
-    int bottomHeight() const;
-
-    /// \copydoc CBPWinFrm::drawsBottomLine
-    bool drawsBottomLine() const;
 
     void closeEvent(QCloseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;

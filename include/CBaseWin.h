@@ -45,6 +45,10 @@ struct tagNCCALCSIZE_PARAMS;
 class LUMQT_EXPORT CBaseWin : public QMainWindow
 {
     Q_OBJECT
+    /// Image file of the title's icon, from the next time the frame is painted; empty: none. \since 1.0
+    Q_PROPERTY(QString iconPath READ iconPath WRITE setIcon)
+    /// Text in the title strip; the window title is another one. \since 1.0
+    Q_PROPERTY(QString caption READ caption WRITE setCaption NOTIFY captionChanged)
 
 public:
     /// A window with the icon "../res/title_logo.png", no caption and an empty window title.
@@ -63,10 +67,19 @@ public:
     /// resize or an activation. \since 1.0
     void setIcon(QString path);
 
+    /// The image file of the title's icon. \since 1.0
+    QString iconPath() const { return m_iconPath; }
+
     /// Shows \a text in the title strip, on one line, line breaks as spaces, with an ellipsis at its end
     /// where it would run into the buttons. As given it is also the window's accessible name; the window
     /// title stays what it is. \since 1.0
     void setCaption(QString text);
+
+    /// The text in the title strip, as it was given. \since 1.0
+    QString caption() const { return m_caption; }
+
+    /// The widget of setContentWidget(), or null: QMainWindow::centralWidget(). \since 1.0
+    QWidget *contentWidget() const;
 
     /// Where button \a id was last painted, in coordinates of the window with its frame, the left edge moved
     /// left by frameWidth(). Empty for an \a id outside of 0 to 5 and before the frame was first painted. For
@@ -93,10 +106,18 @@ public:
     /// \since 1.0
     int titleHight();
 
+public Q_SLOTS:
+    /// Fills the client area with \a content, as a form does: QMainWindow::setCentralWidget(). The one that
+    /// was set before is deleted once control is back in the event loop; null takes it away. \since 1.0
+    void setContentWidget(QWidget *content);
+
 Q_SIGNALS:
     /// The window ends; \a sender is this window as a QObject pointer. Sent by onExit() once the window is
     /// hidden. A slot may delete the window. \since 1.0
     void sigQuit(void *sender);
+
+    /// The title strip shows another text. A slot may delete the window. \since 1.0
+    void captionChanged(const QString &caption);
 
 protected:
     bool event(QEvent *event) override;

@@ -15,6 +15,8 @@ class QPainterPath;
 class LUMQT_EXPORT CRoundedRectBase : public QWidget
 {
     Q_OBJECT
+    /// Whether the corners are round that are meant to be. \since 1.0
+    Q_PROPERTY(bool rounded READ isRounded WRITE SetRoundRectEnabled)
 
 public:
     /// A widget with corners of \a radius pixels where the flags say so, black and without an outline.
@@ -25,6 +27,9 @@ public:
     /// With false all corners become square, with true those that the constructor was given are round again.
     /// \since 1.0
     void SetRoundRectEnabled(bool enabled);
+
+    /// What SetRoundRectEnabled() was told; true at first. \since 1.0
+    bool isRounded() const { return m_rounded; }
 
 protected:
     void paintEvent(QPaintEvent *event) override;

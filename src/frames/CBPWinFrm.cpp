@@ -35,12 +35,26 @@ void CBPWinFrm::Init()
 
 void CBPWinFrm::SetWindowTitle(QString text, bool isImage)
 {
+    const QString before = title();
+    const QPointer<CBPWinFrm> alive(this);
     m_frame->setWindowTitle(text, isImage);
+    if (alive && title() != before)
+        emit titleChanged(title());
+}
+
+QString CBPWinFrm::title() const
+{
+    return m_frame->ofTitle(&CBPWinFrmTitle::title, QString());
 }
 
 void CBPWinFrm::SetWindowLog(QString path)
 {
     m_frame->onTitle(&CBPWinFrmTitle::SetLog, path);
+}
+
+QString CBPWinFrm::logoPath() const
+{
+    return m_frame->ofTitle(&CBPWinFrmTitle::logoPath, QString());
 }
 
 void CBPWinFrm::ShowTitleBtn(int id, bool show)
@@ -63,6 +77,16 @@ void CBPWinFrm::SetTitleBg(QColor color)
     m_frame->onTitle(&CBPWinFrmTitle::SetBgColor, color);
 }
 
+QColor CBPWinFrm::titleBackground() const
+{
+    return m_frame->ofTitle(&CBPWinFrmTitle::backgroundColor, QColor());
+}
+
+void CBPWinFrm::resetTitleBackground()
+{
+    m_frame->onTitle(&CBPWinFrmTitle::resetBackgroundColor);
+}
+
 CBPImageButton *CBPWinFrm::titleBtn(int id)
 {
     return m_frame->titleButton(id);
@@ -73,9 +97,19 @@ void CBPWinFrm::SetTitleBarEnabled(bool enable)
     m_frame->onTitle(&CBPWinFrmTitle::SetTitleBtnEnable, enable);
 }
 
+bool CBPWinFrm::isTitleBarEnabled() const
+{
+    return m_frame->ofTitle(&CBPWinFrmTitle::areButtonsEnabled, false);
+}
+
 void CBPWinFrm::EnabledTitleRoundRc(bool enable)
 {
     m_frame->onTitle(&CBPWinFrmTitle::SetRoundRectEnabled, enable);
+}
+
+bool CBPWinFrm::isTitleRounded() const
+{
+    return m_frame->ofTitle(&CBPWinFrmTitle::isRounded, false);
 }
 
 void CBPWinFrm::SetTitleHeight(int height)
@@ -83,9 +117,24 @@ void CBPWinFrm::SetTitleHeight(int height)
     m_frame->onTitle(&CBPWinFrmTitle::setFixedHeight, height);
 }
 
+int CBPWinFrm::titleHeight() const
+{
+    return m_frame->ofTitle(&CBPWinFrmTitle::minimumHeight, 0);
+}
+
+void CBPWinFrm::resetTitleHeight()
+{
+    SetTitleHeight(lumqt::kFrameTitleHeight);
+}
+
 void CBPWinFrm::SetHasNewVersion(bool hasNewVersion)
 {
     m_frame->onTitle(&CBPWinFrmTitle::SetHasNewVersion, hasNewVersion);
+}
+
+bool CBPWinFrm::hasNewVersion() const
+{
+    return m_frame->ofTitle(&CBPWinFrmTitle::hasNewVersion, false);
 }
 
 void CBPWinFrm::showWindowTitle(bool visible)
@@ -93,9 +142,24 @@ void CBPWinFrm::showWindowTitle(bool visible)
     m_frame->onTitle(&CBPWinFrmTitle::setVisible, visible);
 }
 
+bool CBPWinFrm::isTitleVisible() const
+{
+    return !m_frame->ofTitle(&CBPWinFrmTitle::isHidden, true);
+}
+
 void CBPWinFrm::AppendContent(QWidget *widget, bool expand, bool, unsigned int spacing)
 {
     m_frame->appendContent(widget, expand, spacing);
+}
+
+void CBPWinFrm::setContentWidget(QWidget *content)
+{
+    m_frame->setContent(content);
+}
+
+QWidget *CBPWinFrm::contentWidget() const
+{
+    return m_frame->content;
 }
 
 void CBPWinFrm::SetMainBoxBorder(int left, int top, int right, int bottom)
@@ -113,9 +177,24 @@ void CBPWinFrm::SetBottomHeight(int height)
     m_frame->setBottomHeight(height);
 }
 
+int CBPWinFrm::bottomHeight() const
+{
+    return m_frame->bottomHeight;
+}
+
+void CBPWinFrm::resetBottomHeight()
+{
+    SetBottomHeight(lumqt::kFrameBottomHeight);
+}
+
 void CBPWinFrm::SetDrawBottomHLine(bool draw)
 {
     m_frame->setDrawBottomLine(draw);
+}
+
+bool CBPWinFrm::drawsBottomLine() const
+{
+    return m_frame->drawBottomLine;
 }
 
 void CBPWinFrm::SetShadowBorder(int border)
@@ -123,14 +202,34 @@ void CBPWinFrm::SetShadowBorder(int border)
     m_frame->setShadowBorder(border);
 }
 
+int CBPWinFrm::shadowBorder() const
+{
+    return m_frame->shadowBorder;
+}
+
+void CBPWinFrm::resetShadowBorder()
+{
+    SetShadowBorder(lumqt::kFrameShadowBorder);
+}
+
 void CBPWinFrm::setIsWinPE(bool isWinPE)
 {
     m_frame->isWinPE = isWinPE;
 }
 
+bool CBPWinFrm::isWinPE() const
+{
+    return m_frame->isWinPE;
+}
+
 void CBPWinFrm::SetDisableEscAndF4Flag(bool disable)
 {
     m_frame->escAndF4Disabled = disable;
+}
+
+bool CBPWinFrm::isEscAndF4Disabled() const
+{
+    return m_frame->escAndF4Disabled;
 }
 
 bool CBPWinFrm::isMaximized() const
@@ -156,26 +255,6 @@ CBPWinFrmTitle *CBPWinFrm::titleBar() const
 QVBoxLayout *CBPWinFrm::contentBox() const
 {
     return m_frame->contentBox;
-}
-
-int CBPWinFrm::shadowBorder() const
-{
-    return m_frame->shadowBorder;
-}
-
-int CBPWinFrm::bottomHeight() const
-{
-    return m_frame->bottomHeight;
-}
-
-bool CBPWinFrm::drawsBottomLine() const
-{
-    return m_frame->drawBottomLine;
-}
-
-bool CBPWinFrm::isEscAndF4Disabled() const
-{
-    return m_frame->escAndF4Disabled;
 }
 
 // ----------------------------------------------------------------------------------------------------------

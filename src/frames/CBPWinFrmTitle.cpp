@@ -16,6 +16,9 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <algorithm>
+#include <iterator>
+
 namespace {
 
 // Look and metrics, in logical pixels.
@@ -48,6 +51,8 @@ enum Id {
 constexpr Id kFoundIds[] = {MinimizeId, MaximizeId, CloseId, SettingsId, FreeId, MenuId, BackId};
 constexpr Id kButtonIds[] = {MinimizeId, MaximizeId, CloseId,   SettingsId, FreeId,
                              MenuId,     BackId,     ContactId, SupportId,  OfferId};
+// Those that are enabled together.
+constexpr int kCommonIds = BackId | MenuId | CloseId | MinimizeId;
 // Those that the bar does not make itself.
 constexpr int kInsertedIds = MaximizeId | SettingsId | FreeId | ContactId;
 
@@ -268,6 +273,16 @@ void CBPWinFrmTitle::SetTitle(QString s, bool isImage)
     showContent(m_title);
 }
 
+void CBPWinFrmTitle::setTitle(const QString &text)
+{
+    SetTitle(text, false);
+}
+
+QString CBPWinFrmTitle::title() const
+{
+    return m_title.widget->text();
+}
+
 void CBPWinFrmTitle::SetLog(QString &path)
 {
     showImage(m_icon, path);
@@ -276,6 +291,11 @@ void CBPWinFrmTitle::SetLog(QString &path)
 void CBPWinFrmTitle::SetTitleTextStyle(const QString &css)
 {
     m_title.widget->setStyleSheet(css);
+}
+
+QString CBPWinFrmTitle::titleTextStyle() const
+{
+    return m_title.widget->styleSheet();
 }
 
 // ----------------------------------------------------------------------------------------------------------
@@ -344,7 +364,15 @@ void CBPWinFrmTitle::EnableTitleBtn(int ids, bool enable)
 
 void CBPWinFrmTitle::SetTitleBtnEnable(bool enable)
 {
-    EnableTitleBtn(BackId | MenuId | CloseId | MinimizeId, enable);
+    EnableTitleBtn(kCommonIds, enable);
+}
+
+bool CBPWinFrmTitle::areButtonsEnabled() const
+{
+    return std::all_of(std::begin(kButtonIds), std::end(kButtonIds), [this](int id) {
+        const CBPImageButton *known = id & kCommonIds ? button(id) : nullptr;
+        return !known || known->isEnabledTo(this);
+    });
 }
 
 void CBPWinFrmTitle::ResetMaxBtn(bool maximised)

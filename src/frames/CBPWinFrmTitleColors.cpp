@@ -60,6 +60,12 @@ void CBPWinFrmTitle::SetBgColor(QColor &c)
     update();
 }
 
+void CBPWinFrmTitle::resetBackgroundColor()
+{
+    m_brush = m_chosenBrush;
+    chooseColors();
+}
+
 void CBPWinFrmTitle::setLinerBrush(const QLinearGradient &gradient)
 {
     m_brush = gradient;
@@ -71,6 +77,17 @@ void CBPWinFrmTitle::SetTitleClr(QColor color)
     if (!color.isValid())
         return;
     colorTitle(color);
+}
+
+QColor CBPWinFrmTitle::titleColor() const
+{
+    return m_title.widget->palette().color(QPalette::WindowText);
+}
+
+void CBPWinFrmTitle::resetTitleColor()
+{
+    colorTitle(m_titleBrush);
+    chooseColors();
 }
 
 void CBPWinFrmTitle::colorTitle(const QBrush &brush)
@@ -87,4 +104,9 @@ void CBPWinFrmTitle::SetHasNewVersion(bool hasNewVersion)
     m_menuBtn->m_specialIconShown = hasNewVersion;
     m_menuBtn->m_specialIconPurpose = short(lumqt::Purpose::TitleNotice);
     m_menuBtn->update();
+}
+
+bool CBPWinFrmTitle::hasNewVersion() const
+{
+    return m_menuBtn && m_menuBtn->m_specialIconShown;
 }

@@ -32,12 +32,26 @@ void CBPWinWidget::Init()
 
 void CBPWinWidget::SetWindowTitle(QString text, bool isImage)
 {
+    const QString before = title();
+    const QPointer<CBPWinWidget> alive(this);
     m_frame->setWindowTitle(text, isImage);
+    if (alive && title() != before)
+        emit titleChanged(title());
+}
+
+QString CBPWinWidget::title() const
+{
+    return m_frame->ofTitle(&CBPWinFrmTitle::title, QString());
 }
 
 void CBPWinWidget::SetWindowLog(QString path)
 {
     m_frame->onTitle(&CBPWinFrmTitle::SetLog, path);
+}
+
+QString CBPWinWidget::logoPath() const
+{
+    return m_frame->ofTitle(&CBPWinFrmTitle::logoPath, QString());
 }
 
 void CBPWinWidget::ShowTitleBtn(int id, bool show)
@@ -60,6 +74,16 @@ void CBPWinWidget::SetTitleBg(QColor color)
     m_frame->onTitle(&CBPWinFrmTitle::SetBgColor, color);
 }
 
+QColor CBPWinWidget::titleBackground() const
+{
+    return m_frame->ofTitle(&CBPWinFrmTitle::backgroundColor, QColor());
+}
+
+void CBPWinWidget::resetTitleBackground()
+{
+    m_frame->onTitle(&CBPWinFrmTitle::resetBackgroundColor);
+}
+
 CBPImageButton *CBPWinWidget::titleBtn(int id)
 {
     return m_frame->titleButton(id);
@@ -70,9 +94,19 @@ void CBPWinWidget::SetTitleBarEnabled(bool enable)
     m_frame->onTitle(&CBPWinFrmTitle::SetTitleBtnEnable, enable);
 }
 
+bool CBPWinWidget::isTitleBarEnabled() const
+{
+    return m_frame->ofTitle(&CBPWinFrmTitle::areButtonsEnabled, false);
+}
+
 void CBPWinWidget::EnabledTitleRoundRc(bool enable)
 {
     m_frame->onTitle(&CBPWinFrmTitle::SetRoundRectEnabled, enable);
+}
+
+bool CBPWinWidget::isTitleRounded() const
+{
+    return m_frame->ofTitle(&CBPWinFrmTitle::isRounded, false);
 }
 
 void CBPWinWidget::SetTitleHeight(int height)
@@ -80,9 +114,24 @@ void CBPWinWidget::SetTitleHeight(int height)
     m_frame->onTitle(&CBPWinFrmTitle::setFixedHeight, height);
 }
 
+int CBPWinWidget::titleHeight() const
+{
+    return m_frame->ofTitle(&CBPWinFrmTitle::minimumHeight, 0);
+}
+
+void CBPWinWidget::resetTitleHeight()
+{
+    SetTitleHeight(lumqt::kFrameTitleHeight);
+}
+
 void CBPWinWidget::SetHasNewVersion(bool hasNewVersion)
 {
     m_frame->onTitle(&CBPWinFrmTitle::SetHasNewVersion, hasNewVersion);
+}
+
+bool CBPWinWidget::hasNewVersion() const
+{
+    return m_frame->ofTitle(&CBPWinFrmTitle::hasNewVersion, false);
 }
 
 void CBPWinWidget::showWindowTitle(bool visible)
@@ -90,9 +139,24 @@ void CBPWinWidget::showWindowTitle(bool visible)
     m_frame->onTitle(&CBPWinFrmTitle::setVisible, visible);
 }
 
+bool CBPWinWidget::isTitleVisible() const
+{
+    return !m_frame->ofTitle(&CBPWinFrmTitle::isHidden, true);
+}
+
 void CBPWinWidget::AppendContent(QWidget *widget, bool expand, bool, unsigned int spacing)
 {
     m_frame->appendContent(widget, expand, spacing);
+}
+
+void CBPWinWidget::setContentWidget(QWidget *content)
+{
+    m_frame->setContent(content);
+}
+
+QWidget *CBPWinWidget::contentWidget() const
+{
+    return m_frame->content;
 }
 
 void CBPWinWidget::SetMainBoxBorder(int left, int top, int right, int bottom)
@@ -110,9 +174,24 @@ void CBPWinWidget::SetBottomHeight(int height)
     m_frame->setBottomHeight(height);
 }
 
+int CBPWinWidget::bottomHeight() const
+{
+    return m_frame->bottomHeight;
+}
+
+void CBPWinWidget::resetBottomHeight()
+{
+    SetBottomHeight(lumqt::kFrameBottomHeight);
+}
+
 void CBPWinWidget::SetDrawBottomHLine(bool draw)
 {
     m_frame->setDrawBottomLine(draw);
+}
+
+bool CBPWinWidget::drawsBottomLine() const
+{
+    return m_frame->drawBottomLine;
 }
 
 void CBPWinWidget::SetShadowBorder(int border)
@@ -120,14 +199,34 @@ void CBPWinWidget::SetShadowBorder(int border)
     m_frame->setShadowBorder(border);
 }
 
+int CBPWinWidget::shadowBorder() const
+{
+    return m_frame->shadowBorder;
+}
+
+void CBPWinWidget::resetShadowBorder()
+{
+    SetShadowBorder(lumqt::kFrameShadowBorder);
+}
+
 void CBPWinWidget::setIsWinPE(bool isWinPE)
 {
     m_frame->isWinPE = isWinPE;
 }
 
+bool CBPWinWidget::isWinPE() const
+{
+    return m_frame->isWinPE;
+}
+
 void CBPWinWidget::SetDisableEscAndF4Flag(bool disable)
 {
     m_frame->escAndF4Disabled = disable;
+}
+
+bool CBPWinWidget::isEscAndF4Disabled() const
+{
+    return m_frame->escAndF4Disabled;
 }
 
 bool CBPWinWidget::isMaximized() const
@@ -153,21 +252,6 @@ CBPWinFrmTitle *CBPWinWidget::titleBar() const
 QVBoxLayout *CBPWinWidget::contentBox() const
 {
     return m_frame->contentBox;
-}
-
-int CBPWinWidget::shadowBorder() const
-{
-    return m_frame->shadowBorder;
-}
-
-int CBPWinWidget::bottomHeight() const
-{
-    return m_frame->bottomHeight;
-}
-
-bool CBPWinWidget::drawsBottomLine() const
-{
-    return m_frame->drawBottomLine;
 }
 
 // ----------------------------------------------------------------------------------------------------------

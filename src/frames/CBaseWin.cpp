@@ -267,6 +267,7 @@ void CBaseWin::setIcon(QString path)
 
 void CBaseWin::setCaption(QString text)
 {
+    const bool changes = m_caption != text;
     m_caption = text;
     m_frame->captionLine = onOneLine(text);
     m_frame->captionSpace = kNoSpace;
@@ -274,6 +275,18 @@ void CBaseWin::setCaption(QString text)
     update();
     if (isVisible())
         paintFrame();
+    if (changes)
+        emit captionChanged(text);
+}
+
+void CBaseWin::setContentWidget(QWidget *content)
+{
+    setCentralWidget(content);
+}
+
+QWidget *CBaseWin::contentWidget() const
+{
+    return centralWidget();
 }
 
 QRect CBaseWin::btnRect(int id)

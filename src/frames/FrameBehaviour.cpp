@@ -3,6 +3,7 @@
 #include "CBPImageButton.h"
 #include "foundation/Log.h"
 #include "frames/AnsweringClose.h"
+#include "layout/Packing.h"
 #include "platform/Platform.h"
 
 #include <QCloseEvent>
@@ -17,9 +18,7 @@ namespace {
 // Metrics, in logical pixels.
 const QMargins kMainBoxMargins(12, 16, 12, 12);
 const QMargins kStatusBoxMargins(12, 12, 12, 16);
-constexpr int kShadowBorder = 10;
 constexpr int kMaximisedBorder = 1;
-constexpr int kBottomHeight = 70;
 // What a maximised window leaves of the work area in a pre-installation environment, both sides together.
 constexpr int kWinPEMargin = 10;
 
@@ -35,8 +34,8 @@ QWidget *nearestVisible(QWidget *widget)
 } // namespace
 
 FrameBehaviour::FrameBehaviour(QWidget *window, std::unique_ptr<FrameHooks> hooks, QWidget *parent)
-    : shadowBorder(kShadowBorder),
-      bottomHeight(kBottomHeight),
+    : shadowBorder(kFrameShadowBorder),
+      bottomHeight(kFrameBottomHeight),
       m_window(window),
       m_hooks(std::move(hooks)),
       m_parent(parent),
@@ -77,6 +76,7 @@ void FrameBehaviour::init(void (*callback)(void *, int), void *context)
     contentBox = new QVBoxLayout;
     contentBox->setContentsMargins(m_mainBoxMargins);
     m_rootLayout->addLayout(contentBox, 0);
+    appendContent(content, true, 0);
 
     if (statusBox) {
         statusBox->setContentsMargins(m_statusBoxMargins);
@@ -117,6 +117,33 @@ void FrameBehaviour::appendContent(QWidget *widget, bool expand, unsigned int sp
         widget->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     contentBox->addWidget(widget);
     contentBox->addSpacing(int(qMin(spacing, unsigned(QWIDGETSIZE_MAX))));
+}
+
+// Where the one before was. If an application has given that another parent, it is no business of the
+// window's any more.
+void FrameBehaviour::setContent(QWidget *widget)
+{
+    if (widget == content || (widget && !canPack(m_window, widget)))
+        return;
+    const QPointer<QWidget> old = content && content->parentWidget() == m_window ? content : nullptr;
+    const int place = contentBox && old ? contentBox->indexOf(old) : -1;
+    content = widget;
+    if (place >= 0)
+        contentBox->removeWidget(old);
+    if (place >= 0 && widget) {
+        widget->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+        contentBox->insertWidget(place, widget);
+    } else if (place >= 0) {
+        delete contentBox->takeAt(place); // the space behind it
+    } else if (contentBox) {
+        appendContent(widget, true, 0);
+    } else if (widget) {
+        widget->setParent(m_window);
+    }
+    if (!old)
+        return;
+    old->deleteLater();
+    old->hide(); // last: the focus moves
 }
 
 void FrameBehaviour::setMainBoxBorder(const QMargins &margins)

@@ -73,9 +73,17 @@ public:
             std::invoke(operation, title.data(), arguments...);
     }
 
+    // What the title bar answers; `without` where there is none.
+    template <class Question, class Answer> Answer ofTitle(Question question, Answer without) const
+    {
+        return title ? Answer(std::invoke(question, title.data())) : without;
+    }
+
     void setWindowTitle(const QString &text, bool isImage);
     void setStatusBox(QWidget *box);
     void appendContent(QWidget *widget, bool expand, unsigned int spacing);
+    // The one content of a form, instead of the one before; before init() it waits for that.
+    void setContent(QWidget *widget);
     void setMainBoxBorder(const QMargins &margins);
     void setStatusBoxBorder(const QMargins &margins);
     void setBottomHeight(int height);
@@ -110,6 +118,7 @@ public:
     QPointer<CBPWinFrmTitle> title;
     QPointer<QVBoxLayout> contentBox;
     QPointer<QWidget> statusBox;
+    QPointer<QWidget> content; // of setContent()
     int shadowBorder;
     bool isWinPE = false;
     bool escAndF4Disabled = false;
@@ -136,5 +145,10 @@ private:
     QElapsedTimer m_sinceRestored;
     bool m_closing = false; // the close hook runs
 };
+
+// What frames have at first, for who wants it back; in logical pixels.
+constexpr int kFrameTitleHeight = 60;
+constexpr int kFrameBottomHeight = 70;
+constexpr int kFrameShadowBorder = 10;
 
 } // namespace lumqt
