@@ -44,8 +44,38 @@ class QPainter;
 class LUMQT_EXPORT CBPPopWnd : public CBPWinFrm
 {
     Q_OBJECT
+    /// The standard buttons of the row. Those that are not there yet are made at its right end, as
+    /// AppendBtn() does after Init(), and those that are there too many are deleted. \since 1.0
+    Q_PROPERTY(Buttons buttons READ buttons WRITE setButtons)
 
 public:
+    /// The standard buttons by their flags, in the order in which a row holds them. \since 1.0
+    enum Button {
+        BtnAdd = 0x2,               ///< Add
+        BtnOk = 0x4,                ///< OK
+        BtnRetry = 0x8,             ///< Retry
+        BtnContinue = 0x10,         ///< Continue
+        BtnSkip = 0x20,             ///< Skip
+        BtnExport = 0x80,           ///< Export
+        BtnYes = 0x800,             ///< Yes
+        BtnOther = 0x8000,          ///< one without a text, for ResetBtnText()
+        BtnBrowse = 0x40000,        ///< Browse
+        BtnReboot = 0x4000,         ///< Reboot
+        BtnSkipAll = 0x40,          ///< SkipAll
+        BtnErase = 0x10000,         ///< Erase
+        BtnChange = 0x20000,        ///< Change
+        BtnQuit = 0x2000,           ///< Quit
+        BtnNo = 0x1000,             ///< No
+        BtnCancel = 0x100,          ///< Cancel
+        BtnBack = 0x80000,          ///< Back
+        BtnClose = 0x100000,        ///< Close
+        BtnRestartNow = 0x200000,   ///< Restart now
+        BtnRestartLater = 0x400000, ///< Restart later
+    };
+    Q_ENUM(Button)
+    Q_DECLARE_FLAGS(Buttons, Button)
+    Q_FLAG(Buttons)
+
     /// A dialog that fades in from now on; see CBPWinFrm about \a parent.
     /// \since 1.0
     explicit CBPPopWnd(QWidget *parent = nullptr);
@@ -68,6 +98,13 @@ public:
     /// The same at the left of the row.
     /// \since 1.0
     void PrependBtn(int flags);
+
+    /// The standard buttons there are. \since 1.0
+    Buttons buttons() const;
+
+    /// Makes those of \a buttons that are not there yet, as AppendBtn() does, and deletes the others once
+    /// control is back in the event loop. \since 1.0
+    void setButtons(Buttons buttons);
 
     /// Adds \a widget at the left of the row; see CBPBox::PackStart() for the other arguments. Null, and a
     /// call before Init(), do nothing. \since 1.0
@@ -232,3 +269,5 @@ private:
     QPointer<CBPPushBtn> m_default;  // as chosen here
     QPointer<CBPPushBtn> m_lentFrom; // the button whose focus the dialog keeps while it waits
 };
+
+Q_DECLARE_OPERATORS_FOR_FLAGS(CBPPopWnd::Buttons)

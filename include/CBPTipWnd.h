@@ -23,8 +23,25 @@ class QRect;
 class LUMQT_EXPORT CBPTipWnd : public QWidget
 {
     Q_OBJECT
+    /// Where the arrow is, and how the tip stands under its widget. \since 1.0
+    Q_PROPERTY(Orientation orientation READ orientation WRITE setOrientation)
+    /// Corner radius across, in pixels. \since 1.0
+    Q_PROPERTY(int xRadius READ xRadius WRITE setXRadius RESET resetXRadius)
+    /// Corner radius down, in pixels. \since 1.0
+    Q_PROPERTY(int yRadius READ yRadius WRITE setYRadius RESET resetYRadius)
+    /// Whether the tip shows while the pointer is over its widget; AppendWidget() sets it. \since 1.0
+    Q_PROPERTY(bool followsMouse READ followsMouse WRITE ShowClickBindWidget)
 
 public:
+    /// The same as the global enumeration, for forms and tools. \since 1.0
+    enum Orientation {
+        OrientationNone = ENOrientationNone,     ///< ENOrientationNone
+        OrientationLeft = ENOrientationLeft,     ///< ENOrientationLeft
+        OrientationCenter = ENOrientationCenter, ///< ENOrientationCenter
+        OrientationRight = ENOrientationRight,   ///< ENOrientationRight
+    };
+    Q_ENUM(Orientation)
+
     /// A tip for the widget \a bound, which becomes its parent and deletes it. Without one the tip stays
     /// where it is put, and is the caller's. An \a orientation that is none of the enumeration counts as
     /// ENOrientationNone. \since 1.0
@@ -35,9 +52,36 @@ public:
     /// \since 1.0
     void SetRoundRadius(int x, int y);
 
+    /// The corner radius across, as it was set. \since 1.0
+    int xRadius() const { return int(m_radiusX); }
+
+    /// Sets the corner radius across alone. \since 1.0
+    void setXRadius(int radius);
+
+    /// Makes the corner radius across 3 pixels again. \since 1.0
+    void resetXRadius();
+
+    /// The corner radius down, as it was set. \since 1.0
+    int yRadius() const { return int(m_radiusY); }
+
+    /// Sets the corner radius down alone. \since 1.0
+    void setYRadius(int radius);
+
+    /// Makes the corner radius down 3 pixels again. \since 1.0
+    void resetYRadius();
+
+    /// Where the arrow is; OrientationNone also for what is none of the enumeration. \since 1.0
+    Orientation orientation() const;
+
+    /// Gives the tip another arrow and place, as the constructor does. \since 1.0
+    void setOrientation(Orientation orientation);
+
     /// With true the tip follows the mouse: it shows while the pointer is over the bound widget. It does not
     /// at first. \since 1.0
     void ShowClickBindWidget(bool follow);
+
+    /// Whether the tip follows the mouse. \since 1.0
+    bool followsMouse() const { return m_follow; }
 
     /// Adds a widget below what the tip holds already. The tip owns it, and follows the mouse from now on:
     /// call ShowClickBindWidget(false) after this, not before, if it should not. A null widget is ignored,

@@ -40,6 +40,10 @@ class QScrollArea;
 class LUMQT_EXPORT CMsgBox : public CBPPopWnd
 {
     Q_OBJECT
+    /// The entered user name, or the folder's name. \since 1.0
+    Q_PROPERTY(QString user READ GetUser DESIGNABLE false STORED false)
+    /// The entered password. \since 1.0
+    Q_PROPERTY(QString password READ GetPassword DESIGNABLE false STORED false)
 
 public:
     /// An empty box that fades in; see CBPWinFrm about \a parent. \since 1.0

@@ -126,6 +126,35 @@ void CBPPopWnd::PrependBtn(int flags)
     PackBtn(flags, true);
 }
 
+CBPPopWnd::Buttons CBPPopWnd::buttons() const
+{
+    Buttons found;
+    for (auto entry = m_buttons.cbegin(); entry != m_buttons.cend(); ++entry)
+        found.setFlag(Button(entry.key()), !entry.value().isNull());
+    return found;
+}
+
+void CBPPopWnd::setButtons(Buttons buttons)
+{
+    const Buttons present = this->buttons();
+    for (const StandardButton &standard : kStandardButtons) {
+        const Button flag = Button(standard.flag);
+        if (!present.testFlag(flag) || buttons.testFlag(flag))
+            continue;
+        CBPPushBtn *button = m_buttons.take(flag);
+        m_captions.remove(flag);
+        for (CBPBox *box : {m_preBox.data(), m_postBox.data()}) {
+            if (box)
+                box->RemoveChild(button, false);
+        }
+        button->deleteLater(); // it may be the one that was pressed
+        button->hide();
+    }
+    if (buttons & ~present)
+        AppendBtn(buttons & ~present);
+    chooseDefault();
+}
+
 void CBPPopWnd::PrependWidget(QWidget *widget, bool expand, bool option, unsigned int padding,
                               Qt::Alignment align)
 {

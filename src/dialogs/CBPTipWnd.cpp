@@ -210,6 +210,42 @@ void CBPTipWnd::SetRoundRadius(int x, int y)
     update();
 }
 
+void CBPTipWnd::setXRadius(int radius)
+{
+    SetRoundRadius(radius, yRadius());
+}
+
+void CBPTipWnd::setYRadius(int radius)
+{
+    SetRoundRadius(xRadius(), radius);
+}
+
+void CBPTipWnd::resetXRadius()
+{
+    setXRadius(kRadius);
+}
+
+void CBPTipWnd::resetYRadius()
+{
+    setYRadius(kRadius);
+}
+
+CBPTipWnd::Orientation CBPTipWnd::orientation() const
+{
+    const bool known = m_orientation >= ENOrientationNone && m_orientation <= ENOrientationRight;
+    return known ? Orientation(m_orientation) : OrientationNone;
+}
+
+void CBPTipWnd::setOrientation(Orientation orientation)
+{
+    m_orientation = ENOrientation(orientation);
+    if (isVisible()) {
+        MoveRect(m_orientation);
+        updateMask();
+    }
+    update();
+}
+
 void CBPTipWnd::ShowClickBindWidget(bool follow)
 {
     m_follow = follow;

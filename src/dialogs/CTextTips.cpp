@@ -52,19 +52,26 @@ CTextTips::CTextTips(int width, QWidget *parent) : QWidget(parent), m_width(widt
     InitLayout();
 }
 
-void CTextTips::InitLayout()
+QLabel *CTextTips::makeLabel()
 {
+    QLabel *label = nullptr;
     if (m_width > 0) {
-        m_label = new lumqt::WrappedLabel(QString(), lumqt::NormalWeight, lumqt::uiFont().pixelSize());
-        m_label->setFixedWidth(m_width);
+        label = new lumqt::WrappedLabel(QString(), lumqt::NormalWeight, lumqt::uiFont().pixelSize());
+        label->setFixedWidth(m_width);
         QSizePolicy policy(QSizePolicy::Fixed, QSizePolicy::Preferred);
         policy.setHeightForWidth(true);
-        m_label->setSizePolicy(policy);
+        label->setSizePolicy(policy);
     } else {
-        m_label = new QLabel;
-        m_label->setFont(lumqt::uiFont());
+        label = new QLabel;
+        label->setFont(lumqt::uiFont());
     }
-    m_label->installEventFilter(new NoGround(m_label));
+    label->installEventFilter(new NoGround(label));
+    return label;
+}
+
+void CTextTips::InitLayout()
+{
+    m_label = makeLabel();
     auto *layout = new QVBoxLayout;
     layout->setSpacing(0);
     layout->addWidget(m_label);
@@ -79,8 +86,32 @@ void CTextTips::InitLayout()
 
 void CTextTips::SetShowText(const QString &text)
 {
+    const bool changes = m_label->text() != text;
     m_label->setText(text);
     // A window grows with its content by itself, but does not shrink.
+    adjustSize();
+    if (changes)
+        emit textChanged(text);
+}
+
+QString CTextTips::text() const
+{
+    return m_label->text();
+}
+
+// A label that wraps is of another kind than one that does not.
+void CTextTips::setTextWidth(int width)
+{
+    if (width == m_width)
+        return;
+    m_width = width;
+    QLabel *label = makeLabel();
+    label->setText(m_label->text());
+    label->setPalette(m_label->palette());
+    delete layout()->replaceWidget(m_label, label);
+    delete m_label;
+    m_label = label;
+    label->show(); // or it would have no size yet
     adjustSize();
 }
 
@@ -89,6 +120,18 @@ void CTextTips::SetBkgColor(const QColor &color)
     if (!color.isValid())
         return;
     m_bkgColor = color;
+    followBackground();
+    update();
+}
+
+QColor CTextTips::backgroundColor() const
+{
+    return m_bkgColor.isValid() ? m_bkgColor : lumqt::builtInColor(Purpose::TextTipGround);
+}
+
+void CTextTips::resetBackgroundColor()
+{
+    m_bkgColor = QColor();
     followBackground();
     update();
 }
