@@ -30,6 +30,10 @@ enum class FocusMark : unsigned char;
 class LUMQT_EXPORT CBPComboxItem : public QWidget
 {
     Q_OBJECT
+    /// The path of the row's record. \since 1.0
+    Q_PROPERTY(QString path READ path DESIGNABLE false STORED false)
+    /// Whether the row is the selected one of its list. \since 1.0
+    Q_PROPERTY(bool selected READ isSelected DESIGNABLE false STORED false)
 
 public:
     /// A row that shows a copy of \a item. An icon that is missing leaves its place out. \since 1.0
@@ -50,6 +54,12 @@ public:
 
     /// Sets the record's selected field. Screen readers hear of it; nothing looks different. \since 1.0
     void SetSelected(bool selected);
+
+    /// The path of the row's record. \since 1.0
+    QString path() const;
+
+    /// The selected field of the row's record. \since 1.0
+    bool isSelected() const;
 
     /// Shortens the path to what goes into \a width - 200 pixels, ending in an ellipsis where it is longer,
     /// or to less where the row has no room for that; the tool tip has all of it then. \a width is that of

@@ -11,6 +11,7 @@
 #include <QPair>
 #include <QPixmap>
 #include <QPointer>
+#include <QStringList>
 #include <QVector>
 
 #include <memory>
@@ -44,6 +45,44 @@ class MenuTexts;
 class LUMQT_EXPORT CBPMenu : public QMenu
 {
     Q_OBJECT
+    /// Colour of the texts; one that is none is black. A reset brings back the theme's. \since 1.0
+    Q_PROPERTY(QColor textColor READ textColor WRITE setTextColor RESET resetTextColor)
+    /// Names of the background colours: the first is the menu's, the third the highlighted item's. A reset
+    /// brings back the theme's. \since 1.0
+    Q_PROPERTY(QStringList backgroundColors READ backgroundColors WRITE setBackgroundColors RESET
+                   resetBackgroundColors)
+    /// Names of colours that are stored, not painted. \since 1.0
+    Q_PROPERTY(QStringList frameColors READ frameColors WRITE setFrameColors DESIGNABLE false)
+    /// Pixels left of the images. \since 1.0
+    Q_PROPERTY(int leftMargin READ leftMargin WRITE setLeftMargin RESET resetLeftMargin)
+    /// Pixels between images and texts. \since 1.0
+    Q_PROPERTY(int spacing READ spacing WRITE SetSpacing RESET resetSpacing)
+    /// Least width of the image column in pixels. \since 1.0
+    Q_PROPERTY(int iconWidth READ iconWidth WRITE SetDefIconWidth RESET resetIconWidth)
+    /// Pixel size at which the texts of items added from now on are measured. \since 1.0
+    Q_PROPERTY(int fontPixelSize READ fontPixelSize WRITE SetMenuFontSize RESET resetFontPixelSize)
+    /// Family of the font that the texts are painted in. \since 1.0
+    Q_PROPERTY(QString textFamily READ textFamily WRITE setTextFamily RESET resetTextFamily)
+    /// Pixel size in which the texts are painted; 1 for less. \since 1.0
+    Q_PROPERTY(int textPixelSize READ textPixelSize WRITE setTextPixelSize RESET resetTextPixelSize)
+    /// Radius of the round corners in pixels; 0 for less. \since 1.0
+    Q_PROPERTY(int cornerRadius READ cornerRadius WRITE SetBordRadios RESET resetCornerRadius)
+    /// Whether the menu has the look of a nested one; see SetSubLeveMennu(). \since 1.0
+    Q_PROPERTY(bool subLevel READ isSubLevel DESIGNABLE false)
+    /// Image file of the arrow of items that open a sub-menu; empty: none. \since 1.0
+    Q_PROPERTY(QString subMenuIcon READ subMenuIcon WRITE SetSubMenuRightIcon)
+    /// Greatest thickness at which the separators' line is painted, in pixels. \since 1.0
+    Q_PROPERTY(int separatorRectHeight READ separatorRectHeight WRITE setSeparatorRectHeight)
+    /// Thickness of the separators' line in pixels. \since 1.0
+    Q_PROPERTY(int separatorHeight READ separatorHeight WRITE setSeparatorHeight)
+    /// Width of the border around the menu in pixels; 0 for less. \since 1.0
+    Q_PROPERTY(int borderWidth READ borderWidth WRITE setBorderWidth)
+    /// Colour of the border around the menu. \since 1.0
+    Q_PROPERTY(QColor borderColor READ borderColor WRITE setBorderColor)
+    /// Height of the items from the next one on in pixels; with 0 or less they are not shown. \since 1.0
+    Q_PROPERTY(int itemHeight READ itemHeight WRITE SetMenuItemHeiht RESET resetItemHeight)
+    /// Height of the strip with the lower round corners in pixels. \since 1.0
+    Q_PROPERTY(int bottomHeight READ bottomHeight WRITE SetMenuBottomHeight RESET resetBottomHeight)
 
 public:
     /// An empty menu.
@@ -111,65 +150,173 @@ public:
     /// \since 1.0
     void setTextColor(QColor color);
 
+    /// The colour of the texts; the built-in one where none is set. \since 1.0
+    QColor textColor() const;
+
+    /// Gives the texts the theme's colours again. \since 1.0
+    void resetTextColor();
+
     /// Background colours: entry 0 fills the menu, entry 2 the highlighted item; the others are not used. A
     /// colour that is missing or invalid is replaced by the built-in one when painting. \since 1.0
     void setBg(QVector<QColor> colors);
+
+    /// The names of the background colours; those that are built in where none are set. \since 1.0
+    QStringList backgroundColors() const;
+
+    /// Sets the background colours by their names; see setBg(). \since 1.0
+    void setBackgroundColors(const QStringList &colors);
+
+    /// Gives menu and highlight the theme's colours again. \since 1.0
+    void resetBackgroundColors();
 
     /// Stored, not painted: see SetBorderInfo() for the menu's border.
     /// \since 1.0
     void setFrameClr(QVector<QColor> colors);
 
+    /// The names of the colours of setFrameClr(). \since 1.0
+    QStringList frameColors() const;
+
+    /// Stores colours by their names; see setFrameClr(). \since 1.0
+    void setFrameColors(const QStringList &colors);
+
     /// Sets the room left of the images; 6 by default. The other three values are not used.
     /// \since 1.0
     void SetBorder(int left, int top, int right, int bottom);
+
+    /// The room left of the images. \since 1.0
+    int leftMargin() const { return m_leftMargin; }
+
+    /// Sets the room left of the images. \since 1.0
+    void setLeftMargin(int margin);
+
+    /// Leaves 6 pixels left of the images. \since 1.0
+    void resetLeftMargin();
 
     /// Room between images and texts; 6 by default.
     /// \since 1.0
     void SetSpacing(int spacing);
 
+    /// The room between images and texts. \since 1.0
+    int spacing() const { return m_spacing; }
+
+    /// Leaves 6 pixels between images and texts. \since 1.0
+    void resetSpacing();
+
     /// Least width of the image column, also of an item without an image; 14 by default.
     /// \since 1.0
     void SetDefIconWidth(int width);
+
+    /// The least width of the image column. \since 1.0
+    int iconWidth() const { return m_defIconWidth; }
+
+    /// Makes the image column at least 14 pixels wide. \since 1.0
+    void resetIconWidth();
 
     /// Pixel size at which texts are measured; 14 by default. See SetFont() for the size they are painted in.
     /// \since 1.0
     void SetMenuFontSize(int pixelSize);
 
+    /// The pixel size at which texts are measured. \since 1.0
+    int fontPixelSize() const { return m_fontSize; }
+
+    /// Has texts measured at 14 pixels. \since 1.0
+    void resetFontPixelSize();
+
     /// Radius of the menu's round corners; 4 by default. Below 1 they are square.
     /// \since 1.0
     void SetBordRadios(const int &radius);
+
+    /// The radius of the round corners. \since 1.0
+    int cornerRadius() const { return m_radius; }
+
+    /// Makes the radius of the round corners 4 pixels. \since 1.0
+    void resetCornerRadius();
 
     /// Gives the menu the look of a nested one: all four corners round, two pixels narrower on either side.
     /// \since 1.0
     void SetSubLeveMennu();
 
+    /// Whether the menu has the look of a nested one. \since 1.0
+    bool isSubLevel() const { return m_subLevel; }
+
     /// Image file of the arrow at the right of items that open a sub-menu; there is none by default.
     /// \since 1.0
     void SetSubMenuRightIcon(const QString &path);
+
+    /// The image file of the arrow. \since 1.0
+    QString subMenuIcon() const { return m_arrowFile; }
 
     /// Makes separators 17 pixels high, whatever \a height is: \a height only decides whether their line is
     /// painted, see setSeparatorHeight(). \since 1.0
     void setSeparatorRectHeight(int height);
 
+    /// The value given to setSeparatorRectHeight(). \since 1.0
+    int separatorRectHeight() const { return m_separatorRectHeight; }
+
     /// Thickness of the separators' line; 0 by default. It is painted when it is at least 1 and not larger
     /// than the value given to setSeparatorRectHeight(). \since 1.0
     void setSeparatorHeight(int width);
+
+    /// The thickness of the separators' line. \since 1.0
+    int separatorHeight() const { return m_separatorHeight; }
 
     /// Border around the menu; none by default, where a theme gives it no frame. A nested menu has none.
     /// \since 1.0
     void SetBorderInfo(int width, const QColor &color);
 
+    /// The width of the border. \since 1.0
+    int borderWidth() const { return m_borderWidth; }
+
+    /// Sets the width of the border alone. \since 1.0
+    void setBorderWidth(int width);
+
+    /// The colour of the border; invalid at first. \since 1.0
+    QColor borderColor() const { return m_borderColor; }
+
+    /// Sets the colour of the border alone. \since 1.0
+    void setBorderColor(const QColor &color);
+
     /// Height of the items; 40 by default. With 0 or less the items are not shown.
     /// \since 1.0
     void SetMenuItemHeiht(int height);
+
+    /// The height of the items. \since 1.0
+    int itemHeight() const { return m_itemHeight; }
+
+    /// Makes the items 40 pixels high. \since 1.0
+    void resetItemHeight();
 
     /// Height of the strip at the bottom in which the menu's lower corners are round; 6 by default.
     /// \since 1.0
     void SetMenuBottomHeight(int height);
 
+    /// The height of the bottom strip. \since 1.0
+    int bottomHeight() const { return m_bottomHeight; }
+
+    /// Makes the bottom strip 6 pixels high. \since 1.0
+    void resetBottomHeight();
+
     /// Font of the texts. Texts wider than their item are elided. Sizes below 1 count as 1.
     /// \since 1.0
     void SetFont(const QString &family, int pixelSize);
+
+    /// The family of the font of the texts. \since 1.0
+    QString textFamily() const;
+
+    /// Sets the family of the font of the texts alone. \since 1.0
+    void setTextFamily(const QString &family);
+
+    /// Paints the texts in the library's family again. \since 1.0
+    void resetTextFamily();
+
+    /// The pixel size of the font of the texts. \since 1.0
+    int textPixelSize() const;
+
+    /// Sets the pixel size of the font of the texts alone. \since 1.0
+    void setTextPixelSize(int pixelSize);
+
+    /// Paints the texts at 14 pixels again. \since 1.0
+    void resetTextPixelSize();
 
     /// The least width of an item: 153.
     /// \since 1.0

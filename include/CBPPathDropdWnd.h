@@ -5,6 +5,7 @@
 
 #include <QHash>
 #include <QPointer>
+#include <QStringList>
 #include <QVector>
 #include <QWidget>
 
@@ -27,6 +28,10 @@ class PathRows;
 class LUMQT_EXPORT CBPPathDropdWnd : public QWidget
 {
     Q_OBJECT
+    /// Paths of the rows in the order in which they were added. \since 1.0
+    Q_PROPERTY(QStringList paths READ paths DESIGNABLE false STORED false)
+    /// Path of the selected row; empty when there is none. \since 1.0
+    Q_PROPERTY(QString currentPath READ currentPath DESIGNABLE false STORED false)
 
 public:
     /// An empty list. \since 1.0
@@ -47,6 +52,12 @@ public:
 
     /// The rows in the order in which they were added. They belong to the window. \since 1.0
     QVector<CBPComboxItem *> pathItems();
+
+    /// The paths of the rows in the order in which they were added. \since 1.0
+    QStringList paths() const;
+
+    /// The path of the selected row; empty when there is none. \since 1.0
+    QString currentPath() const;
 
     /// Shows the list and makes it the active window, or hides it. \since 1.0
     void setVisible(bool visible) override;

@@ -325,6 +325,16 @@ void CBPComboxItem::SetSelected(bool selected)
     markSelected(selected);
 }
 
+QString CBPComboxItem::path() const
+{
+    return m_pItem->path;
+}
+
+bool CBPComboxItem::isSelected() const
+{
+    return m_pItem->selected;
+}
+
 void CBPComboxItem::markSelected(bool selected)
 {
     if (m_pItem->selected == selected)

@@ -6,6 +6,7 @@
 #include "foundation/Painting.h"
 #include "foundation/Palette.h"
 #include "foundation/QtCompat.h"
+#include "menus/MenuMetrics.h"
 #include "menus/MenuTexts.h"
 
 #include <QActionEvent>
@@ -22,12 +23,7 @@ using lumqt::Purpose;
 namespace {
 
 constexpr int kWidestText = 200; // to begin with: shorter texts do not make a narrower menu
-constexpr int kItemHeight = 40;
 constexpr int kMinWidth = 153;
-constexpr int kMargin = 6;
-constexpr int kIconWidth = 14;
-constexpr int kRadius = 4;
-constexpr int kBottomHeight = 6;
 constexpr int kRoomBesideText = 49;
 constexpr int kRoomBesideTextWithArrow = 60;
 constexpr int kStateImages = 4;
@@ -103,15 +99,15 @@ QVector<QPointer<QMenu>> CBPMenu::tornOffMenus() const
 void CBPMenu::Init()
 {
     m_texts = std::make_unique<lumqt::MenuTexts>();
-    m_leftMargin = kMargin;
-    m_spacing = kMargin;
-    m_defIconWidth = kIconWidth;
+    m_leftMargin = lumqt::kMenuMargin;
+    m_spacing = lumqt::kMenuMargin;
+    m_defIconWidth = lumqt::kMenuIconWidth;
     m_widestText = kWidestText;
-    m_itemHeight = kItemHeight;
+    m_itemHeight = lumqt::kMenuItemHeight;
     m_fontSize = lumqt::kTextPixelSize;
     m_minWidth = kMinWidth;
-    m_radius = kRadius;
-    m_bottomHeight = kBottomHeight;
+    m_radius = lumqt::kMenuRadius;
+    m_bottomHeight = lumqt::kMenuBottomHeight;
     m_font = lumqt::uiFont(lumqt::NormalWeight, lumqt::kTextPixelSize);
     setObjectName(QStringLiteral("id_PopupMenu"));
     setWindowFlags(windowFlags() | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);

@@ -170,6 +170,21 @@ QVector<CBPComboxItem *> CBPPathDropdWnd::pathItems()
     return m_vecItems;
 }
 
+QStringList CBPPathDropdWnd::paths() const
+{
+    QStringList all;
+    for (const CBPComboxItem *row : m_vecItems)
+        all.append(row->m_pItem->path);
+    return all;
+}
+
+QString CBPPathDropdWnd::currentPath() const
+{
+    const auto found = std::find_if(m_vecItems.begin(), m_vecItems.end(),
+                                    [](const CBPComboxItem *row) { return row->m_pItem->selected; });
+    return found == m_vecItems.end() ? QString() : (*found)->m_pItem->path;
+}
+
 void CBPPathDropdWnd::SetFixedWidth(int width)
 {
     const int bounded = qBound(0, width, QWIDGETSIZE_MAX);

@@ -1,0 +1,12 @@
+#pragma once
+
+namespace lumqt {
+
+// What a menu has at first, in logical pixels.
+constexpr int kMenuItemHeight = 40;
+constexpr int kMenuMargin = 6; // left of the images, and between them and the texts
+constexpr int kMenuIconWidth = 14;
+constexpr int kMenuRadius = 4;
+constexpr int kMenuBottomHeight = 6;
+
+} // namespace lumqt
