@@ -30,6 +30,16 @@
 class LUMQT_EXPORT CBPTheme : public QObject
 {
     Q_OBJECT
+    /// Name of the theme that is shown; one that is none of the names leaves it. \since 1.0
+    Q_PROPERTY(QString current READ current WRITE apply NOTIFY changed)
+    /// Names of the themes there are. \since 1.0
+    Q_PROPERTY(QStringList names READ names)
+    /// Whether the theme is that of the system, which ends when one is chosen by its name. \since 1.0
+    Q_PROPERTY(bool followingSystem READ isFollowingSystem WRITE followSystem)
+    /// Whether the library's windows are given the palette. \since 1.0
+    Q_PROPERTY(bool givesPalette READ givesPalette WRITE givePalette)
+    /// The theme for Qt's widgets. \since 1.0
+    Q_PROPERTY(QPalette palette READ palette NOTIFY changed)
 
 public:
     /// What a colour is for. A theme file uses these names, in any case. Four in a row are those of the

@@ -12,6 +12,12 @@ class QLabel;
 class LUMQT_EXPORT CBPUISyncWaiter : public CBPPopWnd, public CBPSyncObj
 {
     Q_OBJECT
+    /// The text for whoever waits, see CBPSyncObj::text(). \since 1.0
+    Q_PROPERTY(QString text READ text WRITE setText DESIGNABLE false)
+    /// What the label of setWaitingLabel() shows; without one it cannot be set. \since 1.0
+    Q_PROPERTY(QString waitingText READ waitingText WRITE setWaitingText DESIGNABLE false)
+    /// Whether Escape ends the wait. \since 1.0
+    Q_PROPERTY(bool respondsToEsc READ respondsToEsc WRITE SetRespondEsc)
 
 public:
     /// A waiter over \a parent. The \a text is not shown; screen readers read it. \since 1.0
@@ -31,9 +37,15 @@ public:
     /// \since 1.0
     void setWaitingText(QString text);
 
+    /// The text of the label of setWaitingLabel(); empty without one. \since 1.0
+    QString waitingText() const;
+
     /// Whether Escape ends the wait; it does not at first. Together with Shift, Ctrl or Alt it never does.
     /// \since 1.0
     void SetRespondEsc(bool respond);
+
+    /// Whether Escape ends the wait. \since 1.0
+    bool respondsToEsc() const { return m_respondEsc; }
 
     /// 0 after the user has pressed Escape, 1 otherwise, also once exit() was called. Hides the pop-up's.
     /// \since 1.0

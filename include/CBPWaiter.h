@@ -20,6 +20,12 @@ class QPainter;
 class LUMQT_EXPORT CBPWaiter : public QDialog
 {
     Q_OBJECT
+    /// The text, without the dots. \since 1.0
+    Q_PROPERTY(QString text READ text CONSTANT)
+    /// After how many milliseconds the waiter ends by itself. \since 1.0
+    Q_PROPERTY(uint timeLimit READ timeLimit CONSTANT)
+    /// Whether Escape and close requests end the waiter. \since 1.0
+    Q_PROPERTY(bool respondsToEsc READ respondsToEsc WRITE SetRespondEsc)
 
 public:
     /// A waiter over \a parent that shows \a text for \a timeLimit milliseconds at most; with 0 it ends with
@@ -40,6 +46,15 @@ public:
     /// Whether Escape and close requests end the dialog; they do at first.
     /// \since 1.0
     void SetRespondEsc(bool respond);
+
+    /// Whether Escape and close requests end the dialog. \since 1.0
+    bool respondsToEsc() const { return m_respondEsc; }
+
+    /// The text, without the dots. \since 1.0
+    QString text() const { return m_text; }
+
+    /// The time limit in milliseconds. \since 1.0
+    unsigned int timeLimit() const { return m_timeLimit; }
 
     void done(int result) override;
 

@@ -83,6 +83,11 @@ void CBPUISyncWaiter::setWaitingText(QString text)
         m_waitingLabel->setText(text);
 }
 
+QString CBPUISyncWaiter::waitingText() const
+{
+    return m_waitingLabel ? m_waitingLabel->text() : QString();
+}
+
 void CBPUISyncWaiter::SetRespondEsc(bool respond)
 {
     m_respondEsc = respond;
