@@ -5,6 +5,7 @@
 #include <QColor>
 #include <QIcon>
 #include <QMargins>
+#include <QStringList>
 #include <QVector>
 
 namespace lumqt {
@@ -62,6 +63,16 @@ public:
     /// \since 1.0
     void setBgColor(QVector<QColor> colors);
 
+    /// The backgrounds by name, "#rrggbb" or "#aarrggbb"; the built-in ones where none were set.
+    /// \since 1.0
+    QStringList backgroundColors() const;
+    /// The same as setBgColor() by name, except that what setBgTrancent() has made see-through stays so. An
+    /// empty name paints none. \since 1.0
+    void setBackgroundColors(const QStringList &names);
+    /// Makes the backgrounds the theme's again.
+    /// \since 1.0
+    void resetBackgroundColors();
+
     /// Frame colour for a state; an invalid colour for an index outside the list.
     /// \since 1.0
     QColor frmColor(int index) const { return m_frmColor.value(index); }
@@ -69,12 +80,32 @@ public:
     /// \since 1.0
     void setFrmColor(QVector<QColor> colors);
 
+    /// The frame colours by name; see backgroundColors().
+    /// \since 1.0
+    QStringList frameColors() const;
+    /// The same as setFrmColor() by name. An empty name draws no frame.
+    /// \since 1.0
+    void setFrameColors(const QStringList &names);
+    /// Makes them the theme's again.
+    /// \since 1.0
+    void resetFrameColors();
+
     /// Text colour for a state; an invalid colour for an index outside the list.
     /// \since 1.0
     QColor textColor(int index) const { return m_textColor.value(index); }
     /// Replaces the text colours.
     /// \since 1.0
     void setTextColor(QVector<QColor> colors);
+
+    /// The text colours by name; see backgroundColors().
+    /// \since 1.0
+    QStringList textColors() const;
+    /// The same as setTextColor() by name.
+    /// \since 1.0
+    void setTextColors(const QStringList &names);
+    /// Makes them the theme's again.
+    /// \since 1.0
+    void resetTextColors();
 
     /// Focus colour for a state, at first the background; for buttons that choose to use it.
     /// \since 1.0
@@ -90,12 +121,29 @@ public:
     /// \since 1.0
     void setTriangleColor(QVector<QColor> colors);
 
+    /// The triangle colours by name; see backgroundColors().
+    /// \since 1.0
+    QStringList triangleColors() const;
+    /// The same as setTriangleColor() by name.
+    /// \since 1.0
+    void setTriangleColors(const QStringList &names);
+    /// Makes them the theme's again.
+    /// \since 1.0
+    void resetTriangleColors();
+
     /// Corner radius in pixels: 0 the horizontal one, 1 the vertical one; 0 for an index outside the list.
     /// \since 1.0
     int roundRadius(int index) const { return m_roundRadius.value(index); }
     /// Replaces the radii: horizontal, vertical, in pixels. A horizontal radius of 0 means square corners.
     /// \since 1.0
     void setRoundRadius(QVector<int> radii) { m_roundRadius = radii; }
+
+    /// The horizontal corner radius in pixels.
+    /// \since 1.0
+    int cornerRadius() const { return roundRadius(0); }
+    /// Sets both corner radii, in pixels.
+    /// \since 1.0
+    void setCornerRadius(int radius) { setRoundRadius({radius, radius}); }
 
     /// Background of the checked look; invalid at first, which paints none.
     /// \since 1.0
@@ -121,10 +169,16 @@ public:
     /// With true a square button draws no frame: its background reaches the edges.
     /// \since 1.0
     void setFrmTrancent(bool transparent) { m_frmTrancent = transparent; }
+    /// What setFrmTrancent() has set; false at first.
+    /// \since 1.0
+    bool isFrameTransparent() const { return m_frmTrancent; }
 
     /// Makes every background fully transparent, or fully opaque. It rewrites the present list only: colours
     /// set later keep their own alpha. \since 1.0
     void setBgTrancent(bool transparent);
+    /// What setBgTrancent() has set; false at first.
+    /// \since 1.0
+    bool isBackgroundTransparent() const { return m_bgTrancent; }
 
     /// Margins, in pixels, that are cut off the widget before background and frame are painted.
     /// \since 1.0
@@ -169,5 +223,10 @@ private:
     short m_bgPurpose; // CBPTheme::Purpose of the first state, of a list that nobody has set
     short m_frmPurpose;
     short m_textPurpose;
+    short
+        m_ownBgPurpose; // those that the button has by its class, for when its colours are the theme's again
+    short m_ownFrmPurpose;
+    short m_ownTextPurpose;
     bool m_waits = false; // disabled, and to be seen waiting
+    bool m_bgTrancent = false;
 };

@@ -1,6 +1,7 @@
 #include "CBtnObj.h"
 
 #include "buttons/ButtonTones.h"
+#include "foundation/ListText.h"
 #include "foundation/Log.h"
 
 namespace {
@@ -89,7 +90,10 @@ CBtnObj::CBtnObj()
       m_roundRadius(squareCorners()),
       m_bgPurpose(kGround),
       m_frmPurpose(kFrame),
-      m_textPurpose(kText)
+      m_textPurpose(kText),
+      m_ownBgPurpose(kGround),
+      m_ownFrmPurpose(kFrame),
+      m_ownTextPurpose(kText)
 {
 }
 
@@ -129,6 +133,7 @@ void CBtnObj::setTriangleColor(QVector<QColor> colors)
 
 void CBtnObj::setBgTrancent(bool transparent)
 {
+    m_bgTrancent = transparent;
     const Colors &opaque = builtIn(m_bgPurpose);
     const Colors &clear = builtInTransparent(m_bgPurpose);
     if (shares(m_bgColor, opaque) || shares(m_bgColor, clear)) {
@@ -173,17 +178,88 @@ bool CBtnObj::hasOwnTextColor() const
 }
 
 // ----------------------------------------------------------------------------------------------------------
+// colours by name
+
+QStringList CBtnObj::backgroundColors() const
+{
+    return lumqt::colorNames(m_bgColor);
+}
+
+// In a form or a style sheet colours and transparency come in any order.
+void CBtnObj::setBackgroundColors(const QStringList &names)
+{
+    setBgColor(lumqt::colorsOf(names));
+    if (m_bgTrancent)
+        CBtnObj::setBgTrancent(true);
+}
+
+void CBtnObj::resetBackgroundColors()
+{
+    m_bgPurpose = m_ownBgPurpose;
+    m_bgColor = m_bgTrancent ? builtInTransparent(m_bgPurpose) : builtIn(m_bgPurpose);
+}
+
+QStringList CBtnObj::frameColors() const
+{
+    return lumqt::colorNames(m_frmColor);
+}
+
+void CBtnObj::setFrameColors(const QStringList &names)
+{
+    setFrmColor(lumqt::colorsOf(names));
+}
+
+void CBtnObj::resetFrameColors()
+{
+    m_frmPurpose = m_ownFrmPurpose;
+    m_frmColor = builtIn(m_frmPurpose);
+}
+
+QStringList CBtnObj::textColors() const
+{
+    return lumqt::colorNames(m_textColor);
+}
+
+void CBtnObj::setTextColors(const QStringList &names)
+{
+    setTextColor(lumqt::colorsOf(names));
+}
+
+void CBtnObj::resetTextColors()
+{
+    m_textPurpose = m_ownTextPurpose;
+    m_textColor = builtIn(m_textPurpose);
+}
+
+QStringList CBtnObj::triangleColors() const
+{
+    return lumqt::colorNames(m_triangleColor);
+}
+
+void CBtnObj::setTriangleColors(const QStringList &names)
+{
+    setTriangleColor(lumqt::colorsOf(names));
+}
+
+void CBtnObj::resetTriangleColors()
+{
+    m_triangleColor = builtIn(kTriangle);
+}
+
+// ----------------------------------------------------------------------------------------------------------
 // buttons that are part of something
 
 void lumqt::ButtonTones::setGround(CBtnObj &button, Purpose first)
 {
     button.m_bgPurpose = short(first);
+    button.m_ownBgPurpose = short(first);
     button.m_bgColor = builtIn(short(first));
 }
 
 void lumqt::ButtonTones::setFrame(CBtnObj &button, Purpose first)
 {
     button.m_frmPurpose = short(first);
+    button.m_ownFrmPurpose = short(first);
     button.m_frmColor = builtIn(short(first));
 }
 
@@ -195,5 +271,6 @@ void lumqt::ButtonTones::setWaiting(CBtnObj &button, bool waits)
 void lumqt::ButtonTones::setText(CBtnObj &button, Purpose first)
 {
     button.m_textPurpose = short(first);
+    button.m_ownTextPurpose = short(first);
     button.m_textColor = builtIn(short(first));
 }
