@@ -37,14 +37,71 @@ struct ButtonTones;
 class LUMQT_EXPORT CBPPushBtn : public QPushButton, public CBtnObj
 {
     Q_OBJECT
+    /// Whether the button answers the user; see setEnabled(). \since 1.0
+    Q_PROPERTY(bool enabled READ isEnabled WRITE setEnabled)
+    /// The caption, shown as it is: an "&" makes no shortcut. \since 1.0
+    Q_PROPERTY(QString text READ text WRITE setText NOTIFY textChanged)
+    /// The picture beside the text, or in the middle where there is none. \since 1.0
+    Q_PROPERTY(QIcon icon READ icon WRITE setIcon)
+    /// The largest size in pixels that the icon is drawn at; a button that sizes itself counts it. \since 1.0
+    Q_PROPERTY(QSize iconSize READ iconSize WRITE resizeIcon)
+    /// Of no effect: the button paints itself. \since 1.0
+    Q_PROPERTY(bool flat READ isFlat WRITE setFlat DESIGNABLE false)
+    /// What the text is drawn in; what it leaves open is as in the widget's font. \since 1.0
+    Q_PROPERTY(QFont textFont READ textFont WRITE SetFont RESET resetTextFont)
+    /// Whether the button fixes its own width; icon, menu and minimumAutoWidth count. \since 1.0
+    Q_PROPERTY(bool autoResize READ autoResize WRITE setAutoResize)
+    /// The least width in pixels of a button that sizes itself; 85 at first. \since 1.0
+    Q_PROPERTY(int minimumAutoWidth READ minimumAutoWidth WRITE SetMininzerWidth RESET resetMinimumAutoWidth)
+    /// Whether the icon stands to the right of the text. \since 1.0
+    Q_PROPERTY(bool iconAfterText READ isIconAfterText WRITE setIconAfterText)
+    /// Where the icon starts, at the left edge or centred together with the text. \since 1.0
+    Q_PROPERTY(__ALIGN_TYPE alignment READ alignment WRITE setAlignment)
+    /// The gap between icon and text in pixels; 10 at first. \since 1.0
+    Q_PROPERTY(int spacing READ spacing WRITE showSpacing RESET resetSpacing)
+    /// How many pixels an icon behind the text is moved down. \since 1.0
+    Q_PROPERTY(int iconVerticalOffset READ iconVerticalOffset WRITE showIconOffset)
+    /// Whether a click opens the menu, for which a triangle is drawn, and is not reported. \since 1.0
+    Q_PROPERTY(bool hasMenu READ hasMenu WRITE setHasMenu)
+    /// The number that sigBtnClicked() reports. \since 1.0
+    Q_PROPERTY(int bindId READ bindId WRITE setBindId)
+    /// Whether the button looks pressed for good. \since 1.0
+    Q_PROPERTY(bool selected READ isSelected WRITE setSelected NOTIFY selectionChanged)
+    /// The colour of the focus ring. \since 1.0
+    Q_PROPERTY(QColor focusFrameColor READ focusFrameColor WRITE showFocusFrame RESET resetFocusFrameColor)
+    /// The backgrounds by state: normal, hover, pressed, disabled. \since 1.0
+    Q_PROPERTY(QStringList backgroundColors READ backgroundColors WRITE setBackgroundColors RESET
+                   resetBackgroundColors)
+    /// Whether all backgrounds are see-through; false makes see-through ones opaque. \since 1.0
+    Q_PROPERTY(bool backgroundTransparent READ isBackgroundTransparent WRITE showTransparent)
+    /// The frame colours by state. \since 1.0
+    Q_PROPERTY(QStringList frameColors READ frameColors WRITE setFrameColors RESET resetFrameColors)
+    /// Whether it goes without the focus ring and, with square corners, without its frame. \since 1.0
+    Q_PROPERTY(bool frameTransparent READ isFrameTransparent WRITE showFrameless)
+    /// Kept for derived buttons that draw a frame of their own, in pixels: this one's is one wide. \since 1.0
+    Q_PROPERTY(int frameWidth READ frmWidth WRITE setFrmWidth DESIGNABLE false)
+    /// The corner radius in pixels; 0, square, at first. \since 1.0
+    Q_PROPERTY(int cornerRadius READ cornerRadius WRITE setCornerRadius)
+    /// The text colours by state. \since 1.0
+    Q_PROPERTY(QStringList textColors READ textColors WRITE setTextColors RESET resetTextColors)
+    /// Kept for derived buttons that draw a triangle of their own: this one's is the theme's. \since 1.0
+    Q_PROPERTY(QStringList triangleColors READ triangleColors WRITE setTriangleColors RESET
+                   resetTriangleColors DESIGNABLE false)
+    /// What is laid over the background of a checked button; none at first. \since 1.0
+    Q_PROPERTY(QColor checkedBackgroundColor READ checkedBgColor WRITE showCheckedBackground RESET
+                   resetCheckedBackgroundColor)
+    /// The frame of that; none at first. \since 1.0
+    Q_PROPERTY(
+        QColor checkedFrameColor READ checkedFrmColor WRITE showCheckedFrame RESET resetCheckedFrameColor)
 
 public:
     /// Where the icon starts. The text itself is always centred in the button.
     /// \since 1.0
-    enum __ALIGN_TYPE {
+    enum __ALIGN_TYPE : int {
         ALIGN_LEFT = 0,   ///< 16 pixels from the left edge
         ALIGN_CENTER = 1, ///< icon and text as one centred block
     };
+    Q_ENUM(__ALIGN_TYPE)
 
     /// A button without text; the id is 0.
     ///
@@ -81,21 +138,77 @@ public:
     /// \since 1.0
     void SetFont(const QFont &font);
 
+    /// The font of the text: that of SetFont(), and what it leaves open as the widget's own font has it.
+    /// \since 1.0
+    QFont textFont() const;
+
+    /// Makes it the library's font again.
+    /// \since 1.0
+    void resetTextFont();
+
+    /// Makes the button fix its own width, or frees a width that it has fixed.
+    /// \since 1.0
+    void setAutoResize(bool autoResize);
+
+    /// Whether the button fixes its own width.
+    /// \since 1.0
+    bool autoResize() const { return m_autoResize; }
+
     /// Sets the lower bound of a self-sized button's width, in pixels; 85 at first.
     /// \since 1.0
     void SetMininzerWidth(int width);
+
+    /// What SetMininzerWidth() has set.
+    /// \since 1.0
+    int minimumAutoWidth() const { return m_minimumWidth; }
+
+    /// Makes it 85 pixels again.
+    /// \since 1.0
+    void resetMinimumAutoWidth();
+
+    /// Puts the icon to the right of the text, or before it, where it is at first.
+    /// \since 1.0
+    void setIconAfterText(bool after);
+
+    /// Whether the icon stands to the right of the text.
+    /// \since 1.0
+    bool isIconAfterText() const { return m_iconAfterText; }
+
+    /// Sets where the icon starts. A number that is none of the enumeration means the left edge.
+    /// \since 1.0
+    void setAlignment(__ALIGN_TYPE align);
+
+    /// Where the icon starts.
+    /// \since 1.0
+    __ALIGN_TYPE alignment() const { return __ALIGN_TYPE(m_align); }
 
     /// Sets the gap between icon and text in pixels; 10 at first. Takes effect at the next resize or paint.
     /// \since 1.0
     void setSpacing(int spacing);
 
+    /// The gap between icon and text in pixels.
+    /// \since 1.0
+    int spacing() const { return m_spacing; }
+
+    /// Makes it 10 pixels again.
+    /// \since 1.0
+    void resetSpacing();
+
     /// Moves an icon behind the text down by \a offset pixels; 0 at first.
     /// \since 1.0
     void SetIconVoffSet(const int &offset);
 
+    /// What SetIconVoffSet() has set.
+    /// \since 1.0
+    int iconVerticalOffset() const { return m_iconVerticalOffset; }
+
     /// With true the button draws a triangle and opens its menu instead of clicking. Without a menu a click
     /// then does nothing. \since 1.0
     void setHasMenu(bool hasMenu);
+
+    /// Whether a click opens the menu.
+    /// \since 1.0
+    bool hasMenu() const { return m_hasMenu; }
 
     /// Adds an item to the button's menu, which the first call makes. \a id becomes the item's data.
     /// An empty or missing icon file gives an item without an icon.
@@ -110,9 +223,17 @@ public:
     /// \since 1.0
     int bindId() const;
 
+    /// Sets the id that sigBtnClicked() reports.
+    /// \since 1.0
+    void setBindId(int id) { m_bindId = id; }
+
     /// Paints the button as pressed as long as it is enabled, or no longer.
     /// \since 1.0
     void setSelected(bool selected);
+
+    /// The flag of setSelected().
+    /// \since 1.0
+    bool isSelected() const;
 
     /// Enables or disables the button. Calls through QWidget do the same.
     /// \since 1.0
@@ -130,9 +251,45 @@ public:
     /// \since 1.0
     void setFocusFrameColor(QColor color);
 
+    /// The colour of setFocusFrameColor().
+    /// \since 1.0
+    QColor focusFrameColor() const;
+
+    /// Makes it the theme's again.
+    /// \since 1.0
+    void resetFocusFrameColor();
+
     /// Makes the background see-through in every state, or opaque again.
     /// \since 1.0
     void setBgTrancent(bool transparent);
+
+    /// As CBtnObj's of this name, shown at once; so are those that follow.
+    /// \since 1.0
+    void setBackgroundColors(const QStringList &names);
+    /// \copydoc CBtnObj::resetBackgroundColors()
+    void resetBackgroundColors();
+    /// \copydoc CBtnObj::setFrameColors()
+    void setFrameColors(const QStringList &names);
+    /// \copydoc CBtnObj::resetFrameColors()
+    void resetFrameColors();
+    /// \copydoc CBtnObj::setTextColors()
+    void setTextColors(const QStringList &names);
+    /// \copydoc CBtnObj::resetTextColors()
+    void resetTextColors();
+    /// \copydoc CBtnObj::setTriangleColors()
+    void setTriangleColors(const QStringList &names);
+    /// \copydoc CBtnObj::resetTriangleColors()
+    void resetTriangleColors();
+    /// \copydoc CBtnObj::setCornerRadius()
+    void setCornerRadius(int radius);
+
+    /// Takes the background of the checked look away.
+    /// \since 1.0
+    void resetCheckedBackgroundColor();
+
+    /// Takes the frame of the checked look away.
+    /// \since 1.0
+    void resetCheckedFrameColor();
 
     /// As QPushButton's, and never narrower than the text, whatever a style sheet says of push buttons.
     /// \since 1.0
@@ -152,6 +309,14 @@ Q_SIGNALS:
     /// \since 1.0
     void sigActionTriggered(CBPMenuItem *pItem);
 
+    /// setText() has changed the text. The button may be deleted here.
+    /// \since 1.0
+    void textChanged(const QString &text);
+
+    /// setSelected() has changed the flag; of a click in a CButtonGroupBox it is told after the click. The
+    /// button may be deleted here. \since 1.0
+    void selectionChanged(bool selected);
+
 protected:
     /// Draws the drop-down triangle, if the button has a menu.
     /// \since 1.0
@@ -164,18 +329,6 @@ protected:
     /// With true a text that is wider than the button is drawn on one line and ends in an ellipsis; at first
     /// it is wrapped. \since 1.0
     void setTextElided(bool elided);
-
-    /// The font of the text: that of SetFont(), and what it leaves open as the widget's own font has it.
-    /// \since 1.0
-    QFont textFont() const;
-
-    /// The flag of setSelected().
-    /// \since 1.0
-    bool isSelected() const;
-
-    /// The colour of setFocusFrameColor().
-    /// \since 1.0
-    QColor focusFrameColor() const;
 
     /// Hears of each click that none of the button's event handlers is behind, before others do, and reports
     /// it by sigBtnClicked() or opens the menu. \since 1.0
@@ -213,11 +366,27 @@ private:
     friend class ClickWatch;
     friend class CBPMenuBtn;
     friend class CBPPopWnd;
+    friend class CButtonGroupBox;
     friend class CTriStateButton;
     friend struct lumqt::ButtonTones;
 
+    static constexpr int kMinimumAutoWidth = 85; // pixels, as the next
+    static constexpr int kIconSpacing = 10;
+
     void init();
     void autoResizeBtn();
+    bool changeSelected(bool selected);
+    void tellSelected();
+    // Writers of properties: the setters, where those leave it to the next paint or resize to show the
+    // change.
+    void resizeIcon(const QSize &size);
+    void showSpacing(int spacing);
+    void showIconOffset(int offset);
+    void showFocusFrame(const QColor &color);
+    void showTransparent(bool transparent);
+    void showFrameless(bool frameless);
+    void showCheckedBackground(const QColor &color);
+    void showCheckedFrame(const QColor &color);
     int iconWidth() const;
     int textWidth() const;
     QPixmap iconPixmap() const;
@@ -234,8 +403,10 @@ private:
     int m_bindId = 0;
     bool m_autoResize = false;
     bool m_selected = false;
+    bool m_toldSelected = false; // what selectionChanged() has said last
     int m_align = ALIGN_CENTER;
     int m_minimumWidth;
+    int m_autoWidth = 0; // that the button has fixed last
     int m_spacing;
     QPointer<CBPMenu> m_menu;
     bool m_hasMenu = false;

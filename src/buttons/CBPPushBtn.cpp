@@ -6,7 +6,6 @@
 #include "foundation/Accessible.h"
 #include "foundation/ElidedText.h"
 #include "foundation/FontLookup.h"
-#include "foundation/IconPixmap.h"
 #include "foundation/Painting.h"
 #include "foundation/PlainText.h"
 #include "foundation/PressKeys.h"
@@ -18,10 +17,6 @@ namespace {
 
 // Look and metrics, in logical pixels.
 constexpr int kHeight = 28;
-constexpr int kMinimumWidth = 85;
-constexpr int kSpacing = 10;
-constexpr int kSidePadding = 20; // both sides of a self-sized button together
-constexpr int kMenuPadding = 10; // what a menu adds to a self-sized button
 constexpr int kArrowWidth = 8;
 constexpr int kArrowHeight = 4;
 
@@ -104,8 +99,8 @@ void CBPPushBtn::init()
     lumqt::registerMenuItem();
     lumqt::installAccessible(staticMetaObject.className(), makeAccessible);
     m_ringPurpose = short(lumqt::Purpose::ButtonFocusRing);
-    m_minimumWidth = kMinimumWidth;
-    m_spacing = kSpacing;
+    m_minimumWidth = kMinimumAutoWidth;
+    m_spacing = kIconSpacing;
     m_arrowWidth = kArrowWidth;
     m_arrowHeight = kArrowHeight;
     m_font = lumqt::uiFont();
@@ -114,68 +109,6 @@ void CBPPushBtn::init()
     autoResizeBtn();
     // Dialogs and assistive tools press a button through click(), which no event handler sees.
     connect(this, &QAbstractButton::clicked, this, &CBPPushBtn::reportActivation);
-}
-
-void CBPPushBtn::setText(const QString &text)
-{
-    QPushButton::setText(text);
-    lumqt::dropMnemonic(this, m_plainText);
-    autoResizeBtn();
-}
-
-void CBPPushBtn::setIcon(const QIcon &icon)
-{
-    QPushButton::setIcon(icon);
-    autoResizeBtn();
-}
-
-void CBPPushBtn::SetFont(const QFont &font)
-{
-    m_font = font;
-    autoResizeBtn();
-    updateGeometry();
-    update();
-}
-
-void CBPPushBtn::SetMininzerWidth(int width)
-{
-    m_minimumWidth = width;
-    autoResizeBtn();
-}
-
-void CBPPushBtn::setTextElided(bool elided)
-{
-    m_elided = elided;
-    update();
-}
-
-QFont CBPPushBtn::textFont() const
-{
-    return m_font.resolve(font()); // as a painter completes it
-}
-
-QString CBPPushBtn::elided(const QString &text, int width) const
-{
-    QString line = lumqt::elidedLine(text, textFont(), width);
-    m_cut = line != text;
-    return line;
-}
-
-void CBPPushBtn::setSpacing(int spacing)
-{
-    m_spacing = spacing;
-}
-
-void CBPPushBtn::SetIconVoffSet(const int &offset)
-{
-    m_iconVerticalOffset = offset;
-}
-
-void CBPPushBtn::setHasMenu(bool hasMenu)
-{
-    m_hasMenu = hasMenu;
-    autoResizeBtn();
-    update();
 }
 
 void CBPPushBtn::AppendMenuItem(QString iconPath, QString text, int id)
@@ -193,101 +126,10 @@ CBPMenu *CBPPushBtn::GetMenu()
     return m_menu;
 }
 
-int CBPPushBtn::bindId() const
-{
-    return m_bindId;
-}
-
-void CBPPushBtn::setSelected(bool selected)
-{
-    const bool changed = m_selected != selected;
-    m_selected = selected;
-    update();
-    if (!changed)
-        return;
-    selectedChanged();
-    lumqt::tellChosen(this, selected);
-}
-
-void CBPPushBtn::selectedChanged() {}
-
-bool CBPPushBtn::isSelected() const
-{
-    return m_selected;
-}
-
-QColor CBPPushBtn::focusFrameColor() const
-{
-    return m_ownRing ? m_focusFrameColor : lumqt::builtInColor(lumqt::Purpose(m_ringPurpose));
-}
-
-void CBPPushBtn::setEnabled(bool enabled)
-{
-    setState(enabled ? Normal : Disabled);
-    QPushButton::setEnabled(enabled);
-}
-
-void CBPPushBtn::setDisabled(bool disabled)
-{
-    setEnabled(!disabled);
-}
-
-void CBPPushBtn::setAsDefaultBtn()
-{
-    setFocus(true);
-    QPushButton::setDefault(true);
-}
-
-void CBPPushBtn::setFocusFrameColor(QColor color)
-{
-    m_focusFrameColor = color;
-    m_ownRing = true;
-}
-
-void CBPPushBtn::setBgTrancent(bool transparent)
-{
-    CBtnObj::setBgTrancent(transparent);
-    setAttribute(Qt::WA_TranslucentBackground, transparent);
-    // Qt sets this one along with the first but does not take it back: what lies below would never be
-    // cleared.
-    if (!transparent)
-        setAttribute(Qt::WA_NoSystemBackground, false);
-}
-
 void CBPPushBtn::OnActionTriggered(QAction *pAct)
 {
     if (CBPMenuItem *item = lumqt::chosenItem(pAct))
         emit sigActionTriggered(item);
-}
-
-// ----------------------------------------------------------------------------------------------------------
-// sizes
-
-QPixmap CBPPushBtn::iconPixmap() const
-{
-    return lumqt::iconPixmap(icon(), iconSize(), iconMode(), this);
-}
-
-int CBPPushBtn::iconWidth() const
-{
-    return icon().isNull() ? 0 : lumqt::logicalSize(iconPixmap()).width();
-}
-
-int CBPPushBtn::textWidth() const
-{
-    // A self-sized button is sized by its icon, its minimum width and its menu, never by its text: rows of
-    // dialog buttons keep one width in every language, and the triangle keeps its place.
-    return 0;
-}
-
-void CBPPushBtn::autoResizeBtn()
-{
-    if (!m_autoResize)
-        return;
-    const int icon = iconWidth();
-    const int content = icon + (icon != 0 ? lumqt::boundedPixels(m_spacing) : 0) + textWidth() + kSidePadding;
-    const int width = qMax(content, lumqt::boundedPixels(m_minimumWidth)) + (m_hasMenu ? kMenuPadding : 0);
-    setFixedWidth(qBound(0, width, QWIDGETSIZE_MAX));
 }
 
 // ----------------------------------------------------------------------------------------------------------
