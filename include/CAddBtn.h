@@ -10,6 +10,18 @@
 class LUMQT_EXPORT CAddBtn : public CBPPushBtn
 {
     Q_OBJECT
+    /// Of no effect, as the five below: the plus mark is the icon. \since 1.0
+    Q_PROPERTY(QIcon icon READ icon WRITE setIcon DESIGNABLE false)
+    /// See icon. \since 1.0
+    Q_PROPERTY(QSize iconSize READ iconSize WRITE setIconSize DESIGNABLE false)
+    /// See icon. \since 1.0
+    Q_PROPERTY(bool iconAfterText READ isIconAfterText WRITE setIconAfterText DESIGNABLE false)
+    /// See icon. \since 1.0
+    Q_PROPERTY(__ALIGN_TYPE alignment READ alignment WRITE setAlignment DESIGNABLE false)
+    /// See icon. \since 1.0
+    Q_PROPERTY(int spacing READ spacing WRITE setSpacing DESIGNABLE false)
+    /// See icon. \since 1.0
+    Q_PROPERTY(int iconVerticalOffset READ iconVerticalOffset WRITE SetIconVoffSet DESIGNABLE false)
 
 public:
     /// A button with the mark alone; the id is 0.

@@ -54,6 +54,8 @@ CBPMenuBtn::CBPMenuBtn(QString text, QWidget *parent) : CBPPushBtn(parent)
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
+CBPMenuBtn::CBPMenuBtn(QWidget *parent) : CBPMenuBtn(QString(), parent) {}
+
 CBPMenuBtn::~CBPMenuBtn() = default;
 
 QSize CBPMenuBtn::sizeHint() const

@@ -11,7 +11,9 @@
 
 namespace {
 
-constexpr int kLargest = 4096; // across, in logical pixels
+// Across, in logical pixels.
+constexpr int kDiameter = 28;
+constexpr int kLargest = 4096;
 
 QAccessibleInterface *makeAccessible(QWidget *widget)
 {
@@ -32,6 +34,8 @@ CBPRoundBtn::CBPRoundBtn(int diameter, int id, QWidget *parent) : CBPPushBtn(QSt
     lumqt::ButtonTones::setRing(*this, lumqt::Purpose::FocusRing);
 }
 
+CBPRoundBtn::CBPRoundBtn(QWidget *parent) : CBPRoundBtn(kDiameter, 0, parent) {}
+
 CBPRoundBtn::~CBPRoundBtn() = default;
 
 void CBPRoundBtn::SetDiameter(int diameter)
@@ -41,6 +45,11 @@ void CBPRoundBtn::SetDiameter(int diameter)
     const int radius = (pixels + 1) / 2;
     setRoundRadius({radius, radius});
     update();
+}
+
+void CBPRoundBtn::resetDiameter()
+{
+    SetDiameter(kDiameter);
 }
 
 int CBPRoundBtn::GetDiameter() const
