@@ -4,6 +4,7 @@
 #include "foundation/Accessible.h"
 #include "foundation/ElidedText.h"
 #include "foundation/FocusMark.h"
+#include "foundation/ListText.h"
 #include "foundation/Painting.h"
 
 #include <QKeyEvent>
@@ -18,7 +19,10 @@ constexpr int kElidedInset = 4; // of a text that ends in an ellipsis, at each s
 
 enum Look { Plain = 0, Hovered = 1, Checked = 2 };
 
+constexpr unsigned char kAllLooks = 7; // a bit for each
+
 constexpr Purpose kTexts[] = {Purpose::ToggleText, Purpose::ToggleHovered, Purpose::ToggleChecked};
+constexpr Purpose kFrames[] = {Purpose::ToggleFrame, Purpose::ToggleHovered, Purpose::ToggleChecked};
 
 // Three on purpose, one per look; there is no colour for "disabled" to set.
 const QVector<QColor> &builtInTexts()
@@ -96,6 +100,8 @@ CTriStateButton::CTriStateButton(QString text, bool locked, bool noToggle, QWidg
     setText(text);
 }
 
+CTriStateButton::CTriStateButton(QWidget *parent) : CTriStateButton(QString(), false, false, parent) {}
+
 CTriStateButton::~CTriStateButton() = default;
 
 QAccessibleInterface *CTriStateButton::makeAccessible(QWidget *widget)
@@ -113,10 +119,13 @@ void CTriStateButton::SetChecked(bool checked)
 {
     if (m_locked || m_noToggle)
         return;
+    const QPointer<CTriStateButton> alive(this);
     if (isCheckable())
         setChecked(checked);
     else
         mark(checked);
+    if (alive)
+        tellCheck();
 }
 
 void CTriStateButton::mark(bool checked)
@@ -128,14 +137,12 @@ void CTriStateButton::mark(bool checked)
     lumqt::tellChecked(this);
 }
 
-void CTriStateButton::SetColor(QColor &plain, QColor &checked, QColor &hover)
+void CTriStateButton::tellCheck()
 {
-    m_plainColor = plain;
-    m_checkedColor = checked;
-    m_hoverColor = hover;
-    m_ownFrames = true;
-    m_textColor = {plain, hover, checked};
-    update();
+    if (m_toldChecked == m_checked)
+        return;
+    m_toldChecked = m_checked;
+    emit checkedChanged(m_checked); // the button may be gone after
 }
 
 // ------------------------------------------------------------------------------------------------------------
@@ -159,12 +166,21 @@ void CTriStateButton::nextCheckState()
 // An application that makes the button checkable, for a QButtonGroup, finds one state and not two.
 void CTriStateButton::checkStateSet()
 {
-    if (isCheckable())
-        mark(isChecked());
+    if (!isCheckable())
+        return;
+    mark(isChecked());
+    // The base goes on with the button after this, and says toggled() when it is done.
+    if (!m_followsToggled)
+        connect(this, &QAbstractButton::toggled, this, &CTriStateButton::tellCheck);
+    m_followsToggled = true;
 }
 
-// A toggle says clicked() and nothing more, whoever clicks.
-void CTriStateButton::reportActivation() {}
+// A toggle says clicked() and no number, whoever clicks.
+void CTriStateButton::reportActivation()
+{
+    if (!m_tellsAfterClick)
+        tellCheck();
+}
 
 void CTriStateButton::followRelease()
 {
@@ -172,8 +188,14 @@ void CTriStateButton::followRelease()
     setDown(false);
     const QPointer<CTriStateButton> alive(this);
     nextCheckState();
-    if (alive)
-        emit clicked(false); // the button may be gone after
+    if (!alive)
+        return;
+    m_tellsAfterClick = true;
+    emit clicked(false);
+    if (!alive)
+        return;
+    m_tellsAfterClick = false;
+    tellCheck();
 }
 
 void CTriStateButton::mouseReleaseEvent(QMouseEvent *event)
@@ -241,6 +263,110 @@ void CTriStateButton::focusOutEvent(QFocusEvent *event)
     CBPPushBtn::focusOutEvent(event);
 }
 
+void CTriStateButton::SetColor(QColor &plain, QColor &checked, QColor &hover)
+{
+    m_frames[Plain] = plain;
+    m_frames[Hovered] = hover;
+    m_frames[Checked] = checked;
+    m_ownFrames = kAllLooks;
+    m_frameTexts = {plain, hover, checked};
+    m_textColor = m_frameTexts;
+    update();
+}
+
+// Of one frame among three, in a form or a style sheet: text colours that were set are to stay, whichever
+// comes first.
+void CTriStateButton::setFrame(int look, const QColor &color, bool own)
+{
+    const bool textsFollow = !hasOwnTexts();
+    const int bit = 1 << look;
+    m_ownFrames = static_cast<unsigned char>(own ? m_ownFrames | bit : m_ownFrames & ~bit);
+    m_frames[look] = own ? color : QColor();
+    m_frameTexts = {m_frames[Plain], m_frames[Hovered], m_frames[Checked]};
+    if (textsFollow)
+        resetTextColors();
+    update();
+}
+
+void CTriStateButton::setPlainColor(const QColor &color)
+{
+    setFrame(Plain, color, true);
+}
+
+QColor CTriStateButton::plainColor() const
+{
+    return reportedFrame(Plain);
+}
+
+void CTriStateButton::resetPlainColor()
+{
+    setFrame(Plain, QColor(), false);
+}
+
+void CTriStateButton::setHoverColor(const QColor &color)
+{
+    setFrame(Hovered, color, true);
+}
+
+QColor CTriStateButton::hoverColor() const
+{
+    return reportedFrame(Hovered);
+}
+
+void CTriStateButton::resetHoverColor()
+{
+    setFrame(Hovered, QColor(), false);
+}
+
+void CTriStateButton::setCheckedColor(const QColor &color)
+{
+    setFrame(Checked, color, true);
+}
+
+QColor CTriStateButton::checkedColor() const
+{
+    return reportedFrame(Checked);
+}
+
+void CTriStateButton::resetCheckedColor()
+{
+    setFrame(Checked, QColor(), false);
+}
+
+// Whether the texts have other colours than the theme's or the frames'.
+bool CTriStateButton::hasOwnTexts() const
+{
+    const QColor *const texts = m_textColor.constData();
+    return texts != builtInTexts().constData() &&
+           (m_frameTexts.isEmpty() || texts != m_frameTexts.constData());
+}
+
+QStringList CTriStateButton::textColors() const
+{
+    QVector<QColor> colors = m_textColor;
+    if (!hasOwnTexts()) {
+        for (int look = Plain; look <= Checked; ++look)
+            colors[look] = colors[look].isValid() ? colors[look] : lumqt::builtInColor(kTexts[look]);
+    }
+    return lumqt::colorNames(colors);
+}
+
+void CTriStateButton::setTextColors(const QStringList &names)
+{
+    const QVector<QColor> colors = lumqt::colorsOf(names);
+    if (colors.size() == builtInTexts().size())
+        m_textColor = colors; // not by the setter, see the constructor
+    else
+        setTextColor(colors);
+    update();
+}
+
+void CTriStateButton::resetTextColors()
+{
+    m_textColor = m_ownFrames != 0 ? m_frameTexts : builtInTexts();
+    update();
+}
+
 QColor CTriStateButton::lookTextColor(int look) const
 {
     const bool isSet = m_textColor.constData() != builtInTexts().constData();
@@ -249,14 +375,12 @@ QColor CTriStateButton::lookTextColor(int look) const
 
 QColor CTriStateButton::frameColor(int look) const
 {
-    switch (look) {
-    case Checked:
-        return m_ownFrames ? m_checkedColor : lumqt::themeColor(Purpose::ToggleChecked);
-    case Hovered:
-        return m_ownFrames ? m_hoverColor : lumqt::themeColor(Purpose::ToggleHovered);
-    default:
-        return m_ownFrames ? m_plainColor : lumqt::themeColor(Purpose::ToggleFrame);
-    }
+    return m_ownFrames & (1 << look) ? m_frames[look] : lumqt::themeColor(kFrames[look]);
+}
+
+QColor CTriStateButton::reportedFrame(int look) const
+{
+    return m_ownFrames & (1 << look) ? m_frames[look] : lumqt::builtInColor(kFrames[look]);
 }
 
 void CTriStateButton::paintEvent(QPaintEvent *)
