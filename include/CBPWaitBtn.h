@@ -17,6 +17,12 @@
 class LUMQT_EXPORT CBPWaitBtn : public CBPPushBtn, public CBPSyncObj
 {
     Q_OBJECT
+    /// The image files of the spinner; an empty list is left out. \since 1.0
+    Q_PROPERTY(QStringList frames READ frames WRITE setFrames)
+    /// What stands beside the spinner. \since 1.0
+    Q_PROPERTY(QString waitingText READ waitingText WRITE setWaitingText)
+    /// Whether the button shows that somebody waits. \since 1.0
+    Q_PROPERTY(bool waiting READ isWaitting DESIGNABLE false STORED false)
 
 public:
     /// A button with \a text, which waits with \a waitingText and the pictures of the files \a frames.
@@ -24,6 +30,10 @@ public:
     /// autoResize is CBPPushBtn's. \since 1.0
     CBPWaitBtn(const QStringList &frames, const QString &text, const QString &waitingText,
                QWidget *parent = nullptr, bool autoResize = false);
+
+    /// The same without texts and frames.
+    /// \since 1.0
+    explicit CBPWaitBtn(QWidget *parent = nullptr);
     ~CBPWaitBtn() override;
 
     // Both a button and what is waited in have a text. The button's is meant here, the other one is
@@ -48,6 +58,22 @@ public:
     /// Replaces the frames, unless \a frames is empty. Each call connects the animation once more.
     /// \since 1.0
     void setReslist(const QStringList &frames);
+
+    /// Replaces the frames as setReslist() does, without another connection.
+    /// \since 1.0
+    void setFrames(const QStringList &frames);
+
+    /// The files of the frames.
+    /// \since 1.0
+    QStringList frames() const { return m_frames; }
+
+    /// Replaces the waiting text, also while it shows.
+    /// \since 1.0
+    void setWaitingText(const QString &waitingText);
+
+    /// The text that shows while somebody waits.
+    /// \since 1.0
+    QString waitingText() const { return m_waitingText; }
 
     /// Whether the button shows that somebody waits. A spinner that rests because nobody can see it counts.
     /// \since 1.0
@@ -92,6 +118,7 @@ private:
 
     QString m_text;
     QString m_waitingText;
+    QStringList m_frames;
     CBPAnimationObj m_animation;
     bool m_waiting = false;
     bool m_hidden = true;            // nobody can see it

@@ -11,12 +11,20 @@
 class LUMQT_EXPORT CExpandBtn : public CBPWaitBtn
 {
     Q_OBJECT
+    /// Whether what it opens is open; false as long as expandable is. \since 1.0
+    Q_PROPERTY(bool expanded READ isExpand WRITE setExpand NOTIFY sigExpandChanged)
+    /// Whether there is something to open, and an arrow to say so. \since 1.0
+    Q_PROPERTY(bool expandable READ isExpandable WRITE setExpandable)
 
 public:
     /// A button that is not expanded; see CBPWaitBtn about the arguments.
     /// \since 1.0
     CExpandBtn(const QStringList &frames, const QString &text, const QString &waitingText,
                QWidget *parent = nullptr, bool autoResize = false);
+
+    /// The same without texts and frames.
+    /// \since 1.0
+    explicit CExpandBtn(QWidget *parent = nullptr);
     ~CExpandBtn() override;
 
     /// Expands or collapses it. A button that is not expandable stays collapsed.
@@ -26,6 +34,10 @@ public:
     /// Whether there is something to expand; true at first. With false it collapses and shows no arrow.
     /// \since 1.0
     void setExpandable(bool expandable);
+
+    /// Whether there is something to expand.
+    /// \since 1.0
+    bool isExpandable() const { return m_expandable; }
 
     /// Whether it is expanded; false at first.
     /// \since 1.0

@@ -5,6 +5,7 @@
 #include "CBPEvtLoop.h"
 #include "foundation/IconPixmap.h"
 #include "foundation/ImageLoader.h"
+#include "foundation/ListText.h"
 #include "foundation/Painting.h"
 
 #include <QPainter>
@@ -51,14 +52,34 @@ CBPWaitBtn::CBPWaitBtn(const QStringList &frames, const QString &text, const QSt
     connect(this, SIGNAL(clicked()), this, SLOT(onBtnClicked()));
 }
 
+CBPWaitBtn::CBPWaitBtn(QWidget *parent) : CBPWaitBtn(QStringList(), QString(), QString(), parent) {}
+
 CBPWaitBtn::~CBPWaitBtn() = default;
 
 void CBPWaitBtn::setReslist(const QStringList &frames)
 {
     if (frames.isEmpty())
         return;
+    m_frames = frames;
     m_animation.setRes(frames);
     connect(&m_animation, SIGNAL(frameChanged(int)), this, SLOT(iconChanged(int)));
+}
+
+void CBPWaitBtn::setFrames(const QStringList &frames)
+{
+    if (frames.isEmpty())
+        return;
+    disconnect(&m_animation, SIGNAL(frameChanged(int)), this, SLOT(iconChanged(int)));
+    setReslist(lumqt::listOf(frames));
+}
+
+// A later wait is not to take the text of an earlier one, still shown, for the one that it ends with.
+void CBPWaitBtn::setWaitingText(const QString &waitingText)
+{
+    const bool shows = m_showsWaitingText && text() == m_waitingText;
+    m_waitingText = waitingText;
+    if (shows)
+        showText(waitingText, true);
 }
 
 void CBPWaitBtn::setWaitingText(QString &text, QString &waitingText)
@@ -146,7 +167,10 @@ void CBPWaitBtn::Show(bool show)
 
 void CBPWaitBtn::restore()
 {
+    const QPointer<CBPWaitBtn> alive(this);
     showText(m_text, false);
+    if (!alive) // somebody minded the text
+        return;
     setIcon(QIcon(QString()));
     endWaiting();
 }

@@ -68,6 +68,8 @@ CExpandBtn::CExpandBtn(const QStringList &frames, const QString &text, const QSt
     connect(this, SIGNAL(clicked()), this, SLOT(onExpand()));
 }
 
+CExpandBtn::CExpandBtn(QWidget *parent) : CExpandBtn(QStringList(), QString(), QString(), parent) {}
+
 CExpandBtn::~CExpandBtn() = default;
 
 void CExpandBtn::setExpand(bool expand)
