@@ -35,6 +35,35 @@ enum class FocusMark : unsigned char;
 class LUMQT_EXPORT CBPDropdownBtn : public QWidget, public CBtnObj
 {
     Q_OBJECT
+    /// The caption, shown as it is: an "&" makes no shortcut. \since 1.0
+    Q_PROPERTY(QString text READ text WRITE setText NOTIFY textChanged)
+    /// The picture before the text, 16 x 16 pixels. \since 1.0
+    Q_PROPERTY(QIcon icon READ icon WRITE setIcon)
+    /// What the text is drawn in; what it leaves open is as in the widget's font. \since 1.0
+    Q_PROPERTY(QFont textFont READ textFont WRITE SetFont RESET resetTextFont)
+    /// Whether only the part with the triangle opens the menu, and the other one clicks. \since 1.0
+    Q_PROPERTY(bool split READ isSplit WRITE setSplit)
+    /// The number that sigBtnClicked() reports. \since 1.0
+    Q_PROPERTY(int bindId READ bindId WRITE setBindId)
+    /// The colour of the focus ring. \since 1.0
+    Q_PROPERTY(
+        QColor focusFrameColor READ focusFrameColor WRITE setFocusFrameColor RESET resetFocusFrameColor)
+    /// The backgrounds by state: normal, hover, pressed, disabled. \since 1.0
+    Q_PROPERTY(QStringList backgroundColors READ backgroundColors WRITE setBackgroundColors RESET
+                   resetBackgroundColors)
+    /// Whether all backgrounds are see-through; false makes see-through ones opaque. \since 1.0
+    Q_PROPERTY(bool backgroundTransparent READ isBackgroundTransparent WRITE showTransparent)
+    /// The frame colours by state. \since 1.0
+    Q_PROPERTY(QStringList frameColors READ frameColors WRITE setFrameColors RESET resetFrameColors)
+    /// Whether a button with square corners goes without its frame. \since 1.0
+    Q_PROPERTY(bool frameTransparent READ isFrameTransparent WRITE showFrameless)
+    /// The corner radius in pixels; 0, square, at first. \since 1.0
+    Q_PROPERTY(int cornerRadius READ cornerRadius WRITE setCornerRadius)
+    /// The text colours by state; the line of a split button follows them. \since 1.0
+    Q_PROPERTY(QStringList textColors READ textColors WRITE setTextColors RESET resetTextColors)
+    /// The colours of the triangle by state. \since 1.0
+    Q_PROPERTY(
+        QStringList triangleColors READ triangleColors WRITE setTriangleColors RESET resetTriangleColors)
 
 public:
     /// A button without text; the id is 0.
@@ -65,17 +94,61 @@ public:
     /// \since 1.0
     void setIcon(const QIcon &icon);
 
+    /// The icon.
+    /// \since 1.0
+    QIcon icon() const { return m_icon; }
+
     /// Sets the font of the text (QWidget::setFont() has no effect on it).
     /// \since 1.0
     void SetFont(const QFont &font);
+
+    /// The font of the text: that of SetFont(), and what it leaves open as the widget's own font has it.
+    /// \since 1.0
+    QFont textFont() const;
+
+    /// Makes it the library's font again.
+    /// \since 1.0
+    void resetTextFont();
 
     /// With true only the part with the triangle opens the menu, and the other one clicks; false at first.
     /// \since 1.0
     void setSplit(bool split);
 
+    /// Whether only the part with the triangle opens the menu.
+    /// \since 1.0
+    bool isSplit() const { return m_split; }
+
     /// Sets the colour of the focus ring, two pixels wide; #2f86d8 at first.
     /// \since 1.0
     void setFocusFrameColor(QColor color);
+
+    /// The colour of setFocusFrameColor(), #2f86d8 where it has set none.
+    /// \since 1.0
+    QColor focusFrameColor() const;
+
+    /// Makes it the theme's again.
+    /// \since 1.0
+    void resetFocusFrameColor();
+
+    /// As CBtnObj's of this name, shown at once; so are those that follow.
+    /// \since 1.0
+    void setBackgroundColors(const QStringList &names);
+    /// \copydoc CBtnObj::resetBackgroundColors()
+    void resetBackgroundColors();
+    /// \copydoc CBtnObj::setFrameColors()
+    void setFrameColors(const QStringList &names);
+    /// \copydoc CBtnObj::resetFrameColors()
+    void resetFrameColors();
+    /// \copydoc CBtnObj::setTextColors()
+    void setTextColors(const QStringList &names);
+    /// \copydoc CBtnObj::resetTextColors()
+    void resetTextColors();
+    /// \copydoc CBtnObj::setTriangleColors()
+    void setTriangleColors(const QStringList &names);
+    /// \copydoc CBtnObj::resetTriangleColors()
+    void resetTriangleColors();
+    /// \copydoc CBtnObj::setCornerRadius()
+    void setCornerRadius(int radius);
 
     /// Adds an item to the button's menu, which the first call makes. \a id becomes the item's data.
     /// An empty or missing icon file gives an item without an icon. \since 1.0
@@ -92,6 +165,10 @@ public:
     /// The id that sigBtnClicked() reports.
     /// \since 1.0
     int bindId() const;
+
+    /// Sets the id that sigBtnClicked() reports.
+    /// \since 1.0
+    void setBindId(int id) { m_id = id; }
 
     /// Opens the menu, as a press on the triangle does, and returns once it is closed. The button may be
     /// gone then. Without a menu, while it is open, and on a disabled button nothing
@@ -114,6 +191,10 @@ Q_SIGNALS:
     /// An item of the menu was chosen. The item belongs to the menu.
     /// \since 1.0
     void sigActionTriggered(CBPMenuItem *pItem);
+
+    /// setText() has changed the text. The button may be deleted here.
+    /// \since 1.0
+    void textChanged(const QString &text);
 
 protected:
     void mousePressEvent(QMouseEvent *event) override;
@@ -145,11 +226,13 @@ private:
     void activate();
     QSize hint(int textWidth) const;
     int textGap() const;
-    QFont textFont() const;
     QRect visual(const QRect &place) const;
     QRect arrowRect() const;
     QColor dividerColor(int index) const;
     void drawContent(QPainter &painter, int index);
+    // Writers of properties: the setters, which leave it to the next paint to show the change.
+    void showTransparent(bool transparent);
+    void showFrameless(bool frameless);
 
     QString m_text;
     QIcon m_icon;

@@ -108,9 +108,12 @@ QAccessibleInterface *CBPDropdownBtn::makeAccessible(QWidget *widget)
 
 void CBPDropdownBtn::setText(const QString &text)
 {
+    const bool changed = m_text != text;
     m_text = text;
     updateGeometry();
     update();
+    if (changed)
+        emit textChanged(QString(m_text)); // the button may be gone after
 }
 
 QString CBPDropdownBtn::text() const

@@ -1,0 +1,91 @@
+// The colours, the frame and the font that an application sets on a drop-down button, shown at once.
+
+#include "CBPDropdownBtn.h"
+
+#include "foundation/FontLookup.h"
+#include "foundation/Palette.h"
+
+void CBPDropdownBtn::resetTextFont()
+{
+    SetFont(lumqt::uiFont());
+}
+
+QColor CBPDropdownBtn::focusFrameColor() const
+{
+    return m_ownRing ? m_focusFrameColor : lumqt::builtInColor(lumqt::Purpose::FocusRing);
+}
+
+void CBPDropdownBtn::resetFocusFrameColor()
+{
+    m_ownRing = false;
+    update();
+}
+
+void CBPDropdownBtn::setBackgroundColors(const QStringList &names)
+{
+    CBtnObj::setBackgroundColors(names);
+    update();
+}
+
+void CBPDropdownBtn::resetBackgroundColors()
+{
+    CBtnObj::resetBackgroundColors();
+    update();
+}
+
+// Not where nothing is to be taken back: a colour that is half see-through comes before this or after.
+void CBPDropdownBtn::showTransparent(bool transparent)
+{
+    if (!transparent && !isBackgroundTransparent())
+        return;
+    setBgTrancent(transparent);
+    update();
+}
+
+void CBPDropdownBtn::setFrameColors(const QStringList &names)
+{
+    CBtnObj::setFrameColors(names);
+    update();
+}
+
+void CBPDropdownBtn::resetFrameColors()
+{
+    CBtnObj::resetFrameColors();
+    update();
+}
+
+void CBPDropdownBtn::showFrameless(bool frameless)
+{
+    setFrmTrancent(frameless);
+    update();
+}
+
+void CBPDropdownBtn::setTextColors(const QStringList &names)
+{
+    CBtnObj::setTextColors(names);
+    update();
+}
+
+void CBPDropdownBtn::resetTextColors()
+{
+    CBtnObj::resetTextColors();
+    update();
+}
+
+void CBPDropdownBtn::setTriangleColors(const QStringList &names)
+{
+    CBtnObj::setTriangleColors(names);
+    update();
+}
+
+void CBPDropdownBtn::resetTriangleColors()
+{
+    CBtnObj::resetTriangleColors();
+    update();
+}
+
+void CBPDropdownBtn::setCornerRadius(int radius)
+{
+    CBtnObj::setCornerRadius(radius);
+    update();
+}
