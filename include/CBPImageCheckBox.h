@@ -2,6 +2,7 @@
 
 #include "CBPCheckBox.h"
 
+#include <QStringList>
 #include <QVector>
 
 #include <memory>
@@ -20,17 +21,41 @@ enum class FocusMark : unsigned char;
 class LUMQT_EXPORT CBPImageCheckBox : public CBPCheckBox
 {
     Q_OBJECT
+    /// The image files of the unchecked mark: normal, hover, pressed, disabled. \since 1.0
+    Q_PROPERTY(QStringList uncheckedImages READ uncheckedImages WRITE setUncheckedImages)
+    /// Those of the checked mark; the box has its own look until there are four of both. \since 1.0
+    Q_PROPERTY(QStringList checkedImages READ checkedImages WRITE setCheckedImages)
 
 public:
     /// A check box with \a text behind the mark, or the mark alone; an "&" makes the next letter its
     /// shortcut. \since 1.0
     CBPImageCheckBox(const QVector<QString> &unchecked, const QVector<QString> &checked,
                      const QString &text = QString(), QWidget *parent = nullptr);
+
+    /// A check box without a text, which looks as CBPCheckBox does until it has its images.
+    /// \since 1.0
+    explicit CBPImageCheckBox(QWidget *parent = nullptr);
     ~CBPImageCheckBox() override;
 
     /// Replaces the image files.
     /// \since 1.0
     void SetImages(const QVector<QString> &unchecked, const QVector<QString> &checked);
+
+    /// Replaces the image files of the unchecked mark alone.
+    /// \since 1.0
+    void setUncheckedImages(const QStringList &images);
+
+    /// The image files of the unchecked mark that were set, however many.
+    /// \since 1.0
+    QStringList uncheckedImages() const;
+
+    /// Replaces the image files of the checked mark alone.
+    /// \since 1.0
+    void setCheckedImages(const QStringList &images);
+
+    /// The image files of the checked mark that were set, however many.
+    /// \since 1.0
+    QStringList checkedImages() const;
 
     /// With room for mark and text. The mark takes the size of the first unchecked image.
     /// \since 1.0
@@ -52,6 +77,8 @@ private:
     void updateRing();
     QSize markSize() const;
 
+    QVector<QString> m_unchecked; // as they were set
+    QVector<QString> m_checked;
     QVector<QString> m_images; // four unchecked, four checked; empty where there are others
     std::unique_ptr<lumqt::PaintedImage> m_mark;
     lumqt::FocusMark m_focusMark{};

@@ -21,7 +21,6 @@
 namespace {
 
 // Look and metrics, in logical pixels.
-constexpr int kBorder = 5;
 constexpr int kTextReserve = 2; // a text counts for so much more than its width
 const QPoint kTipsOffset(5, 5); // from the pointer
 const char kTipsPixelSize[] = "14";
@@ -44,7 +43,8 @@ CBPImageButton::CBPImageButton(const QVector<QString> &images, bool round, int i
       m_textPurpose(short(lumqt::Purpose::ImageText)),
       m_round(round),
       m_id(id),
-      m_border(kBorder),
+      m_border(kSideBorder),
+      m_specialIconPurpose(short(lumqt::Purpose::Badge)),
       m_image(std::make_unique<lumqt::PaintedImage>())
 {
     lumqt::installAccessible("CBPImageButton", makeAccessible);
@@ -60,141 +60,11 @@ CBPImageButton::CBPImageButton(const QVector<QString> &images, bool round, int i
     }
 }
 
+CBPImageButton::CBPImageButton(QWidget *parent) : CBPImageButton(QVector<QString>(), false, 0, parent) {}
+
 CBPImageButton::~CBPImageButton()
 {
     delete m_tips;
-}
-
-void CBPImageButton::SetImgButtonRes(QVector<QString> &images)
-{
-    m_images = images;
-    m_image->forget();
-    updateRing();
-}
-
-QSize CBPImageButton::GetSize() const
-{
-    return m_size;
-}
-
-int CBPImageButton::GetID() const
-{
-    return m_id;
-}
-
-void CBPImageButton::SetText(const QString &text, const QFont &font)
-{
-    m_text = text;
-    m_font = font;
-    textChanged();
-}
-
-void CBPImageButton::SetText(const QString &text, bool besideImage, int spacing)
-{
-    m_text = text;
-    m_besideImage = besideImage;
-    m_spacing = lumqt::boundedPixels(spacing);
-    textChanged();
-}
-
-void CBPImageButton::SetText(const QString &text, const QFont &font, QVector<QColor> colors, bool besideImage,
-                             int spacing, int leftMargin)
-{
-    m_textColors = colors;
-    m_ownTextColors = true;
-    placeText(text, font, besideImage, spacing, leftMargin);
-}
-
-void CBPImageButton::placeText(const QString &text, const QFont &font, bool besideImage, int spacing,
-                               int leftMargin)
-{
-    m_text = text;
-    m_font = font;
-    m_besideImage = besideImage;
-    m_spacing = lumqt::boundedPixels(spacing);
-    m_leftMargin = lumqt::boundedPixels(leftMargin);
-    textChanged();
-}
-
-void CBPImageButton::setText(const QString &text)
-{
-    QPushButton::setText(text);
-    lumqt::dropMnemonic(this, m_plainText);
-}
-
-void CBPImageButton::SetBorder(int border, bool resize)
-{
-    m_border = lumqt::boundedPixels(border);
-    if (resize)
-        ReSetSize();
-    update();
-}
-
-void CBPImageButton::SetBorderRadius(int radius)
-{
-    m_borderRadius = radius;
-}
-
-void CBPImageButton::SetBkgColors(const QVector<QColor> &colors)
-{
-    if (colors.size() == kStates)
-        m_bkgColors = colors;
-}
-
-void CBPImageButton::SetBkgBrush(const QVector<QBrush> &brushes)
-{
-    if (brushes.size() == kStates)
-        m_bkgBrushes = brushes;
-}
-
-void CBPImageButton::SetBorderColor(const QVector<QColor> &colors)
-{
-    m_borderColors = colors;
-}
-
-void CBPImageButton::SetSelect(bool selected)
-{
-    m_selected = selected;
-    m_index = selected ? ENStatePress : ENStateNormal;
-    // A selected button hears no release.
-    setDown(false);
-    update();
-}
-
-void CBPImageButton::SetBtnShow(bool show)
-{
-    m_shown = show;
-    placeRing();
-}
-
-void CBPImageButton::SetHight(int height)
-{
-    m_textHeight = height;
-    ReSetSize();
-}
-
-void CBPImageButton::SetIconVoffset(int offset)
-{
-    m_iconVoffset = lumqt::boundedPixels(offset);
-}
-
-void CBPImageButton::SetSpecialIcon(bool show, const QColor &color)
-{
-    m_specialIconShown = show;
-    m_specialIconColor = color;
-    m_specialIconPurpose = -1;
-}
-
-void CBPImageButton::SetTipsTxt(const QString &text)
-{
-    m_tipsText = text;
-    nameChanged();
-    if (!m_tips)
-        return;
-    if (text.isEmpty())
-        m_tips->hide();
-    else
-        m_tips->SetShowText(tipsMarkup());
 }
 
 // ----------------------------------------------------------------------------------------------------------
@@ -449,7 +319,14 @@ void CBPImageButton::changeEvent(QEvent *event)
             fontChanged();
         update();
     }
+    if (event->type() != QEvent::EnabledChange) {
+        QPushButton::changeEvent(event);
+        return;
+    }
+    const QPointer<CBPImageButton> alive(this);
     QPushButton::changeEvent(event);
+    if (alive)
+        tellSelected(); // followEnabled() will let it go
 }
 
 // A size that the application has set meanwhile is the application's, whatever the font.

@@ -4,6 +4,7 @@
 #include "foundation/FocusMark.h"
 #include "foundation/FocusRing.h"
 #include "foundation/ImageLoader.h"
+#include "foundation/ListText.h"
 
 #include <QFocusEvent>
 #include <QKeyEvent>
@@ -54,16 +55,43 @@ CBPImageCheckBox::CBPImageCheckBox(const QVector<QString> &unchecked, const QVec
     SetImages(unchecked, checked);
 }
 
+CBPImageCheckBox::CBPImageCheckBox(QWidget *parent)
+    : CBPImageCheckBox(QVector<QString>(), QVector<QString>(), QString(), parent)
+{
+}
+
 CBPImageCheckBox::~CBPImageCheckBox() = default;
 
 void CBPImageCheckBox::SetImages(const QVector<QString> &unchecked, const QVector<QString> &checked)
 {
     const bool complete = unchecked.size() == kStates && checked.size() == kStates;
     m_images = complete ? unchecked + checked : QVector<QString>();
+    m_unchecked = unchecked;
+    m_checked = checked;
     m_mark->forget();
     updateRing();
     updateGeometry();
     update();
+}
+
+void CBPImageCheckBox::setUncheckedImages(const QStringList &images)
+{
+    SetImages(lumqt::filesOf(images), m_checked);
+}
+
+QStringList CBPImageCheckBox::uncheckedImages() const
+{
+    return lumqt::fileNames(m_unchecked);
+}
+
+void CBPImageCheckBox::setCheckedImages(const QStringList &images)
+{
+    SetImages(m_unchecked, lumqt::filesOf(images));
+}
+
+QStringList CBPImageCheckBox::checkedImages() const
+{
+    return lumqt::fileNames(m_checked);
 }
 
 bool CBPImageCheckBox::hasImages() const

@@ -1,5 +1,6 @@
 #include "CBPImageTextBtn.h"
 
+#include "ENState.h"
 #include "foundation/Accessible.h"
 #include "foundation/FontLookup.h"
 #include "foundation/Palette.h"
@@ -17,12 +18,18 @@ constexpr int kBorder = 5;
 } // namespace
 
 CBPImageTextBtn::CBPImageTextBtn(const QVector<QString> &images, const QString &text, int id, QWidget *parent)
-    : CBPImageButton(images, false, id, parent), m_imageSize(GetSize().expandedTo(QSize(0, 0))), m_label(text)
+    : CBPImageButton(images, false, id, parent), m_imageSize(GetSize().expandedTo(QSize(0, 0)))
 {
     lumqt::installAccessible("CBPImageTextBtn", &makeAccessible);
+    m_label = text;
+    m_arranges = true;
     m_mirrors = true;
     m_textPurpose = short(lumqt::Purpose::PlainText);
     arrange();
+}
+
+CBPImageTextBtn::CBPImageTextBtn(QWidget *parent) : CBPImageTextBtn(QVector<QString>(), QString(), 0, parent)
+{
 }
 
 CBPImageTextBtn::~CBPImageTextBtn() = default;
@@ -36,6 +43,16 @@ QAccessibleInterface *CBPImageTextBtn::makeAccessible(QWidget *widget)
         button, [button] { return button->m_label.isEmpty() ? button->spokenName() : button->m_label; });
 }
 
+void CBPImageTextBtn::setImages(const QStringList &images)
+{
+    const bool wasDrawn = m_images.size() == kStates;
+    CBPImageButton::setImages(images);
+    if (wasDrawn || m_images.size() != kStates)
+        return;
+    m_imageSize = imageSize(ENStateNormal).expandedTo(QSize(0, 0));
+    arrange();
+}
+
 void CBPImageTextBtn::SetTextBelow(bool below)
 {
     m_below = below;
@@ -44,8 +61,7 @@ void CBPImageTextBtn::SetTextBelow(bool below)
 
 void CBPImageTextBtn::SetLabel(const QString &text)
 {
-    m_label = text;
-    arrange();
+    setLabel(text);
 }
 
 void CBPImageTextBtn::arrange()
