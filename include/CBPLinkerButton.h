@@ -7,6 +7,7 @@
 #include <QColor>
 #include <QFont>
 #include <QLabel>
+#include <QStringList>
 #include <QVector>
 
 #include <memory>
@@ -32,12 +33,34 @@ enum class Press : unsigned char;
 class LUMQT_EXPORT CBPLinkerButton : public QLabel
 {
     Q_OBJECT
+    /// When the link is underlined. \since 1.0
+    Q_PROPERTY(LinkType linkType READ linkType WRITE setLinkType)
+    /// The number that sigLinkerClick() reports. \since 1.0
+    Q_PROPERTY(int bindId READ bindData WRITE setBindId)
+    /// Whether the link has the colour of a pressed one for good. \since 1.0
+    Q_PROPERTY(bool selected READ IsSelected WRITE SetSelected NOTIFY selectionChanged)
+    /// The text colours: normal, hovered or focused, pressed or selected, disabled. \since 1.0
+    Q_PROPERTY(QStringList textColors READ textColors WRITE setTextColors RESET resetTextColors)
+    /// The size of the font in pixels; 14 at first, and less than 1 is left out. \since 1.0
+    Q_PROPERTY(int fontPixelSize READ fontPixelSize WRITE SetFontPixel RESET resetFontPixelSize)
 
 public:
+    /// When a link is underlined: ENLinkerType, for the property. \since 1.0
+    enum LinkType : int {
+        LinkTypeAlways = ENLinkerTypeAlways, ///< always
+        LinkTypeHover = ENLinkerTypeHover,   ///< while the mouse is over it
+        LinkTypeNever = ENLinkerTypeNever,   ///< never
+    };
+    Q_ENUM(LinkType)
+
     /// A link with \a text, underlined as \a type says (of another number, as it was), that reports \a
     /// bindId. \since 1.0
     explicit CBPLinkerButton(const QString &text, ENLinkerType type = ENLinkerTypeHover, int bindId = 0,
                              QWidget *parent = nullptr);
+
+    /// A link without a text, underlined under the mouse; the number is 0.
+    /// \since 1.0
+    explicit CBPLinkerButton(QWidget *parent = nullptr);
     ~CBPLinkerButton() override;
 
     /// Sets the font size in pixels, 14 at first; less than 1 is left out with a warning.
@@ -46,6 +69,14 @@ public:
     /// the size only. \since 1.0
     void SetFontPixel(int px);
 
+    /// The font size in pixels.
+    /// \since 1.0
+    int fontPixelSize() const { return m_font.pixelSize(); }
+
+    /// Makes it 14 pixels again, by the style sheet that the link has at first.
+    /// \since 1.0
+    void resetFontPixelSize();
+
     /// Sets the text colour of all states, disabled too.
     /// \since 1.0
     void SetTextColor(QColor &c);
@@ -53,6 +84,18 @@ public:
     /// Sets the text colours: normal, hovered or focused, pressed or selected, disabled. A state that the
     /// list has no valid colour for takes the built-in one. \since 1.0
     void SetTextColor(const QVector<QColor> &colors);
+
+    /// The same by name; an empty name stands for the built-in colour.
+    /// \since 1.0
+    void setTextColors(const QStringList &names);
+
+    /// The text colours by name, "#rrggbb" or "#aarrggbb"; the built-in ones where none were set.
+    /// \since 1.0
+    QStringList textColors() const;
+
+    /// Makes the text colours the theme's again.
+    /// \since 1.0
+    void resetTextColors();
 
     /// Shows the pressed colour until further notice, or no longer.
     /// \since 1.0
@@ -66,9 +109,21 @@ public:
     /// \since 1.0
     void SetLinkerType(ENLinkerType type);
 
+    /// The same for the property.
+    /// \since 1.0
+    void setLinkType(LinkType type) { SetLinkerType(static_cast<ENLinkerType>(type)); }
+
+    /// When the link is underlined.
+    /// \since 1.0
+    LinkType linkType() const { return static_cast<LinkType>(m_type); }
+
     /// The number that sigLinkerClick() reports.
     /// \since 1.0
     int bindData() const;
+
+    /// Sets the number that sigLinkerClick() reports.
+    /// \since 1.0
+    void setBindId(int id) { m_bindId = id; }
 
     /// Room for the whole text, and a little above and below it.
     /// \since 1.0
@@ -78,6 +133,10 @@ Q_SIGNALS:
     /// The left mouse button was released, or Space or Enter pressed, on the enabled link.
     /// \since 1.0
     void sigLinkerClick(int bindId);
+
+    /// SetSelected() has changed the flag. The link may be deleted here.
+    /// \since 1.0
+    void selectionChanged(bool selected);
 
 protected:
     /// Override it with lumqt::EnterEvent, and it compiles with either Qt. \since 1.0
@@ -93,6 +152,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    void wearSheet(const QString &sheet);
     void setLook(int mouseState);
     void followMouse(bool over);
     void clickByKey();

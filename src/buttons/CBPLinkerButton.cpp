@@ -4,6 +4,7 @@
 #include "foundation/FocusMark.h"
 #include "foundation/FocusRing.h"
 #include "foundation/FontLookup.h"
+#include "foundation/ListText.h"
 #include "foundation/Log.h"
 #include "foundation/Painting.h"
 #include "foundation/Palette.h"
@@ -69,6 +70,10 @@ CBPLinkerButton::CBPLinkerButton(const QString &text, ENLinkerType type, int bin
     setFocusPolicy(Qt::TabFocus); // a click leaves the focus where the user works
 }
 
+CBPLinkerButton::CBPLinkerButton(QWidget *parent) : CBPLinkerButton(QString(), ENLinkerTypeHover, 0, parent)
+{
+}
+
 CBPLinkerButton::~CBPLinkerButton() = default;
 
 void CBPLinkerButton::SetFontPixel(int px)
@@ -79,9 +84,25 @@ void CBPLinkerButton::SetFontPixel(int px)
     }
     m_font.setPixelSize(px);
     m_elidedWidth = -1;
-    setStyleSheet(QString::fromLatin1(kFontSizeSheet).arg(px));
+    wearSheet(QString::fromLatin1(kFontSizeSheet).arg(px));
     updateGeometry();
     update();
+}
+
+void CBPLinkerButton::resetFontPixelSize()
+{
+    m_font.setPixelSize(lumqt::kTextPixelSize);
+    m_elidedWidth = -1;
+    wearSheet(QString::fromLatin1(kFontSheet).arg(m_font.family()));
+    updateGeometry();
+    update();
+}
+
+// Not once more: a style sheet around that sets the size does so again with each sheet that the link gets.
+void CBPLinkerButton::wearSheet(const QString &sheet)
+{
+    if (styleSheet() != sheet)
+        setStyleSheet(sheet);
 }
 
 void CBPLinkerButton::SetTextColor(QColor &c)
@@ -96,12 +117,29 @@ void CBPLinkerButton::SetTextColor(const QVector<QColor> &colors)
     update();
 }
 
+void CBPLinkerButton::setTextColors(const QStringList &names)
+{
+    SetTextColor(lumqt::colorsOf(names));
+}
+
+QStringList CBPLinkerButton::textColors() const
+{
+    return lumqt::colorNames(m_textColors.isEmpty() ? lumqt::builtInColors(lumqt::Purpose::Link)
+                                                    : m_textColors);
+}
+
+void CBPLinkerButton::resetTextColors()
+{
+    SetTextColor(QVector<QColor>());
+}
+
 void CBPLinkerButton::SetSelected(bool selected)
 {
     if (m_selected == selected)
         return;
     m_selected = selected;
     update();
+    emit selectionChanged(selected); // the link may be gone after
 }
 
 bool CBPLinkerButton::IsSelected() const
