@@ -5,6 +5,7 @@
 #include "LumQtGlobal.h"
 
 #include <QColor>
+#include <QStringList>
 #include <QVector>
 #include <QWidget>
 
@@ -17,8 +18,34 @@
 class LUMQT_EXPORT CBPStateWidget : public QWidget
 {
     Q_OBJECT
+    /// The backgrounds by state: normal, hover, pressed, disabled. \since 1.0
+    Q_PROPERTY(QStringList backgroundColors READ backgroundColors WRITE setBackgroundColors RESET
+                   resetBackgroundColors)
+    /// The frame colours by state. \since 1.0
+    Q_PROPERTY(QStringList frameColors READ frameColors WRITE setFrameColors RESET resetFrameColors)
+    /// Whether the background is filled. \since 1.0
+    Q_PROPERTY(bool drawsBackground READ drawsBackground WRITE showBackground)
+    /// Whether a widget with square corners goes without its frame. \since 1.0
+    Q_PROPERTY(bool frameTransparent READ isFrameTransparent WRITE showFrameless)
+    /// Whether it is painted in the hover colours, whatever its state. \since 1.0
+    Q_PROPERTY(bool selected READ isSelected WRITE SetSelected NOTIFY selectionChanged)
+    /// The horizontal corner radius in pixels; the corners are square while either is 0. \since 1.0
+    Q_PROPERTY(double xRadius READ xRadius WRITE setXRadius)
+    /// The vertical corner radius in pixels; see xRadius. \since 1.0
+    Q_PROPERTY(double yRadius READ yRadius WRITE setYRadius)
+    /// The look of the moment, which mouse and focus change. \since 1.0
+    Q_PROPERTY(State state READ look WRITE setLook DESIGNABLE false STORED false)
 
 public:
+    /// The look of the widget: ENState, for the property. \since 1.0
+    enum State : int {
+        StateNormal = ENStateNormal,   ///< at rest
+        StateHover = ENStateHover,     ///< under the mouse, or focused
+        StatePress = ENStatePress,     ///< pressed
+        StateDisable = ENStateDisable, ///< disabled
+    };
+    Q_ENUM(State)
+
     /// A widget in the normal state, square, with background and frame.
     /// \since 1.0
     explicit CBPStateWidget(QWidget *parent = nullptr);
@@ -28,21 +55,57 @@ public:
     /// \since 1.0
     void SetBgColor(QVector<QColor> colors);
 
+    /// The same by name, shown at once; an empty name stands for the built-in colour.
+    /// \since 1.0
+    void setBackgroundColors(const QStringList &names);
+
+    /// The background colours by name, "#rrggbb" or "#aarrggbb"; the built-in ones where none were set.
+    /// \since 1.0
+    QStringList backgroundColors() const;
+
+    /// Makes the background colours the theme's again.
+    /// \since 1.0
+    void resetBackgroundColors();
+
     /// Replaces the frame colours. Shown at the next paint.
     /// \since 1.0
     void SetFrmColor(QVector<QColor> colors);
+
+    /// The same by name; see setBackgroundColors().
+    /// \since 1.0
+    void setFrameColors(const QStringList &names);
+
+    /// The frame colours by name; see backgroundColors().
+    /// \since 1.0
+    QStringList frameColors() const;
+
+    /// Makes the frame colours the theme's again.
+    /// \since 1.0
+    void resetFrameColors();
 
     /// With false the background is not filled. Shown at the next paint.
     /// \since 1.0
     void SetDrawBg(bool draw);
 
+    /// Whether the background is filled; true at first.
+    /// \since 1.0
+    bool drawsBackground() const { return m_drawBg; }
+
     /// With true a widget with square corners draws no frame. Shown at the next paint.
     /// \since 1.0
     void SetFrmTrancent(bool transparent);
 
+    /// What SetFrmTrancent() has set; false at first.
+    /// \since 1.0
+    bool isFrameTransparent() const { return m_frmTrancent; }
+
     /// Paints the widget in the hover colours, whatever its state, or no longer. The state becomes hover or
     /// normal, too. \since 1.0
     void SetSelected(bool selected);
+
+    /// The flag of SetSelected().
+    /// \since 1.0
+    bool isSelected() const { return m_selected; }
 
     /// Sets the corner radii in pixels; 0 at first. The corners are round when neither is 0. Shown at the
     /// next paint. \since 1.0
@@ -51,6 +114,26 @@ public:
     /// Returns the corner radii.
     /// \since 1.0
     void GetRoundRadius(double &x, double &y) const;
+
+    /// Sets the horizontal corner radius in pixels.
+    /// \since 1.0
+    void setXRadius(double radius);
+
+    /// The horizontal corner radius in pixels.
+    /// \since 1.0
+    double xRadius() const { return m_radiusX; }
+
+    /// Sets the vertical corner radius in pixels.
+    /// \since 1.0
+    void setYRadius(double radius);
+
+    /// The vertical corner radius in pixels.
+    /// \since 1.0
+    double yRadius() const { return m_radiusY; }
+
+    /// The state.
+    /// \since 1.0
+    ENState state() const { return m_state; }
 
     /// Sets the state. A number that is none is ignored.
     /// \since 1.0
@@ -73,15 +156,12 @@ public:
     /// \since 1.0
     virtual bool onLeave();
 
+Q_SIGNALS:
+    /// SetSelected() has changed the flag. The widget may be deleted here.
+    /// \since 1.0
+    void selectionChanged(bool selected);
+
 protected:
-    /// The state.
-    /// \since 1.0
-    ENState state() const { return m_state; }
-
-    /// The flag of SetSelected().
-    /// \since 1.0
-    bool isSelected() const { return m_selected; }
-
     void mousePressEvent(QMouseEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
@@ -93,6 +173,12 @@ protected:
 
 private:
     void becomes(ENState state);
+    // Of the properties: the state by its other name, and the setters that leave it to the next paint to show
+    // the change.
+    State look() const { return static_cast<State>(m_state); }
+    void setLook(State state) { SetState(static_cast<ENState>(state)); }
+    void showBackground(bool shown);
+    void showFrameless(bool frameless);
 
     QVector<QColor> m_bgColors; // these are empty: not set
     QVector<QColor> m_frmColors;

@@ -34,8 +34,45 @@ enum class Press : unsigned char;
 class LUMQT_EXPORT CBPToolButton : public CBPStateWidget
 {
     Q_OBJECT
+    /// The image files: normal, hover, pressed, disabled. \since 1.0
+    Q_PROPERTY(QStringList images READ images WRITE setImages)
+    /// The caption beside the image or below it, shown as it is. \since 1.0
+    Q_PROPERTY(QString text READ text WRITE SetText NOTIFY textChanged)
+    /// The number that sigClick() reports. \since 1.0
+    Q_PROPERTY(int id READ GetBtnID WRITE setId)
+    /// Where the image stands; with a number that is neither nothing is drawn. \since 1.0
+    Q_PROPERTY(Align align READ align WRITE setAlign)
+    /// Whether the button fixes its own width. \since 1.0
+    Q_PROPERTY(bool autoResize READ autoResize WRITE resizeItself)
+    /// The colours of text and triangle by state. \since 1.0
+    Q_PROPERTY(QStringList textColors READ textColors WRITE setTextColors RESET resetTextColors)
+    /// The room in pixels left of the content; 10 at first. \since 1.0
+    Q_PROPERTY(int leftBorder READ leftBorder WRITE setLeftBorder RESET resetLeftBorder)
+    /// The room in pixels right of the content; 10 at first. \since 1.0
+    Q_PROPERTY(int rightBorder READ rightBorder WRITE setRightBorder RESET resetRightBorder)
+    /// The gap between image and text in pixels; 5 at first. \since 1.0
+    Q_PROPERTY(int spacing READ spacing WRITE SetSpacing RESET resetSpacing)
+    /// The width in pixels of the menu's triangle; 6 at first. \since 1.0
+    Q_PROPERTY(int arrowWidth READ arrowWidth WRITE setArrowWidth RESET resetArrowWidth)
+    /// The height in pixels of the menu's triangle; 4 at first. \since 1.0
+    Q_PROPERTY(int arrowHeight READ arrowHeight WRITE setArrowHeight RESET resetArrowHeight)
+    /// The family of the text's font. \since 1.0
+    Q_PROPERTY(QString fontFamily READ fontFamily WRITE setFontFamily RESET resetFontFamily)
+    /// The size of the text's font in pixels; 14 at first, and less than 1 is left out. \since 1.0
+    Q_PROPERTY(int pixelSize READ pixelSize WRITE showPixelSize RESET resetPixelSize)
+    /// Whether the menu stays open when the button is hidden. \since 1.0
+    Q_PROPERTY(bool shrinked READ isShrinked WRITE setIsShrinked)
+    /// Whether the pointer over the button is an open hand; false makes it the arrow. \since 1.0
+    Q_PROPERTY(bool handCursor READ hasHandCursor WRITE SetChgCursor)
 
 public:
+    /// How image and text are laid out: ENAlign, for the property. \since 1.0
+    enum Align : int {
+        AlignLeft = ENAlignLeft, ///< image at the left, text to its right
+        AlignTop = ENAlignTop,   ///< image above the text, both centred horizontally
+    };
+    Q_ENUM(Align)
+
     /// A button, without a parent, that shows \a image in every state. With \a autoResize it fixes its own
     /// width. An \a align that is none of the enumeration draws neither image nor text. \since 1.0
     CBPToolButton(QString &image, QString text, int id, ENAlign align, bool autoResize);
@@ -48,6 +85,10 @@ public:
     /// \since 1.0
     CBPToolButton(QString text, int id, ENAlign align, bool autoResize);
 
+    /// A button without image and text, which does not size itself; the id is 0.
+    /// \since 1.0
+    explicit CBPToolButton(QWidget *parent = nullptr);
+
     /// Deletes the menu that the button made, too, once control is back in the event loop.
     /// \since 1.0
     ~CBPToolButton() override;
@@ -59,6 +100,22 @@ public:
     /// Shows \a image in every state. The button sizes itself, if it does.
     /// \since 1.0
     void SetImage(QString &image);
+
+    /// Replaces the images; an empty list leaves none. The button sizes itself, if it does.
+    /// \since 1.0
+    void setImages(const QStringList &images);
+
+    /// The image files.
+    /// \since 1.0
+    QStringList images() const;
+
+    /// Sets how image and text are laid out; see the first constructor. The button sizes itself, if it does.
+    /// \since 1.0
+    void setAlign(Align align);
+
+    /// How image and text are laid out.
+    /// \since 1.0
+    Align align() const { return static_cast<Align>(m_align); }
 
     /// Sets the text. The button sizes itself, if it does.
     /// \since 1.0
@@ -76,6 +133,18 @@ public:
     /// is painted. \since 1.0
     void SetTextColor(QVector<QColor> colors);
 
+    /// The same by name; an empty name stands for the built-in colour.
+    /// \since 1.0
+    void setTextColors(const QStringList &names);
+
+    /// The colours of text and triangle by name, "#rrggbb" or "#aarrggbb"; the built-in ones where none were
+    /// set. \since 1.0
+    QStringList textColors() const;
+
+    /// Makes them the theme's again.
+    /// \since 1.0
+    void resetTextColors();
+
     /// The text colour of the present state; invalid when the list has none.
     /// \since 1.0
     QColor textClr() const;
@@ -88,13 +157,61 @@ public:
     /// image beside the text starts behind the left one. \since 1.0
     void SetHorBorder(int left, int right);
 
+    /// Sets the room left of the content alone.
+    /// \since 1.0
+    void setLeftBorder(int left) { SetHorBorder(left, m_right); }
+    /// The room left of the content.
+    /// \since 1.0
+    int leftBorder() const { return m_left; }
+    /// Makes it 10 again.
+    /// \since 1.0
+    void resetLeftBorder();
+
+    /// Sets the room right of the content alone.
+    /// \since 1.0
+    void setRightBorder(int right) { SetHorBorder(m_left, right); }
+    /// The room right of the content.
+    /// \since 1.0
+    int rightBorder() const { return m_right; }
+    /// Makes it 10 again.
+    /// \since 1.0
+    void resetRightBorder();
+
     /// Sets the gap between image and text; 5 at first. The button sizes itself, if it does.
     /// \since 1.0
     void SetSpacing(int spacing);
 
+    /// The gap between image and text.
+    /// \since 1.0
+    int spacing() const { return m_spacing; }
+
+    /// Makes it 5 again.
+    /// \since 1.0
+    void resetSpacing();
+
     /// Sets the size of the menu's triangle; 6 x 4 at first. Shown at the next paint.
     /// \since 1.0
     void SetArrowSize(int width, int height);
+
+    /// Sets the width of the triangle alone, shown at once.
+    /// \since 1.0
+    void setArrowWidth(int width);
+    /// The width of the triangle.
+    /// \since 1.0
+    int arrowWidth() const { return m_arrowWidth; }
+    /// Makes it 6 again.
+    /// \since 1.0
+    void resetArrowWidth();
+
+    /// Sets the height of the triangle alone, shown at once.
+    /// \since 1.0
+    void setArrowHeight(int height);
+    /// The height of the triangle.
+    /// \since 1.0
+    int arrowHeight() const { return m_arrowHeight; }
+    /// Makes it 4 again.
+    /// \since 1.0
+    void resetArrowHeight();
 
     /// Sets the font; the size is in pixels, and one below 1 is ignored. The width follows at the next
     /// setter that sizes. \since 1.0
@@ -104,17 +221,49 @@ public:
     /// \since 1.0
     void setPixelSize(int pixelSize);
 
+    /// The font's size in pixels.
+    /// \since 1.0
+    int pixelSize() const { return m_font.pixelSize(); }
+
+    /// Makes it 14 again; the button sizes itself, if it does.
+    /// \since 1.0
+    void resetPixelSize();
+
+    /// Sets the font's family; the button sizes itself, if it does.
+    /// \since 1.0
+    void setFontFamily(const QString &family);
+
+    /// The font's family.
+    /// \since 1.0
+    QString fontFamily() const { return m_font.family(); }
+
+    /// Makes it the library's again; the button sizes itself, if it does.
+    /// \since 1.0
+    void resetFontFamily();
+
     /// Makes the button fix its own width from the next setter that sizes on, or no longer.
     /// \since 1.0
     void setAutoResize(bool autoResize);
+
+    /// Whether the button fixes its own width.
+    /// \since 1.0
+    bool autoResize() const { return m_autoResize; }
 
     /// With true the menu stays open when the button is hidden.
     /// \since 1.0
     void setIsShrinked(bool shrinked);
 
+    /// What setIsShrinked() has set; false at first.
+    /// \since 1.0
+    bool isShrinked() const { return m_shrinked; }
+
     /// Shows an open hand as the pointer over the button, or the arrow.
     /// \since 1.0
     void SetChgCursor(bool hand);
+
+    /// Whether the pointer over the button is an open hand.
+    /// \since 1.0
+    bool hasHandCursor() const;
 
     /// Adds an item to the menu, which the first call makes: from then on the button opens it. \a id becomes
     /// the item's data; an empty \a iconPath gives an item without an icon. \since 1.0
@@ -137,6 +286,10 @@ public:
     /// \since 1.0
     int GetBtnID() const;
 
+    /// Sets the id that sigClick() reports.
+    /// \since 1.0
+    void setId(int id) { m_id = id; }
+
     /// The size that the content asks for, with the borders.
     /// \since 1.0
     QSize sizeHint() const override;
@@ -149,6 +302,10 @@ Q_SIGNALS:
     /// An item of the menu that the button made was chosen. The item belongs to the menu.
     /// \since 1.0
     void sigActionTriggered(CBPMenuItem *item);
+
+    /// SetText() has changed the text. The button may be deleted here.
+    /// \since 1.0
+    void textChanged(const QString &text);
 
 protected:
     void mousePressEvent(QMouseEvent *event) override;
@@ -168,6 +325,13 @@ private:
     class Accessible;
     friend class Accessible;
 
+    static constexpr int kStates = 4;
+    // Metrics to begin with, in pixels.
+    static constexpr int kSideBorder = 10;
+    static constexpr int kImageSpacing = 5;
+    static constexpr int kArrowWidth = 6;
+    static constexpr int kArrowHeight = 4;
+
     static QAccessibleInterface *makeAccessible(QWidget *widget);
     void init();
     CBPMenu *ownedMenu();
@@ -176,6 +340,9 @@ private:
     void activateByKey();
     void rest();
     void AutoResize();
+    // Writers of properties: the setters, which leave it to the next one to size the button.
+    void resizeItself(bool itself);
+    void showPixelSize(int pixelSize);
     int contentWidth() const;
     QSize currentImageSize() const;
     void measureText();

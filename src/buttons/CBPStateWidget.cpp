@@ -1,6 +1,7 @@
 #include "CBPStateWidget.h"
 
 #include "foundation/Accessible.h"
+#include "foundation/ListText.h"
 #include "foundation/Painting.h"
 #include "foundation/Palette.h"
 
@@ -13,6 +14,11 @@ namespace {
 qreal painted(double radius)
 {
     return qIsFinite(radius) ? qBound(0.0, radius, double(QWIDGETSIZE_MAX)) : 0.0;
+}
+
+QStringList reported(const QVector<QColor> &own, lumqt::Purpose builtIn)
+{
+    return lumqt::colorNames(own.isEmpty() ? lumqt::builtInColors(builtIn) : own);
 }
 
 } // namespace
@@ -29,9 +35,41 @@ void CBPStateWidget::SetBgColor(QVector<QColor> colors)
     m_bgColors = colors;
 }
 
+void CBPStateWidget::setBackgroundColors(const QStringList &names)
+{
+    SetBgColor(lumqt::colorsOf(names));
+    update();
+}
+
+QStringList CBPStateWidget::backgroundColors() const
+{
+    return reported(m_bgColors, lumqt::Purpose::StateGround);
+}
+
+void CBPStateWidget::resetBackgroundColors()
+{
+    setBackgroundColors(QStringList());
+}
+
 void CBPStateWidget::SetFrmColor(QVector<QColor> colors)
 {
     m_frmColors = colors;
+}
+
+void CBPStateWidget::setFrameColors(const QStringList &names)
+{
+    SetFrmColor(lumqt::colorsOf(names));
+    update();
+}
+
+QStringList CBPStateWidget::frameColors() const
+{
+    return reported(m_frmColors, lumqt::Purpose::StateFrame);
+}
+
+void CBPStateWidget::resetFrameColors()
+{
+    setFrameColors(QStringList());
 }
 
 void CBPStateWidget::SetDrawBg(bool draw)
@@ -39,9 +77,21 @@ void CBPStateWidget::SetDrawBg(bool draw)
     m_drawBg = draw;
 }
 
+void CBPStateWidget::showBackground(bool shown)
+{
+    SetDrawBg(shown);
+    update();
+}
+
 void CBPStateWidget::SetFrmTrancent(bool transparent)
 {
     m_frmTrancent = transparent;
+}
+
+void CBPStateWidget::showFrameless(bool frameless)
+{
+    SetFrmTrancent(frameless);
+    update();
 }
 
 void CBPStateWidget::SetSelected(bool selected)
@@ -49,14 +99,28 @@ void CBPStateWidget::SetSelected(bool selected)
     const bool changed = m_selected != selected;
     m_selected = selected;
     SetState(selected ? ENStateHover : ENStateNormal);
-    if (changed)
-        lumqt::tellChecked(this);
+    if (!changed)
+        return;
+    lumqt::tellChecked(this);
+    emit selectionChanged(selected); // the widget may be gone after
 }
 
 void CBPStateWidget::SetRoundRadius(double x, double y)
 {
     m_radiusX = x;
     m_radiusY = y;
+}
+
+void CBPStateWidget::setXRadius(double radius)
+{
+    SetRoundRadius(radius, m_radiusY);
+    update();
+}
+
+void CBPStateWidget::setYRadius(double radius)
+{
+    SetRoundRadius(m_radiusX, radius);
+    update();
 }
 
 void CBPStateWidget::GetRoundRadius(double &x, double &y) const

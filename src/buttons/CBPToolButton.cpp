@@ -19,11 +19,6 @@
 namespace {
 
 // Look and metrics, in logical pixels.
-constexpr int kStates = 4;
-constexpr int kBorder = 10; // left and right of the content
-constexpr int kSpacing = 5;
-constexpr int kArrowWidth = 6;
-constexpr int kArrowHeight = 4;
 constexpr int kMenuWidth = 10;      // what a menu adds to the button's width
 constexpr int kHintedVerticals = 6; // above and below the content, of the height that is asked for
 
@@ -89,6 +84,11 @@ CBPToolButton::CBPToolButton(QString text, int id, ENAlign align, bool autoResiz
     init();
 }
 
+CBPToolButton::CBPToolButton(QWidget *parent) : CBPToolButton(QString(), 0, ENAlignLeft, false)
+{
+    setParent(parent);
+}
+
 CBPToolButton::~CBPToolButton() = default;
 
 void CBPToolButton::init()
@@ -96,9 +96,9 @@ void CBPToolButton::init()
     lumqt::registerMenuItem();
     lumqt::installAccessible(staticMetaObject.className(), makeAccessible);
     m_font = lumqt::uiFont();
-    m_left = kBorder;
-    m_right = kBorder;
-    m_spacing = kSpacing;
+    m_left = kSideBorder;
+    m_right = kSideBorder;
+    m_spacing = kImageSpacing;
     m_arrowWidth = kArrowWidth;
     m_arrowHeight = kArrowHeight;
     m_label = std::make_unique<lumqt::CachedText>();
@@ -112,118 +112,6 @@ QAccessibleInterface *CBPToolButton::makeAccessible(QWidget *widget)
 {
     auto *button = qobject_cast<CBPToolButton *>(widget);
     return button ? new Accessible(button) : nullptr;
-}
-
-// ------------------------------------------------------------------------------------------------------------
-// settings
-
-void CBPToolButton::SetImage(QVector<QString> &images)
-{
-    m_images = images;
-    m_image->forget();
-    AutoResize();
-    update();
-}
-
-void CBPToolButton::SetImage(QString &image)
-{
-    QVector<QString> images(kStates, image);
-    SetImage(images);
-}
-
-void CBPToolButton::SetText(const QString &text)
-{
-    m_text = text;
-    measureText();
-    AutoResize();
-    update();
-}
-
-QString CBPToolButton::text() const
-{
-    return m_text;
-}
-
-void CBPToolButton::SetTextColor(QColor &color)
-{
-    SetTextColor(QVector<QColor>(kStates, color));
-}
-
-void CBPToolButton::SetTextColor(QVector<QColor> colors)
-{
-    m_textColors = colors;
-    m_ownTextColors = true;
-    AutoResize();
-    update();
-}
-
-QColor CBPToolButton::textClr() const
-{
-    return m_ownTextColors ? m_textColors.value(state()) : lumqt::builtInColor(lumqt::Purpose::ToolText);
-}
-
-QString CBPToolButton::icon() const
-{
-    if (m_images.size() != kStates)
-        return QString();
-    return m_images.at(state() == ENStateDisable ? ENStateDisable : ENStateNormal);
-}
-
-void CBPToolButton::SetHorBorder(int left, int right)
-{
-    m_left = lumqt::boundedPixels(left);
-    m_right = lumqt::boundedPixels(right);
-    AutoResize();
-    update();
-}
-
-void CBPToolButton::SetSpacing(int spacing)
-{
-    m_spacing = lumqt::boundedPixels(spacing);
-    AutoResize();
-    update();
-}
-
-void CBPToolButton::SetArrowSize(int width, int height)
-{
-    m_arrowWidth = lumqt::boundedPixels(width);
-    m_arrowHeight = lumqt::boundedPixels(height);
-}
-
-void CBPToolButton::SetTextFont(const QString &family, int pixelSize)
-{
-    m_font.setFamily(family);
-    setPixelSize(pixelSize);
-}
-
-void CBPToolButton::setPixelSize(int pixelSize)
-{
-    if (pixelSize >= 1)
-        m_font.setPixelSize(pixelSize);
-    else
-        qCWarning(lcLumQt, "CBPToolButton: %d is no font size", pixelSize);
-    measureText();
-    update();
-}
-
-void CBPToolButton::setAutoResize(bool autoResize)
-{
-    m_autoResize = autoResize;
-}
-
-void CBPToolButton::setIsShrinked(bool shrinked)
-{
-    m_shrinked = shrinked;
-}
-
-void CBPToolButton::SetChgCursor(bool hand)
-{
-    setCursor(hand ? Qt::OpenHandCursor : Qt::ArrowCursor);
-}
-
-int CBPToolButton::GetBtnID() const
-{
-    return m_id;
 }
 
 // ------------------------------------------------------------------------------------------------------------
