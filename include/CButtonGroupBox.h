@@ -4,6 +4,7 @@
 
 #include <QPointer>
 #include <QString>
+#include <QStringList>
 #include <QVector>
 
 class CBPPushBtn;
@@ -26,11 +27,24 @@ class TabBar;
 class LUMQT_EXPORT CButtonGroupBox : public CBPBox
 {
     Q_OBJECT
+    /// Whether a click selects the button and deselects all others. \since 1.0
+    Q_PROPERTY(bool exclusive READ isExclusive WRITE setExclusive)
+    /// The text colours, by state, of the buttons added from now on. \since 1.0
+    Q_PROPERTY(QStringList textColors READ textColors WRITE setTextColors RESET resetTextColors)
+    /// The backgrounds, by state, of the buttons added from now on. \since 1.0
+    Q_PROPERTY(QStringList backgroundColors READ backgroundColors WRITE setBackgroundColors RESET
+                   resetBackgroundColors)
+    /// The id of the button that an exclusive group has selected. \since 1.0
+    Q_PROPERTY(int checkedId READ checkedId NOTIFY checkedIdChanged DESIGNABLE false STORED false)
 
 public:
     /// An empty group. Once control is back in the event loop it takes the height of its first button and
     /// the frame, for good; a group that is still empty then keeps its height free. \since 1.0
     CButtonGroupBox(bool exclusive, QWidget *parent);
+
+    /// An empty exclusive group.
+    /// \since 1.0
+    explicit CButtonGroupBox(QWidget *parent = nullptr);
     ~CButtonGroupBox() override;
 
     /// Adds a button at the end and returns it; it is a child of the group. \a id is what sigBtnClicked()
@@ -42,18 +56,58 @@ public:
     /// \since 1.0
     CBPPushBtn *GetButton(int id);
 
+    /// Makes the group exclusive, or no longer. The buttons stay selected or not until the next click.
+    /// \since 1.0
+    void setExclusive(bool exclusive);
+
+    /// Whether a click selects the button and deselects all others.
+    /// \since 1.0
+    bool isExclusive() const { return m_exclusive; }
+
+    /// The id of the first selected button of an exclusive group; -1 where none is, and in any other group.
+    /// \since 1.0
+    int checkedId() const;
+
     /// Sets the text colours of the buttons added from now on: normal, hover, pressed, disabled. See
     /// CBtnObj::setTextColor() for lists of another length. \since 1.0
     void SetTextClr(QVector<QColor> colors);
+
+    /// The same by name.
+    /// \since 1.0
+    void setTextColors(const QStringList &names);
+
+    /// The text colours by name, "#rrggbb" or "#aarrggbb"; the built-in ones where none were set.
+    /// \since 1.0
+    QStringList textColors() const;
+
+    /// Makes the text colours of the buttons added from now on the theme's again.
+    /// \since 1.0
+    void resetTextColors();
 
     /// Sets the background colours of the buttons added from now on; see SetTextClr().
     /// \since 1.0
     void SetBgClr(QVector<QColor> colors);
 
+    /// The same by name.
+    /// \since 1.0
+    void setBackgroundColors(const QStringList &names);
+
+    /// The background colours by name; see textColors().
+    /// \since 1.0
+    QStringList backgroundColors() const;
+
+    /// Makes the backgrounds of the buttons added from now on the theme's again.
+    /// \since 1.0
+    void resetBackgroundColors();
+
 Q_SIGNALS:
     /// A button was clicked; an exclusive group has selected it by now. The group may be deleted here.
     /// \since 1.0
     void sigBtnClicked(int btnId);
+
+    /// checkedId() is another one: told after the click, or whatever else has selected or deselected a
+    /// button. The group may be deleted here. \since 1.0
+    void checkedIdChanged(int id);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -61,6 +115,7 @@ protected:
 private Q_SLOTS:
     void slotBtnClicked(int id);
     void slotResizeWidget();
+    void tellCheckedId();
 
 private:
     friend class lumqt::GroupButton;
@@ -71,7 +126,10 @@ private:
     void drawSeparators(QPainter &painter) const;
     void drawOverButton(QPainter &painter) const;
 
+    void forget(const CBPPushBtn *button);
+
     bool m_exclusive;
+    int m_toldId = -1; // what checkedIdChanged() has said last
     QVector<QPointer<CBPPushBtn>> m_buttons;
     QVector<QColor> m_textColors;
     QVector<QColor> m_bgColors;

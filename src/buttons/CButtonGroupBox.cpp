@@ -4,16 +4,20 @@
 #include "buttons/FocusGroup.h"
 #include "buttons/GroupButton.h"
 #include "foundation/Accessible.h"
+#include "foundation/ListText.h"
 #include "layout/BoxPainting.h"
 
 #include <QLayout>
 #include <QPainter>
 #include <QTimer>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int kLineWidth = 1; // of the frame, and of the lines between the buttons
 constexpr int kIconSpacing = 8;
+constexpr int kNone = -1; // id
 
 } // namespace
 
@@ -30,6 +34,8 @@ CButtonGroupBox::CButtonGroupBox(bool exclusive, QWidget *parent)
     layout()->setAlignment(Qt::AlignLeft);
     QTimer::singleShot(0, this, &CButtonGroupBox::slotResizeWidget);
 }
+
+CButtonGroupBox::CButtonGroupBox(QWidget *parent) : CButtonGroupBox(true, parent) {}
 
 CButtonGroupBox::~CButtonGroupBox() = default;
 
@@ -65,6 +71,7 @@ CBPPushBtn *CButtonGroupBox::CreateButton(int id, QString text, QString iconPath
     connect(button, &CBPPushBtn::sigBtnClicked, this, &CButtonGroupBox::slotBtnClicked);
     connect(button, &lumqt::GroupButton::chosen, m_focusGroup,
             [this, button] { m_focusGroup->choose(button); });
+    connect(button, &CBPPushBtn::selectionChanged, this, &CButtonGroupBox::tellCheckedId);
     return button;
 }
 
@@ -77,10 +84,67 @@ CBPPushBtn *CButtonGroupBox::GetButton(int id)
     return nullptr;
 }
 
+void CButtonGroupBox::setExclusive(bool exclusive)
+{
+    m_exclusive = exclusive;
+    for (CBPPushBtn *button : qAsConst(m_buttons)) {
+        if (auto *member = qobject_cast<lumqt::GroupButton *>(button))
+            member->setExclusive(exclusive);
+    }
+    tellCheckedId();
+}
+
+int CButtonGroupBox::checkedId() const
+{
+    if (!m_exclusive)
+        return kNone;
+    for (const CBPPushBtn *button : m_buttons) {
+        if (button && button->isSelected())
+            return button->bindId();
+    }
+    return kNone;
+}
+
+void CButtonGroupBox::tellCheckedId()
+{
+    const int id = checkedId();
+    if (m_toldId == id)
+        return;
+    m_toldId = id;
+    emit checkedIdChanged(id); // the group may be gone after
+}
+
+// While a button is destroyed, pointers to it are not cleared yet.
+void CButtonGroupBox::forget(const CBPPushBtn *button)
+{
+    const int place = int(std::find(m_buttons.cbegin(), m_buttons.cend(), button) - m_buttons.cbegin());
+    if (place == m_buttons.size())
+        return;
+    m_buttons[place].clear();
+    tellCheckedId();
+}
+
 void CButtonGroupBox::SetTextClr(QVector<QColor> colors)
 {
     m_textColors = colors;
     m_ownTextColors = true;
+}
+
+void CButtonGroupBox::setTextColors(const QStringList &names)
+{
+    SetTextClr(lumqt::colorsOf(names));
+}
+
+QStringList CButtonGroupBox::textColors() const
+{
+    return lumqt::colorNames(m_ownTextColors ? m_textColors
+                                             : lumqt::builtInColors(lumqt::Purpose::GroupText));
+}
+
+void CButtonGroupBox::resetTextColors()
+{
+    m_textColors.clear();
+    m_ownTextColors = false;
 }
 
 void CButtonGroupBox::SetBgClr(QVector<QColor> colors)
@@ -89,17 +153,36 @@ void CButtonGroupBox::SetBgClr(QVector<QColor> colors)
     m_ownBgColors = true;
 }
 
+void CButtonGroupBox::setBackgroundColors(const QStringList &names)
+{
+    SetBgClr(lumqt::colorsOf(names));
+}
+
+QStringList CButtonGroupBox::backgroundColors() const
+{
+    return lumqt::colorNames(m_ownBgColors ? m_bgColors : lumqt::builtInColors(lumqt::Purpose(m_bgPurpose)));
+}
+
+void CButtonGroupBox::resetBackgroundColors()
+{
+    m_bgColors.clear();
+    m_ownBgColors = false;
+}
+
+// What is selected is told when the click has been: a listener finds all of the buttons as they are to be.
 void CButtonGroupBox::slotBtnClicked(int id)
 {
-    if (m_exclusive) {
-        const QObject *clicked = sender();
-        for (CBPPushBtn *button : qAsConst(m_buttons)) {
-            if (!button)
-                continue;
-            button->setSelected(button == clicked);
-        }
+    const QVector<QPointer<CBPPushBtn>> buttons = m_exclusive ? m_buttons : QVector<QPointer<CBPPushBtn>>();
+    const QObject *clicked = sender();
+    for (CBPPushBtn *button : buttons) {
+        if (button)
+            button->changeSelected(button == clicked);
     }
     emit sigBtnClicked(id); // the group may be gone after
+    for (const QPointer<CBPPushBtn> &button : buttons) {
+        if (button)
+            button->tellSelected();
+    }
 }
 
 void CButtonGroupBox::slotResizeWidget()

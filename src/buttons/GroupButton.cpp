@@ -74,6 +74,13 @@ GroupButton::GroupButton(const QString &text, int id, bool exclusive)
     setText(text);
 }
 
+GroupButton::~GroupButton()
+{
+    // Not one that is being destroyed itself: it is none of its class any more.
+    if (auto *group = qobject_cast<CButtonGroupBox *>(parentWidget()))
+        group->forget(this);
+}
+
 void GroupButton::setIconFile(const QString &path)
 {
     m_iconFile = path;

@@ -16,6 +16,9 @@ class GroupButton : public CBPPushBtn
 
 public:
     GroupButton(const QString &text, int id, bool exclusive);
+    ~GroupButton() override;
+
+    void setExclusive(bool exclusive) { m_exclusive = exclusive; }
 
     // Its icon, which is the theme's own of that name where there is one. Until another is set.
     void setIconFile(const QString &path);
@@ -42,7 +45,7 @@ private:
 
     void readIcon();
 
-    const bool m_exclusive;
+    bool m_exclusive;
     bool m_isTab = false;
     QPointer<QWidget> m_page;
     FocusMark m_focusMark{};
