@@ -105,10 +105,12 @@ private slots:
              {"enter=1 press=2pressed release=2btn_released31 leave=0 enter=1 press=2pressed out=2 leave=0 "
               "right=2 rightup=2 press=2pressed release=2btn_released31 double=2pressed "
               "release=2btn_released31",
-              "select=2 leave=2 enter=2 untold=2 press=2 release=2 space=2 spaceup=2 " // deaf
-              "call=2pressed,released,clicked0 disable=3 enable=0 press=2pressed",     // and not any more
-              "press=2pressed select=2 release=2 disable=3 enable=0 enter=1 select=2 deselect=0",
-              "select=2 unseen=2 press=2",
+              "select=2selectionChanged1 leave=2 enter=2 untold=2 press=2 release=2 " // deaf
+              "space=2 spaceup=2 call=2pressed,released,clicked0 disable=3 "
+              "enable=0selectionChanged0 press=2pressed", // and not any more
+              "press=2pressed select=2selectionChanged1 release=2 disable=3 "
+              "enable=0selectionChanged0 enter=1 select=2selectionChanged1 deselect=0selectionChanged0",
+              "select=2selectionChanged1 unseen=2 press=2",
               "checkable:1=0 press=2pressed release=2toggled1,btn_released31 space=2pressed "
               "spaceup=0toggled0,released,btn_released31,clicked0 disable=3",
               // What reports the click comes before other slots of clicked().
