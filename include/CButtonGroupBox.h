@@ -36,6 +36,10 @@ class LUMQT_EXPORT CButtonGroupBox : public CBPBox
                    resetBackgroundColors)
     /// The id of the button that an exclusive group has selected. \since 1.0
     Q_PROPERTY(int checkedId READ checkedId NOTIFY checkedIdChanged DESIGNABLE false STORED false)
+    /// Pixels between the buttons, in which the ground shows as a line. \since 1.0
+    Q_PROPERTY(int spacing READ spacing WRITE SetSpacing RESET resetSpacing)
+    /// No use here: lines between buttons in a column do not show. \since 1.0
+    Q_PROPERTY(Qt::Orientation orientation READ orientation WRITE setOrientation DESIGNABLE false)
 
 public:
     /// An empty group. Once control is back in the event loop it takes the height of its first button and
@@ -55,6 +59,10 @@ public:
     /// The first button added with \a id, or null. The application may delete a button.
     /// \since 1.0
     CBPPushBtn *GetButton(int id);
+
+    /// Makes the lines between the buttons a pixel wide again.
+    /// \since 1.0
+    void resetSpacing();
 
     /// Makes the group exclusive, or no longer. The buttons stay selected or not until the next click.
     /// \since 1.0

@@ -35,6 +35,11 @@ CButtonGroupBox::CButtonGroupBox(bool exclusive, QWidget *parent)
     QTimer::singleShot(0, this, &CButtonGroupBox::slotResizeWidget);
 }
 
+void CButtonGroupBox::resetSpacing()
+{
+    SetSpacing(kLineWidth);
+}
+
 CButtonGroupBox::CButtonGroupBox(QWidget *parent) : CButtonGroupBox(true, parent) {}
 
 CButtonGroupBox::~CButtonGroupBox() = default;

@@ -8,12 +8,12 @@
 
 namespace lumqt {
 
-// Lists as properties hold them. A style sheet can give a property one text only: a list of one entry is taken apart
-// at its commas, and blanks around the parts go.
+// Lists as properties hold them. A style sheet can give a property one text only: a list of one entry is
+// taken apart at its commas, and blanks around the parts go.
 LUMQT_TESTED QStringList listOf(const QStringList &entries);
 
-// Names of colours: "#rrggbb", or "#aarrggbb" where one is see-through; empty for an invalid one, which in most lists
-// stands for the built-in colour.
+// Names of colours: "#rrggbb", or "#aarrggbb" where one is see-through; empty for an invalid one, which in
+// most lists stands for the built-in colour.
 LUMQT_TESTED QStringList colorNames(const QVector<QColor> &colors);
 
 // The colours of such names. What is no colour is an invalid one, and said in the log unless it is empty.

@@ -12,11 +12,11 @@ constexpr int kOfferId = 4096; // of the title button that only this class repor
 
 }
 
-CBPWinFrm::CBPWinFrm(QWidget *parent)
-    : QDialog(parent),
-      m_frame(std::make_unique<lumqt::FrameBehaviour>(this, std::make_unique<lumqt::HooksOf<CBPWinFrm>>(this),
-                                                      parent))
+// The frame sets window flags while it is made, of which the window hears before it has a frame.
+CBPWinFrm::CBPWinFrm(QWidget *parent) : QDialog(parent)
 {
+    m_frame = std::make_unique<lumqt::FrameBehaviour>(this, std::make_unique<lumqt::HooksOf<CBPWinFrm>>(this),
+                                                      parent);
     lumqt::wearPalette(this);
 }
 

@@ -6,11 +6,11 @@
 
 #include <QEvent>
 
-CBPWinWidget::CBPWinWidget(QWidget *parent)
-    : QWidget(parent),
-      m_frame(std::make_unique<lumqt::FrameBehaviour>(
-          this, std::make_unique<lumqt::HooksOf<CBPWinWidget>>(this), parent))
+// The frame sets window flags while it is made, of which the window hears before it has a frame.
+CBPWinWidget::CBPWinWidget(QWidget *parent) : QWidget(parent)
 {
+    m_frame = std::make_unique<lumqt::FrameBehaviour>(
+        this, std::make_unique<lumqt::HooksOf<CBPWinWidget>>(this), parent);
     lumqt::installAccessible("CBPWinWidget", [](QWidget *widget) -> QAccessibleInterface * {
         return new QAccessibleWidget(widget, QAccessible::Dialog);
     });
