@@ -16,6 +16,7 @@
 
 namespace {
 
+constexpr theme::Tone kOrange{0xffa84f12, theme::Purpose::Warning}; // 4.5:1 on its own tint, too
 constexpr int kTitleHeight = 40;
 constexpr int kTitleWidth = 240;
 constexpr int kContainerWidth = (theme::kPageWidth - 3 * theme::kUnit) / 2;
@@ -113,7 +114,7 @@ QWidget *accordion(EventLog *log, bool plain)
         auto *entry = new CTabPageItem(kTitleHeight, panel);
         entry->AddPage(text.title, words(text.content, plain ? 12 : 42), 0);
         theme::follow(entry, [entry, plain] {
-            entry->SetFocusLabelColor(theme::kInk, plain ? theme::kOrange.color() : QColor());
+            entry->SetFocusLabelColor(theme::kInk, plain ? kOrange.color() : QColor());
         });
         if (plain)
             entry->HideTailIcon();
@@ -197,7 +198,7 @@ void addTitles(Page *page)
     auto *own = new CFoucsLabel("Own arrows");
     own->SetIconPath({theme::picturePath("icon_lock.png")},
                      {theme::picturePath("icon_arrowdown.png"), theme::picturePath("icon_arrowup.png")});
-    theme::follow(own, [own] { own->SetColor(theme::kInk, theme::kOrange); });
+    theme::follow(own, [own] { own->SetColor(theme::kInk, kOrange); });
     own->SetFocus(true);
     auto *indented = new CFoucsLabel("Moved in by 24 pixels", 24);
     auto *cut = new CFoucsLabel("A title that is longer than its place allows");
