@@ -24,6 +24,10 @@ function(lumqt_refuse_other_qt)
     set_property(GLOBAL PROPERTY LUMQTLIB_QT "${LUMQT_QT}")
 endfunction()
 
+# Below the prefix, or Qt's own folder of plugins, which Designer looks into by itself.
+set(LUMQT_PLUGIN_DIR "${CMAKE_INSTALL_LIBDIR}/${LUMQT_PACKAGE}/plugins"
+    CACHE STRING "Where the plugin for Qt Designer is installed: in the folder `designer` there")
+
 set(CMAKE_CXX_STANDARD 17)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)

@@ -4,6 +4,8 @@ include(CMakePackageConfigHelpers)
 
 set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/${LUMQT_PACKAGE}")
 set(LUMQT_INSTALL_RES_DIR "${CMAKE_INSTALL_DATADIR}/${LUMQT_PACKAGE}/res")
+# Has the plugin for Designer, where that is built; see LUMQT_PLUGIN_DIR.
+set(LUMQT_INSTALL_PLUGIN_DIR "${LUMQT_PLUGIN_DIR}")
 
 install(
     TARGETS LumQtLib
@@ -29,7 +31,7 @@ endif()
 install(EXPORT ${LUMQT_PACKAGE}Targets NAMESPACE LumQtLib:: DESTINATION "${package_dir}")
 configure_package_config_file(
     "${PROJECT_SOURCE_DIR}/cmake/LumQtLibConfig.cmake.in" "${PROJECT_BINARY_DIR}/${LUMQT_PACKAGE}Config.cmake"
-    INSTALL_DESTINATION "${package_dir}" PATH_VARS LUMQT_INSTALL_RES_DIR)
+    INSTALL_DESTINATION "${package_dir}" PATH_VARS LUMQT_INSTALL_RES_DIR LUMQT_INSTALL_PLUGIN_DIR)
 write_basic_package_version_file("${PROJECT_BINARY_DIR}/${LUMQT_PACKAGE}ConfigVersion.cmake"
                                  COMPATIBILITY SameMajorVersion)
 install(FILES "${PROJECT_BINARY_DIR}/${LUMQT_PACKAGE}Config.cmake"

@@ -1,0 +1,113 @@
+#include "PageExtensions.h"
+
+#include "CBPPopWnd.h"
+#include "CBPWinWidget.h"
+#include "CTabContainer.h"
+
+#include <QtDesigner/QDesignerContainerExtension>
+#include <QtDesigner/QDesignerFormEditorInterface>
+#include <QtDesigner/QExtensionFactory>
+#include <QtDesigner/QExtensionManager>
+
+namespace {
+
+class TabPages : public QObject, public QDesignerContainerExtension
+{
+    Q_OBJECT
+    Q_INTERFACES(QDesignerContainerExtension)
+
+public:
+    TabPages(CTabContainer *tabs, QObject *parent) : QObject(parent), m_tabs(tabs) {}
+
+    bool canAddWidget() const override { return true; }
+    bool canRemove(int) const override { return m_tabs->count() > 1; }
+    void addWidget(QWidget *page) override { insertWidget(m_tabs->count(), page); }
+    int count() const override { return m_tabs->count(); }
+    int currentIndex() const override { return m_tabs->currentPage(); }
+    void setCurrentIndex(int index) override { m_tabs->setCurrentPage(index); }
+    QWidget *widget(int index) const override { return m_tabs->widget(index); }
+    void remove(int index) override { m_tabs->removePage(index); }
+
+    void insertWidget(int index, QWidget *page) override
+    {
+        if (page->windowTitle().isEmpty())
+            page->setWindowTitle(tr("Page"));
+        m_tabs->insertPage(index, page);
+    }
+
+private:
+    CTabContainer *m_tabs;
+};
+
+// Of windows with setContentWidget().
+template <class Window> class ContentPage : public QDesignerContainerExtension
+{
+public:
+    explicit ContentPage(Window *window) : m_window(window) {}
+
+    bool canAddWidget() const override { return !m_window->contentWidget(); }
+    bool canRemove(int) const override { return false; }
+    void addWidget(QWidget *page) override { m_window->setContentWidget(page); }
+    int count() const override { return m_window->contentWidget() ? 1 : 0; }
+    int currentIndex() const override { return count() - 1; }
+    void setCurrentIndex(int) override {}
+    QWidget *widget(int index) const override { return index == 0 ? m_window->contentWidget() : nullptr; }
+    void insertWidget(int, QWidget *page) override { addWidget(page); }
+    void remove(int) override {}
+
+private:
+    Window *m_window;
+};
+
+class DialogPage : public QObject, public ContentPage<CBPPopWnd>
+{
+    Q_OBJECT
+    Q_INTERFACES(QDesignerContainerExtension)
+
+public:
+    DialogPage(CBPPopWnd *window, QObject *parent) : QObject(parent), ContentPage(window) {}
+};
+
+class WindowPage : public QObject, public ContentPage<CBPWinWidget>
+{
+    Q_OBJECT
+    Q_INTERFACES(QDesignerContainerExtension)
+
+public:
+    WindowPage(CBPWinWidget *window, QObject *parent) : QObject(parent), ContentPage(window) {}
+};
+
+class PageFactory : public QExtensionFactory
+{
+public:
+    explicit PageFactory(QExtensionManager *parent) : QExtensionFactory(parent) {}
+
+protected:
+    QObject *createExtension(QObject *object, const QString &iid, QObject *parent) const override
+    {
+        if (iid != QLatin1String(Q_TYPEID(QDesignerContainerExtension)))
+            return nullptr;
+        if (auto *tabs = qobject_cast<CTabContainer *>(object))
+            return new TabPages(tabs, parent);
+        if (auto *dialog = qobject_cast<CBPPopWnd *>(object))
+            return new DialogPage(dialog, parent);
+        if (auto *window = qobject_cast<CBPWinWidget *>(object))
+            return new WindowPage(window, parent);
+        return nullptr;
+    }
+};
+
+} // namespace
+
+void registerPageExtensions(QDesignerFormEditorInterface *core)
+{
+    QExtensionManager *manager = core ? core->extensionManager() : nullptr;
+    // Every widget of the plugin is initialised, the manager is Designer's only one.
+    if (!manager || manager->findChild<QObject *>(QStringLiteral("lumqt_pages"), Qt::FindDirectChildrenOnly))
+        return;
+    auto *factory = new PageFactory(manager);
+    factory->setObjectName(QStringLiteral("lumqt_pages"));
+    manager->registerExtensions(factory, QLatin1String(Q_TYPEID(QDesignerContainerExtension)));
+}
+
+#include "PageExtensions.moc"
