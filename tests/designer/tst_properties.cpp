@@ -1,0 +1,292 @@
+#include "CAddBtn.h"
+#include "CBaseWin.h"
+#include "CBPAnimationObj.h"
+#include "CBPComboxItem.h"
+#include "CBPDateSelector.h"
+#include "CBPDaySelector.h"
+#include "CBPDrawLabel.h"
+#include "CBPDropdownBtn.h"
+#include "CBPEllipsisGifLabel.h"
+#include "CBPFlowLayout.h"
+#include "CBPFlowWidget.h"
+#include "CBPFrameBox.h"
+#include "CBPGifLable.h"
+#include "CBPGradientProgressBar.h"
+#include "CBPGridBox.h"
+#include "CBPImage.h"
+#include "CBPImageCheckBox.h"
+#include "CBPImageTextBtn.h"
+#include "CBPIPInputWidget.h"
+#include "CBPJumpSlider.h"
+#include "CBPLabel.h"
+#include "CBPLine.h"
+#include "CBPLinkerButton.h"
+#include "CBPMenu.h"
+#include "CBPMenuBtn.h"
+#include "CBPPopWnd.h"
+#include "CBPRoundBtn.h"
+#include "CBPScrollBar.h"
+#include "CBPSearchEdit.h"
+#include "CBPSmoothSlider.h"
+#include "CBPSplitter.h"
+#include "CBPTextEdit.h"
+#include "CBPTheme.h"
+#include "CBPTipWnd.h"
+#include "CBPToolButton.h"
+#include "CBPTreeWidget.h"
+#include "CBPWaitBtn.h"
+#include "CBPWeekSelector.h"
+#include "CBPWinFrmTitle.h"
+#include "CBPWinWidget.h"
+#include "CButtonGroupBox.h"
+#include "CEditTimeEdit.h"
+#include "CExpandBtn.h"
+#include "CFoucsLabel.h"
+#include "CMsgBox.h"
+#include "CTabContainer.h"
+#include "CTabPageItem.h"
+#include "CTextTips.h"
+#include "CTriStateButton.h"
+#include "designer/Samples.h"
+#include "Pixels.h"
+#include "TestMain.h"
+
+#include <QSignalSpy>
+
+#include <memory>
+
+using Object = std::unique_ptr<QObject>;
+
+namespace {
+
+template <class Widget> Object make()
+{
+    return Object(new Widget(static_cast<QWidget *>(nullptr)));
+}
+
+// Windows as applications have them, after Init().
+template <class Window> Object makeFramed()
+{
+    struct Initialised : Window
+    {
+        Initialised() : Window(nullptr) { Window::Init(); }
+    };
+    return Object(new Initialised);
+}
+
+Object makePopUp()
+{
+    auto window = std::make_unique<CBPPopWnd>();
+    window->Init(true);
+    return window;
+}
+
+Object makeTabs()
+{
+    auto tabs = std::make_unique<CTabContainer>();
+    for (const char *title : {"First", "Second"}) {
+        auto *page = new QWidget;
+        page->setWindowTitle(QLatin1String(title));
+        tabs->addPage(page);
+    }
+    return tabs;
+}
+
+Object makeTabPage()
+{
+    auto item = std::make_unique<CTabPageItem>(40);
+    item->AddPage(QStringLiteral("Title"), new QWidget);
+    return item;
+}
+
+struct Kind
+{
+    const char *name;
+    Object (*make)();
+};
+
+// A class that others derive from is tried with them.
+const Kind kKinds[] = {
+    {"CBPPushBtn", make<CBPPushBtn>},
+    {"CBPMenuBtn", make<CBPMenuBtn>},
+    {"CAddBtn", make<CAddBtn>},
+    {"CBPRoundBtn", make<CBPRoundBtn>},
+    {"CTriStateButton", make<CTriStateButton>},
+    {"CBPWaitBtn", make<CBPWaitBtn>},
+    {"CExpandBtn", make<CExpandBtn>},
+    {"CBPImageButton", make<CBPImageButton>},
+    {"CBPImageTextBtn", make<CBPImageTextBtn>},
+    {"CBPImageCheckBox", make<CBPImageCheckBox>},
+    {"CBPToolButton", make<CBPToolButton>},
+    {"CBPLinkerButton", make<CBPLinkerButton>},
+    {"CBPDropdownBtn", make<CBPDropdownBtn>},
+    {"CButtonGroupBox", make<CButtonGroupBox>},
+    {"CBPLabel", make<CBPLabel>},
+    {"CBPDrawLabel", make<CBPDrawLabel>},
+    {"CBPEllipsisGifLabel", make<CBPEllipsisGifLabel>},
+    {"CBPGifLable", make<CBPGifLable>},
+    {"CBPImage", make<CBPImage>},
+    {"CBPLine", make<CBPLine>},
+    {"CBPGradientProgressBar", make<CBPGradientProgressBar>},
+    {"CBPJumpSlider", make<CBPJumpSlider>},
+    {"CBPSmoothSlider", make<CBPSmoothSlider>},
+    {"CFoucsLabel", make<CFoucsLabel>},
+    {"CBPAnimationObj", [] { return Object(new CBPAnimationObj(QStringList())); }},
+    {"CBPLineEdit", make<CBPLineEdit>},
+    {"CBPSearchEdit", make<CBPSearchEdit>},
+    {"CBPTextEdit", make<CBPTextEdit>},
+    {"CBPIPInputWidget", make<CBPIPInputWidget>},
+    {"CBPDateSelector", make<CBPDateSelector>},
+    {"CBPDaySelector", make<CBPDaySelector>},
+    {"CBPWeekSelector", make<CBPWeekSelector>},
+    {"CEditTimeEdit", make<CEditTimeEdit>},
+    {"CEditTimeEditItem", make<CEditTimeEditItem>},
+    {"CBPBox", make<CBPBox>},
+    {"CBPGridBox", make<CBPGridBox>},
+    {"CBPFrameBox", make<CBPFrameBox>},
+    {"CBPFlowWidget", make<CBPFlowWidget>},
+    {"CBPFlowLayout", [] { return Object(new CBPFlowLayout); }},
+    {"CTabContainer", makeTabs},
+    {"CTabPageItem", makeTabPage},
+    {"CBPSplitter", make<CBPSplitter>},
+    {"CBPScrollBar", make<CBPScrollBar>},
+    {"CBPTreeWidget", make<CBPTreeWidget>},
+    {"CBPMenu", make<CBPMenu>},
+    {"CBPWinFrmTitle", make<CBPWinFrmTitle>},
+    {"CBPWinFrm", makeFramed<CBPWinFrm>},
+    {"CBPWinWidget", makeFramed<CBPWinWidget>},
+    {"CBPPopWnd", makePopUp},
+    {"CMsgBox", make<CMsgBox>},
+    {"CBaseWin", make<CBaseWin>},
+    {"CTextTips", [] { return Object(new CTextTips); }},
+    {"CBPTipWnd", [] { return Object(new CBPTipWnd(ENOrientationNone, nullptr)); }},
+};
+
+// One row for each property of each class.
+void properties(bool (*wanted)(const QMetaProperty &))
+{
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<int>("index");
+    for (int kind = 0; kind < int(std::size(kKinds)); ++kind) {
+        const Object object = kKinds[kind].make();
+        const QMetaObject *type = object->metaObject();
+        for (int index = 0; index < type->propertyCount(); ++index) {
+            const QMetaProperty property = type->property(index);
+            // Declared again, only the last counts.
+            if (samples::isOurs(type, index) && type->indexOfProperty(property.name()) == index &&
+                wanted(property))
+                QTest::addRow("%s.%s", kKinds[kind].name, property.name()) << kind << index;
+        }
+    }
+}
+
+} // namespace
+
+class TestProperties : public QObject
+{
+    Q_OBJECT
+
+private:
+    Object m_object;
+    QMetaProperty m_property;
+    QString m_type;
+
+    void makeRow()
+    {
+        QFETCH(int, kind);
+        QFETCH(int, index);
+        m_type = QLatin1String(kKinds[kind].name);
+        m_object = kKinds[kind].make();
+        const auto first = samples::before(m_type);
+        for (const auto &value : first)
+            QVERIFY(m_object->setProperty(value.first, value.second));
+        m_property = m_object->metaObject()->property(index);
+    }
+
+    QVariant read() const { return m_property.read(m_object.get()); }
+
+private slots:
+    void cleanup()
+    {
+        m_object.reset();
+        if (!qApp->styleSheet().isEmpty())
+            qApp->setStyleSheet(QString());
+        CBPTheme::apply(QStringLiteral("light"));
+    }
+
+    void keepsWhatIsSet_data()
+    {
+        properties([](const QMetaProperty &property) { return property.isWritable(); });
+    }
+
+    // Each value is set twice: what is set again is told to nobody.
+    void keepsWhatIsSet()
+    {
+        makeRow();
+        // An address is told of octet by octet.
+        const auto atMost = m_type == QLatin1String("CBPIPInputWidget") ? 1 : 1000;
+        const samples::Pair values = samples::of(m_property, m_type);
+        QVERIFY2(values.first.isValid(), m_property.typeName());
+        std::unique_ptr<QSignalSpy> spy;
+        if (m_property.hasNotifySignal())
+            spy = std::make_unique<QSignalSpy>(m_object.get(), m_property.notifySignal());
+        const QVariant fresh = read();
+        for (const QVariant &value : {values.first, values.second, values.first}) {
+            const bool changes = !samples::equal(read(), value);
+            if (spy)
+                spy->clear();
+            for (int time = 0; time < 2; ++time) {
+                QVERIFY(m_property.write(m_object.get(), value));
+                const QString said =
+                    QStringLiteral("%1 instead of %2")
+                        .arg(read().toStringList().join(','), value.toStringList().join(','));
+                QVERIFY2(samples::equal(read(), value), qPrintable(said));
+            }
+            if (spy)
+                QCOMPARE(qMin(spy->size(), atMost), changes ? 1 : 0);
+        }
+        if (m_property.isResettable()) {
+            QVERIFY(m_property.reset(m_object.get()));
+            QVERIFY2(samples::equal(read(), fresh), "not what it was at first");
+        }
+    }
+
+    void styleSheetSetsIt_data()
+    {
+        properties(
+            [](const QMetaProperty &property) { return property.isWritable() && property.isDesignable(); });
+    }
+
+    // The application's, which is there first, as it mostly is. One of the widget itself Qt forgets where the
+    // class has set another before.
+    void styleSheetSetsIt()
+    {
+        makeRow();
+        const QVariant value = samples::of(m_property, m_type).first;
+        const QString words = samples::inSheet(m_property, value);
+        if (!m_object->isWidgetType() || words.isEmpty())
+            return;
+        qApp->setStyleSheet(
+            QStringLiteral("%1{qproperty-%2: %3}").arg(m_type, QLatin1String(m_property.name()), words));
+        makeRow();
+        static_cast<QWidget *>(m_object.get())->ensurePolished();
+        const QString said = QStringLiteral("%1 instead of %2")
+                                 .arg(read().toStringList().join(','), value.toStringList().join(','));
+        QVERIFY2(samples::equal(read(), value), qPrintable(said));
+    }
+
+    void enumerationsHaveNames_data()
+    {
+        properties([](const QMetaProperty &property) { return property.isEnumType(); });
+    }
+
+    void enumerationsHaveNames()
+    {
+        makeRow();
+        QVERIFY(m_property.enumerator().keyCount() > 1);
+        QVERIFY(!m_property.enumerator().valueToKey(read().toInt()) == m_property.isFlagType());
+    }
+};
+
+LUMQT_TEST_MAIN(TestProperties)
+#include "tst_properties.moc"
