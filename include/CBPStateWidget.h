@@ -135,6 +135,10 @@ public:
     /// \since 1.0
     ENState state() const { return m_state; }
 
+    /// The state; ENState by other names.
+    /// \since 1.0
+    State look() const { return static_cast<State>(m_state); }
+
     /// Sets the state. A number that is none is ignored.
     /// \since 1.0
     void SetState(ENState state);
@@ -175,7 +179,6 @@ private:
     void becomes(ENState state);
     // Of the properties: the state by its other name, and the setters that leave it to the next paint to show
     // the change.
-    State look() const { return static_cast<State>(m_state); }
     void setLook(State state) { SetState(static_cast<ENState>(state)); }
     void showBackground(bool shown);
     void showFrameless(bool frameless);

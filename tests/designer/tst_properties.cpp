@@ -1,54 +1,7 @@
-#include "CAddBtn.h"
-#include "CBaseWin.h"
-#include "CBPAnimationObj.h"
-#include "CBPComboxItem.h"
-#include "CBPDateSelector.h"
-#include "CBPDaySelector.h"
-#include "CBPDrawLabel.h"
-#include "CBPDropdownBtn.h"
-#include "CBPEllipsisGifLabel.h"
-#include "CBPFlowLayout.h"
-#include "CBPFlowWidget.h"
-#include "CBPFrameBox.h"
-#include "CBPGifLable.h"
-#include "CBPGradientProgressBar.h"
 #include "CBPGridBox.h"
-#include "CBPImage.h"
-#include "CBPImageCheckBox.h"
-#include "CBPImageTextBtn.h"
-#include "CBPIPInputWidget.h"
-#include "CBPJumpSlider.h"
-#include "CBPLabel.h"
-#include "CBPLine.h"
-#include "CBPLinkerButton.h"
-#include "CBPMenu.h"
-#include "CBPMenuBtn.h"
-#include "CBPPopWnd.h"
-#include "CBPRoundBtn.h"
-#include "CBPScrollBar.h"
-#include "CBPSearchEdit.h"
-#include "CBPSmoothSlider.h"
-#include "CBPSplitter.h"
-#include "CBPTextEdit.h"
-#include "CBPTheme.h"
-#include "CBPTipWnd.h"
-#include "CBPToolButton.h"
-#include "CBPTreeWidget.h"
-#include "CBPWaitBtn.h"
-#include "CBPWeekSelector.h"
-#include "CBPWinFrmTitle.h"
-#include "CBPWinWidget.h"
-#include "CButtonGroupBox.h"
-#include "CEditTimeEdit.h"
-#include "CExpandBtn.h"
-#include "CFoucsLabel.h"
-#include "CMsgBox.h"
-#include "CTabContainer.h"
-#include "CTabPageItem.h"
-#include "CTextTips.h"
-#include "CTriStateButton.h"
 #include "designer/Samples.h"
 #include "Pixels.h"
+#include "PropertyHeaders.h"
 #include "TestMain.h"
 
 #include <QSignalSpy>
@@ -180,6 +133,16 @@ void properties(bool (*wanted)(const QMetaProperty &))
     }
 }
 
+// What the class's own function says of a property, beside what the meta-object does.
+void compare(const QMetaObject &type, const char *name, QObject *object, const QVariant &own)
+{
+    const QMetaProperty property = type.property(type.indexOfProperty(name));
+    const QVariant read = property.read(object);
+    const bool same = property.isEnumType() ? read.toInt() == own.toInt() : samples::equal(read, own);
+    QVERIFY2(same,
+             qPrintable(QStringLiteral("%1.%2").arg(QLatin1String(type.className()), QLatin1String(name))));
+}
+
 } // namespace
 
 class TestProperties : public QObject
@@ -273,6 +236,25 @@ private slots:
         const QString said = QStringLiteral("%1 instead of %2")
                                  .arg(read().toStringList().join(','), value.toStringList().join(','));
         QVERIFY2(samples::equal(read(), value), qPrintable(said));
+    }
+
+    void gettersSayTheSame_data()
+    {
+        QTest::addColumn<int>("kind");
+        for (int kind = 0; kind < int(std::size(kKinds)); ++kind)
+            QTest::newRow(kKinds[kind].name) << kind;
+    }
+
+    void gettersSayTheSame()
+    {
+        QFETCH(int, kind);
+        const Object made = kKinds[kind].make();
+        QObject *object = made.get();
+#define GETTER(Class, property, function)                                                                    \
+    if (auto *own = qobject_cast<Class *>(object))                                                           \
+        compare(Class::staticMetaObject, #property, object, QVariant::fromValue(own->function()));
+#include "PropertyGetters.h"
+#undef GETTER
     }
 
     void enumerationsHaveNames_data()
