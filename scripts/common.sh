@@ -34,7 +34,7 @@ ensure_packages() {
 # Installs what building and running natively needs, with the Qt of that major version.
 ensure_native_packages() {
   local dev=(qtbase5-dev qtbase5-private-dev libqt5svg5-dev qttools5-dev qttools5-dev-tools)
-  [ "$1" -eq 5 ] || dev=(qt6-base-dev qt6-base-private-dev qt6-svg-dev qt6-tools-dev qt6-l10n-tools)
+  [ "$1" -eq 5 ] || dev=(qt6-base-dev qt6-base-private-dev qt6-svg-dev qt6-tools-dev libqt6opengl6-dev qt6-l10n-tools)
   ensure_packages cmake ninja-build ccache g++ "${dev[@]}" \
     libxtst-dev xvfb openbox x11-utils fonts-open-sans fonts-noto-core python3
 }

@@ -140,6 +140,10 @@ inline bool equal(const QVariant &one, const QVariant &other)
         return one.value<QIcon>().pixmap(16).toImage() == other.value<QIcon>().pixmap(16).toImage();
     if (one.userType() == QMetaType::QFont)
         return one.value<QFont>().toString() == other.value<QFont>().toString();
+    // With Qt 6 a value of an enumeration is no number any more.
+    if (one.userType() != other.userType() &&
+        (one.userType() == QMetaType::Int || other.userType() == QMetaType::Int))
+        return one.toInt() == other.toInt();
     return one == other;
 }
 
