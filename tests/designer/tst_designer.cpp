@@ -53,6 +53,13 @@ public:
 
 protected:
     bool checkProperty(QObject *, const QString &property) const override { return m_set.contains(property); }
+    // Of Qt 6 it can save enumerations as numbers only, which Designer has no need of.
+    DomProperty *createProperty(QObject *object, const QString &name, const QVariant &value) override
+    {
+        const QMetaObject *type = object->metaObject();
+        const bool isEnum = type->property(type->indexOfProperty(name.toUtf8().constData())).isEnumType();
+        return QFormBuilder::createProperty(object, name, isEnum ? QVariant(value.toInt()) : value);
+    }
     DomWidget *createDom(QWidget *widget, DomWidget *parent, bool) override
     {
         return QFormBuilder::createDom(widget, parent, false);
