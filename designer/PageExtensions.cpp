@@ -6,8 +6,12 @@
 
 #include <QtDesigner/QDesignerContainerExtension>
 #include <QtDesigner/QDesignerFormEditorInterface>
+#include <QtDesigner/QDesignerFormWindowInterface>
+#include <QtDesigner/QDesignerPropertySheetExtension>
 #include <QtDesigner/QExtensionFactory>
 #include <QtDesigner/QExtensionManager>
+
+#include <QVariant>
 
 namespace {
 
@@ -30,12 +34,24 @@ public:
 
     void insertWidget(int index, QWidget *page) override
     {
-        if (page->windowTitle().isEmpty())
-            page->setWindowTitle(tr("Page"));
         m_tabs->insertPage(index, page);
+        // Set where Designer saves it from: an inserted page has a title that can be seen.
+        QDesignerPropertySheetExtension *sheet = page->windowTitle().isEmpty() ? sheetOf(page) : nullptr;
+        const int title = sheet ? sheet->indexOf(QStringLiteral("windowTitle")) : -1;
+        if (title < 0)
+            return;
+        sheet->setProperty(title, tr("Page"));
+        sheet->setChanged(title, true);
     }
 
 private:
+    QDesignerPropertySheetExtension *sheetOf(QWidget *page) const
+    {
+        const auto *form = QDesignerFormWindowInterface::findFormWindow(m_tabs);
+        return form ? qt_extension<QDesignerPropertySheetExtension *>(form->core()->extensionManager(), page)
+                    : nullptr;
+    }
+
     CTabContainer *m_tabs;
 };
 
@@ -46,14 +62,21 @@ public:
     explicit ContentPage(Window *window) : m_window(window) {}
 
     bool canAddWidget() const override { return !m_window->contentWidget(); }
-    bool canRemove(int) const override { return false; }
+    bool canRemove(int) const override { return true; }
     void addWidget(QWidget *page) override { m_window->setContentWidget(page); }
     int count() const override { return m_window->contentWidget() ? 1 : 0; }
     int currentIndex() const override { return count() - 1; }
     void setCurrentIndex(int) override {}
     QWidget *widget(int index) const override { return index == 0 ? m_window->contentWidget() : nullptr; }
     void insertWidget(int, QWidget *page) override { addWidget(page); }
-    void remove(int) override {}
+    void remove(int index) override
+    {
+        QWidget *page = widget(index);
+        if (!page)
+            return;
+        page->setParent(nullptr); // Designer's now, which may bring it back
+        m_window->setContentWidget(nullptr);
+    }
 
 private:
     Window *m_window;

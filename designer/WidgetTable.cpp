@@ -35,9 +35,9 @@
 #include "CBPScrollWnd.h"
 #include "CBPSearchEdit.h"
 #include "CBPSmoothSlider.h"
-#include "CBPSplitter.h"
 #include "CBPTableWidget.h"
 #include "CBPTextEdit.h"
+#include "CBPTheme.h"
 #include "CBPToolButton.h"
 #include "CBPTreeView.h"
 #include "CBPTreeWidget.h"
@@ -50,6 +50,8 @@
 #include "CFoucsLabel.h"
 #include "CTabContainer.h"
 #include "CTriStateButton.h"
+
+#include <QPainter>
 
 namespace {
 
@@ -71,6 +73,26 @@ template <class Widget> QWidget *make(QWidget *parent)
     return widget;
 }
 
+// The main window of an application ends it when it is closed; here the application is Designer, and the
+// window its preview.
+class MainWindow : public CBaseWin
+{
+public:
+    explicit MainWindow(QWidget *parent) : CBaseWin(parent) {}
+
+protected:
+    void onExit() override { hide(); }
+};
+
+// A new form has a page to drop widgets on; the page of one that is loaded takes its place.
+QWidget *withContent(QWidget *window, void (*set)(QWidget *window, QWidget *content))
+{
+    auto *content = new QWidget;
+    content->setObjectName(QStringLiteral("content"));
+    set(window, content);
+    return window;
+}
+
 // A window as an application has it after Init().
 template <class Window> QWidget *makeWindow(QWidget *parent);
 
@@ -78,19 +100,32 @@ template <> QWidget *makeWindow<CBPPopWnd>(QWidget *parent)
 {
     auto *window = new CBPPopWnd(parent);
     window->Init(true);
-    return window;
+    return withContent(window, [](QWidget *dialog, QWidget *content) {
+        static_cast<CBPPopWnd *>(dialog)->setContentWidget(content);
+    });
 }
 
-// Init() is the derived classes' to call.
+// What the derived classes of an application do: they call Init(), and paint the ground.
 class InitialisedWindow : public CBPWinWidget
 {
 public:
     explicit InitialisedWindow(QWidget *parent) : CBPWinWidget(parent) { Init(); }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        const int border = isMaximized() ? 0 : shadowBorder();
+        painter.fillRect(rect().adjusted(border, border, -border, -border),
+                         CBPTheme::color(CBPTheme::Purpose::Ground));
+    }
 };
 
 template <> QWidget *makeWindow<CBPWinWidget>(QWidget *parent)
 {
-    return new InitialisedWindow(parent);
+    return withContent(new InitialisedWindow(parent), [](QWidget *window, QWidget *content) {
+        static_cast<CBPWinWidget *>(window)->setContentWidget(content);
+    });
 }
 
 template <class Widget>
@@ -149,8 +184,9 @@ QByteArray pictures(const char *property, const QByteArray &stem)
 QByteArray frames()
 {
     QByteArray xml = "<property name='frames'><stringlist>";
-    for (int i = 1; i <= 12; ++i)
-        xml += "<string>../res/loading/loading" + QByteArray::number(i) + ".png</string>";
+    for (int i = 0; i < 24; ++i)
+        xml +=
+            "<string>../res/loading/loading" + QByteArray::number(i).rightJustified(2, '0') + ".png</string>";
     return xml + "</stringlist></property>";
 }
 
@@ -208,7 +244,8 @@ QVector<WidgetRow> datesAndTimes()
     return {
         row<CBPDateSelector>(kDates, "A date to type, or to pick from a calendar", {}, QSize(160, 30)),
         row<CBPDaySelector>(kDates, "A choice of several days",
-                            list("items", {"1", "2", "3", "4", "5", "6", "7"})),
+                            list("items", {"1", "2", "3", "4", "5", "6", "7"}) +
+                                text("selectAllItem", "All")),
         row<CBPWeekSelector>(kDates, "A choice of several days of the week",
                              list("items", {"Mon", "Tue", "Wed", "Thu", "Fri", "Sat", "Sun"})),
         row<CEditTimeEdit>(kDates, "A short list of times of day", number("maximumCount", 3)),
@@ -265,6 +302,7 @@ QVector<WidgetRow> windows()
     WidgetRow mainWindow =
         container(row<CBaseWin>(kWindows, "The main window without the system's frame",
                                 text("caption", "Window") + page("centralwidget"), QSize(640, 400)));
+    mainWindow.make = [](QWidget *parent) -> QWidget * { return new MainWindow(parent); };
     return {
         mainWindow,
         window(CBPWinWidget::staticMetaObject, makeWindow<CBPWinWidget>, "A framed window",

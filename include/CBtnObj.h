@@ -66,8 +66,8 @@ public:
     /// The backgrounds by name, "#rrggbb" or "#aarrggbb"; the built-in ones where none were set.
     /// \since 1.0
     QStringList backgroundColors() const;
-    /// The same as setBgColor() by name, except that what setBgTrancent() has made see-through stays so. An
-    /// empty name paints none. \since 1.0
+    /// The same as setBgColor() by name, except that no names at all are resetBackgroundColors(), and that
+    /// what setBgTrancent() has made see-through stays so. An empty name paints none. \since 1.0
     void setBackgroundColors(const QStringList &names);
     /// Makes the backgrounds the theme's again.
     /// \since 1.0

@@ -60,8 +60,9 @@ public:
     /// Writes \a value at \a group / \a key of the ini file \a file, which is made when missing.
     ///
     /// Does nothing when file, key or group is empty. Letters outside of ASCII are escaped with Qt 5 and in
-    /// UTF-8 with Qt 6, which reads both. A file that cannot be written is reported in the log category
-    /// "lumqtlib". \since 1.0
+    /// UTF-8 with Qt 6, which reads both. Where the file lies in a folder `res` that an application does not
+    /// ship, that is made, too, and takes the place of the library's copy as a whole. A file that cannot be
+    /// written is reported in the log category "lumqtlib". \since 1.0
     static void writeIni(QString group, QString key, QVariant value, QString file);
 
     /// The title bar's background from "../res/UIConfig.ini"; invalid (use the built-in colour) when missing

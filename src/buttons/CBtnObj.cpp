@@ -188,6 +188,8 @@ QStringList CBtnObj::backgroundColors() const
 // In a form or a style sheet colours and transparency come in any order.
 void CBtnObj::setBackgroundColors(const QStringList &names)
 {
+    if (names.isEmpty())
+        return resetBackgroundColors();
     setBgColor(lumqt::colorsOf(names));
     if (m_bgTrancent)
         CBtnObj::setBgTrancent(true);
@@ -206,6 +208,8 @@ QStringList CBtnObj::frameColors() const
 
 void CBtnObj::setFrameColors(const QStringList &names)
 {
+    if (names.isEmpty())
+        return resetFrameColors();
     setFrmColor(lumqt::colorsOf(names));
 }
 
@@ -222,6 +226,8 @@ QStringList CBtnObj::textColors() const
 
 void CBtnObj::setTextColors(const QStringList &names)
 {
+    if (names.isEmpty())
+        return resetTextColors();
     setTextColor(lumqt::colorsOf(names));
 }
 
@@ -238,6 +244,8 @@ QStringList CBtnObj::triangleColors() const
 
 void CBtnObj::setTriangleColors(const QStringList &names)
 {
+    if (names.isEmpty())
+        return resetTriangleColors();
     setTriangleColor(lumqt::colorsOf(names));
 }
 

@@ -137,7 +137,13 @@ private slots:
         QVERIFY(!custom->toolTip().isEmpty());
         QVERIFY(custom->group().startsWith(QLatin1String("LumQtLib: ")));
         QVERIFY(QFile::exists(QStringLiteral(LUMQT_INCLUDE "/") + custom->includeFile()));
-        const Widget dropped = load(wholeForm(custom->domXml()));
+        const QString xml = custom->domXml();
+        for (auto file = QRegularExpression(QStringLiteral("\\.\\./(res/[^<]+)")).globalMatch(xml);
+             file.hasNext();) {
+            const QString path = QStringLiteral(":/lumqtlib/") + file.next().captured(1);
+            QVERIFY2(QFile::exists(path), qPrintable(path));
+        }
+        const Widget dropped = load(wholeForm(xml));
         QVERIFY2(dropped, qPrintable(m_loader.errorString()));
         QCOMPARE(QString::fromLatin1(dropped->metaObject()->className()).section(':', -1), custom->name());
         QVERIFY(dropped->sizeHint().isValid() || dropped->minimumSize().isValid());
@@ -210,7 +216,9 @@ private slots:
         QVERIFY(file.open(QIODevice::ReadOnly));
         const Widget loaded(m_loader.load(&file));
         QVERIFY2(loaded, qPrintable(m_loader.errorString()));
-        QCOMPARE(picture(*loaded, page), picture(compiled, page));
+        const QImage shown = picture(*loaded, page);
+        QVERIFY(!shown.isNull());
+        QCOMPARE(shown, picture(compiled, page));
     }
 };
 

@@ -214,6 +214,69 @@ private slots:
         }
     }
 
+    // What the setters clamp or refuse comes out as it does there.
+    void badValues_data()
+    {
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<QByteArray>("property");
+        QTest::addColumn<QVariant>("bad");
+        QTest::addColumn<QVariant>("kept"); // not valid: what was there
+        const auto bad = [](const char *type, const char *property, const QVariant &value,
+                            const QVariant &kept = QVariant()) {
+            QTest::addRow("%s.%s: %s", type, property, qPrintable(value.toString()))
+                << QString::fromLatin1(type) << QByteArray(property) << value << kept;
+        };
+        bad("CBPRoundBtn", "diameter", -1, 1);
+        bad("CBPRoundBtn", "diameter", 5000, 4096);
+        bad("CBPLinkerButton", "fontPixelSize", 0);
+        bad("CBPToolButton", "pixelSize", 0);
+        bad("CBPToolButton", "state", 7);
+        bad("CBPLabel", "pixelSize", -4, 12);
+        bad("CBPDrawLabel", "pixelSize", 0);
+        bad("CBPGradientProgressBar", "value", 7.0, 1.0);
+        bad("CBPGradientProgressBar", "value", 0.0, 0.01);
+        bad("CBPGradientProgressBar", "value", qQNaN());
+        bad("CBPJumpSlider", "value", 99, 2);
+        bad("CBPJumpSlider", "currentText", "nowhere");
+        bad("CBPSmoothSlider", "value", 1000, 100);
+        bad("CFoucsLabel", "indent", -5, 0);
+        bad("CBPTextEdit", "leftTextMargin", -3, 0);
+        bad("CBPAnimationObj", "interval", 0);
+        bad("CBPIPInputWidget", "ip", "300.1.1.1");
+        bad("CBPDateSelector", "date", QDate(1900, 1, 1), QDate(1980, 1, 1));
+        bad("CBPDateSelector", "date", QDate());
+        bad("CBPDaySelector", "selected", QStringList());
+        bad("CBPBox", "leftBorder", -4, 0);
+        bad("CBPFrameBox", "titleHeight", INT_MAX, QWIDGETSIZE_MAX);
+        bad("CTabContainer", "currentPage", -7);
+        bad("CBPWinWidget", "shadowBorder", -7, 0);
+        bad("CBPWinFrm", "titleBackground", QColor());
+        bad("CTextTips", "backgroundColor", QColor());
+        bad("CBPMenu", "cornerRadius", -7, 0);
+        bad("CBPTipWnd", "orientation", 99, 0);
+        bad("CBPPopWnd", "buttons", 99, 98);
+    }
+
+    void badValues()
+    {
+        QFETCH(QString, type);
+        QFETCH(QByteArray, property);
+        QFETCH(QVariant, bad);
+        QFETCH(QVariant, kept);
+        const auto kind = std::find_if(std::begin(kKinds), std::end(kKinds), [&type](const Kind &each) {
+            return type == QLatin1String(each.name);
+        });
+        QVERIFY(kind != std::end(kKinds));
+        m_object = kind->make();
+        const auto first = samples::before(type);
+        for (const auto &value : first)
+            QVERIFY(m_object->setProperty(value.first, value.second));
+        const QVariant before = m_object->property(property);
+        m_object->setProperty(property, bad);
+        const QVariant after = m_object->property(property);
+        QVERIFY2(samples::equal(after, kept.isValid() ? kept : before), qPrintable(after.toString()));
+    }
+
     void styleSheetSetsIt_data()
     {
         properties(
