@@ -56,7 +56,7 @@ class LUMQT_EXPORT CBPBox : public CBPWidget
     /// The same at the bottom. \since 1.0
     Q_PROPERTY(int bottomBorder READ bottomBorder WRITE setBottomBorder)
     /// Whether frame and ground are painted, from the next repaint on. \since 1.0
-    Q_PROPERTY(bool drawsFrame READ drawsFrame WRITE SetDrawFrame)
+    Q_PROPERTY(bool drawsFrame READ drawsFrame WRITE showFrame)
     /// Colour of the frame; the theme's until it is set, and after a reset. \since 1.0
     Q_PROPERTY(QColor frameColor READ frameColor WRITE SetFrameClr RESET resetFrameColor)
     /// Colour of the ground inside the frame; the theme's until it is set, and after a reset. \since 1.0
@@ -206,6 +206,12 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    void showFrame(bool drawn)
+    {
+        SetDrawFrame(drawn); // which leaves it to the next paint
+        update();
+    }
+
     friend class CButtonGroupBox;
     friend class CBPGridBox;
     CBPBox(lumqt::InForm, QWidget *parent);

@@ -247,7 +247,6 @@ void CBPBox::SetSizeConstraint(int iConstraint)
 void CBPBox::SetDrawFrame(bool bDrawFrame)
 {
     m_bDrawFrame = bDrawFrame;
-    update();
 }
 
 QColor CBPBox::frameColor() const
