@@ -57,7 +57,8 @@ QString CustomWidget::domXml() const
     const QString addPage =
         m_row.addPage ? QStringLiteral("<addpagemethod>%1</addpagemethod>").arg(QLatin1String(m_row.addPage))
                       : QString();
-    return QStringLiteral("<ui language='c++'><widget class='%1' name='%2'>%3%4</widget>"
+    // Quotes as they are: a new form of a class is made of what begins with <widget class="
+    return QStringLiteral("<ui language='c++'><widget class=\"%1\" name=\"%2\">%3%4</widget>"
                           "<customwidgets><customwidget><class>%1</class><extends>%5</extends>"
                           "<header>%6</header>%7%8</customwidget></customwidgets></ui>")
         .arg(name(), objectNameOf(name()), geometryOf(m_row.size), QString::fromUtf8(m_row.inside),

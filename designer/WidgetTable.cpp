@@ -81,17 +81,14 @@ public:
     explicit MainWindow(QWidget *parent) : CBaseWin(parent) {}
 
 protected:
-    void onExit() override { hide(); }
+    void onExit() override
+    {
+        hide();
+        if (testAttribute(
+                Qt::WA_DeleteOnClose)) // the closing does not come to that when the window is hidden already
+            deleteLater();
+    }
 };
-
-// A new form has a page to drop widgets on; the page of one that is loaded takes its place.
-QWidget *withContent(QWidget *window, void (*set)(QWidget *window, QWidget *content))
-{
-    auto *content = new QWidget;
-    content->setObjectName(QStringLiteral("content"));
-    set(window, content);
-    return window;
-}
 
 // A window as an application has it after Init().
 template <class Window> QWidget *makeWindow(QWidget *parent);
@@ -100,9 +97,7 @@ template <> QWidget *makeWindow<CBPPopWnd>(QWidget *parent)
 {
     auto *window = new CBPPopWnd(parent);
     window->Init(true);
-    return withContent(window, [](QWidget *dialog, QWidget *content) {
-        static_cast<CBPPopWnd *>(dialog)->setContentWidget(content);
-    });
+    return window;
 }
 
 // What the derived classes of an application do: they call Init(), and paint the ground.
@@ -123,9 +118,7 @@ protected:
 
 template <> QWidget *makeWindow<CBPWinWidget>(QWidget *parent)
 {
-    return withContent(new InitialisedWindow(parent), [](QWidget *window, QWidget *content) {
-        static_cast<CBPWinWidget *>(window)->setContentWidget(content);
-    });
+    return new InitialisedWindow(parent);
 }
 
 template <class Widget>

@@ -138,6 +138,8 @@ private slots:
         QVERIFY(custom->group().startsWith(QLatin1String("LumQtLib: ")));
         QVERIFY(QFile::exists(QStringLiteral(LUMQT_INCLUDE "/") + custom->includeFile()));
         const QString xml = custom->domXml();
+        // Word for word what Designer looks for when it makes a form of the class.
+        QVERIFY(xml.contains(QStringLiteral("<widget class=\"%1\"").arg(custom->name())));
         for (auto file = QRegularExpression(QStringLiteral("\\.\\./(res/[^<]+)")).globalMatch(xml);
              file.hasNext();) {
             const QString path = QStringLiteral(":/lumqtlib/") + file.next().captured(1);
