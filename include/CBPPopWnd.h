@@ -50,7 +50,7 @@ class LUMQT_EXPORT CBPPopWnd : public CBPWinFrm
 
 public:
     /// The standard buttons by their flags, in the order in which a row holds them. \since 1.0
-    enum Button {
+    enum Button : int {
         BtnAdd = 0x2,               ///< Add
         BtnOk = 0x4,                ///< OK
         BtnRetry = 0x8,             ///< Retry

@@ -34,7 +34,7 @@ class LUMQT_EXPORT CBPTipWnd : public QWidget
 
 public:
     /// The same as the global enumeration, for forms and tools. \since 1.0
-    enum Orientation {
+    enum Orientation : int {
         OrientationNone = ENOrientationNone,     ///< ENOrientationNone
         OrientationLeft = ENOrientationLeft,     ///< ENOrientationLeft
         OrientationCenter = ENOrientationCenter, ///< ENOrientationCenter
