@@ -42,8 +42,8 @@ class LUMQT_EXPORT CTabContainer : public QWidget
     Q_PROPERTY(int currentIndex READ currentIndex WRITE SetSelected NOTIFY currentChanged
                    DESIGNABLE false STORED false)
     /// Text of the current tab; the window title of its page, which holds it. \since 1.0
-    Q_PROPERTY(QString currentTabText READ currentTabText WRITE setCurrentTabText
-                   DESIGNABLE false STORED false)
+    Q_PROPERTY(
+        QString currentTabText READ currentTabText WRITE setCurrentTabText DESIGNABLE false STORED false)
 
 public:
     /// A container without tabs.
