@@ -13,7 +13,6 @@ namespace lumqt {
 namespace {
 
 const char kRes[] = "../res/"; // from the current directory, or from the program's as Util has it
-const char kCopy[] = ":/lumqtlib/res/";
 
 // What is there of the folder, beside the program and for names from the current directory.
 struct Folders
@@ -33,10 +32,10 @@ struct Folders
 
 QString inCopy(const QString &name)
 {
-    static const bool isThere = QFileInfo(QLatin1String(kCopy)).isDir();
+    static const bool isThere = QFileInfo(QLatin1String(kResCopy)).isDir();
     // Widgets join names with a separator too many, which only a file system forgives.
-    const QString file = isThere ? QDir::cleanPath(QLatin1String(kCopy) + name) : QString();
-    return file.startsWith(QLatin1String(kCopy)) ? file : QString();
+    const QString file = isThere ? QDir::cleanPath(QLatin1String(kResCopy) + name) : QString();
+    return file.startsWith(QLatin1String(kResCopy)) ? file : QString();
 }
 
 } // namespace

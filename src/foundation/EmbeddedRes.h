@@ -6,6 +6,8 @@
 
 namespace lumqt {
 
+constexpr char kResCopy[] = ":/lumqtlib/res/";
+
 // Where to read the file that a widget calls `path`. The library carries a copy of the folder `res`, which
 // serves where an application ships none: where that folder is not there as a whole. A file that is missing
 // in a folder that is there is missing.

@@ -26,7 +26,7 @@ constexpr int kMaxSide = 32767;
 constexpr qint64 kMaxPixels = 8192 * 8192;
 constexpr int kCacheKiB = 48 * 1024; // decoded pictures
 constexpr int kParsedDrawings = 256; // SVG files kept parsed
-const char *const kRoots[] = {"../res/", ":/lumqtlib/res/"};
+const char kRes[] = "../res/";
 constexpr qreal kHighDensity = 2.0;
 const char kPackedDrawing[] = "svgz"; // Qt's name for it
 constexpr int kSteps = 4;             // between two whole ratios: those that systems offer
@@ -280,10 +280,10 @@ QString themePicture(const QString &path)
     const QString folder = themeFolder();
     if (folder.isEmpty() || path.isEmpty() || !QCoreApplication::instance())
         return file;
-    static const QString own = QDir::fromNativeSeparators(Util::getResFullPath(QLatin1String(kRoots[0])));
+    static const QString own = QDir::fromNativeSeparators(Util::getResFullPath(QLatin1String(kRes)));
     const QString plain = QDir::fromNativeSeparators(file);
     // Or from the current directory, or within the library.
-    for (const QString &root : {own, QString(QLatin1String(kRoots[0])), QString(QLatin1String(kRoots[1]))}) {
+    for (const QString &root : {own, QString(QLatin1String(kRes)), QString(QLatin1String(kResCopy))}) {
         if (!plain.startsWith(root))
             continue;
         const QString themed = root + folder + QLatin1Char('/') + plain.mid(root.size());

@@ -1,7 +1,9 @@
 #include "Await.h"
 #include "CBPFlowLayout.h"
+#include "CBPFlowWidget.h"
 #include "TestMain.h"
 
+#include <QDialog>
 #include <QHBoxLayout>
 #include <QPointer>
 #include <QProxyStyle>
@@ -243,6 +245,33 @@ private slots:
         QCOMPARE(at(1), QPoint(206, 0));
         delete layout->itemAt(1)->widget();
         AWAIT_EQUAL(at(8), QPoint(106, 20));
+    }
+
+    // What is made in it, or moved into it, flows; windows and what has left do not.
+    void widgetTakesItsChildren()
+    {
+        CBPFlowWidget flow;
+        flow.setMargin(3);
+        flow.setHorizontalSpacing(10);
+        flow.setVerticalSpacing(7);
+        auto *made = new QWidget(&flow);
+        QWidget *moved = box({50, 20});
+        made->setFixedSize(50, 20);
+        moved->setParent(&flow);
+        auto *dialog = new QDialog(&flow);
+        QCOMPARE(flow.layout()->count(), 2);
+        flow.resize(120, 60);
+        flow.layout()->setGeometry(flow.rect());
+        QCOMPARE(made->pos(), QPoint(3, 3));
+        QCOMPARE(moved->pos(), QPoint(63, 3));
+        flow.resize(100, 60);
+        flow.layout()->setGeometry(flow.rect());
+        QCOMPARE(moved->pos(), QPoint(3, 30));
+        QCOMPARE(flow.heightForWidth(100), 53);
+        moved->setParent(nullptr);
+        QCOMPARE(flow.layout()->count(), 1);
+        delete moved;
+        delete dialog;
     }
 };
 

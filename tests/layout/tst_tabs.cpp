@@ -292,6 +292,45 @@ private slots:
             QVERIFY(!tabs);
         }
     }
+
+    // As forms fill a container, and as Designer changes it.
+    void pagesByPlace()
+    {
+        CTabContainer tabs;
+        QStringList told;
+        connect(&tabs, &CTabContainer::currentChanged, &tabs,
+                [&](int index) { told << QString::number(index); });
+        QVector<QWidget *> pages;
+        for (const char *title : {"One", "Two", "Three"}) {
+            pages << new QWidget;
+            pages.last()->setWindowTitle(QLatin1String(title));
+        }
+        tabs.setCurrentPage(1); // there once it comes
+        tabs.addPage(pages[0]);
+        tabs.addPage(pages[2]);
+        tabs.insertPage(1, pages[1]);
+        tabs.addPage(pages[1]); // is here already
+        tabs.addPage(nullptr);
+        QCOMPARE(tabs.count(), 3);
+        for (int place = 0; place < 3; ++place) {
+            QCOMPARE(tabs.widget(place), pages[place]);
+            QCOMPARE(tabs.indexOf(pages[place]), place);
+        }
+        tabs.setCurrentPage(0);
+        QCOMPARE(tabs.currentTabText(), QStringLiteral("One"));
+        QCOMPARE(shown(pages), QStringLiteral("x--"));
+        pages[0]->setWindowTitle("First");
+        QCOMPARE(tabs.currentTabText(), QStringLiteral("First"));
+        told.clear();
+        tabs.removePage(0);
+        QCOMPARE(tabs.count(), 2);
+        QCOMPARE(tabs.currentPage(), 0);
+        QCOMPARE(shown(pages), QStringLiteral("-x-"));
+        QCOMPARE(told.size(), 1);
+        tabs.removePage(7);
+        tabs.removePage(-1);
+        QCOMPARE(tabs.count(), 2);
+    }
 };
 
 LUMQT_TEST_MAIN(TestTabs)
