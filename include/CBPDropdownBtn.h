@@ -130,26 +130,6 @@ public:
     /// \since 1.0
     void resetFocusFrameColor();
 
-    /// As CBtnObj's of this name, shown at once; so are those that follow.
-    /// \since 1.0
-    void setBackgroundColors(const QStringList &names);
-    /// \copydoc CBtnObj::resetBackgroundColors()
-    void resetBackgroundColors();
-    /// \copydoc CBtnObj::setFrameColors()
-    void setFrameColors(const QStringList &names);
-    /// \copydoc CBtnObj::resetFrameColors()
-    void resetFrameColors();
-    /// \copydoc CBtnObj::setTextColors()
-    void setTextColors(const QStringList &names);
-    /// \copydoc CBtnObj::resetTextColors()
-    void resetTextColors();
-    /// \copydoc CBtnObj::setTriangleColors()
-    void setTriangleColors(const QStringList &names);
-    /// \copydoc CBtnObj::resetTriangleColors()
-    void resetTriangleColors();
-    /// \copydoc CBtnObj::setCornerRadius()
-    void setCornerRadius(int radius);
-
     /// Adds an item to the button's menu, which the first call makes. \a id becomes the item's data.
     /// An empty or missing icon file gives an item without an icon. \since 1.0
     void AppendMenuItem(QString iconPath, QString text, int id);

@@ -263,26 +263,6 @@ public:
     /// \since 1.0
     void setBgTrancent(bool transparent);
 
-    /// As CBtnObj's of this name, shown at once; so are those that follow.
-    /// \since 1.0
-    void setBackgroundColors(const QStringList &names);
-    /// \copydoc CBtnObj::resetBackgroundColors()
-    void resetBackgroundColors();
-    /// \copydoc CBtnObj::setFrameColors()
-    void setFrameColors(const QStringList &names);
-    /// \copydoc CBtnObj::resetFrameColors()
-    void resetFrameColors();
-    /// \copydoc CBtnObj::setTextColors()
-    void setTextColors(const QStringList &names);
-    /// \copydoc CBtnObj::resetTextColors()
-    void resetTextColors();
-    /// \copydoc CBtnObj::setTriangleColors()
-    void setTriangleColors(const QStringList &names);
-    /// \copydoc CBtnObj::resetTriangleColors()
-    void resetTriangleColors();
-    /// \copydoc CBtnObj::setCornerRadius()
-    void setCornerRadius(int radius);
-
     /// Takes the background of the checked look away.
     /// \since 1.0
     void resetCheckedBackgroundColor();

@@ -8,14 +8,18 @@
 #include <QStringList>
 #include <QVector>
 
+class QWidget;
+
 namespace lumqt {
 struct ButtonTones;
 }
 
 /// Appearance and state of a button: what every custom-drawn button carries beside its Qt base.
 ///
-/// A plain value without signals: setters store and never repaint, the button shows a change at its next
-/// paint. Every list of colours holds one entry per state in the order normal, hover, pressed, disabled. A
+/// A plain value without signals: setters store, and the button shows a change at its next paint. Those that
+/// properties use, which take colours by name or reset them, and the corner radius have it paint at once.
+///
+/// Every list of colours holds one entry per state in the order normal, hover, pressed, disabled. A
 /// list of another length is stored, but buttons paint with the built-in colours until it is replaced by one
 /// of four. What was never set is reported in the built-in colours and painted in those of the theme
 /// (CBPTheme). GUI thread only. \since 1.0
@@ -143,7 +147,7 @@ public:
     int cornerRadius() const { return roundRadius(0); }
     /// Sets both corner radii, in pixels.
     /// \since 1.0
-    void setCornerRadius(int radius) { setRoundRadius({radius, radius}); }
+    void setCornerRadius(int radius);
 
     /// Background of the checked look; invalid at first, which paints none.
     /// \since 1.0
@@ -216,6 +220,18 @@ protected:
 private:
     friend struct lumqt::ButtonTones;
     friend class CBPDropdownBtn;
+    friend class CBPPushBtn;
+
+    // The widget whose record this is; a copy is nobody's, and what is assigned to keeps its own.
+    struct Owner
+    {
+        Owner() = default;
+        Owner(const Owner &) {}
+        Owner &operator=(const Owner &) { return *this; }
+        QWidget *widget = nullptr;
+    };
+
+    void repaintOwner();
 
     QColor paintedTriangleColor(int index) const;
     bool hasOwnTextColor() const;
@@ -229,4 +245,5 @@ private:
     short m_ownTextPurpose;
     bool m_waits = false; // disabled, and to be seen waiting
     bool m_bgTrancent = false;
+    Owner m_owner;
 };

@@ -91,6 +91,7 @@ CBPDropdownBtn::CBPDropdownBtn(QString text, int id, QWidget *parent)
       m_id(id),
       m_label(std::make_unique<lumqt::CachedText>())
 {
+    m_owner.widget = this;
     lumqt::registerMenuItem();
     lumqt::installAccessible(staticMetaObject.className(), makeAccessible);
     setFixedHeight(kHeight);

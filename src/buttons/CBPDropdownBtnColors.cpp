@@ -21,18 +21,6 @@ void CBPDropdownBtn::resetFocusFrameColor()
     update();
 }
 
-void CBPDropdownBtn::setBackgroundColors(const QStringList &names)
-{
-    CBtnObj::setBackgroundColors(names);
-    update();
-}
-
-void CBPDropdownBtn::resetBackgroundColors()
-{
-    CBtnObj::resetBackgroundColors();
-    update();
-}
-
 // Not where nothing is to be taken back: a colour that is half see-through comes before this or after.
 void CBPDropdownBtn::showTransparent(bool transparent)
 {
@@ -42,50 +30,8 @@ void CBPDropdownBtn::showTransparent(bool transparent)
     update();
 }
 
-void CBPDropdownBtn::setFrameColors(const QStringList &names)
-{
-    CBtnObj::setFrameColors(names);
-    update();
-}
-
-void CBPDropdownBtn::resetFrameColors()
-{
-    CBtnObj::resetFrameColors();
-    update();
-}
-
 void CBPDropdownBtn::showFrameless(bool frameless)
 {
     setFrmTrancent(frameless);
-    update();
-}
-
-void CBPDropdownBtn::setTextColors(const QStringList &names)
-{
-    CBtnObj::setTextColors(names);
-    update();
-}
-
-void CBPDropdownBtn::resetTextColors()
-{
-    CBtnObj::resetTextColors();
-    update();
-}
-
-void CBPDropdownBtn::setTriangleColors(const QStringList &names)
-{
-    CBtnObj::setTriangleColors(names);
-    update();
-}
-
-void CBPDropdownBtn::resetTriangleColors()
-{
-    CBtnObj::resetTriangleColors();
-    update();
-}
-
-void CBPDropdownBtn::setCornerRadius(int radius)
-{
-    CBtnObj::setCornerRadius(radius);
     update();
 }

@@ -98,6 +98,7 @@ void CBPPushBtn::init()
 {
     lumqt::registerMenuItem();
     lumqt::installAccessible(staticMetaObject.className(), makeAccessible);
+    m_owner.widget = this;
     m_ringPurpose = short(lumqt::Purpose::ButtonFocusRing);
     m_minimumWidth = kMinimumAutoWidth;
     m_spacing = kIconSpacing;

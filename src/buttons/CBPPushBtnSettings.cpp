@@ -242,60 +242,6 @@ void CBPPushBtn::showTransparent(bool transparent)
     update();
 }
 
-void CBPPushBtn::setBackgroundColors(const QStringList &names)
-{
-    CBtnObj::setBackgroundColors(names);
-    update();
-}
-
-void CBPPushBtn::resetBackgroundColors()
-{
-    CBtnObj::resetBackgroundColors();
-    update();
-}
-
-void CBPPushBtn::setFrameColors(const QStringList &names)
-{
-    CBtnObj::setFrameColors(names);
-    update();
-}
-
-void CBPPushBtn::resetFrameColors()
-{
-    CBtnObj::resetFrameColors();
-    update();
-}
-
-void CBPPushBtn::setTextColors(const QStringList &names)
-{
-    CBtnObj::setTextColors(names);
-    update();
-}
-
-void CBPPushBtn::resetTextColors()
-{
-    CBtnObj::resetTextColors();
-    update();
-}
-
-void CBPPushBtn::setTriangleColors(const QStringList &names)
-{
-    CBtnObj::setTriangleColors(names);
-    update();
-}
-
-void CBPPushBtn::resetTriangleColors()
-{
-    CBtnObj::resetTriangleColors();
-    update();
-}
-
-void CBPPushBtn::setCornerRadius(int radius)
-{
-    CBtnObj::setCornerRadius(radius);
-    update();
-}
-
 void CBPPushBtn::showFrameless(bool frameless)
 {
     setFrmTrancent(frameless);

@@ -4,6 +4,8 @@
 #include "foundation/ListText.h"
 #include "foundation/Log.h"
 
+#include <QWidget>
+
 namespace {
 
 constexpr int kStateCount = 4; // normal, hover, pressed, disabled
@@ -193,12 +195,14 @@ void CBtnObj::setBackgroundColors(const QStringList &names)
     setBgColor(lumqt::colorsOf(names));
     if (m_bgTrancent)
         CBtnObj::setBgTrancent(true);
+    repaintOwner();
 }
 
 void CBtnObj::resetBackgroundColors()
 {
     m_bgPurpose = m_ownBgPurpose;
     m_bgColor = m_bgTrancent ? builtInTransparent(m_bgPurpose) : builtIn(m_bgPurpose);
+    repaintOwner();
 }
 
 QStringList CBtnObj::frameColors() const
@@ -211,12 +215,14 @@ void CBtnObj::setFrameColors(const QStringList &names)
     if (names.isEmpty())
         return resetFrameColors();
     setFrmColor(lumqt::colorsOf(names));
+    repaintOwner();
 }
 
 void CBtnObj::resetFrameColors()
 {
     m_frmPurpose = m_ownFrmPurpose;
     m_frmColor = builtIn(m_frmPurpose);
+    repaintOwner();
 }
 
 QStringList CBtnObj::textColors() const
@@ -229,12 +235,14 @@ void CBtnObj::setTextColors(const QStringList &names)
     if (names.isEmpty())
         return resetTextColors();
     setTextColor(lumqt::colorsOf(names));
+    repaintOwner();
 }
 
 void CBtnObj::resetTextColors()
 {
     m_textPurpose = m_ownTextPurpose;
     m_textColor = builtIn(m_textPurpose);
+    repaintOwner();
 }
 
 QStringList CBtnObj::triangleColors() const
@@ -247,11 +255,25 @@ void CBtnObj::setTriangleColors(const QStringList &names)
     if (names.isEmpty())
         return resetTriangleColors();
     setTriangleColor(lumqt::colorsOf(names));
+    repaintOwner();
 }
 
 void CBtnObj::resetTriangleColors()
 {
     m_triangleColor = builtIn(kTriangle);
+    repaintOwner();
+}
+
+void CBtnObj::setCornerRadius(int radius)
+{
+    setRoundRadius({radius, radius});
+    repaintOwner();
+}
+
+void CBtnObj::repaintOwner()
+{
+    if (m_owner.widget)
+        m_owner.widget->update();
 }
 
 // ----------------------------------------------------------------------------------------------------------
