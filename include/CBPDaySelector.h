@@ -27,8 +27,9 @@ class LUMQT_EXPORT CBPDaySelector : public QWidget
     Q_PROPERTY(QString extraItem READ extraItem WRITE setExtraItem)
     /// The text of the button that selects all; without one there is none. \since 1.0
     Q_PROPERTY(QString selectAllItem READ selectAllItem WRITE setSelectAllItem)
-    /// The texts of the checked buttons; an empty list checks none and unchecks none. \since 1.0
-    Q_PROPERTY(QStringList selected READ selected WRITE setSelected NOTIFY selectedChanged)
+    /// The texts of the checked buttons; an empty list changes nothing, a reset clears them. \since 1.0
+    Q_PROPERTY(
+        QStringList selected READ selected WRITE setSelected RESET resetSelected NOTIFY selectedChanged)
 
 public:
     /// A selector of \a names, then \a strExtraItem, then \a strSelectAll; an empty text for either means
@@ -79,6 +80,9 @@ public:
 
     /// SetSelected(); a single text is taken apart at its commas. \since 1.0
     void setSelected(const QStringList &texts);
+
+    /// Checks none. \since 1.0
+    void resetSelected();
 
 Q_SIGNALS:
     /// The selection changed by mouse, keyboard or an assistive tool. True: all were selected at once. False:

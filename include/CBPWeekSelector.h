@@ -21,8 +21,9 @@ class LUMQT_EXPORT CBPWeekSelector : public QWidget
     Q_OBJECT
     /// The names of the days; new ones make new buttons. \since 1.0
     Q_PROPERTY(QStringList items READ items WRITE setItems)
-    /// The texts of the checked buttons; an empty list checks none and unchecks none. \since 1.0
-    Q_PROPERTY(QStringList selected READ selected WRITE setSelected NOTIFY selectedChanged)
+    /// The texts of the checked buttons; an empty list changes nothing, a reset clears them. \since 1.0
+    Q_PROPERTY(
+        QStringList selected READ selected WRITE setSelected RESET resetSelected NOTIFY selectedChanged)
 
 public:
     /// A selector with one button per name, unchecked; the names are copied and may repeat. Of a button
@@ -56,6 +57,9 @@ public:
 
     /// SetSelected(); a single text is taken apart at its commas. \since 1.0
     void setSelected(const QStringList &texts);
+
+    /// Checks none. \since 1.0
+    void resetSelected();
 
 Q_SIGNALS:
     /// A button was toggled by mouse, keyboard or an assistive tool, whichever way: \a bChecked is always

@@ -32,7 +32,7 @@ class LUMQT_EXPORT CEditTimeEdit : public QWidget
     /// With so many fields none can be added; 4 at first. \since 1.0
     Q_PROPERTY(int maximumCount READ maximumCount WRITE setMaximumCount RESET resetMaximumCount)
     /// The times, in the order of the fields, as "hh:mm". \since 1.0
-    Q_PROPERTY(QStringList times READ times WRITE setTimes NOTIFY timesChanged)
+    Q_PROPERTY(QStringList times READ times WRITE setTimes RESET resetTimes NOTIFY timesChanged)
 
 public:
     /// A list of one field, at 00:00.
@@ -77,6 +77,9 @@ public:
     /// Initialize() with times such as "06:30"; a text that is none leaves its field as it is. A single text
     /// is taken apart at its commas. \since 1.0
     void setTimes(const QStringList &times);
+
+    /// Leaves one field, at 00:00, as at first. \since 1.0
+    void resetTimes();
 
     /// Sets the times of the fields, in order, and adds fields for those that are left, also beyond the
     /// greatest count. With fewer times than fields the other fields stay as they are; a field keeps its time

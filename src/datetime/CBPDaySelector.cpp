@@ -44,14 +44,9 @@ void CBPDaySelector::build()
 
 void CBPDaySelector::rebuild()
 {
-    const QStringList chosen = m_listWanted.isEmpty() ? selected() : m_listWanted;
-    lumqt::FormerChoices former(this);
-    m_listButtons.clear();
+    lumqt::FormerChoices former(this, m_listButtons, m_listWanted);
     build();
-    lumqt::checkTexts(m_listButtons, chosen);
-    const QPointer<CBPDaySelector> alive(this);
-    former.giveWay();
-    if (alive)
+    if (former.giveWay())
         tellSelected();
 }
 
@@ -133,9 +128,17 @@ QStringList CBPDaySelector::GetSelected()
 
 void CBPDaySelector::SetSelected(QStringList texts)
 {
-    if (!texts.isEmpty())
+    if (!texts.isEmpty()) {
         m_listWanted = texts;
-    lumqt::checkTexts(m_listButtons, texts);
+        lumqt::checkTexts(m_listButtons, texts);
+    }
+    tellSelected();
+}
+
+void CBPDaySelector::resetSelected()
+{
+    m_listWanted.clear();
+    lumqt::checkTexts(m_listButtons, {});
     tellSelected();
 }
 

@@ -48,15 +48,10 @@ void CBPWeekSelector::setItems(const QStringList &items)
     const QStringList names = lumqt::listOf(items);
     if (m_listItems == names)
         return;
-    const QStringList chosen = m_listWanted.isEmpty() ? selected() : m_listWanted;
     m_listItems = names;
-    lumqt::FormerChoices former(this);
-    m_listButtons.clear();
+    lumqt::FormerChoices former(this, m_listButtons, m_listWanted);
     build();
-    lumqt::checkTexts(m_listButtons, chosen);
-    const QPointer<CBPWeekSelector> alive(this);
-    former.giveWay();
-    if (alive)
+    if (former.giveWay())
         tellSelected();
 }
 
@@ -67,9 +62,17 @@ QStringList CBPWeekSelector::GetSelected()
 
 void CBPWeekSelector::SetSelected(QStringList texts)
 {
-    if (!texts.isEmpty())
+    if (!texts.isEmpty()) {
         m_listWanted = texts;
-    lumqt::checkTexts(m_listButtons, texts);
+        lumqt::checkTexts(m_listButtons, texts);
+    }
+    tellSelected();
+}
+
+void CBPWeekSelector::resetSelected()
+{
+    m_listWanted.clear();
+    lumqt::checkTexts(m_listButtons, {});
     tellSelected();
 }
 

@@ -257,6 +257,21 @@ void CEditTimeEdit::setTimes(const QStringList &times)
     Initialize(parsed);
 }
 
+void CEditTimeEdit::resetTimes()
+{
+    const QPointer<CEditTimeEdit> alive(this);
+    m_bSettingTimes = true;
+    for (int left = m_listItems.size(); alive && left > 1; --left)
+        onHideItem(m_listItems.last()); // the focus goes to the field before it
+    QTime midnight(0, 0);
+    if (alive && !m_listItems.isEmpty())
+        m_listItems.first()->SetQTime(midnight);
+    if (!alive)
+        return;
+    m_bSettingTimes = false;
+    tellTimes();
+}
+
 QVector<QTime> CEditTimeEdit::GetQTimes() const
 {
     QVector<QTime> times;

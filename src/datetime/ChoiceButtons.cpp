@@ -72,8 +72,6 @@ QStringList checkedTexts(const ChoiceButtons &buttons)
 
 void checkTexts(const ChoiceButtons &buttons, const QStringList &texts)
 {
-    if (texts.isEmpty())
-        return;
     const QSet<QString> wanted(texts.cbegin(), texts.cend());
     for (CTriStateButton *button : buttons) {
         if (button)
@@ -81,8 +79,10 @@ void checkTexts(const ChoiceButtons &buttons, const QStringList &texts)
     }
 }
 
-FormerChoices::FormerChoices(QWidget *selector) : m_selector(selector)
+FormerChoices::FormerChoices(QWidget *selector, ChoiceButtons &choices, const QStringList &wanted)
+    : m_selector(selector), m_choices(choices), m_checked(wanted.isEmpty() ? checkedTexts(choices) : wanted)
 {
+    m_choices.clear();
     const auto buttons = selector->findChildren<CTriStateButton *>(QString(), Qt::FindDirectChildrenOnly);
     for (CTriStateButton *button : buttons) {
         QObject::disconnect(button, nullptr, selector, nullptr);
@@ -95,8 +95,9 @@ FormerChoices::FormerChoices(QWidget *selector) : m_selector(selector)
     delete selector->layout();
 }
 
-void FormerChoices::giveWay()
+bool FormerChoices::giveWay()
 {
+    checkTexts(m_choices, m_checked);
     QWidget *before = nullptr; // in the order of the Tab key, which knows no others
     QWidget *stop = nullptr;
     const QWidget *focus = m_selector->window()->focusWidget();
@@ -131,6 +132,7 @@ void FormerChoices::giveWay()
         button->deleteLater();
         button->hide();
     }
+    return m_selector;
 }
 
 } // namespace lumqt

@@ -8,6 +8,7 @@
 #include "TestMain.h"
 
 #include <QLayout>
+#include <QSignalSpy>
 #include <QTimeEdit>
 
 #include <algorithm>
@@ -243,6 +244,11 @@ private slots:
             Times sorted = kept;
             std::sort(sorted.begin(), sorted.end());
             QCOMPARE(list.GetQTimesSorted(), sorted);
+            QSignalSpy told(&list, &CEditTimeEdit::timesChanged);
+            list.resetTimes();
+            QCOMPARE(list.times(), QStringList("00:00"));
+            QCOMPARE(told.size(), 1);
+            QVERIFY(!addButtonOf(list)->isHidden() && deleteButtonOf(fieldsOf(list).first())->isHidden());
         }
     }
 
