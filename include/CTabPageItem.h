@@ -65,13 +65,13 @@ public:
     void SetIconPath(QStringList leadIcons, QStringList tailIcons);
 
     /// The files of the title's icon, as SetIconPath() was given them. \since 1.0
-    QStringList leadIcons() const { return m_leadIcons; }
+    QStringList leadIcons() const;
 
     /// Sets the files of the title's icon alone. \since 1.0
     void setLeadIcons(const QStringList &files);
 
     /// The files of the title's arrow, as SetIconPath() was given them. \since 1.0
-    QStringList tailIcons() const { return m_tailIcons; }
+    QStringList tailIcons() const;
 
     /// Sets the files of the title's arrow alone. \since 1.0
     void setTailIcons(const QStringList &files);
@@ -129,8 +129,6 @@ private:
     QPointer<CFoucsLabel> m_pTitle;
     QPointer<QWidget> m_pComment;
     int m_iTitleHeight;
-    QStringList m_leadIcons;
-    QStringList m_tailIcons;
     bool m_bToldFocused = false;
     QVector<QPointer<CTabPageItem>> m_vecGroup;
 };

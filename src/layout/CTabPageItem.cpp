@@ -1,7 +1,6 @@
 #include "CTabPageItem.h"
 
 #include "CFoucsLabel.h"
-#include "foundation/ListText.h"
 #include "layout/Pages.h"
 
 namespace {
@@ -50,21 +49,30 @@ QString CTabPageItem::title() const
 
 void CTabPageItem::SetIconPath(QStringList leadIcons, QStringList tailIcons)
 {
-    if (!m_pTitle)
-        return;
-    m_leadIcons = leadIcons;
-    m_tailIcons = tailIcons;
-    m_pTitle->SetIconPath(leadIcons, tailIcons);
+    if (m_pTitle)
+        m_pTitle->SetIconPath(leadIcons, tailIcons);
+}
+
+QStringList CTabPageItem::leadIcons() const
+{
+    return m_pTitle ? m_pTitle->leadIcons() : QStringList();
+}
+
+QStringList CTabPageItem::tailIcons() const
+{
+    return m_pTitle ? m_pTitle->tailIcons() : QStringList();
 }
 
 void CTabPageItem::setLeadIcons(const QStringList &files)
 {
-    SetIconPath(lumqt::listOf(files), m_tailIcons);
+    if (m_pTitle)
+        m_pTitle->setLeadIcons(files);
 }
 
 void CTabPageItem::setTailIcons(const QStringList &files)
 {
-    SetIconPath(m_leadIcons, lumqt::listOf(files));
+    if (m_pTitle)
+        m_pTitle->setTailIcons(files);
 }
 
 void CTabPageItem::SetFocusLabelColor(QColor plain, QColor focused)
