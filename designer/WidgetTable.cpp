@@ -45,6 +45,7 @@
 #include "CBPWeekSelector.h"
 #include "CBPWidget.h"
 #include "CBPWinWidget.h"
+#include "CButtonGroupBox.h"
 #include "CEditTimeEdit.h"
 #include "CExpandBtn.h"
 #include "CFoucsLabel.h"
@@ -196,6 +197,8 @@ QVector<WidgetRow> buttons()
         row<CBPRoundBtn>(kButtons, "A round push button", text("text", "1")),
         row<CTriStateButton>(kButtons, "A button that is chosen or not", text("text", "Choice"),
                              QSize(60, 28)),
+        row<CButtonGroupBox>(kButtons, "A row of buttons, of which one is chosen",
+                             list("items", {"One", "Two", "Three"})),
         row<CExpandBtn>(kButtons, "A button that opens and closes what lies below it", text("text", "More")),
         row<CBPImageButton>(kButtons, "A button drawn from a picture for each state",
                             pictures("images", "list")),

@@ -34,8 +34,10 @@ class LUMQT_EXPORT CButtonGroupBox : public CBPBox
     /// The backgrounds, by state, of the buttons added from now on. \since 1.0
     Q_PROPERTY(QStringList backgroundColors READ backgroundColors WRITE setBackgroundColors RESET
                    resetBackgroundColors)
-    /// The id of the button that an exclusive group has selected. \since 1.0
-    Q_PROPERTY(int checkedId READ checkedId NOTIFY checkedIdChanged DESIGNABLE false STORED false)
+    /// The texts of the buttons. \since 1.0
+    Q_PROPERTY(QStringList items READ items WRITE setItems)
+    /// The id of the button that an exclusive group has selected; -1: none. \since 1.0
+    Q_PROPERTY(int checkedId READ checkedId WRITE setCheckedId NOTIFY checkedIdChanged)
     /// Pixels between the buttons, in which the ground shows as a line. \since 1.0
     Q_PROPERTY(int spacing READ spacing WRITE SetSpacing RESET resetSpacing)
     /// No use here: lines between buttons in a column do not show. \since 1.0
@@ -60,6 +62,15 @@ public:
     /// \since 1.0
     CBPPushBtn *GetButton(int id);
 
+    /// The texts of the buttons, in their order.
+    /// \since 1.0
+    QStringList items() const;
+
+    /// Gives the buttons these texts, in their order. Those that are missing are added under the lowest ids
+    /// from 0 on that no button has, and those that are too many deleted once control is back in the event
+    /// loop. A single text is taken apart at its commas. \since 1.0
+    void setItems(const QStringList &texts);
+
     /// Makes the lines between the buttons a pixel wide again.
     /// \since 1.0
     void resetSpacing();
@@ -75,6 +86,11 @@ public:
     /// The id of the first selected button of an exclusive group; -1 where none is, and in any other group.
     /// \since 1.0
     int checkedId() const;
+
+    /// Selects the first button of this \a id and deselects all others, as a click does, but for
+    /// sigBtnClicked(). An id that no button has, such as -1, leaves none selected, unless one is
+    /// added under it before another is selected. A group that is not exclusive stays as it is. \since 1.0
+    void setCheckedId(int id);
 
     /// Sets the text colours of the buttons added from now on: normal, hover, pressed, disabled. See
     /// CBtnObj::setTextColor() for lists of another length. \since 1.0
@@ -134,10 +150,14 @@ private:
     void drawSeparators(QPainter &painter) const;
     void drawOverButton(QPainter &painter) const;
 
+    void select(const CBPPushBtn *button);
+    void removeButton(CBPPushBtn *button);
+    void fitHeight();
     void forget(const CBPPushBtn *button);
 
     bool m_exclusive;
-    int m_toldId = -1; // what checkedIdChanged() has said last
+    int m_wantedId = -1; // of a button that is yet to come
+    int m_toldId = -1;   // what checkedIdChanged() has said last
     QVector<QPointer<CBPPushBtn>> m_buttons;
     QVector<QColor> m_textColors;
     QVector<QColor> m_bgColors;

@@ -42,8 +42,8 @@ class LUMQT_EXPORT CTabContainer : public QWidget
     Q_PROPERTY(int currentIndex READ currentIndex WRITE SetSelected NOTIFY currentChanged
                    DESIGNABLE false STORED false)
     /// Text of the current tab; the window title of its page, which holds it. \since 1.0
-    Q_PROPERTY(
-        QString currentTabText READ currentTabText WRITE setCurrentTabText DESIGNABLE false STORED false)
+    Q_PROPERTY(QString currentTabText READ currentTabText WRITE setCurrentTabText NOTIFY currentTabTextChanged
+                   DESIGNABLE false STORED false)
 
 public:
     /// A container without tabs.
@@ -121,6 +121,13 @@ Q_SIGNALS:
     /// sigTabChanged(), if that is sent, too. The container may be deleted here. \since 1.0
     void currentChanged(int index);
 
+    /// Another tab is the current one, with another text, or its text is another one. After currentChanged(),
+    /// if that is sent, too. The container may be deleted here. \since 1.0
+    void currentTabTextChanged(const QString &text);
+
+protected:
+    void childEvent(QChildEvent *event) override;
+
 private Q_SLOTS:
     void slotDoInitialize();
     void slotTabItemClicked(int id);
@@ -144,4 +151,5 @@ private:
     int m_iWanted = -1; // place of a page that is yet to come
     int m_iToldId = -1; // by currentChanged()
     int m_iToldPage = -1;
+    QString m_strToldText; // by currentTabTextChanged()
 };

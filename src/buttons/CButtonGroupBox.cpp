@@ -32,7 +32,7 @@ CButtonGroupBox::CButtonGroupBox(bool exclusive, QWidget *parent)
     SetSpacing(kLineWidth);
     // Room to spare lies behind the buttons, not between them, where it would answer nobody.
     layout()->setAlignment(Qt::AlignLeft);
-    QTimer::singleShot(0, this, &CButtonGroupBox::slotResizeWidget);
+    fitHeight();
 }
 
 void CButtonGroupBox::resetSpacing()
@@ -56,6 +56,8 @@ CBPPushBtn *CButtonGroupBox::AddButton(int id, QString text, QString iconPath)
     m_buttons.append(button);
     PackStart(button);
     m_focusGroup->add(button);
+    if (id == m_wantedId)
+        setCheckedId(id);
     return button;
 }
 
@@ -89,6 +91,62 @@ CBPPushBtn *CButtonGroupBox::GetButton(int id)
     return nullptr;
 }
 
+QStringList CButtonGroupBox::items() const
+{
+    QStringList texts;
+    for (const CBPPushBtn *button : m_buttons) {
+        if (button)
+            texts.append(button->text());
+    }
+    return texts;
+}
+
+void CButtonGroupBox::setItems(const QStringList &texts)
+{
+    const QStringList wanted = lumqt::listOf(texts);
+    const QPointer<CButtonGroupBox> alive(this);
+    m_buttons.removeAll(QPointer<CBPPushBtn>());
+    const QVector<QPointer<CBPPushBtn>> former = m_buttons;
+    for (int i = 0; alive && i < wanted.size(); ++i) {
+        if (i < former.size()) {
+            if (former[i])
+                former[i]->setText(wanted[i]); // who hears of it may delete anything
+            continue;
+        }
+        int id = 0;
+        while (GetButton(id))
+            ++id;
+        AddButton(id, wanted[i], QString());
+    }
+    for (int i = wanted.size(); alive && i < former.size(); ++i) {
+        if (former[i])
+            removeButton(former[i]);
+    }
+    if (!alive)
+        return;
+    if (former.isEmpty())
+        fitHeight();
+    tellCheckedId();
+}
+
+// Takes it out and deletes it later: it may be the one that was clicked.
+void CButtonGroupBox::removeButton(CBPPushBtn *button)
+{
+    m_buttons.removeOne(button);
+    QLayoutItem *behind = layout()->itemAt(layout()->indexOf(button) + 1);
+    if (behind && behind->spacerItem())
+        delete layout()->takeAt(layout()->indexOf(behind));
+    button->disconnect(this);
+    RemoveChild(button, true);
+    button->hide(); // last: the focus moves
+}
+
+// Once more for a row that was empty when it did so by itself.
+void CButtonGroupBox::fitHeight()
+{
+    QTimer::singleShot(0, this, &CButtonGroupBox::slotResizeWidget);
+}
+
 void CButtonGroupBox::setExclusive(bool exclusive)
 {
     m_exclusive = exclusive;
@@ -110,9 +168,34 @@ int CButtonGroupBox::checkedId() const
     return kNone;
 }
 
+void CButtonGroupBox::setCheckedId(int id)
+{
+    if (!m_exclusive)
+        return;
+    const QVector<QPointer<CBPPushBtn>> buttons = m_buttons;
+    const CBPPushBtn *chosen = GetButton(id);
+    m_wantedId = chosen ? kNone : id;
+    select(chosen);
+    for (const QPointer<CBPPushBtn> &button : buttons) {
+        if (button)
+            button->tellSelected(); // the group may be gone after
+    }
+}
+
+// None is told yet.
+void CButtonGroupBox::select(const CBPPushBtn *chosen)
+{
+    for (CBPPushBtn *button : qAsConst(m_buttons)) {
+        if (button)
+            button->changeSelected(button == chosen);
+    }
+}
+
 void CButtonGroupBox::tellCheckedId()
 {
     const int id = checkedId();
+    if (id != kNone)
+        m_wantedId = kNone;
     if (m_toldId == id)
         return;
     m_toldId = id;
@@ -178,11 +261,8 @@ void CButtonGroupBox::resetBackgroundColors()
 void CButtonGroupBox::slotBtnClicked(int id)
 {
     const QVector<QPointer<CBPPushBtn>> buttons = m_exclusive ? m_buttons : QVector<QPointer<CBPPushBtn>>();
-    const QObject *clicked = sender();
-    for (CBPPushBtn *button : buttons) {
-        if (button)
-            button->changeSelected(button == clicked);
-    }
+    if (m_exclusive)
+        select(qobject_cast<CBPPushBtn *>(sender()));
     emit sigBtnClicked(id); // the group may be gone after
     for (const QPointer<CBPPushBtn> &button : buttons) {
         if (button)

@@ -6,6 +6,7 @@
 #include "layout/Pages.h"
 #include "layout/TabBar.h"
 
+#include <QChildEvent>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -58,6 +59,7 @@ void CTabContainer::addTab(QWidget *page, const QString &text, int id, const QSt
         m_iCurIndex = id;
     CBPPushBtn *button = m_pTabBar->addTab(id, text, icon, page, before);
     connect(button, &CBPPushBtn::sigBtnClicked, this, &CTabContainer::slotTabItemClicked);
+    connect(button, &CBPPushBtn::textChanged, this, &CTabContainer::tellCurrent);
     const auto isGone = [](const Tab &tab) { return !tab.first && !tab.second; };
     m_listTabs.erase(std::remove_if(m_listTabs.begin(), m_listTabs.end(), isGone), m_listTabs.end());
     const auto place = std::find_if(m_listTabs.begin(), m_listTabs.end(),
@@ -196,7 +198,7 @@ void CTabContainer::removePage(int index)
     removed.first->disconnect(this);
     if (m_pContentLayout)
         m_pContentLayout->removeWidget(removed.second);
-    m_pTabBar->removeTab(removed.first); // not at once: it may be the one that was clicked
+    m_pTabBar->removeButton(removed.first); // not at once: it may be the one that was clicked
     if (removed.second)
         removed.second->hide();
     if (!alive)
@@ -214,11 +216,26 @@ void CTabContainer::removePage(int index)
 void CTabContainer::tellCurrent()
 {
     const int page = currentPage();
-    if (page == m_iToldPage && m_iCurIndex == m_iToldId)
+    const QPointer<CTabContainer> alive(this);
+    if (page != m_iToldPage || m_iCurIndex != m_iToldId) {
+        m_iToldPage = page;
+        m_iToldId = m_iCurIndex;
+        emit currentChanged(page);
+    }
+    const QString text = alive ? currentTabText() : QString();
+    if (!alive || text == m_strToldText)
         return;
-    m_iToldPage = page;
-    m_iToldId = m_iCurIndex;
-    emit currentChanged(page);
+    m_strToldText = text;
+    emit currentTabTextChanged(text);
+}
+
+// A page that is deleted, or given another parent, is missed. Later, as who hears of it may delete the
+// container, which is still busy with the page.
+void CTabContainer::childEvent(QChildEvent *event)
+{
+    QWidget::childEvent(event);
+    if (event->removed())
+        QTimer::singleShot(0, this, &CTabContainer::tellCurrent);
 }
 
 // ------------------------------------------------------------------------------------------------------------

@@ -6,7 +6,6 @@
 #include "foundation/Palette.h"
 
 #include <QBoxLayout>
-#include <QTimer>
 
 namespace lumqt {
 
@@ -36,22 +35,6 @@ CBPPushBtn *TabBar::insertButton(CBPPushBtn *before, int id, const QString &text
     static_cast<QBoxLayout *>(layout())->insertSpacing(place + 1, 0);
     m_focusGroup->add(button, before);
     return button;
-}
-
-void TabBar::removeTab(CBPPushBtn *tab)
-{
-    m_buttons.removeOne(tab);
-    QLayoutItem *behind = layout()->itemAt(layout()->indexOf(tab) + 1);
-    if (behind && behind->spacerItem())
-        delete layout()->takeAt(layout()->indexOf(behind));
-    tab->disconnect(this);
-    RemoveChild(tab, true);
-    tab->hide(); // last: the focus moves
-}
-
-void TabBar::fitHeight()
-{
-    QTimer::singleShot(0, this, [this] { slotResizeWidget(); });
 }
 
 QAccessibleInterface *TabBar::makeAccessible(QWidget *widget)

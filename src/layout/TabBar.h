@@ -19,12 +19,9 @@ public:
     CBPPushBtn *addTab(int id, const QString &text, const QString &iconPath, QWidget *page,
                        CBPPushBtn *before = nullptr);
 
-    // Takes a tab out and deletes it later.
-    void removeTab(CBPPushBtn *tab);
-
-    // Takes the height of the first tab a moment later, also in a row that was empty when it did so by
-    // itself.
-    void fitHeight();
+    // For the container of the pages.
+    using CButtonGroupBox::fitHeight;
+    using CButtonGroupBox::removeButton;
 
 private:
     CBPPushBtn *insertButton(CBPPushBtn *before, int id, const QString &text, const QString &iconPath);

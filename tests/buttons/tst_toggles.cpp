@@ -246,6 +246,33 @@ private slots:
         }
     }
 
+    // As a form sets it up; ids of what is there count.
+    void groupItems()
+    {
+        CButtonGroupBox group;
+        group.AddButton(1, "first", QString());
+        QVector<int> told;
+        connect(&group, &CButtonGroupBox::checkedIdChanged, &group, [&](int id) { told << id; });
+        const QVector<QStringList> rows{{"a", "b", "c"}, {"d"}, {"e", "f", "g", "h"}, {}, {"i", "j"}};
+        for (const QStringList &texts : rows) {
+            group.setItems(texts);
+            QCOMPARE(group.items(), texts);
+            QCOMPARE(group.sizeHint().width(), qMax(2, texts.size() * 86 + 1));
+            QCoreApplication::processEvents();
+            group.setCheckedId(0);
+            QCOMPARE(group.checkedId(), texts.size() > 1 ? 0 : -1);
+        }
+        QVERIFY(group.GetButton(0)->isSelected() && !group.GetButton(1)->isSelected());
+        QCOMPARE(group.maximumHeight(), 30);
+        group.setCheckedId(7);
+        QCOMPARE(told, (QVector<int>{0, -1, 0, -1, 0, -1}));
+        group.AddButton(7, "k", QString());
+        QCOMPARE(group.checkedId(), 7);
+        group.setExclusive(false);
+        group.setCheckedId(1);
+        QVERIFY(!group.GetButton(1)->isSelected());
+    }
+
     void groupIsOneTabStop()
     {
         QWidget window;

@@ -40,6 +40,7 @@ inline QStringList files(const QString &stem)
 inline const QHash<QString, Pair> &special()
 {
     static const QHash<QString, Pair> values{
+        {"CButtonGroupBox.checkedId", {1, 0}},
         {"CBPIPInputWidget.ip", {"192.168.1.2", "10.0.0.1"}},
         {"CBPDaySelector.selected", {QStringList{"b", "c"}, QStringList{"a"}}},
         {"CBPWeekSelector.selected", {QStringList{"b", "c"}, QStringList{"a"}}},
@@ -127,6 +128,7 @@ inline QVector<QPair<QByteArray, QVariant>> before(const QString &type)
     static const QHash<QString, QVector<QPair<QByteArray, QVariant>>> values{
         {"CBPJumpSlider", {{"labels", letters}}},
         {"CBPSmoothSlider", {{"labels", letters}, {"maximum", 100}}},
+        {"CButtonGroupBox", {{"items", letters}}},
         {"CBPDaySelector", {{"items", letters}}},
         {"CBPWeekSelector", {{"items", letters}}},
         {"CBPGifLable", {{"frameCount", 3}}}};

@@ -330,6 +330,15 @@ private slots:
         tabs.removePage(7);
         tabs.removePage(-1);
         QCOMPARE(tabs.count(), 2);
+        // Without the container's doing.
+        QSignalSpy texts(&tabs, &CTabContainer::currentTabTextChanged);
+        tabs.setCurrentTabText("Second");
+        told.clear();
+        pages[2]->setParent(nullptr); // another one
+        delete pages[1];
+        AWAIT_EQUAL(told, QStringList("-1"));
+        QCOMPARE(texts, (QList<QList<QVariant>>{{"Second"}, {""}}));
+        delete pages[2];
     }
 };
 
