@@ -27,7 +27,8 @@ class LUMQT_EXPORT CBPJumpSlider : public QWidget
     /// Number of the position, counted from 0; -1 without labels. \since 1.0
     Q_PROPERTY(int value READ value WRITE setValue NOTIFY valueChanged)
     /// The label at the position; a text that is none changes nothing. \since 1.0
-    Q_PROPERTY(QString currentText READ GetPosText WRITE SetPosByText DESIGNABLE false STORED false)
+    Q_PROPERTY(QString currentText READ GetPosText WRITE SetPosByText NOTIFY valueChanged
+                   DESIGNABLE false STORED false)
 
 public:
     /// An empty widget until Init() or setLabels().

@@ -22,7 +22,7 @@ class LUMQT_EXPORT CBPWaitBtn : public CBPPushBtn, public CBPSyncObj
     /// What stands beside the spinner. \since 1.0
     Q_PROPERTY(QString waitingText READ waitingText WRITE setWaitingText)
     /// Whether the button shows that somebody waits. \since 1.0
-    Q_PROPERTY(bool waiting READ isWaitting DESIGNABLE false STORED false)
+    Q_PROPERTY(bool waiting READ isWaitting NOTIFY waitingChanged DESIGNABLE false STORED false)
 
 public:
     /// A button with \a text, which waits with \a waitingText and the pictures of the files \a frames.
@@ -88,6 +88,11 @@ public:
     /// then shows the text that a wait ends with. \since 1.0
     void Show(bool show);
 
+Q_SIGNALS:
+    /// The button shows from now on that somebody waits, or no longer. The button may be deleted here.
+    /// \since 1.0
+    void waitingChanged(bool waiting);
+
 protected:
     /// Replaces the text that a wait ends with, and shows it.
     /// \since 1.0
@@ -111,6 +116,7 @@ private:
     void startWaiting();
     void stopWaiting();
     void endWaiting();
+    void tellWaiting();
     void restore();
     void showText(const QString &text, bool waiting);
     bool showsSpinner() const;
@@ -121,6 +127,7 @@ private:
     QStringList m_frames;
     CBPAnimationObj m_animation;
     bool m_waiting = false;
+    bool m_toldWaiting = false;      // what waitingChanged() has said last
     bool m_hidden = true;            // nobody can see it
     bool m_restored = false;         // exit() has ended the wait under way
     int m_waits = 0;                 // run() calls under way

@@ -30,7 +30,7 @@ class LUMQT_EXPORT CBPWinFrmTitle : public CRoundedRectBase
 {
     Q_OBJECT
     /// Text of the title; empty while it shows an image. \since 1.0
-    Q_PROPERTY(QString title READ title WRITE setTitle)
+    Q_PROPERTY(QString title READ title WRITE setTitle NOTIFY titleChanged)
     /// Colour of the title. An invalid one is left out; a reset brings back the one that the bar chose
     /// itself. \since 1.0
     Q_PROPERTY(QColor titleColor READ titleColor WRITE SetTitleClr RESET resetTitleColor)
@@ -156,6 +156,9 @@ Q_SIGNALS:
     /// For an application that wants the frame to close (true) or to toggle maximise (false): the frame
     /// obeys it; the bar never sends it by itself. \since 1.0
     void on_dbl_clickedSignal(bool bDelete);
+
+    /// The bar shows another text, or an image in its place. The bar may be deleted here. \since 1.0
+    void titleChanged(const QString &title);
 
 public Q_SLOTS:
     /// Reports a click on button \a id to the callback.

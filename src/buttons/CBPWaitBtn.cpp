@@ -130,6 +130,9 @@ int CBPWaitBtn::run(CBPEvtLoop *loop, bool)
         return 0;
     ++m_waits;
     m_restored = false;
+    tellWaiting();
+    if (!alive)
+        return 0;
     const int code = CBPSyncObj::run(loop, false);
     if (!alive)
         return code;
@@ -156,8 +159,11 @@ int CBPWaitBtn::exit(CBPEvtLoop *loop, bool)
 void CBPWaitBtn::Show(bool show)
 {
     if (show) {
+        const QPointer<CBPWaitBtn> alive(this);
         startWaiting();
         setEnabled(false);
+        if (alive)
+            tellWaiting();
     } else {
         if (showsSpinner())
             setIcon(QIcon()); // it would stand still on a button that can be pressed
@@ -186,6 +192,17 @@ void CBPWaitBtn::endWaiting()
         setState(kHover);
         update();
     }
+    if (alive)
+        tellWaiting();
+}
+
+// Last in all that changes it: the button may be gone after.
+void CBPWaitBtn::tellWaiting()
+{
+    if (m_toldWaiting == m_waiting)
+        return;
+    m_toldWaiting = m_waiting;
+    emit waitingChanged(m_waiting);
 }
 
 bool CBPWaitBtn::showsSpinner() const

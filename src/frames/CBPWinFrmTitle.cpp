@@ -264,13 +264,16 @@ void CBPWinFrmTitle::refreshImages()
 
 void CBPWinFrmTitle::SetTitle(QString s, bool isImage)
 {
+    const QString before = title();
     if (isImage) {
         showImage(m_title, s);
-        return;
+    } else {
+        m_title.image.clear();
+        m_title.widget->setText(s);
+        showContent(m_title);
     }
-    m_title.image.clear();
-    m_title.widget->setText(s);
-    showContent(m_title);
+    if (before != title())
+        emit titleChanged(title()); // the bar may be gone after
 }
 
 void CBPWinFrmTitle::setTitle(const QString &text)

@@ -92,9 +92,10 @@ void FrameBehaviour::setWindowTitle(const QString &text, bool isImage)
 {
     if (!title)
         return;
+    const QPointer<QWidget> window(m_window); // who hears of the title may delete it
     title->SetTitle(text, isImage);
-    if (!isImage) // for the task bar and for screen readers: there is no native caption that would show it
-        m_window->setWindowTitle(text);
+    if (!isImage && window) // for the task bar and for screen readers: no native caption would show it
+        window->setWindowTitle(text);
 }
 
 void FrameBehaviour::setStatusBox(QWidget *box)

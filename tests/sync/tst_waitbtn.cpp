@@ -55,6 +55,7 @@ private Q_SLOTS:
         other.move(0, 40);
         showActive(window);
         CBPEvtLoop given;
+        QSignalSpy told(&button, &CBPWaitBtn::waitingChanged);
         for (CBPEvtLoop *loop : {&given, static_cast<CBPEvtLoop *>(nullptr)}) {
             other.setFocus();
             CBPSyncObj &sync = button;
@@ -72,6 +73,8 @@ private Q_SLOTS:
             QVERIFY(looked && button.hasFocus());
             QCOMPARE(button.text(), QString("Go"));
             QCOMPARE(sync.text(), QString("text of the wait"));
+            QCOMPARE(told, (QList<QList<QVariant>>{{true}, {false}}));
+            told.clear();
         }
         // Somebody else's loop: nothing is begun that nobody would end, and the focus stays.
         later(&button, [&] {
