@@ -112,11 +112,25 @@ protected:
             return nullptr;
         if (auto *tabs = qobject_cast<CTabContainer *>(object))
             return new TabPages(tabs, parent);
-        if (auto *dialog = qobject_cast<CBPPopWnd *>(object))
+        if (auto *dialog = qobject_cast<CBPPopWnd *>(object)) {
+            hideWindowTitle(dialog);
             return new DialogPage(dialog, parent);
-        if (auto *window = qobject_cast<CBPWinWidget *>(object))
+        }
+        if (auto *window = qobject_cast<CBPWinWidget *>(object)) {
+            hideWindowTitle(window);
             return new WindowPage(window, parent);
+        }
         return nullptr;
+    }
+
+private:
+    // Such a window has it from its title. Set beside that, it would be lost when the form is opened.
+    void hideWindowTitle(QWidget *window) const
+    {
+        auto *sheet = qt_extension<QDesignerPropertySheetExtension *>(extensionManager(), window);
+        const int index = sheet ? sheet->indexOf(QStringLiteral("windowTitle")) : -1;
+        if (index >= 0)
+            sheet->setVisible(index, false);
     }
 };
 

@@ -4,6 +4,9 @@
 #include "TestMain.h"
 #include "ui_settings.h"
 
+#include <QtDesigner/QDesignerContainerExtension>
+#include <QtDesigner/QDesignerFormEditorInterface>
+#include <QtDesigner/QExtensionManager>
 #include <QtDesigner/QFormBuilder>
 #include <QtUiPlugin/QDesignerCustomWidgetCollectionInterface>
 #include <QtUiPlugin/QDesignerCustomWidgetInterface>
@@ -44,6 +47,13 @@ bool isInForms(const QMetaProperty &property)
     return property.isWritable() && property.isDesignable() && property.isStored() &&
            property.userType() != QMetaType::QIcon;
 }
+
+// What there is of Designer for the plugin.
+class Core : public QDesignerFormEditorInterface
+{
+public:
+    Core() { setExtensionManager(new QExtensionManager(this)); }
+};
 
 // As Designer does, it saves what was set, and nothing of what a widget is made of.
 class Saver : public QFormBuilder
@@ -197,6 +207,54 @@ private slots:
         QVERIFY(dropped);
         QCOMPARE(dropped->property("count").toInt(), 2);
         QCOMPARE(dropped->property("currentTabText").toString(), QStringLiteral("First"));
+    }
+
+    void pagesInDesigner_data()
+    {
+        QTest::addColumn<int>("most");
+        QTest::newRow("CTabContainer") << 3;
+        QTest::newRow("CBPPopWnd") << 1;
+        QTest::newRow("CBPWinWidget") << 1;
+    }
+
+    // As Designer works with them, undo included: it takes a page out and brings the same one back.
+    void pagesInDesigner()
+    {
+        QFETCH(int, most);
+        static Core core;
+        Widget window;
+        for (QDesignerCustomWidgetInterface *custom : customWidgets()) {
+            custom->initialize(&core);
+            if (custom->name() == QLatin1String(QTest::currentDataTag()))
+                window = Widget(custom->createWidget(nullptr));
+        }
+        QVERIFY(window);
+        auto *pages = qt_extension<QDesignerContainerExtension *>(core.extensionManager(), window.get());
+        QVERIFY(pages);
+        QCOMPARE(pages->count(), 0);
+        QCOMPARE(pages->currentIndex(), -1);
+        QVector<QWidget *> made;
+        while (made.size() < most) {
+            QVERIFY(pages->canAddWidget());
+            made.append(new QWidget);
+            pages->addWidget(made.last());
+            QCOMPARE(pages->count(), made.size());
+            QCOMPARE(pages->widget(made.size() - 1), made.last());
+        }
+        QCOMPARE(pages->canAddWidget(), most > 1);
+        const int last = most - 1;
+        pages->setCurrentIndex(last);
+        QCOMPARE(pages->currentIndex(), last);
+        QVERIFY(pages->canRemove(last));
+        pages->remove(last);
+        QCOMPARE(pages->count(), last);
+        QVERIFY(!pages->widget(last));
+        QVERIFY(!pages->widget(-1));
+        pages->insertWidget(0, made.last());
+        QCOMPARE(pages->widget(0), made.last());
+        QVERIFY(window->isAncestorOf(made.last()));
+        pages->remove(7); // there is none
+        QCOMPARE(pages->count(), most);
     }
 
     // The same form, compiled and read.
