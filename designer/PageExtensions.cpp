@@ -11,6 +11,7 @@
 #include <QtDesigner/QExtensionFactory>
 #include <QtDesigner/QExtensionManager>
 
+#include <QTimer>
 #include <QVariant>
 
 namespace {
@@ -113,24 +114,32 @@ protected:
         if (auto *tabs = qobject_cast<CTabContainer *>(object))
             return new TabPages(tabs, parent);
         if (auto *dialog = qobject_cast<CBPPopWnd *>(object)) {
-            hideWindowTitle(dialog);
+            leaveTitleAlone(extensionManager(), dialog);
             return new DialogPage(dialog, parent);
         }
         if (auto *window = qobject_cast<CBPWinWidget *>(object)) {
-            hideWindowTitle(window);
+            leaveTitleAlone(extensionManager(), window);
             return new WindowPage(window, parent);
         }
         return nullptr;
     }
 
 private:
-    // Such a window has it from its title. Set beside that, it would be lost when the form is opened.
-    void hideWindowTitle(QWidget *window) const
+    // Such a window has its windowTitle from its title: set beside that, it would be lost when the form is
+    // opened. Later, as Designer gives every form one, and shows the property, once it has been loaded.
+    static void leaveTitleAlone(QExtensionManager *manager, QWidget *window)
     {
-        auto *sheet = qt_extension<QDesignerPropertySheetExtension *>(extensionManager(), window);
-        const int index = sheet ? sheet->indexOf(QStringLiteral("windowTitle")) : -1;
-        if (index >= 0)
+        QTimer::singleShot(0, window, [manager, window] {
+            auto *sheet = qt_extension<QDesignerPropertySheetExtension *>(manager, window);
+            const int index = sheet ? sheet->indexOf(QStringLiteral("windowTitle")) : -1;
+            if (index < 0)
+                return;
+            sheet->setProperty(index, window->property("title"));
+            sheet->setChanged(index, false);
             sheet->setVisible(index, false);
+            if (auto *form = QDesignerFormWindowInterface::findFormWindow(window))
+                form->emitSelectionChanged(); // for the property editor
+        });
     }
 };
 

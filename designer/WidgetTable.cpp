@@ -244,7 +244,7 @@ QVector<WidgetRow> datesAndTimes()
                                 text("selectAllItem", "All")),
         row<CBPWeekSelector>(kDates, "A choice of several days of the week",
                              list("items", {"Mon", "Tue", "Wed", "Thu", "Fri", "Sat", "Sun"})),
-        row<CEditTimeEdit>(kDates, "A short list of times of day", number("maximumCount", 3)),
+        row<CEditTimeEdit>(kDates, "A short list of times of day", number("maximumCount", 3), QSize(320, 28)),
     };
 }
 

@@ -27,7 +27,7 @@ class LUMQT_EXPORT CBPJumpSlider : public QWidget
     /// Number of the position, counted from 0; -1 without labels. \since 1.0
     Q_PROPERTY(int value READ value WRITE setValue NOTIFY valueChanged)
     /// The label at the position; a text that is none changes nothing. \since 1.0
-    Q_PROPERTY(QString currentText READ GetPosText WRITE SetPosByText NOTIFY valueChanged
+    Q_PROPERTY(QString currentText READ GetPosText WRITE SetPosByText NOTIFY currentTextChanged
                    DESIGNABLE false STORED false)
 
 public:
@@ -71,7 +71,12 @@ Q_SIGNALS:
     /// each change, whether the user, a call or Init() made it. \since 1.0
     void valueChanged(int value);
 
+    /// Another text is at the position, after valueChanged() if that is another one, too. The slider may be
+    /// deleted here. \since 1.0
+    void currentTextChanged(const QString &text);
+
 private:
+    void tellText();
     bool doMouseEvent(QMouseEvent *event, QWidget *widget);
     bool doPaintEvent(QPaintEvent *event, QWidget *widget);
     bool DrawSlider();
@@ -79,6 +84,7 @@ private:
 
     QStringList m_labels;
     int m_wantedValue = 0; // of who set it before there was a slider
+    QString m_toldText;    // by currentTextChanged()
     QString m_wantedText;  // goes before
     QPointer<QSlider> m_slider;
     QPointer<QLabel> m_labelRow;

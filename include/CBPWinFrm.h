@@ -1,6 +1,6 @@
 #pragma once
 
-#include "LumQtGlobal.h"
+#include "CBPWinFrmTitle.h"
 
 #include <QColor>
 #include <QDialog>
@@ -8,7 +8,6 @@
 #include <memory>
 
 class CBPImageButton;
-class CBPWinFrmTitle;
 class QVBoxLayout;
 
 namespace lumqt {
@@ -41,6 +40,8 @@ class LUMQT_EXPORT CBPWinFrm : public QDialog
     /// Colour of the title bar. An invalid one is left out; a reset brings back the one that the bar chooses
     /// itself. \since 1.0
     Q_PROPERTY(QColor titleBackground READ titleBackground WRITE SetTitleBg RESET resetTitleBackground)
+    /// The buttons in the title bar that are shown. \since 1.0
+    Q_PROPERTY(CBPWinFrmTitle::Buttons titleButtons READ titleButtons WRITE setTitleButtons)
     /// Whether the title bar's back, menu, close and minimise button can be pressed. \since 1.0
     Q_PROPERTY(bool titleBarEnabled READ isTitleBarEnabled WRITE SetTitleBarEnabled)
     /// Whether the upper corners of the title bar are round. \since 1.0
@@ -87,6 +88,13 @@ public:
     /// Shows or hides the parts of the title bar whose bits are set in \a id; see
     /// CBPWinFrmTitle::ShowTitleBtn(). \since 1.0
     void ShowTitleBtn(int id, bool show);
+
+    /// The buttons in the title bar that are shown; none before Init(). \since 1.0
+    CBPWinFrmTitle::Buttons titleButtons() const;
+
+    /// Shows these buttons in the title bar and hides the others; see CBPWinFrmTitle::setShownButtons(). Does
+    /// nothing before Init(). \since 1.0
+    void setTitleButtons(CBPWinFrmTitle::Buttons buttons);
 
     /// Enables or disables the title buttons whose bits are set in \a id.
     /// \since 1.0

@@ -41,6 +41,8 @@ class LUMQT_EXPORT CBPWinFrmTitle : public CRoundedRectBase
     /// Colour that fills the bar. An invalid one is left out; a reset brings back the one that the bar chose
     /// itself. \since 1.0
     Q_PROPERTY(QColor backgroundColor READ backgroundColor WRITE SetBgColor RESET resetBackgroundColor)
+    /// The buttons that are shown; of those that there are none of nothing happens. \since 1.0
+    Q_PROPERTY(Buttons shownButtons READ shownButtons WRITE setShownButtons)
     /// Whether the back, menu, close and minimise button can be pressed. \since 1.0
     Q_PROPERTY(bool buttonsEnabled READ areButtonsEnabled WRITE SetTitleBtnEnable)
     /// Whether the menu button is marked with a dot. \since 1.0
@@ -49,6 +51,23 @@ class LUMQT_EXPORT CBPWinFrmTitle : public CRoundedRectBase
     Q_PROPERTY(bool maximised READ isMaximised WRITE ResetMaxBtn DESIGNABLE false)
 
 public:
+    /// The buttons by their ids. \since 1.0
+    enum Button : int {
+        MinimizeButton = 2,   ///< minimise
+        CloseButton = 8,      ///< close
+        MenuButton = 64,      ///< menu
+        BackButton = 128,     ///< back, at the left
+        SupportButton = 2048, ///< online support
+        OfferButton = 4096,   ///< limited-time offer; where there is a support button
+        MaximizeButton = 4,   ///< maximise, of who has inserted one
+        SettingsButton = 16,  ///< settings, the same
+        FreeButton = 32,      ///< free, the same
+        ContactButton = 1024, ///< contact, the same
+    };
+    Q_ENUM(Button)
+    Q_DECLARE_FLAGS(Buttons, Button)
+    Q_FLAG(Buttons)
+
     /// A bar that drags \a parent. Without a parent it drags nothing.
     /// \since 1.0
     explicit CBPWinFrmTitle(QWidget *parent);
@@ -105,6 +124,12 @@ public:
     /// 512 the title. The offer button obeys only while there is an online-support button. Bits without a
     /// meaning are ignored. \since 1.0
     void ShowTitleBtn(int ids, bool show);
+
+    /// The buttons that ShowTitleBtn() has shown. \since 1.0
+    Buttons shownButtons() const;
+
+    /// Shows these buttons and hides the others, as ShowTitleBtn() does. \since 1.0
+    void setShownButtons(Buttons buttons);
 
     /// Enables or disables the buttons whose bits are set in \a ids.
     /// \since 1.0
@@ -232,3 +257,5 @@ private:
     bool m_pressed = false;
     bool m_maximised = false;
 };
+
+Q_DECLARE_OPERATORS_FOR_FLAGS(CBPWinFrmTitle::Buttons)

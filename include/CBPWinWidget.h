@@ -1,6 +1,6 @@
 #pragma once
 
-#include "LumQtGlobal.h"
+#include "CBPWinFrmTitle.h"
 
 #include <QColor>
 #include <QWidget>
@@ -8,7 +8,6 @@
 #include <memory>
 
 class CBPImageButton;
-class CBPWinFrmTitle;
 class QVBoxLayout;
 
 namespace lumqt {
@@ -30,6 +29,8 @@ class LUMQT_EXPORT CBPWinWidget : public QWidget
     /// Colour of the title bar. An invalid one is left out; a reset brings back the one that the bar chooses
     /// itself. \since 1.0
     Q_PROPERTY(QColor titleBackground READ titleBackground WRITE SetTitleBg RESET resetTitleBackground)
+    /// The buttons in the title bar that are shown. \since 1.0
+    Q_PROPERTY(CBPWinFrmTitle::Buttons titleButtons READ titleButtons WRITE setTitleButtons)
     /// Whether the title bar's back, menu, close and minimise button can be pressed. \since 1.0
     Q_PROPERTY(bool titleBarEnabled READ isTitleBarEnabled WRITE SetTitleBarEnabled)
     /// Whether the upper corners of the title bar are round. \since 1.0
@@ -72,6 +73,12 @@ public:
 
     /// \copydoc CBPWinFrm::ShowTitleBtn
     void ShowTitleBtn(int id, bool show);
+
+    /// \copydoc CBPWinFrm::titleButtons
+    CBPWinFrmTitle::Buttons titleButtons() const;
+
+    /// \copydoc CBPWinFrm::setTitleButtons
+    void setTitleButtons(CBPWinFrmTitle::Buttons buttons);
 
     /// \copydoc CBPWinFrm::EnableTitleBtn
     void EnableTitleBtn(int id, bool enable);

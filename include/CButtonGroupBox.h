@@ -29,9 +29,9 @@ class LUMQT_EXPORT CButtonGroupBox : public CBPBox
     Q_OBJECT
     /// Whether a click selects the button and deselects all others. \since 1.0
     Q_PROPERTY(bool exclusive READ isExclusive WRITE setExclusive)
-    /// The text colours, by state, of the buttons added from now on. \since 1.0
+    /// The text colours of the buttons, by state. \since 1.0
     Q_PROPERTY(QStringList textColors READ textColors WRITE setTextColors RESET resetTextColors)
-    /// The backgrounds, by state, of the buttons added from now on. \since 1.0
+    /// The backgrounds of the buttons, by state. \since 1.0
     Q_PROPERTY(QStringList backgroundColors READ backgroundColors WRITE setBackgroundColors RESET
                    resetBackgroundColors)
     /// The texts of the buttons. \since 1.0
@@ -96,7 +96,7 @@ public:
     /// CBtnObj::setTextColor() for lists of another length. \since 1.0
     void SetTextClr(QVector<QColor> colors);
 
-    /// The same by name.
+    /// The same by name, of the buttons there are, too.
     /// \since 1.0
     void setTextColors(const QStringList &names);
 
@@ -104,7 +104,7 @@ public:
     /// \since 1.0
     QStringList textColors() const;
 
-    /// Makes the text colours of the buttons added from now on the theme's again.
+    /// Makes the text colours of all buttons the theme's again.
     /// \since 1.0
     void resetTextColors();
 
@@ -112,7 +112,7 @@ public:
     /// \since 1.0
     void SetBgClr(QVector<QColor> colors);
 
-    /// The same by name.
+    /// The same by name, of the buttons there are, too.
     /// \since 1.0
     void setBackgroundColors(const QStringList &names);
 
@@ -120,7 +120,7 @@ public:
     /// \since 1.0
     QStringList backgroundColors() const;
 
-    /// Makes the backgrounds of the buttons added from now on the theme's again.
+    /// Makes the backgrounds of all buttons the theme's again.
     /// \since 1.0
     void resetBackgroundColors();
 
@@ -156,8 +156,9 @@ private:
     void forget(const CBPPushBtn *button);
 
     bool m_exclusive;
-    int m_wantedId = -1; // of a button that is yet to come
-    int m_toldId = -1;   // what checkedIdChanged() has said last
+    int m_wantedId = 0;     // of a button that is yet to come, ...
+    bool m_wantsId = false; // ... if one is
+    int m_toldId = -1;      // what checkedIdChanged() has said last
     QVector<QPointer<CBPPushBtn>> m_buttons;
     QVector<QColor> m_textColors;
     QVector<QColor> m_bgColors;

@@ -121,8 +121,9 @@ Q_SIGNALS:
     /// sigTabChanged(), if that is sent, too. The container may be deleted here. \since 1.0
     void currentChanged(int index);
 
-    /// Another tab is the current one, with another text, or its text is another one. After currentChanged(),
-    /// if that is sent, too. The container may be deleted here. \since 1.0
+    /// Another tab is the current one, with another text, or its text is another one: a moment
+    /// later, where the page has changed it. After currentChanged(), if that is sent, too. The container may
+    /// be deleted here. \since 1.0
     void currentTabTextChanged(const QString &text);
 
 protected:
@@ -142,6 +143,7 @@ private:
     void addTab(QWidget *page, const QString &text, int id, const QString &icon, CBPPushBtn *before);
     void showCurrent();
     void tellCurrent();
+    void tellSoon();
 
     QPointer<lumqt::TabBar> m_pTabBar;
     QPointer<QHBoxLayout> m_pContentLayout;

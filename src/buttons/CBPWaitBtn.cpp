@@ -133,6 +133,10 @@ int CBPWaitBtn::run(CBPEvtLoop *loop, bool)
     tellWaiting();
     if (!alive)
         return 0;
+    if (m_restored) { // by who was told: there is no loop yet that could have been ended
+        --m_waits;
+        return 0;
+    }
     const int code = CBPSyncObj::run(loop, false);
     if (!alive)
         return code;

@@ -56,9 +56,11 @@ CBPPushBtn *CButtonGroupBox::AddButton(int id, QString text, QString iconPath)
     m_buttons.append(button);
     PackStart(button);
     m_focusGroup->add(button);
-    if (id == m_wantedId)
-        setCheckedId(id);
-    return button;
+    if (!m_wantsId || id != m_wantedId)
+        return button;
+    const QPointer<CBPPushBtn> made(button); // who hears of it may delete anything
+    setCheckedId(id);
+    return made;
 }
 
 CBPPushBtn *CButtonGroupBox::CreateButton(int id, QString text, QString iconPath)
@@ -107,6 +109,7 @@ void CButtonGroupBox::setItems(const QStringList &texts)
     const QPointer<CButtonGroupBox> alive(this);
     m_buttons.removeAll(QPointer<CBPPushBtn>());
     const QVector<QPointer<CBPPushBtn>> former = m_buttons;
+    const int chosen = checkedId();
     for (int i = 0; alive && i < wanted.size(); ++i) {
         if (i < former.size()) {
             if (former[i])
@@ -119,13 +122,20 @@ void CButtonGroupBox::setItems(const QStringList &texts)
         AddButton(id, wanted[i], QString());
     }
     for (int i = wanted.size(); alive && i < former.size(); ++i) {
-        if (former[i])
+        if (former[i] && former[i]->hasFocus() && i > 0 && former[wanted.size() - 1])
+            former[wanted.size() - 1]->setFocus(); // it stays in the group
+        if (alive && former[i])
             removeButton(former[i]);
     }
     if (!alive)
         return;
     if (former.isEmpty())
         fitHeight();
+    update();                                      // the lines
+    if (chosen != kNone && checkedId() == kNone) { // it comes back with its button, as when a form is undone
+        m_wantedId = chosen;
+        m_wantsId = true;
+    }
     tellCheckedId();
 }
 
@@ -174,7 +184,8 @@ void CButtonGroupBox::setCheckedId(int id)
         return;
     const QVector<QPointer<CBPPushBtn>> buttons = m_buttons;
     const CBPPushBtn *chosen = GetButton(id);
-    m_wantedId = chosen ? kNone : id;
+    m_wantedId = id;
+    m_wantsId = !chosen && id != kNone;
     select(chosen);
     for (const QPointer<CBPPushBtn> &button : buttons) {
         if (button)
@@ -194,8 +205,7 @@ void CButtonGroupBox::select(const CBPPushBtn *chosen)
 void CButtonGroupBox::tellCheckedId()
 {
     const int id = checkedId();
-    if (id != kNone)
-        m_wantedId = kNone;
+    m_wantsId = m_wantsId && id == kNone;
     if (m_toldId == id)
         return;
     m_toldId = id;
@@ -221,6 +231,10 @@ void CButtonGroupBox::SetTextClr(QVector<QColor> colors)
 void CButtonGroupBox::setTextColors(const QStringList &names)
 {
     SetTextClr(lumqt::colorsOf(names));
+    for (CBPPushBtn *button : qAsConst(m_buttons)) {
+        if (button)
+            button->setTextColors(names);
+    }
 }
 
 QStringList CButtonGroupBox::textColors() const
@@ -233,6 +247,10 @@ void CButtonGroupBox::resetTextColors()
 {
     m_textColors.clear();
     m_ownTextColors = false;
+    for (CBPPushBtn *button : qAsConst(m_buttons)) {
+        if (button)
+            button->resetTextColors();
+    }
 }
 
 void CButtonGroupBox::SetBgClr(QVector<QColor> colors)
@@ -244,6 +262,10 @@ void CButtonGroupBox::SetBgClr(QVector<QColor> colors)
 void CButtonGroupBox::setBackgroundColors(const QStringList &names)
 {
     SetBgClr(lumqt::colorsOf(names));
+    for (CBPPushBtn *button : qAsConst(m_buttons)) {
+        if (button)
+            button->setBackgroundColors(names);
+    }
 }
 
 QStringList CButtonGroupBox::backgroundColors() const
@@ -255,6 +277,10 @@ void CButtonGroupBox::resetBackgroundColors()
 {
     m_bgColors.clear();
     m_ownBgColors = false;
+    for (CBPPushBtn *button : qAsConst(m_buttons)) {
+        if (button)
+            button->resetBackgroundColors();
+    }
 }
 
 // What is selected is told when the click has been: a listener finds all of the buttons as they are to be.

@@ -128,18 +128,22 @@ QStringList CBPDaySelector::GetSelected()
 
 void CBPDaySelector::SetSelected(QStringList texts)
 {
+    const QPointer<CBPDaySelector> alive(this);
     if (!texts.isEmpty()) {
         m_listWanted = texts;
         lumqt::checkTexts(m_listButtons, texts);
     }
-    tellSelected();
+    if (alive)
+        tellSelected();
 }
 
 void CBPDaySelector::resetSelected()
 {
+    const QPointer<CBPDaySelector> alive(this);
     m_listWanted.clear();
     lumqt::checkTexts(m_listButtons, {});
-    tellSelected();
+    if (alive)
+        tellSelected();
 }
 
 QStringList CBPDaySelector::selected() const

@@ -62,18 +62,22 @@ QStringList CBPWeekSelector::GetSelected()
 
 void CBPWeekSelector::SetSelected(QStringList texts)
 {
+    const QPointer<CBPWeekSelector> alive(this);
     if (!texts.isEmpty()) {
         m_listWanted = texts;
         lumqt::checkTexts(m_listButtons, texts);
     }
-    tellSelected();
+    if (alive)
+        tellSelected();
 }
 
 void CBPWeekSelector::resetSelected()
 {
+    const QPointer<CBPWeekSelector> alive(this);
     m_listWanted.clear();
     lumqt::checkTexts(m_listButtons, {});
-    tellSelected();
+    if (alive)
+        tellSelected();
 }
 
 QStringList CBPWeekSelector::selected() const

@@ -125,8 +125,11 @@ void CEditTimeEdit::onHideItem(CEditTimeEditItem *pItem)
     // To the field that takes its place: not to its button, which would remove it with the next key. Who
     // hears that a field was left may delete the item.
     QTimeEdit *next = m_listItems.at(qMin(index, m_listItems.size() - 1))->m_pTimeEdit;
+    const QPointer<CEditTimeEdit> alive(this);
     if (next && holdsFocus(pItem))
         next->setFocus();
+    if (!alive)
+        return;
     if (item) {
         item->hide();
         m_pItemLayout->removeWidget(item);

@@ -70,10 +70,10 @@ QStringList checkedTexts(const ChoiceButtons &buttons)
     return texts;
 }
 
-void checkTexts(const ChoiceButtons &buttons, const QStringList &texts)
+void checkTexts(ChoiceButtons buttons, const QStringList &texts)
 {
     const QSet<QString> wanted(texts.cbegin(), texts.cend());
-    for (CTriStateButton *button : buttons) {
+    for (CTriStateButton *button : qAsConst(buttons)) {
         if (button)
             button->SetChecked(wanted.contains(button->text()));
     }
@@ -98,6 +98,8 @@ FormerChoices::FormerChoices(QWidget *selector, ChoiceButtons &choices, const QS
 bool FormerChoices::giveWay()
 {
     checkTexts(m_choices, m_checked);
+    if (!m_selector)
+        return false;
     QWidget *before = nullptr; // in the order of the Tab key, which knows no others
     QWidget *stop = nullptr;
     const QWidget *focus = m_selector->window()->focusWidget();

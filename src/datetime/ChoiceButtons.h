@@ -22,7 +22,8 @@ CTriStateButton *makeChoice(const QString &text);
 QStringList checkedTexts(const ChoiceButtons &buttons);
 
 // Checks exactly the buttons whose texts are in `texts`, also none.
-void checkTexts(const ChoiceButtons &buttons, const QStringList &texts);
+// Who hears of it may delete any of them, and who holds them.
+void checkTexts(ChoiceButtons buttons, const QStringList &texts);
 
 // What a selector shows, while others take its place.
 class FormerChoices

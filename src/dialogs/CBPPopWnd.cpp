@@ -311,9 +311,11 @@ int CBPPopWnd::cornerRadius() const
 void CBPPopWnd::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    painter.setCompositionMode(QPainter::CompositionMode_Source);
-    painter.fillRect(rect(), Qt::transparent);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    if (isWindow()) { // a child, as in a form that is being made, lies on its parent
+        painter.setCompositionMode(QPainter::CompositionMode_Source);
+        painter.fillRect(rect(), Qt::transparent);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    }
     const QRect whole = bodyRect();
     // Not blended it would be black, and of a mask some systems take no more than its bounding rectangle.
     const bool blended = isBlended(painter, this);

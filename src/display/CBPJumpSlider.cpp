@@ -55,7 +55,12 @@ void CBPJumpSlider::Init(QStringList labels)
         const lumqt::SliderParts parts =
             lumqt::makeSliderParts(this, [self] { return self ? self->GetPosText() : QString(); });
         parts.slider->stepToPointer(&valueAt, &handleOf);
-        connect(parts.slider, &QSlider::valueChanged, this, &CBPJumpSlider::valueChanged);
+        connect(parts.slider, &QSlider::valueChanged, this, [this](int value) {
+            const QPointer<CBPJumpSlider> alive(this);
+            emit valueChanged(value);
+            if (alive)
+                tellText();
+        });
         m_slider = parts.slider;
         m_labelRow = parts.labelRow;
         m_slider->setPageStep(1);
@@ -67,6 +72,17 @@ void CBPJumpSlider::Init(QStringList labels)
     slider->setValue(0); // before the range, which would tell of a position in between
     if (slider)
         slider->setRange(0, m_labels.size() - 1);
+    if (slider)
+        tellText();
+}
+
+void CBPJumpSlider::tellText()
+{
+    const QString text = GetPosText();
+    if (text == m_toldText)
+        return;
+    m_toldText = text;
+    emit currentTextChanged(text);
 }
 
 QStringList CBPJumpSlider::labels() const

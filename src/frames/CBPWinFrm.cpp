@@ -62,6 +62,16 @@ void CBPWinFrm::ShowTitleBtn(int id, bool show)
     m_frame->onTitle(&CBPWinFrmTitle::ShowTitleBtn, id, show);
 }
 
+CBPWinFrmTitle::Buttons CBPWinFrm::titleButtons() const
+{
+    return m_frame->ofTitle(&CBPWinFrmTitle::shownButtons, CBPWinFrmTitle::Buttons());
+}
+
+void CBPWinFrm::setTitleButtons(CBPWinFrmTitle::Buttons buttons)
+{
+    m_frame->onTitle(&CBPWinFrmTitle::setShownButtons, buttons);
+}
+
 void CBPWinFrm::EnableTitleBtn(int id, bool enable)
 {
     m_frame->onTitle(&CBPWinFrmTitle::EnableTitleBtn, id, enable);

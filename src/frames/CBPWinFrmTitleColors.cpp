@@ -27,6 +27,12 @@ QVector<QColor> backColors()
     return colors;
 }
 
+constexpr CBPWinFrmTitle::Button kButtons[] = {CBPWinFrmTitle::MinimizeButton, CBPWinFrmTitle::CloseButton,
+                                               CBPWinFrmTitle::MenuButton,     CBPWinFrmTitle::BackButton,
+                                               CBPWinFrmTitle::SupportButton,  CBPWinFrmTitle::OfferButton,
+                                               CBPWinFrmTitle::MaximizeButton, CBPWinFrmTitle::SettingsButton,
+                                               CBPWinFrmTitle::FreeButton,     CBPWinFrmTitle::ContactButton};
+
 } // namespace
 
 // Whatever nobody has changed since the bar chose it.
@@ -95,6 +101,25 @@ void CBPWinFrmTitle::colorTitle(const QBrush &brush)
     QPalette palette = m_title.widget->palette();
     palette.setBrush(QPalette::WindowText, brush);
     m_title.widget->setPalette(palette);
+}
+
+// ------------------------------------------------------------------------------------------------------------
+// what is shown
+
+CBPWinFrmTitle::Buttons CBPWinFrmTitle::shownButtons() const
+{
+    Buttons shown;
+    for (const Button id : kButtons) {
+        const CBPImageButton *known = button(id);
+        shown.setFlag(id, known && !known->isHidden());
+    }
+    return shown;
+}
+
+void CBPWinFrmTitle::setShownButtons(Buttons buttons)
+{
+    for (const Button id : kButtons)
+        ShowTitleBtn(id, buttons.testFlag(id));
 }
 
 void CBPWinFrmTitle::SetHasNewVersion(bool hasNewVersion)

@@ -59,6 +59,16 @@ void CBPWinWidget::ShowTitleBtn(int id, bool show)
     m_frame->onTitle(&CBPWinFrmTitle::ShowTitleBtn, id, show);
 }
 
+CBPWinFrmTitle::Buttons CBPWinWidget::titleButtons() const
+{
+    return m_frame->ofTitle(&CBPWinFrmTitle::shownButtons, CBPWinFrmTitle::Buttons());
+}
+
+void CBPWinWidget::setTitleButtons(CBPWinFrmTitle::Buttons buttons)
+{
+    m_frame->onTitle(&CBPWinFrmTitle::setShownButtons, buttons);
+}
+
 void CBPWinWidget::EnableTitleBtn(int id, bool enable)
 {
     m_frame->onTitle(&CBPWinFrmTitle::EnableTitleBtn, id, enable);

@@ -59,7 +59,7 @@ void CTabContainer::addTab(QWidget *page, const QString &text, int id, const QSt
         m_iCurIndex = id;
     CBPPushBtn *button = m_pTabBar->addTab(id, text, icon, page, before);
     connect(button, &CBPPushBtn::sigBtnClicked, this, &CTabContainer::slotTabItemClicked);
-    connect(button, &CBPPushBtn::textChanged, this, &CTabContainer::tellCurrent);
+    connect(button, &CBPPushBtn::textChanged, this, &CTabContainer::tellSoon);
     const auto isGone = [](const Tab &tab) { return !tab.first && !tab.second; };
     m_listTabs.erase(std::remove_if(m_listTabs.begin(), m_listTabs.end(), isGone), m_listTabs.end());
     const auto place = std::find_if(m_listTabs.begin(), m_listTabs.end(),
@@ -151,10 +151,13 @@ QString CTabContainer::currentTabText() const
 void CTabContainer::setCurrentTabText(const QString &text)
 {
     const Tab tab = ownTabs().value(currentPage());
+    const QPointer<CTabContainer> alive(this);
     if (tab.second)
         tab.second->setWindowTitle(text);
     if (tab.first && tab.first->text() != text) // no page of addPage(), which has seen to it
         tab.first->setText(text);
+    if (alive)
+        tellCurrent();
 }
 
 void CTabContainer::addPage(QWidget *page)
@@ -229,13 +232,20 @@ void CTabContainer::tellCurrent()
     emit currentTabTextChanged(text);
 }
 
-// A page that is deleted, or given another parent, is missed. Later, as who hears of it may delete the
-// container, which is still busy with the page.
+// Of what a page does by itself, or others with it: who hears of it may delete the container, which is not to
+// go in the middle of that.
+void CTabContainer::tellSoon()
+{
+    QTimer::singleShot(0, this, &CTabContainer::tellCurrent);
+}
+
+// A page that is deleted or given another parent is missed, and found again when it comes back.
 void CTabContainer::childEvent(QChildEvent *event)
 {
     QWidget::childEvent(event);
-    if (event->removed())
-        QTimer::singleShot(0, this, &CTabContainer::tellCurrent);
+    const auto isChild = [event](const Tab &tab) { return tab.second == event->child(); };
+    if (event->removed() || std::any_of(m_listTabs.cbegin(), m_listTabs.cend(), isChild))
+        tellSoon();
 }
 
 // ------------------------------------------------------------------------------------------------------------

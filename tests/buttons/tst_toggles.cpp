@@ -268,6 +268,8 @@ private slots:
         QCOMPARE(told, (QVector<int>{0, -1, 0, -1, 0, -1}));
         group.AddButton(7, "k", QString());
         QCOMPARE(group.checkedId(), 7);
+        group.AddButton(-1, "l", QString()); // an id as any other
+        QVERIFY(group.GetButton(7)->isSelected() && !group.GetButton(-1)->isSelected());
         group.setExclusive(false);
         group.setCheckedId(1);
         QVERIFY(!group.GetButton(1)->isSelected());

@@ -41,6 +41,11 @@ inline const QHash<QString, Pair> &special()
 {
     static const QHash<QString, Pair> values{
         {"CButtonGroupBox.checkedId", {1, 0}},
+        {"CBPWinFrmTitle.shownButtons", {8, 64}},
+        {"CBPWinFrm.titleButtons", {8, 64}},
+        {"CBPWinWidget.titleButtons", {8, 64}},
+        {"CBPPopWnd.titleButtons", {8, 64}},
+        {"CMsgBox.titleButtons", {8, 64}},
         {"CBPIPInputWidget.ip", {"192.168.1.2", "10.0.0.1"}},
         {"CBPDaySelector.selected", {QStringList{"b", "c"}, QStringList{"a"}}},
         {"CBPWeekSelector.selected", {QStringList{"b", "c"}, QStringList{"a"}}},

@@ -47,6 +47,18 @@ class TestWaitBtn : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    // Whoever hears that the wait begins may end it: there would be nothing left to end it afterwards.
+    void endsAsItBegins()
+    {
+        CBPWaitBtn button(frames(), "Go", "Wait");
+        connect(&button, &CBPWaitBtn::waitingChanged, [&](bool waiting) {
+            if (waiting)
+                button.exit(nullptr, false);
+        });
+        QCOMPARE(button.run(nullptr, false), 0);
+        QVERIFY(!button.isWaitting() && button.isEnabled());
+    }
+
     void buttonWaits()
     {
         QWidget window;
