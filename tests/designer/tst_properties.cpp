@@ -329,7 +329,7 @@ private slots:
     {
         makeRow();
         QVERIFY(m_property.enumerator().keyCount() > 1);
-        QVERIFY(!m_property.enumerator().valueToKey(read().toInt()) == m_property.isFlagType());
+        QVERIFY(m_property.isFlagType() || m_property.enumerator().valueToKey(read().toInt()));
     }
 };
 
