@@ -15,7 +15,7 @@ class LUMQT_EXPORT CBPLabel : public QLabel
     /// Colour of the text; the theme's, or that of a widget around, until one is set. \since 1.0
     Q_PROPERTY(QColor textColor READ textColor WRITE SetTextColor RESET resetTextColor)
     /// Size of the font in pixels; what is below 1 counts as 12. \since 1.0
-    Q_PROPERTY(int pixelSize READ pixelSize WRITE setPixelSize)
+    Q_PROPERTY(int pixelSize READ pixelSize WRITE setPixelSize RESET resetPixelSize)
 
 public:
     /// An empty label in the font that its parent gives it. \since 1.0
@@ -48,6 +48,13 @@ public:
     /// that of the interface language from then on. \since 1.0
     void setPixelSize(int pixelSize);
 
+    /// Gives the font the size back that the label was made with, or, of one made without a text, that which
+    /// its parent gives it. \since 1.0
+    void resetPixelSize();
+
 protected:
     void paintEvent(QPaintEvent *event) override;
+
+private:
+    int m_firstSize = 0; // pixels; 0: its parent's to give
 };

@@ -49,8 +49,8 @@ class LUMQT_EXPORT CFoucsLabel : public QWidget
     Q_PROPERTY(QColor focusedColor READ focusedColor WRITE setFocusedColor RESET resetFocusedColor)
     /// Whether the title has the focused look, which its siblings then lose. \since 1.0
     Q_PROPERTY(bool focused READ IsFocus WRITE SetFocus NOTIFY focusedChanged)
-    /// Whether there is an arrow: HideTailIcon() takes it away for good. \since 1.0
-    Q_PROPERTY(bool tailIconVisible READ isTailIconVisible)
+    /// Whether there is an arrow. \since 1.0
+    Q_PROPERTY(bool tailIconVisible READ isTailIconVisible WRITE setTailIconVisible)
 
 public:
     /// A title, not focused. \a indent moves its content in, in addition to the 12 pixels that are free in
@@ -128,12 +128,15 @@ public:
     /// look are tints of them. An invalid colour brings back the built-in one. \since 1.0
     void SetColor(QColor plain, QColor focused);
 
-    /// Takes the arrow away, for good.
+    /// Takes the arrow away; setTailIconVisible() brings it back.
     /// \since 1.0
     void HideTailIcon();
 
     /// Whether the title has an arrow. \since 1.0
     bool isTailIconVisible() const;
+
+    /// Gives the title its arrow, or takes it away and leaves the room to the text. \since 1.0
+    void setTailIconVisible(bool visible);
 
     /// Whether the title has the focused look.
     /// \since 1.0

@@ -47,9 +47,10 @@ CBPLabel::CBPLabel(QWidget *parent) : QLabel(parent)
 
 CBPLabel::CBPLabel(QString text, QWidget *parent) : CBPLabel(text, kPixelSize, parent) {}
 
-CBPLabel::CBPLabel(QString text, int pixelSize, QWidget *parent) : QLabel(text, parent)
+CBPLabel::CBPLabel(QString text, int pixelSize, QWidget *parent)
+    : QLabel(text, parent), m_firstSize(saneSize(pixelSize))
 {
-    setFont(lumqt::uiFont(lumqt::NormalWeight, saneSize(pixelSize)));
+    setFont(lumqt::uiFont(lumqt::NormalWeight, m_firstSize));
     lumqt::wearTheme(this, lumqt::labelTones());
 }
 
@@ -92,6 +93,20 @@ void CBPLabel::setPixelSize(int pixelSize)
 {
     QFont own = testAttribute(Qt::WA_SetFont) ? font() : lumqt::uiFont();
     own.setPixelSize(saneSize(pixelSize));
+    setFont(own);
+}
+
+// A size without a mark is inherited.
+void CBPLabel::resetPixelSize()
+{
+    if (m_firstSize > 0)
+        return setPixelSize(m_firstSize);
+    if (!testAttribute(Qt::WA_SetFont))
+        return;
+    QFont sized;
+    sized.setPixelSize(kPixelSize);
+    QFont own = font();
+    lumqt::setMarks(own, lumqt::marksOf(own) & ~lumqt::marksOf(sized));
     setFont(own);
 }
 

@@ -155,9 +155,7 @@ void CFoucsLabel::SetColor(QColor plain, QColor focused)
 
 void CFoucsLabel::HideTailIcon()
 {
-    m_showsTail = false;
-    updateGeometry();
-    update();
+    setTailIconVisible(false);
 }
 
 bool CFoucsLabel::IsFocus() const

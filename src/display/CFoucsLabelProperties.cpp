@@ -99,3 +99,10 @@ bool CFoucsLabel::isTailIconVisible() const
 {
     return m_showsTail;
 }
+
+void CFoucsLabel::setTailIconVisible(bool visible)
+{
+    m_showsTail = visible;
+    updateGeometry();
+    update();
+}

@@ -88,6 +88,17 @@ inline void setMarks(QPalette &palette, PaletteMarks marks)
     palette.setResolveMask(marks);
 }
 
+// The same of what a font has itself.
+inline uint marksOf(const QFont &font)
+{
+    return font.resolveMask();
+}
+
+inline void setMarks(QFont &font, uint marks)
+{
+    font.setResolveMask(marks);
+}
+
 // The marks of a role in all groups. Where Qt keeps them is its own affair, and has changed.
 inline PaletteMarks marksOf(QPalette::ColorRole role)
 {
@@ -325,6 +336,16 @@ inline PaletteMarks marksOf(const QPalette &palette)
 inline void setMarks(QPalette &palette, PaletteMarks marks)
 {
     palette.resolve(marks);
+}
+
+inline uint marksOf(const QFont &font)
+{
+    return font.resolve();
+}
+
+inline void setMarks(QFont &font, uint marks)
+{
+    font.resolve(marks);
 }
 
 inline PaletteMarks marksOf(QPalette::ColorRole role)

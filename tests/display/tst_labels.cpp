@@ -52,13 +52,16 @@ private Q_SLOTS:
         const auto restore = qScopeGuard([&] { qInstallMessageHandler(handler); });
         for (const auto &[asked, size] : {std::pair(INT_MIN, 12), {20, 20}, {0, 12}, {-4, 12}}) {
             const bool plain = asked == INT_MIN;
-            const CBPLabel label = plain ? CBPLabel("Text", &parent) : CBPLabel("Text", asked, &parent);
+            CBPLabel label = plain ? CBPLabel("Text", &parent) : CBPLabel("Text", asked, &parent);
             QCOMPARE(label.font().pixelSize(), size);
             QCOMPARE(label.font().family(), GetFontFamily(1));
             QVERIFY(label.text() == "Text" && label.parentWidget() == &parent);
             const CBPLabel colored("Text", QColor(Qt::blue), plain ? 12 : asked, &parent);
             QCOMPARE(colored.font(), label.font());
             QCOMPARE(colored.palette().color(QPalette::WindowText), QColor(Qt::blue));
+            label.setPixelSize(40);
+            label.resetPixelSize();
+            QCOMPARE(label.font(), colored.font());
         }
         QCOMPARE(warnings, 2);
         QFont font("Any family");
@@ -66,6 +69,19 @@ private Q_SLOTS:
         parent.setFont(font);
         CBPLabel bare(&parent);
         QCOMPARE(bare.font().pixelSize(), 31);
+        for (const int size : {17, 19}) {
+            bare.setPixelSize(size);
+            QFont heavy = bare.font();
+            heavy.setBold(true);
+            bare.setFont(heavy);
+            for (int time = 0; time < 2; ++time)
+                bare.resetPixelSize();
+            QCOMPARE(bare.pixelSize(), font.pixelSize());
+            font.setPixelSize(size);
+            parent.setFont(font); // which it follows again
+            QCOMPARE(bare.pixelSize(), size);
+            QVERIFY(bare.font().bold());
+        }
         bare.SetTextColor(Qt::red);
         bare.SetTextColor(QColor());
         QCOMPARE(bare.palette().color(QPalette::WindowText), QColor(Qt::red));
@@ -302,6 +318,7 @@ private Q_SLOTS:
         const Deeds sizes{{"text", [&] { label->ChangeText("Another title"); }},
                           {"icons", [&] { label->SetIconPath({"../res/icon_user.png"}, {}); }},
                           {"notail", [&] { label->HideTailIcon(); }},
+                          {"tail", [&] { label->setTailIconVisible(true); }},
                           {"font", [&] { drawn->SetTextFont(family, 20); }}};
         Deeds own = sizes;
         own["ink"] = [&] { drawn->SetTextShowColor(Qt::blue); };
@@ -309,10 +326,10 @@ private Q_SLOTS:
         own["choose"] = [&] { label->SetFocus(true); };
         const QColor none(Qt::white), chosen(255, 231, 231), pressed(255, 215, 215), disabled(245, 246, 247);
         const std::pair<QByteArray, QColor> rows[] = {
-            {"text", none},      {"icons", none},    {"notail", none},     {"font", none},
-            {"ink", none},       {"colours", none},  {"choose", chosen},   {"press", pressed},
-            {"release", chosen}, {"space", pressed}, {"spaceup", chosen},  {"focusout", chosen},
-            {"focusin", chosen}, {"press", pressed}, {"disable", disabled}};
+            {"text", none},       {"icons", none},     {"notail", none},   {"tail", none},
+            {"font", none},       {"ink", none},       {"colours", none},  {"choose", chosen},
+            {"press", pressed},   {"release", chosen}, {"space", pressed}, {"spaceup", chosen},
+            {"focusout", chosen}, {"focusin", chosen}, {"press", pressed}, {"disable", disabled}};
         for (const auto &[deed, ground] : rows) {
             QCoreApplication::processEvents();
             paints.count = layouts.count = 0;
