@@ -3,6 +3,7 @@
 #include "CBPWidget.h"
 
 #include <QColor>
+#include <QLayout>
 #include <QSize>
 #include <QVector>
 
@@ -10,7 +11,6 @@
 #include <type_traits>
 
 class QBoxLayout;
-class QLayout;
 class QPropertyAnimation;
 class QSpacerItem;
 
@@ -47,14 +47,17 @@ class LUMQT_EXPORT CBPBox : public CBPWidget
     /// Pixels between the items; a negative number leaves them to the style. A layout that a form sets brings
     /// its own. \since 1.0
     Q_PROPERTY(int spacing READ spacing WRITE SetSpacing RESET resetSpacing)
+    /// How the layout rules the box's size. A layout that a form sets brings its own. \since 1.0
+    Q_PROPERTY(QLayout::SizeConstraint sizeConstraint READ sizeConstraint WRITE SetSizeConstraint RESET
+                   resetSizeConstraint)
     /// Pixels between the left edge and the items, beside the margin of a layout that a form sets. \since 1.0
-    Q_PROPERTY(int leftBorder READ leftBorder WRITE setLeftBorder)
+    Q_PROPERTY(int leftBorder READ leftBorder WRITE setLeftBorder RESET resetLeftBorder)
     /// The same at the top. \since 1.0
-    Q_PROPERTY(int topBorder READ topBorder WRITE setTopBorder)
+    Q_PROPERTY(int topBorder READ topBorder WRITE setTopBorder RESET resetTopBorder)
     /// The same at the right. \since 1.0
-    Q_PROPERTY(int rightBorder READ rightBorder WRITE setRightBorder)
+    Q_PROPERTY(int rightBorder READ rightBorder WRITE setRightBorder RESET resetRightBorder)
     /// The same at the bottom. \since 1.0
-    Q_PROPERTY(int bottomBorder READ bottomBorder WRITE setBottomBorder)
+    Q_PROPERTY(int bottomBorder READ bottomBorder WRITE setBottomBorder RESET resetBottomBorder)
     /// Whether frame and ground are painted, from the next repaint on. \since 1.0
     Q_PROPERTY(bool drawsFrame READ drawsFrame WRITE showFrame)
     /// Colour of the frame; the theme's until it is set, and after a reset. \since 1.0
@@ -109,11 +112,17 @@ public:
     /// Sets the space at the left edge alone. \since 1.0
     void setLeftBorder(int border);
 
+    /// Leaves that space that a box of this class has at first. \since 1.0
+    void resetLeftBorder();
+
     /// The space at the top edge. \since 1.0
     int topBorder() const { return contentsMargins().top(); }
 
     /// Sets the space at the top edge alone. \since 1.0
     void setTopBorder(int border);
+
+    /// Leaves that space that a box of this class has at first. \since 1.0
+    void resetTopBorder();
 
     /// The space at the right edge. \since 1.0
     int rightBorder() const { return contentsMargins().right(); }
@@ -121,11 +130,17 @@ public:
     /// Sets the space at the right edge alone. \since 1.0
     void setRightBorder(int border);
 
+    /// Leaves that space that a box of this class has at first. \since 1.0
+    void resetRightBorder();
+
     /// The space at the bottom edge. \since 1.0
     int bottomBorder() const { return contentsMargins().bottom(); }
 
     /// Sets the space at the bottom edge alone. \since 1.0
     void setBottomBorder(int border);
+
+    /// Leaves that space that a box of this class has at first. \since 1.0
+    void resetBottomBorder();
 
     /// Sets the space between items.
     /// \since 1.0
@@ -147,6 +162,12 @@ public:
     /// Sets how the layout rules the box's size: a QLayout::SizeConstraint. Another number is left out.
     /// \since 1.0
     void SetSizeConstraint(int iConstraint);
+
+    /// How the layout rules the box's size, or will once it is made. \since 1.0
+    QLayout::SizeConstraint sizeConstraint() const;
+
+    /// Makes it QLayout::SetDefaultConstraint again. \since 1.0
+    void resetSizeConstraint();
 
     /// Switches the frame and the ground on or off; off at first. Shows at the next repaint only.
     /// \since 1.0
@@ -223,6 +244,7 @@ private:
     bool m_bOption = false; // kept for callers that pass it; nothing depends on it
     int m_iSpacing = 0;
     int m_iFirstSpacing = 0;
+    int m_iFirstBorder = 0;
     int m_iConstraint = -1; // for the layout that is yet to be made; negative: its own
     bool m_bToldLayout = false;
     bool m_bDrawFrame = false;

@@ -12,6 +12,8 @@
 
 namespace {
 
+constexpr int kFrameWidth = 1; // pixels
+
 // Start, end and time are the caller's also where the animation is on its way already: an application that
 // wants no jump passes what it sees. A running animation takes no notice of start(), so it is stopped first.
 void run(QPropertyAnimation *animation, const QVariant &from, const QVariant &to, int duration)
@@ -184,9 +186,19 @@ void CBPBox::setLeftBorder(int border)
     SetBorderWidth(border, topBorder(), rightBorder(), bottomBorder());
 }
 
+void CBPBox::resetLeftBorder()
+{
+    setLeftBorder(m_iFirstBorder);
+}
+
 void CBPBox::setTopBorder(int border)
 {
     SetBorderWidth(leftBorder(), border, rightBorder(), bottomBorder());
+}
+
+void CBPBox::resetTopBorder()
+{
+    setTopBorder(m_iFirstBorder);
 }
 
 void CBPBox::setRightBorder(int border)
@@ -194,9 +206,19 @@ void CBPBox::setRightBorder(int border)
     SetBorderWidth(leftBorder(), topBorder(), border, bottomBorder());
 }
 
+void CBPBox::resetRightBorder()
+{
+    setRightBorder(m_iFirstBorder);
+}
+
 void CBPBox::setBottomBorder(int border)
 {
     SetBorderWidth(leftBorder(), topBorder(), rightBorder(), border);
+}
+
+void CBPBox::resetBottomBorder()
+{
+    setBottomBorder(m_iFirstBorder);
 }
 
 void CBPBox::SetSpacing(int iSpacing)
@@ -244,6 +266,18 @@ void CBPBox::SetSizeConstraint(int iConstraint)
         layout()->setSizeConstraint(static_cast<QLayout::SizeConstraint>(iConstraint));
 }
 
+QLayout::SizeConstraint CBPBox::sizeConstraint() const
+{
+    if (layout())
+        return layout()->sizeConstraint();
+    return m_iConstraint < 0 ? QLayout::SetDefaultConstraint : QLayout::SizeConstraint(m_iConstraint);
+}
+
+void CBPBox::resetSizeConstraint()
+{
+    SetSizeConstraint(QLayout::SetDefaultConstraint);
+}
+
 void CBPBox::SetDrawFrame(bool bDrawFrame)
 {
     m_bDrawFrame = bDrawFrame;
@@ -267,9 +301,11 @@ void CBPBox::resetFrameColor()
     update();
 }
 
+// Of boxes that have a frame from the start, and keep room for it.
 void CBPBox::setFramePurpose(int purpose)
 {
     m_framePurpose = purpose;
+    m_iFirstBorder = kFrameWidth;
 }
 
 void CBPBox::SetBgClr(QColor clrBg)
