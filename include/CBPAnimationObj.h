@@ -26,9 +26,9 @@ class LUMQT_EXPORT CBPAnimationObj : public QObject
     /// Milliseconds from one picture to the next, 80 at first; less than 1 is left out. \since 1.0
     Q_PROPERTY(int interval READ interval WRITE setInterval RESET resetInterval)
     /// Milliseconds that are left of the start delay; below 0 it has run out. \since 1.0
-    Q_PROPERTY(int delayInterval READ delayInterval WRITE setDelayInterval)
+    Q_PROPERTY(int delayInterval READ delayInterval WRITE setDelayInterval RESET resetDelayInterval)
     /// Whether the timer runs. \since 1.0
-    Q_PROPERTY(bool running READ isRunning)
+    Q_PROPERTY(bool running READ isRunning NOTIFY runningChanged)
     /// Number of the current picture; 255 while none has been shown. \since 1.0
     Q_PROPERTY(int currentIndex READ curentIndex NOTIFY frameChanged)
 
@@ -76,6 +76,9 @@ public:
     /// What is left of the start delay in milliseconds. \since 1.0
     int delayInterval() const;
 
+    /// Makes it ten times the interval again. \since 1.0
+    void resetDelayInterval();
+
     /// Replaces the pictures by the image files \a paths. A running animation goes on after a new start
     /// delay. \since 1.0
     void setRes(QStringList paths);
@@ -103,6 +106,10 @@ Q_SIGNALS:
     /// The picture \a index is the current one now. \since 1.0
     void frameChanged(int index);
 
+    /// The timer runs, or runs no more: the first start(), the last stop(), or a tick without a picture to
+    /// show. The animation may be deleted here. \since 1.0
+    void runningChanged(bool running);
+
 protected:
     /// Called for each new picture; emits frameChanged(). \since 1.0
     virtual void onFrameChanged(int index);
@@ -112,6 +119,9 @@ private Q_SLOTS:
 
 private:
     void init();
+    void begin();
+    void end();
+    void tellRunning();
     QVector<QPixmap> load() const;
     QVector<QPixmap> cutStrip() const;
     void followTheme() const;
@@ -126,4 +136,5 @@ private:
     int m_index;
     int m_startDelay; // milliseconds left; below 0 once it has run out
     int m_runs = 0;
+    bool m_toldRunning = false; // what runningChanged() has said last
 };

@@ -8,6 +8,7 @@
 #include <QGuiApplication>
 
 #include <climits>
+#include <utility>
 
 namespace {
 
@@ -64,7 +65,7 @@ void CBPAnimationObj::init()
 {
     m_index = kNothingShown;
     m_timer.setInterval(kInterval);
-    m_startDelay = kDelayTicks * kInterval;
+    resetDelayInterval();
     connect(&m_timer, &QTimer::timeout, this, &CBPAnimationObj::onTimeout);
 }
 
@@ -112,17 +113,35 @@ void CBPAnimationObj::followTheme() const
 
 void CBPAnimationObj::start()
 {
-    ++m_runs;
-    m_timer.start();
+    begin();
+    tellRunning();
 }
 
 void CBPAnimationObj::stop()
 {
+    end();
+    tellRunning();
+}
+
+void CBPAnimationObj::begin()
+{
+    ++m_runs;
+    m_timer.start();
+}
+
+void CBPAnimationObj::end()
+{
     m_runs = qMax(0, m_runs - 1);
     if (m_runs < 1)
         m_timer.stop();
-    // Ten times an interval of days is more than an int holds.
-    m_startDelay = int(qMin<qint64>(qint64(kDelayTicks) * m_timer.interval(), INT_MAX));
+    resetDelayInterval();
+}
+
+void CBPAnimationObj::tellRunning()
+{
+    const bool running = isRunning();
+    if (std::exchange(m_toldRunning, running) != running)
+        emit runningChanged(running); // the animation may be gone after
 }
 
 bool CBPAnimationObj::isRunning() const
@@ -159,16 +178,22 @@ int CBPAnimationObj::delayInterval() const
     return m_startDelay;
 }
 
+void CBPAnimationObj::resetDelayInterval()
+{
+    // Ten times an interval of days is more than an int holds.
+    setDelayInterval(int(qMin<qint64>(qint64(kDelayTicks) * m_timer.interval(), INT_MAX)));
+}
+
 void CBPAnimationObj::setRes(QStringList paths)
 {
     const bool wasRunning = isRunning();
     if (wasRunning)
-        stop();
+        end();
     m_isStrip = false;
     m_paths = paths;
     m_frames = load();
     if (wasRunning)
-        start();
+        begin();
 }
 
 void CBPAnimationObj::setImages(const QStringList &paths)

@@ -123,6 +123,7 @@ private Q_SLOTS:
     void countsItsRuns()
     {
         CBPAnimationObj animation(pictures(3));
+        QSignalSpy told(&animation, &CBPAnimationObj::runningChanged);
         animation.setDelayInterval(-1);
         animation.stop(); // one too many is none, and sets the delay
         animation.start();
@@ -137,12 +138,16 @@ private Q_SLOTS:
         QCOMPARE(spy.count(), 1);
         animation.stop();
         QVERIFY(!animation.isRunning());
+        QCOMPARE(told, QList<QVariantList>({{true}, {false}}));
         QCOMPARE(animation.curentIndex(), 1); // stays
         for (const int bad : {0, -20}) {
             QTest::ignoreMessage(QtWarningMsg,
                                  qPrintable(QString("CBPAnimationObj: %1 ms is no interval").arg(bad)));
             animation.setInterval(bad);
         }
+        animation.setInterval(50);
+        animation.resetDelayInterval();
+        QCOMPARE(animation.delayInterval(), 500);
         animation.setInterval(INT_MAX);
         animation.stop(); // ten times as much is more than a number holds
         tick(animation);
@@ -168,6 +173,21 @@ private Q_SLOTS:
         connect(animation.data(), &CBPAnimationObj::frameChanged, this, [&animation] { delete animation; });
         tick(*animation);
         QVERIFY(!animation);
+        for (const bool last : {true, false}) {
+            animation = new CBPAnimationObj(QStringList());
+            connect(animation.data(), &CBPAnimationObj::runningChanged, this,
+                    [&animation, last](bool running) {
+                        if (running != last)
+                            delete animation;
+                    });
+            animation->start();
+            QCOMPARE(!animation, !last);
+            if (last) {
+                animation->setDelayInterval(-1);
+                tick(*animation); // there is nothing to run for
+            }
+            QVERIFY(!animation);
+        }
     }
 
     void newFrames()
@@ -179,8 +199,10 @@ private Q_SLOTS:
             tick(animation);
             for (int i = 0; i < starts; ++i)
                 animation.start();
+            QSignalSpy told(&animation, &CBPAnimationObj::runningChanged);
             animation.setRes({dir + "/0.png", dir + "/1.png"});
             QCOMPARE(animation.isRunning(), starts > 0);
+            QVERIFY(told.isEmpty());
             QVERIFY(animation.currentPixmap().isNull()); // number 16 of two
             QSignalSpy spy(&animation, &CBPAnimationObj::frameChanged);
             tick(animation, 11);
