@@ -25,7 +25,7 @@ enum class FocusMark : unsigned char;
 ///
 /// A click on it, or Space or Enter while it has the keyboard focus, picks it; the Delete key does what the
 /// delete button does. Screen readers find a list item with the whole path as its name, which they can pick
-/// and delete. It may be deleted by what is connected to its signal or called by its delete button. GUI
+/// and delete. It may be deleted by what is connected to its signals or called by its delete button. GUI
 /// thread only. \since 1.0
 class LUMQT_EXPORT CBPComboxItem : public QWidget
 {
@@ -33,7 +33,8 @@ class LUMQT_EXPORT CBPComboxItem : public QWidget
     /// The path of the row's record. \since 1.0
     Q_PROPERTY(QString path READ path DESIGNABLE false STORED false)
     /// Whether the row is the selected one of its list. \since 1.0
-    Q_PROPERTY(bool selected READ isSelected DESIGNABLE false STORED false)
+    Q_PROPERTY(
+        bool selected READ isSelected WRITE SetSelected NOTIFY selectionChanged DESIGNABLE false STORED false)
 
 public:
     /// A row that shows a copy of \a item. An icon that is missing leaves its place out. \since 1.0
@@ -71,6 +72,11 @@ Q_SIGNALS:
     /// the row's own record, good as long as the signal lasts even when the row is deleted. \since 1.0
     void itemClicked(ComboxItem &item);
 
+    /// The selected field is another one: by SetSelected(), or by the list, which tells once it has marked
+    /// all of its rows, those that lose it first. A change in the record itself, see GetItem(), is not told.
+    /// The row may be deleted here. \since 1.0
+    void selectionChanged(bool selected);
+
 protected:
     /// Override it with lumqt::EnterEvent, and it compiles with either Qt. \since 1.0
     void enterEvent(lumqt::EnterEvent *event) override;
@@ -97,7 +103,8 @@ private:
     void buildLayout();
     void pick();
     void handOut();
-    void markSelected(bool selected);
+    bool markSelected(bool selected);
+    void tellSelected();
     void setHovered(bool hovered);
 
     CBPImageButton *m_pDeleteBtn = nullptr;
@@ -109,6 +116,7 @@ private:
     std::shared_ptr<ComboxItem> m_pItem; // outlives the row while a signal hands it around
     QPointer<CBPPathDropdWnd> m_pList;   // that has to know who may change the record
     bool m_bHandedOut = false;
+    bool m_bToldSelected;           // what selectionChanged() has said last
     lumqt::FocusMark m_focusMark{}; // whether the ring shows
     bool m_bSpaceDown = false;
 };

@@ -31,7 +31,7 @@ class LUMQT_EXPORT CBPPathDropdWnd : public QWidget
     /// Paths of the rows in the order in which they were added. \since 1.0
     Q_PROPERTY(QStringList paths READ paths DESIGNABLE false STORED false)
     /// Path of the selected row; empty when there is none. \since 1.0
-    Q_PROPERTY(QString currentPath READ currentPath DESIGNABLE false STORED false)
+    Q_PROPERTY(QString currentPath READ currentPath NOTIFY currentPathChanged DESIGNABLE false STORED false)
 
 public:
     /// An empty list. \since 1.0
@@ -70,6 +70,12 @@ Q_SIGNALS:
     /// hidden already. \since 1.0
     void sigItemDelete(CBPComboxItem *pItem);
 
+    /// Another row is the selected one, or none is: a row was added, picked, taken out or deleted, or got
+    /// CBPComboxItem::SetSelected(). It comes after the rows and the other signals have told of that, and of
+    /// a row that the application deletes once control is back in the event loop; a change in a row's record
+    /// itself is not told. \since 1.0
+    void currentPathChanged(const QString &path);
+
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
@@ -82,13 +88,19 @@ private Q_SLOTS:
 private:
     friend class CBPComboxItem;
 
+    using Rows = QVector<QPointer<CBPComboxItem>>;
+
     static void on_deletebtn_clicked(void *context, void *item);
+    static void mark(CBPComboxItem *row, bool selected, Rows &changed);
 
     bool hasPath(const QString &path) const;
+    CBPComboxItem *selectedRow() const;
     CBPComboxItem *currentRow() const;
     void adopt(CBPComboxItem *row);
     void release(CBPComboxItem *row);
-    void selectOnly(CBPComboxItem *row);
+    Rows selectOnly(CBPComboxItem *row);
+    void tellSelection(const Rows &changed);
+    void tellCurrent();
     void removeRow(CBPComboxItem *row);
     void forget(CBPComboxItem *row);
     void rowHandedOut(CBPComboxItem *row);
@@ -105,5 +117,6 @@ private:
     QVector<CBPComboxItem *> m_vecHandedOut;    // the others
     CBPComboxItem *m_pSelected = nullptr;       // of m_hashRows, or none
     QPointer<CBPComboxItem> m_pTabStop;         // the one row that the Tab key reaches
+    QString m_strToldPath;                      // what currentPathChanged() has said last
     int m_iPathWidth = -1;                      // for rows that follow; -1: not set
 };

@@ -23,6 +23,8 @@
 #include <QPainter>
 #include <QStyle>
 
+#include <utility>
+
 using lumqt::Purpose;
 
 namespace {
@@ -234,7 +236,10 @@ QAccessibleInterface *CBPComboxItem::makeAccessible(QWidget *widget)
 // construction
 
 CBPComboxItem::CBPComboxItem(ComboxItem &item, QWidget *parent)
-    : QWidget(parent), m_iState(ENStateNormal), m_pItem(std::make_shared<ComboxItem>(item))
+    : QWidget(parent),
+      m_iState(ENStateNormal),
+      m_pItem(std::make_shared<ComboxItem>(item)),
+      m_bToldSelected(item.selected)
 {
     lumqt::installAccessible("CBPComboxItem", makeAccessible);
     setFocusPolicy(Qt::StrongFocus);
@@ -323,6 +328,10 @@ void CBPComboxItem::SetSelected(bool selected)
 {
     handOut();
     markSelected(selected);
+    const QPointer<CBPPathDropdWnd> list = m_pList;
+    tellSelected(); // the row may be gone after
+    if (list)
+        list->tellCurrent();
 }
 
 QString CBPComboxItem::path() const
@@ -335,12 +344,21 @@ bool CBPComboxItem::isSelected() const
     return m_pItem->selected;
 }
 
-void CBPComboxItem::markSelected(bool selected)
+// All but the signal; whether it made a difference.
+bool CBPComboxItem::markSelected(bool selected)
 {
     if (m_pItem->selected == selected)
-        return;
+        return false;
     m_pItem->selected = selected;
     lumqt::tellSelected(this, selected);
+    return true;
+}
+
+void CBPComboxItem::tellSelected()
+{
+    const bool selected = m_pItem->selected;
+    if (std::exchange(m_bToldSelected, selected) != selected)
+        emit selectionChanged(selected); // the row may be gone after
 }
 
 void CBPComboxItem::SetPathMaxWidth(int width)

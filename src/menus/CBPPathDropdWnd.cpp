@@ -8,9 +8,11 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -70,8 +72,9 @@ void CBPPathDropdWnd::AppendItem(ComboxItem &item)
     m_pListLayout->insertWidget(0, row);
     m_vecItems.append(row);
     m_hashRows.insert(row->m_pItem->path, row);
-    selectOnly(row);
+    const Rows changed = selectOnly(row);
     rowFocused(row);
+    tellSelection(changed);
 }
 
 void CBPPathDropdWnd::adopt(CBPComboxItem *row)
@@ -80,7 +83,10 @@ void CBPPathDropdWnd::adopt(CBPComboxItem *row)
     row->SetDeleteBtnCB(&CBPPathDropdWnd::on_deletebtn_clicked, this);
     row->setFocusPolicy(Qt::ClickFocus);
     connect(row, &CBPComboxItem::itemClicked, this, &CBPPathDropdWnd::onItemClicked);
-    connect(row, &QObject::destroyed, this, [this, row] { forget(row); });
+    connect(row, &QObject::destroyed, this, [this, row] {
+        forget(row);
+        QTimer::singleShot(0, this, &CBPPathDropdWnd::tellCurrent); // now its parents cannot be deleted
+    });
 }
 
 // A row that is out of the list may live on: until the event loop turns, or elsewhere.
@@ -93,14 +99,45 @@ void CBPPathDropdWnd::release(CBPComboxItem *row)
 }
 
 // Of the rows in the hash only one can be selected, so that a list of n rows is filled in n steps.
-void CBPPathDropdWnd::selectOnly(CBPComboxItem *row)
+CBPPathDropdWnd::Rows CBPPathDropdWnd::selectOnly(CBPComboxItem *row)
 {
+    Rows changed;
     for (CBPComboxItem *other : qAsConst(m_vecHandedOut))
-        other->markSelected(false);
+        mark(other, false, changed);
     if (m_pSelected)
-        m_pSelected->markSelected(false);
+        mark(m_pSelected, false, changed);
     m_pSelected = row;
-    row->markSelected(true);
+    mark(row, true, changed);
+    return changed;
+}
+
+void CBPPathDropdWnd::mark(CBPComboxItem *row, bool selected, Rows &changed)
+{
+    if (!row->markSelected(selected))
+        return;
+    if (selected)
+        changed.append(row);
+    else
+        changed.prepend(row);
+}
+
+// Who hears of one may delete others, and the list; or select another one: then that has been told.
+void CBPPathDropdWnd::tellSelection(const Rows &changed)
+{
+    const QPointer<CBPPathDropdWnd> alive(this);
+    for (CBPComboxItem *row : changed) {
+        if (row)
+            row->tellSelected();
+    }
+    if (alive)
+        tellCurrent();
+}
+
+void CBPPathDropdWnd::tellCurrent()
+{
+    const QString path = currentPath();
+    if (std::exchange(m_strToldPath, path) != path)
+        emit currentPathChanged(path); // this may be gone after
 }
 
 void CBPPathDropdWnd::DeleteItem(const ComboxItem &item)
@@ -142,6 +179,8 @@ void CBPPathDropdWnd::removeRow(CBPComboxItem *row)
         rowAlive->hide();
     if (alive && rowAlive)
         emit sigItemDelete(row); // this may be gone after
+    if (alive)
+        tellCurrent();
 }
 
 void CBPPathDropdWnd::forget(CBPComboxItem *row)
@@ -180,9 +219,18 @@ QStringList CBPPathDropdWnd::paths() const
 
 QString CBPPathDropdWnd::currentPath() const
 {
+    const CBPComboxItem *row = selectedRow();
+    return row ? row->m_pItem->path : QString();
+}
+
+// The first one where others have changed records.
+CBPComboxItem *CBPPathDropdWnd::selectedRow() const
+{
+    if (m_vecHandedOut.isEmpty())
+        return m_pSelected;
     const auto found = std::find_if(m_vecItems.begin(), m_vecItems.end(),
                                     [](const CBPComboxItem *row) { return row->m_pItem->selected; });
-    return found == m_vecItems.end() ? QString() : (*found)->m_pItem->path;
+    return found == m_vecItems.end() ? nullptr : *found;
 }
 
 void CBPPathDropdWnd::SetFixedWidth(int width)
@@ -197,8 +245,9 @@ void CBPPathDropdWnd::SetFixedWidth(int width)
 void CBPPathDropdWnd::onItemClicked(ComboxItem &item)
 {
     m_pSelected = nullptr;
+    Rows changed;
     for (CBPComboxItem *row : qAsConst(m_vecItems)) {
-        row->markSelected(row->m_pItem->path == item.path);
+        mark(row, row->m_pItem->path == item.path, changed);
         if (row->m_pItem->selected && !row->m_bHandedOut)
             m_pSelected = row;
     }
@@ -206,6 +255,8 @@ void CBPPathDropdWnd::onItemClicked(ComboxItem &item)
     hide();
     if (alive)
         emit itemClicked(item); // this may be gone after
+    if (alive)
+        tellSelection(changed);
 }
 
 // ------------------------------------------------------------------------------------------------------------
@@ -224,11 +275,8 @@ void CBPPathDropdWnd::rowFocused(CBPComboxItem *row)
 
 CBPComboxItem *CBPPathDropdWnd::currentRow() const
 {
-    const auto found = std::find_if(m_vecItems.begin(), m_vecItems.end(),
-                                    [](const CBPComboxItem *row) { return row->m_pItem->selected; });
-    if (found != m_vecItems.end())
-        return *found;
-    return m_vecItems.isEmpty() ? nullptr : m_vecItems.last();
+    CBPComboxItem *const selected = selectedRow();
+    return selected || m_vecItems.isEmpty() ? selected : m_vecItems.last();
 }
 
 void CBPPathDropdWnd::focusRow(int index)

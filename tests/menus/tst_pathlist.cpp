@@ -247,6 +247,57 @@ private slots:
         QCOMPARE(list.selected(), QStringList("/newest"));
     }
 
+    // Once for each change, those that lose it before the one that has it, and the path last.
+    void tellsOfTheSelection()
+    {
+        List list(3);
+        QStringList told;
+        const auto say = [&told](const QString &what) { told << what; };
+        const auto heard = [&told] { return std::exchange(told, QStringList()).join(' '); };
+        connect(&list, &CBPPathDropdWnd::currentPathChanged, &list, say);
+        connect(&list, &CBPPathDropdWnd::itemClicked, &list, [&](ComboxItem &) { say("clicked"); });
+        connect(&list, &CBPPathDropdWnd::sigItemDelete, &list, [&](CBPComboxItem *) { say("deleted"); });
+        for (const CBPComboxItem *row : list.pathItems())
+            connect(row, &CBPComboxItem::selectionChanged, &list,
+                    [&say, row](bool selected) { say((selected ? '+' : '-') + row->path().right(1)); });
+        list.add("/folder 1"); // there is one
+        QCOMPARE(heard(), QString());
+        list.add("/new");
+        QCOMPARE(heard(), QString("-2 /new"));
+        for (int time = 0; time < 2; ++time)
+            QTest::mouseClick(list.at(0), Qt::LeftButton);
+        QCOMPARE(heard(), QString("clicked +0 /folder 0 clicked"));
+        for (int time = 0; time < 2; ++time)
+            list.at(1)->SetSelected(true);
+        QCOMPARE(heard(), QString("+1")); // the first of two
+        list.at(0)->SetSelected(false);
+        QCOMPARE(heard(), QString("-0 /folder 1"));
+        list.DeleteItem(location("/folder 2"));
+        list.DeleteItem(location("/folder 1"));
+        QCOMPARE(heard(), QString("deleted deleted "));
+        list.add("/last");
+        delete list.pathItems().last();
+        QCoreApplication::processEvents();
+        QCOMPARE(heard(), QString("/last "));
+    }
+
+    void selectionSignalsMayDelete()
+    {
+        for (const bool window : {false, true}) {
+            QPointer<List> list = new List(3);
+            const QPointer<CBPComboxItem> row = list->at(2);
+            connect(row, &CBPComboxItem::selectionChanged, qApp,
+                    [&] { delete (window ? static_cast<QWidget *>(list) : row); });
+            list->add("/new");
+            QVERIFY(!row && list.isNull() == window);
+            if (!list)
+                continue;
+            connect(list, &CBPPathDropdWnd::currentPathChanged, qApp, [&] { delete list; });
+            delete list->pathItems().last();
+            AWAIT(!list);
+        }
+    }
+
     void deletes()
     {
         List list(4);
