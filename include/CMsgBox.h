@@ -41,9 +41,9 @@ class LUMQT_EXPORT CMsgBox : public CBPPopWnd
 {
     Q_OBJECT
     /// The entered user name, or the folder's name. \since 1.0
-    Q_PROPERTY(QString user READ GetUser DESIGNABLE false STORED false)
+    Q_PROPERTY(QString user READ GetUser NOTIFY userChanged DESIGNABLE false STORED false)
     /// The entered password. \since 1.0
-    Q_PROPERTY(QString password READ GetPassword DESIGNABLE false STORED false)
+    Q_PROPERTY(QString password READ GetPassword NOTIFY passwordChanged DESIGNABLE false STORED false)
 
 public:
     /// An empty box that fades in; see CBPWinFrm about \a parent. \since 1.0
@@ -109,6 +109,13 @@ Q_SIGNALS:
     /// delete the box. \since 1.0
     void sigLinkClicked(const QString &str);
 
+    /// GetUser() is another one: the box is shown with it, or it was typed. A slot that is done with the box
+    /// uses deleteLater(), as the edit is still at work. \since 1.0
+    void userChanged(const QString &user);
+
+    /// GetPassword() is another one; see userChanged(). \since 1.0
+    void passwordChanged(const QString &password);
+
 protected:
     int widest() const override;
     void keyPressEvent(QKeyEvent *event) override;
@@ -138,6 +145,7 @@ private:
     void setTitle(int type, const QString &caption);
     QWidget *addForm(CBPLabel *prompt);
     CBPLineEdit *addEdit(const char *icon, const char *placeholder, int maxLength);
+    void tellEntries();
     int runAndAnswer();
     void showTranslated(const char *source, const std::function<QString()> &shown,
                         const std::function<void(const QString &)> &show);
@@ -171,6 +179,8 @@ private:
     int m_mode = OtherMode;
     QString m_user;
     QString m_password;
+    QString m_toldUser; // what userChanged() has said last
+    QString m_toldPassword;
     bool m_allowEmptyPassword = false;
 
     QPointer<QWidget> m_content; // the newest one

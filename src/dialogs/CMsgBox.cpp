@@ -250,7 +250,9 @@ void CMsgBox::Run()
 int CMsgBox::runAndAnswer()
 {
     const QPointer<CMsgBox> alive(this);
-    Run();
+    tellEntries();
+    if (alive)
+        Run();
     return alive ? GetResult() : kNoAnswer;
 }
 

@@ -11,6 +11,8 @@
 
 #include <QVBoxLayout>
 
+#include <utility>
+
 using lumqt::Purpose;
 
 // The two forms: for a folder's name, and for a user name and password.
@@ -89,6 +91,7 @@ void CMsgBox::initCreateDirBox()
         QString::fromLatin1(kDirNamePattern), QString::fromLatin1(kDirNameQuickPattern), m_firstEdit));
     lumqt::setNothingRefused(m_firstEdit);
     connect(m_firstEdit.data(), &QLineEdit::textChanged, this, &CMsgBox::onTextChanged);
+    connect(m_firstEdit.data(), &QLineEdit::textChanged, this, &CMsgBox::tellEntries);
     connect(m_firstEdit.data(), &QLineEdit::returnPressed, this, &CMsgBox::onDirInputFinish);
     m_content->layout()->addItem(new QSpacerItem(0, 0, QSizePolicy::Preferred, QSizePolicy::Expanding));
 }
@@ -178,10 +181,12 @@ int CMsgBox::showUserAndPasswordBox(int type, QString text, int fields, int pass
     if (m_firstEdit) {
         m_firstEdit->setText(user);
         connect(m_firstEdit.data(), &QLineEdit::textChanged, this, &CMsgBox::OnUserPasswordChanged);
+        connect(m_firstEdit.data(), &QLineEdit::textChanged, this, &CMsgBox::tellEntries);
     }
     if (m_passwordEdit) {
         m_passwordEdit->setText(password);
         connect(m_passwordEdit.data(), &QLineEdit::textChanged, this, &CMsgBox::OnUserPasswordChanged);
+        connect(m_passwordEdit.data(), &QLineEdit::textChanged, this, &CMsgBox::tellEntries);
     }
     if (CBPPushBtn *ok = GetBtn(kOk)) {
         showTranslated(
@@ -216,4 +221,16 @@ QString CMsgBox::GetUser()
 QString CMsgBox::GetPassword()
 {
     return m_passwordEdit ? m_passwordEdit->text() : QString();
+}
+
+// Of those that have changed since they were told last: another form brings edits of its own.
+void CMsgBox::tellEntries()
+{
+    const QPointer<CMsgBox> alive(this);
+    const QString user = GetUser();
+    if (std::exchange(m_toldUser, user) != user)
+        emit userChanged(user); // the box may be gone after, as below
+    const QString password = alive ? GetPassword() : QString();
+    if (alive && std::exchange(m_toldPassword, password) != password)
+        emit passwordChanged(password);
 }

@@ -162,6 +162,28 @@ private Q_SLOTS:
                                    typed ? "" : password, "Wrong", allowEmpty);
     }
 
+    // Once for each change; a form that follows begins with entries of its own.
+    void tellsOfTheEntries()
+    {
+        MsgBox box;
+        QSignalSpy users(&box, &CMsgBox::userChanged);
+        QSignalSpy passwords(&box, &CMsgBox::passwordChanged);
+        const auto ask = [&box](const QString &user, const QString &password) {
+            box.whileRunning([&] {
+                const auto shown = box.edits().mid(box.edits().size() - 2);
+                for (CBPLineEdit *edit : shown)
+                    edit->setText(edit->text() + QLatin1Char('!'));
+            });
+            box.showUserAndPasswordBox(0, "", 3, 64, kOk, "", user, password);
+        };
+        ask("me", "");
+        QCOMPARE(users, QList<QVariantList>({{"me"}, {"me!"}}));
+        QCOMPARE(passwords, QList<QVariantList>({{"!"}}));
+        ask("", "!");
+        QCOMPARE(users.mid(2), QList<QVariantList>({{""}, {"!"}}));
+        QCOMPARE(passwords.mid(1), QList<QVariantList>({{"!!"}}));
+    }
+
     // A length that is none is no limit.
     void names()
     {
