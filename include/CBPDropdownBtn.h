@@ -58,7 +58,7 @@ class LUMQT_EXPORT CBPDropdownBtn : public QWidget, public CBtnObj
     /// Whether a button with square corners goes without its frame. \since 1.0
     Q_PROPERTY(bool frameTransparent READ isFrameTransparent WRITE showFrameless)
     /// The corner radius in pixels; 0, square, at first. \since 1.0
-    Q_PROPERTY(int cornerRadius READ cornerRadius WRITE setCornerRadius)
+    Q_PROPERTY(int cornerRadius READ cornerRadius WRITE setCornerRadius RESET resetCornerRadius)
     /// The text colours by state; the line of a split button follows them. \since 1.0
     Q_PROPERTY(QStringList textColors READ textColors WRITE setTextColors RESET resetTextColors)
     /// The colours of the triangle by state. \since 1.0

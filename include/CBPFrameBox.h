@@ -18,9 +18,9 @@ class LUMQT_EXPORT CBPFrameBox : public QWidget
 {
     Q_OBJECT
     /// Height of the band at the top, in pixels; 60 in a box of a form. \since 1.0
-    Q_PROPERTY(int titleHeight READ titleHeight WRITE setTitleHeight)
+    Q_PROPERTY(int titleHeight READ titleHeight WRITE setTitleHeight RESET resetTitleHeight)
     /// How far above the lower edge the other band ends, in pixels; 70 in a box of a form. \since 1.0
-    Q_PROPERTY(int bottomHeight READ bottomHeight WRITE setBottomHeight)
+    Q_PROPERTY(int bottomHeight READ bottomHeight WRITE setBottomHeight RESET resetBottomHeight)
 
 public:
     /// An empty box. It has no parent, whatever \a parent says: place it in a layout, or delete it.
@@ -50,11 +50,17 @@ public:
     /// Sets the height of the title band. \since 1.0
     void setTitleHeight(int height);
 
+    /// Makes it 60 pixels, as in a box of a form. \since 1.0
+    void resetTitleHeight();
+
     /// The bottom height. \since 1.0
     int bottomHeight() const { return m_iBottomHeight; }
 
     /// Sets the bottom height. \since 1.0
     void setBottomHeight(int height);
+
+    /// Makes it 70 pixels, as in a box of a form. \since 1.0
+    void resetBottomHeight();
 
 protected:
     void paintEvent(QPaintEvent *event) override;

@@ -66,8 +66,8 @@ class LUMQT_EXPORT CBPImageButton : public QPushButton
     Q_PROPERTY(bool textBesideImage READ isTextBesideImage WRITE setTextBesideImage)
     /// The height in pixels that the label counts for; 0 means the height of its font. \since 1.0
     Q_PROPERTY(int textHeight READ textHeight WRITE SetHight)
-    /// The gap between image and label in pixels. \since 1.0
-    Q_PROPERTY(int spacing READ spacing WRITE setSpacing)
+    /// The gap between image and label in pixels; 0 at first. \since 1.0
+    Q_PROPERTY(int spacing READ spacing WRITE setSpacing RESET resetSpacing)
     /// How many pixels image and label are moved in. \since 1.0
     Q_PROPERTY(int leftMargin READ leftMargin WRITE setLeftMargin)
     /// The pixels left free at either side; 5 at first. The size follows. \since 1.0
@@ -192,6 +192,10 @@ public:
     /// The gap between image and text in pixels.
     /// \since 1.0
     int spacing() const { return m_spacing; }
+
+    /// Leaves no gap again.
+    /// \since 1.0
+    void resetSpacing();
 
     /// Moves image and text \a margin pixels in; 0 at first. Then the button sizes itself.
     /// \since 1.0
@@ -392,7 +396,8 @@ private:
     friend class CBPImageTextBtn;
     friend class CBPWinFrmTitle;
     static constexpr int kStates = 4;
-    static constexpr int kSideBorder = 5; // pixels
+    static constexpr int kSideBorder = 5; // pixels, as the next
+    static constexpr int kTextSpacing = 0;
 
     static QAccessibleInterface *makeAccessible(QWidget *widget);
     QString spokenName() const;
@@ -439,7 +444,7 @@ private:
     bool m_arranges = false; // of a derived class: fontChanged() says where image and text lie
     bool m_besideImage = true;
     bool m_round;
-    int m_spacing = 0;
+    int m_spacing = kTextSpacing;
     int m_leftMargin = 0;
     int m_textIndent = 0; // of a text below the image
     QSize m_size;

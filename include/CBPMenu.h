@@ -72,13 +72,14 @@ class LUMQT_EXPORT CBPMenu : public QMenu
     /// Image file of the arrow of items that open a sub-menu; empty: none. \since 1.0
     Q_PROPERTY(QString subMenuIcon READ subMenuIcon WRITE SetSubMenuRightIcon)
     /// Greatest thickness at which the separators' line is painted, in pixels. \since 1.0
-    Q_PROPERTY(int separatorRectHeight READ separatorRectHeight WRITE setSeparatorRectHeight)
+    Q_PROPERTY(int separatorRectHeight READ separatorRectHeight WRITE setSeparatorRectHeight RESET
+                   resetSeparatorRectHeight)
     /// Thickness of the separators' line in pixels. \since 1.0
-    Q_PROPERTY(int separatorHeight READ separatorHeight WRITE setSeparatorHeight)
+    Q_PROPERTY(int separatorHeight READ separatorHeight WRITE setSeparatorHeight RESET resetSeparatorHeight)
     /// Width of the border around the menu in pixels; 0 for less. \since 1.0
-    Q_PROPERTY(int borderWidth READ borderWidth WRITE setBorderWidth)
-    /// Colour of the border around the menu. \since 1.0
-    Q_PROPERTY(QColor borderColor READ borderColor WRITE setBorderColor)
+    Q_PROPERTY(int borderWidth READ borderWidth WRITE setBorderWidth RESET resetBorderWidth)
+    /// Colour of the border around the menu; none at first. \since 1.0
+    Q_PROPERTY(QColor borderColor READ borderColor WRITE setBorderColor RESET resetBorderColor)
     /// Height of the items from the next one on in pixels; with 0 or less they are not shown. \since 1.0
     Q_PROPERTY(int itemHeight READ itemHeight WRITE SetMenuItemHeiht RESET resetItemHeight)
     /// Height of the strip with the lower round corners in pixels. \since 1.0
@@ -253,12 +254,18 @@ public:
     /// The value given to setSeparatorRectHeight(). \since 1.0
     int separatorRectHeight() const { return m_separatorRectHeight; }
 
+    /// Makes separators as high as an item again, without a line. \since 1.0
+    void resetSeparatorRectHeight();
+
     /// Thickness of the separators' line; 0 by default. It is painted when it is at least 1 and not larger
     /// than the value given to setSeparatorRectHeight(). \since 1.0
     void setSeparatorHeight(int width);
 
     /// The thickness of the separators' line. \since 1.0
     int separatorHeight() const { return m_separatorHeight; }
+
+    /// Takes the separators' line away. \since 1.0
+    void resetSeparatorHeight();
 
     /// Border around the menu; none by default, where a theme gives it no frame. A nested menu has none.
     /// \since 1.0
@@ -270,11 +277,17 @@ public:
     /// Sets the width of the border alone. \since 1.0
     void setBorderWidth(int width);
 
+    /// Takes the border away, and leaves its colour for another. \since 1.0
+    void resetBorderWidth();
+
     /// The colour of the border; invalid at first. \since 1.0
     QColor borderColor() const { return m_borderColor; }
 
     /// Sets the colour of the border alone. \since 1.0
     void setBorderColor(const QColor &color);
+
+    /// Takes the colour of the border away, which is then invalid again. \since 1.0
+    void resetBorderColor();
 
     /// Height of the items; 40 by default. With 0 or less the items are not shown.
     /// \since 1.0

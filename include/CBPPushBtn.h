@@ -59,8 +59,9 @@ class LUMQT_EXPORT CBPPushBtn : public QPushButton, public CBtnObj
     Q_PROPERTY(__ALIGN_TYPE alignment READ alignment WRITE setAlignment)
     /// The gap between icon and text in pixels; 10 at first. \since 1.0
     Q_PROPERTY(int spacing READ spacing WRITE showSpacing RESET resetSpacing)
-    /// How many pixels an icon behind the text is moved down. \since 1.0
-    Q_PROPERTY(int iconVerticalOffset READ iconVerticalOffset WRITE showIconOffset)
+    /// How many pixels an icon behind the text is moved down; 0 at first. \since 1.0
+    Q_PROPERTY(
+        int iconVerticalOffset READ iconVerticalOffset WRITE showIconOffset RESET resetIconVerticalOffset)
     /// Whether a click opens the menu, for which a triangle is drawn, and is not reported. \since 1.0
     Q_PROPERTY(bool hasMenu READ hasMenu WRITE setHasMenu)
     /// The number that sigBtnClicked() reports. \since 1.0
@@ -81,7 +82,7 @@ class LUMQT_EXPORT CBPPushBtn : public QPushButton, public CBtnObj
     /// Kept for derived buttons that draw a frame of their own, in pixels: this one's is one wide. \since 1.0
     Q_PROPERTY(int frameWidth READ frmWidth WRITE setFrmWidth DESIGNABLE false)
     /// The corner radius in pixels; 0, square, at first. \since 1.0
-    Q_PROPERTY(int cornerRadius READ cornerRadius WRITE setCornerRadius)
+    Q_PROPERTY(int cornerRadius READ cornerRadius WRITE setCornerRadius RESET resetCornerRadius)
     /// The text colours by state. \since 1.0
     Q_PROPERTY(QStringList textColors READ textColors WRITE setTextColors RESET resetTextColors)
     /// Kept for derived buttons that draw a triangle of their own: this one's is the theme's. \since 1.0
@@ -201,6 +202,10 @@ public:
     /// What SetIconVoffSet() has set.
     /// \since 1.0
     int iconVerticalOffset() const { return m_iconVerticalOffset; }
+
+    /// Moves the icon back.
+    /// \since 1.0
+    void resetIconVerticalOffset();
 
     /// With true the button draws a triangle and opens its menu instead of clicking. Without a menu a click
     /// then does nothing. \since 1.0
@@ -350,8 +355,9 @@ private:
     friend class CTriStateButton;
     friend struct lumqt::ButtonTones;
 
-    static constexpr int kMinimumAutoWidth = 85; // pixels, as the next
+    static constexpr int kMinimumAutoWidth = 85; // pixels, as the next two
     static constexpr int kIconSpacing = 10;
+    static constexpr int kIconOffset = 0;
 
     void init();
     void autoResizeBtn();
@@ -395,7 +401,7 @@ private:
     QFont m_font;
     bool m_iconAfterText = false;
     bool m_elided = false;
-    int m_iconVerticalOffset = 0;
+    int m_iconVerticalOffset = kIconOffset;
     bool m_reportsItself = false; // an event handler will emit sigBtnClicked when the base is done
     bool m_wasClicked = false;    // clicked() came while the handler was at work
     std::unique_ptr<lumqt::CachedText> m_textLayout;

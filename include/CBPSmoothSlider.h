@@ -30,9 +30,9 @@ class LUMQT_EXPORT CBPSmoothSlider : public QWidget
     /// The labels, two at least: fewer are refused. \since 1.0
     Q_PROPERTY(QStringList labels READ labels WRITE setLabels)
     /// The least value, 0 at first; above the maximum it is the only one. \since 1.0
-    Q_PROPERTY(int minimum READ minimum WRITE setMinimum)
+    Q_PROPERTY(int minimum READ minimum WRITE setMinimum RESET resetMinimum)
     /// The greatest value, 100 at first. \since 1.0
-    Q_PROPERTY(int maximum READ maximum WRITE setMaximum)
+    Q_PROPERTY(int maximum READ maximum WRITE setMaximum RESET resetMaximum)
     // After the range: once there is a slider, it is kept within that.
     /// The value; -1 without labels. \since 1.0
     Q_PROPERTY(int value READ GetValue WRITE SetValue NOTIFY valueChanged)
@@ -62,11 +62,17 @@ public:
     /// Sets the least value; one above the maximum is the only value, until that is raised. \since 1.0
     void setMinimum(int minimum);
 
+    /// Makes it 0 again. \since 1.0
+    void resetMinimum();
+
     /// The greatest value. \since 1.0
     int maximum() const;
 
     /// Sets the greatest value; below the minimum, that is the only value. \since 1.0
     void setMaximum(int maximum);
+
+    /// Makes it 100 again. \since 1.0
+    void resetMaximum();
 
     /// Sets the value, kept within the range. Without a slider it is kept for setLabels().
     /// \since 1.0
@@ -86,6 +92,9 @@ Q_SIGNALS:
     void valueChanged(int value);
 
 private:
+    static constexpr int kMinimum = 0;
+    static constexpr int kMaximum = 100;
+
     bool doMouseEvent(QMouseEvent *event, QWidget *widget);
     bool doPaintEvent(QPaintEvent *event, QWidget *widget);
     bool DrawSlider();
@@ -94,8 +103,8 @@ private:
     void drawValue(QPainter &painter, int handleX) const;
 
     QStringList m_labels;
-    int m_minimum = 0; // as they were set, in whatever order
-    int m_maximum = 100;
+    int m_minimum = kMinimum; // as they were set, in whatever order
+    int m_maximum = kMaximum;
     int m_wantedValue = 0; // of who set it before there was a slider
     QPointer<QSlider> m_slider;
     QPointer<QLabel> m_labelRow;

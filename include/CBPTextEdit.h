@@ -13,13 +13,14 @@ class LUMQT_EXPORT CBPTextEdit : public QTextEdit
     /// How many characters the text may have, a line break is one; 0 or less is no limit. \since 1.0
     Q_PROPERTY(int maxLength READ maxLength WRITE setMaxLength)
     /// Pixels between the frame and the text at the left; less than 0 is 0. \since 1.0
-    Q_PROPERTY(int leftTextMargin READ leftTextMargin WRITE setLeftTextMargin)
+    Q_PROPERTY(int leftTextMargin READ leftTextMargin WRITE setLeftTextMargin RESET resetLeftTextMargin)
     /// Pixels between the frame and the text at the top; less than 0 is 0. \since 1.0
-    Q_PROPERTY(int topTextMargin READ topTextMargin WRITE setTopTextMargin)
+    Q_PROPERTY(int topTextMargin READ topTextMargin WRITE setTopTextMargin RESET resetTopTextMargin)
     /// Pixels between the frame and the text at the right; less than 0 is 0. \since 1.0
-    Q_PROPERTY(int rightTextMargin READ rightTextMargin WRITE setRightTextMargin)
+    Q_PROPERTY(int rightTextMargin READ rightTextMargin WRITE setRightTextMargin RESET resetRightTextMargin)
     /// Pixels between the frame and the text at the bottom; less than 0 is 0. \since 1.0
-    Q_PROPERTY(int bottomTextMargin READ bottomTextMargin WRITE setBottomTextMargin)
+    Q_PROPERTY(
+        int bottomTextMargin READ bottomTextMargin WRITE setBottomTextMargin RESET resetBottomTextMargin)
 
 public:
     /// An empty edit without a limit. \since 1.0
@@ -49,11 +50,17 @@ public:
     /// Sets this space as setTextMargin() does, and no other. \since 1.0
     void setLeftTextMargin(int pixels);
 
+    /// Leaves no such space again. \since 1.0
+    void resetLeftTextMargin();
+
     /// The space between the frame and the text at the top in pixels. \since 1.0
     int topTextMargin() const;
 
     /// Sets this space as setTextMargin() does, and no other. \since 1.0
     void setTopTextMargin(int pixels);
+
+    /// Leaves no such space again. \since 1.0
+    void resetTopTextMargin();
 
     /// The space between the frame and the text at the right in pixels. \since 1.0
     int rightTextMargin() const;
@@ -61,11 +68,17 @@ public:
     /// Sets this space as setTextMargin() does, and no other. \since 1.0
     void setRightTextMargin(int pixels);
 
+    /// Leaves no such space again. \since 1.0
+    void resetRightTextMargin();
+
     /// The space between the frame and the text at the bottom in pixels. \since 1.0
     int bottomTextMargin() const;
 
     /// Sets this space as setTextMargin() does, and no other. \since 1.0
     void setBottomTextMargin(int pixels);
+
+    /// Leaves no such space again. \since 1.0
+    void resetBottomTextMargin();
 
 protected:
     bool event(QEvent *event) override;

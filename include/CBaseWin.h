@@ -45,8 +45,8 @@ struct tagNCCALCSIZE_PARAMS;
 class LUMQT_EXPORT CBaseWin : public QMainWindow
 {
     Q_OBJECT
-    /// Image file of the title's icon, from the next time the frame is painted; empty: none. \since 1.0
-    Q_PROPERTY(QString iconPath READ iconPath WRITE setIcon)
+    /// Image file of the title's icon; empty: none. A reset brings back the library's. \since 1.0
+    Q_PROPERTY(QString iconPath READ iconPath WRITE showIcon RESET resetIconPath)
     /// Text in the title strip; the window title is another one. \since 1.0
     Q_PROPERTY(QString caption READ caption WRITE setCaption NOTIFY captionChanged)
 
@@ -69,6 +69,9 @@ public:
 
     /// The image file of the title's icon. \since 1.0
     QString iconPath() const { return m_iconPath; }
+
+    /// Shows the library's picture again, "../res/title_logo.png". \since 1.0
+    void resetIconPath();
 
     /// Shows \a text in the title strip, on one line, line breaks as spaces, with an ellipsis at its end
     /// where it would run into the buttons. As given it is also the window's accessible name; the window
@@ -145,6 +148,8 @@ protected:
 
 private:
     void init();
+    void repaintAll();
+    void showIcon(const QString &path); // setIcon(), for the property: at once
     void resetBtnState();
     void drawTitleBtns(QPainter &painter, int x, int y, int id);
     void paintFrame();

@@ -148,6 +148,9 @@ public:
     /// Sets both corner radii, in pixels.
     /// \since 1.0
     void setCornerRadius(int radius);
+    /// Makes the corners square again.
+    /// \since 1.0
+    void resetCornerRadius();
 
     /// Background of the checked look; invalid at first, which paints none.
     /// \since 1.0

@@ -161,6 +161,11 @@ void CBPImageButton::setSpacing(int spacing)
     textChanged();
 }
 
+void CBPImageButton::resetSpacing()
+{
+    setSpacing(kTextSpacing);
+}
+
 void CBPImageButton::setLeftMargin(int margin)
 {
     m_leftMargin = lumqt::boundedPixels(margin);

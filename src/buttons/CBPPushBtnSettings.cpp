@@ -136,6 +136,11 @@ void CBPPushBtn::showIconOffset(int offset)
     update();
 }
 
+void CBPPushBtn::resetIconVerticalOffset()
+{
+    showIconOffset(kIconOffset);
+}
+
 void CBPPushBtn::setHasMenu(bool hasMenu)
 {
     m_hasMenu = hasMenu;

@@ -270,6 +270,12 @@ void CBtnObj::setCornerRadius(int radius)
     repaintOwner();
 }
 
+void CBtnObj::resetCornerRadius()
+{
+    setRoundRadius(squareCorners());
+    repaintOwner();
+}
+
 void CBtnObj::repaintOwner()
 {
     if (m_owner.widget)

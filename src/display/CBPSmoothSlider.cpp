@@ -91,6 +91,11 @@ void CBPSmoothSlider::setMinimum(int minimum)
     applyRange();
 }
 
+void CBPSmoothSlider::resetMinimum()
+{
+    setMinimum(kMinimum);
+}
+
 int CBPSmoothSlider::maximum() const
 {
     return m_slider ? m_slider->maximum() : qMax(m_minimum, m_maximum);
@@ -100,6 +105,11 @@ void CBPSmoothSlider::setMaximum(int maximum)
 {
     m_maximum = maximum;
     applyRange();
+}
+
+void CBPSmoothSlider::resetMaximum()
+{
+    setMaximum(kMaximum);
 }
 
 void CBPSmoothSlider::applyRange()

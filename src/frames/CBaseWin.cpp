@@ -27,7 +27,6 @@ using namespace lumqt;
 namespace {
 
 constexpr int kNoSpace = INT_MIN; // no room of a caption is that
-const char kTitleIcon[] = "../res/title_logo.png";
 
 QStringList stateImages(const QString &name)
 {
@@ -35,6 +34,11 @@ QStringList stateImages(const QString &name)
     for (const char *state : {"normal", "hover", "press", "disable"})
         images += Util::getResFullPath(QStringLiteral("../res/%1_%2.png").arg(name, QLatin1String(state)));
     return images;
+}
+
+QString titleIcon()
+{
+    return Util::getResFullPath(QStringLiteral("../res/title_logo.png"));
 }
 
 // Line breaks become spaces.
@@ -224,8 +228,7 @@ const QString &CBaseWin::Frame::captionWithin(int space)
     return captionShown;
 }
 
-CBaseWin::CBaseWin(QWidget *parent)
-    : QMainWindow(parent), m_iconPath(Util::getResFullPath(QLatin1String(kTitleIcon)))
+CBaseWin::CBaseWin(QWidget *parent) : QMainWindow(parent), m_iconPath(titleIcon())
 {
     setWindowTitle(QString());
     init();
@@ -265,6 +268,25 @@ void CBaseWin::setIcon(QString path)
     m_frame->fitLowestSize();
 }
 
+void CBaseWin::showIcon(const QString &path)
+{
+    setIcon(path);
+    repaintAll();
+}
+
+void CBaseWin::resetIconPath()
+{
+    showIcon(titleIcon());
+}
+
+// The frame, too, which is not a part of the widget on every platform.
+void CBaseWin::repaintAll()
+{
+    update();
+    if (isVisible())
+        paintFrame();
+}
+
 void CBaseWin::setCaption(QString text)
 {
     const bool changes = m_caption != text;
@@ -272,9 +294,7 @@ void CBaseWin::setCaption(QString text)
     m_frame->captionLine = onOneLine(text);
     m_frame->captionSpace = kNoSpace;
     setAccessibleName(text);
-    update();
-    if (isVisible())
-        paintFrame();
+    repaintAll();
     if (changes)
         emit captionChanged(text);
 }

@@ -15,6 +15,7 @@
 namespace {
 
 constexpr int kInset = lumqt::kFieldInset - lumqt::kViewFrame; // from the frame to the text
+constexpr int kTextMargin = 0;                                 // beside that, at first
 
 // A style sheet takes the filling away from the viewport, and fills it as before where it has no ground of
 // its own. It does not say so: one look at what it paints does.
@@ -89,6 +90,11 @@ void CBPTextEdit::setLeftTextMargin(int pixels)
     setTextMargin(pixels, now.top(), now.right(), now.bottom());
 }
 
+void CBPTextEdit::resetLeftTextMargin()
+{
+    setLeftTextMargin(kTextMargin);
+}
+
 int CBPTextEdit::topTextMargin() const
 {
     return viewportMargins().top();
@@ -98,6 +104,11 @@ void CBPTextEdit::setTopTextMargin(int pixels)
 {
     const QMargins now = viewportMargins();
     setTextMargin(now.left(), pixels, now.right(), now.bottom());
+}
+
+void CBPTextEdit::resetTopTextMargin()
+{
+    setTopTextMargin(kTextMargin);
 }
 
 int CBPTextEdit::rightTextMargin() const
@@ -111,6 +122,11 @@ void CBPTextEdit::setRightTextMargin(int pixels)
     setTextMargin(now.left(), now.top(), pixels, now.bottom());
 }
 
+void CBPTextEdit::resetRightTextMargin()
+{
+    setRightTextMargin(kTextMargin);
+}
+
 int CBPTextEdit::bottomTextMargin() const
 {
     return viewportMargins().bottom();
@@ -120,6 +136,11 @@ void CBPTextEdit::setBottomTextMargin(int pixels)
 {
     const QMargins now = viewportMargins();
     setTextMargin(now.left(), now.top(), now.right(), pixels);
+}
+
+void CBPTextEdit::resetBottomTextMargin()
+{
+    setBottomTextMargin(kTextMargin);
 }
 
 // The painting of the frame; that of the text is the viewport's.

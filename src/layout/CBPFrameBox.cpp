@@ -82,10 +82,20 @@ void CBPFrameBox::setTitleHeight(int height)
     update();
 }
 
+void CBPFrameBox::resetTitleHeight()
+{
+    setTitleHeight(kTitleHeight);
+}
+
 void CBPFrameBox::setBottomHeight(int height)
 {
     m_iBottomHeight = lumqt::boundedPixels(height);
     update();
+}
+
+void CBPFrameBox::resetBottomHeight()
+{
+    setBottomHeight(kBottomHeight);
 }
 
 void CBPFrameBox::paintEvent(QPaintEvent *)

@@ -27,7 +27,6 @@ constexpr int kMinWidth = 153;
 constexpr int kRoomBesideText = 49;
 constexpr int kRoomBesideTextWithArrow = 60;
 constexpr int kStateImages = 4;
-const char kSeparatorSheet[] = "QMenu:separator{height: 17px;}";
 const char kSizeRule[] = "CBPMenu{margin:0;padding:0;border:none}"
                          "CBPMenu::item{width:%1px;height:%2px;min-width:0;min-height:0;"
                          "max-width:%1px;max-height:%2px;margin:0;padding:0;border:none}";
@@ -108,6 +107,9 @@ void CBPMenu::Init()
     m_minWidth = kMinWidth;
     m_radius = lumqt::kMenuRadius;
     m_bottomHeight = lumqt::kMenuBottomHeight;
+    m_separatorRectHeight = lumqt::kMenuSeparatorRectHeight;
+    m_separatorHeight = lumqt::kMenuSeparatorHeight;
+    m_borderWidth = lumqt::kMenuBorderWidth;
     m_font = lumqt::uiFont(lumqt::NormalWeight, lumqt::kTextPixelSize);
     setObjectName(QStringLiteral("id_PopupMenu"));
     setWindowFlags(windowFlags() | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
@@ -307,7 +309,7 @@ void CBPMenu::setSeparatorRectHeight(int height)
     m_separatorRectHeight = height;
     // Before the menu is shown nobody would tell it that its rule is gone.
     const bool ruled = styleSheet().endsWith(m_sizeRule);
-    const QString sheet = QLatin1String(kSeparatorSheet) + (ruled ? m_sizeRule : QString());
+    const QString sheet = QLatin1String(lumqt::kMenuSeparatorSheet) + (ruled ? m_sizeRule : QString());
     if (styleSheet() != sheet)
         setStyleSheet(sheet);
     update();

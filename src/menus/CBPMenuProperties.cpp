@@ -52,6 +52,9 @@ void CBPMenu::setFrameColors(const QStringList &colors)
     setFrameClr(lumqt::colorsOf(colors));
 }
 
+// ------------------------------------------------------------------------------------------------------------
+// lines
+
 void CBPMenu::setBorderWidth(int width)
 {
     SetBorderInfo(width, m_borderColor);
@@ -60,6 +63,31 @@ void CBPMenu::setBorderWidth(int width)
 void CBPMenu::setBorderColor(const QColor &color)
 {
     SetBorderInfo(m_borderWidth, color);
+}
+
+void CBPMenu::resetBorderWidth()
+{
+    setBorderWidth(lumqt::kMenuBorderWidth);
+}
+
+void CBPMenu::resetBorderColor()
+{
+    setBorderColor(QColor());
+}
+
+// What else is in the style sheet stays.
+void CBPMenu::resetSeparatorRectHeight()
+{
+    m_separatorRectHeight = lumqt::kMenuSeparatorRectHeight;
+    QString sheet = styleSheet();
+    if (sheet.startsWith(QLatin1String(lumqt::kMenuSeparatorSheet)))
+        setStyleSheet(sheet.remove(0, int(qstrlen(lumqt::kMenuSeparatorSheet))));
+    update();
+}
+
+void CBPMenu::resetSeparatorHeight()
+{
+    setSeparatorHeight(lumqt::kMenuSeparatorHeight);
 }
 
 // ------------------------------------------------------------------------------------------------------------

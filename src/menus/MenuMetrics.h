@@ -8,5 +8,11 @@ constexpr int kMenuMargin = 6; // left of the images, and between them and the t
 constexpr int kMenuIconWidth = 14;
 constexpr int kMenuRadius = 4;
 constexpr int kMenuBottomHeight = 6;
+constexpr int kMenuSeparatorRectHeight = 0; // as high as an item
+constexpr int kMenuSeparatorHeight = 0;
+constexpr int kMenuBorderWidth = 0;
+
+// By which separators get a height of their own.
+constexpr char kMenuSeparatorSheet[] = "QMenu:separator{height: 17px;}";
 
 } // namespace lumqt

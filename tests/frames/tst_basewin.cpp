@@ -310,6 +310,9 @@ private Q_SLOTS:
         w.setIcon(Util::getResFullPath("../res/icon_user.png"));
         point(w, Move, QPoint(100, 20));
         AWAIT(frameImage(w, strip) != before);
+        before = frameImage(w, strip);
+        w.resetIconPath(); // at once
+        AWAIT(frameImage(w, strip) != before);
     }
 
     void dragging()

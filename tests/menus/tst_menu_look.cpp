@@ -96,6 +96,10 @@ private slots:
             QCOMPARE(itemRect(menu, 1).height(), 17);
             QCOMPARE(boxIn(menu, 1, QColor(46, 66, 93)), painted);
         }
+        menu.setStyleSheet(menu.styleSheet() + "QMenu{color:red}");
+        menu.resetSeparatorRectHeight();
+        QCOMPARE(itemRect(menu, 1).height(), 40);
+        QCOMPARE(menu.styleSheet(), QString("QMenu{color:red}"));
     }
 
     // The fill is translucent, and lies twice above a strip at the bottom.
