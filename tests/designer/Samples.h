@@ -9,7 +9,6 @@
 #include <QLocale>
 #include <QMetaProperty>
 #include <QPen>
-#include <QPixmap>
 #include <QSize>
 #include <QStringList>
 #include <QTime>
@@ -21,12 +20,8 @@ namespace samples {
 
 using Pair = QPair<QVariant, QVariant>;
 
-inline QIcon icon(const QColor &color)
-{
-    QPixmap pixmap(16, 16);
-    pixmap.fill(color);
-    return QIcon(pixmap);
-}
+// A style sheet names the file of the first one.
+constexpr const char *kIconFiles[] = {":/lumqtlib/res/close_normal.png", ":/lumqtlib/res/list_normal.png"};
 
 inline QStringList files(const QString &stem)
 {
@@ -54,7 +49,6 @@ inline const QHash<QString, Pair> &special()
         {"CBPJumpSlider.currentText", {"c", "b"}},
         {"CTabContainer.currentPage", {1, 0}},
         {"CTabContainer.currentIndex", {1, 0}},
-        {"CBPTheme.current", {"dark", "contrast"}},
         {"CBPEllipsisGifLabel.maximumDots", {5, 8}},
         {"CBPEllipsisGifLabel.running", {false, false}}, // it runs once in its life
         {"CBPGradientProgressBar.value", {0.5, 0.25}},
@@ -114,7 +108,7 @@ inline Pair of(const QMetaProperty &property, const QString &type)
     case QMetaType::QFont:
         return {font(17), font(21)};
     case QMetaType::QIcon:
-        return {icon(Qt::red), icon(Qt::green)};
+        return {QIcon(kIconFiles[0]), QIcon(kIconFiles[1])};
     case QMetaType::QSize:
         return {QSize(20, 20), QSize(24, 24)};
     case QMetaType::QDate:
@@ -181,6 +175,8 @@ inline QString inSheet(const QMetaProperty &property, const QVariant &value)
         return QLatin1Char('"') + value.toStringList().join(QLatin1String(", ")) + QLatin1Char('"');
     case QMetaType::QColor:
         return value.value<QColor>().name(QColor::HexArgb);
+    case QMetaType::QIcon:
+        return QStringLiteral("url(%1)").arg(QLatin1String(kIconFiles[0]));
     case QMetaType::QSize:
         return QStringLiteral("%1px %2px").arg(value.toSize().width()).arg(value.toSize().height());
     default:

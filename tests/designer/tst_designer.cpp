@@ -43,9 +43,11 @@ QByteArray wholeForm(const QString &domXml)
 // Where Designer sets it, and a form keeps it.
 bool isInForms(const QMetaProperty &property)
 {
+    // Of a container that has no pages yet none is the current one.
+    const bool needsPages = QByteArray(property.name()).startsWith("currentPage");
     // A form names icons by their files.
     return property.isWritable() && property.isDesignable() && property.isStored() &&
-           property.userType() != QMetaType::QIcon;
+           property.userType() != QMetaType::QIcon && !needsPages;
 }
 
 // What there is of Designer for the plugin.
@@ -186,6 +188,7 @@ private slots:
                 }
                 QVERIFY2(property.write(widget.get(), value), property.name());
                 const QVariant set = property.read(widget.get());
+                QVERIFY2(samples::equal(set, value), property.name());
                 const QByteArray form = save(widget.get(), changed);
                 const Widget loaded = load(form);
                 QVERIFY2(loaded, form.constData());

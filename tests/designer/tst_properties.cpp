@@ -52,10 +52,39 @@ Object makeTabPage()
     return item;
 }
 
+// With the label that an application's own waiter has for its text.
+Object makeSyncWaiter()
+{
+    struct Labelled : CBPUISyncWaiter
+    {
+        Labelled() : CBPUISyncWaiter(QString()) { setWaitingLabel(new QLabel(this)); }
+    };
+    return Object(new Labelled);
+}
+
+Object makePathRow()
+{
+    ComboxItem record;
+    return std::make_unique<CBPComboxItem>(record);
+}
+
+// A handle does not live without a splitter, which is deleted with it.
+Object makeHandle()
+{
+    struct Handle : CBPSplitterHandle
+    {
+        Handle() : CBPSplitterHandle(Qt::Horizontal, new QSplitter), m_owned(splitter()) {}
+        ~Handle() override { setParent(nullptr); }
+        const std::unique_ptr<QSplitter> m_owned;
+    };
+    return Object(new Handle);
+}
+
 struct Kind
 {
     const char *name;
     Object (*make)();
+    bool ownOnly = false; // without the properties of its base class
 };
 
 // A class that others derive from is tried with them.
@@ -102,14 +131,20 @@ const Kind kKinds[] = {
     {"CTabContainer", makeTabs},
     {"CTabPageItem", makeTabPage},
     {"CBPSplitter", make<CBPSplitter>},
+    {"CBPSplitterHandle", makeHandle},
+    {"CBPStateWidget", make<CBPStateWidget>},
     {"CBPScrollBar", make<CBPScrollBar>},
     {"CBPTreeWidget", make<CBPTreeWidget>},
     {"CBPMenu", make<CBPMenu>},
+    {"CBPPathDropdWnd", make<CBPPathDropdWnd>},
+    {"CBPComboxItem", makePathRow},
     {"CBPWinFrmTitle", make<CBPWinFrmTitle>},
     {"CBPWinFrm", makeFramed<CBPWinFrm>},
     {"CBPWinWidget", makeFramed<CBPWinWidget>},
     {"CBPPopWnd", makePopUp},
     {"CMsgBox", make<CMsgBox>},
+    {"CBPUISyncWaiter", makeSyncWaiter, true}, // it has no title bar
+    {"CBPWaiter", [] { return Object(new CBPWaiter(nullptr, QStringLiteral("Text"), 1000, false)); }},
     {"CBaseWin", make<CBaseWin>},
     {"CTextTips", [] { return Object(new CTextTips); }},
     {"CBPTipWnd", [] { return Object(new CBPTipWnd(ENOrientationNone, nullptr)); }},
@@ -125,6 +160,8 @@ void properties(bool (*wanted)(const QMetaProperty &))
         const QMetaObject *type = object->metaObject();
         for (int index = 0; index < type->propertyCount(); ++index) {
             const QMetaProperty property = type->property(index);
+            if (kKinds[kind].ownOnly && index < type->propertyOffset())
+                continue;
             // Declared again, only the last counts.
             if (samples::isOurs(type, index) && type->indexOfProperty(property.name()) == index &&
                 wanted(property))
