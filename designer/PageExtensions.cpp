@@ -132,13 +132,21 @@ private:
         QTimer::singleShot(0, window, [manager, window] {
             auto *sheet = qt_extension<QDesignerPropertySheetExtension *>(manager, window);
             const int index = sheet ? sheet->indexOf(QStringLiteral("windowTitle")) : -1;
-            if (index < 0)
+            const int title = sheet ? sheet->indexOf(QStringLiteral("title")) : -1;
+            if (index < 0 || title < 0)
                 return;
+            if (window->property("title").toString().isEmpty() && !window->windowTitle().isEmpty()) {
+                sheet->setProperty(title, window->windowTitle()); // of a form that was written by hand
+                sheet->setChanged(title, true);
+            }
             sheet->setProperty(index, window->property("title"));
             sheet->setChanged(index, false);
             sheet->setVisible(index, false);
-            if (auto *form = QDesignerFormWindowInterface::findFormWindow(window))
-                form->emitSelectionChanged(); // for the property editor
+            auto *form = QDesignerFormWindowInterface::findFormWindow(window);
+            if (!form)
+                return;
+            emit form->changed();         // for the form's own caption; it is no change to be saved
+            form->emitSelectionChanged(); // for the property editor
         });
     }
 };
