@@ -19,9 +19,9 @@ class QHBoxLayout;
 ///
 /// From right to left the row is mirrored; a time still reads hours first, from left to right.
 ///
-/// The last field cannot be removed. All fields and buttons are reached by Tab and pressed with Space; the
-/// focus stays in the list when a field is removed. What hears of an item's removal may delete the
-/// item, or the list. GUI thread only. \since 1.0
+/// The last field cannot be removed. All fields, and the buttons that have a picture, are reached by Tab, and
+/// these pressed with Space; the focus stays in the list when a field is removed. What hears of an item's
+/// removal may delete the item, or the list. GUI thread only. \since 1.0
 class LUMQT_EXPORT CEditTimeEdit : public QWidget
 {
     Q_OBJECT

@@ -5,6 +5,7 @@
 #include "ENState.h"
 #include "foundation/Accessible.h"
 #include "foundation/ListText.h"
+#include "foundation/TabOrder.h"
 
 #include <QHBoxLayout>
 #include <QLineEdit>
@@ -62,6 +63,7 @@ void CEditTimeEdit::Layout()
 
     m_pAddBtn = new CBPImageButton(QVector<QString>(ENStateDisable + 1, m_strAddIcon), false, kButtonId);
     new lumqt::DimmedWhenDisabled(m_pAddBtn);
+    lumqt::stopWherePictured(*m_pAddBtn, m_strAddIcon);
     m_pAddBtn->setAccessibleName(tr("Add a time"));
     layout->addWidget(m_pAddBtn);
     connect(m_pAddBtn, SIGNAL(btn_released(int)), this, SLOT(OnBtnPressed(int)));
@@ -78,8 +80,8 @@ CEditTimeEditItem *CEditTimeEdit::appendItem()
     connect(item, &CEditTimeEditItem::timeChanged, this, &CEditTimeEdit::tellTimes);
     if (before && before->m_pDelBtn && m_pAddBtn) {
         // Tab follows the row; otherwise what is made last comes last, after the add button.
-        setTabOrder(before->m_pDelBtn, item->m_pTimeEdit);
-        setTabOrder(item->m_pTimeEdit, item->m_pDelBtn);
+        lumqt::placeBehind(before->m_pDelBtn, item->m_pTimeEdit);
+        lumqt::placeBehind(item->m_pTimeEdit, item->m_pDelBtn);
     }
     nameItems(m_listItems.size() - 1);
     return item;

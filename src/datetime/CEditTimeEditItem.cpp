@@ -48,6 +48,7 @@ void CEditTimeEditItem::Layout()
     connect(m_pTimeEdit.data(), &QDateTimeEdit::timeChanged, this, &CEditTimeEditItem::tellTime);
     m_pDelBtn = new CBPImageButton(QVector<QString>(ENStateDisable + 1, m_strIconPath), false, kButtonId);
     new lumqt::DimmedWhenDisabled(m_pDelBtn);
+    lumqt::stopWherePictured(*m_pDelBtn, m_strIconPath);
     layout->addWidget(m_pDelBtn);
     connect(m_pDelBtn, SIGNAL(btn_released(int)), this, SLOT(OnClicked(int)));
 }

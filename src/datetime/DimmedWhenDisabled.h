@@ -36,12 +36,20 @@ private:
     static constexpr qreal kDimmed = 0.35;
 };
 
+// The Tab key comes to such a button only where there is something to be seen of it.
+inline void stopWherePictured(CBPImageButton &button, const QString &path)
+{
+    const bool seen = !pictureSize(path, button.devicePixelRatioF()).isEmpty();
+    button.setFocusPolicy(seen ? Qt::StrongFocus : Qt::NoFocus);
+}
+
 // Gives such a button another picture, and the size of that, which a button keeps by itself.
 inline void setOnlyPicture(CBPImageButton &button, const QString &path)
 {
     QVector<QString> images(ENStateDisable + 1, path);
     button.SetImgButtonRes(images);
     button.setFixedSize(pictureSize(path, button.devicePixelRatioF()));
+    stopWherePictured(button, path);
     button.update();
 }
 

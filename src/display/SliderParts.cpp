@@ -6,6 +6,7 @@
 #include "foundation/Painting.h"
 #include "foundation/Palette.h"
 #include "foundation/StyledGround.h"
+#include "foundation/TabOrder.h"
 #include "foundation/Tones.h"
 
 #include <QFocusEvent>
@@ -282,6 +283,7 @@ SliderParts makeSliderParts(QWidget *owner, std::function<QString()> spokenValue
     }
     column->addWidget(parts.slider);
     column->addWidget(parts.labelRow);
+    placeBehind(owner, parts.slider);
     owner->setFocusProxy(parts.slider);
     return parts;
 }

@@ -2,6 +2,7 @@
 
 #include "CBPPushBtn.h"
 #include "foundation/Log.h"
+#include "foundation/TabOrder.h"
 #include "layout/Packing.h"
 #include "layout/Pages.h"
 #include "layout/TabBar.h"
@@ -64,6 +65,11 @@ void CTabContainer::addTab(QWidget *page, const QString &text, int id, const QSt
     m_listTabs.erase(std::remove_if(m_listTabs.begin(), m_listTabs.end(), isGone), m_listTabs.end());
     const auto place = std::find_if(m_listTabs.begin(), m_listTabs.end(),
                                     [before](const Tab &tab) { return before && tab.first == before; });
+    // The tabs come before the pages, though they are made after them.
+    const auto last =
+        std::find_if(m_listTabs.crbegin(), m_listTabs.crend(), [](const Tab &tab) { return tab.first; });
+    lumqt::placeBehind(last == m_listTabs.crend() ? static_cast<QWidget *>(m_pTabBar) : last->first.data(),
+                       button);
     m_listTabs.insert(place, Tab(button, page));
     m_pContentLayout->addWidget(page);
 }

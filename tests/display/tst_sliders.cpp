@@ -6,6 +6,7 @@
 #include "TestMain.h"
 
 #include <QFocusFrame>
+#include <QLineEdit>
 #include <QSignalSpy>
 #include <QVBoxLayout>
 
@@ -88,6 +89,24 @@ class TestSliders : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    // As a form makes them: the labels, with which the slider proper comes, when all widgets are there.
+    void tabOrder()
+    {
+        QWidget window;
+        QVector<QWidget *> edits{new QLineEdit(&window)};
+        auto *jump = new CBPJumpSlider(&window);
+        auto *smooth = new CBPSmoothSlider(&window);
+        edits << new QLineEdit(&window);
+        smooth->setLabels(kEnds);
+        jump->setLabels(kLevels);
+        QVector<QWidget *> stops;
+        for (QWidget *each = window.nextInFocusChain(); each != &window; each = each->nextInFocusChain()) {
+            if (each->focusPolicy() & Qt::TabFocus)
+                stops << each;
+        }
+        QCOMPARE(stops, (QVector<QWidget *>{edits[0], sliderOf(*jump), sliderOf(*smooth), edits[1]}));
+    }
+
     void nothingWithoutTwoLabels()
     {
         for (const QStringList &labels : {QStringList(), QStringList("One")}) {

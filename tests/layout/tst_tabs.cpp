@@ -10,6 +10,7 @@
 
 #include <QBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 
 #include <memory>
 
@@ -339,6 +340,30 @@ private slots:
         AWAIT_EQUAL(told, QStringList("-1"));
         QCOMPARE(texts, (QList<QList<QVariant>>{{"Second"}, {""}}));
         delete pages[2];
+    }
+
+    // As a form makes them: what is in the pages first.
+    void tabsComeBeforePages()
+    {
+        QWidget window;
+        auto *tabs = new CTabContainer(&window);
+        new QLineEdit(&window);
+        for (const char *title : {"One", "Two"}) {
+            auto *page = new QWidget;
+            page->setWindowTitle(title);
+            new QLineEdit(page);
+            tabs->addPage(page);
+        }
+        const auto stops = [&window] {
+            QStringList names;
+            for (QWidget *each = window.nextInFocusChain(); each != &window;
+                 each = each->nextInFocusChain()) {
+                if (each->focusPolicy() & Qt::TabFocus)
+                    names << each->metaObject()->className();
+            }
+            return names.join(' ');
+        };
+        QCOMPARE(stops(), QString("lumqt::GroupButton QLineEdit QLineEdit QLineEdit"));
     }
 };
 
