@@ -96,6 +96,7 @@ def pictures(theme):
     for state, look in theme["delete"].items():
         suffix = "" if state == "normal" else "_" + state
         table.append(Picture(f"delete{suffix}.png", "cross", (20, 20), look, at=(-7, -2)))
+    table.append(Picture("add.png", "plus", (20, 20), field["normal"], at=(-7, -2)))
 
     # The two halves of the mark, which a waiter draws apart.
     table.append(Picture("log_l.png", "logo", (12, 24), theme["logo"], at=(0, 0)))
@@ -141,7 +142,7 @@ def compose(picture):
 
 
 # Glyphs with straight strokes, or so small that a picture scaled down from 200 per cent is dim.
-FITTED = ("list separator minimize maximize restore close back cross calendar logo search chevron-down chevron-up"
+FITTED = ("list separator minimize maximize restore close back cross plus calendar logo search chevron-down chevron-up"
           " page-left page-right").split()
 
 
