@@ -244,7 +244,10 @@ QVector<WidgetRow> datesAndTimes()
                                 text("selectAllItem", "All")),
         row<CBPWeekSelector>(kDates, "A choice of several days of the week",
                              list("items", {"Mon", "Tue", "Wed", "Thu", "Fri", "Sat", "Sun"})),
-        row<CEditTimeEdit>(kDates, "A short list of times of day", number("maximumCount", 3), QSize(320, 28)),
+        row<CEditTimeEdit>(kDates, "A short list of times of day",
+                           text("addIcon", "../res/add.png") + text("deleteIcon", "../res/delete.png") +
+                               number("maximumCount", 3),
+                           QSize(320, 28)),
     };
 }
 

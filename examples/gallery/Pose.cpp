@@ -169,7 +169,8 @@ void renew(QWidget *root)
 QPixmap portrait(CBPWinFrm &dialog, int width, int height)
 {
     dialog.setAttribute(Qt::WA_DontShowOnScreen);
-    dialog.AppendContent(new QWidget, true, false, 0); // or the title bar shares the room with the text
+    if (!dialog.contentWidget()) // or the title bar shares the room with the text
+        dialog.AppendContent(new QWidget, true, false, 0);
     dialog.resize(width, height);
     return dialog.grab();
 }

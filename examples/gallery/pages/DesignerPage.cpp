@@ -14,8 +14,7 @@
 
 namespace {
 
-constexpr int kClose = 8; // of the title bar
-constexpr QSize kDialog(620, 680);
+constexpr QSize kDialog(620, 632);
 constexpr int kGap = 2 * theme::kUnit;
 constexpr int kFontSize = 12;
 
@@ -27,7 +26,6 @@ public:
     explicit SettingsDialog(QWidget *parent = nullptr, int page = 0) : CBPPopWnd(false, parent)
     {
         Init(true);
-        ShowTitleBtn(kClose, true);
         m_form.setupUi(this);
         m_form.pages->setCurrentPage(page);
     }
