@@ -36,6 +36,8 @@ class LUMQT_EXPORT CBPGradientProgressBar : public QWidget
     Q_PROPERTY(bool textShown READ isTextShown WRITE setTextShown)
     /// Whether the filled part keeps its share when the bar is resized. \since 1.0
     Q_PROPERTY(bool shareKept READ isShareKept WRITE setIsVisible)
+    /// Whether it is not known how much is done: a piece then travels along the track. \since 1.0
+    Q_PROPERTY(bool busy READ isBusy WRITE setBusy)
     /// Kept for themes, and painted nowhere. \since 1.0
     Q_PROPERTY(QColor colorOne READ colorOne WRITE setColorOne RESET resetColorOne)
     /// Colour of the highlight; an invalid one is none. \since 1.0
@@ -85,6 +87,14 @@ public:
 
     /// Whether the percentage is written into the bar. \since 1.0
     bool isTextShown() const;
+
+    /// Whether it is not known how much is done; false at first. A piece of the bar then travels along the
+    /// track, or stands in its middle where the user wants nothing to move. The value stays, and shows again
+    /// after that. \since 1.0
+    void setBusy(bool busy);
+
+    /// Whether it is not known how much is done. \since 1.0
+    bool isBusy() const { return m_busy; }
 
     /// The first colour, which is painted nowhere. \since 1.0
     QColor colorOne() const;
@@ -143,12 +153,14 @@ private:
     void runTimers();
     void repaintOrRest();
     bool drawTrack(QPainter &painter, const QRect &track) const;
+    void drawTraveller(QPainter &painter, const QRect &track) const;
     void drawHighlight(QPainter &painter, const QRect &filled) const;
     void drawPercentage(QPainter &painter, const QRect &filled);
 
     QTimer *m_gradientTimer = nullptr;
     QTimer *m_drawTimer = nullptr;
     int m_highlightPosition = 0;
+    quint32 m_travelled = 0; // of the piece that is busy, in pixels
     double m_value = 0.0;
     int m_barWidth = 0;
     double m_shownValue = 0.0;
@@ -158,6 +170,7 @@ private:
     bool m_firstValue = true;
     bool m_rescaleOnResize = true;
     bool m_showText = false;
+    bool m_busy = false;
     bool m_ownColors = false; // others than the default ones
     int m_measuredWidth = 0;  // the widget's width that the bar width goes with
     bool m_onScreen = false;

@@ -5,6 +5,7 @@
 #include "foundation/Log.h"
 #include "foundation/Painting.h"
 #include "foundation/Palette.h"
+#include "platform/Platform.h"
 
 #include <QPainter>
 #include <QPainterPath>
@@ -26,6 +27,8 @@ constexpr qreal kHighlightRadius = 2;
 constexpr int kHighlightWidth = 100;
 constexpr int kHighlightStep = 10;
 constexpr int kHighlightPause = 500; // how far left of the bar the next sweep starts
+constexpr int kTravelStep = 3;       // pixels with each repaint
+constexpr int kTravelShare = 4;      // of the track the piece is this part
 constexpr int kTextPixelSize = 12;
 constexpr int kTextMargin = 6; // both sides together
 
@@ -64,7 +67,7 @@ public:
 
     QString text(QAccessible::Text kind) const override
     {
-        if (kind == QAccessible::Value && m_bar)
+        if (kind == QAccessible::Value && m_bar && !m_bar->m_busy)
             return CBPGradientProgressBar::tr("%1%").arg(percent(m_bar->m_value));
         return QAccessibleWidget::text(kind);
     }
@@ -73,6 +76,7 @@ public:
     {
         QAccessible::State state = QAccessibleWidget::state();
         state.readOnly = true;
+        state.busy = m_bar && m_bar->m_busy;
         return state;
     }
 
@@ -166,6 +170,23 @@ void CBPGradientProgressBar::setTextShown(bool shown)
 bool CBPGradientProgressBar::isTextShown() const
 {
     return m_showText;
+}
+
+void CBPGradientProgressBar::setBusy(bool busy)
+{
+    if (m_busy == busy)
+        return;
+    m_busy = busy;
+    m_travelled = 0;
+    if (busy || !m_firstValue)
+        startSweep();
+    else
+        resetMembers(); // it is at rest, as before its first value
+    update();
+    QAccessible::State changed;
+    changed.busy = true;
+    QAccessibleStateChangeEvent event(this, changed);
+    QAccessible::updateAccessibility(&event);
 }
 
 int CBPGradientProgressBar::progressBarWidth() const
@@ -274,8 +295,9 @@ void CBPGradientProgressBar::runTimers()
         if (timer && timer->isActive() != wanted)
             wanted ? timer->start() : timer->stop();
     };
-    run(m_gradientTimer, m_onScreen);
-    run(m_drawTimer, m_onScreen && m_barWidth != progressBarWidth());
+    const bool rests = m_busy && lumqt::platform::answers().lessMotion();
+    run(m_gradientTimer, m_onScreen && !rests);
+    run(m_drawTimer, m_onScreen && !m_busy && m_barWidth != progressBarWidth());
 }
 
 void CBPGradientProgressBar::resetMembers()
@@ -292,6 +314,7 @@ void CBPGradientProgressBar::resetMembers()
 
 void CBPGradientProgressBar::slotGradientTimerOut()
 {
+    m_travelled += kTravelStep;
     m_highlightPosition += kHighlightStep;
     if (m_highlightPosition >= m_barWidth)
         m_highlightPosition -= m_barWidth + kHighlightPause;
@@ -370,7 +393,11 @@ void CBPGradientProgressBar::paintEvent(QPaintEvent *)
     painter.setPen(Qt::NoPen);
     const QRect track = rect().adjusted(0, 0, -1, -1);
     const bool framed = drawTrack(painter, track);
-
+    if (m_busy) {
+        drawTraveller(painter, framed ? track.adjusted(1, 1, -1, -1) : track.adjusted(1, 1, 0, 0));
+        runTimers();
+        return;
+    }
     m_barWidth = qMin(m_barWidth + 1, progressBarWidth());
     QRect filled = track.adjusted(1, 1, 0, 0);
     filled.setWidth(m_barWidth);
@@ -394,6 +421,27 @@ void CBPGradientProgressBar::paintEvent(QPaintEvent *)
         resetMembers();
     else
         runTimers();
+}
+
+// Begins where the bar does, leaves at the end and comes in again.
+void CBPGradientProgressBar::drawTraveller(QPainter &painter, const QRect &track) const
+{
+    const int width = track.width() / kTravelShare;
+    const bool rests = lumqt::platform::answers().lessMotion();
+    const int way = track.width() + width;
+    const int left = rests ? (track.width() - width) / 2
+                           : int((m_travelled + quint32(width)) % quint32(qMax(1, way))) - width;
+    const QRect piece(track.left() + left, track.top(), width, track.height());
+    QLinearGradient gradient(piece.left(), 0, piece.right(), 0);
+    gradient.setColorAt(0, lumqt::themeColor(Purpose::ProgressStart));
+    gradient.setColorAt(1, lumqt::themeColor(Purpose::ProgressEnd));
+    QPainterPath clip;
+    clip.addRoundedRect(lumqt::wholeDevicePixels(painter, track), kRadius, kRadius);
+    painter.save();
+    painter.setClipPath(clip);
+    painter.setBrush(gradient);
+    painter.drawRoundedRect(lumqt::wholeDevicePixels(painter, piece), kRadius, kRadius);
+    painter.restore();
 }
 
 void CBPGradientProgressBar::drawHighlight(QPainter &painter, const QRect &filled) const

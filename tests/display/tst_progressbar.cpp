@@ -1,5 +1,6 @@
 #include "Await.h"
 #include "CBPGradientProgressBar.h"
+#include "Later.h"
 #include "Pixels.h"
 #include "TestMain.h"
 
@@ -213,6 +214,33 @@ private Q_SLOTS:
     }
 
     // The number follows by half a per cent with each repaint and is truncated; in a full bar it jumps.
+    // A quarter of the bar travels, or stands in the middle for who wants nothing to move; the value comes
+    // back.
+    void busy()
+    {
+        const auto restore = restoring(lumqt::platform::answers().lessMotion);
+        Bar bar(0.5);
+        bar.setBusy(true);
+        QVERIFY(qAbs(filledBy(bar) - kWidth / 4) <= 2);
+        QVERIFY(grabbedAt(bar, 20, 4).red() > 150 && grabbedAt(bar, kWidth / 2, 4).red() < 150);
+        QAccessibleInterface *face = QAccessible::queryAccessibleInterface(&bar);
+        QVERIFY(face->state().busy && face->text(QAccessible::Value).isEmpty());
+        lumqt::platform::answers().lessMotion = [] { return false; };
+        QVERIFY(grabbedAt(bar, 20, 4).red() < 150);
+        for (int tick = 0; tick < 30; ++tick)
+            bar.slotGradientTimerOut();
+        QVERIFY(grabbedAt(bar, 20, 4).red() > 150 && qAbs(filledBy(bar) - kWidth / 4) <= 2);
+        bar.setBusy(false);
+        QCOMPARE(filledBy(bar), kWidth / 2);
+        QVERIFY(!face->state().busy && !face->text(QAccessible::Value).isEmpty());
+        CBPGradientProgressBar empty; // which costs no timer before and after
+        empty.show();
+        empty.setBusy(true);
+        QCOMPARE(intervalsOf(empty, true).size(), 1);
+        empty.setBusy(false);
+        QVERIFY(intervalsOf(empty, true).isEmpty());
+    }
+
     void text()
     {
         Bar bar(0.2);
