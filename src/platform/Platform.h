@@ -25,6 +25,9 @@ constexpr unsigned long kUserLocale = 0x400;
 // How the user wants applications to look.
 enum class Appearance { Light, Dark, HighContrast };
 
+// What the task bar's button of a window shows of a job.
+enum class TaskBar { Nothing, Busy, Progress, Failure };
+
 // The answers of the system. All sizes are logical pixels of the widget's screen; a null widget means the
 // primary screen.
 struct Answers
@@ -40,6 +43,9 @@ struct Answers
     // Whether translucent windows are blended with what lies behind them. Where they are not, what a window
     // leaves transparent is black.
     std::function<bool()> composited;
+    // Has the button of a top-level window show it; `done` of what is shown is 0 to 1. Null, and a system
+    // without such buttons, do nothing.
+    std::function<void(QWidget *window, TaskBar what, double done)> taskBar;
     // Whether the user wants nothing to move that need not.
     std::function<bool()> lessMotion;
     // As the user has set it; where the system has no such setting, as the application's palette is.

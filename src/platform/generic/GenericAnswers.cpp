@@ -120,6 +120,7 @@ Answers systemAnswers()
     system.composited = [] {
         return QGuiApplication::platformName() != QLatin1String("xcb") || xComposited();
     };
+    system.taskBar = [](QWidget *, TaskBar, double) {};
     system.lessMotion = [] { // as the desktop tells its styles
         return qobject_cast<QApplication *>(QCoreApplication::instance()) &&
                QApplication::style()->styleHint(QStyle::SH_Widget_Animation_Duration) == 0;

@@ -1,4 +1,5 @@
 #include "platform/Platform.h"
+#include "platform/windows/WindowsTaskBar.h"
 
 #include "LumQtCompat.h"
 
@@ -188,6 +189,7 @@ Answers systemAnswers()
         BOOL animated = TRUE;
         return SystemParametersInfoW(SPI_GETCLIENTAREAANIMATION, 0, &animated, 0) && !animated;
     };
+    system.taskBar = showOnTaskBar;
     system.appearance = appearance;
     system.localeInfo = localeInfo;
     system.interfaceLanguage = [] {
