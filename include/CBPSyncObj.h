@@ -10,6 +10,10 @@
 
 class CBPEvtLoop;
 
+namespace lumqt {
+class JobWait;
+}
+
 /// What somebody waits in while a job runs: by itself an event loop that shows nothing, as a second base of a
 /// window or button also what the user sees meanwhile.
 ///
@@ -62,6 +66,7 @@ protected:
 
 private:
     friend class CBaseSyncExecuter;
+    friend class lumqt::JobWait;
 
     QString m_text;
     std::shared_ptr<CBPEvtLoop> m_ownLoop;

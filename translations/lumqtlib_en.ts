@@ -2,6 +2,24 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
+    <name>CAddBtn</name>
+    <message>
+        <source>Add</source>
+        <translation>Add</translation>
+    </message>
+</context>
+<context>
+    <name>CBPComboxItem</name>
+    <message>
+        <source>%1 Free of %2</source>
+        <translation>%1 Free of %2</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Delete</translation>
+    </message>
+</context>
+<context>
     <name>CBPDateSelector</name>
     <message>
         <source>Date</source>
@@ -29,28 +47,10 @@
     </message>
 </context>
 <context>
-    <name>CAddBtn</name>
-    <message>
-        <source>Add</source>
-        <translation>Add</translation>
-    </message>
-</context>
-<context>
     <name>CBPGradientProgressBar</name>
     <message>
         <source>%1%</source>
         <translation>%1%</translation>
-    </message>
-</context>
-<context>
-    <name>CBPComboxItem</name>
-    <message>
-        <source>%1 Free of %2</source>
-        <translation>%1 Free of %2</translation>
-    </message>
-    <message>
-        <source>Delete</source>
-        <translation>Delete</translation>
     </message>
 </context>
 <context>
@@ -62,6 +62,25 @@
     <message>
         <source>Octet %1 of %2</source>
         <translation>Octet %1 of %2</translation>
+    </message>
+</context>
+<context>
+    <name>CBPJobWindow</name>
+    <message>
+        <source>Stopping...</source>
+        <translation>Stopping...</translation>
+    </message>
+    <message>
+        <source>The job stops as soon as it can</source>
+        <translation>The job stops as soon as it can</translation>
+    </message>
+    <message>
+        <source>About %1 min left</source>
+        <translation>About %1 min left</translation>
+    </message>
+    <message>
+        <source>About %1 s left</source>
+        <translation>About %1 s left</translation>
     </message>
 </context>
 <context>

@@ -1,13 +1,12 @@
 #include "CBaseSyncExecuter.h"
 
-#include "CBPEvtLoop.h"
 #include "CBPSyncObj.h"
 #include "CBPUISyncWaiter.h"
 #include "CUIBaseThread.h"
 #include "CWorkThreadMgr.h"
 #include "foundation/Log.h"
-#include "sync/LoopNudge.h"
 #include "sync/ThreadEnd.h"
+#include "sync/WaitLoop.h"
 
 #include <QWidget>
 
@@ -41,18 +40,8 @@ struct CBaseSyncExecuter::Wait
 };
 
 // Shared with execute(), which may outlive the executer.
-struct CBaseSyncExecuter::Loop
+struct CBaseSyncExecuter::Loop : lumqt::WaitLoop
 {
-    CBPEvtLoop events;
-    std::unique_ptr<lumqt::LoopNudge> nudge;
-
-    // Ends it. What is to be waited in may handle events before its loop begins; nothing would be there to be
-    // ended yet, so it is ended again until the wait has been left.
-    void end()
-    {
-        events.exit(0);
-        nudge = std::make_unique<lumqt::LoopNudge>([this] { events.exit(0); });
-    }
 };
 
 CBaseSyncExecuter::CBaseSyncExecuter(CBPSyncObj *syncObj, QString text, QObject *window, QObject *attached)
