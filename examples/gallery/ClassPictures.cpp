@@ -45,6 +45,7 @@ const struct
     {"CTextTips", "tips", "Text tips"},
     {"CBPUISyncWaiter", "waiters", "Windows"},
     {"CBPWaiter", "waiters", "Windows"},
+    {"CBPJobWindow", "jobs", "Window"},
     {"CBPAnimationObj", "animation", "The spinner's pictures"},
     {"CBPGifLable", "animation", "Step by step"},
     {"CBPImageButton", "image-button", "States"},
