@@ -1,6 +1,7 @@
 #include "Bench.h"
 
 #include "CBaseSyncExecuter.h"
+#include "CBPJob.h"
 #include "CBPSyncObj.h"
 
 #include <QElapsedTimer>
@@ -14,6 +15,8 @@
 namespace {
 
 constexpr int kJobs = 50; // a round
+constexpr int kReports = 1000000;
+constexpr double kReportsLimit = 50000; // microseconds
 constexpr int kTicks = 60;
 constexpr int kTickMs = 5;
 
@@ -44,6 +47,45 @@ double executerTime()
                }
            }) /
            kJobs;
+}
+
+double jobTime()
+{
+    return Bench::time([] {
+               CBPSyncObj sync;
+               for (int i = 0; i < kJobs; ++i)
+                   CBPJob::run(
+                       nullptr, QString(), [] {}, &sync);
+           }) /
+           kJobs;
+}
+
+double reportTime(void (*report)(CBPJobControl &, int))
+{
+    CBPSyncObj sync;
+    return CBPJob::run(
+               nullptr, QString(),
+               [report](CBPJobControl &job) {
+                   return Bench::time([&] {
+                       for (int i = 0; i < kReports; ++i)
+                           report(job, i);
+                   });
+               },
+               &sync)
+        .value();
+}
+
+double progressTime()
+{
+    return reportTime([](CBPJobControl &job, int i) { job.setProgress(i, kReports); });
+}
+
+double textTime()
+{
+    return reportTime([](CBPJobControl &job, int) {
+        static const QString text = QStringLiteral("picture.raw");
+        job.setText(text);
+    });
 }
 
 double bareTime()
@@ -139,6 +181,16 @@ void benchExecuter(Bench &bench)
                   {{QStringLiteral("CBaseSyncExecuter"), executerTime},
                    {QStringLiteral("QThread, QEventLoop"), bareTime}},
                   {1.2});
+    bench.compare(QStringLiteral("CBPJob::run(): an empty job"), QStringLiteral("us a job"),
+                  {{QStringLiteral("CBPJob"), jobTime},
+                   {QStringLiteral("CBaseSyncExecuter"), executerTime},
+                   {QStringLiteral("QThread, QEventLoop"), bareTime}},
+                  {1.1, 0});
+    const Bench::Variant limit{QStringLiteral("50 ms"), [] { return kReportsLimit; }};
+    bench.compare(QStringLiteral("CBPJobControl: a million reports of progress"), QStringLiteral("us"),
+                  {{QStringLiteral("setProgress()"), progressTime}, limit}, {1});
+    bench.compare(QStringLiteral("CBPJobControl: a million texts"), QStringLiteral("us"),
+                  {{QStringLiteral("setText()"), textTime}, limit}, {0});
     bench.compare(QStringLiteral("execute(): a timer's lateness"), QStringLiteral("us, median"),
                   {{QStringLiteral("in the wait"), latenessInTheWait},
                    {QStringLiteral("idle event loop"), latenessAtRest}},
