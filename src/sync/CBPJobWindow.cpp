@@ -3,7 +3,6 @@
 #include "CBaseWin.h"
 #include "CBPGradientProgressBar.h"
 #include "CBPLabel.h"
-#include "CBPPushBtn.h"
 #include "foundation/ElidedText.h"
 #include "foundation/FontLookup.h"
 #include "foundation/ModalShow.h"
@@ -47,17 +46,17 @@ QString titleFor(const QWidget *parent)
 class Track : public QWidget
 {
 public:
-    explicit Track(QWidget *bar)
+    explicit Track(QWidget *bar) : m_row(new QHBoxLayout(this))
     {
-        auto *row = new QHBoxLayout(this);
-        row->setContentsMargins(kLine, kLine, kLine, kLine);
-        row->addWidget(bar);
+        m_row->addWidget(bar);
+        follow();
+        lumqt::onThemeChange(this, [this] { follow(); });
     }
 
 protected:
     void paintEvent(QPaintEvent *) override
     {
-        if (lumqt::themeColor(Purpose::ProgressFrame).alpha() > 0)
+        if (isFramed())
             return;
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
@@ -66,6 +65,18 @@ protected:
         const qreal radius = height() / 2.0;
         painter.drawRoundedRect(lumqt::wholeDevicePixels(painter, rect()), radius, radius);
     }
+
+private:
+    static bool isFramed() { return lumqt::themeColor(Purpose::ProgressFrame).alpha() > 0; }
+
+    // The track that the bar paints ends a pixel before its right and its lower edge.
+    void follow()
+    {
+        const int line = isFramed() ? 0 : kLine;
+        m_row->setContentsMargins(line, line, 0, 0);
+    }
+
+    QHBoxLayout *m_row;
 };
 
 } // namespace
@@ -152,7 +163,8 @@ void CBPJobWindow::resetProgress()
 
 void CBPJobWindow::tellTime()
 {
-    const QString time = m_stopping ? QString() : m_remaining->text(m_progress, m_clock.elapsed());
+    const QString time =
+        m_stopping ? tr("The job stops as soon as it can") : m_remaining->text(m_progress, m_clock.elapsed());
     if (m_time->text() != time)
         m_time->setText(time);
 }
@@ -175,7 +187,6 @@ void CBPJobWindow::cancel()
     m_stopping = true;
     retranslate();
     EnableButton(kCancel, false);
-    tellTime();
     emit cancelled();
 }
 
@@ -183,8 +194,7 @@ void CBPJobWindow::retranslate()
 {
     if (m_stopping)
         ResetBtnText(kCancel, tr("Stopping..."));
-    if (CBPPushBtn *button = GetBtn(kCancel))
-        button->setAccessibleDescription(m_stopping ? tr("The job stops as soon as it can") : QString());
+    tellTime();
 }
 
 bool CBPJobWindow::proceedBtnClicked(int)

@@ -136,6 +136,7 @@ private Q_SLOTS:
                 continue;
             QVERIFY(!window.GetBtn(kCancel)->isEnabled());
             QCOMPARE(window.GetBtn(kCancel)->text(), QString("Stopping..."));
+            QVERIFY(textsOf(window).contains("The job stops as soon as it can"));
         }
     }
 

@@ -24,6 +24,7 @@ namespace {
 
 constexpr int kColumns = 2;
 constexpr int kButtonWidth = 184;
+constexpr int kTravelled = 45; // steps of a bar that does not know how much is left
 constexpr int kQueued = 3;
 constexpr int kSteps = 50; // of a job that only takes its time
 constexpr unsigned long kStepMs = 60;
@@ -223,7 +224,7 @@ void addStarted(Page *page)
 {
     Section *section = page->addSection(
         "Started, and told of", "CBPJob::start() returns at once and calls back when the function has "
-                                "returned. Jobs of one receiver run one after the other.");
+                                "returned. Jobs of one window run one after the other.");
     auto *log = new EventLog("No job yet: press a button.");
     auto *queue = new Queue(log);
     section->addSamples(
@@ -241,12 +242,15 @@ QWidget *portrait(bool cancellable, double progress, const QString &time = QStri
 {
     return pose::shown([=] {
         CBPJobWindow window("Copying picture-021.raw", cancellable);
-        window.SetWindowTitle("LumQtLib Gallery");
+        window.SetWindowTitle("LumQtLib gallery");
         window.setProgress(progress);
+        for (int tick = 0; progress < 0 && tick < kTravelled; ++tick)
+            window.findChild<CBPGradientProgressBar *>()->slotGradientTimerOut();
         // The last one tells the time, which it takes two seconds to know.
-        window.findChildren<CBPLabel *>().last()->setText(time);
         if (stopping)
             window.cancel();
+        else
+            window.findChildren<CBPLabel *>().last()->setText(time);
         return pose::portrait(window, window.width(), window.height());
     });
 }
