@@ -19,6 +19,15 @@ constexpr int kLineWidth = 1; // of the frame, and of the lines between the butt
 constexpr int kIconSpacing = 8;
 constexpr int kNone = -1; // id
 
+// Those that the application has left.
+template <class Act> void forEach(const QVector<QPointer<CBPPushBtn>> &buttons, const Act &act)
+{
+    for (CBPPushBtn *button : buttons) {
+        if (button)
+            act(*button);
+    }
+}
+
 } // namespace
 
 CButtonGroupBox::CButtonGroupBox(bool exclusive, QWidget *parent)
@@ -196,10 +205,7 @@ void CButtonGroupBox::setCheckedId(int id)
 // None is told yet.
 void CButtonGroupBox::select(const CBPPushBtn *chosen)
 {
-    for (CBPPushBtn *button : qAsConst(m_buttons)) {
-        if (button)
-            button->changeSelected(button == chosen);
-    }
+    forEach(m_buttons, [chosen](CBPPushBtn &button) { button.changeSelected(&button == chosen); });
 }
 
 void CButtonGroupBox::tellCheckedId()
@@ -231,10 +237,7 @@ void CButtonGroupBox::SetTextClr(QVector<QColor> colors)
 void CButtonGroupBox::setTextColors(const QStringList &names)
 {
     SetTextClr(lumqt::colorsOf(names));
-    for (CBPPushBtn *button : qAsConst(m_buttons)) {
-        if (button)
-            button->setTextColors(names);
-    }
+    forEach(m_buttons, [&names](CBPPushBtn &button) { button.setTextColors(names); });
 }
 
 QStringList CButtonGroupBox::textColors() const
@@ -247,10 +250,7 @@ void CButtonGroupBox::resetTextColors()
 {
     m_textColors.clear();
     m_ownTextColors = false;
-    for (CBPPushBtn *button : qAsConst(m_buttons)) {
-        if (button)
-            button->resetTextColors();
-    }
+    forEach(m_buttons, [](CBPPushBtn &button) { button.resetTextColors(); });
 }
 
 void CButtonGroupBox::SetBgClr(QVector<QColor> colors)
@@ -262,10 +262,7 @@ void CButtonGroupBox::SetBgClr(QVector<QColor> colors)
 void CButtonGroupBox::setBackgroundColors(const QStringList &names)
 {
     SetBgClr(lumqt::colorsOf(names));
-    for (CBPPushBtn *button : qAsConst(m_buttons)) {
-        if (button)
-            button->setBackgroundColors(names);
-    }
+    forEach(m_buttons, [&names](CBPPushBtn &button) { button.setBackgroundColors(names); });
 }
 
 QStringList CButtonGroupBox::backgroundColors() const
@@ -277,10 +274,7 @@ void CButtonGroupBox::resetBackgroundColors()
 {
     m_bgColors.clear();
     m_ownBgColors = false;
-    for (CBPPushBtn *button : qAsConst(m_buttons)) {
-        if (button)
-            button->resetBackgroundColors();
-    }
+    forEach(m_buttons, [](CBPPushBtn &button) { button.resetBackgroundColors(); });
 }
 
 // What is selected is told when the click has been: a listener finds all of the buttons as they are to be.

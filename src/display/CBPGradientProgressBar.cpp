@@ -46,6 +46,18 @@ int growthInterval(double from, double to)
     return int(qBound(1.0, 1.0 / qAbs(to - from), double(std::numeric_limits<int>::max())));
 }
 
+// What of a piece lies in the whole, both with round ends.
+void drawWithin(QPainter &painter, const QRect &whole, const QRect &piece, const QBrush &brush, qreal radius)
+{
+    QPainterPath clip;
+    clip.addRoundedRect(lumqt::wholeDevicePixels(painter, whole), radius, radius);
+    painter.save();
+    painter.setClipPath(clip);
+    painter.setBrush(brush);
+    painter.drawRoundedRect(lumqt::wholeDevicePixels(painter, piece), radius, radius);
+    painter.restore();
+}
+
 } // namespace
 
 class CBPGradientProgressBar::Accessible : public QAccessibleWidget, public QAccessibleValueInterface
@@ -435,13 +447,7 @@ void CBPGradientProgressBar::drawTraveller(QPainter &painter, const QRect &track
     QLinearGradient gradient(piece.left(), 0, piece.right(), 0);
     gradient.setColorAt(0, lumqt::themeColor(Purpose::ProgressStart));
     gradient.setColorAt(1, lumqt::themeColor(Purpose::ProgressEnd));
-    QPainterPath clip;
-    clip.addRoundedRect(lumqt::wholeDevicePixels(painter, track), kRadius, kRadius);
-    painter.save();
-    painter.setClipPath(clip);
-    painter.setBrush(gradient);
-    painter.drawRoundedRect(lumqt::wholeDevicePixels(painter, piece), kRadius, kRadius);
-    painter.restore();
+    drawWithin(painter, track, piece, gradient, kRadius);
 }
 
 void CBPGradientProgressBar::drawHighlight(QPainter &painter, const QRect &filled) const
@@ -456,13 +462,7 @@ void CBPGradientProgressBar::drawHighlight(QPainter &painter, const QRect &fille
     gradient.setColorAt(0, clear);
     gradient.setColorAt(0.5, color);
     gradient.setColorAt(1, clear);
-    QPainterPath clip;
-    clip.addRoundedRect(lumqt::wholeDevicePixels(painter, filled), kHighlightRadius, kHighlightRadius);
-    painter.save();
-    painter.setClipPath(clip);
-    painter.setBrush(gradient);
-    painter.drawRoundedRect(lumqt::wholeDevicePixels(painter, highlight), kHighlightRadius, kHighlightRadius);
-    painter.restore();
+    drawWithin(painter, filled, highlight, gradient, kHighlightRadius);
 }
 
 void CBPGradientProgressBar::drawPercentage(QPainter &painter, const QRect &filled)

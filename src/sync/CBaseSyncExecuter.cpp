@@ -7,6 +7,7 @@
 #include "foundation/Log.h"
 #include "sync/ThreadEnd.h"
 #include "sync/WaitLoop.h"
+#include "sync/WaitNames.h"
 
 #include <QWidget>
 
@@ -14,7 +15,6 @@ namespace {
 
 constexpr unsigned long long kNoResult = 0x1001; // not 0, which a job may well report
 constexpr unsigned long kQuitStepMs = 1;
-const char kGlobalText[] = "STR_GLOBAL_UNIQUE";
 
 } // namespace
 
@@ -90,7 +90,7 @@ void CBaseSyncExecuter::packetData(QObject *window)
 
 bool CBaseSyncExecuter::isGlobal() const
 {
-    return m_text == QLatin1String(kGlobalText);
+    return lumqt::isGlobalWait(m_text);
 }
 
 bool CBaseSyncExecuter::isNeedDelete() const

@@ -3,6 +3,7 @@
 #include "CBaseSyncExecuter.h"
 #include "foundation/Log.h"
 #include "sync/ThreadEnd.h"
+#include "sync/WaitNames.h"
 
 #include <QCoreApplication>
 #include <QPointer>
@@ -10,7 +11,6 @@
 namespace {
 
 constexpr int kPollMs = 1;
-constexpr char kQuitSignal[] = "sigQuit(void*)";
 
 } // namespace
 
@@ -67,8 +67,7 @@ bool CWorkThreadMgr::isWndObjExist(void *window)
 // Once for a window, however often it registers.
 void CWorkThreadMgr::watch(QObject *window)
 {
-    // Framed windows have no such signal, and may be destroyed without any.
-    if (window->metaObject()->indexOfSignal(kQuitSignal) >= 0)
+    if (lumqt::tellsOfItsEnd(window))
         connect(window, SIGNAL(sigQuit(void *)), this, SLOT(slotQuit(void *)), Qt::UniqueConnection);
     connect(window, &QObject::destroyed, this, &CWorkThreadMgr::onWindowDestroyed, Qt::UniqueConnection);
 }

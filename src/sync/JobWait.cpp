@@ -4,6 +4,7 @@
 #include "platform/Platform.h"
 #include "sync/JobQueue.h"
 #include "sync/WaitLoop.h"
+#include "sync/WaitNames.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -16,8 +17,6 @@ namespace {
 constexpr int kDelayMs = 880; // a shorter wait shows nothing
 constexpr int kTickMs = 17;   // 60 a second at most
 constexpr int kFailureMs = 3000;
-constexpr char kQuitSignal[] = "sigQuit(void*)";
-const char kGlobalText[] = "STR_GLOBAL_UNIQUE";
 
 using platform::TaskBar;
 
@@ -64,7 +63,7 @@ JobWait::JobWait(JobPointer job, QObject *window, CBPSyncObj *waitIn)
       m_syncLife(m_syncObj->m_life),
       m_loop(std::make_shared<WaitLoop>()),
       m_window(window),
-      m_showsWindow(!waitIn && m_job->name != QLatin1String(kGlobalText) && hasWidgets())
+      m_showsWindow(!waitIn && !isGlobalWait(m_job->name) && hasWidgets())
 {
     m_job->wait = this;
     waits().append(this);
@@ -72,8 +71,7 @@ JobWait::JobWait(JobPointer job, QObject *window, CBPSyncObj *waitIn)
         m_modalBefore = QApplication::activeModalWidget();
     if (!window)
         return;
-    // Framed windows have no such signal, and may be destroyed without any.
-    if (window->metaObject()->indexOfSignal(kQuitSignal) >= 0)
+    if (tellsOfItsEnd(window))
         connect(window, SIGNAL(sigQuit(void *)), this, SLOT(onWindowGone()));
     connect(window, &QObject::destroyed, this, &JobWait::onWindowGone);
 }
@@ -97,7 +95,7 @@ CBPSyncObj *JobWait::syncObj() const
 
 bool JobWait::isGlobal() const
 {
-    return m_job->name == QLatin1String(kGlobalText);
+    return isGlobalWait(m_job->name);
 }
 
 // ------------------------------------------------------------------------------------------------------------
@@ -251,7 +249,7 @@ void JobWait::update()
     if (m_shown)
         m_shown->setProgress(progress);
     QWidget *owner = ownerOf(topOf(m_window));
-    const int taskBar = progress < 0 ? 0 : int(progress * 1000);
+    const int taskBar = progress < 0 ? 0 : 1 + int(progress * 1000);
     if (owner && taskBar != m_taskBar && waits().last() == this) {
         m_taskBar = taskBar;
         tellTaskBar(owner, progress < 0 ? TaskBar::Busy : TaskBar::Progress, progress);

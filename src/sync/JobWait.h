@@ -68,7 +68,7 @@ private:
     QPointer<CBPJobWindow> m_shown;
     bool m_wasShown = false;
     int m_textNumber = 0;
-    int m_taskBar = -1; // what it shows, in thousandths; -1: nothing
+    int m_taskBar = -1; // what it shows: -1 nothing, 0 busy, then thousandths and 1
     bool m_ended = false;
     bool m_windowGone = false;
 };
