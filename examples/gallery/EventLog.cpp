@@ -2,6 +2,8 @@
 
 #include "Theme.h"
 
+#include "CBPPushBtn.h"
+
 #include <QPainter>
 
 namespace {
@@ -43,4 +45,13 @@ void EventLog::paintEvent(QPaintEvent *)
         painter.drawText(line, start, text);
         line.translate(0, kLineHeight);
     }
+}
+
+CBPPushBtn *loggedButton(const QString &text, EventLog *log, const std::function<void(EventLog *)> &act)
+{
+    constexpr int kWidth = 184;
+    auto *button = new CBPPushBtn(text, nullptr);
+    button->setFixedSize(kWidth, theme::kControlHeight);
+    QObject::connect(button, &CBPPushBtn::sigBtnClicked, log, [log, act] { act(log); });
+    return button;
 }

@@ -2,6 +2,10 @@
 
 #include <QWidget>
 
+#include <functional>
+
+class CBPPushBtn;
+
 // The last few signals that live samples sent, the newest on top.
 class EventLog : public QWidget
 {
@@ -19,3 +23,6 @@ private:
     QStringList m_lines;
     int m_count = 0;
 };
+
+// A button for a live sample, which calls `act` with the log that it tells. As wide as its siblings.
+CBPPushBtn *loggedButton(const QString &text, EventLog *log, const std::function<void(EventLog *)> &act);

@@ -32,14 +32,6 @@ constexpr int kLookMs = 50; // at jobs that nobody waits for
 constexpr int kFiles = 60;  // of the folder that is copied
 constexpr int kFileSize = 1 << 20;
 
-CBPPushBtn *button(const QString &text, EventLog *log, const std::function<void(EventLog *)> &act)
-{
-    auto *made = new CBPPushBtn(text, nullptr);
-    made->setFixedSize(kButtonWidth, theme::kControlHeight);
-    QObject::connect(made, &CBPPushBtn::sigBtnClicked, log, [log, act] { act(log); });
-    return made;
-}
-
 QString ending(const CBPJobOutcome &outcome)
 {
     switch (outcome.state()) {
@@ -151,8 +143,8 @@ void addWaiting(Page *page)
         page->addSection("Waited for", "CBPJob::run() returns what the function returns. A wait of "
                                        "less than 880 milliseconds shows no window.");
     auto *log = new EventLog("No job yet: press a button.");
-    section->addSamples({{"With progress; can be cancelled", button("Copy a folder", log, copy)},
-                         {"Fails after two thirds", button("Download", log, download)},
+    section->addSamples({{"With progress; can be cancelled", loggedButton("Copy a folder", log, copy)},
+                         {"Fails after two thirds", loggedButton("Download", log, download)},
                          {"Waits in a button", waitingButton(log)}});
     section->addWide(log);
 }
@@ -228,9 +220,10 @@ void addStarted(Page *page)
     auto *log = new EventLog("No job yet: press a button.");
     auto *queue = new Queue(log);
     section->addSamples(
-        {{"Three jobs in a queue", button("Start three jobs", log, [queue](EventLog *) { queue->start(); })},
+        {{"Three jobs in a queue",
+          loggedButton("Start three jobs", log, [queue](EventLog *) { queue->start(); })},
          {"Also before its turn",
-          button("Cancel the second", log, [queue](EventLog *) { queue->cancelSecond(); })},
+          loggedButton("Cancel the second", log, [queue](EventLog *) { queue->cancelSecond(); })},
          {"Their progress", queue}});
     section->addWide(log);
 }

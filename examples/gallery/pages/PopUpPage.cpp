@@ -290,14 +290,6 @@ void askStubbornly(EventLog *log)
     run(log, dialog);
 }
 
-CBPPushBtn *opener(const QString &text, EventLog *log, void (*open)(EventLog *))
-{
-    auto *button = new CBPPushBtn(text, nullptr);
-    button->setFixedWidth(184);
-    QObject::connect(button, &CBPPushBtn::sigBtnClicked, log, [log, open] { open(log); });
-    return button;
-}
-
 Page *makePage()
 {
     auto *page =
@@ -305,8 +297,8 @@ Page *makePage()
                                    "which is its result.");
     Section *section = page->addSection("Try it", "Each pop-up tells its result when it is closed.");
     auto *log = new EventLog("No result yet: run a pop-up and press one of its buttons.");
-    section->addSamples({{"proceedBtnClicked()", opener("Ask for a name", log, &askName)},
-                         {"SetBtnClickCB()", opener("Refuse every button", log, &askStubbornly)}});
+    section->addSamples({{"proceedBtnClicked()", loggedButton("Ask for a name", log, &askName)},
+                         {"SetBtnClickCB()", loggedButton("Refuse every button", log, &askStubbornly)}});
     section->addWide(log);
     addPortraits(page);
     addButtons(page);

@@ -45,14 +45,6 @@ CBPWaitBtn *waitingButton(EventLog *log)
     return button;
 }
 
-CBPPushBtn *opener(const QString &text, EventLog *log, void (*open)(EventLog *))
-{
-    auto *button = new CBPPushBtn(text, nullptr);
-    button->setFixedSize(184, theme::kControlHeight);
-    QObject::connect(button, &CBPPushBtn::sigBtnClicked, log, [log, open] { open(log); });
-    return button;
-}
-
 void runWaiter(EventLog *log)
 {
     const QPointer<EventLog> to(log);
@@ -82,8 +74,8 @@ void addLive(Page *page)
                                    "button waits to the end.");
     auto *log = new EventLog("Nothing has waited yet.");
     section->addSamples({{"CBPWaitBtn", waitingButton(log)},
-                         {"CBPUISyncWaiter", opener("Open a waiter", log, &runWaiter)},
-                         {"CBPWaiter", opener("Open a busy dialog", log, &runDialog)}});
+                         {"CBPUISyncWaiter", loggedButton("Open a waiter", log, &runWaiter)},
+                         {"CBPWaiter", loggedButton("Open a busy dialog", log, &runDialog)}});
     section->addWide(log);
 }
 

@@ -57,14 +57,6 @@ void wait(CBPSyncObj *sync, QObject *window, EventLog *log, const QString &name)
         to->add(QString("%1: not waited for any more; the job ends by itself").arg(name));
 }
 
-CBPPushBtn *opener(const QString &text, EventLog *log, const std::function<void(EventLog *)> &open)
-{
-    auto *button = new CBPPushBtn(text, nullptr);
-    button->setFixedSize(kButtonWidth, theme::kControlHeight);
-    QObject::connect(button, &CBPPushBtn::sigBtnClicked, log, [log, open] { open(log); });
-    return button;
-}
-
 CBPWaitBtn *waitingButton(EventLog *log)
 {
     auto *button = new CBPWaitBtn(theme::spinnerFrames(), "Count in the button", "Counting");
@@ -166,20 +158,21 @@ void addJobs(Page *page)
                          "waits. The dots keep moving.");
     auto *log = new EventLog("No job yet: press a button.");
     section->addSamples({{"The interface", new Heartbeat}});
-    section->addSamples({{"Shown in a button", waitingButton(log)},
-                         {"A window that the executer makes",
-                          opener("Count behind a window", log,
-                                 [](EventLog *to) { wait(nullptr, to->window(), to, "Waiting window"); })},
-                         {"Nothing shown", opener("Count unseen", log,
-                                                  [](EventLog *to) {
-                                                      CBPSyncObj unseen;
-                                                      wait(&unseen, nullptr, to, "Unseen");
-                                                  })},
-                         {"A pop-up that may be closed", opener("Open a pop-up", log, [](EventLog *to) {
-                              const QPointer<CBPPopWnd> popUp(new CountingPopUp(to));
-                              popUp->Run();
-                              delete popUp;
-                          })}});
+    section->addSamples(
+        {{"Shown in a button", waitingButton(log)},
+         {"A window that the executer makes",
+          loggedButton("Count behind a window", log,
+                       [](EventLog *to) { wait(nullptr, to->window(), to, "Waiting window"); })},
+         {"Nothing shown", loggedButton("Count unseen", log,
+                                        [](EventLog *to) {
+                                            CBPSyncObj unseen;
+                                            wait(&unseen, nullptr, to, "Unseen");
+                                        })},
+         {"A pop-up that may be closed", loggedButton("Open a pop-up", log, [](EventLog *to) {
+              const QPointer<CBPPopWnd> popUp(new CountingPopUp(to));
+              popUp->Run();
+              delete popUp;
+          })}});
     section->addWide(log);
 }
 
