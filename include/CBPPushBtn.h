@@ -375,6 +375,7 @@ private:
     void showCheckedFrame(const QColor &color);
     int iconWidth() const;
     int textWidth() const;
+    QSize styledSize(const QString &label, const QFont &letters) const;
     QPixmap iconPixmap() const;
     void openMenu();
     void returnMark();
@@ -409,4 +410,7 @@ private:
     bool m_markedBefore = false; // as focused, when the mouse pressed it
     lumqt::Press m_press{};      // of the mouse
     mutable bool m_cut = false;  // an ellipsis stood for the end of the text at the last paint
+    mutable bool m_hintedAutoDefault = false;
+    mutable QSize m_hintedContent; // what the style was asked for last, and with which default indicator
+    mutable QSize m_hint;          // what it said
 };

@@ -378,7 +378,7 @@ int CBPDropdownBtn::textGap() const
 // As a painter completes it.
 QFont CBPDropdownBtn::textFont() const
 {
-    return m_font.resolve(font());
+    return lumqt::completed(m_font, font());
 }
 
 QSize CBPDropdownBtn::sizeHint() const

@@ -105,7 +105,7 @@ void CBPImageButton::ReSetSize()
 // A painter completes the font by that of the widget, which a style sheet of the window may have set.
 QFont CBPImageButton::paintedFont() const
 {
-    return m_font.resolve(font());
+    return lumqt::completed(m_font, font());
 }
 
 // ----------------------------------------------------------------------------------------------------------

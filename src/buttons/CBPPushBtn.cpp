@@ -96,8 +96,12 @@ CBPPushBtn::~CBPPushBtn() = default;
 // and the base's constructor would get its own.
 void CBPPushBtn::init()
 {
-    lumqt::registerMenuItem();
-    lumqt::installAccessible(staticMetaObject.className(), makeAccessible);
+    static const bool once = [] {
+        lumqt::registerMenuItem();
+        lumqt::installAccessible(staticMetaObject.className(), makeAccessible);
+        return true;
+    }();
+    Q_UNUSED(once)
     m_owner.widget = this;
     m_ringPurpose = short(lumqt::Purpose::ButtonFocusRing);
     m_minimumWidth = kMinimumAutoWidth;
@@ -252,6 +256,7 @@ void CBPPushBtn::leaveEvent(QEvent *event)
 
 void CBPPushBtn::changeEvent(QEvent *event)
 {
+    m_hintedContent = QSize(); // another style, or a style sheet that says something else
     // Callers that disable the button, or its parent, through QWidget come by here.
     if (event->type() == QEvent::EnabledChange) {
         setState(isEnabled() ? Normal : Disabled);

@@ -1,10 +1,13 @@
 #include "CBPPushBtn.h"
 
 #include "buttons/ButtonTones.h"
+#include "foundation/FontLookup.h"
 #include "foundation/IconPixmap.h"
 #include "foundation/Painting.h"
 
+#include <QDialogButtonBox>
 #include <QPainter>
+#include <QStyleOptionButton>
 
 using lumqt::Purpose;
 
@@ -32,11 +35,32 @@ QColor withAlpha(QColor color, int alpha)
 // The style reckons with the font and the frame of a button of its own; a style sheet may leave it none.
 QSize CBPPushBtn::sizeHint() const
 {
-    const QSize hint = QPushButton::sizeHint();
-    if (text().isEmpty())
-        return hint;
-    const int least = m_textLayout->lineSize(text(), textFont()).width() + 2 * kHintedInset;
-    return hint.expandedTo(QSize(qMin(least, QWIDGETSIZE_MAX), 0));
+    const QString label = text();
+    if (label.isEmpty())
+        return QPushButton::sizeHint();
+    ensurePolished(); // a style sheet may say the font
+    const QFont letters = textFont();
+    const int least = m_textLayout->lineSize(label, letters).width() + 2 * kHintedInset;
+    return styledSize(label, letters).expandedTo(QSize(qMin(least, QWIDGETSIZE_MAX), 0));
+}
+
+// QPushButton::sizeHint(), which would lay the text out once more, where it can be had of the same layout.
+QSize CBPPushBtn::styledSize(const QString &label, const QFont &letters) const
+{
+    const bool textAlone =
+        icon().isNull() && !menu() && !qobject_cast<const QDialogButtonBox *>(parentWidget());
+    if (!textAlone || !lumqt::looksTheSame(label, letters, font()))
+        return QPushButton::sizeHint();
+    const QSize content = m_textLayout->styledSize(label, letters);
+    if (content != m_hintedContent || autoDefault() != m_hintedAutoDefault) {
+        QStyleOptionButton option;
+        initStyleOption(&option);
+        option.rect.setSize(content);
+        m_hint = style()->sizeFromContents(QStyle::CT_PushButton, &option, content, this);
+        m_hintedContent = content;
+        m_hintedAutoDefault = autoDefault();
+    }
+    return m_hint;
 }
 
 void CBPPushBtn::paintEvent(QPaintEvent *)

@@ -98,7 +98,7 @@ void CBPPushBtn::setTextElided(bool elided)
 
 QFont CBPPushBtn::textFont() const
 {
-    return m_font.resolve(font()); // as a painter completes it
+    return lumqt::completed(m_font, font());
 }
 
 QString CBPPushBtn::elided(const QString &text, int width) const

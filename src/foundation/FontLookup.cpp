@@ -6,9 +6,15 @@
 #include "platform/Platform.h"
 
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QHash>
+#include <QRawFont>
 #include <QSet>
 #include <QSettings>
+
+#include <algorithm>
+#include <array>
+#include <iterator>
 
 namespace {
 
@@ -51,6 +57,11 @@ QString GetUILanguage()
 
 QString GetFontFamily(int weightIndex)
 {
+    static std::array<QString, std::size(kWeightKeys)>
+        known; // of the language, which is kept once it is known
+    const bool weight = weightIndex >= lumqt::LightWeight && weightIndex <= lumqt::BoldWeight;
+    if (weight && !known[size_t(weightIndex)].isEmpty())
+        return known[size_t(weightIndex)];
     QString language = GetUILanguage();
     if (language.isEmpty())
         language = GetUILanguage(); // an installer may be writing the setting: one more look
@@ -58,11 +69,14 @@ QString GetFontFamily(int weightIndex)
     static QSettings *const table = openFontTable();
 
     QString key = language + QLatin1Char('/');
-    if (weightIndex >= lumqt::LightWeight && weightIndex <= lumqt::BoldWeight)
+    if (weight)
         key += QLatin1String(kWeightKeys[weightIndex]);
     QString family = table->value(key, QVariant()).toString();
-    if (!family.isEmpty())
+    if (!family.isEmpty()) {
+        if (weight && !language.isEmpty())
+            known[size_t(weightIndex)] = family;
         return family;
+    }
     warnOfMissingFamily(key);
     return QString::fromLatin1(kDefaultFamily);
 }
@@ -83,6 +97,78 @@ QFont uiFont(int weightIndex, int pixelSize)
         found = fonts.insert(key, font);
     }
     return *found;
+}
+
+QFont completed(const QFont &font, const QFont &rest)
+{
+    // Of the last ones only: a window is painted, or laid out, at a time, and its widgets are alike.
+    static QFont lastFont, lastRest, last;
+    if (!font.isCopyOf(lastFont) || !rest.isCopyOf(lastRest)) {
+        lastFont = font;
+        lastRest = rest;
+        last = font.resolve(rest);
+    }
+    return last;
+}
+
+namespace {
+
+constexpr ushort kLastLatin = 0x17f; // of the European languages
+
+// The last character up to which a font has all of Latin by itself: each family has substitutes of its own.
+ushort lastOfOwn(const QRawFont &font)
+{
+    ushort code = ' ';
+    while (code < kLastLatin && (font.supportsCharacter(QChar(code + 1)) || (code >= '~' && code < 0xa0)))
+        ++code;
+    return code;
+}
+
+bool isSameFace(const QRawFont &one, const QRawFont &other)
+{
+    return one.isValid() && one.familyName() == other.familyName() && one.styleName() == other.styleName() &&
+           one.pixelSize() == other.pixelSize() && one.weight() == other.weight() &&
+           one.style() == other.style() && one.hintingPreference() == other.hintingPreference();
+}
+
+bool isSetTheSame(const QFont &one, const QFont &other)
+{
+    return one.weight() == other.weight() && one.style() == other.style() &&
+           one.stretch() == other.stretch() && one.kerning() == other.kerning() &&
+           one.styleStrategy() == other.styleStrategy() && one.capitalization() == other.capitalization() &&
+           one.letterSpacingType() == other.letterSpacingType() &&
+           one.letterSpacing() == other.letterSpacing() && one.wordSpacing() == other.wordSpacing();
+}
+
+// Two fonts that were compared, and up to which character they are the same.
+struct Comparison
+{
+    QFont one;
+    QFont other;
+    ushort last = 0xffff;
+};
+
+ushort lastOfBoth(const QFont &one, const QFont &other)
+{
+    if (one == other)
+        return 0xffff;
+    const QRawFont face = QRawFont::fromFont(one);
+    const bool same = isSetTheSame(one, other) && isSameFace(face, QRawFont::fromFont(other));
+    return same ? lastOfOwn(face) : ushort(0);
+}
+
+} // namespace
+
+bool looksTheSame(const QString &text, const QFont &one, const QFont &other)
+{
+    static Comparison known;
+    static QMetaObject::Connection news;
+    if (!known.one.isCopyOf(one) || !known.other.isCopyOf(other)) {
+        known = {one, other, lastOfBoth(one, other)};
+        if (!news) // the font that an application adds may be the one that was missing
+            news = QObject::connect(qGuiApp, &QGuiApplication::fontDatabaseChanged, [] { known = {}; });
+    }
+    return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() <= known.last; });
 }
 
 } // namespace lumqt

@@ -22,4 +22,12 @@ constexpr int kTextPixelSize = 14;
 // pointers.
 LUMQT_TESTED QFont uiFont(int weightIndex = NormalWeight, int pixelSize = kTextPixelSize);
 
+// `font`, and what it leaves open as `rest` has it: a painter completes it so with the font of its widget.
+// Widgets with the same two share one QFont, for which Qt looks up the letters once.
+QFont completed(const QFont &font, const QFont &rest);
+
+// Whether `text` is set in the same letters, and is as long, in both fonts: such as in a family that is not
+// installed and in the one that stands for it. False when in doubt.
+LUMQT_TESTED bool looksTheSame(const QString &text, const QFont &one, const QFont &other);
+
 } // namespace lumqt

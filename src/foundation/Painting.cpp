@@ -5,13 +5,10 @@
 
 #include <QCache>
 #include <QCoreApplication>
-#include <QFontMetrics>
 #include <QPaintDevice>
 #include <QPaintEngine>
 #include <QPainter>
 #include <QPixmap>
-#include <QStyle>
-#include <QTextOption>
 
 #include <cmath>
 
@@ -131,15 +128,14 @@ QPixmap bodyPixmap(const QSize &size, const Body &body, qreal ratio)
     return pixmap;
 }
 
-// Of what is painted on in the end: a widget that is rendered into a picture has its screen's.
+} // namespace
+
 qreal ratioOf(const QPainter &painter)
 {
     const QPaintDevice *surface =
         painter.paintEngine() ? painter.paintEngine()->paintDevice() : painter.device();
     return surface ? surface->devicePixelRatioF() : 1.0;
 }
-
-} // namespace
 
 QRectF wholeDevicePixels(const QPainter &painter, const QRectF &rect)
 {
@@ -258,117 +254,6 @@ void drawDotBadge(QPainter &painter, const QPoint &topLeft, const QColor &color)
     const QRectF place(topLeft, QSizeF(kDotBadgeSize, kDotBadgeSize));
     painter.drawRoundedRect(wholeDevicePixels(painter, place), kDotRadius, kDotRadius);
     painter.restore();
-}
-
-namespace {
-
-// The text runs its own way wherever it stands: the ellipsis of a cut one is at its end.
-class OwnDirection
-{
-public:
-    OwnDirection(QPainter &painter, const QString &text)
-        : m_painter(painter), m_before(painter.layoutDirection())
-    {
-        painter.setLayoutDirection(text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
-    }
-    ~OwnDirection() { m_painter.setLayoutDirection(m_before); }
-    Q_DISABLE_COPY(OwnDirection)
-
-    Qt::LayoutDirection before() const { return m_before; }
-
-private:
-    QPainter &m_painter;
-    Qt::LayoutDirection m_before;
-};
-
-} // namespace
-
-void CachedText::measure(const QString &text, const QFont &font, qreal ratio)
-{
-    if (ratio == m_ratio && text == m_text && font == m_font)
-        return;
-    m_text = text;
-    m_font = font;
-    m_ratio = ratio;
-    m_painted = false;
-    m_laidOut = false;
-    const QFontMetrics metrics(font);
-    m_ascent = metrics.ascent();
-    // Line breaks and tabs need the general layout, which knows them.
-    m_oneLine = !text.contains(QLatin1Char('\n')) && !text.contains(QLatin1Char('\t')) &&
-                !text.contains(QChar::LineSeparator) && !text.contains(QChar::ParagraphSeparator);
-    m_size = m_oneLine ? QSize(metrics.horizontalAdvance(text), metrics.height())
-                       : metrics.size(Qt::TextExpandTabs, text);
-}
-
-// Lays nothing out for a text that is painted once: many a window is shown and closed.
-void CachedText::drawLine(QPainter &painter, const QPoint &topLeft)
-{
-    if (m_font.underline()) { // Qt's own line would lie between pixels
-        QFont letters = m_font;
-        letters.setUnderline(false);
-        painter.setFont(letters);
-        const QFontMetricsF metrics(m_font);
-        const qreal below = qMin(std::ceil(metrics.underlinePos()), metrics.descent());
-        const QRectF line(topLeft.x(), topLeft.y() + m_ascent + below, m_size.width(), metrics.lineWidth());
-        painter.fillRect(evenDevicePixels(painter, line), painter.pen().color());
-    }
-    // Under a scaling painter Qt leaves the lines of a static text out.
-    if (!m_painted || m_font.strikeOut()) {
-        m_painted = true;
-        painter.drawText(topLeft + QPoint(0, m_ascent), m_text);
-        return;
-    }
-    if (!m_laidOut || m_direction != painter.layoutDirection()) {
-        m_laidOut = true;
-        m_direction = painter.layoutDirection(); // by which drawText() orders what runs both ways
-        m_layout = QStaticText(m_text);
-        m_layout.setTextFormat(Qt::PlainText);
-        QTextOption option;
-        option.setTextDirection(m_direction);
-        m_layout.setTextOption(option);
-    }
-    painter.drawStaticText(topLeft, m_layout);
-}
-
-void CachedText::drawCentred(QPainter &painter, const QRect &rect, const QString &text, const QFont &font)
-{
-    if (text.isEmpty())
-        return;
-    measure(text, font, ratioOf(painter));
-    painter.setFont(font);
-    const OwnDirection direction(painter, text);
-    if (m_oneLine && m_size.width() <= rect.width()) {
-        drawLine(painter, rect.topLeft() + QPoint((rect.width() - m_size.width()) / 2,
-                                                  (rect.height() - m_size.height()) / 2));
-        return;
-    }
-    QTextOption option(Qt::AlignCenter);
-    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    painter.drawText(QRectF(rect), text, option);
-}
-
-void CachedText::drawLeft(QPainter &painter, const QRect &rect, const QString &text, const QFont &font)
-{
-    if (text.isEmpty())
-        return;
-    measure(text, font, ratioOf(painter));
-    painter.setFont(font);
-    const OwnDirection direction(painter, text);
-    const bool higher = m_oneLine && m_size.height() > rect.height();
-    if (m_oneLine && !higher)
-        drawLine(painter, rect.topLeft() + QPoint(0, (rect.height() - m_size.height()) / 2));
-    else // which is cut at the rectangle's edges
-        painter.drawText(rect,
-                         int(QStyle::visualAlignment(direction.before(), Qt::AlignLeft)) | Qt::AlignAbsolute |
-                             Qt::AlignVCenter | Qt::TextExpandTabs,
-                         text);
-}
-
-QSize CachedText::lineSize(const QString &text, const QFont &font)
-{
-    measure(text, font, m_ratio > 0 ? m_ratio : 1.0);
-    return m_size;
 }
 
 } // namespace lumqt

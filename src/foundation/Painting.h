@@ -11,7 +11,11 @@
 #include <QString>
 #include <QWidget>
 
+#include <memory>
+
+class QFontMetrics;
 class QPainter;
+class QTextLayout;
 
 // What the painters of several widgets share. GUI thread only.
 namespace lumqt {
@@ -37,6 +41,10 @@ struct Body
     qreal radiusX = 0;  // 0: square corners
     qreal radiusY = 0;
 };
+
+// The device pixels to a logical one of what is painted on in the end: a widget that is rendered into a
+// picture has its screen's.
+qreal ratioOf(const QPainter &painter);
 
 // Draws `body` into `rect`. A body is rendered once per size, look and device pixel ratio, and
 // blitted after.
@@ -73,11 +81,16 @@ LUMQT_TESTED void drawDotBadge(QPainter &painter, const QPoint &topLeft);
 LUMQT_TESTED void drawDotBadge(QPainter &painter, const QPoint &topLeft, const QColor &color);
 constexpr int kDotBadgeSize = 8;
 
-// A text that a widget draws again and again. It is laid out only when text, font or device pixel ratio
-// change.
+// A text that a widget measures, and draws again and again. It is laid out once for both, and once more when
+// it is drawn a second time: then in the form that is quickest to draw.
 class LUMQT_TESTED CachedText
 {
 public:
+    CachedText();
+    ~CachedText();
+    CachedText(const CachedText &) = delete;
+    CachedText &operator=(const CachedText &) = delete;
+
     // Draws `text` in the painter's pen, centred in `rect`; what does not fit on one line is wrapped at
     // words, or anywhere. The text is plain: no markup, and "&" is an ampersand.
     void drawCentred(QPainter &painter, const QRect &rect, const QString &text, const QFont &font);
@@ -88,14 +101,22 @@ public:
     // Size of `text` on one line, in logical pixels.
     QSize lineSize(const QString &text, const QFont &font);
 
+    // What QFontMetrics::size() says of `text` with Qt::TextShowMnemonic, from the layout that is there
+    // already.
+    QSize styledSize(const QString &text, const QFont &font);
+
 private:
-    void measure(const QString &text, const QFont &font, qreal ratio);
+    void measure(const QString &text, const QFont &font);
+    void layOut(const QFontMetrics &metrics);
+    void followRatio(const QPainter &painter);
     void drawLine(QPainter &painter, const QPoint &topLeft);
 
-    QStaticText m_layout;
+    std::unique_ptr<QTextLayout> m_unpainted; // one line; until it is drawn the first time
+    QStaticText m_layout;                     // from the second time on
     QString m_text;
     QFont m_font;
     QSize m_size;
+    QSize m_styledSize; // empty: not known
     qreal m_ratio = 0.0;
     int m_ascent = 0;
     Qt::LayoutDirection m_direction = Qt::LayoutDirectionAuto; // of m_layout

@@ -5,6 +5,9 @@
 
 #include <QDialog>
 #include <QSignalSpy>
+#include <QStyleFactory>
+
+#include <memory>
 
 namespace {
 
@@ -71,6 +74,50 @@ private slots:
     }
 
     // What befalls the button, its state then, and what it reported. Each report may be the last one.
+    // The hint is QPushButton's for the widget's own font, wherever the text has been laid out.
+    void hints()
+    {
+        QFont larger = QApplication::font();
+        larger.setPixelSize(21);
+        const QString sheet = "QPushButton { padding: 9px; font-weight: bold; }";
+        for (const char *style : {"fusion", "windows"}) {
+            const std::unique_ptr<QStyle> owned(QStyleFactory::create(style));
+            for (const QString &text : {QString("OK"), QString("A && B"), QString("Save all files "),
+                                        QString("a\nb"), QString::fromUtf8("\u6587\u5b57")}) {
+                QDialog dialog;
+                CBPPushBtn button(text, &dialog);
+                QPushButton plain(text, &dialog);
+                button.setStyle(owned.get());
+                plain.setStyle(owned.get());
+                const auto verify = [&](const char *what) {
+                    const int least = QFontMetrics(button.textFont()).horizontalAdvance(text) + 16;
+                    const QSize hint = plain.sizeHint().expandedTo(QSize(text.contains('\n') ? 0 : least, 0));
+                    QVERIFY2(button.sizeHint() == hint && button.minimumSizeHint() == hint, what);
+                };
+                verify("at first");
+                for (QPushButton *each : {static_cast<QPushButton *>(&button), &plain})
+                    each->setAutoDefault(false);
+                verify("without room for the default indicator");
+                for (QPushButton *each : {static_cast<QPushButton *>(&button), &plain})
+                    each->setFont(larger);
+                verify("larger");
+                for (QPushButton *each : {static_cast<QPushButton *>(&button), &plain})
+                    each->setFont(QApplication::font());
+                button.SetFont(larger);
+                verify("with larger letters in it");
+                button.resetTextFont();
+                dialog.setStyleSheet(sheet);
+                verify("with a style sheet");
+                dialog.setStyleSheet(QString());
+                verify("without it again");
+                QIcon icon(QPixmap(16, 16));
+                button.setIcon(icon);
+                plain.setIcon(icon);
+                verify("with an icon");
+            }
+        }
+    }
+
     void reactions()
     {
         const QString down = "=2pressed";

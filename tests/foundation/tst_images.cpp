@@ -328,6 +328,59 @@ private slots:
             verifyStyleIsDense(icon, ratio > 1.0 ? qRgb(0, 0, 255) : qRgb(255, 0, 0));
     }
 
+    // A text that is measured and drawn from one layout is as large, and looks, as Qt measures and draws it
+    // in separate steps: also where that layout would not do.
+    void oneLayout()
+    {
+        QFont plain = QApplication::font();
+        QFont spaced = plain;
+        spaced.setLetterSpacing(QFont::AbsoluteSpacing, 1.5);
+        spaced.setItalic(true);
+        QFont struck = plain;
+        struck.setStrikeOut(true);
+        struck.setOverline(true);
+        const QStringList texts{"Restart",
+                                "AV fj",
+                                " a ",
+                                "a  ",
+                                "A && B&c",
+                                "a\tb",
+                                "a\nb",
+                                QString::fromUtf8("a\u00adb\u00a0"),
+                                QString::fromUtf8("\u6587\u5b57 Text\uff0c"),
+                                QString::fromUtf8("Zu\u0308rich"),
+                                QString::fromUtf8("\u05e9\u05dc\u05d5\u05dd abc"),
+                                QString::fromUtf8("abc \u05e9\u05dc\u05d5\u05dd"),
+                                QString::fromUtf8("\U0001f600 x"),
+                                QString(300, 'x'),
+                                QString()};
+        for (const QFont &font : {plain, spaced, struck}) {
+            const QFontMetrics metrics(font);
+            for (const QString &text : texts) {
+                lumqt::CachedText cached;
+                QCOMPARE(cached.styledSize(text, font), metrics.size(Qt::TextShowMnemonic, text));
+                const bool lines = text.contains('\n') || text.contains('\t');
+                const QSize line(metrics.horizontalAdvance(text), metrics.height());
+                QCOMPARE(cached.lineSize(text, font), lines ? metrics.size(Qt::TextExpandTabs, text) : line);
+                if (lines || text.isEmpty())
+                    continue;
+                for (int time = 0; time < 3; ++time) {
+                    QImage ours = canvas(line.width(), line.height());
+                    QImage theirs = ours;
+                    QPainter painter(&ours);
+                    cached.drawLeft(painter, ours.rect(), text, font);
+                    painter.end();
+                    painter.begin(&theirs);
+                    painter.setFont(font);
+                    painter.setLayoutDirection(text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+                    painter.drawText(0, metrics.ascent(), text);
+                    painter.end();
+                    QVERIFY2(ours == theirs, qPrintable(QString("%1, time %2").arg(text).arg(time)));
+                }
+            }
+        }
+    }
+
     // A text lies where a text painted in full lies, whether it is painted the first time or a later one, and
     // follows every change.
     void cachedText()
