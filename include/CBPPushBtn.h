@@ -375,6 +375,7 @@ private:
     void showCheckedFrame(const QColor &color);
     int iconWidth() const;
     int textWidth() const;
+    lumqt::CachedText &textLayout() const;
     QSize styledSize(const QString &label, const QFont &letters) const;
     QPixmap iconPixmap() const;
     void openMenu();
@@ -405,11 +406,11 @@ private:
     int m_iconVerticalOffset = kIconOffset;
     bool m_reportsItself = false; // an event handler will emit sigBtnClicked when the base is done
     bool m_wasClicked = false;    // clicked() came while the handler was at work
-    std::unique_ptr<lumqt::CachedText> m_textLayout;
-    QString m_plainText;         // the text that makes no shortcut
-    bool m_markedBefore = false; // as focused, when the mouse pressed it
-    lumqt::Press m_press{};      // of the mouse
-    mutable bool m_cut = false;  // an ellipsis stood for the end of the text at the last paint
+    mutable std::unique_ptr<lumqt::CachedText> m_textLayout; // made when first measured or painted
+    QString m_plainText;                                     // the text that makes no shortcut
+    bool m_markedBefore = false;                             // as focused, when the mouse pressed it
+    lumqt::Press m_press{};                                  // of the mouse
+    mutable bool m_cut = false; // an ellipsis stood for the end of the text at the last paint
     mutable bool m_hintedAutoDefault = false;
     mutable QSize m_hintedContent; // what the style was asked for last, and with which default indicator
     mutable QSize m_hint;          // what it said

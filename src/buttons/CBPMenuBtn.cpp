@@ -74,7 +74,7 @@ void CBPMenuBtn::drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, in
     const QString label = elided(text(), content.width() - 2 * kTextInset);
     pen.setColor(paintedTextColor(index));
     painter->setPen(pen);
-    m_textLayout->drawCentred(*painter, visual(content), label, textFont());
+    textLayout().drawCentred(*painter, visual(content), label, textFont());
     // In the middle without a text, as the base would have it with icon and spacing in mind.
     int left = rect.x() + (rect.width() - kTriangle) / 2;
     if (!text().isEmpty()) {

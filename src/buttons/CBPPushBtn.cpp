@@ -109,7 +109,6 @@ void CBPPushBtn::init()
     m_arrowWidth = kArrowWidth;
     m_arrowHeight = kArrowHeight;
     m_font = lumqt::uiFont();
-    m_textLayout = std::make_unique<lumqt::CachedText>();
     setFixedHeight(kHeight);
     autoResizeBtn();
     // Dialogs and assistive tools press a button through click(), which no event handler sees.

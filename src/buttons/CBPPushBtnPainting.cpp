@@ -40,7 +40,7 @@ QSize CBPPushBtn::sizeHint() const
         return QPushButton::sizeHint();
     ensurePolished(); // a style sheet may say the font
     const QFont letters = textFont();
-    const int least = m_textLayout->lineSize(label, letters).width() + 2 * kHintedInset;
+    const int least = textLayout().lineSize(label, letters).width() + 2 * kHintedInset;
     return styledSize(label, letters).expandedTo(QSize(qMin(least, QWIDGETSIZE_MAX), 0));
 }
 
@@ -51,7 +51,7 @@ QSize CBPPushBtn::styledSize(const QString &label, const QFont &letters) const
         icon().isNull() && !menu() && !qobject_cast<const QDialogButtonBox *>(parentWidget());
     if (!textAlone || !lumqt::looksTheSame(label, letters, font()))
         return QPushButton::sizeHint();
-    const QSize content = m_textLayout->styledSize(label, letters);
+    const QSize content = textLayout().styledSize(label, letters);
     if (content != m_hintedContent || autoDefault() != m_hintedAutoDefault) {
         QStyleOptionButton option;
         initStyleOption(&option);
@@ -61,6 +61,13 @@ QSize CBPPushBtn::styledSize(const QString &label, const QFont &letters) const
         m_hintedAutoDefault = autoDefault();
     }
     return m_hint;
+}
+
+lumqt::CachedText &CBPPushBtn::textLayout() const
+{
+    if (!m_textLayout)
+        m_textLayout = std::make_unique<lumqt::CachedText>();
+    return *m_textLayout;
 }
 
 void CBPPushBtn::paintEvent(QPaintEvent *)
@@ -111,7 +118,7 @@ void CBPPushBtn::drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, in
     if (!icon().isNull()) {
         const QPixmap pixmap = iconPixmap();
         const QSize size = lumqt::logicalSize(pixmap);
-        const int textSize = label.isEmpty() ? 0 : m_textLayout->lineSize(label, textFont()).width();
+        const int textSize = label.isEmpty() ? 0 : textLayout().lineSize(label, textFont()).width();
         const int spacing = lumqt::boundedPixels(m_spacing);
         const int blockWidth = pixmap.isNull() ? textSize : size.width() + spacing + textSize;
         int x = 0;
@@ -132,7 +139,7 @@ void CBPPushBtn::drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, in
     pen.setColor(paintedTextColor(index));
     painter->setPen(pen);
     // The text is centred in the whole rectangle, wherever the icon is.
-    m_textLayout->drawCentred(*painter, rect, label, textFont());
+    textLayout().drawCentred(*painter, rect, label, textFont());
 }
 
 void CBPPushBtn::drawArrow(QPainter *painter)

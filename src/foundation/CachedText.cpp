@@ -92,9 +92,6 @@ void CachedText::layOut(const QFontMetrics &metrics)
 {
     m_oneLine = true;
     m_unpainted = std::make_unique<QTextLayout>(m_text, m_font);
-    QTextOption option(Qt::AlignLeft);
-    option.setTextDirection(Qt::LeftToRight);
-    m_unpainted->setTextOption(option);
     m_unpainted->setCacheEnabled(true); // or the letters would be laid out once more when they are drawn
     m_unpainted->beginLayout();
     QTextLine line = m_unpainted->createLine();

@@ -49,14 +49,25 @@ HashValue qHash(const BodyKey &key, HashValue seed = 0)
     return hash;
 }
 
-QCache<BodyKey, QPixmap> &bodies()
+// The pictures of bodies; and the last one by itself, for a window is full of the same.
+struct Bodies
 {
-    static QCache<BodyKey, QPixmap> *cache = [] {
+    QCache<BodyKey, QPixmap> all{kBodyCacheKiB};
+    BodyKey lastKey{};
+    QPixmap last;
+};
+
+Bodies &bodies()
+{
+    static Bodies *known = [] {
         // Pixmaps must be gone before the application is.
-        qAddPostRoutine([] { bodies().clear(); });
-        return new QCache<BodyKey, QPixmap>(kBodyCacheKiB);
+        qAddPostRoutine([] {
+            bodies().all.clear();
+            bodies().last = QPixmap();
+        });
+        return new Bodies;
     }();
-    return *cache;
+    return *known;
 }
 
 // The device pixels that `width` logical ones have room for, wherever they begin.
@@ -117,15 +128,19 @@ QPixmap bodyPixmap(const QSize &size, const Body &body, qreal ratio)
                       body.radiusX,
                       body.radiusY,
                       qRound(ratio * 1000)};
-    if (const QPixmap *known = bodies().object(key))
-        return *known;
+    Bodies &known = bodies();
+    if (key == known.lastKey && !known.last.isNull())
+        return known.last;
+    known.lastKey = key;
+    if (const QPixmap *before = known.all.object(key))
+        return known.last = *before;
     QPixmap pixmap(size);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
     renderBody(painter, QRectF(pixmap.rect()), body, framed ? wholePixels(body.frameWidth, ratio) : 0, ratio);
     painter.end();
-    bodies().insert(key, new QPixmap(pixmap), 1 + pixmap.width() * pixmap.height() / 256);
-    return pixmap;
+    known.all.insert(key, new QPixmap(pixmap), 1 + pixmap.width() * pixmap.height() / 256);
+    return known.last = pixmap;
 }
 
 } // namespace
