@@ -32,6 +32,12 @@ constexpr unsigned long kQuitStepMs = 1;
 // window is still there: the wait was broken off (Escape, the waiting window or button gone, the application
 // quits) while the job runs.
 
+// Each execute() starts a thread, although one that has ended could be kept for the next executer, as jobs do
+// it (JobThreads.cpp). An executer is a QThread, and whoever has one uses it as such: isRunning(), wait(),
+// the interruption and the priority, currentThread() in run(), quit() for an exec() in there, started() and
+// finished(). None of that is virtual, and all of it tells of the thread that start() makes; run() in any
+// other would find that it is not running, cannot be interrupted, and has been waited for at once.
+
 // Lies on the stack of execute(), and outlives the executer if need be.
 struct CBaseSyncExecuter::Wait
 {
@@ -57,7 +63,7 @@ CBaseSyncExecuter::CBaseSyncExecuter(CBPSyncObj *syncObj, QString text, QObject 
     if (syncObj)
         m_syncLife = syncObj->m_life;
     // Queued, since the signal comes from the worker thread: it arrives once the caller waits.
-    connect(this, SIGNAL(finished()), this, SLOT(onFinished()));
+    connect(this, &QThread::finished, this, &CBaseSyncExecuter::onFinished);
     lumqt::announceThreadEnd(this);
     packetData(window);
 }
@@ -67,10 +73,12 @@ CBaseSyncExecuter::~CBaseSyncExecuter()
     if (isRunning()) {
         qCWarning(lcLumQt, "An executer is deleted while its job runs");
         requestInterruption();
+        // A thread that had not come to the derived run() runs the base's, which is an event loop.
+        while (!wait(kQuitStepMs) && QThread::currentThread() != this)
+            quit();
+    } else {
+        wait(); // it may be on its way out; a limit would set up a timer, a quarter of what the thread costs
     }
-    // A thread that had not come to the derived run() runs the base's, which is an event loop.
-    while (!wait(kQuitStepMs) && QThread::currentThread() != this)
-        quit();
     lumqt::afterThreadEnd(this);
     if (m_wait) {
         m_wait->alive = false;
