@@ -313,6 +313,10 @@ private:
 /// order. Jobs that nobody waits for any more count no longer. Futures are run by somebody else: they wait
 /// for nothing.
 ///
+/// **Threads.** A thread serves one function after the other. What a function has deleted later goes at its
+/// end, and an interruption, a priority or a quit() of its thread ends with it; only `thread_local` variables
+/// keep for the next what they hold.
+///
 /// All of it is used in the GUI thread. Elsewhere, without an application, and with a receiver of another
 /// thread, the functions throw a std::logic_error at once. \since 1.0
 class LUMQT_EXPORT CBPJob

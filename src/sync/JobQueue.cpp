@@ -1,14 +1,13 @@
 #include "sync/JobQueue.h"
 
 #include "foundation/Log.h"
+#include "sync/JobThreads.h"
 #include "sync/JobWait.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QThread>
-#include <QThreadPool>
 
-#include <limits>
 #include <stdexcept>
 #include <utility>
 #include <vector>
@@ -72,34 +71,7 @@ public:
     const JobPointer job;
 };
 
-// Threads are kept for a while and used again. As many as are asked for: the queue counts.
-QThreadPool &threads()
-{
-    static auto *pool = [] {
-        auto *made = new QThreadPool;
-        made->setMaxThreadCount(std::numeric_limits<int>::max());
-        return made;
-    }();
-    return *pool;
-}
-
 } // namespace
-
-class JobQueue::Runner : public QRunnable
-{
-public:
-    explicit Runner(JobPointer job) : m_job(std::move(job)) {}
-
-    void run() override
-    {
-        takeOver();
-        m_job->run();
-        tellReturned(std::move(m_job)); // nothing of it ends here
-    }
-
-private:
-    JobPointer m_job;
-};
 
 JobQueue::JobQueue() : m_maximum(qMax(1, QThread::idealThreadCount())) {}
 
@@ -162,9 +134,7 @@ void JobQueue::startNext()
         job->phase = JobRecord::Phase::Running;
         job->counts = true;
         ++m_counted;
-        auto *runner = new Runner(job);
-        handOver();
-        threads().start(runner);
+        runInThread(job);
     }
     m_isStarting = false;
 }

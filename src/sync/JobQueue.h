@@ -43,8 +43,6 @@ protected:
     bool event(QEvent *event) override;
 
 private:
-    class Runner;
-
     JobQueue();
 
     void startNext();

@@ -1,5 +1,8 @@
 #include "sync/JobRecord.h"
 
+#include <QCoreApplication>
+#include <QEvent>
+
 #include <cmath>
 
 namespace lumqt {
@@ -40,6 +43,8 @@ void JobRecord::run()
         m_error = std::current_exception();
     }
     m_work = nullptr;
+    // The thread does not end here, and handles no events of its own.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     m_returned.store(true, std::memory_order_release);
 }
 

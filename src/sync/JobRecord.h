@@ -46,7 +46,7 @@ public:
     // ------------------------------------------------------------------------------------------------------
     // the thread that runs it
 
-    // Calls the function and destroys it.
+    // Calls the function and destroys it, and what it has deleted later.
     void run();
 
     // ------------------------------------------------------------------------------------------------------
