@@ -4,6 +4,7 @@
 
 #include <QFontMetrics>
 #include <QPainter>
+#include <QStaticText>
 #include <QStyle>
 #include <QTextLayout>
 #include <QTextOption>
@@ -72,7 +73,7 @@ void CachedText::measure(const QString &text, const QFont &font)
     m_text = text;
     m_font = font;
     m_painted = false;
-    m_laidOut = false;
+    m_fast.reset();
     m_unpainted.reset();
     m_styledSize = QSize();
     const QFontMetrics metrics(font);
@@ -110,7 +111,7 @@ void CachedText::followRatio(const QPainter &painter)
         return;
     m_ratio = ratio;
     m_painted = false;
-    m_laidOut = false;
+    m_fast.reset();
 }
 
 // Many a window is shown and closed: a text that is painted once is laid out once.
@@ -138,16 +139,20 @@ void CachedText::drawLine(QPainter &painter, const QPoint &topLeft)
         m_unpainted.reset();
         return;
     }
-    if (!m_laidOut || m_direction != painter.layoutDirection()) {
-        m_laidOut = true;
+    if (!m_fast || m_direction != painter.layoutDirection()) {
         m_direction = painter.layoutDirection(); // by which drawText() orders what runs both ways
-        m_layout = QStaticText(m_text);
-        m_layout.setTextFormat(Qt::PlainText);
+        m_fast = std::make_unique<QStaticText>(m_text);
+        m_fast->setTextFormat(Qt::PlainText);
         QTextOption option;
         option.setTextDirection(m_direction);
-        m_layout.setTextOption(option);
+        m_fast->setTextOption(option);
+        // It keeps a font; a painter has one of its own each time, where one will do for all.
+        static QFont shared;
+        if (shared != painter.font())
+            shared = painter.font();
+        m_fast->prepare(QTransform::fromScale(m_ratio, m_ratio), shared);
     }
-    painter.drawStaticText(topLeft, m_layout);
+    painter.drawStaticText(topLeft, *m_fast);
 }
 
 void CachedText::drawCentred(QPainter &painter, const QRect &rect, const QString &text, const QFont &font)

@@ -7,7 +7,6 @@
 #include <QFont>
 #include <QMargins>
 #include <QRect>
-#include <QStaticText>
 #include <QString>
 #include <QWidget>
 
@@ -15,6 +14,7 @@
 
 class QFontMetrics;
 class QPainter;
+class QStaticText;
 class QTextLayout;
 
 // What the painters of several widgets share. GUI thread only.
@@ -112,17 +112,16 @@ private:
     void drawLine(QPainter &painter, const QPoint &topLeft);
 
     std::unique_ptr<QTextLayout> m_unpainted; // one line; until it is drawn the first time
-    QStaticText m_layout;                     // from the second time on
+    std::unique_ptr<QStaticText> m_fast;      // from the second time on
     QString m_text;
     QFont m_font;
     QSize m_size;
     QSize m_styledSize; // empty: not known
     qreal m_ratio = 0.0;
     int m_ascent = 0;
-    Qt::LayoutDirection m_direction = Qt::LayoutDirectionAuto; // of m_layout
+    Qt::LayoutDirection m_direction = Qt::LayoutDirectionAuto; // of m_fast
     bool m_oneLine = false;
     bool m_painted = false;
-    bool m_laidOut = false;
 };
 
 } // namespace lumqt
