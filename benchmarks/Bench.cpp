@@ -2,43 +2,156 @@
 
 #include <QElapsedTimer>
 #include <QFile>
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTextStream>
 
 #include <algorithm>
+#include <cstdio>
 
 #if __has_include(<valgrind/callgrind.h>)
 #include <valgrind/callgrind.h>
-#else // such a build counts nothing
+#else // such a build counts nothing below Callgrind
 #define RUNNING_ON_VALGRIND 0
 #define CALLGRIND_START_INSTRUMENTATION
 #define CALLGRIND_STOP_INSTRUMENTATION
-#define CALLGRIND_ZERO_STATS
 #define CALLGRIND_DUMP_STATS_AT(name)
+#endif
+
+#ifdef __linux__
+#include <linux/perf_event.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+#endif
+
+#if defined(__clang__)
+#define COMPILER "Clang " __clang_version__
+#elif defined(__GNUC__)
+#define COMPILER "GCC " __VERSION__
+#else
+#define COMPILER "MSVC"
 #endif
 
 namespace {
 
+// The kernel's counter of the instructions that this process has executed, those of the kernel not included.
+// Many virtual machines have none.
+class Counter
+{
+public:
+#ifdef __linux__
+    Counter()
+    {
+        if (RUNNING_ON_VALGRIND) // whose own instructions it would count
+            return;
+        perf_event_attr attributes{};
+        attributes.type = PERF_TYPE_HARDWARE;
+        attributes.size = sizeof attributes;
+        attributes.config = PERF_COUNT_HW_INSTRUCTIONS;
+        attributes.exclude_kernel = 1;
+        attributes.exclude_hv = 1;
+        attributes.inherit = 1; // by threads that are made from now on
+        m_file = int(syscall(SYS_perf_event_open, &attributes, 0, -1, -1, PERF_FLAG_FD_CLOEXEC));
+    }
+    ~Counter()
+    {
+        if (m_file >= 0)
+            close(m_file);
+    }
+
+    // 0 where there is none.
+    double value() const
+    {
+        quint64 count = 0;
+        return m_file >= 0 && read(m_file, &count, sizeof count) == sizeof count ? double(count) : 0.0;
+    }
+#else
+    Counter() = default;
+    double value() const
+    {
+        return 0;
+    }
+#endif
+    Q_DISABLE_COPY(Counter)
+
+private:
+    int m_file = -1;
+};
+
+const Counter counter; // from before any thread
+
+// Of all calls of time() in one round of a variant. A variant that calls it in a thread waits for that.
+struct Timed
+{
+    double microseconds = 0;
+    double instructions = 0;
+};
+Timed timed;
+bool warmingUp = false; // counts are not wanted, and would take long below Callgrind
+
+// A variant and its rounds.
+struct Figure
+{
+    QVector<double> values;
+    QVector<double> instructions; // a piece
+    double pieces = 0;            // what is timed in a round, divided by the value; 0 if nothing is timed
+
+    void measure(const Bench::Variant &variant)
+    {
+        timed = Timed();
+        const double value = variant.measure();
+        if (warmingUp)
+            return;
+        values.append(value);
+        pieces = value > 0 ? timed.microseconds / value : 0;
+        if (pieces > 0)
+            instructions.append(timed.instructions / pieces);
+    }
+};
+
 double median(QVector<double> values)
 {
+    if (values.isEmpty())
+        return 0;
     std::sort(values.begin(), values.end());
     const int middle = values.size() / 2;
     return values.size() % 2 ? values[middle] : (values[middle - 1] + values[middle]) / 2;
 }
 
+QJsonObject rowOf(const Figure &ours, const Figure &other)
+{
+    QVector<double> ratios;
+    for (int round = 0; round < ours.values.size(); ++round)
+        ratios.append(ours.values[round] / other.values[round]);
+    QJsonObject row{{QStringLiteral("ourMedian"), median(ours.values)},
+                    {QStringLiteral("besideMedian"), median(other.values)},
+                    {QStringLiteral("ratio"), median(ratios)},
+                    {QStringLiteral("ourPieces"), ours.pieces},
+                    {QStringLiteral("besidePieces"), other.pieces}};
+    if (counter.value() > 0) {
+        row.insert(QStringLiteral("ourInstructions"), median(ours.instructions));
+        row.insert(QStringLiteral("besideInstructions"), median(other.instructions));
+    }
+    return row;
+}
+
 } // namespace
 
-// Below Callgrind, what is timed is counted, and nothing else.
 double Bench::time(const std::function<void()> &work)
 {
     QElapsedTimer clock;
+    if (!warmingUp) {
+        CALLGRIND_START_INSTRUMENTATION;
+    }
+    const double before = counter.value();
     clock.start();
-    CALLGRIND_START_INSTRUMENTATION;
     work();
-    CALLGRIND_STOP_INSTRUMENTATION;
-    return clock.nsecsElapsed() / 1000.0;
+    const double microseconds = double(clock.nsecsElapsed()) / 1000.0;
+    timed.instructions += counter.value() - before;
+    if (!warmingUp) {
+        CALLGRIND_STOP_INSTRUMENTATION;
+    }
+    timed.microseconds += microseconds;
+    return microseconds;
 }
 
 void Bench::compare(const QString &title, const QString &unit, const QVector<Variant> &variants,
@@ -46,58 +159,38 @@ void Bench::compare(const QString &title, const QString &unit, const QVector<Var
 {
     if (!title.contains(only))
         return;
-    QVector<QVector<double>> times(variants.size());
+    std::printf("  %s\n", qPrintable(title));
+    std::fflush(stdout);
+    QVector<Figure> figures(variants.size());
     const int last = RUNNING_ON_VALGRIND ? 1 : rounds; // counts are the same each time
-    for (int round = 0; round <= last; ++round) {      // the first one warms up
+    for (int round = 0; round <= last; ++round) {
+        warmingUp = round == 0;
         for (int i = 0; i < variants.size(); ++i) {
-            CALLGRIND_ZERO_STATS;
-            const double value = variants[i].measure();
-            if (round == 0)
-                continue;
-            times[i].append(value);
-            CALLGRIND_DUMP_STATS_AT(qPrintable(title + QLatin1String(": ") + variants[i].name));
+            figures[i].measure(variants[i]);
+            if (figures[i].pieces > 0) {
+                CALLGRIND_DUMP_STATS_AT(qPrintable(title + QLatin1String(": ") + variants[i].name));
+            }
         }
     }
     for (int i = 1; i < variants.size(); ++i) {
-        QVector<double> ratios;
-        for (int round = 0; round < times[0].size(); ++round)
-            ratios.append(times[0][round] / times[i][round]);
-        m_rows.append({title, unit, variants[0].name, variants[i].name, median(times[0]), median(times[i]),
-                       median(ratios), limits.value(i - 1)});
+        QJsonObject row = rowOf(figures[0], figures[i]);
+        row.insert(QStringLiteral("what"), title);
+        row.insert(QStringLiteral("unit"), unit);
+        row.insert(QStringLiteral("ours"), variants[0].name);
+        row.insert(QStringLiteral("beside"), variants[i].name);
+        row.insert(QStringLiteral("limit"), limits.value(i - 1));
+        m_rows.append(row);
     }
 }
 
 bool Bench::report(const QString &jsonFile) const
 {
-    QTextStream out(stdout);
-    bool kept = true;
-    QJsonArray rows;
-    out << QString::asprintf("%-34s %-14s %9s   %-18s %9s %7s %7s\n", "what", "ours", "median", "beside",
-                             "median", "ratio", "limit");
-    for (const Row &row : m_rows) {
-        const bool good = row.limit <= 0 || row.ratio <= row.limit;
-        kept = kept && good;
-        out << QString::asprintf("%-34s %-14s %9.2f   %-18s %9.2f %7.2f %7s %s\n", qPrintable(row.title),
-                                 qPrintable(row.ours), row.ourMedian, qPrintable(row.other), row.otherMedian,
-                                 row.ratio, row.limit > 0 ? qPrintable(QString::number(row.limit)) : "-",
-                                 good ? "" : "MISSED");
-        rows.append(QJsonObject{{QStringLiteral("what"), row.title},
-                                {QStringLiteral("unit"), row.unit},
-                                {QStringLiteral("ours"), row.ours},
-                                {QStringLiteral("beside"), row.other},
-                                {QStringLiteral("ourMedian"), row.ourMedian},
-                                {QStringLiteral("besideMedian"), row.otherMedian},
-                                {QStringLiteral("ratio"), row.ratio},
-                                {QStringLiteral("limit"), row.limit}});
-    }
-    out << "Medians of " << rounds
-        << " rounds, in microseconds a piece; ratio: median of the rounds' ratios.\n";
-    if (!jsonFile.isEmpty()) {
-        QFile file(jsonFile);
-        if (!file.open(QIODevice::WriteOnly))
-            qWarning("%s cannot be written", qPrintable(jsonFile));
-        else
-            file.write(QJsonDocument(rows).toJson());
-    }
-    return kept;
+    const QJsonObject all{{QStringLiteral("qt"), QString::fromLatin1(qVersion())},
+                          {QStringLiteral("compiler"), QStringLiteral(COMPILER)},
+                          {QStringLiteral("rounds"), rounds},
+                          {QStringLiteral("rows"), m_rows}};
+    QFile file(jsonFile);
+    const bool isOpen =
+        jsonFile.isEmpty() ? file.open(stdout, QIODevice::WriteOnly) : file.open(QIODevice::WriteOnly);
+    return isOpen && file.write(QJsonDocument(all).toJson()) > 0;
 }

@@ -5,7 +5,8 @@
 #include <QCommandLineParser>
 #include <QDir>
 
-// What the library claims about speed, measured beside plain Qt in the same run.
+// What the library claims about speed, measured beside plain Qt in the same run. scripts/run-benchmarks.sh
+// makes a table of what it writes.
 int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
@@ -14,7 +15,8 @@ int main(int argc, char *argv[])
     QApplication::setStyle(QStringLiteral("Fusion"));
 
     QCommandLineParser parser;
-    const QCommandLineOption json(QStringLiteral("json"), QStringLiteral("Also writes the rows as JSON."),
+    const QCommandLineOption json(QStringLiteral("json"),
+                                  QStringLiteral("Writes what was measured into it, not to stdout."),
                                   QStringLiteral("file"));
     const QCommandLineOption rounds(QStringLiteral("rounds"),
                                     QStringLiteral("Rounds to measure; 9 if not given."),
