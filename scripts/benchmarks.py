@@ -1,19 +1,23 @@
 """Makes tables of what lumqt-benchmarks measured. Called by run-benchmarks.sh.
 
   benchmarks.py merge FILE FOLDER      adds the instructions that Callgrind counted, whose files are in a folder, and
-                                       names those after what is measured
+                                       names those after what they count: one for each figure
   benchmarks.py table FILE             prints times and ratios; exits with 1 when a promised ratio is missed
-  benchmarks.py docs FILE PAGE         writes them as a page of the documentation
+  benchmarks.py docs FILE PAGE LIBRARY writes them as a page of the documentation; LIBRARY is its version
   benchmarks.py compare BEFORE AFTER   prints what changed in instructions; exits with 1 when something became slower
+  benchmarks.py slower BEFORE AFTER    prints the titles of what became slower
+  benchmarks.py lower FILE AGAIN       takes those counts of another run that are lower
   benchmarks.py libraries FILE...      says in which libraries the instructions of files of Callgrind were executed
 """
 
 import collections
 import datetime
 import json
+import os
 import pathlib
 import platform
 import re
+import statistics
 import sys
 
 CHANGED = 1.02  # what counts as slower or faster
@@ -49,11 +53,11 @@ def count_of(file):
 
 
 def merge(target, folder):
-    measured, counts = load(target), {}
+    measured, counts = load(target), collections.defaultdict(list)
     for file in sorted(pathlib.Path(folder).glob("all*")):
         name, total = count_of(file)
         if name and total:
-            counts[name] = total
+            counts[name].append(total)
             file.rename(file.with_name(re.sub(r"[^\w.]+", "-", name).strip("-") + ".callgrind"))
     for row in measured["rows"]:
         for side, prefix in (("ours", "our"), ("beside", "beside")):
@@ -62,7 +66,7 @@ def merge(target, folder):
                 print(f"error: {name} was not counted", file=sys.stderr)
                 return 1
             if pieces:
-                row[prefix + "Instructions"] = counts[name] / pieces
+                row[prefix + "Instructions"] = statistics.median(counts[name]) / pieces
     pathlib.Path(target).write_text(json.dumps(measured, indent=1), encoding="utf-8")
     return 0
 
@@ -100,33 +104,88 @@ def table(file):
         missed += not kept
         lines.append(texts_of(row) + ["" if kept else "MISSED"])
     print_columns(lines, {0, 1, 3, 5, 9})
-    print(f"Medians of {measured['rounds']} rounds; ratios of ours to what is beside it, in time and in instructions; a "
-          f"limit is one of\ninstructions where they are counted. {missed} limits are missed.")
+    print(f"Medians of {measured['rounds']} rounds; ratios of ours to what is beside it, in time and in instructions.\n"
+          f"A limit is one of instructions where they are counted. {missed} limits are missed.")
     return 1 if missed else 0
 
 
-def compare(before_file, after_file):
-    before, after = ({f"{row['what']}: {row['ours']}": row for row in load(file)["rows"]}
+PAGE = """# Speed {{#benchmarks}}
+
+What the library costs beside plain Qt, as `scripts/run-benchmarks.sh --docs` measured it with LumQtLib {library} and
+Qt {qt}, compiled by {compiler}, on {machine},
+on {date}.
+`benchmarks/README.md` tells what the figures are.
+
+A ratio is ours to what is beside it: below 1, ours is faster. Instructions are those outside the kernel. They are the
+same on a busy machine as on an idle one and are what a limit is one of, where they are counted; times are what this
+machine happened to need. A limit is the highest ratio that is promised.
+
+| what | ours | beside | time | instructions | limit |
+|---|---|---|--:|--:|--:|
+{rows}
+"""
+
+
+def machine():
+    """What was measured on, without a name that somebody gave it."""
+    text = pathlib.Path("/proc/cpuinfo").read_text(encoding="utf-8")
+    processor = re.search(r"^model name\s*:\s*(.+)$", text, re.MULTILINE)
+    name = processor.group(1).strip() if processor else platform.machine()
+    system = platform.freedesktop_os_release().get("PRETTY_NAME", platform.system())
+    return f"{name} ({os.cpu_count()} processors), {system}"
+
+
+def docs(file, page, library):
+    measured = load(file)
+    rows = []
+    for row in measured["rows"]:
+        ratio = instructions_ratio(row)
+        limit, kept = promise(row)
+        cells = [row["what"], row["ours"], row["beside"], f"{row['ratio']:.2f}",
+                 "-" if ratio is None else f"{ratio:.2f}", limit + ("" if kept else " (missed)")]
+        rows.append("| " + " | ".join(cells) + " |")
+    text = PAGE.format(library=library, qt=measured["qt"], compiler=measured["compiler"], machine=machine(),
+                       date=f"{datetime.date.today():%d %B %Y}".lstrip("0"), rows="\n".join(rows))
+    pathlib.Path(page).write_text(text, encoding="utf-8")
+
+
+def ratios(before_file, after_file):
+    """Goes through what both have counted: the row before, or None if it is new, the row after, and their ratio."""
+    before, after = ({(row["what"], row["ours"]): row for row in load(file)["rows"] if row.get("ourInstructions")}
                      for file in (before_file, after_file))
+    for key, new in after.items():
+        old = before.get(key)
+        yield old, new, new["ourInstructions"] / old["ourInstructions"] if old else 1.0
+
+
+def slower(before_file, after_file):
+    for title in {new["what"]: "" for _, new, ratio in ratios(before_file, after_file) if ratio > CHANGED}:
+        print(title)
+
+
+def lower(target, again):
+    counts = {(row["what"], row["ours"]): row["ourInstructions"] for row in load(again)["rows"]}
+    measured = load(target)
+    for row in measured["rows"]:
+        count = counts.get((row["what"], row["ours"]))
+        if count:
+            row["ourInstructions"] = min(count, row["ourInstructions"])
+    pathlib.Path(target).write_text(json.dumps(measured, indent=1), encoding="utf-8")
+
+
+def compare(before_file, after_file):
     lines = [["what", "before", "after", "instr.", "time", ""]]
     changes = collections.Counter()
-    for name, new in after.items():
-        old = before.get(name)
-        if not new.get("ourInstructions"):
-            continue
-        count = f"{new['ourInstructions']:.0f}"
-        if not old or not old.get("ourInstructions"):
-            lines.append([name, "new", count, "", "", ""])
-            continue
-        ratio = new["ourInstructions"] / old["ourInstructions"]
-        change = "SLOWER" if ratio > CHANGED else "faster" if ratio < 1 / CHANGED else ""
+    for old, new, ratio in ratios(before_file, after_file):
+        change = "new" if not old else "SLOWER" if ratio > CHANGED else "faster" if ratio < 1 / CHANGED else "same"
         changes[change] += 1
-        if change:
-            lines.append([name, f"{old['ourInstructions']:.0f}", count, f"{ratio:.3f}",
-                          f"{new['ourMedian'] / old['ourMedian']:.2f}", change])
+        if change != "same":
+            lines.append([f"{new['what']}: {new['ours']}", f"{old['ourInstructions']:.0f}" if old else "-",
+                          f"{new['ourInstructions']:.0f}", f"{ratio:.3f}" if old else "-",
+                          f"{new['ourMedian'] / old['ourMedian']:.2f}" if old else "-", change])
     print_columns(lines, {0, 5})
-    print(f"Instructions a piece; of {changes.total()} figures {changes['SLOWER']} are slower and {changes['faster']} "
-          f"faster by more than {CHANGED - 1:.0%}. Times are a hint.")
+    print(f"Instructions a piece: of {changes.total()} figures {changes['SLOWER']} are slower and {changes['faster']} "
+          f"faster by more than {CHANGED - 1:.0%}, and {changes['new']} new. Times are a hint.")
     return 1 if changes["SLOWER"] else 0
 
 
@@ -161,7 +220,8 @@ def libraries(*files):
     print("Millions of instructions.")
 
 
-COMMANDS = {"merge": merge, "table": table, "compare": compare, "libraries": libraries}
+COMMANDS = {"merge": merge, "table": table, "docs": docs, "compare": compare, "slower": slower, "lower": lower,
+            "libraries": libraries}
 
 if __name__ == "__main__":
     sys.exit(COMMANDS[sys.argv[1]](*sys.argv[2:]))
