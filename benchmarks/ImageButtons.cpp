@@ -52,6 +52,9 @@ struct Grid
 
     double repaintTime()
     {
+        // Qt takes longer to find the colours of a window that is not the active one.
+        window.activateWindow();
+        QApplication::processEvents();
         const double time = Bench::time([this] {
             for (int i = 0; i < kRepaints; ++i)
                 window.render(&target, QPoint(), QRegion(), QWidget::DrawChildren);
@@ -76,7 +79,7 @@ void compareFiles(Bench &bench, const QString &title, const QVector<QString> &im
     bench.compare(title, QStringLiteral("us a button"),
                   {{QStringLiteral("CBPImageButton"), [ours] { return ours->repaintTime(); }},
                    {QStringLiteral("bare pixmap"), [bare] { return bare->repaintTime(); }}},
-                  {1.2});
+                  {1.05});
 }
 
 } // namespace

@@ -39,11 +39,11 @@ enum class Press : unsigned char;
 ///
 /// Per-state lists hold the entries normal, hover, pressed (or selected), disabled, in this order. Images
 /// whose names end in ".svg", in lower case, are drawn as vectors, all others as pixmaps; "name@2x.png"
-/// beside "name.png" is taken on dense screens. A file replaced on disk shows at the next paint, a missing
-/// one leaves its place empty. Lists are copied. All sizes are logical pixels. Texts are plain: an "&" in
-/// them is shown. What a font given here leaves open, the size perhaps, is the widget's own font's to say, a
-/// style sheet included; the button sizes itself when that changes, unless the application has set another
-/// size since.
+/// beside "name.png" is taken on dense screens. A file replaced on disk shows with the next paint, some 50
+/// milliseconds later at most; a missing one leaves its place empty. Lists are copied. All sizes are logical
+/// pixels. Texts are plain: an "&" in them is shown. What a font given here leaves open, the size perhaps, is
+/// the widget's own font's to say, a style sheet included; the button sizes itself when that changes, unless
+/// the application has set another size since.
 ///
 /// Screen readers are told the accessible name; where none was set, the text, the tool tip, or the tip of
 /// SetTipsTxt(), whichever comes first. GUI thread only. \since 1.0

@@ -52,9 +52,11 @@ void CBPImageButton::drawImage(QPainter &painter)
     m_paintedImage = m_image->size();
     if (m_paintedImage.isEmpty())
         return;
-    const bool turned = m_turnsImage && isRightToLeft();
-    painter.drawPixmap(imagePlace(m_paintedImage),
-                       turned ? pixmap.transformed(QTransform::fromScale(-1, 1)) : pixmap);
+    const QPoint place = imagePlace(m_paintedImage);
+    if (m_turnsImage && isRightToLeft())
+        painter.drawPixmap(place, pixmap.transformed(QTransform::fromScale(-1, 1)));
+    else
+        painter.drawPixmap(place, pixmap);
 }
 
 QSize CBPImageButton::imageSize(int index) const

@@ -164,7 +164,7 @@ void CBPImageCheckBox::paintEvent(QPaintEvent *event)
     }
     const int state = !isEnabled() ? 3 : isDown() ? 2 : underMouse() ? 1 : 0;
     const int index = state + (checkState() == Qt::Unchecked ? 0 : kStates);
-    const QSize mark = markSize();
+    const QSize mark = lumqt::paintedSize(m_images.first(), devicePixelRatioF());
     QPainter painter(this);
     const QPixmap &picture = m_mark->pixmap(m_images, index, devicePixelRatioF());
     const QRect place =

@@ -127,7 +127,7 @@ void CExpandBtn::drawPixmapAndText(QPainter *painter, QPen &pen, QRect &rect, in
         return;
     const char *name = m_expanded ? "../res/icon_arrowup.png" : "../res/icon_arrowdown.png";
     const QPixmap arrow =
-        lumqt::loadPixmap(Util::getResFullPath(QString::fromLatin1(name)), devicePixelRatioF());
+        lumqt::paintedPixmap(Util::getResFullPath(QString::fromLatin1(name)), devicePixelRatioF());
     const QSize size = lumqt::logicalSize(arrow);
     painter->setOpacity(index == kDisabled ? disabledOpacity() : 1.0);
     const QRect place(QPoint(rect.right() + 1 - kArrowInset - size.width(),

@@ -54,11 +54,11 @@ struct CFoucsLabel::Icon
     }
 
     // Room for either, so that nothing moves when the look changes.
-    QSize size(qreal ratio) const
+    QSize size(qreal ratio, QSize (*sizeOf)(const QString &, qreal) = lumqt::pictureSize) const
     {
         QSize size(0, 0);
         for (const QString &file : files)
-            size = size.expandedTo(lumqt::pictureSize(file, ratio));
+            size = size.expandedTo(sizeOf(file, ratio));
         return size;
     }
 };
@@ -344,11 +344,12 @@ CFoucsLabel::Places CFoucsLabel::places() const
     int left = kInset + m_indent;
     int right = width() - kInset; // one behind the last pixel
     if (!m_lead->files.isEmpty()) {
-        result.lead = centred(left, m_lead->size(ratio));
+        result.lead = centred(left, m_lead->size(ratio, lumqt::paintedSize));
         left += result.lead.width() + m_spacing;
     }
     if (m_showsTail) {
-        const QSize size = m_tail->files.isEmpty() ? QSize(kArrowSize, kArrowSize) : m_tail->size(ratio);
+        const QSize size = m_tail->files.isEmpty() ? QSize(kArrowSize, kArrowSize)
+                                                   : m_tail->size(ratio, lumqt::paintedSize);
         result.tail = centred(right - size.width(), size);
         right -= size.width() + m_spacing;
     }

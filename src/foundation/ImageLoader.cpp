@@ -6,14 +6,16 @@
 #include "foundation/Palette.h"
 #include "Util.h"
 
+#include <QApplication>
 #include <QCache>
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QImageReader>
 #include <QPainter>
 #include <QSharedPointer>
 #include <QSvgRenderer>
+#include <QTimer>
+#include <QWidget>
 
 #include <algorithm>
 
@@ -25,6 +27,8 @@ namespace {
 constexpr int kMaxSide = 32767;
 constexpr qint64 kMaxPixels = 8192 * 8192;
 constexpr int kCacheKiB = 48 * 1024; // decoded pictures
+constexpr int kSeenKiB = 16 * 1024;  // those of them that are kept for the names they were asked for by
+constexpr int kLookInterval = 50;    // ms between two looks at the files of what is painted
 constexpr int kParsedDrawings = 256; // SVG files kept parsed
 const char kRes[] = "../res/";
 constexpr qreal kHighDensity = 2.0;
@@ -44,13 +48,10 @@ struct Twin
 struct Picture
 {
     QPixmap pixmap;
+    QSize size = QSize(0, 0); // logical
     FileLook look;
     bool isDrawing = false;
     QVector<Twin> twins; // that can apply, there or not; the better one first
-    // The last look: the pass it served, and the tick of the coarse clock. A pass has no end that anybody
-    // tells, so the tick is what keeps an old look from a widget that paints much later.
-    quint32 pass = 0;
-    qint64 tick = -1;
 
     bool settled() const
     {
@@ -71,6 +72,17 @@ struct Picture
     }
 };
 
+// What a name stood for when its files were looked at last.
+struct SeenImage
+{
+    std::shared_ptr<Picture> picture; // painters keep what the cache may drop
+    QString name;
+    qreal ratio = 1.0;
+    quint32 theme = 0;
+    qint64 tick = 0;             // of the coarse clock
+    bool isToBeLookedAt = false; // by and by
+};
+
 namespace {
 
 struct Drawing
@@ -79,11 +91,17 @@ struct Drawing
     FileLook look;
 };
 
-using PictureKey = QPair<QString, int>; // path, ratio in thousandths
+using PictureKey = QPair<QString, int>; // path or name, ratio in thousandths
+
+PictureKey keyOf(const QString &name, qreal ratio)
+{
+    return PictureKey(name, qRound(ratio * 1000));
+}
 
 void forgetAll();
 
-using PicturePointer = std::shared_ptr<Picture>; // painters keep what the cache may drop
+using PicturePointer = std::shared_ptr<Picture>;
+using SeenPointer = std::shared_ptr<SeenImage>;
 
 QCache<PictureKey, PicturePointer> &pictures()
 {
@@ -95,6 +113,12 @@ QCache<PictureKey, PicturePointer> &pictures()
     return *cache;
 }
 
+QCache<PictureKey, SeenPointer> &seenImages()
+{
+    static auto *cache = new QCache<PictureKey, SeenPointer>(kSeenKiB);
+    return *cache;
+}
+
 QCache<QString, Drawing> &drawings()
 {
     static auto *cache = new QCache<QString, Drawing>(kParsedDrawings);
@@ -103,6 +127,7 @@ QCache<QString, Drawing> &drawings()
 
 void forgetAll()
 {
+    seenImages().clear();
     pictures().clear();
     drawings().clear();
 }
@@ -240,11 +265,9 @@ int costOf(const QPixmap &pixmap)
 PicturePointer lookAndLoad(const QString &name, qreal ratio)
 {
     const QString path = themePicture(name);
-    const PictureKey key(path, qRound(ratio * 1000));
+    const PictureKey key = keyOf(path, ratio);
     if (const PicturePointer *known = pictures().object(key)) {
-        Picture &old = **known;
-        old.tick = platform::coarseClock();
-        if (old.holdsFor(path))
+        if ((*known)->holdsFor(path))
             return *known;
     }
     auto picture = std::make_shared<Picture>();
@@ -255,21 +278,74 @@ PicturePointer lookAndLoad(const QString &name, qreal ratio)
     if (!picture->hasFile())
         qCWarning(lcLumQt, "The image %s is missing", qUtf8Printable(path));
     picture->pixmap = read(path, *picture, ratio);
-    picture->tick = platform::coarseClock();
+    picture->size = logicalSize(picture->pixmap);
     pictures().insert(key, new PicturePointer(picture), costOf(picture->pixmap));
     return picture;
 }
 
-// The pass over a window that is under way, for a widget that last painted in `last`. One ends with the theme
-// that it shows.
-quint32 currentPass(quint32 last)
+void lookAnew(SeenImage &seen)
 {
-    static quint32 pass = 0; // never 0 once there is one
-    static quint32 theme = 0;
-    if (last == pass || theme != themeGeneration())
-        pass = pass == UINT_MAX ? 1 : pass + 1;
-    theme = themeGeneration();
-    return pass;
+    seen.picture = lookAndLoad(seen.name, seen.ratio);
+    seen.theme = themeGeneration();
+    seen.tick = platform::coarseClock();
+}
+
+SeenPointer lookedAt(const QString &name, qreal ratio)
+{
+    const PictureKey key = keyOf(name, ratio);
+    const SeenPointer *known = seenImages().object(key);
+    SeenPointer seen = known ? *known : std::make_shared<SeenImage>();
+    const PicturePointer before = seen->picture;
+    seen->name = name;
+    seen->ratio = ratio;
+    lookAnew(*seen);
+    if (seen->picture != before)
+        seenImages().insert(key, new SeenPointer(seen), costOf(seen->picture->pixmap));
+    return seen;
+}
+
+// A paint went by a look that may have missed a change since, and perhaps nothing is painted any more.
+void lookByAndBy(const SeenPointer &seen)
+{
+    seen->isToBeLookedAt = true;
+    // Nothing is held: at the application's end its timers outlast its pictures.
+    const std::weak_ptr<SeenImage> kept = seen;
+    const std::weak_ptr<Picture> painted = seen->picture;
+    QTimer::singleShot(kLookInterval, qApp, [kept, painted, tick = seen->tick] {
+        const SeenPointer now = kept.lock();
+        if (!now)
+            return;
+        now->isToBeLookedAt = false;
+        if (now->tick == tick)
+            lookAnew(*now);
+        if (now->picture == painted.lock())
+            return;
+        for (QWidget *window : QApplication::topLevelWidgets())
+            window->update();
+    });
+}
+
+bool servesPaint(const SeenPointer &seen)
+{
+    const qint64 age = platform::coarseClock() - seen->tick;
+    if (age >= kLookInterval || seen->theme != themeGeneration())
+        return false;
+    if (!seen->isToBeLookedAt)
+        lookByAndBy(seen);
+    return true;
+}
+
+SeenPointer seenForPaint(const QString &name, qreal ratio)
+{
+    static const auto none = [] {
+        auto seen = std::make_shared<SeenImage>();
+        seen->picture = std::make_shared<Picture>();
+        return seen;
+    }();
+    if (name.isEmpty())
+        return none;
+    const SeenPointer *known = seenImages().object(keyOf(name, ratio));
+    return known && servesPaint(*known) ? *known : lookedAt(name, ratio);
 }
 
 } // namespace
@@ -297,34 +373,41 @@ QString themePicture(const QString &path)
 
 QPixmap loadPixmap(const QString &path, qreal ratio)
 {
-    return path.isEmpty() ? QPixmap() : lookAndLoad(path, ratio)->pixmap;
+    return path.isEmpty() ? QPixmap() : lookedAt(path, ratio)->picture->pixmap;
+}
+
+QPixmap paintedPixmap(const QString &path, qreal ratio)
+{
+    return seenForPaint(path, ratio)->picture->pixmap;
+}
+
+QSize paintedSize(const QString &path, qreal ratio)
+{
+    return seenForPaint(path, ratio)->picture->size;
 }
 
 QSize pictureSize(const QString &path, qreal ratio)
 {
-    const PicturePointer *known = pictures().object(PictureKey(themePicture(path), qRound(ratio * 1000)));
-    if (known && (*known)->tick == platform::coarseClock() && (*known)->settled())
-        return logicalSize((*known)->pixmap);
+    const SeenPointer *known = seenImages().object(keyOf(path, ratio));
+    if (known && (*known)->tick == platform::coarseClock() && (*known)->theme == themeGeneration() &&
+        (*known)->picture->settled())
+        return (*known)->picture->size;
     return logicalSize(loadPixmap(path, ratio));
 }
 
 const QPixmap &PaintedImage::pixmap(const QVector<QString> &paths, int index, qreal ratio)
 {
-    m_pass = currentPass(m_pass);
-    if (index != m_index || ratio != m_ratio || m_picture->pass != m_pass ||
-        m_picture->tick != platform::coarseClock() || !m_picture->settled())
-        look(paths.at(index), index, ratio);
-    return m_picture->pixmap;
+    if (index != m_index || ratio != m_ratio || !servesPaint(m_seen)) {
+        m_seen = seenForPaint(paths.at(index), ratio);
+        m_index = index;
+        m_ratio = ratio;
+    }
+    return m_seen->picture->pixmap;
 }
 
-void PaintedImage::look(const QString &path, int index, qreal ratio)
+QSize PaintedImage::size() const
 {
-    static const auto none = std::make_shared<Picture>();
-    m_picture = path.isEmpty() ? none : lookAndLoad(path, ratio);
-    m_picture->pass = m_pass;
-    m_size = logicalSize(m_picture->pixmap);
-    m_index = index;
-    m_ratio = ratio;
+    return m_seen ? m_seen->picture->size : QSize();
 }
 
 QSize logicalSize(const QPixmap &pixmap)

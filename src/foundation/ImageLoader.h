@@ -17,8 +17,16 @@ namespace lumqt {
 // "name@2x.ext" beside the file is taken for ratios above 1, but "name@1.5x.ext" where the ratio is exactly
 // that (likewise any other in quarters), and ".svg" is rendered at the ratio, so the pixmap has the logical
 // size of the file and is sharp at 1, 1.5 and 2. What was decoded is kept; each call looks only whether a
-// file's time or size changed, so a replaced file shows at the next paint. GUI thread only.
+// file's time or size changed. GUI thread only.
 LUMQT_TESTED QPixmap loadPixmap(const QString &path, qreal ratio);
+
+// The same for a paint event, which may come any number of times a second: by a look that is less than 50 ms
+// old, if there is one for the present theme. Where that may have missed a change, the files are looked at
+// once more when the time is over, and what has changed is painted anew without anybody asking for it.
+LUMQT_TESTED QPixmap paintedPixmap(const QString &path, qreal ratio);
+
+// Its logical size.
+QSize paintedSize(const QString &path, qreal ratio);
 
 // The file to read for `path`, see fileToRead(), or what stands in for it in the current theme: the one of
 // the same name in the theme's folder below `res`, or beside it, if there is one. For who reads a file
@@ -32,33 +40,26 @@ QSize pictureSize(const QString &path, qreal ratio);
 // Size of the pixmap in logical pixels, which are what widgets lay out with; 0 x 0 when null.
 LUMQT_TESTED QSize logicalSize(const QPixmap &pixmap);
 
-struct Picture;
+struct SeenImage;
 
-// The image files of a widget that may stand in a window by the hundred, for its paint event.
-//
-// A look at the file costs more than drawing the picture. Widgets that paint in one pass over their window,
-// within one tick of the coarse clock, share it. A widget that paints again starts another pass, and one that
-// shows another of its files looks by itself, so none shows twice what it saw once.
+// The image files of a widget that may stand in a window by the hundred, for its paint event. Kept here, the
+// picture is not even looked up.
 class LUMQT_TESTED PaintedImage
 {
 public:
-    // The file number `index` of `paths`, which is there, as loadPixmap() loads it. Good until the next call.
+    // The file number `index` of `paths`, which is there, as paintedPixmap() has it. Good until the next call.
     const QPixmap &pixmap(const QVector<QString> &paths, int index, qreal ratio);
 
     // Logical size of the last picture.
-    QSize size() const { return m_size; }
+    QSize size() const;
 
     // The paths are others now.
     void forget() { m_index = -1; }
 
 private:
-    void look(const QString &path, int index, qreal ratio);
-
     int m_index = -1;
-    quint32 m_pass = 0; // of the last paint
     qreal m_ratio = 0.0;
-    QSize m_size;
-    std::shared_ptr<Picture> m_picture;
+    std::shared_ptr<SeenImage> m_seen;
 };
 
 } // namespace lumqt

@@ -126,7 +126,7 @@ public:
     {
         frame::ButtonSizes sizes;
         for (int id = 0; id < frame::kButtonCount; ++id)
-            sizes[id] = logicalSize(loadPixmap(window->m_btnImages.value(id).value(ENStateNormal), ratio));
+            sizes[id] = logicalSize(paintedPixmap(window->m_btnImages.value(id).value(ENStateNormal), ratio));
         return sizes;
     }
 
@@ -437,7 +437,7 @@ void CBaseWin::drawTitleBtns(QPainter &painter, int x, int y, int id)
     const QStringList images =
         id == frame::MaximizeButton && isMaxState() ? m_restoreImages : m_btnImages.value(id);
     const QPixmap pixmap =
-        loadPixmap(images.value(m_btnStates.value(id)), painter.device()->devicePixelRatioF());
+        paintedPixmap(images.value(m_btnStates.value(id)), painter.device()->devicePixelRatioF());
     painter.drawPixmap(x, y, pixmap);
     m_btnRects[id] = QRect(QPoint(x, y), logicalSize(pixmap));
 }
@@ -455,7 +455,7 @@ void CBaseWin::paintCaption(QPainter &painter)
     m_iconRect = QRect();
     const bool hasIcon = !m_iconPath.isEmpty();
     if (hasIcon) {
-        const QPixmap icon = loadPixmap(m_iconPath, painter.device()->devicePixelRatioF());
+        const QPixmap icon = paintedPixmap(m_iconPath, painter.device()->devicePixelRatioF());
         m_iconRect = frame::iconRect(fw, logicalSize(icon));
         painter.drawPixmap(m_iconRect.topLeft(), icon);
     }

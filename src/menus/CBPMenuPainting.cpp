@@ -17,7 +17,7 @@
 #include <QWidgetAction>
 
 using lumqt::boundedPixels;
-using lumqt::loadPixmap;
+using lumqt::paintedPixmap;
 using lumqt::logicalSize;
 using lumqt::Purpose;
 
@@ -356,12 +356,12 @@ QPixmap CBPMenu::itemPixmap(QAction *action, bool hovered)
     const qreal ratio = devicePixelRatioF();
     QString file;
     if (GetActionRes(action->data(), hovered ? ENStateHover : ENStateNormal, file)) {
-        const QPixmap pixmap = loadPixmap(file, ratio);
+        const QPixmap pixmap = paintedPixmap(file, ratio);
         if (!pixmap.isNull())
             return pixmap;
     }
     if (const auto *item = qobject_cast<CBPMenuItem *>(action)) {
-        const QPixmap pixmap = loadPixmap(item->iconFile(), ratio);
+        const QPixmap pixmap = paintedPixmap(item->iconFile(), ratio);
         const QSize size = logicalSize(pixmap);
         if (!pixmap.isNull() && size.width() <= kLargestIcon && size.height() <= kLargestIcon)
             return pixmap;
@@ -428,7 +428,7 @@ void CBPMenu::paintItem(QPainter *painter, const ItemView &item)
 // It points to where the nested menu opens.
 QPixmap CBPMenu::arrowPixmap()
 {
-    const QPixmap arrow = loadPixmap(m_arrowFile, devicePixelRatioF());
+    const QPixmap arrow = paintedPixmap(m_arrowFile, devicePixelRatioF());
     if (arrow.isNull() || !isRightToLeft())
         return arrow;
     if (m_mirroredOf != arrow.cacheKey()) {
@@ -486,7 +486,7 @@ void CBPMenu::paintSpecialFlag(QPainter *painter, const QVariant &itemData, cons
     QString file;
     if (!IsActionSpecial(itemData, file))
         return;
-    const QPixmap image = loadPixmap(file, devicePixelRatioF());
+    const QPixmap image = paintedPixmap(file, devicePixelRatioF());
     const int width = file.isEmpty() ? lumqt::kDotBadgeSize : logicalSize(image).width();
     const int height = file.isEmpty() ? lumqt::kDotBadgeSize : logicalSize(image).height();
     const int x = isRightToLeft() ? rect.x() + rect.width() - width : rect.left();

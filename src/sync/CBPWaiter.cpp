@@ -262,8 +262,8 @@ void CBPWaiter::DrawTextW(QPainter *painter, QRect &rect)
 void CBPWaiter::drawHalves(QPainter *painter, const QRect &rect)
 {
     const qreal ratio = devicePixelRatioF();
-    const QPixmap left = lumqt::loadPixmap(m_leftImage, ratio);
-    const QPixmap right = lumqt::loadPixmap(m_rightImage, ratio);
+    const QPixmap left = lumqt::paintedPixmap(m_leftImage, ratio);
+    const QPixmap right = lumqt::paintedPixmap(m_rightImage, ratio);
     const QSize leftSize = lumqt::logicalSize(left);
     const QSize rightSize = lumqt::logicalSize(right);
     const int middle = rect.width() / 2;

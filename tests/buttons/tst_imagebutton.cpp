@@ -170,7 +170,7 @@ private slots:
         check(false, 4, 0, -7, QPoint(4, 0));
     }
 
-    // Buttons that share files share the looks at them, and miss nothing.
+    // Buttons that share files share the looks at them, which are not many, and miss nothing.
     void filesChangeOnDisk()
     {
         QVector<QString> images = files("shared%1.png", QSize(10, 10));
@@ -182,15 +182,32 @@ private slots:
         makeOld(images[0]);
         QVERIFY(shown(Qt::yellow, Qt::yellow) && shown(Qt::yellow, Qt::yellow));
         savePicture(images[0], QSize(10, 10), Qt::red);
-        QVERIFY(shown(Qt::red, Qt::red));
+        AWAIT(shown(Qt::red, Qt::red));
         makeOld(images[0]);
-        QVERIFY(shown(Qt::red, Qt::red));
+        AWAIT(shown(Qt::red, Qt::red));
         second.SetImgButtonRes(m_png);
         QVERIFY(shown(Qt::red, Qt::yellow));
         for (const QString &file : {images[0], denseTwin(images[0])})
             QFile::remove(file);
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression("is missing"));
-        QVERIFY(shown(Qt::white, Qt::yellow));
+        AWAIT(shown(Qt::white, Qt::yellow));
+    }
+
+    // A button is painted just before a file changes, and just after, and then no more.
+    void changeAfterLastPaint()
+    {
+        const QVector<QString> images = files("late%1.png", QSize(40, 40));
+        makeOld(images[0]);
+        CBPImageButton button(images, false, 1);
+        button.show();
+        const auto onScreen = [&button] {
+            return pixelOf(button.screen()->grabWindow(button.winId()).toImage(), 20, 20);
+        };
+        AWAIT(onScreen() == QColor(Qt::yellow));
+        button.repaint();
+        savePicture(images[0], QSize(40, 40), Qt::red);
+        button.repaint();
+        AWAIT(onScreen() == QColor(Qt::red));
     }
 
     // Lists of another length change nothing.

@@ -129,6 +129,9 @@ private slots:
         CBPTheme::apply(QStringLiteral("dark"));
         QCOMPARE(lumqt::themePicture(kPicture), QStringLiteral(":/lumqtlib/res/dark/close_normal.png"));
         QVERIFY(lumqt::loadPixmap(kPicture, 1).toImage() != light);
+        CBPTheme::apply(QStringLiteral("light")); // and have them at once, however often they are painted
+        QCOMPARE(lumqt::paintedPixmap(kPicture, 1).toImage(), light);
+        QCOMPARE(lumqt::paintedPixmap(kPicture, 1).toImage(), light);
     }
 
     void settingsAreRead()
