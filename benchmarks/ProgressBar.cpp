@@ -12,6 +12,9 @@ namespace {
 constexpr int kWidth = 600; // as wide as in a window of an installer
 constexpr int kRepaints = 60;
 constexpr double kTwoPerCent = 20000; // microseconds of a second
+constexpr int kGrowths = 2;
+constexpr int kGrowthSteps = 500;
+constexpr int kStepsOfHighlight = 20; // from one place of it to the next
 constexpr int kRestTime = 100;        // ms
 
 // Of 60 repaints, highlight and all, growing from one to the next.
@@ -27,6 +30,28 @@ double movingTime()
         for (int i = 0; i < kRepaints; ++i) {
             bar.slotGradientTimerOut();
             bar.repaint();
+        }
+    });
+}
+
+// Of a second in which it grows by a pixel each millisecond, or by as much as 600 pixels have room for,
+// twice.
+double growingTime()
+{
+    CBPGradientProgressBar bar;
+    bar.resize(kWidth, bar.height());
+    bar.show();
+    QApplication::processEvents();
+    return Bench::time([&bar] {
+        for (int i = 0; i < kGrowths; ++i) {
+            bar.setValue(0.01);
+            bar.setValue(0.96);
+            for (int step = 0; step < kGrowthSteps; ++step) {
+                if (step % kStepsOfHighlight == 0)
+                    bar.slotGradientTimerOut();
+                bar.slotDrawBarTimeOut();
+                QCoreApplication::sendPostedEvents(); // the repaint, without timers of its own
+            }
         }
     });
 }
@@ -71,6 +96,10 @@ void benchProgressBar(Bench &bench)
 {
     bench.compare(QStringLiteral("progress bar: 60 repaints"), QStringLiteral("us"),
                   {{QStringLiteral("CBPGradientProgressBar"), movingTime},
+                   {QStringLiteral("2 % of a second"), [] { return kTwoPerCent; }}},
+                  {1.0});
+    bench.compare(QStringLiteral("progress bar: 1000 pixels grown"), QStringLiteral("us"),
+                  {{QStringLiteral("CBPGradientProgressBar"), growingTime},
                    {QStringLiteral("2 % of a second"), [] { return kTwoPerCent; }}},
                   {1.0});
     bench.compare(QStringLiteral("progress bar: at rest"), QStringLiteral("timer events in 100 ms"),

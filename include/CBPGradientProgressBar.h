@@ -13,8 +13,8 @@ class QPainter;
 class QTimer;
 
 namespace lumqt {
-class CachedText;
-}
+struct ProgressPictures;
+} // namespace lumqt
 
 /// A thin progress bar, 8 pixels high, whose filled part is a gradient and grows smoothly, from left to right
 /// in any language.
@@ -151,9 +151,13 @@ private:
     void colorsChanged();
     void startSweep();
     void runTimers();
-    void repaintOrRest();
-    bool drawTrack(QPainter &painter, const QRect &track) const;
+    void repaintOrRest(const QRegion &changed);
+    QRect changedByGrowth() const;
+    QRect highlightPlace() const;
+    void grow(const QPaintEvent &event);
+    void drawTrack(QPainter &painter, const QRect &track, bool framed) const;
     void drawTraveller(QPainter &painter, const QRect &track) const;
+    void drawFilled(QPainter &painter, const QRect &filled) const;
     void drawHighlight(QPainter &painter, const QRect &filled) const;
     void drawPercentage(QPainter &painter, const QRect &filled);
 
@@ -174,6 +178,6 @@ private:
     bool m_ownColors = false; // others than the default ones
     int m_measuredWidth = 0;  // the widget's width that the bar width goes with
     bool m_onScreen = false;
-    std::unique_ptr<lumqt::CachedText> m_text; // made when first painted
+    std::unique_ptr<lumqt::ProgressPictures> m_pictures; // made when first painted
     QElapsedTimer m_sinceValue;
 };

@@ -1,14 +1,11 @@
 #include "CBPGradientProgressBar.h"
 
+#include "display/ProgressPictures.h"
 #include "foundation/Accessible.h"
-#include "foundation/FontLookup.h"
 #include "foundation/Log.h"
-#include "foundation/Painting.h"
 #include "foundation/Palette.h"
 #include "platform/Platform.h"
 
-#include <QPainter>
-#include <QPainterPath>
 #include <QPointer>
 #include <QResizeEvent>
 #include <QTimer>
@@ -22,21 +19,14 @@ namespace {
 
 // Look and metrics, in logical pixels.
 constexpr int kHeight = 8;
-constexpr qreal kRadius = 4;
-constexpr qreal kHighlightRadius = 2;
-constexpr int kHighlightWidth = 100;
 constexpr int kHighlightStep = 10;
 constexpr int kHighlightPause = 500; // how far left of the bar the next sweep starts
 constexpr int kTravelStep = 3;       // pixels with each repaint
-constexpr int kTravelShare = 4;      // of the track the piece is this part
-constexpr int kTextPixelSize = 12;
-constexpr int kTextMargin = 6; // both sides together
 
 constexpr int kSweepInterval = 20; // ms
 constexpr double kLeast = 0.01;
 constexpr double kCountsAsFull = 0.9999;
 constexpr double kNearlyFull = 0.98; // from here the bar hurries
-constexpr double kTextStep = 0.005;  // of the shown value, with each repaint
 
 // Milliseconds between two pixels: the larger the step, the faster the bar follows.
 int growthInterval(double from, double to)
@@ -44,18 +34,6 @@ int growthInterval(double from, double to)
     if (to > kNearlyFull)
         return 1;
     return int(qBound(1.0, 1.0 / qAbs(to - from), double(std::numeric_limits<int>::max())));
-}
-
-// What of a piece lies in the whole, both with round ends.
-void drawWithin(QPainter &painter, const QRect &whole, const QRect &piece, const QBrush &brush, qreal radius)
-{
-    QPainterPath clip;
-    clip.addRoundedRect(lumqt::wholeDevicePixels(painter, whole), radius, radius);
-    painter.save();
-    painter.setClipPath(clip);
-    painter.setBrush(brush);
-    painter.drawRoundedRect(lumqt::wholeDevicePixels(painter, piece), radius, radius);
-    painter.restore();
 }
 
 } // namespace
@@ -74,13 +52,10 @@ public:
         return bar ? new Accessible(bar) : nullptr;
     }
 
-    // Truncated, as everywhere: 100 per cent is said of a full bar only.
-    static int percent(double value) { return int(value * 100 + 1e-9); }
-
     QString text(QAccessible::Text kind) const override
     {
         if (kind == QAccessible::Value && m_bar && !m_bar->m_busy)
-            return CBPGradientProgressBar::tr("%1%").arg(percent(m_bar->m_value));
+            return CBPGradientProgressBar::tr("%1%").arg(lumqt::wholePercent(m_bar->m_value));
         return QAccessibleWidget::text(kind);
     }
 
@@ -99,7 +74,7 @@ public:
         return QAccessibleWidget::interface_cast(type);
     }
 
-    QVariant currentValue() const override { return m_bar ? percent(m_bar->m_value) : 0; }
+    QVariant currentValue() const override { return m_bar ? lumqt::wholePercent(m_bar->m_value) : 0; }
     void setCurrentValue(const QVariant &) override {} // progress is told, not set
     QVariant maximumValue() const override { return 100; }
     QVariant minimumValue() const override { return 0; }
@@ -144,8 +119,8 @@ void CBPGradientProgressBar::setValue(double value)
         growTo(value);
     }
     startSweep();
-    const int told = Accessible::percent(value);
-    if (told != Accessible::percent(before)) {
+    const int told = lumqt::wholePercent(value);
+    if (told != lumqt::wholePercent(before)) {
         QAccessibleValueChangeEvent event(this, told);
         QAccessible::updateAccessibility(&event);
     }
@@ -326,23 +301,25 @@ void CBPGradientProgressBar::resetMembers()
 
 void CBPGradientProgressBar::slotGradientTimerOut()
 {
+    const QRect before = highlightPlace();
     m_travelled += kTravelStep;
     m_highlightPosition += kHighlightStep;
     if (m_highlightPosition >= m_barWidth)
         m_highlightPosition -= m_barWidth + kHighlightPause;
-    repaintOrRest();
+    const bool rests = m_barWidth == progressBarWidth() && m_barWidth != width() && !m_showText;
+    repaintOrRest(rests && !m_busy ? (QRegion(before) + highlightPlace()) & rect() : QRegion(rect()));
 }
 
 void CBPGradientProgressBar::slotDrawBarTimeOut()
 {
-    repaintOrRest();
+    repaintOrRest(changedByGrowth());
 }
 
 // A bar that is scrolled out of view, or has no width, is shown and yet never painted: the paint that comes
 // once it is seen starts its timers again.
-void CBPGradientProgressBar::repaintOrRest()
+void CBPGradientProgressBar::repaintOrRest(const QRegion &changed)
 {
-    update();
+    update(changed);
     if (!visibleRegion().isEmpty())
         return;
     for (QTimer *timer : {m_gradientTimer, m_drawTimer}) {
@@ -379,109 +356,4 @@ void CBPGradientProgressBar::resizeEvent(QResizeEvent *event)
     if (!m_firstValue && m_barWidth < progressBarWidth())
         startSweep();
     QWidget::resizeEvent(event);
-}
-
-// Says whether it has a line around it.
-bool CBPGradientProgressBar::drawTrack(QPainter &painter, const QRect &track) const
-{
-    const QColor &frame = lumqt::themeColor(Purpose::ProgressFrame);
-    const bool framed = frame.alpha() > 0;
-    if (framed) {
-        painter.setBrush(frame);
-        painter.drawRoundedRect(lumqt::wholeDevicePixels(painter, track), kRadius, kRadius);
-    }
-    const qreal inset = framed ? 1 : 0;
-    painter.setBrush(lumqt::themeColor(Purpose::ProgressTrack));
-    painter.drawRoundedRect(
-        lumqt::wholeDevicePixels(painter, QRectF(track).adjusted(inset, inset, -inset, -inset)),
-        kRadius - inset, kRadius - inset);
-    return framed;
-}
-
-void CBPGradientProgressBar::paintEvent(QPaintEvent *)
-{
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    const QRect track = rect().adjusted(0, 0, -1, -1);
-    const bool framed = drawTrack(painter, track);
-    if (m_busy) {
-        drawTraveller(painter, framed ? track.adjusted(1, 1, -1, -1) : track.adjusted(1, 1, 0, 0));
-        runTimers();
-        return;
-    }
-    m_barWidth = qMin(m_barWidth + 1, progressBarWidth());
-    QRect filled = track.adjusted(1, 1, 0, 0);
-    filled.setWidth(m_barWidth);
-    if (framed)
-        filled &= track.adjusted(1, 1, -1, -1);
-    if (m_barWidth > 0) {
-        QLinearGradient gradient(filled.left(), 0, filled.right(), 0);
-        gradient.setColorAt(0, lumqt::themeColor(Purpose::ProgressStart));
-        gradient.setColorAt(1, lumqt::themeColor(Purpose::ProgressEnd));
-        painter.setBrush(gradient);
-        painter.drawRoundedRect(lumqt::wholeDevicePixels(painter, filled), kRadius, kRadius);
-    }
-    const bool full = m_barWidth == width();
-    if (!full)
-        drawHighlight(painter, filled);
-    else
-        m_shownValue = m_value; // no further repaint will come to catch up
-    if (m_showText)
-        drawPercentage(painter, filled);
-    if (full)
-        resetMembers();
-    else
-        runTimers();
-}
-
-// Begins where the bar does, leaves at the end and comes in again.
-void CBPGradientProgressBar::drawTraveller(QPainter &painter, const QRect &track) const
-{
-    const int width = track.width() / kTravelShare;
-    const bool rests = lumqt::platform::answers().lessMotion();
-    const int way = track.width() + width;
-    const int left = rests ? (track.width() - width) / 2
-                           : int((m_travelled + quint32(width)) % quint32(qMax(1, way))) - width;
-    const QRect piece(track.left() + left, track.top(), width, track.height());
-    QLinearGradient gradient(piece.left(), 0, piece.right(), 0);
-    gradient.setColorAt(0, lumqt::themeColor(Purpose::ProgressStart));
-    gradient.setColorAt(1, lumqt::themeColor(Purpose::ProgressEnd));
-    drawWithin(painter, track, piece, gradient, kRadius);
-}
-
-void CBPGradientProgressBar::drawHighlight(QPainter &painter, const QRect &filled) const
-{
-    const QRect highlight(m_highlightPosition, 1, kHighlightWidth, filled.height() - 1);
-    const QColor color = colorTwo();
-    if (!color.isValid() || filled.isEmpty() || !highlight.intersects(filled))
-        return;
-    QColor clear = color;
-    clear.setAlpha(0);
-    QLinearGradient gradient(highlight.left(), 0, highlight.right(), 0);
-    gradient.setColorAt(0, clear);
-    gradient.setColorAt(0.5, color);
-    gradient.setColorAt(1, clear);
-    drawWithin(painter, filled, highlight, gradient, kHighlightRadius);
-}
-
-void CBPGradientProgressBar::drawPercentage(QPainter &painter, const QRect &filled)
-{
-    m_shownValue += qBound(-kTextStep, m_value - m_shownValue, kTextStep);
-    if (!m_text)
-        m_text = std::make_unique<lumqt::CachedText>();
-    const QString text = tr("%1%").arg(Accessible::percent(m_shownValue));
-    const QFont font = lumqt::uiFont(lumqt::NormalWeight, kTextPixelSize);
-    QRect box(0, 0, m_text->lineSize(text, font).width() + kTextMargin, height());
-    box.moveLeft((width() - box.width()) / 2);
-    painter.setPen(lumqt::themeColor(Purpose::ProgressText));
-    m_text->drawLeft(painter, box, text, font);
-    if (lumqt::themeColor(Purpose::ProgressText) == lumqt::themeColor(Purpose::ProgressTextDone))
-        return;
-    // Where the text lies on what is done, that may be as dark as the track is light, or the other way round.
-    painter.save();
-    painter.setClipRect(filled, Qt::IntersectClip);
-    painter.setPen(lumqt::themeColor(Purpose::ProgressTextDone));
-    m_text->drawLeft(painter, box, text, font);
-    painter.restore();
 }

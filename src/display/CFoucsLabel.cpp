@@ -348,8 +348,8 @@ CFoucsLabel::Places CFoucsLabel::places() const
         left += result.lead.width() + m_spacing;
     }
     if (m_showsTail) {
-        const QSize size = m_tail->files.isEmpty() ? QSize(kArrowSize, kArrowSize)
-                                                   : m_tail->size(ratio, lumqt::paintedSize);
+        const QSize size =
+            m_tail->files.isEmpty() ? QSize(kArrowSize, kArrowSize) : m_tail->size(ratio, lumqt::paintedSize);
         result.tail = centred(right - size.width(), size);
         right -= size.width() + m_spacing;
     }

@@ -47,7 +47,8 @@ struct SeenImage;
 class LUMQT_TESTED PaintedImage
 {
 public:
-    // The file number `index` of `paths`, which is there, as paintedPixmap() has it. Good until the next call.
+    // The file number `index` of `paths`, which is there, as paintedPixmap() has it. Good until the
+    // next call.
     const QPixmap &pixmap(const QVector<QString> &paths, int index, qreal ratio);
 
     // Logical size of the last picture.

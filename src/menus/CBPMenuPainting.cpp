@@ -17,8 +17,8 @@
 #include <QWidgetAction>
 
 using lumqt::boundedPixels;
-using lumqt::paintedPixmap;
 using lumqt::logicalSize;
+using lumqt::paintedPixmap;
 using lumqt::Purpose;
 
 namespace {

@@ -1,10 +1,12 @@
 #include "Await.h"
 #include "CBPGradientProgressBar.h"
+#include "CBPTheme.h"
 #include "Later.h"
 #include "Pixels.h"
 #include "TestMain.h"
 
 #include <QAccessible>
+#include <QBackingStore>
 #include <QTimer>
 
 #include <limits>
@@ -48,6 +50,28 @@ struct Bar : CBPGradientProgressBar
     using CBPGradientProgressBar::setTextShown;
 };
 
+QImage picture(QWidget &widget)
+{
+    return widget.grab().toImage().convertToFormat(QImage::Format_RGB32);
+}
+
+// What was painted there before, and is flushed to the screen.
+QImage onScreen(const QWidget &window)
+{
+    QPaintDevice *surface = window.backingStore() ? window.backingStore()->paintDevice() : nullptr;
+    const auto *image =
+        surface && surface->devType() == QInternal::Image ? static_cast<QImage *>(surface) : nullptr;
+    const QRect whole(QPoint(0, 0), window.size() * window.devicePixelRatioF());
+    return image ? image->copy(whole).convertToFormat(QImage::Format_RGB32) : QImage();
+}
+
+// Repaints, without any timer. Once more for those that a repaint asked for.
+void deliver()
+{
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::sendPostedEvents();
+}
+
 } // namespace
 
 class TestProgressBar : public QObject
@@ -55,6 +79,8 @@ class TestProgressBar : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void cleanup() { CBPTheme::apply(QStringLiteral("light")); }
+
     // The first value shows at once.
     void values()
     {
@@ -173,6 +199,59 @@ private Q_SLOTS:
             QVERIFY(qAbs(filledBy(bar) - 180) <= 1);
             bar.setParent(nullptr);
         }
+    }
+
+    // On the screen, where it paints what has changed, it looks as if it were painted as a whole.
+    void paintsWhatChanged_data()
+    {
+        QTest::addColumn<QString>("theme");
+        for (const char *theme : {"light", "dark", "contrast"})
+            QTest::newRow(theme) << theme;
+    }
+
+    void paintsWhatChanged()
+    {
+        QFETCH(QString, theme);
+        CBPTheme::apply(theme);
+        Bar bar(0.4, Qt::red);
+        bar.show();
+        AWAIT(onScreen(bar) == picture(bar));
+        for (QTimer *timer : bar.findChildren<QTimer *>())
+            timer->blockSignals(true); // the test is the clock
+        int width = 80;
+        int ticks = 0;
+        const auto compare = [&] {
+            deliver();
+            Bar whole((width + 0.5) / kWidth, Qt::red);
+            for (int i = 0; i < ticks; ++i)
+                whole.slotGradientTimerOut();
+            QCOMPARE(onScreen(bar), picture(whole));
+        };
+        bar.setValue(0.6);
+        for (; width < 120; ++width) {
+            compare();
+            if (width % 4 == 0 && ++ticks)
+                bar.slotGradientTimerOut();
+            if (width % 14 == 5 && ++width)
+                bar.repaint(QRect(3, 2, 20, 3)); // somebody else's, and one more for the rest
+            else
+                bar.slotDrawBarTimeOut();
+        }
+        compare();
+        for (; ticks < 80; ++ticks) { // once round
+            compare();
+            bar.slotGradientTimerOut();
+        }
+        bar.setValue(0.2);
+        bar.slotDrawBarTimeOut();
+        deliver();
+        QCOMPARE(onScreen(bar), picture(bar));
+        bar.setValue(1.0);
+        for (int i = 0; i < kWidth; ++i) {
+            bar.slotDrawBarTimeOut();
+            deliver();
+        }
+        QCOMPARE(onScreen(bar), picture(bar));
     }
 
     void resizing()
