@@ -4,6 +4,7 @@
 
 #include <QLayout>
 #include <QList>
+#include <QSet>
 #include <QStyle>
 
 /// A layout that places its items one after the other, each as large as its size hint, and begins a new row
@@ -118,6 +119,7 @@ private:
     bool isMirrored() const;
 
     QList<QLayoutItem *> m_listItems;
+    QSet<const QLayoutItem *> m_setItems; // the same, to tell whether one is there already
     int m_iHSpacing;
     int m_iVSpacing;
     bool m_bTaking = false; // an item that is added brings widgets along, which are none of their own

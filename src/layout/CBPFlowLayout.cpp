@@ -112,7 +112,7 @@ bool CBPFlowLayout::canTake(QLayoutItem *item) const
         qCWarning(lcLumQt, "CBPFlowLayout: the layout lies in another one, or is a widget's");
         return false;
     }
-    if (m_listItems.contains(item)) {
+    if (m_setItems.contains(item)) {
         qCWarning(lcLumQt, "CBPFlowLayout: the item is there already");
         return false;
     }
@@ -131,6 +131,7 @@ void CBPFlowLayout::addItem(QLayoutItem *item)
         m_bTaking = false;
     }
     m_listItems.append(item);
+    m_setItems.insert(item);
     invalidate();
 }
 
@@ -149,6 +150,7 @@ QLayoutItem *CBPFlowLayout::takeAt(int index)
     if (index < 0 || index >= m_listItems.size())
         return nullptr;
     QLayoutItem *item = m_listItems.takeAt(index);
+    m_setItems.remove(item);
     QLayout *inner = item->layout();
     if (inner && inner->parent() == this)
         inner->setParent(nullptr);
