@@ -9,6 +9,7 @@
 #include <QPainter>
 #include <QPointer>
 #include <QPropertyAnimation>
+#include <QSet>
 
 namespace {
 
@@ -143,12 +144,13 @@ void CBPBox::AddSpacing(int iSpacing)
 void CBPBox::RemoveChildren(bool bHide)
 {
     const QPointer<CBPBox> alive(this);
+    const QSet<const QLayoutItem *> spacers(m_givenSpacers.cbegin(), m_givenSpacers.cend());
     while (alive && layout()) {
         QLayoutItem *item = layout()->takeAt(0);
         if (!item)
             break;
         const QPointer<QWidget> widget = item->widget();
-        const bool given = item->layout() || m_givenSpacers.contains(item->spacerItem());
+        const bool given = item->layout() || spacers.contains(item);
         if (bHide || !given)
             delete item;
         if (bHide && widget)
@@ -160,17 +162,14 @@ void CBPBox::RemoveChildren(bool bHide)
 
 void CBPBox::RemoveChild(QWidget *pWidget, bool bDelete)
 {
-    if (!pWidget || !layout())
+    const int place = pWidget && layout() ? layout()->indexOf(pWidget) : -1;
+    if (place < 0)
         return;
-    const int count = layout()->count();
-    for (int i = 0; i < count; ++i) {
-        QLayoutItem *item = layout()->itemAt(i);
-        if (!item || item->widget() != pWidget)
-            continue;
-        layout()->removeWidget(pWidget);
-        if (bDelete)
-            pWidget->deleteLater();
-    }
+    // Not by removeWidget(), which goes on to the end of the layout.
+    delete layout()->takeAt(place);
+    layout()->invalidate();
+    if (bDelete)
+        pWidget->deleteLater();
 }
 
 // ------------------------------------------------------------------------------------------------------------

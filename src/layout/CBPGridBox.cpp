@@ -35,8 +35,9 @@ CBPGridBox::~CBPGridBox() = default;
 
 void CBPGridBox::PackStart(QWidget *pWidget, bool bExpand, bool bOption, int iPadding, Qt::Alignment align)
 {
+    const int before = layout() ? layout()->count() : 0;
     CBPBox::PackStart(pWidget, bExpand, bOption, iPadding, align);
-    if (pWidget && layout() && layout()->indexOf(pWidget) >= 0)
+    if (layout() && layout()->count() > before)
         m_listWidgets.append(pWidget);
 }
 
