@@ -230,7 +230,7 @@ public:
 
     /// Sets the id that sigBtnClicked() reports.
     /// \since 1.0
-    void setBindId(int id) { m_bindId = id; }
+    void setBindId(int id);
 
     /// Paints the button as pressed as long as it is enabled, or no longer.
     /// \since 1.0

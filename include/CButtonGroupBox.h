@@ -7,9 +7,12 @@
 #include <QStringList>
 #include <QVector>
 
+#include <memory>
+
 class CBPPushBtn;
 
 namespace lumqt {
+class ButtonIds;
 class FocusGroup;
 class GroupButton;
 class TabBar;
@@ -147,8 +150,8 @@ private:
 
     CBPPushBtn *CreateButton(int id, QString text, QString iconPath);
     void setTones(int frame, int ground);
-    void drawSeparators(QPainter &painter) const;
-    void drawOverButton(QPainter &painter) const;
+    void drawSeparators(QPainter &painter, const QRect &area) const;
+    void drawOverButton(QPainter &painter, const QRect &button) const;
 
     void select(const CBPPushBtn *button);
     void removeButton(CBPPushBtn *button);
@@ -160,6 +163,7 @@ private:
     bool m_wantsId = false; // ... if one is
     int m_toldId = -1;      // what checkedIdChanged() has said last
     QVector<QPointer<CBPPushBtn>> m_buttons;
+    std::unique_ptr<lumqt::ButtonIds> m_ids; // of m_buttons
     QVector<QColor> m_textColors;
     QVector<QColor> m_bgColors;
     bool m_ownTextColors = false; // an application has set them

@@ -139,7 +139,9 @@ private:
     void Layout();
     CBPPushBtn *GetTabItem(int id);
     bool isOwn(const QWidget *page) const;
-    QVector<Tab> ownTabs() const;
+    template <class IsIt> int findOwn(const IsIt &isIt) const;
+    Tab ownTab(int index) const;
+    int findCurrent(Tab &tab) const;
     void addTab(QWidget *page, const QString &text, int id, const QString &icon, CBPPushBtn *before);
     void showCurrent();
     void tellCurrent();
@@ -149,6 +151,7 @@ private:
     QPointer<QHBoxLayout> m_pContentLayout;
     QPointer<QHBoxLayout> m_pTabBarLayout;
     QList<Tab> m_listTabs;
+    bool m_bTellsSoon = false;
     int m_iCurIndex = -1;
     int m_iWanted = -1; // place of a page that is yet to come
     int m_iToldId = -1; // by currentChanged()

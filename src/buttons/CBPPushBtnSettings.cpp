@@ -2,6 +2,8 @@
 
 #include "CBPPushBtn.h"
 
+#include "buttons/ButtonIds.h"
+
 #include "foundation/Accessible.h"
 #include "foundation/ElidedText.h"
 #include "foundation/FontLookup.h"
@@ -153,6 +155,12 @@ int CBPPushBtn::bindId() const
     return m_bindId;
 }
 
+void CBPPushBtn::setBindId(int id)
+{
+    m_bindId = id;
+    ++lumqt::buttonIdChanges;
+}
+
 void CBPPushBtn::setSelected(bool selected)
 {
     if (changeSelected(selected))
@@ -162,11 +170,10 @@ void CBPPushBtn::setSelected(bool selected)
 // All but the signal; whether it made a difference.
 bool CBPPushBtn::changeSelected(bool selected)
 {
-    const bool changed = m_selected != selected;
+    if (m_selected == selected)
+        return false; // as most of a group are, when another one is selected
     m_selected = selected;
     update();
-    if (!changed)
-        return false;
     selectedChanged();
     lumqt::tellChosen(this, selected);
     return true;

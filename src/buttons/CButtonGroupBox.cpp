@@ -1,5 +1,6 @@
 #include "CButtonGroupBox.h"
 
+#include "buttons/ButtonIds.h"
 #include "buttons/ButtonTones.h"
 #include "buttons/FocusGroup.h"
 #include "buttons/GroupButton.h"
@@ -9,6 +10,7 @@
 
 #include <QLayout>
 #include <QPainter>
+#include <QPaintEvent>
 #include <QTimer>
 
 #include <algorithm>
@@ -31,7 +33,10 @@ template <class Act> void forEach(const QVector<QPointer<CBPPushBtn>> &buttons, 
 } // namespace
 
 CButtonGroupBox::CButtonGroupBox(bool exclusive, QWidget *parent)
-    : CBPBox(false, false, 0), m_exclusive(exclusive), m_focusGroup(new lumqt::FocusGroup(this))
+    : CBPBox(false, false, 0),
+      m_exclusive(exclusive),
+      m_ids(std::make_unique<lumqt::ButtonIds>(m_buttons)),
+      m_focusGroup(new lumqt::FocusGroup(this))
 {
     lumqt::installAccessible(staticMetaObject.className(), lumqt::makeGrouping);
     setParent(parent);
@@ -63,6 +68,7 @@ CBPPushBtn *CButtonGroupBox::AddButton(int id, QString text, QString iconPath)
 {
     CBPPushBtn *button = CreateButton(id, text, iconPath);
     m_buttons.append(button);
+    m_ids->added(button);
     PackStart(button);
     m_focusGroup->add(button);
     if (!m_wantsId || id != m_wantedId)
@@ -95,11 +101,7 @@ CBPPushBtn *CButtonGroupBox::CreateButton(int id, QString text, QString iconPath
 
 CBPPushBtn *CButtonGroupBox::GetButton(int id)
 {
-    for (CBPPushBtn *button : qAsConst(m_buttons)) {
-        if (button && button->bindId() == id)
-            return button;
-    }
-    return nullptr;
+    return m_ids->button(id);
 }
 
 QStringList CButtonGroupBox::items() const
@@ -125,10 +127,7 @@ void CButtonGroupBox::setItems(const QStringList &texts)
                 former[i]->setText(wanted[i]); // who hears of it may delete anything
             continue;
         }
-        int id = 0;
-        while (GetButton(id))
-            ++id;
-        AddButton(id, wanted[i], QString());
+        AddButton(m_ids->freeId(), wanted[i], QString());
     }
     for (int i = wanted.size(); alive && i < former.size(); ++i) {
         if (former[i] && former[i]->hasFocus() && i > 0 && former[wanted.size() - 1])
@@ -152,9 +151,11 @@ void CButtonGroupBox::setItems(const QStringList &texts)
 void CButtonGroupBox::removeButton(CBPPushBtn *button)
 {
     m_buttons.removeOne(button);
-    QLayoutItem *behind = layout()->itemAt(layout()->indexOf(button) + 1);
+    m_ids->removed(button);
+    const int place = layout()->indexOf(button) + 1;
+    QLayoutItem *behind = layout()->itemAt(place);
     if (behind && behind->spacerItem())
-        delete layout()->takeAt(layout()->indexOf(behind));
+        delete layout()->takeAt(place);
     button->disconnect(this);
     RemoveChild(button, true);
     button->hide(); // last: the focus moves
@@ -224,6 +225,7 @@ void CButtonGroupBox::forget(const CBPPushBtn *button)
     const int place = int(std::find(m_buttons.cbegin(), m_buttons.cend(), button) - m_buttons.cbegin());
     if (place == m_buttons.size())
         return;
+    m_ids->removed(button);
     m_buttons[place].clear();
     tellCheckedId();
 }
@@ -304,10 +306,11 @@ void CButtonGroupBox::paintEvent(QPaintEvent *event)
 {
     CBPBox::paintEvent(event);
     QPainter painter(this);
-    drawSeparators(painter);
+    drawSeparators(painter, event->rect());
 }
 
-void CButtonGroupBox::drawSeparators(QPainter &painter) const
+// Those that show in `area`.
+void CButtonGroupBox::drawSeparators(QPainter &painter, const QRect &area) const
 {
     const CBPPushBtn *before = nullptr;
     for (const CBPPushBtn *button : qAsConst(m_buttons)) {
@@ -317,7 +320,8 @@ void CButtonGroupBox::drawSeparators(QPainter &painter) const
             const QRect place = before->geometry();
             const int x = isRightToLeft() ? place.left() - kLineWidth : place.right() + 1;
             const QRectF line(x, kLineWidth, kLineWidth, height() - kLineWidth);
-            lumqt::fillLine(painter, line, frameColor());
+            if (x >= area.left() - kLineWidth && x <= area.right() + kLineWidth)
+                lumqt::fillLine(painter, line, frameColor());
         }
         before = button;
     }
@@ -326,7 +330,7 @@ void CButtonGroupBox::drawSeparators(QPainter &painter) const
 // Where a line of one pixel is two device pixels thick, the gap between two buttons may be one: the buttons
 // paint what they cover of the lines. Where an application leaves the lines no room, they cover them. The
 // painter is in the group's coordinates.
-void CButtonGroupBox::drawOverButton(QPainter &painter) const
+void CButtonGroupBox::drawOverButton(QPainter &painter, const QRect &button) const
 {
     const QMargins room = contentsMargins();
     Qt::Edges edges;
@@ -337,5 +341,5 @@ void CButtonGroupBox::drawOverButton(QPainter &painter) const
     if (m_bDrawFrame)
         lumqt::fillEdges(painter, QRectF(rect()), edges, frameColor());
     if (layout()->spacing() > 0)
-        drawSeparators(painter);
+        drawSeparators(painter, button);
 }

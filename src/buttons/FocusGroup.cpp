@@ -48,8 +48,9 @@ void FocusGroup::add(QWidget *member, const QWidget *before)
 {
     if (!(member->focusPolicy() & Qt::TabFocus))
         return;
-    const auto place = std::find_if(m_members.begin(), m_members.end(),
-                                    [before](const QWidget *each) { return before && each == before; });
+    auto place = m_members.end();
+    if (before)
+        place = std::find(m_members.begin(), m_members.end(), before);
     m_members.insert(place, QPointer<QWidget>(member));
     member->installEventFilter(this);
     connect(member, &QObject::destroyed, this, &FocusGroup::forget);
@@ -57,6 +58,12 @@ void FocusGroup::add(QWidget *member, const QWidget *before)
         member->setFocusPolicy(Qt::ClickFocus);
     else
         m_stop = member;
+}
+
+void FocusGroup::release()
+{
+    m_members.clear();
+    m_stop = nullptr;
 }
 
 bool FocusGroup::canStop(const QWidget *member) const
@@ -78,8 +85,8 @@ void FocusGroup::setStop(QWidget *member)
 
 void FocusGroup::choose(QWidget *member)
 {
-    const bool focused = std::any_of(m_members.cbegin(), m_members.cend(),
-                                     [](const QWidget *each) { return each && each->hasFocus(); });
+    QWidget *focus = container()->window()->focusWidget();
+    const bool focused = focus && focus->hasFocus() && m_members.contains(focus);
     if (!focused && m_members.contains(member) && canStop(member))
         setStop(member);
 }

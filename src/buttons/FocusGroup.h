@@ -21,6 +21,9 @@ public:
     // Adds a member before another one, or at the end; one that does not take the focus by Tab is left out.
     void add(QWidget *member, const QWidget *before = nullptr);
 
+    // Lets go of all members.
+    void release();
+
     // Makes a member that was chosen the one that Tab comes to, unless the focus is in the group.
     void choose(QWidget *member);
 

@@ -115,7 +115,7 @@ void GroupButton::paintEvent(QPaintEvent *event)
     QPainter painter(this);
     if (const auto *group = qobject_cast<CButtonGroupBox *>(parentWidget())) {
         painter.translate(-pos());
-        group->drawOverButton(painter);
+        group->drawOverButton(painter, geometry());
         painter.translate(pos());
     }
     if (m_focusMark != FocusMark::Shown || !isEnabled())

@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -61,10 +62,10 @@ void CTabContainer::addTab(QWidget *page, const QString &text, int id, const QSt
     CBPPushBtn *button = m_pTabBar->addTab(id, text, icon, page, before);
     connect(button, &CBPPushBtn::sigBtnClicked, this, &CTabContainer::slotTabItemClicked);
     connect(button, &CBPPushBtn::textChanged, this, &CTabContainer::tellSoon);
-    const auto isGone = [](const Tab &tab) { return !tab.first && !tab.second; };
-    m_listTabs.erase(std::remove_if(m_listTabs.begin(), m_listTabs.end(), isGone), m_listTabs.end());
-    const auto place = std::find_if(m_listTabs.begin(), m_listTabs.end(),
-                                    [before](const Tab &tab) { return before && tab.first == before; });
+    auto place = m_listTabs.end();
+    if (before)
+        place = std::find_if(m_listTabs.begin(), m_listTabs.end(),
+                             [before](const Tab &tab) { return tab.first == before; });
     // The tabs come before the pages, though they are made after them.
     const auto last =
         std::find_if(m_listTabs.crbegin(), m_listTabs.crend(), [](const Tab &tab) { return tab.first; });
@@ -102,61 +103,92 @@ CBPPushBtn *CTabContainer::GetTabItem(int id)
 // ------------------------------------------------------------------------------------------------------------
 // pages by their places
 
-QVector<CTabContainer::Tab> CTabContainer::ownTabs() const
+// Goes through the tabs whose pages are here, and no further than to the one that is looked for: its place,
+// or -1. Asked at each page that is added, and then for the first one as a rule.
+template <class IsIt> int CTabContainer::findOwn(const IsIt &isIt) const
 {
-    QVector<Tab> own;
+    int place = 0;
     for (const Tab &tab : m_listTabs) {
-        if (tab.first && isOwn(tab.second))
-            own.append(tab);
+        if (!tab.first || !isOwn(tab.second))
+            continue;
+        if (isIt(tab, place))
+            return place;
+        ++place;
     }
-    return own;
+    return -1;
+}
+
+// Two null pointers where there is none.
+CTabContainer::Tab CTabContainer::ownTab(int index) const
+{
+    Tab found;
+    if (index < 0)
+        return found;
+    findOwn([&found, index](const Tab &tab, int place) {
+        if (place == index)
+            found = tab;
+        return place == index;
+    });
+    return found;
 }
 
 int CTabContainer::count() const
 {
-    return int(ownTabs().size());
+    int own = 0;
+    findOwn([&own](const Tab &, int) {
+        ++own;
+        return false;
+    });
+    return own;
 }
 
 QWidget *CTabContainer::widget(int index) const
 {
-    return ownTabs().value(index).second;
+    return ownTab(index).second;
 }
 
 int CTabContainer::indexOf(const QWidget *page) const
 {
-    const QVector<Tab> own = ownTabs();
-    const auto found =
-        std::find_if(own.cbegin(), own.cend(), [page](const Tab &tab) { return tab.second == page; });
-    return found == own.cend() ? -1 : int(found - own.cbegin());
+    return isOwn(page) ? findOwn([page](const Tab &tab, int) { return tab.second == page; }) : -1;
+}
+
+int CTabContainer::findCurrent(Tab &tab) const
+{
+    return findOwn([this, &tab](const Tab &each, int) {
+        const bool current = each.first->bindId() == m_iCurIndex;
+        if (current)
+            tab = each;
+        return current;
+    });
 }
 
 int CTabContainer::currentPage() const
 {
-    const QVector<Tab> own = ownTabs();
-    const auto found = std::find_if(own.cbegin(), own.cend(),
-                                    [this](const Tab &tab) { return tab.first->bindId() == m_iCurIndex; });
-    return found == own.cend() ? -1 : int(found - own.cbegin());
+    Tab tab;
+    return findCurrent(tab);
 }
 
 void CTabContainer::setCurrentPage(int index)
 {
     if (index < 0)
         return;
-    const QVector<Tab> own = ownTabs();
-    m_iWanted = index < own.size() ? -1 : index;
-    if (index < own.size() && index != currentPage())
-        SetSelected(own.at(index).first->bindId());
+    const Tab tab = ownTab(index);
+    m_iWanted = tab.first ? -1 : index;
+    if (tab.first && index != currentPage())
+        SetSelected(tab.first->bindId());
 }
 
 QString CTabContainer::currentTabText() const
 {
-    const Tab tab = ownTabs().value(currentPage());
+    Tab tab;
+    findCurrent(tab);
     return tab.first ? tab.first->text() : QString();
 }
 
 void CTabContainer::setCurrentTabText(const QString &text)
 {
-    const Tab tab = ownTabs().value(currentPage());
+    Tab tab;
+    findCurrent(tab);
     const QPointer<CTabContainer> alive(this);
     if (tab.second)
         tab.second->setWindowTitle(text);
@@ -175,21 +207,19 @@ void CTabContainer::insertPage(int index, QWidget *page)
 {
     if (!m_pTabBar || !m_pContentLayout || !lumqt::canPack(this, page) || indexOf(page) >= 0)
         return;
-    int id = 0;
-    while (GetTabItem(id))
-        ++id;
+    const int id = m_pTabBar->freeId();
     const QPointer<CTabContainer> alive(this);
-    addTab(page, page->windowTitle(), id, QString(), ownTabs().value(index).first);
+    addTab(page, page->windowTitle(), id, QString(), ownTab(index).first);
     CBPPushBtn *button = GetTabItem(id);
     connect(page, &QWidget::windowTitleChanged, button,
             [button](const QString &title) { button->setText(title); });
-    if (count() == 1)
+    if (!widget(1)) // it is the only one
         m_pTabBar->fitHeight();
     if (id == m_iCurIndex)
         showCurrent();
     else
         page->hide();
-    if (alive && m_iWanted >= 0 && m_iWanted < count())
+    if (alive && m_iWanted >= 0 && widget(m_iWanted))
         setCurrentPage(m_iWanted);
     if (alive)
         tellCurrent();
@@ -197,7 +227,7 @@ void CTabContainer::insertPage(int index, QWidget *page)
 
 void CTabContainer::removePage(int index)
 {
-    const Tab removed = ownTabs().value(index);
+    const Tab removed = ownTab(index);
     if (!removed.second || !m_pTabBar)
         return;
     const QPointer<CTabContainer> alive(this);
@@ -206,15 +236,16 @@ void CTabContainer::removePage(int index)
     removed.second->disconnect(removed.first); // its title is its own again
     removed.first->disconnect(this);
     if (m_pContentLayout)
-        m_pContentLayout->removeWidget(removed.second);
+        delete m_pContentLayout->takeAt(m_pContentLayout->indexOf(removed.second));
     m_pTabBar->removeButton(removed.first); // not at once: it may be the one that was clicked
     if (removed.second)
         removed.second->hide();
     if (!alive)
         return;
     if (current) {
-        const QVector<Tab> left = ownTabs();
-        m_iCurIndex = left.isEmpty() ? -1 : left.at(qMin(index, int(left.size()) - 1)).first->bindId();
+        const Tab behind = ownTab(index);
+        const Tab next = behind.first ? behind : ownTab(count() - 1);
+        m_iCurIndex = next.first ? next.first->bindId() : -1;
         showCurrent();
     }
     if (alive)
@@ -224,15 +255,20 @@ void CTabContainer::removePage(int index)
 // Last in all that may have changed it: the container may be gone after.
 void CTabContainer::tellCurrent()
 {
-    const int page = currentPage();
+    Tab tab;
+    const int page = findCurrent(tab);
     const QPointer<CTabContainer> alive(this);
     if (page != m_iToldPage || m_iCurIndex != m_iToldId) {
         m_iToldPage = page;
         m_iToldId = m_iCurIndex;
         emit currentChanged(page);
+        if (!alive)
+            return;
+        tab = Tab(); // who has heard of it may have changed anything
+        findCurrent(tab);
     }
-    const QString text = alive ? currentTabText() : QString();
-    if (!alive || text == m_strToldText)
+    const QString text = tab.first ? tab.first->text() : QString();
+    if (text == m_strToldText)
         return;
     m_strToldText = text;
     emit currentTabTextChanged(text);
@@ -242,13 +278,22 @@ void CTabContainer::tellCurrent()
 // go in the middle of that.
 void CTabContainer::tellSoon()
 {
-    QTimer::singleShot(0, this, &CTabContainer::tellCurrent);
+    if (std::exchange(m_bTellsSoon, true))
+        return;
+    QTimer::singleShot(0, this, [this] {
+        m_bTellsSoon = false;
+        const auto isGone = [](const Tab &tab) { return !tab.first && !tab.second; };
+        m_listTabs.erase(std::remove_if(m_listTabs.begin(), m_listTabs.end(), isGone), m_listTabs.end());
+        tellCurrent();
+    });
 }
 
 // A page that is deleted or given another parent is missed, and found again when it comes back.
 void CTabContainer::childEvent(QChildEvent *event)
 {
     QWidget::childEvent(event);
+    if (m_bTellsSoon)
+        return;
     const auto isChild = [event](const Tab &tab) { return tab.second == event->child(); };
     if (event->removed() || std::any_of(m_listTabs.cbegin(), m_listTabs.cend(), isChild))
         tellSoon();

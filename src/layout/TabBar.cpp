@@ -1,5 +1,6 @@
 #include "layout/TabBar.h"
 
+#include "buttons/ButtonIds.h"
 #include "buttons/FocusGroup.h"
 #include "buttons/GroupButton.h"
 #include "foundation/Accessible.h"
@@ -30,11 +31,17 @@ CBPPushBtn *TabBar::insertButton(CBPPushBtn *before, int id, const QString &text
 {
     CBPPushBtn *button = CreateButton(id, text, iconPath);
     m_buttons.insert(m_buttons.indexOf(before), button);
+    m_ids->added(button);
     const int place = layout()->indexOf(before);
     InsertWidget(place, button);
     static_cast<QBoxLayout *>(layout())->insertSpacing(place + 1, 0);
     m_focusGroup->add(button, before);
     return button;
+}
+
+int TabBar::freeId()
+{
+    return m_ids->freeId();
 }
 
 QAccessibleInterface *TabBar::makeAccessible(QWidget *widget)

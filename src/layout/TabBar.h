@@ -22,6 +22,7 @@ public:
     // For the container of the pages.
     using CButtonGroupBox::fitHeight;
     using CButtonGroupBox::removeButton;
+    int freeId();
 
 private:
     CBPPushBtn *insertButton(CBPPushBtn *before, int id, const QString &text, const QString &iconPath);
