@@ -8,7 +8,6 @@
 #include <QColor>
 #include <QFont>
 #include <QMenu>
-#include <QPair>
 #include <QPixmap>
 #include <QPointer>
 #include <QStringList>
@@ -19,8 +18,9 @@
 class CBPMenuItemSizeStyle;
 
 namespace lumqt {
+struct ItemTables;
 class MenuTexts;
-}
+} // namespace lumqt
 
 /// The library's pop-up menu: a frameless, translucent QMenu that paints its own rounded body, items,
 /// separators and highlight.
@@ -408,6 +408,10 @@ private:
     void paintItem(QPainter *painter, const ItemView &item);
     QPixmap itemPixmap(QAction *action, bool hovered);
     QPixmap arrowPixmap();
+    QRect placeOf(QAction *action) const;
+    int firstFrom(const QList<QAction *> &actions, int y) const;
+    QVector<ItemView> itemsIn(const QRegion &region, const QAction *hovered) const;
+    void paintItems(QPainter *painter, const QVector<ItemView> &items, const ScrollAreas &areas);
     ScrollAreas scrollAreas() const;
     QAction *hoveredAction() const;
     void followHover(QAction *hovered, const QRegion &painted);
@@ -440,10 +444,7 @@ private:
     int m_borderWidth = 0;
     int m_bottomHeight = 0;
     QFont m_font;
-    // Pairs and no map: QVariant has no order that holds between numbers and texts.
-    QVector<QPair<QVariant, QVector<QString>>> m_actionRes;
-    QVector<QPair<QVariant, QString>> m_specialFlags;
-
+    std::unique_ptr<lumqt::ItemTables> m_tables;
     std::unique_ptr<lumqt::MenuTexts> m_texts;
     QPointer<QAction> m_shownHover; // painted as hovered at the last paint
     bool m_paintsHovered = false;   // an item on the theme's highlight

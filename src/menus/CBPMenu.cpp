@@ -5,7 +5,7 @@
 #include "foundation/Log.h"
 #include "foundation/Painting.h"
 #include "foundation/Palette.h"
-#include "foundation/QtCompat.h"
+#include "menus/ItemTable.h"
 #include "menus/MenuMetrics.h"
 #include "menus/MenuTexts.h"
 
@@ -32,24 +32,6 @@ const char kSizeRule[] = "CBPMenu{margin:0;padding:0;border:none}"
                          "max-width:%1px;max-height:%2px;margin:0;padding:0;border:none}";
 constexpr QStyle::PixelMetric kRoomAround[] = {QStyle::PM_MenuPanelWidth, QStyle::PM_MenuHMargin,
                                                QStyle::PM_MenuVMargin};
-
-template <class Value> int entryOf(const QVector<QPair<QVariant, Value>> &entries, const QVariant &itemData)
-{
-    for (int i = 0; i < entries.size(); ++i)
-        if (lumqt::sameValue(entries.at(i).first, itemData))
-            return i;
-    return -1;
-}
-
-template <class Value>
-void setEntry(QVector<QPair<QVariant, Value>> &entries, const QVariant &itemData, const Value &value)
-{
-    const int index = entryOf(entries, itemData);
-    if (index >= 0)
-        entries[index].second = value;
-    else
-        entries.append(qMakePair(itemData, value));
-}
 
 QSize boundedSize(const QSize &size)
 {
@@ -97,6 +79,7 @@ QVector<QPointer<QMenu>> CBPMenu::tornOffMenus() const
 
 void CBPMenu::Init()
 {
+    m_tables = std::make_unique<lumqt::ItemTables>();
     m_texts = std::make_unique<lumqt::MenuTexts>();
     m_leftMargin = lumqt::kMenuMargin;
     m_spacing = lumqt::kMenuMargin;
@@ -156,7 +139,8 @@ QAction *CBPMenu::AddMenu(QMenu *menu)
         qCWarning(lcLumQt, "CBPMenu::AddMenu: a menu cannot be its own sub-menu");
         return nullptr;
     }
-    m_subMenus.removeAll(QPointer<QMenu>()); // those destroyed since
+    if (m_subMenus.size() == m_subMenus.capacity())
+        m_subMenus.removeAll(QPointer<QMenu>()); // those destroyed since
     if (!m_subMenus.contains(menu))
         m_subMenus.append(menu);
     QAction *action = addMenu(menu);
@@ -192,43 +176,39 @@ void CBPMenu::SetShowCheckIcon(int id, QIcon icon)
 
 void CBPMenu::SetActionSpecialFlag(QVariant itemData, bool on, const QString &res)
 {
-    if (on) {
-        setEntry(m_specialFlags, itemData, res);
-    } else {
-        const int index = entryOf(m_specialFlags, itemData);
-        if (index >= 0)
-            m_specialFlags.remove(index);
-    }
+    if (on)
+        m_tables->flags.set(itemData, res);
+    else
+        m_tables->flags.remove(itemData);
     update();
 }
 
 bool CBPMenu::IsActionSpecial(const QVariant &itemData, QString &res)
 {
-    const int index = entryOf(m_specialFlags, itemData);
-    if (index < 0)
-        return false;
-    res = m_specialFlags.at(index).second;
-    return true;
+    const QString *flag = m_tables->flags.find(itemData);
+    if (flag)
+        res = *flag;
+    return flag;
 }
 
 void CBPMenu::SetActionRes(const QVariant &itemData, const QVector<QString> &images)
 {
-    setEntry(m_actionRes, itemData, images);
+    m_tables->pictures.set(itemData, images);
     update();
 }
 
 void CBPMenu::ResetActionRes(const QVariant &itemData, const QVector<QString> &images)
 {
-    m_actionRes.clear();
+    m_tables->pictures.clear();
     SetActionRes(itemData, images);
 }
 
 bool CBPMenu::GetActionRes(const QVariant &itemData, const ENState &state, QString &path)
 {
-    const int index = entryOf(m_actionRes, itemData);
-    if (index < 0 || m_actionRes.at(index).second.size() != kStateImages)
+    const QVector<QString> *images = m_tables->pictures.find(itemData);
+    if (!images || images->size() != kStateImages)
         return false;
-    path = m_actionRes.at(index).second.value(state);
+    path = images->value(state);
     return true;
 }
 
@@ -383,8 +363,9 @@ void CBPMenu::resetMenuSize(QString text)
     if (text.isEmpty())
         return;
     m_widestText = qMax(m_widestText, menuItemLen(text, m_fontSize));
-    m_subMenus.removeAll(QPointer<QMenu>());
-    const int room = m_subMenus.isEmpty() ? kRoomBesideText : kRoomBesideTextWithArrow;
+    const bool nested = std::any_of(m_subMenus.cbegin(), m_subMenus.cend(),
+                                    [](const QPointer<QMenu> &menu) { return !menu.isNull(); });
+    const int room = nested ? kRoomBesideTextWithArrow : kRoomBesideText;
     useItemSize(QSize(qMax(m_minWidth, lumqt::boundedPixels(m_widestText) + room), m_itemHeight));
 }
 

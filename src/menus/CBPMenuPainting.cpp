@@ -4,10 +4,9 @@
 #include "foundation/ImageLoader.h"
 #include "foundation/Painting.h"
 #include "foundation/Palette.h"
+#include "menus/MenuMetrics.h"
 #include "menus/MenuTexts.h"
-#include "platform/Platform.h"
 
-#include <QBitmap>
 #include <QCursor>
 #include <QPainter>
 #include <QPainterPath>
@@ -23,9 +22,8 @@ using lumqt::Purpose;
 
 namespace {
 
-constexpr int kBodyIndex = 0;  // of the background colours
-constexpr int kHoverIndex = 2; // of the background colours
-constexpr int kSubLevelInset = 2;
+constexpr int kBodyIndex = 0;     // of the background colours
+constexpr int kHoverIndex = 2;    // of the background colours
 constexpr int kCornerRoom = 2;    // between the plain part of a highlight and round corners
 constexpr int kLargestIcon = 255; // side
 constexpr int kArrowMargin = 8;   // between the arrow and the right edge
@@ -79,6 +77,8 @@ void drawScrollArrow(QPainter *painter, const QRect &area, bool down, const QCol
 // Where a menu taller than the screen scrolls; empty where nothing more follows.
 struct CBPMenu::ScrollAreas
 {
+    QRect first; // item that has a place
+    QRect last;
     QRect up;
     QRect down;
 
@@ -108,91 +108,60 @@ QColor CBPMenu::edgeColor() const
     return !m_subLevel && m_borderWidth > 0 && m_borderColor.isValid() ? color : bodyColor();
 }
 
-QRect CBPMenu::bodyRect() const
+// Null for an item that is hidden. QMenu goes through its items to the one that it is asked for: whoever asks
+// for each makes a menu slow that has thousands.
+QRect CBPMenu::placeOf(QAction *action) const
 {
-    return m_subLevel ? rect().adjusted(kSubLevelInset, 0, -kSubLevelInset, 0) : rect();
+    return action->isVisible() ? actionGeometry(action) : QRect();
 }
 
-// The square part of a menu's body: it hides the upper round corners, the bottom strip keeps the lower ones.
-QRect CBPMenu::innerRect() const
+// In a menu of one column: the index of the first item that does not end above `y`.
+int CBPMenu::firstFrom(const QList<QAction *> &actions, int y) const
 {
-    const int border = boundedPixels(m_borderWidth);
-    return m_subLevel ? QRect() : rect().adjusted(border, border, -border, -boundedPixels(m_bottomHeight));
-}
-
-// The body with its round corners. Only these are drawn: a menu with hundreds of items is far higher than the
-// screen, and a bitmap of all of it would be made for each item that is added while it is open.
-QRegion CBPMenu::bodyShape() const
-{
-    const QRect body = bodyRect();
-    const int radius = boundedPixels(m_radius);
-    const QSize size = body.size().boundedTo(QSize(2 * radius, 2 * radius));
-    if (size.isEmpty())
-        return body;
-    QBitmap bitmap(size);
-    bitmap.clear();
-    QPainter painter(&bitmap);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(Qt::color1);
-    painter.drawRoundedRect(QRect(QPoint(), size), radius, radius);
-    painter.end();
-
-    const QRegion round(bitmap);
-    const QSize quarter((size.width() + 1) / 2, (size.height() + 1) / 2);
-    const QPoint opposite(body.width() - size.width(), body.height() - size.height());
-    QRegion shape(body);
-    for (const bool right : {false, true}) {
-        for (const bool low : {false, true}) {
-            const QRect corner(QPoint(right ? size.width() - quarter.width() : 0,
-                                      low ? size.height() - quarter.height() : 0),
-                               quarter);
-            const QPoint way = body.topLeft() + QPoint(right ? opposite.x() : 0, low ? opposite.y() : 0);
-            shape -= (QRegion(corner) - round).translated(way);
-        }
+    int low = 0;
+    int high = actions.size();
+    while (low < high) {
+        const int middle = low + (high - low) / 2;
+        int shown = middle; // or the next one that has a place
+        QRect place = placeOf(actions.at(shown));
+        while (place.isNull() && ++shown < high)
+            place = placeOf(actions.at(shown));
+        if (shown < high && place.bottom() < y)
+            low = shown + 1;
+        else
+            high = middle;
     }
-    return shape;
+    return low;
 }
 
-// Without a compositor what is transparent shows black: the window itself then gets the menu's shape.
-void CBPMenu::updateMask()
+QVector<CBPMenu::ItemView> CBPMenu::itemsIn(const QRegion &region, const QAction *hovered) const
 {
-    if (!m_opaque || size().isEmpty())
-        clearMask();
-    else
-        setMask(bodyShape() + innerRect());
-}
-
-void CBPMenu::showEvent(QShowEvent *event)
-{
-    QMenu::showEvent(event);
-    const bool opaque = !lumqt::platform::answers().composited();
-    if (opaque == m_opaque)
-        return;
-    m_opaque = opaque;
-    updateMask();
-}
-
-void CBPMenu::resizeEvent(QResizeEvent *event)
-{
-    QMenu::resizeEvent(event);
-    if (m_opaque && event->size() != event->oldSize())
-        updateMask();
+    QVector<ItemView> items;
+    const auto all = actions();
+    const QRect area = region.boundingRect();
+    const bool oneColumn = style()->styleHint(QStyle::SH_Menu_Scrollable, nullptr, this);
+    for (int i = oneColumn ? firstFrom(all, area.top()) : 0; i < all.size(); ++i) {
+        const QRect place = placeOf(all.at(i));
+        if (oneColumn && place.top() > area.bottom())
+            break;
+        if (region.intersects(place))
+            items.append({all.at(i), place, all.at(i) == hovered});
+    }
+    return items;
 }
 
 CBPMenu::ScrollAreas CBPMenu::scrollAreas() const
 {
-    QRect first;
-    QRect last;
-    const auto all = actions();
-    for (auto it = all.begin(); it != all.end() && first.isNull(); ++it)
-        first = actionGeometry(*it);
-    for (auto it = all.rbegin(); it != all.rend() && last.isNull(); ++it)
-        last = actionGeometry(*it);
     ScrollAreas areas;
+    const auto all = actions();
+    for (auto it = all.begin(); it != all.end() && areas.first.isNull(); ++it)
+        areas.first = placeOf(*it);
+    for (auto it = all.rbegin(); it != all.rend() && areas.last.isNull(); ++it)
+        areas.last = placeOf(*it);
     const int height = style()->pixelMetric(QStyle::PM_MenuScrollerHeight, nullptr, this);
-    if (first.top() < 0)
+    if (areas.first.top() < 0)
         areas.up = QRect(0, 0, width(), height);
-    if (last.bottom() > rect().bottom())
+    if (areas.last.bottom() > rect().bottom())
         areas.down = QRect(0, rect().bottom() + 1 - height, width(), height);
     return areas;
 }
@@ -269,34 +238,31 @@ void CBPMenu::paintEvent(QPaintEvent *event)
     if (!areas.up.isEmpty() || !areas.down.isEmpty())
         painter.setClipRegion(QRegion(rect()) - areas.up - areas.down);
 
-    QVector<ItemView> items;
     QAction *const hovered = hoveredAction();
-    const auto all = actions();
-    items.reserve(all.size());
-    for (QAction *action : all) {
-        const QRect geometry = actionGeometry(action); // null for one that is hidden
-        if (!geometry.isNull())
-            items.append({action, geometry, action == hovered});
-    }
-    for (int i = 0; i < items.size(); ++i) {
-        const ItemView &item = items.at(i);
-        if (!event->region().intersects(item.rect))
-            continue;
-        if (item.action->isSeparator()) {
-            paintSeparator(&painter, item.rect);
-            continue;
-        }
-        if (item.hovered)
-            PaintAction(&painter, item.rect, i, items.size());
-        if (!qobject_cast<QWidgetAction *>(item.action)) // those bring their own widget
-            paintItem(&painter, item);
-    }
+    paintItems(&painter, itemsIn(event->region(), hovered), areas);
     painter.setClipping(false);
     drawScrollArrow(&painter, areas.up, false, textColor(false));
     drawScrollArrow(&painter, areas.down, true, textColor(false));
     if (m_borderWidth <= 0 || m_subLevel)
         paintFrame(&painter);
     followHover(hovered, event->region());
+}
+
+void CBPMenu::paintItems(QPainter *painter, const QVector<ItemView> &items, const ScrollAreas &areas)
+{
+    for (const ItemView &item : items) {
+        if (item.action->isSeparator()) {
+            paintSeparator(painter, item.rect);
+            continue;
+        }
+        if (item.hovered) { // what counts is whether it is the first or the last one
+            const int count = areas.first == areas.last ? 1 : 3;
+            const int index = item.rect == areas.first ? 0 : item.rect == areas.last ? count - 1 : 1;
+            PaintAction(painter, item.rect, index, count);
+        }
+        if (!qobject_cast<QWidgetAction *>(item.action)) // those bring their own widget
+            paintItem(painter, item);
+    }
 }
 
 void CBPMenu::paintBody(QPainter *painter)
@@ -442,7 +408,9 @@ void CBPMenu::PaintAction(QPainter *painter, const QRect &rect, int index, int c
 {
     const QColor color = background(kHoverIndex);
     const QRectF fill = lumqt::wholeDevicePixels(
-        *painter, QRectF(m_subLevel ? rect.adjusted(kSubLevelInset, 0, -kSubLevelInset, 0) : rect));
+        *painter,
+        QRectF(m_subLevel ? rect.adjusted(lumqt::kMenuSubLevelInset, 0, -lumqt::kMenuSubLevelInset, 0)
+                          : rect));
     if (m_opaque && (index == 0 || index == count - 1)) {
         // The window itself is round there. It may be larger by a part of a pixel.
         painter->fillRect(fill.adjusted(0, 0, 0, index == count - 1 ? 1 : 0), color);

@@ -11,6 +11,7 @@ constexpr int kMenuBottomHeight = 6;
 constexpr int kMenuSeparatorRectHeight = 0; // as high as an item
 constexpr int kMenuSeparatorHeight = 0;
 constexpr int kMenuBorderWidth = 0;
+constexpr int kMenuSubLevelInset = 2; // of the body of a nested menu, left and right
 
 // By which separators get a height of their own.
 constexpr char kMenuSeparatorSheet[] = "QMenu:separator{height: 17px;}";
