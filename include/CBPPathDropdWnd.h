@@ -102,7 +102,7 @@ private:
     void tellSelection(const Rows &changed);
     void tellCurrent();
     void removeRow(CBPComboxItem *row);
-    void forget(CBPComboxItem *row);
+    void forget(CBPComboxItem *row, const QString &path);
     void rowHandedOut(CBPComboxItem *row);
     void rowFocused(CBPComboxItem *row);
     void focusRow(int index);

@@ -83,8 +83,8 @@ void CBPPathDropdWnd::adopt(CBPComboxItem *row)
     row->SetDeleteBtnCB(&CBPPathDropdWnd::on_deletebtn_clicked, this);
     row->setFocusPolicy(Qt::ClickFocus);
     connect(row, &CBPComboxItem::itemClicked, this, &CBPPathDropdWnd::onItemClicked);
-    connect(row, &QObject::destroyed, this, [this, row] {
-        forget(row);
+    connect(row, &QObject::destroyed, this, [this, row, path = row->m_pItem->path] {
+        forget(row, path);
         QTimer::singleShot(0, this, &CBPPathDropdWnd::tellCurrent); // now its parents cannot be deleted
     });
 }
@@ -142,10 +142,13 @@ void CBPPathDropdWnd::tellCurrent()
 
 void CBPPathDropdWnd::DeleteItem(const ComboxItem &item)
 {
-    const auto found = std::find_if(m_vecItems.begin(), m_vecItems.end(), [&item](const CBPComboxItem *row) {
-        return row->m_pItem->path == item.path;
-    });
-    if (found != m_vecItems.end())
+    const auto hasIt = [&item](const CBPComboxItem *row) { return row->m_pItem->path == item.path; };
+    if (std::none_of(m_vecHandedOut.cbegin(), m_vecHandedOut.cend(), hasIt)) {
+        removeRow(m_hashRows.value(item.path));
+        return;
+    }
+    const auto found = std::find_if(m_vecItems.cbegin(), m_vecItems.cend(), hasIt);
+    if (found != m_vecItems.cend())
         removeRow(*found);
 }
 
@@ -167,8 +170,8 @@ void CBPPathDropdWnd::removeRow(CBPComboxItem *row)
     if (index < 0)
         return;
     const bool focused = row == focusWidget();
-    m_pListLayout->removeWidget(row);
-    forget(row);
+    delete m_pListLayout->takeAt(m_pListLayout->indexOf(row));
+    forget(row, row->m_pItem->path);
     release(row);
     row->deleteLater();
     // The one below takes its place, or the one above where there is none.
@@ -183,14 +186,14 @@ void CBPPathDropdWnd::removeRow(CBPComboxItem *row)
         tellCurrent();
 }
 
-void CBPPathDropdWnd::forget(CBPComboxItem *row)
+// The row may be half destroyed, so its path comes with it; who has been handed it out may have changed that
+// since, but then the row is not in the hash.
+void CBPPathDropdWnd::forget(CBPComboxItem *row, const QString &path)
 {
     m_vecItems.removeOne(row);
     m_vecHandedOut.removeOne(row);
-    // By row and not by path: it may be half destroyed.
-    const auto found = std::find(m_hashRows.begin(), m_hashRows.end(), row);
-    if (found != m_hashRows.end())
-        m_hashRows.erase(found);
+    if (m_hashRows.value(path) == row)
+        m_hashRows.remove(path);
     if (m_pSelected == row)
         m_pSelected = nullptr;
 }
