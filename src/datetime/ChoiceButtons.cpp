@@ -26,6 +26,30 @@ QWidget *stopBefore(const QWidget *widget)
     return before == widget ? nullptr : before;
 }
 
+// All that a selector shows, in their order.
+QVector<CTriStateButton *> shownButtons(const QWidget *selector)
+{
+    QVector<CTriStateButton *> buttons;
+    const QLayout *layout = selector->layout();
+    for (int i = 0; layout && i < layout->count(); ++i) {
+        if (auto *button = qobject_cast<CTriStateButton *>(layout->itemAt(i)->widget()))
+            buttons.append(button);
+    }
+    return buttons;
+}
+
+// The focus group of the buttons that a selector shows. Former ones, which were made earlier, may still wait
+// for the event loop, thousands of buttons with them.
+FocusGroup *lastGroup(const QWidget *selector)
+{
+    const QObjectList &children = selector->children();
+    for (auto child = children.crbegin(); child != children.crend(); ++child) {
+        if (auto *group = dynamic_cast<FocusGroup *>(*child))
+            return group;
+    }
+    return nullptr;
+}
+
 // A disabled toggle has the same colours whether it is checked or not. Here one goes on looking at what is
 // chosen, so the chosen ones have a line under their text.
 class Choice : public CTriStateButton
@@ -83,14 +107,13 @@ FormerChoices::FormerChoices(QWidget *selector, ChoiceButtons &choices, const QS
     : m_selector(selector), m_choices(choices), m_checked(wanted.isEmpty() ? checkedTexts(choices) : wanted)
 {
     m_choices.clear();
-    const auto buttons = selector->findChildren<CTriStateButton *>(QString(), Qt::FindDirectChildrenOnly);
-    for (CTriStateButton *button : buttons) {
+    for (CTriStateButton *button : shownButtons(selector)) {
         QObject::disconnect(button, nullptr, selector, nullptr);
         m_buttons.append(button);
     }
-    for (QObject *child : selector->children()) {
-        if (auto *group = dynamic_cast<FocusGroup *>(child))
-            group->deleteLater(); // a key may be on its way through it
+    if (FocusGroup *group = lastGroup(selector)) {
+        group->release();
+        group->deleteLater(); // a key may be on its way through it
     }
     delete selector->layout();
 }
@@ -110,10 +133,7 @@ bool FormerChoices::giveWay()
     }
     if (!before)
         before = stopBefore(m_selector);
-    const auto buttons = m_selector->findChildren<CTriStateButton *>(QString(), Qt::FindDirectChildrenOnly);
-    for (CTriStateButton *button : buttons) {
-        if (m_buttons.contains(button))
-            continue;
+    for (CTriStateButton *button : shownButtons(m_selector)) {
         if (m_selector->isVisible())
             button->show(); // what is hidden cannot take the focus
         if (button->focusPolicy() == Qt::NoFocus)
