@@ -202,6 +202,9 @@ private slots:
             buttons[2]->setSelected(true);
             QCOMPARE(before->bgColor(2), QColor(219, 237, 253));
             QVERIFY(group.GetButton(1) == buttons[0] && !group.GetButton(7));
+            buttons[1]->setBindId(7);
+            QVERIFY(group.GetButton(7) == buttons[1] && !group.GetButton(2));
+            buttons[1]->setBindId(2);
             QCOMPARE(buttons[0]->objectName(), QStringLiteral("id_bgb_y"));
             QSignalSpy clicked(&group, &CButtonGroupBox::sigBtnClicked);
             for (const Click how : {Click::Left, Click::Space, Click::Tool}) {

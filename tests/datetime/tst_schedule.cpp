@@ -139,6 +139,19 @@ private slots:
         QCOMPARE(daily.GetSelected().size(), 2);
     }
 
+    // More than once before the event loop takes away what was there: nothing of it stays.
+    void changedInARow()
+    {
+        Days changed(days(3), QString(), "All");
+        for (const int count : {5, 0, 4, 2})
+            changed.setItems(days(count));
+        changed.SetSelected(days(1));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        const Days made(days(2), QString(), "All");
+        QCOMPARE(changed.children().size(), made.children().size());
+        QCOMPARE(changed.GetSelected(), days(1));
+    }
+
     void namesLikeThatOfAll()
     {
         // An empty name equals the text of a button that was not asked for.

@@ -275,6 +275,7 @@ private slots:
         // Room behind the last cell stays empty.
         QVERIFY(boxOf(gridOf({10}, Qt::LeftToRight, false).copy(1, 1, 98, 20), kLine).isEmpty());
         const QImage three = gridOf({10, 20, 30}, Qt::LeftToRight, false);
+        QCOMPARE(boxOf(three.copy(1, 1, 98, 20), kLine), QRect(10, 0, 22, 20));
         QCOMPARE(gridOf({10, 20, 30}, Qt::RightToLeft, false), three.mirrored(true, false));
         QCOMPARE(gridOf({40, 10, 20, 30}, Qt::LeftToRight, true), three);
     }

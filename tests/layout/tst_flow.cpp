@@ -166,6 +166,8 @@ private slots:
         QCOMPARE(inner->parentWidget(), &window);
         for (const int index : {-1, 1, std::numeric_limits<int>::max()})
             QVERIFY(!layout->takeAt(index) && !layout->itemAt(index));
+        layout->addItem(layout->takeAt(0));
+        QCOMPARE(layout->count(), 1);
         const std::unique_ptr<QLayoutItem> taken(layout->takeAt(0));
         QVERIFY(taken.get() == inner && !inner->parent() && layout->count() == 0);
     }

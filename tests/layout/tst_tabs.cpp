@@ -334,6 +334,7 @@ private slots:
         // Without the container's doing.
         QSignalSpy texts(&tabs, &CTabContainer::currentTabTextChanged);
         tabs.setCurrentTabText("Second");
+        QCoreApplication::processEvents(); // what was to be told until now has been
         told.clear();
         pages[2]->setParent(nullptr); // another one
         delete pages[1];

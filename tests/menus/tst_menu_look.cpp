@@ -77,6 +77,54 @@ private slots:
         QCOMPARE(file, m_stage.picture("lime"));
         menu.SetActionSpecialFlag(2, false, QString());
         QVERIFY(!menu.IsActionSpecial(2, file));
+        for (const QVector<QVariant> &all :
+             {QVector<QVariant>{1, 2, 3, 4}, {"x", "y", "z"}, {1, "x", 2, "y"}}) {
+            for (const QVariant &data : all)
+                menu.SetActionSpecialFlag(data, true, data.toString());
+            for (int removed = 0; removed < all.size(); ++removed) {
+                menu.SetActionSpecialFlag(all[removed], false, QString());
+                for (int i = 0; i < all.size(); ++i) {
+                    QCOMPARE(menu.IsActionSpecial(all[i], file), i > removed);
+                    QVERIFY(i <= removed || file == all[i].toString());
+                }
+            }
+        }
+    }
+
+    // Of thousands of items only those in sight are painted. Hidden ones and those separators that follow
+    // another one have no place.
+    void itemsInSight()
+    {
+        CBPMenu menu;
+        for (int i = 0; i < 300; ++i) {
+            menu.AddAction(m_stage.picture("lime"), QStringLiteral("x"), i);
+            menu.actions().constLast()->setVisible(i % 3 != 1 && (i < 100 || i > 200));
+            for (int separator = 0; separator < i % 4; ++separator)
+                menu.addSeparator();
+        }
+        QVERIFY(open(menu));
+        for (const int row : {0, 60, 66, 90, 130}) {
+            int shown = 0;
+            for (QAction *action : menu.actions()) {
+                if (action->isSeparator() || !action->isVisible() || shown++ != row)
+                    continue;
+                QTest::keyClick(&menu, Qt::Key_Home);
+                while (menu.activeAction() != action)
+                    QTest::keyClick(&menu, Qt::Key_Down);
+            }
+            const QImage picture = menu.grab().toImage();
+            const QRect sight = menu.rect().adjusted(0, 30, 0, -30); // without what scrolls
+            int inSight = 0;
+            for (QAction *action : menu.actions()) {
+                const QRect place = menu.actionGeometry(action);
+                if (action->isSeparator() || place.isNull() || !sight.contains(place))
+                    continue;
+                ++inSight;
+                QCOMPARE(boxOf(picture.copy(place), kLime).size(), QSize(10, 10));
+                QCOMPARE(boxOf(menu.grab(place).toImage(), kLime).size(), QSize(10, 10));
+            }
+            QVERIFY(inSight > 3);
+        }
     }
 
     // Of which there is one only if it goes into its place, whose height is always the same.
@@ -157,7 +205,8 @@ private slots:
     void cornersOfTheHighlight()
     {
         // Nested, border, index, count.
-        const std::tuple<bool, int, int, int> rows[] = {{false, 0, 0, 1}, {false, 1, 2, 3}, {true, 0, 1, 3}};
+        const std::tuple<bool, int, int, int> rows[] = {
+            {false, 0, 0, 1}, {false, 0, 2, 3}, {false, 1, 2, 3}, {true, 0, 1, 3}};
         for (const auto &[nested, border, index, count] : rows) {
             CBPMenu menu;
             menu.SetBorderInfo(border, Qt::white);
