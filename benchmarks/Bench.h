@@ -47,5 +47,6 @@ void benchDateTimes(Bench &bench);
 void benchProgressBar(Bench &bench);
 void benchLayouts(Bench &bench);
 void benchPathList(Bench &bench);
+void benchFilling(Bench &bench);
 void benchThemes(Bench &bench);
 void benchWidgets(Bench &bench);

@@ -42,6 +42,7 @@ int main(int argc, char *argv[])
     benchProgressBar(bench);
     benchLayouts(bench);
     benchPathList(bench);
+    benchFilling(bench);
     benchThemes(bench);
     benchWidgets(bench);
     return bench.report(parser.value(json)) ? 0 : 1;
