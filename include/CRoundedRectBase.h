@@ -6,6 +6,7 @@
 #include <QPen>
 #include <QWidget>
 
+class QPainter;
 class QPainterPath;
 
 /// A widget that fills itself with a brush, some of its corners rounded: the ground of the title bar.
@@ -43,6 +44,8 @@ protected:
 
 private:
     QPainterPath shape(const QRectF &rect) const;
+    bool fillAsBar(QPainter &painter, const QRectF &area) const;
+    QPixmap topPicture(const QSizeF &size, const QBrush &brush, qreal ratio) const;
 
     QBrush m_first; // shares its data with m_brush until a derived class sets that
     unsigned int m_radius;

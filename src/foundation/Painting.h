@@ -62,6 +62,10 @@ LUMQT_TESTED void drawFocusRing(QPainter &painter, const QRectF &rect, qreal rad
 constexpr int kFocusRingReach = kFocusRingWidth + 1; // with a pixel of air
 LUMQT_TESTED QRectF focusRingAround(const QPainter &painter, const QRect &content);
 
+// Device pixels to a logical one of what is painted on in the end: a widget that is rendered into a picture
+// has its screen's.
+qreal ratioOf(const QPainter &painter);
+
 // `rect` with its edges on device pixels, where antialiased or scaled painting leaves no half-covered ones.
 LUMQT_TESTED QRectF wholeDevicePixels(const QPainter &painter, const QRectF &rect);
 

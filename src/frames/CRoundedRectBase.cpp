@@ -5,6 +5,7 @@
 
 #include <QPainter>
 #include <QPainterPath>
+#include <QPixmapCache>
 
 CRoundedRectBase::CRoundedRectBase(unsigned int radius, QWidget *parent, bool topLeft, bool topRight,
                                    bool bottomRight, bool bottomLeft)
@@ -70,5 +71,49 @@ void CRoundedRectBase::paintEvent(QPaintEvent *)
     const bool own = &*m_brush.data_ptr() != &*m_first.data_ptr();
     painter.setBrush(own ? m_brush : QBrush(lumqt::themeColor(lumqt::Purpose::RoundedGround)));
     painter.setPen(m_pen);
-    painter.drawPath(shape(area));
+    if (!fillAsBar(painter, area))
+        painter.drawPath(shape(area));
+}
+
+// A bar in one colour, round above, is a picture that is kept and a rectangle below it: the path would cost
+// each window that opens several times as much. False, and nothing is painted, where this is no such bar.
+bool CRoundedRectBase::fillAsBar(QPainter &painter, const QRectF &area) const
+{
+    const QTransform &toDevice = painter.deviceTransform();
+    const qreal ratio = lumqt::ratioOf(painter);
+    const qreal reach = qreal(m_radius) + 1; // with the last row that has a part of a corner
+    const bool isBar = m_topLeft && m_topRight && !m_bottomLeft && !m_bottomRight && m_rounded && !m_square &&
+                       m_radius > 0 && m_pen.style() == Qt::NoPen &&
+                       painter.brush().style() == Qt::SolidPattern;
+    // Only whole device pixels: at the others the path leaves the last column a trace paler.
+    if (!isBar || area != QRectF(rect()) || area.width() < 2 * reach || area.height() < 2 * reach ||
+        toDevice.type() > QTransform::TxScale || toDevice.m11() != ratio || toDevice.m22() != ratio)
+        return false;
+    const QRectF top = lumqt::wholeDevicePixels(painter, QRectF(area.topLeft(), QSizeF(area.width(), reach)));
+    painter.drawPixmap(top.topLeft(), topPicture(top.size(), painter.brush(), ratio));
+    painter.fillRect(QRectF(top.bottomLeft(), area.bottomRight()), painter.brush());
+    return true;
+}
+
+QPixmap CRoundedRectBase::topPicture(const QSizeF &size, const QBrush &brush, qreal ratio) const
+{
+    const QSize pixels(qRound(size.width() * ratio), qRound(size.height() * ratio));
+    QString key = QStringLiteral("lumqt bar");
+    for (const uint part : {uint(pixels.width()), uint(pixels.height()), m_radius, uint(brush.color().rgba()),
+                            uint(qRound(ratio * 1000))})
+        key += QLatin1Char(' ') + QString::number(part);
+    QPixmap picture;
+    if (QPixmapCache::find(key, &picture))
+        return picture;
+    picture = QPixmap(pixels);
+    picture.setDevicePixelRatio(ratio);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(brush);
+    painter.drawPath(shape(QRectF(QPointF(), QSizeF(size.width(), 2 * size.height()))));
+    painter.end();
+    QPixmapCache::insert(key, picture);
+    return picture;
 }

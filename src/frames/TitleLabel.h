@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFont>
 #include <QLabel>
 
 namespace lumqt {
@@ -11,12 +12,21 @@ class TitleLabel : public QLabel
 public:
     explicit TitleLabel(QWidget *parent);
 
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
 protected:
     bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
     bool isCut() const;
+    bool isPlainLine() const;
+    QSize lineHint() const;
+
+    mutable QSize m_textSize; // of the text below in the font below
+    mutable QString m_measuredText;
+    mutable QFont m_measuredFont;
 };
 
 } // namespace lumqt

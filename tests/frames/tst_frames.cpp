@@ -117,6 +117,38 @@ private Q_SLOTS:
         }
     }
 
+    // A bar that is round above is put together from parts, of which none shows.
+    void bars()
+    {
+        struct Plate : CRoundedRectBase
+        {
+            explicit Plate(bool isBar) : CRoundedRectBase(12, nullptr, true, true, !isBar, !isBar) {}
+            QImage picture(const QColor &color, const QSize &size, qreal ratio)
+            {
+                m_brush = color;
+                resize(size);
+                QImage image(size * ratio, QImage::Format_ARGB32_Premultiplied); // as a window has it
+                image.setDevicePixelRatio(ratio);
+                image.fill(kNothing);
+                render(&image);
+                return image;
+            }
+        };
+        for (const QColor &color : {QColor(34, 42, 62), QColor(34, 42, 62, 100)}) {
+            for (const QSize &size : {QSize(300, 60), QSize(28, 32), QSize(24, 60), QSize(60, 30)}) {
+                for (const qreal ratio : {1.0, 1.25, 1.5, 2.0}) {
+                    const QImage bar = Plate(true).picture(color, size, ratio);
+                    const QImage plate = Plate(false).picture(color, size, ratio);
+                    const QRect upper(0, 0, plate.width(), plate.height() / 2);
+                    QVERIFY2(bar.copy(upper) == plate.copy(upper), QByteArray::number(ratio));
+                    const QImage line = plate.copy(0, upper.bottom(), plate.width(), 1);
+                    for (int y = upper.bottom(); y < bar.height(); ++y)
+                        QVERIFY2(bar.copy(0, y, bar.width(), 1) == line, QByteArray::number(ratio));
+                }
+            }
+        }
+    }
+
     // One screen whose scaling changes under its windows: what a window meets that is moved to another one.
     void anotherScaling()
     {

@@ -194,6 +194,24 @@ private Q_SLOTS:
         }
     }
 
+    // The title takes the room that a label of Qt would.
+    void titleRoom()
+    {
+        Window w;
+        w.bar.ShowTitleBtn(512, true);
+        for (const char *style :
+             {"", "padding: 3px; font-size: 20px;", "border: 1px solid red; margin: 2px;"}) {
+            for (const char *text : {"", "T", "Title", "two\nlines", "tab\tand spaces  ", "&a <b>",
+                                     "\xd7\x90\xd7\x91", "longer\xc2\x9cshort"}) {
+                QLabel *label = titleLabel(w.bar);
+                label->setStyleSheet(style);
+                label->setText(QString::fromUtf8(text));
+                QCOMPARE(label->sizeHint(), label->QLabel::sizeHint());
+                QCOMPARE(label->minimumSizeHint(), label->QLabel::minimumSizeHint());
+            }
+        }
+    }
+
     void colours()
     {
         Window w;
