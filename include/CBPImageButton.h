@@ -470,5 +470,6 @@ private:
     bool m_ringInside = false;
     bool m_mirrors = false;    // image and text change sides where the layout runs from right to left
     bool m_turnsImage = false; // the image points somewhere, from right to left the other way
+    QString m_barName;         // that its title bar gave it for assistive tools
     QString m_plainText;       // the text of the base class that makes no shortcut
 };

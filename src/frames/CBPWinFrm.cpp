@@ -26,8 +26,8 @@ void CBPWinFrm::Init()
 {
     m_frame->init(&CBPWinFrm::on_btn_clicked, this);
     if (m_frame->title)
-        connect(m_frame->title, SIGNAL(on_dbl_clickedSignal(bool)), this, SLOT(on_dbl_clickedSlot(bool)),
-                Qt::UniqueConnection);
+        connect(m_frame->title.data(), &CBPWinFrmTitle::on_dbl_clickedSignal, this,
+                &CBPWinFrm::on_dbl_clickedSlot, Qt::UniqueConnection);
 }
 
 // ----------------------------------------------------------------------------------------------------------

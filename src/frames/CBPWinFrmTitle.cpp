@@ -31,7 +31,6 @@ constexpr int kRightRowMargin = 6;
 constexpr int kRightRowSpacing = 8;
 constexpr int kRightRowGap = 8; // between two buttons, beside the spacing
 constexpr int kBackHeight = 32;
-const char kOwnName[] = "_lumqt_titleBarName"; // property: what the bar named a button
 
 enum Id {
     MinimizeId = 2,
@@ -221,10 +220,9 @@ void CBPWinFrmTitle::nameButtons()
 // A name that the application gave stays, also one by a tool tip.
 void CBPWinFrmTitle::nameButton(CBPImageButton *button, const QString &name)
 {
-    if (!button || button->accessibleName() != button->property(kOwnName).toString() ||
-        !button->toolTip().isEmpty())
+    if (!button || button->accessibleName() != button->m_barName || !button->toolTip().isEmpty())
         return;
-    button->setProperty(kOwnName, name);
+    button->m_barName = name;
     button->setAccessibleName(name);
 }
 
