@@ -41,6 +41,7 @@ void benchPushButtons(Bench &bench);
 void benchImageButtons(Bench &bench);
 void benchFrame(Bench &bench);
 void benchDialogs(Bench &bench);
+void benchMemory(Bench &bench);
 void benchExecuter(Bench &bench);
 void benchSelectors(Bench &bench);
 void benchDateTimes(Bench &bench);

@@ -1,9 +1,8 @@
+#include "Dialogs.h"
+
 #include "Bench.h"
 
-#include "CBPWinFrm.h"
-
 #include <QApplication>
-#include <QDialog>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -25,29 +24,6 @@ QWidget *makeContent()
     return content;
 }
 
-class FramedDialog : public CBPWinFrm
-{
-public:
-    FramedDialog() : CBPWinFrm(nullptr)
-    {
-        Init();
-        SetWindowTitle(QStringLiteral("Title"), false);
-        ShowTitleBtn(8, true);
-        AppendContent(makeContent(), true, false, 0);
-    }
-};
-
-class PlainDialog : public QDialog
-{
-public:
-    PlainDialog()
-    {
-        setWindowTitle(QStringLiteral("Title"));
-        auto *layout = new QVBoxLayout(this);
-        layout->addWidget(makeContent());
-    }
-};
-
 template <class Dialog> double openingTime()
 {
     const double time = Bench::time([] {
@@ -62,6 +38,21 @@ template <class Dialog> double openingTime()
 }
 
 } // namespace
+
+FramedDialog::FramedDialog() : CBPWinFrm(nullptr)
+{
+    Init();
+    SetWindowTitle(QStringLiteral("Title"), false);
+    ShowTitleBtn(8, true);
+    AppendContent(makeContent(), true, false, 0);
+}
+
+PlainDialog::PlainDialog()
+{
+    setWindowTitle(QStringLiteral("Title"));
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(makeContent());
+}
 
 void benchDialogs(Bench &bench)
 {

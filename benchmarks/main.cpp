@@ -36,6 +36,7 @@ int main(int argc, char *argv[])
     benchImageButtons(bench);
     benchFrame(bench);
     benchDialogs(bench);
+    benchMemory(bench);
     benchExecuter(bench);
     benchSelectors(bench);
     benchDateTimes(bench);
