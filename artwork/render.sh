@@ -8,7 +8,7 @@ set -euo pipefail
 
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 . "$here/../scripts/common.sh"
-ensure_packages librsvg2-bin imagemagick python3
+ensure_packages librsvg2-bin imagemagick zopfli python3
 
 out=${1:-$here/../res}
 say "Rendering the pictures into $out"
