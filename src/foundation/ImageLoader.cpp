@@ -212,6 +212,8 @@ QPixmap fitRatio(QImage image, qreal ownRatio, qreal ratio)
     if (image.isNull())
         return QPixmap();
     if (!qFuzzyCompare(ownRatio, ratio)) {
+        // Qt 6 crashes where it scales a picture that has a table of colours.
+        image = image.convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32 : QImage::Format_RGB32);
         const QSize target(qMax(1, qRound(image.width() * ratio / ownRatio)),
                            qMax(1, qRound(image.height() * ratio / ownRatio)));
         image = image.scaled(target, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);

@@ -153,6 +153,25 @@ private slots:
         QCOMPARE(middle(loadPixmap(file, 1.5)), QColor(Qt::magenta));
     }
 
+    // Files of few colours hold a table of them, with see-through ones among them, or shades of grey.
+    void fewColors()
+    {
+        for (const QImage::Format format : {QImage::Format_Mono, QImage::Format_Indexed8,
+                                            QImage::Format_Grayscale8, QImage::Format_Grayscale16}) {
+            QImage image(34, 34, format);
+            if (format == QImage::Format_Mono || format == QImage::Format_Indexed8)
+                image.setColorTable({0xff000000, 0x00000000});
+            image.fill(0);
+            QVERIFY(image.save(path("few@2x.png"), "PNG"));
+            savePng(path("few.png"), 17, Qt::red);
+            for (const qreal ratio : {1.25, 1.5, 1.75, 2.0, 3.0}) {
+                const QPixmap shown = loadPixmap(path("few.png"), ratio);
+                QCOMPARE(shown.width(), qRound(17 * ratio));
+                QCOMPARE(middle(shown), QColor(Qt::black));
+            }
+        }
+    }
+
     // Kept while it is as it was, and what comes in its place shows, be that as large or as old as it.
     void filesChange()
     {
