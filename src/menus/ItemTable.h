@@ -30,10 +30,12 @@ public:
             m_entries[place].second = value;
             return;
         }
-        if (m_entries.isEmpty())
+        if (m_entries.isEmpty()) {
             m_type = itemData.userType();
-        else if (m_type != itemData.userType())
+        } else if (m_type != itemData.userType()) {
             m_type = QMetaType::UnknownType;
+            m_places.clear(); // or they would be those of others when the last entry has gone
+        }
         if (isHashed())
             m_places.insert(itemData.toString(), int(m_entries.size()));
         m_entries.append(qMakePair(itemData, value));

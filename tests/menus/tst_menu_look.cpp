@@ -89,6 +89,8 @@ private slots:
                 }
             }
         }
+        menu.SetActionSpecialFlag(7, true, QString());
+        QVERIFY(menu.IsActionSpecial(7, file) && !menu.IsActionSpecial(1, file)); // of before
     }
 
     // Of thousands of items only those in sight are painted. Hidden ones and those separators that follow
