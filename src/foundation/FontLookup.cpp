@@ -103,7 +103,8 @@ QFont completed(const QFont &font, const QFont &rest)
 {
     // Of the last ones only: a window is painted, or laid out, at a time, and its widgets are alike.
     static QFont lastFont, lastRest, last;
-    if (!font.isCopyOf(lastFont) || !rest.isCopyOf(lastRest)) {
+    // A copy may still count less, or more, of itself as its own.
+    if (!font.isCopyOf(lastFont) || marksOf(font) != marksOf(lastFont) || !rest.isCopyOf(lastRest)) {
         lastFont = font;
         lastRest = rest;
         last = font.resolve(rest);

@@ -118,6 +118,23 @@ private slots:
         }
     }
 
+    // What a font leaves open is the widget's, also where another button has the same font and means it.
+    void openFonts()
+    {
+        QWidget window;
+        QFont font;
+        font.setPixelSize(40);
+        window.setFont(font);
+        font.setPixelSize(17);
+        CBPPushBtn button(QStringLiteral("Text"), &window);
+        for (int time = 0; time < 2; ++time) {
+            button.SetFont(font);
+            QCOMPARE(button.textFont().pixelSize(), 17);
+            button.SetFont(QFont().resolve(font));
+            QCOMPARE(button.textFont().pixelSize(), 40);
+        }
+    }
+
     void reactions()
     {
         const QString down = "=2pressed";
