@@ -412,6 +412,8 @@ private:
     lumqt::Press m_press{};                                  // of the mouse
     mutable bool m_cut = false; // an ellipsis stood for the end of the text at the last paint
     mutable bool m_hintedAutoDefault = false;
-    mutable QSize m_hintedContent; // what the style was asked for last, and with which default indicator
+    mutable bool m_hintedFlat = false;
+    mutable QString m_hintedText;  // what the style was asked for last, and how the button was then
+    mutable QSize m_hintedContent; // size of the text
     mutable QSize m_hint;          // what it said
 };

@@ -255,11 +255,12 @@ void CBPPushBtn::leaveEvent(QEvent *event)
 
 void CBPPushBtn::changeEvent(QEvent *event)
 {
-    m_hintedContent = QSize(); // another style, or a style sheet that says something else
     // Callers that disable the button, or its parent, through QWidget come by here.
     if (event->type() == QEvent::EnabledChange) {
         setState(isEnabled() ? Normal : Disabled);
         pressLost();
+    } else {
+        m_hintedContent = QSize(); // another style, or a style sheet that says something else
     }
     QPushButton::changeEvent(event);
     update();

@@ -52,12 +52,16 @@ QSize CBPPushBtn::styledSize(const QString &label, const QFont &letters) const
     if (!textAlone || !lumqt::looksTheSame(label, letters, font()))
         return QPushButton::sizeHint();
     const QSize content = textLayout().styledSize(label, letters);
-    if (content != m_hintedContent || autoDefault() != m_hintedAutoDefault) {
+    // A style sheet may tell flat ones apart, and other looks, which count when there is another text.
+    if (content != m_hintedContent || label != m_hintedText || isFlat() != m_hintedFlat ||
+        autoDefault() != m_hintedAutoDefault) {
         QStyleOptionButton option;
         initStyleOption(&option);
         option.rect.setSize(content);
         m_hint = style()->sizeFromContents(QStyle::CT_PushButton, &option, content, this);
         m_hintedContent = content;
+        m_hintedText = label;
+        m_hintedFlat = isFlat();
         m_hintedAutoDefault = autoDefault();
     }
     return m_hint;

@@ -96,6 +96,20 @@ private slots:
                 };
                 verify("at first");
                 for (QPushButton *each : {static_cast<QPushButton *>(&button), &plain})
+                    each->setStyleSheet("QPushButton:flat { padding: 3px 40px }"
+                                        "QPushButton:checked, QPushButton:disabled { padding: 0 90px }");
+                verify("with a style sheet for some looks");
+                for (QPushButton *each : {static_cast<QPushButton *>(&button), &plain})
+                    each->setFlat(true);
+                verify("flat");
+                for (QPushButton *each : {static_cast<QPushButton *>(&button), &plain})
+                    each->setEnabled(false);
+                verify("disabled");
+                for (QPushButton *each : {static_cast<QPushButton *>(&button), &plain}) {
+                    each->setEnabled(true);
+                    each->setStyleSheet(QString());
+                }
+                for (QPushButton *each : {static_cast<QPushButton *>(&button), &plain})
                     each->setAutoDefault(false);
                 verify("without room for the default indicator");
                 for (QPushButton *each : {static_cast<QPushButton *>(&button), &plain})
