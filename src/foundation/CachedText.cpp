@@ -129,8 +129,8 @@ void CachedText::drawLine(QPainter &painter, const QPoint &topLeft)
     // Under a scaling painter Qt leaves the lines of a static text out.
     if (!m_painted || m_font.strikeOut()) {
         m_painted = true;
-        // Lines through and above are drawn by drawText() only.
-        if (m_unpainted && !m_font.strikeOut() && !m_font.overline()) {
+        // Lines through and above are drawn by drawText() only; one below would be drawn twice.
+        if (m_unpainted && !m_font.strikeOut() && !m_font.overline() && !m_font.underline()) {
             const QTextLine line = m_unpainted->lineAt(0);
             line.draw(&painter, QPointF(topLeft.x(), topLeft.y() + m_ascent - line.ascent()));
         } else {

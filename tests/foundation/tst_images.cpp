@@ -435,6 +435,17 @@ private slots:
         larger.setPixelSize(30);
         const int small = cached.lineSize("Restart", font).height();
         QVERIFY(cached.lineSize("Restart", larger).height() > small);
+
+        QFont underlined = font;
+        underlined.setUnderline(true);
+        QImage times[2];
+        for (QImage &image : times) {
+            image = canvas(120, 60);
+            QPainter painter(&image);
+            painter.setPen(QColor(0, 0, 0, 100)); // two lines on each other would be darker
+            cached.drawCentred(painter, image.rect(), "Restart", underlined);
+        }
+        QCOMPARE(times[0], times[1]);
     }
 
 private:
