@@ -320,6 +320,8 @@ void lookByAndBy(const SeenPointer &seen)
         now->isToBeLookedAt = false;
         if (now->tick == tick)
             lookAnew(*now);
+        else
+            lookByAndBy(now); // a paint has looked meanwhile, and others may have gone by that
         if (now->picture == painted.lock())
             return;
         for (QWidget *window : QApplication::topLevelWidgets())

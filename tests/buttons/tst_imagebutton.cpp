@@ -10,6 +10,7 @@
 #include "TestMain.h"
 
 #include <QLabel>
+#include <QThread>
 
 namespace {
 
@@ -208,6 +209,28 @@ private slots:
         savePicture(images[0], QSize(40, 40), Qt::red);
         button.repaint();
         AWAIT(onScreen() == QColor(Qt::red));
+    }
+
+    // The same where something goes on for long: a look that an earlier paint has asked for is still to come.
+    void changeInLongWork()
+    {
+        const QVector<QString> images = files("later%1.png", QSize(40, 40));
+        makeOld(images[0]);
+        CBPImageButton button(images, false, 1);
+        button.setAttribute(Qt::WA_DontShowOnScreen); // nothing else has it painted
+        button.show();
+        QTest::qWait(100); // until nobody waits for a look at other files
+        for (const bool last : {false, false, true}) {
+            button.grab();
+            if (last)
+                savePicture(images[0], QSize(40, 40), Qt::red);
+            button.grab();
+            QThread::msleep(last ? 0 : 60);
+        }
+        QCoreApplication::sendPostedEvents(); // without the timers
+        EventCounter asked(&button, {QEvent::UpdateRequest, QEvent::UpdateLater});
+        AWAIT(asked.count > 0);
+        QCOMPARE(pixel(button, 20, 20), QColor(Qt::red));
     }
 
     // Lists of another length change nothing.
