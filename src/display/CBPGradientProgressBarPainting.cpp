@@ -110,7 +110,7 @@ void CBPGradientProgressBar::grow(const QPaintEvent &event)
     m_barWidth = qMin(m_barWidth + 1, progressBarWidth());
     const bool painted = event.region().rectCount() == 1 && event.rect().contains(changed);
     if (m_barWidth != before && !painted)
-        update(changed);
+        update(changed | changedByGrowth()); // room for its own pixel, or it would have to be followed, too
 }
 
 void CBPGradientProgressBar::drawFilled(QPainter &painter, const QRect &filled) const

@@ -254,6 +254,21 @@ private Q_SLOTS:
         QCOMPARE(onScreen(bar), picture(bar));
     }
 
+    // One that somebody else asked for is followed by one more, and not by one after the other.
+    void growsByTheClock()
+    {
+        Bar bar(0.4);
+        bar.show();
+        AWAIT(onScreen(bar) == picture(bar));
+        bar.setValue(0.9);
+        for (QTimer *timer : bar.findChildren<QTimer *>())
+            timer->blockSignals(true);
+        bar.repaint(QRect(3, 2, 20, 3));
+        for (int i = 0; i < 20; ++i)
+            deliver();
+        QVERIFY(filledBy(bar) < 90);
+    }
+
     void resizing()
     {
         for (const auto &[shown, rescales, filled] :
