@@ -39,10 +39,10 @@ QLinearGradient gradientOver(const QRect &part, const QColor &from, const QColor
     return gradient;
 }
 
-void drawRounded(QPainter &painter, const QRect &part, const QBrush &brush, qreal radius)
+void drawRounded(QPainter &painter, const QRectF &place, const QBrush &brush, qreal radius)
 {
     painter.setBrush(brush);
-    painter.drawRoundedRect(lumqt::wholeDevicePixels(painter, part), radius, radius);
+    painter.drawRoundedRect(place, radius, radius);
 }
 
 } // namespace
@@ -61,10 +61,12 @@ void CBPGradientProgressBar::drawTrack(QPainter &painter, const QRect &track, bo
     const int inset = framed ? 1 : 0;
     const QRect inner = track.adjusted(inset, inset, -inset, -inset);
     if (framed)
-        m_pictures->frame.draw(painter, track, frame.rgba(),
-                               [&](QPainter &each) { drawRounded(each, track, frame, kRadius); });
-    m_pictures->track.draw(painter, inner, ground.rgba(),
-                           [&](QPainter &each) { drawRounded(each, inner, ground, kRadius - inset); });
+        m_pictures->frame.draw(painter, track, frame.rgba(), [&](QPainter &each, const QRectF &place) {
+            drawRounded(each, place, frame, kRadius);
+        });
+    m_pictures->track.draw(painter, inner, ground.rgba(), [&](QPainter &each, const QRectF &place) {
+        drawRounded(each, place, ground, kRadius - inset);
+    });
 }
 
 void CBPGradientProgressBar::paintEvent(QPaintEvent *event)
@@ -132,7 +134,7 @@ void CBPGradientProgressBar::drawTraveller(QPainter &painter, const QRect &track
     const QRect piece(track.left() + left, track.top(), width, track.height());
     painter.save();
     clipToRounded(painter, track, kRadius);
-    drawRounded(painter, piece,
+    drawRounded(painter, lumqt::wholeDevicePixels(painter, piece),
                 gradientOver(piece, lumqt::themeColor(Purpose::ProgressStart),
                              lumqt::themeColor(Purpose::ProgressEnd)),
                 kRadius);
@@ -156,12 +158,12 @@ void CBPGradientProgressBar::drawHighlight(QPainter &painter, const QRect &fille
     constexpr int kEnd = 3; // beyond it the filled part is not rounded any more
     if (!filled.adjusted(kEnd, 0, -kEnd, 0).contains(highlight))
         clipToRounded(painter, filled, kHighlightRadius);
-    m_pictures->highlight.draw(painter, highlight, color.rgba(), [&](QPainter &each) {
+    m_pictures->highlight.draw(painter, highlight, color.rgba(), [&](QPainter &each, const QRectF &place) {
         QColor clear = color;
         clear.setAlpha(0);
         QLinearGradient gradient = gradientOver(highlight, clear, clear);
         gradient.setColorAt(0.5, color);
-        drawRounded(each, highlight, gradient, kHighlightRadius);
+        drawRounded(each, place, gradient, kHighlightRadius);
     });
     painter.restore();
 }

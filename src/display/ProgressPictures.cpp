@@ -35,14 +35,13 @@ QLinearGradient gradientOver(qreal left, qreal right, const QColor &from, const 
 
 } // namespace
 
-void KeptPicture::draw(QPainter &painter, const QRect &rect, QRgb color,
-                       const std::function<void(QPainter &)> &paint)
+void KeptPicture::draw(QPainter &painter, const QRect &rect, QRgb color, const Paint &paint)
 {
     const qreal ratio = plainRatio(painter);
-    const QRectF target = ratio > 0 ? wholeDevicePixels(painter, rect) : QRectF();
+    const QRectF target = wholeDevicePixels(painter, rect);
     const QSize size(qRound(target.width() * ratio), qRound(target.height() * ratio));
     if (size.isEmpty() || size.width() > kLargestWidth || size.height() > kLargestHeight) {
-        paint(painter);
+        paint(painter, target);
         return;
     }
     const QPointF offset = rect.topLeft() - target.topLeft();
@@ -57,7 +56,7 @@ void KeptPicture::draw(QPainter &painter, const QRect &rect, QRgb color,
         maker.setPen(painter.pen());
         maker.scale(ratio, ratio);
         maker.translate(-target.topLeft());
-        paint(maker);
+        paint(maker, target); // rounded already: in here half a pixel may come to lie on another side
     }
     painter.drawPixmap(target, m_pixmap, QRectF(m_pixmap.rect()));
 }

@@ -27,8 +27,11 @@ inline int wholePercent(double value)
 class KeptPicture
 {
 public:
-    // Draws what `paint` paints within `rect`, which is the same while its size and the colour are.
-    void draw(QPainter &painter, const QRect &rect, QRgb color, const std::function<void(QPainter &)> &paint);
+    using Paint = std::function<void(QPainter &, const QRectF &)>;
+
+    // Draws what `paint` paints into the device pixels of `rect`, which it is given; the same while its size
+    // and the colour are.
+    void draw(QPainter &painter, const QRect &rect, QRgb color, const Paint &paint);
 
 private:
     QPixmap m_pixmap;

@@ -269,6 +269,22 @@ private Q_SLOTS:
         QVERIFY(filledBy(bar) < 90);
     }
 
+    // Wherever it lies between the pixels of a screen.
+    void fractions()
+    {
+        for (int y = 0; y < 16; ++y) {
+            Bar bar(0.5);
+            QImage image(300, 30, QImage::Format_ARGB32_Premultiplied);
+            image.setDevicePixelRatio(1.25);
+            image.fill(Qt::transparent);
+            bar.render(&image, QPoint(0, y), QRegion(), QWidget::DrawChildren);
+            const auto isPainted = [&](int row) { return image.pixelColor(200, row).alpha() == 255; };
+            const int top = qRound(y * 1.25);
+            const int bottom = qRound((y + 7) * 1.25); // the first below
+            QVERIFY(isPainted(top) && isPainted(bottom - 1) && !isPainted(bottom));
+        }
+    }
+
     void resizing()
     {
         for (const auto &[shown, rescales, filled] :
