@@ -142,6 +142,8 @@ QVector<CBPMenu::ItemView> CBPMenu::itemsIn(const QRegion &region, const QAction
     const bool oneColumn = style()->styleHint(QStyle::SH_Menu_Scrollable, nullptr, this);
     for (int i = oneColumn ? firstFrom(all, area.top()) : 0; i < all.size(); ++i) {
         const QRect place = placeOf(all.at(i));
+        if (place.isNull()) // which may be anywhere
+            continue;
         if (oneColumn && place.top() > area.bottom())
             break;
         if (region.intersects(place))

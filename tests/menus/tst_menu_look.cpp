@@ -105,15 +105,7 @@ private slots:
                 menu.addSeparator();
         }
         QVERIFY(open(menu));
-        for (const int row : {0, 60, 66, 90, 130}) {
-            int shown = 0;
-            for (QAction *action : menu.actions()) {
-                if (action->isSeparator() || !action->isVisible() || shown++ != row)
-                    continue;
-                QTest::keyClick(&menu, Qt::Key_Home);
-                while (menu.activeAction() != action)
-                    QTest::keyClick(&menu, Qt::Key_Down);
-            }
+        const auto verify = [&menu] {
             const QImage picture = menu.grab().toImage();
             const QRect sight = menu.rect().adjusted(0, 30, 0, -30); // without what scrolls
             int inSight = 0;
@@ -126,7 +118,21 @@ private slots:
                 QCOMPARE(boxOf(menu.grab(place).toImage(), kLime).size(), QSize(10, 10));
             }
             QVERIFY(inSight > 3);
+        };
+        for (const int row : {0, 60, 66, 90, 130}) {
+            int shown = 0;
+            for (QAction *action : menu.actions()) {
+                if (action->isSeparator() || !action->isVisible() || shown++ != row)
+                    continue;
+                QTest::keyClick(&menu, Qt::Key_Home);
+                while (menu.activeAction() != action)
+                    QTest::keyClick(&menu, Qt::Key_Down);
+            }
+            verify();
         }
+        menu.AddAction(m_stage.picture("lime"), QStringLiteral("x"), 300);
+        QTest::keyClick(&menu, Qt::Key_Home); // shifts also what has no place, which is at the top since
+        verify();
     }
 
     // Of which there is one only if it goes into its place, whose height is always the same.
