@@ -95,6 +95,11 @@ private slots:
                     QVERIFY2(button.sizeHint() == hint && button.minimumSizeHint() == hint, what);
                 };
                 verify("at first");
+                QFont close = button.textFont();
+                close.setLetterSpacing(QFont::AbsoluteSpacing, -2);
+                button.SetFont(close);
+                verify("with letters closer to each other");
+                button.resetTextFont();
                 for (QPushButton *each : {static_cast<QPushButton *>(&button), &plain})
                     each->setStyleSheet("QPushButton:flat { padding: 3px 40px }"
                                         "QPushButton:checked, QPushButton:disabled { padding: 0 90px }");

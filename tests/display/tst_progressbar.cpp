@@ -272,16 +272,36 @@ private Q_SLOTS:
     // Wherever it lies between the pixels of a screen.
     void fractions()
     {
+        Bar moved(0.5, Qt::red);
         for (int y = 0; y < 16; ++y) {
-            Bar bar(0.5);
-            QImage image(300, 30, QImage::Format_ARGB32_Premultiplied);
-            image.setDevicePixelRatio(1.25);
-            image.fill(Qt::transparent);
-            bar.render(&image, QPoint(0, y), QRegion(), QWidget::DrawChildren);
+            const auto drawn = [y](QWidget &bar) {
+                QImage image(300, 30, QImage::Format_ARGB32_Premultiplied);
+                image.setDevicePixelRatio(1.25);
+                image.fill(Qt::transparent);
+                bar.render(&image, QPoint(y, y), QRegion(), QWidget::DrawChildren);
+                return image;
+            };
+            Bar bar(0.5, Qt::red);
+            const QImage image = drawn(bar);
+            QCOMPARE(drawn(moved), image);
             const auto isPainted = [&](int row) { return image.pixelColor(200, row).alpha() == 255; };
             const int top = qRound(y * 1.25);
             const int bottom = qRound((y + 7) * 1.25); // the first below
             QVERIFY(isPainted(top) && isPainted(bottom - 1) && !isPainted(bottom));
+        }
+    }
+
+    // What is kept of the picture goes with its colours.
+    void recoloured()
+    {
+        Bar bar(0.5, Qt::red);
+        for (const char *theme : {"dark", "contrast", "light"}) {
+            CBPTheme::apply(QLatin1String(theme));
+            for (const QColor &highlight : {QColor(Qt::green), QColor(255, 0, 0, 90)}) {
+                bar.setColorTwo(highlight);
+                Bar fresh(0.5, highlight);
+                QCOMPARE(picture(bar), picture(fresh));
+            }
         }
     }
 
