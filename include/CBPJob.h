@@ -314,8 +314,10 @@ private:
 /// for nothing.
 ///
 /// **Threads.** A thread serves one function after the other. What a function has deleted later goes at its
-/// end, and an interruption, a priority or a quit() of its thread ends with it; only `thread_local` variables
-/// keep for the next what they hold.
+/// end, and an interruption, a priority or a quit() of its thread ends with it; `thread_local` variables and
+/// the thread's own name keep for the next what they hold. A thread may wait for a further function as long
+/// as the process lives: what is to go with a thread belongs into one of the application's own. The library
+/// stays in the process from the first job on.
 ///
 /// All of it is used in the GUI thread. Elsewhere, without an application, and with a receiver of another
 /// thread, the functions throw a std::logic_error at once. \since 1.0

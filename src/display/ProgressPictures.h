@@ -14,8 +14,8 @@ class QPainter;
 
 // What a progress bar would spend its time on if it painted it anew with each pixel that it grows by: round
 // ends cost as much as all the rest, and a gradient a score of instructions for each of its pixels. What is
-// kept is in device pixels, and the same to the pixel as what is painted anew. A painter that scales or turns
-// its surface is served by painting.
+// kept is in device pixels, and the same as what is painted anew but for the last bit, which Qt rounds by
+// where in a window something lies. A painter that scales or turns its surface is served by painting.
 namespace lumqt {
 
 // Truncated, as everywhere: 100 per cent is said of a full bar only.

@@ -76,6 +76,9 @@ void CachedText::measure(const QString &text, const QFont &font)
     m_fast.reset();
     m_unpainted.reset();
     m_styledSize = QSize();
+    // Windows' fonts place an accent of its own between pixels, where a static text rounds otherwise.
+    const bool hasMarks = std::any_of(text.begin(), text.end(), [](QChar c) { return c.isMark(); });
+    m_neverFast = hasMarks || font.strikeOut(); // Qt leaves the lines of a static text out under a scale
     const QFontMetrics metrics(font);
     m_ascent = metrics.ascent();
     if (isPlainLine(text)) {
@@ -126,8 +129,7 @@ void CachedText::drawLine(QPainter &painter, const QPoint &topLeft)
         const QRectF line(topLeft.x(), topLeft.y() + m_ascent + below, m_size.width(), metrics.lineWidth());
         painter.fillRect(evenDevicePixels(painter, line), painter.pen().color());
     }
-    // Under a scaling painter Qt leaves the lines of a static text out.
-    if (!m_painted || m_font.strikeOut()) {
+    if (!m_painted || m_neverFast) {
         m_painted = true;
         // Lines through and above are drawn by drawText() only; one below would be drawn twice.
         if (m_unpainted && !m_font.strikeOut() && !m_font.overline() && !m_font.underline()) {

@@ -10,6 +10,7 @@
 #include <QCache>
 #include <QDir>
 #include <QFile>
+#include <QGraphicsEffect>
 #include <QImageReader>
 #include <QPainter>
 #include <QSharedPointer>
@@ -324,8 +325,12 @@ void lookByAndBy(const SeenPointer &seen)
             lookByAndBy(now); // a paint has looked meanwhile, and others may have gone by that
         if (now->picture == painted.lock())
             return;
-        for (QWidget *window : QApplication::topLevelWidgets())
-            window->update();
+        // A window paints all that is in it, but for what an effect keeps the picture of.
+        const QWidgetList all = QApplication::allWidgets();
+        for (QWidget *widget : all) {
+            if (widget->isWindow() || widget->testAttribute(Qt::WA_NativeWindow) || widget->graphicsEffect())
+                widget->update();
+        }
     });
 }
 

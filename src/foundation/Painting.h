@@ -126,6 +126,7 @@ private:
     Qt::LayoutDirection m_direction = Qt::LayoutDirectionAuto; // of m_fast
     bool m_oneLine = false;
     bool m_painted = false;
+    bool m_neverFast = false;
 };
 
 } // namespace lumqt

@@ -83,6 +83,9 @@ struct FileStamp
 // search paths) do not exist here. Any thread.
 FileStamp fileStamp(const QString &path);
 
+// Keeps the library in the process until that ends: from now on threads wait in its code.
+void stayLoaded();
+
 // A time that is next to free to ask for and changes every few milliseconds. Any thread.
 qint64 coarseClock();
 

@@ -1,6 +1,7 @@
 #include "sync/JobThreads.h"
 
 #include "foundation/Log.h"
+#include "platform/Platform.h"
 #include "sync/JobQueue.h"
 
 #include <QThread>
@@ -30,7 +31,10 @@ struct Threads
 // Never destroyed: the threads wait in it when everything else is gone.
 Threads &threads()
 {
-    static auto *all = new Threads;
+    static auto *all = [] {
+        platform::stayLoaded();
+        return new Threads;
+    }();
     return *all;
 }
 

@@ -58,7 +58,9 @@ QImage picture(QWidget &widget)
 // What was painted there before, and is flushed to the screen.
 QImage onScreen(const QWidget &window)
 {
-    QPaintDevice *surface = window.backingStore() ? window.backingStore()->paintDevice() : nullptr;
+    QBackingStore *store = window.backingStore();
+    const bool isReady = store && !store->size().isEmpty(); // or Windows has no picture to look at
+    QPaintDevice *surface = isReady ? store->paintDevice() : nullptr;
     const auto *image =
         surface && surface->devType() == QInternal::Image ? static_cast<QImage *>(surface) : nullptr;
     const QRect whole(QPoint(0, 0), window.size() * window.devicePixelRatioF());

@@ -183,7 +183,7 @@ private Q_SLOTS:
             QApplication::setActiveWindow(&window);
             pose::renew(&window);
             QCoreApplication::sendPostedEvents();        // and no event loop, which would set things moving
-            for (int layout = 0; layout < 2; ++layout) { // texts are as high as the first one made them wide
+            for (int layout = 0; layout < 4; ++layout) { // texts are as high as the first one made them wide
                 fitToPage(window);
                 QCoreApplication::sendPostedEvents();
             }

@@ -139,6 +139,13 @@ FileStamp fileStamp(const QString &path)
     return stamp;
 }
 
+void stayLoaded()
+{
+    HMODULE library = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
+                       reinterpret_cast<LPCWSTR>(&stayLoaded), &library);
+}
+
 qint64 coarseClock()
 {
     return qint64(GetTickCount64());
