@@ -120,6 +120,9 @@ A ratio is ours to what is beside it: below 1, ours is faster. Instructions are 
 same on a busy machine as on an idle one and are what a limit is one of, where they are counted; times are what this
 machine happened to need. A limit is the highest ratio that is promised.
 
+The application's font is of the face and size of the buttons' here. With another one the style's size hint needs a
+layout of the text by itself: making and showing a button costs a quarter more then.
+
 | what | ours | beside | time | instructions | limit |
 |---|---|---|--:|--:|--:|
 {rows}
