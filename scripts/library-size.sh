@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Says how large the release of the library is, stripped as it is shipped, what it consists of and what it costs to load.
 #   library-size.sh [--windows] [--qt6]
-# Prints the file's sections, its symbols by kind and the largest functions; on Linux also what a program that does
+# Prints the file's sections; on Linux also its symbols by kind, the largest functions, and what a program that does
 # nothing pays for the library beside Qt Widgets alone: instructions from its start to its end (with Callgrind) and the
 # memory that it has written to (the median of 20 starts). Installs what is missing with apt.
 set -euo pipefail
@@ -33,6 +33,7 @@ case $preset in windows*) file=build/$preset/lqprograms/$name.dll ;; *) file=bui
 
 say "Sections of ${file##*/}, $(stat -c %s "$scratch/${file##*/}") bytes"
 "${tools}size" -A "$scratch/${file##*/}" | awk '/^\./ && $2 > 1000 { printf "%9d %s\n", $2, $1 }'
+[ -z "$tools" ] || exit 0 # a DLL's symbols have no sizes
 say "Symbols by kind: bytes, number"
 "${tools}nm" -S -C -t d --defined-only "$file" | awk 'NF > 3 && $3 !~ /[bB]/ && !seen[$1]++ {
   bytes = $2 + 0; type = $3; $1 = $2 = $3 = ""; print bytes, type $0 # those with two names for one address once
@@ -54,8 +55,6 @@ awk '{
 } END { for (kind in bytes) printf "%9d %6d  %s\n", bytes[kind], number[kind], kind }' "$scratch/symbols" | sort -rn
 say "The largest functions"
 awk '$2 ~ /[tTwW]/ && shown++ < 15 { printf "%9d %s\n", $1, substr($0, length($1) + 4, 90) }' "$scratch/symbols"
-[ -z "$tools" ] || exit 0
-
 ensure_packages valgrind pkg-config
 cat >"$scratch/load.cpp" <<'END'
 #include <QWidget>
