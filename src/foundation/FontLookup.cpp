@@ -11,6 +11,7 @@
 #include <QRawFont>
 #include <QSet>
 #include <QSettings>
+#include <QVector>
 
 #include <algorithm>
 #include <array>
@@ -158,18 +159,38 @@ ushort lastOfBoth(const QFont &one, const QFont &other)
     return same ? lastOfOwn(face) : ushort(0);
 }
 
+constexpr int kKnownPairs = 8;
+
+// The comparison takes as long as laying out a text or two, so that of the last fonts is kept.
+ushort knownLastOfBoth(const QFont &one, const QFont &other)
+{
+    static QVector<Comparison> known;
+    static QMetaObject::Connection news;
+    for (const Comparison &pair : qAsConst(known)) {
+        if (pair.one.isCopyOf(one) && pair.other.isCopyOf(other))
+            return pair.last;
+    }
+    for (Comparison &pair : known) { // Qt completes the fonts of widgets into ones of their own
+        if (pair.one == one && pair.other == other) {
+            pair.one = one;
+            pair.other = other;
+            return pair.last;
+        }
+    }
+    if (!news) // the font that an application adds may be the one that was missing
+        news = QObject::connect(qGuiApp, &QGuiApplication::fontDatabaseChanged, [] { known.clear(); });
+    if (known.size() == kKnownPairs)
+        known.removeFirst();
+    known.append({one, other, lastOfBoth(one, other)});
+    return known.last().last;
+}
+
 } // namespace
 
 bool looksTheSame(const QString &text, const QFont &one, const QFont &other)
 {
-    static Comparison known;
-    static QMetaObject::Connection news;
-    if (!known.one.isCopyOf(one) || !known.other.isCopyOf(other)) {
-        known = {one, other, lastOfBoth(one, other)};
-        if (!news) // the font that an application adds may be the one that was missing
-            news = QObject::connect(qGuiApp, &QGuiApplication::fontDatabaseChanged, [] { known = {}; });
-    }
-    return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() <= known.last; });
+    const ushort last = knownLastOfBoth(one, other);
+    return std::all_of(text.begin(), text.end(), [last](QChar c) { return c.unicode() <= last; });
 }
 
 } // namespace lumqt
