@@ -38,6 +38,7 @@ private:
 
 constexpr int kLongestLayout =
     256; // characters; what keeps a layout until it is painted is a label, not a book
+constexpr ushort kFirstMark = 0x300;       // of Unicode
 constexpr qreal kEndlessLine = 0x01000000; // logical pixels; as Qt's own one-line texts
 
 // Whether a layout of one line, left to right, has the widths and places that Qt's functions for measuring
@@ -77,7 +78,8 @@ void CachedText::measure(const QString &text, const QFont &font)
     m_unpainted.reset();
     m_styledSize = QSize();
     // Windows' fonts place an accent of its own between pixels, where a static text rounds otherwise.
-    const bool hasMarks = std::any_of(text.begin(), text.end(), [](QChar c) { return c.isMark(); });
+    const bool hasMarks = std::any_of(text.begin(), text.end(),
+                                      [](QChar c) { return c.unicode() >= kFirstMark && c.isMark(); });
     m_neverFast = hasMarks || font.strikeOut(); // Qt leaves the lines of a static text out under a scale
     const QFontMetrics metrics(font);
     m_ascent = metrics.ascent();
