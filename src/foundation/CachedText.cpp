@@ -108,13 +108,14 @@ void CachedText::layOut(const QFontMetrics &metrics)
         m_styledSize = QSize(qCeil(line.naturalTextWidth()), qCeil(line.height()));
 }
 
-// Glyphs of another size are other pictures.
-void CachedText::followRatio(const QPainter &painter)
+void CachedText::prepare(QPainter &painter, const QString &text, const QFont &font)
 {
+    measure(text, font);
+    painter.setFont(font);
     const qreal ratio = ratioOf(painter);
     if (ratio == m_ratio)
         return;
-    m_ratio = ratio;
+    m_ratio = ratio; // glyphs of another size are other pictures
     m_painted = false;
     m_fast.reset();
 }
@@ -163,9 +164,7 @@ void CachedText::drawCentred(QPainter &painter, const QRect &rect, const QString
 {
     if (text.isEmpty())
         return;
-    measure(text, font);
-    followRatio(painter);
-    painter.setFont(font);
+    prepare(painter, text, font);
     const OwnDirection direction(painter, text);
     if (m_oneLine && m_size.width() <= rect.width()) {
         drawLine(painter, rect.topLeft() + QPoint((rect.width() - m_size.width()) / 2,
@@ -181,9 +180,7 @@ void CachedText::drawLeft(QPainter &painter, const QRect &rect, const QString &t
 {
     if (text.isEmpty())
         return;
-    measure(text, font);
-    followRatio(painter);
-    painter.setFont(font);
+    prepare(painter, text, font);
     const OwnDirection direction(painter, text);
     const bool higher = m_oneLine && m_size.height() > rect.height();
     if (m_oneLine && !higher)

@@ -58,8 +58,8 @@ QString GetUILanguage()
 
 QString GetFontFamily(int weightIndex)
 {
-    static std::array<QString, std::size(kWeightKeys)>
-        known; // of the language, which is kept once it is known
+    // Those of the language, which is kept once it is known.
+    static std::array<QString, std::size(kWeightKeys)> known;
     const bool weight = weightIndex >= lumqt::LightWeight && weightIndex <= lumqt::BoldWeight;
     if (weight && !known[size_t(weightIndex)].isEmpty())
         return known[size_t(weightIndex)];

@@ -10,13 +10,11 @@
 #include <QCache>
 #include <QDir>
 #include <QFile>
-#include <QGraphicsEffect>
 #include <QImageReader>
 #include <QPainter>
 #include <QSharedPointer>
 #include <QSvgRenderer>
 #include <QTimer>
-#include <QWidget>
 
 #include <algorithm>
 
@@ -323,14 +321,8 @@ void lookByAndBy(const SeenPointer &seen)
             lookAnew(*now);
         else
             lookByAndBy(now); // a paint has looked meanwhile, and others may have gone by that
-        if (now->picture == painted.lock())
-            return;
-        // A window paints all that is in it, but for what an effect keeps the picture of.
-        const QWidgetList all = QApplication::allWidgets();
-        for (QWidget *widget : all) {
-            if (widget->isWindow() || widget->testAttribute(Qt::WA_NativeWindow) || widget->graphicsEffect())
-                widget->update();
-        }
+        if (now->picture != painted.lock())
+            repaintEverything();
     });
 }
 

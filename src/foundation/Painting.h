@@ -112,7 +112,7 @@ public:
 private:
     void measure(const QString &text, const QFont &font);
     void layOut(const QFontMetrics &metrics);
-    void followRatio(const QPainter &painter);
+    void prepare(QPainter &painter, const QString &text, const QFont &font);
     void drawLine(QPainter &painter, const QPoint &topLeft);
 
     std::unique_ptr<QTextLayout> m_unpainted; // one line; until it is drawn the first time

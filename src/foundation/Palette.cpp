@@ -381,13 +381,8 @@ void tell()
 
 } // namespace
 
-void showTheme(const QString &name, const Theme &theme)
+void repaintEverything()
 {
-    shown().name = name;
-    shown().theme = theme;
-    ++shown().generation;
-    paintedColors = theme.colors;
-    emit ThemeNews::instance()->renewed();
     // A window paints all that is in it, but for children with a surface of their own, and those of which an
     // effect keeps the picture.
     const QWidgetList all = QApplication::allWidgets();
@@ -395,6 +390,16 @@ void showTheme(const QString &name, const Theme &theme)
         if (widget->isWindow() || widget->testAttribute(Qt::WA_NativeWindow) || widget->graphicsEffect())
             widget->update();
     }
+}
+
+void showTheme(const QString &name, const Theme &theme)
+{
+    shown().name = name;
+    shown().theme = theme;
+    ++shown().generation;
+    paintedColors = theme.colors;
+    emit ThemeNews::instance()->renewed();
+    repaintEverything();
     tell();
 }
 

@@ -82,6 +82,9 @@ bool themeSays(Purpose purpose);
 LUMQT_TESTED QString themeFolder();
 quint32 themeGeneration();
 
+// Has all widgets of the application painted anew.
+void repaintEverything();
+
 // Changes the current theme and tells everybody; every window is repainted.
 void showTheme(const QString &name, const Theme &theme);
 const QString &shownTheme();

@@ -7,6 +7,7 @@
 #include <QSignalSpy>
 #include <QStyleFactory>
 
+#include <functional>
 #include <memory>
 
 namespace {
@@ -94,34 +95,34 @@ private slots:
                     const QSize hint = plain.sizeHint().expandedTo(QSize(text.contains('\n') ? 0 : least, 0));
                     QVERIFY2(button.sizeHint() == hint && button.minimumSizeHint() == hint, what);
                 };
+                const auto both = [&](const std::function<void(QPushButton *)> &change) {
+                    change(&button);
+                    change(&plain);
+                };
                 verify("at first");
                 QFont close = button.textFont();
                 close.setLetterSpacing(QFont::AbsoluteSpacing, -2);
                 button.SetFont(close);
                 verify("with letters closer to each other");
                 button.resetTextFont();
-                for (QPushButton *each : {static_cast<QPushButton *>(&button), &plain})
+                both([](QPushButton *each) {
                     each->setStyleSheet("QPushButton:flat { padding: 3px 40px }"
                                         "QPushButton:checked, QPushButton:disabled { padding: 0 90px }");
+                });
                 verify("with a style sheet for some looks");
-                for (QPushButton *each : {static_cast<QPushButton *>(&button), &plain})
-                    each->setFlat(true);
+                both([&](QPushButton *each) { each->setFlat(true); });
                 verify("flat");
-                for (QPushButton *each : {static_cast<QPushButton *>(&button), &plain})
-                    each->setEnabled(false);
+                both([&](QPushButton *each) { each->setEnabled(false); });
                 verify("disabled");
-                for (QPushButton *each : {static_cast<QPushButton *>(&button), &plain}) {
+                both([](QPushButton *each) {
                     each->setEnabled(true);
                     each->setStyleSheet(QString());
-                }
-                for (QPushButton *each : {static_cast<QPushButton *>(&button), &plain})
-                    each->setAutoDefault(false);
+                });
+                both([&](QPushButton *each) { each->setAutoDefault(false); });
                 verify("without room for the default indicator");
-                for (QPushButton *each : {static_cast<QPushButton *>(&button), &plain})
-                    each->setFont(larger);
+                both([&](QPushButton *each) { each->setFont(larger); });
                 verify("larger");
-                for (QPushButton *each : {static_cast<QPushButton *>(&button), &plain})
-                    each->setFont(QApplication::font());
+                both([&](QPushButton *each) { each->setFont(QApplication::font()); });
                 button.SetFont(larger);
                 verify("with larger letters in it");
                 button.resetTextFont();
